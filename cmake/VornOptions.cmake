@@ -1,0 +1,18 @@
+# What every target of the project is compiled with.
+
+option(VORN_BENCH "Build the benchmarks" OFF)
+option(VORN_FUZZ "Build the fuzzers (clang only)" OFF)
+set(VORN_SANITIZE "" CACHE STRING "Sanitizers for every target, as for -fsanitize=")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_compile_options(-Wall -Wextra -Wpedantic -Werror)
+
+if(VORN_SANITIZE)
+  add_compile_options(-fsanitize=${VORN_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${VORN_SANITIZE})
+endif()

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string_view>
+
+// The keys of the dictionaries that go to the commands and come back from them.
+
+namespace vorn {
+
+// Parameters of a call.
+inline constexpr std::string_view vn_API_Call_Para_ShowCommunicationDlg = "showCommunicationDlg";
+inline constexpr std::string_view vn_API_Call_Para_SilentAPIError = "silentAPIError";
+inline constexpr std::string_view vn_API_Call_Para_ForPMI = "isForPMI";
+
+// What goes back to the meeting manager.
+inline constexpr std::string_view keyVnAPIResponse = "vnAPIResponse";
+inline constexpr std::string_view keyApptWindowID = "keyApptWindowID";
+inline constexpr std::string_view keyVNResult = "keyVnResult";
+inline constexpr std::string_view keyVNSuccess = "Success";
+inline constexpr std::string_view keyVNFail = "Fail";
+inline constexpr std::string_view vn_API_Para_InvitationEmail = "invitationEmail";
+
+// A local notification: the hosts that the service refused.
+inline constexpr std::string_view notify_Schedule_AlternateHostError = "notifyScheduleAlternateHostError";
+
+}  // namespace vorn

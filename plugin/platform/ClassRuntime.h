@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "util/Value.h"
+
+namespace vorn {
+
+// A class or a metaclass of the runtime; false when absent.
+struct ClassRef {
+  std::uintptr_t id = 0;
+  explicit operator bool() const { return id != 0; }
+  friend bool operator==(ClassRef a, ClassRef b) { return a.id == b.id; }
+};
+
+// A method of one class; false when absent.
+struct MethodRef {
+  std::uintptr_t id = 0;
+  explicit operator bool() const { return id != 0; }
+  friend bool operator==(MethodRef a, MethodRef b) { return a.id == b.id; }
+};
+
+using Arguments = std::vector<Value>;
+// What a method does: the receiver and the arguments in the order of the selector, and the result; absent where
+// the method has none.
+using Implementation = std::function<Value(const HostObject& receiver, const Arguments& arguments)>;
+
+// The runtime that the host's classes live in, reached by name alone.
+//
+// Main thread only. Nothing here throws: a missing class, a missing selector, an absent or a dead object, and a
+// host method that raises all answer absent, false or a false reference. Operations that the platform itself
+// names carry its names.
+class ClassRuntime {
+ public:
+  virtual ~ClassRuntime() = default;
+
+  virtual ClassRef NSClassFromString(std::string_view name) = 0;
+  // The class of the class object: its instance methods are the class methods.
+  virtual ClassRef objc_getMetaClass(std::string_view name) = 0;
+  // Adds a method to the class itself. False, and no change, when the class has one of that selector already.
+  virtual bool class_addMethod(ClassRef target, std::string_view selector, Implementation implementation,
+                               std::string_view encoding) = 0;
+  // The method that an instance of the class runs for the selector, inherited ones included.
+  virtual MethodRef class_getInstanceMethod(ClassRef target, std::string_view selector) = 0;
+  // The same for the class object. A metaclass is its own metaclass here.
+  virtual MethodRef class_getClassMethod(ClassRef target, std::string_view selector) = 0;
+  virtual void method_exchangeImplementations(MethodRef first, MethodRef second) = 0;
+
+  // The object that stands for the class as a receiver; absent for a false reference.
+  virtual HostObject classObject(ClassRef target) = 0;
+  // Sends a selector by name.
+  virtual Value send(const HostObject& receiver, std::string_view selector, const Arguments& arguments) = 0;
+  virtual bool respondsTo(const HostObject& receiver, std::string_view selector) = 0;
+  // True for an instance of the class or of one that inherits from it.
+  virtual bool isKindOf(const HostObject& receiver, ClassRef target) = 0;
+  // The name of the object's own class; "" for an absent or a dead object.
+  virtual std::string className(const HostObject& receiver) = 0;
+
+  Value send(const HostObject& receiver, std::string_view selector) {
+    return send(receiver, selector, Arguments{});
+  }
+};
+
+}  // namespace vorn

@@ -1,0 +1,227 @@
+#include "platform/embedded/EmbeddedClassRuntime.h"
+
+#include <vector>
+
+namespace vorn {
+
+struct EmbeddedClassRuntime::Method {
+  std::shared_ptr<const Implementation> implementation;
+  std::string encoding;
+};
+
+struct EmbeddedClassRuntime::Class {
+  std::string name;
+  Class* superclass = nullptr;
+  // The class of the class object; null for a metaclass.
+  Class* metaclass = nullptr;
+  std::uintptr_t classObject = 0;
+  std::unordered_map<std::string, std::unique_ptr<Method>> methods;
+
+  Method* find(const std::string& selector) {
+    for (Class* at = this; at; at = at->superclass) {
+      const auto found = at->methods.find(selector);
+      if (found != at->methods.end()) return found->second.get();
+    }
+    return nullptr;
+  }
+};
+
+struct EmbeddedClassRuntime::Object {
+  Class* isa = nullptr;
+  std::shared_ptr<void> state;
+};
+
+struct EmbeddedClassRuntime::Tables {
+  std::vector<std::unique_ptr<Class>> classes;
+  std::unordered_map<std::string, Class*> byName;
+  std::unordered_map<std::uintptr_t, Object> live;
+  std::uintptr_t nextAddress = 0x600000000010;
+
+  Object* object(const HostObject& reference) {
+    const auto found = live.find(reference.address());
+    return found == live.end() ? nullptr : &found->second;
+  }
+  Class* named(std::string_view name) {
+    const auto found = byName.find(std::string(name));
+    return found == byName.end() ? nullptr : found->second;
+  }
+};
+
+EmbeddedClassRuntime::EmbeddedClassRuntime() : tables_(std::make_shared<Tables>()) {}
+
+EmbeddedClassRuntime::~EmbeddedClassRuntime() = default;
+
+namespace {
+
+template <typename Class>
+Class* classFrom(ClassRef reference) {
+  return reinterpret_cast<Class*>(reference.id);
+}
+
+}  // namespace
+
+ClassRef EmbeddedClassRuntime::defineClass(std::string_view name, std::string_view superclass) {
+  if (Class* existing = tables_->named(name)) return ClassRef{reinterpret_cast<std::uintptr_t>(existing)};
+  Class* parent = nullptr;
+  if (!superclass.empty()) {
+    parent = tables_->named(superclass);
+    if (!parent) return {};
+  }
+  auto metaclass = std::make_unique<Class>();
+  metaclass->name = std::string(name);
+  metaclass->superclass = parent ? parent->metaclass : nullptr;
+  auto made = std::make_unique<Class>();
+  made->name = std::string(name);
+  made->superclass = parent;
+  made->metaclass = metaclass.get();
+  made->classObject = makeObject(metaclass.get(), nullptr).address();
+  Class* result = made.get();
+  tables_->byName.emplace(made->name, result);
+  tables_->classes.push_back(std::move(metaclass));
+  tables_->classes.push_back(std::move(made));
+  return ClassRef{reinterpret_cast<std::uintptr_t>(result)};
+}
+
+void EmbeddedClassRuntime::setInstanceMethod(std::string_view className, std::string_view selector,
+                                             Implementation implementation) {
+  Class* target = tables_->named(className);
+  if (!target) return;
+  target->methods.erase(std::string(selector));
+  class_addMethod(ClassRef{reinterpret_cast<std::uintptr_t>(target)}, selector, std::move(implementation), {});
+}
+
+void EmbeddedClassRuntime::setClassMethod(std::string_view className, std::string_view selector,
+                                          Implementation implementation) {
+  Class* target = tables_->named(className);
+  if (!target) return;
+  target->metaclass->methods.erase(std::string(selector));
+  class_addMethod(ClassRef{reinterpret_cast<std::uintptr_t>(target->metaclass)}, selector,
+                  std::move(implementation), {});
+}
+
+HostObject EmbeddedClassRuntime::makeObject(Class* isa, std::shared_ptr<void> state) {
+  const std::uintptr_t address = tables_->nextAddress;
+  tables_->nextAddress += 0x10;
+  tables_->live.emplace(address, Object{isa, std::move(state)});
+  return HostObject(address);
+}
+
+HostObject EmbeddedClassRuntime::create(std::string_view className, std::shared_ptr<void> state) {
+  Class* isa = tables_->named(className);
+  return isa ? makeObject(isa, std::move(state)) : HostObject();
+}
+
+HostObject EmbeddedClassRuntime::createTemporary(std::string_view className, std::shared_ptr<void> state) {
+  const HostObject made = create(className, std::move(state));
+  if (!made) return {};
+  // The last reference may outlive the runtime, so the keeper holds the tables only weakly.
+  const std::weak_ptr<Tables> tables = tables_;
+  const std::uintptr_t address = made.address();
+  const auto end = [tables, address](void*) {
+    const auto held = tables.lock();
+    if (!held) return;
+    const auto found = held->live.find(address);
+    if (found == held->live.end()) return;
+    // The state may hold further temporaries; it goes after its entry so that they find the table whole.
+    const std::shared_ptr<void> last = std::move(found->second.state);
+    held->live.erase(found);
+  };
+  return HostObject(address, std::shared_ptr<void>(static_cast<void*>(nullptr), end));
+}
+
+void EmbeddedClassRuntime::destroy(const HostObject& object) {
+  const auto found = tables_->live.find(object.address());
+  if (found == tables_->live.end()) return;
+  const std::shared_ptr<void> last = std::move(found->second.state);
+  tables_->live.erase(found);
+}
+
+bool EmbeddedClassRuntime::isAlive(const HostObject& object) const { return tables_->object(object) != nullptr; }
+
+std::shared_ptr<void> EmbeddedClassRuntime::stateOf(const HostObject& object) const {
+  const Object* held = tables_->object(object);
+  return held ? held->state : nullptr;
+}
+
+void EmbeddedClassRuntime::setState(const HostObject& object, std::shared_ptr<void> state) {
+  if (Object* held = tables_->object(object)) held->state = std::move(state);
+}
+
+ClassRef EmbeddedClassRuntime::NSClassFromString(std::string_view name) {
+  return ClassRef{reinterpret_cast<std::uintptr_t>(tables_->named(name))};
+}
+
+ClassRef EmbeddedClassRuntime::objc_getMetaClass(std::string_view name) {
+  Class* found = tables_->named(name);
+  return ClassRef{found ? reinterpret_cast<std::uintptr_t>(found->metaclass) : 0};
+}
+
+bool EmbeddedClassRuntime::class_addMethod(ClassRef target, std::string_view selector,
+                                           Implementation implementation, std::string_view encoding) {
+  if (!target || selector.empty() || !implementation) return false;
+  auto method = std::make_unique<Method>();
+  method->implementation = std::make_shared<const Implementation>(std::move(implementation));
+  method->encoding = std::string(encoding);
+  return classFrom<Class>(target)->methods.emplace(std::string(selector), std::move(method)).second;
+}
+
+MethodRef EmbeddedClassRuntime::class_getInstanceMethod(ClassRef target, std::string_view selector) {
+  if (!target) return {};
+  return MethodRef{reinterpret_cast<std::uintptr_t>(classFrom<Class>(target)->find(std::string(selector)))};
+}
+
+MethodRef EmbeddedClassRuntime::class_getClassMethod(ClassRef target, std::string_view selector) {
+  if (!target) return {};
+  Class* held = classFrom<Class>(target);
+  Class* metaclass = held->metaclass ? held->metaclass : held;
+  return MethodRef{reinterpret_cast<std::uintptr_t>(metaclass->find(std::string(selector)))};
+}
+
+void EmbeddedClassRuntime::method_exchangeImplementations(MethodRef first, MethodRef second) {
+  if (!first || !second) return;
+  auto* a = reinterpret_cast<Method*>(first.id);
+  auto* b = reinterpret_cast<Method*>(second.id);
+  std::swap(a->implementation, b->implementation);
+}
+
+HostObject EmbeddedClassRuntime::classObject(ClassRef target) {
+  return target ? HostObject(classFrom<Class>(target)->classObject) : HostObject();
+}
+
+Value EmbeddedClassRuntime::send(const HostObject& receiver, std::string_view selector,
+                                 const Arguments& arguments) {
+  Object* held = tables_->object(receiver);
+  if (!held) return {};
+  const Method* method = held->isa->find(std::string(selector));
+  if (!method) return {};
+  // Held for the call: the method may exchange itself, and the receiver may be destroyed inside.
+  const std::shared_ptr<const Implementation> implementation = method->implementation;
+  const std::shared_ptr<void> state = held->state;
+  try {
+    return (*implementation)(receiver, arguments);
+  } catch (...) {
+    // A host method that raises must not take the process along; its result is simply not there.
+    return {};
+  }
+}
+
+bool EmbeddedClassRuntime::respondsTo(const HostObject& receiver, std::string_view selector) {
+  Object* held = tables_->object(receiver);
+  return held && held->isa->find(std::string(selector));
+}
+
+bool EmbeddedClassRuntime::isKindOf(const HostObject& receiver, ClassRef target) {
+  Object* held = tables_->object(receiver);
+  if (!held || !target) return false;
+  for (Class* at = held->isa; at; at = at->superclass) {
+    if (at == classFrom<Class>(target)) return true;
+  }
+  return false;
+}
+
+std::string EmbeddedClassRuntime::className(const HostObject& receiver) {
+  Object* held = tables_->object(receiver);
+  return held ? held->isa->name : std::string();
+}
+
+}  // namespace vorn

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/ClassRuntime.h"
+
+namespace vorn {
+
+// A small class runtime of our own: classes with single inheritance and metaclasses, methods that can be added
+// and exchanged while running, and objects that are known to be alive or dead.
+//
+// The host defines its classes here and makes its objects; the plug-in sees only ClassRuntime. An address is
+// never used twice, so a reference to a destroyed object stays recognisable for ever. Main thread only.
+class EmbeddedClassRuntime final : public ClassRuntime {
+ public:
+  EmbeddedClassRuntime();
+  ~EmbeddedClassRuntime() override;
+  EmbeddedClassRuntime(const EmbeddedClassRuntime&) = delete;
+  EmbeddedClassRuntime& operator=(const EmbeddedClassRuntime&) = delete;
+
+  // Defines a class below an existing one, or a root class for "". Defining a name again gives the existing
+  // class; an unknown superclass gives a false reference.
+  ClassRef defineClass(std::string_view name, std::string_view superclass = {});
+  // Adds or replaces a method of a defined class. An unknown class changes nothing.
+  void setInstanceMethod(std::string_view className, std::string_view selector, Implementation implementation);
+  void setClassMethod(std::string_view className, std::string_view selector, Implementation implementation);
+
+  // Makes an object that lives until destroy(). An unknown class gives the absent object.
+  HostObject create(std::string_view className, std::shared_ptr<void> state = nullptr);
+  // Makes an object that lives as long as a copy of the returned reference.
+  HostObject createTemporary(std::string_view className, std::shared_ptr<void> state = nullptr);
+  void destroy(const HostObject& object);
+  bool isAlive(const HostObject& object) const;
+  // What the object was made with; null for an absent, dead or stateless object.
+  template <typename State>
+  std::shared_ptr<State> state(const HostObject& object) const {
+    return std::static_pointer_cast<State>(stateOf(object));
+  }
+  void setState(const HostObject& object, std::shared_ptr<void> state);
+
+  ClassRef NSClassFromString(std::string_view name) override;
+  ClassRef objc_getMetaClass(std::string_view name) override;
+  bool class_addMethod(ClassRef target, std::string_view selector, Implementation implementation,
+                       std::string_view encoding) override;
+  MethodRef class_getInstanceMethod(ClassRef target, std::string_view selector) override;
+  MethodRef class_getClassMethod(ClassRef target, std::string_view selector) override;
+  void method_exchangeImplementations(MethodRef first, MethodRef second) override;
+  HostObject classObject(ClassRef target) override;
+  using ClassRuntime::send;
+  Value send(const HostObject& receiver, std::string_view selector, const Arguments& arguments) override;
+  bool respondsTo(const HostObject& receiver, std::string_view selector) override;
+  bool isKindOf(const HostObject& receiver, ClassRef target) override;
+  std::string className(const HostObject& receiver) override;
+
+ private:
+  struct Method;
+  struct Class;
+  struct Object;
+  struct Tables;
+
+  std::shared_ptr<void> stateOf(const HostObject& object) const;
+  HostObject makeObject(Class* isa, std::shared_ptr<void> state);
+
+  std::shared_ptr<Tables> tables_;
+};
+
+}  // namespace vorn

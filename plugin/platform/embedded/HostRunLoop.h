@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/RunLoop.h"
+
+namespace vorn {
+
+// A run loop as its owner sees it: something that can be run.
+class HostRunLoop : public RunLoop {
+ public:
+  // Seconds on the loop's own clock; only differences mean something.
+  virtual double now() const = 0;
+  // Runs tasks and timers until the condition holds, which is tested after each of them, or the time in seconds
+  // on the loop's clock is over. Answers whether the condition holds.
+  virtual bool runUntil(const std::function<bool()>& condition, double timeoutSeconds) = 0;
+  // Runs for a time in seconds on the loop's clock.
+  void runFor(double seconds) {
+    runUntil([] { return false; }, seconds);
+  }
+};
+
+}  // namespace vorn

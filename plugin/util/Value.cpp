@@ -1,0 +1,193 @@
+#include "util/Value.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+namespace vorn {
+
+namespace {
+
+const Value kAbsent;
+const std::string kNoText;
+const Value::Array kNoItems;
+const Value::Dictionary kNoEntries;
+
+std::int64_t cutToInteger(double number) {
+  if (std::isnan(number)) return 0;
+  if (number >= 9223372036854775807.0) return std::numeric_limits<std::int64_t>::max();
+  if (number <= -9223372036854775808.0) return std::numeric_limits<std::int64_t>::min();
+  return static_cast<std::int64_t>(number);
+}
+
+bool textMeansTrue(const std::string& text) {
+  std::size_t i = text.find_first_not_of(" \t\r\n");
+  if (i == std::string::npos) return false;
+  if (text[i] == '+' || text[i] == '-') ++i;
+  while (i < text.size() && text[i] == '0') ++i;
+  if (i == text.size()) return false;
+  const char c = text[i];
+  return c == 'Y' || c == 'y' || c == 'T' || c == 't' || (c >= '1' && c <= '9');
+}
+
+}  // namespace
+
+std::string HostObject::windowId() const {
+  char digits[2 * sizeof(std::uintptr_t) + 1];
+  std::snprintf(digits, sizeof digits, "%lx", static_cast<unsigned long>(address_));
+  return digits;
+}
+
+Value::Value(const OptionalText& text) {
+  if (text) content_ = std::make_shared<const std::string>(*text);
+}
+
+Value::Value(const HostObject& object) {
+  if (object) content_ = object;
+}
+
+Value Value::dictionaryFromPairs(std::initializer_list<std::pair<std::string_view, Value>> pairs) {
+  Value result = dictionary();
+  for (const auto& [key, value] : pairs) {
+    if (value.isAbsent()) break;
+    result.set(key, value);
+  }
+  return result;
+}
+
+const std::string& Value::text() const {
+  const auto* held = std::get_if<std::shared_ptr<const std::string>>(&content_);
+  return held ? **held : kNoText;
+}
+
+OptionalText Value::optionalText() const {
+  if (!isText()) return std::nullopt;
+  return text();
+}
+
+std::string Value::stringValue() const {
+  switch (kind()) {
+    case Kind::text: return text();
+    case Kind::boolean: return std::get<bool>(content_) ? "1" : "0";
+    case Kind::integer: return std::to_string(std::get<std::int64_t>(content_));
+    case Kind::real: {
+      char digits[40];
+      std::snprintf(digits, sizeof digits, "%.17g", std::get<double>(content_));
+      return digits;
+    }
+    default: return {};
+  }
+}
+
+bool Value::boolValue() const {
+  switch (kind()) {
+    case Kind::boolean: return std::get<bool>(content_);
+    case Kind::integer: return std::get<std::int64_t>(content_) != 0;
+    case Kind::real: return std::get<double>(content_) != 0;
+    case Kind::text: return textMeansTrue(text());
+    default: return false;
+  }
+}
+
+std::int64_t Value::integerValue() const {
+  switch (kind()) {
+    case Kind::boolean: return std::get<bool>(content_) ? 1 : 0;
+    case Kind::integer: return std::get<std::int64_t>(content_);
+    case Kind::real: return cutToInteger(std::get<double>(content_));
+    case Kind::text: return std::strtoll(text().c_str(), nullptr, 10);
+    default: return 0;
+  }
+}
+
+double Value::realValue() const {
+  switch (kind()) {
+    case Kind::boolean: return std::get<bool>(content_) ? 1 : 0;
+    case Kind::integer: return static_cast<double>(std::get<std::int64_t>(content_));
+    case Kind::real: return std::get<double>(content_);
+    case Kind::text: return std::strtod(text().c_str(), nullptr);
+    default: return 0;
+  }
+}
+
+HostObject Value::object() const {
+  const auto* held = std::get_if<HostObject>(&content_);
+  return held ? *held : HostObject();
+}
+
+const Value::Array& Value::items() const {
+  const auto* held = std::get_if<std::shared_ptr<Array>>(&content_);
+  return held ? **held : kNoItems;
+}
+
+const Value::Dictionary& Value::entries() const {
+  const auto* held = std::get_if<std::shared_ptr<Dictionary>>(&content_);
+  return held ? **held : kNoEntries;
+}
+
+std::size_t Value::count() const { return isArray() ? items().size() : entries().size(); }
+
+const Value& Value::operator[](std::string_view key) const {
+  const Dictionary& all = entries();
+  const auto found = all.find(key);
+  return found == all.end() ? kAbsent : found->second;
+}
+
+const Value& Value::at(std::size_t index) const {
+  const Array& all = items();
+  return index < all.size() ? all[index] : kAbsent;
+}
+
+bool Value::contains(std::string_view key) const { return entries().find(key) != entries().end(); }
+
+Value::Array& Value::mutableItems() {
+  auto* held = std::get_if<std::shared_ptr<Array>>(&content_);
+  if (!held) return *content_.emplace<std::shared_ptr<Array>>(std::make_shared<Array>());
+  if (held->use_count() > 1) *held = std::make_shared<Array>(**held);
+  return **held;
+}
+
+Value::Dictionary& Value::mutableEntries() {
+  auto* held = std::get_if<std::shared_ptr<Dictionary>>(&content_);
+  if (!held) return *content_.emplace<std::shared_ptr<Dictionary>>(std::make_shared<Dictionary>());
+  if (held->use_count() > 1) *held = std::make_shared<Dictionary>(**held);
+  return **held;
+}
+
+void Value::set(std::string_view key, Value value) {
+  if (value.isAbsent()) return;
+  mutableEntries().insert_or_assign(std::string(key), std::move(value));
+}
+
+void Value::erase(std::string_view key) {
+  if (!contains(key)) return;
+  Dictionary& all = mutableEntries();
+  all.erase(all.find(key));
+}
+
+void Value::addEntries(const Value& other) {
+  const Value kept = other;
+  for (const auto& [key, value] : kept.entries()) set(key, value);
+}
+
+void Value::append(Value value) {
+  if (value.isAbsent()) return;
+  mutableItems().push_back(std::move(value));
+}
+
+bool operator==(const Value& a, const Value& b) {
+  if (a.isNumber() && b.isNumber()) {
+    if (a.isReal() || b.isReal()) return a.realValue() == b.realValue();
+    return a.integerValue() == b.integerValue();
+  }
+  if (a.kind() != b.kind()) return false;
+  switch (a.kind()) {
+    case Value::Kind::text: return a.text() == b.text();
+    case Value::Kind::array: return a.items() == b.items();
+    case Value::Kind::dictionary: return a.entries() == b.entries();
+    case Value::Kind::object: return a.object() == b.object();
+    default: return true;
+  }
+}
+
+}  // namespace vorn

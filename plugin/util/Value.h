@@ -1,0 +1,133 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "util/HostObject.h"
+
+namespace vorn {
+
+// Text that may be absent. An absent text and an empty text are different answers in this system.
+using OptionalText = std::optional<std::string>;
+
+// The one dynamic type: what travels in the host's dictionaries, in JSON and in property lists.
+//
+// A value is absent, null, a boolean, a 64-bit integer, a double, UTF-8 text, an array, a dictionary with text
+// keys, or an opaque host object. Absent means that nothing is there; null is the host's null object, a value
+// of its own. Reading through absence gives absence and never fails. Copies share their content until one of
+// them changes, so a copy costs the same for every size. One value may be read from several threads; changing
+// it needs exclusive access, as with a standard container.
+class Value {
+ public:
+  enum class Kind { absent, null, boolean, integer, real, text, array, dictionary, object };
+  using Array = std::vector<Value>;
+  using Dictionary = std::map<std::string, Value, std::less<>>;
+
+  Value() = default;
+  Value(std::nullptr_t) : content_(Null{}) {}
+  Value(bool flag) : content_(flag) {}
+  Value(int number) : content_(std::int64_t{number}) {}
+  Value(unsigned number) : content_(std::int64_t{number}) {}
+  Value(long number) : content_(std::int64_t{number}) {}
+  Value(long long number) : content_(static_cast<std::int64_t>(number)) {}
+  // Numbers above the signed range keep their bit pattern.
+  Value(unsigned long number) : content_(static_cast<std::int64_t>(number)) {}
+  Value(unsigned long long number) : content_(static_cast<std::int64_t>(number)) {}
+  Value(double number) : content_(number) {}
+  Value(const char* text) : Value(std::string(text)) {}
+  Value(std::string_view text) : Value(std::string(text)) {}
+  Value(std::string text) : content_(std::make_shared<const std::string>(std::move(text))) {}
+  // An absent text gives the absent value.
+  Value(const OptionalText& text);
+  Value(Array items) : content_(std::make_shared<Array>(std::move(items))) {}
+  Value(Dictionary entries) : content_(std::make_shared<Dictionary>(std::move(entries))) {}
+  // The absent object gives the absent value.
+  Value(const HostObject& object);
+  // A pointer would otherwise turn into a boolean unnoticed.
+  template <typename T>
+  Value(T*) = delete;
+
+  static Value array() { return Value(Array{}); }
+  static Value dictionary() { return Value(Dictionary{}); }
+
+  // A dictionary of the pairs up to the first absent value; that pair and all behind it are left out.
+  static Value dictionaryFromPairs(std::initializer_list<std::pair<std::string_view, Value>> pairs);
+
+  Kind kind() const { return static_cast<Kind>(content_.index()); }
+  bool isAbsent() const { return kind() == Kind::absent; }
+  bool isNull() const { return kind() == Kind::null; }
+  bool isBoolean() const { return kind() == Kind::boolean; }
+  bool isInteger() const { return kind() == Kind::integer; }
+  bool isReal() const { return kind() == Kind::real; }
+  bool isNumber() const { return isBoolean() || isInteger() || isReal(); }
+  bool isText() const { return kind() == Kind::text; }
+  bool isArray() const { return kind() == Kind::array; }
+  bool isDictionary() const { return kind() == Kind::dictionary; }
+  bool isObject() const { return kind() == Kind::object; }
+  // Neither absent nor null.
+  bool isPresent() const { return !isAbsent() && !isNull(); }
+
+  // The text; the empty text for every other kind. The reference lives as long as this value is unchanged.
+  const std::string& text() const;
+  // The text, or absent for every other kind.
+  OptionalText optionalText() const;
+  // The text, or a number written as decimal text; the empty text for every other kind.
+  std::string stringValue() const;
+  // A number unequal to 0; a text that, after blanks, a sign and zeros, begins with Y, y, T, t or 1 to 9.
+  bool boolValue() const;
+  // A number, cut toward zero and to the 64-bit range; the leading decimal digits of a text; otherwise 0.
+  std::int64_t integerValue() const;
+  // A number, or the number at the start of a text; otherwise 0.
+  double realValue() const;
+  // The object; the absent object for every other kind.
+  HostObject object() const;
+
+  // The entries of an array; none for every other kind.
+  const Array& items() const;
+  // The entries of a dictionary; none for every other kind.
+  const Dictionary& entries() const;
+  // Entries of an array or a dictionary; 0 for every other kind.
+  std::size_t count() const;
+
+  // The entry under the key; absent when this is no dictionary or has no such key.
+  const Value& operator[](std::string_view key) const;
+  const Value& operator[](const char* key) const { return (*this)[std::string_view(key)]; }
+  // The entry at the index; absent when this is no array or the index is outside.
+  const Value& at(std::size_t index) const;
+  bool contains(std::string_view key) const;
+
+  // Sets an entry. Anything but a dictionary becomes an empty dictionary first. An absent value changes
+  // nothing: a dictionary of the platform cannot hold one.
+  void set(std::string_view key, Value value);
+  void erase(std::string_view key);
+  // Sets every entry of another dictionary.
+  void addEntries(const Value& other);
+  // Adds an entry at the end. Anything but an array becomes an empty array first. Absent changes nothing.
+  void append(Value value);
+
+  // Deep equality. A number equals a number of the same value whatever its kind; object means same address.
+  friend bool operator==(const Value& a, const Value& b);
+  friend bool operator!=(const Value& a, const Value& b) { return !(a == b); }
+
+ private:
+  struct Null {};
+  using Content =
+      std::variant<std::monostate, Null, bool, std::int64_t, double, std::shared_ptr<const std::string>,
+                   std::shared_ptr<Array>, std::shared_ptr<Dictionary>, HostObject>;
+
+  Array& mutableItems();
+  Dictionary& mutableEntries();
+
+  Content content_;
+};
+
+}  // namespace vorn
