@@ -1,11 +1,29 @@
 #include "platform/Registry.h"
 
+#include "platform/ClassRuntime.h"
+#include "util/HostObjectQuestions.h"
+
 #include <unordered_map>
 #include <vector>
 
 namespace vorn {
 
 namespace {
+
+class QuestionsToTheRuntime final : public HostObjectQuestions {
+ public:
+  std::string classNameOf(const HostObject& object) const override { return runtime().className(object); }
+  bool isKindOfClass(const HostObject& object, std::string_view className) const override {
+    const ClassRef wanted = runtime().NSClassFromString(className);
+    return wanted && runtime().isKindOf(object, wanted);
+  }
+  Value subviewsOf(const HostObject& view) const override { return runtime().send(view, "subviews"); }
+
+ private:
+  static ClassRuntime& runtime() { return *Registry::platform().classRuntime; }
+};
+
+const QuestionsToTheRuntime questionsToTheRuntime;
 
 struct SharedInstances {
   Platform platform;
@@ -20,7 +38,10 @@ SharedInstances& instances() {
 
 }  // namespace
 
-void Registry::install(const Platform& platform) { instances().platform = platform; }
+void Registry::install(const Platform& platform) {
+  instances().platform = platform;
+  setHostObjectQuestions(platform.classRuntime ? &questionsToTheRuntime : nullptr);
+}
 
 void Registry::reset() {
   SharedInstances& all = instances();
@@ -32,6 +53,7 @@ void Registry::reset() {
       entry = entry->second == youngest.get() ? all.byType.erase(entry) : std::next(entry);
     }
   }
+  setHostObjectQuestions(nullptr);
   all.platform = Platform{};
 }
 

@@ -56,7 +56,7 @@ Value Value::dictionaryFromPairs(std::initializer_list<std::pair<std::string_vie
   return result;
 }
 
-const std::string& Value::text() const {
+const std::string& Value::text() const& {
   const auto* held = std::get_if<std::shared_ptr<const std::string>>(&content_);
   return held ? **held : kNoText;
 }
@@ -115,25 +115,25 @@ HostObject Value::object() const {
   return held ? *held : HostObject();
 }
 
-const Value::Array& Value::items() const {
+const Value::Array& Value::items() const& {
   const auto* held = std::get_if<std::shared_ptr<Array>>(&content_);
   return held ? **held : kNoItems;
 }
 
-const Value::Dictionary& Value::entries() const {
+const Value::Dictionary& Value::entries() const& {
   const auto* held = std::get_if<std::shared_ptr<Dictionary>>(&content_);
   return held ? **held : kNoEntries;
 }
 
 std::size_t Value::count() const { return isArray() ? items().size() : entries().size(); }
 
-const Value& Value::operator[](std::string_view key) const {
+const Value& Value::operator[](std::string_view key) const& {
   const Dictionary& all = entries();
   const auto found = all.find(key);
   return found == all.end() ? kAbsent : found->second;
 }
 
-const Value& Value::at(std::size_t index) const {
+const Value& Value::at(std::size_t index) const& {
   const Array& all = items();
   return index < all.size() ? all[index] : kAbsent;
 }

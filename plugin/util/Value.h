@@ -76,8 +76,10 @@ class Value {
   // Neither absent nor null.
   bool isPresent() const { return !isAbsent() && !isNull(); }
 
-  // The text; the empty text for every other kind. The reference lives as long as this value is unchanged.
-  const std::string& text() const;
+  // The text; the empty text for every other kind. Here and below, a reference lives as long as the value that it
+  // was asked of is unchanged; a temporary gives a copy instead.
+  const std::string& text() const&;
+  std::string text() && { return std::as_const(*this).text(); }
   // The text, or absent for every other kind.
   OptionalText optionalText() const;
   // The text, or a number written as decimal text; the empty text for every other kind.
@@ -92,17 +94,22 @@ class Value {
   HostObject object() const;
 
   // The entries of an array; none for every other kind.
-  const Array& items() const;
+  const Array& items() const&;
+  Array items() && { return std::as_const(*this).items(); }
   // The entries of a dictionary; none for every other kind.
-  const Dictionary& entries() const;
+  const Dictionary& entries() const&;
+  Dictionary entries() && { return std::as_const(*this).entries(); }
   // Entries of an array or a dictionary; 0 for every other kind.
   std::size_t count() const;
 
   // The entry under the key; absent when this is no dictionary or has no such key.
-  const Value& operator[](std::string_view key) const;
-  const Value& operator[](const char* key) const { return (*this)[std::string_view(key)]; }
+  const Value& operator[](std::string_view key) const&;
+  Value operator[](std::string_view key) && { return std::as_const(*this)[key]; }
+  const Value& operator[](const char* key) const& { return (*this)[std::string_view(key)]; }
+  Value operator[](const char* key) && { return std::as_const(*this)[std::string_view(key)]; }
   // The entry at the index; absent when this is no array or the index is outside.
-  const Value& at(std::size_t index) const;
+  const Value& at(std::size_t index) const&;
+  Value at(std::size_t index) && { return std::as_const(*this).at(index); }
   bool contains(std::string_view key) const;
 
   // Sets an entry. Anything but a dictionary becomes an empty dictionary first. An absent value changes

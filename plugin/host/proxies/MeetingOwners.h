@@ -25,6 +25,11 @@ class MeetingOwners {
   // editor has no manager.
   virtual OptionalText mailBodyWithVornContent(const HostObject& editor, const OptionalText& sourceBody,
                                                const OptionalText& invitation, bool isHTML) = 0;
+  // The source body with the text of a personal audio conference at its end; absent while nobody above makes one.
+  virtual OptionalText mailBodyWithPACText(const OptionalText& /*sourceBody*/, const OptionalText& /*text*/,
+                                           bool /*isHTML*/) {
+    return {};
+  }
   // Notes the body that the next store has to write.
   virtual void noteNewBody(const OptionalText& body) = 0;
   // Reading an appointment's iCalendar text: its UUID, and the meeting number in its description.

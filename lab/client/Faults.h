@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lab/client/Envelope.h"
+
+namespace vornlab {
+
+// A faults file that cannot be used. The message begins with the file's name and the line.
+class FaultError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+enum class FaultKind {
+  kDelay,       // count: milliseconds
+  kSplit,       // positions
+  kSplitEvery,  // count: bytes
+  kGlue,
+  kTruncate,  // count: bytes that are left
+  kNotUtf8,
+  kError,    // text: what stands behind "0;Error "
+  kContent,  // text: the whole content
+  kFields,   // count: fields of the content that are left
+  kGrow,     // count: bytes that the content has at least
+  kTwice,
+  kClose,
+  kDie,
+  kSilent,
+  kRestart,
+};
+
+struct Fault {
+  FaultKind kind = FaultKind::kSilent;
+  std::size_t count = 0;
+  std::vector<std::size_t> positions;
+  std::string text;
+  std::string words;  // as the file has it, for the journal
+};
+
+// Which replies are spoilt, and how. The language is told in README.md.
+class FaultBook {
+ public:
+  // Without rules: nothing is spoilt.
+  FaultBook() = default;
+
+  // Both throw FaultError; `name` stands for the file in its message.
+  static FaultBook fromText(std::string_view text, const std::string& name);
+  static FaultBook fromFile(const std::string& path);
+
+  // Counts one reply to a request of this action and inner operation, and tells what happens to it.
+  std::vector<Fault> next(std::uint32_t requestAction, std::uint32_t operation);
+
+ private:
+  struct Rule {
+    std::optional<std::uint64_t> nth;  // nothing: every one
+    std::optional<std::uint32_t> action;
+    std::optional<std::uint32_t> operation;
+    std::vector<Fault> faults;
+    std::uint64_t seen = 0;
+  };
+  friend class FaultParser;
+
+  std::vector<Rule> rules_;
+};
+
+// What goes out for one reply, and what becomes of the connection.
+struct Delivery {
+  enum class End { kNone, kClose, kDie, kRestart };
+
+  std::vector<std::string> pieces;  // each is sent when the one before has been taken
+  std::size_t delayMilliseconds = 0;
+  bool glue = false;     // held back and sent as one with the reply that follows
+  End end = End::kNone;  // in place of the pieces
+};
+
+Delivery deliveryOf(Envelope reply, const std::vector<Fault>& faults);
+
+}  // namespace vornlab

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <chrono>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+
+#include "lab/client/Envelope.h"
+
+namespace vornlab {
+
+// A content with e-mail addresses, passcodes and the tokens of join URLs replaced by "***", base64 and long texts
+// by their sizes. What is left is short, and safe to show.
+std::string maskedRequest(const Envelope& request);
+std::string maskedReply(const Envelope& reply);
+
+// Appends one JSON object a line to a file, written at once, so that another process can follow it.
+class Journal {
+ public:
+  // An empty path keeps no journal. Throws std::runtime_error when the file cannot be opened.
+  explicit Journal(const std::string& path);
+  ~Journal();
+  Journal(const Journal&) = delete;
+  Journal& operator=(const Journal&) = delete;
+
+  bool isKept() const { return file_ >= 0; }
+
+  // Adds "event" and "seconds" (since the start) to the members. Failures to write are silent.
+  void note(std::string_view event, nlohmann::json members);
+
+ private:
+  int file_ = -1;
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+}  // namespace vornlab

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "lab/client/Meeting.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace vornlab {
+
+class StoreError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The meetings, in one SQLite file. Every operation throws StoreError when the database fails.
+class MeetingStore {
+ public:
+  // Opens or makes the file; ":memory:" keeps everything in memory. Throws StoreError also for a file that is no
+  // database of ours or was written by a newer version.
+  explicit MeetingStore(const std::string& path);
+  ~MeetingStore();
+  MeetingStore(const MeetingStore&) = delete;
+  MeetingStore& operator=(const MeetingStore&) = delete;
+
+  std::optional<Meeting> find(std::int64_t number);
+
+  // The meeting that was stored last for this appointment.
+  std::optional<Meeting> findByAppointment(const std::string& appointment);
+
+  // Stores the meeting in place of one of the same number.
+  void put(const Meeting& meeting);
+
+  // False when there was none.
+  bool remove(std::int64_t number);
+
+  std::int64_t count();
+
+  // What happens in its life is stored together at commit(), or not at all.
+  class Transaction {
+   public:
+    explicit Transaction(MeetingStore& store);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void commit();
+
+   private:
+    MeetingStore& store_;
+    bool open_ = true;
+  };
+
+ private:
+  struct CloseDatabase {
+    void operator()(sqlite3* database) const;
+  };
+  struct FinalizeStatement {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+  using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+  void execute(const char* sql);
+  Statement prepare(const char* sql);
+  void prepareSchema();
+  bool step(sqlite3_stmt* statement);
+  std::optional<Meeting> readOne(sqlite3_stmt* statement);
+  [[noreturn]] void fail() const;
+
+  std::unique_ptr<sqlite3, CloseDatabase> database_;
+  Statement find_;
+  Statement findByAppointment_;
+  Statement put_;
+  Statement remove_;
+  Statement count_;
+};
+
+}  // namespace vornlab

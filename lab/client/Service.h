@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lab/client/Account.h"
+#include "lab/client/Envelope.h"
+#include "lab/client/MeetingStore.h"
+
+namespace vornlab {
+
+// The numbers of requests, and those of replies to the inner operations of kMeetings.
+namespace action {
+inline constexpr std::uint32_t kSchedule = 1;
+inline constexpr std::uint32_t kUpdate = 2;
+inline constexpr std::uint32_t kDelete = 3;
+inline constexpr std::uint32_t kGet = 4;
+inline constexpr std::uint32_t kGetByAppointment = 10;
+
+inline constexpr std::uint32_t kStartMeeting = 2;
+inline constexpr std::uint32_t kMeetings = 3;
+inline constexpr std::uint32_t kProfile = 6;
+inline constexpr std::uint32_t kAudioConferences = 9;
+inline constexpr std::uint32_t kPeople = 11;
+inline constexpr std::uint32_t kVersion = 200;
+}  // namespace action
+
+// What the client does with a request, without any socket: the meetings, the account and the replies.
+//
+// One thread only. handle() never throws; a request that is not understood gets no reply.
+class Service {
+ public:
+  struct Options {
+    std::string database = ":memory:";
+    std::string version = "5.12.3.9654";
+    std::uint64_t seed = 0;  // of meeting numbers and tokens; 0 takes one that nobody knows
+  };
+
+  // Throws StoreError when the database cannot be opened.
+  explicit Service(Account account) : Service(std::move(account), Options{}) {}
+  Service(Account account, Options options);
+
+  // The replies, in the order in which they go out: at most one as it stands.
+  std::vector<Envelope> handle(const Envelope& request);
+
+  // The inner operation that stands at the head of a content of kMeetings, or 0.
+  static std::uint32_t operationOf(const Envelope& request);
+
+  // The agent's answer, with the version.
+  Envelope versionAnswer() const;
+
+  const Account& account() const { return account_; }
+
+  // Another account from now on: what the user does by signing out and in again.
+  void setAccount(Account account) { account_ = std::move(account); }
+
+  MeetingStore& meetings() { return meetings_; }
+
+ private:
+  std::string meetingReply(std::uint32_t operation, const std::string& content);
+  std::string commit(bool update, const std::string& content);
+  std::string remove(const std::string& content);
+  std::string get(const std::string& content);
+  std::string getByAppointment(const std::string& content);
+
+  // The number that a new meeting gets.
+  std::int64_t freshNumber();
+  std::string freshToken();
+  // The number of the personal meeting of the host, or 0; and the meeting of that number before anyone stored one.
+  std::int64_t personalNumberOf(const std::string& hostEmail) const;
+  bool isPersonalNumber(std::int64_t number, std::string& hostEmail) const;
+  Meeting personalMeeting(std::int64_t number, const std::string& hostEmail) const;
+
+  Account account_;
+  Options options_;
+  MeetingStore meetings_;
+  std::mt19937_64 random_;
+};
+
+}  // namespace vornlab

@@ -1,0 +1,314 @@
+#include <libical/ical.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <charconv>
+#include <set>
+
+#include "lab/outlook/CalendarStore.h"
+#include "lab/outlook/ProducerQuirks.h"
+
+namespace vornlab {
+
+namespace {
+
+constexpr std::string_view kInbandProperty = "X-VORNLAB-OLMUCINBAND";
+constexpr std::string_view kCapabilitiesProperty = "X-VORNLAB-OLMUCCAPABILITIES";
+constexpr int kMostOccurrencesCounted = 1000;
+constexpr double kSecondsPerDay = 86400;
+
+// The text with the replacement character for every byte that is no UTF-8.
+std::string wellFormed(const std::string& text) {
+  if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+    return text;
+  std::string result;
+  icu::UnicodeString::fromUTF8(text).toUTF8String(result);
+  return result;
+}
+
+std::string upperCase(std::string text) {
+  for (char& c : text) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return text;
+}
+
+// The number at the start of the text; 0 for anything that is none or too large.
+int numberIn(const std::string& text) {
+  int number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+bool isHtmlAlternative(const IcsProperty& property) {
+  return upperCase(property.parameter("FMTTYPE")) == "TEXT/HTML";
+}
+
+std::string addressIn(const std::string& value) {
+  constexpr std::size_t schemeLength = 7;
+  if (upperCase(value.substr(0, schemeLength)) == "MAILTO:") return value.substr(schemeLength);
+  return value;
+}
+
+CalendarAttendee attendeeFrom(const IcsProperty& property) {
+  CalendarAttendee result;
+  result.emailAddress = wellFormed(addressIn(property.value));
+  result.name = wellFormed(property.parameter("CN"));
+  if (result.name.empty()) result.name = result.emailAddress;
+  const std::string kind = upperCase(property.parameter("CUTYPE"));
+  const std::string role = upperCase(property.parameter("ROLE"));
+  if (kind == "ROOM" || kind == "RESOURCE") {
+    result.type = 2;
+  } else if (role == "OPT-PARTICIPANT" || role == "NON-PARTICIPANT") {
+    result.type = 1;
+  }
+  return result;
+}
+
+std::string partOfRule(const std::string& rule, std::string_view name) {
+  std::size_t at = 0;
+  while (at < rule.size()) {
+    const std::size_t end = std::min(rule.find(';', at), rule.size());
+    const std::string part = rule.substr(at, end - at);
+    if (part.size() > name.size() && part[name.size()] == '=' && upperCase(part.substr(0, name.size())) == name) {
+      return part.substr(name.size() + 1);
+    }
+    at = end + 1;
+  }
+  return {};
+}
+
+// The length that DURATION states, in seconds.
+double durationSeconds(const std::string& value) {
+  const icaldurationtype duration = icaldurationtype_from_string(value.c_str());
+  return icaldurationtype_is_bad_duration(duration) ? 0 : icaldurationtype_as_int(duration);
+}
+
+std::string durationText(double seconds) {
+  const icaldurationtype duration = icaldurationtype_from_int(static_cast<int>(seconds));
+  char* text = icaldurationtype_as_ical_string_r(duration);
+  std::string result = text ? text : "PT0S";
+  icalmemory_free_buffer(text);
+  return result;
+}
+
+}  // namespace
+
+std::size_t CalendarEvent::component() const { return store_->eventComponents_[index_]; }
+
+vorn::OptionalText CalendarEvent::optionalTextOf(std::string_view name) const {
+  const auto property = store_->document_.property(component(), name);
+  if (!property) return {};
+  return wellFormed(unescapedText(property->value));
+}
+
+std::string CalendarEvent::textOf(std::string_view name) const {
+  const auto property = store_->document_.property(component(), name);
+  return property ? property->value : std::string();
+}
+
+std::string CalendarEvent::uid() const { return textOf("UID"); }
+
+std::string CalendarEvent::recurrenceId() const { return textOf("RECURRENCE-ID"); }
+
+bool CalendarEvent::isRecurring() const {
+  const IcsDocument& document = store_->document_;
+  return document.property(component(), "RRULE") || document.property(component(), "RDATE");
+}
+
+std::optional<CalendarEvent> CalendarEvent::master() const {
+  const std::string own = uid();
+  return own.empty() ? std::nullopt : store_->find(own);
+}
+
+bool CalendarEvent::isRemoved() const { return store_->document_.isRemoved(component()); }
+
+std::string CalendarEvent::status() const { return upperCase(textOf("STATUS")); }
+
+int CalendarEvent::sequence() const { return numberIn(textOf("SEQUENCE")); }
+
+vorn::OptionalText CalendarEvent::summary() const { return optionalTextOf("SUMMARY"); }
+
+vorn::OptionalText CalendarEvent::location() const { return optionalTextOf("LOCATION"); }
+
+vorn::OptionalText CalendarEvent::description() const { return optionalTextOf("DESCRIPTION"); }
+
+vorn::OptionalText CalendarEvent::htmlDescription() const {
+  for (const IcsProperty& property : store_->document_.properties(component(), "X-ALT-DESC")) {
+    if (isHtmlAlternative(property)) return wellFormed(unescapedText(property.value));
+  }
+  return {};
+}
+
+bool CalendarEvent::descriptionIsHtml() const {
+  const auto product = store_->document_.property(store_->document_.parentOf(component()), "PRODID");
+  return ProducerQuirks::of(product ? product->value : "")->descriptionIsHtml(description().value_or(""));
+}
+
+std::optional<CalendarTime> CalendarEvent::timeOf(std::string_view name) const {
+  const auto property = store_->document_.property(component(), name);
+  if (!property) return {};
+  return store_->zonesOf(component()).read(*property);
+}
+
+std::optional<CalendarTime> CalendarEvent::start() const { return timeOf("DTSTART"); }
+
+std::optional<CalendarTime> CalendarEvent::end() const {
+  if (const auto stated = timeOf("DTEND")) return stated;
+  std::optional<CalendarTime> result = start();
+  if (!result) return {};
+  const std::string duration = textOf("DURATION");
+  if (!duration.empty()) {
+    result->seconds += durationSeconds(duration);
+  } else if (result->isAllDay) {
+    result->seconds += kSecondsPerDay;
+  }
+  return result;
+}
+
+bool CalendarEvent::isAllDay() const {
+  const auto begin = start();
+  return begin && begin->isAllDay;
+}
+
+CalendarRecurrence CalendarEvent::recurrence() const {
+  CalendarRecurrence result;
+  result.rule = textOf("RRULE");
+  const std::string count = partOfRule(result.rule, "COUNT");
+  const bool hasUntil = !partOfRule(result.rule, "UNTIL").empty();
+  result.endType = !count.empty() ? 1 : hasUntil ? 2 : 0;
+  const std::optional<CalendarTime> first = start();
+  if (result.endType == 0 || !first) return result;
+  result.occurrenceCount = numberIn(count);
+
+  const auto property = store_->document_.property(component(), "DTSTART");
+  const IcsProperty floating{"DTSTART", {}, property->value.substr(0, property->value.find_first_of("Zz"))};
+  icalrecurrencetype rule = icalrecurrencetype_from_string(result.rule.c_str());
+  if (rule.freq == ICAL_NO_RECURRENCE) return result;
+  // A rule of hours or less can run long before it yields anything; no appointment needs one.
+  if (rule.freq < ICAL_DAILY_RECURRENCE) return result;
+  icalrecur_iterator* iterator = icalrecur_iterator_new(rule, icaltime_from_string(floating.value.c_str()));
+  if (!iterator) return result;
+  int counted = 0;
+  icaltimetype last = icaltime_null_time();
+  icaltimetype next = icalrecur_iterator_next(iterator);
+  for (; !icaltime_is_null_time(next) && counted < kMostOccurrencesCounted;
+       next = icalrecur_iterator_next(iterator)) {
+    last = next;
+    ++counted;
+  }
+  icalrecur_iterator_free(iterator);
+  if (result.endType == 2) result.occurrenceCount = counted;
+  if (counted == 0 || !icaltime_is_null_time(next)) return result;
+  IcsProperty stated = *property;
+  stated.value = icaltime_as_ical_string(last);
+  if (!property->value.empty() && (property->value.back() == 'Z' || property->value.back() == 'z') &&
+      stated.value.back() != 'Z') {
+    stated.value += 'Z';
+  }
+  result.lastStart = store_->zonesOf(component()).read(stated);
+  return result;
+}
+
+std::vector<CalendarAttendee> CalendarEvent::attendees() const {
+  std::vector<CalendarAttendee> result;
+  for (const IcsProperty& property : store_->document_.properties(component(), "ATTENDEE")) {
+    result.push_back(attendeeFrom(property));
+  }
+  return result;
+}
+
+std::string CalendarEvent::organizerAddress() const { return wellFormed(addressIn(textOf("ORGANIZER"))); }
+
+std::string CalendarEvent::organizerName() const {
+  const auto property = store_->document_.property(component(), "ORGANIZER");
+  return property ? wellFormed(property->parameter("CN")) : std::string();
+}
+
+vorn::OptionalText CalendarEvent::olmUCInband() const { return optionalTextOf(kInbandProperty); }
+
+vorn::OptionalText CalendarEvent::olmUCCapabilities() const { return optionalTextOf(kCapabilitiesProperty); }
+
+std::string CalendarEvent::calendarText() const {
+  const IcsDocument& document = store_->document_;
+  const std::size_t calendar = document.parentOf(component());
+  const std::string& ending = document.lineEnding();
+  std::string result = "BEGIN:VCALENDAR" + ending;
+  for (const char* name : {"VERSION", "PRODID", "METHOD"}) {
+    if (const auto property = document.property(calendar, name)) {
+      result += foldedLine(property->name + ":" + property->value, ending);
+    }
+  }
+  std::set<std::string> zones;
+  for (const IcsProperty& property : document.properties(component())) {
+    if (const std::string zone = property.parameter("TZID"); !zone.empty()) zones.insert(zone);
+  }
+  CalendarZones& known = store_->zonesOf(component());
+  for (const std::string& zone : zones) {
+    const std::size_t definition = known.definition(zone);
+    if (definition != IcsDocument::kNone) result += document.componentText(definition);
+  }
+  return result + document.componentText(component()) + "END:VCALENDAR" + ending;
+}
+
+void CalendarEvent::setText(std::string_view name, std::string_view text) {
+  if (optionalTextOf(name).value_or("") == text) return;
+  IcsProperty property =
+      store_->document_.property(component(), name).value_or(IcsProperty{std::string(name), {}, {}});
+  // It names another form of the text that was here.
+  std::erase_if(property.parameters, [](const auto& parameter) { return parameter.first == "ALTREP"; });
+  property.value = escapedText(text);
+  store_->document_.setProperty(component(), property);
+}
+
+void CalendarEvent::setSummary(std::string_view text) { setText("SUMMARY", text); }
+
+void CalendarEvent::setLocation(std::string_view text) { setText("LOCATION", text); }
+
+void CalendarEvent::setDescription(std::string_view plainText, const vorn::OptionalText& html) {
+  setText("DESCRIPTION", plainText);
+  if (html == htmlDescription()) return;
+  if (html) {
+    store_->document_.setProperty(component(), {"X-ALT-DESC", {{"FMTTYPE", "text/html"}}, escapedText(*html)},
+                                  isHtmlAlternative);
+  } else {
+    store_->document_.removeProperty(component(), "X-ALT-DESC", isHtmlAlternative);
+  }
+}
+
+void CalendarEvent::setRecord(std::string_view name, std::string_view record) {
+  if (record.empty()) {
+    store_->document_.removeProperty(component(), name);
+  } else {
+    setText(name, record);
+  }
+}
+
+void CalendarEvent::setOlmUCInband(std::string_view record) { setRecord(kInbandProperty, record); }
+
+void CalendarEvent::setOlmUCCapabilities(std::string_view record) { setRecord(kCapabilitiesProperty, record); }
+
+void CalendarEvent::writeTime(std::string_view name, double seconds) {
+  auto property = store_->document_.property(component(), name);
+  if (!property) return;
+  property->value = store_->zonesOf(component()).written(*property, seconds);
+  store_->document_.setProperty(component(), *property);
+}
+
+void CalendarEvent::setTimes(double startSeconds, double endSeconds) {
+  const auto oldStart = start();
+  const auto oldEnd = end();
+  if (!oldStart || !oldEnd || (oldStart->seconds == startSeconds && oldEnd->seconds == endSeconds)) return;
+  IcsDocument& document = store_->document_;
+  writeTime("DTSTART", startSeconds);
+  if (document.property(component(), "DTEND")) {
+    writeTime("DTEND", endSeconds);
+    return;
+  }
+  if (endSeconds - startSeconds == oldEnd->seconds - oldStart->seconds) return;
+  document.setProperty(component(), {"DURATION", {}, durationText(endSeconds - startSeconds)});
+}
+
+void CalendarEvent::remove() { store_->document_.removeComponent(component()); }
+
+}  // namespace vornlab

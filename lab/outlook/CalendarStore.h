@@ -1,0 +1,163 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lab/outlook/CalendarZones.h"
+#include "lab/outlook/IcsDocument.h"
+#include "util/Value.h"
+
+namespace vornlab {
+
+class CalendarStore;
+
+struct CalendarAttendee {
+  std::string name;
+  std::string emailAddress;
+  // 0 required, 1 optional, 2 a room or a resource.
+  int type = 0;
+};
+
+struct CalendarRecurrence {
+  // The value of RRULE as it stands; "" when there are only single dates.
+  std::string rule;
+  // 0 without an end, 1 after a number of occurrences, 2 at a date.
+  int endType = 0;
+  // The number of COUNT, or the occurrences up to UNTIL as far as they were counted (a thousand at most).
+  int occurrenceCount = 0;
+  // The start of the last occurrence; absent without an end, and when there are more than a thousand occurrences.
+  std::optional<CalendarTime> lastStart;
+};
+
+// One VEVENT of a store: a light handle that stays good as long as the store.
+//
+// Texts are unescaped UTF-8; bytes that are none show as the replacement character. An absent text is a property
+// that the file does not have. A setter that gives what is there already changes nothing.
+class CalendarEvent {
+ public:
+  CalendarEvent(CalendarStore& store, std::size_t index) : store_(&store), index_(index) {}
+
+  // The place among the store's events, counted from 0 in file order.
+  std::size_t index() const { return index_; }
+  // "" for a component without one.
+  std::string uid() const;
+  // The value of RECURRENCE-ID as written; "" for a single appointment or the master of a series.
+  std::string recurrenceId() const;
+  bool isException() const { return !recurrenceId().empty(); }
+  bool isRecurring() const;
+  // The event that holds the rule of the series, when the file has it.
+  std::optional<CalendarEvent> master() const;
+  bool isRemoved() const;
+  // CANCELLED, CONFIRMED, TENTATIVE or what else the file says, in upper case; "" without one.
+  std::string status() const;
+  bool isCancelled() const { return status() == "CANCELLED"; }
+  int sequence() const;
+
+  vorn::OptionalText summary() const;
+  vorn::OptionalText location() const;
+  // DESCRIPTION, and the HTML of X-ALT-DESC;FMTTYPE=text/html.
+  vorn::OptionalText description() const;
+  vorn::OptionalText htmlDescription() const;
+  // True when DESCRIPTION itself holds HTML, as one producer or another writes it.
+  bool descriptionIsHtml() const;
+
+  // Absent when DTSTART is missing or no time.
+  std::optional<CalendarTime> start() const;
+  // DTEND, or the start with DURATION; without both, the start, and for a whole day the next.
+  std::optional<CalendarTime> end() const;
+  bool isAllDay() const;
+  CalendarRecurrence recurrence() const;
+
+  std::vector<CalendarAttendee> attendees() const;
+  // The address of ORGANIZER without "mailto:"; "" without one.
+  std::string organizerAddress() const;
+  std::string organizerName() const;
+
+  // The records that the plug-in has stored in the appointment, as JSON text.
+  vorn::OptionalText olmUCInband() const;
+  vorn::OptionalText olmUCCapabilities() const;
+
+  // The whole VCALENDAR of this event: the frame, the zones it speaks of, and the event itself.
+  std::string calendarText() const;
+
+  void setSummary(std::string_view text);
+  void setLocation(std::string_view text);
+  // The plain text goes into DESCRIPTION, the HTML into X-ALT-DESC; an absent HTML takes X-ALT-DESC out.
+  void setDescription(std::string_view plainText, const vorn::OptionalText& html);
+  // An empty text takes the record out.
+  void setOlmUCInband(std::string_view record);
+  void setOlmUCCapabilities(std::string_view record);
+  // Moves the event, in seconds since 1970, keeping the form of the file: its zone, UTC, floating or whole days,
+  // DTEND or DURATION.
+  void setTimes(double startSeconds, double endSeconds);
+  void remove();
+
+ private:
+  std::size_t component() const;
+  std::string textOf(std::string_view name) const;
+  vorn::OptionalText optionalTextOf(std::string_view name) const;
+  void setText(std::string_view name, std::string_view text);
+  void setRecord(std::string_view name, std::string_view record);
+  std::optional<CalendarTime> timeOf(std::string_view name) const;
+  void writeTime(std::string_view name, double seconds);
+
+  CalendarStore* store_;
+  std::size_t index_;
+};
+
+// The appointments of one iCalendar file. What nobody changes is written back byte for byte. Main thread only.
+class CalendarStore {
+ public:
+  struct Options {
+    // What floating times and whole days are taken to be in.
+    std::string zone = "UTC";
+  };
+
+  CalendarStore() = default;
+  explicit CalendarStore(Options options) : options_(std::move(options)) {}
+
+  // Replaces the content with that of a file or a text. False, with the problem filled in and the content
+  // untouched, when it is no calendar; a file that cannot be read has line 0.
+  bool load(const std::string& path, IcsProblem& problem);
+  bool loadText(std::string text, IcsProblem& problem);
+  // Writes the file whole, or not at all and answers false.
+  bool save(const std::string& path) const;
+  std::string text() const { return document_.text(); }
+  bool isChanged() const { return changed_ || document_.isChanged(); }
+
+  // All events in file order, removed ones left out.
+  std::vector<CalendarEvent> events();
+  std::size_t eventCount() const { return eventComponents_.size(); }
+  CalendarEvent eventAt(std::size_t index) { return CalendarEvent(*this, index); }
+  // The first event of that UID and RECURRENCE-ID; "" names the single appointment or the master.
+  std::optional<CalendarEvent> find(std::string_view uid, std::string_view recurrenceId = {});
+  // The exceptions of a series, in file order.
+  std::vector<CalendarEvent> exceptionsOf(std::string_view uid);
+  // Adds an appointment in UTC to the last VCALENDAR (an empty store gets one). It is the last of the events.
+  CalendarEvent add(std::string_view uid, double startSeconds, double endSeconds, std::string_view summary);
+
+  IcsDocument& document() { return document_; }
+  const IcsDocument& document() const { return document_; }
+  const Options& options() const { return options_; }
+
+ private:
+  friend class CalendarEvent;
+
+  void indexEvents();
+  // The zones of the VCALENDAR that the component stands in.
+  CalendarZones& zonesOf(std::size_t component);
+
+  Options options_;
+  IcsDocument document_;
+  bool changed_ = false;
+  std::vector<std::size_t> eventComponents_;
+  std::map<std::string, std::vector<std::size_t>, std::less<>> byUid_;
+  std::map<std::size_t, std::unique_ptr<CalendarZones>> zones_;
+};
+
+}  // namespace vornlab

@@ -1,0 +1,73 @@
+// The record of a save: ECMutableCalendarEvent.
+
+#include <array>
+#include <cstdio>
+#include <random>
+
+#include "lab/outlook/HostWorld.h"
+#include "util/HtmlText.h"
+
+namespace vornlab {
+
+namespace {
+
+std::string newUid() {
+  std::random_device random;
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), "%08X-%04X-%04X-%04X-%08X%04X", random(), random() & 0xFFFF,
+                random() & 0xFFFF, random() & 0xFFFF, random(), random() & 0xFFFF);
+  return text.data();
+}
+
+double secondsOf(const HostWorld& world, const Value& date) {
+  return world.send(date.object(), "timeIntervalSince1970").realValue();
+}
+
+void storeBody(CalendarEvent& stored, const HostEvent& record, const HostWorld& world) {
+  const Value& body = record.changed["body"];
+  if (!body.isText() || body.text() == shownHtml(stored)) return;
+  const Value& saysHtml = record.changed["isBodyHTML"];
+  const bool isHtml = !world.options.plainTextOnly && (saysHtml.isAbsent() || saysHtml.boolValue());
+  stored.setDescription(vorn::htmlToPlainText(body.text()), isHtml ? body.optionalText() : OptionalText());
+}
+
+}  // namespace
+
+void HostWorld::defineRecords() {
+  runtime.defineClass("ECMutableCalendarEvent", "ECCalendarEvent");
+  // The plug-in exchanges this one, and the event's own must stay out of it.
+  action("ECMutableCalendarEvent", "setOlmUCInband:", [this](const HostObject& self, const Arguments& arguments) {
+    const Value value = firstOf(arguments);
+    if (const auto record = event(self)) record->changed.set("olmUCInband", value.isAbsent() ? Value("") : value);
+  });
+
+  // Brings what differs into the calendar; what does not differ is not touched. Answers 0 when that is done.
+  method("ECMutableCalendarEvent", "saveRecord", [this](const HostObject& self, const Arguments&) {
+    constexpr int stored = 0;
+    constexpr int notStored = 1;
+    const auto record = event(self);
+    if (!record || !record->store) return notStored;
+    const Value& changed = record->changed;
+    if (!record->index) {
+      const CalendarEvent added =
+          record->store->add(newUid(), secondsOf(*this, changed["startTime"]),
+                             secondsOf(*this, changed["endTime"]), changed["summary"].text());
+      record->index = added.index();
+    }
+    CalendarEvent target = *record->stored();
+    if (target.isRemoved()) return notStored;
+    if (changed.contains("summary")) target.setSummary(changed["summary"].text());
+    if (changed.contains("location")) target.setLocation(changed["location"].text());
+    storeBody(target, *record, *this);
+    if (changed.contains("olmUCInband")) target.setOlmUCInband(changed["olmUCInband"].text());
+    if (changed.contains("olmUCCapabilities")) target.setOlmUCCapabilities(changed["olmUCCapabilities"].text());
+    if (changed.contains("startTime") || changed.contains("endTime")) {
+      target.setTimes(secondsOf(*this, eventItem(*record, "startTime")),
+                      secondsOf(*this, eventItem(*record, "endTime")));
+    }
+    ++storedCount;
+    return stored;
+  });
+}
+
+}  // namespace vornlab

@@ -1,0 +1,167 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lab/outlook/CalendarStore.h"
+#include "lab/outlook/OutlookHost.h"
+
+namespace vornlab {
+
+using vorn::Arguments;
+using vorn::HostObject;
+using vorn::OptionalText;
+using vorn::Value;
+
+// What an NSView, or an NSTextField, holds.
+struct HostView {
+  Value frame;
+  HostObject superview;
+  // Of the content view only; the views below find it by going up.
+  HostObject window;
+  std::vector<HostObject> subviews;
+  bool isHidden = false;
+  std::string text;
+};
+
+struct HostWindow {
+  HostObject controller;
+  HostObject contentView;
+  bool isVisible = true;
+};
+
+// What an ECCalendarEvent, or the ECMutableCalendarEvent of a save, holds: the appointment as it is stored, and
+// what has been changed in memory since.
+struct HostEvent {
+  CalendarStore* store = nullptr;
+  // The place among the store's events; absent for an appointment that is not stored yet.
+  std::optional<std::size_t> index;
+  // By the name of the reader, such as "summary".
+  Value changed = Value::dictionary();
+
+  std::optional<CalendarEvent> stored() const;
+};
+
+// The compose view of an editor, shared by the OLWordMailEditor and its content.
+struct HostComposeView {
+  HostObject viewController;
+  std::string html;
+  bool isPlainText = false;
+};
+
+// An editor window with its objects.
+struct HostEditor {
+  OutlookHost::EditorId id = 0;
+  HostObject windowController;
+  HostObject viewController;
+  HostObject window;
+  HostObject contentView;
+  HostObject header;
+  HostObject locationField;
+  HostObject event;
+  HostObject wordEditor;
+  HostObject wordContent;
+  std::shared_ptr<HostComposeView> compose = std::make_shared<HostComposeView>();
+  // The HTML that came from the event; what differs from it has been changed by somebody.
+  std::string loadedHtml;
+  // What was typed and not saved, by "content." and the name of the event's reader.
+  Value uncommitted = Value::dictionary();
+  bool isDirty = false;
+  bool isCancelMode = false;
+};
+
+// What all classes of the stand-in host share.
+struct HostWorld : std::enable_shared_from_this<HostWorld> {
+  vorn::EmbeddedClassRuntime& runtime;
+  vorn::HostRunLoop& runLoop;
+  vorn::NotificationCenter& center;
+  OutlookHost::Options options;
+  CalendarStore* store = nullptr;
+  HostObject application;
+  HostObject account;
+  HostObject mainWindowController;
+  // One object for each name, so that the same zone is the same object.
+  std::map<std::string, HostObject> timeZones;
+  std::map<OutlookHost::EditorId, std::shared_ptr<HostEditor>> editors;
+  OutlookHost::EditorId lastEditor = 0;
+  // When the next new appointment begins.
+  double newEventStart = 0;
+  int sentCount = 0;
+  int storedCount = 0;
+
+  HostWorld(vorn::EmbeddedClassRuntime& classes, vorn::HostRunLoop& loop, vorn::NotificationCenter& notifications,
+            OutlookHost::Options chosen)
+      : runtime(classes), runLoop(loop), center(notifications), options(std::move(chosen)) {}
+
+  Value send(const HostObject& receiver, std::string_view selector, const Arguments& arguments = {}) const {
+    return runtime.send(receiver, selector, arguments);
+  }
+  HostObject classNamed(std::string_view name) const {
+    return runtime.classObject(runtime.NSClassFromString(name));
+  }
+
+  // Each defines the classes of one subject. The views come first: the others build on them.
+  void defineViews();
+  void defineDates();
+  void defineEvents();
+  void defineRecords();
+  void defineAccounts();
+  void defineEditors();
+  void defineComposeView();
+  void defineMainWindow();
+
+  // Defines an instance method as a function of the receiver and the arguments.
+  template <typename Method>
+  void method(std::string_view className, std::string_view selector, Method body) {
+    runtime.setInstanceMethod(className, selector, [body](const HostObject& self, const Arguments& arguments) {
+      return Value(body(self, arguments));
+    });
+  }
+  // The same for a method without a result.
+  template <typename Action>
+  void action(std::string_view className, std::string_view selector, Action body) {
+    runtime.setInstanceMethod(className, selector, [body](const HostObject& self, const Arguments& arguments) {
+      body(self, arguments);
+      return Value();
+    });
+  }
+
+  std::shared_ptr<HostView> view(const HostObject& object);
+  HostObject makeView(std::string_view className, const Value& frame);
+  void addSubview(const HostObject& superview, const HostObject& subview);
+  void removeFromSuperview(const HostObject& object);
+  HostObject windowOf(const HostObject& view);
+  // Ends the view and all views below it.
+  void destroyViews(const HostObject& object);
+
+  HostObject makeDate(const CalendarTime& time) const;
+  HostObject timeZone(const std::string& name);
+
+  HostObject makeEvent(const CalendarEvent& stored) const;
+  std::shared_ptr<HostEvent> event(const HostObject& object) const { return runtime.state<HostEvent>(object); }
+  // The reader's answer: what was changed in memory, otherwise what is stored.
+  Value eventItem(const HostEvent& event, std::string_view item);
+
+  HostObject openWindow(const HostObject& event, bool isCancelMode);
+  std::shared_ptr<HostEditor> editor(OutlookHost::EditorId id) const;
+  // The open editor with that window, window controller or view controller; null when there is none.
+  std::shared_ptr<HostEditor> editorOf(const HostObject& part) const;
+  bool saveEditor(HostEditor& editor);
+  // Ends the editor of a window that has closed.
+  void retireEditor(const std::shared_ptr<HostEditor>& editor);
+};
+
+// The first argument; absent when there is none.
+Value firstOf(const Arguments& arguments);
+Value rectangle(double x, double y, double width, double height);
+
+// The HTML that an editor shows for a plain text, and the HTML that it shows for a stored appointment.
+std::string htmlForPlainText(std::string_view text);
+std::string shownHtml(const CalendarEvent& event);
+
+}  // namespace vornlab

@@ -1,0 +1,386 @@
+#include "lab/outlook/IcsDocument.h"
+
+#include <algorithm>
+
+namespace vornlab {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t kFoldAt = 75;
+constexpr std::size_t kExcerpt = 40;
+
+bool isBlank(char c) { return c == ' ' || c == '\t'; }
+
+std::string upperCase(std::string_view text) {
+  std::string result(text);
+  for (char& c : result) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return result;
+}
+
+// Where the value begins: behind the first colon that stands in no quotation. A quotation mark that is never
+// closed is taken as a plain character, as some producers mean it.
+std::size_t colonIn(std::string_view content) {
+  bool quoted = false;
+  for (std::size_t at = 0; at < content.size(); ++at) {
+    if (content[at] == '"') quoted = !quoted;
+    if (content[at] == ':' && !quoted) return at;
+  }
+  return content.find(':');
+}
+
+std::string excerpt(std::string_view content) {
+  std::string shown;
+  for (char c : content.substr(0, kExcerpt)) shown += static_cast<unsigned char>(c) < 0x20 ? '?' : c;
+  return content.size() > kExcerpt ? shown + "..." : shown;
+}
+
+IcsProperty parsedProperty(std::string_view content) {
+  IcsProperty result;
+  const std::size_t colon = std::min(colonIn(content), content.size());
+  result.value = content.substr(std::min(colon + 1, content.size()));
+  const std::string_view head = content.substr(0, colon);
+  std::size_t from = head.find(';');
+  result.name = upperCase(head.substr(0, from));
+  while (from < head.size()) {
+    std::size_t to = from + 1;
+    for (bool quoted = false; to < head.size() && (quoted || head[to] != ';'); ++to) {
+      if (head[to] == '"') quoted = !quoted;
+    }
+    const std::string_view piece = head.substr(from + 1, to - from - 1);
+    const std::size_t equals = std::min(piece.find('='), piece.size());
+    result.parameters.emplace_back(upperCase(piece.substr(0, equals)),
+                                   piece.substr(std::min(equals + 1, piece.size())));
+    from = to;
+  }
+  return result;
+}
+
+std::string contentOf(const IcsProperty& property) {
+  std::string result = property.name;
+  for (const auto& [name, value] : property.parameters) result += ";" + name + "=" + value;
+  return result + ":" + property.value;
+}
+
+}  // namespace
+
+std::string IcsProperty::parameter(std::string_view parameterName) const {
+  for (const auto& [key, written] : parameters) {
+    if (key != parameterName) continue;
+    if (written.size() >= 2 && written.front() == '"' && written.back() == '"') {
+      return written.substr(1, written.size() - 2);
+    }
+    return written;
+  }
+  return {};
+}
+
+// Goes over the text once and leaves the document's tables filled, or the problem.
+struct IcsDocument::Reader {
+  IcsDocument& document;
+  IcsProblem& problem;
+  std::vector<std::size_t> open;
+
+  bool read() {
+    const std::string& text = document.text_;
+    std::size_t at = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    std::size_t physicalLine = 1;
+    bool anyCalendar = false;
+    while (at < text.size()) {
+      const std::size_t firstPhysicalLine = physicalLine;
+      const Line line = nextLine(at, physicalLine);
+      at = line.end;
+      if (!take(line, firstPhysicalLine, anyCalendar)) return false;
+    }
+    if (!open.empty()) {
+      return fail(physicalLine,
+                  "expected END:" + document.components_[open.back()].name + ", found the end of the file");
+    }
+    if (!anyCalendar) return fail(1, "expected BEGIN:VCALENDAR, found the end of the file");
+    return true;
+  }
+
+  // A content line with its continuations.
+  Line nextLine(std::size_t begin, std::size_t& physicalLine) const {
+    const std::string& text = document.text_;
+    Line line;
+    line.begin = begin;
+    std::size_t at = begin;
+    while (true) {
+      const std::size_t newline = text.find('\n', at);
+      at = newline == std::string::npos ? text.size() : newline + 1;
+      if (newline != std::string::npos) ++physicalLine;
+      if (at >= text.size() || !isBlank(text[at])) break;
+      line.folded = true;
+    }
+    line.end = at;
+    return line;
+  }
+
+  bool take(Line line, std::size_t physicalLine, bool& anyCalendar) {
+    const std::string content = document.unfolded(line);
+    // What continues an empty line belongs to nothing; some producers break a property's value there.
+    const char first = document.text_[line.begin];
+    const bool isEmpty = first == '\n' || first == '\r' || std::all_of(content.begin(), content.end(), isBlank);
+    const std::size_t colon = colonIn(content);
+    if (!isEmpty && (colon == std::string::npos || colon == 0 || isBlank(content.front()))) {
+      if (open.empty() && !anyCalendar)
+        return fail(physicalLine, "expected BEGIN:VCALENDAR, found \"" + excerpt(content) + "\"");
+      return fail(physicalLine, "expected NAME:VALUE, found \"" + excerpt(content) + "\"");
+    }
+    const std::size_t index = document.lines_.size();
+    if (!isEmpty) line.name = upperCase(std::string_view(content).substr(0, content.find_first_of(";:")));
+    const std::string name = line.name;
+    document.lines_.push_back(std::move(line));
+    if (isEmpty) return true;
+    if (name == "BEGIN") return begin(index, componentNameIn(content, colon), physicalLine, anyCalendar);
+    if (open.empty()) {
+      return fail(physicalLine, "expected BEGIN:VCALENDAR, found \"" + excerpt(content) + "\"");
+    }
+    if (name == "END") return end(index, componentNameIn(content, colon), physicalLine);
+    document.components_[open.back()].lines.push_back(index);
+    return true;
+  }
+
+  static std::string componentNameIn(const std::string& content, std::size_t colon) {
+    std::string name = upperCase(std::string_view(content).substr(colon + 1));
+    while (!name.empty() && isBlank(name.back())) name.pop_back();
+    return name;
+  }
+
+  bool begin(std::size_t line, const std::string& name, std::size_t physicalLine, bool& anyCalendar) {
+    if (open.empty() && name != "VCALENDAR") {
+      return fail(physicalLine, "expected BEGIN:VCALENDAR, found \"BEGIN:" + excerpt(name) + "\"");
+    }
+    anyCalendar = true;
+    Component made;
+    made.name = name;
+    made.parent = open.empty() ? kNone : open.back();
+    made.beginLine = line;
+    const std::size_t index = document.components_.size();
+    if (!open.empty()) document.components_[open.back()].children.push_back(index);
+    document.components_.push_back(std::move(made));
+    open.push_back(index);
+    return true;
+  }
+
+  bool end(std::size_t line, const std::string& name, std::size_t physicalLine) {
+    Component& closed = document.components_[open.back()];
+    if (name != closed.name) {
+      return fail(physicalLine, "expected END:" + closed.name + ", found \"END:" + excerpt(name) + "\"");
+    }
+    closed.endLine = line;
+    open.pop_back();
+    return true;
+  }
+
+  bool fail(std::size_t line, std::string message) {
+    problem = {line, std::move(message)};
+    return false;
+  }
+};
+
+std::optional<IcsDocument> IcsDocument::parse(std::string text, IcsProblem& problem) {
+  IcsDocument document;
+  document.text_ = std::move(text);
+  const std::size_t newline = document.text_.find('\n');
+  if (newline != std::string::npos && (newline == 0 || document.text_[newline - 1] != '\r')) {
+    document.lineEnding_ = "\n";
+  }
+  Reader reader{document, problem, {}};
+  if (!reader.read()) return {};
+  return document;
+}
+
+std::string IcsDocument::unfolded(const Line& line) const {
+  std::string result;
+  std::size_t at = line.begin;
+  while (at < line.end) {
+    std::size_t newline = text_.find('\n', at);
+    if (newline == std::string::npos || newline >= line.end) newline = line.end;
+    std::size_t stop = newline;
+    if (stop > at && text_[stop - 1] == '\r') --stop;
+    result.append(text_, at, stop - at);
+    // The blank that marks a continuation is none of the content.
+    at = newline + 2;
+  }
+  return result;
+}
+
+IcsProperty IcsDocument::propertyAt(std::size_t line) const {
+  const auto changed = replaced_.find(line);
+  return parsedProperty(changed == replaced_.end() ? unfolded(lines_[line]) : *changed->second);
+}
+
+std::vector<IcsProperty> IcsDocument::properties(std::size_t component, std::string_view name) const {
+  std::vector<IcsProperty> result;
+  for (const std::size_t line : components_[component].lines) {
+    if (!name.empty() && lines_[line].name != name) continue;
+    const auto changed = replaced_.find(line);
+    if (changed != replaced_.end() && !changed->second) continue;
+    result.push_back(propertyAt(line));
+  }
+  const auto added = added_.find(lineForAdded(component));
+  if (added == added_.end()) return result;
+  for (const std::string& content : added->second) {
+    IcsProperty property = parsedProperty(content);
+    if (name.empty() || property.name == name) result.push_back(std::move(property));
+  }
+  return result;
+}
+
+std::optional<IcsProperty> IcsDocument::property(std::size_t component, std::string_view name) const {
+  std::vector<IcsProperty> all = properties(component, name);
+  if (all.empty()) return {};
+  return std::move(all.front());
+}
+
+std::size_t IcsDocument::lineForAdded(std::size_t component) const {
+  const Component& grown = components_[component];
+  return grown.children.empty() ? grown.endLine : components_[grown.children.front()].beginLine;
+}
+
+std::size_t IcsDocument::findLine(std::size_t component, std::string_view name, Choice choice) const {
+  for (const std::size_t line : components_[component].lines) {
+    if (lines_[line].name != name) continue;
+    const auto changed = replaced_.find(line);
+    if (changed != replaced_.end() && !changed->second) continue;
+    if (!choice || choice(propertyAt(line))) return line;
+  }
+  return kNone;
+}
+
+void IcsDocument::setProperty(std::size_t component, const IcsProperty& property, Choice choice) {
+  std::string content = contentOf(property);
+  const std::size_t line = findLine(component, property.name, choice);
+  if (line != kNone) {
+    if (contentOf(propertyAt(line)) != content) replaced_[line] = std::move(content);
+    return;
+  }
+  std::vector<std::string>& added = added_[lineForAdded(component)];
+  for (std::string& present : added) {
+    const IcsProperty old = parsedProperty(present);
+    if (old.name != property.name || (choice && !choice(old))) continue;
+    present = std::move(content);
+    return;
+  }
+  added.push_back(std::move(content));
+}
+
+void IcsDocument::removeProperty(std::size_t component, std::string_view name, Choice choice) {
+  const std::size_t line = findLine(component, name, choice);
+  if (line != kNone) {
+    replaced_[line] = std::nullopt;
+    return;
+  }
+  const auto added = added_.find(lineForAdded(component));
+  if (added == added_.end()) return;
+  std::erase_if(added->second, [&](const std::string& content) {
+    const IcsProperty old = parsedProperty(content);
+    return old.name == name && (!choice || choice(old));
+  });
+  if (added->second.empty()) added_.erase(added);
+}
+
+void IcsDocument::removeComponent(std::size_t component) {
+  removed_[components_[component].beginLine] = components_[component].endLine;
+}
+
+void IcsDocument::addComponent(std::size_t parent, const std::vector<std::string>& lines) {
+  const std::size_t endLine = components_[parent].endLine;
+  std::string whole = text_.substr(0, lines_.empty() ? 0 : lines_.front().begin);
+  if (endLine > 0) write(0, endLine - 1, whole);
+  for (const std::string& line : lines) whole += foldedLine(line, lineEnding_);
+  write(endLine, lines_.size() - 1, whole);
+  IcsProblem problem;
+  if (std::optional<IcsDocument> grown = parse(std::move(whole), problem)) *this = std::move(*grown);
+}
+
+void IcsDocument::write(std::size_t firstLine, std::size_t lastLine, std::string& out) const {
+  for (std::size_t line = firstLine; line <= lastLine; ++line) {
+    if (const auto insertion = added_.find(line); insertion != added_.end()) {
+      for (const std::string& content : insertion->second) out += foldedLine(content, lineEnding_);
+    }
+    if (const auto skip = removed_.find(line); skip != removed_.end()) {
+      line = skip->second;
+      continue;
+    }
+    const auto changed = replaced_.find(line);
+    if (changed == replaced_.end()) {
+      out.append(text_, lines_[line].begin, lines_[line].end - lines_[line].begin);
+    } else if (changed->second) {
+      out += foldedLine(*changed->second, lineEnding_);
+    }
+  }
+}
+
+std::string IcsDocument::text() const {
+  if (!isChanged() || lines_.empty()) return text_;
+  std::string result = text_.substr(0, lines_.front().begin);
+  write(0, lines_.size() - 1, result);
+  return result;
+}
+
+std::string IcsDocument::componentText(std::size_t component) const {
+  std::string result;
+  write(components_[component].beginLine, components_[component].endLine, result);
+  if (!result.empty() && result.back() != '\n') result += lineEnding_;
+  return result;
+}
+
+std::string foldedLine(std::string_view content, std::string_view lineEnding) {
+  std::string result;
+  result.reserve(content.size() + content.size() / 35 + lineEnding.size());
+  std::size_t room = kFoldAt;
+  while (content.size() > room) {
+    std::size_t cut = room;
+    // Back to the first byte of the character, unless the bytes are no UTF-8 at all.
+    while (cut > room - 4 && (static_cast<unsigned char>(content[cut]) & 0xC0) == 0x80) --cut;
+    if ((static_cast<unsigned char>(content[cut]) & 0xC0) == 0x80) cut = room;
+    result.append(content.substr(0, cut)).append(lineEnding).append(" ");
+    content.remove_prefix(cut);
+    room = kFoldAt - 1;
+  }
+  return result.append(content).append(lineEnding);
+}
+
+std::string unescapedText(std::string_view value) {
+  std::string result;
+  result.reserve(value.size());
+  for (std::size_t at = 0; at < value.size(); ++at) {
+    if (value[at] != '\\' || at + 1 == value.size()) {
+      result += value[at];
+      continue;
+    }
+    const char escaped = value[++at];
+    if (escaped == 'n' || escaped == 'N') {
+      result += '\n';
+    } else if (escaped == '\\' || escaped == ',' || escaped == ';' || escaped == '"' || escaped == ':') {
+      result += escaped;
+    } else {
+      // No escape of the format: some producers leave lone backslashes, as in paths.
+      result.append(1, '\\').append(1, escaped);
+    }
+  }
+  return result;
+}
+
+std::string escapedText(std::string_view text) {
+  std::string result;
+  result.reserve(text.size() + text.size() / 16);
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char c = text[at];
+    if (c == '\r' && at + 1 < text.size() && text[at + 1] == '\n') continue;
+    if (c == '\n' || c == '\r') {
+      result += "\\n";
+    } else {
+      if (c == '\\' || c == ',' || c == ';') result += '\\';
+      result += c;
+    }
+  }
+  return result;
+}
+
+}  // namespace vornlab

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lab/outlook/CalendarStore.h"
+#include "platform/NotificationCenter.h"
+#include "platform/embedded/EmbeddedClassRuntime.h"
+#include "platform/embedded/HostRunLoop.h"
+
+namespace vornlab {
+
+struct HostWorld;
+
+// The stand-in host: its classes, and what a person does at it.
+//
+// The classes live in the class runtime, so hooks see every call, those of the host itself included. Each
+// operation here is one act of a person and sends the selector that the host would send. An editor that has closed
+// answers false, 0 or "". The classes answer as long as this object lives. Main thread only.
+class OutlookHost {
+ public:
+  // An editor window, by number; 0 is none. A number is not used again.
+  using EditorId = std::uint64_t;
+
+  struct Options {
+    // The address of the person whose calendar this is. When it is set, an appointment with another ORGANIZER is
+    // somebody else's; when it is not, every appointment is one's own.
+    std::string userAddress;
+    std::string userName = "Calendar Owner";
+    // The account writes plain text bodies only.
+    bool plainTextOnly = false;
+    // The editor is open on behalf of the account's owner.
+    bool delegating = false;
+    // The class of the header view that an editor builds: this one or "OLAutoLayoutAttachmentsAcceptingView".
+    std::string headerViewClass = "OLCalendarHeaderContainerView";
+    double headerWidth = 900;
+  };
+
+  OutlookHost(vorn::EmbeddedClassRuntime& runtime, vorn::HostRunLoop& runLoop, vorn::NotificationCenter& center,
+              Options options);
+  ~OutlookHost();
+  OutlookHost(const OutlookHost&) = delete;
+  OutlookHost& operator=(const OutlookHost&) = delete;
+
+  // Defines the host's classes; to be called once, before a plug-in loads.
+  void defineClasses();
+  // Shows the calendar of the store, which outlives the host or the next open(). Editors that are open stay with
+  // theirs.
+  void open(CalendarStore& store);
+  // Opens the main window, after the plug-in has loaded, and closes it again.
+  void openMainWindow();
+  void closeMainWindow();
+
+  // Opens an editor as a double click does. 0 when there is no such appointment.
+  EditorId openEditor(std::string_view uid, std::string_view recurrenceId = {});
+  // The same by the place among the store's events, for files with double or missing UIDs.
+  EditorId openEditorAt(std::size_t eventIndex);
+  // Opens an editor for a new appointment of half an hour, which enters the calendar when it is saved.
+  EditorId openNew(double startSeconds);
+  // The editors that are open, in the order of opening.
+  std::vector<EditorId> editors() const;
+
+  void typeSubject(EditorId editor, std::string_view text);
+  void typeLocation(EditorId editor, std::string_view text);
+  // The body as HTML.
+  void typeBody(EditorId editor, std::string_view html);
+  void typeTimes(EditorId editor, double startSeconds, double endSeconds);
+
+  // The plug-in's bar in the header of the editor; absent when none has come up.
+  vorn::HostObject barView(EditorId editor) const;
+  // Sends the bar the selector of one of its buttons, with the bar as the sender. False when there is no bar or it
+  // does not answer the selector.
+  bool clickBar(EditorId editor, std::string_view selector);
+
+  // The three ways to finish. Each returns when the host's own call has returned; a plug-in may have put the work
+  // off, and isOpen() and isDirty() then tell when it is over.
+  void save(EditorId editor);
+  void saveAndClose(EditorId editor);
+  // Stores the meeting, counts it as sent and closes; no message goes anywhere.
+  void send(EditorId editor);
+  void closeWithoutSaving(EditorId editor);
+
+  bool isOpen(EditorId editor) const;
+  bool isDirty(EditorId editor) const;
+  bool hasAttendees(EditorId editor) const;
+  // What the editor shows now.
+  std::string subject(EditorId editor) const;
+  std::string location(EditorId editor) const;
+  std::string body(EditorId editor) const;
+
+  // The objects behind an editor, absent when it has closed.
+  vorn::HostObject event(EditorId editor) const;
+  vorn::HostObject viewController(EditorId editor) const;
+  vorn::HostObject windowController(EditorId editor) const;
+  vorn::HostObject window(EditorId editor) const;
+  vorn::HostObject headerView(EditorId editor) const;
+
+  // How often a meeting was sent to its attendees, and a record stored, since the host began.
+  int sentCount() const;
+  int storedCount() const;
+
+ private:
+  std::shared_ptr<HostWorld> world_;
+};
+
+}  // namespace vornlab

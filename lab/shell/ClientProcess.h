@@ -1,0 +1,39 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace vornlab {
+
+// The stand-in client as a process of its own. Ends with this object.
+class ClientProcess {
+ public:
+  ClientProcess() = default;
+  ~ClientProcess();
+  ClientProcess(const ClientProcess&) = delete;
+  ClientProcess& operator=(const ClientProcess&) = delete;
+
+  // Starts a program with its arguments and waits until it has printed a line, which is how it says that it
+  // listens. What it writes to its error output goes to a file. Throws LabError, with the end of that file, when
+  // it cannot be started, ends before its line, or says nothing within the seconds.
+  void start(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+             const std::filesystem::path& errorFile, double timeoutSeconds);
+
+  bool isRunning();
+  pid_t id() const { return id_; }
+  // Asks it to end, and ends it when it has not done so within five seconds. Nothing when none is running.
+  void stop();
+
+ private:
+  void waitForLine(int output, double timeoutSeconds);
+  std::string lastErrors() const;
+  bool hasEnded();
+
+  pid_t id_ = 0;
+  std::filesystem::path errorFile_;
+};
+
+}  // namespace vornlab

@@ -1,0 +1,103 @@
+#include "lab/shell/DemoCommand.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+
+#include "lab/outlook/CalendarStore.h"
+#include "lab/shell/Masking.h"
+#include "lab/shell/MeetingRoad.h"
+#include "lab/shell/Session.h"
+
+namespace vornlab {
+namespace {
+
+void printFact(const char* name, const std::string& value) { std::printf("  %-10s %s\n", name, value.c_str()); }
+
+std::string timeText(const std::optional<CalendarTime>& time) {
+  if (!time) return "-";
+  const auto seconds = static_cast<std::time_t>(time->seconds);
+  std::tm parts{};
+  gmtime_r(&seconds, &parts);
+  char text[32];
+  std::strftime(text, sizeof text, "%Y-%m-%d %H:%M UTC", &parts);
+  return time->zone == "UTC" ? text : text + (", stated in " + time->zone);
+}
+
+// The first lines of a body, so that what is new in it is seen.
+void printBody(const std::string& body) {
+  constexpr std::size_t kLines = 18;
+  constexpr std::size_t kColumns = 90;
+  if (body.empty()) return printFact("Body", "-");
+  printFact("Body", std::to_string(body.size()) + " bytes");
+  const std::string shown = masked(body);
+  std::size_t begin = 0;
+  for (std::size_t line = 0; line < kLines && begin < shown.size(); ++line) {
+    const std::size_t end = std::min(shown.find('\n', begin), shown.size());
+    std::string text = shown.substr(begin, end - begin);
+    if (text.size() > kColumns) text = text.substr(0, kColumns) + " ...";
+    std::printf("             | %s\n", text.c_str());
+    begin = end + 1;
+  }
+  if (begin < shown.size()) std::printf("             | ...\n");
+}
+
+void printAppointment(const char* title, const CalendarEvent& event) {
+  const MeetResult facts = describe(event);
+  std::printf("%s\n", title);
+  printFact("Subject", masked(facts.subject));
+  printFact("Starts", timeText(event.start()));
+  printFact("Ends", timeText(event.end()));
+  printFact("Location", facts.location.empty() ? "-" : masked(facts.location));
+  printFact("Attendees", std::to_string(event.attendees().size()));
+  printFact("Meeting", facts.meetingKey.empty() ? "none" : facts.meetingKey);
+  printBody(event.description().value_or(""));
+  std::printf("\n");
+}
+
+void printEnd(const MeetResult& result, const Session& session, const DemoOptions& options) {
+  std::printf("The calendar is in %s\n", options.output.c_str());
+  if (options.lab.keepWorld) std::printf("The world's folder is %s\n", session.world().root().c_str());
+  if (result.outcome == Outcome::failed) {
+    std::printf("The appointment got no meeting: %s\n", masked(result.reason).c_str());
+  } else {
+    std::printf(
+        "The appointment is an online meeting now: number %s, with a join URL in its location and an invitation "
+        "in its body.\n",
+        result.meetingKey.c_str());
+  }
+}
+
+}  // namespace
+
+ExitCode demo(const DemoOptions& options) {
+  CalendarStore calendar;
+  IcsProblem problem;
+  if (!calendar.load(options.calendar.string(), problem)) {
+    throw LabError("the demonstration's calendar " + options.calendar.string() + ": " + problem.message);
+  }
+  const std::vector<CalendarEvent> events = calendar.events();
+  if (events.empty()) throw LabError("the demonstration's calendar is empty");
+  printAppointment("The appointment before", events.front());
+
+  std::printf("The road (seconds, step, facts)\n");
+  const RoadPrinter printer(options.envelopes);
+  Session session(options.lab, calendar, {});
+  session.trace().setListener(
+      [&printer](std::string_view step, const vorn::Value& facts) { printer.print(step, facts); });
+  if (session.client().id() != 0) {
+    printer.say("lab", "the client listens, as process " + std::to_string(session.client().id()));
+  }
+  printer.say("lab", "the plug-in's bundle is loaded into the host and connected");
+  MeetingRoad road(session, options.lab.timeoutSeconds);
+  road.setNarrator([&printer](const std::string& act) { printer.say("person", act); });
+  const MeetResult result = road.take(events.front());
+  std::printf("\n");
+
+  printAppointment("The appointment after", events.front());
+  if (!calendar.save(options.output.string())) throw LabError("cannot write " + options.output.string());
+  printEnd(result, session, options);
+  return result.outcome == Outcome::failed ? ExitCode::somethingFailed : ExitCode::done;
+}
+
+}  // namespace vornlab

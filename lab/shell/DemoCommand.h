@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+
+#include "lab/shell/LabError.h"
+#include "lab/shell/LabOptions.h"
+#include "lab/shell/RoadPrinter.h"
+
+namespace vornlab {
+
+struct DemoOptions {
+  // The calendar whose first appointment is taken.
+  std::filesystem::path calendar;
+  // Where the changed calendar goes.
+  std::filesystem::path output;
+  RoadPrinter::Envelopes envelopes = RoadPrinter::Envelopes::cut;
+  LabOptions lab;
+};
+
+// Shows one appointment become an online meeting, step by step, with nothing secret on the screen. Throws LabError
+// when it cannot begin.
+ExitCode demo(const DemoOptions& options);
+
+}  // namespace vornlab

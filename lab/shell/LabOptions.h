@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace vornlab {
+
+// What every command that starts the laboratory can be told.
+struct LabOptions {
+  // Where the bundle, the client's application and the demonstration's calendar lie.
+  std::filesystem::path programs;
+  // A folder for the world; "" for one that is removed at the end.
+  std::filesystem::path world;
+  bool keepWorld = false;
+  // Where the stand-in service keeps its meetings; ":memory:" forgets them at the end.
+  std::string clientDatabase = ":memory:";
+  // Who is signed in at the client; "" for the plain account.
+  std::filesystem::path account;
+  // Seconds that one appointment may take.
+  double timeoutSeconds = 60;
+
+  // For trying what goes wrong.
+  bool withoutClient = false;
+  std::string clientVersion;
+  std::vector<std::string> clientArguments;
+};
+
+}  // namespace vornlab

@@ -1,0 +1,38 @@
+#include "lab/shell/LoadedPlugin.h"
+
+#include <dlfcn.h>
+
+#include <string>
+
+#include "lab/shell/LabError.h"
+
+namespace vornlab {
+namespace {
+
+template <typename Function>
+Function entryPoint(void* module, const char* name) {
+  return reinterpret_cast<Function>(dlsym(module, name));
+}
+
+}  // namespace
+
+LoadedPlugin::LoadedPlugin(const std::filesystem::path& bundle, const vorn::Platform& platform) {
+  const auto path = bundle / "Contents/MacOS/vOutlookPlugin";
+  // The module stays mapped after the end: objects of its classes may outlive the unloading for a moment.
+  module_ = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  if (module_ == nullptr) throw LabError(std::string("the plug-in cannot be loaded: ") + dlerror());
+  const auto load = entryPoint<int (*)(const vorn::Platform*)>(module_, "vOutlookPluginLoad");
+  unload_ = entryPoint<void (*)()>(module_, "vOutlookPluginUnload");
+  const bool loaded = load != nullptr && unload_ != nullptr && load(&platform) == 0;
+  if (!loaded) {
+    dlclose(module_);
+    throw LabError("the plug-in at " + path.string() + " refuses to load");
+  }
+}
+
+LoadedPlugin::~LoadedPlugin() {
+  unload_();
+  dlclose(module_);
+}
+
+}  // namespace vornlab

@@ -1,0 +1,118 @@
+#include "lab/shell/MeetCommand.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+#include "lab/outlook/CalendarStore.h"
+#include "lab/shell/MeetingRoad.h"
+#include "lab/shell/ProgressBar.h"
+#include "lab/shell/Session.h"
+
+namespace vornlab {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string lowerCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c); });
+  return text;
+}
+
+// Why an appointment gets no meeting of its own, or "".
+std::string reasonToSkip(const CalendarEvent& event, const std::string& me) {
+  if (event.isException()) return "a changed occurrence follows its series";
+  if (event.isCancelled()) return "the appointment is cancelled";
+  const std::string organizer = event.organizerAddress();
+  if (!me.empty() && !organizer.empty() && lowerCase(organizer) != lowerCase(me))
+    return "somebody else organizes it";
+  return "";
+}
+
+// Whether a file can be made there is better known before the service has made its meetings.
+void expectWritable(const fs::path& output) {
+  const fs::path folder = output.has_parent_path() ? output.parent_path() : fs::path(".");
+  if (fs::is_directory(output)) throw UsageError(output.string() + " is a folder");
+  if (access(folder.c_str(), W_OK) != 0) throw UsageError("cannot write into the folder " + folder.string());
+}
+
+class MeetRun {
+ public:
+  explicit MeetRun(const MeetOptions& options) : options_(options), report_(options.form) {}
+
+  ExitCode run() {
+    expectWritable(options_.output);
+    load(calendar_, options_.input);
+    std::vector<CalendarEvent> chosen = chooseEvents();
+    const auto began = std::chrono::steady_clock::now();
+    std::size_t sent = 0;
+    std::size_t received = 0;
+    if (!chosen.empty()) {
+      OutlookHost::Options hostOptions;
+      hostOptions.userAddress = options_.me;
+      Session session(options_.lab, calendar_, hostOptions);
+      takeAll(chosen, session);
+      sent = session.trace().sent();
+      received = session.trace().received();
+    }
+    if (!calendar_.save(options_.output.string())) throw LabError("cannot write " + options_.output.string());
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
+    report_.tellSummary(sent, received, took.count());
+    return report_.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
+  }
+
+  static void load(CalendarStore& calendar, const fs::path& input) {
+    IcsProblem problem;
+    if (calendar.load(input.string(), problem)) return;
+    const std::string line = problem.line == 0 ? "" : ":" + std::to_string(problem.line);
+    throw UsageError(input.string() + line + ": " + problem.message);
+  }
+
+ private:
+  std::vector<CalendarEvent> chooseEvents() {
+    std::vector<CalendarEvent> events = calendar_.events();
+    if (options_.all) return events;
+    for (const std::string& uid : options_.uids) {
+      if (calendar_.find(uid) || !calendar_.exceptionsOf(uid).empty()) continue;
+      MeetResult unknown;
+      unknown.uid = uid;
+      unknown.reason = "the calendar has no appointment with this UID";
+      report_.tell(unknown);
+    }
+    std::erase_if(events, [this](const CalendarEvent& event) {
+      return std::find(options_.uids.begin(), options_.uids.end(), event.uid()) == options_.uids.end();
+    });
+    return events;
+  }
+
+  void takeAll(const std::vector<CalendarEvent>& events, Session& session) {
+    ProgressBar progress(stderr, options_.all ? events.size() : 0);
+    MeetingRoad road(session, options_.lab.timeoutSeconds);
+    for (std::size_t i = 0; i < events.size(); ++i) {
+      progress.show(i);
+      MeetResult result;
+      if (const std::string reason = reasonToSkip(events[i], options_.me); reason.empty()) {
+        result = road.take(events[i]);
+      } else {
+        result = describe(events[i]);
+        result.outcome = Outcome::skipped;
+        result.reason = reason;
+      }
+      progress.hide();
+      report_.tell(result);
+    }
+  }
+
+  const MeetOptions& options_;
+  MeetReport report_;
+  CalendarStore calendar_;
+};
+
+}  // namespace
+
+ExitCode meet(const MeetOptions& options) { return MeetRun(options).run(); }
+
+}  // namespace vornlab

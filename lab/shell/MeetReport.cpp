@@ -1,0 +1,76 @@
+#include "lab/shell/MeetReport.h"
+
+#include <cmath>
+#include <cstdio>
+#include <nlohmann/json.hpp>
+#include <numeric>
+
+namespace vornlab {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::array<std::string_view, 5> kNames{"added", "updated", "unchanged", "skipped", "failed"};
+
+void printLine(const Json& object) {
+  // What is not UTF-8 in a calendar comes out as U+FFFD, so that each line is JSON whatever the file holds.
+  std::puts(object.dump(-1, ' ', false, Json::error_handler_t::replace).c_str());
+  std::fflush(stdout);
+}
+
+// The text on one line, cut to a number of characters.
+std::string cut(std::string_view text, std::size_t most) {
+  std::string result;
+  std::size_t characters = 0;
+  for (const char byte : text) {
+    const bool isFirstByte = (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+    if (isFirstByte && ++characters > most) return result + "...";
+    result += static_cast<unsigned char>(byte) < ' ' ? ' ' : byte;
+  }
+  return result + std::string(most + 3 - characters, ' ');
+}
+
+}  // namespace
+
+std::string_view nameOf(Outcome outcome) { return kNames[static_cast<std::size_t>(outcome)]; }
+
+std::size_t MeetReport::appointments() const {
+  return std::accumulate(counts_.begin(), counts_.end(), std::size_t{0});
+}
+
+void MeetReport::tell(const MeetResult& result) {
+  ++counts_[static_cast<std::size_t>(result.outcome)];
+  if (form_ == Form::json) {
+    printLine(Json{{"uid", result.uid},
+                   {"subject", result.subject},
+                   {"result", nameOf(result.outcome)},
+                   {"reason", result.reason},
+                   {"meetingKey", result.meetingKey},
+                   {"location", result.location}});
+    return;
+  }
+  const std::string& told = result.reason.empty() ? result.location : result.reason;
+  const std::string subject = result.subject.empty() ? "(no subject)" : result.subject;
+  std::printf("%-10s %s %s\n", std::string(nameOf(result.outcome)).c_str(), cut(subject, 32).c_str(),
+              told.c_str());
+  std::fflush(stdout);
+}
+
+void MeetReport::tellSummary(std::size_t sent, std::size_t received, double seconds) const {
+  if (form_ == Form::json) {
+    Json summary{{"appointments", appointments()}};
+    for (std::size_t i = 0; i < kNames.size(); ++i) summary[std::string(kNames[i])] = counts_[i];
+    summary["sent"] = sent;
+    summary["received"] = received;
+    summary["seconds"] = std::round(seconds * 1000) / 1000;
+    printLine(Json{{"summary", summary}});
+    return;
+  }
+  std::printf("\n%zu appointments:", appointments());
+  for (std::size_t i = 0; i < kNames.size(); ++i) {
+    std::printf("%s %zu %s", i == 0 ? "" : ",", counts_[i], std::string(kNames[i]).c_str());
+  }
+  std::printf("; %zu requests and %zu replies in %.1f seconds\n", sent, received, seconds);
+}
+
+}  // namespace vornlab

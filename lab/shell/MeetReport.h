@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vornlab {
+
+enum class Outcome { added, updated, unchanged, skipped, failed };
+
+std::string_view nameOf(Outcome outcome);
+
+// What became of one appointment.
+struct MeetResult {
+  std::string uid;
+  std::string subject;
+  Outcome outcome = Outcome::failed;
+  std::string reason;
+  std::string meetingKey;
+  std::string location;
+};
+
+// Tells the results of a run, one line each, and a summary, for people or as one JSON object a line. Passcodes are
+// not masked: the result belongs to the person whose calendar it is.
+class MeetReport {
+ public:
+  enum class Form { table, json };
+
+  explicit MeetReport(Form form) : form_(form) {}
+
+  void tell(const MeetResult& result);
+  void tellSummary(std::size_t sent, std::size_t received, double seconds) const;
+
+  std::size_t count(Outcome outcome) const { return counts_[static_cast<std::size_t>(outcome)]; }
+  std::size_t appointments() const;
+
+ private:
+  Form form_;
+  std::array<std::size_t, 5> counts_{};
+};
+
+}  // namespace vornlab

@@ -1,0 +1,138 @@
+#include "lab/shell/MeetingRoad.h"
+
+#include <nlohmann/json.hpp>
+
+namespace vornlab {
+namespace {
+
+// The plug-in clears up a hundredth of a second after a window has closed, and what it clears is shared by all
+// windows: the next editor has to wait for it.
+constexpr double kClearingSeconds = 0.011;
+
+std::string meetingKeyOf(const CalendarEvent& event) {
+  for (const vorn::OptionalText& record : {event.olmUCInband(), event.olmUCCapabilities()}) {
+    const auto document = nlohmann::json::parse(record.value_or(""), nullptr, false);
+    if (!document.is_object()) continue;
+    const auto key = document.find("meetingKey");
+    if (key != document.end() && key->is_string()) return key->get<std::string>();
+  }
+  return "";
+}
+
+std::string seconds(double count) {
+  std::string text = std::to_string(count);
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.back() == '.') text.pop_back();
+  return text + (text == "1" ? " second" : " seconds");
+}
+
+}  // namespace
+
+MeetResult describe(const CalendarEvent& event) {
+  MeetResult result;
+  result.uid = event.uid();
+  result.subject = event.summary().value_or("");
+  result.meetingKey = meetingKeyOf(event);
+  result.location = event.location().value_or("");
+  return result;
+}
+
+MeetResult MeetingRoad::take(CalendarEvent event) {
+  began_ = std::chrono::steady_clock::now();
+  RoadTrace& trace = session_.trace();
+  sentBefore_ = trace.sent();
+  receivedBefore_ = trace.received();
+  const std::size_t commitsBefore = trace.commits();
+  trace.forgetTrouble();
+  const bool hadMeeting = !meetingKeyOf(event).empty();
+  const std::string textBefore = event.calendarText();
+
+  OutlookHost& host = session_.host();
+  tell("opens the appointment");
+  const EditorId editor = host.openEditorAt(event.index());
+  MeetResult walked;
+  walked.reason = editor == 0 ? "the host cannot open the appointment" : walk(editor, walked);
+  if (host.isOpen(editor)) {
+    tell("closes the editor without saving");
+    host.closeWithoutSaving(editor);
+  }
+  session_.passTime(kClearingSeconds);
+
+  MeetResult result = describe(event);
+  result.reason = walked.reason;
+  if (!result.reason.empty()) {
+    result.outcome = walked.outcome;
+  } else if (result.meetingKey.empty()) {
+    result.outcome = Outcome::failed;
+    result.reason = "the appointment was stored without a meeting";
+  } else if (!hadMeeting) {
+    result.outcome = Outcome::added;
+  } else {
+    const bool isUpdated = trace.commits() > commitsBefore || event.calendarText() != textBefore;
+    result.outcome = isUpdated ? Outcome::updated : Outcome::unchanged;
+  }
+  return result;
+}
+
+std::string MeetingRoad::walk(EditorId editor, MeetResult& result) {
+  if (std::string reason = waitForQuiet(); !reason.empty()) return reason;
+  if (!session_.host().barView(editor)) return "the plug-in put no bar into the editor";
+  if (isShown(editor, "isAddButtonHidden")) {
+    if (std::string reason = addMeeting(editor); !reason.empty()) return reason;
+  } else if (!isShown(editor, "isCancelButtonHidden")) {
+    result.outcome = Outcome::skipped;
+    return "the plug-in offers no meeting for it";
+  }
+  return finishEditing(editor);
+}
+
+std::string MeetingRoad::addMeeting(EditorId editor) {
+  tell("clicks Add");
+  session_.host().clickBar(editor, "onClickAddVornMeeting:");
+  if (std::string reason = waitForQuiet(); !reason.empty()) return reason;
+  if (isShown(editor, "isCancelButtonHidden")) return "";
+  const std::string& refusal = session_.trace().refusal();
+  return refusal.empty() ? "the plug-in did not add a meeting" : "the client refused, with error " + refusal;
+}
+
+std::string MeetingRoad::finishEditing(EditorId editor) {
+  OutlookHost& host = session_.host();
+  if (host.hasAttendees(editor)) {
+    tell("sends the meeting");
+    host.send(editor);
+  } else {
+    tell("saves and closes");
+    host.saveAndClose(editor);
+  }
+  if (std::string reason = waitForQuiet(); !reason.empty() && host.isOpen(editor)) return reason;
+  if (host.isOpen(editor)) return "the editor stayed open";
+  tell("sees the editor close; the appointment is stored");
+  return "";
+}
+
+std::string MeetingRoad::waitForQuiet() {
+  const auto quiet = session_.waitForQuiet(sentBefore_, receivedBefore_, secondsLeft());
+  // The plug-in's own words tell more than what was noticed from outside.
+  if (!session_.trace().alert().empty()) return session_.trace().alert();
+  switch (quiet) {
+    case Session::Quiet::reached: return "";
+    case Session::Quiet::clientGone: return "the client ended before it answered";
+    case Session::Quiet::timeout: break;
+  }
+  return "the client did not answer within " + seconds(timeoutSeconds_);
+}
+
+bool MeetingRoad::isShown(EditorId editor, const char* isHiddenSelector) {
+  return !session_.runtime().send(session_.host().barView(editor), isHiddenSelector).boolValue();
+}
+
+void MeetingRoad::tell(const std::string& act) const {
+  if (narrator_) narrator_(act);
+}
+
+double MeetingRoad::secondsLeft() const {
+  const std::chrono::duration<double> since = std::chrono::steady_clock::now() - began_;
+  return std::max(0.0, timeoutSeconds_ - since.count());
+}
+
+}  // namespace vornlab

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "lab/outlook/CalendarStore.h"
+#include "lab/shell/MeetReport.h"
+#include "lab/shell/Session.h"
+
+namespace vornlab {
+
+// Leads one appointment after another through the whole road: the editor opens, a person clicks Add when the bar
+// offers it, and saves or sends; the plug-in does the rest.
+class MeetingRoad {
+ public:
+  // What a person does, as it happens.
+  using Narrator = std::function<void(const std::string& act)>;
+
+  MeetingRoad(Session& session, double timeoutSeconds) : session_(session), timeoutSeconds_(timeoutSeconds) {}
+
+  void setNarrator(Narrator narrator) { narrator_ = std::move(narrator); }
+
+  // Throws LabError only when the person wants the program to end.
+  MeetResult take(CalendarEvent event);
+
+ private:
+  using EditorId = OutlookHost::EditorId;
+
+  // Each answers why the road ended there, or "".
+  std::string walk(EditorId editor, MeetResult& result);
+  std::string addMeeting(EditorId editor);
+  std::string finishEditing(EditorId editor);
+  std::string waitForQuiet();
+
+  bool isShown(EditorId editor, const char* isHiddenSelector);
+  void tell(const std::string& act) const;
+  double secondsLeft() const;
+
+  Session& session_;
+  double timeoutSeconds_;
+  Narrator narrator_;
+  std::chrono::steady_clock::time_point began_;
+  std::size_t sentBefore_ = 0;
+  std::size_t receivedBefore_ = 0;
+};
+
+// The result of an appointment as it stands in the calendar: its names, its meeting's key and its location.
+MeetResult describe(const CalendarEvent& event);
+
+}  // namespace vornlab

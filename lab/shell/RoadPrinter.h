@@ -1,0 +1,30 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <string_view>
+
+#include "util/Value.h"
+
+namespace vornlab {
+
+// Prints the steps of the road in words, one line each, with the time since the printer was made. What the plug-in
+// tells is covered already; whatever else is printed goes through masked().
+class RoadPrinter {
+ public:
+  enum class Envelopes { cut, whole };
+
+  explicit RoadPrinter(Envelopes envelopes) : envelopes_(envelopes) {}
+
+  void print(std::string_view step, const vorn::Value& facts) const;
+  // A line of what happens outside the plug-in, such as a click.
+  void say(std::string_view who, const std::string& what) const;
+
+ private:
+  void printEnvelope(std::string_view direction, const std::string& what, const vorn::Value& facts) const;
+
+  Envelopes envelopes_;
+  std::chrono::steady_clock::time_point began_ = std::chrono::steady_clock::now();
+};
+
+}  // namespace vornlab

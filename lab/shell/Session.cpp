@@ -1,0 +1,136 @@
+#include "lab/shell/Session.h"
+
+#include "lab/client/Account.h"
+#include "lab/shell/Interruption.h"
+#include "lab/shell/LabError.h"
+#include "util/AtomicFile.h"
+
+namespace vornlab {
+namespace {
+
+constexpr auto kHostDomain = "com.microsoft.Outlook";
+// What a start may take on a machine that is busy with other things.
+constexpr double kStartSeconds = 20;
+constexpr double kLookAgainSeconds = 0.005;
+
+std::string userIdOf(const LabOptions& options) {
+  try {
+    return (options.account.empty() ? Account::plain() : Account::fromFile(options.account.string())).userId;
+  } catch (const AccountError& error) {
+    throw UsageError(error.what());
+  }
+}
+
+World::Options worldOptions(const LabOptions& options) {
+  World::Options world;
+  world.folder = options.world;
+  world.keep = options.keepWorld;
+  if (!options.withoutClient) world.client = options.programs / "vornclient.app";
+  world.clientVersion = options.clientVersion;
+  world.userId = userIdOf(options);
+  return world;
+}
+
+vorn::EmbeddedSurroundings::Options surroundingsOptions(const World& world, const LabOptions& options) {
+  vorn::EmbeddedSurroundings::Options surroundings;
+  surroundings.home = world.home().string();
+  surroundings.documents = world.documents().string();
+  surroundings.applications = world.applications().string();
+  surroundings.resources = (options.programs / "vOutlookPlugin.bundle/Contents/Resources").string();
+  surroundings.languages = {"en-US"};
+  return surroundings;
+}
+
+}  // namespace
+
+Session::Session(const LabOptions& options, CalendarStore& calendar, const OutlookHost::Options& hostOptions)
+    : world_(worldOptions(options)),
+      userDefaults_(world_.preferences().string(), kHostDomain),
+      workspace_(world_.root().string(), {world_.applications().string()}),
+      surroundings_(surroundingsOptions(world_, options)),
+      presenter_(runtime_),
+      host_(runtime_, runLoop_, center_, hostOptions) {
+  // Where an alert offers to start the client, the person declines.
+  presenter_.setAnswer(vorn::Presenter::Answer::alternateButton);
+  if (!options.withoutClient) startClient(options);
+  host_.defineClasses();
+  host_.open(calendar);
+  plugin_.emplace(options.programs / "vOutlookPlugin.bundle", platform());
+  host_.openMainWindow();
+  if (!options.withoutClient) waitForConnection();
+}
+
+Session::~Session() {
+  host_.closeMainWindow();
+  plugin_.reset();
+}
+
+vorn::Platform Session::platform() {
+  vorn::Platform platform;
+  platform.runLoop = &runLoop_;
+  platform.notificationCenter = &center_;
+  platform.classRuntime = &runtime_;
+  platform.userDefaults = &userDefaults_;
+  platform.workspace = &workspace_;
+  platform.presenter = &presenter_;
+  platform.surroundings = &surroundings_;
+  platform.trace = &trace_;
+  return platform;
+}
+
+void Session::startClient(const LabOptions& options) {
+  const std::filesystem::path database = options.clientDatabase;
+  std::vector<std::string> arguments{"--home", world_.home(), "--db", database, "--journal", world_.journal()};
+  if (!options.account.empty()) arguments.insert(arguments.end(), {"--account", options.account});
+  arguments.insert(arguments.end(), options.clientArguments.begin(), options.clientArguments.end());
+  if (database.has_parent_path()) {
+    std::error_code failed;
+    std::filesystem::create_directories(database.parent_path(), failed);
+    if (failed) throw LabError("cannot make the folder of " + database.string() + ": " + failed.message());
+  }
+  client_.start(world_.clientProgram(), arguments, world_.clientErrors(), kStartSeconds);
+}
+
+void Session::waitForConnection() {
+  if (!waitUntil([this] { return hasConnected(); }, kStartSeconds)) {
+    throw LabError("the plug-in did not connect to the client");
+  }
+}
+
+bool Session::hasConnected() const {
+  return vorn::readFile(world_.journal().string()).value_or("").find("\"event\":\"connected\"") !=
+         std::string::npos;
+}
+
+bool Session::waitUntil(const std::function<bool()>& condition, double seconds) {
+  // The loop asks after each of its tasks only, and what is waited for may happen outside it.
+  const auto lookAgain =
+      runLoop_.scheduledTimer(kLookAgainSeconds, vorn::RunLoop::Repeats::yes, [](vorn::RunLoop::Timer&) {});
+  const bool holds = runLoop_.runUntil([&] { return Interruption::requested() || condition(); }, seconds);
+  lookAgain->invalidate();
+  if (Interruption::requested()) throw LabError("interrupted; nothing was written");
+  return holds;
+}
+
+void Session::passTime(double seconds) {
+  bool isOver = false;
+  runLoop_.performAfter(seconds, this, "passTime", [&isOver] { isOver = true; });
+  waitUntil([&isOver] { return isOver; }, seconds + kStartSeconds);
+  runLoop_.cancelPrevious(this);
+}
+
+Session::Quiet Session::waitForQuiet(std::size_t sentBefore, std::size_t receivedBefore, double seconds) {
+  const auto isAnswered = [&] { return trace_.sent() - sentBefore <= trace_.received() - receivedBefore; };
+  const double deadline = runLoop_.now() + seconds;
+  while (true) {
+    const auto isOver = [&] { return isAnswered() || !client_.isRunning(); };
+    if (!waitUntil(isOver, deadline - runLoop_.now())) return Quiet::timeout;
+    if (!isAnswered()) return Quiet::clientGone;
+    // A reply may lead to a call that is put off to the loop's next turn, and that to a further request.
+    passTime(0);
+    passTime(0);
+    if (isAnswered()) return Quiet::reached;
+  }
+}
+
+}  // namespace vornlab

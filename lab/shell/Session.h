@@ -1,0 +1,72 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "lab/outlook/CalendarStore.h"
+#include "lab/outlook/OutlookHost.h"
+#include "lab/shell/ClientProcess.h"
+#include "lab/shell/LabOptions.h"
+#include "lab/shell/LoadedPlugin.h"
+#include "lab/shell/RoadTrace.h"
+#include "lab/shell/World.h"
+#include "platform/NotificationCenter.h"
+#include "platform/embedded/AsioRunLoop.h"
+#include "platform/embedded/EmbeddedClassRuntime.h"
+#include "platform/embedded/EmbeddedPresenter.h"
+#include "platform/embedded/EmbeddedSurroundings.h"
+#include "platform/embedded/EmbeddedUserDefaults.h"
+#include "platform/embedded/EmbeddedWorkspace.h"
+
+namespace vornlab {
+
+// A running laboratory: the world, the client's process, the host with a calendar, and the plug-in loaded into it.
+// Everything is stopped, the youngest first, when this object ends.
+class Session {
+ public:
+  // Returns when the client listens and the plug-in has connected to it, or at once on a machine without a client.
+  // The calendar must outlive this object. Throws LabError when something cannot be started.
+  Session(const LabOptions& options, CalendarStore& calendar, const OutlookHost::Options& hostOptions);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  const World& world() const { return world_; }
+  const ClientProcess& client() const { return client_; }
+  OutlookHost& host() { return host_; }
+  vorn::EmbeddedClassRuntime& runtime() { return runtime_; }
+  RoadTrace& trace() { return trace_; }
+
+  // Runs the host's loop until the condition holds or the seconds are over, and answers whether it holds. Throws
+  // LabError when the person wants the program to end.
+  bool waitUntil(const std::function<bool()>& condition, double seconds);
+  // Runs the loop until all calls that are put off by at most these seconds have run.
+  void passTime(double seconds);
+
+  enum class Quiet { reached, clientGone, timeout };
+  // Runs the loop until every request since the given counts has its reply and nothing more is due at once.
+  Quiet waitForQuiet(std::size_t sentBefore, std::size_t receivedBefore, double seconds);
+
+ private:
+  vorn::Platform platform();
+  void startClient(const LabOptions& options);
+  void waitForConnection();
+  bool hasConnected() const;
+
+  World world_;
+  ClientProcess client_;
+  vorn::AsioRunLoop runLoop_;
+  vorn::NotificationCenter center_;
+  vorn::EmbeddedClassRuntime runtime_;
+  vorn::EmbeddedUserDefaults userDefaults_;
+  vorn::EmbeddedWorkspace workspace_;
+  vorn::EmbeddedSurroundings surroundings_;
+  vorn::EmbeddedPresenter presenter_;
+  RoadTrace trace_;
+  OutlookHost host_;
+  std::optional<LoadedPlugin> plugin_;
+};
+
+}  // namespace vornlab

@@ -1,0 +1,99 @@
+#include "lab/shell/World.h"
+
+#include <stdlib.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "lab/shell/LabError.h"
+#include "util/PropertyList.h"
+
+namespace vornlab {
+namespace {
+
+namespace fs = std::filesystem;
+using vorn::Value;
+
+constexpr auto kOutlookIdentifier = "com.microsoft.Outlook";
+constexpr auto kOutlookVersion = "16.78.1";
+// Room for "/home/s.vop" and the closing zero in a socket's address.
+constexpr std::size_t kLongestRoot = 107 - 12;
+
+void writeList(const Value& value, const fs::path& path) {
+  if (!vorn::writePropertyList(value, path.string())) throw LabError("cannot write " + path.string());
+}
+
+// Links where both lie on one disk, so that no megabytes are copied, and copies elsewhere.
+void installFile(const fs::path& from, const fs::path& to) {
+  std::error_code failed;
+  fs::create_hard_link(from, to, failed);
+  if (failed) fs::copy_file(from, to, fs::copy_options::overwrite_existing);
+}
+
+}  // namespace
+
+World::World(const Options& options) {
+  makeRoot(options.folder);
+  removeAtEnd_ = options.folder.empty() && !options.keep;
+  try {
+    for (const fs::path& folder : {documents(), preferences(), applications()}) fs::create_directories(folder);
+    installOutlook();
+    if (!options.client.empty()) installClient(options.client, options.clientVersion);
+    switchPanelOff(options.userId);
+  } catch (const fs::filesystem_error& error) {
+    throw LabError(error.what());
+  }
+}
+
+World::~World() {
+  std::error_code ignored;
+  if (removeAtEnd_) fs::remove_all(root_, ignored);
+}
+
+fs::path World::clientProgram() const { return applications() / "vornclient.app/Contents/MacOS/vornclient"; }
+
+void World::makeRoot(const fs::path& folder) {
+  if (folder.empty()) {
+    std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make " + name + ": " + std::strerror(errno));
+    root_ = fs::canonical(name);
+  } else {
+    std::error_code failed;
+    fs::create_directories(folder, failed);
+    root_ = fs::canonical(folder, failed);
+    if (failed) throw LabError("cannot make the folder " + folder.string() + ": " + failed.message());
+  }
+  if (root_.native().size() > kLongestRoot) {
+    throw LabError("the path of the folder " + root_.string() + " is too long for a socket in it");
+  }
+}
+
+void World::installOutlook() const {
+  const fs::path contents = applications() / "Microsoft Outlook.app/Contents";
+  fs::create_directories(contents);
+  writeList(Value(Value::Dictionary{{"CFBundleIdentifier", kOutlookIdentifier},
+                                    {"CFBundleShortVersionString", kOutlookVersion}}),
+            contents / "Info.plist");
+}
+
+void World::installClient(const fs::path& application, const std::string& version) const {
+  const fs::path target = applications() / "vornclient.app";
+  fs::remove_all(target);
+  fs::create_directories(target / "Contents/MacOS");
+  installFile(application / "Contents/MacOS/vornclient", clientProgram());
+  Value facts = vorn::readPropertyList((application / "Contents/Info.plist").string());
+  if (!version.empty()) {
+    facts.set("CFBundleShortVersionString", version);
+    facts.set("CFBundleVersion", version);
+  }
+  writeList(facts, target / "Contents/Info.plist");
+}
+
+// The file format is a property list of one text that holds JSON.
+void World::switchPanelOff(const std::string& userId) const {
+  const fs::path folder = documents() / "VornOutlookPlugin";
+  fs::create_directories(folder);
+  writeList(Value(Value::Array{R"({"notShowMeAgain": true})"}), folder / (userId + ".txt"));
+}
+
+}  // namespace vornlab

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace vornlab {
+
+// The folders of one small machine: a home, an Applications folder with the two programs, and the user's files.
+//
+//   home/Documents/VornOutlookPlugin/<user id>.txt   the saved profile, with the settings panel switched off
+//   home/Library/Preferences/                        user defaults
+//   Applications/Microsoft Outlook.app               its version only
+//   Applications/vornclient.app                      the stand-in client, a real program
+//   journal, client.err                              what the client writes
+class World {
+ public:
+  struct Options {
+    // An existing or new folder; "" makes one in the system's folder for temporary files. Its path must be short:
+    // a socket in its home has room for about a hundred bytes.
+    std::filesystem::path folder;
+    // Whether a folder that was made here stays at the end. A folder that was named always stays.
+    bool keep = false;
+    // The application to install as the client; "" for a machine without one.
+    std::filesystem::path client;
+    // The version that the installed client shows; "" for its own.
+    std::string clientVersion;
+    // The user who is signed in at the client.
+    std::string userId;
+  };
+
+  // Throws LabError when something cannot be made.
+  explicit World(const Options& options);
+  ~World();
+  World(const World&) = delete;
+  World& operator=(const World&) = delete;
+
+  const std::filesystem::path& root() const { return root_; }
+  std::filesystem::path home() const { return root_ / "home"; }
+  std::filesystem::path documents() const { return home() / "Documents"; }
+  std::filesystem::path preferences() const { return home() / "Library/Preferences"; }
+  std::filesystem::path applications() const { return root_ / "Applications"; }
+  std::filesystem::path clientProgram() const;
+  std::filesystem::path journal() const { return root_ / "journal"; }
+  std::filesystem::path clientErrors() const { return root_ / "client.err"; }
+
+ private:
+  void makeRoot(const std::filesystem::path& folder);
+  void installOutlook() const;
+  void installClient(const std::filesystem::path& application, const std::string& version) const;
+  void switchPanelOff(const std::string& userId) const;
+
+  std::filesystem::path root_;
+  bool removeAtEnd_ = false;
+};
+
+}  // namespace vornlab

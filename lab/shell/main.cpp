@@ -1,0 +1,124 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "lab/shell/DemoCommand.h"
+#include "lab/shell/Interruption.h"
+#include "lab/shell/MeetCommand.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using vornlab::DemoOptions;
+using vornlab::ExitCode;
+using vornlab::LabError;
+using vornlab::LabOptions;
+using vornlab::MeetOptions;
+
+// The folder of this program, where the bundle and the client's application lie too.
+fs::path ownFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
+
+// The stand-in service has to know tomorrow the meetings that it made today.
+std::string defaultDatabase() {
+  const char* state = std::getenv("XDG_STATE_HOME");
+  if (state != nullptr && *state != '\0') return fs::path(state) / "vornlab/meetings.db";
+  const char* home = std::getenv("HOME");
+  return home == nullptr ? "" : (fs::path(home) / ".local/state/vornlab/meetings.db").string();
+}
+
+void addLabOptions(CLI::App& command, LabOptions& lab) {
+  command.add_option("--account", lab.account, "who is signed in at the client; see docs/laboratory.md")
+      ->check(CLI::ExistingFile);
+  command.add_option("--timeout", lab.timeoutSeconds, "seconds that one appointment may take")
+      ->check(CLI::PositiveNumber)
+      ->capture_default_str();
+  const auto trying = "For trying what goes wrong";
+  command.add_option("--world", lab.world, "a folder for the world, which stays at the end")->group(trying);
+  command.add_flag("--without-client", lab.withoutClient, "a machine without a client")->group(trying);
+  command.add_option("--client-version", lab.clientVersion, "the version that the client shows")->group(trying);
+  command.add_option("--client-option", lab.clientArguments, "an argument for the client; may be repeated")
+      ->group(trying)
+      ->take_all();
+}
+
+CLI::App* addMeet(CLI::App& program, MeetOptions& options) {
+  CLI::App* command = program.add_subcommand("meet", "give the appointments of a calendar file their meetings");
+  command->add_option("IN", options.input, "the calendar file")->required();
+  command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself")->required();
+  auto* which = command->add_option_group("which appointments");
+  which->add_option("--uid", options.uids, "one appointment; may be repeated");
+  which->add_flag("--all", options.all, "every appointment");
+  which->require_option(1);
+  command->add_flag_callback(
+      "--json", [&options] { options.form = vornlab::MeetReport::Form::json; }, "one JSON object a line");
+  options.lab.clientDatabase = defaultDatabase();
+  command->add_option("--client-db", options.lab.clientDatabase, "where the stand-in service keeps its meetings")
+      ->capture_default_str();
+  command->add_option("--me", options.me, "the address of the calendar's owner: what others organize is skipped");
+  addLabOptions(*command, options.lab);
+  return command;
+}
+
+CLI::App* addDemo(CLI::App& program, DemoOptions& options) {
+  CLI::App* command = program.add_subcommand("demo", "show one appointment become an online meeting");
+  options.calendar = options.lab.programs / "demo.ics";
+  options.output = options.lab.programs / "demo-online.ics";
+  command->add_option("--out", options.output, "where the changed calendar goes")->capture_default_str();
+  command->add_flag("--keep", options.lab.keepWorld, "leave the world's folder behind");
+  command->add_flag_callback(
+      "--full", [&options] { options.envelopes = vornlab::RoadPrinter::Envelopes::whole; },
+      "print envelopes as far as the plug-in shows them");
+  addLabOptions(*command, options.lab);
+  return command;
+}
+
+bool hasCommand(const CLI::App& program, const std::string& name) {
+  const auto commands = program.get_subcommands(nullptr);
+  return std::any_of(commands.begin(), commands.end(),
+                     [&](const CLI::App* command) { return command->get_name() == name; });
+}
+
+int run(int argc, char** argv) {
+  LabOptions lab;
+  lab.programs = ownFolder();
+  MeetOptions meetOptions;
+  meetOptions.lab = lab;
+  DemoOptions demoOptions;
+  demoOptions.lab = lab;
+
+  CLI::App program("The laboratory of the plug-in: a stand-in host and a stand-in client, driven from here.",
+                   "vornlab");
+  program.require_subcommand(1);
+  const CLI::App* meet = addMeet(program, meetOptions);
+  const CLI::App* demo = addDemo(program, demoOptions);
+
+  if (argc > 1 && argv[1][0] != '-' && !hasCommand(program, argv[1])) {
+    std::fprintf(stderr, "vornlab: there is no command \"%s\"; vornlab --help lists them\n", argv[1]);
+    return static_cast<int>(ExitCode::badUsage);
+  }
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error) == 0 ? 0 : static_cast<int>(ExitCode::badUsage);
+  }
+  if (meet->parsed()) return static_cast<int>(vornlab::meet(meetOptions));
+  if (demo->parsed()) return static_cast<int>(vornlab::demo(demoOptions));
+  return static_cast<int>(ExitCode::badUsage);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  vornlab::Interruption::install();
+  try {
+    return run(argc, argv);
+  } catch (const vornlab::UsageError& error) {
+    std::fprintf(stderr, "vornlab: %s\n", error.what());
+    return static_cast<int>(ExitCode::badUsage);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "vornlab: %s\n", error.what());
+    return static_cast<int>(ExitCode::somethingFailed);
+  }
+}

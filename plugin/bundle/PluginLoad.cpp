@@ -1,0 +1,44 @@
+#include "bundle/PluginLoad.h"
+
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "channel/store/vnCommon.h"
+#include "data/vnUserProfileHelper.h"
+#include "host/surface/HookInstaller.h"
+#include "host/surface/vnActionAdditionView.h"
+#include "platform/Registry.h"
+#include "workflow/WorkflowDirectory.h"
+#include "workflow/vnApptUIActionMgr.h"
+
+namespace vorn {
+
+namespace {
+
+// Lower rooms have said what they need of higher ones; here each gets it.
+void connectRooms() {
+  vnCommon::setUserIdSource([]() -> OptionalText {
+    vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+    return profile.hasUserProfile() ? profile.getUID() : std::nullopt;
+  });
+  vnClientFeatureMgr::sharedInstance().setEditCountriesSource(
+      [] { return vnUserProfileHelper::sharedInstance().supportEditCountriesFeature(); });
+  WorkflowDirectory::sharedInstance().install();
+  vnApptUIActionMgr::sharedInstance().setBarFactory(
+      [](const HostObject& headerView) { vnActionAdditionView::create(headerView); });
+}
+
+}  // namespace
+
+void loadPlugin(const Platform& platform) {
+  if (Registry::platform().runLoop) return;
+  Registry::install(platform);
+  attachPlugin();
+}
+
+void attachPlugin() {
+  connectRooms();
+  HookInstaller::sharedInstance().load();
+}
+
+void unloadPlugin() { Registry::reset(); }
+
+}  // namespace vorn

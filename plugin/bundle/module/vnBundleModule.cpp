@@ -1,0 +1,18 @@
+// The two symbols that a host of the embedded world finds in the bundle's module after it has loaded it by path.
+
+#include "bundle/PluginLoad.h"
+
+// 0 when the plug-in stands.
+extern "C" [[gnu::visibility("default")]] int vOutlookPluginLoad(const vorn::Platform* platform) {
+  if (!platform || !platform->runLoop || !platform->classRuntime) return 1;
+  try {
+    vorn::loadPlugin(*platform);
+    return 0;
+  } catch (...) {
+    // Nothing may leave through the host's boundary; what could not start is taken back.
+    vorn::unloadPlugin();
+    return 1;
+  }
+}
+
+extern "C" [[gnu::visibility("default")]] void vOutlookPluginUnload() { vorn::unloadPlugin(); }

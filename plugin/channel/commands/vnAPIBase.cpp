@@ -1,0 +1,174 @@
+#include "channel/commands/vnAPIBase.h"
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "channel/commands/MeetingResponse.h"
+#include "channel/commands/ReplyFields.h"
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/discovery/vnAppHelper.h"
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "platform/Registry.h"
+#include "platform/TraceStep.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr double kReplySeconds = 60.0;
+constexpr double kActivationSeconds = 2.0;
+constexpr std::int8_t kActivations = 2;
+
+enum ClientStatus { kNotInstalled = 0, kNotRunning = 1, kRunning = 2, kNotSupported = 3 };
+
+constexpr std::string_view kErrorMark = "0;Error ";
+
+// The client's words for an error. 3018 counts as 3001, and the client's own error 2 as the network's 5003; the
+// plug-in's code 2 is another thing.
+constexpr std::array<std::pair<std::string_view, int>, 17> kErrors{{
+    {"0;Error 3001", 3001},
+    {"0;Error 3018", 3001},
+    {"0;Error 2", 5003},
+    {"0;Error 5003", 5003},
+    {"0;Error 3068", 3068},
+    {"0;Error 1113", 1113},
+    {"0;Error 1114", 1114},
+    {"0;Error 1115", 1115},
+    {"0;Error 3070", 3070},
+    {"0;Error VornClientNotSignIn", 7},
+    {"0;Error 3002", 3002},
+    {"0;Error 3003", 3003},
+    {"0;Error 3402", 3402},
+    {"0;Error 3403", 3403},
+    {"0;Error 3105", 3105},
+    {"0;Error 3113", 3113},
+    {"0;Error 3161", 3161},
+}};
+constexpr int kEmptyReply = 999;
+constexpr int kUnknownError = 9999;
+
+}  // namespace
+
+vnAPIBase::vnAPIBase() : self_(std::make_shared<vnAPIBase*>(this)) {}
+
+int vnAPIBase::refusalCode(const HostObject& parentWindow) {
+  const int code = checkVornAppError();
+  if (code != 0) {
+    traceStep("refused", [code] { return Value::dictionaryFromPairs({{"code", code}}); });
+    popupErrorMsg(parentWindow, code);
+  }
+  return code;
+}
+
+int vnAPIBase::action(const HostObject& parentWindow) {
+  if (const int code = refusalCode(parentWindow); code != 0) return code;
+  releaseTimer();
+  myTimer = startTimer(kReplySeconds, RunLoop::Repeats::no);
+  m_activeVornAppCount = 0;
+  m_activeVornAppTimer = startTimer(kActivationSeconds, RunLoop::Repeats::yes);
+  if (m_showCommunicationDlg) myProgressUI.showCommunication(parentWindow);
+  vnAppHelper::sharedInstance().silentActiveVornClient();
+  return 0;
+}
+
+std::shared_ptr<RunLoop::Timer> vnAPIBase::startTimer(double seconds, RunLoop::Repeats repeats) {
+  return Registry::platform().runLoop->scheduledTimer(
+      seconds, repeats, [self = std::weak_ptr<vnAPIBase*>(self_)](RunLoop::Timer& fired) {
+        if (const auto command = self.lock()) (*command)->onTimeOut(fired);
+      });
+}
+
+void vnAPIBase::onTimeOut(RunLoop::Timer& timer) {
+  if (&timer == myTimer.get()) {
+    // The request stays open and its reply is taken whenever it comes: only the sheet goes.
+    myProgressUI.closeCommunication();
+  } else if (&timer == m_activeVornAppTimer.get()) {
+    if (m_activeVornAppCount < kActivations) {
+      vnAppHelper::sharedInstance().silentActiveVornClient();
+      ++m_activeVornAppCount;
+    } else {
+      m_activeVornAppTimer->invalidate();
+      m_activeVornAppTimer.reset();
+    }
+  }
+  // Any other timer belongs to an earlier request and was let go of.
+}
+
+void vnAPIBase::releaseTimer() {
+  myTimer.reset();
+  m_activeVornAppTimer.reset();
+}
+
+void vnAPIBase::invalidateTimer() {
+  if (myTimer) myTimer->invalidate();
+  if (m_activeVornAppTimer) m_activeVornAppTimer->invalidate();
+  releaseTimer();
+}
+
+void vnAPIBase::onfeedback(std::uint64_t, const std::string& content) {
+  parseFeedbackError(content);
+  myProgressUI.closeCommunication();
+  invalidateTimer();
+}
+
+int vnAPIBase::checkVornAppError() {
+  m_errorCode = [] {
+    switch (GetVornCLientStatus()) {
+      case kNotInstalled: return 2;
+      case kNotSupported: return 6;
+      case kRunning: return 0;
+      default: return 5;
+    }
+  }();
+  return m_errorCode;
+}
+
+int vnAPIBase::GetVornCLientStatus() {
+  vnAppHelper& client = vnAppHelper::sharedInstance();
+  if (!client.isVornusInstalled()) return kNotInstalled;
+  if (!vnClientFeatureMgr::sharedInstance().isSupportedVornClientVersion()) return kNotSupported;
+  return client.isVornRunning() ? kRunning : kNotRunning;
+}
+
+std::string vnAPIBase::getAPIResult() const { return std::string(m_errorCode != 0 ? keyVNFail : keyVNSuccess); }
+
+void vnAPIBase::parseFeedbackError(const std::string& content) {
+  const auto fields = leadingFields(content, ';', 3);
+  if (fields.size() < 2) {
+    m_errorCodeStr = content;
+  } else {
+    m_errorCodeStr = content.substr(0, fields[0].size() + 1 + fields[1].size());
+  }
+  // Without a third field the text of an earlier reply stays.
+  if (fields.size() >= 3) m_errorMoreInfo = fields[2];
+  m_errorCode = convertToErrorCode(m_errorCodeStr);
+}
+
+int vnAPIBase::convertToErrorCode(const std::string& text) {
+  // What the client is now outranks what its reply says.
+  if (const int code = checkVornAppError(); code != 0) return code;
+  if (text.empty()) return kEmptyReply;
+  for (const auto& [words, code] : kErrors) {
+    if (text == words) return code;
+  }
+  return text.find(kErrorMark) != std::string::npos ? kUnknownError : 0;
+}
+
+void vnAPIBase::sendResponseToMeetingMgr(const HostObject& parentWindow, std::uint64_t command,
+                                         const Value& data) {
+  respondToMeetingMgr(m_pMeetingMgr, parentWindow, command, data);
+}
+
+int vnAPIWindowCommand::beginRequest(const HostObject& parentWindow) {
+  m_parentWindow = parentWindow;
+  return action(parentWindow);
+}
+
+std::optional<HostObject> vnAPIWindowCommand::takeReply(std::uint64_t replyNumber, const std::string& content) {
+  if (!meetingMgr() || !m_parentWindow) return std::nullopt;
+  onfeedback(replyNumber, content);
+  return std::exchange(m_parentWindow, HostObject());
+}
+
+}  // namespace vorn

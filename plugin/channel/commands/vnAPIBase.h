@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "channel/commands/MeetingCommandOwner.h"
+#include "channel/commands/vnProgressUIMgr.h"
+#include "platform/RunLoop.h"
+#include "util/HostObject.h"
+#include "util/Value.h"
+
+namespace vorn {
+
+// What every request to the desktop client has in common: the gate before it, the timers and the progress sheet
+// beside it, and the error behind it.
+//
+// A command is used again for each request of its kind. Main thread only.
+class vnAPIBase {
+ public:
+  vnAPIBase();
+  virtual ~vnAPIBase() = default;
+  vnAPIBase(const vnAPIBase&) = delete;
+  vnAPIBase& operator=(const vnAPIBase&) = delete;
+
+  // Whether the progress sheet is shown while the client works; true at first.
+  bool showCommunicationDlg() const { return m_showCommunicationDlg; }
+  void setShowCommunicationDlg(bool show) { m_showCommunicationDlg = show; }
+  // The manager to answer to; null when there is none.
+  MeetingCommandOwner* meetingMgr() const { return m_pMeetingMgr; }
+  void setMeetingMgr(MeetingCommandOwner* meetingMgr) { m_pMeetingMgr = meetingMgr; }
+  // The code of the last check or reply, and the reply's own words for it.
+  std::int32_t errorCode() const { return m_errorCode; }
+  const std::string& errorCodeStr() const { return m_errorCodeStr; }
+  const std::string& errorMoreInfo() const { return m_errorMoreInfo; }
+  // Whether errors are kept from the user.
+  bool silentAPIError() const { return m_silentAPIError; }
+  void setSilentAPIError(bool silent) { m_silentAPIError = silent; }
+
+  // The gate of a request. Answers 0 when it may go out, with the timers started; otherwise the code, which the
+  // user has been told.
+  int action(const HostObject& parentWindow);
+  // The first step of every reply: reads the error, closes the sheet and stops the timers. The number is the
+  // reply's and is not looked at.
+  void onfeedback(std::uint64_t replyNumber, const std::string& content);
+  void onTimeOut(RunLoop::Timer& timer);
+  // Lets go of the timers, which go on running and then find nobody.
+  void releaseTimer();
+  // Stops the timers and lets go of them.
+  void invalidateTimer();
+
+  // The code for the client's present status, which is stored too; 0 while it runs.
+  int checkVornAppError();
+  // 0 not installed, 1 not running, 2 running, 3 version not supported.
+  static int GetVornCLientStatus();
+  // "Fail" after an error, otherwise "Success".
+  std::string getAPIResult() const;
+  void parseFeedbackError(const std::string& content);
+  int convertToErrorCode(const std::string& text);
+
+  // Tells the user about an error, unless this command is silent. A code without a text of its own gives an alert
+  // without text.
+  void popupErrorMsg(const HostObject& parentWindow, int code);
+  // Shows the text as it stands, whether or not this command is silent. The second argument never was a code.
+  static void popupWarnWithErrorMsg(const HostObject& parentWindow, const std::string& message);
+
+  // True when the settings of the window's meeting use the personal meeting ID.
+  bool isPMIMeeting(const HostObject& parentWindow);
+  // True for a number that must be left alone: none at all, or a personal meeting ID of the user or of a person
+  // whom the user schedules for. The name suggests the reverse.
+  static bool checkMeetingNumberValidity(const std::string& number);
+  // Notes in the site configuration what outlasts the profile: the personal meeting ID, the trash-can link and
+  // the domain. Nothing when the profile has no such ID.
+  static void saveUserProfileInfoToLocal();
+
+ protected:
+  // 0 while the client can answer; otherwise the code, of which the user has been told.
+  int refusalCode(const HostObject& parentWindow);
+  // Hands a result to the meeting manager. The manager may have ended this command's owner when this returns.
+  void sendResponseToMeetingMgr(const HostObject& parentWindow, std::uint64_t command, const Value& data);
+
+ private:
+  std::string messageForCode(const HostObject& parentWindow, int code);
+  std::string refusedAlternateHosts(const HostObject& parentWindow);
+  std::string disabledPMIMessage(const HostObject& parentWindow);
+
+  std::shared_ptr<RunLoop::Timer> startTimer(double seconds, RunLoop::Repeats repeats);
+
+  std::shared_ptr<RunLoop::Timer> myTimer;
+  vnProgressUIMgr myProgressUI;
+  bool m_showCommunicationDlg = true;
+  MeetingCommandOwner* m_pMeetingMgr = nullptr;
+  std::int32_t m_errorCode = 0;
+  std::string m_errorCodeStr;
+  std::string m_errorMoreInfo;
+  bool m_silentAPIError = false;
+  std::shared_ptr<RunLoop::Timer> m_activeVornAppTimer;
+  std::int8_t m_activeVornAppCount = 0;
+
+  // What the timers hold instead of this command, because a timer that was let go of may outlive it.
+  std::shared_ptr<vnAPIBase*> self_;
+};
+
+// A command that waits for its reply with a window. The window is all that ties a reply to a request, so a request
+// from an absent window is never taken to be pending, and a request that was refused at the gate still is.
+class vnAPIWindowCommand : public vnAPIBase {
+ protected:
+  // Remembers the window and passes the gate: 0 when the request may go out.
+  int beginRequest(const HostObject& parentWindow);
+  // Takes a reply when one is waited for: reads its error and answers the window, which is pending no longer.
+  // Absent when nothing is waited for or nobody is there to answer to.
+  std::optional<HostObject> takeReply(std::uint64_t replyNumber, const std::string& content);
+
+  HostObject m_parentWindow;
+};
+
+}  // namespace vorn

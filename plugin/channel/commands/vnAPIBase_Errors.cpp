@@ -1,0 +1,134 @@
+#include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "channel/commands/ReplyFields.h"
+#include "channel/commands/vnAPIBase.h"
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/commands/vnAlertHelper.h"
+#include "channel/discovery/vnClientNotRunningError.h"
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnCommon.h"
+#include "channel/transport/EnvelopeMask.h"
+#include "data/vnSettingData.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "platform/Localization.h"
+#include "platform/NotificationCenter.h"
+#include "platform/Registry.h"
+#include "platform/TraceStep.h"
+
+// What the user is told about an error.
+
+namespace vorn {
+
+namespace {
+
+constexpr int kClientNotRunning = 5;
+constexpr int kAlternateHostsFirst = 1113;
+constexpr int kAlternateHostsLast = 1115;
+constexpr int kPMINeedsPassword = 3068;
+constexpr int kPMIDisabled = 3105;
+constexpr int kUnknownError = 9999;
+
+// Codes whose text is that of one key. A code that stands nowhere has no text, and 3403 and 3113 are among them:
+// they come here only from commands that never ask for what they complain of.
+constexpr std::array<std::pair<int, std::string_view>, 13> kMessageKeys{{
+    {2, "NoVornClient"},
+    {3, "InternetError"},
+    {kClientNotRunning, "VornClientNotRunning"},
+    {6, "NotSupportedVornClientVersion"},
+    {7, "VornClientNotSignIn"},
+    {999, "SystemError"},
+    {3001, "MeetingNotFound"},
+    {3002, "LN_Delete_ErrorMessage_3002_MeetingInProgress_47107"},
+    {3003, "LN_Schedule_ErrorMessage_3003_NotMeetingHost_56339"},
+    {3070, "LN_Schedule_ErrorMessage_PastMeeting"},
+    {3161, "LN_Schedule_NotAllowed_332953"},
+    {3402, "LN_Schedule_PasswordDoNotMeetRequirements_136704"},
+    {5003, "NetworkConnectionError"},
+}};
+
+void traceAlert(int code, const std::string& message) {
+  traceStep("alert", [&] {
+    return Value::dictionaryFromPairs({{"code", code}, {"message", EnvelopeMask::covered(message)}});
+  });
+}
+
+bool hidesSettings() {
+  const JsonTextFile profile(vnCommon::getVnUserProfilePath(vnCommon::getUID()));
+  return profile.read()[vn_Setting_NotShowMeAgain].boolValue();
+}
+
+}  // namespace
+
+void vnAPIBase::popupErrorMsg(const HostObject& parentWindow, int code) {
+  if (m_silentAPIError) return;
+  const std::string message = messageForCode(parentWindow, code);
+  traceAlert(code, message);
+  if (code == kClientNotRunning) {
+    vnClientNotRunningError::sharedInstance().showClientError(parentWindow, message);
+  } else {
+    vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
+  }
+}
+
+void vnAPIBase::popupWarnWithErrorMsg(const HostObject& parentWindow, const std::string& message) {
+  traceAlert(0, message);
+  vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
+}
+
+std::string vnAPIBase::messageForCode(const HostObject& parentWindow, int code) {
+  if (code >= kAlternateHostsFirst && code <= kAlternateHostsLast) return refusedAlternateHosts(parentWindow);
+  if (code == kPMIDisabled) return disabledPMIMessage(parentWindow);
+  if (code == kUnknownError) return m_errorCodeStr;
+  if (code == kPMINeedsPassword) {
+    vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+    const std::string room = vnSettingData::getFormatRoomMeetingId(profile.roomMeetingID());
+    return formatText(localizedString("JBHPMIRequiredPassword"), {profile.userName(), room});
+  }
+  for (const auto& [known, key] : kMessageKeys) {
+    if (known == code) return localizedString(key);
+  }
+  return "";
+}
+
+std::string vnAPIBase::refusedAlternateHosts(const HostObject& parentWindow) {
+  if (m_errorMoreInfo.empty()) return m_errorCodeStr;
+  Value emails = Value::array();
+  std::string shown;
+  for (const std::string_view item : leadingFields(m_errorMoreInfo, ',', std::string::npos)) {
+    const std::string_view email = item.substr(0, item.find('#'));
+    if (emails.count() > 0) shown += "; ";
+    shown += email;
+    emails.append(email);
+  }
+  // The settings panel of that window takes the hosts off its list.
+  Registry::platform().notificationCenter->post(
+      notify_Schedule_AlternateHostError, nullptr,
+      Value::dictionaryFromPairs({{"emails", emails}, {keyApptWindowID, parentWindow.windowId()}}));
+  return formatText("%@ %@",
+                    {localizedString("Remove the following users from the list of alternative hosts:"), shown});
+}
+
+std::string vnAPIBase::disabledPMIMessage(const HostObject& parentWindow) {
+  const std::string key = m_pMeetingMgr ? m_pMeetingMgr->meetingKey().value_or("") : "";
+  const std::string otherHost = m_pMeetingMgr ? m_pMeetingMgr->scheduleForEmail().value_or("") : "";
+  const std::string name = otherHost.empty() ? "" : m_pMeetingMgr->getDisplayNameWithOnbehalfEmail(otherHost);
+  const std::string otherEnding = name.ends_with('s') ? "ScheduleForOtherWithSSuffix" : "ScheduleForOther";
+
+  if (key.empty() && hidesSettings()) {
+    if (otherHost.empty()) return localizedString("LN_Schedule_DisablePMI_Message_153612");
+    return formatText(localizedString("LN_Schedule_DisablePMI_Message_" + otherEnding + "_153612"), {name});
+  }
+  const std::string newId = key.empty() || isPMIMeeting(parentWindow)
+                                ? localizedString("LN_Schedule_MeetingID_OneTime_106192")
+                                : formatText(localizedString("LN_Schedule_MeetingID_OneTime_Edit_106192"), {key});
+  if (otherHost.empty()) return formatText(localizedString("LN_Update_Meeting_Error_DisablePMI_153612"), {newId});
+  return formatText(localizedString("LN_Update_Meeting_Error_DisablePMI_" + otherEnding + "_153612"),
+                    {name, newId});
+}
+
+}  // namespace vorn

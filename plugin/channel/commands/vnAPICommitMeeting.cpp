@@ -1,0 +1,152 @@
+#include "channel/commands/vnAPICommitMeeting.h"
+
+#include <string_view>
+
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnCommon.h"
+#include "channel/transport/vnIPCChannel.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "invitation/TimeUtils.h"
+#include "platform/Localization.h"
+#include "util/vnOLUtils.h"
+
+namespace vorn {
+
+namespace {
+
+// Errors that the settings panel shows by itself. The plug-in's own check of the passcode uses the client's code.
+constexpr int kTrackingFieldMissing = 555;
+constexpr int kSecurityOptionMissing = 3113;
+constexpr int kPasscodeMissing = 3402;
+constexpr int kPasscodeTooWeak = 3403;
+
+constexpr int kPMIDisabled = 3105;
+
+}  // namespace
+
+void vnAPICommitMeeting::setData(const Value& data) {
+  m_dataMeetingInfo = Value::dictionary();
+  m_dataMeetingInfo.addEntries(data);
+}
+
+int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
+  if (!hasValidMeetingInfo()) return 0;
+  if (checkMeetingInfoError()) return 0;
+  // Without a manager nobody could show what is wrong, and the client decides.
+  if (meetingMgr() && !validateSecurityState()) {
+    reopenSettings(parentWindow, m_msgParamActionId, kPasscodeMissing);
+    return 0;
+  }
+  if (meetingMgr() && !validateTemplateState()) {
+    meetingMgr()->setMeetingAction(isUpdateMeeting() ? InnerOperation::kUpdate : InnerOperation::kSchedule);
+    // A copy, since the user's answer may bring the next request's data during the call.
+    meetingMgr()->showCommitWarning(parentWindow, Value(m_dataMeetingInfo));
+    return 0;
+  }
+  if (meetingMgr() && !validateTrackingFieldsState()) {
+    reopenSettings(parentWindow, m_msgParamActionId, kTrackingFieldMissing);
+    return 0;
+  }
+  if (const int code = beginRequest(parentWindow); code != 0) return code;
+  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, getAPIData());
+  return 0;
+}
+
+void vnAPICommitMeeting::reopenSettings(const HostObject& parentWindow, std::uint64_t operation, int code) {
+  // The number tells the panel's next commit which way to go.
+  meetingMgr()->setMeetingAction(operation == InnerOperation::kUpdate ? InnerOperation::kUpdate
+                                                                      : InnerOperation::kSchedule);
+  meetingMgr()->showSettingsWindowWithCommitError(parentWindow, code);
+}
+
+bool vnAPICommitMeeting::checkMeetingInfoError() {
+  bool stop = false;
+  const Value& apptInfo = m_dataMeetingInfo[vn_Outlook_ApptInfo];
+  if (apptInfo.count() > 0) {
+    const Value& start = apptInfo[vn_ApptInfo_StartTime][vn_ApptInfo_CalDate_UTCTime];
+    if (Value(TimeUtils::stringToTimestamp(start.optionalText())).integerValue() == 0) {
+      // The window of this request is stored only later, so the alert belongs to that of a pending one, if any.
+      popupWarnWithErrorMsg(m_parentWindow, localizedString("LN_Schedule_ErrorMessage_InvalidStartTime"));
+      stop = true;
+    }
+  }
+  const std::string key = m_dataMeetingInfo[vn_MeetingKey].stringValue();
+  return stop || (!key.empty() && checkMeetingNumberValidity(key));
+}
+
+bool vnAPICommitMeeting::validateSecurityState() {
+  vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+  const bool waitingRoomIsLockedOff =
+      profile.isEnableWaitingRoomNewLogic() && profile.isLockWaitingRoom() && !profile.isEnableWaitingRoom();
+  const Value& setting = m_dataMeetingInfo[vn_Setting];
+  if (!waitingRoomIsLockedOff || setting.isAbsent()) return true;
+  return setting[vn_Setting_IsSignedInUsersMeetingOn].boolValue() ||
+         !setting[vn_Setting_MeetingPassword].text().empty();
+}
+
+bool vnAPICommitMeeting::validateTemplateState() {
+  const Value& setting = m_dataMeetingInfo[vn_Setting];
+  const std::string chosen =
+      setting[vn_Setting_MeetingTemplate][vn_Setting_MeetingTemplate_TemplateId].stringValue();
+  if (chosen.empty()) return true;
+  const Value templates =
+      vnUserProfileHelper::sharedInstance().getMeetingTemplates(setting[vn_Setting_ScheduleFor].text());
+  for (const Value& known : templates.items()) {
+    if (known[vn_Setting_MeetingTemplate_TemplateId].stringValue() == chosen) return true;
+  }
+  return false;
+}
+
+bool vnAPICommitMeeting::validateTrackingFieldsState() {
+  for (const Value& field : m_dataMeetingInfo[vn_Setting][vn_Setting_TrackingFields].items()) {
+    if (field[vn_Setting_TrackingFields_Required].boolValue() &&
+        field[vn_Setting_TrackingFields_MtValue].stringValue().empty()) {
+      return false;
+    }
+  }
+  return true;
+}
+
+void vnAPICommitMeeting::onVornFeedback(int operation, const std::string& content) {
+  const bool isUpdate = operation == InnerOperation::kUpdate;
+  const std::uint64_t replyNumber = isUpdate ? ReplyNumber::kUpdate : ReplyNumber::kSchedule;
+  const auto window = takeReply(replyNumber, content);
+  if (!window) return;
+
+  const int code = errorCode();
+  if (code == kPasscodeTooWeak || code == kPasscodeMissing || code == kSecurityOptionMissing) {
+    reopenSettings(*window, operation, code);
+    return;
+  }
+  if (code == kPMIDisabled) updateSettingToNotUsePMI();
+  if (code != 0) {
+    popupErrorMsg(*window, code);
+    if (meetingMgr()) meetingMgr()->resetMeetingItemWhenUpdateError(*window);
+    return;
+  }
+
+  const std::size_t separator = content.find(';');
+  if (separator == std::string::npos) return;
+  const std::string number = content.substr(0, separator);
+  // An invitation may hold semicolons of its own.
+  const std::string_view invitation = std::string_view(content).substr(separator + 1);
+  if (number.empty() || number == "0") {
+    popupWarnWithErrorMsg(*window, content);
+    return;
+  }
+  sendResponseToMeetingMgr(*window, replyNumber,
+                           Value::dictionaryFromPairs({{vn_MeetingKey, vnOLUtils::trimAllSpace(number)},
+                                                       {vn_API_Para_InvitationEmail, invitation},
+                                                       {keyVNResult, getAPIResult()}}));
+}
+
+void vnAPICommitMeeting::updateSettingToNotUsePMI() {
+  const JsonTextFile profile(vnCommon::getVnUserProfilePath(vnCommon::getUID()));
+  // A missing file stays missing.
+  if (profile.read().isPresent()) profile.setKey(vn_Setting_IsPMI, false);
+}
+
+}  // namespace vorn

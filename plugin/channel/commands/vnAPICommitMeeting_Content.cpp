@@ -1,0 +1,172 @@
+#include <string>
+#include <string_view>
+
+#include "channel/commands/vnAPICommitMeeting.h"
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "data/vnSettingKeys.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "invitation/TimeUtils.h"
+#include "platform/ClassRuntime.h"
+#include "platform/Registry.h"
+#include "util/Utf16.h"
+#include "util/vnOLUtils.h"
+
+// What goes to the client.
+
+namespace vorn {
+
+namespace {
+
+constexpr std::size_t MeetingTopicLength_Max = 200;
+
+// The head fills the fields of other operations, so that the document begins in field 13.
+constexpr std::string_view kEmptyFields = ";;;;;;;;;;;;;";
+
+constexpr std::int64_t kThirdPartyAudio = 3;
+// The audio choices of a telephony provider's site, and what the client calls the first of them.
+constexpr std::int64_t kTspAudioFirst = 10;
+constexpr std::int64_t kTspAudioLast = 14;
+constexpr std::int64_t kTspAudioOptionFirst = 1;
+
+enum RecordingType : std::int64_t {
+  kLocalOfBoth = 1,
+  kCloudOfBoth = 2,
+  kOnlyLocal = 3,
+  kOnlyCloud = 4,
+  kNoRecordingChoice = 5,
+};
+
+// The document's member is the source's, and is missing when the source has none.
+class Copier {
+ public:
+  Copier(const Value& source, Value& document) : source_(source), document_(document) {}
+
+  void copy(std::string_view key) { document_.set(key, source_[key]); }
+  void copyList(std::string_view key) {
+    if (source_[key].count() > 0) copy(key);
+  }
+  void copyBoolean(std::string_view key) { document_.set(key, source_[key].boolValue()); }
+
+ private:
+  const Value& source_;
+  Value& document_;
+};
+
+// The host's name for the zone of a calendar date. The date has the host's zone object, or the name itself when it
+// was not read from an appointment.
+OptionalText timezoneName(const Value& timezone) {
+  if (!timezone.isObject()) return timezone.optionalText();
+  return Registry::platform().classRuntime->send(timezone.object(), "name").optionalText();
+}
+
+void setAudio(const Value& setting, Value& document) {
+  const std::int64_t audio = setting[vn_Setting_AudioOption].integerValue();
+  if (audio >= kTspAudioFirst && audio <= kTspAudioLast) {
+    document.set(vn_Setting_TspAudioOption, audio - kTspAudioFirst + kTspAudioOptionFirst);
+    return;
+  }
+  document.set(vn_Setting_AudioOption, setting[vn_Setting_AudioOption]);
+  if (audio == kThirdPartyAudio) document.set(vn_Setting_ThirdPartyAudio, setting[vn_Setting_ThirdPartyAudio]);
+}
+
+void setRecording(const Value& setting, Value& document) {
+  const std::int64_t type = setting[vn_Setting_EnableAutoRecordingType].integerValue();
+  if (type == kNoRecordingChoice) return;
+  document.set(vn_Setting_EnableAutoRecordingMtgLevelFirst,
+               setting[vn_Setting_EnableAutoRecordingMtgLevelFirst].boolValue());
+  document.set(vn_Setting_EnableCloudRecording, type == kCloudOfBoth || type == kOnlyCloud);
+  document.set(vn_Setting_EnableLocalRecording, type == kLocalOfBoth || type == kOnlyLocal);
+}
+
+void setRegions(const Value& setting, Value& document) {
+  Copier copier(setting, document);
+  copier.copy(vn_Setting_EnableAllowDenyJoinMeetingRegion);
+  if (!setting[vn_Setting_EnableAllowDenyJoinMeetingRegion].boolValue()) return;
+  Value policy = Value::dictionary();
+  Copier(setting, policy).copy(vn_Setting_RegionType);
+  Copier(setting, policy).copy(vn_Setting_RegionCodes);
+  document.set(vn_Setting_RegionPolicy, policy);
+}
+
+}  // namespace
+
+std::string vnAPICommitMeeting::getContentIdentifierHead() const {
+  return std::to_string(m_msgParamActionId) + std::string(kEmptyFields);
+}
+
+std::string vnAPICommitMeeting::getAPIData() {
+  if (!hasValidMeetingInfo()) return "";
+  Value document = Value::dictionary();
+  document.set(vn_Outlook_ApptInfo, apptInfoDocument());
+  document.set(vn_Setting, settingDocument());
+  const Value& key = m_dataMeetingInfo[vn_MeetingKey];
+  if (const std::string number = key.stringValue(); !number.empty() && number != "0") {
+    document.set(vn_MeetingKey, key);
+  }
+  if (meetingMgr()) {
+    meetingMgr()->setScheduleForEmail(m_dataMeetingInfo[vn_Setting][vn_Setting_ScheduleFor].optionalText());
+  }
+  return getContentIdentifierHead() + vnOLUtils::toJSONString(document).value_or("");
+}
+
+Value vnAPICommitMeeting::apptInfoDocument() const {
+  const Value& source = m_dataMeetingInfo[vn_Outlook_ApptInfo];
+  const Value& start = source[vn_ApptInfo_StartTime];
+  Value document = Value::dictionary();
+  Copier copier(source, document);
+
+  copier.copy(vn_ApptInfo_Duration);
+  copier.copy(vn_ApptInfo_Location);
+  document.set(vn_ApptInfo_Subject, utf16Prefix(source[vn_ApptInfo_Subject].text(), MeetingTopicLength_Max));
+  copier.copy(vn_ApptInfo_Recurrence);
+  document.set(vn_ApptInfo_StartTime,
+               TimeUtils::stringToTimestamp(start[vn_ApptInfo_CalDate_UTCTime].optionalText()));
+  copier.copyList(vn_ApptInfo_Attendees);
+  const OptionalText zone = getJodaTimezoneName(timezoneName(start[vn_ApptInfo_Timezone]));
+  document.set(vn_ApptInfo_Timezone, zone.value_or(""));
+  if (vnClientFeatureMgr::sharedInstance().isVornClientSupportExtInfo()) copier.copy(vn_ApptInfo_OlApptUUID);
+  return document;
+}
+
+Value vnAPICommitMeeting::settingDocument() const {
+  const Value& setting = m_dataMeetingInfo[vn_Setting];
+  vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
+  Value document = Value::dictionary();
+  Copier copier(setting, document);
+
+  setAudio(setting, document);
+  copier.copy(vn_Setting_EnableHostVideo);
+  copier.copy(vn_Setting_EnableJBH);
+  copier.copy(vn_Setting_EnableParticipantsVideo);
+  copier.copy(vn_Setting_IsPMI);
+  const bool hasPassword = setting[vn_Setting_RequiredMPW].boolValue();
+  document.set(vn_Setting_MeetingPassword, hasPassword ? setting[vn_Setting_MeetingPassword].text() : "");
+  if (!setting[vn_Setting_ScheduleFor].text().empty()) copier.copy(vn_Setting_ScheduleFor);
+  copier.copyList(vn_Setting_TrackingFields);
+  setRecording(setting, document);
+  if (client.isVornClientSupportAHAndMuteOnEntry()) {
+    copier.copyBoolean(vn_Setting_MuteUponEntry);
+    copier.copy(vn_Setting_AlternateHosts);
+  }
+  if (client.isVornClientSupportEditCountries()) copier.copy(vn_Setting_AvailableDialinCountry);
+  if (client.isVornClientSupportPublicEvent()) copier.copy(vn_Setting_EnableAddMeetingToPublicEvent);
+  if (client.isVornClientSupportAudioWatermark()) copier.copy(vn_Setting_EnableAudioWatermark);
+  copier.copy(vn_Setting_JBHPriorTime);
+  copier.copy(vn_Setting_IsSignedInUsersMeetingOn);
+  copier.copy(vn_Setting_MeetingAuth);
+  if (!setting[vn_Setting_IsPMI].boolValue()) copier.copy(vn_Setting_MeetingTemplate);
+  copier.copy(vn_Setting_SupportWaitingRoom);
+  copier.copy(vn_Setting_EnableWaitingRoom);
+  copier.copy(vn_Setting_EnableUnmuteAll);
+  copier.copy(vn_Setting_EnableE2ee);
+  if (client.isVornClientSupport500Tasks()) {
+    copier.copy(vn_Setting_EnableRegionCustomization);
+    copier.copyList(vn_Setting_AdditionalDCRegions);
+  }
+  if (client.isVornClientSupport550Tasks()) setRegions(setting, document);
+  document.set(vn_Setting_VnSrc, kRequestSource);
+  copier.copy(vn_Setting_SelectInvitationLanguage);
+  return document;
+}
+
+}  // namespace vorn

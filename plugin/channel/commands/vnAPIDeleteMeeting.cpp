@@ -1,0 +1,42 @@
+#include "channel/commands/vnAPIDeleteMeeting.h"
+
+#include "channel/commands/ClientRequests.h"
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "channel/transport/vnIPCChannel.h"
+#include "host/proxies/vnApptInfoKeys.h"
+
+namespace vorn {
+
+int vnAPIDeleteMeeting::doAction(const HostObject& parentWindow) {
+  if (checkMeetingNumberValidity(m_meetingKey)) return 0;
+  if (const int code = beginRequest(parentWindow); code != 0) return code;
+  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, getAPIData());
+  return 0;
+}
+
+std::string vnAPIDeleteMeeting::getAPIData() {
+  std::string content = std::to_string(InnerOperation::kDelete) + ";" + m_meetingKey;
+  if (vnClientFeatureMgr::sharedInstance().isVornClientSupportSourceForDelete()) {
+    content.append(";").append(kRequestSource);
+  }
+  return content;
+}
+
+void vnAPIDeleteMeeting::onVornFeedback(const std::string& content) {
+  const auto window = takeReply(ReplyNumber::kDelete, content);
+  if (!window) return;
+  if (errorCode() != 0) {
+    meetingMgr()->clearAllSavedData();
+    popupErrorMsg(*window, errorCode());
+    return;
+  }
+  // The notice of a meeting that has gone to the trash belongs to the notices' windows, which this build has none
+  // of.
+  sendResponseToMeetingMgr(
+      *window, ReplyNumber::kDelete,
+      Value::dictionaryFromPairs(
+          {{vn_MeetingKey, content}, {vn_API_Para_InvitationEmail, ""}, {keyVNResult, getAPIResult()}}));
+}
+
+}  // namespace vorn

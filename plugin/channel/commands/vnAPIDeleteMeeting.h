@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "channel/commands/vnAPIBase.h"
+
+namespace vorn {
+
+// Deletes a meeting.
+class vnAPIDeleteMeeting : public vnAPIWindowCommand {
+ public:
+  void setData(const std::string& meetingKey) { m_meetingKey = meetingKey; }
+  // Sends the request; 0, or the code for which it was refused. A number that must be left alone gives 0 too, and
+  // then nothing is sent and no reply comes.
+  int doAction(const HostObject& parentWindow);
+  // The content of the request for the client of the moment.
+  std::string getAPIData();
+  // An error makes the manager forget its data before the user is told.
+  void onVornFeedback(const std::string& content);
+
+ private:
+  std::string m_meetingKey;
+};
+
+}  // namespace vorn

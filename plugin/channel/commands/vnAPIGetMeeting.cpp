@@ -1,0 +1,44 @@
+#include "channel/commands/vnAPIGetMeeting.h"
+
+#include "channel/commands/ClientRequests.h"
+#include "channel/commands/MeetingReply.h"
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "channel/transport/vnIPCChannel.h"
+
+namespace vorn {
+
+void vnAPIGetMeeting::setData(const std::string& meetingKey, const std::string& invitationLanguage) {
+  m_meetingKey = meetingKey;
+  if (!invitationLanguage.empty()) m_invitationLanguage = invitationLanguage;
+}
+
+int vnAPIGetMeeting::doAction(const HostObject& parentWindow) {
+  if (const int code = beginRequest(parentWindow); code != 0) return code;
+  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, getAPIData());
+  return 0;
+}
+
+std::string vnAPIGetMeeting::getAPIData() {
+  std::string content = std::to_string(InnerOperation::kGetMeeting) + ";" + m_meetingKey;
+  if (!vnClientFeatureMgr::sharedInstance().isVornClientSupportSourceForGetMeeting()) return content;
+  content.append(";").append(kRequestSource).append(m_isForPMI ? ";1" : ";0");
+  if (!m_invitationLanguage.empty()) content.append(";").append(m_invitationLanguage);
+  return content;
+}
+
+void vnAPIGetMeeting::onVornFeedback(const std::string& content) {
+  const auto window = takeReply(ReplyNumber::kGetMeeting, content);
+  if (!window) return;
+  if (errorCode() != 0) return popupErrorMsg(*window, errorCode());
+  const auto reply = MeetingReply::read(content);
+  if (!reply) return;
+  reply->feed(meetingMgr()->getMeetingHelper(), false, m_isForPMI);
+  if (!meetingMgr()->checkScheduleForEmailValidity()) {
+    meetingMgr()->setMeetingKey("");
+    meetingMgr()->changeUIWithScheduleForEmainError(*window);
+    return;
+  }
+  sendResponseToMeetingMgr(*window, ReplyNumber::kGetMeeting, reply->meeting);
+}
+
+}  // namespace vorn

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "channel/commands/vnAPIBase.h"
+
+namespace vorn {
+
+// Asks for a meeting by its number, or with the number "new" for what a new meeting starts from.
+class vnAPIGetMeeting : public vnAPIWindowCommand {
+ public:
+  // An empty language keeps the one that was given before, also for requests that name none.
+  void setData(const std::string& meetingKey, const std::string& invitationLanguage);
+  // Whether the request is for the personal meeting ID.
+  bool forPMI() const { return m_isForPMI; }
+  void setForPMI(bool forPMI) { m_isForPMI = forPMI; }
+
+  // Sends the request; 0, or the code for which it was refused.
+  int doAction(const HostObject& parentWindow);
+  // The content of the request for the client of the moment.
+  std::string getAPIData();
+  // A reply too short to hold a meeting ends here in silence.
+  void onVornFeedback(const std::string& content);
+
+ private:
+  std::string m_meetingKey;
+  bool m_isForPMI = false;
+  std::string m_invitationLanguage;
+};
+
+}  // namespace vorn

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "channel/commands/vnAPIBase.h"
+
+namespace vorn {
+
+// Asks for the people whom the user may schedule for.
+class vnAPIGetScheduleForList : public vnAPIWindowCommand {
+ public:
+  // Sends the request; 0, or the code for which it was refused.
+  int doAction(const HostObject& parentWindow);
+  // A reply that is no JSON counts as an empty list.
+  void onVornFeedback(const std::string& content);
+};
+
+}  // namespace vorn

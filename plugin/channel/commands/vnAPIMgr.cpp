@@ -1,0 +1,207 @@
+#include "channel/commands/vnAPIMgr.h"
+
+#include "channel/commands/ClientRequests.h"
+#include "channel/commands/MeetingResponse.h"
+#include "channel/commands/vnAPICommitMeeting.h"
+#include "channel/commands/vnAPIDeleteMeeting.h"
+#include "channel/commands/vnAPIGetMeeting.h"
+#include "channel/commands/vnAPIGetMeetingByApptUUID.h"
+#include "channel/commands/vnAPIGetPAC.h"
+#include "channel/commands/vnAPIGetScheduleForList.h"
+#include "channel/commands/vnAPIGetUserProfile.h"
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/commands/vnAPIStartMeeting.h"
+#include "channel/transport/vnIPCChannel.h"
+#include "channel/transport/vnIPCConstants.h"
+#include "data/vnSettingKeys.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "platform/Registry.h"
+
+namespace vorn {
+
+namespace {
+
+// Tells the trace of what comes over the notification channel, once for all the managers that observe it.
+class DistributedReplyTrace {
+ public:
+  DistributedReplyTrace()
+      : subscription_(Registry::platform().distributedNotifications->observe(
+            kIPCNotifyVornClientToOutlookPlugin,
+            [](const Value& userInfo) { vnIPCChannel::traceReceived(userInfo); })) {}
+
+ private:
+  std::unique_ptr<DistributedNotifications::Subscription> subscription_;
+};
+
+}  // namespace
+
+vnAPIMgr::vnAPIMgr()
+    : m_apiScheduleMeeting(std::make_shared<vnAPICommitMeeting>()),
+      m_apiUpdateMeeting(std::make_shared<vnAPICommitMeeting>()),
+      m_apiGetMeeting(std::make_shared<vnAPIGetMeeting>()),
+      m_apiGetUserProfile(std::make_shared<vnAPIGetUserProfile>()),
+      m_apiDeleteMeeting(std::make_shared<vnAPIDeleteMeeting>()),
+      m_apiGetMeetingByApptUUID(std::make_shared<vnAPIGetMeetingByApptUUID>()),
+      m_apiGetPAC(std::make_shared<vnAPIGetPAC>()),
+      m_apiGetScheduleForList(std::make_shared<vnAPIGetScheduleForList>()) {
+  initIPCChannel();
+}
+
+vnAPIMgr::~vnAPIMgr() { cleanup(); }
+
+void vnAPIMgr::initIPCChannel() {
+  const Platform& platform = Registry::platform();
+  if (!vnIPCChannel::canUseIPC_Notification()) {
+    socketReplies_ = platform.notificationCenter->observe(
+        NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN,
+        [this](const NotificationCenter::Notification& reply) { onMessageResponse(reply.userInfo); });
+  } else if (platform.distributedNotifications) {
+    Registry::shared<DistributedReplyTrace>();
+    distributedReplies_ = platform.distributedNotifications->observe(
+        kIPCNotifyVornClientToOutlookPlugin, [this](const Value& userInfo) { onMessageResponse(userInfo); });
+  }
+}
+
+void vnAPIMgr::setMeetingMgrInstance(MeetingCommandOwner* meetingMgr) {
+  m_pMeetingMgr = meetingMgr;
+  for (vnAPIBase* command : std::initializer_list<vnAPIBase*>{
+           m_apiScheduleMeeting.get(), m_apiUpdateMeeting.get(), m_apiGetMeeting.get(), m_apiGetUserProfile.get(),
+           m_apiDeleteMeeting.get(), m_apiGetMeetingByApptUUID.get(), m_apiGetPAC.get(),
+           m_apiGetScheduleForList.get()}) {
+    if (command) command->setMeetingMgr(meetingMgr);
+  }
+}
+
+void vnAPIMgr::cleanup() {
+  // A handler that is at work keeps its command, which must not find the manager any more.
+  setMeetingMgrInstance(nullptr);
+  m_apiScheduleMeeting.reset();
+  m_apiUpdateMeeting.reset();
+  m_apiGetMeeting.reset();
+  m_apiGetUserProfile.reset();
+  m_apiDeleteMeeting.reset();
+  m_apiGetMeetingByApptUUID.reset();
+  m_apiGetPAC.reset();
+  m_apiGetScheduleForList.reset();
+}
+
+int vnAPIMgr::startMeeting(bool video) { return vnAPIStartMeeting::sharedInstance().doAction(video); }
+
+int vnAPIMgr::scheduleMeeting(const HostObject& parentWindow, const Value& data) {
+  const auto command = m_apiScheduleMeeting;
+  if (!command) return 0;
+  command->setData(data);
+  command->setMsgParamAction(InnerOperation::kSchedule);
+  return command->doAction(parentWindow);
+}
+
+int vnAPIMgr::updateMeeting(const HostObject& parentWindow, const Value& data) {
+  const auto command = m_apiUpdateMeeting;
+  if (!command) return 0;
+  const Value& showsSheet = data[vn_API_Call_Para_ShowCommunicationDlg];
+  command->setData(data);
+  command->setMsgParamAction(InnerOperation::kUpdate);
+  command->setShowCommunicationDlg(showsSheet.isAbsent() || showsSheet.boolValue());
+  return command->doAction(parentWindow);
+}
+
+int vnAPIMgr::deleteMeeting(const HostObject& parentWindow, const Value& data) {
+  const auto command = m_apiDeleteMeeting;
+  if (!command) return 0;
+  command->setData(data[vn_MeetingKey].stringValue());
+  return command->doAction(parentWindow);
+}
+
+int vnAPIMgr::getUserProfile(const HostObject& parentWindow, const Value& data) {
+  const auto command = m_apiGetUserProfile;
+  if (!command) return 0;
+  command->setShowCommunicationDlg(data[vn_API_Call_Para_ShowCommunicationDlg].boolValue());
+  command->setSilentAPIError(data[vn_API_Call_Para_SilentAPIError].boolValue());
+  return command->doAction(parentWindow);
+}
+
+int vnAPIMgr::getMeeting(const HostObject& parentWindow, const Value& data) {
+  const auto command = m_apiGetMeeting;
+  if (!command) return 0;
+  command->setShowCommunicationDlg(data[vn_API_Call_Para_ShowCommunicationDlg].boolValue());
+  command->setData(data[vn_MeetingKey].stringValue(),
+                   data[vn_Setting][vn_Setting_SelectInvitationLanguage].stringValue());
+  command->setForPMI(data[vn_API_Call_Para_ForPMI].boolValue());
+  return command->doAction(parentWindow);
+}
+
+int vnAPIMgr::getPAC(const HostObject& parentWindow, const Value& data) {
+  const auto command = m_apiGetPAC;
+  if (!command) return 0;
+  command->setShowCommunicationDlg(data[vn_API_Call_Para_ShowCommunicationDlg].boolValue());
+  return command->doAction(parentWindow);
+}
+
+int vnAPIMgr::getMeetingByApptUUID(const HostObject& parentWindow, const Value& data) {
+  const auto command = m_apiGetMeetingByApptUUID;
+  if (!command) return 0;
+  command->setShowCommunicationDlg(data[vn_API_Call_Para_ShowCommunicationDlg].boolValue());
+  command->setData(data[vn_ApptInfo_OlApptUUID].stringValue());
+  return command->doAction(parentWindow);
+}
+
+int vnAPIMgr::getNewMeetingDefault(const HostObject& parentWindow) {
+  const auto command = m_apiGetMeeting;
+  if (!command) return 0;
+  command->setShowCommunicationDlg(false);
+  command->setData("new", "");
+  return command->doAction(parentWindow);
+}
+
+int vnAPIMgr::getScheduleForList(const HostObject& parentWindow) {
+  const auto command = m_apiGetScheduleForList;
+  if (!command) return 0;
+  command->setShowCommunicationDlg(false);
+  return command->doAction(parentWindow);
+}
+
+void vnAPIMgr::showNoMeetingLicenseWindow(const HostObject& parentWindow) {
+  if (m_pMeetingMgr) m_pMeetingMgr->showNoMeetingLicenseWindow(parentWindow);
+}
+
+void vnAPIMgr::sendResponseToMeetingMgr(const HostObject& parentWindow, std::uint64_t command, const Value& data) {
+  respondToMeetingMgr(m_pMeetingMgr, parentWindow, command, data);
+}
+
+void vnAPIMgr::onMessageResponse(const Value& userInfo) { handleMessageRespose(userInfo); }
+
+void vnAPIMgr::handleMessageRespose(const Value& userInfo) {
+  const Value envelope = userInfo;
+  const std::string& content = envelope[VN_IPC_CONTENT].text();
+  // Each handler gets a hold on its command and is the last thing done here: the manager's answer to a reply may
+  // be the end of this object.
+  switch (vnIPCChannel::actionOfEnvelope(envelope)) {
+    case InnerOperation::kSchedule:
+      if (const auto command = m_apiScheduleMeeting) command->onVornFeedback(InnerOperation::kSchedule, content);
+      break;
+    case InnerOperation::kUpdate:
+      if (const auto command = m_apiUpdateMeeting) command->onVornFeedback(InnerOperation::kUpdate, content);
+      break;
+    case InnerOperation::kDelete:
+      if (const auto command = m_apiDeleteMeeting) command->onVornFeedback(content);
+      break;
+    case InnerOperation::kGetMeeting:
+      if (const auto command = m_apiGetMeeting) command->onVornFeedback(content);
+      break;
+    case RequestAction::kGetUserProfile:
+      if (const auto command = m_apiGetUserProfile) command->onVornFeedback(content);
+      break;
+    case RequestAction::kGetPAC:
+      if (const auto command = m_apiGetPAC) command->onVornFeedback(content);
+      break;
+    case InnerOperation::kGetMeetingByApptUUID:
+      if (const auto command = m_apiGetMeetingByApptUUID) command->onVornFeedback(content);
+      break;
+    case RequestAction::kGetScheduleForList:
+      if (const auto command = m_apiGetScheduleForList) command->onVornFeedback(content);
+      break;
+    default: break;
+  }
+}
+
+}  // namespace vorn

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "util/HostObject.h"
+
+namespace vorn {
+
+// The plain alert with one button. Main thread only.
+class vnAlertHelper {
+ public:
+  static vnAlertHelper& sharedInstance();
+
+  // Shows the message as a sheet on the window, or by itself when the window is absent, and returns at once. An
+  // empty message gives an alert without text.
+  void showAlertMessage(const HostObject& window, const std::string& message);
+};
+
+}  // namespace vorn

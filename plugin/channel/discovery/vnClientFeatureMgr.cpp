@@ -1,0 +1,103 @@
+#include "channel/discovery/vnClientFeatureMgr.h"
+
+#include <string>
+#include <utility>
+
+#include "channel/discovery/VersionNumber.h"
+#include "channel/discovery/vnClientConstants.h"
+#include "channel/discovery/vnGetClientVersionHelper.h"
+#include "channel/discovery/vnPluginBuildMgr.h"
+#include "platform/Registry.h"
+
+namespace vorn {
+
+vnClientFeatureMgr& vnClientFeatureMgr::sharedInstance() { return Registry::shared<vnClientFeatureMgr>(); }
+
+bool vnClientFeatureMgr::isSupportedVornClientVersion() {
+  const VersionNumber client = VersionNumber::parse(vnGetClientVersionHelper::getVornClientVersion());
+  return client >= VersionNumber{3, 5, client.third};
+}
+
+bool vnClientFeatureMgr::clientSupportSpecifiedFeature(std::string_view version) {
+  const std::string client = vnGetClientVersionHelper::getVornClientVersion();
+  return !client.empty() && VersionNumber::parse(client) >= VersionNumber::parse(version);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportPACAndNoVideo() {
+  return clientSupportSpecifiedFeature(kVornClientSupportPACAndNoVideoVersion);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportAutoRecord() {
+  return clientSupportSpecifiedFeature(kVornClientSupportAutoRecording);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportAHAndMuteOnEntry() {
+  return clientSupportSpecifiedFeature(kVornClientSupportAHAndMuteOnEntryVersion);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportExtInfo() {
+  return clientSupportSpecifiedFeature(kVornClientSupportExtInfoVersion);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportPublicEvent() {
+  return clientSupportSpecifiedFeature(kVornClientSupportPublicEvent);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportSourceForDelete() {
+  return clientSupportSpecifiedFeature(kVornClientSupportSourceForDelete);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportAudioWatermark() {
+  return clientSupportSpecifiedFeature(kVornClientSupportAudioWatermark);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportSceduleForList() {
+  return clientSupportSpecifiedFeature(kVornClientSupportSceduleForList);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportSourceForGetMeeting() {
+  return clientSupportSpecifiedFeature(kVornClientSupportSourceForGetMeeting);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportInvitationLanguage() {
+  return clientSupportSpecifiedFeature(kVornClientSupportInvitationLanguage);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportIPCSocket() {
+  return clientSupportSpecifiedFeature(kVornClientSupportIPCSocket);
+}
+
+bool vnClientFeatureMgr::isVornClientSupport464Tasks() {
+  return clientSupportSpecifiedFeature(kVornClientSupport464Tasks);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportPasswordRule() {
+  return clientSupportSpecifiedFeature(kVornClientSupportPasswordRule);
+}
+
+bool vnClientFeatureMgr::isVornClientSupport500Tasks() {
+  return clientSupportSpecifiedFeature(kVornClientSupport500Tasks);
+}
+
+bool vnClientFeatureMgr::isVornClientSupport520Tasks() {
+  return clientSupportSpecifiedFeature(kVornClientSupport520Tasks);
+}
+
+bool vnClientFeatureMgr::isVornClientSupport530Tasks() {
+  return clientSupportSpecifiedFeature(kVornClientSupport530Tasks);
+}
+
+bool vnClientFeatureMgr::isVornClientSupport550Tasks() {
+  return clientSupportSpecifiedFeature(kVornClientSupport550Tasks);
+}
+
+bool vnClientFeatureMgr::isVornClientSupportEditCountries() {
+  if (vnPluginBuildMgr::isBuildWithoutEditCountries()) return false;
+  return editCountriesSource_ && editCountriesSource_();
+}
+
+void vnClientFeatureMgr::setEditCountriesSource(std::function<bool()> source) {
+  editCountriesSource_ = std::move(source);
+}
+
+}  // namespace vorn

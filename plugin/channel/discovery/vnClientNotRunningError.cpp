@@ -1,0 +1,50 @@
+#include "channel/discovery/vnClientNotRunningError.h"
+
+#include "channel/discovery/vnAppHelper.h"
+#include "channel/transport/vnIPCChannel.h"
+#include "channel/transport/vnIPCConstants.h"
+#include "platform/Localization.h"
+#include "platform/Presenter.h"
+#include "platform/Registry.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr const char* kWarningIcon = "warning.png";
+
+// From its newer versions on the host may not start programs; the agent does it then.
+void launchClient() {
+  vnAppHelper& applications = vnAppHelper::sharedInstance();
+  if (applications.isOutlookVersionLargeThan2016()) {
+    vnIPCChannel::sendIPCMessageWithoutData(kIPCPluginLaunchClient);
+  } else {
+    applications.LaunchVornClient();
+  }
+}
+
+}  // namespace
+
+vnClientNotRunningError& vnClientNotRunningError::sharedInstance() {
+  return Registry::shared<vnClientNotRunningError>();
+}
+
+void vnClientNotRunningError::showClientError(const HostObject& window, const OptionalText& message) {
+  Presenter* presenter = Registry::platform().presenter;
+  if (!presenter) return;
+  const Presenter::Alert alert{"", message.value_or(""), localizedString("Button_LaunchClient"),
+                               localizedString("Button_Cancel"), kWarningIcon};
+  presenter->showAlert(window, alert, [](Presenter::Answer answer) {
+    if (answer == Presenter::Answer::defaultButton) launchClient();
+  });
+}
+
+void vnClientNotRunningError::showClientErrorWithoutLaunchClient(const HostObject& window,
+                                                                 const OptionalText& message) {
+  Presenter* presenter = Registry::platform().presenter;
+  if (!presenter) return;
+  presenter->showAlert(window, {"", message.value_or(""), localizedString("OK"), "", kWarningIcon},
+                       [](Presenter::Answer) {});
+}
+
+}  // namespace vorn

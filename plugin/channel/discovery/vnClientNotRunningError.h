@@ -1,0 +1,18 @@
+#pragma once
+
+#include "util/Value.h"
+
+namespace vorn {
+
+// The alert that tells the user that the client does not run, and offers to launch it. Main thread only.
+class vnClientNotRunningError {
+ public:
+  static vnClientNotRunningError& sharedInstance();
+
+  // A sheet on the window, or an alert by itself without one.
+  void showClientError(const HostObject& window, const OptionalText& message);
+  // The same without the offer.
+  void showClientErrorWithoutLaunchClient(const HostObject& window, const OptionalText& message);
+};
+
+}  // namespace vorn

@@ -1,0 +1,92 @@
+#include "channel/transport/SocketDescriptor.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+
+namespace vorn {
+
+namespace {
+
+constexpr std::chrono::milliseconds kListenerFullPause{20};
+
+bool isWait(int failure) { return failure == EAGAIN || failure == EWOULDBLOCK; }
+
+}  // namespace
+
+std::shared_ptr<SocketDescriptor> SocketDescriptor::make() {
+  const int number = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  if (number < 0) return nullptr;
+  auto made = std::make_shared<SocketDescriptor>(number);
+  ::fcntl(number, F_SETFD, FD_CLOEXEC);
+  ::fcntl(number, F_SETFL, ::fcntl(number, F_GETFL) | O_NONBLOCK);
+  return made;
+}
+
+SocketDescriptor::~SocketDescriptor() { ::close(number_); }
+
+bool SocketDescriptor::connectTo(const std::string& path) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  const std::size_t count = std::min(path.size(), sizeof address.sun_path);
+  std::copy_n(path.data(), count, address.sun_path);
+  const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + count);
+
+  const auto tryOnce = [&] {
+    const std::lock_guard lock(connecting_);
+    return ::connect(number_, reinterpret_cast<const sockaddr*>(&address), length) == 0 ? 0 : errno;
+  };
+  while (const int failure = tryOnce()) {
+    if (!isWait(failure) && failure != EINTR) return false;
+    // No call waits for room in a local listener's queue and can still be woken by shutdown().
+    ::poll(nullptr, 0, static_cast<int>(kListenerFullPause.count()));
+    if (isShutDown_) return false;
+  }
+  // A shutdown before the connection may have had no effect on it.
+  return !isShutDown_;
+}
+
+std::size_t SocketDescriptor::read(char* buffer, std::size_t size) {
+  while (!isShutDown_) {
+    const ssize_t count = ::read(number_, buffer, size);
+    if (count >= 0) return static_cast<std::size_t>(count);
+    if (errno == EINTR) continue;
+    if (!isWait(errno)) return 0;
+    pollfd readable{number_, POLLIN, 0};
+    ::poll(&readable, 1, -1);
+  }
+  return 0;
+}
+
+void SocketDescriptor::write(std::string_view bytes, std::chrono::milliseconds patience) {
+  // The peer may have accepted before connect() has returned here; its first message must not come too early.
+  { const std::lock_guard lock(connecting_); }
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  while (!bytes.empty()) {
+    const ssize_t count = ::send(number_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (count >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+      continue;
+    }
+    if (errno == EINTR) continue;
+    if (!isWait(errno)) return;
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now()).count();
+    if (left <= 0) return;
+    pollfd writable{number_, POLLOUT, 0};
+    ::poll(&writable, 1, static_cast<int>(left));
+  }
+}
+
+void SocketDescriptor::shutDown() {
+  isShutDown_ = true;
+  ::shutdown(number_, SHUT_RDWR);
+}
+
+}  // namespace vorn

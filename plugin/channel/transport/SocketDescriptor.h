@@ -1,0 +1,45 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+namespace vorn {
+
+// A local stream socket, closed with its last owner.
+//
+// The sending thread and the reading thread both own it: a number that one of them closed could be another
+// file's by the time the other uses it. All operations may be called from both threads at once.
+class SocketDescriptor {
+ public:
+  // Null when no socket can be made.
+  static std::shared_ptr<SocketDescriptor> make();
+  explicit SocketDescriptor(int number) : number_(number) {}
+  ~SocketDescriptor();
+  SocketDescriptor(const SocketDescriptor&) = delete;
+  SocketDescriptor& operator=(const SocketDescriptor&) = delete;
+
+  int number() const { return number_; }
+
+  // Connects to the listener at the path. Waits while the listener has no room, until shutDown() at the latest.
+  bool connectTo(const std::string& path);
+  // Waits for bytes and reads some. 0 at the end of the stream, after shutDown() and on every failure.
+  std::size_t read(char* buffer, std::size_t size);
+  // Writes all, and gives up silently on a failure and when the patience is at its end.
+  void write(std::string_view bytes, std::chrono::milliseconds patience);
+
+  // Ends the stream in both directions and wakes whoever waits in it.
+  void shutDown();
+
+ private:
+  const int number_;
+  std::atomic<bool> isShutDown_{false};
+  // Held for one attempt to connect, which does not wait.
+  std::mutex connecting_;
+};
+
+}  // namespace vorn

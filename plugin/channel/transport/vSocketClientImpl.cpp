@@ -1,0 +1,187 @@
+#include "channel/transport/vSocketClientImpl.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <functional>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "channel/transport/MessageAssembler.h"
+#include "channel/transport/SocketDescriptor.h"
+#include "channel/transport/vnIPCChannel.h"
+#include "channel/transport/vnIPCConstants.h"
+#include "platform/NotificationCenter.h"
+#include "platform/Registry.h"
+#include "platform/RunLoop.h"
+#include "platform/Surroundings.h"
+#include "util/Utf16.h"
+#include "util/vStringUtils.h"
+
+namespace vorn {
+
+namespace {
+
+// The main thread writes, and a client that has stopped reading must not stop the host with it. A request is a
+// few kilobytes, which the socket takes at once; a second is long enough for the largest one.
+constexpr std::chrono::milliseconds kWritePatience{1000};
+
+}  // namespace
+
+// The descriptor of the moment. The lock keeps number and owner together; nobody waits while holding it.
+class vSocketClientImpl::Connection {
+ public:
+  int fd() const { return fd_; }
+
+  // A new descriptor; null when one is held already, when none can be made, and after end().
+  std::shared_ptr<SocketDescriptor> open() {
+    const std::lock_guard lock(mutex_);
+    if (fd_ > 0 || ended_) return nullptr;
+    descriptor_ = SocketDescriptor::make();
+    fd_ = descriptor_ ? descriptor_->number() : -1;
+    return descriptor_;
+  }
+
+  std::shared_ptr<SocketDescriptor> held() const {
+    const std::lock_guard lock(mutex_);
+    return descriptor_;
+  }
+
+  void close() {
+    const std::lock_guard lock(mutex_);
+    closeHeld();
+  }
+
+  // Closes for good: a reader that begins only now finds nothing to open.
+  void end() {
+    const std::lock_guard lock(mutex_);
+    ended_ = true;
+    closeHeld();
+  }
+
+ private:
+  void closeHeld() {
+    if (fd_ <= 0) return;
+    // Closing alone would leave the reader asleep.
+    descriptor_->shutDown();
+    descriptor_.reset();
+    fd_ = 0;
+  }
+
+  mutable std::mutex mutex_;
+  std::shared_ptr<SocketDescriptor> descriptor_;
+  std::atomic<int> fd_{0};
+  bool ended_ = false;
+};
+
+namespace {
+
+using OpenDescriptor = std::function<std::shared_ptr<SocketDescriptor>()>;
+using Deliver = std::function<void(std::string message)>;
+
+// The opening half. Whatever fails here leaves the descriptor open and unconnected: that is one of the states.
+bool connectToClient(SocketDescriptor& descriptor, const std::string& home) {
+  const std::string path = home + "/" + std::string(kIPCPluginSocketName);
+  if (utf16Length(path) > kIPCLongestPathInCharacters) return false;
+  return descriptor.connectTo(path.substr(0, kIPCLongestPathInBytes));
+}
+
+void readMessages(SocketDescriptor& descriptor, const Deliver& deliver) {
+  MessageAssembler assembler;
+  std::array<char, kIPCReceiveBufferSize> buffer{};
+  while (const std::size_t count = descriptor.read(buffer.data(), buffer.size() - 1)) {
+    std::optional<std::string> message = assembler.feed({buffer.data(), count});
+    // Passcodes pass through here.
+    buffer.fill('\0');
+    if (message) deliver(std::move(*message));
+  }
+}
+
+}  // namespace
+
+// One connection's thread. It touches nothing of the client but through what it is given.
+class SocketReader {
+ public:
+  SocketReader(OpenDescriptor open, std::string home, Deliver deliver)
+      : thread_([this, open = std::move(open), home = std::move(home), deliver = std::move(deliver)] {
+          if (const auto descriptor = open()) {
+            if (connectToClient(*descriptor, home)) readMessages(*descriptor, deliver);
+          }
+          isDone_ = true;
+        }) {}
+  ~SocketReader() { thread_.join(); }
+
+  bool isDone() const { return isDone_; }
+
+ private:
+  std::atomic<bool> isDone_{false};
+  std::thread thread_;
+};
+
+vSocketClientImpl& vSocketClientImpl::shareInstance() { return Registry::shared<vSocketClientImpl>(); }
+
+vSocketClientImpl::vSocketClientImpl()
+    : connection_(std::make_shared<Connection>()), self_(std::make_shared<vSocketClientImpl*>(this)) {}
+
+vSocketClientImpl::~vSocketClientImpl() {
+  connection_->end();
+  readers_.clear();
+}
+
+void vSocketClientImpl::connect() {
+  const Platform& platform = Registry::platform();
+  if (!platform.runLoop || !platform.surroundings) return;
+  reapReaders();
+
+  Deliver deliver = [runLoop = platform.runLoop, self = std::weak_ptr(self_)](std::string message) {
+    runLoop->post([self, message = std::move(message)] {
+      if (const auto client = self.lock()) (*client)->handleSocketGetRequestDone_OLPlugin(message);
+    });
+  };
+  try {
+    readers_.push_back(std::make_unique<SocketReader>([connection = connection_] { return connection->open(); },
+                                                      platform.surroundings->homeDirectory(), std::move(deliver)));
+  } catch (const std::system_error&) {
+    // The system gives no thread at present. The next message tries again.
+  }
+}
+
+void vSocketClientImpl::disconnect() { connection_->close(); }
+
+bool vSocketClientImpl::send(const OptionalText& message) {
+  if (fd() < 1) {
+    // Nothing keeps the message: the first one after a disconnect() only brings the connection back.
+    connect();
+    return false;
+  }
+  if (!message || message->empty() || message->size() >= kIPCSendBufferSize) return false;
+  // A peer that is gone and a message that was cut short stay unnoticed; the commands' timers deal with answers
+  // that do not come.
+  if (const auto descriptor = connection_->held()) descriptor->write(*message, kWritePatience);
+  return true;
+}
+
+int vSocketClientImpl::fd() const { return connection_->fd(); }
+
+void vSocketClientImpl::handleSocketGetRequestDone_OLPlugin(const OptionalText& message) {
+  if (!message || message->empty()) return;
+  const Value parsed = vStringUtils::toArrayOrNSDictionary(message);
+  if (!parsed[VN_IPC_ACTION_ID].isText() || !parsed[VN_IPC_CONTENT].isText()) return;
+
+  Value envelope = Value::dictionaryFromPairs(
+      {{VN_IPC_ACTION_ID, parsed[VN_IPC_ACTION_ID]}, {VN_IPC_CONTENT, parsed[VN_IPC_CONTENT]}});
+  vnIPCChannel::traceReceived(envelope);
+  if (!Registry::platform().notificationCenter) return;
+  const bool isFromAgent = vnIPCChannel::actionOfEnvelope(envelope) == kIPCAgentAction;
+  Registry::platform().notificationCenter->post(isFromAgent ? NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT
+                                                            : NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN,
+                                                nullptr, std::move(envelope));
+}
+
+// Lets go of the threads that have ended by themselves.
+void vSocketClientImpl::reapReaders() {
+  std::erase_if(readers_, [](const auto& reader) { return reader->isDone(); });
+}
+
+}  // namespace vorn

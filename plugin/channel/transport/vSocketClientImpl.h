@@ -1,0 +1,68 @@
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "util/Value.h"
+
+namespace vorn {
+
+class RunLoop;
+class SocketDescriptor;
+class SocketReader;
+
+// The connection to the client over the local socket "s.vop" in the home folder.
+//
+// The states are these and no others: a failed connection attempt and a lost peer are not noticed, nothing is
+// tried again by itself, and the channel stays silent until disconnect().
+//
+//   fd() is   after                                   send() then
+//   0         the start, or disconnect()              starts connect(), drops the message, false
+//   -1        no socket could be made                 the same
+//   above 0   the path or the connection failed       writes into nothing, true
+//   above 0   connected                               writes, true
+//   above 0   the peer closed                         writes into nothing, true
+//
+// All operations belong to the main thread; one thread for each connection reads. The operations are virtual so
+// that a client in the same process can take the place of the socket: Registry::install<vSocketClientImpl>().
+class vSocketClientImpl {
+ public:
+  static vSocketClientImpl& shareInstance();
+
+  vSocketClientImpl();
+  // Ends the connection and waits for its readers, which wake up at once.
+  virtual ~vSocketClientImpl();
+  vSocketClientImpl(const vSocketClientImpl&) = delete;
+  vSocketClientImpl& operator=(const vSocketClientImpl&) = delete;
+
+  // Opens the connection on a thread of its own, which then reads until the stream ends, and returns at once.
+  // That thread does nothing when a descriptor is held by then, connected or not.
+  virtual void connect();
+  // Closes the descriptor.
+  virtual void disconnect();
+  // Writes a message as UTF-8, for one second at most. False when it was dropped: without a descriptor, when it
+  // is absent or empty, and when it has kIPCSendBufferSize bytes or more.
+  virtual bool send(const OptionalText& message);
+
+  int fd() const;
+
+  // Takes a message that has come in: parses it, and posts its two members under one of the two notification
+  // names of the process. What is no envelope is ignored.
+  void handleSocketGetRequestDone_OLPlugin(const OptionalText& message);
+
+ private:
+  class Connection;
+
+  void reapReaders();
+
+  // Shared with the readers: the descriptor of the moment.
+  std::shared_ptr<Connection> connection_;
+  // What a reader posts looks here before it touches this object.
+  std::shared_ptr<vSocketClientImpl*> self_;
+  std::vector<std::unique_ptr<SocketReader>> readers_;
+};
+
+}  // namespace vorn

@@ -1,0 +1,193 @@
+#include "data/CVnGetMeetingProtoParse.h"
+
+#include <utility>
+
+#include "data/OptionBits.h"
+#include "data/vnProtoBufConvert.h"
+#include "meeting.pb.h"
+
+namespace vorn {
+
+namespace {
+
+namespace proto = com::tidemar::webapp::proto;
+
+// The decoded message is only a passing stage, so its texts are moved out of it instead of copied.
+std::string taken(std::string* text) { return textFromWire(std::move(*text)); }
+
+template <typename Texts>
+std::vector<std::string> takenAll(Texts* texts) {
+  std::vector<std::string> result;
+  result.reserve(static_cast<std::size_t>(texts->size()));
+  for (std::string& text : *texts) result.push_back(taken(&text));
+  return result;
+}
+
+_sTrackingField takeTrackingField(proto::TrackingField& from) {
+  _sTrackingField field;
+  if (from.has_id()) field.id = taken(from.mutable_id());
+  if (from.has_required()) field.required = from.required();
+  if (from.has_trackfield()) field.trackField = taken(from.mutable_trackfield());
+  if (from.has_trackvalue()) field.trackValue = taken(from.mutable_trackvalue());
+  if (from.has_mtvalue()) field.mtValue = taken(from.mutable_mtvalue());
+  return field;
+}
+
+_sAlternateHost_ takeAlternateHost(proto::AlternativeHost& from) {
+  _sAlternateHost_ host;
+  if (from.has_id()) host.id = taken(from.mutable_id());
+  if (from.has_email()) host.email = taken(from.mutable_email());
+  if (from.has_firstname()) host.firstName = taken(from.mutable_firstname());
+  if (from.has_lastname()) host.lastName = taken(from.mutable_lastname());
+  host.option = from.option();
+  return host;
+}
+
+_sAvailableDialinCountry_ takeDialinCountry(proto::AvailableDialinCountry& from) {
+  _sAvailableDialinCountry_ countries;
+  if (from.has_hash()) countries.hash = taken(from.mutable_hash());
+  countries.includeTollfree = from.includetollfree();
+  countries.selectedCountries = takenAll(from.mutable_selectedcountries());
+  countries.showIncludeTollfree = from.showincludetollfree();
+  return countries;
+}
+
+_sAuthDomainInfo_ takeAuth(proto::AuthProto& from) {
+  _sAuthDomainInfo_ info;
+  if (from.has_authid()) info.authId = taken(from.mutable_authid());
+  if (from.has_authname()) info.authName = taken(from.mutable_authname());
+  info.authType = from.authtype();
+  if (from.has_authdomain()) info.authDomain = taken(from.mutable_authdomain());
+  return info;
+}
+
+_sMeetingTemplate_ takeTemplate(proto::MeetingTemplate& from) {
+  _sMeetingTemplate_ meetingTemplate;
+  if (from.has_templateid()) meetingTemplate.templateId = taken(from.mutable_templateid());
+  meetingTemplate.templateType = from.templatetype();
+  if (from.has_templatename()) meetingTemplate.templateName = taken(from.mutable_templatename());
+  return meetingTemplate;
+}
+
+template <typename Record>
+bool copyAt(const std::vector<Record>& records, std::int32_t index, Record& out) {
+  if (index < 0 || static_cast<std::size_t>(index) >= records.size()) return false;
+  out = records[static_cast<std::size_t>(index)];
+  return true;
+}
+
+}  // namespace
+
+CVnGetMeetingProtoParse::CVnGetMeetingProtoParse(const std::uint8_t* bytes, std::int32_t length) {
+  if (length > 0) ReadFromProto(bytes, length);
+}
+
+void CVnGetMeetingProtoParse::ReadFromProto(const std::uint8_t* bytes, std::int32_t length) {
+  proto::MeetingProto message;
+  if (!ProtoFromByteStream(&message, bytes, static_cast<std::uint32_t>(length))) return;
+
+  scheduleOptions_ = message.scheduleoptions();
+  scheduleOption2_ = message.scheduleoption2();
+  scheduleOption3_ = message.scheduleoption3();
+  scheduleOption4_ = message.scheduleoption4();
+  meetingNumber_ = message.meetingnumber();
+  if (message.has_invitehtmlemail()) inviteHtmlEmail_ = taken(message.mutable_invitehtmlemail());
+  if (message.has_restrictjoinuserdomains()) {
+    restrictJoinDomains_ = taken(message.mutable_restrictjoinuserdomains());
+  }
+  if (message.has_extinfo()) extInfo_ = taken(message.mutable_extinfo());
+  if (message.has_hostid()) hostId_ = taken(message.mutable_hostid());
+  if (message.has_hostemail()) hostEmail_ = taken(message.mutable_hostemail());
+
+  trackingFields_.reserve(static_cast<std::size_t>(message.trackingfields_size()));
+  for (auto& field : *message.mutable_trackingfields()) trackingFields_.push_back(takeTrackingField(field));
+  alternateHosts_.reserve(static_cast<std::size_t>(message.alternatehosts_size()));
+  for (auto& host : *message.mutable_alternatehosts()) alternateHosts_.push_back(takeAlternateHost(host));
+  additionalDCRegions_ = takenAll(message.mutable_additionaldcregions());
+
+  if (message.has_availabledialincountry()) {
+    availableDialinCountry_ = takeDialinCountry(*message.mutable_availabledialincountry());
+  }
+  if (message.has_authproto()) authDomainInfo_ = takeAuth(*message.mutable_authproto());
+  if (message.has_meetingtemplate()) meetingTemplate_ = takeTemplate(*message.mutable_meetingtemplate());
+  if (message.has_joinmeetingregionpolicy()) {
+    auto& policy = *message.mutable_joinmeetingregionpolicy();
+    joinMeetingRegionPolicy_.regionType = policy.regiontype();
+    joinMeetingRegionPolicy_.regionCodes = takenAll(policy.mutable_regioncodes());
+  }
+}
+
+bool CVnGetMeetingProtoParse::IsSignedInUsersMeetingOn() const {
+  return hasBit(scheduleOptions_, maskOf(kScheduleOptionsBits, "IsSignedInUsersMeetingOn"));
+}
+bool CVnGetMeetingProtoParse::IsEnableMuteOnEntry() const {
+  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableMuteOnEntry"));
+}
+bool CVnGetMeetingProtoParse::IsEnableAutoRecordingLocal() const {
+  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableAutoRecordingLocal"));
+}
+bool CVnGetMeetingProtoParse::IsEnableAUtoRecordingCloud() const {
+  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableAUtoRecordingCloud"));
+}
+bool CVnGetMeetingProtoParse::IsEnableAutoRecordingMtgLevelFirst() const {
+  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableAutoRecordingMtgLevelFirst"));
+}
+bool CVnGetMeetingProtoParse::IsEnableMeetingToPublic() const {
+  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableMeetingToPublic"));
+}
+bool CVnGetMeetingProtoParse::IsEnableWaitingRoom() const {
+  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableWaitingRoom"));
+}
+bool CVnGetMeetingProtoParse::IsSupportWaitingRoom() const {
+  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsSupportWaitingRoom"));
+}
+bool CVnGetMeetingProtoParse::IsEnableAudioWatermark() const {
+  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableAudioWatermark"));
+}
+bool CVnGetMeetingProtoParse::IsEnableRegionCustomization() const {
+  return hasBit(scheduleOption3_, maskOf(kScheduleOption3Bits, "IsEnableRegionCustomization"));
+}
+bool CVnGetMeetingProtoParse::IsEnableE2ee() const {
+  return hasBit(scheduleOption4_, maskOf(kScheduleOption4Bits, "IsEnableE2ee"));
+}
+bool CVnGetMeetingProtoParse::IsEnableUnmuteAll() const {
+  return hasBit(scheduleOption4_, maskOf(kScheduleOption4Bits, "IsEnableUnmuteAll"));
+}
+bool CVnGetMeetingProtoParse::IsEnableAllowDenyJoinMeetingRegion() const {
+  return hasBit(scheduleOption4_, maskOf(kScheduleOption4Bits, "IsEnableAllowDenyJoinMeetingRegion"));
+}
+
+bool CVnGetMeetingProtoParse::GetTrackingFieldAt(std::int32_t index, _sTrackingField& field) const {
+  return copyAt(trackingFields_, index, field);
+}
+
+bool CVnGetMeetingProtoParse::GetAlternateHostAt(std::int32_t index, _sAlternateHost_& host) const {
+  return copyAt(alternateHosts_, index, host);
+}
+
+bool CVnGetMeetingProtoParse::GetAdditionalDCRegionAt(std::int32_t index, std::string& region) const {
+  return copyAt(additionalDCRegions_, index, region);
+}
+
+bool CVnGetMeetingProtoParse::GetAvailableDialinCountry(_sAvailableDialinCountry_& countries) const {
+  if (availableDialinCountry_.hash.empty()) return false;
+  countries = availableDialinCountry_;
+  return true;
+}
+
+bool CVnGetMeetingProtoParse::GetAuthDomainInfo(_sAuthDomainInfo_& info) const {
+  info = authDomainInfo_;
+  return true;
+}
+
+bool CVnGetMeetingProtoParse::GetMeetingTemplate(_sMeetingTemplate_& meetingTemplate) const {
+  meetingTemplate = meetingTemplate_;
+  return true;
+}
+
+bool CVnGetMeetingProtoParse::GetJoinMeetingRegionPolicy(_sJoinMeetingRegionPolicy_& policy) const {
+  policy = joinMeetingRegionPolicy_;
+  return true;
+}
+
+}  // namespace vorn

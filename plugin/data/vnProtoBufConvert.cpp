@@ -1,0 +1,74 @@
+#include "data/vnProtoBufConvert.h"
+
+#include <google/protobuf/io/coded_stream.h>
+#include <google/protobuf/io/zero_copy_stream_impl_lite.h>
+#include <google/protobuf/message_lite.h>
+
+#include <limits>
+#include <memory>
+#include <utility>
+
+#include "util/EncodeUtils.h"
+#include "util/Utf16.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr int kDeepestNesting = 100;
+constexpr std::size_t kLargestMessage = std::numeric_limits<std::int32_t>::max();
+
+}  // namespace
+
+bool ProtoFromByteStream(google::protobuf::MessageLite* message, const std::uint8_t* bytes,
+                         std::uint32_t byteCount) {
+  if (!message || !bytes || byteCount > kLargestMessage) return false;
+  google::protobuf::io::ArrayInputStream array(bytes, static_cast<int>(byteCount));
+  google::protobuf::io::CodedInputStream coded(&array);
+  coded.SetRecursionLimit(kDeepestNesting);
+  return message->MergePartialFromCodedStream(&coded);
+}
+
+bool ProtoToByteStream(const google::protobuf::MessageLite* message, std::uint8_t** bytes, std::uint32_t* size) {
+  if (!message || !bytes || !size) return false;
+  const std::size_t needed = message->ByteSizeLong();
+  if (needed > kLargestMessage) return false;
+  auto buffer = std::make_unique<std::uint8_t[]>(needed);
+  if (!message->SerializePartialToArray(buffer.get(), static_cast<int>(needed))) return false;
+  *bytes = buffer.release();
+  *size = static_cast<std::uint32_t>(needed);
+  return true;
+}
+
+void FreeProtoByteStream(std::uint8_t* bytes, std::uint32_t) { std::unique_ptr<std::uint8_t[]> owned(bytes); }
+
+ZeroPaddedBytes::ZeroPaddedBytes(const OptionalText& base64) {
+  if (!base64 || base64->size() > kLargestMessage) return;
+  OptionalText decoded = EncodeUtils::base64DecodeToData(base64);
+  if (!decoded || decoded->empty()) return;
+  buffer_ = std::move(*decoded);
+  buffer_.resize(base64->size(), '\0');
+}
+
+const std::uint8_t* ZeroPaddedBytes::data() const {
+  return buffer_.empty() ? nullptr : reinterpret_cast<const std::uint8_t*>(buffer_.data());
+}
+
+std::string textFromWire(std::string wire) {
+  if (isValidUtf8(wire)) return wire;
+  std::string repaired;
+  repaired.reserve(wire.size() + 16);
+  for (std::size_t at = 0; at < wire.size();) {
+    const std::size_t length = utf8SequenceLength(wire, at);
+    const bool outsideAnySequence = length == 1 && static_cast<unsigned char>(wire[at]) >= 0x80;
+    if (outsideAnySequence) {
+      repaired += "\uFFFD";
+    } else {
+      repaired.append(wire, at, length);
+    }
+    at += length;
+  }
+  return repaired;
+}
+
+}  // namespace vorn

@@ -1,0 +1,237 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "data/VNAvailableDialinCountryContent.h"
+#include "util/Value.h"
+
+namespace vorn {
+
+// Every question to the signed-in account: is a feature offered, what is its default, has the administrator locked
+// it. The answers come from the client's profile dictionary and from the binary message inside it. Main thread
+// only.
+//
+// No question fails: without data it answers false, 0, "" or absent. A caller that needs real data asks
+// hasUserProfile() first. Array and dictionary answers are absent when the profile lacks them.
+class vnUserProfileHelper {
+ public:
+  static vnUserProfileHelper& sharedInstance();
+
+  // Tells the rooms below that ask for the account where its answers are.
+  vnUserProfileHelper();
+
+  // --- Life of the data.
+
+  // Replaces the profile with the client's dictionary. Absent is ignored. The account counts as changed when the
+  // user id differs from the one before; with a binary message the id compared is the one of the reply before,
+  // because it is read before the new message is decoded.
+  void setData(const Value& profile);
+  void clearUserProfile();
+  bool hasUserProfile() const { return profile_.count() > 0; }
+  bool hasProto() const { return getProto().has_value(); }
+  OptionalText getProto() const;
+  // Decodes the message of the profile; nothing without one. A message that cannot be decoded leaves the values of
+  // the message before.
+  void initProtoParseInstance();
+  void freeProtoParseInstance();
+  void cleanup();
+  bool isAccountChanged() const { return isAccountChanged_; }
+  void setIsAccountChanged(bool changed) { isAccountChanged_ = changed; }
+
+  // --- From the message when the profile has one, otherwise from the dictionary.
+
+  OptionalText getUID() const;
+  OptionalText roomMeetingID() const;
+  OptionalText thirdPartyAudioInfo() const;
+  bool enableThirdPartyAudio() const;
+  bool enablePSTN() const;
+  bool use3rdPartyAsDefaultAudio() const;
+  bool useRandomPasswordByDefault() const;
+  bool alwaysUseBothAsDefaultAudio() const;
+  bool alwaysTurnOnHostVideoByDefault() const;
+  bool alwaysTurnOnAttendeeVideoByDefault() const;
+  bool alwaysEnableJoinBeforeHostByDefault() const;
+  bool alwaysUseTelephonyAsDefaultAudio() const;
+  // The dictionary's own option word.
+  std::int64_t userOption() const;
+
+  // --- From the message alone.
+
+  bool isSignedInUserMeetingOn() const;
+  bool isSpecifiedDomainsMeetingOn() const;
+  bool enforceJoinLoginSpecifiedDomainsDefaultOn() const;
+  bool enableNotStoreMeetingTopic() const;
+  bool canUpgrade() const;
+  bool enableAutoRecordingByDefault() const;
+  bool enableCloudRecordingByDefault() const;
+  bool alwaysUseVOIPAsDefaultAudio() const;
+  bool enableListMeetingInPublicEventListByDefault() const;
+  bool isDisablePMIForOther() const;
+  std::string restrictJoinDomains() const;
+  std::string userName() const;
+  std::string userEmail() const;
+  std::string tspServiceProvider() const;
+
+  // --- From the message, and only when the client can do it.
+
+  bool enableLocalRecording() const;
+  bool enableCloudRecording() const;
+  bool isEnableAddMeetingToPublicCalendarEvent() const;
+  bool isEnableAudioWatermark() const;
+
+  // --- Option words, and the bits of them.
+
+  std::int64_t userOptions3() const;
+  std::int64_t userOptions4() const;
+  std::int64_t userOptions5() const;
+
+  bool muteUponEntryDefaultValue() const;
+  bool isDefaultScheduleUsePMI() const;
+  bool isEnableWaitingRoom() const;
+  bool putTheInvitationAtTheTopDefaultValue() const;
+  // The opposite of its bit, so true without a message.
+  bool isAddJoinUrlToLocation() const;
+  bool isDisablePwdEmbedInJoinUrl() const;
+  bool isSupportJbhPriorTime() const;
+  bool isSupportRegionCustomization() const;
+  bool isEnableRegionCustomization() const;
+  bool isShowUseWebSettingTipView() const;
+  bool isEnableWaitingRoomNewLogic() const;
+  bool isSupportUnmuteAll() const;
+  bool isEnableUnmuteAll() const;
+  bool isEnableE2eeMeeting() const;
+  bool canScheduleE2eeMeeting() const;
+  bool isSupportE2eeMeeting() const;
+  bool isSupportForceIncludeJoinurlInLocation() const;
+
+  bool isHostVideoLocked() const;
+  bool isParticipantsLocked() const;
+  bool isAudioTypeLocked() const;
+  bool isJoinBeforeHostLocked() const;
+  bool isMuteUponEntryLocked() const;
+  bool isOnlySignedinUserCanJoinLocked() const;
+  bool isSignedinDomainsLocked() const;
+  bool isWatermarkLocked() const;
+  bool isAutomaticRecordingLocked() const;
+  bool isPublicEventLocked() const;
+  bool isLockAudioWatermark() const;
+  bool isLockScheduleUsePMI() const;
+  bool isLockWaitingRoom() const;
+  bool isLockJoinUrlToLocation() const;
+  bool isLockE2eeMeeting() const;
+  // No lock, though it stands among them: passcodes mix digits and letters.
+  bool isEnableNumberalphabet() const;
+
+  // --- The dictionary's word of features.
+
+  std::int64_t getSupportFeatureOptions() const;
+  bool supportEditCountriesFeature() const;
+  bool supportPutTheInvitationAtTheTopFeature() const;
+  bool supportFeatureRequirePassword() const;
+  bool supportFeatureEnablePaidUserForCN() const;
+
+  // --- The dictionary when it has the key, otherwise the bit.
+
+  bool isEnableRequirePassword() const;
+  bool isEnablePMIRequirePassword() const;
+  bool isLockScheduleRequirePassword() const;
+  bool isLockPMIRequirePassword() const;
+  bool isDisablePMI() const;
+  // Always false under the new waiting-room logic, which replaces this rule.
+  bool isEnableForcePMIJBHWithPassword() const;
+
+  // --- From the dictionary alone.
+
+  bool isDefaultEnableOnlyAuthUsersCanJoin() const;
+  bool isLockOnlyAuthUsersCanJoin() const;
+  bool isSupportOnlyAuthUsersCanJoin() const;
+  bool isTaiWanZH() const;
+  std::int64_t getMeetingPasswordMinLength() const;
+  std::int64_t getMeetingPasswordRulesOption() const;
+  std::int64_t getMeetingPasswordConsecutiveLength() const;
+  std::string getMeetingTrashCanLink() const;
+  std::string getPublicEventListUrl() const;
+  std::string getProfileSettingURL() const;
+  Value getWebUncheckedDCInfos() const;
+  Value getMeetingAuths() const;
+  Value bossesInfo() const;
+  Value getAccountUpgradeInfo() const;
+  // Minutes; 5 when the profile does not tell.
+  std::int64_t getDefaultJbhPriorTime() const;
+  // The service's public web address when the profile does not tell.
+  std::string getVornDomain() const;
+
+  bool isShowUpgradeLink() const;
+  std::string getUpgradeContactName() const;
+  std::string getUpgradeLink() const;
+  std::string getUpgradeContactEmail() const;
+
+  // --- The plan, as the licence policy sees it.
+
+  bool isPaidUser() const;
+  bool isNoMeetingLicenseUser() const;
+  // Absent when the message does not tell or there is none.
+  std::optional<std::int32_t> userType() const;
+
+  // --- Telephone audio.
+
+  // Dictionaries with the vn_TspAccount_* keys; absent without a message.
+  Value tspAccounts() const;
+  bool isTspSite() const;
+  bool moreThanOneTSPAccounts() const;
+  bool tspIsSupportHybirdAudio() const;
+  bool isScheduleAudioBothDisabled() const;
+
+  // --- Tracking fields and dial-in countries.
+
+  // Dictionaries in the order of the wire; absent without a message.
+  Value trackingFields() const;
+  // Always something, empty lists at worst, until cleanup().
+  std::optional<VNAvailableDialinCountryContent> getAvailableDialinCountry() const;
+
+  // --- People to schedule for, by e-mail or host id without case.
+
+  // "" for an absent, empty or unknown e-mail.
+  std::string pmiMeetingIDWithScheduleForEmail(const OptionalText& email) const;
+  // "" for an index outside.
+  std::string getScheduleForEmailWithIndex(std::int64_t index) const;
+  // -1 when not found.
+  std::int64_t getScheduleForIndexWithEmail(const OptionalText& email) const;
+  std::int64_t getScheduleForIndexWithHostID(const OptionalText& hostId) const;
+  bool supportPMIForOnbehalf(const OptionalText& email) const;
+  bool isDisablePMIWithScheduleForEmail(const OptionalText& email) const;
+  // Compares as numbers, so that "0123" is "123".
+  bool isBossesPMIMeetingID(const OptionalText& meetingId) const;
+  bool isEnableScheduleFor() const;
+
+  // --- Of the account for an absent or empty e-mail, otherwise of the person in the schedule-for list.
+
+  Value getMeetingTemplates(const OptionalText& email) const;
+  // "" when there is none.
+  std::string getMeetingTemplateLinkWithoutId(const OptionalText& email) const;
+  bool isEnableAdminTemplate(const OptionalText& email) const;
+  bool isLockAdminTemplate(const OptionalText& email) const;
+  Value getMaximumDialinCountry(const OptionalText& email) const;
+  bool isEnableAllowDenyJoinMeetingRegion(const OptionalText& email) const;
+  bool isLockAllowDenyJoinMeetingRegion(const OptionalText& email) const;
+  // The region setting, and what stands in it.
+  Value getJoinMeetingRegions(const OptionalText& email) const;
+  Value getTotalRegionCodes(const OptionalText& email) const;
+  std::string getDefaultRegionCode(const OptionalText& email) const;
+  std::int64_t getRegionType(const OptionalText& email) const;
+  Value getRegionCodes(const OptionalText& email) const;
+
+ private:
+  bool dictionaryOrBit(std::string_view key, std::int64_t word, std::uint64_t mask) const;
+  // The value under a key of the account or of the person.
+  Value accountOrPerson(const OptionalText& email, std::string_view key) const;
+
+  // Absent after cleanup().
+  Value profile_ = Value::dictionary();
+  OptionalText cachedUserId_;
+  bool isAccountChanged_ = false;
+};
+
+}  // namespace vorn

@@ -1,0 +1,125 @@
+#include "data/OptionBits.h"
+#include "data/vnGetScheduleForListHelper.h"
+#include "data/vnProfileKeys.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "util/Text.h"
+
+// The profile reader: the people to schedule for, and the questions that are asked of an account or of a person.
+
+namespace vorn {
+
+namespace {
+
+// The index of the first person whose text under the key is the given one, without case; -1 when there is none.
+std::int64_t indexOfPerson(const Value& people, std::string_view key, const OptionalText& wanted) {
+  if (!wanted || wanted->empty()) return -1;
+  for (std::size_t i = 0; i < people.items().size(); ++i) {
+    if (equalIgnoringCase(people.at(i)[key].text(), *wanted)) return static_cast<std::int64_t>(i);
+  }
+  return -1;
+}
+
+bool isOneself(const OptionalText& email) { return !email || email->empty(); }
+
+const vnGetScheduleForListHelper& scheduleForList() { return vnGetScheduleForListHelper::sharedInstance(); }
+
+}  // namespace
+
+std::int64_t vnUserProfileHelper::getScheduleForIndexWithEmail(const OptionalText& email) const {
+  return indexOfPerson(bossesInfo(), vn_Boss_Email, email);
+}
+
+std::int64_t vnUserProfileHelper::getScheduleForIndexWithHostID(const OptionalText& hostId) const {
+  return indexOfPerson(bossesInfo(), vn_Boss_HostId, hostId);
+}
+
+std::string vnUserProfileHelper::getScheduleForEmailWithIndex(std::int64_t index) const {
+  if (index < 0) return {};
+  return bossesInfo().at(static_cast<std::size_t>(index))[vn_Boss_Email].text();
+}
+
+std::string vnUserProfileHelper::pmiMeetingIDWithScheduleForEmail(const OptionalText& email) const {
+  const std::int64_t index = getScheduleForIndexWithEmail(email);
+  return index < 0 ? std::string() : bossesInfo().at(static_cast<std::size_t>(index))[vn_Boss_PMI].text();
+}
+
+bool vnUserProfileHelper::supportPMIForOnbehalf(const OptionalText& email) const {
+  return !pmiMeetingIDWithScheduleForEmail(email).empty();
+}
+
+bool vnUserProfileHelper::isDisablePMIWithScheduleForEmail(const OptionalText& email) const {
+  const std::int64_t index = getScheduleForIndexWithEmail(email);
+  return index >= 0 && bossesInfo().at(static_cast<std::size_t>(index))[vn_Boss_DisablePMI].boolValue();
+}
+
+bool vnUserProfileHelper::isBossesPMIMeetingID(const OptionalText& meetingId) const {
+  const std::int64_t number = Value(meetingId).integerValue();
+  const Value bosses = bossesInfo();
+  for (const Value& person : bosses.items()) {
+    const Value& personalNumber = person[vn_Boss_PMI];
+    if (personalNumber.isPresent() && personalNumber.integerValue() == number) return true;
+  }
+  return false;
+}
+
+bool vnUserProfileHelper::isEnableScheduleFor() const { return bossesInfo().items().size() > 0; }
+
+Value vnUserProfileHelper::accountOrPerson(const OptionalText& email, std::string_view key) const {
+  if (isOneself(email)) return profile_[key];
+  return scheduleForList().bossesInfoWithScheduleForEmail(email)[key];
+}
+
+Value vnUserProfileHelper::getMeetingTemplates(const OptionalText& email) const {
+  return accountOrPerson(email, vn_Profile_MeetingTemplates);
+}
+
+std::string vnUserProfileHelper::getMeetingTemplateLinkWithoutId(const OptionalText& email) const {
+  return accountOrPerson(email, vn_Profile_TemplateLinkWithoutId).text();
+}
+
+bool vnUserProfileHelper::isEnableAdminTemplate(const OptionalText& email) const {
+  const std::int64_t word = isOneself(email) ? userOptions5() : scheduleForList().userOptions5(email);
+  return hasBit(word, maskOf(kUserOption5Bits, "isEnableAdminTemplate"));
+}
+
+bool vnUserProfileHelper::isLockAdminTemplate(const OptionalText& email) const {
+  const std::int64_t word = isOneself(email) ? userOptions4() : scheduleForList().userOptions4(email);
+  return hasBit(word, maskOf(kUserOption4Bits, "isLockAdminTemplate"));
+}
+
+Value vnUserProfileHelper::getMaximumDialinCountry(const OptionalText& email) const {
+  return accountOrPerson(email, vn_Profile_MaximumDialinCountry);
+}
+
+bool vnUserProfileHelper::isEnableAllowDenyJoinMeetingRegion(const OptionalText& email) const {
+  const std::int64_t word = isOneself(email) ? userOptions3() : scheduleForList().userOptions3(email);
+  return hasBit(word, maskOf(kUserOption3Bits, "isEnableAllowDenyJoinMeetingRegion"));
+}
+
+bool vnUserProfileHelper::isLockAllowDenyJoinMeetingRegion(const OptionalText& email) const {
+  const std::int64_t word = isOneself(email) ? userOptions4() : scheduleForList().userOptions4(email);
+  return hasBit(word, maskOf(kUserOption4Bits, "isLockAllowDenyJoinMeetingRegion"));
+}
+
+Value vnUserProfileHelper::getJoinMeetingRegions(const OptionalText& email) const {
+  return accountOrPerson(email, vn_Setting_JoinMeetingRegionSetting);
+}
+
+Value vnUserProfileHelper::getTotalRegionCodes(const OptionalText& email) const {
+  return getJoinMeetingRegions(email)[vn_Setting_TotalRegionCodes];
+}
+
+std::string vnUserProfileHelper::getDefaultRegionCode(const OptionalText& email) const {
+  return getJoinMeetingRegions(email)[vn_Setting_DefaultRegionCode].text();
+}
+
+std::int64_t vnUserProfileHelper::getRegionType(const OptionalText& email) const {
+  return getJoinMeetingRegions(email)[vn_Setting_RegionPolicy][vn_Setting_RegionType].integerValue();
+}
+
+Value vnUserProfileHelper::getRegionCodes(const OptionalText& email) const {
+  return getJoinMeetingRegions(email)[vn_Setting_RegionPolicy][vn_Setting_RegionCodes];
+}
+
+}  // namespace vorn

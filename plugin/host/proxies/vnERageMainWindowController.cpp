@@ -1,0 +1,52 @@
+#include "host/proxies/vnERageMainWindowController.h"
+
+#include "host/proxies/HostViews.h"
+#include "platform/Registry.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr std::uint32_t kMailTab = 0;
+constexpr std::uint32_t kCalendarTab = 2;
+
+void keepFirst(const HostObject& root, std::string_view className, HostObject& kept) {
+  if (const HostObject found = firstSubviewOfKind(root, className)) kept = found;
+}
+
+}  // namespace
+
+vnERageMainWindowController& vnERageMainWindowController::sharedInstance() {
+  return Registry::shared<vnERageMainWindowController>();
+}
+
+void vnERageMainWindowController::setDelegate(const HostObject& delegate) {
+  if (this->delegate() || !isKindOfHostClass(delegate, className())) return;
+  vnDelegateBase::setDelegate(delegate);
+  connectChild();
+}
+
+void vnERageMainWindowController::initMembers() {
+  const HostObject mainWindow = window();
+  if (!booleanFromHost(askHost(mainWindow, "isVisible"))) return;
+  const HostObject contentView = askHost(mainWindow, "contentView").object();
+  keepFirst(contentView, "OUIRibbonChunkContainerView", m_idOLRibbonChunkContainerView);
+  keepFirst(contentView, "OUIRibbonView", m_idOUIRibbonView);
+}
+
+std::uint32_t vnERageMainWindowController::currentActiveTabIndex() const {
+  if (!m_idOUIRibbonView) return static_cast<std::uint32_t>(-1);
+  return static_cast<std::uint32_t>(askHost(m_idOUIRibbonView, "activeTabIndex").integerValue());
+}
+
+bool vnERageMainWindowController::isHomeMailOrCalendarTab() const {
+  const std::uint32_t tab = currentActiveTabIndex();
+  return tab == kMailTab || tab == kCalendarTab;
+}
+
+void vnERageMainWindowController::cleanup() {
+  m_idOLRibbonChunkContainerView = {};
+  m_idOUIRibbonView = {};
+}
+
+}  // namespace vorn

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+
+#include "host/proxies/vnDelegateBase.h"
+
+namespace vorn {
+
+// The controller of the host's main window. Process-wide: it takes the first such controller and keeps to it.
+class vnERageMainWindowController : public vnDelegateBase {
+ public:
+  vnERageMainWindowController() : vnDelegateBase("ERageMainWindowController", HostObject()) {}
+  static vnERageMainWindowController& sharedInstance();
+
+  HostObject window() const { return object("window"); }
+
+  // Takes the first object of the right class; every later call is ignored.
+  void setDelegate(const HostObject& delegate);
+  void connectChild() { initMembers(); }
+  // Looks for the ribbon in a visible window; what is not found stays as it was.
+  void initMembers();
+
+  const HostObject& ribbonChunkContainerView() const { return m_idOLRibbonChunkContainerView; }
+  const HostObject& ribbonView() const { return m_idOUIRibbonView; }
+  // The ribbon's active tab; 4294967295 without a ribbon.
+  std::uint32_t currentActiveTabIndex() const;
+  bool isHomeMailOrCalendarTab() const;
+  // The window is closing: forgets both views.
+  void cleanup();
+
+ private:
+  HostObject m_idOLRibbonChunkContainerView;
+  HostObject m_idOUIRibbonView;
+};
+
+}  // namespace vorn

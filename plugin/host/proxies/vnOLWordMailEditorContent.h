@@ -1,0 +1,17 @@
+#pragma once
+
+#include "host/proxies/vnDelegateBase.h"
+
+namespace vorn {
+
+// What the host's body editor holds.
+class vnOLWordMailEditorContent : public vnDelegateBase {
+ public:
+  explicit vnOLWordMailEditorContent(const HostObject& delegate)
+      : vnDelegateBase("OLWordMailEditorContent", delegate) {}
+
+  // The body as HTML text. A body may be large: the value shares it.
+  Value bodyContent() const { return getOLItemID("bodyContent"); }
+};
+
+}  // namespace vorn

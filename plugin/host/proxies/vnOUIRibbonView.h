@@ -1,0 +1,13 @@
+#pragma once
+
+#include "host/proxies/vnDelegateBase.h"
+
+namespace vorn {
+
+// The ribbon.
+class vnOUIRibbonView : public vnDelegateBase {
+ public:
+  explicit vnOUIRibbonView(const HostObject& delegate) : vnDelegateBase("OUIRibbonView", delegate) {}
+};
+
+}  // namespace vorn

@@ -1,0 +1,49 @@
+#include "host/surface/ActionBarPlacement.h"
+
+#include <algorithm>
+
+#include "host/proxies/HostViews.h"
+#include "host/proxies/vnDelegateBase.h"
+#include "host/surface/vnActionAdditionView.h"
+#include "util/vnOLUtils.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr double kTopWithTimezone = 13;
+constexpr double kTopWithoutTimezone = -10;
+
+bool showsTimezone(const HostObject& field) {
+  if (booleanFromHost(askHost(field, "isHidden"))) return false;
+  const Value shown = askHost(field, "stringValue");
+  const std::string& text = shown.text();
+  return text.find("UTC") != std::string::npos || text.find("GMT") != std::string::npos;
+}
+
+}  // namespace
+
+Rect actionBarFrame(const Rect& superviewFrame, const Rect& barFrame, bool hasTimezone) {
+  const double right = superviewFrame.width - g_vnActionAdditionView_RightMargin;
+  const double left = std::max(right - g_vnActionAddtionView_NormalWidth, g_vnActionAdditionView_MinX);
+  return Rect{left, hasTimezone ? kTopWithTimezone : kTopWithoutTimezone, std::max(right - left, 0.0),
+              barFrame.height};
+}
+
+void placeActionBar(const std::vector<HostObject>& views, bool hasTimezone) {
+  const auto bar = std::find_if(views.begin(), views.end(), [](const HostObject& view) {
+    return isExactlyOfHostClass(view, vnActionAdditionView::kViewClass);
+  });
+  if (bar == views.end()) return;
+  const HostObject superview = askHost(*bar, "superview").object();
+  if (!superview) return;
+  setFrameOf(*bar, actionBarFrame(frameOf(superview), frameOf(*bar), hasTimezone));
+}
+
+bool vnHasTimezone(const HostObject& header) {
+  std::vector<HostObject> fields;
+  vnOLUtils::GetSubViewOfKind(header, "NSTextField", fields);
+  return std::any_of(fields.begin(), fields.end(), showsTimezone);
+}
+
+}  // namespace vorn

@@ -1,0 +1,94 @@
+#include "host/surface/HookInstaller.h"
+
+#include <memory>
+#include <string>
+
+#include "host/surface/classSwizzle.h"
+#include "platform/Registry.h"
+
+namespace vorn {
+
+namespace {
+
+// What the host's runtime holds of an installed row. It outlives this system's shared instances.
+struct Entry {
+  const HookRow& row;
+  ClassRuntime& runtime;
+  std::string addedSelector;
+  bool stands = false;
+
+  Value run(const HostObject& receiver, const Arguments& arguments) const {
+    // Without the exchange only the added selector leads here, from somebody who wants the host's method. There is
+    // none; running our function would send the same selector again, without end.
+    if (!stands) return {};
+    HookCall call(runtime, addedSelector, receiver, arguments);
+    // Between the end of this system and the end of the host, the host goes on alone.
+    if (!Registry::platform().classRuntime) return call.forward();
+    try {
+      return row.function(call);
+    } catch (...) {
+      // The host must neither see our exceptions nor lose a call to them.
+      return call.forwarded() ? Value() : call.forward();
+    }
+  }
+};
+
+HookStanding standingOf(classSwizzle::Outcome outcome) {
+  switch (outcome) {
+    case classSwizzle::Outcome::exchanged: return HookStanding::stands;
+    case classSwizzle::Outcome::noClass: return HookStanding::noClass;
+    case classSwizzle::Outcome::noHostMethod: return HookStanding::noHostMethod;
+    case classSwizzle::Outcome::noAddedMethod: return HookStanding::noAddedMethod;
+  }
+  return HookStanding::noClass;
+}
+
+}  // namespace
+
+std::string_view nameOfHookStanding(HookStanding standing) {
+  switch (standing) {
+    case HookStanding::stands: return "stands";
+    case HookStanding::noClass: return "no class";
+    case HookStanding::unsupportedHost: return "unsupported host";
+    case HookStanding::noHostMethod: return "no host method";
+    case HookStanding::noAddedMethod: return "no added method";
+  }
+  return "";
+}
+
+HookInstaller& HookInstaller::sharedInstance() { return Registry::shared<HookInstaller>(); }
+
+void HookInstaller::load() {
+  if (loaded_) return;
+  loaded_ = true;
+  for (const HookClass& hookClass : hookTable()) loadClass(hookClass);
+}
+
+void HookInstaller::loadClass(const HookClass& hookClass) {
+  const bool wanted = !hookClass.prepare || hookClass.prepare();
+  for (const HookRow& row : hookClass.rows) {
+    states_.push_back({&row, wanted ? install(row) : HookStanding::unsupportedHost});
+  }
+}
+
+HookStanding HookInstaller::install(const HookRow& row) {
+  ClassRuntime* runtime = Registry::platform().classRuntime;
+  const ClassRef hostClass = runtime ? runtime->NSClassFromString(row.hostClass) : ClassRef();
+  if (!hostClass) return HookStanding::noClass;
+  const bool ofTheClass = row.method == HookMethod::ofTheClass;
+  const ClassRef target = ofTheClass ? runtime->objc_getMetaClass(row.hostClass) : hostClass;
+
+  const auto entry = std::make_shared<Entry>(Entry{row, *runtime, row.addedSelector()});
+  const auto implementation = [entry](const HostObject& receiver, const Arguments& arguments) {
+    return entry->run(receiver, arguments);
+  };
+  // An added selector that the class has already is exchanged all the same.
+  runtime->class_addMethod(target, entry->addedSelector, implementation, row.encoding);
+  const HookStanding standing = standingOf(
+      ofTheClass ? classSwizzle::exchangeClassMethod(target, row.hostSelector, entry->addedSelector)
+                 : classSwizzle::exchangeInstanceMethod(target, row.hostSelector, entry->addedSelector));
+  entry->stands = standing == HookStanding::stands;
+  return standing;
+}
+
+}  // namespace vorn

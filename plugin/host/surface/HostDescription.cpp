@@ -1,0 +1,72 @@
+#include "host/surface/HostDescription.h"
+
+#include <algorithm>
+
+namespace vorn {
+
+namespace {
+
+constexpr std::size_t kIndentation = 4;
+
+bool isPlainWord(const std::string& text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '.' || c == '_' ||
+           c == '$' || c == '/' || c == ':';
+  });
+}
+
+std::string nestedText(const std::string& text) {
+  if (isPlainWord(text)) return text;
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') quoted += '\\';
+    if (c == '\n') {
+      quoted += "\\n";
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted += '"';
+}
+
+void append(std::string& out, const Value& value, std::size_t depth) {
+  const std::string indentation((depth + 1) * kIndentation, ' ');
+  const std::string closing(depth * kIndentation, ' ');
+  if (value.isDictionary()) {
+    out += "{\n";
+    for (const auto& [key, entry] : value.entries()) {
+      out += indentation + nestedText(key) + " = ";
+      append(out, entry, depth + 1);
+      out += ";\n";
+    }
+    out += closing + "}";
+  } else if (value.isArray()) {
+    out += "(\n";
+    for (std::size_t i = 0; i < value.count(); ++i) {
+      out += indentation;
+      append(out, value.at(i), depth + 1);
+      out += i + 1 < value.count() ? ",\n" : "\n";
+    }
+    out += closing + ")";
+  } else if (value.isText()) {
+    out += depth == 0 ? value.text() : nestedText(value.text());
+  } else if (value.isObject()) {
+    out += "\"<0x" + value.object().windowId() + ">\"";
+  } else if (value.isNull()) {
+    out += depth == 0 ? "<null>" : "\"<null>\"";
+  } else if (value.isAbsent()) {
+    out += "(null)";
+  } else {
+    out += value.isReal() ? value.stringValue() : std::to_string(value.integerValue());
+  }
+}
+
+}  // namespace
+
+std::string hostDescription(const Value& value) {
+  std::string out;
+  append(out, value, 0);
+  return out;
+}
+
+}  // namespace vorn

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/ClassRuntime.h"
+
+namespace vorn {
+
+// Exchanges the host's implementation of a method with one that was added to the same class.
+//
+// False, and no change, when the class or either method is missing. An inherited method is exchanged where it is
+// defined, so its other heirs see the exchange too.
+class classSwizzle {
+ public:
+  // Why an exchange did not come about, for tools and tests.
+  enum class Outcome { exchanged, noClass, noHostMethod, noAddedMethod };
+
+  static bool method_ClassSwizzle(ClassRef target, std::string_view origSEL, std::string_view altSEL);
+  static bool method_InstanceSwizzle(ClassRef target, std::string_view origSEL, std::string_view altSEL);
+
+  static Outcome exchangeClassMethod(ClassRef target, std::string_view origSEL, std::string_view altSEL);
+  static Outcome exchangeInstanceMethod(ClassRef target, std::string_view origSEL, std::string_view altSEL);
+};
+
+}  // namespace vorn

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/surface/vnHookRoot.h"
+
+namespace vorn {
+
+// The events: the stored record is read as that of a single appointment.
+class vnHookECCalendarEvent : public vnHookRoot {
+ public:
+  static Value vn_ECCalendarEvent_isRecurring(HookCall& call);
+  static Value vn_ECCalendarEvent_isOccurrence(HookCall& call);
+  static Value vn_ECCalendarEvent_olmUC(HookCall& call);
+};
+
+}  // namespace vorn

@@ -1,0 +1,18 @@
+#include "host/surface/vnHookECMutableCalendarEvent.h"
+
+#include "host/surface/InbandTrick.h"
+#include "workflow/StoreTimeWriter.h"
+
+namespace vorn {
+
+Value vnHookECMutableCalendarEvent::vn_ECMutableCalendarEvent_setOlmUCInband(HookCall& call) {
+  const InbandTrick duringTheHostsCall;
+  return call.forward();
+}
+
+Value vnHookECMutableCalendarEvent::vn_ECMutableCalendarEvent_saveRecord(HookCall& call) {
+  StoreTimeWriter(call.receiver()).write();
+  return call.forward();
+}
+
+}  // namespace vorn

@@ -1,0 +1,88 @@
+#include "host/surface/vnHookERCalendarEventEditorViewController.h"
+
+#include "host/surface/HostDescription.h"
+#include "host/surface/vnActionAdditionView.h"
+#include "util/vnOLUtils.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnApptUIActionMgr.h"
+#include "workflow/vnMeetingMgrMonitor.h"
+#include "workflow/vnSavePreparation.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+
+namespace {
+
+// What a close method gives when nothing was closed.
+const Value kNotClosed(-1);
+
+// The host goes on only when the workflow says so; otherwise the workflow performs the host's method later, under
+// its added name, or a notice is on the screen.
+Value saveOrSend(HookCall& call, vnApptAction action, const Value& stopped) {
+  vn_preHandleVnMeeting(call.receiver());
+  Value data = Value::dictionary();
+  data.set(keyApptViewActionID, static_cast<int>(action));
+  const int result = vnApptUIActionMgr::sharedInstance().handleVNMeeting(call.receiver(), data);
+  return result == VnHandlePassOn ? call.forward() : stopped;
+}
+
+std::shared_ptr<vnActionAdditionView> barOfEditor(const HostObject& editor) {
+  return vnActionAdditionView::from(
+      vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor));
+}
+
+}  // namespace
+
+using Hook = vnHookERCalendarEventEditorViewController;
+
+Value Hook::vn_ERCalendarEventEditorViewController_saveAndCloseWindow(HookCall& call) {
+  return saveOrSend(call, VnApptActionSaveAndClose, kNotClosed);
+}
+
+Value Hook::vn_ERCalendarEventEditorViewController_save(HookCall& call) {
+  return saveOrSend(call, VnApptActionSave, Value());
+}
+
+Value Hook::vn_ERCalendarEventEditorViewController_sendMeetingPostValidate(HookCall& call) {
+  return saveOrSend(call, VnApptActionSend, Value());
+}
+
+Value Hook::vn_ERCalendarEventEditorViewController_saveAndCloseWindow_andReturnError(HookCall& call) {
+  return saveOrSend(call, VnApptActionSaveAndCloseReturnError, kNotClosed);
+}
+
+Value Hook::vn_ERCalendarEventEditorViewController_fromFieldModified(HookCall& call) {
+  Value result = call.forward();
+  const auto bar = barOfEditor(call.receiver());
+  if (!bar) return result;
+  bar->refreshUI();
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByEditorViewCtrl(call.receiver());
+  bar->enableChangeSettingButton(manager && manager->checkScheduleOwnerMatched(call.receiver()));
+  bar->setFromFieldChanged(true);
+  return result;
+}
+
+Value Hook::vn_ERCalendarEventEditorViewController_switchToRecurrenceDidEnd(HookCall& call) {
+  Value result = call.forward();
+  const std::int64_t returnCode = call.argument(1).integerValue();
+  if (returnCode != 0 && returnCode != 1) return result;
+  if (const auto bar = barOfEditor(call.receiver())) bar->refreshUI();
+  return result;
+}
+
+Value Hook::vn_ERCalendarEventEditorViewController_hostWordMailEditor(HookCall& call) {
+  vnApptDataForSaveRecord::sharedInstance().setOLWordMailEditor(call.argument(0).object());
+  return call.forward();
+}
+
+Value Hook::vn_ERCalendarEventEditorViewController_checkMeetingChangesForAttendees(HookCall& call) {
+  vnERCalendarEventEditorViewController editor(call.receiver());
+  if (vnOLUtils::isNullString(call.argument(0)) || !editor.isValidConnection()) return call.forward();
+  // A changed invitation in the body is no reason to ask whether the attendees shall hear of it.
+  Value changes = editor.uncommittedChanges();
+  changes.erase("content.body");
+  return call.forward({hostDescription(changes)});
+}
+
+}  // namespace vorn

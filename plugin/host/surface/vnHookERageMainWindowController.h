@@ -1,0 +1,16 @@
+#pragma once
+
+#include "host/surface/vnHookRoot.h"
+
+namespace vorn {
+
+// The main window: the channel to the desktop client lives as long as it does.
+class vnHookERageMainWindowController : public vnHookRoot {
+ public:
+  // Starts the channel and asks for the version of the client; false when this version of the host is too old.
+  static bool prepare();
+  static Value vn_ERageMainWindowController_windowDidBecomeMain(HookCall& call);
+  static Value vn_ERageMainWindowController_windowWillClose(HookCall& call);
+};
+
+}  // namespace vorn

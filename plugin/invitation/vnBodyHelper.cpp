@@ -1,0 +1,152 @@
+#include "invitation/vnBodyHelper.h"
+
+#include <optional>
+
+#include "platform/Registry.h"
+#include "util/CharacterSets.h"
+#include "util/HtmlText.h"
+#include "util/TextSearch.h"
+#include "util/Utf16.h"
+#include "util/vnOLUtils.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr std::size_t kNotFound = std::string_view::npos;
+constexpr std::string_view kLineBreak = "<br>";
+constexpr std::string_view kBlankLine = "<br><br>";
+constexpr std::string_view kBodyTag = "<body";
+constexpr std::string_view kBodyEndTag = "</body>";
+// Characters of the invitation's own text by which its two ends are found again.
+constexpr std::size_t kLandmarkLength = 20;
+// How far the end bookmark is moved behind the landmark. The places come out of the text's own characters; that is
+// so on purpose.
+constexpr std::size_t kEndBookmarkShift = 3;
+
+bool holds(std::string_view text, std::string_view wanted) { return text.find(wanted) != kNotFound; }
+
+bool holdsBoth(std::string_view text, std::string_view first, std::string_view second) {
+  return holds(text, first) && holds(text, second);
+}
+
+// A search for the empty text finds nothing.
+std::size_t find(std::string_view text, std::string_view wanted) {
+  return wanted.empty() ? kNotFound : text.find(wanted);
+}
+
+std::size_t findLast(std::string_view text, std::string_view wanted) {
+  return wanted.empty() ? kNotFound : text.rfind(wanted);
+}
+
+std::string betweenBlankLines(std::string_view text) {
+  return std::string(kBlankLine).append(text).append(kBlankLine);
+}
+
+std::string withBookmarksInPlainText(const std::string& text) {
+  const std::string_view content = trimmed(text, isWhitespaceOrNewline);
+  const std::string_view head = trimmed(utf16Prefix(content, kLandmarkLength), isWhitespaceOrNewline);
+  const std::string_view tail = trimmed(utf16Suffix(content, kLandmarkLength), isWhitespaceOrNewline);
+  std::string marked = text;
+  const std::size_t begin = find(marked, head);
+  marked.insert(begin == kNotFound ? 0 : begin, kvn_BeginBookmark);
+  const std::size_t last = findLast(marked, tail);
+  std::size_t end = last == kNotFound ? marked.size() : last + tail.size();
+  end += utf16Prefix(std::string_view(marked).substr(end), kEndBookmarkShift).size();
+  marked.insert(end, kvn_EndBookmark);
+  return marked;
+}
+
+// The position behind the opening body tag; 0 without one.
+std::size_t behindBodyTag(std::string_view body) {
+  for (std::size_t at = body.find(kBodyTag); at != kNotFound; at = body.find(kBodyTag, at + 1)) {
+    const std::size_t next = at + kBodyTag.size();
+    if (next < body.size() && body[next] == '>') return next + 1;
+    if (next >= body.size() || body[next] != ' ') continue;
+    const std::size_t close = body.find('>', next);
+    return close == kNotFound ? 0 : close + 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+vnBodyHelper& vnBodyHelper::sharedInstance() { return Registry::shared<vnBodyHelper>(); }
+
+OptionalText vnBodyHelper::trimHTMLNBSPTags(const OptionalText& html) const {
+  if (!html) return std::nullopt;
+  return replacingAll(*html, HTML_NBSP_TAG, EMPTY_STRING);
+}
+
+OptionalText vnBodyHelper::convertHTMLToPlainText(const OptionalText& html) const {
+  if (!html || html->empty()) return std::nullopt;
+  return htmlToPlainText(*trimHTMLNBSPTags(html));
+}
+
+std::string vnBodyHelper::insertVnBodyBookMark(const OptionalText& vnBody, bool isHTML) const {
+  if (!vnBody || vnBody->empty()) return std::string(EMPTY_STRING);
+  if (isHTML) return std::string(kvn_BeginBookmark).append(*vnBody).append(kvn_EndBookmark);
+  const std::string marked = withBookmarksInPlainText(replacingAll(*vnBody, "<", "&lt;"));
+  return betweenBlankLines(convertPlainTextToHTML(marked).value_or(""));
+}
+
+OptionalText vnBodyHelper::newVnBodyToEnd(const OptionalText& body, const OptionalText& newBody,
+                                          bool positionAtTop) const {
+  if (!body) return std::nullopt;
+  const std::string added = newBody.value_or("");
+  std::string result = *body;
+  if (positionAtTop) return result.insert(behindBodyTag(result), std::string(kLineBreak) + added);
+  const std::size_t end = result.rfind(kBodyEndTag);
+  return result.insert(end == kNotFound ? result.size() : end, added);
+}
+
+OptionalText vnBodyHelper::updateVnBodyWithSrcBody(const OptionalText& srcBody, const OptionalText& vnBody,
+                                                   bool isHTMLVnBody, InvitationOwner* vnMeetingMgr) const {
+  if (!srcBody) return std::nullopt;
+  const std::string marked = insertVnBodyBookMark(vnBody, isHTMLVnBody);
+  const std::size_t begin = srcBody->find(kvn_InitBeginBookMark);
+  const std::size_t end = srcBody->find(kvn_InitEndBookMark);
+  if (begin != kNotFound && end != kNotFound && begin < end) {
+    return std::string(*srcBody).replace(begin, end + kvn_InitEndBookMark.size() - begin, marked);
+  }
+  if (holdsBoth(*srcBody, kvn_BeginBookmark, kvn_EndBookmark)) return updateVnBodyWithVnBookmark(srcBody, marked);
+  if (holdsBoth(*srcBody, kvn_BeginBookmarkEx, kvn_EndBookmarkEx)) {
+    return updateVnBodyWithVnBookmarkEx(srcBody, marked);
+  }
+  // An updated meeting whose bookmarks are gone: the invitation replaces the user's body.
+  if (vnMeetingMgr && vnMeetingMgr->isUpdateVornMeetingEvent()) return marked;
+  const bool atTop = vnMeetingMgr && vnMeetingMgr->putInvitationAtTheTop();
+  const OptionalText result = newVnBodyToEnd(srcBody, marked, atTop);
+  return result && !result->empty() ? result : marked;
+}
+
+OptionalText vnBodyHelper::removeVnBodyForDelete(const OptionalText& body) const {
+  if (!body) return std::nullopt;
+  std::size_t begin = body->find(kvn_BeginBookmark);
+  std::size_t end = body->find(kvn_EndBookmark);
+  std::size_t endLength = kvn_EndBookmark.size();
+  if (begin == kNotFound || end == kNotFound) {
+    begin = body->find(kvn_BeginBookmarkEx);
+    end = body->find(kvn_EndBookmarkEx);
+    endLength = kvn_EndBookmarkEx.size();
+  }
+  if (end == kNotFound) return std::nullopt;
+  // What stands before a lost begin bookmark goes as well, deliberately.
+  const std::size_t start = begin == kNotFound ? 0 : begin;
+  if (start > end) return body;
+  return std::string(*body).erase(start, end + endLength - start);
+}
+
+OptionalText vnBodyHelper::updateBodyForPAC(const OptionalText& srcBody, const OptionalText& vnBody,
+                                            bool isHTMLVnBody) const {
+  if (isHTMLVnBody) return newVnBodyToEnd(srcBody, vnBody, false);
+  return newVnBodyToEnd(srcBody, betweenBlankLines(convertPlainTextToHTML(vnBody).value_or("")), false);
+}
+
+bool vnBodyHelper::isEqualHTMLBodyContent(const OptionalText& srcBody, const OptionalText& destBody) const {
+  const OptionalText src = vnOLUtils::trimAllSpace(convertHTMLToPlainText(srcBody));
+  const OptionalText dest = vnOLUtils::trimAllSpace(convertHTMLToPlainText(destBody));
+  return src && dest && *src == *dest;
+}
+
+}  // namespace vorn

@@ -1,0 +1,209 @@
+#include "platform/embedded/EmbeddedDistributedNotifications.h"
+
+#include <poll.h>
+#include <sdbus-c++/sdbus-c++.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <functional>
+#include <map>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "platform/NotificationCenter.h"
+#include "util/Utf16.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr auto kPath = "/us/vorn/DistributedNotifications";
+constexpr auto kInterface = "us.vorn.DistributedNotifications";
+constexpr auto kSignal = "Posted";
+// One rule for all names: names are free text, which a rule could hold only quoted, and the bus keeps the order of
+// what one rule lets through.
+constexpr auto kMatchRule =
+    "type='signal',path='/us/vorn/DistributedNotifications',interface='us.vorn.DistributedNotifications',"
+    "member='Posted'";
+
+// A bus takes messages of 128 MiB at most, and some are set to 32; it throws out who sends a longer one.
+constexpr std::size_t kMostBytes = std::size_t{31} << 20;
+constexpr std::size_t kBytesPerEntry = 32;
+
+using Texts = std::map<std::string, std::string>;
+
+// The bus throws out whoever sends it anything else.
+bool canTravel(std::string_view text) { return text.find('\0') == std::string_view::npos && isValidUtf8(text); }
+
+Texts textsOf(const Value& userInfo) {
+  Texts texts;
+  for (const auto& [key, value] : userInfo.entries()) {
+    if (value.isText() && canTravel(key) && canTravel(value.text())) texts.emplace(key, value.text());
+  }
+  return texts;
+}
+
+std::size_t sizeOf(const Texts& texts) {
+  std::size_t size = 0;
+  for (const auto& [key, text] : texts) size += key.size() + text.size() + kBytesPerEntry;
+  return size;
+}
+
+Value dictionaryOf(Texts texts) {
+  Value::Dictionary entries;
+  for (auto& [key, text] : texts) entries.emplace(key, std::move(text));
+  return entries;
+}
+
+// A counter of the system that makes poll() return.
+class WakeUp {
+ public:
+  WakeUp() : descriptor_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    if (descriptor_ < 0) throw std::system_error(errno, std::generic_category());
+  }
+  ~WakeUp() { ::close(descriptor_); }
+  WakeUp(const WakeUp&) = delete;
+  WakeUp& operator=(const WakeUp&) = delete;
+
+  int descriptor() const { return descriptor_; }
+  void ring() const { ::eventfd_write(descriptor_, 1); }
+  void quieten() const {
+    eventfd_t count = 0;
+    ::eventfd_read(descriptor_, &count);
+  }
+
+ private:
+  int descriptor_;
+};
+
+}  // namespace
+
+// One connection and the thread that reads it.
+//
+// The library's own event loop is not used: it leaves the rest of a long message unsent until something comes in,
+// and it ends the process when the bus goes away.
+class EmbeddedDistributedNotifications::Bus {
+ public:
+  // Called on the reading thread.
+  using Receiver = std::function<void(std::string name, Value userInfo)>;
+
+  Bus(const std::string& address, Receiver receiver)
+      : receiver_(std::move(receiver)),
+        connection_(address.empty() ? sdbus::createSessionBusConnection()
+                                    : sdbus::createSessionBusConnectionWithAddress(address)),
+        sender_(sdbus::createObject(*connection_, kPath)),
+        match_(connection_->addMatch(kMatchRule, [this](sdbus::Message& message) { receive(message); })),
+        reader_([this] { read(); }) {}
+
+  ~Bus() {
+    isOver_ = true;
+    wakeUp_.ring();
+    reader_.join();
+  }
+  Bus(const Bus&) = delete;
+  Bus& operator=(const Bus&) = delete;
+
+  void send(const std::string& name, bool hasUserInfo, const Texts& userInfo) {
+    try {
+      sender_->emitSignal(kSignal).onInterface(kInterface).withArguments(name, hasUserInfo, userInfo);
+      // The reading thread sends what the bus has not taken yet.
+      wakeUp_.ring();
+    } catch (const std::exception&) {
+      // No failure of a post is reported to anybody.
+    }
+  }
+
+ private:
+  void read() {
+    try {
+      while (!isOver_) {
+        if (connection_->processPendingRequest()) continue;
+        const auto next = connection_->getEventLoopPollData();
+        std::array<pollfd, 2> waiting{{{next.fd, next.events, 0}, {wakeUp_.descriptor(), POLLIN, 0}}};
+        if (::poll(waiting.data(), waiting.size(), next.getPollTimeout()) < 0 && errno != EINTR) return;
+        wakeUp_.quieten();
+      }
+    } catch (const std::exception&) {
+      // The bus has gone. Nothing comes any more.
+    }
+  }
+
+  void receive(sdbus::Message& message) {
+    try {
+      std::string name;
+      bool hasUserInfo = false;
+      Texts texts;
+      message >> name >> hasUserInfo >> texts;
+      receiver_(std::move(name), hasUserInfo ? dictionaryOf(std::move(texts)) : Value());
+    } catch (const std::exception&) {
+      // Somebody else's idea of the signal's arguments.
+    }
+  }
+
+  const Receiver receiver_;
+  const WakeUp wakeUp_;
+  std::atomic<bool> isOver_ = false;
+  const std::unique_ptr<sdbus::IConnection> connection_;
+  const std::unique_ptr<sdbus::IObject> sender_;
+  const sdbus::Slot match_;
+  std::thread reader_;
+};
+
+// What the run loop's tasks hold on to. Main thread only.
+struct EmbeddedDistributedNotifications::Deliveries {
+  NotificationCenter observers;
+  bool isOver = false;
+};
+
+std::unique_ptr<EmbeddedDistributedNotifications> EmbeddedDistributedNotifications::connect(
+    RunLoop& runLoop, const std::string& address) {
+  auto deliveries = std::make_shared<Deliveries>();
+  const auto handOver = [&runLoop, weak = std::weak_ptr(deliveries)](std::string name, Value userInfo) {
+    runLoop.post([weak, name = std::move(name), userInfo = std::move(userInfo)] {
+      if (const auto alive = weak.lock()) alive->observers.post(name, nullptr, userInfo);
+    });
+  };
+  try {
+    auto bus = std::make_unique<Bus>(address, handOver);
+    return std::make_unique<EmbeddedDistributedNotifications>(std::move(deliveries), std::move(bus));
+  } catch (const std::exception&) {
+    return nullptr;
+  }
+}
+
+EmbeddedDistributedNotifications::EmbeddedDistributedNotifications(std::shared_ptr<Deliveries> deliveries,
+                                                                   std::unique_ptr<Bus> bus)
+    : deliveries_(std::move(deliveries)), bus_(std::move(bus)) {}
+
+EmbeddedDistributedNotifications::~EmbeddedDistributedNotifications() { deliveries_->isOver = true; }
+
+void EmbeddedDistributedNotifications::post(std::string_view name, const Value& userInfo) {
+  if (!canTravel(name)) return;
+  const Texts texts = textsOf(userInfo);
+  if (name.size() + sizeOf(texts) > kMostBytes) return;
+  bus_->send(std::string(name), userInfo.isDictionary(), texts);
+}
+
+std::unique_ptr<DistributedNotifications::Subscription> EmbeddedDistributedNotifications::observe(
+    std::string_view name, Handler handler) {
+  class Registration final : public Subscription {
+   public:
+    explicit Registration(NotificationCenter::Subscription held) : held_(std::move(held)) {}
+
+   private:
+    NotificationCenter::Subscription held_;
+  };
+
+  // A handler may destroy this object while others of the same name are still to be called.
+  const Deliveries* deliveries = deliveries_.get();
+  auto whileAlive = [deliveries, handler = std::move(handler)](const NotificationCenter::Notification& posted) {
+    if (!deliveries->isOver) handler(posted.userInfo);
+  };
+  return std::make_unique<Registration>(deliveries_->observers.observe(name, std::move(whileAlive)));
+}
+
+}  // namespace vorn

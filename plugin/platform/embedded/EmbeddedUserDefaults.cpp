@@ -1,0 +1,43 @@
+#include "platform/embedded/EmbeddedUserDefaults.h"
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "util/PropertyList.h"
+
+namespace vorn {
+
+EmbeddedUserDefaults::EmbeddedUserDefaults(std::string preferencesFolder, std::string domain)
+    : folder_(std::move(preferencesFolder)), domain_(std::move(domain)) {}
+
+Value EmbeddedUserDefaults::objectForKey(std::string_view key) { return persistentDomainForName(domain_)[key]; }
+
+void EmbeddedUserDefaults::setObject(const Value& value, std::string_view key) {
+  Value stored = persistentDomainForName(domain_);
+  if (value.isAbsent() && !stored.contains(key)) return;
+  if (value.isAbsent()) {
+    stored.erase(key);
+  } else {
+    stored.set(key, value);
+  }
+  std::error_code failed;
+  std::filesystem::create_directories(folder_, failed);
+  writePropertyList(stored, pathOf(domain_));
+}
+
+void EmbeddedUserDefaults::removeObject(std::string_view key) { setObject({}, key); }
+
+// Every change is on the disk already.
+void EmbeddedUserDefaults::synchronize() {}
+
+Value EmbeddedUserDefaults::persistentDomainForName(std::string_view domain) {
+  Value stored = readPropertyList(pathOf(domain));
+  return stored.isDictionary() ? stored : Value();
+}
+
+std::string EmbeddedUserDefaults::pathOf(std::string_view domain) const {
+  return folder_ + "/" + std::string(domain) + ".plist";
+}
+
+}  // namespace vorn

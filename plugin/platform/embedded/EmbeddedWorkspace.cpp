@@ -1,0 +1,134 @@
+#include "platform/embedded/EmbeddedWorkspace.h"
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "util/PropertyList.h"
+
+extern char** environ;
+
+namespace vorn {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kProgramFolder = "/Contents/MacOS/";
+
+std::string withoutEndSlashes(std::string path) {
+  while (path.ends_with('/')) path.pop_back();
+  return path;
+}
+
+std::string inRealForm(const std::string& path) {
+  std::error_code failed;
+  const fs::path real = fs::weakly_canonical(path, failed);
+  return failed ? path : real.string();
+}
+
+bool isProcessFolder(const std::string& name) {
+  return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// The program of a process; "" when the process is another user's, a zombie, or gone meanwhile.
+std::string programOfProcess(const fs::path& processFolder) {
+  std::error_code failed;
+  const fs::path program = fs::read_symlink(processFolder / "exe", failed);
+  return failed ? "" : program.string();
+}
+
+// The bundle that a program belongs to; "" for a bare program.
+std::string bundleOfProgram(const std::string& program) {
+  const std::size_t at = program.rfind(kProgramFolder);
+  return at == std::string::npos ? "" : program.substr(0, at);
+}
+
+}  // namespace
+
+EmbeddedWorkspace::EmbeddedWorkspace(std::string root, std::vector<std::string> applicationFolders)
+    : root_(withoutEndSlashes(inRealForm(withoutEndSlashes(std::move(root))))),
+      applicationFolders_(std::move(applicationFolders)) {}
+
+bool EmbeddedWorkspace::isRunning(std::string_view bundleIdentifier) {
+  reapLaunched();
+  std::error_code failed;
+  for (fs::directory_iterator process("/proc", failed), end; !failed && process != end;
+       process.increment(failed)) {
+    if (!isProcessFolder(process->path().filename().string())) continue;
+    const std::string program = programOfProcess(process->path());
+    const std::string bundle = bundleOfProgram(program);
+    if (bundle.empty() || !isBelowRoot(program)) continue;
+    const Value information = propertyListAtPath(bundle + "/Contents/Info.plist");
+    if (information["CFBundleIdentifier"].text() == bundleIdentifier) return true;
+  }
+  return false;
+}
+
+std::string EmbeddedWorkspace::absolutePathForAppBundle(std::string_view bundleIdentifier) {
+  for (const std::string& folder : applicationFolders_) {
+    std::vector<std::string> bundles;
+    std::error_code failed;
+    for (fs::directory_iterator item(folder, failed), end; !failed && item != end; item.increment(failed)) {
+      if (isFilePackage(item->path().string())) bundles.push_back(item->path().string());
+    }
+    std::sort(bundles.begin(), bundles.end());
+    for (const std::string& bundle : bundles) {
+      const Value information = propertyListAtPath(bundle + "/Contents/Info.plist");
+      if (information["CFBundleIdentifier"].text() == bundleIdentifier) return bundle;
+    }
+  }
+  return "";
+}
+
+bool EmbeddedWorkspace::isFilePackage(std::string_view path) {
+  const std::string bare = withoutEndSlashes(std::string(path));
+  std::error_code failed;
+  return (bare.ends_with(".app") || bare.ends_with(".bundle")) && fs::is_directory(bare, failed);
+}
+
+std::string EmbeddedWorkspace::executablePath(std::string_view bundlePath) {
+  const std::string bundle = withoutEndSlashes(std::string(bundlePath));
+  std::string name = propertyListAtPath(bundle + "/Contents/Info.plist")["CFBundleExecutable"].text();
+  // A bundle that does not name its program has one of its own name.
+  if (name.empty()) name = fs::path(bundle).stem().string();
+  const std::string program = bundle + std::string(kProgramFolder) + name;
+  std::error_code failed;
+  return fs::is_regular_file(program, failed) && ::access(program.c_str(), X_OK) == 0 ? program : "";
+}
+
+Value EmbeddedWorkspace::propertyListAtPath(std::string_view path) {
+  Value read = readPropertyList(std::string(path));
+  return read.isDictionary() ? read : Value();
+}
+
+bool EmbeddedWorkspace::launch(std::string_view executablePath) {
+  reapLaunched();
+  std::string program(executablePath);
+  char* const arguments[] = {program.data(), nullptr};
+  posix_spawnattr_t attributes;
+  if (::posix_spawnattr_init(&attributes) != 0) return false;
+  // What is launched is no part of this process's work: it survives an interrupt at the terminal.
+  ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
+  pid_t process = 0;
+  const bool isStarted = ::posix_spawn(&process, program.c_str(), nullptr, &attributes, arguments, environ) == 0;
+  ::posix_spawnattr_destroy(&attributes);
+  if (isStarted) launched_.push_back(process);
+  return isStarted;
+}
+
+bool EmbeddedWorkspace::isBelowRoot(std::string_view path) const {
+  return root_.empty() || (path.starts_with(root_) && path.substr(root_.size()).starts_with('/'));
+}
+
+// An ended child stays in the system's list until somebody asks for its status.
+void EmbeddedWorkspace::reapLaunched() {
+  std::erase_if(launched_, [](pid_t process) { return ::waitpid(process, nullptr, WNOHANG) != 0; });
+}
+
+}  // namespace vorn

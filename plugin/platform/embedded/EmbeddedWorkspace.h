@@ -1,0 +1,38 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/Workspace.h"
+
+namespace vorn {
+
+// Applications as bundle folders below one movable root, and processes as the system lists them.
+//
+// An application belongs to this session when its program lies below the root; a process runs it when the
+// program of the process is the bundle's. The root "" or "/" is the whole machine.
+class EmbeddedWorkspace final : public Workspace {
+ public:
+  // The folders in which an application is looked for by its identifier, in order.
+  EmbeddedWorkspace(std::string root, std::vector<std::string> applicationFolders);
+
+  bool isRunning(std::string_view bundleIdentifier) override;
+  std::string absolutePathForAppBundle(std::string_view bundleIdentifier) override;
+  bool isFilePackage(std::string_view path) override;
+  std::string executablePath(std::string_view bundlePath) override;
+  Value propertyListAtPath(std::string_view path) override;
+  bool launch(std::string_view executablePath) override;
+
+ private:
+  bool isBelowRoot(std::string_view path) const;
+  void reapLaunched();
+
+  std::string root_;
+  std::vector<std::string> applicationFolders_;
+  // Processes that were launched from here and have not been seen to end.
+  std::vector<pid_t> launched_;
+};
+
+}  // namespace vorn

@@ -1,0 +1,110 @@
+#include "util/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+namespace vorn {
+
+namespace {
+
+constexpr mode_t kModeBits = 07777;
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { close(); }
+
+  int number() const { return number_; }
+  explicit operator bool() const { return number_ >= 0; }
+  bool close() {
+    const int closing = std::exchange(number_, -1);
+    return closing < 0 || ::close(closing) == 0;
+  }
+
+ private:
+  int number_;
+};
+
+std::string behindLinks(const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), &std::free);
+  return resolved ? resolved.get() : path;
+}
+
+std::string folderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+bool writeAll(int descriptor, std::string_view content) {
+  while (!content.empty()) {
+    const ssize_t written = ::write(descriptor, content.data(), content.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    content.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+bool writeNewFile(int descriptor, std::string_view content, const std::string& modelPath) {
+  struct stat model;
+  if (::stat(modelPath.c_str(), &model) == 0 && ::fchmod(descriptor, model.st_mode & kModeBits) != 0) return false;
+  return writeAll(descriptor, content) && ::fsync(descriptor) == 0;
+}
+
+void syncFolder(const std::string& folder) {
+  const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (opened) ::fsync(opened.number());
+}
+
+}  // namespace
+
+bool replaceFile(const std::string& path, std::string_view content) {
+  static std::atomic<unsigned> made{0};
+  if (path.empty()) return false;
+  const std::string target = behindLinks(path);
+  std::string temporary;
+  int number = -1;
+  do {
+    temporary = target + ".new-" + std::to_string(::getpid()) + "-" + std::to_string(made++);
+    number = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  } while (number < 0 && errno == EEXIST);
+  Descriptor file(number);
+  if (!file) return false;
+  const bool written = writeNewFile(file.number(), content, target);
+  if (!file.close() || !written || std::rename(temporary.c_str(), target.c_str()) != 0) {
+    ::unlink(temporary.c_str());
+    return false;
+  }
+  syncFolder(folderOf(target));
+  return true;
+}
+
+std::optional<std::string> readFile(const std::string& path) {
+  // Without O_NONBLOCK a pipe under that name would hold the caller until somebody writes to it.
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  struct stat facts;
+  if (!file || ::fstat(file.number(), &facts) != 0 || !S_ISREG(facts.st_mode)) return std::nullopt;
+  std::string content;
+  content.reserve(static_cast<std::size_t>(facts.st_size));
+  char piece[65536];
+  for (;;) {
+    const ssize_t got = ::read(file.number(), piece, sizeof piece);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return std::nullopt;
+    if (got == 0) return content;
+    content.append(piece, static_cast<std::size_t>(got));
+  }
+}
+
+}  // namespace vorn

@@ -1,0 +1,166 @@
+#include "util/BinaryPropertyList.h"
+
+#include <unicode/unistr.h>
+
+#include <bit>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "util/Utf16.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr std::string_view kMagic = "bplist00";
+constexpr std::size_t kTrailerSize = 32;
+
+class Reader {
+ public:
+  Reader(std::string_view content, int deepestNesting)
+      : content_(content), deepestNesting_(deepestNesting), allowance_(content.size()) {}
+
+  Value read() {
+    if (content_.size() < kMagic.size() + kTrailerSize) return {};
+    const std::size_t trailer = content_.size() - kTrailerSize;
+    offsetSize_ = number(trailer + 6, 1);
+    referenceSize_ = number(trailer + 7, 1);
+    const std::uint64_t count = number(trailer + 8, 8);
+    const std::uint64_t top = number(trailer + 16, 8);
+    table_ = number(trailer + 24, 8);
+    const auto isSize = [](std::uint64_t size) { return size >= 1 && size <= 8; };
+    if (!isSize(offsetSize_) || !isSize(referenceSize_) || table_ > trailer) return {};
+    if (count > (trailer - table_) / offsetSize_) return {};
+    known_.resize(count);
+    const Value root = object(top, 0);
+    return failed_ ? Value() : root;
+  }
+
+ private:
+  Value fail() {
+    failed_ = true;
+    return {};
+  }
+
+  bool holds(std::uint64_t position, std::uint64_t size) const {
+    return position <= content_.size() && size <= content_.size() - position;
+  }
+
+  // A big-endian number; of more than 8 bytes the last 8.
+  std::uint64_t number(std::uint64_t position, std::uint64_t size) {
+    std::uint64_t result = 0;
+    if (!holds(position, size)) failed_ = true;
+    if (failed_) return 0;
+    for (const char byte : content_.substr(position, size)) {
+      result = (result << 8) | static_cast<unsigned char>(byte);
+    }
+    return result;
+  }
+
+  Value object(std::uint64_t index, int depth) {
+    if (failed_ || index >= known_.size() || depth > deepestNesting_) return fail();
+    if (!known_[index]) {
+      Value made = objectAt(number(table_ + index * offsetSize_, offsetSize_), depth);
+      known_[index] = std::move(made);
+    }
+    return *known_[index];
+  }
+
+  Value objectAt(std::uint64_t position, int depth) {
+    const std::uint64_t marker = number(position++, 1);
+    const std::uint64_t low = marker & 0x0F;
+    switch (marker >> 4) {
+      case 0x0:
+        if (low == 8 || low == 9) return low == 9;
+        return {};
+      case 0x1: return low <= 4 ? Value(number(position, std::uint64_t{1} << low)) : fail();
+      case 0x2: return real(position, low);
+      case 0x5:
+      case 0x6:
+      case 0xA:
+      case 0xD: return counted(marker >> 4, position, low, depth);
+      default: return {};
+    }
+  }
+
+  Value real(std::uint64_t position, std::uint64_t low) {
+    if (low == 2) return double{std::bit_cast<float>(static_cast<std::uint32_t>(number(position, 4)))};
+    if (low == 3) return std::bit_cast<double>(number(position, 8));
+    return fail();
+  }
+
+  Value counted(std::uint64_t type, std::uint64_t position, std::uint64_t count, int depth) {
+    if (count == 0x0F) {
+      const std::uint64_t marker = number(position++, 1);
+      if (marker >> 4 != 0x1 || (marker & 0x0F) > 3) return fail();
+      const std::uint64_t size = std::uint64_t{1} << (marker & 0x0F);
+      count = number(position, size);
+      position += size;
+    }
+    const std::uint64_t unit = type == 0x5   ? 1
+                               : type == 0x6 ? 2
+                               : type == 0xA ? referenceSize_
+                                             : 2 * referenceSize_;
+    // Objects do not overlap in an honest file, so together they are no longer than it.
+    if (failed_ || count > allowance_ / unit || !holds(position, count * unit)) return fail();
+    allowance_ -= count * unit;
+    switch (type) {
+      case 0x5: return asciiText(content_.substr(position, count));
+      case 0x6: return wideText(content_.substr(position, 2 * count));
+      case 0xA: return array(position, count, depth);
+      default: return dictionary(position, count, depth);
+    }
+  }
+
+  Value asciiText(std::string_view text) { return isValidUtf8(text) ? Value(text) : fail(); }
+
+  static Value wideText(std::string_view bytes) {
+    icu::UnicodeString units;
+    for (std::size_t i = 0; i < bytes.size(); i += 2) {
+      units.append(static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) << 8 |
+                                         static_cast<unsigned char>(bytes[i + 1])));
+    }
+    std::string text;
+    return units.toUTF8String(text);
+  }
+
+  Value reference(std::uint64_t position, std::uint64_t index, int depth) {
+    return object(number(position + index * referenceSize_, referenceSize_), depth + 1);
+  }
+
+  Value array(std::uint64_t position, std::uint64_t count, int depth) {
+    Value result = Value::array();
+    for (std::uint64_t i = 0; i < count && !failed_; ++i) result.append(reference(position, i, depth));
+    return result;
+  }
+
+  Value dictionary(std::uint64_t position, std::uint64_t count, int depth) {
+    Value result = Value::dictionary();
+    for (std::uint64_t i = 0; i < count && !failed_; ++i) {
+      const Value key = reference(position, i, depth);
+      if (key.isText()) result.set(key.text(), reference(position, count + i, depth));
+    }
+    return result;
+  }
+
+  std::string_view content_;
+  int deepestNesting_;
+  std::uint64_t allowance_;
+  std::uint64_t offsetSize_ = 0;
+  std::uint64_t referenceSize_ = 0;
+  std::uint64_t table_ = 0;
+  std::vector<std::optional<Value>> known_;
+  bool failed_ = false;
+};
+
+}  // namespace
+
+bool isBinaryPropertyList(std::string_view content) { return content.starts_with(kMagic); }
+
+Value readBinaryPropertyList(std::string_view content, int deepestNesting) {
+  return Reader(content, deepestNesting).read();
+}
+
+}  // namespace vorn

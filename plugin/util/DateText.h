@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "util/Value.h"
+
+namespace vorn {
+
+// Instants as text. An instant is seconds since 1970 in UTC; a text has the form "2026-01-31 23:59:59"; a zone is
+// named as in the IANA database or as Windows names it. Any thread.
+
+// The instant on the zone's clock, parts of a second cut off. Absent for an unknown zone and outside the years 1
+// to 9999.
+OptionalText dateText(double secondsSince1970, const std::string& zoneName);
+
+// The instant at which the zone's clock shows the text. A time that the clock skips is read with the offset before
+// the change, one that it shows twice as the earlier. Absent for an unknown zone, for any other form, and for a
+// day or a time that does not exist.
+std::optional<double> dateFromText(std::string_view text, const std::string& zoneName);
+
+}  // namespace vorn

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vorn {
+
+// The text that a reader of the HTML sees, as UTF-8 with "\n" between lines. Any thread; time and memory are
+// linear in the size; nothing is loaded from anywhere.
+//
+// Line breaks, paragraphs, headings, list items and table rows are lines, table cells are separated by tabs.
+// Outside preformatted text white space collapses to one blank, and is dropped at both ends of a line. Entities
+// are decoded, a non-breaking space becomes a blank. Scripts, styles, the head and comments, conditional ones too,
+// hold no text. Whatever is broken is read as far as it goes: text without any tags comes back as it is, apart
+// from its white space, and bytes that are not UTF-8 become U+FFFD.
+std::string htmlToPlainText(std::string_view html);
+
+}  // namespace vorn

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "util/Value.h"
+
+namespace vorn {
+
+// Pretty-prints one value as JSON.
+class JsonWriter {
+ public:
+  explicit JsonWriter(std::size_t deepestNesting) : deepestNesting_(deepestNesting) {}
+
+  // The text of the value; absent when JSON has no form for something in it. An absent value within an array or
+  // a dictionary cannot be there and counts as such.
+  OptionalText write(const Value& value);
+
+ private:
+  bool add(const Value& value);
+  bool addReal(double number);
+  bool addText(std::string_view text);
+  bool addArray(const Value& value);
+  bool addDictionary(const Value& value);
+  void beginLine();
+
+  std::size_t deepestNesting_;
+  std::size_t depth_ = 0;
+  std::string out_;
+};
+
+}  // namespace vorn

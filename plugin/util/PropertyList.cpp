@@ -1,0 +1,183 @@
+#include "util/PropertyList.h"
+
+#include <plist/plist.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "util/AtomicFile.h"
+#include "util/BinaryPropertyList.h"
+#include "util/Utf16.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr int kDeepestNesting = 512;
+
+struct FreeNode {
+  void operator()(void* node) const { plist_free(node); }
+};
+using Node = std::unique_ptr<void, FreeNode>;
+
+struct FreeMemory {
+  void operator()(void* memory) const { std::free(memory); }
+};
+
+Value valueOf(plist_t node, int depth);
+
+Value arrayOf(plist_t node, int depth) {
+  Value result = Value::array();
+  plist_array_iter begun = nullptr;
+  plist_array_new_iter(node, &begun);
+  const std::unique_ptr<void, FreeMemory> iterator(begun);
+  for (;;) {
+    plist_t item = nullptr;
+    plist_array_next_item(node, iterator.get(), &item);
+    if (!item) return result;
+    result.append(valueOf(item, depth + 1));
+  }
+}
+
+Value dictionaryOf(plist_t node, int depth) {
+  Value result = Value::dictionary();
+  plist_dict_iter begun = nullptr;
+  plist_dict_new_iter(node, &begun);
+  const std::unique_ptr<void, FreeMemory> iterator(begun);
+  for (;;) {
+    char* key = nullptr;
+    plist_t item = nullptr;
+    plist_dict_next_item(node, iterator.get(), &key, &item);
+    const std::unique_ptr<char, FreeMemory> keptKey(key);
+    if (!item) return result;
+    if (key) result.set(key, valueOf(item, depth + 1));
+  }
+}
+
+Value textOf(plist_t node) {
+  std::uint64_t length = 0;
+  const char* bytes = plist_get_string_ptr(node, &length);
+  return bytes ? Value(std::string(bytes, length)) : Value();
+}
+
+Value valueOf(plist_t node, int depth) {
+  if (depth > kDeepestNesting) return {};
+  switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN: {
+      std::uint8_t flag = 0;
+      plist_get_bool_val(node, &flag);
+      return flag != 0;
+    }
+    case PLIST_UINT: {
+      std::uint64_t number = 0;
+      plist_get_uint_val(node, &number);
+      return number;
+    }
+    case PLIST_REAL: {
+      double number = 0;
+      plist_get_real_val(node, &number);
+      return number;
+    }
+    case PLIST_STRING: return textOf(node);
+    case PLIST_ARRAY: return arrayOf(node, depth);
+    case PLIST_DICT: return dictionaryOf(node, depth);
+    default: return {};
+  }
+}
+
+// The parser keeps no limit of its own, and freeing a very deep tree would exhaust the stack.
+bool isNestedTooDeeply(std::string_view xml) {
+  int depth = 0;
+  for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
+    const std::string_view tag = xml.substr(at + 1, 6);
+    if (tag.starts_with("/array") || tag.starts_with("/dict")) --depth;
+    if ((tag.starts_with("array") && !tag.starts_with("array/")) ||
+        (tag.starts_with("dict") && !tag.starts_with("dict/"))) {
+      if (++depth > kDeepestNesting) return true;
+    }
+  }
+  return false;
+}
+
+bool fitsInXml(std::string_view text) {
+  const auto hasNoForm = [](unsigned char c) { return c < 0x20 && c != '\t' && c != '\n' && c != '\r'; };
+  return isValidUtf8(text) && std::none_of(text.begin(), text.end(), hasNoForm);
+}
+
+class Writer {
+ public:
+  bool failed() const { return failed_; }
+
+  // Null for a value that the format cannot hold.
+  Node node(const Value& value, int depth) {
+    if (depth > kDeepestNesting) failed_ = true;
+    if (failed_) return nullptr;
+    switch (value.kind()) {
+      case Value::Kind::boolean: return Node(plist_new_bool(value.boolValue() ? 1 : 0));
+      case Value::Kind::integer: return Node(plist_new_uint(static_cast<std::uint64_t>(value.integerValue())));
+      case Value::Kind::real: return Node(plist_new_real(value.realValue()));
+      case Value::Kind::text: return text(value.text());
+      case Value::Kind::array: return array(value, depth);
+      case Value::Kind::dictionary: return dictionary(value, depth);
+      default: return nullptr;
+    }
+  }
+
+ private:
+  Node text(const std::string& content) {
+    if (!fitsInXml(content)) failed_ = true;
+    return failed_ ? nullptr : Node(plist_new_string(content.c_str()));
+  }
+
+  Node array(const Value& value, int depth) {
+    Node result(plist_new_array());
+    for (const Value& item : value.items()) {
+      if (Node made = node(item, depth + 1)) plist_array_append_item(result.get(), made.release());
+    }
+    return result;
+  }
+
+  Node dictionary(const Value& value, int depth) {
+    Node result(plist_new_dict());
+    for (const auto& [key, item] : value.entries()) {
+      if (!fitsInXml(key)) failed_ = true;
+      Node made = node(item, depth + 1);
+      if (made) plist_dict_set_item(result.get(), key.c_str(), made.release());
+    }
+    return result;
+  }
+
+  bool failed_ = false;
+};
+
+}  // namespace
+
+Value readPropertyList(const std::string& path) {
+  const std::optional<std::string> content = readFile(path);
+  if (!content || content->size() > std::numeric_limits<std::uint32_t>::max()) return {};
+  // The library's reader of the binary form follows references without a limit, down and again and again.
+  if (isBinaryPropertyList(*content)) return readBinaryPropertyList(*content, kDeepestNesting);
+  if (isNestedTooDeeply(*content)) return {};
+  plist_t parsed = nullptr;
+  plist_from_xml(content->data(), static_cast<std::uint32_t>(content->size()), &parsed);
+  const Node root(parsed);
+  return root ? valueOf(root.get(), 0) : Value();
+}
+
+bool writePropertyList(const Value& value, const std::string& path) {
+  Writer writer;
+  const Node root = writer.node(value, 0);
+  if (!root || writer.failed()) return false;
+  char* made = nullptr;
+  std::uint32_t length = 0;
+  plist_to_xml(root.get(), &made, &length);
+  const std::unique_ptr<char, FreeMemory> xml(made);
+  return xml && replaceFile(path, std::string_view(xml.get(), length));
+}
+
+}  // namespace vorn

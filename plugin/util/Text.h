@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vorn {
+
+// Small operations on UTF-8 text that the platform's own text class would give. All take time linear in the sizes.
+
+// The text in the form in which texts that differ only in case are equal, independent of language.
+std::string caseFolded(std::string_view text);
+bool equalIgnoringCase(std::string_view a, std::string_view b);
+
+}  // namespace vorn

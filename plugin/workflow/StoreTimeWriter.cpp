@@ -1,0 +1,62 @@
+#include "workflow/StoreTimeWriter.h"
+
+#include "host/proxies/vnApptInfoKeys.h"
+#include "invitation/vnBodyHelper.h"
+#include "util/vnOLUtils.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnCalendarActionMgr.h"
+#include "workflow/vnMeetingMgrMonitor.h"
+
+namespace vorn {
+
+void StoreTimeWriter::write() {
+  if (vnCalendarActionMgr::sharedInstance().isCurVornMeeting(rawRecord_)) {
+    updateVnKeyInfoToAppointment();
+  } else {
+    cleanVnKeyInfoFromAppointment();
+  }
+  vnApptDataForSaveRecord::sharedInstance().cleanup();
+}
+
+void StoreTimeWriter::updateVnKeyInfoToAppointment() {
+  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+  if (needUpdateLocation() && !save.getOLNewLocation().value_or("").empty()) {
+    record_.setLocation(*save.getOLNewLocation());
+  }
+
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByECCalendarEvent(rawRecord_);
+  vnGetMeetingHelper* helper = manager ? manager->getMeetingHelper() : nullptr;
+  if (helper && helper->hasMeetingInfo() && vnOLUtils::trimRLSpace(record_.summary()).value_or("").empty()) {
+    record_.setSummary(helper->getMeetingInfo()[vn_Outlook_ApptInfo][vn_ApptInfo_Subject]);
+  }
+
+  const OptionalText& newBody = save.getOLNewBody();
+  const Value body = record_.body();
+  if (!body.isText() || !newBody) return;
+  vnBodyHelper& bodies = vnBodyHelper::sharedInstance();
+  if (bodies.convertHTMLToPlainText(newBody).value_or("").empty()) return;
+  if (bodies.isEqualHTMLBodyContent(body.optionalText(), newBody)) return;
+  record_.setIsBodyHTML(true);
+  record_.setBody(*newBody);
+}
+
+void StoreTimeWriter::cleanVnKeyInfoFromAppointment() {
+  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+  if (!save.needClearLocation()) return;
+  if (save.getOLNewLocation()) record_.setLocation(*save.getOLNewLocation());
+  if (save.getOLNewBody()) record_.setBody(*save.getOLNewBody());
+}
+
+bool StoreTimeWriter::needUpdateLocation() {
+  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+  const OptionalText location = record_.location();
+  if (!location) return true;
+  const OptionalText& ours = save.getVnLocation();
+  const std::string planned = save.getOLNewLocation().value_or("");
+  if (!ours || planned.empty() || *location == planned) return false;
+  if (location->find(*ours) == std::string::npos) return true;
+  const OptionalText& stored = save.getJoinURLFromProperty();
+  return stored && *stored != *ours;
+}
+
+}  // namespace vorn

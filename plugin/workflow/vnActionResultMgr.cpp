@@ -1,0 +1,17 @@
+#include "workflow/vnActionResultMgr.h"
+
+#include "channel/commands/vnAPIKeys.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+
+namespace vorn {
+
+void vnActionResultMgr::setActionResultData(const Value& response) {
+  m_bActionSucceed = response[keyVNResult].text() == keyVNSuccess;
+}
+
+bool vnActionResultMgr::getActionResultWithCalEventEditorViewCtrl(const HostObject& editor) const {
+  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  return bar && bar->getActionResult();
+}
+
+}  // namespace vorn

@@ -1,0 +1,81 @@
+#include "workflow/vnApptUIActionMgr.h"
+
+#include "host/proxies/vnERCalendarEventEditorViewController.h"
+#include "platform/Registry.h"
+#include "platform/TraceStep.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnMeetingMgrMonitor.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+
+vnApptUIActionMgr& vnApptUIActionMgr::sharedInstance() { return Registry::shared<vnApptUIActionMgr>(); }
+
+int vnApptUIActionMgr::handleVNMeeting(const HostObject& editor, const Value& data) {
+  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  if (!bar) return VnHandlePassOn;
+  if (data.isPresent()) bar->setOLUIAction(data[keyApptViewActionID]);
+
+  const int status = bar->getVnDataStatus();
+  traceStep("hook", [&] {
+    return Value::dictionaryFromPairs(
+        {{"action", data[keyApptViewActionID].integerValue()}, {"dataStatus", status}});
+  });
+  if (status != VnDataDeleted && status != VnDataChanged) {
+    bar->setActionToSuccess();
+    updateSavedLocationForSaveOrSend(editor);
+    return VnHandlePassOn;
+  }
+
+  const auto manager = status == VnDataDeleted ? vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get())
+                                               : vnMeetingMgrMonitor::getMeetingMgrByEditorViewCtrl(editor);
+  // A bar that is not listed has no manager, and a message to none gives 0: the host waits for a finish that never
+  // comes, and such a save does nothing.
+  int result = VnHandleBlocked;
+  if (manager) {
+    if (status == VnDataChanged && manager->hasScheduleError(editor)) {
+      updateSavedLocationForSaveOrSend(editor);
+      return VnHandleError;
+    }
+    result = manager->sendVnMeetingCommand(status == VnDataDeleted ? VnCmdDelete : VnCmdUpdate, editor);
+  }
+  // Success means here that the request went out; the reply overwrites it.
+  if (result == VnHandleBlocked) bar->setActionToSuccess();
+  updateSavedLocationForSaveOrSend(editor);
+  return result;
+}
+
+int vnApptUIActionMgr::addVNMeeting(const std::shared_ptr<MeetingBar>& bar) {
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
+  return manager ? manager->sendVnMeetingCommand(VnCmdAdd, bar) : 0;
+}
+
+int vnApptUIActionMgr::addPACMeeting(const std::shared_ptr<MeetingBar>& bar, std::int64_t account) {
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
+  return manager ? manager->sendVnMeetingCommand(account == 2 ? VnCmdAddPACAccount2 : VnCmdAddPACAccount1, bar)
+                 : 0;
+}
+
+int vnApptUIActionMgr::cancelVNMeeting(const std::shared_ptr<MeetingBar>& bar, int /*meetingType*/) {
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
+  return manager ? manager->sendVnMeetingCommand(VnCmdCancel, bar) : 0;
+}
+
+int vnApptUIActionMgr::changeVNMeeting(const std::shared_ptr<MeetingBar>& bar, int /*meetingType*/) {
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
+  return manager ? manager->sendVnMeetingCommand(VnCmdChangeSettings, bar) : 0;
+}
+
+void vnApptUIActionMgr::updateSavedLocationForSaveOrSend(const HostObject& editor) {
+  vnERCalendarEventEditorViewController proxy(editor);
+  if (const OptionalText location = proxy.getLocationFromUI()) {
+    vnApptDataForSaveRecord::sharedInstance().setOLNewLocation(location);
+  }
+}
+
+void vnApptUIActionMgr::createVnAdditionViewOnCalHeaderContainerView(const HostObject& headerView) {
+  if (barFactory_) barFactory_(headerView);
+}
+
+}  // namespace vorn

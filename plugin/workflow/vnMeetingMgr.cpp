@@ -1,0 +1,248 @@
+#include "workflow/vnMeetingMgr.h"
+
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "invitation/vnBodyHelper.h"
+#include "licence/vnLicencePolicy.h"
+#include "platform/Registry.h"
+#include "platform/RunLoop.h"
+#include "platform/TraceStep.h"
+#include "util/vnMd5Utils.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnMeetingMgrMonitor.h"
+#include "workflow/vnOnbehalfData.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+
+namespace {
+
+struct SharedManager {
+  std::shared_ptr<vnMeetingMgr> manager = vnMeetingMgr::create();
+};
+
+}  // namespace
+
+std::shared_ptr<vnMeetingMgr> vnMeetingMgr::create() {
+  auto manager = std::make_shared<vnMeetingMgr>(Key());
+  manager->observeNotifications();
+  return manager;
+}
+
+std::shared_ptr<vnMeetingMgr> vnMeetingMgr::sharedInstance() { return Registry::shared<SharedManager>().manager; }
+
+vnMeetingMgr::vnMeetingMgr(Key)
+    : meetingDataMgr_(std::make_unique<vnMeetingDataMgr>()),
+      emailBodyMgr_(std::make_unique<vnEmailBodyMgr>()),
+      apiMgr_(std::make_unique<vnAPIMgr>()),
+      getMeetingHelper_(std::make_unique<vnGetMeetingHelper>()) {
+  emailBodyMgr_->setMeetingMgrInstance(this);
+  apiMgr_->setMeetingMgrInstance(this);
+}
+
+vnMeetingMgr::~vnMeetingMgr() {
+  if (RunLoop* loop = Registry::platform().runLoop) loop->cancelPrevious(this);
+}
+
+void vnMeetingMgr::observeNotifications() {
+  NotificationCenter* center = Registry::platform().notificationCenter;
+  if (!center) return;
+  const auto observe = [&](std::string_view name, void (vnMeetingMgr::*handler)(const Value&)) {
+    subscriptions_.push_back(center->observe(
+        name, [this, handler](const NotificationCenter::Notification& note) { (this->*handler)(note.userInfo); }));
+  };
+  observe(notify_SettingCommit, &vnMeetingMgr::onInvokeSettingCommit);
+  observe(notify_Schedule_AlternateHostError, &vnMeetingMgr::onInvokeScheduleAlternateHostError);
+  // No filter: with several windows open, every manager reacts.
+  observe(notify_Commit_ChooseAnotherTemplate, &vnMeetingMgr::onInvokeCommitChooseAnotherTemplate);
+}
+
+void vnMeetingMgr::cleanup() {
+  subscriptions_.clear();
+  Registry::platform().runLoop->cancelPrevious(this);
+  clearAllSavedData();
+  vnApptDataForSaveRecord::sharedInstance().cleanupOLWordMailEditor();
+  m_bOpenFromVornClient = false;
+  meetingDataMgr_->cleanup();
+  apiMgr_->cleanup();
+  getMeetingHelper_->cleanup();
+  m_updatedMeetingDataOnCalendar = Value();
+}
+
+void vnMeetingMgr::clearAllSavedData() {
+  m_bIsDragAndMove = false;
+  m_bIsForceUpdate = true;
+  meetingDataMgr_->clearSavedMeetingData();
+  getMeetingHelper_->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
+  // The profile is the whole process's: clearing it for one window makes every other window fetch it again.
+  vnUserProfileHelper::sharedInstance().clearUserProfile();
+}
+
+// -- Commands and replies
+// -------------------------------------------------------------------------------------------
+
+namespace {
+
+void traceCommand(std::uint64_t command) {
+  traceStep("command", [&] {
+    return Value::dictionaryFromPairs({{"number", command}, {"name", nameOfMeetingCommand(command)}});
+  });
+}
+
+}  // namespace
+
+int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const std::shared_ptr<MeetingBar>& bar) {
+  m_vnMeetingAction = command;
+  traceCommand(command);
+  switch (command) {
+    case VnCmdAdd: setState(VnStateAdding); return addVornMeeting(bar);
+    case VnCmdChangeSettings: setState(VnStateChanging); return changeSettings(bar);
+    case VnCmdCancel: return cancelVornMeeting(bar);
+    case VnCmdAddPACAccount1:
+    case VnCmdAddPACAccount2:
+      // Nobody answers for personal audio conferences yet.
+      setState(VnStatePAC);
+      return 0;
+    default: return 0;
+  }
+}
+
+int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const HostObject& editor) {
+  m_vnMeetingAction = command;
+  traceCommand(command);
+  switch (command) {
+    case VnCmdSchedule:
+    case VnCmdUpdate: setState(VnStateCommitting); return scheduleUpdateVornMeeting(editor, command);
+    case VnCmdDelete: return deleteVornMeeting(editor);
+    case VnCmdStartWithVideo:
+    case VnCmdStartWithoutVideo: return apiMgr_->startMeeting(command == VnCmdStartWithVideo);
+    case VnCmdGetMeetingByApptUUID:
+      setState(VnStateLoadByApptUUID);
+      getMeetingByApptUUID(editor);
+      return 0;
+    default: return 0;
+  }
+}
+
+int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const Value& meetingData) {
+  const HostObject ownerWindow = meetingData[keyEventOwnerWindow].object();
+  setIsDragAndMove(meetingData[keyDragAndMoveOnCalendar].boolValue());
+  HostObject parentWindow = ownerWindow;
+  if (const auto bar = barOfReply(meetingData)) {
+    parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
+    if (isDragAndMove()) bar->setOLUIAction(VnApptActionCalendarEdit);
+  }
+  meetingDataMgr_->setSavedApptInfo(meetingData[vn_Outlook_ApptInfo]);
+  meetingDataMgr_->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
+
+  int refused = 0;
+  if (command == VnCmdDelete) {
+    // The owner window and not the parent: a delete on the calendar is answered to the calendar.
+    refused = apiMgr_->deleteMeeting(ownerWindow, meetingData);
+  } else if (command == VnCmdUpdate) {
+    setState(VnStateCommitting);
+    refused = apiMgr_->getMeeting(parentWindow, meetingData);
+  }
+  return refused != 0 ? 1 : 0;
+}
+
+int vnMeetingMgr::onExcuteCommandFinished(std::uint64_t command, const Value& data) {
+  // A handler may end the window's last hold on this manager.
+  const auto keepAlive = shared_from_this();
+  traceStep("finished", [&] {
+    return Value::dictionaryFromPairs({{"number", command}, {"name", nameOfMeetingCommand(command)}});
+  });
+  switch (command) {
+    case VnCmdAdd:
+    case VnCmdCancel: onAddCancelVornMeetingFinished(command, data); break;
+    case VnCmdChangeSettings: onChangeSettingFinished(data); break;
+    case VnCmdSchedule:
+    case VnCmdUpdate:
+      setState(VnStateCommitted);
+      onSchdulerActionFinished(command, data);
+      break;
+    case VnCmdDelete: onDeleteActionFinished(data); break;
+    case VnCmdGetMeeting: onGetMeetingActionFinished(data); break;
+    case VnCmdGetUserProfile: onGetUserProfileActionFinished(data); break;
+    case VnCmdGetMeetingByApptUUID: onGetMeetingByApptUUIDActionFinished(data); break;
+    case VnCmdGetScheduleForList: onGetScheduleForListFinished(data); break;
+    default: break;
+  }
+  return 0;
+}
+
+std::shared_ptr<MeetingBar> vnMeetingMgr::ownBar() { return vnMeetingMgrMonitor::getVnViewByMeetingMgr(this); }
+
+std::shared_ptr<MeetingBar> vnMeetingMgr::barOfReply(const Value& data) {
+  return vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByApptWindowID(
+      data[keyApptWindowID].optionalText());
+}
+
+bool vnMeetingMgr::stopsForMissingLicence() {
+  return vnLicencePolicy::checkIfShowNoMeetingLicenseWindow(vnUserProfileHelper::sharedInstance().userType());
+}
+
+// -- Small views of the working data
+// --------------------------------------------------------------------------------
+
+OptionalText vnMeetingMgr::getVornMeetingKey() { return meetingDataMgr_->meetingKey(); }
+
+std::string vnMeetingMgr::getInvitationLanguage() {
+  return meetingDataMgr_->selectInvitationLanguage().value_or("");
+}
+
+bool vnMeetingMgr::isForUpdateVornMeeting() { return meetingDataMgr_->isVornMeeting(); }
+
+OptionalText vnMeetingMgr::getVnDataForOLProperty() {
+  return meetingDataMgr_->getVnDataForOLProperty(getMeetingHelper_->getMeetingInfo());
+}
+
+OptionalText vnMeetingMgr::getEncodeMail() {
+  const OptionalText invitation =
+      getMeetingHelper_->supportHtmlEmail()
+          ? vnBodyHelper::sharedInstance().convertHTMLToPlainText(getMeetingHelper_->getInviteHtmlEmail())
+          : getMeetingHelper_->getInviteEmail();
+  return vnMd5Utils::vnMD5Hex(invitation);
+}
+
+Value vnMeetingMgr::getVornMeetingData(const HostObject& editor) {
+  Value data = meetingDataMgr_->getVnSchMeetingData(editor);
+  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  if (!bar) return data;
+  data.set(keyApptWindowID, bar->getAppointmentWindowID());
+  data.set(keyEventOwnerWindow, bar->editorViewWindow());
+  return data;
+}
+
+bool vnMeetingMgr::isMeetingChanged(const Value& meetingData, const Value& oldMeetingInfo) {
+  return vnMeetingDataMgr::isMeetingChanged(meetingData, oldMeetingInfo);
+}
+
+// -- For the commands and the body engine
+// ---------------------------------------------------------------------------
+
+OptionalText vnMeetingMgr::meetingKey() { return meetingDataMgr_->meetingKey(); }
+
+void vnMeetingMgr::setMeetingKey(const OptionalText& key) { meetingDataMgr_->setMeetingKey(key); }
+
+OptionalText vnMeetingMgr::scheduleForEmail() { return meetingDataMgr_->scheduleForEmail(); }
+
+void vnMeetingMgr::setScheduleForEmail(const OptionalText& email) { meetingDataMgr_->setScheduleForEmail(email); }
+
+std::string vnMeetingMgr::getDisplayNameWithOnbehalfEmail(const std::string& email) {
+  return vnOnbehalfData::sharedInstance().getDisplayNameWithOnbehalfEmail(email);
+}
+
+void vnMeetingMgr::showNoMeetingLicenseWindow(const HostObject& /*parentWindow*/) {
+  // The licence policy refuses nothing yet, so there is no notice to show.
+}
+
+bool vnMeetingMgr::putInvitationAtTheTop() { return meetingDataMgr_->putInvitationAtTheTop(); }
+
+OptionalText vnMeetingMgr::encodeMailBody() { return meetingDataMgr_->encodeMailBody(); }
+
+}  // namespace vorn

@@ -1,0 +1,293 @@
+// Adding a meeting to an appointment, taking it off again, and the settings of an existing one: everything that
+// starts with a click, before any save.
+
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnCommon.h"
+#include "channel/store/vnLocalProfileKeys.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "data/vnGetPACHelper.h"
+#include "data/vnGetScheduleForListHelper.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "util/Text.h"
+#include "workflow/SettingsPanel.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnMeetingMgr.h"
+#include "workflow/vnOnbehalfData.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+
+namespace {
+
+HostObject parentWindowOf(const std::shared_ptr<MeetingBar>& bar) {
+  return vnMeetingCommon::getPluginParentWindow(bar.get());
+}
+
+HostObject editorOf(const std::shared_ptr<MeetingBar>& bar) {
+  return bar ? bar->editorViewController() : HostObject();
+}
+
+OptionalText windowIdOf(const std::shared_ptr<MeetingBar>& bar) {
+  return bar ? bar->getAppointmentWindowID() : std::nullopt;
+}
+
+constexpr int kCommitErrorStrongerPasscode = 3403;
+constexpr int kCommitErrorSecurity = 3113;
+
+}  // namespace
+
+// -- Add
+// ------------------------------------------------------------------------------------------------------------
+
+int vnMeetingMgr::addVornMeeting(const std::shared_ptr<MeetingBar>& bar) {
+  if (!vnUserProfileHelper::sharedInstance().hasUserProfile()) {
+    // No data, hence no progress window. The reply goes on from here because the state says so.
+    return apiMgr_->getUserProfile(parentWindowOf(bar), Value());
+  }
+  prepareOpenSettings(bar);
+  return 0;
+}
+
+void vnMeetingMgr::prepareOpenSettings(const std::shared_ptr<MeetingBar>& bar) {
+  if (stopsForMissingLicence()) return;
+  const Value data = getVornMeetingData(editorOf(bar));
+  if (notShowSetting()) {
+    onExcuteCommandFinished(VnCmdAdd, data);
+  } else {
+    showSettingsWindow(bar, data);
+  }
+}
+
+void vnMeetingMgr::showSettingsWindow(const std::shared_ptr<MeetingBar>& bar, const Value& meetingData) {
+  SettingsPanels* panels = settingsPanels();
+  const OptionalText windowId = windowIdOf(bar);
+  if (!panels || !windowId) return;
+  panels->addSchSettingWindowToArray(*windowId, meetingData, parentWindowOf(bar));
+  panels->showSchSettingWindow(*windowId);
+}
+
+bool vnMeetingMgr::notShowSetting() {
+  const JsonTextFile savedProfile(vnCommon::getVnUserProfilePath(vnCommon::getUID()));
+  return savedProfile.read()[vn_Setting_NotShowMeAgain].boolValue();
+}
+
+void vnMeetingMgr::onAddCancelVornMeetingFinished(std::uint64_t command, const Value& data) {
+  const auto bar = barOfReply(data);
+  if (command == VnCmdCancel) {
+    sendVnMeetingCommand(VnCmdDelete, editorOf(bar));
+    return;
+  }
+  if (!isSettingCommitOK(data)) {
+    // The panel was dismissed, unless the user never sees it.
+    if (!notShowSetting()) return;
+    if (data[vn_Setting][vn_Setting_IsPMI].boolValue()) {
+      getPMIMeetingInfo(bar, VnStatePMIForSchedule);
+      return;
+    }
+  }
+  sendVnMeetingCommand(VnCmdSchedule, editorOf(bar));
+}
+
+bool vnMeetingMgr::isSettingCommitOK(const Value& data) {
+  return data[keyVNUserOperator].text() == keyVNSettingCommit && data[keyButtonClickIsOK].boolValue();
+}
+
+void vnMeetingMgr::onInvokeSettingCommit(const Value& userInfo) {
+  const OptionalText ownId = windowIdOf(ownBar());
+  if (!ownId || userInfo[keyApptWindowID].text() != *ownId) return;
+
+  const Value settings = meetingDataMgr_->getVnSettingsData(ownId);
+  if (const Value& include = settings[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
+    meetingDataMgr_->setForceIncludeJoinUrlInLocation(include.boolValue());
+  }
+  if (const Value& top = settings[vn_Setting_PutTheInvitationAtTheTop]; top.isPresent()) {
+    meetingDataMgr_->setPutInvitationAtTheTop(top.boolValue());
+  }
+  if (const Value& language = settings[vn_Setting_SelectInvitationLanguage]; !language.text().empty()) {
+    meetingDataMgr_->setSelectInvitationLanguage(language.text());
+  }
+  // A dismissed panel on a meeting that was never stored runs the cancel route.
+  if (!userInfo[keyButtonClickIsOK].boolValue() && !isForUpdateVornMeeting()) setMeetingAction(VnCmdCancel);
+  onExcuteCommandFinished(getMeetingAction(), userInfo);
+}
+
+// -- Change
+// ---------------------------------------------------------------------------------------------------------
+
+int vnMeetingMgr::changeSettings(const std::shared_ptr<MeetingBar>& bar) {
+  if (!vnUserProfileHelper::sharedInstance().hasUserProfile()) {
+    return apiMgr_->getUserProfile(parentWindowOf(bar),
+                                   Value::dictionaryFromPairs({{vn_API_Call_Para_ShowCommunicationDlg, true}}));
+  }
+  executeGetMeetingForChangeSetting(bar);
+  return 0;
+}
+
+void vnMeetingMgr::executeGetMeetingForChangeSetting(const std::shared_ptr<MeetingBar>& bar) {
+  if (stopsForMissingLicence()) return;
+  Value data = getVornMeetingData(editorOf(bar));
+  if (getMeetingHelper_->NeedRequestGetMeeting()) {
+    data.set(vn_API_Call_Para_ShowCommunicationDlg, true);
+    apiMgr_->getMeeting(parentWindowOf(bar), data);
+  } else {
+    showSettingsWindow(bar, data);
+  }
+}
+
+void vnMeetingMgr::onChangeSettingFinished(const Value& data) {
+  if (isSettingCommitOK(data)) sendVnMeetingCommand(VnCmdUpdate, editorOf(barOfReply(data)));
+}
+
+// -- Cancel
+// ---------------------------------------------------------------------------------------------------------
+
+int vnMeetingMgr::cancelVornMeeting(const std::shared_ptr<MeetingBar>& bar) {
+  if (stopsForMissingLicence()) return 0;
+  return onExcuteCommandFinished(VnCmdCancel, getVornMeetingData(editorOf(bar)));
+}
+
+// -- The personal meeting ID
+// ----------------------------------------------------------------------------------------
+
+void vnMeetingMgr::getPMIMeetingInfo(const std::shared_ptr<MeetingBar>& bar, std::uint64_t state) {
+  vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+  if (!profile.hasUserProfile()) return;
+  setState(state);
+  OptionalText meetingId = profile.roomMeetingID();
+  const std::string scheduleFor = getScheduldForEmailFromUI(bar);
+  if (!scheduleFor.empty() && profile.supportPMIForOnbehalf(scheduleFor)) {
+    meetingId = profile.pmiMeetingIDWithScheduleForEmail(scheduleFor);
+  }
+  Value request = Value::dictionary();
+  request.set(vn_Setting_MeetingKey, meetingId);
+  request.set(vn_API_Call_Para_ShowCommunicationDlg, true);
+  request.set(vn_API_Call_Para_ForPMI, true);
+  apiMgr_->getMeeting(parentWindowOf(bar), request);
+}
+
+std::string vnMeetingMgr::getScheduldForEmailFromUI(const std::shared_ptr<MeetingBar>& bar) {
+  const OptionalText windowId = windowIdOf(bar);
+  if (SettingsPanel* panel = openSettingsPanel(windowId)) return panel->getScheduldForEmailFromUI();
+  vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
+  return onbehalf.isCurrentScheduleVornForOther(windowId) ? onbehalf.onbehalfEmail(windowId) : std::string();
+}
+
+// -- The account's profile
+// ------------------------------------------------------------------------------------------
+
+void vnMeetingMgr::prepareUserProfile(const std::shared_ptr<MeetingBar>& bar, bool /*fromClientSchedule*/) {
+  if (vnUserProfileHelper::sharedInstance().hasUserProfile()) return;
+  // Silent: a client that is not ready must not alert a user who merely opened an appointment.
+  apiMgr_->getUserProfile(parentWindowOf(bar),
+                          Value::dictionaryFromPairs({{vn_API_Call_Para_SilentAPIError, true}}));
+}
+
+void vnMeetingMgr::onGetUserProfileActionFinished(const Value& data) {
+  const auto bar = barOfReply(data);
+  const std::uint64_t waitedIn = state();
+
+  vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+  const bool personalAudioIsReady = vnGetPACHelper::sharedInstance().hasPACInfo() && !profile.isAccountChanged();
+  if (!personalAudioIsReady) {
+    profile.setIsAccountChanged(false);
+    apiMgr_->getPAC(parentWindowOf(bar),
+                    Value::dictionaryFromPairs({{vn_API_Call_Para_ShowCommunicationDlg, waitedIn == VnStatePAC}}));
+  }
+
+  switch (waitedIn) {
+    case VnStateAdding: prepareOpenSettings(bar); break;
+    case VnStateChanging: executeGetMeetingForChangeSetting(bar); break;
+    case VnStatePMIForUpdate: getPMIMeetingInfo(bar, VnStatePMIForUpdate); break;
+    default: break;
+  }
+}
+
+// -- Scheduling for somebody else
+// -----------------------------------------------------------------------------------
+
+void vnMeetingMgr::onGetScheduleForListFinished(const Value& data) {
+  if (isForUpdateVornMeeting()) return;
+  if (SettingsPanel* panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
+    panel->setScheduleForListInfo(true);
+  }
+}
+
+bool vnMeetingMgr::checkScheduleForEmailValidity() {
+  const std::string email = getMeetingHelper_->getScheduleForEmail().value_or("");
+  if (email.empty()) return true;
+  const Value bosses = vnUserProfileHelper::sharedInstance().bossesInfo();
+  for (const Value& boss : bosses.items()) {
+    if (equalIgnoringCase(boss["email"].text(), email)) return true;
+  }
+  return false;
+}
+
+void vnMeetingMgr::changeUIWithScheduleForEmainError(const HostObject& parentWindow) {
+  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByWindow(parentWindow);
+  if (bar) bar->onUIChanged(VnUINotMeeting);
+}
+
+// -- Errors of a commit that the panel shows
+// -------------------------------------------------------------------------
+
+void vnMeetingMgr::showSettingsWindowWithCommitError(const HostObject& parentWindow, int errorCode) {
+  if (errorCode == kCommitErrorStrongerPasscode) setSecurityOptionErrorInfo(vn_NotStrongerPasscode, true);
+  if (errorCode == kCommitErrorSecurity) setSecurityOptionErrorInfo(vn_SecurityNotSeleteOne, true);
+  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByWindow(parentWindow);
+  if (bar) showSettingsWindow(bar, getVornMeetingData(editorOf(bar)));
+}
+
+void vnMeetingMgr::setSecurityOptionErrorInfo(std::string_view key, bool value) {
+  JsonTextFile(vnMeetingCommon::getLocalVnSiteConfigPath()).setKey(key, value);
+}
+
+void vnMeetingMgr::resetMeetingItemWhenUpdateError(const HostObject& parentWindow) {
+  if (!isForUpdateVornMeeting()) return;
+  SettingsPanel* panel = openSettingsPanel(vnMeetingCommon::getApptWindowIDByWindow(parentWindow));
+  if (panel) panel->resetMeetingItemWhenUpdateError();
+}
+
+Value vnMeetingMgr::getSiteMeetingInfo(const OptionalText& windowId) {
+  SettingsPanel* panel = openSettingsPanel(windowId);
+  return panel ? panel->getSiteMeetingInfo() : Value();
+}
+
+void vnMeetingMgr::onInvokeScheduleAlternateHostError(const Value& userInfo) {
+  const Value& emails = userInfo["emails"];
+  if (emails.items().empty()) return;
+  if (SettingsPanel* panel = openSettingsPanel(userInfo[keyApptWindowID].optionalText())) {
+    panel->filterInvalidAlternateHosts(emails);
+  }
+}
+
+void vnMeetingMgr::onInvokeCommitChooseAnotherTemplate(const Value& userInfo) {
+  const HostObject parentWindow = userInfo["parentWindow"].object();
+  if (userInfo["chooseAnotherTemplate"].boolValue()) {
+    showSettingsWindowWithCommitError(parentWindow, 0);
+    return;
+  }
+  Value data = userInfo["meetingData"];
+  Value settings = data[vn_Setting];
+  if (settings[vn_Setting_MeetingTemplate].isPresent()) {
+    settings.set(vn_Setting_MeetingTemplate,
+                 Value::dictionaryFromPairs({{vn_Setting_MeetingTemplate_TemplateId, ""},
+                                             {vn_Setting_MeetingTemplate_TemplateName, ""},
+                                             {vn_Setting_MeetingTemplate_TemplateType, 0}}));
+    data.set(vn_Setting, settings);
+  }
+  // An update, whichever command was under way.
+  apiMgr_->updateMeeting(parentWindow, data);
+}
+
+void vnMeetingMgr::showCommitWarning(const HostObject& /*parentWindow*/, const Value& /*meetingData*/) {
+  // The notice about a template that is gone belongs to the panel's notices; without them the commit just stops.
+}
+
+bool vnMeetingMgr::isEnableRecurrence(const HostObject& editor) {
+  return getVornMeetingData(editor)[vn_Outlook_ApptInfo][vn_ApptInfo_Recurrence].boolValue();
+}
+
+}  // namespace vorn

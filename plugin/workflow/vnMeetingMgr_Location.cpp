@@ -1,0 +1,102 @@
+// The location of an appointment is free text that may mix the user's own words, the names of rooms and the
+// meeting's join URL. These rules find the parts again and put them together, joined by "; ".
+
+#include "host/proxies/vnApptInfoKeys.h"
+#include "util/TextSearch.h"
+#include "util/vnOLUtils.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnMeetingMgr.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr std::string_view kSeparator = "; ";
+// The type of a room or resource among the attendees.
+constexpr std::string_view kRoom = "2";
+
+std::string withoutSemicolonsAtEnds(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(';');
+  if (first == std::string::npos) return {};
+  return text.substr(first, text.find_last_not_of(';') - first + 1);
+}
+
+std::string withoutRooms(std::string text, const Value& attendees) {
+  for (const Value& attendee : attendees.items()) {
+    const std::string& name = attendee[vn_ApptInfo_AttendeeName].text();
+    if (attendee[vn_ApptInfo_AttendeeType].text() != kRoom || name.empty()) continue;
+    text = replacingAll(text, name + ";", "");
+    text = replacingAll(text, name, "");
+  }
+  return text;
+}
+
+std::string withoutUrls(std::string text, const std::vector<std::string>& urls) {
+  for (const std::string& url : urls) {
+    text = replacingAll(text, std::string(kSeparator) + url, "");
+    text = replacingAll(text, url, "");
+  }
+  return text;
+}
+
+}  // namespace
+
+OptionalText vnMeetingMgr::getVnLocation(const std::shared_ptr<MeetingBar>& bar) {
+  if (!bar) return std::nullopt;
+  vnERCalendarEventEditorViewController proxy(bar->editorViewController());
+  vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  if (!event) return std::nullopt;
+  std::string joined;
+  const Value attendees = event->getVnAttendeesData();
+  for (const Value& attendee : attendees.items()) {
+    if (attendee[vn_ApptInfo_AttendeeType].text() != kRoom) continue;
+    if (!joined.empty()) joined += kSeparator;
+    joined += attendee[vn_ApptInfo_AttendeeName].text();
+  }
+  const OptionalText& url = meetingDataMgr_->joinUrl();
+  if (joined.empty()) return url;
+  if (url) joined.append(kSeparator).append(*url);
+  return joined;
+}
+
+OptionalText vnMeetingMgr::getOLUserInputLocation(const HostObject& editor) {
+  vnERCalendarEventEditorViewController proxy(editor);
+  vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  OptionalText shown = proxy.getLocationFromUI();
+  if (!shown && event) shown = event->location();
+  const OptionalText trimmed = vnOLUtils::trimAllSpaceAndNewLine(shown);
+  if (!trimmed || trimmed->empty()) return trimmed;
+
+  // A URL without a passcode is a prefix of the same URL with one, so those with a passcode go first.
+  std::string text = withoutUrls(*trimmed, meetingDataMgr_->usedJoinUrlListWithPwd());
+  text = withoutUrls(std::move(text), meetingDataMgr_->usedJoinUrlListWithoutPwd());
+  text = withoutRooms(std::move(text), meetingDataMgr_->getSavedApptInfo()[vn_ApptInfo_Attendees]);
+  if (event) text = withoutRooms(std::move(text), event->getVnAttendeesData());
+  text = vnOLUtils::trimRLSpace(text).value_or("");
+  return vnOLUtils::trimRLSpace(withoutSemicolonsAtEnds(text));
+}
+
+bool vnMeetingMgr::needUpdateLocation(const HostObject& editor, const OptionalText& oldJoinUrl) {
+  const bool include = meetingDataMgr_->forceIncludeJoinUrlInLocation();
+  if (getMeetingAction() != VnCmdUpdate || include) return include;
+  // The user has switched the URL off: one of ours that is still there is kept up to date, but none is added.
+  vnERCalendarEventEditorViewController proxy(editor);
+  OptionalText shown = proxy.getLocationFromUI();
+  if (!shown) {
+    if (vnECCalendarEvent* event = proxy.ecCalendarEvent()) shown = event->location();
+  }
+  return shown && !shown->empty() && oldJoinUrl && !oldJoinUrl->empty() &&
+         shown->find(*oldJoinUrl) != std::string::npos;
+}
+
+bool vnMeetingMgr::findRoomInAttendees(const OptionalText& name, const Value& attendees) {
+  if (!name) return false;
+  for (const Value& attendee : attendees.items()) {
+    if (attendee[vn_ApptInfo_AttendeeType].text() == kRoom && attendee[vn_ApptInfo_AttendeeName].text() == *name) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace vorn

@@ -1,0 +1,103 @@
+// Finding out, when an appointment opens, whether a meeting already stands behind it.
+
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "host/proxies/vnOLPropertyKeys.h"
+#include "invitation/vnICalendarContentParse.h"
+#include "platform/ClassRuntime.h"
+#include "platform/Registry.h"
+#include "util/vnOLUtils.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnMeetingMgr.h"
+
+namespace vorn {
+
+bool vnMeetingMgr::loadOIProperty(const HostObject& event) {
+  vnECCalendarEvent proxy(event);
+  if (loadOIPropertyAsStoreLocation(proxy, true)) return true;
+  if (loadOIPropertyAsStoreLocation(proxy, false)) return true;
+  if (loadICSDataForClientSchedule(proxy)) return true;
+  if (!needGetMeetingWithApptUUID(proxy)) return false;
+  if (const auto bar = ownBar()) bar->getMeetingByApptUUID();
+  return true;
+}
+
+bool vnMeetingMgr::loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool isFromUCInband) {
+  const bool hasInband = Registry::platform().classRuntime->respondsTo(event.delegate(), "olmUCInband");
+  // The host may hold a placeholder here that is no text.
+  const Value stored = isFromUCInband && hasInband ? event.olmUCInband() : event.olmUCCapabilities();
+  if (!stored.isText() || stored.text().empty()) return false;
+  const Value record = vnOLUtils::toArrayOrNSDictionary(stored.optionalText());
+  if (!record.contains(vn_OLProperty_MeetingKey)) return false;
+
+  meetingDataMgr_->setMeetingKey(record[vn_OLProperty_MeetingKey].optionalText());
+  meetingDataMgr_->setEncodeMailBody(record[vn_OLProperty_EncodeMailBody].optionalText());
+  meetingDataMgr_->setJoinUrl(record[vn_Meeting_JoinUrl].optionalText());
+  if (const Value& include = record[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
+    meetingDataMgr_->setOldForceIncludeJoinurlInLocation(include.boolValue());
+  }
+  if (const Value& language = record[vn_Setting_SelectInvitationLanguage]; language.isPresent()) {
+    meetingDataMgr_->setInvitationLanguage(language.optionalText());
+  }
+  return true;
+}
+
+bool vnMeetingMgr::loadICSDataForClientSchedule(vnECCalendarEvent& event) {
+  const auto bar = ownBar();
+  vnICalendarContentParse calendar(event.iCalendarRepresentation());
+  const OptionalText number = calendar.getMeetingNumberForClientSchedule();
+  if (!bar || !number || number->empty() || !calendar.isFromClientSchedule()) return false;
+
+  if (calendar.isGetMeetingNumberFromInvitation()) prepareUserProfile(bar, true);
+  setOpenFromVornClient(true);
+  meetingDataMgr_->setMeetingKey(number);
+  if (const OptionalText location = event.getVnMeetingData()[vn_ApptInfo_Location].optionalText()) {
+    // The client puts nothing but the join URL into the location.
+    meetingDataMgr_->setJoinUrl(location);
+    vnApptDataForSaveRecord::sharedInstance().setJoinURLFromProperty(location);
+  }
+  bar->setAutoUpdateVornMeetingFlag();
+  bar->autoAddToVnMeeting();
+  return true;
+}
+
+bool vnMeetingMgr::needGetMeetingWithApptUUID(vnECCalendarEvent& event) {
+  if (!event.isValidHostAppointment() || !event.UUID()) return false;
+  vnICalendarContentParse calendar(event.iCalendarRepresentation());
+  return !calendar.getMeetingNumberFromDescription().value_or("").empty();
+}
+
+int vnMeetingMgr::getMeetingByApptUUID(const HostObject& editor) {
+  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  vnERCalendarEventEditorViewController proxy(editor);
+  vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  Value request = Value::dictionary();
+  request.set(vn_ApptInfo_OlApptUUID, event ? event->UUID() : std::nullopt);
+  request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
+  return apiMgr_->getMeetingByApptUUID(vnMeetingCommon::getPluginParentWindow(bar.get()), request);
+}
+
+void vnMeetingMgr::onGetMeetingByApptUUIDActionFinished(const Value& data) {
+  if (state() != VnStateLoadByApptUUID) return;
+  const Value info = getMeetingHelper_->getMeetingInfo();
+  meetingDataMgr_->setMeetingKey(info[vn_MeetingKey].optionalText());
+  meetingDataMgr_->setJoinUrl(info[vn_Meeting_JoinUrl].optionalText());
+  vnApptDataForSaveRecord::sharedInstance().setJoinURLFromProperty(info[vn_Meeting_JoinUrl].optionalText());
+
+  const auto bar = barOfReply(data);
+  if (!bar) return;
+  if (const HostObject event = bar->ecCalendarEvent()) {
+    meetingDataMgr_->setOccurrenceIsSingleVornMeeting(vnECCalendarEvent(event).occurrenceIsSingleVornMeeting());
+    bar->updateSupportVornButtonFlag(event);
+  }
+  bar->onUIChanged(VnUIMeeting);
+  if (!vnUserProfileHelper::sharedInstance().hasUserProfile()) {
+    apiMgr_->getUserProfile(vnMeetingCommon::getPluginParentWindow(bar.get()), Value());
+  }
+}
+
+}  // namespace vorn

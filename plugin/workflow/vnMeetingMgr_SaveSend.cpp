@@ -1,0 +1,401 @@
+// A save or send of an appointment with a meeting: the service is told first, the answer is written into the
+// editor, and only then does the host's own operation run. The host's call is refused in its hook and made again
+// at the end, in closeOLAppointment().
+
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/discovery/vnPluginBuildMgr.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "data/vnGetScheduleForListHelper.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "host/proxies/vnOLPropertyKeys.h"
+#include "licence/vnLicencePolicy.h"
+#include "platform/ClassRuntime.h"
+#include "platform/Registry.h"
+#include "platform/RunLoop.h"
+#include "util/TextSearch.h"
+#include "util/vnOLUtils.h"
+#include "workflow/SettingsPanel.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnCalendarActionMgr.h"
+#include "workflow/vnMeetingMgr.h"
+#include "workflow/vnOnbehalfData.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+
+namespace {
+
+// The host's own methods stand under these names once the hooks are in; sent so, they do not meet their hook
+// again.
+constexpr std::string_view kHostSave = "vn_ERCalendarEventEditorViewController_save";
+constexpr std::string_view kHostSaveColon = "vn_ERCalendarEventEditorViewController_save:";
+constexpr std::string_view kHostSaveAndCloseWindow = "vn_ERCalendarEventEditorViewController_saveAndCloseWindow:";
+constexpr std::string_view kHostSaveAndCloseReturnError =
+    "vn_ERCalendarEventEditorViewController_saveAndCloseWindow:andReturnError:";
+constexpr std::string_view kHostSend = "vn_ERCalendarEventEditorViewController_sendMeetingPostValidate";
+
+std::shared_ptr<MeetingBar> barOfEditor(const HostObject& editor) {
+  return vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+}
+
+std::int64_t appointmentMinutes(const HostObject& editor) {
+  vnERCalendarEventEditorViewController proxy(editor);
+  return proxy.getVnMeetingData()[vn_ApptInfo_Duration].integerValue();
+}
+
+OptionalText uuidOf(vnERCalendarEventEditorViewController& editor) {
+  vnECCalendarEvent* event = editor.ecCalendarEvent();
+  return event ? event->UUID() : std::nullopt;
+}
+
+}  // namespace
+
+// -- Schedule and update
+// --------------------------------------------------------------------------------------------
+
+int vnMeetingMgr::scheduleUpdateVornMeeting(const HostObject& editor, std::uint64_t command) {
+  const Value data = getVornMeetingData(editor);
+  const auto bar = barOfEditor(editor);
+  const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
+  if (stopsForMissingLicence()) return VnHandleBlocked;
+  if (command == VnCmdSchedule) {
+    apiMgr_->scheduleMeeting(parentWindow, data);
+  } else if (getMeetingHelper_->NeedRequestGetMeeting()) {
+    // The comparison runs against fresh data, when the reply is there.
+    apiMgr_->getMeeting(parentWindow, data);
+  } else {
+    commitUpdateMeeting(bar, data);
+  }
+  // Always, also when nothing turns out to be necessary: the host's operation is then redone at once.
+  return VnHandleBlocked;
+}
+
+bool vnMeetingMgr::hasScheduleError(const HostObject& editor) {
+  return !vnLicencePolicy::mayScheduleMeeting(vnUserProfileHelper::sharedInstance().userType(),
+                                              appointmentMinutes(editor));
+}
+
+bool vnMeetingMgr::durationExceedThanMaxMins(const HostObject& editor) {
+  return vnLicencePolicy::isLongerThanPlanAllows(vnUserProfileHelper::sharedInstance().userType(),
+                                                 appointmentMinutes(editor));
+}
+
+void vnMeetingMgr::commitUpdateMeeting(const std::shared_ptr<MeetingBar>& bar, const Value& meetingData) {
+  const HostObject editor = bar ? bar->editorViewController() : HostObject();
+  const bool mayCommit = !bar || !bar->blockDeleteVornMeeting();
+  if (mayCommit) {
+    const Value info = getMeetingHelper_->getMeetingInfo();
+    if (isMeetingChanged(meetingData, info)) {
+      if (meetingData[vn_Setting][vn_Setting_IsPMI].boolValue()) {
+        updatePMIMeeting(bar, meetingData);
+      } else {
+        apiMgr_->updateMeeting(vnMeetingCommon::getPluginParentWindow(bar.get()), meetingData);
+      }
+      return;
+    }
+    // The service has nothing to learn. What the user sees may still have to be written.
+    vnERCalendarEventEditorViewController proxy(editor);
+    if (proxy.isOutlookAppointmentItemChanged() || isForceUpdate() ||
+        meetingDataMgr_->isForceIncludeJoinurlInLocationChanged() ||
+        meetingDataMgr_->isSelectInvitationLanguageChanged()) {
+      setIsForceUpdate(false);
+      updateMailBodyForSchedule(editor);
+      updateVnKeyInfoToAppointment(editor, info, true);
+    }
+  }
+  scheduleCloseOLAppointment(editor);
+}
+
+void vnMeetingMgr::updatePMIMeeting(const std::shared_ptr<MeetingBar>& bar, const Value& /*meetingData*/) {
+  if (vnUserProfileHelper::sharedInstance().hasUserProfile()) {
+    getPMIMeetingInfo(bar, VnStatePMIForUpdate);
+  } else {
+    setState(VnStatePMIForUpdate);
+    apiMgr_->getUserProfile(vnMeetingCommon::getPluginParentWindow(bar.get()), Value());
+  }
+}
+
+void vnMeetingMgr::onSchdulerActionFinished(std::uint64_t /*command*/, const Value& data) {
+  const auto bar = barOfReply(data);
+  const Value& response = data[keyVnAPIResponse];
+  if (bar) {
+    bar->setActionResultData(response);
+    bar->onUIChanged(VnUIMeeting);
+  }
+  notifyActionResultToCalActionMgr(response);
+  vnApptDataForSaveRecord::sharedInstance().setNeedClearLocation(false);
+  if (!bar) {
+    scheduleCloseOLAppointment({});
+    return;
+  }
+  meetingDataMgr_->setMeetingKey(response[vn_MeetingKey].optionalText());
+  // The invitation comes with the meeting, and the meeting is fetched anew.
+  apiMgr_->getMeeting(vnMeetingCommon::getPluginParentWindow(bar.get()),
+                      getVornMeetingData(bar->editorViewController()));
+}
+
+void vnMeetingMgr::notifyActionResultToCalActionMgr(const Value& response) {
+  vnCalendarActionMgr::sharedInstance().setActionResultData(response);
+}
+
+void vnMeetingMgr::onGetMeetingActionFinished(const Value& data) {
+  const auto bar = barOfReply(data);
+  const HostObject editor = bar ? bar->editorViewController() : HostObject();
+  const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
+  const Value info = getMeetingHelper_->getMeetingInfo();
+  Value meetingData;
+  if (bar) {
+    meetingData = getVornMeetingData(editor);
+  } else {
+    meetingData = Value::dictionary();
+    meetingData.set(vn_Outlook_ApptInfo, meetingDataMgr_->getSavedApptInfo());
+    meetingData.set(vn_Setting, info[vn_Setting]);
+    meetingData.set(vn_MeetingKey, meetingDataMgr_->meetingKey());
+  }
+  const OptionalText windowId = data[keyApptWindowID].optionalText();
+
+  switch (state()) {
+    case VnStateChanging: showSettingsWindow(bar, meetingData); break;
+    case VnStateCommitting: commitUpdateMeeting(bar, meetingData); break;
+    case VnStateCommitted:
+      if (SettingsPanel* panel = openSettingsPanel(windowId)) {
+        vnGetScheduleForListHelper::sharedInstance().refreshPMIInfoWithScheduleFor(info);
+        panel->updatePasswordAfterCommit(info[vn_Setting][vn_Setting_MeetingPassword].optionalText());
+      }
+      updateMailBodyForSchedule(editor);
+      updateVnKeyInfoToAppointment(editor, info, true);
+      setState(VnStateIdle);
+      scheduleCloseOLAppointment(editor);
+      break;
+    case VnStatePMIForSettings:
+      if (SettingsPanel* panel = openSettingsPanel(windowId)) {
+        vnGetScheduleForListHelper::sharedInstance().setPMIInfoWithScheduleFor(info);
+        panel->setPMIMeetingInfo(info);
+        settingsPanels()->refreshSettingWindow(*windowId, true);
+      }
+      break;
+    case VnStatePMIForSchedule: sendVnMeetingCommand(VnCmdSchedule, editor); break;
+    case VnStatePMIForUpdate: apiMgr_->updateMeeting(parentWindow, meetingData); break;
+    default: break;
+  }
+}
+
+// -- Writing back
+// ---------------------------------------------------------------------------------------------------
+
+void vnMeetingMgr::updateMailBodyForSchedule(const HostObject& editor) {
+  const bool isHTML = getMeetingHelper_->supportHtmlEmail();
+  const OptionalText invitation =
+      isHTML ? getMeetingHelper_->getInviteHtmlEmail() : getMeetingHelper_->getInviteEmail();
+  emailBodyMgr_->updateMailBody(editor, invitation, false, isHTML);
+}
+
+void vnMeetingMgr::updateVnKeyInfoToAppointment(const HostObject& editor, const Value& meetingInfo,
+                                                bool commitFinished) {
+  vnERCalendarEventEditorViewController proxy(editor);
+  if (commitFinished) {
+    proxy.saveVnDataToOLProperty(meetingDataMgr_->getVnDataForOLProperty(meetingInfo));
+    meetingDataMgr_->setEncodeMailBody(getEncodeMail());
+  }
+  vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  if (!event) return;
+
+  // An appointment without a title takes the service's topic.
+  if (vnOLUtils::trimAllSpace(event->summary()).value_or("").empty()) {
+    event->setSummary(meetingInfo[vn_Outlook_ApptInfo][vn_ApptInfo_Subject]);
+  }
+
+  OptionalText oldJoinUrl = meetingDataMgr_->joinUrl();
+  if (!proxy.getLocationFromUI()) {
+    if (const OptionalText stored = meetingDataMgr_->getOldJoinUrl()) oldJoinUrl = stored;
+  }
+  std::string userLocation = getOLUserInputLocation(editor).value_or("");
+  userLocation = replacingAll(userLocation, "&from=addon", "");
+  userLocation = replacingAll(userLocation, "?from=addon", "");
+
+  meetingDataMgr_->setJoinUrl(meetingInfo[vn_Meeting_JoinUrl].optionalText());
+  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+  OptionalText location = getVnLocation(barOfEditor(editor));
+  if (location) save.setVnLocation(location);
+
+  if (needUpdateLocation(editor, oldJoinUrl)) {
+    if (location && !userLocation.empty()) location = userLocation + "; " + *location;
+    if (location) {
+      event->setLocation(*location);
+      save.setOLNewLocation(location);
+      proxy.updateLocationFieldFromUI(*location);
+      proxy.setLocation(*location);
+    }
+  } else {
+    save.setOLNewLocation("");
+  }
+  if (const OptionalText stored = meetingDataMgr_->getOldJoinUrl()) save.setJoinURLFromProperty(stored);
+}
+
+// -- Delete
+// ---------------------------------------------------------------------------------------------------------
+
+int vnMeetingMgr::deleteVornMeeting(const HostObject& editor) {
+  const Value data = getVornMeetingData(editor);
+  const auto bar = barOfEditor(editor);
+  const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
+  if (stopsForMissingLicence()) return VnHandleBlocked;
+  if (bar && bar->blockDeleteVornMeeting()) return VnHandleBlocked;
+  return apiMgr_->deleteMeeting(parentWindow, data);
+}
+
+void vnMeetingMgr::onDeleteActionFinished(const Value& data) {
+  const auto bar = barOfReply(data);
+  const HostObject editor = bar ? bar->editorViewController() : HostObject();
+  const Value& response = data[keyVnAPIResponse];
+  if (bar) {
+    bar->setActionResultData(response);
+    bar->onUIChanged(VnUINotMeeting);
+  }
+  notifyActionResultToCalActionMgr(response);
+  updateVnMeetingInfoToAppointmentForDelete(editor, response);
+  clearAllSavedData();
+  scheduleCloseOLAppointment(editor);
+}
+
+void vnMeetingMgr::updateVnMeetingInfoToAppointmentForDelete(const HostObject& editor, const Value& response) {
+  vnERCalendarEventEditorViewController proxy(editor);
+  emailBodyMgr_->updateMailBody(editor, response[vn_API_Para_InvitationEmail].optionalText(), true, false);
+  // The empty text clears the stored record.
+  proxy.saveVnDataToOLProperty("");
+
+  vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  OptionalText shown = proxy.getLocationFromUI();
+  if (!shown && event) shown = event->location();
+  std::string location = shown.value_or("");
+  for (const std::string& url : meetingDataMgr_->usedJoinUrlsList()) {
+    const std::size_t at = url.empty() ? std::string::npos : location.find(url);
+    if (at == std::string::npos) continue;
+    // Everything behind a URL is lost here, and so is every separator that remains.
+    location = replacingAll(std::string_view(location).substr(0, at), "; ", "");
+  }
+  if (event) event->setLocation(location);
+  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+  save.setOLNewLocation(location);
+  save.setNeedClearLocation(true);
+  proxy.updateLocationFieldFromUI(location);
+  proxy.setLocation(location);
+}
+
+// -- The host's operation, made again
+// -------------------------------------------------------------------------------
+
+void vnMeetingMgr::scheduleCloseOLAppointment(const HostObject& editor) {
+  Registry::platform().runLoop->performAfter(0, this, "closeOLAppointment:", [weak = weak_from_this(), editor] {
+    if (const auto self = weak.lock()) self->closeOLAppointment(editor);
+  });
+}
+
+void vnMeetingMgr::closeOLAppointment(const HostObject& editor) {
+  meetingDataMgr_->setOldForceIncludeJoinurlInLocation(meetingDataMgr_->forceIncludeJoinUrlInLocation());
+  meetingDataMgr_->setOldSelectInvitationLanguage(meetingDataMgr_->selectInvitationLanguage());
+  const auto bar = editor ? barOfEditor(editor) : nullptr;
+  if (!bar) {
+    if (isDragAndMove()) clearAllSavedData();
+    return;
+  }
+
+  vnERCalendarEventEditorViewController proxy(editor);
+  const int action = bar->olUIAction();
+  const bool uuidWasMissing = uuidOf(proxy).value_or("").empty();
+  const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
+  const Value meetingData = getVornMeetingData(editor);
+  const HostObject windowController = bar->editorWindowController();
+  const auto tellUUID = [&] { updateApptUUIDToMeeting(parentWindow, uuidOf(proxy), meetingData, uuidWasMissing); };
+  const auto closeWindowLater = [&] {
+    Registry::platform().runLoop->performAfter(0, this, "close", [windowController] {
+      Registry::platform().classRuntime->send(windowController, "close");
+    });
+  };
+
+  if (!proxy.attendeeList().items().empty()) {
+    // With attendees only a send is made again. An appointment that was saved and not sent stays open with its
+    // data written.
+    if (action == VnApptActionSend) {
+      convertMailBodyFormat(editor);
+      proxy.getOLItemID(kHostSend);
+      tellUUID();
+    }
+    return;
+  }
+  switch (action) {
+    case VnApptActionSave: proxy.getOLItemID(kHostSaveColon, Value()); break;
+    case VnApptActionSaveAndClose:
+      convertMailBodyFormat(editor);
+      proxy.getOLItemID(kHostSaveAndCloseWindow, true);
+      tellUUID();
+      closeWindowLater();
+      break;
+    case VnApptActionSaveAndCloseReturnError:
+      convertMailBodyFormat(editor);
+      proxy.getOLItemID(kHostSaveAndCloseReturnError, true, Value());
+      tellUUID();
+      closeWindowLater();
+      break;
+    case VnApptActionAutoUpdate:
+      proxy.getOLItemID(kHostSave);
+      tellUUID();
+      break;
+    default: break;
+  }
+}
+
+void vnMeetingMgr::convertMailBodyFormat(const HostObject& editor) {
+  const auto bar = barOfEditor(editor);
+  if (!bar || !bar->fromFieldChanged()) return;
+  vnERCalendarEventEditorViewController proxy(editor);
+  vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  proxy.convertBodyContentFormat(!(event && event->shouldDisableCalendarHTMLBody()));
+}
+
+void vnMeetingMgr::updateApptUUIDToMeeting(const HostObject& parentWindow, const OptionalText& apptUUID,
+                                           const Value& meetingData, bool needUpdate) {
+  const std::string& key = meetingData[vn_MeetingKey].text();
+  if (!needUpdate || meetingData.count() == 0 || apptUUID.value_or("").empty() || key.empty() || key == "0")
+    return;
+  Value data = meetingData;
+  Value apptInfo = data[vn_Outlook_ApptInfo];
+  apptInfo.set(vn_ApptInfo_OlApptUUID, apptUUID);
+  data.set(vn_Outlook_ApptInfo, apptInfo);
+  data.set(vn_API_Call_Para_ShowCommunicationDlg, false);
+  apiMgr_->updateMeeting(parentWindow, data);
+}
+
+// -- Whose meeting it is
+// --------------------------------------------------------------------------------------------
+
+bool vnMeetingMgr::checkScheduleOwnerMatched(const HostObject& editor) {
+  const auto bar = barOfEditor(editor);
+  if (!bar || !bar->currentIsVornMeeting() || !bar->isSupportVorn()) return true;
+  vnERCalendarEventEditorViewController proxy(editor);
+  if (!proxy.isValidConnection() || !needCheckOwnerMatched(editor) || !vnPluginBuildMgr::supportScheduleFor()) {
+    return true;
+  }
+  const std::string current = proxy.currentEmailAddress().value_or("");
+  const bool onBehalf = proxy.isOnBehalf();
+  if (onBehalf && !current.empty() && !vnOnbehalfData::sharedInstance().hasSchedulePermission(current))
+    return true;
+  const std::string scheduledFor = meetingDataMgr_->scheduleForEmail().value_or("");
+  // For a meeting of somebody else no mismatch is ever found: the comparison only confirms what already stands.
+  return scheduledFor.empty() ? !onBehalf : true;
+}
+
+bool vnMeetingMgr::needCheckOwnerMatched(const HostObject& editor) {
+  vnERCalendarEventEditorViewController proxy(editor);
+  vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  if (!event) return true;
+  // Only a meeting that has not been stored yet is checked.
+  const Value record = event->getVnOIData();
+  if (!record.isText() || record.text().empty()) return true;
+  return !vnOLUtils::toArrayOrNSDictionary(record.optionalText()).contains(vn_OLProperty_MeetingKey);
+}
+
+}  // namespace vorn

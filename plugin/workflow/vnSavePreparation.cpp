@@ -1,0 +1,45 @@
+#include "workflow/vnSavePreparation.h"
+
+#include "invitation/vnBodyHelper.h"
+#include "util/vnOLUtils.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnMeetingMgrMonitor.h"
+
+namespace vorn {
+
+namespace {
+
+std::shared_ptr<MeetingBar> barOfEditor(const HostObject& editor) {
+  return vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+}
+
+}  // namespace
+
+void vn_preHandleVnMeeting(const HostObject& editor) {
+  const auto bar = barOfEditor(editor);
+  if (!bar || !bar->currentIsVornMeeting()) return;
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
+  if (bar->fromFieldChanged() && manager && !manager->getMeetingHelper()->supportHtmlEmail()) {
+    vn_convertMailBodyToPlainText(editor);
+  }
+  vnERCalendarEventEditorViewController proxy(editor);
+  vn_preSaveDataBeforeSaveAndClose(proxy);
+}
+
+void vn_preSaveDataBeforeSaveAndClose(vnERCalendarEventEditorViewController& editor) {
+  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+  const OptionalText body = editor.bodyContent().optionalText();
+  const OptionalText plain = vnOLUtils::trimAllSpace(vnBodyHelper::sharedInstance().convertHTMLToPlainText(body));
+  if (plain && !plain->empty()) save.setOLNewBody(body);
+
+  const auto bar = barOfEditor(editor.getDelegate());
+  if (!bar || bar->isDeleteVornMeeting()) return;
+  if (const OptionalText location = editor.getLocationFromUI()) save.setOLNewLocation(location);
+}
+
+void vn_convertMailBodyToPlainText(const HostObject& editor) {
+  vnERCalendarEventEditorViewController(editor).convertBodyContentFormat(false);
+}
+
+}  // namespace vorn

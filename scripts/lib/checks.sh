@@ -1,0 +1,69 @@
+# shellcheck shell=bash
+# The checks of `./run check`: each prints OK or FAIL, and a failing one what it found. Sourced by run.
+
+all_checks=(format tidy floors names asan tsan)
+
+run_checks() {
+  local names=("$@") name failed=0
+  [ ${#names[@]} -gt 0 ] || names=("${all_checks[@]}")
+  for name in "${names[@]}"; do
+    [[ " ${all_checks[*]} " == *" $name "* ]] || {
+      echo "./run check: there is no check \"$name\"; there are: ${all_checks[*]}" >&2
+      exit 2
+    }
+  done
+  install_packages build check
+  mkdir -p "$root/build/checks"
+  cd "$root" || exit
+  for name in "${names[@]}"; do
+    run_check "$name" || failed=1
+  done
+  return $failed
+}
+
+run_check() {
+  local log="$root/build/checks/$1.log" began=$SECONDS
+  if ("check_$1") >"$log" 2>&1; then
+    printf 'OK    %-7s %s s\n' "$1" $((SECONDS - began))
+  else
+    printf 'FAIL  %-7s %s s\n' "$1" $((SECONDS - began))
+    tail -n 60 "$log" | sed 's/^/      /'
+    return 1
+  fi
+}
+
+# Every file of the project, tracked or new, that is ours and is not ignored.
+our_files() {
+  local file
+  git ls-files --cached --others --exclude-standard "$@" | sort -u | while read -r file; do
+    if [ -f "$file" ]; then echo "$file"; fi
+  done
+}
+our_sources() { our_files '*.cpp' '*.h'; }
+
+check_format() { our_sources | xargs -r clang-format --dry-run -Werror; }
+
+check_floors() { scripts/check-floors; }
+
+# What must stand in no file: a path of one machine, and a reference to a document that is not in the tree; a
+# comment explains itself.
+check_names() {
+  local found=0
+  if our_files | xargs -r grep -nIE '(^|[^[:alnum:]_./$}])/([w]ork|[r]oot|[f]arm)/[[:alnum:]_.-]+'; then found=1; fi
+  if our_files | xargs -r grep -nIEi '\b[p]arts? [0-9]+(\.[0-9]+)?\b|\b[s]pec(s|\.md|ifications?)\b'; then found=1; fi
+  return $found
+}
+
+# Tidy reads the compile commands of the dev build, and the headers that building it makes.
+check_tidy() {
+  build dev
+  scripts/tidy build/dev
+}
+
+check_asan() { tests_under asan; }
+check_tsan() { tests_under tsan; }
+
+tests_under() {
+  build "$1"
+  ctest --preset "$1" --parallel 2
+}

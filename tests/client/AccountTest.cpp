@@ -1,0 +1,140 @@
+#include "lab/client/Account.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+
+#include "ReplyReader.h"
+#include "lab/client/Replies.h"
+
+namespace vornlab {
+namespace {
+
+using nlohmann::json;
+using test::unpack;
+
+Account named(const std::string& name) { return Account::fromFile(VORNCLIENT_ACCOUNTS "/" + name + ".json"); }
+
+std::string errorOf(const std::string& text) {
+  try {
+    Account::fromText(text);
+  } catch (const AccountError& error) {
+    return error.what();
+  }
+  return "no error";
+}
+
+TEST(Account, readsEveryShippedFile) {
+  int count = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(VORNCLIENT_ACCOUNTS)) {
+    const Account account = Account::fromFile(entry.path());
+    EXPECT_FALSE(account.userId.empty()) << entry.path();
+    EXPECT_TRUE(json::accept(profileReply(account))) << entry.path();
+    EXPECT_TRUE(json::accept(peopleReply(account))) << entry.path();
+    ++count;
+  }
+  EXPECT_GE(count, 7);
+}
+
+TEST(Account, namesWhatIsWrongWithAFile) {
+  struct Case {
+    const char* text;
+    const char* expected;
+  };
+  for (const auto& [text, expected] :
+       {Case{R"({"usr": {}})", "unknown key 'usr'"},
+        Case{R"({"options": {"hostVideos": true}})", "unknown key 'options.hostVideos'"},
+        Case{R"({"options": {"hostVideo": 1}})", "options.hostVideo must be true or false"},
+        Case{R"({"people": [{}, {"options": {"x": true}}]})", "unknown key 'people[1].options.x'"},
+        Case{R"({"user": []})", "user must be an object"}, Case{R"({"user": {"personalId": "12 34"}})", "digits"},
+        Case{R"({"dialIn": {"all": "US"}})", "dialIn.all must be a list"},
+        Case{R"({"joinRegions": {"policy": "deny"}})", "'deny' is none of allow, block"},
+        Case{R"({"features": ["fly"]})", "features.fly"}, Case{R"({"user": )", "not JSON"},
+        Case{"[]", "an object"}}) {
+    EXPECT_THAT(errorOf(text), testing::HasSubstr(expected)) << text;
+  }
+  EXPECT_THROW(Account::fromFile("/nowhere/account.json"), AccountError);
+}
+
+TEST(Account, givesEveryOptionItsOwnNameAndBit) {
+  std::set<std::string_view> names;
+  std::set<std::pair<int, int>> bits;
+  for (const auto& option : accountOptions()) {
+    EXPECT_TRUE(names.insert(option.name).second) << option.name;
+    EXPECT_TRUE(bits.insert({option.word, option.bit}).second) << option.name;
+  }
+}
+
+TEST(Account, packsOptionsIntoTheProfileWords) {
+  struct Case {
+    const char* option;
+    int field;
+    std::uint64_t mask;
+  };
+  for (const auto& [option, field, mask] :
+       {Case{"automaticRecording", 31, 0x20}, Case{"cloudRecording", 31, 0x10000000},
+        Case{"signedInDomainsByDefault", 31, 0x8000000000000000}, Case{"recordingForbidden", 47, 0x8000000000},
+        Case{"passcodeRequired", 68, 0x10000}, Case{"joinUrlInLocationOffered", 68, 0x1000000000000000},
+        Case{"waitingRoomLocked", 69, 0x20000}, Case{"templatesLocked", 69, 0x200000000},
+        Case{"templates", 70, 0x1}}) {
+    const Account account = Account::fromText("{\"options\": {\"" + std::string(option) + "\": true}}");
+    const auto packed = unpack(test::decodeBase64(json::parse(profileReply(account))["proto"]));
+    for (const int word : {31, 47, 68, 69, 70}) EXPECT_EQ(packed.number(word), word == field ? mask : 0) << option;
+  }
+}
+
+TEST(Account, tellsWhoIsSignedIn) {
+  const auto profile = json::parse(profileReply(Account::plain()));
+  const auto packed = unpack(test::decodeBase64(profile["proto"]));
+  EXPECT_EQ(packed.text(1), "kT3vQ9xZRpmW1sLd7nYb2A");
+  EXPECT_EQ(packed.text(4), "robin.vale@example.com");
+  EXPECT_EQ(packed.number(10), 2U);
+  EXPECT_EQ(packed.number(13), 5550142871U);
+  EXPECT_EQ(profile["availableDialinCountry"]["selectedCountries"], (json{"US", "DE"}));
+  EXPECT_FALSE(profile.contains("userId"));
+}
+
+TEST(Account, answersWithoutTheProtoInPlainMembers) {
+  const auto profile = json::parse(profileReply(named("without-proto")));
+  EXPECT_FALSE(profile.contains("proto"));
+  EXPECT_EQ(profile["userId"], "fU6xJ2lCNidG9yAo4kSv7R");
+  EXPECT_EQ(profile["roomMeetingId"], "5550154408");
+  EXPECT_EQ(profile["userOption"].get<std::int64_t>() & 0x4000000000, 0x4000000000);
+  EXPECT_EQ(profile["enableThirdPartyAudio"], true);
+}
+
+TEST(Account, carriesBothAccountsOfATelephonyProvider) {
+  const auto packed = unpack(test::decodeBase64(json::parse(profileReply(named("telephony-provider")))["proto"]));
+  EXPECT_EQ(unpack(packed.text(77)).number(5), 1U);
+  ASSERT_EQ(packed.texts.at(78).size(), 2U);
+  EXPECT_EQ(unpack(packed.texts.at(78)[0]).texts.at(5).size(), 2U);
+  EXPECT_EQ(unpack(packed.texts.at(78)[1]).text(3), "409417");
+}
+
+TEST(Account, listsPeopleWithTheirOwnPolicies) {
+  const auto people = json::parse(peopleReply(named("three-people")))["bosses"];
+  ASSERT_EQ(people.size(), 3U);
+  EXPECT_EQ(people[0]["meetingTemplates"][0]["templateId"], "tpl-900");
+  EXPECT_EQ(people[0]["isSupportAdditionalDc"], true);
+  EXPECT_EQ(people[1]["disablePmi"], true);
+  EXPECT_EQ(people[1]["userOption4"], 0x40000000);
+  EXPECT_EQ(people[1]["joinMeetingRegionSetting"]["RegionPolicy"]["regionType"], 0);
+  EXPECT_EQ(people[2]["pmi"], "");
+}
+
+TEST(Account, listsItsAudioConferences) {
+  const auto answer = unpack(test::decodeBase64(conferencesReply(named("everything-on"))));
+  const auto list = unpack(answer.text(33));
+  ASSERT_EQ(list.texts.at(1).size(), 2U);
+  const auto first = unpack(list.texts.at(1)[0]);
+  EXPECT_EQ(first.number(1), 8005550101U);
+  ASSERT_EQ(first.texts.at(3).size(), 2U);
+  EXPECT_EQ(unpack(first.texts.at(3)[1]).text(4), "+33 800 555 014");
+  EXPECT_NE(first.text(5), "");
+  EXPECT_EQ(unpack(list.texts.at(1)[1]).text(6), "+1 312 555 0177");
+}
+
+}  // namespace
+}  // namespace vornlab

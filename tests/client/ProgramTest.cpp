@@ -1,0 +1,194 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "RunningClient.h"
+
+namespace vornlab {
+namespace {
+
+using test::Caller;
+using test::RunningClient;
+using testing::HasSubstr;
+
+class ProgramTest : public testing::Test {
+ protected:
+  std::vector<std::string> arguments(std::vector<std::string> more = {}) const {
+    std::vector<std::string> all = {"--home", home.path(), "--db", home / "meetings.db"};
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+  }
+
+  std::vector<nlohmann::json> journal() const {
+    std::vector<nlohmann::json> events;
+    std::ifstream file(home / "journal");
+    for (std::string line; std::getline(file, line);) events.push_back(nlohmann::json::parse(line));
+    return events;
+  }
+
+  static Envelope commit() {
+    return {3, R"(1;;;;;;;;;;;;;{"apptInfo": {"subject": "A", "startTime": "1793000000", "duration": "30"},)"
+               R"( "setting": {"meetingPassword": "pass-771", "audioOption": 2}})"};
+  }
+
+  test::TemporaryFolder home;
+  const std::string socket = home / "s.vop";
+};
+
+TEST_F(ProgramTest, saysThatItListensAndEndsCleanlyWhenTold) {
+  for (const int signal : {SIGTERM, SIGINT}) {
+    RunningClient client(arguments());
+    EXPECT_EQ(client.line(), "vornclient 5.12.3 listens on " + socket);
+    struct stat found {};
+    ASSERT_EQ(::lstat(socket.c_str(), &found), 0);
+    EXPECT_TRUE(S_ISSOCK(found.st_mode));
+    EXPECT_EQ(found.st_mode & 0777U, 0600U);
+    client.stop(signal);
+    EXPECT_EQ(client.wait(), 0);
+    EXPECT_EQ(client.line(), std::nullopt);
+    EXPECT_FALSE(std::filesystem::exists(socket));
+  }
+}
+
+TEST_F(ProgramTest, keepsItsMeetingsFromOneRunToTheNext) {
+  std::string key;
+  {
+    RunningClient client(arguments());
+    ASSERT_TRUE(client.line());
+    const auto reply = Caller(socket).ask(commit());
+    ASSERT_TRUE(reply);
+    key = reply->content.substr(0, reply->content.find(';'));
+    client.stop(SIGKILL);
+    EXPECT_EQ(client.wait(), -SIGKILL);
+    EXPECT_TRUE(std::filesystem::exists(socket)) << "the stale socket that the next run meets";
+  }
+  RunningClient client(arguments());
+  ASSERT_TRUE(client.line());
+  const auto reply = Caller(socket).ask({3, "4;" + key});
+  ASSERT_TRUE(reply);
+  EXPECT_THAT(reply->content, testing::StartsWith(key + ";1793000000;"));
+}
+
+TEST_F(ProgramTest, leavesTheSocketOfAnotherClientAlone) {
+  RunningClient first(arguments());
+  ASSERT_TRUE(first.line());
+  RunningClient second(arguments());
+  EXPECT_EQ(second.wait(), 1);
+  EXPECT_THAT(second.errors(), HasSubstr("another client listens on " + socket));
+  EXPECT_TRUE(Caller(socket).ask({11, "11"}));
+}
+
+TEST_F(ProgramTest, tellsBadUsageFromFailure) {
+  const auto faults = home.write("faults", "every reply: vanish\n");
+  const auto account = home.write("account.json", "{\"optoins\": {}}");
+  const auto text = home.write("text.db", "this is no database, whatever its name says");
+  const auto deep = home / std::string(100, 'x');
+  std::filesystem::create_directory(deep);
+
+  struct Case {
+    std::vector<std::string> arguments;
+    int code;
+    std::string expected;
+  };
+  for (const auto& [words, code, expected] :
+       {Case{{"--home", home.path()}, 2, "--db"}, Case{{"--home", home / "no", "--db", ":memory:"}, 2, "--home"},
+        Case{arguments({"--frobnicate"}), 2, "--frobnicate"},
+        Case{arguments({"--faults", faults}), 2, faults + ":1: "},
+        Case{arguments({"--account", account}), 2, account + ": unknown key 'optoins'"},
+        Case{{"--home", home.path(), "--db", text}, 1, text + ": "},
+        Case{{"--home", deep, "--db", ":memory:"}, 1, "at most 107 are possible"}}) {
+    RunningClient client(words);
+    EXPECT_EQ(client.wait(), code) << expected;
+    EXPECT_THAT(client.errors(), HasSubstr(expected));
+    EXPECT_EQ(client.line(), std::nullopt);
+  }
+}
+
+TEST_F(ProgramTest, answersGluedAndSplitRequestsOfSeveralConnections) {
+  RunningClient client(arguments());
+  ASSERT_TRUE(client.line());
+  Caller first(socket);
+  Caller second(socket);
+  const std::string profile = toText({6, "6"});
+  first.send(profile + toText({9, "9"}) + toText({11, "11"}).substr(0, 20));
+  second.send(profile.substr(0, 11));
+  EXPECT_EQ(first.receive()->action, 6U);
+  EXPECT_EQ(first.receive()->action, 9U);
+  second.send(profile.substr(11));
+  EXPECT_EQ(second.receive()->action, 6U);
+  first.send(toText({11, "11"}).substr(20));
+  EXPECT_EQ(first.receive()->action, 11U);
+}
+
+TEST_F(ProgramTest, sendsAReplyOnlyWhenTheOneBeforeWasTaken) {
+  RunningClient client(arguments());
+  ASSERT_TRUE(client.line());
+  Caller caller(socket);
+  std::string requests;
+  for (int i = 0; i < 50; ++i) requests += toText({11, "11"});
+  caller.send(requests);
+  for (int i = 0; i < 50; ++i) EXPECT_EQ(fromText(caller.read()), (Envelope{11, R"({"bosses":[]})"})) << i;
+}
+
+TEST_F(ProgramTest, misbehavesAsTheFaultsFileSays) {
+  const auto faults = home.write("faults",
+                                 "reply 1 to action 11: split at 7\n"
+                                 "reply 2 to action 11: glue\n"
+                                 "reply 4 to action 11: close\n"
+                                 "reply 1 to action 9: restart\n"
+                                 "reply 1 to action 6: die\n");
+  RunningClient client(arguments({"--faults", faults}));
+  ASSERT_TRUE(client.line());
+  const std::string people = toText({11, R"({"bosses":[]})"});
+  {
+    Caller caller(socket);
+    caller.send(toText({11, "11"}));
+    EXPECT_EQ(caller.read(), people.substr(0, 7));
+    EXPECT_EQ(caller.read(), people.substr(7));
+    caller.send(toText({11, "11"}));
+    caller.send(toText({11, "11"}));
+    EXPECT_EQ(caller.read(), people + people);
+    EXPECT_EQ(caller.ask({11, "11"}), std::nullopt);
+  }
+  EXPECT_EQ(Caller(socket).ask({9, "9"}), std::nullopt);
+
+  // The new socket stands before the old connection ends.
+  EXPECT_EQ(Caller(socket).ask({11, "11"}), (Envelope{11, R"({"bosses":[]})"}));
+
+  EXPECT_EQ(Caller(socket).ask({6, "6"}), std::nullopt);
+  EXPECT_EQ(client.wait(), -SIGKILL);
+  EXPECT_TRUE(std::filesystem::exists(socket));
+}
+
+TEST_F(ProgramTest, keepsAJournalWithoutSecrets) {
+  RunningClient client(arguments({"--journal", home / "journal", "--announce-version", "--version", "4.6.0.1"}));
+  EXPECT_THAT(client.line().value_or(""), HasSubstr("vornclient 4.6.0 "));
+  {
+    Caller caller(socket);
+    EXPECT_EQ(caller.receive(), (Envelope{200, "4.6.0.1"}));
+    EXPECT_TRUE(caller.ask(commit()));
+    caller.send(toText({2, "{\"launchtype\": \"groupVideo\"}"}) + "{\"actionId\": 7}");
+    EXPECT_TRUE(caller.ask({11, "11"}));
+  }
+  client.stop(SIGTERM);
+  EXPECT_EQ(client.wait(), 0);
+
+  std::vector<std::string> events;
+  for (const auto& event : journal()) {
+    events.push_back(event["event"]);
+    EXPECT_THAT(event.dump(), testing::Not(HasSubstr("pass-771")));
+  }
+  EXPECT_THAT(events, testing::ElementsAre("connected", "reply", "request", "reply", "request", "malformed",
+                                           "request", "reply", "closed"));
+  const auto request = journal()[2];
+  EXPECT_EQ(request["action"], 3);
+  EXPECT_EQ(request["operation"], 1);
+  EXPECT_GT(journal()[3]["micros"], 0);
+}
+
+}  // namespace
+}  // namespace vornlab

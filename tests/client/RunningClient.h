@@ -1,0 +1,72 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "lab/client/Envelope.h"
+
+namespace vornlab::test {
+
+// A folder of its own for one test, removed at the end.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  std::string operator/(const std::string& name) const { return (path_ / name).string(); }
+  std::string path() const { return path_.string(); }
+  std::string write(const std::string& name, const std::string& text) const;
+
+ private:
+  std::filesystem::path path_;
+};
+
+// The program as a process of its own. Every wait ends after ten seconds at the latest.
+class RunningClient {
+ public:
+  explicit RunningClient(std::vector<std::string> arguments);
+  ~RunningClient();
+  RunningClient(const RunningClient&) = delete;
+  RunningClient& operator=(const RunningClient&) = delete;
+
+  // The next line of its output, or nothing when it ended or says nothing.
+  std::optional<std::string> line();
+  // Its exit code, or minus the signal that ended it; nothing when it does not end.
+  std::optional<int> wait();
+  void stop(int signal) const;
+  // All that it wrote to the error stream; to be asked when it has ended.
+  std::string errors();
+
+ private:
+  pid_t process_ = -1;
+  int output_ = -1;
+  int errors_ = -1;
+  std::string pending_;
+};
+
+// A connection that reads as the other side does: at most 8191 bytes at a time.
+class Caller {
+ public:
+  explicit Caller(const std::string& path);
+  ~Caller();
+  Caller(const Caller&) = delete;
+  Caller& operator=(const Caller&) = delete;
+
+  bool isConnected() const { return socket_ >= 0; }
+  void send(const std::string& text) const;
+  // What one read gives; empty at the end of the stream or when nothing comes.
+  std::string read() const;
+  // Reads until an envelope is whole.
+  std::optional<Envelope> receive();
+  std::optional<Envelope> ask(const Envelope& request);
+
+ private:
+  int socket_ = -1;
+};
+
+}  // namespace vornlab::test

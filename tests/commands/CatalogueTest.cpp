@@ -1,0 +1,283 @@
+#include "channel/commands/vnAPIStartMeeting.h"
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnLocalProfileKeys.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "data/vnGetPACHelper.h"
+#include "data/vnGetScheduleForListHelper.h"
+#include "data/vnUserProfileHelper.h"
+#include "tests/commands/CommandWorld.h"
+#include "util/vnOLUtils.h"
+
+namespace vorn {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using Catalogue = CommandWorld;
+
+Value request(const std::string& key, const std::string& language = "", bool forPMI = false) {
+  Value data = Value::dictionaryFromPairs({{"meetingKey", key}, {"isForPMI", forPMI}});
+  data.set("setting", Value::dictionaryFromPairs({{"language", language}}));
+  return data;
+}
+
+JsonTextFile siteFile() { return JsonTextFile(vnMeetingCommon::getLocalVnSiteConfigPath()); }
+
+TEST_F(Catalogue, EachRequestHasTheContentThatTheClientUnderstands) {
+  const struct {
+    const char* version;
+    std::function<void()> send;
+    const char* action;
+    const char* content;
+  } cases[] = {
+      {"4.3.99999", [&] { mgr->getMeeting(window, request("987", "de", true)); }, "3", "4;987"},
+      {"4.4.0", [&] { mgr->getMeeting(window, request("987", "", true)); }, "3", "4;987;msOutlook;1;de"},
+      {"4.4.0", [&] { mgr->getMeeting(window, request("", "fr")); }, "3", "4;;msOutlook;0;fr"},
+      {"4.4.0", [&] { mgr->getNewMeetingDefault(window); }, "3", "4;new;msOutlook;0;fr"},
+      {"4.3.40530", [&] { mgr->deleteMeeting(window, request("987")); }, "3", "3;987"},
+      {"4.3.40531", [&] { mgr->deleteMeeting(window, request("987")); }, "3", "3;987;msOutlook"},
+      {"4.3.0",
+       [&] {
+         mgr->getMeetingByApptUUID(window, Value::dictionaryFromPairs({{"olApptUUID", "U-1"}}));
+       },
+       "3", "10;U-1"},
+      {"3.5.0", [&] { mgr->getUserProfile(window, Value()); }, "6", "6"},
+      {"3.5.22781", [&] { mgr->getPAC(window, Value()); }, "9", "9"},
+      {"3.5.0", [&] { mgr->getScheduleForList(window); }, "11", "11"},
+  };
+  for (const auto& [version, send, action, content] : cases) {
+    installClient(version);
+    send();
+    ASSERT_FALSE(sent().empty());
+    EXPECT_EQ(sent().back(), Envelope(action, content)) << version;
+  }
+}
+
+TEST_F(Catalogue, WithoutALanguageEverTheContentEndsBeforeIt) {
+  mgr->getMeeting(window, request("0"));
+  EXPECT_EQ(lastContent(), "4;0;msOutlook;0");
+}
+
+TEST_F(Catalogue, StartingAMeetingSaysHowAndWaitsForNothing) {
+  mgr->startMeeting(true);
+  mgr->startMeeting(false);
+  ASSERT_EQ(sent().size(), 2u);
+  for (const std::size_t i : {0u, 1u}) {
+    const Value content = vnOLUtils::toArrayOrNSDictionary(sent()[i].second);
+    EXPECT_EQ(sent()[i].first, "2");
+    EXPECT_EQ(content["from"].text(), "macOutlookPlugin");
+    EXPECT_EQ(content["launchtype"].text(), i == 0 ? "groupVideo" : "groupShare");
+  }
+  EXPECT_EQ(activations(), 0u);
+  EXPECT_EQ(world.runLoop.waiting(), 0u);
+}
+
+TEST_F(Catalogue, AnAudioRequestToAnOldClientDoesNothing) {
+  installClient("3.5.22780");
+  EXPECT_EQ(mgr->getPAC(window, Value()), 0);
+  EXPECT_THAT(sent(), IsEmpty());
+  reply("9", "");
+  EXPECT_THAT(alertTexts(), IsEmpty());
+}
+
+TEST_F(Catalogue, ANumberThatMustBeLeftAloneIsNotDeleted) {
+  setProfile(Value::dictionaryFromPairs({{"roomMeetingId", "1234567890"}}));
+  const auto isDeleted = [&](const std::string& key) {
+    const std::size_t before = sent().size();
+    EXPECT_EQ(mgr->deleteMeeting(window, request(key)), 0);
+    return sent().size() > before;
+  };
+  EXPECT_FALSE(isDeleted(""));
+  EXPECT_FALSE(isDeleted("0"));
+  EXPECT_FALSE(isDeleted("1234567890"));
+  EXPECT_FALSE(isDeleted("01234567890"));  // numbers are compared, not texts
+  EXPECT_TRUE(isDeleted("1234567891"));
+
+  Value bosses = Value::array();
+  bosses.append(Value::dictionaryFromPairs({{"email", "ann@x.org"}, {"pmi", "555"}}));
+  setProfile(Value::dictionaryFromPairs({{"roomMeetingId", "1234567890"}, {"bosses", bosses}}));
+  EXPECT_FALSE(isDeleted("555"));
+
+  // Without the profile's number those of earlier times count, but only then.
+  Value rooms = Value::array();
+  rooms.append("4711");
+  siteFile().setKey(vn_LocalProfile_CachedRoomMeetingIds, rooms);
+  EXPECT_TRUE(isDeleted("4711"));
+  setProfile(Value::dictionaryFromPairs({{"userId", "user"}}));
+  EXPECT_FALSE(isDeleted("4711"));
+  EXPECT_TRUE(isDeleted("4712"));
+}
+
+TEST_F(Catalogue, EachFormOfAMeetingReplyIsReadAsFarAsItGoes) {
+  const std::string meeting = packed(Value::dictionaryFromPairs({{"meetingKey", "987"}}));
+  const struct {
+    const char* name;
+    std::string content;
+    bool isHanded;
+    const char* key;
+    bool hasMessage;
+  } cases[] = {
+      {"13 fields", meetingReply({}), false, "", false},
+      {"14 fields", meetingReply({meeting}), true, "987", false},
+      {"broken base64", meetingReply({"!!!"}), true, "", false},
+      {"base64 of no JSON", meetingReply({"aGVsbG8="}), true, "", false},
+      {"a JSON that is no dictionary", meetingReply({packed(Value::array())}), true, "", false},
+      {"an empty field", meetingReply({""}), true, "", false},
+      {"15 fields", meetingReply({meeting, "eAA="}), true, "987", true},
+      {"many fields", meetingReply({meeting, "eAA=", "more", "", ""}), true, "987", true},
+  };
+  for (const bool byUUID : {false, true}) {
+    for (const auto& [name, content, isHanded, key, hasMessage] : cases) {
+      owner.finished.clear();
+      owner.helper.cleanup();
+      owner.helper.setMeetingData(Value::dictionaryFromPairs({{"meetingKey", "before"}}), false);
+      if (byUUID) {
+        mgr->getMeetingByApptUUID(window, Value());
+      } else {
+        mgr->getMeeting(window, request("987"));
+      }
+      reply(byUUID ? "10" : "4", content);
+      ASSERT_EQ(owner.finished.size(), isHanded ? 1u : 0u) << name;
+      if (!isHanded) continue;
+      EXPECT_EQ(owner.finished[0].number, byUUID ? 15u : 7u) << name;
+      EXPECT_EQ(owner.finished[0].data[keyVnAPIResponse]["meetingKey"].text(), key) << name;
+      EXPECT_EQ(owner.finished[0].data.contains(keyVnAPIResponse), *key != 0) << name;
+      // The reader has the new dictionary, even if it is an empty one.
+      EXPECT_EQ(owner.helper.hasMeetingInfo(), *key != 0) << name;
+      EXPECT_EQ(owner.helper.NeedRequestGetMeeting(), byUUID || *key == 0) << name;
+      // A message without a number is that of a new meeting, and shows that there is one.
+      EXPECT_EQ(owner.helper.isNewMeetingDefault(), hasMessage) << name;
+    }
+  }
+  EXPECT_THAT(alertTexts(), IsEmpty());
+}
+
+TEST_F(Catalogue, AHugeReplyIsReadLikeASmallOne) {
+  const std::string meeting = packed(Value::dictionaryFromPairs({{"meetingKey", "987"}}));
+  mgr->getMeeting(window, request("987"));
+  reply("4", meetingReply({meeting, "eAA="}) + std::string(10'000'000, ';'));
+  mgr->getMeeting(window, request("987"));
+  reply("4", meetingReply({std::string(10'000'000, 'A')}));
+  ASSERT_EQ(owner.finished.size(), 2u);
+  EXPECT_EQ(owner.finished[0].data[keyVnAPIResponse]["meetingKey"].text(), "987");
+  EXPECT_FALSE(owner.finished[1].data.contains(keyVnAPIResponse));
+}
+
+TEST_F(Catalogue, AnEmptyReplyByUUIDLeavesTheRequestWaiting) {
+  mgr->getMeetingByApptUUID(window, Value());
+  reply("10", "");
+  reply("10", Value());
+  reply("10", meetingReply({packed(Value::dictionary())}));
+  EXPECT_EQ(owner.finished.size(), 1u);
+}
+
+TEST_F(Catalogue, AMeetingForSomebodyWhomTheUserMayNotActForIsNotHandedOn) {
+  owner.scheduleForIsValid = false;
+  owner.key = "987";
+  mgr->getMeeting(window, request("987"));
+  reply("4", meetingReply({packed(Value::dictionary())}));
+  EXPECT_THAT(owner.told, ElementsAre("scheduleFor @abc"));
+  EXPECT_EQ(owner.key, "");
+  EXPECT_THAT(owner.finished, IsEmpty());
+}
+
+TEST_F(Catalogue, AnErrorIsShownAndTheManagerHearsNothing) {
+  const struct {
+    std::function<void()> send;
+    const char* action;
+    std::vector<std::string> texts;
+    std::vector<std::string> told;
+  } cases[] = {
+      {[&] { mgr->deleteMeeting(window, request("987")); }, "3", {"MeetingNotFound"}, {"cleared"}},
+      {[&] { mgr->getMeeting(window, request("987")); }, "4", {"MeetingNotFound"}, {}},
+      {[&] { mgr->getMeetingByApptUUID(window, Value()); }, "10", {}, {}},
+      {[&] { mgr->getUserProfile(window, Value()); }, "6", {"MeetingNotFound"}, {}},
+      {[&] {
+         mgr->getUserProfile(window, Value::dictionaryFromPairs({{"silentAPIError", true}}));
+       },
+       "6",
+       {},
+       {}},
+      {[&] { mgr->getPAC(window, Value()); }, "9", {"MeetingNotFound"}, {}},
+      {[&] { mgr->getScheduleForList(window); }, "11", {"MeetingNotFound"}, {}},
+  };
+  for (const auto& [send, action, texts, told] : cases) {
+    world.presenter.alerts.clear();
+    owner.told.clear();
+    send();
+    reply(action, "0;Error 3001");
+    EXPECT_EQ(alertTexts(), texts) << action;
+    EXPECT_EQ(owner.told, told) << action;
+  }
+  EXPECT_THAT(owner.finished, IsEmpty());
+}
+
+TEST_F(Catalogue, ASuccessfulDeleteReplyIsTheKeyWhateverItHolds) {
+  mgr->deleteMeeting(window, request("987"));
+  reply("3", "any text; really");
+  ASSERT_EQ(owner.finished.size(), 1u);
+  EXPECT_EQ(owner.finished[0].number, 6u);
+  EXPECT_EQ(owner.finished[0].data[keyVnAPIResponse],
+            Value::dictionaryFromPairs(
+                {{"meetingKey", "any text; really"}, {"invitationEmail", ""}, {"keyVnResult", "Success"}}));
+}
+
+TEST_F(Catalogue, TheProfileReachesItsReaderBeforeTheManagerHearsOfIt) {
+  bool known = false;
+  owner.whenFinished = [&] { known = vnUserProfileHelper::sharedInstance().hasUserProfile(); };
+  mgr->getUserProfile(window, Value());
+  reply("6", R"({"userId":"u"})");
+  EXPECT_TRUE(known);
+  EXPECT_EQ(owner.finished[0].number, 8u);
+
+  for (const char* broken : {"no JSON", "[1]", "17"}) {
+    owner.finished.clear();
+    mgr->getUserProfile(window, Value());
+    reply("6", broken);
+    ASSERT_EQ(owner.finished.size(), 1u) << broken;
+    EXPECT_FALSE(owner.finished[0].data.contains(keyVnAPIResponse)) << broken;
+    EXPECT_FALSE(vnUserProfileHelper::sharedInstance().hasUserProfile()) << broken;
+  }
+}
+
+TEST_F(Catalogue, TheScheduleForListReachesItsReader) {
+  mgr->getScheduleForList(window);
+  reply("11", R"({"bosses":[{"email":"ann@x.org"}]})");
+  EXPECT_TRUE(vnGetScheduleForListHelper::sharedInstance().hasScheduleForList());
+  EXPECT_EQ(owner.finished[0].data[keyVnAPIResponse]["bosses"].count(), 1u);
+  mgr->getScheduleForList(window);
+  reply("11", "{broken");
+  EXPECT_FALSE(vnGetScheduleForListHelper::sharedInstance().hasScheduleForList());
+  EXPECT_EQ(owner.finished.size(), 2u);
+}
+
+TEST_F(Catalogue, AudioDataReachTheirReaderAndTheManagerGetsNone) {
+  mgr->getPAC(window, Value());
+  reply("9", "eAA=");
+  EXPECT_TRUE(vnGetPACHelper::sharedInstance().hasPACInfo());
+  ASSERT_EQ(owner.finished.size(), 1u);
+  EXPECT_EQ(owner.finished[0].number, 13u);
+  EXPECT_FALSE(owner.finished[0].data.contains(keyVnAPIResponse));
+}
+
+TEST_F(Catalogue, WhatOutlastsAProfileIsNotedInTheSiteConfiguration) {
+  const auto receive = [&](const std::string& profile) {
+    mgr->getUserProfile(window, Value());
+    reply("6", profile);
+  };
+  world.userDefaults.setObject("old place", vn_LocalProfile_TrashCanLink);
+  receive(R"({"roomMeetingId":"0","trashCanLink":"unseen"})");
+  EXPECT_TRUE(world.userDefaults.objectForKey(vn_LocalProfile_TrashCanLink).isAbsent());
+  EXPECT_TRUE(siteFile().read().isAbsent());
+
+  receive(R"({"roomMeetingId":"123","trashCanLink":"link","vornDomain":"vorn.example"})");
+  receive(R"({"roomMeetingId":"456","trashCanLink":""})");
+  receive(R"({"roomMeetingId":"123"})");
+  const Value site = siteFile().read();
+  EXPECT_THAT(site["cachedRoomMeetingIds"].items(), ElementsAre(Value("123"), Value("456")));
+  EXPECT_EQ(site["trashCanLink"].text(), "link");
+}
+
+}  // namespace
+}  // namespace vorn

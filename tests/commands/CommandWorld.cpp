@@ -1,0 +1,121 @@
+#include "tests/commands/CommandWorld.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "channel/discovery/vnClientConstants.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "channel/transport/vSocketClientImpl.h"
+#include "channel/transport/vnIPCConstants.h"
+#include "data/vnUserProfileHelper.h"
+#include "platform/Registry.h"
+#include "util/EncodeUtils.h"
+#include "util/vnOLUtils.h"
+
+namespace vorn {
+
+namespace {
+
+void appendVarint(std::string& bytes, std::uint64_t number) {
+  for (; number >= 0x80; number >>= 7) bytes += static_cast<char>((number & 0x7f) | 0x80);
+  bytes += static_cast<char>(number);
+}
+
+}  // namespace
+
+class CommandWorld::RecordingSocket : public vSocketClientImpl {
+ public:
+  explicit RecordingSocket(std::shared_ptr<std::vector<Envelope>> sent) : sent_(std::move(sent)) {}
+  void connect() override {}
+  void disconnect() override {}
+  bool send(const OptionalText& message) override {
+    const Value envelope = vnOLUtils::toArrayOrNSDictionary(message);
+    sent_->emplace_back(envelope[VN_IPC_ACTION_ID].text(), envelope[VN_IPC_CONTENT].text());
+    return true;
+  }
+
+ private:
+  std::shared_ptr<std::vector<Envelope>> sent_;
+};
+
+CommandWorld::CommandWorld() : clientPath_(world.surroundings.homeDirectory() + "/client/vornclient.app") {
+  Registry::install<vSocketClientImpl>(std::make_unique<RecordingSocket>(sent_));
+  vnMeetingCommon::setApptWindowDirectory(this);
+  installClient("6.0.0");
+  runClient();
+  mgr = std::make_unique<vnAPIMgr>();
+  mgr->setMeetingMgrInstance(&owner);
+}
+
+CommandWorld::~CommandWorld() { vnMeetingCommon::setApptWindowDirectory(nullptr); }
+
+void CommandWorld::installClient(const std::string& version) {
+  std::filesystem::create_directories(clientPath_);
+  world.workspace.filePackages.insert(clientPath_);
+  world.workspace.executables[clientPath_] = clientPath_ + "/Contents/MacOS/vornclient";
+  world.workspace.propertyLists[clientPath_ + "/Contents/Info.plist"] =
+      Value::dictionaryFromPairs({{"CFBundleVersion", version}});
+  world.userDefaults.domains[std::string(kVornusIdentify)] =
+      Value::dictionaryFromPairs({{"installPath", clientPath_}});
+}
+
+void CommandWorld::removeClient() { world.workspace.filePackages.clear(); }
+
+void CommandWorld::runClient(bool runs) {
+  world.workspace.running.clear();
+  if (runs) world.workspace.running.insert(std::string(kVornusIdentify));
+}
+
+void CommandWorld::reply(const std::string& action, const Value& content) {
+  Value envelope = Value::dictionary();
+  envelope.set(VN_IPC_ACTION_ID, action);
+  envelope.set(VN_IPC_CONTENT, content);
+  world.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN, nullptr, envelope);
+}
+
+std::size_t CommandWorld::activations() const {
+  return static_cast<std::size_t>(
+      std::count_if(world.distributedNotifications.posted.begin(), world.distributedNotifications.posted.end(),
+                    [](const auto& posted) { return posted.name == kNoti_SilentActiveVornApplication; }));
+}
+
+std::vector<std::string> CommandWorld::alertTexts() const {
+  std::vector<std::string> texts;
+  for (const auto& shown : world.presenter.alerts) texts.push_back(shown.alert.message);
+  return texts;
+}
+
+void CommandWorld::runFor(double seconds) {
+  world.runLoop.runUntil([] { return false; }, seconds);
+}
+
+void CommandWorld::setProfile(Value profile) { vnUserProfileHelper::sharedInstance().setData(profile); }
+
+void CommandWorld::setProfileOptions(std::uint64_t userOption3, std::uint64_t userOption4) {
+  constexpr unsigned kUserOption3 = 68;
+  constexpr unsigned kUserOption4 = 69;
+  std::string message;
+  for (const auto& [field, word] : {std::pair{kUserOption3, userOption3}, std::pair{kUserOption4, userOption4}}) {
+    appendVarint(message, field << 3);
+    appendVarint(message, word);
+  }
+  setProfile(Value::dictionaryFromPairs({{"proto", EncodeUtils::base64Encode(message)}}));
+}
+
+void CommandWorld::setTexts(const std::vector<std::pair<std::string, std::string>>& texts) {
+  std::string table;
+  for (const auto& [key, text] : texts) table += "\"" + key + "\" = \"" + text + "\";\n";
+  world.surroundings.resources["Localizable.strings"] = table;
+}
+
+std::string meetingReply(const std::vector<std::string>& fields) {
+  std::string text = "123456789;a;b;c;d;e;f;g;h;i;j;k;l";
+  for (const std::string& field : fields) text += ";" + field;
+  return text;
+}
+
+std::string packed(const Value& meeting) {
+  return EncodeUtils::base64Encode(vnOLUtils::toJSONString(meeting)).value_or("");
+}
+
+}  // namespace vorn

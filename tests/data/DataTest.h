@@ -1,0 +1,50 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "channel/discovery/vnGetClientVersionHelper.h"
+#include "data/vnProfileKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "meeting.pb.h"
+#include "tests/support/TestPlatform.h"
+#include "util/EncodeUtils.h"
+
+namespace vorn {
+
+namespace proto = com::tidemar::webapp::proto;
+
+// The bytes that protoc made of messages/<name>.txt.
+inline std::string encodedMessage(const std::string& name) {
+  std::ifstream file(std::string(VORN_TEST_MESSAGES) + "/" + name + ".bin", std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline std::string base64(const std::string& bytes) { return EncodeUtils::base64Encode(bytes).value_or(""); }
+
+// A fresh process for each test, with a client that can do everything.
+class DataTest : public testing::Test {
+ protected:
+  DataTest() { setClientVersion("9.9.99999"); }
+
+  static void setClientVersion(const std::string& version) {
+    vnGetClientVersionHelper::saveClientVersionToLocal(version);
+  }
+
+  static Value profileWith(const std::string& message) {
+    Value profile = Value::dictionary();
+    profile.set(vn_Profile_Proto, base64(message));
+    return profile;
+  }
+  static void receive(const proto::UserProfile& message) {
+    account().setData(profileWith(message.SerializeAsString()));
+  }
+  static vnUserProfileHelper& account() { return vnUserProfileHelper::sharedInstance(); }
+
+  TestPlatform world;
+};
+
+}  // namespace vorn

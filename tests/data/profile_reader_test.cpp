@@ -1,0 +1,230 @@
+#include "channel/store/vnCommon.h"
+#include "data/vnGetScheduleForListHelper.h"
+#include "data/vnSettingKeys.h"
+#include "tests/data/DataTest.h"
+#include "util/vStringUtils.h"
+
+namespace vorn {
+namespace {
+
+using ProfileReaderTest = DataTest;
+
+Value json(const char* text) { return vStringUtils::toArrayOrNSDictionary(std::string(text)); }
+
+TEST_F(ProfileReaderTest, AnswersFromAMessageThatAnotherEncoderWrote) {
+  account().setData(profileWith(encodedMessage("profile")));
+  EXPECT_EQ(account().getUID(), "u-1001");
+  EXPECT_EQ(account().userName(), "Ada Example");
+  EXPECT_EQ(account().userEmail(), "ada@example.com");
+  EXPECT_EQ(account().roomMeetingID(), "1234567890");
+  EXPECT_EQ(account().thirdPartyAudioInfo(), "Dial 555");
+  EXPECT_EQ(account().restrictJoinDomains(), "example.com;example.org");
+  EXPECT_TRUE(account().canUpgrade());
+  EXPECT_TRUE(account().isPaidUser());
+  EXPECT_TRUE(account().enableThirdPartyAudio());
+  EXPECT_TRUE(account().isEnableWaitingRoom());
+  EXPECT_TRUE(account().isHostVideoLocked());
+  EXPECT_TRUE(account().isEnableAdminTemplate(""));
+  EXPECT_EQ(account().tspServiceProvider(), "Tele");
+  EXPECT_TRUE(account().tspIsSupportHybirdAudio());
+  EXPECT_EQ(account().trackingFields(),
+            json(R"([{"id":"t1","trackingField":"Cost centre","trackingValue":"A;B","mtValue":"A","required":true},
+                     {"id":"t2","trackingField":"Team","trackingValue":"","mtValue":"","required":false}])"));
+  EXPECT_EQ(account().tspAccounts().at(0),
+            json(R"({"tspAccountIndex":"1","hostPasscode":"11","participantPasscode":"12","passcodeType":3,
+                     "tspNumbers":["+1 1","+1 2"]})"));
+  EXPECT_TRUE(account().moreThanOneTSPAccounts());
+  EXPECT_EQ(vnCommon::getUID(), "u-1001");
+}
+
+TEST_F(ProfileReaderTest, AnswersFromTheDictionaryWhenTheReplyHasNoMessage) {
+  account().setData(json(R"({"userId":"u-7","roomMeetingId":"42","enablePSTN":true,"userOption":68719476736})"));
+  EXPECT_TRUE(account().hasUserProfile());
+  EXPECT_EQ(account().getUID(), "u-7");
+  EXPECT_EQ(account().roomMeetingID(), "42");
+  EXPECT_TRUE(account().enablePSTN());
+  EXPECT_TRUE(account().alwaysTurnOnHostVideoByDefault());
+  EXPECT_FALSE(account().alwaysTurnOnAttendeeVideoByDefault());
+  EXPECT_EQ(account().userName(), "");
+  EXPECT_TRUE(account().trackingFields().isAbsent());
+  EXPECT_TRUE(account().tspAccounts().isAbsent());
+}
+
+TEST_F(ProfileReaderTest, FlagsAChangedAccountAtTheFirstReplyWithoutAMessage) {
+  account().setData(json(R"({"userId":"a"})"));
+  EXPECT_FALSE(account().isAccountChanged());
+  account().setData(json(R"({"userId":"b"})"));
+  EXPECT_TRUE(account().isAccountChanged());
+}
+
+TEST_F(ProfileReaderTest, FlagsAChangedAccountOneReplyLateWithMessages) {
+  proto::UserProfile first, second;
+  first.set_id("a");
+  second.set_id("b");
+  receive(first);
+  receive(second);
+  EXPECT_FALSE(account().isAccountChanged());
+  receive(second);
+  EXPECT_TRUE(account().isAccountChanged());
+}
+
+TEST_F(ProfileReaderTest, ComparesTheNextAccountWithTheOneBeforeClearing) {
+  account().setData(json(R"({"userId":"a"})"));
+  account().clearUserProfile();
+  EXPECT_FALSE(account().hasUserProfile());
+  EXPECT_EQ(vnCommon::getUID(), std::nullopt);
+  account().setData(json(R"({"userId":"b"})"));
+  EXPECT_TRUE(account().isAccountChanged());
+}
+
+TEST_F(ProfileReaderTest, KeepsTheLastGoodMessageWhenTheNextCannotBeDecoded) {
+  account().setData(profileWith(encodedMessage("profile")));
+  for (const char* bad : {"not base64 !!", "////", "", "===="}) {
+    Value profile = Value::dictionary();
+    profile.set(vn_Profile_Proto, bad);
+    account().setData(profile);
+    EXPECT_EQ(account().userName(), "Ada Example") << bad;
+  }
+}
+
+TEST_F(ProfileReaderTest, TellsAnAbsentFieldFromAZero) {
+  struct Case {
+    std::optional<int> telephonyOff;
+    std::optional<std::int64_t> option, option2;
+    bool thirdParty, pstn, local, cloud;
+  };
+  const std::int64_t telephony = 0x2000000, cloud = 0x10000000, noLocal = 0x8000000000000,
+                     noRecording = 0x8000000000;
+  const Case cases[] = {
+      {{}, {}, {}, false, true, true, false},
+      {0, telephony, 0, true, true, true, false},
+      {1, telephony, {}, false, false, true, false},
+      {{}, cloud | noLocal, {}, false, true, false, true},
+      {{}, cloud, noRecording, false, true, false, false},
+  };
+  for (const Case& c : cases) {
+    proto::UserProfile profile;
+    if (c.telephonyOff) profile.set_telephonyoff(*c.telephonyOff);
+    if (c.option) profile.set_useroption(*c.option);
+    if (c.option2) profile.set_useroption2(*c.option2);
+    receive(profile);
+    EXPECT_EQ(account().enableThirdPartyAudio(), c.thirdParty);
+    EXPECT_EQ(account().enablePSTN(), c.pstn);
+    EXPECT_EQ(account().enableLocalRecording(), c.local);
+    EXPECT_EQ(account().enableCloudRecording(), c.cloud);
+    EXPECT_FALSE(account().isPaidUser()) << "an unknown plan is no paid plan";
+  }
+}
+
+TEST_F(ProfileReaderTest, HidesWhatTheClientCannotDo) {
+  proto::UserProfile profile;
+  profile.set_useroption(0x10000000);
+  profile.set_useroption3(0x8 | 0x80);
+  receive(profile);
+  setClientVersion("3.9.0");
+  EXPECT_FALSE(account().enableLocalRecording());
+  EXPECT_FALSE(account().enableCloudRecording());
+  EXPECT_FALSE(account().isEnableAddMeetingToPublicCalendarEvent());
+  EXPECT_FALSE(account().isEnableAudioWatermark());
+}
+
+TEST_F(ProfileReaderTest, LetsTheDictionaryOverrideABit) {
+  proto::UserProfile message;
+  message.set_useroption3(0x10000 | 0x8000000000);
+  Value profile = profileWith(message.SerializeAsString());
+  profile.set(vn_Profile_IsEnableRequirePassword, false);
+  profile.set(vn_Profile_IsDisablePMI, false);
+  profile.set(vn_Profile_IsEnablePMIRequirePassword, true);
+  account().setData(profile);
+  EXPECT_FALSE(account().isEnableRequirePassword());
+  EXPECT_FALSE(account().isDisablePMI());
+  EXPECT_TRUE(account().isDisablePMIForOther());
+  EXPECT_TRUE(account().isEnablePMIRequirePassword());
+}
+
+TEST_F(ProfileReaderTest, GivesTheListedDefaultsWithoutAProfile) {
+  EXPECT_EQ(account().getDefaultJbhPriorTime(), 5);
+  account().setData(json(R"({"jbhPriorTime":0})"));
+  EXPECT_EQ(account().getDefaultJbhPriorTime(), 0);
+  EXPECT_FALSE(account().getVornDomain().empty());
+  EXPECT_EQ(account().getMeetingTrashCanLink(), "");
+  EXPECT_EQ(account().getScheduleForIndexWithEmail("x@example.com"), -1);
+  EXPECT_FALSE(account().isShowUpgradeLink());
+}
+
+TEST_F(ProfileReaderTest, TakesASingleEmptySelectedCountryAsNoneAndKeepsTwo) {
+  struct Case {
+    const char* profile;
+    std::size_t selected;
+  };
+  for (const Case& c :
+       {Case{R"({"availableDialinCountry":{"hash":"h","selectedCountries":[""],"allCountries":["US","",
+                                 "DE"]}})",
+             0},
+        Case{R"({"availableDialinCountry":{"hash":"h","selectedCountries":["US",""],
+                                 "allCountries":["US","DE"]}})",
+             2}}) {
+    account().setData(json(c.profile));
+    const auto content = account().getAvailableDialinCountry();
+    ASSERT_TRUE(content);
+    EXPECT_EQ(content->selectedCountries.count(), c.selected);
+    ASSERT_EQ(content->allCountries.size(), 2u);
+    EXPECT_EQ(content->allCountries[0].countryName, "United States");
+    EXPECT_EQ(content->allCountries[0].selected, c.selected == 2);
+    EXPECT_FALSE(content->allCountries[1].selected);
+  }
+}
+
+TEST_F(ProfileReaderTest, FindsPeopleWithoutRegardToCase) {
+  account().setData(json(R"({"bosses":[{"email":"One@Example.com","hostId":"H1","pmi":""},
+                                       {"email":"two@example.com","hostId":"h2","pmi":"0123","disablePmi":true}]})"));
+  EXPECT_EQ(account().getScheduleForIndexWithEmail("ONE@example.COM"), 0);
+  EXPECT_EQ(account().getScheduleForIndexWithHostID("H2"), 1);
+  EXPECT_EQ(account().getScheduleForEmailWithIndex(1), "two@example.com");
+  EXPECT_EQ(account().getScheduleForEmailWithIndex(2), "");
+  EXPECT_FALSE(account().supportPMIForOnbehalf("one@example.com"));
+  EXPECT_EQ(account().pmiMeetingIDWithScheduleForEmail("TWO@example.com"), "0123");
+  EXPECT_TRUE(account().isDisablePMIWithScheduleForEmail("two@example.com"));
+  EXPECT_TRUE(account().isBossesPMIMeetingID("123"));
+  EXPECT_FALSE(account().isBossesPMIMeetingID("124"));
+}
+
+TEST_F(ProfileReaderTest, AsksThePersonWhenAnEmailIsGiven) {
+  proto::UserProfile message;
+  message.set_useroption3(std::int64_t{1} << 62);
+  Value profile = profileWith(message.SerializeAsString());
+  profile.set(vn_Profile_MeetingTemplates, json(R"(["own"])"));
+  account().setData(profile);
+  EXPECT_FALSE(account().isEnableAllowDenyJoinMeetingRegion("two@example.com")) << "no list has come yet";
+  vnGetScheduleForListHelper::sharedInstance().setData(
+      json(R"({"bosses":[{"email":"two@example.com","userOption4":1073741824,"meetingTemplates":["theirs"],
+               "joinMeetingRegionSetting":{"RegionPolicy":{"regionType":1,"regionCodes":["CN"]}}}]})"));
+  EXPECT_TRUE(account().isEnableAllowDenyJoinMeetingRegion(""));
+  EXPECT_FALSE(account().isEnableAllowDenyJoinMeetingRegion("Two@example.com"));
+  EXPECT_TRUE(account().isLockAllowDenyJoinMeetingRegion("Two@example.com"));
+  EXPECT_EQ(account().getMeetingTemplates(std::nullopt), json(R"(["own"])"));
+  EXPECT_EQ(account().getMeetingTemplates("two@example.com"), json(R"(["theirs"])"));
+  EXPECT_EQ(account().getRegionType("two@example.com"), 1);
+  EXPECT_EQ(account().getRegionCodes("two@example.com"), json(R"(["CN"])"));
+  EXPECT_EQ(account().getRegionType(""), 0);
+}
+
+TEST_F(ProfileReaderTest, KeepsAPersonalMeetingWithThePersonWhoHasItsNumber) {
+  auto& list = vnGetScheduleForListHelper::sharedInstance();
+  list.setData(json(R"({"bosses":[{"email":"a@example.com"},{"email":"b@example.com","pmi":"555"}]})"));
+  const Value before = list.bossesInfo();
+  list.setPMIInfoWithScheduleFor(json(R"({"meetingKey":"777"})"));
+  EXPECT_EQ(list.bossesInfo(), before);
+  EXPECT_TRUE(list.pmiInfoWithScheduleFor("a@example.com").isAbsent());
+  const Value info = json(R"({"meetingKey":"555","setting":{"usePMI":true,"scheduleFor":"B@example.com"}})");
+  list.setPMIInfoWithScheduleFor(info);
+  EXPECT_EQ(list.pmiInfoWithScheduleFor("B@EXAMPLE.com"), info);
+  const Value renewed = json(R"({"meetingKey":"1","setting":{"usePMI":true,"scheduleFor":"b@example.com"}})");
+  list.refreshPMIInfoWithScheduleFor(renewed);
+  EXPECT_EQ(list.pmiInfoWithScheduleFor("b@example.com"), renewed);
+  list.refreshPMIInfoWithScheduleFor(json(R"({"setting":{"usePMI":false,"scheduleFor":"b@example.com"}})"));
+  EXPECT_EQ(list.pmiInfoWithScheduleFor("b@example.com"), renewed);
+}
+
+}  // namespace
+}  // namespace vorn

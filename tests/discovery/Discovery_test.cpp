@@ -1,0 +1,272 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+#include "channel/discovery/vnAppHelper.h"
+#include "channel/discovery/vnClientConstants.h"
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "channel/discovery/vnClientNotRunningError.h"
+#include "channel/discovery/vnGetClientVersionHelper.h"
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnLocalProfileKeys.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "channel/transport/vnIPCConstants.h"
+#include "tests/support/TestPlatform.h"
+
+namespace vorn {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace fs = std::filesystem;
+
+class DiscoveryTest : public ::testing::Test {
+ protected:
+  // The four places of the client, in the order of their search.
+  std::vector<std::string> places() {
+    const std::string home = world_.surroundings.homeDirectory();
+    return {home + "/chosen/vornclient.app", world_.surroundings.applicationsDirectory() + "/vornclient.app",
+            home + "/Library/Application Support/vornclient/vornclient.app",
+            world_.surroundings.userApplicationsDirectory() + "/vornclient.app"};
+  }
+  void install(const std::string& path, const std::string& version = "5.4.59940") {
+    fs::create_directories(path);
+    world_.workspace.filePackages.insert(path);
+    world_.workspace.executables[path] = path + "/Contents/MacOS/vornclient";
+    setBundleValue(path, "CFBundleVersion", version);
+  }
+  void setBundleValue(const std::string& path, const std::string& key, const std::string& value) {
+    world_.workspace.propertyLists[path + "/Contents/Info.plist"] = Value::dictionaryFromPairs({{key, value}});
+  }
+  void setOutlookVersion(const std::string& version) {
+    world_.workspace.installed[std::string(keyOutlookIdentifier)] = "/Outlook.app";
+    setBundleValue("/Outlook.app", "CFBundleShortVersionString", version);
+  }
+  std::vector<std::string> postedNames() {
+    std::vector<std::string> names;
+    for (const auto& posted : world_.distributedNotifications.posted) names.push_back(posted.name);
+    return names;
+  }
+
+  TestPlatform world_;
+  vnAppHelper& applications_ = vnAppHelper::sharedInstance();
+  vnClientFeatureMgr& features_ = vnClientFeatureMgr::sharedInstance();
+};
+
+TEST_F(DiscoveryTest, FindsTheClientAtTheFirstOfItsFourPlaces) {
+  world_.userDefaults.domains[std::string(kVornusIdentify)] =
+      Value::dictionaryFromPairs({{"installPath", places()[0]}});
+  EXPECT_EQ(applications_.getVornClientInstallPath(), places()[3]) << "the last place, even with nothing there";
+  EXPECT_FALSE(applications_.isVornusInstalled());
+  for (std::size_t place = places().size(); place-- > 0;) {
+    install(places()[place]);
+    EXPECT_EQ(applications_.getVornClientInstallPath(), places()[place]);
+    EXPECT_TRUE(applications_.isVornusInstalled());
+  }
+}
+
+TEST_F(DiscoveryTest, TakesOnlyAFolderThatIsAPackageForAnApplication) {
+  const std::string path = places()[1];
+  EXPECT_FALSE(applications_.IsAppExist(std::nullopt));
+  world_.workspace.filePackages.insert(path);
+  EXPECT_FALSE(applications_.IsAppExist(path)) << "missing";
+  fs::create_directories(path);
+  EXPECT_TRUE(applications_.IsAppExist(path));
+  world_.workspace.filePackages.clear();
+  EXPECT_FALSE(applications_.IsAppExist(path)) << "a plain folder";
+}
+
+TEST_F(DiscoveryTest, ComparesTheClientsVersionWithEachBoundary) {
+  struct Case {
+    const char* client;
+    const char* required;
+    bool supports;
+  };
+  install(places()[1]);
+  for (const Case& one : std::vector<Case>{{"5.4.59939", "5.4.59940", false},
+                                           {"5.4.59940", "5.4.59940", true},
+                                           {"5.5.1", "5.4.59940", true},
+                                           {"6.0.0", "5.4.59940", true},
+                                           {"4.99.99999", "5.4.59940", false},
+                                           {"5.3.99999", "5.4.59940", false},
+                                           {"4.6", "4.6.14768", false},
+                                           {"4.6", "4.6.00000", true},
+                                           {"4", "4.0.0", true},
+                                           {"5.4.59940.1", "5.4.59940", true},
+                                           {"5.4.59939.9", "5.4.59940", false},
+                                           {"five.4.59940", "0.4.59940", true},
+                                           {"5.x.9", "5.0.9", true},
+                                           {"5..9", "5.0.9", true},
+                                           {"...", "0.0.1", false}}) {
+    setBundleValue(places()[1], "CFBundleVersion", one.client);
+    EXPECT_EQ(features_.clientSupportSpecifiedFeature(one.required), one.supports)
+        << one.client << " for " << one.required;
+  }
+  setBundleValue(places()[1], "CFBundleVersion", "");
+  EXPECT_FALSE(features_.clientSupportSpecifiedFeature("0.0.0")) << "no version supports nothing";
+}
+
+TEST_F(DiscoveryTest, OffersEachCapabilityFromItsOwnVersionOn) {
+  struct Case {
+    bool (vnClientFeatureMgr::*supports)();
+    const char* before;
+    const char* from;
+  };
+  using F = vnClientFeatureMgr;
+  install(places()[1]);
+  for (const Case& one : std::vector<Case>{{&F::isVornClientSupportPACAndNoVideo, "3.5.22780", "3.5.22781"},
+                                           {&F::isVornClientSupportAutoRecord, "4.0.24612", "4.0.24613"},
+                                           {&F::isVornClientSupportAHAndMuteOnEntry, "4.0.40459", "4.0.40460"},
+                                           {&F::isVornClientSupportExtInfo, "4.1.10729", "4.1.10730"},
+                                           {&F::isVornClientSupportPublicEvent, "4.2.28914", "4.2.28915"},
+                                           {&F::isVornClientSupportSourceForDelete, "4.3.40530", "4.3.40531"},
+                                           {&F::isVornClientSupportAudioWatermark, "4.3.40530", "4.3.40531"},
+                                           {&F::isVornClientSupportSceduleForList, "4.3.99999", "4.4.0"},
+                                           {&F::isVornClientSupportSourceForGetMeeting, "4.3.99999", "4.4.0"},
+                                           {&F::isVornClientSupportInvitationLanguage, "4.4.99999", "4.5.0"},
+                                           {&F::isVornClientSupportIPCSocket, "4.5.99999", "4.6.0"},
+                                           {&F::isVornClientSupport464Tasks, "4.6.14767", "4.6.14768"},
+                                           {&F::isVornClientSupportPasswordRule, "4.6.20040", "4.6.20041"},
+                                           {&F::isVornClientSupport500Tasks, "4.6.20614", "4.6.20615"},
+                                           {&F::isVornClientSupport520Tasks, "5.2.29599", "5.2.29600"},
+                                           {&F::isVornClientSupport530Tasks, "5.3.45932", "5.3.45933"},
+                                           {&F::isVornClientSupport550Tasks, "5.4.59939", "5.4.59940"},
+                                           {&F::isSupportedVornClientVersion, "3.4.99999", "3.5.1"}}) {
+    setBundleValue(places()[1], "CFBundleVersion", one.before);
+    EXPECT_FALSE((features_.*one.supports)()) << one.before;
+    setBundleValue(places()[1], "CFBundleVersion", one.from);
+    EXPECT_TRUE((features_.*one.supports)()) << one.from;
+  }
+  setBundleValue(places()[1], "CFBundleVersion", "");
+  EXPECT_FALSE(features_.isSupportedVornClientVersion());
+}
+
+TEST_F(DiscoveryTest, LetsTheAccountAloneDecideOnDialInCountries) {
+  EXPECT_FALSE(features_.isVornClientSupportEditCountries());
+  features_.setEditCountriesSource([] { return true; });
+  EXPECT_TRUE(features_.isVornClientSupportEditCountries()) << "with no client at all";
+}
+
+TEST_F(DiscoveryTest, FallsBackToTheVersionThatTheAgentToldLast) {
+  EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "");
+  vnGetClientVersionHelper& versions = vnGetClientVersionHelper::sharedInstance();
+  versions.getClientVersion();
+  EXPECT_THAT(postedNames(), ElementsAre(kIPCPluginGetClientVersion));
+
+  JsonTextFile site(vnMeetingCommon::getLocalVnSiteConfigPath());
+  site.setKey(vn_LocalProfile_TrashCanLink, "kept");
+  const auto answer = [](const char* action, const char* content) {
+    return Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, action}, {VN_IPC_CONTENT, content}});
+  };
+  world_.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT, nullptr, answer("4", "9.9.9"));
+  EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "");
+  world_.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT, nullptr,
+                                 answer("200", "4.5.6"));
+  EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "4.5.6");
+  EXPECT_EQ(site.read()[vn_LocalProfile_TrashCanLink].text(), "kept");
+
+  install(places()[1], "5.0.1");
+  EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "5.0.1") << "an installed client speaks for itself";
+}
+
+TEST_F(DiscoveryTest, HearsTheAgentOnTheBusOnOlderSystems) {
+  world_.surroundings.version = {10, 14, 6};
+  vnGetClientVersionHelper::sharedInstance();
+  world_.distributedNotifications.deliver(
+      VN_IPC_PLUGINAGENT_TO_OUTLOOKPLUGIN,
+      Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, "200"}, {VN_IPC_CONTENT, "3.9.1"}}));
+  EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "3.9.1");
+}
+
+TEST_F(DiscoveryTest, KnowsTheLinesOfTheHostsVersion) {
+  struct Case {
+    const char* version;
+    bool isSupported;
+    bool isLargeThan2016;
+  };
+  EXPECT_FALSE(applications_.isSupportedOutlookVersion()) << "no host";
+  for (const Case& one : std::vector<Case>{{"14.1.3", false, false},
+                                           {"14.1.4", true, false},
+                                           {"14.1", false, false},
+                                           {"14.2.0", true, false},
+                                           {"13.9.9", false, false},
+                                           {"15.0", true, false},
+                                           {"15.8", true, false},
+                                           {"15.9", true, true},
+                                           {"16.0", true, true},
+                                           {"", false, false}}) {
+    setOutlookVersion(one.version);
+    EXPECT_EQ(applications_.isSupportedOutlookVersion(), one.isSupported) << one.version;
+    EXPECT_EQ(applications_.isOutlookVersionLargeThan2016(), one.isLargeThan2016) << one.version;
+  }
+}
+
+TEST_F(DiscoveryTest, PacksTheSystemsVersion) {
+  struct Case {
+    Surroundings::Version version;
+    std::int32_t packed;
+    bool isSupported;
+  };
+  for (const Case& one : std::vector<Case>{{{10, 6, 1}, 0x1061, true},
+                                           {{10, 6, 0}, 0x1060, false},
+                                           {{10, 15, 7}, 0x1097, true},
+                                           {{14, 2, 0}, 0x1420, true},
+                                           {{0, 0, 0}, 0, false}}) {
+    world_.surroundings.version = one.version;
+    EXPECT_EQ(applications_.macOSVersion(), one.packed);
+    EXPECT_EQ(applications_.isSupportedOSVersion(), one.isSupported) << std::hex << one.packed;
+  }
+}
+
+TEST_F(DiscoveryTest, WakesTheClientOnlyWhileItRuns) {
+  applications_.silentActiveVornClient();
+  EXPECT_THAT(postedNames(), IsEmpty());
+  world_.workspace.running.insert(std::string(kVornusIdentify));
+  applications_.silentActiveVornClient();
+  EXPECT_THAT(postedNames(), ElementsAre(kNoti_SilentActiveVornApplication));
+}
+
+TEST_F(DiscoveryTest, LaunchesTheClientOrBringsARunningOneForward) {
+  EXPECT_FALSE(applications_.LaunchVornClient()) << "not installed";
+  install(places()[1]);
+  EXPECT_TRUE(applications_.LaunchVornClient());
+  EXPECT_THAT(world_.workspace.launched, ElementsAre(places()[1] + "/Contents/MacOS/vornclient"));
+  world_.workspace.launchSucceeds = false;
+  EXPECT_FALSE(applications_.LaunchVornClient());
+
+  world_.workspace.running.insert(std::string(kVornusIdentify));
+  EXPECT_FALSE(applications_.LaunchVornClient()) << "though the notification goes out";
+  ASSERT_THAT(postedNames(), ElementsAre(kNoti_ActivateVornApplicationExternally));
+  EXPECT_EQ(world_.distributedNotifications.posted[0].userInfo,
+            Value::dictionaryFromPairs({{kParam_ActivateVornApplicationExternally, kVornLaunchURL}}));
+}
+
+TEST_F(DiscoveryTest, OffersToLaunchTheClientAndLeavesItToTheAgentOnNewerHosts) {
+  install(places()[1]);
+  setOutlookVersion("15.8");
+  world_.presenter.scriptedAnswers = {Presenter::Answer::alternateButton, Presenter::Answer::defaultButton,
+                                      Presenter::Answer::defaultButton, Presenter::Answer::defaultButton};
+  vnClientNotRunningError& error = vnClientNotRunningError::sharedInstance();
+  error.showClientError(HostObject(), "It does not run.");
+  EXPECT_THAT(world_.workspace.launched, IsEmpty()) << "cancelled";
+  error.showClientError(HostObject(), "It does not run.");
+  EXPECT_EQ(world_.workspace.launched.size(), 1u);
+  setOutlookVersion("15.9");
+  world_.workspace.running.insert(std::string(kVornusIdentify));
+  error.showClientError(HostObject(0x5), "It does not run.");
+  error.showClientErrorWithoutLaunchClient(HostObject(), "It does not run.");
+  EXPECT_EQ(world_.workspace.launched.size(), 1u);
+  EXPECT_THAT(postedNames(), ElementsAre(kIPCPluginLaunchClient));
+
+  const Presenter::Alert& alert = world_.presenter.alerts[2].alert;
+  EXPECT_EQ(world_.presenter.alerts[2].window, HostObject(0x5));
+  EXPECT_EQ(alert.title, "");
+  EXPECT_EQ(alert.message, "It does not run.");
+  EXPECT_EQ(alert.defaultButton, "Button_LaunchClient") << "the key itself without a table";
+  EXPECT_EQ(alert.icon, "warning.png");
+  EXPECT_EQ(world_.presenter.alerts[3].alert.alternateButton, "");
+}
+
+}  // namespace
+}  // namespace vorn

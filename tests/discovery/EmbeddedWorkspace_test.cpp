@@ -1,0 +1,104 @@
+#include "platform/embedded/EmbeddedWorkspace.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
+#include "channel/store/vnFileFunctions.h"
+#include "tests/support/FakePorts.h"
+#include "util/PropertyList.h"
+
+extern char** environ;
+
+namespace vorn {
+namespace {
+
+namespace fs = std::filesystem;
+
+class EmbeddedWorkspaceTest : public ::testing::Test {
+ protected:
+  std::string makeBundle(const std::string& path, const std::string& identifier, const std::string& program) {
+    fs::create_directories(path + "/Contents/MacOS");
+    Value information = Value::dictionaryFromPairs({{"CFBundleIdentifier", identifier}});
+    if (!program.empty()) information.set("CFBundleExecutable", program);
+    writePropertyList(information, path + "/Contents/Info.plist");
+    return path;
+  }
+  void makeProgram(const std::string& path, const std::string& script) {
+    vnCreateFile(path, "#!/bin/sh\n" + script + "\n");
+    fs::permissions(path, fs::perms::owner_all);
+  }
+  static bool waitUntil(const std::function<bool()>& condition) {
+    for (int i = 0; i < 5000 && !condition(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return condition();
+  }
+
+  TestSurroundings surroundings_;
+  std::string root_ = surroundings_.homeDirectory();
+  EmbeddedWorkspace workspace_{root_, {root_ + "/Applications", root_ + "/Users/me/Applications"}};
+};
+
+TEST_F(EmbeddedWorkspaceTest, FindsApplicationsByTheirIdentifierInTheOrderOfTheFolders) {
+  EXPECT_EQ(workspace_.absolutePathForAppBundle("us.vorn.xos"), "");
+  const std::string second = makeBundle(root_ + "/Users/me/Applications/v.app", "us.vorn.xos", "v");
+  makeBundle(root_ + "/Applications/other.app", "other", "o");
+  makeBundle(root_ + "/Applications/folder", "us.vorn.xos", "v");
+  EXPECT_EQ(workspace_.absolutePathForAppBundle("us.vorn.xos"), second) << "a plain folder is no application";
+  const std::string first = makeBundle(root_ + "/Applications/z.app", "us.vorn.xos", "v");
+  EXPECT_EQ(workspace_.absolutePathForAppBundle("us.vorn.xos"), first);
+}
+
+TEST_F(EmbeddedWorkspaceTest, ReadsWhatABundleSaysOfItself) {
+  const std::string bundle = makeBundle(root_ + "/a.app", "a", "main");
+  EXPECT_TRUE(workspace_.isFilePackage(bundle));
+  EXPECT_TRUE(workspace_.isFilePackage(bundle + "/"));
+  EXPECT_FALSE(workspace_.isFilePackage(root_));
+  vnCreateFile(root_ + "/file.app", "");
+  EXPECT_FALSE(workspace_.isFilePackage(root_ + "/file.app"));
+
+  EXPECT_EQ(workspace_.executablePath(bundle), "") << "named but not there";
+  makeProgram(bundle + "/Contents/MacOS/main", "");
+  EXPECT_EQ(workspace_.executablePath(bundle), bundle + "/Contents/MacOS/main");
+  const std::string unnamed = makeBundle(root_ + "/b.app", "b", "");
+  makeProgram(unnamed + "/Contents/MacOS/b", "");
+  EXPECT_EQ(workspace_.executablePath(unnamed), unnamed + "/Contents/MacOS/b");
+  EXPECT_EQ(workspace_.executablePath(root_ + "/none.app"), "");
+  EXPECT_TRUE(workspace_.propertyListAtPath(root_ + "/none").isAbsent());
+}
+
+TEST_F(EmbeddedWorkspaceTest, SeesAProcessOfAnApplicationBelowItsRootOnly) {
+  const std::string bundle = makeBundle(root_ + "/Applications/s.app", "us.vorn.xos", "s");
+  const std::string program = bundle + "/Contents/MacOS/s";
+  fs::copy_file("/bin/sleep", program);
+  EXPECT_FALSE(workspace_.isRunning("us.vorn.xos"));
+
+  std::string name = "s", seconds = "60";
+  char* arguments[] = {name.data(), seconds.data(), nullptr};
+  pid_t process = 0;
+  ASSERT_EQ(::posix_spawn(&process, program.c_str(), nullptr, nullptr, arguments, environ), 0);
+  EXPECT_TRUE(workspace_.isRunning("us.vorn.xos"));
+  EXPECT_FALSE(workspace_.isRunning("us.vorn"));
+  EXPECT_FALSE(EmbeddedWorkspace(root_ + "/Users", {}).isRunning("us.vorn.xos")) << "another session's";
+  EXPECT_FALSE(EmbeddedWorkspace(root_ + "/App", {}).isRunning("us.vorn.xos")) << "only the begin of a name";
+  EXPECT_TRUE(EmbeddedWorkspace("/", {}).isRunning("us.vorn.xos")) << "the whole machine";
+
+  ::kill(process, SIGKILL);
+  ::waitpid(process, nullptr, 0);
+  EXPECT_FALSE(workspace_.isRunning("us.vorn.xos"));
+}
+
+TEST_F(EmbeddedWorkspaceTest, LaunchesAProgramWithoutWaitingForIt) {
+  EXPECT_FALSE(workspace_.launch(root_ + "/none"));
+  const std::string marker = root_ + "/marker";
+  makeProgram(root_ + "/program", "echo started > '" + marker + "'");
+  EXPECT_TRUE(workspace_.launch(root_ + "/program"));
+  EXPECT_TRUE(waitUntil([&] { return vnIsFileExist(marker); }));
+}
+
+}  // namespace
+}  // namespace vorn

@@ -1,0 +1,226 @@
+#include <gtest/gtest.h>
+
+#include "invitation/vnBodyHelper.h"
+#include "util/TextSearch.h"
+
+namespace vorn {
+namespace {
+
+const std::string kBegin(kvn_BeginBookmark);
+const std::string kEnd(kvn_EndBookmark);
+const std::string kBeginEx(kvn_BeginBookmarkEx);
+const std::string kEndEx(kvn_EndBookmarkEx);
+const std::string kFace = "\xF0\x9F\x98\x80";
+
+struct Owner final : InvitationOwner {
+  bool isUpdateVornMeetingEvent() override { return updates; }
+  bool putInvitationAtTheTop() override { return atTop; }
+  OptionalText encodeMailBody() override { return digest; }
+
+  bool updates = false;
+  bool atTop = false;
+  OptionalText digest;
+};
+
+class BodyHelper : public testing::Test {
+ protected:
+  static std::size_t occurrences(const std::string& text, std::string_view wanted) {
+    return (text.size() - replacingAll(text, wanted, "").size()) / wanted.size();
+  }
+
+  vnBodyHelper helper_;
+  Owner owner_;
+};
+
+TEST_F(BodyHelper, LinksUrlsExceptWhereTheScannerPassesThemOver) {
+  const struct {
+    const char *what, *text, *html;
+  } cases[] = {
+      {"the middle", "at http://a/j/1 now", "at <a href=\"http://a/j/1\">http://a/j/1</a> now"},
+      {"the very start", "http://a now", "http://a now"},
+      {"the very end", "at http://a", "at http://a"},
+      {"start, middle and end", "x http://a b", "x <a href=\"http://a\">http://a</a> b"},
+      {"directly behind another", "x http://a http://b http://c y",
+       "x <a href=\"http://a\">http://a</a> http://b http://c y"},
+      {"the other scheme has a pass of its own", "x http://a https://b y",
+       "x <a href=\"http://a\">http://a</a> <a href=\"https://b\">https://b</a> y"},
+      {"a start that ends the pass of one scheme only", "http://a x https://b y",
+       "http://a x <a href=\"https://b\">https://b</a> y"},
+      {"the same URL twice", "x http://a y http://a z",
+       "x <a href=\"http://a\">http://a</a> y <a href=\"http://a\">http://a</a> z"},
+      {"a URL that begins another", "x http://a/b y http://a z",
+       "x <a href=\"http://a/b\">http://a/b</a> y <a href=\"http://a\">http://a</a> z"},
+      {"line ends", "\r\n\nx\nhttp://a\r\ny\n", "x<br><a href=\"http://a\">http://a</a>\r<br>y"},
+      {"no URL", "a\n\nb", "a<br><br>b"},
+      {"empty", "", ""},
+  };
+  for (const auto& each : cases) EXPECT_EQ(helper_.convertPlainTextToHTML(each.text), each.html) << each.what;
+  EXPECT_EQ(helper_.convertPlainTextToHTML(std::nullopt), std::nullopt);
+}
+
+TEST_F(BodyHelper, TakesTensOfThousandsOfUrlsInItsStride) {
+  std::string text = "x";
+  for (int i = 0; i < 50'000; ++i) text += " http://host/" + std::to_string(i) + " y";
+  const std::string html = helper_.convertPlainTextToHTML(text).value_or("");
+  EXPECT_EQ(occurrences(html, "</a>"), 256U);
+  EXPECT_NE(html.find(" http://host/49999 y"), std::string::npos);
+  // The distance is the one by which a link moves the text behind it.
+  std::string even = "x ";
+  for (int i = 0; i < 50'000; ++i) even += "http://a yyyyyyyyyyyyyy";
+  EXPECT_EQ(occurrences(helper_.convertPlainTextToHTML(even).value_or(""), "</a>"), 256U);
+}
+
+TEST_F(BodyHelper, WrapsAnInvitationInBookmarks) {
+  EXPECT_EQ(helper_.insertVnBodyBookMark(std::nullopt, true), "");
+  EXPECT_EQ(helper_.insertVnBodyBookMark("", false), "");
+  EXPECT_EQ(helper_.insertVnBodyBookMark("<p>Join</p>", true), kBegin + "<p>Join</p>" + kEnd);
+  const struct {
+    const char* what;
+    std::string text, inside;
+  } cases[] = {
+      {"twenty characters", "12345678901234567890", kBegin + "12345678901234567890" + kEnd},
+      {"fewer", "short", kBegin + "short" + kEnd},
+      {"an escape", "a < b, and some more text", kBegin + "a &lt; b, and some more text" + kEnd},
+      {"white space around, of which the end bookmark leaves three places inside",
+       "  The invitation text of a meeting     ",
+       "  " + kBegin + "The invitation text of a meeting   " + kEnd + "  "},
+      {"characters of two units at both ends", kFace + "meeting of all people of the house" + kFace + "\n",
+       kBegin + kFace + "meeting of all people of the house" + kFace + "<br>" + kEnd},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(helper_.insertVnBodyBookMark(each.text, false), "<br><br>" + each.inside + "<br><br>") << each.what;
+  }
+}
+
+TEST_F(BodyHelper, PutsANewTextAtTheTopOrAtTheEnd) {
+  const struct {
+    const char *body, *top, *end;
+  } cases[] = {
+      {"<html><body>x</body></html>", "<html><body><br>NEWx</body></html>", "<html><body>xNEW</body></html>"},
+      {"<body class=\"a\"\nlang=en>x</body>", "<body class=\"a\"\nlang=en><br>NEWx</body>",
+       "<body class=\"a\"\nlang=en>xNEW</body>"},
+      {"x", "<br>NEWx", "xNEW"},
+      {"", "<br>NEW", "NEW"},
+      {"<bodyx><body ", "<br>NEW<bodyx><body ", "<bodyx><body NEW"},
+      {"a</body>b</body>", "<br>NEWa</body>b</body>", "a</body>bNEW</body>"},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(helper_.newVnBodyToEnd(each.body, "NEW", true), each.top);
+    EXPECT_EQ(helper_.newVnBodyToEnd(each.body, "NEW", false), each.end);
+  }
+  EXPECT_EQ(helper_.newVnBodyToEnd(std::nullopt, "NEW", true), std::nullopt);
+  EXPECT_EQ(helper_.updateBodyForPAC("<body>x</body>", "call", false), "<body>x<br><br>call<br><br></body>");
+  EXPECT_EQ(helper_.updateBodyForPAC("<body>x</body>", "<p>call</p>", true), "<body>x<p>call</p></body>");
+}
+
+TEST_F(BodyHelper, BringsAnInvitationIntoEveryKindOfBody) {
+  const std::string marked = kBegin + "NEW" + kEnd;
+  const struct {
+    const char* what;
+    std::string body, result;
+  } cases[] = {
+      {"a placeholder goes with its decoration", "a<br><br>+" + kBegin + "wait" + kEnd + ".<br><br>b",
+       "a" + marked + "b"},
+      {"between plain bookmarks", "a" + kBegin + "OLD" + kEnd + "b", "a" + marked + "b"},
+      {"bookmarks in another case", "a" + kBegin + "OLD" + kEnd + "<A NAME=\"MACVNBOOKMARKEND\"></A>b",
+       "a" + marked + "b"},
+      {"quotes dropped by an editor come back", "a" + kBeginEx + "OLD" + kEndEx + "b", "a" + marked + "b"},
+      {"only a begin: added anew, the old one stays", "a" + kBegin + "OLD", "a" + kBegin + "OLD" + marked},
+      {"only an end", "OLD" + kEnd, "OLD" + kEnd + marked},
+      {"ends in the wrong order enclose nothing", "a" + kEnd + "b" + kBegin, "a" + kEnd + "b" + kBegin},
+      {"characters of two units", kFace + kBegin + kFace + kEnd + kFace, kFace + marked + kFace},
+      {"an empty body", "", marked},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(helper_.updateVnBodyWithSrcBody(each.body, "NEW", true, &owner_), each.result) << each.what;
+  }
+  EXPECT_EQ(helper_.updateVnBodyWithSrcBody(std::nullopt, "NEW", true, &owner_), std::nullopt);
+}
+
+TEST_F(BodyHelper, AManagerDecidesWhereANewInvitationGoes) {
+  const std::string marked = kBegin + "NEW" + kEnd;
+  owner_.atTop = true;
+  EXPECT_EQ(helper_.updateVnBodyWithSrcBody("<body>x", "NEW", true, &owner_), "<body><br>" + marked + "x");
+  EXPECT_EQ(helper_.updateVnBodyWithSrcBody("<body>x", "NEW", true, nullptr), "<body>x" + marked);
+  owner_.updates = true;
+  EXPECT_EQ(helper_.updateVnBodyWithSrcBody("<body>mine", "NEW", true, &owner_), marked)
+      << "an updated meeting without bookmarks replaces the body";
+}
+
+TEST_F(BodyHelper, UpdatingTwiceEqualsUpdatingOnceForHtml) {
+  const std::string bodies[] = {"",
+                                "user's text",
+                                "<html><body>x<br>y</body></html>",
+                                "x" + kBegin + "OLD" + kEnd + "y",
+                                "x" + kBeginEx + "OLD" + kEndEx + "y",
+                                "a<br><br>+" + kBegin + kEnd + ".<br><br>b"};
+  for (const std::string& body : bodies) {
+    for (const bool atTop : {false, true}) {
+      owner_.atTop = atTop;
+      const auto update = [&](const OptionalText& source) {
+        return helper_.updateVnBodyWithSrcBody(source, "<p>Join " + kFace + "</p>", true, &owner_);
+      };
+      EXPECT_EQ(update(update(body)), update(body)) << body;
+    }
+  }
+}
+
+TEST_F(BodyHelper, APlainInvitationStaysOnceHoweverOftenItIsUpdated) {
+  OptionalText body = "<body>user's text</body>";
+  for (int i = 0; i < 4; ++i) {
+    body = helper_.updateVnBodyWithSrcBody(body, "Join the meeting number " + std::to_string(i) + "\n", false,
+                                           &owner_);
+  }
+  EXPECT_EQ(occurrences(*body, "Join the meeting"), 1U);
+  EXPECT_EQ(occurrences(*body, kBegin), 1U);
+  EXPECT_EQ(occurrences(*body, kEnd), 1U);
+  EXPECT_NE(body->find("number 3"), std::string::npos);
+  EXPECT_TRUE(body->starts_with("<body>user's text"));
+}
+
+TEST_F(BodyHelper, TheEditorsFontWrapperGoesWithTheOldInvitation) {
+  // The new text has something before its begin bookmark that the body lacks, so the wrapper is what is found.
+  const std::string body = "mine <font size=2>" + kBegin + "OLD" + kEnd + " more@</font> rest";
+  const std::string update = "lead" + kBegin + "NEW" + kEnd + "trail";
+  EXPECT_EQ(helper_.updateVnBodyWithVnBookmark(body, update), "mine " + update + " rest");
+  EXPECT_EQ(helper_.updateVnBodyWithVnBookmark(body, "no bookmarks"), std::nullopt);
+  EXPECT_EQ(helper_.updateVnBodyWithVnBookmarkEx("no bookmarks", update), std::nullopt);
+}
+
+TEST_F(BodyHelper, ADeleteTakesTheInvitationOut) {
+  const struct {
+    std::string body;
+    OptionalText result;
+  } cases[] = {
+      {"a" + kBegin + "OLD" + kEnd + "b", "ab"},
+      {"a" + kBeginEx + "OLD" + kEndEx + "b", "ab"},
+      {"typed before " + kEndEx + "b", "b"},
+      {"typed before " + kEnd + "b", std::nullopt},
+      {"a" + kBegin + "OLD" + kEndEx + "b", "b"},
+      {"a" + kBegin + "OLD", std::nullopt},
+      {"", std::nullopt},
+  };
+  for (const auto& each : cases) EXPECT_EQ(helper_.removeVnBodyForDelete(each.body), each.result) << each.body;
+  EXPECT_EQ(helper_.removeVnBodyForDelete(std::nullopt), std::nullopt);
+}
+
+TEST_F(BodyHelper, BodiesAreEqualWhenTheyReadTheSameApartFromBlanks) {
+  EXPECT_TRUE(helper_.isEqualHTMLBodyContent("<p>a b</p>", "<div>a&nbsp;b </div>"));
+  EXPECT_TRUE(helper_.isEqualHTMLBodyContent("a b", "<b>ab</b>"));
+  EXPECT_FALSE(helper_.isEqualHTMLBodyContent("<p>a</p><p>b</p>", "ab"));
+  EXPECT_FALSE(helper_.isEqualHTMLBodyContent(std::nullopt, std::nullopt));
+  EXPECT_FALSE(helper_.isEqualHTMLBodyContent("", ""));
+  EXPECT_EQ(helper_.convertHTMLToPlainText(""), std::nullopt);
+  EXPECT_EQ(helper_.convertHTMLToPlainText("a&nbsp;b"), "ab");
+}
+
+TEST_F(BodyHelper, BigBodiesCostTimeInProportionToTheirSize) {
+  const std::string almost(1'000'000, '<');
+  const std::string body = almost + kBegin + almost + kEnd + almost;
+  const std::string lead = almost + "x";
+  const OptionalText result = helper_.updateVnBodyWithVnBookmark(body, lead + kBegin + "NEW" + kEnd + lead);
+  EXPECT_EQ(result->size(), 2 * almost.size() + 2 * lead.size() + kBegin.size() + kEnd.size() + 3);
+}
+
+}  // namespace
+}  // namespace vorn

@@ -1,0 +1,249 @@
+#include "lab/outlook/CalendarStore.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace vornlab {
+namespace {
+
+std::string calendar(const std::string& inside) {
+  return "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n" + inside + "END:VCALENDAR\r\n";
+}
+
+std::string event(const std::string& properties) {
+  return calendar("BEGIN:VEVENT\r\nUID:1\r\n" + properties + "END:VEVENT\r\n");
+}
+
+struct Loaded : CalendarStore {
+  explicit Loaded(std::string text, Options options = {}) : CalendarStore(std::move(options)) {
+    IcsProblem problem;
+    EXPECT_TRUE(loadText(std::move(text), problem)) << problem.line << ": " << problem.message;
+  }
+  explicit Loaded(const char* shipped) {
+    IcsProblem problem;
+    EXPECT_TRUE(load(std::string(LAB_CALENDARS "/") + shipped, problem)) << problem.message;
+  }
+};
+
+constexpr const char* kOddZone =
+    "BEGIN:VTIMEZONE\r\nTZID:Our Zone\r\nBEGIN:STANDARD\r\nDTSTART:19700101T000000\r\nTZOFFSETFROM:+0430\r\n"
+    "TZOFFSETTO:+0430\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n";
+
+TEST(CalendarEvent, ReadsEachKindOfTime) {
+  struct Case {
+    const char* name;
+    std::string properties;
+    double start;
+    double length;
+    const char* zone;
+    bool allDay;
+  };
+  constexpr double noon = 1904904000;  // 2030-05-13T12:00:00Z
+  const Case cases[] = {
+      {"UTC", "DTSTART:20300513T120000Z\r\nDTEND:20300513T130000Z\r\n", noon, 3600, "UTC", false},
+      {"database zone", "DTSTART;TZID=Europe/Berlin:20300513T140000\r\nDURATION:PT90M\r\n", noon, 5400,
+       "Europe/Berlin", false},
+      {"zone of another system", "DTSTART;TZID=W. Europe Standard Time:20300513T140000\r\nDURATION:P1DT2H\r\n",
+       noon, 93600, "Europe/Berlin", false},
+      {"zone with a prefix", "DTSTART;TZID=/producer/20300101_1/Europe/Berlin:20300513T140000\r\n", noon, 0,
+       "Europe/Berlin", false},
+      {"zone of the file", "DTSTART;TZID=Our Zone:20300513T163000\r\n", noon, 0, "Our Zone", false},
+      {"quoted zone", "DTSTART;TZID=\"Our Zone\":20300513T163000\r\n", noon, 0, "Our Zone", false},
+      {"unknown zone", "DTSTART;TZID=Nowhere:20300513T120000\r\n", noon, 0, "Nowhere", false},
+      {"floating", "DTSTART:20300513T080000\r\nDTEND:20300513T083000\r\n", noon, 1800, "America/New_York", false},
+      {"whole day", "DTSTART;VALUE=DATE:20300513\r\n", noon - 8 * 3600, 86400, "America/New_York", true},
+      {"two days", "DTSTART;VALUE=DATE:20300513\r\nDTEND;VALUE=DATE:20300515\r\n", noon - 8 * 3600, 172800,
+       "America/New_York", true},
+      {"before 1970", "DTSTART:19600101T000000Z\r\n", -315619200, 0, "UTC", false},
+      {"end before start", "DTSTART:20300513T120000Z\r\nDTEND:20300513T110000Z\r\n", noon, -3600, "UTC", false},
+  };
+  for (const Case& each : cases) {
+    SCOPED_TRACE(each.name);
+    CalendarStore::Options options;
+    options.zone = "America/New_York";
+    Loaded store(calendar(kOddZone + ("BEGIN:VEVENT\r\nUID:1\r\n" + each.properties) + "END:VEVENT\r\n"), options);
+    const CalendarEvent read = store.eventAt(0);
+    ASSERT_TRUE(read.start() && read.end());
+    EXPECT_EQ(read.start()->seconds, each.start);
+    EXPECT_EQ(read.end()->seconds - read.start()->seconds, each.length);
+    EXPECT_EQ(read.start()->zone, each.zone);
+    EXPECT_EQ(read.isAllDay(), each.allDay);
+  }
+}
+
+TEST(CalendarEvent, ATimeThatIsNoneIsAbsent) {
+  for (const char* value : {"", "tomorrow", "2030", "20301313T100000", "20300532", "20300513X100000", "20300513T9",
+                            "20300513T250000Z", "-0300513T100000", "99999999999999"}) {
+    Loaded store(event(std::string("DTSTART:") + value + "\r\n"));
+    EXPECT_FALSE(store.eventAt(0).start()) << value;
+    EXPECT_FALSE(store.eventAt(0).end()) << value;
+  }
+}
+
+TEST(CalendarEvent, FollowsSummerTimeOfTheZoneThatTheFileDefines) {
+  Loaded store("demo.ics");
+  const CalendarEvent review = *store.find("weekly-product-review@calendar.example");
+  EXPECT_EQ(review.start()->seconds, 1904889600) << "08:00 in UTC";
+  CalendarEvent moved = review;
+  moved.setTimes(1926172800, 1926176400);  // 2031-01-14T16:00:00Z
+  EXPECT_NE(store.text().find("DTSTART;TZID=Europe/Berlin:20310114T170000"), std::string::npos);
+  EXPECT_EQ(moved.start()->seconds, 1926172800);
+}
+
+TEST(CalendarEvent, AZoneWithARuleThatCouldRunForEverIsNotUsed) {
+  Loaded store(
+      calendar("BEGIN:VTIMEZONE\r\nTZID:Slow\r\nBEGIN:STANDARD\r\nDTSTART:19700101T000000\r\n"
+               "TZOFFSETFROM:+0100\r\nTZOFFSETTO:+0100\r\nRRULE:FREQ=SECONDLY\r\nEND:STANDARD\r\n"
+               "END:VTIMEZONE\r\nBEGIN:VEVENT\r\nDTSTART;TZID=Slow:20300513T120000\r\nEND:VEVENT\r\n"));
+  EXPECT_EQ(store.eventAt(0).start()->seconds, 1904904000);
+}
+
+TEST(CalendarEvent, MovingKeepsTheFormOfTheFile) {
+  struct Case {
+    const char* before;
+    const char* after;
+  };
+  const Case cases[] = {
+      {"DTSTART:20300513T120000Z\r\nDTEND:20300513T130000Z\r\n",
+       "DTSTART:20300514T120000Z\r\nDTEND:20300514T133000Z\r\n"},
+      {"DTSTART;TZID=Europe/Berlin:20300513T140000\r\nDURATION:PT1H\r\n",
+       "DTSTART;TZID=Europe/Berlin:20300514T140000\r\nDURATION:PT1H30M\r\n"},
+      {"DTSTART:20300513T120000\r\nDTEND:20300513T130000\r\n",
+       "DTSTART:20300514T120000\r\nDTEND:20300514T133000\r\n"},
+  };
+  for (const Case& each : cases) {
+    Loaded store(event(each.before));
+    store.eventAt(0).setTimes(1904990400, 1904995800);
+    EXPECT_EQ(store.text(), event(each.after));
+  }
+}
+
+TEST(CalendarStore, LinksExceptionsToTheirSeries) {
+  Loaded store("series.ics");
+  const CalendarEvent master = *store.find("series@calendar.example");
+  EXPECT_TRUE(master.isRecurring());
+  EXPECT_FALSE(master.isException());
+  EXPECT_EQ(master.recurrence().endType, 1);
+  EXPECT_EQ(master.recurrence().occurrenceCount, 4);
+  // The fourth Monday, by then in summer time.
+  EXPECT_EQ(master.recurrence().lastStart->seconds - master.start()->seconds, 21 * 86400 - 3600);
+  const auto exceptions = store.exceptionsOf("series@calendar.example");
+  ASSERT_EQ(exceptions.size(), 1U);
+  EXPECT_EQ(exceptions[0].recurrenceId(), "20300401T090000");
+  EXPECT_EQ(exceptions[0].master()->index(), master.index());
+  EXPECT_EQ(store.find("series@calendar.example", "20300401T090000")->summary(), "Planning (moved)");
+  EXPECT_TRUE(store.find("dates@calendar.example")->isRecurring()) << "single dates make a series too";
+}
+
+TEST(CalendarEvent, CountsASeriesThatNeverEndsOrIsNoneWithoutHanging) {
+  struct Case {
+    const char* rule;
+    int endType;
+    int count;
+  };
+  const Case cases[] = {{"FREQ=DAILY", 0, 0},
+                        {"FREQ=DAILY;UNTIL=20300515T235959Z", 2, 3},
+                        {"FREQ=SECONDLY;UNTIL=20991231T000000Z", 2, 0},
+                        {"FREQ=DAILY;UNTIL=99991231T000000Z", 2, 1000},
+                        {"FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30;COUNT=3", 1, 3},
+                        {"FREQ=NEVER;COUNT=2", 1, 2},
+                        {"COUNT=999999999999999999999", 1, 0}};
+  for (const Case& each : cases) {
+    Loaded store(event(std::string("DTSTART:20300513T120000Z\r\nRRULE:") + each.rule + "\r\n"));
+    EXPECT_EQ(store.eventAt(0).recurrence().endType, each.endType) << each.rule;
+    EXPECT_EQ(store.eventAt(0).recurrence().occurrenceCount, each.count) << each.rule;
+  }
+}
+
+TEST(CalendarEvent, ReadsTheTextsThatPeopleHave) {
+  Loaded odd("html-body.ics");
+  EXPECT_EQ(odd.eventAt(1).location(), "Room 1, Room 2; ground floor\nback door\\left");
+  EXPECT_FALSE(odd.eventAt(1).summary());
+  EXPECT_TRUE(odd.eventAt(0).htmlDescription()->starts_with("<!DOCTYPE HTML>"));
+
+  Loaded folded("folded-in-character.ics");
+  EXPECT_EQ(folded.eventAt(0).summary(), "Größere Änderungen überall — ありがとうございます");
+
+  Loaded unknown("unknown-things.ics");
+  ASSERT_EQ(unknown.events().size(), 2U) << "to-dos and journals are no appointments";
+  EXPECT_EQ(unknown.eventAt(0).summary(), "Lower case");
+  EXPECT_FALSE(unknown.eventAt(0).descriptionIsHtml());
+  EXPECT_TRUE(unknown.eventAt(1).descriptionIsHtml());
+  EXPECT_TRUE(unknown.eventAt(1).isCancelled());
+
+  Loaded latin(event("SUMMARY:caf\xE9\r\n"));
+  EXPECT_EQ(latin.eventAt(0).summary(), "caf\uFFFD");
+}
+
+TEST(CalendarEvent, TellsPeopleFromRooms) {
+  Loaded store("demo.ics");
+  const CalendarEvent talk = *store.find("supplier-talk@calendar.example");
+  const auto attendees = talk.attendees();
+  ASSERT_EQ(attendees.size(), 4U);
+  EXPECT_EQ(attendees[1].type, 0);
+  EXPECT_EQ(attendees[2].type, 1);
+  EXPECT_EQ(attendees[3].type, 2);
+  EXPECT_EQ(attendees[3].name, "Room Amsterdam");
+  EXPECT_EQ(attendees[3].emailAddress, "amsterdam@rooms.calendar.example");
+  EXPECT_EQ(talk.organizerAddress(), "mara.lindt@calendar.example");
+}
+
+TEST(CalendarEvent, KeepsARecordThroughTheFileAndTakesItOutWithoutATrace) {
+  const std::string before = event("SUMMARY:a\r\n");
+  const std::string record = "{\n  \"meetingKey\" : \"123\", \"url\" : \"https://a.example/j/1?p=\\\"ä;\\\"\"\n}";
+  Loaded store(before);
+  store.eventAt(0).setOlmUCInband(record);
+  Loaded again(store.text());
+  EXPECT_EQ(again.eventAt(0).olmUCInband(), record);
+  again.eventAt(0).setOlmUCInband("");
+  EXPECT_EQ(again.text(), before);
+}
+
+TEST(CalendarEvent, TheTextOfOneEventIsACalendarWithItsZonesOnly) {
+  Loaded store("demo.ics");
+  Loaded one(store.find("dentist@calendar.example")->calendarText());
+  ASSERT_EQ(one.events().size(), 1U);
+  EXPECT_EQ(one.eventAt(0).start()->seconds, store.find("dentist@calendar.example")->start()->seconds);
+  EXPECT_NE(one.text().find("BEGIN:VTIMEZONE"), std::string::npos);
+  EXPECT_EQ(store.find("budget-review@calendar.example")->calendarText().find("BEGIN:VTIMEZONE"),
+            std::string::npos);
+}
+
+TEST(CalendarStore, ANewAppointmentJoinsTheLastCalendarAndTheRestStaysAsItWas) {
+  Loaded store("unknown-things.ics");
+  const std::string before = store.text();
+  const CalendarEvent added = store.add("new", 1904904000, 1904905800, "Talk, again");
+  EXPECT_EQ(added.index(), 2U);
+  EXPECT_EQ(store.find("new")->summary(), "Talk, again");
+  const std::string tail = "END:VCALENDAR";
+  EXPECT_TRUE(store.text().starts_with(before.substr(0, before.size() - tail.size())));
+  EXPECT_TRUE(store.isChanged());
+
+  CalendarStore empty;
+  EXPECT_EQ(empty.add("first", 0, 60, "a").start()->seconds, 0);
+}
+
+TEST(CalendarStore, ARemovedEventLeavesTheTextAndIsNotFound) {
+  Loaded store("demo.ics");
+  store.find("dentist@calendar.example")->remove();
+  EXPECT_FALSE(store.find("dentist@calendar.example"));
+  EXPECT_EQ(store.events().size(), 6U);
+  Loaded again(store.text());
+  EXPECT_EQ(again.events().size(), 6U);
+}
+
+TEST(CalendarStore, AFileThatCannotBeReadOrWrittenIsToldAndLeavesTheStoreAsItWas) {
+  Loaded store("demo.ics");
+  const std::string before = store.text();
+  IcsProblem problem;
+  EXPECT_FALSE(store.load("/no/such/file.ics", problem));
+  EXPECT_EQ(problem.line, 0U);
+  EXPECT_FALSE(store.loadText("BEGIN:VCALENDAR\n", problem));
+  EXPECT_EQ(problem.line, 2U);
+  EXPECT_EQ(store.text(), before);
+  EXPECT_FALSE(store.save("/no/such/folder/out.ics"));
+}
+
+}  // namespace
+}  // namespace vornlab

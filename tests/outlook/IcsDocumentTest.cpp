@@ -1,0 +1,210 @@
+#include "lab/outlook/IcsDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace vornlab {
+namespace {
+
+std::string contentOf(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+std::vector<std::filesystem::path> shippedCalendars() {
+  std::vector<std::filesystem::path> result;
+  for (const auto& entry : std::filesystem::directory_iterator(LAB_CALENDARS)) {
+    if (entry.path().extension() == ".ics") result.push_back(entry.path());
+  }
+  std::sort(result.begin(), result.end());
+  return result;
+}
+
+std::size_t firstEvent(const IcsDocument& document) {
+  for (std::size_t component = 0; component < document.componentCount(); ++component) {
+    if (document.componentName(component) == "VEVENT") return component;
+  }
+  return IcsDocument::kNone;
+}
+
+IcsDocument parsed(const std::string& text) {
+  IcsProblem problem;
+  auto document = IcsDocument::parse(text, problem);
+  EXPECT_TRUE(document) << problem.line << ": " << problem.message;
+  return document ? *document : IcsDocument();
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> result;
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::size_t end = std::min(text.find('\n', at), text.size() - 1);
+    result.push_back(text.substr(at, end + 1 - at));
+    at = end + 1;
+  }
+  return result;
+}
+
+class ShippedCalendar : public testing::TestWithParam<std::filesystem::path> {};
+
+TEST_P(ShippedCalendar, ComesBackByteForByte) {
+  const std::string text = contentOf(GetParam());
+  ASSERT_FALSE(text.empty());
+  EXPECT_EQ(parsed(text).text(), text);
+}
+
+TEST_P(ShippedCalendar, KeepsEveryOtherLineWhenAPropertyIsAddedAndTakenOut) {
+  const std::string text = contentOf(GetParam());
+  IcsDocument document = parsed(text);
+  const std::size_t event = firstEvent(document);
+  document.setProperty(event, {"X-TEST", {}, "value"});
+  const std::string grown = document.text();
+  const std::string added = "X-TEST:value" + document.lineEnding();
+  ASSERT_EQ(grown.size(), text.size() + added.size());
+  const std::size_t at = grown.find(added);
+  ASSERT_NE(at, std::string::npos);
+  EXPECT_EQ(grown.substr(0, at) + grown.substr(at + added.size()), text);
+  EXPECT_EQ(parsed(grown).property(event, "X-TEST")->value, "value");
+  document.removeProperty(event, "X-TEST");
+  EXPECT_EQ(document.text(), text);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ShippedCalendar, testing::ValuesIn(shippedCalendars()), [](const auto& file) {
+  std::string name = file.param.stem().string();
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
+  return name;
+});
+
+TEST(IcsDocument, ChangingOnePropertyChangesOnlyItsLines) {
+  for (const std::string ending : {"\r\n", "\n"}) {
+    std::string text;
+    for (const char* line : {"BEGIN:VCALENDAR", "BEGIN:VEVENT", "UID:1", "LOCATION;LANGUAGE=en:Old", " er place",
+                             "x-odd ;P=\"a;b\" : kept  ", "BEGIN:VALARM", "DESCRIPTION:bell", "END:VALARM",
+                             "END:VEVENT", "END:VCALENDAR"}) {
+      text += line + ending;
+    }
+    IcsDocument document = parsed(text);
+    IcsProperty location = *document.property(1, "LOCATION");
+    EXPECT_EQ(location.value, "Older place");
+    location.value = "New";
+    document.setProperty(1, location);
+    document.setProperty(1, {"DESCRIPTION", {}, "mine, not the bell's"});
+    std::string expected = text;
+    expected.replace(expected.find("Old" + ending), 3 + ending.size() + 9, "New");
+    expected.insert(expected.find("BEGIN:VALARM"), "DESCRIPTION:mine, not the bell's" + ending);
+    EXPECT_EQ(document.text(), expected);
+  }
+}
+
+TEST(IcsDocument, SettingTheSameContentLeavesItsOddFoldingAlone) {
+  const std::string text = "BEGIN:VCALENDAR\nBEGIN:VEVENT\nsummary:a\n b\n\tc\nEND:VEVENT\nEND:VCALENDAR";
+  IcsDocument document = parsed(text);
+  document.setProperty(1, {"SUMMARY", {}, "abc"});
+  EXPECT_FALSE(document.isChanged());
+  EXPECT_EQ(document.text(), text);
+}
+
+TEST(IcsDocument, TextThatIsNoCalendarTellsItsLineAndWhatWasExpected) {
+  struct Case {
+    const char* text;
+    std::size_t line;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"", 1, "BEGIN:VCALENDAR"},
+      {"hello\n", 1, "BEGIN:VCALENDAR"},
+      {"<html>\n", 1, "BEGIN:VCALENDAR"},
+      {"\n\nBEGIN:VEVENT\nEND:VEVENT\n", 3, "BEGIN:VCALENDAR"},
+      {" BEGIN:VCALENDAR\nEND:VCALENDAR\n", 1, "BEGIN:VCALENDAR"},
+      {"BEGIN:VCALENDAR\nBEGIN:VEVENT\nEND:VCALENDAR\n", 3, "END:VEVENT"},
+      {"BEGIN:VCALENDAR\nBEGIN:VEVENT\nSUMMARY:a\n", 4, "END:VEVENT"},
+      {"BEGIN:VCALENDAR\r\nSUMMARY:a\r\n b\r\nno colon here\r\nEND:VCALENDAR\r\n", 4, "NAME:VALUE"},
+      {"BEGIN:VCALENDAR\n:value\nEND:VCALENDAR\n", 2, "NAME:VALUE"},
+      {"BEGIN:VCALENDAR\nEND:VCALENDAR\nX:trailing\n", 3, "BEGIN:VCALENDAR"},
+      {"BEGIN:VCALENDAR\nEND:VCALENDAR\nEND:VCALENDAR\n", 3, "BEGIN:VCALENDAR"},
+  };
+  for (const Case& each : cases) {
+    IcsProblem problem;
+    EXPECT_FALSE(IcsDocument::parse(each.text, problem)) << each.text;
+    EXPECT_EQ(problem.line, each.line) << each.text;
+    EXPECT_NE(problem.message.find(each.expected), std::string::npos) << problem.message;
+  }
+}
+
+TEST(IcsDocument, ForgivesWhatProducersDo) {
+  for (const char* text : {
+           "\xEF\xBB\xBF"
+           "BEGIN:VCALENDAR\nEND:VCALENDAR",
+           "begin:vcalendar\r\nend:vcalendar\r\n",
+           "BEGIN:VCALENDAR\n\n \n\nX:1\n\n folded into nothing\nEND:VCALENDAR \n\n",
+           "BEGIN:VCALENDAR\nX;P=\"open:1\nY:\xFF\xFE\nEND:VCALENDAR\nBEGIN:VCALENDAR\nEND:VCALENDAR\n",
+       }) {
+    EXPECT_EQ(parsed(text).text(), text);
+  }
+  EXPECT_EQ(parsed(std::string("BEGIN:VCALENDAR\nX:a\0b\nEND:VCALENDAR\n", 36)).property(0, "X")->value.size(),
+            3U);
+}
+
+TEST(IcsDocument, ReadsACharacterThatAFoldCutsInTwo) {
+  const IcsDocument document =
+      parsed("BEGIN:VCALENDAR\r\nX:a\xC3\r\n \xA4z\xE2\x82\r\n\t\xAC\r\nEND:VCALENDAR\r\n");
+  EXPECT_EQ(document.property(0, "X")->value, "aäz€");
+}
+
+TEST(IcsDocument, FoldsAtSeventyFiveOctetsAndNeverInsideACharacter) {
+  for (const std::string piece : {"a", "ä", "€", "🗓", "aä€🗓"}) {
+    std::string content = "SUMMARY:";
+    for (int i = 0; i < 300; ++i) content += piece;
+    const std::string folded = foldedLine(content, "\r\n");
+    std::string joined;
+    for (const std::string& line : linesOf(folded)) {
+      ASSERT_LE(line.size(), 77U);
+      ASSERT_TRUE(joined.empty() || line.front() == ' ');
+      const std::string part = line.substr(joined.empty() ? 0 : 1, line.size() - 2 - (joined.empty() ? 0 : 1));
+      EXPECT_NE(static_cast<unsigned char>(part.front()) & 0xC0, 0x80) << "begins inside a character";
+      joined += part;
+    }
+    EXPECT_EQ(joined, content);
+  }
+  EXPECT_EQ(foldedLine(std::string(75, 'x'), "\n").size(), 76U) << "a line that fits stays whole";
+}
+
+TEST(IcsDocument, EscapedTextReadsBackTheSame) {
+  for (const char* text : {"a,b;c\\d\ne", "\\n", "C:\\new\\", "", ";;,,\\\\"}) {
+    EXPECT_EQ(unescapedText(escapedText(text)), text);
+  }
+  EXPECT_EQ(escapedText("a\r\nb\rc"), "a\\nb\\nc");
+  EXPECT_EQ(unescapedText("C:\\temp\\N\\"), "C:\\temp\n\\") << "a lone backslash of a careless producer stays";
+}
+
+TEST(IcsDocument, ReadsFiftyThousandLinesAndWritesThemBack) {
+  std::string text = "BEGIN:VCALENDAR\n";
+  for (int event = 0; event < 10000; ++event) {
+    text += "BEGIN:VEVENT\nUID:" + std::to_string(event) + "\nSUMMARY:one\n  two\nEND:VEVENT\n";
+  }
+  text += "END:VCALENDAR\n";
+  IcsDocument document = parsed(text);
+  EXPECT_EQ(document.componentCount(), 10001U);
+  for (std::size_t component = 1; component <= 10000; ++component) {
+    document.setProperty(component, {"SUMMARY", {}, "three"});
+  }
+  const std::string changed = document.text();
+  EXPECT_EQ(changed.size(),
+            text.size() - 10000 * (std::string("one\n  two").size() - std::string("three").size()));
+}
+
+TEST(IcsDocument, ReadsComponentsNestedTwentyThousandDeep) {
+  std::string text = "BEGIN:VCALENDAR\n";
+  for (int depth = 0; depth < 20000; ++depth) text += "BEGIN:X\n";
+  for (int depth = 0; depth < 20000; ++depth) text += "END:X\n";
+  text += "END:VCALENDAR\n";
+  EXPECT_EQ(parsed(text).text(), text);
+}
+
+}  // namespace
+}  // namespace vornlab

@@ -1,0 +1,405 @@
+#include "lab/outlook/OutlookHost.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/embedded/EmbeddedPresenter.h"
+#include "platform/embedded/VirtualRunLoop.h"
+
+namespace vornlab {
+namespace {
+
+using vorn::Arguments;
+using vorn::HostObject;
+using vorn::Value;
+
+constexpr const char* kReview = "weekly-product-review@calendar.example";
+constexpr const char* kTalk = "supplier-talk@calendar.example";
+
+class OutlookHostTest : public testing::Test {
+ protected:
+  void start(OutlookHost::Options options = {}, const char* file = "demo.ics") {
+    IcsProblem problem;
+    ASSERT_TRUE(store.load(std::string(LAB_CALENDARS "/") + file, problem)) << problem.message;
+    before = store.text();
+    host = std::make_unique<OutlookHost>(runtime, loop, center, options);
+    host->defineClasses();
+    host->open(store);
+  }
+
+  Value send(const HostObject& receiver, std::string_view selector, const Arguments& arguments = {}) {
+    return runtime.send(receiver, selector, arguments);
+  }
+
+  // Puts a function in front of a method, as a plug-in does. The function gets the receiver and the host's own
+  // answer.
+  void hook(vorn::ClassRef target, const std::string& selector,
+            std::function<Value(const HostObject&, const std::function<Value()>&)> replacement) {
+    const std::string added = "test_" + selector;
+    runtime.class_addMethod(
+        target, added,
+        [this, added, replacement](const HostObject& self, const Arguments& arguments) {
+          return replacement(self, [&] { return runtime.send(self, added, arguments); });
+        },
+        "");
+    runtime.method_exchangeImplementations(runtime.class_getInstanceMethod(target, selector),
+                                           runtime.class_getInstanceMethod(target, added));
+  }
+
+  CalendarEvent review() { return *store.find(kReview); }
+
+  vorn::EmbeddedClassRuntime runtime;
+  vorn::VirtualRunLoop loop;
+  vorn::NotificationCenter center;
+  CalendarStore store;
+  std::string before;
+  std::unique_ptr<OutlookHost> host;
+};
+
+TEST_F(OutlookHostTest, AnEditorShowsTheAppointmentAndIsClean) {
+  start();
+  const auto editor = host->openEditor(kReview);
+  ASSERT_NE(editor, 0U);
+  EXPECT_TRUE(host->isOpen(editor));
+  EXPECT_FALSE(host->isDirty(editor));
+  EXPECT_FALSE(host->hasAttendees(editor));
+  EXPECT_EQ(host->subject(editor), "Weekly product review");
+  EXPECT_EQ(host->location(editor), "Project room");
+  EXPECT_TRUE(host->body(editor).starts_with("<html><head>"));
+  EXPECT_NE(host->body(editor).find("Agenda:<br>"), std::string::npos);
+  EXPECT_EQ(host->openEditor("nobody"), 0U);
+}
+
+TEST_F(OutlookHostTest, SavingWithoutAChangeLeavesTheBytesAlone) {
+  for (const char* file : {"demo.ics", "series.ics", "html-body.ics", "non-ascii.ics", "unknown-things.ics",
+                           "all-day.ics", "folded-in-character.ics"}) {
+    SCOPED_TRACE(file);
+    start({}, file);
+    for (std::size_t index = 0; index < store.eventCount(); ++index) {
+      const auto editor = host->openEditorAt(index);
+      host->save(editor);
+      host->saveAndClose(editor);
+      EXPECT_FALSE(host->isOpen(editor));
+    }
+    EXPECT_EQ(store.text(), before);
+    EXPECT_EQ(host->storedCount(), static_cast<int>(2 * store.eventCount()))
+        << "each save stores a record all the same";
+  }
+}
+
+TEST_F(OutlookHostTest, TypedValuesWaitUntilASaveMergesThem) {
+  start();
+  const auto editor = host->openEditor(kReview);
+  host->typeSubject(editor, "New subject");
+  host->typeLocation(editor, "Here; and there");
+  host->typeBody(editor, "<html><body><p>One</p><p>Two</p></body></html>");
+  EXPECT_TRUE(host->isDirty(editor));
+  EXPECT_EQ(store.text(), before);
+  const Value changes = send(host->viewController(editor), "uncommittedChanges");
+  EXPECT_EQ(changes["content.summary"], "New subject");
+  EXPECT_EQ(changes["content.location"], "Here; and there");
+  EXPECT_TRUE(changes.contains("content.body"));
+  EXPECT_EQ(send(host->event(editor), "summary"), "Weekly product review") << "the event does not know yet";
+
+  host->save(editor);
+  EXPECT_FALSE(host->isDirty(editor));
+  EXPECT_EQ(send(host->viewController(editor), "uncommittedChanges").count(), 0U);
+  EXPECT_EQ(review().summary(), "New subject");
+  EXPECT_EQ(review().location(), "Here; and there");
+  EXPECT_EQ(review().description(), "One\nTwo");
+  EXPECT_EQ(review().htmlDescription(), "<html><body><p>One</p><p>Two</p></body></html>");
+
+  const std::string saved = store.text();
+  host->saveAndClose(editor);
+  EXPECT_EQ(store.text(), saved) << "a second save has nothing to write";
+}
+
+TEST_F(OutlookHostTest, AnEmptiedSubjectIsTheNullObjectAndIsStoredAsEmpty) {
+  start();
+  const auto editor = host->openEditor(kReview);
+  host->typeSubject(editor, "");
+  EXPECT_TRUE(send(host->viewController(editor), "uncommittedChanges")["content.summary"].isNull());
+  host->save(editor);
+  EXPECT_EQ(review().summary(), "");
+}
+
+TEST_F(OutlookHostTest, ClosingWithoutSavingDropsEverything) {
+  start();
+  const auto editor = host->openEditor(kReview);
+  host->typeSubject(editor, "Lost");
+  send(host->event(editor), "setOlmUCInband:", {"record"});
+  host->closeWithoutSaving(editor);
+  EXPECT_FALSE(host->isOpen(editor));
+  EXPECT_EQ(store.text(), before);
+  EXPECT_EQ(host->storedCount(), 0);
+}
+
+TEST_F(OutlookHostTest, WhatIsSetFromOutsideIsStoredByTheNextSave) {
+  start();
+  const auto editor = host->openEditor(kReview);
+  const HostObject event = host->event(editor);
+  const HostObject controller = host->viewController(editor);
+  send(controller, "setOlmUCInband:", {"{\"meetingKey\":\"1\"}"});
+  send(controller, "setLocation:", {"Project room; https://service.example/j/1"});
+  EXPECT_EQ(host->location(editor), "Project room; https://service.example/j/1");
+  send(event, "setBody:", {"<html><body>Invitation</body></html>"});
+  EXPECT_EQ(send(event, "olmUCInband"), "{\"meetingKey\":\"1\"}");
+  host->saveAndClose(editor);
+  EXPECT_EQ(review().olmUCInband(), "{\"meetingKey\":\"1\"}");
+  EXPECT_EQ(review().location(), "Project room; https://service.example/j/1");
+  EXPECT_EQ(review().description(), "Invitation");
+}
+
+TEST_F(OutlookHostTest, AHookOfTheRecordHasTheLastWord) {
+  start();
+  hook(runtime.NSClassFromString("ECMutableCalendarEvent"), "saveRecord",
+       [this](const HostObject& self, const auto& forward) {
+         EXPECT_EQ(send(self, "summary"), "Typed") << "the record holds the merged values";
+         EXPECT_EQ(send(self, "location"), "Project room");
+         send(self, "setLocation:", {"Set while storing"});
+         return forward();
+       });
+  const auto editor = host->openEditor(kReview);
+  host->typeSubject(editor, "Typed");
+  host->save(editor);
+  EXPECT_EQ(review().summary(), "Typed");
+  EXPECT_EQ(review().location(), "Set while storing");
+}
+
+TEST_F(OutlookHostTest, ASaveThatIsStoppedByAHookLeavesTheEditorOpenAndDirty) {
+  start();
+  const auto editing = runtime.NSClassFromString("ERCalendarEventEditorViewController");
+  hook(editing, "saveAndCloseWindow:", [](const HostObject&, const auto&) { return Value(-1); });
+  const auto editor = host->openEditor(kReview);
+  host->typeSubject(editor, "Typed");
+  host->saveAndClose(editor);
+  EXPECT_TRUE(host->isOpen(editor));
+  EXPECT_TRUE(host->isDirty(editor));
+  EXPECT_EQ(store.text(), before);
+  // The plug-in finishes later, past its own hook.
+  EXPECT_EQ(send(host->viewController(editor), "test_saveAndCloseWindow:", {true}), 0);
+  EXPECT_FALSE(host->isOpen(editor));
+  EXPECT_EQ(review().summary(), "Typed");
+}
+
+class HeaderClass : public OutlookHostTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(HeaderClass, IsBuiltWithInitWithFrameAndHoldsWhatAHookPutsIn) {
+  const std::string header = GetParam();
+  OutlookHost::Options options;
+  options.headerViewClass = header;
+  start(options);
+  vorn::EmbeddedPresenter presenter(runtime);
+  const std::string owner = header == "OLCalendarHeaderContainerView" ? "OLAttachmentsAcceptingView" : header;
+  hook(runtime.NSClassFromString(owner), "initWithFrame:", [&](const HostObject& self, const auto& forward) {
+    const Value made = forward();
+    if (runtime.className(self) == header) {
+      send(made.object(), "addSubview:", {presenter.createView("vnActionAdditionView", {460, 13, 400, 30})});
+    }
+    return made;
+  });
+  const auto editor = host->openEditor(kReview);
+  const HostObject bar = host->barView(editor);
+  ASSERT_TRUE(bar);
+  EXPECT_EQ(send(bar, "superview").object(), host->headerView(editor));
+  EXPECT_EQ(send(bar, "window").object(), host->window(editor));
+  EXPECT_EQ(send(send(bar, "window").object(), "windowController").object(), host->windowController(editor));
+  EXPECT_EQ(send(bar, "frame")["width"], 400);
+
+  EXPECT_FALSE(host->clickBar(editor, "onClickAddVornMeeting:"));
+  HostObject sender;
+  runtime.setInstanceMethod("vnActionAdditionView",
+                            "onClickAddVornMeeting:", [&](const HostObject&, const Arguments& arguments) {
+                              sender = arguments.at(0).object();
+                              return Value();
+                            });
+  EXPECT_TRUE(host->clickBar(editor, "onClickAddVornMeeting:"));
+  EXPECT_EQ(sender, bar);
+
+  presenter.releaseView(bar);
+  EXPECT_FALSE(runtime.isAlive(bar));
+  EXPECT_FALSE(host->barView(editor));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, HeaderClass,
+                         testing::Values("OLCalendarHeaderContainerView", "OLAutoLayoutAttachmentsAcceptingView"));
+
+TEST_F(OutlookHostTest, EveryWayToOpenAnEditorPassesTheClassMethodThatHooksWatch) {
+  start();
+  std::vector<std::string> opened;
+  const auto windows = runtime.objc_getMetaClass("ERCalendarEventEditorWindowController");
+  for (const std::string selector : {"showWindowForEvent:", "showWindowForMeeting:"}) {
+    hook(windows, selector, [&opened, selector](const HostObject&, const auto& forward) {
+      opened.push_back(selector);
+      return forward();
+    });
+  }
+  host->openEditor(kReview);
+  host->openEditor(kTalk);
+  host->openNew(0);
+  EXPECT_EQ(opened,
+            (std::vector<std::string>{"showWindowForEvent:", "showWindowForMeeting:", "showWindowForEvent:"}));
+}
+
+TEST_F(OutlookHostTest, AClosedWindowIsToldAndItsObjectsDieWhenTheCloseHasUnwound) {
+  start();
+  const auto editor = host->openEditor(kReview);
+  const HostObject window = host->window(editor);
+  const HostObject objects[] = {window, host->windowController(editor), host->viewController(editor),
+                                host->event(editor), host->headerView(editor)};
+  int told = 0;
+  const auto subscription = center.observe(
+      "NSWindowWillCloseNotification",
+      [&](const auto& notification) {
+        ++told;
+        EXPECT_EQ(notification.userInfo["object"].object(), window);
+        EXPECT_TRUE(host->isOpen(editor)) << "the editor is still there while it is told";
+      },
+      reinterpret_cast<const void*>(window.address()));
+  host->saveAndClose(editor);
+  EXPECT_EQ(told, 1);
+  for (const HostObject& object : objects) EXPECT_TRUE(runtime.isAlive(object));
+  send(objects[1], "close");
+  EXPECT_EQ(told, 1) << "a second close does nothing";
+  loop.runDue();
+  for (const HostObject& object : objects) EXPECT_FALSE(runtime.isAlive(object));
+  EXPECT_TRUE(send(objects[2], "content").isAbsent());
+  host->typeSubject(editor, "too late");
+  host->saveAndClose(editor);
+  EXPECT_EQ(host->subject(editor), "");
+}
+
+TEST_F(OutlookHostTest, ANewAppointmentHasNoUuidUntilItIsStored) {
+  start();
+  const auto editor = host->openNew(1904904000);
+  EXPECT_TRUE(send(host->event(editor), "UUID").isAbsent());
+  EXPECT_TRUE(send(host->event(editor), "iCalendarRepresentation").isAbsent());
+  EXPECT_EQ(send(host->event(editor), "duration"), 1800);
+  host->typeSubject(editor, "Brand new");
+  host->save(editor);
+  const std::string uid = send(host->event(editor), "UUID").text();
+  ASSERT_FALSE(uid.empty());
+  const auto stored = store.find(uid);
+  ASSERT_TRUE(stored);
+  EXPECT_EQ(stored->summary(), "Brand new");
+  EXPECT_EQ(stored->start()->seconds, 1904904000);
+  host->saveAndClose(editor);
+  EXPECT_EQ(store.exceptionsOf(uid).size(), 0U);
+  EXPECT_EQ(store.events().size(), 8U) << "a second save does not store a second appointment";
+}
+
+TEST_F(OutlookHostTest, AnExceptionKnowsItsSeries) {
+  start({}, "series.ics");
+  const auto editor = host->openEditor("series@calendar.example", "20300401T090000");
+  const HostObject event = host->event(editor);
+  EXPECT_TRUE(send(event, "isModifiedException").boolValue());
+  EXPECT_TRUE(send(host->viewController(editor), "isOccurrenceOrException").boolValue());
+  const Value master = send(event, "seriesMasterRecord");
+  EXPECT_EQ(send(master.object(), "summary"), "Planning");
+  const auto series = host->openEditor("series@calendar.example");
+  EXPECT_FALSE(send(host->viewController(series), "isOccurrenceOrException").boolValue());
+  EXPECT_EQ(send(host->viewController(series), "recurrenceStringForCurrentEvent"), "FREQ=WEEKLY;COUNT=4");
+  const Value recurrence = send(host->event(series), "recurrence");
+  EXPECT_EQ(send(recurrence.object(), "occurrenceCount"), 4);
+}
+
+TEST_F(OutlookHostTest, DatesAnswerInTheirOwnZone) {
+  start();
+  const HostObject event = host->event(host->openEditor(kReview));
+  const Value begin = send(event, "startTime");
+  const Value end = send(event, "endTime");
+  EXPECT_EQ(send(begin.object(), "dateUTC"), 1904889600);
+  EXPECT_EQ(send(send(begin.object(), "timeZone").object(), "name"), "Europe/Berlin");
+  EXPECT_EQ(send(begin.object(), "hourOfDay"), 10);
+  EXPECT_EQ(send(begin.object(), "dayOfMonth"), 13);
+  EXPECT_EQ(send(begin.object(), "monthOfYear"), 5);
+  EXPECT_EQ(send(end.object(), "timeIntervalSinceDate:", {begin}), 3600);
+  const Value moved = send(begin.object(), "dateByAddingTimeInterval:", {86400});
+  EXPECT_EQ(send(moved.object(), "dayOfMonth"), 14);
+}
+
+TEST_F(OutlookHostTest, SendingCountsStoresAndCloses) {
+  start();
+  const auto editor = host->openEditor(kTalk);
+  EXPECT_TRUE(host->hasAttendees(editor));
+  host->typeSubject(editor, "Supplier talk");
+  host->send(editor);
+  EXPECT_EQ(host->sentCount(), 1);
+  EXPECT_FALSE(host->isOpen(editor));
+  EXPECT_EQ(store.find(kTalk)->summary(), "Supplier talk");
+}
+
+TEST_F(OutlookHostTest, AnAppointmentOfSomebodyElseIsNotOnesOwn) {
+  struct Case {
+    const char* user;
+    const char* uid;
+    bool owner;
+  };
+  for (const Case& each :
+       {Case{"", kTalk, true}, Case{"MARA.lindt@calendar.example", kTalk, true},
+        Case{"jonas.weber@calendar.example", kTalk, false}, Case{"jonas.weber@calendar.example", kReview, true}}) {
+    OutlookHost::Options options;
+    options.userAddress = each.user;
+    start(options);
+    EXPECT_EQ(send(host->event(host->openEditor(each.uid)), "isOwner").boolValue(), each.owner) << each.user;
+  }
+}
+
+TEST_F(OutlookHostTest, APlainTextBodyTakesTheHtmlOut) {
+  start();
+  const char* uid = "interview@calendar.example";
+  const auto editor = host->openEditor(uid);
+  host->typeBody(editor, "<html><body>Plain &amp; simple</body></html>");
+  const HostObject plain = send(host->viewController(editor), "content").object();
+  send(plain, "setIsBodyHTML:", {false});
+  host->save(editor);
+  EXPECT_EQ(store.find(uid)->description(), "Plain & simple");
+  EXPECT_FALSE(store.find(uid)->htmlDescription());
+}
+
+TEST_F(OutlookHostTest, ADeletedEventIsGoneAndCannotBeStored) {
+  start();
+  const auto editor = host->openEditor(kReview);
+  EXPECT_TRUE(send(host->event(editor), "deleteEventNow").boolValue());
+  EXPECT_FALSE(store.find(kReview));
+  host->typeSubject(editor, "Late");
+  host->saveAndClose(editor);
+  EXPECT_TRUE(host->isOpen(editor)) << "nothing was stored, so nothing may be lost";
+}
+
+TEST_F(OutlookHostTest, TheMainWindowIsAmongTheWindowsOfTheApplication) {
+  start();
+  host->openMainWindow();
+  host->openEditor(kReview);
+  const HostObject application =
+      send(runtime.classObject(runtime.NSClassFromString("NSApplication")), "sharedApplication").object();
+  const Value windows = send(application, "windows");
+  ASSERT_EQ(windows.count(), 2U);
+  const HostObject main = send(windows.at(0).object(), "windowController").object();
+  EXPECT_TRUE(runtime.isKindOf(main, runtime.NSClassFromString("ERageMainWindowController")));
+  host->closeMainWindow();
+  loop.runDue();
+  EXPECT_EQ(send(application, "windows").count(), 1U);
+  EXPECT_FALSE(runtime.isAlive(main));
+}
+
+TEST(EmbeddedPresenter, AnswersAsScriptedAndTellsTheObserver) {
+  vorn::EmbeddedClassRuntime runtime;
+  vorn::EmbeddedPresenter presenter(runtime);
+  using Answer = vorn::Presenter::Answer;
+  std::vector<Answer> answers;
+  std::vector<std::string> told;
+  presenter.setAlertObserver([&](const auto& shown) { told.push_back(shown.alert.message); });
+  presenter.setAnswer(Answer::alternateButton);
+  presenter.answerNext(Answer::defaultButton);
+  for (const char* message : {"first", "second"}) {
+    presenter.showAlert({}, {"title", message, "OK", "Cancel", ""},
+                        [&](Answer answer) { answers.push_back(answer); });
+  }
+  presenter.showAlert({}, {"title", "third", "OK", "", ""}, [&](Answer answer) { answers.push_back(answer); });
+  EXPECT_EQ(answers, (std::vector{Answer::defaultButton, Answer::alternateButton, Answer::defaultButton}));
+  EXPECT_EQ(told, (std::vector<std::string>{"first", "second", "third"}));
+  EXPECT_FALSE(presenter.createView("vnActionAdditionView", {})) << "a host without views";
+}
+
+}  // namespace
+}  // namespace vornlab

@@ -1,0 +1,202 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/embedded/AsioRunLoop.h"
+#include "platform/embedded/EmbeddedDistributedNotifications.h"
+#include "tests/support/PrivateBus.h"
+
+namespace vorn {
+namespace {
+
+using testing::ElementsAre;
+
+class DistributedNotificationsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!PrivateBus::isInstalled()) GTEST_SKIP() << "dbus-daemon is not installed";
+    bus = std::make_unique<PrivateBus>();
+    ASSERT_NE(bus->address(), "");
+    ours = EmbeddedDistributedNotifications::connect(loop, bus->address());
+    theirs = EmbeddedDistributedNotifications::connect(loop, bus->address());
+    ASSERT_TRUE(ours && theirs);
+  }
+
+  // Everything that was posted by one side before this call has arrived when it is over.
+  void settle(EmbeddedDistributedNotifications& sender) {
+    int arrived = 0;
+    const auto end = [&](const Value&) { ++arrived; };
+    const auto here = ours->observe("end of the test", end);
+    const auto there = theirs->observe("end of the test", end);
+    sender.post("end of the test", {});
+    EXPECT_TRUE(loop.runUntil([&] { return arrived == 2; }, kPatience));
+  }
+
+  static constexpr double kPatience = 20;
+
+  AsioRunLoop loop;
+  std::unique_ptr<PrivateBus> bus;
+  // Two connections are two processes to the bus.
+  std::unique_ptr<EmbeddedDistributedNotifications> ours;
+  std::unique_ptr<EmbeddedDistributedNotifications> theirs;
+};
+
+TEST_F(DistributedNotificationsTest, CarryWhatTextCanCarryToOthersAndToThePoster) {
+  const std::string long_(3 << 20, 'x');
+  const std::string noUtf8 = "caf\xe9";
+  struct Case {
+    const char* what;
+    Value posted;
+    Value expected;
+  };
+  const std::vector<Case> cases = {
+      {"an envelope", Value::Dictionary{{"actionId", "3"}, {"content", "4;42;\"a\"\n{}"}},
+       Value::Dictionary{{"actionId", "3"}, {"content", "4;42;\"a\"\n{}"}}},
+      {"no payload", {}, {}},
+      {"no dictionary", "text", {}},
+      {"an empty dictionary", Value::dictionary(), Value::dictionary()},
+      {"empty and foreign texts", Value::Dictionary{{"", ""}, {"Größe", "会议 \U0001F600"}},
+       Value::Dictionary{{"", ""}, {"Größe", "会议 \U0001F600"}}},
+      {"values that are no text",
+       Value::Dictionary{{"number", 7}, {"null", nullptr}, {"list", Value::array()}, {"text", "7"}},
+       Value::Dictionary{{"text", "7"}}},
+      {"texts that cannot travel",
+       Value::Dictionary{{"bytes", noUtf8}, {noUtf8, "a"}, {"zero", std::string("a\0b", 3)}, {"text", "b"}},
+       Value::Dictionary{{"text", "b"}}},
+      {"more than a socket takes at once", Value::Dictionary{{"content", long_}},
+       Value::Dictionary{{"content", long_}}},
+  };
+  for (auto* sender : {ours.get(), theirs.get()}) {
+    for (const auto& [what, posted, expected] : cases) {
+      SCOPED_TRACE(what);
+      std::vector<Value> here;
+      std::vector<Value> there;
+      const auto first = ours->observe("name", [&](const Value& userInfo) { here.push_back(userInfo); });
+      const auto second = theirs->observe("name", [&](const Value& userInfo) { there.push_back(userInfo); });
+      sender->post("name", posted);
+      EXPECT_TRUE(here.empty()) << "delivered inside the post";
+      settle(*sender);
+      // Compared without printing: one of them is long.
+      EXPECT_TRUE(here == std::vector{expected});
+      EXPECT_TRUE(there == std::vector{expected});
+    }
+  }
+}
+
+TEST_F(DistributedNotificationsTest, ReachTheObserversOfExactlyThatName) {
+  const std::vector<std::string> names = {"VornOutlookPlugin.GetClientVersion",
+                                          "VornOutlookPlugin",
+                                          "with 'quotes', commas and \\",
+                                          "',type='error",
+                                          "Größe 会议 \U0001F600",
+                                          "*",
+                                          ""};
+  std::vector<std::string> heard;
+  std::vector<std::unique_ptr<DistributedNotifications::Subscription>> subscriptions;
+  for (const auto& name : names) {
+    subscriptions.push_back(theirs->observe(name, [&heard, &name](const Value&) { heard.push_back(name); }));
+  }
+  for (const auto& name : names) ours->post(name, {});
+  ours->post("caf\xe9", {});
+  ours->post(std::string_view("\0", 1), {});
+  settle(*ours);
+  EXPECT_EQ(heard, names);
+}
+
+TEST_F(DistributedNotificationsTest, KeepTheirOrder) {
+  std::vector<std::string> expected;
+  std::vector<std::string> heard;
+  const auto hear = [&](const Value& userInfo) { heard.push_back(userInfo["content"].text()); };
+  const auto even = theirs->observe("even", hear);
+  const auto odd = theirs->observe("odd", hear);
+  for (int i = 0; i < 1000; ++i) {
+    // A long one now and then, so that some of them have to wait for the bus.
+    expected.push_back(std::to_string(i) + std::string(i % 100 == 0 ? 500'000 : 0, '.'));
+    ours->post(i % 2 == 0 ? "even" : "odd", Value::Dictionary{{"content", expected.back()}});
+  }
+  settle(*ours);
+  EXPECT_TRUE(heard == expected) << heard.size();
+}
+
+TEST_F(DistributedNotificationsTest, StopWithTheSubscription) {
+  std::vector<std::string> heard;
+  auto kept = theirs->observe("name", [&](const Value&) { heard.emplace_back("kept"); });
+  auto ended = theirs->observe("name", [&](const Value&) { heard.emplace_back("ended"); });
+  ours->post("name", {});
+  settle(*ours);
+  // This one is on its way already when the subscription ends.
+  ours->post("name", {});
+  ended.reset();
+  settle(*ours);
+  EXPECT_THAT(heard, ElementsAre("kept", "ended", "kept"));
+}
+
+TEST_F(DistributedNotificationsTest, MayBeDestroyedByAHandlerAndBeforeTheirSubscriptions) {
+  std::vector<std::string> heard;
+  const auto first = theirs->observe("name", [&](const Value&) {
+    heard.emplace_back("first");
+    theirs.reset();
+  });
+  const auto second = theirs->observe("name", [&](const Value&) { heard.emplace_back("second"); });
+  bool arrived = false;
+  const auto last = ours->observe("last", [&](const Value&) { arrived = true; });
+  for (int i = 0; i < 100; ++i) ours->post("name", {});
+  EXPECT_TRUE(loop.runUntil([&] { return !theirs; }, kPatience));
+  ours->post("last", {});
+  EXPECT_TRUE(loop.runUntil([&] { return arrived; }, kPatience));
+  EXPECT_THAT(heard, ElementsAre("first"));
+}
+
+// The tool is another program's idea of the wire form.
+TEST_F(DistributedNotificationsTest, ComeFromOtherProgramsAndSurviveMalformedOnes) {
+  const auto send = [&](std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"--type=signal", "/us/vorn/DistributedNotifications",
+                                         "us.vorn.DistributedNotifications.Posted"});
+    return bus->run("dbus-send", arguments);
+  };
+  std::vector<Value> heard;
+  const auto subscription = ours->observe("name", [&](const Value& userInfo) { heard.push_back(userInfo); });
+  ASSERT_EQ(send({}), 0);
+  ASSERT_EQ(send({"string:name"}), 0);
+  ASSERT_EQ(send({"string:name", "boolean:true", "dict:string:int32:a,1"}), 0);
+  ASSERT_EQ(send({"string:name", "boolean:true", "dict:string:string:actionId,200,content,5.12.3"}), 0);
+  ASSERT_EQ(send({"string:name", "boolean:false", "dict:string:string:a,b"}), 0);
+  EXPECT_TRUE(loop.runUntil([&] { return heard.size() == 2; }, kPatience));
+  EXPECT_THAT(heard, ElementsAre(Value(Value::Dictionary{{"actionId", "200"}, {"content", "5.12.3"}}), Value()));
+}
+
+TEST_F(DistributedNotificationsTest, TakeNothingTooLongForABusAndGoOn) {
+  std::vector<Value> heard;
+  const auto subscription = theirs->observe("name", [&](const Value& userInfo) { heard.push_back(userInfo); });
+  ours->post("name", Value::Dictionary{{"content", std::string(140 << 20, 'x')}});
+  ours->post("name", {});
+  settle(*ours);
+  EXPECT_THAT(heard, ElementsAre(Value()));
+}
+
+TEST_F(DistributedNotificationsTest, FallSilentWhenTheBusDies) {
+  int heard = 0;
+  const auto subscription = theirs->observe("name", [&](const Value&) { ++heard; });
+  ours->post("name", Value::Dictionary{{"content", std::string(8 << 20, 'x')}});
+  bus->kill();
+  for (int i = 0; i < 10; ++i) ours->post("name", {});
+  const auto later = ours->observe("name", [&](const Value&) { ++heard; });
+  loop.runFor(0.1);
+  EXPECT_LE(heard, 1);
+  EXPECT_EQ(EmbeddedDistributedNotifications::connect(loop, bus->address()), nullptr);
+}
+
+TEST(DistributedNotificationsWithoutABus, AreNotThere) {
+  AsioRunLoop loop;
+  for (const char* address : {"unix:path=/nonexistent/bus", "nonsense", "unix:"}) {
+    EXPECT_EQ(EmbeddedDistributedNotifications::connect(loop, address), nullptr) << address;
+  }
+}
+
+}  // namespace
+}  // namespace vorn

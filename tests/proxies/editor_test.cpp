@@ -1,0 +1,238 @@
+#include <gtest/gtest.h>
+
+#include "host/proxies/vnApptInfoKeys.h"
+#include "host/proxies/vnERCalendarEventEditorViewController.h"
+#include "host/proxies/vnOLWordMailEditor.h"
+#include "tests/proxies/FakeHost.h"
+#include "tests/proxies/FakeOwners.h"
+#include "tests/support/TestPlatform.h"
+
+namespace vorn {
+namespace {
+
+class Editor : public testing::Test {
+ protected:
+  Editor() {
+    host.teach("ECCalendarEvent", {"setBody:", "setIsBodyHTML:", "displayReadyBody"});
+    host.teach("ERCalendarEventEditorViewController", {"setIsDirty:", "setLocation:", "setOlmUCInband:"});
+    host.teach("OLWordMailEditor", {"switchToPlainText", "switchToHTMLText",
+                                    "insertText:atLocation:isHTML:", "displayHTMLContent:readOnly:"});
+  }
+  HostObject editorOn(const HostObject& event) {
+    return host.object("ERCalendarEventEditorViewController", {{"content", event}, {"isDirty", false}});
+  }
+  static Value typed(const std::string& key, const Value& value) { return Value(Value::Dictionary{{key, value}}); }
+  HostObject wordMailWithBody(const Value& body) {
+    const HostObject content = host.object("OLWordMailEditorContent", {{"bodyContent", body}});
+    return host.object("OLWordMailEditor", {{"editorContent", content}});
+  }
+
+  TestPlatform world;
+  FakeHost host{world.classRuntime};
+  FakeOwners owners;
+  HostObject event = host.object("ECCalendarEvent", {{"summary", "stored"}});
+};
+
+TEST_F(Editor, HandsOutANewEventProxyWhenItShowsAnotherEvent) {
+  const HostObject editor = editorOn(event);
+  vnERCalendarEventEditorViewController proxy(editor);
+  const vnECCalendarEvent* first = proxy.ecCalendarEvent();
+  ASSERT_TRUE(first);
+  EXPECT_EQ(proxy.ecCalendarEvent(), first);
+
+  const HostObject other = host.object("ECCalendarEvent", {{"summary", "other"}});
+  host.set(editor, "content", other);
+  ASSERT_TRUE(proxy.ecCalendarEvent());
+  EXPECT_EQ(proxy.ecCalendarEvent()->delegate(), other);
+
+  host.set(editor, "content", Value());
+  EXPECT_FALSE(proxy.ecCalendarEvent());
+}
+
+TEST_F(Editor, ItsEventKnowsWhatIsTypedLater) {
+  const HostObject editor = editorOn(event);
+  vnERCalendarEventEditorViewController proxy(editor);
+  EXPECT_EQ(proxy.ecCalendarEvent()->getOneMergedItem("summary"), Value("stored"));
+  host.set(editor, "uncommittedChanges", typed("content.summary", "typed"));
+  EXPECT_EQ(proxy.ecCalendarEvent()->getOneMergedItem("summary"), Value("typed"));
+}
+
+TEST_F(Editor, ReadingTheChangesCountsAsOpeningTheSettingsAndKeepsTheDirtyMark) {
+  const HostObject editor = editorOn(event);
+  host.set(editor, "isDirty", true);
+  vnERCalendarEventEditorViewController proxy(editor);
+  EXPECT_FALSE(proxy.vnSettingOpened());
+  proxy.uncommittedChanges();
+  EXPECT_TRUE(proxy.vnSettingOpened());
+  EXPECT_EQ(host.get(editor, "isDirty"), Value(true));
+}
+
+TEST_F(Editor, ASaveHasSomethingToTellForEveryStoredAppointmentAndForADirtyNewOne) {
+  struct {
+    const char* uuid;
+    bool dirty;
+    bool changed;
+  } const cases[] = {{"U-1", false, true}, {"", false, false}, {"", true, true}};
+  for (const auto& c : cases) {
+    host.set(event, "UUID", *c.uuid ? Value(c.uuid) : Value());
+    const HostObject editor = editorOn(event);
+    host.set(editor, "isDirty", c.dirty);
+    EXPECT_EQ(vnERCalendarEventEditorViewController(editor).isVnMeetingItemsChanged(), c.changed)
+        << c.uuid << c.dirty;
+  }
+}
+
+TEST_F(Editor, OnlyChangesOfTheKeyItemsAreChangesOfTheAppointment) {
+  const std::pair<const char*, bool> cases[] = {{"content.startTime", true},    {"content.endTime", true},
+                                                {"content.summary", true},      {"content.recurrence", true},
+                                                {"content.attendeeList", true}, {"content.body", false},
+                                                {"content.location", false}};
+  for (const auto& [key, changed] : cases) {
+    const HostObject editor = editorOn(event);
+    host.set(editor, "uncommittedChanges", typed(key, nullptr));
+    EXPECT_EQ(vnERCalendarEventEditorViewController(editor).isOutlookAppointmentItemChanged(), changed) << key;
+  }
+}
+
+TEST_F(Editor, SchedulesForSomebodyElseOnlyAsADelegateWithAReadyAccount) {
+  const HostObject account = host.object("ECAccount", {{"emailAddress", "boss@x.org"}});
+  struct {
+    const char* why;
+    bool delegating;
+    bool fromClient;
+    bool accountReady;
+    bool expected;
+  } const cases[] = {{"a delegate", true, false, true, true},
+                     {"no delegate", false, false, true, false},
+                     {"made by the client", true, true, true, false},
+                     {"an account that is not ready", true, false, false, false}};
+  for (const auto& c : cases) {
+    host.set(event, "account", c.accountReady ? Value(account) : Value());
+    owners.openFromClient = c.fromClient;
+    const HostObject editor = editorOn(event);
+    host.set(editor, "isDelegating", c.delegating);
+    host.set(editor, "currentEmailAccount", account);
+    vnERCalendarEventEditorViewController proxy(editor);
+    EXPECT_EQ(proxy.isOnBehalf(), c.expected) << c.why;
+    EXPECT_EQ(proxy.onbehalfEmailAddress(), c.expected ? OptionalText("boss@x.org") : std::nullopt) << c.why;
+    EXPECT_EQ(proxy.getVnMeetingData().contains(vn_ApptInfo_OnbehalfEmailAddress), c.expected) << c.why;
+  }
+}
+
+TEST_F(Editor, ABodyIsEmptyWhenAReaderSeesNothing) {
+  const vnERCalendarEventEditorViewController proxy(editorOn(event));
+  for (const Value& empty :
+       {Value(), Value(""), Value("<html><body>&nbsp;<br> \n</body></html>"), Value(nullptr)}) {
+    EXPECT_TRUE(proxy.isBodyContentEmpty(empty)) << empty.text();
+  }
+  EXPECT_FALSE(proxy.isBodyContentEmpty("<p>a</p>"));
+  EXPECT_TRUE(proxy.isCurrentEmailBodyEmpty());
+  owners.wordMailEditor = wordMailWithBody("<p>a</p>");
+  EXPECT_FALSE(proxy.isCurrentEmailBodyEmpty());
+}
+
+TEST_F(Editor, AnInvitationIsShownWrittenToTheEventAndNotedForTheStore) {
+  const HostObject wordMail = wordMailWithBody("source");
+  owners.wordMailEditor = wordMail;
+  vnERCalendarEventEditorViewController proxy(editorOn(event));
+  proxy.updateEmailBodyWithVornContent("invitation", true);
+  EXPECT_EQ(host.calls(wordMail, "displayHTMLContent:readOnly:"),
+            (std::vector<Arguments>{{"source+invitation", false}}));
+  EXPECT_EQ(host.get(event, "body"), Value("source+invitation"));
+  EXPECT_EQ(host.get(event, "isBodyHTML"), Value(true));
+  EXPECT_EQ(host.calls(event, "displayReadyBody").size(), 1u);
+  EXPECT_EQ(owners.noted, "source+invitation");
+  EXPECT_TRUE(host.calls(wordMail, "switchToPlainText").empty());
+}
+
+TEST_F(Editor, AnAccountWithoutHTMLGetsPlainTextAndNothingIsNoted) {
+  const HostObject wordMail = wordMailWithBody("source");
+  owners.wordMailEditor = wordMail;
+  host.set(event, "account", host.object("ECAccount", {{"shouldDisableCalendarHTMLBodyForAccount", true}}));
+  vnERCalendarEventEditorViewController proxy(editorOn(event));
+  proxy.displayEmailContent("text", true);
+  EXPECT_EQ(host.calls(wordMail, "switchToPlainText").size(), 1u);
+  EXPECT_EQ(host.get(event, "isBodyHTML"), Value(false));
+  EXPECT_EQ(owners.noted, std::nullopt);
+}
+
+TEST_F(Editor, WithoutAManagerTheShownBodyIsEmpty) {
+  owners.hasManager = false;
+  vnERCalendarEventEditorViewController proxy(editorOn(event));
+  proxy.updateEmailBodyWithVornContent("invitation", true);
+  EXPECT_EQ(host.get(event, "body"), Value(""));
+}
+
+TEST_F(Editor, TheOlderComposeViewIsWrittenThroughItsDocument) {
+  const HostObject body = host.object("DOMBody", {{"setInnerHTML:", Value()}});
+  const HostObject root = host.object("DOMElement", {{"outerHTML", "<html/>"}});
+  const HostObject document = host.object("DOMDocument", {{"documentElement", root}, {"body", body}});
+  const HostObject frame = host.object("WebFrame", {{"DOMDocument", document}});
+  const HostObject compose = host.object("ComposeView", {{"mainFrame", frame}});
+  const HostObject view = host.object("NSView", {{"subviews", Value(Value::Array{compose})}});
+  const HostObject editor = editorOn(event);
+  host.set(editor, "view", view);
+  vnERCalendarEventEditorViewController(editor).updateEmailBodyWithVornContent("invitation", true);
+  EXPECT_EQ(host.get(body, "innerHTML"), Value("<html/>+invitation"));
+  EXPECT_TRUE(host.calls(event, "setBody:").empty());
+}
+
+TEST_F(Editor, TheFormatChangesOnlyWithABodyEditorAndAnEvent) {
+  const HostObject wordMail = wordMailWithBody("source");
+  const HostObject editor = editorOn(event);
+  vnERCalendarEventEditorViewController proxy(editor);
+  proxy.convertBodyContentFormat(true);
+  owners.wordMailEditor = wordMail;
+  host.set(editor, "content", Value());
+  proxy.convertBodyContentFormat(true);
+  EXPECT_TRUE(host.calls(wordMail, "switchToHTMLText").empty());
+  host.set(editor, "content", event);
+  proxy.convertBodyContentFormat(true);
+  proxy.convertBodyContentFormat(false);
+  EXPECT_EQ(host.calls(wordMail, "switchToHTMLText").size(), 1u);
+  EXPECT_EQ(host.calls(wordMail, "switchToPlainText").size(), 1u);
+}
+
+TEST_F(Editor, TheLocationFieldIsReadAndWrittenWhenThereIsOne) {
+  const HostObject editor = editorOn(event);
+  const vnERCalendarEventEditorViewController proxy(editor);
+  EXPECT_EQ(proxy.getLocationFromUI(), std::nullopt);
+  proxy.updateLocationFieldFromUI("nowhere");
+  const HostObject field = host.object("NSTextField", {{"stringValue", "Room"}, {"setStringValue:", Value()}});
+  host.set(editor, "locationTextField", field);
+  EXPECT_EQ(proxy.getLocationFromUI(), "Room");
+  proxy.updateLocationFieldFromUI("Room; URL");
+  EXPECT_EQ(proxy.getLocationFromUI(), "Room; URL");
+}
+
+TEST_F(Editor, TheKeyItemsCanBeComparedWhenTheEditorDeliversThemAll) {
+  const HostObject editor = editorOn(event);
+  const vnERCalendarEventEditorViewController proxy(editor);
+  host.set(editor, "getSubject:", "");
+  host.set(editor, "getLocation:", "");
+  EXPECT_FALSE(proxy.canGetApptKeyInfoForCompareMeetingChanged());
+  host.set(editor, "getStartTime:andEndTime:", host.object("OLCalendarDate", {}));
+  EXPECT_TRUE(proxy.canGetApptKeyInfoForCompareMeetingChanged());
+}
+
+TEST(WordMailEditor, ShowsABodyInTheRichestFormThatTheHostHas) {
+  const std::pair<std::vector<std::string>, Arguments> cases[] = {
+      {{"displayHTMLContent:readOnly:signatureEditor:activateEditor:",
+        "displayHTMLContent:readOnly:signatureEditor:", "displayHTMLContent:readOnly:"},
+       {"b", false, true, true}},
+      {{"displayHTMLContent:readOnly:signatureEditor:", "displayHTMLContent:readOnly:"}, {"b", false, true}},
+      {{"displayHTMLContent:readOnly:"}, {"b", false}},
+  };
+  for (const auto& [selectors, expected] : cases) {
+    TestPlatform world;
+    FakeHost host(world.classRuntime);
+    const HostObject editor = host.object("OLWordMailEditor", {{"insertHTMLContent:atLocation:", Value()}});
+    for (const std::string& selector : selectors) host.set(editor, selector, Value());
+    vnOLWordMailEditor(editor).displayHTMLContent("b", false);
+    EXPECT_EQ(host.calls(editor, "insertHTMLContent:atLocation:"), (std::vector<Arguments>{{"b", 0}}));
+    EXPECT_EQ(host.calls(editor, selectors.front()), (std::vector<Arguments>{expected}));
+  }
+}
+
+}  // namespace
+}  // namespace vorn

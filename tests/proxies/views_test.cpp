@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include "host/proxies/HostViews.h"
+#include "host/proxies/vnCCEventTitleView.h"
+#include "host/proxies/vnERageMainWindowController.h"
+#include "host/proxies/vnOLAutoLayoutAttachmentsAcceptingView.h"
+#include "host/proxies/vnOLCalendarGridViewWrapper.h"
+#include "host/proxies/vnOlkModernAttachmentsViewController.h"
+#include "tests/proxies/FakeHost.h"
+#include "tests/proxies/FakeOwners.h"
+#include "tests/support/TestPlatform.h"
+
+namespace vorn {
+namespace {
+
+class Views : public testing::Test {
+ protected:
+  HostObject view(const std::string& className, std::initializer_list<Value> subviews = {}) {
+    return host.object(className, {{"subviews", Value(Value::Array(subviews))}});
+  }
+
+  TestPlatform world;
+  FakeHost host{world.classRuntime};
+  FakeOwners owners;
+};
+
+TEST_F(Views, TheMainWindowKeepsToItsFirstControllerAndFindsItsRibbon) {
+  const HostObject ribbon = view("OUIRibbonView");
+  host.set(ribbon, "activeTabIndex", 2);
+  const HostObject container = view("OUIRibbonChunkContainerView", {view("OUIRibbonChunkContainerView")});
+  const HostObject content = view("NSView", {view("NSView", {container}), ribbon});
+  const HostObject window = host.object("NSWindow", {{"isVisible", true}, {"contentView", content}});
+  const HostObject controller = host.object("ERageMainWindowController", {{"window", window}});
+
+  vnERageMainWindowController& mainWindow = vnERageMainWindowController::sharedInstance();
+  EXPECT_EQ(mainWindow.currentActiveTabIndex(), 4294967295u);
+  EXPECT_FALSE(mainWindow.isHomeMailOrCalendarTab());
+  mainWindow.setDelegate(window);
+  EXPECT_FALSE(mainWindow.delegate());
+  mainWindow.setDelegate(controller);
+  mainWindow.setDelegate(host.object("ERageMainWindowController", {}));
+  EXPECT_EQ(mainWindow.delegate(), controller);
+  EXPECT_EQ(mainWindow.ribbonChunkContainerView(), container);
+
+  const std::pair<int, bool> tabs[] = {{0, true}, {1, false}, {2, true}, {3, false}};
+  for (const auto& [tab, expected] : tabs) {
+    host.set(ribbon, "activeTabIndex", tab);
+    EXPECT_EQ(mainWindow.isHomeMailOrCalendarTab(), expected) << tab;
+  }
+  mainWindow.cleanup();
+  EXPECT_FALSE(mainWindow.isHomeMailOrCalendarTab());
+}
+
+TEST_F(Views, ARibbonIsNotLookedForInAWindowThatDoesNotShow) {
+  const HostObject window = host.object("NSWindow", {{"contentView", view("NSView", {view("OUIRibbonView")})}});
+  vnERageMainWindowController& mainWindow = vnERageMainWindowController::sharedInstance();
+  mainWindow.setDelegate(host.object("ERageMainWindowController", {{"window", window}}));
+  EXPECT_FALSE(mainWindow.ribbonView());
+}
+
+TEST_F(Views, AmongSeveralGridsTheOneWithASelectedEventCounts) {
+  const HostObject idle = host.object("CCGridViewController", {{"selectedEvent", Value()}});
+  const HostObject busy =
+      host.object("CCGridViewController", {{"selectedEvent", host.object("ECCalendarEvent", {})}});
+  const HostObject stranger = host.object("Other", {{"selectedEvent", idle}});
+  const HostObject wrapper = host.object("OLCalendarGridViewWrapper",
+                                         {{"gridViewControllers", Value(Value::Array{stranger, idle, busy})}});
+  EXPECT_EQ(vnOLCalendarGridViewWrapper(wrapper).gridViewController(), busy);
+  host.set(wrapper, "gridViewController", idle);
+  EXPECT_EQ(vnOLCalendarGridViewWrapper(wrapper).gridViewController(), idle);
+}
+
+TEST_F(Views, AttachmentsHaveTheDefaultHeightWithoutASuitableController) {
+  const HostObject model = host.object("OlkAttachmentViewModel", {});
+  const HostObject source = host.object("Source", {{"attachmentList", Value(Value::Array{model})}});
+  const HostObject tall = host.object("NSView", {{"frame", valueFromRect({0, 0, 300, 88})}});
+  const HostObject controller =
+      host.object("OlkModernAttachmentsViewController", {{"view", tall}, {"dataSource", source}});
+  const HostObject owner = host.object("RecordViewController", {{"attachmentsController", controller}});
+  const HostObject header = host.object("OLAutoLayoutAttachmentsAcceptingView", {{"recordViewController", owner}});
+
+  const vnOLAutoLayoutAttachmentsAcceptingView proxy(header);
+  EXPECT_TRUE(proxy.hasAttachments());
+  EXPECT_EQ(proxy.getAttachmentsViewHeight(), 88);
+  host.set(controller, "view", Value());
+  host.set(source, "attachmentList", Value(Value::Array{source}));
+  EXPECT_FALSE(proxy.hasAttachments());
+  EXPECT_EQ(proxy.getAttachmentsViewHeight(), 0);
+  host.set(owner, "attachmentsController", header);
+  EXPECT_EQ(proxy.getAttachmentsViewHeight(), 52);
+}
+
+TEST_F(Views, ATitleViewIsOursWhenItsEventIsOursAndItsManagerHasAKey) {
+  const HostObject event = host.object("ECCalendarEvent", {{"isOwner", true}, {"account", host.object("A", {})}});
+  const HostObject controller = host.object("TitleController", {{"content", event}});
+  const HostObject title = host.object("CCEventTitleView", {{"viewController", controller}});
+  const vnCCEventTitleView& views = vnCCEventTitleView::sharedInstance();
+  EXPECT_FALSE(views.isVnEventTitleView(title));
+  owners.keys[event] = "1";
+  EXPECT_TRUE(views.isVnEventTitleView(title));
+  host.set(event, "account", Value());
+  EXPECT_FALSE(views.isVnEventTitleView(title));
+}
+
+}  // namespace
+}  // namespace vorn

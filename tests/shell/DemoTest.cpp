@@ -1,0 +1,42 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <re2/re2.h>
+
+#include <algorithm>
+#include <string>
+
+#include "tests/shell/ProgramRun.h"
+
+namespace vornlab::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+// A calendar file without its folds.
+std::string unfolded(std::string text) {
+  RE2::GlobalReplace(&text, "\r?\n[ \t]", "");
+  return text;
+}
+
+TEST(Demo, ShowsTheRoadWithEveryNumberAndNothingSecret) {
+  const TemporaryFolder folder;
+  const ProgramRun run = runProgram(VORNLAB_PROGRAM, {"demo", "--full", "--out", (folder / "out.ics").string()});
+  ASSERT_EQ(run.exitCode, 0) << run.output << run.errors;
+  for (const char* part : {"The appointment before", "4 VnCmdSchedule", "1 VnStateAdding", "sent      action 3",
+                           "received  action 6", "The appointment after", "an online meeting now"}) {
+    EXPECT_THAT(run.output, HasSubstr(part));
+  }
+
+  const std::string stored = unfolded(contentOf(folder / "out.ics"));
+  std::string token;
+  std::string passcode;
+  ASSERT_TRUE(RE2::PartialMatch(stored, R"([?&]pwd=([\w.-]+))", &token)) << stored;
+  ASSERT_TRUE(RE2::PartialMatch(stored, R"(Passcode(?:: |\\t|\t)(\w+))", &passcode)) << stored;
+  EXPECT_THAT(run.output, Not(HasSubstr(token)));
+  EXPECT_THAT(run.output, Not(HasSubstr(passcode)));
+  EXPECT_THAT(run.output, Not(HasSubstr("@")));
+}
+
+}  // namespace
+}  // namespace vornlab::test

@@ -1,0 +1,229 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "tests/shell/Calendars.h"
+#include "tests/shell/ProgramRun.h"
+
+namespace vornlab::test {
+namespace {
+
+using nlohmann::json;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+// The program's own lines, by UID, and its summary.
+struct MeetRun {
+  ProgramRun program;
+  std::map<std::string, json> byUid;
+  json summary;
+
+  std::string resultOf(const std::string& uid) const {
+    const auto found = byUid.find(uid);
+    return found == byUid.end() ? "(no line)" : found->second.value("result", "");
+  }
+  std::string reasonOf(const std::string& uid) const {
+    const auto found = byUid.find(uid);
+    return found == byUid.end() ? "(no line)" : found->second.value("reason", "");
+  }
+};
+
+std::size_t occurrences(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+// A calendar file without its folds.
+std::string unfolded(std::string text) {
+  for (std::size_t at = text.find("\r\n "); at != std::string::npos; at = text.find("\r\n ", at))
+    text.erase(at, 3);
+  return text;
+}
+
+class Meet : public ::testing::Test {
+ protected:
+  MeetRun meet(const std::filesystem::path& input, const std::filesystem::path& output,
+               std::vector<std::string> further = {"--all"}) const {
+    std::vector<std::string> arguments{
+        "meet", input, "--out", output, "--json", "--client-db", folder_ / "client.db"};
+    arguments.insert(arguments.end(), further.begin(), further.end());
+    MeetRun run;
+    run.program = runProgram(VORNLAB_PROGRAM, arguments);
+    std::istringstream lines(run.program.output);
+    for (std::string line; std::getline(lines, line);) {
+      const json object = json::parse(line, nullptr, false);
+      EXPECT_TRUE(object.is_object()) << line;
+      if (object.contains("summary")) {
+        run.summary = object["summary"];
+      } else if (object.is_object()) {
+        run.byUid[object.value("uid", "")] = object;
+      }
+    }
+    return run;
+  }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(Meet, AddsMeetingsAndASecondRunOnTheOutputChangesNothing) {
+  const auto input = folder_.write(
+      "in.ics",
+      calendar({"X-UNKNOWN;P=1:kept", appointment("plain", "Budget", {"LOCATION:Room 4\\, east; left"}),
+                appointment("sent", "Übergabe",
+                            {"ORGANIZER:mailto:anna@mail.example", "ATTENDEE;CN=Ben:mailto:ben@mail.example",
+                             "ATTENDEE;CUTYPE=ROOM;CN=Room 9:mailto:room9@mail.example"}),
+                appointment("series", "Weekly", {"RRULE:FREQ=WEEKLY;COUNT=5"})}));
+  const MeetRun first = meet(input, folder_ / "out.ics");
+  ASSERT_EQ(first.program.exitCode, 0) << first.program.output << first.program.errors;
+  EXPECT_EQ(first.summary["appointments"], 3);
+  EXPECT_EQ(first.summary["added"], 3);
+  EXPECT_EQ(first.summary["sent"], first.summary["received"]);
+  const std::string once = contentOf(folder_ / "out.ics");
+  EXPECT_THAT(once, HasSubstr("X-UNKNOWN;P=1:kept\r\n"));
+  for (const char* uid : {"plain", "sent", "series"}) {
+    const json& line = first.byUid.at(uid);
+    EXPECT_NE(line["meetingKey"], "") << uid;
+    EXPECT_EQ(occurrences(line["location"], "https://"), 1U) << line["location"];
+  }
+  EXPECT_THAT(first.byUid.at("plain")["location"].get<std::string>(), ::testing::StartsWith("Room 4, east; left"));
+
+  const MeetRun second = meet(folder_ / "out.ics", folder_ / "again.ics");
+  EXPECT_EQ(second.program.exitCode, 0) << second.program.errors;
+  EXPECT_EQ(second.summary["unchanged"], 3) << second.program.output;
+  EXPECT_EQ(contentOf(folder_ / "again.ics"), once);
+  for (const auto& [uid, line] : first.byUid) EXPECT_EQ(second.byUid.at(uid)["meetingKey"], line["meetingKey"]);
+  EXPECT_EQ(occurrences(unfolded(once), "MacVnBookmarkBegin"), 3U);
+}
+
+TEST_F(Meet, UpdatesAMeetingWhoseAppointmentHasMoved) {
+  const auto file = folder_.write("in.ics", calendar({appointment("a", "Budget")}));
+  const MeetRun added = meet(file, file);
+  ASSERT_EQ(added.resultOf("a"), "added") << added.program.output << added.program.errors;
+  std::string text = contentOf(file);
+  for (const auto& [from, to] :
+       {std::pair{"20300514T12", "20300515T12"}, std::pair{"20300514T13", "20300515T13"}}) {
+    text.replace(text.find(from), 11, to);
+  }
+  folder_.write("in.ics", text);
+  const MeetRun moved = meet(file, file);
+  EXPECT_EQ(moved.resultOf("a"), "updated") << moved.program.output;
+  EXPECT_EQ(moved.byUid.at("a")["meetingKey"], added.byUid.at("a")["meetingKey"]);
+  EXPECT_EQ(occurrences(unfolded(contentOf(file)), "MacVnBookmarkBegin"), 1U);
+}
+
+TEST_F(Meet, SkipsWhatGetsNoMeetingOfItsOwnAndSaysWhy) {
+  const auto input =
+      folder_.write("in.ics", calendar({appointment("off", "Off", {"STATUS:CANCELLED"}),
+                                        appointment("theirs", "Theirs", {"ORGANIZER:MAILTO:Ben@mail.example"}),
+                                        appointment("mine", "Mine", {"ORGANIZER:MAILTO:Anna@Mail.example"}),
+                                        appointment("moved", "Moved", {"RECURRENCE-ID:20300507T120000Z"})}));
+  const MeetRun run = meet(input, folder_ / "out.ics", {"--all", "--me", "anna@mail.example"});
+  EXPECT_EQ(run.program.exitCode, 0) << run.program.errors;
+  EXPECT_EQ(run.resultOf("mine"), "added") << run.reasonOf("mine");
+  for (const char* uid : {"off", "theirs", "moved"}) {
+    EXPECT_EQ(run.resultOf(uid), "skipped");
+    EXPECT_NE(run.reasonOf(uid), "");
+  }
+}
+
+TEST_F(Meet, TakesOnlyTheChosenAppointmentsAndFailsForAnUnknownUid) {
+  const auto input =
+      folder_.write("in.ics", calendar({appointment("first", "First"), appointment("second", "Second")}));
+  const MeetRun run = meet(input, folder_ / "out.ics", {"--uid", "second", "--uid", "nobody"});
+  EXPECT_EQ(run.program.exitCode, 1);
+  EXPECT_EQ(run.resultOf("second"), "added") << run.reasonOf("second") << run.program.errors;
+  EXPECT_EQ(run.resultOf("nobody"), "failed");
+  EXPECT_EQ(run.summary["appointments"], 2);
+  EXPECT_THAT(contentOf(folder_ / "out.ics"), HasSubstr(appointment("first", "First")));
+}
+
+TEST_F(Meet, RefusesWhatIsNoCalendarWithItsLineAndWritesNothing) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Dear all,\nplease come.\n", "in.ics:1:"},
+      {"BEGIN:VCALENDAR\r\nVERSION:2.0\r\nno colon here\r\nEND:VCALENDAR\r\n", "in.ics:3:"},
+      {"", "in.ics"},
+  };
+  for (const auto& [content, complaint] : cases) {
+    const auto input = folder_.write("in.ics", content);
+    const MeetRun run = meet(input, folder_ / "out.ics");
+    EXPECT_EQ(run.program.exitCode, 2) << content;
+    EXPECT_THAT(run.program.errors, HasSubstr(complaint));
+    EXPECT_THAT(run.program.output, IsEmpty());
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "out.ics"));
+  }
+  EXPECT_EQ(meet(folder_ / "missing.ics", folder_ / "out.ics").program.exitCode, 2);
+}
+
+struct TroubleCase {
+  const char* name;
+  std::vector<std::string> options;
+  // What goes wrong at the client, in the words of its faults file; "" for none.
+  const char* faults;
+  // A regular expression; who notices the end of the client first, the plug-in or the program, is open.
+  const char* reason;
+};
+
+class MeetInTrouble : public Meet, public ::testing::WithParamInterface<TroubleCase> {};
+
+TEST_P(MeetInTrouble, LosesNothingAndTellsTheReason) {
+  const auto input =
+      folder_.write("in.ics", calendar({appointment("a", "Budget", {"DESCRIPTION:Bring figures"})}));
+  std::vector<std::string> options{"--all"};
+  options.insert(options.end(), GetParam().options.begin(), GetParam().options.end());
+  if (*GetParam().faults != '\0') {
+    const auto faults = folder_.write("faults", GetParam().faults);
+    options.insert(options.end(), {"--client-option=--faults=" + faults.string()});
+  }
+  const MeetRun run = meet(input, folder_ / "out.ics", options);
+  EXPECT_EQ(run.program.exitCode, 1) << run.program.errors;
+  EXPECT_EQ(run.resultOf("a"), "failed");
+  EXPECT_THAT(run.reasonOf("a"), ::testing::ContainsRegex(GetParam().reason));
+  EXPECT_EQ(contentOf(folder_ / "out.ics"), contentOf(input));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Clients, MeetInTrouble,
+    ::testing::Values(
+        TroubleCase{"Missing", {"--without-client"}, "", "not installed"},
+        TroubleCase{"TooOld", {"--client-version", "3.1.0"}, "", "too old"},
+        TroubleCase{"Silent",
+                    {"--timeout", "0.5"},
+                    "every reply to action 3: silent\n",
+                    "did not answer within 0.5 seconds"},
+        TroubleCase{"Refusing", {}, "every reply to action 3 operation 1: error 3113\n", "error 3113"},
+        TroubleCase{"DyingBeforeTheProfile", {}, "reply 1 to action 6: die\n", "client ended|not running"},
+        TroubleCase{"DyingAtTheCommit", {}, "reply 1 to action 3 operation 1: die\n", "client ended|not running"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(Meet, GoesOnAfterOneAppointmentThatFails) {
+  const auto faults = folder_.write("faults", "reply 1 to action 3 operation 1: error 3000\n");
+  const auto input = folder_.write("in.ics", calendar({appointment("a", "First"), appointment("b", "Second")}));
+  const MeetRun run = meet(input, folder_ / "out.ics", {"--all", "--client-option=--faults=" + faults.string()});
+  EXPECT_EQ(run.program.exitCode, 1);
+  EXPECT_EQ(run.resultOf("a"), "failed");
+  EXPECT_EQ(run.resultOf("b"), "added") << run.reasonOf("b");
+}
+
+TEST(Vornlab, TellsBadUsageWithExitCode2) {
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"doctor"}, "there is no command \"doctor\""},
+      {{"meet", "in.ics"}, "--out"},
+      {{"meet", "in.ics", "--out", "out.ics"}, "--uid,--all"},
+      {{"meet", "in.ics", "--out", "out.ics", "--all", "--uid", "a"}, "--uid,--all"},
+      {{"meet", "in.ics", "--out", "/no/such/folder/out.ics", "--all"}, "/no/such/folder"},
+  };
+  for (const auto& [arguments, complaint] : cases) {
+    const ProgramRun run = runProgram(VORNLAB_PROGRAM, arguments);
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_THAT(run.errors, HasSubstr(complaint));
+  }
+}
+
+}  // namespace
+}  // namespace vornlab::test

@@ -1,0 +1,193 @@
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnCommon.h"
+#include "channel/store/vnFileFunctions.h"
+#include "channel/store/vnLocalProfileKeys.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "tests/support/TestPlatform.h"
+#include "util/AtomicFile.h"
+#include "util/PropertyList.h"
+#include "util/vnOLUtils.h"
+
+namespace vorn {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+namespace fs = std::filesystem;
+
+class StoreTest : public ::testing::Test {
+ protected:
+  std::string folder() { return vnCommon::getDocumentOutlookPluginRootPath(); }
+  std::string site() { return vnMeetingCommon::getLocalVnSiteConfigPath(); }
+  std::string inHome(const std::string& name) { return world_.surroundings.homeDirectory() + "/" + name; }
+
+  TestPlatform world_;
+};
+
+TEST_F(StoreTest, KeepsItsFilesInOneFolderBelowTheDocuments) {
+  const std::string documents = inHome("Documents");
+  EXPECT_EQ(folder(), documents + "/VornOutlookPlugin");
+  EXPECT_EQ(site(), documents + "/VornOutlookPlugin/vnConfig.txt");
+  EXPECT_EQ(vnCommon::getVnUserProfilePath("u-1"), documents + "/VornOutlookPlugin/u-1.txt");
+  EXPECT_EQ(vnMeetingCommon::getPACUserProfilePath("u-1"), documents + "/VornOutlookPlugin/pac_u-1.txt");
+  EXPECT_EQ(vnCommon::getVnUserProfilePath(std::nullopt), "");
+  EXPECT_FALSE(vnIsFileExist(vnCommon::getVnUserProfilePath(vnCommon::getUID())));
+
+  vnCommon::setUserIdSource([] { return OptionalText("u-2"); });
+  EXPECT_EQ(vnCommon::getUID(), "u-2");
+  world_.restart();
+  EXPECT_EQ(vnCommon::getUID(), std::nullopt);
+}
+
+TEST_F(StoreTest, WritesAPropertyListOfOneTextAndKeepsTheOtherKeys) {
+  JsonTextFile file(site());
+  EXPECT_TRUE(file.read().isAbsent());
+  file.setKey(vn_LocalProfile_EnablePAC, true);
+  file.setKey(vn_LocalProfile_TrashCanLink, "https://vorn.us/größer");
+  vnMeetingCommon::savePACConfigToLocal(0);
+
+  const Value stored = readPropertyList(site());
+  ASSERT_EQ(stored.count(), 1u);
+  EXPECT_EQ(vnOLUtils::toArrayOrNSDictionary(stored.at(0).optionalText()),
+            Value::dictionaryFromPairs({{"enablePAC", false}, {"trashCanLink", "https://vorn.us/größer"}}));
+}
+
+TEST_F(StoreTest, ReadsWhatOthersLeftBehindWithoutComplaint) {
+  vnCreateDirection(folder());
+  struct Case {
+    std::string name;
+    std::function<void()> leave;
+    Value read;
+  };
+  const std::string document = R"({"enablePAC":true})";
+  const std::vector<Case> cases = {
+      {"three texts",
+       [&] {
+         writePropertyList(Value(Value::Array{"{}", "7", document}), site());
+       },
+       Value::dictionaryFromPairs({{"enablePAC", true}})},
+      {"plain text", [&] { replaceFile(site(), document); }, {}},
+      {"an empty array", [&] { writePropertyList(Value::array(), site()); }, {}},
+      {"another shape",
+       [&] {
+         writePropertyList(Value::dictionaryFromPairs({{"a", "b"}}), site());
+       },
+       {}},
+      {"no JSON", [&] { vnOLUtils::saveStrToFile("{broken", site()); }, Value::dictionary()},
+      {"no dictionary", [&] { vnOLUtils::saveStrToFile("[1]", site()); }, Value::dictionary()},
+      {"cut off",
+       [&] {
+         writePropertyList(Value(Value::Array{document}), site());
+         fs::resize_file(site(), fs::file_size(site()) / 2);
+       },
+       {}},
+  };
+  for (const Case& one : cases) {
+    one.leave();
+    EXPECT_EQ(JsonTextFile(site()).read(), one.read) << one.name;
+    JsonTextFile(site()).setKey(vn_NotStrongerPasscode, true);
+    EXPECT_TRUE(JsonTextFile(site()).read()[vn_NotStrongerPasscode].boolValue()) << one.name;
+  }
+}
+
+TEST_F(StoreTest, LeavesTheOldDocumentWhenTheNewOneCannotBeWritten) {
+  JsonTextFile(site()).setKey("a", 1);
+  const std::optional<std::string> before = readFile(site());
+  JsonTextFile(site()).setKey("a", std::string("\xFF not UTF-8"));
+  EXPECT_EQ(readFile(site()), before);
+  EXPECT_THAT(vnGetDirectoryItems(folder()), Value(Value::Array{"vnConfig.txt"})) << "and nothing beside it";
+}
+
+TEST_F(StoreTest, AnswersFileQuestionsOnAbsentAndMissingPaths) {
+  const std::string file = inHome("a.txt");
+  const std::string nested = inHome("x/y/z");
+  EXPECT_FALSE(vnIsFileExist(std::nullopt));
+  EXPECT_FALSE(vnIsDirection(std::nullopt));
+  EXPECT_FALSE(vnDeleteFile(std::nullopt));
+  EXPECT_FALSE(vnDeleteFile(file));
+  EXPECT_TRUE(vnGetDirectoryItems(file).isAbsent());
+  EXPECT_EQ(vnGetFileSizeFromPath(file), 0);
+  EXPECT_EQ(vnGetFileVersion(inHome("no.app")), "");
+  EXPECT_FALSE(vnCreateFile(file, std::nullopt));
+
+  EXPECT_TRUE(vnCreateDirection(nested));
+  EXPECT_FALSE(vnCreateDirection(nested)) << "it is there already";
+  EXPECT_TRUE(vnIsDirection(nested));
+  EXPECT_TRUE(vnCreateFile(file, "größe"));
+  EXPECT_TRUE(vnCreateFile(file, "new"));
+  EXPECT_EQ(vnGetFileSizeFromPath(file), 3);
+  EXPECT_FALSE(vnIsDirection(file));
+  EXPECT_EQ(vnGetDirectoryItems(inHome("x")), Value(Value::Array{"y"}));
+  EXPECT_TRUE(vnDeleteFile(inHome("x"))) << "a folder goes with all that it holds";
+  EXPECT_FALSE(vnIsFileExist(nested));
+}
+
+TEST_F(StoreTest, MovesAFileAndNeverLosesOneOverAMissingSource) {
+  const std::string from = inHome("from"), to = inHome("to");
+  vnCreateFile(to, "old");
+  EXPECT_FALSE(vnMoveFile(from, to));
+  EXPECT_FALSE(vnMoveFile(from, std::nullopt));
+  EXPECT_EQ(readFile(to), "old");
+  EXPECT_FALSE(vnMoveFile(to, to));
+  EXPECT_EQ(readFile(to), "old");
+  vnCreateFile(from, "new");
+  EXPECT_TRUE(vnMoveFile(from, to));
+  EXPECT_EQ(readFile(to), "new");
+  EXPECT_FALSE(vnIsFileExist(from));
+}
+
+TEST_F(StoreTest, CoversWhatMustNotReachALog) {
+  const Value setting = Value::dictionaryFromPairs(
+      {{"meetingPassword", "geheim"}, {"alternateHosts", Value(Value::Array{"a@b.c"})}, {"usePMI", true}});
+  const Value apptInfo = Value::dictionaryFromPairs(
+      {{"emailBody", "body"}, {"attendees", Value(Value::Array{"x", "y"})}, {"subject", "s"}});
+  const Value covered = vnMeetingCommon::getLogInfo_MeetingData(
+      Value::dictionaryFromPairs({{"setting", setting}, {"apptInfo", apptInfo}, {"meetingKey", "8"}}));
+  EXPECT_EQ(
+      covered["setting"],
+      Value::dictionaryFromPairs({{"meetingPassword", "******"}, {"alternateHosts", "******"}, {"usePMI", true}}));
+  EXPECT_EQ(covered["apptInfo"],
+            Value::dictionaryFromPairs({{"emailBody", "******"}, {"attendees", "count: 2"}, {"subject", "s"}}));
+  EXPECT_EQ(covered["meetingKey"].text(), "8");
+  EXPECT_EQ(setting["meetingPassword"].text(), "geheim") << "the original stays";
+
+  const Value empty = Value::dictionaryFromPairs({{"attendees", Value::array()}});
+  EXPECT_EQ(vnMeetingCommon::getLogInfo_ApptInfo(empty), empty);
+  EXPECT_TRUE(vnMeetingCommon::getLogInfo_MeetingData({}).isAbsent());
+}
+
+class OneBar final : public ApptBar {
+ public:
+  OptionalText getAppointmentWindowID() override { return "7f01"; }
+  HostObject editorViewWindow() override { return HostObject(0x20); }
+};
+
+class OneWindow final : public ApptWindowDirectory {
+ public:
+  ApptBar* barByWindow(const HostObject& window) override { return window == HostObject(0x10) ? &bar : nullptr; }
+  HostObject mainWindow() override { return HostObject(0x30); }
+  OneBar bar;
+};
+
+TEST_F(StoreTest, FindsWindowsThroughWhoeverKnowsThem) {
+  EXPECT_EQ(vnMeetingCommon::getApptWindowIDByWindow(HostObject(0x10)), std::nullopt);
+  EXPECT_FALSE(vnMeetingCommon::getPluginParentWindow(nullptr));
+
+  OneWindow windows;
+  vnMeetingCommon::setApptWindowDirectory(&windows);
+  EXPECT_EQ(vnMeetingCommon::getApptWindowIDByWindow(HostObject(0x10)), "7f01");
+  EXPECT_EQ(vnMeetingCommon::getApptWindowIDByWindow(HostObject(0x11)), std::nullopt);
+  EXPECT_EQ(vnMeetingCommon::getPluginParentWindow(nullptr), HostObject(0x30));
+  EXPECT_EQ(vnMeetingCommon::getPluginParentWindow(&windows.bar), HostObject(0x20));
+}
+
+}  // namespace
+}  // namespace vorn

@@ -1,0 +1,150 @@
+#include "tests/support/FakePorts.h"
+
+#include <stdlib.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+#include "util/AtomicFile.h"
+#include "util/PropertyList.h"
+
+namespace vorn {
+
+namespace {
+
+template <typename Map>
+typename Map::mapped_type valueIn(const Map& map, std::string_view key) {
+  const auto found = map.find(key);
+  return found == map.end() ? typename Map::mapped_type{} : found->second;
+}
+
+}  // namespace
+
+Value MemoryUserDefaults::objectForKey(std::string_view key) { return stored[key]; }
+
+void MemoryUserDefaults::setObject(const Value& value, std::string_view key) {
+  if (value.isAbsent()) removeObject(key);
+  stored.set(key, value);
+}
+
+void MemoryUserDefaults::removeObject(std::string_view key) { stored.erase(key); }
+
+Value MemoryUserDefaults::persistentDomainForName(std::string_view domain) { return valueIn(domains, domain); }
+
+bool FakeWorkspace::isRunning(std::string_view bundleIdentifier) {
+  return running.find(bundleIdentifier) != running.end();
+}
+
+std::string FakeWorkspace::absolutePathForAppBundle(std::string_view bundleIdentifier) {
+  return valueIn(installed, bundleIdentifier);
+}
+
+bool FakeWorkspace::isFilePackage(std::string_view path) { return filePackages.find(path) != filePackages.end(); }
+
+std::string FakeWorkspace::executablePath(std::string_view bundlePath) { return valueIn(executables, bundlePath); }
+
+Value FakeWorkspace::propertyListAtPath(std::string_view path) {
+  const Value set = valueIn(propertyLists, path);
+  return set.isAbsent() ? readPropertyList(std::string(path)) : set;
+}
+
+bool FakeWorkspace::launch(std::string_view executablePath) {
+  launched.emplace_back(executablePath);
+  return launchSucceeds;
+}
+
+void RecordingPresenter::showAlert(const HostObject& window, const Alert& alert,
+                                   std::function<void(Answer)> answered) {
+  alerts.push_back({window, alert, std::move(answered)});
+  if (scriptedAnswers.empty()) return;
+  const Answer answer = scriptedAnswers.front();
+  scriptedAnswers.pop_front();
+  answerAlert(alerts.size() - 1, answer);
+}
+
+void RecordingPresenter::answerAlert(std::size_t index, Answer answer) {
+  const auto answered = std::exchange(alerts.at(index).answered, nullptr);
+  if (answered) answered(answer);
+}
+
+HostObject RecordingPresenter::createView(std::string_view className, const Rect& frame) {
+  if (!runtime_.NSClassFromString(className)) {
+    runtime_.defineClass("NSView");
+    runtime_.defineClass(className, "NSView");
+  }
+  const HostObject view = runtime_.create(className);
+  if (view) views.emplace(view, frame);
+  return view;
+}
+
+void RecordingPresenter::releaseView(const HostObject& view) {
+  views.erase(view);
+  runtime_.destroy(view);
+}
+
+TestSurroundings::TestSurroundings() {
+  std::string path = std::filesystem::temp_directory_path() / "vorn-test-XXXXXX";
+  // Without a folder every test that writes would fail for a reason that is hard to see.
+  if (!::mkdtemp(path.data())) std::abort();
+  home_ = path;
+  for (const auto& folder : {documentsDirectory(), applicationsDirectory(), userApplicationsDirectory()}) {
+    std::filesystem::create_directories(folder);
+  }
+}
+
+TestSurroundings::~TestSurroundings() {
+  std::error_code ignored;
+  std::filesystem::remove_all(home_, ignored);
+}
+
+std::optional<std::string> TestSurroundings::resource(std::string_view name, std::string_view type) {
+  const std::string file = std::string(name) + "." + std::string(type);
+  const auto found = resources.find(file);
+  if (found != resources.end()) return found->second;
+  return resourceFolder.empty() ? std::nullopt : readFile(resourceFolder + "/" + file);
+}
+
+class RecordingNotifications::Observation final : public Subscription {
+ public:
+  Observation(std::shared_ptr<std::vector<Observation*>> all, std::string_view name, Handler handler)
+      : name_(name), handler_(std::move(handler)), all_(std::move(all)) {
+    all_->push_back(this);
+  }
+  ~Observation() override { std::erase(*all_, this); }
+
+  const std::string& name() const { return name_; }
+  const Handler& handler() const { return handler_; }
+
+ private:
+  std::string name_;
+  Handler handler_;
+  std::shared_ptr<std::vector<Observation*>> all_;
+};
+
+void RecordingNotifications::post(std::string_view name, const Value& userInfo) {
+  posted.push_back({std::string(name), userInfo});
+}
+
+std::unique_ptr<DistributedNotifications::Subscription> RecordingNotifications::observe(std::string_view name,
+                                                                                        Handler handler) {
+  return std::make_unique<Observation>(observations_, name, std::move(handler));
+}
+
+void RecordingNotifications::deliver(std::string_view name, const Value& userInfo) {
+  const std::vector<Observation*> due = *observations_;
+  for (Observation* observation : due) {
+    const bool stillThere =
+        std::find(observations_->begin(), observations_->end(), observation) != observations_->end();
+    if (!stillThere || observation->name() != name) continue;
+    const Handler handler = observation->handler();
+    handler(userInfo);
+  }
+}
+
+std::size_t RecordingNotifications::observers(std::string_view name) const {
+  return static_cast<std::size_t>(std::count_if(observations_->begin(), observations_->end(),
+                                                [name](Observation* each) { return each->name() == name; }));
+}
+
+}  // namespace vorn

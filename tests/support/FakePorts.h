@@ -1,0 +1,160 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <random>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/DistributedNotifications.h"
+#include "platform/Presenter.h"
+#include "platform/Surroundings.h"
+#include "platform/Trace.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+#include "platform/embedded/EmbeddedClassRuntime.h"
+
+// Ports for tests: each one answers from its public fields, and records what was asked of it.
+
+namespace vorn {
+
+class MemoryUserDefaults final : public UserDefaults {
+ public:
+  Value objectForKey(std::string_view key) override;
+  void setObject(const Value& value, std::string_view key) override;
+  void removeObject(std::string_view key) override;
+  void synchronize() override { ++synchronized; }
+  Value persistentDomainForName(std::string_view domain) override;
+
+  Value stored = Value::dictionary();
+  std::map<std::string, Value, std::less<>> domains;
+  int synchronized = 0;
+};
+
+class FakeWorkspace final : public Workspace {
+ public:
+  bool isRunning(std::string_view bundleIdentifier) override;
+  std::string absolutePathForAppBundle(std::string_view bundleIdentifier) override;
+  bool isFilePackage(std::string_view path) override;
+  std::string executablePath(std::string_view bundlePath) override;
+  Value propertyListAtPath(std::string_view path) override;
+  bool launch(std::string_view executablePath) override;
+
+  std::set<std::string, std::less<>> running;
+  // Bundle identifier to path.
+  std::map<std::string, std::string, std::less<>> installed;
+  std::set<std::string, std::less<>> filePackages;
+  // Bundle path to program path.
+  std::map<std::string, std::string, std::less<>> executables;
+  // Asked first; a path that is not here is read from the disk.
+  std::map<std::string, Value, std::less<>> propertyLists;
+  bool launchSucceeds = true;
+  std::vector<std::string> launched;
+};
+
+class RecordingPresenter final : public Presenter {
+ public:
+  struct Shown {
+    HostObject window;
+    Alert alert;
+    // Empty once the alert is answered.
+    std::function<void(Answer)> answered;
+  };
+
+  explicit RecordingPresenter(EmbeddedClassRuntime& runtime) : runtime_(runtime) {}
+
+  void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
+  void beginProgress(std::string_view message) override { progress.emplace_back(message); }
+  void endProgress() override { ++endedProgress; }
+  // A class that the runtime does not know yet is defined below "NSView".
+  HostObject createView(std::string_view className, const Rect& frame) override;
+  void releaseView(const HostObject& view) override;
+
+  // Gives the answer of an alert that no script has answered.
+  void answerAlert(std::size_t index, Answer answer);
+  bool showsProgress() const { return endedProgress < progress.size(); }
+
+  std::vector<Shown> alerts;
+  // Taken one by one, during the call that shows an alert.
+  std::deque<Answer> scriptedAnswers;
+  // The messages of all progress windows so far.
+  std::vector<std::string> progress;
+  std::size_t endedProgress = 0;
+  // The views that were made and not released, with their frames.
+  std::map<HostObject, Rect> views;
+
+ private:
+  EmbeddedClassRuntime& runtime_;
+};
+
+class TestSurroundings final : public Surroundings {
+ public:
+  // Makes an empty home folder, which goes with this object.
+  TestSurroundings();
+  ~TestSurroundings() override;
+  TestSurroundings(const TestSurroundings&) = delete;
+  TestSurroundings& operator=(const TestSurroundings&) = delete;
+
+  std::string homeDirectory() override { return home_; }
+  std::string documentsDirectory() override { return home_ + "/Documents"; }
+  std::string applicationsDirectory() override { return home_ + "/SystemApplications"; }
+  std::string userApplicationsDirectory() override { return home_ + "/Applications"; }
+  std::optional<std::string> resource(std::string_view name, std::string_view type) override;
+  Version systemVersion() override { return version; }
+  std::vector<std::string> preferredLanguages() override { return languages; }
+  double currentTime() override { return time; }
+  std::uint32_t random32() override { return random_(); }
+
+  // By "name.type"; asked before the folder.
+  std::map<std::string, std::string, std::less<>> resources;
+  // A folder with further resources; "" for none.
+  std::string resourceFolder;
+  Version version{10, 15, 7};
+  std::vector<std::string> languages{"en-US"};
+  double time = 1'700'000'000;
+
+ private:
+  std::string home_;
+  std::mt19937 random_{20260101};
+};
+
+class RecordingNotifications final : public DistributedNotifications {
+ public:
+  struct Posted {
+    std::string name;
+    Value userInfo;
+  };
+
+  // Only records: what a process posts is for the others.
+  void post(std::string_view name, const Value& userInfo) override;
+  std::unique_ptr<Subscription> observe(std::string_view name, Handler handler) override;
+
+  // Hands a post of another process to the observers.
+  void deliver(std::string_view name, const Value& userInfo);
+  std::size_t observers(std::string_view name) const;
+
+  std::vector<Posted> posted;
+
+ private:
+  class Observation;
+  std::shared_ptr<std::vector<Observation*>> observations_ = std::make_shared<std::vector<Observation*>>();
+};
+
+class RecordingTrace final : public Trace {
+ public:
+  struct Step {
+    std::string step;
+    Value facts;
+  };
+
+  void note(std::string_view step, const Value& facts) override { steps.push_back({std::string(step), facts}); }
+
+  std::vector<Step> steps;
+};
+
+}  // namespace vorn

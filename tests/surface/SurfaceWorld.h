@@ -1,0 +1,79 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "host/proxies/HostViews.h"
+#include "host/surface/HookInstaller.h"
+#include "host/surface/vnActionAdditionView.h"
+#include "tests/proxies/FakeHost.h"
+#include "tests/support/TestPlatform.h"
+#include "workflow/WorkflowDirectory.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnApptUIActionMgr.h"
+
+namespace vorn {
+
+// A host of a given version with one editor: window, header view, editor and event, as far as hooks and bar ask.
+class SurfaceWorld : public testing::Test {
+ protected:
+  SurfaceWorld() {
+    setHostVersion("16.78");
+    WorkflowDirectory::sharedInstance().install();
+    vnApptUIActionMgr::sharedInstance().setBarFactory(
+        [](const HostObject& headerView) { vnActionAdditionView::create(headerView); });
+    host.teach("ERCalendarEventEditorViewController", {"setIsDirty:"});
+    host.teach("vnActionAdditionView", {"window", "superview", "frame", "setFrame:", "setNeedsDisplay:"});
+    world.classRuntime.setInstanceMethod("vnActionAdditionView", "window",
+                                         [this](const HostObject& view, const Arguments&) -> Value {
+                                           return inHeader.address() == view.address() ? Value(window) : Value();
+                                         });
+    world.classRuntime.setInstanceMethod("vnActionAdditionView", "removeFromSuperview",
+                                         [this](const HostObject&, const Arguments&) -> Value {
+                                           inHeader = {};
+                                           return {};
+                                         });
+    host.set(header, "addSubview:", Value());
+    world.classRuntime.setInstanceMethod("OLAutoLayoutAttachmentsAcceptingView", "addSubview:",
+                                         [this](const HostObject&, const Arguments& arguments) -> Value {
+                                           inHeader = arguments.at(0).object();
+                                           return {};
+                                         });
+    host.set(window, "windowController", controller);
+  }
+
+  void setHostVersion(const std::string& version) {
+    world.workspace.installed["com.microsoft.Outlook"] = "/Outlook.app";
+    world.workspace.propertyLists["/Outlook.app/Contents/Info.plist"] =
+        Value(Value::Dictionary{{"CFBundleShortVersionString", version}});
+  }
+  Value opened() const {
+    return Value(Value::Dictionary{{"keyECCalendarEvent", event},
+                                   {"keyERCalendarEventEditorWindowController", controller}});
+  }
+  std::shared_ptr<vnActionAdditionView> makeBar() { return vnActionAdditionView::create(header); }
+  std::shared_ptr<vnActionAdditionView> barOfWindow() const {
+    return vnActionAdditionView::from(
+        vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByWindow(window));
+  }
+  void closeWindow(const HostObject& closing) {
+    world.notificationCenter.post("NSWindowWillCloseNotification",
+                                  reinterpret_cast<const void*>(closing.address()),
+                                  Value(Value::Dictionary{{"object", closing}}));
+  }
+
+  TestPlatform world;
+  FakeHost host{world.classRuntime};
+  // The view that stands in the header now.
+  HostObject inHeader;
+  HostObject event =
+      host.object("ECCalendarEvent", {{"isOwner", true}, {"account", host.object("ECAccount", {})}});
+  HostObject window = host.object("NSWindow", {});
+  HostObject editor = host.object("ERCalendarEventEditorViewController", {{"content", event}, {"isDirty", true}});
+  HostObject controller =
+      host.object("ERCalendarEventEditorWindowController", {{"window", window}, {"editorViewController", editor}});
+  HostObject header = host.object("OLAutoLayoutAttachmentsAcceptingView", {});
+};
+
+}  // namespace vorn

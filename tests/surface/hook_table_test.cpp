@@ -1,0 +1,175 @@
+#include <algorithm>
+#include <set>
+#include <stdexcept>
+
+#include "platform/Registry.h"
+#include "tests/surface/SurfaceWorld.h"
+
+namespace vorn {
+namespace {
+
+const HookRow& row(std::string_view hostClass, std::string_view selector) {
+  for (const HookClass& hookClass : hookTable()) {
+    for (const HookRow& candidate : hookClass.rows) {
+      if (candidate.hostClass == hostClass && candidate.hostSelector == selector) return candidate;
+    }
+  }
+  throw std::runtime_error("no such row");
+}
+
+using HookTable = SurfaceWorld;
+
+TEST_F(HookTable, LoadsTheClassesInTheirFixedOrder) {
+  std::vector<std::pair<std::string_view, std::size_t>> order;
+  for (const HookClass& hookClass : hookTable()) {
+    order.emplace_back(hookClass.name, hookClass.rows.size());
+    EXPECT_EQ(hookClass.name, "vnHook" + std::string(hookClass.hostClass));
+    for (const HookRow& r : hookClass.rows) EXPECT_EQ(r.hostClass, hookClass.hostClass);
+  }
+  const std::vector<std::pair<std::string_view, std::size_t>> expected = {
+      {"vnHookOUIRibbonChunkContainerView", 1},
+      {"vnHookOLCalendarHeaderContainerView", 1},
+      {"vnHookOLAutoLayoutAttachmentsAcceptingView", 2},
+      {"vnHookERCalendarEventEditorWindowController", 6},
+      {"vnHookOLCalendarGridViewWrapper", 3},
+      {"vnHookOLAttachmentsAcceptingView", 1},
+      {"vnHookECCalendarEvent", 6},
+      {"vnHookOLAutoLayoutView", 1},
+      {"vnHookOLCalendarEventViewResponder", 1},
+      {"vnHookERageMainWindowController", 7},
+      {"vnHookERCalendarEventEditorViewController", 11},
+      {"vnHookECMutableCalendarEvent", 2},
+  };
+  EXPECT_EQ(order, expected);
+}
+
+TEST_F(HookTable, EveryAddedSelectorCarriesOurPrefixItsClassAndTheHostSelector) {
+  EXPECT_EQ(row("ECCalendarEvent", "deleteEventNow").addedSelector(), "vn_ECCalendarEvent_deleteEventNow");
+  EXPECT_EQ(row("OLAttachmentsAcceptingView", "initWithFrame:").addedSelector(),
+            "vnOLAttachmentsAcceptingView_initWithFrame:");
+  EXPECT_EQ(row("OLAutoLayoutAttachmentsAcceptingView", "drawRect:").addedSelector(),
+            "vnOLAutoLayoutAttachmentsAcceptingView_drawRect:");
+  std::set<std::string> all;
+  for (const HookClass& hookClass : hookTable()) {
+    for (const HookRow& r : hookClass.rows) {
+      const std::string added = r.addedSelector();
+      EXPECT_TRUE(all.insert(added).second) << added;
+      EXPECT_TRUE(added.starts_with("vn")) << added;
+      EXPECT_TRUE(added.ends_with("_" + std::string(r.hostSelector))) << added;
+      // Both take the same number of arguments, or the runtime could not exchange them.
+      EXPECT_EQ(std::count(added.begin(), added.end(), ':'),
+                std::count(r.hostSelector.begin(), r.hostSelector.end(), ':'));
+    }
+  }
+}
+
+TEST_F(HookTable, TellsForEachRowWhetherItStands) {
+  host.teach("ERCalendarEventEditorViewController", {"save:"});
+  HookInstaller::sharedInstance().load();
+  std::size_t rows = 0;
+  for (const HookClass& hookClass : hookTable()) rows += hookClass.rows.size();
+  ASSERT_EQ(HookInstaller::sharedInstance().states().size(), rows);
+  for (const HookState& state : HookInstaller::sharedInstance().states()) {
+    HookStanding expected = HookStanding::noClass;
+    if (world.classRuntime.NSClassFromString(state.row->hostClass)) expected = HookStanding::noHostMethod;
+    if (state.row == &row("ERCalendarEventEditorViewController", "save:")) expected = HookStanding::stands;
+    EXPECT_EQ(nameOfHookStanding(state.standing), nameOfHookStanding(expected)) << state.row->addedSelector();
+  }
+}
+
+TEST_F(HookTable, ASecondLoadLeavesTheHooksInPlace) {
+  const HostObject view = host.object("OLAutoLayoutView", {{"drawRect:", "drawn by the host"}});
+  HookInstaller::sharedInstance().load();
+  HookInstaller::sharedInstance().load();
+  EXPECT_EQ(world.classRuntime.send(view, "drawRect:", {Value()}), Value(true));
+  EXPECT_TRUE(host.calls(view, "drawRect:").empty());
+}
+
+TEST_F(HookTable, AnAddedSelectorWithoutAHostMethodAnswersNothingInsteadOfRunningForEver) {
+  HookInstaller::sharedInstance().load();
+  EXPECT_TRUE(
+      world.classRuntime.respondsTo(editor, "vn_ERCalendarEventEditorViewController_sendMeetingPostValidate"));
+  EXPECT_TRUE(world.classRuntime.send(editor, "vn_ERCalendarEventEditorViewController_sendMeetingPostValidate")
+                  .isAbsent());
+}
+
+TEST_F(HookTable, ForwardsArgumentsAndResultOfRowsThatOnlyMakeTheHostsMethodCallable) {
+  host.set(editor, "saveAndClose:", "closed");
+  HookInstaller::sharedInstance().load();
+  EXPECT_EQ(world.classRuntime.send(editor, "saveAndClose:", {"sender"}), Value("closed"));
+  EXPECT_EQ(host.calls(editor, "saveAndClose:"), (std::vector<Arguments>{{"sender"}}));
+}
+
+TEST_F(HookTable, AHostMethodThatRaisesIsCalledOnceAndGivesNothing) {
+  int calls = 0;
+  world.classRuntime.defineClass("ECMutableCalendarEvent");
+  world.classRuntime.setInstanceMethod("ECMutableCalendarEvent", "saveRecord",
+                                       [&calls](const HostObject&, const Arguments&) -> Value {
+                                         ++calls;
+                                         throw std::runtime_error("host");
+                                       });
+  HookInstaller::sharedInstance().load();
+  const HostObject record = world.classRuntime.create("ECMutableCalendarEvent");
+  EXPECT_TRUE(world.classRuntime.send(record, "saveRecord").isAbsent());
+  EXPECT_EQ(calls, 1);
+}
+
+TEST_F(HookTable, AHookMayBeEnteredAgainFromInsideTheHostsMethod) {
+  int depth = 0;
+  world.classRuntime.setInstanceMethod("ERCalendarEventEditorViewController", "save",
+                                       [&](const HostObject& receiver, const Arguments&) -> Value {
+                                         if (++depth < 3) return world.classRuntime.send(receiver, "save");
+                                         return "innermost";
+                                       });
+  HookInstaller::sharedInstance().load();
+  EXPECT_EQ(world.classRuntime.send(editor, "save"), Value("innermost"));
+  EXPECT_EQ(depth, 3);
+}
+
+TEST_F(HookTable, TheHostGoesOnAloneAfterTheEndOfThisSystem) {
+  host.set(editor, "save:", "saved");
+  host.set(event, "olmUCInband", "{}");
+  HookInstaller::sharedInstance().load();
+  Registry::reset();
+  EXPECT_EQ(world.classRuntime.send(editor, "save:", {Value()}), Value("saved"));
+  EXPECT_EQ(world.classRuntime.send(event, "olmUCInband"), Value("{}"));
+}
+
+TEST_F(HookTable, AHostThatIsTooOldGetsOneAlertAndNoMainWindowHooks) {
+  setHostVersion("14.1.3");
+  host.teach("OLCalendarHeaderContainerView", {"drawRect:"});
+  host.teach("ERageMainWindowController", {"windowWillClose:"});
+  host.set(event, "isOccurrence", true);
+  HookInstaller::sharedInstance().load();
+  EXPECT_EQ(world.presenter.alerts.size(), 1u);
+  for (const HookState& state : HookInstaller::sharedInstance().states()) {
+    const bool isGated = state.row->hostClass == "OLCalendarHeaderContainerView" ||
+                         state.row->hostClass == "ERageMainWindowController";
+    EXPECT_EQ(state.standing == HookStanding::unsupportedHost, isGated) << state.row->addedSelector();
+  }
+}
+
+TEST_F(HookTable, AnItemOfASeriesPassesForASingleAppointmentOnlyWhileItsRecordIsReadOrWritten) {
+  host.teach("ECMutableCalendarEvent", {});
+  for (const char* className : {"ECCalendarEvent", "ECMutableCalendarEvent"}) {
+    for (const char* selector : {"olmUCInband", "olmUCCapabilities", "setOlmUCInband:"}) {
+      world.classRuntime.setInstanceMethod(className, selector, [this](const HostObject&, const Arguments&) {
+        return Value(Value::Array{world.classRuntime.send(event, "isOccurrence"),
+                                  world.classRuntime.send(event, "isRecurring")});
+      });
+    }
+  }
+  host.set(event, "isOccurrence", true);
+  host.set(event, "isRecurring", true);
+  HookInstaller::sharedInstance().load();
+  const HostObject record = host.object("ECMutableCalendarEvent", {});
+  const Value single(Value::Array{false, false});
+  EXPECT_EQ(world.classRuntime.send(event, "olmUCInband"), single);
+  EXPECT_EQ(world.classRuntime.send(event, "olmUCCapabilities"), single);
+  EXPECT_EQ(world.classRuntime.send(record, "setOlmUCInband:", {"{}"}), single);
+  EXPECT_EQ(world.classRuntime.send(event, "isOccurrence"), Value(true));
+  EXPECT_EQ(world.classRuntime.send(event, "isRecurring"), Value(true));
+}
+
+}  // namespace
+}  // namespace vorn

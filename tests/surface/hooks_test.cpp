@@ -1,0 +1,211 @@
+#include "host/proxies/vnERageMainWindowController.h"
+#include "tests/surface/SurfaceWorld.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnMeetingMgrMonitor.h"
+
+namespace vorn {
+namespace {
+
+// A bar that only says what a save has to do. It is not listed with a manager, so a save that needs one is
+// stopped.
+class StatusBar final : public MeetingBar {
+ public:
+  StatusBar(const HostObject& editor, int status) : editor_(editor), status_(status) {}
+
+  HostObject view() override { return {}; }
+  HostObject window() override { return {}; }
+  HostObject editorWindowController() override { return {}; }
+  HostObject editorViewController() override { return editor_; }
+  HostObject ecCalendarEvent() override { return {}; }
+  vnERCalendarEventEditorViewController* editorProxy() override { return nullptr; }
+  HostObject olWordMailEditor() override { return {}; }
+  bool currentIsVornMeeting() override { return false; }
+  bool isSupportVorn() override { return true; }
+  bool isDeleteVornMeeting() override { return false; }
+  bool blockDeleteVornMeeting() override { return false; }
+  bool fromFieldChanged() override { return false; }
+  int getVnDataStatus() override { return status_; }
+  int olUIAction() override { return action; }
+  void setOLUIAction(const Value& newAction) override { action = static_cast<int>(newAction.integerValue()); }
+  bool getActionResult() override { return false; }
+  void setActionResultData(const Value&) override {}
+  void setActionToSuccess() override {}
+  void onUIChanged(int) override {}
+  void updateSupportVornButtonFlag(const HostObject&) override {}
+  void autoAddToVnMeeting() override {}
+  void setAutoUpdateVornMeetingFlag() override {}
+  void getMeetingByApptUUID() override {}
+  void cleanup() override {}
+  OptionalText getAppointmentWindowID() override { return {}; }
+  HostObject editorViewWindow() override { return {}; }
+
+  int action = 0;
+
+ private:
+  HostObject editor_;
+  int status_;
+};
+
+struct SaveSelector {
+  const char* selector;
+  Arguments arguments;
+  int action;
+  Value stopped;
+};
+
+const SaveSelector kSaves[] = {{"save:", {"sender"}, 1, Value()},
+                               {"saveAndCloseWindow:", {true}, 2, -1},
+                               {"sendMeetingPostValidate", {}, 3, Value()},
+                               {"saveAndCloseWindow:andReturnError:", {true, Value()}, 4, -1}};
+
+class Hooks : public SurfaceWorld {
+ protected:
+  void loadWithSaves() {
+    for (const SaveSelector& save : kSaves) host.set(editor, save.selector, "the host's result");
+    HookInstaller::sharedInstance().load();
+  }
+};
+
+TEST_F(Hooks, ASaveOfAnAppointmentWithoutABarIsTheHostsOwn) {
+  loadWithSaves();
+  for (const SaveSelector& save : kSaves) {
+    EXPECT_EQ(world.classRuntime.send(editor, save.selector, save.arguments), Value("the host's result"))
+        << save.selector;
+    EXPECT_EQ(host.calls(editor, save.selector), (std::vector<Arguments>{save.arguments})) << save.selector;
+  }
+}
+
+TEST_F(Hooks, ASaveGoesOnWhenNothingHasToBeToldAndStopsWhenTheServiceMustBeAsked) {
+  loadWithSaves();
+  const std::pair<int, bool> statuses[] = {
+      {VnDataNone, true}, {VnDataAdded, true}, {VnDataChanged, false}, {VnDataDeleted, false}};
+  for (const auto& [status, goesOn] : statuses) {
+    const auto bar = std::make_shared<StatusBar>(editor, status);
+    vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(bar);
+    for (const SaveSelector& save : kSaves) {
+      const std::size_t before = host.calls(editor, save.selector).size();
+      const Value result = world.classRuntime.send(editor, save.selector, save.arguments);
+      EXPECT_EQ(result, goesOn ? Value("the host's result") : save.stopped) << save.selector << status;
+      EXPECT_EQ(host.calls(editor, save.selector).size() - before, goesOn ? 1u : 0u) << save.selector << status;
+      EXPECT_EQ(bar->action, save.action);
+    }
+    vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(bar.get());
+  }
+}
+
+TEST_F(Hooks, TheAddedSelectorReachesTheHostsSavePastAStoppingHook) {
+  loadWithSaves();
+  vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(
+      std::make_shared<StatusBar>(editor, VnDataChanged));
+  EXPECT_EQ(world.classRuntime.send(editor, "vn_ERCalendarEventEditorViewController_save:", {Value()}),
+            Value("the host's result"));
+}
+
+TEST_F(Hooks, TheHostNeverSeesTheBodyAmongTheChangesForAttendees) {
+  host.set(editor, "checkMeetingChangesForAttendees:", true);
+  host.set(editor, "uncommittedChanges",
+           Value(Value::Dictionary{{"content.body", "secret"}, {"content.summary", "New \"plan\""}}));
+  HookInstaller::sharedInstance().load();
+  EXPECT_EQ(world.classRuntime.send(editor, "checkMeetingChangesForAttendees:", {"content.body"}), Value(true));
+  world.classRuntime.send(editor, "checkMeetingChangesForAttendees:", {Value()});
+  const auto calls = host.calls(editor, "checkMeetingChangesForAttendees:");
+  ASSERT_EQ(calls.size(), 2u);
+  EXPECT_EQ(calls[0].at(0), Value("{\n    content.summary = \"New \\\"plan\\\"\";\n}"));
+  EXPECT_TRUE(calls[1].at(0).isAbsent());
+  EXPECT_TRUE(host.get(editor, "uncommittedChanges").contains("content.body"));
+}
+
+TEST_F(Hooks, TheBodyEditorThatTheHostTakesInIsRememberedForTheBar) {
+  const HostObject wordMail = host.object("OLWordMailEditor", {});
+  host.set(editor, "hostWordMailEditor:", "hosted");
+  HookInstaller::sharedInstance().load();
+  EXPECT_EQ(world.classRuntime.send(editor, "hostWordMailEditor:", {wordMail}), Value("hosted"));
+  EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().olWordMailEditor(), wordMail);
+}
+
+TEST_F(Hooks, AnEditorGetsItsBarThroughItsHeaderAndSetsItUpAfterOpening) {
+  world.classRuntime.setInstanceMethod("OLAutoLayoutAttachmentsAcceptingView", "initWithFrame:",
+                                       [](const HostObject& self, const Arguments&) { return Value(self); });
+  world.classRuntime.setClassMethod("ERCalendarEventEditorWindowController",
+                                    "showWindowForEvent:", [this](const HostObject&, const Arguments&) -> Value {
+                                      world.classRuntime.send(header, "initWithFrame:", {valueFromRect({})});
+                                      return controller;
+                                    });
+  HookInstaller::sharedInstance().load();
+  const HostObject windows = world.classRuntime.classObject(
+      world.classRuntime.NSClassFromString("ERCalendarEventEditorWindowController"));
+  EXPECT_EQ(world.classRuntime.send(windows, "showWindowForEvent:", {event}), Value(controller));
+  const auto bar = barOfWindow();
+  ASSERT_TRUE(bar);
+  EXPECT_FALSE(bar->ecCalendarEvent());
+  world.runLoop.runDue();
+  EXPECT_EQ(bar->ecCalendarEvent(), event);
+  EXPECT_EQ(world.classRuntime.send(bar->view(), "isAddButtonHidden"), Value(false));
+}
+
+TEST_F(Hooks, AHeaderOfAnHeirOrAFailedOneGetsNoBar) {
+  world.classRuntime.defineClass("OLSpecialHeader", "OLAutoLayoutAttachmentsAcceptingView");
+  bool succeeds = true;
+  world.classRuntime.setInstanceMethod("OLAutoLayoutAttachmentsAcceptingView",
+                                       "initWithFrame:", [&succeeds](const HostObject& self, const Arguments&) {
+                                         return succeeds ? Value(self) : Value();
+                                       });
+  HookInstaller::sharedInstance().load();
+  world.classRuntime.send(world.classRuntime.create("OLSpecialHeader"), "initWithFrame:", {Value()});
+  succeeds = false;
+  world.classRuntime.send(header, "initWithFrame:", {Value()});
+  EXPECT_TRUE(world.presenter.views.empty());
+}
+
+TEST_F(Hooks, ADrawnHeaderPlacesItsBar) {
+  host.teach("OLAutoLayoutAttachmentsAcceptingView", {"drawRect:"});
+  HookInstaller::sharedInstance().load();
+  const HostObject bar = host.object("vnActionAdditionView", {{"superview", header}});
+  const HostObject zone = host.object("NSTextField", {{"stringValue", "(UTC+01:00) Berlin"}});
+  host.set(header, "frame", valueFromRect({0, 0, 1000, 200}));
+  host.set(header, "subviews", Value(Value::Array{zone, bar}));
+  world.classRuntime.send(header, "drawRect:", {valueFromRect({})});
+  EXPECT_EQ(rectFromValue(host.get(bar, "frame")).x, 590);
+  EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, 13);
+  host.set(zone, "isHidden", true);
+  world.classRuntime.send(header, "drawRect:", {valueFromRect({})});
+  EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, -10);
+}
+
+TEST_F(Hooks, TheMainWindowIsTakenWhenItShowsAndItsRibbonForgottenWhenItCloses) {
+  const HostObject ribbon = host.object("OUIRibbonView", {{"activeTabIndex", 0}});
+  const HostObject content = host.object("NSView", {{"subviews", Value(Value::Array{ribbon})}});
+  const HostObject mainWindow = host.object("NSWindow", {{"isVisible", false}, {"contentView", content}});
+  const HostObject mainController = host.object("ERageMainWindowController", {{"window", mainWindow}});
+  host.set(mainWindow, "windowController", mainController);
+  host.set(mainController, "windowDidBecomeMain:", Value());
+  host.set(mainController, "windowWillClose:", Value());
+  HookInstaller::sharedInstance().load();
+  const Value notification(Value::Dictionary{{"object", mainWindow}});
+  const vnERageMainWindowController& taken = vnERageMainWindowController::sharedInstance();
+  world.classRuntime.send(mainController, "windowDidBecomeMain:", {notification});
+  EXPECT_FALSE(taken.delegate());
+  host.set(mainWindow, "isVisible", true);
+  world.classRuntime.send(mainController, "windowDidBecomeMain:", {notification});
+  EXPECT_EQ(taken.delegate(), mainController);
+  EXPECT_TRUE(taken.isHomeMailOrCalendarTab());
+  world.classRuntime.send(mainController, "windowWillClose:", {notification});
+  EXPECT_FALSE(taken.isHomeMailOrCalendarTab());
+  EXPECT_EQ(host.calls(mainController, "windowDidBecomeMain:").size(), 2u);
+  EXPECT_EQ(host.calls(mainController, "windowWillClose:").size(), 1u);
+}
+
+TEST_F(Hooks, AChangedFromFieldIsNotedAndMeasuredAgainstTheOwner) {
+  host.set(editor, "fromFieldModified:", Value());
+  HookInstaller::sharedInstance().load();
+  world.classRuntime.send(editor, "fromFieldModified:", {Value()});
+  const auto bar = makeBar();
+  EXPECT_FALSE(bar->fromFieldChanged());
+  world.classRuntime.send(editor, "fromFieldModified:", {Value()});
+  EXPECT_TRUE(bar->fromFieldChanged());
+  EXPECT_TRUE(bar->changeButton().enabled);
+  EXPECT_EQ(host.calls(editor, "fromFieldModified:").size(), 2u);
+}
+
+}  // namespace
+}  // namespace vorn

@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "host/surface/classSwizzle.h"
+#include "tests/support/TestPlatform.h"
+
+namespace vorn {
+namespace {
+
+Implementation answering(const char* text) {
+  return [text](const HostObject&, const Arguments&) { return Value(text); };
+}
+
+class Swizzle : public testing::Test {
+ protected:
+  Swizzle() {
+    runtime.defineClass("Host");
+    runtime.setInstanceMethod("Host", "run", answering("host"));
+    runtime.setClassMethod("Host", "make", answering("host class"));
+  }
+  ClassRef hostClass() { return runtime.NSClassFromString("Host"); }
+  ClassRef metaclass() { return runtime.objc_getMetaClass("Host"); }
+
+  TestPlatform world;
+  EmbeddedClassRuntime& runtime = world.classRuntime;
+};
+
+TEST_F(Swizzle, RefusesWithoutAnyChangeWhenSomethingIsMissing) {
+  using Outcome = classSwizzle::Outcome;
+  runtime.class_addMethod(hostClass(), "vn_run", answering("ours"), "@@:");
+  runtime.class_addMethod(metaclass(), "vn_make", answering("ours"), "@@:");
+  struct {
+    const char* why;
+    Outcome outcome;
+    Outcome expected;
+  } const cases[] = {
+      {"no class", classSwizzle::exchangeInstanceMethod({}, "run", "vn_run"), Outcome::noClass},
+      {"no host method", classSwizzle::exchangeInstanceMethod(hostClass(), "walk", "vn_run"),
+       Outcome::noHostMethod},
+      {"no alternative", classSwizzle::exchangeInstanceMethod(hostClass(), "run", "vn_walk"),
+       Outcome::noAddedMethod},
+      {"a class method is no instance method", classSwizzle::exchangeInstanceMethod(hostClass(), "make", "vn_run"),
+       Outcome::noHostMethod},
+      {"no metaclass", classSwizzle::exchangeClassMethod({}, "make", "vn_make"), Outcome::noClass},
+      {"no host class method", classSwizzle::exchangeClassMethod(metaclass(), "run", "vn_make"),
+       Outcome::noHostMethod},
+      {"no class alternative", classSwizzle::exchangeClassMethod(metaclass(), "make", "vn_run"),
+       Outcome::noAddedMethod},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.outcome, c.expected) << c.why;
+  EXPECT_FALSE(classSwizzle::method_InstanceSwizzle(hostClass(), "run", "vn_walk"));
+  EXPECT_FALSE(classSwizzle::method_ClassSwizzle(hostClass(), "walk", "vn_make"));
+
+  const HostObject object = runtime.create("Host");
+  EXPECT_EQ(runtime.send(object, "run"), Value("host"));
+  EXPECT_EQ(runtime.send(object, "vn_run"), Value("ours"));
+  EXPECT_EQ(runtime.send(runtime.classObject(hostClass()), "make"), Value("host class"));
+}
+
+TEST_F(Swizzle, TheHostSelectorRunsOursAndTheAddedOneTheHosts) {
+  runtime.class_addMethod(hostClass(), "vn_run", answering("ours"), "@@:");
+  runtime.class_addMethod(metaclass(), "vn_make", answering("our class"), "@@:");
+  EXPECT_TRUE(classSwizzle::method_InstanceSwizzle(hostClass(), "run", "vn_run"));
+  EXPECT_TRUE(classSwizzle::method_ClassSwizzle(metaclass(), "make", "vn_make"));
+  const HostObject object = runtime.create("Host");
+  const HostObject classObject = runtime.classObject(hostClass());
+  EXPECT_EQ(runtime.send(object, "run"), Value("ours"));
+  EXPECT_EQ(runtime.send(object, "vn_run"), Value("host"));
+  EXPECT_EQ(runtime.send(classObject, "make"), Value("our class"));
+  EXPECT_EQ(runtime.send(classObject, "vn_make"), Value("host class"));
+
+  EXPECT_TRUE(classSwizzle::method_InstanceSwizzle(hostClass(), "run", "vn_run"));
+  EXPECT_EQ(runtime.send(object, "run"), Value("host"));
+}
+
+TEST_F(Swizzle, AnInheritedMethodIsExchangedForAllItsHeirs) {
+  runtime.defineClass("Heir", "Host");
+  const ClassRef heir = runtime.NSClassFromString("Heir");
+  runtime.class_addMethod(heir, "vn_run", answering("ours"), "@@:");
+  EXPECT_TRUE(classSwizzle::method_InstanceSwizzle(heir, "run", "vn_run"));
+  EXPECT_EQ(runtime.send(runtime.create("Heir"), "run"), Value("ours"));
+  EXPECT_EQ(runtime.send(runtime.create("Host"), "run"), Value("ours"));
+}
+
+}  // namespace
+}  // namespace vorn

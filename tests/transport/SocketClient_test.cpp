@@ -1,0 +1,292 @@
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <thread>
+
+#include "channel/transport/vSocketClientImpl.h"
+#include "channel/transport/vnIPCChannel.h"
+#include "channel/transport/vnIPCConstants.h"
+#include "platform/Registry.h"
+#include "tests/support/TestPlatform.h"
+#include "tests/transport/TestListener.h"
+
+namespace vorn {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+namespace fs = std::filesystem;
+
+// A home folder of a chosen length, in place of the platform's own.
+class HomeAt final : public Surroundings {
+ public:
+  HomeAt(Surroundings& other, std::string home) : other_(other), home_(std::move(home)) {}
+  std::string homeDirectory() override { return home_; }
+  std::string documentsDirectory() override { return other_.documentsDirectory(); }
+  std::string applicationsDirectory() override { return other_.applicationsDirectory(); }
+  std::string userApplicationsDirectory() override { return other_.userApplicationsDirectory(); }
+  std::optional<std::string> resource(std::string_view name, std::string_view type) override {
+    return other_.resource(name, type);
+  }
+  Version systemVersion() override { return other_.systemVersion(); }
+  std::vector<std::string> preferredLanguages() override { return other_.preferredLanguages(); }
+  double currentTime() override { return other_.currentTime(); }
+  std::uint32_t random32() override { return other_.random32(); }
+
+ private:
+  Surroundings& other_;
+  std::string home_;
+};
+
+std::size_t openDescriptors() {
+  return static_cast<std::size_t>(
+      std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
+}
+
+class SocketClientTest : public ::testing::Test {
+ protected:
+  SocketClientTest() {
+    for (const std::string_view name :
+         {NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT}) {
+      subscriptions_.push_back(
+          world_.notificationCenter.observe(name, [this](const NotificationCenter::Notification& posted) {
+            received_.emplace_back(posted.name, posted.userInfo);
+          }));
+    }
+  }
+
+  bool waitUntil(const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (true) {
+      world_.runLoop.runDue();
+      if (condition()) return true;
+      if (std::chrono::steady_clock::now() > deadline) return false;
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+  }
+
+  std::string socketPath() { return world_.surroundings.homeDirectory() + "/s.vop"; }
+  vSocketClientImpl& client() { return vSocketClientImpl::shareInstance(); }
+
+  // Contents of what has come in so far.
+  std::vector<std::string> contents() const {
+    std::vector<std::string> all;
+    for (const auto& [name, envelope] : received_) all.push_back(envelope[VN_IPC_CONTENT].text());
+    return all;
+  }
+
+  TestDescriptor connected(TestListener& listener) {
+    client().connect();
+    TestDescriptor peer = listener.accept();
+    EXPECT_TRUE(peer);
+    return peer;
+  }
+
+  TestPlatform world_;
+  std::vector<std::pair<std::string, Value>> received_;
+  std::vector<NotificationCenter::Subscription> subscriptions_;
+};
+
+TEST_F(SocketClientTest, ShowsEveryStateByItsDescriptorAndNoticesNoFailure) {
+  EXPECT_EQ(client().fd(), 0) << "fresh";
+  client().disconnect();
+  EXPECT_EQ(client().fd(), 0);
+
+  EXPECT_FALSE(client().send("lost")) << "the first message only starts the connection";
+  ASSERT_TRUE(waitUntil([&] { return client().fd() > 0; })) << "no listener: a descriptor, not connected";
+  EXPECT_TRUE(client().send("into nothing"));
+  EXPECT_GT(client().fd(), 0);
+
+  TestListener listener(socketPath());
+  client().connect();
+  EXPECT_FALSE(listener.accept(100)) << "a descriptor is held, so nobody connects again";
+
+  client().disconnect();
+  EXPECT_EQ(client().fd(), 0);
+  EXPECT_FALSE(client().send("lost"));
+  TestDescriptor peer = listener.accept();
+  ASSERT_TRUE(peer);
+  EXPECT_TRUE(client().send("told"));
+  EXPECT_EQ(TestListener::read(peer, 4), "told");
+
+  peer.close();
+  for (int i = 0; i < 3; ++i) EXPECT_TRUE(client().send("to a lost peer"));
+  EXPECT_GT(client().fd(), 0);
+}
+
+TEST_F(SocketClientTest, SendsWholeMessagesUpToItsLimit) {
+  TestListener listener(socketPath());
+  const TestDescriptor peer = connected(listener);
+  EXPECT_FALSE(client().send(std::nullopt));
+  EXPECT_FALSE(client().send(""));
+  EXPECT_FALSE(client().send(std::string(655350, 'x')));
+  EXPECT_FALSE(client().send(std::string(2'000'000, 'x')));
+
+  const std::string longest(655349, 'y');
+  std::string read;
+  std::thread reading([&] { read = TestListener::read(peer, longest.size()); });
+  EXPECT_TRUE(client().send(longest));
+  reading.join();
+  EXPECT_EQ(read, longest) << "and nothing of the refused ones before it";
+}
+
+TEST_F(SocketClientTest, DoesNotHangOnAPeerThatDoesNotRead) {
+  TestListener listener(socketPath());
+  const TestDescriptor peer = connected(listener);
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_TRUE(client().send(std::string(655349, 'x')));
+  EXPECT_TRUE(client().send(std::string(655349, 'x')));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+}
+
+TEST_F(SocketClientTest, DeliversRepliesOnTheMainThreadUnderTheNameOfTheirRole) {
+  TestListener listener(socketPath());
+  const TestDescriptor peer = connected(listener);
+  TestListener::write(peer, R"({"actionId":"4","content":"a"})");
+  ASSERT_TRUE(waitUntil([&] { return received_.size() == 1; }));
+  TestListener::write(peer, R"({"content":"5.1.0","actionId":"200","extra":"dropped"})");
+  ASSERT_TRUE(waitUntil([&] { return received_.size() == 2; }));
+  TestListener::write(peer, R"({"content":"b","actionId":"many"})");
+  ASSERT_TRUE(waitUntil([&] { return received_.size() == 3; }));
+
+  EXPECT_EQ(received_[0].first, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN);
+  EXPECT_EQ(received_[1].first, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT);
+  EXPECT_EQ(received_[2].first, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN);
+  EXPECT_EQ(received_[1].second,
+            Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, "200"}, {VN_IPC_CONTENT, "5.1.0"}}));
+}
+
+TEST_F(SocketClientTest, GathersALongReplyThatComesInPieces) {
+  TestListener listener(socketPath());
+  const TestDescriptor peer = connected(listener);
+  const std::string content(20000, 'x');
+  const std::string message = R"({"actionId":"4","content":")" + content + "\"}";
+  for (std::size_t at = 0; at < message.size(); at += 3001) {
+    TestListener::write(peer, std::string_view(message).substr(at, 3001));
+  }
+  ASSERT_TRUE(waitUntil([&] { return !received_.empty(); }));
+  EXPECT_THAT(contents(), ElementsAre(content));
+}
+
+TEST_F(SocketClientTest, DropsWhatIsNoEnvelopeAndGoesOn) {
+  for (const char* dropped : {"", "{}", "[1]", "7", "no json", R"({"content":"x"})", R"({"actionId":"4"})",
+                              R"({"actionId":"4","content":null})", R"({"actionId":{},"content":"x"})"}) {
+    client().handleSocketGetRequestDone_OLPlugin(dropped);
+  }
+  client().handleSocketGetRequestDone_OLPlugin(std::nullopt);
+  EXPECT_THAT(received_, IsEmpty());
+
+  TestListener listener(socketPath());
+  const TestDescriptor peer = connected(listener);
+  const std::string good = R"({"actionId":"4","content":"good"})";
+  // Two in one read are no JSON, and both are lost. Only a message behind a gap in time is safe.
+  TestListener::write(peer, good + good);
+  const TestDescriptor second = [&] {
+    client().disconnect();
+    return connected(listener);
+  }();
+  TestListener::write(second, good);
+  ASSERT_TRUE(waitUntil([&] { return !received_.empty(); }));
+  EXPECT_THAT(contents(), ElementsAre("good"));
+}
+
+TEST_F(SocketClientTest, AcceptsPathsUpToTheLimitsOfTheSystem) {
+  struct Case {
+    std::string name;
+    std::size_t homeBytes;
+    bool isWide;
+    bool connects;
+  };
+  // The name of the socket adds six characters. A wide home has fewer characters than bytes: it passes the limit
+  // on characters and is cut at 104 bytes, and the listener waits at the cut path.
+  for (const Case& one : std::vector<Case>{{"103 in all", 97, false, true},
+                                           {"104 in all", 98, false, false},
+                                           {"107 in all", 101, false, false},
+                                           {"104 bytes, fewer characters", 98, true, true},
+                                           {"107 bytes, cut inside the name", 101, true, true}}) {
+    const fs::path root = fs::temp_directory_path() / ("vp" + std::to_string(::getpid()));
+    std::string home = root.string() + (one.isWide ? "/öööööööö" : "/");
+    ASSERT_LT(home.size(), one.homeBytes);
+    home.append(one.homeBytes - home.size(), 'h');
+    fs::create_directories(home);
+    HomeAt surroundings(world_.surroundings, home);
+    world_.platform().surroundings = &surroundings;
+    world_.restart();
+
+    TestListener listener((home + "/s.vop").substr(0, 104));
+    ASSERT_TRUE(listener.isReady()) << one.name;
+    client().connect();
+    ASSERT_TRUE(waitUntil([&] { return client().fd() > 0; })) << one.name;
+    EXPECT_EQ(static_cast<bool>(listener.accept(one.connects ? 5000 : 200)), one.connects) << one.name;
+
+    fs::remove_all(root);
+    world_.platform().surroundings = &world_.surroundings;
+    world_.restart();
+  }
+}
+
+TEST_F(SocketClientTest, LeavesNoDescriptorAndNoThreadBehind) {
+  TestListener listener(socketPath());
+  const std::size_t before = openDescriptors();
+  for (int i = 0; i < 20; ++i) {
+    {
+      const TestDescriptor peer = connected(listener);
+      EXPECT_TRUE(client().send("x"));
+    }
+    client().disconnect();
+  }
+  EXPECT_TRUE(waitUntil([&] { return openDescriptors() == before; })) << openDescriptors() << " after " << before;
+}
+
+TEST_F(SocketClientTest, EndsWithReadersAtWorkAndMessagesUndelivered) {
+  TestListener listener(socketPath());
+  TestDescriptor peer = connected(listener);
+  TestListener::write(peer, R"({"actionId":"4","content":"late"})");
+  ASSERT_TRUE(waitUntil([&] { return !received_.empty() || world_.runLoop.waiting() > 0; }));
+  TestListener::write(peer, R"({"actionId":"4","content":"later"})");
+  client().connect();
+  world_.restart();
+  world_.runLoop.runDue();
+  EXPECT_LE(received_.size(), 1u);
+}
+
+TEST_F(SocketClientTest, WaitsForAListenerWithAFullQueueButEndsWhenTold) {
+  TestListener listener(socketPath(), 0);
+  client().connect();
+  ASSERT_TRUE(waitUntil([&] { return client().fd() > 0; }));
+  for (int i = 0; i < 5; ++i) {
+    client().disconnect();
+    client().connect();
+    ASSERT_TRUE(waitUntil([&] { return client().fd() > 0; }));
+  }
+  const auto begin = std::chrono::steady_clock::now();
+  world_.restart();
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(3));
+}
+
+TEST_F(SocketClientTest, TellsTheTraceOfEnvelopesInBothDirectionsCovered) {
+  TestListener listener(socketPath());
+  vnIPCChannel::sendIPCMessageToVornClient(6, "6");
+  const TestDescriptor peer = listener.accept();
+  ASSERT_TRUE(peer);
+  vnIPCChannel::sendIPCMessageToVornClient(3, R"({"meetingPassword":"geheim"})");
+  const std::string sent = TestListener::read(peer, 20);
+  EXPECT_THAT(sent, HasSubstr(R"("actionId")"));
+  EXPECT_THAT(sent, HasSubstr(R"(\"geheim\")")) << "the client gets it as it is";
+  TestListener::write(peer, R"({"actionId":"4","content":"Passcode: 99 @"})");
+  ASSERT_TRUE(waitUntil([&] { return !received_.empty(); }));
+
+  ASSERT_EQ(world_.trace.steps.size(), 3u);
+  EXPECT_EQ(world_.trace.steps[0].step, "dropped");
+  EXPECT_EQ(world_.trace.steps[1].step, "sent");
+  EXPECT_EQ(world_.trace.steps[1].facts["content"].text(), R"({"meetingPassword":"******"})");
+  EXPECT_EQ(world_.trace.steps[2].step, "received");
+  EXPECT_EQ(world_.trace.steps[2].facts["content"].text(), "Passcode: ****** ******");
+}
+
+}  // namespace
+}  // namespace vorn

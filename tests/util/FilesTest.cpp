@@ -1,0 +1,163 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+
+#include "tests/support/TestPlatform.h"
+#include "util/AtomicFile.h"
+#include "util/HostObject.h"
+#include "util/PropertyList.h"
+#include "util/vnOLUtils.h"
+#include "util/vnShellCommand.h"
+
+namespace vorn {
+namespace {
+
+class Files : public testing::Test {
+ protected:
+  std::string path(const std::string& name) { return world_.surroundings.homeDirectory() + "/" + name; }
+  std::size_t filesInHome() {
+    const std::filesystem::recursive_directory_iterator all(world_.surroundings.homeDirectory());
+    return static_cast<std::size_t>(std::count_if(begin(all), end(all), [](const auto& entry) {
+      return entry.symlink_status().type() == std::filesystem::file_type::regular;
+    }));
+  }
+
+ private:
+  TestPlatform world_;
+};
+
+TEST_F(Files, AreReplacedWholeAndKeepTheirModeAndTheirLinks) {
+  const std::string file = path("kept");
+  ASSERT_TRUE(replaceFile(file, "first"));
+  ASSERT_EQ(::chmod(file.c_str(), 0640), 0);
+  std::filesystem::create_symlink(file, path("link"));
+  ASSERT_TRUE(replaceFile(path("link"), std::string(200'000, 'x') + std::string(1, '\0')));
+  EXPECT_EQ(readFile(file), std::string(200'000, 'x') + std::string(1, '\0'));
+  EXPECT_TRUE(std::filesystem::is_symlink(path("link")));
+  struct stat facts;
+  ASSERT_EQ(::stat(file.c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 0777, 0640U);
+  EXPECT_EQ(filesInHome(), 1U) << "nothing temporary stays";
+}
+
+TEST_F(Files, ThatCannotBeWrittenOrReadAreToldSo) {
+  std::filesystem::create_directory(path("folder"));
+  EXPECT_FALSE(replaceFile(path("folder"), "x"));
+  EXPECT_FALSE(replaceFile(path("missing/file"), "x"));
+  EXPECT_FALSE(replaceFile("", "x"));
+  EXPECT_EQ(filesInHome(), 0U);
+  ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(readFile(path("pipe")), std::nullopt);
+  EXPECT_EQ(readFile(path("folder")), std::nullopt);
+  EXPECT_EQ(readFile(path("missing")), std::nullopt);
+}
+
+TEST_F(Files, PropertyListsReadBackWhatWasWritten) {
+  const Value content = Value::Dictionary{
+      {"text", "<a & \"b\"> \xF0\x9F\x98\x80\n"},
+      {"empty", ""},
+      {"numbers", Value::Array{0, -5, std::numeric_limits<std::int64_t>::max(), 2.5}},
+      {"flag", true},
+      {"nested", Value::Dictionary{{"list", Value::Array{Value::dictionary(), Value::array()}}}},
+  };
+  ASSERT_TRUE(writePropertyList(content, path("list.plist")));
+  const Value read = readPropertyList(path("list.plist"));
+  EXPECT_EQ(read, content);
+  EXPECT_TRUE(read["flag"].isBoolean());
+#ifdef PLISTUTIL
+  const std::string convert = std::string(PLISTUTIL) + " -i " + path("list.plist") + " -o " + path("binary.plist");
+  ASSERT_EQ(vnShellCommand::runAsCommand_ret(convert), 0);
+  ASSERT_TRUE(readFile(path("binary.plist"))->starts_with("bplist"));
+  EXPECT_EQ(readPropertyList(path("binary.plist")), content);
+#endif
+}
+
+TEST_F(Files, PropertyListsLeaveOutWhatTheyCannotHold) {
+  const Value content = Value::Array{1, nullptr, HostObject(16), Value::Dictionary{{"a", nullptr}, {"b", 2}}};
+  ASSERT_TRUE(writePropertyList(content, path("list.plist")));
+  EXPECT_EQ(readPropertyList(path("list.plist")), (Value::Array{1, Value::Dictionary{{"b", 2}}}));
+  for (const Value& refused :
+       {Value(), Value(nullptr), Value("\x01"), Value("\xFF"), Value(Value::Array{"\x02"})}) {
+    EXPECT_FALSE(writePropertyList(refused, path("list.plist")));
+  }
+  EXPECT_EQ(readPropertyList(path("list.plist")).count(), 2U) << "the old content is untouched";
+}
+
+TEST_F(Files, BrokenPropertyListsReadAsAbsent) {
+  std::string endless = "<plist version=\"1.0\">";
+  for (int i = 0; i < 1'000'000; ++i) endless += "<array>";
+  for (const std::string& content : {std::string(), std::string("plain text"), std::string("bplist00garbage"),
+                                     std::string("<plist><dict><key>a</key>"), endless}) {
+    ASSERT_TRUE(replaceFile(path("broken"), content));
+    EXPECT_TRUE(readPropertyList(path("broken")).isAbsent()) << content.substr(0, 40);
+  }
+  EXPECT_TRUE(readPropertyList(path("missing")).isAbsent());
+}
+
+// A list in the binary form whose object at each index is an array of the given references.
+std::string binaryListOfArrays(const std::vector<std::vector<std::size_t>>& arrays) {
+  const auto bigEndian = [](std::size_t number, int bytes) {
+    std::string text;
+    for (int i = bytes - 1; i >= 0; --i) text += static_cast<char>(number >> (8 * i));
+    return text;
+  };
+  std::string list = "bplist00";
+  std::string table;
+  for (const auto& references : arrays) {
+    table += bigEndian(list.size(), 4);
+    list += static_cast<char>(0xA0 + references.size());
+    for (const std::size_t reference : references) list += bigEndian(reference, 3);
+  }
+  return list + table + std::string(6, '\0') + "\x04\x03" + bigEndian(arrays.size(), 8) + bigEndian(0, 8) +
+         bigEndian(list.size(), 8);
+}
+
+TEST_F(Files, BinaryPropertyListsMayReferToAnythingAndAreStillRead) {
+  const auto read = [&](const std::vector<std::vector<std::size_t>>& arrays) {
+    EXPECT_TRUE(replaceFile(path("arrays"), binaryListOfArrays(arrays)));
+    return readPropertyList(path("arrays"));
+  };
+  EXPECT_EQ(read({{1, 1}, {}}), (Value::Array{Value::array(), Value::array()}));
+  EXPECT_TRUE(read({{0}}).isAbsent()) << "an array within itself";
+  EXPECT_TRUE(read({{1}}).isAbsent()) << "a reference to nothing";
+  std::vector<std::vector<std::size_t>> chain;
+  for (std::size_t i = 1; i < 200'000; ++i) chain.push_back({i});
+  chain.emplace_back();
+  EXPECT_TRUE(read(chain).isAbsent());
+  std::vector<std::vector<std::size_t>> doubling;
+  for (std::size_t i = 1; i < 60; ++i) doubling.push_back({i, i});
+  doubling.emplace_back();
+  EXPECT_EQ(read(doubling).count(), 2U);
+  const std::string whole = binaryListOfArrays({{1, 2}, {2}, {}});
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    EXPECT_TRUE(replaceFile(path("arrays"), whole.substr(0, length)));
+    EXPECT_TRUE(readPropertyList(path("arrays")).isAbsent()) << length;
+  }
+}
+
+TEST_F(Files, StoredTextIsAListOfOneText) {
+  vnOLUtils::saveStrToFile("{\"a\" : 1}", path("stored.txt"));
+  EXPECT_EQ(vnOLUtils::readStrFromFile(path("stored.txt")), "{\"a\" : 1}");
+  EXPECT_EQ(readPropertyList(path("stored.txt")), (Value::Array{"{\"a\" : 1}"}));
+  vnOLUtils::saveStrToFile(std::nullopt, path("stored.txt"));
+  EXPECT_EQ(vnOLUtils::readStrFromFile(path("stored.txt")), "{\"a\" : 1}");
+}
+
+TEST_F(Files, StoredTextIsTheLastOfTheListAndEmptyForAnyOtherFile) {
+  writePropertyList(Value::Array{"one", "two", "three"}, path("three.txt"));
+  writePropertyList(Value::array(), path("none.txt"));
+  writePropertyList(Value::dictionary(), path("dictionary.txt"));
+  replaceFile(path("plain.txt"), "plain text");
+  EXPECT_EQ(vnOLUtils::readStrFromFile(path("three.txt")), "three");
+  for (const char* name : {"none.txt", "dictionary.txt", "plain.txt", "missing.txt"}) {
+    EXPECT_EQ(vnOLUtils::readStrFromFile(path(name)), "") << name;
+  }
+  EXPECT_EQ(vnOLUtils::readStrFromFile(""), "");
+  EXPECT_EQ(vnOLUtils::readStrFromFile(std::nullopt), std::nullopt);
+}
+
+}  // namespace
+}  // namespace vorn

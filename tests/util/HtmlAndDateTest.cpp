@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "util/DateText.h"
+#include "util/HtmlText.h"
+
+namespace vorn {
+namespace {
+
+std::string repeated(std::string_view piece, std::size_t times) {
+  std::string text;
+  text.reserve(piece.size() * times);
+  for (std::size_t i = 0; i < times; ++i) text += piece;
+  return text;
+}
+
+TEST(HtmlText, HasTheLinesThatAReaderSees) {
+  const struct {
+    const char *html, *text;
+  } cases[] = {
+      {"", ""},
+      {"plain  text\n here ", "plain text here"},
+      {"a<br>b<br><br>c", "a\nb\n\nc"},
+      {"<p>a</p>\n<p>b</p>", "a\nb"},
+      {"<div>a<div>b</div>c</div>d", "a\nb\nc\nd"},
+      {"<div>a<br></div><div><br></div>b", "a\n\nb"},
+      {"<h1>Title</h1>text<ul><li>one<li>two</ul>", "Title\ntext\none\ntwo"},
+      {"<table><tr><td>a</td><td>b</td></tr><tr><td><p>c</p></td><td><p>d</p></td></tr></table>e",
+       "a\tb\nc\td\ne"},
+      {"<table><tr><td>a</td><td></td></tr><tr><td>b</td></tr></table>", "a\t\nb"},
+      {"<b>a</b><i>b</i> <u>c</u> d", "ab c d"},
+      {"<pre>a\r\n  b\tc</pre>d", "a\n  b\tc\nd"},
+      {"a&nbsp;&nbsp;b &amp; &lt;c&gt; &eacute; &#128512; &unknown;",
+       "a  b & <c> \xC3\xA9 \xF0\x9F\x98\x80 &unknown;"},
+      {"<html><head><title>t</title><style>p{}</style></head><body>hi</body></html>", "hi"},
+      {"<script>'<p>no</p>'</script>x<!-- no -->y", "xy"},
+      {"x<!--[if mso]>no<![endif]-->y<![if !mso]>z<![endif]>", "xyz"},
+      {"<a href=\"https://x/j/1?a>b\">link</a>", "link"},
+      {"a < b", "a < b"},
+      {"<p>unclosed <b>all", "unclosed all"},
+      {"text<!-- unterminated", "text"},
+      {"<meta charset=iso-8859-1>caf\xC3\xA9 \xFF", "caf\xC3\xA9 \xEF\xBF\xBD"},
+  };
+  for (const auto& each : cases) EXPECT_EQ(htmlToPlainText(each.html), each.text) << each.html;
+}
+
+TEST(HtmlText, GoesOnBehindAZeroByte) {
+  EXPECT_EQ(htmlToPlainText(std::string("a\0b", 3)),
+            "a\xEF\xBF\xBD"
+            "b");
+}
+
+// Each of these costs the square of its size in a reader that takes no care; the program's time limit tells.
+TEST(HtmlText, StaysLinearForMarkupThatIsMeantToHurt) {
+  const std::string attributes = [] {
+    std::string text = "<a";
+    for (int i = 0; i < 100'000; ++i) text += " a" + std::to_string(i) + "=1";
+    return text;
+  }();
+  EXPECT_EQ(htmlToPlainText(repeated("<b>", 200'000) + repeated("</i>", 200'000) + "x"), "x");
+  EXPECT_EQ(htmlToPlainText(repeated("<div>", 200'000) + "x"), "x");
+  EXPECT_EQ(htmlToPlainText(attributes + ">x</a>y"), "xy");
+  EXPECT_EQ(htmlToPlainText(attributes + " b='<p> c>x</a>y"), "c>xy")
+      << "the tag ends at the next sign that may end it";
+  EXPECT_EQ(htmlToPlainText("<img src=\"" + repeated("QUJD", 3'000'000) + "\">x"), "x");
+  EXPECT_EQ(htmlToPlainText("<!--" + repeated("<!--", 1'000'000) + "-->x"), "x");
+  EXPECT_EQ(htmlToPlainText(repeated("a", 11'000'000)).size(), 11'000'000U);
+  EXPECT_EQ(htmlToPlainText(repeated("<![", 500'000)).size() > 0, true);
+}
+
+TEST(DateText, WritesAndReadsInNamedZones) {
+  const struct {
+    double seconds;
+    const char *zone, *text;
+  } cases[] = {
+      {0, "UTC", "1970-01-01 00:00:00"},
+      {1700000000, "America/New_York", "2023-11-14 17:13:20"},
+      {1700000000, "Pacific Standard Time", "2023-11-14 14:13:20"},
+      {1700000000, "Asia/Kolkata", "2023-11-15 03:43:20"},
+      {-1, "UTC", "1969-12-31 23:59:59"},
+      {951782400, "UTC", "2000-02-29 00:00:00"},
+      {253402300799, "UTC", "9999-12-31 23:59:59"},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(dateText(each.seconds, each.zone), each.text);
+    EXPECT_EQ(dateFromText(each.text, each.zone), each.seconds) << each.text;
+  }
+  EXPECT_EQ(dateText(0.9, "UTC"), "1970-01-01 00:00:00");
+}
+
+TEST(DateText, ReadsSkippedAndRepeatedTimesWithTheOffsetBefore) {
+  EXPECT_EQ(dateFromText("2026-03-08 02:30:00", "America/New_York"), dateFromText("2026-03-08 07:30:00", "UTC"));
+  EXPECT_EQ(dateFromText("2026-11-01 01:30:00", "America/New_York"), dateFromText("2026-11-01 05:30:00", "UTC"));
+}
+
+TEST(DateText, RefusesUnknownZonesAndOtherForms) {
+  for (const char* zone : {"", "Nowhere/Else", "UTC\xFF"}) {
+    EXPECT_EQ(dateText(0, zone), std::nullopt) << zone;
+    EXPECT_EQ(dateFromText("2026-01-01 00:00:00", zone), std::nullopt) << zone;
+  }
+  for (const char* text : {"", "2026-01-01", "2026-1-01 00:00:00", "2026-02-29 00:00:00", "2026-01-01 24:00:00",
+                           "2026-01-01 00:60:00", "2026-13-01 00:00:00", "2026-01-01T00:00:00",
+                           "2026-01-01 00:00:00 ", "-026-01-01 00:00:00"}) {
+    EXPECT_EQ(dateFromText(text, "UTC"), std::nullopt) << text;
+  }
+  for (const double seconds : {1e300, -1e300, 253402300800.0, std::numeric_limits<double>::quiet_NaN()}) {
+    EXPECT_EQ(dateText(seconds, "UTC"), std::nullopt);
+  }
+}
+
+}  // namespace
+}  // namespace vorn

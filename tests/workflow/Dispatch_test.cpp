@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include "channel/commands/vnAPIKeys.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "tests/workflow/FakeWindow.h"
+#include "workflow/vnApptUIActionMgr.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+namespace {
+
+class Dispatch : public testing::Test {
+ protected:
+  Dispatch() {
+    defineWindowClasses(test.classRuntime);
+    WorkflowDirectory::sharedInstance().install();
+  }
+  TestPlatform test;
+};
+
+TEST_F(Dispatch, NumbersThatNobodyAnswersDoNothingButAreNotedAsTheLastAction) {
+  FakeWindow window(test);
+  for (const std::uint64_t number : {0, 7, 8, 13, 14, 16, 17, 1000}) {
+    window.manager->setState(VnStatePMIForSettings);
+    EXPECT_EQ(window.manager->sendVnMeetingCommand(number, window.bar->editor), 0) << number;
+    EXPECT_EQ(window.manager->getMeetingAction(), number);
+    EXPECT_EQ(window.manager->state(), VnStatePMIForSettings) << number;
+  }
+  EXPECT_TRUE(test.presenter.alerts.empty());
+}
+
+TEST_F(Dispatch, RepliesOutsideTheirRangeLeaveEverythingAsItWas) {
+  FakeWindow window(test);
+  window.manager->setState(VnStateChanging);
+  for (const std::uint64_t number : {0, 9, 10, 11, 12, 14, 17}) {
+    EXPECT_EQ(window.manager->onExcuteCommandFinished(number, Value::dictionary()), 0) << number;
+    EXPECT_EQ(window.manager->state(), VnStateChanging) << number;
+  }
+}
+
+TEST_F(Dispatch, EachCommandEntersItsStateAndSomeDeliberatelyNone) {
+  struct Row {
+    std::uint64_t command;
+    bool fromBar;
+    std::uint64_t state;
+  };
+  constexpr std::uint64_t kBefore = VnStatePMIForUpdate;
+  const Row rows[] = {
+      {VnCmdAdd, true, VnStateAdding},
+      {VnCmdChangeSettings, true, VnStateChanging},
+      {VnCmdCancel, true, kBefore},
+      {VnCmdSchedule, false, VnStateCommitting},
+      {VnCmdUpdate, false, VnStateCommitting},
+      {VnCmdDelete, false, kBefore},
+      {VnCmdStartWithVideo, false, kBefore},
+      {VnCmdStartWithoutVideo, false, kBefore},
+      {VnCmdAddPACAccount1, true, VnStatePAC},
+      {VnCmdAddPACAccount2, true, VnStatePAC},
+      {VnCmdGetMeetingByApptUUID, false, VnStateLoadByApptUUID},
+  };
+  for (const Row& row : rows) {
+    FakeWindow window(test);
+    window.manager->setState(kBefore);
+    if (row.fromBar) {
+      window.manager->sendVnMeetingCommand(row.command, std::shared_ptr<MeetingBar>(window.bar));
+    } else {
+      window.manager->sendVnMeetingCommand(row.command, window.bar->editor);
+    }
+    EXPECT_EQ(window.manager->state(), row.state) << row.command;
+  }
+}
+
+TEST_F(Dispatch, AnyAccountButTheSecondIsTheFirst) {
+  FakeWindow window(test);
+  for (const auto& [account, command] : {std::pair{0, 11}, {1, 11}, {2, 12}, {3, 11}}) {
+    vnApptUIActionMgr::sharedInstance().addPACMeeting(window.bar, account);
+    EXPECT_EQ(window.manager->getMeetingAction(), static_cast<std::uint64_t>(command)) << account;
+  }
+}
+
+TEST_F(Dispatch, ASaveIsPassedOnUnlessTheMeetingHasSomethingToTell) {
+  vnApptUIActionMgr& door = vnApptUIActionMgr::sharedInstance();
+  const HostObject stranger = test.classRuntime.create("ERCalendarEventEditorViewController",
+                                                       std::make_shared<Value>(Value::dictionary()));
+  EXPECT_EQ(door.handleVNMeeting(stranger, Value()), VnHandlePassOn);
+
+  FakeWindow window(test);
+  window.showLocation("Room 7");
+  for (const int status : {VnDataNone, VnDataAdded}) {
+    window.bar->dataStatus = status;
+    window.bar->result.setActionResult(false);
+    EXPECT_EQ(door.handleVNMeeting(window.bar->editor, Value::dictionaryFromPairs({{keyApptViewActionID, 2}})),
+              VnHandlePassOn);
+    EXPECT_TRUE(window.bar->getActionResult());
+    EXPECT_EQ(window.bar->action, VnApptActionSaveAndClose);
+    EXPECT_EQ(window.manager->getMeetingAction(), 0u);
+  }
+  window.bar->dataStatus = VnDataChanged;
+  EXPECT_EQ(door.handleVNMeeting(window.bar->editor, Value()), VnHandleBlocked);
+  EXPECT_EQ(window.manager->getMeetingAction(), VnCmdUpdate);
+  window.bar->dataStatus = VnDataDeleted;
+  door.handleVNMeeting(window.bar->editor, Value());
+  EXPECT_EQ(window.manager->getMeetingAction(), VnCmdDelete);
+}
+
+TEST_F(Dispatch, TheLookupsFallBackToTheSharedManagerExceptForAnUnlistedBar) {
+  FakeWindow first(test), second(test);
+  const HostObject unknown(0x1234);
+  const auto shared = vnMeetingMgr::sharedInstance();
+  using Monitor = vnMeetingMgrMonitor;
+  for (const FakeWindow* window : {&first, &second}) {
+    EXPECT_EQ(Monitor::getMeetingMgrByVnView(window->bar.get()), window->manager);
+    EXPECT_EQ(Monitor::getMeetingMgrByOlWindow(window->bar->ownWindow), window->manager);
+    EXPECT_EQ(Monitor::getMeetingMgrByApptWindowID(window->bar->ownWindow.windowId()), window->manager);
+    EXPECT_EQ(Monitor::getMeetingMgrByECCalendarEvent(window->bar->event), window->manager);
+    EXPECT_EQ(Monitor::getMeetingMgrByEditorViewCtrl(window->bar->editor), window->manager);
+    EXPECT_EQ(Monitor::getVnViewByMeetingMgr(window->manager.get()), window->bar);
+  }
+  EXPECT_EQ(Monitor::getMeetingMgrByVnView(nullptr), shared);
+  EXPECT_EQ(Monitor::getMeetingMgrByOlWindow(unknown), shared);
+  EXPECT_EQ(Monitor::getMeetingMgrByApptWindowID(std::nullopt), shared);
+  EXPECT_EQ(Monitor::getMeetingMgrByECCalendarEvent(unknown), shared);
+  EXPECT_EQ(Monitor::getMeetingMgrByEditorViewCtrl(unknown), shared);
+  FakeBar unlisted;
+  EXPECT_EQ(Monitor::getMeetingMgrByVnView(&unlisted), nullptr);
+}
+
+TEST_F(Dispatch, TheWindowOfACommandIsFoundThroughTheDirectory) {
+  FakeWindow window(test);
+  const Value data = window.manager->getVornMeetingData(window.bar->editor);
+  EXPECT_EQ(data[keyApptWindowID].text(), window.bar->ownWindow.windowId());
+  EXPECT_EQ(data[keyEventOwnerWindow].object(), window.bar->ownWindow);
+  EXPECT_TRUE(data[vn_Outlook_ApptInfo].isDictionary());
+}
+
+TEST_F(Dispatch, ASettingsCommitReachesOnlyItsOwnWindow) {
+  FakeWindow first(test), second(test);
+  first.manager->setMeetingAction(VnCmdAdd);
+  second.manager->setMeetingAction(VnCmdAdd);
+  test.notificationCenter.post(notify_SettingCommit, nullptr,
+                               Value::dictionaryFromPairs({{keyApptWindowID, second.bar->ownWindow.windowId()},
+                                                           {keyVNUserOperator, keyVNSettingCommit},
+                                                           {keyButtonClickIsOK, false}}));
+  EXPECT_EQ(first.manager->getMeetingAction(), VnCmdAdd);
+  // A dismissed panel on a meeting that was never stored runs the cancel route to its delete, which needs no
+  // request.
+  EXPECT_EQ(second.manager->getMeetingAction(), VnCmdDelete);
+}
+
+TEST_F(Dispatch, OnlyAResponseThatSaysSuccessIsOne) {
+  vnActionResultMgr result;
+  const std::pair<Value, bool> rows[] = {
+      {Value::dictionaryFromPairs({{keyVNResult, keyVNSuccess}}), true},
+      {Value::dictionaryFromPairs({{keyVNResult, keyVNFail}}), false},
+      {Value::dictionaryFromPairs({{keyVNResult, "success"}}), false},
+      {Value::dictionary(), false},
+      {Value(), false},
+  };
+  for (const auto& [response, expected] : rows) {
+    result.setActionResult(!expected);
+    result.setActionResultData(response);
+    EXPECT_EQ(result.getActionResult(), expected);
+  }
+}
+
+TEST_F(Dispatch, ManagersAndBarsGoWhenTheirPairIsRemoved) {
+  std::weak_ptr<vnMeetingMgr> manager;
+  {
+    FakeWindow window(test);
+    manager = window.manager;
+    window.manager->cleanup();
+    vnMeetingMgrMonitor::sharedInstance().removeInstanceByVnView(window.bar.get());
+    vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(window.bar.get());
+  }
+  test.runLoop.runFor(61);
+  EXPECT_TRUE(manager.expired());
+}
+
+}  // namespace
+}  // namespace vorn
