@@ -13,7 +13,6 @@ namespace {
 namespace fs = std::filesystem;
 using vornlab::DemoOptions;
 using vornlab::ExitCode;
-using vornlab::LabError;
 using vornlab::LabOptions;
 using vornlab::MeetOptions;
 

@@ -1,5 +1,7 @@
 #include "data/CVnGetMeetingProtoParse.h"
 
+#include <google/protobuf/arena.h>
+
 #include <utility>
 
 #include "data/OptionBits.h"
@@ -83,7 +85,9 @@ CVnGetMeetingProtoParse::CVnGetMeetingProtoParse(const std::uint8_t* bytes, std:
 }
 
 void CVnGetMeetingProtoParse::ReadFromProto(const std::uint8_t* bytes, std::int32_t length) {
-  proto::MeetingProto message;
+  // Thousands of small parts cost less to make and to drop together.
+  google::protobuf::Arena arena;
+  auto& message = *google::protobuf::Arena::CreateMessage<proto::MeetingProto>(&arena);
   if (!ProtoFromByteStream(&message, bytes, static_cast<std::uint32_t>(length))) return;
 
   scheduleOptions_ = message.scheduleoptions();

@@ -18,6 +18,13 @@ namespace {
 constexpr int kDeepestNesting = 100;
 constexpr std::size_t kLargestMessage = std::numeric_limits<std::int32_t>::max();
 
+// Most texts of the wire are plain ASCII, and this loop sees that many bytes at a time.
+bool isAscii(const std::string& text) {
+  unsigned char seen = 0;
+  for (const char c : text) seen |= static_cast<unsigned char>(c);
+  return seen < 0x80;
+}
+
 }  // namespace
 
 bool ProtoFromByteStream(google::protobuf::MessageLite* message, const std::uint8_t* bytes,
@@ -55,7 +62,7 @@ const std::uint8_t* ZeroPaddedBytes::data() const {
 }
 
 std::string textFromWire(std::string wire) {
-  if (isValidUtf8(wire)) return wire;
+  if (isAscii(wire) || isValidUtf8(wire)) return wire;
   std::string repaired;
   repaired.reserve(wire.size() + 16);
   for (std::size_t at = 0; at < wire.size();) {

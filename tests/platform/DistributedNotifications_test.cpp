@@ -47,7 +47,7 @@ class DistributedNotificationsTest : public testing::Test {
 };
 
 TEST_F(DistributedNotificationsTest, CarryWhatTextCanCarryToOthersAndToThePoster) {
-  const std::string long_(3 << 20, 'x');
+  const std::string long_(25 << 20, 'x');
   const std::string noUtf8 = "caf\xe9";
   struct Case {
     const char* what;
