@@ -35,7 +35,12 @@ void printBody(const std::string& body) {
   for (std::size_t line = 0; line < kLines && begin < shown.size(); ++line) {
     const std::size_t end = std::min(shown.find('\n', begin), shown.size());
     std::string text = shown.substr(begin, end - begin);
-    if (text.size() > kColumns) text = text.substr(0, kColumns) + " ...";
+    if (text.size() > kColumns) {
+      std::size_t cut = kColumns;
+      // Not inside a character.
+      while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0) == 0x80) --cut;
+      text = text.substr(0, cut) + " ...";
+    }
     std::printf("             | %s\n", text.c_str());
     begin = end + 1;
   }
