@@ -14,6 +14,7 @@
 #include <csignal>
 #include <cstring>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace vornlab {
@@ -140,17 +141,24 @@ void Server::accept() {
     connection.descriptor = descriptor;
     connection.id = ++lastId_;
     journal_.note("connected", {{"connection", connection.id}});
-    if (options_.announceVersion) {
-      const Envelope answer = service_.versionAnswer();
-      journal_.note("reply", {{"connection", connection.id},
-                              {"action", answer.action},
-                              {"bytes", answer.content.size()},
-                              {"micros", 0},
-                              {"content", answer.content}});
-      queue(connection, answer, {});
-      flush(connection);
-    }
+    if (std::exchange(versionIsOwed_, false) || options_.announceVersion) announceVersion(connection);
   }
+}
+
+void Server::announceVersion() {
+  versionIsOwed_ = connections_.empty();
+  for (auto& connection : connections_) announceVersion(connection);
+}
+
+void Server::announceVersion(Connection& connection) {
+  const Envelope answer = service_.versionAnswer();
+  journal_.note("reply", {{"connection", connection.id},
+                          {"action", answer.action},
+                          {"bytes", answer.content.size()},
+                          {"micros", 0},
+                          {"content", answer.content}});
+  queue(connection, answer, {});
+  flush(connection);
 }
 
 void Server::receive(Connection& connection) {

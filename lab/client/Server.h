@@ -40,8 +40,12 @@ class Server {
   // Opens the socket with mode 0600. One that nobody listens on is removed first. Throws ServerError.
   void listen();
 
-  // Serves until the descriptor becomes readable; a signalfd, for one.
+  // Serves until the descriptor becomes readable; a signalfd, for one. May be called again.
   void run(int stopDescriptor);
+
+  // Sends the agent's answer to each connection, or to the next one when there is none; on the thread that runs
+  // the server and while it does not run.
+  void announceVersion();
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -65,6 +69,7 @@ class Server {
   };
 
   void accept();
+  void announceVersion(Connection& connection);
   void receive(Connection& connection);
   void take(Connection& connection, const std::string& message);
   void queue(Connection& connection, const Envelope& reply, const std::vector<Fault>& faults);
@@ -83,6 +88,7 @@ class Server {
   std::uint64_t inode_ = 0;
   int lastId_ = 0;
   bool restartDue_ = false;
+  bool versionIsOwed_ = false;
   std::list<Connection> connections_;
 };
 

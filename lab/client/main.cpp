@@ -1,3 +1,5 @@
+#include <poll.h>
+#include <sys/epoll.h>
 #include <sys/signalfd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -6,14 +8,19 @@
 #include <csignal>
 #include <cstdint>
 #include <iostream>
+#include <map>
+#include <memory>
 #include <string>
 
+#include "lab/client/NotificationTransport.h"
 #include "lab/client/Server.h"
 
 namespace {
 
 constexpr int kFailed = 1;
 constexpr int kBadUsage = 2;
+
+enum class Transport { socket, notifications, both };
 
 struct Arguments {
   std::string home;
@@ -24,6 +31,7 @@ struct Arguments {
   std::string version = VORNCLIENT_VERSION;
   std::uint64_t seed = 0;
   bool announceVersion = false;
+  Transport transport = Transport::socket;
 };
 
 // The descriptor that becomes readable when the program is to end.
@@ -44,6 +52,33 @@ std::string shortVersion(const std::string& version) {
   return version.substr(0, end);
 }
 
+bool isReadable(int descriptor, int milliseconds) {
+  pollfd waiting{descriptor, POLLIN, 0};
+  return ::poll(&waiting, 1, milliseconds) > 0;
+}
+
+void add(int waiting, int descriptor) {
+  epoll_event event{};
+  event.events = EPOLLIN;
+  ::epoll_ctl(waiting, EPOLL_CTL_ADD, descriptor, &event);
+}
+
+// Serves the notifications and, when there is one, the socket, on one thread.
+void runBeside(vornlab::Server* server, vornlab::NotificationTransport& notifications, int stop) {
+  const int either = ::epoll_create1(EPOLL_CLOEXEC);
+  add(either, stop);
+  add(either, notifications.descriptor());
+  while (!isReadable(stop, 0)) {
+    if (server != nullptr) {
+      server->run(either);
+    } else {
+      isReadable(either, -1);
+    }
+    notifications.serve();
+  }
+  ::close(either);
+}
+
 int serve(const Arguments& arguments) {
   vornlab::Account account =
       arguments.account.empty() ? vornlab::Account::plain() : vornlab::Account::fromFile(arguments.account);
@@ -53,12 +88,29 @@ int serve(const Arguments& arguments) {
   const int stop = stopDescriptor();
   vornlab::Journal journal(arguments.journal);
   vornlab::Service service(std::move(account), {arguments.database, arguments.version, arguments.seed});
-  vornlab::Server server(service, journal, std::move(faults),
-                         {arguments.home + "/s.vop", arguments.announceVersion});
-  server.listen();
-  std::cout << "vornclient " << shortVersion(arguments.version) << " listens on " << arguments.home << "/s.vop"
-            << std::endl;
-  server.run(stop);
+  std::unique_ptr<vornlab::Server> server;
+  std::unique_ptr<vornlab::NotificationTransport> notifications;
+  std::string ready = "vornclient " + shortVersion(arguments.version);
+  if (arguments.transport != Transport::notifications) {
+    const std::string path = arguments.home + "/s.vop";
+    server = std::make_unique<vornlab::Server>(service, journal, faults,
+                                               vornlab::Server::Options{path, arguments.announceVersion});
+    server->listen();
+    ready += " listens on " + path;
+  }
+  if (arguments.transport != Transport::socket) {
+    notifications = std::make_unique<vornlab::NotificationTransport>(service, journal, faults);
+    // Who asks over the bus while it talks over the socket expects the answer there.
+    if (server) notifications->onVersionAnswer([&](const vornlab::Envelope&) { server->announceVersion(); });
+    notifications->connect();
+    ready += server ? " and observes notifications" : " observes notifications";
+  }
+  std::cout << ready << std::endl;
+  if (notifications) {
+    runBeside(server.get(), *notifications, stop);
+  } else {
+    server->run(stop);
+  }
   ::close(stop);
   return 0;
 }
@@ -67,8 +119,10 @@ int serve(const Arguments& arguments) {
 
 int main(int argc, char** argv) {
   Arguments arguments;
-  CLI::App app("The stand-in client: answers a scheduling plug-in over a socket, with meetings in a database.",
-               "vornclient");
+  CLI::App app(
+      "The stand-in client: answers a scheduling plug-in over a socket or the session bus, with meetings in a "
+      "database.",
+      "vornclient");
   app.add_option("--home", arguments.home, "The folder in which the socket s.vop is made")
       ->required()
       ->check(CLI::ExistingDirectory);
@@ -80,6 +134,11 @@ int main(int argc, char** argv) {
   app.add_option("--version", arguments.version, "The version that is announced")->capture_default_str();
   app.add_option("--seed", arguments.seed, "Makes the meeting numbers the same each time");
   app.add_flag("--announce-version", arguments.announceVersion, "Send the version to each new connection");
+  const std::map<std::string, Transport> transports = {
+      {"socket", Transport::socket}, {"notifications", Transport::notifications}, {"both", Transport::both}};
+  app.add_option("--transport", arguments.transport,
+                 "How it is reached: socket, which is the usual way, notifications on the session bus, or both")
+      ->transform(CLI::CheckedTransformer(transports).description(""));
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

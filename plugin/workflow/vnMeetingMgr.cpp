@@ -82,8 +82,7 @@ void vnMeetingMgr::clearAllSavedData() {
   vnUserProfileHelper::sharedInstance().clearUserProfile();
 }
 
-// -- Commands and replies
-// -------------------------------------------------------------------------------------------
+// -- Commands and replies ----------------------------------------------------------------------------------------
 
 namespace {
 
@@ -186,8 +185,7 @@ bool vnMeetingMgr::stopsForMissingLicence() {
   return vnLicencePolicy::checkIfShowNoMeetingLicenseWindow(vnUserProfileHelper::sharedInstance().userType());
 }
 
-// -- Small views of the working data
-// --------------------------------------------------------------------------------
+// -- Small views of the working data -----------------------------------------------------------------------------
 
 OptionalText vnMeetingMgr::getVornMeetingKey() { return meetingDataMgr_->meetingKey(); }
 
@@ -222,8 +220,7 @@ bool vnMeetingMgr::isMeetingChanged(const Value& meetingData, const Value& oldMe
   return vnMeetingDataMgr::isMeetingChanged(meetingData, oldMeetingInfo);
 }
 
-// -- For the commands and the body engine
-// ---------------------------------------------------------------------------
+// -- For the commands and the body engine ------------------------------------------------------------------------
 
 OptionalText vnMeetingMgr::meetingKey() { return meetingDataMgr_->meetingKey(); }
 

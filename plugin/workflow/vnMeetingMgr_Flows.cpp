@@ -39,8 +39,7 @@ constexpr int kCommitErrorSecurity = 3113;
 
 }  // namespace
 
-// -- Add
-// ------------------------------------------------------------------------------------------------------------
+// -- Add ---------------------------------------------------------------------------------------------------------
 
 int vnMeetingMgr::addVornMeeting(const std::shared_ptr<MeetingBar>& bar) {
   if (!vnUserProfileHelper::sharedInstance().hasUserProfile()) {
@@ -114,8 +113,7 @@ void vnMeetingMgr::onInvokeSettingCommit(const Value& userInfo) {
   onExcuteCommandFinished(getMeetingAction(), userInfo);
 }
 
-// -- Change
-// ---------------------------------------------------------------------------------------------------------
+// -- Change ------------------------------------------------------------------------------------------------------
 
 int vnMeetingMgr::changeSettings(const std::shared_ptr<MeetingBar>& bar) {
   if (!vnUserProfileHelper::sharedInstance().hasUserProfile()) {
@@ -141,16 +139,14 @@ void vnMeetingMgr::onChangeSettingFinished(const Value& data) {
   if (isSettingCommitOK(data)) sendVnMeetingCommand(VnCmdUpdate, editorOf(barOfReply(data)));
 }
 
-// -- Cancel
-// ---------------------------------------------------------------------------------------------------------
+// -- Cancel ------------------------------------------------------------------------------------------------------
 
 int vnMeetingMgr::cancelVornMeeting(const std::shared_ptr<MeetingBar>& bar) {
   if (stopsForMissingLicence()) return 0;
   return onExcuteCommandFinished(VnCmdCancel, getVornMeetingData(editorOf(bar)));
 }
 
-// -- The personal meeting ID
-// ----------------------------------------------------------------------------------------
+// -- The personal meeting ID -------------------------------------------------------------------------------------
 
 void vnMeetingMgr::getPMIMeetingInfo(const std::shared_ptr<MeetingBar>& bar, std::uint64_t state) {
   vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
@@ -175,8 +171,7 @@ std::string vnMeetingMgr::getScheduldForEmailFromUI(const std::shared_ptr<Meetin
   return onbehalf.isCurrentScheduleVornForOther(windowId) ? onbehalf.onbehalfEmail(windowId) : std::string();
 }
 
-// -- The account's profile
-// ------------------------------------------------------------------------------------------
+// -- The account's profile ---------------------------------------------------------------------------------------
 
 void vnMeetingMgr::prepareUserProfile(const std::shared_ptr<MeetingBar>& bar, bool /*fromClientSchedule*/) {
   if (vnUserProfileHelper::sharedInstance().hasUserProfile()) return;
@@ -205,8 +200,7 @@ void vnMeetingMgr::onGetUserProfileActionFinished(const Value& data) {
   }
 }
 
-// -- Scheduling for somebody else
-// -----------------------------------------------------------------------------------
+// -- Scheduling for somebody else --------------------------------------------------------------------------------
 
 void vnMeetingMgr::onGetScheduleForListFinished(const Value& data) {
   if (isForUpdateVornMeeting()) return;
@@ -230,8 +224,7 @@ void vnMeetingMgr::changeUIWithScheduleForEmainError(const HostObject& parentWin
   if (bar) bar->onUIChanged(VnUINotMeeting);
 }
 
-// -- Errors of a commit that the panel shows
-// -------------------------------------------------------------------------
+// -- Errors of a commit that the panel shows ---------------------------------------------------------------------
 
 void vnMeetingMgr::showSettingsWindowWithCommitError(const HostObject& parentWindow, int errorCode) {
   if (errorCode == kCommitErrorStrongerPasscode) setSecurityOptionErrorInfo(vn_NotStrongerPasscode, true);

@@ -53,8 +53,7 @@ OptionalText uuidOf(vnERCalendarEventEditorViewController& editor) {
 
 }  // namespace
 
-// -- Schedule and update
-// --------------------------------------------------------------------------------------------
+// -- Schedule and update -----------------------------------------------------------------------------------------
 
 int vnMeetingMgr::scheduleUpdateVornMeeting(const HostObject& editor, std::uint64_t command) {
   const Value data = getVornMeetingData(editor);
@@ -183,8 +182,7 @@ void vnMeetingMgr::onGetMeetingActionFinished(const Value& data) {
   }
 }
 
-// -- Writing back
-// ---------------------------------------------------------------------------------------------------
+// -- Writing back ------------------------------------------------------------------------------------------------
 
 void vnMeetingMgr::updateMailBodyForSchedule(const HostObject& editor) {
   const bool isHTML = getMeetingHelper_->supportHtmlEmail();
@@ -235,8 +233,7 @@ void vnMeetingMgr::updateVnKeyInfoToAppointment(const HostObject& editor, const 
   if (const OptionalText stored = meetingDataMgr_->getOldJoinUrl()) save.setJoinURLFromProperty(stored);
 }
 
-// -- Delete
-// ---------------------------------------------------------------------------------------------------------
+// -- Delete ------------------------------------------------------------------------------------------------------
 
 int vnMeetingMgr::deleteVornMeeting(const HostObject& editor) {
   const Value data = getVornMeetingData(editor);
@@ -285,8 +282,7 @@ void vnMeetingMgr::updateVnMeetingInfoToAppointmentForDelete(const HostObject& e
   proxy.setLocation(location);
 }
 
-// -- The host's operation, made again
-// -------------------------------------------------------------------------------
+// -- The host's operation, made again ----------------------------------------------------------------------------
 
 void vnMeetingMgr::scheduleCloseOLAppointment(const HostObject& editor) {
   Registry::platform().runLoop->performAfter(0, this, "closeOLAppointment:", [weak = weak_from_this(), editor] {
@@ -369,8 +365,7 @@ void vnMeetingMgr::updateApptUUIDToMeeting(const HostObject& parentWindow, const
   apiMgr_->updateMeeting(parentWindow, data);
 }
 
-// -- Whose meeting it is
-// --------------------------------------------------------------------------------------------
+// -- Whose meeting it is -----------------------------------------------------------------------------------------
 
 bool vnMeetingMgr::checkScheduleOwnerMatched(const HostObject& editor) {
   const auto bar = barOfEditor(editor);

@@ -87,8 +87,7 @@ HostObject vnActionAdditionView::editorViewWindow() {
   return askHost(askHost(editorViewController(), "view").object(), "window").object();
 }
 
-// -- When an editor opens
-// ------------------------------------------------------------------------------------------
+// -- When an editor opens ----------------------------------------------------------------------------------------
 
 void vnActionAdditionView::scheduleOnChangeUINotification(const Value& opened) {
   Registry::platform().runLoop->performAfter(0, &kClassTarget, kOnChangeUI,
@@ -134,8 +133,7 @@ void vnActionAdditionView::attachOutlookERCalendarEventEditorWindowController(co
   m_pERCalendarEventEditorViewCtrl = std::make_unique<vnERCalendarEventEditorViewController>(editor);
 }
 
-// -- When its window closes
-// ----------------------------------------------------------------------------------------
+// -- When its window closes --------------------------------------------------------------------------------------
 
 void vnActionAdditionView::onWindowWillClose(const HostObject& closing) {
   if (!closing || closing != window()) return;
@@ -164,8 +162,7 @@ void vnActionAdditionView::cleanup() {
   vnMeetingMgrMonitor::sharedInstance().removeInstanceByVnView(this);
 }
 
-// -- What the workflow reads and writes
-// ----------------------------------------------------------------------------
+// -- What the workflow reads and writes --------------------------------------------------------------------------
 
 vnMeetingDataMgr* vnActionAdditionView::meetingData() { return m_pvnMeetingMgr->meetingDataMgr(); }
 

@@ -21,7 +21,8 @@ namespace vorn {
 class EmbeddedDistributedNotifications final : public DistributedNotifications {
  public:
   // Joins the bus at the address, or, when that is empty, the session bus of the environment. Null when none can
-  // be reached. The run loop must outlive the result.
+  // be reached; the library then keeps a little memory for each address that was given. The run loop must outlive
+  // the result.
   static std::unique_ptr<EmbeddedDistributedNotifications> connect(RunLoop& runLoop,
                                                                    const std::string& address = {});
   ~EmbeddedDistributedNotifications() override;

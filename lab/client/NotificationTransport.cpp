@@ -1,0 +1,251 @@
+#include "lab/client/NotificationTransport.h"
+
+#include <sdbus-c++/sdbus-c++.h>
+#include <sys/epoll.h>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <cstring>
+#include <utility>
+
+namespace vornlab {
+namespace {
+
+using std::chrono::microseconds;
+
+constexpr auto kPath = "/us/vorn/DistributedNotifications";
+constexpr auto kInterface = "us.vorn.DistributedNotifications";
+constexpr auto kSignal = "Posted";
+constexpr auto kMatchRule = "type='signal',interface='us.vorn.DistributedNotifications',member='Posted'";
+
+constexpr auto kRequest = "VornOutlookPluginToVornVideoClient";
+constexpr auto kReply = "VornVideoClientToVornOutlookPlugin";
+constexpr auto kVersionQuestion = "VornOutlookPlugin.GetClientVersion";
+constexpr auto kVersionAnswer = "vOutlookPluginAgentToVOutlookPlugin";
+constexpr auto kActivationParameter = "Param_ActivateVornApplicationExternally";
+// What the client and the agent would act on, and are only seen to hear of here.
+constexpr std::array kHeard = {"VornOutlookPlugin.LaunchClient", "VornOutlookPlugin.OpenAboutDialog",
+                               "Noti_SilentActiveVornApp", "Noti_ActivateVornApplicationExternally"};
+
+std::optional<Envelope> envelopeOf(const std::map<std::string, std::string>& texts) {
+  const auto action = texts.find("actionId");
+  const auto content = texts.find("content");
+  if (action == texts.end() || content == texts.end()) return std::nullopt;
+  Envelope envelope{0, content->second};
+  const char* const digits = action->second.data();
+  if (std::from_chars(digits, digits + action->second.size(), envelope.action).ec != std::errc{}) {
+    return std::nullopt;
+  }
+  return envelope;
+}
+
+bool spoilsAStream(const Fault& fault) {
+  switch (fault.kind) {
+    case FaultKind::kSplit:
+    case FaultKind::kSplitEvery:
+    case FaultKind::kGlue:
+    case FaultKind::kTruncate:
+    case FaultKind::kNotUtf8: return true;
+    default: return false;
+  }
+}
+
+}  // namespace
+
+// One connection to the bus. Every operation throws sdbus::Error when the bus has gone.
+class NotificationTransport::Bus {
+ public:
+  struct Notification {
+    std::string name;
+    bool hasUserInfo = false;
+    Texts userInfo;
+  };
+
+  Bus()
+      : connection_(sdbus::createSessionBusConnection()),
+        sender_(sdbus::createObject(*connection_, kPath)),
+        match_(connection_->addMatch(kMatchRule, [this](sdbus::Message& message) { receive(message); })) {}
+
+  // The next one that has come in, or nothing for now.
+  std::optional<Notification> next() {
+    while (!arrived_ && connection_->processPendingRequest()) {
+    }
+    return std::exchange(arrived_, std::nullopt);
+  }
+
+  void send(const std::string& name, const Texts& userInfo) {
+    sender_->emitSignal(kSignal).onInterface(kInterface).withArguments(name, true, userInfo);
+  }
+
+  // What to wait for, as poll() has it, and where.
+  sdbus::IConnection::PollData awaited() const { return connection_->getEventLoopPollData(); }
+
+ private:
+  void receive(sdbus::Message& message) {
+    try {
+      Notification notification;
+      message >> notification.name >> notification.hasUserInfo >> notification.userInfo;
+      arrived_ = std::move(notification);
+    } catch (const sdbus::Error&) {
+      // A signal with other arguments.
+    }
+  }
+
+  std::optional<Notification> arrived_;
+  std::unique_ptr<sdbus::IConnection> connection_;
+  std::unique_ptr<sdbus::IObject> sender_;
+  sdbus::Slot match_;
+};
+
+NotificationTransport::NotificationTransport(Service& service, Journal& journal, FaultBook faults)
+    : service_(service), journal_(journal), faults_(std::move(faults)) {
+  timer_ = ::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
+  waiting_ = ::epoll_create1(EPOLL_CLOEXEC);
+  epoll_event event{};
+  event.events = EPOLLIN;
+  if (timer_ < 0 || waiting_ < 0 || ::epoll_ctl(waiting_, EPOLL_CTL_ADD, timer_, &event) != 0) {
+    throw NotificationError(std::string("no timer: ") + std::strerror(errno));
+  }
+}
+
+NotificationTransport::~NotificationTransport() {
+  bus_.reset();
+  ::close(waiting_);
+  ::close(timer_);
+}
+
+void NotificationTransport::connect() {
+  try {
+    bus_ = std::make_unique<Bus>();
+    epoll_event event{};
+    event.events = EPOLLIN;
+    ::epoll_ctl(waiting_, EPOLL_CTL_ADD, bus_->awaited().fd, &event);
+  } catch (const sdbus::Error& error) {
+    throw NotificationError("no session bus can be joined: " + error.getMessage());
+  }
+  journal_.note("joined", nlohmann::json::object());
+  // Joining may have taken in some already.
+  serve();
+}
+
+void NotificationTransport::serve() {
+  if (!bus_) return;
+  try {
+    sendDue();
+    while (const auto notification = bus_->next()) {
+      take(notification->name, notification->userInfo);
+      sendDue();
+    }
+    watchBus();
+  } catch (const sdbus::Error&) {
+    journal_.note("left", nlohmann::json::object());
+    // With it goes its place in the epoll.
+    bus_.reset();
+    outgoing_.clear();
+  }
+  setTimer();
+}
+
+void NotificationTransport::take(const std::string& name, const Texts& userInfo) {
+  if (name == kRequest) {
+    takeRequest(userInfo);
+  } else if (name == kVersionQuestion) {
+    journal_.note("notification", {{"name", name}});
+    answerVersion();
+  } else if (std::find(kHeard.begin(), kHeard.end(), name) != kHeard.end()) {
+    nlohmann::json members = {{"name", name}};
+    const auto parameter = userInfo.find(kActivationParameter);
+    if (parameter != userInfo.end()) members["content"] = maskedRequest({0, parameter->second});
+    journal_.note("notification", std::move(members));
+  }
+}
+
+void NotificationTransport::takeRequest(const Texts& userInfo) {
+  const auto begin = Clock::now();
+  const auto request = envelopeOf(userInfo);
+  if (!request) {
+    journal_.note("malformed", {{"name", kRequest}});
+    return;
+  }
+  const std::uint32_t operation = Service::operationOf(*request);
+  const auto replies = service_.handle(*request);
+  const auto micros = std::chrono::duration_cast<microseconds>(Clock::now() - begin).count();
+
+  nlohmann::json members = {{"name", kRequest},
+                            {"action", request->action},
+                            {"bytes", request->content.size()},
+                            {"content", maskedRequest(*request)}};
+  if (operation != 0) members["operation"] = operation;
+  journal_.note("request", std::move(members));
+  for (const auto& reply : replies) {
+    const auto faults = faults_.next(request->action, operation);
+    queue(reply, faults);
+    members = {{"name", kReply},        {"action", reply.action},
+               {"to", request->action}, {"bytes", reply.content.size()},
+               {"micros", micros},      {"content", maskedReply(reply)}};
+    for (const auto& fault : faults) members["faults"].push_back(fault.words);
+    journal_.note("reply", std::move(members));
+  }
+}
+
+void NotificationTransport::queue(const Envelope& reply, const std::vector<Fault>& faults) {
+  std::vector<Fault> ours;
+  std::remove_copy_if(faults.begin(), faults.end(), std::back_inserter(ours), spoilsAStream);
+  const Delivery delivery = deliveryOf(reply, ours);
+  const auto due = Clock::now() + std::chrono::milliseconds(delivery.delayMilliseconds);
+  if (delivery.end == Delivery::End::kDie) outgoing_.push_back({{}, due, delivery.end});
+  // Nothing has cut the text, so each piece is an envelope.
+  for (const auto& piece : delivery.pieces) {
+    if (const auto envelope = fromText(piece)) outgoing_.push_back({*envelope, due});
+  }
+}
+
+void NotificationTransport::answerVersion() {
+  const Envelope answer = service_.versionAnswer();
+  journal_.note("reply", {{"name", kVersionAnswer},
+                          {"action", answer.action},
+                          {"bytes", answer.content.size()},
+                          {"micros", 0},
+                          {"content", answer.content}});
+  // The agent is another program: a reply of the client's that is held back does not hold this up.
+  send(kVersionAnswer, answer);
+  if (versionAnswered_) versionAnswered_(answer);
+}
+
+void NotificationTransport::send(const char* name, const Envelope& envelope) {
+  bus_->send(name, {{"actionId", std::to_string(envelope.action)}, {"content", envelope.content}});
+}
+
+void NotificationTransport::sendDue() {
+  for (; !outgoing_.empty() && outgoing_.front().due <= Clock::now(); outgoing_.pop_front()) {
+    // As a crash does it: nothing is tidied up.
+    if (outgoing_.front().end == Delivery::End::kDie) ::raise(SIGKILL);
+    send(kReply, outgoing_.front().envelope);
+  }
+}
+
+// What does not fit into the bus at once goes out when it can be written again.
+void NotificationTransport::watchBus() {
+  const auto awaited = bus_->awaited();
+  epoll_event event{};
+  event.events = static_cast<std::uint32_t>(awaited.events);
+  ::epoll_ctl(waiting_, EPOLL_CTL_MOD, awaited.fd, &event);
+}
+
+void NotificationTransport::setTimer() {
+  itimerspec next{};
+  if (!outgoing_.empty()) {
+    const auto left = std::max<Clock::duration>(outgoing_.front().due - Clock::now(), microseconds(1));
+    const auto whole = std::chrono::duration_cast<std::chrono::seconds>(left);
+    next.it_value.tv_sec = static_cast<time_t>(whole.count());
+    next.it_value.tv_nsec = static_cast<long>(std::chrono::nanoseconds(left - whole).count());
+  }
+  ::timerfd_settime(timer_, 0, &next, nullptr);
+}
+
+}  // namespace vornlab

@@ -1,0 +1,45 @@
+#include "platform/apple/LiveObjects.h"
+
+#import <Foundation/Foundation.h>
+#include <objc/runtime.h>
+
+#include "platform/apple/DeathWatch.h"
+
+namespace vorn {
+
+LiveObjects& LiveObjects::instance() {
+  static LiveObjects& all = *std::make_unique<LiveObjects>().release();
+  return all;
+}
+
+HostObject LiveObjects::reference(id object, Holding holding) {
+  if (!object) return {};
+  note(object);
+  const auto address = reinterpret_cast<std::uintptr_t>(object);
+  if (holding == Holding::never || [object retainCount] > 1) return HostObject(address);
+  [object retain];
+  return HostObject(address, std::shared_ptr<void>(static_cast<void*>(object),
+                                                   [](void* held) { [static_cast<id>(held) release]; }));
+}
+
+id LiveObjects::object(const HostObject& reference) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return addresses_.contains(reference.address()) ? reinterpret_cast<id>(reference.address()) : nil;
+}
+
+void LiveObjects::note(id object) {
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (!addresses_.insert(reinterpret_cast<std::uintptr_t>(object)).second) return;
+  }
+  // A class stays for ever.
+  if (!class_isMetaClass(object_getClass(object))) watchDeath(object, &LiveObjects::forget);
+}
+
+void LiveObjects::forget(id object) {
+  LiveObjects& all = instance();
+  const std::lock_guard<std::mutex> lock(all.mutex_);
+  all.addresses_.erase(reinterpret_cast<std::uintptr_t>(object));
+}
+
+}  // namespace vorn

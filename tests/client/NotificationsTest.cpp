@@ -1,0 +1,178 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <csignal>
+#include <fstream>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "RunningClient.h"
+#include "platform/embedded/AsioRunLoop.h"
+#include "platform/embedded/EmbeddedDistributedNotifications.h"
+#include "tests/support/PrivateBus.h"
+
+namespace vornlab {
+namespace {
+
+using test::Caller;
+using test::RunningClient;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using vorn::Value;
+
+Value asDictionary(const Envelope& envelope) {
+  return Value::Dictionary{{"actionId", std::to_string(envelope.action)}, {"content", envelope.content}};
+}
+
+// The program and the product's own end of the bus, in two processes.
+class NotificationsTest : public testing::Test {
+ protected:
+  using Names = std::vector<std::string>;
+
+  void SetUp() override {
+    if (!vorn::PrivateBus::isInstalled()) GTEST_SKIP() << "dbus-daemon is not installed";
+    bus = std::make_unique<vorn::PrivateBus>();
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", bus->address().c_str(), 1);
+    plugin = vorn::EmbeddedDistributedNotifications::connect(loop);
+    ASSERT_TRUE(plugin);
+    for (const char* name : {kReply, kVersion}) {
+      subscriptions.push_back(plugin->observe(name, [this, name](const Value& userInfo) {
+        heard.emplace_back(name, Envelope{static_cast<std::uint32_t>(userInfo["actionId"].integerValue()),
+                                          userInfo["content"].text()});
+      }));
+    }
+  }
+  void TearDown() override { ::unsetenv("DBUS_SESSION_BUS_ADDRESS"); }
+
+  std::vector<std::string> arguments(std::vector<std::string> more) const {
+    std::vector<std::string> all = {"--home",    home.path(),      "--db",      home / "meetings.db",
+                                    "--journal", home / "journal", "--version", "5.4.60000"};
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+  }
+
+  void request(const Envelope& envelope) {
+    plugin->post("VornOutlookPluginToVornVideoClient", asDictionary(envelope));
+  }
+  bool waitForReplies(std::size_t count) {
+    return loop.runUntil([&] { return heard.size() >= count; }, 10);
+  }
+
+  std::vector<nlohmann::json> journal() const {
+    std::vector<nlohmann::json> events;
+    std::ifstream file(home / "journal");
+    for (std::string line; std::getline(file, line);) events.push_back(nlohmann::json::parse(line));
+    return events;
+  }
+
+  static constexpr auto kReply = "VornVideoClientToVornOutlookPlugin";
+  static constexpr auto kVersion = "vOutlookPluginAgentToVOutlookPlugin";
+
+  test::TemporaryFolder home;
+  vorn::AsioRunLoop loop;
+  std::unique_ptr<vorn::PrivateBus> bus;
+  std::unique_ptr<vorn::EmbeddedDistributedNotifications> plugin;
+  std::vector<std::unique_ptr<vorn::DistributedNotifications::Subscription>> subscriptions;
+  std::vector<std::pair<std::string, Envelope>> heard;
+};
+
+TEST_F(NotificationsTest, answersTheRequestsOfTheClientAndTheQuestionOfTheAgent) {
+  RunningClient client(arguments({"--transport", "notifications"}));
+  ASSERT_EQ(client.line(), "vornclient 5.4.60000 observes notifications");
+  EXPECT_FALSE(std::filesystem::exists(home / "s.vop"));
+  request({11, "11"});
+  plugin->post("VornOutlookPlugin.GetClientVersion", {});
+  request({3, "4;424242"});
+  ASSERT_TRUE(waitForReplies(3));
+  const std::pair<std::string, Envelope> people{kReply, {11, R"({"bosses":[]})"}};
+  const std::pair<std::string, Envelope> version{kVersion, {200, "5.4.60000"}};
+  EXPECT_EQ(heard[0], people);
+  EXPECT_EQ(heard[1], version);
+  EXPECT_EQ(heard[2].second.action, 4U);
+  EXPECT_THAT(heard[2].second.content, HasSubstr("0;Error "));
+}
+
+TEST_F(NotificationsTest, areNotedInTheJournalWithoutSecrets) {
+  RunningClient client(arguments({"--transport", "notifications"}));
+  ASSERT_TRUE(client.line());
+  request({3, R"(1;;;;;;;;;;;;;{"apptInfo": {"subject": "A", "startTime": "1793000000", "duration": "30"},)"
+              R"( "setting": {"meetingPassword": "pass-771", "audioOption": 2}})"});
+  plugin->post("VornOutlookPluginToVornVideoClient", Value::Dictionary{{"actionId", "11"}});
+  for (const char* name :
+       {"VornOutlookPlugin.LaunchClient", "VornOutlookPlugin.OpenAboutDialog", "Noti_SilentActiveVornApp"}) {
+    plugin->post(name, {});
+  }
+  plugin->post("Noti_ActivateVornApplicationExternally",
+               Value::Dictionary{{"Param_ActivateVornApplicationExternally", "vornmtg://host/start?pwd=771"}});
+  plugin->post("Somebody.Elses", {});
+  request({11, "11"});
+  ASSERT_TRUE(waitForReplies(2));
+  client.stop(SIGTERM);
+  EXPECT_EQ(client.wait(), 0);
+
+  std::vector<std::string> events;
+  for (const auto& event : journal()) {
+    events.push_back(event["event"] == "notification" ? event["name"] : event["event"]);
+    EXPECT_THAT(event.dump(), testing::Not(HasSubstr("771")));
+  }
+  EXPECT_THAT(events, ElementsAre("joined", "request", "reply", "malformed", "VornOutlookPlugin.LaunchClient",
+                                  "VornOutlookPlugin.OpenAboutDialog", "Noti_SilentActiveVornApp",
+                                  "Noti_ActivateVornApplicationExternally", "request", "reply"));
+  EXPECT_EQ(journal()[7]["content"], "vornmtg://host/start?pwd=***");
+}
+
+TEST_F(NotificationsTest, areSpoiltAsTheFaultsFileSays) {
+  const auto faults = home.write("faults",
+                                 "reply 1 to action 11: delay 0.5 s\n"
+                                 "reply 2 to action 11: split at 7, error 3113, twice\n"
+                                 "reply 3 to action 11: silent\n"
+                                 "reply 4 to action 11: close\n"
+                                 "reply 5 to action 11: grow 4000000\n"
+                                 "reply 1 to action 9: die\n");
+  RunningClient client(arguments({"--transport", "notifications", "--faults", faults}));
+  ASSERT_TRUE(client.line());
+  request({11, "11"});
+  plugin->post("VornOutlookPlugin.GetClientVersion", {});
+  for (int i = 0; i < 4; ++i) request({11, "11"});
+  ASSERT_TRUE(waitForReplies(5));
+  EXPECT_EQ(heard[0].first, kVersion) << "the agent does not wait for the client";
+  EXPECT_EQ(heard[1].second, (Envelope{11, R"({"bosses":[]})"}));
+  EXPECT_EQ(heard[2].second, (Envelope{11, "0;Error 3113"}));
+  EXPECT_EQ(heard[3].second, (Envelope{11, "0;Error 3113"}));
+  EXPECT_EQ(heard[4].second.content.size(), 4'000'000U);
+  request({9, "9"});
+  EXPECT_EQ(client.wait(), -SIGKILL);
+}
+
+TEST_F(NotificationsTest, goBesideTheSocketWhichGetsTheVersionToo) {
+  RunningClient client(arguments({"--transport", "both"}));
+  ASSERT_EQ(client.line(), "vornclient 5.4.60000 listens on " + (home / "s.vop") + " and observes notifications");
+  plugin->post("VornOutlookPlugin.GetClientVersion", {});
+  ASSERT_TRUE(waitForReplies(1));
+  Caller caller(home / "s.vop");
+  EXPECT_EQ(caller.receive(), (Envelope{200, "5.4.60000"})) << "asked before it was connected";
+  EXPECT_EQ(caller.ask({11, "11"}), (Envelope{11, R"({"bosses":[]})"}));
+  plugin->post("VornOutlookPlugin.GetClientVersion", {});
+  EXPECT_EQ(caller.receive(), (Envelope{200, "5.4.60000"}));
+  request({11, "11"});
+  ASSERT_TRUE(waitForReplies(3));
+
+  bus->kill();
+  EXPECT_EQ(caller.ask({11, "11"}), (Envelope{11, R"({"bosses":[]})"})) << "the bus has gone, the socket has not";
+  client.stop(SIGTERM);
+  EXPECT_EQ(client.wait(), 0);
+}
+
+TEST_F(NotificationsTest, needABus) {
+  bus->kill();
+  RunningClient client(arguments({"--transport", "notifications"}));
+  EXPECT_EQ(client.wait(), 1);
+  EXPECT_THAT(client.errors(), HasSubstr("no session bus can be joined: "));
+}
+
+}  // namespace
+}  // namespace vornlab
