@@ -17,6 +17,8 @@ struct LabOptions {
   std::string clientDatabase = ":memory:";
   // Who is signed in at the client; "" for the plain account.
   std::filesystem::path account;
+  // The version of the system that the plug-in finds, which decides the transport: before 10.15 notifications.
+  std::string systemVersion = "10.15.0";
   // Seconds that one appointment may take.
   double timeoutSeconds = 60;
 

@@ -9,6 +9,9 @@ bool isCommit(const vorn::Value& envelope) {
   return envelope["action"].integerValue() == 3 && (content.starts_with("1;") || content.starts_with("2;"));
 }
 
+// The agent's word about the client's version, which answers no request.
+bool isFromAgent(const vorn::Value& envelope) { return envelope["action"].integerValue() == 200; }
+
 }  // namespace
 
 void RoadTrace::note(std::string_view step, const vorn::Value& facts) {
@@ -16,7 +19,7 @@ void RoadTrace::note(std::string_view step, const vorn::Value& facts) {
     ++sent_;
     if (isCommit(facts)) ++commits_;
   } else if (step == "received") {
-    ++received_;
+    if (!isFromAgent(facts)) ++received_;
     constexpr std::string_view kError = "0;Error ";
     if (const std::string& content = facts["content"].text(); content.starts_with(kError)) {
       refusal_ = content.substr(kError.size());

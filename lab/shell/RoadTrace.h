@@ -21,6 +21,7 @@ class RoadTrace final : public vorn::Trace {
   void setListener(Listener listener) { listener_ = std::move(listener); }
 
   std::size_t sent() const { return sent_; }
+  // Replies; what the agent says by itself is none.
   std::size_t received() const { return received_; }
   // Requests that made or changed a meeting at the service.
   std::size_t commits() const { return commits_; }

@@ -1,5 +1,8 @@
 #include "lab/shell/Session.h"
 
+#include <csignal>
+#include <cstdio>
+
 #include "lab/client/Account.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
@@ -38,13 +41,25 @@ vorn::EmbeddedSurroundings::Options surroundingsOptions(const World& world, cons
   surroundings.applications = world.applications().string();
   surroundings.resources = (options.programs / "vOutlookPlugin.bundle/Contents/Resources").string();
   surroundings.languages = {"en-US"};
+  surroundings.systemVersion = parseSystemVersion(options.systemVersion).value_or(surroundings.systemVersion);
   return surroundings;
 }
 
 }  // namespace
 
+std::optional<vorn::Surroundings::Version> parseSystemVersion(const std::string& text) {
+  vorn::Surroundings::Version version;
+  int length = 0;
+  const int read =
+      std::sscanf(text.c_str(), "%4d.%4d.%4d%n", &version.major, &version.minor, &version.patch, &length);
+  if (read != 3 || static_cast<std::size_t>(length) != text.size()) return std::nullopt;
+  return version;
+}
+
 Session::Session(const LabOptions& options, CalendarStore& calendar, const OutlookHost::Options& hostOptions)
-    : world_(worldOptions(options)),
+    : options_(options),
+      world_(worldOptions(options)),
+      notifications_(vorn::EmbeddedDistributedNotifications::connect(runLoop_)),
       userDefaults_(world_.preferences().string(), kHostDomain),
       workspace_(world_.root().string(), {world_.applications().string()}),
       surroundings_(surroundingsOptions(world_, options)),
@@ -52,7 +67,11 @@ Session::Session(const LabOptions& options, CalendarStore& calendar, const Outlo
       host_(runtime_, runLoop_, center_, hostOptions) {
   // Where an alert offers to start the client, the person declines.
   presenter_.setAnswer(vorn::Presenter::Answer::alternateButton);
-  if (!options.withoutClient) startClient(options);
+  if (talksByNotifications() && !notifications_) {
+    throw LabError("on " + options.systemVersion +
+                   " the plug-in talks by notifications, and no D-Bus session bus answers");
+  }
+  if (!options.withoutClient) startClient();
   host_.defineClasses();
   host_.open(calendar);
   plugin_.emplace(options.programs / "vOutlookPlugin.bundle", platform());
@@ -74,15 +93,24 @@ vorn::Platform Session::platform() {
   platform.workspace = &workspace_;
   platform.presenter = &presenter_;
   platform.surroundings = &surroundings_;
+  platform.distributedNotifications = notifications_.get();
   platform.trace = &trace_;
   return platform;
 }
 
-void Session::startClient(const LabOptions& options) {
-  const std::filesystem::path database = options.clientDatabase;
+bool Session::talksByNotifications() const {
+  const auto version = parseSystemVersion(options_.systemVersion);
+  return version && (version->major < 10 || (version->major == 10 && version->minor < 15));
+}
+
+void Session::startClient() {
+  const std::filesystem::path database = options_.clientDatabase;
   std::vector<std::string> arguments{"--home", world_.home(), "--db", database, "--journal", world_.journal()};
-  if (!options.account.empty()) arguments.insert(arguments.end(), {"--account", options.account});
-  arguments.insert(arguments.end(), options.clientArguments.begin(), options.clientArguments.end());
+  // Beside the socket the bus carries what is said to the agent.
+  const char* const transport = talksByNotifications() ? "notifications" : notifications_ ? "both" : "socket";
+  arguments.insert(arguments.end(), {"--transport", transport});
+  if (!options_.account.empty()) arguments.insert(arguments.end(), {"--account", options_.account});
+  arguments.insert(arguments.end(), options_.clientArguments.begin(), options_.clientArguments.end());
   if (database.has_parent_path()) {
     std::error_code failed;
     std::filesystem::create_directories(database.parent_path(), failed);
@@ -91,7 +119,19 @@ void Session::startClient(const LabOptions& options) {
   client_.start(world_.clientProgram(), arguments, world_.clientErrors(), kStartSeconds);
 }
 
+void Session::killClient() {
+  kill(client_.id(), SIGKILL);
+  waitUntil([this] { return !client_.isRunning(); }, kStartSeconds);
+}
+
+void Session::restartClient() {
+  client_.stop();
+  startClient();
+}
+
 void Session::waitForConnection() {
+  // A notification needs no connection: the client observes the bus since it has printed its line.
+  if (talksByNotifications()) return;
   if (!waitUntil([this] { return hasConnected(); }, kStartSeconds)) {
     throw LabError("the plug-in did not connect to the client");
   }

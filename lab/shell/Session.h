@@ -15,12 +15,16 @@
 #include "platform/NotificationCenter.h"
 #include "platform/embedded/AsioRunLoop.h"
 #include "platform/embedded/EmbeddedClassRuntime.h"
+#include "platform/embedded/EmbeddedDistributedNotifications.h"
 #include "platform/embedded/EmbeddedPresenter.h"
 #include "platform/embedded/EmbeddedSurroundings.h"
 #include "platform/embedded/EmbeddedUserDefaults.h"
 #include "platform/embedded/EmbeddedWorkspace.h"
 
 namespace vornlab {
+
+// The version in a text such as "10.15.0"; absent for any other text.
+std::optional<vorn::Surroundings::Version> parseSystemVersion(const std::string& text);
 
 // A running laboratory: the world, the client's process, the host with a calendar, and the plug-in loaded into it.
 // Everything is stopped, the youngest first, when this object ends.
@@ -32,6 +36,10 @@ class Session {
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
+
+  // Ends the client as a crash does, and starts it again. Both return when it is so.
+  void killClient();
+  void restartClient();
 
   const World& world() const { return world_; }
   const ClientProcess& client() const { return client_; }
@@ -51,13 +59,17 @@ class Session {
 
  private:
   vorn::Platform platform();
-  void startClient(const LabOptions& options);
+  bool talksByNotifications() const;
+  void startClient();
   void waitForConnection();
   bool hasConnected() const;
 
+  LabOptions options_;
   World world_;
   ClientProcess client_;
   vorn::AsioRunLoop runLoop_;
+  // Null when no bus answers.
+  std::unique_ptr<vorn::EmbeddedDistributedNotifications> notifications_;
   vorn::NotificationCenter center_;
   vorn::EmbeddedClassRuntime runtime_;
   vorn::EmbeddedUserDefaults userDefaults_;

@@ -7,6 +7,7 @@
 #include "lab/shell/DemoCommand.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/MeetCommand.h"
+#include "lab/shell/Session.h"
 
 namespace {
 
@@ -27,11 +28,21 @@ std::string defaultDatabase() {
   return home == nullptr ? "" : (fs::path(home) / ".local/state/vornlab/meetings.db").string();
 }
 
+// "" for three numbers with dots between, or what is wrong.
+std::string isVersion(const std::string& text) {
+  return vornlab::parseSystemVersion(text) ? std::string() : "\"" + text + "\" is no version such as 10.15.0";
+}
+
 void addLabOptions(CLI::App& command, LabOptions& lab) {
   command.add_option("--account", lab.account, "who is signed in at the client; see docs/laboratory.md")
       ->check(CLI::ExistingFile);
   command.add_option("--timeout", lab.timeoutSeconds, "seconds that one appointment may take")
       ->check(CLI::PositiveNumber)
+      ->capture_default_str();
+  command
+      .add_option("--os", lab.systemVersion,
+                  "the system's version that the plug-in finds; before 10.15.0 it talks by notifications")
+      ->check(isVersion, "VERSION")
       ->capture_default_str();
   const auto trying = "For trying what goes wrong";
   command.add_option("--world", lab.world, "a folder for the world, which stays at the end")->group(trying);

@@ -1,0 +1,132 @@
+// One scenario over each transport, with real processes: a meeting is made, the client dies, and it comes back.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "lab/shell/LabError.h"
+#include "lab/shell/MeetingRoad.h"
+#include "lab/shell/Session.h"
+#include "tests/shell/Calendars.h"
+#include "tests/shell/ProgramRun.h"
+#include "tests/support/PrivateBus.h"
+
+namespace vornlab::test {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+// Long enough for every answer, short enough to wait for one that never comes.
+constexpr double kPatienceSeconds = 4;
+
+class Transport : public ::testing::TestWithParam<const char*> {
+ protected:
+  static void SetUpTestSuite() {
+    if (!vorn::PrivateBus::isInstalled()) return;
+    bus_ = std::make_unique<vorn::PrivateBus>();
+    setenv("DBUS_SESSION_BUS_ADDRESS", bus_->address().c_str(), 1);
+  }
+  static void TearDownTestSuite() {
+    bus_.reset();
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+  }
+
+  void SetUp() override {
+    if (!bus_) GTEST_SKIP() << "dbus-daemon is not installed";
+    IcsProblem problem;
+    ASSERT_TRUE(
+        calendar_.loadText(calendar({appointment("first", "First"), appointment("second", "Second")}), problem))
+        << problem.message;
+    options_.programs = std::filesystem::path(VORNLAB_PROGRAM).parent_path();
+    options_.world = folder_ / "w";
+    options_.clientDatabase = folder_ / "meetings.db";
+    options_.systemVersion = GetParam();
+  }
+
+  // "added", or "failed: " and the reason.
+  std::string take(MeetingRoad& road, const char* uid) {
+    const MeetResult result = road.take(*calendar_.find(uid));
+    const std::string name(nameOf(result.outcome));
+    return result.reason.empty() ? name : name + ": " + result.reason;
+  }
+
+  static std::size_t connectionsOf(const Session& session) {
+    const std::string journal = contentOf(session.world().journal());
+    std::size_t count = 0;
+    const std::string line = "\"event\":\"connected\"";
+    for (std::size_t at = journal.find(line); at != std::string::npos; at = journal.find(line, at + 1)) ++count;
+    return count;
+  }
+
+  bool usesSocket() const { return std::string(GetParam()) == "10.15.0"; }
+
+  static std::unique_ptr<vorn::PrivateBus> bus_;
+  TemporaryFolder folder_;
+  CalendarStore calendar_;
+  LabOptions options_;
+};
+
+std::unique_ptr<vorn::PrivateBus> Transport::bus_;
+
+TEST_P(Transport, AMeetingIsMadeAndTheClientMayDieAndComeBack) {
+  Session session(options_, calendar_, {});
+  MeetingRoad road(session, kPatienceSeconds);
+  EXPECT_EQ(take(road, "first"), "added");
+  const std::string before = calendar_.text();
+
+  session.killClient();
+  EXPECT_THAT(take(road, "second"), AllOf(StartsWith("failed"), HasSubstr("running")));
+  EXPECT_EQ(calendar_.text(), before);
+
+  session.restartClient();
+  if (usesSocket()) {
+    // A lost peer is not noticed: the channel stays silent until the main window closes, and then the first
+    // message only starts the connection anew.
+    session.host().closeMainWindow();
+    session.host().openMainWindow();
+    const std::size_t connections = connectionsOf(session);
+    EXPECT_THAT(take(road, "second"), StartsWith("failed"));
+    EXPECT_EQ(calendar_.text(), before);
+    ASSERT_TRUE(session.waitUntil([&] { return connectionsOf(session) > connections; }, 20));
+  }
+  EXPECT_EQ(take(road, "second"), "added");
+  EXPECT_EQ(take(road, "first"), "unchanged");
+}
+
+TEST_P(Transport, TheAgentIsSpokenToOverTheBusInEitherCase) {
+  Session session(options_, calendar_, {});
+  MeetingRoad road(session, kPatienceSeconds);
+  EXPECT_EQ(take(road, "first"), "added");
+  const std::string journal = contentOf(session.world().journal());
+  EXPECT_THAT(journal, HasSubstr("VornOutlookPlugin.GetClientVersion"));
+  EXPECT_THAT(journal, HasSubstr("Noti_SilentActiveVornApp"));
+  if (usesSocket()) {
+    EXPECT_THAT(journal, Not(HasSubstr("VornOutlookPluginToVornVideoClient")));
+  } else {
+    EXPECT_THAT(journal, HasSubstr("VornOutlookPluginToVornVideoClient"));
+    EXPECT_THAT(journal, Not(HasSubstr("\"event\":\"connected\"")));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, Transport, ::testing::Values("10.14.6", "10.15.0"), [](const auto& info) {
+  return std::string(info.param) == "10.15.0" ? std::string("Socket") : std::string("Notifications");
+});
+
+TEST(TransportWithoutABus, IsRefusedWithAWordWhereItIsNeeded) {
+  setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus", 1);
+  TemporaryFolder folder;
+  CalendarStore calendar;
+  LabOptions options;
+  options.programs = std::filesystem::path(VORNLAB_PROGRAM).parent_path();
+  options.systemVersion = "10.14.6";
+  EXPECT_THROW(Session(options, calendar, {}), LabError);
+  unsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+}  // namespace
+}  // namespace vornlab::test
