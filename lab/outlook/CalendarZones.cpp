@@ -25,8 +25,8 @@ std::int64_t daysSince1970(std::int64_t year, int month, int day) {
 }
 
 std::int64_t wallSeconds(const icaltimetype& time) {
-  return daysSince1970(time.year, time.month, time.day) * kSecondsPerDay + time.hour * 3600 + time.minute * 60 +
-         time.second;
+  const int secondsOfDay = time.hour * 3600 + time.minute * 60 + time.second;
+  return daysSince1970(time.year, time.month, time.day) * kSecondsPerDay + secondsOfDay;
 }
 
 icaltimetype wallTime(std::int64_t seconds) {

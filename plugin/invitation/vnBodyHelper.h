@@ -20,7 +20,7 @@ inline constexpr std::string_view kvn_InitEndBookMark = "<a name=\"MacVnBookmark
 inline constexpr std::string_view HTTP_TAG = "http://";
 inline constexpr std::string_view HTTPS_TAG = "https://";
 inline constexpr std::string_view HTML_NBSP_TAG = "&nbsp;";
-inline constexpr std::string_view EMPTY_STRING = "";
+inline constexpr std::string_view EMPTY_STRING;
 
 // Every string operation on an appointment's body: how the invitation gets into it, is found again after the user
 // has edited around it, is replaced, and is taken out.

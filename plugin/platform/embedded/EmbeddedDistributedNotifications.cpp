@@ -53,7 +53,7 @@ std::size_t sizeOf(const Texts& texts) {
   return size;
 }
 
-Value dictionaryOf(Texts texts) {
+Value dictionaryOf(Texts&& texts) {
   Value::Dictionary entries;
   for (auto& [key, text] : texts) entries.emplace(key, std::move(text));
   return entries;
