@@ -128,7 +128,7 @@ void count(benchmark::State& state, std::size_t bytes) {
 template <typename Parser>
 void parse(benchmark::State& state, const std::string& bytes) {
   const World world;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const Parser parser(reinterpret_cast<const std::uint8_t*>(bytes.data()),
                         static_cast<std::int32_t>(bytes.size()));
     benchmark::DoNotOptimize(parser);
@@ -138,7 +138,7 @@ void parse(benchmark::State& state, const std::string& bytes) {
 
 template <typename Message>
 void parseByLibrary(benchmark::State& state, const std::string& bytes) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Message message;
     if (!message.ParseFromString(bytes)) state.SkipWithError("not parsed");
     benchmark::DoNotOptimize(message);
@@ -165,12 +165,12 @@ void meetingFromBase64(benchmark::State& state) {
   const std::string bytes = meetingOf(static_cast<std::size_t>(state.range(0)));
   const OptionalText text = EncodeUtils::base64Encode(bytes);
   vnGetMeetingHelper reader;
-  for (auto _ : state) reader.setPBMeetingData(text);
+  for ([[maybe_unused]] auto _ : state) reader.setPBMeetingData(text);
   count(state, bytes.size());
 }
 void decodeBase64(benchmark::State& state) {
   const OptionalText text = EncodeUtils::base64Encode(meetingOf(static_cast<std::size_t>(state.range(0))));
-  for (auto _ : state) benchmark::DoNotOptimize(ZeroPaddedBytes(text));
+  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(ZeroPaddedBytes(text));
   count(state, text->size() / 4 * 3);
 }
 
@@ -200,7 +200,7 @@ void getMeetingInfo(benchmark::State& state) {
                                 "recurrence":false,"usePMI":false,"meetingPassword":"","joinUrl":"https://j"})")),
       false);
   reader.setPBMeetingData(EncodeUtils::base64Encode(meetingOf(kUsual)));
-  for (auto _ : state) benchmark::DoNotOptimize(reader.getMeetingInfo());
+  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(reader.getMeetingInfo());
 }
 BENCHMARK(getMeetingInfo)->Unit(benchmark::kMicrosecond);
 
@@ -240,7 +240,7 @@ void threeHundredProfileQuestions(benchmark::State& state) {
                                                 &Account::isPaidUser,
                                                 &Account::supportEditCountriesFeature};
   const Account& account = Account::sharedInstance();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     int yes = 0;
     for (int round = 0; round < 10; ++round) {
       for (const auto question : questions) yes += (account.*question)();
@@ -255,7 +255,7 @@ void getSettingsData(benchmark::State& state) {
   receiveProfile();
   vnSettingData record;
   record.initSettingData();
-  for (auto _ : state) benchmark::DoNotOptimize(record.getSettingsData());
+  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(record.getSettingsData());
 }
 BENCHMARK(getSettingsData)->Unit(benchmark::kMicrosecond);
 

@@ -16,14 +16,15 @@ std::atomic<std::uint64_t> allocations{0};
 
 }  // namespace
 
-// Counting is all that these do; benchmarks alone link them.
-void* operator new(std::size_t size) {
+// Counting is all that these do; benchmarks alone link them. Inlined, they would look like mismatched pairs to the
+// compiler.
+[[gnu::noinline]] void* operator new(std::size_t size) {
   allocations.fetch_add(1, std::memory_order_relaxed);
   if (void* memory = std::malloc(size ? size : 1)) return memory;
   throw std::bad_alloc();
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace vorn {
 namespace {
@@ -41,7 +42,7 @@ void showAppointment(RoadWorld& world) {
 void BM_WholeRoad(benchmark::State& state) {
   RoadWorld world(appointment());
   std::uint64_t counted = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     showAppointment(world);
     const std::uint64_t before = allocations;
@@ -59,7 +60,7 @@ BENCHMARK(BM_WholeRoad)->Unit(benchmark::kMicrosecond);
 
 void BM_FloorHostAlone(benchmark::State& state) {
   RoadWorld world(appointment());
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const auto editor = world.openEditor("one");
     world.saveAndClose(editor);
   }
@@ -72,7 +73,7 @@ void BM_FloorClientAlone(benchmark::State& state) {
   world.clickAdd(editor);
   world.saveAndClose(editor);
   const std::vector<vornlab::Envelope> requests = world.client->requests();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     for (const vornlab::Envelope& request : requests) benchmark::DoNotOptimize(world.service.handle(request));
   }
   state.counters["requests"] = static_cast<double>(requests.size());

@@ -52,7 +52,7 @@ void readReply(benchmark::State& state) {
     at = end;
   }
   Reader reader;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     std::optional<std::string> message;
     for (const std::string_view piece : pieces) message = reader.feed(piece);
     if (!message || message->size() != reply.size()) state.SkipWithError("the reply was not found");

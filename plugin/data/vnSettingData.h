@@ -141,8 +141,11 @@ class vnSettingData {
 
   // --- The state of a new meeting.
 
-  // All fields to their fixed values, then the account's defaults, then what the user chose last.
+  // The three steps below, one after another.
   void initSettingData();
+  // The fields to their fixed values, and the user's wish not to see the panel to false.
+  void resetFields();
+  // Then the account's defaults, and then what the user chose last.
   void initWithUserProfileDefault();
   void initSubDataWithUserProfile(bool usePMI);
   void initAudioTypeWithUserProfile();
@@ -187,7 +190,6 @@ class vnSettingData {
   void cleanup();
 
  private:
-  void resetFields();
   void initRecordingWithUserProfile();
   void initPasswordWithUserProfile(bool usePMI);
   void initRegionPolicyWithUserProfile();

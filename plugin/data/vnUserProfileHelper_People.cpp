@@ -63,7 +63,7 @@ bool vnUserProfileHelper::isBossesPMIMeetingID(const OptionalText& meetingId) co
   return false;
 }
 
-bool vnUserProfileHelper::isEnableScheduleFor() const { return bossesInfo().items().size() > 0; }
+bool vnUserProfileHelper::isEnableScheduleFor() const { return bossesInfo().count() > 0; }
 
 Value vnUserProfileHelper::accountOrPerson(const OptionalText& email, std::string_view key) const {
   if (isOneself(email)) return profile_[key];

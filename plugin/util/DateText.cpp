@@ -23,12 +23,9 @@ constexpr std::int64_t kSecondsInDay = 86400;
 using Zone = std::shared_ptr<const icu::BasicTimeZone>;
 
 Zone zoneWithIdentifier(const icu::UnicodeString& identifier) {
-  std::unique_ptr<icu::TimeZone> made(icu::TimeZone::createTimeZone(identifier));
+  const std::shared_ptr<icu::TimeZone> made(icu::TimeZone::createTimeZone(identifier));
   if (!made || *made == icu::TimeZone::getUnknown()) return nullptr;
-  auto* basic = dynamic_cast<icu::BasicTimeZone*>(made.get());
-  if (!basic) return nullptr;
-  made.release();
-  return Zone(basic);
+  return std::dynamic_pointer_cast<icu::BasicTimeZone>(made);
 }
 
 Zone makeZone(const std::string& name) {
@@ -119,9 +116,9 @@ std::optional<double> dateFromText(std::string_view text, const std::string& zon
   const std::chrono::year_month_day date(std::chrono::year(numberAt(text, 0, 4)),
                                          std::chrono::month(static_cast<unsigned>(numberAt(text, 5, 2))),
                                          std::chrono::day(static_cast<unsigned>(numberAt(text, 8, 2))));
-  const int hour = numberAt(text, 11, 2);
-  const int minute = numberAt(text, 14, 2);
-  const int second = numberAt(text, 17, 2);
+  const std::int64_t hour = numberAt(text, 11, 2);
+  const std::int64_t minute = numberAt(text, 14, 2);
+  const std::int64_t second = numberAt(text, 17, 2);
   if (!date.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
   const std::int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
   const auto local = static_cast<double>(days * kSecondsInDay + hour * 3600 + minute * 60 + second);

@@ -1,8 +1,11 @@
 #include "util/EncodeUtils.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "util/Utf16.h"
 
@@ -12,18 +15,25 @@ namespace {
 
 constexpr std::string_view kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr char kPadding = '=';
-constexpr std::int8_t kOutside = -1;
+constexpr std::size_t kGroup = 4;
 
-constexpr std::array<std::int8_t, 256> makeValues() {
-  std::array<std::int8_t, 256> values{};
-  values.fill(kOutside);
-  for (std::size_t i = 0; i < kAlphabet.size(); ++i) {
-    values[static_cast<unsigned char>(kAlphabet[i])] = static_cast<std::int8_t>(i);
+// What a character at each of the four places of a group adds to the group's 24 bits. Everything outside the
+// alphabet sets a bit above them, so that one test tells of all four.
+constexpr std::uint32_t kOutside = 1U << 31;
+using Values = std::array<std::array<std::uint32_t, 256>, kGroup>;
+
+constexpr Values makeValues() {
+  Values values{};
+  for (std::size_t place = 0; place < kGroup; ++place) {
+    values[place].fill(kOutside);
+    for (std::uint32_t i = 0; i < kAlphabet.size(); ++i) {
+      values[place][static_cast<unsigned char>(kAlphabet[i])] = i << (6 * (kGroup - 1 - place));
+    }
   }
   return values;
 }
 
-constexpr std::array<std::int8_t, 256> kValues = makeValues();
+constexpr Values kValues = makeValues();
 
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
@@ -43,34 +53,81 @@ std::string encoded(const std::string& data) {
   return text;
 }
 
-OptionalText decoded(const std::string& text) {
-  std::string data;
-  data.reserve(text.size() / 4 * 3 + 2);
-  std::uint32_t group = 0;
-  std::size_t characters = 0;
-  std::size_t padding = 0;
-  for (const char c : text) {
-    if (isBlank(c)) continue;
-    if (c == kPadding) {
-      ++padding;
-      continue;
+// Takes whole groups as long as nothing stands between their characters, and single characters elsewhere.
+class Decoder {
+ public:
+  explicit Decoder(std::string_view text) : rest_(text), data_(text.size() / kGroup * 3 + 3, '\0') {}
+
+  OptionalText run() {
+    while (!rest_.empty()) {
+      if (characters_ == 0 && padding_ == 0) takeGroups();
+      if (!rest_.empty() && !takeCharacter()) return std::nullopt;
     }
-    const std::int8_t value = kValues[static_cast<unsigned char>(c)];
-    if (value == kOutside || padding > 0) return std::nullopt;
-    group = (group << 6) | static_cast<std::uint32_t>(value);
-    if (++characters % 4 == 0) {
-      for (const int shift : {16, 8, 0}) data += static_cast<char>((group >> shift) & 0xFF);
-      group = 0;
-    }
+    if (!takeEnd()) return std::nullopt;
+    data_.resize(size_);
+    return std::move(data_);
   }
-  const std::size_t left = characters % 4;
-  const bool paddingFits = padding == 0 || (left > 0 && left + padding == 4);
-  if (left == 1 || !paddingFits) return std::nullopt;
-  group <<= 6 * (4 - left);
-  if (left >= 2) data += static_cast<char>((group >> 16) & 0xFF);
-  if (left == 3) data += static_cast<char>((group >> 8) & 0xFF);
-  return data;
-}
+
+ private:
+  void takeGroups() {
+    const auto* in = reinterpret_cast<const unsigned char*>(rest_.data());
+    const auto* const end = in + rest_.size();
+    char* out = data_.data() + size_;
+    for (; end - in >= static_cast<std::ptrdiff_t>(kGroup); in += kGroup, out += 3) {
+      const std::uint32_t bits = kValues[0][in[0]] | kValues[1][in[1]] | kValues[2][in[2]] | kValues[3][in[3]];
+      if (bits & kOutside) break;
+      write(bits, 3, out);
+    }
+    size_ = static_cast<std::size_t>(out - data_.data());
+    rest_.remove_prefix(rest_.size() - static_cast<std::size_t>(end - in));
+  }
+
+  // False for a character that has no place here.
+  bool takeCharacter() {
+    const char c = rest_.front();
+    rest_.remove_prefix(1);
+    if (isBlank(c)) return true;
+    if (c == kPadding) {
+      ++padding_;
+      return true;
+    }
+    const std::uint32_t bits = kValues[characters_][static_cast<unsigned char>(c)];
+    if (bits == kOutside || padding_ > 0) return false;
+    bits_ |= bits;
+    if (++characters_ == kGroup) {
+      add(3);
+      bits_ = 0;
+      characters_ = 0;
+    }
+    return true;
+  }
+
+  bool takeEnd() {
+    if (characters_ == 1) return false;
+    if (padding_ > 0 && (characters_ == 0 || characters_ + padding_ != kGroup)) return false;
+    if (characters_ > 0) add(characters_ - 1);
+    return true;
+  }
+
+  void add(std::size_t bytes) {
+    write(bits_, bytes, data_.data() + size_);
+    size_ += bytes;
+  }
+
+  static void write(std::uint32_t bits, std::size_t bytes, char* out) {
+    for (std::size_t i = 0; i < bytes; ++i) out[i] = static_cast<char>(bits >> (16 - 8 * i));
+  }
+
+  std::string_view rest_;
+  std::string data_;
+  std::size_t size_ = 0;
+  // The group that is not whole yet.
+  std::uint32_t bits_ = 0;
+  std::size_t characters_ = 0;
+  std::size_t padding_ = 0;
+};
+
+OptionalText decoded(const std::string& text) { return Decoder(text).run(); }
 
 }  // namespace
 

@@ -9,6 +9,12 @@
 
 namespace vorn {
 
+namespace {
+
+constexpr double kTwoToThe63 = 9223372036854775808.0;
+
+}  // namespace
+
 OptionalText JsonWriter::write(const Value& value) {
   depth_ = 0;
   out_.clear();
@@ -32,7 +38,11 @@ bool JsonWriter::add(const Value& value) {
 bool JsonWriter::addReal(double number) {
   if (!std::isfinite(number)) return false;
   char digits[32];
-  const auto [end, error] = std::to_chars(digits, digits + sizeof digits, number);
+  char* const limit = digits + sizeof digits;
+  // Without an exponent a reader would take a large one for a whole number that is beyond 64 bits.
+  const auto [end, error] = std::fabs(number) < kTwoToThe63
+                                ? std::to_chars(digits, limit, number)
+                                : std::to_chars(digits, limit, number, std::chars_format::scientific);
   out_.append(digits, end);
   return error == std::errc();
 }

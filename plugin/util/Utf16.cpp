@@ -1,5 +1,7 @@
 #include "util/Utf16.h"
 
+#include <simdjson.h>
+
 #include <algorithm>
 
 namespace vorn {
@@ -66,14 +68,7 @@ std::size_t previousCharacter(std::string_view text, std::size_t position) {
   return position - 1;
 }
 
-bool isValidUtf8(std::string_view text) {
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = utf8SequenceLength(text, at);
-    if (length == 1 && byteAt(text, at) >= 0x80) return false;
-    at += length;
-  }
-  return true;
-}
+bool isValidUtf8(std::string_view text) { return simdjson::validate_utf8(text.data(), text.size()); }
 
 std::size_t utf16Length(std::string_view text) { return utf16Position(text, text.size()); }
 

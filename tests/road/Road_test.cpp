@@ -65,6 +65,25 @@ TEST(Road, GoingItTwiceChangesNothing) {
   EXPECT_EQ(first.calendarText(), once);
 }
 
+TEST(Road, ANewAppointmentTellsTheServiceItsUUIDOnceItIsStored) {
+  RoadWorld world(calendarWith(kPlain));
+  auto editor = world.host.openNew(1795514400);
+  world.settle();
+  world.host.typeSubject(editor, "Fresh");
+  world.clickAdd(editor);
+  world.client->forgetRequests();
+  world.saveAndClose(editor);
+  EXPECT_FALSE(world.host.isOpen(editor));
+  EXPECT_THAT(world.client->requestNames(), ElementsAre("3/2"));
+
+  // The service knows it now, so an unchanged save has nothing to tell.
+  editor = world.openEditor(world.store.eventAt(1).uid());
+  world.client->forgetRequests();
+  world.saveAndClose(editor);
+  EXPECT_THAT(world.client->requestNames(), ElementsAre("3/4"));
+  EXPECT_THAT(world.test.presenter.alerts, IsEmpty());
+}
+
 TEST(Road, AMovedMeetingKeepsItsKeyAndItsOneInvitation) {
   RoadWorld world(calendarWith(kPlain));
   auto editor = world.openEditor("one");
@@ -218,6 +237,41 @@ TEST(Road, AReplyForAClosedWindowTouchesNothing) {
   world.settle(120);
   EXPECT_EQ(world.calendarText(), before);
   EXPECT_THAT(world.host.editors(), IsEmpty());
+}
+
+TEST(Road, AWindowMayCloseBeforeAnyReply) {
+  const auto closeBefore = [](RoadWorld& world, RoadWorld::EditorId& editor, std::size_t reply) {
+    world.client->setInterference([&world, &editor, reply, seen = std::make_shared<std::size_t>(0)](
+                                      const vornlab::Envelope&, vornlab::Envelope envelope) {
+      if (++*seen == reply) world.host.closeWithoutSaving(editor);
+      return std::optional(std::move(envelope));
+    });
+  };
+  for (std::size_t reply = 1; reply <= 4; ++reply) {
+    SCOPED_TRACE(reply);
+    RoadWorld world(calendarWith(kPlain));
+    const std::string plain = world.calendarText();
+    auto editor = world.openEditor("one");
+    closeBefore(world, editor, reply);
+    world.clickAdd(editor);
+    EXPECT_THAT(world.host.editors(), IsEmpty());
+    EXPECT_EQ(world.calendarText(), plain);
+
+    world.client->setInterference({});
+    editor = world.openEditor("one");
+    world.clickAdd(editor);
+    world.saveAndClose(editor);
+    EXPECT_TRUE(world.record("one")["meetingKey"].isPresent());
+    const std::string stored = world.calendarText();
+    editor = world.openEditor("one");
+    world.host.typeSubject(editor, "Renamed");
+    closeBefore(world, editor, reply);
+    world.saveAndClose(editor);
+    EXPECT_THAT(world.host.editors(), IsEmpty());
+    // Three replies stand before the host's own save.
+    EXPECT_EQ(world.calendarText() == stored, reply <= 3);
+    EXPECT_FALSE(world.test.presenter.showsProgress());
+  }
 }
 
 }  // namespace

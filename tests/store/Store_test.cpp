@@ -47,6 +47,19 @@ TEST_F(StoreTest, KeepsItsFilesInOneFolderBelowTheDocuments) {
   EXPECT_EQ(vnCommon::getUID(), std::nullopt);
 }
 
+// A file that may not be read stands for it badly, because permissions do not bind every user; a folder does.
+TEST_F(StoreTest, PassesOverAFileThatCannotBeReadOrReplaced) {
+  fs::create_directories(site());
+  JsonTextFile file(site());
+  EXPECT_TRUE(file.read().isAbsent());
+  file.setKey(vn_LocalProfile_EnablePAC, true);
+  vnMeetingCommon::savePACConfigToLocal(1);
+  EXPECT_TRUE(file.read().isAbsent());
+  EXPECT_TRUE(fs::is_directory(site()));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder()), fs::directory_iterator()), 1)
+      << "nothing new lies there";
+}
+
 TEST_F(StoreTest, WritesAPropertyListOfOneTextAndKeepsTheOtherKeys) {
   JsonTextFile file(site());
   EXPECT_TRUE(file.read().isAbsent());

@@ -32,6 +32,8 @@ TEST(EnvelopeMask, CoversWhatIsNobodysBusinessAndShowsTheRest) {
       {"john&#64;example.com", "******;example.com"},
       {"+16465550100,,81234567890#,,,,*123456#", "+16465550100,,81234567890#,,,,******"},
       {R"({"proto":"CgVoZWxsbxIFd29ybGQaBWFnYWluIgVvbmNlICoFbW9yZSE="})", R"({"proto":"<base64, 35 bytes>"})"},
+      {R"({"email of a@b.c" : "x", "s":1})", R"({******"******", "s":1})"},
+      {"Passcode<a href=mailto:me@x.org>: 42 end", "************ end"},
       {"", ""},
       {"größer — 会議", "größer — 会議"},
   };

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <thread>
 
@@ -45,6 +46,23 @@ class HomeAt final : public Surroundings {
 std::size_t openDescriptors() {
   return static_cast<std::size_t>(
       std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
+}
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kIsSanitized = true;
+#elif defined(__has_feature)
+constexpr bool kIsSanitized = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
+#else
+constexpr bool kIsSanitized = false;
+#endif
+
+// The memory of this process that is really there; 0 where the system does not tell.
+std::size_t residentBytes() {
+  std::ifstream statm("/proc/self/statm");
+  std::size_t whole = 0;
+  std::size_t resident = 0;
+  statm >> whole >> resident;
+  return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
 }
 
 class SocketClientTest : public ::testing::Test {
@@ -240,6 +258,29 @@ TEST_F(SocketClientTest, LeavesNoDescriptorAndNoThreadBehind) {
     client().disconnect();
   }
   EXPECT_TRUE(waitUntil([&] { return openDescriptors() == before; })) << openDescriptors() << " after " << before;
+}
+
+TEST_F(SocketClientTest, GivesTheMemoryOfLongRepliesBack) {
+  if (kIsSanitized) GTEST_SKIP() << "sanitizers keep what was freed";
+  TestListener listener(socketPath());
+  const TestDescriptor peer = connected(listener);
+  std::string content;
+  while (content.size() < 1'000'000) content += "ten bytes ";
+  const std::string reply = R"({"actionId":"4","content":")" + content + R"("})";
+  const auto receive = [&](int replies) {
+    for (int i = 0; i < replies; ++i) {
+      TestListener::write(peer, reply);
+      ASSERT_TRUE(waitUntil([&] { return !received_.empty(); }));
+      ASSERT_EQ(received_.back().second[VN_IPC_CONTENT].text().size(), 1'000'000u);
+      received_.clear();
+      world_.trace.steps.clear();
+    }
+  };
+  receive(10);
+  const std::size_t before = residentBytes();
+  ASSERT_GT(before, 0u);
+  receive(1000);
+  EXPECT_LT(residentBytes(), before + 8'000'000) << "of a thousand megabytes that came";
 }
 
 TEST_F(SocketClientTest, EndsWithReadersAtWorkAndMessagesUndelivered) {

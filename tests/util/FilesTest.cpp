@@ -1,9 +1,15 @@
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <limits>
+#include <random>
+#include <thread>
 
 #include "tests/support/TestPlatform.h"
 #include "util/AtomicFile.h"
@@ -67,11 +73,21 @@ TEST_F(Files, PropertyListsReadBackWhatWasWritten) {
   const Value read = readPropertyList(path("list.plist"));
   EXPECT_EQ(read, content);
   EXPECT_TRUE(read["flag"].isBoolean());
-#ifdef PLISTUTIL
-  const std::string convert = std::string(PLISTUTIL) + " -i " + path("list.plist") + " -o " + path("binary.plist");
-  ASSERT_EQ(vnShellCommand::runAsCommand_ret(convert), 0);
+}
+
+TEST_F(Files, PropertyListsAreReadByThePlatformsOwnToolAndItsListsByUs) {
+#ifndef PLISTUTIL
+  GTEST_SKIP() << "plistutil is not installed";
+#else
+  vnOLUtils::saveStrToFile("{\"größer\" : \"<&>\"}", path("stored.txt"));
+  const auto convert = [&](const std::string& from, const std::string& to) {
+    return vnShellCommand::runAsCommand_ret(std::string(PLISTUTIL) + " -i " + path(from) + " -o " + path(to));
+  };
+  ASSERT_EQ(convert("stored.txt", "binary.plist"), 0);
   ASSERT_TRUE(readFile(path("binary.plist"))->starts_with("bplist"));
-  EXPECT_EQ(readPropertyList(path("binary.plist")), content);
+  EXPECT_EQ(vnOLUtils::readStrFromFile(path("binary.plist")), "{\"größer\" : \"<&>\"}");
+  ASSERT_EQ(convert("binary.plist", "xml.plist"), 0);
+  EXPECT_EQ(readPropertyList(path("xml.plist")), (Value::Array{"{\"größer\" : \"<&>\"}"}));
 #endif
 }
 
@@ -146,13 +162,49 @@ TEST_F(Files, StoredTextIsAListOfOneText) {
   EXPECT_EQ(vnOLUtils::readStrFromFile(path("stored.txt")), "{\"a\" : 1}");
 }
 
+// A process that stores one text of the letter 'a' and one of the letter 'b' in turn, until it is killed.
+pid_t startWriter(const std::string& path, std::size_t size) {
+  const pid_t writer = ::fork();
+  if (writer != 0) return writer;
+  for (;;) {
+    vnOLUtils::saveStrToFile(std::string(size, 'a'), path);
+    vnOLUtils::saveStrToFile(std::string(size, 'b'), path);
+  }
+}
+
+TEST_F(Files, StoredTextIsWholeWheneverItsWriterIsKilled) {
+  constexpr std::size_t kSize = 300'000;
+  constexpr int kMostRounds = 200;
+  constexpr int kWantedInterruptions = 10;
+  vnOLUtils::saveStrToFile(std::string(kSize, 'a'), path("stored.txt"));
+  std::mt19937 random(20261121);
+  int interruptions = 0;
+  for (int round = 0; round < kMostRounds && interruptions < kWantedInterruptions; ++round) {
+    const pid_t writer = startWriter(path("stored.txt"), kSize);
+    ASSERT_GT(writer, 0);
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 20'000));
+    ASSERT_EQ(::kill(writer, SIGKILL), 0);
+    ASSERT_EQ(::waitpid(writer, nullptr, 0), writer);
+    const std::string text = vnOLUtils::readStrFromFile(path("stored.txt")).value_or("");
+    ASSERT_EQ(text.size(), kSize);
+    ASSERT_EQ(text.find_first_not_of(text.front()), std::string::npos);
+    // A writer that was in the middle leaves its unfinished file, which nobody looks at.
+    if (filesInHome() > 1) ++interruptions;
+    for (const auto& entry : std::filesystem::directory_iterator(path(""))) {
+      if (entry.is_regular_file() && entry.path() != path("stored.txt")) std::filesystem::remove(entry.path());
+    }
+  }
+  EXPECT_GE(interruptions, kWantedInterruptions) << "the writer was hit too seldom to tell anything";
+}
+
 TEST_F(Files, StoredTextIsTheLastOfTheListAndEmptyForAnyOtherFile) {
   writePropertyList(Value::Array{"one", "two", "three"}, path("three.txt"));
   writePropertyList(Value::array(), path("none.txt"));
   writePropertyList(Value::dictionary(), path("dictionary.txt"));
   replaceFile(path("plain.txt"), "plain text");
   EXPECT_EQ(vnOLUtils::readStrFromFile(path("three.txt")), "three");
-  for (const char* name : {"none.txt", "dictionary.txt", "plain.txt", "missing.txt"}) {
+  std::filesystem::create_directory(path("folder.txt"));
+  for (const char* name : {"none.txt", "dictionary.txt", "plain.txt", "missing.txt", "folder.txt"}) {
     EXPECT_EQ(vnOLUtils::readStrFromFile(path(name)), "") << name;
   }
   EXPECT_EQ(vnOLUtils::readStrFromFile(""), "");

@@ -95,6 +95,7 @@ TEST(Json, WhatIsWrittenReadsBackTheSame) {
   content.set("smallest", std::numeric_limits<std::int64_t>::min());
   content.set("tenth", 0.1);
   content.set("huge", 1.7976931348623157e308);
+  content.set("wholes beyond 64 bits", Value::Array{1.8446204021128654e19, 9223372036854775808.0, -1e19, 2e20});
   content.set("flags", Value::Array{true, false, nullptr});
   const Value read = vnOLUtils::toArrayOrNSDictionary(vnOLUtils::toJSONString(content));
   EXPECT_EQ(read, content);

@@ -130,6 +130,12 @@ TEST(Base64, AcceptsLineBreaksAndMissingPaddingAndRefusesTheRest) {
   for (const char* garbage : {"Z", "Zm9vY", "Zm9v====", "Zg=", "Z===", "Zg==Zg==", "Zm-_", "Zm9v\xC3\xA9", "="}) {
     EXPECT_EQ(EncodeUtils::base64DecodeToData(garbage), std::nullopt) << garbage;
   }
+  const std::string sentence = "Each place of a group, and each place of a break between them.";
+  const std::string encoded = EncodeUtils::base64Encode(sentence).value();
+  for (std::size_t at = 0; at < encoded.size(); ++at) {
+    EXPECT_EQ(EncodeUtils::base64Decode(std::string(encoded).insert(at, "\r\n")), sentence) << at;
+    EXPECT_EQ(EncodeUtils::base64Decode(std::string(encoded).insert(at, "!")), std::nullopt) << at;
+  }
   EXPECT_EQ(EncodeUtils::base64Decode("/w=="), std::nullopt) << "no UTF-8";
   EXPECT_EQ(EncodeUtils::base64Decode(std::nullopt), std::nullopt);
   EXPECT_EQ(EncodeUtils::base64helper("data", nullptr), std::nullopt);

@@ -24,14 +24,14 @@ constexpr std::int32_t kLowestSupportedSystem = 0x1061;
 constexpr std::string_view kContainerLibrary = "Containers/com.microsoft.Outlook/Data/Library/";
 constexpr std::string_view kContainerData = "Library/Containers/com.microsoft.Outlook/Data/";
 
-std::string without(std::string text, std::string_view part) {
+std::string without(std::string_view text, std::string_view part) {
   std::string rest;
   std::size_t from = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, from)) {
-    rest.append(text, from, at - from);
+  for (std::size_t at = text.find(part); at != std::string_view::npos; at = text.find(part, from)) {
+    rest.append(text.substr(from, at - from));
     from = at + part.size();
   }
-  return rest.append(text, from, std::string::npos);
+  return rest.append(text.substr(from));
 }
 
 std::string withTildeExpanded(std::string_view path, Surroundings& surroundings) {
@@ -70,18 +70,25 @@ bool vnAppHelper::isOutlookVersionLargeThan2016() {
   return VersionNumber::parse(OutlookVersion()) >= VersionNumber{15, 9, 0};
 }
 
-std::string vnAppHelper::getVornClientInstallPath() {
+std::array<OptionalText, 4> vnAppHelper::installPlaces() {
+  std::array<OptionalText, 4> places;
   if (UserDefaults* defaults = Registry::platform().userDefaults) {
-    const OptionalText chosen = defaults->persistentDomainForName(kVornusIdentify)["installPath"].optionalText();
-    if (IsAppExist(chosen)) return *chosen;
+    places[0] = defaults->persistentDomainForName(kVornusIdentify)["installPath"].optionalText();
   }
-  if (const std::string path = getVornusAppPath(); IsAppExist(path)) return path;
+  places[1] = getVornusAppPath();
   if (surroundings()) {
-    const std::string path =
-        without(withTildeExpanded(kVornusUserAppLaunchPath, *surroundings()), kContainerLibrary);
-    if (IsAppExist(path)) return path;
+    places[2] = without(withTildeExpanded(kVornusUserAppLaunchPath, *surroundings()), kContainerLibrary);
   }
-  return getVornusUserAppPath();
+  places[3] = getVornusUserAppPath();
+  return places;
+}
+
+std::string vnAppHelper::getVornClientInstallPath() {
+  const std::array<OptionalText, 4> places = installPlaces();
+  for (const OptionalText& place : places) {
+    if (IsAppExist(place)) return *place;
+  }
+  return places.back().value_or("");
 }
 
 std::string vnAppHelper::getVornusLaunchPath(bool* appExists) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -27,6 +28,9 @@ class vnAppHelper {
   // 15.9 or later: the agent then launches the client.
   bool isOutlookVersionLargeThan2016();
 
+  // The four places of the client in the order in which they are looked at. The first is what the client itself
+  // has told, absent when it has not.
+  std::array<OptionalText, 4> installPlaces();
   // The first of the client's four places that holds an application; the last place when none does.
   std::string getVornClientInstallPath();
   // The path of the client's program, "" when there is none. Sets the flag to whether the application exists; a

@@ -177,9 +177,19 @@ class Cover {
   }
 
   void coverFrom(Position begin, Position end) {
-    seen_.append(text_.substr(at_, begin - at_));
+    takeWayTo(begin);
     if (end > begin) seen_.append("\"").append(kCover).append("\"");
     at_ = end;
+  }
+
+  // A key or a label, with what stands before its value. It may itself hold what must not be seen.
+  void takeWayTo(Position value) {
+    const std::string_view way = text_.substr(at_, value - at_);
+    const std::string lower = lowerCase(way);
+    bool isSecret = holdsAny(lower, kAtSigns);
+    for (Position i = 0; !isSecret && i < lower.size(); ++i) isSecret = valueOfParameter(lower, i) != kNone;
+    seen_ += isSecret ? kCover : way;
+    at_ = value;
   }
 
   void takeWord() {
@@ -190,7 +200,9 @@ class Cover {
       const Position value = valueOfLabel(at_ + label);
       if (value == kNone) continue;
       takePlainWord(word.substr(0, label), std::string_view(lower).substr(0, label));
-      seen_.append(text_.substr(at_ + label, value - at_ - label)).append(kCover);
+      at_ += label;
+      takeWayTo(value);
+      seen_ += kCover;
       at_ = endOfPasscode(value);
       return;
     }

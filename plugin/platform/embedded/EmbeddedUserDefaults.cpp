@@ -15,7 +15,8 @@ Value EmbeddedUserDefaults::objectForKey(std::string_view key) { return persiste
 
 void EmbeddedUserDefaults::setObject(const Value& value, std::string_view key) {
   Value stored = persistentDomainForName(domain_);
-  if (value.isAbsent() && !stored.contains(key)) return;
+  // Many settings are set to what they are already, and each write waits for the disk.
+  if (stored[key] == value) return;
   if (value.isAbsent()) {
     stored.erase(key);
   } else {

@@ -37,7 +37,7 @@ void switchPanelOff(TestPlatform& test, const std::string& userId) {
 
 }  // namespace
 
-RoadWorld::RoadWorld(const std::string& calendarText)
+RoadWorld::RoadWorld(const std::string& calendarText, Channel channel)
     : service(vornlab::Account::plain(), seeded()),
       host(test.classRuntime, test.runLoop, test.notificationCenter, {}) {
   test.surroundings.resourceFolder = VORN_RESOURCES;
@@ -46,9 +46,11 @@ RoadWorld::RoadWorld(const std::string& calendarText)
   test.workspace.running.insert("us.vorn.xos");
   switchPanelOff(test, service.account().userId);
 
-  auto made = std::make_unique<InProcessClient>(test.runLoop, service);
-  client = made.get();
-  Registry::install<vSocketClientImpl>(std::move(made));
+  if (channel == Channel::inProcess) {
+    auto made = std::make_unique<InProcessClient>(test.runLoop, service);
+    client = made.get();
+    Registry::install<vSocketClientImpl>(std::move(made));
+  }
 
   host.defineClasses();
   attachPlugin();

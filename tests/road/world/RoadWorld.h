@@ -17,8 +17,12 @@ class RoadWorld {
  public:
   using EditorId = vornlab::OutlookHost::EditorId;
 
+  // How the plug-in reaches a client: the one in this process, or whoever listens on the socket in the home
+  // folder.
+  enum class Channel { inProcess, socket };
+
   // Loads the plug-in into a host that shows the calendar. The panel is switched off by the saved profile.
-  explicit RoadWorld(const std::string& calendarText);
+  explicit RoadWorld(const std::string& calendarText, Channel channel = Channel::inProcess);
   ~RoadWorld();
   RoadWorld(const RoadWorld&) = delete;
   RoadWorld& operator=(const RoadWorld&) = delete;
@@ -51,6 +55,7 @@ class RoadWorld {
   vornlab::Service service;
   vornlab::CalendarStore store;
   vornlab::OutlookHost host;
+  // Null on the socket.
   InProcessClient* client = nullptr;
 
  private:

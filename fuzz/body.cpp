@@ -1,0 +1,29 @@
+#include "fuzz/Fuzzing.h"
+#include "invitation/vnBodyHelper.h"
+
+// The invitation in a body that a user has edited: put in, replaced and taken out, whatever the body holds.
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using vorn::fuzzing::check;
+  vorn::fuzzing::Input input(data, size);
+  const bool isHtml = input.byte() % 2 == 0;
+  const std::string body(input.part());
+  const std::string invitation(input.rest());
+  const vorn::vnBodyHelper helper;
+
+  const std::string marked = helper.insertVnBodyBookMark(invitation, isHtml);
+  helper.updateVnBodyWithVnBookmark(body, marked);
+  helper.updateVnBodyWithVnBookmarkEx(body, marked);
+  helper.updateBodyForPAC(body, invitation, isHtml);
+  helper.convertHTMLToPlainText(body);
+  helper.isEqualHTMLBodyContent(body, invitation);
+  helper.removeVnBodyForDelete(body);
+  const vorn::OptionalText updated = helper.updateVnBodyWithSrcBody(body, invitation, isHtml, nullptr);
+  const vorn::OptionalText placed = helper.newVnBodyToEnd(body, marked, isHtml);
+  // In plain text a URL may swallow the bookmark that follows it.
+  if (placed && !marked.empty() && isHtml) {
+    check(helper.removeVnBodyForDelete(placed).has_value(), "what was put in can be taken out");
+  }
+  if (updated) helper.removeVnBodyForDelete(updated);
+  return 0;
+}

@@ -1,0 +1,44 @@
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "channel/transport/MessageAssembler.h"
+#include "channel/transport/vnIPCConstants.h"
+#include "fuzz/Fuzzing.h"
+#include "util/Utf16.h"
+
+// The reader of the socket's stream against a plain one that looks at everything again after each read.
+
+namespace {
+
+using vorn::fuzzing::check;
+
+class PlainReader {
+ public:
+  std::optional<std::string> feed(std::string_view bytes) {
+    const std::string_view chunk = bytes.substr(0, bytes.find('\0'));
+    if (chunk.empty() || !vorn::isValidUtf8(chunk)) return std::nullopt;
+    text_ += chunk;
+    const bool isWhole = text_.find(vorn::TAG_MSG_HEAD_CONTENT) != std::string::npos &&
+                         text_.find(vorn::TAG_MSG_TAIL_CONTENT) != std::string::npos && text_.back() == '}';
+    return isWhole ? std::optional(std::exchange(text_, {})) : std::nullopt;
+  }
+  std::size_t pending() const { return text_.size(); }
+
+ private:
+  std::string text_;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  vorn::fuzzing::Input input(data, size);
+  vorn::MessageAssembler reader;
+  PlainReader plain;
+  while (!input.isEmpty()) {
+    const std::string_view bytes = input.take(input.byte());
+    check(reader.feed(bytes) == plain.feed(bytes), "both readers give the same messages");
+    check(reader.pending() == plain.pending(), "both readers hold the same bytes back");
+  }
+  return 0;
+}

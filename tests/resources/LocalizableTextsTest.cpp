@@ -1,0 +1,132 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/Localization.h"
+#include "tests/support/TestPlatform.h"
+#include "util/AtomicFile.h"
+
+// The table of texts against the sources that use it.
+
+namespace vorn {
+namespace {
+
+using testing::IsEmpty;
+using testing::SizeIs;
+
+// A key as the sources write it. With something put in between, "A" + x + "B", it stands for all keys that begin
+// and end so.
+struct UsedKey {
+  std::string begin;
+  std::string end;
+  bool isPattern = false;
+  // Arguments that are put into the text.
+  std::ptrdiff_t arguments = 0;
+
+  bool meets(const std::string& key) const {
+    if (!isPattern) return key == begin;
+    return key.size() > begin.size() + end.size() && key.starts_with(begin) && key.ends_with(end);
+  }
+};
+
+std::vector<std::smatch> matches(const std::string& text, const std::regex& wanted) {
+  return {std::sregex_iterator(text.begin(), text.end(), wanted), std::sregex_iterator()};
+}
+
+std::ptrdiff_t placeholders(const std::string& text) {
+  std::ptrdiff_t count = 0;
+  for (std::size_t at = text.find("%@"); at != std::string::npos; at = text.find("%@", at + 2)) ++count;
+  return count;
+}
+
+class LocalizableTexts : public testing::Test {
+ protected:
+  LocalizableTexts() {
+    world_.surroundings.resourceFolder = std::string(VORN_PLUGIN_FOLDER) + "/resources";
+    const std::string table = readFile(world_.surroundings.resourceFolder + "/Localizable.strings").value_or("");
+    for (const std::smatch& line : matches(table, std::regex(R"re((^|\n)"(([^"\\]|\\.)+)" = )re"))) {
+      keys_.push_back(line[2]);
+    }
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(VORN_PLUGIN_FOLDER)) {
+      const std::string extension = entry.path().extension();
+      if (extension == ".cpp" || extension == ".h") readSource(readFile(entry.path()).value_or(""));
+    }
+  }
+
+  std::vector<std::string> keysOf(const UsedKey& used) const {
+    std::vector<std::string> met;
+    std::copy_if(keys_.begin(), keys_.end(), std::back_inserter(met),
+                 [&](const std::string& key) { return used.meets(key); });
+    return met;
+  }
+
+  std::vector<std::string> keys_;
+  std::vector<UsedKey> used_;
+
+ private:
+  void readSource(const std::string& source) {
+    // The key, and the braces with the arguments when the call stands within formatText().
+    static const std::regex call(
+        R"re((formatText\(\s*)?localizedString\(\s*"([^"]+)"(\s*\+\s*\w+\s*\+\s*"([^"]*)")?\)(,\s*\{([^}]*)\})?)re");
+    for (const std::smatch& found : matches(source, call)) {
+      UsedKey used{found[2], found[4], found[3].matched};
+      const std::string arguments = found[6];
+      if (found[1].matched && found[5].matched) {
+        used.arguments = 1 + std::count(arguments.begin(), arguments.end(), ',');
+      }
+      used_.push_back(used);
+    }
+    if (source.find("localizedString(") == std::string::npos) return;
+    // Keys that wait in a table of codes or in a constant.
+    for (const std::smatch& found : matches(source, std::regex(R"re(\{\w+, "([A-Z]\w+)"\})re"))) {
+      used_.push_back({found[1], ""});
+    }
+    for (const std::smatch& found : matches(source, std::regex(R"re(localizedString\((k\w+)\))re"))) {
+      const std::regex constant(found[1].str() + R"re(\s*=\s*"([^"]+)")re");
+      for (const std::smatch& value : matches(source, constant)) used_.push_back({value[1], ""});
+    }
+  }
+
+  TestPlatform world_;
+};
+
+TEST_F(LocalizableTexts, HaveEveryKeyThatTheSourcesUse) {
+  ASSERT_GT(used_.size(), 20u) << "the sources were not found";
+  for (const UsedKey& used : used_) {
+    EXPECT_THAT(keysOf(used), testing::Not(IsEmpty())) << used.begin << (used.isPattern ? "…" : "") << used.end;
+  }
+}
+
+TEST_F(LocalizableTexts, HaveAsManyPlaceholdersAsTheirUsePutsIn) {
+  std::map<std::string, std::ptrdiff_t> expected;
+  for (const UsedKey& used : used_) {
+    for (const std::string& key : keysOf(used)) expected[key] = std::max(expected[key], used.arguments);
+  }
+  for (const auto& [key, arguments] : expected) EXPECT_EQ(placeholders(localizedString(key)), arguments) << key;
+  EXPECT_EQ(placeholders(localizedString("JBHPMIRequiredPassword")), 2) << "the sources were not understood";
+}
+
+TEST_F(LocalizableTexts, StandOnceEachAndSaySomething) {
+  EXPECT_THAT(std::set<std::string>(keys_.begin(), keys_.end()), SizeIs(keys_.size()));
+  for (const std::string& key : keys_) {
+    const std::string text = localizedString(key);
+    EXPECT_THAT(text, testing::Not(IsEmpty())) << key;
+    const bool isAKey = text == key && key.find_first_of("_ ") == std::string::npos && key != "OK";
+    EXPECT_FALSE(isAKey) << key << " was not read, or has no text of its own";
+  }
+}
+
+TEST_F(LocalizableTexts, ThatAreMissingShowTheirKey) {
+  EXPECT_EQ(localizedString("LN_NobodyWroteThis_1"), "LN_NobodyWroteThis_1");
+  EXPECT_EQ(localizedString(""), "");
+}
+
+}  // namespace
+}  // namespace vorn
