@@ -22,6 +22,11 @@ struct LabOptions {
   // Seconds that one appointment may take.
   double timeoutSeconds = 60;
 
+  // Whether the user has told the plug-in not to show its panel, so that a click on Add goes straight through.
+  bool panelIsOff = true;
+  // Whether a session begins although its client cannot be started, or reached within the timeout.
+  bool goesOnWithoutClient = false;
+
   // For trying what goes wrong.
   bool withoutClient = false;
   std::string clientVersion;

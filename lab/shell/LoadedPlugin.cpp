@@ -23,7 +23,9 @@ LoadedPlugin::LoadedPlugin(const std::filesystem::path& bundle, const vorn::Plat
   if (module_ == nullptr) throw LabError(std::string("the plug-in cannot be loaded: ") + dlerror());
   const auto load = entryPoint<int (*)(const vorn::Platform*)>(module_, "vOutlookPluginLoad");
   unload_ = entryPoint<void (*)()>(module_, "vOutlookPluginUnload");
-  const bool loaded = load != nullptr && unload_ != nullptr && load(&platform) == 0;
+  answer_ = entryPoint<int (*)(const char*, const vorn::Value*, vorn::Value*)>(module_, "vOutlookPluginAnswer");
+  const bool isComplete = load != nullptr && unload_ != nullptr && answer_ != nullptr;
+  const bool loaded = isComplete && load(&platform) == 0;
   if (!loaded) {
     dlclose(module_);
     throw LabError("the plug-in at " + path.string() + " refuses to load");
@@ -33,6 +35,14 @@ LoadedPlugin::LoadedPlugin(const std::filesystem::path& bundle, const vorn::Plat
 LoadedPlugin::~LoadedPlugin() {
   unload_();
   dlclose(module_);
+}
+
+vorn::Value LoadedPlugin::answer(const std::string& question, const vorn::Value& parameters) const {
+  vorn::Value answer;
+  if (answer_(question.c_str(), &parameters, &answer) != 0) {
+    throw LabError("the plug-in does not answer the question \"" + question + "\"");
+  }
+  return answer;
 }
 
 }  // namespace vornlab

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "platform/Platform.h"
+#include "util/Value.h"
 
 namespace vornlab {
 
@@ -16,9 +18,14 @@ class LoadedPlugin {
   LoadedPlugin(const LoadedPlugin&) = delete;
   LoadedPlugin& operator=(const LoadedPlugin&) = delete;
 
+  // What the plug-in answers to one of its questions for people who support users. Throws LabError for a question
+  // that it does not know.
+  vorn::Value answer(const std::string& question, const vorn::Value& parameters) const;
+
  private:
   void* module_ = nullptr;
   void (*unload_)() = nullptr;
+  int (*answer_)(const char*, const vorn::Value*, vorn::Value*) = nullptr;
 };
 
 }  // namespace vornlab

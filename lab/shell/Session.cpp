@@ -31,6 +31,8 @@ World::Options worldOptions(const LabOptions& options) {
   if (!options.withoutClient) world.client = options.programs / "vornclient.app";
   world.clientVersion = options.clientVersion;
   world.userId = userIdOf(options);
+  world.panelIsOff = options.panelIsOff;
+  world.mayBeTooLongForSocket = options.goesOnWithoutClient;
   return world;
 }
 
@@ -67,16 +69,12 @@ Session::Session(const LabOptions& options, CalendarStore& calendar, const Outlo
       host_(runtime_, runLoop_, center_, hostOptions) {
   // Where an alert offers to start the client, the person declines.
   presenter_.setAnswer(vorn::Presenter::Answer::alternateButton);
-  if (talksByNotifications() && !notifications_) {
-    throw LabError("on " + options.systemVersion +
-                   " the plug-in talks by notifications, and no D-Bus session bus answers");
-  }
-  if (!options.withoutClient) startClient();
+  attempt(&Session::prepareClient);
   host_.defineClasses();
   host_.open(calendar);
   plugin_.emplace(options.programs / "vOutlookPlugin.bundle", platform());
   host_.openMainWindow();
-  if (!options.withoutClient) waitForConnection();
+  if (client_.id() != 0) attempt(&Session::waitForConnection);
 }
 
 Session::~Session() {
@@ -101,6 +99,26 @@ vorn::Platform Session::platform() {
 bool Session::talksByNotifications() const {
   const auto version = parseSystemVersion(options_.systemVersion);
   return version && (version->major < 10 || (version->major == 10 && version->minor < 15));
+}
+
+void Session::attempt(void (Session::*step)()) {
+  try {
+    (this->*step)();
+  } catch (const UsageError&) {
+    throw;
+  } catch (const LabError& error) {
+    if (!options_.goesOnWithoutClient || Interruption::requested()) throw;
+    clientTrouble_ = error.what();
+  }
+}
+
+void Session::prepareClient() {
+  if (talksByNotifications() && !notifications_) {
+    throw LabError("on " + options_.systemVersion +
+                   " the plug-in talks by notifications, and no D-Bus session bus answers");
+  }
+  journalBefore_ = vorn::readFile(world_.journal().string()).value_or("").size();
+  if (!options_.withoutClient) startClient();
 }
 
 void Session::startClient() {
@@ -132,14 +150,19 @@ void Session::restartClient() {
 void Session::waitForConnection() {
   // A notification needs no connection: the client observes the bus since it has printed its line.
   if (talksByNotifications()) return;
-  if (!waitUntil([this] { return hasConnected(); }, kStartSeconds)) {
+  const double seconds = options_.goesOnWithoutClient ? options_.timeoutSeconds : kStartSeconds;
+  if (!waitUntil([this] { return hasConnected(); }, seconds)) {
     throw LabError("the plug-in did not connect to the client");
   }
 }
 
 bool Session::hasConnected() const {
-  return vorn::readFile(world_.journal().string()).value_or("").find("\"event\":\"connected\"") !=
+  return vorn::readFile(world_.journal().string()).value_or("").find("\"event\":\"connected\"", journalBefore_) !=
          std::string::npos;
+}
+
+vorn::Value Session::ask(const std::string& question, const vorn::Value& parameters) {
+  return plugin_->answer(question, parameters);
 }
 
 bool Session::waitUntil(const std::function<bool()>& condition, double seconds) {

@@ -46,6 +46,11 @@ class Session {
   OutlookHost& host() { return host_; }
   vorn::EmbeddedClassRuntime& runtime() { return runtime_; }
   RoadTrace& trace() { return trace_; }
+  // Why the client could not be started or reached; "" when it was, and when none was wanted.
+  const std::string& clientTrouble() const { return clientTrouble_; }
+
+  // What the plug-in answers to one of its questions for people who support users.
+  vorn::Value ask(const std::string& question, const vorn::Value& parameters = vorn::Value());
 
   // Runs the host's loop until the condition holds or the seconds are over, and answers whether it holds. Throws
   // LabError when the person wants the program to end.
@@ -60,8 +65,11 @@ class Session {
  private:
   vorn::Platform platform();
   bool talksByNotifications() const;
+  void prepareClient();
   void startClient();
   void waitForConnection();
+  // Takes a step that needs the client. When it fails and the session goes on without a client, keeps the reason.
+  void attempt(void (Session::*step)());
   bool hasConnected() const;
 
   LabOptions options_;
@@ -78,6 +86,9 @@ class Session {
   vorn::EmbeddedPresenter presenter_;
   RoadTrace trace_;
   OutlookHost host_;
+  std::string clientTrouble_;
+  // Bytes that an earlier session left in the journal of a world that stays.
+  std::size_t journalBefore_ = 0;
   std::optional<LoadedPlugin> plugin_;
 };
 

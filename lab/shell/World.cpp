@@ -16,8 +16,8 @@ using vorn::Value;
 
 constexpr auto kOutlookIdentifier = "com.microsoft.Outlook";
 constexpr auto kOutlookVersion = "16.78.1";
-// Room for "/home/s.vop" and the closing zero in a socket's address.
-constexpr std::size_t kLongestRoot = 107 - 12;
+// Room for "/home/s.vop" in the longest path to which the plug-in connects.
+constexpr std::size_t kLongestRoot = 103 - 11;
 
 void writeList(const Value& value, const fs::path& path) {
   if (!vorn::writePropertyList(value, path.string())) throw LabError("cannot write " + path.string());
@@ -33,13 +33,13 @@ void installFile(const fs::path& from, const fs::path& to) {
 }  // namespace
 
 World::World(const Options& options) {
-  makeRoot(options.folder);
+  makeRoot(options);
   removeAtEnd_ = options.folder.empty() && !options.keep;
   try {
     for (const fs::path& folder : {documents(), preferences(), applications()}) fs::create_directories(folder);
     installOutlook();
     if (!options.client.empty()) installClient(options.client, options.clientVersion);
-    switchPanelOff(options.userId);
+    if (options.panelIsOff) switchPanelOff(options.userId);
   } catch (const fs::filesystem_error& error) {
     throw LabError(error.what());
   }
@@ -52,7 +52,8 @@ World::~World() {
 
 fs::path World::clientProgram() const { return applications() / "vornclient.app/Contents/MacOS/vornclient"; }
 
-void World::makeRoot(const fs::path& folder) {
+void World::makeRoot(const Options& options) {
+  const fs::path& folder = options.folder;
   if (folder.empty()) {
     std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make " + name + ": " + std::strerror(errno));
@@ -63,7 +64,7 @@ void World::makeRoot(const fs::path& folder) {
     root_ = fs::canonical(folder, failed);
     if (failed) throw LabError("cannot make the folder " + folder.string() + ": " + failed.message());
   }
-  if (root_.native().size() > kLongestRoot) {
+  if (!options.mayBeTooLongForSocket && root_.native().size() > kLongestRoot) {
     throw LabError("the path of the folder " + root_.string() + " is too long for a socket in it");
   }
 }

@@ -7,7 +7,7 @@ namespace vornlab {
 
 // The folders of one small machine: a home, an Applications folder with the two programs, and the user's files.
 //
-//   home/Documents/VornOutlookPlugin/<user id>.txt   the saved profile, with the settings panel switched off
+//   home/Documents/VornOutlookPlugin/<user id>.txt   what the user chose last
 //   home/Library/Preferences/                        user defaults
 //   Applications/Microsoft Outlook.app               its version only
 //   Applications/vornclient.app                      the stand-in client, a real program
@@ -26,6 +26,10 @@ class World {
     std::string clientVersion;
     // The user who is signed in at the client.
     std::string userId;
+    // Whether that user has told the plug-in not to show its panel.
+    bool panelIsOff = true;
+    // Whether the path may be too long for a socket. A client cannot listen in such a world.
+    bool mayBeTooLongForSocket = false;
   };
 
   // Throws LabError when something cannot be made.
@@ -44,7 +48,7 @@ class World {
   std::filesystem::path clientErrors() const { return root_ / "client.err"; }
 
  private:
-  void makeRoot(const std::filesystem::path& folder);
+  void makeRoot(const Options& options);
   void installOutlook() const;
   void installClient(const std::filesystem::path& application, const std::string& version) const;
   void switchPanelOff(const std::string& userId) const;

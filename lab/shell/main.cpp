@@ -4,7 +4,9 @@
 #include <cstdlib>
 #include <string>
 
+#include "lab/shell/AccountCommand.h"
 #include "lab/shell/DemoCommand.h"
+#include "lab/shell/DoctorCommand.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/MeetCommand.h"
 #include "lab/shell/Session.h"
@@ -12,7 +14,9 @@
 namespace {
 
 namespace fs = std::filesystem;
+using vornlab::AccountCommandOptions;
 using vornlab::DemoOptions;
+using vornlab::DoctorOptions;
 using vornlab::ExitCode;
 using vornlab::LabOptions;
 using vornlab::MeetOptions;
@@ -36,7 +40,9 @@ std::string isVersion(const std::string& text) {
 void addLabOptions(CLI::App& command, LabOptions& lab) {
   command.add_option("--account", lab.account, "who is signed in at the client; see docs/laboratory.md")
       ->check(CLI::ExistingFile);
-  command.add_option("--timeout", lab.timeoutSeconds, "seconds that one appointment may take")
+  command
+      .add_option("--timeout", lab.timeoutSeconds,
+                  "seconds that one appointment, or the client's profile, may take")
       ->check(CLI::PositiveNumber)
       ->capture_default_str();
   command
@@ -84,6 +90,31 @@ CLI::App* addDemo(CLI::App& program, DemoOptions& options) {
   return command;
 }
 
+// A command that only asks leaves the user's choices as they are.
+void askOnly(CLI::App& command, LabOptions& lab, vornlab::ReportForm& form) {
+  constexpr double kProfileSeconds = 10;
+  lab.panelIsOff = false;
+  lab.timeoutSeconds = kProfileSeconds;
+  command.add_flag_callback(
+      "--json", [&form] { form = vornlab::ReportForm::json; }, "one JSON object");
+  addLabOptions(command, lab);
+}
+
+CLI::App* addDoctor(CLI::App& program, DoctorOptions& options) {
+  CLI::App* command =
+      program.add_subcommand("doctor", "tell what the plug-in finds, and whether a meeting could be made");
+  options.lab.goesOnWithoutClient = true;
+  askOnly(*command, options.lab, options.form);
+  return command;
+}
+
+CLI::App* addAccountCommand(CLI::App& account, const char* name, const char* what,
+                            AccountCommandOptions& options) {
+  CLI::App* command = account.add_subcommand(name, what);
+  askOnly(*command, options.lab, options.form);
+  return command;
+}
+
 bool hasCommand(const CLI::App& program, const std::string& name) {
   const auto commands = program.get_subcommands(nullptr);
   return std::any_of(commands.begin(), commands.end(),
@@ -97,12 +128,23 @@ int run(int argc, char** argv) {
   meetOptions.lab = lab;
   DemoOptions demoOptions;
   demoOptions.lab = lab;
+  DoctorOptions doctorOptions;
+  doctorOptions.lab = lab;
+  AccountCommandOptions showOptions;
+  showOptions.lab = lab;
+  AccountCommandOptions defaultsOptions = showOptions;
 
   CLI::App program("The laboratory of the plug-in: a stand-in host and a stand-in client, driven from here.",
                    "vornlab");
   program.require_subcommand(1);
   const CLI::App* meet = addMeet(program, meetOptions);
   const CLI::App* demo = addDemo(program, demoOptions);
+  const CLI::App* doctor = addDoctor(program, doctorOptions);
+  CLI::App* account = program.add_subcommand("account", "tell what the plug-in understands of an account");
+  account->require_subcommand(1);
+  const CLI::App* show = addAccountCommand(*account, "show", "the profile, in groups", showOptions);
+  const CLI::App* defaults = addAccountCommand(
+      *account, "defaults", "the settings of a new meeting, and who decided them", defaultsOptions);
 
   if (argc > 1 && argv[1][0] != '-' && !hasCommand(program, argv[1])) {
     std::fprintf(stderr, "vornlab: there is no command \"%s\"; vornlab --help lists them\n", argv[1]);
@@ -115,6 +157,9 @@ int run(int argc, char** argv) {
   }
   if (meet->parsed()) return static_cast<int>(vornlab::meet(meetOptions));
   if (demo->parsed()) return static_cast<int>(vornlab::demo(demoOptions));
+  if (doctor->parsed()) return static_cast<int>(vornlab::doctor(doctorOptions));
+  if (show->parsed()) return static_cast<int>(vornlab::accountShow(showOptions));
+  if (defaults->parsed()) return static_cast<int>(vornlab::accountDefaults(defaultsOptions));
   return static_cast<int>(ExitCode::badUsage);
 }
 

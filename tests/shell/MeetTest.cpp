@@ -212,7 +212,10 @@ TEST_F(Meet, GoesOnAfterOneAppointmentThatFails) {
 
 TEST(Vornlab, TellsBadUsageWithExitCode2) {
   const std::pair<std::vector<std::string>, const char*> cases[] = {
-      {{"doctor"}, "there is no command \"doctor\""},
+      {{"surgeon"}, "there is no command \"surgeon\""},
+      {{"doctor", "--loudly"}, "--loudly"},
+      {{"account"}, "subcommand"},
+      {{"account", "show", "--account", "/no/such/account.json"}, "/no/such/account.json"},
       {{"meet", "in.ics"}, "--out"},
       {{"meet", "in.ics", "--out", "out.ics"}, "--uid,--all"},
       {{"meet", "in.ics", "--out", "out.ics", "--all", "--uid", "a"}, "--uid,--all"},

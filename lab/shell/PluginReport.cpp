@@ -1,0 +1,109 @@
+#include "lab/shell/PluginReport.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "util/Utf16.h"
+#include "util/vStringUtils.h"
+
+namespace vornlab {
+namespace {
+
+using vorn::Value;
+
+// A longer value moves the note of its own line only.
+constexpr std::size_t kWidestColumn = 44;
+
+std::size_t widthOf(const Value& rows, const char* column) {
+  std::size_t width = 0;
+  for (const Value& row : rows.items()) width = std::max(width, vorn::utf16Length(row[column].text()));
+  return std::min(width, kWidestColumn);
+}
+
+std::string padded(const std::string& text, std::size_t width) {
+  const std::size_t length = vorn::utf16Length(text);
+  return length < width ? text + std::string(width - length, ' ') : text;
+}
+
+// A value from outside keeps to its line.
+std::string onOneLine(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
+  return text;
+}
+
+std::string wordsOfRefusal(std::int64_t code) {
+  switch (code) {
+    case 2: return "the client is not installed";
+    case 5: return "the client is not running";
+    case 6: return "the client is too old";
+    default: return "the plug-in refused the request with code " + std::to_string(code);
+  }
+}
+
+std::string secondsInWords(double seconds) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%g seconds", seconds);
+  return text;
+}
+
+struct Fetched {
+  bool wasSent = false;
+  std::string trouble;
+};
+
+Fetched fetch(Session& session, const char* what, double timeoutSeconds) {
+  const std::size_t sent = session.trace().sent();
+  const std::size_t received = session.trace().received();
+  const Value answer = session.ask("fetch", Value::dictionaryFromPairs({{"what", what}}));
+  if (!answer["sent"].boolValue()) return {false, wordsOfRefusal(answer["refused"].integerValue())};
+  switch (session.waitForQuiet(sent, received, timeoutSeconds)) {
+    case Session::Quiet::reached: return {true, ""};
+    case Session::Quiet::clientGone: return {true, "the client ended before it answered"};
+    default: return {true, "the client did not answer within " + secondsInWords(timeoutSeconds)};
+  }
+}
+
+}  // namespace
+
+void printGroups(const Value& groups) {
+  for (const Value& group : groups.items()) {
+    std::printf("%s\n", group["name"].text().c_str());
+    const Value& rows = group["rows"];
+    const std::size_t words = widthOf(rows, "words");
+    const std::size_t shown = widthOf(rows, "shown");
+    for (const Value& row : rows.items()) {
+      std::string line = "  " + padded(row["words"].text(), words) + "  " + row["shown"].text();
+      const std::string& note = row["note"].text();
+      if (!note.empty()) line = padded(line, words + shown + 4) + "  " + note;
+      std::printf("%s\n", onOneLine(line).c_str());
+    }
+    std::printf("\n");
+  }
+}
+
+void printGroupsAsJson(const Value& groups, const Value& further) {
+  Value object = further;
+  for (const Value& group : groups.items()) {
+    Value entries = Value::dictionary();
+    for (const Value& row : group["rows"].items()) entries.set(row["key"].text(), row["value"]);
+    object.set(group["name"].text(), std::move(entries));
+  }
+  std::printf("%s\n", vorn::vStringUtils::toJSONString(object).value_or("{}").c_str());
+}
+
+std::string fetchAccount(Session& session, double timeoutSeconds) {
+  session.trace().forgetTrouble();
+  const Fetched profile = fetch(session, "profile", timeoutSeconds);
+  // A profile may be there although the audio conferences behind it never came.
+  if (session.ask("account")["hasProfile"].boolValue()) {
+    fetch(session, "people", timeoutSeconds);
+    return "";
+  }
+  const std::string refusal = session.trace().refusal();
+  if (refusal == "VornClientNotSignIn") return "nobody is signed in at the client";
+  if (!refusal.empty()) return "the client refused the question for the profile with error " + refusal;
+  return profile.trouble.empty() ? "the client did not send a profile" : profile.trouble;
+}
+
+}  // namespace vornlab

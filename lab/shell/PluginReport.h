@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "lab/shell/Session.h"
+#include "util/Value.h"
+
+namespace vornlab {
+
+// How a report is printed: in words, or as one JSON object.
+enum class ReportForm { words, json };
+
+// Prints groups of rows, as the plug-in gives them, in words: one line a row, in columns.
+void printGroups(const vorn::Value& groups);
+
+// Prints the groups as an object of objects by the groups' names and the rows' keys, with further entries beside.
+void printGroupsAsJson(const vorn::Value& groups, const vorn::Value& further);
+
+// Has the plug-in fetch the profile of the account, the audio conferences and the people to schedule for, and
+// waits for the replies. Answers why there is no profile, or "".
+std::string fetchAccount(Session& session, double timeoutSeconds);
+
+}  // namespace vornlab

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string_view>
+
+#include "util/Value.h"
+
+namespace vorn {
+
+// Tells people who support users what this system finds on the machine and understands of the account.
+//
+// Main thread only, while the plug-in stands. E-mail addresses and passcodes are covered with "******" in every
+// answer.
+//
+//   question     parameters       answer
+//   "client"     none             groups; "troubles": texts, each a reason why no meeting could be made now
+//   "fetch"      "what"           asks the client. "profile" is for the profile, behind which the request for the
+//                                 audio conferences follows by itself; "people" for the people to schedule for,
+//                                 when there are any. "sent": whether the request is on its way; "refused": the
+//                                 code for which it is not. The replies come by the run loop
+//   "account"    none             groups; "hasProfile"
+//   "defaults"   none             one group: each setting of a new meeting, and who decided it; "hasProfile"
+//
+// "groups" is an array as DiagnosisReport makes it.
+class Diagnosis {
+ public:
+  // False for a question that is not known; the answer is then left alone.
+  static bool answer(std::string_view question, const Value& parameters, Value& answer);
+
+ private:
+  static Value client();
+  static Value fetch(const Value& parameters);
+  static Value account();
+  static Value defaults();
+};
+
+}  // namespace vorn
