@@ -100,14 +100,14 @@ TEST_F(NotificationsTest, areNotedInTheJournalWithoutSecrets) {
   RunningClient client(arguments({"--transport", "notifications"}));
   ASSERT_TRUE(client.line());
   request({3, R"(1;;;;;;;;;;;;;{"apptInfo": {"subject": "A", "startTime": "1793000000", "duration": "30"},)"
-              R"( "setting": {"meetingPassword": "pass-771", "audioOption": 2}})"});
+              R"( "setting": {"meetingPassword": "pass-sesame", "audioOption": 2}})"});
   plugin->post("VornOutlookPluginToVornVideoClient", Value::Dictionary{{"actionId", "11"}});
   for (const char* name :
        {"VornOutlookPlugin.LaunchClient", "VornOutlookPlugin.OpenAboutDialog", "Noti_SilentActiveVornApp"}) {
     plugin->post(name, {});
   }
   plugin->post("Noti_ActivateVornApplicationExternally",
-               Value::Dictionary{{"Param_ActivateVornApplicationExternally", "vornmtg://host/start?pwd=771"}});
+               Value::Dictionary{{"Param_ActivateVornApplicationExternally", "vornmtg://host/start?pwd=sesame"}});
   plugin->post("Somebody.Elses", {});
   request({11, "11"});
   ASSERT_TRUE(waitForReplies(2));
@@ -117,7 +117,7 @@ TEST_F(NotificationsTest, areNotedInTheJournalWithoutSecrets) {
   std::vector<std::string> events;
   for (const auto& event : journal()) {
     events.push_back(event["event"] == "notification" ? event["name"] : event["event"]);
-    EXPECT_THAT(event.dump(), testing::Not(HasSubstr("771")));
+    EXPECT_THAT(event.dump(), testing::Not(HasSubstr("sesame")));
   }
   EXPECT_THAT(events, ElementsAre("joined", "request", "reply", "malformed", "VornOutlookPlugin.LaunchClient",
                                   "VornOutlookPlugin.OpenAboutDialog", "Noti_SilentActiveVornApp",
