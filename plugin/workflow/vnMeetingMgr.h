@@ -58,7 +58,7 @@ class vnMeetingMgr : public vnMeetingState,
   void setMeetingAction(std::uint64_t action) override { m_vnMeetingAction = action; }
   bool isUpdateVornMeetingEvent() override { return m_vnMeetingAction == VnCmdUpdate; }
 
-  // -- What it owns; null after cleanup
+  // -- What it owns; never null, and emptied by cleanup
   // ------------------------------------------------------------------------------
 
   vnMeetingDataMgr* meetingDataMgr() { return meetingDataMgr_.get(); }

@@ -304,9 +304,18 @@ void vnMeetingMgr::closeOLAppointment(const HostObject& editor) {
   const bool uuidWasMissing = uuidOf(proxy).value_or("").empty();
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
   const Value meetingData = getVornMeetingData(editor);
-  const HostObject windowController = bar->editorWindowController();
-  const auto tellUUID = [&] { updateApptUUIDToMeeting(parentWindow, uuidOf(proxy), meetingData, uuidWasMissing); };
+  const vnECCalendarEvent event(proxy.content());
+  const auto tellUUID = [&] {
+    // The host's operation may have closed the window. Its editor shows no event then, but the event itself lasts
+    // until the host's call has unwound, and it has just got its UUID.
+    OptionalText uuid = uuidOf(proxy);
+    if (!uuid) uuid = event.UUID();
+    updateApptUUIDToMeeting(parentWindow, uuid, meetingData, uuidWasMissing);
+  };
   const auto closeWindowLater = [&] {
+    // Asked for only now: a window that the host has closed by itself has no bar in it, and is left alone.
+    const HostObject windowController = bar->editorWindowController();
+    if (!windowController) return;
     Registry::platform().runLoop->performAfter(0, this, "close", [windowController] {
       Registry::platform().classRuntime->send(windowController, "close");
     });

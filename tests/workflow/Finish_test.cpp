@@ -1,0 +1,92 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/workflow/FakeWindow.h"
+
+namespace vorn {
+namespace {
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+
+constexpr const char* kAddedPrefix = "vn_ERCalendarEventEditorViewController_";
+
+// What the host is told when the work behind a save is over.
+class Finish : public testing::Test {
+ protected:
+  Finish() {
+    defineWindowClasses(test.classRuntime);
+    WorkflowDirectory::sharedInstance().install();
+    for (const char* selector : {"save", "save:", "saveAndCloseWindow:", "saveAndCloseWindow:andReturnError:",
+                                 "sendMeetingPostValidate"}) {
+      hostDoes(selector, [] {});
+    }
+    test.classRuntime.setInstanceMethod("ERCalendarEventEditorWindowController", "close",
+                                        [this](const HostObject&, const Arguments&) {
+                                          calls.push_back("close");
+                                          return Value();
+                                        });
+  }
+
+  void hostDoes(const std::string& selector, const std::function<void()>& effect) {
+    test.classRuntime.setInstanceMethod("ERCalendarEventEditorViewController", kAddedPrefix + selector,
+                                        [this, selector, effect](const HostObject&, const Arguments&) {
+                                          calls.push_back(selector);
+                                          effect();
+                                          return Value();
+                                        });
+  }
+
+  void finish(FakeWindow& window, int action) {
+    window.bar->action = action;
+    window.manager->closeOLAppointment(window.bar->editor);
+    test.runLoop.runFor(0.005);
+  }
+
+  TestPlatform test;
+  std::vector<std::string> calls;
+};
+
+TEST_F(Finish, MakesTheRefusedCallAgainAndWithAttendeesOnlyASend) {
+  struct Row {
+    int action;
+    bool hasAttendees;
+    std::vector<std::string> calls;
+  };
+  const Row rows[] = {
+      {0, false, {}},
+      {VnApptActionSave, false, {"save:"}},
+      {VnApptActionSaveAndClose, false, {"saveAndCloseWindow:", "close"}},
+      {VnApptActionSend, false, {}},
+      {VnApptActionSaveAndCloseReturnError, false, {"saveAndCloseWindow:andReturnError:", "close"}},
+      {VnApptActionCalendarEdit, false, {}},
+      {VnApptActionAutoUpdate, false, {"save"}},
+      {VnApptActionSave, true, {}},
+      {VnApptActionSaveAndClose, true, {}},
+      {VnApptActionSend, true, {"sendMeetingPostValidate"}},
+      {VnApptActionSaveAndCloseReturnError, true, {}},
+      {VnApptActionAutoUpdate, true, {}},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(testing::Message() << "action " << row.action << (row.hasAttendees ? " with attendees" : ""));
+    FakeWindow window(test);
+    if (row.hasAttendees) window.invite("ada", 1);
+    calls.clear();
+    finish(window, row.action);
+    EXPECT_THAT(calls, ElementsAreArray(row.calls));
+  }
+}
+
+TEST_F(Finish, AWindowThatTheHostsOwnSaveHasClosedIsNotClosedAgain) {
+  FakeWindow window(test);
+  hostDoes("saveAndCloseWindow:", [&] { window.bar->windowController = {}; });
+  finish(window, VnApptActionSaveAndClose);
+  EXPECT_THAT(calls, ElementsAre("saveAndCloseWindow:"));
+}
+
+}  // namespace
+}  // namespace vorn
