@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "channel/transport/vSocketClientImpl.h"
 #include "lab/client/MessageScanner.h"
 #include "tests/road/world/RoadWorld.h"
 #include "tests/transport/TestListener.h"
@@ -57,11 +60,7 @@ std::string joined(const std::vector<std::string>& fields) {
 class SpoiledRoad {
  public:
   SpoiledRoad(std::uint32_t spoiled, Spoiling spoiling) : spoiled_(spoiled), spoiling_(std::move(spoiling)) {
-    EXPECT_TRUE(listener_.isReady());
-    auto& socket = vSocketClientImpl::shareInstance();
-    socket.disconnect();
-    socket.connect();
-    peer_ = listener_.accept();
+    peer_ = listener_->accept();
     EXPECT_TRUE(peer_);
   }
 
@@ -113,15 +112,30 @@ class SpoiledRoad {
       const bool spoils = reply.action == spoiled_;
       hasSpoiled_ |= spoils;
       TestListener::write(peer_, spoils ? spoiling_(reply) : vornlab::toText(reply));
+      waitUntilTaken();
+    }
+  }
+
+  // Nothing on the stream parts two replies: the next may only come when the last has been read.
+  void waitUntilTaken() const {
+    int waiting = 1;
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (::ioctl(peer_.number(), SIOCOUTQ, &waiting) == 0 && waiting > 0 &&
+           std::chrono::steady_clock::now() < deadline) {
+      ::usleep(200);
     }
   }
 
   std::uint32_t spoiled_;
   Spoiling spoiling_;
   bool hasSpoiled_ = false;
-  RoadWorld world_{calendarWith("SUMMARY:Review\r\n"), RoadWorld::Channel::socket};
+  std::optional<TestListener> listener_;
+  RoadWorld world_{calendarWith("SUMMARY:Review\r\n"), RoadWorld::Channel::socket,
+                   [this](const std::string& home) {
+                     listener_.emplace(home + "/s.vop");
+                     EXPECT_TRUE(listener_->isReady());
+                   }};
   const std::string before_ = world_.calendarText();
-  TestListener listener_{world_.test.surroundings.homeDirectory() + "/s.vop"};
   TestDescriptor peer_;
   vornlab::MessageScanner scanner_;
   RoadWorld::EditorId editor_{};

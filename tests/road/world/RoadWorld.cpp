@@ -37,7 +37,8 @@ void switchPanelOff(TestPlatform& test, const std::string& userId) {
 
 }  // namespace
 
-RoadWorld::RoadWorld(const std::string& calendarText, Channel channel)
+RoadWorld::RoadWorld(const std::string& calendarText, Channel channel,
+                     const std::function<void(const std::string& home)>& beforeLoading)
     : service(vornlab::Account::plain(), seeded()),
       host(test.classRuntime, test.runLoop, test.notificationCenter, {}) {
   test.surroundings.resourceFolder = VORN_RESOURCES;
@@ -51,6 +52,7 @@ RoadWorld::RoadWorld(const std::string& calendarText, Channel channel)
     client = made.get();
     Registry::install<vSocketClientImpl>(std::move(made));
   }
+  if (beforeLoading) beforeLoading(test.surroundings.homeDirectory());
 
   host.defineClasses();
   attachPlugin();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -22,7 +23,10 @@ class RoadWorld {
   enum class Channel { inProcess, socket };
 
   // Loads the plug-in into a host that shows the calendar. The panel is switched off by the saved profile.
-  explicit RoadWorld(const std::string& calendarText, Channel channel = Channel::inProcess);
+  explicit RoadWorld(const std::string& calendarText) : RoadWorld(calendarText, Channel::inProcess, nullptr) {}
+  // With the socket, whoever is to listen there begins before the plug-in loads and connects.
+  RoadWorld(const std::string& calendarText, Channel channel,
+            const std::function<void(const std::string& home)>& beforeLoading);
   ~RoadWorld();
   RoadWorld(const RoadWorld&) = delete;
   RoadWorld& operator=(const RoadWorld&) = delete;
