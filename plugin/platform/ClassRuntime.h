@@ -48,6 +48,8 @@ class ClassRuntime {
   virtual MethodRef class_getInstanceMethod(ClassRef target, std::string_view selector) = 0;
   // The same for the class object. A metaclass is its own metaclass here.
   virtual MethodRef class_getClassMethod(ClassRef target, std::string_view selector) = 0;
+  // Each class that was asked for the methods keeps the exchange to itself: a method that it inherits is copied
+  // into it first, and the class it comes from and its other heirs stay as they are.
   virtual void method_exchangeImplementations(MethodRef first, MethodRef second) = 0;
 
   // The object that stands for the class as a receiver; absent for a false reference.

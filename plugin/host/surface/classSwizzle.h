@@ -8,8 +8,8 @@ namespace vorn {
 
 // Exchanges the host's implementation of a method with one that was added to the same class.
 //
-// False, and no change, when the class or either method is missing. An inherited method is exchanged where it is
-// defined, so its other heirs see the exchange too.
+// False, and no change, when the class or either method is missing. An inherited method is exchanged for this
+// class and its heirs alone.
 class classSwizzle {
  public:
   // Why an exchange did not come about, for tools and tests.

@@ -10,6 +10,8 @@ namespace vorn {
 namespace {
 
 using Dealloc = void (*)(id self, SEL selector);
+// What all implementations pass for; the compiler allows no straight way from one type to the other.
+using AnyFunction = void (*)();
 
 Dealloc originalDealloc = nullptr;
 void (*tell)(id object) = nullptr;
@@ -26,8 +28,8 @@ void watchDeath(id, void (*died)(id object)) {
   if (originalDealloc) return;
   tell = died;
   const Method dealloc = class_getInstanceMethod([NSObject class], @selector(dealloc));
-  originalDealloc = reinterpret_cast<Dealloc>(method_getImplementation(dealloc));
-  method_setImplementation(dealloc, reinterpret_cast<IMP>(deallocAndTell));
+  originalDealloc = reinterpret_cast<Dealloc>(reinterpret_cast<AnyFunction>(method_getImplementation(dealloc)));
+  method_setImplementation(dealloc, reinterpret_cast<IMP>(reinterpret_cast<AnyFunction>(deallocAndTell)));
 }
 
 }  // namespace vorn

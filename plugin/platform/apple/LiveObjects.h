@@ -12,16 +12,17 @@ namespace vorn {
 
 // Which objects of the host that this system has met are still alive.
 //
-// An address that was never handed out from here, or whose object has been deallocated, has no object behind it. The
-// memory of a dead object may be used again: once the new object has been met, an old reference means that one.
-// An object may end on any thread; everything else is the main thread's.
+// An address that was never handed out from here, or whose object has been deallocated, has no object behind it.
+// The memory of a dead object may be used again: once the new object has been met, an old reference means that
+// one. An object may end on any thread; everything else is the main thread's.
 class LiveObjects {
  public:
   // Whether a reference keeps its object alive.
   enum class Holding {
     // The caller has it, and we are only passing.
     never,
-    // When the caller's own hold is the only one, so that the object would end with it; otherwise its owner decides.
+    // When the caller's own hold is the only one, so that the object would end with it; otherwise its owner
+    // decides.
     whenUnowned,
   };
 

@@ -1,5 +1,7 @@
 #include "platform/embedded/EmbeddedClassRuntime.h"
 
+#include <map>
+#include <utility>
 #include <vector>
 
 namespace vorn {
@@ -24,6 +26,21 @@ struct EmbeddedClassRuntime::Class {
     }
     return nullptr;
   }
+
+  // The class's own method; one that it inherits is copied into it. Null when there is none.
+  Method* own(const std::string& selector) {
+    const Method* inherited = find(selector);
+    if (!inherited) return nullptr;
+    const auto [entry, isNew] = methods.try_emplace(selector);
+    if (isNew) entry->second = std::make_unique<Method>(*inherited);
+    return entry->second.get();
+  }
+};
+
+// A method as one class has it, which is what a reference to a method stands for.
+struct EmbeddedClassRuntime::Place {
+  Class* target = nullptr;
+  std::string selector;
 };
 
 struct EmbeddedClassRuntime::Object {
@@ -35,11 +52,18 @@ struct EmbeddedClassRuntime::Tables {
   std::vector<std::unique_ptr<Class>> classes;
   std::unordered_map<std::string, Class*> byName;
   std::unordered_map<std::uintptr_t, Object> live;
+  std::map<std::pair<Class*, std::string>, Place> places;
   std::uintptr_t nextAddress = 0x600000000010;
 
   Object* object(const HostObject& reference) {
     const auto found = live.find(reference.address());
     return found == live.end() ? nullptr : &found->second;
+  }
+  MethodRef method(Class* target, std::string_view selector) {
+    if (!target->find(std::string(selector))) return {};
+    Place& place = places[{target, std::string(selector)}];
+    place = Place{target, std::string(selector)};
+    return MethodRef{reinterpret_cast<std::uintptr_t>(&place)};
   }
   Class* named(std::string_view name) {
     const auto found = byName.find(std::string(name));
@@ -166,22 +190,22 @@ bool EmbeddedClassRuntime::class_addMethod(ClassRef target, std::string_view sel
 }
 
 MethodRef EmbeddedClassRuntime::class_getInstanceMethod(ClassRef target, std::string_view selector) {
-  if (!target) return {};
-  return MethodRef{reinterpret_cast<std::uintptr_t>(classFrom<Class>(target)->find(std::string(selector)))};
+  return target ? tables_->method(classFrom<Class>(target), selector) : MethodRef();
 }
 
 MethodRef EmbeddedClassRuntime::class_getClassMethod(ClassRef target, std::string_view selector) {
   if (!target) return {};
   Class* held = classFrom<Class>(target);
-  Class* metaclass = held->metaclass ? held->metaclass : held;
-  return MethodRef{reinterpret_cast<std::uintptr_t>(metaclass->find(std::string(selector)))};
+  return tables_->method(held->metaclass ? held->metaclass : held, selector);
 }
 
 void EmbeddedClassRuntime::method_exchangeImplementations(MethodRef first, MethodRef second) {
   if (!first || !second) return;
-  auto* a = reinterpret_cast<Method*>(first.id);
-  auto* b = reinterpret_cast<Method*>(second.id);
-  std::swap(a->implementation, b->implementation);
+  const auto& a = *reinterpret_cast<const Place*>(first.id);
+  const auto& b = *reinterpret_cast<const Place*>(second.id);
+  Method* ownA = a.target->own(a.selector);
+  Method* ownB = b.target->own(b.selector);
+  if (ownA && ownB) std::swap(ownA->implementation, ownB->implementation);
 }
 
 HostObject EmbeddedClassRuntime::classObject(ClassRef target) {

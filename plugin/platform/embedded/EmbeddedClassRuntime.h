@@ -58,6 +58,7 @@ class EmbeddedClassRuntime final : public ClassRuntime {
  private:
   struct Method;
   struct Class;
+  struct Place;
   struct Object;
   struct Tables;
 

@@ -1,0 +1,31 @@
+# The Objective-C side: on macOS the system's, elsewhere GNUstep with g++. Where either is missing VORN_OBJC is off,
+# and what is written in Objective-C++ is left out of the build.
+
+set(VORN_OBJC OFF)
+pkg_check_modules(FFI IMPORTED_TARGET libffi)
+if(APPLE)
+  set(VORN_OBJC ${FFI_FOUND})
+  set(objc_options)
+  set(objc_libraries "-framework Foundation")
+elseif(FFI_FOUND AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # The compiler answers with the bare name when it has no such part.
+  execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-prog-name=cc1objplus
+    OUTPUT_VARIABLE objc_compiler OUTPUT_STRIP_TRAILING_WHITESPACE)
+  find_path(GNUSTEP_HEADERS Foundation/Foundation.h PATH_SUFFIXES GNUstep)
+  find_library(GNUSTEP_BASE gnustep-base)
+  if(IS_ABSOLUTE "${objc_compiler}" AND GNUSTEP_HEADERS AND GNUSTEP_BASE)
+    set(VORN_OBJC ON)
+    set(objc_options -isystem ${GNUSTEP_HEADERS} -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_RUNTIME=1
+      -D_NATIVE_OBJC_EXCEPTIONS -fobjc-exceptions -fconstant-string-class=NSConstantString)
+    set(objc_libraries ${GNUSTEP_BASE} objc)
+  endif()
+endif()
+message(STATUS "Objective-C edge: ${VORN_OBJC}")
+
+# vorn_objc_sources(TARGET SOURCES...): adds Objective-C++ sources to a target of this folder.
+function(vorn_objc_sources target)
+  # CMake names a language at each source, and the last one counts.
+  set_source_files_properties(${ARGN} PROPERTIES LANGUAGE CXX COMPILE_OPTIONS "-x;objective-c++;${objc_options}")
+  target_sources(${target} PRIVATE ${ARGN})
+  target_link_libraries(${target} PRIVATE ${objc_libraries})
+endfunction()

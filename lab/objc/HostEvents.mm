@@ -1,0 +1,451 @@
+// Appointments as the host shows them, and what they hand out.
+
+#include <array>
+#include <cstdio>
+#include <random>
+
+#include "lab/objc/HostClasses.h"
+#include "util/HtmlText.h"
+
+using vornlab::foundationText;
+using vornlab::plainText;
+using vornlab::storedEvent;
+
+namespace {
+
+std::string newUid() {
+  std::random_device random;
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), "%08X-%04X-%04X-%04X-%08X%04X", random(), random() & 0xFFFF,
+                random() & 0xFFFF, random() & 0xFFFF, random(), random() & 0xFFFF);
+  return text.data();
+}
+
+std::string htmlForPlainText(std::string_view text) {
+  std::string body;
+  for (const char c : text) {
+    switch (c) {
+      case '&': body += "&amp;"; break;
+      case '<': body += "&lt;"; break;
+      case '>': body += "&gt;"; break;
+      case '\r': break;
+      case '\n': body += "<br>\n"; break;
+      default: body += c;
+    }
+  }
+  return "<html><head><meta charset=\"utf-8\"></head><body>" + body + "</body></html>";
+}
+
+std::string shownHtml(const vornlab::CalendarEvent& event) {
+  if (const vorn::OptionalText html = event.htmlDescription()) return *html;
+  const std::string description = event.description().value_or("");
+  return event.descriptionIsHtml() ? description : htmlForPlainText(description);
+}
+
+OLCalendarDate* dateOf(const std::optional<vornlab::CalendarTime>& time) {
+  return time ? [OLCalendarDate dateWithTime:*time] : nil;
+}
+
+NSString* userAddress = nil;
+
+}  // namespace
+
+namespace vornlab {
+
+std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
+  if (!object || !object->store_ || object->index_ < 0) return {};
+  const CalendarEvent stored = object->store_->eventAt(static_cast<std::size_t>(object->index_));
+  if (stored.isRemoved()) return {};
+  return stored;
+}
+
+}  // namespace vornlab
+
+@implementation OLCalendarDate
++ (OLCalendarDate*)dateWithTime:(const vornlab::CalendarTime&)time {
+  NSTimeZone* zone = [NSTimeZone timeZoneWithName:foundationText(std::string_view(time.zone))];
+  return [[[OLCalendarDate alloc] initWithSeconds:time.seconds zone:zone] autorelease];
+}
+- (id)initWithSeconds:(double)seconds zone:(NSTimeZone*)zone {
+  if (!(self = [super init])) return nil;
+  seconds_ = seconds;
+  zone_ = [(zone ? zone : [NSTimeZone timeZoneForSecondsFromGMT:0]) retain];
+  return self;
+}
+- (void)dealloc {
+  [zone_ release];
+  [super dealloc];
+}
+- (NSDate*)dateUTC {
+  return [NSDate dateWithTimeIntervalSince1970:seconds_];
+}
+- (double)timeIntervalSince1970 {
+  return seconds_;
+}
+- (NSTimeZone*)timeZone {
+  return zone_;
+}
+- (double)timeIntervalSinceDate:(OLCalendarDate*)other {
+  return seconds_ - [other timeIntervalSince1970];
+}
+- (OLCalendarDate*)dateByAddingTimeInterval:(double)seconds {
+  return [[[OLCalendarDate alloc] initWithSeconds:seconds_ + seconds zone:zone_] autorelease];
+}
+- (OLCalendarDate*)dateInDifferentTimeZone:(NSTimeZone*)zone {
+  return [[[OLCalendarDate alloc] initWithSeconds:seconds_ zone:zone] autorelease];
+}
+- (NSDateComponents*)fields {
+  NSCalendar* calendar = [[[NSCalendar alloc] initWithCalendarIdentifier:NSGregorianCalendar] autorelease];
+  [calendar setTimeZone:zone_];
+  const NSUInteger all = NSYearCalendarUnit | NSMonthCalendarUnit | NSDayCalendarUnit | NSHourCalendarUnit |
+                         NSMinuteCalendarUnit | NSWeekdayCalendarUnit;
+  return [calendar components:all fromDate:[self dateUTC]];
+}
+- (NSInteger)minuteOfHour {
+  return [[self fields] minute];
+}
+- (NSInteger)hourOfDay {
+  return [[self fields] hour];
+}
+- (NSInteger)weekday {
+  return [[self fields] weekday];
+}
+- (NSInteger)dayOfMonth {
+  return [[self fields] day];
+}
+- (NSInteger)monthOfYear {
+  return [[self fields] month];
+}
+- (NSInteger)yearOfCommonEra {
+  return [[self fields] year];
+}
+@end
+
+@implementation HostStoredObject
+- (id)initWithStore:(vornlab::CalendarStore*)store index:(NSInteger)index {
+  if (!(self = [super init])) return nil;
+  store_ = store;
+  index_ = index;
+  return self;
+}
+@end
+
+@implementation ECRecurrence
+- (NSString*)format {
+  const auto series = storedEvent(self);
+  return series ? foundationText(std::string_view(series->recurrence().rule)) : nil;
+}
+- (int)endType {
+  const auto series = storedEvent(self);
+  return series ? series->recurrence().endType : 0;
+}
+- (int)occurrenceCount {
+  const auto series = storedEvent(self);
+  return series ? series->recurrence().occurrenceCount : 0;
+}
+- (OLCalendarDate*)startDate {
+  const auto series = storedEvent(self);
+  return series ? dateOf(series->start()) : nil;
+}
+- (OLCalendarDate*)endDate {
+  const auto series = storedEvent(self);
+  return series ? dateOf(series->recurrence().lastStart) : nil;
+}
+@end
+
+@implementation ECRecordUID
+- (NSString*)recordUID {
+  const auto stored = storedEvent(self);
+  return stored ? foundationText(std::string_view(stored->uid())) : nil;
+}
+- (long long)recordID {
+  return index_ + 1;
+}
+- (BOOL)recordExists {
+  return storedEvent(self).has_value();
+}
+@end
+
+@implementation ECCalendarEventAttendee
+- (id)initWithAttendee:(const vornlab::CalendarAttendee&)attendee {
+  if (!(self = [super init])) return nil;
+  name_ = [foundationText(std::string_view(attendee.name)) retain];
+  emailAddress_ = [foundationText(std::string_view(attendee.emailAddress)) retain];
+  type_ = attendee.type;
+  return self;
+}
+- (void)dealloc {
+  [name_ release];
+  [emailAddress_ release];
+  [super dealloc];
+}
+- (NSString*)name {
+  return name_;
+}
+- (NSString*)emailAddress {
+  return emailAddress_;
+}
+- (int)attendeeType {
+  return type_;
+}
+@end
+
+@implementation ECEmailAddress
+- (NSString*)emailAddress {
+  return userAddress ? userAddress : @"";
+}
+- (NSString*)name {
+  return @"Calendar Owner";
+}
+@end
+
+@implementation ECEmailAccount
++ (ECEmailAccount*)account {
+  static ECEmailAccount* account = [[ECEmailAccount alloc] init];
+  return account;
+}
++ (void)setUserAddress:(NSString*)address {
+  [userAddress release];
+  userAddress = [address copy];
+}
+- (NSString*)emailAddress {
+  return userAddress ? userAddress : @"";
+}
+- (NSString*)name {
+  return @"Calendar Owner";
+}
+- (NSString*)realName {
+  return [self name];
+}
+- (ECEmailAddress*)fromAddress {
+  static ECEmailAddress* address = [[ECEmailAddress alloc] init];
+  return address;
+}
+- (BOOL)isDefault {
+  return YES;
+}
+- (BOOL)isAccountConnected {
+  return YES;
+}
+- (BOOL)isGmailAccount {
+  return NO;
+}
+- (BOOL)shouldDisableCalendarHTMLBodyForAccount {
+  return NO;
+}
+@end
+
+@implementation ECCalendarEvent
+- (id)initWithStore:(vornlab::CalendarStore*)store index:(NSInteger)index {
+  if (!(self = [super initWithStore:store index:index])) return nil;
+  changed_ = [[NSMutableDictionary alloc] init];
+  return self;
+}
+- (void)dealloc {
+  [changed_ release];
+  [super dealloc];
+}
+
+// Each of these answers what was changed in memory, otherwise what is stored.
+- (NSString*)summary {
+  if (NSString* changed = [changed_ objectForKey:@"summary"]) return changed;
+  const auto stored = storedEvent(self);
+  return stored ? foundationText(stored->summary()) : nil;
+}
+- (NSString*)location {
+  if (NSString* changed = [changed_ objectForKey:@"location"]) return changed;
+  const auto stored = storedEvent(self);
+  return stored ? foundationText(stored->location()) : nil;
+}
+- (NSString*)body {
+  if (NSString* changed = [changed_ objectForKey:@"body"]) return changed;
+  const auto stored = storedEvent(self);
+  return foundationText(std::string_view(stored ? shownHtml(*stored) : htmlForPlainText("")));
+}
+- (BOOL)isBodyHTML {
+  if (NSNumber* changed = [changed_ objectForKey:@"isBodyHTML"]) return [changed boolValue];
+  const auto stored = storedEvent(self);
+  return stored && (stored->htmlDescription() || stored->descriptionIsHtml());
+}
+- (NSString*)olmUCInband {
+  if (NSString* changed = [changed_ objectForKey:@"olmUCInband"]) return changed;
+  const auto stored = storedEvent(self);
+  return stored ? foundationText(stored->olmUCInband()) : nil;
+}
+- (NSString*)olmUCCapabilities {
+  if (NSString* changed = [changed_ objectForKey:@"olmUCCapabilities"]) return changed;
+  const auto stored = storedEvent(self);
+  return stored ? foundationText(stored->olmUCCapabilities()) : nil;
+}
+- (OLCalendarDate*)startTime {
+  if (OLCalendarDate* changed = [changed_ objectForKey:@"startTime"]) return changed;
+  const auto stored = storedEvent(self);
+  return stored ? dateOf(stored->start()) : nil;
+}
+- (OLCalendarDate*)endTime {
+  if (OLCalendarDate* changed = [changed_ objectForKey:@"endTime"]) return changed;
+  const auto stored = storedEvent(self);
+  return stored ? dateOf(stored->end()) : nil;
+}
+
+- (void)setText:(NSString*)text forItem:(NSString*)item {
+  [changed_ setObject:text ? text : @"" forKey:item];
+}
+- (void)setSummary:(NSString*)text {
+  [self setText:text forItem:@"summary"];
+}
+- (void)setLocation:(NSString*)text {
+  [self setText:text forItem:@"location"];
+}
+- (void)setBody:(NSString*)html {
+  [self setText:html forItem:@"body"];
+}
+- (void)setIsBodyHTML:(BOOL)isHtml {
+  [changed_ setObject:[NSNumber numberWithBool:isHtml] forKey:@"isBodyHTML"];
+}
+- (void)setOlmUCInband:(NSString*)record {
+  [self setText:record forItem:@"olmUCInband"];
+}
+- (void)setOlmUCCapabilities:(NSString*)record {
+  [self setText:record forItem:@"olmUCCapabilities"];
+}
+// The appointment on the screen is drawn anew; there is nothing to draw here.
+- (void)displayReadyBody {
+}
+
+- (NSString*)UUIDString {
+  const auto stored = storedEvent(self);
+  return stored && !stored->uid().empty() ? foundationText(std::string_view(stored->uid())) : nil;
+}
+- (NSString*)UUID {
+  return [self UUIDString];
+}
+- (NSString*)calendarUID {
+  return [self UUIDString];
+}
+- (BOOL)isRecurring {
+  const auto stored = storedEvent(self);
+  return stored && (stored->isRecurring() || stored->isException());
+}
+- (BOOL)isOccurrence {
+  const auto stored = storedEvent(self);
+  return stored && stored->isException();
+}
+- (BOOL)isModifiedException {
+  const auto stored = storedEvent(self);
+  return stored && stored->isException();
+}
+- (NSString*)recurrenceId {
+  const auto stored = storedEvent(self);
+  return stored && stored->isException() ? foundationText(std::string_view(stored->recurrenceId())) : nil;
+}
+- (ECRecurrence*)recurrence {
+  const auto stored = storedEvent(self);
+  if (!stored) return nil;
+  const auto series = stored->isException() ? stored->master() : stored;
+  if (!series || !series->isRecurring()) return nil;
+  return [[[ECRecurrence alloc] initWithStore:store_ index:static_cast<NSInteger>(series->index())] autorelease];
+}
+- (id)seriesMasterRecord {
+  const auto stored = storedEvent(self);
+  const auto series = stored && stored->isException() ? stored->master() : std::nullopt;
+  if (!series) return nil;
+  return [[[ECCalendarEvent alloc] initWithStore:store_
+                                           index:static_cast<NSInteger>(series->index())] autorelease];
+}
+- (id)getOccurrenceWithRecurrenceID:(NSString*)identifier {
+  const auto stored = storedEvent(self);
+  const auto found = stored ? store_->find(stored->uid(), plainText(identifier)) : std::nullopt;
+  if (!found) return nil;
+  return [[[ECCalendarEvent alloc] initWithStore:store_ index:static_cast<NSInteger>(found->index())] autorelease];
+}
+- (int)sequence {
+  const auto stored = storedEvent(self);
+  return stored ? stored->sequence() : 0;
+}
+- (NSString*)organizer {
+  const auto stored = storedEvent(self);
+  const std::string address = stored ? stored->organizerAddress() : std::string();
+  return address.empty() ? nil : foundationText(std::string_view(address));
+}
+- (NSString*)iCalendarRepresentation {
+  const auto stored = storedEvent(self);
+  return stored ? foundationText(std::string_view(stored->calendarText())) : nil;
+}
+- (NSString*)exportAsICS {
+  return [self iCalendarRepresentation];
+}
+- (NSArray*)attendeeList {
+  NSMutableArray* list = [NSMutableArray array];
+  const auto stored = storedEvent(self);
+  if (!stored) return list;
+  for (const vornlab::CalendarAttendee& attendee : stored->attendees()) {
+    [list addObject:[[[ECCalendarEventAttendee alloc] initWithAttendee:attendee] autorelease]];
+  }
+  return list;
+}
+- (BOOL)isMeeting {
+  return [[self attendeeList] count] > 0;
+}
+- (id)recordUID {
+  if (!storedEvent(self)) return nil;
+  return [[[ECRecordUID alloc] initWithStore:store_ index:index_] autorelease];
+}
+- (BOOL)deleteEventNow {
+  auto stored = storedEvent(self);
+  if (!stored) return NO;
+  stored->remove();
+  return YES;
+}
+- (BOOL)isOwner {
+  NSString* organizer = [self organizer];
+  return
+      [userAddress length] == 0 || !organizer || [organizer caseInsensitiveCompare:userAddress] == NSOrderedSame;
+}
+- (BOOL)isOrganizer {
+  return [self isOwner];
+}
+- (ECEmailAccount*)account {
+  return [ECEmailAccount account];
+}
+- (double)duration {
+  return [[self endTime] timeIntervalSinceDate:[self startTime]];
+}
+- (NSTimeZone*)timeZone {
+  return [[self startTime] timeZone];
+}
+@end
+
+@implementation ECMutableCalendarEvent
+- (void)setOlmUCInband:(NSString*)record {
+  [super setOlmUCInband:record];
+}
+- (void)storeBodyIn:(vornlab::CalendarEvent&)target {
+  NSString* changed = [changed_ objectForKey:@"body"];
+  const std::string html = plainText(changed);
+  if (!changed || html == shownHtml(target)) return;
+  NSNumber* saysHtml = [changed_ objectForKey:@"isBodyHTML"];
+  const bool isHtml = !saysHtml || [saysHtml boolValue];
+  target.setDescription(vorn::htmlToPlainText(html), isHtml ? vorn::OptionalText(html) : vorn::OptionalText());
+}
+- (long)saveRecord {
+  constexpr long stored = 0;
+  constexpr long notStored = 1;
+  if (!store_) return notStored;
+  const double start = [[self startTime] timeIntervalSince1970];
+  const double end = [[self endTime] timeIntervalSince1970];
+  if (index_ < 0) {
+    index_ = static_cast<NSInteger>(store_->add(newUid(), start, end, plainText([self summary])).index());
+  }
+  auto target = storedEvent(self);
+  if (!target) return notStored;
+  if (NSString* summary = [changed_ objectForKey:@"summary"]) target->setSummary(plainText(summary));
+  if (NSString* location = [changed_ objectForKey:@"location"]) target->setLocation(plainText(location));
+  [self storeBodyIn:*target];
+  if (NSString* record = [changed_ objectForKey:@"olmUCInband"]) target->setOlmUCInband(plainText(record));
+  if (NSString* record = [changed_ objectForKey:@"olmUCCapabilities"])
+    target->setOlmUCCapabilities(plainText(record));
+  if ([changed_ objectForKey:@"startTime"] || [changed_ objectForKey:@"endTime"]) target->setTimes(start, end);
+  return stored;
+}
+@end

@@ -1,0 +1,230 @@
+#include "lab/objc/ObjcLab.h"
+
+#include <dlfcn.h>
+#include <pwd.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+#include "lab/client/Account.h"
+#include "lab/objc/HostClasses.h"
+#include "lab/shell/Interruption.h"
+#include "lab/shell/LabError.h"
+#include "lab/shell/MeetingRoad.h"
+#include "util/AtomicFile.h"
+
+// What the plug-in's bar answers.
+@protocol vnBarButtons
+- (bool)isAddButtonHidden;
+- (bool)isCancelButtonHidden;
+- (void)onClickAddVornMeeting:(id)sender;
+@end
+
+namespace vornlab {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr auto kWorldVariable = "VORNLAB_OBJC_WORLD";
+constexpr double kStartSeconds = 20;
+constexpr double kTurnSeconds = 0.005;
+// The plug-in clears up a hundredth of a second after a window has closed.
+constexpr double kClearingSeconds = 0.02;
+// A request that is on its way is in the client's journal after that time.
+constexpr double kSettlingSeconds = 0.2;
+
+// The configuration takes a path only as seen from the folder that the system has for the user.
+fs::path fromUsersFolder(const fs::path& path) {
+  const passwd* user = getpwuid(geteuid());
+  return fs::proximate(path, user ? user->pw_dir : "/");
+}
+
+class Pool {
+ public:
+  Pool() : pool_([[NSAutoreleasePool alloc] init]) {}
+  ~Pool() { [pool_ drain]; }
+  Pool(const Pool&) = delete;
+  Pool& operator=(const Pool&) = delete;
+
+ private:
+  NSAutoreleasePool* pool_;
+};
+
+World::Options worldOptions(const LabOptions& options) {
+  World::Options world;
+  world.folder = options.world;
+  world.client = options.programs / "vornclient.app";
+  world.clientVersion = options.clientVersion;
+  world.userId = (options.account.empty() ? Account::plain() : Account::fromFile(options.account.string())).userId;
+  return world;
+}
+
+NSView<vnBarButtons>* barIn(NSView* header) {
+  NSEnumerator* views = [[header subviews] objectEnumerator];
+  while (NSView* view = [views nextObject]) {
+    if ([NSStringFromClass([view class]) isEqual:@"vnActionAdditionView"])
+      return static_cast<NSView<vnBarButtons>*>(view);
+  }
+  return nil;
+}
+
+}  // namespace
+
+fs::path enterOwnWorld(char** arguments) {
+  if (const char* entered = std::getenv(kWorldVariable)) return entered;
+  std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make " + name + ": " + std::strerror(errno));
+  const fs::path world = fs::canonical(name);
+  const fs::path configuration = world / "GNUstep.conf";
+  std::ofstream(configuration) << "GNUSTEP_USER_CONFIG_FILE=none\nGNUSTEP_USER_DEFAULTS_DIR="
+                               << fromUsersFolder(world / "home/Library/Preferences").string() << "\n";
+  setenv(kWorldVariable, world.c_str(), 1);
+  setenv("GNUSTEP_CONFIG_FILE", configuration.c_str(), 1);
+  setenv("HOME", (world / "home").c_str(), 1);
+  execv("/proc/self/exe", arguments);
+  throw LabError(std::string("cannot start in a world of its own: ") + std::strerror(errno));
+}
+
+ObjcLab::ObjcLab(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress)
+    : options_(options), world_(worldOptions(options)), calendar_(calendar) {
+  const Pool pool;
+  // The plug-in knows the Applications folder of the machine, and that of the user.
+  std::error_code failed;
+  fs::create_directory_symlink(world_.applications(), world_.home() / "Applications", failed);
+  if (failed) throw LabError("cannot make the user's Applications folder: " + failed.message());
+  std::vector<std::string> arguments{"--home",    world_.home(),   "--db", options_.clientDatabase,
+                                     "--journal", world_.journal()};
+  if (!options_.account.empty()) arguments.insert(arguments.end(), {"--account", options_.account});
+  client_.start(world_.clientProgram(), arguments, world_.clientErrors(), kStartSeconds);
+
+  [ECEmailAccount setUserAddress:foundationText(std::string_view(userAddress))];
+  loadBundle(options_.programs / "objc/vOutlookPlugin.bundle");
+  ERageMainWindowController* controller = [[ERageMainWindowController alloc] init];
+  mainWindowController_ = controller;
+  [controller windowDidBecomeMain:[NSNotification notificationWithName:@"NSWindowDidBecomeMainNotification"
+                                                                object:[controller window]]];
+  if (!waitUntil([this] { return journalled("\"event\":\"connected\"") > 0; }, kStartSeconds))
+    throw LabError("the plug-in did not connect to the client");
+}
+
+ObjcLab::~ObjcLab() {
+  const Pool pool;
+  ERageMainWindowController* controller = static_cast<ERageMainWindowController*>(mainWindowController_);
+  [controller windowWillClose:[NSNotification notificationWithName:@"NSWindowWillCloseNotification"
+                                                            object:[controller window]]];
+  [controller release];
+}
+
+void ObjcLab::loadBundle(const fs::path& bundle) {
+  const fs::path program = bundle / "Contents/MacOS/vOutlookPlugin";
+  if (!dlopen(program.c_str(), RTLD_NOW | RTLD_LOCAL))
+    throw LabError(std::string("the plug-in cannot be loaded: ") + dlerror());
+}
+
+MeetResult ObjcLab::take(const CalendarEvent& event) {
+  const Pool pool;
+  const std::string textBefore = event.calendarText();
+  const bool hadMeeting = !describe(event).meetingKey.empty();
+  MeetResult walked;
+  walked.reason = walk(event, walked);
+  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
+  while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
+  passTime(kClearingSeconds);
+
+  MeetResult result = describe(event);
+  result.reason = walked.reason;
+  if (!result.reason.empty()) {
+    result.outcome = walked.outcome;
+  } else if (result.meetingKey.empty()) {
+    result.outcome = Outcome::failed;
+    result.reason = "the appointment was stored without a meeting";
+  } else if (!hadMeeting) {
+    result.outcome = Outcome::added;
+  } else {
+    result.outcome = event.calendarText() == textBefore ? Outcome::unchanged : Outcome::updated;
+  }
+  return result;
+}
+
+std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {
+  [NSAlert takeLastMessage];
+  std::string alert;
+  const auto isAlerted = [&] {
+    if (alert.empty()) alert = [NSAlert takeLastMessage];
+    return !alert.empty();
+  };
+  const std::string tooLate = "the client did not answer in time";
+
+  ECCalendarEvent* shown =
+      [[[ECCalendarEvent alloc] initWithStore:&calendar_ index:static_cast<NSInteger>(event.index())] autorelease];
+  ERCalendarEventEditorWindowController* controller =
+      [shown isMeeting] ? [ERCalendarEventEditorWindowController showWindowForMeeting:shown]
+                        : [ERCalendarEventEditorWindowController showWindowForEvent:shown];
+  if (!controller) return "the host cannot open the appointment";
+  ERCalendarEventEditorViewController* editor = [controller editorViewController];
+  if (!waitForQuiet()) return tooLate;
+  if (isAlerted()) return alert;
+
+  NSView<vnBarButtons>* bar = barIn(controller->header_);
+  if (!bar) return "the plug-in put no bar into the editor";
+  if (![bar isAddButtonHidden]) {
+    [bar onClickAddVornMeeting:bar];
+    if (!waitForQuiet()) return tooLate;
+    if (isAlerted()) return alert;
+    if ([bar isCancelButtonHidden]) return "the plug-in did not add a meeting";
+  } else if ([bar isCancelButtonHidden]) {
+    result.outcome = Outcome::skipped;
+    return "the plug-in offers no meeting for it";
+  }
+
+  NSWindow* window = [editor window];
+  if ([[editor attendeeList] count] > 0) {
+    [editor sendMeetingPostValidate];
+  } else {
+    [editor saveAndClose:nil];
+  }
+  const bool isOver = waitUntil([&] { return ![window isVisible] || isAlerted(); }, options_.timeoutSeconds);
+  if (![window isVisible]) return "";
+  return isOver ? alert : tooLate;
+}
+
+bool ObjcLab::waitUntil(const std::function<bool()>& condition, double seconds) {
+  NSDate* end = [NSDate dateWithTimeIntervalSinceNow:seconds];
+  while (!condition()) {
+    if (Interruption::requested()) throw LabError("interrupted; nothing was written");
+    if ([end timeIntervalSinceNow] <= 0) return false;
+    const Pool turn;
+    const bool hasSources =
+        [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode
+                                 beforeDate:[NSDate dateWithTimeIntervalSinceNow:kTurnSeconds]];
+    if (!hasSources) [NSThread sleepForTimeInterval:kTurnSeconds];
+  }
+  return true;
+}
+
+bool ObjcLab::waitForQuiet() {
+  NSDate* end = [NSDate dateWithTimeIntervalSinceNow:options_.timeoutSeconds];
+  while ([end timeIntervalSinceNow] > 0) {
+    const std::size_t before = requests();
+    passTime(kSettlingSeconds);
+    if (requests() == before && replies() >= before) return true;
+  }
+  return false;
+}
+
+void ObjcLab::passTime(double seconds) {
+  waitUntil([] { return false; }, seconds);
+}
+
+std::size_t ObjcLab::journalled(const char* what) const {
+  const std::string journal = vorn::readFile(world_.journal().string()).value_or("");
+  std::size_t count = 0;
+  for (std::size_t at = journal.find(what); at != std::string::npos; at = journal.find(what, at + 1)) ++count;
+  return count;
+}
+
+}  // namespace vornlab

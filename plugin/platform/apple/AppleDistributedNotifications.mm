@@ -1,0 +1,86 @@
+#include "platform/apple/AppleDistributedNotifications.h"
+
+#import <Foundation/Foundation.h>
+
+#include "platform/apple/Conversions.h"
+
+// What the center calls for one subscription.
+@interface vnDistributedObserver : NSObject {
+ @public
+  // Null when the subscription has ended; not owned.
+  const vorn::DistributedNotifications::Handler* handler_;
+}
+- (void)receive:(NSNotification*)notification;
+@end
+
+@implementation vnDistributedObserver
+- (void)receive:(NSNotification*)notification {
+  if (!handler_) return;
+  [[self retain] autorelease];
+  const vorn::DistributedNotifications::Handler handler = *handler_;
+  try {
+    handler(vorn::valueFromObject([notification userInfo], vorn::LiveObjects::Holding::never));
+  } catch (...) {
+    // No exception of ours may enter the center.
+  }
+}
+@end
+
+namespace vorn {
+
+namespace {
+
+class Registration final : public DistributedNotifications::Subscription {
+ public:
+  Registration(std::string_view name, DistributedNotifications::Handler handler)
+      : handler_(std::move(handler)), observer_([[vnDistributedObserver alloc] init]) {
+    observer_->handler_ = &handler_;
+    try {
+      [[NSDistributedNotificationCenter defaultCenter]
+                 addObserver:observer_
+                    selector:@selector(receive:)
+                        name:foundationText(name)
+                      object:nil
+          suspensionBehavior:NSNotificationSuspensionBehaviorDeliverImmediately];
+    } catch (...) {
+      // Raised where the service cannot be reached.
+    }
+  }
+  ~Registration() override {
+    observer_->handler_ = nullptr;
+    try {
+      [[NSDistributedNotificationCenter defaultCenter] removeObserver:observer_];
+    } catch (...) {
+    }
+    [observer_ release];
+  }
+  Registration(const Registration&) = delete;
+  Registration& operator=(const Registration&) = delete;
+
+ private:
+  DistributedNotifications::Handler handler_;
+  vnDistributedObserver* observer_;
+};
+
+}  // namespace
+
+void AppleDistributedNotifications::post(std::string_view name, const Value& userInfo) {
+  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  try {
+    [[NSDistributedNotificationCenter defaultCenter]
+        postNotificationName:foundationText(name)
+                      object:nil
+                    userInfo:userInfo.isDictionary() ? objectFromValue(userInfo) : nil
+          deliverImmediately:YES];
+  } catch (...) {
+    // No failure of a post is reported to anybody.
+  }
+  [pool drain];
+}
+
+std::unique_ptr<DistributedNotifications::Subscription> AppleDistributedNotifications::observe(
+    std::string_view name, Handler handler) {
+  return std::make_unique<Registration>(name, std::move(handler));
+}
+
+}  // namespace vorn

@@ -1,0 +1,218 @@
+#include "platform/apple/AppleRunLoop.h"
+
+#import <Foundation/Foundation.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+// What the loop calls for us: the timers' number is their user info.
+@interface vnRunLoopClerk : NSObject {
+ @public
+  // Null when the run loop has gone; not owned.
+  void* state_;
+}
+- (void)fire:(NSTimer*)timer;
+- (void)runPosted;
+@end
+
+namespace vorn {
+
+namespace {
+
+// The modes that the host's loop runs in, whether or not it shows a sheet or follows the mouse.
+NSArray* commonModes() {
+#ifdef GNUSTEP
+  // There is no name for all of them here.
+  return [NSArray
+      arrayWithObjects:NSDefaultRunLoopMode, @"NSModalPanelRunLoopMode", @"NSEventTrackingRunLoopMode", nil];
+#else
+  return [NSArray arrayWithObject:NSRunLoopCommonModes];
+#endif
+}
+
+void runGuarded(const RunLoop::Task& task) {
+  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  try {
+    task();
+  } catch (...) {
+    // A task that fails must not take the host's loop along.
+  }
+  [pool drain];
+}
+
+}  // namespace
+
+struct AppleRunLoop::State {
+  struct Scheduled {
+    NSTimer* timer = nil;
+    const void* target = nullptr;
+    std::string name;
+    RunLoop::Repeats repeats = RunLoop::Repeats::no;
+    std::shared_ptr<const Task> task;
+  };
+
+  vnRunLoopClerk* clerk = [[vnRunLoopClerk alloc] init];
+  std::uint64_t lastNumber = 0;
+  std::map<std::uint64_t, Scheduled> scheduled;
+  std::mutex postedMutex;
+  std::vector<Task> posted;
+
+  State() { clerk->state_ = this; }
+  ~State() {
+    clerk->state_ = nullptr;
+    cancel([](const Scheduled&) { return true; });
+    [clerk release];
+  }
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+
+  std::uint64_t schedule(double seconds, Scheduled what) {
+    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+    const std::uint64_t number = ++lastNumber;
+    what.timer = [[NSTimer timerWithTimeInterval:seconds
+                                          target:clerk
+                                        selector:@selector(fire:)
+                                        userInfo:[NSNumber numberWithUnsignedLongLong:number]
+                                         repeats:what.repeats == RunLoop::Repeats::yes ? YES : NO] retain];
+    NSEnumerator* modes = [commonModes() objectEnumerator];
+    while (NSString* mode = [modes nextObject]) [[NSRunLoop mainRunLoop] addTimer:what.timer forMode:mode];
+    scheduled.emplace(number, std::move(what));
+    [pool drain];
+    return number;
+  }
+
+  void cancel(const std::function<bool(const Scheduled&)>& matches) {
+    std::vector<std::uint64_t> numbers;
+    for (const auto& [number, call] : scheduled) {
+      if (matches(call)) numbers.push_back(number);
+    }
+    for (const std::uint64_t number : numbers) cancel(number);
+  }
+  void cancel(std::uint64_t number) {
+    const auto found = scheduled.find(number);
+    if (found == scheduled.end()) return;
+    NSTimer* timer = found->second.timer;
+    scheduled.erase(found);
+    [timer invalidate];
+    [timer release];
+  }
+
+  void fire(std::uint64_t number) {
+    const auto found = scheduled.find(number);
+    if (found == scheduled.end()) return;
+    const std::shared_ptr<const Task> task = found->second.task;
+    if (found->second.repeats == RunLoop::Repeats::no) cancel(number);
+    runGuarded(*task);
+  }
+
+  void runPosted() {
+    std::vector<Task> taken;
+    {
+      const std::lock_guard<std::mutex> lock(postedMutex);
+      taken.swap(posted);
+    }
+    for (const Task& task : taken) runGuarded(task);
+  }
+};
+
+namespace {
+
+class AppleTimer final : public RunLoop::Timer {
+ public:
+  explicit AppleTimer(RunLoop::Repeats repeats) : repeats_(repeats) {}
+
+  void invalidate() override {
+    valid_ = false;
+    if (const auto stop = std::exchange(stop_, nullptr)) stop();
+  }
+  bool isValid() const override { return valid_; }
+
+  void setStop(std::function<void()> stop) { stop_ = std::move(stop); }
+  void fire(const RunLoop::TimerTask& task) {
+    if (repeats_ == RunLoop::Repeats::no) valid_ = false;
+    task(*this);
+  }
+
+ private:
+  RunLoop::Repeats repeats_;
+  std::function<void()> stop_;
+  bool valid_ = true;
+};
+
+}  // namespace
+
+AppleRunLoop::AppleRunLoop() : state_(std::make_shared<State>()) {}
+
+AppleRunLoop::~AppleRunLoop() = default;
+
+void AppleRunLoop::post(Task task) {
+  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  {
+    const std::lock_guard<std::mutex> lock(state_->postedMutex);
+    state_->posted.push_back(std::move(task));
+  }
+  if ([NSThread isMainThread]) {
+    // GNUstep would run it at once.
+    State* state = state_.get();
+    performAfter(0, nullptr, {}, [=] { state->runPosted(); });
+  } else {
+    [state_->clerk performSelectorOnMainThread:@selector(runPosted)
+                                    withObject:nil
+                                 waitUntilDone:NO
+                                         modes:commonModes()];
+  }
+  [pool drain];
+}
+
+void AppleRunLoop::performAfter(double seconds, const void* target, std::string_view name, Task task) {
+  State::Scheduled call;
+  call.target = target;
+  call.name = std::string(name);
+  call.task = std::make_shared<const Task>(std::move(task));
+  state_->schedule(std::max(0.0, seconds), std::move(call));
+}
+
+void AppleRunLoop::cancelPrevious(const void* target) {
+  state_->cancel([target](const State::Scheduled& call) { return target && call.target == target; });
+}
+
+void AppleRunLoop::cancelPrevious(const void* target, std::string_view name) {
+  state_->cancel(
+      [&](const State::Scheduled& call) { return target && call.target == target && call.name == name; });
+}
+
+std::shared_ptr<RunLoop::Timer> AppleRunLoop::scheduledTimer(double intervalSeconds, Repeats repeats,
+                                                             TimerTask task) {
+  const auto timer = std::make_shared<AppleTimer>(repeats);
+  State::Scheduled call;
+  call.repeats = repeats;
+  call.task = std::make_shared<const Task>([=] { timer->fire(task); });
+  const std::uint64_t number = state_->schedule(std::max(0.0001, intervalSeconds), std::move(call));
+  const std::weak_ptr<State> weak = state_;
+  timer->setStop([=] {
+    if (const auto state = weak.lock()) state->cancel(number);
+  });
+  return timer;
+}
+
+}  // namespace vorn
+
+@implementation vnRunLoopClerk
+- (void)fire:(NSTimer*)timer {
+  if (!state_) return;
+  // The state may go while the task runs, and this object and the timer with it.
+  [[self retain] autorelease];
+  static_cast<vorn::AppleRunLoop::State*>(state_)->fire([[timer userInfo] unsignedLongLongValue]);
+}
+- (void)runPosted {
+  if (!state_) return;
+  [[self retain] autorelease];
+  static_cast<vorn::AppleRunLoop::State*>(state_)->runPosted();
+}
+@end

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Surroundings.h"
+
+namespace vorn {
+
+// The machine, the session and our bundle as Foundation knows them.
+class AppleSurroundings final : public Surroundings {
+ public:
+  // The folder with the bundle's resources.
+  explicit AppleSurroundings(std::string resources);
+
+  std::string homeDirectory() override { return home_; }
+  std::string documentsDirectory() override { return home_ + "/Documents"; }
+  std::string applicationsDirectory() override { return "/Applications"; }
+  std::string userApplicationsDirectory() override { return home_ + "/Applications"; }
+  std::optional<std::string> resource(std::string_view name, std::string_view type) override;
+  Version systemVersion() override;
+  std::vector<std::string> preferredLanguages() override;
+  double currentTime() override;
+  std::uint32_t random32() override;
+
+ private:
+  std::string resources_;
+  std::string home_;
+};
+
+}  // namespace vorn

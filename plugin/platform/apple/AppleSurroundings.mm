@@ -1,0 +1,62 @@
+#include "platform/apple/AppleSurroundings.h"
+
+#import <Foundation/Foundation.h>
+
+#include <cstdlib>
+#include <random>
+#include <utility>
+
+#include "platform/apple/Conversions.h"
+#include "util/AtomicFile.h"
+
+namespace vorn {
+
+namespace {
+
+std::string homeOfProcess() {
+#ifdef GNUSTEP
+  // GNUstep answers with the user's folder even to a process that has been given another home.
+  const char* home = std::getenv("HOME");
+  if (home && *home == '/') return home;
+#endif
+  return textFromFoundation(NSHomeDirectory());
+}
+
+}  // namespace
+
+AppleSurroundings::AppleSurroundings(std::string resources)
+    : resources_(std::move(resources)), home_(homeOfProcess()) {}
+
+std::optional<std::string> AppleSurroundings::resource(std::string_view name, std::string_view type) {
+  // A name is a name and no way out of the folder.
+  if (name.find('/') != std::string_view::npos) return std::nullopt;
+  return readFile(resources_ + "/" + std::string(name) + "." + std::string(type));
+}
+
+Surroundings::Version AppleSurroundings::systemVersion() {
+#ifdef GNUSTEP
+  // GNUstep's own answer is the kernel's version, which says nothing here. It offers what this system does.
+  return {10, 15, 0};
+#else
+  const NSOperatingSystemVersion version = [[NSProcessInfo processInfo] operatingSystemVersion];
+  return {static_cast<int>(version.majorVersion), static_cast<int>(version.minorVersion),
+          static_cast<int>(version.patchVersion)};
+#endif
+}
+
+std::vector<std::string> AppleSurroundings::preferredLanguages() {
+  std::vector<std::string> tags;
+  NSEnumerator* languages = [[NSLocale preferredLanguages] objectEnumerator];
+  while (NSString* tag = [languages nextObject]) tags.push_back(textFromFoundation(tag));
+  if (tags.empty()) tags.emplace_back("en-US");
+  return tags;
+}
+
+double AppleSurroundings::currentTime() { return [[NSDate date] timeIntervalSince1970]; }
+
+std::uint32_t AppleSurroundings::random32() {
+  std::random_device kernel;
+  return kernel();
+}
+
+}  // namespace vorn

@@ -1,0 +1,251 @@
+#include "platform/apple/MethodSignature.h"
+
+#import <Foundation/Foundation.h>
+#include <objc/runtime.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <span>
+
+#include "platform/apple/Conversions.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr std::string_view kQualifiers = "rnNoORVA";
+
+// NSGetSizeAndAlignment() leaves the offsets between the types to the caller.
+const char* afterType(const char* encoding) {
+  const char* next = NSGetSizeAndAlignment(encoding, nullptr, nullptr);
+  while (*next == '+' || *next == '-' || (*next >= '0' && *next <= '9')) ++next;
+  return next;
+}
+
+ffi_type* nativeOf(char code) {
+  switch (code) {
+    case 'c': return &ffi_type_schar;
+    case 'C':
+    case 'B': return &ffi_type_uchar;
+    case 's': return &ffi_type_sshort;
+    case 'S': return &ffi_type_ushort;
+    case 'i': return &ffi_type_sint;
+    case 'I': return &ffi_type_uint;
+    case 'l': return &ffi_type_slong;
+    case 'L': return &ffi_type_ulong;
+    case 'q': return &ffi_type_sint64;
+    case 'Q': return &ffi_type_uint64;
+    case 'f': return &ffi_type_float;
+    case 'd': return &ffi_type_double;
+    case 'v': return &ffi_type_void;
+    case '@':
+    case '#':
+    case ':':
+    case '*':
+    case '^': return &ffi_type_pointer;
+    default: return nullptr;
+  }
+}
+
+template <typename Number>
+Number readAs(const void* memory) {
+  Number number{};
+  std::memcpy(&number, memory, sizeof number);
+  return number;
+}
+
+template <typename Number>
+void writeAs(Number number, void* memory) {
+  std::memcpy(memory, &number, sizeof number);
+}
+
+// The letters of the numbers in a structure, whatever structures they lie in; "" when there is anything else.
+std::string numbersIn(std::string_view structure) {
+  std::string letters;
+  for (std::size_t at = 0; at < structure.size(); ++at) {
+    const char c = structure[at];
+    if (c == '{') {
+      at = structure.find_first_of("=}", at);
+      if (at == std::string_view::npos || structure[at] != '=') return "";
+    } else if (c == 'd' || c == 'f') {
+      letters += c;
+    } else if (c != '}') {
+      return "";
+    }
+  }
+  return letters;
+}
+
+constexpr std::string_view kRectangle[] = {"x", "y", "width", "height"};
+
+std::span<const std::string_view> fieldsOf(std::string_view structure, std::size_t count) {
+  if (count == 4) return kRectangle;
+  if (count != 2) return {};
+  const std::string_view name = structure.substr(0, structure.find('='));
+  if (name.ends_with("Point")) return std::span(kRectangle).first(2);
+  return name.ends_with("Size") ? std::span(kRectangle).last(2) : std::span<const std::string_view>();
+}
+
+// A flag passes for a boolean only where it is one; other numbers of one byte are numbers.
+Value flagOrNumber(int byte) { return byte == 0 || byte == 1 ? Value(byte == 1) : Value(byte); }
+
+Value textOrAbsent(const char* text) {
+  return text ? Value(textFromFoundation(foundationText(std::string_view(text)))) : Value();
+}
+
+// Memory that ends with the present autorelease pool.
+const char* lastingText(const Value& value) {
+  if (!value.isText()) return nullptr;
+  const std::string& text = value.text();
+  return static_cast<const char*>([[NSData dataWithBytes:text.c_str() length:text.size() + 1] bytes]);
+}
+
+}  // namespace
+
+std::unique_ptr<MethodType> MethodType::fromEncoding(const char* encoding) {
+  while (*encoding && kQualifiers.find(*encoding) != std::string_view::npos) ++encoding;
+  std::unique_ptr<MethodType> type(new MethodType());
+  type->code_ = *encoding;
+  if (type->code_ != '{') {
+    type->primitive_ = nativeOf(type->code_);
+    if (!type->primitive_) return nullptr;
+    return type;
+  }
+  const std::string_view structure(encoding, NSGetSizeAndAlignment(encoding, nullptr, nullptr) - encoding);
+  const std::string letters = numbersIn(structure);
+  const std::span<const std::string_view> fields = fieldsOf(structure, letters.size());
+  if (fields.empty()) return nullptr;
+  type->fields_.assign(fields.begin(), fields.end());
+  for (const char letter : letters) type->elements_.push_back(nativeOf(letter));
+  type->elements_.push_back(nullptr);
+  type->structure_.type = FFI_TYPE_STRUCT;
+  type->structure_.elements = type->elements_.data();
+  return type;
+}
+
+Value MethodType::read(const void* memory, LiveObjects::Holding holding) const {
+  switch (code_) {
+    case 'c': return flagOrNumber(readAs<signed char>(memory));
+    case 'C':
+    case 'B': return flagOrNumber(readAs<unsigned char>(memory));
+    case 's': return readAs<short>(memory);
+    case 'S': return int{readAs<unsigned short>(memory)};
+    case 'i': return readAs<int>(memory);
+    case 'I': return readAs<unsigned>(memory);
+    case 'l': return readAs<long>(memory);
+    case 'L': return readAs<unsigned long>(memory);
+    case 'q': return readAs<long long>(memory);
+    case 'Q': return readAs<unsigned long long>(memory);
+    case 'f': return double{readAs<float>(memory)};
+    case 'd': return readAs<double>(memory);
+    case '@':
+    case '#': return valueFromObject(readAs<id>(memory), holding);
+    case ':': {
+      const SEL selector = readAs<SEL>(memory);
+      return selector ? Value(sel_getName(selector)) : Value();
+    }
+    case '*': return textOrAbsent(readAs<const char*>(memory));
+    case '^': {
+      const auto address = readAs<std::uintptr_t>(memory);
+      return address ? Value(address) : Value();
+    }
+    case '{': return readStructure(memory);
+    default: return {};
+  }
+}
+
+void MethodType::write(const Value& value, void* memory) const {
+  const std::int64_t number = value.integerValue();
+  switch (code_) {
+    case 'c':
+    case 'C': return writeAs(static_cast<unsigned char>(number), memory);
+    case 'B': return writeAs(static_cast<unsigned char>(value.boolValue()), memory);
+    case 's':
+    case 'S': return writeAs(static_cast<unsigned short>(number), memory);
+    case 'i':
+    case 'I': return writeAs(static_cast<unsigned>(number), memory);
+    case 'l':
+    case 'L': return writeAs(static_cast<unsigned long>(number), memory);
+    case 'q':
+    case 'Q': return writeAs(number, memory);
+    case 'f': return writeAs(static_cast<float>(value.realValue()), memory);
+    case 'd': return writeAs(value.realValue(), memory);
+    case '@':
+    case '#': return writeAs(objectFromValue(value), memory);
+    case ':': return writeAs(value.isText() ? sel_registerName(value.text().c_str()) : nullptr, memory);
+    case '*': return writeAs(lastingText(value), memory);
+    case '^':
+      // A text where a pointer is wanted can only be meant as its characters.
+      if (value.isText()) return writeAs(lastingText(value), memory);
+      return writeAs(static_cast<std::uintptr_t>(value.isObject() ? 0 : number), memory);
+    case '{': return writeStructure(value, memory);
+    default: return;
+  }
+}
+
+bool MethodType::fillsRegister() const {
+  return std::string_view("cCBsSiI").find(code_) != std::string_view::npos;
+}
+
+Value MethodType::readResult(const void* memory, LiveObjects::Holding holding) const {
+  if (!fillsRegister()) return read(memory, holding);
+  const auto whole = static_cast<std::uint64_t>(readAs<ffi_arg>(memory));
+  std::uint64_t narrow = whole;
+  // The lowest bytes of a little-endian register come first, which is the only order that hosts have.
+  return read(&narrow, holding);
+}
+
+void MethodType::writeResult(const Value& value, void* memory) const {
+  if (!fillsRegister()) return write(value, memory);
+  std::uint64_t narrow = 0;
+  write(value, &narrow);
+  const bool isSigned = code_ == 'c' || code_ == 's' || code_ == 'i';
+  const std::int64_t number = read(&narrow, LiveObjects::Holding::never).integerValue();
+  writeAs(isSigned ? static_cast<ffi_arg>(number) : static_cast<ffi_arg>(narrow), memory);
+}
+
+Value MethodType::readStructure(const void* memory) const {
+  Value result = Value::dictionary();
+  const char* at = static_cast<const char*>(memory);
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
+    const bool isDouble = elements_[i] == &ffi_type_double;
+    result.set(fields_[i], isDouble ? readAs<double>(at) : double{readAs<float>(at)});
+    at += elements_[i]->size;
+  }
+  return result;
+}
+
+void MethodType::writeStructure(const Value& value, void* memory) const {
+  char* at = static_cast<char*>(memory);
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
+    const double number = value[fields_[i]].realValue();
+    if (elements_[i] == &ffi_type_double) {
+      writeAs(number, at);
+    } else {
+      writeAs(static_cast<float>(number), at);
+    }
+    at += elements_[i]->size;
+  }
+}
+
+std::unique_ptr<MethodSignature> MethodSignature::fromEncoding(const char* encoding) {
+  if (!encoding || !*encoding) return nullptr;
+  std::unique_ptr<MethodSignature> signature(new MethodSignature());
+  signature->result_ = MethodType::fromEncoding(encoding);
+  if (!signature->result_) return nullptr;
+  for (const char* at = afterType(encoding); *at; at = afterType(at)) {
+    signature->arguments_.push_back(MethodType::fromEncoding(at));
+    if (!signature->arguments_.back()) return nullptr;
+    signature->native_.push_back(signature->arguments_.back()->native());
+  }
+  if (signature->arguments_.size() < 2) return nullptr;
+  const auto count = static_cast<unsigned>(signature->native_.size());
+  const ffi_status status = ffi_prep_cif(&signature->call_, FFI_DEFAULT_ABI, count, signature->result_->native(),
+                                         signature->native_.data());
+  return status == FFI_OK ? std::move(signature) : nullptr;
+}
+
+std::size_t MethodSignature::resultSize() const { return std::max(call_.rtype->size, sizeof(ffi_arg)); }
+
+}  // namespace vorn

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <ffi.h>
+#include <objc/runtime.h>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "platform/ClassRuntime.h"
+#include "platform/apple/MethodSignature.h"
+
+namespace vorn {
+
+// A method implementation for the Objective-C runtime that runs one of ours.
+//
+// Main thread only.
+class Replacement {
+ public:
+  // One call of the host that is being replaced.
+  struct Call {
+    const Replacement* replacement = nullptr;
+    id receiver = nil;
+    SEL selector = nullptr;
+    std::vector<void*> native;
+    Arguments arguments;
+    // What the host's own method answered when it was last forwarded to: retained, with the value made of it.
+    id forwardedResult = nil;
+    Value forwardedValue;
+
+    ~Call();
+  };
+
+  // Null when the machine allows no more code to be made. Once a class refers to it, it must not be destroyed.
+  static std::unique_ptr<Replacement> make(Implementation implementation,
+                                           std::shared_ptr<MethodSignature> signature);
+  ~Replacement();
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+
+  IMP code() const { return code_; }
+  // From now on it is called as that method is.
+  void setSignature(std::shared_ptr<MethodSignature> signature);
+  // The two selectors between which it and the host's own method were exchanged.
+  void setSelectors(SEL first, SEL second);
+
+  // The call, innermost first, that a send of the selector to the receiver forwards; null for an ordinary send.
+  static Call* forwardedBy(id receiver, SEL selector);
+
+ private:
+  explicit Replacement(Implementation implementation);
+  static void enter(ffi_cif* call, void* result, void** arguments, void* replacement);
+  void run(void* result, void** arguments);
+  bool isForwardedBy(SEL entered, SEL sent) const;
+
+  Implementation implementation_;
+  std::shared_ptr<MethodSignature> signature_;
+  ffi_closure* closure_ = nullptr;
+  IMP code_ = nullptr;
+  SEL first_ = nullptr;
+  SEL second_ = nullptr;
+};
+
+}  // namespace vorn

@@ -1,0 +1,105 @@
+#include "platform/apple/Replacement.h"
+
+#import <Foundation/Foundation.h>
+
+#include <cstring>
+
+#include "platform/apple/LiveObjects.h"
+
+namespace vorn {
+
+namespace {
+
+// The calls that are being replaced now, the innermost last. They belong to the process's stack, not to a runtime.
+std::vector<Replacement::Call*>& callsInProgress() {
+  static std::vector<Replacement::Call*> calls;
+  return calls;
+}
+
+class InProgress {
+ public:
+  explicit InProgress(Replacement::Call& call) { callsInProgress().push_back(&call); }
+  ~InProgress() { callsInProgress().pop_back(); }
+  InProgress(const InProgress&) = delete;
+  InProgress& operator=(const InProgress&) = delete;
+};
+
+}  // namespace
+
+Replacement::Call::~Call() { [forwardedResult release]; }
+
+Replacement::Replacement(Implementation implementation) : implementation_(std::move(implementation)) {
+  void* code = nullptr;
+  closure_ = static_cast<ffi_closure*>(ffi_closure_alloc(sizeof(ffi_closure), &code));
+  if (closure_) code_ = reinterpret_cast<IMP>(code);
+}
+
+Replacement::~Replacement() {
+  if (closure_) ffi_closure_free(closure_);
+}
+
+std::unique_ptr<Replacement> Replacement::make(Implementation implementation,
+                                               std::shared_ptr<MethodSignature> signature) {
+  std::unique_ptr<Replacement> made(new Replacement(std::move(implementation)));
+  if (!made->closure_) return nullptr;
+  made->setSignature(std::move(signature));
+  return made;
+}
+
+void Replacement::setSignature(std::shared_ptr<MethodSignature> signature) {
+  signature_ = std::move(signature);
+  ffi_prep_closure_loc(closure_, &signature_->call(), &Replacement::enter, this, reinterpret_cast<void*>(code_));
+}
+
+void Replacement::setSelectors(SEL first, SEL second) {
+  first_ = first;
+  second_ = second;
+}
+
+Replacement::Call* Replacement::forwardedBy(id receiver, SEL selector) {
+  const auto& calls = callsInProgress();
+  for (auto call = calls.rbegin(); call != calls.rend(); ++call) {
+    if ((*call)->receiver == receiver && (*call)->replacement->isForwardedBy((*call)->selector, selector))
+      return *call;
+  }
+  return nullptr;
+}
+
+bool Replacement::isForwardedBy(SEL entered, SEL sent) const {
+  if (!first_) return false;
+  return (sel_isEqual(entered, first_) && sel_isEqual(sent, second_)) ||
+         (sel_isEqual(entered, second_) && sel_isEqual(sent, first_));
+}
+
+void Replacement::enter(ffi_cif*, void* result, void** arguments, void* replacement) {
+  try {
+    static_cast<Replacement*>(replacement)->run(result, arguments);
+  } catch (...) {
+    // No exception of ours may enter the host; its call answers with the zero that stands there.
+  }
+}
+
+void Replacement::run(void* result, void** arguments) {
+  // Both may be exchanged for others while the call is running.
+  const std::shared_ptr<MethodSignature> signature = signature_;
+  std::memset(result, 0, signature->resultSize());
+  Call call;
+  call.replacement = this;
+  std::memcpy(&call.receiver, arguments[0], sizeof(id));
+  std::memcpy(&call.selector, arguments[1], sizeof(SEL));
+  for (std::size_t i = 0; i < signature->argumentCount(); ++i) {
+    call.native.push_back(arguments[i + 2]);
+    call.arguments.push_back(signature->argument(i).read(arguments[i + 2], LiveObjects::Holding::never));
+  }
+  const InProgress inProgress(call);
+  const HostObject receiver = LiveObjects::instance().reference(call.receiver, LiveObjects::Holding::never);
+  const Value answer = implementation_(receiver, call.arguments);
+  if (signature->result().isObject() && call.forwardedResult && answer == call.forwardedValue) {
+    const id original = [[call.forwardedResult retain] autorelease];
+    std::memcpy(result, &original, sizeof original);
+    return;
+  }
+  signature->result().writeResult(answer, result);
+}
+
+}  // namespace vorn

@@ -1,0 +1,25 @@
+#include "tests/conformance/AppleHostLoop.h"
+
+#import <Foundation/Foundation.h>
+
+#include <chrono>
+
+namespace vorn {
+
+double AppleHostLoop::now() const {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+bool AppleHostLoop::runUntil(const std::function<bool()>& condition, double timeoutSeconds) {
+  constexpr double turn = 0.001;
+  const double end = now() + timeoutSeconds;
+  while (!condition() && now() < end) {
+    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+    [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode
+                             beforeDate:[NSDate dateWithTimeIntervalSinceNow:turn]];
+    [pool drain];
+  }
+  return condition();
+}
+
+}  // namespace vorn

@@ -1,0 +1,127 @@
+#import <Foundation/Foundation.h>
+#include <objc/runtime.h>
+
+#include <cstdlib>
+
+#include "platform/apple/AppleClassRuntime.h"
+#include "platform/apple/Conversions.h"
+#include "tests/conformance/ConformanceWorld.h"
+
+// The pattern of the host's class. Each world has a class of its own with these methods.
+@interface vnConformanceProbe : NSObject {
+  id remembered_;
+}
+@end
+
+@implementation vnConformanceProbe
++ (NSString*)make {
+  return @"made";
+}
++ (NSString*)callsMake {
+  return [self make];
+}
+- (NSString*)name {
+  return @"probe";
+}
+- (NSString*)callsName {
+  return [self name];
+}
+- (id)echo:(id)object {
+  return object;
+}
+- (BOOL)isNot:(BOOL)flag {
+  return !flag;
+}
+- (int)low:(BOOL)flag {
+  return flag;
+}
+- (double)half:(double)number {
+  return number / 2;
+}
+- (long long)add:(long long)first to:(long long)second {
+  return first + second;
+}
+- (NSRect)moved:(NSRect)rectangle {
+  return NSOffsetRect(rectangle, 10, 20);
+}
+- (void)remember:(id)object {
+  [object retain];
+  [remembered_ release];
+  remembered_ = object;
+}
+- (id)remembered {
+  return remembered_;
+}
+- (id)makePart {
+  return [[[[self class] alloc] init] autorelease];
+}
+- (void)raise {
+  [NSException raise:NSGenericException format:@"the host is in trouble"];
+}
+- (void)dealloc {
+  [remembered_ release];
+  [super dealloc];
+}
+@end
+
+namespace vorn {
+
+namespace {
+
+void copyMethods(Class from, Class to) {
+  unsigned count = 0;
+  Method* methods = class_copyMethodList(from, &count);
+  for (unsigned i = 0; i < count; ++i) {
+    class_addMethod(to, method_getName(methods[i]), method_getImplementation(methods[i]),
+                    method_getTypeEncoding(methods[i]));
+  }
+  std::free(methods);
+}
+
+class AppleWorld final : public ConformanceWorld {
+ public:
+  AppleWorld() : pool_([[NSAutoreleasePool alloc] init]), number_(++worlds()) {
+    const Class pattern = [vnConformanceProbe class];
+    const Class probe = define("Probe", pattern);
+    copyMethods(pattern, probe);
+    copyMethods(object_getClass(pattern), object_getClass(probe));
+    define("ProbeHeir", probe);
+    define("ProbeSibling", probe);
+  }
+  ~AppleWorld() override { [pool_ drain]; }
+
+  ClassRuntime& runtime() override { return runtime_; }
+  std::string className(const std::string& shortName) const override {
+    return shortName + std::to_string(number_);
+  }
+  HostObject create(const std::string& shortName) override {
+    const id made = [[objc_lookUpClass(className(shortName).c_str()) alloc] init];
+    return LiveObjects::instance().reference(made, LiveObjects::Holding::never);
+  }
+  void end(const HostObject& object) override { [LiveObjects::instance().object(object) release]; }
+  std::string hostAsksForName(const HostObject& object) override {
+    return textFromFoundation([LiveObjects::instance().object(object) name]);
+  }
+
+ private:
+  static int& worlds() {
+    static int count = 0;
+    return count;
+  }
+
+  Class define(const char* shortName, Class parent) {
+    const Class made = objc_allocateClassPair(parent, className(shortName).c_str(), 0);
+    objc_registerClassPair(made);
+    return made;
+  }
+
+  NSAutoreleasePool* pool_;
+  int number_;
+  AppleClassRuntime runtime_;
+};
+
+}  // namespace
+
+std::unique_ptr<ConformanceWorld> makeAppleWorld() { return std::make_unique<AppleWorld>(); }
+
+}  // namespace vorn

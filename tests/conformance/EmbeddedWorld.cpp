@@ -1,0 +1,67 @@
+#include <stdexcept>
+
+#include "platform/embedded/EmbeddedClassRuntime.h"
+#include "tests/conformance/ConformanceWorld.h"
+
+namespace vorn {
+
+namespace {
+
+class EmbeddedWorld final : public ConformanceWorld {
+ public:
+  EmbeddedWorld() {
+    runtime_.defineClass("NSObject");
+    runtime_.defineClass("Probe", "NSObject");
+    runtime_.defineClass("ProbeHeir", "Probe");
+    runtime_.defineClass("ProbeSibling", "Probe");
+    method("name", [](const HostObject&, const Arguments&) { return Value("probe"); });
+    method("callsName", [this](const HostObject& self, const Arguments&) { return runtime_.send(self, "name"); });
+    method("echo:", [](const HostObject&, const Arguments& given) { return given.at(0); });
+    method("isNot:", [](const HostObject&, const Arguments& given) { return Value(!given.at(0).boolValue()); });
+    method("low:", [](const HostObject&, const Arguments& given) { return Value(given.at(0).integerValue()); });
+    method("half:", [](const HostObject&, const Arguments& given) { return Value(given.at(0).realValue() / 2); });
+    method("add:to:", [](const HostObject&, const Arguments& given) {
+      return Value(given.at(0).integerValue() + given.at(1).integerValue());
+    });
+    method("moved:", [](const HostObject&, const Arguments& given) {
+      Value moved = given.at(0);
+      moved.set("x", moved["x"].realValue() + 10);
+      moved.set("y", moved["y"].realValue() + 20);
+      return moved;
+    });
+    method("remember:", [this](const HostObject& self, const Arguments& given) {
+      runtime_.setState(self, std::make_shared<Value>(given.at(0)));
+      return Value();
+    });
+    method("remembered", [this](const HostObject& self, const Arguments&) {
+      const auto held = runtime_.state<Value>(self);
+      return held ? *held : Value();
+    });
+    method("makePart",
+           [this](const HostObject&, const Arguments&) { return Value(runtime_.createTemporary("Probe")); });
+    method("raise", [](const HostObject&, const Arguments&) -> Value { throw std::runtime_error("host"); });
+    runtime_.setClassMethod("Probe", "make", [](const HostObject&, const Arguments&) { return Value("made"); });
+    runtime_.setClassMethod("Probe", "callsMake", [this](const HostObject& self, const Arguments&) {
+      return runtime_.send(self, "make");
+    });
+  }
+
+  ClassRuntime& runtime() override { return runtime_; }
+  std::string className(const std::string& shortName) const override { return shortName; }
+  HostObject create(const std::string& shortName) override { return runtime_.create(shortName); }
+  void end(const HostObject& object) override { runtime_.destroy(object); }
+  std::string hostAsksForName(const HostObject& object) override { return runtime_.send(object, "name").text(); }
+
+ private:
+  void method(const char* selector, Implementation implementation) {
+    runtime_.setInstanceMethod("Probe", selector, std::move(implementation));
+  }
+
+  EmbeddedClassRuntime runtime_;
+};
+
+}  // namespace
+
+std::unique_ptr<ConformanceWorld> makeEmbeddedWorld() { return std::make_unique<EmbeddedWorld>(); }
+
+}  // namespace vorn
