@@ -19,6 +19,7 @@
 }
 - (void)fire:(NSTimer*)timer;
 - (void)runPosted;
+- (void)doNothing:(id)nothing;
 @end
 
 namespace vorn {
@@ -147,7 +148,12 @@ class AppleTimer final : public RunLoop::Timer {
 
 }  // namespace
 
-AppleRunLoop::AppleRunLoop() : state_(std::make_shared<State>()) {}
+AppleRunLoop::AppleRunLoop() : state_(std::make_shared<State>()) {
+  // Foundation takes no locks until it has started a thread itself, and those that post here are not its own.
+  if (![NSThread isMultiThreaded]) {
+    [NSThread detachNewThreadSelector:@selector(doNothing:) toTarget:state_->clerk withObject:nil];
+  }
+}
 
 AppleRunLoop::~AppleRunLoop() = default;
 
@@ -209,6 +215,9 @@ std::shared_ptr<RunLoop::Timer> AppleRunLoop::scheduledTimer(double intervalSeco
   // The state may go while the task runs, and this object and the timer with it.
   [[self retain] autorelease];
   static_cast<vorn::AppleRunLoop::State*>(state_)->fire([[timer userInfo] unsignedLongLongValue]);
+}
+- (void)doNothing:(id)nothing {
+  (void)nothing;
 }
 - (void)runPosted {
   if (!state_) return;
