@@ -80,6 +80,12 @@ OutlookHost::EditorId OutlookHost::openEditorAt(std::size_t eventIndex) {
   return editor ? editor->id : 0;
 }
 
+HostObject OutlookHost::eventOnGrid(std::size_t eventIndex) const {
+  if (!world_->store || eventIndex >= world_->store->eventCount()) return {};
+  const CalendarEvent stored = world_->store->eventAt(eventIndex);
+  return stored.isRemoved() ? HostObject() : world_->makeEvent(stored);
+}
+
 OutlookHost::EditorId OutlookHost::openNew(double startSeconds) {
   if (!world_->store) return 0;
   world_->newEventStart = startSeconds;

@@ -59,6 +59,9 @@ class OutlookHost {
   EditorId openEditor(std::string_view uid, std::string_view recurrenceId = {});
   // The same by the place among the store's events, for files with double or missing UIDs.
   EditorId openEditorAt(std::size_t eventIndex);
+  // The event as the calendar's grid shows it, without an editor, by the same place; absent when there is none. It
+  // lives as long as a copy of the reference.
+  vorn::HostObject eventOnGrid(std::size_t eventIndex) const;
   // Opens an editor for a new appointment of half an hour, which enters the calendar when it is saved.
   EditorId openNew(double startSeconds);
   // The editors that are open, in the order of opening.

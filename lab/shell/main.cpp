@@ -7,6 +7,8 @@
 #include "lab/shell/AccountCommand.h"
 #include "lab/shell/DemoCommand.h"
 #include "lab/shell/DoctorCommand.h"
+#include "lab/shell/HooksCommand.h"
+#include "lab/shell/InspectCommand.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/MeetCommand.h"
 #include "lab/shell/Session.h"
@@ -18,6 +20,8 @@ using vornlab::AccountCommandOptions;
 using vornlab::DemoOptions;
 using vornlab::DoctorOptions;
 using vornlab::ExitCode;
+using vornlab::HooksOptions;
+using vornlab::InspectOptions;
 using vornlab::LabOptions;
 using vornlab::MeetOptions;
 
@@ -115,6 +119,24 @@ CLI::App* addAccountCommand(CLI::App& account, const char* name, const char* wha
   return command;
 }
 
+CLI::App* addHooks(CLI::App& program, HooksOptions& options) {
+  CLI::App* command = program.add_subcommand("hooks", "tell what is hooked in the stand-in host, row by row");
+  options.lab.withoutClient = true;
+  askOnly(*command, options.lab, options.form);
+  return command;
+}
+
+CLI::App* addInspect(CLI::App& program, InspectOptions& options) {
+  CLI::App* command =
+      program.add_subcommand("inspect", "tell what the plug-in sees in each appointment of a file");
+  command->add_option("IN", options.input, "the calendar file")->required();
+  command->add_option("--uid", options.uids, "one appointment; may be repeated");
+  command->add_option("--me", options.me, "the address of the calendar's owner");
+  options.lab.withoutClient = true;
+  askOnly(*command, options.lab, options.form);
+  return command;
+}
+
 bool hasCommand(const CLI::App& program, const std::string& name) {
   const auto commands = program.get_subcommands(nullptr);
   return std::any_of(commands.begin(), commands.end(),
@@ -130,6 +152,10 @@ int run(int argc, char** argv) {
   demoOptions.lab = lab;
   DoctorOptions doctorOptions;
   doctorOptions.lab = lab;
+  HooksOptions hooksOptions;
+  hooksOptions.lab = lab;
+  InspectOptions inspectOptions;
+  inspectOptions.lab = lab;
   AccountCommandOptions showOptions;
   showOptions.lab = lab;
   AccountCommandOptions defaultsOptions = showOptions;
@@ -140,6 +166,8 @@ int run(int argc, char** argv) {
   const CLI::App* meet = addMeet(program, meetOptions);
   const CLI::App* demo = addDemo(program, demoOptions);
   const CLI::App* doctor = addDoctor(program, doctorOptions);
+  const CLI::App* hooks = addHooks(program, hooksOptions);
+  const CLI::App* inspect = addInspect(program, inspectOptions);
   CLI::App* account = program.add_subcommand("account", "tell what the plug-in understands of an account");
   account->require_subcommand(1);
   const CLI::App* show = addAccountCommand(*account, "show", "the profile, in groups", showOptions);
@@ -158,6 +186,8 @@ int run(int argc, char** argv) {
   if (meet->parsed()) return static_cast<int>(vornlab::meet(meetOptions));
   if (demo->parsed()) return static_cast<int>(vornlab::demo(demoOptions));
   if (doctor->parsed()) return static_cast<int>(vornlab::doctor(doctorOptions));
+  if (hooks->parsed()) return static_cast<int>(vornlab::hooks(hooksOptions));
+  if (inspect->parsed()) return static_cast<int>(vornlab::inspect(inspectOptions));
   if (show->parsed()) return static_cast<int>(vornlab::accountShow(showOptions));
   if (defaults->parsed()) return static_cast<int>(vornlab::accountDefaults(defaultsOptions));
   return static_cast<int>(ExitCode::badUsage);

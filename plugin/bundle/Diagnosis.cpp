@@ -22,6 +22,10 @@ bool Diagnosis::answer(std::string_view question, const Value& parameters, Value
     told = account();
   } else if (question == "defaults") {
     told = defaults();
+  } else if (question == "hooks") {
+    told = hooks();
+  } else if (question == "appointment") {
+    told = appointment(parameters);
   } else {
     return false;
   }

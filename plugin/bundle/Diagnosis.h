@@ -19,6 +19,10 @@ namespace vorn {
 //                                 code for which it is not. The replies come by the run loop
 //   "account"    none             groups; "hasProfile"
 //   "defaults"   none             one group: each setting of a new meeting, and who decided it; "hasProfile"
+//   "hooks"      none             a group for each class of the host, a row for each selector, with how its hook
+//   fared;
+//                                 "rows" and "standing": how many there are and how many of them stand
+//   "appointment"  "event"        groups: what is seen in the host's event, and where its meeting's key comes from
 //
 // "groups" is an array as DiagnosisReport makes it.
 class Diagnosis {
@@ -31,6 +35,8 @@ class Diagnosis {
   static Value fetch(const Value& parameters);
   static Value account();
   static Value defaults();
+  static Value hooks();
+  static Value appointment(const Value& parameters);
 };
 
 }  // namespace vorn

@@ -1,0 +1,27 @@
+#include "lab/shell/HooksCommand.h"
+
+#include <cstdio>
+
+#include "lab/outlook/CalendarStore.h"
+#include "lab/shell/Session.h"
+
+namespace vornlab {
+
+using vorn::Value;
+
+ExitCode hooks(const HooksOptions& options) {
+  CalendarStore nothing;
+  Session session(options.lab, nothing, {});
+  const Value told = session.ask("hooks");
+  if (options.form == ReportForm::json) {
+    printGroupsAsJson(told["groups"],
+                      Value::dictionaryFromPairs({{"rows", told["rows"]}, {"standing", told["standing"]}}));
+  } else {
+    printGroups(told["groups"]);
+    std::printf("%s of %s hooks stand.\n", told["standing"].stringValue().c_str(),
+                told["rows"].stringValue().c_str());
+  }
+  return ExitCode::done;
+}
+
+}  // namespace vornlab
