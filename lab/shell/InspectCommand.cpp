@@ -5,7 +5,6 @@
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/LabError.h"
-#include "lab/shell/Masking.h"
 #include "lab/shell/Session.h"
 
 namespace vornlab {
@@ -20,7 +19,8 @@ std::string problemText(const std::filesystem::path& file, const IcsProblem& pro
 }
 
 std::string titleOf(const CalendarEvent& event) {
-  const std::string uid = masked(event.uid());
+  // An identifier, though it often has the form of an address.
+  const std::string uid = event.uid();
   return event.isException() ? uid + ", " + event.recurrenceId() : uid;
 }
 
@@ -44,8 +44,8 @@ ExitCode inspect(const InspectOptions& options) {
     parameters.set("event", seen);
     const Value groups = session.ask("appointment", parameters)["groups"];
     if (options.form == ReportForm::json) {
-      printGroupsAsJson(groups, Value::dictionaryFromPairs(
-                                    {{"uid", masked(event.uid())}, {"recurrenceId", event.recurrenceId()}}));
+      printGroupsAsJson(
+          groups, Value::dictionaryFromPairs({{"uid", event.uid()}, {"recurrenceId", event.recurrenceId()}}));
     } else {
       std::printf("%s\n\n", titleOf(event).c_str());
       printGroups(groups);
