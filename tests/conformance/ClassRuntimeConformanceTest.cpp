@@ -230,7 +230,7 @@ TYPED_TEST(ClassRuntimeConformance, ObjectValuesCrossBothWaysWithTheirKinds) {
       "Sitzung \xC3\xBC\x62\x65r \xF0\x9F\x93\x85",
       std::string("a zero \0 inside", 15),
       Value::array(),
-      Value::Array{1, "two", nullptr, Value::Array{3.5}},
+      Value::Array{1, "two", nullptr, Value::Array{Value(3.5)}},
       Value::dictionary(),
       Value::Dictionary{{"text", "a"}, {"null", nullptr}, {"inside", Value::Dictionary{{"flag", true}}}},
       other,
