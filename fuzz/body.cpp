@@ -1,7 +1,21 @@
 #include "fuzz/Fuzzing.h"
 #include "invitation/vnBodyHelper.h"
+#include "util/TextSearch.h"
 
 // The invitation in a body that a user has edited: put in, replaced and taken out, whatever the body holds.
+
+namespace {
+
+// In any case: an update finds them so.
+bool holdsBookmark(std::string_view text) {
+  for (const std::string_view bookmark :
+       {vorn::kvn_BeginBookmark, vorn::kvn_EndBookmark, vorn::kvn_BeginBookmarkEx, vorn::kvn_EndBookmarkEx}) {
+    if (vorn::findIgnoringCase(text, bookmark) != std::string_view::npos) return true;
+  }
+  return false;
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::fuzzing::check;
@@ -23,6 +37,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // In plain text a URL may swallow the bookmark that follows it.
   if (placed && !marked.empty() && isHtml) {
     check(helper.removeVnBodyForDelete(placed).has_value(), "what was put in can be taken out");
+    if (!holdsBookmark(body) && !holdsBookmark(invitation)) {
+      check(helper.removeVnBodyForDelete(helper.newVnBodyToEnd(body, marked, false)) == body,
+            "an invitation leaves no trace");
+      check(helper.updateVnBodyWithSrcBody(updated, invitation, true, nullptr) == updated,
+            "updating twice equals updating once");
+    }
   }
   if (updated) helper.removeVnBodyForDelete(updated);
   return 0;

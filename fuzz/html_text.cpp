@@ -6,9 +6,11 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::fuzzing::check;
-  const std::string text = vorn::htmlToPlainText({reinterpret_cast<const char*>(data), size});
-  check(vorn::isValidUtf8(text), "the text is UTF-8");
-  // Each byte of the input can become one replacement character or a part of an entity's character.
-  check(text.size() <= 3 * size, "the text is no longer than what it was made of");
+  for (const auto entity : {vorn::NoBreakSpaceEntity::isBlank, vorn::NoBreakSpaceEntity::leftOut}) {
+    const std::string text = vorn::htmlToPlainText({reinterpret_cast<const char*>(data), size}, entity);
+    check(vorn::isValidUtf8(text), "the text is UTF-8");
+    // Each byte of the input can become one replacement character or a part of an entity's character.
+    check(text.size() <= 3 * size, "the text is no longer than what it was made of");
+  }
   return 0;
 }

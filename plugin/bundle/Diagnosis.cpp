@@ -26,6 +26,12 @@ bool Diagnosis::answer(std::string_view question, const Value& parameters, Value
     told = hooks();
   } else if (question == "appointment") {
     told = appointment(parameters);
+  } else if (question == "window") {
+    told = window(parameters);
+  } else if (question == "body") {
+    // The asker's own text: what it holds must not be changed by more than was asked for.
+    answer = body(parameters);
+    return true;
   } else {
     return false;
   }

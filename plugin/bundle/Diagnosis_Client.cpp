@@ -21,7 +21,6 @@
 #include "channel/transport/vnIPCConstants.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
-#include "licence/vnLicencePolicy.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
 #include "platform/UserDefaults.h"
@@ -298,7 +297,7 @@ void tellSignedIn(Findings& findings) {
   if (!profile.hasUserProfile()) return;
   findings.report.add("hasProto", "with the packed message", profile.hasProto());
   findings.report.add("isPaidUser", "paid plan", profile.isPaidUser());
-  if (vnLicencePolicy::checkIfShowNoMeetingLicenseWindow(profile.userType())) {
+  if (profile.isNoMeetingLicenseUser()) {
     findings.troubles.append("the account has no meeting licence");
   }
 }

@@ -21,7 +21,8 @@ Value Diagnosis::hooks() {
     if (state.standing == HookStanding::stands) ++standing;
     const std::string sign = row.method == HookMethod::ofTheClass ? "+" : "-";
     const std::string key = sign + std::string(row.hostSelector);
-    report.add(key, key, nameOfHookStanding(state.standing), {}, row.addedSelector());
+    const std::string note = state.types.empty() ? row.addedSelector() : "of types " + state.types;
+    report.add(key, key, nameOfHookStanding(state.standing), {}, note);
   }
   return Value::dictionaryFromPairs({{"groups", report.groups()}, {"rows", all}, {"standing", standing}});
 }

@@ -1,5 +1,6 @@
 #include "bundle/PluginLoad.h"
 
+#include "bundle/Diagnosis.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/store/vnCommon.h"
 #include "data/vnUserProfileHelper.h"
@@ -40,5 +41,14 @@ void attachPlugin() {
 }
 
 void unloadPlugin() { Registry::reset(); }
+
+int answerQuestion(const char* question, const Value* parameters, Value* answer) {
+  if (!question || !answer || !Registry::platform().runLoop) return 1;
+  try {
+    return Diagnosis::answer(question, parameters ? *parameters : Value(), *answer) ? 0 : 1;
+  } catch (...) {
+    return 1;
+  }
+}
 
 }  // namespace vorn

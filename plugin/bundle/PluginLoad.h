@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "util/Value.h"
 
 namespace vorn {
 
@@ -13,5 +14,10 @@ void loadPlugin(const Platform& platform);
 void attachPlugin();
 // Ends everything process-wide. The hooks stay in the host's classes; they find nothing any more and forward.
 void unloadPlugin();
+
+// Answers a question of people who support users; Diagnosis tells which there are. 0 when it was answered, 1 for
+// an unknown question, for one that could not be answered, and while no plug-in stands. The parameters may be
+// null.
+int answerQuestion(const char* question, const Value* parameters, Value* answer);
 
 }  // namespace vorn

@@ -1,5 +1,6 @@
 #include "invitation/vnBodyHelper.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "platform/Registry.h"
@@ -24,12 +25,6 @@ constexpr std::size_t kLandmarkLength = 20;
 // so on purpose.
 constexpr std::size_t kEndBookmarkShift = 3;
 
-bool holds(std::string_view text, std::string_view wanted) { return text.find(wanted) != kNotFound; }
-
-bool holdsBoth(std::string_view text, std::string_view first, std::string_view second) {
-  return holds(text, first) && holds(text, second);
-}
-
 // A search for the empty text finds nothing.
 std::size_t find(std::string_view text, std::string_view wanted) {
   return wanted.empty() ? kNotFound : text.find(wanted);
@@ -49,12 +44,18 @@ std::string withBookmarksInPlainText(const std::string& text) {
   const std::string_view tail = trimmed(utf16Suffix(content, kLandmarkLength), isWhitespaceOrNewline);
   std::string marked = text;
   const std::size_t begin = find(marked, head);
-  marked.insert(begin == kNotFound ? 0 : begin, kvn_BeginBookmark);
+  marked.insert((begin == kNotFound ? 0 : begin) + g_offset_BeginBookmarkInsert, kvn_BeginBookmark);
   const std::size_t last = findLast(marked, tail);
   std::size_t end = last == kNotFound ? marked.size() : last + tail.size();
   end += utf16Prefix(std::string_view(marked).substr(end), kEndBookmarkShift).size();
   marked.insert(end, kvn_EndBookmark);
   return marked;
+}
+
+// The span of a placeholder goes whole, its decoration too.
+std::string placeholderReplaced(std::string_view body, std::string_view marked) {
+  const std::size_t end = body.find(kvn_InitEndBookMark) + kvn_InitEndBookMark.size();
+  return replacingSpan(body, body.find(kvn_InitBeginBookMark), end, marked);
 }
 
 // The position behind the opening body tag; 0 without one.
@@ -80,7 +81,7 @@ OptionalText vnBodyHelper::trimHTMLNBSPTags(const OptionalText& html) const {
 
 OptionalText vnBodyHelper::convertHTMLToPlainText(const OptionalText& html) const {
   if (!html || html->empty()) return std::nullopt;
-  return htmlToPlainText(*trimHTMLNBSPTags(html));
+  return htmlToPlainText(*html, NoBreakSpaceEntity::leftOut);
 }
 
 std::string vnBodyHelper::insertVnBodyBookMark(const OptionalText& vnBody, bool isHTML) const {
@@ -94,47 +95,30 @@ OptionalText vnBodyHelper::newVnBodyToEnd(const OptionalText& body, const Option
                                           bool positionAtTop) const {
   if (!body) return std::nullopt;
   const std::string added = newBody.value_or("");
-  std::string result = *body;
-  if (positionAtTop) return result.insert(behindBodyTag(result), std::string(kLineBreak) + added);
-  const std::size_t end = result.rfind(kBodyEndTag);
-  return result.insert(end == kNotFound ? result.size() : end, added);
+  if (positionAtTop) {
+    const std::size_t top = behindBodyTag(*body);
+    return replacingSpan(*body, top, top, std::string(kLineBreak).append(added));
+  }
+  const std::size_t end = std::min(body->rfind(kBodyEndTag), body->size());
+  return replacingSpan(*body, end, end, added);
 }
 
 OptionalText vnBodyHelper::updateVnBodyWithSrcBody(const OptionalText& srcBody, const OptionalText& vnBody,
                                                    bool isHTMLVnBody, InvitationOwner* vnMeetingMgr) const {
   if (!srcBody) return std::nullopt;
   const std::string marked = insertVnBodyBookMark(vnBody, isHTMLVnBody);
-  const std::size_t begin = srcBody->find(kvn_InitBeginBookMark);
-  const std::size_t end = srcBody->find(kvn_InitEndBookMark);
-  if (begin != kNotFound && end != kNotFound && begin < end) {
-    return std::string(*srcBody).replace(begin, end + kvn_InitEndBookMark.size() - begin, marked);
-  }
-  if (holdsBoth(*srcBody, kvn_BeginBookmark, kvn_EndBookmark)) return updateVnBodyWithVnBookmark(srcBody, marked);
-  if (holdsBoth(*srcBody, kvn_BeginBookmarkEx, kvn_EndBookmarkEx)) {
-    return updateVnBodyWithVnBookmarkEx(srcBody, marked);
+  switch (bookmarkForm(*srcBody)) {
+    case BookmarkForm::placeholder: return placeholderReplaced(*srcBody, marked);
+    case BookmarkForm::quoted: return updateVnBodyWithVnBookmark(srcBody, marked);
+    case BookmarkForm::unquoted: return updateVnBodyWithVnBookmarkEx(srcBody, marked);
+    case BookmarkForm::none: break;
   }
   // An updated meeting whose bookmarks are gone: the invitation replaces the user's body.
   if (vnMeetingMgr && vnMeetingMgr->isUpdateVornMeetingEvent()) return marked;
   const bool atTop = vnMeetingMgr && vnMeetingMgr->putInvitationAtTheTop();
-  const OptionalText result = newVnBodyToEnd(srcBody, marked, atTop);
-  return result && !result->empty() ? result : marked;
-}
-
-OptionalText vnBodyHelper::removeVnBodyForDelete(const OptionalText& body) const {
-  if (!body) return std::nullopt;
-  std::size_t begin = body->find(kvn_BeginBookmark);
-  std::size_t end = body->find(kvn_EndBookmark);
-  std::size_t endLength = kvn_EndBookmark.size();
-  if (begin == kNotFound || end == kNotFound) {
-    begin = body->find(kvn_BeginBookmarkEx);
-    end = body->find(kvn_EndBookmarkEx);
-    endLength = kvn_EndBookmarkEx.size();
-  }
-  if (end == kNotFound) return std::nullopt;
-  // What stands before a lost begin bookmark goes as well, deliberately.
-  const std::size_t start = begin == kNotFound ? 0 : begin;
-  if (start > end) return body;
-  return std::string(*body).erase(start, end + endLength - start);
+  OptionalText result = newVnBodyToEnd(srcBody, marked, atTop);
+  if (!result || result->empty()) return marked;
+  return result;
 }
 
 OptionalText vnBodyHelper::updateBodyForPAC(const OptionalText& srcBody, const OptionalText& vnBody,

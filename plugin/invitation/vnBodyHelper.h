@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -21,11 +22,18 @@ inline constexpr std::string_view HTTP_TAG = "http://";
 inline constexpr std::string_view HTTPS_TAG = "https://";
 inline constexpr std::string_view HTML_NBSP_TAG = "&nbsp;";
 inline constexpr std::string_view EMPTY_STRING;
+// How many characters behind its place the begin bookmark is put, and how far the span that it opens reaches back.
+// None, and it has never been another number.
+inline constexpr std::size_t g_offset_BeginBookmarkInsert = 0;
+
+// In which form a body holds a begin and an end bookmark.
+enum class BookmarkForm { none, placeholder, quoted, unquoted };
 
 // Every string operation on an appointment's body: how the invitation gets into it, is found again after the user
 // has edited around it, is replaced, and is taken out.
 //
-// Bodies are HTML in UTF-8; nothing here touches the host. No state. Time is linear in the texts. Absence in gives
+// Bodies are HTML in UTF-8; nothing here touches the host. No state, any thread. Time is linear in the texts, and
+// beside the body that is given and the one that comes of it no further copy of a body is made. Absence in gives
 // absence out unless something else is said; a caller shows "" for it.
 class vnBodyHelper {
  public:
@@ -40,11 +48,18 @@ class vnBodyHelper {
   // text.
   OptionalText convertPlainTextToHTML(const OptionalText& text) const;
 
-  // The invitation between bookmarks, ready for a body; "" for an absent or empty one.
+  // The invitation between bookmarks, ready for a body; "" for an absent or empty one. Around a plain one stand
+  // two blank lines on either side, outside the bookmarks, and each update adds them again. A URL that reaches to
+  // the end of a plain one takes the end bookmark into its link: such an invitation is not found again.
   std::string insertVnBodyBookMark(const OptionalText& vnBody, bool isHTML) const;
 
-  // Puts a new text into a body that has none: behind the opening body tag, or before the closing one.
+  // Puts a new text into a body that has none: before the closing body tag, or at the top behind the opening one,
+  // with a "<br>" above it.
   OptionalText newVnBodyToEnd(const OptionalText& body, const OptionalText& newBody, bool positionAtTop) const;
+
+  // The form that an update of this body goes by: a placeholder before quoted bookmarks, these before unquoted
+  // ones.
+  static BookmarkForm bookmarkForm(std::string_view body);
 
   // Replaces what lies between the bookmarks, and the decoration that the editor put around them, by a text with
   // bookmarks of its own. Absent when that text has no bookmarks, or the body has none where they are needed; the

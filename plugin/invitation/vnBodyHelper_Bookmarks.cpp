@@ -14,6 +14,21 @@ constexpr std::string_view kLineBreak = "<br>";
 constexpr std::string_view kWrapperBegin = "<font size=";
 constexpr std::string_view kWrapperEnd = "@</font>";
 
+struct Bookmarks {
+  std::string_view begin;
+  std::string_view end;
+};
+
+constexpr Bookmarks kQuoted{kvn_BeginBookmark, kvn_EndBookmark};
+constexpr Bookmarks kUnquoted{kvn_BeginBookmarkEx, kvn_EndBookmarkEx};
+
+bool holdsBoth(std::string_view body, const Bookmarks& pair) {
+  return body.find(pair.begin) != kNotFound && body.find(pair.end) != kNotFound;
+}
+
+// Where the span of a begin bookmark at this position starts.
+std::size_t reachingBack(std::size_t position) { return position - g_offset_BeginBookmarkInsert; }
+
 // The start of the lead, or of the wrapper before the bookmark.
 std::size_t startOf(std::string_view lead, std::string_view body, std::string_view bookmark) {
   const std::size_t found = findLastIgnoringCase(body, lead);
@@ -32,46 +47,72 @@ std::size_t endOf(std::string_view trail, std::string_view body) {
   return kNotFound;
 }
 
-// The body with the span replaced; absent when an end is missing or the ends enclose nothing.
-OptionalText replaced(const std::string& body, std::size_t start, std::size_t end, const std::string& newText) {
+// The body with the span replaced; absent when an end is missing. So it is for ends in the wrong order, which a
+// user can make by moving text: such a span would be none.
+OptionalText replaced(std::string_view body, std::size_t start, std::size_t end, std::string_view newText) {
   if (start == kNotFound || end == kNotFound || end <= start) return std::nullopt;
-  return std::string(body).replace(start, end - start, newText);
+  return replacingSpan(body, start, end, newText);
+}
+
+// The end of the new text from its end bookmark on, as an editor writes it: without line ends and their tags.
+std::string withoutLineEnds(std::string_view text) {
+  std::string kept(text);
+  std::erase_if(kept, [](char c) { return c == '\r' || c == '\n'; });
+  return replacingAll(kept, kLineBreak, "");
 }
 
 }  // namespace
 
+BookmarkForm vnBodyHelper::bookmarkForm(std::string_view body) {
+  // Every placeholder's bookmarks are quoted ones as well, so those in the wrong order are still found as such.
+  const std::size_t placeholder = body.find(kvn_InitBeginBookMark);
+  if (placeholder != kNotFound) {
+    const std::size_t end = body.find(kvn_InitEndBookMark);
+    if (end != kNotFound && placeholder < end) return BookmarkForm::placeholder;
+  }
+  if (holdsBoth(body, kQuoted)) return BookmarkForm::quoted;
+  return holdsBoth(body, kUnquoted) ? BookmarkForm::unquoted : BookmarkForm::none;
+}
+
 OptionalText vnBodyHelper::updateVnBodyWithVnBookmark(const OptionalText& body,
                                                       const OptionalText& bodyWithVnBookmark) const {
   if (!body || !bodyWithVnBookmark) return std::nullopt;
-  const std::size_t begin = bodyWithVnBookmark->find(kvn_BeginBookmark);
-  const std::size_t end = bodyWithVnBookmark->find(kvn_EndBookmark);
+  const std::string_view newText = *bodyWithVnBookmark;
+  const std::size_t begin = newText.find(kvn_BeginBookmark);
+  const std::size_t end = newText.find(kvn_EndBookmark);
   if (begin == kNotFound || end == kNotFound) return std::nullopt;
-  const std::string lead =
-      replacingAll(bodyWithVnBookmark->substr(0, begin + kvn_BeginBookmark.size()), kLineBreak, "");
-  std::string rest = replacingAll(bodyWithVnBookmark->substr(end), kLineBreak, "");
-  std::erase_if(rest, [](char c) { return c == '\r' || c == '\n'; });
+  const std::string lead = replacingAll(newText.substr(0, begin + kvn_BeginBookmark.size()), kLineBreak, "");
+  const std::string rest = withoutLineEnds(newText.substr(end));
   const std::string_view trail = trimmed(rest, isWhitespace);
-  const OptionalText result =
-      replaced(*body, startOf(lead, *body, kvn_BeginBookmark), endOf(trail, *body), *bodyWithVnBookmark);
-  return result ? result : updateVnBodyWithVnBookmarkEx(body, bodyWithVnBookmark);
+  OptionalText result = replaced(*body, startOf(lead, *body, kvn_BeginBookmark), endOf(trail, *body), newText);
+  if (!result) return updateVnBodyWithVnBookmarkEx(body, bodyWithVnBookmark);
+  return result;
 }
 
 OptionalText vnBodyHelper::updateVnBodyWithVnBookmarkEx(const OptionalText& body,
                                                         const OptionalText& bodyWithVnBookmark) const {
   if (!body || !bodyWithVnBookmark) return std::nullopt;
-  const auto hasPair = [&body](std::string_view begin, std::string_view end) {
-    return body->find(begin) != kNotFound && body->find(end) != kNotFound;
-  };
-  std::string_view begin = kvn_BeginBookmark;
-  std::string_view end = kvn_EndBookmark;
-  if (!hasPair(begin, end)) {
-    begin = kvn_BeginBookmarkEx;
-    end = kvn_EndBookmarkEx;
-    if (!hasPair(begin, end)) return std::nullopt;
-  }
-  const OptionalText result =
-      replaced(*body, startOf(begin, *body, begin), endOf(end, *body), *bodyWithVnBookmark);
-  return result ? result : body;
+  const Bookmarks& pair = holdsBoth(*body, kQuoted) ? kQuoted : kUnquoted;
+  if (!holdsBoth(*body, pair)) return std::nullopt;
+  const std::size_t begin = reachingBack(body->find(pair.begin));
+  const std::string_view lead =
+      std::string_view(*body).substr(begin, g_offset_BeginBookmarkInsert + pair.begin.size());
+  OptionalText result =
+      replaced(*body, startOf(lead, *body, pair.begin), endOf(pair.end, *body), *bodyWithVnBookmark);
+  if (!result) return body;
+  return result;
+}
+
+OptionalText vnBodyHelper::removeVnBodyForDelete(const OptionalText& body) const {
+  if (!body) return std::nullopt;
+  const Bookmarks& pair = holdsBoth(*body, kQuoted) ? kQuoted : kUnquoted;
+  const std::size_t end = body->find(pair.end);
+  if (end == kNotFound) return std::nullopt;
+  const std::size_t begin = body->find(pair.begin);
+  // What stands before a lost begin bookmark goes as well, deliberately.
+  const std::size_t start = begin == kNotFound ? 0 : reachingBack(begin);
+  if (start > end) return body;
+  return replacingSpan(*body, start, end + pair.end.size(), EMPTY_STRING);
 }
 
 }  // namespace vorn

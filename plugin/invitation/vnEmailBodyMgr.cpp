@@ -1,6 +1,7 @@
 #include "invitation/vnEmailBodyMgr.h"
 
 #include "invitation/vnBodyHelper.h"
+#include "platform/Registry.h"
 #include "util/vnMd5Utils.h"
 
 namespace vorn {
@@ -10,6 +11,8 @@ namespace {
 bool isEmpty(const OptionalText& text) { return !text || text->empty(); }
 
 }  // namespace
+
+vnEmailBodyMgr& vnEmailBodyMgr::sharedInstance() { return Registry::shared<vnEmailBodyMgr>(); }
 
 void vnEmailBodyMgr::updateMailBody(const HostObject& editor, const OptionalText& vnInviteEmail, bool isDelete,
                                     bool isHTML) {

@@ -11,6 +11,9 @@ namespace vorn {
 // writes the host's own. One for each meeting manager. Main thread.
 class vnEmailBodyMgr {
  public:
+  // The one for a window without a manager.
+  static vnEmailBodyMgr& sharedInstance();
+
   // The manager stays the caller's and outlives this object; null for none.
   void setMeetingMgrInstance(InvitationOwner* manager) { manager_ = manager; }
 

@@ -3,12 +3,12 @@
 #include <libxml/HTMLparser.h>
 
 #include <algorithm>
-#include <cctype>
-#include <limits>
+#include <array>
 #include <memory>
 #include <unordered_set>
+#include <utility>
 
-#include "util/Utf16.h"
+#include "util/HtmlTextSource.h"
 
 namespace vorn {
 
@@ -16,14 +16,15 @@ namespace {
 
 using Names = std::unordered_set<std::string_view>;
 
-constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
-constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
+// White space, and the first byte of U+0080 to U+00BF.
+constexpr char kFirstByte = '\xC2';
+constexpr std::string_view kLookedAt = " \t\r\n\f\xC2";
+// The second byte of U+00A0.
+constexpr unsigned char kNoBreakSpace = 0xA0;
 // The parser looks through all open elements for each end tag, so they may not become arbitrarily many.
 constexpr int kMaxOpenElements = 512;
 // The document and its body, which the parser adds where they are missing.
 constexpr int kKeptElements = 2;
-// The parser compares each attribute of a tag with all before it, so their number is bounded too.
-constexpr std::size_t kMaxSeparatorsInTag = 1000;
 
 const Names& lineElements() {
   static const Names names{"address", "article", "aside",   "blockquote", "body", "center", "dd",  "div",
@@ -33,17 +34,18 @@ const Names& lineElements() {
   return names;
 }
 
-const Names& silentElements() {
-  static const Names names{"head", "script", "style", "title"};
-  return names;
-}
+// What U+0080 to U+009F, which are no characters to be seen, mean where people have written them as numbers.
+constexpr std::array<std::string_view, 32> kNumberedCharacters{
+    "€", "",  "‚", "ƒ", "„", "…", "†", "‡", "ˆ", "‰", "Š", "‹", "Œ", "", "Ž", "",
+    "",  "‘", "’", "“", "”", "•", "–", "—", "˜", "™", "š", "›", "œ", "", "ž", "Ÿ"};
 
 // Builds the text. Blanks and line ends wait until something follows them, so that none stand at an end.
 class TextBuilder {
  public:
+  // Takes the memory for the longest text at once, since growing to it would take up to three times as much.
+  explicit TextBuilder(std::size_t longest) { text_.reserve(longest); }
+
   void begin(std::string_view element) {
-    if (silentElements().contains(element)) ++silent_;
-    if (silent_ > 0) return;
     if (element == "br") {
       addLineEnd();
     } else if (element == "td" || element == "th") {
@@ -51,44 +53,30 @@ class TextBuilder {
     } else if (lineElements().contains(element)) {
       endLine(element);
       if (element == "tr") rowHasCell_ = false;
-      if (element == "pre") ++preformatted_;
+      if (element == "pre") {
+        ++preformatted_;
+        preformattedBegins_ = true;
+      }
     }
   }
 
   void end(std::string_view element) {
-    if (silentElements().contains(element)) {
-      if (silent_ > 0) --silent_;
-      return;
-    }
-    if (silent_ > 0) return;
     if (lineElements().contains(element)) endLine(element);
     if (element == "pre" && preformatted_ > 0) --preformatted_;
   }
 
   // Leaves every element that has an effect on the text.
-  void leaveAll() {
-    silent_ = 0;
-    preformatted_ = 0;
-  }
+  void leaveAll() { preformatted_ = 0; }
 
   void add(std::string_view text) {
-    if (silent_ > 0) return;
     while (!text.empty()) {
-      const char c = text.front();
-      std::size_t length = 1;
-      if (text.starts_with(kNoBreakSpace)) {
-        length = kNoBreakSpace.size();
-        addVisible(" ");
-      } else if (c == '\n' && preformatted_ > 0) {
-        addLineEnd();
-      } else if (c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f') {
-        addBlank(c);
-      } else {
-        length = text.find_first_of(" \t\r\n\f\xC2");
-        if (length == 0) length = 1;
+      const std::size_t length = std::min(text.find_first_of(kLookedAt), text.size());
+      if (length > 0) {
         addVisible(text.substr(0, length));
+        text.remove_prefix(length);
+      } else {
+        text.remove_prefix(addOne(text));
       }
-      text.remove_prefix(std::min(length, text.size()));
     }
   }
 
@@ -102,15 +90,35 @@ class TextBuilder {
       text_ += '\n';
     else if (blankWaits_)
       text_ += ' ';
-    lineEndWaits_ = blankWaits_ = cellIsEmpty_ = false;
+    lineEndWaits_ = blankWaits_ = cellIsEmpty_ = preformattedBegins_ = false;
     text_ += piece;
   }
 
+  // Adds one of the characters that are looked at, the text's first, and gives its length.
+  std::size_t addOne(std::string_view text) {
+    if (text.front() != kFirstByte || text.size() < 2) {
+      addBlank(text.front());
+      return 1;
+    }
+    const auto second = static_cast<unsigned char>(text[1]);
+    if (second == kNoBreakSpace) {
+      addVisible(" ");
+    } else if (second < kNoBreakSpace) {
+      addVisible(kNumberedCharacters[second - 0x80]);
+    } else {
+      addVisible(text.substr(0, 2));
+    }
+    return 2;
+  }
+
   void addBlank(char c) {
-    if (preformatted_ > 0) {
-      if (c != '\r') addVisible(std::string_view(&c, 1));
-    } else if (!atLineStart() && !lineEndWaits_) {
-      blankWaits_ = true;
+    if (preformatted_ == 0) {
+      if (!atLineStart() && !lineEndWaits_) blankWaits_ = true;
+    } else if (c == '\n') {
+      // The first one behind the tag belongs to the tag.
+      if (!std::exchange(preformattedBegins_, false)) addLineEnd();
+    } else if (c != '\r') {
+      addVisible(std::string_view(&c, 1));
     }
   }
 
@@ -136,8 +144,8 @@ class TextBuilder {
   }
 
   std::string text_;
-  int silent_ = 0;
   int preformatted_ = 0;
+  bool preformattedBegins_ = false;
   bool blankWaits_ = false;
   bool lineEndWaits_ = false;
   bool rowHasCell_ = false;
@@ -174,91 +182,17 @@ void onCharacters(void* user, const xmlChar* text, int length) {
   static_cast<Reading*>(user)->builder.add(viewOf(text).substr(0, static_cast<std::size_t>(length)));
 }
 
-// Makes a text that the parser reads in linear time and to its end.
-class Cleaner {
- public:
-  explicit Cleaner(std::string_view html) : html_(html) { result_.reserve(html.size()); }
-
-  std::string take() {
-    while (!html_.empty()) {
-      if (const std::size_t length = visibleConditionLength()) {
-        html_.remove_prefix(length);
-      } else {
-        copyCharacter();
-      }
-    }
-    return std::move(result_);
-  }
-
- private:
-  // "<![if !mso]>" and "<![endif]>", which the parser takes for text. The end of a conditional comment,
-  // "<![endif]-->", is not among them.
-  std::size_t visibleConditionLength() const {
-    constexpr std::size_t longest = 256;
-    if (!html_.starts_with("<![")) return 0;
-    const std::size_t end = html_.substr(0, longest).find('>');
-    return end != std::string_view::npos && html_[end - 1] == ']' ? end + 1 : 0;
-  }
-
-  void copyCharacter() {
-    const std::size_t length = utf8SequenceLength(html_, 0);
-    const auto first = static_cast<unsigned char>(html_.front());
-    // The parser takes a zero byte for the end, and guesses at another encoding when it meets a stray byte.
-    if (first == 0 || (length == 1 && first >= 0x80)) {
-      result_ += kReplacementCharacter;
-    } else {
-      result_ += html_.substr(0, length);
-    }
-    countAttributes();
-    html_.remove_prefix(length);
-    if (inTag_ && separators_ > kMaxSeparatorsInTag) cutTag();
-  }
-
-  void countAttributes() {
-    const char c = html_.front();
-    if (!inTag_) {
-      inTag_ = c == '<' && html_.size() > 1 && std::isalpha(static_cast<unsigned char>(html_[1]));
-      separators_ = 0;
-      return;
-    }
-    const bool isBlank = c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f';
-    if (isBlank || c == '=') ++separators_;
-    if (quote_ != 0) {
-      if (c == quote_) quote_ = 0;
-    } else if (c == '>') {
-      inTag_ = false;
-    } else if ((c == '"' || c == '\'') && lastInTag_ == '=') {
-      quote_ = c;
-    }
-    if (!isBlank) lastInTag_ = c;
-  }
-
-  void cutTag() {
-    if (quote_ != 0) result_ += quote_;
-    result_ += '>';
-    inTag_ = false;
-    quote_ = 0;
-    while (!html_.empty() && html_.front() != '>' && !html_.starts_with("</")) html_.remove_prefix(1);
-    if (html_.starts_with('>')) html_.remove_prefix(1);
-  }
-
-  std::string_view html_;
-  std::string result_;
-  bool inTag_ = false;
-  // The quote that an attribute's value is in; 0 outside.
-  char quote_ = 0;
-  char lastInTag_ = 0;
-  std::size_t separators_ = 0;
-};
+int readSource(void* source, char* buffer, int size) {
+  return static_cast<int>(static_cast<HtmlTextSource*>(source)->read(buffer, static_cast<std::size_t>(size)));
+}
 
 }  // namespace
 
-std::string htmlToPlainText(std::string_view html) {
-  const std::string input = Cleaner(html).take();
-  if (input.empty() || input.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return {};
+std::string htmlToPlainText(std::string_view html, NoBreakSpaceEntity entity) {
   const std::unique_ptr<htmlParserCtxt, FreeParser> parser(htmlNewParserCtxt());
   if (!parser) return {};
-  Reading reading{parser.get(), {}};
+  HtmlTextSource source(html, entity);
+  Reading reading{parser.get(), TextBuilder(html.size())};
   htmlSAXHandler handler{};
   handler.startElement = onStartElement;
   handler.endElement = onEndElement;
@@ -268,7 +202,7 @@ std::string htmlToPlainText(std::string_view html) {
   parser->userData = &reading;
   constexpr int options = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET |
                           HTML_PARSE_NODEFDTD | HTML_PARSE_IGNORE_ENC | XML_PARSE_HUGE;
-  htmlCtxtReadMemory(parser.get(), input.data(), static_cast<int>(input.size()), nullptr, "UTF-8", options);
+  htmlCtxtReadIO(parser.get(), readSource, nullptr, &source, nullptr, "UTF-8", options);
   return reading.builder.take();
 }
 

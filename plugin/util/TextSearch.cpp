@@ -30,12 +30,19 @@ std::size_t firstMatch(std::size_t textSize, const TextAt& textAt, std::size_t w
   return kNotFound;
 }
 
-}  // namespace
-
-std::size_t findText(std::string_view text, std::string_view wanted) {
+template <typename View>
+std::size_t firstExactMatch(View text, View wanted) {
   return firstMatch(
       text.size(), [text](std::size_t i) { return text[i]; }, wanted.size(),
       [wanted](std::size_t i) { return wanted[i]; });
+}
+
+}  // namespace
+
+std::size_t findText(std::string_view text, std::string_view wanted) { return firstExactMatch(text, wanted); }
+
+std::size_t findText(std::u16string_view text, std::u16string_view wanted) {
+  return firstExactMatch(text, wanted);
 }
 
 std::size_t findIgnoringCase(std::string_view text, std::string_view wanted) {
@@ -62,6 +69,14 @@ std::string replacingAll(std::string_view text, std::string_view wanted, std::st
     result += replacement;
     text.remove_prefix(at + wanted.size());
   }
+}
+
+std::string replacingSpan(std::string_view text, std::size_t start, std::size_t end,
+                          std::string_view replacement) {
+  std::string result;
+  result.reserve(text.size() - (end - start) + replacement.size());
+  result.append(text.substr(0, start)).append(replacement).append(text.substr(end));
+  return result;
 }
 
 }  // namespace vorn

@@ -26,6 +26,34 @@ bool isValidSecond(unsigned first, unsigned second) {
   }
 }
 
+// A byte outside any valid sequence as one unit: a half that no valid text holds alone.
+constexpr char16_t kStrayByte = 0xDC00;
+
+bool isFirstHalf(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool isSecondHalf(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+bool isStrayByte(char16_t unit) { return unit >= kStrayByte + 0x80 && unit <= kStrayByte + 0xFF; }
+
+char32_t characterOf(char16_t first, char16_t second) {
+  return 0x10000 + ((static_cast<char32_t>(first) - 0xD800) << 10) + (static_cast<char32_t>(second) - 0xDC00);
+}
+
+void appendUtf8(std::string& text, char32_t character) {
+  const auto append = [&text](char32_t byte) { text += static_cast<char>(static_cast<unsigned char>(byte)); };
+  if (character < 0x80) return append(character);
+  if (character < 0x800) {
+    append(0xC0 | (character >> 6));
+  } else {
+    if (character < 0x10000) {
+      append(0xE0 | (character >> 12));
+    } else {
+      append(0xF0 | (character >> 18));
+      append(0x80 | ((character >> 12) & 0x3F));
+    }
+    append(0x80 | ((character >> 6) & 0x3F));
+  }
+  append(0x80 | (character & 0x3F));
+}
+
 std::size_t unitsOf(std::size_t sequenceLength) { return sequenceLength == 4 ? 2 : 1; }
 
 // Walks to the last character boundary at or before the given number of units.
@@ -66,6 +94,40 @@ std::size_t previousCharacter(std::string_view text, std::size_t position) {
     if (utf8SequenceLength(text, position - length) == length) return position - length;
   }
   return position - 1;
+}
+
+std::u16string toUtf16(std::string_view text) {
+  std::u16string units;
+  units.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t length = utf8SequenceLength(text, at);
+    const char32_t character = characterAt(text, at);
+    if (length == 4) {
+      units += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
+      units += static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
+    } else {
+      const bool isStray = length == 1 && byteAt(text, at) >= 0x80;
+      units += static_cast<char16_t>(isStray ? kStrayByte + byteAt(text, at) : character);
+    }
+    at += length;
+  }
+  return units;
+}
+
+std::string toUtf8(std::u16string_view units) {
+  std::string text;
+  text.reserve(units.size());
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    const char16_t unit = units[i];
+    if (isFirstHalf(unit) && i + 1 < units.size() && isSecondHalf(units[i + 1])) {
+      appendUtf8(text, characterOf(unit, units[++i]));
+    } else if (isStrayByte(unit)) {
+      text += static_cast<char>(static_cast<unsigned char>(unit - kStrayByte));
+    } else {
+      appendUtf8(text, isFirstHalf(unit) || isSecondHalf(unit) ? 0xFFFD : unit);
+    }
+  }
+  return text;
 }
 
 bool isValidUtf8(std::string_view text) { return simdjson::validate_utf8(text.data(), text.size()); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace vorn {
@@ -22,6 +23,12 @@ std::size_t utf16Position(std::string_view text, std::size_t bytePosition);
 // The byte position of a unit position; a position inside a surrogate pair is the character's start, one behind
 // the end is the end.
 std::size_t bytePosition(std::string_view text, std::size_t utf16Position);
+
+// The text in UTF-16 units, for work in which many positions count, and the way back. A byte that belongs to no
+// valid sequence becomes one unit of U+DC80 to U+DCFF, and comes back as that byte; any other half of a pair comes
+// back as U+FFFD.
+std::u16string toUtf16(std::string_view text);
+std::string toUtf8(std::u16string_view units);
 
 // True when the whole text is UTF-8 as the standard has it: no overlong form, no surrogate, nothing beyond
 // U+10FFFF.

@@ -1,6 +1,7 @@
 #include "workflow/WorkflowDirectory.h"
 
 #include "channel/store/vnMeetingCommon.h"
+#include "invitation/vnBodyHelper.h"
 #include "invitation/vnICalendarContentParse.h"
 #include "platform/Registry.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
@@ -26,7 +27,11 @@ HostObject WorkflowDirectory::mainWindow() { return vnCalendarActionMgr::sharedI
 
 std::string WorkflowDirectory::meetingKeyForEvent(const HostObject& event) {
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByECCalendarEvent(event);
-  return manager ? manager->getVornMeetingKey().value_or("") : std::string();
+  // An event without a window comes to the shared manager. During an edit on the calendar, that one's key is the
+  // edited appointment's; taken for the key of whatever else is touched meanwhile, it would move the wrong
+  // meeting.
+  if (!manager || (manager == vnMeetingMgr::sharedInstance() && manager->isDragAndMove())) return {};
+  return manager->getVornMeetingKey().value_or("");
 }
 
 bool WorkflowDirectory::isOpenFromVornClient(const HostObject& editor) {
@@ -42,8 +47,22 @@ HostObject WorkflowDirectory::wordMailEditorForEditor(const HostObject& editor) 
 OptionalText WorkflowDirectory::mailBodyWithVornContent(const HostObject& editor, const OptionalText& sourceBody,
                                                         const OptionalText& invitation, bool isHTML) {
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByEditorViewCtrl(editor);
+  const vnEmailBodyMgr& bodies = manager ? *manager->emailBodyMgr() : vnEmailBodyMgr::sharedInstance();
+  return bodies.getMailBodyContentWithVorn(sourceBody, invitation, isHTML);
+}
+
+OptionalText WorkflowDirectory::getMailBodyWithVornContentFor1520(const HostObject& editor,
+                                                                  const OptionalText& sourceBody,
+                                                                  const OptionalText& vnEmailBody,
+                                                                  bool isHTMLBody) {
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByEditorViewCtrl(editor);
   if (!manager) return std::nullopt;
-  return manager->emailBodyMgr()->getMailBodyContentWithVorn(sourceBody, invitation, isHTML);
+  return manager->getMailBodyWithVornContentFor1520(sourceBody, vnEmailBody, isHTMLBody);
+}
+
+OptionalText WorkflowDirectory::mailBodyWithPACText(const OptionalText& sourceBody, const OptionalText& text,
+                                                    bool isHTML) {
+  return vnBodyHelper::sharedInstance().updateBodyForPAC(sourceBody, text, isHTML);
 }
 
 void WorkflowDirectory::noteNewBody(const OptionalText& body) {

@@ -21,6 +21,9 @@ class WorkflowDirectory : public ApptWindowDirectory, public MeetingOwners {
   HostObject wordMailEditorForEditor(const HostObject& editor) override;
   OptionalText mailBodyWithVornContent(const HostObject& editor, const OptionalText& sourceBody,
                                        const OptionalText& invitation, bool isHTML) override;
+  OptionalText getMailBodyWithVornContentFor1520(const HostObject& editor, const OptionalText& sourceBody,
+                                                 const OptionalText& vnEmailBody, bool isHTMLBody) override;
+  OptionalText mailBodyWithPACText(const OptionalText& sourceBody, const OptionalText& text, bool isHTML) override;
   void noteNewBody(const OptionalText& body) override;
   OptionalText uuidInCalendarText(const OptionalText& calendarText) override;
   OptionalText meetingNumberInCalendarText(const OptionalText& calendarText) override;

@@ -17,8 +17,15 @@ class FakeOwners final : public MeetingOwners {
   HostObject wordMailEditorForEditor(const HostObject&) override { return wordMailEditor; }
   OptionalText mailBodyWithVornContent(const HostObject&, const OptionalText& source,
                                        const OptionalText& invitation, bool) override {
-    if (!hasManager) return {};
     return source.value_or("") + "+" + invitation.value_or("");
+  }
+  OptionalText getMailBodyWithVornContentFor1520(const HostObject& editor, const OptionalText& source,
+                                                 const OptionalText& invitation, bool isHTML) override {
+    if (!hasManager) return {};
+    return mailBodyWithVornContent(editor, source, invitation, isHTML);
+  }
+  OptionalText mailBodyWithPACText(const OptionalText& source, const OptionalText& text, bool) override {
+    return source.value_or("") + "|" + text.value_or("");
   }
   void noteNewBody(const OptionalText& body) override { noted = body; }
   OptionalText uuidInCalendarText(const OptionalText& text) override {

@@ -163,6 +163,14 @@ TEST_F(Editor, WithoutAManagerTheShownBodyIsEmpty) {
   EXPECT_EQ(host.get(event, "body"), Value(""));
 }
 
+TEST_F(Editor, ThePersonalAudioTextNeedsNoManager) {
+  owners.hasManager = false;
+  owners.wordMailEditor = wordMailWithBody("source");
+  vnERCalendarEventEditorViewController proxy(editorOn(event));
+  proxy.updateEmailBodyForPAC("call", false);
+  EXPECT_EQ(host.get(event, "body"), Value("source|call"));
+}
+
 TEST_F(Editor, TheOlderComposeViewIsWrittenThroughItsDocument) {
   const HostObject body = host.object("DOMBody", {{"setInnerHTML:", Value()}});
   const HostObject root = host.object("DOMElement", {{"outerHTML", "<html/>"}});
@@ -172,8 +180,14 @@ TEST_F(Editor, TheOlderComposeViewIsWrittenThroughItsDocument) {
   const HostObject view = host.object("NSView", {{"subviews", Value(Value::Array{compose})}});
   const HostObject editor = editorOn(event);
   host.set(editor, "view", view);
-  vnERCalendarEventEditorViewController(editor).updateEmailBodyWithVornContent("invitation", true);
+  vnERCalendarEventEditorViewController proxy(editor);
+  owners.hasManager = false;
+  proxy.updateEmailBodyWithVornContent("invitation", true);
   EXPECT_EQ(host.get(body, "innerHTML"), Value("<html/>+invitation"));
+  proxy.updateEmailBodyForPAC("call", false);
+  EXPECT_EQ(host.get(body, "innerHTML"), Value("<html/>|call"));
+  proxy.updateEmailBodyForPAC("", false);
+  EXPECT_EQ(host.calls(body, "setInnerHTML:").size(), 2u) << "nothing to add";
   EXPECT_TRUE(host.calls(event, "setBody:").empty());
 }
 

@@ -31,6 +31,7 @@ TEST(HtmlText, HasTheLinesThatAReaderSees) {
       {"<table><tr><td>a</td><td></td></tr><tr><td>b</td></tr></table>", "a\t\nb"},
       {"<b>a</b><i>b</i> <u>c</u> d", "ab c d"},
       {"<pre>a\r\n  b\tc</pre>d", "a\n  b\tc\nd"},
+      {"<pre>\n a\n\nb </pre>", " a\n\nb "},
       {"a&nbsp;&nbsp;b &amp; &lt;c&gt; &eacute; &#128512; &unknown;",
        "a  b & <c> \xC3\xA9 \xF0\x9F\x98\x80 &unknown;"},
       {"<html><head><title>t</title><style>p{}</style></head><body>hi</body></html>", "hi"},
@@ -38,11 +39,53 @@ TEST(HtmlText, HasTheLinesThatAReaderSees) {
       {"x<!--[if mso]>no<![endif]-->y<![if !mso]>z<![endif]>", "xyz"},
       {"<a href=\"https://x/j/1?a>b\">link</a>", "link"},
       {"a < b", "a < b"},
+      {"if a<b then c, </ and <! too", "if a<b then c, </ and <! too"},
+      {"&#8217; &#146; &#128; &amp;lt; &hellip; &#0;&#xD800;",
+       "\xE2\x80\x99 \xE2\x80\x99 \xE2\x82\xAC &lt; \xE2\x80\xA6"},
+      {"<a title=\"5\" tall\" name=x'>a</a> <a href=\"x\">b</a><img src=a/b/>c<br/>d", "a bc\nd"},
+      {"<STYLE>a<b>c{}</STYLE>x<Script>if(a<b)'</style>'</sCRIPT >y<style/>z<title>t", "xyz"},
+      {"a<!-->b<!--->c<!-- > -- -->d<!>e</>f<?x y?>g", "abcdefg"},
+      {"<head><title>t</title>text in the head</head><body>b", "text in the head\nb"},
+      {"<body>mine<html><head><style>p{}</style></head><body>old</body></html> after</body>", "mineold after"},
       {"<p>unclosed <b>all", "unclosed all"},
       {"text<!-- unterminated", "text"},
       {"<meta charset=iso-8859-1>caf\xC3\xA9 \xFF", "caf\xC3\xA9 \xEF\xBF\xBD"},
   };
   for (const auto& each : cases) EXPECT_EQ(htmlToPlainText(each.html), each.text) << each.html;
+}
+
+// As word processors and mail programs write them.
+TEST(HtmlText, KeepsTheTextOfWordProcessorsAndNothingElse) {
+  const struct {
+    const char *what, *html, *text;
+  } cases[] = {
+      {"a document with its conditions and styles",
+       "<html xmlns:o=\"urn:x:office\"><head>\n<meta name=Generator content=\"Word 15\">\n"
+       "<!--[if !mso]><style>v\\:* {behavior:url(#default#VML);}</style><![endif]-->"
+       "<style><!--\n@font-face\n\t{font-family:\"Cambria Math\";}\n--></style>"
+       "<!--[if gte mso 9]><xml><o:shapedefaults v:ext=\"edit\"/></xml><![endif]--></head>\n"
+       "<body lang=EN-US link=\"#0563C1\"><div class=WordSection1>\n"
+       "<p class=MsoNormal><span style='mso-ascii-font-family:\"A > B\"'>Dear\nall,<o:p></o:p></span></p>\n"
+       "<p class=MsoNormal><o:p>&nbsp;</o:p></p>\n<p class=MsoNormal>see below<o:p></o:p></p></div></body></html>",
+       "Dear all,\n \nsee below"},
+      {"a list whose signs are shown to some programs only",
+       "<p class=MsoListParagraph style='text-indent:-18pt'><![if "
+       "!supportLists]><span>1.<span>&nbsp;&nbsp;</span></span>"
+       "<![endif]>first<o:p></o:p></p>",
+       "1.  first"},
+      {"text for all programs but one", "<!--[if !mso]><!-->shown<!--<![endif]--> <!--[if mso]>hidden<![endif]-->",
+       "shown"},
+      {"a condition whose begin was lost", "a<![endif]-->b", "ab"},
+      {"a namespace among the text", "<?xml:namespace prefix = o ns = \"urn:x\" />text<o:p/>", "text"},
+      {"data for other programs", "<xml><w:View>Normal</w:View></xml><body>text", "text"},
+      {"nested font tags",
+       "<FONT size=2><FONT face=\"Arial\"><FONT color=#000080>a</FONT> <B>b</FONT></B></FONT>c", "a bc"},
+      {"a table within a table",
+       "<table><tbody><tr><td><table><tr><td>a</td><td>b</td></tr></table></td><td>c</td></tr></tbody></table>",
+       "a\tb\tc"},
+  };
+  for (const auto& each : cases) EXPECT_EQ(htmlToPlainText(each.html), each.text) << each.what;
+  EXPECT_EQ(htmlToPlainText("a&nbsp;b&#160;c", NoBreakSpaceEntity::leftOut), "ab c");
 }
 
 TEST(HtmlText, GoesOnBehindAZeroByte) {
@@ -62,7 +105,10 @@ TEST(HtmlText, StaysLinearForMarkupThatIsMeantToHurt) {
   EXPECT_EQ(htmlToPlainText(repeated("<div>", 200'000) + "x"), "x");
   EXPECT_EQ(htmlToPlainText(attributes + ">x</a>y"), "xy");
   EXPECT_EQ(htmlToPlainText(attributes + " b='<p> c>x</a>y"), "c>xy")
-      << "the tag ends at the next sign that may end it";
+      << "a value that is not closed ends with its tag";
+  EXPECT_EQ(htmlToPlainText(repeated("<font size=2>", 100'000) + "x" + repeated("</font>", 100'000)), "x");
+  EXPECT_EQ(htmlToPlainText(repeated("<a b=\"'>", 300'001)), "");
+  EXPECT_EQ(htmlToPlainText(repeated("<script>", 200'000) + "</script>x"), "x");
   EXPECT_EQ(htmlToPlainText("<img src=\"" + repeated("QUJD", 3'000'000) + "\">x"), "x");
   EXPECT_EQ(htmlToPlainText("<!--" + repeated("<!--", 1'000'000) + "-->x"), "x");
   EXPECT_EQ(htmlToPlainText(repeated("a", 11'000'000)).size(), 11'000'000U);

@@ -6,6 +6,7 @@
 
 #include "bundle/PluginLoad.h"
 #include "platform/apple/ApplePlatform.h"
+#include "platform/apple/LiveObjects.h"
 
 namespace vorn {
 
@@ -19,6 +20,19 @@ void loadIntoObjectiveCHost(const std::string& resources) {
     unloadPlugin();
   }
   [pool drain];
+}
+
+int answerInObjectiveCHost(const char* question, const Value* parameters, Value* answer) {
+  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  Value met = Value::dictionary();
+  for (const auto& [key, entry] : parameters ? parameters->entries() : Value::Dictionary()) {
+    const id object = reinterpret_cast<id>(entry.object().address());
+    // Only objects that this system has met are alive to it.
+    met.set(key, object ? Value(LiveObjects::instance().reference(object, LiveObjects::Holding::never)) : entry);
+  }
+  const int result = answerQuestion(question, &met, answer);
+  [pool drain];
+  return result;
 }
 
 }  // namespace vorn

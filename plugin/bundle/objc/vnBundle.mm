@@ -26,6 +26,13 @@ std::string resourcesFolder() {
 
 }  // namespace
 
+// The symbol by which tools that support users ask, as in the bundle for other hosts.
+extern "C" [[gnu::visibility("default")]] int vOutlookPluginAnswer(const char* question,
+                                                                   const vorn::Value* parameters,
+                                                                   vorn::Value* answer) {
+  return vorn::answerInObjectiveCHost(question, parameters, answer);
+}
+
 @implementation vnBundle
 + (void)load {
   vorn::loadIntoObjectiveCHost(resourcesFolder());

@@ -15,6 +15,11 @@ class NoMeetingOwners final : public MeetingOwners {
                                        bool) override {
     return {};
   }
+  OptionalText getMailBodyWithVornContentFor1520(const HostObject&, const OptionalText&, const OptionalText&,
+                                                 bool) override {
+    return {};
+  }
+  OptionalText mailBodyWithPACText(const OptionalText&, const OptionalText&, bool) override { return {}; }
   void noteNewBody(const OptionalText&) override {}
   OptionalText uuidInCalendarText(const OptionalText&) override { return {}; }
   OptionalText meetingNumberInCalendarText(const OptionalText&) override { return {}; }

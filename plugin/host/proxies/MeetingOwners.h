@@ -21,15 +21,16 @@ class MeetingOwners {
   virtual bool isOpenFromVornClient(const HostObject& editor) = 0;
   // The host's body editor of the editor's window; absent when none is known.
   virtual HostObject wordMailEditorForEditor(const HostObject& editor) = 0;
-  // The source body with the invitation in it, or without it when the invitation is empty; absent when the
-  // editor has no manager.
+  // The source body with the invitation in it, or without it when the invitation is empty. An editor without a
+  // manager gets it at the end.
   virtual OptionalText mailBodyWithVornContent(const HostObject& editor, const OptionalText& sourceBody,
                                                const OptionalText& invitation, bool isHTML) = 0;
-  // The source body with the text of a personal audio conference at its end; absent while nobody above makes one.
-  virtual OptionalText mailBodyWithPACText(const OptionalText& /*sourceBody*/, const OptionalText& /*text*/,
-                                           bool /*isHTML*/) {
-    return {};
-  }
+  // The same by the editor's manager, as the host's newer compose view has it; absent when there is none.
+  virtual OptionalText getMailBodyWithVornContentFor1520(const HostObject& editor, const OptionalText& sourceBody,
+                                                         const OptionalText& vnEmailBody, bool isHTMLBody) = 0;
+  // The source body with the text of a personal audio conference at its end; absent without a source.
+  virtual OptionalText mailBodyWithPACText(const OptionalText& sourceBody, const OptionalText& text,
+                                           bool isHTML) = 0;
   // Notes the body that the next store has to write.
   virtual void noteNewBody(const OptionalText& body) = 0;
   // Reading an appointment's iCalendar text: its UUID, and the meeting number in its description.

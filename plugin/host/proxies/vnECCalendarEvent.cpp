@@ -1,6 +1,7 @@
 #include "host/proxies/vnECCalendarEvent.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "host/proxies/MeetingOwners.h"
@@ -16,15 +17,16 @@ namespace {
 constexpr std::string_view kChangedItemPrefix = "content.";
 constexpr double kSecondsPerMinute = 60.0;
 
-// The whole minutes of a length in seconds, cut toward zero, as the host's 32-bit number.
-std::int64_t wholeMinutes(double seconds) {
+}  // namespace
+
+std::string durationText(double seconds) {
   const double minutes = seconds / kSecondsPerMinute;
+  if (std::isnan(minutes)) return "0";
+  // The host counts in 32 bits.
   constexpr double least = std::numeric_limits<std::int32_t>::min();
   constexpr double most = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int64_t>(std::clamp(minutes, least, most));
+  return std::to_string(static_cast<std::int64_t>(std::clamp(minutes, least, most)));
 }
-
-}  // namespace
 
 vnECCalendarEvent::vnECCalendarEvent(const HostObject& delegate) : vnDelegateBase("ECCalendarEvent", delegate) {
   if (const HostObject held = account()) m_ecEmailAccount.emplace(held);
@@ -78,8 +80,7 @@ Value vnECCalendarEvent::getVnAttendeesData() const {
 
 std::string vnECCalendarEvent::getVnDuration() const {
   const vnOLCalendarDate end(getOneMergedItem("endTime").object());
-  const double seconds = end.timeIntervalSinceDate(getOneMergedItem("startTime").object());
-  return std::to_string(wholeMinutes(seconds));
+  return durationText(end.timeIntervalSinceDate(getOneMergedItem("startTime").object()));
 }
 
 bool vnECCalendarEvent::isValidHostAppointment() const { return isOwner() && account(); }

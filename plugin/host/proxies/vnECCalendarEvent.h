@@ -111,4 +111,7 @@ class vnECCalendarEvent : public vnDelegateBase {
   std::optional<vnECRecordUID> m_ecRecordUID;
 };
 
+// A length in seconds as an appointment's plain form holds it: whole minutes, cut toward zero, as decimal text.
+std::string durationText(double seconds);
+
 }  // namespace vorn

@@ -9,6 +9,18 @@
 
 namespace vorn {
 
+namespace {
+
+OptionalText htmlOf(const HostObject& document) {
+  return askHost(askHost(document, "documentElement").object(), "outerHTML").optionalText();
+}
+
+void showInDocument(const HostObject& document, const OptionalText& html) {
+  askHost(askHost(document, "body").object(), "setInnerHTML:", {html.value_or("")});
+}
+
+}  // namespace
+
 std::optional<vnOLWordMailEditor> vnERCalendarEventEditorViewController::olWordMailEditor() const {
   const HostObject editor = meetingOwners().wordMailEditorForEditor(delegate());
   if (!editor) return {};
@@ -72,34 +84,31 @@ void vnERCalendarEventEditorViewController::updateEmailBody(const Value& content
   displayEmailContent(content, true);
 }
 
+// An absent result is shown as an empty body by both kinds of view.
 void vnERCalendarEventEditorViewController::updateEmailBodyWithVornContent(const OptionalText& invitation,
                                                                            bool isHTML) {
   MeetingOwners& owners = meetingOwners();
   if (const HostObject document = composeDocument()) {
-    const Value source = askHost(askHost(document, "documentElement").object(), "outerHTML");
-    const OptionalText changed =
-        owners.mailBodyWithVornContent(delegate(), source.optionalText(), invitation, isHTML);
-    if (changed) askHost(askHost(document, "body").object(), "setInnerHTML:", {*changed});
+    showInDocument(document, owners.mailBodyWithVornContent(delegate(), htmlOf(document), invitation, isHTML));
     return;
   }
-  displayEmailContent(
-      owners.mailBodyWithVornContent(delegate(), bodyContent().optionalText(), invitation, isHTML).value_or(""),
-      isHTML);
+  const OptionalText changed =
+      owners.getMailBodyWithVornContentFor1520(delegate(), bodyContent().optionalText(), invitation, isHTML);
+  displayEmailContent(changed.value_or(""), isHTML);
 }
 
 void vnERCalendarEventEditorViewController::updateEmailBodyForPAC(const OptionalText& invitation, bool isHTML) {
   MeetingOwners& owners = meetingOwners();
   if (const HostObject document = composeDocument()) {
     if (!invitation || invitation->empty()) return;
-    const Value source = askHost(askHost(document, "documentElement").object(), "outerHTML");
-    const OptionalText changed = owners.mailBodyWithPACText(source.optionalText(), invitation, isHTML);
-    if (changed) askHost(askHost(document, "body").object(), "setInnerHTML:", {*changed});
+    showInDocument(document, owners.mailBodyWithPACText(htmlOf(document), invitation, isHTML));
     return;
   }
   const OptionalText changed = owners.mailBodyWithPACText(bodyContent().optionalText(), invitation, isHTML);
-  if (changed) displayEmailContent(*changed, isHTML);
+  displayEmailContent(changed.value_or(""), isHTML);
 }
 
+// The web document of the host's older compose view; the newer one has none.
 HostObject vnERCalendarEventEditorViewController::composeDocument() const {
   const HostObject compose = firstSubviewOfKind(view(), "ComposeView");
   return askHost(askHost(compose, "mainFrame").object(), "DOMDocument").object();

@@ -1,0 +1,86 @@
+#include "lab/shell/BodyCommand.h"
+
+#include <cstdio>
+
+#include "lab/outlook/CalendarStore.h"
+#include "lab/shell/LabError.h"
+#include "lab/shell/Session.h"
+#include "util/AtomicFile.h"
+#include "util/Utf16.h"
+#include "util/vStringUtils.h"
+
+namespace vornlab {
+
+using vorn::Value;
+
+namespace {
+
+std::string contentOf(const std::filesystem::path& file) {
+  std::optional<std::string> content = vorn::readFile(file.string());
+  if (!content) throw UsageError(file.string() + ": no file that can be read");
+  return std::move(*content);
+}
+
+// A body may hold bytes that JSON cannot.
+std::string asUtf8(std::string_view text) {
+  std::string valid;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t length = vorn::utf8SequenceLength(text, at);
+    const bool isStray = length == 1 && static_cast<unsigned char>(text[at]) >= 0x80;
+    valid += isStray ? "\xEF\xBF\xBD" : text.substr(at, length);
+    at += length;
+  }
+  return valid;
+}
+
+Value parametersOf(const BodyOptions& options, const std::string& body) {
+  Value parameters = Value::dictionaryFromPairs({{"operation", options.operation},
+                                                 {"body", body},
+                                                 {"isHTML", !options.invitationIsPlain},
+                                                 {"atTop", options.atTop},
+                                                 {"existingMeeting", options.existingMeeting}});
+  if (!options.invitation.empty()) parameters.set("invitation", contentOf(options.invitation));
+  return parameters;
+}
+
+void printAsJson(const BodyOptions& options, const std::string& body, const Value& answer) {
+  const Value& result = answer["result"];
+  const auto size = [](const std::string& text) { return static_cast<std::int64_t>(text.size()); };
+  const Value object =
+      Value::dictionaryFromPairs({{"operation", options.operation},
+                                  {"changed", result.isText() && result.text() != body},
+                                  {"bytesBefore", size(body)},
+                                  {"bytesAfter", result.isText() ? Value(size(result.text())) : Value(nullptr)},
+                                  {"bookmarks", answer["bookmarks"]},
+                                  {"reason", answer["reason"]},
+                                  {"text", result.isText() ? Value(asUtf8(result.text())) : Value(nullptr)}});
+  std::printf("%s\n", vorn::vStringUtils::toJSONString(object).value_or("{}").c_str());
+}
+
+}  // namespace
+
+ExitCode changeBody(const BodyOptions& options) {
+  const std::string body = contentOf(options.body);
+  const Value parameters = parametersOf(options, body);
+  CalendarStore nothing;
+  Session session(options.lab, nothing, {});
+  const Value answer = session.ask("body", parameters);
+  const Value& result = answer["result"];
+  const bool isJson = options.form == ReportForm::json;
+  if (result.isText() && !options.output.empty() && !vorn::replaceFile(options.output.string(), result.text())) {
+    throw UsageError(options.output.string() + ": cannot be written");
+  }
+  if (isJson) {
+    printAsJson(options, body, answer);
+  } else if (!result.isText()) {
+    std::fprintf(stderr, "vornlab: %s: %s\n", options.body.string().c_str(), answer["reason"].text().c_str());
+  } else if (options.output.empty()) {
+    std::fwrite(result.text().data(), 1, result.text().size(), stdout);
+  } else {
+    std::printf("%s: %zu bytes became %zu; bookmarks: %s\n", options.operation.c_str(), body.size(),
+                result.text().size(), answer["bookmarks"].text().c_str());
+  }
+  return result.isText() ? ExitCode::done : ExitCode::somethingFailed;
+}
+
+}  // namespace vornlab

@@ -1,0 +1,81 @@
+// What one operation on an appointment's body makes of a text that somebody has reported.
+
+#include "bundle/Diagnosis.h"
+#include "invitation/vnBodyHelper.h"
+
+namespace vorn {
+
+namespace {
+
+// A manager that says what the question says.
+class AssumedOwner final : public InvitationOwner {
+ public:
+  explicit AssumedOwner(const Value& parameters)
+      : isUpdate_(parameters["existingMeeting"].boolValue()), isAtTop_(parameters["atTop"].boolValue()) {}
+
+  bool isUpdateVornMeetingEvent() override { return isUpdate_; }
+  bool putInvitationAtTheTop() override { return isAtTop_; }
+  OptionalText encodeMailBody() override { return std::nullopt; }
+
+ private:
+  bool isUpdate_;
+  bool isAtTop_;
+};
+
+std::string_view nameOf(BookmarkForm form) {
+  switch (form) {
+    case BookmarkForm::placeholder: return "placeholder";
+    case BookmarkForm::quoted: return "quoted";
+    case BookmarkForm::unquoted: return "unquoted";
+    case BookmarkForm::none: break;
+  }
+  return "none";
+}
+
+bool holdsAnyBookmark(std::string_view body) {
+  for (const std::string_view bookmark :
+       {kvn_BeginBookmark, kvn_EndBookmark, kvn_BeginBookmarkEx, kvn_EndBookmarkEx}) {
+    if (body.find(bookmark) != std::string_view::npos) return true;
+  }
+  return false;
+}
+
+OptionalText resultOf(std::string_view operation, const OptionalText& body, const Value& parameters) {
+  const vnBodyHelper& helper = vnBodyHelper::sharedInstance();
+  const OptionalText invitation = parameters["invitation"].optionalText();
+  const bool isHTML = parameters["isHTML"].boolValue();
+  AssumedOwner owner(parameters);
+  if (operation == "remove") return helper.removeVnBodyForDelete(body);
+  if (operation == "text") return helper.convertHTMLToPlainText(body);
+  if (!invitation || invitation->empty()) return std::nullopt;
+  if (operation == "update") return helper.updateVnBodyWithSrcBody(body, invitation, isHTML, &owner);
+  return helper.newVnBodyToEnd(body, helper.insertVnBodyBookMark(invitation, isHTML),
+                               owner.putInvitationAtTheTop());
+}
+
+// Why an operation has given nothing.
+std::string_view reasonOf(std::string_view operation, std::string_view body, const Value& parameters) {
+  if (operation == "text") return "the body is empty";
+  if (operation == "remove") {
+    return holdsAnyBookmark(body) ? "of the two bookmarks one was not found" : "no bookmarks were found";
+  }
+  if (parameters["invitation"].text().empty()) return "the invitation is empty";
+  return "the address at the invitation's end has taken the end bookmark into its link";
+}
+
+}  // namespace
+
+Value Diagnosis::body(const Value& parameters) {
+  const std::string& operation = parameters["operation"].text();
+  const OptionalText body = parameters["body"].text();
+  const OptionalText result = resultOf(operation, body, parameters);
+  const BookmarkForm form = vnBodyHelper::bookmarkForm(*body);
+  // A removal makes do with an end whose begin was lost.
+  const bool isEndAlone = operation == "remove" && form == BookmarkForm::none && result;
+  return Value::dictionaryFromPairs(
+      {{"result", result ? Value(*result) : Value(nullptr)},
+       {"bookmarks", std::string(isEndAlone ? "unquoted end" : nameOf(form))},
+       {"reason", std::string(result ? "" : reasonOf(operation, *body, parameters))}});
+}
+
+}  // namespace vorn

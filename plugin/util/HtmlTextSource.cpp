@@ -1,0 +1,168 @@
+#include "util/HtmlTextSource.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "util/Utf16.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr std::size_t kNotFound = std::string_view::npos;
+constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
+constexpr std::string_view kNoBreakSpaceEntity = "&nbsp;";
+constexpr std::string_view kCommentEnd = "-->";
+// What these enclose is not for readers, and is no markup either.
+constexpr std::array<std::string_view, 4> kRawElements{"script", "style", "title", "xml"};
+
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool isInName(char c) { return isLetter(c) || (c >= '0' && c <= '9') || c == ':' || c == '-' || c == '_'; }
+
+bool startsWithIgnoringCase(std::string_view text, std::string_view lowerCase) {
+  return text.size() >= lowerCase.size() &&
+         std::equal(lowerCase.begin(), lowerCase.end(), text.begin(),
+                    [](char lower, char c) { return c == lower || c == lower - 'a' + 'A'; });
+}
+
+bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f'; }
+
+// The length of the tag's opening and its name: "<b" or "</b"; 0 when this is no tag.
+std::size_t tagNameLength(std::string_view html) {
+  const std::size_t name = html.starts_with("</") ? 2 : 1;
+  if (html.size() <= name || !isLetter(html[name])) return 0;
+  const auto* end = std::find_if_not(html.begin() + name, html.end(), isInName);
+  return static_cast<std::size_t>(end - html.begin());
+}
+
+std::size_t behindLast(std::string_view html, char c) {
+  const std::size_t last = html.rfind(c);
+  return last == kNotFound ? html.size() : html.size() - last - 1;
+}
+
+}  // namespace
+
+HtmlTextSource::HtmlTextSource(std::string_view html, NoBreakSpaceEntity entity)
+    : html_(html),
+      entity_(entity),
+      behindLastAngle_(behindLast(html, '>')),
+      behindLastQuote_(behindLast(html, '"')),
+      behindLastApostrophe_(behindLast(html, '\'')) {}
+
+std::size_t HtmlTextSource::read(char* buffer, std::size_t size) {
+  std::size_t filled = 0;
+  while (filled < size) {
+    if (piece_.empty() && tagEnd_.empty() && html_.empty()) break;
+    if (piece_.empty()) piece_ = next();
+    const std::size_t length = std::min(piece_.size(), size - filled);
+    std::copy_n(piece_.begin(), length, buffer + filled);
+    piece_.remove_prefix(length);
+    filled += length;
+  }
+  return filled;
+}
+
+std::string_view HtmlTextSource::next() {
+  if (!tagEnd_.empty()) return std::exchange(tagEnd_, {});
+  if (html_.front() == '<') return markup();
+  if (html_.front() == '&' && entity_ == NoBreakSpaceEntity::leftOut && html_.starts_with(kNoBreakSpaceEntity)) {
+    html_.remove_prefix(kNoBreakSpaceEntity.size());
+    return {};
+  }
+  return text();
+}
+
+// Text up to what has to be looked at: a tag, an entity, or a byte that is no text.
+std::string_view HtmlTextSource::text() {
+  std::size_t end = 0;
+  while (end < html_.size()) {
+    const char c = html_[end];
+    if (c == '<' || (c == '&' && end > 0) || c == '\0') break;
+    const std::size_t length = static_cast<unsigned char>(c) < 0x80 ? 1 : utf8SequenceLength(html_, end);
+    if (length == 1 && static_cast<unsigned char>(c) >= 0x80) break;
+    end += length;
+  }
+  if (end == 0) {
+    // The parser takes a zero byte for the end, and guesses at another encoding when it meets a stray one.
+    html_.remove_prefix(1);
+    return kReplacementCharacter;
+  }
+  const std::string_view found = html_.substr(0, end);
+  html_.remove_prefix(end);
+  return found;
+}
+
+std::string_view HtmlTextSource::markup() {
+  if (html_.starts_with("<!--")) {
+    skipComment();
+    return {};
+  }
+  if (html_.size() > behindLastAngle_) {
+    if (tagNameLength(html_) > 0) return tag();
+    // A declaration, a processing instruction, or a comment of another kind: "<![if !mso]>", "<![endif]>".
+    if (html_.size() > 1 && (html_[1] == '!' || html_[1] == '?' || html_[1] == '/')) {
+      skipBehind(">");
+      return {};
+    }
+  }
+  html_.remove_prefix(1);
+  return "&lt;";
+}
+
+// Of a tag its name and its end.
+std::string_view HtmlTextSource::tag() {
+  const std::string_view name = html_.substr(0, tagNameLength(html_));
+  html_.remove_prefix(name.size());
+  const bool isClosedAtOnce = skipAttributes() == '/';
+  if (!isClosedAtOnce) {
+    for (const std::string_view element : kRawElements) {
+      if (name.size() == element.size() + 1 && startsWithIgnoringCase(name.substr(1), element)) {
+        skipContentOf(element);
+        return {};
+      }
+    }
+  }
+  tagEnd_ = isClosedAtOnce ? "/>" : ">";
+  return name;
+}
+
+// "<!-->" is a whole comment: it opens what one of two programs is to see.
+void HtmlTextSource::skipComment() {
+  html_.remove_prefix(std::string_view("<!").size());
+  skipBehind(kCommentEnd);
+}
+
+void HtmlTextSource::skipContentOf(std::string_view element) {
+  for (;;) {
+    skipBehind("</");
+    if (html_.empty()) return;
+    if (startsWithIgnoringCase(html_, element)) return skipBehind(">");
+  }
+}
+
+// Goes behind the tag and gives the last character of its inside. A quote begins a value only behind "=", and only
+// when it is closed somewhere: a sign of inches or a forgotten quote does not take the text with it.
+char HtmlTextSource::skipAttributes() {
+  char last = 0;
+  while (!html_.empty()) {
+    const char c = html_.front();
+    html_.remove_prefix(1);
+    if (c == '>') break;
+    if ((c == '"' || c == '\'') && last == '=' && hasClosing(c)) html_.remove_prefix(html_.find(c) + 1);
+    if (!isBlank(c)) last = c;
+  }
+  return last;
+}
+
+void HtmlTextSource::skipBehind(std::string_view wanted) {
+  const std::size_t found = html_.find(wanted);
+  html_.remove_prefix(found == kNotFound ? html_.size() : found + wanted.size());
+}
+
+bool HtmlTextSource::hasClosing(char quote) const {
+  return html_.size() > (quote == '"' ? behindLastQuote_ : behindLastApostrophe_);
+}
+
+}  // namespace vorn
