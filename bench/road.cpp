@@ -1,11 +1,18 @@
-// A whole road in one process on the virtual clock: an editor opens, Add is clicked, the appointment is saved, and
-// its meeting stands in the calendar. Beside it stand its two floors: the host's own open and save of the same
-// appointment with nothing to do for the plug-in, and the client's share of the same requests.
+// Roads in one process on the virtual clock.
+//
+// The whole road: an editor opens, Add is clicked, the appointment is saved, and its meeting stands in the
+// calendar. Beside it stand its two floors: the host's own open and save of the same appointment with nothing to
+// do for the plug-in, and the client's share of the same requests.
+//
+// A save alone: a meeting that stands already is renamed and saved, which is told to the service, fetched anew and
+// written back. Each round measures the host and the client by themselves as well, so that the rest is the
+// plug-in's own share.
 
 #include <benchmark/benchmark.h>
 
 #include <atomic>
 #include <cstdlib>
+#include <ctime>
 #include <new>
 
 #include "tests/road/world/RoadWorld.h"
@@ -79,6 +86,85 @@ void BM_FloorClientAlone(benchmark::State& state) {
   state.counters["requests"] = static_cast<double>(requests.size());
 }
 BENCHMARK(BM_FloorClientAlone)->Unit(benchmark::kMicrosecond);
+
+// The processor's time, since the parts of a round are subtracted from one another and a busy machine would show.
+template <typename Work>
+double secondsOf(const Work& work) {
+  const std::clock_t begin = std::clock();
+  work();
+  return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+}
+
+// The calendar with the appointment as it is once its meeting stands.
+std::string withMeeting(RoadWorld& world) {
+  const auto editor = world.openEditor("one");
+  world.clickAdd(editor);
+  world.saveAndClose(editor);
+  return world.calendarText();
+}
+
+std::string withoutLinks(std::string text) {
+  for (const char* mark : {"https://", "Meeting ID:"}) {
+    for (std::size_t at = 0; (at = text.find(mark, at)) != std::string::npos; ++at) text[at] = 'x';
+  }
+  return text;
+}
+
+// The same appointment with texts of the same length, in which nobody sees a meeting: what the host has to do with
+// it by itself.
+std::string asAnybodysAppointment(const std::string& calendar) {
+  vornlab::CalendarStore store;
+  vornlab::IcsProblem problem;
+  store.loadText(calendar, problem);
+  vornlab::CalendarEvent event = store.eventAt(0);
+  event.setOlmUCInband("");
+  event.setLocation(withoutLinks(event.location().value_or("")));
+  event.setDescription(withoutLinks(event.description().value_or("")),
+                       withoutLinks(event.htmlDescription().value_or("")));
+  return store.text();
+}
+
+double renameAndSave(RoadWorld& world, const std::string& calendar, const std::string& subject) {
+  vornlab::IcsProblem problem;
+  world.store.loadText(calendar, problem);
+  const auto editor = world.openEditor("one");
+  world.host.typeSubject(editor, subject);
+  world.client->forgetRequests();
+  return secondsOf([&] { world.saveAndClose(editor); });
+}
+
+void BM_SaveOfAMeeting(benchmark::State& state) {
+  RoadWorld world(appointment());
+  const std::string meeting = withMeeting(world);
+  const std::string plain = asAnybodysAppointment(meeting);
+  double whole = 0;
+  double host = 0;
+  double client = 0;
+  double requests = 0;
+  int round = 0;
+  for ([[maybe_unused]] auto _ : state) {
+    const std::string subject = "Renamed " + std::to_string(++round);
+    const double save = renameAndSave(world, meeting, subject);
+    const std::vector<vornlab::Envelope> sent = world.client->requests();
+    client += secondsOf([&] {
+      for (const vornlab::Envelope& request : sent) benchmark::DoNotOptimize(world.service.handle(request));
+    });
+    host += renameAndSave(world, plain, subject);
+    if (sent.size() != 3 || !world.client->requests().empty()) state.SkipWithError("the service was not told");
+    requests += static_cast<double>(sent.size());
+    whole += save;
+    state.SetIterationTime(save);
+  }
+  const auto microseconds = [](double seconds) {
+    return benchmark::Counter(seconds * 1e6, benchmark::Counter::kAvgIterations);
+  };
+  state.counters["host_us"] = microseconds(host);
+  state.counters["client_us"] = microseconds(client);
+  state.counters["ours_us"] = microseconds(whole - host - client);
+  state.counters["ours_part"] = (whole - host - client) / whole;
+  state.counters["requests"] = benchmark::Counter(requests, benchmark::Counter::kAvgIterations);
+}
+BENCHMARK(BM_SaveOfAMeeting)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace vorn

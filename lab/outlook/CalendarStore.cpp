@@ -1,5 +1,7 @@
 #include "lab/outlook/CalendarStore.h"
 
+#include <algorithm>
+
 #include "util/AtomicFile.h"
 
 namespace vornlab {
@@ -41,7 +43,8 @@ void CalendarStore::indexEvents() {
     if (document_.componentName(parent) != "VCALENDAR") continue;
     const std::size_t index = eventComponents_.size();
     eventComponents_.push_back(component);
-    if (const auto uid = document_.property(component, "UID")) byUid_[uid->value].push_back(index);
+    const CalendarEvent event = eventAt(index);
+    if (document_.property(component, "UID")) byUid_[event.uid()][event.recurrenceId()].push_back(index);
   }
 }
 
@@ -54,23 +57,28 @@ std::vector<CalendarEvent> CalendarStore::events() {
 }
 
 std::optional<CalendarEvent> CalendarStore::find(std::string_view uid, std::string_view recurrenceId) {
-  const auto found = byUid_.find(uid);
-  if (found == byUid_.end()) return {};
+  const auto items = byUid_.find(uid);
+  if (items == byUid_.end()) return {};
+  const auto found = items->second.find(recurrenceId);
+  if (found == items->second.end()) return {};
   for (const std::size_t index : found->second) {
-    const CalendarEvent event = eventAt(index);
-    if (!event.isRemoved() && event.recurrenceId() == recurrenceId) return event;
+    if (!eventAt(index).isRemoved()) return eventAt(index);
   }
   return {};
 }
 
 std::vector<CalendarEvent> CalendarStore::exceptionsOf(std::string_view uid) {
   std::vector<CalendarEvent> result;
-  const auto found = byUid_.find(uid);
-  if (found == byUid_.end()) return result;
-  for (const std::size_t index : found->second) {
-    const CalendarEvent event = eventAt(index);
-    if (!event.isRemoved() && event.isException()) result.push_back(event);
+  const auto items = byUid_.find(uid);
+  if (items == byUid_.end()) return result;
+  for (const auto& [recurrenceId, indexes] : items->second) {
+    if (recurrenceId.empty()) continue;
+    for (const std::size_t index : indexes) {
+      if (!eventAt(index).isRemoved()) result.push_back(eventAt(index));
+    }
   }
+  std::sort(result.begin(), result.end(),
+            [](const CalendarEvent& a, const CalendarEvent& b) { return a.index() < b.index(); });
   return result;
 }
 

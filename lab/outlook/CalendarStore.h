@@ -156,7 +156,9 @@ class CalendarStore {
   IcsDocument document_;
   bool changed_ = false;
   std::vector<std::size_t> eventComponents_;
-  std::map<std::string, std::vector<std::size_t>, std::less<>> byUid_;
+  // By UID, and below it by RECURRENCE-ID: a series may have thousands of exceptions, and each looks for its
+  // master.
+  std::map<std::string, std::map<std::string, std::vector<std::size_t>, std::less<>>, std::less<>> byUid_;
   std::map<std::size_t, std::unique_ptr<CalendarZones>> zones_;
 };
 

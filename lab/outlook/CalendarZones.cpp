@@ -134,12 +134,14 @@ struct CalendarZones::Zone {
       nullptr, [](icaltimezone* zone) { icaltimezone_free(zone, 1); }};
   std::unique_ptr<icu::TimeZone> database;
 
-  std::int64_t offsetAtWallTime(icaltimetype time) const {
-    if (defined) {
-      int isDaylight = 0;
-      return icaltimezone_get_utc_offset(defined.get(), &time, &isDaylight);
-    }
-    return databaseOffset(wallSeconds(time), true);
+  // A time that the clock skips counts with the offset before the change, one that it shows twice as the earlier.
+  // Worked out here, because the two sources of zones differ in both.
+  std::int64_t offsetAtWallTime(const icaltimetype& time) const {
+    const std::int64_t wall = wallSeconds(time);
+    const std::int64_t before = offsetAtUtc(wall - kSecondsPerDay);
+    const std::int64_t after = offsetAtUtc(wall + kSecondsPerDay);
+    if (before == after || offsetAtUtc(wall - before) == before) return before;
+    return offsetAtUtc(wall - after) == after ? after : before;
   }
 
   std::int64_t offsetAtUtc(std::int64_t seconds) const {
@@ -148,16 +150,11 @@ struct CalendarZones::Zone {
       int isDaylight = 0;
       return icaltimezone_get_utc_offset_of_utc_time(defined.get(), &time, &isDaylight);
     }
-    return databaseOffset(seconds, false);
-  }
-
- private:
-  std::int64_t databaseOffset(std::int64_t seconds, bool isWallTime) const {
     if (!database) return 0;
     UErrorCode status = U_ZERO_ERROR;
     int32_t raw = 0;
     int32_t saving = 0;
-    database->getOffset(static_cast<double>(seconds) * 1000, isWallTime, raw, saving, status);
+    database->getOffset(static_cast<double>(seconds) * 1000, false, raw, saving, status);
     return U_SUCCESS(status) ? (raw + saving) / 1000 : 0;
   }
 };

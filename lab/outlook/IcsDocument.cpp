@@ -232,9 +232,15 @@ std::vector<IcsProperty> IcsDocument::properties(std::size_t component, std::str
 }
 
 std::optional<IcsProperty> IcsDocument::property(std::size_t component, std::string_view name) const {
-  std::vector<IcsProperty> all = properties(component, name);
-  if (all.empty()) return {};
-  return std::move(all.front());
+  const std::size_t line = findLine(component, name, nullptr);
+  if (line != kNone) return propertyAt(line);
+  const auto added = added_.find(lineForAdded(component));
+  if (added == added_.end()) return {};
+  for (const std::string& content : added->second) {
+    IcsProperty property = parsedProperty(content);
+    if (property.name == name) return property;
+  }
+  return {};
 }
 
 std::size_t IcsDocument::lineForAdded(std::size_t component) const {

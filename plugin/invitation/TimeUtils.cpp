@@ -1,5 +1,7 @@
 #include "invitation/TimeUtils.h"
 
+#include <limits>
+
 #include "util/DateText.h"
 
 namespace vorn {
@@ -8,6 +10,14 @@ namespace {
 
 constexpr const char* kUTC = "UTC";
 constexpr int kYearBase = 1900;
+
+// False, and nothing moved, when the year cannot be held.
+bool moveYears(std::tm& parts, int years) {
+  const std::int64_t year = std::int64_t{parts.tm_year} + years;
+  if (year < std::numeric_limits<int>::min() || year > std::numeric_limits<int>::max()) return false;
+  parts.tm_year = static_cast<int>(year);
+  return true;
+}
 
 }  // namespace
 
@@ -39,11 +49,9 @@ std::time_t TimeUtils::localToGMTWithTM(std::time_t time, const OptionalText&) {
   // The year that is put back is far outside the present, so the result depends on what the machine's zone was
   // then. Nothing repairs that: the year adjustments belong to the value that callers have always had.
   std::tm parts{};
-  if (!::localtime_r(&time, &parts)) return -1;
-  parts.tm_year -= kYearBase;
+  if (!::localtime_r(&time, &parts) || !moveYears(parts, -kYearBase)) return -1;
   const std::time_t moved = std::mktime(&parts);
-  if (!::gmtime_r(&moved, &parts)) return -1;
-  parts.tm_year += kYearBase;
+  if (!::gmtime_r(&moved, &parts) || !moveYears(parts, kYearBase)) return -1;
   return std::mktime(&parts);
 }
 

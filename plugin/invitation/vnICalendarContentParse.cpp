@@ -33,6 +33,16 @@ std::optional<std::string_view> behind(std::string_view text, std::string_view l
   return text.substr(at + label.size());
 }
 
+bool isWithinLine(char32_t character) { return !isNewline(character); }
+
+// The tag holds no new line, so its first place in the text is in the first line that has it, and nothing has to
+// be cut into lines.
+std::string_view lineBehind(std::string_view text, std::string_view tag) {
+  const std::size_t at = findIgnoringCase(text, tag);
+  if (at == kNotFound) return {};
+  return trimmed(leading(text.substr(at + tag.size()), isWithinLine), isWhitespaceOrNewline);
+}
+
 bool hasMeetingNumberLength(std::string_view digits) {
   const std::size_t length = utf16Length(digits);
   return length >= kFewestDigits && length <= kMostDigits;
@@ -60,7 +70,7 @@ bool vnICalendarContentParse::parseEvents(const OptionalText& content) {
 const std::string* vnICalendarContentParse::event() const {
   if (arrEvents.size() == 1) return &arrEvents.front();
   for (const std::string& each : arrEvents) {
-    if (getItemValue(each, std::string(tagInstanceType)) == kMasterOfSeries) return &each;
+    if (lineBehind(each, tagInstanceType) == kMasterOfSeries) return &each;
   }
   return nullptr;
 }
@@ -72,17 +82,14 @@ OptionalText vnICalendarContentParse::getEvent() const {
 
 OptionalText vnICalendarContentParse::getItemValue(const OptionalText& event, const OptionalText& itemName) const {
   if (isEmpty(event) || !itemName) return std::nullopt;
-  for (const std::string_view line : splitLines(*event)) {
-    const std::size_t at = findIgnoringCase(line, *itemName);
-    if (at == kNotFound) continue;
-    return vnOLUtils::trimAllSpaceAndNewLine(std::string(line.substr(at + itemName->size())));
-  }
-  return "";
+  const bool fitsIntoLine = leading(*itemName, isWithinLine).size() == itemName->size();
+  return fitsIntoLine ? std::string(lineBehind(*event, *itemName)) : "";
 }
 
 OptionalText vnICalendarContentParse::getEventValue(std::string_view tag) const {
   const std::string* found = event();
-  return found ? getItemValue(*found, std::string(tag)) : std::nullopt;
+  if (!found) return std::nullopt;
+  return std::string(lineBehind(*found, tag));
 }
 
 std::int64_t vnICalendarContentParse::getDTStamp() const {

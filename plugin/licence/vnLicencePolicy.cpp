@@ -2,18 +2,16 @@
 
 namespace vorn {
 
-bool vnLicencePolicy::isPaidUser(UserType userType) { return userType && *userType != kUserTypeWithoutPaidPlan; }
+bool vnLicencePolicy::isPaidUser(UserType userType) {
+  return userType && *userType != kUserTypeWithoutPaidPlan && !isNoMeetingLicenseUser(userType);
+}
 
-bool vnLicencePolicy::isNoMeetingLicenseUser(UserType) { return false; }
+bool vnLicencePolicy::isNoMeetingLicenseUser(UserType userType) {
+  return userType == kUserTypeWithoutMeetingLicence;
+}
 
 bool vnLicencePolicy::isLongerThanPlanAllows(UserType userType, std::int64_t minutes) {
   return userType == kUserTypeWithoutPaidPlan && minutes > kLongestUnpaidMeetingMinutes;
 }
-
-bool vnLicencePolicy::checkIfShowNoMeetingLicenseWindow(UserType userType) {
-  return isNoMeetingLicenseUser(userType);
-}
-
-bool vnLicencePolicy::mayScheduleMeeting(UserType, std::int64_t) { return true; }
 
 }  // namespace vorn

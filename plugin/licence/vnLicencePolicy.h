@@ -8,28 +8,24 @@ namespace vorn {
 // What an account's plan allows: the one place for plan and licence rules. It looks at plain facts and keeps no
 // state; any thread.
 //
-// The present rule of both checks on a meeting command is that nothing is refused yet: they let every account and
-// every meeting pass. The facts that they will look at are parameters already.
+// The user type of the profile decides, and nothing else: 0 is an account without a meeting licence, 1 one without
+// a paid plan, and any other type has both. A type that is not known refuses nothing here, since the service
+// decides in the end; but it does not count as paid either, so that no notice of the plan is withheld.
 class vnLicencePolicy {
  public:
   using UserType = std::optional<std::int32_t>;
 
-  // The user type of an account without a paid plan; any other type has one.
+  static constexpr std::int32_t kUserTypeWithoutMeetingLicence = 0;
   static constexpr std::int32_t kUserTypeWithoutPaidPlan = 1;
   // The longest meeting of an account without a paid plan.
   static constexpr std::int64_t kLongestUnpaidMeetingMinutes = 40;
 
-  // True for a known type other than the one without a plan; an unknown type counts as not paid.
   static bool isPaidUser(UserType userType);
-  // Whether the account may hold no meetings at all. No account is known to be so: false.
+  // Whether the account may hold no meetings at all: every meeting command then ends with a notice.
   static bool isNoMeetingLicenseUser(UserType userType);
-  // Whether a meeting is longer than the account's plan allows. A statement for notices, which refuses nothing.
+  // Whether a meeting is longer than the account's plan allows: a save then waits for the user's word. An account
+  // without a licence has no plan to exceed.
   static bool isLongerThanPlanAllows(UserType userType, std::int64_t minutes);
-
-  // Whether a meeting command must end with the notice of a missing licence. False: nothing is refused yet.
-  static bool checkIfShowNoMeetingLicenseWindow(UserType userType);
-  // Whether the plan lets a meeting of that length be scheduled. True: nothing is refused yet.
-  static bool mayScheduleMeeting(UserType userType, std::int64_t minutes);
 };
 
 }  // namespace vorn

@@ -22,8 +22,8 @@ class SettingsPanel {
   virtual void setScheduleForListInfo(bool arrived) = 0;
 };
 
-// The open settings windows, by window id. There is none until the settings room stands: a click then stops where
-// it would open the panel.
+// The open settings windows, by window id, and what else the workflow asks of the settings room. There is none
+// until that room stands: a click then stops where it would open the panel.
 class SettingsPanels {
  public:
   virtual ~SettingsPanels() = default;
@@ -33,6 +33,11 @@ class SettingsPanels {
   // Null when no window is open for the id.
   virtual SettingsPanel* getSchSettingWindowInArray(const OptionalText& windowId) = 0;
   virtual void refreshSettingWindow(const std::string& windowId, bool forPMI) = 0;
+
+  // Remembers the addresses that a commit went out with, to be offered the next time somebody types one.
+  virtual void addToInputAlternateHostHistory(const Value& alternateHosts) = 0;
+  // Keeps the switch for not showing the account limitation again; a hidden one is not kept.
+  virtual void saveShowMessageAgainToUserProfile() = 0;
 };
 
 // The settings windows in force; null without a panel. The caller keeps what it hands over alive until the

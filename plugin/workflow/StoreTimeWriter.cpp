@@ -2,16 +2,20 @@
 
 #include "host/proxies/vnApptInfoKeys.h"
 #include "invitation/vnBodyHelper.h"
+#include "util/TextSearch.h"
 #include "util/vnOLUtils.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnMeetingMgrMonitor.h"
+#include "workflow/vnPACMeetingMgr.h"
 
 namespace vorn {
 
 void StoreTimeWriter::write() {
   if (vnCalendarActionMgr::sharedInstance().isCurVornMeeting(rawRecord_)) {
     updateVnKeyInfoToAppointment();
+  } else if (vnApptDataForSaveRecord::sharedInstance().isPACMeeting()) {
+    updateVnKeyInfoToAppointmentForPAC();
   } else {
     cleanVnKeyInfoFromAppointment();
   }
@@ -32,12 +36,25 @@ void StoreTimeWriter::updateVnKeyInfoToAppointment() {
 
   const OptionalText& newBody = save.getOLNewBody();
   const Value body = record_.body();
-  if (!body.isText() || !newBody) return;
+  // The same text is mostly there already, and then nothing has to be made out about it.
+  if (!body.isText() || !newBody || body.text() == *newBody) return;
   vnBodyHelper& bodies = vnBodyHelper::sharedInstance();
   if (bodies.convertHTMLToPlainText(newBody).value_or("").empty()) return;
   if (bodies.isEqualHTMLBodyContent(body.optionalText(), newBody)) return;
   record_.setIsBodyHTML(true);
   record_.setBody(*newBody);
+}
+
+void StoreTimeWriter::updateVnKeyInfoToAppointmentForPAC() {
+  const OptionalText location = record_.location();
+  vnPACMeetingMgr conference;
+  conference.setMeetingMgr(vnMeetingMgrMonitor::getMeetingMgrByECCalendarEvent(rawRecord_).get());
+  const OptionalText newLocation = conference.getNewLocationForPAC(location);
+  if (newLocation && newLocation != location) record_.setLocation(*newLocation);
+
+  const OptionalText& newBody = vnApptDataForSaveRecord::sharedInstance().getOLNewBody();
+  const Value body = record_.body();
+  if (body.isText() && newBody && body.text() != *newBody) record_.setBody(*newBody);
 }
 
 void StoreTimeWriter::cleanVnKeyInfoFromAppointment() {
@@ -54,7 +71,7 @@ bool StoreTimeWriter::needUpdateLocation() {
   const OptionalText& ours = save.getVnLocation();
   const std::string planned = save.getOLNewLocation().value_or("");
   if (!ours || planned.empty() || *location == planned) return false;
-  if (location->find(*ours) == std::string::npos) return true;
+  if (findText(*location, *ours) == std::string::npos) return true;
   const OptionalText& stored = save.getJoinURLFromProperty();
   return stored && *stored != *ours;
 }

@@ -14,6 +14,8 @@ class StoreTimeWriter {
 
   // Location, subject and body of an appointment with a meeting.
   void updateVnKeyInfoToAppointment();
+  // Location and body of an appointment with a personal audio conference.
+  void updateVnKeyInfoToAppointmentForPAC();
   // Location and body of an appointment that has just lost its meeting.
   void cleanVnKeyInfoFromAppointment();
   bool needUpdateLocation();

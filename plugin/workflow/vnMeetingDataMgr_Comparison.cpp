@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -72,20 +73,25 @@ bool isStrInAnotherArray(const std::string& text, const FoldedNames& anotherArra
 
 // Lists of names: order and case do not matter.
 bool isListChanged(const Value& now, const Value& old) {
-  if (now.items().size() != old.items().size()) return true;
-  FoldedNames known;
-  for (const Value& item : old.items()) known.insert(caseFolded(item.text()));
   const auto& items = now.items();
+  const auto& oldItems = old.items();
+  if (items.size() != oldItems.size()) return true;
+  // Mostly nobody has touched the list, and nothing has to be folded to see that.
+  const auto isSameName = [](const Value& a, const Value& b) { return !a.text().empty() && a.text() == b.text(); };
+  if (std::equal(items.begin(), items.end(), oldItems.begin(), isSameName)) return false;
+  FoldedNames known;
+  for (const Value& item : oldItems) known.insert(caseFolded(item.text()));
   return std::any_of(items.begin(), items.end(),
                      [&](const Value& item) { return !isStrInAnotherArray(item.text(), known); });
 }
 
-using ValuesById = std::unordered_map<std::string, std::string>;
+// Views into the list that was read.
+using ValuesById = std::unordered_map<std::string_view, std::string_view>;
 
 // An id that the list does not have counts as a field with the empty value.
-std::string getTrackingFieldMtValueWithId(const ValuesById& fields, const std::string& id) {
+std::string_view getTrackingFieldMtValueWithId(const ValuesById& fields, const std::string& id) {
   const auto found = fields.find(id);
-  return found == fields.end() ? std::string() : found->second;
+  return found == fields.end() ? std::string_view() : found->second;
 }
 
 bool areSettingsChanged(const Value& now, const Value& old) {
@@ -123,6 +129,7 @@ bool vnMeetingDataMgr::isTrackingFieldChanged(const Value& newSettings, const Va
   const Value& old = oldSettings[vn_Setting_TrackingFields];
   if (now.items().size() != old.items().size()) return true;
   ValuesById oldValues;
+  oldValues.reserve(old.items().size());
   for (const Value& field : old.items()) {
     oldValues.emplace(field[vn_Setting_TrackingFields_Id].text(), field[vn_Setting_TrackingFields_MtValue].text());
   }

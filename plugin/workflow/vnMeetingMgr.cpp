@@ -1,12 +1,13 @@
 #include "workflow/vnMeetingMgr.h"
 
 #include "channel/commands/vnAPIKeys.h"
+#include "channel/commands/vnAlertHelper.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "invitation/vnBodyHelper.h"
-#include "licence/vnLicencePolicy.h"
+#include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
 #include "platform/TraceStep.h"
@@ -39,23 +40,37 @@ vnMeetingMgr::vnMeetingMgr(Key)
     : meetingDataMgr_(std::make_unique<vnMeetingDataMgr>()),
       emailBodyMgr_(std::make_unique<vnEmailBodyMgr>()),
       apiMgr_(std::make_unique<vnAPIMgr>()),
-      getMeetingHelper_(std::make_unique<vnGetMeetingHelper>()) {
+      getMeetingHelper_(std::make_unique<vnGetMeetingHelper>()),
+      m_scheduleErrorMsg(std::make_unique<vnScheduleErrorMessage>()) {
   emailBodyMgr_->setMeetingMgrInstance(this);
   apiMgr_->setMeetingMgrInstance(this);
 }
 
 vnMeetingMgr::~vnMeetingMgr() {
   if (RunLoop* loop = Registry::platform().runLoop) loop->cancelPrevious(this);
+  freeAllObjects();
+}
+
+void vnMeetingMgr::freeAllObjects() {
+  meetingDataMgr_.reset();
+  emailBodyMgr_.reset();
+  apiMgr_.reset();
+  getMeetingHelper_.reset();
+  m_scheduleErrorMsg.reset();
 }
 
 void vnMeetingMgr::observeNotifications() {
   NotificationCenter* center = Registry::platform().notificationCenter;
   if (!center) return;
-  const auto observe = [&](std::string_view name, void (vnMeetingMgr::*handler)(const Value&)) {
+  const auto observe = [&](std::string_view name, void (vnMeetingMgr::*handler)(const Value&),
+                           const void* object = nullptr) {
     subscriptions_.push_back(center->observe(
-        name, [this, handler](const NotificationCenter::Notification& note) { (this->*handler)(note.userInfo); }));
+        name, [this, handler](const NotificationCenter::Notification& note) { (this->*handler)(note.userInfo); },
+        object));
   };
   observe(notify_SettingCommit, &vnMeetingMgr::onInvokeSettingCommit);
+  observe(notify_ScheduleErrorMessage_Commit, &vnMeetingMgr::onInvokeScheduleErrorMessageCommit,
+          m_scheduleErrorMsg.get());
   observe(notify_Schedule_AlternateHostError, &vnMeetingMgr::onInvokeScheduleAlternateHostError);
   // No filter: with several windows open, every manager reacts.
   observe(notify_Commit_ChooseAnotherTemplate, &vnMeetingMgr::onInvokeCommitChooseAnotherTemplate);
@@ -70,12 +85,14 @@ void vnMeetingMgr::cleanup() {
   meetingDataMgr_->cleanup();
   apiMgr_->cleanup();
   getMeetingHelper_->cleanup();
+  m_scheduleErrorMsg->cleanup();
   m_updatedMeetingDataOnCalendar = Value();
 }
 
 void vnMeetingMgr::clearAllSavedData() {
   m_bIsDragAndMove = false;
   m_bIsForceUpdate = true;
+  firstInvitationIsDue_ = false;
   meetingDataMgr_->clearSavedMeetingData();
   getMeetingHelper_->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
   // The profile is the whole process's: clearing it for one window makes every other window fetch it again.
@@ -181,8 +198,10 @@ std::shared_ptr<MeetingBar> vnMeetingMgr::barOfReply(const Value& data) {
       data[keyApptWindowID].optionalText());
 }
 
-bool vnMeetingMgr::stopsForMissingLicence() {
-  return vnLicencePolicy::checkIfShowNoMeetingLicenseWindow(vnUserProfileHelper::sharedInstance().userType());
+bool vnMeetingMgr::checkIfShowNoMeetingLicenseWindow(const HostObject& parentWindow) {
+  if (!vnUserProfileHelper::sharedInstance().isNoMeetingLicenseUser()) return false;
+  apiMgr_->showNoMeetingLicenseWindow(parentWindow);
+  return true;
 }
 
 // -- Small views of the working data -----------------------------------------------------------------------------
@@ -234,12 +253,19 @@ std::string vnMeetingMgr::getDisplayNameWithOnbehalfEmail(const std::string& ema
   return vnOnbehalfData::sharedInstance().getDisplayNameWithOnbehalfEmail(email);
 }
 
-void vnMeetingMgr::showNoMeetingLicenseWindow(const HostObject& /*parentWindow*/) {
-  // The licence policy refuses nothing yet, so there is no notice to show.
+void vnMeetingMgr::showNoMeetingLicenseWindow(const HostObject& parentWindow) {
+  const std::string message = localizedString("NoMeetingLicense");
+  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", message}}); });
+  vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
 }
 
 bool vnMeetingMgr::putInvitationAtTheTop() { return meetingDataMgr_->putInvitationAtTheTop(); }
 
 OptionalText vnMeetingMgr::encodeMailBody() { return meetingDataMgr_->encodeMailBody(); }
+
+OptionalText vnMeetingMgr::getMailBodyWithVornContentFor1520(const OptionalText& sourceBody,
+                                                             const OptionalText& vnEmailBody, bool isHTMLBody) {
+  return emailBodyMgr_->getMailBodyContentWithVorn(sourceBody, vnEmailBody, isHTMLBody);
+}
 
 }  // namespace vorn

@@ -16,6 +16,7 @@
 #include "workflow/MeetingBar.h"
 #include "workflow/vnMeetingDataMgr.h"
 #include "workflow/vnMeetingState.h"
+#include "workflow/vnScheduleErrorMessage.h"
 
 namespace vorn {
 
@@ -56,9 +57,11 @@ class vnMeetingMgr : public vnMeetingState,
 
   std::uint64_t getMeetingAction() const { return m_vnMeetingAction; }
   void setMeetingAction(std::uint64_t action) override { m_vnMeetingAction = action; }
-  bool isUpdateVornMeetingEvent() override { return m_vnMeetingAction == VnCmdUpdate; }
+  // The last action was an update. A save that finishes an add, whose reply with the invitation never came, is
+  // none: the body holds only the user's words yet, and an update would take their place.
+  bool isUpdateVornMeetingEvent() override { return m_vnMeetingAction == VnCmdUpdate && !firstInvitationIsDue_; }
 
-  // -- What it owns; never null, and emptied by cleanup
+  // -- What it owns; null only after freeAllObjects, and emptied by cleanup
   // ------------------------------------------------------------------------------
 
   vnMeetingDataMgr* meetingDataMgr() { return meetingDataMgr_.get(); }
@@ -105,6 +108,8 @@ class vnMeetingMgr : public vnMeetingState,
   bool notShowSetting();
   void getPMIMeetingInfo(const std::shared_ptr<MeetingBar>& bar, std::uint64_t state);
   std::string getScheduldForEmailFromUI(const std::shared_ptr<MeetingBar>& bar);
+  // Asks for the people whom this user schedules for. The code of a refusal, or 0 when the request went out.
+  int getScheduleForList(const std::shared_ptr<MeetingBar>& bar);
   bool isEnableRecurrence(const HostObject& editor);
 
   // -- Save, send, delete
@@ -112,7 +117,10 @@ class vnMeetingMgr : public vnMeetingState,
 
   int scheduleUpdateVornMeeting(const HostObject& editor, std::uint64_t command);
   int deleteVornMeeting(const HostObject& editor);
-  // The account's plan does not allow this appointment; a notice is then on the screen.
+  // The account has no meeting licence; a notice is then on the screen, and the command ends.
+  bool checkIfShowNoMeetingLicenseWindow(const HostObject& parentWindow);
+  // The account's plan does not allow this appointment; a notice is then on the screen, and asks the user. False
+  // for a user who wants no such notice.
   bool hasScheduleError(const HostObject& editor);
   // The appointment is longer than the account's plan allows.
   bool durationExceedThanMaxMins(const HostObject& editor);
@@ -130,6 +138,13 @@ class vnMeetingMgr : public vnMeetingState,
                                const Value& meetingData, bool needUpdate);
   bool checkScheduleOwnerMatched(const HostObject& editor);
   bool needCheckOwnerMatched(const HostObject& editor);
+
+  // -- Edits on the calendar
+  // ------------------------------------------------------------------------------------------
+
+  // Asks which meeting stands behind the UUID of the appointment in the vnMeetingData, and parks the command, 5 or
+  // 6, until the reply. An edit that is parked already gives way. 1 when the request was refused, else 0.
+  int getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command, const Value& meetingData);
 
   // -- Location
   // ------------------------------------------------------------------------------------------------------
@@ -159,9 +174,14 @@ class vnMeetingMgr : public vnMeetingState,
   void showNoMeetingLicenseWindow(const HostObject& parentWindow) override;
   bool putInvitationAtTheTop() override;
   OptionalText encodeMailBody() override;
+  // The source body with the invitation in it, or without it when the invitation is empty.
+  OptionalText getMailBodyWithVornContentFor1520(const OptionalText& sourceBody, const OptionalText& vnEmailBody,
+                                                 bool isHTMLBody);
 
   // Ends everything that this manager does for its window, in a fixed order. Nothing comes back afterwards.
   void cleanup();
+  // Gives up the objects that it owns; the parked edit is cleanup's. The end of a manager calls it, nobody else.
+  void freeAllObjects();
 
  private:
   void observeNotifications();
@@ -169,7 +189,7 @@ class vnMeetingMgr : public vnMeetingState,
   // The bar that this manager is paired with; null for the shared manager.
   std::shared_ptr<MeetingBar> ownBar();
   static std::shared_ptr<MeetingBar> barOfReply(const Value& data);
-  static bool stopsForMissingLicence();
+  static OptionalText getApptUUID(const HostObject& editor);
 
   int getMeetingByApptUUID(const HostObject& editor);
   void setSecurityOptionErrorInfo(std::string_view key, bool value);
@@ -186,9 +206,12 @@ class vnMeetingMgr : public vnMeetingState,
   void onGetUserProfileActionFinished(const Value& data);
   void onGetMeetingByApptUUIDActionFinished(const Value& data);
   void onGetScheduleForListFinished(const Value& data);
+  // The parked edit goes on, without an editor.
+  void replayUpdateOnCalendar();
   static bool isSettingCommitOK(const Value& data);
 
   void onInvokeSettingCommit(const Value& userInfo);
+  void onInvokeScheduleErrorMessageCommit(const Value& userInfo);
   void onInvokeScheduleAlternateHostError(const Value& userInfo);
   void onInvokeCommitChooseAnotherTemplate(const Value& userInfo);
   static void notifyActionResultToCalActionMgr(const Value& response);
@@ -198,10 +221,13 @@ class vnMeetingMgr : public vnMeetingState,
   std::unique_ptr<vnEmailBodyMgr> emailBodyMgr_;
   std::unique_ptr<vnAPIMgr> apiMgr_;
   std::unique_ptr<vnGetMeetingHelper> getMeetingHelper_;
+  std::unique_ptr<vnScheduleErrorMessage> m_scheduleErrorMsg;
   Value m_updatedMeetingDataOnCalendar = Value::dictionary();
   bool m_bIsDragAndMove = false;
   bool m_bIsForceUpdate = false;
   bool m_bOpenFromVornClient = false;
+  // The service has confirmed a new meeting, and its invitation is not in the appointment yet.
+  bool firstInvitationIsDue_ = false;
   std::vector<NotificationCenter::Subscription> subscriptions_;
 };
 

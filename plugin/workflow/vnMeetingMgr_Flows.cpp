@@ -51,7 +51,7 @@ int vnMeetingMgr::addVornMeeting(const std::shared_ptr<MeetingBar>& bar) {
 }
 
 void vnMeetingMgr::prepareOpenSettings(const std::shared_ptr<MeetingBar>& bar) {
-  if (stopsForMissingLicence()) return;
+  if (checkIfShowNoMeetingLicenseWindow(parentWindowOf(bar))) return;
   const Value data = getVornMeetingData(editorOf(bar));
   if (notShowSetting()) {
     onExcuteCommandFinished(VnCmdAdd, data);
@@ -125,7 +125,7 @@ int vnMeetingMgr::changeSettings(const std::shared_ptr<MeetingBar>& bar) {
 }
 
 void vnMeetingMgr::executeGetMeetingForChangeSetting(const std::shared_ptr<MeetingBar>& bar) {
-  if (stopsForMissingLicence()) return;
+  if (checkIfShowNoMeetingLicenseWindow(parentWindowOf(bar))) return;
   Value data = getVornMeetingData(editorOf(bar));
   if (getMeetingHelper_->NeedRequestGetMeeting()) {
     data.set(vn_API_Call_Para_ShowCommunicationDlg, true);
@@ -142,7 +142,7 @@ void vnMeetingMgr::onChangeSettingFinished(const Value& data) {
 // -- Cancel ------------------------------------------------------------------------------------------------------
 
 int vnMeetingMgr::cancelVornMeeting(const std::shared_ptr<MeetingBar>& bar) {
-  if (stopsForMissingLicence()) return 0;
+  if (checkIfShowNoMeetingLicenseWindow(parentWindowOf(bar))) return 0;
   return onExcuteCommandFinished(VnCmdCancel, getVornMeetingData(editorOf(bar)));
 }
 
@@ -202,6 +202,10 @@ void vnMeetingMgr::onGetUserProfileActionFinished(const Value& data) {
 
 // -- Scheduling for somebody else --------------------------------------------------------------------------------
 
+int vnMeetingMgr::getScheduleForList(const std::shared_ptr<MeetingBar>& bar) {
+  return apiMgr_->getScheduleForList(parentWindowOf(bar));
+}
+
 void vnMeetingMgr::onGetScheduleForListFinished(const Value& data) {
   if (isForUpdateVornMeeting()) return;
   if (SettingsPanel* panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
@@ -212,6 +216,10 @@ void vnMeetingMgr::onGetScheduleForListFinished(const Value& data) {
 bool vnMeetingMgr::checkScheduleForEmailValidity() {
   const std::string email = getMeetingHelper_->getScheduleForEmail().value_or("");
   if (email.empty()) return true;
+  // Until the profile has come nobody knows one's own id either, and a meeting that names only its host's id looks
+  // like somebody else's even if it is one's own.
+  const bool namesAnEmail = getMeetingHelper_->getMeetingInfo()[vn_Setting][vn_Setting_ScheduleFor].isPresent();
+  if (!vnUserProfileHelper::sharedInstance().hasUserProfile() && !namesAnEmail) return true;
   const Value bosses = vnUserProfileHelper::sharedInstance().bossesInfo();
   for (const Value& boss : bosses.items()) {
     if (equalIgnoringCase(boss["email"].text(), email)) return true;

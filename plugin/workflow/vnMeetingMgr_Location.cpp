@@ -21,20 +21,36 @@ std::string withoutSemicolonsAtEnds(const std::string& text) {
   return text.substr(first, text.find_last_not_of(';') - first + 1);
 }
 
+bool holds(std::string_view text, std::string_view part) { return findText(text, part) != std::string_view::npos; }
+
+// The text without every occurrence of a part that is not empty. Names and URLs come from outside and may be of
+// any length, so the search is one whose time is linear in both.
+std::string without(std::string_view text, std::string_view part) {
+  std::string result;
+  for (;;) {
+    const std::size_t at = findText(text, part);
+    result += text.substr(0, at);
+    if (at == std::string_view::npos) return result;
+    text.remove_prefix(at + part.size());
+  }
+}
+
 std::string withoutRooms(std::string text, const Value& attendees) {
   for (const Value& attendee : attendees.items()) {
     const std::string& name = attendee[vn_ApptInfo_AttendeeName].text();
-    if (attendee[vn_ApptInfo_AttendeeType].text() != kRoom || name.empty()) continue;
-    text = replacingAll(text, name + ";", "");
-    text = replacingAll(text, name, "");
+    if (attendee[vn_ApptInfo_AttendeeType].text() != kRoom || !holds(text, name)) continue;
+    text = without(text, name + ";");
+    text = without(text, name);
   }
   return text;
 }
 
+// An empty URL, which a stored record without a join URL leaves behind, is held by no text and takes nothing away.
 std::string withoutUrls(std::string text, const std::vector<std::string>& urls) {
   for (const std::string& url : urls) {
-    text = replacingAll(text, std::string(kSeparator) + url, "");
-    text = replacingAll(text, url, "");
+    if (!holds(text, url)) continue;
+    text = without(text, std::string(kSeparator) + url);
+    text = without(text, url);
   }
   return text;
 }
@@ -85,8 +101,7 @@ bool vnMeetingMgr::needUpdateLocation(const HostObject& editor, const OptionalTe
   if (!shown) {
     if (vnECCalendarEvent* event = proxy.ecCalendarEvent()) shown = event->location();
   }
-  return shown && !shown->empty() && oldJoinUrl && !oldJoinUrl->empty() &&
-         shown->find(*oldJoinUrl) != std::string::npos;
+  return shown && oldJoinUrl && holds(*shown, *oldJoinUrl);
 }
 
 bool vnMeetingMgr::findRoomInAttendees(const OptionalText& name, const Value& attendees) {

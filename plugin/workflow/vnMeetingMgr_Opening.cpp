@@ -82,6 +82,7 @@ int vnMeetingMgr::getMeetingByApptUUID(const HostObject& editor) {
 }
 
 void vnMeetingMgr::onGetMeetingByApptUUIDActionFinished(const Value& data) {
+  if (state() == VnStateUpdateOnCalendar) return replayUpdateOnCalendar();
   if (state() != VnStateLoadByApptUUID) return;
   const Value info = getMeetingHelper_->getMeetingInfo();
   meetingDataMgr_->setMeetingKey(info[vn_MeetingKey].optionalText());

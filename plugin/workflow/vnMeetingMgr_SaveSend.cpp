@@ -37,6 +37,9 @@ constexpr std::string_view kHostSaveAndCloseReturnError =
     "vn_ERCalendarEventEditorViewController_saveAndCloseWindow:andReturnError:";
 constexpr std::string_view kHostSend = "vn_ERCalendarEventEditorViewController_sendMeetingPostValidate";
 
+// What the host's two close methods give when they have closed nothing.
+constexpr std::int64_t kNotClosed = -1;
+
 std::shared_ptr<MeetingBar> barOfEditor(const HostObject& editor) {
   return vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
 }
@@ -44,11 +47,6 @@ std::shared_ptr<MeetingBar> barOfEditor(const HostObject& editor) {
 std::int64_t appointmentMinutes(const HostObject& editor) {
   vnERCalendarEventEditorViewController proxy(editor);
   return proxy.getVnMeetingData()[vn_ApptInfo_Duration].integerValue();
-}
-
-OptionalText uuidOf(vnERCalendarEventEditorViewController& editor) {
-  vnECCalendarEvent* event = editor.ecCalendarEvent();
-  return event ? event->UUID() : std::nullopt;
 }
 
 }  // namespace
@@ -59,7 +57,7 @@ int vnMeetingMgr::scheduleUpdateVornMeeting(const HostObject& editor, std::uint6
   const Value data = getVornMeetingData(editor);
   const auto bar = barOfEditor(editor);
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
-  if (stopsForMissingLicence()) return VnHandleBlocked;
+  if (checkIfShowNoMeetingLicenseWindow(parentWindow)) return VnHandleBlocked;
   if (command == VnCmdSchedule) {
     apiMgr_->scheduleMeeting(parentWindow, data);
   } else if (getMeetingHelper_->NeedRequestGetMeeting()) {
@@ -73,8 +71,17 @@ int vnMeetingMgr::scheduleUpdateVornMeeting(const HostObject& editor, std::uint6
 }
 
 bool vnMeetingMgr::hasScheduleError(const HostObject& editor) {
-  return !vnLicencePolicy::mayScheduleMeeting(vnUserProfileHelper::sharedInstance().userType(),
-                                              appointmentMinutes(editor));
+  if (!durationExceedThanMaxMins(editor) || m_scheduleErrorMsg->notShowMessageAgain()) return false;
+  const auto bar = barOfEditor(editor);
+  m_scheduleErrorMsg->setOLApptWindowID(bar ? bar->getAppointmentWindowID() : std::nullopt);
+  m_scheduleErrorMsg->showMessage(vnMeetingCommon::getPluginParentWindow(bar.get()));
+  return true;
+}
+
+void vnMeetingMgr::onInvokeScheduleErrorMessageCommit(const Value& userInfo) {
+  if (!userInfo[keyButtonClickIsOK].boolValue()) return;
+  // The save that was stopped is not repeated here: the end of this command performs it.
+  if (const auto bar = barOfReply(userInfo)) sendVnMeetingCommand(VnCmdUpdate, bar->editorViewController());
 }
 
 bool vnMeetingMgr::durationExceedThanMaxMins(const HostObject& editor) {
@@ -117,7 +124,8 @@ void vnMeetingMgr::updatePMIMeeting(const std::shared_ptr<MeetingBar>& bar, cons
   }
 }
 
-void vnMeetingMgr::onSchdulerActionFinished(std::uint64_t /*command*/, const Value& data) {
+void vnMeetingMgr::onSchdulerActionFinished(std::uint64_t command, const Value& data) {
+  if (command == VnCmdSchedule) firstInvitationIsDue_ = true;
   const auto bar = barOfReply(data);
   const Value& response = data[keyVnAPIResponse];
   if (bar) {
@@ -130,6 +138,9 @@ void vnMeetingMgr::onSchdulerActionFinished(std::uint64_t /*command*/, const Val
     scheduleCloseOLAppointment({});
     return;
   }
+  if (SettingsPanel* panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
+    settingsPanels()->addToInputAlternateHostHistory(panel->getVnSettingsData()[vn_Setting_AlternateHosts]);
+  }
   meetingDataMgr_->setMeetingKey(response[vn_MeetingKey].optionalText());
   // The invitation comes with the meeting, and the meeting is fetched anew.
   apiMgr_->getMeeting(vnMeetingCommon::getPluginParentWindow(bar.get()),
@@ -141,6 +152,9 @@ void vnMeetingMgr::notifyActionResultToCalActionMgr(const Value& response) {
 }
 
 void vnMeetingMgr::onGetMeetingActionFinished(const Value& data) {
+  // A reply without a readable meeting is like one that was cut short: nothing is known, so nothing is compared,
+  // told or written, and the appointment stays open as it is.
+  if (!getMeetingHelper_->hasMeetingInfo()) return;
   const auto bar = barOfReply(data);
   const HostObject editor = bar ? bar->editorViewController() : HostObject();
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
@@ -189,6 +203,7 @@ void vnMeetingMgr::updateMailBodyForSchedule(const HostObject& editor) {
   const OptionalText invitation =
       isHTML ? getMeetingHelper_->getInviteHtmlEmail() : getMeetingHelper_->getInviteEmail();
   emailBodyMgr_->updateMailBody(editor, invitation, false, isHTML);
+  firstInvitationIsDue_ = false;
 }
 
 void vnMeetingMgr::updateVnKeyInfoToAppointment(const HostObject& editor, const Value& meetingInfo,
@@ -239,7 +254,7 @@ int vnMeetingMgr::deleteVornMeeting(const HostObject& editor) {
   const Value data = getVornMeetingData(editor);
   const auto bar = barOfEditor(editor);
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
-  if (stopsForMissingLicence()) return VnHandleBlocked;
+  if (checkIfShowNoMeetingLicenseWindow(parentWindow)) return VnHandleBlocked;
   if (bar && bar->blockDeleteVornMeeting()) return VnHandleBlocked;
   return apiMgr_->deleteMeeting(parentWindow, data);
 }
@@ -260,6 +275,9 @@ void vnMeetingMgr::onDeleteActionFinished(const Value& data) {
 
 void vnMeetingMgr::updateVnMeetingInfoToAppointmentForDelete(const HostObject& editor, const Value& response) {
   vnERCalendarEventEditorViewController proxy(editor);
+  // A delete on the calendar has no editor to write into, and must leave nothing for the next appointment that is
+  // stored.
+  if (!proxy.isValidConnection()) return;
   emailBodyMgr_->updateMailBody(editor, response[vn_API_Para_InvitationEmail].optionalText(), true, false);
   // The empty text clears the stored record.
   proxy.saveVnDataToOLProperty("");
@@ -301,18 +319,20 @@ void vnMeetingMgr::closeOLAppointment(const HostObject& editor) {
 
   vnERCalendarEventEditorViewController proxy(editor);
   const int action = bar->olUIAction();
-  const bool uuidWasMissing = uuidOf(proxy).value_or("").empty();
+  const bool uuidWasMissing = getApptUUID(editor).value_or("").empty();
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
   const Value meetingData = getVornMeetingData(editor);
   const vnECCalendarEvent event(proxy.content());
   const auto tellUUID = [&] {
     // The host's operation may have closed the window. Its editor shows no event then, but the event itself lasts
     // until the host's call has unwound, and it has just got its UUID.
-    OptionalText uuid = uuidOf(proxy);
+    OptionalText uuid = getApptUUID(editor);
     if (!uuid) uuid = event.UUID();
     updateApptUUIDToMeeting(parentWindow, uuid, meetingData, uuidWasMissing);
   };
-  const auto closeWindowLater = [&] {
+  const auto closeWindowLater = [&](const Value& hostResult) {
+    // An appointment that the host could not store stays open with what the user has typed.
+    if (hostResult.isPresent() && hostResult.integerValue() == kNotClosed) return;
     // Asked for only now: a window that the host has closed by itself has no bar in it, and is left alone.
     const HostObject windowController = bar->editorWindowController();
     if (!windowController) return;
@@ -333,24 +353,32 @@ void vnMeetingMgr::closeOLAppointment(const HostObject& editor) {
   }
   switch (action) {
     case VnApptActionSave: proxy.getOLItemID(kHostSaveColon, Value()); break;
-    case VnApptActionSaveAndClose:
+    case VnApptActionSaveAndClose: {
       convertMailBodyFormat(editor);
-      proxy.getOLItemID(kHostSaveAndCloseWindow, true);
+      const Value closed = proxy.getOLItemID(kHostSaveAndCloseWindow, true);
       tellUUID();
-      closeWindowLater();
+      closeWindowLater(closed);
       break;
-    case VnApptActionSaveAndCloseReturnError:
+    }
+    case VnApptActionSaveAndCloseReturnError: {
       convertMailBodyFormat(editor);
-      proxy.getOLItemID(kHostSaveAndCloseReturnError, true, Value());
+      const Value closed = proxy.getOLItemID(kHostSaveAndCloseReturnError, true, Value());
       tellUUID();
-      closeWindowLater();
+      closeWindowLater(closed);
       break;
+    }
     case VnApptActionAutoUpdate:
       proxy.getOLItemID(kHostSave);
       tellUUID();
       break;
     default: break;
   }
+}
+
+OptionalText vnMeetingMgr::getApptUUID(const HostObject& editor) {
+  vnERCalendarEventEditorViewController proxy(editor);
+  const vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  return event ? event->UUID() : std::nullopt;
 }
 
 void vnMeetingMgr::convertMailBodyFormat(const HostObject& editor) {

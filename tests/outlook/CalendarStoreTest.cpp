@@ -91,6 +91,39 @@ TEST(CalendarEvent, FollowsSummerTimeOfTheZoneThatTheFileDefines) {
   EXPECT_EQ(moved.start()->seconds, 1926172800);
 }
 
+TEST(CalendarEvent, ATimeAtAChangeOfTheClockIsReadAlikeFromTheFileAndFromTheDatabase) {
+  const std::string definedZone =
+      "BEGIN:VTIMEZONE\r\nTZID:Office\r\n"
+      "BEGIN:DAYLIGHT\r\nDTSTART:19810329T020000\r\nRRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=3\r\n"
+      "TZOFFSETFROM:+0100\r\nTZOFFSETTO:+0200\r\nEND:DAYLIGHT\r\n"
+      "BEGIN:STANDARD\r\nDTSTART:19961027T030000\r\nRRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=10\r\n"
+      "TZOFFSETFROM:+0200\r\nTZOFFSETTO:+0100\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n";
+  // A time that is skipped counts with the offset before, one that comes twice as the earlier.
+  const std::pair<const char*, double> rows[] = {
+      {"20260329T015959", 1774745999}, {"20260329T023000", 1774747800}, {"20260329T030000", 1774746000},
+      {"20261025T015959", 1792886399}, {"20261025T023000", 1792888200}, {"20261025T030000", 1792893600},
+  };
+  for (const auto& [time, seconds] : rows) {
+    for (const char* zone : {"Office", "Europe/Berlin"}) {
+      Loaded store(calendar(definedZone + "BEGIN:VEVENT\r\nUID:1\r\nDTSTART;TZID=" + zone + ":" + time +
+                            "\r\nEND:VEVENT\r\n"));
+      EXPECT_EQ(store.eventAt(0).start()->seconds, seconds) << zone << " " << time;
+    }
+  }
+}
+
+TEST(CalendarEvent, TheFirstAndTheLastYear) {
+  const std::pair<const char*, double> rows[] = {
+      {"00010101T000000Z", -62135596800}, {"15821015T000000Z", -12219292800}, {"99991231T235959Z", 253402300799}};
+  for (const auto& [time, seconds] : rows) {
+    const std::string before = event(std::string("DTSTART:") + time + "\r\nDTEND:" + time + "\r\n");
+    Loaded store(before);
+    EXPECT_EQ(store.eventAt(0).start()->seconds, seconds) << time;
+    store.eventAt(0).setTimes(seconds, seconds);
+    EXPECT_EQ(store.text(), before);
+  }
+}
+
 TEST(CalendarEvent, AZoneWithARuleThatCouldRunForEverIsNotUsed) {
   Loaded store(
       calendar("BEGIN:VTIMEZONE\r\nTZID:Slow\r\nBEGIN:STANDARD\r\nDTSTART:19700101T000000\r\n"
@@ -134,6 +167,26 @@ TEST(CalendarStore, LinksExceptionsToTheirSeries) {
   EXPECT_EQ(exceptions[0].master()->index(), master.index());
   EXPECT_EQ(store.find("series@calendar.example", "20300401T090000")->summary(), "Planning (moved)");
   EXPECT_TRUE(store.find("dates@calendar.example")->isRecurring()) << "single dates make a series too";
+}
+
+TEST(CalendarStore, EveryItemOfASeriesFindsItsOwnPlace) {
+  const auto item = [](const char* id, const char* summary) {
+    return std::string("BEGIN:VEVENT\r\nUID:s\r\n") + id + "SUMMARY:" + summary + "\r\nEND:VEVENT\r\n";
+  };
+  Loaded store(calendar(item("RECURRENCE-ID:2\r\n", "second") + item("RECURRENCE-ID:1\r\n", "first") +
+                        item("", "series") + item("RECURRENCE-ID:1\r\n", "first again")));
+  EXPECT_EQ(store.find("s")->summary(), "series");
+  EXPECT_EQ(store.eventAt(0).master()->summary(), "series") << "the master may come late";
+  EXPECT_EQ(store.find("s", "1")->summary(), "first");
+  EXPECT_FALSE(store.find("s", "3"));
+  std::vector<vorn::OptionalText> inFileOrder;
+  for (const CalendarEvent& each : store.exceptionsOf("s")) inFileOrder.push_back(each.summary());
+  EXPECT_EQ(inFileOrder, (std::vector<vorn::OptionalText>{"second", "first", "first again"}));
+  store.find("s", "1")->remove();
+  EXPECT_EQ(store.find("s", "1")->summary(), "first again");
+  store.find("s")->remove();
+  EXPECT_FALSE(store.eventAt(0).master());
+  EXPECT_FALSE(store.find(""));
 }
 
 TEST(CalendarEvent, CountsASeriesThatNeverEndsOrIsNoneWithoutHanging) {

@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
+#include "meeting.pb.h"
 #include "tests/workflow/FakeWindow.h"
+#include "util/EncodeUtils.h"
 #include "util/vnOLUtils.h"
-#include "workflow/StoreTimeWriter.h"
-#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnOnbehalfData.h"
 
 namespace vorn {
 namespace {
@@ -16,6 +19,17 @@ class WorkingData : public testing::Test {
     defineWindowClasses(test.classRuntime);
     WorkflowDirectory::sharedInstance().install();
   }
+
+  template <typename Fill>
+  static void receive(const Fill& fill, const Value& bosses = {}) {
+    com::tidemar::webapp::proto::UserProfile message;
+    fill(message);
+    Value profile = Value::dictionary();
+    profile.set(vn_Profile_Proto, EncodeUtils::base64Encode(message.SerializeAsString()));
+    profile.set(vn_Profile_Bosses, bosses);
+    vnUserProfileHelper::sharedInstance().setData(profile);
+  }
+
   TestPlatform test;
 };
 
@@ -69,121 +83,116 @@ TEST_F(WorkingData, TheStoredRecordEndsAtTheFirstAbsentValue) {
   EXPECT_EQ(vnOLUtils::toArrayOrNSDictionary(data.getVnDataForOLProperty(Value::dictionary())).count(), 0u);
 }
 
-TEST_F(WorkingData, TheUsersOwnLocationIsFoundAmongUrlsAndRooms) {
-  FakeWindow window(test);
-  window.invite("Room 7", 2);
-  window.invite("Ada", 0);
-  window.manager->meetingDataMgr()->setJoinUrl("https://vorn.example/j/1");
-  window.manager->meetingDataMgr()->setJoinUrl("https://vorn.example/j/1?pwd=x");
-  const std::pair<const char*, const char*> rows[] = {
-      {"", ""},
-      {"  \n", ""},
-      {"Castle", "Castle"},
-      {"Castle; https://vorn.example/j/1?pwd=x", "Castle"},
-      {"https://vorn.example/j/1?pwd=x", ""},
-      {"https://vorn.example/j/1", ""},
-      {"Castle; Room 7; https://vorn.example/j/1?pwd=x", "Castle"},
-      {"Room 7; https://vorn.example/j/1; Castle", "Castle"},
-      {"Ada's desk", "Ada's desk"},
-      {"Straße 5; 東京; https://vorn.example/j/1", "Straße 5; 東京"},
-      {"https://elsewhere.example/j/9", "https://elsewhere.example/j/9"},
+TEST_F(WorkingData, TheRecordThatTheAppointmentCarriedGivesTheOldJoinUrl) {
+  vnMeetingDataMgr data;
+  const std::pair<Value, OptionalText> rows[] = {
+      {"{\"joinUrl\": \"https://vorn.example/j/1\"}", "https://vorn.example/j/1"},
+      {"{\"meetingKey\": \"1\"}", std::nullopt},
+      {"{\"joinUrl\": 5}", std::nullopt},
+      {"[\"joinUrl\"]", std::nullopt},
+      {"no JSON", std::nullopt},
+      {"", std::nullopt},
+      {nullptr, std::nullopt},
+      {7, std::nullopt},
+      {Value(), std::nullopt},
   };
-  for (const auto& [shown, own] : rows) {
-    window.showLocation(shown);
-    EXPECT_EQ(window.manager->getOLUserInputLocation(window.bar->editor), own) << shown;
+  for (const auto& [record, expected] : rows) {
+    Value apptInfo = Value::dictionary();
+    apptInfo.set(vn_ApptInfo_VnOIProperty, record);
+    data.setSavedApptInfo(apptInfo);
+    EXPECT_EQ(data.getOldJoinUrl(), expected) << record.text();
   }
 }
 
-TEST_F(WorkingData, RoomsComeBeforeTheUrl) {
-  FakeWindow window(test);
-  EXPECT_EQ(window.manager->getVnLocation(nullptr), std::nullopt);
-  EXPECT_EQ(window.manager->getVnLocation(window.bar), std::nullopt);
-  window.manager->meetingDataMgr()->setJoinUrl("https://vorn.example/j/1");
-  EXPECT_EQ(window.manager->getVnLocation(window.bar), "https://vorn.example/j/1");
-  window.invite("Room 7", 2);
-  window.invite("Ada", 0);
-  window.invite("Room 8", 2);
-  EXPECT_EQ(window.manager->getVnLocation(window.bar), "Room 7; Room 8; https://vorn.example/j/1");
+TEST_F(WorkingData, AChoiceIsChangedWhenItDiffersFromTheStoredOneAndNoLanguageAlwaysIs) {
+  vnMeetingDataMgr data;
+  EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());
+  data.setForceIncludeJoinUrlInLocation(false);
+  EXPECT_TRUE(data.isForceIncludeJoinurlInLocationChanged());
+  data.setOldForceIncludeJoinurlInLocation(false);
+  EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());
+
+  struct Row {
+    OptionalText now, old;
+    bool changed;
+  };
+  const Row rows[] = {{std::nullopt, std::nullopt, true}, {std::nullopt, "en-US", true},
+                      {"en-US", std::nullopt, true},      {"en-US", "en-US", false},
+                      {"en-us", "en-US", true},           {"", "", false}};
+  for (const Row& row : rows) {
+    data.setSelectInvitationLanguage(row.now);
+    data.setOldSelectInvitationLanguage(row.old);
+    EXPECT_EQ(data.isSelectInvitationLanguageChanged(), row.changed) << row.now.value_or("-");
+  }
+  data.clearSavedMeetingData();
+  EXPECT_FALSE(data.isSelectInvitationLanguageChanged());
+  EXPECT_TRUE(data.forceIncludeJoinUrlInLocation()) << "not the user's stored choice";
 }
 
-TEST_F(WorkingData, AUrlThatIsSwitchedOffIsKeptUpToDateButNotAdded) {
-  FakeWindow window(test);
-  const OptionalText old = "https://vorn.example/j/1";
+TEST_F(WorkingData, AMeetingWithoutAnyProtectionGetsAWaitingRoomUnlessTheAccountForbidsOne) {
+  constexpr std::int64_t kNewLogic = std::int64_t{1} << 47;
+  constexpr std::int64_t kWaitingRooms = std::int64_t{1} << 9;
+  constexpr std::int64_t kLocked = std::int64_t{1} << 17;
   struct Row {
-    std::uint64_t action;
-    bool include;
-    const char* shown;
-    OptionalText oldUrl;
-    bool expected;
+    const char* what;
+    std::int64_t option3, option4;
+    const char* passcode;
+    bool usePMI, expected;
   };
   const Row rows[] = {
-      {VnCmdSchedule, true, "", old, true},
-      {VnCmdSchedule, false, "https://vorn.example/j/1", old, false},
-      {VnCmdUpdate, true, "", std::nullopt, true},
-      {VnCmdUpdate, false, "Castle; https://vorn.example/j/1", old, true},
-      {VnCmdUpdate, false, "Castle", old, false},
-      {VnCmdUpdate, false, "", old, false},
-      {VnCmdUpdate, false, "Castle", "", false},
-      {VnCmdUpdate, false, "Castle", std::nullopt, false},
+      {"nothing protects it", kNewLogic, 0, "", false, true},
+      {"an older account", 0, 0, "", false, false},
+      {"a passcode", kNewLogic, 0, "abc123", false, false},
+      {"the personal meeting", kNewLogic, 0, "", true, false},
+      {"waiting rooms locked away", kNewLogic, kLocked, "", false, false},
+      {"waiting rooms locked on", kNewLogic | kWaitingRooms, kLocked, "", false, true},
   };
   for (const Row& row : rows) {
-    window.manager->setMeetingAction(row.action);
-    window.manager->meetingDataMgr()->setForceIncludeJoinUrlInLocation(row.include);
-    window.showLocation(row.shown);
-    EXPECT_EQ(window.manager->needUpdateLocation(window.bar->editor, row.oldUrl), row.expected)
-        << row.action << " " << row.shown;
+    receive([&](auto& profile) {
+      profile.set_useroption3(row.option3);
+      profile.set_useroption4(row.option4);
+    });
+    FakeWindow window(test);
+    window.manager->meetingDataMgr()->setMeetingKey("123456789");
+    window.manager->getMeetingHelper()->setMeetingData(
+        Value::dictionaryFromPairs({{vn_MeetingKey, "123456789"},
+                                    {vn_Setting_MeetingPassword, row.passcode},
+                                    {vn_Setting_IsPMI, row.usePMI}}),
+        false);
+    const Value settings =
+        window.manager->meetingDataMgr()->getVnSettingsData(window.bar->getAppointmentWindowID());
+    EXPECT_EQ(settings[vn_Setting_MeetingPassword].text(), row.passcode) << row.what;
+    EXPECT_EQ(settings[vn_Setting_EnableWaitingRoom].boolValue(), row.expected) << row.what;
+    EXPECT_EQ(settings[vn_Setting_SupportWaitingRoom].boolValue(), row.expected) << row.what;
   }
 }
 
-TEST_F(WorkingData, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
+TEST_F(WorkingData, AlternateHostsOfOneMeetingAreNotCarriedIntoTheNext) {
   FakeWindow window(test);
-  window.manager->meetingDataMgr()->setJoinUrl("https://vorn.example/j/1");
-  window.showLocation("Castle; east wing; https://vorn.example/j/1; tower");
-  window.manager->updateVnMeetingInfoToAppointmentForDelete(window.bar->editor, Value::dictionary());
-  EXPECT_EQ(window.get(window.field, "stringValue").text(), "Castleeast wing");
-  EXPECT_EQ(window.get(window.bar->event, "location").text(), "Castleeast wing");
-  EXPECT_EQ(window.get(window.bar->editor, "record").text(), "");
-  EXPECT_TRUE(vnApptDataForSaveRecord::sharedInstance().needClearLocation());
+  const Value settings = window.manager->meetingDataMgr()->getVnSettingsData(window.bar->getAppointmentWindowID());
+  EXPECT_EQ(settings[vn_Setting_AlternateHosts], Value(""));
+  EXPECT_TRUE(settings[vn_Setting_ScheduleFor].text().empty());
 }
 
-TEST_F(WorkingData, TheStoreWritesTheLocationOnlyWhenItsOwnPartIsNotThereYet) {
+TEST_F(WorkingData, WhoSchedulesForWhomIsToldByTheAddressInAnyCase) {
+  Value bosses = Value::array();
+  bosses.append(
+      Value::dictionaryFromPairs({{"email", "Ada@vorn.example"}, {"displayName", "Ada"}, {"pmi", "555"}}));
+  bosses.append(Value::dictionaryFromPairs({{"email", "bob@vorn.example"}}));
+  receive([](auto&) {}, bosses);
+  vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
   struct Row {
-    OptionalText stored, ours, planned, fromRecord;
-    bool expected;
+    const char *email, *name, *pmi;
   };
-  const Row rows[] = {
-      {std::nullopt, "url", "Castle; url", std::nullopt, true},
-      {"Castle", std::nullopt, "x", std::nullopt, false},
-      {"Castle", "url", std::nullopt, std::nullopt, false},
-      {"Castle", "url", "", std::nullopt, false},
-      {"Castle; url", "url", "Castle; url", "old", false},
-      {"Castle", "url", "Castle; url", std::nullopt, true},
-      {"url tower", "url", "Castle; url", std::nullopt, false},
-      {"url tower", "url", "Castle; url", "url", false},
-      {"url tower", "url", "Castle; url", "old", true},
-  };
-  for (const Row& row : rows) {
-    Value record = Value::dictionary();
-    record.set("location", row.stored);
-    const HostObject object = test.classRuntime.create("ECMutableCalendarEvent", std::make_shared<Value>(record));
-    vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
-    save.setVnLocation(row.ours);
-    save.setOLNewLocation(row.planned);
-    save.setJoinURLFromProperty(row.fromRecord);
-    EXPECT_EQ(StoreTimeWriter(object).needUpdateLocation(), row.expected)
-        << row.stored.value_or("-") << " | " << row.planned.value_or("-");
+  for (const Row& row :
+       {Row{"ada@VORN.example", "Ada", "555"}, {"bob@vorn.example", "", ""}, {"eve@vorn.example", "", ""}}) {
+    EXPECT_EQ(onbehalf.getDisplayNameWithOnbehalfEmail(row.email), row.name);
+    EXPECT_EQ(onbehalf.hasSchedulePermission(row.email), *row.name != 0);
+    EXPECT_EQ(onbehalf.onbehalfPMI(row.email), row.pmi);
+    EXPECT_EQ(onbehalf.supportPMIForOnbehalf(row.email), *row.pmi != 0);
   }
-}
-
-TEST_F(WorkingData, TheSaveRecordForgetsEverythingButTheBodyEditor) {
-  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
-  save.setOLWordMailEditor(HostObject(0x77));
-  save.setOLNewBody("body");
-  save.setOLNewLocation("location");
-  save.setNeedClearLocation(true);
-  save.cleanup();
-  EXPECT_FALSE(save.getOLNewBody() || save.getOLNewLocation() || save.needClearLocation());
-  EXPECT_EQ(save.olWordMailEditor(), HostObject(0x77));
+  EXPECT_FALSE(onbehalf.isCurrentScheduleVornForOther("no such window"));
+  EXPECT_EQ(onbehalf.onbehalfEmail("no such window"), "");
 }
 
 }  // namespace

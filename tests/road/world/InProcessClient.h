@@ -1,7 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "channel/transport/vSocketClientImpl.h"
@@ -18,6 +22,25 @@ class InProcessClient final : public vSocketClientImpl {
   using Interference =
       std::function<std::optional<vornlab::Envelope>(const vornlab::Envelope& request, vornlab::Envelope reply)>;
 
+  static constexpr double kAnswerSeconds = 0.05;
+
+  // What befalls one request.
+  struct Fault {
+    // Answered with these words in place of the service's; the service never hears of the request.
+    std::optional<std::string> refusal;
+    // The service never hears of the request, and no answer comes.
+    bool isLost = false;
+    // What becomes of the content of the service's answer.
+    std::function<std::string(std::string content)> spoil;
+    // How often the answer goes out; 0 for never.
+    int times = 1;
+    double answerSeconds = kAnswerSeconds;
+    // No answer goes out from here on, to no request.
+    bool goesSilent = false;
+    // Happens while the request is on its way.
+    std::function<void()> meanwhile;
+  };
+
   InProcessClient(RunLoop& runLoop, vornlab::Service& service) : runLoop_(runLoop), service_(service) {}
 
   void connect() override {}
@@ -25,16 +48,26 @@ class InProcessClient final : public vSocketClientImpl {
   bool send(const OptionalText& message) override;
 
   void setInterference(Interference interference) { interference_ = std::move(interference); }
+  // The n-th request from now on, counted from 1, suffers the fault.
+  void failAt(std::size_t request, Fault fault) { faults_[requests_.size() + request] = std::move(fault); }
+  // All is well again.
+  void heal();
+
   // The requests so far, in order.
   const std::vector<vornlab::Envelope>& requests() const { return requests_; }
   // "6", "9", "3/1": the action, and the inner operation of a meeting request.
   std::vector<std::string> requestNames() const;
-  void forgetRequests() { requests_.clear(); }
+  // Faults that are still to come are forgotten with them.
+  void forgetRequests();
 
  private:
+  void answer(const vornlab::Envelope& request, const vornlab::Envelope& reply, const Fault& fault);
+
   RunLoop& runLoop_;
   vornlab::Service& service_;
   Interference interference_;
+  std::map<std::size_t, Fault> faults_;
+  bool isSilent_ = false;
   std::vector<vornlab::Envelope> requests_;
 };
 

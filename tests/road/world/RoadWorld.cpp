@@ -12,6 +12,8 @@ namespace vorn {
 namespace {
 
 constexpr const char* kClientPath = "/SystemApplications/vornclient.app";
+constexpr const char* kClientVersion = "5.12.3.9654";
+constexpr const char* kClientIdentifier = "us.vorn.xos";
 constexpr const char* kOutlookPath = "/SystemApplications/Microsoft Outlook.app";
 
 vornlab::Service::Options seeded() {
@@ -43,8 +45,8 @@ RoadWorld::RoadWorld(const std::string& calendarText, Channel channel,
       host(test.classRuntime, test.runLoop, test.notificationCenter, {}) {
   test.surroundings.resourceFolder = VORN_RESOURCES;
   installOutlook(test);
-  installClientVersion("5.12.3.9654");
-  test.workspace.running.insert("us.vorn.xos");
+  installClientVersion(kClientVersion);
+  test.workspace.running.insert(kClientIdentifier);
   switchPanelOff(test, service.account().userId);
 
   if (channel == Channel::inProcess) {
@@ -83,6 +85,30 @@ void RoadWorld::removeClient() {
 }
 
 void RoadWorld::quitClient() { test.workspace.running.clear(); }
+
+void RoadWorld::bringClientBack() {
+  installClientVersion(kClientVersion);
+  test.workspace.running.insert(kClientIdentifier);
+  if (client) client->heal();
+}
+
+void RoadWorld::setHostStores(bool stores) {
+  if (stores == hostStores_) return;
+  hostStores_ = stores;
+  constexpr const char* kRecord = "ECMutableCalendarEvent";
+  constexpr const char* kRefusing = "saveRecordOnAFullDisk";
+  if (!stores) {
+    test.classRuntime.setInstanceMethod(kRecord, kRefusing, [](const HostObject&, const Arguments&) {
+      constexpr int notStored = 1;
+      return Value(notStored);
+    });
+  }
+  // The host's own method stands under the name to which its hook moved it.
+  const ClassRef record = test.classRuntime.NSClassFromString(kRecord);
+  test.classRuntime.method_exchangeImplementations(
+      test.classRuntime.class_getInstanceMethod(record, "vn_ECMutableCalendarEvent_saveRecord"),
+      test.classRuntime.class_getInstanceMethod(record, kRefusing));
+}
 
 RoadWorld::EditorId RoadWorld::openEditor(std::string_view uid, std::string_view recurrenceId) {
   const EditorId editor = host.openEditor(uid, recurrenceId);

@@ -35,6 +35,10 @@ class RoadWorld {
   void removeClient();
   void quitClient();
   void installClientVersion(const std::string& version);
+  // A client as at the beginning: installed, running, and answering everything.
+  void bringClientBack();
+  // Whether the host can store a record at all, as on a disk that is full. It can at first.
+  void setHostStores(bool stores);
 
   // Opens an editor and lets the bar settle.
   EditorId openEditor(std::string_view uid, std::string_view recurrenceId = {});
@@ -64,6 +68,8 @@ class RoadWorld {
 
  private:
   bool barSays(EditorId editor, std::string_view question);
+
+  bool hostStores_ = true;
 };
 
 // A calendar with one appointment that has no meeting yet. Lines end in CRLF.

@@ -1,0 +1,241 @@
+// Times at the edges of zones and of the calendar, and dates of the host that are none.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <limits>
+
+#include "host/proxies/vnApptInfoKeys.h"
+#include "host/proxies/vnECCalendarEvent.h"
+#include "host/proxies/vnECRecurrence.h"
+#include "host/proxies/vnOLCalendarDate.h"
+#include "invitation/TimeUtils.h"
+#include "invitation/vnTime.h"
+#include "tests/support/TestPlatform.h"
+
+namespace vorn {
+namespace {
+
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double kEndless = std::numeric_limits<double>::infinity();
+
+TEST(TimeEdges, LocalTimesAroundAChangeOfTheClock) {
+  const struct {
+    const char *zone, *local, *utc;
+  } rows[] = {
+      // A time that is skipped counts with the offset before, one that comes twice as the earlier.
+      {"Europe/Berlin", "2026-03-29 01:59:59", "2026-03-29 00:59:59"},
+      {"Europe/Berlin", "2026-03-29 02:30:00", "2026-03-29 01:30:00"},
+      {"Europe/Berlin", "2026-03-29 03:00:00", "2026-03-29 01:00:00"},
+      {"Europe/Berlin", "2026-10-25 01:59:59", "2026-10-24 23:59:59"},
+      {"Europe/Berlin", "2026-10-25 02:30:00", "2026-10-25 00:30:00"},
+      {"Europe/Berlin", "2026-10-25 03:00:00", "2026-10-25 02:00:00"},
+      {"America/New_York", "2026-03-08 02:30:00", "2026-03-08 07:30:00"},
+      {"America/New_York", "2026-11-01 01:30:00", "2026-11-01 05:30:00"},
+      {"Australia/Lord_Howe", "2026-10-04 02:15:00", "2026-10-03 15:45:00"},
+      {"Australia/Lord_Howe", "2026-04-05 01:45:00", "2026-04-04 14:45:00"},
+      {"Pacific/Apia", "2011-12-30 12:00:00", "2011-12-30 22:00:00"},
+      {"Pacific/Kiritimati", "2026-01-01 00:00:00", "2025-12-31 10:00:00"},
+      {"Etc/GMT+12", "2026-01-01 00:00:00", "2026-01-01 12:00:00"},
+      {"Asia/Kathmandu", "2026-01-01 05:45:00", "2026-01-01 00:00:00"},
+      {"W. Europe Standard Time", "2026-07-01 12:00:00", "2026-07-01 10:00:00"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(TimeUtils::localToGMT(row.local, row.zone), row.utc) << row.zone << " " << row.local;
+  }
+}
+
+TEST(TimeEdges, ZonesThatNobodyKnowsGiveNoTime) {
+  for (const char* zone : {"", " ", "Nowhere/Zone", "europe/nowhere", "Customized Time Zone", "Z\xC3\xBCrich",
+                           "\xFF", "Europe/Berlin;Europe/Paris", "(UTC+01:00) Amsterdam, Berlin"}) {
+    EXPECT_EQ(TimeUtils::localToGMT("2026-01-01 00:00:00", zone), std::nullopt) << zone;
+    EXPECT_EQ(TimeUtils::stringToTimestampWithTimezone("2026-01-01 00:00:00", zone), "0") << zone;
+  }
+  EXPECT_EQ(TimeUtils::localToGMT("2026-01-01 00:00:00", std::string(1'000'000, 'Z')), std::nullopt);
+  EXPECT_EQ(TimeUtils::localToGMT("2026-01-01 00:00:00", std::nullopt), std::nullopt);
+}
+
+TEST(TimeEdges, TheFirstAndTheLastYear) {
+  // The calendar of today reaches back to the first year, without the days that were left out in 1582.
+  const std::pair<const char*, const char*> rows[] = {
+      {"0001-01-01 00:00:00", "-62135596800"},
+      {"1582-10-04 00:00:00", "-12220243200"},
+      {"1582-10-15 00:00:00", "-12219292800"},
+      {"1969-12-31 23:59:59", "-1"},
+      {"2000-02-29 00:00:00", "951782400"},
+      {"2038-01-19 03:14:08", "2147483648"},
+      {"9999-12-31 23:59:59", "253402300799"},
+      {"2026-02-29 00:00:00", "0"},
+      {"2026-13-01 00:00:00", "0"},
+      {"2026-00-10 00:00:00", "0"},
+      {"2026-01-01 24:00:00", "0"},
+      {"2026-01-01 23:59:60", "0"},
+      {"2026-01-01T00:00:00", "0"},
+      {"2026-01-01 00:00:00 ", "0"},
+      {"+026-01-01 00:00:00", "0"},
+      {"10000-01-01 00:00:00", "0"},
+      {"2026-01-01", "0"},
+      {"", "0"},
+  };
+  for (const auto& [text, timestamp] : rows) EXPECT_EQ(TimeUtils::stringToTimestamp(text), timestamp) << text;
+  // What leaves the years 1 to 9999 on its way has no text.
+  EXPECT_EQ(TimeUtils::localToGMT("9999-12-31 23:59:59", "America/New_York"), std::nullopt);
+  EXPECT_EQ(TimeUtils::localToGMT("0001-01-01 00:00:00", "Asia/Tokyo"), std::nullopt);
+  for (const double date : {kNotANumber, kEndless, -kEndless, 1e300, -1e300}) {
+    TimeUtils::dateToTimestamp(date);
+  }
+  EXPECT_EQ(TimeUtils::dateToTimestamp(kNotANumber), 0);
+}
+
+TEST(TimeEdges, StampsOfAnyTime) {
+  const auto stampOf = [](std::time_t time) { return vnTime::getStringFromTime(&time); };
+  EXPECT_EQ(stampOf(-2), "19691231T235958Z");
+  EXPECT_EQ(stampOf(253402300799), "99991231T235959Z");
+  EXPECT_EQ(stampOf(253402300800), "100000101T000000Z");
+  EXPECT_EQ(stampOf(std::numeric_limits<std::time_t>::max()), "");
+  EXPECT_EQ(stampOf(std::numeric_limits<std::time_t>::min()), "");
+  const std::pair<std::string, std::int64_t> rows[] = {
+      {"20260102T030405Z", 20260102030405},
+      {"TZTZ1Z", 1},
+      {" 12", 12},
+      {"-5Z", -5},
+      {"20260102T03:04", 2026010203},
+      {"99999999999999999999", std::numeric_limits<std::int64_t>::max()},
+      {"-99999999999999999999", std::numeric_limits<std::int64_t>::min()},
+      {std::string(1'000'000, '9'), std::numeric_limits<std::int64_t>::max()},
+      {std::string("1\0002", 3), 1},
+  };
+  for (const auto& [text, number] : rows) EXPECT_EQ(vnTime::getTimeFromStr(text), number) << text.substr(0, 30);
+}
+
+TEST(TimeEdges, MovingByTheMachinesZoneSurvivesEveryTime) {
+  ::setenv("TZ", "UTC", 1);
+  ::tzset();
+  EXPECT_EQ(TimeUtils::localToGMTWithTM(1'700'000'000, "Europe/Berlin"), 1'700'000'000);
+  // The first and the last second of the years that a broken-down time can hold.
+  constexpr std::time_t first = -67'768'040'609'740'800;
+  constexpr std::time_t last = 67'768'036'191'676'799;
+  constexpr std::time_t tooFarToMove = first + 59'958'230'399;
+  for (const std::time_t time : {std::numeric_limits<std::time_t>::max(), std::numeric_limits<std::time_t>::min(),
+                                 first - 1, first, tooFarToMove, last + 1}) {
+    EXPECT_EQ(TimeUtils::localToGMTWithTM(time, "UTC"), -1) << time;
+  }
+  EXPECT_EQ(TimeUtils::localToGMTWithTM(last, "UTC"), last);
+  ::unsetenv("TZ");
+  ::tzset();
+}
+
+// -- Dates of the host -------------------------------------------------------------------------------------------
+
+class HostDates : public testing::Test {
+ protected:
+  HostDates() {
+    for (const char* name : {"OLCalendarDate", "ECRecurrence", "ECCalendarEvent"}) runtime.defineClass(name);
+    answers("OLCalendarDate", {"dateUTC", "timeZone", "timeIntervalSinceDate:"});
+    answers("ECRecurrence", {"endType", "occurrenceCount", "startDate", "endDate", "pattern"});
+    answers("ECCalendarEvent", {"startTime", "endTime"});
+  }
+
+  void answers(const char* className, std::initializer_list<const char*> selectors) {
+    for (const char* selector : selectors) {
+      runtime.setInstanceMethod(className, selector, [this, selector](const HostObject& self, const Arguments&) {
+        return (*runtime.state<Value>(self))[selector];
+      });
+    }
+  }
+  HostObject make(const char* className, std::initializer_list<std::pair<std::string_view, Value>> items) {
+    Value state = Value::dictionary();
+    for (const auto& [key, value] : items) state.set(key, value);
+    return runtime.create(className, std::make_shared<Value>(state));
+  }
+  HostObject date(const Value& seconds, const Value& zone) {
+    return make("OLCalendarDate", {{"dateUTC", seconds}, {"timeZone", zone}});
+  }
+
+  TestPlatform world;
+  EmbeddedClassRuntime& runtime = world.classRuntime;
+};
+
+TEST_F(HostDates, AnEntryEndsAtTheFirstThingThatCannotBeSaid) {
+  const struct {
+    Value seconds, zone;
+    OptionalText utc, local;
+    std::size_t entries;
+  } rows[] = {
+      {1'774'747'800, "Europe/Berlin", "2026-03-29 01:30:00", "2026-03-29 03:30:00", 3},
+      {1'792'888'200, "Europe/Berlin", "2026-10-25 00:30:00", "2026-10-25 02:30:00", 3},
+      {1'792'891'800, "Europe/Berlin", "2026-10-25 01:30:00", "2026-10-25 02:30:00", 3},
+      {-0.5, "UTC", "1969-12-31 23:59:59", "1969-12-31 23:59:59", 3},
+      {59.999, "UTC", "1970-01-01 00:00:59", "1970-01-01 00:00:59", 3},
+      {0, "Customized Time Zone", "1970-01-01 00:00:00", std::nullopt, 1},
+      {0, "", "1970-01-01 00:00:00", std::nullopt, 1},
+      {0, Value(), "1970-01-01 00:00:00", std::nullopt, 1},
+      {0, 7, "1970-01-01 00:00:00", std::nullopt, 1},
+      {-62'135'596'800.0, "UTC", "0001-01-01 00:00:00", "0001-01-01 00:00:00", 3},
+      {-62'135'596'800.0, "America/New_York", "0001-01-01 00:00:00", std::nullopt, 1},
+      {253'402'300'799.0, "Asia/Tokyo", "9999-12-31 23:59:59", std::nullopt, 1},
+      {253'402'300'800.0, "UTC", std::nullopt, std::nullopt, 0},
+      {1e300, "UTC", std::nullopt, std::nullopt, 0},
+      {kNotANumber, "UTC", std::nullopt, std::nullopt, 0},
+      {-kEndless, "UTC", std::nullopt, std::nullopt, 0},
+      {"1970", "UTC", std::nullopt, std::nullopt, 0},
+      {Value(), "UTC", std::nullopt, std::nullopt, 0},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.seconds.realValue());
+    const vnOLCalendarDate proxy(date(row.seconds, row.zone));
+    EXPECT_EQ(proxy.UTCTime(), row.utc);
+    EXPECT_EQ(proxy.LocalTime(), row.local);
+    EXPECT_EQ(proxy.getVnMeetingData().count(), row.entries);
+  }
+  EXPECT_EQ(vnOLCalendarDate(HostObject()).getVnMeetingData().count(), 0u);
+}
+
+TEST_F(HostDates, MinutesAreCutTowardZeroAndToTheHostsNumber) {
+  const std::pair<Value, const char*> rows[] = {
+      {89, "1"},
+      {-89, "-1"},
+      {59.999, "0"},
+      {1e300, "2147483647"},
+      {-1e300, "-2147483648"},
+      {Value(), "0"},
+      {kNotANumber, "0"},
+      {kEndless, "2147483647"},
+      {"90", "1"},
+  };
+  for (const auto& [seconds, minutes] : rows) {
+    const HostObject end = make("OLCalendarDate", {{"timeIntervalSinceDate:", seconds}});
+    EXPECT_EQ(vnECCalendarEvent(make("ECCalendarEvent", {{"endTime", end}})).getVnDuration(), minutes)
+        << seconds.realValue();
+  }
+}
+
+TEST_F(HostDates, ARecurrenceSaysHowItEndsAndWithoutAnEndNoCount) {
+  const HostObject start = date(0, "UTC");
+  const auto infoOf = [&](const Value& endType, const HostObject& end) {
+    return vnECRecurrence(make("ECRecurrence", {{"endType", endType},
+                                                {"occurrenceCount", 4},
+                                                {"pattern", "any"},
+                                                {"startDate", start},
+                                                {"endDate", end}}))
+        .getVnMeetingData()[vn_ApptInfo_RecurrenceInfo];
+  };
+  const Value endless = infoOf(0, {});
+  EXPECT_EQ(endless[vn_ApptInfo_Recurrence_EndDateType], Value(0));
+  EXPECT_FALSE(endless.contains(vn_ApptInfo_Recurrence_Occurrences));
+  EXPECT_EQ(endless[vn_ApptInfo_Recurrence_DatePatternStart][vn_ApptInfo_CalDate_UTCTime].text(),
+            "1970-01-01 00:00:00");
+  EXPECT_EQ(endless[vn_ApptInfo_Recurrence_DatePatternEnd], Value::dictionary());
+  for (const std::int64_t type : {std::int64_t{1}, std::int64_t{-7}, std::numeric_limits<std::int64_t>::max()}) {
+    const Value counted = infoOf(type, date(86400, "UTC"));
+    EXPECT_EQ(counted[vn_ApptInfo_Recurrence_EndDateType], Value(type));
+    EXPECT_EQ(counted[vn_ApptInfo_Recurrence_Occurrences], Value(4));
+    EXPECT_EQ(counted[vn_ApptInfo_Recurrence_DatePatternEnd][vn_ApptInfo_CalDate_UTCTime].text(),
+              "1970-01-02 00:00:00");
+  }
+  EXPECT_EQ(vnECRecurrence(HostObject()).getVnMeetingData(), Value::dictionary());
+}
+
+}  // namespace
+}  // namespace vorn

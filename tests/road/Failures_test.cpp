@@ -1,0 +1,478 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/Localization.h"
+#include "tests/road/world/RoadWorld.h"
+
+// Whatever goes wrong at whatever moment: the calendar holds what it held or what it should hold, the editor stays
+// open with what the user has typed, and when the trouble is over the next save does what an undisturbed one does.
+
+namespace vorn {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+using EditorId = RoadWorld::EditorId;
+using Fault = InProcessClient::Fault;
+
+constexpr const char* kPlain = "SUMMARY:Review\r\nLOCATION:Castle\r\nDESCRIPTION:Bring the figures.\r\n";
+constexpr const char* kWithGuest =
+    "SUMMARY:Review\r\nLOCATION:Castle\r\nDESCRIPTION:Bring the figures.\r\n"
+    "ORGANIZER:mailto:me@vorn.example\r\nATTENDEE;CN=Ada:mailto:ada@vorn.example\r\n";
+constexpr const char* kTyped = "Review, renamed";
+
+// What a person does, until it is done or visibly cannot be done.
+struct Operation {
+  const char* name;
+  const char* appointment;
+  bool hadMeeting;
+  bool endsMeeting;
+  // The requests before this one, counted from 1, are those of another operation and are tried there.
+  std::size_t firstMoment;
+  std::function<void(RoadWorld&, EditorId)> perform;
+};
+
+void finish(RoadWorld& world, EditorId editor) {
+  if (world.host.hasAttendees(editor)) {
+    world.send(editor);
+  } else {
+    world.saveAndClose(editor);
+  }
+}
+
+void addAndFinish(RoadWorld& world, EditorId editor) {
+  if (world.offersAdd(editor)) world.clickAdd(editor);
+  if (world.showsMeeting(editor)) finish(world, editor);
+}
+
+void cancelAndFinish(RoadWorld& world, EditorId editor) {
+  world.clickCancel(editor);
+  if (world.offersAdd(editor)) finish(world, editor);
+}
+
+const Operation kOperations[] = {
+    {"add and save", kPlain, false, false, 1, addAndFinish},
+    {"change and save", kPlain, true, false, 1, finish},
+    {"change and send", kWithGuest, true, false, 3, finish},
+    {"cancel and save", kPlain, true, true, 2, cancelAndFinish},
+};
+
+// What befalls one request.
+struct Cause {
+  const char* name;
+  std::function<void(RoadWorld&, Fault&)> set;
+  // Tried at commits alone: elsewhere another cause of its kind stands for it.
+  bool isForCommits = false;
+};
+
+Cause refusal(const char* words) {
+  return {words, [words](RoadWorld&, Fault& fault) { fault.refusal = words; }};
+}
+
+Cause atCommits(Cause cause) {
+  cause.isForCommits = true;
+  return cause;
+}
+
+Cause spoilt(const char* name, std::function<std::string(std::string)> spoil) {
+  return {name, [spoil = std::move(spoil)](RoadWorld&, Fault& fault) { fault.spoil = spoil; }};
+}
+
+Cause happening(const char* name, std::function<void(RoadWorld&)> happens, int answers = 1) {
+  return {name, [happens = std::move(happens), answers](RoadWorld& world, Fault& fault) {
+            fault.meanwhile = [&world, happens] { happens(world); };
+            fault.times = answers;
+          }};
+}
+
+// The fields in front of the packed meeting, and then something else.
+std::string withoutPackedMeeting(std::string content) {
+  std::size_t at = 0;
+  for (int field = 0; field < 13; ++field) {
+    at = content.find(';', at);
+    if (at == std::string::npos) return content;
+    ++at;
+  }
+  return content.substr(0, at) + "%%% no packed meeting %%%";
+}
+
+const std::vector<Cause>& causes() {
+  static const std::vector<Cause> all = {
+      {"lost on its way", [](RoadWorld&, Fault& fault) { fault.isLost = true; }},
+      {"answered by nobody", [](RoadWorld&, Fault& fault) { fault.times = 0; }},
+      {"the last that is answered by nobody", [](RoadWorld&, Fault& fault) { fault.goesSilent = true; }},
+      {"answered twice", [](RoadWorld&, Fault& fault) { fault.times = 2; }},
+      {"answered after the sheet has gone", [](RoadWorld&, Fault& fault) { fault.answerSeconds = 70; }},
+      spoilt("an empty answer", [](const std::string&) { return std::string(); }),
+      spoilt("an answer that says nothing", [](const std::string&) { return std::string("%%%"); }),
+      spoilt("an answer cut short", [](std::string content) { return content.substr(0, content.find(';') + 1); }),
+      spoilt("an answer without its packed meeting", withoutPackedMeeting),
+      happening("the client quits and its answer comes all the same", [](RoadWorld& w) { w.quitClient(); }),
+      happening(
+          "the client quits", [](RoadWorld& w) { w.quitClient(); }, 0),
+      atCommits(happening("the client is taken off the machine", [](RoadWorld& w) { w.removeClient(); })),
+      atCommits(happening("the client is exchanged for an old one",
+                          [](RoadWorld& w) { w.installClientVersion("3.4.99999"); })),
+      atCommits(refusal("0;Error 2")),
+      refusal("0;Error 3001"),
+      atCommits(refusal("0;Error VornClientNotSignIn")),
+      refusal("0;Error 9999 the moon is full"),
+      atCommits(refusal("0;Error 3018")),
+      atCommits(refusal("0;Error 5003")),
+      atCommits(refusal("0;Error 3068")),
+      atCommits(refusal("0;Error 1113;ada@vorn.example#no")),
+      atCommits(refusal("0;Error 1114;ada@vorn.example#no")),
+      atCommits(refusal("0;Error 1115")),
+      atCommits(refusal("0;Error 3070")),
+      atCommits(refusal("0;Error 3002")),
+      atCommits(refusal("0;Error 3003")),
+      atCommits(refusal("0;Error 3402")),
+      atCommits(refusal("0;Error 3403")),
+      atCommits(refusal("0;Error 3105")),
+      atCommits(refusal("0;Error 3113")),
+      atCommits(refusal("0;Error 3161")),
+      atCommits(refusal("0;Err something else")),
+  };
+  return all;
+}
+
+// Numbers, passcodes, tokens and digests differ from one run to the next: words of digits alone become "#", and so
+// do those with many digits and those of 32 characters and more.
+std::string withoutVaryingWords(const std::string& text) {
+  const auto isWordCharacter = [](unsigned char c) { return std::isalnum(c) != 0; };
+  std::string result;
+  for (auto at = text.begin(); at != text.end();) {
+    const auto end = std::find_if_not(at, text.end(), isWordCharacter);
+    if (at == end) {
+      result += *at++;
+      continue;
+    }
+    const auto digits = std::count_if(at, end, [](unsigned char c) { return std::isdigit(c) != 0; });
+    const bool isVarying = digits == end - at || digits >= 9 || end - at >= 32;
+    result += isVarying ? std::string("#") : std::string(at, end);
+    at = end;
+  }
+  return result;
+}
+
+// A calendar with the appointment as the operation finds it, and the editor open with something typed.
+struct Scene {
+  explicit Scene(const Operation& operation) : world(calendarWith(operation.appointment)) {
+    if (operation.hadMeeting) {
+      editor = world.openEditor("one");
+      world.clickAdd(editor);
+      finish(world, editor);
+      EXPECT_FALSE(world.host.isOpen(editor));
+    }
+    before = world.calendarText();
+    world.client->forgetRequests();
+  }
+
+  void openAndType() {
+    editor = world.openEditor("one");
+    world.host.typeSubject(editor, kTyped);
+  }
+
+  // What is stored, as far as it does not differ from one run to the next.
+  std::string outcome() {
+    const auto event = world.store.find("one");
+    std::string text = event->summary().value_or("-") + "\n" + event->location().value_or("-") + "\n" +
+                       event->description().value_or("-") + "\n" + event->htmlDescription().value_or("-") + "\n" +
+                       event->olmUCInband().value_or("-");
+    return withoutVaryingWords(text);
+  }
+
+  bool meetingIsGone() { return !world.service.meetings().find(world.record("one")["meetingKey"].integerValue()); }
+
+  RoadWorld world;
+  EditorId editor{};
+  std::string before;
+};
+
+class Failures : public testing::TestWithParam<Operation> {
+ protected:
+  Failures() {
+    Scene undisturbed(GetParam());
+    undisturbed.openAndType();
+    GetParam().perform(undisturbed.world, undisturbed.editor);
+    EXPECT_FALSE(undisturbed.world.host.isOpen(undisturbed.editor));
+    good_ = undisturbed.outcome();
+    requests_ = undisturbed.world.client->requestNames();
+  }
+
+  // The operation failed or it did not; it did nothing by halves.
+  void expectAllOrNothing(Scene& scene) {
+    RoadWorld& world = scene.world;
+    EXPECT_FALSE(world.test.presenter.showsProgress());
+    if (!world.host.isOpen(scene.editor)) {
+      EXPECT_EQ(scene.outcome(), good_);
+      return;
+    }
+    EXPECT_EQ(world.calendarText(), scene.before);
+    EXPECT_TRUE(world.host.isDirty(scene.editor));
+    EXPECT_EQ(world.host.subject(scene.editor), kTyped);
+  }
+
+  void expectTheNextTrySucceeds(Scene& scene) {
+    RoadWorld& world = scene.world;
+    world.bringClientBack();
+    const bool meetingIsGone = GetParam().endsMeeting && scene.meetingIsGone();
+    if (world.host.isOpen(scene.editor)) {
+      // A cancel that failed has cleared what the window knew of the meeting: the next one begins in a fresh
+      // window.
+      if (GetParam().endsMeeting) {
+        world.abandon(scene.editor);
+        scene.openAndType();
+      }
+      GetParam().perform(world, scene.editor);
+      if (meetingIsGone) {
+        // It was deleted and the answer was lost. The service does not know it any more and says so.
+        EXPECT_EQ(world.lastAlert(), localizedString("MeetingNotFound"));
+        EXPECT_EQ(world.calendarText(), scene.before);
+        return;
+      }
+    }
+    EXPECT_FALSE(world.host.isOpen(scene.editor)) << world.lastAlert();
+    EXPECT_EQ(scene.outcome(), good_);
+  }
+
+  std::string good_;
+  std::vector<std::string> requests_;
+};
+
+TEST_P(Failures, AtAnyRequestCostNothingAndAreOverWhenTheTroubleIs) {
+  for (std::size_t moment = GetParam().firstMoment; moment <= requests_.size(); ++moment) {
+    const std::string& request = requests_[moment - 1];
+    const bool isCommit = request == "3/1" || request == "3/2";
+    // Nothing waits for the audio conferences, whatever the operation.
+    if (request == "9" && GetParam().hadMeeting) continue;
+    for (const Cause& cause : causes()) {
+      if (cause.isForCommits && !isCommit) continue;
+      SCOPED_TRACE("request " + request + ", the " + std::to_string(moment) + "th: " + cause.name);
+      Scene scene(GetParam());
+      Fault fault;
+      cause.set(scene.world, fault);
+      scene.world.client->failAt(moment, fault);
+      scene.openAndType();
+      GetParam().perform(scene.world, scene.editor);
+      scene.world.settle(130);
+      expectAllOrNothing(scene);
+      expectTheNextTrySucceeds(scene);
+    }
+  }
+}
+
+TEST_P(Failures, BeforeTheFirstRequestCostNothing) {
+  const std::pair<const char*, void (*)(RoadWorld&)> troubles[] = {
+      {"not running", [](RoadWorld& world) { world.quitClient(); }},
+      {"not installed", [](RoadWorld& world) { world.removeClient(); }},
+      {"too old", [](RoadWorld& world) { world.installClientVersion("3.4.99999"); }},
+  };
+  for (const bool beforeTheEditorOpens : {true, false}) {
+    for (const auto& [name, trouble] : troubles) {
+      SCOPED_TRACE(std::string(name) + (beforeTheEditorOpens ? " before" : " after") + " the editor opens");
+      Scene scene(GetParam());
+      if (beforeTheEditorOpens) trouble(scene.world);
+      scene.openAndType();
+      EXPECT_EQ(scene.world.lastAlert(), "") << "who merely opens an appointment is not told";
+      trouble(scene.world);
+      GetParam().perform(scene.world, scene.editor);
+      EXPECT_NE(scene.world.lastAlert(), "");
+      EXPECT_TRUE(scene.world.host.isOpen(scene.editor));
+      expectAllOrNothing(scene);
+      expectTheNextTrySucceeds(scene);
+    }
+  }
+}
+
+TEST_P(Failures, OfTheHostsOwnSaveLeaveTheEditorOpen) {
+  Scene scene(GetParam());
+  scene.openAndType();
+  scene.world.setHostStores(false);
+  GetParam().perform(scene.world, scene.editor);
+  ASSERT_TRUE(scene.world.host.isOpen(scene.editor));
+  EXPECT_EQ(scene.world.calendarText(), scene.before);
+  EXPECT_TRUE(scene.world.host.isDirty(scene.editor));
+  EXPECT_EQ(scene.world.host.subject(scene.editor), kTyped);
+
+  scene.world.setHostStores(true);
+  finish(scene.world, scene.editor);
+  EXPECT_FALSE(scene.world.host.isOpen(scene.editor));
+  EXPECT_EQ(scene.outcome(), good_);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Failures, testing::ValuesIn(kOperations), [](const auto& info) {
+  std::string name = info.param.name;
+  std::replace(name.begin(), name.end(), ' ', '_');
+  return name;
+});
+
+// The sheet goes after a minute, and nothing else happens then: an answer is taken whenever it comes.
+TEST(Waiting, ShowsItsSheetForAMinuteAndTakesTheAnswerAllTheSame) {
+  Scene scene(kOperations[0]);
+  Fault late;
+  late.answerSeconds = 90;
+  scene.world.client->failAt(3, late);
+  scene.openAndType();
+  scene.world.host.clickBar(scene.editor, "onClickAddVornMeeting:");
+  scene.world.settle(59.5);
+  EXPECT_TRUE(scene.world.test.presenter.showsProgress());
+  scene.world.settle(1);
+  EXPECT_FALSE(scene.world.test.presenter.showsProgress());
+  EXPECT_TRUE(scene.world.offersAdd(scene.editor));
+  EXPECT_EQ(scene.world.lastAlert(), "");
+  scene.world.settle(30);
+  EXPECT_TRUE(scene.world.showsMeeting(scene.editor));
+  EXPECT_FALSE(scene.world.test.presenter.showsProgress());
+}
+
+// What is stored about the meeting fits together, and fits what the service knows.
+void expectNothingByHalves(Scene& scene) {
+  RoadWorld& world = scene.world;
+  const auto event = world.store.find("one");
+  const std::string location = event->location().value_or("");
+  const std::string html = event->htmlDescription().value_or("");
+  const Value record = world.record("one");
+  EXPECT_THAT(event->description().value_or(""), HasSubstr("Bring the figures."));
+  EXPECT_THAT(location, StartsWith("Castle"));
+  if (scene.meetingIsGone()) {
+    EXPECT_TRUE(record["meetingKey"].isAbsent());
+    EXPECT_EQ(location, "Castle");
+    EXPECT_THAT(html, Not(HasSubstr("MacVnBookmark")));
+    return;
+  }
+  EXPECT_EQ(location, "Castle; " + record["joinUrl"].text());
+  const std::size_t bookmark = html.find("MacVnBookmarkBegin");
+  EXPECT_NE(bookmark, std::string::npos);
+  EXPECT_EQ(html.find("MacVnBookmarkBegin", bookmark + 1), std::string::npos);
+  const auto meeting = world.service.meetings().find(record["meetingKey"].integerValue());
+  EXPECT_EQ(meeting->subject, event->summary().value_or(""));
+}
+
+// Commands are not queued: a new one overwrites what the manager waits for, and the older one's reply is read in
+// the new state.
+TEST(CommandsThatOvertakeOneAnother, LeaveNothingByHalves) {
+  const auto add = [](Scene& scene) { scene.world.host.clickBar(scene.editor, "onClickAddVornMeeting:"); };
+  const auto cancel = [](Scene& scene) { scene.world.host.clickBar(scene.editor, "onClickCancelVornMeeting:"); };
+  const auto save = [](Scene& scene) { scene.world.host.save(scene.editor); };
+  const auto saveAndClose = [](Scene& scene) { scene.world.host.saveAndClose(scene.editor); };
+  using Act = std::function<void(Scene&)>;
+  const struct {
+    const char* name;
+    const Operation& operation;
+    std::vector<Act> acts;
+  } rows[] = {
+      {"add twice", kOperations[0], {add, add}},
+      {"save while the add waits", kOperations[0], {add, save}},
+      {"save and close while the add waits", kOperations[0], {add, saveAndClose}},
+      {"save twice", kOperations[1], {save, save}},
+      {"save and close twice", kOperations[1], {saveAndClose, saveAndClose}},
+      {"close while the save waits", kOperations[1], {save, saveAndClose}},
+      {"cancel while the save waits", kOperations[1], {save, cancel}},
+      {"save while the cancel waits", kOperations[1], {cancel, save}},
+      {"save and close while the cancel waits", kOperations[1], {cancel, saveAndClose}},
+      {"cancel twice", kOperations[1], {cancel, cancel}},
+  };
+  // From the next act before anything has come back to the next act when nearly all has.
+  for (const double between : {0.0, 0.06, 0.12}) {
+    for (const auto& row : rows) {
+      SCOPED_TRACE(std::string(row.name) + " after " + std::to_string(between));
+      Scene scene(row.operation);
+      scene.openAndType();
+      for (const Act& act : row.acts) {
+        act(scene);
+        scene.world.settle(between);
+      }
+      scene.world.settle(130);
+      EXPECT_FALSE(scene.world.test.presenter.showsProgress());
+      if (scene.world.host.isOpen(scene.editor)) scene.world.saveAndClose(scene.editor);
+      EXPECT_FALSE(scene.world.host.isOpen(scene.editor));
+      expectNothingByHalves(scene);
+    }
+  }
+}
+
+// A commit holds what stood in the editor when it went out.
+TEST(CommandsThatOvertakeOneAnother, LeaveWhatWasTypedMeanwhileToTheNextSave) {
+  Scene scene(kOperations[1]);
+  scene.openAndType();
+  scene.world.host.saveAndClose(scene.editor);
+  scene.world.settle(0.06);
+  scene.world.host.typeSubject(scene.editor, "Renamed again");
+  scene.world.settle();
+  EXPECT_FALSE(scene.world.host.isOpen(scene.editor));
+  EXPECT_EQ(scene.world.store.find("one")->summary(), "Renamed again");
+  scene.world.saveAndClose(scene.world.openEditor("one"));
+  expectNothingByHalves(scene);
+}
+
+constexpr const char* kTwoAppointments =
+    "SUMMARY:Review\r\nEND:VEVENT\r\nBEGIN:VEVENT\r\nUID:two\r\nDTSTAMP:20261101T080000Z\r\n"
+    "DTSTART:20261124T090000Z\r\nDTEND:20261124T100000Z\r\nSUMMARY:Other\r\n";
+
+// Requests carry no number that a reply repeats. Of two windows that wait for the same kind of reply both take the
+// first one, and the second finds nobody who waits.
+TEST(TwoWindows, ThatWaitAtOnceBothTakeTheFirstReply) {
+  RoadWorld world(calendarWith(kTwoAppointments));
+  const EditorId first = world.openEditor("one");
+  const EditorId second = world.openEditor("two");
+  const EditorId bystander = world.host.openNew(1795514400);
+  world.settle();
+  world.clickAdd(bystander);
+  world.client->forgetRequests();
+  const std::string bystandersLocation = world.host.location(bystander);
+  world.host.clickBar(first, "onClickAddVornMeeting:");
+  world.host.clickBar(second, "onClickAddVornMeeting:");
+  world.settle();
+  EXPECT_EQ(world.host.location(first), world.host.location(second));
+  EXPECT_EQ(world.host.location(bystander), bystandersLocation);
+  EXPECT_FALSE(world.test.presenter.showsProgress());
+  world.saveAndClose(first);
+  world.saveAndClose(second);
+  EXPECT_FALSE(world.host.isOpen(first));
+  EXPECT_FALSE(world.host.isOpen(second));
+  EXPECT_EQ(world.record("one")["meetingKey"], world.record("two")["meetingKey"]);
+}
+
+// The profile is the whole process's, and a window that closes clears it for all.
+TEST(TwoWindows, OneThatClosesTakesNothingFromTheOther) {
+  RoadWorld world(calendarWith(kTwoAppointments));
+  EditorId first = world.openEditor("one");
+  world.clickAdd(first);
+  world.saveAndClose(first);
+  const std::string key = world.record("one")["meetingKey"].text();
+
+  first = world.openEditor("one");
+  world.host.typeSubject(first, kTyped);
+  world.abandon(world.openEditor("two"));
+  world.saveAndClose(first);
+  EXPECT_FALSE(world.host.isOpen(first));
+  EXPECT_EQ(world.record("one")["meetingKey"].text(), key);
+  EXPECT_EQ(world.service.meetings().find(std::stoll(key))->subject, kTyped);
+}
+
+TEST(TwoWindows, AReplyForOneThatHasClosedLeavesTheOtherAlone) {
+  RoadWorld world(calendarWith(kTwoAppointments));
+  const EditorId first = world.openEditor("one");
+  const EditorId second = world.openEditor("two");
+  world.host.typeLocation(second, "Tower");
+  world.host.clickBar(first, "onClickAddVornMeeting:");
+  world.host.closeWithoutSaving(first);
+  world.settle(120);
+  EXPECT_TRUE(world.offersAdd(second));
+  EXPECT_EQ(world.host.location(second), "Tower");
+  world.saveAndClose(second);
+  EXPECT_EQ(world.store.find("two")->location(), "Tower");
+  EXPECT_TRUE(world.record("one").isAbsent());
+  EXPECT_TRUE(world.record("two").isAbsent());
+}
+
+}  // namespace
+}  // namespace vorn

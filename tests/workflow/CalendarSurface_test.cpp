@@ -1,0 +1,79 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "channel/commands/vnAPIKeys.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "host/proxies/vnECCalendarEvent.h"
+#include "tests/workflow/FakeWindow.h"
+#include "workflow/vnCalendarActionMgr.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+namespace {
+
+class CalendarEdit : public testing::Test {
+ protected:
+  CalendarEdit() {
+    defineWindowClasses(test.classRuntime);
+    WorkflowDirectory::sharedInstance().install();
+  }
+
+  Value meetingData(const FakeWindow& window, const char* key) {
+    Value data = Value::dictionaryFromPairs(
+        {{vn_Outlook_ApptInfo, Value::dictionaryFromPairs({{vn_ApptInfo_OlApptUUID, "uuid"}})},
+         {vn_MeetingKey, key},
+         {keyEventOwnerWindow, window.bar->ownWindow},
+         {keyApptWindowID, window.bar->ownWindow.windowId()},
+         {keyDragAndMoveOnCalendar, true}});
+    return data;
+  }
+
+  TestPlatform test;
+};
+
+TEST_F(CalendarEdit, IsNotedInItsManagerEvenWhenItIsRefused) {
+  FakeWindow window(test);
+  // No client is installed, so the request is refused.
+  EXPECT_EQ(window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77")), 1);
+  EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
+  EXPECT_TRUE(window.manager->isDragAndMove());
+  EXPECT_EQ(window.manager->getVornMeetingKey(), "77");
+  EXPECT_EQ(window.manager->meetingDataMgr()->getSavedApptInfo()[vn_ApptInfo_OlApptUUID], Value("uuid"));
+  EXPECT_EQ(window.bar->action, VnApptActionCalendarEdit);
+}
+
+TEST_F(CalendarEdit, GoesOnAtTheReplyOnce) {
+  FakeWindow window(test);
+  window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77"));
+  window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
+  EXPECT_EQ(window.manager->state(), VnStateCommitting);
+  window.manager->setState(VnStateUpdateOnCalendar);
+  window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
+  EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
+}
+
+TEST_F(CalendarEdit, IsParkedNowhereAfterTheEndOfItsManager) {
+  FakeWindow window(test);
+  window.manager->cleanup();
+  EXPECT_EQ(window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77")), 0);
+  window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
+  EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
+}
+
+TEST_F(CalendarEdit, AnAppointmentThatSupportsNoMeetingIsLeftAlone) {
+  vnCalendarActionMgr& calendar = vnCalendarActionMgr::sharedInstance();
+  EXPECT_EQ(calendar.updateAppointmentOnCalendar(Value::dictionary(), HostObject(), false, VnCmdUpdate, "77"), 0);
+  EXPECT_EQ(calendar.deleteMeeting(HostObject()), 0);
+  EXPECT_EQ(calendar.updateSubject(HostObject(), "Renamed"), 0);
+  EXPECT_EQ(vnMeetingMgr::sharedInstance()->state(), VnStateIdle);
+}
+
+TEST(Duration, IsCutTowardZeroToWholeMinutes) {
+  const std::pair<double, const char*> rows[] = {{5400, "90"}, {29.5 * 60, "29"},     {59, "0"},
+                                                 {-90, "-1"},  {1e300, "2147483647"}, {std::nan(""), "0"}};
+  for (const auto& [seconds, text] : rows) EXPECT_EQ(durationText(seconds), text) << seconds;
+}
+
+}  // namespace
+}  // namespace vorn

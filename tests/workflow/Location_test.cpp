@@ -1,0 +1,309 @@
+// The location of an appointment: the user's own words, rooms and the join URL, put together and taken apart.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <random>
+
+#include "channel/commands/vnAPIKeys.h"
+#include "data/vnMeetingInfoKeys.h"
+#include "data/vnSettingKeys.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "host/proxies/vnOLPropertyKeys.h"
+#include "tests/workflow/FakeWindow.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+
+namespace vorn {
+namespace {
+
+const char* const kOpen = "https://vorn.example/j/1";
+const char* const kWithPasscode = "https://vorn.example/j/1?pwd=x";
+
+class Location : public testing::Test {
+ protected:
+  Location() {
+    defineWindowClasses(test.classRuntime);
+    WorkflowDirectory::sharedInstance().install();
+  }
+
+  static vnMeetingDataMgr& data(FakeWindow& window) { return *window.manager->meetingDataMgr(); }
+  static std::string shown(FakeWindow& window) { return window.get(window.field, "stringValue").text(); }
+  static OptionalText own(FakeWindow& window) {
+    return window.manager->getOLUserInputLocation(window.bar->editor);
+  }
+
+  // The service has answered a save: the appointment is written with the URL that it gave.
+  static void writeBack(FakeWindow& window, const Value& joinUrl, bool include = true,
+                        std::uint64_t action = VnCmdUpdate) {
+    window.manager->setMeetingAction(action);
+    data(window).setForceIncludeJoinUrlInLocation(include);
+    Value info = Value::dictionary();
+    info.set(vn_Meeting_JoinUrl, joinUrl);
+    window.manager->updateVnKeyInfoToAppointment(window.bar->editor, info, false);
+  }
+  static void cancel(FakeWindow& window) {
+    window.manager->updateVnMeetingInfoToAppointmentForDelete(window.bar->editor, Value::dictionary());
+  }
+
+  TestPlatform test;
+  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+};
+
+TEST_F(Location, TheUsersOwnTextIsFoundInEveryOrderOfTheParts) {
+  FakeWindow window(test);
+  window.invite("Room 7", 2);
+  window.invite("Ada", 0);
+  window.invite("東京", 2);
+  data(window).setJoinUrl(kOpen);
+  data(window).setJoinUrl(kWithPasscode);
+  for (const char* text : {"Castle", "Castle; east wing", "Straße 5; 😀", "Ada's desk", "https://elsewhere/j/1"}) {
+    std::array<std::string, 5> parts{text, "Room 7", "東京", kOpen, kWithPasscode};
+    std::sort(parts.begin(), parts.end());
+    do {
+      std::string joined;
+      for (const std::string& part : parts) joined += (joined.empty() ? "" : "; ") + part;
+      window.showLocation(joined);
+      EXPECT_EQ(own(window), text) << joined;
+    } while (std::next_permutation(parts.begin(), parts.end()));
+  }
+}
+
+TEST_F(Location, TheUsersOwnTextIsWhatNobodyElsePutThere) {
+  FakeWindow window(test);
+  window.invite("Room 7", 2);
+  window.invite("Ada", 0);
+  window.invite("", 2);
+  data(window).setSavedApptInfo(Value::dictionaryFromPairs(
+      {{vn_ApptInfo_Attendees,
+        Value(Value::Array{Value::dictionaryFromPairs(
+            {{vn_ApptInfo_AttendeeName, "Room left"}, {vn_ApptInfo_AttendeeType, "2"}})})}}));
+  data(window).setJoinUrl(kWithPasscode);
+  data(window).setJoinUrl(kOpen);
+  const std::pair<const char*, const char*> rows[] = {
+      {"", ""},
+      {"  \n", ""},
+      {" Castle \n", "Castle"},
+      {";; Castle ;;", "Castle"},
+      {"Castle;Room 7;https://vorn.example/j/1", "Castle"},
+      {"Room left; Castle", "Castle"},
+      {"https://vorn.example/j/1?pwd=x; https://vorn.example/j/1?pwd=x", ""},
+      {"https://vorn.example/j/12", "2"},
+      {"Ada", "Ada"},
+      {"HTTPS://VORN.EXAMPLE/j/1", "HTTPS://VORN.EXAMPLE/j/1"},
+  };
+  for (const auto& [text, expected] : rows) {
+    window.showLocation(text);
+    EXPECT_EQ(own(window), expected) << text;
+  }
+  // Without a field the event answers.
+  window.set(window.bar->editor, "locationTextField", nullptr);
+  window.set(window.bar->event, "location", "Tower; https://vorn.example/j/1?pwd=x");
+  EXPECT_EQ(own(window), "Tower");
+}
+
+TEST_F(Location, RoomsComeBeforeTheUrl) {
+  FakeWindow window(test);
+  EXPECT_EQ(window.manager->getVnLocation(nullptr), std::nullopt);
+  EXPECT_EQ(window.manager->getVnLocation(window.bar), std::nullopt);
+  data(window).setJoinUrl(kOpen);
+  EXPECT_EQ(window.manager->getVnLocation(window.bar), kOpen);
+  window.invite("Ada", 0);
+  window.invite("Room 7", 2);
+  window.invite("Bob", 1);
+  window.invite("Room 8", 2);
+  EXPECT_EQ(window.manager->getVnLocation(window.bar), "Room 7; Room 8; https://vorn.example/j/1");
+}
+
+TEST_F(Location, AUrlThatIsSwitchedOffIsKeptUpToDateButNotAdded) {
+  FakeWindow window(test);
+  struct Row {
+    std::uint64_t action;
+    bool include;
+    const char* shown;
+    OptionalText oldUrl;
+    bool expected;
+  };
+  const Row rows[] = {
+      {VnCmdSchedule, true, "", kOpen, true},
+      {VnCmdSchedule, false, kOpen, kOpen, false},
+      {VnCmdAdd, true, "", kOpen, true},
+      {VnCmdUpdate, true, "", std::nullopt, true},
+      {VnCmdUpdate, false, "Castle; https://vorn.example/j/1", kOpen, true},
+      {VnCmdUpdate, false, "Castle", kOpen, false},
+      {VnCmdUpdate, false, "", kOpen, false},
+      {VnCmdUpdate, false, "Castle", "", false},
+      {VnCmdUpdate, false, "Castle", std::nullopt, false},
+  };
+  for (const Row& row : rows) {
+    window.manager->setMeetingAction(row.action);
+    data(window).setForceIncludeJoinUrlInLocation(row.include);
+    window.showLocation(row.shown);
+    EXPECT_EQ(window.manager->needUpdateLocation(window.bar->editor, row.oldUrl), row.expected)
+        << row.action << " " << row.shown;
+  }
+}
+
+// One window through several saves; each row goes on where the one before it stopped.
+TEST_F(Location, TheUrlFollowsTheServiceAndTheUsersChoice) {
+  FakeWindow window(test);
+  window.invite("Room 7", 2);
+  window.showLocation("Castle");
+  struct Row {
+    const char* what;
+    const char* typed;
+    const char* url;
+    bool include;
+    std::uint64_t action;
+    const char* shown;
+    OptionalText planned;
+  };
+  const Row rows[] = {
+      {"first save, switched off", nullptr, kOpen, false, VnCmdSchedule, "Castle", ""},
+      {"switched on", nullptr, kOpen, true, VnCmdUpdate, "Castle; Room 7; https://vorn.example/j/1",
+       "Castle; Room 7; https://vorn.example/j/1"},
+      {"a passcode came", nullptr, kWithPasscode, true, VnCmdUpdate,
+       "Castle; Room 7; https://vorn.example/j/1?pwd=x", "Castle; Room 7; https://vorn.example/j/1?pwd=x"},
+      {"switched off while it stands there", nullptr, kOpen, false, VnCmdUpdate,
+       "Castle; Room 7; https://vorn.example/j/1", "Castle; Room 7; https://vorn.example/j/1"},
+      {"taken out by hand while off", "Tower", kWithPasscode, false, VnCmdUpdate, "Tower", ""},
+      {"switched on again", nullptr, kWithPasscode, true, VnCmdUpdate,
+       "Tower; Room 7; https://vorn.example/j/1?pwd=x", "Tower; Room 7; https://vorn.example/j/1?pwd=x"},
+      {"everything taken out by hand", "", kOpen, true, VnCmdUpdate, "Room 7; https://vorn.example/j/1",
+       "Room 7; https://vorn.example/j/1"},
+      {"marked by the client", "Castle; https://vorn.example/j/1?pwd=x&from=addon", kOpen, true, VnCmdUpdate,
+       "Castle; Room 7; https://vorn.example/j/1", "Castle; Room 7; https://vorn.example/j/1"},
+      {"marked in the other way", "Castle; https://vorn.example/j/1?from=addon", kOpen, true, VnCmdUpdate,
+       "Castle; Room 7; https://vorn.example/j/1", "Castle; Room 7; https://vorn.example/j/1"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    if (row.typed) window.showLocation(row.typed);
+    writeBack(window, row.url, row.include, row.action);
+    EXPECT_EQ(shown(window), row.shown);
+    EXPECT_EQ(save.getOLNewLocation(), row.planned);
+    EXPECT_EQ(save.getVnLocation(), "Room 7; " + std::string(row.url));
+    if (row.planned->empty()) continue;
+    EXPECT_EQ(window.get(window.bar->event, "location").text(), row.shown);
+    EXPECT_EQ(window.get(window.bar->editor, "editorLocation").text(), row.shown);
+  }
+}
+
+TEST_F(Location, WithoutAFieldTheUrlOfTheStoredRecordIsTheOldOne) {
+  struct Row {
+    const char* record;
+    const char* shown;
+  };
+  const Row rows[] = {
+      {"{\"joinUrl\": \"https://vorn.example/j/old\"}", "Castle; https://vorn.example/j/new"},
+      {"{\"joinUrl\": \"https://vorn.example/j/other\"}", "Castle; https://vorn.example/j/old"},
+      {"no JSON", "Castle; https://vorn.example/j/old"},
+  };
+  for (const Row& row : rows) {
+    FakeWindow window(test);
+    window.set(window.bar->editor, "locationTextField", nullptr);
+    window.set(window.bar->event, "location", "Castle; https://vorn.example/j/old");
+    data(window).addUsedJoinUrlToList("https://vorn.example/j/old");
+    data(window).setSavedApptInfo(Value::dictionaryFromPairs({{vn_ApptInfo_VnOIProperty, row.record}}));
+    save.cleanup();
+    writeBack(window, "https://vorn.example/j/new", false);
+    EXPECT_EQ(window.get(window.bar->event, "location").text(), row.shown) << row.record;
+    EXPECT_EQ(save.getJoinURLFromProperty(), data(window).getOldJoinUrl());
+  }
+}
+
+TEST_F(Location, AnEmptyJoinUrlNeitherHangsNorTakesAnythingAway) {
+  FakeWindow window(test);
+  window.showLocation("Castle; east wing");
+  writeBack(window, "");
+  EXPECT_EQ(own(window), "Castle; east wing");
+  cancel(window);
+  EXPECT_EQ(own(window), "Castle; east wing");
+}
+
+TEST_F(Location, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
+  struct Row {
+    const char* shown;
+    const char* kept;
+  };
+  const Row rows[] = {
+      {"Castle; east wing; https://vorn.example/j/1; tower", "Castleeast wing"},
+      {"Castle; https://vorn.example/j/1?pwd=x; tower", "Castle"},
+      {"https://vorn.example/j/1", ""},
+      {"Castle; east wing", "Castle; east wing"},
+      {"", ""},
+  };
+  for (const Row& row : rows) {
+    for (const bool hasField : {true, false}) {
+      FakeWindow window(test);
+      data(window).setJoinUrl(kOpen);
+      data(window).setJoinUrl(kWithPasscode);
+      if (!hasField) window.set(window.bar->editor, "locationTextField", nullptr);
+      window.showLocation(row.shown);
+      window.set(window.bar->event, "location", row.shown);
+      save.cleanup();
+      cancel(window);
+      EXPECT_EQ(shown(window), hasField ? row.kept : row.shown);
+      EXPECT_EQ(window.get(window.bar->event, "location").text(), row.kept);
+      EXPECT_EQ(window.get(window.bar->editor, "editorLocation").text(), row.kept);
+      EXPECT_EQ(window.get(window.bar->editor, "record"), Value(""));
+      EXPECT_EQ(save.getOLNewLocation(), row.kept);
+      EXPECT_TRUE(save.needClearLocation());
+    }
+  }
+}
+
+// -- Any text of a user ------------------------------------------------------------------------------------------
+
+class AnyText {
+ public:
+  explicit AnyText(unsigned seed) : random_(seed) {}
+
+  std::size_t below(std::size_t limit) { return random_() % limit; }
+  // A text that holds none of our URLs and rooms, without blanks and separators at its ends.
+  std::string own() {
+    static const std::array<std::string, 16> pieces{"a",  "b", "Z", "ö", "東", "😀", ";", "; ",
+                                                    ";;", " ", ",", "/", ":",  "?", "&", "\t"};
+    std::string text;
+    for (std::size_t i = below(20); i > 0; --i) text += pieces[below(pieces.size())];
+    const std::size_t first = text.find_first_not_of("; \t");
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of("; \t") - first + 1);
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+std::string withoutSeparators(std::string text) {
+  for (std::size_t at = 0; (at = text.find("; ", at)) != std::string::npos;) text.erase(at, 2);
+  return text;
+}
+
+TEST_F(Location, AnyTextOfTheUserComesBackFromWhatWasComposed) {
+  for (unsigned seed = 0; seed < 120; ++seed) {
+    SCOPED_TRACE(seed);
+    AnyText any(seed);
+    FakeWindow window(test);
+    const std::string text = any.own();
+    window.showLocation(text);
+    std::string rooms;
+    for (std::size_t room = any.below(4); room > 0; --room) {
+      const std::string name = "Room " + std::to_string(room);
+      window.invite(name.c_str(), 2);
+      rooms += name;
+    }
+    // The switch is off only once a URL stands there, and then it stays up to date.
+    for (std::size_t saves = 1 + any.below(4); saves > 0; --saves) {
+      const std::string passcode = any.below(2) == 0 ? "" : "?pwd=" + std::to_string(any.below(9));
+      writeBack(window, "https://vorn.example/j/" + std::to_string(10 + any.below(90)) + passcode,
+                shown(window) == text || any.below(2) == 0);
+      ASSERT_EQ(own(window), text) << shown(window);
+    }
+    cancel(window);
+    ASSERT_EQ(shown(window), withoutSeparators(text) + rooms);
+  }
+}
+
+}  // namespace
+}  // namespace vorn
