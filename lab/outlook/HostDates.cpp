@@ -27,6 +27,13 @@ HostObject HostWorld::makeDate(const CalendarTime& time) const {
   return runtime.createTemporary("OLCalendarDate", std::make_shared<CalendarTime>(time));
 }
 
+HostObject HostWorld::makeDateFor(const HostObject& shown, double seconds) const {
+  CalendarTime time;
+  time.seconds = seconds;
+  if (const HostObject zone = send(shown, "timeZone").object()) time.zone = send(zone, "name").text();
+  return makeDate(time);
+}
+
 HostObject HostWorld::timeZone(const std::string& name) {
   HostObject& zone = timeZones[name];
   if (!zone) zone = runtime.create("NSTimeZone", std::make_shared<std::string>(name));

@@ -29,6 +29,12 @@ std::shared_ptr<HostEditor> HostWorld::editorOf(const HostObject& part) const {
   return found == editors.end() ? nullptr : found->second;
 }
 
+OutlookHost::EditorId HostWorld::openEditor(const CalendarEvent& stored, std::string_view selector) {
+  const Value controller = send(classNamed(kWindowControllerClass), selector, {makeEditorEvent(stored)});
+  const auto opened = editorOf(controller.object());
+  return opened ? opened->id : 0;
+}
+
 HostObject HostWorld::openWindow(const HostObject& shown, bool isCancelMode) {
   const auto held = event(shown);
   if (!held) return {};
@@ -66,20 +72,36 @@ HostObject HostWorld::openWindow(const HostObject& shown, bool isCancelMode) {
 bool HostWorld::saveEditor(HostEditor& editor) {
   const auto shown = event(editor.event);
   if (!shown) return false;
-  auto merged = std::make_shared<HostEvent>(*shown);
+  Value changes = Value::dictionary();
   constexpr std::size_t prefix = std::string_view("content.").size();
   for (const auto& [name, typed] : editor.uncommitted.entries()) {
-    merged->changed.set(std::string_view(name).substr(prefix), typed.isNull() ? Value("") : typed);
+    changes.set(std::string_view(name).substr(prefix), typed);
   }
-  if (editor.compose->isPlainText) merged->changed.set("isBodyHTML", false);
-  const HostObject record = runtime.createTemporary("ECMutableCalendarEvent", merged);
-  if (send(record, "saveRecord").integerValue() != 0) return false;
-  shown->index = merged->index;
-  shown->changed = Value::dictionary();
+  if (editor.compose->isPlainText) changes.set("isBodyHTML", false);
+  if (!storeChanges(*shown, changes)) return false;
   editor.uncommitted = Value::dictionary();
   editor.loadedHtml = editor.compose->html;
   send(editor.viewController, "setIsDirty:", {false});
   return true;
+}
+
+void HostWorld::showInEditor(HostEditor& editor, const HostObject& shown) {
+  // Whoever has looked at the former event may still hold it while the present call goes on.
+  runLoop.post([weak = weak_from_this(), former = editor.event] {
+    if (const auto world = weak.lock()) world->runtime.destroy(former);
+  });
+  editor.event = shown;
+  editor.uncommitted = Value::dictionary();
+  send(editor.locationField, "setStringValue:", {send(shown, "location").text()});
+  send(editor.viewController, "loadEventIntoWordMail");
+  send(editor.viewController, "setIsDirty:", {false});
+}
+
+void HostWorld::showSeriesInEditor(const std::shared_ptr<HostEditor>& editor) {
+  const HostObject series = editor ? send(editor->event, "seriesMasterRecord").object() : HostObject();
+  const auto state = event(series);
+  const auto stored = state ? state->stored() : std::nullopt;
+  if (stored) showInEditor(*editor, makeEditorEvent(*stored));
 }
 
 void HostWorld::retireEditor(const std::shared_ptr<HostEditor>& editor) {
@@ -189,6 +211,20 @@ void HostWorld::defineEditors() {
     if (const auto held = editorOf(self)) held->isCancelMode = firstOf(arguments).boolValue();
   });
   action(editing, "fromFieldModified:", [](const HostObject&, const Arguments&) {});
+  action(editing, "switchToRecurrenceDidEnd:returnCode:contextInfo:",
+         [this](const HostObject& self, const Arguments& arguments) {
+           constexpr int wholeSeries = 1;
+           if (argumentAt(arguments, 1).integerValue() == wholeSeries) showSeriesInEditor(editorOf(self));
+         });
+  // Takes the changes as text: attendees hear of every change that it names.
+  method(editing, "checkMeetingChangesForAttendees:", [](const HostObject&, const Arguments& arguments) {
+    return firstOf(arguments).text().find("content.") != std::string::npos;
+  });
+  runtime.defineClass("OLCalendarEventViewResponder", "NSObject");
+  eventResponder = runtime.create("OLCalendarEventViewResponder");
+  action("OLCalendarEventViewResponder", "switchToRecurringSeries:", [this](const HostObject&, const Arguments&) {
+    showSeriesInEditor(editorOfCurrentEvent);
+  });
   action(editing, "setLocation:", [this](const HostObject& self, const Arguments& arguments) {
     const auto held = editorOf(self);
     if (!held) return;
@@ -228,6 +264,9 @@ void HostWorld::defineEditors() {
     const auto held = editorOf(self);
     if (!held || !send(self, "save").boolValue()) return;
     ++sentCount;
+    // A cancellation that has gone out takes the meeting off one's own calendar.
+    const auto shown = event(held->event);
+    if (held->isCancelMode && shown && shown->index) store->eventAt(*shown->index).remove();
     send(held->windowController, "close");
   });
 }

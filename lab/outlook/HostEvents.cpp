@@ -13,6 +13,13 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
 }
 
+std::shared_ptr<HostEvent> stateOf(CalendarStore& store, const CalendarEvent& stored) {
+  auto state = std::make_shared<HostEvent>();
+  state->store = &store;
+  state->index = stored.index();
+  return state;
+}
+
 }  // namespace
 
 std::string htmlForPlainText(std::string_view text) {
@@ -48,10 +55,11 @@ std::optional<CalendarEvent> HostEvent::stored() const {
 }
 
 HostObject HostWorld::makeEvent(const CalendarEvent& stored) const {
-  auto state = std::make_shared<HostEvent>();
-  state->store = store;
-  state->index = stored.index();
-  return runtime.createTemporary("ECCalendarEvent", state);
+  return runtime.createTemporary("ECCalendarEvent", stateOf(*store, stored));
+}
+
+HostObject HostWorld::makeEditorEvent(const CalendarEvent& stored) const {
+  return runtime.create("ECCalendarEvent", stateOf(*store, stored));
 }
 
 Value HostWorld::eventItem(const HostEvent& event, std::string_view item) {
@@ -153,6 +161,12 @@ void HostWorld::defineEvents() {
   read("deleteEventNow", [](CalendarEvent stored, const Arguments&) {
     stored.remove();
     return true;
+  });
+  // The host deletes a cancelled meeting past its own deleteEventNow.
+  read("cancelMeetingInWindow:", [this](CalendarEvent stored, const Arguments&) {
+    ++sentCount;
+    stored.remove();
+    return Value();
   });
 
   const auto isOwner = [this](const HostObject& self, const Arguments&) {

@@ -33,6 +33,18 @@ void storeBody(CalendarEvent& stored, const HostEvent& record, const HostWorld& 
 
 }  // namespace
 
+bool HostWorld::storeChanges(HostEvent& shown, const Value& changes) {
+  const auto merged = std::make_shared<HostEvent>(shown);
+  for (const auto& [item, value] : changes.entries())
+    merged->changed.set(item, value.isNull() ? Value("") : value);
+  const HostObject record = runtime.createTemporary("ECMutableCalendarEvent", merged);
+  constexpr int stored = 0;
+  if (send(record, "saveRecord").integerValue() != stored) return false;
+  shown.index = merged->index;
+  shown.changed = Value::dictionary();
+  return true;
+}
+
 void HostWorld::defineRecords() {
   runtime.defineClass("ECMutableCalendarEvent", "ECCalendarEvent");
   // The plug-in exchanges this one, and the event's own must stay out of it.

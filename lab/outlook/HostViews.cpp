@@ -1,4 +1,4 @@
-// Views, windows and the application.
+// Views and windows.
 
 #include <algorithm>
 
@@ -12,7 +12,11 @@ constexpr std::string_view kWindowWillClose = "NSWindowWillCloseNotification";
 
 }  // namespace
 
-Value firstOf(const Arguments& arguments) { return arguments.empty() ? Value() : arguments.front(); }
+Value firstOf(const Arguments& arguments) { return argumentAt(arguments, 0); }
+
+Value argumentAt(const Arguments& arguments, std::size_t index) {
+  return index < arguments.size() ? arguments[index] : Value();
+}
 
 Value rectangle(double x, double y, double width, double height) {
   return Value::dictionaryFromPairs({{"x", x}, {"y", y}, {"width", width}, {"height", height}});
@@ -110,6 +114,10 @@ void HostWorld::defineViews() {
     const auto window = runtime.state<HostWindow>(self);
     return window ? window->contentView : HostObject();
   });
+  method("NSWindow", "toolbar", [this](const HostObject& self, const Arguments&) {
+    const auto window = runtime.state<HostWindow>(self);
+    return window ? window->toolbar : HostObject();
+  });
   method("NSWindow", "isVisible", [this](const HostObject& self, const Arguments&) {
     const auto window = runtime.state<HostWindow>(self);
     return window && window->isVisible;
@@ -140,32 +148,6 @@ void HostWorld::defineViews() {
   }
   method("OLCalendarHeaderContainerView", "managedSubviewsData",
          [this](const HostObject& self, const Arguments&) { return send(self, "subviews"); });
-}
-
-void HostWorld::defineMainWindow() {
-  application = runtime.create("NSApplication");
-  runtime.setClassMethod("NSApplication", "sharedApplication",
-                         [this](const HostObject&, const Arguments&) { return Value(application); });
-  method("NSApplication", "isActive", [](const HostObject&, const Arguments&) { return true; });
-  method("NSApplication", "windows", [this](const HostObject&, const Arguments&) {
-    Value list = Value::array();
-    if (runtime.isAlive(mainWindowController)) list.append(send(mainWindowController, "window"));
-    for (const auto& [id, editor] : editors) list.append(editor->window);
-    return list;
-  });
-
-  runtime.defineClass("ERageMainWindowController", "NSWindowController");
-  method("NSWindowController", "window", [this](const HostObject& self, const Arguments&) {
-    const auto window = runtime.state<HostObject>(self);
-    return window ? *window : HostObject();
-  });
-  for (const char* selector : {"windowDidBecomeMain:", "windowWillClose:", "loadMailPane", "loadCalendarPane"}) {
-    action("ERageMainWindowController", selector, [](const HostObject&, const Arguments&) {});
-  }
-  for (const char* selector : {"toolbarDefaultItemIdentifiers:", "toolbarAllowedItemIdentifiers:"}) {
-    method("ERageMainWindowController", selector,
-           [](const HostObject&, const Arguments&) { return Value::array(); });
-  }
 }
 
 }  // namespace vornlab

@@ -32,6 +32,7 @@ struct HostView {
 struct HostWindow {
   HostObject controller;
   HostObject contentView;
+  HostObject toolbar;
   bool isVisible = true;
 };
 
@@ -75,6 +76,21 @@ struct HostEditor {
   bool isCancelMode = false;
 };
 
+// The calendar's grid in the main window; all absent while that is closed.
+struct HostGrid {
+  HostObject view;
+  HostObject controller;
+  HostObject wrapper;
+  // Lives as long as it is selected.
+  HostObject selectedEvent;
+};
+
+// What an NSToolbar holds. An NSToolbarItem holds its identifier, a std::string.
+struct HostToolbar {
+  HostObject delegate;
+  std::vector<HostObject> items;
+};
+
 // What all classes of the stand-in host share.
 struct HostWorld : std::enable_shared_from_this<HostWorld> {
   vorn::EmbeddedClassRuntime& runtime;
@@ -84,7 +100,12 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   CalendarStore* store = nullptr;
   HostObject application;
   HostObject account;
+  HostObject appDelegate;
+  HostObject eventResponder;
   HostObject mainWindowController;
+  HostGrid grid;
+  // The editor whose window the event comes from that the application handles at present; null for none.
+  std::shared_ptr<HostEditor> editorOfCurrentEvent;
   // One object for each name, so that the same zone is the same object.
   std::map<std::string, HostObject> timeZones;
   std::map<OutlookHost::EditorId, std::shared_ptr<HostEditor>> editors;
@@ -114,6 +135,8 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   void defineEditors();
   void defineComposeView();
   void defineMainWindow();
+  void defineToolbar();
+  void defineGrid();
 
   // Defines an instance method as a function of the receiver and the arguments.
   template <typename Method>
@@ -140,14 +163,32 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   void destroyViews(const HostObject& object);
 
   HostObject makeDate(const CalendarTime& time) const;
+  // A date in the zone of an event.
+  HostObject makeDateFor(const HostObject& event, double seconds) const;
   HostObject timeZone(const std::string& name);
 
+  // The event as somebody looks at it, which lives as long as a copy of the reference; and one of an editor's own,
+  // which lives until the editor lets go of it.
   HostObject makeEvent(const CalendarEvent& stored) const;
+  HostObject makeEditorEvent(const CalendarEvent& stored) const;
   std::shared_ptr<HostEvent> event(const HostObject& object) const { return runtime.state<HostEvent>(object); }
   // The reader's answer: what was changed in memory, otherwise what is stored.
   Value eventItem(const HostEvent& event, std::string_view item);
 
+  // Stores what differs, by the name of the reader, through a record of its own; false when it was not stored.
+  bool storeChanges(HostEvent& shown, const Value& changes);
+
+  void fillMainWindow(HostWindow& window);
+  void emptyMainWindow();
+  // Selects an appointment in the grid and gives its event; absent when either is not there.
+  HostObject selectInGrid(std::string_view uid, std::string_view recurrenceId);
+
+  // Opens an editor through one of the class methods that show a window; 0 when none has come up.
+  OutlookHost::EditorId openEditor(const CalendarEvent& stored, std::string_view selector);
   HostObject openWindow(const HostObject& event, bool isCancelMode);
+  // Shows another appointment in an open editor.
+  void showInEditor(HostEditor& editor, const HostObject& event);
+  void showSeriesInEditor(const std::shared_ptr<HostEditor>& editor);
   std::shared_ptr<HostEditor> editor(OutlookHost::EditorId id) const;
   // The open editor with that window, window controller or view controller; null when there is none.
   std::shared_ptr<HostEditor> editorOf(const HostObject& part) const;
@@ -156,8 +197,9 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   void retireEditor(const std::shared_ptr<HostEditor>& editor);
 };
 
-// The first argument; absent when there is none.
+// The first argument, and any other; absent when there is none.
 Value firstOf(const Arguments& arguments);
+Value argumentAt(const Arguments& arguments, std::size_t index);
 Value rectangle(double x, double y, double width, double height);
 
 // The HTML that an editor shows for a plain text, and the HTML that it shows for a stored appointment.

@@ -26,6 +26,8 @@ void OutlookHost::defineClasses() {
   world_->defineEditors();
   world_->defineComposeView();
   world_->defineMainWindow();
+  world_->defineToolbar();
+  world_->defineGrid();
 }
 
 void OutlookHost::open(CalendarStore& store) { world_->store = &store; }
@@ -38,6 +40,7 @@ void OutlookHost::openMainWindow() {
   world_->view(window->contentView)->window = made;
   window->controller = world_->runtime.create("ERageMainWindowController", std::make_shared<HostObject>(made));
   world_->mainWindowController = window->controller;
+  world_->fillMainWindow(*window);
   world_->send(window->controller, "windowDidBecomeMain:", {Value::dictionaryFromPairs({{"object", made}})});
 }
 
@@ -47,6 +50,7 @@ void OutlookHost::closeMainWindow() {
   if (!window) return;
   world_->send(controller, "windowWillClose:", {Value::dictionaryFromPairs({{"object", window}})});
   world_->send(window, "close");
+  world_->emptyMainWindow();
   world_->mainWindowController = {};
   world_->runLoop.post([weak = world_->weak_from_this(), controller, window] {
     const auto world = weak.lock();
@@ -63,21 +67,16 @@ OutlookHost::EditorId OutlookHost::openEditor(std::string_view uid, std::string_
   return found ? openEditorAt(found->index()) : 0;
 }
 
+OutlookHost::EditorId OutlookHost::openCancellation(std::string_view uid, std::string_view recurrenceId) {
+  const auto found = world_->store ? world_->store->find(uid, recurrenceId) : std::nullopt;
+  return found ? world_->openEditor(*found, "showCancellationWindowForMeeting:") : 0;
+}
+
 OutlookHost::EditorId OutlookHost::openEditorAt(std::size_t eventIndex) {
   if (!world_->store || eventIndex >= world_->store->eventCount()) return 0;
   const CalendarEvent stored = world_->store->eventAt(eventIndex);
   if (stored.isRemoved()) return 0;
-  auto state = std::make_shared<HostEvent>();
-  state->store = world_->store;
-  state->index = eventIndex;
-  const HostObject event = world_->runtime.create("ECCalendarEvent", state);
-  const bool isMeeting = world_->send(event, "isMeeting").boolValue();
-  const HostObject controller = world_
-                                    ->send(world_->classNamed(kEditorWindows),
-                                           isMeeting ? "showWindowForMeeting:" : "showWindowForEvent:", {event})
-                                    .object();
-  const auto editor = world_->editorOf(controller);
-  return editor ? editor->id : 0;
+  return world_->openEditor(stored, stored.attendees().empty() ? "showWindowForEvent:" : "showWindowForMeeting:");
 }
 
 HostObject OutlookHost::eventOnGrid(std::size_t eventIndex) const {
@@ -126,13 +125,8 @@ void OutlookHost::typeBody(EditorId id, std::string_view html) {
 void OutlookHost::typeTimes(EditorId id, double startSeconds, double endSeconds) {
   const auto editor = world_->editor(id);
   if (!editor) return;
-  CalendarTime time;
-  const HostObject zone = world_->send(editor->event, "timeZone").object();
-  if (zone) time.zone = world_->send(zone, "name").text();
-  time.seconds = startSeconds;
-  editor->uncommitted.set("content.startTime", world_->makeDate(time));
-  time.seconds = endSeconds;
-  editor->uncommitted.set("content.endTime", world_->makeDate(time));
+  editor->uncommitted.set("content.startTime", world_->makeDateFor(editor->event, startSeconds));
+  editor->uncommitted.set("content.endTime", world_->makeDateFor(editor->event, endSeconds));
   world_->send(editor->viewController, "setIsDirty:", {true});
 }
 
@@ -162,6 +156,30 @@ void OutlookHost::saveAndClose(EditorId id) {
 void OutlookHost::send(EditorId id) { world_->send(viewController(id), "sendMeetingPostValidate"); }
 
 void OutlookHost::closeWithoutSaving(EditorId id) { world_->send(windowController(id), "close"); }
+
+void OutlookHost::switchToSeries(EditorId id) {
+  // The responder asks the application which window the menu was chosen in.
+  world_->editorOfCurrentEvent = world_->editor(id);
+  world_->send(world_->eventResponder, "switchToRecurringSeries:", {Value(nullptr)});
+  world_->editorOfCurrentEvent = nullptr;
+}
+
+void OutlookHost::answerSeriesQuestion(EditorId id, int returnCode) {
+  world_->send(viewController(id),
+               "switchToRecurrenceDidEnd:returnCode:contextInfo:", {Value(nullptr), returnCode, Value()});
+}
+
+void OutlookHost::changeFromField(EditorId id) {
+  world_->send(viewController(id), "fromFieldModified:", {Value(nullptr)});
+}
+
+bool OutlookHost::findsChangesForAttendees(EditorId id) const {
+  const auto editor = world_->editor(id);
+  if (!editor) return false;
+  std::string changes;
+  for (const auto& [name, typed] : editor->uncommitted.entries()) changes += name + "\n";
+  return world_->send(editor->viewController, "checkMeetingChangesForAttendees:", {changes}).boolValue();
+}
 
 bool OutlookHost::isOpen(EditorId id) const { return world_->editor(id) != nullptr; }
 

@@ -38,6 +38,8 @@ class OutlookHost {
     // The class of the header view that an editor builds: this one or "OLAutoLayoutAttachmentsAcceptingView".
     std::string headerViewClass = "OLCalendarHeaderContainerView";
     double headerWidth = 900;
+    // The identifiers in the main window's toolbar, from left to right.
+    std::vector<std::string> toolbar = {"OLNewItem", "NSToolbarFlexibleSpaceItem", "OLSearchItem"};
   };
 
   OutlookHost(vorn::EmbeddedClassRuntime& runtime, vorn::HostRunLoop& runLoop, vorn::NotificationCenter& center,
@@ -57,7 +59,9 @@ class OutlookHost {
 
   // Opens an editor as a double click does. 0 when there is no such appointment.
   EditorId openEditor(std::string_view uid, std::string_view recurrenceId = {});
-  // The same by the place among the store's events, for files with double or missing UIDs.
+  // Opens the editor in which a cancellation is written; its send takes the appointment off the calendar.
+  EditorId openCancellation(std::string_view uid, std::string_view recurrenceId = {});
+  // The same as openEditor() by the place among the store's events, for files with double or missing UIDs.
   EditorId openEditorAt(std::size_t eventIndex);
   // The event as the calendar's grid shows it, without an editor, by the same place; absent when there is none. It
   // lives as long as a copy of the reference.
@@ -86,6 +90,39 @@ class OutlookHost {
   // Stores the meeting, counts it as sent and closes; no message goes anywhere.
   void send(EditorId editor);
   void closeWithoutSaving(EditorId editor);
+
+  // Goes from an item of a series that is open to the whole series: by the menu, and by the answer to the question
+  // whether the series is meant (1; 0 stays with the item). What was typed is dropped by a change.
+  void switchToSeries(EditorId editor);
+  void answerSeriesQuestion(EditorId editor, int returnCode);
+  // Chooses the account that the appointment is sent from; the plug-in looks at it anew.
+  void changeFromField(EditorId editor);
+  // Whether the host, before it stores a meeting, finds changes that the attendees should hear of.
+  bool findsChangesForAttendees(EditorId editor) const;
+
+  // What a person does on the calendar's surface, with no editor open and the main window on the screen, to the
+  // appointment of that UID; a RECURRENCE-ID names an item of a series that was changed on its own, "" the single
+  // appointment or the whole series.
+  //
+  // Each selects the appointment in the grid and sends the selector that the host would send. When a hook lets it
+  // through, the change is stored at once, through saveRecord like any other; when a plug-in takes the act over,
+  // the grid goes on showing what is stored. A plug-in's own work may follow later. True when the change was
+  // stored by the time the act returns; false as well for an appointment that is not there.
+  //
+  // Moves it to another start with its length kept; times in seconds since 1970.
+  bool drag(std::string_view uid, std::string_view recurrenceId, double newStartSeconds);
+  // Moves its edges: another start, and another length in seconds.
+  bool resize(std::string_view uid, std::string_view recurrenceId, double startSeconds, double durationSeconds);
+  // Types another subject into its tile.
+  bool rename(std::string_view uid, std::string_view recurrenceId, std::string_view subject);
+  // Deletes it. The main window need not be open.
+  bool deleteFromCalendar(std::string_view uid, std::string_view recurrenceId);
+  // Cancels it as a meeting: the attendees are told, which counts as sent, and it is deleted. The main window need
+  // not be open.
+  bool cancelMeeting(std::string_view uid, std::string_view recurrenceId);
+
+  // The identifiers of the items that the main window's toolbar shows, from left to right.
+  std::vector<std::string> toolbarItems() const;
 
   bool isOpen(EditorId editor) const;
   bool isDirty(EditorId editor) const;

@@ -366,6 +366,102 @@ TEST_F(OutlookHostTest, ADeletedEventIsGoneAndCannotBeStored) {
   EXPECT_TRUE(host->isOpen(editor)) << "nothing was stored, so nothing may be lost";
 }
 
+TEST_F(OutlookHostTest, AnActOnTheCalendarIsStoredAtOnceThroughARecord) {
+  start();
+  const double begin = review().start()->seconds;
+  EXPECT_FALSE(host->drag(kReview, "", begin)) << "there is no calendar on the screen yet";
+  host->openMainWindow();
+  std::vector<std::string> stored;
+  hook(runtime.NSClassFromString("ECMutableCalendarEvent"), "saveRecord",
+       [&](const HostObject& self, const auto& forward) {
+         stored.push_back(send(self, "summary").text());
+         return forward();
+       });
+  EXPECT_TRUE(host->drag(kReview, "", begin + 7200));
+  EXPECT_EQ(review().start()->seconds, begin + 7200);
+  EXPECT_EQ(review().end()->seconds, begin + 7200 + 3600) << "a drag keeps the length";
+  EXPECT_EQ(review().start()->zone, "Europe/Berlin");
+  EXPECT_TRUE(host->resize(kReview, "", begin + 7200, 1800));
+  EXPECT_EQ(review().end()->seconds, begin + 7200 + 1800);
+  EXPECT_TRUE(host->rename(kReview, "", "On the tile"));
+  EXPECT_EQ(stored, (std::vector<std::string>{"Weekly product review", "Weekly product review", "On the tile"}));
+  for (const char* unknown : {"nobody", ""}) {
+    EXPECT_FALSE(host->drag(unknown, "", begin));
+    EXPECT_FALSE(host->deleteFromCalendar(unknown, ""));
+    EXPECT_FALSE(host->cancelMeeting(unknown, ""));
+  }
+  EXPECT_TRUE(host->cancelMeeting(kTalk, ""));
+  EXPECT_EQ(host->sentCount(), 1);
+  EXPECT_TRUE(host->deleteFromCalendar(kReview, ""));
+  EXPECT_FALSE(store.find(kReview));
+  EXPECT_FALSE(host->drag(kReview, "", begin));
+}
+
+TEST_F(OutlookHostTest, AnActThatIsTakenOverChangesNothing) {
+  start();
+  host->openMainWindow();
+  const auto wrapper = runtime.NSClassFromString("OLCalendarGridViewWrapper");
+  const auto takeOver = [](const HostObject&, const auto&) { return Value(true); };
+  hook(wrapper, "performDragFrom:to:forDate:inProgress:", takeOver);
+  hook(wrapper, "subjectChanged:forEvent:andTileView:", takeOver);
+  hook(runtime.NSClassFromString("ECCalendarEvent"), "deleteEventNow",
+       [](const HostObject&, const auto&) { return Value(false); });
+  EXPECT_FALSE(host->drag(kReview, "", 0));
+  EXPECT_FALSE(host->rename(kReview, "", "Other"));
+  EXPECT_FALSE(host->deleteFromCalendar(kReview, ""));
+  EXPECT_EQ(store.text(), before);
+}
+
+TEST_F(OutlookHostTest, AnOpenItemOfASeriesCanSwitchToItsSeries) {
+  start({}, "series.ics");
+  for (const bool byMenu : {true, false}) {
+    const auto editor = host->openEditor("series@calendar.example", "20300401T090000");
+    host->typeSubject(editor, "Dropped");
+    host->answerSeriesQuestion(editor, 0);
+    EXPECT_EQ(host->subject(editor), "Dropped");
+    if (byMenu) {
+      host->switchToSeries(editor);
+    } else {
+      host->answerSeriesQuestion(editor, 1);
+    }
+    EXPECT_EQ(host->subject(editor), "Planning");
+    EXPECT_FALSE(host->isDirty(editor));
+    loop.runDue();
+    host->typeSubject(editor, "Planning, all of it");
+    host->saveAndClose(editor);
+    loop.runDue();
+    EXPECT_EQ(store.find("series@calendar.example")->summary(), "Planning, all of it");
+    EXPECT_EQ(store.find("series@calendar.example", "20300401T090000")->summary(), "Planning (moved)");
+    store.find("series@calendar.example")->setSummary("Planning");
+  }
+}
+
+TEST_F(OutlookHostTest, AttendeesHearOfWhatTheTextOfChangesNames) {
+  start();
+  const auto editor = host->openEditor(kTalk);
+  EXPECT_FALSE(host->findsChangesForAttendees(editor));
+  host->typeSubject(editor, "Other");
+  EXPECT_TRUE(host->findsChangesForAttendees(editor));
+}
+
+TEST_F(OutlookHostTest, TheToolbarTakesWhatItsDelegateMakes) {
+  start();
+  host->openMainWindow();
+  const std::vector<std::string> shown = host->toolbarItems();
+  EXPECT_EQ(shown, OutlookHost::Options().toolbar);
+  const HostObject application =
+      send(runtime.classObject(runtime.NSClassFromString("NSApplication")), "sharedApplication").object();
+  const HostObject window = send(application, "windows").at(0).object();
+  const HostObject toolbar = send(window, "toolbar").object();
+  for (const std::int64_t index : {0, 4, -1}) {
+    send(toolbar, "insertItemWithItemIdentifier:atIndex:", {"NotOurs", index});
+    send(toolbar, "insertItemWithItemIdentifier:atIndex:", {"NSToolbarSpaceItem", index});
+  }
+  EXPECT_EQ(host->toolbarItems().size(), shown.size() + 2) << "nothing unknown, and nothing beyond the end";
+  send(send(application, "delegate").object(), "newCalendarMeeting:", {Value(nullptr)});
+  EXPECT_EQ(host->editors().size(), 1U);
+}
+
 TEST_F(OutlookHostTest, TheMainWindowIsAmongTheWindowsOfTheApplication) {
   start();
   host->openMainWindow();

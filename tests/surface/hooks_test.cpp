@@ -1,4 +1,5 @@
 #include "host/proxies/vnERageMainWindowController.h"
+#include "host/surface/ActionBarPlacement.h"
 #include "tests/surface/SurfaceWorld.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgrMonitor.h"
@@ -170,6 +171,41 @@ TEST_F(Hooks, ADrawnHeaderPlacesItsBar) {
   host.set(zone, "isHidden", true);
   world.classRuntime.send(header, "drawRect:", {valueFromRect({})});
   EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, -10);
+}
+
+TEST_F(Hooks, AHeaderThatManagesItsViewsByItselfPlacesTheBarAmongThem) {
+  host.teach("OLCalendarHeaderContainerView", {"drawRect:"});
+  HookInstaller::sharedInstance().load();
+  const HostObject container = host.object("OLCalendarHeaderContainerView", {});
+  const HostObject bar = host.object("vnActionAdditionView", {{"superview", container}});
+  const HostObject zone = host.object("NSTextField", {{"stringValue", "(UTC+01:00) Berlin"}});
+  const HostObject entry = host.object("ManagedSubview", {{"view", bar}});
+  host.set(container, "frame", valueFromRect({0, 0, 800, 200}));
+  const std::pair<Value::Array, double> rows[] = {
+      {{entry}, -10},
+      {{zone, entry}, 13},
+      {{host.object("NSView", {{"subviews", Value(Value::Array{zone})}}), bar}, 13}};
+  for (const auto& [managed, top] : rows) {
+    host.set(container, "managedSubviewsData", Value(managed));
+    world.classRuntime.send(container, "drawRect:", {valueFromRect({})});
+    EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, top);
+    EXPECT_EQ(rectFromValue(host.get(bar, "frame")).x, 460);
+    EXPECT_EQ(rectFromValue(host.get(bar, "frame")).width, 330);
+  }
+}
+
+TEST_F(Hooks, AHeaderTellsOfItsAttachments) {
+  EXPECT_FALSE(vnHasAttachment(header));
+  EXPECT_EQ(vnGetAttachmentViewHeight(header), 52);
+  const HostObject attachment = host.object("OlkAttachmentViewModel", {});
+  const HostObject source = host.object("NSObject", {{"attachmentList", Value(Value::Array{attachment})}});
+  const HostObject view = host.object("NSView", {{"frame", valueFromRect({0, 0, 300, 80})}});
+  const HostObject attachments =
+      host.object("OlkModernAttachmentsViewController", {{"dataSource", source}, {"view", view}});
+  host.set(header, "recordViewController",
+           host.object("NSViewController", {{"attachmentsController", attachments}}));
+  EXPECT_TRUE(vnHasAttachment(header));
+  EXPECT_EQ(vnGetAttachmentViewHeight(header), 80);
 }
 
 TEST_F(Hooks, TheMainWindowIsTakenWhenItShowsAndItsRibbonForgottenWhenItCloses) {

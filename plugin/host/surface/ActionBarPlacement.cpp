@@ -4,6 +4,7 @@
 
 #include "host/proxies/HostViews.h"
 #include "host/proxies/vnDelegateBase.h"
+#include "host/proxies/vnOLAutoLayoutAttachmentsAcceptingView.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "util/vnOLUtils.h"
 
@@ -44,6 +45,20 @@ bool vnHasTimezone(const HostObject& header) {
   std::vector<HostObject> fields;
   vnOLUtils::GetSubViewOfKind(header, "NSTextField", fields);
   return std::any_of(fields.begin(), fields.end(), showsTimezone);
+}
+
+bool vnHasTimezoneForHeaderContainer(const std::vector<HostObject>& managedViews) {
+  return std::any_of(managedViews.begin(), managedViews.end(), [](const HostObject& view) {
+    return (isKindOfHostClass(view, "NSTextField") && showsTimezone(view)) || vnHasTimezone(view);
+  });
+}
+
+bool vnHasAttachment(const HostObject& header) {
+  return vnOLAutoLayoutAttachmentsAcceptingView(header).hasAttachments();
+}
+
+double vnGetAttachmentViewHeight(const HostObject& header) {
+  return vnOLAutoLayoutAttachmentsAcceptingView(header).getAttachmentsViewHeight();
 }
 
 }  // namespace vorn

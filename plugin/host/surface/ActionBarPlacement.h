@@ -18,7 +18,14 @@ Rect actionBarFrame(const Rect& superviewFrame, const Rect& barFrame, bool hasTi
 // Gives the bar among the views its place; nothing when there is none.
 void placeActionBar(const std::vector<HostObject>& views, bool hasTimezone);
 
-// True when a header shows its line with a time zone.
+// Facts of a header.
+//
+// Whether it shows its line with a time zone: among its subviews, or among the views that an
+// OLCalendarHeaderContainerView manages by itself.
 bool vnHasTimezone(const HostObject& header);
+bool vnHasTimezoneForHeaderContainer(const std::vector<HostObject>& managedViews);
+// Whether the appointment has attachments, and the height that they take: 52 when the host does not say.
+bool vnHasAttachment(const HostObject& header);
+double vnGetAttachmentViewHeight(const HostObject& header);
 
 }  // namespace vorn

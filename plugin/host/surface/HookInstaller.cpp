@@ -51,6 +51,7 @@ std::string_view nameOfHookStanding(HookStanding standing) {
     case HookStanding::noClass: return "no class";
     case HookStanding::unsupportedHost: return "unsupported host";
     case HookStanding::noHostMethod: return "no host method";
+    case HookStanding::unusableTypes: return "unusable types";
     case HookStanding::noAddedMethod: return "no added method";
   }
   return "";
@@ -67,14 +68,15 @@ void HookInstaller::load() {
 void HookInstaller::loadClass(const HookClass& hookClass) {
   const bool wanted = !hookClass.prepare || hookClass.prepare();
   for (const HookRow& row : hookClass.rows) {
-    states_.push_back({&row, wanted ? install(row) : HookStanding::unsupportedHost});
+    states_.push_back(wanted ? install(row) : HookState{&row, HookStanding::unsupportedHost, {}});
   }
+  if (wanted && hookClass.finish) hookClass.finish();
 }
 
-HookStanding HookInstaller::install(const HookRow& row) {
+HookState HookInstaller::install(const HookRow& row) {
   ClassRuntime* runtime = Registry::platform().classRuntime;
   const ClassRef hostClass = runtime ? runtime->NSClassFromString(row.hostClass) : ClassRef();
-  if (!hostClass) return HookStanding::noClass;
+  if (!hostClass) return {&row, HookStanding::noClass, {}};
   const bool ofTheClass = row.method == HookMethod::ofTheClass;
   const ClassRef target = ofTheClass ? runtime->objc_getMetaClass(row.hostClass) : hostClass;
 
@@ -83,12 +85,13 @@ HookStanding HookInstaller::install(const HookRow& row) {
     return entry->run(receiver, arguments);
   };
   // An added selector that the class has already is exchanged all the same.
-  runtime->class_addMethod(target, entry->addedSelector, implementation, row.encoding);
+  runtime->class_addMethod(target, entry->addedSelector, implementation, row.encoding, row.characters);
   const HookStanding standing = standingOf(
       ofTheClass ? classSwizzle::exchangeClassMethod(target, row.hostSelector, entry->addedSelector)
                  : classSwizzle::exchangeInstanceMethod(target, row.hostSelector, entry->addedSelector));
   entry->stands = standing == HookStanding::stands;
-  return standing;
+  const std::string types = entry->stands ? "" : runtime->unusableTypes(target, row.hostSelector);
+  return {&row, types.empty() ? standing : HookStanding::unusableTypes, types};
 }
 
 }  // namespace vorn

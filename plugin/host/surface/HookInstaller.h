@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -17,6 +18,8 @@ enum class HookStanding {
   unsupportedHost,
   // The class has no such selector. The added method remains and answers absent.
   noHostMethod,
+  // The class has the selector, with types that cannot be passed on. The host's method stays as it is.
+  unusableTypes,
   // The added method could not be found after it was added.
   noAddedMethod,
 };
@@ -27,6 +30,8 @@ std::string_view nameOfHookStanding(HookStanding standing);
 struct HookState {
   const HookRow* row = nullptr;
   HookStanding standing = HookStanding::noClass;
+  // The types that cannot be passed on; "" for every other standing.
+  std::string types;
 };
 
 // Attaches this system to the host, once, at load. Hooks are never taken away again.
@@ -43,7 +48,7 @@ class HookInstaller {
 
  private:
   void loadClass(const HookClass& hookClass);
-  static HookStanding install(const HookRow& row);
+  static HookState install(const HookRow& row);
 
   bool loaded_ = false;
   std::vector<HookState> states_;

@@ -9,6 +9,7 @@
 #include "host/surface/vnHookOLAutoLayoutAttachmentsAcceptingView.h"
 #include "host/surface/vnHookOLAutoLayoutView.h"
 #include "host/surface/vnHookOLCalendarEventViewResponder.h"
+#include "host/surface/vnHookOLCalendarGridViewWrapper.h"
 #include "host/surface/vnHookOLCalendarHeaderContainerView.h"
 #include "host/surface/vnHookOUIRibbonChunkContainerView.h"
 
@@ -37,6 +38,7 @@ using RibbonContainer = vnHookOUIRibbonChunkContainerView;
 using HeaderContainer = vnHookOLCalendarHeaderContainerView;
 using AutoLayoutHeader = vnHookOLAutoLayoutAttachmentsAcceptingView;
 using WindowController = vnHookERCalendarEventEditorWindowController;
+using GridWrapper = vnHookOLCalendarGridViewWrapper;
 using Header = vnHookOLAttachmentsAcceptingView;
 using Event = vnHookECCalendarEvent;
 using EventResponder = vnHookOLCalendarEventViewResponder;
@@ -72,9 +74,12 @@ constexpr HookRow kWindowControllerRows[] = {
 
 constexpr HookRow kGridWrapperRows[] = {
     {kGridWrapper, ofInstances,
-     "dragResizedEvent:withTileView:withStartDate:duration:inProgress:partialStart:partialEnd:", "B@:@@@d^cBB", forward},
-    {kGridWrapper, ofInstances, "performDragFrom:to:forDate:inProgress:", "B@:@@@^c", forward},
-    {kGridWrapper, ofInstances, "subjectChanged:forEvent:andTileView:", "B@:@@@", forward},
+     "dragResizedEvent:withTileView:withStartDate:duration:inProgress:partialStart:partialEnd:", "B@:@@@d^cBB",
+     &GridWrapper::vn_OLCalendarGridViewWrapper_dragResizedEvent},
+    {kGridWrapper, ofInstances, "performDragFrom:to:forDate:inProgress:", "B@:@@@^c",
+     &GridWrapper::vn_OLCalendarGridViewWrapper_performDragFrom},
+    {kGridWrapper, ofInstances, "subjectChanged:forEvent:andTileView:", "B@:@@@",
+     &GridWrapper::vn_OLCalendarGridViewWrapper_subjectChanged},
 };
 
 constexpr HookRow kHeaderRows[] = {
@@ -82,8 +87,8 @@ constexpr HookRow kHeaderRows[] = {
 };
 
 constexpr HookRow kEventRows[] = {
-    {kEvent, ofInstances, "deleteEventNow", "B@:", forward},
-    {kEvent, ofInstances, "cancelMeetingInWindow:", "v@:@", forward},
+    {kEvent, ofInstances, "deleteEventNow", "B@:", &Event::vn_ECCalendarEvent_deleteEventNow},
+    {kEvent, ofInstances, "cancelMeetingInWindow:", "v@:@", &Event::vn_ECCalendarEvent_cancelMeetingInWindow},
     {kEvent, ofInstances, "isRecurring", "B@:", &Event::vn_ECCalendarEvent_isRecurring},
     {kEvent, ofInstances, "isOccurrence", "B@:", &Event::vn_ECCalendarEvent_isOccurrence},
     {kEvent, ofInstances, "olmUCCapabilities", "@@:", &Event::vn_ECCalendarEvent_olmUC},
@@ -128,7 +133,7 @@ constexpr HookRow kEditorRows[] = {
     {kEditor, ofInstances, "hostWordMailEditor:", "v@:@",
      &Editor::vn_ERCalendarEventEditorViewController_hostWordMailEditor},
     {kEditor, ofInstances, "checkMeetingChangesForAttendees:", "B@:^c",
-     &Editor::vn_ERCalendarEventEditorViewController_checkMeetingChangesForAttendees},
+     &Editor::vn_ERCalendarEventEditorViewController_checkMeetingChangesForAttendees, CharacterPointers::texts},
 };
 
 constexpr HookRow kMutableEventRows[] = {
@@ -137,18 +142,18 @@ constexpr HookRow kMutableEventRows[] = {
 };
 
 constexpr HookClass kTable[] = {
-    {"vnHookOUIRibbonChunkContainerView", kRibbonContainer, kRibbonContainerRows, nullptr},
+    {"vnHookOUIRibbonChunkContainerView", kRibbonContainer, kRibbonContainerRows},
     {"vnHookOLCalendarHeaderContainerView", kHeaderContainer, kHeaderContainerRows, &HeaderContainer::prepare},
-    {"vnHookOLAutoLayoutAttachmentsAcceptingView", kAutoLayoutHeader, kAutoLayoutHeaderRows, nullptr},
-    {"vnHookERCalendarEventEditorWindowController", kWindowController, kWindowControllerRows, nullptr},
-    {"vnHookOLCalendarGridViewWrapper", kGridWrapper, kGridWrapperRows, nullptr},
-    {"vnHookOLAttachmentsAcceptingView", kHeader, kHeaderRows, nullptr},
-    {"vnHookECCalendarEvent", kEvent, kEventRows, nullptr},
-    {"vnHookOLAutoLayoutView", kAutoLayoutView, kAutoLayoutViewRows, nullptr},
-    {"vnHookOLCalendarEventViewResponder", kEventResponder, kEventResponderRows, nullptr},
-    {"vnHookERageMainWindowController", kMainWindow, kMainWindowRows, &MainWindow::prepare},
-    {"vnHookERCalendarEventEditorViewController", kEditor, kEditorRows, nullptr},
-    {"vnHookECMutableCalendarEvent", kMutableEvent, kMutableEventRows, nullptr},
+    {"vnHookOLAutoLayoutAttachmentsAcceptingView", kAutoLayoutHeader, kAutoLayoutHeaderRows},
+    {"vnHookERCalendarEventEditorWindowController", kWindowController, kWindowControllerRows},
+    {"vnHookOLCalendarGridViewWrapper", kGridWrapper, kGridWrapperRows},
+    {"vnHookOLAttachmentsAcceptingView", kHeader, kHeaderRows},
+    {"vnHookECCalendarEvent", kEvent, kEventRows},
+    {"vnHookOLAutoLayoutView", kAutoLayoutView, kAutoLayoutViewRows},
+    {"vnHookOLCalendarEventViewResponder", kEventResponder, kEventResponderRows},
+    {"vnHookERageMainWindowController", kMainWindow, kMainWindowRows, &MainWindow::prepare, &MainWindow::finish},
+    {"vnHookERCalendarEventEditorViewController", kEditor, kEditorRows},
+    {"vnHookECMutableCalendarEvent", kMutableEvent, kMutableEventRows},
 };
 // clang-format on
 

@@ -19,6 +19,7 @@ struct HookRow {
   // As the runtime takes it. Several do not match their method; the runtime does not look.
   std::string_view encoding;
   Value (*function)(HookCall& call);
+  CharacterPointers characters = CharacterPointers::opaque;
 
   // The selector that reaches the host's own implementation once the hook stands.
   std::string addedSelector() const;
@@ -30,7 +31,9 @@ struct HookClass {
   std::string_view hostClass;
   std::span<const HookRow> rows;
   // Runs first, whether or not the host has the class; false leaves the class without hooks. May be null.
-  bool (*prepare)();
+  bool (*prepare)() = nullptr;
+  // Runs when the rows of a class that is wanted have been installed. May be null.
+  void (*finish)() = nullptr;
 };
 
 // In the order at load.

@@ -4,12 +4,16 @@
 #include "channel/discovery/vnGetClientVersionHelper.h"
 #include "channel/transport/vnIPCChannel.h"
 #include "host/proxies/vnERageMainWindowController.h"
+#include "host/surface/MainWindowToolbar.h"
+#include "host/surface/vnCommandItemMgr.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
 
 namespace vorn {
 
 namespace {
+
+constexpr std::string_view kVersionThatNeedsToolbarItems = "14.5";
 
 // The window of a notification, which comes as the host's object or as its content.
 HostObject windowOf(const Value& notification) {
@@ -23,6 +27,14 @@ bool vnHookERageMainWindowController::prepare() {
   vnIPCChannel::initIPCChannel();
   vnGetClientVersionHelper::sharedInstance().getClientVersion();
   return vnAppHelper::sharedInstance().isSupportedOutlookVersion();
+}
+
+void vnHookERageMainWindowController::finish() {
+  if (vnAppHelper::sharedInstance().OutlookVersion().starts_with(kVersionThatNeedsToolbarItems)) {
+    addUIToMainWindow(m_scheduleMeetingItemIdentifier);
+    addUIToMainWindow(m_instantMeetingItemIdentifier);
+  }
+  vnCommandItemMgr::sharedInstance().initPluginInstance();
 }
 
 Value vnHookERageMainWindowController::vn_ERageMainWindowController_windowDidBecomeMain(HookCall& call) {

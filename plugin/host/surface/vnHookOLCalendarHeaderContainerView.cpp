@@ -32,7 +32,8 @@ bool vnHookOLCalendarHeaderContainerView::prepare() {
 Value vnHookOLCalendarHeaderContainerView::vn_OLCalendarHeaderContainerView_drawRect(HookCall& call) {
   Value result = call.forward();
   if (isExactlyOfHostClass(call.receiver(), "OLCalendarHeaderContainerView")) {
-    placeActionBar(managedSubviews(call.receiver()), vnHasTimezone(call.receiver()));
+    const std::vector<HostObject> views = managedSubviews(call.receiver());
+    placeActionBar(views, vnHasTimezoneForHeaderContainer(views));
   }
   return result;
 }

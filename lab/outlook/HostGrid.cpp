@@ -1,0 +1,48 @@
+// The calendar's grid: OLCalendarGridViewWrapper, and the CCGridViewController with its selection.
+
+#include "lab/outlook/HostWorld.h"
+
+namespace vornlab {
+
+HostObject HostWorld::selectInGrid(std::string_view uid, std::string_view recurrenceId) {
+  const auto found = store && grid.wrapper ? store->find(uid, recurrenceId) : std::nullopt;
+  grid.selectedEvent = found ? makeEvent(*found) : HostObject();
+  return grid.selectedEvent;
+}
+
+void HostWorld::defineGrid() {
+  runtime.defineClass("CCGridViewController", "NSViewController");
+  method("CCGridViewController", "view", [this](const HostObject&, const Arguments&) { return grid.view; });
+  method("CCGridViewController", "selectedEvent",
+         [this](const HostObject&, const Arguments&) { return grid.selectedEvent; });
+
+  runtime.defineClass("OLCalendarGridViewWrapper", "NSObject");
+  method("OLCalendarGridViewWrapper", "gridViewController",
+         [this](const HostObject&, const Arguments&) { return grid.controller; });
+  // A drag, a resize and a new title on the selected event. Each answers whether it has been done.
+  const auto onSelection = [this](std::string_view selector, auto changesOf) {
+    method("OLCalendarGridViewWrapper", selector,
+           [this, changesOf](const HostObject&, const Arguments& arguments) {
+             const HostObject selected = grid.selectedEvent;
+             const auto shown = event(selected);
+             return shown && storeChanges(*shown, changesOf(selected, arguments));
+           });
+  };
+  const auto times = [this](const Value& start, const Value& seconds) {
+    return Value::dictionaryFromPairs(
+        {{"startTime", start}, {"endTime", send(start.object(), "dateByAddingTimeInterval:", {seconds})}});
+  };
+  onSelection("performDragFrom:to:forDate:inProgress:",
+              [this, times](const HostObject& selected, const Arguments& arguments) {
+                return times(argumentAt(arguments, 2), send(selected, "duration"));
+              });
+  onSelection("dragResizedEvent:withTileView:withStartDate:duration:inProgress:partialStart:partialEnd:",
+              [times](const HostObject&, const Arguments& arguments) {
+                return times(argumentAt(arguments, 2), argumentAt(arguments, 3));
+              });
+  onSelection("subjectChanged:forEvent:andTileView:", [](const HostObject&, const Arguments& arguments) {
+    return Value::dictionaryFromPairs({{"summary", firstOf(arguments).text()}});
+  });
+}
+
+}  // namespace vornlab

@@ -1,0 +1,138 @@
+// The application and its main window with the toolbar.
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "lab/outlook/HostWorld.h"
+
+namespace vornlab {
+
+namespace {
+
+constexpr double kHalfAnHour = 1800;
+
+double nextHalfHour() {
+  const std::chrono::duration<double> now = std::chrono::system_clock::now().time_since_epoch();
+  return std::ceil(now.count() / kHalfAnHour) * kHalfAnHour;
+}
+
+}  // namespace
+
+void HostWorld::defineMainWindow() {
+  application = runtime.create("NSApplication");
+  runtime.setClassMethod("NSApplication", "sharedApplication",
+                         [this](const HostObject&, const Arguments&) { return Value(application); });
+  method("NSApplication", "isActive", [](const HostObject&, const Arguments&) { return true; });
+  method("NSApplication", "windows", [this](const HostObject&, const Arguments&) {
+    Value list = Value::array();
+    if (runtime.isAlive(mainWindowController)) list.append(send(mainWindowController, "window"));
+    for (const auto& [id, editor] : editors) list.append(editor->window);
+    return list;
+  });
+  runtime.defineClass("NSEvent", "NSObject");
+  method("NSEvent", "window", [this](const HostObject&, const Arguments&) {
+    return editorOfCurrentEvent ? editorOfCurrentEvent->window : HostObject();
+  });
+  method("NSApplication", "currentEvent", [this](const HostObject&, const Arguments&) {
+    return editorOfCurrentEvent ? runtime.createTemporary("NSEvent") : HostObject();
+  });
+  method("NSApplication", "delegate", [this](const HostObject&, const Arguments&) { return appDelegate; });
+
+  runtime.defineClass("ErageAppDelegate", "NSObject");
+  appDelegate = runtime.create("ErageAppDelegate");
+  action("ErageAppDelegate", "newCalendarMeeting:", [this](const HostObject&, const Arguments&) {
+    newEventStart = nextHalfHour();
+    send(classNamed("ERCalendarEventEditorWindowController"), "showWindowForNewMeeting");
+  });
+
+  runtime.defineClass("ERageMainWindowController", "NSWindowController");
+  method("NSWindowController", "window", [this](const HostObject& self, const Arguments&) {
+    const auto window = runtime.state<HostObject>(self);
+    return window ? *window : HostObject();
+  });
+  for (const char* selector : {"windowDidBecomeMain:", "windowWillClose:", "loadMailPane", "loadCalendarPane"}) {
+    action("ERageMainWindowController", selector, [](const HostObject&, const Arguments&) {});
+  }
+}
+
+void HostWorld::defineToolbar() {
+  runtime.defineClass("NSToolbar", "NSObject");
+  runtime.defineClass("NSToolbarItem", "NSObject");
+  const auto makeItem = [this](const std::string& identifier) {
+    return runtime.create("NSToolbarItem", std::make_shared<std::string>(identifier));
+  };
+
+  // The host knows the items that it was set up with and makes no other.
+  const auto identifiers = [this](const HostObject&, const Arguments&) {
+    Value list = Value::array();
+    for (const std::string& identifier : options.toolbar) list.append(identifier);
+    return list;
+  };
+  method("ERageMainWindowController", "toolbarDefaultItemIdentifiers:", identifiers);
+  method("ERageMainWindowController", "toolbarAllowedItemIdentifiers:", identifiers);
+  method("ERageMainWindowController", "toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:",
+         [this, makeItem](const HostObject&, const Arguments& arguments) {
+           const std::string identifier = argumentAt(arguments, 1).text();
+           const bool isKnown =
+               std::find(options.toolbar.begin(), options.toolbar.end(), identifier) != options.toolbar.end() ||
+               identifier.starts_with("NSToolbar");
+           return isKnown ? makeItem(identifier) : HostObject();
+         });
+
+  method("NSToolbarItem", "itemIdentifier", [this](const HostObject& self, const Arguments&) {
+    const auto identifier = runtime.state<std::string>(self);
+    return identifier ? Value(*identifier) : Value();
+  });
+  const auto items = [this](const HostObject& self, const Arguments&) {
+    Value list = Value::array();
+    if (const auto toolbar = runtime.state<HostToolbar>(self)) {
+      for (const HostObject& item : toolbar->items) list.append(item);
+    }
+    return list;
+  };
+  method("NSToolbar", "items", items);
+  method("NSToolbar", "visibleItems", items);
+  method("NSToolbar", "isVisible", [](const HostObject&, const Arguments&) { return true; });
+  // As on the platform, the delegate makes the item, and one that it does not make does not come in.
+  action("NSToolbar",
+         "insertItemWithItemIdentifier:atIndex:", [this](const HostObject& self, const Arguments& arguments) {
+           const auto toolbar = runtime.state<HostToolbar>(self);
+           const std::int64_t index = argumentAt(arguments, 1).integerValue();
+           if (!toolbar || index < 0 || static_cast<std::size_t>(index) > toolbar->items.size()) return;
+           const HostObject item =
+               send(toolbar->delegate,
+                    "toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:", {self, firstOf(arguments), true})
+                   .object();
+           if (item) toolbar->items.insert(toolbar->items.begin() + index, item);
+         });
+}
+
+void HostWorld::fillMainWindow(HostWindow& window) {
+  const auto state = std::make_shared<HostToolbar>();
+  state->delegate = window.controller;
+  window.toolbar = runtime.create("NSToolbar", state);
+  const Value identifiers = send(window.controller, "toolbarDefaultItemIdentifiers:", {window.toolbar});
+  for (const Value& identifier : identifiers.items()) {
+    send(window.toolbar,
+         "insertItemWithItemIdentifier:atIndex:", {identifier, static_cast<std::int64_t>(state->items.size())});
+  }
+  grid.view = makeView("NSView", rectangle(0, 0, 1200, 700));
+  send(window.contentView, "addSubview:", {grid.view});
+  grid.controller = runtime.create("CCGridViewController");
+  grid.wrapper = runtime.create("OLCalendarGridViewWrapper");
+}
+
+void HostWorld::emptyMainWindow() {
+  const HostObject window = send(mainWindowController, "window").object();
+  const HostObject toolbar = send(window, "toolbar").object();
+  if (const auto held = runtime.state<HostToolbar>(toolbar)) {
+    for (const HostObject& item : held->items) runtime.destroy(item);
+  }
+  runtime.destroy(toolbar);
+  runtime.destroy(grid.wrapper);
+  runtime.destroy(grid.controller);
+  grid = {};
+}
+
+}  // namespace vornlab
