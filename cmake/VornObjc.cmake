@@ -6,7 +6,7 @@ pkg_check_modules(FFI IMPORTED_TARGET libffi)
 if(APPLE)
   set(VORN_OBJC ${FFI_FOUND})
   set(objc_options)
-  set(objc_libraries "-framework Foundation")
+  set(objc_libraries "-framework Foundation" "-framework AppKit")
 elseif(FFI_FOUND AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # The compiler answers with the bare name when it has no such part.
   execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-prog-name=cc1objplus

@@ -12,7 +12,8 @@
 
 #include "lab/outlook/CalendarStore.h"
 
-@class NSWindow, ERCalendarEventEditorViewController, ERCalendarEventEditorWindowController;
+@class NSWindow, ECCalendarEvent, OLCalendarDate, ERCalendarEventEditorViewController;
+@class ERCalendarEventEditorWindowController;
 
 // -- Views and windows -------------------------------------------------------------------------------------------
 
@@ -61,14 +62,37 @@
 @interface OUIRibbonChunkContainerView : NSView
 @end
 
+@interface NSToolbarItem : NSObject {
+  NSString* identifier_;
+}
+- (id)initWithItemIdentifier:(NSString*)identifier;
+- (NSString*)itemIdentifier;
+@end
+
+@interface NSToolbar : NSObject {
+  // Not owned.
+  id delegate_;
+  NSMutableArray* items_;
+}
+- (id)initWithDelegate:(id)delegate;
+- (NSArray*)items;
+- (NSArray*)visibleItems;
+- (BOOL)isVisible;
+// The delegate makes the item, and one that it does not make does not come in.
+- (void)insertItemWithItemIdentifier:(NSString*)identifier atIndex:(NSInteger)index;
+@end
+
 @interface NSWindow : NSObject {
   id controller_;
   NSView* contentView_;
+  NSToolbar* toolbar_;
   BOOL closed_;
 }
 - (id)initWithController:(id)controller contentFrame:(NSRect)frame;
 - (id)windowController;
 - (NSView*)contentView;
+- (NSToolbar*)toolbar;
+- (void)setToolbar:(NSToolbar*)toolbar;
 - (BOOL)isVisible;
 - (void)close;
 @end
@@ -82,10 +106,31 @@
 @interface NSViewController : NSObject
 @end
 
-@interface NSApplication : NSObject
+// What the person has just done, and where.
+@interface NSEvent : NSObject {
+  NSWindow* window_;
+}
+- (id)initWithWindow:(NSWindow*)window;
+- (NSWindow*)window;
+@end
+
+@interface ErageAppDelegate : NSObject
+- (void)newCalendarMeeting:(id)argument;
+@end
+
+@interface NSApplication : NSObject {
+  // Not owned.
+  NSWindow* mainWindow_;
+  NSEvent* currentEvent_;
+  ErageAppDelegate* delegate_;
+}
 + (NSApplication*)sharedApplication;
+- (void)setMainWindow:(NSWindow*)window;
 - (BOOL)isActive;
 - (NSArray*)windows;
+- (NSEvent*)currentEvent;
+- (void)setCurrentEvent:(NSEvent*)event;
+- (ErageAppDelegate*)delegate;
 @end
 
 // Declines what is asked, and keeps what was said.
@@ -105,7 +150,39 @@
                      contextInfo:(void*)context;
 @end
 
-@interface ERageMainWindowController : NSWindowController
+@interface CCGridViewController : NSViewController {
+  NSView* view_;
+  ECCalendarEvent* selectedEvent_;
+}
+- (NSView*)view;
+- (ECCalendarEvent*)selectedEvent;
+- (void)setSelectedEvent:(ECCalendarEvent*)event;
+@end
+
+// The calendar on the screen. What a person does to the selected appointment is stored at once; each answers
+// whether that is done, and says through its flag that the movement of the mouse is over.
+@interface OLCalendarGridViewWrapper : NSObject {
+  CCGridViewController* controller_;
+}
+- (CCGridViewController*)gridViewController;
+- (BOOL)dragResizedEvent:(ECCalendarEvent*)event
+            withTileView:(NSView*)tile
+           withStartDate:(OLCalendarDate*)start
+                duration:(double)seconds
+              inProgress:(BOOL*)inProgress
+            partialStart:(BOOL)partialStart
+              partialEnd:(BOOL)partialEnd;
+- (BOOL)performDragFrom:(id)from to:(id)to forDate:(OLCalendarDate*)start inProgress:(BOOL*)inProgress;
+- (BOOL)subjectChanged:(NSString*)subject forEvent:(ECCalendarEvent*)event andTileView:(NSView*)tile;
+@end
+
+@interface ERageMainWindowController : NSWindowController {
+  OLCalendarGridViewWrapper* grid_;
+}
+- (OLCalendarGridViewWrapper*)grid;
+- (NSToolbarItem*)toolbar:(NSToolbar*)toolbar
+        itemForItemIdentifier:(NSString*)identifier
+    willBeInsertedIntoToolbar:(BOOL)isInserted;
 - (void)windowDidBecomeMain:(NSNotification*)notification;
 - (void)windowWillClose:(NSNotification*)notification;
 - (void)loadMailPane;
@@ -187,6 +264,13 @@
 - (NSString*)organizer;
 - (void)setOlmUCInband:(NSString*)record;
 - (void)setOlmUCCapabilities:(NSString*)record;
+- (double)duration;
+- (id)seriesMasterRecord;
+- (BOOL)deleteEventNow;
+// Opens the editor of a cancellation.
+- (void)cancelMeetingInWindow:(NSWindow*)window;
+// Stores these changes, by the names of the readers, with those in memory.
+- (BOOL)storeChanges:(NSDictionary*)changes;
 @end
 
 // The record of a save.
@@ -241,6 +325,17 @@
 - (int)saveAndCloseWindow:(BOOL)close;
 - (void)saveAndClose:(id)sender;
 - (void)sendMeetingPostValidate;
+// The answer to the question whether the whole series is meant: 1 when it is.
+- (void)switchToRecurrenceDidEnd:(id)alert returnCode:(int)code contextInfo:(void*)context;
+// Takes the changes as a text, and answers whether it names any that attendees hear of.
+- (BOOL)checkMeetingChangesForAttendees:(const char*)changes;
+// Goes on with the series of the item that it shows.
+- (void)showSeries;
+@end
+
+@interface OLCalendarEventViewResponder : NSObject
+// In the editor of the current event.
+- (void)switchToRecurringSeries:(id)sender;
 @end
 
 @interface ERCalendarEventEditorWindowController : NSWindowController {
@@ -248,6 +343,8 @@
   ERCalendarEventEditorViewController* editor_;
   NSView* header_;
 }
++ (id)showWindowForNewMeeting;
++ (id)showWindowForNewEvent;
 + (id)showWindowForMeeting:(ECCalendarEvent*)event;
 + (id)showWindowForEvent:(ECCalendarEvent*)event;
 + (id)showCancellationWindowForMeeting:(ECCalendarEvent*)event;
@@ -260,9 +357,23 @@
 
 namespace vornlab {
 
+// What is released later than at once ends with this.
+class Pool {
+ public:
+  Pool() : pool_([[NSAutoreleasePool alloc] init]) {}
+  ~Pool() { [pool_ drain]; }
+  Pool(const Pool&) = delete;
+  Pool& operator=(const Pool&) = delete;
+
+ private:
+  NSAutoreleasePool* pool_;
+};
+
 NSString* foundationText(std::string_view text);
 NSString* foundationText(const vorn::OptionalText& text);
 std::string plainText(NSString* text);
+// The calendar that the host shows, which new appointments go to. It outlives the host.
+CalendarStore*& shownStore();
 // The stored appointment behind the object; absent when it is not stored, or was removed.
 std::optional<CalendarEvent> storedEvent(HostStoredObject* object);
 

@@ -1,5 +1,8 @@
 // The editor of an appointment: its window, its controllers, its compose view, and what a save is.
 
+#include <cmath>
+#include <string_view>
+
 #include "lab/objc/HostClasses.h"
 
 namespace {
@@ -205,19 +208,13 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 }
 
 - (BOOL)save {
-  ECMutableCalendarEvent* record = [[[ECMutableCalendarEvent alloc] initWithStore:event_->store_
-                                                                            index:event_->index_] autorelease];
-  [record->changed_ addEntriesFromDictionary:event_->changed_];
+  NSMutableDictionary* changes = [NSMutableDictionary dictionary];
   NSEnumerator* names = [uncommitted_ keyEnumerator];
   while (NSString* name = [names nextObject]) {
-    const id typed = [uncommitted_ objectForKey:name];
-    [record->changed_ setObject:typed == [NSNull null] ? @"" : typed
-                         forKey:[name substringFromIndex:[@"content." length]]];
+    [changes setObject:[uncommitted_ objectForKey:name] forKey:[name substringFromIndex:[@"content." length]]];
   }
-  if (wordEditor_->plainText_) [record->changed_ setObject:[NSNumber numberWithBool:NO] forKey:@"isBodyHTML"];
-  if ([record saveRecord] != 0) return NO;
-  event_->index_ = record->index_;
-  [event_->changed_ removeAllObjects];
+  if (wordEditor_->plainText_) [changes setObject:[NSNumber numberWithBool:NO] forKey:@"isBodyHTML"];
+  if (![event_ storeChanges:changes]) return NO;
   [uncommitted_ removeAllObjects];
   replace(loadedHtml_, [[wordEditor_ editorContent] bodyContent]);
   [self setIsDirty:NO];
@@ -243,9 +240,42 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   (void)sender;
   [self saveAndCloseWindow:YES];
 }
-// Stores the meeting and closes; no message goes anywhere.
+// Stores the meeting and closes; no message goes anywhere. A cancellation that has gone out takes the meeting off
+// one's own calendar.
 - (void)sendMeetingPostValidate {
-  if ([self save]) [owner_ close];
+  if (![self save]) return;
+  auto stored = vornlab::storedEvent(event_);
+  if (cancelMode_ && stored) stored->remove();
+  [owner_ close];
+}
+- (void)switchToRecurrenceDidEnd:(id)alert returnCode:(int)code contextInfo:(void*)context {
+  (void)alert;
+  (void)context;
+  constexpr int wholeSeries = 1;
+  if (code == wholeSeries) [self showSeries];
+}
+- (BOOL)checkMeetingChangesForAttendees:(const char*)changes {
+  return changes && std::string_view(changes).find("content.") != std::string_view::npos;
+}
+- (void)showSeries {
+  ECCalendarEvent* series = [event_ seriesMasterRecord];
+  if (!series) return;
+  // Whoever has looked at the former event may still hold it while the present call goes on.
+  [event_ autorelease];
+  event_ = [series retain];
+  [uncommitted_ removeAllObjects];
+  [locationField_ setStringValue:[event_ location] ? [event_ location] : @""];
+  [self loadEventIntoWordMail];
+  [self setIsDirty:NO];
+}
+@end
+
+@implementation OLCalendarEventViewResponder
+- (void)switchToRecurringSeries:(id)sender {
+  (void)sender;
+  id controller = [[[[NSApplication sharedApplication] currentEvent] window] windowController];
+  if ([controller isKindOfClass:[ERCalendarEventEditorWindowController class]])
+    [[controller editorViewController] showSeries];
 }
 @end
 
@@ -288,6 +318,19 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   [openEditors() addObject:made];
   [made build];
   return made;
+}
+// An appointment of half an hour from the next full one, which is stored nowhere yet.
++ (id)showWindowForNewEvent {
+  constexpr double halfAnHour = 1800;
+  const double start = std::ceil([[NSDate date] timeIntervalSince1970] / halfAnHour) * halfAnHour;
+  ECCalendarEvent* event = [[[ECCalendarEvent alloc] initWithStore:vornlab::shownStore() index:-1] autorelease];
+  OLCalendarDate* begin = [[[OLCalendarDate alloc] initWithSeconds:start zone:nil] autorelease];
+  [event->changed_ setObject:begin forKey:@"startTime"];
+  [event->changed_ setObject:[begin dateByAddingTimeInterval:halfAnHour] forKey:@"endTime"];
+  return [self showWindowForEvent:event];
+}
++ (id)showWindowForNewMeeting {
+  return [self showWindowForNewEvent];
 }
 + (id)showWindowForMeeting:(ECCalendarEvent*)event {
   return [self openWindowFor:event isCancelMode:NO];

@@ -52,6 +52,11 @@ NSString* userAddress = nil;
 
 namespace vornlab {
 
+CalendarStore*& shownStore() {
+  static CalendarStore* store = nullptr;
+  return store;
+}
+
 std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   if (!object || !object->store_ || object->index_ < 0) return {};
   const CalendarEvent stored = object->store_->eventAt(static_cast<std::size_t>(object->index_));
@@ -395,6 +400,27 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   auto stored = storedEvent(self);
   if (!stored) return NO;
   stored->remove();
+  return YES;
+}
+- (void)cancelMeetingInWindow:(NSWindow*)window {
+  (void)window;
+  const auto stored = storedEvent(self);
+  if (!stored) return;
+  ECCalendarEvent* own = [[[ECCalendarEvent alloc] initWithStore:store_ index:index_] autorelease];
+  [ERCalendarEventEditorWindowController showCancellationWindowForMeeting:own];
+}
+- (BOOL)storeChanges:(NSDictionary*)changes {
+  ECMutableCalendarEvent* record = [[[ECMutableCalendarEvent alloc] initWithStore:store_
+                                                                            index:index_] autorelease];
+  [record->changed_ addEntriesFromDictionary:changed_];
+  NSEnumerator* items = [changes keyEnumerator];
+  while (NSString* item = [items nextObject]) {
+    const id value = [changes objectForKey:item];
+    [record->changed_ setObject:value == [NSNull null] ? @"" : value forKey:item];
+  }
+  if ([record saveRecord] != 0) return NO;
+  index_ = record->index_;
+  [changed_ removeAllObjects];
   return YES;
 }
 - (BOOL)isOwner {

@@ -1,4 +1,4 @@
-// Views, windows and the application.
+// Views, windows and alerts.
 
 #include <utility>
 
@@ -117,6 +117,48 @@
 }
 @end
 
+@implementation NSToolbarItem
+- (id)initWithItemIdentifier:(NSString*)identifier {
+  if (!(self = [super init])) return nil;
+  identifier_ = [identifier copy];
+  return self;
+}
+- (void)dealloc {
+  [identifier_ release];
+  [super dealloc];
+}
+- (NSString*)itemIdentifier {
+  return identifier_;
+}
+@end
+
+@implementation NSToolbar
+- (id)initWithDelegate:(id)delegate {
+  if (!(self = [super init])) return nil;
+  delegate_ = delegate;
+  items_ = [[NSMutableArray alloc] init];
+  return self;
+}
+- (void)dealloc {
+  [items_ release];
+  [super dealloc];
+}
+- (NSArray*)items {
+  return [NSArray arrayWithArray:items_];
+}
+- (NSArray*)visibleItems {
+  return [self items];
+}
+- (BOOL)isVisible {
+  return YES;
+}
+- (void)insertItemWithItemIdentifier:(NSString*)identifier atIndex:(NSInteger)index {
+  if (index < 0 || index > static_cast<NSInteger>([items_ count])) return;
+  const id item = [delegate_ toolbar:self itemForItemIdentifier:identifier willBeInsertedIntoToolbar:YES];
+  if (item) [items_ insertObject:item atIndex:static_cast<NSUInteger>(index)];
+}
+@end
+
 @implementation NSWindow
 - (id)initWithController:(id)controller contentFrame:(NSRect)frame {
   if (!(self = [super init])) return nil;
@@ -128,6 +170,7 @@
 - (void)dealloc {
   [contentView_ setWindow:nil];
   [contentView_ release];
+  [toolbar_ release];
   [super dealloc];
 }
 - (id)windowController {
@@ -135,6 +178,14 @@
 }
 - (NSView*)contentView {
   return contentView_;
+}
+- (NSToolbar*)toolbar {
+  return toolbar_;
+}
+- (void)setToolbar:(NSToolbar*)toolbar {
+  [toolbar retain];
+  [toolbar_ release];
+  toolbar_ = toolbar;
 }
 - (BOOL)isVisible {
   return !closed_;
@@ -157,22 +208,6 @@
 @end
 
 @implementation NSViewController
-@end
-
-@implementation NSApplication
-+ (NSApplication*)sharedApplication {
-  static NSApplication* application = [[NSApplication alloc] init];
-  return application;
-}
-- (BOOL)isActive {
-  return YES;
-}
-- (NSArray*)windows {
-  NSMutableArray* windows = [NSMutableArray array];
-  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
-  while (NSWindowController* controller = [open nextObject]) [windows addObject:[controller window]];
-  return windows;
-}
 @end
 
 namespace {
@@ -222,32 +257,6 @@ std::string& lastAlert() {
   [ended setArgument:&code atIndex:3];
   [ended setArgument:&context atIndex:4];
   [ended invokeWithTarget:delegate];
-}
-@end
-
-@implementation ERageMainWindowController
-- (id)init {
-  if (!(self = [super init])) return nil;
-  window_ = [[NSWindow alloc] initWithController:self contentFrame:NSMakeRect(0, 0, 1200, 800)];
-  return self;
-}
-- (void)windowDidBecomeMain:(NSNotification*)notification {
-  (void)notification;
-}
-- (void)windowWillClose:(NSNotification*)notification {
-  (void)notification;
-}
-- (void)loadMailPane {
-}
-- (void)loadCalendarPane {
-}
-- (NSArray*)toolbarDefaultItemIdentifiers:(id)toolbar {
-  (void)toolbar;
-  return [NSArray array];
-}
-- (NSArray*)toolbarAllowedItemIdentifiers:(id)toolbar {
-  (void)toolbar;
-  return [NSArray array];
 }
 @end
 

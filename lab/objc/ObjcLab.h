@@ -8,8 +8,9 @@
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/ClientProcess.h"
 #include "lab/shell/LabOptions.h"
-#include "lab/shell/MeetReport.h"
+#include "lab/shell/MeetCommand.h"
 #include "lab/shell/World.h"
+#include "util/Value.h"
 
 namespace vornlab {
 
@@ -21,38 +22,59 @@ std::filesystem::path enterOwnWorld(char** arguments);
 // The laboratory with the host in the Objective-C runtime of this process: the client's process, the host's
 // classes over a calendar, and the bundle, loaded as such a host loads it. The client is stopped with this object;
 // the bundle stays, for there is no way to take it out of the runtime again. One in a process. Main thread only.
-class ObjcLab {
+class ObjcLab final : public MeetingLab {
  public:
-  // Returns when the plug-in has connected to the client. The calendar must outlive this object. Throws LabError
-  // when something cannot be started.
+  // Returns when the plug-in has connected to the client, or at once when none is wanted. The calendar must
+  // outlive this object. Throws LabError when something cannot be started.
   ObjcLab(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress);
-  ~ObjcLab();
+  ~ObjcLab() override;
   ObjcLab(const ObjcLab&) = delete;
   ObjcLab& operator=(const ObjcLab&) = delete;
 
-  // Leads one appointment through the road: the editor opens, a person clicks Add when the bar offers it, and
-  // saves or sends. Throws LabError only when the person wants the program to end.
-  MeetResult take(const CalendarEvent& event);
+  // The editor opens, a person clicks Add when the bar offers it, and saves or sends.
+  MeetResult take(const CalendarEvent& event) override;
+  std::size_t requests() override { return journalled("\"event\":\"request\""); }
+  std::size_t replies() override { return journalled("\"event\":\"reply\""); }
 
-  // Envelopes that the client has taken and given.
-  std::size_t requests() const { return journalled("\"event\":\"request\""); }
-  std::size_t replies() const { return journalled("\"event\":\"reply\""); }
+  // What the plug-in answers to one of its questions for people who support users. Throws LabError for a question
+  // that it does not know.
+  vorn::Value ask(const std::string& question, const vorn::Value& parameters = vorn::Value());
+  // What it sees in an appointment, in groups.
+  vorn::Value inspect(const CalendarEvent& event);
+
+  // What a person does on the calendar's grid, with the appointment selected there; times in seconds since 1970.
+  // Each sends what the host would send, and answers what came of it: whether the host has done it.
+  bool drag(const CalendarEvent& event, double newStart);
+  bool resize(const CalendarEvent& event, double newStart, double seconds);
+  bool rename(const CalendarEvent& event, const std::string& subject);
+  bool deleteFromCalendar(const CalendarEvent& event);
+  // Whether the host, asked about an editor in which only that item was typed, such as "content.summary", finds a
+  // change that attendees hear of.
+  bool findsChangesForAttendees(const CalendarEvent& event, const std::string& item);
+
+  // Runs the loop until the client has answered everything and nothing more has come to it for a moment. False
+  // when that takes too long.
+  bool waitForQuiet();
 
  private:
+  // The plug-in clears up a hundredth of a second after a window has closed.
+  static constexpr double kClearingSeconds = 0.02;
+
+  void startClient();
   void loadBundle(const std::filesystem::path& bundle);
   // Answers why the road ended, or "".
   std::string walk(const CalendarEvent& event, MeetResult& result);
   bool waitUntil(const std::function<bool()>& condition, double seconds);
   void passTime(double seconds);
-  // Runs the loop until the client has answered everything and nothing more has come to it for a moment. False
-  // when that takes too long.
-  bool waitForQuiet();
+  // Selects the appointment for the time of the act, which is given the host's objects.
+  bool onGrid(const CalendarEvent& event, const std::function<bool(void* grid, void* selected)>& act);
   std::size_t journalled(const char* what) const;
 
   LabOptions options_;
   World world_;
   ClientProcess client_;
   CalendarStore& calendar_;
+  int (*answer_)(const char*, const vorn::Value*, vorn::Value*) = nullptr;
   // Retained.
   void* mainWindowController_ = nullptr;
 };

@@ -32,8 +32,6 @@ namespace fs = std::filesystem;
 constexpr auto kWorldVariable = "VORNLAB_OBJC_WORLD";
 constexpr double kStartSeconds = 20;
 constexpr double kTurnSeconds = 0.005;
-// The plug-in clears up a hundredth of a second after a window has closed.
-constexpr double kClearingSeconds = 0.02;
 // A request that is on its way is in the client's journal after that time.
 constexpr double kSettlingSeconds = 0.2;
 
@@ -43,21 +41,10 @@ fs::path fromUsersFolder(const fs::path& path) {
   return fs::proximate(path, user ? user->pw_dir : "/");
 }
 
-class Pool {
- public:
-  Pool() : pool_([[NSAutoreleasePool alloc] init]) {}
-  ~Pool() { [pool_ drain]; }
-  Pool(const Pool&) = delete;
-  Pool& operator=(const Pool&) = delete;
-
- private:
-  NSAutoreleasePool* pool_;
-};
-
 World::Options worldOptions(const LabOptions& options) {
   World::Options world;
   world.folder = options.world;
-  world.client = options.programs / "vornclient.app";
+  if (!options.withoutClient) world.client = options.programs / "vornclient.app";
   world.clientVersion = options.clientVersion;
   world.userId = (options.account.empty() ? Account::plain() : Account::fromFile(options.account.string())).userId;
   return world;
@@ -96,17 +83,15 @@ ObjcLab::ObjcLab(const LabOptions& options, CalendarStore& calendar, const std::
   std::error_code failed;
   fs::create_directory_symlink(world_.applications(), world_.home() / "Applications", failed);
   if (failed) throw LabError("cannot make the user's Applications folder: " + failed.message());
-  std::vector<std::string> arguments{"--home",    world_.home(),   "--db", options_.clientDatabase,
-                                     "--journal", world_.journal()};
-  if (!options_.account.empty()) arguments.insert(arguments.end(), {"--account", options_.account});
-  client_.start(world_.clientProgram(), arguments, world_.clientErrors(), kStartSeconds);
-
+  if (!options_.withoutClient) startClient();
+  shownStore() = &calendar;
   [ECEmailAccount setUserAddress:foundationText(std::string_view(userAddress))];
   loadBundle(options_.programs / "objc/vOutlookPlugin.bundle");
   ERageMainWindowController* controller = [[ERageMainWindowController alloc] init];
   mainWindowController_ = controller;
   [controller windowDidBecomeMain:[NSNotification notificationWithName:@"NSWindowDidBecomeMainNotification"
                                                                 object:[controller window]]];
+  if (options_.withoutClient) return;
   if (!waitUntil([this] { return journalled("\"event\":\"connected\"") > 0; }, kStartSeconds))
     throw LabError("the plug-in did not connect to the client");
 }
@@ -119,10 +104,36 @@ ObjcLab::~ObjcLab() {
   [controller release];
 }
 
+void ObjcLab::startClient() {
+  std::vector<std::string> arguments{"--home",    world_.home(),   "--db", options_.clientDatabase,
+                                     "--journal", world_.journal()};
+  if (!options_.account.empty()) arguments.insert(arguments.end(), {"--account", options_.account});
+  arguments.insert(arguments.end(), options_.clientArguments.begin(), options_.clientArguments.end());
+  client_.start(world_.clientProgram(), arguments, world_.clientErrors(), kStartSeconds);
+}
+
 void ObjcLab::loadBundle(const fs::path& bundle) {
   const fs::path program = bundle / "Contents/MacOS/vOutlookPlugin";
-  if (!dlopen(program.c_str(), RTLD_NOW | RTLD_LOCAL))
-    throw LabError(std::string("the plug-in cannot be loaded: ") + dlerror());
+  void* module = dlopen(program.c_str(), RTLD_NOW | RTLD_LOCAL);
+  if (!module) throw LabError(std::string("the plug-in cannot be loaded: ") + dlerror());
+  answer_ = reinterpret_cast<decltype(answer_)>(dlsym(module, "vOutlookPluginAnswer"));
+  if (!answer_) throw LabError("the plug-in at " + program.string() + " answers no questions");
+}
+
+vorn::Value ObjcLab::ask(const std::string& question, const vorn::Value& parameters) {
+  vorn::Value answer;
+  if (answer_(question.c_str(), &parameters, &answer) != 0)
+    throw LabError("the plug-in does not answer the question \"" + question + "\"");
+  return answer;
+}
+
+vorn::Value ObjcLab::inspect(const CalendarEvent& event) {
+  const Pool pool;
+  ECCalendarEvent* shown =
+      [[[ECCalendarEvent alloc] initWithStore:&calendar_ index:static_cast<NSInteger>(event.index())] autorelease];
+  vorn::Value parameters = vorn::Value::dictionary();
+  parameters.set("event", vorn::HostObject(reinterpret_cast<std::uintptr_t>(shown)));
+  return ask("appointment", parameters)["groups"];
 }
 
 MeetResult ObjcLab::take(const CalendarEvent& event) {
@@ -193,6 +204,7 @@ std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {
 }
 
 bool ObjcLab::waitUntil(const std::function<bool()>& condition, double seconds) {
+  const Pool pool;
   NSDate* end = [NSDate dateWithTimeIntervalSinceNow:seconds];
   while (!condition()) {
     if (Interruption::requested()) throw LabError("interrupted; nothing was written");
@@ -207,6 +219,7 @@ bool ObjcLab::waitUntil(const std::function<bool()>& condition, double seconds) 
 }
 
 bool ObjcLab::waitForQuiet() {
+  const Pool pool;
   NSDate* end = [NSDate dateWithTimeIntervalSinceNow:options_.timeoutSeconds];
   while ([end timeIntervalSinceNow] > 0) {
     const std::size_t before = requests();

@@ -1,103 +1,145 @@
 // The stand-in host in the Objective-C runtime, driven from the command line.
 
 #include <CLI/CLI.hpp>
-#include <chrono>
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
 
 #include "lab/objc/ObjcLab.h"
+#include "lab/shell/HooksCommand.h"
+#include "lab/shell/HostRuntime.h"
+#include "lab/shell/InspectCommand.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
-#include "lab/shell/MeetingRoad.h"
+#include "lab/shell/MeetCommand.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using namespace vornlab;
 
-struct Options {
-  fs::path input;
-  fs::path output;
-  std::vector<std::string> uids;
-  MeetReport::Form form = MeetReport::Form::table;
-  std::string me;
-  LabOptions lab;
-};
-
-MeetResult unknownAppointment(const std::string& uid) {
-  MeetResult result;
-  result.uid = uid;
-  result.reason = "the calendar has no appointment with this UID";
-  return result;
+ExitCode meetHere(const MeetOptions& options) {
+  return meet(options, [&options](CalendarStore& calendar) {
+    return std::make_unique<ObjcLab>(options.lab, calendar, options.me);
+  });
 }
 
-MeetResult takeUnlessCancelled(ObjcLab& lab, const CalendarEvent& event) {
-  if (!event.isCancelled()) return lab.take(event);
-  MeetResult result = describe(event);
-  result.outcome = Outcome::skipped;
-  result.reason = "the appointment is cancelled";
-  return result;
+ExitCode hooksHere(const HooksOptions& options) {
+  CalendarStore nothing;
+  ObjcLab lab(options.lab, nothing, "");
+  printHooks(lab.ask("hooks"), options.form);
+  return ExitCode::done;
 }
 
-// The road of the command "meet".
-ExitCode meet(const Options& options) {
-  CalendarStore calendar;
-  IcsProblem problem;
-  if (!calendar.load(options.input.string(), problem))
-    throw UsageError(options.input.string() + ": " + problem.message);
-  const auto began = std::chrono::steady_clock::now();
-  MeetReport report(options.form);
-  std::size_t requests = 0;
-  std::size_t replies = 0;
-  {
-    ObjcLab lab(options.lab, calendar, options.me);
-    for (const std::string& uid : options.uids) {
-      const auto event = calendar.find(uid);
-      report.tell(event ? takeUnlessCancelled(lab, *event) : unknownAppointment(uid));
-    }
-    requests = lab.requests();
-    replies = lab.replies();
+ExitCode inspectHere(const InspectOptions& options) {
+  return inspect(options, [&options](CalendarStore& calendar) -> Inspector {
+    const auto lab = std::make_shared<ObjcLab>(options.lab, calendar, options.me);
+    return [lab](const CalendarEvent& event) { return lab->inspect(event); };
+  });
+}
+
+void addClientOptions(CLI::App& command, LabOptions& lab) {
+  command.add_option("--client-db", lab.clientDatabase, "where the stand-in service keeps its meetings")
+      ->capture_default_str();
+  command.add_option("--account", lab.account, "who is signed in at the client")->check(CLI::ExistingFile);
+  command.add_option("--timeout", lab.timeoutSeconds, "seconds that one appointment may take")
+      ->check(CLI::PositiveNumber)
+      ->capture_default_str();
+  command.add_option("--client-version", lab.clientVersion, "the version that the client shows");
+  command.add_option("--client-option", lab.clientArguments, "an argument for the client; may be repeated")
+      ->take_all();
+}
+
+CLI::App* addMeet(CLI::App& program, MeetOptions& options) {
+  CLI::App* command = program.add_subcommand("meet", "give the appointments of a calendar file their meetings");
+  command->add_option("IN", options.input, "the calendar file")->required();
+  command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself")->required();
+  auto* which = command->add_option_group("which appointments");
+  which->add_option("--uid", options.uids, "one appointment; may be repeated");
+  which->add_flag("--all", options.all, "every appointment");
+  which->require_option(1);
+  command->add_flag_callback(
+      "--json", [&options] { options.form = MeetReport::Form::json; }, "one JSON object a line");
+  command->add_option("--me", options.me, "the address of the calendar's owner: what others organize is skipped");
+  addClientOptions(*command, options.lab);
+  return command;
+}
+
+// A command that only asks needs no client.
+void askOnly(CLI::App& command, LabOptions& lab, ReportForm& form) {
+  lab.withoutClient = true;
+  lab.panelIsOff = false;
+  command.add_flag_callback(
+      "--json", [&form] { form = ReportForm::json; }, "one JSON object");
+}
+
+CLI::App* addHooks(CLI::App& program, HooksOptions& options) {
+  CLI::App* command = program.add_subcommand("hooks", "tell what is hooked in the stand-in host, row by row");
+  askOnly(*command, options.lab, options.form);
+  return command;
+}
+
+CLI::App* addInspect(CLI::App& program, InspectOptions& options) {
+  CLI::App* command =
+      program.add_subcommand("inspect", "tell what the plug-in sees in each appointment of a file");
+  command->add_option("IN", options.input, "the calendar file")->required();
+  command->add_option("--uid", options.uids, "one appointment; may be repeated");
+  command->add_option("--me", options.me, "the address of the calendar's owner");
+  askOnly(*command, options.lab, options.form);
+  return command;
+}
+
+bool isCommand(const CLI::App& program, const std::string& word) {
+  const auto commands = program.get_subcommands(nullptr);
+  return std::any_of(commands.begin(), commands.end(),
+                     [&](const CLI::App* command) { return command->get_name() == word; });
+}
+
+// Makes a world for the time of the work, which is the second run of this program.
+template <typename Work>
+ExitCode inOwnWorld(char** argv, LabOptions& lab, const Work& work) {
+  lab.world = enterOwnWorld(argv);
+  try {
+    const ExitCode code = work();
+    fs::remove_all(lab.world);
+    return code;
+  } catch (...) {
+    fs::remove_all(lab.world);
+    throw;
   }
-  if (!calendar.save(options.output.string())) throw LabError("cannot write " + options.output.string());
-  const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
-  report.tellSummary(requests, replies, took.count());
-  return report.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
 }
 
 ExitCode run(int argc, char** argv) {
-  Options options;
+  LabOptions lab;
+  lab.programs = fs::read_symlink("/proc/self/exe").parent_path();
+  std::vector<std::string> words(argv + 1, argv + argc);
+  chooseRuntime(words, "objc", lab.programs);
+  MeetOptions meetOptions;
+  HooksOptions hooksOptions;
+  InspectOptions inspectOptions;
+  meetOptions.lab = hooksOptions.lab = inspectOptions.lab = lab;
+
   CLI::App program("The stand-in host in the Objective-C runtime.", "vornlab-objc");
+  program.footer(kRuntimeHelp);
   program.require_subcommand(1);
-  CLI::App* command = program.add_subcommand("meet", "give appointments of a calendar file their meetings");
-  command->add_option("IN", options.input, "the calendar file")->required();
-  command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself")->required();
-  command->add_option("--uid", options.uids, "one appointment; may be repeated")->required();
-  command->add_flag_callback(
-      "--json", [&options] { options.form = MeetReport::Form::json; }, "one JSON object a line");
-  command->add_option("--me", options.me, "the address of the calendar's owner");
-  command->add_option("--client-db", options.lab.clientDatabase, "where the stand-in service keeps its meetings")
-      ->capture_default_str();
-  command->add_option("--account", options.lab.account, "who is signed in at the client")
-      ->check(CLI::ExistingFile);
-  command->add_option("--timeout", options.lab.timeoutSeconds, "seconds that one appointment may take")
-      ->check(CLI::PositiveNumber)
-      ->capture_default_str();
+  const CLI::App* meetCommand = addMeet(program, meetOptions);
+  const CLI::App* hooksCommand = addHooks(program, hooksOptions);
+  addInspect(program, inspectOptions);
+  if (!words.empty() && !words.front().starts_with('-') && !isCommand(program, words.front())) {
+    throw UsageError("there is no command \"" + words.front() +
+                     "\" with --runtime objc; hooks, inspect and meet are");
+  }
   try {
-    program.parse(argc, argv);
+    // The parser takes its words from the end.
+    std::reverse(words.begin(), words.end());
+    program.parse(words);
   } catch (const CLI::ParseError& error) {
     return program.exit(error) == 0 ? ExitCode::done : ExitCode::badUsage;
   }
-  options.lab.programs = fs::read_symlink("/proc/self/exe").parent_path();
-  options.lab.world = enterOwnWorld(argv);
-  try {
-    const ExitCode code = meet(options);
-    fs::remove_all(options.lab.world);
-    return code;
-  } catch (...) {
-    fs::remove_all(options.lab.world);
-    throw;
-  }
+  if (meetCommand->parsed()) return inOwnWorld(argv, meetOptions.lab, [&] { return meetHere(meetOptions); });
+  if (hooksCommand->parsed()) return inOwnWorld(argv, hooksOptions.lab, [&] { return hooksHere(hooksOptions); });
+  return inOwnWorld(argv, inspectOptions.lab, [&] { return inspectHere(inspectOptions); });
 }
 
 }  // namespace

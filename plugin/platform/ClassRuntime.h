@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "util/Value.h"
@@ -29,6 +30,15 @@ using Arguments = std::vector<Value>;
 // the method has none.
 using Implementation = std::function<Value(const HostObject& receiver, const Arguments& arguments)>;
 
+// What a pointer to characters means among the arguments of a method that is added. The types do not tell: a text
+// and a flag that is to be filled in may be written alike, and a flag must not be read up to a zero behind it.
+enum class CharacterPointers {
+  // An address, good only for passing on.
+  opaque,
+  // A C text in UTF-8.
+  texts,
+};
+
 // The runtime that the host's classes live in, reached by name alone.
 //
 // Main thread only. Nothing here throws: a missing class, a missing selector, an absent or a dead object, and a
@@ -43,11 +53,15 @@ class ClassRuntime {
   virtual ClassRef objc_getMetaClass(std::string_view name) = 0;
   // Adds a method to the class itself. False, and no change, when the class has one of that selector already.
   virtual bool class_addMethod(ClassRef target, std::string_view selector, Implementation implementation,
-                               std::string_view encoding) = 0;
+                               std::string_view encoding, CharacterPointers characters) = 0;
   // The method that an instance of the class runs for the selector, inherited ones included.
   virtual MethodRef class_getInstanceMethod(ClassRef target, std::string_view selector) = 0;
   // The same for the class object. A metaclass is its own metaclass here.
   virtual MethodRef class_getClassMethod(ClassRef target, std::string_view selector) = 0;
+  // Why instances of the class answer to the selector and yet there is no method for it here: the types of one
+  // that cannot be called with values, or whose types do not fit its selector. "" for every other method, and for
+  // none.
+  virtual std::string unusableTypes(ClassRef target, std::string_view selector) = 0;
   // Each class that was asked for the methods keeps the exchange to itself: a method that it inherits is copied
   // into it first, and the class it comes from and its other heirs stay as they are.
   virtual void method_exchangeImplementations(MethodRef first, MethodRef second) = 0;
@@ -62,6 +76,10 @@ class ClassRuntime {
   // The name of the object's own class; "" for an absent or a dead object.
   virtual std::string className(const HostObject& receiver) = 0;
 
+  bool class_addMethod(ClassRef target, std::string_view selector, Implementation implementation,
+                       std::string_view encoding) {
+    return class_addMethod(target, selector, std::move(implementation), encoding, CharacterPointers::opaque);
+  }
   Value send(const HostObject& receiver, std::string_view selector) {
     return send(receiver, selector, Arguments{});
   }

@@ -26,6 +26,8 @@ class Workspace {
   virtual Value propertyListAtPath(std::string_view path) = 0;
   // Starts the program without waiting for it; false when it could not be started.
   virtual bool launch(std::string_view executablePath) = 0;
+  // Shows the folder to the user in the platform's own way, without waiting; false when it could not be shown.
+  virtual bool openFolder(std::string_view path) = 0;
 };
 
 }  // namespace vorn

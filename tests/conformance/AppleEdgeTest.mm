@@ -5,34 +5,92 @@
 #import <Foundation/Foundation.h>
 #include <objc/runtime.h>
 
+#include <map>
+#include <thread>
+
+#include "host/surface/HookInstaller.h"
 #include "platform/apple/AppleClassRuntime.h"
 #include "platform/apple/AppleDistributedNotifications.h"
 #include "platform/apple/ApplePresenter.h"
 #include "platform/apple/AppleRunLoop.h"
 #include "platform/apple/Conversions.h"
+#include "platform/apple/TypeEncoding.h"
 #include "tests/conformance/AppleHostLoop.h"
+#include "tests/support/TestPlatform.h"
 
 // A host's class whose methods take what they are given further.
 @interface vnEdgeProbe : NSObject
 - (id)given:(id)object;
+- (id)pattern:(id)object;
 - (id)fresh;
-- (BOOL)fill:(BOOL*)flag;
-- (int)lengthOf:(const char*)text;
+- (NSRect)frame;
+- (double)half;
+- (short)small;
+- (const char*)words;
+@end
+
+// A host's object that does not like to be looked at.
+@interface vnEdgeMoody : NSObject
+@end
+
+@implementation vnEdgeMoody
+- (BOOL)isKindOfClass:(Class)kind {
+  (void)kind;
+  [NSException raise:NSGenericException format:@"leave me alone"];
+  return NO;
+}
 @end
 
 @implementation vnEdgeProbe
 - (id)given:(id)object {
   return object;
 }
+// Never hooked itself.
+- (id)pattern:(id)object {
+  return object;
+}
 - (id)fresh {
   return [NSMutableArray arrayWithObject:@"one"];
 }
-- (BOOL)fill:(BOOL*)flag {
-  *flag = YES;
-  return YES;
+- (NSRect)frame {
+  return NSMakeRect(1, 2, 3, 4);
 }
-- (int)lengthOf:(const char*)text {
-  return text ? static_cast<int>(strlen(text)) : -1;
+- (double)half {
+  return 0.5;
+}
+- (short)small {
+  return 1;
+}
+- (const char*)words {
+  return "words";
+}
+@end
+
+// Further names for pattern:, which tests put in.
+@protocol vnEdgeAdded
+- (id)sent:(id)object;
+- (id)closing:(id)object;
+- (id)elsewhere:(id)object;
+- (id)boxed:(id)object;
+@end
+
+// A class of the host as another version may have it.
+@interface OLCalendarGridViewWrapper : NSObject
+- (int)performDragFrom:(id)from to:(id)to forDate:(NSRange)date inProgress:(BOOL*)flag;
+- (BOOL)subjectChanged:(NSString*)subject forEvent:(id)event andTileView:(id)tile;
+@end
+
+@implementation OLCalendarGridViewWrapper
+- (int)performDragFrom:(id)from to:(id)to forDate:(NSRange)date inProgress:(BOOL*)flag {
+  (void)from;
+  (void)to;
+  (void)flag;
+  return static_cast<int>(date.location + date.length);
+}
+- (BOOL)subjectChanged:(NSString*)subject forEvent:(id)event andTileView:(id)tile {
+  (void)event;
+  (void)tile;
+  return [subject isEqual:@"Review"];
 }
 @end
 
@@ -64,21 +122,34 @@ class AppleEdge : public testing::Test {
     [pool drain];
   }
 
-  // Puts a replacement that looks at its arguments and forwards in front of a method.
-  void hook(const char* selector) {
-    const std::string added = std::string("vn_") + selector;
+  // Gives the class another method with the code of one that it has.
+  static void addLike(const char* pattern, const std::string& selector, const char* encoding) {
+    const Method method = class_getInstanceMethod([vnEdgeProbe class], sel_registerName(pattern));
+    class_addMethod([vnEdgeProbe class], sel_registerName(selector.c_str()), method_getImplementation(method),
+                    encoding ? encoding : method_getTypeEncoding(method));
+  }
+
+  // Exchanges a method, which is made after a pattern unless there is one, with a replacement.
+  void replace(const std::string& selector, const char* pattern, const Implementation& implementation) {
+    if (*pattern) addLike(pattern, selector, nullptr);
+    const std::string added = "vn_" + selector;
     const ClassRef target = runtime.NSClassFromString("vnEdgeProbe");
-    const auto forwarding = [=](const HostObject& self, const Arguments& arguments) {
-      seen = arguments;
-      return runtime.send(self, added, arguments);
-    };
-    runtime.class_addMethod(target, added, forwarding, "@@:@");
+    runtime.class_addMethod(target, added, implementation, "@@:@");
     runtime.method_exchangeImplementations(runtime.class_getInstanceMethod(target, selector),
                                            runtime.class_getInstanceMethod(target, added));
   }
 
+  // With one that looks at its arguments and forwards.
+  void hook(const std::string& selector, const char* pattern = "") {
+    const std::string added = "vn_" + selector;
+    replace(selector, pattern, [=](const HostObject& self, const Arguments& arguments) {
+      seen = arguments;
+      return runtime.send(self, added, arguments);
+    });
+  }
+
   NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-  vnEdgeProbe* probe = [[vnEdgeProbe alloc] init];
+  vnEdgeProbe<vnEdgeAdded>* probe = [static_cast<id>([vnEdgeProbe alloc]) init];
   static AppleClassRuntime runtime;
   static Arguments seen;
 };
@@ -100,17 +171,118 @@ TEST_F(AppleEdge, WhatIsForwardedIsTheVeryObjectThatTheHostPassed) {
   [[probe fresh] addObject:@"two"];
 }
 
-TEST_F(AppleEdge, PointersReachTheHostAndCTextsAreTexts) {
-  hook("fill:");
-  hook("lengthOf:");
-  BOOL flag = NO;
-  EXPECT_TRUE([probe fill:&flag]);
-  EXPECT_TRUE(flag);
-  EXPECT_EQ([probe lengthOf:"four"], 4);
-  EXPECT_EQ(seen.at(0), "four");
-  EXPECT_EQ([probe lengthOf:nullptr], -1);
+TEST_F(AppleEdge, AnObjectThatRaisesWhenItIsLookedAtIsForwardedAllTheSame) {
+  vnEdgeMoody* moody = [[[vnEdgeMoody alloc] init] autorelease];
+  hook("sent:", "pattern:");
+  EXPECT_EQ([probe sent:moody], moody);
+  EXPECT_TRUE(seen.at(0).isAbsent());
+  const HostObject object = LiveObjects::instance().reference(moody, LiveObjects::Holding::never);
+  EXPECT_FALSE(runtime.isKindOf(object, runtime.NSClassFromString("NSObject")));
+}
+
+TEST_F(AppleEdge, WhatEndsWhileAHookRunsIsForwardedAsNothing) {
+  vnEdgeProbe* mortal = [[vnEdgeProbe alloc] init];
+  replace("closing:", "pattern:", [&](const HostObject& self, const Arguments& arguments) {
+    [mortal release];
+    return runtime.send(self, "vn_closing:", arguments);
+  });
+  EXPECT_EQ([probe closing:mortal], nil);
+}
+
+TEST_F(AppleEdge, OnAnotherThreadTheHostsOwnMethodRuns) {
+  hook("elsewhere:", "pattern:");
+  seen = {"untouched"};
+  id answer = nil;
+  std::thread([&] { answer = [probe elsewhere:probe]; }).join();
+  EXPECT_EQ(answer, probe);
+  EXPECT_EQ(seen.at(0), "untouched");
+}
+
+// A method of types that cannot be passed on: a host of another version may have any.
+TEST_F(AppleEdge, AMethodOfTypesWithoutValuesIsLeftToTheHost) {
+  const char* const encodings[] = {
+      "v40@0:8{_NSRange=QQ}16",               // a structure of other things than numbers
+      "v64@0:8{CGAffineTransform=dddddd}16",  // one of too many
+      "v32@0:8{Mixed=fdfd}16",                // one with gaps
+      "v24@0:8(either=if)16",                 // a union
+      "v32@0:8![16,16f]16",                   // a vector
+      "v24@0:8@?16",                          // a block
+      "v24@0:8@?<v@?B>16",                    // a block that tells its own types
+      "v32@0:8D16",                           // a long double
+      "t32@0:8@16",                           // a number of sixteen bytes
+      "jd24@0:8@16",                          // a complex number
+      "v24@0:8v16",                           // nothing as an argument
+      "v24@0:8{Endless=dd16",                 // broken off
+      "v24@0:8~16",                           // no type at all
+      "v16@0:8",                              // fewer arguments than the selector
+      "v32@0:8@16@24",                        // more of them
+      "v@",                                   // no selector
+  };
+  const ClassRef target = runtime.NSClassFromString("vnEdgeProbe");
   const HostObject object = LiveObjects::instance().reference(probe, LiveObjects::Holding::never);
-  EXPECT_EQ(runtime.send(object, "lengthOf:", {"twelve bytes"}), 12);
+  int number = 0;
+  for (const char* encoding : encodings) {
+    SCOPED_TRACE(encoding);
+    const std::string selector = "unusable" + std::to_string(++number) + ":";
+    addLike("pattern:", selector, encoding);
+    EXPECT_FALSE(runtime.class_getInstanceMethod(target, selector));
+    EXPECT_EQ(runtime.unusableTypes(target, selector), encoding);
+    EXPECT_TRUE(runtime.send(object, selector, {"anything"}).isAbsent());
+    runtime.class_addMethod(
+        target, "vn_" + selector, [](const HostObject&, const Arguments&) { return Value(); }, "v@:@");
+    EXPECT_TRUE(runtime.class_getInstanceMethod(target, "vn_" + selector));
+  }
+  EXPECT_EQ(runtime.unusableTypes(target, "given:"), "");
+  EXPECT_EQ(runtime.unusableTypes(target, "missing"), "");
+}
+
+TEST_F(AppleEdge, TypesAreCutApartWhateverStandsBetweenThem) {
+  const auto split = splitTypeEncoding("rB28@\"NSString\"0:8^{Six=\"a\"d[4{Two=ii}](Or=if)}16r*24Vv");
+  ASSERT_TRUE(split);
+  EXPECT_EQ(*split, (std::vector<std::string_view>{"B", "@\"NSString\"", ":", "^{Six=\"a\"d[4{Two=ii}](Or=if)}",
+                                                   "*", "v"}));
+  std::string deep(100000, '{');
+  EXPECT_FALSE(splitTypeEncoding("v@:" + deep));
+  EXPECT_TRUE(splitTypeEncoding("v@:" + deep + std::string(deep.size(), '}')));
+  for (const char* broken : {"v@:\"", "v@:@\"NSString", "v@:^", "v@:r", "v@:!", "v@:j", "v@:}", "v@:@?<v@?"})
+    EXPECT_FALSE(splitTypeEncoding(broken)) << broken;
+}
+
+TEST_F(AppleEdge, WhatAReplacementAnswersIsMadeToFitTheHostsMethod) {
+  const auto answering = [](const Value& answer) {
+    return [answer](const HostObject&, const Arguments&) { return answer; };
+  };
+  replace("frame", "", answering("no rectangle"));
+  EXPECT_TRUE(NSEqualRects([probe frame], NSZeroRect));
+  replace("half", "", answering("2.5 metres"));
+  EXPECT_EQ([probe half], 2.5);
+  replace("small", "", answering(-70000));
+  EXPECT_EQ([probe small], static_cast<short>(-70000));
+  replace("words", "", answering(7));
+  EXPECT_EQ([probe words], nullptr);
+  replace("boxed:", "pattern:", answering(2.5));
+  EXPECT_TRUE([[probe boxed:nil] isEqual:[NSNumber numberWithDouble:2.5]]);
+}
+
+// The whole table against a host whose one class has the methods of another version.
+TEST_F(AppleEdge, TheTableTellsOfARowWhoseTypesAreUnusable) {
+  TestPlatform platform;
+  platform.platform().classRuntime = &runtime;
+  platform.reinstall();
+  HookInstaller::sharedInstance().load();
+  std::map<std::string_view, HookState> grid;
+  for (const HookState& state : HookInstaller::sharedInstance().states()) {
+    if (state.row->hostClass == "OLCalendarGridViewWrapper") grid[state.row->hostSelector] = state;
+  }
+  EXPECT_EQ(grid["performDragFrom:to:forDate:inProgress:"].standing, HookStanding::unusableTypes);
+  EXPECT_NE(grid["performDragFrom:to:forDate:inProgress:"].types.find("_NSRange"), std::string::npos);
+  EXPECT_EQ(grid["subjectChanged:forEvent:andTileView:"].standing, HookStanding::stands);
+  EXPECT_EQ(
+      grid["dragResizedEvent:withTileView:withStartDate:duration:inProgress:partialStart:partialEnd:"].standing,
+      HookStanding::noHostMethod);
+  OLCalendarGridViewWrapper* wrapper = [[[OLCalendarGridViewWrapper alloc] init] autorelease];
+  EXPECT_EQ([wrapper performDragFrom:nil to:nil forDate:NSMakeRange(3, 4) inProgress:nullptr], 7);
+  EXPECT_TRUE([wrapper subjectChanged:@"Review" forEvent:nil andTileView:nil]);
 }
 
 TEST_F(AppleEdge, FoundationsOwnObjectsKeepTheirMeaning) {

@@ -2,6 +2,7 @@
 #include <objc/runtime.h>
 
 #include <cstdlib>
+#include <cstring>
 
 #include "platform/apple/AppleClassRuntime.h"
 #include "platform/apple/Conversions.h"
@@ -44,6 +45,28 @@
 - (NSRect)moved:(NSRect)rectangle {
   return NSOffsetRect(rectangle, 10, 20);
 }
+- (int)lengthOf:(const char*)text {
+  return text ? static_cast<int>(strlen(text)) : -1;
+}
+- (NSString*)dragged:(NSString*)event
+                  by:(id)tile
+                  at:(NSString*)start
+             lasting:(double)seconds
+          inProgress:(BOOL*)flag
+                from:(BOOL)from
+                  to:(BOOL)to {
+  (void)tile;
+  if (flag) *flag = YES;
+  return vorn::foundationText(vorn::wordsOfDrag(vorn::textFromFoundation(event), vorn::textFromFoundation(start),
+                                                seconds, from != NO, to != NO));
+}
+- (void*)ended:(id)alert code:(int)code context:(void*)context {
+  (void)alert;
+  return code == -2 ? context : nullptr;
+}
+- (unsigned)next:(unsigned)number {
+  return number + 1;
+}
 - (void)remember:(id)object {
   [object retain];
   [remembered_ release];
@@ -85,8 +108,8 @@ class AppleWorld final : public ConformanceWorld {
     const Class probe = define("Probe", pattern);
     copyMethods(pattern, probe);
     copyMethods(object_getClass(pattern), object_getClass(probe));
-    define("ProbeHeir", probe);
-    define("ProbeSibling", probe);
+    define("ProbeHeir", "Probe");
+    define("ProbeSibling", "Probe");
   }
   ~AppleWorld() override { [pool_ drain]; }
 
@@ -99,8 +122,17 @@ class AppleWorld final : public ConformanceWorld {
     return LiveObjects::instance().reference(made, LiveObjects::Holding::never);
   }
   void end(const HostObject& object) override { [LiveObjects::instance().object(object) release]; }
+  void define(const std::string& shortName, const std::string& parent) override {
+    define(shortName, objc_lookUpClass(className(parent).c_str()));
+  }
   std::string hostAsksForName(const HostObject& object) override {
     return textFromFoundation([LiveObjects::instance().object(object) name]);
+  }
+  bool hostDrags(const HostObject& object) override {
+    BOOL flag = NO;
+    vnConformanceProbe* probe = LiveObjects::instance().object(object);
+    [probe dragged:@"event" by:nil at:@"start" lasting:2.5 inProgress:&flag from:YES to:NO];
+    return flag;
   }
 
  private:
@@ -109,7 +141,7 @@ class AppleWorld final : public ConformanceWorld {
     return count;
   }
 
-  Class define(const char* shortName, Class parent) {
+  Class define(const std::string& shortName, Class parent) {
     const Class made = objc_allocateClassPair(parent, className(shortName).c_str(), 0);
     objc_registerClassPair(made);
     return made;

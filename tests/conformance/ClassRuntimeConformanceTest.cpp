@@ -144,6 +144,7 @@ TYPED_TEST(ClassRuntimeConformance, AnInheritedMethodIsExchangedForTheHeirAlone)
   // One that stands in the parent reaches all heirs, and the heir's own runs around it.
   ASSERT_TRUE(this->hook(this->classNamed("Probe"), "name", "vnParent_name", this->hookedName("vnParent_name")));
   EXPECT_EQ(this->nameOf(sibling), "hooked probe");
+  EXPECT_EQ(this->world->hostAsksForName(sibling), "hooked probe");
   EXPECT_EQ(this->nameOf(heir), "hooked probe");
   this->world->end(heir);
   this->world->end(sibling);
@@ -179,6 +180,9 @@ TYPED_TEST(ClassRuntimeConformance, WhatRaisesAnswersAbsentOnEitherSide) {
   const auto raising = [](const HostObject&, const Arguments&) -> Value { throw std::runtime_error("ours"); };
   ASSERT_TRUE(this->hook(this->classNamed("Probe"), "remembered", "vn_remembered", raising));
   EXPECT_TRUE(this->runtime.send(this->probe, "remembered").isAbsent());
+  // What has raised is over: the added selector is no longer its way to the host.
+  ASSERT_TRUE(this->hook(this->classNamed("Probe"), "echo:", "vn_echo:", this->forwarding("vn_echo:"), "@@:@"));
+  EXPECT_EQ(this->runtime.send(this->probe, "echo:", {"after"}), "after");
   EXPECT_EQ(this->nameOf(this->probe), "probe");
 }
 
@@ -197,10 +201,21 @@ TYPED_TEST(ClassRuntimeConformance, ArgumentsAndResultsOfEveryKindCrossUnhookedA
   const Value moved = Value::dictionaryFromPairs({{"x", 11.5}, {"y", 18.0}, {"width", 300.0}, {"height", 0.25}});
   const std::int64_t large = std::int64_t{1} << 62;
   const CallCase cases[] = {
-      {"isNot:", "B@:ffff", {true}, false}, {"isNot:", "B@:@", {false}, true},
-      {"low:", "v@:@", {true}, 1},          {"half:", "@@:", {-3.0}, -1.5},
-      {"half:", "@@:@", {5}, 2.5},          {"add:to:", "l@:@", {large, large - 1}, 2 * (large - 1) + 1},
-      {"add:to:", "l@:", {-7, 3}, -4},      {"moved:", "B@:ffff", {rectangle}, moved},
+      {"isNot:", "B@:ffff", {true}, false},
+      {"isNot:", "B@:@", {false}, true},
+      {"low:", "v@:@", {true}, 1},
+      {"half:", "@@:", {-3.0}, -1.5},
+      {"half:", "@@:@", {5}, 2.5},
+      {"add:to:", "l@:@", {large, large - 1}, 2 * (large - 1) + 1},
+      {"add:to:", "l@:", {-7, 3}, -4},
+      {"moved:", "B@:ffff", {rectangle}, moved},
+      {"next:", "v@:@", {0xFFFFFFFEU}, 0xFFFFFFFFU},
+      {"ended:code:context:", "v@:@i^v", {"alert", -2, large}, large},
+      {"ended:code:context:", "v@:@i^v", {"alert", 1, large}, {}},
+      {kDrag,
+       "B@:@@@d^cBB",
+       {"event", "tile", "start", 1770.5, {}, false, true},
+       wordsOfDrag("event", "start", 1770.5, false, true)},
   };
   for (const CallCase& one : cases) {
     SCOPED_TRACE(one.selector);
@@ -213,6 +228,23 @@ TYPED_TEST(ClassRuntimeConformance, ArgumentsAndResultsOfEveryKindCrossUnhookedA
     EXPECT_EQ(this->seen.at(0).isBoolean(), one.arguments.at(0).isBoolean());
     ASSERT_TRUE(classSwizzle::method_InstanceSwizzle(this->classNamed("Probe"), one.selector, added));
   }
+}
+
+TYPED_TEST(ClassRuntimeConformance, APointerToCharactersIsATextOnlyWhereItIsSaidToBeOne) {
+  const ClassRef probe = this->classNamed("Probe");
+  this->runtime.class_addMethod(probe, "vn_lengthOf:", this->forwarding("vn_lengthOf:"), "B@:^c",
+                                CharacterPointers::texts);
+  ASSERT_TRUE(classSwizzle::method_InstanceSwizzle(probe, "lengthOf:", "vn_lengthOf:"));
+  EXPECT_EQ(this->runtime.send(this->probe, "lengthOf:", {"gr\xC3\xBC\xC3\x9F"}), 6);
+  EXPECT_EQ(this->seen, (Arguments{"gr\xC3\xBC\xC3\x9F"}));
+  EXPECT_EQ(this->runtime.send(this->probe, "lengthOf:", {Value()}), -1);
+  EXPECT_TRUE(this->seen.at(0).isAbsent());
+
+  const std::string added = std::string("vn_") + kDrag;
+  ASSERT_TRUE(this->hook(probe, kDrag, added.c_str(), this->forwarding(added.c_str()), "B@:@@@d^cBB"));
+  EXPECT_TRUE(this->world->hostDrags(this->probe)) << "the host's flag reaches the host's method";
+  EXPECT_TRUE(this->seen.at(4).isInteger()) << "and is not looked at on the way";
+  EXPECT_EQ(this->seen.at(3), 2.5);
 }
 
 TYPED_TEST(ClassRuntimeConformance, ObjectValuesCrossBothWaysWithTheirKinds) {
@@ -271,6 +303,16 @@ TYPED_TEST(ClassRuntimeConformance, ATemporaryLivesAsLongAsAReferenceToIt) {
   EXPECT_EQ(this->nameOf(kept["part"].object()), "probe");
   kept = Value();
   EXPECT_TRUE(this->runtime.send(HostObject(address), "name").isAbsent());
+}
+
+TYPED_TEST(ClassRuntimeConformance, AClassThatComesLaterIsFoundThenAndSharesItsParentsHooks) {
+  EXPECT_FALSE(this->classNamed("ProbeLate"));
+  ASSERT_TRUE(this->hook(this->classNamed("Probe"), "name", "vn_name", this->hookedName("vn_name")));
+  this->world->define("ProbeLate", "Probe");
+  EXPECT_TRUE(this->classNamed("ProbeLate"));
+  const HostObject late = this->world->create("ProbeLate");
+  EXPECT_EQ(this->world->hostAsksForName(late), "hooked probe");
+  this->world->end(late);
 }
 
 TYPED_TEST(ClassRuntimeConformance, AMethodMayEndItsReceiver) {

@@ -8,6 +8,14 @@
 
 namespace vorn {
 
+// More arguments than there are registers for.
+constexpr auto kDrag = "dragged:by:at:lasting:inProgress:from:to:";
+
+inline std::string wordsOfDrag(const std::string& event, const std::string& start, double seconds, bool from,
+                               bool to) {
+  return event + " at " + start + " for " + std::to_string(seconds) + (from ? " from" : "") + (to ? " to" : "");
+}
+
 // A host in one of the runtimes, with classes of its own: "Probe", its heir "ProbeHeir" and its other heir
 // "ProbeSibling". No other world has seen the classes, so that what is exchanged in one test stays in it.
 //
@@ -21,6 +29,12 @@ namespace vorn {
 //   add:to:           the sum of two integers of eight bytes
 //   moved:            a rectangle, 10 further to the right and 20 further down
 //   remember:         nothing; and remembered answers the very object
+//   lengthOf:         the length of a C text; -1 for none
+//   dragged:by:at:lasting:inProgress:from:to:
+//                     what it was given, in words; it fills in the flag behind its pointer, if any
+//   ended:code:context:
+//                     its context, a pointer, when the code, a number of four bytes, is -2
+//   next:             the number of four bytes without a sign behind its argument
 //   makePart          a new Probe that nobody owns
 //   raise             nothing, for it raises
 //   +make             the text "made"
@@ -35,8 +49,13 @@ class ConformanceWorld {
   // An object that its host owns until end().
   virtual HostObject create(const std::string& shortName) = 0;
   virtual void end(const HostObject& object) = 0;
+  // Defines a class now; its parent is one of this world.
+  virtual void define(const std::string& shortName, const std::string& parent) = 0;
+
   // Sends as the host does itself: without the runtime's port.
   virtual std::string hostAsksForName(const HostObject& object) = 0;
+  // The host drags with a flag of its own; whether the flag has been filled in.
+  virtual bool hostDrags(const HostObject& object) = 0;
 
   ClassRef classNamed(const std::string& shortName) { return runtime().NSClassFromString(className(shortName)); }
 };

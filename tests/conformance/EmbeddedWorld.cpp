@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <stdexcept>
 
 #include "platform/embedded/EmbeddedClassRuntime.h"
@@ -29,6 +30,20 @@ class EmbeddedWorld final : public ConformanceWorld {
       moved.set("y", moved["y"].realValue() + 20);
       return moved;
     });
+    method("lengthOf:", [](const HostObject&, const Arguments& given) {
+      return given.at(0).isText() ? Value(given.at(0).text().size()) : Value(-1);
+    });
+    method(kDrag, [](const HostObject&, const Arguments& given) {
+      if (auto* flag = reinterpret_cast<bool*>(given.at(4).integerValue())) *flag = true;
+      return Value(wordsOfDrag(given.at(0).text(), given.at(2).text(), given.at(3).realValue(),
+                               given.at(5).boolValue(), given.at(6).boolValue()));
+    });
+    method("ended:code:context:", [](const HostObject&, const Arguments& given) {
+      return given.at(1).integerValue() == -2 ? given.at(2) : Value();
+    });
+    method("next:", [](const HostObject&, const Arguments& given) {
+      return Value(static_cast<std::uint32_t>(given.at(0).integerValue() + 1));
+    });
     method("remember:", [this](const HostObject& self, const Arguments& given) {
       runtime_.setState(self, std::make_shared<Value>(given.at(0)));
       return Value();
@@ -50,7 +65,16 @@ class EmbeddedWorld final : public ConformanceWorld {
   std::string className(const std::string& shortName) const override { return shortName; }
   HostObject create(const std::string& shortName) override { return runtime_.create(shortName); }
   void end(const HostObject& object) override { runtime_.destroy(object); }
+  void define(const std::string& shortName, const std::string& parent) override {
+    runtime_.defineClass(shortName, parent);
+  }
   std::string hostAsksForName(const HostObject& object) override { return runtime_.send(object, "name").text(); }
+  bool hostDrags(const HostObject& object) override {
+    bool flag = false;
+    runtime_.send(object, kDrag,
+                  {"event", {}, "start", 2.5, reinterpret_cast<std::uintptr_t>(&flag), true, false});
+    return flag;
+  }
 
  private:
   void method(const char* selector, Implementation implementation) {

@@ -25,10 +25,12 @@ class AppleClassRuntime final : public ClassRuntime {
 
   ClassRef NSClassFromString(std::string_view name) override;
   ClassRef objc_getMetaClass(std::string_view name) override;
+  using ClassRuntime::class_addMethod;
   bool class_addMethod(ClassRef target, std::string_view selector, Implementation implementation,
-                       std::string_view encoding) override;
+                       std::string_view encoding, CharacterPointers characters) override;
   MethodRef class_getInstanceMethod(ClassRef target, std::string_view selector) override;
   MethodRef class_getClassMethod(ClassRef target, std::string_view selector) override;
+  std::string unusableTypes(ClassRef target, std::string_view selector) override;
   void method_exchangeImplementations(MethodRef first, MethodRef second) override;
   HostObject classObject(ClassRef target) override;
   using ClassRuntime::send;

@@ -3,9 +3,12 @@
 #import <Foundation/Foundation.h>
 #include <objc/runtime.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <functional>
 #include <map>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -45,21 +48,68 @@ Class classFrom(ClassRef reference) { return reinterpret_cast<Class>(reference.i
 
 ClassRef referenceTo(Class target) { return ClassRef{reinterpret_cast<std::uintptr_t>(target)}; }
 
-// Null for an empty name.
+// Null for an empty name. The names that this system sends are a few hundred, and the runtime takes a lock and a
+// copy of the name each time that it is asked.
 SEL selectorNamed(std::string_view name) {
-  return name.empty() ? nullptr : sel_registerName(std::string(name).c_str());
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+  };
+  static std::unordered_map<std::string, SEL, Hash, std::equal_to<>> selectors;
+  if (name.empty()) return nullptr;
+  const auto found = selectors.find(name);
+  if (found != selectors.end()) return found->second;
+  return selectors.emplace(name, sel_registerName(std::string(name).c_str())).first->second;
 }
 
 id liveObject(const HostObject& reference) { return LiveObjects::instance().object(reference); }
 
-// Memory for one native value, zero and aligned for all of them.
-class NativeValue {
+bool fitsSelector(const MethodSignature& signature, SEL selector) {
+  const std::string_view name = sel_getName(selector);
+  return signature.argumentCount() == static_cast<std::size_t>(std::count(name.begin(), name.end(), ':'));
+}
+
+// As if all arguments and the result were objects.
+std::shared_ptr<MethodSignature> signatureOfObjects(std::string_view selector) {
+  std::string types = "@@:";
+  types.append(static_cast<std::size_t>(std::count(selector.begin(), selector.end(), ':')), '@');
+  return MethodSignature::fromEncoding(types.c_str());
+}
+
+// Lets the heirs of a class find what was exchanged in it.
+void refreshHeirs([[maybe_unused]] Class target) {
+#ifdef GNUSTEP
+  // This runtime tells of an exchange only to the class itself, while heirs that have been used keep what they
+  // found. It looks through them again when a method is added.
+  static unsigned count = 0;
+  const std::string name = "vn_exchange" + std::to_string(++count);
+  const IMP any = class_getMethodImplementation([NSObject class], @selector(self));
+  ::class_addMethod(target, sel_registerName(name.c_str()), any, "@@:");
+#endif
+}
+
+// Zero memory for the result and the arguments of one call, each aligned for every type.
+class NativeValues {
  public:
-  explicit NativeValue(std::size_t size) : words_(size / sizeof(std::max_align_t) + 1) {}
-  void* memory() { return words_.data(); }
+  explicit NativeValues(const MethodSignature& signature) {
+    std::size_t words = wordsFor(signature.resultSize());
+    for (std::size_t i = 0; i < signature.argumentCount(); ++i) words += wordsFor(signature.argumentSize(i));
+    words_.resize(words);
+    next_ = wordsFor(signature.resultSize());
+  }
+  void* result() { return words_.data(); }
+  // To be asked for one argument after the other.
+  void* nextArgument(std::size_t size) {
+    void* memory = &words_[next_];
+    next_ += wordsFor(size);
+    return memory;
+  }
 
  private:
+  static std::size_t wordsFor(std::size_t size) { return size / sizeof(std::max_align_t) + 1; }
+
   std::vector<std::max_align_t> words_;
+  std::size_t next_ = 0;
 };
 
 void writeArgument(const MethodSignature& signature, std::size_t index, const Arguments& arguments,
@@ -67,42 +117,68 @@ void writeArgument(const MethodSignature& signature, std::size_t index, const Ar
   if (index >= arguments.size()) return;
   const bool isPassedOn =
       forwarded && index < forwarded->native.size() && arguments[index] == forwarded->arguments[index];
-  if (isPassedOn) {
+  // What ended since the host passed it is nothing by now.
+  const bool hasEnded = arguments[index].isObject() && !liveObject(arguments[index].object());
+  if (isPassedOn && !hasEnded) {
     std::memcpy(memory, forwarded->native[index], signature.argumentSize(index));
   } else {
     signature.argument(index).write(arguments[index], memory);
   }
 }
 
+// An object that raises when it is looked at has no value; it still goes back to the host as what a call
+// forwarded.
+Value valueOrAbsent(id object) {
+  try {
+    return valueFromObject(object, Holding::whenUnowned);
+  } catch (...) {
+    return {};
+  }
+}
+
+// What an object runs for a selector; without a signature nothing that can be called.
+struct Callee {
+  IMP code = nullptr;
+  SEL selector = nullptr;
+  std::shared_ptr<MethodSignature> signature;
+};
+
 // Runs the method; an object that it answers is retained for the caller, any other result is already the value.
-Value callNative(id object, Method method, MethodSignature& signature, const Replacement::Call* forwarded,
-                 const Arguments& arguments, id& retained) {
-  const Pool pool;
-  SEL selector = method_getName(method);
-  std::vector<NativeValue> values;
-  std::vector<void*> native = {&object, &selector};
+Value callNative(id object, Callee callee, const Replacement::Call* forwarded, const Arguments& arguments,
+                 id& retained) {
+  MethodSignature& signature = *callee.signature;
+  NativeValues values(signature);
+  std::vector<void*> native = {&object, &callee.selector};
+  native.reserve(native.size() + signature.argumentCount());
   for (std::size_t i = 0; i < signature.argumentCount(); ++i) {
-    values.emplace_back(signature.argumentSize(i));
-    native.push_back(values.back().memory());
+    native.push_back(values.nextArgument(signature.argumentSize(i)));
     writeArgument(signature, i, arguments, forwarded, native.back());
   }
-  NativeValue result(signature.resultSize());
-  ffi_call(&signature.call(), FFI_FN(method_getImplementation(method)), result.memory(), native.data());
-  if (!signature.result().isObject()) return signature.result().readResult(result.memory(), Holding::never);
-  std::memcpy(&retained, result.memory(), sizeof retained);
+  ffi_call(&signature.call(), FFI_FN(callee.code), values.result(), native.data());
+  if (!signature.result().isObject()) return signature.result().readResult(values.result(), Holding::never);
+  std::memcpy(&retained, values.result(), sizeof retained);
   [retained retain];
   return {};
 }
 
-Value call(id object, Method method, MethodSignature& signature, Replacement::Call* forwarded,
-           const Arguments& arguments) {
+Value callInPool(id object, const Callee& callee, const Replacement::Call* forwarded, const Arguments& arguments,
+                 id& retained) {
+  // A reader of a flag or a number leaves nothing behind that would have to end with it.
+  const MethodSignature& signature = *callee.signature;
+  const bool onlyReads =
+      signature.argumentCount() == 0 && !signature.result().isObject() && !signature.result().isNothing();
+  const std::optional<Pool> pool = onlyReads ? std::nullopt : std::optional<Pool>(std::in_place);
+  return callNative(object, callee, forwarded, arguments, retained);
+}
+
+Value call(id object, const Callee& callee, Replacement::Call* forwarded, const Arguments& arguments) {
   id retained = nil;
-  const Value plain = callNative(object, method, signature, forwarded, arguments, retained);
+  const Value plain = callInPool(object, callee, forwarded, arguments, retained);
   if (!retained) return plain;
   // What the host made on the way has ended with the pool; what is left without an owner now was a temporary.
   const Hold held(retained);
   [retained release];
-  const Value answer = valueFromObject(retained, Holding::whenUnowned);
+  const Value answer = valueOrAbsent(retained);
   if (forwarded) {
     [forwarded->forwardedResult release];
     forwarded->forwardedResult = [retained retain];
@@ -114,6 +190,11 @@ Value call(id object, Method method, MethodSignature& signature, Replacement::Ca
 }  // namespace
 
 struct AppleClassRuntime::Tables {
+  struct PairHash {
+    std::size_t operator()(const std::pair<Class, SEL>& pair) const {
+      return std::hash<const void*>()(pair.first) * 31 + std::hash<const void*>()(pair.second);
+    }
+  };
   // A method as one class has it.
   struct Place {
     Class target;
@@ -124,11 +205,26 @@ struct AppleClassRuntime::Tables {
   std::unordered_map<Method, Replacement*> replacements;
   // Null for a method that cannot be called with values.
   std::unordered_map<Method, std::shared_ptr<MethodSignature>> signatures;
+  std::unordered_map<std::pair<Class, SEL>, Callee, PairHash> callees;
 
   const std::shared_ptr<MethodSignature>& signatureOf(Method method) {
     const auto [entry, isNew] = signatures.try_emplace(method);
-    if (isNew) entry->second = MethodSignature::fromEncoding(method_getTypeEncoding(method));
+    if (!isNew) return entry->second;
+    entry->second = MethodSignature::fromEncoding(method_getTypeEncoding(method));
+    // With types that do not fit its selector, arguments would be lost on the way or made up.
+    if (entry->second && !fitsSelector(*entry->second, method_getName(method))) entry->second = nullptr;
     return entry->second;
+  }
+
+  // What is run now. The runtime's search for a method is slow, its search for the code is not; a method that
+  // still has the same code has the same types.
+  const Callee& calleeOf(Class receiver, SEL selector) {
+    Callee& callee = callees[{receiver, selector}];
+    const IMP code = class_getMethodImplementation(receiver, selector);
+    if (callee.selector && callee.code == code) return callee;
+    const Method method = ::class_getInstanceMethod(receiver, selector);
+    callee = Callee{code, selector, method ? signatureOf(method) : nullptr};
+    return callee;
   }
 
   // The class's own method at the place; one that it inherits is copied into it.
@@ -168,17 +264,20 @@ ClassRef AppleClassRuntime::objc_getMetaClass(std::string_view name) {
 }
 
 bool AppleClassRuntime::class_addMethod(ClassRef target, std::string_view selector, Implementation implementation,
-                                        std::string_view encoding) {
+                                        std::string_view encoding, CharacterPointers characters) {
   const SEL named = selectorNamed(selector);
   if (!target || !named || !implementation) return false;
   const std::string types(encoding);
   std::shared_ptr<MethodSignature> signature = MethodSignature::fromEncoding(types.c_str());
-  // The types that it is added with do not count once it is exchanged, so they need not be ones that we know.
-  if (!signature) signature = MethodSignature::fromEncoding("@@:");
-  std::unique_ptr<Replacement> made = Replacement::make(std::move(implementation), std::move(signature));
+  // The types that it is added with do not count once it is exchanged, so they need neither be ones that we know
+  // nor fit.
+  if (!signature || !fitsSelector(*signature, named)) signature = signatureOfObjects(selector);
+  std::unique_ptr<Replacement> made = Replacement::make(std::move(implementation), signature, characters);
   if (!made || !::class_addMethod(classFrom(target), named, made->code(), types.c_str())) return false;
+  const Method method = ::class_getInstanceMethod(classFrom(target), named);
+  tables_->signatures[method] = std::move(signature);
   // The host's class refers to it as long as the process lives.
-  tables_->replacements[::class_getInstanceMethod(classFrom(target), named)] = made.release();
+  tables_->replacements[method] = made.release();
   return true;
 }
 
@@ -199,6 +298,14 @@ MethodRef AppleClassRuntime::class_getClassMethod(ClassRef target, std::string_v
       class_isMetaClass(held) ? target : referenceTo(object_getClass(static_cast<id>(held))), selector);
 }
 
+std::string AppleClassRuntime::unusableTypes(ClassRef target, std::string_view selector) {
+  const SEL named = selectorNamed(selector);
+  const Method found = target && named ? ::class_getInstanceMethod(classFrom(target), named) : nullptr;
+  if (!found || tables_->signatureOf(found)) return "";
+  const char* types = method_getTypeEncoding(found);
+  return types && *types ? types : "?";
+}
+
 void AppleClassRuntime::method_exchangeImplementations(MethodRef first, MethodRef second) {
   if (!first || !second) return;
   const auto& a = *reinterpret_cast<const Tables::Place*>(first.id);
@@ -208,6 +315,10 @@ void AppleClassRuntime::method_exchangeImplementations(MethodRef first, MethodRe
   tables_->join(ownA, ownB, a.selector, b.selector);
   tables_->join(ownB, ownA, b.selector, a.selector);
   ::method_exchangeImplementations(ownA, ownB);
+  refreshHeirs(a.target);
+  if (b.target != a.target) refreshHeirs(b.target);
+  // The same code may be reached with other types now.
+  tables_->callees.clear();
 }
 
 HostObject AppleClassRuntime::classObject(ClassRef target) {
@@ -218,14 +329,12 @@ Value AppleClassRuntime::send(const HostObject& receiver, std::string_view selec
   const id object = liveObject(receiver);
   const SEL named = selectorNamed(selector);
   if (!object || !named) return {};
-  const Hold receiverHeld(object);
-  const Method method = ::class_getInstanceMethod(object_getClass(object), named);
-  if (!method) return {};
-  const std::shared_ptr<MethodSignature> signature = tables_->signatureOf(method);
-  if (!signature) return {};
-
   try {
-    return call(object, method, *signature, Replacement::forwardedBy(object, named), arguments);
+    const Hold receiverHeld(object);
+    // A copy, for the call may lead to exchanges.
+    const Callee callee = tables_->calleeOf(object_getClass(object), named);
+    if (!callee.signature) return {};
+    return call(object, callee, Replacement::forwardedBy(object, named), arguments);
   } catch (...) {
     // A host method that raises must not take the process along; its result is simply not there.
     return {};
@@ -235,17 +344,33 @@ Value AppleClassRuntime::send(const HostObject& receiver, std::string_view selec
 bool AppleClassRuntime::respondsTo(const HostObject& receiver, std::string_view selector) {
   const id object = liveObject(receiver);
   const SEL named = selectorNamed(selector);
-  return object && named && [object respondsToSelector:named];
+  if (!object || !named) return false;
+  try {
+    return [object respondsToSelector:named];
+  } catch (...) {
+    // What stands for another object asks that one, which may raise.
+    return false;
+  }
 }
 
 bool AppleClassRuntime::isKindOf(const HostObject& receiver, ClassRef target) {
   const id object = liveObject(receiver);
-  return object && target && [object isKindOfClass:classFrom(target)];
+  if (!object || !target) return false;
+  try {
+    return [object isKindOfClass:classFrom(target)];
+  } catch (...) {
+    return false;
+  }
 }
 
 std::string AppleClassRuntime::className(const HostObject& receiver) {
   const id object = liveObject(receiver);
-  return object ? class_getName([object class]) : "";
+  if (!object) return "";
+  try {
+    return class_getName([object class]);
+  } catch (...) {
+    return "";
+  }
 }
 
 }  // namespace vorn

@@ -19,6 +19,7 @@ class AppleWorkspace final : public Workspace {
   std::string executablePath(std::string_view bundlePath) override;
   Value propertyListAtPath(std::string_view path) override;
   bool launch(std::string_view executablePath) override;
+  bool openFolder(std::string_view path) override;
 
  private:
   std::vector<std::string> applicationFolders_;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/apple/Conversions.h"
+#include "platform/apple/FolderOpener.h"
 #include "platform/apple/RunningApplications.h"
 
 namespace vorn {
@@ -77,6 +78,10 @@ bool AppleWorkspace::launch(std::string_view executablePath) {
     // Raised where no program is.
     return false;
   }
+}
+
+bool AppleWorkspace::openFolder(std::string_view path) {
+  return isFolder(foundationText(path)) && showFolder(path);
 }
 
 }  // namespace vorn

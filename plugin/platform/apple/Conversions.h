@@ -23,7 +23,7 @@ Value valueFromObject(id object, LiveObjects::Holding holding);
 
 // An autoreleased text. What is not UTF-8 shows as the replacement character.
 NSString* foundationText(std::string_view text);
-// "" for nil. A lone surrogate shows as the replacement character or is left out.
+// "" for nil. A lone surrogate shows as the replacement character.
 std::string textFromFoundation(NSString* text);
 
 }  // namespace vorn

@@ -1,6 +1,7 @@
 #include "platform/apple/Conversions.h"
 
 #import <Foundation/Foundation.h>
+#include <unicode/ustring.h>
 
 #include <cstdint>
 
@@ -11,6 +12,24 @@ namespace vorn {
 namespace {
 
 constexpr int kDeepest = 100;
+// In UTF-16 units: the converter counts bytes with 31 bits.
+constexpr NSUInteger kLongestText = 700'000'000;
+
+// The classes that have values. Asking for one by its name each time costs more than the rest of a small value.
+struct ValueClasses {
+  Class text = [NSString class];
+  Class number = [NSNumber class];
+  Class boolean = [[NSNumber numberWithBool:YES] class];
+  Class null = [NSNull class];
+  Class array = [NSArray class];
+  Class dictionary = [NSDictionary class];
+  Class notification = [NSNotification class];
+};
+
+const ValueClasses& classes() {
+  static const ValueClasses all;
+  return all;
+}
 
 std::string asUtf8(std::string_view text) {
   std::string result;
@@ -27,8 +46,7 @@ std::string asUtf8(std::string_view text) {
 }
 
 Value valueFromNumber(NSNumber* number) {
-  static const Class booleans = [[NSNumber numberWithBool:YES] class];
-  if ([number isKindOfClass:booleans]) return Value([number boolValue] != NO);
+  if ([number isKindOfClass:classes().boolean]) return Value([number boolValue] != NO);
   const char* type = [number objCType];
   if (*type == 'd' || *type == 'f') return [number doubleValue];
   if (*type == 'Q' || *type == 'L') return [number unsignedLongLongValue];
@@ -45,25 +63,26 @@ Value valueAtDepth(id object, LiveObjects::Holding holding, int depth) {
   if (!object || depth > kDeepest) return {};
   // A class answers for itself, not for what its objects are.
   if (object == [object class]) return LiveObjects::instance().reference(object, holding);
-  if ([object isKindOfClass:[NSString class]]) return textFromFoundation(object);
-  if ([object isKindOfClass:[NSNumber class]]) return valueFromNumber(object);
-  if ([object isKindOfClass:[NSNull class]]) return nullptr;
-  if ([object isKindOfClass:[NSArray class]]) {
+  const ValueClasses& known = classes();
+  if ([object isKindOfClass:known.text]) return textFromFoundation(object);
+  if ([object isKindOfClass:known.number]) return valueFromNumber(object);
+  if ([object isKindOfClass:known.null]) return nullptr;
+  if ([object isKindOfClass:known.array]) {
     Value list = Value::array();
     NSEnumerator* items = [static_cast<NSArray*>(object) objectEnumerator];
     while (id item = [items nextObject]) list.append(valueAtDepth(item, holding, depth + 1));
     return list;
   }
-  if ([object isKindOfClass:[NSDictionary class]]) {
+  if ([object isKindOfClass:known.dictionary]) {
     Value dictionary = Value::dictionary();
     NSEnumerator* keys = [static_cast<NSDictionary*>(object) keyEnumerator];
     while (id key = [keys nextObject]) {
-      if (![key isKindOfClass:[NSString class]]) continue;
+      if (![key isKindOfClass:known.text]) continue;
       addEntry(dictionary, key, [static_cast<NSDictionary*>(object) objectForKey:key], holding, depth + 1);
     }
     return dictionary;
   }
-  if ([object isKindOfClass:[NSNotification class]]) {
+  if ([object isKindOfClass:known.notification]) {
     NSNotification* notification = object;
     Value dictionary = Value::dictionary();
     addEntry(dictionary, @"name", [notification name], holding, depth + 1);
@@ -114,8 +133,21 @@ NSString* foundationText(std::string_view text) {
 }
 
 std::string textFromFoundation(NSString* text) {
-  NSData* bytes = [text dataUsingEncoding:NSUTF8StringEncoding allowLossyConversion:YES];
-  return bytes ? std::string(static_cast<const char*>([bytes bytes]), [bytes length]) : std::string();
+  // Texts cross in every hooked read and write. This is a good deal quicker than asking for bytes, and a text
+  // whose halves do not match is no error.
+  const NSUInteger length = [text length];
+  if (length > kLongestText) return "";
+  std::u16string units(length, u'\0');
+  [text getCharacters:reinterpret_cast<unichar*>(units.data()) range:NSMakeRange(0, length)];
+  constexpr std::size_t bytesAUnit = 3;
+  constexpr UChar32 replacement = 0xFFFD;
+  std::string bytes(length * bytesAUnit, '\0');
+  std::int32_t written = 0;
+  UErrorCode status = U_ZERO_ERROR;
+  u_strToUTF8WithSub(bytes.data(), static_cast<std::int32_t>(bytes.size()), &written, units.data(),
+                     static_cast<std::int32_t>(length), replacement, nullptr, &status);
+  bytes.resize(U_SUCCESS(status) ? static_cast<std::size_t>(written) : 0);
+  return bytes;
 }
 
 }  // namespace vorn

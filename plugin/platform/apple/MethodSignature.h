@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/ClassRuntime.h"
 #include "platform/apple/LiveObjects.h"
 #include "util/Value.h"
 
@@ -20,14 +21,17 @@ namespace vorn {
 // first two and a size the last two. Any other pointer is the number of its address. Main thread only.
 class MethodType {
  public:
-  // Null for a type that has no value: a union, an array, a bit field, or another structure.
-  static std::unique_ptr<MethodType> fromEncoding(const char* encoding);
+  // One type without qualifiers. Null for one that has no value: a union, an array, a bit field, a vector, a
+  // block, a number that is too large or not of the usual kinds, or another structure.
+  static std::unique_ptr<MethodType> fromEncoding(std::string_view type);
 
   ffi_type* native() { return structure_.elements ? &structure_ : primitive_; }
   bool isObject() const { return code_ == '@'; }
   bool isNothing() const { return code_ == 'v'; }
 
   Value read(const void* memory, LiveObjects::Holding holding) const;
+  // An argument of a call to us. It is its caller's, so nothing is held.
+  Value readArgument(const void* memory, CharacterPointers characters) const;
   // The memory has room for the native type and is zero. A C text stays as long as the present autorelease pool.
   void write(const Value& value, void* memory) const;
   // A result as the machine returns it: small integers fill a whole register.
@@ -41,6 +45,7 @@ class MethodType {
   bool fillsRegister() const;
 
   char code_ = 'v';
+  bool pointsToCharacters_ = false;
   ffi_type* primitive_ = &ffi_type_void;
   // A structure of numbers, with the keys of its fields.
   ffi_type structure_{};
@@ -51,7 +56,7 @@ class MethodType {
 // The types of a method, from the runtime's encoding. The first two arguments are the receiver and the selector.
 class MethodSignature {
  public:
-  // Null when one of the types has no value.
+  // Null when one of the types has no value, when there is no receiver or selector, and for no encoding at all.
   static std::unique_ptr<MethodSignature> fromEncoding(const char* encoding);
 
   ffi_cif& call() { return call_; }

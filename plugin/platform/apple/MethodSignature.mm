@@ -9,19 +9,11 @@
 #include <span>
 
 #include "platform/apple/Conversions.h"
+#include "platform/apple/TypeEncoding.h"
 
 namespace vorn {
 
 namespace {
-
-constexpr std::string_view kQualifiers = "rnNoORVA";
-
-// NSGetSizeAndAlignment() leaves the offsets between the types to the caller.
-const char* afterType(const char* encoding) {
-  const char* next = NSGetSizeAndAlignment(encoding, nullptr, nullptr);
-  while (*next == '+' || *next == '-' || (*next >= '0' && *next <= '9')) ++next;
-  return next;
-}
 
 ffi_type* nativeOf(char code) {
   switch (code) {
@@ -60,7 +52,8 @@ void writeAs(Number number, void* memory) {
   std::memcpy(memory, &number, sizeof number);
 }
 
-// The letters of the numbers in a structure, whatever structures they lie in; "" when there is anything else.
+// The letters of the numbers in a structure, whatever structures they lie in; "" when there is anything else, or
+// when they are not all of one kind, so that there would be gaps between them.
 std::string numbersIn(std::string_view structure) {
   std::string letters;
   for (std::size_t at = 0; at < structure.size(); ++at) {
@@ -68,7 +61,7 @@ std::string numbersIn(std::string_view structure) {
     if (c == '{') {
       at = structure.find_first_of("=}", at);
       if (at == std::string_view::npos || structure[at] != '=') return "";
-    } else if (c == 'd' || c == 'f') {
+    } else if ((c == 'd' || c == 'f') && (letters.empty() || letters.front() == c)) {
       letters += c;
     } else if (c != '}') {
       return "";
@@ -94,6 +87,11 @@ Value textOrAbsent(const char* text) {
   return text ? Value(textFromFoundation(foundationText(std::string_view(text)))) : Value();
 }
 
+Value addressOrAbsent(const void* memory) {
+  const auto address = readAs<std::uintptr_t>(memory);
+  return address ? Value(address) : Value();
+}
+
 // Memory that ends with the present autorelease pool.
 const char* lastingText(const Value& value) {
   if (!value.isText()) return nullptr;
@@ -103,18 +101,19 @@ const char* lastingText(const Value& value) {
 
 }  // namespace
 
-std::unique_ptr<MethodType> MethodType::fromEncoding(const char* encoding) {
-  while (*encoding && kQualifiers.find(*encoding) != std::string_view::npos) ++encoding;
+std::unique_ptr<MethodType> MethodType::fromEncoding(std::string_view encoding) {
+  constexpr std::string_view block = "@?";
+  if (encoding.empty() || encoding.starts_with(block)) return nullptr;
   std::unique_ptr<MethodType> type(new MethodType());
-  type->code_ = *encoding;
+  type->code_ = encoding.front();
+  type->pointsToCharacters_ = encoding == "*" || encoding == "^c" || encoding == "^C" || encoding == "^B";
   if (type->code_ != '{') {
     type->primitive_ = nativeOf(type->code_);
     if (!type->primitive_) return nullptr;
     return type;
   }
-  const std::string_view structure(encoding, NSGetSizeAndAlignment(encoding, nullptr, nullptr) - encoding);
-  const std::string letters = numbersIn(structure);
-  const std::span<const std::string_view> fields = fieldsOf(structure, letters.size());
+  const std::string letters = numbersIn(encoding);
+  const std::span<const std::string_view> fields = fieldsOf(encoding, letters.size());
   if (fields.empty()) return nullptr;
   type->fields_.assign(fields.begin(), fields.end());
   for (const char letter : letters) type->elements_.push_back(nativeOf(letter));
@@ -122,6 +121,12 @@ std::unique_ptr<MethodType> MethodType::fromEncoding(const char* encoding) {
   type->structure_.type = FFI_TYPE_STRUCT;
   type->structure_.elements = type->elements_.data();
   return type;
+}
+
+Value MethodType::readArgument(const void* memory, CharacterPointers characters) const {
+  if (!pointsToCharacters_) return read(memory, LiveObjects::Holding::never);
+  if (characters == CharacterPointers::texts) return textOrAbsent(readAs<const char*>(memory));
+  return addressOrAbsent(memory);
 }
 
 Value MethodType::read(const void* memory, LiveObjects::Holding holding) const {
@@ -146,10 +151,7 @@ Value MethodType::read(const void* memory, LiveObjects::Holding holding) const {
       return selector ? Value(sel_getName(selector)) : Value();
     }
     case '*': return textOrAbsent(readAs<const char*>(memory));
-    case '^': {
-      const auto address = readAs<std::uintptr_t>(memory);
-      return address ? Value(address) : Value();
-    }
+    case '^': return addressOrAbsent(memory);
     case '{': return readStructure(memory);
     default: return {};
   }
@@ -230,16 +232,21 @@ void MethodType::writeStructure(const Value& value, void* memory) const {
 }
 
 std::unique_ptr<MethodSignature> MethodSignature::fromEncoding(const char* encoding) {
-  if (!encoding || !*encoding) return nullptr;
+  constexpr std::size_t resultReceiverAndSelector = 3;
+  const auto types = encoding ? splitTypeEncoding(encoding) : std::nullopt;
+  if (!types || types->size() < resultReceiverAndSelector) return nullptr;
   std::unique_ptr<MethodSignature> signature(new MethodSignature());
-  signature->result_ = MethodType::fromEncoding(encoding);
-  if (!signature->result_) return nullptr;
-  for (const char* at = afterType(encoding); *at; at = afterType(at)) {
-    signature->arguments_.push_back(MethodType::fromEncoding(at));
-    if (!signature->arguments_.back()) return nullptr;
-    signature->native_.push_back(signature->arguments_.back()->native());
+  for (const std::string_view type : *types) {
+    std::unique_ptr<MethodType> known = MethodType::fromEncoding(type);
+    if (!known) return nullptr;
+    if (!signature->result_) {
+      signature->result_ = std::move(known);
+      continue;
+    }
+    if (known->isNothing()) return nullptr;
+    signature->native_.push_back(known->native());
+    signature->arguments_.push_back(std::move(known));
   }
-  if (signature->arguments_.size() < 2) return nullptr;
   const auto count = static_cast<unsigned>(signature->native_.size());
   const ffi_status status = ffi_prep_cif(&signature->call_, FFI_DEFAULT_ABI, count, signature->result_->native(),
                                          signature->native_.data());

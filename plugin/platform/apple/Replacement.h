@@ -14,7 +14,8 @@ namespace vorn {
 
 // A method implementation for the Objective-C runtime that runs one of ours.
 //
-// Main thread only.
+// Main thread only, but for the host's calls: one that comes on another thread runs the host's own method as if
+// there were no replacement.
 class Replacement {
  public:
   // One call of the host that is being replaced.
@@ -33,7 +34,8 @@ class Replacement {
 
   // Null when the machine allows no more code to be made. Once a class refers to it, it must not be destroyed.
   static std::unique_ptr<Replacement> make(Implementation implementation,
-                                           std::shared_ptr<MethodSignature> signature);
+                                           std::shared_ptr<MethodSignature> signature,
+                                           CharacterPointers characters);
   ~Replacement();
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
@@ -48,12 +50,18 @@ class Replacement {
   static Call* forwardedBy(id receiver, SEL selector);
 
  private:
-  explicit Replacement(Implementation implementation);
+  Replacement(Implementation implementation, CharacterPointers characters);
   static void enter(ffi_cif* call, void* result, void** arguments, void* replacement);
   void run(void* result, void** arguments);
+  void runHostsOwn(void* result, void** arguments) const;
+  void readArguments(const MethodSignature& signature, void** arguments, Call& call) const;
+  // The one of the two selectors that reaches the host's own method when the call came by the given one; null
+  // before the exchange, and for a call by another name.
+  SEL otherSelector(SEL entered) const;
   bool isForwardedBy(SEL entered, SEL sent) const;
 
   Implementation implementation_;
+  CharacterPointers characters_;
   std::shared_ptr<MethodSignature> signature_;
   ffi_closure* closure_ = nullptr;
   IMP code_ = nullptr;

@@ -28,7 +28,8 @@ class InProgress {
 
 Replacement::Call::~Call() { [forwardedResult release]; }
 
-Replacement::Replacement(Implementation implementation) : implementation_(std::move(implementation)) {
+Replacement::Replacement(Implementation implementation, CharacterPointers characters)
+    : implementation_(std::move(implementation)), characters_(characters) {
   void* code = nullptr;
   closure_ = static_cast<ffi_closure*>(ffi_closure_alloc(sizeof(ffi_closure), &code));
   if (closure_) code_ = reinterpret_cast<IMP>(code);
@@ -39,8 +40,9 @@ Replacement::~Replacement() {
 }
 
 std::unique_ptr<Replacement> Replacement::make(Implementation implementation,
-                                               std::shared_ptr<MethodSignature> signature) {
-  std::unique_ptr<Replacement> made(new Replacement(std::move(implementation)));
+                                               std::shared_ptr<MethodSignature> signature,
+                                               CharacterPointers characters) {
+  std::unique_ptr<Replacement> made(new Replacement(std::move(implementation), characters));
   if (!made->closure_) return nullptr;
   made->setSignature(std::move(signature));
   return made;
@@ -65,10 +67,15 @@ Replacement::Call* Replacement::forwardedBy(id receiver, SEL selector) {
   return nullptr;
 }
 
+SEL Replacement::otherSelector(SEL entered) const {
+  if (!first_) return nullptr;
+  if (sel_isEqual(entered, first_)) return second_;
+  return sel_isEqual(entered, second_) ? first_ : nullptr;
+}
+
 bool Replacement::isForwardedBy(SEL entered, SEL sent) const {
-  if (!first_) return false;
-  return (sel_isEqual(entered, first_) && sel_isEqual(sent, second_)) ||
-         (sel_isEqual(entered, second_) && sel_isEqual(sent, first_));
+  const SEL other = otherSelector(entered);
+  return other && sel_isEqual(sent, other);
 }
 
 void Replacement::enter(ffi_cif*, void* result, void** arguments, void* replacement) {
@@ -83,14 +90,12 @@ void Replacement::run(void* result, void** arguments) {
   // Both may be exchanged for others while the call is running.
   const std::shared_ptr<MethodSignature> signature = signature_;
   std::memset(result, 0, signature->resultSize());
+  if (![NSThread isMainThread]) return runHostsOwn(result, arguments);
   Call call;
   call.replacement = this;
   std::memcpy(&call.receiver, arguments[0], sizeof(id));
   std::memcpy(&call.selector, arguments[1], sizeof(SEL));
-  for (std::size_t i = 0; i < signature->argumentCount(); ++i) {
-    call.native.push_back(arguments[i + 2]);
-    call.arguments.push_back(signature->argument(i).read(arguments[i + 2], LiveObjects::Holding::never));
-  }
+  readArguments(*signature, arguments, call);
   const InProgress inProgress(call);
   const HostObject receiver = LiveObjects::instance().reference(call.receiver, LiveObjects::Holding::never);
   const Value answer = implementation_(receiver, call.arguments);
@@ -100,6 +105,31 @@ void Replacement::run(void* result, void** arguments) {
     return;
   }
   signature->result().writeResult(answer, result);
+}
+
+void Replacement::runHostsOwn(void* result, void** arguments) const {
+  id receiver = nil;
+  SEL entered = nullptr;
+  std::memcpy(&receiver, arguments[0], sizeof receiver);
+  std::memcpy(&entered, arguments[1], sizeof entered);
+  SEL hosts = otherSelector(entered);
+  if (!hosts) return;
+  const IMP code = class_getMethodImplementation(object_getClass(receiver), hosts);
+  std::vector<void*> native(arguments, arguments + signature_->argumentCount() + 2);
+  native[1] = &hosts;
+  ffi_call(&signature_->call(), FFI_FN(code), result, native.data());
+}
+
+void Replacement::readArguments(const MethodSignature& signature, void** arguments, Call& call) const {
+  for (std::size_t i = 0; i < signature.argumentCount(); ++i) {
+    call.native.push_back(arguments[i + 2]);
+    try {
+      call.arguments.push_back(signature.argument(i).readArgument(arguments[i + 2], characters_));
+    } catch (...) {
+      // An object of the host that raises when it is looked at. It is absent to us, and forwarded as it came.
+      call.arguments.emplace_back();
+    }
+  }
 }
 
 }  // namespace vorn

@@ -181,7 +181,8 @@ ClassRef EmbeddedClassRuntime::objc_getMetaClass(std::string_view name) {
 }
 
 bool EmbeddedClassRuntime::class_addMethod(ClassRef target, std::string_view selector,
-                                           Implementation implementation, std::string_view encoding) {
+                                           Implementation implementation, std::string_view encoding,
+                                           CharacterPointers) {
   if (!target || selector.empty() || !implementation) return false;
   auto method = std::make_unique<Method>();
   method->implementation = std::make_shared<const Implementation>(std::move(implementation));
@@ -198,6 +199,8 @@ MethodRef EmbeddedClassRuntime::class_getClassMethod(ClassRef target, std::strin
   Class* held = classFrom<Class>(target);
   return tables_->method(held->metaclass ? held->metaclass : held, selector);
 }
+
+std::string EmbeddedClassRuntime::unusableTypes(ClassRef, std::string_view) { return {}; }
 
 void EmbeddedClassRuntime::method_exchangeImplementations(MethodRef first, MethodRef second) {
   if (!first || !second) return;

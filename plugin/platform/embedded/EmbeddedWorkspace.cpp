@@ -20,6 +20,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kProgramFolder = "/Contents/MacOS/";
+// The desktop's own opener, looked for as a shell does.
+constexpr const char* kFolderOpener = "xdg-open";
 
 std::string withoutEndSlashes(std::string path) {
   while (path.ends_with('/')) path.pop_back();
@@ -107,16 +109,25 @@ Value EmbeddedWorkspace::propertyListAtPath(std::string_view path) {
   return read.isDictionary() ? read : Value();
 }
 
-bool EmbeddedWorkspace::launch(std::string_view executablePath) {
+bool EmbeddedWorkspace::launch(std::string_view executablePath) { return start(std::string(executablePath), ""); }
+
+bool EmbeddedWorkspace::openFolder(std::string_view path) {
+  std::error_code failed;
+  const std::string folder(path);
+  return fs::is_directory(folder, failed) && start(kFolderOpener, folder);
+}
+
+bool EmbeddedWorkspace::start(const std::string& program, const std::string& argument) {
   reapLaunched();
-  std::string program(executablePath);
-  char* const arguments[] = {program.data(), nullptr};
+  std::string ownProgram = program;
+  std::string ownArgument = argument;
+  char* const arguments[] = {ownProgram.data(), argument.empty() ? nullptr : ownArgument.data(), nullptr};
   posix_spawnattr_t attributes;
   if (::posix_spawnattr_init(&attributes) != 0) return false;
   // What is launched is no part of this process's work: it survives an interrupt at the terminal.
   ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
   pid_t process = 0;
-  const bool isStarted = ::posix_spawn(&process, program.c_str(), nullptr, &attributes, arguments, environ) == 0;
+  const bool isStarted = ::posix_spawnp(&process, program.c_str(), nullptr, &attributes, arguments, environ) == 0;
   ::posix_spawnattr_destroy(&attributes);
   if (isStarted) launched_.push_back(process);
   return isStarted;

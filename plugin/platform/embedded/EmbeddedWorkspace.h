@@ -24,9 +24,12 @@ class EmbeddedWorkspace final : public Workspace {
   std::string executablePath(std::string_view bundlePath) override;
   Value propertyListAtPath(std::string_view path) override;
   bool launch(std::string_view executablePath) override;
+  bool openFolder(std::string_view path) override;
 
  private:
   bool isBelowRoot(std::string_view path) const;
+  // Runs a program, by path or by a name to be looked for, with at most one argument.
+  bool start(const std::string& program, const std::string& argument);
   void reapLaunched();
 
   std::string root_;
