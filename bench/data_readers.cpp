@@ -44,6 +44,7 @@ class NoWorkspace final : public Workspace {
   std::string executablePath(std::string_view) override { return {}; }
   Value propertyListAtPath(std::string_view) override { return {}; }
   bool launch(std::string_view) override { return false; }
+  bool openFolder(std::string_view) override { return false; }
 };
 
 class BareSurroundings final : public Surroundings {

@@ -1,9 +1,12 @@
 #include "lab/client/Faults.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <fstream>
+#include <iostream>
 #include <sstream>
 
 namespace vornlab {
@@ -202,14 +205,37 @@ FaultBook FaultBook::fromText(std::string_view text, const std::string& name) {
 }
 
 FaultBook FaultBook::fromFile(const std::string& path) {
+  // Its state is taken before it is read: a change between the two is seen again at the next reply.
+  const auto state = stateOf(path);
   std::ifstream file(path, std::ios::binary);
-  if (!file) throw FaultError(path + ": cannot be read");
+  if (!state || !file) throw FaultError(path + ": cannot be read");
   std::ostringstream text;
   text << file.rdbuf();
-  return fromText(text.str(), path);
+  FaultBook book = fromText(text.str(), path);
+  book.path_ = path;
+  book.state_ = *state;
+  return book;
+}
+
+std::optional<FaultBook::FileState> FaultBook::stateOf(const std::string& path) {
+  struct stat found {};
+  if (::stat(path.c_str(), &found) != 0) return std::nullopt;
+  return FileState{found.st_ino, found.st_size, found.st_mtim.tv_sec, found.st_mtim.tv_nsec};
+}
+
+void FaultBook::readAgainWhenChanged() {
+  const auto state = path_.empty() ? std::nullopt : stateOf(path_);
+  if (!state || *state == state_) return;
+  state_ = *state;
+  try {
+    *this = fromFile(path_);
+  } catch (const FaultError& error) {
+    std::cerr << "vornclient: the faults stay as they were: " << error.what() << std::endl;
+  }
 }
 
 std::vector<Fault> FaultBook::next(std::uint32_t requestAction, std::uint32_t operation) {
+  readAgainWhenChanged();
   std::vector<Fault> faults;
   for (auto& rule : rules_) {
     if (rule.action && *rule.action != requestAction) continue;

@@ -52,6 +52,9 @@ class FaultBook {
 
   // Both throw FaultError; `name` stands for the file in its message.
   static FaultBook fromText(std::string_view text, const std::string& name);
+  // The book goes on to follow the file: when another one has taken its place, its rules are those of the next
+  // reply, and all counts begin anew. A new file that cannot be used is told on standard error, and the rules
+  // stay.
   static FaultBook fromFile(const std::string& path);
 
   // Counts one reply to a request of this action and inner operation, and tells what happens to it.
@@ -67,7 +70,21 @@ class FaultBook {
   };
   friend class FaultParser;
 
+  // What tells one content of a file from another.
+  struct FileState {
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;
+    std::int64_t changedSeconds = 0;
+    std::int64_t changedNanoseconds = 0;
+    bool operator==(const FileState&) const = default;
+  };
+
+  static std::optional<FileState> stateOf(const std::string& path);
+  void readAgainWhenChanged();
+
   std::vector<Rule> rules_;
+  std::string path_;  // empty: no file is followed
+  FileState state_;
 };
 
 // What goes out for one reply, and what becomes of the connection.

@@ -167,7 +167,7 @@ json jsonLayer(const Account& account, const Meeting& meeting, const std::string
   const auto& settings = meeting.settings;
   const std::int64_t shown = joinNumber(account, meeting);
   json layer = {
-      {"subject", meeting.subject},
+      {"subject", meeting.number == 0 ? "" : topicOf(account, meeting)},
       {"duration", meeting.minutes},
       {"recurrence", meeting.recurring},
       {"startTime", meeting.start},
@@ -190,7 +190,8 @@ json jsonLayer(const Account& account, const Meeting& meeting, const std::string
   const bool thirdParty = numberOf(layer, "audioOption") == kThirdParty;
   layer["enable3rdPartyAudio"] = thirdParty;
   layer["thirdPartyAudio"] = thirdParty ? textOf(settings, "thirdPartyAudio") : std::string();
-  if (!meeting.hostEmail.empty()) layer["scheduleFor"] = meeting.hostEmail;
+  // Empty for a meeting of one's own, which a reader without a profile could not tell from the host's id.
+  layer["scheduleFor"] = meeting.hostEmail;
   return layer;
 }
 

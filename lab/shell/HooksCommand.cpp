@@ -9,11 +9,8 @@ namespace vornlab {
 
 using vorn::Value;
 
-ExitCode hooks(const HooksOptions& options) {
-  CalendarStore nothing;
-  Session session(options.lab, nothing, {});
-  const Value told = session.ask("hooks");
-  if (options.form == ReportForm::json) {
+void printHooks(const Value& told, ReportForm form) {
+  if (form == ReportForm::json) {
     printGroupsAsJson(told["groups"],
                       Value::dictionaryFromPairs({{"rows", told["rows"]}, {"standing", told["standing"]}}));
   } else {
@@ -21,6 +18,12 @@ ExitCode hooks(const HooksOptions& options) {
     std::printf("%s of %s hooks stand.\n", told["standing"].stringValue().c_str(),
                 told["rows"].stringValue().c_str());
   }
+}
+
+ExitCode hooks(const HooksOptions& options) {
+  CalendarStore nothing;
+  Session session(options.lab, nothing, {});
+  printHooks(session.ask("hooks"), options.form);
   return ExitCode::done;
 }
 

@@ -1,9 +1,9 @@
 #include "lab/shell/InspectCommand.h"
 
-#include <algorithm>
 #include <cstdio>
+#include <memory>
+#include <set>
 
-#include "lab/outlook/CalendarStore.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/Session.h"
 
@@ -27,22 +27,30 @@ std::string titleOf(const CalendarEvent& event) {
 }  // namespace
 
 ExitCode inspect(const InspectOptions& options) {
+  return inspect(options, [&options](CalendarStore& calendar) -> Inspector {
+    OutlookHost::Options host;
+    host.userAddress = options.me;
+    const auto session = std::make_shared<Session>(options.lab, calendar, host);
+    return [session](const CalendarEvent& event) {
+      Value parameters = Value::dictionary();
+      parameters.set("event", session->host().eventOnGrid(event.index()));
+      return session->ask("appointment", parameters)["groups"];
+    };
+  });
+}
+
+ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
   CalendarStore calendar;
   IcsProblem problem;
   if (!calendar.load(options.input.string(), problem)) throw UsageError(problemText(options.input, problem));
-  OutlookHost::Options host;
-  host.userAddress = options.me;
-  Session session(options.lab, calendar, host);
+  const Inspector inspector = start(calendar);
 
-  std::vector<std::string> missing = options.uids;
+  const std::set<std::string> wanted(options.uids.begin(), options.uids.end());
+  std::set<std::string> missing = wanted;
   for (const CalendarEvent& event : calendar.events()) {
-    const auto wanted = std::find(options.uids.begin(), options.uids.end(), event.uid());
-    if (!options.uids.empty() && wanted == options.uids.end()) continue;
-    std::erase(missing, event.uid());
-    Value parameters = Value::dictionary();
-    const vorn::HostObject seen = session.host().eventOnGrid(event.index());
-    parameters.set("event", seen);
-    const Value groups = session.ask("appointment", parameters)["groups"];
+    if (!wanted.empty() && !wanted.contains(event.uid())) continue;
+    missing.erase(event.uid());
+    const Value groups = inspector(event);
     if (options.form == ReportForm::json) {
       printGroupsAsJson(
           groups, Value::dictionaryFromPairs({{"uid", event.uid()}, {"recurrenceId", event.recurrenceId()}}));

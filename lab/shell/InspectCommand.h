@@ -1,9 +1,11 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "lab/outlook/CalendarStore.h"
 #include "lab/shell/LabOptions.h"
 #include "lab/shell/MeetCommand.h"
 #include "lab/shell/PluginReport.h"
@@ -20,9 +22,16 @@ struct InspectOptions {
   ReportForm form = ReportForm::words;
 };
 
+// Answers what the plug-in sees in an appointment, in groups.
+using Inspector = std::function<vorn::Value(const CalendarEvent& event)>;
+// Starts a laboratory over the calendar, which outlives it, and keeps it as long as the inspector.
+using StartInspector = std::function<Inspector(CalendarStore& calendar)>;
+
 // Prints what the plug-in sees in each appointment of a calendar file: the stored record, the meeting's key and
 // where it comes from, whether the appointment may have a meeting and why, and its plain form. Nothing is written.
 // With JSON one object an appointment. Exit code 1 when a UID is not there.
 ExitCode inspect(const InspectOptions& options);
+// The same in a laboratory of the caller's.
+ExitCode inspect(const InspectOptions& options, const StartInspector& start);
 
 }  // namespace vornlab

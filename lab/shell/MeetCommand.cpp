@@ -6,7 +6,6 @@
 #include <chrono>
 #include <cstdio>
 
-#include "lab/outlook/CalendarStore.h"
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
@@ -39,9 +38,31 @@ void expectWritable(const fs::path& output) {
   if (access(folder.c_str(), W_OK) != 0) throw UsageError("cannot write into the folder " + folder.string());
 }
 
+// In the runtime of our own.
+class EmbeddedMeetingLab final : public MeetingLab {
+ public:
+  EmbeddedMeetingLab(const MeetOptions& options, CalendarStore& calendar)
+      : session_(options.lab, calendar, hostOptions(options)), road_(session_, options.lab.timeoutSeconds) {}
+
+  MeetResult take(const CalendarEvent& event) override { return road_.take(event); }
+  std::size_t requests() override { return session_.trace().sent(); }
+  std::size_t replies() override { return session_.trace().received(); }
+
+ private:
+  static OutlookHost::Options hostOptions(const MeetOptions& options) {
+    OutlookHost::Options host;
+    host.userAddress = options.me;
+    return host;
+  }
+
+  Session session_;
+  MeetingRoad road_;
+};
+
 class MeetRun {
  public:
-  explicit MeetRun(const MeetOptions& options) : options_(options), report_(options.form) {}
+  MeetRun(const MeetOptions& options, const StartMeetingLab& start)
+      : options_(options), start_(start), report_(options.form) {}
 
   ExitCode run() {
     expectWritable(options_.output);
@@ -51,12 +72,10 @@ class MeetRun {
     std::size_t sent = 0;
     std::size_t received = 0;
     if (!chosen.empty()) {
-      OutlookHost::Options hostOptions;
-      hostOptions.userAddress = options_.me;
-      Session session(options_.lab, calendar_, hostOptions);
-      takeAll(chosen, session);
-      sent = session.trace().sent();
-      received = session.trace().received();
+      const std::unique_ptr<MeetingLab> lab = start_(calendar_);
+      takeAll(chosen, *lab);
+      sent = lab->requests();
+      received = lab->replies();
     }
     if (!calendar_.save(options_.output.string())) throw LabError("cannot write " + options_.output.string());
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
@@ -88,14 +107,13 @@ class MeetRun {
     return events;
   }
 
-  void takeAll(const std::vector<CalendarEvent>& events, Session& session) {
+  void takeAll(const std::vector<CalendarEvent>& events, MeetingLab& lab) {
     ProgressBar progress(stderr, options_.all ? events.size() : 0);
-    MeetingRoad road(session, options_.lab.timeoutSeconds);
     for (std::size_t i = 0; i < events.size(); ++i) {
       progress.show(i);
       MeetResult result;
       if (const std::string reason = reasonToSkip(events[i], options_.me); reason.empty()) {
-        result = road.take(events[i]);
+        result = lab.take(events[i]);
       } else {
         result = describe(events[i]);
         result.outcome = Outcome::skipped;
@@ -107,12 +125,19 @@ class MeetRun {
   }
 
   const MeetOptions& options_;
+  const StartMeetingLab& start_;
   MeetReport report_;
   CalendarStore calendar_;
 };
 
 }  // namespace
 
-ExitCode meet(const MeetOptions& options) { return MeetRun(options).run(); }
+ExitCode meet(const MeetOptions& options) {
+  return meet(options, [&options](CalendarStore& calendar) {
+    return std::make_unique<EmbeddedMeetingLab>(options, calendar);
+  });
+}
+
+ExitCode meet(const MeetOptions& options, const StartMeetingLab& start) { return MeetRun(options, start).run(); }
 
 }  // namespace vornlab

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "lab/outlook/CalendarStore.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/LabOptions.h"
 #include "lab/shell/MeetReport.h"
@@ -22,8 +25,24 @@ struct MeetOptions {
   LabOptions lab;
 };
 
+// A laboratory in which appointments get their meetings.
+class MeetingLab {
+ public:
+  virtual ~MeetingLab() = default;
+  // Leads one appointment through the road. Throws LabError only when the person wants the program to end.
+  virtual MeetResult take(const CalendarEvent& event) = 0;
+  // Envelopes that the client has taken and given.
+  virtual std::size_t requests() = 0;
+  virtual std::size_t replies() = 0;
+};
+
+// Starts a laboratory over the calendar, which outlives it.
+using StartMeetingLab = std::function<std::unique_ptr<MeetingLab>(CalendarStore& calendar)>;
+
 // Gives the chosen appointments of a calendar file their online meetings and writes the file's new form, whole or
 // not at all. Appointments that fail are in the new file as they were. Throws LabError when nothing can be done.
 ExitCode meet(const MeetOptions& options);
+// The same in a laboratory of the caller's.
+ExitCode meet(const MeetOptions& options, const StartMeetingLab& start);
 
 }  // namespace vornlab

@@ -142,6 +142,8 @@ void Session::killClient() {
   waitUntil([this] { return !client_.isRunning(); }, kStartSeconds);
 }
 
+void Session::stopClient() { client_.stop(); }
+
 void Session::restartClient() {
   client_.stop();
   startClient();
@@ -163,6 +165,15 @@ bool Session::hasConnected() const {
 
 vorn::Value Session::ask(const std::string& question, const vorn::Value& parameters) {
   return plugin_->answer(question, parameters);
+}
+
+void Session::saveInProfile(const std::string& key, const std::string& value) {
+  world_.saveChoice(userIdOf(options_), key, value);
+}
+
+void Session::saveInUserDefaults(const std::string& key, const std::string& value) {
+  userDefaults_.setObject(World::valueOfChoice(value), key);
+  userDefaults_.synchronize();
 }
 
 bool Session::waitUntil(const std::function<bool()>& condition, double seconds) {

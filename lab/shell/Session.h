@@ -37,15 +37,24 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  // Ends the client as a crash does, and starts it again. Both return when it is so.
+  // Ends the client as a crash does, or asks it to end, and starts it again. Each returns when it is so.
   void killClient();
+  void stopClient();
   void restartClient();
+  bool clientIsRunning() { return client_.isRunning(); }
+  // True on a system whose plug-in needs no connection.
+  bool talksByNotifications() const;
+  // Saves a choice of the user, in JSON or else as a plain text: into the plug-in's profile of the signed-in user,
+  // or into the user's defaults. It counts from the next time that the plug-in looks. Throws LabError.
+  void saveInProfile(const std::string& key, const std::string& value);
+  void saveInUserDefaults(const std::string& key, const std::string& value);
 
   const World& world() const { return world_; }
   const ClientProcess& client() const { return client_; }
   OutlookHost& host() { return host_; }
   vorn::EmbeddedClassRuntime& runtime() { return runtime_; }
   RoadTrace& trace() { return trace_; }
+  vorn::EmbeddedPresenter& presenter() { return presenter_; }
   // Why the client could not be started or reached; "" when it was, and when none was wanted.
   const std::string& clientTrouble() const { return clientTrouble_; }
 
@@ -64,7 +73,6 @@ class Session {
 
  private:
   vorn::Platform platform();
-  bool talksByNotifications() const;
   void prepareClient();
   void startClient();
   void waitForConnection();

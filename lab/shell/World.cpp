@@ -7,6 +7,7 @@
 
 #include "lab/shell/LabError.h"
 #include "util/PropertyList.h"
+#include "util/vStringUtils.h"
 
 namespace vornlab {
 namespace {
@@ -39,7 +40,7 @@ World::World(const Options& options) {
     for (const fs::path& folder : {documents(), preferences(), applications()}) fs::create_directories(folder);
     installOutlook();
     if (!options.client.empty()) installClient(options.client, options.clientVersion);
-    if (options.panelIsOff) switchPanelOff(options.userId);
+    if (options.panelIsOff) saveChoice(options.userId, "notShowMeAgain", "true");
   } catch (const fs::filesystem_error& error) {
     throw LabError(error.what());
   }
@@ -90,11 +91,22 @@ void World::installClient(const fs::path& application, const std::string& versio
   writeList(facts, target / "Contents/Info.plist");
 }
 
-// The file format is a property list of one text that holds JSON.
-void World::switchPanelOff(const std::string& userId) const {
+// The file is a property list of one text that holds JSON.
+void World::saveChoice(const std::string& userId, const std::string& key, const std::string& value) const {
   const fs::path folder = documents() / "VornOutlookPlugin";
   fs::create_directories(folder);
-  writeList(Value(Value::Array{R"({"notShowMeAgain": true})"}), folder / (userId + ".txt"));
+  const fs::path file = folder / (userId + ".txt");
+  const Value stored = vorn::readPropertyList(file.string());
+  Value choices = vorn::vStringUtils::toArrayOrNSDictionary(
+      stored.items().empty() ? std::nullopt : stored.items().front().optionalText());
+  if (!choices.isDictionary()) choices = Value::dictionary();
+  choices.set(key, valueOfChoice(value));
+  writeList(Value(Value::Array{Value(vorn::vStringUtils::toJSONString(choices))}), file);
+}
+
+Value World::valueOfChoice(const std::string& text) {
+  const Value document = vorn::vStringUtils::toArrayOrNSDictionary(text);
+  return document.isAbsent() ? Value(text) : document;
 }
 
 }  // namespace vornlab

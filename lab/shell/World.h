@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <string>
 
+#include "util/Value.h"
+
 namespace vornlab {
 
 // The folders of one small machine: a home, an Applications folder with the two programs, and the user's files.
@@ -47,11 +49,16 @@ class World {
   std::filesystem::path journal() const { return root_ / "journal"; }
   std::filesystem::path clientErrors() const { return root_ / "client.err"; }
 
+  // Writes one choice into the profile that the plug-in has saved for the user, beside those that are there.
+  // Throws LabError when it cannot be written.
+  void saveChoice(const std::string& userId, const std::string& key, const std::string& value) const;
+  // What a text such as true, 5 or "en-US" stands for: JSON, or else the text itself.
+  static vorn::Value valueOfChoice(const std::string& text);
+
  private:
   void makeRoot(const Options& options);
   void installOutlook() const;
   void installClient(const std::filesystem::path& application, const std::string& version) const;
-  void switchPanelOff(const std::string& userId) const;
 
   std::filesystem::path root_;
   bool removeAtEnd_ = false;

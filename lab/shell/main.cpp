@@ -5,18 +5,22 @@
 #include <string>
 
 #include "lab/shell/AccountCommand.h"
+#include "lab/shell/BodyCommand.h"
 #include "lab/shell/DemoCommand.h"
 #include "lab/shell/DoctorCommand.h"
 #include "lab/shell/HooksCommand.h"
+#include "lab/shell/HostRuntime.h"
 #include "lab/shell/InspectCommand.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/MeetCommand.h"
+#include "lab/shell/PlayCommand.h"
 #include "lab/shell/Session.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using vornlab::AccountCommandOptions;
+using vornlab::BodyOptions;
 using vornlab::DemoOptions;
 using vornlab::DoctorOptions;
 using vornlab::ExitCode;
@@ -24,6 +28,7 @@ using vornlab::HooksOptions;
 using vornlab::InspectOptions;
 using vornlab::LabOptions;
 using vornlab::MeetOptions;
+using vornlab::PlayOptions;
 
 // The folder of this program, where the bundle and the client's application lie too.
 fs::path ownFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
@@ -137,6 +142,49 @@ CLI::App* addInspect(CLI::App& program, InspectOptions& options) {
   return command;
 }
 
+CLI::App* addPlay(CLI::App& program, PlayOptions& options) {
+  CLI::App* command = program.add_subcommand("play", "play scenarios; the word itself may be left out");
+  command->add_option("FILE", options.files, "scenarios, each named ....vorn; see docs/scenarios.md")
+      ->required()
+      ->check(CLI::ExistingFile);
+  command->add_flag_callback(
+      "--json", [&options] { options.form = vornlab::ScenarioReport::Form::json; }, "one JSON object a line");
+  return command;
+}
+
+// One command below another for each operation, so that none takes an option that it has no use for.
+CLI::App* addBodyOperation(CLI::App& bodies, const char* name, const char* what, BodyOptions& options) {
+  CLI::App* command = bodies.add_subcommand(name, what);
+  command->add_option("BODY", options.body, "the body as HTML")->required()->check(CLI::ExistingFile);
+  command->add_option("--out", options.output, "where the result goes, instead of the standard output");
+  command->add_flag_callback(
+      "--json", [&options] { options.form = vornlab::ReportForm::json; }, "one JSON object");
+  command->callback([&options, name] { options.operation = name; });
+  return command;
+}
+
+void addInvitation(CLI::App& command, BodyOptions& options) {
+  command.add_option("--invitation", options.invitation, "the invitation's text, HTML unless --plain is given")
+      ->required()
+      ->check(CLI::ExistingFile);
+  command.add_flag("--plain", options.invitationIsPlain, "the invitation is plain text");
+  command.add_flag("--top", options.atTop, "above the user's own text");
+}
+
+CLI::App* addBody(CLI::App& program, BodyOptions& options) {
+  CLI::App* command = program.add_subcommand("body", "apply one operation to the body of an appointment");
+  command->require_subcommand(1);
+  options.lab.withoutClient = true;
+  addInvitation(*addBodyOperation(*command, "insert", "add an invitation between bookmarks", options), options);
+  CLI::App* update = addBodyOperation(*command, "update", "bring an invitation in as the body calls for", options);
+  addInvitation(*update, options);
+  update->add_flag("--existing-meeting", options.existingMeeting,
+                   "the meeting was made before; without bookmarks the invitation replaces the body");
+  addBodyOperation(*command, "remove", "take the invitation out", options);
+  addBodyOperation(*command, "text", "tell what a reader sees", options);
+  return command;
+}
+
 bool hasCommand(const CLI::App& program, const std::string& name) {
   const auto commands = program.get_subcommands(nullptr);
   return std::any_of(commands.begin(), commands.end(),
@@ -154,8 +202,12 @@ int run(int argc, char** argv) {
   doctorOptions.lab = lab;
   HooksOptions hooksOptions;
   hooksOptions.lab = lab;
+  PlayOptions playOptions;
+  playOptions.lab = lab;
   InspectOptions inspectOptions;
   inspectOptions.lab = lab;
+  BodyOptions bodyOptions;
+  bodyOptions.lab = lab;
   AccountCommandOptions showOptions;
   showOptions.lab = lab;
   AccountCommandOptions defaultsOptions = showOptions;
@@ -167,27 +219,41 @@ int run(int argc, char** argv) {
   const CLI::App* demo = addDemo(program, demoOptions);
   const CLI::App* doctor = addDoctor(program, doctorOptions);
   const CLI::App* hooks = addHooks(program, hooksOptions);
+  const CLI::App* play = addPlay(program, playOptions);
   const CLI::App* inspect = addInspect(program, inspectOptions);
+  const CLI::App* body = addBody(program, bodyOptions);
   CLI::App* account = program.add_subcommand("account", "tell what the plug-in understands of an account");
   account->require_subcommand(1);
   const CLI::App* show = addAccountCommand(*account, "show", "the profile, in groups", showOptions);
   const CLI::App* defaults = addAccountCommand(
       *account, "defaults", "the settings of a new meeting, and who decided them", defaultsOptions);
 
-  if (argc > 1 && argv[1][0] != '-' && !hasCommand(program, argv[1])) {
-    std::fprintf(stderr, "vornlab: there is no command \"%s\"; vornlab --help lists them\n", argv[1]);
+  program.footer(vornlab::kRuntimeHelp);
+
+  std::vector<std::string> arguments(argv + 1, argv + argc);
+  vornlab::chooseRuntime(arguments, "embedded", lab.programs);
+  if (!arguments.empty() && vornlab::isScenarioFile(arguments.front())) {
+    arguments.insert(arguments.begin(), "play");
+  }
+  if (!arguments.empty() && !arguments.front().starts_with('-') && !hasCommand(program, arguments.front())) {
+    std::fprintf(stderr, "vornlab: there is no command \"%s\"; vornlab --help lists them\n",
+                 arguments.front().c_str());
     return static_cast<int>(ExitCode::badUsage);
   }
   try {
-    program.parse(argc, argv);
+    // The parser takes its words from the end.
+    std::reverse(arguments.begin(), arguments.end());
+    program.parse(arguments);
   } catch (const CLI::ParseError& error) {
     return program.exit(error) == 0 ? 0 : static_cast<int>(ExitCode::badUsage);
   }
   if (meet->parsed()) return static_cast<int>(vornlab::meet(meetOptions));
   if (demo->parsed()) return static_cast<int>(vornlab::demo(demoOptions));
   if (doctor->parsed()) return static_cast<int>(vornlab::doctor(doctorOptions));
+  if (play->parsed()) return static_cast<int>(vornlab::playScenarios(playOptions));
   if (hooks->parsed()) return static_cast<int>(vornlab::hooks(hooksOptions));
   if (inspect->parsed()) return static_cast<int>(vornlab::inspect(inspectOptions));
+  if (body->parsed()) return static_cast<int>(vornlab::changeBody(bodyOptions));
   if (show->parsed()) return static_cast<int>(vornlab::accountShow(showOptions));
   if (defaults->parsed()) return static_cast<int>(vornlab::accountDefaults(defaultsOptions));
   return static_cast<int>(ExitCode::badUsage);

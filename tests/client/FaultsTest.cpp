@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "lab/client/Journal.h"
+#include "tests/client/RunningClient.h"
+#include "util/AtomicFile.h"
 
 namespace vornlab {
 namespace {
@@ -61,6 +63,29 @@ TEST(FaultBook, saysWhereAndWhatItExpected) {
       EXPECT_THAT(error.what(), HasSubstr(expected)) << text;
     }
   }
+}
+
+TEST(FaultBook, followsItsFile) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder / "faults";
+  vorn::replaceFile(path, "reply 2: close\n");
+  FaultBook book = FaultBook::fromFile(path);
+  const auto kinds = [&book] {
+    std::string words;
+    for (const Fault& fault : book.next(6, 0)) words += fault.words;
+    return words;
+  };
+  EXPECT_EQ(kinds(), "");
+  // The counts begin anew, and what cannot be read changes nothing.
+  vorn::replaceFile(path, "reply 2: silent\n");
+  EXPECT_EQ(kinds(), "");
+  EXPECT_EQ(kinds(), "silent");
+  vorn::replaceFile(path, "reply 3: vanish\n");
+  EXPECT_EQ(kinds(), "");
+  vorn::replaceFile(path, "every reply: twice\n");
+  EXPECT_EQ(kinds(), "twice");
+  vorn::replaceFile(path, "");
+  EXPECT_EQ(kinds(), "");
 }
 
 TEST(Delivery, spoilsTheContent) {

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
@@ -98,6 +99,22 @@ TEST_F(EmbeddedWorkspaceTest, LaunchesAProgramWithoutWaitingForIt) {
   makeProgram(root_ + "/program", "echo started > '" + marker + "'");
   EXPECT_TRUE(workspace_.launch(root_ + "/program"));
   EXPECT_TRUE(waitUntil([&] { return vnIsFileExist(marker); }));
+}
+
+TEST_F(EmbeddedWorkspaceTest, ShowsAFolderWithTheDesktopsOpener) {
+  const std::string formerPath = ::getenv("PATH");
+  const std::string marker = root_ + "/marker";
+  const std::string folder = root_ + "/A folder";
+  fs::create_directories(folder);
+  fs::create_directories(root_ + "/bin");
+  makeProgram(root_ + "/bin/xdg-open", "test -d \"$1\" && echo shown > '" + marker + "'");
+  ::setenv("PATH", (root_ + "/bin:" + formerPath).c_str(), 1);
+  EXPECT_FALSE(workspace_.openFolder(root_ + "/none"));
+  EXPECT_TRUE(workspace_.openFolder(folder));
+  EXPECT_TRUE(waitUntil([&] { return vnIsFileExist(marker); }));
+  ::setenv("PATH", "", 1);
+  EXPECT_FALSE(workspace_.openFolder(folder)) << "a machine without a desktop";
+  ::setenv("PATH", formerPath.c_str(), 1);
 }
 
 }  // namespace

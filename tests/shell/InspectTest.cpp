@@ -88,9 +88,9 @@ TEST(Hooks, TellHowEachRowFaredInTheHost) {
   ASSERT_TRUE(told.is_object()) << run.output;
   EXPECT_EQ(told["ERCalendarEventEditorViewController"]["-saveAndCloseWindow:"], "stands");
   EXPECT_EQ(told["ERCalendarEventEditorWindowController"]["+showWindowForEvent:"], "stands");
-  EXPECT_EQ(told["OLCalendarGridViewWrapper"]["-subjectChanged:forEvent:andTileView:"], "no class");
+  EXPECT_EQ(told["OLCalendarGridViewWrapper"]["-subjectChanged:forEvent:andTileView:"], "stands");
   EXPECT_GT(told["standing"], 20);
-  EXPECT_LT(told["standing"], told["rows"]);
+  EXPECT_EQ(told["standing"], told["rows"]);
 }
 
 }  // namespace

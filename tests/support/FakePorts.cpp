@@ -54,6 +54,11 @@ bool FakeWorkspace::launch(std::string_view executablePath) {
   return launchSucceeds;
 }
 
+bool FakeWorkspace::openFolder(std::string_view path) {
+  openedFolders.emplace_back(path);
+  return true;
+}
+
 void RecordingPresenter::showAlert(const HostObject& window, const Alert& alert,
                                    std::function<void(Answer)> answered) {
   alerts.push_back({window, alert, std::move(answered)});

@@ -44,6 +44,7 @@ class FakeWorkspace final : public Workspace {
   std::string executablePath(std::string_view bundlePath) override;
   Value propertyListAtPath(std::string_view path) override;
   bool launch(std::string_view executablePath) override;
+  bool openFolder(std::string_view path) override;
 
   std::set<std::string, std::less<>> running;
   // Bundle identifier to path.
@@ -55,6 +56,7 @@ class FakeWorkspace final : public Workspace {
   std::map<std::string, Value, std::less<>> propertyLists;
   bool launchSucceeds = true;
   std::vector<std::string> launched;
+  std::vector<std::string> openedFolders;
 };
 
 class RecordingPresenter final : public Presenter {

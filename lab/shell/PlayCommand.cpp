@@ -1,0 +1,28 @@
+#include "lab/shell/PlayCommand.h"
+
+#include <chrono>
+
+#include "lab/shell/ProgressBar.h"
+
+namespace vornlab {
+
+ExitCode playScenarios(const PlayOptions& options) {
+  std::vector<Scenario> scenarios;
+  for (const std::string& file : options.files) scenarios.push_back(scenarioFromFile(file));
+  const auto began = std::chrono::steady_clock::now();
+  ScenarioReport report(options.form);
+  ProgressBar progress(stderr, scenarios.size() > 1 ? scenarios.size() : 0);
+  for (std::size_t i = 0; i < scenarios.size(); ++i) {
+    progress.show(i);
+    const ScenarioResult result = play(scenarios[i], options.lab);
+    progress.hide();
+    report.tell(result);
+  }
+  const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
+  report.tellSummary(took.count());
+  return report.failed() == 0 ? ExitCode::done : ExitCode::somethingFailed;
+}
+
+bool isScenarioFile(const std::string& argument) { return argument.ends_with(".vorn"); }
+
+}  // namespace vornlab

@@ -1,0 +1,66 @@
+#include "lab/shell/scenario/ClientJournal.h"
+
+#include <algorithm>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+namespace vornlab {
+namespace {
+
+using nlohmann::json;
+
+// What the agent says, and what it is asked, is no part of the conversation about meetings.
+constexpr int kVersion = 200;
+constexpr int kStartMeeting = 2;
+
+bool isOneOf(const std::string& fault, std::initializer_list<const char*> names) {
+  const std::string name = fault.substr(0, fault.find(' '));
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+bool anyFault(const json& reply, std::initializer_list<const char*> names) {
+  const auto faults = reply.find("faults");
+  return faults != reply.end() && std::any_of(faults->begin(), faults->end(), [&](const json& fault) {
+           return isOneOf(fault.get<std::string>(), names);
+         });
+}
+
+}  // namespace
+
+void ClientJournal::begin(bool isConnected) {
+  read();
+  answered_ = 0;
+  sureReplies_ = 0;
+  doubtfulReplies_ = 0;
+  if (!isConnected) connections_ = 0;
+}
+
+void ClientJournal::read() {
+  std::ifstream file(path_, std::ios::binary);
+  file.seekg(static_cast<std::streamoff>(position_));
+  for (std::string line; std::getline(file, line) && !file.eof();) {
+    position_ += line.size() + 1;
+    take(line);
+  }
+}
+
+void ClientJournal::take(const std::string& line) {
+  const json entry = json::parse(line, nullptr, false);
+  if (!entry.is_object()) return;
+  const std::string event = entry.value("event", "");
+  if (event == "connected") ++connections_;
+  if (event == "closed") --connections_;
+  if (event == "malformed") ++answered_;
+  if (event == "request" && entry.value("action", 0) == kStartMeeting) ++answered_;
+  if (event != "reply" || !entry.contains("to") || entry.value("action", 0) == kVersion) return;
+  ++answered_;
+  if (anyFault(entry, {"silent", "close", "restart", "die"})) return;
+  if (anyFault(entry, {"truncate", "not-utf8", "glue", "grow"})) {
+    ++doubtfulReplies_;
+  } else {
+    ++sureReplies_;
+    if (anyFault(entry, {"twice"})) ++doubtfulReplies_;
+  }
+}
+
+}  // namespace vornlab

@@ -1,0 +1,293 @@
+#include <array>
+#include <utility>
+
+#include "lab/shell/scenario/ScenarioWords.h"
+
+namespace vornlab {
+namespace {
+
+using Editing = std::function<void(OutlookHost&, OutlookHost::EditorId)>;
+
+// What a person does in the window that the lines mean.
+StageStep inEditor(Editing edit) {
+  return [edit = std::move(edit)](Stage& stage) { edit(stage.host(), stage.editor()); };
+}
+
+StageStep open(LineReader& line) {
+  const std::string uid = line.text("the UID of an appointment");
+  const std::string occurrence = line.take("occurrence") ? line.text("the RECURRENCE-ID of the occurrence") : "";
+  const std::string name = line.take("as") ? line.text("a name for the window") : uid;
+  return [=](Stage& stage) {
+    const auto event = stage.calendar().find(uid, occurrence);
+    const auto editor = event ? stage.host().openEditorAt(event->index()) : 0;
+    if (editor == 0) throw Mismatch("an appointment " + uid + " " + occurrence, "the host cannot open it");
+    stage.enter(name, editor, event->index());
+  };
+}
+
+// The host's own cancellation of a meeting, which opens a window for the words to the attendees.
+StageStep callOff(LineReader& line) {
+  line.need("off");
+  const std::string uid = line.text("the UID of an appointment");
+  const std::string name = line.take("as") ? line.text("a name for the window") : uid;
+  return [=](Stage& stage) {
+    const auto event = stage.calendar().find(uid);
+    const auto editor = event ? stage.host().openCancellation(uid) : 0;
+    if (editor == 0) throw Mismatch("a meeting " + uid + " that can be called off", "the host opens no window");
+    stage.enter(name, editor, event->index());
+  };
+}
+
+StageStep openNew(LineReader& line) {
+  std::string name = "new";
+  double start = kUsualStart;
+  while (!line.atEnd() && line.ahead() != "without") {
+    if (line.take("as")) {
+      name = line.text("a name for the window");
+    } else if (line.take("at")) {
+      start = line.time();
+    } else {
+      line.fail("\"as\" or \"at\"");
+    }
+  }
+  return [=](Stage& stage) { stage.enter(name, stage.host().openNew(start), std::nullopt); };
+}
+
+StageStep enter(LineReader& line) {
+  return [name = line.text("the name of a window, or a UID")](Stage& stage) { stage.enter(name); };
+}
+
+std::string htmlOf(const std::string& text) {
+  std::string html;
+  for (const char c : text) {
+    switch (c) {
+      case '&': html += "&amp;"; break;
+      case '<': html += "&lt;"; break;
+      case '\n': html += "<br>"; break;
+      default: html += c;
+    }
+  }
+  return "<p>" + html + "</p>";
+}
+
+std::string inDocument(const std::string& inner) { return "<html><body>" + inner + "</body></html>"; }
+
+// Above or below everything that the body holds.
+Editing typeBeside(const std::string& text, bool isAbove) {
+  return [piece = htmlOf(text), isAbove](OutlookHost& host, OutlookHost::EditorId editor) {
+    std::string body = host.body(editor);
+    const std::size_t begin = body.find("<body");
+    std::size_t at = isAbove && begin != std::string::npos ? body.find('>', begin) + 1 : 0;
+    if (!isAbove) at = std::min(body.rfind("</body>"), body.size());
+    host.typeBody(editor, body.insert(at, piece));
+  };
+}
+
+StageStep typeTimes(LineReader& line) {
+  const double start = line.time();
+  line.need("for");
+  const double end = start + line.minutes();
+  return inEditor([=](OutlookHost& host, OutlookHost::EditorId editor) { host.typeTimes(editor, start, end); });
+}
+
+StageStep type(LineReader& line) {
+  if (line.take("times")) return typeTimes(line);
+  const std::string field(line.ahead());
+  using Typing = void (*)(OutlookHost&, OutlookHost::EditorId, const std::string&);
+  const std::pair<const char*, Typing> fields[] = {
+      {"subject",
+       [](OutlookHost& host, OutlookHost::EditorId id, const std::string& t) { host.typeSubject(id, t); }},
+      {"location",
+       [](OutlookHost& host, OutlookHost::EditorId id, const std::string& t) { host.typeLocation(id, t); }},
+      {"body", [](OutlookHost& host, OutlookHost::EditorId id,
+                  const std::string& t) { host.typeBody(id, inDocument(htmlOf(t))); }},
+      {"html", [](OutlookHost& host, OutlookHost::EditorId id,
+                  const std::string& t) { host.typeBody(id, inDocument(t)); }},
+      {"above",
+       [](OutlookHost& host, OutlookHost::EditorId id, const std::string& t) { typeBeside(t, true)(host, id); }},
+      {"below",
+       [](OutlookHost& host, OutlookHost::EditorId id, const std::string& t) { typeBeside(t, false)(host, id); }}};
+  for (const auto& [name, typing] : fields) {
+    if (!line.take(name)) continue;
+    return inEditor([typing = typing, text = line.quoted()](OutlookHost& host, OutlookHost::EditorId editor) {
+      typing(host, editor, text);
+    });
+  }
+  line.fail("subject, location, times, body, html, above or below");
+}
+
+StageStep click(LineReader& line) {
+  const std::pair<const char*, const char*> buttons[] = {{"add", "onClickAddVornMeeting:"},
+                                                         {"cancel", "onClickCancelVornMeeting:"},
+                                                         {"settings", "onClickChangeSettings:"},
+                                                         {"audio 1", "onClickAddPACAccount1:"},
+                                                         {"audio 2", "onClickAddPACAccount2:"}};
+  for (const auto& [button, selector] : buttons) {
+    if (!line.take(button)) continue;
+    return [button = button, selector = selector](Stage& stage) {
+      if (!stage.host().clickBar(stage.editor(), selector)) {
+        throw Mismatch("a bar with a button for " + std::string(button), "none");
+      }
+    };
+  }
+  line.fail("add, cancel, settings, audio 1 or audio 2");
+}
+
+StageStep settings(LineReader& line) {
+  return [choice = readChoice(line)](Stage& stage) { stage.choose(choice); };
+}
+
+StageStep save(LineReader& line) {
+  if (!line.take("and close")) {
+    return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.save(editor); });
+  }
+  if (line.take("or tell")) {
+    // The host's other way to close, which reports an error by a pointer.
+    return [](Stage& stage) {
+      stage.session().runtime().send(stage.host().viewController(stage.editor()),
+                                     "saveAndCloseWindow:andReturnError:", {true, vorn::Value(nullptr)});
+    };
+  }
+  return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.saveAndClose(editor); });
+}
+
+StageStep closeWindow(LineReader&) {
+  return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.closeWithoutSaving(editor); });
+}
+
+StageStep send(LineReader&) {
+  return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.send(editor); });
+}
+
+StageStep from(LineReader& line) {
+  line.need("changed");
+  return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.changeFromField(editor); });
+}
+
+// -- On the calendar's surface, without a window -----------------------------------------------------------------
+
+// An appointment, and what the lines that follow mean.
+struct OnSurface {
+  std::string uid;
+  std::string occurrence;
+};
+
+OnSurface readOnSurface(LineReader& line) {
+  OnSurface read;
+  read.uid = line.text("the UID of an appointment");
+  if (line.take("occurrence")) read.occurrence = line.text("the RECURRENCE-ID of the occurrence");
+  return read;
+}
+
+// The lines that follow mean the appointment.
+StageStep onSurface(const OnSurface& meant, std::function<void(OutlookHost&, const OnSurface&)> act) {
+  return [meant, act = std::move(act)](Stage& stage) {
+    const auto event = stage.calendar().find(meant.uid, meant.occurrence);
+    if (!event) throw Mismatch("an appointment " + meant.uid + " " + meant.occurrence, "none");
+    stage.enter(meant.uid, 0, event->index());
+    act(stage.host(), meant);
+  };
+}
+
+StageStep drag(LineReader& line) {
+  const OnSurface meant = readOnSurface(line);
+  line.need("to");
+  return onSurface(meant, [start = line.time()](OutlookHost& host, const OnSurface& item) {
+    host.drag(item.uid, item.occurrence, start);
+  });
+}
+
+StageStep resize(LineReader& line) {
+  const OnSurface meant = readOnSurface(line);
+  line.need("to");
+  const double start = line.time();
+  line.need("for");
+  return onSurface(meant, [start, length = line.minutes()](OutlookHost& host, const OnSurface& item) {
+    host.resize(item.uid, item.occurrence, start, length);
+  });
+}
+
+StageStep rename(LineReader& line) {
+  const OnSurface meant = readOnSurface(line);
+  return onSurface(meant, [subject = line.quoted()](OutlookHost& host, const OnSurface& item) {
+    host.rename(item.uid, item.occurrence, subject);
+  });
+}
+
+StageStep deleteAppointment(LineReader& line) {
+  return onSurface(readOnSurface(line), [](OutlookHost& host, const OnSurface& item) {
+    host.deleteFromCalendar(item.uid, item.occurrence);
+  });
+}
+
+// What another program does to the stored appointment.
+StageStep record(LineReader& line) {
+  if (line.take("removed")) {
+    return [](Stage& stage) {
+      if (auto event = stage.stored()) event->setOlmUCInband(""), event->setOlmUCCapabilities("");
+    };
+  }
+  if (line.take("moved")) {
+    return [](Stage& stage) {
+      auto event = stage.stored();
+      if (!event) throw Mismatch("a stored appointment", "none");
+      event->setOlmUCCapabilities(event->olmUCInband().value_or(""));
+      event->setOlmUCInband("");
+    };
+  }
+  line.need("text");
+  return [text = line.quoted()](Stage& stage) {
+    if (auto event = stage.stored()) event->setOlmUCInband(text);
+  };
+}
+
+StageStep reopen(LineReader& line) {
+  line.need("main window");
+  return [](Stage& stage) {
+    stage.host().closeMainWindow();
+    stage.host().openMainWindow();
+  };
+}
+
+// The button of the next alert: the person declines unless told otherwise.
+StageStep answer(LineReader& line) {
+  const bool isYes = line.take("yes");
+  if (!isYes) line.need("no");
+  return [isYes](Stage& stage) {
+    using Answer = vorn::Presenter::Answer;
+    stage.session().presenter().answerNext(isYes ? Answer::defaultButton : Answer::alternateButton);
+  };
+}
+
+StageStep wait(LineReader& line) {
+  if (line.atEnd()) return [](Stage&) {};
+  return [seconds = line.seconds()](Stage& stage) { stage.wait(seconds); };
+}
+
+constexpr std::array kWords = {
+    StageWord{"open", "open UID [occurrence ID] [as NAME]", open},
+    StageWord{"call", "call off UID [as NAME]", callOff},
+    StageWord{"new", "new [as NAME] [at TIME]", openNew},
+    StageWord{"in", "in NAME", enter},
+    StageWord{"type", "type subject|location|body|html|above|below TEXT, or: type times TIME for N min", type},
+    StageWord{"click", "click add|cancel|settings|audio 1|audio 2", click},
+    StageWord{"settings", kSettingsUsage, settings},
+    StageWord{"from", "from changed", from},
+    StageWord{"drag", "drag UID [occurrence ID] to TIME", drag},
+    StageWord{"resize", "resize UID [occurrence ID] to TIME for N min", resize},
+    StageWord{"rename", "rename UID [occurrence ID] TEXT", rename},
+    StageWord{"delete", "delete UID [occurrence ID]", deleteAppointment},
+    StageWord{"save", "save [and close [or tell]]", save},
+    StageWord{"send", "send", send},
+    StageWord{"close", "close", closeWindow},
+    StageWord{"record", "record removed|moved|text TEXT", record},
+    StageWord{"answer", "answer yes|no", answer},
+    StageWord{"reopen", "reopen main window", reopen},
+    StageWord{"wait", "wait [N s]", wait},
+};
+
+}  // namespace
+
+std::span<const StageWord> hostWords() { return kWords; }
+
+}  // namespace vornlab

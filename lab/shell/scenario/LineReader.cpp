@@ -1,0 +1,101 @@
+#include "lab/shell/scenario/LineReader.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <ctime>
+
+namespace vornlab {
+namespace {
+
+template <typename Number>
+bool readNumber(const std::string& word, Number& number) {
+  const char* end = word.data() + word.size();
+  const auto [stop, error] = std::from_chars(word.data(), end, number);
+  return error == std::errc{} && stop == end;
+}
+
+}  // namespace
+
+std::string_view LineReader::ahead() const {
+  return atEnd() || line_.words[at_].isQuoted ? std::string_view() : std::string_view(line_.words[at_].text);
+}
+
+bool LineReader::take(std::string_view keywords) {
+  std::size_t at = at_;
+  for (std::size_t begin = 0; begin <= keywords.size();) {
+    const std::size_t end = std::min(keywords.find(' ', begin), keywords.size());
+    const bool isThere = at < line_.words.size() && !line_.words[at].isQuoted &&
+                         line_.words[at].text == keywords.substr(begin, end - begin);
+    if (!isThere) return false;
+    ++at;
+    begin = end + 1;
+  }
+  at_ = at;
+  return true;
+}
+
+void LineReader::need(std::string_view keywords) {
+  if (!take(keywords)) fail("\"" + std::string(keywords) + "\"");
+}
+
+std::string LineReader::text(std::string_view what) {
+  if (atEnd()) fail(std::string(what));
+  return line_.words[at_++].text;
+}
+
+std::string LineReader::quoted() {
+  if (!isQuotedAhead()) fail("a text in quotes");
+  return line_.words[at_++].text;
+}
+
+std::int64_t LineReader::number(std::string_view what) {
+  std::int64_t value = 0;
+  if (!readNumber(std::string(ahead()), value)) fail(std::string(what));
+  ++at_;
+  return value;
+}
+
+double LineReader::time() {
+  const std::string word(ahead());
+  std::tm parts{};
+  int length = 0;
+  const int read = std::sscanf(word.c_str(), "%4d-%2d-%2dT%2d:%2d%n", &parts.tm_year, &parts.tm_mon,
+                               &parts.tm_mday, &parts.tm_hour, &parts.tm_min, &length);
+  if (read != 5 || static_cast<std::size_t>(length) != word.size()) fail("a time such as 2026-11-23T09:00");
+  parts.tm_year -= 1900;
+  parts.tm_mon -= 1;
+  ++at_;
+  return static_cast<double>(timegm(&parts));
+}
+
+double LineReader::minutes() { return 60 * amount("min"); }
+
+double LineReader::seconds() { return amount("s"); }
+
+double LineReader::amount(std::string_view unit) {
+  double value = 0;
+  if (!readNumber(std::string(ahead()), value) || value < 0 || value > 100000) {
+    fail("a number of " + std::string(unit));
+  }
+  ++at_;
+  need(unit);
+  return value;
+}
+
+void LineReader::needEnd() {
+  if (!atEnd()) fail("nothing more");
+}
+
+void LineReader::fail(const std::string& expected) const {
+  const std::string found = atEnd() ? "the line ends" : "found \"" + line_.words[at_].text + "\"";
+  refuse("expected " + expected + ", " + found);
+}
+
+void LineReader::refuse(const std::string& why) const {
+  std::string message = file_ + ":" + std::to_string(line_.number) + ": " + why;
+  if (!usage_.empty()) message += "\n  it is written: " + usage_;
+  throw ScenarioError(message);
+}
+
+}  // namespace vornlab

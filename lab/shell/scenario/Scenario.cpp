@@ -1,0 +1,109 @@
+#include "lab/shell/scenario/Scenario.h"
+
+#include <algorithm>
+
+#include "util/AtomicFile.h"
+
+namespace vornlab {
+namespace {
+
+template <typename Words>
+const auto* findWord(const Words& words, std::string_view word) {
+  const auto found = std::find_if(words.begin(), words.end(), [&](const auto& each) { return each.word == word; });
+  return found == words.end() ? nullptr : &*found;
+}
+
+template <typename Words>
+void addNames(const Words& words, std::string& names) {
+  for (const auto& each : words) names += (names.empty() ? "" : ", ") + std::string(each.word);
+}
+
+std::string knownWords() {
+  std::string setUp;
+  addNames(setUpWords(), setUp);
+  std::string acts;
+  addNames(hostWords(), acts);
+  addNames(clientWords(), acts);
+  return "one of these words: first " + setUp + "; then " + acts + ", expect";
+}
+
+std::string knownExpectations() {
+  std::string names;
+  addNames(expectationWords(), names);
+  return "one of these words: " + names;
+}
+
+class ScenarioReader {
+ public:
+  explicit ScenarioReader(std::string file) { scenario_.file = std::move(file); }
+
+  Scenario read(std::string_view text) {
+    for (const ScenarioLine& line : readScenarioText(text, scenario_.file)) readLine(line);
+    return std::move(scenario_);
+  }
+
+ private:
+  void readLine(const ScenarioLine& line) {
+    LineReader reader(line, scenario_.file);
+    const std::string_view first = reader.ahead();
+    const SetUpWord* word = findWord(setUpWords(), first);
+    if (word && !scenario_.steps.empty() && !findWord(hostWords(), first)) {
+      reader.refuse("\"" + std::string(first) + "\" has to stand before everything that happens");
+    }
+    if (word && scenario_.steps.empty()) {
+      reader.take(first);
+      reader.setUsage(word->usage);
+      word->read(reader, scenario_.setUp);
+      reader.needEnd();
+    } else {
+      scenario_.steps.push_back({line.number, line.text, readStep(reader)});
+    }
+  }
+
+  static StageStep readStep(LineReader& reader) {
+    const std::string_view first = reader.ahead();
+    if (reader.take("expect")) {
+      const std::string_view second = reader.ahead();
+      const StageWord* word = findWord(expectationWords(), second);
+      if (!word) reader.fail(knownExpectations());
+      StageStep expectation = readWord(*word, reader);
+      reader.needEnd();
+      return expectation;
+    }
+    const StageWord* word = findWord(hostWords(), first);
+    if (!word) word = findWord(clientWords(), first);
+    if (!word) reader.fail(knownWords());
+    StageStep act = readWord(*word, reader);
+    if (reader.take("without waiting")) {
+      reader.needEnd();
+      return act;
+    }
+    reader.needEnd();
+    return [act = std::move(act)](Stage& stage) {
+      act(stage);
+      stage.settle();
+    };
+  }
+
+  static StageStep readWord(const StageWord& word, LineReader& reader) {
+    reader.take(word.word);
+    reader.setUsage(word.usage);
+    return word.read(reader);
+  }
+
+  Scenario scenario_;
+};
+
+}  // namespace
+
+Scenario scenarioFromText(std::string_view text, const std::string& file) {
+  return ScenarioReader(file).read(text);
+}
+
+Scenario scenarioFromFile(const std::string& file) {
+  const auto text = vorn::readFile(file);
+  if (!text) throw UsageError(file + " cannot be read");
+  return scenarioFromText(*text, file);
+}
+
+}  // namespace vornlab

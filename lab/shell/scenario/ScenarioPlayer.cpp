@@ -1,0 +1,73 @@
+#include "lab/shell/scenario/ScenarioPlayer.h"
+
+#include <stdlib.h>
+
+#include <chrono>
+
+#include "lab/shell/Interruption.h"
+#include "lab/shell/LabError.h"
+
+namespace vornlab {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The folder of one scenario. Its path is short: the socket of the client lies in it.
+class ScenarioFolder {
+ public:
+  ScenarioFolder() {
+    std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make the folder " + name);
+    path_ = fs::canonical(name);
+  }
+  ~ScenarioFolder() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+  }
+  ScenarioFolder(const ScenarioFolder&) = delete;
+  ScenarioFolder& operator=(const ScenarioFolder&) = delete;
+
+  const fs::path& path() const { return path_; }
+
+ private:
+  fs::path path_;
+};
+
+std::optional<ScenarioFailure> playSteps(const Scenario& scenario, Stage& stage) {
+  for (const ScenarioStep& step : scenario.steps) {
+    try {
+      step.run(stage);
+    } catch (const Mismatch& mismatch) {
+      return ScenarioFailure{step.line, step.text, mismatch.expected, mismatch.found};
+    } catch (const LabError& error) {
+      if (Interruption::requested()) throw;
+      return ScenarioFailure{step.line, step.text, "the line can be played", error.what()};
+    }
+  }
+  const std::vector<std::string> alerts = stage.takeAlerts();
+  if (alerts.empty()) return std::nullopt;
+  return ScenarioFailure{0, "the end", "no alert that no line asks for", alerts.front()};
+}
+
+}  // namespace
+
+ScenarioResult play(const Scenario& scenario, const LabOptions& lab) {
+  const auto began = std::chrono::steady_clock::now();
+  ScenarioResult result;
+  result.file = scenario.file;
+  result.name = scenario.name();
+  const ScenarioFolder folder;
+  try {
+    Stage stage(scenario.setUp, lab, folder.path());
+    result.failure = playSteps(scenario, stage);
+    result.envelopes = stage.envelopes();
+  } catch (const LabError& error) {
+    if (Interruption::requested()) throw;
+    result.failure = {0, "the world", "it can be made", error.what()};
+  }
+  const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
+  result.seconds = took.count();
+  return result;
+}
+
+}  // namespace vornlab

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "lab/client/Meeting.h"
+#include "lab/outlook/CalendarStore.h"
+#include "lab/shell/Session.h"
+#include "lab/shell/scenario/ClientJournal.h"
+#include "lab/shell/scenario/Mismatch.h"
+#include "lab/shell/scenario/ScenarioSetUp.h"
+
+namespace vornlab {
+
+// A window, or an appointment without one, under the name that the scenario has for it.
+struct StageWindow {
+  // 0 when no window was opened.
+  OutlookHost::EditorId editor = 0;
+  // The place among the calendar's events; absent for a new appointment that is not stored.
+  std::optional<std::size_t> event;
+  // The whole calendar as it was when the window opened.
+  std::string calendarBefore;
+};
+
+// A request or a reply as the plug-in tells it, covered.
+struct StageEnvelope {
+  bool isRequest = false;
+  // "6", or "3/4" for the inner operation 4.
+  std::string name;
+  std::string content;
+};
+
+// What plays in one scenario: a session of the laboratory, the calendar, the windows by their names, and what has
+// gone between the plug-in and the client. The folder is the world's; whoever made it removes it.
+class Stage {
+ public:
+  // Throws LabError when the world cannot be made or the client cannot be started.
+  Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::path& folder);
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
+
+  Session& session() { return *session_; }
+  OutlookHost& host() { return session_->host(); }
+  CalendarStore& calendar() { return calendar_; }
+
+  // -- Windows
+
+  // Names a window, or an appointment when the editor is 0; the lines that follow mean it.
+  void enter(const std::string& name, OutlookHost::EditorId editor, std::optional<std::size_t> event);
+  // A name that was given before, or the UID of an appointment. Throws Mismatch for any other.
+  void enter(const std::string& name);
+  StageWindow& window();
+  // The window's editor; throws Mismatch when it has closed or never was.
+  OutlookHost::EditorId editor();
+  bool isOpen();
+  // The appointment as it is stored; absent when it is not, or not any more.
+  std::optional<CalendarEvent> stored();
+  // What the plug-in tells of the window; see its question "window".
+  vorn::Value told();
+  // The number of the window's meeting: from the plug-in, or else from the stored record, or the last one known.
+  std::string meetingKey();
+
+  // -- What happens beside the calling line
+
+  // Runs the host until the plug-in has come to rest: each request has its reply or will never have one, and
+  // nothing more is due at once. Throws Mismatch when that does not happen.
+  void settle();
+  void wait(double seconds) { session_->passTime(seconds); }
+
+  void killClient();
+  void stopClient();
+  void startClient();
+  // Replaces what the client does wrong, from its next reply on.
+  void setFaults(const std::string& rules);
+  void choose(const SavedChoice& choice);
+
+  // -- What there was
+
+  const std::vector<StageEnvelope>& envelopes() const { return envelopes_; }
+  // The requests since the last call.
+  std::vector<std::string> takeRequests();
+  // Whether one of the requests that the last takeRequests() gave, or a later one, holds the text.
+  bool requestHolds(const std::string& part) const;
+  // The alerts since the last call.
+  std::vector<std::string> takeAlerts();
+  std::optional<Meeting> meetingAtService();
+  std::int64_t meetingsAtService() const;
+
+ private:
+  void loadCalendar(const ScenarioSetUp& setUp);
+  void fillService(const ScenarioSetUp& setUp) const;
+  void note(std::string_view step, const vorn::Value& facts);
+  bool isQuiet(bool evenDoubtful);
+  bool waitForReplies();
+  void countAnew(bool isConnected);
+  void claimNewAppointment();
+
+  LabOptions lab_;
+  std::filesystem::path faults_;
+  CalendarStore calendar_;
+  std::optional<Session> session_;
+  std::optional<ClientJournal> journal_;
+  bool usesSocket_ = true;
+
+  std::map<std::string, StageWindow> windows_;
+  std::string current_;
+  // Keys by window, for meetings that are no more.
+  std::map<std::string, std::string> lastKeys_;
+  // Events that belong to the file or to a window.
+  std::size_t claimedEvents_ = 0;
+  std::size_t openEditors_ = 0;
+
+  std::vector<StageEnvelope> envelopes_;
+  std::size_t requestsTakenFrom_ = 0;
+  std::size_t requestsTakenTo_ = 0;
+  std::vector<std::string> alerts_;
+  std::size_t alertsTaken_ = 0;
+  std::size_t sentBefore_ = 0;
+  std::size_t receivedBefore_ = 0;
+  bool hasDropped_ = false;
+};
+
+}  // namespace vornlab

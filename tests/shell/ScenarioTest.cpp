@@ -1,0 +1,147 @@
+// The words of scenarios, and how one that fails is told.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "lab/shell/scenario/Scenario.h"
+#include "tests/shell/ProgramRun.h"
+
+namespace vornlab::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+TEST(Scenario, SplitsALineIntoWordsAndTexts) {
+  const auto lines =
+      readScenarioText("# nothing\n\n  type body \"a \\\"b\\\"\\n\\\\ # c\" # said\r\nsave", "x.vorn");
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].number, 3U);
+  ASSERT_EQ(lines[0].words.size(), 3U);
+  EXPECT_EQ(lines[0].words[2].text, "a \"b\"\n\\ # c");
+  EXPECT_TRUE(lines[0].words[2].isQuoted);
+  EXPECT_EQ(lines[1].text, "save");
+}
+
+TEST(Scenario, SaysWhereALineCannotBeReadAndWhatWasExpected) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"type body \"open", "x.vorn:1: expected a closing quote"},
+      {"type body \"a\\t\"", "x.vorn:1: expected \\n, \\\" or \\\\ behind the backslash"},
+      {"type body \"a\"b", "x.vorn:1: expected a blank behind the closing quote"},
+      {"\nsafe", "x.vorn:2: expected one of these words: first account, "},
+      {"expect rain", "x.vorn:1: expected one of these words: bar, "},
+      {"expect bar green",
+       "x.vorn:1: expected one of add, meeting, hidden, none, found \"green\"\n  it is written: "
+       "expect bar add|meeting|hidden|none"},
+      {"click",
+       "x.vorn:1: expected add, cancel, settings, audio 1 or audio 2, the line ends\n  it is written: click "},
+      {"type times tomorrow", "x.vorn:1: expected a time such as 2026-11-23T09:00, found \"tomorrow\""},
+      {"type times 2026-11-23T09:00 for 5", "x.vorn:1: expected \"min\", the line ends"},
+      {"type subject Budget", "x.vorn:1: expected a text in quotes, found \"Budget\""},
+      {"save and send", "x.vorn:1: expected nothing more, found \"and\""},
+      {"wait 1e9 s", "x.vorn:1: expected a number of s, found \"1e9\""},
+      {"expect sent 3/1, soon", "x.vorn:1: expected requests such as 6, 9, 3/1, 3/4, or nothing, found \"soon\""},
+      {"save\nme ann@example.com", "x.vorn:2: \"me\" has to stand before everything that happens"},
+      {"account nobody.json",
+       "x.vorn:1: \"nobody.json\" is neither beside the scenario nor in lab/client/accounts"},
+      {"client faults \"reply 1: vanish\"", "x.vorn:1: the rule:1: expected delay, split, "},
+  };
+  for (const auto& [text, message] : cases) {
+    try {
+      scenarioFromText(text, "x.vorn");
+      ADD_FAILURE() << "no error for " << text;
+    } catch (const ScenarioError& error) {
+      EXPECT_THAT(error.what(), StartsWith(message));
+    }
+  }
+}
+
+TEST(Scenario, HasEachOfItsWordsExplained) {
+  const std::string page = contentOf(SCENARIOS_PAGE);
+  const auto expectExplained = [&](const std::string& word) {
+    const bool isExplained =
+        page.find("`" + word) != std::string::npos || page.find("|" + word) != std::string::npos;
+    EXPECT_TRUE(isExplained) << "docs/scenarios.md says nothing of \"" << word << "\"";
+  };
+  for (const SetUpWord& word : setUpWords()) expectExplained(std::string(word.word));
+  for (const StageWord& word : hostWords()) expectExplained(std::string(word.word));
+  for (const StageWord& word : clientWords()) expectExplained(std::string(word.word));
+  for (const StageWord& word : expectationWords()) {
+    const std::string name(word.word);
+    if (page.find("`expect " + name) == std::string::npos) expectExplained(name);
+  }
+}
+
+class PlayScenario : public ::testing::Test {
+ protected:
+  ProgramRun play(std::vector<std::string> arguments) const { return runProgram(VORNLAB_PROGRAM, arguments); }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(PlayScenario, TellsTheLineThatFailedWhatWasExpectedAndWhatHadBeenSent) {
+  const auto good = folder_.write("good.vorn", "appointment a\nopen a\nexpect bar add\n");
+  const auto bad = folder_.write("bad.vorn",
+                                 "appointment a subject \"Call ann@example.com\"\nopen a\nclick add\n"
+                                 "expect subject \"Budget\"\nexpect bar add\n");
+  const ProgramRun run = play({bad, good});
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_THAT(run.output, StartsWith("FAIL " + bad.string() + ":4: expect subject \"Budget\"\n" +
+                                     "  expected   subject \"Budget\"\n  there was  \"Call ******\"\n"));
+  EXPECT_THAT(run.output, HasSubstr("\n  sent       3/1   1;"));
+  EXPECT_THAT(run.output, HasSubstr("\nOK   good "));
+  EXPECT_THAT(run.output, HasSubstr("\n2 scenarios: 1 passed, 1 failed; "));
+  EXPECT_THAT(run.output, Not(HasSubstr("@")));
+}
+
+TEST_F(PlayScenario, FailsWhereALineCannotBePlayed) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"open nobody\n", ":1: open nobody\n  expected   an appointment nobody"},
+      {"save\n", ":1: save\n  expected   a window that was opened before\n  there was  none"},
+      {"new\nclose\nsave\n", ":3: save\n  expected   the window \"new\" is open\n  there was  it is closed"},
+      {"without client\nnew\nclick add\n",
+       ": the end\n  expected   no alert that no line asks for\n  there was  The "},
+  };
+  for (const auto& [text, told] : cases) {
+    const ProgramRun run = play({folder_.write("x.vorn", text)});
+    EXPECT_EQ(run.exitCode, 1) << text;
+    EXPECT_THAT(run.output, HasSubstr(std::string("x.vorn") + told));
+  }
+}
+
+TEST_F(PlayScenario, ReadsAllFilesBeforeItPlaysOne) {
+  const auto good = folder_.write("good.vorn", "appointment a\n");
+  const auto unreadable = folder_.write("unreadable.vorn", "appointment a\nfly away\n");
+  const ProgramRun run = play({"play", good, unreadable});
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.output, "");
+  EXPECT_THAT(run.errors, HasSubstr("unreadable.vorn:2: expected one of these words: "));
+}
+
+TEST_F(PlayScenario, TellsItAsJson) {
+  const auto good = folder_.write("good.vorn", "appointment a\nopen a\n");
+  const auto bad = folder_.write("bad.vorn", "appointment a\nopen a\nclick add\nexpect sent nothing\n");
+  const ProgramRun run = play({good, bad, "--json"});
+  EXPECT_EQ(run.exitCode, 1);
+  std::vector<nlohmann::json> lines;
+  std::istringstream output(run.output);
+  for (std::string line; std::getline(output, line);) lines.push_back(nlohmann::json::parse(line));
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_EQ(lines[0]["result"], "passed");
+  EXPECT_EQ(lines[1]["line"], 4);
+  EXPECT_EQ(lines[1]["expected"], "sent nothing");
+  EXPECT_EQ(lines[1]["found"], "sent 6, 9, 3/1, 3/4");
+  std::vector<std::string> sent;
+  for (const auto& envelope : lines[1]["envelopes"]) {
+    if (envelope["direction"] == "sent") sent.push_back(envelope["name"]);
+  }
+  EXPECT_THAT(sent, ElementsAre("6", "9", "3/1", "3/4"));
+  EXPECT_EQ(lines[2]["summary"]["failed"], 1);
+}
+
+}  // namespace
+}  // namespace vornlab::test
