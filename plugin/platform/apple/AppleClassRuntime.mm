@@ -8,7 +8,6 @@
 #include <cstring>
 #include <functional>
 #include <map>
-#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -24,7 +23,8 @@ using Holding = LiveObjects::Holding;
 
 class Pool {
  public:
-  Pool() : pool_([[NSAutoreleasePool alloc] init]) {}
+  // Nothing at all when none is wanted: a message to nil does nothing.
+  explicit Pool(bool isWanted) : pool_(isWanted ? [[NSAutoreleasePool alloc] init] : nil) {}
   ~Pool() { [pool_ drain]; }
   Pool(const Pool&) = delete;
   Pool& operator=(const Pool&) = delete;
@@ -167,7 +167,7 @@ Value callInPool(id object, const Callee& callee, const Replacement::Call* forwa
   const MethodSignature& signature = *callee.signature;
   const bool onlyReads =
       signature.argumentCount() == 0 && !signature.result().isObject() && !signature.result().isNothing();
-  const std::optional<Pool> pool = onlyReads ? std::nullopt : std::optional<Pool>(std::in_place);
+  const Pool pool(!onlyReads);
   return callNative(object, callee, forwarded, arguments, retained);
 }
 
