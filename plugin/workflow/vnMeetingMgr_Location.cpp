@@ -1,6 +1,10 @@
 // The location of an appointment is free text that may mix the user's own words, the names of rooms and the
 // meeting's join URL. These rules find the parts again and put them together, joined by "; ".
 
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
 #include "host/proxies/vnApptInfoKeys.h"
 #include "util/TextSearch.h"
 #include "util/vnOLUtils.h"
@@ -35,11 +39,24 @@ std::string without(std::string_view text, std::string_view part) {
   }
 }
 
-std::string withoutRooms(std::string text, const Value& attendees) {
+// The longest names first: "Room 1" is also the beginning of "Room 10", and would leave a "0" behind that looked
+// like the user's own and came back at each save.
+std::vector<std::string_view> roomNames(const Value& attendees) {
+  std::vector<std::string_view> names;
   for (const Value& attendee : attendees.items()) {
-    const std::string& name = attendee[vn_ApptInfo_AttendeeName].text();
-    if (attendee[vn_ApptInfo_AttendeeType].text() != kRoom || !holds(text, name)) continue;
-    text = without(text, name + ";");
+    if (attendee[vn_ApptInfo_AttendeeType].text() == kRoom) {
+      names.emplace_back(attendee[vn_ApptInfo_AttendeeName].text());
+    }
+  }
+  std::stable_sort(names.begin(), names.end(),
+                   [](std::string_view one, std::string_view other) { return one.size() > other.size(); });
+  return names;
+}
+
+std::string withoutRooms(std::string text, const Value& attendees) {
+  for (const std::string_view name : roomNames(attendees)) {
+    if (!holds(text, name)) continue;
+    text = without(text, std::string(name).append(";"));
     text = without(text, name);
   }
   return text;

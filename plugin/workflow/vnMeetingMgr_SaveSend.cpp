@@ -287,7 +287,7 @@ void vnMeetingMgr::updateVnMeetingInfoToAppointmentForDelete(const HostObject& e
   if (!shown && event) shown = event->location();
   std::string location = shown.value_or("");
   for (const std::string& url : meetingDataMgr_->usedJoinUrlsList()) {
-    const std::size_t at = url.empty() ? std::string::npos : location.find(url);
+    const std::size_t at = findText(location, url);
     if (at == std::string::npos) continue;
     // Everything behind a URL is lost here, and so is every separator that remains.
     location = replacingAll(std::string_view(location).substr(0, at), "; ", "");

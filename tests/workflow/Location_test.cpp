@@ -69,6 +69,19 @@ TEST_F(Location, TheUsersOwnTextIsFoundInEveryOrderOfTheParts) {
   }
 }
 
+TEST_F(Location, RoomsWhoseNamesBeginAlikeLeaveNothingBehind) {
+  FakeWindow window(test);
+  window.invite("Room 1", 2);
+  window.invite("Room 10", 2);
+  window.showLocation("Castle");
+  writeBack(window, kOpen);
+  const std::string once = shown(window);
+  EXPECT_EQ(once, std::string("Castle; Room 1; Room 10; ") + kOpen);
+  EXPECT_EQ(own(window), "Castle");
+  writeBack(window, kOpen);
+  EXPECT_EQ(shown(window), once);
+}
+
 TEST_F(Location, TheUsersOwnTextIsWhatNobodyElsePutThere) {
   FakeWindow window(test);
   window.invite("Room 7", 2);
