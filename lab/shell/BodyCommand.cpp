@@ -46,14 +46,17 @@ Value parametersOf(const BodyOptions& options, const std::string& body) {
 void printAsJson(const BodyOptions& options, const std::string& body, const Value& answer) {
   const Value& result = answer["result"];
   const auto size = [](const std::string& text) { return static_cast<std::int64_t>(text.size()); };
-  const Value object =
-      Value::dictionaryFromPairs({{"operation", options.operation},
-                                  {"changed", result.isText() && result.text() != body},
-                                  {"bytesBefore", size(body)},
-                                  {"bytesAfter", result.isText() ? Value(size(result.text())) : Value(nullptr)},
-                                  {"bookmarks", answer["bookmarks"]},
-                                  {"reason", answer["reason"]},
-                                  {"text", result.isText() ? Value(asUtf8(result.text())) : Value(nullptr)}});
+  Value object = Value::dictionaryFromPairs({{"operation", options.operation},
+                                             {"changed", result.isText() && result.text() != body},
+                                             {"bytesBefore", size(body)},
+                                             {"bytesAfter", nullptr},
+                                             {"bookmarks", answer["bookmarks"]},
+                                             {"reason", answer["reason"]},
+                                             {"text", nullptr}});
+  if (result.isText()) {
+    object.set("bytesAfter", size(result.text()));
+    object.set("text", asUtf8(result.text()));
+  }
   std::printf("%s\n", vorn::vStringUtils::toJSONString(object).value_or("{}").c_str());
 }
 

@@ -72,10 +72,12 @@ Value Diagnosis::body(const Value& parameters) {
   const BookmarkForm form = vnBodyHelper::bookmarkForm(*body);
   // A removal makes do with an end whose begin was lost.
   const bool isEndAlone = operation == "remove" && form == BookmarkForm::none && result;
-  return Value::dictionaryFromPairs(
-      {{"result", result ? Value(*result) : Value(nullptr)},
-       {"bookmarks", std::string(isEndAlone ? "unquoted end" : nameOf(form))},
-       {"reason", std::string(result ? "" : reasonOf(operation, *body, parameters))}});
+  Value answer =
+      Value::dictionaryFromPairs({{"result", nullptr},
+                                  {"bookmarks", std::string(isEndAlone ? "unquoted end" : nameOf(form))},
+                                  {"reason", std::string(result ? "" : reasonOf(operation, *body, parameters))}});
+  if (result) answer.set("result", *result);
+  return answer;
 }
 
 }  // namespace vorn

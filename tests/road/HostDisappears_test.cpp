@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/road/world/RoadWorld.h"
+
+// The host's objects belong to the host, which may drop any of them while an answer is still on its way. What they
+// were asked for is then nothing to anybody; the next appointment goes its way as if nothing had been.
+
+namespace vorn {
+namespace {
+
+using EditorId = RoadWorld::EditorId;
+
+std::string twoAppointments() {
+  const std::string end = "END:VCALENDAR\r\n";
+  std::string calendar = calendarWith("SUMMARY:Review\r\nLOCATION:Castle\r\n");
+  calendar.resize(calendar.size() - end.size());
+  return calendar +
+         "BEGIN:VEVENT\r\nUID:two\r\nDTSTAMP:20261101T080000Z\r\nDTSTART:20261124T090000Z\r\n"
+         "DTEND:20261124T100000Z\r\nSUMMARY:Planning\r\nEND:VEVENT\r\n" +
+         end;
+}
+
+struct HostPart {
+  const char* name;
+  HostObject (vornlab::OutlookHost::*of)(EditorId) const;
+};
+
+constexpr HostPart kParts[] = {
+    {"event", &vornlab::OutlookHost::event},
+    {"editor", &vornlab::OutlookHost::viewController},
+    {"window controller", &vornlab::OutlookHost::windowController},
+    {"window", &vornlab::OutlookHost::window},
+    {"header", &vornlab::OutlookHost::headerView},
+    {"bar", &vornlab::OutlookHost::barView},
+};
+
+struct Act {
+  const char* name;
+  bool needsMeeting;
+  // Requests that it makes, and so moments at which the host may drop something.
+  std::size_t requests;
+  void (RoadWorld::*perform)(EditorId);
+};
+
+constexpr Act kActs[] = {
+    {"add", false, 4, &RoadWorld::clickAdd},
+    {"save", true, 3, &RoadWorld::saveAndClose},
+    {"cancel", true, 1, &RoadWorld::clickCancel},
+};
+
+// True when a fresh appointment can still be given a meeting.
+bool goesOn(RoadWorld& world) {
+  world.client->heal();
+  const EditorId editor = world.openEditor("two");
+  world.clickAdd(editor);
+  world.saveAndClose(editor);
+  return !world.record("two")["meetingKey"].text().empty();
+}
+
+class HostDisappears : public testing::TestWithParam<Act> {};
+
+TEST_P(HostDisappears, AndTheNextAppointmentGoesItsWay) {
+  const Act& act = GetParam();
+  for (const HostPart& part : kParts) {
+    for (std::size_t moment = 0; moment <= act.requests; ++moment) {
+      SCOPED_TRACE(std::string(act.name) + " without its " + part.name + " at request " + std::to_string(moment));
+      RoadWorld world(twoAppointments());
+      EditorId editor = world.openEditor("one");
+      if (act.needsMeeting) {
+        world.clickAdd(editor);
+        world.saveAndClose(editor);
+        editor = world.openEditor("one");
+        world.host.typeSubject(editor, "Review, renamed");
+      }
+      const HostObject dropped = (world.host.*part.of)(editor);
+      ASSERT_TRUE(dropped);
+      bool isDropped = false;
+      const auto drop = [&] {
+        isDropped = true;
+        world.test.classRuntime.destroy(dropped);
+      };
+      if (moment == 0) {
+        drop();
+      } else {
+        InProcessClient::Fault fault;
+        fault.meanwhile = drop;
+        world.client->failAt(moment, fault);
+      }
+      (world.*act.perform)(editor);
+      EXPECT_TRUE(isDropped);
+      EXPECT_TRUE(goesOn(world));
+      // A progress sheet whose window has gone ends with its own time.
+      world.settle(60);
+      EXPECT_FALSE(world.test.presenter.showsProgress());
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Acts, HostDisappears, testing::ValuesIn(kActs),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace vorn
