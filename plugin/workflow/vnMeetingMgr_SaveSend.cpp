@@ -278,7 +278,11 @@ void vnMeetingMgr::updateVnMeetingInfoToAppointmentForDelete(const HostObject& e
   // A delete on the calendar has no editor to write into, and must leave nothing for the next appointment that is
   // stored.
   if (!proxy.isValidConnection()) return;
-  emailBodyMgr_->updateMailBody(editor, response[vn_API_Para_InvitationEmail].optionalText(), true, false);
+  // Where no bookmarks are found, nothing is left of a body. One that has not got its invitation yet has none, and
+  // keeps what the user wrote.
+  if (!firstInvitationIsDue_) {
+    emailBodyMgr_->updateMailBody(editor, response[vn_API_Para_InvitationEmail].optionalText(), true, false);
+  }
   // The empty text clears the stored record.
   proxy.saveVnDataToOLProperty("");
 

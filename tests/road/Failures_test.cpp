@@ -399,6 +399,22 @@ TEST(CommandsThatOvertakeOneAnother, LeaveNothingByHalves) {
   }
 }
 
+// There is no invitation to take out yet, and what is not found must not cost the rest.
+TEST(CommandsThatOvertakeOneAnother, ACancelBeforeTheInvitationHasComeKeepsTheBody) {
+  RoadWorld world(calendarWith(kPlain));
+  const EditorId editor = world.openEditor("one");
+  Fault unanswered;
+  unanswered.times = 0;
+  world.client->failAt(4, unanswered);
+  world.clickAdd(editor);
+  ASSERT_TRUE(world.showsMeeting(editor));
+  world.clickCancel(editor);
+  EXPECT_TRUE(world.offersAdd(editor));
+  EXPECT_THAT(world.host.body(editor), HasSubstr("Bring the figures."));
+  world.saveAndClose(editor);
+  EXPECT_THAT(world.store.find("one")->description().value_or(""), HasSubstr("Bring the figures."));
+}
+
 // A commit holds what stood in the editor when it went out.
 TEST(CommandsThatOvertakeOneAnother, LeaveWhatWasTypedMeanwhileToTheNextSave) {
   Scene scene(kOperations[1]);

@@ -108,8 +108,8 @@ void ScenarioReport::tellSummary(double seconds) const {
                             {"failed", failed_},
                             {"seconds", std::round(seconds * 1000) / 1000}}}});
   }
-  std::printf("\n%zu scenarios: %zu passed, %zu failed; %.1f seconds\n", played_, played_ - failed_, failed_,
-              seconds);
+  std::printf("\n%zu %s: %zu passed, %zu failed; %.1f seconds\n", played_, played_ == 1 ? "scenario" : "scenarios",
+              played_ - failed_, failed_, seconds);
 }
 
 }  // namespace vornlab
