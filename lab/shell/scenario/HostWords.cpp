@@ -220,25 +220,30 @@ StageStep deleteAppointment(LineReader& line) {
   });
 }
 
+StageStep inStored(std::function<void(CalendarEvent&)> change) {
+  return [change = std::move(change)](Stage& stage) {
+    auto event = stage.stored();
+    if (!event) throw Mismatch("a stored appointment", "none");
+    change(*event);
+  };
+}
+
 // What another program does to the stored appointment.
 StageStep record(LineReader& line) {
   if (line.take("removed")) {
-    return [](Stage& stage) {
-      if (auto event = stage.stored()) event->setOlmUCInband(""), event->setOlmUCCapabilities("");
-    };
+    return inStored([](CalendarEvent& event) {
+      event.setOlmUCInband("");
+      event.setOlmUCCapabilities("");
+    });
   }
   if (line.take("moved")) {
-    return [](Stage& stage) {
-      auto event = stage.stored();
-      if (!event) throw Mismatch("a stored appointment", "none");
-      event->setOlmUCCapabilities(event->olmUCInband().value_or(""));
-      event->setOlmUCInband("");
-    };
+    return inStored([](CalendarEvent& event) {
+      event.setOlmUCCapabilities(event.olmUCInband().value_or(""));
+      event.setOlmUCInband("");
+    });
   }
   line.need("text");
-  return [text = line.quoted()](Stage& stage) {
-    if (auto event = stage.stored()) event->setOlmUCInband(text);
-  };
+  return inStored([text = line.quoted()](CalendarEvent& event) { event.setOlmUCInband(text); });
 }
 
 StageStep reopen(LineReader& line) {
