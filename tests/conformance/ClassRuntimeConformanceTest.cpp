@@ -48,13 +48,13 @@ class ClassRuntimeConformance : public testing::Test {
   }
   // A replacement that puts a word in front of the host's name.
   Implementation hookedName(const char* added) {
-    return [this, added](const HostObject& self, const Arguments& arguments) {
+    return [this, added = std::move(added)](const HostObject& self, const Arguments& arguments) {
       return Value("hooked " + runtime.send(self, added, arguments).text());
     };
   }
   // A replacement that forwards.
-  Implementation forwarding(const char* added) {
-    return [this, added](const HostObject& self, const Arguments& arguments) {
+  Implementation forwarding(std::string added) {
+    return [this, added = std::move(added)](const HostObject& self, const Arguments& arguments) {
       seen = arguments;
       return runtime.send(self, added, arguments);
     };
