@@ -70,5 +70,5 @@ check_asan() {
 # the socket. Everything else runs on one thread, where this sanitizer has nothing to see.
 check_tsan() {
   build tsan vornlab vornclient vOutlookPlugin test_transport test_platform test_road test_shell
-  ctest --preset tsan --parallel 2 --tests-regex '^(transport|platform|road|shell|scenario)\.'
+  ctest --preset tsan --parallel 2 --tests-regex '^(transport|platform|road|shell)\.'
 }
