@@ -7,9 +7,8 @@
 #include <vector>
 
 #include "lab/objc/ObjcLab.h"
-#include "lab/shell/HooksCommand.h"
+#include "lab/shell/AskingCommands.h"
 #include "lab/shell/HostRuntime.h"
-#include "lab/shell/InspectCommand.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/MeetCommand.h"
@@ -66,36 +65,6 @@ CLI::App* addMeet(CLI::App& program, MeetOptions& options) {
   return command;
 }
 
-// A command that only asks needs no client.
-void askOnly(CLI::App& command, LabOptions& lab, ReportForm& form) {
-  lab.withoutClient = true;
-  lab.panelIsOff = false;
-  command.add_flag_callback(
-      "--json", [&form] { form = ReportForm::json; }, "one JSON object");
-}
-
-CLI::App* addHooks(CLI::App& program, HooksOptions& options) {
-  CLI::App* command = program.add_subcommand("hooks", "tell what is hooked in the stand-in host, row by row");
-  askOnly(*command, options.lab, options.form);
-  return command;
-}
-
-CLI::App* addInspect(CLI::App& program, InspectOptions& options) {
-  CLI::App* command =
-      program.add_subcommand("inspect", "tell what the plug-in sees in each appointment of a file");
-  command->add_option("IN", options.input, "the calendar file")->required();
-  command->add_option("--uid", options.uids, "one appointment; may be repeated");
-  command->add_option("--me", options.me, "the address of the calendar's owner");
-  askOnly(*command, options.lab, options.form);
-  return command;
-}
-
-bool isCommand(const CLI::App& program, const std::string& word) {
-  const auto commands = program.get_subcommands(nullptr);
-  return std::any_of(commands.begin(), commands.end(),
-                     [&](const CLI::App* command) { return command->get_name() == word; });
-}
-
 // Makes a world for the time of the work, which is the second run of this program.
 template <typename Work>
 ExitCode inOwnWorld(char** argv, LabOptions& lab, const Work& work) {
@@ -126,7 +95,7 @@ ExitCode run(int argc, char** argv) {
   const CLI::App* meetCommand = addMeet(program, meetOptions);
   const CLI::App* hooksCommand = addHooks(program, hooksOptions);
   addInspect(program, inspectOptions);
-  if (!words.empty() && !words.front().starts_with('-') && !isCommand(program, words.front())) {
+  if (!words.empty() && !words.front().starts_with('-') && !hasCommand(program, words.front())) {
     throw UsageError("there is no command \"" + words.front() +
                      "\" with --runtime objc; hooks, inspect and meet are");
   }

@@ -5,12 +5,11 @@
 #include <string>
 
 #include "lab/shell/AccountCommand.h"
+#include "lab/shell/AskingCommands.h"
 #include "lab/shell/BodyCommand.h"
 #include "lab/shell/DemoCommand.h"
 #include "lab/shell/DoctorCommand.h"
-#include "lab/shell/HooksCommand.h"
 #include "lab/shell/HostRuntime.h"
-#include "lab/shell/InspectCommand.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/MeetCommand.h"
 #include "lab/shell/PlayCommand.h"
@@ -124,24 +123,6 @@ CLI::App* addAccountCommand(CLI::App& account, const char* name, const char* wha
   return command;
 }
 
-CLI::App* addHooks(CLI::App& program, HooksOptions& options) {
-  CLI::App* command = program.add_subcommand("hooks", "tell what is hooked in the stand-in host, row by row");
-  options.lab.withoutClient = true;
-  askOnly(*command, options.lab, options.form);
-  return command;
-}
-
-CLI::App* addInspect(CLI::App& program, InspectOptions& options) {
-  CLI::App* command =
-      program.add_subcommand("inspect", "tell what the plug-in sees in each appointment of a file");
-  command->add_option("IN", options.input, "the calendar file")->required();
-  command->add_option("--uid", options.uids, "one appointment; may be repeated");
-  command->add_option("--me", options.me, "the address of the calendar's owner");
-  options.lab.withoutClient = true;
-  askOnly(*command, options.lab, options.form);
-  return command;
-}
-
 CLI::App* addPlay(CLI::App& program, PlayOptions& options) {
   CLI::App* command = program.add_subcommand("play", "play scenarios; the word itself may be left out");
   command->add_option("FILE", options.files, "scenarios, each named ....vorn; see docs/scenarios.md")
@@ -185,12 +166,6 @@ CLI::App* addBody(CLI::App& program, BodyOptions& options) {
   return command;
 }
 
-bool hasCommand(const CLI::App& program, const std::string& name) {
-  const auto commands = program.get_subcommands(nullptr);
-  return std::any_of(commands.begin(), commands.end(),
-                     [&](const CLI::App* command) { return command->get_name() == name; });
-}
-
 int run(int argc, char** argv) {
   LabOptions lab;
   lab.programs = ownFolder();
@@ -218,9 +193,11 @@ int run(int argc, char** argv) {
   const CLI::App* meet = addMeet(program, meetOptions);
   const CLI::App* demo = addDemo(program, demoOptions);
   const CLI::App* doctor = addDoctor(program, doctorOptions);
-  const CLI::App* hooks = addHooks(program, hooksOptions);
+  CLI::App* hooks = addHooks(program, hooksOptions);
+  addLabOptions(*hooks, hooksOptions.lab);
   const CLI::App* play = addPlay(program, playOptions);
-  const CLI::App* inspect = addInspect(program, inspectOptions);
+  CLI::App* inspect = addInspect(program, inspectOptions);
+  addLabOptions(*inspect, inspectOptions.lab);
   const CLI::App* body = addBody(program, bodyOptions);
   CLI::App* account = program.add_subcommand("account", "tell what the plug-in understands of an account");
   account->require_subcommand(1);
@@ -235,7 +212,8 @@ int run(int argc, char** argv) {
   if (!arguments.empty() && vornlab::isScenarioFile(arguments.front())) {
     arguments.insert(arguments.begin(), "play");
   }
-  if (!arguments.empty() && !arguments.front().starts_with('-') && !hasCommand(program, arguments.front())) {
+  if (!arguments.empty() && !arguments.front().starts_with('-') &&
+      !vornlab::hasCommand(program, arguments.front())) {
     std::fprintf(stderr, "vornlab: there is no command \"%s\"; vornlab --help lists them\n",
                  arguments.front().c_str());
     return static_cast<int>(ExitCode::badUsage);

@@ -22,13 +22,12 @@ namespace vorn {
 //   "hooks"      none             a group for each class of the host, a row for each selector, with how its hook
 //                                 fared; "rows" and "standing": how many there are and how many of them stand
 //   "appointment"  "event"        groups: what is seen in the host's event, and where its meeting's key comes from
-//   "window"     "editor"         of the host's editor: "hasBar"; the last command as "action" and "actionName",
-//   what
-//                                 the manager waits for as "state" and "stateName"; "key", the meeting's number or
-//                                 ""; "hostAction", the host's operation that waits; "actionResult"; and flags:
+//   "window"     "editor"         of the host's editor: "hasBar"; "action" and "actionName", the last command;
+//                                 "state" and "stateName", what the manager waits for; "key", the meeting's number
+//                                 or ""; "hostAction", the host's operation that waits; "actionResult"; and flags:
 //                                 "fromFieldChanged", "supported", "updateIsForced", "dragIsUnderWay",
-//                                 "openedFromClient". Without a bar the shared manager answers,
-//                                 as for any window that is not known
+//                                 "openedFromClient". Without a bar the shared manager answers, as for any
+//                                 window that is not known
 //   "body"       "operation"      "result": what "insert", "update", "remove" or "text" makes of "body", which is
 //                                 given back uncovered; null when it gives nothing, for "reason". "bookmarks":
 //                                 the form that was found. Further parameters of the first two: "invitation",
