@@ -20,9 +20,9 @@ class DiskWorld {
  public:
   explicit DiskWorld(const std::string& clientVersion) {
     namespace fs = std::filesystem;
-    fs::create_directories(root_ / "Documents/VornOutlookPlugin");
-    fs::create_directories(root_ / "Resources");
-    const fs::path contents = root_ / "SystemApplications/vornclient.app/Contents";
+    fs::create_directories(m_root / "Documents/VornOutlookPlugin");
+    fs::create_directories(m_root / "Resources");
+    const fs::path contents = m_root / "SystemApplications/vornclient.app/Contents";
     fs::create_directories(contents / "MacOS");
     vorn::writePropertyList(vorn::Value::dictionaryFromPairs({{"CFBundleIdentifier", vorn::kVornusIdentify},
                                                               {"CFBundleExecutable", "vornclient"},
@@ -30,23 +30,23 @@ class DiskWorld {
                                                               {"CFBundleVersion", clientVersion}}),
                             contents / "Info.plist");
     vorn::Platform platform;
-    platform.runLoop = &runLoop_;
-    platform.notificationCenter = &center_;
-    platform.classRuntime = &runtime_;
-    platform.userDefaults = &defaults_;
-    platform.workspace = &workspace_;
-    platform.surroundings = &surroundings_;
+    platform.runLoop = &m_runLoop;
+    platform.notificationCenter = &m_center;
+    platform.classRuntime = &m_runtime;
+    platform.userDefaults = &m_defaults;
+    platform.workspace = &m_workspace;
+    platform.surroundings = &m_surroundings;
     vorn::Registry::install(platform);
   }
   ~DiskWorld() {
     vorn::Registry::reset();
     std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
+    std::filesystem::remove_all(m_root, ignored);
   }
   DiskWorld(const DiskWorld&) = delete;
   DiskWorld& operator=(const DiskWorld&) = delete;
 
-  std::string path(const std::string& name) const { return root_ / name; }
+  std::string path(const std::string& name) const { return m_root / name; }
 
  private:
   static std::filesystem::path makeRoot() {
@@ -55,17 +55,17 @@ class DiskWorld {
   }
   vorn::EmbeddedSurroundings::Options options() const {
     vorn::EmbeddedSurroundings::Options options;
-    options.home = root_;
+    options.home = m_root;
     options.applications = path("SystemApplications");
     options.resources = path("Resources");
     return options;
   }
 
-  std::filesystem::path root_ = makeRoot();
-  vorn::VirtualRunLoop runLoop_;
-  vorn::NotificationCenter center_;
-  vorn::EmbeddedClassRuntime runtime_;
-  vorn::EmbeddedUserDefaults defaults_{path("Library/Preferences"), "com.microsoft.Outlook"};
-  vorn::EmbeddedWorkspace workspace_{root_, {path("SystemApplications")}};
-  vorn::EmbeddedSurroundings surroundings_{options()};
+  std::filesystem::path m_root = makeRoot();
+  vorn::VirtualRunLoop m_runLoop;
+  vorn::NotificationCenter m_center;
+  vorn::EmbeddedClassRuntime m_runtime;
+  vorn::EmbeddedUserDefaults m_defaults{path("Library/Preferences"), "com.microsoft.Outlook"};
+  vorn::EmbeddedWorkspace m_workspace{m_root, {path("SystemApplications")}};
+  vorn::EmbeddedSurroundings m_surroundings{options()};
 };

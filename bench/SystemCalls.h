@@ -20,16 +20,16 @@ class SystemCalls {
   static long of(const std::function<void()>& work) {
     SystemCalls calls;
     std::thread worker([&] {
-      calls.listener_ = reportThisThread();
-      if (calls.listener_ < 0) return;
-      const long before = calls.count_;
+      calls.m_listener = reportThisThread();
+      if (calls.m_listener < 0) return;
+      const long before = calls.m_count;
       work();
-      calls.made_ = calls.count_ - before;
+      calls.m_made = calls.m_count - before;
     });
-    while (calls.listener_ == kNotYet) std::this_thread::yield();
-    if (calls.listener_ >= 0) calls.countUntilTheThreadEnds();
+    while (calls.m_listener == kNotYet) std::this_thread::yield();
+    if (calls.m_listener >= 0) calls.countUntilTheThreadEnds();
     worker.join();
-    return calls.made_;
+    return calls.m_made;
   }
 
  private:
@@ -45,21 +45,21 @@ class SystemCalls {
 
   void countUntilTheThreadEnds() {
     for (;;) {
-      pollfd reports{listener_, POLLIN, 0};
+      pollfd reports{m_listener, POLLIN, 0};
       ::poll(&reports, 1, -1);
       if (!(reports.revents & POLLIN)) break;
       seccomp_notif call{};
-      if (::ioctl(listener_, SECCOMP_IOCTL_NOTIF_RECV, &call) != 0) continue;
-      ++count_;
+      if (::ioctl(m_listener, SECCOMP_IOCTL_NOTIF_RECV, &call) != 0) continue;
+      ++m_count;
       seccomp_notif_resp goOn{};
       goOn.id = call.id;
       goOn.flags = SECCOMP_USER_NOTIF_FLAG_CONTINUE;
-      ::ioctl(listener_, SECCOMP_IOCTL_NOTIF_SEND, &goOn);
+      ::ioctl(m_listener, SECCOMP_IOCTL_NOTIF_SEND, &goOn);
     }
-    ::close(listener_);
+    ::close(m_listener);
   }
 
-  std::atomic<int> listener_{kNotYet};
-  std::atomic<long> count_{0};
-  long made_ = -1;
+  std::atomic<int> m_listener{kNotYet};
+  std::atomic<long> m_count{0};
+  long m_made = -1;
 };

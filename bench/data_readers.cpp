@@ -57,27 +57,27 @@ class BareSurroundings final : public Surroundings {
   Version systemVersion() override { return {10, 15, 0}; }
   std::vector<std::string> preferredLanguages() override { return {"en-US"}; }
   double currentTime() override { return 0; }
-  std::uint32_t random32() override { return number_ += 0x9E3779B9; }
+  std::uint32_t random32() override { return m_number += 0x9E3779B9; }
 
  private:
-  std::uint32_t number_ = 1;
+  std::uint32_t m_number = 1;
 };
 
 class World {
  public:
   World() {
     Platform platform;
-    platform.userDefaults = &defaults_;
-    platform.workspace = &workspace_;
-    platform.surroundings = &surroundings_;
+    platform.userDefaults = &m_defaults;
+    platform.workspace = &m_workspace;
+    platform.surroundings = &m_surroundings;
     Registry::install(platform);
   }
   ~World() { Registry::reset(); }
 
  private:
-  NoDefaults defaults_;
-  NoWorkspace workspace_;
-  BareSurroundings surroundings_;
+  NoDefaults m_defaults;
+  NoWorkspace m_workspace;
+  BareSurroundings m_surroundings;
 };
 
 template <typename Fields>

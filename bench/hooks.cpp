@@ -25,40 +25,40 @@ namespace {
 class EmbeddedHost final : public HookedHost {
  public:
   EmbeddedHost() {
-    runtime_.defineClass("ECCalendarEvent");
+    m_runtime.defineClass("ECCalendarEvent");
     for (const char* selector : {"isOccurrence", "hookedIsOccurrence"})
       method(selector, [](const HostObject&, const Arguments&) { return Value(true); });
     for (const char* selector : {"olmUCInband", "hookedOlmUCInband"})
-      method(selector, [this](const HostObject&, const Arguments&) { return record_; });
+      method(selector, [this](const HostObject&, const Arguments&) { return m_record; });
     for (const char* selector : {"setOlmUCInband:", "setHookedOlmUCInband:"}) {
       method(selector, [this](const HostObject&, const Arguments& given) {
-        record_ = given.at(0);
+        m_record = given.at(0);
         return Value();
       });
     }
-    event_ = runtime_.create("ECCalendarEvent");
+    m_event = m_runtime.create("ECCalendarEvent");
   }
 
-  ClassRuntime& runtime() override { return runtime_; }
-  HostObject event() override { return event_; }
+  ClassRuntime& runtime() override { return m_runtime; }
+  HostObject event() override { return m_event; }
   void readFlag(bool hooked) override {
-    runtime_.send(event_, hooked ? "hookedIsOccurrence" : "isOccurrence", {});
+    m_runtime.send(m_event, hooked ? "hookedIsOccurrence" : "isOccurrence", {});
   }
   void readRecord(bool hooked) override {
-    runtime_.send(event_, hooked ? "hookedOlmUCInband" : "olmUCInband", {});
+    m_runtime.send(m_event, hooked ? "hookedOlmUCInband" : "olmUCInband", {});
   }
   void writeRecord(bool hooked) override {
-    runtime_.send(event_, hooked ? "setHookedOlmUCInband:" : "setOlmUCInband:", {record_});
+    m_runtime.send(m_event, hooked ? "setHookedOlmUCInband:" : "setOlmUCInband:", {m_record});
   }
 
  private:
   void method(const char* selector, Implementation implementation) {
-    runtime_.setInstanceMethod("ECCalendarEvent", selector, std::move(implementation));
+    m_runtime.setInstanceMethod("ECCalendarEvent", selector, std::move(implementation));
   }
 
-  EmbeddedClassRuntime runtime_;
-  HostObject event_;
-  Value record_ = record();
+  EmbeddedClassRuntime m_runtime;
+  HostObject m_event;
+  Value m_record = record();
 };
 
 HookedHost& embeddedHost() {
@@ -149,10 +149,10 @@ class PlainEvent {
 class KnownEvent final : public PlainEvent {
  public:
   Value isOccurrence() const override { return true; }
-  Value olmUCInband() const override { return record_; }
+  Value olmUCInband() const override { return m_record; }
 
  private:
-  Value record_ = HookedHost::record();
+  Value m_record = HookedHost::record();
 };
 
 PlainEvent& plainEvent() {

@@ -20,16 +20,16 @@ namespace {
 class ScanFromTheStart {
  public:
   std::optional<std::string> feed(std::string_view bytes) {
-    text_.append(bytes);
-    if (text_.find(vorn::TAG_MSG_HEAD_CONTENT) == std::string::npos ||
-        text_.find(vorn::TAG_MSG_TAIL_CONTENT) == std::string::npos || text_.back() != '}') {
+    m_text.append(bytes);
+    if (m_text.find(vorn::TAG_MSG_HEAD_CONTENT) == std::string::npos ||
+        m_text.find(vorn::TAG_MSG_TAIL_CONTENT) == std::string::npos || m_text.back() != '}') {
       return std::nullopt;
     }
-    return std::exchange(text_, {});
+    return std::exchange(m_text, {});
   }
 
  private:
-  std::string text_;
+  std::string m_text;
 };
 
 // The tag that comes last is the one that a scan looks for in vain until then. The content has the quotes of the

@@ -25,43 +25,43 @@ inline void check(bool holds, const char* what) {
 // The input, taken apart from its front.
 class Input {
  public:
-  Input(const std::uint8_t* data, std::size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
+  Input(const std::uint8_t* data, std::size_t size) : m_rest(reinterpret_cast<const char*>(data), size) {}
 
-  bool isEmpty() const { return rest_.empty(); }
+  bool isEmpty() const { return m_rest.empty(); }
   // 0 behind the end.
-  std::uint8_t byte() { return rest_.empty() ? 0 : static_cast<std::uint8_t>(take(1)[0]); }
+  std::uint8_t byte() { return m_rest.empty() ? 0 : static_cast<std::uint8_t>(take(1)[0]); }
   // At most that many bytes.
   std::string_view take(std::size_t size) {
-    const std::string_view taken = rest_.substr(0, size);
-    rest_.remove_prefix(taken.size());
+    const std::string_view taken = m_rest.substr(0, size);
+    m_rest.remove_prefix(taken.size());
     return taken;
   }
   // Up to the next byte 0xFF, which belongs to neither part and to no text.
   std::string_view part() {
-    const std::string_view taken = take(std::min(rest_.find('\xFF'), rest_.size()));
+    const std::string_view taken = take(std::min(m_rest.find('\xFF'), m_rest.size()));
     take(1);
     return taken;
   }
-  std::string_view rest() const { return rest_; }
+  std::string_view rest() const { return m_rest; }
 
  private:
-  std::string_view rest_;
+  std::string_view m_rest;
 };
 
 // A file name for this process, removed at its end.
 class TemporaryFile {
  public:
-  TemporaryFile() : path_(std::filesystem::temp_directory_path() / ("fuzz-" + std::to_string(::getpid()))) {}
+  TemporaryFile() : m_path(std::filesystem::temp_directory_path() / ("fuzz-" + std::to_string(::getpid()))) {}
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile() {
     std::error_code ignored;
-    std::filesystem::remove(path_, ignored);
+    std::filesystem::remove(m_path, ignored);
   }
-  std::string path() const { return path_.string(); }
+  std::string path() const { return m_path.string(); }
 
  private:
-  std::filesystem::path path_;
+  std::filesystem::path m_path;
 };
 
 }  // namespace vorn::fuzzing

@@ -9,19 +9,19 @@ namespace {
 
 class OneTable final : public vorn::Surroundings {
  public:
-  explicit OneTable(std::string table) : table_(std::move(table)) {}
+  explicit OneTable(std::string table) : m_table(std::move(table)) {}
   std::string homeDirectory() override { return "/"; }
   std::string documentsDirectory() override { return "/"; }
   std::string applicationsDirectory() override { return "/"; }
   std::string userApplicationsDirectory() override { return "/"; }
-  std::optional<std::string> resource(std::string_view, std::string_view) override { return table_; }
+  std::optional<std::string> resource(std::string_view, std::string_view) override { return m_table; }
   Version systemVersion() override { return {}; }
   std::vector<std::string> preferredLanguages() override { return {"en"}; }
   double currentTime() override { return 0; }
   std::uint32_t random32() override { return 0; }
 
  private:
-  std::string table_;
+  std::string m_table;
 };
 
 }  // namespace

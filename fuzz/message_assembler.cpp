@@ -18,15 +18,15 @@ class PlainReader {
   std::optional<std::string> feed(std::string_view bytes) {
     const std::string_view chunk = bytes.substr(0, bytes.find('\0'));
     if (chunk.empty() || !vorn::isValidUtf8(chunk)) return std::nullopt;
-    text_ += chunk;
-    const bool isWhole = text_.find(vorn::TAG_MSG_HEAD_CONTENT) != std::string::npos &&
-                         text_.find(vorn::TAG_MSG_TAIL_CONTENT) != std::string::npos && text_.back() == '}';
-    return isWhole ? std::optional(std::exchange(text_, {})) : std::nullopt;
+    m_text += chunk;
+    const bool isWhole = m_text.find(vorn::TAG_MSG_HEAD_CONTENT) != std::string::npos &&
+                         m_text.find(vorn::TAG_MSG_TAIL_CONTENT) != std::string::npos && m_text.back() == '}';
+    return isWhole ? std::optional(std::exchange(m_text, {})) : std::nullopt;
   }
-  std::size_t pending() const { return text_.size(); }
+  std::size_t pending() const { return m_text.size(); }
 
  private:
-  std::string text_;
+  std::string m_text;
 };
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include "platform/apple/Conversions.h"
 
 @interface ECCalendarEvent : NSObject {
-  NSString* record_;
+  NSString* m_record;
 }
 - (BOOL)isOccurrence;
 - (BOOL)hookedIsOccurrence;
@@ -26,23 +26,23 @@
   return YES;
 }
 - (NSString*)olmUCInband {
-  return record_;
+  return m_record;
 }
 - (NSString*)hookedOlmUCInband {
-  return record_;
+  return m_record;
 }
 - (void)setOlmUCInband:(NSString*)record {
   [record retain];
-  [record_ release];
-  record_ = record;
+  [m_record release];
+  m_record = record;
 }
 - (void)setHookedOlmUCInband:(NSString*)record {
   [record retain];
-  [record_ release];
-  record_ = record;
+  [m_record release];
+  m_record = record;
 }
 - (void)dealloc {
-  [record_ release];
+  [m_record release];
   [super dealloc];
 }
 @end
@@ -51,46 +51,46 @@ namespace {
 
 class ObjectiveCHost final : public HookedHost {
  public:
-  ObjectiveCHost() { [event_ setOlmUCInband:record_]; }
+  ObjectiveCHost() { [m_event setOlmUCInband:m_record]; }
   ~ObjectiveCHost() override {
-    [event_ release];
-    [record_ release];
-    [pool_ drain];
+    [m_event release];
+    [m_record release];
+    [m_pool drain];
   }
   ObjectiveCHost(const ObjectiveCHost&) = delete;
   ObjectiveCHost& operator=(const ObjectiveCHost&) = delete;
 
-  vorn::ClassRuntime& runtime() override { return runtime_; }
+  vorn::ClassRuntime& runtime() override { return m_runtime; }
   vorn::HostObject event() override {
-    return vorn::LiveObjects::instance().reference(event_, vorn::LiveObjects::Holding::never);
+    return vorn::LiveObjects::instance().reference(m_event, vorn::LiveObjects::Holding::never);
   }
-  void readFlag(bool hooked) override { hooked ? [event_ hookedIsOccurrence] : [event_ isOccurrence]; }
+  void readFlag(bool hooked) override { hooked ? [m_event hookedIsOccurrence] : [m_event isOccurrence]; }
   void readRecord(bool hooked) override {
     if (!hooked) {
-      [event_ olmUCInband];
+      [m_event olmUCInband];
       return;
     }
     // What the replacement answers ends with its caller's pool; a host empties that at each turn of its loop.
-    [event_ hookedOlmUCInband];
-    if (++answers_ % kAnswersAPool == 0) emptyPool();
+    [m_event hookedOlmUCInband];
+    if (++m_answers % kAnswersAPool == 0) emptyPool();
   }
   void writeRecord(bool hooked) override {
-    hooked ? [event_ setHookedOlmUCInband:record_] : [event_ setOlmUCInband:record_];
+    hooked ? [m_event setHookedOlmUCInband:m_record] : [m_event setOlmUCInband:m_record];
   }
 
  private:
   static constexpr int kAnswersAPool = 100;
 
   void emptyPool() {
-    [pool_ drain];
-    pool_ = [[NSAutoreleasePool alloc] init];
+    [m_pool drain];
+    m_pool = [[NSAutoreleasePool alloc] init];
   }
 
-  NSAutoreleasePool* pool_ = [[NSAutoreleasePool alloc] init];
-  NSString* record_ = [vorn::foundationText(record()) retain];
-  ECCalendarEvent* event_ = [[ECCalendarEvent alloc] init];
-  vorn::AppleClassRuntime runtime_;
-  int answers_ = 0;
+  NSAutoreleasePool* m_pool = [[NSAutoreleasePool alloc] init];
+  NSString* m_record = [vorn::foundationText(record()) retain];
+  ECCalendarEvent* m_event = [[ECCalendarEvent alloc] init];
+  vorn::AppleClassRuntime m_runtime;
+  int m_answers = 0;
 };
 
 }  // namespace

@@ -7,18 +7,18 @@
 namespace vornlab {
 
 AccountReader::AccountReader(const nlohmann::json& value, std::string path)
-    : value_(value), path_(std::move(path)) {
-  if (!value.is_object()) throw AccountError((path_.empty() ? "the account" : path_) + " must be an object");
+    : m_value(value), m_path(std::move(path)) {
+  if (!value.is_object()) throw AccountError((m_path.empty() ? "the account" : m_path) + " must be an object");
 }
 
 std::string AccountReader::pathOf(std::string_view name) const {
-  return path_.empty() ? std::string(name) : path_ + "." + std::string(name);
+  return m_path.empty() ? std::string(name) : m_path + "." + std::string(name);
 }
 
 const nlohmann::json* AccountReader::find(const std::string& name) {
-  asked_.insert(name);
-  const auto found = value_.find(name);
-  return found == value_.end() ? nullptr : &*found;
+  m_asked.insert(name);
+  const auto found = m_value.find(name);
+  return found == m_value.end() ? nullptr : &*found;
 }
 
 bool AccountReader::flag(const std::string& name, bool fallback) {
@@ -71,8 +71,8 @@ std::string AccountReader::digits(const std::string& name) {
 }
 
 void AccountReader::finish() const {
-  for (const auto& item : value_.items()) {
-    if (asked_.count(item.key()) == 0) throw AccountError("unknown key '" + pathOf(item.key()) + "'");
+  for (const auto& item : m_value.items()) {
+    if (m_asked.count(item.key()) == 0) throw AccountError("unknown key '" + pathOf(item.key()) + "'");
   }
 }
 

@@ -56,7 +56,7 @@ class AccountReader {
     return true;
   }
 
-  const nlohmann::json& value() const { return value_; }
+  const nlohmann::json& value() const { return m_value; }
   std::string pathOf(std::string_view name) const;
 
   // Throws when a member was not asked for.
@@ -65,9 +65,9 @@ class AccountReader {
  private:
   void expectArray(const nlohmann::json& value, const std::string& name) const;
 
-  const nlohmann::json& value_;
-  std::string path_;
-  std::set<std::string> asked_;
+  const nlohmann::json& m_value;
+  std::string m_path;
+  std::set<std::string> m_asked;
 };
 
 }  // namespace vornlab

@@ -42,22 +42,22 @@ constexpr std::array<std::string_view, 10> kOrdinals = {"first", "second",  "thi
 // Reads one faults file; knows the line that it stands on.
 class FaultParser {
  public:
-  explicit FaultParser(std::string name) : name_(std::move(name)) {}
+  explicit FaultParser(std::string name) : m_name(std::move(name)) {}
 
   FaultBook read(std::string_view text) {
     FaultBook book;
     std::istringstream lines{std::string(text)};
     for (std::string line; std::getline(lines, line);) {
-      ++line_;
+      ++m_line;
       const std::string rule = trimmed(line);
-      if (!rule.empty() && rule.front() != '#') book.rules_.push_back(readRule(rule));
+      if (!rule.empty() && rule.front() != '#') book.m_rules.push_back(readRule(rule));
     }
     return book;
   }
 
  private:
   [[noreturn]] void fail(const std::string& what) const {
-    throw FaultError(name_ + ":" + std::to_string(line_) + ": " + what);
+    throw FaultError(m_name + ":" + std::to_string(m_line) + ": " + what);
   }
 
   FaultBook::Rule readRule(const std::string& text) const {
@@ -196,8 +196,8 @@ class FaultParser {
     return fault;
   }
 
-  std::string name_;
-  std::size_t line_ = 0;
+  std::string m_name;
+  std::size_t m_line = 0;
 };
 
 FaultBook FaultBook::fromText(std::string_view text, const std::string& name) {
@@ -212,8 +212,8 @@ FaultBook FaultBook::fromFile(const std::string& path) {
   std::ostringstream text;
   text << file.rdbuf();
   FaultBook book = fromText(text.str(), path);
-  book.path_ = path;
-  book.state_ = *state;
+  book.m_path = path;
+  book.m_state = *state;
   return book;
 }
 
@@ -224,11 +224,11 @@ std::optional<FaultBook::FileState> FaultBook::stateOf(const std::string& path) 
 }
 
 void FaultBook::readAgainWhenChanged() {
-  const auto state = path_.empty() ? std::nullopt : stateOf(path_);
-  if (!state || *state == state_) return;
-  state_ = *state;
+  const auto state = m_path.empty() ? std::nullopt : stateOf(m_path);
+  if (!state || *state == m_state) return;
+  m_state = *state;
   try {
-    *this = fromFile(path_);
+    *this = fromFile(m_path);
   } catch (const FaultError& error) {
     std::cerr << "vornclient: the faults stay as they were: " << error.what() << std::endl;
   }
@@ -237,7 +237,7 @@ void FaultBook::readAgainWhenChanged() {
 std::vector<Fault> FaultBook::next(std::uint32_t requestAction, std::uint32_t operation) {
   readAgainWhenChanged();
   std::vector<Fault> faults;
-  for (auto& rule : rules_) {
+  for (auto& rule : m_rules) {
     if (rule.action && *rule.action != requestAction) continue;
     if (rule.operation && *rule.operation != operation) continue;
     ++rule.seen;

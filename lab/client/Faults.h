@@ -82,9 +82,9 @@ class FaultBook {
   static std::optional<FileState> stateOf(const std::string& path);
   void readAgainWhenChanged();
 
-  std::vector<Rule> rules_;
-  std::string path_;  // empty: no file is followed
-  FileState state_;
+  std::vector<Rule> m_rules;
+  std::string m_path;  // empty: no file is followed
+  FileState m_state;
 };
 
 // What goes out for one reply, and what becomes of the connection.

@@ -109,23 +109,23 @@ std::string maskedReply(const Envelope& reply) {
 
 Journal::Journal(const std::string& path) {
   if (path.empty()) return;
-  file_ = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
-  if (file_ < 0) throw std::runtime_error("the journal " + path + " cannot be opened: " + std::strerror(errno));
+  m_file = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
+  if (m_file < 0) throw std::runtime_error("the journal " + path + " cannot be opened: " + std::strerror(errno));
 }
 
 Journal::~Journal() {
-  if (file_ >= 0) ::close(file_);
+  if (m_file >= 0) ::close(m_file);
 }
 
 void Journal::note(std::string_view event, nlohmann::json members) {
-  if (file_ < 0) return;
-  const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start_;
+  if (m_file < 0) return;
+  const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - m_start;
   members["event"] = event;
   members["seconds"] = std::round(elapsed.count() * 1e6) / 1e6;
   const std::string line = members.dump(-1, ' ', false, json::error_handler_t::replace) + "\n";
   std::size_t written = 0;
   while (written < line.size()) {
-    const ssize_t count = ::write(file_, line.data() + written, line.size() - written);
+    const ssize_t count = ::write(m_file, line.data() + written, line.size() - written);
     if (count < 0 && errno == EINTR) continue;
     if (count <= 0) return;
     written += static_cast<std::size_t>(count);

@@ -23,14 +23,14 @@ class Journal {
   Journal(const Journal&) = delete;
   Journal& operator=(const Journal&) = delete;
 
-  bool isKept() const { return file_ >= 0; }
+  bool isKept() const { return m_file >= 0; }
 
   // Adds "event" and "seconds" (since the start) to the members. Failures to write are silent.
   void note(std::string_view event, nlohmann::json members);
 
  private:
-  int file_ = -1;
-  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  int m_file = -1;
+  std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
 
 }  // namespace vornlab

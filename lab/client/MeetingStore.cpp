@@ -26,16 +26,16 @@ std::string column(sqlite3_stmt* statement, int index) {
 // A statement that was stepped holds its bindings and, unless reset, the database's lock.
 class Reset {
  public:
-  explicit Reset(sqlite3_stmt* statement) : statement_(statement) {}
+  explicit Reset(sqlite3_stmt* statement) : m_statement(statement) {}
   ~Reset() {
-    sqlite3_reset(statement_);
-    sqlite3_clear_bindings(statement_);
+    sqlite3_reset(m_statement);
+    sqlite3_clear_bindings(m_statement);
   }
   Reset(const Reset&) = delete;
   Reset& operator=(const Reset&) = delete;
 
  private:
-  sqlite3_stmt* statement_;
+  sqlite3_stmt* m_statement;
 };
 
 }  // namespace
@@ -46,26 +46,26 @@ void MeetingStore::FinalizeStatement::operator()(sqlite3_stmt* statement) const 
 MeetingStore::MeetingStore(const std::string& path) {
   sqlite3* database = nullptr;
   const int opened = sqlite3_open(path.c_str(), &database);
-  database_.reset(database);
+  m_database.reset(database);
   if (opened != SQLITE_OK) fail();
   sqlite3_busy_timeout(database, 2000);
   prepareSchema();
 
   const std::string all(kColumns);
-  find_ = prepare(("SELECT " + all + " FROM meeting WHERE number = ?").c_str());
-  findByAppointment_ =
+  m_find = prepare(("SELECT " + all + " FROM meeting WHERE number = ?").c_str());
+  m_findByAppointment =
       prepare(("SELECT " + all + " FROM meeting WHERE appointment = ? ORDER BY stored DESC LIMIT 1").c_str());
-  put_ = prepare(("INSERT INTO meeting (" + all +
-                  ", stored) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
-                  " (SELECT coalesce(max(stored), 0) + 1 FROM meeting))"
-                  " ON CONFLICT (number) DO UPDATE SET appointment = excluded.appointment,"
-                  " subject = excluded.subject, start = excluded.start, minutes = excluded.minutes,"
-                  " recurring = excluded.recurring, timezone = excluded.timezone, passcode = excluded.passcode,"
-                  " token = excluded.token, language = excluded.language, host_email = excluded.host_email,"
-                  " personal = excluded.personal, settings = excluded.settings, stored = excluded.stored")
-                     .c_str());
-  remove_ = prepare("DELETE FROM meeting WHERE number = ?");
-  count_ = prepare("SELECT count(*) FROM meeting");
+  m_put = prepare(("INSERT INTO meeting (" + all +
+                   ", stored) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
+                   " (SELECT coalesce(max(stored), 0) + 1 FROM meeting))"
+                   " ON CONFLICT (number) DO UPDATE SET appointment = excluded.appointment,"
+                   " subject = excluded.subject, start = excluded.start, minutes = excluded.minutes,"
+                   " recurring = excluded.recurring, timezone = excluded.timezone, passcode = excluded.passcode,"
+                   " token = excluded.token, language = excluded.language, host_email = excluded.host_email,"
+                   " personal = excluded.personal, settings = excluded.settings, stored = excluded.stored")
+                      .c_str());
+  m_remove = prepare("DELETE FROM meeting WHERE number = ?");
+  m_count = prepare("SELECT count(*) FROM meeting");
 }
 
 MeetingStore::~MeetingStore() = default;
@@ -100,20 +100,20 @@ void MeetingStore::prepareSchema() {
 }
 
 std::optional<Meeting> MeetingStore::find(std::int64_t number) {
-  const Reset reset(find_.get());
-  sqlite3_bind_int64(find_.get(), 1, number);
-  return readOne(find_.get());
+  const Reset reset(m_find.get());
+  sqlite3_bind_int64(m_find.get(), 1, number);
+  return readOne(m_find.get());
 }
 
 std::optional<Meeting> MeetingStore::findByAppointment(const std::string& appointment) {
-  const Reset reset(findByAppointment_.get());
-  bind(findByAppointment_.get(), 1, appointment);
-  return readOne(findByAppointment_.get());
+  const Reset reset(m_findByAppointment.get());
+  bind(m_findByAppointment.get(), 1, appointment);
+  return readOne(m_findByAppointment.get());
 }
 
 void MeetingStore::put(const Meeting& meeting) {
-  const Reset reset(put_.get());
-  sqlite3_stmt* put = put_.get();
+  const Reset reset(m_put.get());
+  sqlite3_stmt* put = m_put.get();
   const std::string settings = meeting.settings.dump();
   sqlite3_bind_int64(put, 1, meeting.number);
   bind(put, 2, meeting.appointment);
@@ -132,36 +132,38 @@ void MeetingStore::put(const Meeting& meeting) {
 }
 
 bool MeetingStore::remove(std::int64_t number) {
-  const Reset reset(remove_.get());
-  sqlite3_bind_int64(remove_.get(), 1, number);
-  step(remove_.get());
-  return sqlite3_changes(database_.get()) > 0;
+  const Reset reset(m_remove.get());
+  sqlite3_bind_int64(m_remove.get(), 1, number);
+  step(m_remove.get());
+  return sqlite3_changes(m_database.get()) > 0;
 }
 
 std::int64_t MeetingStore::count() {
-  const Reset reset(count_.get());
-  step(count_.get());
-  return sqlite3_column_int64(count_.get(), 0);
+  const Reset reset(m_count.get());
+  step(m_count.get());
+  return sqlite3_column_int64(m_count.get(), 0);
 }
 
-MeetingStore::Transaction::Transaction(MeetingStore& store) : store_(store) { store_.execute("BEGIN IMMEDIATE"); }
+MeetingStore::Transaction::Transaction(MeetingStore& store) : m_store(store) {
+  m_store.execute("BEGIN IMMEDIATE");
+}
 
 MeetingStore::Transaction::~Transaction() {
-  if (open_) sqlite3_exec(store_.database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+  if (m_open) sqlite3_exec(m_store.m_database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 void MeetingStore::Transaction::commit() {
-  store_.execute("COMMIT");
-  open_ = false;
+  m_store.execute("COMMIT");
+  m_open = false;
 }
 
 void MeetingStore::execute(const char* sql) {
-  if (sqlite3_exec(database_.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) fail();
+  if (sqlite3_exec(m_database.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) fail();
 }
 
 MeetingStore::Statement MeetingStore::prepare(const char* sql) {
   sqlite3_stmt* statement = nullptr;
-  if (sqlite3_prepare_v2(database_.get(), sql, -1, &statement, nullptr) != SQLITE_OK) fail();
+  if (sqlite3_prepare_v2(m_database.get(), sql, -1, &statement, nullptr) != SQLITE_OK) fail();
   return Statement(statement);
 }
 
@@ -191,6 +193,6 @@ std::optional<Meeting> MeetingStore::readOne(sqlite3_stmt* statement) {
   return meeting;
 }
 
-void MeetingStore::fail() const { throw StoreError(sqlite3_errmsg(database_.get())); }
+void MeetingStore::fail() const { throw StoreError(sqlite3_errmsg(m_database.get())); }
 
 }  // namespace vornlab

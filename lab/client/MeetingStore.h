@@ -50,8 +50,8 @@ class MeetingStore {
     void commit();
 
    private:
-    MeetingStore& store_;
-    bool open_ = true;
+    MeetingStore& m_store;
+    bool m_open = true;
   };
 
  private:
@@ -70,12 +70,12 @@ class MeetingStore {
   std::optional<Meeting> readOne(sqlite3_stmt* statement);
   [[noreturn]] void fail() const;
 
-  std::unique_ptr<sqlite3, CloseDatabase> database_;
-  Statement find_;
-  Statement findByAppointment_;
-  Statement put_;
-  Statement remove_;
-  Statement count_;
+  std::unique_ptr<sqlite3, CloseDatabase> m_database;
+  Statement m_find;
+  Statement m_findByAppointment;
+  Statement m_put;
+  Statement m_remove;
+  Statement m_count;
 };
 
 }  // namespace vornlab

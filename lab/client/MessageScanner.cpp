@@ -5,31 +5,31 @@ namespace vornlab {
 std::vector<std::string> MessageScanner::feed(std::string_view bytes) {
   std::vector<std::string> found;
   std::size_t begin = 0;
-  for (std::size_t i = 0; i < bytes.size() && !overflowed_; ++i) {
+  for (std::size_t i = 0; i < bytes.size() && !m_overflowed; ++i) {
     const char c = bytes[i];
-    if (inText_) {
-      if (escaped_) {
-        escaped_ = false;
+    if (m_inText) {
+      if (m_escaped) {
+        m_escaped = false;
       } else if (c == '\\') {
-        escaped_ = true;
+        m_escaped = true;
       } else if (c == '"') {
-        inText_ = false;
+        m_inText = false;
       }
     } else if (c == '{') {
-      if (depth_++ == 0) begin = i;
-    } else if (depth_ > 0 && c == '"') {
-      inText_ = true;
-    } else if (depth_ > 0 && c == '}' && --depth_ == 0) {
-      object_.append(bytes.substr(begin, i + 1 - begin));
-      found.push_back(std::move(object_));
-      object_.clear();
+      if (m_depth++ == 0) begin = i;
+    } else if (m_depth > 0 && c == '"') {
+      m_inText = true;
+    } else if (m_depth > 0 && c == '}' && --m_depth == 0) {
+      m_object.append(bytes.substr(begin, i + 1 - begin));
+      found.push_back(std::move(m_object));
+      m_object.clear();
       begin = i + 1;
     }
   }
-  if (depth_ > 0) object_.append(bytes.substr(begin));
-  if (object_.size() > limit_) {
-    overflowed_ = true;
-    object_ = {};
+  if (m_depth > 0) m_object.append(bytes.substr(begin));
+  if (m_object.size() > m_limit) {
+    m_overflowed = true;
+    m_object = {};
   }
   return found;
 }

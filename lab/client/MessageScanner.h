@@ -14,21 +14,21 @@ namespace vornlab {
 class MessageScanner {
  public:
   // At most this many bytes are kept for one unfinished object.
-  explicit MessageScanner(std::size_t limit = 64U << 20U) : limit_(limit) {}
+  explicit MessageScanner(std::size_t limit = 64U << 20U) : m_limit(limit) {}
 
   // The objects that these bytes complete, in order.
   std::vector<std::string> feed(std::string_view bytes);
 
   // Whether an object grew beyond the limit. Nothing is found from then on.
-  bool overflowed() const { return overflowed_; }
+  bool overflowed() const { return m_overflowed; }
 
  private:
-  std::size_t limit_;
-  std::string object_;
-  std::size_t depth_ = 0;
-  bool inText_ = false;
-  bool escaped_ = false;
-  bool overflowed_ = false;
+  std::size_t m_limit;
+  std::string m_object;
+  std::size_t m_depth = 0;
+  bool m_inText = false;
+  bool m_escaped = false;
+  bool m_overflowed = false;
 };
 
 }  // namespace vornlab

@@ -67,86 +67,86 @@ class NotificationTransport::Bus {
   };
 
   Bus()
-      : connection_(sdbus::createSessionBusConnection()),
-        sender_(sdbus::createObject(*connection_, kPath)),
-        match_(connection_->addMatch(kMatchRule, [this](sdbus::Message& message) { receive(message); })) {}
+      : m_connection(sdbus::createSessionBusConnection()),
+        m_sender(sdbus::createObject(*m_connection, kPath)),
+        m_match(m_connection->addMatch(kMatchRule, [this](sdbus::Message& message) { receive(message); })) {}
 
   // The next one that has come in, or nothing for now.
   std::optional<Notification> next() {
-    while (!arrived_ && connection_->processPendingRequest()) {
+    while (!m_arrived && m_connection->processPendingRequest()) {
     }
-    return std::exchange(arrived_, std::nullopt);
+    return std::exchange(m_arrived, std::nullopt);
   }
 
   void send(const std::string& name, const Texts& userInfo) {
-    sender_->emitSignal(kSignal).onInterface(kInterface).withArguments(name, true, userInfo);
+    m_sender->emitSignal(kSignal).onInterface(kInterface).withArguments(name, true, userInfo);
   }
 
   // What to wait for, as poll() has it, and where.
-  sdbus::IConnection::PollData awaited() const { return connection_->getEventLoopPollData(); }
+  sdbus::IConnection::PollData awaited() const { return m_connection->getEventLoopPollData(); }
 
  private:
   void receive(sdbus::Message& message) {
     try {
       Notification notification;
       message >> notification.name >> notification.hasUserInfo >> notification.userInfo;
-      arrived_ = std::move(notification);
+      m_arrived = std::move(notification);
     } catch (const sdbus::Error&) {
       // A signal with other arguments.
     }
   }
 
-  std::optional<Notification> arrived_;
-  std::unique_ptr<sdbus::IConnection> connection_;
-  std::unique_ptr<sdbus::IObject> sender_;
-  sdbus::Slot match_;
+  std::optional<Notification> m_arrived;
+  std::unique_ptr<sdbus::IConnection> m_connection;
+  std::unique_ptr<sdbus::IObject> m_sender;
+  sdbus::Slot m_match;
 };
 
 NotificationTransport::NotificationTransport(Service& service, Journal& journal, FaultBook faults)
-    : service_(service), journal_(journal), faults_(std::move(faults)) {
-  timer_ = ::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
-  waiting_ = ::epoll_create1(EPOLL_CLOEXEC);
+    : m_service(service), m_journal(journal), m_faults(std::move(faults)) {
+  m_timer = ::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
+  m_waiting = ::epoll_create1(EPOLL_CLOEXEC);
   epoll_event event{};
   event.events = EPOLLIN;
-  if (timer_ < 0 || waiting_ < 0 || ::epoll_ctl(waiting_, EPOLL_CTL_ADD, timer_, &event) != 0) {
+  if (m_timer < 0 || m_waiting < 0 || ::epoll_ctl(m_waiting, EPOLL_CTL_ADD, m_timer, &event) != 0) {
     throw NotificationError(std::string("no timer: ") + std::strerror(errno));
   }
 }
 
 NotificationTransport::~NotificationTransport() {
-  bus_.reset();
-  ::close(waiting_);
-  ::close(timer_);
+  m_bus.reset();
+  ::close(m_waiting);
+  ::close(m_timer);
 }
 
 void NotificationTransport::connect() {
   try {
-    bus_ = std::make_unique<Bus>();
+    m_bus = std::make_unique<Bus>();
     epoll_event event{};
     event.events = EPOLLIN;
-    ::epoll_ctl(waiting_, EPOLL_CTL_ADD, bus_->awaited().fd, &event);
+    ::epoll_ctl(m_waiting, EPOLL_CTL_ADD, m_bus->awaited().fd, &event);
   } catch (const sdbus::Error& error) {
     throw NotificationError("no session bus can be joined: " + error.getMessage());
   }
-  journal_.note("joined", nlohmann::json::object());
+  m_journal.note("joined", nlohmann::json::object());
   // Joining may have taken in some already.
   serve();
 }
 
 void NotificationTransport::serve() {
-  if (!bus_) return;
+  if (!m_bus) return;
   try {
     sendDue();
-    while (const auto notification = bus_->next()) {
+    while (const auto notification = m_bus->next()) {
       take(notification->name, notification->userInfo);
       sendDue();
     }
     watchBus();
   } catch (const sdbus::Error&) {
-    journal_.note("left", nlohmann::json::object());
+    m_journal.note("left", nlohmann::json::object());
     // With it goes its place in the epoll.
-    bus_.reset();
-    outgoing_.clear();
+    m_bus.reset();
+    m_outgoing.clear();
   }
   setTimer();
 }
@@ -155,13 +155,13 @@ void NotificationTransport::take(const std::string& name, const Texts& userInfo)
   if (name == kRequest) {
     takeRequest(userInfo);
   } else if (name == kVersionQuestion) {
-    journal_.note("notification", {{"name", name}});
+    m_journal.note("notification", {{"name", name}});
     answerVersion();
   } else if (std::find(kHeard.begin(), kHeard.end(), name) != kHeard.end()) {
     nlohmann::json members = {{"name", name}};
     const auto parameter = userInfo.find(kActivationParameter);
     if (parameter != userInfo.end()) members["content"] = maskedRequest({0, parameter->second});
-    journal_.note("notification", std::move(members));
+    m_journal.note("notification", std::move(members));
   }
 }
 
@@ -169,11 +169,11 @@ void NotificationTransport::takeRequest(const Texts& userInfo) {
   const auto begin = Clock::now();
   const auto request = envelopeOf(userInfo);
   if (!request) {
-    journal_.note("malformed", {{"name", kRequest}});
+    m_journal.note("malformed", {{"name", kRequest}});
     return;
   }
   const std::uint32_t operation = Service::operationOf(*request);
-  const auto replies = service_.handle(*request);
+  const auto replies = m_service.handle(*request);
   const auto micros = std::chrono::duration_cast<microseconds>(Clock::now() - begin).count();
 
   nlohmann::json members = {{"name", kRequest},
@@ -181,15 +181,15 @@ void NotificationTransport::takeRequest(const Texts& userInfo) {
                             {"bytes", request->content.size()},
                             {"content", maskedRequest(*request)}};
   if (operation != 0) members["operation"] = operation;
-  journal_.note("request", std::move(members));
+  m_journal.note("request", std::move(members));
   for (const auto& reply : replies) {
-    const auto faults = faults_.next(request->action, operation);
+    const auto faults = m_faults.next(request->action, operation);
     queue(reply, faults);
     members = {{"name", kReply},        {"action", reply.action},
                {"to", request->action}, {"bytes", reply.content.size()},
                {"micros", micros},      {"content", maskedReply(reply)}};
     for (const auto& fault : faults) members["faults"].push_back(fault.words);
-    journal_.note("reply", std::move(members));
+    m_journal.note("reply", std::move(members));
   }
 }
 
@@ -198,54 +198,54 @@ void NotificationTransport::queue(const Envelope& reply, const std::vector<Fault
   std::remove_copy_if(faults.begin(), faults.end(), std::back_inserter(ours), spoilsAStream);
   const Delivery delivery = deliveryOf(reply, ours);
   const auto due = Clock::now() + std::chrono::milliseconds(delivery.delayMilliseconds);
-  if (delivery.end == Delivery::End::kDie) outgoing_.push_back({{}, due, delivery.end});
+  if (delivery.end == Delivery::End::kDie) m_outgoing.push_back({{}, due, delivery.end});
   // Nothing has cut the text, so each piece is an envelope.
   for (const auto& piece : delivery.pieces) {
-    if (const auto envelope = fromText(piece)) outgoing_.push_back({*envelope, due});
+    if (const auto envelope = fromText(piece)) m_outgoing.push_back({*envelope, due});
   }
 }
 
 void NotificationTransport::answerVersion() {
-  const Envelope answer = service_.versionAnswer();
-  journal_.note("reply", {{"name", kVersionAnswer},
-                          {"action", answer.action},
-                          {"bytes", answer.content.size()},
-                          {"micros", 0},
-                          {"content", answer.content}});
+  const Envelope answer = m_service.versionAnswer();
+  m_journal.note("reply", {{"name", kVersionAnswer},
+                           {"action", answer.action},
+                           {"bytes", answer.content.size()},
+                           {"micros", 0},
+                           {"content", answer.content}});
   // The agent is another program: a reply of the client's that is held back does not hold this up.
   send(kVersionAnswer, answer);
-  if (versionAnswered_) versionAnswered_(answer);
+  if (m_versionAnswered) m_versionAnswered(answer);
 }
 
 void NotificationTransport::send(const char* name, const Envelope& envelope) {
-  bus_->send(name, {{"actionId", std::to_string(envelope.action)}, {"content", envelope.content}});
+  m_bus->send(name, {{"actionId", std::to_string(envelope.action)}, {"content", envelope.content}});
 }
 
 void NotificationTransport::sendDue() {
-  for (; !outgoing_.empty() && outgoing_.front().due <= Clock::now(); outgoing_.pop_front()) {
+  for (; !m_outgoing.empty() && m_outgoing.front().due <= Clock::now(); m_outgoing.pop_front()) {
     // As a crash does it: nothing is tidied up.
-    if (outgoing_.front().end == Delivery::End::kDie) ::raise(SIGKILL);
-    send(kReply, outgoing_.front().envelope);
+    if (m_outgoing.front().end == Delivery::End::kDie) ::raise(SIGKILL);
+    send(kReply, m_outgoing.front().envelope);
   }
 }
 
 // What does not fit into the bus at once goes out when it can be written again.
 void NotificationTransport::watchBus() {
-  const auto awaited = bus_->awaited();
+  const auto awaited = m_bus->awaited();
   epoll_event event{};
   event.events = static_cast<std::uint32_t>(awaited.events);
-  ::epoll_ctl(waiting_, EPOLL_CTL_MOD, awaited.fd, &event);
+  ::epoll_ctl(m_waiting, EPOLL_CTL_MOD, awaited.fd, &event);
 }
 
 void NotificationTransport::setTimer() {
   itimerspec next{};
-  if (!outgoing_.empty()) {
-    const auto left = std::max<Clock::duration>(outgoing_.front().due - Clock::now(), microseconds(1));
+  if (!m_outgoing.empty()) {
+    const auto left = std::max<Clock::duration>(m_outgoing.front().due - Clock::now(), microseconds(1));
     const auto whole = std::chrono::duration_cast<std::chrono::seconds>(left);
     next.it_value.tv_sec = static_cast<time_t>(whole.count());
     next.it_value.tv_nsec = static_cast<long>(std::chrono::nanoseconds(left - whole).count());
   }
-  ::timerfd_settime(timer_, 0, &next, nullptr);
+  ::timerfd_settime(m_timer, 0, &next, nullptr);
 }
 
 }  // namespace vornlab

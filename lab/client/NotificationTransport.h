@@ -44,12 +44,12 @@ class NotificationTransport {
   void connect();
 
   // Readable when serve() has something to do.
-  int descriptor() const { return waiting_; }
+  int descriptor() const { return m_waiting; }
   // Takes what has come in and sends what is due. When the bus has gone, nothing comes and goes any more.
   void serve();
 
   // Is handed each answer to the question for the version, for others who have asked and do not observe it here.
-  void onVersionAnswer(std::function<void(const Envelope&)> handler) { versionAnswered_ = std::move(handler); }
+  void onVersionAnswer(std::function<void(const Envelope&)> handler) { m_versionAnswered = std::move(handler); }
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -71,14 +71,14 @@ class NotificationTransport {
   void watchBus();
   void setTimer();
 
-  Service& service_;
-  Journal& journal_;
-  FaultBook faults_;
-  std::function<void(const Envelope&)> versionAnswered_;
-  int timer_ = -1;
-  int waiting_ = -1;  // an epoll of the bus and the timer
-  std::unique_ptr<Bus> bus_;
-  std::deque<Outgoing> outgoing_;
+  Service& m_service;
+  Journal& m_journal;
+  FaultBook m_faults;
+  std::function<void(const Envelope&)> m_versionAnswered;
+  int m_timer = -1;
+  int m_waiting = -1;  // an epoll of the bus and the timer
+  std::unique_ptr<Bus> m_bus;
+  std::deque<Outgoing> m_outgoing;
 };
 
 }  // namespace vornlab

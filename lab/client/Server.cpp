@@ -48,17 +48,17 @@ timespec asTimespec(microseconds time) {
 }  // namespace
 
 Server::Server(Service& service, Journal& journal, FaultBook faults, Options options)
-    : service_(service), journal_(journal), faults_(std::move(faults)), options_(std::move(options)) {}
+    : m_service(service), m_journal(journal), m_faults(std::move(faults)), m_options(std::move(options)) {}
 
 Server::~Server() {
-  for (auto& connection : connections_) close(connection);
+  for (auto& connection : m_connections) close(connection);
   closeSocket();
 }
 
 void Server::listen() {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
-  const std::string& path = options_.path;
+  const std::string& path = m_options.path;
   if (path.size() >= sizeof(address.sun_path)) {
     throw ServerError("the path of the socket has " + std::to_string(path.size()) + " bytes, at most " +
                       std::to_string(sizeof(address.sun_path) - 1) + " are possible: " + path);
@@ -73,20 +73,20 @@ void Server::listen() {
       throw ServerError("the stale socket " + path + " cannot be removed: " + reason());
   }
 
-  socket_ = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  if (socket_ < 0) throw ServerError("no socket: " + reason());
+  m_socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+  if (m_socket < 0) throw ServerError("no socket: " + reason());
   // The file must not be open to others for a moment either, so its mode is not changed afterwards.
   const mode_t before = ::umask(0177);
-  const int bound = ::bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof(address));
+  const int bound = ::bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address));
   const int bindError = errno;
   ::umask(before);
   errno = bindError;
   if (bound != 0) throw ServerError(path + " cannot be opened: " + reason());
   if (::lstat(path.c_str(), &found) == 0) {
-    device_ = found.st_dev;
-    inode_ = found.st_ino;
+    m_device = found.st_dev;
+    m_inode = found.st_ino;
   }
-  if (::listen(socket_, 64) != 0) throw ServerError(path + " cannot be listened on: " + reason());
+  if (::listen(m_socket, 64) != 0) throw ServerError(path + " cannot be listened on: " + reason());
 }
 
 void Server::run(int stopDescriptor) {
@@ -96,11 +96,11 @@ void Server::run(int stopDescriptor) {
     waiting.clear();
     owners.clear();
     waiting.push_back({stopDescriptor, POLLIN, 0});
-    waiting.push_back({socket_, POLLIN, 0});
+    waiting.push_back({m_socket, POLLIN, 0});
     std::optional<microseconds> timeout;
     const auto wakeIn = [&](microseconds time) { timeout = timeout ? std::min(*timeout, time) : time; };
     const auto now = Clock::now();
-    for (auto& connection : connections_) {
+    for (auto& connection : m_connections) {
       short events = connection.outgoing.size() < kMostQueued ? POLLIN : 0;
       if (!connection.outgoing.empty()) {
         const auto& head = connection.outgoing.front();
@@ -125,8 +125,8 @@ void Server::run(int stopDescriptor) {
       flush(*owners[i]);
     }
     // The new socket stands before the old connections end, so whoever sees the end can connect again at once.
-    if (restartDue_) restart();
-    connections_.remove_if([this](Connection& connection) {
+    if (m_restartDue) restart();
+    m_connections.remove_if([this](Connection& connection) {
       if (connection.isOver) close(connection);
       return connection.isOver;
     });
@@ -135,28 +135,28 @@ void Server::run(int stopDescriptor) {
 
 void Server::accept() {
   for (;;) {
-    const int descriptor = ::accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+    const int descriptor = ::accept4(m_socket, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
     if (descriptor < 0) return;
-    Connection& connection = connections_.emplace_back();
+    Connection& connection = m_connections.emplace_back();
     connection.descriptor = descriptor;
-    connection.id = ++lastId_;
-    journal_.note("connected", {{"connection", connection.id}});
-    if (std::exchange(versionIsOwed_, false) || options_.announceVersion) announceVersion(connection);
+    connection.id = ++m_lastId;
+    m_journal.note("connected", {{"connection", connection.id}});
+    if (std::exchange(m_versionIsOwed, false) || m_options.announceVersion) announceVersion(connection);
   }
 }
 
 void Server::announceVersion() {
-  versionIsOwed_ = connections_.empty();
-  for (auto& connection : connections_) announceVersion(connection);
+  m_versionIsOwed = m_connections.empty();
+  for (auto& connection : m_connections) announceVersion(connection);
 }
 
 void Server::announceVersion(Connection& connection) {
-  const Envelope answer = service_.versionAnswer();
-  journal_.note("reply", {{"connection", connection.id},
-                          {"action", answer.action},
-                          {"bytes", answer.content.size()},
-                          {"micros", 0},
-                          {"content", answer.content}});
+  const Envelope answer = m_service.versionAnswer();
+  m_journal.note("reply", {{"connection", connection.id},
+                           {"action", answer.action},
+                           {"bytes", answer.content.size()},
+                           {"micros", 0},
+                           {"content", answer.content}});
   queue(connection, answer, {});
   flush(connection);
 }
@@ -173,7 +173,7 @@ void Server::receive(Connection& connection) {
     take(connection, message);
   }
   if (connection.scanner.overflowed()) {
-    journal_.note("malformed", {{"connection", connection.id}, {"reason", "a message without an end"}});
+    m_journal.note("malformed", {{"connection", connection.id}, {"reason", "a message without an end"}});
     connection.isOver = true;
   }
 }
@@ -182,30 +182,30 @@ void Server::take(Connection& connection, const std::string& message) {
   const auto begin = Clock::now();
   const auto request = fromText(message);
   if (!request) {
-    journal_.note("malformed", {{"connection", connection.id}, {"bytes", message.size()}});
+    m_journal.note("malformed", {{"connection", connection.id}, {"bytes", message.size()}});
     return;
   }
   const std::uint32_t operation = Service::operationOf(*request);
-  const auto replies = service_.handle(*request);
+  const auto replies = m_service.handle(*request);
   const auto micros = std::chrono::duration_cast<microseconds>(Clock::now() - begin).count();
 
-  if (journal_.isKept()) {
+  if (m_journal.isKept()) {
     nlohmann::json members = {{"connection", connection.id},
                               {"action", request->action},
                               {"bytes", message.size()},
                               {"content", maskedRequest(*request)}};
     if (operation != 0) members["operation"] = operation;
-    journal_.note("request", std::move(members));
+    m_journal.note("request", std::move(members));
   }
   for (const auto& reply : replies) {
-    const auto faults = faults_.next(request->action, operation);
+    const auto faults = m_faults.next(request->action, operation);
     queue(connection, reply, faults);
-    if (!journal_.isKept()) continue;
+    if (!m_journal.isKept()) continue;
     nlohmann::json members = {
         {"connection", connection.id},   {"action", reply.action}, {"to", request->action},
         {"bytes", reply.content.size()}, {"micros", micros},       {"content", maskedReply(reply)}};
     for (const auto& fault : faults) members["faults"].push_back(fault.words);
-    journal_.note("reply", std::move(members));
+    m_journal.note("reply", std::move(members));
   }
 }
 
@@ -244,7 +244,7 @@ void Server::flush(Connection& connection) {
       // As a crash does it: nothing is tidied up.
       case Delivery::End::kDie: ::raise(SIGKILL); return;
       case Delivery::End::kRestart:
-        restartDue_ = true;
+        m_restartDue = true;
         connection.isOver = true;
         return;
     }
@@ -272,22 +272,22 @@ void Server::close(Connection& connection) {
   if (connection.descriptor < 0) return;
   ::close(connection.descriptor);
   connection.descriptor = -1;
-  journal_.note("closed", {{"connection", connection.id}});
+  m_journal.note("closed", {{"connection", connection.id}});
 }
 
 void Server::closeSocket() {
-  if (socket_ < 0) return;
-  ::close(socket_);
-  socket_ = -1;
+  if (m_socket < 0) return;
+  ::close(m_socket);
+  m_socket = -1;
   struct stat found {};
   const bool ours =
-      ::lstat(options_.path.c_str(), &found) == 0 && found.st_dev == device_ && found.st_ino == inode_;
-  if (ours) ::unlink(options_.path.c_str());
+      ::lstat(m_options.path.c_str(), &found) == 0 && found.st_dev == m_device && found.st_ino == m_inode;
+  if (ours) ::unlink(m_options.path.c_str());
 }
 
 void Server::restart() {
-  restartDue_ = false;
-  for (auto& connection : connections_) connection.isOver = true;
+  m_restartDue = false;
+  for (auto& connection : m_connections) connection.isOver = true;
   closeSocket();
   listen();
 }

@@ -79,17 +79,17 @@ class Server {
   void closeSocket();
   void restart();
 
-  Service& service_;
-  Journal& journal_;
-  FaultBook faults_;
-  Options options_;
-  int socket_ = -1;
-  std::uint64_t device_ = 0;  // of the socket's file, so that only our own is removed
-  std::uint64_t inode_ = 0;
-  int lastId_ = 0;
-  bool restartDue_ = false;
-  bool versionIsOwed_ = false;
-  std::list<Connection> connections_;
+  Service& m_service;
+  Journal& m_journal;
+  FaultBook m_faults;
+  Options m_options;
+  int m_socket = -1;
+  std::uint64_t m_device = 0;  // of the socket's file, so that only our own is removed
+  std::uint64_t m_inode = 0;
+  int m_lastId = 0;
+  bool m_restartDue = false;
+  bool m_versionIsOwed = false;
+  std::list<Connection> m_connections;
 };
 
 }  // namespace vornlab

@@ -87,11 +87,11 @@ std::string refusal(const Account& account, const Person* host, const json& sett
 }  // namespace
 
 Service::Service(Account account, Options options)
-    : account_(std::move(account)),
-      options_(std::move(options)),
-      meetings_(options_.database),
-      random_(options_.seed != 0 ? options_.seed
-                                 : (std::uint64_t{std::random_device{}()} << 32U) + std::random_device{}()) {}
+    : m_account(std::move(account)),
+      m_options(std::move(options)),
+      m_meetings(m_options.database),
+      m_random(m_options.seed != 0 ? m_options.seed
+                                   : (std::uint64_t{std::random_device{}()} << 32U) + std::random_device{}()) {}
 
 std::vector<Envelope> Service::handle(const Envelope& request) {
   switch (request.action) {
@@ -104,9 +104,9 @@ std::vector<Envelope> Service::handle(const Envelope& request) {
         return {{operation, unreadable(failure.what())}};
       }
     }
-    case action::kProfile: return {{action::kProfile, profileReply(account_)}};
-    case action::kAudioConferences: return {{action::kAudioConferences, conferencesReply(account_)}};
-    case action::kPeople: return {{action::kPeople, peopleReply(account_)}};
+    case action::kProfile: return {{action::kProfile, profileReply(m_account)}};
+    case action::kAudioConferences: return {{action::kAudioConferences, conferencesReply(m_account)}};
+    case action::kPeople: return {{action::kPeople, peopleReply(m_account)}};
     case action::kVersion: return {versionAnswer()};
     default: return {};
   }
@@ -127,7 +127,7 @@ std::uint32_t Service::operationOf(const Envelope& request) {
   }
 }
 
-Envelope Service::versionAnswer() const { return {action::kVersion, options_.version}; }
+Envelope Service::versionAnswer() const { return {action::kVersion, m_options.version}; }
 
 std::string Service::meetingReply(std::uint32_t operation, const std::string& content) {
   switch (operation) {
@@ -148,21 +148,21 @@ std::string Service::commit(bool update, const std::string& content) {
   const std::int64_t start = numberOf(appointment, "startTime");
   if (start == 0) return unreadable("The start time is missing.");
   const std::string hostEmail = textOf(settings, "scheduleFor");
-  const Person* host = hostEmail.empty() ? nullptr : account_.findPerson(hostEmail);
+  const Person* host = hostEmail.empty() ? nullptr : m_account.findPerson(hostEmail);
   if (!hostEmail.empty() && host == nullptr) return error("3161");
-  const std::string refused = refusal(account_, host, settings);
+  const std::string refused = refusal(m_account, host, settings);
   if (!refused.empty()) return refused;
 
-  MeetingStore::Transaction transaction(meetings_);
+  MeetingStore::Transaction transaction(m_meetings);
   const bool personal = flagOf(settings, "usePMI");
   std::optional<Meeting> known;
   if (update) {
-    known = meetings_.find(meetingNumber(textOf(*document, "meetingKey")));
+    known = m_meetings.find(meetingNumber(textOf(*document, "meetingKey")));
     if (!known) return kNotFound;
   } else if (personal) {
     // All appointments of a personal number are one meeting.
     const std::int64_t number = personalNumberOf(hostEmail);
-    known = meetings_.find(number);
+    known = m_meetings.find(number);
     if (!known) known = personalMeeting(number, hostEmail);
   }
 
@@ -183,15 +183,15 @@ std::string Service::commit(bool update, const std::string& content) {
   meeting.personal = personal;
   settings.erase("meetingPassword");
   meeting.settings = std::move(settings);
-  meetings_.put(meeting);
+  m_meetings.put(meeting);
   transaction.commit();
 
-  return std::to_string(meeting.number) + ";" + invitationOf(account_, meeting, {}).plain;
+  return std::to_string(meeting.number) + ";" + invitationOf(m_account, meeting, {}).plain;
 }
 
 std::string Service::remove(const std::string& content) {
   const std::int64_t number = meetingNumber(field(content, 1));
-  return meetings_.remove(number) ? std::to_string(number) : kNotFound;
+  return m_meetings.remove(number) ? std::to_string(number) : kNotFound;
 }
 
 std::string Service::get(const std::string& content) {
@@ -199,29 +199,29 @@ std::string Service::get(const std::string& content) {
   const std::string language = field(content, 4);
   if (key == "new") {
     Meeting fresh;
-    fresh.settings = newMeetingSettings(account_);
-    return vornlab::meetingReply(account_, fresh, language);
+    fresh.settings = newMeetingSettings(m_account);
+    return vornlab::meetingReply(m_account, fresh, language);
   }
   const std::int64_t number = meetingNumber(key);
-  std::optional<Meeting> meeting = number == 0 ? std::nullopt : meetings_.find(number);
+  std::optional<Meeting> meeting = number == 0 ? std::nullopt : m_meetings.find(number);
   std::string hostEmail;
   if (!meeting && isPersonalNumber(number, hostEmail)) meeting = personalMeeting(number, hostEmail);
-  return meeting ? vornlab::meetingReply(account_, *meeting, language) : kNotFound;
+  return meeting ? vornlab::meetingReply(m_account, *meeting, language) : kNotFound;
 }
 
 std::string Service::getByAppointment(const std::string& content) {
   const std::string appointment = field(content, 1);
   if (appointment.empty()) return kNotFound;
-  const auto meeting = meetings_.findByAppointment(appointment);
-  return meeting ? vornlab::meetingReply(account_, *meeting, {}) : kNotFound;
+  const auto meeting = m_meetings.findByAppointment(appointment);
+  return meeting ? vornlab::meetingReply(m_account, *meeting, {}) : kNotFound;
 }
 
 std::int64_t Service::freshNumber() {
   std::uniform_int_distribution<std::int64_t> numbers(1'000'000'000, 99'999'999'999);
   std::string unused;
   for (;;) {
-    const std::int64_t number = numbers(random_);
-    if (!isPersonalNumber(number, unused) && !meetings_.find(number)) return number;
+    const std::int64_t number = numbers(m_random);
+    if (!isPersonalNumber(number, unused) && !m_meetings.find(number)) return number;
   }
 }
 
@@ -229,21 +229,21 @@ std::string Service::freshToken() {
   constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
   std::uniform_int_distribution<std::size_t> letter(0, kLetters.size() - 1);
   std::string token;
-  for (int i = 0; i < 32; ++i) token += kLetters[letter(random_)];
+  for (int i = 0; i < 32; ++i) token += kLetters[letter(m_random)];
   return token;
 }
 
 std::int64_t Service::personalNumberOf(const std::string& hostEmail) const {
-  if (hostEmail.empty()) return account_.personalId;
-  const Person* host = account_.findPerson(hostEmail);
+  if (hostEmail.empty()) return m_account.personalId;
+  const Person* host = m_account.findPerson(hostEmail);
   return host == nullptr ? 0 : meetingNumber(host->personalId);
 }
 
 bool Service::isPersonalNumber(std::int64_t number, std::string& hostEmail) const {
   hostEmail.clear();
   if (number == 0) return false;
-  if (number == account_.personalId) return true;
-  for (const auto& person : account_.people) {
+  if (number == m_account.personalId) return true;
+  for (const auto& person : m_account.people) {
     if (meetingNumber(person.personalId) != number) continue;
     hostEmail = person.email;
     return true;
@@ -256,7 +256,7 @@ Meeting Service::personalMeeting(std::int64_t number, const std::string& hostEma
   meeting.number = number;
   meeting.hostEmail = hostEmail;
   meeting.personal = true;
-  meeting.settings = newMeetingSettings(account_);
+  meeting.settings = newMeetingSettings(m_account);
   meeting.minutes = "60";
   return meeting;
 }

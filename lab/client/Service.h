@@ -52,12 +52,12 @@ class Service {
   // The agent's answer, with the version.
   Envelope versionAnswer() const;
 
-  const Account& account() const { return account_; }
+  const Account& account() const { return m_account; }
 
   // Another account from now on: what the user does by signing out and in again.
-  void setAccount(Account account) { account_ = std::move(account); }
+  void setAccount(Account account) { m_account = std::move(account); }
 
-  MeetingStore& meetings() { return meetings_; }
+  MeetingStore& meetings() { return m_meetings; }
 
  private:
   std::string meetingReply(std::uint32_t operation, const std::string& content);
@@ -74,10 +74,10 @@ class Service {
   bool isPersonalNumber(std::int64_t number, std::string& hostEmail) const;
   Meeting personalMeeting(std::int64_t number, const std::string& hostEmail) const;
 
-  Account account_;
-  Options options_;
-  MeetingStore meetings_;
-  std::mt19937_64 random_;
+  Account m_account;
+  Options m_options;
+  MeetingStore m_meetings;
+  std::mt19937_64 m_random;
 };
 
 }  // namespace vornlab

@@ -18,11 +18,11 @@
 // -- Views and windows -------------------------------------------------------------------------------------------
 
 @interface NSView : NSObject {
-  NSRect frame_;
-  NSMutableArray* subviews_;
-  NSView* superview_;
-  NSWindow* window_;
-  BOOL hidden_;
+  NSRect m_frame;
+  NSMutableArray* m_subviews;
+  NSView* m_superview;
+  NSWindow* m_window;
+  BOOL m_hidden;
 }
 - (id)initWithFrame:(NSRect)frame;
 - (NSRect)frame;
@@ -40,7 +40,7 @@
 @end
 
 @interface NSTextField : NSView {
-  NSString* text_;
+  NSString* m_text;
 }
 - (NSString*)stringValue;
 - (void)setStringValue:(NSString*)text;
@@ -63,7 +63,7 @@
 @end
 
 @interface NSToolbarItem : NSObject {
-  NSString* identifier_;
+  NSString* m_identifier;
 }
 - (id)initWithItemIdentifier:(NSString*)identifier;
 - (NSString*)itemIdentifier;
@@ -71,8 +71,8 @@
 
 @interface NSToolbar : NSObject {
   // Not owned.
-  id delegate_;
-  NSMutableArray* items_;
+  id m_delegate;
+  NSMutableArray* m_items;
 }
 - (id)initWithDelegate:(id)delegate;
 - (NSArray*)items;
@@ -83,10 +83,10 @@
 @end
 
 @interface NSWindow : NSObject {
-  id controller_;
-  NSView* contentView_;
-  NSToolbar* toolbar_;
-  BOOL closed_;
+  id m_controller;
+  NSView* m_contentView;
+  NSToolbar* m_toolbar;
+  BOOL m_closed;
 }
 - (id)initWithController:(id)controller contentFrame:(NSRect)frame;
 - (id)windowController;
@@ -98,7 +98,7 @@
 @end
 
 @interface NSWindowController : NSObject {
-  NSWindow* window_;
+  NSWindow* m_window;
 }
 - (NSWindow*)window;
 @end
@@ -108,7 +108,7 @@
 
 // What the person has just done, and where.
 @interface NSEvent : NSObject {
-  NSWindow* window_;
+  NSWindow* m_window;
 }
 - (id)initWithWindow:(NSWindow*)window;
 - (NSWindow*)window;
@@ -120,9 +120,9 @@
 
 @interface NSApplication : NSObject {
   // Not owned.
-  NSWindow* mainWindow_;
-  NSEvent* currentEvent_;
-  ErageAppDelegate* delegate_;
+  NSWindow* m_mainWindow;
+  NSEvent* m_currentEvent;
+  ErageAppDelegate* m_delegate;
 }
 + (NSApplication*)sharedApplication;
 - (void)setMainWindow:(NSWindow*)window;
@@ -135,8 +135,8 @@
 
 // Declines what is asked, and keeps what was said.
 @interface NSAlert : NSObject {
-  NSString* message_;
-  NSUInteger buttons_;
+  NSString* m_message;
+  NSUInteger m_buttons;
 }
 // The text of the last alert; "" when there was none since the last question.
 + (std::string)takeLastMessage;
@@ -151,8 +151,8 @@
 @end
 
 @interface CCGridViewController : NSViewController {
-  NSView* view_;
-  ECCalendarEvent* selectedEvent_;
+  NSView* m_view;
+  ECCalendarEvent* m_selectedEvent;
 }
 - (NSView*)view;
 - (ECCalendarEvent*)selectedEvent;
@@ -162,7 +162,7 @@
 // The calendar on the screen. What a person does to the selected appointment is stored at once; each answers
 // whether that is done, and says through its flag that the movement of the mouse is over.
 @interface OLCalendarGridViewWrapper : NSObject {
-  CCGridViewController* controller_;
+  CCGridViewController* m_controller;
 }
 - (CCGridViewController*)gridViewController;
 - (BOOL)dragResizedEvent:(ECCalendarEvent*)event
@@ -177,7 +177,7 @@
 @end
 
 @interface ERageMainWindowController : NSWindowController {
-  OLCalendarGridViewWrapper* grid_;
+  OLCalendarGridViewWrapper* m_grid;
 }
 - (OLCalendarGridViewWrapper*)grid;
 - (NSToolbarItem*)toolbar:(NSToolbar*)toolbar
@@ -194,8 +194,8 @@
 // -- Appointments ------------------------------------------------------------------------------------------------
 
 @interface OLCalendarDate : NSObject {
-  double seconds_;
-  NSTimeZone* zone_;
+  double m_seconds;
+  NSTimeZone* m_zone;
 }
 + (OLCalendarDate*)dateWithTime:(const vornlab::CalendarTime&)time;
 - (id)initWithSeconds:(double)seconds zone:(NSTimeZone*)zone;
@@ -210,8 +210,8 @@
 // One appointment of a store, by its place.
 @interface HostStoredObject : NSObject {
  @public
-  vornlab::CalendarStore* store_;
-  NSInteger index_;
+  vornlab::CalendarStore* m_store;
+  NSInteger m_index;
 }
 - (id)initWithStore:(vornlab::CalendarStore*)store index:(NSInteger)index;
 @end
@@ -224,9 +224,9 @@
 @end
 
 @interface ECCalendarEventAttendee : NSObject {
-  NSString* name_;
-  NSString* emailAddress_;
-  int type_;
+  NSString* m_name;
+  NSString* m_emailAddress;
+  int m_type;
 }
 - (id)initWithAttendee:(const vornlab::CalendarAttendee&)attendee;
 @end
@@ -246,7 +246,7 @@
 @interface ECCalendarEvent : HostStoredObject {
  @public
   // What has been changed in memory since, by the name of the reader.
-  NSMutableDictionary* changed_;
+  NSMutableDictionary* m_changed;
 }
 - (NSString*)summary;
 - (NSString*)location;
@@ -283,17 +283,17 @@
 
 @interface OLWordMailEditorContent : NSObject {
  @public
-  NSString* html_;
+  NSString* m_html;
 }
 - (NSString*)bodyContent;
 @end
 
 @interface OLWordMailEditor : NSObject {
  @public
-  OLWordMailEditorContent* content_;
+  OLWordMailEditorContent* m_content;
   // Not owned; nil when it has closed.
-  ERCalendarEventEditorViewController* editor_;
-  BOOL plainText_;
+  ERCalendarEventEditorViewController* m_editor;
+  BOOL m_plainText;
 }
 - (OLWordMailEditorContent*)editorContent;
 - (void)displayHTMLContent:(NSString*)html readOnly:(BOOL)readOnly;
@@ -302,14 +302,14 @@
 @interface ERCalendarEventEditorViewController : NSViewController {
  @public
   // Not owned; nil when it has closed.
-  ERCalendarEventEditorWindowController* owner_;
-  ECCalendarEvent* event_;
-  OLWordMailEditor* wordEditor_;
-  NSTextField* locationField_;
-  NSMutableDictionary* uncommitted_;
-  NSString* loadedHtml_;
-  BOOL dirty_;
-  BOOL cancelMode_;
+  ERCalendarEventEditorWindowController* m_owner;
+  ECCalendarEvent* m_event;
+  OLWordMailEditor* m_wordEditor;
+  NSTextField* m_locationField;
+  NSMutableDictionary* m_uncommitted;
+  NSString* m_loadedHtml;
+  BOOL m_dirty;
+  BOOL m_cancelMode;
 }
 - (ECCalendarEvent*)content;
 - (NSArray*)attendeeList;
@@ -340,8 +340,8 @@
 
 @interface ERCalendarEventEditorWindowController : NSWindowController {
  @public
-  ERCalendarEventEditorViewController* editor_;
-  NSView* header_;
+  ERCalendarEventEditorViewController* m_editor;
+  NSView* m_header;
 }
 + (id)showWindowForNewMeeting;
 + (id)showWindowForNewEvent;
@@ -360,13 +360,13 @@ namespace vornlab {
 // What is released later than at once ends with this.
 class Pool {
  public:
-  Pool() : pool_([[NSAutoreleasePool alloc] init]) {}
-  ~Pool() { [pool_ drain]; }
+  Pool() : m_pool([[NSAutoreleasePool alloc] init]) {}
+  ~Pool() { [m_pool drain]; }
   Pool(const Pool&) = delete;
   Pool& operator=(const Pool&) = delete;
 
  private:
-  NSAutoreleasePool* pool_;
+  NSAutoreleasePool* m_pool;
 };
 
 NSString* foundationText(std::string_view text);

@@ -39,31 +39,31 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 
 @implementation OLWordMailEditorContent
 - (void)dealloc {
-  [html_ release];
+  [m_html release];
   [super dealloc];
 }
 - (NSString*)bodyContent {
-  return html_ ? html_ : @"";
+  return m_html ? m_html : @"";
 }
 @end
 
 @implementation OLWordMailEditor
 - (id)init {
   if (!(self = [super init])) return nil;
-  content_ = [[OLWordMailEditorContent alloc] init];
+  m_content = [[OLWordMailEditorContent alloc] init];
   return self;
 }
 - (void)dealloc {
-  [content_ release];
+  [m_content release];
   [super dealloc];
 }
 - (OLWordMailEditorContent*)editorContent {
-  return content_;
+  return m_content;
 }
 - (void)displayHTMLContent:(NSString*)html readOnly:(BOOL)readOnly {
   (void)readOnly;
-  replace(content_->html_, html);
-  [editor_ contentDidChange];
+  replace(m_content->m_html, html);
+  [m_editor contentDidChange];
 }
 - (void)displayHTMLContent:(NSString*)html
                   readOnly:(BOOL)readOnly
@@ -77,57 +77,57 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 - (void)insertText:(NSString*)text atLocation:(NSInteger)location isHTML:(BOOL)isHtml {
   (void)location;
   (void)isHtml;
-  replace(content_->html_, withPieceInFront([content_ bodyContent], text ? text : @""));
-  [editor_ contentDidChange];
+  replace(m_content->m_html, withPieceInFront([m_content bodyContent], text ? text : @""));
+  [m_editor contentDidChange];
 }
 - (void)switchToPlainText {
-  plainText_ = YES;
+  m_plainText = YES;
 }
 - (void)switchToHTMLText {
-  plainText_ = NO;
+  m_plainText = NO;
 }
 @end
 
 @implementation ERCalendarEventEditorViewController
 - (id)init {
   if (!(self = [super init])) return nil;
-  uncommitted_ = [[NSMutableDictionary alloc] init];
+  m_uncommitted = [[NSMutableDictionary alloc] init];
   return self;
 }
 - (void)dealloc {
-  [event_ release];
-  [wordEditor_ release];
-  [locationField_ release];
-  [uncommitted_ release];
-  [loadedHtml_ release];
+  [m_event release];
+  [m_wordEditor release];
+  [m_locationField release];
+  [m_uncommitted release];
+  [m_loadedHtml release];
   [super dealloc];
 }
 - (ECCalendarEvent*)content {
-  return event_;
+  return m_event;
 }
 - (NSView*)view {
-  return [[owner_ window] contentView];
+  return [[m_owner window] contentView];
 }
 - (NSWindow*)window {
-  return [owner_ window];
+  return [m_owner window];
 }
 - (NSTextField*)locationTextField {
-  return locationField_;
+  return m_locationField;
 }
 - (NSDictionary*)uncommittedChanges {
-  return uncommitted_;
+  return m_uncommitted;
 }
 - (BOOL)isDirty {
-  return dirty_;
+  return m_dirty;
 }
 - (void)setIsDirty:(BOOL)dirty {
-  dirty_ = dirty;
+  m_dirty = dirty;
 }
 - (BOOL)isCancelMode {
-  return cancelMode_;
+  return m_cancelMode;
 }
 - (void)setIsCancelMode:(BOOL)cancelMode {
-  cancelMode_ = cancelMode;
+  m_cancelMode = cancelMode;
 }
 - (BOOL)isDelegating {
   return NO;
@@ -139,51 +139,51 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   return [ECEmailAccount account];
 }
 - (NSArray*)attendeeList {
-  return [event_ attendeeList];
+  return [m_event attendeeList];
 }
 - (NSString*)meetingOrganizer {
-  return [event_ organizer];
+  return [m_event organizer];
 }
 - (NSString*)olmUCInband {
-  return [event_ olmUCInband];
+  return [m_event olmUCInband];
 }
 - (NSString*)olmUCCapabilities {
-  return [event_ olmUCCapabilities];
+  return [m_event olmUCCapabilities];
 }
 - (void)setOlmUCInband:(NSString*)record {
-  [event_ setOlmUCInband:record];
+  [m_event setOlmUCInband:record];
   [self setIsDirty:YES];
 }
 - (void)setOlmUCCapabilities:(NSString*)record {
-  [event_ setOlmUCCapabilities:record];
+  [m_event setOlmUCCapabilities:record];
   [self setIsDirty:YES];
 }
 - (BOOL)isOccurrenceOrException {
-  return [event_ isOccurrence] || [event_ isModifiedException];
+  return [m_event isOccurrence] || [m_event isModifiedException];
 }
 - (NSString*)recurrenceStringForCurrentEvent {
-  NSString* rule = [[event_ recurrence] format];
+  NSString* rule = [[m_event recurrence] format];
   return rule ? rule : @"";
 }
 - (NSString*)getSubject:(id)unused {
   (void)unused;
-  id typed = [uncommitted_ objectForKey:@"content.summary"];
-  NSString* subject = typed ? typed : [event_ summary];
+  id typed = [m_uncommitted objectForKey:@"content.summary"];
+  NSString* subject = typed ? typed : [m_event summary];
   return [subject isKindOfClass:[NSString class]] ? subject : @"";
 }
 - (NSString*)getLocation:(id)unused {
   (void)unused;
-  return [locationField_ stringValue];
+  return [m_locationField stringValue];
 }
 - (OLCalendarDate*)getStartTime:(id)unused andEndTime:(id)alsoUnused {
   (void)unused;
   (void)alsoUnused;
-  OLCalendarDate* typed = [uncommitted_ objectForKey:@"content.startTime"];
-  return typed ? typed : [event_ startTime];
+  OLCalendarDate* typed = [m_uncommitted objectForKey:@"content.startTime"];
+  return typed ? typed : [m_event startTime];
 }
 - (void)setLocation:(NSString*)location {
-  [locationField_ setStringValue:location ? location : @""];
-  [uncommitted_ setObject:[locationField_ stringValue] forKey:@"content.location"];
+  [m_locationField setStringValue:location ? location : @""];
+  [m_uncommitted setObject:[m_locationField stringValue] forKey:@"content.location"];
   [self setIsDirty:YES];
 }
 - (void)fromFieldModified:(id)sender {
@@ -195,28 +195,28 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   [self loadEventIntoWordMail];
 }
 - (void)loadEventIntoWordMail {
-  replace(wordEditor_->content_->html_, [event_ body]);
-  replace(loadedHtml_, [event_ body]);
-  [uncommitted_ removeObjectForKey:@"content.body"];
+  replace(m_wordEditor->m_content->m_html, [m_event body]);
+  replace(m_loadedHtml, [m_event body]);
+  [m_uncommitted removeObjectForKey:@"content.body"];
 }
 // The compose view tells that its content may have changed; only a true difference is a change.
 - (void)contentDidChange {
-  NSString* html = [[wordEditor_ editorContent] bodyContent];
-  if ([html isEqual:loadedHtml_] && ![uncommitted_ objectForKey:@"content.body"]) return;
-  [uncommitted_ setObject:html forKey:@"content.body"];
+  NSString* html = [[m_wordEditor editorContent] bodyContent];
+  if ([html isEqual:m_loadedHtml] && ![m_uncommitted objectForKey:@"content.body"]) return;
+  [m_uncommitted setObject:html forKey:@"content.body"];
   [self setIsDirty:YES];
 }
 
 - (BOOL)save {
   NSMutableDictionary* changes = [NSMutableDictionary dictionary];
-  NSEnumerator* names = [uncommitted_ keyEnumerator];
+  NSEnumerator* names = [m_uncommitted keyEnumerator];
   while (NSString* name = [names nextObject]) {
-    [changes setObject:[uncommitted_ objectForKey:name] forKey:[name substringFromIndex:[@"content." length]]];
+    [changes setObject:[m_uncommitted objectForKey:name] forKey:[name substringFromIndex:[@"content." length]]];
   }
-  if (wordEditor_->plainText_) [changes setObject:[NSNumber numberWithBool:NO] forKey:@"isBodyHTML"];
-  if (![event_ storeChanges:changes]) return NO;
-  [uncommitted_ removeAllObjects];
-  replace(loadedHtml_, [[wordEditor_ editorContent] bodyContent]);
+  if (m_wordEditor->m_plainText) [changes setObject:[NSNumber numberWithBool:NO] forKey:@"isBodyHTML"];
+  if (![m_event storeChanges:changes]) return NO;
+  [m_uncommitted removeAllObjects];
+  replace(m_loadedHtml, [[m_wordEditor editorContent] bodyContent]);
   [self setIsDirty:NO];
   return YES;
 }
@@ -229,7 +229,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   constexpr int done = 0;
   constexpr int notDone = -1;
   if (![self save]) return notDone;
-  if (close) [owner_ close];
+  if (close) [m_owner close];
   return done;
 }
 - (int)saveAndCloseWindow:(BOOL)close andReturnError:(id)error {
@@ -244,9 +244,9 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 // one's own calendar.
 - (void)sendMeetingPostValidate {
   if (![self save]) return;
-  auto stored = vornlab::storedEvent(event_);
-  if (cancelMode_ && stored) stored->remove();
-  [owner_ close];
+  auto stored = vornlab::storedEvent(m_event);
+  if (m_cancelMode && stored) stored->remove();
+  [m_owner close];
 }
 - (void)switchToRecurrenceDidEnd:(id)alert returnCode:(int)code contextInfo:(void*)context {
   (void)alert;
@@ -258,13 +258,13 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   return changes && std::string_view(changes).find("content.") != std::string_view::npos;
 }
 - (void)showSeries {
-  ECCalendarEvent* series = [event_ seriesMasterRecord];
+  ECCalendarEvent* series = [m_event seriesMasterRecord];
   if (!series) return;
   // Whoever has looked at the former event may still hold it while the present call goes on.
-  [event_ autorelease];
-  event_ = [series retain];
-  [uncommitted_ removeAllObjects];
-  [locationField_ setStringValue:[event_ location] ? [event_ location] : @""];
+  [m_event autorelease];
+  m_event = [series retain];
+  [m_uncommitted removeAllObjects];
+  [m_locationField setStringValue:[m_event location] ? [m_event location] : @""];
   [self loadEventIntoWordMail];
   [self setIsDirty:NO];
 }
@@ -281,35 +281,35 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 
 @implementation ERCalendarEventEditorWindowController
 - (void)dealloc {
-  editor_->owner_ = nil;
-  editor_->wordEditor_->editor_ = nil;
-  [editor_ release];
-  [header_ release];
+  m_editor->m_owner = nil;
+  m_editor->m_wordEditor->m_editor = nil;
+  [m_editor release];
+  [m_header release];
   [super dealloc];
 }
 - (id)initWithEvent:(ECCalendarEvent*)event isCancelMode:(BOOL)isCancelMode {
   if (!(self = [super init])) return nil;
-  editor_ = [[ERCalendarEventEditorViewController alloc] init];
-  editor_->owner_ = self;
-  editor_->event_ = [event retain];
-  editor_->cancelMode_ = isCancelMode;
-  window_ = [[NSWindow alloc] initWithController:self
-                                    contentFrame:NSMakeRect(0, 0, kWidth, kHeaderHeight + kBodyHeight)];
+  m_editor = [[ERCalendarEventEditorViewController alloc] init];
+  m_editor->m_owner = self;
+  m_editor->m_event = [event retain];
+  m_editor->m_cancelMode = isCancelMode;
+  m_window = [[NSWindow alloc] initWithController:self
+                                     contentFrame:NSMakeRect(0, 0, kWidth, kHeaderHeight + kBodyHeight)];
   return self;
 }
 // The header is drawn before anything else, and whoever watches its making puts something into it.
 - (void)build {
-  header_ =
+  m_header =
       [[OLCalendarHeaderContainerView alloc] initWithFrame:NSMakeRect(0, kBodyHeight, kWidth, kHeaderHeight)];
-  [[window_ contentView] addSubview:header_];
+  [[m_window contentView] addSubview:m_header];
   NSTextField* field = [[NSTextField alloc] initWithFrame:NSMakeRect(80, 40, kWidth - 100, kFieldHeight)];
-  [header_ addSubview:field];
-  [field setStringValue:[editor_->event_ location]];
-  editor_->locationField_ = field;
-  editor_->wordEditor_ = [[OLWordMailEditor alloc] init];
-  editor_->wordEditor_->editor_ = editor_;
-  [editor_ hostWordMailEditor:editor_->wordEditor_];
-  [header_ drawRect:NSMakeRect(0, 0, kWidth, kHeaderHeight)];
+  [m_header addSubview:field];
+  [field setStringValue:[m_editor->m_event location]];
+  m_editor->m_locationField = field;
+  m_editor->m_wordEditor = [[OLWordMailEditor alloc] init];
+  m_editor->m_wordEditor->m_editor = m_editor;
+  [m_editor hostWordMailEditor:m_editor->m_wordEditor];
+  [m_header drawRect:NSMakeRect(0, 0, kWidth, kHeaderHeight)];
 }
 + (id)openWindowFor:(ECCalendarEvent*)event isCancelMode:(BOOL)isCancelMode {
   if (!event) return nil;
@@ -325,8 +325,8 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   const double start = std::ceil([[NSDate date] timeIntervalSince1970] / halfAnHour) * halfAnHour;
   ECCalendarEvent* event = [[[ECCalendarEvent alloc] initWithStore:vornlab::shownStore() index:-1] autorelease];
   OLCalendarDate* begin = [[[OLCalendarDate alloc] initWithSeconds:start zone:nil] autorelease];
-  [event->changed_ setObject:begin forKey:@"startTime"];
-  [event->changed_ setObject:[begin dateByAddingTimeInterval:halfAnHour] forKey:@"endTime"];
+  [event->m_changed setObject:begin forKey:@"startTime"];
+  [event->m_changed setObject:[begin dateByAddingTimeInterval:halfAnHour] forKey:@"endTime"];
   return [self showWindowForEvent:event];
 }
 + (id)showWindowForNewMeeting {
@@ -350,11 +350,11 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   return [NSArray arrayWithArray:openEditors()];
 }
 - (ERCalendarEventEditorViewController*)editorViewController {
-  return editor_;
+  return m_editor;
 }
 - (void)close {
-  if (![window_ isVisible]) return;
-  [window_ close];
+  if (![m_window isVisible]) return;
+  [m_window close];
   // The host lets go of its objects when its own calls have unwound.
   [[self retain] performSelector:@selector(release) withObject:nil afterDelay:0];
   [openEditors() removeObjectIdenticalTo:self];

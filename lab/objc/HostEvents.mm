@@ -58,8 +58,8 @@ CalendarStore*& shownStore() {
 }
 
 std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
-  if (!object || !object->store_ || object->index_ < 0) return {};
-  const CalendarEvent stored = object->store_->eventAt(static_cast<std::size_t>(object->index_));
+  if (!object || !object->m_store || object->m_index < 0) return {};
+  const CalendarEvent stored = object->m_store->eventAt(static_cast<std::size_t>(object->m_index));
   if (stored.isRemoved()) return {};
   return stored;
 }
@@ -73,35 +73,35 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 }
 - (id)initWithSeconds:(double)seconds zone:(NSTimeZone*)zone {
   if (!(self = [super init])) return nil;
-  seconds_ = seconds;
-  zone_ = [(zone ? zone : [NSTimeZone timeZoneForSecondsFromGMT:0]) retain];
+  m_seconds = seconds;
+  m_zone = [(zone ? zone : [NSTimeZone timeZoneForSecondsFromGMT:0]) retain];
   return self;
 }
 - (void)dealloc {
-  [zone_ release];
+  [m_zone release];
   [super dealloc];
 }
 - (NSDate*)dateUTC {
-  return [NSDate dateWithTimeIntervalSince1970:seconds_];
+  return [NSDate dateWithTimeIntervalSince1970:m_seconds];
 }
 - (double)timeIntervalSince1970 {
-  return seconds_;
+  return m_seconds;
 }
 - (NSTimeZone*)timeZone {
-  return zone_;
+  return m_zone;
 }
 - (double)timeIntervalSinceDate:(OLCalendarDate*)other {
-  return seconds_ - [other timeIntervalSince1970];
+  return m_seconds - [other timeIntervalSince1970];
 }
 - (OLCalendarDate*)dateByAddingTimeInterval:(double)seconds {
-  return [[[OLCalendarDate alloc] initWithSeconds:seconds_ + seconds zone:zone_] autorelease];
+  return [[[OLCalendarDate alloc] initWithSeconds:m_seconds + seconds zone:m_zone] autorelease];
 }
 - (OLCalendarDate*)dateInDifferentTimeZone:(NSTimeZone*)zone {
-  return [[[OLCalendarDate alloc] initWithSeconds:seconds_ zone:zone] autorelease];
+  return [[[OLCalendarDate alloc] initWithSeconds:m_seconds zone:zone] autorelease];
 }
 - (NSDateComponents*)fields {
   NSCalendar* calendar = [[[NSCalendar alloc] initWithCalendarIdentifier:NSGregorianCalendar] autorelease];
-  [calendar setTimeZone:zone_];
+  [calendar setTimeZone:m_zone];
   const NSUInteger all = NSYearCalendarUnit | NSMonthCalendarUnit | NSDayCalendarUnit | NSHourCalendarUnit |
                          NSMinuteCalendarUnit | NSWeekdayCalendarUnit;
   return [calendar components:all fromDate:[self dateUTC]];
@@ -129,8 +129,8 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 @implementation HostStoredObject
 - (id)initWithStore:(vornlab::CalendarStore*)store index:(NSInteger)index {
   if (!(self = [super init])) return nil;
-  store_ = store;
-  index_ = index;
+  m_store = store;
+  m_index = index;
   return self;
 }
 @end
@@ -164,7 +164,7 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   return stored ? foundationText(std::string_view(stored->uid())) : nil;
 }
 - (long long)recordID {
-  return index_ + 1;
+  return m_index + 1;
 }
 - (BOOL)recordExists {
   return storedEvent(self).has_value();
@@ -174,24 +174,24 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 @implementation ECCalendarEventAttendee
 - (id)initWithAttendee:(const vornlab::CalendarAttendee&)attendee {
   if (!(self = [super init])) return nil;
-  name_ = [foundationText(std::string_view(attendee.name)) retain];
-  emailAddress_ = [foundationText(std::string_view(attendee.emailAddress)) retain];
-  type_ = attendee.type;
+  m_name = [foundationText(std::string_view(attendee.name)) retain];
+  m_emailAddress = [foundationText(std::string_view(attendee.emailAddress)) retain];
+  m_type = attendee.type;
   return self;
 }
 - (void)dealloc {
-  [name_ release];
-  [emailAddress_ release];
+  [m_name release];
+  [m_emailAddress release];
   [super dealloc];
 }
 - (NSString*)name {
-  return name_;
+  return m_name;
 }
 - (NSString*)emailAddress {
-  return emailAddress_;
+  return m_emailAddress;
 }
 - (int)attendeeType {
-  return type_;
+  return m_type;
 }
 @end
 
@@ -243,58 +243,58 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 @implementation ECCalendarEvent
 - (id)initWithStore:(vornlab::CalendarStore*)store index:(NSInteger)index {
   if (!(self = [super initWithStore:store index:index])) return nil;
-  changed_ = [[NSMutableDictionary alloc] init];
+  m_changed = [[NSMutableDictionary alloc] init];
   return self;
 }
 - (void)dealloc {
-  [changed_ release];
+  [m_changed release];
   [super dealloc];
 }
 
 // Each of these answers what was changed in memory, otherwise what is stored.
 - (NSString*)summary {
-  if (NSString* changed = [changed_ objectForKey:@"summary"]) return changed;
+  if (NSString* changed = [m_changed objectForKey:@"summary"]) return changed;
   const auto stored = storedEvent(self);
   return stored ? foundationText(stored->summary()) : nil;
 }
 - (NSString*)location {
-  if (NSString* changed = [changed_ objectForKey:@"location"]) return changed;
+  if (NSString* changed = [m_changed objectForKey:@"location"]) return changed;
   const auto stored = storedEvent(self);
   return stored ? foundationText(stored->location()) : nil;
 }
 - (NSString*)body {
-  if (NSString* changed = [changed_ objectForKey:@"body"]) return changed;
+  if (NSString* changed = [m_changed objectForKey:@"body"]) return changed;
   const auto stored = storedEvent(self);
   return foundationText(std::string_view(stored ? shownHtml(*stored) : htmlForPlainText("")));
 }
 - (BOOL)isBodyHTML {
-  if (NSNumber* changed = [changed_ objectForKey:@"isBodyHTML"]) return [changed boolValue];
+  if (NSNumber* changed = [m_changed objectForKey:@"isBodyHTML"]) return [changed boolValue];
   const auto stored = storedEvent(self);
   return stored && (stored->htmlDescription() || stored->descriptionIsHtml());
 }
 - (NSString*)olmUCInband {
-  if (NSString* changed = [changed_ objectForKey:@"olmUCInband"]) return changed;
+  if (NSString* changed = [m_changed objectForKey:@"olmUCInband"]) return changed;
   const auto stored = storedEvent(self);
   return stored ? foundationText(stored->olmUCInband()) : nil;
 }
 - (NSString*)olmUCCapabilities {
-  if (NSString* changed = [changed_ objectForKey:@"olmUCCapabilities"]) return changed;
+  if (NSString* changed = [m_changed objectForKey:@"olmUCCapabilities"]) return changed;
   const auto stored = storedEvent(self);
   return stored ? foundationText(stored->olmUCCapabilities()) : nil;
 }
 - (OLCalendarDate*)startTime {
-  if (OLCalendarDate* changed = [changed_ objectForKey:@"startTime"]) return changed;
+  if (OLCalendarDate* changed = [m_changed objectForKey:@"startTime"]) return changed;
   const auto stored = storedEvent(self);
   return stored ? dateOf(stored->start()) : nil;
 }
 - (OLCalendarDate*)endTime {
-  if (OLCalendarDate* changed = [changed_ objectForKey:@"endTime"]) return changed;
+  if (OLCalendarDate* changed = [m_changed objectForKey:@"endTime"]) return changed;
   const auto stored = storedEvent(self);
   return stored ? dateOf(stored->end()) : nil;
 }
 
 - (void)setText:(NSString*)text forItem:(NSString*)item {
-  [changed_ setObject:text ? text : @"" forKey:item];
+  [m_changed setObject:text ? text : @"" forKey:item];
 }
 - (void)setSummary:(NSString*)text {
   [self setText:text forItem:@"summary"];
@@ -306,7 +306,7 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   [self setText:html forItem:@"body"];
 }
 - (void)setIsBodyHTML:(BOOL)isHtml {
-  [changed_ setObject:[NSNumber numberWithBool:isHtml] forKey:@"isBodyHTML"];
+  [m_changed setObject:[NSNumber numberWithBool:isHtml] forKey:@"isBodyHTML"];
 }
 - (void)setOlmUCInband:(NSString*)record {
   [self setText:record forItem:@"olmUCInband"];
@@ -349,20 +349,21 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   if (!stored) return nil;
   const auto series = stored->isException() ? stored->master() : stored;
   if (!series || !series->isRecurring()) return nil;
-  return [[[ECRecurrence alloc] initWithStore:store_ index:static_cast<NSInteger>(series->index())] autorelease];
+  return [[[ECRecurrence alloc] initWithStore:m_store index:static_cast<NSInteger>(series->index())] autorelease];
 }
 - (id)seriesMasterRecord {
   const auto stored = storedEvent(self);
   const auto series = stored && stored->isException() ? stored->master() : std::nullopt;
   if (!series) return nil;
-  return [[[ECCalendarEvent alloc] initWithStore:store_
+  return [[[ECCalendarEvent alloc] initWithStore:m_store
                                            index:static_cast<NSInteger>(series->index())] autorelease];
 }
 - (id)getOccurrenceWithRecurrenceID:(NSString*)identifier {
   const auto stored = storedEvent(self);
-  const auto found = stored ? store_->find(stored->uid(), plainText(identifier)) : std::nullopt;
+  const auto found = stored ? m_store->find(stored->uid(), plainText(identifier)) : std::nullopt;
   if (!found) return nil;
-  return [[[ECCalendarEvent alloc] initWithStore:store_ index:static_cast<NSInteger>(found->index())] autorelease];
+  return [[[ECCalendarEvent alloc] initWithStore:m_store
+                                           index:static_cast<NSInteger>(found->index())] autorelease];
 }
 - (int)sequence {
   const auto stored = storedEvent(self);
@@ -394,7 +395,7 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 }
 - (id)recordUID {
   if (!storedEvent(self)) return nil;
-  return [[[ECRecordUID alloc] initWithStore:store_ index:index_] autorelease];
+  return [[[ECRecordUID alloc] initWithStore:m_store index:m_index] autorelease];
 }
 - (BOOL)deleteEventNow {
   auto stored = storedEvent(self);
@@ -406,21 +407,21 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   (void)window;
   const auto stored = storedEvent(self);
   if (!stored) return;
-  ECCalendarEvent* own = [[[ECCalendarEvent alloc] initWithStore:store_ index:index_] autorelease];
+  ECCalendarEvent* own = [[[ECCalendarEvent alloc] initWithStore:m_store index:m_index] autorelease];
   [ERCalendarEventEditorWindowController showCancellationWindowForMeeting:own];
 }
 - (BOOL)storeChanges:(NSDictionary*)changes {
-  ECMutableCalendarEvent* record = [[[ECMutableCalendarEvent alloc] initWithStore:store_
-                                                                            index:index_] autorelease];
-  [record->changed_ addEntriesFromDictionary:changed_];
+  ECMutableCalendarEvent* record = [[[ECMutableCalendarEvent alloc] initWithStore:m_store
+                                                                            index:m_index] autorelease];
+  [record->m_changed addEntriesFromDictionary:m_changed];
   NSEnumerator* items = [changes keyEnumerator];
   while (NSString* item = [items nextObject]) {
     const id value = [changes objectForKey:item];
-    [record->changed_ setObject:value == [NSNull null] ? @"" : value forKey:item];
+    [record->m_changed setObject:value == [NSNull null] ? @"" : value forKey:item];
   }
   if ([record saveRecord] != 0) return NO;
-  index_ = record->index_;
-  [changed_ removeAllObjects];
+  m_index = record->m_index;
+  [m_changed removeAllObjects];
   return YES;
 }
 - (BOOL)isOwner {
@@ -447,31 +448,31 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   [super setOlmUCInband:record];
 }
 - (void)storeBodyIn:(vornlab::CalendarEvent&)target {
-  NSString* changed = [changed_ objectForKey:@"body"];
+  NSString* changed = [m_changed objectForKey:@"body"];
   const std::string html = plainText(changed);
   if (!changed || html == shownHtml(target)) return;
-  NSNumber* saysHtml = [changed_ objectForKey:@"isBodyHTML"];
+  NSNumber* saysHtml = [m_changed objectForKey:@"isBodyHTML"];
   const bool isHtml = !saysHtml || [saysHtml boolValue];
   target.setDescription(vorn::htmlToPlainText(html), isHtml ? vorn::OptionalText(html) : vorn::OptionalText());
 }
 - (long)saveRecord {
   constexpr long stored = 0;
   constexpr long notStored = 1;
-  if (!store_) return notStored;
+  if (!m_store) return notStored;
   const double start = [[self startTime] timeIntervalSince1970];
   const double end = [[self endTime] timeIntervalSince1970];
-  if (index_ < 0) {
-    index_ = static_cast<NSInteger>(store_->add(newUid(), start, end, plainText([self summary])).index());
+  if (m_index < 0) {
+    m_index = static_cast<NSInteger>(m_store->add(newUid(), start, end, plainText([self summary])).index());
   }
   auto target = storedEvent(self);
   if (!target) return notStored;
-  if (NSString* summary = [changed_ objectForKey:@"summary"]) target->setSummary(plainText(summary));
-  if (NSString* location = [changed_ objectForKey:@"location"]) target->setLocation(plainText(location));
+  if (NSString* summary = [m_changed objectForKey:@"summary"]) target->setSummary(plainText(summary));
+  if (NSString* location = [m_changed objectForKey:@"location"]) target->setLocation(plainText(location));
   [self storeBodyIn:*target];
-  if (NSString* record = [changed_ objectForKey:@"olmUCInband"]) target->setOlmUCInband(plainText(record));
-  if (NSString* record = [changed_ objectForKey:@"olmUCCapabilities"])
+  if (NSString* record = [m_changed objectForKey:@"olmUCInband"]) target->setOlmUCInband(plainText(record));
+  if (NSString* record = [m_changed objectForKey:@"olmUCCapabilities"])
     target->setOlmUCCapabilities(plainText(record));
-  if ([changed_ objectForKey:@"startTime"] || [changed_ objectForKey:@"endTime"]) target->setTimes(start, end);
+  if ([m_changed objectForKey:@"startTime"] || [m_changed objectForKey:@"endTime"]) target->setTimes(start, end);
   return stored;
 }
 @end

@@ -5,15 +5,15 @@
 @implementation NSEvent
 - (id)initWithWindow:(NSWindow*)window {
   if (!(self = [super init])) return nil;
-  window_ = [window retain];
+  m_window = [window retain];
   return self;
 }
 - (void)dealloc {
-  [window_ release];
+  [m_window release];
   [super dealloc];
 }
 - (NSWindow*)window {
-  return window_;
+  return m_window;
 }
 @end
 
@@ -31,7 +31,7 @@
 }
 - (id)init {
   if (!(self = [super init])) return nil;
-  delegate_ = [[ErageAppDelegate alloc] init];
+  m_delegate = [[ErageAppDelegate alloc] init];
   return self;
 }
 - (BOOL)isActive {
@@ -39,69 +39,69 @@
 }
 - (NSArray*)windows {
   NSMutableArray* windows = [NSMutableArray array];
-  if (mainWindow_) [windows addObject:mainWindow_];
+  if (m_mainWindow) [windows addObject:m_mainWindow];
   NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
   while (NSWindowController* controller = [open nextObject]) [windows addObject:[controller window]];
   return windows;
 }
 - (void)setMainWindow:(NSWindow*)window {
-  mainWindow_ = window;
+  m_mainWindow = window;
 }
 - (NSEvent*)currentEvent {
-  return currentEvent_;
+  return m_currentEvent;
 }
 - (void)setCurrentEvent:(NSEvent*)event {
   [event retain];
-  [currentEvent_ release];
-  currentEvent_ = event;
+  [m_currentEvent release];
+  m_currentEvent = event;
 }
 - (ErageAppDelegate*)delegate {
-  return delegate_;
+  return m_delegate;
 }
 @end
 
 @implementation CCGridViewController
 - (id)init {
   if (!(self = [super init])) return nil;
-  view_ = [[NSView alloc] initWithFrame:NSMakeRect(0, 0, 1200, 700)];
+  m_view = [[NSView alloc] initWithFrame:NSMakeRect(0, 0, 1200, 700)];
   return self;
 }
 - (void)dealloc {
-  [view_ release];
-  [selectedEvent_ release];
+  [m_view release];
+  [m_selectedEvent release];
   [super dealloc];
 }
 - (NSView*)view {
-  return view_;
+  return m_view;
 }
 - (ECCalendarEvent*)selectedEvent {
-  return selectedEvent_;
+  return m_selectedEvent;
 }
 - (void)setSelectedEvent:(ECCalendarEvent*)event {
   [event retain];
-  [selectedEvent_ release];
-  selectedEvent_ = event;
+  [m_selectedEvent release];
+  m_selectedEvent = event;
 }
 @end
 
 @implementation OLCalendarGridViewWrapper
 - (id)init {
   if (!(self = [super init])) return nil;
-  controller_ = [[CCGridViewController alloc] init];
+  m_controller = [[CCGridViewController alloc] init];
   return self;
 }
 - (void)dealloc {
-  [controller_ release];
+  [m_controller release];
   [super dealloc];
 }
 - (CCGridViewController*)gridViewController {
-  return controller_;
+  return m_controller;
 }
 - (BOOL)storeStart:(OLCalendarDate*)start seconds:(double)seconds inProgress:(BOOL*)inProgress {
   if (inProgress) *inProgress = NO;
   NSDictionary* times = [NSDictionary
       dictionaryWithObjectsAndKeys:start, @"startTime", [start dateByAddingTimeInterval:seconds], @"endTime", nil];
-  return [[controller_ selectedEvent] storeChanges:times];
+  return [[m_controller selectedEvent] storeChanges:times];
 }
 - (BOOL)dragResizedEvent:(ECCalendarEvent*)event
             withTileView:(NSView*)tile
@@ -119,37 +119,37 @@
 - (BOOL)performDragFrom:(id)from to:(id)to forDate:(OLCalendarDate*)start inProgress:(BOOL*)inProgress {
   (void)from;
   (void)to;
-  return [self storeStart:start seconds:[[controller_ selectedEvent] duration] inProgress:inProgress];
+  return [self storeStart:start seconds:[[m_controller selectedEvent] duration] inProgress:inProgress];
 }
 - (BOOL)subjectChanged:(NSString*)subject forEvent:(ECCalendarEvent*)event andTileView:(NSView*)tile {
   (void)event;
   (void)tile;
-  return [[controller_ selectedEvent] storeChanges:[NSDictionary dictionaryWithObject:subject forKey:@"summary"]];
+  return [[m_controller selectedEvent] storeChanges:[NSDictionary dictionaryWithObject:subject forKey:@"summary"]];
 }
 @end
 
 @implementation ERageMainWindowController
 - (id)init {
   if (!(self = [super init])) return nil;
-  window_ = [[NSWindow alloc] initWithController:self contentFrame:NSMakeRect(0, 0, 1200, 800)];
-  grid_ = [[OLCalendarGridViewWrapper alloc] init];
-  [[window_ contentView] addSubview:[[grid_ gridViewController] view]];
+  m_window = [[NSWindow alloc] initWithController:self contentFrame:NSMakeRect(0, 0, 1200, 800)];
+  m_grid = [[OLCalendarGridViewWrapper alloc] init];
+  [[m_window contentView] addSubview:[[m_grid gridViewController] view]];
   NSToolbar* toolbar = [[[NSToolbar alloc] initWithDelegate:self] autorelease];
-  [window_ setToolbar:toolbar];
+  [m_window setToolbar:toolbar];
   NSEnumerator* identifiers = [[self toolbarDefaultItemIdentifiers:toolbar] objectEnumerator];
   while (NSString* identifier = [identifiers nextObject]) {
     [toolbar insertItemWithItemIdentifier:identifier atIndex:static_cast<NSInteger>([[toolbar items] count])];
   }
-  [[NSApplication sharedApplication] setMainWindow:window_];
+  [[NSApplication sharedApplication] setMainWindow:m_window];
   return self;
 }
 - (void)dealloc {
   [[NSApplication sharedApplication] setMainWindow:nil];
-  [grid_ release];
+  [m_grid release];
   [super dealloc];
 }
 - (OLCalendarGridViewWrapper*)grid {
-  return grid_;
+  return m_grid;
 }
 - (void)windowDidBecomeMain:(NSNotification*)notification {
   (void)notification;

@@ -10,52 +10,52 @@
 }
 - (id)initWithFrame:(NSRect)frame {
   if (!(self = [super init])) return nil;
-  frame_ = frame;
-  subviews_ = [[NSMutableArray alloc] init];
+  m_frame = frame;
+  m_subviews = [[NSMutableArray alloc] init];
   return self;
 }
 - (void)dealloc {
   // A view that somebody else holds outlives its superview.
-  NSEnumerator* below = [subviews_ objectEnumerator];
-  while (NSView* view = [below nextObject]) view->superview_ = nil;
-  [subviews_ release];
+  NSEnumerator* below = [m_subviews objectEnumerator];
+  while (NSView* view = [below nextObject]) view->m_superview = nil;
+  [m_subviews release];
   [super dealloc];
 }
 - (NSRect)frame {
-  return frame_;
+  return m_frame;
 }
 - (void)setFrame:(NSRect)frame {
-  frame_ = frame;
+  m_frame = frame;
 }
 - (BOOL)isHidden {
-  return hidden_;
+  return m_hidden;
 }
 - (void)setHidden:(BOOL)hidden {
-  hidden_ = hidden;
+  m_hidden = hidden;
 }
 - (NSView*)superview {
-  return superview_;
+  return m_superview;
 }
 - (NSWindow*)window {
-  return window_ ? window_ : [superview_ window];
+  return m_window ? m_window : [m_superview window];
 }
 - (void)setWindow:(NSWindow*)window {
-  window_ = window;
+  m_window = window;
 }
 - (NSArray*)subviews {
-  return [NSArray arrayWithArray:subviews_];
+  return [NSArray arrayWithArray:m_subviews];
 }
 - (void)addSubview:(NSView*)view {
   if (!view || view == self) return;
   [[view retain] autorelease];
   [view removeFromSuperview];
-  [subviews_ addObject:view];
-  view->superview_ = self;
+  [m_subviews addObject:view];
+  view->m_superview = self;
 }
 - (void)removeFromSuperview {
-  NSView* superview = superview_;
-  superview_ = nil;
-  if (superview) [superview->subviews_ removeObjectIdenticalTo:self];
+  NSView* superview = m_superview;
+  m_superview = nil;
+  if (superview) [superview->m_subviews removeObjectIdenticalTo:self];
 }
 - (void)drawRect:(NSRect)dirty {
   (void)dirty;
@@ -64,16 +64,16 @@
 
 @implementation NSTextField
 - (void)dealloc {
-  [text_ release];
+  [m_text release];
   [super dealloc];
 }
 - (NSString*)stringValue {
-  return text_ ? text_ : @"";
+  return m_text ? m_text : @"";
 }
 - (void)setStringValue:(NSString*)text {
   NSString* copy = [text copy];
-  [text_ release];
-  text_ = copy;
+  [m_text release];
+  m_text = copy;
 }
 @end
 
@@ -120,31 +120,31 @@
 @implementation NSToolbarItem
 - (id)initWithItemIdentifier:(NSString*)identifier {
   if (!(self = [super init])) return nil;
-  identifier_ = [identifier copy];
+  m_identifier = [identifier copy];
   return self;
 }
 - (void)dealloc {
-  [identifier_ release];
+  [m_identifier release];
   [super dealloc];
 }
 - (NSString*)itemIdentifier {
-  return identifier_;
+  return m_identifier;
 }
 @end
 
 @implementation NSToolbar
 - (id)initWithDelegate:(id)delegate {
   if (!(self = [super init])) return nil;
-  delegate_ = delegate;
-  items_ = [[NSMutableArray alloc] init];
+  m_delegate = delegate;
+  m_items = [[NSMutableArray alloc] init];
   return self;
 }
 - (void)dealloc {
-  [items_ release];
+  [m_items release];
   [super dealloc];
 }
 - (NSArray*)items {
-  return [NSArray arrayWithArray:items_];
+  return [NSArray arrayWithArray:m_items];
 }
 - (NSArray*)visibleItems {
   return [self items];
@@ -153,57 +153,57 @@
   return YES;
 }
 - (void)insertItemWithItemIdentifier:(NSString*)identifier atIndex:(NSInteger)index {
-  if (index < 0 || index > static_cast<NSInteger>([items_ count])) return;
-  const id item = [delegate_ toolbar:self itemForItemIdentifier:identifier willBeInsertedIntoToolbar:YES];
-  if (item) [items_ insertObject:item atIndex:static_cast<NSUInteger>(index)];
+  if (index < 0 || index > static_cast<NSInteger>([m_items count])) return;
+  const id item = [m_delegate toolbar:self itemForItemIdentifier:identifier willBeInsertedIntoToolbar:YES];
+  if (item) [m_items insertObject:item atIndex:static_cast<NSUInteger>(index)];
 }
 @end
 
 @implementation NSWindow
 - (id)initWithController:(id)controller contentFrame:(NSRect)frame {
   if (!(self = [super init])) return nil;
-  controller_ = controller;
-  contentView_ = [[NSView alloc] initWithFrame:frame];
-  [contentView_ setWindow:self];
+  m_controller = controller;
+  m_contentView = [[NSView alloc] initWithFrame:frame];
+  [m_contentView setWindow:self];
   return self;
 }
 - (void)dealloc {
-  [contentView_ setWindow:nil];
-  [contentView_ release];
-  [toolbar_ release];
+  [m_contentView setWindow:nil];
+  [m_contentView release];
+  [m_toolbar release];
   [super dealloc];
 }
 - (id)windowController {
-  return controller_;
+  return m_controller;
 }
 - (NSView*)contentView {
-  return contentView_;
+  return m_contentView;
 }
 - (NSToolbar*)toolbar {
-  return toolbar_;
+  return m_toolbar;
 }
 - (void)setToolbar:(NSToolbar*)toolbar {
   [toolbar retain];
-  [toolbar_ release];
-  toolbar_ = toolbar;
+  [m_toolbar release];
+  m_toolbar = toolbar;
 }
 - (BOOL)isVisible {
-  return !closed_;
+  return !m_closed;
 }
 - (void)close {
-  if (closed_) return;
-  closed_ = YES;
+  if (m_closed) return;
+  m_closed = YES;
   [[NSNotificationCenter defaultCenter] postNotificationName:@"NSWindowWillCloseNotification" object:self];
 }
 @end
 
 @implementation NSWindowController
 - (void)dealloc {
-  [window_ release];
+  [m_window release];
   [super dealloc];
 }
 - (NSWindow*)window {
-  return window_;
+  return m_window;
 }
 @end
 
@@ -224,7 +224,7 @@ std::string& lastAlert() {
   return std::exchange(lastAlert(), std::string());
 }
 - (void)dealloc {
-  [message_ release];
+  [m_message release];
   [super dealloc];
 }
 - (void)setMessageText:(NSString*)text {
@@ -232,17 +232,17 @@ std::string& lastAlert() {
 }
 - (void)setInformativeText:(NSString*)text {
   NSString* copy = [text copy];
-  [message_ release];
-  message_ = copy;
+  [m_message release];
+  m_message = copy;
 }
 - (id)addButtonWithTitle:(NSString*)title {
-  ++buttons_;
+  ++m_buttons;
   return title;
 }
 - (NSInteger)runModal {
   constexpr NSInteger firstButton = 1000;
-  lastAlert() = vornlab::plainText(message_);
-  return buttons_ > 1 ? firstButton + 1 : firstButton;
+  lastAlert() = vornlab::plainText(m_message);
+  return m_buttons > 1 ? firstButton + 1 : firstButton;
 }
 - (void)beginSheetModalForWindow:(id)window
                    modalDelegate:(id)delegate

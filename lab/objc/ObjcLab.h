@@ -70,13 +70,13 @@ class ObjcLab final : public MeetingLab {
   bool onGrid(const CalendarEvent& event, const std::function<bool(void* grid, void* selected)>& act);
   std::size_t journalled(const char* what) const;
 
-  LabOptions options_;
-  World world_;
-  ClientProcess client_;
-  CalendarStore& calendar_;
-  int (*answer_)(const char*, const vorn::Value*, vorn::Value*) = nullptr;
+  LabOptions m_options;
+  World m_world;
+  ClientProcess m_client;
+  CalendarStore& m_calendar;
+  int (*m_answer)(const char*, const vorn::Value*, vorn::Value*) = nullptr;
   // Retained.
-  void* mainWindowController_ = nullptr;
+  void* m_mainWindowController = nullptr;
 };
 
 }  // namespace vornlab

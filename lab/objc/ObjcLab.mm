@@ -77,52 +77,52 @@ fs::path enterOwnWorld(char** arguments) {
 }
 
 ObjcLab::ObjcLab(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress)
-    : options_(options), world_(worldOptions(options)), calendar_(calendar) {
+    : m_options(options), m_world(worldOptions(options)), m_calendar(calendar) {
   const Pool pool;
   // The plug-in knows the Applications folder of the machine, and that of the user.
   std::error_code failed;
-  fs::create_directory_symlink(world_.applications(), world_.home() / "Applications", failed);
+  fs::create_directory_symlink(m_world.applications(), m_world.home() / "Applications", failed);
   if (failed) throw LabError("cannot make the user's Applications folder: " + failed.message());
-  if (!options_.withoutClient) startClient();
+  if (!m_options.withoutClient) startClient();
   shownStore() = &calendar;
   [ECEmailAccount setUserAddress:foundationText(std::string_view(userAddress))];
-  loadBundle(options_.programs / "objc/vOutlookPlugin.bundle");
+  loadBundle(m_options.programs / "objc/vOutlookPlugin.bundle");
   ERageMainWindowController* controller = [[ERageMainWindowController alloc] init];
-  mainWindowController_ = controller;
+  m_mainWindowController = controller;
   [controller windowDidBecomeMain:[NSNotification notificationWithName:@"NSWindowDidBecomeMainNotification"
                                                                 object:[controller window]]];
-  if (options_.withoutClient) return;
+  if (m_options.withoutClient) return;
   if (!waitUntil([this] { return journalled("\"event\":\"connected\"") > 0; }, kStartSeconds))
     throw LabError("the plug-in did not connect to the client");
 }
 
 ObjcLab::~ObjcLab() {
   const Pool pool;
-  ERageMainWindowController* controller = static_cast<ERageMainWindowController*>(mainWindowController_);
+  ERageMainWindowController* controller = static_cast<ERageMainWindowController*>(m_mainWindowController);
   [controller windowWillClose:[NSNotification notificationWithName:@"NSWindowWillCloseNotification"
                                                             object:[controller window]]];
   [controller release];
 }
 
 void ObjcLab::startClient() {
-  std::vector<std::string> arguments{"--home",    world_.home(),   "--db", options_.clientDatabase,
-                                     "--journal", world_.journal()};
-  if (!options_.account.empty()) arguments.insert(arguments.end(), {"--account", options_.account});
-  arguments.insert(arguments.end(), options_.clientArguments.begin(), options_.clientArguments.end());
-  client_.start(world_.clientProgram(), arguments, world_.clientErrors(), kStartSeconds);
+  std::vector<std::string> arguments{"--home",    m_world.home(),   "--db", m_options.clientDatabase,
+                                     "--journal", m_world.journal()};
+  if (!m_options.account.empty()) arguments.insert(arguments.end(), {"--account", m_options.account});
+  arguments.insert(arguments.end(), m_options.clientArguments.begin(), m_options.clientArguments.end());
+  m_client.start(m_world.clientProgram(), arguments, m_world.clientErrors(), kStartSeconds);
 }
 
 void ObjcLab::loadBundle(const fs::path& bundle) {
   const fs::path program = bundle / "Contents/MacOS/vOutlookPlugin";
   void* module = dlopen(program.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (!module) throw LabError(std::string("the plug-in cannot be loaded: ") + dlerror());
-  answer_ = reinterpret_cast<decltype(answer_)>(dlsym(module, "vOutlookPluginAnswer"));
-  if (!answer_) throw LabError("the plug-in at " + program.string() + " answers no questions");
+  m_answer = reinterpret_cast<decltype(m_answer)>(dlsym(module, "vOutlookPluginAnswer"));
+  if (!m_answer) throw LabError("the plug-in at " + program.string() + " answers no questions");
 }
 
 vorn::Value ObjcLab::ask(const std::string& question, const vorn::Value& parameters) {
   vorn::Value answer;
-  if (answer_(question.c_str(), &parameters, &answer) != 0)
+  if (m_answer(question.c_str(), &parameters, &answer) != 0)
     throw LabError("the plug-in does not answer the question \"" + question + "\"");
   return answer;
 }
@@ -130,7 +130,8 @@ vorn::Value ObjcLab::ask(const std::string& question, const vorn::Value& paramet
 vorn::Value ObjcLab::inspect(const CalendarEvent& event) {
   const Pool pool;
   ECCalendarEvent* shown =
-      [[[ECCalendarEvent alloc] initWithStore:&calendar_ index:static_cast<NSInteger>(event.index())] autorelease];
+      [[[ECCalendarEvent alloc] initWithStore:&m_calendar
+                                        index:static_cast<NSInteger>(event.index())] autorelease];
   vorn::Value parameters = vorn::Value::dictionary();
   parameters.set("event", vorn::HostObject(reinterpret_cast<std::uintptr_t>(shown)));
   return ask("appointment", parameters)["groups"];
@@ -171,7 +172,8 @@ std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {
   const std::string tooLate = "the client did not answer in time";
 
   ECCalendarEvent* shown =
-      [[[ECCalendarEvent alloc] initWithStore:&calendar_ index:static_cast<NSInteger>(event.index())] autorelease];
+      [[[ECCalendarEvent alloc] initWithStore:&m_calendar
+                                        index:static_cast<NSInteger>(event.index())] autorelease];
   ERCalendarEventEditorWindowController* controller =
       [shown isMeeting] ? [ERCalendarEventEditorWindowController showWindowForMeeting:shown]
                         : [ERCalendarEventEditorWindowController showWindowForEvent:shown];
@@ -180,7 +182,7 @@ std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {
   if (!waitForQuiet()) return tooLate;
   if (isAlerted()) return alert;
 
-  NSView<vnBarButtons>* bar = barIn(controller->header_);
+  NSView<vnBarButtons>* bar = barIn(controller->m_header);
   if (!bar) return "the plug-in put no bar into the editor";
   if (![bar isAddButtonHidden]) {
     [bar onClickAddVornMeeting:bar];
@@ -198,7 +200,7 @@ std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {
   } else {
     [editor saveAndClose:nil];
   }
-  const bool isOver = waitUntil([&] { return ![window isVisible] || isAlerted(); }, options_.timeoutSeconds);
+  const bool isOver = waitUntil([&] { return ![window isVisible] || isAlerted(); }, m_options.timeoutSeconds);
   if (![window isVisible]) return "";
   return isOver ? alert : tooLate;
 }
@@ -220,7 +222,7 @@ bool ObjcLab::waitUntil(const std::function<bool()>& condition, double seconds) 
 
 bool ObjcLab::waitForQuiet() {
   const Pool pool;
-  NSDate* end = [NSDate dateWithTimeIntervalSinceNow:options_.timeoutSeconds];
+  NSDate* end = [NSDate dateWithTimeIntervalSinceNow:m_options.timeoutSeconds];
   while ([end timeIntervalSinceNow] > 0) {
     const std::size_t before = requests();
     passTime(kSettlingSeconds);
@@ -234,7 +236,7 @@ void ObjcLab::passTime(double seconds) {
 }
 
 std::size_t ObjcLab::journalled(const char* what) const {
-  const std::string journal = vorn::readFile(world_.journal().string()).value_or("");
+  const std::string journal = vorn::readFile(m_world.journal().string()).value_or("");
   std::size_t count = 0;
   for (std::size_t at = journal.find(what); at != std::string::npos; at = journal.find(what, at + 1)) ++count;
   return count;

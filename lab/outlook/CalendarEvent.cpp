@@ -94,16 +94,16 @@ std::string durationText(double seconds) {
 
 }  // namespace
 
-std::size_t CalendarEvent::component() const { return store_->eventComponents_[index_]; }
+std::size_t CalendarEvent::component() const { return m_store->m_eventComponents[m_index]; }
 
 vorn::OptionalText CalendarEvent::optionalTextOf(std::string_view name) const {
-  const auto property = store_->document_.property(component(), name);
+  const auto property = m_store->m_document.property(component(), name);
   if (!property) return {};
   return wellFormed(unescapedText(property->value));
 }
 
 std::string CalendarEvent::textOf(std::string_view name) const {
-  const auto property = store_->document_.property(component(), name);
+  const auto property = m_store->m_document.property(component(), name);
   return property ? property->value : std::string();
 }
 
@@ -112,16 +112,16 @@ std::string CalendarEvent::uid() const { return textOf("UID"); }
 std::string CalendarEvent::recurrenceId() const { return textOf("RECURRENCE-ID"); }
 
 bool CalendarEvent::isRecurring() const {
-  const IcsDocument& document = store_->document_;
+  const IcsDocument& document = m_store->m_document;
   return document.property(component(), "RRULE") || document.property(component(), "RDATE");
 }
 
 std::optional<CalendarEvent> CalendarEvent::master() const {
   const std::string own = uid();
-  return own.empty() ? std::nullopt : store_->find(own);
+  return own.empty() ? std::nullopt : m_store->find(own);
 }
 
-bool CalendarEvent::isRemoved() const { return store_->document_.isRemoved(component()); }
+bool CalendarEvent::isRemoved() const { return m_store->m_document.isRemoved(component()); }
 
 std::string CalendarEvent::status() const { return upperCase(textOf("STATUS")); }
 
@@ -134,21 +134,21 @@ vorn::OptionalText CalendarEvent::location() const { return optionalTextOf("LOCA
 vorn::OptionalText CalendarEvent::description() const { return optionalTextOf("DESCRIPTION"); }
 
 vorn::OptionalText CalendarEvent::htmlDescription() const {
-  for (const IcsProperty& property : store_->document_.properties(component(), "X-ALT-DESC")) {
+  for (const IcsProperty& property : m_store->m_document.properties(component(), "X-ALT-DESC")) {
     if (isHtmlAlternative(property)) return wellFormed(unescapedText(property.value));
   }
   return {};
 }
 
 bool CalendarEvent::descriptionIsHtml() const {
-  const auto product = store_->document_.property(store_->document_.parentOf(component()), "PRODID");
+  const auto product = m_store->m_document.property(m_store->m_document.parentOf(component()), "PRODID");
   return ProducerQuirks::of(product ? product->value : "")->descriptionIsHtml(description().value_or(""));
 }
 
 std::optional<CalendarTime> CalendarEvent::timeOf(std::string_view name) const {
-  const auto property = store_->document_.property(component(), name);
+  const auto property = m_store->m_document.property(component(), name);
   if (!property) return {};
-  return store_->zonesOf(component()).read(*property);
+  return m_store->zonesOf(component()).read(*property);
 }
 
 std::optional<CalendarTime> CalendarEvent::start() const { return timeOf("DTSTART"); }
@@ -181,7 +181,7 @@ CalendarRecurrence CalendarEvent::recurrence() const {
   if (result.endType == 0 || !first) return result;
   result.occurrenceCount = numberIn(count);
 
-  const auto property = store_->document_.property(component(), "DTSTART");
+  const auto property = m_store->m_document.property(component(), "DTSTART");
   const IcsProperty floating{"DTSTART", {}, property->value.substr(0, property->value.find_first_of("Zz"))};
   icalrecurrencetype rule = icalrecurrencetype_from_string(result.rule.c_str());
   if (rule.freq == ICAL_NO_RECURRENCE) return result;
@@ -206,13 +206,13 @@ CalendarRecurrence CalendarEvent::recurrence() const {
       stated.value.back() != 'Z') {
     stated.value += 'Z';
   }
-  result.lastStart = store_->zonesOf(component()).read(stated);
+  result.lastStart = m_store->zonesOf(component()).read(stated);
   return result;
 }
 
 std::vector<CalendarAttendee> CalendarEvent::attendees() const {
   std::vector<CalendarAttendee> result;
-  for (const IcsProperty& property : store_->document_.properties(component(), "ATTENDEE")) {
+  for (const IcsProperty& property : m_store->m_document.properties(component(), "ATTENDEE")) {
     result.push_back(attendeeFrom(property));
   }
   return result;
@@ -221,7 +221,7 @@ std::vector<CalendarAttendee> CalendarEvent::attendees() const {
 std::string CalendarEvent::organizerAddress() const { return wellFormed(addressIn(textOf("ORGANIZER"))); }
 
 std::string CalendarEvent::organizerName() const {
-  const auto property = store_->document_.property(component(), "ORGANIZER");
+  const auto property = m_store->m_document.property(component(), "ORGANIZER");
   return property ? wellFormed(property->parameter("CN")) : std::string();
 }
 
@@ -230,7 +230,7 @@ vorn::OptionalText CalendarEvent::olmUCInband() const { return optionalTextOf(kI
 vorn::OptionalText CalendarEvent::olmUCCapabilities() const { return optionalTextOf(kCapabilitiesProperty); }
 
 std::string CalendarEvent::calendarText() const {
-  const IcsDocument& document = store_->document_;
+  const IcsDocument& document = m_store->m_document;
   const std::size_t calendar = document.parentOf(component());
   const std::string& ending = document.lineEnding();
   std::string result = "BEGIN:VCALENDAR" + ending;
@@ -243,7 +243,7 @@ std::string CalendarEvent::calendarText() const {
   for (const IcsProperty& property : document.properties(component())) {
     if (const std::string zone = property.parameter("TZID"); !zone.empty()) zones.insert(zone);
   }
-  CalendarZones& known = store_->zonesOf(component());
+  CalendarZones& known = m_store->zonesOf(component());
   for (const std::string& zone : zones) {
     const std::size_t definition = known.definition(zone);
     if (definition != IcsDocument::kNone) result += document.componentText(definition);
@@ -254,11 +254,11 @@ std::string CalendarEvent::calendarText() const {
 void CalendarEvent::setText(std::string_view name, std::string_view text) {
   if (optionalTextOf(name).value_or("") == text) return;
   IcsProperty property =
-      store_->document_.property(component(), name).value_or(IcsProperty{std::string(name), {}, {}});
+      m_store->m_document.property(component(), name).value_or(IcsProperty{std::string(name), {}, {}});
   // It names another form of the text that was here.
   std::erase_if(property.parameters, [](const auto& parameter) { return parameter.first == "ALTREP"; });
   property.value = escapedText(text);
-  store_->document_.setProperty(component(), property);
+  m_store->m_document.setProperty(component(), property);
 }
 
 void CalendarEvent::setSummary(std::string_view text) { setText("SUMMARY", text); }
@@ -269,16 +269,16 @@ void CalendarEvent::setDescription(std::string_view plainText, const vorn::Optio
   setText("DESCRIPTION", plainText);
   if (html == htmlDescription()) return;
   if (html) {
-    store_->document_.setProperty(component(), {"X-ALT-DESC", {{"FMTTYPE", "text/html"}}, escapedText(*html)},
-                                  isHtmlAlternative);
+    m_store->m_document.setProperty(component(), {"X-ALT-DESC", {{"FMTTYPE", "text/html"}}, escapedText(*html)},
+                                    isHtmlAlternative);
   } else {
-    store_->document_.removeProperty(component(), "X-ALT-DESC", isHtmlAlternative);
+    m_store->m_document.removeProperty(component(), "X-ALT-DESC", isHtmlAlternative);
   }
 }
 
 void CalendarEvent::setRecord(std::string_view name, std::string_view record) {
   if (record.empty()) {
-    store_->document_.removeProperty(component(), name);
+    m_store->m_document.removeProperty(component(), name);
   } else {
     setText(name, record);
   }
@@ -289,17 +289,17 @@ void CalendarEvent::setOlmUCInband(std::string_view record) { setRecord(kInbandP
 void CalendarEvent::setOlmUCCapabilities(std::string_view record) { setRecord(kCapabilitiesProperty, record); }
 
 void CalendarEvent::writeTime(std::string_view name, double seconds) {
-  auto property = store_->document_.property(component(), name);
+  auto property = m_store->m_document.property(component(), name);
   if (!property) return;
-  property->value = store_->zonesOf(component()).written(*property, seconds);
-  store_->document_.setProperty(component(), *property);
+  property->value = m_store->zonesOf(component()).written(*property, seconds);
+  m_store->m_document.setProperty(component(), *property);
 }
 
 void CalendarEvent::setTimes(double startSeconds, double endSeconds) {
   const auto oldStart = start();
   const auto oldEnd = end();
   if (!oldStart || !oldEnd || (oldStart->seconds == startSeconds && oldEnd->seconds == endSeconds)) return;
-  IcsDocument& document = store_->document_;
+  IcsDocument& document = m_store->m_document;
   writeTime("DTSTART", startSeconds);
   if (document.property(component(), "DTEND")) {
     writeTime("DTEND", endSeconds);
@@ -309,6 +309,6 @@ void CalendarEvent::setTimes(double startSeconds, double endSeconds) {
   document.setProperty(component(), {"DURATION", {}, durationText(endSeconds - startSeconds)});
 }
 
-void CalendarEvent::remove() { store_->document_.removeComponent(component()); }
+void CalendarEvent::remove() { m_store->m_document.removeComponent(component()); }
 
 }  // namespace vornlab

@@ -25,40 +25,40 @@ bool CalendarStore::load(const std::string& path, IcsProblem& problem) {
 bool CalendarStore::loadText(std::string text, IcsProblem& problem) {
   std::optional<IcsDocument> read = IcsDocument::parse(std::move(text), problem);
   if (!read) return false;
-  document_ = std::move(*read);
-  changed_ = false;
+  m_document = std::move(*read);
+  m_changed = false;
   indexEvents();
   return true;
 }
 
-bool CalendarStore::save(const std::string& path) const { return vorn::replaceFile(path, document_.text()); }
+bool CalendarStore::save(const std::string& path) const { return vorn::replaceFile(path, m_document.text()); }
 
 void CalendarStore::indexEvents() {
-  eventComponents_.clear();
-  byUid_.clear();
-  zones_.clear();
-  for (std::size_t component = 0; component < document_.componentCount(); ++component) {
-    const std::size_t parent = document_.parentOf(component);
-    if (document_.componentName(component) != "VEVENT" || parent == IcsDocument::kNone) continue;
-    if (document_.componentName(parent) != "VCALENDAR") continue;
-    const std::size_t index = eventComponents_.size();
-    eventComponents_.push_back(component);
+  m_eventComponents.clear();
+  m_byUid.clear();
+  m_zones.clear();
+  for (std::size_t component = 0; component < m_document.componentCount(); ++component) {
+    const std::size_t parent = m_document.parentOf(component);
+    if (m_document.componentName(component) != "VEVENT" || parent == IcsDocument::kNone) continue;
+    if (m_document.componentName(parent) != "VCALENDAR") continue;
+    const std::size_t index = m_eventComponents.size();
+    m_eventComponents.push_back(component);
     const CalendarEvent event = eventAt(index);
-    if (document_.property(component, "UID")) byUid_[event.uid()][event.recurrenceId()].push_back(index);
+    if (m_document.property(component, "UID")) m_byUid[event.uid()][event.recurrenceId()].push_back(index);
   }
 }
 
 std::vector<CalendarEvent> CalendarStore::events() {
   std::vector<CalendarEvent> result;
-  for (std::size_t index = 0; index < eventComponents_.size(); ++index) {
-    if (!document_.isRemoved(eventComponents_[index])) result.push_back(eventAt(index));
+  for (std::size_t index = 0; index < m_eventComponents.size(); ++index) {
+    if (!m_document.isRemoved(m_eventComponents[index])) result.push_back(eventAt(index));
   }
   return result;
 }
 
 std::optional<CalendarEvent> CalendarStore::find(std::string_view uid, std::string_view recurrenceId) {
-  const auto items = byUid_.find(uid);
-  if (items == byUid_.end()) return {};
+  const auto items = m_byUid.find(uid);
+  if (items == m_byUid.end()) return {};
   const auto found = items->second.find(recurrenceId);
   if (found == items->second.end()) return {};
   for (const std::size_t index : found->second) {
@@ -69,8 +69,8 @@ std::optional<CalendarEvent> CalendarStore::find(std::string_view uid, std::stri
 
 std::vector<CalendarEvent> CalendarStore::exceptionsOf(std::string_view uid) {
   std::vector<CalendarEvent> result;
-  const auto items = byUid_.find(uid);
-  if (items == byUid_.end()) return result;
+  const auto items = m_byUid.find(uid);
+  if (items == m_byUid.end()) return result;
   for (const auto& [recurrenceId, indexes] : items->second) {
     if (recurrenceId.empty()) continue;
     for (const std::size_t index : indexes) {
@@ -85,27 +85,27 @@ std::vector<CalendarEvent> CalendarStore::exceptionsOf(std::string_view uid) {
 CalendarEvent CalendarStore::add(std::string_view uid, double startSeconds, double endSeconds,
                                  std::string_view summary) {
   IcsProblem problem;
-  if (document_.componentCount() == 0) loadText(std::string(kEmptyCalendar), problem);
+  if (m_document.componentCount() == 0) loadText(std::string(kEmptyCalendar), problem);
   std::size_t calendar = 0;
-  for (std::size_t component = 0; component < document_.componentCount(); ++component) {
-    if (document_.parentOf(component) == IcsDocument::kNone) calendar = component;
+  for (std::size_t component = 0; component < m_document.componentCount(); ++component) {
+    if (m_document.parentOf(component) == IcsDocument::kNone) calendar = component;
   }
   const IcsProperty utc{"DTSTART", {}, "Z"};
   const std::string start = zonesOf(calendar).written(utc, startSeconds);
   const std::string end = zonesOf(calendar).written(utc, endSeconds);
-  document_.addComponent(
+  m_document.addComponent(
       calendar, {"BEGIN:VEVENT", "UID:" + std::string(uid), "DTSTAMP:" + start, "DTSTART:" + start, "DTEND:" + end,
                  "SUMMARY:" + escapedText(summary), "END:VEVENT"});
-  changed_ = true;
+  m_changed = true;
   indexEvents();
-  return eventAt(eventComponents_.size() - 1);
+  return eventAt(m_eventComponents.size() - 1);
 }
 
 CalendarZones& CalendarStore::zonesOf(std::size_t component) {
   std::size_t calendar = component;
-  while (document_.parentOf(calendar) != IcsDocument::kNone) calendar = document_.parentOf(calendar);
-  std::unique_ptr<CalendarZones>& zones = zones_[calendar];
-  if (!zones) zones = std::make_unique<CalendarZones>(document_, calendar, options_.zone);
+  while (m_document.parentOf(calendar) != IcsDocument::kNone) calendar = m_document.parentOf(calendar);
+  std::unique_ptr<CalendarZones>& zones = m_zones[calendar];
+  if (!zones) zones = std::make_unique<CalendarZones>(m_document, calendar, m_options.zone);
   return *zones;
 }
 

@@ -40,10 +40,10 @@ struct CalendarRecurrence {
 // that the file does not have. A setter that gives what is there already changes nothing.
 class CalendarEvent {
  public:
-  CalendarEvent(CalendarStore& store, std::size_t index) : store_(&store), index_(index) {}
+  CalendarEvent(CalendarStore& store, std::size_t index) : m_store(&store), m_index(index) {}
 
   // The place among the store's events, counted from 0 in file order.
-  std::size_t index() const { return index_; }
+  std::size_t index() const { return m_index; }
   // "" for a component without one.
   std::string uid() const;
   // The value of RECURRENCE-ID as written; "" for a single appointment or the master of a series.
@@ -106,8 +106,8 @@ class CalendarEvent {
   std::optional<CalendarTime> timeOf(std::string_view name) const;
   void writeTime(std::string_view name, double seconds);
 
-  CalendarStore* store_;
-  std::size_t index_;
+  CalendarStore* m_store;
+  std::size_t m_index;
 };
 
 // The appointments of one iCalendar file. What nobody changes is written back byte for byte. Main thread only.
@@ -119,7 +119,7 @@ class CalendarStore {
   };
 
   CalendarStore() = default;
-  explicit CalendarStore(Options options) : options_(std::move(options)) {}
+  explicit CalendarStore(Options options) : m_options(std::move(options)) {}
 
   // Replaces the content with that of a file or a text. False, with the problem filled in and the content
   // untouched, when it is no calendar; a file that cannot be read has line 0.
@@ -127,12 +127,12 @@ class CalendarStore {
   bool loadText(std::string text, IcsProblem& problem);
   // Writes the file whole, or not at all and answers false.
   bool save(const std::string& path) const;
-  std::string text() const { return document_.text(); }
-  bool isChanged() const { return changed_ || document_.isChanged(); }
+  std::string text() const { return m_document.text(); }
+  bool isChanged() const { return m_changed || m_document.isChanged(); }
 
   // All events in file order, removed ones left out.
   std::vector<CalendarEvent> events();
-  std::size_t eventCount() const { return eventComponents_.size(); }
+  std::size_t eventCount() const { return m_eventComponents.size(); }
   CalendarEvent eventAt(std::size_t index) { return CalendarEvent(*this, index); }
   // The first event of that UID and RECURRENCE-ID; "" names the single appointment or the master.
   std::optional<CalendarEvent> find(std::string_view uid, std::string_view recurrenceId = {});
@@ -141,9 +141,9 @@ class CalendarStore {
   // Adds an appointment in UTC to the last VCALENDAR (an empty store gets one). It is the last of the events.
   CalendarEvent add(std::string_view uid, double startSeconds, double endSeconds, std::string_view summary);
 
-  IcsDocument& document() { return document_; }
-  const IcsDocument& document() const { return document_; }
-  const Options& options() const { return options_; }
+  IcsDocument& document() { return m_document; }
+  const IcsDocument& document() const { return m_document; }
+  const Options& options() const { return m_options; }
 
  private:
   friend class CalendarEvent;
@@ -152,14 +152,14 @@ class CalendarStore {
   // The zones of the VCALENDAR that the component stands in.
   CalendarZones& zonesOf(std::size_t component);
 
-  Options options_;
-  IcsDocument document_;
-  bool changed_ = false;
-  std::vector<std::size_t> eventComponents_;
+  Options m_options;
+  IcsDocument m_document;
+  bool m_changed = false;
+  std::vector<std::size_t> m_eventComponents;
   // By UID, and below it by RECURRENCE-ID: a series may have thousands of exceptions, and each looks for its
   // master.
-  std::map<std::string, std::map<std::string, std::vector<std::size_t>, std::less<>>, std::less<>> byUid_;
-  std::map<std::size_t, std::unique_ptr<CalendarZones>> zones_;
+  std::map<std::string, std::map<std::string, std::vector<std::size_t>, std::less<>>, std::less<>> m_byUid;
+  std::map<std::size_t, std::unique_ptr<CalendarZones>> m_zones;
 };
 
 }  // namespace vornlab

@@ -160,29 +160,29 @@ struct CalendarZones::Zone {
 };
 
 CalendarZones::CalendarZones(const IcsDocument& document, std::size_t calendar, std::string floatingZone)
-    : document_(document), calendar_(calendar), floatingZone_(std::move(floatingZone)) {
-  for (const std::size_t child : document_.childrenOf(calendar_)) {
-    if (document_.componentName(child) != "VTIMEZONE") continue;
-    if (const auto tzid = document_.property(child, "TZID")) definitions_.emplace(tzid->value, child);
+    : m_document(document), m_calendar(calendar), m_floatingZone(std::move(floatingZone)) {
+  for (const std::size_t child : m_document.childrenOf(m_calendar)) {
+    if (m_document.componentName(child) != "VTIMEZONE") continue;
+    if (const auto tzid = m_document.property(child, "TZID")) m_definitions.emplace(tzid->value, child);
   }
 }
 
 CalendarZones::~CalendarZones() = default;
 
 std::size_t CalendarZones::definition(std::string_view tzid) const {
-  const auto found = definitions_.find(tzid);
-  return found == definitions_.end() ? IcsDocument::kNone : found->second;
+  const auto found = m_definitions.find(tzid);
+  return found == m_definitions.end() ? IcsDocument::kNone : found->second;
 }
 
 CalendarZones::Zone& CalendarZones::zone(const std::string& tzid) {
-  std::unique_ptr<Zone>& made = zones_[tzid];
+  std::unique_ptr<Zone>& made = m_zones[tzid];
   if (made) return *made;
   made = std::make_unique<Zone>();
   std::string known = databaseName(tzid);
-  const auto definition = definitions_.find(tzid);
-  if (definition != definitions_.end()) {
+  const auto definition = m_definitions.find(tzid);
+  if (definition != m_definitions.end()) {
     if (known.empty()) {
-      if (const auto location = document_.property(definition->second, "X-LIC-LOCATION")) {
+      if (const auto location = m_document.property(definition->second, "X-LIC-LOCATION")) {
         known = databaseName(location->value);
       }
     }
@@ -198,12 +198,12 @@ CalendarZones::Zone& CalendarZones::zone(const std::string& tzid) {
 icaltimezone* CalendarZones::definedZone(std::size_t component) const {
   std::string text = "BEGIN:VTIMEZONE\r\nTZID:zone\r\n";
   bool hasPart = false;
-  for (const std::size_t part : document_.childrenOf(component)) {
-    const std::string& name = document_.componentName(part);
+  for (const std::size_t part : m_document.childrenOf(component)) {
+    const std::string& name = m_document.componentName(part);
     if (name != "STANDARD" && name != "DAYLIGHT") continue;
     text += "BEGIN:" + name + "\r\n";
     for (const char* wanted : {"DTSTART", "TZOFFSETFROM", "TZOFFSETTO", "RRULE", "RDATE"}) {
-      for (const IcsProperty& property : document_.properties(part, wanted)) {
+      for (const IcsProperty& property : m_document.properties(part, wanted)) {
         if (property.name == "RRULE" && !isZoneRule(property.value)) return nullptr;
         text += property.name + ":" + property.value + "\r\n";
       }
@@ -225,7 +225,7 @@ icaltimezone* CalendarZones::definedZone(std::size_t component) const {
 CalendarZones::Zone& CalendarZones::zoneOf(const IcsProperty& property, bool isUtc) {
   if (isUtc) return zone("UTC");
   const std::string tzid = property.parameter("TZID");
-  return zone(tzid.empty() ? floatingZone_ : tzid);
+  return zone(tzid.empty() ? m_floatingZone : tzid);
 }
 
 std::optional<CalendarTime> CalendarZones::read(const IcsProperty& property) {

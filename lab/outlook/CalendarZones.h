@@ -49,11 +49,11 @@ class CalendarZones {
   _icaltimezone* definedZone(std::size_t component) const;
   Zone& zoneOf(const IcsProperty& property, bool isUtc);
 
-  const IcsDocument& document_;
-  std::size_t calendar_;
-  std::string floatingZone_;
-  std::map<std::string, std::unique_ptr<Zone>, std::less<>> zones_;
-  std::map<std::string, std::size_t, std::less<>> definitions_;
+  const IcsDocument& m_document;
+  std::size_t m_calendar;
+  std::string m_floatingZone;
+  std::map<std::string, std::unique_ptr<Zone>, std::less<>> m_zones;
+  std::map<std::string, std::size_t, std::less<>> m_definitions;
 };
 
 }  // namespace vornlab

@@ -84,7 +84,7 @@ struct IcsDocument::Reader {
   std::vector<std::size_t> open;
 
   bool read() {
-    const std::string& text = document.text_;
+    const std::string& text = document.m_text;
     std::size_t at = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
     std::size_t physicalLine = 1;
     bool anyCalendar = false;
@@ -96,7 +96,7 @@ struct IcsDocument::Reader {
     }
     if (!open.empty()) {
       return fail(physicalLine,
-                  "expected END:" + document.components_[open.back()].name + ", found the end of the file");
+                  "expected END:" + document.m_components[open.back()].name + ", found the end of the file");
     }
     if (!anyCalendar) return fail(1, "expected BEGIN:VCALENDAR, found the end of the file");
     return true;
@@ -104,7 +104,7 @@ struct IcsDocument::Reader {
 
   // A content line with its continuations.
   Line nextLine(std::size_t begin, std::size_t& physicalLine) const {
-    const std::string& text = document.text_;
+    const std::string& text = document.m_text;
     Line line;
     line.begin = begin;
     std::size_t at = begin;
@@ -122,7 +122,7 @@ struct IcsDocument::Reader {
   bool take(Line line, std::size_t physicalLine, bool& anyCalendar) {
     const std::string content = document.unfolded(line);
     // What continues an empty line belongs to nothing; some producers break a property's value there.
-    const char first = document.text_[line.begin];
+    const char first = document.m_text[line.begin];
     const bool isEmpty = first == '\n' || first == '\r' || std::all_of(content.begin(), content.end(), isBlank);
     const std::size_t colon = colonIn(content);
     if (!isEmpty && (colon == std::string::npos || colon == 0 || isBlank(content.front()))) {
@@ -130,17 +130,17 @@ struct IcsDocument::Reader {
         return fail(physicalLine, "expected BEGIN:VCALENDAR, found \"" + excerpt(content) + "\"");
       return fail(physicalLine, "expected NAME:VALUE, found \"" + excerpt(content) + "\"");
     }
-    const std::size_t index = document.lines_.size();
+    const std::size_t index = document.m_lines.size();
     if (!isEmpty) line.name = upperCase(std::string_view(content).substr(0, content.find_first_of(";:")));
     const std::string name = line.name;
-    document.lines_.push_back(std::move(line));
+    document.m_lines.push_back(std::move(line));
     if (isEmpty) return true;
     if (name == "BEGIN") return begin(index, componentNameIn(content, colon), physicalLine, anyCalendar);
     if (open.empty()) {
       return fail(physicalLine, "expected BEGIN:VCALENDAR, found \"" + excerpt(content) + "\"");
     }
     if (name == "END") return end(index, componentNameIn(content, colon), physicalLine);
-    document.components_[open.back()].lines.push_back(index);
+    document.m_components[open.back()].lines.push_back(index);
     return true;
   }
 
@@ -159,15 +159,15 @@ struct IcsDocument::Reader {
     made.name = name;
     made.parent = open.empty() ? kNone : open.back();
     made.beginLine = line;
-    const std::size_t index = document.components_.size();
-    if (!open.empty()) document.components_[open.back()].children.push_back(index);
-    document.components_.push_back(std::move(made));
+    const std::size_t index = document.m_components.size();
+    if (!open.empty()) document.m_components[open.back()].children.push_back(index);
+    document.m_components.push_back(std::move(made));
     open.push_back(index);
     return true;
   }
 
   bool end(std::size_t line, const std::string& name, std::size_t physicalLine) {
-    Component& closed = document.components_[open.back()];
+    Component& closed = document.m_components[open.back()];
     if (name != closed.name) {
       return fail(physicalLine, "expected END:" + closed.name + ", found \"END:" + excerpt(name) + "\"");
     }
@@ -184,10 +184,10 @@ struct IcsDocument::Reader {
 
 std::optional<IcsDocument> IcsDocument::parse(std::string text, IcsProblem& problem) {
   IcsDocument document;
-  document.text_ = std::move(text);
-  const std::size_t newline = document.text_.find('\n');
-  if (newline != std::string::npos && (newline == 0 || document.text_[newline - 1] != '\r')) {
-    document.lineEnding_ = "\n";
+  document.m_text = std::move(text);
+  const std::size_t newline = document.m_text.find('\n');
+  if (newline != std::string::npos && (newline == 0 || document.m_text[newline - 1] != '\r')) {
+    document.m_lineEnding = "\n";
   }
   Reader reader{document, problem, {}};
   if (!reader.read()) return {};
@@ -198,11 +198,11 @@ std::string IcsDocument::unfolded(const Line& line) const {
   std::string result;
   std::size_t at = line.begin;
   while (at < line.end) {
-    std::size_t newline = text_.find('\n', at);
+    std::size_t newline = m_text.find('\n', at);
     if (newline == std::string::npos || newline >= line.end) newline = line.end;
     std::size_t stop = newline;
-    if (stop > at && text_[stop - 1] == '\r') --stop;
-    result.append(text_, at, stop - at);
+    if (stop > at && m_text[stop - 1] == '\r') --stop;
+    result.append(m_text, at, stop - at);
     // The blank that marks a continuation is none of the content.
     at = newline + 2;
   }
@@ -210,20 +210,20 @@ std::string IcsDocument::unfolded(const Line& line) const {
 }
 
 IcsProperty IcsDocument::propertyAt(std::size_t line) const {
-  const auto changed = replaced_.find(line);
-  return parsedProperty(changed == replaced_.end() ? unfolded(lines_[line]) : *changed->second);
+  const auto changed = m_replaced.find(line);
+  return parsedProperty(changed == m_replaced.end() ? unfolded(m_lines[line]) : *changed->second);
 }
 
 std::vector<IcsProperty> IcsDocument::properties(std::size_t component, std::string_view name) const {
   std::vector<IcsProperty> result;
-  for (const std::size_t line : components_[component].lines) {
-    if (!name.empty() && lines_[line].name != name) continue;
-    const auto changed = replaced_.find(line);
-    if (changed != replaced_.end() && !changed->second) continue;
+  for (const std::size_t line : m_components[component].lines) {
+    if (!name.empty() && m_lines[line].name != name) continue;
+    const auto changed = m_replaced.find(line);
+    if (changed != m_replaced.end() && !changed->second) continue;
     result.push_back(propertyAt(line));
   }
-  const auto added = added_.find(lineForAdded(component));
-  if (added == added_.end()) return result;
+  const auto added = m_added.find(lineForAdded(component));
+  if (added == m_added.end()) return result;
   for (const std::string& content : added->second) {
     IcsProperty property = parsedProperty(content);
     if (name.empty() || property.name == name) result.push_back(std::move(property));
@@ -234,8 +234,8 @@ std::vector<IcsProperty> IcsDocument::properties(std::size_t component, std::str
 std::optional<IcsProperty> IcsDocument::property(std::size_t component, std::string_view name) const {
   const std::size_t line = findLine(component, name, nullptr);
   if (line != kNone) return propertyAt(line);
-  const auto added = added_.find(lineForAdded(component));
-  if (added == added_.end()) return {};
+  const auto added = m_added.find(lineForAdded(component));
+  if (added == m_added.end()) return {};
   for (const std::string& content : added->second) {
     IcsProperty property = parsedProperty(content);
     if (property.name == name) return property;
@@ -244,15 +244,15 @@ std::optional<IcsProperty> IcsDocument::property(std::size_t component, std::str
 }
 
 std::size_t IcsDocument::lineForAdded(std::size_t component) const {
-  const Component& grown = components_[component];
-  return grown.children.empty() ? grown.endLine : components_[grown.children.front()].beginLine;
+  const Component& grown = m_components[component];
+  return grown.children.empty() ? grown.endLine : m_components[grown.children.front()].beginLine;
 }
 
 std::size_t IcsDocument::findLine(std::size_t component, std::string_view name, Choice choice) const {
-  for (const std::size_t line : components_[component].lines) {
-    if (lines_[line].name != name) continue;
-    const auto changed = replaced_.find(line);
-    if (changed != replaced_.end() && !changed->second) continue;
+  for (const std::size_t line : m_components[component].lines) {
+    if (m_lines[line].name != name) continue;
+    const auto changed = m_replaced.find(line);
+    if (changed != m_replaced.end() && !changed->second) continue;
     if (!choice || choice(propertyAt(line))) return line;
   }
   return kNone;
@@ -262,10 +262,10 @@ void IcsDocument::setProperty(std::size_t component, const IcsProperty& property
   std::string content = contentOf(property);
   const std::size_t line = findLine(component, property.name, choice);
   if (line != kNone) {
-    if (contentOf(propertyAt(line)) != content) replaced_[line] = std::move(content);
+    if (contentOf(propertyAt(line)) != content) m_replaced[line] = std::move(content);
     return;
   }
-  std::vector<std::string>& added = added_[lineForAdded(component)];
+  std::vector<std::string>& added = m_added[lineForAdded(component)];
   for (std::string& present : added) {
     const IcsProperty old = parsedProperty(present);
     if (old.name != property.name || (choice && !choice(old))) continue;
@@ -278,61 +278,61 @@ void IcsDocument::setProperty(std::size_t component, const IcsProperty& property
 void IcsDocument::removeProperty(std::size_t component, std::string_view name, Choice choice) {
   const std::size_t line = findLine(component, name, choice);
   if (line != kNone) {
-    replaced_[line] = std::nullopt;
+    m_replaced[line] = std::nullopt;
     return;
   }
-  const auto added = added_.find(lineForAdded(component));
-  if (added == added_.end()) return;
+  const auto added = m_added.find(lineForAdded(component));
+  if (added == m_added.end()) return;
   std::erase_if(added->second, [&](const std::string& content) {
     const IcsProperty old = parsedProperty(content);
     return old.name == name && (!choice || choice(old));
   });
-  if (added->second.empty()) added_.erase(added);
+  if (added->second.empty()) m_added.erase(added);
 }
 
 void IcsDocument::removeComponent(std::size_t component) {
-  removed_[components_[component].beginLine] = components_[component].endLine;
+  m_removed[m_components[component].beginLine] = m_components[component].endLine;
 }
 
 void IcsDocument::addComponent(std::size_t parent, const std::vector<std::string>& lines) {
-  const std::size_t endLine = components_[parent].endLine;
-  std::string whole = text_.substr(0, lines_.empty() ? 0 : lines_.front().begin);
+  const std::size_t endLine = m_components[parent].endLine;
+  std::string whole = m_text.substr(0, m_lines.empty() ? 0 : m_lines.front().begin);
   if (endLine > 0) write(0, endLine - 1, whole);
-  for (const std::string& line : lines) whole += foldedLine(line, lineEnding_);
-  write(endLine, lines_.size() - 1, whole);
+  for (const std::string& line : lines) whole += foldedLine(line, m_lineEnding);
+  write(endLine, m_lines.size() - 1, whole);
   IcsProblem problem;
   if (std::optional<IcsDocument> grown = parse(std::move(whole), problem)) *this = std::move(*grown);
 }
 
 void IcsDocument::write(std::size_t firstLine, std::size_t lastLine, std::string& out) const {
   for (std::size_t line = firstLine; line <= lastLine; ++line) {
-    if (const auto insertion = added_.find(line); insertion != added_.end()) {
-      for (const std::string& content : insertion->second) out += foldedLine(content, lineEnding_);
+    if (const auto insertion = m_added.find(line); insertion != m_added.end()) {
+      for (const std::string& content : insertion->second) out += foldedLine(content, m_lineEnding);
     }
-    if (const auto skip = removed_.find(line); skip != removed_.end()) {
+    if (const auto skip = m_removed.find(line); skip != m_removed.end()) {
       line = skip->second;
       continue;
     }
-    const auto changed = replaced_.find(line);
-    if (changed == replaced_.end()) {
-      out.append(text_, lines_[line].begin, lines_[line].end - lines_[line].begin);
+    const auto changed = m_replaced.find(line);
+    if (changed == m_replaced.end()) {
+      out.append(m_text, m_lines[line].begin, m_lines[line].end - m_lines[line].begin);
     } else if (changed->second) {
-      out += foldedLine(*changed->second, lineEnding_);
+      out += foldedLine(*changed->second, m_lineEnding);
     }
   }
 }
 
 std::string IcsDocument::text() const {
-  if (!isChanged() || lines_.empty()) return text_;
-  std::string result = text_.substr(0, lines_.front().begin);
-  write(0, lines_.size() - 1, result);
+  if (!isChanged() || m_lines.empty()) return m_text;
+  std::string result = m_text.substr(0, m_lines.front().begin);
+  write(0, m_lines.size() - 1, result);
   return result;
 }
 
 std::string IcsDocument::componentText(std::size_t component) const {
   std::string result;
-  write(components_[component].beginLine, components_[component].endLine, result);
-  if (!result.empty() && result.back() != '\n') result += lineEnding_;
+  write(m_components[component].beginLine, m_components[component].endLine, result);
+  if (!result.empty() && result.back() != '\n') result += m_lineEnding;
   return result;
 }
 

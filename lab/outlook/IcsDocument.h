@@ -43,19 +43,19 @@ class IcsDocument {
 
   // The text as it stands now; the very bytes that were read when nothing was changed.
   std::string text() const;
-  bool isChanged() const { return !replaced_.empty() || !added_.empty() || !removed_.empty(); }
+  bool isChanged() const { return !m_replaced.empty() || !m_added.empty() || !m_removed.empty(); }
   // "\r\n" or "\n", whichever ends the first line.
-  const std::string& lineEnding() const { return lineEnding_; }
+  const std::string& lineEnding() const { return m_lineEnding; }
 
-  std::size_t componentCount() const { return components_.size(); }
+  std::size_t componentCount() const { return m_components.size(); }
   // In upper case.
-  const std::string& componentName(std::size_t component) const { return components_[component].name; }
+  const std::string& componentName(std::size_t component) const { return m_components[component].name; }
   // kNone for a VCALENDAR.
-  std::size_t parentOf(std::size_t component) const { return components_[component].parent; }
+  std::size_t parentOf(std::size_t component) const { return m_components[component].parent; }
   const std::vector<std::size_t>& childrenOf(std::size_t component) const {
-    return components_[component].children;
+    return m_components[component].children;
   }
-  bool isRemoved(std::size_t component) const { return removed_.contains(components_[component].beginLine); }
+  bool isRemoved(std::size_t component) const { return m_removed.contains(m_components[component].beginLine); }
   // The lines from BEGIN to END, with changes.
   std::string componentText(std::size_t component) const;
 
@@ -101,16 +101,16 @@ class IcsDocument {
   std::size_t findLine(std::size_t component, std::string_view name, Choice choice) const;
   void write(std::size_t firstLine, std::size_t lastLine, std::string& out) const;
 
-  std::string text_;
-  std::string lineEnding_ = "\r\n";
-  std::vector<Line> lines_;
-  std::vector<Component> components_;
+  std::string m_text;
+  std::string m_lineEnding = "\r\n";
+  std::vector<Line> m_lines;
+  std::vector<Component> m_components;
   // Unfolded content by line; an absent one has been taken out.
-  std::map<std::size_t, std::optional<std::string>> replaced_;
+  std::map<std::size_t, std::optional<std::string>> m_replaced;
   // Unfolded contents by the line that they go in front of, which tells their component.
-  std::map<std::size_t, std::vector<std::string>> added_;
+  std::map<std::size_t, std::vector<std::string>> m_added;
   // The last line of a component that has been taken out, by its first.
-  std::map<std::size_t, std::size_t> removed_;
+  std::map<std::size_t, std::size_t> m_removed;
 };
 
 // A content line as it stands in a file: cut into pieces of at most 75 octets, never inside a character, each but

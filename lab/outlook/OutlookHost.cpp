@@ -13,46 +13,46 @@ constexpr std::string_view kEditorWindows = "ERCalendarEventEditorWindowControll
 
 OutlookHost::OutlookHost(vorn::EmbeddedClassRuntime& runtime, vorn::HostRunLoop& runLoop,
                          vorn::NotificationCenter& center, Options options)
-    : world_(std::make_shared<HostWorld>(runtime, runLoop, center, std::move(options))) {}
+    : m_world(std::make_shared<HostWorld>(runtime, runLoop, center, std::move(options))) {}
 
 OutlookHost::~OutlookHost() = default;
 
 void OutlookHost::defineClasses() {
-  world_->defineViews();
-  world_->defineDates();
-  world_->defineEvents();
-  world_->defineRecords();
-  world_->defineAccounts();
-  world_->defineEditors();
-  world_->defineComposeView();
-  world_->defineMainWindow();
-  world_->defineToolbar();
-  world_->defineGrid();
+  m_world->defineViews();
+  m_world->defineDates();
+  m_world->defineEvents();
+  m_world->defineRecords();
+  m_world->defineAccounts();
+  m_world->defineEditors();
+  m_world->defineComposeView();
+  m_world->defineMainWindow();
+  m_world->defineToolbar();
+  m_world->defineGrid();
 }
 
-void OutlookHost::open(CalendarStore& store) { world_->store = &store; }
+void OutlookHost::open(CalendarStore& store) { m_world->store = &store; }
 
 void OutlookHost::openMainWindow() {
-  if (world_->runtime.isAlive(world_->mainWindowController)) return;
+  if (m_world->runtime.isAlive(m_world->mainWindowController)) return;
   const auto window = std::make_shared<HostWindow>();
-  const HostObject made = world_->runtime.create("NSWindow", window);
-  window->contentView = world_->makeView("NSView", rectangle(0, 0, 1200, 800));
-  world_->view(window->contentView)->window = made;
-  window->controller = world_->runtime.create("ERageMainWindowController", std::make_shared<HostObject>(made));
-  world_->mainWindowController = window->controller;
-  world_->fillMainWindow(*window);
-  world_->send(window->controller, "windowDidBecomeMain:", {Value::dictionaryFromPairs({{"object", made}})});
+  const HostObject made = m_world->runtime.create("NSWindow", window);
+  window->contentView = m_world->makeView("NSView", rectangle(0, 0, 1200, 800));
+  m_world->view(window->contentView)->window = made;
+  window->controller = m_world->runtime.create("ERageMainWindowController", std::make_shared<HostObject>(made));
+  m_world->mainWindowController = window->controller;
+  m_world->fillMainWindow(*window);
+  m_world->send(window->controller, "windowDidBecomeMain:", {Value::dictionaryFromPairs({{"object", made}})});
 }
 
 void OutlookHost::closeMainWindow() {
-  const HostObject controller = world_->mainWindowController;
-  const HostObject window = world_->send(controller, "window").object();
+  const HostObject controller = m_world->mainWindowController;
+  const HostObject window = m_world->send(controller, "window").object();
   if (!window) return;
-  world_->send(controller, "windowWillClose:", {Value::dictionaryFromPairs({{"object", window}})});
-  world_->send(window, "close");
-  world_->emptyMainWindow();
-  world_->mainWindowController = {};
-  world_->runLoop.post([weak = world_->weak_from_this(), controller, window] {
+  m_world->send(controller, "windowWillClose:", {Value::dictionaryFromPairs({{"object", window}})});
+  m_world->send(window, "close");
+  m_world->emptyMainWindow();
+  m_world->mainWindowController = {};
+  m_world->runLoop.post([weak = m_world->weak_from_this(), controller, window] {
     const auto world = weak.lock();
     if (!world) return;
     world->destroyViews(world->send(window, "contentView").object());
@@ -62,174 +62,174 @@ void OutlookHost::closeMainWindow() {
 }
 
 OutlookHost::EditorId OutlookHost::openEditor(std::string_view uid, std::string_view recurrenceId) {
-  if (!world_->store) return 0;
-  const auto found = world_->store->find(uid, recurrenceId);
+  if (!m_world->store) return 0;
+  const auto found = m_world->store->find(uid, recurrenceId);
   return found ? openEditorAt(found->index()) : 0;
 }
 
 OutlookHost::EditorId OutlookHost::openCancellation(std::string_view uid, std::string_view recurrenceId) {
-  const auto found = world_->store ? world_->store->find(uid, recurrenceId) : std::nullopt;
-  return found ? world_->openEditor(*found, "showCancellationWindowForMeeting:") : 0;
+  const auto found = m_world->store ? m_world->store->find(uid, recurrenceId) : std::nullopt;
+  return found ? m_world->openEditor(*found, "showCancellationWindowForMeeting:") : 0;
 }
 
 OutlookHost::EditorId OutlookHost::openEditorAt(std::size_t eventIndex) {
-  if (!world_->store || eventIndex >= world_->store->eventCount()) return 0;
-  const CalendarEvent stored = world_->store->eventAt(eventIndex);
+  if (!m_world->store || eventIndex >= m_world->store->eventCount()) return 0;
+  const CalendarEvent stored = m_world->store->eventAt(eventIndex);
   if (stored.isRemoved()) return 0;
-  return world_->openEditor(stored, stored.attendees().empty() ? "showWindowForEvent:" : "showWindowForMeeting:");
+  return m_world->openEditor(stored, stored.attendees().empty() ? "showWindowForEvent:" : "showWindowForMeeting:");
 }
 
 HostObject OutlookHost::eventOnGrid(std::size_t eventIndex) const {
-  if (!world_->store || eventIndex >= world_->store->eventCount()) return {};
-  const CalendarEvent stored = world_->store->eventAt(eventIndex);
-  return stored.isRemoved() ? HostObject() : world_->makeEvent(stored);
+  if (!m_world->store || eventIndex >= m_world->store->eventCount()) return {};
+  const CalendarEvent stored = m_world->store->eventAt(eventIndex);
+  return stored.isRemoved() ? HostObject() : m_world->makeEvent(stored);
 }
 
 OutlookHost::EditorId OutlookHost::openNew(double startSeconds) {
-  if (!world_->store) return 0;
-  world_->newEventStart = startSeconds;
+  if (!m_world->store) return 0;
+  m_world->newEventStart = startSeconds;
   const auto editor =
-      world_->editorOf(world_->send(world_->classNamed(kEditorWindows), "showWindowForNewEvent").object());
+      m_world->editorOf(m_world->send(m_world->classNamed(kEditorWindows), "showWindowForNewEvent").object());
   return editor ? editor->id : 0;
 }
 
 std::vector<OutlookHost::EditorId> OutlookHost::editors() const {
   std::vector<EditorId> result;
-  for (const auto& [id, editor] : world_->editors) result.push_back(id);
+  for (const auto& [id, editor] : m_world->editors) result.push_back(id);
   return result;
 }
 
 void OutlookHost::typeSubject(EditorId id, std::string_view text) {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   if (!editor) return;
   // A subject that was emptied is the host's null object, not an empty text.
   editor->uncommitted.set("content.summary", text.empty() ? Value(nullptr) : Value(text));
-  world_->send(editor->viewController, "setIsDirty:", {true});
+  m_world->send(editor->viewController, "setIsDirty:", {true});
 }
 
 void OutlookHost::typeLocation(EditorId id, std::string_view text) {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   if (!editor) return;
-  world_->send(editor->locationField, "setStringValue:", {text});
+  m_world->send(editor->locationField, "setStringValue:", {text});
   editor->uncommitted.set("content.location", text);
-  world_->send(editor->viewController, "setIsDirty:", {true});
+  m_world->send(editor->viewController, "setIsDirty:", {true});
 }
 
 void OutlookHost::typeBody(EditorId id, std::string_view html) {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   if (!editor) return;
   editor->compose->html = std::string(html);
-  world_->send(editor->viewController, "contentDidChange");
+  m_world->send(editor->viewController, "contentDidChange");
 }
 
 void OutlookHost::typeTimes(EditorId id, double startSeconds, double endSeconds) {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   if (!editor) return;
-  editor->uncommitted.set("content.startTime", world_->makeDateFor(editor->event, startSeconds));
-  editor->uncommitted.set("content.endTime", world_->makeDateFor(editor->event, endSeconds));
-  world_->send(editor->viewController, "setIsDirty:", {true});
+  editor->uncommitted.set("content.startTime", m_world->makeDateFor(editor->event, startSeconds));
+  editor->uncommitted.set("content.endTime", m_world->makeDateFor(editor->event, endSeconds));
+  m_world->send(editor->viewController, "setIsDirty:", {true});
 }
 
 HostObject OutlookHost::barView(EditorId id) const {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   if (!editor) return {};
-  const Value subviews = world_->send(editor->header, "subviews");
+  const Value subviews = m_world->send(editor->header, "subviews");
   for (const Value& subview : subviews.items()) {
-    if (world_->runtime.className(subview.object()) == kBarClass) return subview.object();
+    if (m_world->runtime.className(subview.object()) == kBarClass) return subview.object();
   }
   return {};
 }
 
 bool OutlookHost::clickBar(EditorId id, std::string_view selector) {
   const HostObject bar = barView(id);
-  if (!world_->runtime.respondsTo(bar, selector)) return false;
-  world_->send(bar, selector, {bar});
+  if (!m_world->runtime.respondsTo(bar, selector)) return false;
+  m_world->send(bar, selector, {bar});
   return true;
 }
 
-void OutlookHost::save(EditorId id) { world_->send(viewController(id), "save:", {Value(nullptr)}); }
+void OutlookHost::save(EditorId id) { m_world->send(viewController(id), "save:", {Value(nullptr)}); }
 
 void OutlookHost::saveAndClose(EditorId id) {
-  world_->send(viewController(id), "saveAndClose:", {Value(nullptr)});
+  m_world->send(viewController(id), "saveAndClose:", {Value(nullptr)});
 }
 
-void OutlookHost::send(EditorId id) { world_->send(viewController(id), "sendMeetingPostValidate"); }
+void OutlookHost::send(EditorId id) { m_world->send(viewController(id), "sendMeetingPostValidate"); }
 
-void OutlookHost::closeWithoutSaving(EditorId id) { world_->send(windowController(id), "close"); }
+void OutlookHost::closeWithoutSaving(EditorId id) { m_world->send(windowController(id), "close"); }
 
 void OutlookHost::switchToSeries(EditorId id) {
   // The responder asks the application which window the menu was chosen in.
-  world_->editorOfCurrentEvent = world_->editor(id);
-  world_->send(world_->eventResponder, "switchToRecurringSeries:", {Value(nullptr)});
-  world_->editorOfCurrentEvent = nullptr;
+  m_world->editorOfCurrentEvent = m_world->editor(id);
+  m_world->send(m_world->eventResponder, "switchToRecurringSeries:", {Value(nullptr)});
+  m_world->editorOfCurrentEvent = nullptr;
 }
 
 void OutlookHost::answerSeriesQuestion(EditorId id, int returnCode) {
-  world_->send(viewController(id),
-               "switchToRecurrenceDidEnd:returnCode:contextInfo:", {Value(nullptr), returnCode, Value()});
+  m_world->send(viewController(id),
+                "switchToRecurrenceDidEnd:returnCode:contextInfo:", {Value(nullptr), returnCode, Value()});
 }
 
 void OutlookHost::changeFromField(EditorId id) {
-  world_->send(viewController(id), "fromFieldModified:", {Value(nullptr)});
+  m_world->send(viewController(id), "fromFieldModified:", {Value(nullptr)});
 }
 
 bool OutlookHost::findsChangesForAttendees(EditorId id) const {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   if (!editor) return false;
   std::string changes;
   for (const auto& [name, typed] : editor->uncommitted.entries()) changes += name + "\n";
-  return world_->send(editor->viewController, "checkMeetingChangesForAttendees:", {changes}).boolValue();
+  return m_world->send(editor->viewController, "checkMeetingChangesForAttendees:", {changes}).boolValue();
 }
 
-bool OutlookHost::isOpen(EditorId id) const { return world_->editor(id) != nullptr; }
+bool OutlookHost::isOpen(EditorId id) const { return m_world->editor(id) != nullptr; }
 
-bool OutlookHost::isDirty(EditorId id) const { return world_->send(viewController(id), "isDirty").boolValue(); }
+bool OutlookHost::isDirty(EditorId id) const { return m_world->send(viewController(id), "isDirty").boolValue(); }
 
 bool OutlookHost::hasAttendees(EditorId id) const {
-  return world_->send(viewController(id), "attendeeList").count() > 0;
+  return m_world->send(viewController(id), "attendeeList").count() > 0;
 }
 
 std::string OutlookHost::subject(EditorId id) const {
-  return world_->send(viewController(id), "getSubject:", {Value()}).text();
+  return m_world->send(viewController(id), "getSubject:", {Value()}).text();
 }
 
 std::string OutlookHost::location(EditorId id) const {
-  const HostObject field = world_->send(viewController(id), "locationTextField").object();
-  return world_->send(field, "stringValue").text();
+  const HostObject field = m_world->send(viewController(id), "locationTextField").object();
+  return m_world->send(field, "stringValue").text();
 }
 
 std::string OutlookHost::body(EditorId id) const {
-  const auto editor = world_->editor(id);
-  return editor ? world_->send(editor->wordContent, "bodyContent").text() : std::string();
+  const auto editor = m_world->editor(id);
+  return editor ? m_world->send(editor->wordContent, "bodyContent").text() : std::string();
 }
 
 HostObject OutlookHost::event(EditorId id) const {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   return editor ? editor->event : HostObject();
 }
 
 HostObject OutlookHost::viewController(EditorId id) const {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   return editor ? editor->viewController : HostObject();
 }
 
 HostObject OutlookHost::windowController(EditorId id) const {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   return editor ? editor->windowController : HostObject();
 }
 
 HostObject OutlookHost::window(EditorId id) const {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   return editor ? editor->window : HostObject();
 }
 
 HostObject OutlookHost::headerView(EditorId id) const {
-  const auto editor = world_->editor(id);
+  const auto editor = m_world->editor(id);
   return editor ? editor->header : HostObject();
 }
 
-int OutlookHost::sentCount() const { return world_->sentCount; }
+int OutlookHost::sentCount() const { return m_world->sentCount; }
 
-int OutlookHost::storedCount() const { return world_->storedCount; }
+int OutlookHost::storedCount() const { return m_world->storedCount; }
 
 }  // namespace vornlab

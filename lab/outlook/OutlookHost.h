@@ -144,7 +144,7 @@ class OutlookHost {
   int storedCount() const;
 
  private:
-  std::shared_ptr<HostWorld> world_;
+  std::shared_ptr<HostWorld> m_world;
 };
 
 }  // namespace vornlab

@@ -21,48 +21,48 @@ bool storesDuring(HostWorld& world, std::string_view selector, const Arguments& 
 }  // namespace
 
 bool OutlookHost::drag(std::string_view uid, std::string_view recurrenceId, double newStartSeconds) {
-  const HostObject event = world_->selectInGrid(uid, recurrenceId);
+  const HostObject event = m_world->selectInGrid(uid, recurrenceId);
   if (!event) return false;
-  return storesDuring(*world_, "performDragFrom:to:forDate:inProgress:",
-                      {kNoTile, kNoTile, world_->makeDateFor(event, newStartSeconds), kNoFlag});
+  return storesDuring(*m_world, "performDragFrom:to:forDate:inProgress:",
+                      {kNoTile, kNoTile, m_world->makeDateFor(event, newStartSeconds), kNoFlag});
 }
 
 bool OutlookHost::resize(std::string_view uid, std::string_view recurrenceId, double startSeconds,
                          double durationSeconds) {
-  const HostObject event = world_->selectInGrid(uid, recurrenceId);
+  const HostObject event = m_world->selectInGrid(uid, recurrenceId);
   if (!event) return false;
   return storesDuring(
-      *world_, "dragResizedEvent:withTileView:withStartDate:duration:inProgress:partialStart:partialEnd:",
-      {event, kNoTile, world_->makeDateFor(event, startSeconds), durationSeconds, kNoFlag, false, false});
+      *m_world, "dragResizedEvent:withTileView:withStartDate:duration:inProgress:partialStart:partialEnd:",
+      {event, kNoTile, m_world->makeDateFor(event, startSeconds), durationSeconds, kNoFlag, false, false});
 }
 
 bool OutlookHost::rename(std::string_view uid, std::string_view recurrenceId, std::string_view subject) {
-  const HostObject event = world_->selectInGrid(uid, recurrenceId);
+  const HostObject event = m_world->selectInGrid(uid, recurrenceId);
   if (!event) return false;
-  return storesDuring(*world_, "subjectChanged:forEvent:andTileView:", {subject, event, kNoTile});
+  return storesDuring(*m_world, "subjectChanged:forEvent:andTileView:", {subject, event, kNoTile});
 }
 
 bool OutlookHost::deleteFromCalendar(std::string_view uid, std::string_view recurrenceId) {
-  const auto stored = world_->store ? world_->store->find(uid, recurrenceId) : std::nullopt;
+  const auto stored = m_world->store ? m_world->store->find(uid, recurrenceId) : std::nullopt;
   if (!stored) return false;
-  world_->send(world_->makeEvent(*stored), "deleteEventNow");
+  m_world->send(m_world->makeEvent(*stored), "deleteEventNow");
   return stored->isRemoved();
 }
 
 bool OutlookHost::cancelMeeting(std::string_view uid, std::string_view recurrenceId) {
-  const auto stored = world_->store ? world_->store->find(uid, recurrenceId) : std::nullopt;
+  const auto stored = m_world->store ? m_world->store->find(uid, recurrenceId) : std::nullopt;
   if (!stored) return false;
-  world_->send(world_->makeEvent(*stored),
-               "cancelMeetingInWindow:", {world_->send(world_->mainWindowController, "window")});
+  m_world->send(m_world->makeEvent(*stored),
+                "cancelMeetingInWindow:", {m_world->send(m_world->mainWindowController, "window")});
   return stored->isRemoved();
 }
 
 std::vector<std::string> OutlookHost::toolbarItems() const {
-  const HostObject window = world_->send(world_->mainWindowController, "window").object();
-  const Value items = world_->send(world_->send(window, "toolbar").object(), "visibleItems");
+  const HostObject window = m_world->send(m_world->mainWindowController, "window").object();
+  const Value items = m_world->send(m_world->send(window, "toolbar").object(), "visibleItems");
   std::vector<std::string> identifiers;
   for (const Value& item : items.items()) {
-    identifiers.push_back(world_->send(item.object(), "itemIdentifier").text());
+    identifiers.push_back(m_world->send(item.object(), "itemIdentifier").text());
   }
   return identifiers;
 }

@@ -50,7 +50,7 @@ ClientProcess::~ClientProcess() { stop(); }
 
 void ClientProcess::start(const std::filesystem::path& program, const std::vector<std::string>& arguments,
                           const std::filesystem::path& errorFile, double timeoutSeconds) {
-  errorFile_ = errorFile;
+  m_errorFile = errorFile;
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) throw LabError(std::string("cannot make a pipe: ") + std::strerror(errno));
   Descriptor reading;
@@ -68,9 +68,9 @@ void ClientProcess::start(const std::filesystem::path& program, const std::vecto
     std::vector<char*> argv;
     for (std::string& word : words) argv.push_back(word.data());
     argv.push_back(nullptr);
-    const int failure = posix_spawn(&id_, program.c_str(), &files.actions, nullptr, argv.data(), environ);
+    const int failure = posix_spawn(&m_id, program.c_str(), &files.actions, nullptr, argv.data(), environ);
     if (failure != 0) {
-      id_ = 0;
+      m_id = 0;
       throw LabError("the client " + program.string() + " cannot be started: " + std::strerror(failure));
     }
   }
@@ -95,7 +95,7 @@ void ClientProcess::waitForLine(int output, double timeoutSeconds) {
 }
 
 std::string ClientProcess::lastErrors() const {
-  std::string text = vorn::readFile(errorFile_.string()).value_or("");
+  std::string text = vorn::readFile(m_errorFile.string()).value_or("");
   while (!text.empty() && text.back() == '\n') text.pop_back();
   constexpr std::size_t kMost = 2000;
   if (text.size() > kMost) text = "..." + text.substr(text.size() - kMost);
@@ -103,9 +103,9 @@ std::string ClientProcess::lastErrors() const {
 }
 
 bool ClientProcess::hasEnded() {
-  if (id_ == 0) return true;
-  if (waitpid(id_, nullptr, WNOHANG) == 0) return false;
-  id_ = 0;
+  if (m_id == 0) return true;
+  if (waitpid(m_id, nullptr, WNOHANG) == 0) return false;
+  m_id = 0;
   return true;
 }
 
@@ -113,13 +113,13 @@ bool ClientProcess::isRunning() { return !hasEnded(); }
 
 void ClientProcess::stop() {
   if (hasEnded()) return;
-  kill(id_, SIGTERM);
+  kill(m_id, SIGTERM);
   const auto deadline = deadlineIn(5);
   while (!hasEnded()) {
     if (Clock::now() >= deadline) {
-      kill(id_, SIGKILL);
-      waitpid(id_, nullptr, 0);
-      id_ = 0;
+      kill(m_id, SIGKILL);
+      waitpid(m_id, nullptr, 0);
+      m_id = 0;
       return;
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(5));

@@ -23,7 +23,7 @@ class ClientProcess {
              const std::filesystem::path& errorFile, double timeoutSeconds);
 
   bool isRunning();
-  pid_t id() const { return id_; }
+  pid_t id() const { return m_id; }
   // Asks it to end, and ends it when it has not done so within five seconds. Nothing when none is running.
   void stop();
 
@@ -32,8 +32,8 @@ class ClientProcess {
   std::string lastErrors() const;
   bool hasEnded();
 
-  pid_t id_ = 0;
-  std::filesystem::path errorFile_;
+  pid_t m_id = 0;
+  std::filesystem::path m_errorFile;
 };
 
 }  // namespace vornlab

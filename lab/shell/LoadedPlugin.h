@@ -23,9 +23,9 @@ class LoadedPlugin {
   vorn::Value answer(const std::string& question, const vorn::Value& parameters) const;
 
  private:
-  void* module_ = nullptr;
-  void (*unload_)() = nullptr;
-  int (*answer_)(const char*, const vorn::Value*, vorn::Value*) = nullptr;
+  void* m_module = nullptr;
+  void (*m_unload)() = nullptr;
+  int (*m_answer)(const char*, const vorn::Value*, vorn::Value*) = nullptr;
 };
 
 }  // namespace vornlab

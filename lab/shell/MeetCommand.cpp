@@ -42,11 +42,11 @@ void expectWritable(const fs::path& output) {
 class EmbeddedMeetingLab final : public MeetingLab {
  public:
   EmbeddedMeetingLab(const MeetOptions& options, CalendarStore& calendar)
-      : session_(options.lab, calendar, hostOptions(options)), road_(session_, options.lab.timeoutSeconds) {}
+      : m_session(options.lab, calendar, hostOptions(options)), m_road(m_session, options.lab.timeoutSeconds) {}
 
-  MeetResult take(const CalendarEvent& event) override { return road_.take(event); }
-  std::size_t requests() override { return session_.trace().sent(); }
-  std::size_t replies() override { return session_.trace().received(); }
+  MeetResult take(const CalendarEvent& event) override { return m_road.take(event); }
+  std::size_t requests() override { return m_session.trace().sent(); }
+  std::size_t replies() override { return m_session.trace().received(); }
 
  private:
   static OutlookHost::Options hostOptions(const MeetOptions& options) {
@@ -55,32 +55,32 @@ class EmbeddedMeetingLab final : public MeetingLab {
     return host;
   }
 
-  Session session_;
-  MeetingRoad road_;
+  Session m_session;
+  MeetingRoad m_road;
 };
 
 class MeetRun {
  public:
   MeetRun(const MeetOptions& options, const StartMeetingLab& start)
-      : options_(options), start_(start), report_(options.form) {}
+      : m_options(options), m_start(start), m_report(options.form) {}
 
   ExitCode run() {
-    expectWritable(options_.output);
-    load(calendar_, options_.input);
+    expectWritable(m_options.output);
+    load(m_calendar, m_options.input);
     std::vector<CalendarEvent> chosen = chooseEvents();
     const auto began = std::chrono::steady_clock::now();
     std::size_t sent = 0;
     std::size_t received = 0;
     if (!chosen.empty()) {
-      const std::unique_ptr<MeetingLab> lab = start_(calendar_);
+      const std::unique_ptr<MeetingLab> lab = m_start(m_calendar);
       takeAll(chosen, *lab);
       sent = lab->requests();
       received = lab->replies();
     }
-    if (!calendar_.save(options_.output.string())) throw LabError("cannot write " + options_.output.string());
+    if (!m_calendar.save(m_options.output.string())) throw LabError("cannot write " + m_options.output.string());
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
-    report_.tellSummary(sent, received, took.count());
-    return report_.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
+    m_report.tellSummary(sent, received, took.count());
+    return m_report.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
   }
 
   static void load(CalendarStore& calendar, const fs::path& input) {
@@ -92,27 +92,27 @@ class MeetRun {
 
  private:
   std::vector<CalendarEvent> chooseEvents() {
-    std::vector<CalendarEvent> events = calendar_.events();
-    if (options_.all) return events;
-    for (const std::string& uid : options_.uids) {
-      if (calendar_.find(uid) || !calendar_.exceptionsOf(uid).empty()) continue;
+    std::vector<CalendarEvent> events = m_calendar.events();
+    if (m_options.all) return events;
+    for (const std::string& uid : m_options.uids) {
+      if (m_calendar.find(uid) || !m_calendar.exceptionsOf(uid).empty()) continue;
       MeetResult unknown;
       unknown.uid = uid;
       unknown.reason = "the calendar has no appointment with this UID";
-      report_.tell(unknown);
+      m_report.tell(unknown);
     }
     std::erase_if(events, [this](const CalendarEvent& event) {
-      return std::find(options_.uids.begin(), options_.uids.end(), event.uid()) == options_.uids.end();
+      return std::find(m_options.uids.begin(), m_options.uids.end(), event.uid()) == m_options.uids.end();
     });
     return events;
   }
 
   void takeAll(const std::vector<CalendarEvent>& events, MeetingLab& lab) {
-    ProgressBar progress(stderr, options_.all ? events.size() : 0);
+    ProgressBar progress(stderr, m_options.all ? events.size() : 0);
     for (std::size_t i = 0; i < events.size(); ++i) {
       progress.show(i);
       MeetResult result;
-      if (const std::string reason = reasonToSkip(events[i], options_.me); reason.empty()) {
+      if (const std::string reason = reasonToSkip(events[i], m_options.me); reason.empty()) {
         result = lab.take(events[i]);
       } else {
         result = describe(events[i]);
@@ -120,14 +120,14 @@ class MeetRun {
         result.reason = reason;
       }
       progress.hide();
-      report_.tell(result);
+      m_report.tell(result);
     }
   }
 
-  const MeetOptions& options_;
-  const StartMeetingLab& start_;
-  MeetReport report_;
-  CalendarStore calendar_;
+  const MeetOptions& m_options;
+  const StartMeetingLab& m_start;
+  MeetReport m_report;
+  CalendarStore m_calendar;
 };
 
 }  // namespace

@@ -35,12 +35,12 @@ std::string cut(std::string_view text, std::size_t most) {
 std::string_view nameOf(Outcome outcome) { return kNames[static_cast<std::size_t>(outcome)]; }
 
 std::size_t MeetReport::appointments() const {
-  return std::accumulate(counts_.begin(), counts_.end(), std::size_t{0});
+  return std::accumulate(m_counts.begin(), m_counts.end(), std::size_t{0});
 }
 
 void MeetReport::tell(const MeetResult& result) {
-  ++counts_[static_cast<std::size_t>(result.outcome)];
-  if (form_ == Form::json) {
+  ++m_counts[static_cast<std::size_t>(result.outcome)];
+  if (m_form == Form::json) {
     printLine(Json{{"uid", result.uid},
                    {"subject", result.subject},
                    {"result", nameOf(result.outcome)},
@@ -57,9 +57,9 @@ void MeetReport::tell(const MeetResult& result) {
 }
 
 void MeetReport::tellSummary(std::size_t sent, std::size_t received, double seconds) const {
-  if (form_ == Form::json) {
+  if (m_form == Form::json) {
     Json summary{{"appointments", appointments()}};
-    for (std::size_t i = 0; i < kNames.size(); ++i) summary[std::string(kNames[i])] = counts_[i];
+    for (std::size_t i = 0; i < kNames.size(); ++i) summary[std::string(kNames[i])] = m_counts[i];
     summary["sent"] = sent;
     summary["received"] = received;
     summary["seconds"] = std::round(seconds * 1000) / 1000;
@@ -68,7 +68,7 @@ void MeetReport::tellSummary(std::size_t sent, std::size_t received, double seco
   }
   std::printf("\n%zu appointments:", appointments());
   for (std::size_t i = 0; i < kNames.size(); ++i) {
-    std::printf("%s %zu %s", i == 0 ? "" : ",", counts_[i], std::string(kNames[i]).c_str());
+    std::printf("%s %zu %s", i == 0 ? "" : ",", m_counts[i], std::string(kNames[i]).c_str());
   }
   std::printf("; %zu requests and %zu replies in %.1f seconds\n", sent, received, seconds);
 }

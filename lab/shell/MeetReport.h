@@ -27,17 +27,17 @@ class MeetReport {
  public:
   enum class Form { table, json };
 
-  explicit MeetReport(Form form) : form_(form) {}
+  explicit MeetReport(Form form) : m_form(form) {}
 
   void tell(const MeetResult& result);
   void tellSummary(std::size_t sent, std::size_t received, double seconds) const;
 
-  std::size_t count(Outcome outcome) const { return counts_[static_cast<std::size_t>(outcome)]; }
+  std::size_t count(Outcome outcome) const { return m_counts[static_cast<std::size_t>(outcome)]; }
   std::size_t appointments() const;
 
  private:
-  Form form_;
-  std::array<std::size_t, 5> counts_{};
+  Form m_form;
+  std::array<std::size_t, 5> m_counts{};
 };
 
 }  // namespace vornlab

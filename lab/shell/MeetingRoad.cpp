@@ -38,16 +38,16 @@ MeetResult describe(const CalendarEvent& event) {
 }
 
 MeetResult MeetingRoad::take(CalendarEvent event) {
-  began_ = std::chrono::steady_clock::now();
-  RoadTrace& trace = session_.trace();
-  sentBefore_ = trace.sent();
-  receivedBefore_ = trace.received();
+  m_began = std::chrono::steady_clock::now();
+  RoadTrace& trace = m_session.trace();
+  m_sentBefore = trace.sent();
+  m_receivedBefore = trace.received();
   const std::size_t commitsBefore = trace.commits();
   trace.forgetTrouble();
   const bool hadMeeting = !meetingKeyOf(event).empty();
   const std::string textBefore = event.calendarText();
 
-  OutlookHost& host = session_.host();
+  OutlookHost& host = m_session.host();
   tell("opens the appointment");
   const EditorId editor = host.openEditorAt(event.index());
   MeetResult walked;
@@ -56,7 +56,7 @@ MeetResult MeetingRoad::take(CalendarEvent event) {
     tell("closes the editor without saving");
     host.closeWithoutSaving(editor);
   }
-  session_.passTime(kClearingSeconds);
+  m_session.passTime(kClearingSeconds);
 
   MeetResult result = describe(event);
   result.reason = walked.reason;
@@ -76,7 +76,7 @@ MeetResult MeetingRoad::take(CalendarEvent event) {
 
 std::string MeetingRoad::walk(EditorId editor, MeetResult& result) {
   if (std::string reason = waitForQuiet(); !reason.empty()) return reason;
-  if (!session_.host().barView(editor)) return "the plug-in put no bar into the editor";
+  if (!m_session.host().barView(editor)) return "the plug-in put no bar into the editor";
   if (isShown(editor, "isAddButtonHidden")) {
     if (std::string reason = addMeeting(editor); !reason.empty()) return reason;
   } else if (!isShown(editor, "isCancelButtonHidden")) {
@@ -88,15 +88,15 @@ std::string MeetingRoad::walk(EditorId editor, MeetResult& result) {
 
 std::string MeetingRoad::addMeeting(EditorId editor) {
   tell("clicks Add");
-  session_.host().clickBar(editor, "onClickAddVornMeeting:");
+  m_session.host().clickBar(editor, "onClickAddVornMeeting:");
   if (std::string reason = waitForQuiet(); !reason.empty()) return reason;
   if (isShown(editor, "isCancelButtonHidden")) return "";
-  const std::string& refusal = session_.trace().refusal();
+  const std::string& refusal = m_session.trace().refusal();
   return refusal.empty() ? "the plug-in did not add a meeting" : "the client refused, with error " + refusal;
 }
 
 std::string MeetingRoad::finishEditing(EditorId editor) {
-  OutlookHost& host = session_.host();
+  OutlookHost& host = m_session.host();
   if (host.hasAttendees(editor)) {
     tell("sends the meeting");
     host.send(editor);
@@ -111,28 +111,28 @@ std::string MeetingRoad::finishEditing(EditorId editor) {
 }
 
 std::string MeetingRoad::waitForQuiet() {
-  const auto quiet = session_.waitForQuiet(sentBefore_, receivedBefore_, secondsLeft());
+  const auto quiet = m_session.waitForQuiet(m_sentBefore, m_receivedBefore, secondsLeft());
   // The plug-in's own words tell more than what was noticed from outside.
-  if (!session_.trace().alert().empty()) return session_.trace().alert();
+  if (!m_session.trace().alert().empty()) return m_session.trace().alert();
   switch (quiet) {
     case Session::Quiet::reached: return "";
     case Session::Quiet::clientGone: return "the client ended before it answered";
     case Session::Quiet::timeout: break;
   }
-  return "the client did not answer within " + seconds(timeoutSeconds_);
+  return "the client did not answer within " + seconds(m_timeoutSeconds);
 }
 
 bool MeetingRoad::isShown(EditorId editor, const char* isHiddenSelector) {
-  return !session_.runtime().send(session_.host().barView(editor), isHiddenSelector).boolValue();
+  return !m_session.runtime().send(m_session.host().barView(editor), isHiddenSelector).boolValue();
 }
 
 void MeetingRoad::tell(const std::string& act) const {
-  if (narrator_) narrator_(act);
+  if (m_narrator) m_narrator(act);
 }
 
 double MeetingRoad::secondsLeft() const {
-  const std::chrono::duration<double> since = std::chrono::steady_clock::now() - began_;
-  return std::max(0.0, timeoutSeconds_ - since.count());
+  const std::chrono::duration<double> since = std::chrono::steady_clock::now() - m_began;
+  return std::max(0.0, m_timeoutSeconds - since.count());
 }
 
 }  // namespace vornlab

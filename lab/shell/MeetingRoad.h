@@ -15,9 +15,9 @@ class MeetingRoad {
   // What a person does, as it happens.
   using Narrator = std::function<void(const std::string& act)>;
 
-  MeetingRoad(Session& session, double timeoutSeconds) : session_(session), timeoutSeconds_(timeoutSeconds) {}
+  MeetingRoad(Session& session, double timeoutSeconds) : m_session(session), m_timeoutSeconds(timeoutSeconds) {}
 
-  void setNarrator(Narrator narrator) { narrator_ = std::move(narrator); }
+  void setNarrator(Narrator narrator) { m_narrator = std::move(narrator); }
 
   // Throws LabError only when the person wants the program to end.
   MeetResult take(CalendarEvent event);
@@ -35,12 +35,12 @@ class MeetingRoad {
   void tell(const std::string& act) const;
   double secondsLeft() const;
 
-  Session& session_;
-  double timeoutSeconds_;
-  Narrator narrator_;
-  std::chrono::steady_clock::time_point began_;
-  std::size_t sentBefore_ = 0;
-  std::size_t receivedBefore_ = 0;
+  Session& m_session;
+  double m_timeoutSeconds;
+  Narrator m_narrator;
+  std::chrono::steady_clock::time_point m_began;
+  std::size_t m_sentBefore = 0;
+  std::size_t m_receivedBefore = 0;
 };
 
 // The result of an appointment as it stands in the calendar: its names, its meeting's key and its location.

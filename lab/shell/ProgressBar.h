@@ -18,9 +18,9 @@ class ProgressBar {
   void hide();
 
  private:
-  std::FILE* stream_;
-  std::size_t total_;
-  bool isShown_;
+  std::FILE* m_stream;
+  std::size_t m_total;
+  bool m_isShown;
 };
 
 }  // namespace vornlab

@@ -78,7 +78,7 @@ std::size_t characterStart(std::string_view text, std::size_t at) {
 }  // namespace
 
 void RoadPrinter::say(std::string_view who, const std::string& what) const {
-  const std::chrono::duration<double> since = std::chrono::steady_clock::now() - began_;
+  const std::chrono::duration<double> since = std::chrono::steady_clock::now() - m_began;
   std::printf("  %6.3f  %-9s %s\n", since.count(), std::string(who).c_str(), what.c_str());
 }
 
@@ -110,7 +110,7 @@ void RoadPrinter::printEnvelope(std::string_view direction, const std::string& w
   constexpr std::size_t kShown = 2 * kColumns;
   const std::string content = masked(onOneLine(facts["content"].text()));
   std::string_view rest = content;
-  const bool isCut = envelopes_ == Envelopes::cut && rest.size() > kShown;
+  const bool isCut = m_envelopes == Envelopes::cut && rest.size() > kShown;
   if (isCut) rest = rest.substr(0, characterStart(rest, kShown));
   while (!rest.empty()) {
     const std::size_t end = characterStart(rest, kColumns);

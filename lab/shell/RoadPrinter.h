@@ -14,7 +14,7 @@ class RoadPrinter {
  public:
   enum class Envelopes { cut, whole };
 
-  explicit RoadPrinter(Envelopes envelopes) : envelopes_(envelopes) {}
+  explicit RoadPrinter(Envelopes envelopes) : m_envelopes(envelopes) {}
 
   void print(std::string_view step, const vorn::Value& facts) const;
   // A line of what happens outside the plug-in, such as a click.
@@ -23,8 +23,8 @@ class RoadPrinter {
  private:
   void printEnvelope(std::string_view direction, const std::string& what, const vorn::Value& facts) const;
 
-  Envelopes envelopes_;
-  std::chrono::steady_clock::time_point began_ = std::chrono::steady_clock::now();
+  Envelopes m_envelopes;
+  std::chrono::steady_clock::time_point m_began = std::chrono::steady_clock::now();
 };
 
 }  // namespace vornlab

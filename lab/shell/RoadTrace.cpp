@@ -16,18 +16,18 @@ bool isFromAgent(const vorn::Value& envelope) { return envelope["action"].intege
 
 void RoadTrace::note(std::string_view step, const vorn::Value& facts) {
   if (step == "sent") {
-    ++sent_;
-    if (isCommit(facts)) ++commits_;
+    ++m_sent;
+    if (isCommit(facts)) ++m_commits;
   } else if (step == "received") {
-    if (!isFromAgent(facts)) ++received_;
+    if (!isFromAgent(facts)) ++m_received;
     constexpr std::string_view kError = "0;Error ";
     if (const std::string& content = facts["content"].text(); content.starts_with(kError)) {
-      refusal_ = content.substr(kError.size());
+      m_refusal = content.substr(kError.size());
     }
   } else if (step == "alert") {
-    alert_ = facts["message"].text();
+    m_alert = facts["message"].text();
   }
-  if (listener_) listener_(step, facts);
+  if (m_listener) m_listener(step, facts);
 }
 
 }  // namespace vornlab

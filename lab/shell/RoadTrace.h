@@ -18,29 +18,29 @@ class RoadTrace final : public vorn::Trace {
   void note(std::string_view step, const vorn::Value& facts) override;
 
   // Is told each step after it was counted.
-  void setListener(Listener listener) { listener_ = std::move(listener); }
+  void setListener(Listener listener) { m_listener = std::move(listener); }
 
-  std::size_t sent() const { return sent_; }
+  std::size_t sent() const { return m_sent; }
   // Replies; what the agent says by itself is none.
-  std::size_t received() const { return received_; }
+  std::size_t received() const { return m_received; }
   // Requests that made or changed a meeting at the service.
-  std::size_t commits() const { return commits_; }
+  std::size_t commits() const { return m_commits; }
   // The message of the last alert since forgetTrouble(); "" for none.
-  const std::string& alert() const { return alert_; }
+  const std::string& alert() const { return m_alert; }
   // The code with which the client last refused a request, since forgetTrouble(); "" for none.
-  const std::string& refusal() const { return refusal_; }
+  const std::string& refusal() const { return m_refusal; }
   void forgetTrouble() {
-    alert_.clear();
-    refusal_.clear();
+    m_alert.clear();
+    m_refusal.clear();
   }
 
  private:
-  std::size_t sent_ = 0;
-  std::size_t received_ = 0;
-  std::size_t commits_ = 0;
-  std::string alert_;
-  std::string refusal_;
-  Listener listener_;
+  std::size_t m_sent = 0;
+  std::size_t m_received = 0;
+  std::size_t m_commits = 0;
+  std::string m_alert;
+  std::string m_refusal;
+  Listener m_listener;
 };
 
 }  // namespace vornlab

@@ -59,45 +59,45 @@ std::optional<vorn::Surroundings::Version> parseSystemVersion(const std::string&
 }
 
 Session::Session(const LabOptions& options, CalendarStore& calendar, const OutlookHost::Options& hostOptions)
-    : options_(options),
-      world_(worldOptions(options)),
-      notifications_(vorn::EmbeddedDistributedNotifications::connect(runLoop_)),
-      userDefaults_(world_.preferences().string(), kHostDomain),
-      workspace_(world_.root().string(), {world_.applications().string()}),
-      surroundings_(surroundingsOptions(world_, options)),
-      presenter_(runtime_),
-      host_(runtime_, runLoop_, center_, hostOptions) {
+    : m_options(options),
+      m_world(worldOptions(options)),
+      m_notifications(vorn::EmbeddedDistributedNotifications::connect(m_runLoop)),
+      m_userDefaults(m_world.preferences().string(), kHostDomain),
+      m_workspace(m_world.root().string(), {m_world.applications().string()}),
+      m_surroundings(surroundingsOptions(m_world, options)),
+      m_presenter(m_runtime),
+      m_host(m_runtime, m_runLoop, m_center, hostOptions) {
   // Where an alert offers to start the client, the person declines.
-  presenter_.setAnswer(vorn::Presenter::Answer::alternateButton);
+  m_presenter.setAnswer(vorn::Presenter::Answer::alternateButton);
   attempt(&Session::prepareClient);
-  host_.defineClasses();
-  host_.open(calendar);
-  plugin_.emplace(options.programs / "vOutlookPlugin.bundle", platform());
-  host_.openMainWindow();
-  if (client_.id() != 0) attempt(&Session::waitForConnection);
+  m_host.defineClasses();
+  m_host.open(calendar);
+  m_plugin.emplace(options.programs / "vOutlookPlugin.bundle", platform());
+  m_host.openMainWindow();
+  if (m_client.id() != 0) attempt(&Session::waitForConnection);
 }
 
 Session::~Session() {
-  host_.closeMainWindow();
-  plugin_.reset();
+  m_host.closeMainWindow();
+  m_plugin.reset();
 }
 
 vorn::Platform Session::platform() {
   vorn::Platform platform;
-  platform.runLoop = &runLoop_;
-  platform.notificationCenter = &center_;
-  platform.classRuntime = &runtime_;
-  platform.userDefaults = &userDefaults_;
-  platform.workspace = &workspace_;
-  platform.presenter = &presenter_;
-  platform.surroundings = &surroundings_;
-  platform.distributedNotifications = notifications_.get();
-  platform.trace = &trace_;
+  platform.runLoop = &m_runLoop;
+  platform.notificationCenter = &m_center;
+  platform.classRuntime = &m_runtime;
+  platform.userDefaults = &m_userDefaults;
+  platform.workspace = &m_workspace;
+  platform.presenter = &m_presenter;
+  platform.surroundings = &m_surroundings;
+  platform.distributedNotifications = m_notifications.get();
+  platform.trace = &m_trace;
   return platform;
 }
 
 bool Session::talksByNotifications() const {
-  const auto version = parseSystemVersion(options_.systemVersion);
+  const auto version = parseSystemVersion(m_options.systemVersion);
   return version && (version->major < 10 || (version->major == 10 && version->minor < 15));
 }
 
@@ -107,80 +107,81 @@ void Session::attempt(void (Session::*step)()) {
   } catch (const UsageError&) {
     throw;
   } catch (const LabError& error) {
-    if (!options_.goesOnWithoutClient || Interruption::requested()) throw;
-    clientTrouble_ = error.what();
+    if (!m_options.goesOnWithoutClient || Interruption::requested()) throw;
+    m_clientTrouble = error.what();
   }
 }
 
 void Session::prepareClient() {
-  if (talksByNotifications() && !notifications_) {
-    throw LabError("on " + options_.systemVersion +
+  if (talksByNotifications() && !m_notifications) {
+    throw LabError("on " + m_options.systemVersion +
                    " the plug-in talks by notifications, and no D-Bus session bus answers");
   }
-  journalBefore_ = vorn::readFile(world_.journal().string()).value_or("").size();
-  if (!options_.withoutClient) startClient();
+  m_journalBefore = vorn::readFile(m_world.journal().string()).value_or("").size();
+  if (!m_options.withoutClient) startClient();
 }
 
 void Session::startClient() {
-  const std::filesystem::path database = options_.clientDatabase;
-  std::vector<std::string> arguments{"--home", world_.home(), "--db", database, "--journal", world_.journal()};
+  const std::filesystem::path database = m_options.clientDatabase;
+  std::vector<std::string> arguments{"--home", m_world.home(), "--db", database, "--journal", m_world.journal()};
   // Beside the socket the bus carries what is said to the agent.
-  const char* const transport = talksByNotifications() ? "notifications" : notifications_ ? "both" : "socket";
+  const char* const transport = talksByNotifications() ? "notifications" : m_notifications ? "both" : "socket";
   arguments.insert(arguments.end(), {"--transport", transport});
-  if (!options_.account.empty()) arguments.insert(arguments.end(), {"--account", options_.account});
-  arguments.insert(arguments.end(), options_.clientArguments.begin(), options_.clientArguments.end());
+  if (!m_options.account.empty()) arguments.insert(arguments.end(), {"--account", m_options.account});
+  arguments.insert(arguments.end(), m_options.clientArguments.begin(), m_options.clientArguments.end());
   if (database.has_parent_path()) {
     std::error_code failed;
     std::filesystem::create_directories(database.parent_path(), failed);
     if (failed) throw LabError("cannot make the folder of " + database.string() + ": " + failed.message());
   }
-  client_.start(world_.clientProgram(), arguments, world_.clientErrors(), kStartSeconds);
+  m_client.start(m_world.clientProgram(), arguments, m_world.clientErrors(), kStartSeconds);
 }
 
 void Session::killClient() {
-  kill(client_.id(), SIGKILL);
-  waitUntil([this] { return !client_.isRunning(); }, kStartSeconds);
+  kill(m_client.id(), SIGKILL);
+  waitUntil([this] { return !m_client.isRunning(); }, kStartSeconds);
 }
 
-void Session::stopClient() { client_.stop(); }
+void Session::stopClient() { m_client.stop(); }
 
 void Session::restartClient() {
-  client_.stop();
+  m_client.stop();
   startClient();
 }
 
 void Session::waitForConnection() {
   // A notification needs no connection: the client observes the bus since it has printed its line.
   if (talksByNotifications()) return;
-  const double seconds = options_.goesOnWithoutClient ? options_.timeoutSeconds : kStartSeconds;
+  const double seconds = m_options.goesOnWithoutClient ? m_options.timeoutSeconds : kStartSeconds;
   if (!waitUntil([this] { return hasConnected(); }, seconds)) {
     throw LabError("the plug-in did not connect to the client");
   }
 }
 
 bool Session::hasConnected() const {
-  return vorn::readFile(world_.journal().string()).value_or("").find("\"event\":\"connected\"", journalBefore_) !=
-         std::string::npos;
+  return vorn::readFile(m_world.journal().string())
+             .value_or("")
+             .find("\"event\":\"connected\"", m_journalBefore) != std::string::npos;
 }
 
 vorn::Value Session::ask(const std::string& question, const vorn::Value& parameters) {
-  return plugin_->answer(question, parameters);
+  return m_plugin->answer(question, parameters);
 }
 
 void Session::saveInProfile(const std::string& key, const std::string& value) {
-  world_.saveChoice(userIdOf(options_), key, value);
+  m_world.saveChoice(userIdOf(m_options), key, value);
 }
 
 void Session::saveInUserDefaults(const std::string& key, const std::string& value) {
-  userDefaults_.setObject(World::valueOfChoice(value), key);
-  userDefaults_.synchronize();
+  m_userDefaults.setObject(World::valueOfChoice(value), key);
+  m_userDefaults.synchronize();
 }
 
 bool Session::waitUntil(const std::function<bool()>& condition, double seconds) {
   // The loop asks after each of its tasks only, and what is waited for may happen outside it.
   const auto lookAgain =
-      runLoop_.scheduledTimer(kLookAgainSeconds, vorn::RunLoop::Repeats::yes, [](vorn::RunLoop::Timer&) {});
-  const bool holds = runLoop_.runUntil([&] { return Interruption::requested() || condition(); }, seconds);
+      m_runLoop.scheduledTimer(kLookAgainSeconds, vorn::RunLoop::Repeats::yes, [](vorn::RunLoop::Timer&) {});
+  const bool holds = m_runLoop.runUntil([&] { return Interruption::requested() || condition(); }, seconds);
   lookAgain->invalidate();
   if (Interruption::requested()) throw LabError("interrupted; nothing was written");
   return holds;
@@ -188,17 +189,17 @@ bool Session::waitUntil(const std::function<bool()>& condition, double seconds) 
 
 void Session::passTime(double seconds) {
   bool isOver = false;
-  runLoop_.performAfter(seconds, this, "passTime", [&isOver] { isOver = true; });
+  m_runLoop.performAfter(seconds, this, "passTime", [&isOver] { isOver = true; });
   waitUntil([&isOver] { return isOver; }, seconds + kStartSeconds);
-  runLoop_.cancelPrevious(this);
+  m_runLoop.cancelPrevious(this);
 }
 
 Session::Quiet Session::waitForQuiet(std::size_t sentBefore, std::size_t receivedBefore, double seconds) {
-  const auto isAnswered = [&] { return trace_.sent() - sentBefore <= trace_.received() - receivedBefore; };
-  const double deadline = runLoop_.now() + seconds;
+  const auto isAnswered = [&] { return m_trace.sent() - sentBefore <= m_trace.received() - receivedBefore; };
+  const double deadline = m_runLoop.now() + seconds;
   while (true) {
-    const auto isOver = [&] { return isAnswered() || !client_.isRunning(); };
-    if (!waitUntil(isOver, deadline - runLoop_.now())) return Quiet::timeout;
+    const auto isOver = [&] { return isAnswered() || !m_client.isRunning(); };
+    if (!waitUntil(isOver, deadline - m_runLoop.now())) return Quiet::timeout;
     if (!isAnswered()) return Quiet::clientGone;
     // A reply may lead to a call that is put off to the loop's next turn, and that to a further request.
     passTime(0);

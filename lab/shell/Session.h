@@ -41,7 +41,7 @@ class Session {
   void killClient();
   void stopClient();
   void restartClient();
-  bool clientIsRunning() { return client_.isRunning(); }
+  bool clientIsRunning() { return m_client.isRunning(); }
   // True on a system whose plug-in needs no connection.
   bool talksByNotifications() const;
   // Saves a choice of the user, in JSON or else as a plain text: into the plug-in's profile of the signed-in user,
@@ -49,14 +49,14 @@ class Session {
   void saveInProfile(const std::string& key, const std::string& value);
   void saveInUserDefaults(const std::string& key, const std::string& value);
 
-  const World& world() const { return world_; }
-  const ClientProcess& client() const { return client_; }
-  OutlookHost& host() { return host_; }
-  vorn::EmbeddedClassRuntime& runtime() { return runtime_; }
-  RoadTrace& trace() { return trace_; }
-  vorn::EmbeddedPresenter& presenter() { return presenter_; }
+  const World& world() const { return m_world; }
+  const ClientProcess& client() const { return m_client; }
+  OutlookHost& host() { return m_host; }
+  vorn::EmbeddedClassRuntime& runtime() { return m_runtime; }
+  RoadTrace& trace() { return m_trace; }
+  vorn::EmbeddedPresenter& presenter() { return m_presenter; }
   // Why the client could not be started or reached; "" when it was, and when none was wanted.
-  const std::string& clientTrouble() const { return clientTrouble_; }
+  const std::string& clientTrouble() const { return m_clientTrouble; }
 
   // What the plug-in answers to one of its questions for people who support users.
   vorn::Value ask(const std::string& question, const vorn::Value& parameters = vorn::Value());
@@ -80,24 +80,24 @@ class Session {
   void attempt(void (Session::*step)());
   bool hasConnected() const;
 
-  LabOptions options_;
-  World world_;
-  ClientProcess client_;
-  vorn::AsioRunLoop runLoop_;
+  LabOptions m_options;
+  World m_world;
+  ClientProcess m_client;
+  vorn::AsioRunLoop m_runLoop;
   // Null when no bus answers.
-  std::unique_ptr<vorn::EmbeddedDistributedNotifications> notifications_;
-  vorn::NotificationCenter center_;
-  vorn::EmbeddedClassRuntime runtime_;
-  vorn::EmbeddedUserDefaults userDefaults_;
-  vorn::EmbeddedWorkspace workspace_;
-  vorn::EmbeddedSurroundings surroundings_;
-  vorn::EmbeddedPresenter presenter_;
-  RoadTrace trace_;
-  OutlookHost host_;
-  std::string clientTrouble_;
+  std::unique_ptr<vorn::EmbeddedDistributedNotifications> m_notifications;
+  vorn::NotificationCenter m_center;
+  vorn::EmbeddedClassRuntime m_runtime;
+  vorn::EmbeddedUserDefaults m_userDefaults;
+  vorn::EmbeddedWorkspace m_workspace;
+  vorn::EmbeddedSurroundings m_surroundings;
+  vorn::EmbeddedPresenter m_presenter;
+  RoadTrace m_trace;
+  OutlookHost m_host;
+  std::string m_clientTrouble;
   // Bytes that an earlier session left in the journal of a world that stays.
-  std::size_t journalBefore_ = 0;
-  std::optional<LoadedPlugin> plugin_;
+  std::size_t m_journalBefore = 0;
+  std::optional<LoadedPlugin> m_plugin;
 };
 
 }  // namespace vornlab

@@ -35,7 +35,7 @@ void installFile(const fs::path& from, const fs::path& to) {
 
 World::World(const Options& options) {
   makeRoot(options);
-  removeAtEnd_ = options.folder.empty() && !options.keep;
+  m_removeAtEnd = options.folder.empty() && !options.keep;
   try {
     for (const fs::path& folder : {documents(), preferences(), applications()}) fs::create_directories(folder);
     installOutlook();
@@ -48,7 +48,7 @@ World::World(const Options& options) {
 
 World::~World() {
   std::error_code ignored;
-  if (removeAtEnd_) fs::remove_all(root_, ignored);
+  if (m_removeAtEnd) fs::remove_all(m_root, ignored);
 }
 
 fs::path World::clientProgram() const { return applications() / "vornclient.app/Contents/MacOS/vornclient"; }
@@ -58,15 +58,15 @@ void World::makeRoot(const Options& options) {
   if (folder.empty()) {
     std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make " + name + ": " + std::strerror(errno));
-    root_ = fs::canonical(name);
+    m_root = fs::canonical(name);
   } else {
     std::error_code failed;
     fs::create_directories(folder, failed);
-    root_ = fs::canonical(folder, failed);
+    m_root = fs::canonical(folder, failed);
     if (failed) throw LabError("cannot make the folder " + folder.string() + ": " + failed.message());
   }
-  if (!options.mayBeTooLongForSocket && root_.native().size() > kLongestRoot) {
-    throw LabError("the path of the folder " + root_.string() + " is too long for a socket in it");
+  if (!options.mayBeTooLongForSocket && m_root.native().size() > kLongestRoot) {
+    throw LabError("the path of the folder " + m_root.string() + " is too long for a socket in it");
   }
 }
 

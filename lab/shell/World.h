@@ -40,14 +40,14 @@ class World {
   World(const World&) = delete;
   World& operator=(const World&) = delete;
 
-  const std::filesystem::path& root() const { return root_; }
-  std::filesystem::path home() const { return root_ / "home"; }
+  const std::filesystem::path& root() const { return m_root; }
+  std::filesystem::path home() const { return m_root / "home"; }
   std::filesystem::path documents() const { return home() / "Documents"; }
   std::filesystem::path preferences() const { return home() / "Library/Preferences"; }
-  std::filesystem::path applications() const { return root_ / "Applications"; }
+  std::filesystem::path applications() const { return m_root / "Applications"; }
   std::filesystem::path clientProgram() const;
-  std::filesystem::path journal() const { return root_ / "journal"; }
-  std::filesystem::path clientErrors() const { return root_ / "client.err"; }
+  std::filesystem::path journal() const { return m_root / "journal"; }
+  std::filesystem::path clientErrors() const { return m_root / "client.err"; }
 
   // Writes one choice into the profile that the plug-in has saved for the user, beside those that are there.
   // Throws LabError when it cannot be written.
@@ -60,8 +60,8 @@ class World {
   void installOutlook() const;
   void installClient(const std::filesystem::path& application, const std::string& version) const;
 
-  std::filesystem::path root_;
-  bool removeAtEnd_ = false;
+  std::filesystem::path m_root;
+  bool m_removeAtEnd = false;
 };
 
 }  // namespace vornlab

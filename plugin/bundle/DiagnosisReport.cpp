@@ -49,7 +49,7 @@ std::string DiagnosisReport::textOf(const Value& value) {
   }
 }
 
-void DiagnosisReport::beginGroup(std::string_view name) { groups_.push_back({std::string(name), {}}); }
+void DiagnosisReport::beginGroup(std::string_view name) { m_groups.push_back({std::string(name), {}}); }
 
 void DiagnosisReport::add(std::string_view key, std::string_view words, const Value& value,
                           const OptionalText& shown, const OptionalText& note) {
@@ -59,12 +59,12 @@ void DiagnosisReport::add(std::string_view key, std::string_view words, const Va
   row.set("value", value.isAbsent() ? Value(nullptr) : value);
   row.set("shown", shown ? *shown : textOf(value));
   row.set("note", note);
-  groups_.back().rows.push_back(std::move(row));
+  m_groups.back().rows.push_back(std::move(row));
 }
 
 Value DiagnosisReport::groups() const {
   Value::Array groups;
-  for (const Group& group : groups_) {
+  for (const Group& group : m_groups) {
     groups.push_back(Value::dictionaryFromPairs({{"name", group.name}, {"rows", group.rows}}));
   }
   return groups;

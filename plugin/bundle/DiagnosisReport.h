@@ -30,7 +30,7 @@ class DiagnosisReport {
     std::string name;
     Value::Array rows;
   };
-  std::vector<Group> groups_;
+  std::vector<Group> m_groups;
 };
 
 // A copy in which e-mail addresses in texts are covered.

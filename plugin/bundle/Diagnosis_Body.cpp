@@ -11,15 +11,15 @@ namespace {
 class AssumedOwner final : public InvitationOwner {
  public:
   explicit AssumedOwner(const Value& parameters)
-      : isUpdate_(parameters["existingMeeting"].boolValue()), isAtTop_(parameters["atTop"].boolValue()) {}
+      : m_isUpdate(parameters["existingMeeting"].boolValue()), m_isAtTop(parameters["atTop"].boolValue()) {}
 
-  bool isUpdateVornMeetingEvent() override { return isUpdate_; }
-  bool putInvitationAtTheTop() override { return isAtTop_; }
+  bool isUpdateVornMeetingEvent() override { return m_isUpdate; }
+  bool putInvitationAtTheTop() override { return m_isAtTop; }
   OptionalText encodeMailBody() override { return std::nullopt; }
 
  private:
-  bool isUpdate_;
-  bool isAtTop_;
+  bool m_isUpdate;
+  bool m_isAtTop;
 };
 
 std::string_view nameOf(BookmarkForm form) {

@@ -22,9 +22,9 @@ namespace {
 // Making a record writes the user's wish not to see the panel. Whoever only asks leaves it as it was.
 class UserWishKeeper {
  public:
-  UserWishKeeper() : kept_(defaults().objectForKey(vn_Setting_NotShowMeAgain)) {}
+  UserWishKeeper() : m_kept(defaults().objectForKey(vn_Setting_NotShowMeAgain)) {}
   ~UserWishKeeper() {
-    defaults().setObject(kept_, vn_Setting_NotShowMeAgain);
+    defaults().setObject(m_kept, vn_Setting_NotShowMeAgain);
     defaults().synchronize();
   }
   UserWishKeeper(const UserWishKeeper&) = delete;
@@ -32,7 +32,7 @@ class UserWishKeeper {
 
  private:
   static UserDefaults& defaults() { return *Registry::platform().userDefaults; }
-  Value kept_;
+  Value m_kept;
 };
 
 // The steps of initSettingData(), one by one, on one record: a passcode is drawn once.

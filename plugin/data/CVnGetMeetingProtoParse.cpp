@@ -90,107 +90,107 @@ void CVnGetMeetingProtoParse::ReadFromProto(const std::uint8_t* bytes, std::int3
   auto& message = *google::protobuf::Arena::CreateMessage<proto::MeetingProto>(&arena);
   if (!ProtoFromByteStream(&message, bytes, static_cast<std::uint32_t>(length))) return;
 
-  scheduleOptions_ = message.scheduleoptions();
-  scheduleOption2_ = message.scheduleoption2();
-  scheduleOption3_ = message.scheduleoption3();
-  scheduleOption4_ = message.scheduleoption4();
-  meetingNumber_ = message.meetingnumber();
-  if (message.has_invitehtmlemail()) inviteHtmlEmail_ = taken(message.mutable_invitehtmlemail());
+  m_scheduleOptions = message.scheduleoptions();
+  m_scheduleOption2 = message.scheduleoption2();
+  m_scheduleOption3 = message.scheduleoption3();
+  m_scheduleOption4 = message.scheduleoption4();
+  m_meetingNumber = message.meetingnumber();
+  if (message.has_invitehtmlemail()) m_inviteHtmlEmail = taken(message.mutable_invitehtmlemail());
   if (message.has_restrictjoinuserdomains()) {
-    restrictJoinDomains_ = taken(message.mutable_restrictjoinuserdomains());
+    m_restrictJoinDomains = taken(message.mutable_restrictjoinuserdomains());
   }
-  if (message.has_extinfo()) extInfo_ = taken(message.mutable_extinfo());
-  if (message.has_hostid()) hostId_ = taken(message.mutable_hostid());
-  if (message.has_hostemail()) hostEmail_ = taken(message.mutable_hostemail());
+  if (message.has_extinfo()) m_extInfo = taken(message.mutable_extinfo());
+  if (message.has_hostid()) m_hostId = taken(message.mutable_hostid());
+  if (message.has_hostemail()) m_hostEmail = taken(message.mutable_hostemail());
 
-  trackingFields_.reserve(static_cast<std::size_t>(message.trackingfields_size()));
-  for (auto& field : *message.mutable_trackingfields()) trackingFields_.push_back(takeTrackingField(field));
-  alternateHosts_.reserve(static_cast<std::size_t>(message.alternatehosts_size()));
-  for (auto& host : *message.mutable_alternatehosts()) alternateHosts_.push_back(takeAlternateHost(host));
-  additionalDCRegions_ = takenAll(message.mutable_additionaldcregions());
+  m_trackingFields.reserve(static_cast<std::size_t>(message.trackingfields_size()));
+  for (auto& field : *message.mutable_trackingfields()) m_trackingFields.push_back(takeTrackingField(field));
+  m_alternateHosts.reserve(static_cast<std::size_t>(message.alternatehosts_size()));
+  for (auto& host : *message.mutable_alternatehosts()) m_alternateHosts.push_back(takeAlternateHost(host));
+  m_additionalDCRegions = takenAll(message.mutable_additionaldcregions());
 
   if (message.has_availabledialincountry()) {
-    availableDialinCountry_ = takeDialinCountry(*message.mutable_availabledialincountry());
+    m_availableDialinCountry = takeDialinCountry(*message.mutable_availabledialincountry());
   }
-  if (message.has_authproto()) authDomainInfo_ = takeAuth(*message.mutable_authproto());
-  if (message.has_meetingtemplate()) meetingTemplate_ = takeTemplate(*message.mutable_meetingtemplate());
+  if (message.has_authproto()) m_authDomainInfo = takeAuth(*message.mutable_authproto());
+  if (message.has_meetingtemplate()) m_meetingTemplate = takeTemplate(*message.mutable_meetingtemplate());
   if (message.has_joinmeetingregionpolicy()) {
     auto& policy = *message.mutable_joinmeetingregionpolicy();
-    joinMeetingRegionPolicy_.regionType = policy.regiontype();
-    joinMeetingRegionPolicy_.regionCodes = takenAll(policy.mutable_regioncodes());
+    m_joinMeetingRegionPolicy.regionType = policy.regiontype();
+    m_joinMeetingRegionPolicy.regionCodes = takenAll(policy.mutable_regioncodes());
   }
 }
 
 bool CVnGetMeetingProtoParse::IsSignedInUsersMeetingOn() const {
-  return hasBit(scheduleOptions_, maskOf(kScheduleOptionsBits, "IsSignedInUsersMeetingOn"));
+  return hasBit(m_scheduleOptions, maskOf(kScheduleOptionsBits, "IsSignedInUsersMeetingOn"));
 }
 bool CVnGetMeetingProtoParse::IsEnableMuteOnEntry() const {
-  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableMuteOnEntry"));
+  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableMuteOnEntry"));
 }
 bool CVnGetMeetingProtoParse::IsEnableAutoRecordingLocal() const {
-  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableAutoRecordingLocal"));
+  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableAutoRecordingLocal"));
 }
 bool CVnGetMeetingProtoParse::IsEnableAUtoRecordingCloud() const {
-  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableAUtoRecordingCloud"));
+  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableAUtoRecordingCloud"));
 }
 bool CVnGetMeetingProtoParse::IsEnableAutoRecordingMtgLevelFirst() const {
-  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableAutoRecordingMtgLevelFirst"));
+  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableAutoRecordingMtgLevelFirst"));
 }
 bool CVnGetMeetingProtoParse::IsEnableMeetingToPublic() const {
-  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableMeetingToPublic"));
+  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableMeetingToPublic"));
 }
 bool CVnGetMeetingProtoParse::IsEnableWaitingRoom() const {
-  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableWaitingRoom"));
+  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableWaitingRoom"));
 }
 bool CVnGetMeetingProtoParse::IsSupportWaitingRoom() const {
-  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsSupportWaitingRoom"));
+  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsSupportWaitingRoom"));
 }
 bool CVnGetMeetingProtoParse::IsEnableAudioWatermark() const {
-  return hasBit(scheduleOption2_, maskOf(kScheduleOption2Bits, "IsEnableAudioWatermark"));
+  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableAudioWatermark"));
 }
 bool CVnGetMeetingProtoParse::IsEnableRegionCustomization() const {
-  return hasBit(scheduleOption3_, maskOf(kScheduleOption3Bits, "IsEnableRegionCustomization"));
+  return hasBit(m_scheduleOption3, maskOf(kScheduleOption3Bits, "IsEnableRegionCustomization"));
 }
 bool CVnGetMeetingProtoParse::IsEnableE2ee() const {
-  return hasBit(scheduleOption4_, maskOf(kScheduleOption4Bits, "IsEnableE2ee"));
+  return hasBit(m_scheduleOption4, maskOf(kScheduleOption4Bits, "IsEnableE2ee"));
 }
 bool CVnGetMeetingProtoParse::IsEnableUnmuteAll() const {
-  return hasBit(scheduleOption4_, maskOf(kScheduleOption4Bits, "IsEnableUnmuteAll"));
+  return hasBit(m_scheduleOption4, maskOf(kScheduleOption4Bits, "IsEnableUnmuteAll"));
 }
 bool CVnGetMeetingProtoParse::IsEnableAllowDenyJoinMeetingRegion() const {
-  return hasBit(scheduleOption4_, maskOf(kScheduleOption4Bits, "IsEnableAllowDenyJoinMeetingRegion"));
+  return hasBit(m_scheduleOption4, maskOf(kScheduleOption4Bits, "IsEnableAllowDenyJoinMeetingRegion"));
 }
 
 bool CVnGetMeetingProtoParse::GetTrackingFieldAt(std::int32_t index, _sTrackingField& field) const {
-  return copyAt(trackingFields_, index, field);
+  return copyAt(m_trackingFields, index, field);
 }
 
 bool CVnGetMeetingProtoParse::GetAlternateHostAt(std::int32_t index, _sAlternateHost_& host) const {
-  return copyAt(alternateHosts_, index, host);
+  return copyAt(m_alternateHosts, index, host);
 }
 
 bool CVnGetMeetingProtoParse::GetAdditionalDCRegionAt(std::int32_t index, std::string& region) const {
-  return copyAt(additionalDCRegions_, index, region);
+  return copyAt(m_additionalDCRegions, index, region);
 }
 
 bool CVnGetMeetingProtoParse::GetAvailableDialinCountry(_sAvailableDialinCountry_& countries) const {
-  if (availableDialinCountry_.hash.empty()) return false;
-  countries = availableDialinCountry_;
+  if (m_availableDialinCountry.hash.empty()) return false;
+  countries = m_availableDialinCountry;
   return true;
 }
 
 bool CVnGetMeetingProtoParse::GetAuthDomainInfo(_sAuthDomainInfo_& info) const {
-  info = authDomainInfo_;
+  info = m_authDomainInfo;
   return true;
 }
 
 bool CVnGetMeetingProtoParse::GetMeetingTemplate(_sMeetingTemplate_& meetingTemplate) const {
-  meetingTemplate = meetingTemplate_;
+  meetingTemplate = m_meetingTemplate;
   return true;
 }
 
 bool CVnGetMeetingProtoParse::GetJoinMeetingRegionPolicy(_sJoinMeetingRegionPolicy_& policy) const {
-  policy = joinMeetingRegionPolicy_;
+  policy = m_joinMeetingRegionPolicy;
   return true;
 }
 

@@ -16,17 +16,17 @@ class CVnGetMeetingProtoParse {
   // The bytes have to be readable up to the length; a zero tag ends the message before that.
   CVnGetMeetingProtoParse(const std::uint8_t* bytes, std::int32_t length);
 
-  const std::string& GetInviteHtmlEmail() const { return inviteHtmlEmail_; }
-  std::int64_t GetScheduleOptions() const { return scheduleOptions_; }
-  std::int64_t GetScheduleOption2() const { return scheduleOption2_; }
-  std::int64_t GetScheduleOption3() const { return scheduleOption3_; }
-  std::int64_t GetScheduleOption4() const { return scheduleOption4_; }
-  const std::string& GetRestrictJoinDomains() const { return restrictJoinDomains_; }
+  const std::string& GetInviteHtmlEmail() const { return m_inviteHtmlEmail; }
+  std::int64_t GetScheduleOptions() const { return m_scheduleOptions; }
+  std::int64_t GetScheduleOption2() const { return m_scheduleOption2; }
+  std::int64_t GetScheduleOption3() const { return m_scheduleOption3; }
+  std::int64_t GetScheduleOption4() const { return m_scheduleOption4; }
+  const std::string& GetRestrictJoinDomains() const { return m_restrictJoinDomains; }
   // 0 marks the defaults of a new meeting.
-  std::int64_t GetMeetingNumber() const { return meetingNumber_; }
-  const std::string& GetExtInfo() const { return extInfo_; }
-  const std::string& GetHostID() const { return hostId_; }
-  const std::string& GetHostEmail() const { return hostEmail_; }
+  std::int64_t GetMeetingNumber() const { return m_meetingNumber; }
+  const std::string& GetExtInfo() const { return m_extInfo; }
+  const std::string& GetHostID() const { return m_hostId; }
+  const std::string& GetHostEmail() const { return m_hostEmail; }
 
   bool IsSignedInUsersMeetingOn() const;
   bool IsEnableMuteOnEntry() const;
@@ -43,12 +43,12 @@ class CVnGetMeetingProtoParse {
   bool IsEnableAllowDenyJoinMeetingRegion() const;
 
   // The indexes are zero-based; an index outside gives false and leaves the record as it is.
-  std::int32_t GetTrackingFieldsCount() const { return static_cast<std::int32_t>(trackingFields_.size()); }
+  std::int32_t GetTrackingFieldsCount() const { return static_cast<std::int32_t>(m_trackingFields.size()); }
   bool GetTrackingFieldAt(std::int32_t index, _sTrackingField& field) const;
-  std::int32_t GetAlternateHostsCount() const { return static_cast<std::int32_t>(alternateHosts_.size()); }
+  std::int32_t GetAlternateHostsCount() const { return static_cast<std::int32_t>(m_alternateHosts.size()); }
   bool GetAlternateHostAt(std::int32_t index, _sAlternateHost_& host) const;
   std::int32_t GetAdditionalDCRegionsCount() const {
-    return static_cast<std::int32_t>(additionalDCRegions_.size());
+    return static_cast<std::int32_t>(m_additionalDCRegions.size());
   }
   bool GetAdditionalDCRegionAt(std::int32_t index, std::string& region) const;
 
@@ -62,23 +62,23 @@ class CVnGetMeetingProtoParse {
  private:
   void ReadFromProto(const std::uint8_t* bytes, std::int32_t length);
 
-  std::int64_t scheduleOptions_ = 0;
-  std::int64_t scheduleOption2_ = 0;
-  std::string inviteHtmlEmail_;
-  std::string restrictJoinDomains_;
-  std::int64_t meetingNumber_ = 0;
-  std::vector<_sTrackingField> trackingFields_;
-  std::vector<_sAlternateHost_> alternateHosts_;
-  _sAvailableDialinCountry_ availableDialinCountry_;
-  std::string extInfo_;
-  std::string hostId_;
-  std::string hostEmail_;
-  _sAuthDomainInfo_ authDomainInfo_;
-  std::int64_t scheduleOption3_ = 0;
-  std::vector<std::string> additionalDCRegions_;
-  std::int64_t scheduleOption4_ = 0;
-  _sMeetingTemplate_ meetingTemplate_;
-  _sJoinMeetingRegionPolicy_ joinMeetingRegionPolicy_;
+  std::int64_t m_scheduleOptions = 0;
+  std::int64_t m_scheduleOption2 = 0;
+  std::string m_inviteHtmlEmail;
+  std::string m_restrictJoinDomains;
+  std::int64_t m_meetingNumber = 0;
+  std::vector<_sTrackingField> m_trackingFields;
+  std::vector<_sAlternateHost_> m_alternateHosts;
+  _sAvailableDialinCountry_ m_availableDialinCountry;
+  std::string m_extInfo;
+  std::string m_hostId;
+  std::string m_hostEmail;
+  _sAuthDomainInfo_ m_authDomainInfo;
+  std::int64_t m_scheduleOption3 = 0;
+  std::vector<std::string> m_additionalDCRegions;
+  std::int64_t m_scheduleOption4 = 0;
+  _sMeetingTemplate_ m_meetingTemplate;
+  _sJoinMeetingRegionPolicy_ m_joinMeetingRegionPolicy;
 };
 
 }  // namespace vorn

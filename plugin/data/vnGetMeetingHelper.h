@@ -22,12 +22,12 @@ class vnGetMeetingHelper {
   // one that cannot be decoded gives a message without content.
   void setPBMeetingData(const OptionalText& base64);
   // Whether the data come from a request by the appointment's UUID.
-  void setIsForGetMeetingByUUID(bool byUUID) { isForGetMeetingByUUID_ = byUUID; }
+  void setIsForGetMeetingByUUID(bool byUUID) { m_isForGetMeetingByUUID = byUUID; }
 
   // The dictionary has a meeting key.
   bool hasMeetingInfo() const;
   // Data fetched by the appointment's UUID are never good enough for an update.
-  bool NeedRequestGetMeeting() const { return isForGetMeetingByUUID_ || !hasMeetingInfo(); }
+  bool NeedRequestGetMeeting() const { return m_isForGetMeetingByUUID || !hasMeetingInfo(); }
   // What came are the defaults of a new meeting: the binary message has the number 0.
   bool isNewMeetingDefault() const;
 
@@ -107,7 +107,7 @@ class vnGetMeetingHelper {
   Value m_dataMeetingData = Value::dictionary();
   OptionalText m_pbMeetingInfo;
   std::unique_ptr<CVnGetMeetingProtoParse> m_pMeetingProtoParse;
-  bool isForGetMeetingByUUID_ = false;
+  bool m_isForGetMeetingByUUID = false;
 };
 
 }  // namespace vorn

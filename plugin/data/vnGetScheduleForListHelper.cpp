@@ -14,16 +14,16 @@ vnGetScheduleForListHelper& vnGetScheduleForListHelper::sharedInstance() {
 
 void vnGetScheduleForListHelper::setData(const Value& list) {
   if (list.isAbsent()) return;
-  list_ = list.isDictionary() ? list : Value::dictionary();
+  m_list = list.isDictionary() ? list : Value::dictionary();
 }
 
-void vnGetScheduleForListHelper::clearScheduleForList() { list_ = Value::dictionary(); }
+void vnGetScheduleForListHelper::clearScheduleForList() { m_list = Value::dictionary(); }
 
-Value vnGetScheduleForListHelper::bossesInfo() const { return list_[vn_Profile_Bosses]; }
+Value vnGetScheduleForListHelper::bossesInfo() const { return m_list[vn_Profile_Bosses]; }
 
 Value vnGetScheduleForListHelper::bossesInfoWithScheduleForEmail(const OptionalText& email) const {
   if (!email || email->empty()) return {};
-  for (const Value& person : list_[vn_Profile_Bosses].items()) {
+  for (const Value& person : m_list[vn_Profile_Bosses].items()) {
     if (equalIgnoringCase(person[vn_Boss_Email].text(), *email)) return person;
   }
   return {};
@@ -41,7 +41,7 @@ OptionalText vnGetScheduleForListHelper::getPMIMeetingIDWithScheduleForEmail(con
 }
 
 std::optional<std::size_t> vnGetScheduleForListHelper::personWithPMI(const std::string& number) const {
-  const Value::Array& people = list_[vn_Profile_Bosses].items();
+  const Value::Array& people = m_list[vn_Profile_Bosses].items();
   for (std::size_t i = 0; i < people.size(); ++i) {
     if (people[i][vn_Boss_PMI].isText() && equalIgnoringCase(people[i][vn_Boss_PMI].text(), number)) return i;
   }
@@ -49,9 +49,9 @@ std::optional<std::size_t> vnGetScheduleForListHelper::personWithPMI(const std::
 }
 
 void vnGetScheduleForListHelper::keepPMIInfo(std::size_t person, const Value& meetingInfo) {
-  Value::Array people = list_[vn_Profile_Bosses].items();
+  Value::Array people = m_list[vn_Profile_Bosses].items();
   people[person].set(vn_Boss_PMISetting, meetingInfo);
-  list_.set(vn_Profile_Bosses, Value(std::move(people)));
+  m_list.set(vn_Profile_Bosses, Value(std::move(people)));
 }
 
 void vnGetScheduleForListHelper::setPMIInfoWithScheduleFor(const Value& meetingInfo) {
@@ -65,7 +65,7 @@ Value vnGetScheduleForListHelper::pmiInfoWithScheduleFor(const OptionalText& ema
   if (number.empty()) return {};
   const auto person = personWithPMI(number);
   if (!person) return {};
-  return list_[vn_Profile_Bosses].at(*person)[vn_Boss_PMISetting];
+  return m_list[vn_Profile_Bosses].at(*person)[vn_Boss_PMISetting];
 }
 
 void vnGetScheduleForListHelper::refreshPMIInfoWithScheduleFor(const Value& meetingInfo) {

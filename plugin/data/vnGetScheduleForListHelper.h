@@ -19,7 +19,7 @@ class vnGetScheduleForListHelper {
   // Replaces the list with the client's dictionary. Absent is ignored.
   void setData(const Value& list);
   void clearScheduleForList();
-  bool hasScheduleForList() const { return list_.count() > 0; }
+  bool hasScheduleForList() const { return m_list.count() > 0; }
   // The array of person dictionaries; absent when the list has none.
   Value bossesInfo() const;
   Value bossesInfoWithScheduleForEmail(const OptionalText& email) const;
@@ -45,14 +45,14 @@ class vnGetScheduleForListHelper {
   std::int64_t userOptions4(const OptionalText& email) const;
   std::int64_t userOptions5(const OptionalText& email) const;
 
-  void cleanup() { list_ = Value(); }
+  void cleanup() { m_list = Value(); }
 
  private:
   // The index of the first person with the personal number, ignoring case.
   std::optional<std::size_t> personWithPMI(const std::string& number) const;
   void keepPMIInfo(std::size_t person, const Value& meetingInfo);
 
-  Value list_ = Value::dictionary();
+  Value m_list = Value::dictionary();
 };
 
 }  // namespace vorn

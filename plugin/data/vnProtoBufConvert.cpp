@@ -53,12 +53,12 @@ ZeroPaddedBytes::ZeroPaddedBytes(const OptionalText& base64) {
   if (!base64 || base64->size() > kLargestMessage) return;
   OptionalText decoded = EncodeUtils::base64DecodeToData(base64);
   if (!decoded || decoded->empty()) return;
-  buffer_ = std::move(*decoded);
-  buffer_.resize(base64->size(), '\0');
+  m_buffer = std::move(*decoded);
+  m_buffer.resize(base64->size(), '\0');
 }
 
 const std::uint8_t* ZeroPaddedBytes::data() const {
-  return buffer_.empty() ? nullptr : reinterpret_cast<const std::uint8_t*>(buffer_.data());
+  return m_buffer.empty() ? nullptr : reinterpret_cast<const std::uint8_t*>(m_buffer.data());
 }
 
 std::string textFromWire(std::string wire) {

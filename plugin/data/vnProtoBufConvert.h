@@ -35,10 +35,10 @@ class ZeroPaddedBytes {
   explicit ZeroPaddedBytes(const OptionalText& base64);
 
   const std::uint8_t* data() const;
-  std::int32_t size() const { return static_cast<std::int32_t>(buffer_.size()); }
+  std::int32_t size() const { return static_cast<std::int32_t>(m_buffer.size()); }
 
  private:
-  std::string buffer_;
+  std::string m_buffer;
 };
 
 // A text of the wire in valid UTF-8: each byte that belongs to no valid sequence becomes U+FFFD, because the wire

@@ -30,13 +30,13 @@ Value fieldWithChosenValue(const Value& field, const OptionalText& mtValue) {
 
 }  // namespace
 
-const Value& vnSettingData::trackingFields() const { return trackingFieldsHolder_[vn_Setting_TrackingFields]; }
+const Value& vnSettingData::trackingFields() const { return m_trackingFieldsHolder[vn_Setting_TrackingFields]; }
 
 void vnSettingData::setTrackingFields(const Value& fields) {
   if (fields.isArray()) {
-    trackingFieldsHolder_.set(vn_Setting_TrackingFields, fields);
+    m_trackingFieldsHolder.set(vn_Setting_TrackingFields, fields);
   } else {
-    trackingFieldsHolder_.erase(vn_Setting_TrackingFields);
+    m_trackingFieldsHolder.erase(vn_Setting_TrackingFields);
   }
 }
 
@@ -73,17 +73,17 @@ void vnSettingData::overlayTrackingFields(const Value& items) {
   setTrackingFields(fields);
 }
 
-void vnSettingData::setAlternateHosts(const Value& hosts) { arrAlternateHosts_ = arrayOrEmpty(hosts); }
+void vnSettingData::setAlternateHosts(const Value& hosts) { m_arrAlternateHosts = arrayOrEmpty(hosts); }
 
 void vnSettingData::setSelectedCountries(const Value& countries) {
-  arrSelectedCountries_ = arrayOrEmpty(countries);
+  m_arrSelectedCountries = arrayOrEmpty(countries);
 }
 
 void vnSettingData::setArrAdditionalDCRegions(const Value& regions) {
-  arrAdditionalDCRegions_ = arrayOrEmpty(regions);
+  m_arrAdditionalDCRegions = arrayOrEmpty(regions);
 }
 
-void vnSettingData::setArrRegionCodes(const Value& codes) { arrRegionCodes_ = arrayOrEmpty(codes); }
+void vnSettingData::setArrRegionCodes(const Value& codes) { m_arrRegionCodes = arrayOrEmpty(codes); }
 
 bool vnSettingData::notShowMeAgain() const {
   return Registry::platform().userDefaults->objectForKey(vn_Setting_NotShowMeAgain).boolValue();
@@ -100,63 +100,63 @@ void vnSettingData::savePutInvitationAtTheTopToUserDefault(bool top) {
 }
 
 Value vnSettingData::getSettingsData() {
-  if (!thirdPartyAudio_) thirdPartyAudio_ = "";
-  if (!scheduleForEmail_) scheduleForEmail_ = "";
-  if (requiredMeetingPassword_ && !meetingPassword_) meetingPassword_ = "";
+  if (!m_thirdPartyAudio) m_thirdPartyAudio = "";
+  if (!m_scheduleForEmail) m_scheduleForEmail = "";
+  if (m_requiredMeetingPassword && !m_meetingPassword) m_meetingPassword = "";
 
   Value data = Value::dictionary();
-  data.set(vn_Setting_EnableHostVideo, hostVideoOn_);
-  data.set(vn_Setting_EnableParticipantsVideo, paticipantVideoOn_);
-  data.set(vn_Setting_AudioOption, audioType_);
-  data.set(vn_Setting_EnableThirdPartyAudio, enableThirdPartyAudio_);
-  data.set(vn_Setting_ThirdPartyAudio, thirdPartyAudio_);
-  data.set(vn_Setting_RequiredMPW, requiredMeetingPassword_);
-  if (requiredMeetingPassword_) data.set(vn_Setting_MeetingPassword, meetingPassword_);
-  data.set(vn_Setting_EnableJBH, enableJBH_);
-  data.set(vn_Setting_IsPMI, usePMI_);
+  data.set(vn_Setting_EnableHostVideo, m_hostVideoOn);
+  data.set(vn_Setting_EnableParticipantsVideo, m_paticipantVideoOn);
+  data.set(vn_Setting_AudioOption, m_audioType);
+  data.set(vn_Setting_EnableThirdPartyAudio, m_enableThirdPartyAudio);
+  data.set(vn_Setting_ThirdPartyAudio, m_thirdPartyAudio);
+  data.set(vn_Setting_RequiredMPW, m_requiredMeetingPassword);
+  if (m_requiredMeetingPassword) data.set(vn_Setting_MeetingPassword, m_meetingPassword);
+  data.set(vn_Setting_EnableJBH, m_enableJBH);
+  data.set(vn_Setting_IsPMI, m_usePMI);
   data.set(vn_Setting_NotShowMeAgain, notShowMeAgain());
-  data.set(vn_Setting_ScheduleFor, scheduleForEmail_);
+  data.set(vn_Setting_ScheduleFor, m_scheduleForEmail);
   data.set(vn_Setting_TrackingFields, trackingFields());
-  data.set(vn_Setting_IsSignedInUsersMeetingOn, isSignedInUsersMeetingOn_);
-  if (isSignedInUsersMeetingOn_) {
+  data.set(vn_Setting_IsSignedInUsersMeetingOn, m_isSignedInUsersMeetingOn);
+  if (m_isSignedInUsersMeetingOn) {
     Value auth = Value::dictionary();
-    auth.set(vn_Setting_MeetingAuth_AuthId, authId_);
-    auth.set(vn_Setting_MeetingAuth_AuthName, authName_);
-    auth.set(vn_Setting_MeetingAuth_AuthType, authType_);
-    auth.set(vn_Setting_MeetingAuth_AuthDomain, authDomain_);
+    auth.set(vn_Setting_MeetingAuth_AuthId, m_authId);
+    auth.set(vn_Setting_MeetingAuth_AuthName, m_authName);
+    auth.set(vn_Setting_MeetingAuth_AuthType, m_authType);
+    auth.set(vn_Setting_MeetingAuth_AuthDomain, m_authDomain);
     data.set(vn_Setting_MeetingAuth, std::move(auth));
   }
-  data.set(vn_Setting_EnableAutoRecordingMtgLevelFirst, enableAutoRecordingMtgLevelFirst_);
-  data.set(vn_Setting_EnableAutoRecordingType, emAutoRecordingType_);
-  data.set(vn_Setting_AlternateHosts, arrAlternateHosts_);
-  data.set(vn_Setting_MuteUponEntry, muteUponEntry_);
-  data.set(vn_Setting_ForceIncludeJoinurlInLocation, forceIncludeJoinurlInLocation_);
-  if (!hash_.value_or("").empty() && arrSelectedCountries_.count() > 0) {
+  data.set(vn_Setting_EnableAutoRecordingMtgLevelFirst, m_enableAutoRecordingMtgLevelFirst);
+  data.set(vn_Setting_EnableAutoRecordingType, m_emAutoRecordingType);
+  data.set(vn_Setting_AlternateHosts, m_arrAlternateHosts);
+  data.set(vn_Setting_MuteUponEntry, m_muteUponEntry);
+  data.set(vn_Setting_ForceIncludeJoinurlInLocation, m_forceIncludeJoinurlInLocation);
+  if (!m_hash.value_or("").empty() && m_arrSelectedCountries.count() > 0) {
     Value countries = Value::dictionary();
-    countries.set(vn_Setting_DialinCountry_Hash, hash_);
-    countries.set(vn_Setting_DialinCountry_IncludeTollfree, includeTollfree_);
-    countries.set(vn_Setting_DialinCountry_SelectedCountries, arrSelectedCountries_);
+    countries.set(vn_Setting_DialinCountry_Hash, m_hash);
+    countries.set(vn_Setting_DialinCountry_IncludeTollfree, m_includeTollfree);
+    countries.set(vn_Setting_DialinCountry_SelectedCountries, m_arrSelectedCountries);
     data.set(vn_Setting_AvailableDialinCountry, std::move(countries));
   }
-  data.set(vn_Setting_EnableAddMeetingToPublicEvent, enablePublicEvent_);
-  data.set(vn_Setting_EnableAudioWatermark, enableAudioWatermark_);
-  data.set(vn_Setting_PutTheInvitationAtTheTop, putTheInvitationAtTheTop_);
-  data.set(vn_Setting_SelectInvitationLanguage, selectInvitationLanguage_);
-  data.set(vn_Setting_JBHPriorTime, jbhPriorTime_);
-  data.set(vn_Setting_EnableWaitingRoom, enableWaitingRoom_);
-  data.set(vn_Setting_SupportWaitingRoom, supportWaitingRoom_);
-  data.set(vn_Setting_EnableRegionCustomization, enableRegionCustomization_);
-  data.set(vn_Setting_AdditionalDCRegions, arrAdditionalDCRegions_);
-  data.set(vn_Setting_EnableUnmuteAll, enableUnmuteAll_);
-  data.set(vn_Setting_EnableE2ee, enableE2ee_);
+  data.set(vn_Setting_EnableAddMeetingToPublicEvent, m_enablePublicEvent);
+  data.set(vn_Setting_EnableAudioWatermark, m_enableAudioWatermark);
+  data.set(vn_Setting_PutTheInvitationAtTheTop, m_putTheInvitationAtTheTop);
+  data.set(vn_Setting_SelectInvitationLanguage, m_selectInvitationLanguage);
+  data.set(vn_Setting_JBHPriorTime, m_jbhPriorTime);
+  data.set(vn_Setting_EnableWaitingRoom, m_enableWaitingRoom);
+  data.set(vn_Setting_SupportWaitingRoom, m_supportWaitingRoom);
+  data.set(vn_Setting_EnableRegionCustomization, m_enableRegionCustomization);
+  data.set(vn_Setting_AdditionalDCRegions, m_arrAdditionalDCRegions);
+  data.set(vn_Setting_EnableUnmuteAll, m_enableUnmuteAll);
+  data.set(vn_Setting_EnableE2ee, m_enableE2ee);
   Value chosen = Value::dictionary();
-  chosen.set(vn_Setting_MeetingTemplate_TemplateId, templateId_);
-  chosen.set(vn_Setting_MeetingTemplate_TemplateName, templateName_);
-  chosen.set(vn_Setting_MeetingTemplate_TemplateType, templateType_);
+  chosen.set(vn_Setting_MeetingTemplate_TemplateId, m_templateId);
+  chosen.set(vn_Setting_MeetingTemplate_TemplateName, m_templateName);
+  chosen.set(vn_Setting_MeetingTemplate_TemplateType, m_templateType);
   data.set(vn_Setting_MeetingTemplate, std::move(chosen));
-  data.set(vn_Setting_EnableAllowDenyJoinMeetingRegion, enableAllowDenyJoinMeetingRegion_);
-  data.set(vn_Setting_RegionType, regionType_);
-  data.set(vn_Setting_RegionCodes, arrRegionCodes_);
+  data.set(vn_Setting_EnableAllowDenyJoinMeetingRegion, m_enableAllowDenyJoinMeetingRegion);
+  data.set(vn_Setting_RegionType, m_regionType);
+  data.set(vn_Setting_RegionCodes, m_arrRegionCodes);
   return data;
 }
 
@@ -172,16 +172,16 @@ std::string vnSettingData::getFormatRoomMeetingId(const OptionalText& meetingId)
 }
 
 void vnSettingData::cleanup() {
-  for (OptionalText* text :
-       {&meetingPassword_, &roomMeetingId_, &thirdPartyAudio_, &scheduleForEmail_, &restrictJoinDomains_, &hash_,
-        &selectInvitationLanguage_, &authId_, &authName_, &authDomain_, &templateId_, &templateName_}) {
+  for (OptionalText* text : {&m_meetingPassword, &m_roomMeetingId, &m_thirdPartyAudio, &m_scheduleForEmail,
+                             &m_restrictJoinDomains, &m_hash, &m_selectInvitationLanguage, &m_authId, &m_authName,
+                             &m_authDomain, &m_templateId, &m_templateName}) {
     text->reset();
   }
-  trackingFieldsHolder_ = Value();
-  arrAlternateHosts_ = Value();
-  arrSelectedCountries_ = Value();
-  arrAdditionalDCRegions_ = Value();
-  arrRegionCodes_ = Value();
+  m_trackingFieldsHolder = Value();
+  m_arrAlternateHosts = Value();
+  m_arrSelectedCountries = Value();
+  m_arrAdditionalDCRegions = Value();
+  m_arrRegionCodes = Value();
 }
 
 }  // namespace vorn

@@ -31,35 +31,35 @@ class vnSettingData {
 
   // --- The options. Texts may be absent: a setter keeps what it is given.
 
-  bool hostVideoOn() const { return hostVideoOn_; }
-  void setHostVideoOn(bool on) { hostVideoOn_ = on; }
-  bool paticipantVideoOn() const { return paticipantVideoOn_; }
-  void setPaticipantVideoOn(bool on) { paticipantVideoOn_ = on; }
+  bool hostVideoOn() const { return m_hostVideoOn; }
+  void setHostVideoOn(bool on) { m_hostVideoOn = on; }
+  bool paticipantVideoOn() const { return m_paticipantVideoOn; }
+  void setPaticipantVideoOn(bool on) { m_paticipantVideoOn = on; }
   // 0 telephony, 1 VoIP, 2 both, 3 third party; with a telephony provider 10 and 11 telephony with the first and
   // second account, 12 VoIP, 13 and 14 both with the first and second account; 100 no selection.
-  std::int64_t audioType() const { return audioType_; }
-  void setAudioType(std::int64_t type) { audioType_ = type; }
-  bool requiredMeetingPassword() const { return requiredMeetingPassword_; }
-  void setRequiredMeetingPassword(bool required) { requiredMeetingPassword_ = required; }
-  const OptionalText& meetingPassword() const { return meetingPassword_; }
-  void setMeetingPassword(const OptionalText& password) { meetingPassword_ = password; }
-  bool enableJBH() const { return enableJBH_; }
-  void setEnableJBH(bool enable) { enableJBH_ = enable; }
-  bool usePMI() const { return usePMI_; }
-  void setUsePMI(bool use) { usePMI_ = use; }
-  const OptionalText& roomMeetingId() const { return roomMeetingId_; }
-  void setRoomMeetingId(const OptionalText& id) { roomMeetingId_ = id; }
-  bool enableThirdPartyAudio() const { return enableThirdPartyAudio_; }
-  void setEnableThirdPartyAudio(bool enable) { enableThirdPartyAudio_ = enable; }
-  const OptionalText& thirdPartyAudio() const { return thirdPartyAudio_; }
-  void setThirdPartyAudio(const OptionalText& text) { thirdPartyAudio_ = text; }
+  std::int64_t audioType() const { return m_audioType; }
+  void setAudioType(std::int64_t type) { m_audioType = type; }
+  bool requiredMeetingPassword() const { return m_requiredMeetingPassword; }
+  void setRequiredMeetingPassword(bool required) { m_requiredMeetingPassword = required; }
+  const OptionalText& meetingPassword() const { return m_meetingPassword; }
+  void setMeetingPassword(const OptionalText& password) { m_meetingPassword = password; }
+  bool enableJBH() const { return m_enableJBH; }
+  void setEnableJBH(bool enable) { m_enableJBH = enable; }
+  bool usePMI() const { return m_usePMI; }
+  void setUsePMI(bool use) { m_usePMI = use; }
+  const OptionalText& roomMeetingId() const { return m_roomMeetingId; }
+  void setRoomMeetingId(const OptionalText& id) { m_roomMeetingId = id; }
+  bool enableThirdPartyAudio() const { return m_enableThirdPartyAudio; }
+  void setEnableThirdPartyAudio(bool enable) { m_enableThirdPartyAudio = enable; }
+  const OptionalText& thirdPartyAudio() const { return m_thirdPartyAudio; }
+  void setThirdPartyAudio(const OptionalText& text) { m_thirdPartyAudio = text; }
   // Empty means oneself.
-  const OptionalText& scheduleForEmail() const { return scheduleForEmail_; }
-  void setScheduleForEmail(const OptionalText& email) { scheduleForEmail_ = email; }
-  bool isSignedInUsersMeetingOn() const { return isSignedInUsersMeetingOn_; }
-  void setIsSignedInUsersMeetingOn(bool on) { isSignedInUsersMeetingOn_ = on; }
-  const OptionalText& restrictJoinDomains() const { return restrictJoinDomains_; }
-  void setRestrictJoinDomains(const OptionalText& domains) { restrictJoinDomains_ = domains; }
+  const OptionalText& scheduleForEmail() const { return m_scheduleForEmail; }
+  void setScheduleForEmail(const OptionalText& email) { m_scheduleForEmail = email; }
+  bool isSignedInUsersMeetingOn() const { return m_isSignedInUsersMeetingOn; }
+  void setIsSignedInUsersMeetingOn(bool on) { m_isSignedInUsersMeetingOn = on; }
+  const OptionalText& restrictJoinDomains() const { return m_restrictJoinDomains; }
+  void setRestrictJoinDomains(const OptionalText& domains) { m_restrictJoinDomains = domains; }
   // An array of dictionaries, absent when there is none.
   const Value& trackingFields() const;
   // Anything but an array leaves none.
@@ -67,70 +67,70 @@ class vnSettingData {
   // Gives every field of that id the chosen value. A field's dictionary ends at the first absent value, so an
   // absent chosen value loses it "required" as well.
   void updateTrackingFieldMtValue(const OptionalText& id, const OptionalText& mtValue);
-  bool enableAutoRecordingMtgLevelFirst() const { return enableAutoRecordingMtgLevelFirst_; }
-  void setEnableAutoRecordingMtgLevelFirst(bool enable) { enableAutoRecordingMtgLevelFirst_ = enable; }
+  bool enableAutoRecordingMtgLevelFirst() const { return m_enableAutoRecordingMtgLevelFirst; }
+  void setEnableAutoRecordingMtgLevelFirst(bool enable) { m_enableAutoRecordingMtgLevelFirst = enable; }
   // 0 none, 1 local and 2 cloud when both are available, 3 local when only local is, 4 cloud when only cloud is,
   // 5 recording unavailable.
-  std::int32_t emAutoRecordingType() const { return emAutoRecordingType_; }
-  void setEmAutoRecordingType(std::int32_t type) { emAutoRecordingType_ = type; }
+  std::int32_t emAutoRecordingType() const { return m_emAutoRecordingType; }
+  void setEmAutoRecordingType(std::int32_t type) { m_emAutoRecordingType = type; }
   // This and the three arrays below are always arrays of texts; their setters take anything else as empty.
-  const Value& arrAlternateHosts() const { return arrAlternateHosts_; }
+  const Value& arrAlternateHosts() const { return m_arrAlternateHosts; }
   void setAlternateHosts(const Value& hosts);
-  bool muteUponEntry() const { return muteUponEntry_; }
-  void setMuteUponEntry(bool mute) { muteUponEntry_ = mute; }
-  bool forceIncludeJoinurlInLocation() const { return forceIncludeJoinurlInLocation_; }
-  void setForceIncludeJoinurlInLocation(bool include) { forceIncludeJoinurlInLocation_ = include; }
-  const Value& arrSelectedCountries() const { return arrSelectedCountries_; }
+  bool muteUponEntry() const { return m_muteUponEntry; }
+  void setMuteUponEntry(bool mute) { m_muteUponEntry = mute; }
+  bool forceIncludeJoinurlInLocation() const { return m_forceIncludeJoinurlInLocation; }
+  void setForceIncludeJoinurlInLocation(bool include) { m_forceIncludeJoinurlInLocation = include; }
+  const Value& arrSelectedCountries() const { return m_arrSelectedCountries; }
   void setSelectedCountries(const Value& countries);
-  bool includeTollfree() const { return includeTollfree_; }
-  void setIncludeTollfree(bool include) { includeTollfree_ = include; }
-  const OptionalText& hash() const { return hash_; }
-  void setHash(const OptionalText& hash) { hash_ = hash; }
-  bool enableShowIncludeTollfree() const { return enableShowIncludeTollfree_; }
-  void setEnableShowIncludeTollfree(bool enable) { enableShowIncludeTollfree_ = enable; }
-  bool enablePublicEvent() const { return enablePublicEvent_; }
-  void setEnablePublicEvent(bool enable) { enablePublicEvent_ = enable; }
-  bool enableAudioWatermark() const { return enableAudioWatermark_; }
-  void setEnableAudioWatermark(bool enable) { enableAudioWatermark_ = enable; }
-  bool putTheInvitationAtTheTop() const { return putTheInvitationAtTheTop_; }
-  void setPutTheInvitationAtTheTop(bool top) { putTheInvitationAtTheTop_ = top; }
-  const OptionalText& selectInvitationLanguage() const { return selectInvitationLanguage_; }
-  void setSelectInvitationLanguage(const OptionalText& language) { selectInvitationLanguage_ = language; }
+  bool includeTollfree() const { return m_includeTollfree; }
+  void setIncludeTollfree(bool include) { m_includeTollfree = include; }
+  const OptionalText& hash() const { return m_hash; }
+  void setHash(const OptionalText& hash) { m_hash = hash; }
+  bool enableShowIncludeTollfree() const { return m_enableShowIncludeTollfree; }
+  void setEnableShowIncludeTollfree(bool enable) { m_enableShowIncludeTollfree = enable; }
+  bool enablePublicEvent() const { return m_enablePublicEvent; }
+  void setEnablePublicEvent(bool enable) { m_enablePublicEvent = enable; }
+  bool enableAudioWatermark() const { return m_enableAudioWatermark; }
+  void setEnableAudioWatermark(bool enable) { m_enableAudioWatermark = enable; }
+  bool putTheInvitationAtTheTop() const { return m_putTheInvitationAtTheTop; }
+  void setPutTheInvitationAtTheTop(bool top) { m_putTheInvitationAtTheTop = top; }
+  const OptionalText& selectInvitationLanguage() const { return m_selectInvitationLanguage; }
+  void setSelectInvitationLanguage(const OptionalText& language) { m_selectInvitationLanguage = language; }
   // Minutes before the start; 0 means any time.
-  std::int64_t jbhPriorTime() const { return jbhPriorTime_; }
-  void setJbhPriorTime(std::int64_t minutes) { jbhPriorTime_ = minutes; }
-  const OptionalText& authId() const { return authId_; }
-  void setAuthId(const OptionalText& id) { authId_ = id; }
-  const OptionalText& authName() const { return authName_; }
-  void setAuthName(const OptionalText& name) { authName_ = name; }
-  const OptionalText& authDomain() const { return authDomain_; }
-  void setAuthDomain(const OptionalText& domain) { authDomain_ = domain; }
-  std::int64_t authType() const { return authType_; }
-  void setAuthType(std::int64_t type) { authType_ = type; }
-  bool enableWaitingRoom() const { return enableWaitingRoom_; }
-  void setEnableWaitingRoom(bool enable) { enableWaitingRoom_ = enable; }
-  bool supportWaitingRoom() const { return supportWaitingRoom_; }
-  void setSupportWaitingRoom(bool support) { supportWaitingRoom_ = support; }
-  bool enableRegionCustomization() const { return enableRegionCustomization_; }
-  void setEnableRegionCustomization(bool enable) { enableRegionCustomization_ = enable; }
-  const Value& arrAdditionalDCRegions() const { return arrAdditionalDCRegions_; }
+  std::int64_t jbhPriorTime() const { return m_jbhPriorTime; }
+  void setJbhPriorTime(std::int64_t minutes) { m_jbhPriorTime = minutes; }
+  const OptionalText& authId() const { return m_authId; }
+  void setAuthId(const OptionalText& id) { m_authId = id; }
+  const OptionalText& authName() const { return m_authName; }
+  void setAuthName(const OptionalText& name) { m_authName = name; }
+  const OptionalText& authDomain() const { return m_authDomain; }
+  void setAuthDomain(const OptionalText& domain) { m_authDomain = domain; }
+  std::int64_t authType() const { return m_authType; }
+  void setAuthType(std::int64_t type) { m_authType = type; }
+  bool enableWaitingRoom() const { return m_enableWaitingRoom; }
+  void setEnableWaitingRoom(bool enable) { m_enableWaitingRoom = enable; }
+  bool supportWaitingRoom() const { return m_supportWaitingRoom; }
+  void setSupportWaitingRoom(bool support) { m_supportWaitingRoom = support; }
+  bool enableRegionCustomization() const { return m_enableRegionCustomization; }
+  void setEnableRegionCustomization(bool enable) { m_enableRegionCustomization = enable; }
+  const Value& arrAdditionalDCRegions() const { return m_arrAdditionalDCRegions; }
   void setArrAdditionalDCRegions(const Value& regions);
-  bool enableUnmuteAll() const { return enableUnmuteAll_; }
-  void setEnableUnmuteAll(bool enable) { enableUnmuteAll_ = enable; }
-  bool enableE2ee() const { return enableE2ee_; }
-  void setEnableE2ee(bool enable) { enableE2ee_ = enable; }
-  const OptionalText& templateId() const { return templateId_; }
-  void setTemplateId(const OptionalText& id) { templateId_ = id; }
-  const OptionalText& templateName() const { return templateName_; }
-  void setTemplateName(const OptionalText& name) { templateName_ = name; }
-  std::int64_t templateType() const { return templateType_; }
-  void setTemplateType(std::int64_t type) { templateType_ = type; }
-  bool enableAllowDenyJoinMeetingRegion() const { return enableAllowDenyJoinMeetingRegion_; }
-  void setEnableAllowDenyJoinMeetingRegion(bool enable) { enableAllowDenyJoinMeetingRegion_ = enable; }
+  bool enableUnmuteAll() const { return m_enableUnmuteAll; }
+  void setEnableUnmuteAll(bool enable) { m_enableUnmuteAll = enable; }
+  bool enableE2ee() const { return m_enableE2ee; }
+  void setEnableE2ee(bool enable) { m_enableE2ee = enable; }
+  const OptionalText& templateId() const { return m_templateId; }
+  void setTemplateId(const OptionalText& id) { m_templateId = id; }
+  const OptionalText& templateName() const { return m_templateName; }
+  void setTemplateName(const OptionalText& name) { m_templateName = name; }
+  std::int64_t templateType() const { return m_templateType; }
+  void setTemplateType(std::int64_t type) { m_templateType = type; }
+  bool enableAllowDenyJoinMeetingRegion() const { return m_enableAllowDenyJoinMeetingRegion; }
+  void setEnableAllowDenyJoinMeetingRegion(bool enable) { m_enableAllowDenyJoinMeetingRegion = enable; }
   // 0 means that the listed regions are allowed, any other value that they are blocked.
-  std::int64_t regionType() const { return regionType_; }
-  void setRegionType(std::int64_t type) { regionType_ = type; }
-  const Value& arrRegionCodes() const { return arrRegionCodes_; }
+  std::int64_t regionType() const { return m_regionType; }
+  void setRegionType(std::int64_t type) { m_regionType = type; }
+  const Value& arrRegionCodes() const { return m_arrRegionCodes; }
   void setArrRegionCodes(const Value& codes);
 
   // Lives in the user defaults; the setter brings it to the disk at once.
@@ -198,51 +198,51 @@ class vnSettingData {
   void overlayTrackingFields(const Value& fields);
   void overlayDialinCountries(const Value& countries);
 
-  bool hostVideoOn_ = false;
-  bool paticipantVideoOn_ = false;
-  std::int64_t audioType_ = 0;
-  bool requiredMeetingPassword_ = false;
-  OptionalText meetingPassword_;
-  bool enableJBH_ = false;
-  bool usePMI_ = false;
-  OptionalText roomMeetingId_;
-  bool enableThirdPartyAudio_ = false;
-  OptionalText thirdPartyAudio_;
-  OptionalText scheduleForEmail_;
-  bool isSignedInUsersMeetingOn_ = false;
-  OptionalText restrictJoinDomains_;
+  bool m_hostVideoOn = false;
+  bool m_paticipantVideoOn = false;
+  std::int64_t m_audioType = 0;
+  bool m_requiredMeetingPassword = false;
+  OptionalText m_meetingPassword;
+  bool m_enableJBH = false;
+  bool m_usePMI = false;
+  OptionalText m_roomMeetingId;
+  bool m_enableThirdPartyAudio = false;
+  OptionalText m_thirdPartyAudio;
+  OptionalText m_scheduleForEmail;
+  bool m_isSignedInUsersMeetingOn = false;
+  OptionalText m_restrictJoinDomains;
   // Holds the array under its settings key.
-  Value trackingFieldsHolder_ = Value::dictionary();
-  bool enableAutoRecordingMtgLevelFirst_ = false;
-  std::int32_t emAutoRecordingType_ = 0;
-  Value arrAlternateHosts_ = Value::array();
-  bool muteUponEntry_ = false;
-  bool forceIncludeJoinurlInLocation_ = false;
-  Value arrSelectedCountries_ = Value::array();
-  bool includeTollfree_ = false;
-  OptionalText hash_;
-  bool enableShowIncludeTollfree_ = false;
-  bool enablePublicEvent_ = false;
-  bool enableAudioWatermark_ = false;
-  bool putTheInvitationAtTheTop_ = false;
-  OptionalText selectInvitationLanguage_;
-  std::int64_t jbhPriorTime_ = 0;
-  OptionalText authId_;
-  OptionalText authName_;
-  OptionalText authDomain_;
-  std::int64_t authType_ = 0;
-  bool enableWaitingRoom_ = false;
-  bool supportWaitingRoom_ = false;
-  bool enableRegionCustomization_ = false;
-  Value arrAdditionalDCRegions_ = Value::array();
-  bool enableUnmuteAll_ = false;
-  bool enableE2ee_ = false;
-  OptionalText templateId_;
-  OptionalText templateName_;
-  std::int64_t templateType_ = 0;
-  bool enableAllowDenyJoinMeetingRegion_ = false;
-  std::int64_t regionType_ = 0;
-  Value arrRegionCodes_ = Value::array();
+  Value m_trackingFieldsHolder = Value::dictionary();
+  bool m_enableAutoRecordingMtgLevelFirst = false;
+  std::int32_t m_emAutoRecordingType = 0;
+  Value m_arrAlternateHosts = Value::array();
+  bool m_muteUponEntry = false;
+  bool m_forceIncludeJoinurlInLocation = false;
+  Value m_arrSelectedCountries = Value::array();
+  bool m_includeTollfree = false;
+  OptionalText m_hash;
+  bool m_enableShowIncludeTollfree = false;
+  bool m_enablePublicEvent = false;
+  bool m_enableAudioWatermark = false;
+  bool m_putTheInvitationAtTheTop = false;
+  OptionalText m_selectInvitationLanguage;
+  std::int64_t m_jbhPriorTime = 0;
+  OptionalText m_authId;
+  OptionalText m_authName;
+  OptionalText m_authDomain;
+  std::int64_t m_authType = 0;
+  bool m_enableWaitingRoom = false;
+  bool m_supportWaitingRoom = false;
+  bool m_enableRegionCustomization = false;
+  Value m_arrAdditionalDCRegions = Value::array();
+  bool m_enableUnmuteAll = false;
+  bool m_enableE2ee = false;
+  OptionalText m_templateId;
+  OptionalText m_templateName;
+  std::int64_t m_templateType = 0;
+  bool m_enableAllowDenyJoinMeetingRegion = false;
+  std::int64_t m_regionType = 0;
+  Value m_arrRegionCodes = Value::array();
 };
 
 }  // namespace vorn

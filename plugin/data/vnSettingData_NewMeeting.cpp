@@ -36,92 +36,92 @@ void vnSettingData::initSettingData() {
 
 // Not all fields: whether only signed-in users can join and whether participants are muted stay as they were.
 void vnSettingData::resetFields() {
-  hostVideoOn_ = false;
-  paticipantVideoOn_ = false;
-  audioType_ = kBoth;
-  requiredMeetingPassword_ = false;
-  meetingPassword_ = "";
-  enableJBH_ = false;
-  usePMI_ = false;
-  roomMeetingId_ = "";
-  enableThirdPartyAudio_ = false;
-  thirdPartyAudio_ = "";
-  scheduleForEmail_ = "";
-  restrictJoinDomains_ = "";
-  trackingFieldsHolder_ = Value::dictionary();
-  enableAutoRecordingMtgLevelFirst_ = false;
-  emAutoRecordingType_ = 0;
-  arrAlternateHosts_ = Value::array();
-  forceIncludeJoinurlInLocation_ = true;
-  arrSelectedCountries_ = Value::array();
-  includeTollfree_ = false;
-  hash_ = "";
-  enableShowIncludeTollfree_ = false;
-  enablePublicEvent_ = false;
-  enableAudioWatermark_ = false;
-  putTheInvitationAtTheTop_ = false;
-  selectInvitationLanguage_ = "";
-  jbhPriorTime_ = kDefaultJbhPriorMinutes;
-  authId_ = "";
-  authName_ = "";
-  authDomain_ = "";
-  authType_ = 0;
-  enableWaitingRoom_ = false;
-  supportWaitingRoom_ = true;
-  enableRegionCustomization_ = false;
-  arrAdditionalDCRegions_ = Value::array();
-  enableUnmuteAll_ = false;
-  enableE2ee_ = false;
-  templateId_ = "";
-  templateName_ = "";
-  templateType_ = 0;
-  enableAllowDenyJoinMeetingRegion_ = false;
-  regionType_ = 0;
-  arrRegionCodes_ = Value::array();
+  m_hostVideoOn = false;
+  m_paticipantVideoOn = false;
+  m_audioType = kBoth;
+  m_requiredMeetingPassword = false;
+  m_meetingPassword = "";
+  m_enableJBH = false;
+  m_usePMI = false;
+  m_roomMeetingId = "";
+  m_enableThirdPartyAudio = false;
+  m_thirdPartyAudio = "";
+  m_scheduleForEmail = "";
+  m_restrictJoinDomains = "";
+  m_trackingFieldsHolder = Value::dictionary();
+  m_enableAutoRecordingMtgLevelFirst = false;
+  m_emAutoRecordingType = 0;
+  m_arrAlternateHosts = Value::array();
+  m_forceIncludeJoinurlInLocation = true;
+  m_arrSelectedCountries = Value::array();
+  m_includeTollfree = false;
+  m_hash = "";
+  m_enableShowIncludeTollfree = false;
+  m_enablePublicEvent = false;
+  m_enableAudioWatermark = false;
+  m_putTheInvitationAtTheTop = false;
+  m_selectInvitationLanguage = "";
+  m_jbhPriorTime = kDefaultJbhPriorMinutes;
+  m_authId = "";
+  m_authName = "";
+  m_authDomain = "";
+  m_authType = 0;
+  m_enableWaitingRoom = false;
+  m_supportWaitingRoom = true;
+  m_enableRegionCustomization = false;
+  m_arrAdditionalDCRegions = Value::array();
+  m_enableUnmuteAll = false;
+  m_enableE2ee = false;
+  m_templateId = "";
+  m_templateName = "";
+  m_templateType = 0;
+  m_enableAllowDenyJoinMeetingRegion = false;
+  m_regionType = 0;
+  m_arrRegionCodes = Value::array();
   // Really written each time, until the saved profile says otherwise.
   setNotShowMeAgain(false);
 }
 
 void vnSettingData::initWithUserProfileDefault() {
   if (!account().hasUserProfile()) return;
-  usePMI_ = account().isDefaultScheduleUsePMI();
-  initSubDataWithUserProfile(usePMI_);
+  m_usePMI = account().isDefaultScheduleUsePMI();
+  initSubDataWithUserProfile(m_usePMI);
 }
 
 void vnSettingData::initSubDataWithUserProfile(bool usePMI) {
   const vnUserProfileHelper& profile = account();
   if (!profile.hasUserProfile()) return;
-  templateId_ = "";
-  roomMeetingId_ = profile.roomMeetingID();
-  if (profile.isSupportE2eeMeeting()) enableE2ee_ = profile.isEnableE2eeMeeting();
+  m_templateId = "";
+  m_roomMeetingId = profile.roomMeetingID();
+  if (profile.isSupportE2eeMeeting()) m_enableE2ee = profile.isEnableE2eeMeeting();
   // These defaults only ever switch on.
-  if (profile.alwaysTurnOnHostVideoByDefault()) hostVideoOn_ = true;
-  if (profile.alwaysTurnOnAttendeeVideoByDefault()) paticipantVideoOn_ = true;
+  if (profile.alwaysTurnOnHostVideoByDefault()) m_hostVideoOn = true;
+  if (profile.alwaysTurnOnAttendeeVideoByDefault()) m_paticipantVideoOn = true;
   initAudioTypeWithUserProfile();
   if (const auto countries = profile.getAvailableDialinCountry()) {
-    hash_ = countries->hash;
-    includeTollfree_ = countries->includeTollfree;
-    enableShowIncludeTollfree_ = countries->enableShowIncludeTollfree;
+    m_hash = countries->hash;
+    m_includeTollfree = countries->includeTollfree;
+    m_enableShowIncludeTollfree = countries->enableShowIncludeTollfree;
     setSelectedCountries(countries->selectedCountries);
   }
-  enableWaitingRoom_ = profile.isEnableWaitingRoom();
-  if (profile.alwaysEnableJoinBeforeHostByDefault()) enableJBH_ = true;
-  if (profile.isSupportJbhPriorTime()) jbhPriorTime_ = profile.getDefaultJbhPriorTime();
-  if (profile.muteUponEntryDefaultValue()) muteUponEntry_ = true;
-  isSignedInUsersMeetingOn_ = profile.isDefaultEnableOnlyAuthUsersCanJoin();
-  authId_ = "";
-  enableUnmuteAll_ = profile.isEnableUnmuteAll();
+  m_enableWaitingRoom = profile.isEnableWaitingRoom();
+  if (profile.alwaysEnableJoinBeforeHostByDefault()) m_enableJBH = true;
+  if (profile.isSupportJbhPriorTime()) m_jbhPriorTime = profile.getDefaultJbhPriorTime();
+  if (profile.muteUponEntryDefaultValue()) m_muteUponEntry = true;
+  m_isSignedInUsersMeetingOn = profile.isDefaultEnableOnlyAuthUsersCanJoin();
+  m_authId = "";
+  m_enableUnmuteAll = profile.isEnableUnmuteAll();
   initRecordingWithUserProfile();
   if (profile.isEnableAddMeetingToPublicCalendarEvent()) {
-    enablePublicEvent_ = profile.enableListMeetingInPublicEventListByDefault();
+    m_enablePublicEvent = profile.enableListMeetingInPublicEventListByDefault();
   }
   if (profile.isSupportForceIncludeJoinurlInLocation()) {
-    forceIncludeJoinurlInLocation_ = profile.isAddJoinUrlToLocation();
+    m_forceIncludeJoinurlInLocation = profile.isAddJoinUrlToLocation();
   }
   if (profile.supportPutTheInvitationAtTheTopFeature()) {
-    putTheInvitationAtTheTop_ = profile.putTheInvitationAtTheTopDefaultValue();
+    m_putTheInvitationAtTheTop = profile.putTheInvitationAtTheTopDefaultValue();
   }
-  enableRegionCustomization_ = profile.isEnableRegionCustomization();
+  m_enableRegionCustomization = profile.isEnableRegionCustomization();
   initRegionPolicyWithUserProfile();
   setTrackingFields(profile.trackingFields());
   initPasswordWithUserProfile(usePMI);
@@ -129,22 +129,22 @@ void vnSettingData::initSubDataWithUserProfile(bool usePMI) {
 
 void vnSettingData::initAudioTypeWithUserProfile() {
   const vnUserProfileHelper& profile = account();
-  enableThirdPartyAudio_ = profile.enableThirdPartyAudio();
-  if (enableThirdPartyAudio_) thirdPartyAudio_ = profile.thirdPartyAudioInfo();
+  m_enableThirdPartyAudio = profile.enableThirdPartyAudio();
+  if (m_enableThirdPartyAudio) m_thirdPartyAudio = profile.thirdPartyAudioInfo();
 
   const bool tsp = profile.isTspSite();
   const std::int64_t telephony = tsp ? kTspTelephonyFirst : kTelephonyOnly;
   if (profile.alwaysUseBothAsDefaultAudio()) {
     const std::int64_t both = tsp ? kTspBothFirst : kBoth;
-    audioType_ = profile.isScheduleAudioBothDisabled() ? telephony : both;
+    m_audioType = profile.isScheduleAudioBothDisabled() ? telephony : both;
   } else if (profile.alwaysUseTelephonyAsDefaultAudio()) {
-    audioType_ = telephony;
+    m_audioType = telephony;
   } else if (profile.alwaysUseVOIPAsDefaultAudio()) {
-    audioType_ = tsp ? kTspVoip : kVoipOnly;
+    m_audioType = tsp ? kTspVoip : kVoipOnly;
   } else if (tsp) {
-    audioType_ = kTspTelephonyFirst;
-  } else if (enableThirdPartyAudio_ && profile.use3rdPartyAsDefaultAudio()) {
-    audioType_ = kThirdParty;
+    m_audioType = kTspTelephonyFirst;
+  } else if (m_enableThirdPartyAudio && profile.use3rdPartyAsDefaultAudio()) {
+    m_audioType = kThirdParty;
   }
 }
 
@@ -152,36 +152,36 @@ void vnSettingData::initRecordingWithUserProfile() {
   const vnUserProfileHelper& profile = account();
   const bool local = profile.enableLocalRecording();
   const bool cloud = profile.enableCloudRecording();
-  enableAutoRecordingMtgLevelFirst_ = local || cloud;
+  m_enableAutoRecordingMtgLevelFirst = local || cloud;
   if (!local && !cloud) {
-    emAutoRecordingType_ = kRecordingUnavailable;
+    m_emAutoRecordingType = kRecordingUnavailable;
   } else if (!profile.enableAutoRecordingByDefault()) {
-    emAutoRecordingType_ = 0;
+    m_emAutoRecordingType = 0;
   } else if (local && cloud) {
-    emAutoRecordingType_ = profile.enableCloudRecordingByDefault() ? 2 : 1;
+    m_emAutoRecordingType = profile.enableCloudRecordingByDefault() ? 2 : 1;
   } else {
-    emAutoRecordingType_ = cloud ? 4 : 3;
+    m_emAutoRecordingType = cloud ? 4 : 3;
   }
 }
 
 void vnSettingData::initRegionPolicyWithUserProfile() {
   const vnUserProfileHelper& profile = account();
-  enableAllowDenyJoinMeetingRegion_ = profile.isEnableAllowDenyJoinMeetingRegion(scheduleForEmail_);
-  regionType_ = profile.getRegionType(scheduleForEmail_);
-  setArrRegionCodes(enableAllowDenyJoinMeetingRegion_ ? profile.getRegionCodes(scheduleForEmail_) : Value());
+  m_enableAllowDenyJoinMeetingRegion = profile.isEnableAllowDenyJoinMeetingRegion(m_scheduleForEmail);
+  m_regionType = profile.getRegionType(m_scheduleForEmail);
+  setArrRegionCodes(m_enableAllowDenyJoinMeetingRegion ? profile.getRegionCodes(m_scheduleForEmail) : Value());
 }
 
 void vnSettingData::initPasswordWithUserProfile(bool usePMI) {
   const vnUserProfileHelper& profile = account();
   if (!usePMI) {
-    requiredMeetingPassword_ = profile.isEnableRequirePassword();
-    if (requiredMeetingPassword_) meetingPassword_ = getRandomPassWord();
+    m_requiredMeetingPassword = profile.isEnableRequirePassword();
+    if (m_requiredMeetingPassword) m_meetingPassword = getRandomPassWord();
     return;
   }
-  requiredMeetingPassword_ =
-      profile.isEnablePMIRequirePassword() || (enableJBH_ && profile.isEnableForcePMIJBHWithPassword());
+  m_requiredMeetingPassword =
+      profile.isEnablePMIRequirePassword() || (m_enableJBH && profile.isEnableForcePMIJBHWithPassword());
   // The passcode of the personal meeting is the service's.
-  if (requiredMeetingPassword_) meetingPassword_ = "";
+  if (m_requiredMeetingPassword) m_meetingPassword = "";
 }
 
 void vnSettingData::initWithSavedProfile() {
@@ -192,22 +192,22 @@ void vnSettingData::initWithSavedProfile() {
   if (profile.isTspSite() && saved.contains(vn_Setting_AudioOption)) {
     applySavedTspAudio(saved[vn_Setting_AudioOption].integerValue());
   }
-  if (!profile.isLockAudioWatermark()) enableAudioWatermark_ = saved[vn_Setting_EnableAudioWatermark].boolValue();
+  if (!profile.isLockAudioWatermark()) m_enableAudioWatermark = saved[vn_Setting_EnableAudioWatermark].boolValue();
   // The account wins over the user's last choice when it controls this, in spite of the feature's name.
   if (!profile.isSupportForceIncludeJoinurlInLocation() &&
       saved.contains(vn_Setting_ForceIncludeJoinurlInLocation)) {
-    forceIncludeJoinurlInLocation_ = saved[vn_Setting_ForceIncludeJoinurlInLocation].boolValue();
+    m_forceIncludeJoinurlInLocation = saved[vn_Setting_ForceIncludeJoinurlInLocation].boolValue();
   }
   if (saved.contains(vn_Setting_PutTheInvitationAtTheTop)) {
-    putTheInvitationAtTheTop_ = saved[vn_Setting_PutTheInvitationAtTheTop].boolValue();
+    m_putTheInvitationAtTheTop = saved[vn_Setting_PutTheInvitationAtTheTop].boolValue();
   }
   if (saved.contains(vn_Setting_SelectInvitationLanguage)) {
-    selectInvitationLanguage_ = saved[vn_Setting_SelectInvitationLanguage].stringValue();
+    m_selectInvitationLanguage = saved[vn_Setting_SelectInvitationLanguage].stringValue();
   }
   if (saved[vn_Setting_NotShowMeAgain].boolValue()) {
     resetMeetingAuthForNotShowAgain();
-    enableAudioWatermark_ =
-        isSignedInUsersMeetingOn_ && profile.isEnableAudioWatermark() && profile.isLockAudioWatermark();
+    m_enableAudioWatermark =
+        m_isSignedInUsersMeetingOn && profile.isEnableAudioWatermark() && profile.isLockAudioWatermark();
     resetWaitingRoomPasscodeStateForNotShowAgain();
     resetAffectedStateByE2eeForNotShowAgain();
     setNotShowMeAgain(true);
@@ -221,21 +221,21 @@ void vnSettingData::applySavedTspAudio(std::int64_t saved) {
   const std::int64_t telephony = second ? kTspTelephonySecond : kTspTelephonyFirst;
   if (profile.alwaysUseBothAsDefaultAudio()) {
     const std::int64_t both = second ? kTspBothSecond : kTspBothFirst;
-    audioType_ = profile.isScheduleAudioBothDisabled() ? telephony : both;
+    m_audioType = profile.isScheduleAudioBothDisabled() ? telephony : both;
   } else {
-    audioType_ = profile.alwaysUseVOIPAsDefaultAudio() ? kTspVoip : telephony;
+    m_audioType = profile.alwaysUseVOIPAsDefaultAudio() ? kTspVoip : telephony;
   }
 }
 
 void vnSettingData::resetMeetingAuthForNotShowAgain() {
-  if (!isSignedInUsersMeetingOn_) return;
+  if (!m_isSignedInUsersMeetingOn) return;
   const Value auths = account().getMeetingAuths();
   for (const Value& auth : auths.items()) {
     if (!auth[vn_Setting_MeetingAuth_DefaultAuth].boolValue()) continue;
-    authId_ = auth[vn_Setting_MeetingAuth_AuthId].optionalText();
-    authName_ = auth[vn_Setting_MeetingAuth_AuthName].optionalText();
-    authType_ = auth[vn_Setting_MeetingAuth_AuthType].integerValue();
-    authDomain_ = auth[vn_Setting_MeetingAuth_AuthDomain].optionalText();
+    m_authId = auth[vn_Setting_MeetingAuth_AuthId].optionalText();
+    m_authName = auth[vn_Setting_MeetingAuth_AuthName].optionalText();
+    m_authType = auth[vn_Setting_MeetingAuth_AuthType].integerValue();
+    m_authDomain = auth[vn_Setting_MeetingAuth_AuthDomain].optionalText();
     return;
   }
 }
@@ -243,23 +243,23 @@ void vnSettingData::resetMeetingAuthForNotShowAgain() {
 void vnSettingData::resetWaitingRoomPasscodeStateForNotShowAgain() {
   const vnUserProfileHelper& profile = account();
   if (!vnClientFeatureMgr::sharedInstance().isVornClientSupport520Tasks()) return;
-  if (!profile.isEnableWaitingRoomNewLogic() || usePMI_) return;
+  if (!profile.isEnableWaitingRoomNewLogic() || m_usePMI) return;
   const bool lockedOff = profile.isLockWaitingRoom() && !profile.isEnableWaitingRoom();
   // A meeting must have one of the two.
-  if (!lockedOff && !enableWaitingRoom_ && !requiredMeetingPassword_) enableWaitingRoom_ = true;
+  if (!lockedOff && !m_enableWaitingRoom && !m_requiredMeetingPassword) m_enableWaitingRoom = true;
 }
 
 void vnSettingData::resetAffectedStateByE2eeForNotShowAgain() {
   const vnUserProfileHelper& profile = account();
   const bool encrypted = vnClientFeatureMgr::sharedInstance().isVornClientSupport530Tasks() &&
-                         profile.isSupportE2eeMeeting() && profile.canScheduleE2eeMeeting() && enableE2ee_;
+                         profile.isSupportE2eeMeeting() && profile.canScheduleE2eeMeeting() && m_enableE2ee;
   if (!encrypted) {
-    enableE2ee_ = false;
+    m_enableE2ee = false;
     return;
   }
-  enableJBH_ = true;
-  audioType_ = kVoipOnly;
-  emAutoRecordingType_ = 0;
+  m_enableJBH = true;
+  m_audioType = kVoipOnly;
+  m_emAutoRecordingType = 0;
 }
 
 }  // namespace vorn

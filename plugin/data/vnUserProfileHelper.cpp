@@ -26,22 +26,22 @@ vnUserProfileHelper::vnUserProfileHelper() {
 
 void vnUserProfileHelper::setData(const Value& profile) {
   if (profile.isAbsent()) return;
-  profile_ = profile.isDictionary() ? profile : Value::dictionary();
+  m_profile = profile.isDictionary() ? profile : Value::dictionary();
   // Read before the new message is decoded: with a message this is the user of the reply before.
   if (const OptionalText userId = getUID()) {
-    if (cachedUserId_ && *cachedUserId_ != *userId) isAccountChanged_ = true;
-    cachedUserId_ = userId;
+    if (m_cachedUserId && *m_cachedUserId != *userId) m_isAccountChanged = true;
+    m_cachedUserId = userId;
   }
   initProtoParseInstance();
 }
 
 void vnUserProfileHelper::clearUserProfile() {
-  profile_ = Value::dictionary();
+  m_profile = Value::dictionary();
   // The user's id stays, so that the next profile can be compared with the last.
   freeProtoParseInstance();
 }
 
-OptionalText vnUserProfileHelper::getProto() const { return profile_[vn_Profile_Proto].optionalText(); }
+OptionalText vnUserProfileHelper::getProto() const { return m_profile[vn_Profile_Proto].optionalText(); }
 
 void vnUserProfileHelper::initProtoParseInstance() {
   const OptionalText base64 = getProto();
@@ -53,50 +53,50 @@ void vnUserProfileHelper::initProtoParseInstance() {
 void vnUserProfileHelper::freeProtoParseInstance() { userProfileProtoParse().reset(); }
 
 void vnUserProfileHelper::cleanup() {
-  profile_ = Value();
-  cachedUserId_.reset();
+  m_profile = Value();
+  m_cachedUserId.reset();
   freeProtoParseInstance();
 }
 
 OptionalText vnUserProfileHelper::getUID() const {
-  if (!hasProto()) return profile_[vn_Profile_UserId].optionalText();
+  if (!hasProto()) return m_profile[vn_Profile_UserId].optionalText();
   const auto* parser = userProfileProtoParse().get();
   return parser ? OptionalText(parser->GetUserId()) : std::nullopt;
 }
 
 OptionalText vnUserProfileHelper::roomMeetingID() const {
-  if (!hasProto()) return profile_[vn_Setting_RoomMeetingId].optionalText();
+  if (!hasProto()) return m_profile[vn_Setting_RoomMeetingId].optionalText();
   const auto* parser = userProfileProtoParse().get();
   return parser ? OptionalText(std::to_string(parser->GetRoomMeetingId())) : std::nullopt;
 }
 
 OptionalText vnUserProfileHelper::thirdPartyAudioInfo() const {
-  if (!hasProto()) return profile_[vn_Setting_ThirdPartyAudio].optionalText();
+  if (!hasProto()) return m_profile[vn_Setting_ThirdPartyAudio].optionalText();
   const auto* parser = userProfileProtoParse().get();
   return parser ? OptionalText(parser->GetThirdPartyAudioInfo()) : std::nullopt;
 }
 
 bool vnUserProfileHelper::enableThirdPartyAudio() const {
-  if (!hasProto()) return profile_[vn_Setting_EnableThirdPartyAudio].boolValue();
+  if (!hasProto()) return m_profile[vn_Setting_EnableThirdPartyAudio].boolValue();
   return messageSays(&CVnUserProfileProtoParse::EnableThirdPartyAudio);
 }
 
 bool vnUserProfileHelper::enablePSTN() const {
-  if (!hasProto()) return profile_[vn_Profile_EnablePSTN].boolValue();
+  if (!hasProto()) return m_profile[vn_Profile_EnablePSTN].boolValue();
   return messageSays(&CVnUserProfileProtoParse::IsEnablePSTN);
 }
 
 bool vnUserProfileHelper::use3rdPartyAsDefaultAudio() const {
-  if (!hasProto()) return profile_[vn_Profile_Use3rdPartyAsDefaultAudio].boolValue();
+  if (!hasProto()) return m_profile[vn_Profile_Use3rdPartyAsDefaultAudio].boolValue();
   return messageSays(&CVnUserProfileProtoParse::Use3rdPartyAsDefaultAudio);
 }
 
 bool vnUserProfileHelper::useRandomPasswordByDefault() const {
-  if (!hasProto()) return profile_[vn_Profile_UseRandomPasswordByDefault].boolValue();
+  if (!hasProto()) return m_profile[vn_Profile_UseRandomPasswordByDefault].boolValue();
   return messageSays(&CVnUserProfileProtoParse::UseRandomPasswordByDefault);
 }
 
-std::int64_t vnUserProfileHelper::userOption() const { return profile_[vn_Profile_UserOption].integerValue(); }
+std::int64_t vnUserProfileHelper::userOption() const { return m_profile[vn_Profile_UserOption].integerValue(); }
 
 bool vnUserProfileHelper::alwaysUseBothAsDefaultAudio() const {
   if (!hasProto()) return hasBit(userOption(), maskOf(kUserOptionBits, "AlwaysUseBothAsDefaultAudio"));

@@ -29,7 +29,7 @@ class vnUserProfileHelper {
   // because it is read before the new message is decoded.
   void setData(const Value& profile);
   void clearUserProfile();
-  bool hasUserProfile() const { return profile_.count() > 0; }
+  bool hasUserProfile() const { return m_profile.count() > 0; }
   bool hasProto() const { return getProto().has_value(); }
   OptionalText getProto() const;
   // Decodes the message of the profile; nothing without one. A message that cannot be decoded leaves the values of
@@ -37,8 +37,8 @@ class vnUserProfileHelper {
   void initProtoParseInstance();
   void freeProtoParseInstance();
   void cleanup();
-  bool isAccountChanged() const { return isAccountChanged_; }
-  void setIsAccountChanged(bool changed) { isAccountChanged_ = changed; }
+  bool isAccountChanged() const { return m_isAccountChanged; }
+  void setIsAccountChanged(bool changed) { m_isAccountChanged = changed; }
 
   // --- From the message when the profile has one, otherwise from the dictionary.
 
@@ -229,9 +229,9 @@ class vnUserProfileHelper {
   Value accountOrPerson(const OptionalText& email, std::string_view key) const;
 
   // Absent after cleanup().
-  Value profile_ = Value::dictionary();
-  OptionalText cachedUserId_;
-  bool isAccountChanged_ = false;
+  Value m_profile = Value::dictionary();
+  OptionalText m_cachedUserId;
+  bool m_isAccountChanged = false;
 };
 
 }  // namespace vorn

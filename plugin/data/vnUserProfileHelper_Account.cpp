@@ -16,58 +16,58 @@ constexpr const char* kPublicWebAddress = "https://vorn.us";
 }  // namespace
 
 bool vnUserProfileHelper::isDefaultEnableOnlyAuthUsersCanJoin() const {
-  return profile_[vn_Profile_DefaultEnableOnlyAuthUsersCanJoin].boolValue();
+  return m_profile[vn_Profile_DefaultEnableOnlyAuthUsersCanJoin].boolValue();
 }
 
 bool vnUserProfileHelper::isLockOnlyAuthUsersCanJoin() const {
-  return profile_[vn_Profile_LockOnlyAuthUsersCanJoin].boolValue();
+  return m_profile[vn_Profile_LockOnlyAuthUsersCanJoin].boolValue();
 }
 
 bool vnUserProfileHelper::isSupportOnlyAuthUsersCanJoin() const {
-  return profile_[vn_Profile_SupportOnlyAuthUsersCanJoin].boolValue();
+  return m_profile[vn_Profile_SupportOnlyAuthUsersCanJoin].boolValue();
 }
 
-bool vnUserProfileHelper::isTaiWanZH() const { return profile_[vn_Profile_IsTaiWanZH].boolValue(); }
+bool vnUserProfileHelper::isTaiWanZH() const { return m_profile[vn_Profile_IsTaiWanZH].boolValue(); }
 
 std::int64_t vnUserProfileHelper::getMeetingPasswordMinLength() const {
-  return profile_[vn_Profile_PasswordMinLength].integerValue();
+  return m_profile[vn_Profile_PasswordMinLength].integerValue();
 }
 
 std::int64_t vnUserProfileHelper::getMeetingPasswordRulesOption() const {
-  return profile_[vn_Profile_PasswordRulesOption].integerValue();
+  return m_profile[vn_Profile_PasswordRulesOption].integerValue();
 }
 
 std::int64_t vnUserProfileHelper::getMeetingPasswordConsecutiveLength() const {
-  return profile_[vn_Profile_PasswordConsecutiveLength].integerValue();
+  return m_profile[vn_Profile_PasswordConsecutiveLength].integerValue();
 }
 
 std::string vnUserProfileHelper::getMeetingTrashCanLink() const {
-  return profile_[vn_Profile_TrashCanLink].text();
+  return m_profile[vn_Profile_TrashCanLink].text();
 }
 
 std::string vnUserProfileHelper::getPublicEventListUrl() const {
-  return profile_[vn_Profile_PublicEventListUrl].text();
+  return m_profile[vn_Profile_PublicEventListUrl].text();
 }
 
 std::string vnUserProfileHelper::getProfileSettingURL() const {
-  return profile_[vn_Profile_ProfileSettingURL].text();
+  return m_profile[vn_Profile_ProfileSettingURL].text();
 }
 
-Value vnUserProfileHelper::getWebUncheckedDCInfos() const { return profile_[vn_Profile_WebUncheckedDCInfos]; }
+Value vnUserProfileHelper::getWebUncheckedDCInfos() const { return m_profile[vn_Profile_WebUncheckedDCInfos]; }
 
-Value vnUserProfileHelper::getMeetingAuths() const { return profile_[vn_Profile_MeetingAuths]; }
+Value vnUserProfileHelper::getMeetingAuths() const { return m_profile[vn_Profile_MeetingAuths]; }
 
-Value vnUserProfileHelper::bossesInfo() const { return profile_[vn_Profile_Bosses]; }
+Value vnUserProfileHelper::bossesInfo() const { return m_profile[vn_Profile_Bosses]; }
 
-Value vnUserProfileHelper::getAccountUpgradeInfo() const { return profile_[vn_Profile_UpgradeInfo]; }
+Value vnUserProfileHelper::getAccountUpgradeInfo() const { return m_profile[vn_Profile_UpgradeInfo]; }
 
 std::int64_t vnUserProfileHelper::getDefaultJbhPriorTime() const {
-  const Value& minutes = profile_[vn_Setting_JBHPriorTime];
+  const Value& minutes = m_profile[vn_Setting_JBHPriorTime];
   return minutes.isAbsent() ? kDefaultJbhPriorMinutes : minutes.integerValue();
 }
 
 std::string vnUserProfileHelper::getVornDomain() const {
-  return profile_[vn_Profile_VornDomain].optionalText().value_or(kPublicWebAddress);
+  return m_profile[vn_Profile_VornDomain].optionalText().value_or(kPublicWebAddress);
 }
 
 bool vnUserProfileHelper::isShowUpgradeLink() const {
@@ -147,8 +147,8 @@ Value vnUserProfileHelper::trackingFields() const {
 }
 
 std::optional<VNAvailableDialinCountryContent> vnUserProfileHelper::getAvailableDialinCountry() const {
-  if (profile_.isAbsent()) return std::nullopt;
-  return VNAvailableDialinCountryContent::fromProfile(profile_[vn_Setting_AvailableDialinCountry]);
+  if (m_profile.isAbsent()) return std::nullopt;
+  return VNAvailableDialinCountryContent::fromProfile(m_profile[vn_Setting_AvailableDialinCountry]);
 }
 
 }  // namespace vorn

@@ -181,7 +181,7 @@ bool vnUserProfileHelper::isEnableNumberalphabet() const {
 }
 
 std::int64_t vnUserProfileHelper::getSupportFeatureOptions() const {
-  return profile_[vn_Profile_SupportFeatureOptions].integerValue();
+  return m_profile[vn_Profile_SupportFeatureOptions].integerValue();
 }
 bool vnUserProfileHelper::supportEditCountriesFeature() const {
   return hasBit(getSupportFeatureOptions(), maskOf(kSupportFeatureBits, "supportEditCountriesFeature"));
@@ -197,7 +197,7 @@ bool vnUserProfileHelper::supportFeatureEnablePaidUserForCN() const {
 }
 
 bool vnUserProfileHelper::dictionaryOrBit(std::string_view key, std::int64_t word, std::uint64_t mask) const {
-  return profile_.contains(key) ? profile_[key].boolValue() : hasBit(word, mask);
+  return m_profile.contains(key) ? m_profile[key].boolValue() : hasBit(word, mask);
 }
 
 bool vnUserProfileHelper::isEnableRequirePassword() const {
@@ -221,14 +221,14 @@ bool vnUserProfileHelper::isLockPMIRequirePassword() const {
 }
 
 bool vnUserProfileHelper::isDisablePMI() const {
-  if (profile_.contains(vn_Profile_IsDisablePMI)) return profile_[vn_Profile_IsDisablePMI].boolValue();
+  if (m_profile.contains(vn_Profile_IsDisablePMI)) return m_profile[vn_Profile_IsDisablePMI].boolValue();
   return messageSays(&CVnUserProfileProtoParse::IsDisablePMI);
 }
 
 bool vnUserProfileHelper::isEnableForcePMIJBHWithPassword() const {
   if (client().isVornClientSupport520Tasks() && isEnableWaitingRoomNewLogic()) return false;
-  if (profile_.contains(vn_Profile_IsEnableForcePMIJBHWithPassword)) {
-    return profile_[vn_Profile_IsEnableForcePMIJBHWithPassword].boolValue();
+  if (m_profile.contains(vn_Profile_IsEnableForcePMIJBHWithPassword)) {
+    return m_profile[vn_Profile_IsEnableForcePMIJBHWithPassword].boolValue();
   }
   return messageSays(&CVnUserProfileProtoParse::IsEnableForcePMIJBHWithPassword);
 }

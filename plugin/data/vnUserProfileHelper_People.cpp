@@ -66,7 +66,7 @@ bool vnUserProfileHelper::isBossesPMIMeetingID(const OptionalText& meetingId) co
 bool vnUserProfileHelper::isEnableScheduleFor() const { return bossesInfo().count() > 0; }
 
 Value vnUserProfileHelper::accountOrPerson(const OptionalText& email, std::string_view key) const {
-  if (isOneself(email)) return profile_[key];
+  if (isOneself(email)) return m_profile[key];
   return scheduleForList().bossesInfoWithScheduleForEmail(email)[key];
 }
 

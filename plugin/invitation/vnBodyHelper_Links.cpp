@@ -30,44 +30,44 @@ std::size_t findFrom(std::u16string_view text, std::u16string_view wanted, std::
 // Reads a text forward, and skips white space before each move. What it skips counts as not consumed.
 class Scanner {
  public:
-  explicit Scanner(std::u16string_view text) : text_(text) {}
+  explicit Scanner(std::u16string_view text) : m_text(text) {}
 
-  std::size_t position() const { return position_; }
-  bool isAtEnd() const { return position_ + skippable() >= text_.size(); }
+  std::size_t position() const { return m_position; }
+  bool isAtEnd() const { return m_position + skippable() >= m_text.size(); }
 
   // Moves to the next occurrence, or to the end without one. False when nothing was consumed.
   bool moveUpTo(std::u16string_view wanted) {
-    const std::size_t start = position_ + skippable();
-    const std::size_t found = std::min(findFrom(text_, wanted, start), text_.size());
+    const std::size_t start = m_position + skippable();
+    const std::size_t found = std::min(findFrom(m_text, wanted, start), m_text.size());
     if (found == start) return false;
-    position_ = found;
+    m_position = found;
     return true;
   }
 
   // Moves over the text if it comes next.
   void take(std::u16string_view wanted) {
-    const std::size_t start = position_ + skippable();
-    if (text_.substr(start).starts_with(wanted)) position_ = start + wanted.size();
+    const std::size_t start = m_position + skippable();
+    if (m_text.substr(start).starts_with(wanted)) m_position = start + wanted.size();
   }
 
   // Moves to the next blank or line end and gives what was passed.
   std::u16string_view takeURL() {
-    const std::size_t start = position_;
-    while (position_ < text_.size() && !endsURL(text_[position_])) ++position_;
-    return text_.substr(start, position_ - start);
+    const std::size_t start = m_position;
+    while (m_position < m_text.size() && !endsURL(m_text[m_position])) ++m_position;
+    return m_text.substr(start, m_position - start);
   }
 
  private:
   std::size_t skippable() const {
-    const auto rest = text_.substr(position_);
+    const auto rest = m_text.substr(m_position);
     // All white space is in the basic plane.
     const auto visible =
         std::find_if_not(rest.begin(), rest.end(), [](char16_t c) { return isWhitespaceOrNewline(c); });
     return static_cast<std::size_t>(visible - rest.begin());
   }
 
-  std::u16string_view text_;
-  std::size_t position_ = 0;
+  std::u16string_view m_text;
+  std::size_t m_position = 0;
 };
 
 void collectURLs(std::u16string_view text, std::u16string_view tag, std::vector<std::u16string>& urls) {

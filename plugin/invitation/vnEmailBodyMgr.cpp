@@ -28,7 +28,7 @@ void vnEmailBodyMgr::updateMailBodyForPAC(const HostObject& editor, const Option
 }
 
 bool vnEmailBodyMgr::isVnBodyChanged(const OptionalText& vnPlainText) const {
-  const OptionalText digest = manager_ ? manager_->encodeMailBody() : std::nullopt;
+  const OptionalText digest = m_manager ? m_manager->encodeMailBody() : std::nullopt;
   return isEmpty(digest) || digest != vnMd5Utils::vnMD5Hex(vnPlainText);
 }
 
@@ -46,7 +46,7 @@ OptionalText vnEmailBodyMgr::getMailBodyContentWithVorn(const OptionalText& sour
                                                         const OptionalText& vnInviteEmail, bool isHTMLBody) const {
   const vnBodyHelper& helper = vnBodyHelper::sharedInstance();
   if (isEmpty(vnInviteEmail)) return helper.removeVnBodyForDelete(sourceBody);
-  return helper.updateVnBodyWithSrcBody(sourceBody, vnInviteEmail, isHTMLBody, manager_);
+  return helper.updateVnBodyWithSrcBody(sourceBody, vnInviteEmail, isHTMLBody, m_manager);
 }
 
 }  // namespace vorn

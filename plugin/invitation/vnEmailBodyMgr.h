@@ -15,7 +15,7 @@ class vnEmailBodyMgr {
   static vnEmailBodyMgr& sharedInstance();
 
   // The manager stays the caller's and outlives this object; null for none.
-  void setMeetingMgrInstance(InvitationOwner* manager) { manager_ = manager; }
+  void setMeetingMgrInstance(InvitationOwner* manager) { m_manager = manager; }
 
   // Brings the invitation into the editor's body when that is due.
   void updateMailBody(const HostObject& editor, const OptionalText& vnInviteEmail, bool isDelete, bool isHTML);
@@ -34,7 +34,7 @@ class vnEmailBodyMgr {
                                           bool isHTMLBody) const;
 
  private:
-  InvitationOwner* manager_ = nullptr;
+  InvitationOwner* m_manager = nullptr;
 };
 
 }  // namespace vorn

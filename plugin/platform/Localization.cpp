@@ -18,18 +18,18 @@ using Table = std::map<std::string, std::string, std::less<>>;
 // Reads a table of texts: `"key" = "value";` and comments. What does not fit costs its own line and no more.
 class StringsParser {
  public:
-  explicit StringsParser(std::string_view text) : text_(text) {}
+  explicit StringsParser(std::string_view text) : m_text(text) {}
 
   Table run() {
     Table table;
     while (skipToEntry()) {
-      const std::size_t begin = at_;
+      const std::size_t begin = m_at;
       std::optional<std::string> key = quoted();
       std::optional<std::string> value = key && sign('=') ? quoted() : std::nullopt;
       if (value && sign(';')) {
         table.insert_or_assign(std::move(*key), std::move(*value));
       } else {
-        at_ = begin;
+        m_at = begin;
         skipLine();
       }
     }
@@ -38,29 +38,29 @@ class StringsParser {
 
  private:
   bool skipToEntry() {
-    for (skipBlanks(); at_ < text_.size() && text_[at_] != '"'; skipBlanks()) {
-      if (text_.substr(at_, 2) == "/*") {
-        const std::size_t end = text_.find("*/", at_ + 2);
-        at_ = end == std::string_view::npos ? text_.size() : end + 2;
+    for (skipBlanks(); m_at < m_text.size() && m_text[m_at] != '"'; skipBlanks()) {
+      if (m_text.substr(m_at, 2) == "/*") {
+        const std::size_t end = m_text.find("*/", m_at + 2);
+        m_at = end == std::string_view::npos ? m_text.size() : end + 2;
       } else {
         skipLine();
       }
     }
-    return at_ < text_.size();
+    return m_at < m_text.size();
   }
 
-  void skipBlanks() { at_ = std::min(text_.find_first_not_of(" \t\r\n", at_), text_.size()); }
-  void skipBlanksInLine() { at_ = std::min(text_.find_first_not_of(" \t", at_), text_.size()); }
+  void skipBlanks() { m_at = std::min(m_text.find_first_not_of(" \t\r\n", m_at), m_text.size()); }
+  void skipBlanksInLine() { m_at = std::min(m_text.find_first_not_of(" \t", m_at), m_text.size()); }
 
   void skipLine() {
-    const std::size_t end = text_.find('\n', at_);
-    at_ = end == std::string_view::npos ? text_.size() : end + 1;
+    const std::size_t end = m_text.find('\n', m_at);
+    m_at = end == std::string_view::npos ? m_text.size() : end + 1;
   }
 
   bool sign(char expected) {
     skipBlanksInLine();
-    if (at_ == text_.size() || text_[at_] != expected) return false;
-    ++at_;
+    if (m_at == m_text.size() || m_text[m_at] != expected) return false;
+    ++m_at;
     return true;
   }
 
@@ -68,10 +68,10 @@ class StringsParser {
   std::optional<std::string> quoted() {
     if (!sign('"')) return std::nullopt;
     std::string content;
-    while (at_ < text_.size() && text_[at_] != '\n') {
-      const char c = text_[at_++];
+    while (m_at < m_text.size() && m_text[m_at] != '\n') {
+      const char c = m_text[m_at++];
       if (c == '"') return content;
-      content += c == '\\' && at_ < text_.size() ? unescaped(text_[at_++]) : c;
+      content += c == '\\' && m_at < m_text.size() ? unescaped(m_text[m_at++]) : c;
     }
     return std::nullopt;
   }
@@ -85,8 +85,8 @@ class StringsParser {
     }
   }
 
-  std::string_view text_;
-  std::size_t at_ = 0;
+  std::string_view m_text;
+  std::size_t m_at = 0;
 };
 
 struct LocalizedTexts {

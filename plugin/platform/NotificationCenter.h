@@ -40,8 +40,8 @@ class NotificationCenter {
 
    private:
     friend class NotificationCenter;
-    std::weak_ptr<NotificationCenter*> center_;
-    std::uint64_t id_ = 0;
+    std::weak_ptr<NotificationCenter*> m_center;
+    std::uint64_t m_id = 0;
   };
 
   NotificationCenter();
@@ -63,9 +63,9 @@ class NotificationCenter {
 
   void remove(std::uint64_t id);
 
-  std::shared_ptr<NotificationCenter*> self_;
-  std::map<std::uint64_t, Observer> observers_;
-  std::uint64_t lastId_ = 0;
+  std::shared_ptr<NotificationCenter*> m_self;
+  std::map<std::uint64_t, Observer> m_observers;
+  std::uint64_t m_lastId = 0;
 };
 
 }  // namespace vorn

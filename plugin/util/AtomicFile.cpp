@@ -19,20 +19,20 @@ constexpr mode_t kModeBits = 07777;
 
 class Descriptor {
  public:
-  explicit Descriptor(int number) : number_(number) {}
+  explicit Descriptor(int number) : m_number(number) {}
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor() { close(); }
 
-  int number() const { return number_; }
-  explicit operator bool() const { return number_ >= 0; }
+  int number() const { return m_number; }
+  explicit operator bool() const { return m_number >= 0; }
   bool close() {
-    const int closing = std::exchange(number_, -1);
+    const int closing = std::exchange(m_number, -1);
     return closing < 0 || ::close(closing) == 0;
   }
 
  private:
-  int number_;
+  int m_number;
 };
 
 std::string behindLinks(const std::string& path) {

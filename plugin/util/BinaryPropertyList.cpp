@@ -20,52 +20,52 @@ constexpr std::size_t kTrailerSize = 32;
 class Reader {
  public:
   Reader(std::string_view content, int deepestNesting)
-      : content_(content), deepestNesting_(deepestNesting), allowance_(content.size()) {}
+      : m_content(content), m_deepestNesting(deepestNesting), m_allowance(content.size()) {}
 
   Value read() {
-    if (content_.size() < kMagic.size() + kTrailerSize) return {};
-    const std::size_t trailer = content_.size() - kTrailerSize;
-    offsetSize_ = number(trailer + 6, 1);
-    referenceSize_ = number(trailer + 7, 1);
+    if (m_content.size() < kMagic.size() + kTrailerSize) return {};
+    const std::size_t trailer = m_content.size() - kTrailerSize;
+    m_offsetSize = number(trailer + 6, 1);
+    m_referenceSize = number(trailer + 7, 1);
     const std::uint64_t count = number(trailer + 8, 8);
     const std::uint64_t top = number(trailer + 16, 8);
-    table_ = number(trailer + 24, 8);
+    m_table = number(trailer + 24, 8);
     const auto isSize = [](std::uint64_t size) { return size >= 1 && size <= 8; };
-    if (!isSize(offsetSize_) || !isSize(referenceSize_) || table_ > trailer) return {};
-    if (count > (trailer - table_) / offsetSize_) return {};
-    known_.resize(count);
+    if (!isSize(m_offsetSize) || !isSize(m_referenceSize) || m_table > trailer) return {};
+    if (count > (trailer - m_table) / m_offsetSize) return {};
+    m_known.resize(count);
     const Value root = object(top, 0);
-    return failed_ ? Value() : root;
+    return m_failed ? Value() : root;
   }
 
  private:
   Value fail() {
-    failed_ = true;
+    m_failed = true;
     return {};
   }
 
   bool holds(std::uint64_t position, std::uint64_t size) const {
-    return position <= content_.size() && size <= content_.size() - position;
+    return position <= m_content.size() && size <= m_content.size() - position;
   }
 
   // A big-endian number; of more than 8 bytes the last 8.
   std::uint64_t number(std::uint64_t position, std::uint64_t size) {
     std::uint64_t result = 0;
-    if (!holds(position, size)) failed_ = true;
-    if (failed_) return 0;
-    for (const char byte : content_.substr(position, size)) {
+    if (!holds(position, size)) m_failed = true;
+    if (m_failed) return 0;
+    for (const char byte : m_content.substr(position, size)) {
       result = (result << 8) | static_cast<unsigned char>(byte);
     }
     return result;
   }
 
   Value object(std::uint64_t index, int depth) {
-    if (failed_ || index >= known_.size() || depth > deepestNesting_) return fail();
-    if (!known_[index]) {
-      Value made = objectAt(number(table_ + index * offsetSize_, offsetSize_), depth);
-      known_[index] = std::move(made);
+    if (m_failed || index >= m_known.size() || depth > m_deepestNesting) return fail();
+    if (!m_known[index]) {
+      Value made = objectAt(number(m_table + index * m_offsetSize, m_offsetSize), depth);
+      m_known[index] = std::move(made);
     }
-    return *known_[index];
+    return *m_known[index];
   }
 
   Value objectAt(std::uint64_t position, int depth) {
@@ -101,14 +101,14 @@ class Reader {
     }
     const std::uint64_t unit = type == 0x5   ? 1
                                : type == 0x6 ? 2
-                               : type == 0xA ? referenceSize_
-                                             : 2 * referenceSize_;
+                               : type == 0xA ? m_referenceSize
+                                             : 2 * m_referenceSize;
     // Objects do not overlap in an honest file, so together they are no longer than it.
-    if (failed_ || count > allowance_ / unit || !holds(position, count * unit)) return fail();
-    allowance_ -= count * unit;
+    if (m_failed || count > m_allowance / unit || !holds(position, count * unit)) return fail();
+    m_allowance -= count * unit;
     switch (type) {
-      case 0x5: return asciiText(content_.substr(position, count));
-      case 0x6: return wideText(content_.substr(position, 2 * count));
+      case 0x5: return asciiText(m_content.substr(position, count));
+      case 0x6: return wideText(m_content.substr(position, 2 * count));
       case 0xA: return array(position, count, depth);
       default: return dictionary(position, count, depth);
     }
@@ -127,32 +127,32 @@ class Reader {
   }
 
   Value reference(std::uint64_t position, std::uint64_t index, int depth) {
-    return object(number(position + index * referenceSize_, referenceSize_), depth + 1);
+    return object(number(position + index * m_referenceSize, m_referenceSize), depth + 1);
   }
 
   Value array(std::uint64_t position, std::uint64_t count, int depth) {
     Value result = Value::array();
-    for (std::uint64_t i = 0; i < count && !failed_; ++i) result.append(reference(position, i, depth));
+    for (std::uint64_t i = 0; i < count && !m_failed; ++i) result.append(reference(position, i, depth));
     return result;
   }
 
   Value dictionary(std::uint64_t position, std::uint64_t count, int depth) {
     Value result = Value::dictionary();
-    for (std::uint64_t i = 0; i < count && !failed_; ++i) {
+    for (std::uint64_t i = 0; i < count && !m_failed; ++i) {
       const Value key = reference(position, i, depth);
       if (key.isText()) result.set(key.text(), reference(position, count + i, depth));
     }
     return result;
   }
 
-  std::string_view content_;
-  int deepestNesting_;
-  std::uint64_t allowance_;
-  std::uint64_t offsetSize_ = 0;
-  std::uint64_t referenceSize_ = 0;
-  std::uint64_t table_ = 0;
-  std::vector<std::optional<Value>> known_;
-  bool failed_ = false;
+  std::string_view m_content;
+  int m_deepestNesting;
+  std::uint64_t m_allowance;
+  std::uint64_t m_offsetSize = 0;
+  std::uint64_t m_referenceSize = 0;
+  std::uint64_t m_table = 0;
+  std::vector<std::optional<Value>> m_known;
+  bool m_failed = false;
 };
 
 }  // namespace

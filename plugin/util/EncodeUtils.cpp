@@ -56,75 +56,75 @@ std::string encoded(const std::string& data) {
 // Takes whole groups as long as nothing stands between their characters, and single characters elsewhere.
 class Decoder {
  public:
-  explicit Decoder(std::string_view text) : rest_(text), data_(text.size() / kGroup * 3 + 3, '\0') {}
+  explicit Decoder(std::string_view text) : m_rest(text), m_data(text.size() / kGroup * 3 + 3, '\0') {}
 
   OptionalText run() {
-    while (!rest_.empty()) {
-      if (characters_ == 0 && padding_ == 0) takeGroups();
-      if (!rest_.empty() && !takeCharacter()) return std::nullopt;
+    while (!m_rest.empty()) {
+      if (m_characters == 0 && m_padding == 0) takeGroups();
+      if (!m_rest.empty() && !takeCharacter()) return std::nullopt;
     }
     if (!takeEnd()) return std::nullopt;
-    data_.resize(size_);
-    return std::move(data_);
+    m_data.resize(m_size);
+    return std::move(m_data);
   }
 
  private:
   void takeGroups() {
-    const auto* in = reinterpret_cast<const unsigned char*>(rest_.data());
-    const auto* const end = in + rest_.size();
-    char* out = data_.data() + size_;
+    const auto* in = reinterpret_cast<const unsigned char*>(m_rest.data());
+    const auto* const end = in + m_rest.size();
+    char* out = m_data.data() + m_size;
     for (; end - in >= static_cast<std::ptrdiff_t>(kGroup); in += kGroup, out += 3) {
       const std::uint32_t bits = kValues[0][in[0]] | kValues[1][in[1]] | kValues[2][in[2]] | kValues[3][in[3]];
       if (bits & kOutside) break;
       write(bits, 3, out);
     }
-    size_ = static_cast<std::size_t>(out - data_.data());
-    rest_.remove_prefix(rest_.size() - static_cast<std::size_t>(end - in));
+    m_size = static_cast<std::size_t>(out - m_data.data());
+    m_rest.remove_prefix(m_rest.size() - static_cast<std::size_t>(end - in));
   }
 
   // False for a character that has no place here.
   bool takeCharacter() {
-    const char c = rest_.front();
-    rest_.remove_prefix(1);
+    const char c = m_rest.front();
+    m_rest.remove_prefix(1);
     if (isBlank(c)) return true;
     if (c == kPadding) {
-      ++padding_;
+      ++m_padding;
       return true;
     }
-    const std::uint32_t bits = kValues[characters_][static_cast<unsigned char>(c)];
-    if (bits == kOutside || padding_ > 0) return false;
-    bits_ |= bits;
-    if (++characters_ == kGroup) {
+    const std::uint32_t bits = kValues[m_characters][static_cast<unsigned char>(c)];
+    if (bits == kOutside || m_padding > 0) return false;
+    m_bits |= bits;
+    if (++m_characters == kGroup) {
       add(3);
-      bits_ = 0;
-      characters_ = 0;
+      m_bits = 0;
+      m_characters = 0;
     }
     return true;
   }
 
   bool takeEnd() {
-    if (characters_ == 1) return false;
-    if (padding_ > 0 && (characters_ == 0 || characters_ + padding_ != kGroup)) return false;
-    if (characters_ > 0) add(characters_ - 1);
+    if (m_characters == 1) return false;
+    if (m_padding > 0 && (m_characters == 0 || m_characters + m_padding != kGroup)) return false;
+    if (m_characters > 0) add(m_characters - 1);
     return true;
   }
 
   void add(std::size_t bytes) {
-    write(bits_, bytes, data_.data() + size_);
-    size_ += bytes;
+    write(m_bits, bytes, m_data.data() + m_size);
+    m_size += bytes;
   }
 
   static void write(std::uint32_t bits, std::size_t bytes, char* out) {
     for (std::size_t i = 0; i < bytes; ++i) out[i] = static_cast<char>(bits >> (16 - 8 * i));
   }
 
-  std::string_view rest_;
-  std::string data_;
-  std::size_t size_ = 0;
+  std::string_view m_rest;
+  std::string m_data;
+  std::size_t m_size = 0;
   // The group that is not whole yet.
-  std::uint32_t bits_ = 0;
-  std::size_t characters_ = 0;
-  std::size_t padding_ = 0;
+  std::uint32_t m_bits = 0;
+  std::size_t m_characters = 0;
+  std::size_t m_padding = 0;
 };
 
 OptionalText decoded(const std::string& text) { return Decoder(text).run(); }

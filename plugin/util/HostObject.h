@@ -16,23 +16,23 @@ namespace vorn {
 class HostObject {
  public:
   HostObject() = default;
-  explicit HostObject(std::uintptr_t address) : address_(address) {}
+  explicit HostObject(std::uintptr_t address) : m_address(address) {}
   HostObject(std::uintptr_t address, std::shared_ptr<void> keeper)
-      : address_(address), keeper_(std::move(keeper)) {}
+      : m_address(address), m_keeper(std::move(keeper)) {}
 
-  std::uintptr_t address() const { return address_; }
-  explicit operator bool() const { return address_ != 0; }
+  std::uintptr_t address() const { return m_address; }
+  explicit operator bool() const { return m_address != 0; }
 
   // The lower-case hexadecimal text of the address without a prefix; "0" for the absent object.
   std::string windowId() const;
 
-  friend bool operator==(const HostObject& a, const HostObject& b) { return a.address_ == b.address_; }
-  friend bool operator!=(const HostObject& a, const HostObject& b) { return a.address_ != b.address_; }
-  friend bool operator<(const HostObject& a, const HostObject& b) { return a.address_ < b.address_; }
+  friend bool operator==(const HostObject& a, const HostObject& b) { return a.m_address == b.m_address; }
+  friend bool operator!=(const HostObject& a, const HostObject& b) { return a.m_address != b.m_address; }
+  friend bool operator<(const HostObject& a, const HostObject& b) { return a.m_address < b.m_address; }
 
  private:
-  std::uintptr_t address_ = 0;
-  std::shared_ptr<void> keeper_;
+  std::uintptr_t m_address = 0;
+  std::shared_ptr<void> m_keeper;
 };
 
 }  // namespace vorn

@@ -43,7 +43,7 @@ constexpr std::array<std::string_view, 32> kNumberedCharacters{
 class TextBuilder {
  public:
   // Takes the memory for the longest text at once, since growing to it would take up to three times as much.
-  explicit TextBuilder(std::size_t longest) { text_.reserve(longest); }
+  explicit TextBuilder(std::size_t longest) { m_text.reserve(longest); }
 
   void begin(std::string_view element) {
     if (element == "br") {
@@ -52,21 +52,21 @@ class TextBuilder {
       beginCell();
     } else if (lineElements().contains(element)) {
       endLine(element);
-      if (element == "tr") rowHasCell_ = false;
+      if (element == "tr") m_rowHasCell = false;
       if (element == "pre") {
-        ++preformatted_;
-        preformattedBegins_ = true;
+        ++m_preformatted;
+        m_preformattedBegins = true;
       }
     }
   }
 
   void end(std::string_view element) {
     if (lineElements().contains(element)) endLine(element);
-    if (element == "pre" && preformatted_ > 0) --preformatted_;
+    if (element == "pre" && m_preformatted > 0) --m_preformatted;
   }
 
   // Leaves every element that has an effect on the text.
-  void leaveAll() { preformatted_ = 0; }
+  void leaveAll() { m_preformatted = 0; }
 
   void add(std::string_view text) {
     while (!text.empty()) {
@@ -80,18 +80,18 @@ class TextBuilder {
     }
   }
 
-  std::string take() { return std::move(text_); }
+  std::string take() { return std::move(m_text); }
 
  private:
-  bool atLineStart() const { return text_.empty() || text_.back() == '\n'; }
+  bool atLineStart() const { return m_text.empty() || m_text.back() == '\n'; }
 
   void addVisible(std::string_view piece) {
-    if (lineEndWaits_)
-      text_ += '\n';
-    else if (blankWaits_)
-      text_ += ' ';
-    lineEndWaits_ = blankWaits_ = cellIsEmpty_ = preformattedBegins_ = false;
-    text_ += piece;
+    if (m_lineEndWaits)
+      m_text += '\n';
+    else if (m_blankWaits)
+      m_text += ' ';
+    m_lineEndWaits = m_blankWaits = m_cellIsEmpty = m_preformattedBegins = false;
+    m_text += piece;
   }
 
   // Adds one of the characters that are looked at, the text's first, and gives its length.
@@ -112,44 +112,44 @@ class TextBuilder {
   }
 
   void addBlank(char c) {
-    if (preformatted_ == 0) {
-      if (!atLineStart() && !lineEndWaits_) blankWaits_ = true;
+    if (m_preformatted == 0) {
+      if (!atLineStart() && !m_lineEndWaits) m_blankWaits = true;
     } else if (c == '\n') {
       // The first one behind the tag belongs to the tag.
-      if (!std::exchange(preformattedBegins_, false)) addLineEnd();
+      if (!std::exchange(m_preformattedBegins, false)) addLineEnd();
     } else if (c != '\r') {
       addVisible(std::string_view(&c, 1));
     }
   }
 
   void addLineEnd() {
-    blankWaits_ = false;
+    m_blankWaits = false;
     addVisible("\n");
   }
 
   // The first line within a cell stays on the row's line; the row itself ends even behind an empty cell.
   void endLine(std::string_view element) {
-    blankWaits_ = false;
-    if (!atLineStart() && (!cellIsEmpty_ || element == "tr")) lineEndWaits_ = true;
+    m_blankWaits = false;
+    if (!atLineStart() && (!m_cellIsEmpty || element == "tr")) m_lineEndWaits = true;
   }
 
   void beginCell() {
-    if (rowHasCell_) {
+    if (m_rowHasCell) {
       // What ended a line within the cell before does not end the row's line.
-      lineEndWaits_ = blankWaits_ = false;
-      text_ += '\t';
+      m_lineEndWaits = m_blankWaits = false;
+      m_text += '\t';
     }
-    rowHasCell_ = true;
-    cellIsEmpty_ = true;
+    m_rowHasCell = true;
+    m_cellIsEmpty = true;
   }
 
-  std::string text_;
-  int preformatted_ = 0;
-  bool preformattedBegins_ = false;
-  bool blankWaits_ = false;
-  bool lineEndWaits_ = false;
-  bool rowHasCell_ = false;
-  bool cellIsEmpty_ = false;
+  std::string m_text;
+  int m_preformatted = 0;
+  bool m_preformattedBegins = false;
+  bool m_blankWaits = false;
+  bool m_lineEndWaits = false;
+  bool m_rowHasCell = false;
+  bool m_cellIsEmpty = false;
 };
 
 struct FreeParser {

@@ -45,30 +45,31 @@ std::size_t behindLast(std::string_view html, char c) {
 }  // namespace
 
 HtmlTextSource::HtmlTextSource(std::string_view html, NoBreakSpaceEntity entity)
-    : html_(html),
-      entity_(entity),
-      behindLastAngle_(behindLast(html, '>')),
-      behindLastQuote_(behindLast(html, '"')),
-      behindLastApostrophe_(behindLast(html, '\'')) {}
+    : m_html(html),
+      m_entity(entity),
+      m_behindLastAngle(behindLast(html, '>')),
+      m_behindLastQuote(behindLast(html, '"')),
+      m_behindLastApostrophe(behindLast(html, '\'')) {}
 
 std::size_t HtmlTextSource::read(char* buffer, std::size_t size) {
   std::size_t filled = 0;
   while (filled < size) {
-    if (piece_.empty() && tagEnd_.empty() && html_.empty()) break;
-    if (piece_.empty()) piece_ = next();
-    const std::size_t length = std::min(piece_.size(), size - filled);
-    std::copy_n(piece_.begin(), length, buffer + filled);
-    piece_.remove_prefix(length);
+    if (m_piece.empty() && m_tagEnd.empty() && m_html.empty()) break;
+    if (m_piece.empty()) m_piece = next();
+    const std::size_t length = std::min(m_piece.size(), size - filled);
+    std::copy_n(m_piece.begin(), length, buffer + filled);
+    m_piece.remove_prefix(length);
     filled += length;
   }
   return filled;
 }
 
 std::string_view HtmlTextSource::next() {
-  if (!tagEnd_.empty()) return std::exchange(tagEnd_, {});
-  if (html_.front() == '<') return markup();
-  if (html_.front() == '&' && entity_ == NoBreakSpaceEntity::leftOut && html_.starts_with(kNoBreakSpaceEntity)) {
-    html_.remove_prefix(kNoBreakSpaceEntity.size());
+  if (!m_tagEnd.empty()) return std::exchange(m_tagEnd, {});
+  if (m_html.front() == '<') return markup();
+  if (m_html.front() == '&' && m_entity == NoBreakSpaceEntity::leftOut &&
+      m_html.starts_with(kNoBreakSpaceEntity)) {
+    m_html.remove_prefix(kNoBreakSpaceEntity.size());
     return {};
   }
   return text();
@@ -77,44 +78,44 @@ std::string_view HtmlTextSource::next() {
 // Text up to what has to be looked at: a tag, an entity, or a byte that is no text.
 std::string_view HtmlTextSource::text() {
   std::size_t end = 0;
-  while (end < html_.size()) {
-    const char c = html_[end];
+  while (end < m_html.size()) {
+    const char c = m_html[end];
     if (c == '<' || (c == '&' && end > 0) || c == '\0') break;
-    const std::size_t length = static_cast<unsigned char>(c) < 0x80 ? 1 : utf8SequenceLength(html_, end);
+    const std::size_t length = static_cast<unsigned char>(c) < 0x80 ? 1 : utf8SequenceLength(m_html, end);
     if (length == 1 && static_cast<unsigned char>(c) >= 0x80) break;
     end += length;
   }
   if (end == 0) {
     // The parser takes a zero byte for the end, and guesses at another encoding when it meets a stray one.
-    html_.remove_prefix(1);
+    m_html.remove_prefix(1);
     return kReplacementCharacter;
   }
-  const std::string_view found = html_.substr(0, end);
-  html_.remove_prefix(end);
+  const std::string_view found = m_html.substr(0, end);
+  m_html.remove_prefix(end);
   return found;
 }
 
 std::string_view HtmlTextSource::markup() {
-  if (html_.starts_with("<!--")) {
+  if (m_html.starts_with("<!--")) {
     skipComment();
     return {};
   }
-  if (html_.size() > behindLastAngle_) {
-    if (tagNameLength(html_) > 0) return tag();
+  if (m_html.size() > m_behindLastAngle) {
+    if (tagNameLength(m_html) > 0) return tag();
     // A declaration, a processing instruction, or a comment of another kind: "<![if !mso]>", "<![endif]>".
-    if (html_.size() > 1 && (html_[1] == '!' || html_[1] == '?' || html_[1] == '/')) {
+    if (m_html.size() > 1 && (m_html[1] == '!' || m_html[1] == '?' || m_html[1] == '/')) {
       skipBehind(">");
       return {};
     }
   }
-  html_.remove_prefix(1);
+  m_html.remove_prefix(1);
   return "&lt;";
 }
 
 // Of a tag its name and its end.
 std::string_view HtmlTextSource::tag() {
-  const std::string_view name = html_.substr(0, tagNameLength(html_));
-  html_.remove_prefix(name.size());
+  const std::string_view name = m_html.substr(0, tagNameLength(m_html));
+  m_html.remove_prefix(name.size());
   const bool isClosedAtOnce = skipAttributes() == '/';
   if (!isClosedAtOnce) {
     for (const std::string_view element : kRawElements) {
@@ -124,21 +125,21 @@ std::string_view HtmlTextSource::tag() {
       }
     }
   }
-  tagEnd_ = isClosedAtOnce ? "/>" : ">";
+  m_tagEnd = isClosedAtOnce ? "/>" : ">";
   return name;
 }
 
 // "<!-->" is a whole comment: it opens what one of two programs is to see.
 void HtmlTextSource::skipComment() {
-  html_.remove_prefix(std::string_view("<!").size());
+  m_html.remove_prefix(std::string_view("<!").size());
   skipBehind(kCommentEnd);
 }
 
 void HtmlTextSource::skipContentOf(std::string_view element) {
   for (;;) {
     skipBehind("</");
-    if (html_.empty()) return;
-    if (startsWithIgnoringCase(html_, element)) return skipBehind(">");
+    if (m_html.empty()) return;
+    if (startsWithIgnoringCase(m_html, element)) return skipBehind(">");
   }
 }
 
@@ -146,23 +147,23 @@ void HtmlTextSource::skipContentOf(std::string_view element) {
 // when it is closed somewhere: a sign of inches or a forgotten quote does not take the text with it.
 char HtmlTextSource::skipAttributes() {
   char last = 0;
-  while (!html_.empty()) {
-    const char c = html_.front();
-    html_.remove_prefix(1);
+  while (!m_html.empty()) {
+    const char c = m_html.front();
+    m_html.remove_prefix(1);
     if (c == '>') break;
-    if ((c == '"' || c == '\'') && last == '=' && hasClosing(c)) html_.remove_prefix(html_.find(c) + 1);
+    if ((c == '"' || c == '\'') && last == '=' && hasClosing(c)) m_html.remove_prefix(m_html.find(c) + 1);
     if (!isBlank(c)) last = c;
   }
   return last;
 }
 
 void HtmlTextSource::skipBehind(std::string_view wanted) {
-  const std::size_t found = html_.find(wanted);
-  html_.remove_prefix(found == kNotFound ? html_.size() : found + wanted.size());
+  const std::size_t found = m_html.find(wanted);
+  m_html.remove_prefix(found == kNotFound ? m_html.size() : found + wanted.size());
 }
 
 bool HtmlTextSource::hasClosing(char quote) const {
-  return html_.size() > (quote == '"' ? behindLastQuote_ : behindLastApostrophe_);
+  return m_html.size() > (quote == '"' ? m_behindLastQuote : m_behindLastApostrophe);
 }
 
 }  // namespace vorn

@@ -31,15 +31,15 @@ class HtmlTextSource {
   void skipBehind(std::string_view wanted);
   bool hasClosing(char quote) const;
 
-  std::string_view html_;
-  NoBreakSpaceEntity entity_;
+  std::string_view m_html;
+  NoBreakSpaceEntity m_entity;
   // The rest of a piece for which the buffer had no room, and what closes the tag of which the name was given.
-  std::string_view piece_;
-  std::string_view tagEnd_;
+  std::string_view m_piece;
+  std::string_view m_tagEnd;
   // How much of the HTML is left behind the last of each, so that none is looked for in vain over and over.
-  std::size_t behindLastAngle_;
-  std::size_t behindLastQuote_;
-  std::size_t behindLastApostrophe_;
+  std::size_t m_behindLastAngle;
+  std::size_t m_behindLastQuote;
+  std::size_t m_behindLastApostrophe;
 };
 
 }  // namespace vorn

@@ -16,17 +16,17 @@ constexpr double kTwoToThe63 = 9223372036854775808.0;
 }  // namespace
 
 OptionalText JsonWriter::write(const Value& value) {
-  depth_ = 0;
-  out_.clear();
+  m_depth = 0;
+  m_out.clear();
   if (!add(value)) return std::nullopt;
-  return std::exchange(out_, {});
+  return std::exchange(m_out, {});
 }
 
 bool JsonWriter::add(const Value& value) {
   switch (value.kind()) {
-    case Value::Kind::null: out_ += "null"; return true;
-    case Value::Kind::boolean: out_ += value.boolValue() ? "true" : "false"; return true;
-    case Value::Kind::integer: out_ += std::to_string(value.integerValue()); return true;
+    case Value::Kind::null: m_out += "null"; return true;
+    case Value::Kind::boolean: m_out += value.boolValue() ? "true" : "false"; return true;
+    case Value::Kind::integer: m_out += std::to_string(value.integerValue()); return true;
     case Value::Kind::real: return addReal(value.realValue());
     case Value::Kind::text: return addText(value.text());
     case Value::Kind::array: return addArray(value);
@@ -43,79 +43,79 @@ bool JsonWriter::addReal(double number) {
   const auto [end, error] = std::fabs(number) < kTwoToThe63
                                 ? std::to_chars(digits, limit, number)
                                 : std::to_chars(digits, limit, number, std::chars_format::scientific);
-  out_.append(digits, end);
+  m_out.append(digits, end);
   return error == std::errc();
 }
 
 bool JsonWriter::addText(std::string_view text) {
   if (!isValidUtf8(text)) return false;
-  out_ += '"';
+  m_out += '"';
   for (const char c : text) {
     switch (c) {
-      case '"': out_ += "\\\""; break;
-      case '\\': out_ += "\\\\"; break;
-      case '\b': out_ += "\\b"; break;
-      case '\f': out_ += "\\f"; break;
-      case '\n': out_ += "\\n"; break;
-      case '\r': out_ += "\\r"; break;
-      case '\t': out_ += "\\t"; break;
+      case '"': m_out += "\\\""; break;
+      case '\\': m_out += "\\\\"; break;
+      case '\b': m_out += "\\b"; break;
+      case '\f': m_out += "\\f"; break;
+      case '\n': m_out += "\\n"; break;
+      case '\r': m_out += "\\r"; break;
+      case '\t': m_out += "\\t"; break;
       default:
         if (static_cast<unsigned char>(c) < 0x20) {
           char escape[8];
           std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
-          out_ += escape;
+          m_out += escape;
         } else {
-          out_ += c;
+          m_out += c;
         }
     }
   }
-  out_ += '"';
+  m_out += '"';
   return true;
 }
 
 bool JsonWriter::addArray(const Value& value) {
   if (value.items().empty()) {
-    out_ += "[]";
+    m_out += "[]";
     return true;
   }
-  if (++depth_ > deepestNesting_) return false;
+  if (++m_depth > m_deepestNesting) return false;
   char separator = '[';
   for (const Value& item : value.items()) {
-    out_ += separator;
+    m_out += separator;
     separator = ',';
     beginLine();
     if (!add(item)) return false;
   }
-  --depth_;
+  --m_depth;
   beginLine();
-  out_ += ']';
+  m_out += ']';
   return true;
 }
 
 bool JsonWriter::addDictionary(const Value& value) {
   if (value.entries().empty()) {
-    out_ += "{}";
+    m_out += "{}";
     return true;
   }
-  if (++depth_ > deepestNesting_) return false;
+  if (++m_depth > m_deepestNesting) return false;
   char separator = '{';
   for (const auto& [key, item] : value.entries()) {
-    out_ += separator;
+    m_out += separator;
     separator = ',';
     beginLine();
     if (!addText(key)) return false;
-    out_ += " : ";
+    m_out += " : ";
     if (!add(item)) return false;
   }
-  --depth_;
+  --m_depth;
   beginLine();
-  out_ += '}';
+  m_out += '}';
   return true;
 }
 
 void JsonWriter::beginLine() {
-  out_ += '\n';
-  out_.append(2 * depth_, ' ');
+  m_out += '\n';
+  m_out.append(2 * m_depth, ' ');
 }
 
 }  // namespace vorn

@@ -11,7 +11,7 @@ namespace vorn {
 // Pretty-prints one value as JSON.
 class JsonWriter {
  public:
-  explicit JsonWriter(std::size_t deepestNesting) : deepestNesting_(deepestNesting) {}
+  explicit JsonWriter(std::size_t deepestNesting) : m_deepestNesting(deepestNesting) {}
 
   // The text of the value; absent when JSON has no form for something in it. An absent value within an array or
   // a dictionary cannot be there and counts as such.
@@ -25,9 +25,9 @@ class JsonWriter {
   bool addDictionary(const Value& value);
   void beginLine();
 
-  std::size_t deepestNesting_;
-  std::size_t depth_ = 0;
-  std::string out_;
+  std::size_t m_deepestNesting;
+  std::size_t m_depth = 0;
+  std::string m_out;
 };
 
 }  // namespace vorn

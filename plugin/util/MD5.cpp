@@ -27,59 +27,59 @@ std::uint32_t littleEndianWord(const unsigned char* bytes) {
 }  // namespace
 
 void MD5::init() {
-  state_ = {0x67452301, 0xefcdab89, 0x98badcfe, 0x10325476};
-  pendingSize_ = 0;
-  messageSize_ = 0;
-  ended_ = false;
+  m_state = {0x67452301, 0xefcdab89, 0x98badcfe, 0x10325476};
+  m_pendingSize = 0;
+  m_messageSize = 0;
+  m_ended = false;
 }
 
 void MD5::feed(std::string_view bytes) {
-  if (!ended_) addBytes(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+  if (!m_ended) addBytes(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
 }
 
 void MD5::feed(const unsigned char* bytes, std::int32_t length) {
-  if (!ended_ && bytes && length > 0) addBytes(bytes, static_cast<std::size_t>(length));
+  if (!m_ended && bytes && length > 0) addBytes(bytes, static_cast<std::size_t>(length));
 }
 
 void MD5::addBytes(const unsigned char* bytes, std::size_t length) {
-  messageSize_ += length;
+  m_messageSize += length;
   while (length > 0) {
-    if (pendingSize_ == 0 && length >= kBlockSize) {
+    if (m_pendingSize == 0 && length >= kBlockSize) {
       addBlock(bytes);
       bytes += kBlockSize;
       length -= kBlockSize;
       continue;
     }
-    const std::size_t taken = std::min(length, kBlockSize - pendingSize_);
-    std::copy_n(bytes, taken, pending_.begin() + static_cast<std::ptrdiff_t>(pendingSize_));
-    pendingSize_ += taken;
+    const std::size_t taken = std::min(length, kBlockSize - m_pendingSize);
+    std::copy_n(bytes, taken, m_pending.begin() + static_cast<std::ptrdiff_t>(m_pendingSize));
+    m_pendingSize += taken;
     bytes += taken;
     length -= taken;
-    if (pendingSize_ == kBlockSize) {
-      addBlock(pending_.data());
-      pendingSize_ = 0;
+    if (m_pendingSize == kBlockSize) {
+      addBlock(m_pending.data());
+      m_pendingSize = 0;
     }
   }
 }
 
 void MD5::finalize() {
-  if (ended_) return;
-  const std::uint64_t bits = messageSize_ * 8;
+  if (m_ended) return;
+  const std::uint64_t bits = m_messageSize * 8;
   constexpr unsigned char firstPadding = 0x80;
   constexpr unsigned char padding = 0;
   addBytes(&firstPadding, 1);
-  while (pendingSize_ != kBlockSize - 8) addBytes(&padding, 1);
+  while (m_pendingSize != kBlockSize - 8) addBytes(&padding, 1);
   std::array<unsigned char, 8> size{};
   for (std::size_t i = 0; i < size.size(); ++i) size[i] = static_cast<unsigned char>(bits >> (8 * i));
   addBytes(size.data(), size.size());
-  ended_ = true;
+  m_ended = true;
 }
 
 std::array<unsigned char, 16> MD5::binary() {
   finalize();
   std::array<unsigned char, 16> digest{};
   for (std::size_t i = 0; i < digest.size(); ++i) {
-    digest[i] = static_cast<unsigned char>(state_[i / 4] >> (8 * (i % 4)));
+    digest[i] = static_cast<unsigned char>(m_state[i / 4] >> (8 * (i % 4)));
   }
   return digest;
 }
@@ -96,7 +96,7 @@ std::string MD5::hex() {
 
 void MD5::addBlock(const unsigned char* block) {
   static const std::array<std::uint32_t, 64> sines = makeSines();
-  auto [a, b, c, d] = state_;
+  auto [a, b, c, d] = m_state;
   for (std::size_t i = 0; i < 64; ++i) {
     const std::size_t round = i / 16;
     std::uint32_t mixed = 0;
@@ -113,10 +113,10 @@ void MD5::addBlock(const unsigned char* block) {
     c = b;
     b += std::rotl(sum, kRotations[round][i % 4]);
   }
-  state_[0] += a;
-  state_[1] += b;
-  state_[2] += c;
-  state_[3] += d;
+  m_state[0] += a;
+  m_state[1] += b;
+  m_state[2] += c;
+  m_state[3] += d;
 }
 
 }  // namespace Halix

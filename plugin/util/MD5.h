@@ -34,11 +34,11 @@ class MD5 {
   void addBytes(const unsigned char* bytes, std::size_t length);
   void addBlock(const unsigned char* block);
 
-  std::array<std::uint32_t, 4> state_{};
-  std::array<unsigned char, kBlockSize> pending_{};
-  std::size_t pendingSize_ = 0;
-  std::uint64_t messageSize_ = 0;
-  bool ended_ = false;
+  std::array<std::uint32_t, 4> m_state{};
+  std::array<unsigned char, kBlockSize> m_pending{};
+  std::size_t m_pendingSize = 0;
+  std::uint64_t m_messageSize = 0;
+  bool m_ended = false;
 };
 
 }  // namespace Halix

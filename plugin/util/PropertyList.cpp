@@ -111,12 +111,12 @@ bool fitsInXml(std::string_view text) {
 
 class Writer {
  public:
-  bool failed() const { return failed_; }
+  bool failed() const { return m_failed; }
 
   // Null for a value that the format cannot hold.
   Node node(const Value& value, int depth) {
-    if (depth > kDeepestNesting) failed_ = true;
-    if (failed_) return nullptr;
+    if (depth > kDeepestNesting) m_failed = true;
+    if (m_failed) return nullptr;
     switch (value.kind()) {
       case Value::Kind::boolean: return Node(plist_new_bool(value.boolValue() ? 1 : 0));
       case Value::Kind::integer: return Node(plist_new_uint(static_cast<std::uint64_t>(value.integerValue())));
@@ -130,8 +130,8 @@ class Writer {
 
  private:
   Node text(const std::string& content) {
-    if (!fitsInXml(content)) failed_ = true;
-    return failed_ ? nullptr : Node(plist_new_string(content.c_str()));
+    if (!fitsInXml(content)) m_failed = true;
+    return m_failed ? nullptr : Node(plist_new_string(content.c_str()));
   }
 
   Node array(const Value& value, int depth) {
@@ -145,14 +145,14 @@ class Writer {
   Node dictionary(const Value& value, int depth) {
     Node result(plist_new_dict());
     for (const auto& [key, item] : value.entries()) {
-      if (!fitsInXml(key)) failed_ = true;
+      if (!fitsInXml(key)) m_failed = true;
       Node made = node(item, depth + 1);
       if (made) plist_dict_set_item(result.get(), key.c_str(), made.release());
     }
     return result;
   }
 
-  bool failed_ = false;
+  bool m_failed = false;
 };
 
 }  // namespace

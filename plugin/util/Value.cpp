@@ -35,16 +35,16 @@ bool textMeansTrue(const std::string& text) {
 
 std::string HostObject::windowId() const {
   char digits[2 * sizeof(std::uintptr_t) + 1];
-  std::snprintf(digits, sizeof digits, "%lx", static_cast<unsigned long>(address_));
+  std::snprintf(digits, sizeof digits, "%lx", static_cast<unsigned long>(m_address));
   return digits;
 }
 
 Value::Value(const OptionalText& text) {
-  if (text) content_ = std::make_shared<const std::string>(*text);
+  if (text) m_content = std::make_shared<const std::string>(*text);
 }
 
 Value::Value(const HostObject& object) {
-  if (object) content_ = object;
+  if (object) m_content = object;
 }
 
 Value Value::dictionaryFromPairs(std::initializer_list<std::pair<std::string_view, Value>> pairs) {
@@ -57,7 +57,7 @@ Value Value::dictionaryFromPairs(std::initializer_list<std::pair<std::string_vie
 }
 
 const std::string& Value::text() const& {
-  const auto* held = std::get_if<std::shared_ptr<const std::string>>(&content_);
+  const auto* held = std::get_if<std::shared_ptr<const std::string>>(&m_content);
   return held ? **held : kNoText;
 }
 
@@ -69,11 +69,11 @@ OptionalText Value::optionalText() const {
 std::string Value::stringValue() const {
   switch (kind()) {
     case Kind::text: return text();
-    case Kind::boolean: return std::get<bool>(content_) ? "1" : "0";
-    case Kind::integer: return std::to_string(std::get<std::int64_t>(content_));
+    case Kind::boolean: return std::get<bool>(m_content) ? "1" : "0";
+    case Kind::integer: return std::to_string(std::get<std::int64_t>(m_content));
     case Kind::real: {
       char digits[40];
-      std::snprintf(digits, sizeof digits, "%.17g", std::get<double>(content_));
+      std::snprintf(digits, sizeof digits, "%.17g", std::get<double>(m_content));
       return digits;
     }
     default: return {};
@@ -82,9 +82,9 @@ std::string Value::stringValue() const {
 
 bool Value::boolValue() const {
   switch (kind()) {
-    case Kind::boolean: return std::get<bool>(content_);
-    case Kind::integer: return std::get<std::int64_t>(content_) != 0;
-    case Kind::real: return std::get<double>(content_) != 0;
+    case Kind::boolean: return std::get<bool>(m_content);
+    case Kind::integer: return std::get<std::int64_t>(m_content) != 0;
+    case Kind::real: return std::get<double>(m_content) != 0;
     case Kind::text: return textMeansTrue(text());
     default: return false;
   }
@@ -92,9 +92,9 @@ bool Value::boolValue() const {
 
 std::int64_t Value::integerValue() const {
   switch (kind()) {
-    case Kind::boolean: return std::get<bool>(content_) ? 1 : 0;
-    case Kind::integer: return std::get<std::int64_t>(content_);
-    case Kind::real: return cutToInteger(std::get<double>(content_));
+    case Kind::boolean: return std::get<bool>(m_content) ? 1 : 0;
+    case Kind::integer: return std::get<std::int64_t>(m_content);
+    case Kind::real: return cutToInteger(std::get<double>(m_content));
     case Kind::text: return std::strtoll(text().c_str(), nullptr, 10);
     default: return 0;
   }
@@ -102,26 +102,26 @@ std::int64_t Value::integerValue() const {
 
 double Value::realValue() const {
   switch (kind()) {
-    case Kind::boolean: return std::get<bool>(content_) ? 1 : 0;
-    case Kind::integer: return static_cast<double>(std::get<std::int64_t>(content_));
-    case Kind::real: return std::get<double>(content_);
+    case Kind::boolean: return std::get<bool>(m_content) ? 1 : 0;
+    case Kind::integer: return static_cast<double>(std::get<std::int64_t>(m_content));
+    case Kind::real: return std::get<double>(m_content);
     case Kind::text: return std::strtod(text().c_str(), nullptr);
     default: return 0;
   }
 }
 
 HostObject Value::object() const {
-  const auto* held = std::get_if<HostObject>(&content_);
+  const auto* held = std::get_if<HostObject>(&m_content);
   return held ? *held : HostObject();
 }
 
 const Value::Array& Value::items() const& {
-  const auto* held = std::get_if<std::shared_ptr<Array>>(&content_);
+  const auto* held = std::get_if<std::shared_ptr<Array>>(&m_content);
   return held ? **held : kNoItems;
 }
 
 const Value::Dictionary& Value::entries() const& {
-  const auto* held = std::get_if<std::shared_ptr<Dictionary>>(&content_);
+  const auto* held = std::get_if<std::shared_ptr<Dictionary>>(&m_content);
   return held ? **held : kNoEntries;
 }
 
@@ -141,15 +141,15 @@ const Value& Value::at(std::size_t index) const& {
 bool Value::contains(std::string_view key) const { return entries().find(key) != entries().end(); }
 
 Value::Array& Value::mutableItems() {
-  auto* held = std::get_if<std::shared_ptr<Array>>(&content_);
-  if (!held) return *content_.emplace<std::shared_ptr<Array>>(std::make_shared<Array>());
+  auto* held = std::get_if<std::shared_ptr<Array>>(&m_content);
+  if (!held) return *m_content.emplace<std::shared_ptr<Array>>(std::make_shared<Array>());
   if (held->use_count() > 1) *held = std::make_shared<Array>(**held);
   return **held;
 }
 
 Value::Dictionary& Value::mutableEntries() {
-  auto* held = std::get_if<std::shared_ptr<Dictionary>>(&content_);
-  if (!held) return *content_.emplace<std::shared_ptr<Dictionary>>(std::make_shared<Dictionary>());
+  auto* held = std::get_if<std::shared_ptr<Dictionary>>(&m_content);
+  if (!held) return *m_content.emplace<std::shared_ptr<Dictionary>>(std::make_shared<Dictionary>());
   if (held->use_count() > 1) *held = std::make_shared<Dictionary>(**held);
   return **held;
 }

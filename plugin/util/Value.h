@@ -33,23 +33,23 @@ class Value {
   using Dictionary = std::map<std::string, Value, std::less<>>;
 
   Value() = default;
-  Value(std::nullptr_t) : content_(Null{}) {}
-  Value(bool flag) : content_(flag) {}
-  Value(int number) : content_(std::int64_t{number}) {}
-  Value(unsigned number) : content_(std::int64_t{number}) {}
-  Value(long number) : content_(std::int64_t{number}) {}
-  Value(long long number) : content_(static_cast<std::int64_t>(number)) {}
+  Value(std::nullptr_t) : m_content(Null{}) {}
+  Value(bool flag) : m_content(flag) {}
+  Value(int number) : m_content(std::int64_t{number}) {}
+  Value(unsigned number) : m_content(std::int64_t{number}) {}
+  Value(long number) : m_content(std::int64_t{number}) {}
+  Value(long long number) : m_content(static_cast<std::int64_t>(number)) {}
   // Numbers above the signed range keep their bit pattern.
-  Value(unsigned long number) : content_(static_cast<std::int64_t>(number)) {}
-  Value(unsigned long long number) : content_(static_cast<std::int64_t>(number)) {}
-  Value(double number) : content_(number) {}
+  Value(unsigned long number) : m_content(static_cast<std::int64_t>(number)) {}
+  Value(unsigned long long number) : m_content(static_cast<std::int64_t>(number)) {}
+  Value(double number) : m_content(number) {}
   Value(const char* text) : Value(std::string(text)) {}
   Value(std::string_view text) : Value(std::string(text)) {}
-  Value(std::string text) : content_(std::make_shared<const std::string>(std::move(text))) {}
+  Value(std::string text) : m_content(std::make_shared<const std::string>(std::move(text))) {}
   // An absent text gives the absent value.
   Value(const OptionalText& text);
-  Value(Array items) : content_(std::make_shared<Array>(std::move(items))) {}
-  Value(Dictionary entries) : content_(std::make_shared<Dictionary>(std::move(entries))) {}
+  Value(Array items) : m_content(std::make_shared<Array>(std::move(items))) {}
+  Value(Dictionary entries) : m_content(std::make_shared<Dictionary>(std::move(entries))) {}
   // The absent object gives the absent value.
   Value(const HostObject& object);
   // A pointer would otherwise turn into a boolean unnoticed.
@@ -62,7 +62,7 @@ class Value {
   // A dictionary of the pairs up to the first absent value; that pair and all behind it are left out.
   static Value dictionaryFromPairs(std::initializer_list<std::pair<std::string_view, Value>> pairs);
 
-  Kind kind() const { return static_cast<Kind>(content_.index()); }
+  Kind kind() const { return static_cast<Kind>(m_content.index()); }
   bool isAbsent() const { return kind() == Kind::absent; }
   bool isNull() const { return kind() == Kind::null; }
   bool isBoolean() const { return kind() == Kind::boolean; }
@@ -134,7 +134,7 @@ class Value {
   Array& mutableItems();
   Dictionary& mutableEntries();
 
-  Content content_;
+  Content m_content;
 };
 
 }  // namespace vorn

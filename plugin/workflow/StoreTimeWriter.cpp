@@ -12,7 +12,7 @@
 namespace vorn {
 
 void StoreTimeWriter::write() {
-  if (vnCalendarActionMgr::sharedInstance().isCurVornMeeting(rawRecord_)) {
+  if (vnCalendarActionMgr::sharedInstance().isCurVornMeeting(m_rawRecord)) {
     updateVnKeyInfoToAppointment();
   } else if (vnApptDataForSaveRecord::sharedInstance().isPACMeeting()) {
     updateVnKeyInfoToAppointmentForPAC();
@@ -25,48 +25,48 @@ void StoreTimeWriter::write() {
 void StoreTimeWriter::updateVnKeyInfoToAppointment() {
   vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
   if (needUpdateLocation() && !save.getOLNewLocation().value_or("").empty()) {
-    record_.setLocation(*save.getOLNewLocation());
+    m_record.setLocation(*save.getOLNewLocation());
   }
 
-  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByECCalendarEvent(rawRecord_);
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByECCalendarEvent(m_rawRecord);
   vnGetMeetingHelper* helper = manager ? manager->getMeetingHelper() : nullptr;
-  if (helper && helper->hasMeetingInfo() && vnOLUtils::trimRLSpace(record_.summary()).value_or("").empty()) {
-    record_.setSummary(helper->getMeetingInfo()[vn_Outlook_ApptInfo][vn_ApptInfo_Subject]);
+  if (helper && helper->hasMeetingInfo() && vnOLUtils::trimRLSpace(m_record.summary()).value_or("").empty()) {
+    m_record.setSummary(helper->getMeetingInfo()[vn_Outlook_ApptInfo][vn_ApptInfo_Subject]);
   }
 
   const OptionalText& newBody = save.getOLNewBody();
-  const Value body = record_.body();
+  const Value body = m_record.body();
   // The same text is mostly there already, and then nothing has to be made out about it.
   if (!body.isText() || !newBody || body.text() == *newBody) return;
   vnBodyHelper& bodies = vnBodyHelper::sharedInstance();
   if (bodies.convertHTMLToPlainText(newBody).value_or("").empty()) return;
   if (bodies.isEqualHTMLBodyContent(body.optionalText(), newBody)) return;
-  record_.setIsBodyHTML(true);
-  record_.setBody(*newBody);
+  m_record.setIsBodyHTML(true);
+  m_record.setBody(*newBody);
 }
 
 void StoreTimeWriter::updateVnKeyInfoToAppointmentForPAC() {
-  const OptionalText location = record_.location();
+  const OptionalText location = m_record.location();
   vnPACMeetingMgr conference;
-  conference.setMeetingMgr(vnMeetingMgrMonitor::getMeetingMgrByECCalendarEvent(rawRecord_).get());
+  conference.setMeetingMgr(vnMeetingMgrMonitor::getMeetingMgrByECCalendarEvent(m_rawRecord).get());
   const OptionalText newLocation = conference.getNewLocationForPAC(location);
-  if (newLocation && newLocation != location) record_.setLocation(*newLocation);
+  if (newLocation && newLocation != location) m_record.setLocation(*newLocation);
 
   const OptionalText& newBody = vnApptDataForSaveRecord::sharedInstance().getOLNewBody();
-  const Value body = record_.body();
-  if (body.isText() && newBody && body.text() != *newBody) record_.setBody(*newBody);
+  const Value body = m_record.body();
+  if (body.isText() && newBody && body.text() != *newBody) m_record.setBody(*newBody);
 }
 
 void StoreTimeWriter::cleanVnKeyInfoFromAppointment() {
   vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
   if (!save.needClearLocation()) return;
-  if (save.getOLNewLocation()) record_.setLocation(*save.getOLNewLocation());
-  if (save.getOLNewBody()) record_.setBody(*save.getOLNewBody());
+  if (save.getOLNewLocation()) m_record.setLocation(*save.getOLNewLocation());
+  if (save.getOLNewBody()) m_record.setBody(*save.getOLNewBody());
 }
 
 bool StoreTimeWriter::needUpdateLocation() {
   vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
-  const OptionalText location = record_.location();
+  const OptionalText location = m_record.location();
   if (!location) return true;
   const OptionalText& ours = save.getVnLocation();
   const std::string planned = save.getOLNewLocation().value_or("");

@@ -7,7 +7,7 @@ namespace vorn {
 // The last write, on the record that the host is about to store.
 class StoreTimeWriter {
  public:
-  explicit StoreTimeWriter(const HostObject& record) : record_(record), rawRecord_(record) {}
+  explicit StoreTimeWriter(const HostObject& record) : m_record(record), m_rawRecord(record) {}
 
   // Chooses what the record needs and does it, and ends the save's data.
   void write();
@@ -21,8 +21,8 @@ class StoreTimeWriter {
   bool needUpdateLocation();
 
  private:
-  vnECMutableCalendarEvent record_;
-  HostObject rawRecord_;
+  vnECMutableCalendarEvent m_record;
+  HostObject m_rawRecord;
 };
 
 }  // namespace vorn

@@ -10,12 +10,12 @@ class ThreadDictionary {
  public:
   static ThreadDictionary& sharedInstance();
 
-  const Value& operator[](std::string_view key) const { return entries_[key]; }
-  void set(std::string_view key, const Value& value) { entries_.set(key, value); }
-  void remove(std::string_view key) { entries_.erase(key); }
+  const Value& operator[](std::string_view key) const { return m_entries[key]; }
+  void set(std::string_view key, const Value& value) { m_entries.set(key, value); }
+  void remove(std::string_view key) { m_entries.erase(key); }
 
  private:
-  Value entries_ = Value::dictionary();
+  Value m_entries = Value::dictionary();
 };
 
 }  // namespace vorn

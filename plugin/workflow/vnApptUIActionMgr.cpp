@@ -75,7 +75,7 @@ void vnApptUIActionMgr::updateSavedLocationForSaveOrSend(const HostObject& edito
 }
 
 void vnApptUIActionMgr::createVnAdditionViewOnCalHeaderContainerView(const HostObject& headerView) {
-  if (barFactory_) barFactory_(headerView);
+  if (m_barFactory) m_barFactory(headerView);
 }
 
 }  // namespace vorn

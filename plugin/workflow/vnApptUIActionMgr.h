@@ -30,11 +30,11 @@ class vnApptUIActionMgr : public vnActionResultMgr {
   void updateSavedLocationForSaveOrSend(const HostObject& editor);
 
   // The room of the bars says how one is made; without that no bar comes up.
-  void setBarFactory(BarFactory factory) { barFactory_ = std::move(factory); }
+  void setBarFactory(BarFactory factory) { m_barFactory = std::move(factory); }
   void createVnAdditionViewOnCalHeaderContainerView(const HostObject& headerView);
 
  private:
-  BarFactory barFactory_;
+  BarFactory m_barFactory;
 };
 
 }  // namespace vorn

@@ -37,13 +37,13 @@ std::shared_ptr<vnMeetingMgr> vnMeetingMgr::create() {
 std::shared_ptr<vnMeetingMgr> vnMeetingMgr::sharedInstance() { return Registry::shared<SharedManager>().manager; }
 
 vnMeetingMgr::vnMeetingMgr(Key)
-    : meetingDataMgr_(std::make_unique<vnMeetingDataMgr>()),
-      emailBodyMgr_(std::make_unique<vnEmailBodyMgr>()),
-      apiMgr_(std::make_unique<vnAPIMgr>()),
-      getMeetingHelper_(std::make_unique<vnGetMeetingHelper>()),
+    : m_meetingDataMgr(std::make_unique<vnMeetingDataMgr>()),
+      m_emailBodyMgr(std::make_unique<vnEmailBodyMgr>()),
+      m_apiMgr(std::make_unique<vnAPIMgr>()),
+      m_getMeetingHelper(std::make_unique<vnGetMeetingHelper>()),
       m_scheduleErrorMsg(std::make_unique<vnScheduleErrorMessage>()) {
-  emailBodyMgr_->setMeetingMgrInstance(this);
-  apiMgr_->setMeetingMgrInstance(this);
+  m_emailBodyMgr->setMeetingMgrInstance(this);
+  m_apiMgr->setMeetingMgrInstance(this);
 }
 
 vnMeetingMgr::~vnMeetingMgr() {
@@ -52,10 +52,10 @@ vnMeetingMgr::~vnMeetingMgr() {
 }
 
 void vnMeetingMgr::freeAllObjects() {
-  meetingDataMgr_.reset();
-  emailBodyMgr_.reset();
-  apiMgr_.reset();
-  getMeetingHelper_.reset();
+  m_meetingDataMgr.reset();
+  m_emailBodyMgr.reset();
+  m_apiMgr.reset();
+  m_getMeetingHelper.reset();
   m_scheduleErrorMsg.reset();
 }
 
@@ -64,7 +64,7 @@ void vnMeetingMgr::observeNotifications() {
   if (!center) return;
   const auto observe = [&](std::string_view name, void (vnMeetingMgr::*handler)(const Value&),
                            const void* object = nullptr) {
-    subscriptions_.push_back(center->observe(
+    m_subscriptions.push_back(center->observe(
         name, [this, handler](const NotificationCenter::Notification& note) { (this->*handler)(note.userInfo); },
         object));
   };
@@ -77,14 +77,14 @@ void vnMeetingMgr::observeNotifications() {
 }
 
 void vnMeetingMgr::cleanup() {
-  subscriptions_.clear();
+  m_subscriptions.clear();
   Registry::platform().runLoop->cancelPrevious(this);
   clearAllSavedData();
   vnApptDataForSaveRecord::sharedInstance().cleanupOLWordMailEditor();
   m_bOpenFromVornClient = false;
-  meetingDataMgr_->cleanup();
-  apiMgr_->cleanup();
-  getMeetingHelper_->cleanup();
+  m_meetingDataMgr->cleanup();
+  m_apiMgr->cleanup();
+  m_getMeetingHelper->cleanup();
   m_scheduleErrorMsg->cleanup();
   m_updatedMeetingDataOnCalendar = Value();
 }
@@ -92,9 +92,9 @@ void vnMeetingMgr::cleanup() {
 void vnMeetingMgr::clearAllSavedData() {
   m_bIsDragAndMove = false;
   m_bIsForceUpdate = true;
-  firstInvitationIsDue_ = false;
-  meetingDataMgr_->clearSavedMeetingData();
-  getMeetingHelper_->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
+  m_firstInvitationIsDue = false;
+  m_meetingDataMgr->clearSavedMeetingData();
+  m_getMeetingHelper->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
   // The profile is the whole process's: clearing it for one window makes every other window fetch it again.
   vnUserProfileHelper::sharedInstance().clearUserProfile();
 }
@@ -135,7 +135,7 @@ int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const HostObject& 
     case VnCmdUpdate: setState(VnStateCommitting); return scheduleUpdateVornMeeting(editor, command);
     case VnCmdDelete: return deleteVornMeeting(editor);
     case VnCmdStartWithVideo:
-    case VnCmdStartWithoutVideo: return apiMgr_->startMeeting(command == VnCmdStartWithVideo);
+    case VnCmdStartWithoutVideo: return m_apiMgr->startMeeting(command == VnCmdStartWithVideo);
     case VnCmdGetMeetingByApptUUID:
       setState(VnStateLoadByApptUUID);
       getMeetingByApptUUID(editor);
@@ -152,16 +152,16 @@ int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const Value& meeti
     parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
     if (isDragAndMove()) bar->setOLUIAction(VnApptActionCalendarEdit);
   }
-  meetingDataMgr_->setSavedApptInfo(meetingData[vn_Outlook_ApptInfo]);
-  meetingDataMgr_->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
+  m_meetingDataMgr->setSavedApptInfo(meetingData[vn_Outlook_ApptInfo]);
+  m_meetingDataMgr->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
 
   int refused = 0;
   if (command == VnCmdDelete) {
     // The owner window and not the parent: a delete on the calendar is answered to the calendar.
-    refused = apiMgr_->deleteMeeting(ownerWindow, meetingData);
+    refused = m_apiMgr->deleteMeeting(ownerWindow, meetingData);
   } else if (command == VnCmdUpdate) {
     setState(VnStateCommitting);
-    refused = apiMgr_->getMeeting(parentWindow, meetingData);
+    refused = m_apiMgr->getMeeting(parentWindow, meetingData);
   }
   return refused != 0 ? 1 : 0;
 }
@@ -200,34 +200,34 @@ std::shared_ptr<MeetingBar> vnMeetingMgr::barOfReply(const Value& data) {
 
 bool vnMeetingMgr::checkIfShowNoMeetingLicenseWindow(const HostObject& parentWindow) {
   if (!vnUserProfileHelper::sharedInstance().isNoMeetingLicenseUser()) return false;
-  apiMgr_->showNoMeetingLicenseWindow(parentWindow);
+  m_apiMgr->showNoMeetingLicenseWindow(parentWindow);
   return true;
 }
 
 // -- Small views of the working data -----------------------------------------------------------------------------
 
-OptionalText vnMeetingMgr::getVornMeetingKey() { return meetingDataMgr_->meetingKey(); }
+OptionalText vnMeetingMgr::getVornMeetingKey() { return m_meetingDataMgr->meetingKey(); }
 
 std::string vnMeetingMgr::getInvitationLanguage() {
-  return meetingDataMgr_->selectInvitationLanguage().value_or("");
+  return m_meetingDataMgr->selectInvitationLanguage().value_or("");
 }
 
-bool vnMeetingMgr::isForUpdateVornMeeting() { return meetingDataMgr_->isVornMeeting(); }
+bool vnMeetingMgr::isForUpdateVornMeeting() { return m_meetingDataMgr->isVornMeeting(); }
 
 OptionalText vnMeetingMgr::getVnDataForOLProperty() {
-  return meetingDataMgr_->getVnDataForOLProperty(getMeetingHelper_->getMeetingInfo());
+  return m_meetingDataMgr->getVnDataForOLProperty(m_getMeetingHelper->getMeetingInfo());
 }
 
 OptionalText vnMeetingMgr::getEncodeMail() {
   const OptionalText invitation =
-      getMeetingHelper_->supportHtmlEmail()
-          ? vnBodyHelper::sharedInstance().convertHTMLToPlainText(getMeetingHelper_->getInviteHtmlEmail())
-          : getMeetingHelper_->getInviteEmail();
+      m_getMeetingHelper->supportHtmlEmail()
+          ? vnBodyHelper::sharedInstance().convertHTMLToPlainText(m_getMeetingHelper->getInviteHtmlEmail())
+          : m_getMeetingHelper->getInviteEmail();
   return vnMd5Utils::vnMD5Hex(invitation);
 }
 
 Value vnMeetingMgr::getVornMeetingData(const HostObject& editor) {
-  Value data = meetingDataMgr_->getVnSchMeetingData(editor);
+  Value data = m_meetingDataMgr->getVnSchMeetingData(editor);
   const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
   if (!bar) return data;
   data.set(keyApptWindowID, bar->getAppointmentWindowID());
@@ -241,13 +241,13 @@ bool vnMeetingMgr::isMeetingChanged(const Value& meetingData, const Value& oldMe
 
 // -- For the commands and the body engine ------------------------------------------------------------------------
 
-OptionalText vnMeetingMgr::meetingKey() { return meetingDataMgr_->meetingKey(); }
+OptionalText vnMeetingMgr::meetingKey() { return m_meetingDataMgr->meetingKey(); }
 
-void vnMeetingMgr::setMeetingKey(const OptionalText& key) { meetingDataMgr_->setMeetingKey(key); }
+void vnMeetingMgr::setMeetingKey(const OptionalText& key) { m_meetingDataMgr->setMeetingKey(key); }
 
-OptionalText vnMeetingMgr::scheduleForEmail() { return meetingDataMgr_->scheduleForEmail(); }
+OptionalText vnMeetingMgr::scheduleForEmail() { return m_meetingDataMgr->scheduleForEmail(); }
 
-void vnMeetingMgr::setScheduleForEmail(const OptionalText& email) { meetingDataMgr_->setScheduleForEmail(email); }
+void vnMeetingMgr::setScheduleForEmail(const OptionalText& email) { m_meetingDataMgr->setScheduleForEmail(email); }
 
 std::string vnMeetingMgr::getDisplayNameWithOnbehalfEmail(const std::string& email) {
   return vnOnbehalfData::sharedInstance().getDisplayNameWithOnbehalfEmail(email);
@@ -259,13 +259,13 @@ void vnMeetingMgr::showNoMeetingLicenseWindow(const HostObject& parentWindow) {
   vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
 }
 
-bool vnMeetingMgr::putInvitationAtTheTop() { return meetingDataMgr_->putInvitationAtTheTop(); }
+bool vnMeetingMgr::putInvitationAtTheTop() { return m_meetingDataMgr->putInvitationAtTheTop(); }
 
-OptionalText vnMeetingMgr::encodeMailBody() { return meetingDataMgr_->encodeMailBody(); }
+OptionalText vnMeetingMgr::encodeMailBody() { return m_meetingDataMgr->encodeMailBody(); }
 
 OptionalText vnMeetingMgr::getMailBodyWithVornContentFor1520(const OptionalText& sourceBody,
                                                              const OptionalText& vnEmailBody, bool isHTMLBody) {
-  return emailBodyMgr_->getMailBodyContentWithVorn(sourceBody, vnEmailBody, isHTMLBody);
+  return m_emailBodyMgr->getMailBodyContentWithVorn(sourceBody, vnEmailBody, isHTMLBody);
 }
 
 }  // namespace vorn

@@ -59,15 +59,15 @@ class vnMeetingMgr : public vnMeetingState,
   void setMeetingAction(std::uint64_t action) override { m_vnMeetingAction = action; }
   // The last action was an update. A save that finishes an add, whose reply with the invitation never came, is
   // none: the body holds only the user's words yet, and an update would take their place.
-  bool isUpdateVornMeetingEvent() override { return m_vnMeetingAction == VnCmdUpdate && !firstInvitationIsDue_; }
+  bool isUpdateVornMeetingEvent() override { return m_vnMeetingAction == VnCmdUpdate && !m_firstInvitationIsDue; }
 
   // -- What it owns; null only after freeAllObjects, and emptied by cleanup
   // ------------------------------------------------------------------------------
 
-  vnMeetingDataMgr* meetingDataMgr() { return meetingDataMgr_.get(); }
-  vnEmailBodyMgr* emailBodyMgr() { return emailBodyMgr_.get(); }
-  vnAPIMgr* apiMgr() { return apiMgr_.get(); }
-  vnGetMeetingHelper* getMeetingHelper() override { return getMeetingHelper_.get(); }
+  vnMeetingDataMgr* meetingDataMgr() { return m_meetingDataMgr.get(); }
+  vnEmailBodyMgr* emailBodyMgr() { return m_emailBodyMgr.get(); }
+  vnAPIMgr* apiMgr() { return m_apiMgr.get(); }
+  vnGetMeetingHelper* getMeetingHelper() override { return m_getMeetingHelper.get(); }
 
   bool isDragAndMove() const { return m_bIsDragAndMove; }
   void setIsDragAndMove(bool drag) { m_bIsDragAndMove = drag; }
@@ -217,18 +217,18 @@ class vnMeetingMgr : public vnMeetingState,
   static void notifyActionResultToCalActionMgr(const Value& response);
 
   std::uint64_t m_vnMeetingAction = 0;
-  std::unique_ptr<vnMeetingDataMgr> meetingDataMgr_;
-  std::unique_ptr<vnEmailBodyMgr> emailBodyMgr_;
-  std::unique_ptr<vnAPIMgr> apiMgr_;
-  std::unique_ptr<vnGetMeetingHelper> getMeetingHelper_;
+  std::unique_ptr<vnMeetingDataMgr> m_meetingDataMgr;
+  std::unique_ptr<vnEmailBodyMgr> m_emailBodyMgr;
+  std::unique_ptr<vnAPIMgr> m_apiMgr;
+  std::unique_ptr<vnGetMeetingHelper> m_getMeetingHelper;
   std::unique_ptr<vnScheduleErrorMessage> m_scheduleErrorMsg;
   Value m_updatedMeetingDataOnCalendar = Value::dictionary();
   bool m_bIsDragAndMove = false;
   bool m_bIsForceUpdate = false;
   bool m_bOpenFromVornClient = false;
   // The service has confirmed a new meeting, and its invitation is not in the appointment yet.
-  bool firstInvitationIsDue_ = false;
-  std::vector<NotificationCenter::Subscription> subscriptions_;
+  bool m_firstInvitationIsDue = false;
+  std::vector<NotificationCenter::Subscription> m_subscriptions;
 };
 
 }  // namespace vorn

@@ -23,26 +23,26 @@ vnMeetingMgrMonitor& vnMeetingMgrMonitor::sharedInstance() { return Registry::sh
 
 void vnMeetingMgrMonitor::addInstanceToList(const std::shared_ptr<vnMeetingMgr>& manager,
                                             const std::shared_ptr<MeetingBar>& bar) {
-  if (manager && bar) pairs_.push_back(Pair{manager, bar});
+  if (manager && bar) m_pairs.push_back(Pair{manager, bar});
 }
 
 void vnMeetingMgrMonitor::removeInstanceByVnMeetingMgr(const vnMeetingMgr* manager) {
-  std::erase_if(pairs_, [manager](const Pair& pair) { return pair.vnMeetingMgrInstance.get() == manager; });
+  std::erase_if(m_pairs, [manager](const Pair& pair) { return pair.vnMeetingMgrInstance.get() == manager; });
 }
 
 void vnMeetingMgrMonitor::removeInstanceByVnView(const MeetingBar* bar) {
-  std::erase_if(pairs_, [bar](const Pair& pair) { return pair.vnActionAdditionViewInstance.get() == bar; });
+  std::erase_if(m_pairs, [bar](const Pair& pair) { return pair.vnActionAdditionViewInstance.get() == bar; });
 }
 
 vnMeetingMgrMonitor::Pair vnMeetingMgrMonitor::getDataByVnMeetingMgr(const vnMeetingMgr* manager) {
-  for (const Pair& pair : sharedInstance().pairs_) {
+  for (const Pair& pair : sharedInstance().m_pairs) {
     if (manager && pair.vnMeetingMgrInstance.get() == manager) return pair;
   }
   return {};
 }
 
 vnMeetingMgrMonitor::Pair vnMeetingMgrMonitor::getDataByVnView(const MeetingBar* bar) {
-  for (const Pair& pair : sharedInstance().pairs_) {
+  for (const Pair& pair : sharedInstance().m_pairs) {
     if (bar && pair.vnActionAdditionViewInstance.get() == bar) return pair;
   }
   return {};

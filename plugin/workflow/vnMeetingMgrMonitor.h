@@ -36,7 +36,7 @@ class vnMeetingMgrMonitor {
   static std::shared_ptr<MeetingBar> getVnViewByMeetingMgr(const vnMeetingMgr* manager);
 
  private:
-  std::vector<Pair> pairs_;
+  std::vector<Pair> m_pairs;
 };
 
 }  // namespace vorn

@@ -22,8 +22,8 @@ int vnMeetingMgr::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command,
   const auto bar = barOfReply(meetingData);
   if (bar && isDragAndMove()) bar->setOLUIAction(VnApptActionCalendarEdit);
   const Value& apptInfo = meetingData[vn_Outlook_ApptInfo];
-  meetingDataMgr_->setSavedApptInfo(apptInfo);
-  meetingDataMgr_->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
+  m_meetingDataMgr->setSavedApptInfo(apptInfo);
+  m_meetingDataMgr->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
   // After the manager's end there is no place to park an edit in any more.
   if (m_updatedMeetingDataOnCalendar.isPresent()) {
     m_updatedMeetingDataOnCalendar =
@@ -34,7 +34,7 @@ int vnMeetingMgr::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command,
   request.set(vn_ApptInfo_OlApptUUID, apptInfo[vn_ApptInfo_OlApptUUID]);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
   const HostObject ownerWindow = meetingData[keyEventOwnerWindow].object();
-  return apiMgr_->getMeetingByApptUUID(ownerWindow, request) != 0 ? 1 : 0;
+  return m_apiMgr->getMeetingByApptUUID(ownerWindow, request) != 0 ? 1 : 0;
 }
 
 void vnMeetingMgr::replayUpdateOnCalendar() {

@@ -44,7 +44,7 @@ constexpr int kCommitErrorSecurity = 3113;
 int vnMeetingMgr::addVornMeeting(const std::shared_ptr<MeetingBar>& bar) {
   if (!vnUserProfileHelper::sharedInstance().hasUserProfile()) {
     // No data, hence no progress window. The reply goes on from here because the state says so.
-    return apiMgr_->getUserProfile(parentWindowOf(bar), Value());
+    return m_apiMgr->getUserProfile(parentWindowOf(bar), Value());
   }
   prepareOpenSettings(bar);
   return 0;
@@ -98,15 +98,15 @@ void vnMeetingMgr::onInvokeSettingCommit(const Value& userInfo) {
   const OptionalText ownId = windowIdOf(ownBar());
   if (!ownId || userInfo[keyApptWindowID].text() != *ownId) return;
 
-  const Value settings = meetingDataMgr_->getVnSettingsData(ownId);
+  const Value settings = m_meetingDataMgr->getVnSettingsData(ownId);
   if (const Value& include = settings[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
-    meetingDataMgr_->setForceIncludeJoinUrlInLocation(include.boolValue());
+    m_meetingDataMgr->setForceIncludeJoinUrlInLocation(include.boolValue());
   }
   if (const Value& top = settings[vn_Setting_PutTheInvitationAtTheTop]; top.isPresent()) {
-    meetingDataMgr_->setPutInvitationAtTheTop(top.boolValue());
+    m_meetingDataMgr->setPutInvitationAtTheTop(top.boolValue());
   }
   if (const Value& language = settings[vn_Setting_SelectInvitationLanguage]; !language.text().empty()) {
-    meetingDataMgr_->setSelectInvitationLanguage(language.text());
+    m_meetingDataMgr->setSelectInvitationLanguage(language.text());
   }
   // A dismissed panel on a meeting that was never stored runs the cancel route.
   if (!userInfo[keyButtonClickIsOK].boolValue() && !isForUpdateVornMeeting()) setMeetingAction(VnCmdCancel);
@@ -117,8 +117,8 @@ void vnMeetingMgr::onInvokeSettingCommit(const Value& userInfo) {
 
 int vnMeetingMgr::changeSettings(const std::shared_ptr<MeetingBar>& bar) {
   if (!vnUserProfileHelper::sharedInstance().hasUserProfile()) {
-    return apiMgr_->getUserProfile(parentWindowOf(bar),
-                                   Value::dictionaryFromPairs({{vn_API_Call_Para_ShowCommunicationDlg, true}}));
+    return m_apiMgr->getUserProfile(parentWindowOf(bar),
+                                    Value::dictionaryFromPairs({{vn_API_Call_Para_ShowCommunicationDlg, true}}));
   }
   executeGetMeetingForChangeSetting(bar);
   return 0;
@@ -127,9 +127,9 @@ int vnMeetingMgr::changeSettings(const std::shared_ptr<MeetingBar>& bar) {
 void vnMeetingMgr::executeGetMeetingForChangeSetting(const std::shared_ptr<MeetingBar>& bar) {
   if (checkIfShowNoMeetingLicenseWindow(parentWindowOf(bar))) return;
   Value data = getVornMeetingData(editorOf(bar));
-  if (getMeetingHelper_->NeedRequestGetMeeting()) {
+  if (m_getMeetingHelper->NeedRequestGetMeeting()) {
     data.set(vn_API_Call_Para_ShowCommunicationDlg, true);
-    apiMgr_->getMeeting(parentWindowOf(bar), data);
+    m_apiMgr->getMeeting(parentWindowOf(bar), data);
   } else {
     showSettingsWindow(bar, data);
   }
@@ -161,7 +161,7 @@ void vnMeetingMgr::getPMIMeetingInfo(const std::shared_ptr<MeetingBar>& bar, std
   request.set(vn_Setting_MeetingKey, meetingId);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, true);
   request.set(vn_API_Call_Para_ForPMI, true);
-  apiMgr_->getMeeting(parentWindowOf(bar), request);
+  m_apiMgr->getMeeting(parentWindowOf(bar), request);
 }
 
 std::string vnMeetingMgr::getScheduldForEmailFromUI(const std::shared_ptr<MeetingBar>& bar) {
@@ -176,8 +176,8 @@ std::string vnMeetingMgr::getScheduldForEmailFromUI(const std::shared_ptr<Meetin
 void vnMeetingMgr::prepareUserProfile(const std::shared_ptr<MeetingBar>& bar, bool /*fromClientSchedule*/) {
   if (vnUserProfileHelper::sharedInstance().hasUserProfile()) return;
   // Silent: a client that is not ready must not alert a user who merely opened an appointment.
-  apiMgr_->getUserProfile(parentWindowOf(bar),
-                          Value::dictionaryFromPairs({{vn_API_Call_Para_SilentAPIError, true}}));
+  m_apiMgr->getUserProfile(parentWindowOf(bar),
+                           Value::dictionaryFromPairs({{vn_API_Call_Para_SilentAPIError, true}}));
 }
 
 void vnMeetingMgr::onGetUserProfileActionFinished(const Value& data) {
@@ -188,8 +188,8 @@ void vnMeetingMgr::onGetUserProfileActionFinished(const Value& data) {
   const bool personalAudioIsReady = vnGetPACHelper::sharedInstance().hasPACInfo() && !profile.isAccountChanged();
   if (!personalAudioIsReady) {
     profile.setIsAccountChanged(false);
-    apiMgr_->getPAC(parentWindowOf(bar),
-                    Value::dictionaryFromPairs({{vn_API_Call_Para_ShowCommunicationDlg, waitedIn == VnStatePAC}}));
+    m_apiMgr->getPAC(parentWindowOf(bar), Value::dictionaryFromPairs(
+                                              {{vn_API_Call_Para_ShowCommunicationDlg, waitedIn == VnStatePAC}}));
   }
 
   switch (waitedIn) {
@@ -203,7 +203,7 @@ void vnMeetingMgr::onGetUserProfileActionFinished(const Value& data) {
 // -- Scheduling for somebody else --------------------------------------------------------------------------------
 
 int vnMeetingMgr::getScheduleForList(const std::shared_ptr<MeetingBar>& bar) {
-  return apiMgr_->getScheduleForList(parentWindowOf(bar));
+  return m_apiMgr->getScheduleForList(parentWindowOf(bar));
 }
 
 void vnMeetingMgr::onGetScheduleForListFinished(const Value& data) {
@@ -214,11 +214,11 @@ void vnMeetingMgr::onGetScheduleForListFinished(const Value& data) {
 }
 
 bool vnMeetingMgr::checkScheduleForEmailValidity() {
-  const std::string email = getMeetingHelper_->getScheduleForEmail().value_or("");
+  const std::string email = m_getMeetingHelper->getScheduleForEmail().value_or("");
   if (email.empty()) return true;
   // Until the profile has come nobody knows one's own id either, and a meeting that names only its host's id looks
   // like somebody else's even if it is one's own.
-  const bool namesAnEmail = getMeetingHelper_->getMeetingInfo()[vn_Setting][vn_Setting_ScheduleFor].isPresent();
+  const bool namesAnEmail = m_getMeetingHelper->getMeetingInfo()[vn_Setting][vn_Setting_ScheduleFor].isPresent();
   if (!vnUserProfileHelper::sharedInstance().hasUserProfile() && !namesAnEmail) return true;
   const Value bosses = vnUserProfileHelper::sharedInstance().bossesInfo();
   for (const Value& boss : bosses.items()) {
@@ -280,7 +280,7 @@ void vnMeetingMgr::onInvokeCommitChooseAnotherTemplate(const Value& userInfo) {
     data.set(vn_Setting, settings);
   }
   // An update, whichever command was under way.
-  apiMgr_->updateMeeting(parentWindow, data);
+  m_apiMgr->updateMeeting(parentWindow, data);
 }
 
 void vnMeetingMgr::showCommitWarning(const HostObject& /*parentWindow*/, const Value& /*meetingData*/) {

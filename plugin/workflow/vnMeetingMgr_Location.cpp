@@ -86,7 +86,7 @@ OptionalText vnMeetingMgr::getVnLocation(const std::shared_ptr<MeetingBar>& bar)
     if (!joined.empty()) joined += kSeparator;
     joined += attendee[vn_ApptInfo_AttendeeName].text();
   }
-  const OptionalText& url = meetingDataMgr_->joinUrl();
+  const OptionalText& url = m_meetingDataMgr->joinUrl();
   if (joined.empty()) return url;
   if (url) joined.append(kSeparator).append(*url);
   return joined;
@@ -101,16 +101,16 @@ OptionalText vnMeetingMgr::getOLUserInputLocation(const HostObject& editor) {
   if (!trimmed || trimmed->empty()) return trimmed;
 
   // A URL without a passcode is a prefix of the same URL with one, so those with a passcode go first.
-  std::string text = withoutUrls(*trimmed, meetingDataMgr_->usedJoinUrlListWithPwd());
-  text = withoutUrls(std::move(text), meetingDataMgr_->usedJoinUrlListWithoutPwd());
-  text = withoutRooms(std::move(text), meetingDataMgr_->getSavedApptInfo()[vn_ApptInfo_Attendees]);
+  std::string text = withoutUrls(*trimmed, m_meetingDataMgr->usedJoinUrlListWithPwd());
+  text = withoutUrls(std::move(text), m_meetingDataMgr->usedJoinUrlListWithoutPwd());
+  text = withoutRooms(std::move(text), m_meetingDataMgr->getSavedApptInfo()[vn_ApptInfo_Attendees]);
   if (event) text = withoutRooms(std::move(text), event->getVnAttendeesData());
   text = vnOLUtils::trimRLSpace(text).value_or("");
   return vnOLUtils::trimRLSpace(withoutSemicolonsAtEnds(text));
 }
 
 bool vnMeetingMgr::needUpdateLocation(const HostObject& editor, const OptionalText& oldJoinUrl) {
-  const bool include = meetingDataMgr_->forceIncludeJoinUrlInLocation();
+  const bool include = m_meetingDataMgr->forceIncludeJoinUrlInLocation();
   if (getMeetingAction() != VnCmdUpdate || include) return include;
   // The user has switched the URL off: one of ours that is still there is kept up to date, but none is added.
   vnERCalendarEventEditorViewController proxy(editor);

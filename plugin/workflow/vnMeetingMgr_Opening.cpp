@@ -34,14 +34,14 @@ bool vnMeetingMgr::loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool 
   const Value record = vnOLUtils::toArrayOrNSDictionary(stored.optionalText());
   if (!record.contains(vn_OLProperty_MeetingKey)) return false;
 
-  meetingDataMgr_->setMeetingKey(record[vn_OLProperty_MeetingKey].optionalText());
-  meetingDataMgr_->setEncodeMailBody(record[vn_OLProperty_EncodeMailBody].optionalText());
-  meetingDataMgr_->setJoinUrl(record[vn_Meeting_JoinUrl].optionalText());
+  m_meetingDataMgr->setMeetingKey(record[vn_OLProperty_MeetingKey].optionalText());
+  m_meetingDataMgr->setEncodeMailBody(record[vn_OLProperty_EncodeMailBody].optionalText());
+  m_meetingDataMgr->setJoinUrl(record[vn_Meeting_JoinUrl].optionalText());
   if (const Value& include = record[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
-    meetingDataMgr_->setOldForceIncludeJoinurlInLocation(include.boolValue());
+    m_meetingDataMgr->setOldForceIncludeJoinurlInLocation(include.boolValue());
   }
   if (const Value& language = record[vn_Setting_SelectInvitationLanguage]; language.isPresent()) {
-    meetingDataMgr_->setInvitationLanguage(language.optionalText());
+    m_meetingDataMgr->setInvitationLanguage(language.optionalText());
   }
   return true;
 }
@@ -54,10 +54,10 @@ bool vnMeetingMgr::loadICSDataForClientSchedule(vnECCalendarEvent& event) {
 
   if (calendar.isGetMeetingNumberFromInvitation()) prepareUserProfile(bar, true);
   setOpenFromVornClient(true);
-  meetingDataMgr_->setMeetingKey(number);
+  m_meetingDataMgr->setMeetingKey(number);
   if (const OptionalText location = event.getVnMeetingData()[vn_ApptInfo_Location].optionalText()) {
     // The client puts nothing but the join URL into the location.
-    meetingDataMgr_->setJoinUrl(location);
+    m_meetingDataMgr->setJoinUrl(location);
     vnApptDataForSaveRecord::sharedInstance().setJoinURLFromProperty(location);
   }
   bar->setAutoUpdateVornMeetingFlag();
@@ -78,26 +78,26 @@ int vnMeetingMgr::getMeetingByApptUUID(const HostObject& editor) {
   Value request = Value::dictionary();
   request.set(vn_ApptInfo_OlApptUUID, event ? event->UUID() : std::nullopt);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
-  return apiMgr_->getMeetingByApptUUID(vnMeetingCommon::getPluginParentWindow(bar.get()), request);
+  return m_apiMgr->getMeetingByApptUUID(vnMeetingCommon::getPluginParentWindow(bar.get()), request);
 }
 
 void vnMeetingMgr::onGetMeetingByApptUUIDActionFinished(const Value& data) {
   if (state() == VnStateUpdateOnCalendar) return replayUpdateOnCalendar();
   if (state() != VnStateLoadByApptUUID) return;
-  const Value info = getMeetingHelper_->getMeetingInfo();
-  meetingDataMgr_->setMeetingKey(info[vn_MeetingKey].optionalText());
-  meetingDataMgr_->setJoinUrl(info[vn_Meeting_JoinUrl].optionalText());
+  const Value info = m_getMeetingHelper->getMeetingInfo();
+  m_meetingDataMgr->setMeetingKey(info[vn_MeetingKey].optionalText());
+  m_meetingDataMgr->setJoinUrl(info[vn_Meeting_JoinUrl].optionalText());
   vnApptDataForSaveRecord::sharedInstance().setJoinURLFromProperty(info[vn_Meeting_JoinUrl].optionalText());
 
   const auto bar = barOfReply(data);
   if (!bar) return;
   if (const HostObject event = bar->ecCalendarEvent()) {
-    meetingDataMgr_->setOccurrenceIsSingleVornMeeting(vnECCalendarEvent(event).occurrenceIsSingleVornMeeting());
+    m_meetingDataMgr->setOccurrenceIsSingleVornMeeting(vnECCalendarEvent(event).occurrenceIsSingleVornMeeting());
     bar->updateSupportVornButtonFlag(event);
   }
   bar->onUIChanged(VnUIMeeting);
   if (!vnUserProfileHelper::sharedInstance().hasUserProfile()) {
-    apiMgr_->getUserProfile(vnMeetingCommon::getPluginParentWindow(bar.get()), Value());
+    m_apiMgr->getUserProfile(vnMeetingCommon::getPluginParentWindow(bar.get()), Value());
   }
 }
 

@@ -59,10 +59,10 @@ int vnMeetingMgr::scheduleUpdateVornMeeting(const HostObject& editor, std::uint6
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
   if (checkIfShowNoMeetingLicenseWindow(parentWindow)) return VnHandleBlocked;
   if (command == VnCmdSchedule) {
-    apiMgr_->scheduleMeeting(parentWindow, data);
-  } else if (getMeetingHelper_->NeedRequestGetMeeting()) {
+    m_apiMgr->scheduleMeeting(parentWindow, data);
+  } else if (m_getMeetingHelper->NeedRequestGetMeeting()) {
     // The comparison runs against fresh data, when the reply is there.
-    apiMgr_->getMeeting(parentWindow, data);
+    m_apiMgr->getMeeting(parentWindow, data);
   } else {
     commitUpdateMeeting(bar, data);
   }
@@ -93,20 +93,20 @@ void vnMeetingMgr::commitUpdateMeeting(const std::shared_ptr<MeetingBar>& bar, c
   const HostObject editor = bar ? bar->editorViewController() : HostObject();
   const bool mayCommit = !bar || !bar->blockDeleteVornMeeting();
   if (mayCommit) {
-    const Value info = getMeetingHelper_->getMeetingInfo();
+    const Value info = m_getMeetingHelper->getMeetingInfo();
     if (isMeetingChanged(meetingData, info)) {
       if (meetingData[vn_Setting][vn_Setting_IsPMI].boolValue()) {
         updatePMIMeeting(bar, meetingData);
       } else {
-        apiMgr_->updateMeeting(vnMeetingCommon::getPluginParentWindow(bar.get()), meetingData);
+        m_apiMgr->updateMeeting(vnMeetingCommon::getPluginParentWindow(bar.get()), meetingData);
       }
       return;
     }
     // The service has nothing to learn. What the user sees may still have to be written.
     vnERCalendarEventEditorViewController proxy(editor);
     if (proxy.isOutlookAppointmentItemChanged() || isForceUpdate() ||
-        meetingDataMgr_->isForceIncludeJoinurlInLocationChanged() ||
-        meetingDataMgr_->isSelectInvitationLanguageChanged()) {
+        m_meetingDataMgr->isForceIncludeJoinurlInLocationChanged() ||
+        m_meetingDataMgr->isSelectInvitationLanguageChanged()) {
       setIsForceUpdate(false);
       updateMailBodyForSchedule(editor);
       updateVnKeyInfoToAppointment(editor, info, true);
@@ -120,12 +120,12 @@ void vnMeetingMgr::updatePMIMeeting(const std::shared_ptr<MeetingBar>& bar, cons
     getPMIMeetingInfo(bar, VnStatePMIForUpdate);
   } else {
     setState(VnStatePMIForUpdate);
-    apiMgr_->getUserProfile(vnMeetingCommon::getPluginParentWindow(bar.get()), Value());
+    m_apiMgr->getUserProfile(vnMeetingCommon::getPluginParentWindow(bar.get()), Value());
   }
 }
 
 void vnMeetingMgr::onSchdulerActionFinished(std::uint64_t command, const Value& data) {
-  if (command == VnCmdSchedule) firstInvitationIsDue_ = true;
+  if (command == VnCmdSchedule) m_firstInvitationIsDue = true;
   const auto bar = barOfReply(data);
   const Value& response = data[keyVnAPIResponse];
   if (bar) {
@@ -141,10 +141,10 @@ void vnMeetingMgr::onSchdulerActionFinished(std::uint64_t command, const Value& 
   if (SettingsPanel* panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
     settingsPanels()->addToInputAlternateHostHistory(panel->getVnSettingsData()[vn_Setting_AlternateHosts]);
   }
-  meetingDataMgr_->setMeetingKey(response[vn_MeetingKey].optionalText());
+  m_meetingDataMgr->setMeetingKey(response[vn_MeetingKey].optionalText());
   // The invitation comes with the meeting, and the meeting is fetched anew.
-  apiMgr_->getMeeting(vnMeetingCommon::getPluginParentWindow(bar.get()),
-                      getVornMeetingData(bar->editorViewController()));
+  m_apiMgr->getMeeting(vnMeetingCommon::getPluginParentWindow(bar.get()),
+                       getVornMeetingData(bar->editorViewController()));
 }
 
 void vnMeetingMgr::notifyActionResultToCalActionMgr(const Value& response) {
@@ -154,19 +154,19 @@ void vnMeetingMgr::notifyActionResultToCalActionMgr(const Value& response) {
 void vnMeetingMgr::onGetMeetingActionFinished(const Value& data) {
   // A reply without a readable meeting is like one that was cut short: nothing is known, so nothing is compared,
   // told or written, and the appointment stays open as it is.
-  if (!getMeetingHelper_->hasMeetingInfo()) return;
+  if (!m_getMeetingHelper->hasMeetingInfo()) return;
   const auto bar = barOfReply(data);
   const HostObject editor = bar ? bar->editorViewController() : HostObject();
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
-  const Value info = getMeetingHelper_->getMeetingInfo();
+  const Value info = m_getMeetingHelper->getMeetingInfo();
   Value meetingData;
   if (bar) {
     meetingData = getVornMeetingData(editor);
   } else {
     meetingData = Value::dictionary();
-    meetingData.set(vn_Outlook_ApptInfo, meetingDataMgr_->getSavedApptInfo());
+    meetingData.set(vn_Outlook_ApptInfo, m_meetingDataMgr->getSavedApptInfo());
     meetingData.set(vn_Setting, info[vn_Setting]);
-    meetingData.set(vn_MeetingKey, meetingDataMgr_->meetingKey());
+    meetingData.set(vn_MeetingKey, m_meetingDataMgr->meetingKey());
   }
   const OptionalText windowId = data[keyApptWindowID].optionalText();
 
@@ -191,7 +191,7 @@ void vnMeetingMgr::onGetMeetingActionFinished(const Value& data) {
       }
       break;
     case VnStatePMIForSchedule: sendVnMeetingCommand(VnCmdSchedule, editor); break;
-    case VnStatePMIForUpdate: apiMgr_->updateMeeting(parentWindow, meetingData); break;
+    case VnStatePMIForUpdate: m_apiMgr->updateMeeting(parentWindow, meetingData); break;
     default: break;
   }
 }
@@ -199,19 +199,19 @@ void vnMeetingMgr::onGetMeetingActionFinished(const Value& data) {
 // -- Writing back ------------------------------------------------------------------------------------------------
 
 void vnMeetingMgr::updateMailBodyForSchedule(const HostObject& editor) {
-  const bool isHTML = getMeetingHelper_->supportHtmlEmail();
+  const bool isHTML = m_getMeetingHelper->supportHtmlEmail();
   const OptionalText invitation =
-      isHTML ? getMeetingHelper_->getInviteHtmlEmail() : getMeetingHelper_->getInviteEmail();
-  emailBodyMgr_->updateMailBody(editor, invitation, false, isHTML);
-  firstInvitationIsDue_ = false;
+      isHTML ? m_getMeetingHelper->getInviteHtmlEmail() : m_getMeetingHelper->getInviteEmail();
+  m_emailBodyMgr->updateMailBody(editor, invitation, false, isHTML);
+  m_firstInvitationIsDue = false;
 }
 
 void vnMeetingMgr::updateVnKeyInfoToAppointment(const HostObject& editor, const Value& meetingInfo,
                                                 bool commitFinished) {
   vnERCalendarEventEditorViewController proxy(editor);
   if (commitFinished) {
-    proxy.saveVnDataToOLProperty(meetingDataMgr_->getVnDataForOLProperty(meetingInfo));
-    meetingDataMgr_->setEncodeMailBody(getEncodeMail());
+    proxy.saveVnDataToOLProperty(m_meetingDataMgr->getVnDataForOLProperty(meetingInfo));
+    m_meetingDataMgr->setEncodeMailBody(getEncodeMail());
   }
   vnECCalendarEvent* event = proxy.ecCalendarEvent();
   if (!event) return;
@@ -221,15 +221,15 @@ void vnMeetingMgr::updateVnKeyInfoToAppointment(const HostObject& editor, const 
     event->setSummary(meetingInfo[vn_Outlook_ApptInfo][vn_ApptInfo_Subject]);
   }
 
-  OptionalText oldJoinUrl = meetingDataMgr_->joinUrl();
+  OptionalText oldJoinUrl = m_meetingDataMgr->joinUrl();
   if (!proxy.getLocationFromUI()) {
-    if (const OptionalText stored = meetingDataMgr_->getOldJoinUrl()) oldJoinUrl = stored;
+    if (const OptionalText stored = m_meetingDataMgr->getOldJoinUrl()) oldJoinUrl = stored;
   }
   std::string userLocation = getOLUserInputLocation(editor).value_or("");
   userLocation = replacingAll(userLocation, "&from=addon", "");
   userLocation = replacingAll(userLocation, "?from=addon", "");
 
-  meetingDataMgr_->setJoinUrl(meetingInfo[vn_Meeting_JoinUrl].optionalText());
+  m_meetingDataMgr->setJoinUrl(meetingInfo[vn_Meeting_JoinUrl].optionalText());
   vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
   OptionalText location = getVnLocation(barOfEditor(editor));
   if (location) save.setVnLocation(location);
@@ -245,7 +245,7 @@ void vnMeetingMgr::updateVnKeyInfoToAppointment(const HostObject& editor, const 
   } else {
     save.setOLNewLocation("");
   }
-  if (const OptionalText stored = meetingDataMgr_->getOldJoinUrl()) save.setJoinURLFromProperty(stored);
+  if (const OptionalText stored = m_meetingDataMgr->getOldJoinUrl()) save.setJoinURLFromProperty(stored);
 }
 
 // -- Delete ------------------------------------------------------------------------------------------------------
@@ -256,7 +256,7 @@ int vnMeetingMgr::deleteVornMeeting(const HostObject& editor) {
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
   if (checkIfShowNoMeetingLicenseWindow(parentWindow)) return VnHandleBlocked;
   if (bar && bar->blockDeleteVornMeeting()) return VnHandleBlocked;
-  return apiMgr_->deleteMeeting(parentWindow, data);
+  return m_apiMgr->deleteMeeting(parentWindow, data);
 }
 
 void vnMeetingMgr::onDeleteActionFinished(const Value& data) {
@@ -280,8 +280,8 @@ void vnMeetingMgr::updateVnMeetingInfoToAppointmentForDelete(const HostObject& e
   if (!proxy.isValidConnection()) return;
   // Where no bookmarks are found, nothing is left of a body. One that has not got its invitation yet has none, and
   // keeps what the user wrote.
-  if (!firstInvitationIsDue_) {
-    emailBodyMgr_->updateMailBody(editor, response[vn_API_Para_InvitationEmail].optionalText(), true, false);
+  if (!m_firstInvitationIsDue) {
+    m_emailBodyMgr->updateMailBody(editor, response[vn_API_Para_InvitationEmail].optionalText(), true, false);
   }
   // The empty text clears the stored record.
   proxy.saveVnDataToOLProperty("");
@@ -290,7 +290,7 @@ void vnMeetingMgr::updateVnMeetingInfoToAppointmentForDelete(const HostObject& e
   OptionalText shown = proxy.getLocationFromUI();
   if (!shown && event) shown = event->location();
   std::string location = shown.value_or("");
-  for (const std::string& url : meetingDataMgr_->usedJoinUrlsList()) {
+  for (const std::string& url : m_meetingDataMgr->usedJoinUrlsList()) {
     const std::size_t at = findText(location, url);
     if (at == std::string::npos) continue;
     // Everything behind a URL is lost here, and so is every separator that remains.
@@ -313,8 +313,8 @@ void vnMeetingMgr::scheduleCloseOLAppointment(const HostObject& editor) {
 }
 
 void vnMeetingMgr::closeOLAppointment(const HostObject& editor) {
-  meetingDataMgr_->setOldForceIncludeJoinurlInLocation(meetingDataMgr_->forceIncludeJoinUrlInLocation());
-  meetingDataMgr_->setOldSelectInvitationLanguage(meetingDataMgr_->selectInvitationLanguage());
+  m_meetingDataMgr->setOldForceIncludeJoinurlInLocation(m_meetingDataMgr->forceIncludeJoinUrlInLocation());
+  m_meetingDataMgr->setOldSelectInvitationLanguage(m_meetingDataMgr->selectInvitationLanguage());
   const auto bar = editor ? barOfEditor(editor) : nullptr;
   if (!bar) {
     if (isDragAndMove()) clearAllSavedData();
@@ -403,7 +403,7 @@ void vnMeetingMgr::updateApptUUIDToMeeting(const HostObject& parentWindow, const
   apptInfo.set(vn_ApptInfo_OlApptUUID, apptUUID);
   data.set(vn_Outlook_ApptInfo, apptInfo);
   data.set(vn_API_Call_Para_ShowCommunicationDlg, false);
-  apiMgr_->updateMeeting(parentWindow, data);
+  m_apiMgr->updateMeeting(parentWindow, data);
 }
 
 // -- Whose meeting it is -----------------------------------------------------------------------------------------
@@ -419,7 +419,7 @@ bool vnMeetingMgr::checkScheduleOwnerMatched(const HostObject& editor) {
   const bool onBehalf = proxy.isOnBehalf();
   if (onBehalf && !current.empty() && !vnOnbehalfData::sharedInstance().hasSchedulePermission(current))
     return true;
-  const std::string scheduledFor = meetingDataMgr_->scheduleForEmail().value_or("");
+  const std::string scheduledFor = m_meetingDataMgr->scheduleForEmail().value_or("");
   // For a meeting of somebody else no mismatch is ever found: the comparison only confirms what already stands.
   return scheduledFor.empty() ? !onBehalf : true;
 }

@@ -39,7 +39,7 @@ our_files() {
     if [ -f "$file" ]; then echo "$file"; fi
   done
 }
-our_sources() { our_files '*.cpp' '*.h'; }
+our_sources() { our_files '*.cpp' '*.h' '*.mm'; }
 
 check_format() { our_sources | xargs -r clang-format --dry-run -Werror; }
 

@@ -54,13 +54,13 @@ class DiagnosisTest : public ::testing::Test {
 
   std::string install(const std::string& path) {
     fs::create_directories(path);
-    world_.workspace.filePackages.insert(path);
+    m_world.workspace.filePackages.insert(path);
     return path;
   }
 
-  std::string home() { return world_.surroundings.homeDirectory(); }
+  std::string home() { return m_world.surroundings.homeDirectory(); }
 
-  TestPlatform world_;
+  TestPlatform m_world;
 };
 
 TEST_F(DiagnosisTest, DoesNotKnowEveryQuestion) {
@@ -76,7 +76,7 @@ TEST_F(DiagnosisTest, TellsInWhichOfItsPlacesTheClientWasFound) {
   const std::string places[] = {home() + "/Chosen/vornclient.app", home() + "/SystemApplications/vornclient.app",
                                 home() + "/Library/Application Support/vornclient/vornclient.app",
                                 home() + "/Applications/vornclient.app"};
-  world_.userDefaults.domains["us.vorn.xos"] = Value::dictionaryFromPairs({{"installPath", places[0]}});
+  m_world.userDefaults.domains["us.vorn.xos"] = Value::dictionaryFromPairs({{"installPath", places[0]}});
   for (int place = 4; place >= 1; --place) {
     const std::string path = install(places[place - 1]);
     const Value answer = ask("client");
@@ -87,7 +87,7 @@ TEST_F(DiagnosisTest, TellsInWhichOfItsPlacesTheClientWasFound) {
 }
 
 TEST_F(DiagnosisTest, TellsWhereTheVersionCameFromAndWhatItAllows) {
-  world_.workspace.running.insert("us.vorn.xos");
+  m_world.workspace.running.insert("us.vorn.xos");
   const std::string path = install(home() + "/SystemApplications/vornclient.app");
   JsonTextFile(vnMeetingCommon::getLocalVnSiteConfigPath()).setKey("vornClientVersion", "4.5.1");
   const Value stored = ask("client");
@@ -105,7 +105,7 @@ TEST_F(DiagnosisTest, TellsWhereTheVersionCameFromAndWhatItAllows) {
 }
 
 TEST_F(DiagnosisTest, TellsWhichSystemsAreTooOld) {
-  world_.surroundings.version = {10, 5, 9};
+  m_world.surroundings.version = {10, 5, 9};
   const Value answer = ask("client");
   EXPECT_FALSE(valueOf(answer, "system", "isSupportedOSVersion").boolValue());
   EXPECT_FALSE(valueOf(answer, "system", "isSupportedOutlookVersion").boolValue());
@@ -154,9 +154,9 @@ TEST_F(DiagnosisTest, CoversAddressesAndPasscodesWhereverTheAccountHasThem) {
 
 TEST_F(DiagnosisTest, DefaultsAreThoseOfANewMeetingAndLeaveTheUsersWishAlone) {
   signIn(Value::dictionaryFromPairs({{"isEnableRequirePassword", false}, {"userOption", 0}}));
-  world_.userDefaults.setObject(true, vn_Setting_NotShowMeAgain);
+  m_world.userDefaults.setObject(true, vn_Setting_NotShowMeAgain);
   const Value answer = ask("defaults");
-  EXPECT_TRUE(world_.userDefaults.objectForKey(vn_Setting_NotShowMeAgain).boolValue());
+  EXPECT_TRUE(m_world.userDefaults.objectForKey(vn_Setting_NotShowMeAgain).boolValue());
 
   vnSettingData record;
   record.initSettingData();

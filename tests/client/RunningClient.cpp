@@ -30,16 +30,16 @@ bool isReadable(int descriptor) {
 
 TemporaryFolder::TemporaryFolder() {
   std::string name = (std::filesystem::temp_directory_path() / "vcXXXXXX").string();
-  path_ = ::mkdtemp(name.data());
+  m_path = ::mkdtemp(name.data());
 }
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
+  std::filesystem::remove_all(m_path, ignored);
 }
 
 std::string TemporaryFolder::write(const std::string& name, const std::string& text) const {
-  std::ofstream(path_ / name) << text;
+  std::ofstream(m_path / name) << text;
   return *this / name;
 }
 
@@ -51,8 +51,8 @@ RunningClient::RunningClient(std::vector<std::string> arguments) {
   std::vector<char*> words = {program.data()};
   for (auto& argument : arguments) words.push_back(argument.data());
   words.push_back(nullptr);
-  process_ = ::fork();
-  if (process_ == 0) {
+  m_process = ::fork();
+  if (m_process == 0) {
     ::dup2(output[1], STDOUT_FILENO);
     ::dup2(errors[1], STDERR_FILENO);
     ::execv(program.c_str(), words.data());
@@ -60,53 +60,53 @@ RunningClient::RunningClient(std::vector<std::string> arguments) {
   }
   ::close(output[1]);
   ::close(errors[1]);
-  output_ = output[0];
-  errors_ = errors[0];
+  m_output = output[0];
+  m_errors = errors[0];
 }
 
 RunningClient::~RunningClient() {
-  if (process_ > 0) {
-    ::kill(process_, SIGKILL);
-    ::waitpid(process_, nullptr, 0);
+  if (m_process > 0) {
+    ::kill(m_process, SIGKILL);
+    ::waitpid(m_process, nullptr, 0);
   }
-  ::close(output_);
-  ::close(errors_);
+  ::close(m_output);
+  ::close(m_errors);
 }
 
 std::optional<std::string> RunningClient::line() {
   for (;;) {
-    const auto end = pending_.find('\n');
+    const auto end = m_pending.find('\n');
     if (end != std::string::npos) {
-      std::string first = pending_.substr(0, end);
-      pending_.erase(0, end + 1);
+      std::string first = m_pending.substr(0, end);
+      m_pending.erase(0, end + 1);
       return first;
     }
     std::array<char, 512> buffer{};
-    const ssize_t count = isReadable(output_) ? ::read(output_, buffer.data(), buffer.size()) : 0;
+    const ssize_t count = isReadable(m_output) ? ::read(m_output, buffer.data(), buffer.size()) : 0;
     if (count <= 0) return std::nullopt;
-    pending_.append(buffer.data(), static_cast<std::size_t>(count));
+    m_pending.append(buffer.data(), static_cast<std::size_t>(count));
   }
 }
 
 std::optional<int> RunningClient::wait() {
   const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kPatience);
   int status = 0;
-  while (::waitpid(process_, &status, WNOHANG) == 0) {
+  while (::waitpid(m_process, &status, WNOHANG) == 0) {
     if (std::chrono::steady_clock::now() > end) return std::nullopt;
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
-  process_ = -1;
+  m_process = -1;
   return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 void RunningClient::stop(int signal) const {
-  if (process_ > 0) ::kill(process_, signal);
+  if (m_process > 0) ::kill(m_process, signal);
 }
 
 std::string RunningClient::errors() {
   std::string text;
   std::array<char, 512> buffer{};
-  for (ssize_t count = 0; (count = ::read(errors_, buffer.data(), buffer.size())) > 0;) {
+  for (ssize_t count = 0; (count = ::read(m_errors, buffer.data(), buffer.size())) > 0;) {
     text.append(buffer.data(), static_cast<std::size_t>(count));
   }
   return text;
@@ -116,20 +116,20 @@ Caller::Caller(const std::string& path) {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   path.copy(address.sun_path, sizeof(address.sun_path) - 1);
-  socket_ = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (::connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0) return;
-  ::close(socket_);
-  socket_ = -1;
+  m_socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  if (::connect(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0) return;
+  ::close(m_socket);
+  m_socket = -1;
 }
 
 Caller::~Caller() {
-  if (socket_ >= 0) ::close(socket_);
+  if (m_socket >= 0) ::close(m_socket);
 }
 
 void Caller::send(const std::string& text) const {
   std::size_t sent = 0;
   while (sent < text.size()) {
-    const ssize_t count = ::send(socket_, text.data() + sent, text.size() - sent, MSG_NOSIGNAL);
+    const ssize_t count = ::send(m_socket, text.data() + sent, text.size() - sent, MSG_NOSIGNAL);
     if (count <= 0) return;
     sent += static_cast<std::size_t>(count);
   }
@@ -137,7 +137,7 @@ void Caller::send(const std::string& text) const {
 
 std::string Caller::read() const {
   std::array<char, 8191> buffer{};
-  const ssize_t count = isReadable(socket_) ? ::read(socket_, buffer.data(), buffer.size()) : 0;
+  const ssize_t count = isReadable(m_socket) ? ::read(m_socket, buffer.data(), buffer.size()) : 0;
   return count > 0 ? std::string(buffer.data(), static_cast<std::size_t>(count)) : std::string();
 }
 

@@ -18,12 +18,12 @@ class TemporaryFolder {
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  std::string operator/(const std::string& name) const { return (path_ / name).string(); }
-  std::string path() const { return path_.string(); }
+  std::string operator/(const std::string& name) const { return (m_path / name).string(); }
+  std::string path() const { return m_path.string(); }
   std::string write(const std::string& name, const std::string& text) const;
 
  private:
-  std::filesystem::path path_;
+  std::filesystem::path m_path;
 };
 
 // The program as a process of its own. Every wait ends after ten seconds at the latest.
@@ -43,10 +43,10 @@ class RunningClient {
   std::string errors();
 
  private:
-  pid_t process_ = -1;
-  int output_ = -1;
-  int errors_ = -1;
-  std::string pending_;
+  pid_t m_process = -1;
+  int m_output = -1;
+  int m_errors = -1;
+  std::string m_pending;
 };
 
 // A connection that reads as the other side does: at most 8191 bytes at a time.
@@ -57,7 +57,7 @@ class Caller {
   Caller(const Caller&) = delete;
   Caller& operator=(const Caller&) = delete;
 
-  bool isConnected() const { return socket_ >= 0; }
+  bool isConnected() const { return m_socket >= 0; }
   void send(const std::string& text) const;
   // What one read gives; empty at the end of the stream or when nothing comes.
   std::string read() const;
@@ -66,7 +66,7 @@ class Caller {
   std::optional<Envelope> ask(const Envelope& request);
 
  private:
-  int socket_ = -1;
+  int m_socket = -1;
 };
 
 }  // namespace vornlab::test

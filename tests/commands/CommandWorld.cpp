@@ -25,21 +25,21 @@ void appendVarint(std::string& bytes, std::uint64_t number) {
 
 class CommandWorld::RecordingSocket : public vSocketClientImpl {
  public:
-  explicit RecordingSocket(std::shared_ptr<std::vector<Envelope>> sent) : sent_(std::move(sent)) {}
+  explicit RecordingSocket(std::shared_ptr<std::vector<Envelope>> sent) : m_sent(std::move(sent)) {}
   void connect() override {}
   void disconnect() override {}
   bool send(const OptionalText& message) override {
     const Value envelope = vnOLUtils::toArrayOrNSDictionary(message);
-    sent_->emplace_back(envelope[VN_IPC_ACTION_ID].text(), envelope[VN_IPC_CONTENT].text());
+    m_sent->emplace_back(envelope[VN_IPC_ACTION_ID].text(), envelope[VN_IPC_CONTENT].text());
     return true;
   }
 
  private:
-  std::shared_ptr<std::vector<Envelope>> sent_;
+  std::shared_ptr<std::vector<Envelope>> m_sent;
 };
 
-CommandWorld::CommandWorld() : clientPath_(world.surroundings.homeDirectory() + "/client/vornclient.app") {
-  Registry::install<vSocketClientImpl>(std::make_unique<RecordingSocket>(sent_));
+CommandWorld::CommandWorld() : m_clientPath(world.surroundings.homeDirectory() + "/client/vornclient.app") {
+  Registry::install<vSocketClientImpl>(std::make_unique<RecordingSocket>(m_sent));
   vnMeetingCommon::setApptWindowDirectory(this);
   installClient("6.0.0");
   runClient();
@@ -50,13 +50,13 @@ CommandWorld::CommandWorld() : clientPath_(world.surroundings.homeDirectory() + 
 CommandWorld::~CommandWorld() { vnMeetingCommon::setApptWindowDirectory(nullptr); }
 
 void CommandWorld::installClient(const std::string& version) {
-  std::filesystem::create_directories(clientPath_);
-  world.workspace.filePackages.insert(clientPath_);
-  world.workspace.executables[clientPath_] = clientPath_ + "/Contents/MacOS/vornclient";
-  world.workspace.propertyLists[clientPath_ + "/Contents/Info.plist"] =
+  std::filesystem::create_directories(m_clientPath);
+  world.workspace.filePackages.insert(m_clientPath);
+  world.workspace.executables[m_clientPath] = m_clientPath + "/Contents/MacOS/vornclient";
+  world.workspace.propertyLists[m_clientPath + "/Contents/Info.plist"] =
       Value::dictionaryFromPairs({{"CFBundleVersion", version}});
   world.userDefaults.domains[std::string(kVornusIdentify)] =
-      Value::dictionaryFromPairs({{"installPath", clientPath_}});
+      Value::dictionaryFromPairs({{"installPath", m_clientPath}});
 }
 
 void CommandWorld::removeClient() { world.workspace.filePackages.clear(); }

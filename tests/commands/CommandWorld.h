@@ -79,8 +79,8 @@ class CommandWorld : public testing::Test, private ApptWindowDirectory, private 
   // A message of the client on the socket channel.
   void reply(const std::string& action, const Value& content);
   // Action and content of what was sent, in order.
-  std::vector<Envelope> sent() const { return *sent_; }
-  std::string lastContent() const { return sent_->empty() ? "nothing sent" : sent_->back().second; }
+  std::vector<Envelope> sent() const { return *m_sent; }
+  std::string lastContent() const { return m_sent->empty() ? "nothing sent" : m_sent->back().second; }
   std::size_t activations() const;
   std::vector<std::string> alertTexts() const;
   void runFor(double seconds);
@@ -104,8 +104,8 @@ class CommandWorld : public testing::Test, private ApptWindowDirectory, private 
   OptionalText getAppointmentWindowID() override { return "bar of " + window.windowId(); }
   HostObject editorViewWindow() override { return window; }
 
-  std::shared_ptr<std::vector<Envelope>> sent_ = std::make_shared<std::vector<Envelope>>();
-  std::string clientPath_;
+  std::shared_ptr<std::vector<Envelope>> m_sent = std::make_shared<std::vector<Envelope>>();
+  std::string m_clientPath;
 };
 
 // The reply to a request for a meeting: thirteen fields that nobody reads, and those given.

@@ -96,17 +96,17 @@
 
 // A view of the toolkit, as far as views are made here.
 @interface vnEdgeView : NSObject {
-  NSRect frame_;
+  NSRect m_frame;
 }
 @end
 
 @implementation vnEdgeView
 - (id)initWithFrame:(NSRect)frame {
-  if ((self = [super init])) frame_ = frame;
+  if ((self = [super init])) m_frame = frame;
   return self;
 }
 - (NSRect)frame {
-  return frame_;
+  return m_frame;
 }
 - (void)removeFromSuperview {
 }

@@ -9,21 +9,21 @@ namespace vorn {
 // tasks.
 class AppleHostLoop final : public HostRunLoop {
  public:
-  void post(Task task) override { loop_.post(std::move(task)); }
+  void post(Task task) override { m_loop.post(std::move(task)); }
   void performAfter(double seconds, const void* target, std::string_view name, Task task) override {
-    loop_.performAfter(seconds, target, name, std::move(task));
+    m_loop.performAfter(seconds, target, name, std::move(task));
   }
-  void cancelPrevious(const void* target) override { loop_.cancelPrevious(target); }
-  void cancelPrevious(const void* target, std::string_view name) override { loop_.cancelPrevious(target, name); }
+  void cancelPrevious(const void* target) override { m_loop.cancelPrevious(target); }
+  void cancelPrevious(const void* target, std::string_view name) override { m_loop.cancelPrevious(target, name); }
   std::shared_ptr<Timer> scheduledTimer(double intervalSeconds, Repeats repeats, TimerTask task) override {
-    return loop_.scheduledTimer(intervalSeconds, repeats, std::move(task));
+    return m_loop.scheduledTimer(intervalSeconds, repeats, std::move(task));
   }
 
   double now() const override;
   bool runUntil(const std::function<bool()>& condition, double timeoutSeconds) override;
 
  private:
-  AppleRunLoop loop_;
+  AppleRunLoop m_loop;
 };
 
 }  // namespace vorn

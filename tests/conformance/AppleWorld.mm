@@ -10,7 +10,7 @@
 
 // The pattern of the host's class. Each world has a class of its own with these methods.
 @interface vnConformanceProbe : NSObject {
-  id remembered_;
+  id m_remembered;
 }
 @end
 
@@ -69,11 +69,11 @@
 }
 - (void)remember:(id)object {
   [object retain];
-  [remembered_ release];
-  remembered_ = object;
+  [m_remembered release];
+  m_remembered = object;
 }
 - (id)remembered {
-  return remembered_;
+  return m_remembered;
 }
 - (id)makePart {
   return [[[[self class] alloc] init] autorelease];
@@ -82,7 +82,7 @@
   [NSException raise:NSGenericException format:@"the host is in trouble"];
 }
 - (void)dealloc {
-  [remembered_ release];
+  [m_remembered release];
   [super dealloc];
 }
 @end
@@ -103,7 +103,7 @@ void copyMethods(Class from, Class to) {
 
 class AppleWorld final : public ConformanceWorld {
  public:
-  AppleWorld() : pool_([[NSAutoreleasePool alloc] init]), number_(++worlds()) {
+  AppleWorld() : m_pool([[NSAutoreleasePool alloc] init]), m_number(++worlds()) {
     const Class pattern = [vnConformanceProbe class];
     const Class probe = define("Probe", pattern);
     copyMethods(pattern, probe);
@@ -111,11 +111,11 @@ class AppleWorld final : public ConformanceWorld {
     define("ProbeHeir", "Probe");
     define("ProbeSibling", "Probe");
   }
-  ~AppleWorld() override { [pool_ drain]; }
+  ~AppleWorld() override { [m_pool drain]; }
 
-  ClassRuntime& runtime() override { return runtime_; }
+  ClassRuntime& runtime() override { return m_runtime; }
   std::string className(const std::string& shortName) const override {
-    return shortName + std::to_string(number_);
+    return shortName + std::to_string(m_number);
   }
   HostObject create(const std::string& shortName) override {
     const id made = [[objc_lookUpClass(className(shortName).c_str()) alloc] init];
@@ -147,9 +147,9 @@ class AppleWorld final : public ConformanceWorld {
     return made;
   }
 
-  NSAutoreleasePool* pool_;
-  int number_;
-  AppleClassRuntime runtime_;
+  NSAutoreleasePool* m_pool;
+  int m_number;
+  AppleClassRuntime m_runtime;
 };
 
 }  // namespace

@@ -11,12 +11,12 @@ namespace {
 class EmbeddedWorld final : public ConformanceWorld {
  public:
   EmbeddedWorld() {
-    runtime_.defineClass("NSObject");
-    runtime_.defineClass("Probe", "NSObject");
-    runtime_.defineClass("ProbeHeir", "Probe");
-    runtime_.defineClass("ProbeSibling", "Probe");
+    m_runtime.defineClass("NSObject");
+    m_runtime.defineClass("Probe", "NSObject");
+    m_runtime.defineClass("ProbeHeir", "Probe");
+    m_runtime.defineClass("ProbeSibling", "Probe");
     method("name", [](const HostObject&, const Arguments&) { return Value("probe"); });
-    method("callsName", [this](const HostObject& self, const Arguments&) { return runtime_.send(self, "name"); });
+    method("callsName", [this](const HostObject& self, const Arguments&) { return m_runtime.send(self, "name"); });
     method("echo:", [](const HostObject&, const Arguments& given) { return given.at(0); });
     method("isNot:", [](const HostObject&, const Arguments& given) { return Value(!given.at(0).boolValue()); });
     method("low:", [](const HostObject&, const Arguments& given) { return Value(given.at(0).integerValue()); });
@@ -45,43 +45,43 @@ class EmbeddedWorld final : public ConformanceWorld {
       return Value(static_cast<std::uint32_t>(given.at(0).integerValue() + 1));
     });
     method("remember:", [this](const HostObject& self, const Arguments& given) {
-      runtime_.setState(self, std::make_shared<Value>(given.at(0)));
+      m_runtime.setState(self, std::make_shared<Value>(given.at(0)));
       return Value();
     });
     method("remembered", [this](const HostObject& self, const Arguments&) {
-      const auto held = runtime_.state<Value>(self);
+      const auto held = m_runtime.state<Value>(self);
       return held ? *held : Value();
     });
     method("makePart",
-           [this](const HostObject&, const Arguments&) { return Value(runtime_.createTemporary("Probe")); });
+           [this](const HostObject&, const Arguments&) { return Value(m_runtime.createTemporary("Probe")); });
     method("raise", [](const HostObject&, const Arguments&) -> Value { throw std::runtime_error("host"); });
-    runtime_.setClassMethod("Probe", "make", [](const HostObject&, const Arguments&) { return Value("made"); });
-    runtime_.setClassMethod("Probe", "callsMake", [this](const HostObject& self, const Arguments&) {
-      return runtime_.send(self, "make");
+    m_runtime.setClassMethod("Probe", "make", [](const HostObject&, const Arguments&) { return Value("made"); });
+    m_runtime.setClassMethod("Probe", "callsMake", [this](const HostObject& self, const Arguments&) {
+      return m_runtime.send(self, "make");
     });
   }
 
-  ClassRuntime& runtime() override { return runtime_; }
+  ClassRuntime& runtime() override { return m_runtime; }
   std::string className(const std::string& shortName) const override { return shortName; }
-  HostObject create(const std::string& shortName) override { return runtime_.create(shortName); }
-  void end(const HostObject& object) override { runtime_.destroy(object); }
+  HostObject create(const std::string& shortName) override { return m_runtime.create(shortName); }
+  void end(const HostObject& object) override { m_runtime.destroy(object); }
   void define(const std::string& shortName, const std::string& parent) override {
-    runtime_.defineClass(shortName, parent);
+    m_runtime.defineClass(shortName, parent);
   }
-  std::string hostAsksForName(const HostObject& object) override { return runtime_.send(object, "name").text(); }
+  std::string hostAsksForName(const HostObject& object) override { return m_runtime.send(object, "name").text(); }
   bool hostDrags(const HostObject& object) override {
     bool flag = false;
-    runtime_.send(object, kDrag,
-                  {"event", {}, "start", 2.5, reinterpret_cast<std::uintptr_t>(&flag), true, false});
+    m_runtime.send(object, kDrag,
+                   {"event", {}, "start", 2.5, reinterpret_cast<std::uintptr_t>(&flag), true, false});
     return flag;
   }
 
  private:
   void method(const char* selector, Implementation implementation) {
-    runtime_.setInstanceMethod("Probe", selector, std::move(implementation));
+    m_runtime.setInstanceMethod("Probe", selector, std::move(implementation));
   }
 
-  EmbeddedClassRuntime runtime_;
+  EmbeddedClassRuntime m_runtime;
 };
 
 }  // namespace

@@ -28,8 +28,8 @@ class BodyHelper : public testing::Test {
     return (text.size() - replacingAll(text, wanted, "").size()) / wanted.size();
   }
 
-  vnBodyHelper helper_;
-  Owner owner_;
+  vnBodyHelper m_helper;
+  Owner m_owner;
 };
 
 TEST_F(BodyHelper, LinksUrlsExceptWhereTheScannerPassesThemOver) {
@@ -59,31 +59,31 @@ TEST_F(BodyHelper, LinksUrlsExceptWhereTheScannerPassesThemOver) {
       {"no URL", "a\n\nb", "a<br><br>b"},
       {"empty", "", ""},
   };
-  for (const auto& each : cases) EXPECT_EQ(helper_.convertPlainTextToHTML(each.text), each.html) << each.what;
-  EXPECT_EQ(helper_.convertPlainTextToHTML(std::nullopt), std::nullopt);
+  for (const auto& each : cases) EXPECT_EQ(m_helper.convertPlainTextToHTML(each.text), each.html) << each.what;
+  EXPECT_EQ(m_helper.convertPlainTextToHTML(std::nullopt), std::nullopt);
 }
 
 TEST_F(BodyHelper, TakesThousandsOfUrlsInItsStride) {
   std::string text = "x";
   for (int i = 0; i < 5'000; ++i) text += " http://host/" + std::to_string(i) + " y";
-  const std::string html = helper_.convertPlainTextToHTML(text).value_or("");
+  const std::string html = m_helper.convertPlainTextToHTML(text).value_or("");
   EXPECT_EQ(occurrences(html, "</a>"), 256U);
   EXPECT_NE(html.find(" http://host/4999 y"), std::string::npos);
   // The distance is the one by which a link moves the text behind it.
   std::string even = "x ";
   for (int i = 0; i < 5'000; ++i) even += "http://a yyyyyyyyyyyyyy";
-  EXPECT_EQ(occurrences(helper_.convertPlainTextToHTML(even).value_or(""), "</a>"), 256U);
+  EXPECT_EQ(occurrences(m_helper.convertPlainTextToHTML(even).value_or(""), "</a>"), 256U);
   // A URL of one piece repeated almost matches at each of its places.
   std::string repeated = "x ";
   for (int i = 0; i < 20'000; ++i) repeated += "http://";
-  EXPECT_EQ(occurrences(helper_.convertPlainTextToHTML(repeated + "a y " + repeated + "b z").value_or(""), "</a>"),
-            2U);
+  EXPECT_EQ(
+      occurrences(m_helper.convertPlainTextToHTML(repeated + "a y " + repeated + "b z").value_or(""), "</a>"), 2U);
 }
 
 TEST_F(BodyHelper, WrapsAnInvitationInBookmarks) {
-  EXPECT_EQ(helper_.insertVnBodyBookMark(std::nullopt, true), "");
-  EXPECT_EQ(helper_.insertVnBodyBookMark("", false), "");
-  EXPECT_EQ(helper_.insertVnBodyBookMark("<p>Join</p>", true), kBegin + "<p>Join</p>" + kEnd);
+  EXPECT_EQ(m_helper.insertVnBodyBookMark(std::nullopt, true), "");
+  EXPECT_EQ(m_helper.insertVnBodyBookMark("", false), "");
+  EXPECT_EQ(m_helper.insertVnBodyBookMark("<p>Join</p>", true), kBegin + "<p>Join</p>" + kEnd);
   const struct {
     const char* what;
     std::string text, inside;
@@ -98,7 +98,7 @@ TEST_F(BodyHelper, WrapsAnInvitationInBookmarks) {
        kBegin + kFace + "meeting of all people of the house" + kFace + "<br>" + kEnd},
   };
   for (const auto& each : cases) {
-    EXPECT_EQ(helper_.insertVnBodyBookMark(each.text, false), "<br><br>" + each.inside + "<br><br>") << each.what;
+    EXPECT_EQ(m_helper.insertVnBodyBookMark(each.text, false), "<br><br>" + each.inside + "<br><br>") << each.what;
   }
 }
 
@@ -115,12 +115,12 @@ TEST_F(BodyHelper, PutsANewTextAtTheTopOrAtTheEnd) {
       {"a</body>b</body>", "<br>NEWa</body>b</body>", "a</body>bNEW</body>"},
   };
   for (const auto& each : cases) {
-    EXPECT_EQ(helper_.newVnBodyToEnd(each.body, "NEW", true), each.top);
-    EXPECT_EQ(helper_.newVnBodyToEnd(each.body, "NEW", false), each.end);
+    EXPECT_EQ(m_helper.newVnBodyToEnd(each.body, "NEW", true), each.top);
+    EXPECT_EQ(m_helper.newVnBodyToEnd(each.body, "NEW", false), each.end);
   }
-  EXPECT_EQ(helper_.newVnBodyToEnd(std::nullopt, "NEW", true), std::nullopt);
-  EXPECT_EQ(helper_.updateBodyForPAC("<body>x</body>", "call", false), "<body>x<br><br>call<br><br></body>");
-  EXPECT_EQ(helper_.updateBodyForPAC("<body>x</body>", "<p>call</p>", true), "<body>x<p>call</p></body>");
+  EXPECT_EQ(m_helper.newVnBodyToEnd(std::nullopt, "NEW", true), std::nullopt);
+  EXPECT_EQ(m_helper.updateBodyForPAC("<body>x</body>", "call", false), "<body>x<br><br>call<br><br></body>");
+  EXPECT_EQ(m_helper.updateBodyForPAC("<body>x</body>", "<p>call</p>", true), "<body>x<p>call</p></body>");
 }
 
 TEST_F(BodyHelper, BringsAnInvitationIntoEveryKindOfBody) {
@@ -151,26 +151,26 @@ TEST_F(BodyHelper, BringsAnInvitationIntoEveryKindOfBody) {
       {"an empty body", "", marked},
   };
   for (const auto& each : cases) {
-    EXPECT_EQ(helper_.updateVnBodyWithSrcBody(each.body, "NEW", true, &owner_), each.result) << each.what;
+    EXPECT_EQ(m_helper.updateVnBodyWithSrcBody(each.body, "NEW", true, &m_owner), each.result) << each.what;
   }
-  EXPECT_EQ(helper_.updateVnBodyWithSrcBody(std::nullopt, "NEW", true, &owner_), std::nullopt);
+  EXPECT_EQ(m_helper.updateVnBodyWithSrcBody(std::nullopt, "NEW", true, &m_owner), std::nullopt);
 }
 
 TEST_F(BodyHelper, AManagerDecidesWhereANewInvitationGoes) {
   const std::string marked = kBegin + "NEW" + kEnd;
-  owner_.atTop = true;
-  EXPECT_EQ(helper_.updateVnBodyWithSrcBody("<body>x", "NEW", true, &owner_), "<body><br>" + marked + "x");
-  EXPECT_EQ(helper_.updateVnBodyWithSrcBody("<body>x", "NEW", true, nullptr), "<body>x" + marked);
-  owner_.updates = true;
-  EXPECT_EQ(helper_.updateVnBodyWithSrcBody("<body>mine", "NEW", true, &owner_), marked)
+  m_owner.atTop = true;
+  EXPECT_EQ(m_helper.updateVnBodyWithSrcBody("<body>x", "NEW", true, &m_owner), "<body><br>" + marked + "x");
+  EXPECT_EQ(m_helper.updateVnBodyWithSrcBody("<body>x", "NEW", true, nullptr), "<body>x" + marked);
+  m_owner.updates = true;
+  EXPECT_EQ(m_helper.updateVnBodyWithSrcBody("<body>mine", "NEW", true, &m_owner), marked)
       << "an updated meeting without bookmarks replaces the body";
 }
 
 TEST_F(BodyHelper, APlainInvitationStaysOnceHoweverOftenItIsUpdated) {
   OptionalText body = "<body>user's text</body>";
   for (int i = 0; i < 4; ++i) {
-    body = helper_.updateVnBodyWithSrcBody(body, "Join the meeting number " + std::to_string(i) + "\n", false,
-                                           &owner_);
+    body = m_helper.updateVnBodyWithSrcBody(body, "Join the meeting number " + std::to_string(i) + "\n", false,
+                                            &m_owner);
   }
   EXPECT_EQ(occurrences(*body, "Join the meeting"), 1U);
   EXPECT_EQ(occurrences(*body, kBegin), 1U);
@@ -183,9 +183,9 @@ TEST_F(BodyHelper, TheEditorsFontWrapperGoesWithTheOldInvitation) {
   // The new text has something before its begin bookmark that the body lacks, so the wrapper is what is found.
   const std::string body = "mine <font size=2>" + kBegin + "OLD" + kEnd + " more@</font> rest";
   const std::string update = "lead" + kBegin + "NEW" + kEnd + "trail";
-  EXPECT_EQ(helper_.updateVnBodyWithVnBookmark(body, update), "mine " + update + " rest");
-  EXPECT_EQ(helper_.updateVnBodyWithVnBookmark(body, "no bookmarks"), std::nullopt);
-  EXPECT_EQ(helper_.updateVnBodyWithVnBookmarkEx("no bookmarks", update), std::nullopt);
+  EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(body, update), "mine " + update + " rest");
+  EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(body, "no bookmarks"), std::nullopt);
+  EXPECT_EQ(m_helper.updateVnBodyWithVnBookmarkEx("no bookmarks", update), std::nullopt);
 }
 
 TEST_F(BodyHelper, ADeleteTakesTheInvitationOut) {
@@ -201,25 +201,25 @@ TEST_F(BodyHelper, ADeleteTakesTheInvitationOut) {
       {"a" + kBegin + "OLD", std::nullopt},
       {"", std::nullopt},
   };
-  for (const auto& each : cases) EXPECT_EQ(helper_.removeVnBodyForDelete(each.body), each.result) << each.body;
-  EXPECT_EQ(helper_.removeVnBodyForDelete(std::nullopt), std::nullopt);
+  for (const auto& each : cases) EXPECT_EQ(m_helper.removeVnBodyForDelete(each.body), each.result) << each.body;
+  EXPECT_EQ(m_helper.removeVnBodyForDelete(std::nullopt), std::nullopt);
 }
 
 TEST_F(BodyHelper, BodiesAreEqualWhenTheyReadTheSameApartFromBlanks) {
-  EXPECT_TRUE(helper_.isEqualHTMLBodyContent("<p>a b</p>", "<div>a&nbsp;b </div>"));
-  EXPECT_TRUE(helper_.isEqualHTMLBodyContent("a b", "<b>ab</b>"));
-  EXPECT_FALSE(helper_.isEqualHTMLBodyContent("<p>a</p><p>b</p>", "ab"));
-  EXPECT_FALSE(helper_.isEqualHTMLBodyContent(std::nullopt, std::nullopt));
-  EXPECT_FALSE(helper_.isEqualHTMLBodyContent("", ""));
-  EXPECT_EQ(helper_.convertHTMLToPlainText(""), std::nullopt);
-  EXPECT_EQ(helper_.convertHTMLToPlainText("a&nbsp;b"), "ab");
+  EXPECT_TRUE(m_helper.isEqualHTMLBodyContent("<p>a b</p>", "<div>a&nbsp;b </div>"));
+  EXPECT_TRUE(m_helper.isEqualHTMLBodyContent("a b", "<b>ab</b>"));
+  EXPECT_FALSE(m_helper.isEqualHTMLBodyContent("<p>a</p><p>b</p>", "ab"));
+  EXPECT_FALSE(m_helper.isEqualHTMLBodyContent(std::nullopt, std::nullopt));
+  EXPECT_FALSE(m_helper.isEqualHTMLBodyContent("", ""));
+  EXPECT_EQ(m_helper.convertHTMLToPlainText(""), std::nullopt);
+  EXPECT_EQ(m_helper.convertHTMLToPlainText("a&nbsp;b"), "ab");
 }
 
 TEST_F(BodyHelper, BigBodiesCostTimeInProportionToTheirSize) {
   const std::string almost(1'000'000, '<');
   const std::string body = almost + kBegin + almost + kEnd + almost;
   const std::string lead = almost + "x";
-  const OptionalText result = helper_.updateVnBodyWithVnBookmark(body, lead + kBegin + "NEW" + kEnd + lead);
+  const OptionalText result = m_helper.updateVnBodyWithVnBookmark(body, lead + kBegin + "NEW" + kEnd + lead);
   EXPECT_EQ(result->size(), 2 * almost.size() + 2 * lead.size() + kBegin.size() + kEnd.size() + 3);
 }
 

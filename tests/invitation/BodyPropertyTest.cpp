@@ -45,11 +45,11 @@ class BodyProperty : public testing::Test {
     return text;
   }
 
-  int number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(random_); }
+  int number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(m_random); }
 
-  std::mt19937 random_{20};
-  vnBodyHelper helper_;
-  Owner owner_;
+  std::mt19937 m_random{20};
+  vnBodyHelper m_helper;
+  Owner m_owner;
 };
 
 // The pieces cannot make a whole bookmark, so the invitation's are the only ones.
@@ -57,14 +57,14 @@ TEST_F(BodyProperty, WhatWasAddedIsTakenOutAgain) {
   for (int i = 0; i < kRounds; ++i) {
     const std::string body = textOf();
     const std::string invitation = textOf() + "x";
-    const std::string html = helper_.insertVnBodyBookMark(invitation, true);
-    EXPECT_EQ(helper_.removeVnBodyForDelete(helper_.newVnBodyToEnd(body, html, false)), body);
+    const std::string html = m_helper.insertVnBodyBookMark(invitation, true);
+    EXPECT_EQ(m_helper.removeVnBodyForDelete(m_helper.newVnBodyToEnd(body, html, false)), body);
     // At the top the "<br>" before the bookmarks stays, and around a plain invitation its blank lines.
-    EXPECT_EQ(helper_.removeVnBodyForDelete(helper_.newVnBodyToEnd(body, html, true)),
-              helper_.newVnBodyToEnd(body, "", true));
-    const std::string plain = helper_.insertVnBodyBookMark("Join the meeting " + std::to_string(i), false);
-    EXPECT_EQ(helper_.removeVnBodyForDelete(helper_.newVnBodyToEnd(body, plain, false)),
-              helper_.newVnBodyToEnd(body, "<br><br><br><br>", false));
+    EXPECT_EQ(m_helper.removeVnBodyForDelete(m_helper.newVnBodyToEnd(body, html, true)),
+              m_helper.newVnBodyToEnd(body, "", true));
+    const std::string plain = m_helper.insertVnBodyBookMark("Join the meeting " + std::to_string(i), false);
+    EXPECT_EQ(m_helper.removeVnBodyForDelete(m_helper.newVnBodyToEnd(body, plain, false)),
+              m_helper.newVnBodyToEnd(body, "<br><br><br><br>", false));
   }
 }
 
@@ -77,11 +77,12 @@ TEST_F(BodyProperty, UpdatingTwiceEqualsUpdatingOnceForHtml) {
   for (int i = 0; i < kRounds; ++i) {
     const std::string before = textOf();
     const std::string after = textOf();
-    owner_.atTop = number(0, 1) == 1;
+    m_owner.atTop = number(0, 1) == 1;
     const std::string invitation = textOf() + "x";
     for (const std::string& span : spans) {
-      const OptionalText once = helper_.updateVnBodyWithSrcBody(before + span + after, invitation, true, &owner_);
-      EXPECT_EQ(helper_.updateVnBodyWithSrcBody(once, invitation, true, &owner_), once);
+      const OptionalText once =
+          m_helper.updateVnBodyWithSrcBody(before + span + after, invitation, true, &m_owner);
+      EXPECT_EQ(m_helper.updateVnBodyWithSrcBody(once, invitation, true, &m_owner), once);
       if (span.empty()) continue;
       EXPECT_EQ(once, before + kBegin + invitation + kEnd + after);
     }
@@ -93,8 +94,8 @@ TEST_F(BodyProperty, UpdatingTwiceEqualsUpdatingOnceForHtml) {
 TEST_F(BodyProperty, UpdatingAPlainInvitationTwiceAddsItsBlankLinesTwice) {
   for (int i = 0; i < kRounds; ++i) {
     const std::string invitation = "  Join the meeting " + textOf({"http://a ", "https://b\n"}) + " at any time.";
-    const std::string marked = helper_.insertVnBodyBookMark(invitation, false);
-    const OptionalText once = helper_.updateVnBodyWithSrcBody(textOf(), invitation, false, &owner_);
+    const std::string marked = m_helper.insertVnBodyBookMark(invitation, false);
+    const OptionalText once = m_helper.updateVnBodyWithSrcBody(textOf(), invitation, false, &m_owner);
     ASSERT_TRUE(once.has_value());
     const std::string span = marked.substr(8, marked.size() - 16);
     const std::size_t at = once->find(marked);
@@ -102,7 +103,7 @@ TEST_F(BodyProperty, UpdatingAPlainInvitationTwiceAddsItsBlankLinesTwice) {
     std::string twice = *once;
     // The blanks before the begin bookmark belong to what is found again, those behind the end to nothing.
     twice.insert(at + 8 + span.size(), "<br><br>").insert(at, "<br><br>");
-    EXPECT_EQ(helper_.updateVnBodyWithSrcBody(once, invitation, false, &owner_), twice);
+    EXPECT_EQ(m_helper.updateVnBodyWithSrcBody(once, invitation, false, &m_owner), twice);
   }
 }
 
@@ -111,7 +112,7 @@ TEST_F(BodyProperty, PlainTextComesThroughWhateverItsBytes) {
   for (int i = 0; i < kRounds; ++i) {
     const std::string text =
         "x" + textOf({"http://a\xFF\xC3/\xF0\x9F\x98\x80 ", "https://b \n", "\xF0\x9F\x98"}) + "x";
-    const std::string html = helper_.convertPlainTextToHTML(text).value_or("");
+    const std::string html = m_helper.convertPlainTextToHTML(text).value_or("");
     std::string unlinked;
     for (std::string_view rest = html; !rest.empty();) {
       const std::size_t link = rest.find("<a href=\"http");
@@ -122,7 +123,7 @@ TEST_F(BodyProperty, PlainTextComesThroughWhateverItsBytes) {
       rest = rest.substr(rest.find("</a>") + 4);
     }
     EXPECT_EQ(unlinked, replacingAll(text, "\n", "<br>"));
-    helper_.convertHTMLToPlainText(text);
+    m_helper.convertHTMLToPlainText(text);
   }
 }
 

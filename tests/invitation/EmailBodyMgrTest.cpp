@@ -22,41 +22,41 @@ class EmailBodyMgr : public testing::Test {
  protected:
   // An editor whose body is this; what is written goes to its event.
   HostObject editorWithBody(const std::string& body) {
-    const HostObject content = host_.object("OLWordMailEditorContent", {{"bodyContent", body}});
-    owners_.wordMailEditor = host_.object("OLWordMailEditor", {{"editorContent", content}});
-    event_ = host_.object("ECCalendarEvent", {{"setBody:", Value()}});
-    return host_.object("ERCalendarEventEditorViewController", {{"content", event_}, {"setIsDirty:", Value()}});
+    const HostObject content = m_host.object("OLWordMailEditorContent", {{"bodyContent", body}});
+    m_owners.wordMailEditor = m_host.object("OLWordMailEditor", {{"editorContent", content}});
+    m_event = m_host.object("ECCalendarEvent", {{"setBody:", Value()}});
+    return m_host.object("ERCalendarEventEditorViewController", {{"content", m_event}, {"setIsDirty:", Value()}});
   }
 
-  TestPlatform world_;
-  FakeHost host_{world_.classRuntime};
-  FakeOwners owners_;
-  HostObject event_;
-  Owner owner_;
-  vnEmailBodyMgr manager_;
+  TestPlatform m_world;
+  FakeHost m_host{m_world.classRuntime};
+  FakeOwners m_owners;
+  HostObject m_event;
+  Owner m_owner;
+  vnEmailBodyMgr m_manager;
 };
 
 TEST_F(EmailBodyMgr, AnInvitationHasChangedUnlessItsDigestIsTheStoredOne) {
-  EXPECT_TRUE(manager_.isVnBodyChanged("text")) << "no manager";
-  manager_.setMeetingMgrInstance(&owner_);
-  EXPECT_TRUE(manager_.isVnBodyChanged("text")) << "no digest";
-  owner_.digest = "";
-  EXPECT_TRUE(manager_.isVnBodyChanged("text")) << "an empty digest";
-  owner_.digest = vnMd5Utils::vnMD5Hex("text");
-  EXPECT_FALSE(manager_.isVnBodyChanged("text"));
-  EXPECT_TRUE(manager_.isVnBodyChanged("text "));
-  EXPECT_TRUE(manager_.isVnBodyChanged(std::nullopt));
+  EXPECT_TRUE(m_manager.isVnBodyChanged("text")) << "no manager";
+  m_manager.setMeetingMgrInstance(&m_owner);
+  EXPECT_TRUE(m_manager.isVnBodyChanged("text")) << "no digest";
+  m_owner.digest = "";
+  EXPECT_TRUE(m_manager.isVnBodyChanged("text")) << "an empty digest";
+  m_owner.digest = vnMd5Utils::vnMD5Hex("text");
+  EXPECT_FALSE(m_manager.isVnBodyChanged("text"));
+  EXPECT_TRUE(m_manager.isVnBodyChanged("text "));
+  EXPECT_TRUE(m_manager.isVnBodyChanged(std::nullopt));
 }
 
 TEST_F(EmailBodyMgr, NothingIsDueWithoutAnEditor) {
-  EXPECT_FALSE(manager_.needUpdateVnEmail(nullptr, "text", true, false));
-  manager_.updateMailBody(HostObject(), "text", false, false);
-  manager_.updateMailBodyForPAC(HostObject(), "text", false);
+  EXPECT_FALSE(m_manager.needUpdateVnEmail(nullptr, "text", true, false));
+  m_manager.updateMailBody(HostObject(), "text", false, false);
+  m_manager.updateMailBodyForPAC(HostObject(), "text", false);
 }
 
 TEST_F(EmailBodyMgr, WritesABodyOnlyWhenThatIsDue) {
-  manager_.setMeetingMgrInstance(&owner_);
-  owner_.digest = vnMd5Utils::vnMD5Hex("Join here");
+  m_manager.setMeetingMgrInstance(&m_owner);
+  m_owner.digest = vnMd5Utils::vnMD5Hex("Join here");
   const struct {
     const char *why, *body, *invitation;
     bool isDelete, isHTML, written;
@@ -73,18 +73,18 @@ TEST_F(EmailBodyMgr, WritesABodyOnlyWhenThatIsDue) {
       {"a deleted meeting whose notice is the text that stands there", "mine", "Join here", true, false, false},
   };
   for (const auto& each : cases) {
-    manager_.updateMailBody(editorWithBody(each.body), each.invitation, each.isDelete, each.isHTML);
-    EXPECT_EQ(host_.calls(event_, "setBody:").size(), each.written ? 1U : 0U) << each.why;
+    m_manager.updateMailBody(editorWithBody(each.body), each.invitation, each.isDelete, each.isHTML);
+    EXPECT_EQ(m_host.calls(m_event, "setBody:").size(), each.written ? 1U : 0U) << each.why;
   }
-  manager_.updateMailBodyForPAC(editorWithBody("mine"), "Join here", false);
-  EXPECT_EQ(host_.get(event_, "body"), Value("mine|Join here")) << "an audio conference is added without a test";
+  m_manager.updateMailBodyForPAC(editorWithBody("mine"), "Join here", false);
+  EXPECT_EQ(m_host.get(m_event, "body"), Value("mine|Join here")) << "an audio conference is added without a test";
 }
 
 TEST_F(EmailBodyMgr, AnEmptyInvitationTakesTheOldOneOut) {
   const std::string body = "a" + std::string(kvn_BeginBookmark) + "OLD" + std::string(kvn_EndBookmark) + "b";
-  EXPECT_EQ(manager_.getMailBodyContentWithVorn(body, "", true), "ab");
-  EXPECT_EQ(manager_.getMailBodyContentWithVorn(body, std::nullopt, true), "ab");
-  EXPECT_EQ(manager_.getMailBodyContentWithVorn("a", "N", true),
+  EXPECT_EQ(m_manager.getMailBodyContentWithVorn(body, "", true), "ab");
+  EXPECT_EQ(m_manager.getMailBodyContentWithVorn(body, std::nullopt, true), "ab");
+  EXPECT_EQ(m_manager.getMailBodyContentWithVorn("a", "N", true),
             "a" + std::string(kvn_BeginBookmark) + "N" + std::string(kvn_EndBookmark));
 }
 

@@ -65,30 +65,30 @@ TEST(Registry, FactsOfAStepAreMadeOnlyForATrace) {
 class Notifications : public testing::Test {
  protected:
   NotificationCenter::Handler noting(std::string who) {
-    return [this, who = std::move(who)](const NotificationCenter::Notification&) { log_.push_back(who); };
+    return [this, who = std::move(who)](const NotificationCenter::Notification&) { m_log.push_back(who); };
   }
 
-  std::optional<NotificationCenter> center_{std::in_place};
-  std::vector<std::string> log_;
+  std::optional<NotificationCenter> m_center{std::in_place};
+  std::vector<std::string> m_log;
 };
 
 TEST_F(Notifications, ReachTheObserversOfTheNameAndTheObjectInOrder) {
   int object = 0;
   int other = 0;
-  const auto any = center_->observe("name", noting("any"));
-  const auto one = center_->observe("name", noting("one"), &object);
-  const auto else_ = center_->observe("else", noting("else"));
-  center_->post("name", &object);
-  center_->post("name", &other);
-  center_->post("name");
-  EXPECT_EQ(log_, (std::vector<std::string>{"any", "one", "any", "any"}));
+  const auto any = m_center->observe("name", noting("any"));
+  const auto one = m_center->observe("name", noting("one"), &object);
+  const auto else_ = m_center->observe("else", noting("else"));
+  m_center->post("name", &object);
+  m_center->post("name", &other);
+  m_center->post("name");
+  EXPECT_EQ(m_log, (std::vector<std::string>{"any", "one", "any", "any"}));
 }
 
 TEST_F(Notifications, CarryTheirNameObjectAndInformation) {
   int object = 0;
   NotificationCenter::Notification got;
-  const auto held = center_->observe("name", [&](const NotificationCenter::Notification& each) { got = each; });
-  center_->post("name", &object, Value::Dictionary{{"k", 1}});
+  const auto held = m_center->observe("name", [&](const NotificationCenter::Notification& each) { got = each; });
+  m_center->post("name", &object, Value::Dictionary{{"k", 1}});
   EXPECT_EQ(got.name, "name");
   EXPECT_EQ(got.object, &object);
   EXPECT_EQ(got.userInfo["k"], 1);
@@ -97,25 +97,25 @@ TEST_F(Notifications, CarryTheirNameObjectAndInformation) {
 TEST_F(Notifications, ObserversMayComeAndGoDuringAPost) {
   NotificationCenter::Subscription second;
   NotificationCenter::Subscription late;
-  NotificationCenter::Subscription first = center_->observe("name", [&](const NotificationCenter::Notification&) {
-    log_.push_back("first");
+  NotificationCenter::Subscription first = m_center->observe("name", [&](const NotificationCenter::Notification&) {
+    m_log.push_back("first");
     second.end();
-    late = center_->observe("name", noting("late"));
+    late = m_center->observe("name", noting("late"));
     first.end();
   });
-  second = center_->observe("name", noting("second"));
-  center_->post("name");
-  EXPECT_EQ(log_, (std::vector<std::string>{"first"}));
-  center_->post("name");
-  EXPECT_EQ(log_, (std::vector<std::string>{"first", "late"}));
+  second = m_center->observe("name", noting("second"));
+  m_center->post("name");
+  EXPECT_EQ(m_log, (std::vector<std::string>{"first"}));
+  m_center->post("name");
+  EXPECT_EQ(m_log, (std::vector<std::string>{"first", "late"}));
 }
 
 TEST_F(Notifications, ASubscriptionEndsItsOldOneWhenItTakesAnotherAndMayOutliveTheCenter) {
-  NotificationCenter::Subscription held = center_->observe("name", noting("old"));
-  held = center_->observe("name", noting("new"));
-  center_->post("name");
-  EXPECT_EQ(log_, (std::vector<std::string>{"new"}));
-  center_.reset();
+  NotificationCenter::Subscription held = m_center->observe("name", noting("old"));
+  held = m_center->observe("name", noting("new"));
+  m_center->post("name");
+  EXPECT_EQ(m_log, (std::vector<std::string>{"new"}));
+  m_center.reset();
   held.end();
 }
 

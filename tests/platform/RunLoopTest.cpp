@@ -21,16 +21,16 @@ class RunLoopContract : public testing::Test {
   static constexpr double kLimit = 20;
 
   RunLoop::Task noting(std::string text) {
-    return [this, text = std::move(text)] { log_.push_back(text); };
+    return [this, text = std::move(text)] { m_log.push_back(text); };
   }
   bool runUntilNoted(std::size_t count) {
-    return loop_.runUntil([this, count] { return log_.size() >= count; }, kLimit);
+    return m_loop.runUntil([this, count] { return m_log.size() >= count; }, kLimit);
   }
 
-  Loop loop_;
-  std::vector<std::string> log_;
-  int target_ = 0;
-  int otherTarget_ = 0;
+  Loop m_loop;
+  std::vector<std::string> m_log;
+  int m_target = 0;
+  int m_otherTarget = 0;
 };
 
 using OwnLoops = testing::Types<VirtualRunLoop, AsioRunLoop>;
@@ -44,14 +44,14 @@ TYPED_TEST_SUITE(RunLoopContract, Loops);
 using Log = std::vector<std::string>;
 
 TYPED_TEST(RunLoopContract, PostedTasksRunInOrderAndNotInsideThePost) {
-  this->loop_.post([this] {
-    this->loop_.post(this->noting("third"));
-    this->log_.push_back("first");
+  this->m_loop.post([this] {
+    this->m_loop.post(this->noting("third"));
+    this->m_log.push_back("first");
   });
-  this->loop_.post(this->noting("second"));
-  EXPECT_TRUE(this->log_.empty());
+  this->m_loop.post(this->noting("second"));
+  EXPECT_TRUE(this->m_log.empty());
   EXPECT_TRUE(this->runUntilNoted(3));
-  EXPECT_EQ(this->log_, (Log{"first", "second", "third"}));
+  EXPECT_EQ(this->m_log, (Log{"first", "second", "third"}));
 }
 
 TYPED_TEST(RunLoopContract, OtherThreadsMayPost) {
@@ -60,7 +60,7 @@ TYPED_TEST(RunLoopContract, OtherThreadsMayPost) {
   std::vector<std::thread> threads;
   for (int i = 0; i < kThreads; ++i) {
     threads.emplace_back([this] {
-      for (int n = 0; n < kPosts; ++n) this->loop_.post(this->noting("x"));
+      for (int n = 0; n < kPosts; ++n) this->m_loop.post(this->noting("x"));
     });
   }
   for (std::thread& each : threads) each.join();
@@ -68,79 +68,79 @@ TYPED_TEST(RunLoopContract, OtherThreadsMayPost) {
 }
 
 TYPED_TEST(RunLoopContract, DelayedCallsRunByTheirTime) {
-  this->loop_.performAfter(0.05, &this->target_, "late", this->noting("late"));
-  this->loop_.performAfter(0.01, &this->target_, "early", this->noting("early"));
-  this->loop_.performAfter(0, &this->target_, "now", this->noting("now"));
-  EXPECT_TRUE(this->log_.empty()) << "not even without a delay inside the call";
-  const double start = this->loop_.now();
+  this->m_loop.performAfter(0.05, &this->m_target, "late", this->noting("late"));
+  this->m_loop.performAfter(0.01, &this->m_target, "early", this->noting("early"));
+  this->m_loop.performAfter(0, &this->m_target, "now", this->noting("now"));
+  EXPECT_TRUE(this->m_log.empty()) << "not even without a delay inside the call";
+  const double start = this->m_loop.now();
   EXPECT_TRUE(this->runUntilNoted(3));
-  EXPECT_EQ(this->log_, (Log{"now", "early", "late"}));
-  EXPECT_GE(this->loop_.now() - start, 0.04);
+  EXPECT_EQ(this->m_log, (Log{"now", "early", "late"}));
+  EXPECT_GE(this->m_loop.now() - start, 0.04);
 }
 
 TYPED_TEST(RunLoopContract, DelayedCallsAreCancelledByTargetOrByName) {
-  RunLoop& loop = this->loop_;
-  loop.performAfter(0.01, &this->target_, "a", this->noting("a"));
-  loop.performAfter(0.01, &this->target_, "b", this->noting("b"));
-  loop.performAfter(0.01, &this->otherTarget_, "a", this->noting("other a"));
+  RunLoop& loop = this->m_loop;
+  loop.performAfter(0.01, &this->m_target, "a", this->noting("a"));
+  loop.performAfter(0.01, &this->m_target, "b", this->noting("b"));
+  loop.performAfter(0.01, &this->m_otherTarget, "a", this->noting("other a"));
   loop.performAfter(0.01, nullptr, "a", this->noting("nobody's a"));
-  loop.cancelPrevious(&this->target_, "a");
-  loop.cancelPrevious(&this->target_, "unknown");
+  loop.cancelPrevious(&this->m_target, "a");
+  loop.cancelPrevious(&this->m_target, "unknown");
   loop.cancelPrevious(nullptr);
-  this->loop_.runFor(0.1);
-  EXPECT_EQ(this->log_, (Log{"b", "other a", "nobody's a"}));
-  loop.performAfter(0.01, &this->target_, "a", this->noting("gone"));
-  loop.cancelPrevious(&this->target_);
+  this->m_loop.runFor(0.1);
+  EXPECT_EQ(this->m_log, (Log{"b", "other a", "nobody's a"}));
+  loop.performAfter(0.01, &this->m_target, "a", this->noting("gone"));
+  loop.cancelPrevious(&this->m_target);
   loop.post([this] {
     // A call that is due already is forgotten all the same.
-    this->loop_.performAfter(0, &this->target_, "a", this->noting("gone"));
-    this->loop_.cancelPrevious(&this->target_);
+    this->m_loop.performAfter(0, &this->m_target, "a", this->noting("gone"));
+    this->m_loop.cancelPrevious(&this->m_target);
   });
-  this->loop_.runFor(0.1);
-  EXPECT_EQ(this->log_.size(), 3U);
+  this->m_loop.runFor(0.1);
+  EXPECT_EQ(this->m_log.size(), 3U);
 }
 
 TYPED_TEST(RunLoopContract, ACallMayCancelAnotherThatIsDueAtTheSameTime) {
-  this->loop_.performAfter(0.01, &this->target_, "first", [this] {
-    this->log_.push_back("first");
-    this->loop_.cancelPrevious(&this->target_, "second");
+  this->m_loop.performAfter(0.01, &this->m_target, "first", [this] {
+    this->m_log.push_back("first");
+    this->m_loop.cancelPrevious(&this->m_target, "second");
   });
-  this->loop_.performAfter(0.01, &this->target_, "second", this->noting("second"));
-  this->loop_.runFor(0.1);
-  EXPECT_EQ(this->log_, (Log{"first"}));
+  this->m_loop.performAfter(0.01, &this->m_target, "second", this->noting("second"));
+  this->m_loop.runFor(0.1);
+  EXPECT_EQ(this->m_log, (Log{"first"}));
 }
 
 TYPED_TEST(RunLoopContract, AOneShotTimerFiresOnceAndIsThenInvalid) {
   bool validInside = true;
-  const auto timer = this->loop_.scheduledTimer(0.01, RunLoop::Repeats::no, [&](RunLoop::Timer& fired) {
+  const auto timer = this->m_loop.scheduledTimer(0.01, RunLoop::Repeats::no, [&](RunLoop::Timer& fired) {
     validInside = fired.isValid();
-    this->log_.push_back("fired");
+    this->m_log.push_back("fired");
   });
   EXPECT_TRUE(timer->isValid());
-  this->loop_.runFor(0.1);
-  EXPECT_EQ(this->log_, (Log{"fired"}));
+  this->m_loop.runFor(0.1);
+  EXPECT_EQ(this->m_log, (Log{"fired"}));
   EXPECT_FALSE(validInside);
   EXPECT_FALSE(timer->isValid());
 }
 
 TYPED_TEST(RunLoopContract, ARepeatingTimerGoesOnUnheldUntilItInvalidatesItself) {
-  this->loop_.scheduledTimer(0.01, RunLoop::Repeats::yes, [this](RunLoop::Timer& fired) {
-    this->log_.push_back("fired");
-    if (this->log_.size() == 3) fired.invalidate();
+  this->m_loop.scheduledTimer(0.01, RunLoop::Repeats::yes, [this](RunLoop::Timer& fired) {
+    this->m_log.push_back("fired");
+    if (this->m_log.size() == 3) fired.invalidate();
   });
   EXPECT_TRUE(this->runUntilNoted(3));
-  this->loop_.runFor(0.1);
-  EXPECT_EQ(this->log_.size(), 3U);
+  this->m_loop.runFor(0.1);
+  EXPECT_EQ(this->m_log.size(), 3U);
 }
 
 TYPED_TEST(RunLoopContract, AnInvalidatedTimerDoesNotFire) {
-  const auto timer = this->loop_.scheduledTimer(0.01, RunLoop::Repeats::yes,
-                                                [this](RunLoop::Timer&) { this->log_.push_back("fired"); });
+  const auto timer = this->m_loop.scheduledTimer(0.01, RunLoop::Repeats::yes,
+                                                 [this](RunLoop::Timer&) { this->m_log.push_back("fired"); });
   timer->invalidate();
   timer->invalidate();
   EXPECT_FALSE(timer->isValid());
-  this->loop_.runFor(0.05);
-  EXPECT_TRUE(this->log_.empty());
+  this->m_loop.runFor(0.05);
+  EXPECT_TRUE(this->m_log.empty());
 }
 
 // What the loops that we run ourselves keep beyond that.
@@ -150,20 +150,20 @@ class OwnRunLoop : public RunLoopContract<Loop> {};
 TYPED_TEST_SUITE(OwnRunLoop, OwnLoops);
 
 TYPED_TEST(OwnRunLoop, RunningEndsWithTheConditionOrTheTime) {
-  EXPECT_TRUE(this->loop_.runUntil([] { return true; }, 0));
-  this->loop_.post(this->noting("a"));
-  this->loop_.post(this->noting("b"));
+  EXPECT_TRUE(this->m_loop.runUntil([] { return true; }, 0));
+  this->m_loop.post(this->noting("a"));
+  this->m_loop.post(this->noting("b"));
   EXPECT_TRUE(this->runUntilNoted(1));
-  EXPECT_EQ(this->log_.size(), 1U) << "tested after each task";
-  const double start = this->loop_.now();
-  EXPECT_FALSE(this->loop_.runUntil([] { return false; }, 0.02));
-  EXPECT_GE(this->loop_.now() - start, 0.019);
+  EXPECT_EQ(this->m_log.size(), 1U) << "tested after each task";
+  const double start = this->m_loop.now();
+  EXPECT_FALSE(this->m_loop.runUntil([] { return false; }, 0.02));
+  EXPECT_GE(this->m_loop.now() - start, 0.019);
 }
 
 TYPED_TEST(RunLoopContract, WhatIsStillWaitingEndsQuietlyWithTheLoop) {
-  this->loop_.performAfter(100, &this->target_, "a", this->noting("a"));
-  this->loop_.scheduledTimer(100, RunLoop::Repeats::yes, [](RunLoop::Timer&) {});
-  this->loop_.post(this->noting("b"));
+  this->m_loop.performAfter(100, &this->m_target, "a", this->noting("a"));
+  this->m_loop.scheduledTimer(100, RunLoop::Repeats::yes, [](RunLoop::Timer&) {});
+  this->m_loop.post(this->noting("b"));
 }
 
 TEST(VirtualRunLoop, SixtySecondsPassInAnExactOrder) {

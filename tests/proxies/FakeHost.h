@@ -16,12 +16,12 @@ namespace vorn {
 // objects; "setFoo:" also becomes the answer of "foo".
 class FakeHost {
  public:
-  explicit FakeHost(EmbeddedClassRuntime& runtime) : runtime_(runtime) {}
+  explicit FakeHost(EmbeddedClassRuntime& runtime) : m_runtime(runtime) {}
 
   HostObject object(const std::string& className, std::initializer_list<std::pair<std::string, Value>> answers) {
-    runtime_.defineClass(className);
+    m_runtime.defineClass(className);
     const auto state = std::make_shared<State>();
-    const HostObject made = runtime_.create(className, state);
+    const HostObject made = m_runtime.create(className, state);
     for (const auto& [selector, answer] : answers) {
       state->answers[selector] = answer;
       teach(className, selector);
@@ -30,19 +30,19 @@ class FakeHost {
   }
   // The class answers the selectors, with nothing until an object was given something.
   void teach(const std::string& className, std::initializer_list<std::string> selectors) {
-    runtime_.defineClass(className);
+    m_runtime.defineClass(className);
     for (const std::string& selector : selectors) teach(className, selector);
   }
   void set(const HostObject& object, const std::string& selector, const Value& answer) {
-    runtime_.state<State>(object)->answers[selector] = answer;
-    teach(runtime_.className(object), selector);
+    m_runtime.state<State>(object)->answers[selector] = answer;
+    teach(m_runtime.className(object), selector);
   }
   Value get(const HostObject& object, const std::string& selector) const {
-    return runtime_.state<State>(object)->answers[selector];
+    return m_runtime.state<State>(object)->answers[selector];
   }
   // The arguments of each call of the selector so far.
   std::vector<Arguments> calls(const HostObject& object, const std::string& selector) const {
-    return runtime_.state<State>(object)->calls[selector];
+    return m_runtime.state<State>(object)->calls[selector];
   }
 
  private:
@@ -53,7 +53,7 @@ class FakeHost {
 
   void teach(const std::string& className, const std::string& selector) {
     const auto answer = [this, selector](const HostObject& receiver, const Arguments& arguments) {
-      const auto state = runtime_.state<State>(receiver);
+      const auto state = m_runtime.state<State>(receiver);
       if (!state) return Value();
       state->calls[selector].push_back(arguments);
       if (selector.rfind("set", 0) == 0 && selector.back() == ':' && arguments.size() == 1) {
@@ -63,12 +63,12 @@ class FakeHost {
       }
       return state->answers[selector];
     };
-    if (!runtime_.class_getInstanceMethod(runtime_.NSClassFromString(className), selector)) {
-      runtime_.setInstanceMethod(className, selector, answer);
+    if (!m_runtime.class_getInstanceMethod(m_runtime.NSClassFromString(className), selector)) {
+      m_runtime.setInstanceMethod(className, selector, answer);
     }
   }
 
-  EmbeddedClassRuntime& runtime_;
+  EmbeddedClassRuntime& m_runtime;
 };
 
 }  // namespace vorn

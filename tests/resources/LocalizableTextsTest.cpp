@@ -49,10 +49,10 @@ std::ptrdiff_t placeholders(const std::string& text) {
 class LocalizableTexts : public testing::Test {
  protected:
   LocalizableTexts() {
-    world_.surroundings.resourceFolder = std::string(VORN_PLUGIN_FOLDER) + "/resources";
-    const std::string table = readFile(world_.surroundings.resourceFolder + "/Localizable.strings").value_or("");
+    m_world.surroundings.resourceFolder = std::string(VORN_PLUGIN_FOLDER) + "/resources";
+    const std::string table = readFile(m_world.surroundings.resourceFolder + "/Localizable.strings").value_or("");
     for (const std::smatch& line : matches(table, std::regex(R"re((^|\n)"(([^"\\]|\\.)+)" = )re"))) {
-      keys_.push_back(line[2]);
+      m_keys.push_back(line[2]);
     }
     for (const auto& entry : std::filesystem::recursive_directory_iterator(VORN_PLUGIN_FOLDER)) {
       const std::string extension = entry.path().extension();
@@ -62,13 +62,13 @@ class LocalizableTexts : public testing::Test {
 
   std::vector<std::string> keysOf(const UsedKey& used) const {
     std::vector<std::string> met;
-    std::copy_if(keys_.begin(), keys_.end(), std::back_inserter(met),
+    std::copy_if(m_keys.begin(), m_keys.end(), std::back_inserter(met),
                  [&](const std::string& key) { return used.meets(key); });
     return met;
   }
 
-  std::vector<std::string> keys_;
-  std::vector<UsedKey> used_;
+  std::vector<std::string> m_keys;
+  std::vector<UsedKey> m_used;
 
  private:
   void readSource(const std::string& source) {
@@ -81,32 +81,32 @@ class LocalizableTexts : public testing::Test {
       if (found[1].matched && found[5].matched) {
         used.arguments = 1 + std::count(arguments.begin(), arguments.end(), ',');
       }
-      used_.push_back(used);
+      m_used.push_back(used);
     }
     if (source.find("localizedString(") == std::string::npos) return;
     // Keys that wait in a table of codes or in a constant.
     for (const std::smatch& found : matches(source, std::regex(R"re(\{\w+, "([A-Z]\w+)"\})re"))) {
-      used_.push_back({found[1], ""});
+      m_used.push_back({found[1], ""});
     }
     for (const std::smatch& found : matches(source, std::regex(R"re(localizedString\((k\w+)\))re"))) {
       const std::regex constant(found[1].str() + R"re(\s*=\s*"([^"]+)")re");
-      for (const std::smatch& value : matches(source, constant)) used_.push_back({value[1], ""});
+      for (const std::smatch& value : matches(source, constant)) m_used.push_back({value[1], ""});
     }
   }
 
-  TestPlatform world_;
+  TestPlatform m_world;
 };
 
 TEST_F(LocalizableTexts, HaveEveryKeyThatTheSourcesUse) {
-  ASSERT_GT(used_.size(), 20u) << "the sources were not found";
-  for (const UsedKey& used : used_) {
+  ASSERT_GT(m_used.size(), 20u) << "the sources were not found";
+  for (const UsedKey& used : m_used) {
     EXPECT_THAT(keysOf(used), testing::Not(IsEmpty())) << used.begin << (used.isPattern ? "…" : "") << used.end;
   }
 }
 
 TEST_F(LocalizableTexts, HaveAsManyPlaceholdersAsTheirUsePutsIn) {
   std::map<std::string, std::ptrdiff_t> expected;
-  for (const UsedKey& used : used_) {
+  for (const UsedKey& used : m_used) {
     for (const std::string& key : keysOf(used)) expected[key] = std::max(expected[key], used.arguments);
   }
   for (const auto& [key, arguments] : expected) EXPECT_EQ(placeholders(localizedString(key)), arguments) << key;
@@ -114,8 +114,8 @@ TEST_F(LocalizableTexts, HaveAsManyPlaceholdersAsTheirUsePutsIn) {
 }
 
 TEST_F(LocalizableTexts, StandOnceEachAndSaySomething) {
-  EXPECT_THAT(std::set<std::string>(keys_.begin(), keys_.end()), SizeIs(keys_.size()));
-  for (const std::string& key : keys_) {
+  EXPECT_THAT(std::set<std::string>(m_keys.begin(), m_keys.end()), SizeIs(m_keys.size()));
+  for (const std::string& key : m_keys) {
     const std::string text = localizedString(key);
     EXPECT_THAT(text, testing::Not(IsEmpty())) << key;
     const bool isAKey = text == key && key.find_first_of("_ ") == std::string::npos && key != "OK";

@@ -25,10 +25,10 @@ class Body : public ::testing::Test {
     return runProgram(VORNLAB_PROGRAM, arguments);
   }
 
-  TemporaryFolder folder_;
-  const std::string invitation_ = folder_.write("invitation.html", "NEW");
-  const std::string plain_ = folder_.write("invitation.txt", "Join the meeting number 1 < 2 now");
-  const std::string empty_ = folder_.write("empty.html", "");
+  TemporaryFolder m_folder;
+  const std::string m_invitation = m_folder.write("invitation.html", "NEW");
+  const std::string m_plain = m_folder.write("invitation.txt", "Join the meeting number 1 < 2 now");
+  const std::string m_empty = m_folder.write("empty.html", "");
 };
 
 TEST_F(Body, EachOperationGivesItsResultOrItsReason) {
@@ -39,26 +39,30 @@ TEST_F(Body, EachOperationGivesItsResultOrItsReason) {
     std::string bookmarks, result, reason;
   } cases[] = {
       {"<body>ada@x.org</body>",
-       {"insert", "--invitation", invitation_},
+       {"insert", "--invitation", m_invitation},
        "none",
        "<body>ada@x.org" + marked + "</body>",
        ""},
-      {"<body>a", {"insert", "--invitation", invitation_, "--top"}, "none", "<body><br>" + marked + "a", ""},
+      {"<body>a", {"insert", "--invitation", m_invitation, "--top"}, "none", "<body><br>" + marked + "a", ""},
       {"a",
-       {"insert", "--invitation", plain_, "--plain"},
+       {"insert", "--invitation", m_plain, "--plain"},
        "none",
        "a<br><br>" + kBegin + "Join the meeting number 1 &lt; 2 now" + kEnd + "<br><br>",
        ""},
-      {"a", {"insert", "--invitation", empty_}, "none", "", "the invitation is empty"},
-      {"a" + kBegin + kEnd + "b", {"update", "--invitation", invitation_}, "quoted", "a" + marked + "b", ""},
-      {"a" + kBeginEx + kEndEx + "b", {"update", "--invitation", invitation_}, "unquoted", "a" + marked + "b", ""},
+      {"a", {"insert", "--invitation", m_empty}, "none", "", "the invitation is empty"},
+      {"a" + kBegin + kEnd + "b", {"update", "--invitation", m_invitation}, "quoted", "a" + marked + "b", ""},
+      {"a" + kBeginEx + kEndEx + "b",
+       {"update", "--invitation", m_invitation},
+       "unquoted",
+       "a" + marked + "b",
+       ""},
       {"a<br><br>+" + kBegin + kEnd + ".<br><br>b",
-       {"update", "--invitation", invitation_},
+       {"update", "--invitation", m_invitation},
        "placeholder",
        "a" + marked + "b",
        ""},
-      {"a", {"update", "--invitation", invitation_, "--top"}, "none", "<br>" + marked + "a", ""},
-      {"a", {"update", "--invitation", invitation_, "--existing-meeting"}, "none", marked, ""},
+      {"a", {"update", "--invitation", m_invitation, "--top"}, "none", "<br>" + marked + "a", ""},
+      {"a", {"update", "--invitation", m_invitation, "--existing-meeting"}, "none", marked, ""},
       {"a" + kBegin + kEnd + "\xFF", {"remove"}, "quoted", "a\xFF", ""},
       {"a" + kEndEx + "b", {"remove"}, "unquoted end", "b", ""},
       {"a" + kBegin, {"remove"}, "none", "", "of the two bookmarks one was not found"},
@@ -67,7 +71,7 @@ TEST_F(Body, EachOperationGivesItsResultOrItsReason) {
       {"", {"text"}, "none", "", "the body is empty"},
   };
   for (const auto& each : cases) {
-    const std::string file = folder_.write("body.html", each.body);
+    const std::string file = m_folder.write("body.html", each.body);
     std::vector<std::string> arguments = each.arguments;
     arguments.push_back(file);
     const ProgramRun plain = body(arguments);
@@ -87,7 +91,7 @@ TEST_F(Body, EachOperationGivesItsResultOrItsReason) {
 }
 
 TEST_F(Body, AFileIsReplacedWholeOrNotAtAll) {
-  const std::string file = folder_.write("body.html", "a" + kBegin + "OLD" + kEnd);
+  const std::string file = m_folder.write("body.html", "a" + kBegin + "OLD" + kEnd);
   EXPECT_EQ(body({"remove", file, "--out", file}).exitCode, 0);
   EXPECT_EQ(contentOf(file), "a");
   EXPECT_EQ(body({"remove", file, "--out", file}).exitCode, 1);
@@ -95,16 +99,16 @@ TEST_F(Body, AFileIsReplacedWholeOrNotAtAll) {
 }
 
 TEST_F(Body, WhatCannotBeDoneIsBadUsage) {
-  const std::string file = folder_.write("body.html", "a");
+  const std::string file = m_folder.write("body.html", "a");
   const std::vector<std::vector<std::string>> cases = {
       {},
       {"repair", file},
       {"insert", file},
       {"remove", file, "--top"},
-      {"text", folder_ / "missing.html"},
-      {"text", folder_.path()},
-      {"insert", file, "--invitation", folder_ / "missing.html"},
-      {"text", file, "--out", folder_ / "missing/out.txt"},
+      {"text", m_folder / "missing.html"},
+      {"text", m_folder.path()},
+      {"insert", file, "--invitation", m_folder / "missing.html"},
+      {"text", file, "--out", m_folder / "missing/out.txt"},
   };
   for (const auto& arguments : cases) {
     const ProgramRun run = body(arguments);

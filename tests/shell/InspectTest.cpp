@@ -32,18 +32,18 @@ class Inspect : public ::testing::Test {
   std::vector<json> inspect(const std::filesystem::path& file, std::vector<std::string> further = {}) {
     std::vector<std::string> arguments{"inspect", file, "--json"};
     arguments.insert(arguments.end(), further.begin(), further.end());
-    run_ = runProgram(VORNLAB_PROGRAM, arguments);
-    return objectsOf(run_.output);
+    m_run = runProgram(VORNLAB_PROGRAM, arguments);
+    return objectsOf(m_run.output);
   }
 
-  TemporaryFolder folder_;
-  ProgramRun run_;
+  TemporaryFolder m_folder;
+  ProgramRun m_run;
 };
 
 TEST_F(Inspect, TellsAPlainAppointmentFromOneThatHasGotItsMeeting) {
-  const auto before = folder_.write("before.ics", calendar({appointment("one", "Review")}));
+  const auto before = m_folder.write("before.ics", calendar({appointment("one", "Review")}));
   const std::vector<json> plain = inspect(before);
-  ASSERT_EQ(plain.size(), 1u) << run_.output << run_.errors;
+  ASSERT_EQ(plain.size(), 1u) << m_run.output << m_run.errors;
   EXPECT_EQ(plain[0]["uid"], "one");
   EXPECT_EQ(plain[0]["meeting"]["key"], "");
   EXPECT_EQ(plain[0]["meeting"]["supported"], true);
@@ -51,34 +51,34 @@ TEST_F(Inspect, TellsAPlainAppointmentFromOneThatHasGotItsMeeting) {
   EXPECT_EQ(plain[0]["plainForm"]["startUTC"], "2030-05-14 12:00:00");
   EXPECT_EQ(plain[0]["plainForm"]["duration"], "60");
 
-  const auto after = folder_ / "after.ics";
+  const auto after = m_folder / "after.ics";
   ASSERT_EQ(
       runProgram(VORNLAB_PROGRAM, {"meet", before, "--out", after, "--all", "--client-db", ":memory:"}).exitCode,
       0);
   const std::vector<json> online = inspect(after);
-  ASSERT_EQ(online.size(), 1u) << run_.output << run_.errors;
+  ASSERT_EQ(online.size(), 1u) << m_run.output << m_run.errors;
   EXPECT_NE(online[0]["meeting"]["key"], "");
   EXPECT_EQ(online[0]["meeting"]["keyFrom"], "the record in olmUCInband");
   EXPECT_EQ(online[0]["record"]["state"], "readable");
   EXPECT_EQ(online[0]["record"]["hasJoinUrl"], true);
-  EXPECT_THAT(run_.output, Not(HasSubstr("pwd=")));
+  EXPECT_THAT(m_run.output, Not(HasSubstr("pwd=")));
 }
 
 TEST_F(Inspect, FindsAKeyInTheTextAndSaysWhoMayHaveAMeeting) {
-  const auto file = folder_.write(
+  const auto file = m_folder.write(
       "text.ics",
       calendar({appointment("pasted", "Pasted", {"DESCRIPTION:Join https://vorn.example/j/123456789 now"}),
                 appointment("theirs", "Theirs",
                             {"ORGANIZER:mailto:ada@vorn.example", "X-VORNLAB-OLMUCINBAND:no JSON"})}));
   const std::vector<json> seen = inspect(file, {"--me", "me@vorn.example"});
-  ASSERT_EQ(seen.size(), 2u) << run_.output << run_.errors;
+  ASSERT_EQ(seen.size(), 2u) << m_run.output << m_run.errors;
   EXPECT_EQ(seen[0]["meeting"]["key"], "123456789");
   EXPECT_EQ(seen[0]["meeting"]["keyFrom"], "the invitation in the appointment's text");
   EXPECT_EQ(seen[1]["meeting"]["supported"], false);
   EXPECT_EQ(inspect(file, {"--uid", "theirs"}).size(), 1u);
   inspect(file, {"--uid", "nobody"});
-  EXPECT_EQ(run_.exitCode, 1);
-  EXPECT_THAT(run_.errors, HasSubstr("nobody"));
+  EXPECT_EQ(m_run.exitCode, 1);
+  EXPECT_THAT(m_run.errors, HasSubstr("nobody"));
 }
 
 TEST(Hooks, TellHowEachRowFaredInTheHost) {

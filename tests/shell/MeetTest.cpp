@@ -51,7 +51,7 @@ class Meet : public ::testing::Test {
   MeetRun meet(const std::filesystem::path& input, const std::filesystem::path& output,
                std::vector<std::string> further = {"--all"}) const {
     std::vector<std::string> arguments{
-        "meet", input, "--out", output, "--json", "--client-db", folder_ / "client.db"};
+        "meet", input, "--out", output, "--json", "--client-db", m_folder / "client.db"};
     arguments.insert(arguments.end(), further.begin(), further.end());
     MeetRun run;
     run.program = runProgram(VORNLAB_PROGRAM, arguments);
@@ -68,23 +68,23 @@ class Meet : public ::testing::Test {
     return run;
   }
 
-  TemporaryFolder folder_;
+  TemporaryFolder m_folder;
 };
 
 TEST_F(Meet, AddsMeetingsAndASecondRunOnTheOutputChangesNothing) {
-  const auto input = folder_.write(
+  const auto input = m_folder.write(
       "in.ics",
       calendar({"X-UNKNOWN;P=1:kept", appointment("plain", "Budget", {"LOCATION:Room 4\\, east; left"}),
                 appointment("sent", "Übergabe",
                             {"ORGANIZER:mailto:anna@mail.example", "ATTENDEE;CN=Ben:mailto:ben@mail.example",
                              "ATTENDEE;CUTYPE=ROOM;CN=Room 9:mailto:room9@mail.example"}),
                 appointment("series", "Weekly", {"RRULE:FREQ=WEEKLY;COUNT=5"})}));
-  const MeetRun first = meet(input, folder_ / "out.ics");
+  const MeetRun first = meet(input, m_folder / "out.ics");
   ASSERT_EQ(first.program.exitCode, 0) << first.program.output << first.program.errors;
   EXPECT_EQ(first.summary["appointments"], 3);
   EXPECT_EQ(first.summary["added"], 3);
   EXPECT_EQ(first.summary["sent"], first.summary["received"]);
-  const std::string once = contentOf(folder_ / "out.ics");
+  const std::string once = contentOf(m_folder / "out.ics");
   EXPECT_THAT(once, HasSubstr("X-UNKNOWN;P=1:kept\r\n"));
   for (const char* uid : {"plain", "sent", "series"}) {
     const json& line = first.byUid.at(uid);
@@ -93,16 +93,16 @@ TEST_F(Meet, AddsMeetingsAndASecondRunOnTheOutputChangesNothing) {
   }
   EXPECT_THAT(first.byUid.at("plain")["location"].get<std::string>(), ::testing::StartsWith("Room 4, east; left"));
 
-  const MeetRun second = meet(folder_ / "out.ics", folder_ / "again.ics");
+  const MeetRun second = meet(m_folder / "out.ics", m_folder / "again.ics");
   EXPECT_EQ(second.program.exitCode, 0) << second.program.errors;
   EXPECT_EQ(second.summary["unchanged"], 3) << second.program.output;
-  EXPECT_EQ(contentOf(folder_ / "again.ics"), once);
+  EXPECT_EQ(contentOf(m_folder / "again.ics"), once);
   for (const auto& [uid, line] : first.byUid) EXPECT_EQ(second.byUid.at(uid)["meetingKey"], line["meetingKey"]);
   EXPECT_EQ(occurrences(unfolded(once), "MacVnBookmarkBegin"), 3U);
 }
 
 TEST_F(Meet, UpdatesAMeetingWhoseAppointmentHasMoved) {
-  const auto file = folder_.write("in.ics", calendar({appointment("a", "Budget")}));
+  const auto file = m_folder.write("in.ics", calendar({appointment("a", "Budget")}));
   const MeetRun added = meet(file, file);
   ASSERT_EQ(added.resultOf("a"), "added") << added.program.output << added.program.errors;
   std::string text = contentOf(file);
@@ -110,7 +110,7 @@ TEST_F(Meet, UpdatesAMeetingWhoseAppointmentHasMoved) {
        {std::pair{"20300514T12", "20300515T12"}, std::pair{"20300514T13", "20300515T13"}}) {
     text.replace(text.find(from), 11, to);
   }
-  folder_.write("in.ics", text);
+  m_folder.write("in.ics", text);
   const MeetRun moved = meet(file, file);
   EXPECT_EQ(moved.resultOf("a"), "updated") << moved.program.output;
   EXPECT_EQ(moved.byUid.at("a")["meetingKey"], added.byUid.at("a")["meetingKey"]);
@@ -119,11 +119,11 @@ TEST_F(Meet, UpdatesAMeetingWhoseAppointmentHasMoved) {
 
 TEST_F(Meet, SkipsWhatGetsNoMeetingOfItsOwnAndSaysWhy) {
   const auto input =
-      folder_.write("in.ics", calendar({appointment("off", "Off", {"STATUS:CANCELLED"}),
-                                        appointment("theirs", "Theirs", {"ORGANIZER:MAILTO:Ben@mail.example"}),
-                                        appointment("mine", "Mine", {"ORGANIZER:MAILTO:Anna@Mail.example"}),
-                                        appointment("moved", "Moved", {"RECURRENCE-ID:20300507T120000Z"})}));
-  const MeetRun run = meet(input, folder_ / "out.ics", {"--all", "--me", "anna@mail.example"});
+      m_folder.write("in.ics", calendar({appointment("off", "Off", {"STATUS:CANCELLED"}),
+                                         appointment("theirs", "Theirs", {"ORGANIZER:MAILTO:Ben@mail.example"}),
+                                         appointment("mine", "Mine", {"ORGANIZER:MAILTO:Anna@Mail.example"}),
+                                         appointment("moved", "Moved", {"RECURRENCE-ID:20300507T120000Z"})}));
+  const MeetRun run = meet(input, m_folder / "out.ics", {"--all", "--me", "anna@mail.example"});
   EXPECT_EQ(run.program.exitCode, 0) << run.program.errors;
   EXPECT_EQ(run.resultOf("mine"), "added") << run.reasonOf("mine");
   for (const char* uid : {"off", "theirs", "moved"}) {
@@ -134,13 +134,13 @@ TEST_F(Meet, SkipsWhatGetsNoMeetingOfItsOwnAndSaysWhy) {
 
 TEST_F(Meet, TakesOnlyTheChosenAppointmentsAndFailsForAnUnknownUid) {
   const auto input =
-      folder_.write("in.ics", calendar({appointment("first", "First"), appointment("second", "Second")}));
-  const MeetRun run = meet(input, folder_ / "out.ics", {"--uid", "second", "--uid", "nobody"});
+      m_folder.write("in.ics", calendar({appointment("first", "First"), appointment("second", "Second")}));
+  const MeetRun run = meet(input, m_folder / "out.ics", {"--uid", "second", "--uid", "nobody"});
   EXPECT_EQ(run.program.exitCode, 1);
   EXPECT_EQ(run.resultOf("second"), "added") << run.reasonOf("second") << run.program.errors;
   EXPECT_EQ(run.resultOf("nobody"), "failed");
   EXPECT_EQ(run.summary["appointments"], 2);
-  EXPECT_THAT(contentOf(folder_ / "out.ics"), HasSubstr(appointment("first", "First")));
+  EXPECT_THAT(contentOf(m_folder / "out.ics"), HasSubstr(appointment("first", "First")));
 }
 
 TEST_F(Meet, RefusesWhatIsNoCalendarWithItsLineAndWritesNothing) {
@@ -150,14 +150,14 @@ TEST_F(Meet, RefusesWhatIsNoCalendarWithItsLineAndWritesNothing) {
       {"", "in.ics"},
   };
   for (const auto& [content, complaint] : cases) {
-    const auto input = folder_.write("in.ics", content);
-    const MeetRun run = meet(input, folder_ / "out.ics");
+    const auto input = m_folder.write("in.ics", content);
+    const MeetRun run = meet(input, m_folder / "out.ics");
     EXPECT_EQ(run.program.exitCode, 2) << content;
     EXPECT_THAT(run.program.errors, HasSubstr(complaint));
     EXPECT_THAT(run.program.output, IsEmpty());
-    EXPECT_FALSE(std::filesystem::exists(folder_ / "out.ics"));
+    EXPECT_FALSE(std::filesystem::exists(m_folder / "out.ics"));
   }
-  EXPECT_EQ(meet(folder_ / "missing.ics", folder_ / "out.ics").program.exitCode, 2);
+  EXPECT_EQ(meet(m_folder / "missing.ics", m_folder / "out.ics").program.exitCode, 2);
 }
 
 struct TroubleCase {
@@ -173,18 +173,18 @@ class MeetInTrouble : public Meet, public ::testing::WithParamInterface<TroubleC
 
 TEST_P(MeetInTrouble, LosesNothingAndTellsTheReason) {
   const auto input =
-      folder_.write("in.ics", calendar({appointment("a", "Budget", {"DESCRIPTION:Bring figures"})}));
+      m_folder.write("in.ics", calendar({appointment("a", "Budget", {"DESCRIPTION:Bring figures"})}));
   std::vector<std::string> options{"--all"};
   options.insert(options.end(), GetParam().options.begin(), GetParam().options.end());
   if (*GetParam().faults != '\0') {
-    const auto faults = folder_.write("faults", GetParam().faults);
+    const auto faults = m_folder.write("faults", GetParam().faults);
     options.insert(options.end(), {"--client-option=--faults=" + faults.string()});
   }
-  const MeetRun run = meet(input, folder_ / "out.ics", options);
+  const MeetRun run = meet(input, m_folder / "out.ics", options);
   EXPECT_EQ(run.program.exitCode, 1) << run.program.errors;
   EXPECT_EQ(run.resultOf("a"), "failed");
   EXPECT_THAT(run.reasonOf("a"), ::testing::ContainsRegex(GetParam().reason));
-  EXPECT_EQ(contentOf(folder_ / "out.ics"), contentOf(input));
+  EXPECT_EQ(contentOf(m_folder / "out.ics"), contentOf(input));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -202,9 +202,9 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(Meet, GoesOnAfterOneAppointmentThatFails) {
-  const auto faults = folder_.write("faults", "reply 1 to action 3 operation 1: error 3000\n");
-  const auto input = folder_.write("in.ics", calendar({appointment("a", "First"), appointment("b", "Second")}));
-  const MeetRun run = meet(input, folder_ / "out.ics", {"--all", "--client-option=--faults=" + faults.string()});
+  const auto faults = m_folder.write("faults", "reply 1 to action 3 operation 1: error 3000\n");
+  const auto input = m_folder.write("in.ics", calendar({appointment("a", "First"), appointment("b", "Second")}));
+  const MeetRun run = meet(input, m_folder / "out.ics", {"--all", "--client-option=--faults=" + faults.string()});
   EXPECT_EQ(run.program.exitCode, 1);
   EXPECT_EQ(run.resultOf("a"), "failed");
   EXPECT_EQ(run.resultOf("b"), "added") << run.reasonOf("b");

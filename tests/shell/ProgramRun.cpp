@@ -67,16 +67,16 @@ ProgramRun runProgram(const fs::path& program, const std::vector<std::string>& a
 TemporaryFolder::TemporaryFolder() {
   std::string name = (fs::temp_directory_path() / "shell-test-XXXXXX").string();
   EXPECT_NE(mkdtemp(name.data()), nullptr);
-  path_ = fs::canonical(name);
+  m_path = fs::canonical(name);
 }
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
-  fs::remove_all(path_, ignored);
+  fs::remove_all(m_path, ignored);
 }
 
 fs::path TemporaryFolder::write(const fs::path& name, const std::string& content) const {
-  const fs::path path = path_ / name;
+  const fs::path path = m_path / name;
   fs::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << content;
   return path;

@@ -24,13 +24,13 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  std::filesystem::path operator/(const std::filesystem::path& name) const { return path_ / name; }
-  const std::filesystem::path& path() const { return path_; }
+  std::filesystem::path operator/(const std::filesystem::path& name) const { return m_path / name; }
+  const std::filesystem::path& path() const { return m_path; }
   // Writes a file with its folders and gives its path.
   std::filesystem::path write(const std::filesystem::path& name, const std::string& content) const;
 
  private:
-  std::filesystem::path path_;
+  std::filesystem::path m_path;
 };
 
 std::string contentOf(const std::filesystem::path& path);

@@ -80,14 +80,14 @@ class PlayScenario : public ::testing::Test {
  protected:
   ProgramRun play(std::vector<std::string> arguments) const { return runProgram(VORNLAB_PROGRAM, arguments); }
 
-  TemporaryFolder folder_;
+  TemporaryFolder m_folder;
 };
 
 TEST_F(PlayScenario, TellsTheLineThatFailedWhatWasExpectedAndWhatHadBeenSent) {
-  const auto good = folder_.write("good.vorn", "appointment a\nopen a\nexpect bar add\n");
-  const auto bad = folder_.write("bad.vorn",
-                                 "appointment a subject \"Call ann@example.com\"\nopen a\nclick add\n"
-                                 "expect subject \"Budget\"\nexpect bar add\n");
+  const auto good = m_folder.write("good.vorn", "appointment a\nopen a\nexpect bar add\n");
+  const auto bad = m_folder.write("bad.vorn",
+                                  "appointment a subject \"Call ann@example.com\"\nopen a\nclick add\n"
+                                  "expect subject \"Budget\"\nexpect bar add\n");
   const ProgramRun run = play({bad, good});
   EXPECT_EQ(run.exitCode, 1);
   EXPECT_THAT(run.output, StartsWith("FAIL " + bad.string() + ":4: expect subject \"Budget\"\n" +
@@ -107,15 +107,15 @@ TEST_F(PlayScenario, FailsWhereALineCannotBePlayed) {
        ": the end\n  expected   no alert that no line asks for\n  there was  The "},
   };
   for (const auto& [text, told] : cases) {
-    const ProgramRun run = play({folder_.write("x.vorn", text)});
+    const ProgramRun run = play({m_folder.write("x.vorn", text)});
     EXPECT_EQ(run.exitCode, 1) << text;
     EXPECT_THAT(run.output, HasSubstr(std::string("x.vorn") + told));
   }
 }
 
 TEST_F(PlayScenario, ReadsAllFilesBeforeItPlaysOne) {
-  const auto good = folder_.write("good.vorn", "appointment a\n");
-  const auto unreadable = folder_.write("unreadable.vorn", "appointment a\nfly away\n");
+  const auto good = m_folder.write("good.vorn", "appointment a\n");
+  const auto unreadable = m_folder.write("unreadable.vorn", "appointment a\nfly away\n");
   const ProgramRun run = play({"play", good, unreadable});
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.output, "");
@@ -123,8 +123,8 @@ TEST_F(PlayScenario, ReadsAllFilesBeforeItPlaysOne) {
 }
 
 TEST_F(PlayScenario, TellsItAsJson) {
-  const auto good = folder_.write("good.vorn", "appointment a\nopen a\n");
-  const auto bad = folder_.write("bad.vorn", "appointment a\nopen a\nclick add\nexpect sent nothing\n");
+  const auto good = m_folder.write("good.vorn", "appointment a\nopen a\n");
+  const auto bad = m_folder.write("bad.vorn", "appointment a\nopen a\nclick add\nexpect sent nothing\n");
   const ProgramRun run = play({good, bad, "--json"});
   EXPECT_EQ(run.exitCode, 1);
   std::vector<nlohmann::json> lines;

@@ -28,29 +28,29 @@ class Transport : public ::testing::TestWithParam<const char*> {
  protected:
   static void SetUpTestSuite() {
     if (!vorn::PrivateBus::isInstalled()) return;
-    bus_ = std::make_unique<vorn::PrivateBus>();
-    setenv("DBUS_SESSION_BUS_ADDRESS", bus_->address().c_str(), 1);
+    m_bus = std::make_unique<vorn::PrivateBus>();
+    setenv("DBUS_SESSION_BUS_ADDRESS", m_bus->address().c_str(), 1);
   }
   static void TearDownTestSuite() {
-    bus_.reset();
+    m_bus.reset();
     unsetenv("DBUS_SESSION_BUS_ADDRESS");
   }
 
   void SetUp() override {
-    if (!bus_) GTEST_SKIP() << "dbus-daemon is not installed";
+    if (!m_bus) GTEST_SKIP() << "dbus-daemon is not installed";
     IcsProblem problem;
     ASSERT_TRUE(
-        calendar_.loadText(calendar({appointment("first", "First"), appointment("second", "Second")}), problem))
+        m_calendar.loadText(calendar({appointment("first", "First"), appointment("second", "Second")}), problem))
         << problem.message;
-    options_.programs = std::filesystem::path(VORNLAB_PROGRAM).parent_path();
-    options_.world = folder_ / "w";
-    options_.clientDatabase = folder_ / "meetings.db";
-    options_.systemVersion = GetParam();
+    m_options.programs = std::filesystem::path(VORNLAB_PROGRAM).parent_path();
+    m_options.world = m_folder / "w";
+    m_options.clientDatabase = m_folder / "meetings.db";
+    m_options.systemVersion = GetParam();
   }
 
   // "added", or "failed: " and the reason.
   std::string take(MeetingRoad& road, const char* uid) {
-    const MeetResult result = road.take(*calendar_.find(uid));
+    const MeetResult result = road.take(*m_calendar.find(uid));
     const std::string name(nameOf(result.outcome));
     return result.reason.empty() ? name : name + ": " + result.reason;
   }
@@ -65,23 +65,23 @@ class Transport : public ::testing::TestWithParam<const char*> {
 
   bool usesSocket() const { return std::string(GetParam()) == "10.15.0"; }
 
-  static std::unique_ptr<vorn::PrivateBus> bus_;
-  TemporaryFolder folder_;
-  CalendarStore calendar_;
-  LabOptions options_;
+  static std::unique_ptr<vorn::PrivateBus> m_bus;
+  TemporaryFolder m_folder;
+  CalendarStore m_calendar;
+  LabOptions m_options;
 };
 
-std::unique_ptr<vorn::PrivateBus> Transport::bus_;
+std::unique_ptr<vorn::PrivateBus> Transport::m_bus;
 
 TEST_P(Transport, AMeetingIsMadeAndTheClientMayDieAndComeBack) {
-  Session session(options_, calendar_, {});
+  Session session(m_options, m_calendar, {});
   MeetingRoad road(session, kPatienceSeconds);
   EXPECT_EQ(take(road, "first"), "added");
-  const std::string before = calendar_.text();
+  const std::string before = m_calendar.text();
 
   session.killClient();
   EXPECT_THAT(take(road, "second"), AllOf(StartsWith("failed"), HasSubstr("running")));
-  EXPECT_EQ(calendar_.text(), before);
+  EXPECT_EQ(m_calendar.text(), before);
 
   session.restartClient();
   if (usesSocket()) {
@@ -91,7 +91,7 @@ TEST_P(Transport, AMeetingIsMadeAndTheClientMayDieAndComeBack) {
     session.host().openMainWindow();
     const std::size_t connections = connectionsOf(session);
     EXPECT_THAT(take(road, "second"), StartsWith("failed"));
-    EXPECT_EQ(calendar_.text(), before);
+    EXPECT_EQ(m_calendar.text(), before);
     ASSERT_TRUE(session.waitUntil([&] { return connectionsOf(session) > connections; }, 20));
   }
   EXPECT_EQ(take(road, "second"), "added");
@@ -99,7 +99,7 @@ TEST_P(Transport, AMeetingIsMadeAndTheClientMayDieAndComeBack) {
 }
 
 TEST_P(Transport, TheAgentIsSpokenToOverTheBusInEitherCase) {
-  Session session(options_, calendar_, {});
+  Session session(m_options, m_calendar, {});
   MeetingRoad road(session, kPatienceSeconds);
   EXPECT_EQ(take(road, "first"), "added");
   const std::string journal = contentOf(session.world().journal());

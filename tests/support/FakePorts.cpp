@@ -74,25 +74,25 @@ void RecordingPresenter::answerAlert(std::size_t index, Answer answer) {
 }
 
 HostObject RecordingPresenter::createView(std::string_view className, const Rect& frame) {
-  if (!runtime_.NSClassFromString(className)) {
-    runtime_.defineClass("NSView");
-    runtime_.defineClass(className, "NSView");
+  if (!m_runtime.NSClassFromString(className)) {
+    m_runtime.defineClass("NSView");
+    m_runtime.defineClass(className, "NSView");
   }
-  const HostObject view = runtime_.create(className);
+  const HostObject view = m_runtime.create(className);
   if (view) views.emplace(view, frame);
   return view;
 }
 
 void RecordingPresenter::releaseView(const HostObject& view) {
   views.erase(view);
-  runtime_.destroy(view);
+  m_runtime.destroy(view);
 }
 
 TestSurroundings::TestSurroundings() {
   std::string path = std::filesystem::temp_directory_path() / "vorn-test-XXXXXX";
   // Without a folder every test that writes would fail for a reason that is hard to see.
   if (!::mkdtemp(path.data())) std::abort();
-  home_ = path;
+  m_home = path;
   for (const auto& folder : {documentsDirectory(), applicationsDirectory(), userApplicationsDirectory()}) {
     std::filesystem::create_directories(folder);
   }
@@ -100,7 +100,7 @@ TestSurroundings::TestSurroundings() {
 
 TestSurroundings::~TestSurroundings() {
   std::error_code ignored;
-  std::filesystem::remove_all(home_, ignored);
+  std::filesystem::remove_all(m_home, ignored);
 }
 
 std::optional<std::string> TestSurroundings::resource(std::string_view name, std::string_view type) {
@@ -113,18 +113,18 @@ std::optional<std::string> TestSurroundings::resource(std::string_view name, std
 class RecordingNotifications::Observation final : public Subscription {
  public:
   Observation(std::shared_ptr<std::vector<Observation*>> all, std::string_view name, Handler handler)
-      : name_(name), handler_(std::move(handler)), all_(std::move(all)) {
-    all_->push_back(this);
+      : m_name(name), m_handler(std::move(handler)), m_all(std::move(all)) {
+    m_all->push_back(this);
   }
-  ~Observation() override { std::erase(*all_, this); }
+  ~Observation() override { std::erase(*m_all, this); }
 
-  const std::string& name() const { return name_; }
-  const Handler& handler() const { return handler_; }
+  const std::string& name() const { return m_name; }
+  const Handler& handler() const { return m_handler; }
 
  private:
-  std::string name_;
-  Handler handler_;
-  std::shared_ptr<std::vector<Observation*>> all_;
+  std::string m_name;
+  Handler m_handler;
+  std::shared_ptr<std::vector<Observation*>> m_all;
 };
 
 void RecordingNotifications::post(std::string_view name, const Value& userInfo) {
@@ -133,14 +133,14 @@ void RecordingNotifications::post(std::string_view name, const Value& userInfo) 
 
 std::unique_ptr<DistributedNotifications::Subscription> RecordingNotifications::observe(std::string_view name,
                                                                                         Handler handler) {
-  return std::make_unique<Observation>(observations_, name, std::move(handler));
+  return std::make_unique<Observation>(m_observations, name, std::move(handler));
 }
 
 void RecordingNotifications::deliver(std::string_view name, const Value& userInfo) {
-  const std::vector<Observation*> due = *observations_;
+  const std::vector<Observation*> due = *m_observations;
   for (Observation* observation : due) {
     const bool stillThere =
-        std::find(observations_->begin(), observations_->end(), observation) != observations_->end();
+        std::find(m_observations->begin(), m_observations->end(), observation) != m_observations->end();
     if (!stillThere || observation->name() != name) continue;
     const Handler handler = observation->handler();
     handler(userInfo);
@@ -148,7 +148,7 @@ void RecordingNotifications::deliver(std::string_view name, const Value& userInf
 }
 
 std::size_t RecordingNotifications::observers(std::string_view name) const {
-  return static_cast<std::size_t>(std::count_if(observations_->begin(), observations_->end(),
+  return static_cast<std::size_t>(std::count_if(m_observations->begin(), m_observations->end(),
                                                 [name](Observation* each) { return each->name() == name; }));
 }
 

@@ -68,7 +68,7 @@ class RecordingPresenter final : public Presenter {
     std::function<void(Answer)> answered;
   };
 
-  explicit RecordingPresenter(EmbeddedClassRuntime& runtime) : runtime_(runtime) {}
+  explicit RecordingPresenter(EmbeddedClassRuntime& runtime) : m_runtime(runtime) {}
 
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
   void beginProgress(std::string_view message) override { progress.emplace_back(message); }
@@ -91,7 +91,7 @@ class RecordingPresenter final : public Presenter {
   std::map<HostObject, Rect> views;
 
  private:
-  EmbeddedClassRuntime& runtime_;
+  EmbeddedClassRuntime& m_runtime;
 };
 
 class TestSurroundings final : public Surroundings {
@@ -102,15 +102,15 @@ class TestSurroundings final : public Surroundings {
   TestSurroundings(const TestSurroundings&) = delete;
   TestSurroundings& operator=(const TestSurroundings&) = delete;
 
-  std::string homeDirectory() override { return home_; }
-  std::string documentsDirectory() override { return home_ + "/Documents"; }
-  std::string applicationsDirectory() override { return home_ + "/SystemApplications"; }
-  std::string userApplicationsDirectory() override { return home_ + "/Applications"; }
+  std::string homeDirectory() override { return m_home; }
+  std::string documentsDirectory() override { return m_home + "/Documents"; }
+  std::string applicationsDirectory() override { return m_home + "/SystemApplications"; }
+  std::string userApplicationsDirectory() override { return m_home + "/Applications"; }
   std::optional<std::string> resource(std::string_view name, std::string_view type) override;
   Version systemVersion() override { return version; }
   std::vector<std::string> preferredLanguages() override { return languages; }
   double currentTime() override { return time; }
-  std::uint32_t random32() override { return random_(); }
+  std::uint32_t random32() override { return m_random(); }
 
   // By "name.type"; asked before the folder.
   std::map<std::string, std::string, std::less<>> resources;
@@ -121,8 +121,8 @@ class TestSurroundings final : public Surroundings {
   double time = 1'700'000'000;
 
  private:
-  std::string home_;
-  std::mt19937 random_{20260101};
+  std::string m_home;
+  std::mt19937 m_random{20260101};
 };
 
 class RecordingNotifications final : public DistributedNotifications {
@@ -144,7 +144,7 @@ class RecordingNotifications final : public DistributedNotifications {
 
  private:
   class Observation;
-  std::shared_ptr<std::vector<Observation*>> observations_ = std::make_shared<std::vector<Observation*>>();
+  std::shared_ptr<std::vector<Observation*>> m_observations = std::make_shared<std::vector<Observation*>>();
 };
 
 class RecordingTrace final : public Trace {

@@ -47,21 +47,21 @@ std::string firstLine(int descriptor) {
 
 PrivateBus::PrivateBus() {
   std::string name = (std::filesystem::temp_directory_path() / "busXXXXXX").string();
-  folder_ = ::mkdtemp(name.data());
+  m_folder = ::mkdtemp(name.data());
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
-  process_ = spawn({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1",
-                    "--address=unix:path=" + (folder_ / "bus").string()},
-                   ends[1]);
+  m_process = spawn({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1",
+                     "--address=unix:path=" + (m_folder / "bus").string()},
+                    ends[1]);
   ::close(ends[1]);
-  address_ = firstLine(ends[0]);
+  m_address = firstLine(ends[0]);
   ::close(ends[0]);
 }
 
 PrivateBus::~PrivateBus() {
   kill();
   std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
+  std::filesystem::remove_all(m_folder, ignored);
 }
 
 bool PrivateBus::isInstalled() {
@@ -72,14 +72,14 @@ bool PrivateBus::isInstalled() {
 }
 
 void PrivateBus::kill() {
-  if (process_ == 0) return;
-  ::kill(process_, SIGKILL);
-  ::waitpid(process_, nullptr, 0);
-  process_ = 0;
+  if (m_process == 0) return;
+  ::kill(m_process, SIGKILL);
+  ::waitpid(m_process, nullptr, 0);
+  m_process = 0;
 }
 
 int PrivateBus::run(const std::string& tool, std::vector<std::string> arguments) const {
-  arguments.insert(arguments.begin(), {tool, "--bus=" + address_});
+  arguments.insert(arguments.begin(), {tool, "--bus=" + m_address});
   const pid_t process = spawn(std::move(arguments), STDOUT_FILENO);
   int status = 0;
   if (process == 0 || ::waitpid(process, &status, 0) != process) return -1;

@@ -21,16 +21,16 @@ class PrivateBus {
   static bool isInstalled();
 
   // What a program finds the bus by; empty when it could not be started.
-  const std::string& address() const { return address_; }
+  const std::string& address() const { return m_address; }
   // Ends the bus as a crash does.
   void kill();
   // Runs one of the bus's own command-line tools against it and answers its exit code.
   int run(const std::string& tool, std::vector<std::string> arguments) const;
 
  private:
-  std::filesystem::path folder_;
-  std::string address_;
-  pid_t process_ = 0;
+  std::filesystem::path m_folder;
+  std::string m_address;
+  pid_t m_process = 0;
 };
 
 }  // namespace vorn

@@ -5,21 +5,21 @@
 namespace vorn {
 
 TestPlatform::TestPlatform() {
-  platform_.runLoop = &runLoop;
-  platform_.notificationCenter = &notificationCenter;
-  platform_.classRuntime = &classRuntime;
-  platform_.userDefaults = &userDefaults;
-  platform_.workspace = &workspace;
-  platform_.presenter = &presenter;
-  platform_.surroundings = &surroundings;
-  platform_.distributedNotifications = &distributedNotifications;
-  platform_.trace = &trace;
+  m_platform.runLoop = &runLoop;
+  m_platform.notificationCenter = &notificationCenter;
+  m_platform.classRuntime = &classRuntime;
+  m_platform.userDefaults = &userDefaults;
+  m_platform.workspace = &workspace;
+  m_platform.presenter = &presenter;
+  m_platform.surroundings = &surroundings;
+  m_platform.distributedNotifications = &distributedNotifications;
+  m_platform.trace = &trace;
   reinstall();
 }
 
 TestPlatform::~TestPlatform() { Registry::reset(); }
 
-void TestPlatform::reinstall() { Registry::install(platform_); }
+void TestPlatform::reinstall() { Registry::install(m_platform); }
 
 void TestPlatform::restart() {
   Registry::reset();

@@ -20,7 +20,7 @@ class TestPlatform {
   TestPlatform(const TestPlatform&) = delete;
   TestPlatform& operator=(const TestPlatform&) = delete;
 
-  Platform& platform() { return platform_; }
+  Platform& platform() { return m_platform; }
   void reinstall();
   // What a fresh process starts with: no shared instances, the same ports with what they hold.
   void restart();
@@ -36,7 +36,7 @@ class TestPlatform {
   RecordingTrace trace;
 
  private:
-  Platform platform_;
+  Platform m_platform;
 };
 
 }  // namespace vorn

@@ -17,41 +17,42 @@ namespace vorn {
 class TestDescriptor {
  public:
   TestDescriptor() = default;
-  explicit TestDescriptor(int number) : number_(number) {}
-  TestDescriptor(TestDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  explicit TestDescriptor(int number) : m_number(number) {}
+  TestDescriptor(TestDescriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
   TestDescriptor& operator=(TestDescriptor&& other) noexcept {
-    std::swap(number_, other.number_);
+    std::swap(m_number, other.m_number);
     return *this;
   }
   ~TestDescriptor() { close(); }
 
   void close() {
-    if (number_ >= 0) ::close(std::exchange(number_, -1));
+    if (m_number >= 0) ::close(std::exchange(m_number, -1));
   }
-  int number() const { return number_; }
-  explicit operator bool() const { return number_ >= 0; }
+  int number() const { return m_number; }
+  explicit operator bool() const { return m_number >= 0; }
 
  private:
-  int number_ = -1;
+  int m_number = -1;
 };
 
 // The client's end of the socket: every wait in it is bounded.
 class TestListener {
  public:
-  explicit TestListener(const std::string& path, int backlog = 8) : listening_(::socket(AF_UNIX, SOCK_STREAM, 0)) {
+  explicit TestListener(const std::string& path, int backlog = 8)
+      : m_listening(::socket(AF_UNIX, SOCK_STREAM, 0)) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     std::copy_n(path.data(), std::min(path.size(), sizeof address.sun_path), address.sun_path);
     const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size());
-    isReady_ = ::bind(listening_.number(), reinterpret_cast<const sockaddr*>(&address), length) == 0 &&
-               ::listen(listening_.number(), backlog) == 0;
+    m_isReady = ::bind(m_listening.number(), reinterpret_cast<const sockaddr*>(&address), length) == 0 &&
+                ::listen(m_listening.number(), backlog) == 0;
   }
 
-  bool isReady() const { return isReady_; }
+  bool isReady() const { return m_isReady; }
 
   TestDescriptor accept(int milliseconds = 5000) {
-    if (!waitFor(listening_.number(), milliseconds)) return {};
-    return TestDescriptor(::accept(listening_.number(), nullptr, nullptr));
+    if (!waitFor(m_listening.number(), milliseconds)) return {};
+    return TestDescriptor(::accept(m_listening.number(), nullptr, nullptr));
   }
 
   // Reads until the size is reached, the peer closes or nothing comes for five seconds.
@@ -80,8 +81,8 @@ class TestListener {
     return ::poll(&readable, 1, milliseconds) > 0;
   }
 
-  TestDescriptor listening_;
-  bool isReady_ = false;
+  TestDescriptor m_listening;
+  bool m_isReady = false;
 };
 
 }  // namespace vorn

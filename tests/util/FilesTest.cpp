@@ -23,16 +23,16 @@ namespace {
 
 class Files : public testing::Test {
  protected:
-  std::string path(const std::string& name) { return world_.surroundings.homeDirectory() + "/" + name; }
+  std::string path(const std::string& name) { return m_world.surroundings.homeDirectory() + "/" + name; }
   std::size_t filesInHome() {
-    const std::filesystem::recursive_directory_iterator all(world_.surroundings.homeDirectory());
+    const std::filesystem::recursive_directory_iterator all(m_world.surroundings.homeDirectory());
     return static_cast<std::size_t>(std::count_if(begin(all), end(all), [](const auto& entry) {
       return entry.symlink_status().type() == std::filesystem::file_type::regular;
     }));
   }
 
  private:
-  TestPlatform world_;
+  TestPlatform m_world;
 };
 
 TEST_F(Files, AreReplacedWholeAndKeepTheirModeAndTheirLinks) {

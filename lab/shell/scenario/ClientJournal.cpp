@@ -29,17 +29,17 @@ bool anyFault(const json& reply, std::initializer_list<const char*> names) {
 
 void ClientJournal::begin(bool isConnected) {
   read();
-  answered_ = 0;
-  sureReplies_ = 0;
-  doubtfulReplies_ = 0;
-  if (!isConnected) connections_ = 0;
+  m_answered = 0;
+  m_sureReplies = 0;
+  m_doubtfulReplies = 0;
+  if (!isConnected) m_connections = 0;
 }
 
 void ClientJournal::read() {
-  std::ifstream file(path_, std::ios::binary);
-  file.seekg(static_cast<std::streamoff>(position_));
+  std::ifstream file(m_path, std::ios::binary);
+  file.seekg(static_cast<std::streamoff>(m_position));
   for (std::string line; std::getline(file, line) && !file.eof();) {
-    position_ += line.size() + 1;
+    m_position += line.size() + 1;
     take(line);
   }
 }
@@ -48,18 +48,18 @@ void ClientJournal::take(const std::string& line) {
   const json entry = json::parse(line, nullptr, false);
   if (!entry.is_object()) return;
   const std::string event = entry.value("event", "");
-  if (event == "connected") ++connections_;
-  if (event == "closed") --connections_;
-  if (event == "malformed") ++answered_;
-  if (event == "request" && entry.value("action", 0) == kStartMeeting) ++answered_;
+  if (event == "connected") ++m_connections;
+  if (event == "closed") --m_connections;
+  if (event == "malformed") ++m_answered;
+  if (event == "request" && entry.value("action", 0) == kStartMeeting) ++m_answered;
   if (event != "reply" || !entry.contains("to") || entry.value("action", 0) == kVersion) return;
-  ++answered_;
+  ++m_answered;
   if (anyFault(entry, {"silent", "close", "restart", "die"})) return;
   if (anyFault(entry, {"truncate", "not-utf8", "glue", "grow"})) {
-    ++doubtfulReplies_;
+    ++m_doubtfulReplies;
   } else {
-    ++sureReplies_;
-    if (anyFault(entry, {"twice"})) ++doubtfulReplies_;
+    ++m_sureReplies;
+    if (anyFault(entry, {"twice"})) ++m_doubtfulReplies;
   }
 }
 

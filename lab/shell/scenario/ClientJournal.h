@@ -10,7 +10,7 @@ namespace vornlab {
 // still come. Counts begin at the last begin().
 class ClientJournal {
  public:
-  explicit ClientJournal(std::filesystem::path path) : path_(std::move(path)) {}
+  explicit ClientJournal(std::filesystem::path path) : m_path(std::move(path)) {}
 
   // Begins to count anew. `isConnected`: whether a connection that stands goes on standing.
   void begin(bool isConnected);
@@ -18,21 +18,21 @@ class ClientJournal {
   void read();
 
   // Requests that the client has dealt with to the end.
-  std::size_t answered() const { return answered_; }
+  std::size_t answered() const { return m_answered; }
   // Replies that will arrive, and those of which nobody knows, because they were spoilt on the way.
-  std::size_t sureReplies() const { return sureReplies_; }
-  std::size_t doubtfulReplies() const { return doubtfulReplies_; }
-  int connections() const { return connections_; }
+  std::size_t sureReplies() const { return m_sureReplies; }
+  std::size_t doubtfulReplies() const { return m_doubtfulReplies; }
+  int connections() const { return m_connections; }
 
  private:
   void take(const std::string& line);
 
-  std::filesystem::path path_;
-  std::size_t position_ = 0;
-  std::size_t answered_ = 0;
-  std::size_t sureReplies_ = 0;
-  std::size_t doubtfulReplies_ = 0;
-  int connections_ = 0;
+  std::filesystem::path m_path;
+  std::size_t m_position = 0;
+  std::size_t m_answered = 0;
+  std::size_t m_sureReplies = 0;
+  std::size_t m_doubtfulReplies = 0;
+  int m_connections = 0;
 };
 
 }  // namespace vornlab

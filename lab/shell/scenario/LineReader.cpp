@@ -18,20 +18,20 @@ bool readNumber(const std::string& word, Number& number) {
 }  // namespace
 
 std::string_view LineReader::ahead() const {
-  return atEnd() || line_.words[at_].isQuoted ? std::string_view() : std::string_view(line_.words[at_].text);
+  return atEnd() || m_line.words[m_at].isQuoted ? std::string_view() : std::string_view(m_line.words[m_at].text);
 }
 
 bool LineReader::take(std::string_view keywords) {
-  std::size_t at = at_;
+  std::size_t at = m_at;
   for (std::size_t begin = 0; begin <= keywords.size();) {
     const std::size_t end = std::min(keywords.find(' ', begin), keywords.size());
-    const bool isThere = at < line_.words.size() && !line_.words[at].isQuoted &&
-                         line_.words[at].text == keywords.substr(begin, end - begin);
+    const bool isThere = at < m_line.words.size() && !m_line.words[at].isQuoted &&
+                         m_line.words[at].text == keywords.substr(begin, end - begin);
     if (!isThere) return false;
     ++at;
     begin = end + 1;
   }
-  at_ = at;
+  m_at = at;
   return true;
 }
 
@@ -41,18 +41,18 @@ void LineReader::need(std::string_view keywords) {
 
 std::string LineReader::text(std::string_view what) {
   if (atEnd()) fail(std::string(what));
-  return line_.words[at_++].text;
+  return m_line.words[m_at++].text;
 }
 
 std::string LineReader::quoted() {
   if (!isQuotedAhead()) fail("a text in quotes");
-  return line_.words[at_++].text;
+  return m_line.words[m_at++].text;
 }
 
 std::int64_t LineReader::number(std::string_view what) {
   std::int64_t value = 0;
   if (!readNumber(std::string(ahead()), value)) fail(std::string(what));
-  ++at_;
+  ++m_at;
   return value;
 }
 
@@ -65,7 +65,7 @@ double LineReader::time() {
   if (read != 5 || static_cast<std::size_t>(length) != word.size()) fail("a time such as 2026-11-23T09:00");
   parts.tm_year -= 1900;
   parts.tm_mon -= 1;
-  ++at_;
+  ++m_at;
   return static_cast<double>(timegm(&parts));
 }
 
@@ -78,7 +78,7 @@ double LineReader::amount(std::string_view unit) {
   if (!readNumber(std::string(ahead()), value) || value < 0 || value > 100000) {
     fail("a number of " + std::string(unit));
   }
-  ++at_;
+  ++m_at;
   need(unit);
   return value;
 }
@@ -88,13 +88,13 @@ void LineReader::needEnd() {
 }
 
 void LineReader::fail(const std::string& expected) const {
-  const std::string found = atEnd() ? "the line ends" : "found \"" + line_.words[at_].text + "\"";
+  const std::string found = atEnd() ? "the line ends" : "found \"" + m_line.words[m_at].text + "\"";
   refuse("expected " + expected + ", " + found);
 }
 
 void LineReader::refuse(const std::string& why) const {
-  std::string message = file_ + ":" + std::to_string(line_.number) + ": " + why;
-  if (!usage_.empty()) message += "\n  it is written: " + usage_;
+  std::string message = m_file + ":" + std::to_string(m_line.number) + ": " + why;
+  if (!m_usage.empty()) message += "\n  it is written: " + m_usage;
   throw ScenarioError(message);
 }
 

@@ -12,13 +12,13 @@ namespace vornlab {
 // in which the command is written.
 class LineReader {
  public:
-  LineReader(const ScenarioLine& line, std::string file) : line_(line), file_(std::move(file)) {}
+  LineReader(const ScenarioLine& line, std::string file) : m_line(line), m_file(std::move(file)) {}
 
   // How the command is written, for messages from now on.
-  void setUsage(std::string_view usage) { usage_ = usage; }
-  const std::string& file() const { return file_; }
+  void setUsage(std::string_view usage) { m_usage = usage; }
+  const std::string& file() const { return m_file; }
 
-  bool atEnd() const { return at_ == line_.words.size(); }
+  bool atEnd() const { return m_at == m_line.words.size(); }
   // The word that comes next, or "" at the end; a text in quotes is none.
   std::string_view ahead() const;
   // Takes the next word when it is this one. Several words in a row are given with blanks between.
@@ -29,7 +29,7 @@ class LineReader {
   std::string text(std::string_view what);
   // A text that has to stand in quotes.
   std::string quoted();
-  bool isQuotedAhead() const { return !atEnd() && line_.words[at_].isQuoted; }
+  bool isQuotedAhead() const { return !atEnd() && m_line.words[m_at].isQuoted; }
   std::int64_t number(std::string_view what);
   // Seconds since 1970, of a time in UTC such as 2026-11-23T09:00.
   double time();
@@ -47,10 +47,10 @@ class LineReader {
  private:
   double amount(std::string_view unit);
 
-  const ScenarioLine& line_;
-  std::string file_;
-  std::string usage_;
-  std::size_t at_ = 0;
+  const ScenarioLine& m_line;
+  std::string m_file;
+  std::string m_usage;
+  std::size_t m_at = 0;
 };
 
 }  // namespace vornlab

@@ -35,28 +35,28 @@ std::string knownExpectations() {
 
 class ScenarioReader {
  public:
-  explicit ScenarioReader(std::string file) { scenario_.file = std::move(file); }
+  explicit ScenarioReader(std::string file) { m_scenario.file = std::move(file); }
 
   Scenario read(std::string_view text) {
-    for (const ScenarioLine& line : readScenarioText(text, scenario_.file)) readLine(line);
-    return std::move(scenario_);
+    for (const ScenarioLine& line : readScenarioText(text, m_scenario.file)) readLine(line);
+    return std::move(m_scenario);
   }
 
  private:
   void readLine(const ScenarioLine& line) {
-    LineReader reader(line, scenario_.file);
+    LineReader reader(line, m_scenario.file);
     const std::string_view first = reader.ahead();
     const SetUpWord* word = findWord(setUpWords(), first);
-    if (word && !scenario_.steps.empty() && !findWord(hostWords(), first)) {
+    if (word && !m_scenario.steps.empty() && !findWord(hostWords(), first)) {
       reader.refuse("\"" + std::string(first) + "\" has to stand before everything that happens");
     }
-    if (word && scenario_.steps.empty()) {
+    if (word && m_scenario.steps.empty()) {
       reader.take(first);
       reader.setUsage(word->usage);
-      word->read(reader, scenario_.setUp);
+      word->read(reader, m_scenario.setUp);
       reader.needEnd();
     } else {
-      scenario_.steps.push_back({line.number, line.text, readStep(reader)});
+      m_scenario.steps.push_back({line.number, line.text, readStep(reader)});
     }
   }
 
@@ -91,7 +91,7 @@ class ScenarioReader {
     return word.read(reader);
   }
 
-  Scenario scenario_;
+  Scenario m_scenario;
 };
 
 }  // namespace

@@ -18,19 +18,19 @@ class ScenarioFolder {
   ScenarioFolder() {
     std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make the folder " + name);
-    path_ = fs::canonical(name);
+    m_path = fs::canonical(name);
   }
   ~ScenarioFolder() {
     std::error_code ignored;
-    fs::remove_all(path_, ignored);
+    fs::remove_all(m_path, ignored);
   }
   ScenarioFolder(const ScenarioFolder&) = delete;
   ScenarioFolder& operator=(const ScenarioFolder&) = delete;
 
-  const fs::path& path() const { return path_; }
+  const fs::path& path() const { return m_path; }
 
  private:
-  fs::path path_;
+  fs::path m_path;
 };
 
 std::optional<ScenarioFailure> playSteps(const Scenario& scenario, Stage& stage) {

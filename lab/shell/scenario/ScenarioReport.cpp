@@ -89,9 +89,9 @@ Json jsonOf(const ScenarioResult& result) {
 }  // namespace
 
 void ScenarioReport::tell(const ScenarioResult& result) {
-  ++played_;
-  if (result.failure) ++failed_;
-  if (form_ == Form::json) return printLine(jsonOf(result));
+  ++m_played;
+  if (result.failure) ++m_failed;
+  if (m_form == Form::json) return printLine(jsonOf(result));
   if (result.failure) {
     printFailure(result);
   } else {
@@ -101,15 +101,15 @@ void ScenarioReport::tell(const ScenarioResult& result) {
 }
 
 void ScenarioReport::tellSummary(double seconds) const {
-  if (form_ == Form::json) {
+  if (m_form == Form::json) {
     return printLine(Json{{"summary",
-                           {{"scenarios", played_},
-                            {"passed", played_ - failed_},
-                            {"failed", failed_},
+                           {{"scenarios", m_played},
+                            {"passed", m_played - m_failed},
+                            {"failed", m_failed},
                             {"seconds", std::round(seconds * 1000) / 1000}}}});
   }
-  std::printf("\n%zu %s: %zu passed, %zu failed; %.1f seconds\n", played_, played_ == 1 ? "scenario" : "scenarios",
-              played_ - failed_, failed_, seconds);
+  std::printf("\n%zu %s: %zu passed, %zu failed; %.1f seconds\n", m_played,
+              m_played == 1 ? "scenario" : "scenarios", m_played - m_failed, m_failed, seconds);
 }
 
 }  // namespace vornlab

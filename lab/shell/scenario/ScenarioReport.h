@@ -12,16 +12,16 @@ class ScenarioReport {
  public:
   enum class Form { words, json };
 
-  explicit ScenarioReport(Form form) : form_(form) {}
+  explicit ScenarioReport(Form form) : m_form(form) {}
 
   void tell(const ScenarioResult& result);
   void tellSummary(double seconds) const;
-  std::size_t failed() const { return failed_; }
+  std::size_t failed() const { return m_failed; }
 
  private:
-  Form form_;
-  std::size_t played_ = 0;
-  std::size_t failed_ = 0;
+  Form m_form;
+  std::size_t m_played = 0;
+  std::size_t m_failed = 0;
 };
 
 }  // namespace vornlab

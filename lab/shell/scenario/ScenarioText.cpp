@@ -9,58 +9,58 @@ constexpr std::string_view kBlanks = " \t\r";
 
 class LineSplitter {
  public:
-  LineSplitter(std::string_view line, std::string place) : line_(line), place_(std::move(place)) {}
+  LineSplitter(std::string_view line, std::string place) : m_line(line), m_place(std::move(place)) {}
 
   std::vector<ScenarioWord> words() {
     std::vector<ScenarioWord> found;
-    while (skipBlanks() && line_[at_] != '#') found.push_back(line_[at_] == '"' ? quoted() : plain());
+    while (skipBlanks() && m_line[m_at] != '#') found.push_back(m_line[m_at] == '"' ? quoted() : plain());
     return found;
   }
 
  private:
   bool skipBlanks() {
-    at_ = std::min(line_.find_first_not_of(kBlanks, at_), line_.size());
-    return at_ < line_.size();
+    m_at = std::min(m_line.find_first_not_of(kBlanks, m_at), m_line.size());
+    return m_at < m_line.size();
   }
 
   ScenarioWord plain() {
-    const std::size_t end = std::min(line_.find_first_of(kBlanks, at_), line_.size());
-    const std::string_view word = line_.substr(at_, end - at_);
+    const std::size_t end = std::min(m_line.find_first_of(kBlanks, m_at), m_line.size());
+    const std::string_view word = m_line.substr(m_at, end - m_at);
     if (word.find('"') != std::string_view::npos) fail("a blank before the quote in " + std::string(word));
-    at_ = end;
+    m_at = end;
     return {std::string(word), false};
   }
 
   ScenarioWord quoted() {
     ScenarioWord word{"", true};
-    for (++at_; at_ < line_.size(); ++at_) {
-      if (line_[at_] == '"') {
-        ++at_;
-        if (at_ < line_.size() && kBlanks.find(line_[at_]) == std::string_view::npos) {
+    for (++m_at; m_at < m_line.size(); ++m_at) {
+      if (m_line[m_at] == '"') {
+        ++m_at;
+        if (m_at < m_line.size() && kBlanks.find(m_line[m_at]) == std::string_view::npos) {
           fail("a blank behind the closing quote");
         }
         return word;
       }
-      word.text += line_[at_] == '\\' ? escaped() : line_[at_];
+      word.text += m_line[m_at] == '\\' ? escaped() : m_line[m_at];
     }
     fail("a closing quote");
   }
 
   char escaped() {
-    ++at_;
-    const char c = at_ < line_.size() ? line_[at_] : '\0';
+    ++m_at;
+    const char c = m_at < m_line.size() ? m_line[m_at] : '\0';
     if (c == 'n') return '\n';
     if (c != '"' && c != '\\') fail("\\n, \\\" or \\\\ behind the backslash");
     return c;
   }
 
   [[noreturn]] void fail(const std::string& expected) const {
-    throw ScenarioError(place_ + "expected " + expected);
+    throw ScenarioError(m_place + "expected " + expected);
   }
 
-  std::string_view line_;
-  std::string place_;
-  std::size_t at_ = 0;
+  std::string_view m_line;
+  std::string m_place;
+  std::size_t m_at = 0;
 };
 
 }  // namespace

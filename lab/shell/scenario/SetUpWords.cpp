@@ -53,47 +53,47 @@ std::string frequencyOf(LineReader& line) {
 // Gathers the lines of one VEVENT.
 class AppointmentReader {
  public:
-  AppointmentReader(LineReader& line, ScenarioSetUp& setUp) : line_(line), setUp_(setUp) {}
+  AppointmentReader(LineReader& line, ScenarioSetUp& setUp) : m_line(line), m_setUp(setUp) {}
 
   void read() {
-    uid_ = line_.text("the UID of the appointment");
-    while (!line_.atEnd()) readOption();
+    m_uid = m_line.text("the UID of the appointment");
+    while (!m_line.atEnd()) readOption();
     std::string text = "BEGIN:VEVENT\r\n";
-    for (const std::string& content : {"UID:" + uid_, "DTSTAMP:" + icsTime(stamp_), "DTSTART:" + icsTime(start_),
-                                       "DTEND:" + icsTime(start_ + length_)}) {
+    for (const std::string& content : {"UID:" + m_uid, "DTSTAMP:" + icsTime(m_stamp),
+                                       "DTSTART:" + icsTime(m_start), "DTEND:" + icsTime(m_start + m_length)}) {
       text += foldedLine(content, "\r\n");
     }
-    if (!occurrence_.empty()) further_.push_back("RECURRENCE-ID:" + occurrence_);
-    for (const std::string& content : further_) text += foldedLine(content, "\r\n");
-    setUp_.appointments.push_back(text + "END:VEVENT\r\n");
-    for (StoredRecord& record : records_) {
-      record.recurrenceId = occurrence_;
-      setUp_.records.push_back(std::move(record));
+    if (!m_occurrence.empty()) m_further.push_back("RECURRENCE-ID:" + m_occurrence);
+    for (const std::string& content : m_further) text += foldedLine(content, "\r\n");
+    m_setUp.appointments.push_back(text + "END:VEVENT\r\n");
+    for (StoredRecord& record : m_records) {
+      record.recurrenceId = m_occurrence;
+      m_setUp.records.push_back(std::move(record));
     }
   }
 
  private:
   void readOption() {
     if (readTime() || readText() || readPerson() || readRecord()) return;
-    if (line_.take("repeats")) {
-      const std::string frequency = frequencyOf(line_);
-      further_.push_back("RRULE:FREQ=" + frequency + ";COUNT=" + std::to_string(line_.number("how often")));
-    } else if (line_.take("occurrence")) {
-      occurrence_ = line_.text("the RECURRENCE-ID of the occurrence");
-    } else if (line_.take("line")) {
-      further_.push_back(line_.quoted());
+    if (m_line.take("repeats")) {
+      const std::string frequency = frequencyOf(m_line);
+      m_further.push_back("RRULE:FREQ=" + frequency + ";COUNT=" + std::to_string(m_line.number("how often")));
+    } else if (m_line.take("occurrence")) {
+      m_occurrence = m_line.text("the RECURRENCE-ID of the occurrence");
+    } else if (m_line.take("line")) {
+      m_further.push_back(m_line.quoted());
     } else {
-      line_.fail("one of the appointment's options");
+      m_line.fail("one of the appointment's options");
     }
   }
 
   bool readTime() {
-    if (line_.take("at")) {
-      start_ = line_.time();
-    } else if (line_.take("for")) {
-      length_ = line_.minutes();
-    } else if (line_.take("stamp")) {
-      stamp_ = line_.time();
+    if (m_line.take("at")) {
+      m_start = m_line.time();
+    } else if (m_line.take("for")) {
+      m_length = m_line.minutes();
+    } else if (m_line.take("stamp")) {
+      m_stamp = m_line.time();
     } else {
       return false;
     }
@@ -101,14 +101,14 @@ class AppointmentReader {
   }
 
   bool readText() {
-    if (line_.take("subject")) {
-      further_.push_back("SUMMARY:" + escapedText(line_.quoted()));
-    } else if (line_.take("location")) {
-      further_.push_back("LOCATION:" + escapedText(line_.quoted()));
-    } else if (line_.take("body")) {
-      further_.push_back("DESCRIPTION:" + escapedText(line_.quoted()));
-    } else if (line_.take("html")) {
-      further_.push_back("X-ALT-DESC;FMTTYPE=text/html:" + escapedText(line_.quoted()));
+    if (m_line.take("subject")) {
+      m_further.push_back("SUMMARY:" + escapedText(m_line.quoted()));
+    } else if (m_line.take("location")) {
+      m_further.push_back("LOCATION:" + escapedText(m_line.quoted()));
+    } else if (m_line.take("body")) {
+      m_further.push_back("DESCRIPTION:" + escapedText(m_line.quoted()));
+    } else if (m_line.take("html")) {
+      m_further.push_back("X-ALT-DESC;FMTTYPE=text/html:" + escapedText(m_line.quoted()));
     } else {
       return false;
     }
@@ -116,14 +116,14 @@ class AppointmentReader {
   }
 
   bool readPerson() {
-    if (line_.take("attendee")) {
-      const std::string name = line_.text("a name");
-      further_.push_back("ATTENDEE;CN=\"" + name + "\":mailto:" + line_.text("an address"));
-    } else if (line_.take("room")) {
-      further_.push_back("ATTENDEE;CUTYPE=ROOM;CN=\"" + line_.text("the name of a room") +
-                         "\":mailto:room@rooms.example");
-    } else if (line_.take("organizer")) {
-      further_.push_back("ORGANIZER:mailto:" + line_.text("an address"));
+    if (m_line.take("attendee")) {
+      const std::string name = m_line.text("a name");
+      m_further.push_back("ATTENDEE;CN=\"" + name + "\":mailto:" + m_line.text("an address"));
+    } else if (m_line.take("room")) {
+      m_further.push_back("ATTENDEE;CUTYPE=ROOM;CN=\"" + m_line.text("the name of a room") +
+                          "\":mailto:room@rooms.example");
+    } else if (m_line.take("organizer")) {
+      m_further.push_back("ORGANIZER:mailto:" + m_line.text("an address"));
     } else {
       return false;
     }
@@ -131,21 +131,21 @@ class AppointmentReader {
   }
 
   bool readRecord() {
-    const bool isOlder = line_.take("older record");
-    if (!isOlder && !line_.take("record")) return false;
-    records_.push_back({uid_, "", line_.quoted(), isOlder});
+    const bool isOlder = m_line.take("older record");
+    if (!isOlder && !m_line.take("record")) return false;
+    m_records.push_back({m_uid, "", m_line.quoted(), isOlder});
     return true;
   }
 
-  LineReader& line_;
-  ScenarioSetUp& setUp_;
-  std::string uid_;
-  double start_ = kUsualStart;
-  double length_ = kUsualLength;
-  double stamp_ = kUsualStart - 86400;
-  std::string occurrence_;
-  std::vector<std::string> further_;
-  std::vector<StoredRecord> records_;
+  LineReader& m_line;
+  ScenarioSetUp& m_setUp;
+  std::string m_uid;
+  double m_start = kUsualStart;
+  double m_length = kUsualLength;
+  double m_stamp = kUsualStart - 86400;
+  std::string m_occurrence;
+  std::vector<std::string> m_further;
+  std::vector<StoredRecord> m_records;
 };
 
 Account accountOf(LineReader& line, const ScenarioSetUp& setUp) {

@@ -36,73 +36,73 @@ std::string nameOf(bool isRequest, const Value& facts) {
 }  // namespace
 
 Stage::Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::path& folder)
-    : lab_(std::move(lab)), faults_(folder / "faults") {
-  lab_.world = folder;
-  lab_.clientDatabase = folder / "meetings.db";
-  lab_.account = setUp.account;
-  lab_.panelIsOff = !setUp.panelIsOn;
-  lab_.withoutClient = setUp.withoutClient;
-  lab_.clientVersion = setUp.clientVersion;
-  lab_.systemVersion = setUp.systemVersion;
-  lab_.clientArguments.push_back("--faults=" + faults_.string());
+    : m_lab(std::move(lab)), m_faults(folder / "faults") {
+  m_lab.world = folder;
+  m_lab.clientDatabase = folder / "meetings.db";
+  m_lab.account = setUp.account;
+  m_lab.panelIsOff = !setUp.panelIsOn;
+  m_lab.withoutClient = setUp.withoutClient;
+  m_lab.clientVersion = setUp.clientVersion;
+  m_lab.systemVersion = setUp.systemVersion;
+  m_lab.clientArguments.push_back("--faults=" + m_faults.string());
   setFaults("");
   loadCalendar(setUp);
   fillService(setUp);
-  session_.emplace(lab_, calendar_, setUp.host);
-  usesSocket_ = !session_->talksByNotifications();
-  journal_.emplace(session_->world().journal());
-  journal_->read();
+  m_session.emplace(m_lab, m_calendar, setUp.host);
+  m_usesSocket = !m_session->talksByNotifications();
+  m_journal.emplace(m_session->world().journal());
+  m_journal->read();
   countAnew(true);
   for (const SavedChoice& choice : setUp.choices) choose(choice);
-  session_->trace().setListener([this](std::string_view step, const Value& facts) { note(step, facts); });
-  session_->presenter().setAlertObserver(
-      [this](const vorn::EmbeddedPresenter::Shown& shown) { alerts_.push_back(shown.alert.message); });
+  m_session->trace().setListener([this](std::string_view step, const Value& facts) { note(step, facts); });
+  m_session->presenter().setAlertObserver(
+      [this](const vorn::EmbeddedPresenter::Shown& shown) { m_alerts.push_back(shown.alert.message); });
 }
 
 void Stage::loadCalendar(const ScenarioSetUp& setUp) {
   IcsProblem problem;
-  if (!calendar_.loadText(calendarTextOf(setUp), problem)) {
+  if (!m_calendar.loadText(calendarTextOf(setUp), problem)) {
     throw LabError("the calendar cannot be read: line " + std::to_string(problem.line) + ": " + problem.message);
   }
   for (const StoredRecord& record : setUp.records) {
-    auto event = calendar_.find(record.uid, record.recurrenceId);
+    auto event = m_calendar.find(record.uid, record.recurrenceId);
     if (!event) continue;
     record.isInOlderPlace ? event->setOlmUCCapabilities(record.text) : event->setOlmUCInband(record.text);
   }
-  claimedEvents_ = calendar_.eventCount();
+  m_claimedEvents = m_calendar.eventCount();
 }
 
 void Stage::fillService(const ScenarioSetUp& setUp) const {
   if (setUp.meetings.empty()) return;
-  MeetingStore service(lab_.clientDatabase);
+  MeetingStore service(m_lab.clientDatabase);
   for (const Meeting& meeting : setUp.meetings) service.put(meeting);
 }
 
 // -- Windows -----------------------------------------------------------------------------------------------------
 
 void Stage::enter(const std::string& name, OutlookHost::EditorId editor, std::optional<std::size_t> event) {
-  windows_[name] = {editor, event, calendar_.text()};
-  current_ = name;
-  lastKeys_.erase(name);
+  m_windows[name] = {editor, event, m_calendar.text()};
+  m_current = name;
+  m_lastKeys.erase(name);
 }
 
 void Stage::enter(const std::string& name) {
-  if (!windows_.contains(name)) {
-    const auto event = calendar_.find(name);
+  if (!m_windows.contains(name)) {
+    const auto event = m_calendar.find(name);
     if (!event) throw Mismatch("a window or an appointment named \"" + name + "\"", "none of that name");
-    windows_[name] = {0, event->index(), calendar_.text()};
+    m_windows[name] = {0, event->index(), m_calendar.text()};
   }
-  current_ = name;
+  m_current = name;
 }
 
 StageWindow& Stage::window() {
-  const auto found = windows_.find(current_);
-  if (found == windows_.end()) throw Mismatch("a window that was opened before", "none");
+  const auto found = m_windows.find(m_current);
+  if (found == m_windows.end()) throw Mismatch("a window that was opened before", "none");
   return found->second;
 }
 
 OutlookHost::EditorId Stage::editor() {
-  if (!isOpen()) throw Mismatch("the window \"" + current_ + "\" is open", "it is closed");
+  if (!isOpen()) throw Mismatch("the window \"" + m_current + "\" is open", "it is closed");
   return window().editor;
 }
 
@@ -111,57 +111,57 @@ bool Stage::isOpen() { return window().editor != 0 && host().isOpen(window().edi
 std::optional<CalendarEvent> Stage::stored() {
   const auto index = window().event;
   if (!index) return std::nullopt;
-  const CalendarEvent event = calendar_.eventAt(*index);
+  const CalendarEvent event = m_calendar.eventAt(*index);
   return event.isRemoved() ? std::nullopt : std::optional(event);
 }
 
 Value Stage::told() {
-  return session_->ask("window", Value::dictionaryFromPairs({{"editor", host().viewController(editor())}}));
+  return m_session->ask("window", Value::dictionaryFromPairs({{"editor", host().viewController(editor())}}));
 }
 
 std::string Stage::meetingKey() {
   std::string key;
   if (isOpen()) key = told()["key"].text();
   if (const auto event = stored(); key.empty() && event) key = describe(*event).meetingKey;
-  if (!key.empty()) lastKeys_[current_] = key;
-  return key.empty() ? lastKeys_[current_] : key;
+  if (!key.empty()) m_lastKeys[m_current] = key;
+  return key.empty() ? m_lastKeys[m_current] : key;
 }
 
 // -- Waiting -----------------------------------------------------------------------------------------------------
 
 void Stage::note(std::string_view step, const Value& facts) {
-  if (step == "dropped") hasDropped_ = true;
+  if (step == "dropped") m_hasDropped = true;
   if (step != "sent" && step != "received") return;
   const bool isRequest = step == "sent";
-  envelopes_.push_back({isRequest, nameOf(isRequest, facts), facts["content"].text()});
+  m_envelopes.push_back({isRequest, nameOf(isRequest, facts), facts["content"].text()});
 }
 
 void Stage::countAnew(bool isConnected) {
-  sentBefore_ = session_->trace().sent();
-  receivedBefore_ = session_->trace().received();
-  journal_->begin(isConnected);
+  m_sentBefore = m_session->trace().sent();
+  m_receivedBefore = m_session->trace().received();
+  m_journal->begin(isConnected);
 }
 
 bool Stage::isQuiet(bool evenDoubtful) {
-  journal_->read();
-  const std::size_t sent = session_->trace().sent() - sentBefore_;
-  const std::size_t received = session_->trace().received() - receivedBefore_;
-  const std::size_t expected = journal_->sureReplies() + (evenDoubtful ? journal_->doubtfulReplies() : 0);
-  return sent <= journal_->answered() && expected <= received;
+  m_journal->read();
+  const std::size_t sent = m_session->trace().sent() - m_sentBefore;
+  const std::size_t received = m_session->trace().received() - m_receivedBefore;
+  const std::size_t expected = m_journal->sureReplies() + (evenDoubtful ? m_journal->doubtfulReplies() : 0);
+  return sent <= m_journal->answered() && expected <= received;
 }
 
 // False when what was sent has reached nobody.
 bool Stage::waitForReplies() {
   const auto isCutOff = [this] {
-    return !session_->clientIsRunning() || (usesSocket_ && journal_->connections() <= 0);
+    return !m_session->clientIsRunning() || (m_usesSocket && m_journal->connections() <= 0);
   };
-  if (!session_->waitUntil([&] { return isQuiet(false) || isCutOff(); }, kPatienceSeconds)) {
+  if (!m_session->waitUntil([&] { return isQuiet(false) || isCutOff(); }, kPatienceSeconds)) {
     throw Mismatch(
         "the plug-in comes to rest",
         "a request is unanswered after " + std::to_string(static_cast<int>(kPatienceSeconds)) + " seconds");
   }
   if (!isQuiet(false)) return false;
-  session_->waitUntil([&] { return isQuiet(true); }, kDoubtSeconds);
+  m_session->waitUntil([&] { return isQuiet(true); }, kDoubtSeconds);
   return true;
 }
 
@@ -169,51 +169,51 @@ void Stage::settle() {
   // A reply may lead to a call that is put off to the loop's next turn, and that to a further request.
   do {
     if (!waitForReplies()) countAnew(false);
-    session_->passTime(0);
-    session_->passTime(0);
+    m_session->passTime(0);
+    m_session->passTime(0);
   } while (!isQuiet(false));
   const std::size_t open = host().editors().size();
-  if (open < openEditors_) session_->passTime(kClearingSeconds);
-  openEditors_ = open;
-  if (std::exchange(hasDropped_, false) && usesSocket_ && session_->clientIsRunning()) {
-    session_->waitUntil([this] { return journal_->read(), journal_->connections() > 0; }, kReconnectSeconds);
+  if (open < m_openEditors) m_session->passTime(kClearingSeconds);
+  m_openEditors = open;
+  if (std::exchange(m_hasDropped, false) && m_usesSocket && m_session->clientIsRunning()) {
+    m_session->waitUntil([this] { return m_journal->read(), m_journal->connections() > 0; }, kReconnectSeconds);
   }
   claimNewAppointment();
   // The key is asked for while the plug-in still knows it.
-  if (windows_.contains(current_)) meetingKey();
+  if (m_windows.contains(m_current)) meetingKey();
 }
 
 void Stage::claimNewAppointment() {
-  if (!windows_.contains(current_) || window().event || window().editor == 0) return;
-  if (calendar_.eventCount() > claimedEvents_) window().event = claimedEvents_++;
+  if (!m_windows.contains(m_current) || window().event || window().editor == 0) return;
+  if (m_calendar.eventCount() > m_claimedEvents) window().event = m_claimedEvents++;
 }
 
 // -- The client --------------------------------------------------------------------------------------------------
 
 void Stage::killClient() {
-  session_->killClient();
+  m_session->killClient();
   countAnew(false);
 }
 
 void Stage::stopClient() {
-  session_->stopClient();
+  m_session->stopClient();
   countAnew(false);
 }
 
 void Stage::startClient() {
-  session_->restartClient();
+  m_session->restartClient();
   countAnew(false);
 }
 
 void Stage::setFaults(const std::string& rules) {
-  if (!vorn::replaceFile(faults_.string(), rules)) throw LabError("cannot write " + faults_.string());
+  if (!vorn::replaceFile(m_faults.string(), rules)) throw LabError("cannot write " + m_faults.string());
 }
 
 void Stage::choose(const SavedChoice& choice) {
   if (choice.place == SavedChoice::Place::profile) {
-    session_->saveInProfile(choice.key, choice.value);
+    m_session->saveInProfile(choice.key, choice.value);
   } else {
-    session_->saveInUserDefaults(choice.key, choice.value);
+    m_session->saveInUserDefaults(choice.key, choice.value);
   }
 }
 
@@ -221,24 +221,24 @@ void Stage::choose(const SavedChoice& choice) {
 
 std::vector<std::string> Stage::takeRequests() {
   std::vector<std::string> names;
-  for (std::size_t i = requestsTakenTo_; i < envelopes_.size(); ++i) {
-    if (envelopes_[i].isRequest) names.push_back(envelopes_[i].name);
+  for (std::size_t i = m_requestsTakenTo; i < m_envelopes.size(); ++i) {
+    if (m_envelopes[i].isRequest) names.push_back(m_envelopes[i].name);
   }
-  requestsTakenFrom_ = requestsTakenTo_;
-  requestsTakenTo_ = envelopes_.size();
+  m_requestsTakenFrom = m_requestsTakenTo;
+  m_requestsTakenTo = m_envelopes.size();
   return names;
 }
 
 bool Stage::requestHolds(const std::string& part) const {
-  for (std::size_t i = requestsTakenFrom_; i < envelopes_.size(); ++i) {
-    if (envelopes_[i].isRequest && envelopes_[i].content.find(part) != std::string::npos) return true;
+  for (std::size_t i = m_requestsTakenFrom; i < m_envelopes.size(); ++i) {
+    if (m_envelopes[i].isRequest && m_envelopes[i].content.find(part) != std::string::npos) return true;
   }
   return false;
 }
 
 std::vector<std::string> Stage::takeAlerts() {
-  std::vector<std::string> taken(alerts_.begin() + static_cast<std::ptrdiff_t>(alertsTaken_), alerts_.end());
-  alertsTaken_ = alerts_.size();
+  std::vector<std::string> taken(m_alerts.begin() + static_cast<std::ptrdiff_t>(m_alertsTaken), m_alerts.end());
+  m_alertsTaken = m_alerts.size();
   return taken;
 }
 
@@ -246,12 +246,12 @@ std::optional<Meeting> Stage::meetingAtService() {
   const std::string key = meetingKey();
   std::int64_t number = 0;
   std::from_chars(key.data(), key.data() + key.size(), number);
-  MeetingStore service(lab_.clientDatabase);
+  MeetingStore service(m_lab.clientDatabase);
   if (number != 0) return service.find(number);
   const auto event = stored();
   return event ? service.findByAppointment(event->uid()) : std::nullopt;
 }
 
-std::int64_t Stage::meetingsAtService() const { return MeetingStore(lab_.clientDatabase).count(); }
+std::int64_t Stage::meetingsAtService() const { return MeetingStore(m_lab.clientDatabase).count(); }
 
 }  // namespace vornlab

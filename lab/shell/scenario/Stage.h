@@ -43,9 +43,9 @@ class Stage {
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
 
-  Session& session() { return *session_; }
-  OutlookHost& host() { return session_->host(); }
-  CalendarStore& calendar() { return calendar_; }
+  Session& session() { return *m_session; }
+  OutlookHost& host() { return m_session->host(); }
+  CalendarStore& calendar() { return m_calendar; }
 
   // -- Windows
 
@@ -69,7 +69,7 @@ class Stage {
   // Runs the host until the plug-in has come to rest: each request has its reply or will never have one, and
   // nothing more is due at once. Throws Mismatch when that does not happen.
   void settle();
-  void wait(double seconds) { session_->passTime(seconds); }
+  void wait(double seconds) { m_session->passTime(seconds); }
 
   void killClient();
   void stopClient();
@@ -80,7 +80,7 @@ class Stage {
 
   // -- What there was
 
-  const std::vector<StageEnvelope>& envelopes() const { return envelopes_; }
+  const std::vector<StageEnvelope>& envelopes() const { return m_envelopes; }
   // The requests since the last call.
   std::vector<std::string> takeRequests();
   // Whether one of the requests that the last takeRequests() gave, or a later one, holds the text.
@@ -99,29 +99,29 @@ class Stage {
   void countAnew(bool isConnected);
   void claimNewAppointment();
 
-  LabOptions lab_;
-  std::filesystem::path faults_;
-  CalendarStore calendar_;
-  std::optional<Session> session_;
-  std::optional<ClientJournal> journal_;
-  bool usesSocket_ = true;
+  LabOptions m_lab;
+  std::filesystem::path m_faults;
+  CalendarStore m_calendar;
+  std::optional<Session> m_session;
+  std::optional<ClientJournal> m_journal;
+  bool m_usesSocket = true;
 
-  std::map<std::string, StageWindow> windows_;
-  std::string current_;
+  std::map<std::string, StageWindow> m_windows;
+  std::string m_current;
   // Keys by window, for meetings that are no more.
-  std::map<std::string, std::string> lastKeys_;
+  std::map<std::string, std::string> m_lastKeys;
   // Events that belong to the file or to a window.
-  std::size_t claimedEvents_ = 0;
-  std::size_t openEditors_ = 0;
+  std::size_t m_claimedEvents = 0;
+  std::size_t m_openEditors = 0;
 
-  std::vector<StageEnvelope> envelopes_;
-  std::size_t requestsTakenFrom_ = 0;
-  std::size_t requestsTakenTo_ = 0;
-  std::vector<std::string> alerts_;
-  std::size_t alertsTaken_ = 0;
-  std::size_t sentBefore_ = 0;
-  std::size_t receivedBefore_ = 0;
-  bool hasDropped_ = false;
+  std::vector<StageEnvelope> m_envelopes;
+  std::size_t m_requestsTakenFrom = 0;
+  std::size_t m_requestsTakenTo = 0;
+  std::vector<std::string> m_alerts;
+  std::size_t m_alertsTaken = 0;
+  std::size_t m_sentBefore = 0;
+  std::size_t m_receivedBefore = 0;
+  bool m_hasDropped = false;
 };
 
 }  // namespace vornlab

@@ -21,36 +21,36 @@ TextExpectation TextExpectation::read(LineReader& line) {
                                                 {"none", Form::none},         {"any", Form::any}};
   for (const auto& [word, form] : forms) {
     if (!line.take(word)) continue;
-    read.form_ = form;
-    read.words_ = word;
+    read.m_form = form;
+    read.m_words = word;
     if (form == Form::none || form == Form::any) return read;
     break;
   }
-  if (read.words_.empty() && line.take("empty")) {
-    read.texts_ = {""};
-    read.words_ = "empty";
+  if (read.m_words.empty() && line.take("empty")) {
+    read.m_texts = {""};
+    read.m_words = "empty";
     return read;
   }
-  if (read.words_.empty()) line.take("is");
+  if (read.m_words.empty()) line.take("is");
   do {
-    read.texts_.push_back(line.text("a text"));
-    read.words_ += (read.words_.empty() ? "" : " ") + ("\"" + read.texts_.back() + "\"");
-  } while (read.form_ != Form::is && !line.atEnd());
+    read.m_texts.push_back(line.text("a text"));
+    read.m_words += (read.m_words.empty() ? "" : " ") + ("\"" + read.m_texts.back() + "\"");
+  } while (read.m_form != Form::is && !line.atEnd());
   return read;
 }
 
 void TextExpectation::check(const std::string& what, const std::optional<std::string>& text) const {
   // What is not there lacks everything.
   const bool isAsExpected =
-      text ? form_ != Form::none && holds(*text) : form_ == Form::none || form_ == Form::lacks;
+      text ? m_form != Form::none && holds(*text) : m_form == Form::none || m_form == Form::lacks;
   if (isAsExpected) return;
-  throw Mismatch(what + " " + words_, text ? "\"" + *text + "\"" : "none");
+  throw Mismatch(what + " " + m_words, text ? "\"" + *text + "\"" : "none");
 }
 
 bool TextExpectation::holds(const std::string& text) const {
-  if (form_ == Form::any) return !text.empty();
-  return std::all_of(texts_.begin(), texts_.end(), [&](const std::string& part) {
-    switch (form_) {
+  if (m_form == Form::any) return !text.empty();
+  return std::all_of(m_texts.begin(), m_texts.end(), [&](const std::string& part) {
+    switch (m_form) {
       case Form::is: return text == part;
       case Form::contains: return text.find(part) != std::string::npos;
       case Form::lacks: return text.find(part) == std::string::npos;

@@ -26,9 +26,9 @@ class TextExpectation {
 
   bool holds(const std::string& text) const;
 
-  Form form_ = Form::is;
-  std::vector<std::string> texts_;
-  std::string words_;
+  Form m_form = Form::is;
+  std::vector<std::string> m_texts;
+  std::string m_words;
 };
 
 }  // namespace vornlab

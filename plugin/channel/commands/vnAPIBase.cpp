@@ -50,7 +50,7 @@ constexpr int kUnknownError = 9999;
 
 }  // namespace
 
-vnAPIBase::vnAPIBase() : self_(std::make_shared<vnAPIBase*>(this)) {}
+vnAPIBase::vnAPIBase() : m_self(std::make_shared<vnAPIBase*>(this)) {}
 
 int vnAPIBase::refusalCode(const HostObject& parentWindow) {
   const int code = checkVornAppError();
@@ -74,7 +74,7 @@ int vnAPIBase::action(const HostObject& parentWindow) {
 
 std::shared_ptr<RunLoop::Timer> vnAPIBase::startTimer(double seconds, RunLoop::Repeats repeats) {
   return Registry::platform().runLoop->scheduledTimer(
-      seconds, repeats, [self = std::weak_ptr<vnAPIBase*>(self_)](RunLoop::Timer& fired) {
+      seconds, repeats, [self = std::weak_ptr<vnAPIBase*>(m_self)](RunLoop::Timer& fired) {
         if (const auto command = self.lock()) (*command)->onTimeOut(fired);
       });
 }

@@ -99,7 +99,7 @@ class vnAPIBase {
   std::int8_t m_activeVornAppCount = 0;
 
   // What the timers hold instead of this command, because a timer that was let go of may outlive it.
-  std::shared_ptr<vnAPIBase*> self_;
+  std::shared_ptr<vnAPIBase*> m_self;
 };
 
 // A command that waits for its reply with a window. The window is all that ties a reply to a request, so a request

@@ -39,17 +39,17 @@ enum RecordingType : std::int64_t {
 // The document's member is the source's, and is missing when the source has none.
 class Copier {
  public:
-  Copier(const Value& source, Value& document) : source_(source), document_(document) {}
+  Copier(const Value& source, Value& document) : m_source(source), m_document(document) {}
 
-  void copy(std::string_view key) { document_.set(key, source_[key]); }
+  void copy(std::string_view key) { m_document.set(key, m_source[key]); }
   void copyList(std::string_view key) {
-    if (source_[key].count() > 0) copy(key);
+    if (m_source[key].count() > 0) copy(key);
   }
-  void copyBoolean(std::string_view key) { document_.set(key, source_[key].boolValue()); }
+  void copyBoolean(std::string_view key) { m_document.set(key, m_source[key].boolValue()); }
 
  private:
-  const Value& source_;
-  Value& document_;
+  const Value& m_source;
+  Value& m_document;
 };
 
 // The host's name for the zone of a calendar date. The date has the host's zone object, or the name itself when it

@@ -25,12 +25,12 @@ namespace {
 class DistributedReplyTrace {
  public:
   DistributedReplyTrace()
-      : subscription_(Registry::platform().distributedNotifications->observe(
+      : m_subscription(Registry::platform().distributedNotifications->observe(
             kIPCNotifyVornClientToOutlookPlugin,
             [](const Value& userInfo) { vnIPCChannel::traceReceived(userInfo); })) {}
 
  private:
-  std::unique_ptr<DistributedNotifications::Subscription> subscription_;
+  std::unique_ptr<DistributedNotifications::Subscription> m_subscription;
 };
 
 }  // namespace
@@ -52,12 +52,12 @@ vnAPIMgr::~vnAPIMgr() { cleanup(); }
 void vnAPIMgr::initIPCChannel() {
   const Platform& platform = Registry::platform();
   if (!vnIPCChannel::canUseIPC_Notification()) {
-    socketReplies_ = platform.notificationCenter->observe(
+    m_socketReplies = platform.notificationCenter->observe(
         NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN,
         [this](const NotificationCenter::Notification& reply) { onMessageResponse(reply.userInfo); });
   } else if (platform.distributedNotifications) {
     Registry::shared<DistributedReplyTrace>();
-    distributedReplies_ = platform.distributedNotifications->observe(
+    m_distributedReplies = platform.distributedNotifications->observe(
         kIPCNotifyVornClientToOutlookPlugin, [this](const Value& userInfo) { onMessageResponse(userInfo); });
   }
 }

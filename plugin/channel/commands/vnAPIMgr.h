@@ -85,8 +85,8 @@ class vnAPIMgr {
   MeetingCommandOwner* m_pMeetingMgr = nullptr;
   std::shared_ptr<vnAPIGetScheduleForList> m_apiGetScheduleForList;
 
-  NotificationCenter::Subscription socketReplies_;
-  std::unique_ptr<DistributedNotifications::Subscription> distributedReplies_;
+  NotificationCenter::Subscription m_socketReplies;
+  std::unique_ptr<DistributedNotifications::Subscription> m_distributedReplies;
 };
 
 }  // namespace vorn

@@ -3,15 +3,15 @@
 namespace vorn {
 
 void vnProgressUIMgr::showCommunication(const HostObject& parentWindow) {
-  if (showProgressWindow_) return;
-  showProgressWindow_ = true;
-  progressWindow_.domodalSheet(parentWindow);
+  if (m_showProgressWindow) return;
+  m_showProgressWindow = true;
+  m_progressWindow.domodalSheet(parentWindow);
 }
 
 void vnProgressUIMgr::closeCommunication() {
-  if (!showProgressWindow_) return;
-  progressWindow_.abortDomodal();
-  showProgressWindow_ = false;
+  if (!m_showProgressWindow) return;
+  m_progressWindow.abortDomodal();
+  m_showProgressWindow = false;
 }
 
 }  // namespace vorn

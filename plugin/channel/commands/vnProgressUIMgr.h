@@ -16,11 +16,11 @@ class vnProgressUIMgr {
 
   void showCommunication(const HostObject& parentWindow);
   void closeCommunication();
-  bool showProgressWindow() const { return showProgressWindow_; }
+  bool showProgressWindow() const { return m_showProgressWindow; }
 
  private:
-  vnProgressWindowController progressWindow_;
-  bool showProgressWindow_ = false;
+  vnProgressWindowController m_progressWindow;
+  bool m_showProgressWindow = false;
 };
 
 }  // namespace vorn

@@ -93,11 +93,11 @@ bool vnClientFeatureMgr::isVornClientSupport550Tasks() {
 
 bool vnClientFeatureMgr::isVornClientSupportEditCountries() {
   if (vnPluginBuildMgr::isBuildWithoutEditCountries()) return false;
-  return editCountriesSource_ && editCountriesSource_();
+  return m_editCountriesSource && m_editCountriesSource();
 }
 
 void vnClientFeatureMgr::setEditCountriesSource(std::function<bool()> source) {
-  editCountriesSource_ = std::move(source);
+  m_editCountriesSource = std::move(source);
 }
 
 }  // namespace vorn

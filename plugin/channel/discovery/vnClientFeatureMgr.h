@@ -43,7 +43,7 @@ class vnClientFeatureMgr {
   void setEditCountriesSource(std::function<bool()> source);
 
  private:
-  std::function<bool()> editCountriesSource_;
+  std::function<bool()> m_editCountriesSource;
 };
 
 }  // namespace vorn

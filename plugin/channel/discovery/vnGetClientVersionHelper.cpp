@@ -19,16 +19,16 @@ vnGetClientVersionHelper::vnGetClientVersionHelper() {
   const Platform& platform = Registry::platform();
   if (!vnIPCChannel::canUseIPC_Notification()) {
     if (!platform.notificationCenter) return;
-    fromSocket_ = platform.notificationCenter->observe(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT,
-                                                       [this](const NotificationCenter::Notification& posted) {
-                                                         onMessageResponseFromPluginAgent(posted.userInfo);
-                                                       });
+    m_fromSocket = platform.notificationCenter->observe(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT,
+                                                        [this](const NotificationCenter::Notification& posted) {
+                                                          onMessageResponseFromPluginAgent(posted.userInfo);
+                                                        });
   } else if (platform.distributedNotifications) {
-    fromAgent_ = platform.distributedNotifications->observe(VN_IPC_PLUGINAGENT_TO_OUTLOOKPLUGIN,
-                                                            [this](const Value& envelope) {
-                                                              vnIPCChannel::traceReceived(envelope);
-                                                              onMessageResponseFromPluginAgent(envelope);
-                                                            });
+    m_fromAgent = platform.distributedNotifications->observe(VN_IPC_PLUGINAGENT_TO_OUTLOOKPLUGIN,
+                                                             [this](const Value& envelope) {
+                                                               vnIPCChannel::traceReceived(envelope);
+                                                               onMessageResponseFromPluginAgent(envelope);
+                                                             });
   }
 }
 

@@ -30,8 +30,8 @@ class vnGetClientVersionHelper {
   void onMessageResponseFromPluginAgent(const Value& envelope);
 
  private:
-  NotificationCenter::Subscription fromSocket_;
-  std::unique_ptr<DistributedNotifications::Subscription> fromAgent_;
+  NotificationCenter::Subscription m_fromSocket;
+  std::unique_ptr<DistributedNotifications::Subscription> m_fromAgent;
 };
 
 }  // namespace vorn

@@ -7,7 +7,7 @@
 namespace vorn {
 
 Value JsonTextFile::read() const {
-  const OptionalText text = vnOLUtils::readStrFromFile(path_);
+  const OptionalText text = vnOLUtils::readStrFromFile(m_path);
   if (!text || text->empty()) return {};
   Value document = vnOLUtils::toArrayOrNSDictionary(text);
   return document.isDictionary() ? document : Value::dictionary();
@@ -16,7 +16,7 @@ Value JsonTextFile::read() const {
 void JsonTextFile::write(const Value& document) const {
   const std::string folder = vnCommon::getDocumentOutlookPluginRootPath();
   if (!vnIsFileExist(folder)) vnCreateDirection(folder);
-  vnOLUtils::saveStrToFile(vnOLUtils::toJSONString(document), path_);
+  vnOLUtils::saveStrToFile(vnOLUtils::toJSONString(document), m_path);
 }
 
 void JsonTextFile::setKey(std::string_view key, const Value& value) const {

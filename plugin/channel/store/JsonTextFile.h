@@ -12,7 +12,7 @@ namespace vorn {
 // Main thread only. Read anew each time and written whole each time; no failure is reported.
 class JsonTextFile {
  public:
-  explicit JsonTextFile(std::string path) : path_(std::move(path)) {}
+  explicit JsonTextFile(std::string path) : m_path(std::move(path)) {}
 
   // The document. Absent when there is no file or it holds no text. A text that is no dictionary gives an empty
   // dictionary, so that the next write replaces the broken document.
@@ -24,7 +24,7 @@ class JsonTextFile {
   void setKey(std::string_view key, const Value& value) const;
 
  private:
-  std::string path_;
+  std::string m_path;
 };
 
 }  // namespace vorn

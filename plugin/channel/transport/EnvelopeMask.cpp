@@ -97,26 +97,26 @@ bool isDialledPasscode(std::string_view word) {
 // Goes through the text once, from left to right, and gathers what may be seen.
 class Cover {
  public:
-  explicit Cover(std::string_view text) : text_(text) {}
+  explicit Cover(std::string_view text) : m_text(text) {}
 
   std::string run() {
-    while (at_ < text_.size() && seen_.size() < kShownBytes) {
-      if (text_[at_] == '"') {
+    while (m_at < m_text.size() && m_seen.size() < kShownBytes) {
+      if (m_text[m_at] == '"') {
         takeQuote();
-      } else if (kWordEnds.find(text_[at_]) != kNone) {
-        seen_ += text_[at_++];
+      } else if (kWordEnds.find(m_text[m_at]) != kNone) {
+        m_seen += m_text[m_at++];
       } else {
         takeWord();
       }
     }
-    const std::size_t leftOut = text_.size() - at_;
-    std::string_view shown = seen_;
+    const std::size_t leftOut = m_text.size() - m_at;
+    std::string_view shown = m_seen;
     if (shown.size() > kShownBytes) {
       std::size_t cut = kShownBytes;
       while (cut > 0 && (static_cast<unsigned char>(shown[cut]) & 0xC0) == 0x80) --cut;
       shown = shown.substr(0, cut);
     }
-    const std::size_t notShown = leftOut + (seen_.size() - shown.size());
+    const std::size_t notShown = leftOut + (m_seen.size() - shown.size());
     std::string result(shown);
     if (notShown > 0) result += "… <" + std::to_string(notShown) + " bytes more>";
     return result;
@@ -126,88 +126,89 @@ class Cover {
   // A quote may open a key with a secret behind it. Every quote is tried, the closing ones too, so that broken
   // or packed JSON leads nobody astray.
   void takeQuote() {
-    const Position keyEnd = text_.substr(0, at_ + kLongestKey).find('"', at_ + 1);
+    const Position keyEnd = m_text.substr(0, m_at + kLongestKey).find('"', m_at + 1);
     const Position value = keyEnd == kNone ? kNone : valueOfKey(keyEnd);
-    const bool isSecret = value != kNone && holdsAny(lowerCase(text_.substr(at_, keyEnd - at_)), kSecretKeyParts);
+    const bool isSecret =
+        value != kNone && holdsAny(lowerCase(m_text.substr(m_at, keyEnd - m_at)), kSecretKeyParts);
     if (!isSecret) {
-      seen_ += text_[at_++];
+      m_seen += m_text[m_at++];
       return;
     }
-    coverFrom(value, endOfValue(value, text_[keyEnd - 1] == '\\'));
+    coverFrom(value, endOfValue(value, m_text[keyEnd - 1] == '\\'));
   }
 
   Position valueOfKey(Position keyEnd) const {
-    const Position colon = skipBlanks(text_, keyEnd + 1);
-    return startsAt(text_, colon, ":") ? skipBlanks(text_, colon + 1) : kNone;
+    const Position colon = skipBlanks(m_text, keyEnd + 1);
+    return startsAt(m_text, colon, ":") ? skipBlanks(m_text, colon + 1) : kNone;
   }
 
   // Behind the value's last byte. Words such as true stay; they hide nothing.
   Position endOfValue(Position value, bool isPacked) const {
-    if (value >= text_.size()) return text_.size();
-    const Position quote = text_.find_first_not_of('\\', value);
-    if (startsAt(text_, quote, "\"")) return endOfText(quote, quote - value);
-    if (text_[value] == '[' || text_[value] == '{') return endOfContainer(value, isPacked);
-    if (isDigit(text_[value]) || text_[value] == '-')
-      return std::min(text_.find_first_of(",]} \r\n", value), text_.size());
+    if (value >= m_text.size()) return m_text.size();
+    const Position quote = m_text.find_first_not_of('\\', value);
+    if (startsAt(m_text, quote, "\"")) return endOfText(quote, quote - value);
+    if (m_text[value] == '[' || m_text[value] == '{') return endOfContainer(value, isPacked);
+    if (isDigit(m_text[value]) || m_text[value] == '-')
+      return std::min(m_text.find_first_of(",]} \r\n", value), m_text.size());
     return value;
   }
 
   // A text of JSON that was packed into JSON has backslashes before its own quotes, and more before those inside.
   Position endOfText(Position quote, std::size_t backslashes) const {
     std::size_t run = 0;
-    for (Position i = quote + 1; i < text_.size(); ++i) {
-      if (text_[i] == '"' && (backslashes == 0 ? run % 2 == 0 : run <= backslashes)) return i + 1;
-      run = text_[i] == '\\' ? run + 1 : 0;
+    for (Position i = quote + 1; i < m_text.size(); ++i) {
+      if (m_text[i] == '"' && (backslashes == 0 ? run % 2 == 0 : run <= backslashes)) return i + 1;
+      run = m_text[i] == '\\' ? run + 1 : 0;
     }
-    return text_.size();
+    return m_text.size();
   }
 
   Position endOfContainer(Position open, bool isPacked) const {
     std::size_t depth = 0;
     bool isInText = false;
-    for (Position i = open; i < text_.size(); ++i) {
-      const char c = text_[i];
+    for (Position i = open; i < m_text.size(); ++i) {
+      const char c = m_text[i];
       if (c == '\\' && !isPacked) ++i;
       if (c == '"') isInText = !isInText;
       if (isInText) continue;
       if (c == '[' || c == '{') ++depth;
       if ((c == ']' || c == '}') && --depth == 0) return i + 1;
     }
-    return text_.size();
+    return m_text.size();
   }
 
   void coverFrom(Position begin, Position end) {
     takeWayTo(begin);
-    if (end > begin) seen_.append("\"").append(kCover).append("\"");
-    at_ = end;
+    if (end > begin) m_seen.append("\"").append(kCover).append("\"");
+    m_at = end;
   }
 
   // A key or a label, with what stands before its value. It may itself hold what must not be seen.
   void takeWayTo(Position value) {
-    const std::string_view way = text_.substr(at_, value - at_);
+    const std::string_view way = m_text.substr(m_at, value - m_at);
     const std::string lower = lowerCase(way);
     bool isSecret = holdsAny(lower, kAtSigns);
     for (Position i = 0; !isSecret && i < lower.size(); ++i) isSecret = valueOfParameter(lower, i) != kNone;
-    seen_ += isSecret ? kCover : way;
-    at_ = value;
+    m_seen += isSecret ? kCover : way;
+    m_at = value;
   }
 
   void takeWord() {
-    const Position end = std::min(text_.find_first_of(kWordEnds, at_), text_.size());
-    const std::string_view word = text_.substr(at_, end - at_);
+    const Position end = std::min(m_text.find_first_of(kWordEnds, m_at), m_text.size());
+    const std::string_view word = m_text.substr(m_at, end - m_at);
     const std::string lower = lowerCase(word);
     for (Position label = nextLabel(lower, 0); label != kNone; label = nextLabel(lower, label + 1)) {
-      const Position value = valueOfLabel(at_ + label);
+      const Position value = valueOfLabel(m_at + label);
       if (value == kNone) continue;
       takePlainWord(word.substr(0, label), std::string_view(lower).substr(0, label));
-      at_ += label;
+      m_at += label;
       takeWayTo(value);
-      seen_ += kCover;
-      at_ = endOfPasscode(value);
+      m_seen += kCover;
+      m_at = endOfPasscode(value);
       return;
     }
     takePlainWord(word, lower);
-    at_ = end;
+    m_at = end;
   }
 
   static Position nextLabel(const std::string& lower, Position from) {
@@ -222,43 +223,43 @@ class Cover {
   // Where the passcode behind a label begins: after a colon, blanks and marks of HTML.
   Position valueOfLabel(Position label) const {
     Position at = skipMarks(label + kLabelSize);
-    if (startsAt(text_, at, ":")) return skipMarks(at + 1);
-    if (startsAt(text_, at, "：")) return skipMarks(at + std::string_view("：").size());
+    if (startsAt(m_text, at, ":")) return skipMarks(at + 1);
+    if (startsAt(m_text, at, "：")) return skipMarks(at + std::string_view("：").size());
     return kNone;
   }
 
   Position skipMarks(Position at) const {
     const Position bound = at + kLongestTag;
-    while (at < std::min(text_.size(), bound)) {
+    while (at < std::min(m_text.size(), bound)) {
       const Position before = at;
-      at = skipBlanks(text_, at);
+      at = skipBlanks(m_text, at);
       for (const std::string_view blank : {"&nbsp;", "\u00A0", "\\n", "\\r", "\\t", "*"}) {
-        if (startsAt(text_, at, blank)) at += blank.size();
+        if (startsAt(m_text, at, blank)) at += blank.size();
       }
-      if (startsAt(text_, at, "<")) {
-        const Position close = text_.substr(0, bound).find('>', at);
+      if (startsAt(m_text, at, "<")) {
+        const Position close = m_text.substr(0, bound).find('>', at);
         if (close != kNone) at = close + 1;
       }
       if (at == before) break;
     }
-    return std::min(at, text_.size());
+    return std::min(at, m_text.size());
   }
 
   Position endOfPasscode(Position value) const {
-    for (Position i = value; i < text_.size(); ++i) {
-      const char c = text_[i];
+    for (Position i = value; i < m_text.size(); ++i) {
+      const char c = m_text[i];
       if (kBlanks.find(c) != kNone) return i;
-      if (c == '"' && (i == value || text_[i - 1] != '\\')) return i;
-      if (c == '<' && i + 1 < text_.size() && (text_[i + 1] == '/' || isLetterOrDigit(text_[i + 1]))) return i;
+      if (c == '"' && (i == value || m_text[i - 1] != '\\')) return i;
+      if (c == '<' && i + 1 < m_text.size() && (m_text[i + 1] == '/' || isLetterOrDigit(m_text[i + 1]))) return i;
     }
-    return text_.size();
+    return m_text.size();
   }
 
   void takePlainWord(std::string_view word, std::string_view lower) {
     if (const std::optional<std::size_t> bytes = packedBytes(word)) {
-      seen_ += "<base64, " + std::to_string(*bytes) + " bytes>";
+      m_seen += "<base64, " + std::to_string(*bytes) + " bytes>";
     } else if (isDialledPasscode(word) || holdsAny(lower, kAtSigns)) {
-      seen_ += kCover;
+      m_seen += kCover;
     } else {
       takeParameters(word, lower);
     }
@@ -270,10 +271,10 @@ class Cover {
     while (i < word.size()) {
       const Position value = valueOfParameter(lower, i);
       if (value == kNone) {
-        seen_ += word[i++];
+        m_seen += word[i++];
         continue;
       }
-      seen_.append(word.substr(i, value - i)).append(kCover);
+      m_seen.append(word.substr(i, value - i)).append(kCover);
       i = std::min(word.find_first_of("&#", value), word.size());
     }
   }
@@ -290,9 +291,9 @@ class Cover {
     return kNone;
   }
 
-  std::string_view text_;
-  Position at_ = 0;
-  std::string seen_;
+  std::string_view m_text;
+  Position m_at = 0;
+  std::string m_seen;
 };
 
 }  // namespace

@@ -23,14 +23,14 @@ class MessageAssembler {
   std::optional<std::string> feed(std::string_view bytes);
 
   // Bytes gathered and not yet given out.
-  std::size_t pending() const { return text_.size(); }
+  std::size_t pending() const { return m_text.size(); }
 
  private:
   bool sawTag(bool seen, std::string_view tag, std::size_t oldSize) const;
 
-  std::string text_;
-  bool sawContentTag_ = false;
-  bool sawActionTag_ = false;
+  std::string m_text;
+  bool m_sawContentTag = false;
+  bool m_sawActionTag = false;
 };
 
 }  // namespace vorn

@@ -29,7 +29,7 @@ std::shared_ptr<SocketDescriptor> SocketDescriptor::make() {
   return made;
 }
 
-SocketDescriptor::~SocketDescriptor() { ::close(number_); }
+SocketDescriptor::~SocketDescriptor() { ::close(m_number); }
 
 bool SocketDescriptor::connectTo(const std::string& path) {
   sockaddr_un address{};
@@ -39,26 +39,26 @@ bool SocketDescriptor::connectTo(const std::string& path) {
   const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + count);
 
   const auto tryOnce = [&] {
-    const std::lock_guard lock(connecting_);
-    return ::connect(number_, reinterpret_cast<const sockaddr*>(&address), length) == 0 ? 0 : errno;
+    const std::lock_guard lock(m_connecting);
+    return ::connect(m_number, reinterpret_cast<const sockaddr*>(&address), length) == 0 ? 0 : errno;
   };
   while (const int failure = tryOnce()) {
     if (!isWait(failure) && failure != EINTR) return false;
     // No call waits for room in a local listener's queue and can still be woken by shutdown().
     ::poll(nullptr, 0, static_cast<int>(kListenerFullPause.count()));
-    if (isShutDown_) return false;
+    if (m_isShutDown) return false;
   }
   // A shutdown before the connection may have had no effect on it.
-  return !isShutDown_;
+  return !m_isShutDown;
 }
 
 std::size_t SocketDescriptor::read(char* buffer, std::size_t size) {
-  while (!isShutDown_) {
-    const ssize_t count = ::read(number_, buffer, size);
+  while (!m_isShutDown) {
+    const ssize_t count = ::read(m_number, buffer, size);
     if (count >= 0) return static_cast<std::size_t>(count);
     if (errno == EINTR) continue;
     if (!isWait(errno)) return 0;
-    pollfd readable{number_, POLLIN, 0};
+    pollfd readable{m_number, POLLIN, 0};
     ::poll(&readable, 1, -1);
   }
   return 0;
@@ -66,10 +66,10 @@ std::size_t SocketDescriptor::read(char* buffer, std::size_t size) {
 
 void SocketDescriptor::write(std::string_view bytes, std::chrono::milliseconds patience) {
   // The peer may have accepted before connect() has returned here; its first message must not come too early.
-  { const std::lock_guard lock(connecting_); }
+  { const std::lock_guard lock(m_connecting); }
   const auto deadline = std::chrono::steady_clock::now() + patience;
   while (!bytes.empty()) {
-    const ssize_t count = ::send(number_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    const ssize_t count = ::send(m_number, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (count >= 0) {
       bytes.remove_prefix(static_cast<std::size_t>(count));
       continue;
@@ -79,14 +79,14 @@ void SocketDescriptor::write(std::string_view bytes, std::chrono::milliseconds p
     const auto left =
         std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now()).count();
     if (left <= 0) return;
-    pollfd writable{number_, POLLOUT, 0};
+    pollfd writable{m_number, POLLOUT, 0};
     ::poll(&writable, 1, static_cast<int>(left));
   }
 }
 
 void SocketDescriptor::shutDown() {
-  isShutDown_ = true;
-  ::shutdown(number_, SHUT_RDWR);
+  m_isShutDown = true;
+  ::shutdown(m_number, SHUT_RDWR);
 }
 
 }  // namespace vorn

@@ -18,12 +18,12 @@ class SocketDescriptor {
  public:
   // Null when no socket can be made.
   static std::shared_ptr<SocketDescriptor> make();
-  explicit SocketDescriptor(int number) : number_(number) {}
+  explicit SocketDescriptor(int number) : m_number(number) {}
   ~SocketDescriptor();
   SocketDescriptor(const SocketDescriptor&) = delete;
   SocketDescriptor& operator=(const SocketDescriptor&) = delete;
 
-  int number() const { return number_; }
+  int number() const { return m_number; }
 
   // Connects to the listener at the path. Waits while the listener has no room, until shutDown() at the latest.
   bool connectTo(const std::string& path);
@@ -36,10 +36,10 @@ class SocketDescriptor {
   void shutDown();
 
  private:
-  const int number_;
-  std::atomic<bool> isShutDown_{false};
+  const int m_number;
+  std::atomic<bool> m_isShutDown{false};
   // Held for one attempt to connect, which does not wait.
-  std::mutex connecting_;
+  std::mutex m_connecting;
 };
 
 }  // namespace vorn

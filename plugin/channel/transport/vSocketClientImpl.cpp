@@ -32,47 +32,47 @@ constexpr std::chrono::milliseconds kWritePatience{1000};
 // The descriptor of the moment. The lock keeps number and owner together; nobody waits while holding it.
 class vSocketClientImpl::Connection {
  public:
-  int fd() const { return fd_; }
+  int fd() const { return m_fd; }
 
   // A new descriptor; null when one is held already, when none can be made, and after end().
   std::shared_ptr<SocketDescriptor> open() {
-    const std::lock_guard lock(mutex_);
-    if (fd_ > 0 || ended_) return nullptr;
-    descriptor_ = SocketDescriptor::make();
-    fd_ = descriptor_ ? descriptor_->number() : -1;
-    return descriptor_;
+    const std::lock_guard lock(m_mutex);
+    if (m_fd > 0 || m_ended) return nullptr;
+    m_descriptor = SocketDescriptor::make();
+    m_fd = m_descriptor ? m_descriptor->number() : -1;
+    return m_descriptor;
   }
 
   std::shared_ptr<SocketDescriptor> held() const {
-    const std::lock_guard lock(mutex_);
-    return descriptor_;
+    const std::lock_guard lock(m_mutex);
+    return m_descriptor;
   }
 
   void close() {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     closeHeld();
   }
 
   // Closes for good: a reader that begins only now finds nothing to open.
   void end() {
-    const std::lock_guard lock(mutex_);
-    ended_ = true;
+    const std::lock_guard lock(m_mutex);
+    m_ended = true;
     closeHeld();
   }
 
  private:
   void closeHeld() {
-    if (fd_ <= 0) return;
+    if (m_fd <= 0) return;
     // Closing alone would leave the reader asleep.
-    descriptor_->shutDown();
-    descriptor_.reset();
-    fd_ = 0;
+    m_descriptor->shutDown();
+    m_descriptor.reset();
+    m_fd = 0;
   }
 
-  mutable std::mutex mutex_;
-  std::shared_ptr<SocketDescriptor> descriptor_;
-  std::atomic<int> fd_{0};
-  bool ended_ = false;
+  mutable std::mutex m_mutex;
+  std::shared_ptr<SocketDescriptor> m_descriptor;
+  std::atomic<int> m_fd{0};
+  bool m_ended = false;
 };
 
 namespace {
@@ -104,29 +104,29 @@ void readMessages(SocketDescriptor& descriptor, const Deliver& deliver) {
 class SocketReader {
  public:
   SocketReader(OpenDescriptor open, std::string home, Deliver deliver)
-      : thread_([this, open = std::move(open), home = std::move(home), deliver = std::move(deliver)] {
+      : m_thread([this, open = std::move(open), home = std::move(home), deliver = std::move(deliver)] {
           if (const auto descriptor = open()) {
             if (connectToClient(*descriptor, home)) readMessages(*descriptor, deliver);
           }
-          isDone_ = true;
+          m_isDone = true;
         }) {}
-  ~SocketReader() { thread_.join(); }
+  ~SocketReader() { m_thread.join(); }
 
-  bool isDone() const { return isDone_; }
+  bool isDone() const { return m_isDone; }
 
  private:
-  std::atomic<bool> isDone_{false};
-  std::thread thread_;
+  std::atomic<bool> m_isDone{false};
+  std::thread m_thread;
 };
 
 vSocketClientImpl& vSocketClientImpl::shareInstance() { return Registry::shared<vSocketClientImpl>(); }
 
 vSocketClientImpl::vSocketClientImpl()
-    : connection_(std::make_shared<Connection>()), self_(std::make_shared<vSocketClientImpl*>(this)) {}
+    : m_connection(std::make_shared<Connection>()), m_self(std::make_shared<vSocketClientImpl*>(this)) {}
 
 vSocketClientImpl::~vSocketClientImpl() {
-  connection_->end();
-  readers_.clear();
+  m_connection->end();
+  m_readers.clear();
 }
 
 void vSocketClientImpl::connect() {
@@ -134,20 +134,21 @@ void vSocketClientImpl::connect() {
   if (!platform.runLoop || !platform.surroundings) return;
   reapReaders();
 
-  Deliver deliver = [runLoop = platform.runLoop, self = std::weak_ptr(self_)](std::string message) {
+  Deliver deliver = [runLoop = platform.runLoop, self = std::weak_ptr(m_self)](std::string message) {
     runLoop->post([self, message = std::move(message)] {
       if (const auto client = self.lock()) (*client)->handleSocketGetRequestDone_OLPlugin(message);
     });
   };
   try {
-    readers_.push_back(std::make_unique<SocketReader>([connection = connection_] { return connection->open(); },
-                                                      platform.surroundings->homeDirectory(), std::move(deliver)));
+    m_readers.push_back(std::make_unique<SocketReader>([connection = m_connection] { return connection->open(); },
+                                                       platform.surroundings->homeDirectory(),
+                                                       std::move(deliver)));
   } catch (const std::system_error&) {
     // The system gives no thread at present. The next message tries again.
   }
 }
 
-void vSocketClientImpl::disconnect() { connection_->close(); }
+void vSocketClientImpl::disconnect() { m_connection->close(); }
 
 bool vSocketClientImpl::send(const OptionalText& message) {
   if (fd() < 1) {
@@ -158,11 +159,11 @@ bool vSocketClientImpl::send(const OptionalText& message) {
   if (!message || message->empty() || message->size() >= kIPCSendBufferSize) return false;
   // A peer that is gone and a message that was cut short stay unnoticed; the commands' timers deal with answers
   // that do not come.
-  if (const auto descriptor = connection_->held()) descriptor->write(*message, kWritePatience);
+  if (const auto descriptor = m_connection->held()) descriptor->write(*message, kWritePatience);
   return true;
 }
 
-int vSocketClientImpl::fd() const { return connection_->fd(); }
+int vSocketClientImpl::fd() const { return m_connection->fd(); }
 
 void vSocketClientImpl::handleSocketGetRequestDone_OLPlugin(const OptionalText& message) {
   if (!message || message->empty()) return;
@@ -181,7 +182,7 @@ void vSocketClientImpl::handleSocketGetRequestDone_OLPlugin(const OptionalText& 
 
 // Lets go of the threads that have ended by themselves.
 void vSocketClientImpl::reapReaders() {
-  std::erase_if(readers_, [](const auto& reader) { return reader->isDone(); });
+  std::erase_if(m_readers, [](const auto& reader) { return reader->isDone(); });
 }
 
 }  // namespace vorn

@@ -59,10 +59,10 @@ class vSocketClientImpl {
   void reapReaders();
 
   // Shared with the readers: the descriptor of the moment.
-  std::shared_ptr<Connection> connection_;
+  std::shared_ptr<Connection> m_connection;
   // What a reader posts looks here before it touches this object.
-  std::shared_ptr<vSocketClientImpl*> self_;
-  std::vector<std::unique_ptr<SocketReader>> readers_;
+  std::shared_ptr<vSocketClientImpl*> m_self;
+  std::vector<std::unique_ptr<SocketReader>> m_readers;
 };
 
 }  // namespace vorn

@@ -12,28 +12,28 @@ class HookCall {
  public:
   HookCall(ClassRuntime& runtime, std::string_view addedSelector, const HostObject& receiver,
            const Arguments& arguments)
-      : runtime_(runtime), addedSelector_(addedSelector), receiver_(receiver), arguments_(arguments) {}
+      : m_runtime(runtime), m_addedSelector(addedSelector), m_receiver(receiver), m_arguments(arguments) {}
 
-  const HostObject& receiver() const { return receiver_; }
-  const Arguments& arguments() const { return arguments_; }
+  const HostObject& receiver() const { return m_receiver; }
+  const Arguments& arguments() const { return m_arguments; }
   // Absent for an argument that was not passed.
-  Value argument(std::size_t index) const { return index < arguments_.size() ? arguments_[index] : Value(); }
+  Value argument(std::size_t index) const { return index < m_arguments.size() ? m_arguments[index] : Value(); }
 
   // Runs the host's own implementation on the receiver, with the call's arguments or with others, and gives its
   // result. A replacement that does not forward has taken the call over.
-  Value forward() { return forward(arguments_); }
+  Value forward() { return forward(m_arguments); }
   Value forward(const Arguments& arguments) {
-    forwarded_ = true;
-    return runtime_.send(receiver_, addedSelector_, arguments);
+    m_forwarded = true;
+    return m_runtime.send(m_receiver, m_addedSelector, arguments);
   }
-  bool forwarded() const { return forwarded_; }
+  bool forwarded() const { return m_forwarded; }
 
  private:
-  ClassRuntime& runtime_;
-  std::string_view addedSelector_;
-  const HostObject& receiver_;
-  const Arguments& arguments_;
-  bool forwarded_ = false;
+  ClassRuntime& m_runtime;
+  std::string_view m_addedSelector;
+  const HostObject& m_receiver;
+  const Arguments& m_arguments;
+  bool m_forwarded = false;
 };
 
 }  // namespace vorn

@@ -60,15 +60,15 @@ std::string_view nameOfHookStanding(HookStanding standing) {
 HookInstaller& HookInstaller::sharedInstance() { return Registry::shared<HookInstaller>(); }
 
 void HookInstaller::load() {
-  if (loaded_) return;
-  loaded_ = true;
+  if (m_loaded) return;
+  m_loaded = true;
   for (const HookClass& hookClass : hookTable()) loadClass(hookClass);
 }
 
 void HookInstaller::loadClass(const HookClass& hookClass) {
   const bool wanted = !hookClass.prepare || hookClass.prepare();
   for (const HookRow& row : hookClass.rows) {
-    states_.push_back(wanted ? install(row) : HookState{&row, HookStanding::unsupportedHost, {}});
+    m_states.push_back(wanted ? install(row) : HookState{&row, HookStanding::unsupportedHost, {}});
   }
   if (wanted && hookClass.finish) hookClass.finish();
 }

@@ -44,14 +44,14 @@ class HookInstaller {
   // Goes through the table. A second call does nothing: exchanging again would undo the hooks.
   void load();
   // One state for each row of the table, in its order; empty before load().
-  const std::vector<HookState>& states() const { return states_; }
+  const std::vector<HookState>& states() const { return m_states; }
 
  private:
   void loadClass(const HookClass& hookClass);
   static HookState install(const HookRow& row);
 
-  bool loaded_ = false;
-  std::vector<HookState> states_;
+  bool m_loaded = false;
+  std::vector<HookState> m_states;
 };
 
 }  // namespace vorn

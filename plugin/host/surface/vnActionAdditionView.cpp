@@ -58,7 +58,7 @@ void vnActionAdditionView::connect() {
   vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(self);
   m_pvnMeetingMgr = vnMeetingMgr::create();
   vnMeetingMgrMonitor::sharedInstance().addInstanceToList(m_pvnMeetingMgr, self);
-  windowWillClose_ = Registry::platform().notificationCenter->observe(
+  m_windowWillClose = Registry::platform().notificationCenter->observe(
       kWindowWillClose, [weak = weak_from_this()](const NotificationCenter::Notification& notification) {
         const auto bar = weak.lock();
         if (bar) bar->onWindowWillClose(HostObject(reinterpret_cast<std::uintptr_t>(notification.object)));
@@ -156,7 +156,7 @@ void vnActionAdditionView::sendWindowCloseNotification(const OptionalText&) {
 
 void vnActionAdditionView::cleanup() {
   const auto self = shared_from_this();
-  windowWillClose_.end();
+  m_windowWillClose.end();
   m_fromFieldChanged = false;
   m_pvnMeetingMgr->cleanup();
   vnMeetingMgrMonitor::sharedInstance().removeInstanceByVnView(this);

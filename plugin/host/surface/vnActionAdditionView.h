@@ -122,7 +122,7 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   std::shared_ptr<vnMeetingMgr> m_pvnMeetingMgr;
   HostObject m_olWordMailEditor;
   bool m_fromFieldChanged = false;
-  NotificationCenter::Subscription windowWillClose_;
+  NotificationCenter::Subscription m_windowWillClose;
 };
 
 }  // namespace vorn

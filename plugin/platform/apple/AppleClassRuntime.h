@@ -42,7 +42,7 @@ class AppleClassRuntime final : public ClassRuntime {
  private:
   struct Tables;
 
-  std::shared_ptr<Tables> tables_;
+  std::shared_ptr<Tables> m_tables;
 };
 
 }  // namespace vorn

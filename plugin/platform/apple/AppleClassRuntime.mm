@@ -24,24 +24,24 @@ using Holding = LiveObjects::Holding;
 class Pool {
  public:
   // Nothing at all when none is wanted: a message to nil does nothing.
-  explicit Pool(bool isWanted) : pool_(isWanted ? [[NSAutoreleasePool alloc] init] : nil) {}
-  ~Pool() { [pool_ drain]; }
+  explicit Pool(bool isWanted) : m_pool(isWanted ? [[NSAutoreleasePool alloc] init] : nil) {}
+  ~Pool() { [m_pool drain]; }
   Pool(const Pool&) = delete;
   Pool& operator=(const Pool&) = delete;
 
  private:
-  NSAutoreleasePool* pool_;
+  NSAutoreleasePool* m_pool;
 };
 
 class Hold {
  public:
-  explicit Hold(id object) : object_([object retain]) {}
-  ~Hold() { [object_ release]; }
+  explicit Hold(id object) : m_object([object retain]) {}
+  ~Hold() { [m_object release]; }
   Hold(const Hold&) = delete;
   Hold& operator=(const Hold&) = delete;
 
  private:
-  id object_;
+  id m_object;
 };
 
 Class classFrom(ClassRef reference) { return reinterpret_cast<Class>(reference.id); }
@@ -94,22 +94,22 @@ class NativeValues {
   explicit NativeValues(const MethodSignature& signature) {
     std::size_t words = wordsFor(signature.resultSize());
     for (std::size_t i = 0; i < signature.argumentCount(); ++i) words += wordsFor(signature.argumentSize(i));
-    words_.resize(words);
-    next_ = wordsFor(signature.resultSize());
+    m_words.resize(words);
+    m_next = wordsFor(signature.resultSize());
   }
-  void* result() { return words_.data(); }
+  void* result() { return m_words.data(); }
   // To be asked for one argument after the other.
   void* nextArgument(std::size_t size) {
-    void* memory = &words_[next_];
-    next_ += wordsFor(size);
+    void* memory = &m_words[m_next];
+    m_next += wordsFor(size);
     return memory;
   }
 
  private:
   static std::size_t wordsFor(std::size_t size) { return size / sizeof(std::max_align_t) + 1; }
 
-  std::vector<std::max_align_t> words_;
-  std::size_t next_ = 0;
+  std::vector<std::max_align_t> m_words;
+  std::size_t m_next = 0;
 };
 
 void writeArgument(const MethodSignature& signature, std::size_t index, const Arguments& arguments,
@@ -250,7 +250,7 @@ struct AppleClassRuntime::Tables {
   }
 };
 
-AppleClassRuntime::AppleClassRuntime() : tables_(std::make_shared<Tables>()) {}
+AppleClassRuntime::AppleClassRuntime() : m_tables(std::make_shared<Tables>()) {}
 
 AppleClassRuntime::~AppleClassRuntime() = default;
 
@@ -275,9 +275,9 @@ bool AppleClassRuntime::class_addMethod(ClassRef target, std::string_view select
   std::unique_ptr<Replacement> made = Replacement::make(std::move(implementation), signature, characters);
   if (!made || !::class_addMethod(classFrom(target), named, made->code(), types.c_str())) return false;
   const Method method = ::class_getInstanceMethod(classFrom(target), named);
-  tables_->signatures[method] = std::move(signature);
+  m_tables->signatures[method] = std::move(signature);
   // The host's class refers to it as long as the process lives.
-  tables_->replacements[method] = made.release();
+  m_tables->replacements[method] = made.release();
   return true;
 }
 
@@ -285,9 +285,9 @@ MethodRef AppleClassRuntime::class_getInstanceMethod(ClassRef target, std::strin
   const SEL named = selectorNamed(selector);
   if (!target || !named) return {};
   const Method found = ::class_getInstanceMethod(classFrom(target), named);
-  if (!found || !tables_->signatureOf(found)) return {};
-  const auto entry = tables_->places.try_emplace({classFrom(target), std::string(selector)},
-                                                 Tables::Place{classFrom(target), named});
+  if (!found || !m_tables->signatureOf(found)) return {};
+  const auto entry = m_tables->places.try_emplace({classFrom(target), std::string(selector)},
+                                                  Tables::Place{classFrom(target), named});
   return MethodRef{reinterpret_cast<std::uintptr_t>(&entry.first->second)};
 }
 
@@ -301,7 +301,7 @@ MethodRef AppleClassRuntime::class_getClassMethod(ClassRef target, std::string_v
 std::string AppleClassRuntime::unusableTypes(ClassRef target, std::string_view selector) {
   const SEL named = selectorNamed(selector);
   const Method found = target && named ? ::class_getInstanceMethod(classFrom(target), named) : nullptr;
-  if (!found || tables_->signatureOf(found)) return "";
+  if (!found || m_tables->signatureOf(found)) return "";
   const char* types = method_getTypeEncoding(found);
   return types && *types ? types : "?";
 }
@@ -310,15 +310,15 @@ void AppleClassRuntime::method_exchangeImplementations(MethodRef first, MethodRe
   if (!first || !second) return;
   const auto& a = *reinterpret_cast<const Tables::Place*>(first.id);
   const auto& b = *reinterpret_cast<const Tables::Place*>(second.id);
-  const Method ownA = tables_->ownMethod(a);
-  const Method ownB = tables_->ownMethod(b);
-  tables_->join(ownA, ownB, a.selector, b.selector);
-  tables_->join(ownB, ownA, b.selector, a.selector);
+  const Method ownA = m_tables->ownMethod(a);
+  const Method ownB = m_tables->ownMethod(b);
+  m_tables->join(ownA, ownB, a.selector, b.selector);
+  m_tables->join(ownB, ownA, b.selector, a.selector);
   ::method_exchangeImplementations(ownA, ownB);
   refreshHeirs(a.target);
   if (b.target != a.target) refreshHeirs(b.target);
   // The same code may be reached with other types now.
-  tables_->callees.clear();
+  m_tables->callees.clear();
 }
 
 HostObject AppleClassRuntime::classObject(ClassRef target) {
@@ -332,7 +332,7 @@ Value AppleClassRuntime::send(const HostObject& receiver, std::string_view selec
   try {
     const Hold receiverHeld(object);
     // A copy, for the call may lead to exchanges.
-    const Callee callee = tables_->calleeOf(object_getClass(object), named);
+    const Callee callee = m_tables->calleeOf(object_getClass(object), named);
     if (!callee.signature) return {};
     return call(object, callee, Replacement::forwardedBy(object, named), arguments);
   } catch (...) {

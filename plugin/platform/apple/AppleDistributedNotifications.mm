@@ -8,16 +8,16 @@
 @interface vnDistributedObserver : NSObject {
  @public
   // Null when the subscription has ended; not owned.
-  const vorn::DistributedNotifications::Handler* handler_;
+  const vorn::DistributedNotifications::Handler* m_handler;
 }
 - (void)receive:(NSNotification*)notification;
 @end
 
 @implementation vnDistributedObserver
 - (void)receive:(NSNotification*)notification {
-  if (!handler_) return;
+  if (!m_handler) return;
   [[self retain] autorelease];
-  const vorn::DistributedNotifications::Handler handler = *handler_;
+  const vorn::DistributedNotifications::Handler handler = *m_handler;
   try {
     handler(vorn::valueFromObject([notification userInfo], vorn::LiveObjects::Holding::never));
   } catch (...) {
@@ -33,11 +33,11 @@ namespace {
 class Registration final : public DistributedNotifications::Subscription {
  public:
   Registration(std::string_view name, DistributedNotifications::Handler handler)
-      : handler_(std::move(handler)), observer_([[vnDistributedObserver alloc] init]) {
-    observer_->handler_ = &handler_;
+      : m_handler(std::move(handler)), m_observer([[vnDistributedObserver alloc] init]) {
+    m_observer->m_handler = &m_handler;
     try {
       [[NSDistributedNotificationCenter defaultCenter]
-                 addObserver:observer_
+                 addObserver:m_observer
                     selector:@selector(receive:)
                         name:foundationText(name)
                       object:nil
@@ -47,19 +47,19 @@ class Registration final : public DistributedNotifications::Subscription {
     }
   }
   ~Registration() override {
-    observer_->handler_ = nullptr;
+    m_observer->m_handler = nullptr;
     try {
-      [[NSDistributedNotificationCenter defaultCenter] removeObserver:observer_];
+      [[NSDistributedNotificationCenter defaultCenter] removeObserver:m_observer];
     } catch (...) {
     }
-    [observer_ release];
+    [m_observer release];
   }
   Registration(const Registration&) = delete;
   Registration& operator=(const Registration&) = delete;
 
  private:
-  DistributedNotifications::Handler handler_;
-  vnDistributedObserver* observer_;
+  DistributedNotifications::Handler m_handler;
+  vnDistributedObserver* m_observer;
 };
 
 }  // namespace

@@ -20,32 +20,32 @@ class ApplePlatform {
  public:
   // The folder with the bundle's resources.
   explicit ApplePlatform(const std::string& resources)
-      : surroundings_(resources),
-        workspace_({surroundings_.applicationsDirectory(), surroundings_.userApplicationsDirectory()}) {}
+      : m_surroundings(resources),
+        m_workspace({m_surroundings.applicationsDirectory(), m_surroundings.userApplicationsDirectory()}) {}
 
   Platform ports() {
     Platform platform;
-    platform.runLoop = &runLoop_;
-    platform.notificationCenter = &center_;
-    platform.classRuntime = &classRuntime_;
-    platform.userDefaults = &userDefaults_;
-    platform.workspace = &workspace_;
-    platform.presenter = &presenter_;
-    platform.surroundings = &surroundings_;
-    platform.distributedNotifications = &distributedNotifications_;
+    platform.runLoop = &m_runLoop;
+    platform.notificationCenter = &m_center;
+    platform.classRuntime = &m_classRuntime;
+    platform.userDefaults = &m_userDefaults;
+    platform.workspace = &m_workspace;
+    platform.presenter = &m_presenter;
+    platform.surroundings = &m_surroundings;
+    platform.distributedNotifications = &m_distributedNotifications;
     return platform;
   }
 
  private:
-  AppleRunLoop runLoop_;
-  NotificationCenter center_;
-  HostNotifications windowsClosing_{center_, "NSWindowWillCloseNotification"};
-  AppleClassRuntime classRuntime_;
-  AppleUserDefaults userDefaults_;
-  AppleDistributedNotifications distributedNotifications_;
-  AppleSurroundings surroundings_;
-  AppleWorkspace workspace_;
-  ApplePresenter presenter_{runLoop_};
+  AppleRunLoop m_runLoop;
+  NotificationCenter m_center;
+  HostNotifications m_windowsClosing{m_center, "NSWindowWillCloseNotification"};
+  AppleClassRuntime m_classRuntime;
+  AppleUserDefaults m_userDefaults;
+  AppleDistributedNotifications m_distributedNotifications;
+  AppleSurroundings m_surroundings;
+  AppleWorkspace m_workspace;
+  ApplePresenter m_presenter{m_runLoop};
 };
 
 }  // namespace vorn

@@ -13,7 +13,7 @@ namespace vorn {
 class ApplePresenter final : public Presenter {
  public:
   // The run loop outlives this.
-  explicit ApplePresenter(RunLoop& runLoop) : runLoop_(runLoop) {}
+  explicit ApplePresenter(RunLoop& runLoop) : m_runLoop(runLoop) {}
   ~ApplePresenter() override;
   ApplePresenter(const ApplePresenter&) = delete;
   ApplePresenter& operator=(const ApplePresenter&) = delete;
@@ -26,11 +26,11 @@ class ApplePresenter final : public Presenter {
   void releaseView(const HostObject& view) override;
 
  private:
-  RunLoop& runLoop_;
+  RunLoop& m_runLoop;
   // Retained.
-  void* progressPanel_ = nullptr;
+  void* m_progressPanel = nullptr;
   // Each view keeps a hold of its own until it is released.
-  std::map<HostObject, std::shared_ptr<void>> views_;
+  std::map<HostObject, std::shared_ptr<void>> m_views;
 };
 
 }  // namespace vorn

@@ -39,7 +39,7 @@ using Told = std::function<void(NSInteger)>;
 @interface vnSheetListener : NSObject {
  @public
   // A Told that is owned until it has been called.
-  void* ended_;
+  void* m_ended;
 }
 - (void)alertDidEnd:(id)alert returnCode:(NSInteger)code contextInfo:(void*)context;
 @end
@@ -48,7 +48,7 @@ using Told = std::function<void(NSInteger)>;
 - (void)alertDidEnd:(id)alert returnCode:(NSInteger)code contextInfo:(void*)context {
   (void)alert;
   (void)context;
-  const std::unique_ptr<Told> ended(static_cast<Told*>(std::exchange(ended_, nullptr)));
+  const std::unique_ptr<Told> ended(static_cast<Told*>(std::exchange(m_ended, nullptr)));
   try {
     if (ended) (*ended)(code);
   } catch (...) {
@@ -102,7 +102,7 @@ void ApplePresenter::showAlert(const HostObject& window, const Alert& alert,
   if (const id sheetWindow = LiveObjects::instance().object(window)) {
     // The listener lives until it has heard; a sheet whose window goes first is never heard of.
     vnSheetListener* listener = [[vnSheetListener alloc] init];
-    listener->ended_ = std::make_unique<Told>(told).release();
+    listener->m_ended = std::make_unique<Told>(told).release();
     [makeAlert(alert) beginSheetModalForWindow:sheetWindow
                                  modalDelegate:listener
                                 didEndSelector:@selector(alertDidEnd:returnCode:contextInfo:)
@@ -110,7 +110,7 @@ void ApplePresenter::showAlert(const HostObject& window, const Alert& alert,
     return;
   }
   // It waits for the answer, which the caller must not.
-  runLoop_.post([=] { told([makeAlert(alert) runModal]); });
+  m_runLoop.post([=] { told([makeAlert(alert) runModal]); });
 }
 
 void ApplePresenter::beginProgress(std::string_view message) {
@@ -123,11 +123,11 @@ void ApplePresenter::beginProgress(std::string_view message) {
   [panel setTitle:foundationText(message)];
   [panel center];
   [panel orderFront:nil];
-  progressPanel_ = panel;
+  m_progressPanel = panel;
 }
 
 void ApplePresenter::endProgress() {
-  id<vnHostPanel, NSObject> panel = static_cast<id>(std::exchange(progressPanel_, nullptr));
+  id<vnHostPanel, NSObject> panel = static_cast<id>(std::exchange(m_progressPanel, nullptr));
   [panel orderOut:nil];
   [panel release];
 }
@@ -139,7 +139,7 @@ HostObject ApplePresenter::createView(std::string_view className, const Rect& fr
   const id view = [unready initWithFrame:rectangle];
   if (!view) return {};
   const HostObject reference = LiveObjects::instance().reference(view, LiveObjects::Holding::never);
-  views_[reference] =
+  m_views[reference] =
       std::shared_ptr<void>(static_cast<void*>(view), [](void* held) { [static_cast<id>(held) release]; });
   return reference;
 }
@@ -147,7 +147,7 @@ HostObject ApplePresenter::createView(std::string_view className, const Rect& fr
 void ApplePresenter::releaseView(const HostObject& view) {
   id<vnHostView> released = LiveObjects::instance().object(view);
   [released removeFromSuperview];
-  views_.erase(view);
+  m_views.erase(view);
 }
 
 }  // namespace vorn

@@ -28,7 +28,7 @@ class AppleRunLoop final : public RunLoop {
   struct State;
 
  private:
-  std::shared_ptr<State> state_;
+  std::shared_ptr<State> m_state;
 };
 
 }  // namespace vorn

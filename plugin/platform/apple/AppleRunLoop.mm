@@ -15,7 +15,7 @@
 @interface vnRunLoopClerk : NSObject {
  @public
   // Null when the run loop has gone; not owned.
-  void* state_;
+  void* m_state;
 }
 - (void)fire:(NSTimer*)timer;
 - (void)runPosted;
@@ -64,9 +64,9 @@ struct AppleRunLoop::State {
   std::mutex postedMutex;
   std::vector<Task> posted;
 
-  State() { clerk->state_ = this; }
+  State() { clerk->m_state = this; }
   ~State() {
-    clerk->state_ = nullptr;
+    clerk->m_state = nullptr;
     cancel([](const Scheduled&) { return true; });
     [clerk release];
   }
@@ -126,32 +126,32 @@ namespace {
 
 class AppleTimer final : public RunLoop::Timer {
  public:
-  explicit AppleTimer(RunLoop::Repeats repeats) : repeats_(repeats) {}
+  explicit AppleTimer(RunLoop::Repeats repeats) : m_repeats(repeats) {}
 
   void invalidate() override {
-    valid_ = false;
-    if (const auto stop = std::exchange(stop_, nullptr)) stop();
+    m_valid = false;
+    if (const auto stop = std::exchange(m_stop, nullptr)) stop();
   }
-  bool isValid() const override { return valid_; }
+  bool isValid() const override { return m_valid; }
 
-  void setStop(std::function<void()> stop) { stop_ = std::move(stop); }
+  void setStop(std::function<void()> stop) { m_stop = std::move(stop); }
   void fire(const RunLoop::TimerTask& task) {
-    if (repeats_ == RunLoop::Repeats::no) valid_ = false;
+    if (m_repeats == RunLoop::Repeats::no) m_valid = false;
     task(*this);
   }
 
  private:
-  RunLoop::Repeats repeats_;
-  std::function<void()> stop_;
-  bool valid_ = true;
+  RunLoop::Repeats m_repeats;
+  std::function<void()> m_stop;
+  bool m_valid = true;
 };
 
 }  // namespace
 
-AppleRunLoop::AppleRunLoop() : state_(std::make_shared<State>()) {
+AppleRunLoop::AppleRunLoop() : m_state(std::make_shared<State>()) {
   // Foundation takes no locks until it has started a thread itself, and those that post here are not its own.
   if (![NSThread isMultiThreaded]) {
-    [NSThread detachNewThreadSelector:@selector(doNothing:) toTarget:state_->clerk withObject:nil];
+    [NSThread detachNewThreadSelector:@selector(doNothing:) toTarget:m_state->clerk withObject:nil];
   }
 }
 
@@ -160,18 +160,18 @@ AppleRunLoop::~AppleRunLoop() = default;
 void AppleRunLoop::post(Task task) {
   NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
   {
-    const std::lock_guard<std::mutex> lock(state_->postedMutex);
-    state_->posted.push_back(std::move(task));
+    const std::lock_guard<std::mutex> lock(m_state->postedMutex);
+    m_state->posted.push_back(std::move(task));
   }
   if ([NSThread isMainThread]) {
     // GNUstep would run it at once.
-    State* state = state_.get();
+    State* state = m_state.get();
     performAfter(0, nullptr, {}, [=] { state->runPosted(); });
   } else {
-    [state_->clerk performSelectorOnMainThread:@selector(runPosted)
-                                    withObject:nil
-                                 waitUntilDone:NO
-                                         modes:commonModes()];
+    [m_state->clerk performSelectorOnMainThread:@selector(runPosted)
+                                     withObject:nil
+                                  waitUntilDone:NO
+                                          modes:commonModes()];
   }
   [pool drain];
 }
@@ -181,15 +181,15 @@ void AppleRunLoop::performAfter(double seconds, const void* target, std::string_
   call.target = target;
   call.name = std::string(name);
   call.task = std::make_shared<const Task>(std::move(task));
-  state_->schedule(std::max(0.0, seconds), std::move(call));
+  m_state->schedule(std::max(0.0, seconds), std::move(call));
 }
 
 void AppleRunLoop::cancelPrevious(const void* target) {
-  state_->cancel([target](const State::Scheduled& call) { return target && call.target == target; });
+  m_state->cancel([target](const State::Scheduled& call) { return target && call.target == target; });
 }
 
 void AppleRunLoop::cancelPrevious(const void* target, std::string_view name) {
-  state_->cancel(
+  m_state->cancel(
       [&](const State::Scheduled& call) { return target && call.target == target && call.name == name; });
 }
 
@@ -199,8 +199,8 @@ std::shared_ptr<RunLoop::Timer> AppleRunLoop::scheduledTimer(double intervalSeco
   State::Scheduled call;
   call.repeats = repeats;
   call.task = std::make_shared<const Task>([=] { timer->fire(task); });
-  const std::uint64_t number = state_->schedule(std::max(0.0001, intervalSeconds), std::move(call));
-  const std::weak_ptr<State> weak = state_;
+  const std::uint64_t number = m_state->schedule(std::max(0.0001, intervalSeconds), std::move(call));
+  const std::weak_ptr<State> weak = m_state;
   timer->setStop([=] {
     if (const auto state = weak.lock()) state->cancel(number);
   });
@@ -211,17 +211,17 @@ std::shared_ptr<RunLoop::Timer> AppleRunLoop::scheduledTimer(double intervalSeco
 
 @implementation vnRunLoopClerk
 - (void)fire:(NSTimer*)timer {
-  if (!state_) return;
+  if (!m_state) return;
   // The state may go while the task runs, and this object and the timer with it.
   [[self retain] autorelease];
-  static_cast<vorn::AppleRunLoop::State*>(state_)->fire([[timer userInfo] unsignedLongLongValue]);
+  static_cast<vorn::AppleRunLoop::State*>(m_state)->fire([[timer userInfo] unsignedLongLongValue]);
 }
 - (void)doNothing:(id)nothing {
   (void)nothing;
 }
 - (void)runPosted {
-  if (!state_) return;
+  if (!m_state) return;
   [[self retain] autorelease];
-  static_cast<vorn::AppleRunLoop::State*>(state_)->runPosted();
+  static_cast<vorn::AppleRunLoop::State*>(m_state)->runPosted();
 }
 @end

@@ -12,10 +12,10 @@ class AppleSurroundings final : public Surroundings {
   // The folder with the bundle's resources.
   explicit AppleSurroundings(std::string resources);
 
-  std::string homeDirectory() override { return home_; }
-  std::string documentsDirectory() override { return home_ + "/Documents"; }
+  std::string homeDirectory() override { return m_home; }
+  std::string documentsDirectory() override { return m_home + "/Documents"; }
   std::string applicationsDirectory() override { return "/Applications"; }
-  std::string userApplicationsDirectory() override { return home_ + "/Applications"; }
+  std::string userApplicationsDirectory() override { return m_home + "/Applications"; }
   std::optional<std::string> resource(std::string_view name, std::string_view type) override;
   Version systemVersion() override;
   std::vector<std::string> preferredLanguages() override;
@@ -23,8 +23,8 @@ class AppleSurroundings final : public Surroundings {
   std::uint32_t random32() override;
 
  private:
-  std::string resources_;
-  std::string home_;
+  std::string m_resources;
+  std::string m_home;
 };
 
 }  // namespace vorn

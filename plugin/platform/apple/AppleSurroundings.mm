@@ -25,12 +25,12 @@ std::string homeOfProcess() {
 }  // namespace
 
 AppleSurroundings::AppleSurroundings(std::string resources)
-    : resources_(std::move(resources)), home_(homeOfProcess()) {}
+    : m_resources(std::move(resources)), m_home(homeOfProcess()) {}
 
 std::optional<std::string> AppleSurroundings::resource(std::string_view name, std::string_view type) {
   // A name is a name and no way out of the folder.
   if (name.find('/') != std::string_view::npos) return std::nullopt;
-  return readFile(resources_ + "/" + std::string(name) + "." + std::string(type));
+  return readFile(m_resources + "/" + std::string(name) + "." + std::string(type));
 }
 
 Surroundings::Version AppleSurroundings::systemVersion() {

@@ -22,7 +22,7 @@ class AppleWorkspace final : public Workspace {
   bool openFolder(std::string_view path) override;
 
  private:
-  std::vector<std::string> applicationFolders_;
+  std::vector<std::string> m_applicationFolders;
 };
 
 }  // namespace vorn

@@ -26,7 +26,7 @@ bool isFolder(NSString* path) {
 }  // namespace
 
 AppleWorkspace::AppleWorkspace(std::vector<std::string> applicationFolders)
-    : applicationFolders_(std::move(applicationFolders)) {}
+    : m_applicationFolders(std::move(applicationFolders)) {}
 
 bool AppleWorkspace::isRunning(std::string_view bundleIdentifier) {
   return isApplicationRunning(bundleIdentifier);
@@ -34,7 +34,7 @@ bool AppleWorkspace::isRunning(std::string_view bundleIdentifier) {
 
 std::string AppleWorkspace::absolutePathForAppBundle(std::string_view bundleIdentifier) {
   NSString* wanted = foundationText(bundleIdentifier);
-  for (const std::string& folder : applicationFolders_) {
+  for (const std::string& folder : m_applicationFolders) {
     NSString* place = foundationText(folder);
     NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:place error:nullptr];
     NSEnumerator* sorted = [[names sortedArrayUsingSelector:@selector(compare:)] objectEnumerator];

@@ -8,14 +8,14 @@
 @interface vnDeathSentinel : NSObject {
  @public
   // Not retained, and only an address at the end.
-  void* watched_;
-  void (*died_)(id object);
+  void* m_watched;
+  void (*m_died)(id object);
 }
 @end
 
 @implementation vnDeathSentinel
 - (void)dealloc {
-  died_(reinterpret_cast<id>(watched_));
+  m_died(reinterpret_cast<id>(m_watched));
   [super dealloc];
 }
 @end
@@ -31,8 +31,8 @@ constexpr char kSentinel = 0;
 
 void watchDeath(id object, void (*died)(id object)) {
   vnDeathSentinel* sentinel = [[vnDeathSentinel alloc] init];
-  sentinel->watched_ = reinterpret_cast<void*>(object);
-  sentinel->died_ = died;
+  sentinel->m_watched = reinterpret_cast<void*>(object);
+  sentinel->m_died = died;
   objc_setAssociatedObject(object, &kSentinel, sentinel, OBJC_ASSOCIATION_RETAIN);
   [sentinel release];
 }

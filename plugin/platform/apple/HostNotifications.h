@@ -19,7 +19,7 @@ class HostNotifications {
 
  private:
   // Retained.
-  void* forwarder_;
+  void* m_forwarder;
 };
 
 }  // namespace vorn

@@ -8,7 +8,7 @@
 @interface vnNotificationForwarder : NSObject {
  @public
   // Not owned.
-  void* center_;
+  void* m_center;
 }
 - (void)forward:(NSNotification*)notification;
 @end
@@ -16,7 +16,7 @@
 @implementation vnNotificationForwarder
 - (void)forward:(NSNotification*)notification {
   try {
-    static_cast<vorn::NotificationCenter*>(center_)->post(
+    static_cast<vorn::NotificationCenter*>(m_center)->post(
         vorn::textFromFoundation([notification name]), static_cast<const void*>([notification object]),
         vorn::valueFromObject(notification, vorn::LiveObjects::Holding::never));
   } catch (...) {
@@ -29,16 +29,16 @@ namespace vorn {
 
 HostNotifications::HostNotifications(NotificationCenter& center, std::string_view name) {
   vnNotificationForwarder* forwarder = [[vnNotificationForwarder alloc] init];
-  forwarder->center_ = &center;
+  forwarder->m_center = &center;
   [[NSNotificationCenter defaultCenter] addObserver:forwarder
                                            selector:@selector(forward:)
                                                name:foundationText(name)
                                              object:nil];
-  forwarder_ = forwarder;
+  m_forwarder = forwarder;
 }
 
 HostNotifications::~HostNotifications() {
-  const id forwarder = static_cast<id>(forwarder_);
+  const id forwarder = static_cast<id>(m_forwarder);
   [[NSNotificationCenter defaultCenter] removeObserver:forwarder];
   [forwarder release];
 }

@@ -38,8 +38,8 @@ class LiveObjects {
   static void forget(id object);
   void note(id object);
 
-  std::mutex mutex_;
-  std::unordered_set<std::uintptr_t> addresses_;
+  std::mutex m_mutex;
+  std::unordered_set<std::uintptr_t> m_addresses;
 };
 
 }  // namespace vorn

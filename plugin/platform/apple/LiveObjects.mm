@@ -23,14 +23,14 @@ HostObject LiveObjects::reference(id object, Holding holding) {
 }
 
 id LiveObjects::object(const HostObject& reference) {
-  const std::lock_guard<std::mutex> lock(mutex_);
-  return addresses_.contains(reference.address()) ? reinterpret_cast<id>(reference.address()) : nil;
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  return m_addresses.contains(reference.address()) ? reinterpret_cast<id>(reference.address()) : nil;
 }
 
 void LiveObjects::note(id object) {
   {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    if (!addresses_.insert(reinterpret_cast<std::uintptr_t>(object)).second) return;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_addresses.insert(reinterpret_cast<std::uintptr_t>(object)).second) return;
   }
   // A class stays for ever.
   if (!class_isMetaClass(object_getClass(object))) watchDeath(object, &LiveObjects::forget);
@@ -38,8 +38,8 @@ void LiveObjects::note(id object) {
 
 void LiveObjects::forget(id object) {
   LiveObjects& all = instance();
-  const std::lock_guard<std::mutex> lock(all.mutex_);
-  all.addresses_.erase(reinterpret_cast<std::uintptr_t>(object));
+  const std::lock_guard<std::mutex> lock(all.m_mutex);
+  all.m_addresses.erase(reinterpret_cast<std::uintptr_t>(object));
 }
 
 }  // namespace vorn

@@ -25,9 +25,9 @@ class MethodType {
   // block, a number that is too large or not of the usual kinds, or another structure.
   static std::unique_ptr<MethodType> fromEncoding(std::string_view type);
 
-  ffi_type* native() { return structure_.elements ? &structure_ : primitive_; }
-  bool isObject() const { return code_ == '@'; }
-  bool isNothing() const { return code_ == 'v'; }
+  ffi_type* native() { return m_structure.elements ? &m_structure : m_primitive; }
+  bool isObject() const { return m_code == '@'; }
+  bool isNothing() const { return m_code == 'v'; }
 
   Value read(const void* memory, LiveObjects::Holding holding) const;
   // An argument of a call to us. It is its caller's, so nothing is held.
@@ -44,13 +44,13 @@ class MethodType {
   void writeStructure(const Value& value, void* memory) const;
   bool fillsRegister() const;
 
-  char code_ = 'v';
-  bool pointsToCharacters_ = false;
-  ffi_type* primitive_ = &ffi_type_void;
+  char m_code = 'v';
+  bool m_pointsToCharacters = false;
+  ffi_type* m_primitive = &ffi_type_void;
   // A structure of numbers, with the keys of its fields.
-  ffi_type structure_{};
-  std::vector<ffi_type*> elements_;
-  std::vector<std::string_view> fields_;
+  ffi_type m_structure{};
+  std::vector<ffi_type*> m_elements;
+  std::vector<std::string_view> m_fields;
 };
 
 // The types of a method, from the runtime's encoding. The first two arguments are the receiver and the selector.
@@ -59,21 +59,21 @@ class MethodSignature {
   // Null when one of the types has no value, when there is no receiver or selector, and for no encoding at all.
   static std::unique_ptr<MethodSignature> fromEncoding(const char* encoding);
 
-  ffi_cif& call() { return call_; }
-  const MethodType& result() const { return *result_; }
+  ffi_cif& call() { return m_call; }
+  const MethodType& result() const { return *m_result; }
   // The arguments behind the selector.
-  std::size_t argumentCount() const { return arguments_.size() - 2; }
-  const MethodType& argument(std::size_t index) const { return *arguments_[index + 2]; }
-  std::size_t argumentSize(std::size_t index) const { return native_[index + 2]->size; }
+  std::size_t argumentCount() const { return m_arguments.size() - 2; }
+  const MethodType& argument(std::size_t index) const { return *m_arguments[index + 2]; }
+  std::size_t argumentSize(std::size_t index) const { return m_native[index + 2]->size; }
   std::size_t resultSize() const;
 
  private:
   MethodSignature() = default;
 
-  std::unique_ptr<MethodType> result_;
-  std::vector<std::unique_ptr<MethodType>> arguments_;
-  std::vector<ffi_type*> native_;
-  ffi_cif call_{};
+  std::unique_ptr<MethodType> m_result;
+  std::vector<std::unique_ptr<MethodType>> m_arguments;
+  std::vector<ffi_type*> m_native;
+  ffi_cif m_call{};
 };
 
 }  // namespace vorn

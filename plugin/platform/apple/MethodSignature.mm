@@ -105,32 +105,32 @@ std::unique_ptr<MethodType> MethodType::fromEncoding(std::string_view encoding) 
   constexpr std::string_view block = "@?";
   if (encoding.empty() || encoding.starts_with(block)) return nullptr;
   std::unique_ptr<MethodType> type(new MethodType());
-  type->code_ = encoding.front();
-  type->pointsToCharacters_ = encoding == "*" || encoding == "^c" || encoding == "^C" || encoding == "^B";
-  if (type->code_ != '{') {
-    type->primitive_ = nativeOf(type->code_);
-    if (!type->primitive_) return nullptr;
+  type->m_code = encoding.front();
+  type->m_pointsToCharacters = encoding == "*" || encoding == "^c" || encoding == "^C" || encoding == "^B";
+  if (type->m_code != '{') {
+    type->m_primitive = nativeOf(type->m_code);
+    if (!type->m_primitive) return nullptr;
     return type;
   }
   const std::string letters = numbersIn(encoding);
   const std::span<const std::string_view> fields = fieldsOf(encoding, letters.size());
   if (fields.empty()) return nullptr;
-  type->fields_.assign(fields.begin(), fields.end());
-  for (const char letter : letters) type->elements_.push_back(nativeOf(letter));
-  type->elements_.push_back(nullptr);
-  type->structure_.type = FFI_TYPE_STRUCT;
-  type->structure_.elements = type->elements_.data();
+  type->m_fields.assign(fields.begin(), fields.end());
+  for (const char letter : letters) type->m_elements.push_back(nativeOf(letter));
+  type->m_elements.push_back(nullptr);
+  type->m_structure.type = FFI_TYPE_STRUCT;
+  type->m_structure.elements = type->m_elements.data();
   return type;
 }
 
 Value MethodType::readArgument(const void* memory, CharacterPointers characters) const {
-  if (!pointsToCharacters_) return read(memory, LiveObjects::Holding::never);
+  if (!m_pointsToCharacters) return read(memory, LiveObjects::Holding::never);
   if (characters == CharacterPointers::texts) return textOrAbsent(readAs<const char*>(memory));
   return addressOrAbsent(memory);
 }
 
 Value MethodType::read(const void* memory, LiveObjects::Holding holding) const {
-  switch (code_) {
+  switch (m_code) {
     case 'c': return flagOrNumber(readAs<signed char>(memory));
     case 'C':
     case 'B': return flagOrNumber(readAs<unsigned char>(memory));
@@ -159,7 +159,7 @@ Value MethodType::read(const void* memory, LiveObjects::Holding holding) const {
 
 void MethodType::write(const Value& value, void* memory) const {
   const std::int64_t number = value.integerValue();
-  switch (code_) {
+  switch (m_code) {
     case 'c':
     case 'C': return writeAs(static_cast<unsigned char>(number), memory);
     case 'B': return writeAs(static_cast<unsigned char>(value.boolValue()), memory);
@@ -187,7 +187,7 @@ void MethodType::write(const Value& value, void* memory) const {
 }
 
 bool MethodType::fillsRegister() const {
-  return std::string_view("cCBsSiI").find(code_) != std::string_view::npos;
+  return std::string_view("cCBsSiI").find(m_code) != std::string_view::npos;
 }
 
 Value MethodType::readResult(const void* memory, LiveObjects::Holding holding) const {
@@ -202,7 +202,7 @@ void MethodType::writeResult(const Value& value, void* memory) const {
   if (!fillsRegister()) return write(value, memory);
   std::uint64_t narrow = 0;
   write(value, &narrow);
-  const bool isSigned = code_ == 'c' || code_ == 's' || code_ == 'i';
+  const bool isSigned = m_code == 'c' || m_code == 's' || m_code == 'i';
   const std::int64_t number = read(&narrow, LiveObjects::Holding::never).integerValue();
   writeAs(isSigned ? static_cast<ffi_arg>(number) : static_cast<ffi_arg>(narrow), memory);
 }
@@ -210,24 +210,24 @@ void MethodType::writeResult(const Value& value, void* memory) const {
 Value MethodType::readStructure(const void* memory) const {
   Value result = Value::dictionary();
   const char* at = static_cast<const char*>(memory);
-  for (std::size_t i = 0; i < fields_.size(); ++i) {
-    const bool isDouble = elements_[i] == &ffi_type_double;
-    result.set(fields_[i], isDouble ? readAs<double>(at) : double{readAs<float>(at)});
-    at += elements_[i]->size;
+  for (std::size_t i = 0; i < m_fields.size(); ++i) {
+    const bool isDouble = m_elements[i] == &ffi_type_double;
+    result.set(m_fields[i], isDouble ? readAs<double>(at) : double{readAs<float>(at)});
+    at += m_elements[i]->size;
   }
   return result;
 }
 
 void MethodType::writeStructure(const Value& value, void* memory) const {
   char* at = static_cast<char*>(memory);
-  for (std::size_t i = 0; i < fields_.size(); ++i) {
-    const double number = value[fields_[i]].realValue();
-    if (elements_[i] == &ffi_type_double) {
+  for (std::size_t i = 0; i < m_fields.size(); ++i) {
+    const double number = value[m_fields[i]].realValue();
+    if (m_elements[i] == &ffi_type_double) {
       writeAs(number, at);
     } else {
       writeAs(static_cast<float>(number), at);
     }
-    at += elements_[i]->size;
+    at += m_elements[i]->size;
   }
 }
 
@@ -239,20 +239,20 @@ std::unique_ptr<MethodSignature> MethodSignature::fromEncoding(const char* encod
   for (const std::string_view type : *types) {
     std::unique_ptr<MethodType> known = MethodType::fromEncoding(type);
     if (!known) return nullptr;
-    if (!signature->result_) {
-      signature->result_ = std::move(known);
+    if (!signature->m_result) {
+      signature->m_result = std::move(known);
       continue;
     }
     if (known->isNothing()) return nullptr;
-    signature->native_.push_back(known->native());
-    signature->arguments_.push_back(std::move(known));
+    signature->m_native.push_back(known->native());
+    signature->m_arguments.push_back(std::move(known));
   }
-  const auto count = static_cast<unsigned>(signature->native_.size());
-  const ffi_status status = ffi_prep_cif(&signature->call_, FFI_DEFAULT_ABI, count, signature->result_->native(),
-                                         signature->native_.data());
+  const auto count = static_cast<unsigned>(signature->m_native.size());
+  const ffi_status status = ffi_prep_cif(&signature->m_call, FFI_DEFAULT_ABI, count, signature->m_result->native(),
+                                         signature->m_native.data());
   return status == FFI_OK ? std::move(signature) : nullptr;
 }
 
-std::size_t MethodSignature::resultSize() const { return std::max(call_.rtype->size, sizeof(ffi_arg)); }
+std::size_t MethodSignature::resultSize() const { return std::max(m_call.rtype->size, sizeof(ffi_arg)); }
 
 }  // namespace vorn

@@ -40,7 +40,7 @@ class Replacement {
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
 
-  IMP code() const { return code_; }
+  IMP code() const { return m_code; }
   // From now on it is called as that method is.
   void setSignature(std::shared_ptr<MethodSignature> signature);
   // The two selectors between which it and the host's own method were exchanged.
@@ -60,13 +60,13 @@ class Replacement {
   SEL otherSelector(SEL entered) const;
   bool isForwardedBy(SEL entered, SEL sent) const;
 
-  Implementation implementation_;
-  CharacterPointers characters_;
-  std::shared_ptr<MethodSignature> signature_;
-  ffi_closure* closure_ = nullptr;
-  IMP code_ = nullptr;
-  SEL first_ = nullptr;
-  SEL second_ = nullptr;
+  Implementation m_implementation;
+  CharacterPointers m_characters;
+  std::shared_ptr<MethodSignature> m_signature;
+  ffi_closure* m_closure = nullptr;
+  IMP m_code = nullptr;
+  SEL m_first = nullptr;
+  SEL m_second = nullptr;
 };
 
 }  // namespace vorn

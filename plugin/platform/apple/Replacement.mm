@@ -29,33 +29,34 @@ class InProgress {
 Replacement::Call::~Call() { [forwardedResult release]; }
 
 Replacement::Replacement(Implementation implementation, CharacterPointers characters)
-    : implementation_(std::move(implementation)), characters_(characters) {
+    : m_implementation(std::move(implementation)), m_characters(characters) {
   void* code = nullptr;
-  closure_ = static_cast<ffi_closure*>(ffi_closure_alloc(sizeof(ffi_closure), &code));
-  if (closure_) code_ = reinterpret_cast<IMP>(code);
+  m_closure = static_cast<ffi_closure*>(ffi_closure_alloc(sizeof(ffi_closure), &code));
+  if (m_closure) m_code = reinterpret_cast<IMP>(code);
 }
 
 Replacement::~Replacement() {
-  if (closure_) ffi_closure_free(closure_);
+  if (m_closure) ffi_closure_free(m_closure);
 }
 
 std::unique_ptr<Replacement> Replacement::make(Implementation implementation,
                                                std::shared_ptr<MethodSignature> signature,
                                                CharacterPointers characters) {
   std::unique_ptr<Replacement> made(new Replacement(std::move(implementation), characters));
-  if (!made->closure_) return nullptr;
+  if (!made->m_closure) return nullptr;
   made->setSignature(std::move(signature));
   return made;
 }
 
 void Replacement::setSignature(std::shared_ptr<MethodSignature> signature) {
-  signature_ = std::move(signature);
-  ffi_prep_closure_loc(closure_, &signature_->call(), &Replacement::enter, this, reinterpret_cast<void*>(code_));
+  m_signature = std::move(signature);
+  ffi_prep_closure_loc(m_closure, &m_signature->call(), &Replacement::enter, this,
+                       reinterpret_cast<void*>(m_code));
 }
 
 void Replacement::setSelectors(SEL first, SEL second) {
-  first_ = first;
-  second_ = second;
+  m_first = first;
+  m_second = second;
 }
 
 Replacement::Call* Replacement::forwardedBy(id receiver, SEL selector) {
@@ -68,9 +69,9 @@ Replacement::Call* Replacement::forwardedBy(id receiver, SEL selector) {
 }
 
 SEL Replacement::otherSelector(SEL entered) const {
-  if (!first_) return nullptr;
-  if (sel_isEqual(entered, first_)) return second_;
-  return sel_isEqual(entered, second_) ? first_ : nullptr;
+  if (!m_first) return nullptr;
+  if (sel_isEqual(entered, m_first)) return m_second;
+  return sel_isEqual(entered, m_second) ? m_first : nullptr;
 }
 
 bool Replacement::isForwardedBy(SEL entered, SEL sent) const {
@@ -88,7 +89,7 @@ void Replacement::enter(ffi_cif*, void* result, void** arguments, void* replacem
 
 void Replacement::run(void* result, void** arguments) {
   // Both may be exchanged for others while the call is running.
-  const std::shared_ptr<MethodSignature> signature = signature_;
+  const std::shared_ptr<MethodSignature> signature = m_signature;
   std::memset(result, 0, signature->resultSize());
   if (![NSThread isMainThread]) return runHostsOwn(result, arguments);
   Call call;
@@ -98,7 +99,7 @@ void Replacement::run(void* result, void** arguments) {
   readArguments(*signature, arguments, call);
   const InProgress inProgress(call);
   const HostObject receiver = LiveObjects::instance().reference(call.receiver, LiveObjects::Holding::never);
-  const Value answer = implementation_(receiver, call.arguments);
+  const Value answer = m_implementation(receiver, call.arguments);
   if (signature->result().isObject() && call.forwardedResult && answer == call.forwardedValue) {
     const id original = [[call.forwardedResult retain] autorelease];
     std::memcpy(result, &original, sizeof original);
@@ -115,16 +116,16 @@ void Replacement::runHostsOwn(void* result, void** arguments) const {
   SEL hosts = otherSelector(entered);
   if (!hosts) return;
   const IMP code = class_getMethodImplementation(object_getClass(receiver), hosts);
-  std::vector<void*> native(arguments, arguments + signature_->argumentCount() + 2);
+  std::vector<void*> native(arguments, arguments + m_signature->argumentCount() + 2);
   native[1] = &hosts;
-  ffi_call(&signature_->call(), FFI_FN(code), result, native.data());
+  ffi_call(&m_signature->call(), FFI_FN(code), result, native.data());
 }
 
 void Replacement::readArguments(const MethodSignature& signature, void** arguments, Call& call) const {
   for (std::size_t i = 0; i < signature.argumentCount(); ++i) {
     call.native.push_back(arguments[i + 2]);
     try {
-      call.arguments.push_back(signature.argument(i).readArgument(arguments[i + 2], characters_));
+      call.arguments.push_back(signature.argument(i).readArgument(arguments[i + 2], m_characters));
     } catch (...) {
       // An object of the host that raises when it is looked at. It is absent to us, and forwarded as it came.
       call.arguments.emplace_back();

@@ -30,36 +30,36 @@ struct DelayedCall {
 class AsioTimer final : public RunLoop::Timer, public std::enable_shared_from_this<AsioTimer> {
  public:
   AsioTimer(asio::io_context& context, double interval, RunLoop::Repeats repeats, RunLoop::TimerTask task)
-      : timer_(context), interval_(duration(interval)), repeats_(repeats), task_(std::move(task)) {}
+      : m_timer(context), m_interval(duration(interval)), m_repeats(repeats), m_task(std::move(task)) {}
 
   void invalidate() override {
-    valid_ = false;
-    timer_.cancel();
+    m_valid = false;
+    m_timer.cancel();
   }
-  bool isValid() const override { return valid_; }
+  bool isValid() const override { return m_valid; }
 
   void start() {
-    timer_.expires_after(interval_);
+    m_timer.expires_after(m_interval);
     wait();
   }
 
  private:
   void wait() {
-    timer_.async_wait([self = shared_from_this()](const asio::error_code& error) {
-      if (error || !self->valid_) return;
-      if (self->repeats_ == RunLoop::Repeats::no) self->valid_ = false;
-      self->task_(*self);
-      if (!self->valid_) return;
-      self->timer_.expires_at(self->timer_.expiry() + self->interval_);
+    m_timer.async_wait([self = shared_from_this()](const asio::error_code& error) {
+      if (error || !self->m_valid) return;
+      if (self->m_repeats == RunLoop::Repeats::no) self->m_valid = false;
+      self->m_task(*self);
+      if (!self->m_valid) return;
+      self->m_timer.expires_at(self->m_timer.expiry() + self->m_interval);
       self->wait();
     });
   }
 
-  asio::steady_timer timer_;
-  std::chrono::steady_clock::duration interval_;
-  RunLoop::Repeats repeats_;
-  RunLoop::TimerTask task_;
-  bool valid_ = true;
+  asio::steady_timer m_timer;
+  std::chrono::steady_clock::duration m_interval;
+  RunLoop::Repeats m_repeats;
+  RunLoop::TimerTask m_task;
+  bool m_valid = true;
 };
 
 }  // namespace
@@ -80,20 +80,20 @@ struct AsioRunLoop::State {
   }
 };
 
-AsioRunLoop::AsioRunLoop() : state_(std::make_shared<State>()) {}
+AsioRunLoop::AsioRunLoop() : m_state(std::make_shared<State>()) {}
 
 AsioRunLoop::~AsioRunLoop() = default;
 
-void AsioRunLoop::post(Task task) { asio::post(state_->context, std::move(task)); }
+void AsioRunLoop::post(Task task) { asio::post(m_state->context, std::move(task)); }
 
 void AsioRunLoop::performAfter(double seconds, const void* target, std::string_view name, Task task) {
-  auto call = std::make_shared<DelayedCall>(state_->context);
+  auto call = std::make_shared<DelayedCall>(m_state->context);
   call->target = target;
   call->name = std::string(name);
   call->task = std::move(task);
-  state_->delayed.push_back(call);
+  m_state->delayed.push_back(call);
   call->timer.expires_after(duration(seconds));
-  call->timer.async_wait([state = state_.get(), call](const asio::error_code&) {
+  call->timer.async_wait([state = m_state.get(), call](const asio::error_code&) {
     if (call->cancelled) return;
     state->delayed.remove(call);
     const Task due = std::move(call->task);
@@ -102,17 +102,17 @@ void AsioRunLoop::performAfter(double seconds, const void* target, std::string_v
 }
 
 void AsioRunLoop::cancelPrevious(const void* target) {
-  state_->cancel([target](const DelayedCall& call) { return target && call.target == target; });
+  m_state->cancel([target](const DelayedCall& call) { return target && call.target == target; });
 }
 
 void AsioRunLoop::cancelPrevious(const void* target, std::string_view name) {
-  state_->cancel([&](const DelayedCall& call) { return target && call.target == target && call.name == name; });
+  m_state->cancel([&](const DelayedCall& call) { return target && call.target == target && call.name == name; });
 }
 
 std::shared_ptr<RunLoop::Timer> AsioRunLoop::scheduledTimer(double intervalSeconds, Repeats repeats,
                                                             TimerTask task) {
   auto timer =
-      std::make_shared<AsioTimer>(state_->context, std::max(0.0001, intervalSeconds), repeats, std::move(task));
+      std::make_shared<AsioTimer>(m_state->context, std::max(0.0001, intervalSeconds), repeats, std::move(task));
   timer->start();
   return timer;
 }
@@ -125,7 +125,7 @@ bool AsioRunLoop::runUntil(const std::function<bool()>& condition, double timeou
   const auto end = std::chrono::steady_clock::now() + duration(timeoutSeconds);
   while (!condition()) {
     if (std::chrono::steady_clock::now() >= end) return false;
-    state_->context.run_one_until(end);
+    m_state->context.run_one_until(end);
   }
   return true;
 }

@@ -24,7 +24,7 @@ class AsioRunLoop final : public HostRunLoop {
 
  private:
   struct State;
-  std::shared_ptr<State> state_;
+  std::shared_ptr<State> m_state;
 };
 
 }  // namespace vorn

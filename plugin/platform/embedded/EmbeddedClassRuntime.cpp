@@ -71,7 +71,7 @@ struct EmbeddedClassRuntime::Tables {
   }
 };
 
-EmbeddedClassRuntime::EmbeddedClassRuntime() : tables_(std::make_shared<Tables>()) {}
+EmbeddedClassRuntime::EmbeddedClassRuntime() : m_tables(std::make_shared<Tables>()) {}
 
 EmbeddedClassRuntime::~EmbeddedClassRuntime() = default;
 
@@ -85,10 +85,10 @@ Class* classFrom(ClassRef reference) {
 }  // namespace
 
 ClassRef EmbeddedClassRuntime::defineClass(std::string_view name, std::string_view superclass) {
-  if (Class* existing = tables_->named(name)) return ClassRef{reinterpret_cast<std::uintptr_t>(existing)};
+  if (Class* existing = m_tables->named(name)) return ClassRef{reinterpret_cast<std::uintptr_t>(existing)};
   Class* parent = nullptr;
   if (!superclass.empty()) {
-    parent = tables_->named(superclass);
+    parent = m_tables->named(superclass);
     if (!parent) return {};
   }
   auto metaclass = std::make_unique<Class>();
@@ -100,15 +100,15 @@ ClassRef EmbeddedClassRuntime::defineClass(std::string_view name, std::string_vi
   made->metaclass = metaclass.get();
   made->classObject = makeObject(metaclass.get(), nullptr).address();
   Class* result = made.get();
-  tables_->byName.emplace(made->name, result);
-  tables_->classes.push_back(std::move(metaclass));
-  tables_->classes.push_back(std::move(made));
+  m_tables->byName.emplace(made->name, result);
+  m_tables->classes.push_back(std::move(metaclass));
+  m_tables->classes.push_back(std::move(made));
   return ClassRef{reinterpret_cast<std::uintptr_t>(result)};
 }
 
 void EmbeddedClassRuntime::setInstanceMethod(std::string_view className, std::string_view selector,
                                              Implementation implementation) {
-  Class* target = tables_->named(className);
+  Class* target = m_tables->named(className);
   if (!target) return;
   target->methods.erase(std::string(selector));
   class_addMethod(ClassRef{reinterpret_cast<std::uintptr_t>(target)}, selector, std::move(implementation), {});
@@ -116,7 +116,7 @@ void EmbeddedClassRuntime::setInstanceMethod(std::string_view className, std::st
 
 void EmbeddedClassRuntime::setClassMethod(std::string_view className, std::string_view selector,
                                           Implementation implementation) {
-  Class* target = tables_->named(className);
+  Class* target = m_tables->named(className);
   if (!target) return;
   target->metaclass->methods.erase(std::string(selector));
   class_addMethod(ClassRef{reinterpret_cast<std::uintptr_t>(target->metaclass)}, selector,
@@ -124,14 +124,14 @@ void EmbeddedClassRuntime::setClassMethod(std::string_view className, std::strin
 }
 
 HostObject EmbeddedClassRuntime::makeObject(Class* isa, std::shared_ptr<void> state) {
-  const std::uintptr_t address = tables_->nextAddress;
-  tables_->nextAddress += 0x10;
-  tables_->live.emplace(address, Object{isa, std::move(state)});
+  const std::uintptr_t address = m_tables->nextAddress;
+  m_tables->nextAddress += 0x10;
+  m_tables->live.emplace(address, Object{isa, std::move(state)});
   return HostObject(address);
 }
 
 HostObject EmbeddedClassRuntime::create(std::string_view className, std::shared_ptr<void> state) {
-  Class* isa = tables_->named(className);
+  Class* isa = m_tables->named(className);
   return isa ? makeObject(isa, std::move(state)) : HostObject();
 }
 
@@ -139,7 +139,7 @@ HostObject EmbeddedClassRuntime::createTemporary(std::string_view className, std
   const HostObject made = create(className, std::move(state));
   if (!made) return {};
   // The last reference may outlive the runtime, so the keeper holds the tables only weakly.
-  const std::weak_ptr<Tables> tables = tables_;
+  const std::weak_ptr<Tables> tables = m_tables;
   const std::uintptr_t address = made.address();
   const auto end = [tables, address](void*) {
     const auto held = tables.lock();
@@ -154,29 +154,29 @@ HostObject EmbeddedClassRuntime::createTemporary(std::string_view className, std
 }
 
 void EmbeddedClassRuntime::destroy(const HostObject& object) {
-  const auto found = tables_->live.find(object.address());
-  if (found == tables_->live.end()) return;
+  const auto found = m_tables->live.find(object.address());
+  if (found == m_tables->live.end()) return;
   const std::shared_ptr<void> last = std::move(found->second.state);
-  tables_->live.erase(found);
+  m_tables->live.erase(found);
 }
 
-bool EmbeddedClassRuntime::isAlive(const HostObject& object) const { return tables_->object(object) != nullptr; }
+bool EmbeddedClassRuntime::isAlive(const HostObject& object) const { return m_tables->object(object) != nullptr; }
 
 std::shared_ptr<void> EmbeddedClassRuntime::stateOf(const HostObject& object) const {
-  const Object* held = tables_->object(object);
+  const Object* held = m_tables->object(object);
   return held ? held->state : nullptr;
 }
 
 void EmbeddedClassRuntime::setState(const HostObject& object, std::shared_ptr<void> state) {
-  if (Object* held = tables_->object(object)) held->state = std::move(state);
+  if (Object* held = m_tables->object(object)) held->state = std::move(state);
 }
 
 ClassRef EmbeddedClassRuntime::NSClassFromString(std::string_view name) {
-  return ClassRef{reinterpret_cast<std::uintptr_t>(tables_->named(name))};
+  return ClassRef{reinterpret_cast<std::uintptr_t>(m_tables->named(name))};
 }
 
 ClassRef EmbeddedClassRuntime::objc_getMetaClass(std::string_view name) {
-  Class* found = tables_->named(name);
+  Class* found = m_tables->named(name);
   return ClassRef{found ? reinterpret_cast<std::uintptr_t>(found->metaclass) : 0};
 }
 
@@ -191,13 +191,13 @@ bool EmbeddedClassRuntime::class_addMethod(ClassRef target, std::string_view sel
 }
 
 MethodRef EmbeddedClassRuntime::class_getInstanceMethod(ClassRef target, std::string_view selector) {
-  return target ? tables_->method(classFrom<Class>(target), selector) : MethodRef();
+  return target ? m_tables->method(classFrom<Class>(target), selector) : MethodRef();
 }
 
 MethodRef EmbeddedClassRuntime::class_getClassMethod(ClassRef target, std::string_view selector) {
   if (!target) return {};
   Class* held = classFrom<Class>(target);
-  return tables_->method(held->metaclass ? held->metaclass : held, selector);
+  return m_tables->method(held->metaclass ? held->metaclass : held, selector);
 }
 
 std::string EmbeddedClassRuntime::unusableTypes(ClassRef, std::string_view) { return {}; }
@@ -217,7 +217,7 @@ HostObject EmbeddedClassRuntime::classObject(ClassRef target) {
 
 Value EmbeddedClassRuntime::send(const HostObject& receiver, std::string_view selector,
                                  const Arguments& arguments) {
-  Object* held = tables_->object(receiver);
+  Object* held = m_tables->object(receiver);
   if (!held) return {};
   const Method* method = held->isa->find(std::string(selector));
   if (!method) return {};
@@ -233,12 +233,12 @@ Value EmbeddedClassRuntime::send(const HostObject& receiver, std::string_view se
 }
 
 bool EmbeddedClassRuntime::respondsTo(const HostObject& receiver, std::string_view selector) {
-  Object* held = tables_->object(receiver);
+  Object* held = m_tables->object(receiver);
   return held && held->isa->find(std::string(selector));
 }
 
 bool EmbeddedClassRuntime::isKindOf(const HostObject& receiver, ClassRef target) {
-  Object* held = tables_->object(receiver);
+  Object* held = m_tables->object(receiver);
   if (!held || !target) return false;
   for (Class* at = held->isa; at; at = at->superclass) {
     if (at == classFrom<Class>(target)) return true;
@@ -247,7 +247,7 @@ bool EmbeddedClassRuntime::isKindOf(const HostObject& receiver, ClassRef target)
 }
 
 std::string EmbeddedClassRuntime::className(const HostObject& receiver) {
-  Object* held = tables_->object(receiver);
+  Object* held = m_tables->object(receiver);
   return held ? held->isa->name : std::string();
 }
 

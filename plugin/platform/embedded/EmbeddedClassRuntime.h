@@ -68,7 +68,7 @@ class EmbeddedClassRuntime final : public ClassRuntime {
   std::shared_ptr<void> stateOf(const HostObject& object) const;
   HostObject makeObject(Class* isa, std::shared_ptr<void> state);
 
-  std::shared_ptr<Tables> tables_;
+  std::shared_ptr<Tables> m_tables;
 };
 
 }  // namespace vorn

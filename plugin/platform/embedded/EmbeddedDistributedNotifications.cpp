@@ -62,22 +62,22 @@ Value dictionaryOf(Texts&& texts) {
 // A counter of the system that makes poll() return.
 class WakeUp {
  public:
-  WakeUp() : descriptor_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-    if (descriptor_ < 0) throw std::system_error(errno, std::generic_category());
+  WakeUp() : m_descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    if (m_descriptor < 0) throw std::system_error(errno, std::generic_category());
   }
-  ~WakeUp() { ::close(descriptor_); }
+  ~WakeUp() { ::close(m_descriptor); }
   WakeUp(const WakeUp&) = delete;
   WakeUp& operator=(const WakeUp&) = delete;
 
-  int descriptor() const { return descriptor_; }
-  void ring() const { ::eventfd_write(descriptor_, 1); }
+  int descriptor() const { return m_descriptor; }
+  void ring() const { ::eventfd_write(m_descriptor, 1); }
   void quieten() const {
     eventfd_t count = 0;
-    ::eventfd_read(descriptor_, &count);
+    ::eventfd_read(m_descriptor, &count);
   }
 
  private:
-  int descriptor_;
+  int m_descriptor;
 };
 
 }  // namespace
@@ -92,26 +92,26 @@ class EmbeddedDistributedNotifications::Bus {
   using Receiver = std::function<void(std::string name, Value userInfo)>;
 
   Bus(const std::string& address, Receiver receiver)
-      : receiver_(std::move(receiver)),
-        connection_(address.empty() ? sdbus::createSessionBusConnection()
-                                    : sdbus::createSessionBusConnectionWithAddress(address)),
-        sender_(sdbus::createObject(*connection_, kPath)),
-        match_(connection_->addMatch(kMatchRule, [this](sdbus::Message& message) { receive(message); })),
-        reader_([this] { read(); }) {}
+      : m_receiver(std::move(receiver)),
+        m_connection(address.empty() ? sdbus::createSessionBusConnection()
+                                     : sdbus::createSessionBusConnectionWithAddress(address)),
+        m_sender(sdbus::createObject(*m_connection, kPath)),
+        m_match(m_connection->addMatch(kMatchRule, [this](sdbus::Message& message) { receive(message); })),
+        m_reader([this] { read(); }) {}
 
   ~Bus() {
-    isOver_ = true;
-    wakeUp_.ring();
-    reader_.join();
+    m_isOver = true;
+    m_wakeUp.ring();
+    m_reader.join();
   }
   Bus(const Bus&) = delete;
   Bus& operator=(const Bus&) = delete;
 
   void send(const std::string& name, bool hasUserInfo, const Texts& userInfo) {
     try {
-      sender_->emitSignal(kSignal).onInterface(kInterface).withArguments(name, hasUserInfo, userInfo);
+      m_sender->emitSignal(kSignal).onInterface(kInterface).withArguments(name, hasUserInfo, userInfo);
       // The reading thread sends what the bus has not taken yet.
-      wakeUp_.ring();
+      m_wakeUp.ring();
     } catch (const std::exception&) {
       // No failure of a post is reported to anybody.
     }
@@ -120,12 +120,12 @@ class EmbeddedDistributedNotifications::Bus {
  private:
   void read() {
     try {
-      while (!isOver_) {
-        if (connection_->processPendingRequest()) continue;
-        const auto next = connection_->getEventLoopPollData();
-        std::array<pollfd, 2> waiting{{{next.fd, next.events, 0}, {wakeUp_.descriptor(), POLLIN, 0}}};
+      while (!m_isOver) {
+        if (m_connection->processPendingRequest()) continue;
+        const auto next = m_connection->getEventLoopPollData();
+        std::array<pollfd, 2> waiting{{{next.fd, next.events, 0}, {m_wakeUp.descriptor(), POLLIN, 0}}};
         if (::poll(waiting.data(), waiting.size(), next.getPollTimeout()) < 0 && errno != EINTR) return;
-        wakeUp_.quieten();
+        m_wakeUp.quieten();
       }
     } catch (const std::exception&) {
       // The bus has gone. Nothing comes any more.
@@ -138,19 +138,19 @@ class EmbeddedDistributedNotifications::Bus {
       bool hasUserInfo = false;
       Texts texts;
       message >> name >> hasUserInfo >> texts;
-      receiver_(std::move(name), hasUserInfo ? dictionaryOf(std::move(texts)) : Value());
+      m_receiver(std::move(name), hasUserInfo ? dictionaryOf(std::move(texts)) : Value());
     } catch (const std::exception&) {
       // Somebody else's idea of the signal's arguments.
     }
   }
 
-  const Receiver receiver_;
-  const WakeUp wakeUp_;
-  std::atomic<bool> isOver_ = false;
-  const std::unique_ptr<sdbus::IConnection> connection_;
-  const std::unique_ptr<sdbus::IObject> sender_;
-  const sdbus::Slot match_;
-  std::thread reader_;
+  const Receiver m_receiver;
+  const WakeUp m_wakeUp;
+  std::atomic<bool> m_isOver = false;
+  const std::unique_ptr<sdbus::IConnection> m_connection;
+  const std::unique_ptr<sdbus::IObject> m_sender;
+  const sdbus::Slot m_match;
+  std::thread m_reader;
 };
 
 // What the run loop's tasks hold on to. Main thread only.
@@ -177,33 +177,33 @@ std::unique_ptr<EmbeddedDistributedNotifications> EmbeddedDistributedNotificatio
 
 EmbeddedDistributedNotifications::EmbeddedDistributedNotifications(std::shared_ptr<Deliveries> deliveries,
                                                                    std::unique_ptr<Bus> bus)
-    : deliveries_(std::move(deliveries)), bus_(std::move(bus)) {}
+    : m_deliveries(std::move(deliveries)), m_bus(std::move(bus)) {}
 
-EmbeddedDistributedNotifications::~EmbeddedDistributedNotifications() { deliveries_->isOver = true; }
+EmbeddedDistributedNotifications::~EmbeddedDistributedNotifications() { m_deliveries->isOver = true; }
 
 void EmbeddedDistributedNotifications::post(std::string_view name, const Value& userInfo) {
   if (!canTravel(name)) return;
   const Texts texts = textsOf(userInfo);
   if (name.size() + sizeOf(texts) > kMostBytes) return;
-  bus_->send(std::string(name), userInfo.isDictionary(), texts);
+  m_bus->send(std::string(name), userInfo.isDictionary(), texts);
 }
 
 std::unique_ptr<DistributedNotifications::Subscription> EmbeddedDistributedNotifications::observe(
     std::string_view name, Handler handler) {
   class Registration final : public Subscription {
    public:
-    explicit Registration(NotificationCenter::Subscription held) : held_(std::move(held)) {}
+    explicit Registration(NotificationCenter::Subscription held) : m_held(std::move(held)) {}
 
    private:
-    NotificationCenter::Subscription held_;
+    NotificationCenter::Subscription m_held;
   };
 
   // A handler may destroy this object while others of the same name are still to be called.
-  const Deliveries* deliveries = deliveries_.get();
+  const Deliveries* deliveries = m_deliveries.get();
   auto whileAlive = [deliveries, handler = std::move(handler)](const NotificationCenter::Notification& posted) {
     if (!deliveries->isOver) handler(posted.userInfo);
   };
-  return std::make_unique<Registration>(deliveries_->observers.observe(name, std::move(whileAlive)));
+  return std::make_unique<Registration>(m_deliveries->observers.observe(name, std::move(whileAlive)));
 }
 
 }  // namespace vorn

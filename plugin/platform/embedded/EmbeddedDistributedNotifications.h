@@ -40,8 +40,8 @@ class EmbeddedDistributedNotifications final : public DistributedNotifications {
   EmbeddedDistributedNotifications(std::shared_ptr<Deliveries> deliveries, std::unique_ptr<Bus> bus);
 
  private:
-  std::shared_ptr<Deliveries> deliveries_;
-  std::unique_ptr<Bus> bus_;
+  std::shared_ptr<Deliveries> m_deliveries;
+  std::unique_ptr<Bus> m_bus;
 };
 
 }  // namespace vorn

@@ -4,31 +4,31 @@ namespace vorn {
 
 void EmbeddedPresenter::showAlert(const HostObject& window, const Alert& alert,
                                   std::function<void(Answer)> answered) {
-  Shown shown{window, alert, answer_};
-  if (!nextAnswers_.empty()) {
-    shown.answer = nextAnswers_.front();
-    nextAnswers_.pop_front();
+  Shown shown{window, alert, m_answer};
+  if (!m_nextAnswers.empty()) {
+    shown.answer = m_nextAnswers.front();
+    m_nextAnswers.pop_front();
   }
   // An alert without a second button can only be answered by its first.
   if (alert.alternateButton.empty()) shown.answer = Answer::defaultButton;
-  alerts_.push_back(shown);
-  if (observer_) observer_(shown);
+  m_alerts.push_back(shown);
+  if (m_observer) m_observer(shown);
   if (answered) answered(shown.answer);
 }
 
 HostObject EmbeddedPresenter::createView(std::string_view className, const Rect& frame) {
-  if (!runtime_.defineClass(className, "NSView")) return {};
-  const HostObject made = runtime_.create(className);
+  if (!m_runtime.defineClass(className, "NSView")) return {};
+  const HostObject made = m_runtime.create(className);
   const Value rectangle = Value::dictionaryFromPairs(
       {{"x", frame.x}, {"y", frame.y}, {"width", frame.width}, {"height", frame.height}});
-  const HostObject view = runtime_.send(made, "initWithFrame:", {rectangle}).object();
-  if (!view) runtime_.destroy(made);
+  const HostObject view = m_runtime.send(made, "initWithFrame:", {rectangle}).object();
+  if (!view) m_runtime.destroy(made);
   return view;
 }
 
 void EmbeddedPresenter::releaseView(const HostObject& view) {
-  runtime_.send(view, "removeFromSuperview");
-  runtime_.destroy(view);
+  m_runtime.send(view, "removeFromSuperview");
+  m_runtime.destroy(view);
 }
 
 }  // namespace vorn

@@ -22,23 +22,23 @@ class EmbeddedPresenter final : public Presenter {
   using Observer = std::function<void(const Shown& shown)>;
 
   // The runtime outlives this.
-  explicit EmbeddedPresenter(EmbeddedClassRuntime& runtime) : runtime_(runtime) {}
+  explicit EmbeddedPresenter(EmbeddedClassRuntime& runtime) : m_runtime(runtime) {}
 
   // What alerts are answered with, from now on; the default button at first.
-  void setAnswer(Answer answer) { answer_ = answer; }
+  void setAnswer(Answer answer) { m_answer = answer; }
   // Answers for the next alerts, one each, before the one for all.
-  void answerNext(Answer answer) { nextAnswers_.push_back(answer); }
+  void answerNext(Answer answer) { m_nextAnswers.push_back(answer); }
   // Told of each alert before its answer is handed on; an empty function ends that.
-  void setAlertObserver(Observer observer) { observer_ = std::move(observer); }
+  void setAlertObserver(Observer observer) { m_observer = std::move(observer); }
 
-  const std::vector<Shown>& alerts() const { return alerts_; }
-  std::size_t progressBegun() const { return progressBegun_; }
-  std::size_t progressEnded() const { return progressEnded_; }
+  const std::vector<Shown>& alerts() const { return m_alerts; }
+  std::size_t progressBegun() const { return m_progressBegun; }
+  std::size_t progressEnded() const { return m_progressEnded; }
 
   // Answers during the call.
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
-  void beginProgress(std::string_view) override { ++progressBegun_; }
-  void endProgress() override { ++progressEnded_; }
+  void beginProgress(std::string_view) override { ++m_progressBegun; }
+  void endProgress() override { ++m_progressEnded; }
 
   // A class that the host does not know yet is defined below its "NSView"; the view is sent initWithFrame: with
   // the rectangle as a dictionary of "x", "y", "width" and "height".
@@ -46,13 +46,13 @@ class EmbeddedPresenter final : public Presenter {
   void releaseView(const HostObject& view) override;
 
  private:
-  EmbeddedClassRuntime& runtime_;
-  Answer answer_ = Answer::defaultButton;
-  std::deque<Answer> nextAnswers_;
-  Observer observer_;
-  std::vector<Shown> alerts_;
-  std::size_t progressBegun_ = 0;
-  std::size_t progressEnded_ = 0;
+  EmbeddedClassRuntime& m_runtime;
+  Answer m_answer = Answer::defaultButton;
+  std::deque<Answer> m_nextAnswers;
+  Observer m_observer;
+  std::vector<Shown> m_alerts;
+  std::size_t m_progressBegun = 0;
+  std::size_t m_progressEnded = 0;
 };
 
 }  // namespace vorn

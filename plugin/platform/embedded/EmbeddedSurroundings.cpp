@@ -33,38 +33,38 @@ std::string orElse(std::string chosen, std::string otherwise) {
 }  // namespace
 
 EmbeddedSurroundings::EmbeddedSurroundings(Options options)
-    : options_(std::move(options)), seeded_(options_.seed.value_or(0)) {
-  options_.documents = orElse(options_.documents, options_.home + "/Documents");
-  options_.applications = orElse(options_.applications, "/Applications");
-  options_.userApplications = orElse(options_.userApplications, options_.home + "/Applications");
-  if (options_.languages.empty()) options_.languages = languagesOfEnvironment();
+    : m_options(std::move(options)), m_seeded(m_options.seed.value_or(0)) {
+  m_options.documents = orElse(m_options.documents, m_options.home + "/Documents");
+  m_options.applications = orElse(m_options.applications, "/Applications");
+  m_options.userApplications = orElse(m_options.userApplications, m_options.home + "/Applications");
+  if (m_options.languages.empty()) m_options.languages = languagesOfEnvironment();
 }
 
-std::string EmbeddedSurroundings::homeDirectory() { return options_.home; }
+std::string EmbeddedSurroundings::homeDirectory() { return m_options.home; }
 
-std::string EmbeddedSurroundings::documentsDirectory() { return options_.documents; }
+std::string EmbeddedSurroundings::documentsDirectory() { return m_options.documents; }
 
-std::string EmbeddedSurroundings::applicationsDirectory() { return options_.applications; }
+std::string EmbeddedSurroundings::applicationsDirectory() { return m_options.applications; }
 
-std::string EmbeddedSurroundings::userApplicationsDirectory() { return options_.userApplications; }
+std::string EmbeddedSurroundings::userApplicationsDirectory() { return m_options.userApplications; }
 
 std::optional<std::string> EmbeddedSurroundings::resource(std::string_view name, std::string_view type) {
   // A name is a name and no way out of the folder.
-  if (options_.resources.empty() || name.find('/') != std::string_view::npos) return std::nullopt;
-  return readFile(options_.resources + "/" + std::string(name) + "." + std::string(type));
+  if (m_options.resources.empty() || name.find('/') != std::string_view::npos) return std::nullopt;
+  return readFile(m_options.resources + "/" + std::string(name) + "." + std::string(type));
 }
 
-Surroundings::Version EmbeddedSurroundings::systemVersion() { return options_.systemVersion; }
+Surroundings::Version EmbeddedSurroundings::systemVersion() { return m_options.systemVersion; }
 
-std::vector<std::string> EmbeddedSurroundings::preferredLanguages() { return options_.languages; }
+std::vector<std::string> EmbeddedSurroundings::preferredLanguages() { return m_options.languages; }
 
 double EmbeddedSurroundings::currentTime() {
-  if (options_.clock) return options_.clock();
+  if (m_options.clock) return m_options.clock();
   return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
 std::uint32_t EmbeddedSurroundings::random32() {
-  if (options_.seed) return static_cast<std::uint32_t>(seeded_() >> 32);
+  if (m_options.seed) return static_cast<std::uint32_t>(m_seeded() >> 32);
   std::uint32_t number = 0;
   while (::getrandom(&number, sizeof number, 0) != static_cast<ssize_t>(sizeof number)) {
   }

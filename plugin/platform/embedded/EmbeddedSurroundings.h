@@ -38,8 +38,8 @@ class EmbeddedSurroundings final : public Surroundings {
   std::uint32_t random32() override;
 
  private:
-  Options options_;
-  std::mt19937_64 seeded_;
+  Options m_options;
+  std::mt19937_64 m_seeded;
 };
 
 }  // namespace vorn

@@ -9,12 +9,12 @@
 namespace vorn {
 
 EmbeddedUserDefaults::EmbeddedUserDefaults(std::string preferencesFolder, std::string domain)
-    : folder_(std::move(preferencesFolder)), domain_(std::move(domain)) {}
+    : m_folder(std::move(preferencesFolder)), m_domain(std::move(domain)) {}
 
-Value EmbeddedUserDefaults::objectForKey(std::string_view key) { return persistentDomainForName(domain_)[key]; }
+Value EmbeddedUserDefaults::objectForKey(std::string_view key) { return persistentDomainForName(m_domain)[key]; }
 
 void EmbeddedUserDefaults::setObject(const Value& value, std::string_view key) {
-  Value stored = persistentDomainForName(domain_);
+  Value stored = persistentDomainForName(m_domain);
   // Many settings are set to what they are already, and each write waits for the disk.
   if (stored[key] == value) return;
   if (value.isAbsent()) {
@@ -23,8 +23,8 @@ void EmbeddedUserDefaults::setObject(const Value& value, std::string_view key) {
     stored.set(key, value);
   }
   std::error_code failed;
-  std::filesystem::create_directories(folder_, failed);
-  writePropertyList(stored, pathOf(domain_));
+  std::filesystem::create_directories(m_folder, failed);
+  writePropertyList(stored, pathOf(m_domain));
 }
 
 void EmbeddedUserDefaults::removeObject(std::string_view key) { setObject({}, key); }
@@ -38,7 +38,7 @@ Value EmbeddedUserDefaults::persistentDomainForName(std::string_view domain) {
 }
 
 std::string EmbeddedUserDefaults::pathOf(std::string_view domain) const {
-  return folder_ + "/" + std::string(domain) + ".plist";
+  return m_folder + "/" + std::string(domain) + ".plist";
 }
 
 }  // namespace vorn

@@ -24,8 +24,8 @@ class EmbeddedUserDefaults final : public UserDefaults {
  private:
   std::string pathOf(std::string_view domain) const;
 
-  std::string folder_;
-  std::string domain_;
+  std::string m_folder;
+  std::string m_domain;
 };
 
 }  // namespace vorn

@@ -54,8 +54,8 @@ std::string bundleOfProgram(const std::string& program) {
 }  // namespace
 
 EmbeddedWorkspace::EmbeddedWorkspace(std::string root, std::vector<std::string> applicationFolders)
-    : root_(withoutEndSlashes(inRealForm(withoutEndSlashes(std::move(root))))),
-      applicationFolders_(std::move(applicationFolders)) {}
+    : m_root(withoutEndSlashes(inRealForm(withoutEndSlashes(std::move(root))))),
+      m_applicationFolders(std::move(applicationFolders)) {}
 
 bool EmbeddedWorkspace::isRunning(std::string_view bundleIdentifier) {
   reapLaunched();
@@ -73,7 +73,7 @@ bool EmbeddedWorkspace::isRunning(std::string_view bundleIdentifier) {
 }
 
 std::string EmbeddedWorkspace::absolutePathForAppBundle(std::string_view bundleIdentifier) {
-  for (const std::string& folder : applicationFolders_) {
+  for (const std::string& folder : m_applicationFolders) {
     std::vector<std::string> bundles;
     std::error_code failed;
     for (fs::directory_iterator item(folder, failed), end; !failed && item != end; item.increment(failed)) {
@@ -129,17 +129,17 @@ bool EmbeddedWorkspace::start(const std::string& program, const std::string& arg
   pid_t process = 0;
   const bool isStarted = ::posix_spawnp(&process, program.c_str(), nullptr, &attributes, arguments, environ) == 0;
   ::posix_spawnattr_destroy(&attributes);
-  if (isStarted) launched_.push_back(process);
+  if (isStarted) m_launched.push_back(process);
   return isStarted;
 }
 
 bool EmbeddedWorkspace::isBelowRoot(std::string_view path) const {
-  return root_.empty() || (path.starts_with(root_) && path.substr(root_.size()).starts_with('/'));
+  return m_root.empty() || (path.starts_with(m_root) && path.substr(m_root.size()).starts_with('/'));
 }
 
 // An ended child stays in the system's list until somebody asks for its status.
 void EmbeddedWorkspace::reapLaunched() {
-  std::erase_if(launched_, [](pid_t process) { return ::waitpid(process, nullptr, WNOHANG) != 0; });
+  std::erase_if(m_launched, [](pid_t process) { return ::waitpid(process, nullptr, WNOHANG) != 0; });
 }
 
 }  // namespace vorn

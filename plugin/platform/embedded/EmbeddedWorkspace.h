@@ -32,10 +32,10 @@ class EmbeddedWorkspace final : public Workspace {
   bool start(const std::string& program, const std::string& argument);
   void reapLaunched();
 
-  std::string root_;
-  std::vector<std::string> applicationFolders_;
+  std::string m_root;
+  std::vector<std::string> m_applicationFolders;
   // Processes that were launched from here and have not been seen to end.
-  std::vector<pid_t> launched_;
+  std::vector<pid_t> m_launched;
 };
 
 }  // namespace vorn

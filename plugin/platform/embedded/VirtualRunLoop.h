@@ -25,12 +25,12 @@ class VirtualRunLoop final : public HostRunLoop {
   void cancelPrevious(const void* target, std::string_view name) override;
   std::shared_ptr<Timer> scheduledTimer(double intervalSeconds, Repeats repeats, TimerTask task) override;
 
-  double now() const override { return now_; }
+  double now() const override { return m_now; }
   bool runUntil(const std::function<bool()>& condition, double timeoutSeconds) override;
   // Runs everything that is due now, without moving the clock.
   void runDue();
   // Tasks and timers that wait for their time.
-  std::size_t waiting() const { return scheduled_.size(); }
+  std::size_t waiting() const { return m_scheduled.size(); }
 
  private:
   class VirtualTimer;
@@ -46,11 +46,11 @@ class VirtualRunLoop final : public HostRunLoop {
   bool runNext(double notAfter);
   void arm(const std::shared_ptr<VirtualTimer>& timer);
 
-  double now_ = 0;
-  std::uint64_t order_ = 0;
-  std::map<Due, Scheduled> scheduled_;
-  std::mutex postedMutex_;
-  std::vector<Task> posted_;
+  double m_now = 0;
+  std::uint64_t m_order = 0;
+  std::map<Due, Scheduled> m_scheduled;
+  std::mutex m_postedMutex;
+  std::vector<Task> m_posted;
 };
 
 }  // namespace vorn

@@ -14,17 +14,17 @@ std::uint32_t replyActionOf(const vornlab::Envelope& request) {
 bool InProcessClient::send(const OptionalText& message) {
   const std::optional<vornlab::Envelope> request = message ? vornlab::fromText(*message) : std::nullopt;
   if (!request) return false;
-  requests_.push_back(*request);
-  const auto found = faults_.find(requests_.size());
-  const Fault fault = found == faults_.end() ? Fault() : found->second;
+  m_requests.push_back(*request);
+  const auto found = m_faults.find(m_requests.size());
+  const Fault fault = found == m_faults.end() ? Fault() : found->second;
   if (fault.meanwhile) fault.meanwhile();
-  isSilent_ |= fault.goesSilent;
+  m_isSilent |= fault.goesSilent;
   if (fault.isLost) return true;
   if (fault.refusal) {
     answer(*request, {replyActionOf(*request), *fault.refusal}, fault);
     return true;
   }
-  for (vornlab::Envelope& reply : service_.handle(*request)) {
+  for (vornlab::Envelope& reply : m_service.handle(*request)) {
     if (fault.spoil) reply.content = fault.spoil(std::move(reply.content));
     answer(*request, reply, fault);
   }
@@ -34,27 +34,27 @@ bool InProcessClient::send(const OptionalText& message) {
 void InProcessClient::answer(const vornlab::Envelope& request, const vornlab::Envelope& reply,
                              const Fault& fault) {
   std::optional<vornlab::Envelope> sent = reply;
-  if (interference_) sent = interference_(request, std::move(*sent));
-  if (!sent || isSilent_) return;
+  if (m_interference) sent = m_interference(request, std::move(*sent));
+  if (!sent || m_isSilent) return;
   for (int i = 0; i < fault.times; ++i) {
-    runLoop_.performAfter(fault.answerSeconds, this, "reply",
-                          [this, text = vornlab::toText(*sent)] { handleSocketGetRequestDone_OLPlugin(text); });
+    m_runLoop.performAfter(fault.answerSeconds, this, "reply",
+                           [this, text = vornlab::toText(*sent)] { handleSocketGetRequestDone_OLPlugin(text); });
   }
 }
 
 void InProcessClient::heal() {
-  faults_.clear();
-  isSilent_ = false;
+  m_faults.clear();
+  m_isSilent = false;
 }
 
 void InProcessClient::forgetRequests() {
-  requests_.clear();
-  faults_.clear();
+  m_requests.clear();
+  m_faults.clear();
 }
 
 std::vector<std::string> InProcessClient::requestNames() const {
   std::vector<std::string> names;
-  for (const vornlab::Envelope& request : requests_) {
+  for (const vornlab::Envelope& request : m_requests) {
     std::string name = std::to_string(request.action);
     if (request.action == vornlab::action::kMeetings) {
       name += "/" + std::to_string(vornlab::Service::operationOf(request));

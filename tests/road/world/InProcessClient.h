@@ -41,20 +41,20 @@ class InProcessClient final : public vSocketClientImpl {
     std::function<void()> meanwhile;
   };
 
-  InProcessClient(RunLoop& runLoop, vornlab::Service& service) : runLoop_(runLoop), service_(service) {}
+  InProcessClient(RunLoop& runLoop, vornlab::Service& service) : m_runLoop(runLoop), m_service(service) {}
 
   void connect() override {}
   void disconnect() override {}
   bool send(const OptionalText& message) override;
 
-  void setInterference(Interference interference) { interference_ = std::move(interference); }
+  void setInterference(Interference interference) { m_interference = std::move(interference); }
   // The n-th request from now on, counted from 1, suffers the fault.
-  void failAt(std::size_t request, Fault fault) { faults_[requests_.size() + request] = std::move(fault); }
+  void failAt(std::size_t request, Fault fault) { m_faults[m_requests.size() + request] = std::move(fault); }
   // All is well again.
   void heal();
 
   // The requests so far, in order.
-  const std::vector<vornlab::Envelope>& requests() const { return requests_; }
+  const std::vector<vornlab::Envelope>& requests() const { return m_requests; }
   // "6", "9", "3/1": the action, and the inner operation of a meeting request.
   std::vector<std::string> requestNames() const;
   // Faults that are still to come are forgotten with them.
@@ -63,12 +63,12 @@ class InProcessClient final : public vSocketClientImpl {
  private:
   void answer(const vornlab::Envelope& request, const vornlab::Envelope& reply, const Fault& fault);
 
-  RunLoop& runLoop_;
-  vornlab::Service& service_;
-  Interference interference_;
-  std::map<std::size_t, Fault> faults_;
-  bool isSilent_ = false;
-  std::vector<vornlab::Envelope> requests_;
+  RunLoop& m_runLoop;
+  vornlab::Service& m_service;
+  Interference m_interference;
+  std::map<std::size_t, Fault> m_faults;
+  bool m_isSilent = false;
+  std::vector<vornlab::Envelope> m_requests;
 };
 
 }  // namespace vorn

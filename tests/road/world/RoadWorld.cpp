@@ -93,8 +93,8 @@ void RoadWorld::bringClientBack() {
 }
 
 void RoadWorld::setHostStores(bool stores) {
-  if (stores == hostStores_) return;
-  hostStores_ = stores;
+  if (stores == m_hostStores) return;
+  m_hostStores = stores;
   constexpr const char* kRecord = "ECMutableCalendarEvent";
   constexpr const char* kRefusing = "saveRecordOnAFullDisk";
   if (!stores) {

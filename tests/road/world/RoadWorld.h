@@ -69,7 +69,7 @@ class RoadWorld {
  private:
   bool barSays(EditorId editor, std::string_view question);
 
-  bool hostStores_ = true;
+  bool m_hostStores = true;
 };
 
 // A calendar with one appointment that has no meeting yet. Lines end in CRLF.

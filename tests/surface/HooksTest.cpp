@@ -11,12 +11,12 @@ namespace {
 // stopped.
 class StatusBar final : public MeetingBar {
  public:
-  StatusBar(const HostObject& editor, int status) : editor_(editor), status_(status) {}
+  StatusBar(const HostObject& editor, int status) : m_editor(editor), m_status(status) {}
 
   HostObject view() override { return {}; }
   HostObject window() override { return {}; }
   HostObject editorWindowController() override { return {}; }
-  HostObject editorViewController() override { return editor_; }
+  HostObject editorViewController() override { return m_editor; }
   HostObject ecCalendarEvent() override { return {}; }
   vnERCalendarEventEditorViewController* editorProxy() override { return nullptr; }
   HostObject olWordMailEditor() override { return {}; }
@@ -25,7 +25,7 @@ class StatusBar final : public MeetingBar {
   bool isDeleteVornMeeting() override { return false; }
   bool blockDeleteVornMeeting() override { return false; }
   bool fromFieldChanged() override { return false; }
-  int getVnDataStatus() override { return status_; }
+  int getVnDataStatus() override { return m_status; }
   int olUIAction() override { return action; }
   void setOLUIAction(const Value& newAction) override { action = static_cast<int>(newAction.integerValue()); }
   bool getActionResult() override { return false; }
@@ -43,8 +43,8 @@ class StatusBar final : public MeetingBar {
   int action = 0;
 
  private:
-  HostObject editor_;
-  int status_;
+  HostObject m_editor;
+  int m_status;
 };
 
 struct SaveSelector {

@@ -27,9 +27,9 @@ class StoreTest : public ::testing::Test {
  protected:
   std::string folder() { return vnCommon::getDocumentOutlookPluginRootPath(); }
   std::string site() { return vnMeetingCommon::getLocalVnSiteConfigPath(); }
-  std::string inHome(const std::string& name) { return world_.surroundings.homeDirectory() + "/" + name; }
+  std::string inHome(const std::string& name) { return m_world.surroundings.homeDirectory() + "/" + name; }
 
-  TestPlatform world_;
+  TestPlatform m_world;
 };
 
 TEST_F(StoreTest, KeepsItsFilesInOneFolderBelowTheDocuments) {
@@ -43,7 +43,7 @@ TEST_F(StoreTest, KeepsItsFilesInOneFolderBelowTheDocuments) {
 
   vnCommon::setUserIdSource([] { return OptionalText("u-2"); });
   EXPECT_EQ(vnCommon::getUID(), "u-2");
-  world_.restart();
+  m_world.restart();
   EXPECT_EQ(vnCommon::getUID(), std::nullopt);
 }
 

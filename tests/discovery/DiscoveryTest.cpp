@@ -25,56 +25,56 @@ class DiscoveryTest : public ::testing::Test {
  protected:
   // The four places of the client, in the order of their search.
   std::vector<std::string> places() {
-    const std::string home = world_.surroundings.homeDirectory();
-    return {home + "/chosen/vornclient.app", world_.surroundings.applicationsDirectory() + "/vornclient.app",
+    const std::string home = m_world.surroundings.homeDirectory();
+    return {home + "/chosen/vornclient.app", m_world.surroundings.applicationsDirectory() + "/vornclient.app",
             home + "/Library/Application Support/vornclient/vornclient.app",
-            world_.surroundings.userApplicationsDirectory() + "/vornclient.app"};
+            m_world.surroundings.userApplicationsDirectory() + "/vornclient.app"};
   }
   void install(const std::string& path, const std::string& version = "5.4.59940") {
     fs::create_directories(path);
-    world_.workspace.filePackages.insert(path);
-    world_.workspace.executables[path] = path + "/Contents/MacOS/vornclient";
+    m_world.workspace.filePackages.insert(path);
+    m_world.workspace.executables[path] = path + "/Contents/MacOS/vornclient";
     setBundleValue(path, "CFBundleVersion", version);
   }
   void setBundleValue(const std::string& path, const std::string& key, const std::string& value) {
-    world_.workspace.propertyLists[path + "/Contents/Info.plist"] = Value::dictionaryFromPairs({{key, value}});
+    m_world.workspace.propertyLists[path + "/Contents/Info.plist"] = Value::dictionaryFromPairs({{key, value}});
   }
   void setOutlookVersion(const std::string& version) {
-    world_.workspace.installed[std::string(keyOutlookIdentifier)] = "/Outlook.app";
+    m_world.workspace.installed[std::string(keyOutlookIdentifier)] = "/Outlook.app";
     setBundleValue("/Outlook.app", "CFBundleShortVersionString", version);
   }
   std::vector<std::string> postedNames() {
     std::vector<std::string> names;
-    for (const auto& posted : world_.distributedNotifications.posted) names.push_back(posted.name);
+    for (const auto& posted : m_world.distributedNotifications.posted) names.push_back(posted.name);
     return names;
   }
 
-  TestPlatform world_;
-  vnAppHelper& applications_ = vnAppHelper::sharedInstance();
-  vnClientFeatureMgr& features_ = vnClientFeatureMgr::sharedInstance();
+  TestPlatform m_world;
+  vnAppHelper& m_applications = vnAppHelper::sharedInstance();
+  vnClientFeatureMgr& m_features = vnClientFeatureMgr::sharedInstance();
 };
 
 TEST_F(DiscoveryTest, FindsTheClientAtTheFirstOfItsFourPlaces) {
-  world_.userDefaults.domains[std::string(kVornusIdentify)] =
+  m_world.userDefaults.domains[std::string(kVornusIdentify)] =
       Value::dictionaryFromPairs({{"installPath", places()[0]}});
-  EXPECT_EQ(applications_.getVornClientInstallPath(), places()[3]) << "the last place, even with nothing there";
-  EXPECT_FALSE(applications_.isVornusInstalled());
+  EXPECT_EQ(m_applications.getVornClientInstallPath(), places()[3]) << "the last place, even with nothing there";
+  EXPECT_FALSE(m_applications.isVornusInstalled());
   for (std::size_t place = places().size(); place-- > 0;) {
     install(places()[place]);
-    EXPECT_EQ(applications_.getVornClientInstallPath(), places()[place]);
-    EXPECT_TRUE(applications_.isVornusInstalled());
+    EXPECT_EQ(m_applications.getVornClientInstallPath(), places()[place]);
+    EXPECT_TRUE(m_applications.isVornusInstalled());
   }
 }
 
 TEST_F(DiscoveryTest, TakesOnlyAFolderThatIsAPackageForAnApplication) {
   const std::string path = places()[1];
-  EXPECT_FALSE(applications_.IsAppExist(std::nullopt));
-  world_.workspace.filePackages.insert(path);
-  EXPECT_FALSE(applications_.IsAppExist(path)) << "missing";
+  EXPECT_FALSE(m_applications.IsAppExist(std::nullopt));
+  m_world.workspace.filePackages.insert(path);
+  EXPECT_FALSE(m_applications.IsAppExist(path)) << "missing";
   fs::create_directories(path);
-  EXPECT_TRUE(applications_.IsAppExist(path));
-  world_.workspace.filePackages.clear();
-  EXPECT_FALSE(applications_.IsAppExist(path)) << "a plain folder";
+  EXPECT_TRUE(m_applications.IsAppExist(path));
+  m_world.workspace.filePackages.clear();
+  EXPECT_FALSE(m_applications.IsAppExist(path)) << "a plain folder";
 }
 
 TEST_F(DiscoveryTest, ComparesTheClientsVersionWithEachBoundary) {
@@ -100,11 +100,11 @@ TEST_F(DiscoveryTest, ComparesTheClientsVersionWithEachBoundary) {
                                            {"5..9", "5.0.9", true},
                                            {"...", "0.0.1", false}}) {
     setBundleValue(places()[1], "CFBundleVersion", one.client);
-    EXPECT_EQ(features_.clientSupportSpecifiedFeature(one.required), one.supports)
+    EXPECT_EQ(m_features.clientSupportSpecifiedFeature(one.required), one.supports)
         << one.client << " for " << one.required;
   }
   setBundleValue(places()[1], "CFBundleVersion", "");
-  EXPECT_FALSE(features_.clientSupportSpecifiedFeature("0.0.0")) << "no version supports nothing";
+  EXPECT_FALSE(m_features.clientSupportSpecifiedFeature("0.0.0")) << "no version supports nothing";
 }
 
 TEST_F(DiscoveryTest, OffersEachCapabilityFromItsOwnVersionOn) {
@@ -134,18 +134,18 @@ TEST_F(DiscoveryTest, OffersEachCapabilityFromItsOwnVersionOn) {
                                            {&F::isVornClientSupport550Tasks, "5.4.59939", "5.4.59940"},
                                            {&F::isSupportedVornClientVersion, "3.4.99999", "3.5.1"}}) {
     setBundleValue(places()[1], "CFBundleVersion", one.before);
-    EXPECT_FALSE((features_.*one.supports)()) << one.before;
+    EXPECT_FALSE((m_features.*one.supports)()) << one.before;
     setBundleValue(places()[1], "CFBundleVersion", one.from);
-    EXPECT_TRUE((features_.*one.supports)()) << one.from;
+    EXPECT_TRUE((m_features.*one.supports)()) << one.from;
   }
   setBundleValue(places()[1], "CFBundleVersion", "");
-  EXPECT_FALSE(features_.isSupportedVornClientVersion());
+  EXPECT_FALSE(m_features.isSupportedVornClientVersion());
 }
 
 TEST_F(DiscoveryTest, LetsTheAccountAloneDecideOnDialInCountries) {
-  EXPECT_FALSE(features_.isVornClientSupportEditCountries());
-  features_.setEditCountriesSource([] { return true; });
-  EXPECT_TRUE(features_.isVornClientSupportEditCountries()) << "with no client at all";
+  EXPECT_FALSE(m_features.isVornClientSupportEditCountries());
+  m_features.setEditCountriesSource([] { return true; });
+  EXPECT_TRUE(m_features.isVornClientSupportEditCountries()) << "with no client at all";
 }
 
 TEST_F(DiscoveryTest, FallsBackToTheVersionThatTheAgentToldLast) {
@@ -159,10 +159,11 @@ TEST_F(DiscoveryTest, FallsBackToTheVersionThatTheAgentToldLast) {
   const auto answer = [](const char* action, const char* content) {
     return Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, action}, {VN_IPC_CONTENT, content}});
   };
-  world_.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT, nullptr, answer("4", "9.9.9"));
+  m_world.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT, nullptr,
+                                  answer("4", "9.9.9"));
   EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "");
-  world_.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT, nullptr,
-                                 answer("200", "4.5.6"));
+  m_world.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT, nullptr,
+                                  answer("200", "4.5.6"));
   EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "4.5.6");
   EXPECT_EQ(site.read()[vn_LocalProfile_TrashCanLink].text(), "kept");
 
@@ -171,9 +172,9 @@ TEST_F(DiscoveryTest, FallsBackToTheVersionThatTheAgentToldLast) {
 }
 
 TEST_F(DiscoveryTest, HearsTheAgentOnTheBusOnOlderSystems) {
-  world_.surroundings.version = {10, 14, 6};
+  m_world.surroundings.version = {10, 14, 6};
   vnGetClientVersionHelper::sharedInstance();
-  world_.distributedNotifications.deliver(
+  m_world.distributedNotifications.deliver(
       VN_IPC_PLUGINAGENT_TO_OUTLOOKPLUGIN,
       Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, "200"}, {VN_IPC_CONTENT, "3.9.1"}}));
   EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "3.9.1");
@@ -185,7 +186,7 @@ TEST_F(DiscoveryTest, KnowsTheLinesOfTheHostsVersion) {
     bool isSupported;
     bool isLargeThan2016;
   };
-  EXPECT_FALSE(applications_.isSupportedOutlookVersion()) << "no host";
+  EXPECT_FALSE(m_applications.isSupportedOutlookVersion()) << "no host";
   for (const Case& one : std::vector<Case>{{"14.1.3", false, false},
                                            {"14.1.4", true, false},
                                            {"14.1", false, false},
@@ -197,8 +198,8 @@ TEST_F(DiscoveryTest, KnowsTheLinesOfTheHostsVersion) {
                                            {"16.0", true, true},
                                            {"", false, false}}) {
     setOutlookVersion(one.version);
-    EXPECT_EQ(applications_.isSupportedOutlookVersion(), one.isSupported) << one.version;
-    EXPECT_EQ(applications_.isOutlookVersionLargeThan2016(), one.isLargeThan2016) << one.version;
+    EXPECT_EQ(m_applications.isSupportedOutlookVersion(), one.isSupported) << one.version;
+    EXPECT_EQ(m_applications.isOutlookVersionLargeThan2016(), one.isLargeThan2016) << one.version;
   }
 }
 
@@ -213,59 +214,59 @@ TEST_F(DiscoveryTest, PacksTheSystemsVersion) {
                                            {{10, 15, 7}, 0x1097, true},
                                            {{14, 2, 0}, 0x1420, true},
                                            {{0, 0, 0}, 0, false}}) {
-    world_.surroundings.version = one.version;
-    EXPECT_EQ(applications_.macOSVersion(), one.packed);
-    EXPECT_EQ(applications_.isSupportedOSVersion(), one.isSupported) << std::hex << one.packed;
+    m_world.surroundings.version = one.version;
+    EXPECT_EQ(m_applications.macOSVersion(), one.packed);
+    EXPECT_EQ(m_applications.isSupportedOSVersion(), one.isSupported) << std::hex << one.packed;
   }
 }
 
 TEST_F(DiscoveryTest, WakesTheClientOnlyWhileItRuns) {
-  applications_.silentActiveVornClient();
+  m_applications.silentActiveVornClient();
   EXPECT_THAT(postedNames(), IsEmpty());
-  world_.workspace.running.insert(std::string(kVornusIdentify));
-  applications_.silentActiveVornClient();
+  m_world.workspace.running.insert(std::string(kVornusIdentify));
+  m_applications.silentActiveVornClient();
   EXPECT_THAT(postedNames(), ElementsAre(kNoti_SilentActiveVornApplication));
 }
 
 TEST_F(DiscoveryTest, LaunchesTheClientOrBringsARunningOneForward) {
-  EXPECT_FALSE(applications_.LaunchVornClient()) << "not installed";
+  EXPECT_FALSE(m_applications.LaunchVornClient()) << "not installed";
   install(places()[1]);
-  EXPECT_TRUE(applications_.LaunchVornClient());
-  EXPECT_THAT(world_.workspace.launched, ElementsAre(places()[1] + "/Contents/MacOS/vornclient"));
-  world_.workspace.launchSucceeds = false;
-  EXPECT_FALSE(applications_.LaunchVornClient());
+  EXPECT_TRUE(m_applications.LaunchVornClient());
+  EXPECT_THAT(m_world.workspace.launched, ElementsAre(places()[1] + "/Contents/MacOS/vornclient"));
+  m_world.workspace.launchSucceeds = false;
+  EXPECT_FALSE(m_applications.LaunchVornClient());
 
-  world_.workspace.running.insert(std::string(kVornusIdentify));
-  EXPECT_FALSE(applications_.LaunchVornClient()) << "though the notification goes out";
+  m_world.workspace.running.insert(std::string(kVornusIdentify));
+  EXPECT_FALSE(m_applications.LaunchVornClient()) << "though the notification goes out";
   ASSERT_THAT(postedNames(), ElementsAre(kNoti_ActivateVornApplicationExternally));
-  EXPECT_EQ(world_.distributedNotifications.posted[0].userInfo,
+  EXPECT_EQ(m_world.distributedNotifications.posted[0].userInfo,
             Value::dictionaryFromPairs({{kParam_ActivateVornApplicationExternally, kVornLaunchURL}}));
 }
 
 TEST_F(DiscoveryTest, OffersToLaunchTheClientAndLeavesItToTheAgentOnNewerHosts) {
   install(places()[1]);
   setOutlookVersion("15.8");
-  world_.presenter.scriptedAnswers = {Presenter::Answer::alternateButton, Presenter::Answer::defaultButton,
-                                      Presenter::Answer::defaultButton, Presenter::Answer::defaultButton};
+  m_world.presenter.scriptedAnswers = {Presenter::Answer::alternateButton, Presenter::Answer::defaultButton,
+                                       Presenter::Answer::defaultButton, Presenter::Answer::defaultButton};
   vnClientNotRunningError& error = vnClientNotRunningError::sharedInstance();
   error.showClientError(HostObject(), "It does not run.");
-  EXPECT_THAT(world_.workspace.launched, IsEmpty()) << "cancelled";
+  EXPECT_THAT(m_world.workspace.launched, IsEmpty()) << "cancelled";
   error.showClientError(HostObject(), "It does not run.");
-  EXPECT_EQ(world_.workspace.launched.size(), 1u);
+  EXPECT_EQ(m_world.workspace.launched.size(), 1u);
   setOutlookVersion("15.9");
-  world_.workspace.running.insert(std::string(kVornusIdentify));
+  m_world.workspace.running.insert(std::string(kVornusIdentify));
   error.showClientError(HostObject(0x5), "It does not run.");
   error.showClientErrorWithoutLaunchClient(HostObject(), "It does not run.");
-  EXPECT_EQ(world_.workspace.launched.size(), 1u);
+  EXPECT_EQ(m_world.workspace.launched.size(), 1u);
   EXPECT_THAT(postedNames(), ElementsAre(kIPCPluginLaunchClient));
 
-  const Presenter::Alert& alert = world_.presenter.alerts[2].alert;
-  EXPECT_EQ(world_.presenter.alerts[2].window, HostObject(0x5));
+  const Presenter::Alert& alert = m_world.presenter.alerts[2].alert;
+  EXPECT_EQ(m_world.presenter.alerts[2].window, HostObject(0x5));
   EXPECT_EQ(alert.title, "");
   EXPECT_EQ(alert.message, "It does not run.");
   EXPECT_EQ(alert.defaultButton, "Button_LaunchClient") << "the key itself without a table";
   EXPECT_EQ(alert.icon, "warning.png");
-  EXPECT_EQ(world_.presenter.alerts[3].alert.alternateButton, "");
+  EXPECT_EQ(m_world.presenter.alerts[3].alert.alternateButton, "");
 }
 
 }  // namespace

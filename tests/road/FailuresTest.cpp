@@ -203,8 +203,8 @@ class Failures : public testing::TestWithParam<Operation> {
     undisturbed.openAndType();
     GetParam().perform(undisturbed.world, undisturbed.editor);
     EXPECT_FALSE(undisturbed.world.host.isOpen(undisturbed.editor));
-    good_ = undisturbed.outcome();
-    requests_ = undisturbed.world.client->requestNames();
+    m_good = undisturbed.outcome();
+    m_requests = undisturbed.world.client->requestNames();
   }
 
   // The operation failed or it did not; it did nothing by halves.
@@ -212,7 +212,7 @@ class Failures : public testing::TestWithParam<Operation> {
     RoadWorld& world = scene.world;
     EXPECT_FALSE(world.test.presenter.showsProgress());
     if (!world.host.isOpen(scene.editor)) {
-      EXPECT_EQ(scene.outcome(), good_);
+      EXPECT_EQ(scene.outcome(), m_good);
       return;
     }
     EXPECT_EQ(world.calendarText(), scene.before);
@@ -240,16 +240,16 @@ class Failures : public testing::TestWithParam<Operation> {
       }
     }
     EXPECT_FALSE(world.host.isOpen(scene.editor)) << world.lastAlert();
-    EXPECT_EQ(scene.outcome(), good_);
+    EXPECT_EQ(scene.outcome(), m_good);
   }
 
-  std::string good_;
-  std::vector<std::string> requests_;
+  std::string m_good;
+  std::vector<std::string> m_requests;
 };
 
 TEST_P(Failures, AtAnyRequestCostNothingAndAreOverWhenTheTroubleIs) {
-  for (std::size_t moment = GetParam().firstMoment; moment <= requests_.size(); ++moment) {
-    const std::string& request = requests_[moment - 1];
+  for (std::size_t moment = GetParam().firstMoment; moment <= m_requests.size(); ++moment) {
+    const std::string& request = m_requests[moment - 1];
     const bool isCommit = request == "3/1" || request == "3/2";
     // Nothing waits for the audio conferences, whatever the operation.
     if (request == "9" && GetParam().hadMeeting) continue;
@@ -305,7 +305,7 @@ TEST_P(Failures, OfTheHostsOwnSaveLeaveTheEditorOpen) {
   scene.world.setHostStores(true);
   finish(scene.world, scene.editor);
   EXPECT_FALSE(scene.world.host.isOpen(scene.editor));
-  EXPECT_EQ(scene.outcome(), good_);
+  EXPECT_EQ(scene.outcome(), m_good);
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Failures, testing::ValuesIn(kOperations), [](const auto& info) {

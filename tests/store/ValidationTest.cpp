@@ -11,7 +11,7 @@ namespace {
 
 class ValidationTest : public ::testing::Test {
  protected:
-  TestPlatform world_;
+  TestPlatform m_world;
 };
 
 TEST_F(ValidationTest, KnowsAnAddressWhenItSeesOne) {
@@ -70,7 +70,7 @@ TEST_F(ValidationTest, AnswersHostileTextsAtOnce) {
 
 TEST_F(ValidationTest, NamesCountriesInTheUsersLanguage) {
   EXPECT_EQ(vnCommon::getCountryNameByCode("DE"), "Germany");
-  world_.surroundings.languages = {"de-DE", "en"};
+  m_world.surroundings.languages = {"de-DE", "en"};
   EXPECT_EQ(vnCommon::getCountryNameByCode("DE"), "Deutschland");
   EXPECT_EQ(vnCommon::getCountryNameByCode("no such code"), "no such code");
   EXPECT_EQ(vnCommon::getCountryNameByCode("QQ"), "QQ");

@@ -25,22 +25,22 @@ namespace fs = std::filesystem;
 // A home folder of a chosen length, in place of the platform's own.
 class HomeAt final : public Surroundings {
  public:
-  HomeAt(Surroundings& other, std::string home) : other_(other), home_(std::move(home)) {}
-  std::string homeDirectory() override { return home_; }
-  std::string documentsDirectory() override { return other_.documentsDirectory(); }
-  std::string applicationsDirectory() override { return other_.applicationsDirectory(); }
-  std::string userApplicationsDirectory() override { return other_.userApplicationsDirectory(); }
+  HomeAt(Surroundings& other, std::string home) : m_other(other), m_home(std::move(home)) {}
+  std::string homeDirectory() override { return m_home; }
+  std::string documentsDirectory() override { return m_other.documentsDirectory(); }
+  std::string applicationsDirectory() override { return m_other.applicationsDirectory(); }
+  std::string userApplicationsDirectory() override { return m_other.userApplicationsDirectory(); }
   std::optional<std::string> resource(std::string_view name, std::string_view type) override {
-    return other_.resource(name, type);
+    return m_other.resource(name, type);
   }
-  Version systemVersion() override { return other_.systemVersion(); }
-  std::vector<std::string> preferredLanguages() override { return other_.preferredLanguages(); }
-  double currentTime() override { return other_.currentTime(); }
-  std::uint32_t random32() override { return other_.random32(); }
+  Version systemVersion() override { return m_other.systemVersion(); }
+  std::vector<std::string> preferredLanguages() override { return m_other.preferredLanguages(); }
+  double currentTime() override { return m_other.currentTime(); }
+  std::uint32_t random32() override { return m_other.random32(); }
 
  private:
-  Surroundings& other_;
-  std::string home_;
+  Surroundings& m_other;
+  std::string m_home;
 };
 
 std::size_t openDescriptors() {
@@ -70,9 +70,9 @@ class SocketClientTest : public ::testing::Test {
   SocketClientTest() {
     for (const std::string_view name :
          {NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT}) {
-      subscriptions_.push_back(
-          world_.notificationCenter.observe(name, [this](const NotificationCenter::Notification& posted) {
-            received_.emplace_back(posted.name, posted.userInfo);
+      m_subscriptions.push_back(
+          m_world.notificationCenter.observe(name, [this](const NotificationCenter::Notification& posted) {
+            m_received.emplace_back(posted.name, posted.userInfo);
           }));
     }
   }
@@ -80,20 +80,20 @@ class SocketClientTest : public ::testing::Test {
   bool waitUntil(const std::function<bool()>& condition) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     while (true) {
-      world_.runLoop.runDue();
+      m_world.runLoop.runDue();
       if (condition()) return true;
       if (std::chrono::steady_clock::now() > deadline) return false;
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
   }
 
-  std::string socketPath() { return world_.surroundings.homeDirectory() + "/s.vop"; }
+  std::string socketPath() { return m_world.surroundings.homeDirectory() + "/s.vop"; }
   vSocketClientImpl& client() { return vSocketClientImpl::shareInstance(); }
 
   // Contents of what has come in so far.
   std::vector<std::string> contents() const {
     std::vector<std::string> all;
-    for (const auto& [name, envelope] : received_) all.push_back(envelope[VN_IPC_CONTENT].text());
+    for (const auto& [name, envelope] : m_received) all.push_back(envelope[VN_IPC_CONTENT].text());
     return all;
   }
 
@@ -104,9 +104,9 @@ class SocketClientTest : public ::testing::Test {
     return peer;
   }
 
-  TestPlatform world_;
-  std::vector<std::pair<std::string, Value>> received_;
-  std::vector<NotificationCenter::Subscription> subscriptions_;
+  TestPlatform m_world;
+  std::vector<std::pair<std::string, Value>> m_received;
+  std::vector<NotificationCenter::Subscription> m_subscriptions;
 };
 
 TEST_F(SocketClientTest, ShowsEveryStateByItsDescriptorAndNoticesNoFailure) {
@@ -165,16 +165,16 @@ TEST_F(SocketClientTest, DeliversRepliesOnTheMainThreadUnderTheNameOfTheirRole) 
   TestListener listener(socketPath());
   const TestDescriptor peer = connected(listener);
   TestListener::write(peer, R"({"actionId":"4","content":"a"})");
-  ASSERT_TRUE(waitUntil([&] { return received_.size() == 1; }));
+  ASSERT_TRUE(waitUntil([&] { return m_received.size() == 1; }));
   TestListener::write(peer, R"({"content":"5.1.0","actionId":"200","extra":"dropped"})");
-  ASSERT_TRUE(waitUntil([&] { return received_.size() == 2; }));
+  ASSERT_TRUE(waitUntil([&] { return m_received.size() == 2; }));
   TestListener::write(peer, R"({"content":"b","actionId":"many"})");
-  ASSERT_TRUE(waitUntil([&] { return received_.size() == 3; }));
+  ASSERT_TRUE(waitUntil([&] { return m_received.size() == 3; }));
 
-  EXPECT_EQ(received_[0].first, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN);
-  EXPECT_EQ(received_[1].first, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT);
-  EXPECT_EQ(received_[2].first, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN);
-  EXPECT_EQ(received_[1].second,
+  EXPECT_EQ(m_received[0].first, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN);
+  EXPECT_EQ(m_received[1].first, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGINAGENT);
+  EXPECT_EQ(m_received[2].first, NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN);
+  EXPECT_EQ(m_received[1].second,
             Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, "200"}, {VN_IPC_CONTENT, "5.1.0"}}));
 }
 
@@ -186,7 +186,7 @@ TEST_F(SocketClientTest, GathersALongReplyThatComesInPieces) {
   for (std::size_t at = 0; at < message.size(); at += 3001) {
     TestListener::write(peer, std::string_view(message).substr(at, 3001));
   }
-  ASSERT_TRUE(waitUntil([&] { return !received_.empty(); }));
+  ASSERT_TRUE(waitUntil([&] { return !m_received.empty(); }));
   EXPECT_THAT(contents(), ElementsAre(content));
 }
 
@@ -196,7 +196,7 @@ TEST_F(SocketClientTest, DropsWhatIsNoEnvelopeAndGoesOn) {
     client().handleSocketGetRequestDone_OLPlugin(dropped);
   }
   client().handleSocketGetRequestDone_OLPlugin(std::nullopt);
-  EXPECT_THAT(received_, IsEmpty());
+  EXPECT_THAT(m_received, IsEmpty());
 
   TestListener listener(socketPath());
   const TestDescriptor peer = connected(listener);
@@ -208,7 +208,7 @@ TEST_F(SocketClientTest, DropsWhatIsNoEnvelopeAndGoesOn) {
     return connected(listener);
   }();
   TestListener::write(second, good);
-  ASSERT_TRUE(waitUntil([&] { return !received_.empty(); }));
+  ASSERT_TRUE(waitUntil([&] { return !m_received.empty(); }));
   EXPECT_THAT(contents(), ElementsAre("good"));
 }
 
@@ -231,9 +231,9 @@ TEST_F(SocketClientTest, AcceptsPathsUpToTheLimitsOfTheSystem) {
     ASSERT_LT(home.size(), one.homeBytes);
     home.append(one.homeBytes - home.size(), 'h');
     fs::create_directories(home);
-    HomeAt surroundings(world_.surroundings, home);
-    world_.platform().surroundings = &surroundings;
-    world_.restart();
+    HomeAt surroundings(m_world.surroundings, home);
+    m_world.platform().surroundings = &surroundings;
+    m_world.restart();
 
     TestListener listener((home + "/s.vop").substr(0, 104));
     ASSERT_TRUE(listener.isReady()) << one.name;
@@ -242,8 +242,8 @@ TEST_F(SocketClientTest, AcceptsPathsUpToTheLimitsOfTheSystem) {
     EXPECT_EQ(static_cast<bool>(listener.accept(one.connects ? 5000 : 200)), one.connects) << one.name;
 
     fs::remove_all(root);
-    world_.platform().surroundings = &world_.surroundings;
-    world_.restart();
+    m_world.platform().surroundings = &m_world.surroundings;
+    m_world.restart();
   }
 }
 
@@ -270,10 +270,10 @@ TEST_F(SocketClientTest, GivesTheMemoryOfLongRepliesBack) {
   const auto receive = [&](int replies) {
     for (int i = 0; i < replies; ++i) {
       TestListener::write(peer, reply);
-      ASSERT_TRUE(waitUntil([&] { return !received_.empty(); }));
-      ASSERT_EQ(received_.back().second[VN_IPC_CONTENT].text().size(), 1'000'000u);
-      received_.clear();
-      world_.trace.steps.clear();
+      ASSERT_TRUE(waitUntil([&] { return !m_received.empty(); }));
+      ASSERT_EQ(m_received.back().second[VN_IPC_CONTENT].text().size(), 1'000'000u);
+      m_received.clear();
+      m_world.trace.steps.clear();
     }
   };
   receive(10);
@@ -287,12 +287,12 @@ TEST_F(SocketClientTest, EndsWithReadersAtWorkAndMessagesUndelivered) {
   TestListener listener(socketPath());
   TestDescriptor peer = connected(listener);
   TestListener::write(peer, R"({"actionId":"4","content":"late"})");
-  ASSERT_TRUE(waitUntil([&] { return !received_.empty() || world_.runLoop.waiting() > 0; }));
+  ASSERT_TRUE(waitUntil([&] { return !m_received.empty() || m_world.runLoop.waiting() > 0; }));
   TestListener::write(peer, R"({"actionId":"4","content":"later"})");
   client().connect();
-  world_.restart();
-  world_.runLoop.runDue();
-  EXPECT_LE(received_.size(), 1u);
+  m_world.restart();
+  m_world.runLoop.runDue();
+  EXPECT_LE(m_received.size(), 1u);
 }
 
 TEST_F(SocketClientTest, WaitsForAListenerWithAFullQueueButEndsWhenTold) {
@@ -305,7 +305,7 @@ TEST_F(SocketClientTest, WaitsForAListenerWithAFullQueueButEndsWhenTold) {
     ASSERT_TRUE(waitUntil([&] { return client().fd() > 0; }));
   }
   const auto begin = std::chrono::steady_clock::now();
-  world_.restart();
+  m_world.restart();
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(3));
 }
 
@@ -319,14 +319,14 @@ TEST_F(SocketClientTest, TellsTheTraceOfEnvelopesInBothDirectionsCovered) {
   EXPECT_THAT(sent, HasSubstr(R"("actionId")"));
   EXPECT_THAT(sent, HasSubstr(R"(\"geheim\")")) << "the client gets it as it is";
   TestListener::write(peer, R"({"actionId":"4","content":"Passcode: 99 @"})");
-  ASSERT_TRUE(waitUntil([&] { return !received_.empty(); }));
+  ASSERT_TRUE(waitUntil([&] { return !m_received.empty(); }));
 
-  ASSERT_EQ(world_.trace.steps.size(), 3u);
-  EXPECT_EQ(world_.trace.steps[0].step, "dropped");
-  EXPECT_EQ(world_.trace.steps[1].step, "sent");
-  EXPECT_EQ(world_.trace.steps[1].facts["content"].text(), R"({"meetingPassword":"******"})");
-  EXPECT_EQ(world_.trace.steps[2].step, "received");
-  EXPECT_EQ(world_.trace.steps[2].facts["content"].text(), "Passcode: ****** ******");
+  ASSERT_EQ(m_world.trace.steps.size(), 3u);
+  EXPECT_EQ(m_world.trace.steps[0].step, "dropped");
+  EXPECT_EQ(m_world.trace.steps[1].step, "sent");
+  EXPECT_EQ(m_world.trace.steps[1].facts["content"].text(), R"({"meetingPassword":"******"})");
+  EXPECT_EQ(m_world.trace.steps[2].step, "received");
+  EXPECT_EQ(m_world.trace.steps[2].facts["content"].text(), "Passcode: ****** ******");
 }
 
 }  // namespace

@@ -270,9 +270,9 @@ TEST_F(Location, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
 
 class AnyText {
  public:
-  explicit AnyText(unsigned seed) : random_(seed) {}
+  explicit AnyText(unsigned seed) : m_random(seed) {}
 
-  std::size_t below(std::size_t limit) { return random_() % limit; }
+  std::size_t below(std::size_t limit) { return m_random() % limit; }
   // A text that holds none of our URLs and rooms, without blanks and separators at its ends.
   std::string own() {
     static const std::array<std::string, 16> pieces{"a",  "b", "Z", "ö", "東", "😀", ";", "; ",
@@ -285,7 +285,7 @@ class AnyText {
   }
 
  private:
-  std::mt19937 random_;
+  std::mt19937 m_random;
 };
 
 std::string withoutSeparators(std::string text) {

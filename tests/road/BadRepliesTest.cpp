@@ -59,17 +59,17 @@ std::string joined(const std::vector<std::string>& fields) {
 // A person at an editor, and a client at the other end of the socket that spoils the replies to one request.
 class SpoiledRoad {
  public:
-  SpoiledRoad(std::uint32_t spoiled, Spoiling spoiling) : spoiled_(spoiled), spoiling_(std::move(spoiling)) {
-    peer_ = listener_->accept();
-    EXPECT_TRUE(peer_);
+  SpoiledRoad(std::uint32_t spoiled, Spoiling spoiling) : m_spoiled(spoiled), m_spoiling(std::move(spoiling)) {
+    m_peer = m_listener->accept();
+    EXPECT_TRUE(m_peer);
   }
 
   // Goes as far as a spoiled reply lets the road go.
   void addMeeting() {
-    editor_ = world_.openEditor("one");
-    world_.host.typeSubject(editor_, "Renamed");
-    world_.host.clickBar(editor_, "onClickAddVornMeeting:");
-    EXPECT_TRUE(exchangeUntil([this] { return hasSpoiled_; }));
+    m_editor = m_world.openEditor("one");
+    m_world.host.typeSubject(m_editor, "Renamed");
+    m_world.host.clickBar(m_editor, "onClickAddVornMeeting:");
+    EXPECT_TRUE(exchangeUntil([this] { return m_hasSpoiled; }));
     // Lets the reader come to the spoiled reply. Whether it has read a long one to its end by now changes no
     // answer.
     for (int rounds = 0; rounds < 5; ++rounds) exchange();
@@ -83,35 +83,35 @@ class SpoiledRoad {
     return condition();
   }
 
-  bool showsMeeting() { return world_.showsMeeting(editor_); }
+  bool showsMeeting() { return m_world.showsMeeting(m_editor); }
 
   void expectNothingLost() {
-    world_.settle(120);
-    ASSERT_TRUE(world_.host.isOpen(editor_));
-    EXPECT_TRUE(world_.host.isDirty(editor_));
-    EXPECT_EQ(world_.host.subject(editor_), "Renamed");
-    EXPECT_EQ(world_.calendarText(), before_);
-    EXPECT_FALSE(world_.test.presenter.showsProgress());
+    m_world.settle(120);
+    ASSERT_TRUE(m_world.host.isOpen(m_editor));
+    EXPECT_TRUE(m_world.host.isDirty(m_editor));
+    EXPECT_EQ(m_world.host.subject(m_editor), "Renamed");
+    EXPECT_EQ(m_world.calendarText(), m_before);
+    EXPECT_FALSE(m_world.test.presenter.showsProgress());
   }
 
  private:
   void exchange() {
-    world_.settle(0.01);
-    pollfd readable{peer_.number(), POLLIN, 0};
+    m_world.settle(0.01);
+    pollfd readable{m_peer.number(), POLLIN, 0};
     if (::poll(&readable, 1, 5) <= 0) return;
     char piece[65536];
-    const ssize_t count = ::read(peer_.number(), piece, sizeof piece);
+    const ssize_t count = ::read(m_peer.number(), piece, sizeof piece);
     if (count <= 0) return;
-    for (const std::string& request : scanner_.feed({piece, static_cast<std::size_t>(count)})) answer(request);
+    for (const std::string& request : m_scanner.feed({piece, static_cast<std::size_t>(count)})) answer(request);
   }
 
   void answer(const std::string& text) {
     const std::optional<vornlab::Envelope> request = vornlab::fromText(text);
     ASSERT_TRUE(request);
-    for (const vornlab::Envelope& reply : world_.service.handle(*request)) {
-      const bool spoils = reply.action == spoiled_;
-      hasSpoiled_ |= spoils;
-      TestListener::write(peer_, spoils ? spoiling_(reply) : vornlab::toText(reply));
+    for (const vornlab::Envelope& reply : m_world.service.handle(*request)) {
+      const bool spoils = reply.action == m_spoiled;
+      m_hasSpoiled |= spoils;
+      TestListener::write(m_peer, spoils ? m_spoiling(reply) : vornlab::toText(reply));
       waitUntilTaken();
     }
   }
@@ -120,25 +120,25 @@ class SpoiledRoad {
   void waitUntilTaken() const {
     int waiting = 1;
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (::ioctl(peer_.number(), SIOCOUTQ, &waiting) == 0 && waiting > 0 &&
+    while (::ioctl(m_peer.number(), SIOCOUTQ, &waiting) == 0 && waiting > 0 &&
            std::chrono::steady_clock::now() < deadline) {
       ::usleep(200);
     }
   }
 
-  std::uint32_t spoiled_;
-  Spoiling spoiling_;
-  bool hasSpoiled_ = false;
-  std::optional<TestListener> listener_;
-  RoadWorld world_{calendarWith("SUMMARY:Review\r\n"), RoadWorld::Channel::socket,
-                   [this](const std::string& home) {
-                     listener_.emplace(home + "/s.vop");
-                     EXPECT_TRUE(listener_->isReady());
-                   }};
-  const std::string before_ = world_.calendarText();
-  TestDescriptor peer_;
-  vornlab::MessageScanner scanner_;
-  RoadWorld::EditorId editor_{};
+  std::uint32_t m_spoiled;
+  Spoiling m_spoiling;
+  bool m_hasSpoiled = false;
+  std::optional<TestListener> m_listener;
+  RoadWorld m_world{calendarWith("SUMMARY:Review\r\n"), RoadWorld::Channel::socket,
+                    [this](const std::string& home) {
+                      m_listener.emplace(home + "/s.vop");
+                      EXPECT_TRUE(m_listener->isReady());
+                    }};
+  const std::string m_before = m_world.calendarText();
+  TestDescriptor m_peer;
+  vornlab::MessageScanner m_scanner;
+  RoadWorld::EditorId m_editor{};
 };
 
 constexpr std::uint32_t kReplies[] = {action::kProfile, action::kAudioConferences, action::kSchedule,
