@@ -5,7 +5,8 @@
 namespace vorn {
 
 // The main thread's dictionary: single-shot hand-overs from a toolbar command to the bar of an editor that does
-// not exist yet. It works because everything stays on one thread.
+// not exist yet. It works because everything stays on one thread. Whoever leaves something takes it back when the
+// window that was to fetch it has not come.
 class ThreadDictionary {
  public:
   static ThreadDictionary& sharedInstance();

@@ -65,8 +65,9 @@ OptionalText WorkflowDirectory::mailBodyWithPACText(const OptionalText& sourceBo
   return vnBodyHelper::sharedInstance().updateBodyForPAC(sourceBody, text, isHTML);
 }
 
-void WorkflowDirectory::noteNewBody(const OptionalText& body) {
-  vnApptDataForSaveRecord::sharedInstance().setOLNewBody(body);
+void WorkflowDirectory::noteNewBody(const HostObject& editor, const OptionalText& body) {
+  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  if (bar) vnApptDataForSaveRecord::sharedInstance().of(bar).setOLNewBody(body);
 }
 
 OptionalText WorkflowDirectory::uuidInCalendarText(const OptionalText& calendarText) {

@@ -24,7 +24,7 @@ class WorkflowDirectory : public ApptWindowDirectory, public MeetingOwners {
   OptionalText getMailBodyWithVornContentFor1520(const HostObject& editor, const OptionalText& sourceBody,
                                                  const OptionalText& vnEmailBody, bool isHTMLBody) override;
   OptionalText mailBodyWithPACText(const OptionalText& sourceBody, const OptionalText& text, bool isHTML) override;
-  void noteNewBody(const OptionalText& body) override;
+  void noteNewBody(const HostObject& editor, const OptionalText& body) override;
   OptionalText uuidInCalendarText(const OptionalText& calendarText) override;
   OptionalText meetingNumberInCalendarText(const OptionalText& calendarText) override;
 };

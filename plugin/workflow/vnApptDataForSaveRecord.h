@@ -1,18 +1,19 @@
 #pragma once
 
+#include <list>
+#include <memory>
+#include <vector>
+
 #include "util/HostObject.h"
 #include "util/Value.h"
+#include "workflow/MeetingBar.h"
 
 namespace vorn {
 
-// What a save has to write, carried from the editor to the moment when the host really stores the event.
-//
-// One record serves the whole process, so it holds the data of one save at a time: a save of a second window
-// between the hook and the store overwrites it. Setting an absent text clears it.
-class vnApptDataForSaveRecord {
+// What the save of one appointment window has to write, carried from the editor to the moment when the host really
+// stores the event. Setting an absent text clears it.
+class ApptSaveData {
  public:
-  static vnApptDataForSaveRecord& sharedInstance();
-
   // A delete is being saved: the cleaned location and body have to be written.
   bool needClearLocation() const { return m_bNeedClearLocation; }
   void setNeedClearLocation(bool need) { m_bNeedClearLocation = need; }
@@ -29,14 +30,6 @@ class vnApptDataForSaveRecord {
   const OptionalText& getOLNewBody() const { return m_olNewBody; }
   void setOLNewBody(const OptionalText& body) { m_olNewBody = body; }
 
-  // The host's body editor that was hosted last. Not owned.
-  HostObject olWordMailEditor() const { return m_olWordMailEditor; }
-  void setOLWordMailEditor(const HostObject& editor);
-  void cleanupOLWordMailEditor() { m_olWordMailEditor = {}; }
-
-  // Ends the save: everything but the body editor is forgotten.
-  void cleanup();
-
  private:
   bool m_bNeedClearLocation = false;
   OptionalText m_olNewLocation;
@@ -44,8 +37,44 @@ class vnApptDataForSaveRecord {
   OptionalText m_joinURLFromProperty;
   OptionalText m_vnOLPropertyData;
   bool m_bIsPACMeeting = false;
-  HostObject m_olWordMailEditor;
   OptionalText m_olNewBody;
+};
+
+// The one place of the process where windows leave what their saves have to write, and where the host's editors
+// find their body editors.
+//
+// Several windows may wait for their saves at once, so what each left is kept under its bar and reaches no other
+// appointment. It goes with the store that writes it, or with the window. Main thread only.
+class vnApptDataForSaveRecord {
+ public:
+  static vnApptDataForSaveRecord& sharedInstance();
+
+  // What the bar's window has left; empty data when it has left nothing yet. The reference is good until they are
+  // taken or cleaned up. The bar must not be null.
+  ApptSaveData& of(const std::shared_ptr<MeetingBar>& bar);
+  // The windows that have left something.
+  std::vector<std::shared_ptr<MeetingBar>> windows() const;
+  // Ends the save of the bar's window: whatever it has left is given out, and forgotten here.
+  ApptSaveData take(const MeetingBar* bar);
+  void cleanup(const MeetingBar* bar);
+
+  // The host's body editor that was hosted last by this editor; absent when none was. Nothing is owned.
+  HostObject olWordMailEditor(const HostObject& editorViewController) const;
+  void setOLWordMailEditor(const HostObject& editorViewController, const HostObject& wordMailEditor);
+  void cleanupOLWordMailEditor(const HostObject& wordMailEditor);
+
+ private:
+  struct Left {
+    std::shared_ptr<MeetingBar> bar;
+    ApptSaveData data;
+  };
+  struct Hosted {
+    HostObject editorViewController;
+    HostObject wordMailEditor;
+  };
+
+  std::list<Left> m_left;
+  std::vector<Hosted> m_olWordMailEditors;
 };
 
 }  // namespace vorn

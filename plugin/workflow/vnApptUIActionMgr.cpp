@@ -68,10 +68,9 @@ int vnApptUIActionMgr::changeVNMeeting(const std::shared_ptr<MeetingBar>& bar, i
 }
 
 void vnApptUIActionMgr::updateSavedLocationForSaveOrSend(const HostObject& editor) {
-  vnERCalendarEventEditorViewController proxy(editor);
-  if (const OptionalText location = proxy.getLocationFromUI()) {
-    vnApptDataForSaveRecord::sharedInstance().setOLNewLocation(location);
-  }
+  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  const OptionalText location = vnERCalendarEventEditorViewController(editor).getLocationFromUI();
+  if (bar && location) vnApptDataForSaveRecord::sharedInstance().of(bar).setOLNewLocation(location);
 }
 
 void vnApptUIActionMgr::createVnAdditionViewOnCalHeaderContainerView(const HostObject& headerView) {

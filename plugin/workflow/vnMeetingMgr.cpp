@@ -80,7 +80,10 @@ void vnMeetingMgr::cleanup() {
   m_subscriptions.clear();
   Registry::platform().runLoop->cancelPrevious(this);
   clearAllSavedData();
-  vnApptDataForSaveRecord::sharedInstance().cleanupOLWordMailEditor();
+  if (const auto bar = ownBar()) {
+    vnApptDataForSaveRecord::sharedInstance().cleanupOLWordMailEditor(bar->olWordMailEditor());
+    vnApptDataForSaveRecord::sharedInstance().cleanup(bar.get());
+  }
   m_bOpenFromVornClient = false;
   m_meetingDataMgr->cleanup();
   m_apiMgr->cleanup();

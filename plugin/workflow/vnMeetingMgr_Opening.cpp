@@ -58,7 +58,7 @@ bool vnMeetingMgr::loadICSDataForClientSchedule(vnECCalendarEvent& event) {
   if (const OptionalText location = event.getVnMeetingData()[vn_ApptInfo_Location].optionalText()) {
     // The client puts nothing but the join URL into the location.
     m_meetingDataMgr->setJoinUrl(location);
-    vnApptDataForSaveRecord::sharedInstance().setJoinURLFromProperty(location);
+    vnApptDataForSaveRecord::sharedInstance().of(bar).setJoinURLFromProperty(location);
   }
   bar->setAutoUpdateVornMeetingFlag();
   bar->autoAddToVnMeeting();
@@ -87,10 +87,11 @@ void vnMeetingMgr::onGetMeetingByApptUUIDActionFinished(const Value& data) {
   const Value info = m_getMeetingHelper->getMeetingInfo();
   m_meetingDataMgr->setMeetingKey(info[vn_MeetingKey].optionalText());
   m_meetingDataMgr->setJoinUrl(info[vn_Meeting_JoinUrl].optionalText());
-  vnApptDataForSaveRecord::sharedInstance().setJoinURLFromProperty(info[vn_Meeting_JoinUrl].optionalText());
 
   const auto bar = barOfReply(data);
   if (!bar) return;
+  vnApptDataForSaveRecord::sharedInstance().of(bar).setJoinURLFromProperty(
+      info[vn_Meeting_JoinUrl].optionalText());
   if (const HostObject event = bar->ecCalendarEvent()) {
     m_meetingDataMgr->setOccurrenceIsSingleVornMeeting(vnECCalendarEvent(event).occurrenceIsSingleVornMeeting());
     bar->updateSupportVornButtonFlag(event);

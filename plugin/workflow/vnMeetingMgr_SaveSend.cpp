@@ -16,12 +16,14 @@
 #include "platform/RunLoop.h"
 #include "util/TextSearch.h"
 #include "util/vnOLUtils.h"
+#include "workflow/RunningSave.h"
 #include "workflow/SettingsPanel.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnMeetingMgr.h"
 #include "workflow/vnOnbehalfData.h"
+#include "workflow/vnSavePreparation.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -133,11 +135,11 @@ void vnMeetingMgr::onSchdulerActionFinished(std::uint64_t command, const Value& 
     bar->onUIChanged(VnUIMeeting);
   }
   notifyActionResultToCalActionMgr(response);
-  vnApptDataForSaveRecord::sharedInstance().setNeedClearLocation(false);
   if (!bar) {
     scheduleCloseOLAppointment({});
     return;
   }
+  vnApptDataForSaveRecord::sharedInstance().of(bar).setNeedClearLocation(false);
   if (SettingsPanel* panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
     settingsPanels()->addToInputAlternateHostHistory(panel->getVnSettingsData()[vn_Setting_AlternateHosts]);
   }
@@ -230,8 +232,11 @@ void vnMeetingMgr::updateVnKeyInfoToAppointment(const HostObject& editor, const 
   userLocation = replacingAll(userLocation, "?from=addon", "");
 
   m_meetingDataMgr->setJoinUrl(meetingInfo[vn_Meeting_JoinUrl].optionalText());
-  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
-  OptionalText location = getVnLocation(barOfEditor(editor));
+  const auto bar = barOfEditor(editor);
+  // Without a bar there is no location of ours, and nobody to leave anything for.
+  if (!bar) return;
+  ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
+  OptionalText location = getVnLocation(bar);
   if (location) save.setVnLocation(location);
 
   if (needUpdateLocation(editor, oldJoinUrl)) {
@@ -297,9 +302,11 @@ void vnMeetingMgr::updateVnMeetingInfoToAppointmentForDelete(const HostObject& e
     location = replacingAll(std::string_view(location).substr(0, at), "; ", "");
   }
   if (event) event->setLocation(location);
-  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
-  save.setOLNewLocation(location);
-  save.setNeedClearLocation(true);
+  if (const auto bar = barOfEditor(editor)) {
+    ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
+    save.setOLNewLocation(location);
+    save.setNeedClearLocation(true);
+  }
   proxy.updateLocationFieldFromUI(location);
   proxy.setLocation(location);
 }
@@ -322,6 +329,7 @@ void vnMeetingMgr::closeOLAppointment(const HostObject& editor) {
   }
 
   vnERCalendarEventEditorViewController proxy(editor);
+  renewBodyToStore(proxy);
   const int action = bar->olUIAction();
   const bool uuidWasMissing = getApptUUID(editor).value_or("").empty();
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
@@ -345,6 +353,7 @@ void vnMeetingMgr::closeOLAppointment(const HostObject& editor) {
     });
   };
 
+  const RunningSave ofThisWindow(bar);
   if (!proxy.attendeeList().items().empty()) {
     // With attendees only a send is made again. An appointment that was saved and not sent stays open with its
     // data written.

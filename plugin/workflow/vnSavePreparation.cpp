@@ -18,24 +18,33 @@ std::shared_ptr<MeetingBar> barOfEditor(const HostObject& editor) {
 
 void vn_preHandleVnMeeting(const HostObject& editor) {
   const auto bar = barOfEditor(editor);
-  if (!bar || !bar->currentIsVornMeeting()) return;
+  if (!bar) return;
+  vnERCalendarEventEditorViewController proxy(editor);
+  if (!bar->currentIsVornMeeting()) return renewBodyToStore(proxy);
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
   if (bar->fromFieldChanged() && manager && !manager->getMeetingHelper()->supportHtmlEmail()) {
     vn_convertMailBodyToPlainText(editor);
   }
-  vnERCalendarEventEditorViewController proxy(editor);
   vn_preSaveDataBeforeSaveAndClose(proxy);
 }
 
 void vn_preSaveDataBeforeSaveAndClose(vnERCalendarEventEditorViewController& editor) {
-  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+  const auto bar = barOfEditor(editor.getDelegate());
+  if (!bar) return;
+  ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
   const OptionalText body = editor.bodyContent().optionalText();
   const OptionalText plain = vnOLUtils::trimAllSpace(vnBodyHelper::sharedInstance().convertHTMLToPlainText(body));
   if (plain && !plain->empty()) save.setOLNewBody(body);
-
-  const auto bar = barOfEditor(editor.getDelegate());
-  if (!bar || bar->isDeleteVornMeeting()) return;
+  if (bar->isDeleteVornMeeting()) return;
   if (const OptionalText location = editor.getLocationFromUI()) save.setOLNewLocation(location);
+}
+
+void renewBodyToStore(vnERCalendarEventEditorViewController& editor) {
+  const auto bar = barOfEditor(editor.getDelegate());
+  if (!bar) return;
+  ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
+  if (!save.getOLNewBody()) return;
+  if (const OptionalText body = editor.bodyContent().optionalText()) save.setOLNewBody(body);
 }
 
 void vn_convertMailBodyToPlainText(const HostObject& editor) {

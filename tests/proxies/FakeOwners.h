@@ -27,7 +27,7 @@ class FakeOwners final : public MeetingOwners {
   OptionalText mailBodyWithPACText(const OptionalText& source, const OptionalText& text, bool) override {
     return source.value_or("") + "|" + text.value_or("");
   }
-  void noteNewBody(const OptionalText& body) override { noted = body; }
+  void noteNewBody(const HostObject&, const OptionalText& body) override { noted = body; }
   OptionalText uuidInCalendarText(const OptionalText& text) override {
     return text ? OptionalText("uuid in " + *text) : std::nullopt;
   }

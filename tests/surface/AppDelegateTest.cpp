@@ -25,6 +25,9 @@ TEST_F(AppDelegate, OpensANewMeetingLaterAndLeavesWordForItsBar) {
   EXPECT_TRUE(host.calls(appDelegate, "newCalendarMeeting:").empty());
   world.runLoop.runDue();
   EXPECT_EQ(host.calls(appDelegate, "newCalendarMeeting:").size(), 1u);
+  world.runLoop.runDue();
+  EXPECT_TRUE(left[keyFlagAutoAddToPACMeeting].isAbsent()) << "no window came, and the next one is another matter";
+  EXPECT_TRUE(left[keyFlagVnMeetingArgument].isAbsent());
 }
 
 TEST_F(AppDelegate, AnArgumentThatIsNoDictionaryIsNotLeft) {

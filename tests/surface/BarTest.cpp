@@ -159,6 +159,14 @@ TEST_F(Bar, TakesTheFirstFlagThatAToolbarCommandHasLeft) {
   EXPECT_FALSE(bar->isAutoUpdateVornMeeting());
 }
 
+TEST_F(Bar, AStoredAppointmentThatOpensMeanwhileIsNotTheOneThatTheToolbarMeant) {
+  ThreadDictionary& left = ThreadDictionary::sharedInstance();
+  left.set(keyFlagAutoAddToVnMeeting, true);
+  host.set(event, "UUID", "A");
+  EXPECT_EQ(managerOf(openedBar(""))->getMeetingAction(), 0u);
+  EXPECT_TRUE(left[keyFlagAutoAddToVnMeeting].boolValue());
+}
+
 TEST_F(Bar, EndsALittleAfterItsOwnWindowCloses) {
   auto bar = makeBar();
   const std::weak_ptr<vnActionAdditionView> watched = bar;

@@ -121,7 +121,7 @@ TEST_F(Hooks, TheBodyEditorThatTheHostTakesInIsRememberedForTheBar) {
   host.set(editor, "hostWordMailEditor:", "hosted");
   HookInstaller::sharedInstance().load();
   EXPECT_EQ(world.classRuntime.send(editor, "hostWordMailEditor:", {wordMail}), Value("hosted"));
-  EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().olWordMailEditor(), wordMail);
+  EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().olWordMailEditor(editor), wordMail);
 }
 
 TEST_F(Hooks, AnEditorGetsItsBarThroughItsHeaderAndSetsItUpAfterOpening) {

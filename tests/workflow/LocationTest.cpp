@@ -47,7 +47,9 @@ class Location : public testing::Test {
   }
 
   TestPlatform test;
-  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+  static ApptSaveData& leftBy(const FakeWindow& window) {
+    return vnApptDataForSaveRecord::sharedInstance().of(window.bar);
+  }
 };
 
 TEST_F(Location, TheUsersOwnTextIsFoundInEveryOrderOfTheParts) {
@@ -194,8 +196,8 @@ TEST_F(Location, TheUrlFollowsTheServiceAndTheUsersChoice) {
     if (row.typed) window.showLocation(row.typed);
     writeBack(window, row.url, row.include, row.action);
     EXPECT_EQ(shown(window), row.shown);
-    EXPECT_EQ(save.getOLNewLocation(), row.planned);
-    EXPECT_EQ(save.getVnLocation(), "Room 7; " + std::string(row.url));
+    EXPECT_EQ(leftBy(window).getOLNewLocation(), row.planned);
+    EXPECT_EQ(leftBy(window).getVnLocation(), "Room 7; " + std::string(row.url));
     if (row.planned->empty()) continue;
     EXPECT_EQ(window.get(window.bar->event, "location").text(), row.shown);
     EXPECT_EQ(window.get(window.bar->editor, "editorLocation").text(), row.shown);
@@ -218,10 +220,9 @@ TEST_F(Location, WithoutAFieldTheUrlOfTheStoredRecordIsTheOldOne) {
     window.set(window.bar->event, "location", "Castle; https://vorn.example/j/old");
     data(window).addUsedJoinUrlToList("https://vorn.example/j/old");
     data(window).setSavedApptInfo(Value::dictionaryFromPairs({{vn_ApptInfo_VnOIProperty, row.record}}));
-    save.cleanup();
     writeBack(window, "https://vorn.example/j/new", false);
     EXPECT_EQ(window.get(window.bar->event, "location").text(), row.shown) << row.record;
-    EXPECT_EQ(save.getJoinURLFromProperty(), data(window).getOldJoinUrl());
+    EXPECT_EQ(leftBy(window).getJoinURLFromProperty(), data(window).getOldJoinUrl());
   }
 }
 
@@ -254,14 +255,13 @@ TEST_F(Location, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
       if (!hasField) window.set(window.bar->editor, "locationTextField", nullptr);
       window.showLocation(row.shown);
       window.set(window.bar->event, "location", row.shown);
-      save.cleanup();
       cancel(window);
       EXPECT_EQ(shown(window), hasField ? row.kept : row.shown);
       EXPECT_EQ(window.get(window.bar->event, "location").text(), row.kept);
       EXPECT_EQ(window.get(window.bar->editor, "editorLocation").text(), row.kept);
       EXPECT_EQ(window.get(window.bar->editor, "record"), Value(""));
-      EXPECT_EQ(save.getOLNewLocation(), row.kept);
-      EXPECT_TRUE(save.needClearLocation());
+      EXPECT_EQ(leftBy(window).getOLNewLocation(), row.kept);
+      EXPECT_TRUE(leftBy(window).needClearLocation());
     }
   }
 }

@@ -8,6 +8,7 @@
 #include "meeting.pb.h"
 #include "tests/workflow/FakeWindow.h"
 #include "util/EncodeUtils.h"
+#include "workflow/RunningSave.h"
 #include "workflow/StoreTimeWriter.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnPACMeetingMgr.h"
@@ -47,12 +48,16 @@ class StoreTime : public testing::Test {
     for (const auto& [key, value] : items) state.set(key, value);
     return test.classRuntime.create("ECMutableCalendarEvent", std::make_shared<Value>(state));
   }
+  StoreTimeWriter writer(const HostObject& object, std::shared_ptr<vnMeetingMgr> manager = nullptr) const {
+    return {object, save, std::move(manager)};
+  }
   Value stored(const HostObject& object, const char* key) {
     return (*test.classRuntime.state<Value>(object))[key];
   }
 
   TestPlatform test;
-  vnApptDataForSaveRecord& save = vnApptDataForSaveRecord::sharedInstance();
+  vnApptDataForSaveRecord& left = vnApptDataForSaveRecord::sharedInstance();
+  ApptSaveData save;
 };
 
 TEST_F(StoreTime, WritesWhatKindOfAppointmentItIs) {
@@ -81,17 +86,17 @@ TEST_F(StoreTime, WritesWhatKindOfAppointmentItIs) {
     const HostObject object = record(
         {{"olmUCInband", row.record}, {"location", "Castle"}, {"body", "<p>old</p>"}, {"summary", "Review"}});
     window.set(window.bar->editor, "content", object);
+    ApptSaveData& save = left.of(window.bar);
     save.setVnLocation("url");
     save.setOLNewLocation("Castle; url");
     save.setOLNewBody("<p>new</p>");
     save.setIsPACMeeting(row.isPAC);
     save.setNeedClearLocation(row.clears);
-    StoreTimeWriter(object).write();
+    StoreTimeWriter::write(object);
     EXPECT_EQ(stored(object, "location").text(), row.location);
     EXPECT_EQ(stored(object, "body").text(), row.body);
     EXPECT_EQ(stored(object, "summary").text(), "Review");
-    EXPECT_FALSE(save.getOLNewLocation() || save.getOLNewBody() || save.isPACMeeting() ||
-                 save.needClearLocation());
+    EXPECT_TRUE(left.windows().empty()) << "one store ends the save";
   }
 }
 
@@ -118,10 +123,10 @@ TEST_F(StoreTime, WritesTheLocationOnlyWhenItsOwnPartIsNotThereYet) {
     save.setVnLocation(row.ours);
     save.setOLNewLocation(row.planned);
     save.setJoinURLFromProperty(row.fromRecord);
-    EXPECT_EQ(StoreTimeWriter(object).needUpdateLocation(), row.expected)
+    EXPECT_EQ(writer(object).needUpdateLocation(), row.expected)
         << row.stored.value_or("-") << " | " << row.planned.value_or("-") << " | " << row.fromRecord.value_or("-");
     // An empty plan is never written, whatever the answer.
-    StoreTimeWriter(object).updateVnKeyInfoToAppointment();
+    writer(object).updateVnKeyInfoToAppointment();
     const bool written = row.expected && !row.planned.value_or("").empty();
     EXPECT_EQ(stored(object, "location").optionalText(), written ? row.planned : row.stored);
   }
@@ -141,12 +146,11 @@ TEST_F(StoreTime, AnAppointmentWithoutATitleTakesTheServicesTopic) {
   for (const Row& row : rows) {
     FakeWindow window(test);
     const HostObject object = record({{"summary", row.summary}});
-    window.set(window.bar->editor, "content", object);
     if (row.hasMeeting) {
       window.manager->getMeetingHelper()->setMeetingData(
           Value::dictionaryFromPairs({{vn_MeetingKey, "123456789"}, {vn_ApptInfo_Subject, "Topic"}}), false);
     }
-    StoreTimeWriter(object).updateVnKeyInfoToAppointment();
+    writer(object, window.manager).updateVnKeyInfoToAppointment();
     EXPECT_EQ(stored(object, "summary").text(), row.expected) << '"' << row.summary << '"';
   }
 }
@@ -171,7 +175,7 @@ TEST_F(StoreTime, WritesABodyThatSaysSomethingElse) {
     SCOPED_TRACE(row.what);
     const HostObject object = record({{"body", row.body}});
     save.setOLNewBody(row.planned);
-    StoreTimeWriter(object).updateVnKeyInfoToAppointment();
+    writer(object).updateVnKeyInfoToAppointment();
     EXPECT_EQ(stored(object, "body"), row.written ? Value(row.planned) : row.body);
   }
 }
@@ -193,7 +197,7 @@ TEST_F(StoreTime, ADeleteWritesTheCleanedLocationAndBody) {
     save.setNeedClearLocation(row.clears);
     save.setOLNewLocation(row.location);
     save.setOLNewBody(row.body);
-    StoreTimeWriter(object).cleanVnKeyInfoFromAppointment();
+    writer(object).cleanVnKeyInfoFromAppointment();
     EXPECT_EQ(stored(object, "location").text(), row.storedLocation);
     EXPECT_EQ(stored(object, "body").text(), row.storedBody);
   }
@@ -228,18 +232,75 @@ TEST_F(StoreTime, ATelephoneConferenceTakesThePlaceOfTheOneBefore) {
   }
 }
 
-TEST_F(StoreTime, TheSaveRecordForgetsEverythingButTheBodyEditor) {
-  save.setOLWordMailEditor(HostObject(0x77));
-  save.setOLNewBody("body");
-  save.setOLNewLocation("location");
-  save.setVnLocation("url");
-  save.setJoinURLFromProperty("url");
-  save.setNeedClearLocation(true);
-  save.setIsPACMeeting(true);
-  save.cleanup();
-  EXPECT_FALSE(save.getOLNewBody() || save.getOLNewLocation() || save.getVnLocation() ||
-               save.getJoinURLFromProperty() || save.needClearLocation() || save.isPACMeeting());
-  EXPECT_EQ(save.olWordMailEditor(), HostObject(0x77));
+TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
+  struct Row {
+    const char* what;
+    const char *shownUUID, *recordUUID;
+    const char *shownId, *recordId;
+    enum { outside, own, other, none } save;
+    bool expected;
+  };
+  const Row rows[] = {
+      {"its own appointment", "A", "A", "", "", Row::own, true},
+      {"its own, stored outside of a save", "A", "A", "", "", Row::outside, true},
+      {"its own, in an edit on the calendar", "A", "A", "", "", Row::none, false},
+      {"its own, in the save of another window", "A", "A", "", "", Row::other, false},
+      {"another appointment", "A", "B", "", "", Row::own, false},
+      {"another appointment outside of a save", "A", "B", "", "", Row::outside, false},
+      {"the same item of a series", "A", "A", "2", "2", Row::own, true},
+      {"another item of the series", "A", "A", "1", "2", Row::own, false},
+      {"one that is stored for the first time", "", "", "", "", Row::own, true},
+      {"one that gets its UUID just before", "", "A", "", "", Row::own, true},
+      {"a new one while another window is saved", "", "", "", "", Row::other, false},
+      {"a new one outside of a save", "", "", "", "", Row::outside, false},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    FakeWindow window(test);
+    FakeWindow another(test);
+    another.set(another.bar->event, "UUID", "C");
+    window.set(window.bar->event, "UUID", row.shownUUID);
+    window.set(window.bar->event, "recurrenceId", row.shownId);
+    const HostObject object = record({{"UUID", row.recordUUID}, {"recurrenceId", row.recordId}, {"body", "old"}});
+    ApptSaveData& mine = left.of(window.bar);
+    mine.setNeedClearLocation(true);
+    mine.setOLNewBody("new");
+    {
+      std::optional<RunningSave> running;
+      if (row.save == Row::own) running.emplace(window.bar);
+      if (row.save == Row::other) running.emplace(another.bar);
+      if (row.save == Row::none) running.emplace(nullptr);
+      StoreTimeWriter::write(object);
+    }
+    EXPECT_EQ(stored(object, "body").text(), row.expected ? "new" : "old");
+    const auto waiting = left.windows();
+    EXPECT_EQ(std::count(waiting.begin(), waiting.end(), window.bar), row.expected ? 0 : 1);
+    left.cleanup(window.bar.get());
+  }
+}
+
+TEST_F(StoreTime, AWindowThatGoesTakesAlongWhatItHasLeft) {
+  FakeWindow window(test);
+  left.of(window.bar).setOLNewBody("<p>mine</p>");
+  window.manager->cleanup();
+  EXPECT_TRUE(left.windows().empty());
+}
+
+TEST_F(StoreTime, EachEditorFindsItsOwnBodyEditor) {
+  const FakeWindow one(test);
+  const FakeWindow two(test);
+  left.setOLWordMailEditor(one.bar->editor, HostObject(0x11));
+  left.setOLWordMailEditor(two.bar->editor, HostObject(0x22));
+  EXPECT_EQ(left.olWordMailEditor(one.bar->editor), HostObject(0x11));
+  EXPECT_EQ(left.olWordMailEditor(two.bar->editor), HostObject(0x22));
+  left.setOLWordMailEditor(one.bar->editor, HostObject(0x33));
+  EXPECT_EQ(left.olWordMailEditor(one.bar->editor), HostObject(0x33));
+  left.cleanupOLWordMailEditor(HostObject(0x22));
+  EXPECT_FALSE(left.olWordMailEditor(two.bar->editor));
+  // Another editor may get the address of one that has gone without a word.
+  test.classRuntime.destroy(one.bar->editor);
+  left.setOLWordMailEditor(two.bar->editor, HostObject(0x44));
+  EXPECT_FALSE(left.olWordMailEditor(one.bar->editor));
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ class NoMeetingOwners final : public MeetingOwners {
     return {};
   }
   OptionalText mailBodyWithPACText(const OptionalText&, const OptionalText&, bool) override { return {}; }
-  void noteNewBody(const OptionalText&) override {}
+  void noteNewBody(const HostObject&, const OptionalText&) override {}
   OptionalText uuidInCalendarText(const OptionalText&) override { return {}; }
   OptionalText meetingNumberInCalendarText(const OptionalText&) override { return {}; }
 };

@@ -31,8 +31,8 @@ class MeetingOwners {
   // The source body with the text of a personal audio conference at its end; absent without a source.
   virtual OptionalText mailBodyWithPACText(const OptionalText& sourceBody, const OptionalText& text,
                                            bool isHTML) = 0;
-  // Notes the body that the next store has to write.
-  virtual void noteNewBody(const OptionalText& body) = 0;
+  // Notes the body that the store of the editor's appointment has to write.
+  virtual void noteNewBody(const HostObject& editor, const OptionalText& body) = 0;
   // Reading an appointment's iCalendar text: its UUID, and the meeting number in its description.
   virtual OptionalText uuidInCalendarText(const OptionalText& calendarText) = 0;
   virtual OptionalText meetingNumberInCalendarText(const OptionalText& calendarText) = 0;

@@ -73,7 +73,7 @@ void vnERCalendarEventEditorViewController::displayEmailContent(const Value& con
   if (plainTextOnly) {
     if (editor) editor->switchToPlainText();
   } else {
-    meetingOwners().noteNewBody(content.optionalText());
+    meetingOwners().noteNewBody(delegate(), content.optionalText());
   }
   if (!event) return;
   event->setIsBodyHTML(!plainTextOnly);

@@ -116,10 +116,10 @@ constexpr HookRow kMainWindowRows[] = {
 };
 
 constexpr HookRow kEditorRows[] = {
-    {kEditor, ofInstances, "saveAndClose:", "v@:@", forward},
+    {kEditor, ofInstances, "saveAndClose:", "v@:@", &Editor::forwardAsSave},
     {kEditor, ofInstances, "saveAndCloseWindow:", "i@:B",
      &Editor::vn_ERCalendarEventEditorViewController_saveAndCloseWindow},
-    {kEditor, ofInstances, "save", "B@:", forward},
+    {kEditor, ofInstances, "save", "B@:", &Editor::forwardAsSave},
     {kEditor, ofInstances, "save:", "v@:@", &Editor::vn_ERCalendarEventEditorViewController_save},
     {kEditor, ofInstances, "setIsCancelMode:", "v@:B", forward},
     {kEditor, ofInstances, "sendMeetingPostValidate", "v@:",

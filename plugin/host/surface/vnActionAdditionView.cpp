@@ -112,7 +112,7 @@ void vnActionAdditionView::onChangeUINotification(const Value& opened) {
 
 void vnActionAdditionView::initMembers(const HostObject& event) {
   m_idECCalendarEvent = event;
-  setOLWordMailEditor(vnApptDataForSaveRecord::sharedInstance().olWordMailEditor());
+  setOLWordMailEditor(vnApptDataForSaveRecord::sharedInstance().olWordMailEditor(editorViewController()));
 }
 
 void vnActionAdditionView::initMeetingData(const HostObject& event) {

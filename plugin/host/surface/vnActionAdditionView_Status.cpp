@@ -109,7 +109,9 @@ void vnActionAdditionView::onClickChangeSettings() {
 
 void vnActionAdditionView::autoAddToVnMeeting() {
   ThreadDictionary& left = ThreadDictionary::sharedInstance();
-  if (left[keyFlagAutoAddToVnMeeting].boolValue()) {
+  // The toolbar opens a new appointment. One that is stored already and opens in the same moment is another one.
+  const bool isNew = vnECCalendarEvent(m_idECCalendarEvent).UUID().value_or("").empty();
+  if (isNew && left[keyFlagAutoAddToVnMeeting].boolValue()) {
     left.remove(keyFlagAutoAddToVnMeeting);
     left.remove(keyFlagVnMeetingArgument);
     onClickAddVornMeeting();

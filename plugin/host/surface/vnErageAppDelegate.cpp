@@ -8,6 +8,18 @@
 
 namespace vorn {
 
+namespace {
+
+void forgetHandOver() {
+  ThreadDictionary& left = ThreadDictionary::sharedInstance();
+  for (const std::string_view key :
+       {keyFlagAutoAddToVnMeeting, keyFlagAutoAddToPACMeeting, keyFlagVnMeetingArgument}) {
+    left.remove(key);
+  }
+}
+
+}  // namespace
+
 void vnErageAppDelegate::autoAddVornToAppointment(const Value& argument) const {
   openNewMeeting(keyFlagAutoAddToVnMeeting, argument);
 }
@@ -23,8 +35,13 @@ void vnErageAppDelegate::openNewMeeting(std::string_view flag, const Value& argu
   activateHostApplication();
   // The delegate may be gone by then; a copy of the proxy then sends nothing.
   const auto target = reinterpret_cast<const void*>(delegate().address());
-  Registry::platform().runLoop->performAfter(
-      0, target, "newCalendarMeeting:", [proxy = *this] { proxy.newCalendarMeeting(Value()); });
+  RunLoop& loop = *Registry::platform().runLoop;
+  loop.performAfter(0, target, "newCalendarMeeting:", [proxy = *this, target] {
+    proxy.newCalendarMeeting(Value());
+    // The step that a window takes when it opens is under way now, and fetches what was left for it. What is still
+    // there behind it waits for a window that never opened, and must not reach the next one.
+    Registry::platform().runLoop->performAfter(0, target, "forgetHandOver", &forgetHandOver);
+  });
 }
 
 }  // namespace vorn

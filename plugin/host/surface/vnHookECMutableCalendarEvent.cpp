@@ -11,7 +11,7 @@ Value vnHookECMutableCalendarEvent::vn_ECMutableCalendarEvent_setOlmUCInband(Hoo
 }
 
 Value vnHookECMutableCalendarEvent::vn_ECMutableCalendarEvent_saveRecord(HookCall& call) {
-  StoreTimeWriter(call.receiver()).write();
+  StoreTimeWriter::write(call.receiver());
   return call.forward();
 }
 

@@ -3,6 +3,7 @@
 #include "host/surface/HostDescription.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "util/vnOLUtils.h"
+#include "workflow/RunningSave.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
@@ -17,6 +18,13 @@ namespace {
 // What a close method gives when nothing was closed.
 const Value kNotClosed(-1);
 
+// Runs the host's own save, or a part of one, as that of the receiver's window.
+Value forwardSave(HookCall& call) {
+  const RunningSave ofThisWindow(
+      vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(call.receiver()));
+  return call.forward();
+}
+
 // The host goes on only when the workflow says so; otherwise the workflow performs the host's method later, under
 // its added name, or a notice is on the screen.
 Value saveOrSend(HookCall& call, vnApptAction action, const Value& stopped) {
@@ -24,7 +32,7 @@ Value saveOrSend(HookCall& call, vnApptAction action, const Value& stopped) {
   Value data = Value::dictionary();
   data.set(keyApptViewActionID, static_cast<int>(action));
   const int result = vnApptUIActionMgr::sharedInstance().handleVNMeeting(call.receiver(), data);
-  return result == VnHandlePassOn ? call.forward() : stopped;
+  return result == VnHandlePassOn ? forwardSave(call) : stopped;
 }
 
 std::shared_ptr<vnActionAdditionView> barOfEditor(const HostObject& editor) {
@@ -35,6 +43,8 @@ std::shared_ptr<vnActionAdditionView> barOfEditor(const HostObject& editor) {
 }  // namespace
 
 using Hook = vnHookERCalendarEventEditorViewController;
+
+Value Hook::forwardAsSave(HookCall& call) { return forwardSave(call); }
 
 Value Hook::vn_ERCalendarEventEditorViewController_saveAndCloseWindow(HookCall& call) {
   return saveOrSend(call, VnApptActionSaveAndClose, kNotClosed);
@@ -72,7 +82,10 @@ Value Hook::vn_ERCalendarEventEditorViewController_switchToRecurrenceDidEnd(Hook
 }
 
 Value Hook::vn_ERCalendarEventEditorViewController_hostWordMailEditor(HookCall& call) {
-  vnApptDataForSaveRecord::sharedInstance().setOLWordMailEditor(call.argument(0).object());
+  const HostObject wordMailEditor = call.argument(0).object();
+  vnApptDataForSaveRecord::sharedInstance().setOLWordMailEditor(call.receiver(), wordMailEditor);
+  // A window that is open already goes on with the new one.
+  if (const auto bar = barOfEditor(call.receiver())) bar->setOLWordMailEditor(wordMailEditor);
   return call.forward();
 }
 

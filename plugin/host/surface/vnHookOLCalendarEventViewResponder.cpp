@@ -2,6 +2,7 @@
 
 #include "host/proxies/HostViews.h"
 #include "host/surface/vnActionAdditionView.h"
+#include "workflow/RunningSave.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 
 namespace vorn {
@@ -14,6 +15,7 @@ Value vnHookOLCalendarEventViewResponder::vn_OLCalendarEventViewResponder_switch
       vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByWindow(window));
   if (!bar) return result;
   bar->attachOutlookERCalendarEventEditorWindowController(bar->editorWindowController());
+  const RunningSave ofThisWindow(bar);
   askHost(bar->editorViewController(), "vn_ERCalendarEventEditorViewController_save");
   if (!bar->isApptDirty()) bar->refreshUIForSwitchToRecurringSeries();
   return result;

@@ -2,6 +2,7 @@
 
 #include "host/proxies/vnCCGridViewController.h"
 #include "host/proxies/vnOLCalendarGridViewWrapper.h"
+#include "workflow/RunningSave.h"
 #include "workflow/vnCalendarActionMgr.h"
 
 namespace vorn {
@@ -18,6 +19,8 @@ bool isCurrentVornMeeting(const HostObject& gridWrapper) {
 template <typename Edit>
 Value editThenForward(HookCall& call, const Edit& edit) {
   if (isCurrentVornMeeting(call.receiver()) && edit(vnCalendarActionMgr::sharedInstance()) != 0) return true;
+  // What the grid stores is no window's save, even while one shows the same appointment.
+  const RunningSave ofNoWindow(nullptr);
   return call.forward();
 }
 
