@@ -21,11 +21,23 @@ elseif(FFI_FOUND AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   endif()
 endif()
 message(STATUS "Objective-C edge: ${VORN_OBJC}")
+if(VORN_OBJC)
+  if(NOT APPLE)
+    # Another compiler would make code for another runtime.
+    set(CMAKE_OBJC_COMPILER ${CMAKE_CXX_COMPILER})
+  endif()
+  enable_language(OBJC)
+endif()
 
-# vorn_objc_sources(TARGET SOURCES...): adds Objective-C++ sources to a target of this folder.
+# vorn_objc_sources(TARGET SOURCES...): adds Objective-C++ sources, and Objective-C ones, to a target of this folder.
 function(vorn_objc_sources target)
+  set(plain ${ARGN})
+  list(FILTER plain INCLUDE REGEX "\\.m$")
+  set_source_files_properties(${plain} PROPERTIES COMPILE_OPTIONS "-std=gnu11;${objc_options}")
   # CMake names a language at each source, and the last one counts.
-  set_source_files_properties(${ARGN} PROPERTIES LANGUAGE CXX COMPILE_OPTIONS "-x;objective-c++;${objc_options}")
+  set(plus ${ARGN})
+  list(FILTER plus INCLUDE REGEX "\\.mm$")
+  set_source_files_properties(${plus} PROPERTIES LANGUAGE CXX COMPILE_OPTIONS "-x;objective-c++;${objc_options}")
   target_sources(${target} PRIVATE ${ARGN})
   target_link_libraries(${target} PRIVATE ${objc_libraries})
 endfunction()

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,8 +27,24 @@ struct MethodRef {
 };
 
 using Arguments = std::vector<Value>;
+
+// What a method of the host raised, as its runtime keeps it: nobody else looks inside. Null for nothing.
+using HostException = std::shared_ptr<const void>;
+
+// What came of a call: its result, or what was raised in place of one.
+struct Answer {
+  Value value;
+  HostException raised;
+};
+
+// Thrown in a replacement to end it with what the host's own method has raised.
+struct HostRaised {
+  HostException exception;
+};
+
 // What a method does: the receiver and the arguments in the order of the selector, and the result; absent where
-// the method has none.
+// the method has none. It may throw HostRaised: when nothing of this system is left on the stack, the runtime
+// raises in the host what is in it. Whatever else is to be thrown is caught before.
 using Implementation = std::function<Value(const HostObject& receiver, const Arguments& arguments)>;
 
 // What a pointer to characters means among the arguments of a method that is added. The types do not tell: a text
@@ -42,8 +59,8 @@ enum class CharacterPointers {
 // The runtime that the host's classes live in, reached by name alone.
 //
 // Main thread only. Nothing here throws: a missing class, a missing selector, an absent or a dead object, and a
-// host method that raises all answer absent, false or a false reference. Operations that the platform itself
-// names carry its names.
+// host method that raises all answer absent, false or a false reference; call() alone tells the last from the
+// others. Operations that the platform itself names carry its names.
 class ClassRuntime {
  public:
   virtual ~ClassRuntime() = default;
@@ -69,7 +86,7 @@ class ClassRuntime {
   // The object that stands for the class as a receiver; absent for a false reference.
   virtual HostObject classObject(ClassRef target) = 0;
   // Sends a selector by name.
-  virtual Value send(const HostObject& receiver, std::string_view selector, const Arguments& arguments) = 0;
+  virtual Answer call(const HostObject& receiver, std::string_view selector, const Arguments& arguments) = 0;
   virtual bool respondsTo(const HostObject& receiver, std::string_view selector) = 0;
   // True for an instance of the class or of one that inherits from it.
   virtual bool isKindOf(const HostObject& receiver, ClassRef target) = 0;
@@ -79,6 +96,10 @@ class ClassRuntime {
   bool class_addMethod(ClassRef target, std::string_view selector, Implementation implementation,
                        std::string_view encoding) {
     return class_addMethod(target, selector, std::move(implementation), encoding, CharacterPointers::opaque);
+  }
+  // The same, for whom what was raised is as good as nothing.
+  Value send(const HostObject& receiver, std::string_view selector, const Arguments& arguments) {
+    return call(receiver, selector, arguments).value;
   }
   Value send(const HostObject& receiver, std::string_view selector) {
     return send(receiver, selector, Arguments{});

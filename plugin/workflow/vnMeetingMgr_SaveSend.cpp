@@ -342,9 +342,24 @@ void vnMeetingMgr::closeOLAppointment(const HostObject& editor) {
     if (!uuid) uuid = event.UUID();
     updateApptUUIDToMeeting(parentWindow, uuid, meetingData, uuidWasMissing);
   };
-  const auto closeWindowLater = [&](const Value& hostResult) {
+  // Nothing when the host's method raised. That ends the replay, as it would if nobody caught it: the window stays
+  // open with what the user has typed.
+  const auto replay = [&](std::string_view selector, const Arguments& arguments) -> std::optional<Value> {
+    if (!proxy.isValidConnection()) return Value();
+    Answer answer = Registry::platform().classRuntime->call(editor, selector, arguments);
+    if (answer.raised) return std::nullopt;
+    return std::move(answer.value);
+  };
+  const auto replayAndTellUUID = [&](std::string_view selector, const Arguments& arguments) {
+    const std::optional<Value> result = replay(selector, arguments);
+    if (result) tellUUID();
+    return result;
+  };
+  const auto replayAndClose = [&](std::string_view selector, const Arguments& arguments) {
+    convertMailBodyFormat(editor);
+    const std::optional<Value> result = replayAndTellUUID(selector, arguments);
     // An appointment that the host could not store stays open with what the user has typed.
-    if (hostResult.isPresent() && hostResult.integerValue() == kNotClosed) return;
+    if (!result || (result->isPresent() && result->integerValue() == kNotClosed)) return;
     // Asked for only now: a window that the host has closed by itself has no bar in it, and is left alone.
     const HostObject windowController = bar->editorWindowController();
     if (!windowController) return;
@@ -359,31 +374,15 @@ void vnMeetingMgr::closeOLAppointment(const HostObject& editor) {
     // data written.
     if (action == VnApptActionSend) {
       convertMailBodyFormat(editor);
-      proxy.getOLItemID(kHostSend);
-      tellUUID();
+      replayAndTellUUID(kHostSend, {});
     }
     return;
   }
   switch (action) {
-    case VnApptActionSave: proxy.getOLItemID(kHostSaveColon, Value()); break;
-    case VnApptActionSaveAndClose: {
-      convertMailBodyFormat(editor);
-      const Value closed = proxy.getOLItemID(kHostSaveAndCloseWindow, true);
-      tellUUID();
-      closeWindowLater(closed);
-      break;
-    }
-    case VnApptActionSaveAndCloseReturnError: {
-      convertMailBodyFormat(editor);
-      const Value closed = proxy.getOLItemID(kHostSaveAndCloseReturnError, true, Value());
-      tellUUID();
-      closeWindowLater(closed);
-      break;
-    }
-    case VnApptActionAutoUpdate:
-      proxy.getOLItemID(kHostSave);
-      tellUUID();
-      break;
+    case VnApptActionSave: replay(kHostSaveColon, {Value()}); break;
+    case VnApptActionSaveAndClose: replayAndClose(kHostSaveAndCloseWindow, {true}); break;
+    case VnApptActionSaveAndCloseReturnError: replayAndClose(kHostSaveAndCloseReturnError, {true, Value()}); break;
+    case VnApptActionAutoUpdate: replayAndTellUUID(kHostSave, {}); break;
     default: break;
   }
 }

@@ -39,7 +39,7 @@ our_files() {
     if [ -f "$file" ]; then echo "$file"; fi
   done
 }
-our_sources() { our_files '*.cpp' '*.h' '*.mm'; }
+our_sources() { our_files '*.cpp' '*.h' '*.mm' '*.m'; }
 
 check_format() { our_sources | xargs -r clang-format --dry-run -Werror; }
 

@@ -6,13 +6,17 @@
 #include <objc/runtime.h>
 
 #include <map>
+#include <stdexcept>
+#include <string>
 #include <thread>
 
+#include "host/surface/HookCall.h"
 #include "host/surface/HookInstaller.h"
 #include "platform/apple/AppleClassRuntime.h"
 #include "platform/apple/AppleDistributedNotifications.h"
 #include "platform/apple/ApplePresenter.h"
 #include "platform/apple/AppleRunLoop.h"
+#include "platform/apple/CatchRaised.h"
 #include "platform/apple/Conversions.h"
 #include "platform/apple/TypeEncoding.h"
 #include "tests/conformance/AppleHostLoop.h"
@@ -27,6 +31,9 @@
 - (double)half;
 - (short)small;
 - (const char*)words;
+- (id)counted:(id)object;
+- (id)raiser:(id)object;
+- (id)thrower:(id)object;
 @end
 
 // A host's object that does not like to be looked at.
@@ -40,6 +47,8 @@
   return NO;
 }
 @end
+
+static int countedCalls = 0;
 
 @implementation vnEdgeProbe
 - (id)given:(id)object {
@@ -64,6 +73,17 @@
 - (const char*)words {
   return "words";
 }
+- (id)counted:(id)object {
+  ++countedCalls;
+  return object;
+}
+- (id)raiser:(id)object {
+  [NSException raise:NSGenericException format:@"%@", object];
+  return nil;
+}
+- (id)thrower:(id)object {
+  throw std::domain_error([object UTF8String]);
+}
 @end
 
 // Further names for pattern:, which tests put in.
@@ -72,6 +92,11 @@
 - (id)closing:(id)object;
 - (id)elsewhere:(id)object;
 - (id)boxed:(id)object;
+- (id)raising:(id)object;
+- (id)throwing:(id)object;
+- (id)early:(id)object;
+- (id)late:(id)object;
+- (double)lateHalf;
 @end
 
 // A class of the host as another version may have it.
@@ -144,7 +169,7 @@ class AppleEdge : public testing::Test {
     const std::string added = "vn_" + selector;
     replace(selector, pattern, [=](const HostObject& self, const Arguments& arguments) {
       seen = arguments;
-      return runtime.send(self, added, arguments);
+      return HookCall(runtime, added, self, arguments).forward();
     });
   }
 
@@ -196,6 +221,39 @@ TEST_F(AppleEdge, OnAnotherThreadTheHostsOwnMethodRuns) {
   std::thread([&] { answer = [probe elsewhere:probe]; }).join();
   EXPECT_EQ(answer, probe);
   EXPECT_EQ(seen.at(0), "untouched");
+}
+
+TEST_F(AppleEdge, WhatTheHostRaisesGoesOnFromAnotherThreadAndAsAnExceptionOfCxx) {
+  hook("raising:", "raiser:");
+  const auto send = [](void* object) { [static_cast<vnEdgeProbe<vnEdgeAdded>*>(object) raising:@"in trouble"]; };
+  std::string reason;
+  std::thread([&] {
+    NSAutoreleasePool* own = [[NSAutoreleasePool alloc] init];
+    reason = textFromFoundation([[vnCatchRaised(send, probe) autorelease] reason]);
+    [own drain];
+  }).join();
+  EXPECT_EQ(reason, "in trouble");
+  hook("throwing:", "thrower:");
+  EXPECT_THROW([probe throwing:@"in trouble"], std::domain_error);
+  EXPECT_EQ(seen, Arguments{"in trouble"});
+}
+
+TEST_F(AppleEdge, AnExceptionOfOursLosesTheHostNeitherACallNorItsResult) {
+  const auto throwing = [](const char* forwarded) {
+    return [forwarded](const HostObject& self, const Arguments& arguments) -> Value {
+      if (*forwarded) runtime.send(self, forwarded, arguments);
+      throw std::runtime_error("ours");
+    };
+  };
+  replace("early:", "counted:", throwing(""));
+  EXPECT_EQ([probe early:probe], probe);
+  EXPECT_EQ(countedCalls, 1);
+  replace("late:", "counted:", throwing("vn_late:"));
+  NSMutableArray* list = [NSMutableArray array];
+  EXPECT_EQ([probe late:list], list);
+  EXPECT_EQ(countedCalls, 2);
+  replace("lateHalf", "half", throwing("vn_lateHalf"));
+  EXPECT_EQ([probe lateHalf], 0.5);
 }
 
 // A method of types that cannot be passed on: a host of another version may have any.

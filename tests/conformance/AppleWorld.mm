@@ -5,8 +5,12 @@
 #include <cstring>
 
 #include "platform/apple/AppleClassRuntime.h"
+#include "platform/apple/CatchRaised.h"
 #include "platform/apple/Conversions.h"
 #include "tests/conformance/ConformanceWorld.h"
+
+// Not owned.
+static NSException* lastRaised = nil;
 
 // The pattern of the host's class. Each world has a class of its own with these methods.
 @interface vnConformanceProbe : NSObject {
@@ -79,7 +83,11 @@
   return [[[[self class] alloc] init] autorelease];
 }
 - (void)raise {
-  [NSException raise:NSGenericException format:@"the host is in trouble"];
+  lastRaised = [NSException exceptionWithName:NSGenericException reason:@"in trouble" userInfo:nil];
+  [lastRaised raise];
+}
+- (void)callsRaise {
+  [self raise];
 }
 - (void)dealloc {
   [m_remembered release];
@@ -124,6 +132,19 @@ class AppleWorld final : public ConformanceWorld {
   void end(const HostObject& object) override { [LiveObjects::instance().object(object) release]; }
   void define(const std::string& shortName, const std::string& parent) override {
     define(shortName, objc_lookUpClass(className(parent).c_str()));
+  }
+  std::string hostMeets(const HostObject& object, const std::string& selector) override {
+    struct Sending {
+      id receiver;
+      SEL selector;
+    } sending{LiveObjects::instance().object(object), sel_registerName(selector.c_str())};
+    const auto send = [](void* context) {
+      const auto& one = *static_cast<const Sending*>(context);
+      [one.receiver performSelector:one.selector];
+    };
+    const id raised = [vnCatchRaised(send, &sending) autorelease];
+    if (!raised) return "";
+    return raised == lastRaised ? textFromFoundation([lastRaised reason]) : "something else";
   }
   std::string hostAsksForName(const HostObject& object) override {
     return textFromFoundation([LiveObjects::instance().object(object) name]);

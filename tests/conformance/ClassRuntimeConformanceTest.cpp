@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
+#include "host/surface/HookCall.h"
 #include "host/surface/classSwizzle.h"
 #include "platform/Registry.h"
 #include "tests/conformance/ConformanceWorld.h"
@@ -173,17 +172,38 @@ TYPED_TEST(ClassRuntimeConformance, AHookMayBeEnteredAgainFromInside) {
   EXPECT_EQ(this->nameOf(this->probe), std::string(49, '(') + "probe" + std::string(49, ')'));
 }
 
-TYPED_TEST(ClassRuntimeConformance, WhatRaisesAnswersAbsentOnEitherSide) {
+TYPED_TEST(ClassRuntimeConformance, WhatTheHostRaisesIsAbsentToASendAndToldApartByACall) {
   EXPECT_TRUE(this->runtime.send(this->probe, "raise").isAbsent());
-  ASSERT_TRUE(this->hook(this->classNamed("Probe"), "raise", "vn_raise", this->forwarding("vn_raise"), "v@:"));
-  EXPECT_TRUE(this->runtime.send(this->probe, "raise").isAbsent()) << "through a hook too";
-  const auto raising = [](const HostObject&, const Arguments&) -> Value { throw std::runtime_error("ours"); };
-  ASSERT_TRUE(this->hook(this->classNamed("Probe"), "remembered", "vn_remembered", raising));
-  EXPECT_TRUE(this->runtime.send(this->probe, "remembered").isAbsent());
+  EXPECT_TRUE(this->runtime.call(this->probe, "raise", {}).raised);
+  EXPECT_FALSE(this->runtime.call(this->probe, "missing", {}).raised);
+  EXPECT_FALSE(this->runtime.call(HostObject(), "raise", {}).raised);
+  EXPECT_FALSE(this->runtime.call(this->probe, "name", {}).raised);
+}
+
+TYPED_TEST(ClassRuntimeConformance, WhatTheHostRaisesReachesTheHostPastAHookThatForwards) {
+  int unwound = 0;
+  const auto forwarding = [&](const char* added) {
+    return [&, added](const HostObject& self, const Arguments& arguments) {
+      struct Unwinding {
+        int& count;
+        ~Unwinding() { ++count; }
+      } const unwinding{unwound};
+      return HookCall(this->runtime, added, self, arguments).forward();
+    };
+  };
+  ASSERT_TRUE(this->hook(this->classNamed("Probe"), "raise", "vn_raise", forwarding("vn_raise"), "v@:"));
+  EXPECT_EQ(this->world->hostMeets(this->probe, "raise"), "in trouble");
+  EXPECT_EQ(unwound, 1);
+  EXPECT_TRUE(this->runtime.send(this->probe, "raise").isAbsent());
+  // One hook inside the other, with the host between them.
+  ASSERT_TRUE(
+      this->hook(this->classNamed("Probe"), "callsRaise", "vn_callsRaise", forwarding("vn_callsRaise"), "v@:"));
+  EXPECT_EQ(this->world->hostMeets(this->probe, "callsRaise"), "in trouble");
+  EXPECT_EQ(unwound, 4);
   // What has raised is over: the added selector is no longer its way to the host.
   ASSERT_TRUE(this->hook(this->classNamed("Probe"), "echo:", "vn_echo:", this->forwarding("vn_echo:"), "@@:@"));
   EXPECT_EQ(this->runtime.send(this->probe, "echo:", {"after"}), "after");
-  EXPECT_EQ(this->nameOf(this->probe), "probe");
+  EXPECT_EQ(this->world->hostMeets(this->probe, "name"), "");
 }
 
 // One method and what it makes of its arguments, first unhooked, then through a replacement that forwards.

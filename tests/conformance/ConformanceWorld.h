@@ -37,6 +37,7 @@ inline std::string wordsOfDrag(const std::string& event, const std::string& star
 //   next:             the number of four bytes without a sign behind its argument
 //   makePart          a new Probe that nobody owns
 //   raise             nothing, for it raises
+//   callsRaise        what it answers itself to raise
 //   +make             the text "made"
 //   +callsMake        what the class answers itself to make
 class ConformanceWorld {
@@ -51,6 +52,10 @@ class ConformanceWorld {
   virtual void end(const HostObject& object) = 0;
   // Defines a class now; its parent is one of this world.
   virtual void define(const std::string& shortName, const std::string& parent) = 0;
+
+  // What the host has to catch when it sends the selector itself: the words of what raise has just raised, "" for
+  // nothing, and "something else".
+  virtual std::string hostMeets(const HostObject& object, const std::string& selector) = 0;
 
   // Sends as the host does itself: without the runtime's port.
   virtual std::string hostAsksForName(const HostObject& object) = 0;

@@ -54,7 +54,9 @@ class EmbeddedWorld final : public ConformanceWorld {
     });
     method("makePart",
            [this](const HostObject&, const Arguments&) { return Value(m_runtime.createTemporary("Probe")); });
-    method("raise", [](const HostObject&, const Arguments&) -> Value { throw std::runtime_error("host"); });
+    method("raise", [](const HostObject&, const Arguments&) -> Value { throw std::domain_error("in trouble"); });
+    method("callsRaise",
+           [this](const HostObject& self, const Arguments&) { return m_runtime.sendAsHost(self, "raise", {}); });
     m_runtime.setClassMethod("Probe", "make", [](const HostObject&, const Arguments&) { return Value("made"); });
     m_runtime.setClassMethod("Probe", "callsMake", [this](const HostObject& self, const Arguments&) {
       return m_runtime.send(self, "make");
@@ -67,6 +69,16 @@ class EmbeddedWorld final : public ConformanceWorld {
   void end(const HostObject& object) override { m_runtime.destroy(object); }
   void define(const std::string& shortName, const std::string& parent) override {
     m_runtime.defineClass(shortName, parent);
+  }
+  std::string hostMeets(const HostObject& object, const std::string& selector) override {
+    try {
+      m_runtime.sendAsHost(object, selector, {});
+      return "";
+    } catch (const std::domain_error& raised) {
+      return raised.what();
+    } catch (...) {
+      return "something else";
+    }
   }
   std::string hostAsksForName(const HostObject& object) override { return m_runtime.send(object, "name").text(); }
   bool hostDrags(const HostObject& object) override {

@@ -2,6 +2,7 @@
 #include <set>
 #include <stdexcept>
 
+#include "channel/transport/vSocketClientImpl.h"
 #include "platform/Registry.h"
 #include "tests/surface/SurfaceWorld.h"
 
@@ -100,18 +101,36 @@ TEST_F(HookTable, ForwardsArgumentsAndResultOfRowsThatOnlyMakeTheHostsMethodCall
   EXPECT_EQ(host.calls(editor, "saveAndClose:"), (std::vector<Arguments>{{"sender"}}));
 }
 
-TEST_F(HookTable, AHostMethodThatRaisesIsCalledOnceAndGivesNothing) {
+TEST_F(HookTable, WhatAHostMethodRaisesReachesTheHostAndEndsTheHook) {
   int calls = 0;
-  world.classRuntime.defineClass("ECMutableCalendarEvent");
-  world.classRuntime.setInstanceMethod("ECMutableCalendarEvent", "saveRecord",
-                                       [&calls](const HostObject&, const Arguments&) -> Value {
-                                         ++calls;
-                                         throw std::runtime_error("host");
-                                       });
+  const auto raising = [&calls](const HostObject&, const Arguments&) -> Value {
+    ++calls;
+    throw std::domain_error("host");
+  };
+  world.classRuntime.setInstanceMethod("ECCalendarEvent", "olmUCInband", raising);
+  world.classRuntime.setInstanceMethod("OLAutoLayoutAttachmentsAcceptingView", "initWithFrame:", raising);
+  host.set(event, "isOccurrence", true);
   HookInstaller::sharedInstance().load();
-  const HostObject record = world.classRuntime.create("ECMutableCalendarEvent");
-  EXPECT_TRUE(world.classRuntime.send(record, "saveRecord").isAbsent());
+  EXPECT_THROW(world.classRuntime.sendAsHost(event, "olmUCInband", {}), std::domain_error);
   EXPECT_EQ(calls, 1);
+  EXPECT_EQ(world.classRuntime.send(event, "isOccurrence"), Value(true)) << "the trick is over with the call";
+  EXPECT_THROW(world.classRuntime.sendAsHost(header, "initWithFrame:", {valueFromRect({})}), std::domain_error);
+  EXPECT_FALSE(inHeader);
+  EXPECT_TRUE(world.classRuntime.send(event, "olmUCInband").isAbsent()) << "for a send of ours it is nothing";
+}
+
+TEST_F(HookTable, AnExceptionOfOursCostsTheHostNeitherItsCallNorItsResult) {
+  struct Failing final : vSocketClientImpl {
+    void disconnect() override { throw std::runtime_error("ours"); }
+  };
+  Registry::install<vSocketClientImpl>(std::make_unique<Failing>());
+  const HostObject mainWindow = host.object("ERageMainWindowController", {{"windowWillClose:", "closed"}});
+  host.set(header, "initWithFrame:", header);
+  vnApptUIActionMgr::sharedInstance().setBarFactory([](const HostObject&) { throw std::runtime_error("ours"); });
+  HookInstaller::sharedInstance().load();
+  EXPECT_EQ(world.classRuntime.send(mainWindow, "windowWillClose:", {Value()}), Value("closed"));
+  EXPECT_EQ(world.classRuntime.send(header, "initWithFrame:", {Value()}), Value(header));
+  EXPECT_EQ(host.calls(header, "initWithFrame:").size(), 1U);
 }
 
 TEST_F(HookTable, AHookMayBeEnteredAgainFromInsideTheHostsMethod) {

@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/workflow/FakeWindow.h"
@@ -86,6 +88,19 @@ TEST_F(Finish, AWindowThatTheHostsOwnSaveHasClosedIsNotClosedAgain) {
   hostDoes("saveAndCloseWindow:", [&] { window.bar->windowController = {}; });
   finish(window, VnApptActionSaveAndClose);
   EXPECT_THAT(calls, ElementsAre("saveAndCloseWindow:"));
+}
+
+TEST_F(Finish, ASaveThatRaisesInTheHostLeavesTheWindowOpen) {
+  const std::pair<int, const char*> closing[] = {
+      {VnApptActionSaveAndClose, "saveAndCloseWindow:"},
+      {VnApptActionSaveAndCloseReturnError, "saveAndCloseWindow:andReturnError:"}};
+  for (const auto& [action, selector] : closing) {
+    FakeWindow window(test);
+    hostDoes(selector, [] { throw std::runtime_error("host"); });
+    calls.clear();
+    finish(window, action);
+    EXPECT_THAT(calls, ElementsAre(selector));
+  }
 }
 
 }  // namespace

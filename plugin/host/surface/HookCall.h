@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 #include "platform/ClassRuntime.h"
 
@@ -20,20 +22,25 @@ class HookCall {
   Value argument(std::size_t index) const { return index < m_arguments.size() ? m_arguments[index] : Value(); }
 
   // Runs the host's own implementation on the receiver, with the call's arguments or with others, and gives its
-  // result. A replacement that does not forward has taken the call over.
+  // result. A replacement that does not forward has taken the call over. When the host's method raises, this
+  // throws HostRaised, which ends the replacement: as if we were not there, the host gets what it raised itself.
   Value forward() { return forward(m_arguments); }
   Value forward(const Arguments& arguments) {
-    m_forwarded = true;
-    return m_runtime.send(m_receiver, m_addedSelector, arguments);
+    m_hostResult = Value();
+    Answer answer = m_runtime.call(m_receiver, m_addedSelector, arguments);
+    if (answer.raised) throw HostRaised{std::move(answer.raised)};
+    m_hostResult = std::move(answer.value);
+    return *m_hostResult;
   }
-  bool forwarded() const { return m_forwarded; }
+  // What forward() gave last; nothing when the host has not been called.
+  const std::optional<Value>& hostResult() const { return m_hostResult; }
 
  private:
   ClassRuntime& m_runtime;
   std::string_view m_addedSelector;
   const HostObject& m_receiver;
   const Arguments& m_arguments;
-  bool m_forwarded = false;
+  std::optional<Value> m_hostResult;
 };
 
 }  // namespace vorn

@@ -26,9 +26,12 @@ struct Entry {
     if (!Registry::platform().classRuntime) return call.forward();
     try {
       return row.function(call);
+    } catch (const HostRaised&) {
+      throw;
     } catch (...) {
-      // The host must neither see our exceptions nor lose a call to them.
-      return call.forwarded() ? Value() : call.forward();
+      // The host must neither see our exceptions nor lose a call or its result to them: it works as if we were not
+      // there.
+      return call.hostResult() ? *call.hostResult() : call.forward();
     }
   }
 };

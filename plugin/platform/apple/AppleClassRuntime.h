@@ -33,8 +33,7 @@ class AppleClassRuntime final : public ClassRuntime {
   std::string unusableTypes(ClassRef target, std::string_view selector) override;
   void method_exchangeImplementations(MethodRef first, MethodRef second) override;
   HostObject classObject(ClassRef target) override;
-  using ClassRuntime::send;
-  Value send(const HostObject& receiver, std::string_view selector, const Arguments& arguments) override;
+  Answer call(const HostObject& receiver, std::string_view selector, const Arguments& arguments) override;
   bool respondsTo(const HostObject& receiver, std::string_view selector) override;
   bool isKindOf(const HostObject& receiver, ClassRef target) override;
   std::string className(const HostObject& receiver) override;

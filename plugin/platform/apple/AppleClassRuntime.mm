@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/apple/Conversions.h"
+#include "platform/apple/HostExceptions.h"
 #include "platform/apple/MethodSignature.h"
 #include "platform/apple/Replacement.h"
 
@@ -144,8 +145,8 @@ struct Callee {
 };
 
 // Runs the method; an object that it answers is retained for the caller, any other result is already the value.
-Value callNative(id object, Callee callee, const Replacement::Call* forwarded, const Arguments& arguments,
-                 id& retained) {
+Answer callNative(id object, Callee callee, const Replacement::Call* forwarded, const Arguments& arguments,
+                  id& retained) {
   MethodSignature& signature = *callee.signature;
   NativeValues values(signature);
   std::vector<void*> native = {&object, &callee.selector};
@@ -154,15 +155,18 @@ Value callNative(id object, Callee callee, const Replacement::Call* forwarded, c
     native.push_back(values.nextArgument(signature.argumentSize(i)));
     writeArgument(signature, i, arguments, forwarded, native.back());
   }
-  ffi_call(&signature.call(), FFI_FN(callee.code), values.result(), native.data());
-  if (!signature.result().isObject()) return signature.result().readResult(values.result(), Holding::never);
+  HostException raised =
+      exceptionFrom([&] { ffi_call(&signature.call(), FFI_FN(callee.code), values.result(), native.data()); });
+  if (raised) return {{}, std::move(raised)};
+  if (!signature.result().isObject())
+    return {signature.result().readResult(values.result(), Holding::never), nullptr};
   std::memcpy(&retained, values.result(), sizeof retained);
   [retained retain];
   return {};
 }
 
-Value callInPool(id object, const Callee& callee, const Replacement::Call* forwarded, const Arguments& arguments,
-                 id& retained) {
+Answer callInPool(id object, const Callee& callee, const Replacement::Call* forwarded, const Arguments& arguments,
+                  id& retained) {
   // A reader of a flag or a number leaves nothing behind that would have to end with it.
   const MethodSignature& signature = *callee.signature;
   const bool onlyReads =
@@ -171,19 +175,15 @@ Value callInPool(id object, const Callee& callee, const Replacement::Call* forwa
   return callNative(object, callee, forwarded, arguments, retained);
 }
 
-Value call(id object, const Callee& callee, Replacement::Call* forwarded, const Arguments& arguments) {
+Answer callMethod(id object, const Callee& callee, Replacement::Call* forwarded, const Arguments& arguments) {
   id retained = nil;
-  const Value plain = callInPool(object, callee, forwarded, arguments, retained);
-  if (!retained) return plain;
+  Answer answer = callInPool(object, callee, forwarded, arguments, retained);
+  if (answer.raised) return answer;
   // What the host made on the way has ended with the pool; what is left without an owner now was a temporary.
   const Hold held(retained);
   [retained release];
-  const Value answer = valueOrAbsent(retained);
-  if (forwarded) {
-    [forwarded->forwardedResult release];
-    forwarded->forwardedResult = [retained retain];
-    forwarded->forwardedValue = answer;
-  }
+  if (retained) answer.value = valueOrAbsent(retained);
+  if (forwarded) forwarded->setForwarded(retained, answer.value);
   return answer;
 }
 
@@ -325,7 +325,7 @@ HostObject AppleClassRuntime::classObject(ClassRef target) {
   return LiveObjects::instance().reference(static_cast<id>(classFrom(target)), Holding::never);
 }
 
-Value AppleClassRuntime::send(const HostObject& receiver, std::string_view selector, const Arguments& arguments) {
+Answer AppleClassRuntime::call(const HostObject& receiver, std::string_view selector, const Arguments& arguments) {
   const id object = liveObject(receiver);
   const SEL named = selectorNamed(selector);
   if (!object || !named) return {};
@@ -334,9 +334,9 @@ Value AppleClassRuntime::send(const HostObject& receiver, std::string_view selec
     // A copy, for the call may lead to exchanges.
     const Callee callee = m_tables->calleeOf(object_getClass(object), named);
     if (!callee.signature) return {};
-    return call(object, callee, Replacement::forwardedBy(object, named), arguments);
+    return callMethod(object, callee, Replacement::forwardedBy(object, named), arguments);
   } catch (...) {
-    // A host method that raises must not take the process along; its result is simply not there.
+    // The host's values, on their way in or out, are code of the host too.
     return {};
   }
 }

@@ -15,7 +15,8 @@ namespace vorn {
 // A method implementation for the Objective-C runtime that runs one of ours.
 //
 // Main thread only, but for the host's calls: one that comes on another thread runs the host's own method as if
-// there were no replacement.
+// there were no replacement. What the host's own method raises reaches the host, past our code. An exception of
+// ours does not: where one ends the implementation, the host gets the result of its own method.
 class Replacement {
  public:
   // One call of the host that is being replaced.
@@ -25,10 +26,13 @@ class Replacement {
     SEL selector = nullptr;
     std::vector<void*> native;
     Arguments arguments;
-    // What the host's own method answered when it was last forwarded to: retained, with the value made of it.
+    // What the host's own method answered when it was last forwarded to: an object is retained, with the value
+    // made of it.
+    bool isForwarded = false;
     id forwardedResult = nil;
     Value forwardedValue;
 
+    void setForwarded(id result, const Value& value);
     ~Call();
   };
 
@@ -52,8 +56,11 @@ class Replacement {
  private:
   Replacement(Implementation implementation, CharacterPointers characters);
   static void enter(ffi_cif* call, void* result, void** arguments, void* replacement);
-  void run(void* result, void** arguments);
-  void runHostsOwn(void* result, void** arguments) const;
+  // These three write the result and give what the host's own method raised instead.
+  HostException run(void* result, void** arguments);
+  HostException runGuarded(MethodSignature& signature, Call& call, void* result, void** arguments);
+  HostException runHostsOwn(MethodSignature& signature, void* result, void** arguments) const;
+  void runOurs(const MethodSignature& signature, Call& call, void* result, void** arguments);
   void readArguments(const MethodSignature& signature, void** arguments, Call& call) const;
   // The one of the two selectors that reaches the host's own method when the call came by the given one; null
   // before the exchange, and for a call by another name.

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "platform/apple/HostExceptions.h"
 #include "platform/apple/LiveObjects.h"
 
 namespace vorn {
@@ -24,7 +25,22 @@ class InProgress {
   InProgress& operator=(const InProgress&) = delete;
 };
 
+// The very object that the host's own method answered; any other result from its value.
+void writeForwarded(const MethodSignature& signature, const Replacement::Call& call, void* result) {
+  if (!signature.result().isObject()) return signature.result().writeResult(call.forwardedValue, result);
+  const id original = [[call.forwardedResult retain] autorelease];
+  std::memcpy(result, &original, sizeof original);
+}
+
 }  // namespace
+
+void Replacement::Call::setForwarded(id result, const Value& value) {
+  isForwarded = true;
+  [result retain];
+  [forwardedResult release];
+  forwardedResult = result;
+  forwardedValue = value;
+}
 
 Replacement::Call::~Call() { [forwardedResult release]; }
 
@@ -80,45 +96,61 @@ bool Replacement::isForwardedBy(SEL entered, SEL sent) const {
 }
 
 void Replacement::enter(ffi_cif*, void* result, void** arguments, void* replacement) {
-  try {
-    static_cast<Replacement*>(replacement)->run(result, arguments);
-  } catch (...) {
-    // No exception of ours may enter the host; its call answers with the zero that stands there.
-  }
+  HostException raised = static_cast<Replacement*>(replacement)->run(result, arguments);
+  if (raised) raiseAgain(std::move(raised));
 }
 
-void Replacement::run(void* result, void** arguments) {
+HostException Replacement::run(void* result, void** arguments) {
   // Both may be exchanged for others while the call is running.
   const std::shared_ptr<MethodSignature> signature = m_signature;
   std::memset(result, 0, signature->resultSize());
-  if (![NSThread isMainThread]) return runHostsOwn(result, arguments);
+  if (![NSThread isMainThread]) return runHostsOwn(*signature, result, arguments);
   Call call;
   call.replacement = this;
   std::memcpy(&call.receiver, arguments[0], sizeof(id));
   std::memcpy(&call.selector, arguments[1], sizeof(SEL));
-  readArguments(*signature, arguments, call);
-  const InProgress inProgress(call);
-  const HostObject receiver = LiveObjects::instance().reference(call.receiver, LiveObjects::Holding::never);
-  const Value answer = m_implementation(receiver, call.arguments);
-  if (signature->result().isObject() && call.forwardedResult && answer == call.forwardedValue) {
-    const id original = [[call.forwardedResult retain] autorelease];
-    std::memcpy(result, &original, sizeof original);
-    return;
-  }
-  signature->result().writeResult(answer, result);
+  return runGuarded(*signature, call, result, arguments);
 }
 
-void Replacement::runHostsOwn(void* result, void** arguments) const {
+HostException Replacement::runGuarded(MethodSignature& signature, Call& call, void* result, void** arguments) {
+  try {
+    runOurs(signature, call, result, arguments);
+    return nullptr;
+  } catch (const HostRaised& raised) {
+    return raised.exception;
+  } catch (...) {
+    // No exception of ours may enter the host. It works as if we were not there, and its method runs only once.
+  }
+  if (call.isForwarded) {
+    writeForwarded(signature, call, result);
+    return nullptr;
+  }
+  const HostObject receiver(reinterpret_cast<std::uintptr_t>(call.receiver));
+  return LiveObjects::instance().object(receiver) ? runHostsOwn(signature, result, arguments) : nullptr;
+}
+
+void Replacement::runOurs(const MethodSignature& signature, Call& call, void* result, void** arguments) {
+  const HostObject receiver = LiveObjects::instance().reference(call.receiver, LiveObjects::Holding::never);
+  readArguments(signature, arguments, call);
+  const InProgress inProgress(call);
+  const Value answer = m_implementation(receiver, call.arguments);
+  const bool isForwardedObject =
+      signature.result().isObject() && call.isForwarded && answer == call.forwardedValue;
+  if (isForwardedObject) return writeForwarded(signature, call, result);
+  signature.result().writeResult(answer, result);
+}
+
+HostException Replacement::runHostsOwn(MethodSignature& signature, void* result, void** arguments) const {
   id receiver = nil;
   SEL entered = nullptr;
   std::memcpy(&receiver, arguments[0], sizeof receiver);
   std::memcpy(&entered, arguments[1], sizeof entered);
   SEL hosts = otherSelector(entered);
-  if (!hosts) return;
+  if (!hosts) return nullptr;
   const IMP code = class_getMethodImplementation(object_getClass(receiver), hosts);
-  std::vector<void*> native(arguments, arguments + m_signature->argumentCount() + 2);
+  std::vector<void*> native(arguments, arguments + signature.argumentCount() + 2);
   native[1] = &hosts;
-  ffi_call(&m_signature->call(), FFI_FN(code), result, native.data());
+  return exceptionFrom([&] { ffi_call(&signature.call(), FFI_FN(code), result, native.data()); });
 }
 
 void Replacement::readArguments(const MethodSignature& signature, void** arguments, Call& call) const {

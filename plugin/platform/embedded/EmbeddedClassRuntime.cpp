@@ -1,5 +1,6 @@
 #include "platform/embedded/EmbeddedClassRuntime.h"
 
+#include <exception>
 #include <map>
 #include <utility>
 #include <vector>
@@ -215,8 +216,17 @@ HostObject EmbeddedClassRuntime::classObject(ClassRef target) {
   return target ? HostObject(classFrom<Class>(target)->classObject) : HostObject();
 }
 
-Value EmbeddedClassRuntime::send(const HostObject& receiver, std::string_view selector,
-                                 const Arguments& arguments) {
+Answer EmbeddedClassRuntime::call(const HostObject& receiver, std::string_view selector,
+                                  const Arguments& arguments) {
+  try {
+    return {sendAsHost(receiver, selector, arguments), nullptr};
+  } catch (...) {
+    return {{}, std::make_shared<const std::exception_ptr>(std::current_exception())};
+  }
+}
+
+Value EmbeddedClassRuntime::sendAsHost(const HostObject& receiver, std::string_view selector,
+                                       const Arguments& arguments) {
   Object* held = m_tables->object(receiver);
   if (!held) return {};
   const Method* method = held->isa->find(std::string(selector));
@@ -226,9 +236,8 @@ Value EmbeddedClassRuntime::send(const HostObject& receiver, std::string_view se
   const std::shared_ptr<void> state = held->state;
   try {
     return (*implementation)(receiver, arguments);
-  } catch (...) {
-    // A host method that raises must not take the process along; its result is simply not there.
-    return {};
+  } catch (const HostRaised& raised) {
+    std::rethrow_exception(*static_cast<const std::exception_ptr*>(raised.exception.get()));
   }
 }
 

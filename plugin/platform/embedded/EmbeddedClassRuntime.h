@@ -40,6 +40,8 @@ class EmbeddedClassRuntime final : public ClassRuntime {
     return std::static_pointer_cast<State>(stateOf(object));
   }
   void setState(const HostObject& object, std::shared_ptr<void> state);
+  // Sends as the host does: a host method raises by throwing, and what it throws goes on to the caller.
+  Value sendAsHost(const HostObject& receiver, std::string_view selector, const Arguments& arguments);
 
   ClassRef NSClassFromString(std::string_view name) override;
   ClassRef objc_getMetaClass(std::string_view name) override;
@@ -52,8 +54,7 @@ class EmbeddedClassRuntime final : public ClassRuntime {
   std::string unusableTypes(ClassRef target, std::string_view selector) override;
   void method_exchangeImplementations(MethodRef first, MethodRef second) override;
   HostObject classObject(ClassRef target) override;
-  using ClassRuntime::send;
-  Value send(const HostObject& receiver, std::string_view selector, const Arguments& arguments) override;
+  Answer call(const HostObject& receiver, std::string_view selector, const Arguments& arguments) override;
   bool respondsTo(const HostObject& receiver, std::string_view selector) override;
   bool isKindOf(const HostObject& receiver, ClassRef target) override;
   std::string className(const HostObject& receiver) override;
