@@ -251,15 +251,19 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   }
 }
 
-TEST_F(Decisions, AReplyWithoutAReadableMeetingChangesNothingInAnyState) {
+// Nothing of the personal meeting is needed to schedule with its number.
+TEST_F(Decisions, AReplyWithoutAReadableMeetingLetsOnlyTheAddWithThePersonalNumberGoOn) {
   panels.isOpen = true;
   helper().setMeetingData(Value::dictionary(), false);
   for (std::uint64_t state = VnStateIdle; state <= VnStateUpdateOnCalendar; ++state) {
     SCOPED_TRACE(state);
+    const bool goesOn = state == VnStatePMIForSchedule;
+    client.requests.clear();
     manager().setState(state);
     reply(VnCmdGetMeeting);
-    EXPECT_EQ(manager().state(), state);
-    EXPECT_THAT(client.requests, IsEmpty());
+    EXPECT_EQ(manager().state(), goesOn ? VnStateCommitting : state);
+    EXPECT_THAT(client.requests,
+                ElementsAreArray(goesOn ? std::vector<std::string>{"3/1"} : std::vector<std::string>{}));
     EXPECT_THAT(panels.panel.calls, IsEmpty());
     EXPECT_FALSE(isWritten());
     EXPECT_EQ(hostSaves, 0);
