@@ -33,6 +33,18 @@ void vnUserProfileHelper::setData(const Value& profile) {
     m_cachedUserId = userId;
   }
   initProtoParseInstance();
+  rememberAccount();
+}
+
+void vnUserProfileHelper::rememberAccount() {
+  // A reply that nobody can read says nothing about the account.
+  const OptionalText userId = getUID();
+  if (!userId) return;
+  if (m_lastKnown.userId != userId) m_lastKnown = {userId, std::nullopt, Value()};
+  m_lastKnown.bosses = bossesInfo();
+  const CVnUserProfileProtoParse* parser = hasProto() ? userProfileProtoParse().get() : nullptr;
+  if (!parser) return;
+  if (const std::optional<std::int32_t> told = parser->GetUserType()) m_lastKnown.userType = told;
 }
 
 void vnUserProfileHelper::clearUserProfile() {
@@ -55,6 +67,7 @@ void vnUserProfileHelper::freeProtoParseInstance() { userProfileProtoParse().res
 void vnUserProfileHelper::cleanup() {
   m_profile = Value();
   m_cachedUserId.reset();
+  m_lastKnown = {};
   freeProtoParseInstance();
 }
 

@@ -172,8 +172,16 @@ class vnUserProfileHelper {
 
   bool isPaidUser() const;
   bool isNoMeetingLicenseUser() const;
-  // Absent when the message does not tell or there is none.
-  std::optional<std::int32_t> userType() const;
+  // The account's type as it was last told; absent before.
+  std::optional<std::int32_t> userType() const { return m_lastKnown.userType; }
+
+  // --- What outlasts clearUserProfile(), until a profile tells something else or is another account's: the end of
+  // one window clears the profile, and must take nothing away from the others.
+
+  // Absent when no profile has named its user yet.
+  OptionalText lastKnownUserId() const { return m_lastKnown.userId; }
+  // As bossesInfo().
+  Value lastKnownBosses() const { return m_lastKnown.bosses; }
 
   // --- Telephone audio.
 
@@ -224,6 +232,13 @@ class vnUserProfileHelper {
   Value getRegionCodes(const OptionalText& email) const;
 
  private:
+  struct Account {
+    OptionalText userId;
+    std::optional<std::int32_t> userType;
+    Value bosses;
+  };
+
+  void rememberAccount();
   bool dictionaryOrBit(std::string_view key, std::int64_t word, std::uint64_t mask) const;
   // The value under a key of the account or of the person.
   Value accountOrPerson(const OptionalText& email, std::string_view key) const;
@@ -232,6 +247,7 @@ class vnUserProfileHelper {
   Value m_profile = Value::dictionary();
   OptionalText m_cachedUserId;
   bool m_isAccountChanged = false;
+  Account m_lastKnown;
 };
 
 }  // namespace vorn

@@ -86,11 +86,6 @@ std::string vnUserProfileHelper::getUpgradeContactEmail() const {
   return getAccountUpgradeInfo()[vn_UpgradeInfo_ContactEmail].text();
 }
 
-std::optional<std::int32_t> vnUserProfileHelper::userType() const {
-  const CVnUserProfileProtoParse* parser = userProfileProtoParse().get();
-  return parser ? parser->GetUserType() : std::nullopt;
-}
-
 bool vnUserProfileHelper::isPaidUser() const { return vnLicencePolicy::isPaidUser(userType()); }
 
 bool vnUserProfileHelper::isNoMeetingLicenseUser() const {

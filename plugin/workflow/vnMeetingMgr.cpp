@@ -72,7 +72,6 @@ void vnMeetingMgr::observeNotifications() {
   observe(notify_ScheduleErrorMessage_Commit, &vnMeetingMgr::onInvokeScheduleErrorMessageCommit,
           m_scheduleErrorMsg.get());
   observe(notify_Schedule_AlternateHostError, &vnMeetingMgr::onInvokeScheduleAlternateHostError);
-  // No filter: with several windows open, every manager reacts.
   observe(notify_Commit_ChooseAnotherTemplate, &vnMeetingMgr::onInvokeCommitChooseAnotherTemplate);
 }
 

@@ -223,6 +223,8 @@ class vnMeetingMgr : public vnMeetingState,
   std::unique_ptr<vnGetMeetingHelper> m_getMeetingHelper;
   std::unique_ptr<vnScheduleErrorMessage> m_scheduleErrorMsg;
   Value m_updatedMeetingDataOnCalendar = Value::dictionary();
+  // No other edit was waiting for its reply when this one was parked.
+  bool m_parkedEditIsAlone = true;
   bool m_bIsDragAndMove = false;
   bool m_bIsForceUpdate = false;
   bool m_bOpenFromVornClient = false;

@@ -15,6 +15,14 @@ namespace {
 constexpr std::string_view kParkedCommand = "cmd";
 constexpr std::string_view kParkedMeetingData = "meetingData";
 
+// Whether a reply by UUID is about the appointment that was asked for. A reply carries no number of its request,
+// so one to an earlier edit of another appointment may come first: a reply that names a UUID has to name this one,
+// and one that names none is only believed when no other edit was waiting.
+bool isAboutAppointment(const Value& meetingInfo, const OptionalText& uuid, bool wasAskedAlone) {
+  const OptionalText told = meetingInfo[vn_Outlook_ApptInfo][vn_ApptInfo_OlApptUUID].optionalText();
+  return told ? told == uuid : wasAskedAlone;
+}
+
 }  // namespace
 
 int vnMeetingMgr::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command, const Value& meetingData) {
@@ -26,6 +34,7 @@ int vnMeetingMgr::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command,
   m_meetingDataMgr->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
   // After the manager's end there is no place to park an edit in any more.
   if (m_updatedMeetingDataOnCalendar.isPresent()) {
+    m_parkedEditIsAlone = m_updatedMeetingDataOnCalendar.count() == 0;
     m_updatedMeetingDataOnCalendar =
         Value::dictionaryFromPairs({{kParkedCommand, command}, {kParkedMeetingData, meetingData}});
   }
@@ -40,9 +49,15 @@ int vnMeetingMgr::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command,
 void vnMeetingMgr::replayUpdateOnCalendar() {
   const Value parked = m_updatedMeetingDataOnCalendar;
   const Value& command = parked[kParkedCommand];
-  const Value& meetingData = parked[kParkedMeetingData];
+  Value meetingData = parked[kParkedMeetingData];
   if (!command.isPresent() || !meetingData.isPresent()) return;
   m_updatedMeetingDataOnCalendar = Value::dictionary();
+  // The key in the appointment may be stale: what the service knows by the UUID counts.
+  const Value info = m_getMeetingHelper->getMeetingInfo();
+  const OptionalText uuid = meetingData[vn_Outlook_ApptInfo][vn_ApptInfo_OlApptUUID].optionalText();
+  if (!info[vn_MeetingKey].text().empty() && isAboutAppointment(info, uuid, m_parkedEditIsAlone)) {
+    meetingData.set(vn_MeetingKey, info[vn_MeetingKey]);
+  }
   sendVnMeetingCommand(static_cast<std::uint64_t>(command.integerValue()), meetingData);
 }
 

@@ -1,6 +1,8 @@
 // Adding a meeting to an appointment, taking it off again, and the settings of an existing one: everything that
 // starts with a click, before any save.
 
+#include "channel/commands/ErrorCodes.h"
+#include "channel/commands/vnAPIBase.h"
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
@@ -11,10 +13,13 @@
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
+#include "platform/Localization.h"
 #include "util/Text.h"
 #include "workflow/SettingsPanel.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
+#include "workflow/vnCommitWarning.h"
 #include "workflow/vnMeetingMgr.h"
+#include "workflow/vnMeetingMgrMonitor.h"
 #include "workflow/vnOnbehalfData.h"
 #include "workflow/vnWorkflowKeys.h"
 
@@ -34,8 +39,16 @@ OptionalText windowIdOf(const std::shared_ptr<MeetingBar>& bar) {
   return bar ? bar->getAppointmentWindowID() : std::nullopt;
 }
 
-constexpr int kCommitErrorStrongerPasscode = 3403;
-constexpr int kCommitErrorSecurity = 3113;
+// What the panel would say of a refused commit; "" for a code that it has no words for.
+std::string refusalMessage(int errorCode) {
+  switch (errorCode) {
+    case ErrorCode::kPasscodeUnfit: return localizedString("LN_Schedule_PasswordDoNotMeetRequirements_136704");
+    case ErrorCode::kPasscodeTooWeak: return localizedString("LN_Schedule_Password_EnterStronger_162671");
+    case ErrorCode::kSecurityOptionMissing: return localizedString("LN_Schedule_Security_SelectErrorTip_166836");
+    case ErrorCode::kTrackingFieldMissing: return localizedString("LN_Schedule_TrackingField_Missing");
+    default: return "";
+  }
+}
 
 }  // namespace
 
@@ -219,8 +232,10 @@ bool vnMeetingMgr::checkScheduleForEmailValidity() {
   // Until the profile has come nobody knows one's own id either, and a meeting that names only its host's id looks
   // like somebody else's even if it is one's own.
   const bool namesAnEmail = m_getMeetingHelper->getMeetingInfo()[vn_Setting][vn_Setting_ScheduleFor].isPresent();
-  if (!vnUserProfileHelper::sharedInstance().hasUserProfile() && !namesAnEmail) return true;
-  const Value bosses = vnUserProfileHelper::sharedInstance().bossesInfo();
+  const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+  if (!profile.hasUserProfile() && !namesAnEmail) return true;
+  // Another window's end may just have cleared the profile, which takes nobody off the account's list.
+  const Value bosses = profile.hasUserProfile() ? profile.bossesInfo() : profile.lastKnownBosses();
   for (const Value& boss : bosses.items()) {
     if (equalIgnoringCase(boss["email"].text(), email)) return true;
   }
@@ -235,10 +250,17 @@ void vnMeetingMgr::changeUIWithScheduleForEmainError(const HostObject& parentWin
 // -- Errors of a commit that the panel shows ---------------------------------------------------------------------
 
 void vnMeetingMgr::showSettingsWindowWithCommitError(const HostObject& parentWindow, int errorCode) {
-  if (errorCode == kCommitErrorStrongerPasscode) setSecurityOptionErrorInfo(vn_NotStrongerPasscode, true);
-  if (errorCode == kCommitErrorSecurity) setSecurityOptionErrorInfo(vn_SecurityNotSeleteOne, true);
   const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByWindow(parentWindow);
-  if (bar) showSettingsWindow(bar, getVornMeetingData(editorOf(bar)));
+  if (!settingsPanels() || !windowIdOf(bar)) {
+    // Nobody would read and clear what the panel is told through the site configuration, and without a word the
+    // user would not know why nothing happens.
+    const std::string message = refusalMessage(errorCode);
+    if (!message.empty()) vnAPIBase::popupWarnWithErrorMsg(parentWindow, message);
+    return;
+  }
+  if (errorCode == ErrorCode::kPasscodeTooWeak) setSecurityOptionErrorInfo(vn_NotStrongerPasscode, true);
+  if (errorCode == ErrorCode::kSecurityOptionMissing) setSecurityOptionErrorInfo(vn_SecurityNotSeleteOne, true);
+  showSettingsWindow(bar, getVornMeetingData(editorOf(bar)));
 }
 
 void vnMeetingMgr::setSecurityOptionErrorInfo(std::string_view key, bool value) {
@@ -266,6 +288,8 @@ void vnMeetingMgr::onInvokeScheduleAlternateHostError(const Value& userInfo) {
 
 void vnMeetingMgr::onInvokeCommitChooseAnotherTemplate(const Value& userInfo) {
   const HostObject parentWindow = userInfo["parentWindow"].object();
+  // Every manager hears of it, and the data are one window's: another manager would take over its meeting.
+  if (vnMeetingMgrMonitor::getMeetingMgrByOlWindow(parentWindow).get() != this) return;
   if (userInfo["chooseAnotherTemplate"].boolValue()) {
     showSettingsWindowWithCommitError(parentWindow, 0);
     return;
@@ -283,8 +307,10 @@ void vnMeetingMgr::onInvokeCommitChooseAnotherTemplate(const Value& userInfo) {
   m_apiMgr->updateMeeting(parentWindow, data);
 }
 
-void vnMeetingMgr::showCommitWarning(const HostObject& /*parentWindow*/, const Value& /*meetingData*/) {
-  // The notice about a template that is gone belongs to the panel's notices; without them the commit just stops.
+void vnMeetingMgr::showCommitWarning(const HostObject& parentWindow, const Value& meetingData) {
+  vnCommitWarning& warning = vnCommitWarning::sharedInstance();
+  warning.setData(meetingData);
+  warning.showCommitWarning(parentWindow);
 }
 
 bool vnMeetingMgr::isEnableRecurrence(const HostObject& editor) {

@@ -83,7 +83,8 @@ int vnMeetingMgr::getMeetingByApptUUID(const HostObject& editor) {
 
 void vnMeetingMgr::onGetMeetingByApptUUIDActionFinished(const Value& data) {
   if (state() == VnStateUpdateOnCalendar) return replayUpdateOnCalendar();
-  if (state() != VnStateLoadByApptUUID) return;
+  // A reply without a readable meeting tells nothing, and the bar stays as it is.
+  if (state() != VnStateLoadByApptUUID || !m_getMeetingHelper->hasMeetingInfo()) return;
   const Value info = m_getMeetingHelper->getMeetingInfo();
   m_meetingDataMgr->setMeetingKey(info[vn_MeetingKey].optionalText());
   m_meetingDataMgr->setJoinUrl(info[vn_Meeting_JoinUrl].optionalText());

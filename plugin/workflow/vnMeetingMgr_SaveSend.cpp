@@ -155,8 +155,9 @@ void vnMeetingMgr::notifyActionResultToCalActionMgr(const Value& response) {
 
 void vnMeetingMgr::onGetMeetingActionFinished(const Value& data) {
   // A reply without a readable meeting is like one that was cut short: nothing is known, so nothing is compared,
-  // told or written, and the appointment stays open as it is.
-  if (!m_getMeetingHelper->hasMeetingInfo()) return;
+  // told or written, and the appointment stays open as it is. Only the add with the personal meeting ID needs
+  // nothing of it and goes on.
+  if (!m_getMeetingHelper->hasMeetingInfo() && state() != VnStatePMIForSchedule) return;
   const auto bar = barOfReply(data);
   const HostObject editor = bar ? bar->editorViewController() : HostObject();
   const HostObject parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());

@@ -6,6 +6,7 @@
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
 #include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
@@ -52,7 +53,9 @@ void vnScheduleErrorMessage::postCommitCommand(bool isOK) {
 }
 
 bool vnScheduleErrorMessage::notShowMessageAgain() {
-  const JsonTextFile savedProfile(vnCommon::getVnUserProfilePath(vnCommon::getUID()));
+  // The user whose plan asks for the notice, who is known longer than the profile is.
+  const JsonTextFile savedProfile(
+      vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().lastKnownUserId()));
   return savedProfile.read()[vn_Setting_NotShowUpgradeMessageAgain].boolValue();
 }
 

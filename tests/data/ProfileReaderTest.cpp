@@ -1,5 +1,6 @@
 #include "channel/store/vnCommon.h"
 #include "data/vnGetScheduleForListHelper.h"
+#include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "tests/data/DataTest.h"
 #include "util/vStringUtils.h"
@@ -114,6 +115,33 @@ TEST_F(ProfileReaderTest, TellsAnAbsentFieldFromAZero) {
     EXPECT_EQ(account().enableCloudRecording(), c.cloud);
     EXPECT_FALSE(account().isPaidUser()) << "an unknown plan is no paid plan";
   }
+}
+
+TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes) {
+  const auto fromUser = [this](const char* id, std::optional<int> type) {
+    proto::UserProfile message;
+    message.set_id(id);
+    if (type) message.set_usertype(*type);
+    Value profile = profileWith(message.SerializeAsString());
+    profile.set(vn_Profile_Bosses, json(R"([{"email":"ann@x.org"}])"));
+    account().setData(profile);
+  };
+  fromUser("a", 1);
+  account().clearUserProfile();
+  EXPECT_EQ(account().userType(), 1);
+  EXPECT_EQ(account().lastKnownUserId(), "a");
+  EXPECT_EQ(account().lastKnownBosses().count(), 1u);
+  account().setData(Value::dictionary());
+  EXPECT_EQ(account().userType(), 1) << "a reply that nobody can read tells nothing";
+  fromUser("a", std::nullopt);
+  EXPECT_EQ(account().userType(), 1);
+  fromUser("b", std::nullopt);
+  EXPECT_FALSE(account().userType()) << "another account";
+  fromUser("b", 0);
+  EXPECT_TRUE(account().isNoMeetingLicenseUser());
+  account().setData(json(R"({"userId":"c"})"));
+  EXPECT_FALSE(account().isNoMeetingLicenseUser());
+  EXPECT_TRUE(account().lastKnownBosses().isAbsent());
 }
 
 TEST_F(ProfileReaderTest, HidesWhatTheClientCannotDo) {

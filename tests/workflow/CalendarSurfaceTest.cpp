@@ -5,7 +5,9 @@
 #include "channel/commands/vnAPIKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnECCalendarEvent.h"
+#include "meeting.pb.h"
 #include "tests/workflow/FakeWindow.h"
+#include "util/EncodeUtils.h"
 #include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnWorkflowKeys.h"
 
@@ -51,6 +53,39 @@ TEST_F(CalendarEdit, GoesOnAtTheReplyOnce) {
   window.manager->setState(VnStateUpdateOnCalendar);
   window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
   EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
+}
+
+// The reply has no number of its request, so what it names decides whether it is believed.
+TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
+  const struct {
+    const char* name;
+    const char* toldKey;
+    const char* toldUUID;
+    bool isSecondEdit;
+    const char* key;
+  } rows[] = {
+      {"of this appointment", "88", "uuid", false, "88"},
+      {"of another appointment", "88", "other", false, "77"},
+      {"of none, to the only edit", "88", nullptr, false, "88"},
+      {"of none, to one of two edits", "88", nullptr, true, "77"},
+      {"of this appointment, to one of two edits", "88", "uuid", true, "88"},
+      {"without a meeting", "", "uuid", false, "77"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    FakeWindow window(test);
+    com::tidemar::webapp::proto::MeetingProto message;
+    if (row.toldUUID) message.set_extinfo(R"({"olApptUUID":")" + std::string(row.toldUUID) + "\"}");
+    if (row.isSecondEdit) {
+      window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "66"));
+    }
+    window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77"));
+    vnGetMeetingHelper& helper = *window.manager->getMeetingHelper();
+    helper.setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, row.toldKey}}), false);
+    helper.setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
+    window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
+    EXPECT_EQ(window.manager->getVornMeetingKey(), row.key);
+  }
 }
 
 TEST_F(CalendarEdit, IsParkedNowhereAfterTheEndOfItsManager) {

@@ -6,6 +6,9 @@
 #include <vector>
 
 #include "channel/commands/vnAPIKeys.h"
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnLocalProfileKeys.h"
+#include "channel/store/vnMeetingCommon.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
@@ -251,15 +254,19 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   }
 }
 
-TEST_F(Decisions, AReplyWithoutAReadableMeetingChangesNothingInAnyState) {
+// Nothing of the personal meeting is needed to schedule with its number.
+TEST_F(Decisions, AReplyWithoutAReadableMeetingLetsOnlyTheAddWithThePersonalNumberGoOn) {
   panels.isOpen = true;
   helper().setMeetingData(Value::dictionary(), false);
   for (std::uint64_t state = VnStateIdle; state <= VnStateUpdateOnCalendar; ++state) {
     SCOPED_TRACE(state);
+    const bool goesOn = state == VnStatePMIForSchedule;
+    client.requests.clear();
     manager().setState(state);
     reply(VnCmdGetMeeting);
-    EXPECT_EQ(manager().state(), state);
-    EXPECT_THAT(client.requests, IsEmpty());
+    EXPECT_EQ(manager().state(), goesOn ? VnStateCommitting : state);
+    EXPECT_THAT(client.requests,
+                ElementsAreArray(goesOn ? std::vector<std::string>{"3/1"} : std::vector<std::string>{}));
     EXPECT_THAT(panels.panel.calls, IsEmpty());
     EXPECT_FALSE(isWritten());
     EXPECT_EQ(hostSaves, 0);
@@ -337,6 +344,63 @@ TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
     helper().setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
     EXPECT_EQ(manager().checkScheduleForEmailValidity(), row.isValid);
   }
+}
+
+TEST_F(Decisions, ARefusedCommitIsToldByThePanelOrWithoutOneByAnAlert) {
+  const JsonTextFile siteFile(vnMeetingCommon::getLocalVnSiteConfigPath());
+  const struct {
+    int code;
+    std::string_view noted;
+  } rows[] = {{3402, ""}, {3403, vn_NotStrongerPasscode}, {3113, vn_SecurityNotSeleteOne}, {555, ""}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.code);
+    test.presenter.alerts.clear();
+    panels.panel.calls.clear();
+    manager().showSettingsWindowWithCommitError(window->bar->ownWindow, row.code);
+    EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
+    EXPECT_THAT(test.presenter.alerts, IsEmpty());
+    EXPECT_EQ(siteFile.read().count(), row.noted.empty() ? 0u : 1u);
+    EXPECT_EQ(siteFile.read()[row.noted].boolValue(), !row.noted.empty());
+    siteFile.write(Value::dictionary());
+
+    // Nobody would clear a note for a panel that does not come: there is none, or the commit came from the
+    // calendar.
+    manager().showSettingsWindowWithCommitError(HostObject(), row.code);
+    setSettingsPanels(nullptr);
+    manager().showSettingsWindowWithCommitError(window->bar->ownWindow, row.code);
+    setSettingsPanels(&panels);
+    ASSERT_EQ(test.presenter.alerts.size(), 2u);
+    EXPECT_NE(test.presenter.alerts[1].alert.message, "");
+    EXPECT_EQ(siteFile.read().count(), 0u);
+  }
+}
+
+TEST_F(Decisions, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
+  const FakeWindow other(test);
+  const auto dataOf = [](const char* name) {
+    Value setting = Value::dictionary();
+    setting.set(vn_Setting_MeetingTemplate,
+                Value::dictionaryFromPairs({{vn_Setting_MeetingTemplate_TemplateId, "T1"},
+                                            {vn_Setting_MeetingTemplate_TemplateName, name}}));
+    return Value::dictionaryFromPairs({{vn_Setting, setting}});
+  };
+  Value answered;
+  const auto subscription = test.notificationCenter.observe(
+      notify_Commit_ChooseAnotherTemplate,
+      [&](const NotificationCenter::Notification& note) { answered = note.userInfo; });
+  manager().showCommitWarning(window->bar->ownWindow, dataOf("Interview"));
+  other.manager->showCommitWarning(other.bar->ownWindow, dataOf("Town hall"));
+  ASSERT_EQ(test.presenter.alerts.size(), 2u);
+  EXPECT_EQ(test.presenter.alerts[0].window, window->bar->ownWindow);
+
+  test.presenter.answerAlert(0, Presenter::Answer::alternateButton);
+  EXPECT_EQ(answered["meetingData"], dataOf("Interview"));
+  EXPECT_THAT(client.requests, ElementsAre("3/2"));
+  EXPECT_THAT(client.contents.back(), testing::Not(testing::HasSubstr("Interview")));
+
+  test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
+  EXPECT_THAT(client.requests, ElementsAre("3/2"));
+  EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
 }
 
 TEST_F(Decisions, PeopleToScheduleForAreAskedForWithoutASheet) {

@@ -38,10 +38,12 @@ class FakeClient final : public vSocketClientImpl {
     const std::string content = envelope["content"].stringValue();
     if (name == "3") name += "/" + content.substr(0, content.find(';'));
     requests.push_back(name);
+    contents.push_back(content);
     return true;
   }
 
   std::vector<std::string> requests;
+  std::vector<std::string> contents;
 };
 
 }  // namespace vorn

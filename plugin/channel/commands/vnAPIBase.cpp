@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "channel/commands/ErrorCodes.h"
 #include "channel/commands/MeetingResponse.h"
 #include "channel/commands/ReplyFields.h"
 #include "channel/commands/vnAPIKeys.h"
@@ -27,26 +28,24 @@ constexpr std::string_view kErrorMark = "0;Error ";
 // The client's words for an error. 3018 counts as 3001, and the client's own error 2 as the network's 5003; the
 // plug-in's code 2 is another thing.
 constexpr std::array<std::pair<std::string_view, int>, 17> kErrors{{
-    {"0;Error 3001", 3001},
-    {"0;Error 3018", 3001},
-    {"0;Error 2", 5003},
-    {"0;Error 5003", 5003},
-    {"0;Error 3068", 3068},
+    {"0;Error 3001", ErrorCode::kMeetingNotFound},
+    {"0;Error 3018", ErrorCode::kMeetingNotFound},
+    {"0;Error 2", ErrorCode::kNetwork},
+    {"0;Error 5003", ErrorCode::kNetwork},
+    {"0;Error 3068", ErrorCode::kPMINeedsPassword},
     {"0;Error 1113", 1113},
     {"0;Error 1114", 1114},
     {"0;Error 1115", 1115},
-    {"0;Error 3070", 3070},
-    {"0;Error VornClientNotSignIn", 7},
-    {"0;Error 3002", 3002},
-    {"0;Error 3003", 3003},
-    {"0;Error 3402", 3402},
-    {"0;Error 3403", 3403},
-    {"0;Error 3105", 3105},
-    {"0;Error 3113", 3113},
-    {"0;Error 3161", 3161},
+    {"0;Error 3070", ErrorCode::kPastMeeting},
+    {"0;Error VornClientNotSignIn", ErrorCode::kNotSignedIn},
+    {"0;Error 3002", ErrorCode::kMeetingInProgress},
+    {"0;Error 3003", ErrorCode::kNotMeetingHost},
+    {"0;Error 3402", ErrorCode::kPasscodeUnfit},
+    {"0;Error 3403", ErrorCode::kPasscodeTooWeak},
+    {"0;Error 3105", ErrorCode::kPMIDisabled},
+    {"0;Error 3113", ErrorCode::kSecurityOptionMissing},
+    {"0;Error 3161", ErrorCode::kNotAllowed},
 }};
-constexpr int kEmptyReply = 999;
-constexpr int kUnknownError = 9999;
 
 }  // namespace
 
@@ -115,10 +114,10 @@ void vnAPIBase::onfeedback(std::uint64_t, const std::string& content) {
 int vnAPIBase::checkVornAppError() {
   m_errorCode = [] {
     switch (GetVornCLientStatus()) {
-      case kNotInstalled: return 2;
-      case kNotSupported: return 6;
-      case kRunning: return 0;
-      default: return 5;
+      case kNotInstalled: return ErrorCode::kNoClient;
+      case kNotSupported: return ErrorCode::kClientTooOld;
+      case kRunning: return ErrorCode::kNone;
+      default: return ErrorCode::kClientNotRunning;
     }
   }();
   return m_errorCode;
@@ -148,11 +147,11 @@ void vnAPIBase::parseFeedbackError(const std::string& content) {
 int vnAPIBase::convertToErrorCode(const std::string& text) {
   // What the client is now outranks what its reply says.
   if (const int code = checkVornAppError(); code != 0) return code;
-  if (text.empty()) return kEmptyReply;
+  if (text.empty()) return ErrorCode::kEmptyReply;
   for (const auto& [words, code] : kErrors) {
     if (text == words) return code;
   }
-  return text.find(kErrorMark) != std::string::npos ? kUnknownError : 0;
+  return text.find(kErrorMark) != std::string::npos ? ErrorCode::kUnknown : ErrorCode::kNone;
 }
 
 void vnAPIBase::sendResponseToMeetingMgr(const HostObject& parentWindow, std::uint64_t command,

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "channel/commands/ErrorCodes.h"
 #include "channel/commands/ReplyFields.h"
 #include "channel/commands/vnAPIBase.h"
 #include "channel/commands/vnAPIKeys.h"
@@ -26,29 +27,22 @@ namespace vorn {
 
 namespace {
 
-constexpr int kClientNotRunning = 5;
-constexpr int kAlternateHostsFirst = 1113;
-constexpr int kAlternateHostsLast = 1115;
-constexpr int kPMINeedsPassword = 3068;
-constexpr int kPMIDisabled = 3105;
-constexpr int kUnknownError = 9999;
-
 // Codes whose text is that of one key. A code that stands nowhere has no text, and 3403 and 3113 are among them:
 // they come here only from commands that never ask for what they complain of.
 constexpr std::array<std::pair<int, std::string_view>, 13> kMessageKeys{{
-    {2, "NoVornClient"},
-    {3, "InternetError"},
-    {kClientNotRunning, "VornClientNotRunning"},
-    {6, "NotSupportedVornClientVersion"},
-    {7, "VornClientNotSignIn"},
-    {999, "SystemError"},
-    {3001, "MeetingNotFound"},
-    {3002, "LN_Delete_ErrorMessage_3002_MeetingInProgress_47107"},
-    {3003, "LN_Schedule_ErrorMessage_3003_NotMeetingHost_56339"},
-    {3070, "LN_Schedule_ErrorMessage_PastMeeting"},
-    {3161, "LN_Schedule_NotAllowed_332953"},
-    {3402, "LN_Schedule_PasswordDoNotMeetRequirements_136704"},
-    {5003, "NetworkConnectionError"},
+    {ErrorCode::kNoClient, "NoVornClient"},
+    {ErrorCode::kNoInternet, "InternetError"},
+    {ErrorCode::kClientNotRunning, "VornClientNotRunning"},
+    {ErrorCode::kClientTooOld, "NotSupportedVornClientVersion"},
+    {ErrorCode::kNotSignedIn, "VornClientNotSignIn"},
+    {ErrorCode::kEmptyReply, "SystemError"},
+    {ErrorCode::kMeetingNotFound, "MeetingNotFound"},
+    {ErrorCode::kMeetingInProgress, "LN_Delete_ErrorMessage_3002_MeetingInProgress_47107"},
+    {ErrorCode::kNotMeetingHost, "LN_Schedule_ErrorMessage_3003_NotMeetingHost_56339"},
+    {ErrorCode::kPastMeeting, "LN_Schedule_ErrorMessage_PastMeeting"},
+    {ErrorCode::kNotAllowed, "LN_Schedule_NotAllowed_332953"},
+    {ErrorCode::kPasscodeUnfit, "LN_Schedule_PasswordDoNotMeetRequirements_136704"},
+    {ErrorCode::kNetwork, "NetworkConnectionError"},
 }};
 
 void traceAlert(int code, const std::string& message) {
@@ -68,7 +62,7 @@ void vnAPIBase::popupErrorMsg(const HostObject& parentWindow, int code) {
   if (m_silentAPIError) return;
   const std::string message = messageForCode(parentWindow, code);
   traceAlert(code, message);
-  if (code == kClientNotRunning) {
+  if (code == ErrorCode::kClientNotRunning) {
     vnClientNotRunningError::sharedInstance().showClientError(parentWindow, message);
   } else {
     vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
@@ -81,10 +75,11 @@ void vnAPIBase::popupWarnWithErrorMsg(const HostObject& parentWindow, const std:
 }
 
 std::string vnAPIBase::messageForCode(const HostObject& parentWindow, int code) {
-  if (code >= kAlternateHostsFirst && code <= kAlternateHostsLast) return refusedAlternateHosts(parentWindow);
-  if (code == kPMIDisabled) return disabledPMIMessage(parentWindow);
-  if (code == kUnknownError) return m_errorCodeStr;
-  if (code == kPMINeedsPassword) {
+  if (code >= ErrorCode::kAlternateHostsFirst && code <= ErrorCode::kAlternateHostsLast)
+    return refusedAlternateHosts(parentWindow);
+  if (code == ErrorCode::kPMIDisabled) return disabledPMIMessage(parentWindow);
+  if (code == ErrorCode::kUnknown) return m_errorCodeStr;
+  if (code == ErrorCode::kPMINeedsPassword) {
     vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
     const std::string room = vnSettingData::getFormatRoomMeetingId(profile.roomMeetingID());
     return formatText(localizedString("JBHPMIRequiredPassword"), {profile.userName(), room});

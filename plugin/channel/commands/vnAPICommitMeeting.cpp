@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "channel/commands/ErrorCodes.h"
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
@@ -15,18 +16,6 @@
 
 namespace vorn {
 
-namespace {
-
-// Errors that the settings panel shows by itself. The plug-in's own check of the passcode uses the client's code.
-constexpr int kTrackingFieldMissing = 555;
-constexpr int kSecurityOptionMissing = 3113;
-constexpr int kPasscodeMissing = 3402;
-constexpr int kPasscodeTooWeak = 3403;
-
-constexpr int kPMIDisabled = 3105;
-
-}  // namespace
-
 void vnAPICommitMeeting::setData(const Value& data) {
   m_dataMeetingInfo = Value::dictionary();
   m_dataMeetingInfo.addEntries(data);
@@ -37,7 +26,7 @@ int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
   if (checkMeetingInfoError()) return 0;
   // Without a manager nobody could show what is wrong, and the client decides.
   if (meetingMgr() && !validateSecurityState()) {
-    reopenSettings(parentWindow, m_msgParamActionId, kPasscodeMissing);
+    reopenSettings(parentWindow, m_msgParamActionId, ErrorCode::kPasscodeUnfit);
     return 0;
   }
   if (meetingMgr() && !validateTemplateState()) {
@@ -47,7 +36,7 @@ int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
     return 0;
   }
   if (meetingMgr() && !validateTrackingFieldsState()) {
-    reopenSettings(parentWindow, m_msgParamActionId, kTrackingFieldMissing);
+    reopenSettings(parentWindow, m_msgParamActionId, ErrorCode::kTrackingFieldMissing);
     return 0;
   }
   if (const int code = beginRequest(parentWindow); code != 0) return code;
@@ -117,11 +106,12 @@ void vnAPICommitMeeting::onVornFeedback(int operation, const std::string& conten
   if (!window) return;
 
   const int code = errorCode();
-  if (code == kPasscodeTooWeak || code == kPasscodeMissing || code == kSecurityOptionMissing) {
+  if (code == ErrorCode::kPasscodeTooWeak || code == ErrorCode::kPasscodeUnfit ||
+      code == ErrorCode::kSecurityOptionMissing) {
     reopenSettings(*window, operation, code);
     return;
   }
-  if (code == kPMIDisabled) updateSettingToNotUsePMI();
+  if (code == ErrorCode::kPMIDisabled) updateSettingToNotUsePMI();
   if (code != 0) {
     popupErrorMsg(*window, code);
     if (meetingMgr()) meetingMgr()->resetMeetingItemWhenUpdateError(*window);

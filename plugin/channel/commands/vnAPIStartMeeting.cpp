@@ -1,17 +1,12 @@
 #include "channel/commands/vnAPIStartMeeting.h"
 
 #include "channel/commands/ClientRequests.h"
+#include "channel/commands/ErrorCodes.h"
 #include "channel/transport/vnIPCChannel.h"
 #include "platform/Registry.h"
 #include "util/vnOLUtils.h"
 
 namespace vorn {
-
-namespace {
-
-constexpr int kNotSignedIn = 7;
-
-}  // namespace
 
 vnAPIStartMeeting& vnAPIStartMeeting::sharedInstance() { return Registry::shared<vnAPIStartMeeting>(); }
 
@@ -24,7 +19,7 @@ int vnAPIStartMeeting::doAction(bool video) {
 }
 
 void vnAPIStartMeeting::onVornFeedback(const std::string& content) {
-  if (content == "0;Error VornClientNotSignIn") popupErrorMsg(HostObject(), kNotSignedIn);
+  if (content == "0;Error VornClientNotSignIn") popupErrorMsg(HostObject(), ErrorCode::kNotSignedIn);
 }
 
 }  // namespace vorn
