@@ -7,6 +7,7 @@
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "tests/workflow/FakeWindow.h"
+#include "workflow/LocationRule.h"
 
 namespace vorn {
 namespace {
@@ -99,11 +100,13 @@ void countUrls(benchmark::State& state) {
 void usersOwnLocation(benchmark::State& state) {
   const LocationWorld world(state.range(0));
   const auto& window = *world.window;
-  if (window.manager->getOLUserInputLocation(window.bar->editor) != "Castle, east wing; second floor") {
+  MeetingWindow shown = MeetingWindow::ofBar(window.bar);
+  const LocationRule rule(*window.manager->meetingDataMgr());
+  if (rule.getOLUserInputLocation(shown) != "Castle, east wing; second floor") {
     state.SkipWithError("the user's own text was not found");
   }
   for ([[maybe_unused]] auto _ : state) {
-    benchmark::DoNotOptimize(window.manager->getOLUserInputLocation(window.bar->editor));
+    benchmark::DoNotOptimize(rule.getOLUserInputLocation(shown));
   }
   countUrls(state);
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "channel/store/ApptWindowDirectory.h"
 #include "util/HostObject.h"
 #include "util/Value.h"
@@ -10,22 +8,23 @@ namespace vorn {
 
 class vnERCalendarEventEditorViewController;
 
-// The action bar of one appointment window, as the workflow needs it. Main thread only.
-class MeetingBar : public ApptBar {
+// Where a bar is, for whoever looks for a window by one of the host's objects.
+class BarPlace : public ApptBar {
  public:
-  // The bar's view in the host's runtime; its address is what the host's view tree knows.
-  virtual HostObject view() = 0;
   // The window that the bar itself lives in; absent when it has left its window.
   virtual HostObject window() = 0;
   virtual HostObject editorWindowController() = 0;
   virtual HostObject editorViewController() = 0;
-  // The raw event of the editor; absent when none is known.
-  virtual HostObject ecCalendarEvent() = 0;
   // The long-lived proxy; null until the bar is attached to its editor.
   virtual vnERCalendarEventEditorViewController* editorProxy() = 0;
   // The host's body editor; absent when none is known.
   virtual HostObject olWordMailEditor() = 0;
+};
 
+// What a save, send or delete asks of its window's bar and notes there.
+class BarSave {
+ public:
+  virtual ~BarSave() = default;
   // The working key of the bar's manager is not empty.
   virtual bool currentIsVornMeeting() = 0;
   virtual bool isSupportVorn() = 0;
@@ -42,7 +41,14 @@ class MeetingBar : public ApptBar {
   virtual bool getActionResult() = 0;
   virtual void setActionResultData(const Value& response) = 0;
   virtual void setActionToSuccess() = 0;
+};
 
+// What the flows show in the bar, and what it does for them when its editor opens.
+class BarFace {
+ public:
+  virtual ~BarFace() = default;
+  // The raw event of the editor; absent when none is known.
+  virtual HostObject ecCalendarEvent() = 0;
   // Shows a status of vnUIStatus.
   virtual void onUIChanged(int status) = 0;
   virtual void updateSupportVornButtonFlag(const HostObject& event) = 0;
@@ -51,9 +57,9 @@ class MeetingBar : public ApptBar {
   virtual void setAutoUpdateVornMeetingFlag() = 0;
   // Asks the service which meeting stands behind the appointment's UUID.
   virtual void getMeetingByApptUUID() = 0;
-
-  // Removes the bar from its pairing and ends what it observes. The bar is not used again afterwards.
-  virtual void cleanup() = 0;
 };
+
+// The action bar of one appointment window, as the workflow knows it. Main thread only.
+class MeetingBar : public BarPlace, public BarSave, public BarFace {};
 
 }  // namespace vorn

@@ -77,7 +77,7 @@ int vnCalendarActionMgr::updateAppointmentOnCalendar(const Value& apptInfo, cons
   meetingData.set(keyApptWindowID, windowId);
   meetingData.set(keyDragAndMoveOnCalendar, true);
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByApptWindowID(windowId);
-  return manager ? manager->getMeetingByApptUUIDForUpdateOnCalendar(actionType, meetingData) : 0;
+  return manager ? manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(actionType, meetingData) : 0;
 }
 
 bool vnCalendarActionMgr::isCurVornMeeting(const HostObject& event) {

@@ -7,7 +7,6 @@
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
-#include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "host/proxies/vnOLPropertyKeys.h"
 #include "invitation/TimeUtils.h"
 #include "invitation/vnBodyHelper.h"
@@ -15,8 +14,8 @@
 #include "platform/UserDefaults.h"
 #include "util/vnMd5Utils.h"
 #include "util/vnOLUtils.h"
+#include "workflow/MeetingWindow.h"
 #include "workflow/SettingsPanel.h"
-#include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnMeetingMgrMonitor.h"
 #include "workflow/vnOnbehalfData.h"
 
@@ -130,12 +129,10 @@ bool vnMeetingDataMgr::localDefaultPutInvitationAtTheTop() {
   return settingsOfNewMeeting()[vn_Setting_PutTheInvitationAtTheTop].boolValue();
 }
 
-Value vnMeetingDataMgr::getVnSchMeetingData(const HostObject& editor) const {
+Value vnMeetingDataMgr::getVnSchMeetingData(MeetingWindow& window) const {
   Value result = Value::dictionary();
-  vnERCalendarEventEditorViewController proxy(editor);
-  result.set(vn_Outlook_ApptInfo, proxy.getVnMeetingData());
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
-  result.set(vn_Setting, getVnSettingsData(bar ? bar->getAppointmentWindowID() : std::nullopt));
+  result.set(vn_Outlook_ApptInfo, window.proxy().getVnMeetingData());
+  result.set(vn_Setting, getVnSettingsData(window.id()));
   result.set(vn_MeetingKey, m_meetingKey);
   return result;
 }

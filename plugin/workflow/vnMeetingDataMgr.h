@@ -9,6 +9,8 @@
 
 namespace vorn {
 
+class MeetingWindow;
+
 // The working memory of one appointment window: the meeting's key, the appointment as it was seen last, every join
 // URL this window has held, and a few choices. Main thread only.
 //
@@ -69,7 +71,7 @@ class vnMeetingDataMgr {
   static bool localDefaultPutInvitationAtTheTop();
 
   // What the commands and the settings panel work with: the appointment's plain form, the settings and the key.
-  Value getVnSchMeetingData(const HostObject& editor) const;
+  Value getVnSchMeetingData(MeetingWindow& window) const;
   // The settings to use for a window: those on the screen, those of the meeting, or those of a new one. Absent
   // only when the reader claims to have a meeting and then gives none.
   Value getVnSettingsData(const OptionalText& windowId) const;

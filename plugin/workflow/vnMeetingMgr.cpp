@@ -2,17 +2,15 @@
 
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnAlertHelper.h"
-#include "channel/store/vnMeetingCommon.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "invitation/vnBodyHelper.h"
+#include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
-#include "platform/RunLoop.h"
 #include "platform/TraceStep.h"
 #include "util/vnMd5Utils.h"
-#include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgrMonitor.h"
 #include "workflow/vnOnbehalfData.h"
@@ -46,10 +44,7 @@ vnMeetingMgr::vnMeetingMgr(Key)
   m_apiMgr->setMeetingMgrInstance(this);
 }
 
-vnMeetingMgr::~vnMeetingMgr() {
-  if (RunLoop* loop = Registry::platform().runLoop) loop->cancelPrevious(this);
-  freeAllObjects();
-}
+vnMeetingMgr::~vnMeetingMgr() { freeAllObjects(); }
 
 void vnMeetingMgr::freeAllObjects() {
   m_meetingDataMgr.reset();
@@ -62,24 +57,26 @@ void vnMeetingMgr::freeAllObjects() {
 void vnMeetingMgr::observeNotifications() {
   NotificationCenter* center = Registry::platform().notificationCenter;
   if (!center) return;
-  const auto observe = [&](std::string_view name, void (vnMeetingMgr::*handler)(const Value&),
-                           const void* object = nullptr) {
+  using UserInfo = const Value&;
+  const auto observe = [&](std::string_view name, auto handler, const void* object = nullptr) {
     m_subscriptions.push_back(center->observe(
-        name, [this, handler](const NotificationCenter::Notification& note) { (this->*handler)(note.userInfo); },
-        object));
+        name, [handler](const NotificationCenter::Notification& note) { handler(note.userInfo); }, object));
   };
-  observe(notify_SettingCommit, &vnMeetingMgr::onInvokeSettingCommit);
-  observe(notify_ScheduleErrorMessage_Commit, &vnMeetingMgr::onInvokeScheduleErrorMessageCommit,
-          m_scheduleErrorMsg.get());
-  observe(notify_Schedule_AlternateHostError, &vnMeetingMgr::onInvokeScheduleAlternateHostError);
-  observe(notify_Commit_ChooseAnotherTemplate, &vnMeetingMgr::onInvokeCommitChooseAnotherTemplate);
+  observe(notify_SettingCommit, [this](UserInfo info) { m_settingsFlow.onInvokeSettingCommit(info); });
+  observe(
+      notify_ScheduleErrorMessage_Commit,
+      [this](UserInfo info) { m_saveRoad.onInvokeScheduleErrorMessageCommit(info); }, m_scheduleErrorMsg.get());
+  observe(notify_Schedule_AlternateHostError,
+          [](UserInfo info) { CommitRefusal::onInvokeScheduleAlternateHostError(info); });
+  observe(notify_Commit_ChooseAnotherTemplate,
+          [this](UserInfo info) { m_commitRefusal.onInvokeCommitChooseAnotherTemplate(info); });
 }
 
 void vnMeetingMgr::cleanup() {
   m_subscriptions.clear();
-  Registry::platform().runLoop->cancelPrevious(this);
+  m_finish.cancel();
   clearAllSavedData();
-  if (const auto bar = ownBar()) {
+  if (const auto bar = vnMeetingMgrMonitor::getVnViewByMeetingMgr(this)) {
     vnApptDataForSaveRecord::sharedInstance().cleanupOLWordMailEditor(bar->olWordMailEditor());
     vnApptDataForSaveRecord::sharedInstance().cleanup(bar.get());
   }
@@ -88,13 +85,13 @@ void vnMeetingMgr::cleanup() {
   m_apiMgr->cleanup();
   m_getMeetingHelper->cleanup();
   m_scheduleErrorMsg->cleanup();
-  m_updatedMeetingDataOnCalendar = Value();
+  m_calendarEdits.cleanup();
 }
 
 void vnMeetingMgr::clearAllSavedData() {
   m_bIsDragAndMove = false;
   m_bIsForceUpdate = true;
-  m_firstInvitationIsDue = false;
+  m_writeBack.setFirstInvitationIsDue(false);
   m_meetingDataMgr->clearSavedMeetingData();
   m_getMeetingHelper->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
   // The profile is the whole process's: clearing it for one window makes every other window fetch it again.
@@ -116,10 +113,11 @@ void traceCommand(std::uint64_t command) {
 int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const std::shared_ptr<MeetingBar>& bar) {
   m_vnMeetingAction = command;
   traceCommand(command);
+  MeetingWindow window = MeetingWindow::ofBar(bar);
   switch (command) {
-    case VnCmdAdd: setState(VnStateAdding); return addVornMeeting(bar);
-    case VnCmdChangeSettings: setState(VnStateChanging); return changeSettings(bar);
-    case VnCmdCancel: return cancelVornMeeting(bar);
+    case VnCmdAdd: setState(VnStateAdding); return m_settingsFlow.addVornMeeting(window);
+    case VnCmdChangeSettings: setState(VnStateChanging); return m_settingsFlow.changeSettings(window);
+    case VnCmdCancel: return m_settingsFlow.cancelVornMeeting(window);
     case VnCmdAddPACAccount1:
     case VnCmdAddPACAccount2:
       // Nobody answers for personal audio conferences yet.
@@ -132,40 +130,19 @@ int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const std::shared_
 int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const HostObject& editor) {
   m_vnMeetingAction = command;
   traceCommand(command);
+  MeetingWindow window = MeetingWindow::ofEditor(editor);
   switch (command) {
     case VnCmdSchedule:
-    case VnCmdUpdate: setState(VnStateCommitting); return scheduleUpdateVornMeeting(editor, command);
-    case VnCmdDelete: return deleteVornMeeting(editor);
+    case VnCmdUpdate: setState(VnStateCommitting); return m_saveRoad.scheduleUpdateVornMeeting(window, command);
+    case VnCmdDelete: return m_saveRoad.deleteVornMeeting(window);
     case VnCmdStartWithVideo:
     case VnCmdStartWithoutVideo: return m_apiMgr->startMeeting(command == VnCmdStartWithVideo);
     case VnCmdGetMeetingByApptUUID:
       setState(VnStateLoadByApptUUID);
-      getMeetingByApptUUID(editor);
+      m_opening.getMeetingByApptUUID(window);
       return 0;
     default: return 0;
   }
-}
-
-int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const Value& meetingData) {
-  const HostObject ownerWindow = meetingData[keyEventOwnerWindow].object();
-  setIsDragAndMove(meetingData[keyDragAndMoveOnCalendar].boolValue());
-  HostObject parentWindow = ownerWindow;
-  if (const auto bar = barOfReply(meetingData)) {
-    parentWindow = vnMeetingCommon::getPluginParentWindow(bar.get());
-    if (isDragAndMove()) bar->setOLUIAction(VnApptActionCalendarEdit);
-  }
-  m_meetingDataMgr->setSavedApptInfo(meetingData[vn_Outlook_ApptInfo]);
-  m_meetingDataMgr->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
-
-  int refused = 0;
-  if (command == VnCmdDelete) {
-    // The owner window and not the parent: a delete on the calendar is answered to the calendar.
-    refused = m_apiMgr->deleteMeeting(ownerWindow, meetingData);
-  } else if (command == VnCmdUpdate) {
-    setState(VnStateCommitting);
-    refused = m_apiMgr->getMeeting(parentWindow, meetingData);
-  }
-  return refused != 0 ? 1 : 0;
 }
 
 int vnMeetingMgr::onExcuteCommandFinished(std::uint64_t command, const Value& data) {
@@ -176,34 +153,48 @@ int vnMeetingMgr::onExcuteCommandFinished(std::uint64_t command, const Value& da
   });
   switch (command) {
     case VnCmdAdd:
-    case VnCmdCancel: onAddCancelVornMeetingFinished(command, data); break;
-    case VnCmdChangeSettings: onChangeSettingFinished(data); break;
+    case VnCmdCancel: m_settingsFlow.onAddCancelVornMeetingFinished(command, data); break;
+    case VnCmdChangeSettings: m_settingsFlow.onChangeSettingFinished(data); break;
     case VnCmdSchedule:
     case VnCmdUpdate:
       setState(VnStateCommitted);
-      onSchdulerActionFinished(command, data);
+      m_saveRoad.onSchdulerActionFinished(command, data);
       break;
-    case VnCmdDelete: onDeleteActionFinished(data); break;
-    case VnCmdGetMeeting: onGetMeetingActionFinished(data); break;
-    case VnCmdGetUserProfile: onGetUserProfileActionFinished(data); break;
-    case VnCmdGetMeetingByApptUUID: onGetMeetingByApptUUIDActionFinished(data); break;
-    case VnCmdGetScheduleForList: onGetScheduleForListFinished(data); break;
+    case VnCmdDelete: m_saveRoad.onDeleteActionFinished(data); break;
+    case VnCmdGetMeeting: m_saveRoad.onGetMeetingActionFinished(data); break;
+    case VnCmdGetUserProfile: m_settingsFlow.onGetUserProfileActionFinished(data); break;
+    case VnCmdGetMeetingByApptUUID:
+      if (state() == VnStateUpdateOnCalendar)
+        m_calendarEdits.replayUpdateOnCalendar();
+      else if (state() == VnStateLoadByApptUUID)
+        m_opening.onGetMeetingByApptUUIDActionFinished(data);
+      break;
+    case VnCmdGetScheduleForList: m_settingsFlow.onGetScheduleForListFinished(data); break;
     default: break;
   }
   return 0;
 }
 
-std::shared_ptr<MeetingBar> vnMeetingMgr::ownBar() { return vnMeetingMgrMonitor::getVnViewByMeetingMgr(this); }
-
-std::shared_ptr<MeetingBar> vnMeetingMgr::barOfReply(const Value& data) {
-  return vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByApptWindowID(
-      data[keyApptWindowID].optionalText());
-}
+// -- Licence and plan --------------------------------------------------------------------------------------------
 
 bool vnMeetingMgr::checkIfShowNoMeetingLicenseWindow(const HostObject& parentWindow) {
   if (!vnUserProfileHelper::sharedInstance().isNoMeetingLicenseUser()) return false;
   m_apiMgr->showNoMeetingLicenseWindow(parentWindow);
   return true;
+}
+
+bool vnMeetingMgr::hasScheduleError(const HostObject& editor) {
+  if (!durationExceedThanMaxMins(editor) || m_scheduleErrorMsg->notShowMessageAgain()) return false;
+  const MeetingWindow window = MeetingWindow::ofEditor(editor);
+  m_scheduleErrorMsg->setOLApptWindowID(window.id());
+  m_scheduleErrorMsg->showMessage(window.parentWindow());
+  return true;
+}
+
+bool vnMeetingMgr::durationExceedThanMaxMins(const HostObject& editor) {
+  const Value apptInfo = vnERCalendarEventEditorViewController(editor).getVnMeetingData();
+  return vnLicencePolicy::isLongerThanPlanAllows(vnUserProfileHelper::sharedInstance().userType(),
+                                                 apptInfo[vn_ApptInfo_Duration].integerValue());
 }
 
 // -- Small views of the working data -----------------------------------------------------------------------------
@@ -228,17 +219,22 @@ OptionalText vnMeetingMgr::getEncodeMail() {
   return vnMd5Utils::vnMD5Hex(invitation);
 }
 
-Value vnMeetingMgr::getVornMeetingData(const HostObject& editor) {
-  Value data = m_meetingDataMgr->getVnSchMeetingData(editor);
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+Value vnMeetingMgr::getVornMeetingData(MeetingWindow& window) {
+  Value data = m_meetingDataMgr->getVnSchMeetingData(window);
+  const auto& bar = window.bar();
   if (!bar) return data;
   data.set(keyApptWindowID, bar->getAppointmentWindowID());
   data.set(keyEventOwnerWindow, bar->editorViewWindow());
   return data;
 }
 
-bool vnMeetingMgr::isMeetingChanged(const Value& meetingData, const Value& oldMeetingInfo) {
-  return vnMeetingDataMgr::isMeetingChanged(meetingData, oldMeetingInfo);
+Value vnMeetingMgr::getVornMeetingData(const HostObject& editor) {
+  MeetingWindow window = MeetingWindow::ofEditor(editor);
+  return getVornMeetingData(window);
+}
+
+MeetingWindow vnMeetingMgr::ownWindow() {
+  return MeetingWindow::ofBar(vnMeetingMgrMonitor::getVnViewByMeetingMgr(this));
 }
 
 // -- For the commands and the body engine ------------------------------------------------------------------------
@@ -250,6 +246,26 @@ void vnMeetingMgr::setMeetingKey(const OptionalText& key) { m_meetingDataMgr->se
 OptionalText vnMeetingMgr::scheduleForEmail() { return m_meetingDataMgr->scheduleForEmail(); }
 
 void vnMeetingMgr::setScheduleForEmail(const OptionalText& email) { m_meetingDataMgr->setScheduleForEmail(email); }
+
+void vnMeetingMgr::changeUIWithScheduleForEmainError(const HostObject& parentWindow) {
+  CommitRefusal::changeUIWithScheduleForEmainError(parentWindow);
+}
+
+void vnMeetingMgr::showSettingsWindowWithCommitError(const HostObject& parentWindow, int errorCode) {
+  m_commitRefusal.showSettingsWindowWithCommitError(parentWindow, errorCode);
+}
+
+void vnMeetingMgr::resetMeetingItemWhenUpdateError(const HostObject& parentWindow) {
+  m_commitRefusal.resetMeetingItemWhenUpdateError(parentWindow);
+}
+
+Value vnMeetingMgr::getSiteMeetingInfo(const OptionalText& windowId) {
+  return CommitRefusal::getSiteMeetingInfo(windowId);
+}
+
+void vnMeetingMgr::showCommitWarning(const HostObject& parentWindow, const Value& meetingData) {
+  CommitRefusal::showCommitWarning(parentWindow, meetingData);
+}
 
 std::string vnMeetingMgr::getDisplayNameWithOnbehalfEmail(const std::string& email) {
   return vnOnbehalfData::sharedInstance().getDisplayNameWithOnbehalfEmail(email);

@@ -13,7 +13,6 @@ class StatusBar final : public MeetingBar {
  public:
   StatusBar(const HostObject& editor, int status) : m_editor(editor), m_status(status) {}
 
-  HostObject view() override { return {}; }
   HostObject window() override { return {}; }
   HostObject editorWindowController() override { return {}; }
   HostObject editorViewController() override { return m_editor; }
@@ -36,7 +35,6 @@ class StatusBar final : public MeetingBar {
   void autoAddToVnMeeting() override {}
   void setAutoUpdateVornMeetingFlag() override {}
   void getMeetingByApptUUID() override {}
-  void cleanup() override {}
   OptionalText getAppointmentWindowID() override { return {}; }
   HostObject editorViewWindow() override { return {}; }
 

@@ -37,7 +37,9 @@ class CalendarEdit : public testing::Test {
 TEST_F(CalendarEdit, IsNotedInItsManagerEvenWhenItIsRefused) {
   FakeWindow window(test);
   // No client is installed, so the request is refused.
-  EXPECT_EQ(window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77")), 1);
+  EXPECT_EQ(window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
+                                                                                    meetingData(window, "77")),
+            1);
   EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
   EXPECT_TRUE(window.manager->isDragAndMove());
   EXPECT_EQ(window.manager->getVornMeetingKey(), "77");
@@ -47,7 +49,7 @@ TEST_F(CalendarEdit, IsNotedInItsManagerEvenWhenItIsRefused) {
 
 TEST_F(CalendarEdit, GoesOnAtTheReplyOnce) {
   FakeWindow window(test);
-  window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77"));
+  window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77"));
   window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
   EXPECT_EQ(window.manager->state(), VnStateCommitting);
   window.manager->setState(VnStateUpdateOnCalendar);
@@ -77,9 +79,11 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
     com::tidemar::webapp::proto::MeetingProto message;
     if (row.toldUUID) message.set_extinfo(R"({"olApptUUID":")" + std::string(row.toldUUID) + "\"}");
     if (row.isSecondEdit) {
-      window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "66"));
+      window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
+                                                                              meetingData(window, "66"));
     }
-    window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77"));
+    window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
+                                                                            meetingData(window, "77"));
     vnGetMeetingHelper& helper = *window.manager->getMeetingHelper();
     helper.setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, row.toldKey}}), false);
     helper.setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
@@ -91,7 +95,9 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
 TEST_F(CalendarEdit, IsParkedNowhereAfterTheEndOfItsManager) {
   FakeWindow window(test);
   window.manager->cleanup();
-  EXPECT_EQ(window.manager->getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77")), 0);
+  EXPECT_EQ(window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
+                                                                                    meetingData(window, "77")),
+            0);
   window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
   EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
 }

@@ -198,7 +198,8 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
     client.requests.clear();
     hostSaves = 0;
     manager().setState(VnStateCommitting);
-    manager().commitUpdateMeeting(window->bar, row.meetingData);
+    MeetingWindow opened = MeetingWindow::ofBar(window->bar);
+    manager().saveRoad().commitUpdateMeeting(opened, row.meetingData);
     EXPECT_EQ(hostSaves, 0) << "the present call has to unwind first";
     test.runLoop.runFor(0.01);
     EXPECT_THAT(client.requests, ElementsAreArray(row.requests));
@@ -404,7 +405,8 @@ TEST_F(Decisions, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
 }
 
 TEST_F(Decisions, PeopleToScheduleForAreAskedForWithoutASheet) {
-  EXPECT_EQ(manager().getScheduleForList(window->bar), 0);
+  MeetingWindow opened = MeetingWindow::ofBar(window->bar);
+  EXPECT_EQ(manager().settingsFlow().getScheduleForList(opened), 0);
   EXPECT_THAT(client.requests, ElementsAre("11"));
   EXPECT_FALSE(test.presenter.showsProgress());
 }

@@ -54,7 +54,6 @@ inline void defineWindowClasses(EmbeddedClassRuntime& runtime) {
 
 class FakeBar final : public MeetingBar {
  public:
-  HostObject view() override { return {}; }
   HostObject window() override { return ownWindow; }
   HostObject editorWindowController() override { return windowController; }
   HostObject editorViewController() override { return editor; }
@@ -81,7 +80,6 @@ class FakeBar final : public MeetingBar {
   void autoAddToVnMeeting() override {}
   void setAutoUpdateVornMeetingFlag() override {}
   void getMeetingByApptUUID() override {}
-  void cleanup() override {}
 
   HostObject ownWindow, windowController, editor, event;
   bool hasMeeting = false;

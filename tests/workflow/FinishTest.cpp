@@ -45,7 +45,7 @@ class Finish : public testing::Test {
 
   void finish(FakeWindow& window, int action) {
     window.bar->action = action;
-    window.manager->closeOLAppointment(window.bar->editor);
+    window.manager->finish().closeOLAppointment(window.bar->editor);
     test.runLoop.runFor(0.005);
   }
 

@@ -12,6 +12,7 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnOLPropertyKeys.h"
 #include "tests/workflow/FakeWindow.h"
+#include "workflow/LocationRule.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 
 namespace vorn {
@@ -30,7 +31,8 @@ class Location : public testing::Test {
   static vnMeetingDataMgr& data(FakeWindow& window) { return *window.manager->meetingDataMgr(); }
   static std::string shown(FakeWindow& window) { return window.get(window.field, "stringValue").text(); }
   static OptionalText own(FakeWindow& window) {
-    return window.manager->getOLUserInputLocation(window.bar->editor);
+    MeetingWindow shown = MeetingWindow::ofBar(window.bar);
+    return LocationRule(*window.manager->meetingDataMgr()).getOLUserInputLocation(shown);
   }
 
   // The service has answered a save: the appointment is written with the URL that it gave.
@@ -40,16 +42,22 @@ class Location : public testing::Test {
     data(window).setForceIncludeJoinUrlInLocation(include);
     Value info = Value::dictionary();
     info.set(vn_Meeting_JoinUrl, joinUrl);
-    window.manager->updateVnKeyInfoToAppointment(window.bar->editor, info, false);
+    MeetingWindow shown = MeetingWindow::ofBar(window.bar);
+    window.manager->writeBack().updateVnKeyInfoToAppointment(shown, info, false);
   }
-  static void cancel(FakeWindow& window) {
-    window.manager->updateVnMeetingInfoToAppointmentForDelete(window.bar->editor, Value::dictionary());
-  }
-
-  TestPlatform test;
   static ApptSaveData& leftBy(const FakeWindow& window) {
     return vnApptDataForSaveRecord::sharedInstance().of(window.bar);
   }
+  static OptionalText composed(FakeWindow& window, const std::shared_ptr<FakeBar>& bar) {
+    MeetingWindow shown = MeetingWindow::ofBar(bar);
+    return LocationRule(*window.manager->meetingDataMgr()).getVnLocation(shown);
+  }
+  static void cancel(FakeWindow& window) {
+    MeetingWindow shown = MeetingWindow::ofBar(window.bar);
+    window.manager->writeBack().updateVnMeetingInfoToAppointmentForDelete(shown, Value::dictionary());
+  }
+
+  TestPlatform test;
 };
 
 TEST_F(Location, TheUsersOwnTextIsFoundInEveryOrderOfTheParts) {
@@ -119,15 +127,15 @@ TEST_F(Location, TheUsersOwnTextIsWhatNobodyElsePutThere) {
 
 TEST_F(Location, RoomsComeBeforeTheUrl) {
   FakeWindow window(test);
-  EXPECT_EQ(window.manager->getVnLocation(nullptr), std::nullopt);
-  EXPECT_EQ(window.manager->getVnLocation(window.bar), std::nullopt);
+  EXPECT_EQ(composed(window, nullptr), std::nullopt);
+  EXPECT_EQ(composed(window, window.bar), std::nullopt);
   data(window).setJoinUrl(kOpen);
-  EXPECT_EQ(window.manager->getVnLocation(window.bar), kOpen);
+  EXPECT_EQ(composed(window, window.bar), kOpen);
   window.invite("Ada", 0);
   window.invite("Room 7", 2);
   window.invite("Bob", 1);
   window.invite("Room 8", 2);
-  EXPECT_EQ(window.manager->getVnLocation(window.bar), "Room 7; Room 8; https://vorn.example/j/1");
+  EXPECT_EQ(composed(window, window.bar), "Room 7; Room 8; https://vorn.example/j/1");
 }
 
 TEST_F(Location, AUrlThatIsSwitchedOffIsKeptUpToDateButNotAdded) {
@@ -151,10 +159,10 @@ TEST_F(Location, AUrlThatIsSwitchedOffIsKeptUpToDateButNotAdded) {
       {VnCmdUpdate, false, "Castle", std::nullopt, false},
   };
   for (const Row& row : rows) {
-    window.manager->setMeetingAction(row.action);
     data(window).setForceIncludeJoinUrlInLocation(row.include);
     window.showLocation(row.shown);
-    EXPECT_EQ(window.manager->needUpdateLocation(window.bar->editor, row.oldUrl), row.expected)
+    MeetingWindow opened = MeetingWindow::ofBar(window.bar);
+    EXPECT_EQ(LocationRule(data(window)).needUpdateLocation(opened, row.action, row.oldUrl), row.expected)
         << row.action << " " << row.shown;
   }
 }

@@ -104,7 +104,8 @@ void vnActionAdditionView::onChangeUINotification(const Value& opened) {
   bar->initMeetingData(event);
   if (bar->currentIsVornMeeting() && bar->isSupportVorn()) {
     bar->attachOutlookERCalendarEventEditorWindowController(controller);
-    bar->m_pvnMeetingMgr->prepareUserProfile(bar, bar->isAutoUpdateVornMeeting());
+    MeetingWindow window = MeetingWindow::ofBar(bar);
+    bar->m_pvnMeetingMgr->settingsFlow().prepareUserProfile(window, bar->isAutoUpdateVornMeeting());
   }
   bar->onUIInitialize();
   bar->autoAddToVnMeeting();
@@ -116,7 +117,8 @@ void vnActionAdditionView::initMembers(const HostObject& event) {
 }
 
 void vnActionAdditionView::initMeetingData(const HostObject& event) {
-  m_pvnMeetingMgr->loadOIProperty(event);
+  MeetingWindow window = MeetingWindow::ofBar(shared_from_this());
+  m_pvnMeetingMgr->opening().loadOIProperty(window, event);
   if (currentIsVornMeeting()) {
     const vnECCalendarEvent proxy(event);
     meetingData()->setSavedApptInfo(proxy.getVnMeetingData());
@@ -150,7 +152,7 @@ void vnActionAdditionView::onWindowWillClose(const HostObject& closing) {
 
 void vnActionAdditionView::sendWindowCloseNotification(const OptionalText&) {
   // The bar has left its window, so there is no editor any more and this only ends a drag.
-  m_pvnMeetingMgr->closeOLAppointment(editorViewController());
+  m_pvnMeetingMgr->finish().closeOLAppointment(editorViewController());
   cleanup();
 }
 

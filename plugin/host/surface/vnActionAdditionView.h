@@ -42,7 +42,8 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   vnActionAdditionView(const vnActionAdditionView&) = delete;
   vnActionAdditionView& operator=(const vnActionAdditionView&) = delete;
 
-  HostObject view() override { return m_view; }
+  // The bar's view in the host's runtime; its address is what the host's view tree knows.
+  HostObject view() { return m_view; }
   HostObject window() override;
   HostObject editorWindowController() override;
   HostObject editorViewController() override;
@@ -96,7 +97,8 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   const vnSettingsButton& cancelButton() const { return m_cancelButton; }
   const vnSettingsButton& changeButton() const { return m_changeButton; }
 
-  void cleanup() override;
+  // Removes the bar from its pairing and ends what it observes. The bar is not used again afterwards.
+  void cleanup();
 
  private:
   void connect();

@@ -3,6 +3,7 @@
 #include "host/surface/HostDescription.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "util/vnOLUtils.h"
+#include "workflow/OwnerCheck.h"
 #include "workflow/RunningSave.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"
@@ -68,7 +69,9 @@ Value Hook::vn_ERCalendarEventEditorViewController_fromFieldModified(HookCall& c
   if (!bar) return result;
   bar->refreshUI();
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByEditorViewCtrl(call.receiver());
-  bar->enableChangeSettingButton(manager && manager->checkScheduleOwnerMatched(call.receiver()));
+  MeetingWindow window = MeetingWindow::ofEditor(call.receiver());
+  bar->enableChangeSettingButton(manager &&
+                                 OwnerCheck(*manager->meetingDataMgr()).checkScheduleOwnerMatched(window));
   bar->setFromFieldChanged(true);
   return result;
 }

@@ -1,7 +1,6 @@
-// Finding out, when an appointment opens, whether a meeting already stands behind it.
+#include "workflow/MeetingOpening.h"
 
 #include "channel/commands/vnAPIKeys.h"
-#include "channel/store/vnMeetingCommon.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
@@ -10,23 +9,22 @@
 #include "platform/ClassRuntime.h"
 #include "platform/Registry.h"
 #include "util/vnOLUtils.h"
-#include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgr.h"
 
 namespace vorn {
 
-bool vnMeetingMgr::loadOIProperty(const HostObject& event) {
+bool MeetingOpening::loadOIProperty(MeetingWindow& window, const HostObject& event) {
   vnECCalendarEvent proxy(event);
   if (loadOIPropertyAsStoreLocation(proxy, true)) return true;
   if (loadOIPropertyAsStoreLocation(proxy, false)) return true;
-  if (loadICSDataForClientSchedule(proxy)) return true;
+  if (loadICSDataForClientSchedule(window, proxy)) return true;
   if (!needGetMeetingWithApptUUID(proxy)) return false;
-  if (const auto bar = ownBar()) bar->getMeetingByApptUUID();
+  if (window.bar()) window.bar()->getMeetingByApptUUID();
   return true;
 }
 
-bool vnMeetingMgr::loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool isFromUCInband) {
+bool MeetingOpening::loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool isFromUCInband) {
   const bool hasInband = Registry::platform().classRuntime->respondsTo(event.delegate(), "olmUCInband");
   // The host may hold a placeholder here that is no text.
   const Value stored = isFromUCInband && hasInband ? event.olmUCInband() : event.olmUCCapabilities();
@@ -34,30 +32,30 @@ bool vnMeetingMgr::loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool 
   const Value record = vnOLUtils::toArrayOrNSDictionary(stored.optionalText());
   if (!record.contains(vn_OLProperty_MeetingKey)) return false;
 
-  m_meetingDataMgr->setMeetingKey(record[vn_OLProperty_MeetingKey].optionalText());
-  m_meetingDataMgr->setEncodeMailBody(record[vn_OLProperty_EncodeMailBody].optionalText());
-  m_meetingDataMgr->setJoinUrl(record[vn_Meeting_JoinUrl].optionalText());
+  m_manager.meetingDataMgr()->setMeetingKey(record[vn_OLProperty_MeetingKey].optionalText());
+  m_manager.meetingDataMgr()->setEncodeMailBody(record[vn_OLProperty_EncodeMailBody].optionalText());
+  m_manager.meetingDataMgr()->setJoinUrl(record[vn_Meeting_JoinUrl].optionalText());
   if (const Value& include = record[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
-    m_meetingDataMgr->setOldForceIncludeJoinurlInLocation(include.boolValue());
+    m_manager.meetingDataMgr()->setOldForceIncludeJoinurlInLocation(include.boolValue());
   }
   if (const Value& language = record[vn_Setting_SelectInvitationLanguage]; language.isPresent()) {
-    m_meetingDataMgr->setInvitationLanguage(language.optionalText());
+    m_manager.meetingDataMgr()->setInvitationLanguage(language.optionalText());
   }
   return true;
 }
 
-bool vnMeetingMgr::loadICSDataForClientSchedule(vnECCalendarEvent& event) {
-  const auto bar = ownBar();
+bool MeetingOpening::loadICSDataForClientSchedule(MeetingWindow& window, vnECCalendarEvent& event) {
+  const auto& bar = window.bar();
   vnICalendarContentParse calendar(event.iCalendarRepresentation());
   const OptionalText number = calendar.getMeetingNumberForClientSchedule();
   if (!bar || !number || number->empty() || !calendar.isFromClientSchedule()) return false;
 
-  if (calendar.isGetMeetingNumberFromInvitation()) prepareUserProfile(bar, true);
-  setOpenFromVornClient(true);
-  m_meetingDataMgr->setMeetingKey(number);
+  if (calendar.isGetMeetingNumberFromInvitation()) m_manager.settingsFlow().prepareUserProfile(window, true);
+  m_manager.setOpenFromVornClient(true);
+  m_manager.meetingDataMgr()->setMeetingKey(number);
   if (const OptionalText location = event.getVnMeetingData()[vn_ApptInfo_Location].optionalText()) {
     // The client puts nothing but the join URL into the location.
-    m_meetingDataMgr->setJoinUrl(location);
+    m_manager.meetingDataMgr()->setJoinUrl(location);
     vnApptDataForSaveRecord::sharedInstance().of(bar).setJoinURLFromProperty(location);
   }
   bar->setAutoUpdateVornMeetingFlag();
@@ -65,41 +63,39 @@ bool vnMeetingMgr::loadICSDataForClientSchedule(vnECCalendarEvent& event) {
   return true;
 }
 
-bool vnMeetingMgr::needGetMeetingWithApptUUID(vnECCalendarEvent& event) {
+bool MeetingOpening::needGetMeetingWithApptUUID(vnECCalendarEvent& event) {
   if (!event.isValidHostAppointment() || !event.UUID()) return false;
   vnICalendarContentParse calendar(event.iCalendarRepresentation());
   return !calendar.getMeetingNumberFromDescription().value_or("").empty();
 }
 
-int vnMeetingMgr::getMeetingByApptUUID(const HostObject& editor) {
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
-  vnERCalendarEventEditorViewController proxy(editor);
-  vnECCalendarEvent* event = proxy.ecCalendarEvent();
+void MeetingOpening::getMeetingByApptUUID(MeetingWindow& window) {
   Value request = Value::dictionary();
-  request.set(vn_ApptInfo_OlApptUUID, event ? event->UUID() : std::nullopt);
+  request.set(vn_ApptInfo_OlApptUUID, window.apptUUID());
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
-  return m_apiMgr->getMeetingByApptUUID(vnMeetingCommon::getPluginParentWindow(bar.get()), request);
+  m_manager.apiMgr()->getMeetingByApptUUID(window.parentWindow(), request);
 }
 
-void vnMeetingMgr::onGetMeetingByApptUUIDActionFinished(const Value& data) {
-  if (state() == VnStateUpdateOnCalendar) return replayUpdateOnCalendar();
+void MeetingOpening::onGetMeetingByApptUUIDActionFinished(const Value& data) {
   // A reply without a readable meeting tells nothing, and the bar stays as it is.
-  if (state() != VnStateLoadByApptUUID || !m_getMeetingHelper->hasMeetingInfo()) return;
-  const Value info = m_getMeetingHelper->getMeetingInfo();
-  m_meetingDataMgr->setMeetingKey(info[vn_MeetingKey].optionalText());
-  m_meetingDataMgr->setJoinUrl(info[vn_Meeting_JoinUrl].optionalText());
+  if (!m_manager.getMeetingHelper()->hasMeetingInfo()) return;
+  const Value info = m_manager.getMeetingHelper()->getMeetingInfo();
+  vnMeetingDataMgr& working = *m_manager.meetingDataMgr();
+  working.setMeetingKey(info[vn_MeetingKey].optionalText());
+  working.setJoinUrl(info[vn_Meeting_JoinUrl].optionalText());
 
-  const auto bar = barOfReply(data);
+  const MeetingWindow window = MeetingWindow::ofReply(data);
+  const auto& bar = window.bar();
   if (!bar) return;
   vnApptDataForSaveRecord::sharedInstance().of(bar).setJoinURLFromProperty(
       info[vn_Meeting_JoinUrl].optionalText());
   if (const HostObject event = bar->ecCalendarEvent()) {
-    m_meetingDataMgr->setOccurrenceIsSingleVornMeeting(vnECCalendarEvent(event).occurrenceIsSingleVornMeeting());
+    working.setOccurrenceIsSingleVornMeeting(vnECCalendarEvent(event).occurrenceIsSingleVornMeeting());
     bar->updateSupportVornButtonFlag(event);
   }
   bar->onUIChanged(VnUIMeeting);
   if (!vnUserProfileHelper::sharedInstance().hasUserProfile()) {
-    m_apiMgr->getUserProfile(vnMeetingCommon::getPluginParentWindow(bar.get()), Value());
+    m_manager.apiMgr()->getUserProfile(window.parentWindow(), Value());
   }
 }
 

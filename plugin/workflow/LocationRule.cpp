@@ -1,5 +1,4 @@
-// The location of an appointment is free text that may mix the user's own words, the names of rooms and the
-// meeting's join URL. These rules find the parts again and put them together, joined by "; ".
+#include "workflow/LocationRule.h"
 
 #include <algorithm>
 #include <string_view>
@@ -8,8 +7,7 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "util/TextSearch.h"
 #include "util/vnOLUtils.h"
-#include "workflow/vnActionAdditionViewMonitor.h"
-#include "workflow/vnMeetingMgr.h"
+#include "workflow/MeetingNumbers.h"
 
 namespace vorn {
 
@@ -74,10 +72,8 @@ std::string withoutUrls(std::string text, const std::vector<std::string>& urls) 
 
 }  // namespace
 
-OptionalText vnMeetingMgr::getVnLocation(const std::shared_ptr<MeetingBar>& bar) {
-  if (!bar) return std::nullopt;
-  vnERCalendarEventEditorViewController proxy(bar->editorViewController());
-  vnECCalendarEvent* event = proxy.ecCalendarEvent();
+OptionalText LocationRule::getVnLocation(MeetingWindow& window) const {
+  const vnECCalendarEvent* event = window.bar() ? window.event() : nullptr;
   if (!event) return std::nullopt;
   std::string joined;
   const Value attendees = event->getVnAttendeesData();
@@ -86,42 +82,46 @@ OptionalText vnMeetingMgr::getVnLocation(const std::shared_ptr<MeetingBar>& bar)
     if (!joined.empty()) joined += kSeparator;
     joined += attendee[vn_ApptInfo_AttendeeName].text();
   }
-  const OptionalText& url = m_meetingDataMgr->joinUrl();
+  const OptionalText& url = m_data.joinUrl();
   if (joined.empty()) return url;
   if (url) joined.append(kSeparator).append(*url);
   return joined;
 }
 
-OptionalText vnMeetingMgr::getOLUserInputLocation(const HostObject& editor) {
-  vnERCalendarEventEditorViewController proxy(editor);
-  vnECCalendarEvent* event = proxy.ecCalendarEvent();
-  OptionalText shown = proxy.getLocationFromUI();
-  if (!shown && event) shown = event->location();
-  const OptionalText trimmed = vnOLUtils::trimAllSpaceAndNewLine(shown);
+OptionalText LocationRule::getOLUserInputLocation(MeetingWindow& window) const {
+  const OptionalText trimmed = vnOLUtils::trimAllSpaceAndNewLine(window.shownLocation());
   if (!trimmed || trimmed->empty()) return trimmed;
 
   // A URL without a passcode is a prefix of the same URL with one, so those with a passcode go first.
-  std::string text = withoutUrls(*trimmed, m_meetingDataMgr->usedJoinUrlListWithPwd());
-  text = withoutUrls(std::move(text), m_meetingDataMgr->usedJoinUrlListWithoutPwd());
-  text = withoutRooms(std::move(text), m_meetingDataMgr->getSavedApptInfo()[vn_ApptInfo_Attendees]);
-  if (event) text = withoutRooms(std::move(text), event->getVnAttendeesData());
+  std::string text = withoutUrls(*trimmed, m_data.usedJoinUrlListWithPwd());
+  text = withoutUrls(std::move(text), m_data.usedJoinUrlListWithoutPwd());
+  text = withoutRooms(std::move(text), m_data.getSavedApptInfo()[vn_ApptInfo_Attendees]);
+  if (const vnECCalendarEvent* event = window.event())
+    text = withoutRooms(std::move(text), event->getVnAttendeesData());
   text = vnOLUtils::trimRLSpace(text).value_or("");
   return vnOLUtils::trimRLSpace(withoutSemicolonsAtEnds(text));
 }
 
-bool vnMeetingMgr::needUpdateLocation(const HostObject& editor, const OptionalText& oldJoinUrl) {
-  const bool include = m_meetingDataMgr->forceIncludeJoinUrlInLocation();
-  if (getMeetingAction() != VnCmdUpdate || include) return include;
+bool LocationRule::needUpdateLocation(MeetingWindow& window, std::uint64_t meetingAction,
+                                      const OptionalText& oldJoinUrl) const {
+  const bool include = m_data.forceIncludeJoinUrlInLocation();
+  if (meetingAction != VnCmdUpdate || include) return include;
   // The user has switched the URL off: one of ours that is still there is kept up to date, but none is added.
-  vnERCalendarEventEditorViewController proxy(editor);
-  OptionalText shown = proxy.getLocationFromUI();
-  if (!shown) {
-    if (vnECCalendarEvent* event = proxy.ecCalendarEvent()) shown = event->location();
-  }
+  const OptionalText shown = window.shownLocation();
   return shown && oldJoinUrl && holds(*shown, *oldJoinUrl);
 }
 
-bool vnMeetingMgr::findRoomInAttendees(const OptionalText& name, const Value& attendees) {
+std::string LocationRule::withoutOurUrls(std::string location) const {
+  for (const std::string& url : m_data.usedJoinUrlsList()) {
+    const std::size_t at = findText(location, url);
+    if (at == std::string::npos) continue;
+    // Everything behind a URL is lost here, and so is every separator that remains.
+    location = replacingAll(std::string_view(location).substr(0, at), kSeparator, "");
+  }
+  return location;
+}
+
+bool LocationRule::findRoomInAttendees(const OptionalText& name, const Value& attendees) {
   if (!name) return false;
   for (const Value& attendee : attendees.items()) {
     if (attendee[vn_ApptInfo_AttendeeType].text() == kRoom && attendee[vn_ApptInfo_AttendeeName].text() == *name) {

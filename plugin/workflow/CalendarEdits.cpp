@@ -1,10 +1,8 @@
-// An edit on the calendar's surface. The stored key of the appointment may be stale, so the service is first asked
-// which meeting it knows by the appointment's UUID; the edit is parked until that has been answered. Without an
-// answer it stays parked until the next edit takes its place: the host keeps the user's change, and the service
-// does not hear of it.
+#include "workflow/CalendarEdits.h"
 
 #include "channel/commands/vnAPIKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
+#include "workflow/MeetingWindow.h"
 #include "workflow/vnMeetingMgr.h"
 #include "workflow/vnWorkflowKeys.h"
 
@@ -25,40 +23,59 @@ bool isAboutAppointment(const Value& meetingInfo, const OptionalText& uuid, bool
 
 }  // namespace
 
-int vnMeetingMgr::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command, const Value& meetingData) {
-  setIsDragAndMove(meetingData[keyDragAndMoveOnCalendar].boolValue());
-  const auto bar = barOfReply(meetingData);
-  if (bar && isDragAndMove()) bar->setOLUIAction(VnApptActionCalendarEdit);
+int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command, const Value& meetingData) {
+  m_manager.setIsDragAndMove(meetingData[keyDragAndMoveOnCalendar].boolValue());
+  const MeetingWindow window = MeetingWindow::ofReply(meetingData);
+  if (window.bar() && m_manager.isDragAndMove()) window.bar()->setOLUIAction(VnApptActionCalendarEdit);
   const Value& apptInfo = meetingData[vn_Outlook_ApptInfo];
-  m_meetingDataMgr->setSavedApptInfo(apptInfo);
-  m_meetingDataMgr->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
+  m_manager.meetingDataMgr()->setSavedApptInfo(apptInfo);
+  m_manager.meetingDataMgr()->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
   // After the manager's end there is no place to park an edit in any more.
   if (m_updatedMeetingDataOnCalendar.isPresent()) {
     m_parkedEditIsAlone = m_updatedMeetingDataOnCalendar.count() == 0;
     m_updatedMeetingDataOnCalendar =
         Value::dictionaryFromPairs({{kParkedCommand, command}, {kParkedMeetingData, meetingData}});
   }
-  setState(VnStateUpdateOnCalendar);
+  m_manager.setState(VnStateUpdateOnCalendar);
   Value request = Value::dictionary();
   request.set(vn_ApptInfo_OlApptUUID, apptInfo[vn_ApptInfo_OlApptUUID]);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
   const HostObject ownerWindow = meetingData[keyEventOwnerWindow].object();
-  return m_apiMgr->getMeetingByApptUUID(ownerWindow, request) != 0 ? 1 : 0;
+  return m_manager.apiMgr()->getMeetingByApptUUID(ownerWindow, request) != 0 ? 1 : 0;
 }
 
-void vnMeetingMgr::replayUpdateOnCalendar() {
+void CalendarEdits::replayUpdateOnCalendar() {
   const Value parked = m_updatedMeetingDataOnCalendar;
   const Value& command = parked[kParkedCommand];
   Value meetingData = parked[kParkedMeetingData];
   if (!command.isPresent() || !meetingData.isPresent()) return;
   m_updatedMeetingDataOnCalendar = Value::dictionary();
   // The key in the appointment may be stale: what the service knows by the UUID counts.
-  const Value info = m_getMeetingHelper->getMeetingInfo();
+  const Value info = m_manager.getMeetingHelper()->getMeetingInfo();
   const OptionalText uuid = meetingData[vn_Outlook_ApptInfo][vn_ApptInfo_OlApptUUID].optionalText();
   if (!info[vn_MeetingKey].text().empty() && isAboutAppointment(info, uuid, m_parkedEditIsAlone)) {
     meetingData.set(vn_MeetingKey, info[vn_MeetingKey]);
   }
   sendVnMeetingCommand(static_cast<std::uint64_t>(command.integerValue()), meetingData);
+}
+
+int CalendarEdits::sendVnMeetingCommand(std::uint64_t command, const Value& meetingData) {
+  const HostObject ownerWindow = meetingData[keyEventOwnerWindow].object();
+  m_manager.setIsDragAndMove(meetingData[keyDragAndMoveOnCalendar].boolValue());
+  const MeetingWindow window = MeetingWindow::ofReply(meetingData);
+  if (window.bar() && m_manager.isDragAndMove()) window.bar()->setOLUIAction(VnApptActionCalendarEdit);
+  m_manager.meetingDataMgr()->setSavedApptInfo(meetingData[vn_Outlook_ApptInfo]);
+  m_manager.meetingDataMgr()->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
+
+  int refused = 0;
+  if (command == VnCmdDelete) {
+    // The owner window and not the parent: a delete on the calendar is answered to the calendar.
+    refused = m_manager.apiMgr()->deleteMeeting(ownerWindow, meetingData);
+  } else if (command == VnCmdUpdate) {
+    m_manager.setState(VnStateCommitting);
+    refused = m_manager.apiMgr()->getMeeting(window.bar() ? window.parentWindow() : ownerWindow, meetingData);
+  }
+  return refused != 0 ? 1 : 0;
 }
 
 }  // namespace vorn

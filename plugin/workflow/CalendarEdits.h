@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+
+#include "util/Value.h"
+
+namespace vorn {
+
+class vnMeetingMgr;
+
+// An edit on the calendar's surface, which has no editor. The stored key of the appointment may be stale, so the
+// service is first asked which meeting it knows by the appointment's UUID; the edit is parked until that has been
+// answered. Without an answer it stays parked until the next edit takes its place: the host keeps the user's
+// change, and the service does not hear of it.
+class CalendarEdits {
+ public:
+  // The manager outlives it.
+  explicit CalendarEdits(vnMeetingMgr& manager) : m_manager(manager) {}
+
+  // Asks, and parks the command, 5 or 6, with its vnMeetingData. 1 when the request was refused, else 0.
+  int getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command, const Value& meetingData);
+  // The reply has come: the parked edit goes on, without an editor.
+  void replayUpdateOnCalendar();
+  // Sends command 5 or 6 with a complete vnMeetingData. 1 when the request was refused, else 0.
+  int sendVnMeetingCommand(std::uint64_t command, const Value& meetingData);
+  // Afterwards there is no place to park an edit in any more.
+  void cleanup() { m_updatedMeetingDataOnCalendar = Value(); }
+
+ private:
+  vnMeetingMgr& m_manager;
+  Value m_updatedMeetingDataOnCalendar = Value::dictionary();
+  // No other edit was waiting for its reply when this one was parked.
+  bool m_parkedEditIsAlone = true;
+};
+
+}  // namespace vorn

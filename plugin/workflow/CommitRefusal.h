@@ -1,0 +1,36 @@
+#pragma once
+
+#include "util/HostObject.h"
+#include "util/Value.h"
+
+namespace vorn {
+
+class vnMeetingMgr;
+
+// What the user hears of a commit or a fetch that the service or the account does not allow: in the panel where
+// one can be shown, otherwise in a notice.
+class CommitRefusal {
+ public:
+  // The manager outlives it.
+  explicit CommitRefusal(vnMeetingMgr& manager) : m_manager(manager) {}
+
+  // False when the meeting was scheduled for a person whom this user may no longer act for.
+  bool checkScheduleForEmailValidity();
+  static void changeUIWithScheduleForEmainError(const HostObject& parentWindow);
+
+  // Opens the panel again after a refused commit.
+  void showSettingsWindowWithCommitError(const HostObject& parentWindow, int errorCode);
+  void resetMeetingItemWhenUpdateError(const HostObject& parentWindow);
+  // What the panel of the window knows of its site; absent without one.
+  static Value getSiteMeetingInfo(const OptionalText& windowId);
+  static void onInvokeScheduleAlternateHostError(const Value& userInfo);
+
+  // The service no longer knows the chosen template: asks the user, and goes on as they say.
+  static void showCommitWarning(const HostObject& parentWindow, const Value& meetingData);
+  void onInvokeCommitChooseAnotherTemplate(const Value& userInfo);
+
+ private:
+  vnMeetingMgr& m_manager;
+};
+
+}  // namespace vorn

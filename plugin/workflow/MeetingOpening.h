@@ -1,0 +1,32 @@
+#pragma once
+
+#include "host/proxies/vnECCalendarEvent.h"
+#include "util/Value.h"
+#include "workflow/MeetingWindow.h"
+
+namespace vorn {
+
+class vnMeetingMgr;
+
+// Finds out, when an appointment opens, whether a meeting already stands behind it: from the stored record in its
+// newer or its older place, from what the desktop client has written, or by asking the service for its UUID.
+class MeetingOpening {
+ public:
+  // The manager outlives it.
+  explicit MeetingOpening(vnMeetingMgr& manager) : m_manager(manager) {}
+
+  // True when a meeting was found, or is being asked for.
+  bool loadOIProperty(MeetingWindow& window, const HostObject& event);
+  // Command 15, and its reply.
+  void getMeetingByApptUUID(MeetingWindow& window);
+  void onGetMeetingByApptUUIDActionFinished(const Value& data);
+
+ private:
+  bool loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool isFromUCInband);
+  bool loadICSDataForClientSchedule(MeetingWindow& window, vnECCalendarEvent& event);
+  static bool needGetMeetingWithApptUUID(vnECCalendarEvent& event);
+
+  vnMeetingMgr& m_manager;
+};
+
+}  // namespace vorn

@@ -1,0 +1,51 @@
+#include "workflow/MeetingWindow.h"
+
+#include <utility>
+
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
+
+namespace vorn {
+
+namespace {
+
+vnActionAdditionViewMonitor& bars() { return vnActionAdditionViewMonitor::sharedInstance(); }
+
+}  // namespace
+
+MeetingWindow::MeetingWindow(std::shared_ptr<MeetingBar> bar, const HostObject& editor)
+    : m_bar(std::move(bar)), m_proxy(editor) {}
+
+MeetingWindow MeetingWindow::ofBar(const std::shared_ptr<MeetingBar>& bar) {
+  return {bar, bar ? bar->editorViewController() : HostObject()};
+}
+
+MeetingWindow MeetingWindow::ofEditor(const HostObject& editor) {
+  return {bars().getVnActionAdditionViewByEditorViewCtrl(editor), editor};
+}
+
+MeetingWindow MeetingWindow::ofReply(const Value& data) {
+  return ofBar(bars().getVnActionAdditionViewByApptWindowID(data[keyApptWindowID].optionalText()));
+}
+
+MeetingWindow MeetingWindow::ofHostWindow(const HostObject& window) {
+  return ofBar(bars().getVnActionAdditionViewByWindow(window));
+}
+
+OptionalText MeetingWindow::id() const { return m_bar ? m_bar->getAppointmentWindowID() : std::nullopt; }
+
+HostObject MeetingWindow::parentWindow() const { return vnMeetingCommon::getPluginParentWindow(m_bar.get()); }
+
+OptionalText MeetingWindow::shownLocation() {
+  if (const OptionalText typed = m_proxy.getLocationFromUI()) return typed;
+  const vnECCalendarEvent* shown = event();
+  return shown ? shown->location() : std::nullopt;
+}
+
+OptionalText MeetingWindow::apptUUID() {
+  const vnECCalendarEvent* shown = event();
+  return shown ? shown->UUID() : std::nullopt;
+}
+
+}  // namespace vorn

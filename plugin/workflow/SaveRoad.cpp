@@ -1,0 +1,175 @@
+#include "workflow/SaveRoad.h"
+
+#include "channel/commands/vnAPIKeys.h"
+#include "data/vnGetScheduleForListHelper.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "workflow/SettingsPanel.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnCalendarActionMgr.h"
+#include "workflow/vnMeetingMgr.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+
+namespace {
+
+void notifyActionResultToCalActionMgr(const Value& response) {
+  vnCalendarActionMgr::sharedInstance().setActionResultData(response);
+}
+
+}  // namespace
+
+// -- Schedule and update -----------------------------------------------------------------------------------------
+
+int SaveRoad::scheduleUpdateVornMeeting(MeetingWindow& window, std::uint64_t command) {
+  const Value data = m_manager.getVornMeetingData(window);
+  if (m_manager.checkIfShowNoMeetingLicenseWindow(window.parentWindow())) return VnHandleBlocked;
+  if (command == VnCmdSchedule) {
+    m_manager.apiMgr()->scheduleMeeting(window.parentWindow(), data);
+  } else if (m_manager.getMeetingHelper()->NeedRequestGetMeeting()) {
+    // The comparison runs against fresh data, when the reply is there.
+    m_manager.apiMgr()->getMeeting(window.parentWindow(), data);
+  } else {
+    commitUpdateMeeting(window, data);
+  }
+  return VnHandleBlocked;
+}
+
+void SaveRoad::onInvokeScheduleErrorMessageCommit(const Value& userInfo) {
+  if (!userInfo[keyButtonClickIsOK].boolValue()) return;
+  // The save that was stopped is not repeated here: the end of this command performs it.
+  const MeetingWindow window = MeetingWindow::ofReply(userInfo);
+  if (window.bar()) m_manager.sendVnMeetingCommand(VnCmdUpdate, window.editor());
+}
+
+void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingData) {
+  const bool mayCommit = !window.bar() || !window.bar()->blockDeleteVornMeeting();
+  if (mayCommit) {
+    const Value info = m_manager.getMeetingHelper()->getMeetingInfo();
+    if (vnMeetingDataMgr::isMeetingChanged(meetingData, info)) {
+      if (meetingData[vn_Setting][vn_Setting_IsPMI].boolValue()) {
+        updatePMIMeeting(window, meetingData);
+      } else {
+        m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingData);
+      }
+      return;
+    }
+    // The service has nothing to learn. What the user sees may still have to be written.
+    const vnMeetingDataMgr& choices = *m_manager.meetingDataMgr();
+    if (window.proxy().isOutlookAppointmentItemChanged() || m_manager.isForceUpdate() ||
+        choices.isForceIncludeJoinurlInLocationChanged() || choices.isSelectInvitationLanguageChanged()) {
+      m_manager.setIsForceUpdate(false);
+      m_manager.writeBack().updateMailBodyForSchedule(window);
+      m_manager.writeBack().updateVnKeyInfoToAppointment(window, info, true);
+    }
+  }
+  m_manager.finish().scheduleCloseOLAppointment(window.editor());
+}
+
+void SaveRoad::updatePMIMeeting(MeetingWindow& window, const Value& /*meetingData*/) {
+  if (vnUserProfileHelper::sharedInstance().hasUserProfile()) {
+    m_manager.settingsFlow().getPMIMeetingInfo(window, VnStatePMIForUpdate);
+  } else {
+    m_manager.setState(VnStatePMIForUpdate);
+    m_manager.apiMgr()->getUserProfile(window.parentWindow(), Value());
+  }
+}
+
+void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data) {
+  if (command == VnCmdSchedule) m_manager.writeBack().setFirstInvitationIsDue(true);
+  MeetingWindow window = MeetingWindow::ofReply(data);
+  const auto& bar = window.bar();
+  const Value& response = data[keyVnAPIResponse];
+  if (bar) {
+    bar->setActionResultData(response);
+    bar->onUIChanged(VnUIMeeting);
+  }
+  notifyActionResultToCalActionMgr(response);
+  if (!bar) {
+    m_manager.finish().scheduleCloseOLAppointment({});
+    return;
+  }
+  vnApptDataForSaveRecord::sharedInstance().of(bar).setNeedClearLocation(false);
+  if (SettingsPanel* panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
+    settingsPanels()->addToInputAlternateHostHistory(panel->getVnSettingsData()[vn_Setting_AlternateHosts]);
+  }
+  m_manager.meetingDataMgr()->setMeetingKey(response[vn_MeetingKey].optionalText());
+  // The invitation comes with the meeting, and the meeting is fetched anew.
+  m_manager.apiMgr()->getMeeting(window.parentWindow(), m_manager.getVornMeetingData(window));
+}
+
+void SaveRoad::onGetMeetingActionFinished(const Value& data) {
+  const std::uint64_t waitedIn = m_manager.state();
+  // A reply without a readable meeting is like one that was cut short: nothing is known, so nothing is compared,
+  // told or written, and the appointment stays open as it is. Only the add with the personal meeting ID needs
+  // nothing of it and goes on.
+  if (!m_manager.getMeetingHelper()->hasMeetingInfo() && waitedIn != VnStatePMIForSchedule) return;
+  MeetingWindow window = MeetingWindow::ofReply(data);
+  const Value info = m_manager.getMeetingHelper()->getMeetingInfo();
+
+  switch (waitedIn) {
+    case VnStateChanging:
+      m_manager.settingsFlow().showSettingsWindow(window, meetingDataOfReply(window, info));
+      break;
+    case VnStateCommitting: commitUpdateMeeting(window, meetingDataOfReply(window, info)); break;
+    case VnStateCommitted: writeCommittedMeeting(window, info); break;
+    case VnStatePMIForSettings:
+      if (SettingsPanel* panel = openSettingsPanel(window.id())) {
+        vnGetScheduleForListHelper::sharedInstance().setPMIInfoWithScheduleFor(info);
+        panel->setPMIMeetingInfo(info);
+        settingsPanels()->refreshSettingWindow(*window.id(), true);
+      }
+      break;
+    case VnStatePMIForSchedule: m_manager.sendVnMeetingCommand(VnCmdSchedule, window.editor()); break;
+    case VnStatePMIForUpdate:
+      m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingDataOfReply(window, info));
+      break;
+    default: break;
+  }
+}
+
+Value SaveRoad::meetingDataOfReply(MeetingWindow& window, const Value& meetingInfo) {
+  if (window.bar()) return m_manager.getVornMeetingData(window);
+  Value data = Value::dictionary();
+  data.set(vn_Outlook_ApptInfo, m_manager.meetingDataMgr()->getSavedApptInfo());
+  data.set(vn_Setting, meetingInfo[vn_Setting]);
+  data.set(vn_MeetingKey, m_manager.meetingDataMgr()->meetingKey());
+  return data;
+}
+
+void SaveRoad::writeCommittedMeeting(MeetingWindow& window, const Value& meetingInfo) {
+  if (SettingsPanel* panel = openSettingsPanel(window.id())) {
+    vnGetScheduleForListHelper::sharedInstance().refreshPMIInfoWithScheduleFor(meetingInfo);
+    panel->updatePasswordAfterCommit(meetingInfo[vn_Setting][vn_Setting_MeetingPassword].optionalText());
+  }
+  m_manager.writeBack().updateMailBodyForSchedule(window);
+  m_manager.writeBack().updateVnKeyInfoToAppointment(window, meetingInfo, true);
+  m_manager.setState(VnStateIdle);
+  m_manager.finish().scheduleCloseOLAppointment(window.editor());
+}
+
+// -- Delete ------------------------------------------------------------------------------------------------------
+
+int SaveRoad::deleteVornMeeting(MeetingWindow& window) {
+  const Value data = m_manager.getVornMeetingData(window);
+  if (m_manager.checkIfShowNoMeetingLicenseWindow(window.parentWindow())) return VnHandleBlocked;
+  if (window.bar() && window.bar()->blockDeleteVornMeeting()) return VnHandleBlocked;
+  return m_manager.apiMgr()->deleteMeeting(window.parentWindow(), data);
+}
+
+void SaveRoad::onDeleteActionFinished(const Value& data) {
+  MeetingWindow window = MeetingWindow::ofReply(data);
+  const Value& response = data[keyVnAPIResponse];
+  if (const auto& bar = window.bar()) {
+    bar->setActionResultData(response);
+    bar->onUIChanged(VnUINotMeeting);
+  }
+  notifyActionResultToCalActionMgr(response);
+  m_manager.writeBack().updateVnMeetingInfoToAppointmentForDelete(window, response);
+  m_manager.clearAllSavedData();
+  m_manager.finish().scheduleCloseOLAppointment(window.editor());
+}
+
+}  // namespace vorn

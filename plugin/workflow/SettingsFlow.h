@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "util/Value.h"
+#include "workflow/MeetingWindow.h"
+
+namespace vorn {
+
+class vnMeetingMgr;
+
+// Everything that starts with a click on the bar, before any save: adding a meeting, taking it off again, and the
+// settings of an existing one; with the account's profile and the personal meeting that these need on the way.
+//
+// Operations that give a number give 0, or the code of a refusal that the user has seen.
+class SettingsFlow {
+ public:
+  // The manager outlives it.
+  explicit SettingsFlow(vnMeetingMgr& manager) : m_manager(manager) {}
+
+  // Commands 1, 2 and 3, and what follows when their work is done.
+  int addVornMeeting(MeetingWindow& window);
+  int changeSettings(MeetingWindow& window);
+  int cancelVornMeeting(MeetingWindow& window);
+  void onAddCancelVornMeetingFinished(std::uint64_t command, const Value& data);
+  void onChangeSettingFinished(const Value& data);
+
+  // Shows the panel for the window; nothing without a panel or an open window.
+  void showSettingsWindow(MeetingWindow& window, const Value& meetingData);
+  // The panel of any window was closed; another window's is ignored.
+  void onInvokeSettingCommit(const Value& userInfo);
+  // The user has told the system not to show the panel.
+  static bool notShowSetting();
+
+  // Fetches the personal meeting, in the state that says what for. Nothing, not even the state, without a profile.
+  void getPMIMeetingInfo(MeetingWindow& window, std::uint64_t state);
+  // The address scheduled for; "" for oneself.
+  static std::string getScheduldForEmailFromUI(MeetingWindow& window);
+
+  // Fetches the account's profile unless it is there, without a word to the user.
+  void prepareUserProfile(MeetingWindow& window, bool fromClientSchedule);
+  void onGetUserProfileActionFinished(const Value& data);
+
+  // Asks for the people whom this user schedules for.
+  int getScheduleForList(MeetingWindow& window);
+  void onGetScheduleForListFinished(const Value& data);
+
+ private:
+  void prepareOpenSettings(MeetingWindow& window);
+  void executeGetMeetingForChangeSetting(MeetingWindow& window);
+
+  vnMeetingMgr& m_manager;
+};
+
+}  // namespace vorn

@@ -1,0 +1,96 @@
+#include "workflow/WriteBack.h"
+
+#include "channel/commands/vnAPIKeys.h"
+#include "data/vnSettingKeys.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "util/TextSearch.h"
+#include "util/vnOLUtils.h"
+#include "workflow/LocationRule.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnMeetingMgr.h"
+
+namespace vorn {
+
+namespace {
+
+void showLocation(MeetingWindow& window, const std::string& location) {
+  if (const vnECCalendarEvent* event = window.event()) event->setLocation(location);
+  window.proxy().updateLocationFieldFromUI(location);
+  window.proxy().setLocation(location);
+}
+
+}  // namespace
+
+void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
+  vnGetMeetingHelper& meeting = *m_manager.getMeetingHelper();
+  const bool isHTML = meeting.supportHtmlEmail();
+  const OptionalText invitation = isHTML ? meeting.getInviteHtmlEmail() : meeting.getInviteEmail();
+  m_manager.emailBodyMgr()->updateMailBody(window.editor(), invitation, false, isHTML);
+  m_firstInvitationIsDue = false;
+}
+
+void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo,
+                                             bool commitFinished) {
+  vnMeetingDataMgr& data = *m_manager.meetingDataMgr();
+  if (commitFinished) {
+    window.proxy().saveVnDataToOLProperty(data.getVnDataForOLProperty(meetingInfo));
+    data.setEncodeMailBody(m_manager.getEncodeMail());
+  }
+  vnECCalendarEvent* event = window.event();
+  if (!event) return;
+  // An appointment without a title takes the service's topic.
+  if (vnOLUtils::trimAllSpace(event->summary()).value_or("").empty()) {
+    event->setSummary(meetingInfo[vn_Outlook_ApptInfo][vn_ApptInfo_Subject]);
+  }
+  updateLocation(window, meetingInfo[vn_Meeting_JoinUrl].optionalText());
+}
+
+void WriteBack::updateLocation(MeetingWindow& window, const OptionalText& joinUrl) {
+  vnMeetingDataMgr& data = *m_manager.meetingDataMgr();
+  const LocationRule rule(data);
+  const OptionalText storedJoinUrl = data.getOldJoinUrl();
+  const bool hasField = window.proxy().getLocationFromUI().has_value();
+  const OptionalText oldJoinUrl = !hasField && storedJoinUrl ? storedJoinUrl : data.joinUrl();
+  std::string userLocation = rule.getOLUserInputLocation(window).value_or("");
+  userLocation = replacingAll(userLocation, "&from=addon", "");
+  userLocation = replacingAll(userLocation, "?from=addon", "");
+
+  data.setJoinUrl(joinUrl);
+  // Without a bar there is no location of ours, and nobody to leave anything for.
+  if (!window.bar()) return;
+  ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window.bar());
+  OptionalText location = rule.getVnLocation(window);
+  if (location) left.setVnLocation(location);
+  if (storedJoinUrl) left.setJoinURLFromProperty(storedJoinUrl);
+
+  if (!rule.needUpdateLocation(window, m_manager.getMeetingAction(), oldJoinUrl)) {
+    left.setOLNewLocation("");
+  } else if (location) {
+    if (!userLocation.empty()) location = userLocation + "; " + *location;
+    left.setOLNewLocation(location);
+    showLocation(window, *location);
+  }
+}
+
+void WriteBack::updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window, const Value& response) {
+  // A delete on the calendar has no editor to write into.
+  if (!window.proxy().isValidConnection()) return;
+  // Where no bookmarks are found, nothing is left of a body. One that has not got its invitation yet has none, and
+  // keeps what the user wrote.
+  if (!m_firstInvitationIsDue) {
+    const OptionalText invitation = response[vn_API_Para_InvitationEmail].optionalText();
+    m_manager.emailBodyMgr()->updateMailBody(window.editor(), invitation, true, false);
+  }
+  // The empty text clears the stored record.
+  window.proxy().saveVnDataToOLProperty("");
+
+  const LocationRule rule(*m_manager.meetingDataMgr());
+  const std::string location = rule.withoutOurUrls(window.shownLocation().value_or(""));
+  showLocation(window, location);
+  if (!window.bar()) return;
+  ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window.bar());
+  left.setOLNewLocation(location);
+  left.setNeedClearLocation(true);
+}
+
+}  // namespace vorn

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "util/Value.h"
+#include "workflow/MeetingWindow.h"
+
+namespace vorn {
+
+class vnMeetingMgr;
+
+// Writes a meeting into the appointment of its window, and takes it out again: the invitation in the body, the
+// join URL in the location, the stored record. What the store of the appointment has to write once more is left in
+// vnApptDataForSaveRecord.
+class WriteBack {
+ public:
+  // The manager outlives it.
+  explicit WriteBack(vnMeetingMgr& manager) : m_manager(manager) {}
+
+  void updateMailBodyForSchedule(MeetingWindow& window);
+  // With a finished commit the record and the invitation's digest are renewed, too.
+  void updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo, bool commitFinished);
+  void updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window, const Value& response);
+
+  // The service has confirmed a new meeting, and its invitation is not in the appointment yet: the body holds only
+  // the user's words.
+  bool firstInvitationIsDue() const { return m_firstInvitationIsDue; }
+  void setFirstInvitationIsDue(bool due) { m_firstInvitationIsDue = due; }
+
+ private:
+  void updateLocation(MeetingWindow& window, const OptionalText& joinUrl);
+
+  vnMeetingMgr& m_manager;
+  bool m_firstInvitationIsDue = false;
+};
+
+}  // namespace vorn
