@@ -9,7 +9,8 @@ namespace vorn {
 // The main loop of the host's process, which runs everything of this system but the socket readers.
 //
 // All operations belong to the main thread, except post(). Tasks run on the main thread, never inside the call
-// that scheduled them. A task must not throw.
+// that scheduled them. A task must not throw. It may run the loop inside itself, as a modal alert does: whatever
+// comes due then runs inside it.
 class RunLoop {
  public:
   using Task = std::function<void()>;
@@ -28,7 +29,8 @@ class RunLoop {
 
   virtual ~RunLoop() = default;
 
-  // Runs the task as soon as the loop comes round, in the order of posting. May be called from any thread.
+  // Runs the task when the loop comes round, in the order of posting and one task each time. May be called from
+  // any thread.
   virtual void post(Task task) = 0;
 
   // Runs the task after a delay in seconds; 0 means when the present call has unwound. Target and name identify

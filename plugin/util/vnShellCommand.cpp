@@ -1,12 +1,12 @@
 #include "util/vnShellCommand.h"
 
-#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 
+#include "util/HighDescriptor.h"
 #include "util/Utf16.h"
 
 namespace vorn {
@@ -44,9 +44,10 @@ std::string readToEnd(int descriptor) {
 
 OptionalText vnShellCommand::runAsCommand(const std::string& command) {
   std::array<int, 2> ends;
-  if (::pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
-  const auto [readEnd, writeEnd] = ends;
-  const pid_t helper = ::fork();
+  if (::pipe(ends.data()) != 0) return std::nullopt;
+  const int readEnd = highDescriptor(ends[0]);
+  const int writeEnd = highDescriptor(ends[1]);
+  const pid_t helper = readEnd < 0 || writeEnd < 0 ? -1 : ::fork();
   if (helper == 0) {
     // The shell is a grandchild, so that its end need not be waited for and leaves nothing behind.
     const pid_t shell = ::fork();

@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # The checks of `./run check`: each prints OK or FAIL, and a failing one what it found. Sourced by run.
 
-all_checks=(format tidy floors names asan tsan)
+all_checks=(format tidy floors names portable asan tsan)
 
 run_checks() {
   local names=("$@") name failed=0
@@ -24,9 +24,9 @@ run_checks() {
 run_check() {
   local log="$root/build/checks/$1.log" began=$SECONDS
   if ("check_$1") >"$log" 2>&1; then
-    printf 'OK    %-7s %s s\n' "$1" $((SECONDS - began))
+    printf 'OK    %-8s %s s\n' "$1" $((SECONDS - began))
   else
-    printf 'FAIL  %-7s %s s\n' "$1" $((SECONDS - began))
+    printf 'FAIL  %-8s %s s\n' "$1" $((SECONDS - began))
     tail -n 60 "$log" | sed 's/^/      /'
     return 1
   fi
@@ -51,6 +51,15 @@ check_names() {
   local found=0
   if our_files | xargs -r grep -nIE '(^|[^[:alnum:]_./$}])/([w]ork|[r]oot|[f]arm)/[[:alnum:]_.-]+'; then found=1; fi
   if our_files | xargs -r grep -nIEi '\b[p]arts? [0-9]+(\.[0-9]+)?\b|\b[s]pec(s|\.md|ifications?)\b'; then found=1; fi
+  return $found
+}
+
+# What only Linux has may stand where it stays on Linux: in the embedded ports and in what is written for GNUstep.
+check_portable() {
+  local found=0
+  if our_files 'plugin/*.cpp' 'plugin/*.h' 'plugin/*.m' 'plugin/*.mm' |
+    grep -v -e '^plugin/platform/embedded/' -e '_GNUstep\.' |
+    xargs -r grep -nE '\b(pipe2|accept4|dup3|eventfd|epoll_[a-z]+|signalfd|timerfd_[a-z]+|inotify_[a-z]+|prctl|ppoll|getrandom|SOCK_CLOEXEC|SOCK_NONBLOCK)\b|"/proc'; then found=1; fi
   return $found
 }
 

@@ -5,8 +5,8 @@
 
 namespace vorn {
 
-// The run loop of an Objective-C process, with somebody who runs it as its host would. One turn may run several
-// tasks.
+// The run loop of an Objective-C process, with somebody who runs it as its host would: one run inside another is
+// in the mode of a modal panel.
 class AppleHostLoop final : public HostRunLoop {
  public:
   void post(Task task) override { m_loop.post(std::move(task)); }
@@ -24,6 +24,7 @@ class AppleHostLoop final : public HostRunLoop {
 
  private:
   AppleRunLoop m_loop;
+  int m_depth = 0;
 };
 
 }  // namespace vorn

@@ -13,12 +13,13 @@ double AppleHostLoop::now() const {
 bool AppleHostLoop::runUntil(const std::function<bool()>& condition, double timeoutSeconds) {
   constexpr double turn = 0.001;
   const double end = now() + timeoutSeconds;
+  NSString* mode = m_depth++ == 0 ? NSDefaultRunLoopMode : @"NSModalPanelRunLoopMode";
   while (!condition() && now() < end) {
     NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-    [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode
-                             beforeDate:[NSDate dateWithTimeIntervalSinceNow:turn]];
+    [[NSRunLoop currentRunLoop] runMode:mode beforeDate:[NSDate dateWithTimeIntervalSinceNow:turn]];
     [pool drain];
   }
+  --m_depth;
   return condition();
 }
 

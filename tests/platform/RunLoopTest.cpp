@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -52,6 +53,48 @@ TYPED_TEST(RunLoopContract, PostedTasksRunInOrderAndNotInsideThePost) {
   EXPECT_TRUE(this->m_log.empty());
   EXPECT_TRUE(this->runUntilNoted(3));
   EXPECT_EQ(this->m_log, (Log{"first", "second", "third"}));
+}
+
+TYPED_TEST(RunLoopContract, ATurnRunsOnePostedTask) {
+  for (const char* text : {"a", "b", "c"}) this->m_loop.post(this->noting(text));
+  for (std::size_t count = 1; count <= 3; ++count) {
+    EXPECT_TRUE(this->runUntilNoted(count));
+    EXPECT_EQ(this->m_log.size(), count);
+  }
+}
+
+// As an alert does that is shown in a task: what comes in meanwhile neither waits for its end nor overtakes.
+TYPED_TEST(RunLoopContract, WhileATaskRunsTheLoopInsideItselfTheNextOnesRunInOrder) {
+  RunLoop& loop = this->m_loop;
+  const auto alert = [this, &loop] {
+    this->m_log.push_back("alert");
+    loop.performAfter(0.02, &this->m_target, "delayed", this->noting("delayed"));
+    loop.post(this->noting("inside"));
+    std::thread([&] { loop.post(this->noting("reply")); }).join();
+    EXPECT_TRUE(this->m_loop.runUntil([this] { return this->m_log.back() == "delayed"; }, this->kLimit));
+    loop.post(this->noting("behind"));
+    std::thread([&] { loop.post(this->noting("late reply")); }).join();
+    EXPECT_TRUE(this->m_loop.runUntil([this] { return this->m_log.back() == "behind"; }, this->kLimit));
+    this->m_log.push_back("closed");
+  };
+  const RunLoop::Task waitingBehindIt = [&] {
+    loop.post(this->noting("waiting"));
+    alert();
+  };
+  const std::function<void()> ways[] = {
+      [&] {
+        loop.post(alert);
+        loop.post(this->noting("waiting"));
+      },
+      [&] { loop.performAfter(0, &this->m_target, "alert", waitingBehindIt); },
+      [&] { loop.scheduledTimer(0.001, RunLoop::Repeats::no, [&](RunLoop::Timer&) { waitingBehindIt(); }); }};
+  for (const auto& show : ways) {
+    this->m_log.clear();
+    show();
+    EXPECT_TRUE(this->runUntilNoted(8));
+    EXPECT_EQ(this->m_log,
+              (Log{"alert", "waiting", "inside", "reply", "delayed", "behind", "closed", "late reply"}));
+  }
 }
 
 TYPED_TEST(RunLoopContract, OtherThreadsMayPost) {
@@ -151,10 +194,6 @@ TYPED_TEST_SUITE(OwnRunLoop, OwnLoops);
 
 TYPED_TEST(OwnRunLoop, RunningEndsWithTheConditionOrTheTime) {
   EXPECT_TRUE(this->m_loop.runUntil([] { return true; }, 0));
-  this->m_loop.post(this->noting("a"));
-  this->m_loop.post(this->noting("b"));
-  EXPECT_TRUE(this->runUntilNoted(1));
-  EXPECT_EQ(this->m_log.size(), 1U) << "tested after each task";
   const double start = this->m_loop.now();
   EXPECT_FALSE(this->m_loop.runUntil([] { return false; }, 0.02));
   EXPECT_GE(this->m_loop.now() - start, 0.019);

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 
 #include <chrono>
@@ -134,6 +135,20 @@ TEST_F(SocketClientTest, ShowsEveryStateByItsDescriptorAndNoticesNoFailure) {
   peer.close();
   for (int i = 0; i < 3; ++i) EXPECT_TRUE(client().send("to a lost peer"));
   EXPECT_GT(client().fd(), 0);
+}
+
+// A host may have closed its standard input and output, which makes their numbers free.
+TEST_F(SocketClientTest, TakesNoDescriptorThatWouldPassForNoneOrForAStandardOne) {
+  TestListener listener(socketPath());
+  const TestDescriptor keptInput(::dup(STDIN_FILENO));
+  ::close(STDIN_FILENO);
+  client().connect();
+  EXPECT_TRUE(waitUntil([&] { return client().fd() > STDERR_FILENO; })) << client().fd();
+  ::dup2(keptInput.number(), STDIN_FILENO);
+  EXPECT_EQ(::fcntl(client().fd(), F_GETFD), FD_CLOEXEC);
+  const TestDescriptor peer = listener.accept();
+  EXPECT_TRUE(client().send("told"));
+  EXPECT_EQ(TestListener::read(peer, 4), "told");
 }
 
 TEST_F(SocketClientTest, SendsWholeMessagesUpToItsLimit) {

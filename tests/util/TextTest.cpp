@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "tests/support/TestPlatform.h"
 #include "util/EncodeUtils.h"
@@ -219,6 +220,17 @@ TEST(HostObjects, SubviewsOfAKindAreFoundDepthFirstAndNotWithinAMatch) {
 TEST(ShellCommand, GivesOutputOrStatus) {
   EXPECT_EQ(vnShellCommand::runAsCommand("printf 'a b'; exit 3"), "a b");
   EXPECT_EQ(vnShellCommand::runAsCommand("printf '\\377'"), std::nullopt);
+  // With both closed, a pipe would get their numbers.
+  const int keptInput = ::dup(STDIN_FILENO);
+  const int keptOutput = ::dup(STDOUT_FILENO);
+  ::close(STDIN_FILENO);
+  ::close(STDOUT_FILENO);
+  const OptionalText output = vnShellCommand::runAsCommand("printf 'a b'");
+  ::dup2(keptInput, STDIN_FILENO);
+  ::dup2(keptOutput, STDOUT_FILENO);
+  ::close(keptInput);
+  ::close(keptOutput);
+  EXPECT_EQ(output, "a b");
   EXPECT_EQ(vnShellCommand::runAsCommand_ret("exit 3"), 3);
   EXPECT_EQ(vnShellCommand::runAsCommand_ret("kill -9 $$"), 9);
 }

@@ -10,22 +10,35 @@
 #include <cerrno>
 #include <cstddef>
 
+#include "util/HighDescriptor.h"
+
 namespace vorn {
 
 namespace {
 
 constexpr std::chrono::milliseconds kListenerFullPause{20};
 
+// Where a descriptor cannot be told to raise no signal, each write can.
+#ifdef MSG_NOSIGNAL
+constexpr int kNoSignal = MSG_NOSIGNAL;
+#else
+constexpr int kNoSignal = 0;
+#endif
+
 bool isWait(int failure) { return failure == EAGAIN || failure == EWOULDBLOCK; }
 
 }  // namespace
 
 std::shared_ptr<SocketDescriptor> SocketDescriptor::make() {
-  const int number = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  const int number = highDescriptor(::socket(AF_UNIX, SOCK_STREAM, 0));
   if (number < 0) return nullptr;
   auto made = std::make_shared<SocketDescriptor>(number);
-  ::fcntl(number, F_SETFD, FD_CLOEXEC);
   ::fcntl(number, F_SETFL, ::fcntl(number, F_GETFL) | O_NONBLOCK);
+#ifdef F_SETNOSIGPIPE
+  // Writing to a peer that is gone must not end the host. The descriptor is told so: the socket itself has no
+  // option set.
+  ::fcntl(number, F_SETNOSIGPIPE, 1);
+#endif
   return made;
 }
 
@@ -69,7 +82,7 @@ void SocketDescriptor::write(std::string_view bytes, std::chrono::milliseconds p
   { const std::lock_guard lock(m_connecting); }
   const auto deadline = std::chrono::steady_clock::now() + patience;
   while (!bytes.empty()) {
-    const ssize_t count = ::send(m_number, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    const ssize_t count = ::send(m_number, bytes.data(), bytes.size(), kNoSignal);
     if (count >= 0) {
       bytes.remove_prefix(static_cast<std::size_t>(count));
       continue;

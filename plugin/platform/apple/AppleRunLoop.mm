@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -18,7 +19,7 @@
   void* m_state;
 }
 - (void)fire:(NSTimer*)timer;
-- (void)runPosted;
+- (void)awaitPosted;
 - (void)doNothing:(id)nothing;
 @end
 
@@ -62,7 +63,9 @@ struct AppleRunLoop::State {
   std::uint64_t lastNumber = 0;
   std::map<std::uint64_t, Scheduled> scheduled;
   std::mutex postedMutex;
-  std::vector<Task> posted;
+  std::deque<Task> posted;
+  // The first of them has its timer. The main thread's.
+  bool isPostedAwaited = false;
 
   State() { clerk->m_state = this; }
   ~State() {
@@ -112,13 +115,28 @@ struct AppleRunLoop::State {
     runGuarded(*task);
   }
 
-  void runPosted() {
-    std::vector<Task> taken;
+  // One timer at a time and one task for each: the loop comes round between them, and a task that runs the loop
+  // inside itself holds up none.
+  void awaitPosted() {
     {
       const std::lock_guard<std::mutex> lock(postedMutex);
-      taken.swap(posted);
+      if (posted.empty()) return;
     }
-    for (const Task& task : taken) runGuarded(task);
+    if (std::exchange(isPostedAwaited, true)) return;
+    Scheduled turn;
+    turn.task = std::make_shared<const Task>([this] { runFirstPosted(); });
+    schedule(0, std::move(turn));
+  }
+  void runFirstPosted() {
+    Task first;
+    {
+      const std::lock_guard<std::mutex> lock(postedMutex);
+      first = std::move(posted.front());
+      posted.pop_front();
+    }
+    isPostedAwaited = false;
+    awaitPosted();
+    first();
   }
 };
 
@@ -158,21 +176,16 @@ AppleRunLoop::AppleRunLoop() : m_state(std::make_shared<State>()) {
 AppleRunLoop::~AppleRunLoop() = default;
 
 void AppleRunLoop::post(Task task) {
-  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
   {
     const std::lock_guard<std::mutex> lock(m_state->postedMutex);
     m_state->posted.push_back(std::move(task));
   }
-  if ([NSThread isMainThread]) {
-    // GNUstep would run it at once.
-    State* state = m_state.get();
-    performAfter(0, nullptr, {}, [=] { state->runPosted(); });
-  } else {
-    [m_state->clerk performSelectorOnMainThread:@selector(runPosted)
-                                     withObject:nil
-                                  waitUntilDone:NO
-                                          modes:commonModes()];
-  }
+  if ([NSThread isMainThread]) return m_state->awaitPosted();
+  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  [m_state->clerk performSelectorOnMainThread:@selector(awaitPosted)
+                                   withObject:nil
+                                waitUntilDone:NO
+                                        modes:commonModes()];
   [pool drain];
 }
 
@@ -219,9 +232,7 @@ std::shared_ptr<RunLoop::Timer> AppleRunLoop::scheduledTimer(double intervalSeco
 - (void)doNothing:(id)nothing {
   (void)nothing;
 }
-- (void)runPosted {
-  if (!m_state) return;
-  [[self retain] autorelease];
-  static_cast<vorn::AppleRunLoop::State*>(m_state)->runPosted();
+- (void)awaitPosted {
+  if (m_state) static_cast<vorn::AppleRunLoop::State*>(m_state)->awaitPosted();
 }
 @end

@@ -65,7 +65,9 @@ class AsioTimer final : public RunLoop::Timer, public std::enable_shared_from_th
 }  // namespace
 
 struct AsioRunLoop::State {
-  asio::io_context context{1};
+  // Not told that one thread runs it: it would keep what a task posts to itself until that task has ended, while
+  // the task may run the loop inside itself.
+  asio::io_context context;
   asio::executor_work_guard<asio::io_context::executor_type> keepsRunning = asio::make_work_guard(context);
   std::list<std::shared_ptr<DelayedCall>> delayed;
 
