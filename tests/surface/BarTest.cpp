@@ -183,12 +183,17 @@ TEST_F(Bar, EndsALittleAfterItsOwnWindowCloses) {
   closeWindow(window);
 }
 
-TEST_F(Bar, AnEditorThatIsGoneBeforeItsBarIsSetUpDoesNoHarm) {
-  makeBar();
+TEST_F(Bar, WhatTheStepAfterOpeningNeedsOfTheHostLivesUntilThenAndNoLonger) {
+  const auto bar = makeBar();
+  host.set(event, "olmUCInband", "{\"meetingKey\": \"123\"}");
   vnActionAdditionView::scheduleOnChangeUINotification(opened());
   world.classRuntime.destroy(controller);
   world.classRuntime.destroy(event);
   world.runLoop.runDue();
+  EXPECT_EQ(shown(bar), "-CS");
+  EXPECT_FALSE(world.classRuntime.isAlive(event));
+  EXPECT_FALSE(world.classRuntime.isAlive(controller));
+  vnActionAdditionView::onChangeUINotification(opened());
   EXPECT_TRUE(world.presenter.alerts.empty());
 }
 
