@@ -47,9 +47,9 @@ std::size_t endOf(std::string_view trail, std::string_view body) {
   return kNotFound;
 }
 
-// The body with the span replaced; absent when an end is missing. So it is for ends that have crossed, which a user
-// can make by moving text: what lies between them is the user's. Ends that touch have an empty span, where the new
-// text comes in.
+// The body with the span replaced; absent when an end is missing. So it is for ends that have crossed, which a
+// user can make by moving text: what lies between them is the user's. Ends that touch have an empty span, where
+// the new text comes in.
 OptionalText replaced(std::string_view body, std::size_t start, std::size_t end, std::string_view newText) {
   if (start == kNotFound || end == kNotFound || end < start) return std::nullopt;
   return replacingSpan(body, start, end, newText);
