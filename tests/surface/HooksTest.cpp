@@ -168,9 +168,31 @@ TEST_F(Hooks, ADrawnHeaderPlacesItsBar) {
   world.classRuntime.send(header, "drawRect:", {valueFromRect({})});
   EXPECT_EQ(rectFromValue(host.get(bar, "frame")).x, 590);
   EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, 13);
-  host.set(zone, "isHidden", true);
-  world.classRuntime.send(header, "drawRect:", {valueFromRect({})});
-  EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, -10);
+  const struct {
+    const char* text;
+    bool isEditable, isHidden, isInHiddenView;
+    double top;
+  } rows[] = {
+      {"(GMT-08:00) Pacific Time", false, false, false, 13},
+      {"(UTC) Coordinated Universal Time", false, false, false, 13},
+      {" UTC+1", false, false, false, 13},
+      {"(UTC+01:00) Berlin", false, true, false, -10},
+      {"(UTC+01:00) Berlin", false, false, true, -10},
+      // A subject that the user types, one that is only shown, and the name of an organizer.
+      {"(UTC+01:00) moved", true, false, false, -10},
+      {"Call at 10:00 GMT", false, false, false, -10},
+      {"GMT Industries", false, false, false, -10},
+      {"(UTCX)", false, false, false, -10},
+      {"(", false, false, false, -10},
+  };
+  for (const auto& row : rows) {
+    host.set(zone, "stringValue", row.text);
+    host.set(zone, "isEditable", row.isEditable);
+    host.set(zone, "isHidden", row.isHidden);
+    host.set(zone, "isHiddenOrHasHiddenAncestor", row.isHidden || row.isInHiddenView);
+    world.classRuntime.send(header, "drawRect:", {valueFromRect({})});
+    EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, row.top) << row.text;
+  }
 }
 
 TEST_F(Hooks, AHeaderThatManagesItsViewsByItselfPlacesTheBarAmongThem) {
