@@ -79,8 +79,6 @@ TEST(CalendarReader, FindsTheMeetingNumberOfADescription) {
     EXPECT_EQ(reader.getMeetingNumberFromDescription(each.description), each.number) << each.description;
   }
   EXPECT_EQ(reader.getMeetingNumberFromDescription(std::nullopt), std::nullopt);
-  EXPECT_EQ(reader.findNumberFromStr("a1 b22-3", 3), "122");
-  EXPECT_EQ(reader.findNumberFromStr("a1", 3), "1");
 }
 
 TEST(CalendarReader, TheDescriptionEndsAtTheLocationOrTheOrganizer) {

@@ -20,30 +20,6 @@ const HookRow& row(std::string_view hostClass, std::string_view selector) {
 
 using HookTable = SurfaceWorld;
 
-TEST_F(HookTable, LoadsTheClassesInTheirFixedOrder) {
-  std::vector<std::pair<std::string_view, std::size_t>> order;
-  for (const HookClass& hookClass : hookTable()) {
-    order.emplace_back(hookClass.name, hookClass.rows.size());
-    EXPECT_EQ(hookClass.name, "vnHook" + std::string(hookClass.hostClass));
-    for (const HookRow& r : hookClass.rows) EXPECT_EQ(r.hostClass, hookClass.hostClass);
-  }
-  const std::vector<std::pair<std::string_view, std::size_t>> expected = {
-      {"vnHookOUIRibbonChunkContainerView", 1},
-      {"vnHookOLCalendarHeaderContainerView", 1},
-      {"vnHookOLAutoLayoutAttachmentsAcceptingView", 2},
-      {"vnHookERCalendarEventEditorWindowController", 6},
-      {"vnHookOLCalendarGridViewWrapper", 3},
-      {"vnHookOLAttachmentsAcceptingView", 1},
-      {"vnHookECCalendarEvent", 6},
-      {"vnHookOLAutoLayoutView", 1},
-      {"vnHookOLCalendarEventViewResponder", 1},
-      {"vnHookERageMainWindowController", 7},
-      {"vnHookERCalendarEventEditorViewController", 11},
-      {"vnHookECMutableCalendarEvent", 2},
-  };
-  EXPECT_EQ(order, expected);
-}
-
 TEST_F(HookTable, EveryAddedSelectorCarriesOurPrefixItsClassAndTheHostSelector) {
   EXPECT_EQ(row("ECCalendarEvent", "deleteEventNow").addedSelector(), "vn_ECCalendarEvent_deleteEventNow");
   EXPECT_EQ(row("OLAttachmentsAcceptingView", "initWithFrame:").addedSelector(),

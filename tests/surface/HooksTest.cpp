@@ -216,20 +216,6 @@ TEST_F(Hooks, AHeaderThatManagesItsViewsByItselfPlacesTheBarAmongThem) {
   }
 }
 
-TEST_F(Hooks, AHeaderTellsOfItsAttachments) {
-  EXPECT_FALSE(vnHasAttachment(header));
-  EXPECT_EQ(vnGetAttachmentViewHeight(header), 52);
-  const HostObject attachment = host.object("OlkAttachmentViewModel", {});
-  const HostObject source = host.object("NSObject", {{"attachmentList", Value(Value::Array{attachment})}});
-  const HostObject view = host.object("NSView", {{"frame", valueFromRect({0, 0, 300, 80})}});
-  const HostObject attachments =
-      host.object("OlkModernAttachmentsViewController", {{"dataSource", source}, {"view", view}});
-  host.set(header, "recordViewController",
-           host.object("NSViewController", {{"attachmentsController", attachments}}));
-  EXPECT_TRUE(vnHasAttachment(header));
-  EXPECT_EQ(vnGetAttachmentViewHeight(header), 80);
-}
-
 TEST_F(Hooks, TheMainWindowIsTakenWhenItShowsAndItsRibbonForgottenWhenItCloses) {
   const HostObject ribbon = host.object("OUIRibbonView", {{"activeTabIndex", 0}});
   const HostObject content = host.object("NSView", {{"subviews", Value(Value::Array{ribbon})}});
