@@ -40,6 +40,27 @@ TEST_F(HookTable, EveryAddedSelectorCarriesOurPrefixItsClassAndTheHostSelector) 
   }
 }
 
+// The runtime does not look at the types, and these rows are entered as they stand although they say something
+// else.
+bool hasTypesOfItsOwn(const HookRow& r) {
+  return r.hostSelector == "initWithFrame:" || r.hostSelector == "drawRect:" ||
+         r.hostSelector == "showWindowForNewEvent";
+}
+
+TEST_F(HookTable, TheTypesNameAReceiverASelectorAndEachArgument) {
+  for (const HookClass& hookClass : hookTable()) {
+    for (const HookRow& r : hookClass.rows) {
+      std::string types(r.encoding);
+      std::erase(types, '^');
+      EXPECT_EQ(types.find_first_not_of("@:vBcdfil"), std::string::npos) << r.addedSelector();
+      EXPECT_EQ(types.substr(1, 2), "@:") << r.addedSelector();
+      if (hasTypesOfItsOwn(r)) continue;
+      EXPECT_EQ(types.size() - 3, std::count(r.hostSelector.begin(), r.hostSelector.end(), ':'))
+          << r.addedSelector();
+    }
+  }
+}
+
 TEST_F(HookTable, TellsForEachRowWhetherItStands) {
   host.teach("ERCalendarEventEditorViewController", {"save:"});
   HookInstaller::sharedInstance().load();
@@ -158,6 +179,7 @@ TEST_F(HookTable, AnItemOfASeriesPassesForASingleAppointmentOnlyWhileItsRecordIs
   host.set(event, "isRecurring", true);
   HookInstaller::sharedInstance().load();
   const HostObject record = host.object("ECMutableCalendarEvent", {});
+  EXPECT_EQ(world.classRuntime.send(event, "isOccurrence"), Value(true));
   const Value single(Value::Array{false, false});
   EXPECT_EQ(world.classRuntime.send(event, "olmUCInband"), single);
   EXPECT_EQ(world.classRuntime.send(event, "olmUCCapabilities"), single);

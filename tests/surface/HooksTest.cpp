@@ -1,6 +1,8 @@
 #include "host/proxies/vnERageMainWindowController.h"
 #include "host/surface/ActionBarPlacement.h"
+#include "host/surface/HostDescription.h"
 #include "tests/surface/SurfaceWorld.h"
+#include "workflow/RunningSave.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgrMonitor.h"
 
@@ -114,6 +116,55 @@ TEST_F(Hooks, TheHostNeverSeesTheBodyAmongTheChangesForAttendees) {
   EXPECT_EQ(calls[0].at(0), Value("{\n    content.summary = \"New \\\"plan\\\"\";\n}"));
   EXPECT_TRUE(calls[1].at(0).isAbsent());
   EXPECT_TRUE(host.get(editor, "uncommittedChanges").contains("content.body"));
+}
+
+TEST(HostDescription, ReadsAsThePlatformPrintsIt) {
+  const Value nested(Value::Dictionary{
+      {"a.b", Value(Value::Array{1, "x y", nullptr, Value(HostObject(0xabc))})},
+      {"c d", Value(Value::Dictionary{{"A_Z09$/:", "a$/:_.z"}, {"empty", ""}, {"none", Value(Value::Array{})}})},
+      {"e", "line\n\"end\\"}});
+  const std::pair<Value, const char*> rows[] = {
+      {"x \"y\"", "x \"y\""},
+      {nullptr, "<null>"},
+      {Value(), "(null)"},
+      {true, "1"},
+      {-7, "-7"},
+      {2.5, "2.5"},
+      {nested,
+       "{\n    a.b = (\n        1,\n        \"x y\",\n        \"<null>\",\n        \"<0xabc>\"\n    );\n"
+       "    \"c d\" = {\n        A_Z09$/: = a$/:_.z;\n        empty = \"\";\n        none = (\n        );\n    "
+       "};\n"
+       "    e = \"line\\n\\\"end\\\\\";\n}"},
+  };
+  for (const auto& [value, text] : rows) EXPECT_EQ(hostDescription(value), text);
+}
+
+TEST_F(Hooks, TheLastWriteComesBeforeTheHostStoresTheRecord) {
+  const HostObject record = host.object("ECMutableCalendarEvent", {{"setLocation:", Value()}});
+  Value storedLocation;
+  world.classRuntime.setInstanceMethod("ECMutableCalendarEvent", "saveRecord",
+                                       [&](const HostObject& self, const Arguments&) {
+                                         storedLocation = host.get(self, "location");
+                                         return Value(1);
+                                       });
+  const auto bar = makeBar();
+  ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
+  save.setNeedClearLocation(true);
+  save.setOLNewLocation("Castle");
+  HookInstaller::sharedInstance().load();
+  const RunningSave ofThisWindow(bar);
+  EXPECT_EQ(world.classRuntime.send(record, "saveRecord"), Value(1));
+  EXPECT_EQ(storedLocation, Value("Castle"));
+}
+
+TEST_F(Hooks, TheRibbonIsDrawnByTheHostAndAnAutoLayoutViewNotAtAll) {
+  const HostObject ribbon = host.object("OUIRibbonChunkContainerView", {{"drawRect:", Value()}});
+  const HostObject layout = host.object("OLAutoLayoutView", {{"drawRect:", Value()}});
+  HookInstaller::sharedInstance().load();
+  for (const HostObject& view : {ribbon, layout}) {
+    EXPECT_EQ(world.classRuntime.send(view, "drawRect:", {valueFromRect({})}), Value(true));
+    EXPECT_EQ(host.calls(view, "drawRect:").size(), view == ribbon ? 1u : 0u);
+  }
 }
 
 TEST_F(Hooks, TheBodyEditorThatTheHostTakesInIsRememberedForTheBar) {
