@@ -26,7 +26,10 @@ TEST(CalendarReader, PicksTheOnlyEventOrTheMasterOfASeries) {
       {"END:VEVENT\r\n" + plain, plain},
   };
   for (const auto& each : cases) {
-    EXPECT_EQ(vnICalendarContentParse(each.content).getEvent(), each.event) << each.content.value_or("(absent)");
+    vnICalendarContentParse reader(std::nullopt);
+    const bool hasTags = each.event || each.content == plain + plain;
+    EXPECT_EQ(reader.parseEvents(each.content), hasTags) << each.content.value_or("(absent)");
+    EXPECT_EQ(reader.getEvent(), each.event) << each.content.value_or("(absent)");
   }
   EXPECT_EQ(vnICalendarContentParse(std::nullopt).getLocation(), std::nullopt);
 }
