@@ -42,6 +42,7 @@
 @interface NSTextField : NSView {
   NSString* m_text;
 }
+- (BOOL)isEditable;
 - (NSString*)stringValue;
 - (void)setStringValue:(NSString*)text;
 @end

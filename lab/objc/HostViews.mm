@@ -67,6 +67,9 @@
   [m_text release];
   [super dealloc];
 }
+- (BOOL)isEditable {
+  return YES;
+}
 - (NSString*)stringValue {
   return m_text ? m_text : @"";
 }

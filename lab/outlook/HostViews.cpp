@@ -100,6 +100,7 @@ void HostWorld::defineViews() {
          [this](const HostObject& self, const Arguments&) { removeFromSuperview(self); });
   method("NSView", "drawRect:", [](const HostObject&, const Arguments&) { return true; });
 
+  method("NSTextField", "isEditable", [](const HostObject&, const Arguments&) { return true; });
   method("NSTextField", "stringValue",
          [this](const HostObject& self, const Arguments&) { return view(self)->text; });
   action("NSTextField", "setStringValue:", [this](const HostObject& self, const Arguments& arguments) {

@@ -63,7 +63,7 @@ class vnBodyHelper {
 
   // Replaces what lies between the bookmarks, and the decoration that the editor put around them, by a text with
   // bookmarks of its own. Absent when that text has no bookmarks, or the body has none where they are needed; the
-  // body itself when the bookmarks enclose nothing.
+  // body itself when its end bookmark stands before its begin bookmark with something between them.
   OptionalText updateVnBodyWithVnBookmark(const OptionalText& body, const OptionalText& bodyWithVnBookmark) const;
   OptionalText updateVnBodyWithVnBookmarkEx(const OptionalText& body,
                                             const OptionalText& bodyWithVnBookmark) const;

@@ -47,10 +47,11 @@ std::size_t endOf(std::string_view trail, std::string_view body) {
   return kNotFound;
 }
 
-// The body with the span replaced; absent when an end is missing. So it is for ends in the wrong order, which a
-// user can make by moving text: such a span would be none.
+// The body with the span replaced; absent when an end is missing. So it is for ends that have crossed, which a
+// user can make by moving text: what lies between them is the user's. Ends that touch have an empty span, where
+// the new text comes in.
 OptionalText replaced(std::string_view body, std::size_t start, std::size_t end, std::string_view newText) {
-  if (start == kNotFound || end == kNotFound || end <= start) return std::nullopt;
+  if (start == kNotFound || end == kNotFound || end < start) return std::nullopt;
   return replacingSpan(body, start, end, newText);
 }
 
@@ -64,12 +65,11 @@ std::string withoutLineEnds(std::string_view text) {
 }  // namespace
 
 BookmarkForm vnBodyHelper::bookmarkForm(std::string_view body) {
-  // Every placeholder's bookmarks are quoted ones as well, so those in the wrong order are still found as such.
+  // Every placeholder's bookmarks are quoted ones as well, so those that have crossed are still found as such.
   const std::size_t placeholder = body.find(kvn_InitBeginBookMark);
-  if (placeholder != kNotFound) {
-    const std::size_t end = body.find(kvn_InitEndBookMark);
-    if (end != kNotFound && placeholder < end) return BookmarkForm::placeholder;
-  }
+  const std::size_t end = body.find(kvn_InitEndBookMark);
+  const bool hasPlaceholder = placeholder != kNotFound && end != kNotFound;
+  if (hasPlaceholder && placeholder <= end + kvn_InitEndBookMark.size()) return BookmarkForm::placeholder;
   if (holdsBoth(body, kQuoted)) return BookmarkForm::quoted;
   return holdsBoth(body, kUnquoted) ? BookmarkForm::unquoted : BookmarkForm::none;
 }
@@ -111,6 +111,7 @@ OptionalText vnBodyHelper::removeVnBodyForDelete(const OptionalText& body) const
   const std::size_t begin = body->find(pair.begin);
   // What stands before a lost begin bookmark goes as well, deliberately.
   const std::size_t start = begin == kNotFound ? 0 : reachingBack(begin);
+  // Ends that have crossed enclose the user's text.
   if (start > end) return body;
   return replacingSpan(*body, start, end + pair.end.size(), EMPTY_STRING);
 }

@@ -43,6 +43,12 @@ std::string_view lineBehind(std::string_view text, std::string_view tag) {
   return trimmed(leading(text.substr(at + tag.size()), isWithinLine), isWhitespaceOrNewline);
 }
 
+// Digits that go on in the next line of a folded text are half a number, which would be another meeting's.
+bool goesOnBehindFold(std::string_view behindDigits) {
+  if (!behindDigits.starts_with("\r\n ") && !behindDigits.starts_with("\r\n\t")) return false;
+  return !leading(behindDigits.substr(3), isDecimalDigit).empty();
+}
+
 bool hasMeetingNumberLength(std::string_view digits) {
   const std::size_t length = utf16Length(digits);
   return length >= kFewestDigits && length <= kMostDigits;
@@ -152,7 +158,11 @@ OptionalText vnICalendarContentParse::parseMeetingNumberWithJoinUrlFromDescripti
     if (holds(token, "http://") || holds(token, "https://")) {
       if (const auto number = behind(token, kNumberLinkMark)) {
         const std::string digits(leading(*number, isDecimalDigit));
-        if (hasMeetingNumberLength(digits) && std::strtoll(digits.c_str(), nullptr, 10) > 0) return digits;
+        const auto end = static_cast<std::size_t>(number->data() - rest.data()) + digits.size();
+        if (hasMeetingNumberLength(digits) && !goesOnBehindFold(rest.substr(end)) &&
+            std::strtoll(digits.c_str(), nullptr, 10) > 0) {
+          return digits;
+        }
       } else if (holds(token, kPersonalLinkMark)) {
         return std::nullopt;
       }

@@ -58,7 +58,7 @@ class vnICalendarContentParse {
   // The number behind "Meeting ID:" or in a join URL of the description: 9 to 12 digits, or absent.
   OptionalText getMeetingNumberFromDescription() const;
   OptionalText getMeetingNumberFromDescription(const OptionalText& description) const;
-  // The number in the first join URL that has one. A personal link ends the search.
+  // The number in the first join URL that has one on one line. A personal link ends the search.
   OptionalText parseMeetingNumberWithJoinUrlFromDescription(const OptionalText& description) const;
 
   // The decimal digits that the text begins with; absent for absence.

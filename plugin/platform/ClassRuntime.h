@@ -90,6 +90,9 @@ class ClassRuntime {
   virtual bool respondsTo(const HostObject& receiver, std::string_view selector) = 0;
   // True for an instance of the class or of one that inherits from it.
   virtual bool isKindOf(const HostObject& receiver, ClassRef target) = 0;
+  // A reference that keeps its object alive until the last copy is gone, whatever the host lets go of meanwhile;
+  // absent for an absent or a dead object. For what a delayed call needs of the host.
+  virtual HostObject retained(const HostObject& object) = 0;
   // The name of the object's own class; "" for an absent or a dead object.
   virtual std::string className(const HostObject& receiver) = 0;
 

@@ -8,6 +8,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "util/CharacterSets.h"
 #include "util/HtmlTextSource.h"
 
 namespace vorn {
@@ -31,6 +32,13 @@ const Names& lineElements() {
                            "dl",      "dt",      "footer",  "form",       "h1",   "h2",     "h3",  "h4",
                            "h5",      "h6",      "header",  "hr",         "li",   "main",   "nav", "ol",
                            "p",       "pre",     "section", "table",      "tr",   "ul"};
+  return names;
+}
+
+// What is shown in its own place without being text.
+const Names& shownElements() {
+  static const Names names{"audio", "canvas", "embed", "iframe",      "image",
+                           "img",   "object", "svg",   "v:imagedata", "video"};
   return names;
 }
 
@@ -162,6 +170,7 @@ struct FreeParser {
 struct Reading {
   htmlParserCtxt* parser;
   TextBuilder builder;
+  bool hasShownElement = false;
 };
 
 std::string_view viewOf(const xmlChar* name) { return reinterpret_cast<const char*>(name); }
@@ -174,6 +183,7 @@ void onStartElement(void* user, const xmlChar* name, const xmlChar**) {
     reading.builder.leaveAll();
   }
   reading.builder.begin(viewOf(name));
+  if (shownElements().contains(viewOf(name))) reading.hasShownElement = true;
 }
 
 void onEndElement(void* user, const xmlChar* name) { static_cast<Reading*>(user)->builder.end(viewOf(name)); }
@@ -186,9 +196,12 @@ int readSource(void* source, char* buffer, int size) {
   return static_cast<int>(static_cast<HtmlTextSource*>(source)->read(buffer, static_cast<std::size_t>(size)));
 }
 
-}  // namespace
+struct Shown {
+  std::string text;
+  bool hasShownElement = false;
+};
 
-std::string htmlToPlainText(std::string_view html, NoBreakSpaceEntity entity) {
+Shown readHtml(std::string_view html, NoBreakSpaceEntity entity) {
   const std::unique_ptr<htmlParserCtxt, FreeParser> parser(htmlNewParserCtxt());
   if (!parser) return {};
   HtmlTextSource source(html, entity);
@@ -203,7 +216,18 @@ std::string htmlToPlainText(std::string_view html, NoBreakSpaceEntity entity) {
   constexpr int options = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET |
                           HTML_PARSE_NODEFDTD | HTML_PARSE_IGNORE_ENC | XML_PARSE_HUGE;
   htmlCtxtReadIO(parser.get(), readSource, nullptr, &source, nullptr, "UTF-8", options);
-  return reading.builder.take();
+  return {reading.builder.take(), reading.hasShownElement};
+}
+
+}  // namespace
+
+std::string htmlToPlainText(std::string_view html, NoBreakSpaceEntity entity) {
+  return readHtml(html, entity).text;
+}
+
+bool htmlShowsNothing(std::string_view html) {
+  const Shown shown = readHtml(html, NoBreakSpaceEntity::isBlank);
+  return !shown.hasShownElement && trimmed(shown.text, isWhitespaceOrNewline).empty();
 }
 
 }  // namespace vorn

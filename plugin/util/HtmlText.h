@@ -19,4 +19,8 @@ enum class NoBreakSpaceEntity { isBlank, leftOut };
 // tags comes back as it is, apart from its white space, and bytes that are not UTF-8 become U+FFFD.
 std::string htmlToPlainText(std::string_view html, NoBreakSpaceEntity entity = NoBreakSpaceEntity::isBlank);
 
+// True when a reader of the HTML sees nothing: no text but white space and line ends, and no picture or anything
+// else that is shown in its own place. A body with a picture alone is somebody's work. The costs are the same.
+bool htmlShowsNothing(std::string_view html);
+
 }  // namespace vorn

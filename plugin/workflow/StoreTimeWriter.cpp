@@ -2,6 +2,7 @@
 
 #include "host/proxies/vnApptInfoKeys.h"
 #include "invitation/vnBodyHelper.h"
+#include "util/HtmlText.h"
 #include "util/TextSearch.h"
 #include "util/vnOLUtils.h"
 #include "workflow/RunningSave.h"
@@ -39,9 +40,10 @@ void StoreTimeWriter::updateVnKeyInfoToAppointment() {
   const Value body = m_record.body();
   // The same text is mostly there already, and then nothing has to be made out about it.
   if (!body.isText() || !newBody || body.text() == *newBody) return;
-  vnBodyHelper& bodies = vnBodyHelper::sharedInstance();
-  if (bodies.convertHTMLToPlainText(newBody).value_or("").empty()) return;
-  if (bodies.isEqualHTMLBodyContent(body.optionalText(), newBody)) return;
+  if (htmlShowsNothing(*newBody)) return;
+  // A picture has no text, so it reads as a body with nothing in it does.
+  const bool saysTheSame = vnBodyHelper::sharedInstance().isEqualHTMLBodyContent(body.optionalText(), newBody);
+  if (saysTheSame && !htmlShowsNothing(body.text())) return;
   m_record.setIsBodyHTML(true);
   m_record.setBody(*newBody);
 }

@@ -1,7 +1,6 @@
 #include "workflow/vnSavePreparation.h"
 
-#include "invitation/vnBodyHelper.h"
-#include "util/vnOLUtils.h"
+#include "util/HtmlText.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgrMonitor.h"
@@ -33,8 +32,7 @@ void vn_preSaveDataBeforeSaveAndClose(vnERCalendarEventEditorViewController& edi
   if (!bar) return;
   ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
   const OptionalText body = editor.bodyContent().optionalText();
-  const OptionalText plain = vnOLUtils::trimAllSpace(vnBodyHelper::sharedInstance().convertHTMLToPlainText(body));
-  if (plain && !plain->empty()) save.setOLNewBody(body);
+  if (body && !htmlShowsNothing(*body)) save.setOLNewBody(body);
   if (bar->isDeleteVornMeeting()) return;
   if (const OptionalText location = editor.getLocationFromUI()) save.setOLNewLocation(location);
 }

@@ -325,6 +325,27 @@ TYPED_TEST(ClassRuntimeConformance, ATemporaryLivesAsLongAsAReferenceToIt) {
   EXPECT_TRUE(this->runtime.send(HostObject(address), "name").isAbsent());
 }
 
+TYPED_TEST(ClassRuntimeConformance, WhatIsRetainedOutlivesItsOwner) {
+  HostObject part;
+  {
+    const Value temporary = this->runtime.send(this->probe, "makePart");
+    part = this->runtime.retained(HostObject(temporary.object().address()));
+  }
+  const HostObject owned = this->world->create("Probe");
+  HostObject first = this->runtime.retained(owned);
+  HostObject second = this->runtime.retained(first);
+  this->world->end(owned);
+  first = {};
+  for (HostObject* held : {&part, &second}) {
+    const HostObject plain(held->address());
+    EXPECT_EQ(this->nameOf(plain), "probe");
+    *held = {};
+    EXPECT_EQ(this->runtime.className(plain), "");
+    EXPECT_FALSE(this->runtime.retained(plain));
+  }
+  EXPECT_FALSE(this->runtime.retained({}));
+}
+
 TYPED_TEST(ClassRuntimeConformance, AClassThatComesLaterIsFoundThenAndSharesItsParentsHooks) {
   EXPECT_FALSE(this->classNamed("ProbeLate"));
   ASSERT_TRUE(this->hook(this->classNamed("Probe"), "name", "vn_name", this->hookedName("vn_name")));

@@ -125,6 +125,8 @@ TEST_F(BodyHelper, PutsANewTextAtTheTopOrAtTheEnd) {
 
 TEST_F(BodyHelper, BringsAnInvitationIntoEveryKindOfBody) {
   const std::string marked = kBegin + "NEW" + kEnd;
+  const std::string initBegin(kvn_InitBeginBookMark);
+  const std::string initEnd(kvn_InitEndBookMark);
   const struct {
     const char* what;
     std::string body, result;
@@ -137,7 +139,14 @@ TEST_F(BodyHelper, BringsAnInvitationIntoEveryKindOfBody) {
       {"quotes dropped by an editor come back", "a" + kBeginEx + "OLD" + kEndEx + "b", "a" + marked + "b"},
       {"only a begin: added anew, the old one stays", "a" + kBegin + "OLD", "a" + kBegin + "OLD" + marked},
       {"only an end", "OLD" + kEnd, "OLD" + kEnd + marked},
-      {"ends in the wrong order enclose nothing", "a" + kEnd + "b" + kBegin, "a" + kEnd + "b" + kBegin},
+      {"ends in the wrong order enclose the user's text, which stays", "a" + kEnd + "b" + kBegin,
+       "a" + kEnd + "b" + kBegin},
+      {"an end that touches the begin encloses nothing", "a" + kEnd + kBegin + "b",
+       "a" + kEnd + marked + kBegin + "b"},
+      {"and so without quotes", "a" + kEndEx + kBeginEx + "b", "a" + kEndEx + marked + kBeginEx + "b"},
+      {"placeholders that touch", "a" + initEnd + initBegin + "b", "a" + initEnd + marked + initBegin + "b"},
+      {"placeholders that share their line ends", "a" + kEnd + ".<br><br>+" + kBegin + "b",
+       "a" + kEnd + "." + marked + "+" + kBegin + "b"},
       {"characters of two units, and such as change their length with their case",
        kFace + "\xC4\xB0\xC3\x9F" + kBegin + "\xC3\x9F" + kFace + "<A NAME=\"MACVNBOOKMARKEND\"></A>" + kEnd +
            "\xE2\x84\xAA" + kFace,

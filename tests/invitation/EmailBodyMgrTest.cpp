@@ -67,6 +67,7 @@ TEST_F(EmailBodyMgr, WritesABodyOnlyWhenThatIsDue) {
       {"another invitation", "mine", "Join there", false, false, true},
       {"another as HTML", "mine", "<p>Join there</p>", false, true, true},
       {"a body that the user has emptied", "<p>&nbsp;</p>", "Join here", false, false, true},
+      {"a picture in place of the whole body", "<p><img src=a></p>", "Join here", false, false, false},
       {"nothing to write", "mine", "", false, false, false},
       {"nothing to write into an empty body", "", "", false, true, false},
       {"nothing left of a deleted meeting", "mine", "", true, false, true},

@@ -8,7 +8,6 @@
 
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnECCalendarEvent.h"
-#include "host/proxies/vnECRecurrence.h"
 #include "host/proxies/vnOLCalendarDate.h"
 #include "invitation/TimeUtils.h"
 #include "invitation/vnTime.h"
@@ -131,9 +130,8 @@ TEST(TimeEdges, MovingByTheMachinesZoneSurvivesEveryTime) {
 class HostDates : public testing::Test {
  protected:
   HostDates() {
-    for (const char* name : {"OLCalendarDate", "ECRecurrence", "ECCalendarEvent"}) runtime.defineClass(name);
+    for (const char* name : {"OLCalendarDate", "ECCalendarEvent"}) runtime.defineClass(name);
     answers("OLCalendarDate", {"dateUTC", "timeZone", "timeIntervalSinceDate:"});
-    answers("ECRecurrence", {"endType", "occurrenceCount", "startDate", "endDate", "pattern"});
     answers("ECCalendarEvent", {"startTime", "endTime"});
   }
 
@@ -209,32 +207,6 @@ TEST_F(HostDates, MinutesAreCutTowardZeroAndToTheHostsNumber) {
     EXPECT_EQ(vnECCalendarEvent(make("ECCalendarEvent", {{"endTime", end}})).getVnDuration(), minutes)
         << seconds.realValue();
   }
-}
-
-TEST_F(HostDates, ARecurrenceSaysHowItEndsAndWithoutAnEndNoCount) {
-  const HostObject start = date(0, "UTC");
-  const auto infoOf = [&](const Value& endType, const HostObject& end) {
-    return vnECRecurrence(make("ECRecurrence", {{"endType", endType},
-                                                {"occurrenceCount", 4},
-                                                {"pattern", "any"},
-                                                {"startDate", start},
-                                                {"endDate", end}}))
-        .getVnMeetingData()[vn_ApptInfo_RecurrenceInfo];
-  };
-  const Value endless = infoOf(0, {});
-  EXPECT_EQ(endless[vn_ApptInfo_Recurrence_EndDateType], Value(0));
-  EXPECT_FALSE(endless.contains(vn_ApptInfo_Recurrence_Occurrences));
-  EXPECT_EQ(endless[vn_ApptInfo_Recurrence_DatePatternStart][vn_ApptInfo_CalDate_UTCTime].text(),
-            "1970-01-01 00:00:00");
-  EXPECT_EQ(endless[vn_ApptInfo_Recurrence_DatePatternEnd], Value::dictionary());
-  for (const std::int64_t type : {std::int64_t{1}, std::int64_t{-7}, std::numeric_limits<std::int64_t>::max()}) {
-    const Value counted = infoOf(type, date(86400, "UTC"));
-    EXPECT_EQ(counted[vn_ApptInfo_Recurrence_EndDateType], Value(type));
-    EXPECT_EQ(counted[vn_ApptInfo_Recurrence_Occurrences], Value(4));
-    EXPECT_EQ(counted[vn_ApptInfo_Recurrence_DatePatternEnd][vn_ApptInfo_CalDate_UTCTime].text(),
-              "1970-01-02 00:00:00");
-  }
-  EXPECT_EQ(vnECRecurrence(HostObject()).getVnMeetingData(), Value::dictionary());
 }
 
 }  // namespace

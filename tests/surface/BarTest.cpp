@@ -41,9 +41,12 @@ class Bar : public SurfaceWorld {
 };
 
 TEST_F(Bar, ShowsAddForAnAppointmentAndCancelAndSettingsForAMeeting) {
+  host.set(event, "summary", "Weekly");
   EXPECT_EQ(shown(openedBar("")), "A--");
   closeWindow(window);
-  EXPECT_EQ(shown(openedBar("123")), "-CS");
+  const auto bar = openedBar("123");
+  EXPECT_EQ(shown(bar), "-CS");
+  EXPECT_EQ(managerOf(bar)->meetingDataMgr()->getSavedApptInfo()["subject"], Value("Weekly"));
 }
 
 TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
@@ -72,6 +75,20 @@ TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
     EXPECT_EQ(bar->vnUIStatusNow(), VnUIMeeting) << c.why;
     const bool blocks = std::string(c.expected) == "---" && !host.get(editor, "isCancelMode").boolValue();
     EXPECT_EQ(bar->blockDeleteVornMeeting(), blocks) << c.why;
+  }
+}
+
+TEST_F(Bar, AnItemOfASeriesIsSupportedWithAMeetingOfItsOwn) {
+  const HostObject series = host.object("ECCalendarEvent", {});
+  host.set(event, "seriesMasterRecord", series);
+  for (const char* kind : {"isOccurrence", "isModifiedException"}) {
+    host.set(event, kind, true);
+    for (const char* seriesKey : {"123", "456"}) {
+      host.set(series, "olmUCInband", std::string("{\"meetingKey\": \"") + seriesKey + "\"}");
+      EXPECT_EQ(openedBar("123")->isSupportVorn(), std::string(seriesKey) == "456") << kind << seriesKey;
+      closeWindow(window);
+    }
+    host.set(event, kind, false);
   }
 }
 
@@ -137,7 +154,9 @@ TEST_F(Bar, ADisabledSettingsButtonSaysWhy) {
   bar->enableChangeSettingButton(false);
   EXPECT_EQ(world.classRuntime.send(bar->view(), "isChangeButtonEnabled"), Value(false));
   EXPECT_FALSE(bar->changeButton().toolTip.empty());
-  bar->enableChangeSettingButton(true);
+  world.classRuntime.send(bar->view(), "onClickCancelVornMeeting:", {Value()});
+  EXPECT_EQ(world.classRuntime.send(bar->view(), "isChangeButtonEnabled"), Value(true))
+      << "a cancel takes it back";
   EXPECT_TRUE(bar->changeButton().toolTip.empty());
 }
 
@@ -183,12 +202,17 @@ TEST_F(Bar, EndsALittleAfterItsOwnWindowCloses) {
   closeWindow(window);
 }
 
-TEST_F(Bar, AnEditorThatIsGoneBeforeItsBarIsSetUpDoesNoHarm) {
-  makeBar();
+TEST_F(Bar, WhatTheStepAfterOpeningNeedsOfTheHostLivesUntilThenAndNoLonger) {
+  const auto bar = makeBar();
+  host.set(event, "olmUCInband", "{\"meetingKey\": \"123\"}");
   vnActionAdditionView::scheduleOnChangeUINotification(opened());
   world.classRuntime.destroy(controller);
   world.classRuntime.destroy(event);
   world.runLoop.runDue();
+  EXPECT_EQ(shown(bar), "-CS");
+  EXPECT_FALSE(world.classRuntime.isAlive(event));
+  EXPECT_FALSE(world.classRuntime.isAlive(controller));
+  vnActionAdditionView::onChangeUINotification(opened());
   EXPECT_TRUE(world.presenter.alerts.empty());
 }
 

@@ -20,30 +20,6 @@ const HookRow& row(std::string_view hostClass, std::string_view selector) {
 
 using HookTable = SurfaceWorld;
 
-TEST_F(HookTable, LoadsTheClassesInTheirFixedOrder) {
-  std::vector<std::pair<std::string_view, std::size_t>> order;
-  for (const HookClass& hookClass : hookTable()) {
-    order.emplace_back(hookClass.name, hookClass.rows.size());
-    EXPECT_EQ(hookClass.name, "vnHook" + std::string(hookClass.hostClass));
-    for (const HookRow& r : hookClass.rows) EXPECT_EQ(r.hostClass, hookClass.hostClass);
-  }
-  const std::vector<std::pair<std::string_view, std::size_t>> expected = {
-      {"vnHookOUIRibbonChunkContainerView", 1},
-      {"vnHookOLCalendarHeaderContainerView", 1},
-      {"vnHookOLAutoLayoutAttachmentsAcceptingView", 2},
-      {"vnHookERCalendarEventEditorWindowController", 6},
-      {"vnHookOLCalendarGridViewWrapper", 3},
-      {"vnHookOLAttachmentsAcceptingView", 1},
-      {"vnHookECCalendarEvent", 6},
-      {"vnHookOLAutoLayoutView", 1},
-      {"vnHookOLCalendarEventViewResponder", 1},
-      {"vnHookERageMainWindowController", 7},
-      {"vnHookERCalendarEventEditorViewController", 11},
-      {"vnHookECMutableCalendarEvent", 2},
-  };
-  EXPECT_EQ(order, expected);
-}
-
 TEST_F(HookTable, EveryAddedSelectorCarriesOurPrefixItsClassAndTheHostSelector) {
   EXPECT_EQ(row("ECCalendarEvent", "deleteEventNow").addedSelector(), "vn_ECCalendarEvent_deleteEventNow");
   EXPECT_EQ(row("OLAttachmentsAcceptingView", "initWithFrame:").addedSelector(),
@@ -60,6 +36,27 @@ TEST_F(HookTable, EveryAddedSelectorCarriesOurPrefixItsClassAndTheHostSelector) 
       // Both take the same number of arguments, or the runtime could not exchange them.
       EXPECT_EQ(std::count(added.begin(), added.end(), ':'),
                 std::count(r.hostSelector.begin(), r.hostSelector.end(), ':'));
+    }
+  }
+}
+
+// The runtime does not look at the types, and these rows are entered as they stand although they say something
+// else.
+bool hasTypesOfItsOwn(const HookRow& r) {
+  return r.hostSelector == "initWithFrame:" || r.hostSelector == "drawRect:" ||
+         r.hostSelector == "showWindowForNewEvent";
+}
+
+TEST_F(HookTable, TheTypesNameAReceiverASelectorAndEachArgument) {
+  for (const HookClass& hookClass : hookTable()) {
+    for (const HookRow& r : hookClass.rows) {
+      std::string types(r.encoding);
+      std::erase(types, '^');
+      EXPECT_EQ(types.find_first_not_of("@:vBcdfil"), std::string::npos) << r.addedSelector();
+      EXPECT_EQ(types.substr(1, 2), "@:") << r.addedSelector();
+      if (hasTypesOfItsOwn(r)) continue;
+      EXPECT_EQ(types.size() - 3, std::count(r.hostSelector.begin(), r.hostSelector.end(), ':'))
+          << r.addedSelector();
     }
   }
 }
@@ -182,6 +179,7 @@ TEST_F(HookTable, AnItemOfASeriesPassesForASingleAppointmentOnlyWhileItsRecordIs
   host.set(event, "isRecurring", true);
   HookInstaller::sharedInstance().load();
   const HostObject record = host.object("ECMutableCalendarEvent", {});
+  EXPECT_EQ(world.classRuntime.send(event, "isOccurrence"), Value(true));
   const Value single(Value::Array{false, false});
   EXPECT_EQ(world.classRuntime.send(event, "olmUCInband"), single);
   EXPECT_EQ(world.classRuntime.send(event, "olmUCCapabilities"), single);

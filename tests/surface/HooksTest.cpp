@@ -1,6 +1,8 @@
 #include "host/proxies/vnERageMainWindowController.h"
 #include "host/surface/ActionBarPlacement.h"
+#include "host/surface/HostDescription.h"
 #include "tests/surface/SurfaceWorld.h"
+#include "workflow/RunningSave.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgrMonitor.h"
 
@@ -114,6 +116,55 @@ TEST_F(Hooks, TheHostNeverSeesTheBodyAmongTheChangesForAttendees) {
   EXPECT_TRUE(host.get(editor, "uncommittedChanges").contains("content.body"));
 }
 
+TEST(HostDescription, ReadsAsThePlatformPrintsIt) {
+  const Value nested(Value::Dictionary{
+      {"a.b", Value(Value::Array{1, "x y", nullptr, Value(HostObject(0xabc))})},
+      {"c d", Value(Value::Dictionary{{"A_Z09$/:", "a$/:_.z"}, {"empty", ""}, {"none", Value(Value::Array{})}})},
+      {"e", "line\n\"end\\"}});
+  const std::pair<Value, const char*> rows[] = {
+      {"x \"y\"", "x \"y\""},
+      {nullptr, "<null>"},
+      {Value(), "(null)"},
+      {true, "1"},
+      {-7, "-7"},
+      {2.5, "2.5"},
+      {nested,
+       "{\n    a.b = (\n        1,\n        \"x y\",\n        \"<null>\",\n        \"<0xabc>\"\n    );\n"
+       "    \"c d\" = {\n        A_Z09$/: = a$/:_.z;\n        empty = \"\";\n        none = (\n        );\n    "
+       "};\n"
+       "    e = \"line\\n\\\"end\\\\\";\n}"},
+  };
+  for (const auto& [value, text] : rows) EXPECT_EQ(hostDescription(value), text);
+}
+
+TEST_F(Hooks, TheLastWriteComesBeforeTheHostStoresTheRecord) {
+  const HostObject record = host.object("ECMutableCalendarEvent", {{"setLocation:", Value()}});
+  Value storedLocation;
+  world.classRuntime.setInstanceMethod("ECMutableCalendarEvent", "saveRecord",
+                                       [&](const HostObject& self, const Arguments&) {
+                                         storedLocation = host.get(self, "location");
+                                         return Value(1);
+                                       });
+  const auto bar = makeBar();
+  ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
+  save.setNeedClearLocation(true);
+  save.setOLNewLocation("Castle");
+  HookInstaller::sharedInstance().load();
+  const RunningSave ofThisWindow(bar);
+  EXPECT_EQ(world.classRuntime.send(record, "saveRecord"), Value(1));
+  EXPECT_EQ(storedLocation, Value("Castle"));
+}
+
+TEST_F(Hooks, TheRibbonIsDrawnByTheHostAndAnAutoLayoutViewNotAtAll) {
+  const HostObject ribbon = host.object("OUIRibbonChunkContainerView", {{"drawRect:", Value()}});
+  const HostObject layout = host.object("OLAutoLayoutView", {{"drawRect:", Value()}});
+  HookInstaller::sharedInstance().load();
+  for (const HostObject& view : {ribbon, layout}) {
+    EXPECT_EQ(world.classRuntime.send(view, "drawRect:", {valueFromRect({})}), Value(true));
+    EXPECT_EQ(host.calls(view, "drawRect:").size(), view == ribbon ? 1u : 0u);
+  }
+}
+
 TEST_F(Hooks, TheBodyEditorThatTheHostTakesInIsRememberedForTheBar) {
   const HostObject wordMail = host.object("OLWordMailEditor", {});
   host.set(editor, "hostWordMailEditor:", "hosted");
@@ -166,9 +217,31 @@ TEST_F(Hooks, ADrawnHeaderPlacesItsBar) {
   world.classRuntime.send(header, "drawRect:", {valueFromRect({})});
   EXPECT_EQ(rectFromValue(host.get(bar, "frame")).x, 590);
   EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, 13);
-  host.set(zone, "isHidden", true);
-  world.classRuntime.send(header, "drawRect:", {valueFromRect({})});
-  EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, -10);
+  const struct {
+    const char* text;
+    bool isEditable, isHidden, isInHiddenView;
+    double top;
+  } rows[] = {
+      {"(GMT-08:00) Pacific Time", false, false, false, 13},
+      {"(UTC) Coordinated Universal Time", false, false, false, 13},
+      {" UTC+1", false, false, false, 13},
+      {"(UTC+01:00) Berlin", false, true, false, -10},
+      {"(UTC+01:00) Berlin", false, false, true, -10},
+      // A subject that the user types, one that is only shown, and the name of an organizer.
+      {"(UTC+01:00) moved", true, false, false, -10},
+      {"Call at 10:00 GMT", false, false, false, -10},
+      {"GMT Industries", false, false, false, -10},
+      {"(UTCX)", false, false, false, -10},
+      {"(", false, false, false, -10},
+  };
+  for (const auto& row : rows) {
+    host.set(zone, "stringValue", row.text);
+    host.set(zone, "isEditable", row.isEditable);
+    host.set(zone, "isHidden", row.isHidden);
+    host.set(zone, "isHiddenOrHasHiddenAncestor", row.isHidden || row.isInHiddenView);
+    world.classRuntime.send(header, "drawRect:", {valueFromRect({})});
+    EXPECT_EQ(rectFromValue(host.get(bar, "frame")).y, row.top) << row.text;
+  }
 }
 
 TEST_F(Hooks, AHeaderThatManagesItsViewsByItselfPlacesTheBarAmongThem) {
@@ -190,20 +263,6 @@ TEST_F(Hooks, AHeaderThatManagesItsViewsByItselfPlacesTheBarAmongThem) {
     EXPECT_EQ(rectFromValue(host.get(bar, "frame")).x, 460);
     EXPECT_EQ(rectFromValue(host.get(bar, "frame")).width, 330);
   }
-}
-
-TEST_F(Hooks, AHeaderTellsOfItsAttachments) {
-  EXPECT_FALSE(vnHasAttachment(header));
-  EXPECT_EQ(vnGetAttachmentViewHeight(header), 52);
-  const HostObject attachment = host.object("OlkAttachmentViewModel", {});
-  const HostObject source = host.object("NSObject", {{"attachmentList", Value(Value::Array{attachment})}});
-  const HostObject view = host.object("NSView", {{"frame", valueFromRect({0, 0, 300, 80})}});
-  const HostObject attachments =
-      host.object("OlkModernAttachmentsViewController", {{"dataSource", source}, {"view", view}});
-  host.set(header, "recordViewController",
-           host.object("NSViewController", {{"attachmentsController", attachments}}));
-  EXPECT_TRUE(vnHasAttachment(header));
-  EXPECT_EQ(vnGetAttachmentViewHeight(header), 80);
 }
 
 TEST_F(Hooks, TheMainWindowIsTakenWhenItShowsAndItsRibbonForgottenWhenItCloses) {

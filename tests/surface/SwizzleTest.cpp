@@ -74,14 +74,5 @@ TEST_F(Swizzle, TheHostSelectorRunsOursAndTheAddedOneTheHosts) {
   EXPECT_EQ(runtime.send(object, "run"), Value("host"));
 }
 
-TEST_F(Swizzle, AnInheritedMethodIsExchangedForTheHeirAlone) {
-  runtime.defineClass("Heir", "Host");
-  const ClassRef heir = runtime.NSClassFromString("Heir");
-  runtime.class_addMethod(heir, "vn_run", answering("ours"), "@@:");
-  EXPECT_TRUE(classSwizzle::method_InstanceSwizzle(heir, "run", "vn_run"));
-  EXPECT_EQ(runtime.send(runtime.create("Heir"), "run"), Value("ours"));
-  EXPECT_EQ(runtime.send(runtime.create("Host"), "run"), Value("host"));
-}
-
 }  // namespace
 }  // namespace vorn

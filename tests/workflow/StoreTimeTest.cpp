@@ -168,6 +168,8 @@ TEST_F(StoreTime, WritesABodyThatSaysSomethingElse) {
       {"the very same text", "<p>a b</p>", "<p>a b</p>", false},
       {"nothing planned", "<p>old</p>", std::nullopt, false},
       {"an empty plan", "<p>old</p>", "<p> </p>", false},
+      {"a picture alone", "<p>old</p>", "<p><img src=a></p>", true},
+      {"a picture in place of nothing", "<p></p>", "<p><img src=a></p>", true},
       {"a record that has no body", Value(), "<p>new</p>", false},
       {"an empty body", "", "<p>new</p>", true},
   };

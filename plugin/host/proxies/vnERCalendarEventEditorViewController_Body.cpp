@@ -4,7 +4,6 @@
 #include "host/proxies/MeetingOwners.h"
 #include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "host/proxies/vnOLWordMailEditorContent.h"
-#include "util/CharacterSets.h"
 #include "util/HtmlText.h"
 
 namespace vorn {
@@ -42,8 +41,7 @@ bool vnERCalendarEventEditorViewController::isCurrentEmailBodyEmpty() const {
 }
 
 bool vnERCalendarEventEditorViewController::isBodyContentEmpty(const Value& body) const {
-  if (body.text().empty()) return true;
-  return trimmed(htmlToPlainText(body.text()), isWhitespaceOrNewline).empty();
+  return htmlShowsNothing(body.text());
 }
 
 void vnERCalendarEventEditorViewController::setInitBodyContent() {

@@ -4,10 +4,10 @@
 
 namespace vorn {
 
-// The host's editor of a body.
+// The host's editor of a body, of whatever class.
 class vnOLWordMailEditor : public vnDelegateBase {
  public:
-  explicit vnOLWordMailEditor(const HostObject& delegate) : vnDelegateBase("OLWordMailEditor", delegate) {}
+  explicit vnOLWordMailEditor(const HostObject& delegate) : vnDelegateBase(ownClassName(delegate), delegate) {}
 
   HostObject editorContent() const { return object("editorContent"); }
   Value bodyContent() const { return getOLItemID("bodyContent"); }

@@ -6,6 +6,7 @@
 #include "host/proxies/vnDelegateBase.h"
 #include "host/proxies/vnOLAutoLayoutAttachmentsAcceptingView.h"
 #include "host/surface/vnActionAdditionView.h"
+#include "util/CharacterSets.h"
 #include "util/vnOLUtils.h"
 
 namespace vorn {
@@ -15,11 +16,25 @@ namespace {
 constexpr double kTopWithTimezone = 13;
 constexpr double kTopWithoutTimezone = -10;
 
+bool isHidden(const HostObject& field) {
+  return booleanFromHost(askHost(field, "isHidden")) ||
+         booleanFromHost(askHost(field, "isHiddenOrHasHiddenAncestor"));
+}
+
+// The host names a zone by its distance first: "(UTC+01:00) Berlin". A text that only speaks of a time somewhere
+// is somebody's subject or place.
+bool namesTimezone(std::string_view text) {
+  text = trimmed(text, isWhitespaceOrNewline);
+  if (text.starts_with('(')) text.remove_prefix(1);
+  if (!text.starts_with("UTC") && !text.starts_with("GMT")) return false;
+  text.remove_prefix(3);
+  return text.empty() || text.front() == ')' || text.front() == '+' || text.front() == '-';
+}
+
 bool showsTimezone(const HostObject& field) {
-  if (booleanFromHost(askHost(field, "isHidden"))) return false;
-  const Value shown = askHost(field, "stringValue");
-  const std::string& text = shown.text();
-  return text.find("UTC") != std::string::npos || text.find("GMT") != std::string::npos;
+  // What can be edited is the user's, whatever is written there.
+  if (isHidden(field) || booleanFromHost(askHost(field, "isEditable"))) return false;
+  return namesTimezone(askHost(field, "stringValue").text());
 }
 
 }  // namespace

@@ -20,8 +20,8 @@ void placeActionBar(const std::vector<HostObject>& views, bool hasTimezone);
 
 // Facts of a header.
 //
-// Whether it shows its line with a time zone: among its subviews, or among the views that an
-// OLCalendarHeaderContainerView manages by itself.
+// Whether it shows its line with a time zone, a visible text that nobody can edit: among its subviews, or among
+// the views that an OLCalendarHeaderContainerView manages by itself.
 bool vnHasTimezone(const HostObject& header);
 bool vnHasTimezoneForHeaderContainer(const std::vector<HostObject>& managedViews);
 // Whether the appointment has attachments, and the height that they take: 52 when the host does not say.

@@ -4,6 +4,7 @@
 #include "channel/discovery/vnAppHelper.h"
 #include "host/proxies/HostViews.h"
 #include "host/surface/BarView.h"
+#include "platform/ClassRuntime.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
@@ -24,6 +25,12 @@ constexpr std::string_view kOnChangeUI = "onChangeUINotification:";
 
 // What delayed calls of the class itself are aimed at.
 constexpr char kClassTarget = 0;
+
+// The host may let go of a window that closes at once before the step that was put off has run.
+Value retainedEntry(const Value& opened, std::string_view key) {
+  ClassRuntime* runtime = Registry::platform().classRuntime;
+  return runtime ? Value(runtime->retained(opened[key].object())) : Value();
+}
 
 }  // namespace
 
@@ -90,8 +97,12 @@ HostObject vnActionAdditionView::editorViewWindow() {
 // -- When an editor opens ----------------------------------------------------------------------------------------
 
 void vnActionAdditionView::scheduleOnChangeUINotification(const Value& opened) {
+  Value held = Value::dictionary();
+  for (const std::string_view key : {keyECCalendarEvent, keyERCalendarEventEditorWindowController}) {
+    held.set(key, retainedEntry(opened, key));
+  }
   Registry::platform().runLoop->performAfter(0, &kClassTarget, kOnChangeUI,
-                                             [opened] { onChangeUINotification(opened); });
+                                             [held] { onChangeUINotification(held); });
 }
 
 void vnActionAdditionView::onChangeUINotification(const Value& opened) {
@@ -112,7 +123,8 @@ void vnActionAdditionView::onChangeUINotification(const Value& opened) {
 }
 
 void vnActionAdditionView::initMembers(const HostObject& event) {
-  m_idECCalendarEvent = event;
+  // Not the bar's own: what held the event until this step ends with the step.
+  m_idECCalendarEvent = HostObject(event.address());
   setOLWordMailEditor(vnApptDataForSaveRecord::sharedInstance().olWordMailEditor(editorViewController()));
 }
 

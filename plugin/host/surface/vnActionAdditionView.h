@@ -28,7 +28,7 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   static std::shared_ptr<vnActionAdditionView> create(const HostObject& headerView);
   // An editor has opened: the dictionary names the event and the window controller.
   static void onChangeUINotification(const Value& opened);
-  // The same when the present call has unwound.
+  // The same when the present call has unwound. What the dictionary names is kept alive until then.
   static void scheduleOnChangeUINotification(const Value& opened);
   // The bar behind the workflow's reference; null for none.
   static std::shared_ptr<vnActionAdditionView> from(const std::shared_ptr<MeetingBar>& bar);

@@ -36,6 +36,7 @@ class AppleClassRuntime final : public ClassRuntime {
   Answer call(const HostObject& receiver, std::string_view selector, const Arguments& arguments) override;
   bool respondsTo(const HostObject& receiver, std::string_view selector) override;
   bool isKindOf(const HostObject& receiver, ClassRef target) override;
+  HostObject retained(const HostObject& object) override;
   std::string className(const HostObject& receiver) override;
 
  private:

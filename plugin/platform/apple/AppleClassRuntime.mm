@@ -363,6 +363,15 @@ bool AppleClassRuntime::isKindOf(const HostObject& receiver, ClassRef target) {
   }
 }
 
+HostObject AppleClassRuntime::retained(const HostObject& object) {
+  try {
+    return LiveObjects::instance().reference(liveObject(object), Holding::always);
+  } catch (...) {
+    // What stands for another object may raise even here.
+    return {};
+  }
+}
+
 std::string AppleClassRuntime::className(const HostObject& receiver) {
   const id object = liveObject(receiver);
   if (!object) return "";

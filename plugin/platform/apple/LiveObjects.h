@@ -24,6 +24,8 @@ class LiveObjects {
     // When the caller's own hold is the only one, so that the object would end with it; otherwise its owner
     // decides.
     whenUnowned,
+    // Whatever its owner decides.
+    always,
   };
 
   // There is one set of objects in a process. It is never destroyed: objects end after everything else.

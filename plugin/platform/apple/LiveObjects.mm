@@ -16,7 +16,8 @@ HostObject LiveObjects::reference(id object, Holding holding) {
   if (!object) return {};
   note(object);
   const auto address = reinterpret_cast<std::uintptr_t>(object);
-  if (holding == Holding::never || [object retainCount] > 1) return HostObject(address);
+  const bool isOwned = holding == Holding::whenUnowned && [object retainCount] > 1;
+  if (holding == Holding::never || isOwned) return HostObject(address);
   [object retain];
   return HostObject(address, std::shared_ptr<void>(static_cast<void*>(object),
                                                    [](void* held) { [static_cast<id>(held) release]; }));

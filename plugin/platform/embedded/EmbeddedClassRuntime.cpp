@@ -47,6 +47,9 @@ struct EmbeddedClassRuntime::Place {
 struct EmbeddedClassRuntime::Object {
   Class* isa = nullptr;
   std::shared_ptr<void> state;
+  // How often the object is retained, and whether only that still keeps it.
+  std::size_t holds = 0;
+  bool isLetGo = false;
 };
 
 struct EmbeddedClassRuntime::Tables {
@@ -59,6 +62,26 @@ struct EmbeddedClassRuntime::Tables {
   Object* object(const HostObject& reference) {
     const auto found = live.find(reference.address());
     return found == live.end() ? nullptr : &found->second;
+  }
+  // The owner needs the object no more.
+  void letGo(std::uintptr_t address) {
+    const auto found = live.find(address);
+    if (found == live.end()) return;
+    found->second.isLetGo = true;
+    endIfUnheld(address);
+  }
+  void release(std::uintptr_t address) {
+    const auto found = live.find(address);
+    if (found == live.end()) return;
+    --found->second.holds;
+    endIfUnheld(address);
+  }
+  void endIfUnheld(std::uintptr_t address) {
+    const auto found = live.find(address);
+    if (!found->second.isLetGo || found->second.holds > 0) return;
+    // The state may hold further references; it goes after its entry so that they find the table whole.
+    const std::shared_ptr<void> last = std::move(found->second.state);
+    live.erase(found);
   }
   MethodRef method(Class* target, std::string_view selector) {
     if (!target->find(std::string(selector))) return {};
@@ -139,27 +162,26 @@ HostObject EmbeddedClassRuntime::create(std::string_view className, std::shared_
 HostObject EmbeddedClassRuntime::createTemporary(std::string_view className, std::shared_ptr<void> state) {
   const HostObject made = create(className, std::move(state));
   if (!made) return {};
+  return withKeeper(made.address(), &Tables::letGo);
+}
+
+HostObject EmbeddedClassRuntime::retained(const HostObject& object) {
+  Object* held = m_tables->object(object);
+  if (!held) return {};
+  ++held->holds;
+  return withKeeper(object.address(), &Tables::release);
+}
+
+HostObject EmbeddedClassRuntime::withKeeper(std::uintptr_t address, void (Tables::*atTheEnd)(std::uintptr_t)) {
   // The last reference may outlive the runtime, so the keeper holds the tables only weakly.
   const std::weak_ptr<Tables> tables = m_tables;
-  const std::uintptr_t address = made.address();
-  const auto end = [tables, address](void*) {
-    const auto held = tables.lock();
-    if (!held) return;
-    const auto found = held->live.find(address);
-    if (found == held->live.end()) return;
-    // The state may hold further temporaries; it goes after its entry so that they find the table whole.
-    const std::shared_ptr<void> last = std::move(found->second.state);
-    held->live.erase(found);
+  const auto end = [tables, address, atTheEnd](void*) {
+    if (const auto held = tables.lock()) (held.get()->*atTheEnd)(address);
   };
   return HostObject(address, std::shared_ptr<void>(static_cast<void*>(nullptr), end));
 }
 
-void EmbeddedClassRuntime::destroy(const HostObject& object) {
-  const auto found = m_tables->live.find(object.address());
-  if (found == m_tables->live.end()) return;
-  const std::shared_ptr<void> last = std::move(found->second.state);
-  m_tables->live.erase(found);
-}
+void EmbeddedClassRuntime::destroy(const HostObject& object) { m_tables->letGo(object.address()); }
 
 bool EmbeddedClassRuntime::isAlive(const HostObject& object) const { return m_tables->object(object) != nullptr; }
 

@@ -32,6 +32,7 @@ class EmbeddedClassRuntime final : public ClassRuntime {
   HostObject create(std::string_view className, std::shared_ptr<void> state = nullptr);
   // Makes an object that lives as long as a copy of the returned reference.
   HostObject createTemporary(std::string_view className, std::shared_ptr<void> state = nullptr);
+  // Lets go of the object, which ends it as soon as no retained() reference holds it.
   void destroy(const HostObject& object);
   bool isAlive(const HostObject& object) const;
   // What the object was made with; null for an absent, dead or stateless object.
@@ -57,6 +58,7 @@ class EmbeddedClassRuntime final : public ClassRuntime {
   Answer call(const HostObject& receiver, std::string_view selector, const Arguments& arguments) override;
   bool respondsTo(const HostObject& receiver, std::string_view selector) override;
   bool isKindOf(const HostObject& receiver, ClassRef target) override;
+  HostObject retained(const HostObject& object) override;
   std::string className(const HostObject& receiver) override;
 
  private:
@@ -68,6 +70,7 @@ class EmbeddedClassRuntime final : public ClassRuntime {
 
   std::shared_ptr<void> stateOf(const HostObject& object) const;
   HostObject makeObject(Class* isa, std::shared_ptr<void> state);
+  HostObject withKeeper(std::uintptr_t address, void (Tables::*atTheEnd)(std::uintptr_t address));
 
   std::shared_ptr<Tables> m_tables;
 };
