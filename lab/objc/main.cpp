@@ -59,7 +59,7 @@ CLI::App* addMeet(CLI::App& program, MeetOptions& options) {
   which->add_flag("--all", options.all, "every appointment");
   which->require_option(1);
   command->add_flag_callback(
-      "--json", [&options] { options.form = MeetReport::Form::json; }, "one JSON object a line");
+      "--json", [&options] { options.form = ReportForm::json; }, "one JSON object a line");
   command->add_option("--me", options.me, "the address of the calendar's owner: what others organize is skipped");
   addClientOptions(*command, options.lab);
   return command;

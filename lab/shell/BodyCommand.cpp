@@ -7,7 +7,6 @@
 #include "lab/shell/Session.h"
 #include "util/AtomicFile.h"
 #include "util/Utf16.h"
-#include "util/vStringUtils.h"
 
 namespace vornlab {
 
@@ -57,7 +56,7 @@ void printAsJson(const BodyOptions& options, const std::string& body, const Valu
     object.set("bytesAfter", size(result.text()));
     object.set("text", asUtf8(result.text()));
   }
-  std::printf("%s\n", vorn::vStringUtils::toJSONString(object).value_or("{}").c_str());
+  printJson(object);
 }
 
 }  // namespace

@@ -4,19 +4,14 @@
 #include <memory>
 #include <set>
 
-#include "lab/shell/LabError.h"
 #include "lab/shell/Session.h"
+#include "lab/shell/Words.h"
 
 namespace vornlab {
 
 using vorn::Value;
 
 namespace {
-
-std::string problemText(const std::filesystem::path& file, const IcsProblem& problem) {
-  const std::string line = problem.line == 0 ? "" : ":" + std::to_string(problem.line);
-  return file.string() + line + ": " + problem.message;
-}
 
 std::string titleOf(const CalendarEvent& event) {
   // An identifier, though it often has the form of an address.
@@ -41,8 +36,7 @@ ExitCode inspect(const InspectOptions& options) {
 
 ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
   CalendarStore calendar;
-  IcsProblem problem;
-  if (!calendar.load(options.input.string(), problem)) throw UsageError(problemText(options.input, problem));
+  loadCalendar(calendar, options.input);
   const Inspector inspector = start(calendar);
 
   const std::set<std::string> wanted(options.uids.begin(), options.uids.end());

@@ -9,6 +9,7 @@
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
+#include "lab/shell/Words.h"
 
 namespace vornlab {
 namespace {
@@ -66,7 +67,7 @@ class MeetRun {
 
   ExitCode run() {
     expectWritable(m_options.output);
-    load(m_calendar, m_options.input);
+    loadCalendar(m_calendar, m_options.input);
     std::vector<CalendarEvent> chosen = chooseEvents();
     const auto began = std::chrono::steady_clock::now();
     std::size_t sent = 0;
@@ -81,13 +82,6 @@ class MeetRun {
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
     m_report.tellSummary(sent, received, took.count());
     return m_report.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
-  }
-
-  static void load(CalendarStore& calendar, const fs::path& input) {
-    IcsProblem problem;
-    if (calendar.load(input.string(), problem)) return;
-    const std::string line = problem.line == 0 ? "" : ":" + std::to_string(problem.line);
-    throw UsageError(input.string() + line + ": " + problem.message);
   }
 
  private:

@@ -19,7 +19,7 @@ struct MeetOptions {
   // The appointments to take, or all.
   std::vector<std::string> uids;
   bool all = false;
-  MeetReport::Form form = MeetReport::Form::table;
+  ReportForm form = ReportForm::words;
   // The address of the calendar's owner; "" when it does not matter who called a meeting.
   std::string me;
   LabOptions lab;

@@ -2,12 +2,10 @@
 
 #include <nlohmann/json.hpp>
 
+#include "lab/shell/Words.h"
+
 namespace vornlab {
 namespace {
-
-// The plug-in clears up a hundredth of a second after a window has closed, and what it clears is shared by all
-// windows: the next editor has to wait for it.
-constexpr double kClearingSeconds = 0.011;
 
 std::string meetingKeyOf(const CalendarEvent& event) {
   for (const vorn::OptionalText& record : {event.olmUCInband(), event.olmUCCapabilities()}) {
@@ -17,13 +15,6 @@ std::string meetingKeyOf(const CalendarEvent& event) {
     if (key != document.end() && key->is_string()) return key->get<std::string>();
   }
   return "";
-}
-
-std::string seconds(double count) {
-  std::string text = std::to_string(count);
-  text.erase(text.find_last_not_of('0') + 1);
-  if (text.back() == '.') text.pop_back();
-  return text + (text == "1" ? " second" : " seconds");
 }
 
 }  // namespace
@@ -119,7 +110,7 @@ std::string MeetingRoad::waitForQuiet() {
     case Session::Quiet::clientGone: return "the client ended before it answered";
     case Session::Quiet::timeout: break;
   }
-  return "the client did not answer within " + seconds(m_timeoutSeconds);
+  return "the client did not answer within " + secondsInWords(m_timeoutSeconds);
 }
 
 bool MeetingRoad::isShown(EditorId editor, const char* isHiddenSelector) {

@@ -12,7 +12,7 @@ namespace vornlab {
 struct PlayOptions {
   LabOptions lab;
   std::vector<std::string> files;
-  ScenarioReport::Form form = ScenarioReport::Form::words;
+  ReportForm form = ReportForm::words;
 };
 
 // Plays scenarios, in the order of the files, each in a world of its own. All files are read before the first is

@@ -76,7 +76,7 @@ CLI::App* addMeet(CLI::App& program, MeetOptions& options) {
   which->add_flag("--all", options.all, "every appointment");
   which->require_option(1);
   command->add_flag_callback(
-      "--json", [&options] { options.form = vornlab::MeetReport::Form::json; }, "one JSON object a line");
+      "--json", [&options] { options.form = vornlab::ReportForm::json; }, "one JSON object a line");
   options.lab.clientDatabase = defaultDatabase();
   command->add_option("--client-db", options.lab.clientDatabase, "where the stand-in service keeps its meetings")
       ->capture_default_str();
@@ -129,7 +129,7 @@ CLI::App* addPlay(CLI::App& program, PlayOptions& options) {
       ->required()
       ->check(CLI::ExistingFile);
   command->add_flag_callback(
-      "--json", [&options] { options.form = vornlab::ScenarioReport::Form::json; }, "one JSON object a line");
+      "--json", [&options] { options.form = vornlab::ReportForm::json; }, "one JSON object a line");
   return command;
 }
 

@@ -1,8 +1,8 @@
 #include <array>
 #include <cctype>
 #include <cmath>
-#include <ctime>
 
+#include "lab/shell/Words.h"
 #include "lab/shell/scenario/ScenarioWords.h"
 #include "lab/shell/scenario/TextExpectation.h"
 #include "util/HtmlText.h"
@@ -115,13 +115,8 @@ std::string timesText(const CalendarEvent& event) {
   const auto start = event.start();
   const auto end = event.end();
   if (!start || !end) return "none";
-  const auto seconds = static_cast<std::time_t>(start->seconds);
-  std::tm parts{};
-  gmtime_r(&seconds, &parts);
-  std::array<char, 32> text{};
-  std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M", &parts);
-  return std::string(text.data()) + " for " + std::to_string(std::lround((end->seconds - start->seconds) / 60)) +
-         " min";
+  return timeInWords(start->seconds, "%Y-%m-%dT%H:%M") + " for " +
+         std::to_string(std::lround((end->seconds - start->seconds) / 60)) + " min";
 }
 
 OptionalText recordEntry(const CalendarEvent& event, const std::string& key) {

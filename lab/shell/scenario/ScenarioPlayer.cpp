@@ -1,37 +1,13 @@
 #include "lab/shell/scenario/ScenarioPlayer.h"
 
-#include <stdlib.h>
-
 #include <chrono>
 
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
+#include "lab/shell/TemporaryFolder.h"
 
 namespace vornlab {
 namespace {
-
-namespace fs = std::filesystem;
-
-// The folder of one scenario. Its path is short: the socket of the client lies in it.
-class ScenarioFolder {
- public:
-  ScenarioFolder() {
-    std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make the folder " + name);
-    m_path = fs::canonical(name);
-  }
-  ~ScenarioFolder() {
-    std::error_code ignored;
-    fs::remove_all(m_path, ignored);
-  }
-  ScenarioFolder(const ScenarioFolder&) = delete;
-  ScenarioFolder& operator=(const ScenarioFolder&) = delete;
-
-  const fs::path& path() const { return m_path; }
-
- private:
-  fs::path m_path;
-};
 
 std::optional<ScenarioFailure> playStep(const ScenarioStep& step, Stage& stage) {
   try {
@@ -66,7 +42,7 @@ ScenarioResult play(const Scenario& scenario, const LabOptions& lab) {
   ScenarioResult result;
   result.file = scenario.file;
   result.name = scenario.name();
-  const ScenarioFolder folder;
+  const TemporaryFolder folder;
   try {
     Stage stage(scenario.setUp, lab, folder.path());
     result.failure = playSteps(scenario, stage);

@@ -19,8 +19,6 @@ constexpr double kPatienceSeconds = 20;
 constexpr double kDoubtSeconds = 0.15;
 // How long a message that found no connection may take to bring one about.
 constexpr double kReconnectSeconds = 2;
-// The plug-in clears up a hundredth of a second after a window has closed.
-constexpr double kClearingSeconds = 0.011;
 
 constexpr std::int64_t kMeetings = 3;
 
