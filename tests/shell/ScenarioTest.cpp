@@ -107,7 +107,7 @@ TEST_F(PlayScenario, FailsWhereALineCannotBePlayed) {
        ": the end\n  expected   no alert that no line asks for\n  there was  The "},
       {"client faults \"reply 1 to action 3: error 3070\"\nnew\nclick add without waiting\n",
        ": the end\n  expected   no alert that no line asks for\n  there was  A meeting cannot "},
-      {"client faults \"reply 1 to action 3: die\"\nnew\nclick add\nexpect alert none\nexpect service none\n",
+      {"client faults \"reply 1 to action 3: silent\"\nnew\nclick add\nexpect alert none\nexpect service none\n",
        ":5: expect service none\n  expected   a meeting that the window has or had\n  there was  none"},
       {"appointment a\nin a\nexpect window closed\n",
        ":3: expect window closed\n  expected   a window that was opened before\n  there was  none"},
