@@ -1,5 +1,6 @@
 #include "lab/shell/DemoCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
 
@@ -92,6 +93,20 @@ ExitCode demo(const DemoOptions& options) {
   if (!calendar.save(options.output.string())) throw LabError("cannot write " + options.output.string());
   printEnd(result, session, options);
   return result.outcome == Outcome::failed ? ExitCode::somethingFailed : ExitCode::done;
+}
+
+Command addDemo(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<DemoOptions>(lab);
+  CLI::App* command = program.add_subcommand("demo", "show one appointment become an online meeting");
+  options->calendar = lab.programs / "demo.ics";
+  options->output = lab.programs / "demo-online.ics";
+  command->add_option("--out", options->output, "where the changed calendar goes")->capture_default_str();
+  command->add_flag("--keep", options->lab.keepWorld, "leave the world's folder behind");
+  command->add_flag_callback(
+      "--full", [options] { options->envelopes = RoadPrinter::Envelopes::whole; },
+      "print envelopes as far as the plug-in shows them");
+  addLabOptions(*command, options->lab);
+  return {command, [options] { return demo(*options); }};
 }
 
 }  // namespace vornlab

@@ -2,9 +2,11 @@
 
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/ProgressBar.h"
@@ -124,6 +126,14 @@ class MeetRun {
   CalendarStore m_calendar;
 };
 
+// The stand-in service has to know tomorrow the meetings that it made today.
+std::string defaultDatabase() {
+  const char* state = std::getenv("XDG_STATE_HOME");
+  if (state != nullptr && *state != '\0') return fs::path(state) / "vornlab/meetings.db";
+  const char* home = std::getenv("HOME");
+  return home == nullptr ? "" : (fs::path(home) / ".local/state/vornlab/meetings.db").string();
+}
+
 }  // namespace
 
 ExitCode meet(const MeetOptions& options) {
@@ -133,5 +143,28 @@ ExitCode meet(const MeetOptions& options) {
 }
 
 ExitCode meet(const MeetOptions& options, const StartMeetingLab& start) { return MeetRun(options, start).run(); }
+
+CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
+  CLI::App* command = program.add_subcommand("meet", "give the appointments of a calendar file their meetings");
+  command->add_option("IN", options.input, "the calendar file")->required();
+  command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself")->required();
+  auto* which = command->add_option_group("which appointments");
+  which->add_option("--uid", options.uids, "one appointment; may be repeated");
+  which->add_flag("--all", options.all, "every appointment");
+  which->require_option(1);
+  addJsonFlag(*command, options.form, "one JSON object a line");
+  command->add_option("--client-db", options.lab.clientDatabase, "where the stand-in service keeps its meetings")
+      ->capture_default_str();
+  command->add_option("--me", options.me, "the address of the calendar's owner: what others organize is skipped");
+  return command;
+}
+
+Command addMeet(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<MeetOptions>(lab);
+  options->lab.clientDatabase = defaultDatabase();
+  CLI::App* command = addMeetWords(program, *options);
+  addLabOptions(*command, options->lab);
+  return {command, [options] { return meet(*options); }};
+}
 
 }  // namespace vornlab

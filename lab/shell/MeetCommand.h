@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "lab/outlook/CalendarStore.h"
-#include "lab/shell/LabError.h"
-#include "lab/shell/LabOptions.h"
+#include "lab/shell/CommandLine.h"
 #include "lab/shell/MeetReport.h"
 
 namespace vornlab {
@@ -44,5 +43,9 @@ using StartMeetingLab = std::function<std::unique_ptr<MeetingLab>(CalendarStore&
 ExitCode meet(const MeetOptions& options);
 // The same in a laboratory of the caller's.
 ExitCode meet(const MeetOptions& options, const StartMeetingLab& start);
+
+// The words of the command in any program, and the command "meet" of this one.
+CLI::App* addMeetWords(CLI::App& program, MeetOptions& options);
+Command addMeet(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab

@@ -3,9 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/shell/LabError.h"
-#include "lab/shell/LabOptions.h"
-#include "lab/shell/scenario/ScenarioReport.h"
+#include "lab/shell/CommandLine.h"
 
 namespace vornlab {
 
@@ -21,5 +19,8 @@ ExitCode playScenarios(const PlayOptions& options);
 
 // Whether an argument names a scenario.
 bool isScenarioFile(const std::string& argument);
+
+// The command "play".
+Command addPlay(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab
