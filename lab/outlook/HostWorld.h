@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/outlook/HostForms.h"
 #include "lab/outlook/OutlookHost.h"
 
 namespace vornlab {
@@ -242,9 +243,5 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
 Value firstOf(const Arguments& arguments);
 Value argumentAt(const Arguments& arguments, std::size_t index);
 Value rectangle(double x, double y, double width, double height);
-
-// The HTML that an editor shows for a plain text, and the HTML that it shows for a stored appointment.
-std::string htmlForPlainText(std::string_view text);
-std::string shownHtml(const CalendarEvent& event);
 
 }  // namespace vornlab
