@@ -146,19 +146,7 @@ MeetResult ObjcLab::take(const CalendarEvent& event) {
   while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
   passTime(kClearingSeconds);
 
-  MeetResult result = describe(event);
-  result.reason = walked.reason;
-  if (!result.reason.empty()) {
-    result.outcome = walked.outcome;
-  } else if (result.meetingKey.empty()) {
-    result.outcome = Outcome::failed;
-    result.reason = "the appointment was stored without a meeting";
-  } else if (!hadMeeting) {
-    result.outcome = Outcome::added;
-  } else {
-    result.outcome = event.calendarText() == textBefore ? Outcome::unchanged : Outcome::updated;
-  }
-  return result;
+  return endOfRoad(event, walked, hadMeeting, event.calendarText() != textBefore);
 }
 
 std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {

@@ -28,6 +28,22 @@ MeetResult describe(const CalendarEvent& event) {
   return result;
 }
 
+MeetResult endOfRoad(const CalendarEvent& event, const MeetResult& walked, bool hadMeeting, bool isUpdated) {
+  MeetResult result = describe(event);
+  result.reason = walked.reason;
+  if (!result.reason.empty()) {
+    result.outcome = walked.outcome;
+  } else if (result.meetingKey.empty()) {
+    result.outcome = Outcome::failed;
+    result.reason = "the appointment was stored without a meeting";
+  } else if (!hadMeeting) {
+    result.outcome = Outcome::added;
+  } else {
+    result.outcome = isUpdated ? Outcome::updated : Outcome::unchanged;
+  }
+  return result;
+}
+
 MeetResult MeetingRoad::take(CalendarEvent event) {
   m_began = std::chrono::steady_clock::now();
   RoadTrace& trace = m_session.trace();
@@ -49,20 +65,8 @@ MeetResult MeetingRoad::take(CalendarEvent event) {
   }
   m_session.passTime(kClearingSeconds);
 
-  MeetResult result = describe(event);
-  result.reason = walked.reason;
-  if (!result.reason.empty()) {
-    result.outcome = walked.outcome;
-  } else if (result.meetingKey.empty()) {
-    result.outcome = Outcome::failed;
-    result.reason = "the appointment was stored without a meeting";
-  } else if (!hadMeeting) {
-    result.outcome = Outcome::added;
-  } else {
-    const bool isUpdated = trace.commits() > commitsBefore || event.calendarText() != textBefore;
-    result.outcome = isUpdated ? Outcome::updated : Outcome::unchanged;
-  }
-  return result;
+  return endOfRoad(event, walked, hadMeeting,
+                   trace.commits() > commitsBefore || event.calendarText() != textBefore);
 }
 
 std::string MeetingRoad::walk(EditorId editor, MeetResult& result) {
