@@ -55,6 +55,9 @@ MeetingStore::MeetingStore(const std::string& path) {
   m_find = prepare(("SELECT " + all + " FROM meeting WHERE number = ?").c_str());
   m_findByAppointment =
       prepare(("SELECT " + all + " FROM meeting WHERE appointment = ? ORDER BY stored DESC LIMIT 1").c_str());
+  m_findLastPersonal = prepare(
+      ("SELECT " + all + " FROM meeting WHERE personal = 1 AND host_email = ? ORDER BY stored DESC LIMIT 1")
+          .c_str());
   m_put = prepare(("INSERT INTO meeting (" + all +
                    ", stored) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
                    " (SELECT coalesce(max(stored), 0) + 1 FROM meeting))"
@@ -109,6 +112,12 @@ std::optional<Meeting> MeetingStore::findByAppointment(const std::string& appoin
   const Reset reset(m_findByAppointment.get());
   bind(m_findByAppointment.get(), 1, appointment);
   return readOne(m_findByAppointment.get());
+}
+
+std::optional<Meeting> MeetingStore::findLastPersonal(const std::string& hostEmail) {
+  const Reset reset(m_findLastPersonal.get());
+  bind(m_findLastPersonal.get(), 1, hostEmail);
+  return readOne(m_findLastPersonal.get());
 }
 
 void MeetingStore::put(const Meeting& meeting) {

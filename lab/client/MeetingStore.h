@@ -32,6 +32,9 @@ class MeetingStore {
   // The meeting that was stored last for this appointment.
   std::optional<Meeting> findByAppointment(const std::string& appointment);
 
+  // The meeting under a personal number that was stored last for this host.
+  std::optional<Meeting> findLastPersonal(const std::string& hostEmail);
+
   // Stores the meeting in place of one of the same number.
   void put(const Meeting& meeting);
 
@@ -73,6 +76,7 @@ class MeetingStore {
   std::unique_ptr<sqlite3, CloseDatabase> m_database;
   Statement m_find;
   Statement m_findByAppointment;
+  Statement m_findLastPersonal;
   Statement m_put;
   Statement m_remove;
   Statement m_count;

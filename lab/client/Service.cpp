@@ -159,15 +159,14 @@ std::string Service::commit(bool update, const std::string& content) {
   if (update) {
     known = m_meetings.find(meetingNumber(textOf(*document, "meetingKey")));
     if (!known) return kNotFound;
-  } else if (personal) {
-    // All appointments of a personal number are one meeting.
-    const std::int64_t number = personalNumberOf(hostEmail);
-    known = m_meetings.find(number);
-    if (!known) known = personalMeeting(number, hostEmail);
   }
 
   Meeting meeting = known.value_or(Meeting{});
+  // Also one with a personal number: people join under that, but it stays a meeting of its own.
   if (!known) meeting.number = freshNumber();
+  meeting.hostEmail = host == nullptr ? std::string() : host->email;
+  meeting.personal = personal;
+  takeFromRoom(meeting);
   const std::string passcode = textOf(settings, "meetingPassword");
   if (meeting.token.empty() || passcode != meeting.passcode) meeting.token = freshToken();
   meeting.passcode = passcode;
@@ -179,8 +178,6 @@ std::string Service::commit(bool update, const std::string& content) {
   meeting.minutes = textOf(appointment, "duration");
   meeting.recurring = flagOf(appointment, "recurrence");
   meeting.timezone = textOf(appointment, "timezone");
-  meeting.hostEmail = host == nullptr ? std::string() : host->email;
-  meeting.personal = personal;
   settings.erase("meetingPassword");
   meeting.settings = std::move(settings);
   m_meetings.put(meeting);
@@ -203,17 +200,29 @@ std::string Service::get(const std::string& content) {
     return vornlab::meetingReply(m_account, fresh, language);
   }
   const std::int64_t number = meetingNumber(key);
-  std::optional<Meeting> meeting = number == 0 ? std::nullopt : m_meetings.find(number);
   std::string hostEmail;
-  if (!meeting && isPersonalNumber(number, hostEmail)) meeting = personalMeeting(number, hostEmail);
-  return meeting ? vornlab::meetingReply(m_account, *meeting, language) : kNotFound;
+  return isPersonalNumber(number, hostEmail) ? replyFor(personalMeeting(number, hostEmail), language)
+                                             : replyFor(m_meetings.find(number), language);
 }
 
 std::string Service::getByAppointment(const std::string& content) {
   const std::string appointment = field(content, 1);
   if (appointment.empty()) return kNotFound;
-  const auto meeting = m_meetings.findByAppointment(appointment);
-  return meeting ? vornlab::meetingReply(m_account, *meeting, {}) : kNotFound;
+  return replyFor(m_meetings.findByAppointment(appointment), {});
+}
+
+std::string Service::replyFor(std::optional<Meeting> meeting, const std::string& language) {
+  if (!meeting) return kNotFound;
+  takeFromRoom(*meeting);
+  return vornlab::meetingReply(m_account, *meeting, language);
+}
+
+void Service::takeFromRoom(Meeting& meeting) {
+  if (!meeting.personal) return;
+  const auto last = m_meetings.findLastPersonal(meeting.hostEmail);
+  if (!last) return;
+  meeting.passcode = last->passcode;
+  meeting.token = last->token;
 }
 
 std::int64_t Service::freshNumber() {
@@ -233,12 +242,6 @@ std::string Service::freshToken() {
   return token;
 }
 
-std::int64_t Service::personalNumberOf(const std::string& hostEmail) const {
-  if (hostEmail.empty()) return m_account.personalId;
-  const Person* host = m_account.findPerson(hostEmail);
-  return host == nullptr ? 0 : meetingNumber(host->personalId);
-}
-
 bool Service::isPersonalNumber(std::int64_t number, std::string& hostEmail) const {
   hostEmail.clear();
   if (number == 0) return false;
@@ -251,12 +254,13 @@ bool Service::isPersonalNumber(std::int64_t number, std::string& hostEmail) cons
   return false;
 }
 
-Meeting Service::personalMeeting(std::int64_t number, const std::string& hostEmail) const {
+Meeting Service::personalMeeting(std::int64_t number, const std::string& hostEmail) {
   Meeting meeting;
   meeting.number = number;
   meeting.hostEmail = hostEmail;
   meeting.personal = true;
-  meeting.settings = newMeetingSettings(m_account);
+  const auto last = m_meetings.findLastPersonal(hostEmail);
+  meeting.settings = last ? last->settings : newMeetingSettings(m_account);
   meeting.minutes = "60";
   return meeting;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -69,10 +70,14 @@ class Service {
   // The number that a new meeting gets.
   std::int64_t freshNumber();
   std::string freshToken();
-  // The number of the personal meeting of the host, or 0; and the meeting of that number before anyone stored one.
-  std::int64_t personalNumberOf(const std::string& hostEmail) const;
+  // The reply that tells a meeting, or that there is none.
+  std::string replyFor(std::optional<Meeting> meeting, const std::string& language);
+  // Whether people join somebody's personal meetings under this number; whose, "" standing for the account itself.
   bool isPersonalNumber(std::int64_t number, std::string& hostEmail) const;
-  Meeting personalMeeting(std::int64_t number, const std::string& hostEmail) const;
+  // What is asked for by the personal number itself: with the options that a meeting under it was given last.
+  Meeting personalMeeting(std::int64_t number, const std::string& hostEmail);
+  // All meetings under one personal number are joined at one place, so they share its passcode and its URL.
+  void takeFromRoom(Meeting& meeting);
 
   Account m_account;
   Options m_options;

@@ -1,46 +1,17 @@
 // Appointments as the host shows them, and what they hand out.
 
-#include <array>
-#include <cstdio>
-#include <random>
-
 #include "lab/objc/HostClasses.h"
+#include "lab/outlook/HostForms.h"
 #include "util/HtmlText.h"
 
 using vornlab::foundationText;
+using vornlab::htmlForPlainText;
+using vornlab::newUid;
 using vornlab::plainText;
+using vornlab::shownHtml;
 using vornlab::storedEvent;
 
 namespace {
-
-std::string newUid() {
-  std::random_device random;
-  std::array<char, 40> text{};
-  std::snprintf(text.data(), text.size(), "%08X-%04X-%04X-%04X-%08X%04X", random(), random() & 0xFFFF,
-                random() & 0xFFFF, random() & 0xFFFF, random(), random() & 0xFFFF);
-  return text.data();
-}
-
-std::string htmlForPlainText(std::string_view text) {
-  std::string body;
-  for (const char c : text) {
-    switch (c) {
-      case '&': body += "&amp;"; break;
-      case '<': body += "&lt;"; break;
-      case '>': body += "&gt;"; break;
-      case '\r': break;
-      case '\n': body += "<br>\n"; break;
-      default: body += c;
-    }
-  }
-  return "<html><head><meta charset=\"utf-8\"></head><body>" + body + "</body></html>";
-}
-
-std::string shownHtml(const vornlab::CalendarEvent& event) {
-  if (const vorn::OptionalText html = event.htmlDescription()) return *html;
-  const std::string description = event.description().value_or("");
-  return event.descriptionIsHtml() ? description : htmlForPlainText(description);
-}
 
 OLCalendarDate* dateOf(const std::optional<vornlab::CalendarTime>& time) {
   return time ? [OLCalendarDate dateWithTime:*time] : nil;

@@ -14,6 +14,7 @@
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/MeetingRoad.h"
+#include "lab/shell/TemporaryFolder.h"
 #include "util/AtomicFile.h"
 
 // What the plug-in's bar answers.
@@ -63,9 +64,7 @@ NSView<vnBarButtons>* barIn(NSView* header) {
 
 fs::path enterOwnWorld(char** arguments) {
   if (const char* entered = std::getenv(kWorldVariable)) return entered;
-  std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make " + name + ": " + std::strerror(errno));
-  const fs::path world = fs::canonical(name);
+  const fs::path world = TemporaryFolder::make();
   const fs::path configuration = world / "GNUstep.conf";
   std::ofstream(configuration) << "GNUSTEP_USER_CONFIG_FILE=none\nGNUSTEP_USER_DEFAULTS_DIR="
                                << fromUsersFolder(world / "home/Library/Preferences").string() << "\n";
@@ -147,19 +146,7 @@ MeetResult ObjcLab::take(const CalendarEvent& event) {
   while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
   passTime(kClearingSeconds);
 
-  MeetResult result = describe(event);
-  result.reason = walked.reason;
-  if (!result.reason.empty()) {
-    result.outcome = walked.outcome;
-  } else if (result.meetingKey.empty()) {
-    result.outcome = Outcome::failed;
-    result.reason = "the appointment was stored without a meeting";
-  } else if (!hadMeeting) {
-    result.outcome = Outcome::added;
-  } else {
-    result.outcome = event.calendarText() == textBefore ? Outcome::unchanged : Outcome::updated;
-  }
-  return result;
+  return endOfRoad(event, walked, hadMeeting, event.calendarText() != textBefore);
 }
 
 std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {

@@ -1,16 +1,13 @@
 // The stand-in host in the Objective-C runtime, driven from the command line.
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <cstdio>
 #include <string>
 #include <vector>
 
 #include "lab/objc/ObjcLab.h"
-#include "lab/shell/AskingCommands.h"
+#include "lab/shell/HooksCommand.h"
 #include "lab/shell/HostRuntime.h"
-#include "lab/shell/Interruption.h"
-#include "lab/shell/LabError.h"
+#include "lab/shell/InspectCommand.h"
 #include "lab/shell/MeetCommand.h"
 
 namespace {
@@ -39,8 +36,6 @@ ExitCode inspectHere(const InspectOptions& options) {
 }
 
 void addClientOptions(CLI::App& command, LabOptions& lab) {
-  command.add_option("--client-db", lab.clientDatabase, "where the stand-in service keeps its meetings")
-      ->capture_default_str();
   command.add_option("--account", lab.account, "who is signed in at the client")->check(CLI::ExistingFile);
   command.add_option("--timeout", lab.timeoutSeconds, "seconds that one appointment may take")
       ->check(CLI::PositiveNumber)
@@ -48,21 +43,6 @@ void addClientOptions(CLI::App& command, LabOptions& lab) {
   command.add_option("--client-version", lab.clientVersion, "the version that the client shows");
   command.add_option("--client-option", lab.clientArguments, "an argument for the client; may be repeated")
       ->take_all();
-}
-
-CLI::App* addMeet(CLI::App& program, MeetOptions& options) {
-  CLI::App* command = program.add_subcommand("meet", "give the appointments of a calendar file their meetings");
-  command->add_option("IN", options.input, "the calendar file")->required();
-  command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself")->required();
-  auto* which = command->add_option_group("which appointments");
-  which->add_option("--uid", options.uids, "one appointment; may be repeated");
-  which->add_flag("--all", options.all, "every appointment");
-  which->require_option(1);
-  command->add_flag_callback(
-      "--json", [&options] { options.form = MeetReport::Form::json; }, "one JSON object a line");
-  command->add_option("--me", options.me, "the address of the calendar's owner: what others organize is skipped");
-  addClientOptions(*command, options.lab);
-  return command;
 }
 
 // Makes a world for the time of the work, which is the second run of this program.
@@ -81,7 +61,7 @@ ExitCode inOwnWorld(char** argv, LabOptions& lab, const Work& work) {
 
 ExitCode run(int argc, char** argv) {
   LabOptions lab;
-  lab.programs = fs::read_symlink("/proc/self/exe").parent_path();
+  lab.programs = programFolder();
   std::vector<std::string> words(argv + 1, argv + argc);
   chooseRuntime(words, "objc", lab.programs);
   MeetOptions meetOptions;
@@ -92,20 +72,12 @@ ExitCode run(int argc, char** argv) {
   CLI::App program("The stand-in host in the Objective-C runtime.", "vornlab-objc");
   program.footer(kRuntimeHelp);
   program.require_subcommand(1);
-  const CLI::App* meetCommand = addMeet(program, meetOptions);
-  const CLI::App* hooksCommand = addHooks(program, hooksOptions);
-  addInspect(program, inspectOptions);
-  if (!words.empty() && !words.front().starts_with('-') && !hasCommand(program, words.front())) {
-    throw UsageError("there is no command \"" + words.front() +
-                     "\" with --runtime objc; hooks, inspect and meet are");
-  }
-  try {
-    // The parser takes its words from the end.
-    std::reverse(words.begin(), words.end());
-    program.parse(words);
-  } catch (const CLI::ParseError& error) {
-    return program.exit(error) == 0 ? ExitCode::done : ExitCode::badUsage;
-  }
+  CLI::App* meetCommand = addMeetWords(program, meetOptions);
+  addClientOptions(*meetCommand, meetOptions.lab);
+  const CLI::App* hooksCommand = addHooksWords(program, hooksOptions);
+  addInspectWords(program, inspectOptions);
+  const auto end = readWords(program, words, " with --runtime objc; hooks, inspect and meet are");
+  if (end) return *end;
   if (meetCommand->parsed()) return inOwnWorld(argv, meetOptions.lab, [&] { return meetHere(meetOptions); });
   if (hooksCommand->parsed()) return inOwnWorld(argv, hooksOptions.lab, [&] { return hooksHere(hooksOptions); });
   return inOwnWorld(argv, inspectOptions.lab, [&] { return inspectHere(inspectOptions); });
@@ -114,14 +86,5 @@ ExitCode run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  Interruption::install();
-  try {
-    return static_cast<int>(run(argc, argv));
-  } catch (const UsageError& error) {
-    std::fprintf(stderr, "vornlab-objc: %s\n", error.what());
-    return static_cast<int>(ExitCode::badUsage);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "vornlab-objc: %s\n", error.what());
-    return static_cast<int>(ExitCode::somethingFailed);
-  }
+  return runProgram("vornlab-objc", [&] { return run(argc, argv); });
 }

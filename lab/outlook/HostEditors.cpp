@@ -14,6 +14,171 @@ constexpr double kFieldHeight = 22;
 constexpr std::string_view kWindowControllerClass = "ERCalendarEventEditorWindowController";
 constexpr std::string_view kViewControllerClass = "ERCalendarEventEditorViewController";
 
+// -- The window controller ---------------------------------------------------------------------------------------
+
+Value showNew(const HostCall& call) {
+  constexpr double halfAnHour = 1800;
+  HostWorld& world = call.world;
+  const auto state = std::make_shared<HostEvent>();
+  state->store = world.store;
+  CalendarTime start;
+  start.seconds = world.newEventStart;
+  CalendarTime end = start;
+  end.seconds += halfAnHour;
+  state->changed.set("startTime", world.makeDate(start));
+  state->changed.set("endTime", world.makeDate(end));
+  return world.send(call.self, "showWindowForEvent:", {world.runtime.create("ECCalendarEvent", state)});
+}
+
+Value showEvent(const HostCall& call) { return call.world.openWindow(call.first().object(), false); }
+
+constexpr HostMethod kWindowOpeners[] = {
+    {"showWindowForMeeting:", showEvent},
+    {"showWindowForEvent:", showEvent},
+    {"showWindowForEvent:isMeeting:fromMessage:", showEvent},
+    {"showCancellationWindowForMeeting:",
+     [](const HostCall& call) { return Value(call.world.openWindow(call.first().object(), true)); }},
+    {"showWindowForNewEvent", showNew},
+    {"showWindowForNewMeeting", showNew},
+};
+
+using EditorMethod = HostMethodOn<HostEditor>;
+
+constexpr EditorMethod kOfWindowController[] = {
+    {"window", [](const HostCall&, HostEditor& editor) { return Value(editor.window); }},
+    {"editorViewController", [](const HostCall&, HostEditor& editor) { return Value(editor.viewController); }},
+    {"close", [](const HostCall& call, HostEditor& editor) { return call.world.send(editor.window, "close"); }},
+};
+
+// -- The view controller: what it tells --------------------------------------------------------------------------
+
+// The typed value where there is one, otherwise the event's.
+Value shownItem(const HostCall& call, const HostEditor& editor, const char* item) {
+  const Value& typed = editor.uncommitted[std::string("content.") + item];
+  return typed.isAbsent() ? call.world.send(editor.event, item) : typed;
+}
+
+constexpr EditorMethod kReaders[] = {
+    {"content", [](const HostCall&, HostEditor& editor) { return Value(editor.event); }},
+    {"view", [](const HostCall&, HostEditor& editor) { return Value(editor.contentView); }},
+    {"window", [](const HostCall&, HostEditor& editor) { return Value(editor.window); }},
+    {"locationTextField", [](const HostCall&, HostEditor& editor) { return Value(editor.locationField); }},
+    {"uncommittedChanges", [](const HostCall&, HostEditor& editor) { return editor.uncommitted; }},
+    {"isDirty", [](const HostCall&, HostEditor& editor) { return Value(editor.isDirty); }},
+    {"isCancelMode", [](const HostCall&, HostEditor& editor) { return Value(editor.isCancelMode); }},
+    {"isDelegating", [](const HostCall& call, HostEditor&) { return Value(call.world.options.delegating); }},
+    {"hasMultipleAccounts", [](const HostCall&, HostEditor&) { return Value(false); }},
+    {"currentEmailAccount", [](const HostCall& call, HostEditor&) { return Value(call.world.account); }},
+    {"attendeeList",
+     [](const HostCall& call, HostEditor& editor) { return call.world.send(editor.event, "attendeeList"); }},
+    {"meetingOrganizer",
+     [](const HostCall& call, HostEditor& editor) { return call.world.send(editor.event, "organizer"); }},
+    {"olmUCInband",
+     [](const HostCall& call, HostEditor& editor) { return call.world.send(editor.event, "olmUCInband"); }},
+    {"olmUCCapabilities",
+     [](const HostCall& call, HostEditor& editor) { return call.world.send(editor.event, "olmUCCapabilities"); }},
+    {"isOccurrenceOrException",
+     [](const HostCall& call, HostEditor& editor) {
+       const auto is = [&](const char* question) { return call.world.send(editor.event, question).boolValue(); };
+       return Value(is("isOccurrence") || is("isModifiedException"));
+     }},
+    {"recurrenceStringForCurrentEvent",
+     [](const HostCall& call, HostEditor& editor) {
+       const HostObject recurrence = call.world.send(editor.event, "recurrence").object();
+       return Value(call.world.send(recurrence, "format").text());
+     }},
+    {"getSubject:",
+     [](const HostCall& call, HostEditor& editor) { return Value(shownItem(call, editor, "summary").text()); }},
+    {"getLocation:", [](const HostCall& call,
+                        HostEditor& editor) { return call.world.send(editor.locationField, "stringValue"); }},
+    {"getStartTime:andEndTime:",
+     [](const HostCall& call, HostEditor& editor) { return shownItem(call, editor, "startTime"); }},
+};
+
+// -- The view controller: what changes it ------------------------------------------------------------------------
+
+Value storeRecord(const HostCall& call, HostEditor& editor, const char* selector) {
+  call.world.send(editor.event, selector, call.arguments);
+  return call.world.send(call.self, "setIsDirty:", {true});
+}
+
+constexpr EditorMethod kChanges[] = {
+    {"setIsDirty:",
+     [](const HostCall& call, HostEditor& editor) {
+       editor.isDirty = call.first().boolValue();
+       return Value();
+     }},
+    {"setIsCancelMode:",
+     [](const HostCall& call, HostEditor& editor) {
+       editor.isCancelMode = call.first().boolValue();
+       return Value();
+     }},
+    {"setLocation:",
+     [](const HostCall& call, HostEditor& editor) {
+       const std::string text = call.first().text();
+       call.world.send(editor.locationField, "setStringValue:", {text});
+       editor.uncommitted.set("content.location", text);
+       return call.world.send(call.self, "setIsDirty:", {true});
+     }},
+    {"setOlmUCInband:",
+     [](const HostCall& call, HostEditor& editor) { return storeRecord(call, editor, "setOlmUCInband:"); }},
+    {"setOlmUCCapabilities:",
+     [](const HostCall& call, HostEditor& editor) { return storeRecord(call, editor, "setOlmUCCapabilities:"); }},
+    {"sendMeetingPostValidate",
+     [](const HostCall& call, HostEditor& editor) {
+       HostWorld& world = call.world;
+       if (!world.send(call.self, "save").boolValue()) return Value();
+       ++world.sentCount;
+       // A cancellation that has gone out takes the meeting off one's own calendar.
+       const auto shown = world.event(editor.event);
+       if (editor.isCancelMode && shown && shown->index) world.store->eventAt(*shown->index).remove();
+       return world.send(editor.windowController, "close");
+     }},
+};
+
+// 0 when it is done; the window stays open when the appointment could not be stored.
+Value saveAndCloseWindow(const HostCall& call) {
+  constexpr int done = 0;
+  constexpr int notDone = -1;
+  if (!call.world.send(call.self, "save").boolValue()) return notDone;
+  const auto held = call.world.editorOf(call.self);
+  if (held && call.first().boolValue()) call.world.send(held->windowController, "close");
+  return done;
+}
+
+// These answer also when the editor has closed.
+constexpr HostMethod kSaving[] = {
+    {"save",
+     [](const HostCall& call) {
+       const auto held = call.world.editorOf(call.self);
+       return Value(held && call.world.saveEditor(*held));
+     }},
+    {"save:",
+     [](const HostCall& call) {
+       call.world.send(call.self, "save");
+       return Value();
+     }},
+    {"saveAndCloseWindow:", saveAndCloseWindow},
+    {"saveAndCloseWindow:andReturnError:", saveAndCloseWindow},
+    {"saveAndClose:",
+     [](const HostCall& call) {
+       call.world.send(call.self, "saveAndCloseWindow:", {true});
+       return Value();
+     }},
+    {"fromFieldModified:", [](const HostCall&) { return Value(); }},
+    {"switchToRecurrenceDidEnd:returnCode:contextInfo:",
+     [](const HostCall& call) {
+       constexpr int wholeSeries = 1;
+       if (call.at(1).integerValue() == wholeSeries) {
+         call.world.showSeriesInEditor(call.world.editorOf(call.self));
+       }
+       return Value();
+     }},
+    // Takes the changes as text: attendees hear of every change that it names.
+    {"checkMeetingChangesForAttendees:",
+     [](const HostCall& call) { return Value(call.first().text().find("content.") != std::string::npos); }},
+};
+
 }  // namespace
 
 std::shared_ptr<HostEditor> HostWorld::editor(OutlookHost::EditorId id) const {
@@ -119,155 +284,25 @@ void HostWorld::retireEditor(const std::shared_ptr<HostEditor>& editor) {
 }
 
 void HostWorld::defineEditors() {
-  const std::string_view windows = kWindowControllerClass;
-  const std::string_view editing = kViewControllerClass;
-  runtime.defineClass(windows, "NSWindowController");
-  runtime.defineClass(editing, "NSViewController");
-
-  const auto show = [this](bool isCancelMode) {
-    return [this, isCancelMode](const HostObject&, const Arguments& arguments) {
-      return Value(openWindow(firstOf(arguments).object(), isCancelMode));
-    };
-  };
-  for (const char* selector :
-       {"showWindowForMeeting:", "showWindowForEvent:", "showWindowForEvent:isMeeting:fromMessage:"}) {
-    runtime.setClassMethod(windows, selector, show(false));
+  const auto openEditor = [this](const HostObject& self) { return editorOf(self); };
+  runtime.defineClass(kWindowControllerClass, "NSWindowController");
+  for (const auto& [selector, answer] : kWindowOpeners) {
+    runtime.setClassMethod(kWindowControllerClass, selector,
+                           [this, answer = answer](const HostObject& self, const Arguments& arguments) {
+                             return answer({*this, self, arguments});
+                           });
   }
-  runtime.setClassMethod(windows, "showCancellationWindowForMeeting:", show(true));
-  const auto showNew = [this](const HostObject& self, const Arguments&) {
-    constexpr double halfAnHour = 1800;
-    const auto state = std::make_shared<HostEvent>();
-    state->store = store;
-    CalendarTime start;
-    start.seconds = newEventStart;
-    CalendarTime end = start;
-    end.seconds += halfAnHour;
-    state->changed.set("startTime", makeDate(start));
-    state->changed.set("endTime", makeDate(end));
-    return send(self, "showWindowForEvent:", {runtime.create("ECCalendarEvent", state)});
-  };
-  runtime.setClassMethod(windows, "showWindowForNewEvent", showNew);
-  runtime.setClassMethod(windows, "showWindowForNewMeeting", showNew);
+  defineOn(kWindowControllerClass, kOfWindowController, openEditor);
 
-  method(windows, "window", [this](const HostObject& self, const Arguments&) {
-    const auto held = editorOf(self);
-    return held ? held->window : HostObject();
-  });
-  method(windows, "editorViewController", [this](const HostObject& self, const Arguments&) {
-    const auto held = editorOf(self);
-    return held ? held->viewController : HostObject();
-  });
-  action(windows, "close", [this](const HostObject& self, const Arguments&) {
-    if (const auto held = editorOf(self)) send(held->window, "close");
-  });
+  runtime.defineClass(kViewControllerClass, "NSViewController");
+  defineOn(kViewControllerClass, kReaders, openEditor);
+  defineOn(kViewControllerClass, kChanges, openEditor);
+  define(kViewControllerClass, kSaving);
 
-  // A method of an editor that is open; one that has closed answers absent.
-  const auto onEditor = [this](std::string_view selector, auto body) {
-    method(kViewControllerClass, selector, [this, body](const HostObject& self, const Arguments& arguments) {
-      const auto held = editorOf(self);
-      return held ? Value(body(held, arguments)) : Value();
-    });
-  };
-  using Held = std::shared_ptr<HostEditor>;
-  onEditor("content", [](const Held& held, const Arguments&) { return held->event; });
-  onEditor("view", [](const Held& held, const Arguments&) { return held->contentView; });
-  onEditor("window", [](const Held& held, const Arguments&) { return held->window; });
-  onEditor("locationTextField", [](const Held& held, const Arguments&) { return held->locationField; });
-  onEditor("uncommittedChanges", [](const Held& held, const Arguments&) { return held->uncommitted; });
-  onEditor("isDirty", [](const Held& held, const Arguments&) { return held->isDirty; });
-  onEditor("isCancelMode", [](const Held& held, const Arguments&) { return held->isCancelMode; });
-  onEditor("isDelegating", [this](const Held&, const Arguments&) { return options.delegating; });
-  onEditor("hasMultipleAccounts", [](const Held&, const Arguments&) { return false; });
-  onEditor("currentEmailAccount", [this](const Held&, const Arguments&) { return account; });
-  const std::pair<const char*, const char*> passedOn[] = {{"attendeeList", "attendeeList"},
-                                                          {"meetingOrganizer", "organizer"},
-                                                          {"olmUCInband", "olmUCInband"},
-                                                          {"olmUCCapabilities", "olmUCCapabilities"}};
-  for (const auto& [selector, asked] : passedOn) {
-    onEditor(selector,
-             [this, asked = asked](const Held& held, const Arguments&) { return send(held->event, asked); });
-  }
-  onEditor("isOccurrenceOrException", [this](const Held& held, const Arguments&) {
-    return send(held->event, "isOccurrence").boolValue() || send(held->event, "isModifiedException").boolValue();
-  });
-  onEditor("recurrenceStringForCurrentEvent", [this](const Held& held, const Arguments&) {
-    return Value(send(send(held->event, "recurrence").object(), "format").text());
-  });
-  // The typed value where there is one, otherwise the event's.
-  const auto shown = [this](const Held& held, const char* item) {
-    const Value& typed = held->uncommitted[std::string("content.") + item];
-    return typed.isAbsent() ? send(held->event, item) : typed;
-  };
-  onEditor("getSubject:", [shown](const Held& held, const Arguments&) { return shown(held, "summary").text(); });
-  onEditor("getLocation:",
-           [this](const Held& held, const Arguments&) { return send(held->locationField, "stringValue"); });
-  onEditor("getStartTime:andEndTime:",
-           [shown](const Held& held, const Arguments&) { return shown(held, "startTime"); });
-
-  action(editing, "setIsDirty:", [this](const HostObject& self, const Arguments& arguments) {
-    if (const auto held = editorOf(self)) held->isDirty = firstOf(arguments).boolValue();
-  });
-  action(editing, "setIsCancelMode:", [this](const HostObject& self, const Arguments& arguments) {
-    if (const auto held = editorOf(self)) held->isCancelMode = firstOf(arguments).boolValue();
-  });
-  action(editing, "fromFieldModified:", [](const HostObject&, const Arguments&) {});
-  action(editing, "switchToRecurrenceDidEnd:returnCode:contextInfo:",
-         [this](const HostObject& self, const Arguments& arguments) {
-           constexpr int wholeSeries = 1;
-           if (argumentAt(arguments, 1).integerValue() == wholeSeries) showSeriesInEditor(editorOf(self));
-         });
-  // Takes the changes as text: attendees hear of every change that it names.
-  method(editing, "checkMeetingChangesForAttendees:", [](const HostObject&, const Arguments& arguments) {
-    return firstOf(arguments).text().find("content.") != std::string::npos;
-  });
   runtime.defineClass("OLCalendarEventViewResponder", "NSObject");
   eventResponder = runtime.create("OLCalendarEventViewResponder");
   action("OLCalendarEventViewResponder", "switchToRecurringSeries:", [this](const HostObject&, const Arguments&) {
     showSeriesInEditor(editorOfCurrentEvent);
-  });
-  action(editing, "setLocation:", [this](const HostObject& self, const Arguments& arguments) {
-    const auto held = editorOf(self);
-    if (!held) return;
-    send(held->locationField, "setStringValue:", {firstOf(arguments).text()});
-    held->uncommitted.set("content.location", firstOf(arguments).text());
-    send(self, "setIsDirty:", {true});
-  });
-  for (const std::string selector : {"setOlmUCInband:", "setOlmUCCapabilities:"}) {
-    action(editing, selector, [this, selector](const HostObject& self, const Arguments& arguments) {
-      const auto held = editorOf(self);
-      if (!held) return;
-      send(held->event, selector, arguments);
-      send(self, "setIsDirty:", {true});
-    });
-  }
-
-  method(editing, "save", [this](const HostObject& self, const Arguments&) {
-    const auto held = editorOf(self);
-    return held && saveEditor(*held);
-  });
-  action(editing, "save:", [this](const HostObject& self, const Arguments&) { send(self, "save"); });
-  // 0 when it is done; the window stays open when the appointment could not be stored.
-  const auto saveAndCloseWindow = [this](const HostObject& self, const Arguments& arguments) {
-    constexpr int done = 0;
-    constexpr int notDone = -1;
-    if (!send(self, "save").boolValue()) return notDone;
-    const auto held = editorOf(self);
-    if (held && firstOf(arguments).boolValue()) send(held->windowController, "close");
-    return done;
-  };
-  method(editing, "saveAndCloseWindow:", saveAndCloseWindow);
-  method(editing, "saveAndCloseWindow:andReturnError:", saveAndCloseWindow);
-  action(editing, "saveAndClose:", [this](const HostObject& self, const Arguments&) {
-    send(self, "saveAndCloseWindow:", {true});
-  });
-  action(editing, "sendMeetingPostValidate", [this](const HostObject& self, const Arguments&) {
-    const auto held = editorOf(self);
-    if (!held || !send(self, "save").boolValue()) return;
-    ++sentCount;
-    // A cancellation that has gone out takes the meeting off one's own calendar.
-    const auto shown = event(held->event);
-    if (held->isCancelMode && shown && shown->index) store->eventAt(*shown->index).remove();
-    send(held->windowController, "close");
   });
 }
 

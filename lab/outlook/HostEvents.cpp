@@ -20,34 +20,118 @@ std::shared_ptr<HostEvent> stateOf(CalendarStore& store, const CalendarEvent& st
   return state;
 }
 
-}  // namespace
+// -- What is read whether it is stored or only changed in memory -------------------------------------------------
 
-std::string htmlForPlainText(std::string_view text) {
-  std::string body;
-  body.reserve(text.size() + text.size() / 8);
-  bool afterBlank = true;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const char c = text[at];
-    switch (c) {
-      case '&': body += "&amp;"; break;
-      case '<': body += "&lt;"; break;
-      case '>': body += "&gt;"; break;
-      case '\r': break;
-      case '\n': body += "<br>\n"; break;
-      // HTML shows a run of blanks as one, and none at the start of a line.
-      case ' ': body += afterBlank ? "&nbsp;" : " "; break;
-      default: body += c;
-    }
-    afterBlank = c == ' ' || c == '\n';
+struct Setter {
+  const char* selector;
+  const char* item;
+};
+
+constexpr const char* kItems[] = {"summary",     "location",          "body",      "isBodyHTML",
+                                  "olmUCInband", "olmUCCapabilities", "startTime", "endTime"};
+constexpr Setter kSetters[] = {{"setSummary:", "summary"},
+                               {"setLocation:", "location"},
+                               {"setBody:", "body"},
+                               {"setIsBodyHTML:", "isBodyHTML"},
+                               {"setOlmUCInband:", "olmUCInband"},
+                               {"setOlmUCCapabilities:", "olmUCCapabilities"}};
+
+Value isOwner(const HostCall& call) {
+  const auto held = call.world.event(call.self);
+  const auto stored = held ? held->stored() : std::nullopt;
+  const std::string organizer = stored ? stored->organizerAddress() : std::string();
+  const std::string& own = call.world.options.userAddress;
+  return own.empty() || organizer.empty() || equalIgnoringCase(organizer, own);
+}
+
+constexpr HostMethod kOfAnyEvent[] = {
+    // The appointment on the screen is drawn anew; there is nothing to draw here.
+    {"displayReadyBody", [](const HostCall&) { return Value(); }},
+    {"isOwner", isOwner},
+    {"isOrganizer", isOwner},
+    {"account", [](const HostCall& call) { return Value(call.world.account); }},
+    {"duration",
+     [](const HostCall& call) {
+       const HostObject end = call.world.send(call.self, "endTime").object();
+       return call.world.send(end, "timeIntervalSinceDate:", {call.world.send(call.self, "startTime")});
+     }},
+    {"timeZone",
+     [](const HostCall& call) {
+       return call.world.send(call.world.send(call.self, "startTime").object(), "timeZone");
+     }},
+};
+
+// -- What is read of a stored appointment ------------------------------------------------------------------------
+
+Value orAbsent(const std::string& text) { return text.empty() ? Value() : Value(text); }
+
+Value uid(const HostCall&, CalendarEvent& stored) { return orAbsent(stored.uid()); }
+Value isException(const HostCall&, CalendarEvent& stored) { return stored.isException(); }
+Value calendarText(const HostCall&, CalendarEvent& stored) { return stored.calendarText(); }
+
+Value recurrence(const HostCall& call, CalendarEvent& stored) {
+  const auto series = stored.isException() ? stored.master() : stored;
+  if (!series || !series->isRecurring()) return HostObject();
+  return call.world.runtime.createTemporary("ECRecurrence", std::make_shared<CalendarEvent>(*series));
+}
+
+Value attendeeList(const HostCall& call, CalendarEvent& stored) {
+  Value list = Value::array();
+  for (const CalendarAttendee& attendee : stored.attendees()) {
+    list.append(call.world.runtime.createTemporary("ECCalendarEventAttendee",
+                                                   std::make_shared<CalendarAttendee>(attendee)));
   }
-  return "<html><head><meta charset=\"utf-8\"></head><body>" + body + "</body></html>";
+  return list;
 }
 
-std::string shownHtml(const CalendarEvent& event) {
-  if (const OptionalText html = event.htmlDescription()) return *html;
-  const std::string description = event.description().value_or("");
-  return event.descriptionIsHtml() ? description : htmlForPlainText(description);
-}
+constexpr HostMethodOn<CalendarEvent> kOfStoredEvent[] = {
+    {"UUID", uid},
+    {"UUIDString", uid},
+    {"calendarUID", uid},
+    {"isRecurring",
+     [](const HostCall&, CalendarEvent& stored) { return Value(stored.isRecurring() || stored.isException()); }},
+    {"isOccurrence", isException},
+    {"isModifiedException", isException},
+    {"recurrenceId",
+     [](const HostCall&, CalendarEvent& stored) {
+       return stored.isException() ? Value(stored.recurrenceId()) : Value();
+     }},
+    {"recurrence", recurrence},
+    {"seriesMasterRecord",
+     [](const HostCall& call, CalendarEvent& stored) {
+       const auto series = stored.isException() ? stored.master() : std::nullopt;
+       return Value(series ? call.world.makeEvent(*series) : HostObject());
+     }},
+    {"getOccurrenceWithRecurrenceID:",
+     [](const HostCall& call, CalendarEvent& stored) {
+       const auto found = call.world.store->find(stored.uid(), call.first().text());
+       return Value(found ? call.world.makeEvent(*found) : HostObject());
+     }},
+    {"sequence", [](const HostCall&, CalendarEvent& stored) { return Value(stored.sequence()); }},
+    {"organizer", [](const HostCall&, CalendarEvent& stored) { return orAbsent(stored.organizerAddress()); }},
+    {"iCalendarRepresentation", calendarText},
+    {"exportAsICS", calendarText},
+    {"attendeeList", attendeeList},
+    {"isMeeting", [](const HostCall&, CalendarEvent& stored) { return Value(!stored.attendees().empty()); }},
+    {"recordUID",
+     [](const HostCall& call, CalendarEvent& stored) {
+       return Value(call.world.runtime.createTemporary("ECRecordUID", std::make_shared<CalendarEvent>(stored)));
+     }},
+    {"deleteEventNow",
+     [](const HostCall&, CalendarEvent& stored) {
+       stored.remove();
+       return Value(true);
+     }},
+    // The host deletes a cancelled meeting past its own deleteEventNow.
+    {"cancelMeetingInWindow:",
+     [](const HostCall& call, CalendarEvent& stored) {
+       ++call.world.sentCount;
+       stored.remove();
+       return Value();
+     }},
+};
+
+}  // namespace
 
 std::optional<CalendarEvent> HostEvent::stored() const {
   if (!store || !index) return {};
@@ -80,109 +164,24 @@ Value HostWorld::eventItem(const HostEvent& event, std::string_view item) {
 
 void HostWorld::defineEvents() {
   runtime.defineClass("ECCalendarEvent", "NSObject");
-
-  for (const std::string item :
-       {"summary", "location", "body", "isBodyHTML", "olmUCInband", "olmUCCapabilities", "startTime", "endTime"}) {
+  for (const std::string item : kItems) {
     method("ECCalendarEvent", item, [this, item](const HostObject& self, const Arguments&) {
       const auto held = event(self);
       return held ? eventItem(*held, item) : Value();
     });
   }
-  const std::pair<const char*, const char*> setters[] = {{"setSummary:", "summary"},
-                                                         {"setLocation:", "location"},
-                                                         {"setBody:", "body"},
-                                                         {"setIsBodyHTML:", "isBodyHTML"},
-                                                         {"setOlmUCInband:", "olmUCInband"},
-                                                         {"setOlmUCCapabilities:", "olmUCCapabilities"}};
-  for (const auto& [selector, item] : setters) {
-    action("ECCalendarEvent", selector,
-           [this, item = std::string(item)](const HostObject& self, const Arguments& given) {
-             const Value value = firstOf(given);
-             if (const auto held = event(self)) held->changed.set(item, value.isAbsent() ? Value("") : value);
-           });
-  }
-  // The appointment on the screen is drawn anew; there is nothing to draw here.
-  action("ECCalendarEvent", "displayReadyBody", [](const HostObject&, const Arguments&) {});
-
-  // A reader of what is stored; an appointment that is not stored yet answers absent.
-  const auto read = [this](std::string_view selector, auto body) {
-    method("ECCalendarEvent", selector, [this, body](const HostObject& self, const Arguments& arguments) {
-      const auto held = event(self);
-      const auto stored = held ? held->stored() : std::nullopt;
-      return stored && !stored->isRemoved() ? Value(body(*stored, arguments)) : Value();
+  for (const auto& [selector, item] : kSetters) {
+    action("ECCalendarEvent", selector, [this, item = item](const HostObject& self, const Arguments& given) {
+      const Value value = firstOf(given);
+      if (const auto held = event(self)) held->changed.set(item, value.isAbsent() ? Value("") : value);
     });
-  };
-  const auto uid = [](const CalendarEvent& stored, const Arguments&) {
-    const std::string text = stored.uid();
-    return text.empty() ? Value() : Value(text);
-  };
-  for (const char* selector : {"UUID", "UUIDString", "calendarUID"}) read(selector, uid);
-  read("isRecurring",
-       [](const CalendarEvent& stored, const Arguments&) { return stored.isRecurring() || stored.isException(); });
-  const auto isException = [](const CalendarEvent& stored, const Arguments&) { return stored.isException(); };
-  read("isOccurrence", isException);
-  read("isModifiedException", isException);
-  read("recurrenceId", [](const CalendarEvent& stored, const Arguments&) {
-    return stored.isException() ? Value(stored.recurrenceId()) : Value();
-  });
-  read("recurrence", [this](const CalendarEvent& stored, const Arguments&) {
-    const auto series = stored.isException() ? stored.master() : stored;
-    if (!series || !series->isRecurring()) return HostObject();
-    return runtime.createTemporary("ECRecurrence", std::make_shared<CalendarEvent>(*series));
-  });
-  read("seriesMasterRecord", [this](const CalendarEvent& stored, const Arguments&) {
-    const auto series = stored.isException() ? stored.master() : std::nullopt;
-    return series ? makeEvent(*series) : HostObject();
-  });
-  read("getOccurrenceWithRecurrenceID:", [this](const CalendarEvent& stored, const Arguments& arguments) {
-    const auto found = store->find(stored.uid(), firstOf(arguments).text());
-    return found ? makeEvent(*found) : HostObject();
-  });
-  read("sequence", [](const CalendarEvent& stored, const Arguments&) { return stored.sequence(); });
-  read("organizer", [](const CalendarEvent& stored, const Arguments&) {
-    const std::string address = stored.organizerAddress();
-    return address.empty() ? Value() : Value(address);
-  });
-  const auto calendarText = [](const CalendarEvent& stored, const Arguments&) { return stored.calendarText(); };
-  read("iCalendarRepresentation", calendarText);
-  read("exportAsICS", calendarText);
-  read("attendeeList", [this](const CalendarEvent& stored, const Arguments&) {
-    Value list = Value::array();
-    for (const CalendarAttendee& attendee : stored.attendees()) {
-      list.append(
-          runtime.createTemporary("ECCalendarEventAttendee", std::make_shared<CalendarAttendee>(attendee)));
-    }
-    return list;
-  });
-  read("isMeeting", [](const CalendarEvent& stored, const Arguments&) { return !stored.attendees().empty(); });
-  read("recordUID", [this](const CalendarEvent& stored, const Arguments&) {
-    return runtime.createTemporary("ECRecordUID", std::make_shared<CalendarEvent>(stored));
-  });
-  read("deleteEventNow", [](CalendarEvent stored, const Arguments&) {
-    stored.remove();
-    return true;
-  });
-  // The host deletes a cancelled meeting past its own deleteEventNow.
-  read("cancelMeetingInWindow:", [this](CalendarEvent stored, const Arguments&) {
-    ++sentCount;
-    stored.remove();
-    return Value();
-  });
-
-  const auto isOwner = [this](const HostObject& self, const Arguments&) {
+  }
+  define("ECCalendarEvent", kOfAnyEvent);
+  // An appointment that is not stored, or not any more, answers absent.
+  defineOn("ECCalendarEvent", kOfStoredEvent, [this](const HostObject& self) {
     const auto held = event(self);
     const auto stored = held ? held->stored() : std::nullopt;
-    const std::string organizer = stored ? stored->organizerAddress() : std::string();
-    return options.userAddress.empty() || organizer.empty() || equalIgnoringCase(organizer, options.userAddress);
-  };
-  method("ECCalendarEvent", "isOwner", isOwner);
-  method("ECCalendarEvent", "isOrganizer", isOwner);
-  method("ECCalendarEvent", "account", [this](const HostObject&, const Arguments&) { return account; });
-  method("ECCalendarEvent", "duration", [this](const HostObject& self, const Arguments&) {
-    return send(send(self, "endTime").object(), "timeIntervalSinceDate:", {send(self, "startTime")});
-  });
-  method("ECCalendarEvent", "timeZone", [this](const HostObject& self, const Arguments&) {
-    return send(send(self, "startTime").object(), "timeZone");
+    return stored && !stored->isRemoved() ? stored : std::nullopt;
   });
 }
 

@@ -1,23 +1,11 @@
 // The record of a save: ECMutableCalendarEvent.
 
-#include <array>
-#include <cstdio>
-#include <random>
-
 #include "lab/outlook/HostWorld.h"
 #include "util/HtmlText.h"
 
 namespace vornlab {
 
 namespace {
-
-std::string newUid() {
-  std::random_device random;
-  std::array<char, 40> text{};
-  std::snprintf(text.data(), text.size(), "%08X-%04X-%04X-%04X-%08X%04X", random(), random() & 0xFFFF,
-                random() & 0xFFFF, random() & 0xFFFF, random(), random() & 0xFFFF);
-  return text.data();
-}
 
 double secondsOf(const HostWorld& world, const Value& date) {
   return world.send(date.object(), "timeIntervalSince1970").realValue();

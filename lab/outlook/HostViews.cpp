@@ -18,6 +18,15 @@ Value argumentAt(const Arguments& arguments, std::size_t index) {
   return index < arguments.size() ? arguments[index] : Value();
 }
 
+void HostWorld::define(std::string_view className, std::span<const HostMethod> rows) {
+  for (const auto& [selector, answer] : rows) {
+    runtime.setInstanceMethod(className, selector,
+                              [this, answer = answer](const HostObject& self, const Arguments& arguments) {
+                                return answer({*this, self, arguments});
+                              });
+  }
+}
+
 Value rectangle(double x, double y, double width, double height) {
   return Value::dictionaryFromPairs({{"x", x}, {"y", y}, {"width", width}, {"height", height}});
 }

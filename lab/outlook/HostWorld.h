@@ -4,11 +4,13 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/outlook/HostForms.h"
 #include "lab/outlook/OutlookHost.h"
 
 namespace vornlab {
@@ -91,6 +93,30 @@ struct HostToolbar {
   std::vector<HostObject> items;
 };
 
+struct HostWorld;
+
+// A call of one of the host's methods.
+struct HostCall {
+  HostWorld& world;
+  const HostObject& self;
+  const Arguments& arguments;
+
+  // The first argument, and any other; absent when there is none.
+  Value first() const { return at(0); }
+  Value at(std::size_t index) const { return index < arguments.size() ? arguments[index] : Value(); }
+};
+
+// A row of a table of methods; and one that works on what the receiver stands for, such as an open editor.
+struct HostMethod {
+  std::string_view selector;
+  Value (*answer)(const HostCall& call);
+};
+template <typename State>
+struct HostMethodOn {
+  std::string_view selector;
+  Value (*answer)(const HostCall& call, State& state);
+};
+
 // What all classes of the stand-in host share.
 struct HostWorld : std::enable_shared_from_this<HostWorld> {
   vorn::EmbeddedClassRuntime& runtime;
@@ -124,6 +150,22 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   }
   HostObject classNamed(std::string_view name) const {
     return runtime.classObject(runtime.NSClassFromString(name));
+  }
+
+  // Defines the methods of a class by a table.
+  void define(std::string_view className, std::span<const HostMethod> rows);
+  // The same on what the receiver stands for, which `find` gives for an object, as a pointer or an optional.
+  // Without that the answer is absent.
+  template <typename State, std::size_t Rows, typename Find>
+  void defineOn(std::string_view className, const HostMethodOn<State> (&rows)[Rows], Find find) {
+    for (const HostMethodOn<State>& row : rows) {
+      runtime.setInstanceMethod(
+          className, row.selector,
+          [this, find, answer = row.answer](const HostObject& self, const Arguments& arguments) {
+            auto state = find(self);
+            return state ? answer({*this, self, arguments}, *state) : Value();
+          });
+    }
   }
 
   // Each defines the classes of one subject. The views come first: the others build on them.
@@ -201,9 +243,5 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
 Value firstOf(const Arguments& arguments);
 Value argumentAt(const Arguments& arguments, std::size_t index);
 Value rectangle(double x, double y, double width, double height);
-
-// The HTML that an editor shows for a plain text, and the HTML that it shows for a stored appointment.
-std::string htmlForPlainText(std::string_view text);
-std::string shownHtml(const CalendarEvent& event);
 
 }  // namespace vornlab

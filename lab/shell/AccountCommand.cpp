@@ -1,18 +1,18 @@
 #include "lab/shell/AccountCommand.h"
 
-#include <string>
+#include <CLI/CLI.hpp>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/PluginReport.h"
 
 namespace vornlab {
-namespace {
 
-ExitCode printAnswer(const AccountCommandOptions& options, const std::string& question) {
+ExitCode tellAccount(const AccountCommandOptions& options) {
   CalendarStore nothing;
   Session session(options.lab, nothing, {});
   const std::string trouble = fetchAccount(session, options.lab.timeoutSeconds);
   if (!trouble.empty()) throw LabError("there is no profile: " + trouble);
-  const vorn::Value groups = session.ask(question)["groups"];
+  const vorn::Value groups = session.ask(options.question)["groups"];
   if (options.form == ReportForm::json) {
     printGroupsAsJson(groups, vorn::Value::dictionary());
   } else {
@@ -21,10 +21,18 @@ ExitCode printAnswer(const AccountCommandOptions& options, const std::string& qu
   return ExitCode::done;
 }
 
-}  // namespace
-
-ExitCode accountShow(const AccountCommandOptions& options) { return printAnswer(options, "account"); }
-
-ExitCode accountDefaults(const AccountCommandOptions& options) { return printAnswer(options, "defaults"); }
+Command addAccount(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<AccountCommandOptions>(lab);
+  CLI::App* account = program.add_subcommand("account", "tell what the plug-in understands of an account");
+  account->require_subcommand(1);
+  const auto add = [&](const char* name, const char* question, const char* what) {
+    CLI::App* command = account->add_subcommand(name, what);
+    askClient(*command, options->lab, options->form);
+    command->callback([options, question] { options->question = question; });
+  };
+  add("show", "account", "the profile, in groups");
+  add("defaults", "defaults", "the settings of a new meeting, and who decided them");
+  return {account, [options] { return tellAccount(*options); }};
+}
 
 }  // namespace vornlab

@@ -1,21 +1,23 @@
 #pragma once
 
-#include "lab/shell/LabError.h"
-#include "lab/shell/LabOptions.h"
-#include "lab/shell/PluginReport.h"
+#include <string>
+
+#include "lab/shell/CommandLine.h"
 
 namespace vornlab {
 
 struct AccountCommandOptions {
+  // What the plug-in is asked: "account" for its profile as it understands it, "defaults" for the settings that a
+  // new meeting would get, each with who decided it.
+  std::string question;
   ReportForm form = ReportForm::words;
   LabOptions lab;
 };
 
-// Prints the account's profile as the plug-in understands it. Throws LabError when the client gives none.
-ExitCode accountShow(const AccountCommandOptions& options);
+// Prints the plug-in's answer. Throws LabError when the client gives no profile.
+ExitCode tellAccount(const AccountCommandOptions& options);
 
-// Prints the settings that a new meeting would get, each with who decided it. Throws LabError when the client
-// gives no profile.
-ExitCode accountDefaults(const AccountCommandOptions& options);
+// The command "account".
+Command addAccount(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab

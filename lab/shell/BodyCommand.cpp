@@ -1,13 +1,12 @@
 #include "lab/shell/BodyCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 
 #include "lab/outlook/CalendarStore.h"
-#include "lab/shell/LabError.h"
 #include "lab/shell/Session.h"
 #include "util/AtomicFile.h"
 #include "util/Utf16.h"
-#include "util/vStringUtils.h"
 
 namespace vornlab {
 
@@ -57,7 +56,25 @@ void printAsJson(const BodyOptions& options, const std::string& body, const Valu
     object.set("bytesAfter", size(result.text()));
     object.set("text", asUtf8(result.text()));
   }
-  std::printf("%s\n", vorn::vStringUtils::toJSONString(object).value_or("{}").c_str());
+  printJson(object);
+}
+
+// One command below another for each operation, so that none takes an option that it has no use for.
+CLI::App& addOperation(CLI::App& bodies, const char* name, const char* what, BodyOptions& options) {
+  CLI::App* command = bodies.add_subcommand(name, what);
+  command->add_option("BODY", options.body, "the body as HTML")->required()->check(CLI::ExistingFile);
+  command->add_option("--out", options.output, "where the result goes, instead of the standard output");
+  addJsonFlag(*command, options.form);
+  command->callback([&options, name] { options.operation = name; });
+  return *command;
+}
+
+void addInvitation(CLI::App& command, BodyOptions& options) {
+  command.add_option("--invitation", options.invitation, "the invitation's text, HTML unless --plain is given")
+      ->required()
+      ->check(CLI::ExistingFile);
+  command.add_flag("--plain", options.invitationIsPlain, "the invitation is plain text");
+  command.add_flag("--top", options.atTop, "above the user's own text");
 }
 
 }  // namespace
@@ -84,6 +101,21 @@ ExitCode changeBody(const BodyOptions& options) {
                 result.text().size(), answer["bookmarks"].text().c_str());
   }
   return result.isText() ? ExitCode::done : ExitCode::somethingFailed;
+}
+
+Command addBody(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<BodyOptions>(lab);
+  options->lab.withoutClient = true;
+  CLI::App* bodies = program.add_subcommand("body", "apply one operation to the body of an appointment");
+  bodies->require_subcommand(1);
+  addInvitation(addOperation(*bodies, "insert", "add an invitation between bookmarks", *options), *options);
+  CLI::App& update = addOperation(*bodies, "update", "bring an invitation in as the body calls for", *options);
+  addInvitation(update, *options);
+  update.add_flag("--existing-meeting", options->existingMeeting,
+                  "the meeting was made before; without bookmarks the invitation replaces the body");
+  addOperation(*bodies, "remove", "take the invitation out", *options);
+  addOperation(*bodies, "text", "tell what a reader sees", *options);
+  return {bodies, [options] { return changeBody(*options); }};
 }
 
 }  // namespace vornlab

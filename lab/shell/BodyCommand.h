@@ -3,9 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "lab/shell/LabOptions.h"
-#include "lab/shell/MeetCommand.h"
-#include "lab/shell/PluginReport.h"
+#include "lab/shell/CommandLine.h"
 
 namespace vornlab {
 
@@ -30,5 +28,8 @@ struct BodyOptions {
 // be tried. The result is the output's only content, byte for byte; with JSON it is one entry of the object. Exit
 // code 1, with the reason, when the operation gives nothing; nothing is written then.
 ExitCode changeBody(const BodyOptions& options);
+
+// The command "body".
+Command addBody(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab

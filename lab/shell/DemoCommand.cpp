@@ -1,13 +1,14 @@
 #include "lab/shell/DemoCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/Masking.h"
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/Session.h"
+#include "lab/shell/Words.h"
 
 namespace vornlab {
 namespace {
@@ -16,12 +17,8 @@ void printFact(const char* name, const std::string& value) { std::printf("  %-10
 
 std::string timeText(const std::optional<CalendarTime>& time) {
   if (!time) return "-";
-  const auto seconds = static_cast<std::time_t>(time->seconds);
-  std::tm parts{};
-  gmtime_r(&seconds, &parts);
-  char text[32];
-  std::strftime(text, sizeof text, "%Y-%m-%d %H:%M UTC", &parts);
-  return time->zone == "UTC" ? text : text + (", stated in " + time->zone);
+  const std::string text = timeInWords(time->seconds, "%Y-%m-%d %H:%M UTC");
+  return time->zone == "UTC" ? text : text + ", stated in " + time->zone;
 }
 
 // The first lines of a body, so that what is new in it is seen.
@@ -34,14 +31,7 @@ void printBody(const std::string& body) {
   std::size_t begin = 0;
   for (std::size_t line = 0; line < kLines && begin < shown.size(); ++line) {
     const std::size_t end = std::min(shown.find('\n', begin), shown.size());
-    std::string text = shown.substr(begin, end - begin);
-    if (text.size() > kColumns) {
-      std::size_t cut = kColumns;
-      // Not inside a character.
-      while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0) == 0x80) --cut;
-      text = text.substr(0, cut) + " ...";
-    }
-    std::printf("             | %s\n", text.c_str());
+    std::printf("             | %s\n", shortened(shown.substr(begin, end - begin), kColumns).c_str());
     begin = end + 1;
   }
   if (begin < shown.size()) std::printf("             | ...\n");
@@ -79,7 +69,7 @@ ExitCode demo(const DemoOptions& options) {
   CalendarStore calendar;
   IcsProblem problem;
   if (!calendar.load(options.calendar.string(), problem)) {
-    throw LabError("the demonstration's calendar " + options.calendar.string() + ": " + problem.message);
+    throw LabError("the demonstration's calendar " + faultInWords(options.calendar, problem));
   }
   const std::vector<CalendarEvent> events = calendar.events();
   if (events.empty()) throw LabError("the demonstration's calendar is empty");
@@ -103,6 +93,20 @@ ExitCode demo(const DemoOptions& options) {
   if (!calendar.save(options.output.string())) throw LabError("cannot write " + options.output.string());
   printEnd(result, session, options);
   return result.outcome == Outcome::failed ? ExitCode::somethingFailed : ExitCode::done;
+}
+
+Command addDemo(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<DemoOptions>(lab);
+  CLI::App* command = program.add_subcommand("demo", "show one appointment become an online meeting");
+  options->calendar = lab.programs / "demo.ics";
+  options->output = lab.programs / "demo-online.ics";
+  command->add_option("--out", options->output, "where the changed calendar goes")->capture_default_str();
+  command->add_flag("--keep", options->lab.keepWorld, "leave the world's folder behind");
+  command->add_flag_callback(
+      "--full", [options] { options->envelopes = RoadPrinter::Envelopes::whole; },
+      "print envelopes as far as the plug-in shows them");
+  addLabOptions(*command, options->lab);
+  return {command, [options] { return demo(*options); }};
 }
 
 }  // namespace vornlab

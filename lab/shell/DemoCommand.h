@@ -2,8 +2,7 @@
 
 #include <filesystem>
 
-#include "lab/shell/LabError.h"
-#include "lab/shell/LabOptions.h"
+#include "lab/shell/CommandLine.h"
 #include "lab/shell/RoadPrinter.h"
 
 namespace vornlab {
@@ -20,5 +19,8 @@ struct DemoOptions {
 // Shows one appointment become an online meeting, step by step, with nothing secret on the screen. Throws LabError
 // when it cannot begin.
 ExitCode demo(const DemoOptions& options);
+
+// The command "demo".
+Command addDemo(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab

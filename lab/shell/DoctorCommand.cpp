@@ -1,9 +1,11 @@
 #include "lab/shell/DoctorCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <string>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/PluginReport.h"
 
 namespace vornlab {
 namespace {
@@ -43,6 +45,15 @@ ExitCode doctor(const DoctorOptions& options) {
     }
   }
   return isReady ? ExitCode::done : ExitCode::somethingFailed;
+}
+
+Command addDoctor(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<DoctorOptions>(lab);
+  options->lab.goesOnWithoutClient = true;
+  CLI::App* command =
+      program.add_subcommand("doctor", "tell what the plug-in finds, and whether a meeting could be made");
+  askClient(*command, options->lab, options->form);
+  return {command, [options] { return doctor(*options); }};
 }
 
 }  // namespace vornlab

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "lab/shell/LabError.h"
-#include "lab/shell/LabOptions.h"
-#include "lab/shell/PluginReport.h"
+#include "lab/shell/CommandLine.h"
 
 namespace vornlab {
 
@@ -14,5 +12,8 @@ struct DoctorOptions {
 // Tells what the plug-in finds: the client, the way to it, the machine and its own files. Done when a meeting
 // could be made now; otherwise something failed, and the last line says what.
 ExitCode doctor(const DoctorOptions& options);
+
+// The command "doctor".
+Command addDoctor(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab

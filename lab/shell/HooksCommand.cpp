@@ -1,9 +1,10 @@
 #include "lab/shell/HooksCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 
 #include "lab/outlook/CalendarStore.h"
-#include "lab/shell/Session.h"
+#include "lab/shell/PluginReport.h"
 
 namespace vornlab {
 
@@ -25,6 +26,19 @@ ExitCode hooks(const HooksOptions& options) {
   Session session(options.lab, nothing, {});
   printHooks(session.ask("hooks"), options.form);
   return ExitCode::done;
+}
+
+CLI::App* addHooksWords(CLI::App& program, HooksOptions& options) {
+  CLI::App* command = program.add_subcommand("hooks", "tell what is hooked in the stand-in host, row by row");
+  askWithoutClient(*command, options.lab, options.form);
+  return command;
+}
+
+Command addHooks(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<HooksOptions>(lab);
+  CLI::App* command = addHooksWords(program, *options);
+  addLabOptions(*command, options->lab);
+  return {command, [options] { return hooks(*options); }};
 }
 
 }  // namespace vornlab

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "lab/shell/LabOptions.h"
-#include "lab/shell/MeetCommand.h"
-#include "lab/shell/PluginReport.h"
+#include "lab/shell/CommandLine.h"
+#include "util/Value.h"
 
 namespace vornlab {
 
@@ -17,5 +16,9 @@ void printHooks(const vorn::Value& told, ReportForm form);
 // Prints the table of what the plug-in has hooked in the stand-in host, with the state of each row. A row without
 // a method in this host is no fault: hosts differ by version, and a missing hook switches one feature off.
 ExitCode hooks(const HooksOptions& options);
+
+// The words of the command in any program, and the command "hooks" of this one.
+CLI::App* addHooksWords(CLI::App& program, HooksOptions& options);
+Command addHooks(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab

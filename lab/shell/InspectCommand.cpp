@@ -1,22 +1,18 @@
 #include "lab/shell/InspectCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <memory>
 #include <set>
 
-#include "lab/shell/LabError.h"
-#include "lab/shell/Session.h"
+#include "lab/shell/PluginReport.h"
+#include "lab/shell/Words.h"
 
 namespace vornlab {
 
 using vorn::Value;
 
 namespace {
-
-std::string problemText(const std::filesystem::path& file, const IcsProblem& problem) {
-  const std::string line = problem.line == 0 ? "" : ":" + std::to_string(problem.line);
-  return file.string() + line + ": " + problem.message;
-}
 
 std::string titleOf(const CalendarEvent& event) {
   // An identifier, though it often has the form of an address.
@@ -41,8 +37,7 @@ ExitCode inspect(const InspectOptions& options) {
 
 ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
   CalendarStore calendar;
-  IcsProblem problem;
-  if (!calendar.load(options.input.string(), problem)) throw UsageError(problemText(options.input, problem));
+  loadCalendar(calendar, options.input);
   const Inspector inspector = start(calendar);
 
   const std::set<std::string> wanted(options.uids.begin(), options.uids.end());
@@ -62,6 +57,23 @@ ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
   for (const std::string& uid : missing)
     std::fprintf(stderr, "vornlab: there is no appointment %s\n", uid.c_str());
   return missing.empty() ? ExitCode::done : ExitCode::somethingFailed;
+}
+
+CLI::App* addInspectWords(CLI::App& program, InspectOptions& options) {
+  CLI::App* command =
+      program.add_subcommand("inspect", "tell what the plug-in sees in each appointment of a file");
+  command->add_option("IN", options.input, "the calendar file")->required();
+  command->add_option("--uid", options.uids, "one appointment; may be repeated");
+  command->add_option("--me", options.me, "the address of the calendar's owner");
+  askWithoutClient(*command, options.lab, options.form);
+  return command;
+}
+
+Command addInspect(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<InspectOptions>(lab);
+  CLI::App* command = addInspectWords(program, *options);
+  addLabOptions(*command, options->lab);
+  return {command, [options] { return inspect(*options); }};
 }
 
 }  // namespace vornlab

@@ -6,9 +6,8 @@
 #include <vector>
 
 #include "lab/outlook/CalendarStore.h"
-#include "lab/shell/LabOptions.h"
-#include "lab/shell/MeetCommand.h"
-#include "lab/shell/PluginReport.h"
+#include "lab/shell/CommandLine.h"
+#include "util/Value.h"
 
 namespace vornlab {
 
@@ -33,5 +32,9 @@ using StartInspector = std::function<Inspector(CalendarStore& calendar)>;
 ExitCode inspect(const InspectOptions& options);
 // The same in a laboratory of the caller's.
 ExitCode inspect(const InspectOptions& options, const StartInspector& start);
+
+// The words of the command in any program, and the command "inspect" of this one.
+CLI::App* addInspectWords(CLI::App& program, InspectOptions& options);
+Command addInspect(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab

@@ -2,13 +2,16 @@
 
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
+#include "lab/shell/Words.h"
 
 namespace vornlab {
 namespace {
@@ -66,7 +69,7 @@ class MeetRun {
 
   ExitCode run() {
     expectWritable(m_options.output);
-    load(m_calendar, m_options.input);
+    loadCalendar(m_calendar, m_options.input);
     std::vector<CalendarEvent> chosen = chooseEvents();
     const auto began = std::chrono::steady_clock::now();
     std::size_t sent = 0;
@@ -81,13 +84,6 @@ class MeetRun {
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
     m_report.tellSummary(sent, received, took.count());
     return m_report.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
-  }
-
-  static void load(CalendarStore& calendar, const fs::path& input) {
-    IcsProblem problem;
-    if (calendar.load(input.string(), problem)) return;
-    const std::string line = problem.line == 0 ? "" : ":" + std::to_string(problem.line);
-    throw UsageError(input.string() + line + ": " + problem.message);
   }
 
  private:
@@ -130,6 +126,14 @@ class MeetRun {
   CalendarStore m_calendar;
 };
 
+// The stand-in service has to know tomorrow the meetings that it made today.
+std::string defaultDatabase() {
+  const char* state = std::getenv("XDG_STATE_HOME");
+  if (state != nullptr && *state != '\0') return fs::path(state) / "vornlab/meetings.db";
+  const char* home = std::getenv("HOME");
+  return home == nullptr ? "" : (fs::path(home) / ".local/state/vornlab/meetings.db").string();
+}
+
 }  // namespace
 
 ExitCode meet(const MeetOptions& options) {
@@ -139,5 +143,28 @@ ExitCode meet(const MeetOptions& options) {
 }
 
 ExitCode meet(const MeetOptions& options, const StartMeetingLab& start) { return MeetRun(options, start).run(); }
+
+CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
+  CLI::App* command = program.add_subcommand("meet", "give the appointments of a calendar file their meetings");
+  command->add_option("IN", options.input, "the calendar file")->required();
+  command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself")->required();
+  auto* which = command->add_option_group("which appointments");
+  which->add_option("--uid", options.uids, "one appointment; may be repeated");
+  which->add_flag("--all", options.all, "every appointment");
+  which->require_option(1);
+  addJsonFlag(*command, options.form, "one JSON object a line");
+  command->add_option("--client-db", options.lab.clientDatabase, "where the stand-in service keeps its meetings")
+      ->capture_default_str();
+  command->add_option("--me", options.me, "the address of the calendar's owner: what others organize is skipped");
+  return command;
+}
+
+Command addMeet(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<MeetOptions>(lab);
+  options->lab.clientDatabase = defaultDatabase();
+  CLI::App* command = addMeetWords(program, *options);
+  addLabOptions(*command, options->lab);
+  return {command, [options] { return meet(*options); }};
+}
 
 }  // namespace vornlab

@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "lab/outlook/CalendarStore.h"
-#include "lab/shell/LabError.h"
-#include "lab/shell/LabOptions.h"
+#include "lab/shell/CommandLine.h"
 #include "lab/shell/MeetReport.h"
 
 namespace vornlab {
@@ -19,7 +18,7 @@ struct MeetOptions {
   // The appointments to take, or all.
   std::vector<std::string> uids;
   bool all = false;
-  MeetReport::Form form = MeetReport::Form::table;
+  ReportForm form = ReportForm::words;
   // The address of the calendar's owner; "" when it does not matter who called a meeting.
   std::string me;
   LabOptions lab;
@@ -44,5 +43,9 @@ using StartMeetingLab = std::function<std::unique_ptr<MeetingLab>(CalendarStore&
 ExitCode meet(const MeetOptions& options);
 // The same in a laboratory of the caller's.
 ExitCode meet(const MeetOptions& options, const StartMeetingLab& start);
+
+// The words of the command in any program, and the command "meet" of this one.
+CLI::App* addMeetWords(CLI::App& program, MeetOptions& options);
+Command addMeet(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab

@@ -1,6 +1,5 @@
 #include "lab/shell/MeetReport.h"
 
-#include <cmath>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <numeric>
@@ -11,12 +10,6 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr std::array<std::string_view, 5> kNames{"added", "updated", "unchanged", "skipped", "failed"};
-
-void printLine(const Json& object) {
-  // What is not UTF-8 in a calendar comes out as U+FFFD, so that each line is JSON whatever the file holds.
-  std::puts(object.dump(-1, ' ', false, Json::error_handler_t::replace).c_str());
-  std::fflush(stdout);
-}
 
 // The text on one line, cut to a number of characters.
 std::string cut(std::string_view text, std::size_t most) {
@@ -40,13 +33,13 @@ std::size_t MeetReport::appointments() const {
 
 void MeetReport::tell(const MeetResult& result) {
   ++m_counts[static_cast<std::size_t>(result.outcome)];
-  if (m_form == Form::json) {
-    printLine(Json{{"uid", result.uid},
-                   {"subject", result.subject},
-                   {"result", nameOf(result.outcome)},
-                   {"reason", result.reason},
-                   {"meetingKey", result.meetingKey},
-                   {"location", result.location}});
+  if (m_form == ReportForm::json) {
+    printJsonLine(Json{{"uid", result.uid},
+                       {"subject", result.subject},
+                       {"result", nameOf(result.outcome)},
+                       {"reason", result.reason},
+                       {"meetingKey", result.meetingKey},
+                       {"location", result.location}});
     return;
   }
   const std::string& told = result.reason.empty() ? result.location : result.reason;
@@ -57,13 +50,13 @@ void MeetReport::tell(const MeetResult& result) {
 }
 
 void MeetReport::tellSummary(std::size_t sent, std::size_t received, double seconds) const {
-  if (m_form == Form::json) {
+  if (m_form == ReportForm::json) {
     Json summary{{"appointments", appointments()}};
     for (std::size_t i = 0; i < kNames.size(); ++i) summary[std::string(kNames[i])] = m_counts[i];
     summary["sent"] = sent;
     summary["received"] = received;
-    summary["seconds"] = std::round(seconds * 1000) / 1000;
-    printLine(Json{{"summary", summary}});
+    summary["seconds"] = roundedSeconds(seconds);
+    printJsonLine(Json{{"summary", summary}});
     return;
   }
   std::printf("\n%zu appointments:", appointments());

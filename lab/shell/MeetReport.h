@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "lab/shell/ReportForm.h"
+
 namespace vornlab {
 
 enum class Outcome { added, updated, unchanged, skipped, failed };
@@ -25,9 +27,7 @@ struct MeetResult {
 // not masked: the result belongs to the person whose calendar it is.
 class MeetReport {
  public:
-  enum class Form { table, json };
-
-  explicit MeetReport(Form form) : m_form(form) {}
+  explicit MeetReport(ReportForm form) : m_form(form) {}
 
   void tell(const MeetResult& result);
   void tellSummary(std::size_t sent, std::size_t received, double seconds) const;
@@ -36,7 +36,7 @@ class MeetReport {
   std::size_t appointments() const;
 
  private:
-  Form m_form;
+  ReportForm m_form;
   std::array<std::size_t, 5> m_counts{};
 };
 

@@ -2,12 +2,10 @@
 
 #include <nlohmann/json.hpp>
 
+#include "lab/shell/Words.h"
+
 namespace vornlab {
 namespace {
-
-// The plug-in clears up a hundredth of a second after a window has closed, and what it clears is shared by all
-// windows: the next editor has to wait for it.
-constexpr double kClearingSeconds = 0.011;
 
 std::string meetingKeyOf(const CalendarEvent& event) {
   for (const vorn::OptionalText& record : {event.olmUCInband(), event.olmUCCapabilities()}) {
@@ -19,13 +17,6 @@ std::string meetingKeyOf(const CalendarEvent& event) {
   return "";
 }
 
-std::string seconds(double count) {
-  std::string text = std::to_string(count);
-  text.erase(text.find_last_not_of('0') + 1);
-  if (text.back() == '.') text.pop_back();
-  return text + (text == "1" ? " second" : " seconds");
-}
-
 }  // namespace
 
 MeetResult describe(const CalendarEvent& event) {
@@ -34,6 +25,22 @@ MeetResult describe(const CalendarEvent& event) {
   result.subject = event.summary().value_or("");
   result.meetingKey = meetingKeyOf(event);
   result.location = event.location().value_or("");
+  return result;
+}
+
+MeetResult endOfRoad(const CalendarEvent& event, const MeetResult& walked, bool hadMeeting, bool isUpdated) {
+  MeetResult result = describe(event);
+  result.reason = walked.reason;
+  if (!result.reason.empty()) {
+    result.outcome = walked.outcome;
+  } else if (result.meetingKey.empty()) {
+    result.outcome = Outcome::failed;
+    result.reason = "the appointment was stored without a meeting";
+  } else if (!hadMeeting) {
+    result.outcome = Outcome::added;
+  } else {
+    result.outcome = isUpdated ? Outcome::updated : Outcome::unchanged;
+  }
   return result;
 }
 
@@ -58,20 +65,8 @@ MeetResult MeetingRoad::take(CalendarEvent event) {
   }
   m_session.passTime(kClearingSeconds);
 
-  MeetResult result = describe(event);
-  result.reason = walked.reason;
-  if (!result.reason.empty()) {
-    result.outcome = walked.outcome;
-  } else if (result.meetingKey.empty()) {
-    result.outcome = Outcome::failed;
-    result.reason = "the appointment was stored without a meeting";
-  } else if (!hadMeeting) {
-    result.outcome = Outcome::added;
-  } else {
-    const bool isUpdated = trace.commits() > commitsBefore || event.calendarText() != textBefore;
-    result.outcome = isUpdated ? Outcome::updated : Outcome::unchanged;
-  }
-  return result;
+  return endOfRoad(event, walked, hadMeeting,
+                   trace.commits() > commitsBefore || event.calendarText() != textBefore);
 }
 
 std::string MeetingRoad::walk(EditorId editor, MeetResult& result) {
@@ -119,7 +114,7 @@ std::string MeetingRoad::waitForQuiet() {
     case Session::Quiet::clientGone: return "the client ended before it answered";
     case Session::Quiet::timeout: break;
   }
-  return "the client did not answer within " + seconds(m_timeoutSeconds);
+  return "the client did not answer within " + secondsInWords(m_timeoutSeconds);
 }
 
 bool MeetingRoad::isShown(EditorId editor, const char* isHiddenSelector) {

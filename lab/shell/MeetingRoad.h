@@ -45,5 +45,7 @@ class MeetingRoad {
 
 // The result of an appointment as it stands in the calendar: its names, its meeting's key and its location.
 MeetResult describe(const CalendarEvent& event);
+// The same at the end of a road: with the reason and the outcome for which it ended early, if it did.
+MeetResult endOfRoad(const CalendarEvent& event, const MeetResult& walked, bool hadMeeting, bool isUpdated);
 
 }  // namespace vornlab

@@ -1,8 +1,10 @@
 #include "lab/shell/PlayCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <chrono>
 
 #include "lab/shell/ProgressBar.h"
+#include "lab/shell/scenario/ScenarioReport.h"
 
 namespace vornlab {
 
@@ -24,5 +26,15 @@ ExitCode playScenarios(const PlayOptions& options) {
 }
 
 bool isScenarioFile(const std::string& argument) { return argument.ends_with(".vorn"); }
+
+Command addPlay(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<PlayOptions>(lab);
+  CLI::App* command = program.add_subcommand("play", "play scenarios; the word itself may be left out");
+  command->add_option("FILE", options->files, "scenarios, each named ....vorn; see docs/scenarios.md")
+      ->required()
+      ->check(CLI::ExistingFile);
+  addJsonFlag(*command, options->form, "one JSON object a line");
+  return {command, [options] { return playScenarios(*options); }};
+}
 
 }  // namespace vornlab

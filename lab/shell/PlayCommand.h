@@ -3,16 +3,14 @@
 #include <string>
 #include <vector>
 
-#include "lab/shell/LabError.h"
-#include "lab/shell/LabOptions.h"
-#include "lab/shell/scenario/ScenarioReport.h"
+#include "lab/shell/CommandLine.h"
 
 namespace vornlab {
 
 struct PlayOptions {
   LabOptions lab;
   std::vector<std::string> files;
-  ScenarioReport::Form form = ScenarioReport::Form::words;
+  ReportForm form = ReportForm::words;
 };
 
 // Plays scenarios, in the order of the files, each in a world of its own. All files are read before the first is
@@ -21,5 +19,8 @@ ExitCode playScenarios(const PlayOptions& options);
 
 // Whether an argument names a scenario.
 bool isScenarioFile(const std::string& argument);
+
+// The command "play".
+Command addPlay(CLI::App& program, const LabOptions& lab);
 
 }  // namespace vornlab

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "lab/shell/Words.h"
 #include "util/Utf16.h"
-#include "util/vStringUtils.h"
 
 namespace vornlab {
 namespace {
@@ -25,13 +25,6 @@ std::string padded(const std::string& text, std::size_t width) {
   return length < width ? text + std::string(width - length, ' ') : text;
 }
 
-// A value from outside keeps to its line.
-std::string onOneLine(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
-  return text;
-}
-
 std::string wordsOfRefusal(std::int64_t code) {
   switch (code) {
     case 2: return "the client is not installed";
@@ -39,12 +32,6 @@ std::string wordsOfRefusal(std::int64_t code) {
     case 6: return "the client is too old";
     default: return "the plug-in refused the request with code " + std::to_string(code);
   }
-}
-
-std::string secondsInWords(double seconds) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%g seconds", seconds);
-  return text;
 }
 
 struct Fetched {
@@ -89,7 +76,7 @@ void printGroupsAsJson(const Value& groups, const Value& further) {
     for (const Value& row : group["rows"].items()) entries.set(row["key"].text(), row["value"]);
     object.set(group["name"].text(), std::move(entries));
   }
-  std::printf("%s\n", vorn::vStringUtils::toJSONString(object).value_or("{}").c_str());
+  printJson(object);
 }
 
 std::string fetchAccount(Session& session, double timeoutSeconds) {

@@ -2,13 +2,11 @@
 
 #include <string>
 
+#include "lab/shell/ReportForm.h"
 #include "lab/shell/Session.h"
 #include "util/Value.h"
 
 namespace vornlab {
-
-// How a report is printed: in words, or as one JSON object.
-enum class ReportForm { words, json };
 
 // Prints groups of rows, as the plug-in gives them, in words: one line a row, in columns.
 void printGroups(const vorn::Value& groups);

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "lab/shell/Masking.h"
+#include "lab/shell/Words.h"
 
 namespace vornlab {
 namespace {
@@ -55,7 +56,7 @@ std::string numberAndName(const Value& number, const Value& name) {
 }
 
 // The text on one line, with each run of blanks as one.
-std::string onOneLine(std::string_view text) {
+std::string closedUp(std::string_view text) {
   std::string result;
   for (const char byte : text) {
     const bool isBlank = static_cast<unsigned char>(byte) <= ' ';
@@ -66,13 +67,6 @@ std::string onOneLine(std::string_view text) {
     }
   }
   return result;
-}
-
-// The place at or before a position where no character is cut in two.
-std::size_t characterStart(std::string_view text, std::size_t at) {
-  if (at >= text.size()) return text.size();
-  while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) --at;
-  return at;
 }
 
 }  // namespace
@@ -108,15 +102,14 @@ void RoadPrinter::printEnvelope(std::string_view direction, const std::string& w
       "action " + facts["action"].stringValue() + ", " + facts["bytes"].stringValue() + " bytes: " + what);
   constexpr std::size_t kColumns = 96;
   constexpr std::size_t kShown = 2 * kColumns;
-  const std::string content = masked(onOneLine(facts["content"].text()));
+  const std::string content = masked(closedUp(facts["content"].text()));
   std::string_view rest = content;
   const bool isCut = m_envelopes == Envelopes::cut && rest.size() > kShown;
-  if (isCut) rest = rest.substr(0, characterStart(rest, kShown));
+  if (isCut) rest = beginningOf(rest, kShown);
   while (!rest.empty()) {
-    const std::size_t end = characterStart(rest, kColumns);
-    std::printf("%20s%s%s\n", "", std::string(rest.substr(0, end)).c_str(),
-                isCut && end == rest.size() ? " ..." : "");
-    rest.remove_prefix(end);
+    const std::string_view line = beginningOf(rest, kColumns);
+    rest.remove_prefix(line.size());
+    std::printf("%20s%s%s\n", "", std::string(line).c_str(), isCut && rest.empty() ? " ..." : "");
   }
 }
 

@@ -26,6 +26,10 @@ namespace vornlab {
 // The version in a text such as "10.15.0"; absent for any other text.
 std::optional<vorn::Surroundings::Version> parseSystemVersion(const std::string& text);
 
+// The plug-in clears up a hundredth of a second after a window has closed, and what it clears is shared by all
+// windows: the next editor has to wait for it.
+constexpr double kClearingSeconds = 0.011;
+
 // A running laboratory: the world, the client's process, the host with a calendar, and the plug-in loaded into it.
 // Everything is stopped, the youngest first, when this object ends.
 class Session {

@@ -1,11 +1,7 @@
 #include "lab/shell/World.h"
 
-#include <stdlib.h>
-
-#include <cerrno>
-#include <cstring>
-
 #include "lab/shell/LabError.h"
+#include "lab/shell/TemporaryFolder.h"
 #include "util/PropertyList.h"
 #include "util/vStringUtils.h"
 
@@ -56,9 +52,7 @@ fs::path World::clientProgram() const { return applications() / "vornclient.app/
 void World::makeRoot(const Options& options) {
   const fs::path& folder = options.folder;
   if (folder.empty()) {
-    std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make " + name + ": " + std::strerror(errno));
-    m_root = fs::canonical(name);
+    m_root = TemporaryFolder::make();
   } else {
     std::error_code failed;
     fs::create_directories(folder, failed);

@@ -126,13 +126,13 @@ TEST_F(NotificationsTest, areNotedInTheJournalWithoutSecrets) {
 }
 
 TEST_F(NotificationsTest, areSpoiltAsTheFaultsFileSays) {
-  const auto faults = home.write("faults",
-                                 "reply 1 to action 11: delay 0.5 s\n"
-                                 "reply 2 to action 11: split at 7, error 3113, twice\n"
-                                 "reply 3 to action 11: silent\n"
-                                 "reply 4 to action 11: close\n"
-                                 "reply 5 to action 11: grow 4000000\n"
-                                 "reply 1 to action 9: die\n");
+  const std::string faults = home.write("faults",
+                                        "reply 1 to action 11: delay 0.5 s\n"
+                                        "reply 2 to action 11: split at 7, error 3113, twice\n"
+                                        "reply 3 to action 11: silent\n"
+                                        "reply 4 to action 11: close\n"
+                                        "reply 5 to action 11: grow 4000000\n"
+                                        "reply 1 to action 9: die\n");
   RunningClient client(arguments({"--transport", "notifications", "--faults", faults}));
   ASSERT_TRUE(client.line());
   request({11, "11"});
@@ -150,7 +150,8 @@ TEST_F(NotificationsTest, areSpoiltAsTheFaultsFileSays) {
 
 TEST_F(NotificationsTest, goBesideTheSocketWhichGetsTheVersionToo) {
   RunningClient client(arguments({"--transport", "both"}));
-  ASSERT_EQ(client.line(), "vornclient 5.4.60000 listens on " + (home / "s.vop") + " and observes notifications");
+  ASSERT_EQ(client.line(),
+            "vornclient 5.4.60000 listens on " + (home / "s.vop").string() + " and observes notifications");
   plugin->post("VornOutlookPlugin.GetClientVersion", {});
   ASSERT_TRUE(waitForReplies(1));
   Caller caller(home / "s.vop");

@@ -83,10 +83,10 @@ TEST_F(ProgramTest, leavesTheSocketOfAnotherClientAlone) {
 }
 
 TEST_F(ProgramTest, tellsBadUsageFromFailure) {
-  const auto faults = home.write("faults", "every reply: vanish\n");
-  const auto account = home.write("account.json", "{\"optoins\": {}}");
-  const auto text = home.write("text.db", "this is no database, whatever its name says");
-  const auto deep = home / std::string(100, 'x');
+  const std::string faults = home.write("faults", "every reply: vanish\n");
+  const std::string account = home.write("account.json", "{\"optoins\": {}}");
+  const std::string text = home.write("text.db", "this is no database, whatever its name says");
+  const std::string deep = home / std::string(100, 'x');
   std::filesystem::create_directory(deep);
 
   struct Case {
@@ -135,12 +135,12 @@ TEST_F(ProgramTest, sendsAReplyOnlyWhenTheOneBeforeWasTaken) {
 }
 
 TEST_F(ProgramTest, misbehavesAsTheFaultsFileSays) {
-  const auto faults = home.write("faults",
-                                 "reply 1 to action 11: split at 7\n"
-                                 "reply 2 to action 11: glue\n"
-                                 "reply 4 to action 11: close\n"
-                                 "reply 1 to action 9: restart\n"
-                                 "reply 1 to action 6: die\n");
+  const std::string faults = home.write("faults",
+                                        "reply 1 to action 11: split at 7\n"
+                                        "reply 2 to action 11: glue\n"
+                                        "reply 4 to action 11: close\n"
+                                        "reply 1 to action 9: restart\n"
+                                        "reply 1 to action 6: die\n");
   RunningClient client(arguments({"--faults", faults}));
   ASSERT_TRUE(client.line());
   const std::string people = toText({11, R"({"bosses":[]})"});

@@ -28,21 +28,6 @@ bool isReadable(int descriptor) {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "vcXXXXXX").string();
-  m_path = ::mkdtemp(name.data());
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(m_path, ignored);
-}
-
-std::string TemporaryFolder::write(const std::string& name, const std::string& text) const {
-  std::ofstream(m_path / name) << text;
-  return *this / name;
-}
-
 RunningClient::RunningClient(std::vector<std::string> arguments) {
   std::array<int, 2> output{};
   std::array<int, 2> errors{};

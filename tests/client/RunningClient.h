@@ -2,29 +2,14 @@
 
 #include <sys/types.h>
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "lab/client/Envelope.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace vornlab::test {
-
-// A folder of its own for one test, removed at the end.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  std::string operator/(const std::string& name) const { return (m_path / name).string(); }
-  std::string path() const { return m_path.string(); }
-  std::string write(const std::string& name, const std::string& text) const;
-
- private:
-  std::filesystem::path m_path;
-};
 
 // The program as a process of its own. Every wait ends after ten seconds at the latest.
 class RunningClient {

@@ -236,20 +236,34 @@ TEST_F(ServiceTest, answersTheDefaultsOfANewMeetingWithNumberZero) {
   EXPECT_EQ(fresh.json["enableHostVideo"], true);
 }
 
-TEST_F(ServiceTest, sharesOneMeetingAmongAppointmentsOfThePersonalNumber) {
-  const std::string personal = std::to_string(service.account().personalId);
-  EXPECT_EQ(fetch(personal).json["usePMI"], true);
-  EXPECT_EQ(keyOf(schedule(commitOf({{"usePMI", true}}))), personal);
-  EXPECT_EQ(keyOf(schedule(commitOf({{"usePMI", true}}))), personal);
-  EXPECT_EQ(service.meetings().count(), 1);
-  EXPECT_EQ(fetch(personal).json["originalMeetingNumber"], "0");
+TEST_F(ServiceTest, givesAMeetingUnderAPersonalNumberANumberOfItsOwn) {
+  service.setAccount(Account::fromFile(VORNCLIENT_ACCOUNTS "/three-people.json"));
+  for (const auto& [host, personal] : {std::pair{"", "5550119926"}, {"dana.birch@example.com", "5550131144"}}) {
+    json wanted = commitOf({{"usePMI", true}, {"scheduleFor", host}});
+    const std::string first = keyOf(schedule(wanted));
+    wanted["apptInfo"]["olApptUUID"] = "D4-E5";
+    wanted["setting"]["meetingPassword"] = "another-1";
+    const std::string second = keyOf(schedule(wanted));
+    EXPECT_EQ((std::set<std::string>{first, second, personal}.size()), 3U);
 
-  json moved = commitOf({{"usePMI", true}});
-  moved["meetingKey"] = keyOf(schedule(commitOf()));
-  EXPECT_EQ(keyOf(update(moved)), moved["meetingKey"]);
-  const auto layer = fetch(moved["meetingKey"]).json;
-  EXPECT_EQ(layer["meetingKey"], personal);
-  EXPECT_EQ(layer["originalMeetingNumber"], moved["meetingKey"]);
+    const auto room = fetch(personal).json;
+    EXPECT_EQ(room["meetingKey"], personal);
+    EXPECT_EQ(room["originalMeetingNumber"], "0");
+    for (const std::string& key : {first, second}) {
+      const auto layer = fetch(key).json;
+      EXPECT_EQ(layer["meetingKey"], personal);
+      EXPECT_EQ(layer["originalMeetingNumber"], key);
+      EXPECT_EQ(layer["usePMI"], true);
+      EXPECT_EQ(layer["scheduleFor"], host);
+      EXPECT_EQ(layer["meetingPassword"], "another-1") << "one room, one passcode";
+      EXPECT_EQ(layer["joinUrl"], room["joinUrl"]);
+    }
+    EXPECT_EQ(ask("10;D4-E5"), ask("4;" + second));
+    wanted["meetingKey"] = first;
+    EXPECT_EQ(keyOf(update(wanted)), first);
+    EXPECT_EQ(ask("3;" + first), first);
+    EXPECT_EQ(fetch(second).json["meetingKey"], personal);
+  }
 }
 
 TEST_F(ServiceTest, schedulesForAnotherPersonUnderTheirName) {

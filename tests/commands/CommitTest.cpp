@@ -1,4 +1,7 @@
 #include "channel/commands/vnAPICommitMeeting.h"
+
+#include <limits>
+
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "tests/commands/CommandWorld.h"
@@ -251,6 +254,22 @@ TEST_F(Commit, WhatHasNoStartOrMustBeLeftAloneIsNotSent) {
   // The window of this request is not known yet.
   EXPECT_EQ(world.presenter.alerts[0].window, HostObject());
   EXPECT_THAT(sent(), IsEmpty());
+}
+
+TEST_F(Commit, WhatCannotBeWrittenIsRefusedWithAWord) {
+  for (const Value& unwritable : {Value("caf\xE9"), Value(std::numeric_limits<double>::infinity())}) {
+    setAppt("location", unwritable);
+    EXPECT_EQ(mgr->updateMeeting(window, data), 0);
+    EXPECT_EQ(mgr->scheduleMeeting(window, data), 0);
+  }
+  EXPECT_THAT(alertTexts(), ElementsAre("SystemError", "SystemError", "SystemError", "SystemError"));
+  EXPECT_THAT(sent(), IsEmpty());
+  // No request is open that a stray reply could answer.
+  reply("1", "987;invitation");
+  EXPECT_THAT(owner.finished, IsEmpty());
+
+  setAppt("location", "café");
+  EXPECT_EQ(document()["apptInfo"]["location"].text(), "café");
 }
 
 TEST_F(Commit, ALockedOffWaitingRoomDemandsAPasscodeOrSignedInUsers) {

@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <spawn.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -62,24 +61,6 @@ ProgramRun runProgram(const fs::path& program, const std::vector<std::string>& a
   run.output = contentOf(output);
   run.errors = contentOf(errors);
   return run;
-}
-
-TemporaryFolder::TemporaryFolder() {
-  std::string name = (fs::temp_directory_path() / "shell-test-XXXXXX").string();
-  EXPECT_NE(mkdtemp(name.data()), nullptr);
-  m_path = fs::canonical(name);
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  fs::remove_all(m_path, ignored);
-}
-
-fs::path TemporaryFolder::write(const fs::path& name, const std::string& content) const {
-  const fs::path path = m_path / name;
-  fs::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary) << content;
-  return path;
 }
 
 std::string contentOf(const fs::path& path) {

@@ -105,12 +105,33 @@ TEST_F(PlayScenario, FailsWhereALineCannotBePlayed) {
       {"new\nclose\nsave\n", ":3: save\n  expected   the window \"new\" is open\n  there was  it is closed"},
       {"without client\nnew\nclick add\n",
        ": the end\n  expected   no alert that no line asks for\n  there was  The "},
+      {"client faults \"reply 1 to action 3: error 3070\"\nnew\nclick add without waiting\n",
+       ": the end\n  expected   no alert that no line asks for\n  there was  A meeting cannot "},
+      {"client faults \"reply 1 to action 3: silent\"\nnew\nclick add\nexpect alert none\nexpect service none\n",
+       ":5: expect service none\n  expected   a meeting that the window has or had\n  there was  none"},
+      {"appointment a\nin a\nexpect window closed\n",
+       ":3: expect window closed\n  expected   a window that was opened before\n  there was  none"},
+      {"appointment a\nopen a\nclick cancel\n",
+       ":3: click cancel\n  expected   a bar with a button for cancel\n  there was  none"},
   };
   for (const auto& [text, told] : cases) {
     const ProgramRun run = play({m_folder.write("x.vorn", text)});
     EXPECT_EQ(run.exitCode, 1) << text;
     EXPECT_THAT(run.output, HasSubstr(std::string("x.vorn") + told));
   }
+}
+
+TEST_F(PlayScenario, LooksForATextInTheWholeRequestAndOnlyInWhatIsCovered) {
+  std::string location;
+  while (location.size() < 2000) location += "far ";
+  const std::string begin = "appointment a location \"" + location +
+                            "ann@example.com away\"\nopen a\nclick add\nexpect request contains \"";
+  const auto covered =
+      m_folder.write("covered.vorn", begin + "far ****** away\"\nexpect request contains \"msOutlook\"\n");
+  const auto open = m_folder.write("open.vorn", begin + "ann@example.com\"\n");
+  const ProgramRun run = play({covered, open});
+  EXPECT_THAT(run.output, HasSubstr("OK   covered "));
+  EXPECT_THAT(run.output, HasSubstr("FAIL " + open.string() + ":4: "));
 }
 
 TEST_F(PlayScenario, ReadsAllFilesBeforeItPlaysOne) {

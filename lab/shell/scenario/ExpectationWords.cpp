@@ -1,8 +1,8 @@
 #include <array>
 #include <cctype>
 #include <cmath>
-#include <ctime>
 
+#include "lab/shell/Words.h"
 #include "lab/shell/scenario/ScenarioWords.h"
 #include "lab/shell/scenario/TextExpectation.h"
 #include "util/HtmlText.h"
@@ -29,14 +29,10 @@ std::string oneOf(LineReader& line, std::initializer_list<const char*> words) {
   line.fail("one of " + all);
 }
 
-bool barSays(Stage& stage, const char* question) {
-  return stage.session().runtime().send(stage.host().barView(stage.editor()), question).boolValue();
-}
-
 std::string barOf(Stage& stage) {
   if (!stage.host().barView(stage.editor())) return "none";
-  if (!barSays(stage, "isAddButtonHidden")) return "add";
-  return barSays(stage, "isCancelButtonHidden") ? "hidden" : "meeting";
+  if (!stage.barSays("isAddButtonHidden")) return "add";
+  return stage.barSays("isCancelButtonHidden") ? "hidden" : "meeting";
 }
 
 StageStep bar(LineReader& line) {
@@ -47,15 +43,16 @@ StageStep bar(LineReader& line) {
 
 StageStep settings(LineReader& line) {
   return [wanted = oneOf(line, {"enabled", "disabled", "hidden"})](Stage& stage) {
-    const char* found = barSays(stage, "isChangeButtonHidden")    ? "hidden"
-                        : barSays(stage, "isChangeButtonEnabled") ? "enabled"
-                                                                  : "disabled";
+    const char* found = stage.barSays("isChangeButtonHidden")    ? "hidden"
+                        : stage.barSays("isChangeButtonEnabled") ? "enabled"
+                                                                 : "disabled";
     expectEqual("settings", wanted, found);
   };
 }
 
 StageStep window(LineReader& line) {
   return [wanted = oneOf(line, {"open", "closed", "dirty", "clean"})](Stage& stage) {
+    if (stage.window().editor == 0) throw Mismatch("a window that was opened before", "none");
     const bool isOpen = stage.isOpen();
     if (wanted == "open" || wanted == "closed") return expectEqual("window", wanted, isOpen ? "open" : "closed");
     const bool isDirty = isOpen && stage.host().isDirty(stage.editor());
@@ -118,13 +115,8 @@ std::string timesText(const CalendarEvent& event) {
   const auto start = event.start();
   const auto end = event.end();
   if (!start || !end) return "none";
-  const auto seconds = static_cast<std::time_t>(start->seconds);
-  std::tm parts{};
-  gmtime_r(&seconds, &parts);
-  std::array<char, 32> text{};
-  std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M", &parts);
-  return std::string(text.data()) + " for " + std::to_string(std::lround((end->seconds - start->seconds) / 60)) +
-         " min";
+  return timeInWords(start->seconds, "%Y-%m-%dT%H:%M") + " for " +
+         std::to_string(std::lround((end->seconds - start->seconds) / 60)) + " min";
 }
 
 OptionalText recordEntry(const CalendarEvent& event, const std::string& key) {

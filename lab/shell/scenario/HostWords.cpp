@@ -117,16 +117,23 @@ StageStep type(LineReader& line) {
 }
 
 StageStep click(LineReader& line) {
-  const std::pair<const char*, const char*> buttons[] = {{"add", "onClickAddVornMeeting:"},
-                                                         {"cancel", "onClickCancelVornMeeting:"},
-                                                         {"settings", "onClickChangeSettings:"},
-                                                         {"audio 1", "onClickAddPACAccount1:"},
-                                                         {"audio 2", "onClickAddPACAccount2:"}};
-  for (const auto& [button, selector] : buttons) {
-    if (!line.take(button)) continue;
-    return [button = button, selector = selector](Stage& stage) {
-      if (!stage.host().clickBar(stage.editor(), selector)) {
-        throw Mismatch("a bar with a button for " + std::string(button), "none");
+  struct Button {
+    const char* name;
+    const char* selector;
+    // Whether nobody could click it, as the bar tells; null for a button that the bar does not hide by itself.
+    const char* isHidden;
+  };
+  const Button buttons[] = {{"add", "onClickAddVornMeeting:", "isAddButtonHidden"},
+                            {"cancel", "onClickCancelVornMeeting:", "isCancelButtonHidden"},
+                            {"settings", "onClickChangeSettings:", "isChangeButtonHidden"},
+                            {"audio 1", "onClickAddPACAccount1:", nullptr},
+                            {"audio 2", "onClickAddPACAccount2:", nullptr}};
+  for (const Button& button : buttons) {
+    if (!line.take(button.name)) continue;
+    return [button](Stage& stage) {
+      const bool isHidden = button.isHidden != nullptr && stage.barSays(button.isHidden);
+      if (isHidden || !stage.host().clickBar(stage.editor(), button.selector)) {
+        throw Mismatch("a bar with a button for " + std::string(button.name), "none");
       }
     };
   }

@@ -1,52 +1,38 @@
 #include "lab/shell/scenario/ScenarioPlayer.h"
 
-#include <stdlib.h>
-
 #include <chrono>
 
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
+#include "lab/shell/TemporaryFolder.h"
 
 namespace vornlab {
 namespace {
 
-namespace fs = std::filesystem;
-
-// The folder of one scenario. Its path is short: the socket of the client lies in it.
-class ScenarioFolder {
- public:
-  ScenarioFolder() {
-    std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make the folder " + name);
-    m_path = fs::canonical(name);
+std::optional<ScenarioFailure> playStep(const ScenarioStep& step, Stage& stage) {
+  try {
+    step.run(stage);
+  } catch (const Mismatch& mismatch) {
+    return ScenarioFailure{step.line, step.text, mismatch.expected, mismatch.found};
+  } catch (const LabError& error) {
+    if (Interruption::requested()) throw;
+    return ScenarioFailure{step.line, step.text, "the line can be played", error.what()};
   }
-  ~ScenarioFolder() {
-    std::error_code ignored;
-    fs::remove_all(m_path, ignored);
-  }
-  ScenarioFolder(const ScenarioFolder&) = delete;
-  ScenarioFolder& operator=(const ScenarioFolder&) = delete;
+  return std::nullopt;
+}
 
-  const fs::path& path() const { return m_path; }
-
- private:
-  fs::path m_path;
-};
+// What is still under way at the end may bring an alert of its own.
+void expectQuietEnd(Stage& stage) {
+  stage.settle();
+  const std::vector<std::string> alerts = stage.takeAlerts();
+  if (!alerts.empty()) throw Mismatch("no alert that no line asks for", alerts.front());
+}
 
 std::optional<ScenarioFailure> playSteps(const Scenario& scenario, Stage& stage) {
   for (const ScenarioStep& step : scenario.steps) {
-    try {
-      step.run(stage);
-    } catch (const Mismatch& mismatch) {
-      return ScenarioFailure{step.line, step.text, mismatch.expected, mismatch.found};
-    } catch (const LabError& error) {
-      if (Interruption::requested()) throw;
-      return ScenarioFailure{step.line, step.text, "the line can be played", error.what()};
-    }
+    if (auto failure = playStep(step, stage)) return failure;
   }
-  const std::vector<std::string> alerts = stage.takeAlerts();
-  if (alerts.empty()) return std::nullopt;
-  return ScenarioFailure{0, "the end", "no alert that no line asks for", alerts.front()};
+  return playStep({0, "the end", expectQuietEnd}, stage);
 }
 
 }  // namespace
@@ -56,7 +42,7 @@ ScenarioResult play(const Scenario& scenario, const LabOptions& lab) {
   ScenarioResult result;
   result.file = scenario.file;
   result.name = scenario.name();
-  const ScenarioFolder folder;
+  const TemporaryFolder folder;
   try {
     Stage stage(scenario.setUp, lab, folder.path());
     result.failure = playSteps(scenario, stage);

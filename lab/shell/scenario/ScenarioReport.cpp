@@ -1,11 +1,11 @@
 #include "lab/shell/scenario/ScenarioReport.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
 #include "lab/shell/Masking.h"
+#include "lab/shell/Words.h"
 
 namespace vornlab {
 namespace {
@@ -15,11 +15,6 @@ using Json = nlohmann::ordered_json;
 constexpr std::size_t kMostLines = 30;
 constexpr std::size_t kMostEnvelopes = 30;
 constexpr std::size_t kEnvelopeColumns = 96;
-
-void printLine(const Json& object) {
-  std::puts(object.dump(-1, ' ', false, Json::error_handler_t::replace).c_str());
-  std::fflush(stdout);
-}
 
 std::string placeOf(const ScenarioResult& result) {
   const std::size_t line = result.failure->line;
@@ -38,25 +33,13 @@ void printAligned(const char* title, const std::string& text) {
   if (begin < shown.size()) std::printf("  %-10s ...\n", "");
 }
 
-std::string onOneLine(const std::string& text) {
-  std::string line = masked(text);
-  for (char& c : line) {
-    if (static_cast<unsigned char>(c) < ' ') c = ' ';
-  }
-  if (line.size() <= kEnvelopeColumns) return line;
-  std::size_t cut = kEnvelopeColumns;
-  // Not inside a character.
-  while (cut > 0 && (static_cast<unsigned char>(line[cut]) & 0xC0U) == 0x80U) --cut;
-  return line.substr(0, cut) + " ...";
-}
-
 void printEnvelopes(const std::vector<StageEnvelope>& envelopes) {
   const std::size_t first = envelopes.size() > kMostEnvelopes ? envelopes.size() - kMostEnvelopes : 0;
   if (first > 0) std::printf("  %zu envelopes before these\n", first);
   for (std::size_t i = first; i < envelopes.size(); ++i) {
     const StageEnvelope& envelope = envelopes[i];
     std::printf("  %-10s %-5s %s\n", envelope.isRequest ? "sent" : "received", envelope.name.c_str(),
-                onOneLine(envelope.content).c_str());
+                shortened(onOneLine(masked(envelope.content)), kEnvelopeColumns).c_str());
   }
 }
 
@@ -71,7 +54,7 @@ Json jsonOf(const ScenarioResult& result) {
   Json object{{"file", result.file},
               {"name", result.name},
               {"result", result.failure ? "failed" : "passed"},
-              {"seconds", std::round(result.seconds * 1000) / 1000}};
+              {"seconds", roundedSeconds(result.seconds)}};
   if (!result.failure) return object;
   object["line"] = result.failure->line;
   object["command"] = masked(result.failure->text);
@@ -91,7 +74,7 @@ Json jsonOf(const ScenarioResult& result) {
 void ScenarioReport::tell(const ScenarioResult& result) {
   ++m_played;
   if (result.failure) ++m_failed;
-  if (m_form == Form::json) return printLine(jsonOf(result));
+  if (m_form == ReportForm::json) return printJsonLine(jsonOf(result));
   if (result.failure) {
     printFailure(result);
   } else {
@@ -101,12 +84,12 @@ void ScenarioReport::tell(const ScenarioResult& result) {
 }
 
 void ScenarioReport::tellSummary(double seconds) const {
-  if (m_form == Form::json) {
-    return printLine(Json{{"summary",
-                           {{"scenarios", m_played},
-                            {"passed", m_played - m_failed},
-                            {"failed", m_failed},
-                            {"seconds", std::round(seconds * 1000) / 1000}}}});
+  if (m_form == ReportForm::json) {
+    return printJsonLine(Json{{"summary",
+                               {{"scenarios", m_played},
+                                {"passed", m_played - m_failed},
+                                {"failed", m_failed},
+                                {"seconds", roundedSeconds(seconds)}}}});
   }
   std::printf("\n%zu %s: %zu passed, %zu failed; %.1f seconds\n", m_played,
               m_played == 1 ? "scenario" : "scenarios", m_played - m_failed, m_failed, seconds);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "lab/shell/ReportForm.h"
 #include "lab/shell/scenario/ScenarioPlayer.h"
 
 namespace vornlab {
@@ -10,16 +11,14 @@ namespace vornlab {
 // a summary. For people, or as one JSON object a line. Passcodes and addresses are covered.
 class ScenarioReport {
  public:
-  enum class Form { words, json };
-
-  explicit ScenarioReport(Form form) : m_form(form) {}
+  explicit ScenarioReport(ReportForm form) : m_form(form) {}
 
   void tell(const ScenarioResult& result);
   void tellSummary(double seconds) const;
   std::size_t failed() const { return m_failed; }
 
  private:
-  Form m_form;
+  ReportForm m_form;
   std::size_t m_played = 0;
   std::size_t m_failed = 0;
 };

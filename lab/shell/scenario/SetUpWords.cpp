@@ -1,11 +1,10 @@
 #include <array>
-#include <cmath>
-#include <ctime>
 
 #include "lab/client/Account.h"
 #include "lab/client/Replies.h"
 #include "lab/outlook/IcsDocument.h"
 #include "lab/shell/Session.h"
+#include "lab/shell/Words.h"
 #include "lab/shell/scenario/ScenarioWords.h"
 
 namespace vornlab {
@@ -34,14 +33,7 @@ fs::path findFile(LineReader& line, const std::string& name, const char* folder)
   line.refuse("\"" + name + "\" is neither beside the scenario nor in " + folder);
 }
 
-std::string icsTime(double seconds) {
-  const auto time = static_cast<std::time_t>(std::floor(seconds));
-  std::tm parts{};
-  gmtime_r(&time, &parts);
-  std::array<char, 32> text{};
-  std::strftime(text.data(), text.size(), "%Y%m%dT%H%M%SZ", &parts);
-  return text.data();
-}
+std::string icsTime(double seconds) { return timeInWords(seconds, "%Y%m%dT%H%M%SZ"); }
 
 std::string frequencyOf(LineReader& line) {
   if (line.take("daily")) return "DAILY";

@@ -19,8 +19,6 @@ constexpr double kPatienceSeconds = 20;
 constexpr double kDoubtSeconds = 0.15;
 // How long a message that found no connection may take to bring one about.
 constexpr double kReconnectSeconds = 2;
-// The plug-in clears up a hundredth of a second after a window has closed.
-constexpr double kClearingSeconds = 0.011;
 
 constexpr std::int64_t kMeetings = 3;
 
@@ -55,8 +53,6 @@ Stage::Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::
   countAnew(true);
   for (const SavedChoice& choice : setUp.choices) choose(choice);
   m_session->trace().setListener([this](std::string_view step, const Value& facts) { note(step, facts); });
-  m_session->presenter().setAlertObserver(
-      [this](const vorn::EmbeddedPresenter::Shown& shown) { m_alerts.push_back(shown.alert.message); });
 }
 
 void Stage::loadCalendar(const ScenarioSetUp& setUp) {
@@ -115,6 +111,10 @@ std::optional<CalendarEvent> Stage::stored() {
   return event.isRemoved() ? std::nullopt : std::optional(event);
 }
 
+bool Stage::barSays(const char* question) {
+  return m_session->runtime().send(host().barView(editor()), question).boolValue();
+}
+
 Value Stage::told() {
   return m_session->ask("window", Value::dictionaryFromPairs({{"editor", host().viewController(editor())}}));
 }
@@ -133,7 +133,8 @@ void Stage::note(std::string_view step, const Value& facts) {
   if (step == "dropped") m_hasDropped = true;
   if (step != "sent" && step != "received") return;
   const bool isRequest = step == "sent";
-  m_envelopes.push_back({isRequest, nameOf(isRequest, facts), facts["content"].text()});
+  m_envelopes.push_back(
+      {isRequest, nameOf(isRequest, facts), facts["content"].text(), facts["wholeContent"].text()});
 }
 
 void Stage::countAnew(bool isConnected) {
@@ -231,14 +232,15 @@ std::vector<std::string> Stage::takeRequests() {
 
 bool Stage::requestHolds(const std::string& part) const {
   for (std::size_t i = m_requestsTakenFrom; i < m_envelopes.size(); ++i) {
-    if (m_envelopes[i].isRequest && m_envelopes[i].content.find(part) != std::string::npos) return true;
+    if (m_envelopes[i].isRequest && m_envelopes[i].wholeContent.find(part) != std::string::npos) return true;
   }
   return false;
 }
 
 std::vector<std::string> Stage::takeAlerts() {
-  std::vector<std::string> taken(m_alerts.begin() + static_cast<std::ptrdiff_t>(m_alertsTaken), m_alerts.end());
-  m_alertsTaken = m_alerts.size();
+  const auto& shown = m_session->presenter().alerts();
+  std::vector<std::string> taken;
+  for (; m_alertsTaken < shown.size(); ++m_alertsTaken) taken.push_back(shown[m_alertsTaken].alert.message);
   return taken;
 }
 
@@ -249,7 +251,9 @@ std::optional<Meeting> Stage::meetingAtService() {
   MeetingStore service(m_lab.clientDatabase);
   if (number != 0) return service.find(number);
   const auto event = stored();
-  return event ? service.findByAppointment(event->uid()) : std::nullopt;
+  const auto found = event ? service.findByAppointment(event->uid()) : std::nullopt;
+  if (!found) throw Mismatch("a meeting that the window has or had", "none");
+  return found;
 }
 
 std::int64_t Stage::meetingsAtService() const { return MeetingStore(m_lab.clientDatabase).count(); }

@@ -31,7 +31,10 @@ struct StageEnvelope {
   bool isRequest = false;
   // "6", or "3/4" for the inner operation 4.
   std::string name;
+  // Cut short when it is long.
   std::string content;
+  // A request's; "" for a reply.
+  std::string wholeContent;
 };
 
 // What plays in one scenario: a session of the laboratory, the calendar, the windows by their names, and what has
@@ -59,6 +62,8 @@ class Stage {
   bool isOpen();
   // The appointment as it is stored; absent when it is not, or not any more.
   std::optional<CalendarEvent> stored();
+  // What the window's bar answers to a question such as isAddButtonHidden; false without a bar.
+  bool barSays(const char* question);
   // What the plug-in tells of the window; see its question "window".
   vorn::Value told();
   // The number of the window's meeting: from the plug-in, or else from the stored record, or the last one known.
@@ -87,6 +92,7 @@ class Stage {
   bool requestHolds(const std::string& part) const;
   // The alerts since the last call.
   std::vector<std::string> takeAlerts();
+  // Throws Mismatch for a window that never had a meeting.
   std::optional<Meeting> meetingAtService();
   std::int64_t meetingsAtService() const;
 
@@ -117,7 +123,6 @@ class Stage {
   std::vector<StageEnvelope> m_envelopes;
   std::size_t m_requestsTakenFrom = 0;
   std::size_t m_requestsTakenTo = 0;
-  std::vector<std::string> m_alerts;
   std::size_t m_alertsTaken = 0;
   std::size_t m_sentBefore = 0;
   std::size_t m_receivedBefore = 0;

@@ -39,6 +39,12 @@ int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
     reopenSettings(parentWindow, m_msgParamActionId, ErrorCode::kTrackingFieldMissing);
     return 0;
   }
+  // A head without its document would mean a meeting of nothing to the client. Asked before the gate, whose timers
+  // and progress would have to be taken back. The alert says that the two sides do not understand each other.
+  if (!documentText()) {
+    popupErrorMsg(parentWindow, ErrorCode::kEmptyReply);
+    return 0;
+  }
   if (const int code = beginRequest(parentWindow); code != 0) return code;
   vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, getAPIData());
   return 0;

@@ -26,7 +26,7 @@ class vnAPICommitMeeting : public vnAPIWindowCommand {
   void onVornFeedback(int operation, const std::string& content);
 
   // The content of the request: the head and one JSON document. Tells the manager whom the meeting is scheduled
-  // for. "" without data.
+  // for. "" without data, and when the data holds what JSON cannot hold.
   std::string getAPIData();
   std::string getContentIdentifierHead() const;
 
@@ -45,6 +45,7 @@ class vnAPICommitMeeting : public vnAPIWindowCommand {
 
  private:
   void reopenSettings(const HostObject& parentWindow, std::uint64_t operation, int code);
+  OptionalText documentText() const;
   Value apptInfoDocument() const;
   Value settingDocument() const;
 

@@ -96,6 +96,14 @@ std::string vnAPICommitMeeting::getContentIdentifierHead() const {
 
 std::string vnAPICommitMeeting::getAPIData() {
   if (!hasValidMeetingInfo()) return "";
+  if (meetingMgr()) {
+    meetingMgr()->setScheduleForEmail(m_dataMeetingInfo[vn_Setting][vn_Setting_ScheduleFor].optionalText());
+  }
+  const OptionalText document = documentText();
+  return document ? getContentIdentifierHead() + *document : "";
+}
+
+OptionalText vnAPICommitMeeting::documentText() const {
   Value document = Value::dictionary();
   document.set(vn_Outlook_ApptInfo, apptInfoDocument());
   document.set(vn_Setting, settingDocument());
@@ -103,10 +111,7 @@ std::string vnAPICommitMeeting::getAPIData() {
   if (const std::string number = key.stringValue(); !number.empty() && number != "0") {
     document.set(vn_MeetingKey, key);
   }
-  if (meetingMgr()) {
-    meetingMgr()->setScheduleForEmail(m_dataMeetingInfo[vn_Setting][vn_Setting_ScheduleFor].optionalText());
-  }
-  return getContentIdentifierHead() + vnOLUtils::toJSONString(document).value_or("");
+  return vnOLUtils::toJSONString(document);
 }
 
 Value vnAPICommitMeeting::apptInfoDocument() const {

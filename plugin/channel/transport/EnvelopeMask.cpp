@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <optional>
 
 #include "channel/transport/vnIPCConstants.h"
@@ -97,10 +98,10 @@ bool isDialledPasscode(std::string_view word) {
 // Goes through the text once, from left to right, and gathers what may be seen.
 class Cover {
  public:
-  explicit Cover(std::string_view text) : m_text(text) {}
+  Cover(std::string_view text, std::size_t mostBytes) : m_text(text), m_mostBytes(mostBytes) {}
 
   std::string run() {
-    while (m_at < m_text.size() && m_seen.size() < kShownBytes) {
+    while (m_at < m_text.size() && m_seen.size() < m_mostBytes) {
       if (m_text[m_at] == '"') {
         takeQuote();
       } else if (kWordEnds.find(m_text[m_at]) != kNone) {
@@ -111,8 +112,8 @@ class Cover {
     }
     const std::size_t leftOut = m_text.size() - m_at;
     std::string_view shown = m_seen;
-    if (shown.size() > kShownBytes) {
-      std::size_t cut = kShownBytes;
+    if (shown.size() > m_mostBytes) {
+      std::size_t cut = m_mostBytes;
       while (cut > 0 && (static_cast<unsigned char>(shown[cut]) & 0xC0) == 0x80) --cut;
       shown = shown.substr(0, cut);
     }
@@ -292,6 +293,7 @@ class Cover {
   }
 
   std::string_view m_text;
+  std::size_t m_mostBytes;
   Position m_at = 0;
   std::string m_seen;
 };
@@ -305,6 +307,10 @@ Value EnvelopeMask::facts(const Value& envelope) {
                                      {"content", covered(content)}});
 }
 
-std::string EnvelopeMask::covered(std::string_view content) { return Cover(content).run(); }
+std::string EnvelopeMask::covered(std::string_view content) { return Cover(content, kShownBytes).run(); }
+
+std::string EnvelopeMask::coveredWhole(std::string_view content) {
+  return Cover(content, std::numeric_limits<std::size_t>::max()).run();
+}
 
 }  // namespace vorn

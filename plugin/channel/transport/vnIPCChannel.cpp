@@ -50,7 +50,11 @@ bool vnIPCChannel::sendIPCMessageToVornClient(std::uint32_t action, const Option
   const Value envelope =
       Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, std::to_string(action)}, {VN_IPC_CONTENT, content}});
   const bool isSent = sendOnTransportOfTheMoment(envelope);
-  traceStep(isSent ? "sent" : "dropped", [&] { return EnvelopeMask::facts(envelope); });
+  traceStep(isSent ? "sent" : "dropped", [&] {
+    Value facts = EnvelopeMask::facts(envelope);
+    if (isSent) facts.set("wholeContent", EnvelopeMask::coveredWhole(content.value_or("")));
+    return facts;
+  });
   return isSent;
 }
 

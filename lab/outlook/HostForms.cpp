@@ -1,0 +1,44 @@
+#include "lab/outlook/HostForms.h"
+
+#include <array>
+#include <cstdio>
+#include <random>
+
+namespace vornlab {
+
+std::string newUid() {
+  std::random_device random;
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), "%08X-%04X-%04X-%04X-%08X%04X", random(), random() & 0xFFFF,
+                random() & 0xFFFF, random() & 0xFFFF, random(), random() & 0xFFFF);
+  return text.data();
+}
+
+std::string htmlForPlainText(std::string_view text) {
+  std::string body;
+  body.reserve(text.size() + text.size() / 8);
+  bool afterBlank = true;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char c = text[at];
+    switch (c) {
+      case '&': body += "&amp;"; break;
+      case '<': body += "&lt;"; break;
+      case '>': body += "&gt;"; break;
+      case '\r': break;
+      case '\n': body += "<br>\n"; break;
+      // HTML shows a run of blanks as one, and none at the start of a line.
+      case ' ': body += afterBlank ? "&nbsp;" : " "; break;
+      default: body += c;
+    }
+    afterBlank = c == ' ' || c == '\n';
+  }
+  return "<html><head><meta charset=\"utf-8\"></head><body>" + body + "</body></html>";
+}
+
+std::string shownHtml(const CalendarEvent& event) {
+  if (const vorn::OptionalText html = event.htmlDescription()) return *html;
+  const std::string description = event.description().value_or("");
+  return event.descriptionIsHtml() ? description : htmlForPlainText(description);
+}
+
+}  // namespace vornlab

@@ -1,0 +1,97 @@
+#include "lab/shell/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+
+#include "lab/shell/Interruption.h"
+#include "lab/shell/Session.h"
+
+namespace vornlab {
+namespace {
+
+// "" for three numbers with dots between, or what is wrong.
+std::string isVersion(const std::string& text) {
+  return parseSystemVersion(text) ? std::string() : "\"" + text + "\" is no version such as 10.15.0";
+}
+
+bool hasCommand(const CLI::App& program, const std::string& name) {
+  const auto commands = program.get_subcommands(nullptr);
+  return std::any_of(commands.begin(), commands.end(),
+                     [&](const CLI::App* command) { return command->get_name() == name; });
+}
+
+}  // namespace
+
+std::filesystem::path programFolder() { return std::filesystem::read_symlink("/proc/self/exe").parent_path(); }
+
+void addLabOptions(CLI::App& command, LabOptions& lab) {
+  command.add_option("--account", lab.account, "who is signed in at the client; see docs/laboratory.md")
+      ->check(CLI::ExistingFile);
+  command
+      .add_option("--timeout", lab.timeoutSeconds,
+                  "seconds that one appointment, or the client's profile, may take")
+      ->check(CLI::PositiveNumber)
+      ->capture_default_str();
+  command
+      .add_option("--os", lab.systemVersion,
+                  "the system's version that the plug-in finds; before 10.15.0 it talks by notifications")
+      ->check(isVersion, "VERSION")
+      ->capture_default_str();
+  const auto trying = "For trying what goes wrong";
+  command.add_option("--world", lab.world, "a folder for the world, which stays at the end")->group(trying);
+  command.add_flag("--without-client", lab.withoutClient, "a machine without a client")->group(trying);
+  command.add_option("--client-version", lab.clientVersion, "the version that the client shows")->group(trying);
+  command.add_option("--client-option", lab.clientArguments, "an argument for the client; may be repeated")
+      ->group(trying)
+      ->take_all();
+}
+
+void addJsonFlag(CLI::App& command, ReportForm& form, const char* what) {
+  command.add_flag_callback(
+      "--json", [&form] { form = ReportForm::json; }, what);
+}
+
+void askWithoutClient(CLI::App& command, LabOptions& lab, ReportForm& form) {
+  lab.withoutClient = true;
+  lab.panelIsOff = false;
+  addJsonFlag(command, form);
+}
+
+void askClient(CLI::App& command, LabOptions& lab, ReportForm& form) {
+  constexpr double kProfileSeconds = 10;
+  lab.panelIsOff = false;
+  lab.timeoutSeconds = kProfileSeconds;
+  addJsonFlag(command, form);
+  addLabOptions(command, lab);
+}
+
+int runProgram(const char* name, const std::function<ExitCode()>& run) {
+  Interruption::install();
+  const auto tell = [name](const std::exception& error) { std::fprintf(stderr, "%s: %s\n", name, error.what()); };
+  try {
+    return static_cast<int>(run());
+  } catch (const UsageError& error) {
+    tell(error);
+    return static_cast<int>(ExitCode::badUsage);
+  } catch (const std::exception& error) {
+    tell(error);
+    return static_cast<int>(ExitCode::somethingFailed);
+  }
+}
+
+std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words, const std::string& advice) {
+  if (!words.empty() && !words.front().starts_with('-') && !hasCommand(program, words.front())) {
+    throw UsageError("there is no command \"" + words.front() + "\"" + advice);
+  }
+  try {
+    // The parser takes its words from the end.
+    std::reverse(words.begin(), words.end());
+    program.parse(words);
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error) == 0 ? ExitCode::done : ExitCode::badUsage;
+  }
+  return std::nullopt;
+}
+
+}  // namespace vornlab
