@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <array>
 
-#include "bundle/Diagnosis.h"
-#include "bundle/DiagnosisReport.h"
 #include "channel/commands/vnAPIBase.h"
 #include "channel/discovery/vnAppHelper.h"
 #include "channel/discovery/vnClientConstants.h"
@@ -21,6 +19,8 @@
 #include "channel/transport/vnIPCConstants.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
+#include "diagnosis/Diagnosis.h"
+#include "diagnosis/DiagnosisReport.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
 #include "platform/UserDefaults.h"

@@ -1,13 +1,13 @@
-#include "bundle/Diagnosis.h"
+#include "diagnosis/Diagnosis.h"
 
 #include <optional>
 
-#include "bundle/DiagnosisReport.h"
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnAPIMgr.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "data/vnUserProfileHelper.h"
+#include "diagnosis/DiagnosisReport.h"
 #include "workflow/vnMeetingMgr.h"
 
 namespace vorn {

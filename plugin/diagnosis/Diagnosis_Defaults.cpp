@@ -1,8 +1,5 @@
 #include <array>
 
-#include "bundle/Diagnosis.h"
-#include "bundle/DiagnosisReport.h"
-#include "bundle/SettingReasons.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "channel/store/vnMeetingCommon.h"
@@ -10,6 +7,9 @@
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
+#include "diagnosis/Diagnosis.h"
+#include "diagnosis/DiagnosisReport.h"
+#include "diagnosis/SettingReasons.h"
 #include "platform/Registry.h"
 #include "platform/UserDefaults.h"
 

@@ -1,4 +1,4 @@
-#include "bundle/ProfileQuestions.h"
+#include "diagnosis/ProfileQuestions.h"
 
 namespace vorn {
 

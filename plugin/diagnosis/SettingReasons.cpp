@@ -1,13 +1,13 @@
-#include "bundle/SettingReasons.h"
+#include "diagnosis/SettingReasons.h"
 
 #include <array>
 #include <optional>
 
-#include "bundle/ProfileQuestions.h"
 #include "channel/discovery/vnClientConstants.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
+#include "diagnosis/ProfileQuestions.h"
 
 namespace vorn {
 
