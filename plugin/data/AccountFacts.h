@@ -74,15 +74,15 @@ struct AccountFacts {
   bool isEnableAllowDenyJoinMeetingRegion = false;
   bool isLockAllowDenyJoinMeetingRegion = false;
   std::int64_t getRegionType = 0;
-  Value getRegionCodes;
+  Value getRegionCodes{};
 
   // Minutes.
   std::int64_t getDefaultJbhPriorTime = 0;
-  OptionalText roomMeetingID;
-  OptionalText thirdPartyAudioInfo;
-  Value getMeetingAuths;
-  Value trackingFields;
-  std::optional<VNAvailableDialinCountryContent> getAvailableDialinCountry;
+  OptionalText roomMeetingID{};
+  OptionalText thirdPartyAudioInfo{};
+  Value getMeetingAuths{};
+  Value trackingFields{};
+  std::optional<VNAvailableDialinCountryContent> getAvailableDialinCountry{};
 };
 
 // The answers as they stand now. The regions are those of the person with the e-mail, of the account for an absent
