@@ -2,7 +2,6 @@
 #include <vector>
 
 #include "data/CVnGetMeetingProtoParse.h"
-#include "data/CVnUserProfileProtoParse.h"
 #include "tests/data/DataTest.h"
 
 namespace vorn {
@@ -14,7 +13,6 @@ using Question = std::function<bool()>;
 struct Row {
   int bit;
   Question ask;
-  bool inverted = false;
 };
 
 using Account = vnUserProfileHelper;
@@ -34,151 +32,54 @@ class OptionBitsTest : public DataTest {
     for (int bit = 0; bit < 64; ++bit) {
       setWord(static_cast<std::int64_t>(std::uint64_t{1} << bit));
       for (const Row& row : rows) {
-        EXPECT_EQ(row.ask(), (row.bit == bit) != row.inverted) << "the question of " << row.bit << " with " << bit;
+        EXPECT_EQ(row.ask(), row.bit == bit) << "the question of " << row.bit << " with " << bit;
       }
     }
   }
 };
 
-TEST_F(OptionBitsTest, EachQuestionOnUserOptionAnswersToItsOwnBit) {
-  const CVnUserProfileProtoParse parser(nullptr, 0);
-  const auto ask = [&](bool (CVnUserProfileProtoParse::*question)() const) {
-    return [&parser, question] { return (parser.*question)(); };
+// What a new meeting and its overlay are made of is tried with the record; these are the others.
+TEST_F(OptionBitsTest, EachFurtherQuestionAnswersToItsOwnBit) {
+  using Word = void (proto::UserProfile::*)(std::int64_t);
+  const auto walkWord = [](Word set, const std::vector<Row>& rows) {
+    walk(rows, [set](std::int64_t value) {
+      proto::UserProfile profile;
+      (profile.*set)(value);
+      receive(profile);
+    });
   };
-  using P = CVnUserProfileProtoParse;
-  std::int64_t word = 0;
-  const std::vector<Row> rows = {
-      {5, ask(&P::EnableAutoRecordingByDefault)},
-      {22, ask(&P::AlwaysUseTelephonyAsDefaultAudio)},
-      {25, ask(&P::HasSelfTelephony)},
-      {25, ask(&P::EnableThirdPartyAudio)},
-      {28, ask(&P::EnableCloudRecording)},
-      {30, ask(&P::EnableCloudRecordingByDefault)},
-      {33, ask(&P::UseRandomPasswordByDefault)},
-      // Counts only with the account's own telephony, bit 25, which is set here for it.
-      {34,
-       [&] {
-         proto::UserProfile both;
-         both.set_useroption(word | 0x2000000);
-         receive(both);
-         const bool withTelephony = account().use3rdPartyAsDefaultAudio();
-         both.set_useroption(word);
-         receive(both);
-         EXPECT_FALSE(account().use3rdPartyAsDefaultAudio());
-         return withTelephony;
-       }},
-      {35, ask(&P::AlwaysUseBothAsDefaultAudio)},
-      {36, ask(&P::AlwaysTurnOnHostVideoByDefault)},
-      {37, ask(&P::AlwaysTurnOnAttendeeVideoByDefault)},
-      {38, ask(&P::AlwaysEnableJoinBeforeHostByDefault)},
-      {51, ask(&P::EnableLocalRecording), true},
-      {56, ask(&P::IsSignedInUserMeetingOn)},
-      {57, ask(&P::IsSpecifiedDomainsMeetingOn)},
-      {63, ask(&P::EnforceJoinLoginSpecifiedDomainsDefaultOn)},
-  };
-  walk(rows, [&](std::int64_t value) {
-    word = value;
-    proto::UserProfile profile;
-    profile.set_useroption(value);
-    receive(profile);
-  });
-}
-
-TEST_F(OptionBitsTest, EachQuestionOnUserOption2AnswersToItsOwnBit) {
-  const std::vector<Row> rows = {
-      {31, answer(&Account::isScheduleAudioBothDisabled)},     {32, answer(&Account::enableNotStoreMeetingTopic)},
-      {39, answer(&Account::enableLocalRecording), true},      {39, answer(&Account::enableCloudRecording), true},
-      {45, answer(&Account::isEnableForcePMIJBHWithPassword)}, {54, answer(&Account::alwaysUseVOIPAsDefaultAudio)},
-  };
-  walk(rows, [&](std::int64_t value) {
-    proto::UserProfile profile;
-    profile.set_useroption(std::int64_t{1} << 28);
-    profile.set_useroption2(value);
-    receive(profile);
-  });
-}
-
-TEST_F(OptionBitsTest, EachQuestionOnUserOption3AnswersToItsOwnBit) {
-  const std::vector<Row> rows = {
-      {3, answer(&Account::isEnableAddMeetingToPublicCalendarEvent)},
-      {5, answer(&Account::enableListMeetingInPublicEventListByDefault)},
-      {6, answer(&Account::muteUponEntryDefaultValue)},
-      {7, answer(&Account::isEnableAudioWatermark)},
-      {8, answer(&Account::isDefaultScheduleUsePMI)},
-      {9, answer(&Account::isEnableWaitingRoom)},
-      {12, answer(&Account::putTheInvitationAtTheTopDefaultValue)},
-      {14, answer(&Account::isAddJoinUrlToLocation), true},
-      {16, answer(&Account::isEnableRequirePassword)},
-      {17, answer(&Account::isEnablePMIRequirePassword)},
-      {25, answer(&Account::isDisablePwdEmbedInJoinUrl)},
-      {27, answer(&Account::isSupportJbhPriorTime)},
-      {37, answer(&Account::isSupportRegionCustomization)},
-      {38, answer(&Account::isEnableRegionCustomization)},
-      {39, answer(&Account::isDisablePMI)},
-      {46, answer(&Account::isShowUseWebSettingTipView)},
-      {47, answer(&Account::isEnableWaitingRoomNewLogic)},
-      {49, answer(&Account::isSupportUnmuteAll)},
-      {51, answer(&Account::isEnableUnmuteAll)},
-      {53, answer(&Account::isEnableE2eeMeeting)},
-      {54, answer(&Account::canScheduleE2eeMeeting)},
-      {57, answer(&Account::isSupportE2eeMeeting)},
-      {60, answer(&Account::isSupportForceIncludeJoinurlInLocation)},
-      {62, ownAnswer(&Account::isEnableAllowDenyJoinMeetingRegion)},
-  };
-  walk(rows, [&](std::int64_t value) {
-    proto::UserProfile profile;
-    profile.set_useroption3(value);
-    receive(profile);
-  });
-}
-
-TEST_F(OptionBitsTest, EachQuestionOnUserOption4AnswersToItsOwnBit) {
-  const std::vector<Row> rows = {
-      {1, answer(&Account::isHostVideoLocked)},
-      {2, answer(&Account::isParticipantsLocked)},
-      {3, answer(&Account::isAudioTypeLocked)},
-      {4, answer(&Account::isJoinBeforeHostLocked)},
-      {5, answer(&Account::isMuteUponEntryLocked)},
-      {6, answer(&Account::isOnlySignedinUserCanJoinLocked)},
-      {7, answer(&Account::isSignedinDomainsLocked)},
-      {8, answer(&Account::isWatermarkLocked)},
-      {9, answer(&Account::isAutomaticRecordingLocked)},
-      {11, answer(&Account::isPublicEventLocked)},
-      {12, answer(&Account::isLockAudioWatermark)},
-      {13, answer(&Account::isLockScheduleRequirePassword)},
-      {15, answer(&Account::isLockPMIRequirePassword)},
-      {16, answer(&Account::isLockScheduleUsePMI)},
-      {17, answer(&Account::isLockWaitingRoom)},
-      {18, answer(&Account::isLockJoinUrlToLocation)},
-      {22, answer(&Account::isEnableNumberalphabet)},
-      {26, answer(&Account::isLockE2eeMeeting)},
-      {30, ownAnswer(&Account::isLockAllowDenyJoinMeetingRegion)},
-      {33, ownAnswer(&Account::isLockAdminTemplate)},
-  };
-  walk(rows, [&](std::int64_t value) {
-    proto::UserProfile profile;
-    profile.set_useroption4(value);
-    receive(profile);
-  });
-}
-
-TEST_F(OptionBitsTest, TheRemainingAccountWordsAnswerToTheirOwnBits) {
-  walk({{0, ownAnswer(&Account::isEnableAdminTemplate)}}, [&](std::int64_t value) {
-    proto::UserProfile profile;
-    profile.set_useroption5(value);
-    receive(profile);
-  });
-  const std::vector<Row> features = {
-      {0, answer(&Account::supportEditCountriesFeature)},
-      {1, answer(&Account::supportPutTheInvitationAtTheTopFeature)},
-      {2, answer(&Account::supportFeatureRequirePassword)},
-      {3, answer(&Account::supportFeatureEnablePaidUserForCN)},
-  };
-  walk(features, [&](std::int64_t value) {
-    Value profile = Value::dictionary();
-    profile.set(vn_Profile_SupportFeatureOptions, value);
-    account().setData(profile);
-  });
+  walkWord(&proto::UserProfile::set_useroption,
+           {{33, answer(&Account::useRandomPasswordByDefault)},
+            {56, answer(&Account::isSignedInUserMeetingOn)},
+            {57, answer(&Account::isSpecifiedDomainsMeetingOn)},
+            {63, answer(&Account::enforceJoinLoginSpecifiedDomainsDefaultOn)}});
+  walkWord(&proto::UserProfile::set_useroption2, {{32, answer(&Account::enableNotStoreMeetingTopic)}});
+  walkWord(&proto::UserProfile::set_useroption3, {{7, answer(&Account::isEnableAudioWatermark)},
+                                                  {25, answer(&Account::isDisablePwdEmbedInJoinUrl)},
+                                                  {37, answer(&Account::isSupportRegionCustomization)},
+                                                  {39, answer(&Account::isDisablePMI)},
+                                                  {39, answer(&Account::isDisablePMIForOther)},
+                                                  {46, answer(&Account::isShowUseWebSettingTipView)},
+                                                  {47, answer(&Account::isEnableWaitingRoomNewLogic)},
+                                                  {49, answer(&Account::isSupportUnmuteAll)},
+                                                  {54, answer(&Account::canScheduleE2eeMeeting)}});
+  walkWord(&proto::UserProfile::set_useroption4, {{6, answer(&Account::isOnlySignedinUserCanJoinLocked)},
+                                                  {7, answer(&Account::isSignedinDomainsLocked)},
+                                                  {8, answer(&Account::isWatermarkLocked)},
+                                                  {13, answer(&Account::isLockScheduleRequirePassword)},
+                                                  {15, answer(&Account::isLockPMIRequirePassword)},
+                                                  {18, answer(&Account::isLockJoinUrlToLocation)},
+                                                  {22, answer(&Account::isEnableNumberalphabet)},
+                                                  {30, ownAnswer(&Account::isLockAllowDenyJoinMeetingRegion)},
+                                                  {33, ownAnswer(&Account::isLockAdminTemplate)}});
+  walkWord(&proto::UserProfile::set_useroption5, {{0, ownAnswer(&Account::isEnableAdminTemplate)}});
+  walk({{0, answer(&Account::supportEditCountriesFeature)},
+        {1, answer(&Account::supportPutTheInvitationAtTheTopFeature)},
+        {2, answer(&Account::supportFeatureRequirePassword)},
+        {3, answer(&Account::supportFeatureEnablePaidUserForCN)}},
+       [](std::int64_t value) {
+         account().setData(Value::dictionaryFromPairs({{vn_Profile_SupportFeatureOptions, value}}));
+       });
 }
 
 TEST_F(OptionBitsTest, EachQuestionOnAMeetingAnswersToItsOwnBit) {
