@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "bundle/Diagnosis.h"
+#include "diagnosis/Diagnosis.h"
 #include "invitation/vnICalendarContentParse.h"
 #include "lab/outlook/IcsDocument.h"
 #include "tests/road/world/RoadWorld.h"

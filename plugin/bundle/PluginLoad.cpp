@@ -1,9 +1,6 @@
 #include "bundle/PluginLoad.h"
 
-#include "bundle/Diagnosis.h"
-#include "channel/discovery/vnClientFeatureMgr.h"
-#include "channel/store/vnCommon.h"
-#include "data/vnUserProfileHelper.h"
+#include "diagnosis/Diagnosis.h"
 #include "host/surface/HookInstaller.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "platform/Registry.h"
@@ -16,12 +13,6 @@ namespace {
 
 // Lower rooms have said what they need of higher ones; here each gets it.
 void connectRooms() {
-  vnCommon::setUserIdSource([]() -> OptionalText {
-    vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-    return profile.hasUserProfile() ? profile.getUID() : std::nullopt;
-  });
-  vnClientFeatureMgr::sharedInstance().setEditCountriesSource(
-      [] { return vnUserProfileHelper::sharedInstance().supportEditCountriesFeature(); });
   WorkflowDirectory::sharedInstance().install();
   vnApptUIActionMgr::sharedInstance().setBarFactory(
       [](const HostObject& headerView) { vnActionAdditionView::create(headerView); });

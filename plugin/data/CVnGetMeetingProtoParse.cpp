@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "data/OptionBits.h"
 #include "data/vnProtoBufConvert.h"
 #include "meeting.pb.h"
 
@@ -119,46 +118,6 @@ void CVnGetMeetingProtoParse::ReadFromProto(const std::uint8_t* bytes, std::int3
     m_joinMeetingRegionPolicy.regionType = policy.regiontype();
     m_joinMeetingRegionPolicy.regionCodes = takenAll(policy.mutable_regioncodes());
   }
-}
-
-bool CVnGetMeetingProtoParse::IsSignedInUsersMeetingOn() const {
-  return hasBit(m_scheduleOptions, maskOf(kScheduleOptionsBits, "IsSignedInUsersMeetingOn"));
-}
-bool CVnGetMeetingProtoParse::IsEnableMuteOnEntry() const {
-  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableMuteOnEntry"));
-}
-bool CVnGetMeetingProtoParse::IsEnableAutoRecordingLocal() const {
-  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableAutoRecordingLocal"));
-}
-bool CVnGetMeetingProtoParse::IsEnableAUtoRecordingCloud() const {
-  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableAUtoRecordingCloud"));
-}
-bool CVnGetMeetingProtoParse::IsEnableAutoRecordingMtgLevelFirst() const {
-  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableAutoRecordingMtgLevelFirst"));
-}
-bool CVnGetMeetingProtoParse::IsEnableMeetingToPublic() const {
-  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableMeetingToPublic"));
-}
-bool CVnGetMeetingProtoParse::IsEnableWaitingRoom() const {
-  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableWaitingRoom"));
-}
-bool CVnGetMeetingProtoParse::IsSupportWaitingRoom() const {
-  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsSupportWaitingRoom"));
-}
-bool CVnGetMeetingProtoParse::IsEnableAudioWatermark() const {
-  return hasBit(m_scheduleOption2, maskOf(kScheduleOption2Bits, "IsEnableAudioWatermark"));
-}
-bool CVnGetMeetingProtoParse::IsEnableRegionCustomization() const {
-  return hasBit(m_scheduleOption3, maskOf(kScheduleOption3Bits, "IsEnableRegionCustomization"));
-}
-bool CVnGetMeetingProtoParse::IsEnableE2ee() const {
-  return hasBit(m_scheduleOption4, maskOf(kScheduleOption4Bits, "IsEnableE2ee"));
-}
-bool CVnGetMeetingProtoParse::IsEnableUnmuteAll() const {
-  return hasBit(m_scheduleOption4, maskOf(kScheduleOption4Bits, "IsEnableUnmuteAll"));
-}
-bool CVnGetMeetingProtoParse::IsEnableAllowDenyJoinMeetingRegion() const {
-  return hasBit(m_scheduleOption4, maskOf(kScheduleOption4Bits, "IsEnableAllowDenyJoinMeetingRegion"));
 }
 
 bool CVnGetMeetingProtoParse::GetTrackingFieldAt(std::int32_t index, _sTrackingField& field) const {

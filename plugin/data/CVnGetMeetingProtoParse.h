@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/MeetingRecords.h"
+#include "data/OptionBits.h"
 
 namespace vorn {
 
@@ -28,19 +29,35 @@ class CVnGetMeetingProtoParse {
   const std::string& GetHostID() const { return m_hostId; }
   const std::string& GetHostEmail() const { return m_hostEmail; }
 
-  bool IsSignedInUsersMeetingOn() const;
-  bool IsEnableMuteOnEntry() const;
-  bool IsEnableAutoRecordingLocal() const;
-  bool IsEnableAUtoRecordingCloud() const;
-  bool IsEnableAutoRecordingMtgLevelFirst() const;
-  bool IsEnableMeetingToPublic() const;
-  bool IsEnableWaitingRoom() const;
-  bool IsSupportWaitingRoom() const;
-  bool IsEnableAudioWatermark() const;
-  bool IsEnableRegionCustomization() const;
-  bool IsEnableE2ee() const;
-  bool IsEnableUnmuteAll() const;
-  bool IsEnableAllowDenyJoinMeetingRegion() const;
+  bool IsSignedInUsersMeetingOn() const {
+    return hasBit(m_scheduleOptions, ScheduleOptions::IsSignedInUsersMeetingOn);
+  }
+  bool IsEnableMuteOnEntry() const { return hasBit(m_scheduleOption2, ScheduleOption2::IsEnableMuteOnEntry); }
+  bool IsEnableAutoRecordingLocal() const {
+    return hasBit(m_scheduleOption2, ScheduleOption2::IsEnableAutoRecordingLocal);
+  }
+  bool IsEnableAUtoRecordingCloud() const {
+    return hasBit(m_scheduleOption2, ScheduleOption2::IsEnableAUtoRecordingCloud);
+  }
+  bool IsEnableAutoRecordingMtgLevelFirst() const {
+    return hasBit(m_scheduleOption2, ScheduleOption2::IsEnableAutoRecordingMtgLevelFirst);
+  }
+  bool IsEnableMeetingToPublic() const {
+    return hasBit(m_scheduleOption2, ScheduleOption2::IsEnableMeetingToPublic);
+  }
+  bool IsEnableWaitingRoom() const { return hasBit(m_scheduleOption2, ScheduleOption2::IsEnableWaitingRoom); }
+  bool IsSupportWaitingRoom() const { return hasBit(m_scheduleOption2, ScheduleOption2::IsSupportWaitingRoom); }
+  bool IsEnableAudioWatermark() const {
+    return hasBit(m_scheduleOption2, ScheduleOption2::IsEnableAudioWatermark);
+  }
+  bool IsEnableRegionCustomization() const {
+    return hasBit(m_scheduleOption3, ScheduleOption3::IsEnableRegionCustomization);
+  }
+  bool IsEnableE2ee() const { return hasBit(m_scheduleOption4, ScheduleOption4::IsEnableE2ee); }
+  bool IsEnableUnmuteAll() const { return hasBit(m_scheduleOption4, ScheduleOption4::IsEnableUnmuteAll); }
+  bool IsEnableAllowDenyJoinMeetingRegion() const {
+    return hasBit(m_scheduleOption4, ScheduleOption4::IsEnableAllowDenyJoinMeetingRegion);
+  }
 
   // The indexes are zero-based; an index outside gives false and leaves the record as it is.
   std::int32_t GetTrackingFieldsCount() const { return static_cast<std::int32_t>(m_trackingFields.size()); }

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "data/OptionBits.h"
 #include "data/vnProtoBufConvert.h"
 #include "meeting.pb.h"
 #include "platform/Registry.h"
@@ -20,10 +19,6 @@ struct DecodedUserProfile {
 };
 
 const proto::UserProfile& profile() { return Registry::shared<DecodedUserProfile>().message; }
-
-bool inUserOption(std::uint64_t mask) { return hasBit(profile().useroption(), mask); }
-bool inUserOption2(std::uint64_t mask) { return hasBit(profile().useroption2(), mask); }
-bool telephonyIsOff() { return profile().telephonyoff() != 0; }
 
 }  // namespace
 
@@ -58,76 +53,15 @@ std::string CVnUserProfileProtoParse::GetRestrictJoinDomains() const {
 
 bool CVnUserProfileProtoParse::CanUpgrade() const { return profile().canupgrade() != 0; }
 
+bool CVnUserProfileProtoParse::says(UserOption bit) const { return hasBit(profile().useroption(), bit); }
+bool CVnUserProfileProtoParse::says(UserOption2 bit) const { return hasBit(profile().useroption2(), bit); }
+bool CVnUserProfileProtoParse::says(UserOption3 bit) const { return hasBit(GetUserOption3(), bit); }
+
 std::int64_t CVnUserProfileProtoParse::GetUserOption3() const { return profile().useroption3(); }
 std::int64_t CVnUserProfileProtoParse::GetUserOption4() const { return profile().useroption4(); }
 std::int64_t CVnUserProfileProtoParse::GetUserOption5() const { return profile().useroption5(); }
 
-bool CVnUserProfileProtoParse::EnableAutoRecordingByDefault() const {
-  return inUserOption(maskOf(kUserOptionBits, "EnableAutoRecordingByDefault"));
-}
-bool CVnUserProfileProtoParse::AlwaysUseTelephonyAsDefaultAudio() const {
-  return inUserOption(maskOf(kUserOptionBits, "AlwaysUseTelephonyAsDefaultAudio"));
-}
-bool CVnUserProfileProtoParse::HasSelfTelephony() const {
-  return inUserOption(maskOf(kUserOptionBits, "HasSelfTelephony"));
-}
-bool CVnUserProfileProtoParse::EnableThirdPartyAudio() const {
-  return !telephonyIsOff() && inUserOption(maskOf(kUserOptionBits, "EnableThirdPartyAudio"));
-}
-bool CVnUserProfileProtoParse::IsEnablePSTN() const { return !telephonyIsOff(); }
-bool CVnUserProfileProtoParse::EnableCloudRecording() const {
-  if (inUserOption2(maskOf(kUserOption2Bits, "EnableCloudRecording"))) return false;
-  return inUserOption(maskOf(kUserOptionBits, "EnableCloudRecording"));
-}
-bool CVnUserProfileProtoParse::EnableCloudRecordingByDefault() const {
-  return inUserOption(maskOf(kUserOptionBits, "EnableCloudRecordingByDefault"));
-}
-bool CVnUserProfileProtoParse::UseRandomPasswordByDefault() const {
-  return inUserOption(maskOf(kUserOptionBits, "UseRandomPasswordByDefault"));
-}
-bool CVnUserProfileProtoParse::Use3rdPartyAsDefaultAudio() const {
-  return HasSelfTelephony() && inUserOption(maskOf(kUserOptionBits, "Use3rdPartyAsDefaultAudio"));
-}
-bool CVnUserProfileProtoParse::AlwaysUseBothAsDefaultAudio() const {
-  return inUserOption(maskOf(kUserOptionBits, "AlwaysUseBothAsDefaultAudio"));
-}
-bool CVnUserProfileProtoParse::AlwaysTurnOnHostVideoByDefault() const {
-  return inUserOption(maskOf(kUserOptionBits, "AlwaysTurnOnHostVideoByDefault"));
-}
-bool CVnUserProfileProtoParse::AlwaysTurnOnAttendeeVideoByDefault() const {
-  return inUserOption(maskOf(kUserOptionBits, "AlwaysTurnOnAttendeeVideoByDefault"));
-}
-bool CVnUserProfileProtoParse::AlwaysEnableJoinBeforeHostByDefault() const {
-  return inUserOption(maskOf(kUserOptionBits, "AlwaysEnableJoinBeforeHostByDefault"));
-}
-bool CVnUserProfileProtoParse::EnableLocalRecording() const {
-  return !inUserOption2(maskOf(kUserOption2Bits, "EnableLocalRecording")) &&
-         !inUserOption(maskOf(kUserOptionBits, "EnableLocalRecording"));
-}
-bool CVnUserProfileProtoParse::IsSignedInUserMeetingOn() const {
-  return inUserOption(maskOf(kUserOptionBits, "IsSignedInUserMeetingOn"));
-}
-bool CVnUserProfileProtoParse::IsSpecifiedDomainsMeetingOn() const {
-  return inUserOption(maskOf(kUserOptionBits, "IsSpecifiedDomainsMeetingOn"));
-}
-bool CVnUserProfileProtoParse::EnforceJoinLoginSpecifiedDomainsDefaultOn() const {
-  return inUserOption(maskOf(kUserOptionBits, "EnforceJoinLoginSpecifiedDomainsDefaultOn"));
-}
-bool CVnUserProfileProtoParse::IsScheduleAudioBothDisabled() const {
-  return inUserOption2(maskOf(kUserOption2Bits, "IsScheduleAudioBothDisabled"));
-}
-bool CVnUserProfileProtoParse::EnableNotStoreMeetingTopic() const {
-  return inUserOption2(maskOf(kUserOption2Bits, "EnableNotStoreMeetingTopic"));
-}
-bool CVnUserProfileProtoParse::IsEnableForcePMIJBHWithPassword() const {
-  return inUserOption2(maskOf(kUserOption2Bits, "IsEnableForcePMIJBHWithPassword"));
-}
-bool CVnUserProfileProtoParse::AlwaysUseVOIPAsDefaultAudio() const {
-  return inUserOption2(maskOf(kUserOption2Bits, "AlwaysUseVOIPAsDefaultAudio"));
-}
-bool CVnUserProfileProtoParse::IsDisablePMI() const {
-  return hasBit(GetUserOption3(), maskOf(kUserOption3Bits, "IsDisablePMI"));
-}
+bool CVnUserProfileProtoParse::IsEnablePSTN() const { return profile().telephonyoff() == 0; }
 
 std::int32_t CVnUserProfileProtoParse::GetTrackingFieldsCount() const { return profile().trackingfields_size(); }
 

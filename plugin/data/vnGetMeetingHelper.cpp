@@ -50,47 +50,8 @@ bool vnGetMeetingHelper::supportHtmlEmail() const {
   return m_pMeetingProtoParse && !m_pMeetingProtoParse->GetInviteHtmlEmail().empty();
 }
 
-bool vnGetMeetingHelper::isSignedInUsersMeetingOn() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsSignedInUsersMeetingOn();
-}
 std::string vnGetMeetingHelper::getRestrictJoinDomains() const {
   return m_pMeetingProtoParse ? m_pMeetingProtoParse->GetRestrictJoinDomains() : std::string();
-}
-bool vnGetMeetingHelper::isEnableAutoRecordingMtgLevelFirst() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableAutoRecordingMtgLevelFirst();
-}
-bool vnGetMeetingHelper::isEnableAutoRecordingLocal() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableAutoRecordingLocal();
-}
-bool vnGetMeetingHelper::isEnableAutoRecordingCloud() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableAUtoRecordingCloud();
-}
-bool vnGetMeetingHelper::isEnableMuteOnEntry() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableMuteOnEntry();
-}
-bool vnGetMeetingHelper::isEnableMeetingToPublic() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableMeetingToPublic();
-}
-bool vnGetMeetingHelper::isEnableAudioWatermark() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableAudioWatermark();
-}
-bool vnGetMeetingHelper::isEnableWaitingRoom() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableWaitingRoom();
-}
-bool vnGetMeetingHelper::isSupportWaitingRoom() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsSupportWaitingRoom();
-}
-bool vnGetMeetingHelper::isEnableRegionCustomization() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableRegionCustomization();
-}
-bool vnGetMeetingHelper::isEnableUnmuteAll() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableUnmuteAll();
-}
-bool vnGetMeetingHelper::isEnableE2ee() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableE2ee();
-}
-bool vnGetMeetingHelper::isEnableAllowDenyJoinMeetingRegion() const {
-  return m_pMeetingProtoParse && m_pMeetingProtoParse->IsEnableAllowDenyJoinMeetingRegion();
 }
 
 Value vnGetMeetingHelper::getTrackingFields() const {
@@ -149,48 +110,23 @@ _sAvailableDialinCountry_ vnGetMeetingHelper::getAvailableDialinCountry() const 
   if (m_pMeetingProtoParse) m_pMeetingProtoParse->GetAvailableDialinCountry(countries);
   return countries;
 }
-std::string vnGetMeetingHelper::getDialinCountry_Hash() const { return getAvailableDialinCountry().hash; }
-bool vnGetMeetingHelper::getDialinCountry_IncludeTollfree() const {
-  return getAvailableDialinCountry().includeTollfree;
-}
-Value vnGetMeetingHelper::getDialinCountry_SelectedCountries() const {
-  return textArray(getAvailableDialinCountry().selectedCountries);
-}
-bool vnGetMeetingHelper::getDialinCountry_EnableShowIncludeTollfree() const {
-  return getAvailableDialinCountry().showIncludeTollfree;
-}
 
 _sAuthDomainInfo_ vnGetMeetingHelper::getAuthDomainInfo() const {
   _sAuthDomainInfo_ info;
   if (m_pMeetingProtoParse) m_pMeetingProtoParse->GetAuthDomainInfo(info);
   return info;
 }
-std::string vnGetMeetingHelper::getAuthDomainInfo_authId() const { return getAuthDomainInfo().authId; }
-std::string vnGetMeetingHelper::getAuthDomainInfo_authName() const { return getAuthDomainInfo().authName; }
-int vnGetMeetingHelper::getAuthDomainInfo_authType() const { return getAuthDomainInfo().authType; }
-std::string vnGetMeetingHelper::getAuthDomainInfo_authDomain() const { return getAuthDomainInfo().authDomain; }
 
 _sMeetingTemplate_ vnGetMeetingHelper::getMeetingTemplate() const {
   _sMeetingTemplate_ meetingTemplate;
   if (m_pMeetingProtoParse) m_pMeetingProtoParse->GetMeetingTemplate(meetingTemplate);
   return meetingTemplate;
 }
-std::string vnGetMeetingHelper::getMeetingTemplate_templateId() const { return getMeetingTemplate().templateId; }
-std::string vnGetMeetingHelper::getMeetingTemplate_templateName() const {
-  return getMeetingTemplate().templateName;
-}
-int vnGetMeetingHelper::getMeetingTemplate_templateType() const { return getMeetingTemplate().templateType; }
 
 _sJoinMeetingRegionPolicy_ vnGetMeetingHelper::getJoinMeetingRegionPolicy() const {
   _sJoinMeetingRegionPolicy_ policy;
   if (m_pMeetingProtoParse) m_pMeetingProtoParse->GetJoinMeetingRegionPolicy(policy);
   return policy;
-}
-int vnGetMeetingHelper::getJoinMeetingRegionPolicy_RegionType() const {
-  return getJoinMeetingRegionPolicy().regionType;
-}
-Value vnGetMeetingHelper::getJoinMeetingRegionPolicy_RegionCodes() const {
-  return textArray(getJoinMeetingRegionPolicy().regionCodes);
 }
 
 OptionalText vnGetMeetingHelper::getScheduleForEmail() const {

@@ -41,20 +41,24 @@ class vnGetMeetingHelper {
   OptionalText getInviteHtmlEmail() const;
   bool supportHtmlEmail() const;
 
-  bool isSignedInUsersMeetingOn() const;
+  bool isSignedInUsersMeetingOn() const { return says(&CVnGetMeetingProtoParse::IsSignedInUsersMeetingOn); }
   std::string getRestrictJoinDomains() const;
-  bool isEnableAutoRecordingMtgLevelFirst() const;
-  bool isEnableAutoRecordingLocal() const;
-  bool isEnableAutoRecordingCloud() const;
-  bool isEnableMuteOnEntry() const;
-  bool isEnableMeetingToPublic() const;
-  bool isEnableAudioWatermark() const;
-  bool isEnableWaitingRoom() const;
-  bool isSupportWaitingRoom() const;
-  bool isEnableRegionCustomization() const;
-  bool isEnableUnmuteAll() const;
-  bool isEnableE2ee() const;
-  bool isEnableAllowDenyJoinMeetingRegion() const;
+  bool isEnableAutoRecordingMtgLevelFirst() const {
+    return says(&CVnGetMeetingProtoParse::IsEnableAutoRecordingMtgLevelFirst);
+  }
+  bool isEnableAutoRecordingLocal() const { return says(&CVnGetMeetingProtoParse::IsEnableAutoRecordingLocal); }
+  bool isEnableAutoRecordingCloud() const { return says(&CVnGetMeetingProtoParse::IsEnableAUtoRecordingCloud); }
+  bool isEnableMuteOnEntry() const { return says(&CVnGetMeetingProtoParse::IsEnableMuteOnEntry); }
+  bool isEnableMeetingToPublic() const { return says(&CVnGetMeetingProtoParse::IsEnableMeetingToPublic); }
+  bool isEnableAudioWatermark() const { return says(&CVnGetMeetingProtoParse::IsEnableAudioWatermark); }
+  bool isEnableWaitingRoom() const { return says(&CVnGetMeetingProtoParse::IsEnableWaitingRoom); }
+  bool isSupportWaitingRoom() const { return says(&CVnGetMeetingProtoParse::IsSupportWaitingRoom); }
+  bool isEnableRegionCustomization() const { return says(&CVnGetMeetingProtoParse::IsEnableRegionCustomization); }
+  bool isEnableUnmuteAll() const { return says(&CVnGetMeetingProtoParse::IsEnableUnmuteAll); }
+  bool isEnableE2ee() const { return says(&CVnGetMeetingProtoParse::IsEnableE2ee); }
+  bool isEnableAllowDenyJoinMeetingRegion() const {
+    return says(&CVnGetMeetingProtoParse::IsEnableAllowDenyJoinMeetingRegion);
+  }
 
   // Dictionaries in the order of the wire; absent without a message, as the two lists that follow.
   Value getTrackingFields() const;
@@ -67,25 +71,31 @@ class vnGetMeetingHelper {
   Value getExtInfoNodeValue(std::string_view key) const;
 
   _sAvailableDialinCountry_ getAvailableDialinCountry() const;
-  std::string getDialinCountry_Hash() const;
-  bool getDialinCountry_IncludeTollfree() const;
-  Value getDialinCountry_SelectedCountries() const;
-  bool getDialinCountry_EnableShowIncludeTollfree() const;
+  std::string getDialinCountry_Hash() const { return getAvailableDialinCountry().hash; }
+  bool getDialinCountry_IncludeTollfree() const { return getAvailableDialinCountry().includeTollfree; }
+  Value getDialinCountry_SelectedCountries() const {
+    return textArray(getAvailableDialinCountry().selectedCountries);
+  }
+  bool getDialinCountry_EnableShowIncludeTollfree() const {
+    return getAvailableDialinCountry().showIncludeTollfree;
+  }
 
   _sAuthDomainInfo_ getAuthDomainInfo() const;
-  std::string getAuthDomainInfo_authId() const;
-  std::string getAuthDomainInfo_authName() const;
-  int getAuthDomainInfo_authType() const;
-  std::string getAuthDomainInfo_authDomain() const;
+  std::string getAuthDomainInfo_authId() const { return getAuthDomainInfo().authId; }
+  std::string getAuthDomainInfo_authName() const { return getAuthDomainInfo().authName; }
+  int getAuthDomainInfo_authType() const { return getAuthDomainInfo().authType; }
+  std::string getAuthDomainInfo_authDomain() const { return getAuthDomainInfo().authDomain; }
 
   _sMeetingTemplate_ getMeetingTemplate() const;
-  std::string getMeetingTemplate_templateId() const;
-  std::string getMeetingTemplate_templateName() const;
-  int getMeetingTemplate_templateType() const;
+  std::string getMeetingTemplate_templateId() const { return getMeetingTemplate().templateId; }
+  std::string getMeetingTemplate_templateName() const { return getMeetingTemplate().templateName; }
+  int getMeetingTemplate_templateType() const { return getMeetingTemplate().templateType; }
 
   _sJoinMeetingRegionPolicy_ getJoinMeetingRegionPolicy() const;
-  int getJoinMeetingRegionPolicy_RegionType() const;
-  Value getJoinMeetingRegionPolicy_RegionCodes() const;
+  int getJoinMeetingRegionPolicy_RegionType() const { return getJoinMeetingRegionPolicy().regionType; }
+  Value getJoinMeetingRegionPolicy_RegionCodes() const {
+    return textArray(getJoinMeetingRegionPolicy().regionCodes);
+  }
 
   // Whom the meeting is scheduled for: "" for the own meeting. For a host who is none of the account's people it
   // is the host's id, where getMeetingInfo() leaves the key out.
@@ -99,6 +109,10 @@ class vnGetMeetingHelper {
   void cleanup();
 
  private:
+  // The message's answer; false without a parser.
+  bool says(bool (CVnGetMeetingProtoParse::*question)() const) const {
+    return m_pMeetingProtoParse && (*m_pMeetingProtoParse.*question)();
+  }
   Value apptInfo() const;
   Value settings() const;
   void addMeetingOptions(Value& settings) const;

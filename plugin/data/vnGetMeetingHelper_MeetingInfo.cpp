@@ -1,5 +1,4 @@
 #include "data/vnGetMeetingHelper.h"
-#include "data/vnMeetingInfoKeys.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"

@@ -2,136 +2,120 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
-#include <utility>
 
+#include "data/MeetingOptions.h"
 #include "util/Value.h"
 
 namespace vorn {
 
-// The record of one meeting's options. Main thread only.
+// The record of one meeting's options: the plain value, its rules with what the account, the client and the user
+// say now, and the user's wishes in the user defaults. Main thread only.
 //
 // A new record is brought to the state of a new meeting by initSettingData(), may then be overlaid with a fetched
 // meeting by initWithSiteMeetingInfo(), and is read by getSettingsData(). The order matters: the overlay leaves
-// what the account has locked at the account's defaults. All it knows of the account it asks of the profile
-// reader; without a profile, every step that the account drives is skipped.
+// what the account has locked at the account's defaults. Without a profile, every step that the account drives is
+// skipped.
 class vnSettingData {
  public:
-  // The rule kinds of a passcode, in the account's option and in the result of a validation, where a set bit is a
-  // failed rule.
-  enum PasswordRule : std::int64_t {
-    kPswRuleOnlyNumber = 1,
-    kPswRuleMinLength = 2,
-    kPswRuleHasAlphabet = 4,
-    kPswRuleHasNumber = 8,
-    kPswRuleHasSpecial = 16,
-    kPswRuleIncludeUpperLower = 32,
-    kPswRuleContainConsecutive = 64,
-  };
+  const MeetingOptions& options() const { return m_options; }
 
   // --- The options. Texts may be absent: a setter keeps what it is given.
 
-  bool hostVideoOn() const { return m_hostVideoOn; }
-  void setHostVideoOn(bool on) { m_hostVideoOn = on; }
-  bool paticipantVideoOn() const { return m_paticipantVideoOn; }
-  void setPaticipantVideoOn(bool on) { m_paticipantVideoOn = on; }
-  // 0 telephony, 1 VoIP, 2 both, 3 third party; with a telephony provider 10 and 11 telephony with the first and
-  // second account, 12 VoIP, 13 and 14 both with the first and second account; 100 no selection.
-  std::int64_t audioType() const { return m_audioType; }
-  void setAudioType(std::int64_t type) { m_audioType = type; }
-  bool requiredMeetingPassword() const { return m_requiredMeetingPassword; }
-  void setRequiredMeetingPassword(bool required) { m_requiredMeetingPassword = required; }
-  const OptionalText& meetingPassword() const { return m_meetingPassword; }
-  void setMeetingPassword(const OptionalText& password) { m_meetingPassword = password; }
-  bool enableJBH() const { return m_enableJBH; }
-  void setEnableJBH(bool enable) { m_enableJBH = enable; }
-  bool usePMI() const { return m_usePMI; }
-  void setUsePMI(bool use) { m_usePMI = use; }
-  const OptionalText& roomMeetingId() const { return m_roomMeetingId; }
-  void setRoomMeetingId(const OptionalText& id) { m_roomMeetingId = id; }
-  bool enableThirdPartyAudio() const { return m_enableThirdPartyAudio; }
-  void setEnableThirdPartyAudio(bool enable) { m_enableThirdPartyAudio = enable; }
-  const OptionalText& thirdPartyAudio() const { return m_thirdPartyAudio; }
-  void setThirdPartyAudio(const OptionalText& text) { m_thirdPartyAudio = text; }
-  // Empty means oneself.
-  const OptionalText& scheduleForEmail() const { return m_scheduleForEmail; }
-  void setScheduleForEmail(const OptionalText& email) { m_scheduleForEmail = email; }
-  bool isSignedInUsersMeetingOn() const { return m_isSignedInUsersMeetingOn; }
-  void setIsSignedInUsersMeetingOn(bool on) { m_isSignedInUsersMeetingOn = on; }
-  const OptionalText& restrictJoinDomains() const { return m_restrictJoinDomains; }
-  void setRestrictJoinDomains(const OptionalText& domains) { m_restrictJoinDomains = domains; }
-  // An array of dictionaries, absent when there is none.
-  const Value& trackingFields() const;
+  bool hostVideoOn() const { return m_options.hostVideoOn; }
+  void setHostVideoOn(bool on) { m_options.hostVideoOn = on; }
+  bool paticipantVideoOn() const { return m_options.paticipantVideoOn; }
+  void setPaticipantVideoOn(bool on) { m_options.paticipantVideoOn = on; }
+  std::int64_t audioType() const { return m_options.audioType; }
+  void setAudioType(std::int64_t type) { m_options.audioType = type; }
+  bool requiredMeetingPassword() const { return m_options.requiredMeetingPassword; }
+  void setRequiredMeetingPassword(bool required) { m_options.requiredMeetingPassword = required; }
+  const OptionalText& meetingPassword() const { return m_options.meetingPassword; }
+  void setMeetingPassword(const OptionalText& password) { m_options.meetingPassword = password; }
+  bool enableJBH() const { return m_options.enableJBH; }
+  void setEnableJBH(bool enable) { m_options.enableJBH = enable; }
+  bool usePMI() const { return m_options.usePMI; }
+  void setUsePMI(bool use) { m_options.usePMI = use; }
+  const OptionalText& roomMeetingId() const { return m_options.roomMeetingId; }
+  void setRoomMeetingId(const OptionalText& id) { m_options.roomMeetingId = id; }
+  bool enableThirdPartyAudio() const { return m_options.enableThirdPartyAudio; }
+  void setEnableThirdPartyAudio(bool enable) { m_options.enableThirdPartyAudio = enable; }
+  const OptionalText& thirdPartyAudio() const { return m_options.thirdPartyAudio; }
+  void setThirdPartyAudio(const OptionalText& text) { m_options.thirdPartyAudio = text; }
+  const OptionalText& scheduleForEmail() const { return m_options.scheduleForEmail; }
+  void setScheduleForEmail(const OptionalText& email) { m_options.scheduleForEmail = email; }
+  bool isSignedInUsersMeetingOn() const { return m_options.isSignedInUsersMeetingOn; }
+  void setIsSignedInUsersMeetingOn(bool on) { m_options.isSignedInUsersMeetingOn = on; }
+  const OptionalText& restrictJoinDomains() const { return m_options.restrictJoinDomains; }
+  void setRestrictJoinDomains(const OptionalText& domains) { m_options.restrictJoinDomains = domains; }
+  const Value& trackingFields() const { return m_options.trackingFields; }
   // Anything but an array leaves none.
-  void setTrackingFields(const Value& fields);
+  void setTrackingFields(const Value& fields) { m_options.trackingFields = fields.isArray() ? fields : Value(); }
   // Gives every field of that id the chosen value. A field's dictionary ends at the first absent value, so an
   // absent chosen value loses it "required" as well.
   void updateTrackingFieldMtValue(const OptionalText& id, const OptionalText& mtValue);
-  bool enableAutoRecordingMtgLevelFirst() const { return m_enableAutoRecordingMtgLevelFirst; }
-  void setEnableAutoRecordingMtgLevelFirst(bool enable) { m_enableAutoRecordingMtgLevelFirst = enable; }
-  // 0 none, 1 local and 2 cloud when both are available, 3 local when only local is, 4 cloud when only cloud is,
-  // 5 recording unavailable.
-  std::int32_t emAutoRecordingType() const { return m_emAutoRecordingType; }
-  void setEmAutoRecordingType(std::int32_t type) { m_emAutoRecordingType = type; }
-  // This and the three arrays below are always arrays of texts; their setters take anything else as empty.
-  const Value& arrAlternateHosts() const { return m_arrAlternateHosts; }
-  void setAlternateHosts(const Value& hosts);
-  bool muteUponEntry() const { return m_muteUponEntry; }
-  void setMuteUponEntry(bool mute) { m_muteUponEntry = mute; }
-  bool forceIncludeJoinurlInLocation() const { return m_forceIncludeJoinurlInLocation; }
-  void setForceIncludeJoinurlInLocation(bool include) { m_forceIncludeJoinurlInLocation = include; }
-  const Value& arrSelectedCountries() const { return m_arrSelectedCountries; }
-  void setSelectedCountries(const Value& countries);
-  bool includeTollfree() const { return m_includeTollfree; }
-  void setIncludeTollfree(bool include) { m_includeTollfree = include; }
-  const OptionalText& hash() const { return m_hash; }
-  void setHash(const OptionalText& hash) { m_hash = hash; }
-  bool enableShowIncludeTollfree() const { return m_enableShowIncludeTollfree; }
-  void setEnableShowIncludeTollfree(bool enable) { m_enableShowIncludeTollfree = enable; }
-  bool enablePublicEvent() const { return m_enablePublicEvent; }
-  void setEnablePublicEvent(bool enable) { m_enablePublicEvent = enable; }
-  bool enableAudioWatermark() const { return m_enableAudioWatermark; }
-  void setEnableAudioWatermark(bool enable) { m_enableAudioWatermark = enable; }
-  bool putTheInvitationAtTheTop() const { return m_putTheInvitationAtTheTop; }
-  void setPutTheInvitationAtTheTop(bool top) { m_putTheInvitationAtTheTop = top; }
-  const OptionalText& selectInvitationLanguage() const { return m_selectInvitationLanguage; }
-  void setSelectInvitationLanguage(const OptionalText& language) { m_selectInvitationLanguage = language; }
-  // Minutes before the start; 0 means any time.
-  std::int64_t jbhPriorTime() const { return m_jbhPriorTime; }
-  void setJbhPriorTime(std::int64_t minutes) { m_jbhPriorTime = minutes; }
-  const OptionalText& authId() const { return m_authId; }
-  void setAuthId(const OptionalText& id) { m_authId = id; }
-  const OptionalText& authName() const { return m_authName; }
-  void setAuthName(const OptionalText& name) { m_authName = name; }
-  const OptionalText& authDomain() const { return m_authDomain; }
-  void setAuthDomain(const OptionalText& domain) { m_authDomain = domain; }
-  std::int64_t authType() const { return m_authType; }
-  void setAuthType(std::int64_t type) { m_authType = type; }
-  bool enableWaitingRoom() const { return m_enableWaitingRoom; }
-  void setEnableWaitingRoom(bool enable) { m_enableWaitingRoom = enable; }
-  bool supportWaitingRoom() const { return m_supportWaitingRoom; }
-  void setSupportWaitingRoom(bool support) { m_supportWaitingRoom = support; }
-  bool enableRegionCustomization() const { return m_enableRegionCustomization; }
-  void setEnableRegionCustomization(bool enable) { m_enableRegionCustomization = enable; }
-  const Value& arrAdditionalDCRegions() const { return m_arrAdditionalDCRegions; }
-  void setArrAdditionalDCRegions(const Value& regions);
-  bool enableUnmuteAll() const { return m_enableUnmuteAll; }
-  void setEnableUnmuteAll(bool enable) { m_enableUnmuteAll = enable; }
-  bool enableE2ee() const { return m_enableE2ee; }
-  void setEnableE2ee(bool enable) { m_enableE2ee = enable; }
-  const OptionalText& templateId() const { return m_templateId; }
-  void setTemplateId(const OptionalText& id) { m_templateId = id; }
-  const OptionalText& templateName() const { return m_templateName; }
-  void setTemplateName(const OptionalText& name) { m_templateName = name; }
-  std::int64_t templateType() const { return m_templateType; }
-  void setTemplateType(std::int64_t type) { m_templateType = type; }
-  bool enableAllowDenyJoinMeetingRegion() const { return m_enableAllowDenyJoinMeetingRegion; }
-  void setEnableAllowDenyJoinMeetingRegion(bool enable) { m_enableAllowDenyJoinMeetingRegion = enable; }
-  // 0 means that the listed regions are allowed, any other value that they are blocked.
-  std::int64_t regionType() const { return m_regionType; }
-  void setRegionType(std::int64_t type) { m_regionType = type; }
-  const Value& arrRegionCodes() const { return m_arrRegionCodes; }
-  void setArrRegionCodes(const Value& codes);
+  bool enableAutoRecordingMtgLevelFirst() const { return m_options.enableAutoRecordingMtgLevelFirst; }
+  void setEnableAutoRecordingMtgLevelFirst(bool enable) { m_options.enableAutoRecordingMtgLevelFirst = enable; }
+  std::int32_t emAutoRecordingType() const { return m_options.emAutoRecordingType; }
+  void setEmAutoRecordingType(std::int32_t type) { m_options.emAutoRecordingType = type; }
+  // The setters of this and of the three arrays below take anything but an array as empty.
+  const Value& arrAlternateHosts() const { return m_options.arrAlternateHosts; }
+  void setAlternateHosts(const Value& hosts) { m_options.arrAlternateHosts = arrayOrEmpty(hosts); }
+  bool muteUponEntry() const { return m_options.muteUponEntry; }
+  void setMuteUponEntry(bool mute) { m_options.muteUponEntry = mute; }
+  bool forceIncludeJoinurlInLocation() const { return m_options.forceIncludeJoinurlInLocation; }
+  void setForceIncludeJoinurlInLocation(bool include) { m_options.forceIncludeJoinurlInLocation = include; }
+  const Value& arrSelectedCountries() const { return m_options.arrSelectedCountries; }
+  void setSelectedCountries(const Value& countries) { m_options.arrSelectedCountries = arrayOrEmpty(countries); }
+  bool includeTollfree() const { return m_options.includeTollfree; }
+  void setIncludeTollfree(bool include) { m_options.includeTollfree = include; }
+  const OptionalText& hash() const { return m_options.hash; }
+  void setHash(const OptionalText& hash) { m_options.hash = hash; }
+  bool enableShowIncludeTollfree() const { return m_options.enableShowIncludeTollfree; }
+  void setEnableShowIncludeTollfree(bool enable) { m_options.enableShowIncludeTollfree = enable; }
+  bool enablePublicEvent() const { return m_options.enablePublicEvent; }
+  void setEnablePublicEvent(bool enable) { m_options.enablePublicEvent = enable; }
+  bool enableAudioWatermark() const { return m_options.enableAudioWatermark; }
+  void setEnableAudioWatermark(bool enable) { m_options.enableAudioWatermark = enable; }
+  bool putTheInvitationAtTheTop() const { return m_options.putTheInvitationAtTheTop; }
+  void setPutTheInvitationAtTheTop(bool top) { m_options.putTheInvitationAtTheTop = top; }
+  const OptionalText& selectInvitationLanguage() const { return m_options.selectInvitationLanguage; }
+  void setSelectInvitationLanguage(const OptionalText& language) { m_options.selectInvitationLanguage = language; }
+  std::int64_t jbhPriorTime() const { return m_options.jbhPriorTime; }
+  void setJbhPriorTime(std::int64_t minutes) { m_options.jbhPriorTime = minutes; }
+  const OptionalText& authId() const { return m_options.authId; }
+  void setAuthId(const OptionalText& id) { m_options.authId = id; }
+  const OptionalText& authName() const { return m_options.authName; }
+  void setAuthName(const OptionalText& name) { m_options.authName = name; }
+  const OptionalText& authDomain() const { return m_options.authDomain; }
+  void setAuthDomain(const OptionalText& domain) { m_options.authDomain = domain; }
+  std::int64_t authType() const { return m_options.authType; }
+  void setAuthType(std::int64_t type) { m_options.authType = type; }
+  bool enableWaitingRoom() const { return m_options.enableWaitingRoom; }
+  void setEnableWaitingRoom(bool enable) { m_options.enableWaitingRoom = enable; }
+  bool supportWaitingRoom() const { return m_options.supportWaitingRoom; }
+  void setSupportWaitingRoom(bool support) { m_options.supportWaitingRoom = support; }
+  bool enableRegionCustomization() const { return m_options.enableRegionCustomization; }
+  void setEnableRegionCustomization(bool enable) { m_options.enableRegionCustomization = enable; }
+  const Value& arrAdditionalDCRegions() const { return m_options.arrAdditionalDCRegions; }
+  void setArrAdditionalDCRegions(const Value& regions) {
+    m_options.arrAdditionalDCRegions = arrayOrEmpty(regions);
+  }
+  bool enableUnmuteAll() const { return m_options.enableUnmuteAll; }
+  void setEnableUnmuteAll(bool enable) { m_options.enableUnmuteAll = enable; }
+  bool enableE2ee() const { return m_options.enableE2ee; }
+  void setEnableE2ee(bool enable) { m_options.enableE2ee = enable; }
+  const OptionalText& templateId() const { return m_options.templateId; }
+  void setTemplateId(const OptionalText& id) { m_options.templateId = id; }
+  const OptionalText& templateName() const { return m_options.templateName; }
+  void setTemplateName(const OptionalText& name) { m_options.templateName = name; }
+  std::int64_t templateType() const { return m_options.templateType; }
+  void setTemplateType(std::int64_t type) { m_options.templateType = type; }
+  bool enableAllowDenyJoinMeetingRegion() const { return m_options.enableAllowDenyJoinMeetingRegion; }
+  void setEnableAllowDenyJoinMeetingRegion(bool enable) { m_options.enableAllowDenyJoinMeetingRegion = enable; }
+  std::int64_t regionType() const { return m_options.regionType; }
+  void setRegionType(std::int64_t type) { m_options.regionType = type; }
+  const Value& arrRegionCodes() const { return m_options.arrRegionCodes; }
+  void setArrRegionCodes(const Value& codes) { m_options.arrRegionCodes = arrayOrEmpty(codes); }
 
   // Lives in the user defaults; the setter brings it to the disk at once.
   bool notShowMeAgain() const;
@@ -190,59 +174,7 @@ class vnSettingData {
   void cleanup();
 
  private:
-  void initRecordingWithUserProfile();
-  void initPasswordWithUserProfile(bool usePMI);
-  void initRegionPolicyWithUserProfile();
-  void applySavedTspAudio(std::int64_t saved);
-  void overlayPassword(const Value& setting);
-  void overlayTrackingFields(const Value& fields);
-  void overlayDialinCountries(const Value& countries);
-
-  bool m_hostVideoOn = false;
-  bool m_paticipantVideoOn = false;
-  std::int64_t m_audioType = 0;
-  bool m_requiredMeetingPassword = false;
-  OptionalText m_meetingPassword;
-  bool m_enableJBH = false;
-  bool m_usePMI = false;
-  OptionalText m_roomMeetingId;
-  bool m_enableThirdPartyAudio = false;
-  OptionalText m_thirdPartyAudio;
-  OptionalText m_scheduleForEmail;
-  bool m_isSignedInUsersMeetingOn = false;
-  OptionalText m_restrictJoinDomains;
-  // Holds the array under its settings key.
-  Value m_trackingFieldsHolder = Value::dictionary();
-  bool m_enableAutoRecordingMtgLevelFirst = false;
-  std::int32_t m_emAutoRecordingType = 0;
-  Value m_arrAlternateHosts = Value::array();
-  bool m_muteUponEntry = false;
-  bool m_forceIncludeJoinurlInLocation = false;
-  Value m_arrSelectedCountries = Value::array();
-  bool m_includeTollfree = false;
-  OptionalText m_hash;
-  bool m_enableShowIncludeTollfree = false;
-  bool m_enablePublicEvent = false;
-  bool m_enableAudioWatermark = false;
-  bool m_putTheInvitationAtTheTop = false;
-  OptionalText m_selectInvitationLanguage;
-  std::int64_t m_jbhPriorTime = 0;
-  OptionalText m_authId;
-  OptionalText m_authName;
-  OptionalText m_authDomain;
-  std::int64_t m_authType = 0;
-  bool m_enableWaitingRoom = false;
-  bool m_supportWaitingRoom = false;
-  bool m_enableRegionCustomization = false;
-  Value m_arrAdditionalDCRegions = Value::array();
-  bool m_enableUnmuteAll = false;
-  bool m_enableE2ee = false;
-  OptionalText m_templateId;
-  OptionalText m_templateName;
-  std::int64_t m_templateType = 0;
-  bool m_enableAllowDenyJoinMeetingRegion = false;
-  std::int64_t m_regionType = 0;
-  Value m_arrRegionCodes = Value::array();
+  MeetingOptions m_options;
 };
 
 }  // namespace vorn

@@ -2,26 +2,27 @@
 
 #include <string_view>
 
+#include "host/proxies/vnMeetingInfoKeys.h"
+
 // The keys of the settings dictionary: the outward form of a meeting's options, as the panel edits it, the
 // meeting reader makes it and the commit command consumes it. The literals are stored data.
 
 namespace vorn {
 
-inline constexpr std::string_view vn_Setting = "setting";                                          // dictionary
-inline constexpr std::string_view vn_Setting_EnableHostVideo = "enableHostVideo";                  // bool
-inline constexpr std::string_view vn_Setting_EnableParticipantsVideo = "enableParticipantsVideo";  // bool
-inline constexpr std::string_view vn_Setting_AudioOption = "audioOption";                          // integer
-inline constexpr std::string_view vn_Setting_TspAudioOption = "tspAudioOption";                    // integer
-inline constexpr std::string_view vn_Setting_EnableThirdPartyAudio = "enableThirdPartyAudio";      // bool
-inline constexpr std::string_view vn_Setting_ThirdPartyAudio = "thirdPartyAudio";                  // string
-inline constexpr std::string_view vn_Setting_RequiredMPW = "requiredMeetingPassword";              // bool
-inline constexpr std::string_view vn_Setting_MeetingPassword = "meetingPassword";                  // string
-inline constexpr std::string_view vn_Setting_EnableJBH = "enableJBH";                              // bool
-inline constexpr std::string_view vn_Setting_JBHPriorTime = "jbhPriorTime";                        // integer
-inline constexpr std::string_view vn_Setting_IsPMI = "usePMI";                                     // bool
-inline constexpr std::string_view vn_Setting_RoomMeetingId = "roomMeetingId";                      // string
-inline constexpr std::string_view vn_Setting_MeetingKey = "meetingKey";                            // string
-inline constexpr std::string_view vn_Setting_NotShowMeAgain = "notShowMeAgain";                    // bool
+inline constexpr std::string_view vn_Setting_EnableHostVideo = "enableHostVideo";                        // bool
+inline constexpr std::string_view vn_Setting_EnableParticipantsVideo = "enableParticipantsVideo";        // bool
+inline constexpr std::string_view vn_Setting_AudioOption = "audioOption";                                // integer
+inline constexpr std::string_view vn_Setting_TspAudioOption = "tspAudioOption";                          // integer
+inline constexpr std::string_view vn_Setting_EnableThirdPartyAudio = "enableThirdPartyAudio";            // bool
+inline constexpr std::string_view vn_Setting_ThirdPartyAudio = "thirdPartyAudio";                        // string
+inline constexpr std::string_view vn_Setting_RequiredMPW = "requiredMeetingPassword";                    // bool
+inline constexpr std::string_view vn_Setting_MeetingPassword = "meetingPassword";                        // string
+inline constexpr std::string_view vn_Setting_EnableJBH = "enableJBH";                                    // bool
+inline constexpr std::string_view vn_Setting_JBHPriorTime = "jbhPriorTime";                              // integer
+inline constexpr std::string_view vn_Setting_IsPMI = "usePMI";                                           // bool
+inline constexpr std::string_view vn_Setting_RoomMeetingId = "roomMeetingId";                            // string
+inline constexpr std::string_view vn_Setting_MeetingKey = "meetingKey";                                  // string
+inline constexpr std::string_view vn_Setting_NotShowMeAgain = "notShowMeAgain";                          // bool
 inline constexpr std::string_view vn_Setting_NotShowUpgradeMessageAgain = "notShowUpgradeMessageAgain";  // bool
 inline constexpr std::string_view vn_Setting_ScheduleFor = "scheduleFor";                                // string
 inline constexpr std::string_view vn_Setting_TrackingFields = "trackingFields";       // array of dictionaries

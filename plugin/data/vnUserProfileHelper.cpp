@@ -4,8 +4,6 @@
 
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/store/vnCommon.h"
-#include "data/CVnUserProfileProtoParse.h"
-#include "data/UserProfileAnswers.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnProtoBufConvert.h"
 #include "data/vnSettingKeys.h"
@@ -42,7 +40,7 @@ void vnUserProfileHelper::rememberAccount() {
   if (!userId) return;
   if (m_lastKnown.userId != userId) m_lastKnown = {userId, std::nullopt, Value()};
   m_lastKnown.bosses = bossesInfo();
-  const CVnUserProfileProtoParse* parser = hasProto() ? userProfileProtoParse().get() : nullptr;
+  const Parser* parser = hasProto() ? userProfileProtoParse().get() : nullptr;
   if (!parser) return;
   if (const std::optional<std::int32_t> told = parser->GetUserType()) m_lastKnown.userType = told;
 }
@@ -71,69 +69,46 @@ void vnUserProfileHelper::cleanup() {
   freeProtoParseInstance();
 }
 
-OptionalText vnUserProfileHelper::getUID() const {
-  if (!hasProto()) return m_profile[vn_Profile_UserId].optionalText();
-  const auto* parser = userProfileProtoParse().get();
-  return parser ? OptionalText(parser->GetUserId()) : std::nullopt;
+OptionalText vnUserProfileHelper::messageOr(std::string_view key, std::string (Parser::*question)() const) const {
+  if (!hasProto()) return m_profile[key].optionalText();
+  const Parser* parser = userProfileProtoParse().get();
+  return parser ? OptionalText((parser->*question)()) : std::nullopt;
 }
+
+bool vnUserProfileHelper::messageOr(std::string_view key, bool (Parser::*question)() const) const {
+  return hasProto() ? messageAnswer(question) : m_profile[key].boolValue();
+}
+
+bool vnUserProfileHelper::messageOr(UserOption bit, bool (Parser::*question)() const) const {
+  return hasProto() ? messageAnswer(question) : hasBit(userOption(), bit);
+}
+
+OptionalText vnUserProfileHelper::getUID() const { return messageOr(vn_Profile_UserId, &Parser::GetUserId); }
 
 OptionalText vnUserProfileHelper::roomMeetingID() const {
   if (!hasProto()) return m_profile[vn_Setting_RoomMeetingId].optionalText();
-  const auto* parser = userProfileProtoParse().get();
+  const Parser* parser = userProfileProtoParse().get();
   return parser ? OptionalText(std::to_string(parser->GetRoomMeetingId())) : std::nullopt;
 }
 
 OptionalText vnUserProfileHelper::thirdPartyAudioInfo() const {
-  if (!hasProto()) return m_profile[vn_Setting_ThirdPartyAudio].optionalText();
-  const auto* parser = userProfileProtoParse().get();
-  return parser ? OptionalText(parser->GetThirdPartyAudioInfo()) : std::nullopt;
+  return messageOr(vn_Setting_ThirdPartyAudio, &Parser::GetThirdPartyAudioInfo);
 }
 
 bool vnUserProfileHelper::enableThirdPartyAudio() const {
-  if (!hasProto()) return m_profile[vn_Setting_EnableThirdPartyAudio].boolValue();
-  return messageSays(&CVnUserProfileProtoParse::EnableThirdPartyAudio);
+  return messageOr(vn_Setting_EnableThirdPartyAudio, &Parser::EnableThirdPartyAudio);
 }
 
-bool vnUserProfileHelper::enablePSTN() const {
-  if (!hasProto()) return m_profile[vn_Profile_EnablePSTN].boolValue();
-  return messageSays(&CVnUserProfileProtoParse::IsEnablePSTN);
-}
+bool vnUserProfileHelper::enablePSTN() const { return messageOr(vn_Profile_EnablePSTN, &Parser::IsEnablePSTN); }
 
 bool vnUserProfileHelper::use3rdPartyAsDefaultAudio() const {
-  if (!hasProto()) return m_profile[vn_Profile_Use3rdPartyAsDefaultAudio].boolValue();
-  return messageSays(&CVnUserProfileProtoParse::Use3rdPartyAsDefaultAudio);
+  return messageOr(vn_Profile_Use3rdPartyAsDefaultAudio, &Parser::Use3rdPartyAsDefaultAudio);
 }
 
 bool vnUserProfileHelper::useRandomPasswordByDefault() const {
-  if (!hasProto()) return m_profile[vn_Profile_UseRandomPasswordByDefault].boolValue();
-  return messageSays(&CVnUserProfileProtoParse::UseRandomPasswordByDefault);
+  return messageOr(vn_Profile_UseRandomPasswordByDefault, &Parser::UseRandomPasswordByDefault);
 }
 
 std::int64_t vnUserProfileHelper::userOption() const { return m_profile[vn_Profile_UserOption].integerValue(); }
-
-bool vnUserProfileHelper::alwaysUseBothAsDefaultAudio() const {
-  if (!hasProto()) return hasBit(userOption(), maskOf(kUserOptionBits, "AlwaysUseBothAsDefaultAudio"));
-  return messageSays(&CVnUserProfileProtoParse::AlwaysUseBothAsDefaultAudio);
-}
-
-bool vnUserProfileHelper::alwaysTurnOnHostVideoByDefault() const {
-  if (!hasProto()) return hasBit(userOption(), maskOf(kUserOptionBits, "AlwaysTurnOnHostVideoByDefault"));
-  return messageSays(&CVnUserProfileProtoParse::AlwaysTurnOnHostVideoByDefault);
-}
-
-bool vnUserProfileHelper::alwaysTurnOnAttendeeVideoByDefault() const {
-  if (!hasProto()) return hasBit(userOption(), maskOf(kUserOptionBits, "AlwaysTurnOnAttendeeVideoByDefault"));
-  return messageSays(&CVnUserProfileProtoParse::AlwaysTurnOnAttendeeVideoByDefault);
-}
-
-bool vnUserProfileHelper::alwaysEnableJoinBeforeHostByDefault() const {
-  if (!hasProto()) return hasBit(userOption(), maskOf(kUserOptionBits, "AlwaysEnableJoinBeforeHostByDefault"));
-  return messageSays(&CVnUserProfileProtoParse::AlwaysEnableJoinBeforeHostByDefault);
-}
-
-bool vnUserProfileHelper::alwaysUseTelephonyAsDefaultAudio() const {
-  if (!hasProto()) return hasBit(userOption(), maskOf(kUserOptionBits, "AlwaysUseTelephonyAsDefaultAudio"));
-  return messageSays(&CVnUserProfileProtoParse::AlwaysUseTelephonyAsDefaultAudio);
-}
 
 }  // namespace vorn

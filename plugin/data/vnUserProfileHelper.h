@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "data/OptionBits.h"
+#include "data/UserProfileAnswers.h"
 #include "data/VNAvailableDialinCountryContent.h"
 #include "util/Value.h"
 
@@ -16,6 +18,8 @@ namespace vorn {
 // No question fails: without data it answers false, 0, "" or absent. A caller that needs real data asks
 // hasUserProfile() first. Array and dictionary answers are absent when the profile lacks them.
 class vnUserProfileHelper {
+  using Parser = CVnUserProfileProtoParse;
+
  public:
   static vnUserProfileHelper& sharedInstance();
 
@@ -49,30 +53,45 @@ class vnUserProfileHelper {
   bool enablePSTN() const;
   bool use3rdPartyAsDefaultAudio() const;
   bool useRandomPasswordByDefault() const;
-  bool alwaysUseBothAsDefaultAudio() const;
-  bool alwaysTurnOnHostVideoByDefault() const;
-  bool alwaysTurnOnAttendeeVideoByDefault() const;
-  bool alwaysEnableJoinBeforeHostByDefault() const;
-  bool alwaysUseTelephonyAsDefaultAudio() const;
+  bool alwaysUseBothAsDefaultAudio() const {
+    return messageOr(UserOption::AlwaysUseBothAsDefaultAudio, &Parser::AlwaysUseBothAsDefaultAudio);
+  }
+  bool alwaysTurnOnHostVideoByDefault() const {
+    return messageOr(UserOption::AlwaysTurnOnHostVideoByDefault, &Parser::AlwaysTurnOnHostVideoByDefault);
+  }
+  bool alwaysTurnOnAttendeeVideoByDefault() const {
+    return messageOr(UserOption::AlwaysTurnOnAttendeeVideoByDefault, &Parser::AlwaysTurnOnAttendeeVideoByDefault);
+  }
+  bool alwaysEnableJoinBeforeHostByDefault() const {
+    return messageOr(UserOption::AlwaysEnableJoinBeforeHostByDefault,
+                     &Parser::AlwaysEnableJoinBeforeHostByDefault);
+  }
+  bool alwaysUseTelephonyAsDefaultAudio() const {
+    return messageOr(UserOption::AlwaysUseTelephonyAsDefaultAudio, &Parser::AlwaysUseTelephonyAsDefaultAudio);
+  }
   // The dictionary's own option word.
   std::int64_t userOption() const;
 
   // --- From the message alone.
 
-  bool isSignedInUserMeetingOn() const;
-  bool isSpecifiedDomainsMeetingOn() const;
-  bool enforceJoinLoginSpecifiedDomainsDefaultOn() const;
-  bool enableNotStoreMeetingTopic() const;
-  bool canUpgrade() const;
-  bool enableAutoRecordingByDefault() const;
-  bool enableCloudRecordingByDefault() const;
-  bool alwaysUseVOIPAsDefaultAudio() const;
-  bool enableListMeetingInPublicEventListByDefault() const;
-  bool isDisablePMIForOther() const;
-  std::string restrictJoinDomains() const;
-  std::string userName() const;
-  std::string userEmail() const;
-  std::string tspServiceProvider() const;
+  bool isSignedInUserMeetingOn() const { return messageAnswer(&Parser::IsSignedInUserMeetingOn); }
+  bool isSpecifiedDomainsMeetingOn() const { return messageAnswer(&Parser::IsSpecifiedDomainsMeetingOn); }
+  bool enforceJoinLoginSpecifiedDomainsDefaultOn() const {
+    return messageAnswer(&Parser::EnforceJoinLoginSpecifiedDomainsDefaultOn);
+  }
+  bool enableNotStoreMeetingTopic() const { return messageAnswer(&Parser::EnableNotStoreMeetingTopic); }
+  bool canUpgrade() const { return messageAnswer(&Parser::CanUpgrade); }
+  bool enableAutoRecordingByDefault() const { return messageAnswer(&Parser::EnableAutoRecordingByDefault); }
+  bool enableCloudRecordingByDefault() const { return messageAnswer(&Parser::EnableCloudRecordingByDefault); }
+  bool alwaysUseVOIPAsDefaultAudio() const { return messageAnswer(&Parser::AlwaysUseVOIPAsDefaultAudio); }
+  bool enableListMeetingInPublicEventListByDefault() const {
+    return says(UserOption3::enableListMeetingInPublicEventListByDefault);
+  }
+  bool isDisablePMIForOther() const { return messageAnswer(&Parser::IsDisablePMI); }
+  std::string restrictJoinDomains() const { return messageAnswer(&Parser::GetRestrictJoinDomains); }
+  std::string userName() const { return messageAnswer(&Parser::GetUserName); }
+  std::string userEmail() const { return messageAnswer(&Parser::GetUserEmail); }
+  std::string tspServiceProvider() const { return messageAnswer(&Parser::GetTspServiceProvider); }
 
   // --- From the message, and only when the client can do it.
 
@@ -83,54 +102,62 @@ class vnUserProfileHelper {
 
   // --- Option words, and the bits of them.
 
-  std::int64_t userOptions3() const;
-  std::int64_t userOptions4() const;
-  std::int64_t userOptions5() const;
+  std::int64_t userOptions3() const { return messageAnswer(&Parser::GetUserOption3); }
+  std::int64_t userOptions4() const { return messageAnswer(&Parser::GetUserOption4); }
+  std::int64_t userOptions5() const { return messageAnswer(&Parser::GetUserOption5); }
 
-  bool muteUponEntryDefaultValue() const;
-  bool isDefaultScheduleUsePMI() const;
-  bool isEnableWaitingRoom() const;
-  bool putTheInvitationAtTheTopDefaultValue() const;
+  bool muteUponEntryDefaultValue() const { return says(UserOption3::muteUponEntryDefaultValue); }
+  bool isDefaultScheduleUsePMI() const { return says(UserOption3::isDefaultScheduleUsePMI); }
+  bool isEnableWaitingRoom() const { return says(UserOption3::isEnableWaitingRoom); }
+  bool putTheInvitationAtTheTopDefaultValue() const {
+    return says(UserOption3::putTheInvitationAtTheTopDefaultValue);
+  }
   // The opposite of its bit, so true without a message.
-  bool isAddJoinUrlToLocation() const;
-  bool isDisablePwdEmbedInJoinUrl() const;
-  bool isSupportJbhPriorTime() const;
-  bool isSupportRegionCustomization() const;
-  bool isEnableRegionCustomization() const;
-  bool isShowUseWebSettingTipView() const;
-  bool isEnableWaitingRoomNewLogic() const;
-  bool isSupportUnmuteAll() const;
-  bool isEnableUnmuteAll() const;
-  bool isEnableE2eeMeeting() const;
-  bool canScheduleE2eeMeeting() const;
-  bool isSupportE2eeMeeting() const;
-  bool isSupportForceIncludeJoinurlInLocation() const;
+  bool isAddJoinUrlToLocation() const { return !says(UserOption3::isAddJoinUrlToLocation); }
+  bool isDisablePwdEmbedInJoinUrl() const { return says(UserOption3::isDisablePwdEmbedInJoinUrl); }
+  bool isSupportJbhPriorTime() const { return says(UserOption3::isSupportJbhPriorTime); }
+  bool isSupportRegionCustomization() const { return says(UserOption3::isSupportRegionCustomization); }
+  bool isEnableRegionCustomization() const { return says(UserOption3::isEnableRegionCustomization); }
+  bool isShowUseWebSettingTipView() const { return says(UserOption3::isShowUseWebSettingTipView); }
+  bool isEnableWaitingRoomNewLogic() const { return says(UserOption3::isEnableWaitingRoomNewLogic); }
+  bool isSupportUnmuteAll() const { return says(UserOption3::isSupportUnmuteAll); }
+  bool isEnableUnmuteAll() const { return says(UserOption3::isEnableUnmuteAll); }
+  bool isEnableE2eeMeeting() const { return says(UserOption3::isEnableE2eeMeeting); }
+  bool canScheduleE2eeMeeting() const { return says(UserOption3::canScheduleE2eeMeeting); }
+  bool isSupportE2eeMeeting() const { return says(UserOption3::isSupportE2eeMeeting); }
+  bool isSupportForceIncludeJoinurlInLocation() const {
+    return says(UserOption3::isSupportForceIncludeJoinurlInLocation);
+  }
 
-  bool isHostVideoLocked() const;
-  bool isParticipantsLocked() const;
-  bool isAudioTypeLocked() const;
-  bool isJoinBeforeHostLocked() const;
-  bool isMuteUponEntryLocked() const;
-  bool isOnlySignedinUserCanJoinLocked() const;
-  bool isSignedinDomainsLocked() const;
-  bool isWatermarkLocked() const;
-  bool isAutomaticRecordingLocked() const;
-  bool isPublicEventLocked() const;
-  bool isLockAudioWatermark() const;
-  bool isLockScheduleUsePMI() const;
-  bool isLockWaitingRoom() const;
-  bool isLockJoinUrlToLocation() const;
-  bool isLockE2eeMeeting() const;
+  bool isHostVideoLocked() const { return says(UserOption4::isHostVideoLocked); }
+  bool isParticipantsLocked() const { return says(UserOption4::isParticipantsLocked); }
+  bool isAudioTypeLocked() const { return says(UserOption4::isAudioTypeLocked); }
+  bool isJoinBeforeHostLocked() const { return says(UserOption4::isJoinBeforeHostLocked); }
+  bool isMuteUponEntryLocked() const { return says(UserOption4::isMuteUponEntryLocked); }
+  bool isOnlySignedinUserCanJoinLocked() const { return says(UserOption4::isOnlySignedinUserCanJoinLocked); }
+  bool isSignedinDomainsLocked() const { return says(UserOption4::isSignedinDomainsLocked); }
+  bool isWatermarkLocked() const { return says(UserOption4::isWatermarkLocked); }
+  bool isAutomaticRecordingLocked() const { return says(UserOption4::isAutomaticRecordingLocked); }
+  bool isPublicEventLocked() const { return says(UserOption4::isPublicEventLocked); }
+  bool isLockAudioWatermark() const { return says(UserOption4::isLockAudioWatermark); }
+  bool isLockScheduleUsePMI() const { return says(UserOption4::isLockScheduleUsePMI); }
+  bool isLockWaitingRoom() const { return says(UserOption4::isLockWaitingRoom); }
+  bool isLockJoinUrlToLocation() const { return says(UserOption4::isLockJoinUrlToLocation); }
+  bool isLockE2eeMeeting() const { return says(UserOption4::isLockE2eeMeeting); }
   // No lock, though it stands among them: passcodes mix digits and letters.
-  bool isEnableNumberalphabet() const;
+  bool isEnableNumberalphabet() const { return says(UserOption4::isEnableNumberalphabet); }
 
   // --- The dictionary's word of features.
 
   std::int64_t getSupportFeatureOptions() const;
-  bool supportEditCountriesFeature() const;
-  bool supportPutTheInvitationAtTheTopFeature() const;
-  bool supportFeatureRequirePassword() const;
-  bool supportFeatureEnablePaidUserForCN() const;
+  bool supportEditCountriesFeature() const { return says(SupportFeature::supportEditCountriesFeature); }
+  bool supportPutTheInvitationAtTheTopFeature() const {
+    return says(SupportFeature::supportPutTheInvitationAtTheTopFeature);
+  }
+  bool supportFeatureRequirePassword() const { return says(SupportFeature::supportFeatureRequirePassword); }
+  bool supportFeatureEnablePaidUserForCN() const {
+    return says(SupportFeature::supportFeatureEnablePaidUserForCN);
+  }
 
   // --- The dictionary when it has the key, otherwise the bit.
 
@@ -189,7 +216,7 @@ class vnUserProfileHelper {
   Value tspAccounts() const;
   bool isTspSite() const;
   bool moreThanOneTSPAccounts() const;
-  bool tspIsSupportHybirdAudio() const;
+  bool tspIsSupportHybirdAudio() const { return messageAnswer(&Parser::IsTspSupportHybridAudio); }
   bool isScheduleAudioBothDisabled() const;
 
   // --- Tracking fields and dial-in countries.
@@ -219,11 +246,19 @@ class vnUserProfileHelper {
   Value getMeetingTemplates(const OptionalText& email) const;
   // "" when there is none.
   std::string getMeetingTemplateLinkWithoutId(const OptionalText& email) const;
-  bool isEnableAdminTemplate(const OptionalText& email) const;
-  bool isLockAdminTemplate(const OptionalText& email) const;
+  bool isEnableAdminTemplate(const OptionalText& email) const {
+    return says(UserOption5::isEnableAdminTemplate, email);
+  }
+  bool isLockAdminTemplate(const OptionalText& email) const {
+    return says(UserOption4::isLockAdminTemplate, email);
+  }
   Value getMaximumDialinCountry(const OptionalText& email) const;
-  bool isEnableAllowDenyJoinMeetingRegion(const OptionalText& email) const;
-  bool isLockAllowDenyJoinMeetingRegion(const OptionalText& email) const;
+  bool isEnableAllowDenyJoinMeetingRegion(const OptionalText& email) const {
+    return says(UserOption3::isEnableAllowDenyJoinMeetingRegion, email);
+  }
+  bool isLockAllowDenyJoinMeetingRegion(const OptionalText& email) const {
+    return says(UserOption4::isLockAllowDenyJoinMeetingRegion, email);
+  }
   // The region setting, and what stands in it.
   Value getJoinMeetingRegions(const OptionalText& email) const;
   Value getTotalRegionCodes(const OptionalText& email) const;
@@ -239,7 +274,19 @@ class vnUserProfileHelper {
   };
 
   void rememberAccount();
-  bool dictionaryOrBit(std::string_view key, std::int64_t word, std::uint64_t mask) const;
+  bool says(UserOption3 bit) const { return hasBit(userOptions3(), bit); }
+  bool says(UserOption4 bit) const { return hasBit(userOptions4(), bit); }
+  bool says(SupportFeature bit) const { return hasBit(getSupportFeatureOptions(), bit); }
+  // Of the account or of the person.
+  bool says(UserOption3 bit, const OptionalText& email) const;
+  bool says(UserOption4 bit, const OptionalText& email) const;
+  bool says(UserOption5 bit, const OptionalText& email) const;
+  // The message's answer when the profile has a message, otherwise the dictionary's under the key or the bit.
+  OptionalText messageOr(std::string_view key, std::string (Parser::*question)() const) const;
+  bool messageOr(std::string_view key, bool (Parser::*question)() const) const;
+  bool messageOr(UserOption bit, bool (Parser::*question)() const) const;
+  // The dictionary's flag when it has the key.
+  bool dictionaryOr(std::string_view key, bool otherwise) const;
   // The value under a key of the account or of the person.
   Value accountOrPerson(const OptionalText& email, std::string_view key) const;
 

@@ -1,4 +1,3 @@
-#include "data/UserProfileAnswers.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
@@ -93,7 +92,7 @@ bool vnUserProfileHelper::isNoMeetingLicenseUser() const {
 }
 
 Value vnUserProfileHelper::tspAccounts() const {
-  const CVnUserProfileProtoParse* parser = userProfileProtoParse().get();
+  const Parser* parser = userProfileProtoParse().get();
   if (!parser) return {};
   Value::Array accounts;
   for (std::int32_t i = 0; i < parser->GetTspAccountsCount(); ++i) {
@@ -110,27 +109,19 @@ Value vnUserProfileHelper::tspAccounts() const {
   return accounts;
 }
 
-bool vnUserProfileHelper::isTspSite() const {
-  const CVnUserProfileProtoParse* parser = userProfileProtoParse().get();
-  return parser && parser->GetTspAccountsCount() > 0;
-}
+bool vnUserProfileHelper::isTspSite() const { return messageAnswer(&Parser::GetTspAccountsCount) > 0; }
 
 bool vnUserProfileHelper::moreThanOneTSPAccounts() const {
-  const CVnUserProfileProtoParse* parser = userProfileProtoParse().get();
-  return parser && parser->GetTspAccountsCount() > 1;
-}
-
-bool vnUserProfileHelper::tspIsSupportHybirdAudio() const {
-  return messageSays(&CVnUserProfileProtoParse::IsTspSupportHybridAudio);
+  return messageAnswer(&Parser::GetTspAccountsCount) > 1;
 }
 
 bool vnUserProfileHelper::isScheduleAudioBothDisabled() const {
   if (isTspSite()) return !tspIsSupportHybirdAudio();
-  return messageSays(&CVnUserProfileProtoParse::IsScheduleAudioBothDisabled);
+  return messageAnswer(&Parser::IsScheduleAudioBothDisabled);
 }
 
 Value vnUserProfileHelper::trackingFields() const {
-  const CVnUserProfileProtoParse* parser = userProfileProtoParse().get();
+  const Parser* parser = userProfileProtoParse().get();
   if (!parser) return {};
   Value::Array fields;
   for (std::int32_t i = 0; i < parser->GetTrackingFieldsCount(); ++i) {

@@ -1,4 +1,3 @@
-#include "data/OptionBits.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
@@ -70,6 +69,18 @@ Value vnUserProfileHelper::accountOrPerson(const OptionalText& email, std::strin
   return scheduleForList().bossesInfoWithScheduleForEmail(email)[key];
 }
 
+bool vnUserProfileHelper::says(UserOption3 bit, const OptionalText& email) const {
+  return hasBit(isOneself(email) ? userOptions3() : scheduleForList().userOptions3(email), bit);
+}
+
+bool vnUserProfileHelper::says(UserOption4 bit, const OptionalText& email) const {
+  return hasBit(isOneself(email) ? userOptions4() : scheduleForList().userOptions4(email), bit);
+}
+
+bool vnUserProfileHelper::says(UserOption5 bit, const OptionalText& email) const {
+  return hasBit(isOneself(email) ? userOptions5() : scheduleForList().userOptions5(email), bit);
+}
+
 Value vnUserProfileHelper::getMeetingTemplates(const OptionalText& email) const {
   return accountOrPerson(email, vn_Profile_MeetingTemplates);
 }
@@ -78,28 +89,8 @@ std::string vnUserProfileHelper::getMeetingTemplateLinkWithoutId(const OptionalT
   return accountOrPerson(email, vn_Profile_TemplateLinkWithoutId).text();
 }
 
-bool vnUserProfileHelper::isEnableAdminTemplate(const OptionalText& email) const {
-  const std::int64_t word = isOneself(email) ? userOptions5() : scheduleForList().userOptions5(email);
-  return hasBit(word, maskOf(kUserOption5Bits, "isEnableAdminTemplate"));
-}
-
-bool vnUserProfileHelper::isLockAdminTemplate(const OptionalText& email) const {
-  const std::int64_t word = isOneself(email) ? userOptions4() : scheduleForList().userOptions4(email);
-  return hasBit(word, maskOf(kUserOption4Bits, "isLockAdminTemplate"));
-}
-
 Value vnUserProfileHelper::getMaximumDialinCountry(const OptionalText& email) const {
   return accountOrPerson(email, vn_Profile_MaximumDialinCountry);
-}
-
-bool vnUserProfileHelper::isEnableAllowDenyJoinMeetingRegion(const OptionalText& email) const {
-  const std::int64_t word = isOneself(email) ? userOptions3() : scheduleForList().userOptions3(email);
-  return hasBit(word, maskOf(kUserOption3Bits, "isEnableAllowDenyJoinMeetingRegion"));
-}
-
-bool vnUserProfileHelper::isLockAllowDenyJoinMeetingRegion(const OptionalText& email) const {
-  const std::int64_t word = isOneself(email) ? userOptions4() : scheduleForList().userOptions4(email);
-  return hasBit(word, maskOf(kUserOption4Bits, "isLockAllowDenyJoinMeetingRegion"));
 }
 
 Value vnUserProfileHelper::getJoinMeetingRegions(const OptionalText& email) const {

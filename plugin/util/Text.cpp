@@ -1,8 +1,19 @@
 #include "util/Text.h"
 
+#include <unicode/stringoptions.h>
 #include <unicode/unistr.h>
 
 namespace vorn {
+
+namespace {
+
+bool isAscii(char character) { return static_cast<unsigned char>(character) < 0x80; }
+
+char lower(char character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A')) : character;
+}
+
+}  // namespace
 
 std::string caseFolded(std::string_view text) {
   std::string result;
@@ -12,6 +23,19 @@ std::string caseFolded(std::string_view text) {
   return result;
 }
 
-bool equalIgnoringCase(std::string_view a, std::string_view b) { return a == b || caseFolded(a) == caseFolded(b); }
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+  // Most texts are ASCII, which needs no other form of the text.
+  std::size_t same = 0;
+  for (; same < a.size() && same < b.size(); ++same) {
+    if (!isAscii(a[same]) || !isAscii(b[same])) break;
+    if (lower(a[same]) != lower(b[same])) return false;
+  }
+  if (same == a.size() && same == b.size()) return true;
+  const auto unicode = [same](std::string_view text) {
+    const std::string_view rest = text.substr(same);
+    return icu::UnicodeString::fromUTF8(icu::StringPiece(rest.data(), static_cast<std::int32_t>(rest.size())));
+  };
+  return unicode(a).caseCompare(unicode(b), U_FOLD_CASE_DEFAULT) == 0;
+}
 
 }  // namespace vorn

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "data/vnMeetingInfoKeys.h"
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"

@@ -1,11 +1,7 @@
-#include <algorithm>
 #include <functional>
-#include <span>
 #include <vector>
 
 #include "data/CVnGetMeetingProtoParse.h"
-#include "data/CVnUserProfileProtoParse.h"
-#include "data/OptionBits.h"
 #include "tests/data/DataTest.h"
 
 namespace vorn {
@@ -13,12 +9,10 @@ namespace {
 
 using Question = std::function<bool()>;
 
-// The bit numbers are the service's own numbering; the table of the code gives masks. Both have to say the same.
+// By the bit numbers of the service.
 struct Row {
-  std::string_view accessor;
   int bit;
   Question ask;
-  bool inverted = false;
 };
 
 using Account = vnUserProfileHelper;
@@ -34,168 +28,58 @@ Question ownAnswer(bool (Account::*question)(const OptionalText&) const) {
 class OptionBitsTest : public DataTest {
  protected:
   // Sets one bit after the other and asks everything each time: a question answers to its own bit alone.
-  void walk(std::span<const OptionBit> table, const std::vector<Row>& rows,
-            const std::function<void(std::uint64_t)>& setWord) {
-    ASSERT_EQ(rows.size(), table.size());
-    for (const OptionBit& row : table) {
-      const auto tested =
-          std::find_if(rows.begin(), rows.end(), [&](const Row& r) { return r.accessor == row.accessor; });
-      ASSERT_NE(tested, rows.end()) << row.accessor;
-      EXPECT_EQ(row.mask, std::uint64_t{1} << tested->bit) << row.accessor;
-    }
+  static void walk(const std::vector<Row>& rows, const std::function<void(std::int64_t)>& setWord) {
     for (int bit = 0; bit < 64; ++bit) {
-      setWord(std::uint64_t{1} << bit);
+      setWord(static_cast<std::int64_t>(std::uint64_t{1} << bit));
       for (const Row& row : rows) {
-        EXPECT_EQ(row.ask(), (row.bit == bit) != row.inverted) << row.accessor << " with bit " << bit;
+        EXPECT_EQ(row.ask(), row.bit == bit) << "the question of " << row.bit << " with " << bit;
       }
     }
   }
 };
 
-TEST_F(OptionBitsTest, EachQuestionOnUserOptionAnswersToItsOwnBit) {
-  const CVnUserProfileProtoParse parser(nullptr, 0);
-  const auto ask = [&](bool (CVnUserProfileProtoParse::*question)() const) {
-    return [&parser, question] { return (parser.*question)(); };
+// What a new meeting and its overlay are made of is tried with the record; these are the others.
+TEST_F(OptionBitsTest, EachFurtherQuestionAnswersToItsOwnBit) {
+  using Word = void (proto::UserProfile::*)(std::int64_t);
+  const auto walkWord = [](Word set, const std::vector<Row>& rows) {
+    walk(rows, [set](std::int64_t value) {
+      proto::UserProfile profile;
+      (profile.*set)(value);
+      receive(profile);
+    });
   };
-  using P = CVnUserProfileProtoParse;
-  std::uint64_t word = 0;
-  const std::vector<Row> rows = {
-      {"EnableAutoRecordingByDefault", 5, ask(&P::EnableAutoRecordingByDefault)},
-      {"AlwaysUseTelephonyAsDefaultAudio", 22, ask(&P::AlwaysUseTelephonyAsDefaultAudio)},
-      {"HasSelfTelephony", 25, ask(&P::HasSelfTelephony)},
-      {"EnableThirdPartyAudio", 25, ask(&P::EnableThirdPartyAudio)},
-      {"EnableCloudRecording", 28, ask(&P::EnableCloudRecording)},
-      {"EnableCloudRecordingByDefault", 30, ask(&P::EnableCloudRecordingByDefault)},
-      {"UseRandomPasswordByDefault", 33, ask(&P::UseRandomPasswordByDefault)},
-      // Counts only with the account's own telephony, bit 25, which is set here for it.
-      {"Use3rdPartyAsDefaultAudio", 34,
-       [&] {
-         proto::UserProfile both;
-         both.set_useroption(static_cast<std::int64_t>(word | 0x2000000));
-         receive(both);
-         const bool withTelephony = account().use3rdPartyAsDefaultAudio();
-         both.set_useroption(static_cast<std::int64_t>(word));
-         receive(both);
-         EXPECT_FALSE(account().use3rdPartyAsDefaultAudio());
-         return withTelephony;
-       }},
-      {"AlwaysUseBothAsDefaultAudio", 35, ask(&P::AlwaysUseBothAsDefaultAudio)},
-      {"AlwaysTurnOnHostVideoByDefault", 36, ask(&P::AlwaysTurnOnHostVideoByDefault)},
-      {"AlwaysTurnOnAttendeeVideoByDefault", 37, ask(&P::AlwaysTurnOnAttendeeVideoByDefault)},
-      {"AlwaysEnableJoinBeforeHostByDefault", 38, ask(&P::AlwaysEnableJoinBeforeHostByDefault)},
-      {"EnableLocalRecording", 51, ask(&P::EnableLocalRecording), true},
-      {"IsSignedInUserMeetingOn", 56, ask(&P::IsSignedInUserMeetingOn)},
-      {"IsSpecifiedDomainsMeetingOn", 57, ask(&P::IsSpecifiedDomainsMeetingOn)},
-      {"EnforceJoinLoginSpecifiedDomainsDefaultOn", 63, ask(&P::EnforceJoinLoginSpecifiedDomainsDefaultOn)},
-  };
-  walk(kUserOptionBits, rows, [&](std::uint64_t value) {
-    word = value;
-    proto::UserProfile profile;
-    profile.set_useroption(static_cast<std::int64_t>(value));
-    receive(profile);
-  });
-}
-
-TEST_F(OptionBitsTest, EachQuestionOnUserOption2AnswersToItsOwnBit) {
-  const std::vector<Row> rows = {
-      {"IsScheduleAudioBothDisabled", 31, answer(&Account::isScheduleAudioBothDisabled)},
-      {"EnableNotStoreMeetingTopic", 32, answer(&Account::enableNotStoreMeetingTopic)},
-      {"EnableLocalRecording", 39, answer(&Account::enableLocalRecording), true},
-      {"EnableCloudRecording", 39, answer(&Account::enableCloudRecording), true},
-      {"IsEnableForcePMIJBHWithPassword", 45, answer(&Account::isEnableForcePMIJBHWithPassword)},
-      {"AlwaysUseVOIPAsDefaultAudio", 54, answer(&Account::alwaysUseVOIPAsDefaultAudio)},
-  };
-  walk(kUserOption2Bits, rows, [&](std::uint64_t value) {
-    proto::UserProfile profile;
-    profile.set_useroption(std::int64_t{1} << 28);
-    profile.set_useroption2(static_cast<std::int64_t>(value));
-    receive(profile);
-  });
-}
-
-TEST_F(OptionBitsTest, EachQuestionOnUserOption3AnswersToItsOwnBit) {
-  const std::vector<Row> rows = {
-      {"isEnableAddMeetingToPublicCalendarEvent", 3, answer(&Account::isEnableAddMeetingToPublicCalendarEvent)},
-      {"enableListMeetingInPublicEventListByDefault", 5,
-       answer(&Account::enableListMeetingInPublicEventListByDefault)},
-      {"muteUponEntryDefaultValue", 6, answer(&Account::muteUponEntryDefaultValue)},
-      {"isEnableAudioWatermark", 7, answer(&Account::isEnableAudioWatermark)},
-      {"isDefaultScheduleUsePMI", 8, answer(&Account::isDefaultScheduleUsePMI)},
-      {"isEnableWaitingRoom", 9, answer(&Account::isEnableWaitingRoom)},
-      {"putTheInvitationAtTheTopDefaultValue", 12, answer(&Account::putTheInvitationAtTheTopDefaultValue)},
-      {"isAddJoinUrlToLocation", 14, answer(&Account::isAddJoinUrlToLocation), true},
-      {"isEnableRequirePassword", 16, answer(&Account::isEnableRequirePassword)},
-      {"isEnablePMIRequirePassword", 17, answer(&Account::isEnablePMIRequirePassword)},
-      {"isDisablePwdEmbedInJoinUrl", 25, answer(&Account::isDisablePwdEmbedInJoinUrl)},
-      {"isSupportJbhPriorTime", 27, answer(&Account::isSupportJbhPriorTime)},
-      {"isSupportRegionCustomization", 37, answer(&Account::isSupportRegionCustomization)},
-      {"isEnableRegionCustomization", 38, answer(&Account::isEnableRegionCustomization)},
-      {"IsDisablePMI", 39, answer(&Account::isDisablePMI)},
-      {"isShowUseWebSettingTipView", 46, answer(&Account::isShowUseWebSettingTipView)},
-      {"isEnableWaitingRoomNewLogic", 47, answer(&Account::isEnableWaitingRoomNewLogic)},
-      {"isSupportUnmuteAll", 49, answer(&Account::isSupportUnmuteAll)},
-      {"isEnableUnmuteAll", 51, answer(&Account::isEnableUnmuteAll)},
-      {"isEnableE2eeMeeting", 53, answer(&Account::isEnableE2eeMeeting)},
-      {"canScheduleE2eeMeeting", 54, answer(&Account::canScheduleE2eeMeeting)},
-      {"isSupportE2eeMeeting", 57, answer(&Account::isSupportE2eeMeeting)},
-      {"isSupportForceIncludeJoinurlInLocation", 60, answer(&Account::isSupportForceIncludeJoinurlInLocation)},
-      {"isEnableAllowDenyJoinMeetingRegion", 62, ownAnswer(&Account::isEnableAllowDenyJoinMeetingRegion)},
-  };
-  walk(kUserOption3Bits, rows, [&](std::uint64_t value) {
-    proto::UserProfile profile;
-    profile.set_useroption3(static_cast<std::int64_t>(value));
-    receive(profile);
-  });
-}
-
-TEST_F(OptionBitsTest, EachQuestionOnUserOption4AnswersToItsOwnBit) {
-  const std::vector<Row> rows = {
-      {"isHostVideoLocked", 1, answer(&Account::isHostVideoLocked)},
-      {"isParticipantsLocked", 2, answer(&Account::isParticipantsLocked)},
-      {"isAudioTypeLocked", 3, answer(&Account::isAudioTypeLocked)},
-      {"isJoinBeforeHostLocked", 4, answer(&Account::isJoinBeforeHostLocked)},
-      {"isMuteUponEntryLocked", 5, answer(&Account::isMuteUponEntryLocked)},
-      {"isOnlySignedinUserCanJoinLocked", 6, answer(&Account::isOnlySignedinUserCanJoinLocked)},
-      {"isSignedinDomainsLocked", 7, answer(&Account::isSignedinDomainsLocked)},
-      {"isWatermarkLocked", 8, answer(&Account::isWatermarkLocked)},
-      {"isAutomaticRecordingLocked", 9, answer(&Account::isAutomaticRecordingLocked)},
-      {"isPublicEventLocked", 11, answer(&Account::isPublicEventLocked)},
-      {"isLockAudioWatermark", 12, answer(&Account::isLockAudioWatermark)},
-      {"isLockScheduleRequirePassword", 13, answer(&Account::isLockScheduleRequirePassword)},
-      {"isLockPMIRequirePassword", 15, answer(&Account::isLockPMIRequirePassword)},
-      {"isLockScheduleUsePMI", 16, answer(&Account::isLockScheduleUsePMI)},
-      {"isLockWaitingRoom", 17, answer(&Account::isLockWaitingRoom)},
-      {"isLockJoinUrlToLocation", 18, answer(&Account::isLockJoinUrlToLocation)},
-      {"isEnableNumberalphabet", 22, answer(&Account::isEnableNumberalphabet)},
-      {"isLockE2eeMeeting", 26, answer(&Account::isLockE2eeMeeting)},
-      {"isLockAllowDenyJoinMeetingRegion", 30, ownAnswer(&Account::isLockAllowDenyJoinMeetingRegion)},
-      {"isLockAdminTemplate", 33, ownAnswer(&Account::isLockAdminTemplate)},
-  };
-  walk(kUserOption4Bits, rows, [&](std::uint64_t value) {
-    proto::UserProfile profile;
-    profile.set_useroption4(static_cast<std::int64_t>(value));
-    receive(profile);
-  });
-}
-
-TEST_F(OptionBitsTest, TheRemainingAccountWordsAnswerToTheirOwnBits) {
-  walk(kUserOption5Bits, {{"isEnableAdminTemplate", 0, ownAnswer(&Account::isEnableAdminTemplate)}},
-       [&](std::uint64_t value) {
-         proto::UserProfile profile;
-         profile.set_useroption5(static_cast<std::int64_t>(value));
-         receive(profile);
+  walkWord(&proto::UserProfile::set_useroption,
+           {{33, answer(&Account::useRandomPasswordByDefault)},
+            {56, answer(&Account::isSignedInUserMeetingOn)},
+            {57, answer(&Account::isSpecifiedDomainsMeetingOn)},
+            {63, answer(&Account::enforceJoinLoginSpecifiedDomainsDefaultOn)}});
+  walkWord(&proto::UserProfile::set_useroption2, {{32, answer(&Account::enableNotStoreMeetingTopic)}});
+  walkWord(&proto::UserProfile::set_useroption3, {{7, answer(&Account::isEnableAudioWatermark)},
+                                                  {25, answer(&Account::isDisablePwdEmbedInJoinUrl)},
+                                                  {37, answer(&Account::isSupportRegionCustomization)},
+                                                  {39, answer(&Account::isDisablePMI)},
+                                                  {39, answer(&Account::isDisablePMIForOther)},
+                                                  {46, answer(&Account::isShowUseWebSettingTipView)},
+                                                  {47, answer(&Account::isEnableWaitingRoomNewLogic)},
+                                                  {49, answer(&Account::isSupportUnmuteAll)},
+                                                  {54, answer(&Account::canScheduleE2eeMeeting)}});
+  walkWord(&proto::UserProfile::set_useroption4, {{6, answer(&Account::isOnlySignedinUserCanJoinLocked)},
+                                                  {7, answer(&Account::isSignedinDomainsLocked)},
+                                                  {8, answer(&Account::isWatermarkLocked)},
+                                                  {13, answer(&Account::isLockScheduleRequirePassword)},
+                                                  {15, answer(&Account::isLockPMIRequirePassword)},
+                                                  {18, answer(&Account::isLockJoinUrlToLocation)},
+                                                  {22, answer(&Account::isEnableNumberalphabet)},
+                                                  {30, ownAnswer(&Account::isLockAllowDenyJoinMeetingRegion)},
+                                                  {33, ownAnswer(&Account::isLockAdminTemplate)}});
+  walkWord(&proto::UserProfile::set_useroption5, {{0, ownAnswer(&Account::isEnableAdminTemplate)}});
+  walk({{0, answer(&Account::supportEditCountriesFeature)},
+        {1, answer(&Account::supportPutTheInvitationAtTheTopFeature)},
+        {2, answer(&Account::supportFeatureRequirePassword)},
+        {3, answer(&Account::supportFeatureEnablePaidUserForCN)}},
+       [](std::int64_t value) {
+         account().setData(Value::dictionaryFromPairs({{vn_Profile_SupportFeatureOptions, value}}));
        });
-  const std::vector<Row> features = {
-      {"supportEditCountriesFeature", 0, answer(&Account::supportEditCountriesFeature)},
-      {"supportPutTheInvitationAtTheTopFeature", 1, answer(&Account::supportPutTheInvitationAtTheTopFeature)},
-      {"supportFeatureRequirePassword", 2, answer(&Account::supportFeatureRequirePassword)},
-      {"supportFeatureEnablePaidUserForCN", 3, answer(&Account::supportFeatureEnablePaidUserForCN)},
-  };
-  walk(kSupportFeatureBits, features, [&](std::uint64_t value) {
-    Value profile = Value::dictionary();
-    profile.set(vn_Profile_SupportFeatureOptions, Value(value));
-    account().setData(profile);
-  });
 }
 
 TEST_F(OptionBitsTest, EachQuestionOnAMeetingAnswersToItsOwnBit) {

@@ -1,7 +1,7 @@
-#include <set>
-
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
+#include "data/Passcodes.h"
+#include "data/vnGetScheduleForListHelper.h"
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "tests/data/DataTest.h"
@@ -14,21 +14,23 @@ Value json(const char* text) { return vStringUtils::toArrayOrNSDictionary(std::s
 
 constexpr std::int64_t bit(int number) { return static_cast<std::int64_t>(std::uint64_t{1} << number); }
 
+// What stands in the second dictionary and not so in the first; null for what is gone.
+Value changesBetween(const Value& before, const Value& after) {
+  Value changes = Value::dictionary();
+  for (const auto& [key, value] : after.entries()) {
+    if (before[key] != value) changes.set(key, value);
+  }
+  for (const auto& [key, value] : before.entries()) {
+    if (!after.contains(key)) changes.set(key, nullptr);
+  }
+  return changes;
+}
+
 class SettingRecordTest : public DataTest {
  protected:
   static void saveProfile(const Value& saved) {
     JsonTextFile(vnCommon::getVnUserProfilePath(account().getUID())).write(saved);
   }
-  static void setPasswordRules(std::int64_t rules, std::int64_t least, std::int64_t run, bool mixed = false) {
-    proto::UserProfile message;
-    message.set_useroption4(mixed ? bit(22) : 0);
-    Value profile = profileWith(message.SerializeAsString());
-    profile.set(vn_Profile_PasswordRulesOption, rules);
-    profile.set(vn_Profile_PasswordMinLength, least);
-    profile.set(vn_Profile_PasswordConsecutiveLength, run);
-    account().setData(profile);
-  }
-
   vnSettingData record;
 };
 
@@ -45,91 +47,205 @@ TEST_F(SettingRecordTest, ANewMeetingWithoutAProfileHasTheFixedValues) {
     "enableAllowDenyJoinMeetingRegion":false,"regionType":0,"regionCodes":[]})"));
 }
 
-TEST_F(SettingRecordTest, DerivesTheAudioTypeOfANewMeeting) {
-  struct Case {
-    bool tsp, both, bothDisabled, telephony, voip, thirdParty;
-    int type;
-  };
-  const Case cases[] = {
-      {false, true, false, true, true, true, 2},    {false, true, true, false, true, false, 0},
-      {false, false, false, true, true, true, 0},   {false, false, false, false, true, true, 1},
-      {false, false, false, false, false, true, 3}, {false, false, false, false, false, false, 2},
-      {true, true, false, false, false, false, 13}, {true, true, true, false, true, false, 10},
-      {true, false, false, true, true, false, 10},  {true, false, false, false, true, false, 12},
-      {true, false, false, false, false, true, 10},
-  };
-  for (const Case& c : cases) {
-    proto::UserProfile profile;
-    profile.set_useroption((c.both ? bit(35) : 0) | (c.telephony ? bit(22) : 0) |
-                           (c.thirdParty ? bit(25) | bit(34) : 0));
-    profile.set_useroption2((c.voip ? bit(54) : 0) | (!c.tsp && c.bothDisabled ? bit(31) : 0));
-    if (c.tsp) {
-      profile.add_tspaccounts();
-      profile.mutable_tsp()->set_supportshybridaudio(!c.bothDisabled);
-    }
-    receive(profile);
+TEST_F(SettingRecordTest, EachBitAndKeyOfTheAccountGoesIntoItsFieldOfANewMeeting) {
+  const auto newMeeting = [](std::int64_t o1, std::int64_t o2, std::int64_t o3, const char* keys) {
+    proto::UserProfile message;
+    message.set_useroption(o1);
+    message.set_useroption2(o2);
+    message.set_useroption3(o3);
+    message.set_otherteleconfinfo("dial");
+    Value profile = profileWith(message.SerializeAsString());
+    profile.addEntries(json(keys));
+    account().setData(profile);
+    vnSettingData record;
     record.initSettingData();
-    EXPECT_EQ(record.audioType(), c.type) << profile.useroption() << " " << profile.useroption2() << " " << c.tsp;
+    // Outside the dictionary, or only told with others.
+    Value told = record.getSettingsData();
+    told.set("room", record.roomMeetingId());
+    told.set("hash", record.hash());
+    told.set("tollfree", Value::Array{record.includeTollfree(), record.enableShowIncludeTollfree()});
+    if (told.contains("meetingPassword"))
+      told.set("meetingPassword", std::to_string(record.meetingPassword()->size()));
+    return told;
+  };
+  const struct {
+    std::int64_t o1, o2, o3;
+    const char* keys;
+    const char* changes;
+  } rows[] = {
+      {bit(36), 0, 0, "{}", R"({"enableHostVideo":true})"},
+      {bit(37), 0, 0, "{}", R"({"enableParticipantsVideo":true})"},
+      {bit(38), 0, 0, "{}", R"({"enableJBH":true})"},
+      {bit(22), 0, 0, "{}", R"({"audioOption":0})"},
+      {bit(25), 0, 0, "{}", R"({"enableThirdPartyAudio":true,"thirdPartyAudio":"dial"})"},
+      {bit(25) | bit(34), 0, 0, "{}",
+       R"({"enableThirdPartyAudio":true,"thirdPartyAudio":"dial","audioOption":3})"},
+      {bit(35), bit(31), 0, "{}", R"({"audioOption":0})"},
+      {0, bit(54), 0, "{}", R"({"audioOption":1})"},
+      {bit(5), 0, 0, "{}", R"({"enableAutoRecordingType":3})"},
+      {bit(5) | bit(28), 0, 0, "{}", R"({"enableAutoRecordingType":1})"},
+      {bit(5) | bit(28) | bit(30), 0, 0, "{}", R"({"enableAutoRecordingType":2})"},
+      {bit(5) | bit(28) | bit(51), 0, 0, "{}", R"({"enableAutoRecordingType":4})"},
+      {bit(5), bit(39), 0, "{}", R"({"enableAutoRecordingMtgLevelFirst":false,"enableAutoRecordingType":5})"},
+      {0, 0, bit(6), "{}", R"({"muteOnEntry":true})"},
+      {0, 0, bit(9), "{}", R"({"enableWaitingRoom":true})"},
+      {0, 0, bit(51), "{}", R"({"enableUnmuteAll":true})"},
+      {0, 0, bit(38), "{}", R"({"enableRegionCustomization":true})"},
+      {0, 0, bit(5), "{}", "{}"},
+      {0, 0, bit(3) | bit(5), "{}", R"({"enableMeetingToPublicEvent":true})"},
+      {0, 0, bit(14), "{}", "{}"},
+      {0, 0, bit(14) | bit(60), "{}", R"({"forceIncludeJoinurlInLocation":false})"},
+      {0, 0, bit(12), "{}", "{}"},
+      {0, 0, bit(12), R"({"supportFeatureOptions":2})", R"({"putTheInvitationAtTheTop":true})"},
+      {0, 0, bit(53), "{}", "{}"},
+      {0, 0, bit(53) | bit(57), "{}", R"({"enableE2ee":true})"},
+      {0, 0, 0, R"({"jbhPriorTime":10})", "{}"},
+      {0, 0, bit(27), R"({"jbhPriorTime":10})", R"({"jbhPriorTime":10})"},
+      {0, 0, bit(16), "{}", R"({"requiredMeetingPassword":true,"meetingPassword":"6"})"},
+      {0, 0, bit(8), "{}", R"({"usePMI":true})"},
+      {0, 0, bit(8) | bit(17), "{}", R"({"usePMI":true,"requiredMeetingPassword":true,"meetingPassword":"0"})"},
+      {0, bit(45), bit(8), "{}", R"({"usePMI":true})"},
+      {bit(38), bit(45), bit(8), "{}",
+       R"({"enableJBH":true,"usePMI":true,"requiredMeetingPassword":true,"meetingPassword":"0"})"},
+      {0, 0, 0, R"({"defaultEnableOnlyAuthUsersCanJoin":true})",
+       R"({"isSignedInUsersMeetingOn":true,
+           "meetingAuth":{"authId":"","authName":"","authType":0,"authDomain":""}})"},
+      {0, 0, 0, R"({"joinMeetingRegionSetting":{"RegionPolicy":{"regionType":1,"regionCodes":["CN"]}}})",
+       R"({"regionType":1})"},
+      {0, 0, bit(62), R"({"joinMeetingRegionSetting":{"RegionPolicy":{"regionType":1,"regionCodes":["CN"]}}})",
+       R"({"enableAllowDenyJoinMeetingRegion":true,"regionType":1,"regionCodes":["CN"]})"},
+      {0, 0, 0, R"({"availableDialinCountry":{"hash":"h","includedTollfree":true,"selectedCountries":["US"]}})",
+       R"({"hash":"h","tollfree":[true,false],
+           "availableDialinCountry":{"hash":"h","includedTollfree":true,"selectedCountries":["US"]}})"},
+      {0, 0, 0, R"({"availableDialinCountry":{"hash":"","enableShowIncludeTollfree":true}})",
+       R"({"hash":"","tollfree":[false,true]})"},
+  };
+  const Value plain = newMeeting(0, 0, 0, "{}");
+  EXPECT_EQ(plain["enableAutoRecordingMtgLevelFirst"], Value(true)) << "a message that forbids nothing allows it";
+  EXPECT_EQ(plain["room"], Value("0"));
+  for (const auto& row : rows) {
+    EXPECT_EQ(vStringUtils::toJSONString(changesBetween(plain, newMeeting(row.o1, row.o2, row.o3, row.keys))),
+              vStringUtils::toJSONString(json(row.changes)))
+        << row.o1 << " " << row.o2 << " " << row.o3 << " " << row.keys;
   }
 }
 
-TEST_F(SettingRecordTest, DerivesTheRecordingTypeOfANewMeeting) {
-  struct Case {
-    bool local, cloud, automatic, cloudFirst;
-    int type;
-    bool offered;
-  };
-  const Case cases[] = {{false, false, true, true, 5, false}, {true, true, false, true, 0, true},
-                        {true, true, true, true, 2, true},    {true, true, true, false, 1, true},
-                        {true, false, true, true, 3, true},   {false, true, true, false, 4, true}};
-  for (const Case& c : cases) {
-    proto::UserProfile profile;
-    profile.set_useroption((c.local ? 0 : bit(51)) | (c.cloud ? bit(28) : 0) | (c.automatic ? bit(5) : 0) |
-                           (c.cloudFirst ? bit(30) : 0));
-    receive(profile);
+TEST_F(SettingRecordTest, TheOverlayTakesEachSettingThatIsNotLocked) {
+  const Value meeting = json(R"({"enableHostVideo":true,"enableParticipantsVideo":true,"audioOption":1,
+      "enableJBH":true,"jbhPriorTime":10,"usePMI":true,"requiredMeetingPassword":true,"meetingPassword":"pw",
+      "thirdPartyAudio":"dial","isSignedInUsersMeetingOn":true,"enableAutoRecordingType":2,"muteOnEntry":true,
+      "alternateHosts":["a@example.com"],"enableMeetingToPublicEvent":true,"scheduleFor":"b@example.com",
+      "availableDialinCountry":{"hash":"h","includedTollfree":true,"selectedCountries":["US"]},
+      "meetingAuth":{"authId":"i","authName":"n","authType":3,"authDomain":"d"},
+      "enableAudioWatermark":true,"enableWaitingRoom":true,"supportWaitingRoom":false,
+      "enableRegionCustomization":true,"additionalDCRegions":["EU"],"enableUnmuteAll":true,"enableE2ee":true,
+      "meetingTemplate":{"templateId":"t","templateName":"l","templateType":2},
+      "enableAllowDenyJoinMeetingRegion":true,"regionType":1,"regionCodes":["US"]})");
+  const auto overlaid = [&](std::int64_t locks, const char* keys) {
+    proto::UserProfile message;
+    message.set_useroption4(locks);
+    Value profile = profileWith(message.SerializeAsString());
+    profile.addEntries(json(keys));
+    account().setData(profile);
     record.initSettingData();
-    EXPECT_EQ(record.emAutoRecordingType(), c.type);
-    EXPECT_EQ(record.enableAutoRecordingMtgLevelFirst(), c.offered);
+    record.initWithSiteMeetingInfo(Value::dictionaryFromPairs({{vn_Setting, meeting}}));
+    return record.getSettingsData();
+  };
+  const Value open = overlaid(0, "{}");
+  EXPECT_EQ(vStringUtils::toJSONString(changesBetween(meeting, open)),
+            vStringUtils::toJSONString(json(
+                R"({"enableThirdPartyAudio":false,"notShowMeAgain":false,"trackingFields":[],
+          "enableAutoRecordingMtgLevelFirst":false,"forceIncludeJoinurlInLocation":true,
+          "putTheInvitationAtTheTop":false,"language":""})")));
+  const struct {
+    std::int64_t lock;
+    const char* keys;
+    const char* kept;
+  } rows[] = {
+      {bit(1), "{}", R"({"enableHostVideo":false})"},
+      {bit(2), "{}", R"({"enableParticipantsVideo":false})"},
+      {bit(3), "{}", R"({"audioOption":2})"},
+      {bit(4), "{}", R"({"enableJBH":false,"jbhPriorTime":5})"},
+      {bit(5), "{}", R"({"muteOnEntry":false})"},
+      {bit(9), "{}", R"({"enableAutoRecordingType":0})"},
+      {bit(11), "{}", R"({"enableMeetingToPublicEvent":false})"},
+      {bit(12), "{}", R"({"enableAudioWatermark":false})"},
+      {bit(16), "{}", R"({"usePMI":false})"},
+      {bit(17), "{}", R"({"enableWaitingRoom":false,"supportWaitingRoom":true})"},
+      {bit(26), "{}", R"({"enableE2ee":false})"},
+      // The lock on the regions is asked of the person for whom the meeting is, and of nobody else.
+      {bit(30), "{}", "{}"},
+      {0, R"({"lockOnlyAuthUsersCanJoin":true})", R"({"isSignedInUsersMeetingOn":false,"meetingAuth":null})"},
+  };
+  for (const auto& row : rows) {
+    record = {};
+    EXPECT_EQ(vStringUtils::toJSONString(changesBetween(open, overlaid(row.lock, row.keys))),
+              vStringUtils::toJSONString(json(row.kept)))
+        << row.lock << row.keys;
   }
+  vnGetScheduleForListHelper::sharedInstance().setData(
+      json(R"({"bosses":[{"email":"b@example.com","userOption4":1073741824}]})"));
+  EXPECT_EQ(changesBetween(open, overlaid(0, "{}")),
+            json(R"({"enableAllowDenyJoinMeetingRegion":false,"regionType":0,"regionCodes":[]})"));
 }
 
-TEST_F(SettingRecordTest, TheSavedAccountChoiceSurvivesAChangedAudioDefault) {
-  struct Case {
-    bool both, hybrid, voip;
-    int saved, type;
-  };
-  for (const Case& c :
-       {Case{true, false, false, 14, 11}, Case{true, false, false, 13, 10}, Case{true, true, false, 11, 14},
-        Case{true, true, false, 12, 13}, Case{false, true, true, 14, 12}, Case{false, true, false, 14, 11},
-        Case{false, true, false, 2, 10}}) {
-    proto::UserProfile profile;
-    profile.set_id("u");
-    profile.set_useroption(c.both ? bit(35) : 0);
-    profile.set_useroption2(c.voip ? bit(54) : 0);
-    profile.add_tspaccounts();
-    profile.mutable_tsp()->set_supportshybridaudio(c.hybrid);
-    receive(profile);
-    Value saved = Value::dictionary();
-    saved.set(vn_Setting_AudioOption, c.saved);
-    saveProfile(saved);
-    record.initSettingData();
-    EXPECT_EQ(record.audioType(), c.type) << c.saved;
-  }
+TEST_F(SettingRecordTest, AMeetingThatSaysNothingSwitchesOffWhatTheAccountHasOn) {
+  proto::UserProfile message;
+  message.set_useroption(bit(36) | bit(37) | bit(38) | bit(25) | bit(5));
+  message.set_useroption3(~(bit(8) | bit(17)));
+  message.set_otherteleconfinfo("dial");
+  Value profile = profileWith(message.SerializeAsString());
+  profile.addEntries(json(R"({"supportFeatureOptions":2,"defaultEnableOnlyAuthUsersCanJoin":true,
+      "availableDialinCountry":{"hash":"h","selectedCountries":["US"]}})"));
+  account().setData(profile);
+  record.initSettingData();
+  record.setAuthId("kept");
+  record.setTemplateId("kept");
+  record.setAlternateHosts(json(R"(["a@example.com"])"));
+  const Value before = record.getSettingsData();
+  record.initWithSiteMeetingInfo(Value::dictionary());
+  EXPECT_EQ(record.getSettingsData(), before) << "an empty dictionary is no meeting";
+  record.initWithSiteMeetingInfo(json(R"({"meetingKey":"1"})"));
+  EXPECT_EQ(vStringUtils::toJSONString(changesBetween(before, record.getSettingsData())),
+            vStringUtils::toJSONString(json(
+                R"({"enableHostVideo":false,"enableParticipantsVideo":false,"audioOption":0,"enableJBH":false,
+          "jbhPriorTime":0,"requiredMeetingPassword":false,"meetingPassword":null,
+          "isSignedInUsersMeetingOn":false,"meetingAuth":null,"enableAutoRecordingMtgLevelFirst":false,
+          "enableAutoRecordingType":0,"muteOnEntry":false,"alternateHosts":[],"availableDialinCountry":null,
+          "enableMeetingToPublicEvent":false,"enableWaitingRoom":false,"supportWaitingRoom":false,
+          "enableRegionCustomization":false,"enableUnmuteAll":false,"enableE2ee":false,
+          "enableAllowDenyJoinMeetingRegion":false})")));
+  EXPECT_EQ(record.thirdPartyAudio(), "dial") << "an empty text is none";
+  EXPECT_EQ(record.authId(), "kept");
+  EXPECT_EQ(record.templateId(), "kept");
+  EXPECT_EQ(record.hash(), "");
 }
 
-TEST_F(SettingRecordTest, TheAccountWinsOverTheSavedChoiceOnlyWhereItControlsTheLocation) {
-  for (const bool controlled : {false, true}) {
-    proto::UserProfile profile;
-    profile.set_id("u");
-    profile.set_useroption3(controlled ? bit(60) : 0);
-    receive(profile);
-    saveProfile(
-        json(R"({"forceIncludeJoinurlInLocation":false,"putTheInvitationAtTheTop":true,"language":"de"})"));
-    record.initSettingData();
-    EXPECT_EQ(record.forceIncludeJoinurlInLocation(), controlled);
-    EXPECT_TRUE(record.putTheInvitationAtTheTop());
-    EXPECT_EQ(record.selectInvitationLanguage(), "de");
+TEST_F(SettingRecordTest, AnOwnerWithNothingLeftKeepsNoTextAndNoList) {
+  account().setData(profileWith(encodedMessage("profile")));
+  record.initSettingData();
+  record.cleanup();
+  for (const OptionalText* text :
+       {&record.meetingPassword(), &record.roomMeetingId(), &record.thirdPartyAudio(), &record.scheduleForEmail(),
+        &record.hash(), &record.authId(), &record.templateName()}) {
+    EXPECT_FALSE(text->has_value());
   }
+  EXPECT_TRUE(record.trackingFields().isAbsent());
+  EXPECT_TRUE(record.arrRegionCodes().isAbsent());
+}
+
+TEST_F(SettingRecordTest, TheUsersWishesAreOnTheDiskAtOnce) {
+  record.setNotShowMeAgain(true);
+  EXPECT_TRUE(record.notShowMeAgain());
+  record.saveForceIncludeJoinurlInLocationToUserDefault(true);
+  record.savePutInvitationAtTheTopToUserDefault(true);
+  for (const auto key : {vn_Setting_NotShowMeAgain, vn_Setting_ForceIncludeJoinurlInLocation,
+                         vn_Setting_PutTheInvitationAtTheTop}) {
+    EXPECT_EQ(world.userDefaults.objectForKey(key), Value(true)) << key;
+  }
+  EXPECT_EQ(world.userDefaults.synchronized, 3);
+  record.initSettingData();
+  EXPECT_EQ(world.userDefaults.objectForKey(vn_Setting_NotShowMeAgain), Value(false)) << "each new meeting asks";
 }
 
 TEST_F(SettingRecordTest, AUserWhoNeverSeesThePanelGetsAConsistentMeeting) {
@@ -158,49 +274,6 @@ TEST_F(SettingRecordTest, AUserWhoNeverSeesThePanelGetsAConsistentMeeting) {
   EXPECT_FALSE(record.enableE2ee());
 }
 
-TEST_F(SettingRecordTest, TheOverlayLeavesWhatIsLockedAtTheDefault) {
-  const Value info = json(R"({"meetingKey":"1","setting":{"enableHostVideo":true,"enableParticipantsVideo":true,
-      "audioOption":1,"enableJBH":true,"jbhPriorTime":10,"usePMI":true,"meetingPassword":"pw","muteOnEntry":true,
-      "enableWaitingRoom":true,"supportWaitingRoom":false,"enableE2ee":true,"enableAudioWatermark":true,
-      "enableAutoRecordingType":2,"enableMeetingToPublicEvent":true,"regionType":1,"regionCodes":["US"],
-      "enableAllowDenyJoinMeetingRegion":true,"scheduleFor":"","alternateHosts":["a@example.com"]}})");
-  for (const bool locked : {false, true}) {
-    proto::UserProfile profile;
-    profile.set_useroption4(locked ? 0x4003ffff : 0);
-    receive(profile);
-    vnSettingData overlaid;
-    overlaid.initSettingData();
-    overlaid.initWithSiteMeetingInfo(info);
-    EXPECT_EQ(overlaid.hostVideoOn(), !locked);
-    EXPECT_EQ(overlaid.paticipantVideoOn(), !locked);
-    EXPECT_EQ(overlaid.audioType(), locked ? 2 : 1);
-    EXPECT_EQ(overlaid.enableJBH(), !locked);
-    EXPECT_EQ(overlaid.jbhPriorTime(), locked ? 5 : 10);
-    EXPECT_EQ(overlaid.usePMI(), !locked);
-    EXPECT_EQ(overlaid.muteUponEntry(), !locked);
-    EXPECT_EQ(overlaid.enableWaitingRoom(), !locked);
-    EXPECT_EQ(overlaid.supportWaitingRoom(), locked);
-    EXPECT_EQ(overlaid.enableAudioWatermark(), !locked);
-    EXPECT_EQ(overlaid.emAutoRecordingType(), locked ? 0 : 2);
-    EXPECT_EQ(overlaid.enablePublicEvent(), !locked);
-    EXPECT_EQ(overlaid.arrRegionCodes().count(), locked ? 0u : 1u);
-    EXPECT_EQ(overlaid.meetingPassword(), "pw") << "the passcode is the meeting's in any case";
-    EXPECT_EQ(overlaid.arrAlternateHosts().count(), 1u);
-  }
-}
-
-TEST_F(SettingRecordTest, APersonalMeetingMayNeedAPasscodeThatOnlyTheServiceKnows) {
-  Value profile = Value::dictionary();
-  profile.set(vn_Profile_IsEnablePMIRequirePassword, true);
-  account().setData(profile);
-  record.initSettingData();
-  record.initWithSiteMeetingInfo(json(R"({"setting":{"usePMI":true,"meetingPassword":""}})"));
-  EXPECT_TRUE(record.requiredMeetingPassword());
-  EXPECT_EQ(record.meetingPassword(), "");
-  record.resetRequiredPasswordForEditPMIMeeting(json(R"({"setting":{}})"));
-  EXPECT_FALSE(record.requiredMeetingPassword());
-}
-
 TEST_F(SettingRecordTest, TrackingFieldsStayTheAccountsWithTheMeetingsValues) {
   account().setData(profileWith(encodedMessage("profile")));
   record.initSettingData();
@@ -219,6 +292,25 @@ TEST_F(SettingRecordTest, ADialInHashWithoutACountryIsNotTold) {
   EXPECT_TRUE(record.getSettingsData().contains(vn_Setting_AvailableDialinCountry));
 }
 
+TEST_F(SettingRecordTest, PasscodesFollowTheAccountsRules) {
+  proto::UserProfile message;
+  message.set_useroption4(bit(22));
+  Value profile = profileWith(message.SerializeAsString());
+  account().setData(profile);
+  const std::string mixed = vnSettingData::getRandomPassWord();
+  EXPECT_NE(mixed.find_first_not_of("0123456789"), std::string::npos) << mixed;
+  profile.addEntries(json(R"({"passwordRulesOption":65,"passwordMinLength":8,"passwordConsecutiveLength":3})"));
+  account().setData(profile);
+  std::int64_t failed = 0;
+  EXPECT_FALSE(vnSettingData::ValidateMeetingPassword("12x", failed));
+  EXPECT_EQ(failed, kPswRuleOnlyNumber | kPswRuleMinLength);
+  EXPECT_TRUE(vnSettingData::ValidateMeetingPassword(vnSettingData::getRandomPassWord(), failed));
+  profile.addEntries(json(R"({"passwordRulesOption":64})"));
+  account().setData(profile);
+  EXPECT_FALSE(vnSettingData::ValidateMeetingPassword("x1abc9z0", failed));
+  EXPECT_EQ(failed, kPswRuleContainConsecutive);
+}
+
 TEST_F(SettingRecordTest, GroupsAMeetingNumber) {
   const std::pair<OptionalText, const char*> cases[] = {{std::nullopt, ""},
                                                         {"", ""},
@@ -229,93 +321,6 @@ TEST_F(SettingRecordTest, GroupsAMeetingNumber) {
                                                         {"1234567890", "123 456 7890"},
                                                         {"12345678901", "123 4567 8901"}};
   for (const auto& [number, grouped] : cases) EXPECT_EQ(vnSettingData::getFormatRoomMeetingId(number), grouped);
-}
-
-TEST_F(SettingRecordTest, ValidatesAPasscodeAgainstTheAccountsRules) {
-  struct Case {
-    std::int64_t rules, least, run;
-    const char* password;
-    std::int64_t failed;
-  };
-  const Case cases[] = {
-      {2, 8, 0, "abc", 2},
-      {0, 6, 0, "12345", 2},
-      {0, 0, 0, "", 0},
-      {1, 0, 0, "", 1},
-      {1, 3, 0, "", 3},
-      {1, 2, 0, "12a", 1},
-      {1, 4, 0, "12a", 3},
-      {1, 3, 0, "129", 0},
-      {4, 0, 0, "12!", 4},
-      {8, 0, 0, "ab!", 8},
-      {16, 0, 0, "ab1", 16},
-      {16, 0, 0, "a`", 0},
-      {32, 0, 0, "abc", 32},
-      {32, 0, 0, "aB", 0},
-      {64, 0, 3, "abc", 64},
-      {64, 0, 3, "x1cba", 64},
-      {64, 0, 3, "qwe", 64},
-      {64, 0, 3, "ewq", 0},
-      {64, 0, 3, "AAA", 64},
-      {64, 0, 4, "abc", 0},
-      {64, 0, 3, "a890", 64},
-      {64, 0, 3, "aab", 0},
-      {124, 0, 3, "aaa", 8 | 16 | 32 | 64},
-      {0, 2, 0, "\xF0\x9F\x98\x80", 0},
-  };
-  for (const Case& c : cases) {
-    setPasswordRules(c.rules, c.least, c.run);
-    std::int64_t failed = -1;
-    EXPECT_EQ(vnSettingData::ValidateMeetingPassword(c.password, failed), c.failed == 0) << c.password;
-    EXPECT_EQ(failed, c.failed) << c.password << " under " << c.rules;
-  }
-}
-
-TEST_F(SettingRecordTest, GeneratesPasscodesThatPassAndStayInTheirRanges) {
-  struct Case {
-    std::int64_t rules, least;
-    bool mixed;
-    std::size_t length;
-  };
-  const std::string digits = "012345678", letters = "ABCDEFGHJKLMNPQRSTUVWXYZabcdefghijkmnpqrstuvwxyz";
-  for (const Case& c :
-       {Case{0, 12, false, 6}, Case{0, 0, true, 6}, Case{1, 12, false, 12}, Case{4, 4, false, 6},
-        Case{4, 9, false, 9}, Case{60, 8, false, 8}, Case{8, 7, false, 7}, Case{48, 10, false, 10}}) {
-    setPasswordRules(c.rules, c.least, 3, c.mixed);
-    std::set<std::string> distinct;
-    std::set<char> characters;
-    for (int i = 0; i < 3000; ++i) {
-      const std::string password = vnSettingData::getRandomPassWord();
-      ASSERT_EQ(password.size(), c.length);
-      std::int64_t failed = 0;
-      const bool passes = vnSettingData::ValidateMeetingPassword(password, failed);
-      ASSERT_TRUE(passes || c.rules == 0) << password << " fails " << failed;
-      distinct.insert(password);
-      characters.insert(password.begin(), password.end());
-    }
-    EXPECT_GT(distinct.size(), 2900u) << c.rules;
-    for (const char confusing : {'I', 'O', 'l', 'o'}) EXPECT_EQ(characters.count(confusing), 0u);
-    if (c.rules == 1 || (c.rules == 0 && !c.mixed)) {
-      EXPECT_EQ(characters, std::set<char>(digits.begin(), digits.end())) << "the digit 9 is never drawn";
-    }
-  }
-}
-
-TEST_F(SettingRecordTest, APasscodesBodyUsesTheHeadOfItsSet) {
-  setPasswordRules(4, 6, 0);
-  for (int i = 0; i < 2000; ++i) {
-    const std::string password = vnSettingData::GetPasswordWithRules(6);
-    std::set<char> outsideHead;
-    for (const char c : password) {
-      if (std::string_view("ABCDE").find(c) == std::string_view::npos) outsideHead.insert(c);
-    }
-    ASSERT_LE(outsideHead.size(), 2u) << password << ": one digit and one letter beside the head of the alphabet";
-  }
-}
-
-TEST_F(SettingRecordTest, AnAbsurdLeastLengthDoesNotHoldTheCaller) {
-  setPasswordRules(1, std::int64_t{1} << 60, 0);
-  EXPECT_LE(vnSettingData::getRandomPassWord().size(), 1024u);
 }
 
 }  // namespace

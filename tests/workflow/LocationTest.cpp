@@ -7,7 +7,6 @@
 #include <random>
 
 #include "channel/commands/vnAPIKeys.h"
-#include "data/vnMeetingInfoKeys.h"
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnOLPropertyKeys.h"

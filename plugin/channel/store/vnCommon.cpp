@@ -2,7 +2,6 @@
 
 #include <re2/re2.h>
 #include <unicode/locid.h>
-#include <unicode/stringoptions.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
@@ -12,6 +11,7 @@
 #include "channel/store/vnPathConstants.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
+#include "util/Text.h"
 #include "util/vnOLUtils.h"
 
 namespace vorn {
@@ -142,13 +142,10 @@ bool vnCommon::isExistedInAnotherList(const OptionalText& text, const Value& ano
 }
 
 bool vnCommon::isExistedInAnotherListWithIgnoreCase(const OptionalText& text, const Value& anotherList) {
-  if (!text) return false;
-  const icu::UnicodeString wanted = icu::UnicodeString::fromUTF8(*text);
   const Value::Array& items = anotherList.items();
-  return std::any_of(items.begin(), items.end(), [&](const Value& item) {
-    return item.isText() &&
-           wanted.caseCompare(icu::UnicodeString::fromUTF8(item.text()), U_FOLD_CASE_DEFAULT) == 0;
-  });
+  return text && std::any_of(items.begin(), items.end(), [&](const Value& item) {
+           return item.isText() && equalIgnoringCase(item.text(), *text);
+         });
 }
 
 }  // namespace vorn

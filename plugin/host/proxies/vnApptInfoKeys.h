@@ -2,14 +2,12 @@
 
 #include <string_view>
 
-// The keys of an appointment's plain form and of the dictionaries that carry it.
+#include "host/proxies/vnMeetingInfoKeys.h"
+
+// The keys of an appointment's plain form. Those of the dictionary that carries it come with them.
 
 namespace vorn {
 
-inline constexpr std::string_view vn_MeetingKey = "meetingKey";
-inline constexpr std::string_view vn_Meeting_JoinUrl = "joinUrl";
-
-inline constexpr std::string_view vn_Outlook_ApptInfo = "apptInfo";
 inline constexpr std::string_view vn_ApptInfo_Subject = "subject";
 inline constexpr std::string_view vn_ApptInfo_Location = "location";
 inline constexpr std::string_view vn_ApptInfo_StartTime = "startTime";
@@ -21,7 +19,6 @@ inline constexpr std::string_view vn_ApptInfo_Attendees = "attendees";
 inline constexpr std::string_view vn_ApptInfo_AttendeeName = "name";
 inline constexpr std::string_view vn_ApptInfo_AttendeeEmail = "email";
 inline constexpr std::string_view vn_ApptInfo_AttendeeType = "type";
-inline constexpr std::string_view vn_ApptInfo_Body = "emailBody";
 inline constexpr std::string_view vn_ApptInfo_VnOIProperty = "vnOIProperty";
 inline constexpr std::string_view vn_ApptInfo_OlApptUUID = "olApptUUID";
 inline constexpr std::string_view vn_ApptInfo_OnbehalfEmailAddress = "onbehalfEmailAddress";

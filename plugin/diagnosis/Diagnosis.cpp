@@ -1,42 +1,40 @@
-#include "bundle/Diagnosis.h"
+#include "diagnosis/Diagnosis.h"
 
 #include <optional>
 
-#include "bundle/DiagnosisReport.h"
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnAPIMgr.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "data/vnUserProfileHelper.h"
+#include "diagnosis/DiagnosisReport.h"
 #include "workflow/vnMeetingMgr.h"
 
 namespace vorn {
 
 bool Diagnosis::answer(std::string_view question, const Value& parameters, Value& answer) {
-  Value told;
-  if (question == "client") {
-    told = client();
-  } else if (question == "fetch") {
-    told = fetch(parameters);
-  } else if (question == "account") {
-    told = account();
-  } else if (question == "defaults") {
-    told = defaults();
-  } else if (question == "hooks") {
-    told = hooks();
-  } else if (question == "appointment") {
-    told = appointment(parameters);
-  } else if (question == "window") {
-    told = window(parameters);
-  } else if (question == "body") {
-    // The asker's own text: what it holds must not be changed by more than was asked for.
-    answer = body(parameters);
+  struct Question {
+    std::string_view name;
+    Value (*tell)(const Value& parameters);
+    // The asker's own text must not be changed by more than was asked for.
+    bool isCovered = true;
+  };
+  static constexpr Question kQuestions[] = {
+      {"client", [](const Value&) { return client(); }},
+      {"fetch", fetch},
+      {"account", [](const Value&) { return account(); }},
+      {"defaults", [](const Value&) { return defaults(); }},
+      {"hooks", [](const Value&) { return hooks(); }},
+      {"appointment", appointment},
+      {"window", window},
+      {"body", body, false},
+  };
+  for (const Question& known : kQuestions) {
+    if (known.name != question) continue;
+    answer = known.isCovered ? withoutAddresses(known.tell(parameters)) : known.tell(parameters);
     return true;
-  } else {
-    return false;
   }
-  answer = withoutAddresses(told);
-  return true;
+  return false;
 }
 
 // Through the process-wide manager, as the toolbar's commands go.

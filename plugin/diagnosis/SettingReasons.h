@@ -4,15 +4,18 @@
 #include <string_view>
 #include <vector>
 
+#include "data/AccountFacts.h"
 #include "util/Value.h"
 
 namespace vorn {
 
-// A new meeting's settings after each step of making them, as settings dictionaries.
+// A new meeting's settings after each step of making them, as settings dictionaries, and what they were made of.
 struct SettingSteps {
   Value reset;
   Value afterProfile;
   Value afterSavedProfile;
+  AccountFacts account;
+  ClientGates client;
   // The document of what the user chose last; absent when there is none.
   Value savedProfile;
 };
@@ -28,10 +31,10 @@ struct SettingReason {
   std::string words;
 };
 
-// The settings that the table knows, in the order in which a person reads them.
+// The settings that have a policy, in the order in which a person reads them.
 std::vector<std::string_view> settingKeys();
 
-// The setting in words; the key itself for one that the table does not know.
+// The setting in words; the key itself for one without a policy.
 std::string_view wordsOfSetting(std::string_view key);
 
 SettingReason reasonOfSetting(std::string_view key, const SettingSteps& steps);

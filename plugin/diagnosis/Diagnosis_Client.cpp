@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <array>
 
-#include "bundle/Diagnosis.h"
-#include "bundle/DiagnosisReport.h"
 #include "channel/commands/vnAPIBase.h"
 #include "channel/discovery/vnAppHelper.h"
 #include "channel/discovery/vnClientConstants.h"
@@ -21,9 +19,12 @@
 #include "channel/transport/vnIPCConstants.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
+#include "diagnosis/Diagnosis.h"
+#include "diagnosis/DiagnosisReport.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
 #include "platform/UserDefaults.h"
+#include "util/MemberName.h"
 #include "util/PropertyList.h"
 #include "util/Utf16.h"
 #include "util/vnOLUtils.h"
@@ -113,33 +114,30 @@ struct Capability {
 
 using Features = vnClientFeatureMgr;
 
+template <auto Predicate>
+constexpr Capability capability(std::string_view required) {
+  return {memberName<Predicate>(), required, Predicate};
+}
+
 constexpr Capability kCapabilities[] = {
-    {"isSupportedVornClientVersion", "3.5", &Features::isSupportedVornClientVersion},
-    {"isVornClientSupportPACAndNoVideo", kVornClientSupportPACAndNoVideoVersion,
-     &Features::isVornClientSupportPACAndNoVideo},
-    {"isVornClientSupportAutoRecord", kVornClientSupportAutoRecording, &Features::isVornClientSupportAutoRecord},
-    {"isVornClientSupportAHAndMuteOnEntry", kVornClientSupportAHAndMuteOnEntryVersion,
-     &Features::isVornClientSupportAHAndMuteOnEntry},
-    {"isVornClientSupportExtInfo", kVornClientSupportExtInfoVersion, &Features::isVornClientSupportExtInfo},
-    {"isVornClientSupportPublicEvent", kVornClientSupportPublicEvent, &Features::isVornClientSupportPublicEvent},
-    {"isVornClientSupportSourceForDelete", kVornClientSupportSourceForDelete,
-     &Features::isVornClientSupportSourceForDelete},
-    {"isVornClientSupportAudioWatermark", kVornClientSupportAudioWatermark,
-     &Features::isVornClientSupportAudioWatermark},
-    {"isVornClientSupportSceduleForList", kVornClientSupportSceduleForList,
-     &Features::isVornClientSupportSceduleForList},
-    {"isVornClientSupportSourceForGetMeeting", kVornClientSupportSourceForGetMeeting,
-     &Features::isVornClientSupportSourceForGetMeeting},
-    {"isVornClientSupportInvitationLanguage", kVornClientSupportInvitationLanguage,
-     &Features::isVornClientSupportInvitationLanguage},
-    {"isVornClientSupportIPCSocket", kVornClientSupportIPCSocket, &Features::isVornClientSupportIPCSocket},
-    {"isVornClientSupport464Tasks", kVornClientSupport464Tasks, &Features::isVornClientSupport464Tasks},
-    {"isVornClientSupportPasswordRule", kVornClientSupportPasswordRule,
-     &Features::isVornClientSupportPasswordRule},
-    {"isVornClientSupport500Tasks", kVornClientSupport500Tasks, &Features::isVornClientSupport500Tasks},
-    {"isVornClientSupport520Tasks", kVornClientSupport520Tasks, &Features::isVornClientSupport520Tasks},
-    {"isVornClientSupport530Tasks", kVornClientSupport530Tasks, &Features::isVornClientSupport530Tasks},
-    {"isVornClientSupport550Tasks", kVornClientSupport550Tasks, &Features::isVornClientSupport550Tasks},
+    capability<&Features::isSupportedVornClientVersion>("3.5"),
+    capability<&Features::isVornClientSupportPACAndNoVideo>(kVornClientSupportPACAndNoVideoVersion),
+    capability<&Features::isVornClientSupportAutoRecord>(kVornClientSupportAutoRecording),
+    capability<&Features::isVornClientSupportAHAndMuteOnEntry>(kVornClientSupportAHAndMuteOnEntryVersion),
+    capability<&Features::isVornClientSupportExtInfo>(kVornClientSupportExtInfoVersion),
+    capability<&Features::isVornClientSupportPublicEvent>(kVornClientSupportPublicEvent),
+    capability<&Features::isVornClientSupportSourceForDelete>(kVornClientSupportSourceForDelete),
+    capability<&Features::isVornClientSupportAudioWatermark>(kVornClientSupportAudioWatermark),
+    capability<&Features::isVornClientSupportSceduleForList>(kVornClientSupportSceduleForList),
+    capability<&Features::isVornClientSupportSourceForGetMeeting>(kVornClientSupportSourceForGetMeeting),
+    capability<&Features::isVornClientSupportInvitationLanguage>(kVornClientSupportInvitationLanguage),
+    capability<&Features::isVornClientSupportIPCSocket>(kVornClientSupportIPCSocket),
+    capability<&Features::isVornClientSupport464Tasks>(kVornClientSupport464Tasks),
+    capability<&Features::isVornClientSupportPasswordRule>(kVornClientSupportPasswordRule),
+    capability<&Features::isVornClientSupport500Tasks>(kVornClientSupport500Tasks),
+    capability<&Features::isVornClientSupport520Tasks>(kVornClientSupport520Tasks),
+    capability<&Features::isVornClientSupport530Tasks>(kVornClientSupport530Tasks),
+    capability<&Features::isVornClientSupport550Tasks>(kVornClientSupport550Tasks),
 };
 
 void tellCapabilities(DiagnosisReport& report) {

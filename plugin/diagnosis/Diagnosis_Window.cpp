@@ -1,6 +1,6 @@
 // What the workflow knows of one appointment window.
 
-#include "bundle/Diagnosis.h"
+#include "diagnosis/Diagnosis.h"
 #include "workflow/MeetingNumbers.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnMeetingMgr.h"

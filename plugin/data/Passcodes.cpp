@@ -1,3 +1,5 @@
+#include "data/Passcodes.h"
+
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
 
@@ -5,13 +7,7 @@
 #include <limits>
 #include <string_view>
 
-#include "data/vnSettingData.h"
-#include "data/vnUserProfileHelper.h"
-#include "platform/Registry.h"
-#include "platform/Surroundings.h"
 #include "util/Utf16.h"
-
-// The settings record: validation and generation of passcodes.
 
 namespace vorn {
 
@@ -40,19 +36,6 @@ constexpr int kRegenerations = 5;
 constexpr std::uint32_t kDigitsDrawn = 9;
 constexpr std::uint32_t kCharsetHead = 7;
 
-// An evenly distributed number below the bound. The draws that would favour small numbers are thrown away, though
-// not for ever: a broken source must not hold the caller.
-std::uint32_t randomBelow(std::uint32_t bound) {
-  constexpr int kMostDraws = 64;
-  Surroundings& source = *Registry::platform().surroundings;
-  const std::uint32_t unfair = (0u - bound) % bound;
-  std::uint32_t number = source.random32();
-  for (int draws = 1; number < unfair && draws < kMostDraws; ++draws) number = source.random32();
-  return number % bound;
-}
-
-char randomOf(std::string_view set) { return set[randomBelow(static_cast<std::uint32_t>(set.size()))]; }
-
 bool holdsAnyOf(const std::string& text, std::string_view set) {
   return text.find_first_of(set) != std::string::npos;
 }
@@ -65,7 +48,7 @@ bool holdsKeyboardRun(const icu::UnicodeString& text, std::int64_t length) {
   for (std::int32_t start = 0; start + window <= text.length(); ++start) {
     std::string piece;
     text.tempSubString(start, window).toUTF8String(piece);
-    if (vnSettingData::IsKeyboardConsecutive(piece)) return true;
+    if (Passcodes::isKeyboardConsecutive(piece)) return true;
   }
   return false;
 }
@@ -88,44 +71,53 @@ bool holdsSequence(const icu::UnicodeString& text, std::int64_t length) {
 
 }  // namespace
 
-bool vnSettingData::ValidateMeetingPassword(const OptionalText& password, std::int64_t& strResult) {
-  const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+// An evenly distributed number below the bound. The draws that would favour small numbers are thrown away, though
+// not for ever: a broken source must not hold the caller.
+std::uint32_t Passcodes::randomBelow(std::uint32_t bound) const {
+  constexpr int kMostDraws = 64;
+  const std::uint32_t unfair = (0u - bound) % bound;
+  std::uint32_t number = m_random32();
+  for (int draws = 1; number < unfair && draws < kMostDraws; ++draws) number = m_random32();
+  return number % bound;
+}
+
+char Passcodes::randomOf(std::string_view set) const {
+  return set[randomBelow(static_cast<std::uint32_t>(set.size()))];
+}
+
+std::int64_t Passcodes::failedRules(const OptionalText& password) const {
   const std::string text = password.value_or("");
-  const std::int64_t rules = profile.getMeetingPasswordRulesOption();
-  const bool tooShort = static_cast<std::int64_t>(utf16Length(text)) < profile.getMeetingPasswordMinLength();
+  const std::int64_t rules = m_policy.rules;
+  const bool tooShort = static_cast<std::int64_t>(utf16Length(text)) < m_policy.minLength;
   // The least length counts whether or not its rule is set.
-  strResult = 0;
-  if (tooShort) strResult |= kPswRuleMinLength;
+  std::int64_t failed = 0;
+  if (tooShort) failed |= kPswRuleMinLength;
 
   if (rules & kPswRuleOnlyNumber) {
     // No other rule is looked at.
-    if (text.empty() || text.find_first_not_of(kDigits) != std::string::npos) strResult |= kPswRuleOnlyNumber;
-    return strResult == 0;
+    if (text.empty() || text.find_first_not_of(kDigits) != std::string::npos) failed |= kPswRuleOnlyNumber;
+    return failed;
   }
   const bool hasUpper = holdsAnyOf(text, kUpper);
   const bool hasLower = holdsAnyOf(text, kLower);
-  if ((rules & kPswRuleHasAlphabet) && !hasUpper && !hasLower) strResult |= kPswRuleHasAlphabet;
-  if ((rules & kPswRuleHasNumber) && !holdsAnyOf(text, kDigits)) strResult |= kPswRuleHasNumber;
-  if ((rules & kPswRuleHasSpecial) && !holdsAnyOf(text, kSpecial)) strResult |= kPswRuleHasSpecial;
-  if ((rules & kPswRuleIncludeUpperLower) && !(hasUpper && hasLower)) strResult |= kPswRuleIncludeUpperLower;
-  if ((rules & kPswRuleContainConsecutive) &&
-      IsPasswordConsecutiveString(text, profile.getMeetingPasswordConsecutiveLength(), true)) {
-    strResult |= kPswRuleContainConsecutive;
+  if ((rules & kPswRuleHasAlphabet) && !hasUpper && !hasLower) failed |= kPswRuleHasAlphabet;
+  if ((rules & kPswRuleHasNumber) && !holdsAnyOf(text, kDigits)) failed |= kPswRuleHasNumber;
+  if ((rules & kPswRuleHasSpecial) && !holdsAnyOf(text, kSpecial)) failed |= kPswRuleHasSpecial;
+  if ((rules & kPswRuleIncludeUpperLower) && !(hasUpper && hasLower)) failed |= kPswRuleIncludeUpperLower;
+  if ((rules & kPswRuleContainConsecutive) && isConsecutive(text, m_policy.consecutiveLength, true)) {
+    failed |= kPswRuleContainConsecutive;
   }
-  return strResult == 0;
+  return failed;
 }
 
-bool vnSettingData::IsPasswordConsecutiveString(const OptionalText& password, std::int64_t len, bool bIgnoreCase) {
+bool Passcodes::isConsecutive(const OptionalText& password, std::int64_t length, bool ignoreCase) const {
   icu::UnicodeString text = icu::UnicodeString::fromUTF8(password.value_or(""));
-  if (bIgnoreCase) {
-    const std::string language = Registry::platform().surroundings->preferredLanguages().front();
-    text.toLower(icu::Locale(language.c_str()));
-  }
-  if (len < 1 || text.length() < len) return false;
-  return holdsSequence(text, len) || holdsKeyboardRun(text, len);
+  if (ignoreCase) text.toLower(icu::Locale(m_language.c_str()));
+  if (length < 1 || text.length() < length) return false;
+  return holdsSequence(text, length) || holdsKeyboardRun(text, length);
 }
 
-bool vnSettingData::IsKeyboardConsecutive(const OptionalText& text) {
+bool Passcodes::isKeyboardConsecutive(const OptionalText& text) {
   // The row of digits ends in 0 again, as the keyboard's does.
   constexpr std::string_view kRows[] = {"qwertyuiop", "asdfghjkl", "zxcvbnm", "!@#$%^&*()", "01234567890"};
   if (!text || text->empty()) return false;
@@ -133,33 +125,30 @@ bool vnSettingData::IsKeyboardConsecutive(const OptionalText& text) {
                      [&](std::string_view row) { return row.find(*text) != std::string_view::npos; });
 }
 
-std::string vnSettingData::getRandomPassWord() {
-  const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  const std::int64_t rules = profile.getMeetingPasswordRulesOption();
-  const std::int64_t length =
-      std::min(std::max(profile.getMeetingPasswordMinLength(), kUsualLength), kLongestGenerated);
+std::string Passcodes::getRandomPassWord() const {
+  const std::int64_t rules = m_policy.rules;
+  const std::int64_t length = std::clamp(m_policy.minLength, kUsualLength, kLongestGenerated);
   if (rules == 0) {
     // The least length plays no part here.
-    return profile.isEnableNumberalphabet() ? GetNumberalphabetPassword(kUsualLength)
-                                            : GetNumberPassword(kUsualLength);
+    return m_policy.isEnableNumberalphabet ? GetNumberalphabetPassword(kUsualLength)
+                                           : GetNumberPassword(kUsualLength);
   }
   if (rules & kPswRuleOnlyNumber) return GetNumberPassword(length);
   std::string password = GetPasswordWithRules(length);
   if (!(rules & kPswRuleContainConsecutive)) return password;
-  const std::int64_t run = profile.getMeetingPasswordConsecutiveLength();
-  for (int i = 0; i < kRegenerations && IsPasswordConsecutiveString(password, run, true); ++i) {
+  for (int i = 0; i < kRegenerations && isConsecutive(password, m_policy.consecutiveLength, true); ++i) {
     password = GetPasswordWithRules(length);
   }
   return password;
 }
 
-std::string vnSettingData::GetNumberPassword(std::int64_t length) {
+std::string Passcodes::GetNumberPassword(std::int64_t length) const {
   std::string password;
   for (std::int64_t i = 0; i < length; ++i) password += kDigits[randomBelow(kDigitsDrawn)];
   return password;
 }
 
-std::string vnSettingData::GetComplexPassword(std::int64_t length, const std::string& charset) {
+std::string Passcodes::GetComplexPassword(std::int64_t length, const std::string& charset) const {
   const std::string_view head = std::string_view(charset).substr(0, kCharsetHead);
   std::string password;
   if (head.empty()) return password;
@@ -167,7 +156,7 @@ std::string vnSettingData::GetComplexPassword(std::int64_t length, const std::st
   return password;
 }
 
-std::string vnSettingData::GetNumberalphabetPassword(std::int64_t length) {
+std::string Passcodes::GetNumberalphabetPassword(std::int64_t length) const {
   if (length < 2) return {};
   std::string password(1, randomOf(kPlainAlphabet));
   password += GetNumberPassword(1);
@@ -175,8 +164,8 @@ std::string vnSettingData::GetNumberalphabetPassword(std::int64_t length) {
   return ShuffleStr(password);
 }
 
-std::string vnSettingData::GetPasswordWithRules(std::int64_t length) {
-  const std::int64_t rules = vnUserProfileHelper::sharedInstance().getMeetingPasswordRulesOption();
+std::string Passcodes::GetPasswordWithRules(std::int64_t length) const {
+  const std::int64_t rules = m_policy.rules;
   if (!(rules & (kPswRuleHasAlphabet | kPswRuleHasSpecial | kPswRuleIncludeUpperLower))) {
     return ShuffleStr(GetNumberPassword(length));
   }
@@ -199,7 +188,7 @@ std::string vnSettingData::GetPasswordWithRules(std::int64_t length) {
   return ShuffleStr(prefix + GetComplexPassword(rest, charset));
 }
 
-std::string vnSettingData::ShuffleStr(const std::string& text) {
+std::string Passcodes::ShuffleStr(const std::string& text) const {
   icu::UnicodeString rest = icu::UnicodeString::fromUTF8(text);
   icu::UnicodeString shuffled;
   while (!rest.isEmpty()) {

@@ -1,4 +1,4 @@
-#include "bundle/DiagnosisReport.h"
+#include "diagnosis/DiagnosisReport.h"
 
 #include <algorithm>
 #include <utility>

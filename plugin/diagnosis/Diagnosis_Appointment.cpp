@@ -1,9 +1,9 @@
 // What this system sees in one appointment of the host.
 
-#include "bundle/Diagnosis.h"
-#include "bundle/DiagnosisReport.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "data/vnSettingKeys.h"
+#include "diagnosis/Diagnosis.h"
+#include "diagnosis/DiagnosisReport.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnECCalendarEvent.h"
 #include "host/proxies/vnOLPropertyKeys.h"

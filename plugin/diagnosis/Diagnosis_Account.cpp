@@ -1,11 +1,11 @@
-#include "bundle/Diagnosis.h"
-#include "bundle/DiagnosisReport.h"
-#include "bundle/ProfileQuestions.h"
 #include "channel/transport/EnvelopeMask.h"
 #include "data/vnGetPACHelper.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnUserProfileHelper.h"
+#include "diagnosis/Diagnosis.h"
+#include "diagnosis/DiagnosisReport.h"
+#include "diagnosis/ProfileQuestions.h"
 
 // The diagnosis: the account's profile as this system understands it.
 

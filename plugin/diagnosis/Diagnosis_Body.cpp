@@ -1,6 +1,6 @@
 // What one operation on an appointment's body makes of a text that somebody has reported.
 
-#include "bundle/Diagnosis.h"
+#include "diagnosis/Diagnosis.h"
 #include "invitation/vnBodyHelper.h"
 
 namespace vorn {

@@ -1,4 +1,4 @@
-#include "bundle/Diagnosis.h"
+#include "diagnosis/Diagnosis.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,13 +6,13 @@
 #include <filesystem>
 #include <fstream>
 
-#include "bundle/SettingReasons.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
+#include "diagnosis/SettingReasons.h"
 #include "tests/support/TestPlatform.h"
 #include "util/PropertyList.h"
 #include "util/vStringUtils.h"

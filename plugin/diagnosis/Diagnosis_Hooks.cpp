@@ -1,7 +1,7 @@
 // How the rows of the hook table fared in this host.
 
-#include "bundle/Diagnosis.h"
-#include "bundle/DiagnosisReport.h"
+#include "diagnosis/Diagnosis.h"
+#include "diagnosis/DiagnosisReport.h"
 #include "host/surface/HookInstaller.h"
 
 namespace vorn {

@@ -1,17 +1,16 @@
 #include <array>
 
-#include "bundle/Diagnosis.h"
-#include "bundle/DiagnosisReport.h"
-#include "bundle/SettingReasons.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "channel/transport/EnvelopeMask.h"
+#include "data/MeetingOptionRules.h"
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
-#include "platform/Registry.h"
-#include "platform/UserDefaults.h"
+#include "diagnosis/Diagnosis.h"
+#include "diagnosis/DiagnosisReport.h"
+#include "diagnosis/SettingReasons.h"
 
 // The diagnosis: the settings of a new meeting, and who decided each of them.
 
@@ -19,34 +18,21 @@ namespace vorn {
 
 namespace {
 
-// Making a record writes the user's wish not to see the panel. Whoever only asks leaves it as it was.
-class UserWishKeeper {
- public:
-  UserWishKeeper() : m_kept(defaults().objectForKey(vn_Setting_NotShowMeAgain)) {}
-  ~UserWishKeeper() {
-    defaults().setObject(m_kept, vn_Setting_NotShowMeAgain);
-    defaults().synchronize();
-  }
-  UserWishKeeper(const UserWishKeeper&) = delete;
-  UserWishKeeper& operator=(const UserWishKeeper&) = delete;
-
- private:
-  static UserDefaults& defaults() { return *Registry::platform().userDefaults; }
-  Value m_kept;
-};
-
-// The steps of initSettingData(), one by one, on one record: a passcode is drawn once.
+// The steps of a new record, one by one; a passcode is drawn once.
 SettingSteps stepsOfNewMeeting() {
-  const UserWishKeeper keeper;
+  const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
   SettingSteps steps;
-  vnSettingData record;
-  record.resetFields();
-  steps.reset = record.getSettingsData();
-  record.initWithUserProfileDefault();
-  steps.afterProfile = record.getSettingsData();
-  record.initWithSavedProfile();
-  steps.afterSavedProfile = record.getSettingsData();
-  steps.savedProfile = JsonTextFile(vnCommon::getVnUserProfilePath(vnCommon::getUID())).read();
+  steps.account = accountFacts(profile, std::nullopt);
+  steps.client = clientGates();
+  steps.savedProfile = JsonTextFile(vnCommon::getVnUserProfilePath(profile.getUID())).read();
+  MeetingOptions options;
+  meeting_options::resetFields(options);
+  steps.reset = settingsOf(options, false);
+  meeting_options::initWithUserProfileDefault(options, steps.account, vnSettingData::getRandomPassWord);
+  steps.afterProfile = settingsOf(options, false);
+  const bool notShowMeAgain =
+      meeting_options::initWithSavedProfile(options, steps.account, steps.client, steps.savedProfile);
+  steps.afterSavedProfile = settingsOf(options, notShowMeAgain);
   return steps;
 }
 
@@ -117,8 +103,7 @@ Value Diagnosis::defaults() {
     facts.set("reason", reason.words);
     report.add(key, wordsOfSetting(key), facts, shownSetting(key, value), reason.words);
   }
-  const bool hasProfile = vnUserProfileHelper::sharedInstance().hasUserProfile();
-  return Value::dictionaryFromPairs({{"hasProfile", hasProfile}, {"groups", report.groups()}});
+  return Value::dictionaryFromPairs({{"hasProfile", steps.account.hasUserProfile}, {"groups", report.groups()}});
 }
 
 }  // namespace vorn

@@ -1,0 +1,84 @@
+#include "data/AccountFacts.h"
+
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "data/vnUserProfileHelper.h"
+
+namespace vorn {
+
+AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText& email) {
+  return {
+      .hasUserProfile = account.hasUserProfile(),
+      .alwaysTurnOnHostVideoByDefault = account.alwaysTurnOnHostVideoByDefault(),
+      .alwaysTurnOnAttendeeVideoByDefault = account.alwaysTurnOnAttendeeVideoByDefault(),
+      .isHostVideoLocked = account.isHostVideoLocked(),
+      .isParticipantsLocked = account.isParticipantsLocked(),
+      .enableThirdPartyAudio = account.enableThirdPartyAudio(),
+      .isTspSite = account.isTspSite(),
+      .alwaysUseBothAsDefaultAudio = account.alwaysUseBothAsDefaultAudio(),
+      .alwaysUseTelephonyAsDefaultAudio = account.alwaysUseTelephonyAsDefaultAudio(),
+      .alwaysUseVOIPAsDefaultAudio = account.alwaysUseVOIPAsDefaultAudio(),
+      .use3rdPartyAsDefaultAudio = account.use3rdPartyAsDefaultAudio(),
+      .isScheduleAudioBothDisabled = account.isScheduleAudioBothDisabled(),
+      .muteUponEntryDefaultValue = account.muteUponEntryDefaultValue(),
+      .isEnableUnmuteAll = account.isEnableUnmuteAll(),
+      .isEnableAudioWatermark = account.isEnableAudioWatermark(),
+      .isAudioTypeLocked = account.isAudioTypeLocked(),
+      .isMuteUponEntryLocked = account.isMuteUponEntryLocked(),
+      .isLockAudioWatermark = account.isLockAudioWatermark(),
+      .enableLocalRecording = account.enableLocalRecording(),
+      .enableCloudRecording = account.enableCloudRecording(),
+      .enableAutoRecordingByDefault = account.enableAutoRecordingByDefault(),
+      .enableCloudRecordingByDefault = account.enableCloudRecordingByDefault(),
+      .isAutomaticRecordingLocked = account.isAutomaticRecordingLocked(),
+      .isDefaultScheduleUsePMI = account.isDefaultScheduleUsePMI(),
+      .isLockScheduleUsePMI = account.isLockScheduleUsePMI(),
+      .isEnableRequirePassword = account.isEnableRequirePassword(),
+      .isEnablePMIRequirePassword = account.isEnablePMIRequirePassword(),
+      .isEnableForcePMIJBHWithPassword = account.isEnableForcePMIJBHWithPassword(),
+      .isLockScheduleRequirePassword = account.isLockScheduleRequirePassword(),
+      .isLockPMIRequirePassword = account.isLockPMIRequirePassword(),
+      .alwaysEnableJoinBeforeHostByDefault = account.alwaysEnableJoinBeforeHostByDefault(),
+      .isSupportJbhPriorTime = account.isSupportJbhPriorTime(),
+      .isJoinBeforeHostLocked = account.isJoinBeforeHostLocked(),
+      .isEnableWaitingRoom = account.isEnableWaitingRoom(),
+      .isEnableWaitingRoomNewLogic = account.isEnableWaitingRoomNewLogic(),
+      .isLockWaitingRoom = account.isLockWaitingRoom(),
+      .isDefaultEnableOnlyAuthUsersCanJoin = account.isDefaultEnableOnlyAuthUsersCanJoin(),
+      .isLockOnlyAuthUsersCanJoin = account.isLockOnlyAuthUsersCanJoin(),
+      .isSupportE2eeMeeting = account.isSupportE2eeMeeting(),
+      .canScheduleE2eeMeeting = account.canScheduleE2eeMeeting(),
+      .isEnableE2eeMeeting = account.isEnableE2eeMeeting(),
+      .isLockE2eeMeeting = account.isLockE2eeMeeting(),
+      .isEnableAddMeetingToPublicCalendarEvent = account.isEnableAddMeetingToPublicCalendarEvent(),
+      .enableListMeetingInPublicEventListByDefault = account.enableListMeetingInPublicEventListByDefault(),
+      .isPublicEventLocked = account.isPublicEventLocked(),
+      .isSupportForceIncludeJoinurlInLocation = account.isSupportForceIncludeJoinurlInLocation(),
+      .isAddJoinUrlToLocation = account.isAddJoinUrlToLocation(),
+      .isLockJoinUrlToLocation = account.isLockJoinUrlToLocation(),
+      .supportPutTheInvitationAtTheTopFeature = account.supportPutTheInvitationAtTheTopFeature(),
+      .putTheInvitationAtTheTopDefaultValue = account.putTheInvitationAtTheTopDefaultValue(),
+      .isEnableRegionCustomization = account.isEnableRegionCustomization(),
+      .isEnableAllowDenyJoinMeetingRegion = account.isEnableAllowDenyJoinMeetingRegion(email),
+      .isLockAllowDenyJoinMeetingRegion = account.isLockAllowDenyJoinMeetingRegion(email),
+      .getRegionType = account.getRegionType(email),
+      .getRegionCodes = account.getRegionCodes(email),
+      .getDefaultJbhPriorTime = account.getDefaultJbhPriorTime(),
+      .roomMeetingID = account.roomMeetingID(),
+      .thirdPartyAudioInfo = account.thirdPartyAudioInfo(),
+      .getMeetingAuths = account.getMeetingAuths(),
+      .trackingFields = account.trackingFields(),
+      .getAvailableDialinCountry = account.getAvailableDialinCountry(),
+  };
+}
+
+ClientGates clientGates() {
+  vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
+  return {
+      .isVornClientSupportAutoRecord = client.isVornClientSupportAutoRecord(),
+      .isVornClientSupportPublicEvent = client.isVornClientSupportPublicEvent(),
+      .isVornClientSupport520Tasks = client.isVornClientSupport520Tasks(),
+      .isVornClientSupport530Tasks = client.isVornClientSupport530Tasks(),
+  };
+}
+
+}  // namespace vorn

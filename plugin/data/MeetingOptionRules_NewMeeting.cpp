@@ -1,0 +1,233 @@
+#include "data/MeetingOptionRules.h"
+#include "data/OptionPolicy.h"
+#include "data/vnSettingKeys.h"
+
+// The rules of a meeting's options: the state of a new meeting.
+
+namespace vorn::meeting_options {
+
+namespace {
+
+constexpr std::int64_t kTelephonyOnly = 0;
+constexpr std::int64_t kVoipOnly = 1;
+constexpr std::int64_t kBoth = 2;
+constexpr std::int64_t kThirdParty = 3;
+constexpr std::int64_t kTspTelephonyFirst = 10;
+constexpr std::int64_t kTspTelephonySecond = 11;
+constexpr std::int64_t kTspVoip = 12;
+constexpr std::int64_t kTspBothFirst = 13;
+constexpr std::int64_t kTspBothSecond = 14;
+
+constexpr std::int32_t kNoRecording = 0;
+constexpr std::int32_t kRecordingUnavailable = 5;
+
+// What the account gives is taken over where it offers the option.
+void take(bool& option, const OptionPolicy& policy, const AccountFacts& account) {
+  if (policy.isOffered(account)) option = policy.isGiven(account);
+}
+
+// A default that only ever switches on.
+void switchOn(bool& option, const OptionPolicy& policy, const AccountFacts& account) {
+  if (policy.isGiven(account)) option = true;
+}
+
+void takeSaved(bool& option, std::string_view key, const Value& saved) {
+  if (saved.contains(key)) option = saved[key].boolValue();
+}
+
+void takeDialinCountries(MeetingOptions& options, const AccountFacts& account) {
+  const auto& countries = account.getAvailableDialinCountry;
+  if (!countries) return;
+  options.hash = countries->hash;
+  options.includeTollfree = countries->includeTollfree;
+  options.enableShowIncludeTollfree = countries->enableShowIncludeTollfree;
+  options.arrSelectedCountries = arrayOrEmpty(countries->selectedCountries);
+}
+
+void takeRecording(MeetingOptions& options, const AccountFacts& account) {
+  const bool local = account.enableLocalRecording;
+  const bool cloud = account.enableCloudRecording;
+  options.enableAutoRecordingMtgLevelFirst = local || cloud;
+  if (!local && !cloud) {
+    options.emAutoRecordingType = kRecordingUnavailable;
+  } else if (!account.enableAutoRecordingByDefault) {
+    options.emAutoRecordingType = kNoRecording;
+  } else if (local && cloud) {
+    options.emAutoRecordingType = account.enableCloudRecordingByDefault ? 2 : 1;
+  } else {
+    options.emAutoRecordingType = cloud ? 4 : 3;
+  }
+}
+
+void takeRegionPolicy(MeetingOptions& options, const AccountFacts& account) {
+  options.enableAllowDenyJoinMeetingRegion = account.isEnableAllowDenyJoinMeetingRegion;
+  options.regionType = account.getRegionType;
+  const bool isOffered = policyOf(vn_Setting_RegionCodes).isOffered(account);
+  options.arrRegionCodes = isOffered ? arrayOrEmpty(account.getRegionCodes) : Value::array();
+}
+
+void takePassword(MeetingOptions& options, const AccountFacts& account, bool usePMI,
+                  const PasscodeSource& passcode) {
+  if (!usePMI) {
+    options.requiredMeetingPassword = account.isEnableRequirePassword;
+    if (options.requiredMeetingPassword) options.meetingPassword = passcode();
+    return;
+  }
+  options.requiredMeetingPassword =
+      account.isEnablePMIRequirePassword || (options.enableJBH && account.isEnableForcePMIJBHWithPassword);
+  // The passcode of the personal meeting is the service's.
+  if (options.requiredMeetingPassword) options.meetingPassword = "";
+}
+
+// Of the saved choice only the account counts, so that it survives a changed default.
+std::int64_t savedTspAudio(std::int64_t saved, const AccountFacts& account) {
+  const bool second = saved == kTspTelephonySecond || saved == kTspBothSecond;
+  const std::int64_t telephony = second ? kTspTelephonySecond : kTspTelephonyFirst;
+  if (account.alwaysUseBothAsDefaultAudio) {
+    const std::int64_t both = second ? kTspBothSecond : kTspBothFirst;
+    return account.isScheduleAudioBothDisabled ? telephony : both;
+  }
+  return account.alwaysUseVOIPAsDefaultAudio ? kTspVoip : telephony;
+}
+
+}  // namespace
+
+void resetFields(MeetingOptions& options) {
+  options = {
+      .audioType = kBoth,
+      .meetingPassword = "",
+      .roomMeetingId = "",
+      .thirdPartyAudio = "",
+      .scheduleForEmail = "",
+      .isSignedInUsersMeetingOn = options.isSignedInUsersMeetingOn,
+      .restrictJoinDomains = "",
+      .muteUponEntry = options.muteUponEntry,
+      .forceIncludeJoinurlInLocation = true,
+      .hash = "",
+      .selectInvitationLanguage = "",
+      .jbhPriorTime = 5,
+      .authId = "",
+      .authName = "",
+      .authDomain = "",
+      .supportWaitingRoom = true,
+      .templateId = "",
+      .templateName = "",
+  };
+}
+
+void initWithUserProfileDefault(MeetingOptions& options, const AccountFacts& account,
+                                const PasscodeSource& passcode) {
+  if (!account.hasUserProfile) return;
+  take(options.usePMI, policyOf(vn_Setting_IsPMI), account);
+  initSubDataWithUserProfile(options, account, options.usePMI, passcode);
+}
+
+void initSubDataWithUserProfile(MeetingOptions& options, const AccountFacts& account, bool usePMI,
+                                const PasscodeSource& passcode) {
+  if (!account.hasUserProfile) return;
+  options.templateId = "";
+  options.roomMeetingId = account.roomMeetingID;
+  take(options.enableE2ee, policyOf(vn_Setting_EnableE2ee), account);
+  switchOn(options.hostVideoOn, policyOf(vn_Setting_EnableHostVideo), account);
+  switchOn(options.paticipantVideoOn, policyOf(vn_Setting_EnableParticipantsVideo), account);
+  initAudioTypeWithUserProfile(options, account);
+  takeDialinCountries(options, account);
+  take(options.enableWaitingRoom, policyOf(vn_Setting_EnableWaitingRoom), account);
+  switchOn(options.enableJBH, policyOf(vn_Setting_EnableJBH), account);
+  if (policyOf(vn_Setting_JBHPriorTime).isOffered(account)) options.jbhPriorTime = account.getDefaultJbhPriorTime;
+  switchOn(options.muteUponEntry, policyOf(vn_Setting_MuteUponEntry), account);
+  take(options.isSignedInUsersMeetingOn, policyOf(vn_Setting_IsSignedInUsersMeetingOn), account);
+  options.authId = "";
+  take(options.enableUnmuteAll, policyOf(vn_Setting_EnableUnmuteAll), account);
+  takeRecording(options, account);
+  take(options.enablePublicEvent, policyOf(vn_Setting_EnableAddMeetingToPublicEvent), account);
+  take(options.forceIncludeJoinurlInLocation, policyOf(vn_Setting_ForceIncludeJoinurlInLocation), account);
+  take(options.putTheInvitationAtTheTop, policyOf(vn_Setting_PutTheInvitationAtTheTop), account);
+  take(options.enableRegionCustomization, policyOf(vn_Setting_EnableRegionCustomization), account);
+  takeRegionPolicy(options, account);
+  options.trackingFields = account.trackingFields;
+  takePassword(options, account, usePMI, passcode);
+}
+
+void initAudioTypeWithUserProfile(MeetingOptions& options, const AccountFacts& account) {
+  options.enableThirdPartyAudio = account.enableThirdPartyAudio;
+  if (options.enableThirdPartyAudio) options.thirdPartyAudio = account.thirdPartyAudioInfo;
+
+  const bool tsp = account.isTspSite;
+  const std::int64_t telephony = tsp ? kTspTelephonyFirst : kTelephonyOnly;
+  if (account.alwaysUseBothAsDefaultAudio) {
+    const std::int64_t both = tsp ? kTspBothFirst : kBoth;
+    options.audioType = account.isScheduleAudioBothDisabled ? telephony : both;
+  } else if (account.alwaysUseTelephonyAsDefaultAudio) {
+    options.audioType = telephony;
+  } else if (account.alwaysUseVOIPAsDefaultAudio) {
+    options.audioType = tsp ? kTspVoip : kVoipOnly;
+  } else if (tsp) {
+    options.audioType = kTspTelephonyFirst;
+  } else if (options.enableThirdPartyAudio && account.use3rdPartyAsDefaultAudio) {
+    options.audioType = kThirdParty;
+  }
+}
+
+bool initWithSavedProfile(MeetingOptions& options, const AccountFacts& account, const ClientGates& client,
+                          const Value& saved) {
+  if (saved.isAbsent()) return false;
+  if (account.isTspSite && saved.contains(vn_Setting_AudioOption)) {
+    options.audioType = savedTspAudio(saved[vn_Setting_AudioOption].integerValue(), account);
+  }
+  if (!policyOf(vn_Setting_EnableAudioWatermark).isLocked(account)) {
+    options.enableAudioWatermark = saved[vn_Setting_EnableAudioWatermark].boolValue();
+  }
+  // The account wins over the user's last choice when it controls this, in spite of the feature's name.
+  if (!policyOf(vn_Setting_ForceIncludeJoinurlInLocation).isOffered(account)) {
+    takeSaved(options.forceIncludeJoinurlInLocation, vn_Setting_ForceIncludeJoinurlInLocation, saved);
+  }
+  takeSaved(options.putTheInvitationAtTheTop, vn_Setting_PutTheInvitationAtTheTop, saved);
+  if (saved.contains(vn_Setting_SelectInvitationLanguage)) {
+    options.selectInvitationLanguage = saved[vn_Setting_SelectInvitationLanguage].stringValue();
+  }
+  if (!saved[vn_Setting_NotShowMeAgain].boolValue()) return false;
+
+  resetMeetingAuthForNotShowAgain(options, account);
+  options.enableAudioWatermark =
+      options.isSignedInUsersMeetingOn && account.isEnableAudioWatermark && account.isLockAudioWatermark;
+  resetWaitingRoomPasscodeStateForNotShowAgain(options, account, client);
+  resetAffectedStateByE2eeForNotShowAgain(options, account, client);
+  return true;
+}
+
+void resetMeetingAuthForNotShowAgain(MeetingOptions& options, const AccountFacts& account) {
+  if (!options.isSignedInUsersMeetingOn) return;
+  for (const Value& auth : account.getMeetingAuths.items()) {
+    if (!auth[vn_Setting_MeetingAuth_DefaultAuth].boolValue()) continue;
+    options.authId = auth[vn_Setting_MeetingAuth_AuthId].optionalText();
+    options.authName = auth[vn_Setting_MeetingAuth_AuthName].optionalText();
+    options.authType = auth[vn_Setting_MeetingAuth_AuthType].integerValue();
+    options.authDomain = auth[vn_Setting_MeetingAuth_AuthDomain].optionalText();
+    return;
+  }
+}
+
+void resetWaitingRoomPasscodeStateForNotShowAgain(MeetingOptions& options, const AccountFacts& account,
+                                                  const ClientGates& client) {
+  if (!client.isVornClientSupport520Tasks || !account.isEnableWaitingRoomNewLogic || options.usePMI) return;
+  const OptionPolicy& waitingRoom = policyOf(vn_Setting_EnableWaitingRoom);
+  const bool lockedOff = waitingRoom.isLocked(account) && !waitingRoom.isGiven(account);
+  // A meeting must have one of the two.
+  if (!lockedOff && !options.requiredMeetingPassword) options.enableWaitingRoom = true;
+}
+
+void resetAffectedStateByE2eeForNotShowAgain(MeetingOptions& options, const AccountFacts& account,
+                                             const ClientGates& client) {
+  const bool encrypted = client.isVornClientSupport530Tasks && account.isSupportE2eeMeeting &&
+                         account.canScheduleE2eeMeeting && options.enableE2ee;
+  if (!encrypted) {
+    options.enableE2ee = false;
+    return;
+  }
+  options.enableJBH = true;
+  options.audioType = kVoipOnly;
+  options.emAutoRecordingType = kNoRecording;
+}
+
+}  // namespace vorn::meeting_options
