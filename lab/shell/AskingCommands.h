@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <string>
 
 #include "lab/shell/HooksCommand.h"
@@ -17,6 +18,11 @@ inline void askWithoutClient(CLI::App& command, LabOptions& lab, ReportForm& for
   lab.panelIsOff = false;
   command.add_flag_callback(
       "--json", [&form] { form = ReportForm::json; }, "one JSON object");
+  command
+      .add_option_function<std::string>(
+          "--bundle", [&lab](const std::string& path) { lab.bundle = std::filesystem::absolute(path); },
+          "the plug-in's bundle, when it is not the one that was built with this program")
+      ->check(CLI::ExistingDirectory);
 }
 
 inline CLI::App* addHooks(CLI::App& program, HooksOptions& options) {
