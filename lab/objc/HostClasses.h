@@ -144,6 +144,9 @@
 - (void)setMessageText:(NSString*)text;
 - (void)setInformativeText:(NSString*)text;
 - (id)addButtonWithTitle:(NSString*)title;
+- (void)setShowsSuppressionButton:(BOOL)shows;
+// Nil, for nobody switches it on.
+- (id)suppressionButton;
 - (NSInteger)runModal;
 - (void)beginSheetModalForWindow:(id)window
                    modalDelegate:(id)delegate

@@ -242,6 +242,12 @@ std::string& lastAlert() {
   ++m_buttons;
   return title;
 }
+- (void)setShowsSuppressionButton:(BOOL)shows {
+  (void)shows;
+}
+- (id)suppressionButton {
+  return nil;
+}
 - (NSInteger)runModal {
   constexpr NSInteger firstButton = 1000;
   lastAlert() = vornlab::plainText(m_message);

@@ -85,7 +85,7 @@ ObjcLab::ObjcLab(const LabOptions& options, CalendarStore& calendar, const std::
   if (!m_options.withoutClient) startClient();
   shownStore() = &calendar;
   [ECEmailAccount setUserAddress:foundationText(std::string_view(userAddress))];
-  loadBundle(m_options.programs / "objc/vOutlookPlugin.bundle");
+  loadBundle(m_options.bundle.empty() ? m_options.programs / "objc/vOutlookPlugin.bundle" : m_options.bundle);
   ERageMainWindowController* controller = [[ERageMainWindowController alloc] init];
   m_mainWindowController = controller;
   [controller windowDidBecomeMain:[NSNotification notificationWithName:@"NSWindowDidBecomeMainNotification"

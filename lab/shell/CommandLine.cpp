@@ -56,6 +56,11 @@ void askWithoutClient(CLI::App& command, LabOptions& lab, ReportForm& form) {
   lab.withoutClient = true;
   lab.panelIsOff = false;
   addJsonFlag(command, form);
+  command
+      .add_option_function<std::string>(
+          "--bundle", [&lab](const std::string& path) { lab.bundle = std::filesystem::absolute(path); },
+          "the plug-in's bundle, when it is not the one that was built with this program")
+      ->check(CLI::ExistingDirectory);
 }
 
 void askClient(CLI::App& command, LabOptions& lab, ReportForm& form) {

@@ -10,6 +10,8 @@ namespace vornlab {
 struct LabOptions {
   // Where the bundle, the client's application and the demonstration's calendar lie.
   std::filesystem::path programs;
+  // The bundle to load; "" for the one among the programs.
+  std::filesystem::path bundle;
   // A folder for the world; "" for one that is removed at the end.
   std::filesystem::path world;
   bool keepWorld = false;

@@ -36,12 +36,16 @@ World::Options worldOptions(const LabOptions& options) {
   return world;
 }
 
+std::filesystem::path bundleOf(const LabOptions& options) {
+  return options.bundle.empty() ? options.programs / "vOutlookPlugin.bundle" : options.bundle;
+}
+
 vorn::EmbeddedSurroundings::Options surroundingsOptions(const World& world, const LabOptions& options) {
   vorn::EmbeddedSurroundings::Options surroundings;
   surroundings.home = world.home().string();
   surroundings.documents = world.documents().string();
   surroundings.applications = world.applications().string();
-  surroundings.resources = (options.programs / "vOutlookPlugin.bundle/Contents/Resources").string();
+  surroundings.resources = (bundleOf(options) / "Contents/Resources").string();
   surroundings.languages = {"en-US"};
   surroundings.systemVersion = parseSystemVersion(options.systemVersion).value_or(surroundings.systemVersion);
   return surroundings;
@@ -72,7 +76,7 @@ Session::Session(const LabOptions& options, CalendarStore& calendar, const Outlo
   attempt(&Session::prepareClient);
   m_host.defineClasses();
   m_host.open(calendar);
-  m_plugin.emplace(options.programs / "vOutlookPlugin.bundle", platform());
+  m_plugin.emplace(bundleOf(options), platform());
   m_host.openMainWindow();
   if (m_client.id() != 0) attempt(&Session::waitForConnection);
 }

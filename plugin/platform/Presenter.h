@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "util/HostObject.h"
 
@@ -18,16 +21,36 @@ struct Rect {
 // Everything that this system puts before the user's eyes. Main thread only.
 class Presenter {
  public:
+  // The image of the bundle that an alert shows.
+  static constexpr const char* kWarningIcon = "warning.png";
+
   struct Alert {
     std::string title;
     std::string message;
-    std::string defaultButton;
-    // "" for an alert with one button.
-    std::string alternateButton;
-    // The name of an image of the bundle; "" for none.
+    // At least one; the first is the default, which the return key presses.
+    std::vector<std::string> buttons;
+    // The name of an image of the bundle, with its type; "" for none.
     std::string icon;
+    // The words beside a switch by which the user wants to see this no more; "" for an alert without one.
+    std::string notAgainSwitch{};
   };
-  enum class Answer { defaultButton, alternateButton };
+  struct Answer {
+    // The place of the pressed button among the alert's.
+    std::size_t button = 0;
+    // Whether the switch was on; false without one.
+    bool notAgain = false;
+
+    // What most alerts ask: go on, or leave it.
+    static const Answer defaultButton;
+    static const Answer alternateButton;
+    bool operator==(const Answer&) const = default;
+  };
+  // A progress sheet on the screen. It goes with this object, which ends no other sheet, and which does nothing
+  // more when the presenter has gone first.
+  class Progress {
+   public:
+    virtual ~Progress() = default;
+  };
 
   virtual ~Presenter() = default;
 
@@ -35,14 +58,18 @@ class Presenter {
   // answer may come during the call or later; it does not come when the window closes first.
   virtual void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) = 0;
 
-  // Puts a small window with a message on the screen, and takes it away again. The work goes on meanwhile.
-  virtual void beginProgress(std::string_view message) = 0;
-  virtual void endProgress() = 0;
+  // Puts a small window with a message on the screen, in a modal session that nobody runs: the work goes on in the
+  // ordinary run loop. Each call shows one of its own. Never null: on a host that cannot show it, there is nothing
+  // to see.
+  [[nodiscard]] virtual std::unique_ptr<Progress> beginProgress(std::string_view message) = 0;
 
   // Makes a view of the given class of ours in the host's runtime, with no superview. The view lives until
   // releaseView() or the end of its superview. Absent when the host has no views.
   virtual HostObject createView(std::string_view className, const Rect& frame) = 0;
   virtual void releaseView(const HostObject& view) = 0;
 };
+
+inline constexpr Presenter::Answer Presenter::Answer::defaultButton{0};
+inline constexpr Presenter::Answer Presenter::Answer::alternateButton{1};
 
 }  // namespace vorn

@@ -36,8 +36,6 @@ class SettingsPanels {
 
   // Remembers the addresses that a commit went out with, to be offered the next time somebody types one.
   virtual void addToInputAlternateHostHistory(const Value& alternateHosts) = 0;
-  // Keeps the switch for not showing the account limitation again; a hidden one is not kept.
-  virtual void saveShowMessageAgainToUserProfile() = 0;
 };
 
 // The settings windows in force; null without a panel. The caller keeps what it hands over alive until the

@@ -10,13 +10,20 @@
 #include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
-#include "platform/Presenter.h"
 #include "platform/Registry.h"
 #include "platform/TraceStep.h"
-#include "workflow/SettingsPanel.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
+
+namespace {
+
+// The user whose plan asks for the notice, who is known longer than the profile is.
+OptionalText user() { return vnUserProfileHelper::sharedInstance().lastKnownUserId(); }
+
+JsonTextFile savedProfile() { return JsonTextFile(vnCommon::getVnUserProfilePath(user())); }
+
+}  // namespace
 
 vnScheduleErrorMessage& vnScheduleErrorMessage::sharedInstance() {
   return Registry::shared<vnScheduleErrorMessage>();
@@ -25,22 +32,23 @@ vnScheduleErrorMessage& vnScheduleErrorMessage::sharedInstance() {
 void vnScheduleErrorMessage::showMessage(const HostObject& parentWindow) {
   m_session = std::make_shared<vnScheduleErrorMessage*>(this);
   const std::string limit = std::to_string(vnLicencePolicy::kLongestUnpaidMeetingMinutes);
-  Presenter::Alert alert;
-  alert.message = formatText(localizedString("LN_Schedule_Limitation_Duration"), {limit});
-  alert.defaultButton = localizedString("Button_Continue");
-  alert.alternateButton = localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312");
-  alert.icon = "warning.png";
+  const Presenter::Alert alert{
+      "",
+      formatText(localizedString("LN_Schedule_Limitation_Duration"), {limit}),
+      {localizedString("Button_Continue"), localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312")},
+      Presenter::kWarningIcon,
+      localizedString("LN_Schedule_Limitation_NotShowAgain")};
   traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.message}}); });
   Registry::platform().presenter->showAlert(
       parentWindow, alert,
       [session = std::weak_ptr<vnScheduleErrorMessage*>(m_session)](Presenter::Answer answer) {
-        if (const auto open = session.lock()) (*open)->onAnswer(answer == Presenter::Answer::defaultButton);
+        if (const auto open = session.lock()) (*open)->onAnswer(answer);
       });
 }
 
-void vnScheduleErrorMessage::onAnswer(bool isOK) {
-  SettingsPanels* panels = settingsPanels();
-  if (isOK && panels) panels->saveShowMessageAgainToUserProfile();
+void vnScheduleErrorMessage::onAnswer(const Presenter::Answer& answer) {
+  const bool isOK = answer.button == 0;
+  if (isOK) saveShowMessageAgainToUserProfile(answer.notAgain);
   abortDomodal();
   postCommitCommand(isOK);
 }
@@ -53,10 +61,13 @@ void vnScheduleErrorMessage::postCommitCommand(bool isOK) {
 }
 
 bool vnScheduleErrorMessage::notShowMessageAgain() {
-  // The user whose plan asks for the notice, who is known longer than the profile is.
-  const JsonTextFile savedProfile(
-      vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().lastKnownUserId()));
-  return savedProfile.read()[vn_Setting_NotShowUpgradeMessageAgain].boolValue();
+  return savedProfile().read()[vn_Setting_NotShowUpgradeMessageAgain].boolValue();
+}
+
+// Without a known user there is no file to keep it in. A switch that says what is kept already makes no file.
+void vnScheduleErrorMessage::saveShowMessageAgainToUserProfile(bool notAgain) {
+  if (!user() || notAgain == notShowMessageAgain()) return;
+  savedProfile().setKey(vn_Setting_NotShowUpgradeMessageAgain, notAgain);
 }
 
 void vnScheduleErrorMessage::cleanup() {

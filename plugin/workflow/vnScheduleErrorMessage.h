@@ -2,14 +2,16 @@
 
 #include <memory>
 
+#include "platform/Presenter.h"
 #include "util/HostObject.h"
 #include "util/Value.h"
 
 namespace vorn {
 
 // The notice that stops a save because the account's plan does not allow the appointment. The user continues all
-// the same or goes back to editing; either answer is posted as notify_ScheduleErrorMessage_Commit, with this
-// object as the notification's. Each manager has one of its own. Main thread only.
+// the same, and may want no such notice any more, or goes back to editing; either answer is posted as
+// notify_ScheduleErrorMessage_Commit, with this object as the notification's. Each manager has one of its own.
+// Main thread only.
 class vnScheduleErrorMessage {
  public:
   // The one that belongs to no manager.
@@ -33,7 +35,8 @@ class vnScheduleErrorMessage {
   void cleanup();
 
  private:
-  void onAnswer(bool isOK);
+  void onAnswer(const Presenter::Answer& answer);
+  static void saveShowMessageAgainToUserProfile(bool notAgain);
 
   OptionalText m_olApptWindowID;
   // Lives as long as the notice is open, and brings its answer to this object.

@@ -14,6 +14,17 @@ build() {
     build_failed "building $preset" "$log"
 }
 
+# leave_bundle PRESET: puts the bundle for Objective-C hosts into dist/, whole, to be copied wherever it is wanted. A
+# build without the Objective-C edge has none.
+leave_bundle() {
+  local bundle="$root/build/$1/objc/vOutlookPlugin.bundle"
+  [ -d "$bundle" ] || return 0
+  rm -rf "$root/dist/vOutlookPlugin.bundle"
+  mkdir -p "$root/dist"
+  cp -R "$bundle" "$root/dist/"
+  echo "The bundle is dist/vOutlookPlugin.bundle"
+}
+
 # Turns Ninja's lines into one: a running count on a terminal, a single closing line elsewhere.
 show_progress() {
   local line built="" began=$SECONDS told=$SECONDS

@@ -112,14 +112,13 @@ TEST_F(ErrorMapping, EachCodeShowsItsText) {
   command.parseFeedbackError("0;Error of a new kind");
   EXPECT_EQ(shown(9999), "0;Error of a new kind");
   EXPECT_EQ(world.presenter.alerts[0].window, window);
-  EXPECT_EQ(world.presenter.alerts[0].alert.defaultButton, "OK");
-  EXPECT_EQ(world.presenter.alerts[0].alert.alternateButton, "");
+  EXPECT_EQ(world.presenter.alerts[0].alert.buttons, std::vector<std::string>{"OK"});
   EXPECT_EQ(world.presenter.alerts[0].alert.icon, "warning.png");
 }
 
 TEST_F(ErrorMapping, AClientThatDoesNotRunIsOfferedToBeLaunched) {
   EXPECT_EQ(shown(5), "VornClientNotRunning");
-  EXPECT_EQ(world.presenter.alerts[0].alert.defaultButton, "Button_LaunchClient");
+  EXPECT_EQ(world.presenter.alerts[0].alert.buttons.front(), "Button_LaunchClient");
 }
 
 TEST_F(ErrorMapping, ASilentCommandKeepsErrorsToItselfButNotWarnings) {

@@ -102,7 +102,17 @@ TEST_F(RequestLife, TheSheetIsShownAsEachRequestSays) {
     request();
     EXPECT_EQ(world.presenter.showsProgress(), shows) << name;
   }
-  EXPECT_EQ(world.presenter.progress.front(), "CommunicationProgressTitle");
+}
+
+TEST_F(RequestLife, TwoRequestsAtOnceShowASheetEachAndEachReplyEndsItsOwn) {
+  mgr->getUserProfile(window, withSheet(true));
+  mgr->getPAC(window, withSheet(true));
+  EXPECT_THAT(world.presenter.progress.open(),
+              ElementsAre("CommunicationProgressTitle", "CommunicationProgressTitle"));
+  reply("9", "{}");
+  EXPECT_EQ(world.presenter.progress.open().size(), 1u);
+  reply("6", "{}");
+  EXPECT_FALSE(world.presenter.showsProgress());
 }
 
 TEST_F(RequestLife, TheGateRefusesWhatTheClientCannotAnswer) {
@@ -126,7 +136,7 @@ TEST_F(RequestLife, TheGateRefusesWhatTheClientCannotAnswer) {
     EXPECT_EQ(world.presenter.alerts[1].window, HostObject());
   }
   EXPECT_THAT(sent(), IsEmpty());
-  EXPECT_THAT(world.presenter.progress, IsEmpty());
+  EXPECT_EQ(world.presenter.progress.begun(), 0u);
   EXPECT_EQ(world.runLoop.waiting(), 0u);
   EXPECT_EQ(world.trace.steps.front().step, "refused");
 }

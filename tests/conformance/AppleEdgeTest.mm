@@ -364,7 +364,7 @@ TEST_F(AppleEdge, AViewOfOursLivesUntilItIsReleased) {
   const Class view = objc_allocateClassPair([vnEdgeView class], "NSView", 0);
   if (view) objc_registerClassPair(view);
   AppleRunLoop loop;
-  ApplePresenter presenter(loop);
+  ApplePresenter presenter(loop, "");
   const HostObject made = presenter.createView("vnEdgeBar", Rect{1, 2, 3, 4});
   EXPECT_EQ(runtime.className(made), "vnEdgeBar");
   EXPECT_EQ(runtime.send(made, "frame")["width"], 3);

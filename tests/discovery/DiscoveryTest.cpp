@@ -264,9 +264,9 @@ TEST_F(DiscoveryTest, OffersToLaunchTheClientAndLeavesItToTheAgentOnNewerHosts) 
   EXPECT_EQ(m_world.presenter.alerts[2].window, HostObject(0x5));
   EXPECT_EQ(alert.title, "");
   EXPECT_EQ(alert.message, "It does not run.");
-  EXPECT_EQ(alert.defaultButton, "Button_LaunchClient") << "the key itself without a table";
+  EXPECT_THAT(alert.buttons, ElementsAre("Button_LaunchClient", "Button_Cancel")) << "the keys without a table";
   EXPECT_EQ(alert.icon, "warning.png");
-  EXPECT_EQ(m_world.presenter.alerts[3].alert.alternateButton, "");
+  EXPECT_THAT(m_world.presenter.alerts[3].alert.buttons, ElementsAre("OK"));
 }
 
 }  // namespace

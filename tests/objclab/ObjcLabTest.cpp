@@ -6,6 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
 
 #include "lab/objc/ObjcLab.h"
 
@@ -61,6 +64,15 @@ TEST_F(ObjectiveCHost, EveryRowOfTheTableStands) {
   EXPECT_GT(told["rows"].integerValue(), 0);
   EXPECT_EQ(told["standing"], told["rows"]);
   EXPECT_THROW(lab->ask("no such question"), LabError);
+}
+
+TEST_F(ObjectiveCHost, TheBundleSharesTheLibraryThatTheHostHasAlready) {
+  std::set<std::string> copies;
+  std::ifstream maps("/proc/self/maps");
+  for (std::string line; std::getline(maps, line);) {
+    if (line.find("/libvorn_platform.") != std::string::npos) copies.insert(line.substr(line.find('/')));
+  }
+  EXPECT_EQ(copies.size(), 1U);
 }
 
 TEST_F(ObjectiveCHost, WhatAPersonDoesOnTheGridIsStoredAndReachesTheService) {

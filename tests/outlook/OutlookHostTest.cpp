@@ -488,10 +488,10 @@ TEST(EmbeddedPresenter, AnswersAsScriptedAndTellsTheObserver) {
   presenter.setAnswer(Answer::alternateButton);
   presenter.answerNext(Answer::defaultButton);
   for (const char* message : {"first", "second"}) {
-    presenter.showAlert({}, {"title", message, "OK", "Cancel", ""},
+    presenter.showAlert({}, {"title", message, {"OK", "Cancel"}, ""},
                         [&](Answer answer) { answers.push_back(answer); });
   }
-  presenter.showAlert({}, {"title", "third", "OK", "", ""}, [&](Answer answer) { answers.push_back(answer); });
+  presenter.showAlert({}, {"title", "third", {"OK"}, ""}, [&](Answer answer) { answers.push_back(answer); });
   EXPECT_EQ(answers, (std::vector{Answer::defaultButton, Answer::alternateButton, Answer::defaultButton}));
   EXPECT_EQ(told, (std::vector<std::string>{"first", "second", "third"}));
   EXPECT_FALSE(presenter.createView("vnActionAdditionView", {})) << "a host without views";

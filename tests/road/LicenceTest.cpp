@@ -7,6 +7,7 @@
 #include "platform/Localization.h"
 #include "tests/road/world/RoadWorld.h"
 #include "util/PropertyList.h"
+#include "workflow/vnScheduleErrorMessage.h"
 
 // What an account may not do: hold meetings without a licence, and hold long ones without a paid plan.
 
@@ -122,8 +123,8 @@ TEST_F(Licence, APlanThatIsTooSmallAsksBeforeASave) {
   ASSERT_THAT(world.test.presenter.alerts, SizeIs(1));
   const Presenter::Alert& alert = world.test.presenter.alerts[0].alert;
   EXPECT_EQ(alert.message, formatText(localizedString("LN_Schedule_Limitation_Duration"), {"40"}));
-  EXPECT_EQ(alert.defaultButton, localizedString("Button_Continue"));
-  EXPECT_EQ(alert.alternateButton, localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312"));
+  EXPECT_THAT(alert.buttons, ElementsAre(localizedString("Button_Continue"),
+                                         localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312")));
   EXPECT_THAT(world.client->requestNames(), IsEmpty());
   expectNothingLost(editor);
 
@@ -139,6 +140,19 @@ TEST_F(Licence, APlanThatIsTooSmallAsksBeforeASave) {
   EXPECT_THAT(world.client->requestNames(), ElementsAre("3/4", "3/2", "3/4"));
   EXPECT_FALSE(world.host.isOpen(editor));
   EXPECT_EQ(world.store.find("one")->summary(), "Renamed");
+}
+
+TEST_F(Licence, TheSwitchOfTheNoticeIsKeptByWhoeverGoesOnAndByNobodyElse) {
+  storeMeetingThen(kWithoutPaidPlan);
+  const EditorId editor = openAndType();
+  for (const Answer answer : {Answer{1, true}, Answer{0, true}}) {
+    EXPECT_FALSE(vnScheduleErrorMessage::notShowMessageAgain());
+    world.test.presenter.scriptedAnswers.push_back(answer);
+    world.saveAndClose(editor);
+  }
+  EXPECT_FALSE(world.host.isOpen(editor));
+  world.saveAndClose(openAndType());
+  EXPECT_THAT(world.test.presenter.alerts, SizeIs(2)) << "it is not shown again";
 }
 
 TEST_F(Licence, AnAnswerDuringTheSaveItselfWorksLikeALaterOne) {

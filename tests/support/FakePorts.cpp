@@ -50,11 +50,14 @@ Value FakeWorkspace::propertyListAtPath(std::string_view path) {
 }
 
 bool FakeWorkspace::launch(std::string_view executablePath) {
+  const auto isProgram = [&](const auto& bundle) { return bundle.second == executablePath; };
+  if (std::none_of(executables.begin(), executables.end(), isProgram)) return false;
   launched.emplace_back(executablePath);
   return launchSucceeds;
 }
 
 bool FakeWorkspace::openFolder(std::string_view path) {
+  if (!std::filesystem::is_directory(path)) return false;
   openedFolders.emplace_back(path);
   return true;
 }
@@ -69,8 +72,9 @@ void RecordingPresenter::showAlert(const HostObject& window, const Alert& alert,
 }
 
 void RecordingPresenter::answerAlert(std::size_t index, Answer answer) {
-  const auto answered = std::exchange(alerts.at(index).answered, nullptr);
-  if (answered) answered(answer);
+  Shown& shown = alerts.at(index);
+  const Answer given = EmbeddedPresenter::possibleAnswer(shown.alert, answer);
+  if (const auto answered = std::exchange(shown.answered, nullptr)) answered(given);
 }
 
 HostObject RecordingPresenter::createView(std::string_view className, const Rect& frame) {

@@ -18,6 +18,8 @@
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 #include "platform/embedded/EmbeddedClassRuntime.h"
+#include "platform/embedded/EmbeddedPresenter.h"
+#include "platform/embedded/ProgressRecord.h"
 
 // Ports for tests: each one answers from its public fields, and records what was asked of it.
 
@@ -71,22 +73,19 @@ class RecordingPresenter final : public Presenter {
   explicit RecordingPresenter(EmbeddedClassRuntime& runtime) : m_runtime(runtime) {}
 
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
-  void beginProgress(std::string_view message) override { progress.emplace_back(message); }
-  void endProgress() override { ++endedProgress; }
+  std::unique_ptr<Progress> beginProgress(std::string_view message) override { return progress.begin(message); }
   // A class that the runtime does not know yet is defined below "NSView".
   HostObject createView(std::string_view className, const Rect& frame) override;
   void releaseView(const HostObject& view) override;
 
   // Gives the answer of an alert that no script has answered.
   void answerAlert(std::size_t index, Answer answer);
-  bool showsProgress() const { return endedProgress < progress.size(); }
+  bool showsProgress() const { return !progress.open().empty(); }
 
   std::vector<Shown> alerts;
   // Taken one by one, during the call that shows an alert.
   std::deque<Answer> scriptedAnswers;
-  // The messages of all progress windows so far.
-  std::vector<std::string> progress;
-  std::size_t endedProgress = 0;
+  ProgressRecord progress;
   // The views that were made and not released, with their frames.
   std::map<HostObject, Rect> views;
 

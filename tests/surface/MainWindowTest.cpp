@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "channel/store/vnCommon.h"
 #include "host/surface/MainWindowToolbar.h"
 #include "host/surface/vnCommandItemMgr.h"
@@ -137,6 +139,7 @@ TEST_F(MainWindow, SchedulingNeedsTheApplicationsDelegate) {
 }
 
 TEST_F(MainWindow, TheLogFolderIsShown) {
+  std::filesystem::create_directories(vnCommon::getDocumentOutlookPluginRootPath());
   vnCommandItemMgr::sharedInstance().SendToolbarItemCommand(4, Value());
   EXPECT_THAT(world.workspace.openedFolders, ElementsAre(vnCommon::getDocumentOutlookPluginRootPath()));
 }

@@ -59,7 +59,6 @@ class FakePanels final : public SettingsPanels {
   void addToInputAlternateHostHistory(const Value& hosts) override {
     for (const Value& host : hosts.items()) panel.calls.push_back("remembers " + host.text());
   }
-  void saveShowMessageAgainToUserProfile() override { panel.calls.push_back("keeps its switch"); }
 
   bool isOpen = false;
   FakePanel panel;
@@ -426,13 +425,11 @@ TEST_F(Decisions, TheNoticeOfThePlanAnswersOnlyItsOwnManagerAndOnlyWhileItIsOpen
   ASSERT_EQ(posted.size(), 1u);
   EXPECT_TRUE(posted[0][keyButtonClickIsOK].boolValue());
   EXPECT_EQ(posted[0][keyApptWindowID].text(), window->bar->ownWindow.windowId());
-  EXPECT_THAT(panels.panel.calls, ElementsAre("keeps its switch"));
 
   notice.showMessage({});
   test.presenter.answerAlert(2, Presenter::Answer::alternateButton);
   ASSERT_EQ(posted.size(), 2u);
   EXPECT_FALSE(posted[1][keyButtonClickIsOK].boolValue());
-  EXPECT_THAT(panels.panel.calls, ElementsAre("keeps its switch")) << "nothing is kept by going back";
 
   notice.showMessage({});
   notice.abortDomodal();

@@ -237,8 +237,8 @@ StageStep alert(LineReader& line) {
 
 StageStep progress(LineReader& line) {
   return [wanted = oneOf(line, {"shown", "hidden"})](Stage& stage) {
-    const auto& presenter = stage.session().presenter();
-    expectEqual("progress", wanted, presenter.progressBegun() > presenter.progressEnded() ? "shown" : "hidden");
+    const bool isShown = !stage.session().presenter().progress().open().empty();
+    expectEqual("progress", wanted, isShown ? "shown" : "hidden");
   };
 }
 

@@ -261,13 +261,16 @@ StageStep reopen(LineReader& line) {
   };
 }
 
-// The button of the next alert: the person declines unless told otherwise.
+// The button of the next alert, and its switch: the person declines unless told otherwise.
 StageStep answer(LineReader& line) {
   const bool isYes = line.take("yes");
   if (!isYes) line.need("no");
-  return [isYes](Stage& stage) {
+  const bool notAgain = line.take("not again");
+  return [isYes, notAgain](Stage& stage) {
     using Answer = vorn::Presenter::Answer;
-    stage.session().presenter().answerNext(isYes ? Answer::defaultButton : Answer::alternateButton);
+    Answer given = isYes ? Answer::defaultButton : Answer::alternateButton;
+    given.notAgain = notAgain;
+    stage.session().presenter().answerNext(given);
   };
 }
 
@@ -293,7 +296,7 @@ constexpr std::array kWords = {
     StageWord{"send", "send", send},
     StageWord{"close", "close", closeWindow},
     StageWord{"record", "record removed|moved|text TEXT", record},
-    StageWord{"answer", "answer yes|no", answer},
+    StageWord{"answer", "answer yes|no [not again]", answer},
     StageWord{"reopen", "reopen main window", reopen},
     StageWord{"wait", "wait [N s]", wait},
 };

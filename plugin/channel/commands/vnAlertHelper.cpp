@@ -8,11 +8,8 @@ namespace vorn {
 vnAlertHelper& vnAlertHelper::sharedInstance() { return Registry::shared<vnAlertHelper>(); }
 
 void vnAlertHelper::showAlertMessage(const HostObject& window, const std::string& message) {
-  Presenter::Alert alert;
-  alert.message = message;
-  alert.defaultButton = "OK";
-  alert.icon = "warning.png";
-  Registry::platform().presenter->showAlert(window, alert, [](Presenter::Answer) {});
+  Registry::platform().presenter->showAlert(window, {"", message, {"OK"}, Presenter::kWarningIcon},
+                                            [](Presenter::Answer) {});
 }
 
 }  // namespace vorn

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+
+#include "platform/Presenter.h"
 #include "util/HostObject.h"
 
 namespace vorn {
@@ -7,10 +10,14 @@ namespace vorn {
 // The small window that tells the user to wait for the client.
 class vnProgressWindowController {
  public:
-  // Puts the window on the screen. The work goes on in the ordinary run loop, so the parent window stays usable
-  // and is not needed here.
+  // Puts the window on the screen, in a modal session of its own. The work goes on in the ordinary run loop, and
+  // the parent window is not needed here.
   void domodalSheet(const HostObject& parentWindow);
-  void abortDomodal();
+  // Takes this window away again, and no other command's.
+  void abortDomodal() { m_session.reset(); }
+
+ private:
+  std::unique_ptr<Presenter::Progress> m_session;
 };
 
 }  // namespace vorn

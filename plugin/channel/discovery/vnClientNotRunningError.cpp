@@ -11,8 +11,6 @@ namespace vorn {
 
 namespace {
 
-constexpr const char* kWarningIcon = "warning.png";
-
 // From its newer versions on the host may not start programs; the agent does it then.
 void launchClient() {
   vnAppHelper& applications = vnAppHelper::sharedInstance();
@@ -32,8 +30,10 @@ vnClientNotRunningError& vnClientNotRunningError::sharedInstance() {
 void vnClientNotRunningError::showClientError(const HostObject& window, const OptionalText& message) {
   Presenter* presenter = Registry::platform().presenter;
   if (!presenter) return;
-  const Presenter::Alert alert{"", message.value_or(""), localizedString("Button_LaunchClient"),
-                               localizedString("Button_Cancel"), kWarningIcon};
+  const Presenter::Alert alert{"",
+                               message.value_or(""),
+                               {localizedString("Button_LaunchClient"), localizedString("Button_Cancel")},
+                               Presenter::kWarningIcon};
   presenter->showAlert(window, alert, [](Presenter::Answer answer) {
     if (answer == Presenter::Answer::defaultButton) launchClient();
   });
@@ -43,7 +43,7 @@ void vnClientNotRunningError::showClientErrorWithoutLaunchClient(const HostObjec
                                                                  const OptionalText& message) {
   Presenter* presenter = Registry::platform().presenter;
   if (!presenter) return;
-  presenter->showAlert(window, {"", message.value_or(""), localizedString("OK"), "", kWarningIcon},
+  presenter->showAlert(window, {"", message.value_or(""), {localizedString("OK")}, Presenter::kWarningIcon},
                        [](Presenter::Answer) {});
 }
 

@@ -21,7 +21,8 @@ class ApplePlatform {
   // The folder with the bundle's resources.
   explicit ApplePlatform(const std::string& resources)
       : m_surroundings(resources),
-        m_workspace({m_surroundings.applicationsDirectory(), m_surroundings.userApplicationsDirectory()}) {}
+        m_workspace({m_surroundings.applicationsDirectory(), m_surroundings.userApplicationsDirectory()}),
+        m_presenter(m_runLoop, resources) {}
 
   Platform ports() {
     Platform platform;
@@ -45,7 +46,7 @@ class ApplePlatform {
   AppleDistributedNotifications m_distributedNotifications;
   AppleSurroundings m_surroundings;
   AppleWorkspace m_workspace;
-  ApplePresenter m_presenter{m_runLoop};
+  ApplePresenter m_presenter;
 };
 
 }  // namespace vorn

@@ -9,10 +9,18 @@
 #include "platform/apple/Conversions.h"
 
 // What we use of the host's classes. The plug-in is not linked with them.
+@protocol vnHostSwitch
+- (void)setTitle:(NSString*)title;
+- (NSInteger)state;
+@end
+
 @protocol vnHostAlert
 - (void)setMessageText:(NSString*)text;
 - (void)setInformativeText:(NSString*)text;
+- (void)setIcon:(id)image;
 - (id)addButtonWithTitle:(NSString*)title;
+- (void)setShowsSuppressionButton:(BOOL)shows;
+- (id<vnHostSwitch>)suppressionButton;
 - (NSInteger)runModal;
 - (void)beginSheetModalForWindow:(id)window
                    modalDelegate:(id)delegate
@@ -20,20 +28,12 @@
                      contextInfo:(void*)context;
 @end
 
-@protocol vnHostPanel
-- (id)initWithContentRect:(NSRect)frame styleMask:(NSUInteger)style backing:(NSUInteger)backing defer:(BOOL)defer;
-- (void)setTitle:(NSString*)title;
-- (void)center;
-- (void)orderFront:(id)sender;
-- (void)orderOut:(id)sender;
-@end
-
 @protocol vnHostView
 - (id)initWithFrame:(NSRect)frame;
 - (void)removeFromSuperview;
 @end
 
-using Told = std::function<void(NSInteger)>;
+using Told = std::function<void(id<vnHostAlert> alert, NSInteger code)>;
 
 // Hears how a sheet ended.
 @interface vnSheetListener : NSObject {
@@ -46,11 +46,10 @@ using Told = std::function<void(NSInteger)>;
 
 @implementation vnSheetListener
 - (void)alertDidEnd:(id)alert returnCode:(NSInteger)code contextInfo:(void*)context {
-  (void)alert;
   (void)context;
   const std::unique_ptr<Told> ended(static_cast<Told*>(std::exchange(m_ended, nullptr)));
   try {
-    if (ended) (*ended)(code);
+    if (ended) (*ended)(alert, code);
   } catch (...) {
     // No exception of ours may enter the host.
   }
@@ -63,22 +62,32 @@ namespace vorn {
 namespace {
 
 constexpr NSInteger kFirstButton = 1000;
-constexpr NSUInteger kTitledWindow = 1;
-constexpr NSUInteger kBuffered = 2;
-constexpr double kPanelWidth = 320;
-constexpr double kPanelHeight = 24;
+constexpr NSInteger kSwitchedOn = 1;
 
-id<vnHostAlert> makeAlert(const Presenter::Alert& alert) {
+id<vnHostAlert> makeAlert(const Presenter::Alert& alert, const std::string& resources) {
   id<vnHostAlert> made = [[[NSClassFromString(@"NSAlert") alloc] init] autorelease];
   [made setMessageText:foundationText(alert.title)];
   [made setInformativeText:foundationText(alert.message)];
-  [made addButtonWithTitle:foundationText(alert.defaultButton)];
-  if (!alert.alternateButton.empty()) [made addButtonWithTitle:foundationText(alert.alternateButton)];
+  for (const std::string& button : alert.buttons) [made addButtonWithTitle:foundationText(button)];
+  if (!alert.icon.empty()) {
+    const id unready = [NSClassFromString(@"NSImage") alloc];
+    const id image = [[unready initWithContentsOfFile:foundationText(resources + "/" + alert.icon)] autorelease];
+    if (image) [made setIcon:image];
+  }
+  if (!alert.notAgainSwitch.empty()) {
+    [made setShowsSuppressionButton:YES];
+    [[made suppressionButton] setTitle:foundationText(alert.notAgainSwitch)];
+  }
   return made;
 }
 
-Presenter::Answer answerOf(NSInteger code) {
-  return code == kFirstButton ? Presenter::Answer::defaultButton : Presenter::Answer::alternateButton;
+// A code that is no button's, as that of a dialog which was broken off, counts as the last one: nobody has agreed.
+Presenter::Answer answerOf(id<vnHostAlert> shown, NSInteger code, const Presenter::Alert& alert) {
+  const auto count = static_cast<NSInteger>(alert.buttons.size());
+  NSInteger button = code - kFirstButton;
+  if (button < 0 || button >= count) button = count > 0 ? count - 1 : 0;
+  const bool notAgain = !alert.notAgainSwitch.empty() && [[shown suppressionButton] state] == kSwitchedOn;
+  return {static_cast<std::size_t>(button), notAgain};
 }
 
 Class viewClass(NSString* name) {
@@ -91,45 +100,31 @@ Class viewClass(NSString* name) {
 
 }  // namespace
 
-ApplePresenter::~ApplePresenter() { endProgress(); }
+ApplePresenter::ApplePresenter(RunLoop& runLoop, std::string resources)
+    : m_runLoop(runLoop), m_resources(std::move(resources)), m_sheets(runLoop) {}
 
 void ApplePresenter::showAlert(const HostObject& window, const Alert& alert,
                                std::function<void(Answer)> answered) {
   if (!NSClassFromString(@"NSAlert")) return;
-  const Told told = [answered](NSInteger code) {
-    if (answered) answered(answerOf(code));
+  const Told told = [=](id<vnHostAlert> shown, NSInteger code) {
+    if (answered) answered(answerOf(shown, code, alert));
   };
   if (const id sheetWindow = LiveObjects::instance().object(window)) {
     // The listener lives until it has heard; a sheet whose window goes first is never heard of.
     vnSheetListener* listener = [[vnSheetListener alloc] init];
     listener->m_ended = std::make_unique<Told>(told).release();
-    [makeAlert(alert) beginSheetModalForWindow:sheetWindow
-                                 modalDelegate:listener
-                                didEndSelector:@selector(alertDidEnd:returnCode:contextInfo:)
-                                   contextInfo:nullptr];
+    [makeAlert(alert, m_resources) beginSheetModalForWindow:sheetWindow
+                                              modalDelegate:listener
+                                             didEndSelector:@selector(alertDidEnd:returnCode:contextInfo:)
+                                                contextInfo:nullptr];
     return;
   }
   // It waits for the answer, which the caller must not.
-  m_runLoop.post([=] { told([makeAlert(alert) runModal]); });
-}
-
-void ApplePresenter::beginProgress(std::string_view message) {
-  endProgress();
-  id<vnHostPanel> panel =
-      [[NSClassFromString(@"NSPanel") alloc] initWithContentRect:NSMakeRect(0, 0, kPanelWidth, kPanelHeight)
-                                                       styleMask:kTitledWindow
-                                                         backing:kBuffered
-                                                           defer:NO];
-  [panel setTitle:foundationText(message)];
-  [panel center];
-  [panel orderFront:nil];
-  m_progressPanel = panel;
-}
-
-void ApplePresenter::endProgress() {
-  id<vnHostPanel, NSObject> panel = static_cast<id>(std::exchange(m_progressPanel, nullptr));
-  [panel orderOut:nil];
-  [panel release];
+  const std::string resources = m_resources;
+  m_runLoop.post([=] {
+    const id<vnHostAlert> shown = makeAlert(alert, resources);
+    told(shown, [shown runModal]);
+  });
 }
 
 HostObject ApplePresenter::createView(std::string_view className, const Rect& frame) {

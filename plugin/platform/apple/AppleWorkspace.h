@@ -7,10 +7,11 @@
 
 namespace vorn {
 
-// Applications as bundles in the folders for applications.
+// Applications as the host's own NSWorkspace knows them. That is reached by name: a process without it, or one
+// that knows less, finds applications as bundles in the folders for them, and starts programs as its children.
 class AppleWorkspace final : public Workspace {
  public:
-  // The folders in which an application is looked for by its identifier, in order.
+  // The folders in which an application that the host's workspace does not know is looked for, in order.
   explicit AppleWorkspace(std::vector<std::string> applicationFolders);
 
   bool isRunning(std::string_view bundleIdentifier) override;

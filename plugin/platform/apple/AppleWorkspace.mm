@@ -5,12 +5,54 @@
 #include <utility>
 
 #include "platform/apple/Conversions.h"
-#include "platform/apple/FolderOpener.h"
-#include "platform/apple/RunningApplications.h"
+#include "platform/apple/ProcessWorkspace.h"
+
+// What we use of the host's workspace. Which of its look-ups it has depends on the system's version.
+@protocol vnHostWorkspace <NSObject>
++ (id)sharedWorkspace;
+- (NSArray*)runningApplications;
+- (NSString*)absolutePathForAppBundleWithIdentifier:(NSString*)identifier;
+- (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)identifier;
+- (BOOL)isFilePackageAtPath:(NSString*)path;
+- (id)launchApplicationAtURL:(NSURL*)program
+                     options:(NSUInteger)options
+               configuration:(NSDictionary*)configuration
+                       error:(NSError**)error;
+- (BOOL)openURL:(NSURL*)place;
+@end
+
+@protocol vnRunningApplication
+- (NSString*)bundleIdentifier;
+@end
 
 namespace vorn {
 
 namespace {
+
+constexpr NSUInteger kLaunchWithoutWaiting = 65536;
+
+// Nil in a process without a toolkit.
+id<vnHostWorkspace> hostWorkspace() { return [NSClassFromString(@"NSWorkspace") sharedWorkspace]; }
+
+// Nil when the host's workspace knows no such application.
+NSString* applicationKnownToHost(NSString* identifier) {
+  const id<vnHostWorkspace> workspace = hostWorkspace();
+  if ([workspace respondsToSelector:@selector(absolutePathForAppBundleWithIdentifier:)])
+    return [workspace absolutePathForAppBundleWithIdentifier:identifier];
+  if ([workspace respondsToSelector:@selector(URLForApplicationWithBundleIdentifier:)])
+    return [[workspace URLForApplicationWithBundleIdentifier:identifier] path];
+  return nil;
+}
+
+bool isRunByHostsSession(NSString* identifier) {
+  const id<vnHostWorkspace> workspace = hostWorkspace();
+  if (![workspace respondsToSelector:@selector(runningApplications)]) return false;
+  NSEnumerator* applications = [[workspace runningApplications] objectEnumerator];
+  while (id<vnRunningApplication> application = [applications nextObject]) {
+    if ([[application bundleIdentifier] isEqual:identifier]) return true;
+  }
+  return false;
+}
 
 NSDictionary* dictionaryAt(NSString* path) { return [NSDictionary dictionaryWithContentsOfFile:path]; }
 
@@ -29,11 +71,12 @@ AppleWorkspace::AppleWorkspace(std::vector<std::string> applicationFolders)
     : m_applicationFolders(std::move(applicationFolders)) {}
 
 bool AppleWorkspace::isRunning(std::string_view bundleIdentifier) {
-  return isApplicationRunning(bundleIdentifier);
+  return isRunByHostsSession(foundationText(bundleIdentifier)) || isRunByAProcess(bundleIdentifier);
 }
 
 std::string AppleWorkspace::absolutePathForAppBundle(std::string_view bundleIdentifier) {
   NSString* wanted = foundationText(bundleIdentifier);
+  if (NSString* known = applicationKnownToHost(wanted)) return textFromFoundation(known);
   for (const std::string& folder : m_applicationFolders) {
     NSString* place = foundationText(folder);
     NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:place error:nullptr];
@@ -50,8 +93,11 @@ std::string AppleWorkspace::absolutePathForAppBundle(std::string_view bundleIden
 
 bool AppleWorkspace::isFilePackage(std::string_view path) {
   NSString* bundle = [foundationText(path) stringByStandardizingPath];
+  if (!isFolder(bundle)) return false;
   NSString* kind = [bundle pathExtension];
-  return ([kind isEqual:@"app"] || [kind isEqual:@"bundle"]) && isFolder(bundle);
+  if ([kind isEqual:@"app"] || [kind isEqual:@"bundle"]) return true;
+  const id<vnHostWorkspace> workspace = hostWorkspace();
+  return [workspace respondsToSelector:@selector(isFilePackageAtPath:)] && [workspace isFilePackageAtPath:bundle];
 }
 
 std::string AppleWorkspace::executablePath(std::string_view bundlePath) {
@@ -71,17 +117,24 @@ Value AppleWorkspace::propertyListAtPath(std::string_view path) {
 }
 
 bool AppleWorkspace::launch(std::string_view executablePath) {
-  try {
-    [NSTask launchedTaskWithLaunchPath:foundationText(executablePath) arguments:[NSArray array]];
-    return true;
-  } catch (...) {
-    // Raised where no program is.
-    return false;
-  }
+  const id<vnHostWorkspace> workspace = hostWorkspace();
+  if (![workspace respondsToSelector:@selector(launchApplicationAtURL:options:configuration:error:)])
+    return startAsChild(executablePath);
+  NSError* error = nil;
+  const id launched = [workspace launchApplicationAtURL:[NSURL fileURLWithPath:foundationText(executablePath)]
+                                                options:kLaunchWithoutWaiting
+                                          configuration:nil
+                                                  error:&error];
+  return launched && [[error localizedDescription] length] == 0;
 }
 
 bool AppleWorkspace::openFolder(std::string_view path) {
-  return isFolder(foundationText(path)) && showFolder(path);
+  NSString* folder = foundationText(path);
+  if (!isFolder(folder)) return false;
+  const id<vnHostWorkspace> workspace = hostWorkspace();
+  const bool isShown = [workspace respondsToSelector:@selector(openURL:)] &&
+                       [workspace openURL:[NSURL fileURLWithPath:folder isDirectory:YES]];
+  return isShown || showByDesktop(path);
 }
 
 }  // namespace vorn

@@ -4,16 +4,20 @@ namespace vorn {
 
 void EmbeddedPresenter::showAlert(const HostObject& window, const Alert& alert,
                                   std::function<void(Answer)> answered) {
-  Shown shown{window, alert, m_answer};
+  Answer answer = m_answer;
   if (!m_nextAnswers.empty()) {
-    shown.answer = m_nextAnswers.front();
+    answer = m_nextAnswers.front();
     m_nextAnswers.pop_front();
   }
-  // An alert without a second button can only be answered by its first.
-  if (alert.alternateButton.empty()) shown.answer = Answer::defaultButton;
+  const Shown shown{window, alert, possibleAnswer(alert, answer)};
   m_alerts.push_back(shown);
   if (m_observer) m_observer(shown);
   if (answered) answered(shown.answer);
+}
+
+Presenter::Answer EmbeddedPresenter::possibleAnswer(const Alert& alert, const Answer& answer) {
+  return {answer.button < alert.buttons.size() ? answer.button : 0,
+          answer.notAgain && !alert.notAgainSwitch.empty()};
 }
 
 HostObject EmbeddedPresenter::createView(std::string_view className, const Rect& frame) {

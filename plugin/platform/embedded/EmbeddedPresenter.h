@@ -1,13 +1,15 @@
 #pragma once
 
-#include <cstddef>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/Presenter.h"
 #include "platform/embedded/EmbeddedClassRuntime.h"
+#include "platform/embedded/ProgressRecord.h"
 
 namespace vorn {
 
@@ -28,17 +30,17 @@ class EmbeddedPresenter final : public Presenter {
   void setAnswer(Answer answer) { m_answer = answer; }
   // Answers for the next alerts, one each, before the one for all.
   void answerNext(Answer answer) { m_nextAnswers.push_back(answer); }
+  // The answer with a button that the alert has, and with the switch only where it has one.
+  static Answer possibleAnswer(const Alert& alert, const Answer& answer);
   // Told of each alert before its answer is handed on; an empty function ends that.
   void setAlertObserver(Observer observer) { m_observer = std::move(observer); }
 
   const std::vector<Shown>& alerts() const { return m_alerts; }
-  std::size_t progressBegun() const { return m_progressBegun; }
-  std::size_t progressEnded() const { return m_progressEnded; }
+  const ProgressRecord& progress() const { return m_progress; }
 
-  // Answers during the call.
+  // Answers during the call, as far as the alert can be answered so.
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
-  void beginProgress(std::string_view) override { ++m_progressBegun; }
-  void endProgress() override { ++m_progressEnded; }
+  std::unique_ptr<Progress> beginProgress(std::string_view message) override { return m_progress.begin(message); }
 
   // A class that the host does not know yet is defined below its "NSView"; the view is sent initWithFrame: with
   // the rectangle as a dictionary of "x", "y", "width" and "height".
@@ -51,8 +53,7 @@ class EmbeddedPresenter final : public Presenter {
   std::deque<Answer> m_nextAnswers;
   Observer m_observer;
   std::vector<Shown> m_alerts;
-  std::size_t m_progressBegun = 0;
-  std::size_t m_progressEnded = 0;
+  ProgressRecord m_progress;
 };
 
 }  // namespace vorn

@@ -1,9 +1,12 @@
-// GNUstep has no list of running applications; the system has one of processes.
+#include "platform/apple/ProcessWorkspace.h"
 
 #import <Foundation/Foundation.h>
 
+#include <filesystem>
+#include <string>
+#include <system_error>
+
 #include "platform/apple/Conversions.h"
-#include "platform/apple/RunningApplications.h"
 
 namespace vorn {
 
@@ -11,9 +14,9 @@ namespace {
 
 // The bundle of the program that the process runs; nil for a bare program, and when it cannot be seen.
 NSString* bundleOfProcess(NSString* process) {
-  NSString* link = [[@"/proc" stringByAppendingPathComponent:process] stringByAppendingPathComponent:@"exe"];
-  NSString* program = [[NSFileManager defaultManager] pathContentOfSymbolicLinkAtPath:link];
-  if (!program) return nil;
+  std::error_code failed;
+  const std::string link = "/proc/" + textFromFoundation(process) + "/exe";
+  NSString* program = foundationText(std::filesystem::read_symlink(link, failed).native());
   const NSRange folder = [program rangeOfString:@"/Contents/MacOS/" options:NSBackwardsSearch];
   return folder.location == NSNotFound ? nil : [program substringToIndex:folder.location];
 }
@@ -23,9 +26,19 @@ NSString* identifierOfBundle(NSString* bundle) {
   return [[NSDictionary dictionaryWithContentsOfFile:facts] objectForKey:@"CFBundleIdentifier"];
 }
 
+bool start(NSString* program, NSArray* arguments) {
+  try {
+    [NSTask launchedTaskWithLaunchPath:program arguments:arguments];
+    return true;
+  } catch (...) {
+    // Raised where no program is.
+    return false;
+  }
+}
+
 }  // namespace
 
-bool isApplicationRunning(std::string_view bundleIdentifier) {
+bool isRunByAProcess(std::string_view bundleIdentifier) {
   NSString* wanted = foundationText(bundleIdentifier);
   NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:@"/proc" error:nullptr];
   NSEnumerator* entries = [names objectEnumerator];
@@ -35,6 +48,14 @@ bool isApplicationRunning(std::string_view bundleIdentifier) {
     if (bundle && [identifierOfBundle(bundle) isEqual:wanted]) return true;
   }
   return false;
+}
+
+bool startAsChild(std::string_view executablePath) {
+  return start(foundationText(executablePath), [NSArray array]);
+}
+
+bool showByDesktop(std::string_view path) {
+  return start(@"/usr/bin/xdg-open", [NSArray arrayWithObject:foundationText(path)]);
 }
 
 }  // namespace vorn

@@ -1,0 +1,72 @@
+// The modal sessions behind the progress sheets of an Objective-C host.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#import <Foundation/Foundation.h>
+
+#include "platform/apple/ApplePresenter.h"
+#include "platform/embedded/VirtualRunLoop.h"
+#include "tests/ports/AppleToolkit.h"
+
+namespace vorn {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class AppleSessions : public testing::Test {
+ protected:
+  AppleSessions() { toolkit = AppleToolkit(); }
+  ~AppleSessions() override { [pool drain]; }
+
+  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  AppleToolkit& toolkit = AppleToolkit::instance();
+  VirtualRunLoop loop;
+  ApplePresenter presenter{loop, ""};
+};
+
+TEST_F(AppleSessions, ASessionEndsAsSoonAsNothingStandsOnIt) {
+  auto lower = presenter.beginProgress("lower");
+  const id panel = toolkit.sessions.back();
+  auto upper = presenter.beginProgress("upper");
+  lower.reset();
+  EXPECT_THAT(toolkit.panels, SizeIs(1));
+  EXPECT_THAT(toolkit.sessions, SizeIs(2)) << "the other one still stands on it";
+  EXPECT_EQ(toolkit.sessions.front(), panel);
+  upper.reset();
+  EXPECT_THAT(toolkit.sessions, IsEmpty());
+}
+
+TEST_F(AppleSessions, ADialogOfTheHostIsNotStoppedAndTheSessionBelowItEndsAfterIt) {
+  auto sheet = presenter.beginProgress("sheet");
+  NSObject* dialog = [[[NSObject alloc] init] autorelease];
+  toolkit.sessions.push_back(dialog);
+  sheet.reset();
+  EXPECT_THAT(toolkit.panels, IsEmpty());
+  loop.runUntil([] { return false; }, 10);
+  EXPECT_THAT(toolkit.sessions, SizeIs(2));
+  toolkit.sessions.pop_back();
+  loop.runUntil([] { return false; }, 1);
+  EXPECT_THAT(toolkit.sessions, IsEmpty());
+
+  // One that was there before is left alone as well.
+  toolkit.sessions.push_back(dialog);
+  presenter.beginProgress("sheet").reset();
+  EXPECT_THAT(toolkit.sessions, ElementsAre(dialog));
+  EXPECT_EQ(toolkit.wronglyStopped, 0);
+}
+
+TEST_F(AppleSessions, AnAlertThatIsBrokenOffCountsAsRefused) {
+  std::vector<std::size_t> told;
+  toolkit.answers = {{static_cast<std::size_t>(-2001), false}};
+  presenter.showAlert({}, {"", "", {"Go on", "Back"}, ""},
+                      [&](const Presenter::Answer& answer) { told.push_back(answer.button); });
+  EXPECT_THAT(told, IsEmpty()) << "the caller does not wait for it";
+  loop.runDue();
+  EXPECT_THAT(told, ElementsAre(1));
+}
+
+}  // namespace
+}  // namespace vorn
