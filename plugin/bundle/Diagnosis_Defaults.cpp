@@ -6,11 +6,11 @@
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "channel/store/vnMeetingCommon.h"
-#include "channel/transport/EnvelopeMask.h"
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Registry.h"
+#include "platform/TraceMask.h"
 #include "platform/UserDefaults.h"
 
 // The diagnosis: the settings of a new meeting, and who decided each of them.
@@ -88,7 +88,7 @@ std::string shownSetting(std::string_view key, const Value& value) {
 Value withoutSecrets(const Value& settings) {
   Value covered = vnMeetingCommon::getLogInfo_VNSetting(settings);
   const std::string thirdParty = settings[vn_Setting_ThirdPartyAudio].text();
-  covered.set(vn_Setting_ThirdPartyAudio, EnvelopeMask::covered(thirdParty));
+  covered.set(vn_Setting_ThirdPartyAudio, TraceMask::covered(thirdParty));
   if (settings[vn_Setting_MeetingPassword].text().empty() && settings.contains(vn_Setting_MeetingPassword)) {
     covered.set(vn_Setting_MeetingPassword, "");
   }

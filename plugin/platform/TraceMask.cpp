@@ -1,11 +1,10 @@
-#include "channel/transport/EnvelopeMask.h"
+#include "platform/TraceMask.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
 
-#include "channel/transport/vnIPCConstants.h"
 #include "util/Utf16.h"
 
 namespace vorn {
@@ -298,13 +297,6 @@ class Cover {
 
 }  // namespace
 
-Value EnvelopeMask::facts(const Value& envelope) {
-  const std::string& content = envelope[VN_IPC_CONTENT].text();
-  return Value::dictionaryFromPairs({{"action", envelope[VN_IPC_ACTION_ID].stringValue()},
-                                     {"bytes", content.size()},
-                                     {"content", covered(content)}});
-}
-
-std::string EnvelopeMask::covered(std::string_view content) { return Cover(content).run(); }
+std::string TraceMask::covered(std::string_view text) { return Cover(text).run(); }
 
 }  // namespace vorn
