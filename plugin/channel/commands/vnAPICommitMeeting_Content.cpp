@@ -103,8 +103,8 @@ std::string vnAPICommitMeeting::getAPIData() {
   if (const std::string number = key.stringValue(); !number.empty() && number != "0") {
     document.set(vn_MeetingKey, key);
   }
-  if (meetingMgr()) {
-    meetingMgr()->setScheduleForEmail(m_dataMeetingInfo[vn_Setting][vn_Setting_ScheduleFor].optionalText());
+  if (m_owner) {
+    m_owner->setScheduleForEmail(m_dataMeetingInfo[vn_Setting][vn_Setting_ScheduleFor].optionalText());
   }
   return getContentIdentifierHead() + vnOLUtils::toJSONString(document).value_or("");
 }
