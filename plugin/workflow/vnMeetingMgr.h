@@ -206,6 +206,9 @@ class vnMeetingMgr : public vnMeetingState,
   void onGetUserProfileActionFinished(const Value& data);
   void onGetMeetingByApptUUIDActionFinished(const Value& data);
   void onGetScheduleForListFinished(const Value& data);
+  // The reply by UUID names another appointment than the one that was asked for. A reply carries no number of its
+  // request, so it may be the answer to another window or to an edit before. False when it names none.
+  bool isReplyToAnotherUUID() const;
   // The parked edit goes on, without an editor.
   void replayUpdateOnCalendar();
   static bool isSettingCommitOK(const Value& data);
@@ -225,6 +228,8 @@ class vnMeetingMgr : public vnMeetingState,
   Value m_updatedMeetingDataOnCalendar = Value::dictionary();
   // No other edit was waiting for its reply when this one was parked.
   bool m_parkedEditIsAlone = true;
+  // The appointment's UUID that was asked for last.
+  OptionalText m_askedUUID;
   bool m_bIsDragAndMove = false;
   bool m_bIsForceUpdate = false;
   bool m_bOpenFromVornClient = false;

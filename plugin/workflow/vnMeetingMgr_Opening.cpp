@@ -9,6 +9,7 @@
 #include "invitation/vnICalendarContentParse.h"
 #include "platform/ClassRuntime.h"
 #include "platform/Registry.h"
+#include "util/Text.h"
 #include "util/vnOLUtils.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"
@@ -75,16 +76,23 @@ int vnMeetingMgr::getMeetingByApptUUID(const HostObject& editor) {
   const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
   vnERCalendarEventEditorViewController proxy(editor);
   vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  m_askedUUID = event ? event->UUID() : std::nullopt;
   Value request = Value::dictionary();
-  request.set(vn_ApptInfo_OlApptUUID, event ? event->UUID() : std::nullopt);
+  request.set(vn_ApptInfo_OlApptUUID, m_askedUUID);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
   return m_apiMgr->getMeetingByApptUUID(vnMeetingCommon::getPluginParentWindow(bar.get()), request);
 }
 
+bool vnMeetingMgr::isReplyToAnotherUUID() const {
+  const Value told = m_getMeetingHelper->getExtInfoNodeValue(vn_ApptInfo_OlApptUUID);
+  return told.isPresent() && !equalIgnoringCase(told.text(), m_askedUUID.value_or(""));
+}
+
 void vnMeetingMgr::onGetMeetingByApptUUIDActionFinished(const Value& data) {
   if (state() == VnStateUpdateOnCalendar) return replayUpdateOnCalendar();
-  // A reply without a readable meeting tells nothing, and the bar stays as it is.
-  if (state() != VnStateLoadByApptUUID || !m_getMeetingHelper->hasMeetingInfo()) return;
+  if (state() != VnStateLoadByApptUUID) return;
+  // A reply without a readable meeting tells nothing, nor does another window's; the bar stays as it is.
+  if (!m_getMeetingHelper->hasMeetingInfo() || isReplyToAnotherUUID()) return;
   const Value info = m_getMeetingHelper->getMeetingInfo();
   m_meetingDataMgr->setMeetingKey(info[vn_MeetingKey].optionalText());
   m_meetingDataMgr->setJoinUrl(info[vn_Meeting_JoinUrl].optionalText());
