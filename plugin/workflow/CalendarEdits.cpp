@@ -13,14 +13,6 @@ namespace {
 constexpr std::string_view kParkedCommand = "cmd";
 constexpr std::string_view kParkedMeetingData = "meetingData";
 
-// Whether a reply by UUID is about the appointment that was asked for. A reply carries no number of its request,
-// so one to an earlier edit of another appointment may come first: a reply that names a UUID has to name this one,
-// and one that names none is only believed when no other edit was waiting.
-bool isAboutAppointment(const Value& meetingInfo, const OptionalText& uuid, bool wasAskedAlone) {
-  const OptionalText told = meetingInfo[vn_Outlook_ApptInfo][vn_ApptInfo_OlApptUUID].optionalText();
-  return told ? told == uuid : wasAskedAlone;
-}
-
 }  // namespace
 
 int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command, const Value& meetingData) {
@@ -37,8 +29,9 @@ int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command
         Value::dictionaryFromPairs({{kParkedCommand, command}, {kParkedMeetingData, meetingData}});
   }
   m_manager.setState(VnStateUpdateOnCalendar);
+  m_askedUUID = apptInfo[vn_ApptInfo_OlApptUUID].optionalText();
   Value request = Value::dictionary();
-  request.set(vn_ApptInfo_OlApptUUID, apptInfo[vn_ApptInfo_OlApptUUID]);
+  request.set(vn_ApptInfo_OlApptUUID, m_askedUUID);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
   const HostObject ownerWindow = meetingData[keyEventOwnerWindow].object();
   return m_manager.apiMgr()->getMeetingByApptUUID(ownerWindow, request) != 0 ? 1 : 0;
@@ -50,10 +43,13 @@ void CalendarEdits::replayUpdateOnCalendar() {
   Value meetingData = parked[kParkedMeetingData];
   if (!command.isPresent() || !meetingData.isPresent()) return;
   m_updatedMeetingDataOnCalendar = Value::dictionary();
-  // The key in the appointment may be stale: what the service knows by the UUID counts.
+  // The key in the appointment may be stale: what the service knows by the UUID counts. A reply that names no UUID
+  // may be the answer to an edit that was parked before.
+  const vnGetMeetingHelper& meeting = *m_manager.getMeetingHelper();
+  const bool namesUUID = meeting.getExtInfoNodeValue(vn_ApptInfo_OlApptUUID).isPresent();
   const Value info = m_manager.getMeetingHelper()->getMeetingInfo();
-  const OptionalText uuid = meetingData[vn_Outlook_ApptInfo][vn_ApptInfo_OlApptUUID].optionalText();
-  if (!info[vn_MeetingKey].text().empty() && isAboutAppointment(info, uuid, m_parkedEditIsAlone)) {
+  if (!info[vn_MeetingKey].text().empty() && !MeetingOpening::isReplyToAnotherUUID(meeting, m_askedUUID) &&
+      (namesUUID || m_parkedEditIsAlone)) {
     meetingData.set(vn_MeetingKey, info[vn_MeetingKey]);
   }
   sendVnMeetingCommand(static_cast<std::uint64_t>(command.integerValue()), meetingData);

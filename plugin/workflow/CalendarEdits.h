@@ -31,6 +31,8 @@ class CalendarEdits {
   Value m_updatedMeetingDataOnCalendar = Value::dictionary();
   // No other edit was waiting for its reply when this one was parked.
   bool m_parkedEditIsAlone = true;
+  // The appointment's UUID that was asked for last.
+  OptionalText m_askedUUID;
 };
 
 }  // namespace vorn

@@ -8,6 +8,7 @@
 #include "invitation/vnICalendarContentParse.h"
 #include "platform/ClassRuntime.h"
 #include "platform/Registry.h"
+#include "util/Text.h"
 #include "util/vnOLUtils.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgr.h"
@@ -70,16 +71,23 @@ bool MeetingOpening::needGetMeetingWithApptUUID(vnECCalendarEvent& event) {
 }
 
 void MeetingOpening::getMeetingByApptUUID(MeetingWindow& window) {
+  m_askedUUID = window.apptUUID();
   Value request = Value::dictionary();
-  request.set(vn_ApptInfo_OlApptUUID, window.apptUUID());
+  request.set(vn_ApptInfo_OlApptUUID, m_askedUUID);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
   m_manager.apiMgr()->getMeetingByApptUUID(window.parentWindow(), request);
 }
 
+bool MeetingOpening::isReplyToAnotherUUID(const vnGetMeetingHelper& meeting, const OptionalText& asked) {
+  const Value told = meeting.getExtInfoNodeValue(vn_ApptInfo_OlApptUUID);
+  return told.isPresent() && !equalIgnoringCase(told.text(), asked.value_or(""));
+}
+
 void MeetingOpening::onGetMeetingByApptUUIDActionFinished(const Value& data) {
-  // A reply without a readable meeting tells nothing, and the bar stays as it is.
-  if (!m_manager.getMeetingHelper()->hasMeetingInfo()) return;
-  const Value info = m_manager.getMeetingHelper()->getMeetingInfo();
+  vnGetMeetingHelper& meeting = *m_manager.getMeetingHelper();
+  // A reply without a readable meeting tells nothing, nor does another window's; the bar stays as it is.
+  if (!meeting.hasMeetingInfo() || isReplyToAnotherUUID(meeting, m_askedUUID)) return;
+  const Value info = meeting.getMeetingInfo();
   vnMeetingDataMgr& working = *m_manager.meetingDataMgr();
   working.setMeetingKey(info[vn_MeetingKey].optionalText());
   working.setJoinUrl(info[vn_Meeting_JoinUrl].optionalText());

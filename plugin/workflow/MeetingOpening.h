@@ -6,6 +6,7 @@
 
 namespace vorn {
 
+class vnGetMeetingHelper;
 class vnMeetingMgr;
 
 // Finds out, when an appointment opens, whether a meeting already stands behind it: from the stored record in its
@@ -20,6 +21,9 @@ class MeetingOpening {
   // Command 15, and its reply.
   void getMeetingByApptUUID(MeetingWindow& window);
   void onGetMeetingByApptUUIDActionFinished(const Value& data);
+  // The reply by UUID names another appointment than the one that was asked for. A reply carries no number of its
+  // request, so it may be the answer to another window or to an edit before. False when it names none.
+  static bool isReplyToAnotherUUID(const vnGetMeetingHelper& meeting, const OptionalText& asked);
 
  private:
   bool loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool isFromUCInband);
@@ -27,6 +31,8 @@ class MeetingOpening {
   static bool needGetMeetingWithApptUUID(vnECCalendarEvent& event);
 
   vnMeetingMgr& m_manager;
+  // The appointment's UUID that was asked for last.
+  OptionalText m_askedUUID;
 };
 
 }  // namespace vorn

@@ -1,3 +1,4 @@
+#include <string>
 #include <string_view>
 
 #include "channel/commands/vnAPICommitMeeting.h"
@@ -15,6 +16,7 @@ namespace {
 
 // The second of exactly two parts of the first line whose first part is the name.
 OptionalText mappedName(std::string_view map, std::string_view name) {
+  const std::string wanted = caseFolded(name);
   while (!map.empty()) {
     const std::size_t end = map.find('\n');
     const std::string_view line = map.substr(0, end);
@@ -32,7 +34,7 @@ OptionalText mappedName(std::string_view map, std::string_view name) {
 
 OptionalText vnAPICommitMeeting::getJodaTimezoneName(const OptionalText& name) {
   OptionalText mapped;
-  if (name && !name->empty()) {
+  if (!name.value_or("").empty()) {
     const auto map = Registry::platform().surroundings->resource("timezones_map", "txt");
     if (map && isValidUtf8(*map)) mapped = mappedName(*map, *name);
   }
