@@ -68,9 +68,10 @@ TYPED_TEST(RunLoopContract, WhileATaskRunsTheLoopInsideItselfTheNextOnesRunInOrd
   RunLoop& loop = this->m_loop;
   const auto alert = [this, &loop] {
     this->m_log.push_back("alert");
-    loop.performAfter(0.02, &this->m_target, "delayed", this->noting("delayed"));
     loop.post(this->noting("inside"));
     std::thread([&] { loop.post(this->noting("reply")); }).join();
+    EXPECT_TRUE(this->m_loop.runUntil([this] { return this->m_log.back() == "reply"; }, this->kLimit));
+    loop.performAfter(0.001, &this->m_target, "delayed", this->noting("delayed"));
     EXPECT_TRUE(this->m_loop.runUntil([this] { return this->m_log.back() == "delayed"; }, this->kLimit));
     loop.post(this->noting("behind"));
     std::thread([&] { loop.post(this->noting("late reply")); }).join();
