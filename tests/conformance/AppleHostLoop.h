@@ -6,7 +6,7 @@
 namespace vorn {
 
 // The run loop of an Objective-C process, with somebody who runs it as its host would: one run inside another is
-// in the mode of a modal panel.
+// in the mode of a modal panel. The condition may be tested after several tasks.
 class AppleHostLoop final : public HostRunLoop {
  public:
   void post(Task task) override { m_loop.post(std::move(task)); }

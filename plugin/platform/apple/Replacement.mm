@@ -96,7 +96,12 @@ bool Replacement::isForwardedBy(SEL entered, SEL sent) const {
 }
 
 void Replacement::enter(ffi_cif*, void* result, void** arguments, void* replacement) {
-  HostException raised = static_cast<Replacement*>(replacement)->run(result, arguments);
+  HostException raised;
+  try {
+    raised = static_cast<Replacement*>(replacement)->run(result, arguments);
+  } catch (...) {
+    // Not even the host's own method could be run; its call answers with the zero that stands there.
+  }
   if (raised) raiseAgain(std::move(raised));
 }
 
