@@ -10,6 +10,82 @@ namespace {
 
 constexpr std::string_view kWindowWillClose = "NSWindowWillCloseNotification";
 
+Value initWithFrame(const HostCall& call, HostView& view) {
+  view.frame = call.first();
+  return call.self;
+}
+
+// Whatever is drawn is drawn.
+Value draw(const HostCall&, HostView&) { return true; }
+
+using ViewMethod = HostMethodOn<HostView>;
+
+constexpr ViewMethod kOfView[] = {
+    {"initWithFrame:", initWithFrame},
+    {"frame", [](const HostCall&, HostView& view) { return view.frame; }},
+    {"setFrame:",
+     [](const HostCall& call, HostView& view) {
+       view.frame = call.first();
+       return Value();
+     }},
+    {"isHidden", [](const HostCall&, HostView& view) { return Value(view.isHidden); }},
+    {"setHidden:",
+     [](const HostCall& call, HostView& view) {
+       view.isHidden = call.first().boolValue();
+       return Value();
+     }},
+    {"superview", [](const HostCall&, HostView& view) { return Value(view.superview); }},
+    {"window", [](const HostCall& call, HostView&) { return Value(call.world.windowOf(call.self)); }},
+    {"subviews",
+     [](const HostCall& call, HostView& view) {
+       Value list = Value::array();
+       for (const HostObject& below : view.subviews) {
+         if (call.world.runtime.isAlive(below)) list.append(below);
+       }
+       return list;
+     }},
+    {"addSubview:",
+     [](const HostCall& call, HostView&) {
+       call.world.addSubview(call.self, call.first().object());
+       return Value();
+     }},
+    {"removeFromSuperview",
+     [](const HostCall& call, HostView&) {
+       call.world.removeFromSuperview(call.self);
+       return Value();
+     }},
+    {"drawRect:", draw},
+};
+
+constexpr ViewMethod kOfTextField[] = {
+    {"isEditable", [](const HostCall&, HostView&) { return Value(true); }},
+    {"stringValue", [](const HostCall&, HostView& view) { return Value(view.text); }},
+    {"setStringValue:",
+     [](const HostCall& call, HostView& view) {
+       view.text = call.first().text();
+       return Value();
+     }},
+};
+
+constexpr ViewMethod kOwnInitialiser[] = {{"initWithFrame:", initWithFrame}};
+constexpr ViewMethod kOwnDrawing[] = {{"drawRect:", draw}};
+
+constexpr HostMethodOn<HostWindow> kOfWindow[] = {
+    {"windowController", [](const HostCall&, HostWindow& window) { return Value(window.controller); }},
+    {"contentView", [](const HostCall&, HostWindow& window) { return Value(window.contentView); }},
+    {"toolbar", [](const HostCall&, HostWindow& window) { return Value(window.toolbar); }},
+    {"isVisible", [](const HostCall&, HostWindow& window) { return Value(window.isVisible); }},
+    {"close",
+     [](const HostCall& call, HostWindow& window) {
+       if (!window.isVisible) return Value();
+       window.isVisible = false;
+       call.world.center.post(kWindowWillClose, reinterpret_cast<const void*>(call.self.address()),
+                              Value::dictionaryFromPairs({{"object", call.self}}));
+       if (const auto editor = call.world.editorOf(call.self)) call.world.retireEditor(editor);
+       return Value();
+     }},
+};
+
 }  // namespace
 
 Value firstOf(const Arguments& arguments) { return argumentAt(arguments, 0); }
@@ -79,67 +155,10 @@ void HostWorld::defineViews() {
   }
   runtime.defineClass("NSTextField", "NSView");
 
-  const auto initWithFrame = [this](const HostObject& self, const Arguments& arguments) {
-    view(self)->frame = firstOf(arguments);
-    return self;
-  };
-  method("NSView", "initWithFrame:", initWithFrame);
-  method("NSView", "frame", [this](const HostObject& self, const Arguments&) { return view(self)->frame; });
-  action("NSView", "setFrame:", [this](const HostObject& self, const Arguments& arguments) {
-    view(self)->frame = firstOf(arguments);
-  });
-  method("NSView", "isHidden", [this](const HostObject& self, const Arguments&) { return view(self)->isHidden; });
-  action("NSView", "setHidden:", [this](const HostObject& self, const Arguments& arguments) {
-    view(self)->isHidden = firstOf(arguments).boolValue();
-  });
-  method("NSView", "superview",
-         [this](const HostObject& self, const Arguments&) { return view(self)->superview; });
-  method("NSView", "window", [this](const HostObject& self, const Arguments&) { return windowOf(self); });
-  method("NSView", "subviews", [this](const HostObject& self, const Arguments&) {
-    Value list = Value::array();
-    for (const HostObject& below : view(self)->subviews) {
-      if (runtime.isAlive(below)) list.append(below);
-    }
-    return list;
-  });
-  action("NSView", "addSubview:", [this](const HostObject& self, const Arguments& arguments) {
-    addSubview(self, firstOf(arguments).object());
-  });
-  action("NSView", "removeFromSuperview",
-         [this](const HostObject& self, const Arguments&) { removeFromSuperview(self); });
-  method("NSView", "drawRect:", [](const HostObject&, const Arguments&) { return true; });
-
-  method("NSTextField", "isEditable", [](const HostObject&, const Arguments&) { return true; });
-  method("NSTextField", "stringValue",
-         [this](const HostObject& self, const Arguments&) { return view(self)->text; });
-  action("NSTextField", "setStringValue:", [this](const HostObject& self, const Arguments& arguments) {
-    view(self)->text = firstOf(arguments).text();
-  });
-
-  method("NSWindow", "windowController", [this](const HostObject& self, const Arguments&) {
-    const auto window = runtime.state<HostWindow>(self);
-    return window ? window->controller : HostObject();
-  });
-  method("NSWindow", "contentView", [this](const HostObject& self, const Arguments&) {
-    const auto window = runtime.state<HostWindow>(self);
-    return window ? window->contentView : HostObject();
-  });
-  method("NSWindow", "toolbar", [this](const HostObject& self, const Arguments&) {
-    const auto window = runtime.state<HostWindow>(self);
-    return window ? window->toolbar : HostObject();
-  });
-  method("NSWindow", "isVisible", [this](const HostObject& self, const Arguments&) {
-    const auto window = runtime.state<HostWindow>(self);
-    return window && window->isVisible;
-  });
-  action("NSWindow", "close", [this](const HostObject& self, const Arguments&) {
-    const auto window = runtime.state<HostWindow>(self);
-    if (!window || !window->isVisible) return;
-    window->isVisible = false;
-    center.post(kWindowWillClose, reinterpret_cast<const void*>(self.address()),
-                Value::dictionaryFromPairs({{"object", self}}));
-    if (const auto editor = editorOf(self)) retireEditor(editor);
-  });
+  const auto viewOf = [this](const HostObject& self) { return view(self); };
+  defineOn("NSView", kOfView, viewOf);
+  defineOn("NSTextField", kOfTextField, viewOf);
+  defineOn("NSWindow", kOfWindow, [this](const HostObject& self) { return runtime.state<HostWindow>(self); });
 
   // The plug-in exchanges initWithFrame: and drawRect: of these classes one by one, so each that is listed with a
   // method has one of its own: exchanging an inherited one would change all views.
@@ -150,11 +169,12 @@ void HostWorld::defineViews() {
   for (const char* name : {"OUIRibbonView", "OUIRibbonChunkView", "OUIRibbonChunkContainerView"}) {
     runtime.defineClass(name, "NSView");
   }
-  method("OLAttachmentsAcceptingView", "initWithFrame:", initWithFrame);
-  method("OLAutoLayoutAttachmentsAcceptingView", "initWithFrame:", initWithFrame);
+  for (const char* name : {"OLAttachmentsAcceptingView", "OLAutoLayoutAttachmentsAcceptingView"}) {
+    defineOn(name, kOwnInitialiser, viewOf);
+  }
   for (const char* name : {"OLCalendarHeaderContainerView", "OLAutoLayoutView",
                            "OLAutoLayoutAttachmentsAcceptingView", "OUIRibbonChunkContainerView"}) {
-    method(name, "drawRect:", [](const HostObject&, const Arguments&) { return true; });
+    defineOn(name, kOwnDrawing, viewOf);
   }
   method("OLCalendarHeaderContainerView", "managedSubviewsData",
          [this](const HostObject& self, const Arguments&) { return send(self, "subviews"); });
