@@ -42,6 +42,8 @@ TEST(PasscodesTest, ValidatesAPasscodeAgainstTheAccountsRules) {
       {64, 0, 3, "a890", 64},
       {64, 0, 3, "aab", 0},
       {64, 0, 3, "aabb", 0},
+      {64, 0, 3, "bax", 0},
+      {64, 0, 3, "abx", 0},
       {64, 0, 4, "xdcba", 64},
       {64, 0, 4, "aXcd", 0},
       {64, 0, 1, "!", 64},
