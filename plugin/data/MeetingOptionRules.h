@@ -18,8 +18,8 @@ using PasscodeSource = std::function<std::string()>;
 // Not all fields: whether only signed-in users can join and whether participants are muted stay as they were.
 void resetFields(MeetingOptions& options);
 
-// Without a profile these two and initWithSiteMeetingInfo() leave out what the account drives. The facts' regions
-// are those of the person for whom the meeting is scheduled.
+// The account's defaults. Without a profile these two do nothing. The facts' regions, here and in the overlay, are
+// those of the person for whom the meeting is scheduled.
 void initWithUserProfileDefault(MeetingOptions& options, const AccountFacts& account,
                                 const PasscodeSource& passcode);
 void initSubDataWithUserProfile(MeetingOptions& options, const AccountFacts& account, bool usePMI,

@@ -84,6 +84,7 @@ void vnSettingData::initAudioTypeWithUserProfile() {
 
 void vnSettingData::initWithSavedProfile() {
   const Value saved = JsonTextFile(vnCommon::getVnUserProfilePath(account().getUID())).read();
+  if (saved.isAbsent()) return;
   const AccountFacts facts = factsFor(m_options.scheduleForEmail);
   if (meeting_options::initWithSavedProfile(m_options, facts, clientGates(), saved)) setNotShowMeAgain(true);
 }

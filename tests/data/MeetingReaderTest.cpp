@@ -130,6 +130,7 @@ TEST_F(MeetingReaderTest, KnowsWhetherAFetchIsDue) {
   EXPECT_TRUE(reader.NeedRequestGetMeeting());
   reader.setMeetingData(json(R"({"meetingKey":""})"), false);
   EXPECT_FALSE(reader.hasMeetingInfo());
+  EXPECT_EQ(reader.getMeetingInfo(), Value::dictionary());
 }
 
 TEST_F(MeetingReaderTest, KeepsTheMessageBeforeWhenAReplyHasNone) {

@@ -267,6 +267,10 @@ TEST(OptionPolicyTest, OneOfSeveralOffersIsEnoughAndNoneIsNeededWithoutAny) {
   EXPECT_TRUE(recording.isOffered({.enableCloudRecording = true}));
   EXPECT_TRUE(policyOf(vn_Setting_EnableHostVideo).isOffered({}));
   EXPECT_FALSE(policyOf(vn_Setting_MeetingTemplate).isLocked({.isHostVideoLocked = true})) << "nothing locks it";
+  const OptionPolicy& fields = policyOf(vn_Setting_TrackingFields);
+  EXPECT_FALSE(fields.isGiven({.trackingFields = Value::array()}));
+  EXPECT_TRUE(fields.isGiven({.trackingFields = Value::Array{"a"}})) << "a list with something in it speaks";
+  EXPECT_TRUE(policyOf(vn_Setting_RegionType).isGiven({.getRegionType = 2})) << "a number other than 0 speaks";
   EXPECT_EQ(recording.lockedBy.accessor, "isAutomaticRecordingLocked");
   EXPECT_EQ(recording.gate.predicate, "isVornClientSupportAutoRecord");
   EXPECT_FALSE(recording.gate.isOpenIn({.isVornClientSupportPublicEvent = true}));

@@ -42,6 +42,8 @@ TEST(PasscodesTest, ValidatesAPasscodeAgainstTheAccountsRules) {
       {64, 0, 3, "a890", 64},
       {64, 0, 3, "aab", 0},
       {64, 0, 3, "aabb", 0},
+      {64, 0, 3, "bax", 0},
+      {64, 0, 3, "abx", 0},
       {64, 0, 4, "xdcba", 64},
       {64, 0, 4, "aXcd", 0},
       {64, 0, 1, "!", 64},
@@ -93,14 +95,23 @@ TEST(PasscodesTest, GeneratesPasscodesThatPassAndStayInTheirRanges) {
 }
 
 TEST(PasscodesTest, APasscodesBodyUsesTheHeadOfItsSet) {
-  const Passcodes maker = passcodes({4, 6, 0, false});
-  for (int i = 0; i < 2000; ++i) {
-    const std::string password = maker.GetPasswordWithRules(6);
-    std::set<char> outsideHead;
-    for (const char c : password) {
-      if (std::string_view("ABCDE").find(c) == std::string_view::npos) outsideHead.insert(c);
+  const struct {
+    std::int64_t rules;
+    std::string_view head;
+    // Each drawn once from a whole set.
+    std::size_t others;
+  } cases[] = {{4, "ABCDE", 2}, {16, "!@#$%", 2}, {32, "ABCD", 3}, {4 | 32, "ABCDE", 4}, {4 | 16, "!@#$", 3}};
+  for (const auto& c : cases) {
+    const Passcodes maker = passcodes({c.rules, 9, 0, false});
+    std::set<char> seen;
+    for (int i = 0; i < 500; ++i) {
+      std::set<char> outsideHead;
+      for (const char each : maker.GetPasswordWithRules(9)) {
+        (c.head.find(each) == std::string_view::npos ? outsideHead : seen).insert(each);
+      }
+      ASSERT_LE(outsideHead.size(), c.others) << c.rules;
     }
-    ASSERT_LE(outsideHead.size(), 2u) << password << ": one digit and one letter beside the head of the alphabet";
+    EXPECT_EQ(seen, std::set<char>(c.head.begin(), c.head.end())) << c.rules;
   }
 }
 

@@ -239,9 +239,12 @@ TEST_F(ProfileReaderTest, AsksThePersonWhenAnEmailIsGiven) {
 
 TEST_F(ProfileReaderTest, KeepsAPersonalMeetingWithThePersonWhoHasItsNumber) {
   auto& list = vnGetScheduleForListHelper::sharedInstance();
-  list.setData(json(R"({"bosses":[{"email":"a@example.com"},{"email":"b@example.com","pmi":"555"}]})"));
+  list.setData(json(R"({"bosses":[{"email":"a@example.com","pmi":""},{"email":"b@example.com","pmi":"555"}]})"));
   const Value before = list.bossesInfo();
-  list.setPMIInfoWithScheduleFor(json(R"({"meetingKey":"777"})"));
+  for (const char* nobodys : {R"({"meetingKey":"777"})", R"({"meetingKey":""})"}) {
+    list.setPMIInfoWithScheduleFor(json(nobodys));
+  }
+  list.refreshPMIInfoWithScheduleFor(json(R"({"setting":{"usePMI":true,"scheduleFor":"a@example.com"}})"));
   EXPECT_EQ(list.bossesInfo(), before);
   EXPECT_TRUE(list.pmiInfoWithScheduleFor("a@example.com").isAbsent());
   const Value info = json(R"({"meetingKey":"555","setting":{"usePMI":true,"scheduleFor":"B@example.com"}})");
