@@ -196,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(
                     {"--timeout", "0.5"},
                     "every reply to action 3: silent\n",
                     "did not answer within 0.5 seconds"},
-        TroubleCase{"Refusing", {}, "every reply to action 3 operation 1: error 3113\n", "error 3113"},
+        TroubleCase{"Refusing", {}, "every reply to action 3 operation 1: error 3113\n", "security option"},
         TroubleCase{"DyingBeforeTheProfile", {}, "reply 1 to action 6: die\n", "client ended|not running"},
         TroubleCase{"DyingAtTheCommit", {}, "reply 1 to action 3 operation 1: die\n", "client ended|not running"}),
     [](const auto& test) { return std::string(test.param.name); });
