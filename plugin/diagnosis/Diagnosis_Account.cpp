@@ -1,4 +1,3 @@
-#include "channel/transport/EnvelopeMask.h"
 #include "data/vnGetPACHelper.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnProfileKeys.h"
@@ -6,6 +5,7 @@
 #include "diagnosis/Diagnosis.h"
 #include "diagnosis/DiagnosisReport.h"
 #include "diagnosis/ProfileQuestions.h"
+#include "platform/TraceMask.h"
 
 // The diagnosis: the account's profile as this system understands it.
 
@@ -18,7 +18,7 @@ constexpr std::string_view kCover = "******";
 const vnUserProfileHelper& account() { return vnUserProfileHelper::sharedInstance(); }
 
 // Free text of the account, in which a passcode may stand.
-Value coveredText(const OptionalText& text) { return text ? Value(EnvelopeMask::covered(*text)) : Value(); }
+Value coveredText(const OptionalText& text) { return text ? Value(TraceMask::covered(*text)) : Value(); }
 
 void tellDialinCountries(DiagnosisReport& report) {
   const auto countries = account().getAvailableDialinCountry();

@@ -3,7 +3,6 @@
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "channel/store/vnMeetingCommon.h"
-#include "channel/transport/EnvelopeMask.h"
 #include "data/MeetingOptionRules.h"
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
@@ -11,6 +10,7 @@
 #include "diagnosis/Diagnosis.h"
 #include "diagnosis/DiagnosisReport.h"
 #include "diagnosis/SettingReasons.h"
+#include "platform/TraceMask.h"
 
 // The diagnosis: the settings of a new meeting, and who decided each of them.
 
@@ -74,7 +74,7 @@ std::string shownSetting(std::string_view key, const Value& value) {
 Value withoutSecrets(const Value& settings) {
   Value covered = vnMeetingCommon::getLogInfo_VNSetting(settings);
   const std::string thirdParty = settings[vn_Setting_ThirdPartyAudio].text();
-  covered.set(vn_Setting_ThirdPartyAudio, EnvelopeMask::covered(thirdParty));
+  covered.set(vn_Setting_ThirdPartyAudio, TraceMask::covered(thirdParty));
   if (settings[vn_Setting_MeetingPassword].text().empty() && settings.contains(vn_Setting_MeetingPassword)) {
     covered.set(vn_Setting_MeetingPassword, "");
   }

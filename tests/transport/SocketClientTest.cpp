@@ -339,6 +339,8 @@ TEST_F(SocketClientTest, TellsTheTraceOfEnvelopesInBothDirectionsCovered) {
   ASSERT_EQ(m_world.trace.steps.size(), 3u);
   EXPECT_EQ(m_world.trace.steps[0].step, "dropped");
   EXPECT_EQ(m_world.trace.steps[1].step, "sent");
+  EXPECT_EQ(m_world.trace.steps[1].facts["action"].text(), "3");
+  EXPECT_EQ(m_world.trace.steps[1].facts["bytes"].integerValue(), 28);
   EXPECT_EQ(m_world.trace.steps[1].facts["content"].text(), R"({"meetingPassword":"******"})");
   EXPECT_EQ(m_world.trace.steps[2].step, "received");
   EXPECT_EQ(m_world.trace.steps[2].facts["content"].text(), "Passcode: ****** ******");

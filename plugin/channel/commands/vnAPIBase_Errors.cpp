@@ -12,13 +12,13 @@
 #include "channel/discovery/vnClientNotRunningError.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
-#include "channel/transport/EnvelopeMask.h"
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
+#include "platform/TraceMask.h"
 #include "platform/TraceStep.h"
 
 // What the user is told about an error.
@@ -47,7 +47,7 @@ constexpr std::array<std::pair<int, std::string_view>, 13> kMessageKeys{{
 
 void traceAlert(int code, const std::string& message) {
   traceStep("alert", [&] {
-    return Value::dictionaryFromPairs({{"code", code}, {"message", EnvelopeMask::covered(message)}});
+    return Value::dictionaryFromPairs({{"code", code}, {"message", TraceMask::covered(message)}});
   });
 }
 

@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <memory>
 #include <string>
 #include <tuple>
 
-#include "channel/transport/EnvelopeMask.h"
 #include "channel/transport/vSocketClientImpl.h"
 #include "channel/transport/vnIPCConstants.h"
 #include "platform/DistributedNotifications.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
+#include "platform/TraceMask.h"
 #include "platform/TraceStep.h"
 #include "util/vStringUtils.h"
 
@@ -28,6 +29,25 @@ bool sendOnTransportOfTheMoment(const Value& envelope) {
   notifications->post(kIPCNotifyOutlookPluginToVornClient, envelope);
   return true;
 }
+
+Value factsOf(const Value& envelope) {
+  const std::string& content = envelope[VN_IPC_CONTENT].text();
+  return Value::dictionaryFromPairs({{"action", envelope[VN_IPC_ACTION_ID].stringValue()},
+                                     {"bytes", content.size()},
+                                     {"content", TraceMask::covered(content)}});
+}
+
+// Tells the trace of what comes over the notification channel.
+class NotificationTrace {
+ public:
+  NotificationTrace()
+      : m_subscription(Registry::platform().distributedNotifications->observe(
+            kIPCNotifyVornClientToOutlookPlugin,
+            [](const Value& envelope) { vnIPCChannel::traceReceived(envelope); })) {}
+
+ private:
+  std::unique_ptr<DistributedNotifications::Subscription> m_subscription;
+};
 
 }  // namespace
 
@@ -51,8 +71,8 @@ bool vnIPCChannel::sendIPCMessageToVornClient(std::uint32_t action, const Option
       Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, std::to_string(action)}, {VN_IPC_CONTENT, content}});
   const bool isSent = sendOnTransportOfTheMoment(envelope);
   traceStep(isSent ? "sent" : "dropped", [&] {
-    Value facts = EnvelopeMask::facts(envelope);
-    if (isSent) facts.set("wholeContent", EnvelopeMask::coveredWhole(content.value_or("")));
+    Value facts = factsOf(envelope);
+    if (isSent) facts.set("wholeContent", TraceMask::coveredWhole(content.value_or("")));
     return facts;
   });
   return isSent;
@@ -75,8 +95,12 @@ int vnIPCChannel::actionOfEnvelope(const Value& envelope) {
   return static_cast<int>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
 }
 
+void vnIPCChannel::traceNotifications() {
+  if (Registry::platform().distributedNotifications) Registry::shared<NotificationTrace>();
+}
+
 void vnIPCChannel::traceReceived(const Value& envelope) {
-  traceStep("received", [&] { return EnvelopeMask::facts(envelope); });
+  traceStep("received", [&] { return factsOf(envelope); });
 }
 
 }  // namespace vorn

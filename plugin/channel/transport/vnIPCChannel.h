@@ -30,8 +30,10 @@ class vnIPCChannel {
   // 32-bit range.
   static int actionOfEnvelope(const Value& envelope);
 
-  // Tells the trace of an envelope that came in. The socket does so by itself; who observes the notification
-  // channel calls this.
+  // From now on the trace is told of what comes over the notification channel: once, however many ask for it and
+  // observe that channel.
+  static void traceNotifications();
+  // Tells the trace of an envelope that came in.
   static void traceReceived(const Value& envelope);
 };
 

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <string>
 
-#include "channel/transport/EnvelopeMask.h"
 #include "fuzz/Fuzzing.h"
+#include "platform/TraceMask.h"
 
 // The mask of what reaches a log: no address and no passcode of a join URL survives it.
 
@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr std::string_view kCover = "******";
   constexpr std::string_view kCutMark = "…";
   const std::string content(reinterpret_cast<const char*>(data), size);
-  std::string seen = vorn::EnvelopeMask::covered(content);
+  std::string seen = vorn::TraceMask::covered(content);
   std::transform(seen.begin(), seen.end(), seen.begin(),
                  [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
   check(seen.find('@') == std::string::npos, "no address is seen");

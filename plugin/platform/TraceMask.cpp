@@ -1,4 +1,4 @@
-#include "channel/transport/EnvelopeMask.h"
+#include "platform/TraceMask.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,6 @@
 #include <limits>
 #include <optional>
 
-#include "channel/transport/vnIPCConstants.h"
 #include "util/Utf16.h"
 
 namespace vorn {
@@ -300,17 +299,10 @@ class Cover {
 
 }  // namespace
 
-Value EnvelopeMask::facts(const Value& envelope) {
-  const std::string& content = envelope[VN_IPC_CONTENT].text();
-  return Value::dictionaryFromPairs({{"action", envelope[VN_IPC_ACTION_ID].stringValue()},
-                                     {"bytes", content.size()},
-                                     {"content", covered(content)}});
-}
+std::string TraceMask::covered(std::string_view text) { return Cover(text, kShownBytes).run(); }
 
-std::string EnvelopeMask::covered(std::string_view content) { return Cover(content, kShownBytes).run(); }
-
-std::string EnvelopeMask::coveredWhole(std::string_view content) {
-  return Cover(content, std::numeric_limits<std::size_t>::max()).run();
+std::string TraceMask::coveredWhole(std::string_view text) {
+  return Cover(text, std::numeric_limits<std::size_t>::max()).run();
 }
 
 }  // namespace vorn
