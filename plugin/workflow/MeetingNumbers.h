@@ -2,30 +2,11 @@
 
 #include <cstdint>
 
-// The numbers of the meeting workflow. They are a contract between the hooks, the managers and the commands, and
-// the same table serves requests and replies.
+#include "channel/commands/vnMeetingCommand.h"
+
+// The numbers of the meeting workflow. They are a contract between the hooks and the managers.
 
 namespace vorn {
-
-// Commands to a manager and reply numbers from its commands. 7, 8, 13 and 16 exist only as replies; 14 is used by
-// nothing.
-enum vnMeetingCommand : std::uint64_t {
-  VnCmdAdd = 1,
-  VnCmdChangeSettings = 2,
-  VnCmdCancel = 3,
-  VnCmdSchedule = 4,
-  VnCmdUpdate = 5,
-  VnCmdDelete = 6,
-  VnCmdGetMeeting = 7,
-  VnCmdGetUserProfile = 8,
-  VnCmdStartWithVideo = 9,
-  VnCmdStartWithoutVideo = 10,
-  VnCmdAddPACAccount1 = 11,
-  VnCmdAddPACAccount2 = 12,
-  VnCmdGetPAC = 13,
-  VnCmdGetMeetingByApptUUID = 15,
-  VnCmdGetScheduleForList = 16,
-};
 
 // Why a manager waits for its next reply.
 enum vnMeetingStateValue : std::uint64_t {

@@ -168,6 +168,8 @@ TEST_F(ErrorMapping, AnAlertIsTracedWithoutAddresses) {
   EXPECT_EQ(step.step, "alert");
   EXPECT_EQ(step.facts["code"], Value(1113));
   EXPECT_EQ(step.facts["message"].text().find("ann"), std::string::npos);
+  command.popupWarnWithErrorMsg(window, "as it stands");
+  EXPECT_EQ(world.trace.steps.back().facts["code"], Value(0)) << "a warning has none";
 }
 
 TEST_F(ErrorMapping, ADisabledPersonalIdIsExplainedForEachSituation) {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
-// The numbers that are spoken with the desktop client and with the meeting manager.
+// The numbers that are spoken with the desktop client.
 
 namespace vorn {
 
@@ -26,18 +25,6 @@ inline constexpr int kDelete = 3;
 inline constexpr int kGetMeeting = 4;
 inline constexpr int kGetMeetingByApptUUID = 10;
 }  // namespace InnerOperation
-
-// What a reply is called to the meeting manager.
-namespace ReplyNumber {
-inline constexpr std::uint64_t kSchedule = 4;
-inline constexpr std::uint64_t kUpdate = 5;
-inline constexpr std::uint64_t kDelete = 6;
-inline constexpr std::uint64_t kGetMeeting = 7;
-inline constexpr std::uint64_t kGetUserProfile = 8;
-inline constexpr std::uint64_t kGetPAC = 13;
-inline constexpr std::uint64_t kGetMeetingByApptUUID = 15;
-inline constexpr std::uint64_t kGetScheduleForList = 16;
-}  // namespace ReplyNumber
 
 // Tells the client where a request comes from.
 inline constexpr std::string_view kRequestSource = "msOutlook";

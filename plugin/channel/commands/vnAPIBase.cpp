@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "channel/commands/ErrorCodes.h"
-#include "channel/commands/MeetingResponse.h"
 #include "channel/commands/ReplyFields.h"
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/discovery/vnAppHelper.h"
@@ -154,11 +153,6 @@ int vnAPIBase::convertToErrorCode(const std::string& text) {
   return text.find(kErrorMark) != std::string::npos ? ErrorCode::kUnknown : ErrorCode::kNone;
 }
 
-void vnAPIBase::sendResponseToMeetingMgr(const HostObject& parentWindow, std::uint64_t command,
-                                         const Value& data) {
-  respondToMeetingMgr(m_pMeetingMgr, parentWindow, command, data);
-}
-
 int vnAPIWindowCommand::beginRequest(const HostObject& parentWindow) {
   m_parentWindow = parentWindow;
   return action(parentWindow);
@@ -168,6 +162,13 @@ std::optional<HostObject> vnAPIWindowCommand::takeReply(std::uint64_t replyNumbe
   if (!meetingMgr() || !m_parentWindow) return std::nullopt;
   onfeedback(replyNumber, content);
   return std::exchange(m_parentWindow, HostObject());
+}
+
+std::optional<HostObject> vnAPIWindowCommand::takeSuccess(std::uint64_t replyNumber, const std::string& content) {
+  const auto window = takeReply(replyNumber, content);
+  if (!window || errorCode() == 0) return window;
+  popupErrorMsg(*window, errorCode());
+  return std::nullopt;
 }
 
 }  // namespace vorn

@@ -13,6 +13,13 @@
 
 namespace vorn {
 
+// What a reply is to the meeting manager: the number that it goes by, and the data, absent when there are none.
+struct CommandResult {
+  HostObject parentWindow;
+  std::uint64_t command;
+  Value data;
+};
+
 // What every request to the desktop client has in common: the gate before it, the timers and the progress sheet
 // beside it, and the error behind it.
 //
@@ -27,9 +34,9 @@ class vnAPIBase {
   // Whether the progress sheet is shown while the client works; true at first.
   bool showCommunicationDlg() const { return m_showCommunicationDlg; }
   void setShowCommunicationDlg(bool show) { m_showCommunicationDlg = show; }
-  // The manager to answer to; null when there is none.
-  MeetingCommandOwner* meetingMgr() const { return m_pMeetingMgr; }
-  void setMeetingMgr(MeetingCommandOwner* meetingMgr) { m_pMeetingMgr = meetingMgr; }
+  // The manager whose request this is; null when there is none. Each kind of command sees of it what it needs.
+  CommandErrorOwner* meetingMgr() const { return m_pMeetingMgr; }
+  virtual void setMeetingMgr(MeetingCommandOwner* meetingMgr) { m_pMeetingMgr = meetingMgr; }
   // The code of the last check or reply, and the reply's own words for it.
   std::int32_t errorCode() const { return m_errorCode; }
   const std::string& errorCodeStr() const { return m_errorCodeStr; }
@@ -77,8 +84,6 @@ class vnAPIBase {
  protected:
   // 0 while the client can answer; otherwise the code, of which the user has been told.
   int refusalCode(const HostObject& parentWindow);
-  // Hands a result to the meeting manager. The manager may have ended this command's owner when this returns.
-  void sendResponseToMeetingMgr(const HostObject& parentWindow, std::uint64_t command, const Value& data);
 
  private:
   std::string messageForCode(const HostObject& parentWindow, int code);
@@ -90,7 +95,7 @@ class vnAPIBase {
   std::shared_ptr<RunLoop::Timer> myTimer;
   vnProgressUIMgr myProgressUI;
   bool m_showCommunicationDlg = true;
-  MeetingCommandOwner* m_pMeetingMgr = nullptr;
+  CommandErrorOwner* m_pMeetingMgr = nullptr;
   std::int32_t m_errorCode = 0;
   std::string m_errorCodeStr;
   std::string m_errorMoreInfo;
@@ -111,8 +116,24 @@ class vnAPIWindowCommand : public vnAPIBase {
   // Takes a reply when one is waited for: reads its error and answers the window, which is pending no longer.
   // Absent when nothing is waited for or nobody is there to answer to.
   std::optional<HostObject> takeReply(std::uint64_t replyNumber, const std::string& content);
+  // The same for a reply that is no error. Of an error the user is told, and it is absent.
+  std::optional<HostObject> takeSuccess(std::uint64_t replyNumber, const std::string& content);
 
   HostObject m_parentWindow;
+};
+
+// One for which the manager has to do more than hear of its reply.
+template <typename Owner>
+class vnAPICommandFor : public vnAPIWindowCommand {
+ public:
+  void setMeetingMgr(MeetingCommandOwner* meetingMgr) override {
+    vnAPIWindowCommand::setMeetingMgr(meetingMgr);
+    m_owner = meetingMgr;
+  }
+
+ protected:
+  // The manager; null when there is none.
+  Owner* m_owner = nullptr;
 };
 
 }  // namespace vorn

@@ -4,6 +4,7 @@
 
 #include "channel/commands/ErrorCodes.h"
 #include "channel/commands/vnAPIKeys.h"
+#include "channel/commands/vnMeetingCommand.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "channel/transport/vnIPCChannel.h"
@@ -25,17 +26,17 @@ int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
   if (!hasValidMeetingInfo()) return 0;
   if (checkMeetingInfoError()) return 0;
   // Without a manager nobody could show what is wrong, and the client decides.
-  if (meetingMgr() && !validateSecurityState()) {
+  if (m_owner && !validateSecurityState()) {
     reopenSettings(parentWindow, m_msgParamActionId, ErrorCode::kPasscodeUnfit);
     return 0;
   }
-  if (meetingMgr() && !validateTemplateState()) {
-    meetingMgr()->setMeetingAction(isUpdateMeeting() ? InnerOperation::kUpdate : InnerOperation::kSchedule);
+  if (m_owner && !validateTemplateState()) {
+    m_owner->setMeetingAction(isUpdateMeeting() ? InnerOperation::kUpdate : InnerOperation::kSchedule);
     // A copy, since the user's answer may bring the next request's data during the call.
-    meetingMgr()->showCommitWarning(parentWindow, Value(m_dataMeetingInfo));
+    m_owner->showCommitWarning(parentWindow, Value(m_dataMeetingInfo));
     return 0;
   }
-  if (meetingMgr() && !validateTrackingFieldsState()) {
+  if (m_owner && !validateTrackingFieldsState()) {
     reopenSettings(parentWindow, m_msgParamActionId, ErrorCode::kTrackingFieldMissing);
     return 0;
   }
@@ -52,9 +53,9 @@ int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
 
 void vnAPICommitMeeting::reopenSettings(const HostObject& parentWindow, std::uint64_t operation, int code) {
   // The number tells the panel's next commit which way to go.
-  meetingMgr()->setMeetingAction(operation == InnerOperation::kUpdate ? InnerOperation::kUpdate
-                                                                      : InnerOperation::kSchedule);
-  meetingMgr()->showSettingsWindowWithCommitError(parentWindow, code);
+  m_owner->setMeetingAction(operation == InnerOperation::kUpdate ? InnerOperation::kUpdate
+                                                                 : InnerOperation::kSchedule);
+  m_owner->showSettingsWindowWithCommitError(parentWindow, code);
 }
 
 bool vnAPICommitMeeting::checkMeetingInfoError() {
@@ -105,38 +106,38 @@ bool vnAPICommitMeeting::validateTrackingFieldsState() {
   return true;
 }
 
-void vnAPICommitMeeting::onVornFeedback(int operation, const std::string& content) {
+std::optional<CommandResult> vnAPICommitMeeting::onVornFeedback(int operation, const std::string& content) {
   const bool isUpdate = operation == InnerOperation::kUpdate;
-  const std::uint64_t replyNumber = isUpdate ? ReplyNumber::kUpdate : ReplyNumber::kSchedule;
+  const std::uint64_t replyNumber = isUpdate ? VnCmdUpdate : VnCmdSchedule;
   const auto window = takeReply(replyNumber, content);
-  if (!window) return;
+  if (!window) return std::nullopt;
 
   const int code = errorCode();
   if (code == ErrorCode::kPasscodeTooWeak || code == ErrorCode::kPasscodeUnfit ||
       code == ErrorCode::kSecurityOptionMissing) {
     reopenSettings(*window, operation, code);
-    return;
+    return std::nullopt;
   }
   if (code == ErrorCode::kPMIDisabled) updateSettingToNotUsePMI();
   if (code != 0) {
     popupErrorMsg(*window, code);
-    if (meetingMgr()) meetingMgr()->resetMeetingItemWhenUpdateError(*window);
-    return;
+    if (m_owner) m_owner->resetMeetingItemWhenUpdateError(*window);
+    return std::nullopt;
   }
 
   const std::size_t separator = content.find(';');
-  if (separator == std::string::npos) return;
+  if (separator == std::string::npos) return std::nullopt;
   const std::string number = content.substr(0, separator);
   // An invitation may hold semicolons of its own.
   const std::string_view invitation = std::string_view(content).substr(separator + 1);
   if (number.empty() || number == "0") {
     popupWarnWithErrorMsg(*window, content);
-    return;
+    return std::nullopt;
   }
-  sendResponseToMeetingMgr(*window, replyNumber,
-                           Value::dictionaryFromPairs({{vn_MeetingKey, vnOLUtils::trimAllSpace(number)},
-                                                       {vn_API_Para_InvitationEmail, invitation},
-                                                       {keyVNResult, getAPIResult()}}));
+  return CommandResult{*window, replyNumber,
+                       Value::dictionaryFromPairs({{vn_MeetingKey, vnOLUtils::trimAllSpace(number)},
+                                                   {vn_API_Para_InvitationEmail, invitation},
+                                                   {keyVNResult, getAPIResult()}})};
 }
 
 void vnAPICommitMeeting::updateSettingToNotUsePMI() {

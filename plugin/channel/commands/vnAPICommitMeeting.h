@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "channel/commands/ClientRequests.h"
@@ -10,7 +11,7 @@ namespace vorn {
 
 // Schedules a meeting or updates one: checks what the account's policy demands, reduces the working data to what
 // the client of the moment understands, and reads the answer.
-class vnAPICommitMeeting : public vnAPIWindowCommand {
+class vnAPICommitMeeting : public vnAPICommandFor<CommitOwner> {
  public:
   // The commit data: "apptInfo", "setting" and, for an existing meeting, "meetingKey".
   void setData(const Value& data);
@@ -23,7 +24,7 @@ class vnAPICommitMeeting : public vnAPIWindowCommand {
   // settings again. Otherwise the code for which the client's gate refused it.
   int doAction(const HostObject& parentWindow);
   // The reply with its inner operation. One field alone that is no error ends in silence.
-  void onVornFeedback(int operation, const std::string& content);
+  std::optional<CommandResult> onVornFeedback(int operation, const std::string& content);
 
   // The content of the request: the head and one JSON document. Tells the manager whom the meeting is scheduled
   // for. "" without data, and when the data holds what JSON cannot hold.

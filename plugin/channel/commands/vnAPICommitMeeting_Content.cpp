@@ -96,8 +96,8 @@ std::string vnAPICommitMeeting::getContentIdentifierHead() const {
 
 std::string vnAPICommitMeeting::getAPIData() {
   if (!hasValidMeetingInfo()) return "";
-  if (meetingMgr()) {
-    meetingMgr()->setScheduleForEmail(m_dataMeetingInfo[vn_Setting][vn_Setting_ScheduleFor].optionalText());
+  if (m_owner) {
+    m_owner->setScheduleForEmail(m_dataMeetingInfo[vn_Setting][vn_Setting_ScheduleFor].optionalText());
   }
   const OptionalText document = documentText();
   return document ? getContentIdentifierHead() + *document : "";

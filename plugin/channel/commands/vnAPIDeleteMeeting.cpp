@@ -2,6 +2,7 @@
 
 #include "channel/commands/ClientRequests.h"
 #include "channel/commands/vnAPIKeys.h"
+#include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/transport/vnIPCChannel.h"
 #include "host/proxies/vnApptInfoKeys.h"
@@ -23,20 +24,20 @@ std::string vnAPIDeleteMeeting::getAPIData() {
   return content;
 }
 
-void vnAPIDeleteMeeting::onVornFeedback(const std::string& content) {
-  const auto window = takeReply(ReplyNumber::kDelete, content);
-  if (!window) return;
+std::optional<CommandResult> vnAPIDeleteMeeting::onVornFeedback(const std::string& content) {
+  const auto window = takeReply(VnCmdDelete, content);
+  if (!window) return std::nullopt;
   if (errorCode() != 0) {
-    meetingMgr()->clearAllSavedData();
+    m_owner->clearAllSavedData();
     popupErrorMsg(*window, errorCode());
-    return;
+    return std::nullopt;
   }
   // The notice of a meeting that has gone to the trash belongs to the notices' windows, which this build has none
   // of.
-  sendResponseToMeetingMgr(
-      *window, ReplyNumber::kDelete,
+  return CommandResult{
+      *window, VnCmdDelete,
       Value::dictionaryFromPairs(
-          {{vn_MeetingKey, content}, {vn_API_Para_InvitationEmail, ""}, {keyVNResult, getAPIResult()}}));
+          {{vn_MeetingKey, content}, {vn_API_Para_InvitationEmail, ""}, {keyVNResult, getAPIResult()}})};
 }
 
 }  // namespace vorn

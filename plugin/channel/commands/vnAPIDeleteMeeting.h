@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "channel/commands/vnAPIBase.h"
@@ -7,7 +8,7 @@
 namespace vorn {
 
 // Deletes a meeting.
-class vnAPIDeleteMeeting : public vnAPIWindowCommand {
+class vnAPIDeleteMeeting : public vnAPICommandFor<DeleteMeetingOwner> {
  public:
   void setData(const std::string& meetingKey) { m_meetingKey = meetingKey; }
   // Sends the request; 0, or the code for which it was refused. A number that must be left alone gives 0 too, and
@@ -16,7 +17,7 @@ class vnAPIDeleteMeeting : public vnAPIWindowCommand {
   // The content of the request for the client of the moment.
   std::string getAPIData();
   // An error makes the manager forget its data before the user is told.
-  void onVornFeedback(const std::string& content);
+  std::optional<CommandResult> onVornFeedback(const std::string& content);
 
  private:
   std::string m_meetingKey;

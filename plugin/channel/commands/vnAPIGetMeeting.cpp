@@ -2,6 +2,7 @@
 
 #include "channel/commands/ClientRequests.h"
 #include "channel/commands/MeetingReply.h"
+#include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/transport/vnIPCChannel.h"
 
@@ -26,19 +27,18 @@ std::string vnAPIGetMeeting::getAPIData() {
   return content;
 }
 
-void vnAPIGetMeeting::onVornFeedback(const std::string& content) {
-  const auto window = takeReply(ReplyNumber::kGetMeeting, content);
-  if (!window) return;
-  if (errorCode() != 0) return popupErrorMsg(*window, errorCode());
+std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& content) {
+  const auto window = takeSuccess(VnCmdGetMeeting, content);
+  if (!window) return std::nullopt;
   const auto reply = MeetingReply::read(content);
-  if (!reply) return;
-  reply->feed(meetingMgr()->getMeetingHelper(), false, m_isForPMI);
-  if (!meetingMgr()->checkScheduleForEmailValidity()) {
-    meetingMgr()->setMeetingKey("");
-    meetingMgr()->changeUIWithScheduleForEmainError(*window);
-    return;
+  if (!reply) return std::nullopt;
+  reply->feed(m_owner->getMeetingHelper(), false, m_isForPMI);
+  if (!m_owner->checkScheduleForEmailValidity()) {
+    m_owner->setMeetingKey("");
+    m_owner->changeUIWithScheduleForEmainError(*window);
+    return std::nullopt;
   }
-  sendResponseToMeetingMgr(*window, ReplyNumber::kGetMeeting, reply->meeting);
+  return CommandResult{*window, VnCmdGetMeeting, reply->meeting};
 }
 
 }  // namespace vorn

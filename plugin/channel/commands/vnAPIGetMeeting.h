@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "channel/commands/vnAPIBase.h"
@@ -7,7 +8,7 @@
 namespace vorn {
 
 // Asks for a meeting by its number, or with the number "new" for what a new meeting starts from.
-class vnAPIGetMeeting : public vnAPIWindowCommand {
+class vnAPIGetMeeting : public vnAPICommandFor<GetMeetingOwner> {
  public:
   // An empty language keeps the one that was given before, also for requests that name none.
   void setData(const std::string& meetingKey, const std::string& invitationLanguage);
@@ -20,7 +21,7 @@ class vnAPIGetMeeting : public vnAPIWindowCommand {
   // The content of the request for the client of the moment.
   std::string getAPIData();
   // A reply too short to hold a meeting ends here in silence.
-  void onVornFeedback(const std::string& content);
+  std::optional<CommandResult> onVornFeedback(const std::string& content);
 
  private:
   std::string m_meetingKey;

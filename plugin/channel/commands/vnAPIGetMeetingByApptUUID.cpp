@@ -2,6 +2,7 @@
 
 #include "channel/commands/ClientRequests.h"
 #include "channel/commands/MeetingReply.h"
+#include "channel/commands/vnMeetingCommand.h"
 #include "channel/transport/vnIPCChannel.h"
 
 namespace vorn {
@@ -16,15 +17,14 @@ std::string vnAPIGetMeetingByApptUUID::getAPIData() {
   return std::to_string(InnerOperation::kGetMeetingByApptUUID) + ";" + m_olUUID;
 }
 
-void vnAPIGetMeetingByApptUUID::onVornFeedback(const std::string& content) {
-  if (content.empty()) return;
-  const auto window = takeReply(ReplyNumber::kGetMeetingByApptUUID, content);
-  if (!window) return;
-  if (errorCode() != 0) return popupErrorMsg(*window, errorCode());
+std::optional<CommandResult> vnAPIGetMeetingByApptUUID::onVornFeedback(const std::string& content) {
+  if (content.empty()) return std::nullopt;
+  const auto window = takeSuccess(VnCmdGetMeetingByApptUUID, content);
+  if (!window) return std::nullopt;
   const auto reply = MeetingReply::read(content);
-  if (!reply) return;
-  reply->feed(meetingMgr()->getMeetingHelper(), true, false);
-  sendResponseToMeetingMgr(*window, ReplyNumber::kGetMeetingByApptUUID, reply->meeting);
+  if (!reply) return std::nullopt;
+  reply->feed(m_owner->getMeetingHelper(), true, false);
+  return CommandResult{*window, VnCmdGetMeetingByApptUUID, reply->meeting};
 }
 
 }  // namespace vorn

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "channel/commands/vnAPIBase.h"
@@ -7,7 +8,7 @@
 namespace vorn {
 
 // Asks for a meeting by the host's UUID of its appointment. It is asked unbidden, so nothing of it is ever shown.
-class vnAPIGetMeetingByApptUUID : public vnAPIWindowCommand {
+class vnAPIGetMeetingByApptUUID : public vnAPICommandFor<GetMeetingOwner> {
  public:
   vnAPIGetMeetingByApptUUID() { setSilentAPIError(true); }
 
@@ -16,7 +17,7 @@ class vnAPIGetMeetingByApptUUID : public vnAPIWindowCommand {
   int doAction(const HostObject& parentWindow);
   std::string getAPIData();
   // An empty reply is no answer: the request goes on waiting.
-  void onVornFeedback(const std::string& content);
+  std::optional<CommandResult> onVornFeedback(const std::string& content);
 
  private:
   std::string m_olUUID;

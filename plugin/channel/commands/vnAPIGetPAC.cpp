@@ -1,6 +1,7 @@
 #include "channel/commands/vnAPIGetPAC.h"
 
 #include "channel/commands/ClientRequests.h"
+#include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/transport/vnIPCChannel.h"
 #include "data/vnGetPACHelper.h"
@@ -14,12 +15,11 @@ int vnAPIGetPAC::doAction(const HostObject& parentWindow) {
   return 0;
 }
 
-void vnAPIGetPAC::onVornFeedback(const std::string& content) {
-  const auto window = takeReply(ReplyNumber::kGetPAC, content);
-  if (!window) return;
-  if (errorCode() != 0) return popupErrorMsg(*window, errorCode());
+std::optional<CommandResult> vnAPIGetPAC::onVornFeedback(const std::string& content) {
+  const auto window = takeSuccess(VnCmdGetPAC, content);
+  if (!window) return std::nullopt;
   vnGetPACHelper::sharedInstance().setPACInfo(content);
-  sendResponseToMeetingMgr(*window, ReplyNumber::kGetPAC, Value());
+  return CommandResult{*window, VnCmdGetPAC, Value()};
 }
 
 }  // namespace vorn

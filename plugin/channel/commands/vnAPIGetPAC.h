@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "channel/commands/vnAPIBase.h"
@@ -13,7 +14,7 @@ class vnAPIGetPAC : public vnAPIWindowCommand {
   // gives 0 too, and a request that is pending stays as it is.
   int doAction(const HostObject& parentWindow);
   // The reply goes to the conferences' reader as it came, and the manager hears only that it has come.
-  void onVornFeedback(const std::string& content);
+  std::optional<CommandResult> onVornFeedback(const std::string& content);
 };
 
 }  // namespace vorn

@@ -2,6 +2,7 @@
 
 #include "channel/commands/ClientRequests.h"
 #include "channel/commands/ReplyFields.h"
+#include "channel/commands/vnMeetingCommand.h"
 #include "channel/transport/vnIPCChannel.h"
 #include "data/vnGetScheduleForListHelper.h"
 
@@ -14,13 +15,12 @@ int vnAPIGetScheduleForList::doAction(const HostObject& parentWindow) {
   return 0;
 }
 
-void vnAPIGetScheduleForList::onVornFeedback(const std::string& content) {
-  const auto window = takeReply(ReplyNumber::kGetScheduleForList, content);
-  if (!window) return;
-  if (errorCode() != 0) return popupErrorMsg(*window, errorCode());
+std::optional<CommandResult> vnAPIGetScheduleForList::onVornFeedback(const std::string& content) {
+  const auto window = takeSuccess(VnCmdGetScheduleForList, content);
+  if (!window) return std::nullopt;
   const Value list = dictionaryFromJSON(content);
   vnGetScheduleForListHelper::sharedInstance().setData(dictionaryOrEmpty(list));
-  sendResponseToMeetingMgr(*window, ReplyNumber::kGetScheduleForList, list);
+  return CommandResult{*window, VnCmdGetScheduleForList, list};
 }
 
 }  // namespace vorn

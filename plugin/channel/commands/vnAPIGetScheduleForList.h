@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "channel/commands/vnAPIBase.h"
@@ -12,7 +13,7 @@ class vnAPIGetScheduleForList : public vnAPIWindowCommand {
   // Sends the request; 0, or the code for which it was refused.
   int doAction(const HostObject& parentWindow);
   // A reply that is no JSON counts as an empty list.
-  void onVornFeedback(const std::string& content);
+  std::optional<CommandResult> onVornFeedback(const std::string& content);
 };
 
 }  // namespace vorn

@@ -2,6 +2,7 @@
 
 #include "channel/commands/ClientRequests.h"
 #include "channel/commands/ReplyFields.h"
+#include "channel/commands/vnMeetingCommand.h"
 #include "channel/transport/vnIPCChannel.h"
 #include "data/vnUserProfileHelper.h"
 
@@ -14,14 +15,13 @@ int vnAPIGetUserProfile::doAction(const HostObject& parentWindow) {
   return 0;
 }
 
-void vnAPIGetUserProfile::onVornFeedback(const std::string& content) {
-  const auto window = takeReply(ReplyNumber::kGetUserProfile, content);
-  if (!window) return;
-  if (errorCode() != 0) return popupErrorMsg(*window, errorCode());
+std::optional<CommandResult> vnAPIGetUserProfile::onVornFeedback(const std::string& content) {
+  const auto window = takeSuccess(VnCmdGetUserProfile, content);
+  if (!window) return std::nullopt;
   const Value profile = dictionaryFromJSON(content);
   vnUserProfileHelper::sharedInstance().setData(dictionaryOrEmpty(profile));
   saveUserProfileInfoToLocal();
-  sendResponseToMeetingMgr(*window, ReplyNumber::kGetUserProfile, profile);
+  return CommandResult{*window, VnCmdGetUserProfile, profile};
 }
 
 }  // namespace vorn

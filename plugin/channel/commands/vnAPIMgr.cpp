@@ -1,7 +1,6 @@
 #include "channel/commands/vnAPIMgr.h"
 
 #include "channel/commands/ClientRequests.h"
-#include "channel/commands/MeetingResponse.h"
 #include "channel/commands/vnAPICommitMeeting.h"
 #include "channel/commands/vnAPIDeleteMeeting.h"
 #include "channel/commands/vnAPIGetMeeting.h"
@@ -11,6 +10,7 @@
 #include "channel/commands/vnAPIGetUserProfile.h"
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnAPIStartMeeting.h"
+#include "channel/store/vnMeetingCommon.h"
 #include "channel/transport/vnIPCChannel.h"
 #include "channel/transport/vnIPCConstants.h"
 #include "data/vnSettingKeys.h"
@@ -18,22 +18,6 @@
 #include "platform/Registry.h"
 
 namespace vorn {
-
-namespace {
-
-// Tells the trace of what comes over the notification channel, once for all the managers that observe it.
-class DistributedReplyTrace {
- public:
-  DistributedReplyTrace()
-      : m_subscription(Registry::platform().distributedNotifications->observe(
-            kIPCNotifyVornClientToOutlookPlugin,
-            [](const Value& userInfo) { vnIPCChannel::traceReceived(userInfo); })) {}
-
- private:
-  std::unique_ptr<DistributedNotifications::Subscription> m_subscription;
-};
-
-}  // namespace
 
 vnAPIMgr::vnAPIMgr()
     : m_apiScheduleMeeting(std::make_shared<vnAPICommitMeeting>()),
@@ -56,7 +40,7 @@ void vnAPIMgr::initIPCChannel() {
         NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN,
         [this](const NotificationCenter::Notification& reply) { onMessageResponse(reply.userInfo); });
   } else if (platform.distributedNotifications) {
-    Registry::shared<DistributedReplyTrace>();
+    vnIPCChannel::traceNotifications();
     m_distributedReplies = platform.distributedNotifications->observe(
         kIPCNotifyVornClientToOutlookPlugin, [this](const Value& userInfo) { onMessageResponse(userInfo); });
   }
@@ -165,42 +149,39 @@ void vnAPIMgr::showNoMeetingLicenseWindow(const HostObject& parentWindow) {
 }
 
 void vnAPIMgr::sendResponseToMeetingMgr(const HostObject& parentWindow, std::uint64_t command, const Value& data) {
-  respondToMeetingMgr(m_pMeetingMgr, parentWindow, command, data);
+  if (!m_pMeetingMgr) return;
+  Value response = Value::dictionary();
+  response.set(keyVnAPIResponse, data);
+  response.set(keyApptWindowID, vnMeetingCommon::getApptWindowIDByWindow(parentWindow));
+  m_pMeetingMgr->onExcuteCommandFinished(command, response);
 }
 
 void vnAPIMgr::onMessageResponse(const Value& userInfo) { handleMessageRespose(userInfo); }
 
 void vnAPIMgr::handleMessageRespose(const Value& userInfo) {
   const Value envelope = userInfo;
-  const std::string& content = envelope[VN_IPC_CONTENT].text();
-  // Each handler gets a hold on its command and is the last thing done here: the manager's answer to a reply may
-  // be the end of this object.
-  switch (vnIPCChannel::actionOfEnvelope(envelope)) {
-    case InnerOperation::kSchedule:
-      if (const auto command = m_apiScheduleMeeting) command->onVornFeedback(InnerOperation::kSchedule, content);
-      break;
-    case InnerOperation::kUpdate:
-      if (const auto command = m_apiUpdateMeeting) command->onVornFeedback(InnerOperation::kUpdate, content);
-      break;
-    case InnerOperation::kDelete:
-      if (const auto command = m_apiDeleteMeeting) command->onVornFeedback(content);
-      break;
-    case InnerOperation::kGetMeeting:
-      if (const auto command = m_apiGetMeeting) command->onVornFeedback(content);
-      break;
-    case RequestAction::kGetUserProfile:
-      if (const auto command = m_apiGetUserProfile) command->onVornFeedback(content);
-      break;
-    case RequestAction::kGetPAC:
-      if (const auto command = m_apiGetPAC) command->onVornFeedback(content);
-      break;
-    case InnerOperation::kGetMeetingByApptUUID:
-      if (const auto command = m_apiGetMeetingByApptUUID) command->onVornFeedback(content);
-      break;
-    case RequestAction::kGetScheduleForList:
-      if (const auto command = m_apiGetScheduleForList) command->onVornFeedback(content);
-      break;
-    default: break;
+  const auto result = readReply(vnIPCChannel::actionOfEnvelope(envelope), envelope[VN_IPC_CONTENT].text());
+  // The last thing done here: the manager's answer to a reply may be the end of this object, and so may what a
+  // command without a result has told the user.
+  if (result) sendResponseToMeetingMgr(result->parentWindow, result->command, result->data);
+}
+
+std::optional<CommandResult> vnAPIMgr::readReply(int action, const std::string& content) {
+  // Each takes a hold on its command, which has to outlast a cleanup().
+  const auto commit = [&](std::shared_ptr<vnAPICommitMeeting> command) {
+    return command ? command->onVornFeedback(action, content) : std::nullopt;
+  };
+  const auto read = [&](auto command) { return command ? command->onVornFeedback(content) : std::nullopt; };
+  switch (action) {
+    case InnerOperation::kSchedule: return commit(m_apiScheduleMeeting);
+    case InnerOperation::kUpdate: return commit(m_apiUpdateMeeting);
+    case InnerOperation::kDelete: return read(m_apiDeleteMeeting);
+    case InnerOperation::kGetMeeting: return read(m_apiGetMeeting);
+    case RequestAction::kGetUserProfile: return read(m_apiGetUserProfile);
+    case RequestAction::kGetPAC: return read(m_apiGetPAC);
+    case InnerOperation::kGetMeetingByApptUUID: return read(m_apiGetMeetingByApptUUID);
+    case RequestAction::kGetScheduleForList: return read(m_apiGetScheduleForList);
+    default: return std::nullopt;
   }
 }
 

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "channel/commands/MeetingCommandOwner.h"
 #include "platform/DistributedNotifications.h"
@@ -11,6 +13,7 @@
 
 namespace vorn {
 
+struct CommandResult;
 class vnAPICommitMeeting;
 class vnAPIDeleteMeeting;
 class vnAPIGetMeeting;
@@ -64,7 +67,8 @@ class vnAPIMgr {
   void showNoMeetingLicenseWindow(const HostObject& parentWindow);
 
   // Hands a result to the manager: the data under "vnAPIResponse" and the window's id under "keyApptWindowID",
-  // each only when it is there.
+  // each only when it is there. Nothing without a manager, which may have ended itself and this object when this
+  // returns.
   void sendResponseToMeetingMgr(const HostObject& parentWindow, std::uint64_t command, const Value& data);
 
   // An envelope from the client, whichever transport brought it.
@@ -73,6 +77,8 @@ class vnAPIMgr {
 
  private:
   void initIPCChannel();
+  // What the command that waits for the reply makes of it; absent when the manager is to hear nothing.
+  std::optional<CommandResult> readReply(int action, const std::string& content);
 
   // Shared, because a reply's handler must outlast a cleanup() that the manager's answer brings about.
   std::shared_ptr<vnAPICommitMeeting> m_apiScheduleMeeting;
