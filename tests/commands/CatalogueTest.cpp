@@ -27,28 +27,28 @@ JsonTextFile siteFile() { return JsonTextFile(vnMeetingCommon::getLocalVnSiteCon
 TEST_F(Catalogue, EachRequestHasTheContentThatTheClientUnderstands) {
   const struct {
     const char* version;
-    std::function<void()> send;
+    std::function<int()> send;
     const char* action;
     const char* content;
   } cases[] = {
-      {"4.3.99999", [&] { mgr->getMeeting(window, request("987", "de", true)); }, "3", "4;987"},
-      {"4.4.0", [&] { mgr->getMeeting(window, request("987", "", true)); }, "3", "4;987;msOutlook;1;de"},
-      {"4.4.0", [&] { mgr->getMeeting(window, request("", "fr")); }, "3", "4;;msOutlook;0;fr"},
-      {"4.4.0", [&] { mgr->getNewMeetingDefault(window); }, "3", "4;new;msOutlook;0;fr"},
-      {"4.3.40530", [&] { mgr->deleteMeeting(window, request("987")); }, "3", "3;987"},
-      {"4.3.40531", [&] { mgr->deleteMeeting(window, request("987")); }, "3", "3;987;msOutlook"},
+      {"4.3.99999", [&] { return mgr->getMeeting(window, request("987", "de", true)); }, "3", "4;987"},
+      {"4.4.0", [&] { return mgr->getMeeting(window, request("987", "", true)); }, "3", "4;987;msOutlook;1;de"},
+      {"4.4.0", [&] { return mgr->getMeeting(window, request("", "fr")); }, "3", "4;;msOutlook;0;fr"},
+      {"4.4.0", [&] { return mgr->getNewMeetingDefault(window); }, "3", "4;new;msOutlook;0;fr"},
+      {"4.3.40530", [&] { return mgr->deleteMeeting(window, request("987")); }, "3", "3;987"},
+      {"4.3.40531", [&] { return mgr->deleteMeeting(window, request("987")); }, "3", "3;987;msOutlook"},
       {"4.3.0",
        [&] {
-         mgr->getMeetingByApptUUID(window, Value::dictionaryFromPairs({{"olApptUUID", "U-1"}}));
+         return mgr->getMeetingByApptUUID(window, Value::dictionaryFromPairs({{"olApptUUID", "U-1"}}));
        },
        "3", "10;U-1"},
-      {"3.5.0", [&] { mgr->getUserProfile(window, Value()); }, "6", "6"},
-      {"3.5.22781", [&] { mgr->getPAC(window, Value()); }, "9", "9"},
-      {"3.5.0", [&] { mgr->getScheduleForList(window); }, "11", "11"},
+      {"3.5.0", [&] { return mgr->getUserProfile(window, Value()); }, "6", "6"},
+      {"3.5.22781", [&] { return mgr->getPAC(window, Value()); }, "9", "9"},
+      {"3.5.0", [&] { return mgr->getScheduleForList(window); }, "11", "11"},
   };
   for (const auto& [version, send, action, content] : cases) {
     installClient(version);
-    send();
+    EXPECT_EQ(send(), 0) << content;
     ASSERT_FALSE(sent().empty());
     EXPECT_EQ(sent().back(), Envelope(action, content)) << version;
   }

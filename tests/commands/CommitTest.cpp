@@ -305,11 +305,11 @@ TEST_F(Commit, AnUnknownTemplateAsksTheUserAndAMissingTrackingValueReopensTheSet
       vnOLUtils::toArrayOrNSDictionary(R"({"meetingTemplates":[{"templateId":"T1"},{"templateId":"T2"}]})"));
   setSetting("meetingTemplate", Value::dictionaryFromPairs({{"templateId", "T3"}}));
   setSetting("trackingFields", vnOLUtils::toArrayOrNSDictionary(R"([{"id":"a"},{"id":"b","required":true}])"));
-  mgr->scheduleMeeting(window, data);
+  EXPECT_EQ(mgr->scheduleMeeting(window, data), 0);
   EXPECT_THAT(owner.told, ElementsAre("action 1", "template @abc"));
   setSetting("meetingTemplate", Value::dictionaryFromPairs({{"templateId", "T2"}}));
   owner.told.clear();
-  mgr->scheduleMeeting(window, data);
+  EXPECT_EQ(mgr->scheduleMeeting(window, data), 0);
   EXPECT_THAT(owner.told, ElementsAre("action 1", "settings 555 @abc"));
   EXPECT_THAT(sent(), IsEmpty());
 

@@ -139,6 +139,7 @@ TEST_F(RequestLife, TheGateRefusesWhatTheClientCannotAnswer) {
   EXPECT_EQ(world.presenter.progress.begun(), 0u);
   EXPECT_EQ(world.runLoop.waiting(), 0u);
   EXPECT_EQ(world.trace.steps.front().step, "refused");
+  EXPECT_EQ(world.trace.steps.front().facts["code"], Value(5));
 }
 
 TEST_F(RequestLife, AStrayReplyIsTakenAsTheAnswerToARefusedRequest) {
@@ -170,6 +171,19 @@ TEST_F(RequestLife, ARequestFromAnAbsentWindowIsSentButItsReplyIsDropped) {
   EXPECT_THAT(owner.finished, IsEmpty());
 }
 
+TEST_F(RequestLife, AReplyThatNobodyWaitsForReachesNobody) {
+  const std::string meeting = meetingReply({packed(Value::dictionaryFromPairs({{"meetingKey", "987"}}))});
+  for (const char* action : {"1", "2", "3", "4", "6", "9", "10", "11"}) {
+    for (const std::string& content : {meeting, std::string("{}"), std::string("0;Error 3001")}) {
+      reply(action, content);
+    }
+  }
+  EXPECT_THAT(owner.finished, IsEmpty());
+  EXPECT_THAT(owner.told, IsEmpty());
+  EXPECT_FALSE(owner.helper.hasMeetingInfo());
+  EXPECT_THAT(alertTexts(), IsEmpty());
+}
+
 TEST_F(RequestLife, OnlyTheRoutedActionsReachACommand) {
   mgr->scheduleMeeting(window, Value::dictionary());
   mgr->getScheduleForList(window);
@@ -198,9 +212,10 @@ TEST_F(RequestLife, AfterCleanupNothingIsSentAndNothingIsHeard) {
   EXPECT_THAT(owner.finished, IsEmpty());
   const std::size_t before = sent().size();
   EXPECT_EQ(mgr->scheduleMeeting(window, Value()) + mgr->updateMeeting(window, Value()) +
-                mgr->deleteMeeting(window, Value()) + mgr->getMeeting(window, Value()) +
-                mgr->getMeetingByApptUUID(window, Value()) + mgr->getUserProfile(window, Value()) +
-                mgr->getPAC(window, Value()) + mgr->getNewMeetingDefault(window) + mgr->getScheduleForList(window),
+                mgr->deleteMeeting(window, Value::dictionaryFromPairs({{"meetingKey", "987"}})) +
+                mgr->getMeeting(window, Value()) + mgr->getMeetingByApptUUID(window, Value()) +
+                mgr->getUserProfile(window, Value()) + mgr->getPAC(window, Value()) +
+                mgr->getNewMeetingDefault(window) + mgr->getScheduleForList(window),
             0);
   EXPECT_EQ(sent().size(), before);
 }
