@@ -8,6 +8,7 @@
 #include "invitation/vnICalendarContentParse.h"
 #include "platform/ClassRuntime.h"
 #include "platform/Registry.h"
+#include "util/Text.h"
 #include "util/vnOLUtils.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgr.h"
@@ -70,15 +71,21 @@ bool MeetingOpening::needGetMeetingWithApptUUID(vnECCalendarEvent& event) {
 }
 
 void MeetingOpening::getMeetingByApptUUID(MeetingWindow& window) {
+  m_askedUUID = window.apptUUID();
   Value request = Value::dictionary();
-  request.set(vn_ApptInfo_OlApptUUID, window.apptUUID());
+  request.set(vn_ApptInfo_OlApptUUID, m_askedUUID);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
   m_manager.apiMgr()->getMeetingByApptUUID(window.parentWindow(), request);
 }
 
+bool MeetingOpening::isReplyToAnotherUUID() const {
+  const Value told = m_manager.getMeetingHelper()->getExtInfoNodeValue(vn_ApptInfo_OlApptUUID);
+  return told.isPresent() && !equalIgnoringCase(told.text(), m_askedUUID.value_or(""));
+}
+
 void MeetingOpening::onGetMeetingByApptUUIDActionFinished(const Value& data) {
-  // A reply without a readable meeting tells nothing, and the bar stays as it is.
-  if (!m_manager.getMeetingHelper()->hasMeetingInfo()) return;
+  // A reply without a readable meeting tells nothing, nor does another window's; the bar stays as it is.
+  if (!m_manager.getMeetingHelper()->hasMeetingInfo() || isReplyToAnotherUUID()) return;
   const Value info = m_manager.getMeetingHelper()->getMeetingInfo();
   vnMeetingDataMgr& working = *m_manager.meetingDataMgr();
   working.setMeetingKey(info[vn_MeetingKey].optionalText());

@@ -25,8 +25,13 @@ class MeetingOpening {
   bool loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool isFromUCInband);
   bool loadICSDataForClientSchedule(MeetingWindow& window, vnECCalendarEvent& event);
   static bool needGetMeetingWithApptUUID(vnECCalendarEvent& event);
+  // The reply names another appointment than the one that was asked for. A reply carries no number of its request,
+  // so it may be the answer to another window. False when it names none.
+  bool isReplyToAnotherUUID() const;
 
   vnMeetingMgr& m_manager;
+  // The UUID that was asked for last.
+  OptionalText m_askedUUID;
 };
 
 }  // namespace vorn

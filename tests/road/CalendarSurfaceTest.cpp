@@ -99,14 +99,6 @@ TEST_F(CalendarSurface, AnAppointmentWithoutAMeetingNeverAsks) {
   EXPECT_EQ(world.calendarText().find("UID:two"), std::string::npos);
 }
 
-TEST_F(CalendarSurface, TwoQuickDragsSendOneUpdateForTheSecond) {
-  EXPECT_TRUE(world.host.drag("one", "", kStart + kHour));
-  EXPECT_TRUE(world.host.drag("one", "", kStart + 2 * kHour));
-  settle();
-  EXPECT_THAT(world.client->requestNames(), ElementsAre("3/10", "3/10", "3/4", "3/2"));
-  EXPECT_EQ(meeting()->start, kStart + 2 * kHour);
-}
-
 TEST_F(CalendarSurface, APlainAppointmentThatIsMovedRightAfterAMeetingIsNotTakenForIt) {
   EXPECT_TRUE(world.host.drag("one", "", kStart + kHour));
   EXPECT_TRUE(world.host.drag("two", "", kStart + 5 * kHour));

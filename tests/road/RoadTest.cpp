@@ -195,50 +195,6 @@ TEST(Road, AClientInTroubleCostsNothing) {
   }
 }
 
-TEST(Road, AClientThatComesBackIsAskedAgain) {
-  RoadWorld world(calendarWith(kPlain));
-  bool silent = true;
-  world.client->setInterference([&](const vornlab::Envelope&, vornlab::Envelope reply) {
-    return silent ? std::nullopt : std::optional(std::move(reply));
-  });
-  const auto editor = world.openEditor("one");
-  world.clickAdd(editor);
-  world.settle(61);
-  EXPECT_TRUE(world.offersAdd(editor));
-  silent = false;
-  world.clickAdd(editor);
-  EXPECT_TRUE(world.showsMeeting(editor));
-  world.saveAndClose(editor);
-  EXPECT_FALSE(world.host.isOpen(editor));
-}
-
-TEST(Road, TwoWindowsKeepApart) {
-  RoadWorld world(calendarWith(kPlain) +
-                  calendarWith("SUMMARY:Other\r\n").replace(calendarWith("").find("UID:one"), 7, "UID:two"));
-  const auto first = world.openEditor("one");
-  const auto second = world.openEditor("two");
-  world.clickAdd(first);
-  EXPECT_TRUE(world.showsMeeting(first));
-  EXPECT_TRUE(world.offersAdd(second));
-  EXPECT_FALSE(world.showsMeeting(second));
-  world.clickAdd(second);
-  world.saveAndClose(first);
-  world.saveAndClose(second);
-  EXPECT_NE(world.record("one")["meetingKey"], world.record("two")["meetingKey"]);
-  EXPECT_TRUE(world.record("two")["meetingKey"].isPresent());
-}
-
-TEST(Road, AReplyForAClosedWindowTouchesNothing) {
-  RoadWorld world(calendarWith(kPlain));
-  const std::string before = world.calendarText();
-  const auto editor = world.openEditor("one");
-  world.host.clickBar(editor, "onClickAddVornMeeting:");
-  world.host.closeWithoutSaving(editor);
-  world.settle(120);
-  EXPECT_EQ(world.calendarText(), before);
-  EXPECT_THAT(world.host.editors(), IsEmpty());
-}
-
 TEST(Road, AWindowMayCloseBeforeAnyReply) {
   const auto closeBefore = [](RoadWorld& world, RoadWorld::EditorId& editor, std::size_t reply) {
     world.client->setInterference([&world, &editor, reply, seen = std::make_shared<std::size_t>(0)](

@@ -65,6 +65,7 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
     const char* toldUUID;
     bool isSecondEdit;
     const char* key;
+    const char* originalNumber = "0";
   } rows[] = {
       {"of this appointment", "88", "uuid", false, "88"},
       {"of another appointment", "88", "other", false, "77"},
@@ -72,6 +73,7 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
       {"of none, to one of two edits", "88", nullptr, true, "77"},
       {"of this appointment, to one of two edits", "88", "uuid", true, "88"},
       {"without a meeting", "", "uuid", false, "77"},
+      {"of a personal meeting with a number of its own", "88", "uuid", false, "99", "99"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -85,7 +87,10 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
     window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
                                                                             meetingData(window, "77"));
     vnGetMeetingHelper& helper = *window.manager->getMeetingHelper();
-    helper.setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, row.toldKey}}), false);
+    helper.setMeetingData(
+        Value::dictionaryFromPairs(
+            {{vn_MeetingKey, row.toldKey}, {"usePMI", 1}, {"originalMeetingNumber", row.originalNumber}}),
+        false);
     helper.setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
     window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
     EXPECT_EQ(window.manager->getVornMeetingKey(), row.key);
