@@ -153,6 +153,20 @@ TEST_F(Catalogue, EachFormOfAMeetingReplyIsReadAsFarAsItGoes) {
   EXPECT_THAT(alertTexts(), IsEmpty());
 }
 
+TEST_F(Catalogue, OnlyARequestForThePersonalIdTakesItsNumberForOne) {
+  setProfile(Value::dictionaryFromPairs({{"roomMeetingId", "987"}}));
+  const std::string content = meetingReply({packed(Value::dictionaryFromPairs({{"meetingKey", "987"}}))});
+  const auto usesPMI = [&] { return owner.helper.getMeetingInfo()["setting"]["usePMI"].boolValue(); };
+  for (const bool forPMI : {true, false}) {
+    mgr->getMeeting(window, request("987", "", forPMI));
+    reply("4", content);
+    EXPECT_EQ(usesPMI(), forPMI);
+  }
+  mgr->getMeetingByApptUUID(window, Value());
+  reply("10", content);
+  EXPECT_FALSE(usesPMI());
+}
+
 TEST_F(Catalogue, AHugeReplyIsReadLikeASmallOne) {
   const std::string meeting = packed(Value::dictionaryFromPairs({{"meetingKey", "987"}}));
   mgr->getMeeting(window, request("987"));

@@ -17,6 +17,13 @@
 
 namespace vorn {
 
+namespace {
+
+// The command that the panel finishes when its user has put right what was refused.
+vnMeetingCommand wayOfNextCommit(bool isUpdate) { return isUpdate ? VnCmdChangeSettings : VnCmdAdd; }
+
+}  // namespace
+
 void vnAPICommitMeeting::setData(const Value& data) {
   m_dataMeetingInfo = Value::dictionary();
   m_dataMeetingInfo.addEntries(data);
@@ -27,17 +34,17 @@ int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
   if (checkMeetingInfoError()) return 0;
   // Without a manager nobody could show what is wrong, and the client decides.
   if (m_owner && !validateSecurityState()) {
-    reopenSettings(parentWindow, m_msgParamActionId, ErrorCode::kPasscodeUnfit);
+    reopenSettings(parentWindow, isUpdateMeeting(), ErrorCode::kPasscodeUnfit);
     return 0;
   }
   if (m_owner && !validateTemplateState()) {
-    m_owner->setMeetingAction(isUpdateMeeting() ? InnerOperation::kUpdate : InnerOperation::kSchedule);
+    m_owner->setMeetingAction(wayOfNextCommit(isUpdateMeeting()));
     // A copy, since the user's answer may bring the next request's data during the call.
     m_owner->showCommitWarning(parentWindow, Value(m_dataMeetingInfo));
     return 0;
   }
   if (m_owner && !validateTrackingFieldsState()) {
-    reopenSettings(parentWindow, m_msgParamActionId, ErrorCode::kTrackingFieldMissing);
+    reopenSettings(parentWindow, isUpdateMeeting(), ErrorCode::kTrackingFieldMissing);
     return 0;
   }
   // A head without its document would mean a meeting of nothing to the client. Asked before the gate, whose timers
@@ -51,10 +58,8 @@ int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
   return 0;
 }
 
-void vnAPICommitMeeting::reopenSettings(const HostObject& parentWindow, std::uint64_t operation, int code) {
-  // The number tells the panel's next commit which way to go.
-  m_owner->setMeetingAction(operation == InnerOperation::kUpdate ? InnerOperation::kUpdate
-                                                                 : InnerOperation::kSchedule);
+void vnAPICommitMeeting::reopenSettings(const HostObject& parentWindow, bool isUpdate, int code) {
+  m_owner->setMeetingAction(wayOfNextCommit(isUpdate));
   m_owner->showSettingsWindowWithCommitError(parentWindow, code);
 }
 
@@ -115,7 +120,7 @@ std::optional<CommandResult> vnAPICommitMeeting::onVornFeedback(int operation, c
   const int code = errorCode();
   if (code == ErrorCode::kPasscodeTooWeak || code == ErrorCode::kPasscodeUnfit ||
       code == ErrorCode::kSecurityOptionMissing) {
-    reopenSettings(*window, operation, code);
+    reopenSettings(*window, isUpdate, code);
     return std::nullopt;
   }
   if (code == ErrorCode::kPMIDisabled) updateSettingToNotUsePMI();

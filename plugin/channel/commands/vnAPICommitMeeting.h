@@ -45,7 +45,7 @@ class vnAPICommitMeeting : public vnAPICommandFor<CommitOwner> {
   static OptionalText getJodaTimezoneName(const OptionalText& name);
 
  private:
-  void reopenSettings(const HostObject& parentWindow, std::uint64_t operation, int code);
+  void reopenSettings(const HostObject& parentWindow, bool isUpdate, int code);
   OptionalText documentText() const;
   Value apptInfoDocument() const;
   Value settingDocument() const;
