@@ -22,13 +22,13 @@ std::string vnCommitWarning::getWarningMessage() const {
 void vnCommitWarning::showCommitWarning(const HostObject& parentWindow) const {
   Presenter::Alert alert;
   alert.message = formatText(localizedString("LN_Schedule_Template_Notavailable_220900"), {getWarningMessage()});
-  alert.defaultButton = localizedString("LN_Schedule_Template_ChooseAnotherTemplate_220900");
-  alert.alternateButton = localizedString("LN_Schedule_Template_NotUseTemplate_220900");
-  alert.icon = "warning.png";
+  alert.buttons = {localizedString("LN_Schedule_Template_ChooseAnotherTemplate_220900"),
+                   localizedString("LN_Schedule_Template_NotUseTemplate_220900")};
+  alert.icon = Presenter::kWarningIcon;
   traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.message}}); });
   // The notice keeps its data: another window's commit may be stopped before this one's answer comes.
   Registry::platform().presenter->showAlert(
-      parentWindow, alert, [parentWindow, data = m_meetingData](Presenter::Answer answer) {
+      parentWindow, alert, [parentWindow, data = m_meetingData](const Presenter::Answer& answer) {
         Registry::platform().notificationCenter->post(
             notify_Commit_ChooseAnotherTemplate, nullptr,
             Value::dictionaryFromPairs({{"parentWindow", parentWindow},
