@@ -28,7 +28,7 @@ void vnCommitWarning::showCommitWarning(const HostObject& parentWindow) const {
   traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.message}}); });
   // The notice keeps its data: another window's commit may be stopped before this one's answer comes.
   Registry::platform().presenter->showAlert(
-      parentWindow, alert, [parentWindow, data = m_meetingData](Presenter::Answer answer) {
+      parentWindow, alert, [parentWindow, data = m_meetingData](const Presenter::Answer& answer) {
         Registry::platform().notificationCenter->post(
             notify_Commit_ChooseAnotherTemplate, nullptr,
             Value::dictionaryFromPairs({{"parentWindow", parentWindow},
