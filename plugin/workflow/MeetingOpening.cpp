@@ -71,7 +71,7 @@ bool MeetingOpening::needGetMeetingWithApptUUID(vnECCalendarEvent& event) {
 }
 
 void MeetingOpening::getMeetingByApptUUID(MeetingWindow& window) {
-  m_askedUUID = window.apptUUID();
+  m_askedUUID = window.getApptUUID();
   Value request = Value::dictionary();
   request.set(vn_ApptInfo_OlApptUUID, m_askedUUID);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);

@@ -43,7 +43,7 @@ OptionalText MeetingWindow::shownLocation() {
   return shown ? shown->location() : std::nullopt;
 }
 
-OptionalText MeetingWindow::apptUUID() {
+OptionalText MeetingWindow::getApptUUID() {
   const vnECCalendarEvent* shown = event();
   return shown ? shown->UUID() : std::nullopt;
 }

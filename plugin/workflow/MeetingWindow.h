@@ -34,7 +34,7 @@ class MeetingWindow {
   HostObject parentWindow() const;
   // What the location field shows; the appointment's location where there is no field.
   OptionalText shownLocation();
-  OptionalText apptUUID();
+  OptionalText getApptUUID();
 
  private:
   MeetingWindow(std::shared_ptr<MeetingBar> bar, const HostObject& editor);

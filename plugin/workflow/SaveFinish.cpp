@@ -92,7 +92,7 @@ void SaveFinish::performHostsOperation(MeetingWindow& window) {
   const std::string_view operation = hostsOperation(window.bar()->olUIAction(), hasAttendees);
   if (operation.empty() || !window.proxy().isValidConnection()) return;
 
-  const bool uuidWasMissing = window.apptUUID().value_or("").empty();
+  const bool uuidWasMissing = window.getApptUUID().value_or("").empty();
   const HostObject parentWindow = window.parentWindow();
   const Value meetingData = m_manager.getVornMeetingData(window);
   const vnECCalendarEvent event(window.proxy().content());
@@ -108,7 +108,7 @@ void SaveFinish::performHostsOperation(MeetingWindow& window) {
   if (operation != kHostSaveColon) {
     // The host's operation may have closed the window. Its editor shows no event then, but the event itself lasts
     // until the host's call has unwound, and it has just got its UUID.
-    const OptionalText uuid = window.apptUUID();
+    const OptionalText uuid = window.getApptUUID();
     updateApptUUIDToMeeting(parentWindow, uuid ? uuid : event.UUID(), meetingData, uuidWasMissing);
   }
   if (isClose(operation)) closeWindowLater(window, answer.value);

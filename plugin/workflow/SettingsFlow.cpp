@@ -93,6 +93,10 @@ void SettingsFlow::onInvokeSettingCommit(const Value& userInfo) {
   m_manager.onExcuteCommandFinished(m_manager.getMeetingAction(), userInfo);
 }
 
+bool SettingsFlow::isEnableRecurrence(MeetingWindow& window) {
+  return m_manager.getVornMeetingData(window)[vn_Outlook_ApptInfo][vn_ApptInfo_Recurrence].boolValue();
+}
+
 // -- Change ------------------------------------------------------------------------------------------------------
 
 int SettingsFlow::changeSettings(MeetingWindow& window) {

@@ -35,6 +35,8 @@ class SettingsFlow {
 
   // Fetches the personal meeting, in the state that says what for. Nothing, not even the state, without a profile.
   void getPMIMeetingInfo(MeetingWindow& window, std::uint64_t state);
+  // Whether the appointment is a series. For the panel, which hides what a series cannot have.
+  bool isEnableRecurrence(MeetingWindow& window);
   // The address scheduled for; "" for oneself.
   static std::string getScheduldForEmailFromUI(MeetingWindow& window);
 
