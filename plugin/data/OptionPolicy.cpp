@@ -1,5 +1,7 @@
 #include "data/OptionPolicy.h"
 
+#include <algorithm>
+
 namespace vorn {
 
 bool AccountQuestion::speaks(const AccountFacts& account) const {

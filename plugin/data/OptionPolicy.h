@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -9,7 +8,8 @@
 #include "data/vnSettingKeys.h"
 #include "util/MemberName.h"
 
-// Who has a say in an option of a meeting: the one authority for the record, for the diagnosis and for the panel.
+// Who has a say in an option of a meeting. The rules of the record ask it who offers, gives and locks an option;
+// the diagnosis tells all of it.
 
 namespace vorn {
 
@@ -121,7 +121,7 @@ inline constexpr OptionPolicy kRows[] = {
      .meeting = ownNumber},
     {.key = vn_Setting_MeetingPassword,
      .words = "passcode",
-     .givenBy = {asking<&F::isEnablePMIRequirePassword>},
+     .givenBy = {asking<&F::isEnablePMIRequirePassword>, asking<&F::isEnableForcePMIJBHWithPassword>},
      .meeting = personalNumber},
     {.key = vn_Setting_EnableJBH,
      .words = "join before host",
@@ -187,7 +187,9 @@ inline constexpr OptionPolicy kRows[] = {
      .words = "waiting room",
      .givenBy = {asking<&F::isEnableWaitingRoom>},
      .lockedBy = asking<&F::isLockWaitingRoom>},
-    {.key = vn_Setting_SupportWaitingRoom, .words = "waiting room is offered"},
+    {.key = vn_Setting_SupportWaitingRoom,
+     .words = "waiting room is offered",
+     .lockedBy = asking<&F::isLockWaitingRoom>},
     {.key = vn_Setting_EnableRegionCustomization,
      .words = "data centres are chosen",
      .givenBy = {asking<&F::isEnableRegionCustomization>}},
@@ -219,8 +221,10 @@ inline constexpr OptionPolicy kRows[] = {
 // The policy of an option, and of two the one for that meeting. A key that the table lacks does not compile.
 consteval const OptionPolicy& policyOf(std::string_view key,
                                        OptionPolicy::Meeting meeting = OptionPolicy::Meeting::any) {
-  return *std::find_if(std::begin(option_policy::kRows), std::end(option_policy::kRows),
-                       [&](const OptionPolicy& row) { return row.key == key && row.meeting == meeting; });
+  for (const OptionPolicy& row : option_policy::kRows) {
+    if (row.key == key && row.meeting == meeting) return row;
+  }
+  throw "the table has no such row";
 }
 
 }  // namespace vorn

@@ -35,12 +35,13 @@ void vnUserProfileHelper::setData(const Value& profile) {
 }
 
 void vnUserProfileHelper::rememberAccount() {
-  // A reply that nobody can read says nothing about the account.
+  // A reply that nobody can read says nothing about the account. With a message that does not decode, the user is
+  // the one of the message before, and the rest of the reply need not be theirs.
   const OptionalText userId = getUID();
-  if (!userId) return;
+  const Parser* parser = hasProto() ? userProfileProtoParse().get() : nullptr;
+  if (!userId || userId->empty() || (getProto() && !parser)) return;
   if (m_lastKnown.userId != userId) m_lastKnown = {userId, std::nullopt, Value()};
   m_lastKnown.bosses = bossesInfo();
-  const Parser* parser = hasProto() ? userProfileProtoParse().get() : nullptr;
   if (!parser) return;
   if (const std::optional<std::int32_t> told = parser->GetUserType()) m_lastKnown.userType = told;
 }

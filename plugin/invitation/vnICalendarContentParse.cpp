@@ -139,7 +139,10 @@ OptionalText vnICalendarContentParse::getMeetingNumberFromDescription(const Opti
   if (isEmpty(description)) return std::nullopt;
   const OptionalText fromUrl = parseMeetingNumberWithJoinUrlFromDescription(description);
   if (fromUrl && utf16Length(*fromUrl) >= kFewestDigits) return fromUrl;
-  const std::string text = replacingAll(replacingAll(*description, "\r\n", ""), "\\n", "\n");
+  // A line may also be folded with a tab. Left there it would end the number, and its first part is another
+  // meeting's.
+  const std::string unfolded = replacingAll(replacingAll(*description, "\r\n\t", ""), "\r\n", "");
+  const std::string text = replacingAll(unfolded, "\\n", "\n");
   std::optional<std::string_view> number = behind(text, kMeetingLabel);
   if (!number) number = behind(text, kMeetingLabelWithTwoBlanks);
   if (!number) return std::nullopt;

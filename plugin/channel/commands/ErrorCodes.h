@@ -1,6 +1,6 @@
 #pragma once
 
-// The codes of errors: up to 9, 999 and 9999 are the plug-in's own, all others the client's.
+// The codes of errors: up to 9, 555, 999 and 9999 are the plug-in's own, all others the client's.
 
 namespace vorn::ErrorCode {
 
@@ -10,7 +10,7 @@ inline constexpr int kNoInternet = 3;
 inline constexpr int kClientNotRunning = 5;
 inline constexpr int kClientTooOld = 6;
 inline constexpr int kNotSignedIn = 7;
-// A required tracking field has no value. The client never sends it.
+// A required tracking field has no value.
 inline constexpr int kTrackingFieldMissing = 555;
 inline constexpr int kEmptyReply = 999;
 inline constexpr int kAlternateHostsFirst = 1113;

@@ -16,7 +16,6 @@ namespace {
 
 // The second of exactly two parts of the first line whose first part is the name.
 OptionalText mappedName(std::string_view map, std::string_view name) {
-  const std::string wanted = caseFolded(name);
   while (!map.empty()) {
     const std::size_t end = map.find('\n');
     const std::string_view line = map.substr(0, end);
