@@ -3,9 +3,12 @@
 #include <vector>
 
 #include "host/proxies/vnECCalendarEvent.h"
-#include "host/proxies/vnERCalendarEventEditorViewController.h"
+#include "host/proxies/vnECRecordUID.h"
 #include "platform/Registry.h"
+#include "workflow/ApptIdentity.h"
+#include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnSavePreparation.h"
 
 namespace vorn {
 
@@ -13,7 +16,8 @@ namespace {
 
 struct Save {
   std::shared_ptr<MeetingBar> bar;
-  // What its editor shows; a window that the host closes while it saves shows nothing any more.
+  HostObject editor;
+  // What the editor shows; a window that the host closes while it saves shows nothing any more.
   HostObject event;
 };
 
@@ -21,46 +25,50 @@ struct RunningSaves {
   std::vector<Save> innermostLast;
 };
 
-HostObject shownEvent(MeetingBar& bar) {
-  return vnERCalendarEventEditorViewController(bar.editorViewController()).content();
-}
+std::vector<Save>& saves() { return Registry::shared<RunningSaves>().innermostLast; }
 
-bool isStored(const vnECCalendarEvent& event) { return !event.UUID().value_or("").empty(); }
-
-// The items of a series share a UUID, so their records or their places in the series have to tell them apart.
-bool isSameAppointment(const HostObject& shown, const HostObject& record) {
-  if (shown && shown == record) return true;
-  const vnECCalendarEvent one(shown);
-  const vnECCalendarEvent other(record);
-  if (!isStored(one) || one.UUID() != other.UUID()) return false;
-  const Value oneId = one.recordID();
-  const Value otherId = other.recordID();
-  if (oneId.isPresent() && otherId.isPresent()) return oneId == otherId;
-  return one.recurrenceId() == other.recurrenceId();
+// A record that the host has stored before, and not the one that a new appointment is just getting.
+bool existsAlready(const HostObject& record) {
+  if (!isStoredAppointment(record)) return false;
+  const HostObject uid = vnECCalendarEvent(record).recordUID();
+  return uid && vnECRecordUID(uid).recordExists();
 }
 
 }  // namespace
 
-RunningSave::RunningSave(const std::shared_ptr<MeetingBar>& bar) {
-  Registry::shared<RunningSaves>().innermostLast.push_back(Save{bar, bar ? shownEvent(*bar) : HostObject()});
+RunningSave::RunningSave(const std::shared_ptr<MeetingBar>& bar)
+    : RunningSave(bar, bar ? bar->editorViewController() : HostObject()) {}
+
+RunningSave RunningSave::ofEditor(const HostObject& editor) {
+  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  const bool goesOn = !bar && editor && !saves().empty() && saves().back().editor == editor;
+  return {goesOn ? saves().back().bar : bar, editor};
+}
+
+RunningSave::RunningSave(const std::shared_ptr<MeetingBar>& bar, const HostObject& editor) {
+  if (bar) renewDataToStore(bar);
+  const HostObject shown = bar ? shownAppointment(*bar) : HostObject();
+  const bool hasClosed = bar && !shown && !saves().empty() && saves().back().bar == bar;
+  const HostObject event = hasClosed ? saves().back().event : shown;
+  saves().push_back(Save{bar, editor, event});
 }
 
 RunningSave::~RunningSave() {
   // The host may have ended this system, and with it the list, inside its save.
-  auto& saves = Registry::shared<RunningSaves>().innermostLast;
-  if (!saves.empty()) saves.pop_back();
+  if (!saves().empty()) saves().pop_back();
 }
 
 std::shared_ptr<MeetingBar> RunningSave::windowOfRecord(const HostObject& record) {
-  const auto& saves = Registry::shared<RunningSaves>().innermostLast;
-  if (!saves.empty()) {
-    const Save& save = saves.back();
+  if (!saves().empty()) {
+    // A copy: the host may begin another save while it is asked.
+    const Save save = saves().back();
     if (!save.bar) return nullptr;
-    const bool isNew = !isStored(vnECCalendarEvent(save.event));
-    return isNew || isSameAppointment(save.event, record) ? save.bar : nullptr;
+    const bool isOurs = isStoredAppointment(save.event) ? isSameAppointment(save.event, record)
+                                                        : save.event == record || !existsAlready(record);
+    return isOurs ? save.bar : nullptr;
   }
   for (const auto& bar : vnApptDataForSaveRecord::sharedInstance().windows()) {
-    if (isSameAppointment(shownEvent(*bar), record)) return bar;
+    if (isSameAppointment(shownAppointment(*bar), record)) return bar;
   }
   return nullptr;
 }

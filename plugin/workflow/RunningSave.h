@@ -14,8 +14,12 @@ namespace vorn {
 // since it has no identity before. Scopes nest, because the host may run its loop inside a save. Main thread only.
 class RunningSave {
  public:
+  // A save of the bar's window begins. What the window has left for its store is brought up to what it shows now.
   // A null bar says that no window is being saved: the host stores an edit that was made on the calendar.
   explicit RunningSave(const std::shared_ptr<MeetingBar>& bar);
+  // The same by the host's editor. One that has lost its bar in a save that is still running goes on with that
+  // one.
+  static RunningSave ofEditor(const HostObject& editor);
   ~RunningSave();
   RunningSave(const RunningSave&) = delete;
   RunningSave& operator=(const RunningSave&) = delete;
@@ -23,6 +27,9 @@ class RunningSave {
   // The window whose appointment the record is, which the host is about to store. Null for an appointment that no
   // window is saving; outside of any save, one that a window shows which has left something for its store.
   static std::shared_ptr<MeetingBar> windowOfRecord(const HostObject& record);
+
+ private:
+  RunningSave(const std::shared_ptr<MeetingBar>& bar, const HostObject& editor);
 };
 
 }  // namespace vorn

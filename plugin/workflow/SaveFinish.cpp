@@ -87,7 +87,6 @@ void SaveFinish::closeOLAppointment(const HostObject& editor) {
 }
 
 void SaveFinish::performHostsOperation(MeetingWindow& window) {
-  renewBodyToStore(window.proxy());
   const bool hasAttendees = !window.proxy().attendeeList().items().empty();
   const std::string_view operation = hostsOperation(window.bar()->olUIAction(), hasAttendees);
   if (operation.empty() || !window.proxy().isValidConnection()) return;

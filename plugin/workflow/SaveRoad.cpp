@@ -19,6 +19,14 @@ void notifyActionResultToCalActionMgr(const Value& response) {
   vnCalendarActionMgr::sharedInstance().setActionResultData(response);
 }
 
+void showPersonalMeeting(const OptionalText& windowId, const Value& meetingInfo) {
+  SettingsPanel* panel = openSettingsPanel(windowId);
+  if (!panel) return;
+  vnGetScheduleForListHelper::sharedInstance().setPMIInfoWithScheduleFor(meetingInfo);
+  panel->setPMIMeetingInfo(meetingInfo);
+  settingsPanels()->refreshSettingWindow(*windowId, true);
+}
+
 }  // namespace
 
 // -- Schedule and update -----------------------------------------------------------------------------------------
@@ -115,13 +123,7 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
       break;
     case VnStateCommitting: commitUpdateMeeting(window, meetingDataOfReply(window, info)); break;
     case VnStateCommitted: writeCommittedMeeting(window, info); break;
-    case VnStatePMIForSettings:
-      if (SettingsPanel* panel = openSettingsPanel(window.id())) {
-        vnGetScheduleForListHelper::sharedInstance().setPMIInfoWithScheduleFor(info);
-        panel->setPMIMeetingInfo(info);
-        settingsPanels()->refreshSettingWindow(*window.id(), true);
-      }
-      break;
+    case VnStatePMIForSettings: showPersonalMeeting(window.id(), info); break;
     case VnStatePMIForSchedule: m_manager.sendVnMeetingCommand(VnCmdSchedule, window.editor()); break;
     case VnStatePMIForUpdate:
       m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingDataOfReply(window, info));

@@ -9,13 +9,15 @@
 #include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnMeetingMgrMonitor.h"
 #include "workflow/vnPACMeetingMgr.h"
+#include "workflow/vnSavePreparation.h"
 
 namespace vorn {
 
 void StoreTimeWriter::write(const HostObject& record) {
   const auto bar = RunningSave::windowOfRecord(record);
   if (!bar) return;
-  StoreTimeWriter writer(record, vnApptDataForSaveRecord::sharedInstance().take(bar.get()),
+  renewDataToStore(bar);
+  StoreTimeWriter writer(record, vnApptDataForSaveRecord::sharedInstance().take(bar),
                          vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get()));
   if (vnCalendarActionMgr::sharedInstance().isCurVornMeeting(record)) {
     writer.updateVnKeyInfoToAppointment();

@@ -26,7 +26,8 @@ void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   const bool isHTML = meeting.supportHtmlEmail();
   const OptionalText invitation = isHTML ? meeting.getInviteHtmlEmail() : meeting.getInviteEmail();
   m_manager.emailBodyMgr()->updateMailBody(window.editor(), invitation, false, isHTML);
-  m_firstInvitationIsDue = false;
+  // Without an invitation nothing was written, and the body still has no bookmarks.
+  if (window.proxy().isValidConnection() && !invitation.value_or("").empty()) m_firstInvitationIsDue = false;
 }
 
 void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo,
@@ -58,17 +59,19 @@ void WriteBack::updateLocation(MeetingWindow& window, const OptionalText& joinUr
   data.setJoinUrl(joinUrl);
   // Without a bar there is no location of ours, and nobody to leave anything for.
   if (!window.bar()) return;
-  ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window.bar());
-  OptionalText location = rule.getVnLocation(window);
-  if (location) left.setVnLocation(location);
-  if (storedJoinUrl) left.setJoinURLFromProperty(storedJoinUrl);
+  const OptionalText ours = rule.getVnLocation(window);
+  const bool isDue = rule.needUpdateLocation(window, m_manager.getMeetingAction(), oldJoinUrl);
+  OptionalText location = ours;
+  if (ours && !userLocation.empty()) location = userLocation + "; " + *ours;
+  if (isDue && location) showLocation(window, *location);
 
-  if (!rule.needUpdateLocation(window, m_manager.getMeetingAction(), oldJoinUrl)) {
+  ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window.bar());
+  if (ours) left.setVnLocation(ours);
+  if (storedJoinUrl) left.setJoinURLFromProperty(storedJoinUrl);
+  if (!isDue) {
     left.setOLNewLocation("");
   } else if (location) {
-    if (!userLocation.empty()) location = userLocation + "; " + *location;
     left.setOLNewLocation(location);
-    showLocation(window, *location);
   }
 }
 

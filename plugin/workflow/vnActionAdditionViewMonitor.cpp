@@ -14,8 +14,10 @@ HostObject contentOf(const HostObject& editor) {
 }
 
 template <typename Matches>
-std::shared_ptr<MeetingBar> firstMatch(const std::vector<std::shared_ptr<MeetingBar>>& bars,
+std::shared_ptr<MeetingBar> firstMatch(const std::vector<std::shared_ptr<MeetingBar>>& listed,
                                        const Matches& matches) {
+  // A copy: each look asks the host, which may open or close a window meanwhile.
+  const auto bars = listed;
   const auto found = std::find_if(bars.begin(), bars.end(), [&](const auto& bar) { return matches(*bar); });
   return found == bars.end() ? nullptr : *found;
 }

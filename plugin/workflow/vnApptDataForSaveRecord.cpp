@@ -5,6 +5,7 @@
 
 #include "platform/ClassRuntime.h"
 #include "platform/Registry.h"
+#include "workflow/ApptIdentity.h"
 
 namespace vorn {
 
@@ -12,9 +13,22 @@ vnApptDataForSaveRecord& vnApptDataForSaveRecord::sharedInstance() {
   return Registry::shared<vnApptDataForSaveRecord>();
 }
 
-ApptSaveData& vnApptDataForSaveRecord::of(const std::shared_ptr<MeetingBar>& bar) {
+ApptSaveData* vnApptDataForSaveRecord::find(const std::shared_ptr<MeetingBar>& bar) {
   const auto found = std::find_if(m_left.begin(), m_left.end(), [&](const Left& left) { return left.bar == bar; });
-  return found != m_left.end() ? found->data : m_left.emplace_back(Left{bar, {}}).data;
+  if (found == m_left.end()) return nullptr;
+  ApptSaveData& data = found->data;
+  const HostObject appointment = found->appointment;
+  const HostObject shown = shownAppointment(*bar);
+  // A window that has closed shows nothing, and its save may still be under way.
+  if (!shown || shown == appointment || isSameAppointment(shown, appointment)) return &data;
+  cleanup(bar.get());
+  return nullptr;
+}
+
+ApptSaveData& vnApptDataForSaveRecord::of(const std::shared_ptr<MeetingBar>& bar) {
+  if (ApptSaveData* left = find(bar)) return *left;
+  const HostObject shown = shownAppointment(*bar);
+  return m_left.emplace_back(Left{bar, shown, {}}).data;
 }
 
 std::vector<std::shared_ptr<MeetingBar>> vnApptDataForSaveRecord::windows() const {
@@ -23,12 +37,10 @@ std::vector<std::shared_ptr<MeetingBar>> vnApptDataForSaveRecord::windows() cons
   return bars;
 }
 
-ApptSaveData vnApptDataForSaveRecord::take(const MeetingBar* bar) {
-  ApptSaveData taken;
-  for (Left& left : m_left) {
-    if (left.bar.get() == bar) taken = std::move(left.data);
-  }
-  cleanup(bar);
+ApptSaveData vnApptDataForSaveRecord::take(const std::shared_ptr<MeetingBar>& bar) {
+  ApptSaveData* left = find(bar);
+  ApptSaveData taken = left ? std::move(*left) : ApptSaveData();
+  cleanup(bar.get());
   return taken;
 }
 

@@ -43,19 +43,23 @@ class ApptSaveData {
 // The one place of the process where windows leave what their saves have to write, and where the host's editors
 // find their body editors.
 //
-// Several windows may wait for their saves at once, so what each left is kept under its bar and reaches no other
-// appointment. It goes with the store that writes it, or with the window. Main thread only.
+// Several windows may wait for their saves at once, so what each left is kept under its bar and the appointment
+// that its editor showed, and reaches no other one. It goes with the store that writes it, with the window, or
+// when the window turns to another appointment. Main thread only.
 class vnApptDataForSaveRecord {
  public:
   static vnApptDataForSaveRecord& sharedInstance();
 
-  // What the bar's window has left; empty data when it has left nothing yet. The reference is good until they are
-  // taken or cleaned up. The bar must not be null.
+  // Where the bar's window leaves what the save of the appointment that it shows has to write. The reference is
+  // good until the host is called again, which may store the appointment. The bar must not be null.
   ApptSaveData& of(const std::shared_ptr<MeetingBar>& bar);
+  // What the window has left; null when it has left nothing for the appointment that it shows. Good as long as
+  // that.
+  ApptSaveData* find(const std::shared_ptr<MeetingBar>& bar);
   // The windows that have left something.
   std::vector<std::shared_ptr<MeetingBar>> windows() const;
   // Ends the save of the bar's window: whatever it has left is given out, and forgotten here.
-  ApptSaveData take(const MeetingBar* bar);
+  ApptSaveData take(const std::shared_ptr<MeetingBar>& bar);
   void cleanup(const MeetingBar* bar);
 
   // The host's body editor that was hosted last by this editor; absent when none was. Nothing is owned.
@@ -66,6 +70,7 @@ class vnApptDataForSaveRecord {
  private:
   struct Left {
     std::shared_ptr<MeetingBar> bar;
+    HostObject appointment;
     ApptSaveData data;
   };
   struct Hosted {

@@ -17,32 +17,35 @@ std::shared_ptr<MeetingBar> barOfEditor(const HostObject& editor) {
 
 void vn_preHandleVnMeeting(const HostObject& editor) {
   const auto bar = barOfEditor(editor);
-  if (!bar) return;
-  vnERCalendarEventEditorViewController proxy(editor);
-  if (!bar->currentIsVornMeeting()) return renewBodyToStore(proxy);
+  if (!bar || !bar->currentIsVornMeeting()) return;
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
   if (bar->fromFieldChanged() && manager && !manager->getMeetingHelper()->supportHtmlEmail()) {
     vn_convertMailBodyToPlainText(editor);
   }
+  vnERCalendarEventEditorViewController proxy(editor);
   vn_preSaveDataBeforeSaveAndClose(proxy);
 }
 
 void vn_preSaveDataBeforeSaveAndClose(vnERCalendarEventEditorViewController& editor) {
   const auto bar = barOfEditor(editor.getDelegate());
   if (!bar) return;
-  ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
   const OptionalText body = editor.bodyContent().optionalText();
-  if (body && !htmlShowsNothing(*body)) save.setOLNewBody(body);
-  if (bar->isDeleteVornMeeting()) return;
-  if (const OptionalText location = editor.getLocationFromUI()) save.setOLNewLocation(location);
+  const OptionalText location = bar->isDeleteVornMeeting() ? std::nullopt : editor.getLocationFromUI();
+  ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(bar);
+  if (body && !htmlShowsNothing(*body)) left.setOLNewBody(body);
+  if (location) left.setOLNewLocation(location);
 }
 
-void renewBodyToStore(vnERCalendarEventEditorViewController& editor) {
-  const auto bar = barOfEditor(editor.getDelegate());
-  if (!bar) return;
-  ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
-  if (!save.getOLNewBody()) return;
-  if (const OptionalText body = editor.bodyContent().optionalText()) save.setOLNewBody(body);
+void renewDataToStore(const std::shared_ptr<MeetingBar>& bar) {
+  const vnERCalendarEventEditorViewController editor(bar->editorViewController());
+  const OptionalText body = editor.bodyContent().optionalText();
+  const OptionalText location = editor.getLocationFromUI();
+  ApptSaveData* left = vnApptDataForSaveRecord::sharedInstance().find(bar);
+  if (!left) return;
+  if (body && left->getOLNewBody()) left->setOLNewBody(body);
+  // The empty location of a meeting says that none is to be written; only a cleaned one may be empty.
+  const bool isNoted = !left->getOLNewLocation().value_or("").empty() || left->needClearLocation();
+  if (location && isNoted) left->setOLNewLocation(location);
 }
 
 void vn_convertMailBodyToPlainText(const HostObject& editor) {

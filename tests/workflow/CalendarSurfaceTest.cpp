@@ -6,6 +6,7 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnECCalendarEvent.h"
 #include "meeting.pb.h"
+#include "tests/workflow/FakeClient.h"
 #include "tests/workflow/FakeWindow.h"
 #include "util/EncodeUtils.h"
 #include "workflow/vnCalendarActionMgr.h"
@@ -59,30 +60,35 @@ TEST_F(CalendarEdit, GoesOnAtTheReplyOnce) {
 
 // The reply has no number of its request, so what it names decides whether it is believed.
 TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
-  const struct {
+  FakeClient::install(test);
+  struct Row {
     const char* name;
     const char* toldKey;
     const char* toldUUID;
-    bool isSecondEdit;
+    enum { alone, behindOne, behindARefusedOne } edit;
     const char* key;
     const char* originalNumber = "0";
-  } rows[] = {
-      {"of this appointment", "88", "uuid", false, "88"},
-      {"of another appointment", "88", "other", false, "77"},
-      {"of none, to the only edit", "88", nullptr, false, "88"},
-      {"of none, to one of two edits", "88", nullptr, true, "77"},
-      {"of this appointment, to one of two edits", "88", "uuid", true, "88"},
-      {"without a meeting", "", "uuid", false, "77"},
-      {"of a personal meeting with a number of its own", "88", "uuid", false, "99", "99"},
+  };
+  const Row rows[] = {
+      {"of this appointment", "88", "uuid", Row::alone, "88"},
+      {"of another appointment", "88", "other", Row::alone, "77"},
+      {"of none, to the only edit", "88", nullptr, Row::alone, "88"},
+      {"of none, to one of two edits", "88", nullptr, Row::behindOne, "77"},
+      {"of none, to the second of two edits, the first refused", "88", nullptr, Row::behindARefusedOne, "88"},
+      {"of this appointment, to one of two edits", "88", "uuid", Row::behindOne, "88"},
+      {"without a meeting", "", "uuid", Row::alone, "77"},
+      {"of a personal meeting with a number of its own", "88", "uuid", Row::alone, "99", "99"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     FakeWindow window(test);
     com::tidemar::webapp::proto::MeetingProto message;
     if (row.toldUUID) message.set_extinfo(R"({"olApptUUID":")" + std::string(row.toldUUID) + "\"}");
-    if (row.isSecondEdit) {
+    if (row.edit != Row::alone) {
+      if (row.edit == Row::behindARefusedOne) test.workspace.running.clear();
       window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
                                                                               meetingData(window, "66"));
+      test.workspace.running.insert("us.vorn.xos");
     }
     window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
                                                                             meetingData(window, "77"));

@@ -42,8 +42,8 @@ inline void defineWindowClasses(EmbeddedClassRuntime& runtime) {
   answers("NSView", "window");
   answers("NSTextField", "stringValue");
   takes("NSTextField", "setStringValue:", "stringValue");
-  for (const char* key :
-       {"summary", "location", "body", "attendeeList", "UUID", "olmUCInband", "isOwner", "recurrenceId"}) {
+  for (const char* key : {"summary", "location", "body", "attendeeList", "UUID", "olmUCInband", "isOwner",
+                          "recurrenceId", "recordUID"}) {
     answers("ECCalendarEvent", key);
   }
   takes("ECCalendarEvent", "setLocation:", "location");

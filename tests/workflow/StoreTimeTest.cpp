@@ -281,6 +281,52 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
   }
 }
 
+TEST_F(StoreTime, WhatTheUserTypedSinceItWasNotedIsStored) {
+  for (const bool isCancelled : {true, false}) {
+    FakeWindow window(test);
+    window.set(window.bar->event, "UUID", "A");
+    ApptSaveData& mine = left.of(window.bar);
+    mine.setNeedClearLocation(isCancelled);
+    mine.setVnLocation("url");
+    mine.setOLNewLocation("Castle");
+    window.showLocation("Castle, east wing");
+    const HostObject object = record(
+        {{"UUID", "A"}, {"olmUCInband", isCancelled ? "" : kMeetingRecord}, {"location", "Castle, east wing"}});
+    StoreTimeWriter::write(object);
+    EXPECT_EQ(stored(object, "location").text(), "Castle, east wing") << isCancelled;
+  }
+}
+
+TEST_F(StoreTime, AWindowThatTurnsToTheSeriesLeavesNothingOfTheItemForIt) {
+  FakeWindow window(test);
+  window.set(window.bar->event, "UUID", "A");
+  window.set(window.bar->event, "recurrenceId", "20261123");
+  left.of(window.bar).setNeedClearLocation(true);
+  left.of(window.bar).setOLNewBody("<p>the item</p>");
+  const HostObject series = record({{"UUID", "A"}, {"body", "<p>the series</p>"}});
+  window.set(window.bar->editor, "content", series);
+  const RunningSave running(window.bar);
+  StoreTimeWriter::write(series);
+  EXPECT_EQ(stored(series, "body").text(), "<p>the series</p>");
+}
+
+TEST_F(StoreTime, AnotherRecordInsideTheFirstSaveOfANewAppointmentIsNotTakenForIt) {
+  FakeWindow window(test);
+  left.of(window.bar).setNeedClearLocation(true);
+  left.of(window.bar).setOLNewBody("<p>new</p>");
+  test.classRuntime.defineClass("ECRecordUID");
+  test.classRuntime.setInstanceMethod("ECRecordUID", "recordExists",
+                                      [](const HostObject&, const Arguments&) { return Value(true); });
+  const HostObject uid = test.classRuntime.create("ECRecordUID");
+  const HostObject other = record({{"UUID", "B"}, {"recordUID", uid}, {"body", "<p>other</p>"}});
+  const HostObject own = record({{"UUID", "C"}, {"body", ""}});
+  const RunningSave running(window.bar);
+  StoreTimeWriter::write(other);
+  StoreTimeWriter::write(own);
+  EXPECT_EQ(stored(other, "body").text(), "<p>other</p>");
+  EXPECT_EQ(stored(own, "body").text(), "<p>new</p>");
+}
+
 TEST_F(StoreTime, AWindowThatGoesTakesAlongWhatItHasLeft) {
   FakeWindow window(test);
   left.of(window.bar).setOLNewBody("<p>mine</p>");

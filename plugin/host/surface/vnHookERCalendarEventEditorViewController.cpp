@@ -21,8 +21,7 @@ const Value kNotClosed(-1);
 
 // Runs the host's own save, or a part of one, as that of the receiver's window.
 Value forwardSave(HookCall& call) {
-  const RunningSave ofThisWindow(
-      vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(call.receiver()));
+  const RunningSave ofThisWindow = RunningSave::ofEditor(call.receiver());
   return call.forward();
 }
 
