@@ -201,7 +201,7 @@ TEST(AccountDefaults, NamesAsReasonsOnlyWhatTheAccountShows) {
     EXPECT_TRUE(!facts.contains("accessor") || known.contains(facts["accessor"])) << facts;
     if (facts.contains("lockedBy")) ++locks;
   }
-  EXPECT_EQ(locks, 18U);
+  EXPECT_EQ(locks, 19U);
 }
 
 TEST(AccountDefaults, LetsTheSavedProfileAndAnOldClientHaveTheirSay) {

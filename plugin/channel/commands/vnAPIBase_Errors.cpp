@@ -111,7 +111,8 @@ std::string vnAPIBase::refusedAlternateHosts(const HostObject& parentWindow) {
 std::string vnAPIBase::disabledPMIMessage(const HostObject& parentWindow) {
   const std::string key = m_pMeetingMgr ? m_pMeetingMgr->meetingKey().value_or("") : "";
   const std::string otherHost = m_pMeetingMgr ? m_pMeetingMgr->scheduleForEmail().value_or("") : "";
-  const std::string name = otherHost.empty() ? "" : m_pMeetingMgr->getDisplayNameWithOnbehalfEmail(otherHost);
+  const std::string name =
+      m_pMeetingMgr && !otherHost.empty() ? m_pMeetingMgr->getDisplayNameWithOnbehalfEmail(otherHost) : "";
   const std::string otherEnding = name.ends_with('s') ? "ScheduleForOtherWithSSuffix" : "ScheduleForOther";
 
   if (key.empty() && hidesSettings()) {
