@@ -10,7 +10,7 @@ namespace vorn {
 
 Value Diagnosis::window(const Value& parameters) {
   const HostObject editor = parameters["editor"].object();
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  const auto bar = barOfEditor(editor);
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
   if (!manager) return Value::dictionaryFromPairs({{"hasBar", bar != nullptr}});
   return Value::dictionaryFromPairs({{"hasBar", bar != nullptr},

@@ -5,7 +5,7 @@
 
 namespace vorn {
 
-// The two bounded functions that the rest of this system calls; their answers are those of tdm.
+// The two bounded functions by which a socket's address is filled; their answers are those of tdm.
 class vnSafeHelper {
  public:
   static std::int64_t vn_memcpy_s(void* destination, std::size_t destsz, const void* src, std::size_t count);

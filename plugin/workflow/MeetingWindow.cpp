@@ -21,9 +21,7 @@ MeetingWindow MeetingWindow::ofBar(const std::shared_ptr<MeetingBar>& bar) {
   return {bar, bar ? bar->editorViewController() : HostObject()};
 }
 
-MeetingWindow MeetingWindow::ofEditor(const HostObject& editor) {
-  return {bars().getVnActionAdditionViewByEditorViewCtrl(editor), editor};
-}
+MeetingWindow MeetingWindow::ofEditor(const HostObject& editor) { return {barOfEditor(editor), editor}; }
 
 MeetingWindow MeetingWindow::ofReply(const Value& data) {
   return ofBar(bars().getVnActionAdditionViewByApptWindowID(data[keyApptWindowID].optionalText()));

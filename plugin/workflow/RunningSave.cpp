@@ -40,7 +40,7 @@ RunningSave::RunningSave(const std::shared_ptr<MeetingBar>& bar)
     : RunningSave(bar, bar ? bar->editorViewController() : HostObject()) {}
 
 RunningSave RunningSave::ofEditor(const HostObject& editor) {
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  const auto bar = barOfEditor(editor);
   const bool goesOn = !bar && editor && !saves().empty() && saves().back().editor == editor;
   return {goesOn ? saves().back().bar : bar, editor};
 }

@@ -40,7 +40,7 @@ bool WorkflowDirectory::isOpenFromVornClient(const HostObject& editor) {
 }
 
 HostObject WorkflowDirectory::wordMailEditorForEditor(const HostObject& editor) {
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  const auto bar = barOfEditor(editor);
   return bar ? bar->olWordMailEditor() : HostObject();
 }
 
@@ -66,7 +66,7 @@ OptionalText WorkflowDirectory::mailBodyWithPACText(const OptionalText& sourceBo
 }
 
 void WorkflowDirectory::noteNewBody(const HostObject& editor, const OptionalText& body) {
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  const auto bar = barOfEditor(editor);
   if (bar) vnApptDataForSaveRecord::sharedInstance().of(bar).setOLNewBody(body);
 }
 

@@ -78,4 +78,8 @@ std::shared_ptr<MeetingBar> vnActionAdditionViewMonitor::getVnActionAdditionView
                     [&](MeetingBar& bar) { return bar.getAppointmentWindowID() == windowId; });
 }
 
+std::shared_ptr<MeetingBar> barOfEditor(const HostObject& editor) {
+  return vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+}
+
 }  // namespace vorn

@@ -29,4 +29,7 @@ class vnActionAdditionViewMonitor {
   std::vector<std::shared_ptr<MeetingBar>> g_vnAdditionViewList;
 };
 
+// The bar of the window in which the host's editor is; null without one.
+std::shared_ptr<MeetingBar> barOfEditor(const HostObject& editor);
+
 }  // namespace vorn

@@ -10,7 +10,7 @@ void vnActionResultMgr::setActionResultData(const Value& response) {
 }
 
 bool vnActionResultMgr::getActionResultWithCalEventEditorViewCtrl(const HostObject& editor) const {
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  const auto bar = barOfEditor(editor);
   return bar && bar->getActionResult();
 }
 

@@ -13,7 +13,7 @@ namespace vorn {
 vnApptUIActionMgr& vnApptUIActionMgr::sharedInstance() { return Registry::shared<vnApptUIActionMgr>(); }
 
 int vnApptUIActionMgr::handleVNMeeting(const HostObject& editor, const Value& data) {
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  const auto bar = barOfEditor(editor);
   if (!bar) return VnHandlePassOn;
   if (data.isPresent()) bar->setOLUIAction(data[keyApptViewActionID]);
 
@@ -68,7 +68,7 @@ int vnApptUIActionMgr::changeVNMeeting(const std::shared_ptr<MeetingBar>& bar, i
 }
 
 void vnApptUIActionMgr::updateSavedLocationForSaveOrSend(const HostObject& editor) {
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
+  const auto bar = barOfEditor(editor);
   const OptionalText location = vnERCalendarEventEditorViewController(editor).getLocationFromUI();
   if (bar && location) vnApptDataForSaveRecord::sharedInstance().of(bar).setOLNewLocation(location);
 }

@@ -7,14 +7,6 @@
 
 namespace vorn {
 
-namespace {
-
-std::shared_ptr<MeetingBar> barOfEditor(const HostObject& editor) {
-  return vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor);
-}
-
-}  // namespace
-
 void vn_preHandleVnMeeting(const HostObject& editor) {
   const auto bar = barOfEditor(editor);
   if (!bar || !bar->currentIsVornMeeting()) return;

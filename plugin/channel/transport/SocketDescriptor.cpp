@@ -10,7 +10,10 @@
 #include <cerrno>
 #include <cstddef>
 
+#include "channel/transport/vnIPCConstants.h"
 #include "util/HighDescriptor.h"
+#include "util/tdm.h"
+#include "util/vnSafeHelper.h"
 
 namespace vorn {
 
@@ -45,15 +48,17 @@ std::shared_ptr<SocketDescriptor> SocketDescriptor::make() {
 SocketDescriptor::~SocketDescriptor() { ::close(m_number); }
 
 bool SocketDescriptor::connectTo(const std::string& path) {
-  sockaddr_un address{};
+  sockaddr_un address;
+  if (tdm::memset_s(&address, sizeof address, 0, sizeof address) != 0) return false;
   address.sun_family = AF_UNIX;
-  const std::size_t count = std::min(path.size(), sizeof address.sun_path);
-  std::copy_n(path.data(), count, address.sun_path);
-  const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + count);
+  const std::size_t length = vnSafeHelper::vn_strnlen_s(path.c_str(), kIPCLongestPathInBytes);
+  const std::size_t count = std::min(length, sizeof address.sun_path);
+  if (count == 0 || vnSafeHelper::vn_memcpy_s(address.sun_path, count, path.data(), count) != 0) return false;
+  const auto addressLength = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + count);
 
   const auto tryOnce = [&] {
     const std::lock_guard lock(m_connecting);
-    return ::connect(m_number, reinterpret_cast<const sockaddr*>(&address), length) == 0 ? 0 : errno;
+    return ::connect(m_number, reinterpret_cast<const sockaddr*>(&address), addressLength) == 0 ? 0 : errno;
   };
   while (const int failure = tryOnce()) {
     if (!isWait(failure) && failure != EINTR) return false;

@@ -25,7 +25,8 @@ class SocketDescriptor {
 
   int number() const { return m_number; }
 
-  // Connects to the listener at the path. Waits while the listener has no room, until shutDown() at the latest.
+  // Connects to the listener at the path, of which no more counts than an address holds. Waits while the listener
+  // has no room, until shutDown() at the latest.
   bool connectTo(const std::string& path);
   // Waits for bytes and reads some. 0 at the end of the stream, after shutDown() and on every failure.
   std::size_t read(char* buffer, std::size_t size);

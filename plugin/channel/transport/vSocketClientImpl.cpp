@@ -17,6 +17,7 @@
 #include "platform/RunLoop.h"
 #include "platform/Surroundings.h"
 #include "util/Utf16.h"
+#include "util/tdm.h"
 #include "util/vStringUtils.h"
 
 namespace vorn {
@@ -84,7 +85,7 @@ using Deliver = std::function<void(std::string message)>;
 bool connectToClient(SocketDescriptor& descriptor, const std::string& home) {
   const std::string path = home + "/" + std::string(kIPCPluginSocketName);
   if (utf16Length(path) > kIPCLongestPathInCharacters) return false;
-  return descriptor.connectTo(path.substr(0, kIPCLongestPathInBytes));
+  return descriptor.connectTo(path);
 }
 
 void readMessages(SocketDescriptor& descriptor, const Deliver& deliver) {
@@ -93,7 +94,7 @@ void readMessages(SocketDescriptor& descriptor, const Deliver& deliver) {
   while (const std::size_t count = descriptor.read(buffer.data(), buffer.size() - 1)) {
     std::optional<std::string> message = assembler.feed({buffer.data(), count});
     // Passcodes pass through here.
-    buffer.fill('\0');
+    if (tdm::memset_s(buffer.data(), buffer.size(), 0, buffer.size()) != 0) return;
     if (message) deliver(std::move(*message));
   }
 }

@@ -35,11 +35,6 @@ Value saveOrSend(HookCall& call, vnApptAction action, const Value& stopped) {
   return result == VnHandlePassOn ? forwardSave(call) : stopped;
 }
 
-std::shared_ptr<vnActionAdditionView> barOfEditor(const HostObject& editor) {
-  return vnActionAdditionView::from(
-      vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorViewCtrl(editor));
-}
-
 }  // namespace
 
 using Hook = vnHookERCalendarEventEditorViewController;
@@ -64,7 +59,7 @@ Value Hook::vn_ERCalendarEventEditorViewController_saveAndCloseWindow_andReturnE
 
 Value Hook::vn_ERCalendarEventEditorViewController_fromFieldModified(HookCall& call) {
   Value result = call.forward();
-  const auto bar = barOfEditor(call.receiver());
+  const auto bar = vnActionAdditionView::from(barOfEditor(call.receiver()));
   if (!bar) return result;
   bar->refreshUI();
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByEditorViewCtrl(call.receiver());
@@ -79,7 +74,7 @@ Value Hook::vn_ERCalendarEventEditorViewController_switchToRecurrenceDidEnd(Hook
   Value result = call.forward();
   const std::int64_t returnCode = call.argument(1).integerValue();
   if (returnCode != 0 && returnCode != 1) return result;
-  if (const auto bar = barOfEditor(call.receiver())) bar->refreshUI();
+  if (const auto bar = vnActionAdditionView::from(barOfEditor(call.receiver()))) bar->refreshUI();
   return result;
 }
 
@@ -87,7 +82,8 @@ Value Hook::vn_ERCalendarEventEditorViewController_hostWordMailEditor(HookCall& 
   const HostObject wordMailEditor = call.argument(0).object();
   vnApptDataForSaveRecord::sharedInstance().setOLWordMailEditor(call.receiver(), wordMailEditor);
   // A window that is open already goes on with the new one.
-  if (const auto bar = barOfEditor(call.receiver())) bar->setOLWordMailEditor(wordMailEditor);
+  if (const auto bar = vnActionAdditionView::from(barOfEditor(call.receiver())))
+    bar->setOLWordMailEditor(wordMailEditor);
   return call.forward();
 }
 
