@@ -48,57 +48,6 @@ class CalendarSurface : public testing::Test {
   std::string stored;
 };
 
-TEST_F(CalendarSurface, AnEditShowsAtOnceAndTheServiceFollows) {
-  struct Row {
-    const char* name;
-    std::function<bool(vornlab::OutlookHost&)> act;
-    double start, seconds;
-    const char* minutes;
-    const char* subject;
-  };
-  const double later = kStart + 24 * kHour;
-  const Row rows[] = {
-      {"a drag keeps the length", [&](auto& host) { return host.drag("one", "", later); }, later, 5400, "90",
-       "Review"},
-      {"a moved edge is cut to whole minutes",
-       [](auto& host) { return host.resize("one", "", kStart + 60, 29.5 * 60); }, kStart + 60, 29.5 * 60, "29",
-       "Review"},
-      {"a new title keeps the times", [](auto& host) { return host.rename("one", "", "Renamed"); }, kStart + 60,
-       29.5 * 60, "29", "Renamed"},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
-    world.client->forgetRequests();
-    ASSERT_TRUE(row.act(world.host));
-    const auto event = world.store.find("one");
-    EXPECT_EQ(event->start()->seconds, row.start);
-    EXPECT_EQ(event->end()->seconds, row.start + row.seconds);
-    EXPECT_EQ(event->summary(), row.subject);
-    settle();
-    EXPECT_THAT(world.client->requestNames(), ElementsAre("3/10", "3/4", "3/2"));
-    EXPECT_EQ(static_cast<double>(meeting()->start), row.start);
-    EXPECT_EQ(meeting()->minutes, row.minutes);
-    EXPECT_EQ(meeting()->subject, row.subject);
-    EXPECT_EQ(meeting()->number, key);
-    EXPECT_TRUE(vnCalendarActionMgr::sharedInstance().getActionResult());
-    // What the appointment says of its meeting stays as it is.
-    EXPECT_EQ(event->location(), "Castle; " + world.record("one")["joinUrl"].text());
-    EXPECT_EQ(world.record("one")["meetingKey"].integerValue(), key);
-  }
-  EXPECT_THAT(world.test.presenter.alerts, IsEmpty());
-}
-
-TEST_F(CalendarSurface, AnAppointmentWithoutAMeetingNeverAsks) {
-  EXPECT_TRUE(world.host.drag("two", "", kStart + kHour));
-  EXPECT_TRUE(world.host.resize("two", "", kStart, kHour / 2));
-  EXPECT_TRUE(world.host.rename("two", "", "Supper"));
-  EXPECT_EQ(world.store.find("two")->summary(), "Supper");
-  EXPECT_TRUE(world.host.deleteFromCalendar("two", ""));
-  settle();
-  EXPECT_THAT(world.client->requestNames(), IsEmpty());
-  EXPECT_EQ(world.calendarText().find("UID:two"), std::string::npos);
-}
-
 TEST_F(CalendarSurface, APlainAppointmentThatIsMovedRightAfterAMeetingIsNotTakenForIt) {
   EXPECT_TRUE(world.host.drag("one", "", kStart + kHour));
   EXPECT_TRUE(world.host.drag("two", "", kStart + 5 * kHour));
@@ -107,14 +56,6 @@ TEST_F(CalendarSurface, APlainAppointmentThatIsMovedRightAfterAMeetingIsNotTaken
   EXPECT_THAT(world.client->requestNames(), ElementsAre("3/10", "3/4", "3/2"));
   EXPECT_EQ(static_cast<double>(meeting()->start), kStart + kHour);
   EXPECT_EQ(meeting()->subject, "Review");
-}
-
-TEST_F(CalendarSurface, ADragBackToWhereTheServiceKnowsItTellsNothing) {
-  EXPECT_TRUE(world.host.drag("one", "", kStart));
-  settle();
-  EXPECT_THAT(world.client->requestNames(), ElementsAre("3/10", "3/4"));
-  EXPECT_EQ(world.calendarText(), stored);
-  EXPECT_FALSE(vnMeetingMgr::sharedInstance()->isDragAndMove());
 }
 
 TEST_F(CalendarSurface, AClientThatFallsSilentLeavesTheUsersChangeAndTheNextDragCatchesUp) {
@@ -134,33 +75,6 @@ TEST_F(CalendarSurface, AClientThatFallsSilentLeavesTheUsersChangeAndTheNextDrag
     settle();
     EXPECT_EQ(static_cast<double>(meeting()->start), before + 2 * kHour);
   }
-}
-
-TEST_F(CalendarSurface, WithoutAClientNothingMoves) {
-  world.quitClient();
-  EXPECT_FALSE(world.host.drag("one", "", kStart + kHour));
-  EXPECT_FALSE(world.host.resize("one", "", kStart, kHour));
-  EXPECT_FALSE(world.host.rename("one", "", "Renamed"));
-  EXPECT_FALSE(world.host.deleteFromCalendar("one", ""));
-  EXPECT_FALSE(world.host.cancelMeeting("one", ""));
-  settle();
-  EXPECT_EQ(world.calendarText(), stored);
-  EXPECT_TRUE(meeting());
-  // A plain appointment needs no client.
-  EXPECT_TRUE(world.host.drag("two", "", kStart + kHour));
-}
-
-TEST_F(CalendarSurface, ADeletedAppointmentTakesItsMeetingAlong) {
-  EXPECT_TRUE(world.host.deleteFromCalendar("one", ""));
-  settle();
-  EXPECT_THAT(world.client->requestNames(), ElementsAre("3/10", "3/3"));
-  EXPECT_FALSE(meeting());
-  EXPECT_EQ(world.calendarText().find("UID:one"), std::string::npos);
-
-  // Nothing of the delete is left for the next appointment that is stored.
-  EXPECT_TRUE(world.host.drag("two", "", kStart + kHour));
-  EXPECT_EQ(world.store.find("two")->location(), "Garden");
-  EXPECT_EQ(world.store.find("two")->description(), "Soup");
 }
 
 TEST_F(CalendarSurface, ADeleteThatTheServiceRefusesLeavesAMeetingWithoutAnAppointment) {
@@ -239,27 +153,6 @@ TEST(CalendarSurfaceOfASeries, AnItemThatOnlyShowsTheMeetingOfItsSeriesIsLeftToT
     EXPECT_EQ(world.client->requestNames(), row.asked);
     EXPECT_EQ(stored->start()->seconds, start);
   }
-}
-
-TEST(CalendarSurfaceWithAttendees, ACancellationFromItsEditorDeletesTheMeetingBeforeItIsSent) {
-  RoadWorld world(calendarWith("SUMMARY:Board\r\nATTENDEE;CN=Ada:mailto:ada@vorn.example\r\n"));
-  auto editor = world.openEditor("one");
-  world.clickAdd(editor);
-  world.send(editor);
-  EXPECT_EQ(world.service.meetings().count(), 1);
-
-  editor = world.host.openCancellation("one");
-  world.settle();
-  world.client->forgetRequests();
-  world.host.send(editor);
-  EXPECT_EQ(world.host.sentCount(), 1);
-  EXPECT_TRUE(world.store.find("one"));
-  world.settle();
-  EXPECT_THAT(world.client->requestNames(), ElementsAre("3/3"));
-  EXPECT_EQ(world.service.meetings().count(), 0);
-  EXPECT_EQ(world.host.sentCount(), 2);
-  EXPECT_FALSE(world.store.find("one"));
-  EXPECT_FALSE(world.host.isOpen(editor));
 }
 
 TEST(MainWindowCommands, AScheduledMeetingOpensANewAppointmentThatHasIt) {

@@ -457,23 +457,6 @@ TEST(TwoWindows, ThatWaitAtOnceBothTakeTheFirstReply) {
   EXPECT_EQ(world.record("one")["meetingKey"], world.record("two")["meetingKey"]);
 }
 
-// The profile is the whole process's, and a window that closes clears it for all.
-TEST(TwoWindows, OneThatClosesTakesNothingFromTheOther) {
-  RoadWorld world(calendarWith(kTwoAppointments));
-  EditorId first = world.openEditor("one");
-  world.clickAdd(first);
-  world.saveAndClose(first);
-  const std::string key = world.record("one")["meetingKey"].text();
-
-  first = world.openEditor("one");
-  world.host.typeSubject(first, kTyped);
-  world.abandon(world.openEditor("two"));
-  world.saveAndClose(first);
-  EXPECT_FALSE(world.host.isOpen(first));
-  EXPECT_EQ(world.record("one")["meetingKey"].text(), key);
-  EXPECT_EQ(world.service.meetings().find(std::stoll(key))->subject, kTyped);
-}
-
 TEST(TwoWindows, AReplyForOneThatHasClosedLeavesTheOtherAlone) {
   RoadWorld world(calendarWith(kTwoAppointments));
   const EditorId first = world.openEditor("one");
