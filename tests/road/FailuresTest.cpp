@@ -457,21 +457,5 @@ TEST(TwoWindows, ThatWaitAtOnceBothTakeTheFirstReply) {
   EXPECT_EQ(world.record("one")["meetingKey"], world.record("two")["meetingKey"]);
 }
 
-TEST(TwoWindows, AReplyForOneThatHasClosedLeavesTheOtherAlone) {
-  RoadWorld world(calendarWith(kTwoAppointments));
-  const EditorId first = world.openEditor("one");
-  const EditorId second = world.openEditor("two");
-  world.host.typeLocation(second, "Tower");
-  world.host.clickBar(first, "onClickAddVornMeeting:");
-  world.host.closeWithoutSaving(first);
-  world.settle(120);
-  EXPECT_TRUE(world.offersAdd(second));
-  EXPECT_EQ(world.host.location(second), "Tower");
-  world.saveAndClose(second);
-  EXPECT_EQ(world.store.find("two")->location(), "Tower");
-  EXPECT_TRUE(world.record("one").isAbsent());
-  EXPECT_TRUE(world.record("two").isAbsent());
-}
-
 }  // namespace
 }  // namespace vorn

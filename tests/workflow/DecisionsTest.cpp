@@ -261,27 +261,22 @@ TEST_F(Decisions, ALongMeetingOfASmallPlanWaitsForTheLastAnswerToItsOwnNotice) {
   answer(1, {1, true});
   EXPECT_THAT(client.requests, IsEmpty());
 
+  other.manager->hasScheduleError(window->bar->editor);
+  other.manager->cleanup();
+  answer(2, Presenter::Answer::defaultButton);
+  EXPECT_THAT(client.requests, IsEmpty()) << "a window that has gone hears nothing";
+
   EXPECT_EQ(save(), VnHandleError);
-  answer(2, {0, true});
+  answer(3, {0, true});
   EXPECT_THAT(client.requests, ElementsAre("3/2"));
   EXPECT_EQ(manager().getMeetingAction(), VnCmdUpdate);
   EXPECT_EQ(other.manager->getMeetingAction(), 0u);
   EXPECT_EQ(save(), VnHandleBlocked) << "it is not shown again";
 
-  vnScheduleErrorMessage::sharedInstance().setOLApptWindowID(id());
-  vnScheduleErrorMessage::sharedInstance().postCommitCommand(true);
+  vnScheduleErrorMessage stranger;
+  stranger.setOLApptWindowID(id());
+  stranger.postCommitCommand(true);
   EXPECT_THAT(client.requests, ElementsAre("3/2", "3/2")) << "a notice that is no manager's";
-}
-
-TEST_F(Decisions, ANoticeOfThePlanReachesNobodyWhenItsWindowHasGone) {
-  vnScheduleErrorMessage notice;
-  int posted = 0;
-  const auto subscription = test.notificationCenter.observe(
-      notify_ScheduleErrorMessage_Commit, [&](const NotificationCenter::Notification&) { ++posted; }, &notice);
-  notice.showMessage({});
-  notice.cleanup();
-  test.presenter.answerAlert(0, Presenter::Answer::defaultButton);
-  EXPECT_EQ(posted, 0);
 }
 
 TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {

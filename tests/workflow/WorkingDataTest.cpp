@@ -9,7 +9,6 @@
 #include "util/EncodeUtils.h"
 #include "util/vnOLUtils.h"
 #include "workflow/OwnerCheck.h"
-#include "workflow/vnOnbehalfData.h"
 
 namespace vorn {
 namespace {
@@ -237,27 +236,6 @@ TEST_F(WorkingData, TheFromAccountFitsEveryMeetingButOnesOwnThatIsNotStoredYet) 
     MeetingWindow opened = MeetingWindow::ofBar(row.hasBar ? window.bar : nullptr);
     EXPECT_EQ(check.checkScheduleOwnerMatched(opened), row.fits) << row.name;
   }
-}
-
-TEST_F(WorkingData, WhoSchedulesForWhomIsToldByTheAddressInAnyCase) {
-  Value bosses = Value::array();
-  bosses.append(
-      Value::dictionaryFromPairs({{"email", "Ada@vorn.example"}, {"displayName", "Ada"}, {"pmi", "555"}}));
-  bosses.append(Value::dictionaryFromPairs({{"email", "bob@vorn.example"}}));
-  receive([](auto&) {}, bosses);
-  vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
-  struct Row {
-    const char *email, *name, *pmi;
-  };
-  for (const Row& row :
-       {Row{"ada@VORN.example", "Ada", "555"}, {"bob@vorn.example", "", ""}, {"eve@vorn.example", "", ""}}) {
-    EXPECT_EQ(onbehalf.getDisplayNameWithOnbehalfEmail(row.email), row.name);
-    EXPECT_EQ(onbehalf.hasSchedulePermission(row.email), *row.name != 0);
-    EXPECT_EQ(onbehalf.onbehalfPMI(row.email), row.pmi);
-    EXPECT_EQ(onbehalf.supportPMIForOnbehalf(row.email), *row.pmi != 0);
-  }
-  EXPECT_FALSE(onbehalf.isCurrentScheduleVornForOther("no such window"));
-  EXPECT_EQ(onbehalf.onbehalfEmail("no such window"), "");
 }
 
 }  // namespace
