@@ -41,36 +41,19 @@ TEST_F(Panel, ItsEndTakesTheWayOfItsButtonAndOfTheCommandThatOpenedIt) {
     const char* name;
     std::uint64_t command;
     const char* key;
-    bool isOwn;
-    std::string_view by;
-    bool isOK;
+    bool isOwn, isByPanel, isOK;
     std::uint64_t action;
     Names requests;
   } rows[] = {
-      {"an add", VnCmdAdd, "", true, keyVNSettingCommit, true, VnCmdSchedule, {"3/1"}},
-      {"an add given up", VnCmdAdd, "", true, keyVNSettingCommit, false, VnCmdDelete, {}},
-      {"an add, by nobody known", VnCmdAdd, "", true, "", true, VnCmdAdd, {}},
-      {"an add in another window", VnCmdAdd, "", false, keyVNSettingCommit, true, VnCmdAdd, {}},
-      {"an add given up in another window", VnCmdAdd, "", false, keyVNSettingCommit, false, VnCmdAdd, {}},
-      {"a change", VnCmdChangeSettings, kKey, true, keyVNSettingCommit, true, VnCmdUpdate, {"3/2"}},
-      {"a change given up", VnCmdChangeSettings, kKey, true, keyVNSettingCommit, false, VnCmdChangeSettings, {}},
-      {"a change, by nobody known", VnCmdChangeSettings, kKey, true, "", true, VnCmdChangeSettings, {}},
-      {"a change before any save, given up",
-       VnCmdChangeSettings,
-       "",
-       true,
-       keyVNSettingCommit,
-       false,
-       VnCmdDelete,
-       {}},
-      {"an update that was refused, given up",
-       VnCmdUpdate,
-       kKey,
-       true,
-       keyVNSettingCommit,
-       false,
-       VnCmdUpdate,
-       {"3/4"}},
+      {"an add", VnCmdAdd, "", true, true, true, VnCmdSchedule, {"3/1"}},
+      {"an add given up", VnCmdAdd, "", true, true, false, VnCmdDelete, {}},
+      {"an add, not by the panel", VnCmdAdd, "", true, false, true, VnCmdAdd, {}},
+      {"an add in another window", VnCmdAdd, "", false, true, true, VnCmdAdd, {}},
+      {"an add given up in another window", VnCmdAdd, "", false, true, false, VnCmdAdd, {}},
+      {"a change", VnCmdChangeSettings, kKey, true, true, true, VnCmdUpdate, {"3/2"}},
+      {"a change given up", VnCmdChangeSettings, kKey, true, true, false, VnCmdChangeSettings, {}},
+      {"a change, not by the panel", VnCmdChangeSettings, kKey, true, false, true, VnCmdChangeSettings, {}},
+      {"a change before any save, given up", VnCmdChangeSettings, "", true, true, false, VnCmdDelete, {}},
   };
   panel.settings = Value::dictionaryFromPairs({{vn_Setting_ForceIncludeJoinurlInLocation, false},
                                                {vn_Setting_PutTheInvitationAtTheTop, true},
@@ -86,7 +69,7 @@ TEST_F(Panel, ItsEndTakesTheWayOfItsButtonAndOfTheCommandThatOpenedIt) {
         notify_SettingCommit, nullptr,
         Value::dictionaryFromPairs(
             {{keyApptWindowID, row.isOwn ? id() : FakeWindow(test).bar->getAppointmentWindowID()},
-             {keyVNUserOperator, row.by},
+             {keyVNUserOperator, row.isByPanel ? keyVNSettingCommit : ""},
              {keyButtonClickIsOK, row.isOK}}));
     EXPECT_EQ(manager().getMeetingAction(), row.action);
     EXPECT_THAT(client.requests, ElementsAreArray(row.requests));
