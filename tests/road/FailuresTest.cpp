@@ -457,38 +457,5 @@ TEST(TwoWindows, ThatWaitAtOnceBothTakeTheFirstReply) {
   EXPECT_EQ(world.record("one")["meetingKey"], world.record("two")["meetingKey"]);
 }
 
-// The profile is the whole process's, and a window that closes clears it for all.
-TEST(TwoWindows, OneThatClosesTakesNothingFromTheOther) {
-  RoadWorld world(calendarWith(kTwoAppointments));
-  EditorId first = world.openEditor("one");
-  world.clickAdd(first);
-  world.saveAndClose(first);
-  const std::string key = world.record("one")["meetingKey"].text();
-
-  first = world.openEditor("one");
-  world.host.typeSubject(first, kTyped);
-  world.abandon(world.openEditor("two"));
-  world.saveAndClose(first);
-  EXPECT_FALSE(world.host.isOpen(first));
-  EXPECT_EQ(world.record("one")["meetingKey"].text(), key);
-  EXPECT_EQ(world.service.meetings().find(std::stoll(key))->subject, kTyped);
-}
-
-TEST(TwoWindows, AReplyForOneThatHasClosedLeavesTheOtherAlone) {
-  RoadWorld world(calendarWith(kTwoAppointments));
-  const EditorId first = world.openEditor("one");
-  const EditorId second = world.openEditor("two");
-  world.host.typeLocation(second, "Tower");
-  world.host.clickBar(first, "onClickAddVornMeeting:");
-  world.host.closeWithoutSaving(first);
-  world.settle(120);
-  EXPECT_TRUE(world.offersAdd(second));
-  EXPECT_EQ(world.host.location(second), "Tower");
-  world.saveAndClose(second);
-  EXPECT_EQ(world.store.find("two")->location(), "Tower");
-  EXPECT_TRUE(world.record("one").isAbsent());
-  EXPECT_TRUE(world.record("two").isAbsent());
-}
-
 }  // namespace
 }  // namespace vorn

@@ -13,9 +13,11 @@ namespace {
 
 using EditorId = RoadWorld::EditorId;
 
-std::string twoAppointments() {
+std::string twoAppointments(bool withGuest) {
   const std::string end = "END:VCALENDAR\r\n";
-  std::string calendar = calendarWith("SUMMARY:Review\r\nLOCATION:Castle\r\n");
+  std::string calendar = calendarWith(
+      std::string("SUMMARY:Review\r\nLOCATION:Castle\r\n") +
+      (withGuest ? "ORGANIZER:mailto:me@vorn.example\r\nATTENDEE;CN=Ada:mailto:ada@vorn.example\r\n" : ""));
   calendar.resize(calendar.size() - end.size());
   return calendar +
          "BEGIN:VEVENT\r\nUID:two\r\nDTSTAMP:20261101T080000Z\r\nDTSTART:20261124T090000Z\r\n"
@@ -42,14 +44,36 @@ struct Act {
   bool needsMeeting;
   // Requests that it makes, and so moments at which the host may drop something.
   std::size_t requests;
-  void (RoadWorld::*perform)(EditorId);
+  void (*perform)(RoadWorld&, EditorId);
+  bool hasGuest = false;
 };
 
 constexpr Act kActs[] = {
-    {"add", false, 4, &RoadWorld::clickAdd},
-    {"save", true, 3, &RoadWorld::saveAndClose},
-    {"cancel", true, 1, &RoadWorld::clickCancel},
+    {"add", false, 4, [](RoadWorld& world, EditorId editor) { world.clickAdd(editor); }},
+    {"save", true, 3, [](RoadWorld& world, EditorId editor) { world.saveAndClose(editor); }},
+    {"send", true, 3, [](RoadWorld& world, EditorId editor) { world.send(editor); }, true},
+    {"cancel", true, 1, [](RoadWorld& world, EditorId editor) { world.clickCancel(editor); }},
+    {"settings", true, 1,
+     [](RoadWorld& world, EditorId editor) {
+       world.host.clickBar(editor, "onClickChangeSettings:");
+       world.settle();
+     }},
 };
+
+// The editor as the act finds it, with something typed.
+EditorId openFor(const Act& act, RoadWorld& world) {
+  EditorId editor = world.openEditor("one");
+  if (!act.needsMeeting) return editor;
+  world.clickAdd(editor);
+  if (act.hasGuest) {
+    world.send(editor);
+  } else {
+    world.saveAndClose(editor);
+  }
+  editor = world.openEditor("one");
+  world.host.typeSubject(editor, "Review, renamed");
+  return editor;
+}
 
 // True when a fresh appointment can still be given a meeting.
 bool goesOn(RoadWorld& world) {
@@ -67,14 +91,8 @@ TEST_P(HostDisappears, AndTheNextAppointmentGoesItsWay) {
   for (const HostPart& part : kParts) {
     for (std::size_t moment = 0; moment <= act.requests; ++moment) {
       SCOPED_TRACE(std::string(act.name) + " without its " + part.name + " at request " + std::to_string(moment));
-      RoadWorld world(twoAppointments());
-      EditorId editor = world.openEditor("one");
-      if (act.needsMeeting) {
-        world.clickAdd(editor);
-        world.saveAndClose(editor);
-        editor = world.openEditor("one");
-        world.host.typeSubject(editor, "Review, renamed");
-      }
+      RoadWorld world(twoAppointments(act.hasGuest));
+      const EditorId editor = openFor(act, world);
       const HostObject dropped = (world.host.*part.of)(editor);
       ASSERT_TRUE(dropped);
       bool isDropped = false;
@@ -89,13 +107,33 @@ TEST_P(HostDisappears, AndTheNextAppointmentGoesItsWay) {
         fault.meanwhile = drop;
         world.client->failAt(moment, fault);
       }
-      (world.*act.perform)(editor);
+      act.perform(world, editor);
       EXPECT_TRUE(isDropped);
       EXPECT_TRUE(goesOn(world));
       // A progress sheet whose window has gone ends with its own time.
       world.settle(60);
       EXPECT_FALSE(world.test.presenter.showsProgress());
     }
+  }
+}
+
+// The window's end comes between any request and its reply, which then belongs to nobody.
+TEST_P(HostDisappears, AWindowThatIsClosedMeanwhileStoresNothing) {
+  const Act& act = GetParam();
+  for (std::size_t moment = 1; moment <= act.requests; ++moment) {
+    SCOPED_TRACE(std::string(act.name) + " closed at request " + std::to_string(moment));
+    RoadWorld world(twoAppointments(act.hasGuest));
+    const EditorId editor = openFor(act, world);
+    const std::string before = world.calendarText();
+    InProcessClient::Fault fault;
+    fault.meanwhile = [&] { world.host.closeWithoutSaving(editor); };
+    world.client->failAt(moment, fault);
+    act.perform(world, editor);
+    world.settle();
+    EXPECT_FALSE(world.host.isOpen(editor));
+    EXPECT_EQ(world.calendarText(), before);
+    EXPECT_FALSE(world.test.presenter.showsProgress());
+    EXPECT_TRUE(goesOn(world));
   }
 }
 

@@ -6,18 +6,17 @@
 #include <vector>
 
 #include "channel/commands/vnAPIKeys.h"
-#include "channel/store/JsonTextFile.h"
-#include "channel/store/vnLocalProfileKeys.h"
-#include "channel/store/vnMeetingCommon.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "licence/vnLicencePolicy.h"
 #include "meeting.pb.h"
-#include "tests/workflow/FakeClient.h"
-#include "tests/workflow/FakeWindow.h"
+#include "platform/Localization.h"
+#include "tests/workflow/MeetingFixture.h"
 #include "util/EncodeUtils.h"
-#include "workflow/SettingsPanel.h"
+#include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnApptUIActionMgr.h"
+#include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnWorkflowKeys.h"
 
 // What a manager decides when a reply has come: whether the service must hear of something, what is written, and
@@ -30,116 +29,7 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 
-constexpr const char* kKey = "5550123456";
-constexpr double kStart = 1795514400;
-
-class FakePanel final : public SettingsPanel {
- public:
-  Value getVnSettingsData() override { return settings; }
-  std::string getScheduldForEmailFromUI() override { return {}; }
-  Value getSiteMeetingInfo() override { return {}; }
-  void setPMIMeetingInfo(const Value& info) override { calls.push_back("personal " + info[vn_MeetingKey].text()); }
-  void updatePasswordAfterCommit(const OptionalText& passcode) override {
-    calls.push_back("passcode " + passcode.value_or("-"));
-  }
-  void filterInvalidAlternateHosts(const Value&) override {}
-  void resetMeetingItemWhenUpdateError() override {}
-  void setScheduleForListInfo(bool) override { calls.push_back("people"); }
-
-  Value settings = Value::dictionary();
-  std::vector<std::string> calls;
-};
-
-class FakePanels final : public SettingsPanels {
- public:
-  void addSchSettingWindowToArray(const std::string&, const Value&, const HostObject&) override {}
-  void showSchSettingWindow(const std::string&) override { panel.calls.push_back("shown"); }
-  SettingsPanel* getSchSettingWindowInArray(const OptionalText&) override { return isOpen ? &panel : nullptr; }
-  void refreshSettingWindow(const std::string&, bool) override { panel.calls.push_back("refreshed"); }
-  void addToInputAlternateHostHistory(const Value& hosts) override {
-    for (const Value& host : hosts.items()) panel.calls.push_back("remembers " + host.text());
-  }
-
-  bool isOpen = false;
-  FakePanel panel;
-};
-
-class Decisions : public testing::Test {
- protected:
-  Decisions() {
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-    test.classRuntime.setInstanceMethod("ERCalendarEventEditorViewController",
-                                        "vn_ERCalendarEventEditorViewController_save",
-                                        [this](const HostObject&, const Arguments&) {
-                                          ++hostSaves;
-                                          return Value();
-                                        });
-    defineStartTime();
-    setSettingsPanels(&panels);
-    openWindow();
-  }
-
-  // Without a time that can be read no commit goes out.
-  void defineStartTime() {
-    test.classRuntime.defineClass("OLCalendarDate");
-    test.classRuntime.setInstanceMethod("OLCalendarDate", "dateUTC",
-                                        [](const HostObject&, const Arguments&) { return Value(kStart); });
-    const HostObject date = test.classRuntime.create("OLCalendarDate");
-    test.classRuntime.setInstanceMethod("ECCalendarEvent", "startTime",
-                                        [date](const HostObject&, const Arguments&) { return Value(date); });
-  }
-
-  // An editor with a meeting that has been read and is as the service has it.
-  void openWindow() {
-    window = std::make_unique<FakeWindow>(test);
-    window->bar->action = VnApptActionAutoUpdate;
-    data().setMeetingKey(kKey);
-    data().setForceIncludeJoinUrlInLocation(true);
-    data().setOldForceIncludeJoinurlInLocation(true);
-    data().setSelectInvitationLanguage("en-US");
-    data().setOldSelectInvitationLanguage("en-US");
-    helper().setMeetingData(meeting(), false);
-  }
-
-  static Value meeting() {
-    return Value::dictionaryFromPairs({{"meetingKey", kKey},
-                                       {"subject", "Review"},
-                                       {"startTime", kStart},
-                                       {"joinUrl", "https://vorn.example/j/5550123456"},
-                                       {"meetingPassword", "abc123"}});
-  }
-  vnMeetingMgr& manager() { return *window->manager; }
-  vnMeetingDataMgr& data() { return *manager().meetingDataMgr(); }
-  vnGetMeetingHelper& helper() { return *manager().getMeetingHelper(); }
-  // The appointment as the meeting already is.
-  Value unchanged() { return helper().getMeetingInfo(); }
-  Value with(std::string_view group, std::string_view key, const Value& value) {
-    Value changed = unchanged();
-    Value part = changed[group];
-    part.set(key, value);
-    changed.set(group, part);
-    return changed;
-  }
-  void knowAccount() {
-    vnUserProfileHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{"userId", "me"}, {"roomMeetingId", "5550142871"}}));
-  }
-  bool isWritten() { return !window->get(window->bar->editor, "record").text().empty(); }
-  void reply(std::uint64_t number, Value response = Value::dictionary()) {
-    Value dictionary = Value::dictionary();
-    dictionary.set(keyVnAPIResponse, response);
-    dictionary.set(keyApptWindowID, window->bar->ownWindow.windowId());
-    manager().onExcuteCommandFinished(number, dictionary);
-    test.runLoop.runFor(0.01);
-  }
-
-  TestPlatform test;
-  FakeClient& client = FakeClient::install(test);
-  FakePanels panels;
-  std::unique_ptr<FakeWindow> window;
-  int hostSaves = 0;
-};
+using Decisions = MeetingFixture;
 
 TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
   using Names = std::vector<std::string>;
@@ -228,7 +118,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
       {VnStatePMIForSettings,
        VnStatePMIForSettings,
        {},
-       {std::string("personal ") + kKey, "refreshed"},
+       {std::string("personal ") + kKey, "refreshed as personal"},
        false,
        false},
       {VnStatePMIForSchedule, VnStateCommitting, {"3/1"}, {}, false, false},
@@ -236,7 +126,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
       {VnStateLoadByApptUUID, VnStateLoadByApptUUID, {}, {}, false, false},
       {VnStateUpdateOnCalendar, VnStateUpdateOnCalendar, {}, {}, false, false},
   };
-  panels.isOpen = true;
+  openPanel();
   panels.panel.settings.set(vn_Setting_AudioOption, 2);
   for (const auto& row : rows) {
     SCOPED_TRACE(row.state);
@@ -256,7 +146,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
 
 // Nothing of the personal meeting is needed to schedule with its number.
 TEST_F(Decisions, AReplyWithoutAReadableMeetingLetsOnlyTheAddWithThePersonalNumberGoOn) {
-  panels.isOpen = true;
+  openPanel();
   helper().setMeetingData(Value::dictionary(), false);
   for (std::uint64_t state = VnStateIdle; state <= VnStateUpdateOnCalendar; ++state) {
     SCOPED_TRACE(state);
@@ -279,7 +169,9 @@ TEST_F(Decisions, EachOtherReplyGoesToItsOwnEnd) {
     client.requests.clear();
     manager().setState(VnStateCommitting);
     window->bar->result.setActionResult(false);
+    vnCalendarActionMgr::sharedInstance().setActionResult(false);
     reply(number, confirmed);
+    EXPECT_TRUE(vnCalendarActionMgr::sharedInstance().getActionResult());
     EXPECT_EQ(manager().state(), VnStateCommitted) << number;
     EXPECT_EQ(data().meetingKey(), "5550999999");
     EXPECT_TRUE(window->bar->getActionResult());
@@ -290,31 +182,24 @@ TEST_F(Decisions, EachOtherReplyGoesToItsOwnEnd) {
 
   // A deletion leaves the state, takes the record away and finishes.
   manager().setState(VnStateChanging);
+  manager().setIsForceUpdate(false);
+  vnCalendarActionMgr::sharedInstance().setActionResult(false);
   reply(VnCmdDelete, Value::dictionaryFromPairs({{keyVNResult, keyVNSuccess}}));
   EXPECT_EQ(manager().state(), VnStateChanging);
   EXPECT_EQ(window->get(window->bar->editor, "record").text(), "");
   EXPECT_EQ(window->bar->shown, VnUINotMeeting);
   EXPECT_EQ(data().meetingKey(), "");
   EXPECT_EQ(hostSaves, 1);
+  EXPECT_TRUE(manager().isForceUpdate());
+  EXPECT_TRUE(vnCalendarActionMgr::sharedInstance().getActionResult());
 
   // People to schedule for matter only to a meeting that does not exist yet, and only to an open panel.
-  panels.isOpen = true;
+  openPanel();
   reply(VnCmdGetScheduleForList);
   EXPECT_THAT(panels.panel.calls, ElementsAre("people"));
   data().setMeetingKey(kKey);
   reply(VnCmdGetScheduleForList);
   EXPECT_THAT(panels.panel.calls, ElementsAre("people"));
-}
-
-TEST_F(Decisions, ACommitRemembersTheAlternateHostsOfAnOpenPanel) {
-  Value hosts = Value::array();
-  hosts.append("ada@vorn.example");
-  panels.panel.settings.set(vn_Setting_AlternateHosts, hosts);
-  reply(VnCmdUpdate);
-  EXPECT_THAT(panels.panel.calls, IsEmpty());
-  panels.isOpen = true;
-  reply(VnCmdUpdate);
-  EXPECT_THAT(panels.panel.calls, ElementsAre("remembers ada@vorn.example"));
 }
 
 TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
@@ -346,97 +231,223 @@ TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
   }
 }
 
-TEST_F(Decisions, ARefusedCommitIsToldByThePanelOrWithoutOneByAnAlert) {
-  const JsonTextFile siteFile(vnMeetingCommon::getLocalVnSiteConfigPath());
-  const struct {
-    int code;
-    std::string_view noted;
-  } rows[] = {{3402, ""}, {3403, vn_NotStrongerPasscode}, {3113, vn_SecurityNotSeleteOne}, {555, ""}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.code);
-    test.presenter.alerts.clear();
-    panels.panel.calls.clear();
-    manager().showSettingsWindowWithCommitError(window->bar->ownWindow, row.code);
-    EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
-    EXPECT_THAT(test.presenter.alerts, IsEmpty());
-    EXPECT_EQ(siteFile.read().count(), row.noted.empty() ? 0u : 1u);
-    EXPECT_EQ(siteFile.read()[row.noted].boolValue(), !row.noted.empty());
-    siteFile.write(Value::dictionary());
+TEST_F(Decisions, ALongMeetingOfASmallPlanWaitsForTheLastAnswerToItsOwnNotice) {
+  knowAccountOfType(1);
+  test.classRuntime.setInstanceMethod("OLCalendarDate", "timeIntervalSinceDate:",
+                                      [](const HostObject&, const Arguments&) { return Value(41 * 60.0); });
+  window->set(window->bar->event, "endTime", test.classRuntime.create("OLCalendarDate"));
+  window->bar->dataStatus = VnDataChanged;
+  window->showLocation("Castle");
+  const FakeWindow other(test);
+  const auto save = [&] {
+    return vnApptUIActionMgr::sharedInstance().handleVNMeeting(window->bar->editor, Value());
+  };
+  const auto answer = [&](std::size_t alert, Presenter::Answer given) {
+    test.presenter.answerAlert(alert, given);
+    test.runLoop.runFor(0.01);
+  };
 
-    // Nobody would clear a note for a panel that does not come: there is none, or the commit came from the
-    // calendar.
-    manager().showSettingsWindowWithCommitError(HostObject(), row.code);
-    setSettingsPanels(nullptr);
-    manager().showSettingsWindowWithCommitError(window->bar->ownWindow, row.code);
-    setSettingsPanels(&panels);
-    ASSERT_EQ(test.presenter.alerts.size(), 2u);
-    EXPECT_NE(test.presenter.alerts[1].alert.message, "");
-    EXPECT_EQ(siteFile.read().count(), 0u);
+  EXPECT_EQ(save(), VnHandleError);
+  EXPECT_EQ(save(), VnHandleError);
+  ASSERT_EQ(test.presenter.alerts.size(), 2u);
+  const Presenter::Alert& alert = test.presenter.alerts[0].alert;
+  EXPECT_EQ(alert.message, formatText(localizedString("LN_Schedule_Limitation_Duration"), {"40"}));
+  EXPECT_THAT(alert.buttons, ElementsAre(localizedString("Button_Continue"),
+                                         localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312")));
+  EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().of(window->bar).getOLNewLocation(), "Castle");
+  answer(0, Presenter::Answer::defaultButton);
+  EXPECT_THAT(client.requests, IsEmpty()) << "the second has taken its place";
+  // Whoever goes back keeps no switch.
+  answer(1, {1, true});
+  EXPECT_THAT(client.requests, IsEmpty());
+
+  other.manager->hasScheduleError(window->bar->editor);
+  other.manager->cleanup();
+  answer(2, Presenter::Answer::defaultButton);
+  EXPECT_THAT(client.requests, IsEmpty()) << "a window that has gone hears nothing";
+
+  EXPECT_EQ(save(), VnHandleError);
+  answer(3, {0, true});
+  EXPECT_THAT(client.requests, ElementsAre("3/2"));
+  EXPECT_EQ(manager().getMeetingAction(), VnCmdUpdate);
+  EXPECT_EQ(other.manager->getMeetingAction(), 0u);
+  EXPECT_EQ(save(), VnHandleBlocked) << "it is not shown again";
+
+  vnScheduleErrorMessage stranger;
+  stranger.setOLApptWindowID(id());
+  stranger.postCommitCommand(true);
+  EXPECT_THAT(client.requests, ElementsAre("3/2", "3/2")) << "a notice that is no manager's";
+}
+
+TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {
+  const struct {
+    std::uint64_t command;
+    bool fromBar;
+    std::vector<std::string> requests, panel;
+  } rows[] = {
+      {VnCmdAdd, true, {}, {"shown"}},   {VnCmdChangeSettings, true, {}, {"shown"}},
+      {VnCmdCancel, true, {"3/3"}, {}},  {VnCmdSchedule, false, {"3/1"}, {}},
+      {VnCmdUpdate, false, {"3/2"}, {}}, {VnCmdDelete, false, {"3/3"}, {}},
+  };
+  for (const bool hasLicence : {false, true}) {
+    knowAccountOfType(hasLicence ? 2 : 0);
+    for (const auto& row : rows) {
+      SCOPED_TRACE(testing::Message() << row.command << (hasLicence ? " with a licence" : ""));
+      openWindow();
+      client.requests.clear();
+      panels.panel.calls.clear();
+      test.presenter.alerts.clear();
+      EXPECT_EQ(row.fromBar ? manager().sendVnMeetingCommand(row.command, window->bar)
+                            : manager().sendVnMeetingCommand(row.command, window->bar->editor),
+                0);
+      test.runLoop.runFor(0.01);
+      EXPECT_EQ(test.presenter.alerts.size(), hasLicence ? 0u : 1u);
+      EXPECT_THAT(client.requests, ElementsAreArray(hasLicence ? row.requests : std::vector<std::string>{}));
+      EXPECT_THAT(panels.panel.calls, ElementsAreArray(hasLicence ? row.panel : std::vector<std::string>{}));
+      EXPECT_EQ(hostSaves, 0);
+    }
   }
 }
 
-TEST_F(Decisions, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
-  const FakeWindow other(test);
-  const auto dataOf = [](const char* name) {
-    Value setting = Value::dictionary();
-    setting.set(vn_Setting_MeetingTemplate,
-                Value::dictionaryFromPairs({{vn_Setting_MeetingTemplate_TemplateId, "T1"},
-                                            {vn_Setting_MeetingTemplate_TemplateName, name}}));
-    return Value::dictionaryFromPairs({{vn_Setting, setting}});
+TEST_F(Decisions, TheServiceLearnsAnAppointmentsUUIDTheFirstTimeThatItHasOne) {
+  const struct {
+    const char* name;
+    const char* key;
+    const char* before;
+    const char* after;
+    bool isTold;
+  } rows[] = {
+      {"stored for the first time", kKey, nullptr, "new", true},  {"stored before", kKey, "old", "new", false},
+      {"not stored even now", kKey, nullptr, nullptr, false},     {"no meeting", "", nullptr, "new", false},
+      {"a meeting without a number", "0", nullptr, "new", false},
   };
-  Value answered;
-  const auto subscription = test.notificationCenter.observe(
-      notify_Commit_ChooseAnotherTemplate,
-      [&](const NotificationCenter::Notification& note) { answered = note.userInfo; });
-  manager().showCommitWarning(window->bar->ownWindow, dataOf("Interview"));
-  other.manager->showCommitWarning(other.bar->ownWindow, dataOf("Town hall"));
-  ASSERT_EQ(test.presenter.alerts.size(), 2u);
-  EXPECT_EQ(test.presenter.alerts[0].window, window->bar->ownWindow);
-
-  test.presenter.answerAlert(0, Presenter::Answer::alternateButton);
-  EXPECT_EQ(answered["meetingData"], dataOf("Interview"));
-  EXPECT_THAT(client.requests, ElementsAre("3/2"));
-  EXPECT_THAT(client.contents.back(), testing::Not(testing::HasSubstr("Interview")));
-
-  test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
-  EXPECT_THAT(client.requests, ElementsAre("3/2"));
-  EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    openWindow();
+    data().setMeetingKey(row.key);
+    if (row.before) window->set(window->bar->event, "UUID", row.before);
+    uuidAtStore = row.after;
+    client.requests.clear();
+    manager().finish().closeOLAppointment(window->bar->editor);
+    EXPECT_THAT(client.requests,
+                ElementsAreArray(row.isTold ? std::vector<std::string>{"3/2"} : std::vector<std::string>{}));
+    EXPECT_FALSE(test.presenter.showsProgress());
+  }
 }
 
-TEST_F(Decisions, PeopleToScheduleForAreAskedForWithoutASheet) {
-  MeetingWindow opened = MeetingWindow::ofBar(window->bar);
-  EXPECT_EQ(manager().settingsFlow().getScheduleForList(opened), 0);
-  EXPECT_THAT(client.requests, ElementsAre("11"));
-  EXPECT_FALSE(test.presenter.showsProgress());
-}
-
-TEST_F(Decisions, TheNoticeOfThePlanAnswersOnlyItsOwnManagerAndOnlyWhileItIsOpen) {
-  vnScheduleErrorMessage notice;
-  std::vector<Value> posted;
-  const auto subscription = test.notificationCenter.observe(
-      notify_ScheduleErrorMessage_Commit,
-      [&](const NotificationCenter::Notification& note) { posted.push_back(note.userInfo); }, &notice);
-  notice.setOLApptWindowID(window->bar->ownWindow.windowId());
-  notice.showMessage({});
-  notice.showMessage({});
-  test.presenter.answerAlert(0, Presenter::Answer::defaultButton);
-  EXPECT_THAT(posted, IsEmpty()) << "the second has taken its place";
-  test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
-  ASSERT_EQ(posted.size(), 1u);
-  EXPECT_TRUE(posted[0][keyButtonClickIsOK].boolValue());
-  EXPECT_EQ(posted[0][keyApptWindowID].text(), window->bar->ownWindow.windowId());
-
-  notice.showMessage({});
-  test.presenter.answerAlert(2, Presenter::Answer::alternateButton);
-  ASSERT_EQ(posted.size(), 2u);
-  EXPECT_FALSE(posted[1][keyButtonClickIsOK].boolValue());
-
-  notice.showMessage({});
-  notice.abortDomodal();
-  test.presenter.answerAlert(3, Presenter::Answer::defaultButton);
-  EXPECT_EQ(posted.size(), 2u);
-  // The notice of this test is no manager's, so no manager has begun to save.
+TEST_F(Decisions, AMeetingIsRecognisedByItsRecordOrItsCalendarText) {
+  constexpr const char* kRecord =
+      R"({"meetingKey":"7","encodeMailBody":"digest","joinUrl":"https://vorn.example/j/7",)"
+      R"("forceIncludeJoinurlInLocation":false,"language":"de-DE"})";
+  constexpr const char* kByClient =
+      "BEGIN:VEVENT\r\nDTSTAMP:20990101T000000Z\r\nVORNMEETINGNUMBER:91234567890\r\nEND:VEVENT\r\n";
+  constexpr const char* kByInvitation =
+      "BEGIN:VEVENT\r\nDTSTAMP:20200101T000000Z\r\nDESCRIPTION:Meeting ID: 912 3456 7890\r\nEND:VEVENT\r\n";
+  struct Row {
+    const char* name;
+    Value inband, capabilities;
+    const char* calendar;
+    const char* uuid;
+    bool isFound;
+    const char* key;
+    int autoAdds, asks;
+  };
+  const Row rows[] = {
+      {"its record", kRecord, "", "", nullptr, true, "7", 0, 0},
+      {"its record in the older place", "", kRecord, "", nullptr, true, "7", 0, 0},
+      {"its older record beside one that nobody can read", "{", kRecord, "", nullptr, true, "7", 0, 0},
+      {"its older record beside no text", 5, kRecord, "", nullptr, true, "7", 0, 0},
+      {"a record of something else", R"({"joinUrl":""})", "", "", nullptr, false, "", 0, 0},
+      {"made by the client", "", "", kByClient, nullptr, true, "91234567890", 1, 0},
+      {"its invitation", "", "", kByInvitation, "U", true, "", 0, 1},
+      {"its invitation, without a UUID", "", "", kByInvitation, nullptr, false, "", 0, 0},
+      {"nothing", "", "", "", "U", false, "", 0, 0},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    openWindow();
+    data().setMeetingKey("");
+    const HostObject event = window->bar->event;
+    window->sendFrom("me@vorn.example", false);
+    window->set(event, "isOwner", true);
+    window->set(event, "olmUCInband", row.inband);
+    window->set(event, "olmUCCapabilities", row.capabilities);
+    window->set(event, "iCalendarRepresentation", row.calendar);
+    window->set(event, "location", "https://vorn.example/j/9");
+    if (row.uuid) window->set(event, "UUID", row.uuid);
+    MeetingWindow opened = MeetingWindow::ofBar(window->bar);
+    EXPECT_EQ(manager().opening().loadOIProperty(opened, event), row.isFound);
+    EXPECT_EQ(data().meetingKey(), row.key);
+    EXPECT_EQ(window->bar->autoAdds, row.autoAdds);
+    EXPECT_EQ(manager().openFromVornClient(), row.autoAdds == 1);
+    EXPECT_EQ(window->bar->asksByUUID, row.asks);
+    const bool byRecord = std::string(row.key) == "7";
+    EXPECT_EQ(data().joinUrl(), byRecord            ? OptionalText("https://vorn.example/j/7")
+                                : row.autoAdds == 1 ? OptionalText("https://vorn.example/j/9")
+                                                    : std::nullopt);
+    EXPECT_EQ(data().encodeMailBody(), byRecord ? OptionalText("digest") : std::nullopt);
+    EXPECT_EQ(data().selectInvitationLanguage(), byRecord ? "de-DE" : "en-US");
+    // The user's choice stays, so a record that says otherwise makes it a changed one.
+    EXPECT_EQ(data().isForceIncludeJoinurlInLocationChanged(), byRecord);
+  }
   EXPECT_THAT(client.requests, IsEmpty());
+}
+
+TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
+  const struct {
+    const char* name;
+    bool isReadable;
+    const char* toldUUID;
+    bool knowsAccount;
+    bool isTaken;
+  } rows[] = {
+      {"this one's", true, "u", true, true},
+      {"this one's, of an account not known yet", true, "U", false, true},
+      {"of no appointment", true, nullptr, true, true},
+      {"another one's", true, "other", true, false},
+      {"one that nobody can read", false, "u", true, false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    vnUserProfileHelper::sharedInstance().clearUserProfile();
+    if (row.knowsAccount) knowAccount();
+    openWindow();
+    data().setMeetingKey("");
+    window->set(window->bar->event, "UUID", "u");
+    manager().sendVnMeetingCommand(VnCmdGetMeetingByApptUUID, window->bar->editor);
+    EXPECT_FALSE(test.presenter.showsProgress());
+    com::tidemar::webapp::proto::MeetingProto message;
+    if (row.toldUUID) message.set_extinfo(R"({"olApptUUID":")" + std::string(row.toldUUID) + "\"}");
+    helper().setMeetingData(row.isReadable ? meeting() : Value::dictionary(), true);
+    helper().setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
+    client.requests.clear();
+    reply(VnCmdGetMeetingByApptUUID);
+    EXPECT_EQ(data().meetingKey(), row.isTaken ? kKey : "");
+    EXPECT_EQ(data().joinUrl().has_value(), row.isTaken);
+    EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().take(window->bar.get()).getJoinURLFromProperty(),
+              data().joinUrl());
+    EXPECT_EQ(window->bar->shown, row.isTaken ? VnUIMeeting : VnUINotMeeting);
+    EXPECT_THAT(client.requests, ElementsAreArray(row.isTaken && !row.knowsAccount ? std::vector<std::string>{"6"}
+                                                                                   : std::vector<std::string>{}));
+  }
+}
+
+// Its bar has left the lists and its editor is empty.
+TEST_F(Decisions, AReplyForAWindowThatHasGoneShowsAndStoresNothing) {
+  vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(window->bar.get());
+  data().setSavedApptInfo(unchanged()[vn_Outlook_ApptInfo]);
+  for (std::uint64_t number = VnCmdAdd; number <= VnCmdGetScheduleForList; ++number) {
+    for (std::uint64_t state = VnStateIdle; state <= VnStateUpdateOnCalendar; ++state) {
+      SCOPED_TRACE(testing::Message() << number << " in " << state);
+      helper().setMeetingData(meeting(), false);
+      manager().setState(state);
+      reply(number);
+    }
+  }
+  EXPECT_EQ(window->bar->shown, VnUINotMeeting);
+  EXPECT_FALSE(isWritten());
+  EXPECT_EQ(hostSaves, 0);
+  EXPECT_THAT(vnApptDataForSaveRecord::sharedInstance().windows(), IsEmpty());
 }
 
 TEST(LicencePolicy, KnowsEachUserTypeAndRefusesNothingToOneThatItDoesNotKnow) {

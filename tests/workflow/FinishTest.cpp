@@ -90,6 +90,34 @@ TEST_F(Finish, AWindowThatTheHostsOwnSaveHasClosedIsNotClosedAgain) {
   EXPECT_THAT(calls, ElementsAre("saveAndCloseWindow:"));
 }
 
+// The other account may not be able to store what the body was written in.
+TEST_F(Finish, ABodyTakesTheFormOfTheAccountThatItIsClosedOrSentFrom) {
+  const struct {
+    int action;
+    bool hasAttendees, fromChanged, isPlainAccount;
+    const char* format;
+  } rows[] = {
+      {VnApptActionSaveAndClose, false, true, false, "switchToHTMLText"},
+      {VnApptActionSaveAndClose, false, true, true, "switchToPlainText"},
+      {VnApptActionSaveAndClose, false, false, true, ""},
+      {VnApptActionSaveAndCloseReturnError, false, true, true, "switchToPlainText"},
+      {VnApptActionSend, true, true, true, "switchToPlainText"},
+      {VnApptActionSave, false, true, true, ""},
+      {VnApptActionAutoUpdate, false, true, true, ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.action);
+    FakeWindow window(test);
+    window.sendFrom("me@vorn.example", false);
+    window.set(window.get(window.bar->event, "account").object(), "shouldDisableCalendarHTMLBodyForAccount",
+               row.isPlainAccount);
+    if (row.hasAttendees) window.invite("ada", 1);
+    window.bar->fromChanged = row.fromChanged;
+    finish(window, row.action);
+    EXPECT_EQ(window.get(window.bar->bodyEditor, "format").text(), row.format);
+  }
+}
+
 TEST_F(Finish, ASaveThatRaisesInTheHostLeavesTheWindowOpen) {
   const std::pair<int, const char*> closing[] = {
       {VnApptActionSaveAndClose, "saveAndCloseWindow:"},
@@ -101,6 +129,22 @@ TEST_F(Finish, ASaveThatRaisesInTheHostLeavesTheWindowOpen) {
     finish(window, action);
     EXPECT_THAT(calls, ElementsAre(selector));
   }
+}
+
+TEST_F(Finish, ADragThatIsOverForgetsItsAppointmentAndAWindowThatHasGoneNothing) {
+  FakeWindow window(test);
+  for (const bool isDrag : {false, true}) {
+    window.manager->meetingDataMgr()->setMeetingKey("77");
+    window.manager->setIsDragAndMove(isDrag);
+    window.manager->finish().scheduleCloseOLAppointment({});
+    test.runLoop.runFor(0.005);
+    EXPECT_EQ(window.manager->meetingKey(), isDrag ? "" : "77");
+  }
+  EXPECT_FALSE(window.manager->isDragAndMove());
+  window.manager->finish().scheduleCloseOLAppointment(window.bar->editor);
+  window.manager->cleanup();
+  test.runLoop.runFor(0.005);
+  EXPECT_THAT(calls, testing::IsEmpty());
 }
 
 }  // namespace

@@ -47,10 +47,6 @@ class Location : public testing::Test {
   static ApptSaveData& leftBy(const FakeWindow& window) {
     return vnApptDataForSaveRecord::sharedInstance().of(window.bar);
   }
-  static OptionalText composed(FakeWindow& window, const std::shared_ptr<FakeBar>& bar) {
-    MeetingWindow shown = MeetingWindow::ofBar(bar);
-    return LocationRule(*window.manager->meetingDataMgr()).getVnLocation(shown);
-  }
   static void cancel(FakeWindow& window) {
     MeetingWindow shown = MeetingWindow::ofBar(window.bar);
     window.manager->writeBack().updateVnMeetingInfoToAppointmentForDelete(shown, Value::dictionary());
@@ -124,48 +120,6 @@ TEST_F(Location, TheUsersOwnTextIsWhatNobodyElsePutThere) {
   EXPECT_EQ(own(window), "Tower");
 }
 
-TEST_F(Location, RoomsComeBeforeTheUrl) {
-  FakeWindow window(test);
-  EXPECT_EQ(composed(window, nullptr), std::nullopt);
-  EXPECT_EQ(composed(window, window.bar), std::nullopt);
-  data(window).setJoinUrl(kOpen);
-  EXPECT_EQ(composed(window, window.bar), kOpen);
-  window.invite("Ada", 0);
-  window.invite("Room 7", 2);
-  window.invite("Bob", 1);
-  window.invite("Room 8", 2);
-  EXPECT_EQ(composed(window, window.bar), "Room 7; Room 8; https://vorn.example/j/1");
-}
-
-TEST_F(Location, AUrlThatIsSwitchedOffIsKeptUpToDateButNotAdded) {
-  FakeWindow window(test);
-  struct Row {
-    std::uint64_t action;
-    bool include;
-    const char* shown;
-    OptionalText oldUrl;
-    bool expected;
-  };
-  const Row rows[] = {
-      {VnCmdSchedule, true, "", kOpen, true},
-      {VnCmdSchedule, false, kOpen, kOpen, false},
-      {VnCmdAdd, true, "", kOpen, true},
-      {VnCmdUpdate, true, "", std::nullopt, true},
-      {VnCmdUpdate, false, "Castle; https://vorn.example/j/1", kOpen, true},
-      {VnCmdUpdate, false, "Castle", kOpen, false},
-      {VnCmdUpdate, false, "", kOpen, false},
-      {VnCmdUpdate, false, "Castle", "", false},
-      {VnCmdUpdate, false, "Castle", std::nullopt, false},
-  };
-  for (const Row& row : rows) {
-    data(window).setForceIncludeJoinUrlInLocation(row.include);
-    window.showLocation(row.shown);
-    MeetingWindow opened = MeetingWindow::ofBar(window.bar);
-    EXPECT_EQ(LocationRule(data(window)).needUpdateLocation(opened, row.action, row.oldUrl), row.expected)
-        << row.action << " " << row.shown;
-  }
-}
-
 // One window through several saves; each row goes on where the one before it stopped.
 TEST_F(Location, TheUrlFollowsTheServiceAndTheUsersChoice) {
   FakeWindow window(test);
@@ -231,6 +185,20 @@ TEST_F(Location, WithoutAFieldTheUrlOfTheStoredRecordIsTheOldOne) {
     EXPECT_EQ(window.get(window.bar->event, "location").text(), row.shown) << row.record;
     EXPECT_EQ(leftBy(window).getJoinURLFromProperty(), data(window).getOldJoinUrl());
   }
+}
+
+TEST_F(Location, OfAWindowWithoutABarOnlyItsOwnUrlIsTakenOut) {
+  FakeWindow window(test);
+  window.showLocation(std::string("Castle; ") + kOpen);
+  data(window).setJoinUrl(kOpen);
+  vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(window.bar.get());
+  MeetingWindow barless = MeetingWindow::ofEditor(window.bar->editor);
+  window.manager->writeBack().updateVnKeyInfoToAppointment(
+      barless, Value::dictionaryFromPairs({{vn_Meeting_JoinUrl, kWithPasscode}}), false);
+  EXPECT_EQ(shown(window), std::string("Castle; ") + kOpen);
+  window.manager->writeBack().updateVnMeetingInfoToAppointmentForDelete(barless, Value::dictionary());
+  EXPECT_EQ(shown(window), "Castle");
+  EXPECT_TRUE(vnApptDataForSaveRecord::sharedInstance().windows().empty());
 }
 
 TEST_F(Location, AnEmptyJoinUrlNeitherHangsNorTakesAnythingAway) {

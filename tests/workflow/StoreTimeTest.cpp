@@ -12,6 +12,7 @@
 #include "workflow/StoreTimeWriter.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnPACMeetingMgr.h"
+#include "workflow/vnSavePreparation.h"
 
 namespace vorn {
 namespace {
@@ -241,6 +242,7 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
     const char *shownId, *recordId;
     enum { outside, own, other, none } save;
     bool expected;
+    int shownRecord = 0, recordsRecord = 0;
   };
   const Row rows[] = {
       {"its own appointment", "A", "A", "", "", Row::own, true},
@@ -251,6 +253,9 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
       {"another appointment outside of a save", "A", "B", "", "", Row::outside, false},
       {"the same item of a series", "A", "A", "2", "2", Row::own, true},
       {"another item of the series", "A", "A", "1", "2", Row::own, false},
+      {"the same record", "A", "A", "1", "2", Row::own, true, 5, 5},
+      {"another record", "A", "A", "2", "2", Row::own, false, 5, 6},
+      {"one that has no record yet", "A", "A", "2", "2", Row::own, true, 5, 0},
       {"one that is stored for the first time", "", "", "", "", Row::own, true},
       {"one that gets its UUID just before", "", "A", "", "", Row::own, true},
       {"a new one while another window is saved", "", "", "", "", Row::other, false},
@@ -264,6 +269,13 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
     window.set(window.bar->event, "UUID", row.shownUUID);
     window.set(window.bar->event, "recurrenceId", row.shownId);
     const HostObject object = record({{"UUID", row.recordUUID}, {"recurrenceId", row.recordId}, {"body", "old"}});
+    const auto setRecord = [&](const HostObject& event, int id) {
+      const HostObject uid = test.classRuntime.create(
+          "ECRecordUID", std::make_shared<Value>(Value::dictionaryFromPairs({{"recordID", id}})));
+      if (id != 0) window.set(event, "recordUID", uid);
+    };
+    setRecord(window.bar->event, row.shownRecord);
+    setRecord(object, row.recordsRecord);
     ApptSaveData& mine = left.of(window.bar);
     mine.setNeedClearLocation(true);
     mine.setOLNewBody("new");
@@ -289,11 +301,16 @@ TEST_F(StoreTime, WhatTheUserTypedSinceItWasNotedIsStored) {
     mine.setNeedClearLocation(isCancelled);
     mine.setVnLocation("url");
     mine.setOLNewLocation("Castle");
+    mine.setOLNewBody("<p>old</p>");
     window.showLocation("Castle, east wing");
-    const HostObject object = record(
-        {{"UUID", "A"}, {"olmUCInband", isCancelled ? "" : kMeetingRecord}, {"location", "Castle, east wing"}});
+    window.set(window.bar->bodyEditor, "bodyContent", isCancelled ? "" : "<p>new</p>");
+    const HostObject object = record({{"UUID", "A"},
+                                      {"olmUCInband", isCancelled ? "" : kMeetingRecord},
+                                      {"location", "Castle, east wing"},
+                                      {"body", "<p>as the host has it</p>"}});
     StoreTimeWriter::write(object);
     EXPECT_EQ(stored(object, "location").text(), "Castle, east wing") << isCancelled;
+    EXPECT_EQ(stored(object, "body").text(), isCancelled ? "" : "<p>new</p>");
   }
 }
 
@@ -325,6 +342,47 @@ TEST_F(StoreTime, AnotherRecordInsideTheFirstSaveOfANewAppointmentIsNotTakenForI
   StoreTimeWriter::write(own);
   EXPECT_EQ(stored(other, "body").text(), "<p>other</p>");
   EXPECT_EQ(stored(own, "body").text(), "<p>new</p>");
+}
+
+TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
+  const struct {
+    const char* name;
+    bool hasMeeting, isDeleted;
+    Value body;
+    OptionalText field, notedBefore;
+    OptionalText notedBody, notedLocation;
+    bool fromChanged = false, hasHtml = false, becomesPlain = false;
+  } rows[] = {
+      {"a meeting", true, false, "<p>new</p>", "Castle", std::nullopt, "<p>new</p>", "Castle"},
+      {"a meeting whose body is empty", true, false, "<p> </p>", "Castle", "<p>old</p>", "<p>old</p>", "Castle"},
+      {"a meeting whose body is not known", true, false, Value(), "Castle", "<p>old</p>", "<p>old</p>", "Castle"},
+      {"a meeting without a location field", true, false, "<p>new</p>", std::nullopt, std::nullopt, "<p>new</p>",
+       std::nullopt},
+      {"a meeting that is taken off", true, true, "<p>new</p>", "Castle", std::nullopt, "<p>new</p>",
+       std::nullopt},
+      {"a meeting of another account", true, false, "<p>new</p>", "Castle", std::nullopt, "<p>new</p>", "Castle",
+       true, true, false},
+      {"a meeting of another account, with a plain invitation", true, false, "<p>new</p>", "Castle", std::nullopt,
+       "<p>new</p>", "Castle", true, false, true},
+      {"no meeting", false, false, "<p>new</p>", "Castle", std::nullopt, std::nullopt, std::nullopt},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    FakeWindow window(test);
+    window.bar->hasMeeting = row.hasMeeting;
+    window.bar->dataStatus = row.isDeleted ? VnDataDeleted : VnDataChanged;
+    window.bar->fromChanged = row.fromChanged;
+    proto::MeetingProto message;
+    if (row.hasHtml) message.set_invitehtmlemail("<p>Join</p>");
+    window.manager->getMeetingHelper()->setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
+    window.set(window.bar->bodyEditor, "bodyContent", row.body);
+    if (row.field) window.showLocation(*row.field);
+    left.of(window.bar).setOLNewBody(row.notedBefore);
+    vn_preHandleVnMeeting(window.bar->editor);
+    EXPECT_EQ(left.of(window.bar).getOLNewBody(), row.notedBody);
+    EXPECT_EQ(left.of(window.bar).getOLNewLocation(), row.notedLocation);
+    EXPECT_EQ(window.get(window.bar->bodyEditor, "format").text(), row.becomesPlain ? "switchToPlainText" : "");
+  }
 }
 
 TEST_F(StoreTime, AWindowThatGoesTakesAlongWhatItHasLeft) {

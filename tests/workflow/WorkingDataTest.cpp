@@ -8,7 +8,7 @@
 #include "tests/workflow/FakeWindow.h"
 #include "util/EncodeUtils.h"
 #include "util/vnOLUtils.h"
-#include "workflow/vnOnbehalfData.h"
+#include "workflow/OwnerCheck.h"
 
 namespace vorn {
 namespace {
@@ -127,6 +127,7 @@ TEST_F(WorkingData, AChoiceIsChangedWhenItDiffersFromTheStoredOneAndNoLanguageAl
   data.clearSavedMeetingData();
   EXPECT_FALSE(data.isSelectInvitationLanguageChanged());
   EXPECT_TRUE(data.forceIncludeJoinUrlInLocation()) << "not the user's stored choice";
+  EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());
 }
 
 TEST_F(WorkingData, AMeetingWithoutAnyProtectionGetsAWaitingRoomUnlessTheAccountForbidsOne) {
@@ -167,32 +168,74 @@ TEST_F(WorkingData, AMeetingWithoutAnyProtectionGetsAWaitingRoomUnlessTheAccount
   }
 }
 
-TEST_F(WorkingData, AlternateHostsOfOneMeetingAreNotCarriedIntoTheNext) {
-  FakeWindow window(test);
-  const Value settings = window.manager->meetingDataMgr()->getVnSettingsData(window.bar->getAppointmentWindowID());
-  EXPECT_EQ(settings[vn_Setting_AlternateHosts], Value(""));
-  EXPECT_TRUE(settings[vn_Setting_ScheduleFor].text().empty());
+// The personal meeting is the one that every meeting with its number takes the place of.
+TEST_F(WorkingData, ANewMeetingTakesOverThePersonalMeetingAndNothingOfAnyOther) {
+  constexpr std::int64_t kPrefersPersonalNumber = 0x100;
+  const struct {
+    std::int64_t option3;
+    bool hasRead;
+    bool takesOver;
+  } rows[] = {{0, true, false}, {kPrefersPersonalNumber, false, false}, {kPrefersPersonalNumber, true, true}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::Message() << row.option3 << (row.hasRead ? " read" : ""));
+    receive([&](auto& profile) { profile.set_useroption3(row.option3); });
+    FakeWindow window(test);
+    if (row.hasRead) {
+      window.manager->getMeetingHelper()->setMeetingData(
+          Value::dictionaryFromPairs({{vn_MeetingKey, "5550142871"}, {vn_Setting_MeetingPassword, "abc123"}}),
+          false);
+    }
+    const Value settings =
+        window.manager->meetingDataMgr()->getVnSettingsData(window.bar->getAppointmentWindowID());
+    EXPECT_EQ(settings[vn_Setting_IsPMI].boolValue(), row.option3 != 0);
+    EXPECT_EQ(settings[vn_Setting_MeetingPassword].text() == "abc123", row.takesOver);
+    if (!row.takesOver) {
+      EXPECT_EQ(settings[vn_Setting_AlternateHosts], Value(""));
+    }
+    EXPECT_TRUE(settings[vn_Setting_ScheduleFor].text().empty());
+  }
 }
 
-TEST_F(WorkingData, WhoSchedulesForWhomIsToldByTheAddressInAnyCase) {
+TEST_F(WorkingData, TheFromAccountFitsEveryMeetingButOnesOwnThatIsNotStoredYet) {
   Value bosses = Value::array();
-  bosses.append(
-      Value::dictionaryFromPairs({{"email", "Ada@vorn.example"}, {"displayName", "Ada"}, {"pmi", "555"}}));
-  bosses.append(Value::dictionaryFromPairs({{"email", "bob@vorn.example"}}));
+  bosses.append(Value::dictionaryFromPairs({{"email", "dana@vorn.example"}, {"displayName", "Dana"}}));
   receive([](auto&) {}, bosses);
-  vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
   struct Row {
-    const char *email, *name, *pmi;
+    const char* name;
+    const char* from = "dana@vorn.example";
+    bool isDelegating = true;
+    const char* scheduledFor = "";
+    const char* record = "";
+    bool hasMeeting = true, isSupported = true, hasBar = true;
+    bool fits = true;
   };
-  for (const Row& row :
-       {Row{"ada@VORN.example", "Ada", "555"}, {"bob@vorn.example", "", ""}, {"eve@vorn.example", "", ""}}) {
-    EXPECT_EQ(onbehalf.getDisplayNameWithOnbehalfEmail(row.email), row.name);
-    EXPECT_EQ(onbehalf.hasSchedulePermission(row.email), *row.name != 0);
-    EXPECT_EQ(onbehalf.onbehalfPMI(row.email), row.pmi);
-    EXPECT_EQ(onbehalf.supportPMIForOnbehalf(row.email), *row.pmi != 0);
+  const Row rows[] = {
+      {.name = "one's own, in somebody's name", .fits = false},
+      {.name = "one's own, in nobody's name yet", .from = "", .fits = false},
+      {.name = "one's own, with a record that nobody can read", .record = "no JSON", .fits = false},
+      {.name = "one's own, with a record of something else", .record = "{\"joinUrl\":\"\"}", .fits = false},
+      {.name = "one's own, in one's own name", .from = "me@vorn.example", .isDelegating = false},
+      {.name = "one's own, with somebody's address only", .isDelegating = false},
+      {.name = "one's own, in a stranger's name", .from = "eve@vorn.example"},
+      {.name = "that somebody's", .scheduledFor = "DANA@vorn.example"},
+      {.name = "somebody else's", .scheduledFor = "bob@vorn.example"},
+      {.name = "somebody's, in one's own name", .isDelegating = false, .scheduledFor = "dana@vorn.example"},
+      {.name = "stored already", .record = "{\"meetingKey\":\"1\"}"},
+      {.name = "none", .hasMeeting = false},
+      {.name = "one that is not supported", .isSupported = false},
+      {.name = "one without a bar", .hasBar = false},
+  };
+  for (const Row& row : rows) {
+    FakeWindow window(test);
+    window.sendFrom(row.from, row.isDelegating);
+    window.set(window.bar->event, "olmUCInband", row.record);
+    window.bar->hasMeeting = row.hasMeeting;
+    window.bar->supported = row.isSupported;
+    window.manager->setScheduleForEmail(row.scheduledFor);
+    const OwnerCheck check(*window.manager->meetingDataMgr());
+    MeetingWindow opened = MeetingWindow::ofBar(row.hasBar ? window.bar : nullptr);
+    EXPECT_EQ(check.checkScheduleOwnerMatched(opened), row.fits) << row.name;
   }
-  EXPECT_FALSE(onbehalf.isCurrentScheduleVornForOther("no such window"));
-  EXPECT_EQ(onbehalf.onbehalfEmail("no such window"), "");
 }
 
 }  // namespace

@@ -1,0 +1,162 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "channel/commands/vnAPIKeys.h"
+#include "data/vnProfileKeys.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "host/proxies/vnApptInfoKeys.h"
+#include "meeting.pb.h"
+#include "tests/workflow/FakeClient.h"
+#include "tests/workflow/FakeWindow.h"
+#include "util/EncodeUtils.h"
+#include "workflow/SettingsPanel.h"
+
+namespace vorn {
+
+inline constexpr const char* kKey = "5550123456";
+inline constexpr double kStart = 1795514400;
+
+// Notes what it is told, one short text a call.
+class FakePanel final : public SettingsPanel {
+ public:
+  Value getVnSettingsData() override { return settings; }
+  std::string getScheduldForEmailFromUI() override { return scheduledFor; }
+  Value getSiteMeetingInfo() override { return "site"; }
+  void setPMIMeetingInfo(const Value& info) override { calls.push_back("personal " + info[vn_MeetingKey].text()); }
+  void updatePasswordAfterCommit(const OptionalText& passcode) override {
+    calls.push_back("passcode " + passcode.value_or("-"));
+  }
+  void filterInvalidAlternateHosts(const Value& emails) override {
+    for (const Value& email : emails.items()) calls.push_back("filters " + email.text());
+  }
+  void resetMeetingItemWhenUpdateError() override { calls.push_back("resets"); }
+  void setScheduleForListInfo(bool arrived) override { calls.push_back(arrived ? "people" : "no people"); }
+
+  Value settings = Value::dictionary();
+  std::string scheduledFor;
+  std::vector<std::string> calls;
+};
+
+// One panel, which is open for one window at most.
+class FakePanels final : public SettingsPanels {
+ public:
+  void addSchSettingWindowToArray(const std::string& windowId, const Value&, const HostObject&) override {
+    added = windowId;
+  }
+  void showSchSettingWindow(const std::string& windowId) override {
+    panel.calls.push_back(windowId == added ? "shown" : "shown without having been made");
+  }
+  SettingsPanel* getSchSettingWindowInArray(const OptionalText& windowId) override {
+    return openFor && windowId == openFor ? &panel : nullptr;
+  }
+  void refreshSettingWindow(const std::string&, bool forPMI) override {
+    panel.calls.push_back(forPMI ? "refreshed as personal" : "refreshed");
+  }
+  void addToInputAlternateHostHistory(const Value& hosts) override {
+    for (const Value& host : hosts.items()) panel.calls.push_back("remembers " + host.text());
+  }
+
+  OptionalText openFor;
+  std::string added;
+  FakePanel panel;
+};
+
+// A window whose meeting has been read and is as the service has it, with a panel and a client that takes every
+// request.
+class MeetingFixture : public testing::Test {
+ protected:
+  MeetingFixture() {
+    defineWindowClasses(test.classRuntime);
+    WorkflowDirectory::sharedInstance().install();
+    test.classRuntime.setInstanceMethod("ERCalendarEventEditorViewController",
+                                        "vn_ERCalendarEventEditorViewController_save",
+                                        [this](const HostObject&, const Arguments&) {
+                                          ++hostSaves;
+                                          if (uuidAtStore) window->set(window->bar->event, "UUID", uuidAtStore);
+                                          return Value();
+                                        });
+    defineStartTime();
+    setSettingsPanels(&panels);
+    openWindow();
+  }
+
+  // Without a time that can be read no commit goes out.
+  void defineStartTime() {
+    test.classRuntime.defineClass("OLCalendarDate");
+    test.classRuntime.setInstanceMethod("OLCalendarDate", "dateUTC",
+                                        [](const HostObject&, const Arguments&) { return Value(kStart); });
+    const HostObject date = test.classRuntime.create("OLCalendarDate");
+    test.classRuntime.setInstanceMethod("ECCalendarEvent", "startTime",
+                                        [date](const HostObject&, const Arguments&) { return Value(date); });
+  }
+
+  // An editor with a meeting that has been read and is as the service has it.
+  void openWindow() {
+    window = std::make_unique<FakeWindow>(test);
+    window->bar->action = VnApptActionAutoUpdate;
+    data().setMeetingKey(kKey);
+    data().setForceIncludeJoinUrlInLocation(true);
+    data().setOldForceIncludeJoinurlInLocation(true);
+    data().setSelectInvitationLanguage("en-US");
+    data().setOldSelectInvitationLanguage("en-US");
+    helper().setMeetingData(meeting(), false);
+  }
+
+  static Value meeting() {
+    return Value::dictionaryFromPairs({{"meetingKey", kKey},
+                                       {"subject", "Review"},
+                                       {"startTime", kStart},
+                                       {"joinUrl", "https://vorn.example/j/5550123456"},
+                                       {"meetingPassword", "abc123"}});
+  }
+  vnMeetingMgr& manager() { return *window->manager; }
+  vnMeetingDataMgr& data() { return *manager().meetingDataMgr(); }
+  vnGetMeetingHelper& helper() { return *manager().getMeetingHelper(); }
+  // The appointment as the meeting already is.
+  Value unchanged() { return helper().getMeetingInfo(); }
+  Value with(std::string_view group, std::string_view key, const Value& value) {
+    Value changed = unchanged();
+    Value part = changed[group];
+    part.set(key, value);
+    changed.set(group, part);
+    return changed;
+  }
+  void knowAccount() {
+    vnUserProfileHelper::sharedInstance().setData(
+        Value::dictionaryFromPairs({{"userId", "me"}, {"roomMeetingId", "5550142871"}}));
+  }
+  static void knowAccountOfType(int userType) {
+    com::tidemar::webapp::proto::UserProfile message;
+    message.set_usertype(userType);
+    message.set_id("me");
+    vnUserProfileHelper::sharedInstance().setData(
+        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(message.SerializeAsString())}}));
+  }
+  std::string id() { return window->bar->ownWindow.windowId(); }
+  void openPanel() { panels.openFor = id(); }
+  bool isWritten() { return !window->get(window->bar->editor, "record").text().empty(); }
+  void reply(std::uint64_t number, Value response = Value::dictionary()) {
+    Value dictionary = Value::dictionary();
+    dictionary.set(keyVnAPIResponse, response);
+    dictionary.set(keyApptWindowID, id());
+    manager().onExcuteCommandFinished(number, dictionary);
+    test.runLoop.runFor(0.01);
+  }
+
+  TestPlatform test;
+  FakeClient& client = FakeClient::install(test);
+  FakePanels panels;
+  std::unique_ptr<FakeWindow> window;
+  int hostSaves = 0;
+  // What a stored appointment gets from the host, if anything.
+  const char* uuidAtStore = nullptr;
+};
+
+}  // namespace vorn
