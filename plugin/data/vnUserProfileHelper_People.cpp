@@ -1,10 +1,10 @@
+// The profile reader: the people to schedule for, and the questions that are asked of an account or of a person.
+
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "util/Text.h"
-
-// The profile reader: the people to schedule for, and the questions that are asked of an account or of a person.
 
 namespace vorn {
 

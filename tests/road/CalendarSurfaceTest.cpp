@@ -1,3 +1,5 @@
+// What a person does to meetings on the calendar itself, with no editor open.
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -5,8 +7,6 @@
 #include "tests/road/world/RoadWorld.h"
 #include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnMeetingMgr.h"
-
-// What a person does to meetings on the calendar itself, with no editor open.
 
 namespace vorn {
 namespace {

@@ -1,3 +1,5 @@
+// What an account may not do: hold meetings without a licence, and hold long ones without a paid plan.
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,8 +10,6 @@
 #include "tests/road/world/RoadWorld.h"
 #include "util/PropertyList.h"
 #include "workflow/vnScheduleErrorMessage.h"
-
-// What an account may not do: hold meetings without a licence, and hold long ones without a paid plan.
 
 namespace vorn {
 namespace {

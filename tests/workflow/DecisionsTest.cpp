@@ -1,3 +1,6 @@
+// What a manager decides when a reply has come: whether the service must hear of something, what is written, and
+// whether the host's operation is made again.
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,9 +22,6 @@
 #include "util/EncodeUtils.h"
 #include "workflow/SettingsPanel.h"
 #include "workflow/vnWorkflowKeys.h"
-
-// What a manager decides when a reply has come: whether the service must hear of something, what is written, and
-// whether the host's operation is made again.
 
 namespace vorn {
 namespace {

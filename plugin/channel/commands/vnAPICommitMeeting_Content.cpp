@@ -1,3 +1,5 @@
+// What goes to the client.
+
 #include <string>
 #include <string_view>
 
@@ -10,8 +12,6 @@
 #include "platform/Registry.h"
 #include "util/Utf16.h"
 #include "util/vnOLUtils.h"
-
-// What goes to the client.
 
 namespace vorn {
 
