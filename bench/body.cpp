@@ -1,3 +1,8 @@
+// The invitation in bodies of growing size: replaced, taken out, and the body as plain text. "copies" is the most
+// memory in use at once, the body that is given included, against the body's size. Beside an update and a removal
+// stands one copy of the body, the floor of all that gives a changed one; beside the text stands libxml2's own run
+// over the same HTML, with callbacks that only look at what they get.
+
 #include <benchmark/benchmark.h>
 #include <libxml/HTMLparser.h>
 #include <malloc.h>
@@ -10,11 +15,6 @@
 #include <string>
 
 #include "invitation/vnBodyHelper.h"
-
-// The invitation in bodies of growing size: replaced, taken out, and the body as plain text. "copies" is the most
-// memory in use at once, the body that is given included, against the body's size. Beside an update and a removal
-// stands one copy of the body, the floor of all that gives a changed one; beside the text stands libxml2's own run
-// over the same HTML, with callbacks that only look at what they get.
 
 namespace {
 

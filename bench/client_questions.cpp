@@ -1,3 +1,6 @@
+// The questions about the client, which go to the disk each time. The floor beside them opens, reads and closes
+// the one property list that holds the answer, and takes nothing out of it.
+
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -8,9 +11,6 @@
 #include "channel/discovery/vnAppHelper.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/discovery/vnGetClientVersionHelper.h"
-
-// The questions about the client, which go to the disk each time. The floor beside them opens, reads and closes
-// the one property list that holds the answer, and takes nothing out of it.
 
 namespace {
 

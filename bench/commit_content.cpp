@@ -1,3 +1,6 @@
+// The content of a commit, from the working data to the text that is sent. Beside it stand its two parts that
+// cannot be saved: the questions to the client's version, which go to the disk, and the document's way into JSON.
+
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -9,9 +12,6 @@
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "util/vStringUtils.h"
-
-// The content of a commit, from the working data to the text that is sent. Beside it stand its two parts that
-// cannot be saved: the questions to the client's version, which go to the disk, and the document's way into JSON.
 
 namespace {
 

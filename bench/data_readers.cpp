@@ -1,3 +1,6 @@
+// What it costs to take a profile and a meeting apart, beside protobuf's own parse of the same bytes, and to
+// answer a panel's questions. The reader's cost must stay within 1.5 times the library's for 1 MB.
+
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -17,9 +20,6 @@
 #include "platform/Workspace.h"
 #include "util/EncodeUtils.h"
 #include "util/vStringUtils.h"
-
-// What it costs to take a profile and a meeting apart, beside protobuf's own parse of the same bytes, and to
-// answer a panel's questions. The reader's cost must stay within 1.5 times the library's for 1 MB.
 
 namespace {
 

@@ -1,3 +1,7 @@
+// Reading and writing JSON. Reading stands beside simdjson's own parse of the same text into its own tree, which
+// makes no values of ours; writing beside simdjson's minify of the text, the floor of all that copies it, and
+// beside another library's pretty-printer over the same tree.
+
 #include <benchmark/benchmark.h>
 #include <simdjson.h>
 
@@ -5,10 +9,6 @@
 #include <string>
 
 #include "util/vStringUtils.h"
-
-// Reading and writing JSON. Reading stands beside simdjson's own parse of the same text into its own tree, which
-// makes no values of ours; writing beside simdjson's minify of the text, the floor of all that copies it, and
-// beside another library's pretty-printer over the same tree.
 
 namespace {
 

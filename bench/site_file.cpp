@@ -1,3 +1,7 @@
+// The site file: one document in JSON within a property list, replaced as a whole. The floors beside it write and
+// read the very same bytes without looking into them: fopen, fwrite and rename, with and without the fsync that a
+// file needs to outlive the machine, and fopen and fread.
+
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -8,10 +12,6 @@
 #include "channel/store/JsonTextFile.h"
 #include "util/AtomicFile.h"
 #include "util/vStringUtils.h"
-
-// The site file: one document in JSON within a property list, replaced as a whole. The floors beside it write and
-// read the very same bytes without looking into them: fopen, fwrite and rename, with and without the fsync that a
-// file needs to outlive the machine, and fopen and fread.
 
 namespace {
 

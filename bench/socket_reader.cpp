@@ -1,3 +1,6 @@
+// How long it takes to find the end of a reply that comes in pieces of 8 KB: the plug-in's reader, and a plain
+// scan that starts over at every read. The reader's bytes per second must not fall as replies grow.
+
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -11,9 +14,6 @@
 
 #include "channel/transport/MessageAssembler.h"
 #include "channel/transport/vnIPCConstants.h"
-
-// How long it takes to find the end of a reply that comes in pieces of 8 KB: the plug-in's reader, and a plain
-// scan that starts over at every read. The reader's bytes per second must not fall as replies grow.
 
 namespace {
 

@@ -1,5 +1,7 @@
 #pragma once
 
+// What the fuzzers share. Each one is a program of libFuzzer that feeds one reader of foreign input.
+
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,8 +12,6 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
-
-// What the fuzzers share. Each one is a program of libFuzzer that feeds one reader of foreign input.
 
 namespace vorn::fuzzing {
 

@@ -1,8 +1,8 @@
-#include "fuzz/Fuzzing.h"
-#include "util/EncodeUtils.h"
-
 // Base64 of a reply's field: bytes come back from their text, also with line breaks in it, and any other text
 // gives bytes that are no longer than it can hold, or none.
+
+#include "fuzz/Fuzzing.h"
+#include "util/EncodeUtils.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::EncodeUtils;

@@ -1,8 +1,8 @@
+// The invitation in a body that a user has edited: put in, replaced and taken out, whatever the body holds.
+
 #include "fuzz/Fuzzing.h"
 #include "invitation/vnBodyHelper.h"
 #include "util/TextSearch.h"
-
-// The invitation in a body that a user has edited: put in, replaced and taken out, whatever the body holds.
 
 namespace {
 

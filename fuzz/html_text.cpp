@@ -1,8 +1,8 @@
+// Bodies of appointments as a reader sees them: valid text, whatever the HTML holds.
+
 #include "fuzz/Fuzzing.h"
 #include "util/HtmlText.h"
 #include "util/Utf16.h"
-
-// Bodies of appointments as a reader sees them: valid text, whatever the HTML holds.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::fuzzing::check;

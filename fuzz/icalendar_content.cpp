@@ -1,8 +1,8 @@
+// The small reader of an appointment's iCalendar text.
+
 #include "fuzz/Fuzzing.h"
 #include "invitation/vnICalendarContentParse.h"
 #include "util/Utf16.h"
-
-// The small reader of an appointment's iCalendar text.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::fuzzing::check;

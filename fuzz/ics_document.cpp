@@ -1,8 +1,8 @@
-#include "fuzz/Fuzzing.h"
-#include "lab/outlook/IcsDocument.h"
-
 // Calendar files that people bring: an unchanged one is written byte for byte, and a changed one is a calendar
 // that holds the change.
+
+#include "fuzz/Fuzzing.h"
+#include "lab/outlook/IcsDocument.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::fuzzing::check;

@@ -1,7 +1,7 @@
+// JSON of a reply: what is read can be written, and reads back the same.
+
 #include "fuzz/Fuzzing.h"
 #include "util/vStringUtils.h"
-
-// JSON of a reply: what is read can be written, and reads back the same.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::vStringUtils;

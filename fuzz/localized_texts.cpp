@@ -1,9 +1,9 @@
+// The bundle's table of texts.
+
 #include "fuzz/Fuzzing.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
-
-// The bundle's table of texts.
 
 namespace {
 

@@ -1,10 +1,10 @@
+// The binary messages of a reply: whatever they hold, the answers are valid text and every index is answered.
+
 #include "data/CVnGetMeetingProtoParse.h"
 #include "data/CVnGetPACProtoParse.h"
 #include "data/CVnUserProfileProtoParse.h"
 #include "fuzz/Fuzzing.h"
 #include "util/Utf16.h"
-
-// The binary messages of a reply: whatever they hold, the answers are valid text and every index is answered.
 
 namespace {
 

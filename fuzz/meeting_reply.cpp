@@ -1,11 +1,11 @@
+// A meeting as the client sends it, the JSON layer and the binary layer together, and the record that the
+// workflow makes of the two.
+
 #include "data/vnGetMeetingHelper.h"
 #include "fuzz/Fuzzing.h"
 #include "platform/Registry.h"
 #include "util/EncodeUtils.h"
 #include "util/vStringUtils.h"
-
-// A meeting as the client sends it, the JSON layer and the binary layer together, and the record that the
-// workflow makes of the two.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   vorn::fuzzing::Input input(data, size);

@@ -1,3 +1,5 @@
+// The reader of the socket's stream against a plain one that looks at everything again after each read.
+
 #include <optional>
 #include <string>
 #include <utility>
@@ -6,8 +8,6 @@
 #include "channel/transport/vnIPCConstants.h"
 #include "fuzz/Fuzzing.h"
 #include "util/Utf16.h"
-
-// The reader of the socket's stream against a plain one that looks at everything again after each read.
 
 namespace {
 

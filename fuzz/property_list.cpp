@@ -1,9 +1,9 @@
+// Property lists on disk, which other programs may have written: what is read can be written, if XML has a form
+// for its texts, and reads back the same.
+
 #include "fuzz/Fuzzing.h"
 #include "util/AtomicFile.h"
 #include "util/PropertyList.h"
-
-// Property lists on disk, which other programs may have written: what is read can be written, if XML has a form
-// for its texts, and reads back the same.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::fuzzing::check;

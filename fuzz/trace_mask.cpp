@@ -1,10 +1,10 @@
+// The mask of what reaches a log: no address and no passcode of a join URL survives it.
+
 #include <algorithm>
 #include <string>
 
 #include "fuzz/Fuzzing.h"
 #include "platform/TraceMask.h"
-
-// The mask of what reaches a log: no address and no passcode of a join URL survives it.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::fuzzing::check;

@@ -4,8 +4,11 @@
 
 #import <Foundation/Foundation.h>
 
+#include <optional>
+
 #include "platform/apple/AppleClassRuntime.h"
 #include "platform/apple/Conversions.h"
+#include "platform/apple/Ownership.h"
 
 @interface ECCalendarEvent : NSObject {
   NSString* m_record;
@@ -51,44 +54,39 @@ namespace {
 
 class ObjectiveCHost final : public HookedHost {
  public:
-  ObjectiveCHost() { [m_event setOlmUCInband:m_record]; }
-  ~ObjectiveCHost() override {
-    [m_event release];
-    [m_record release];
-    [m_pool drain];
-  }
+  ObjectiveCHost() { [m_event.get() setOlmUCInband:m_record.get()]; }
   ObjectiveCHost(const ObjectiveCHost&) = delete;
   ObjectiveCHost& operator=(const ObjectiveCHost&) = delete;
 
   vorn::ClassRuntime& runtime() override { return m_runtime; }
   vorn::HostObject event() override {
-    return vorn::LiveObjects::instance().reference(m_event, vorn::LiveObjects::Holding::never);
+    return vorn::LiveObjects::instance().reference(m_event.get(), vorn::LiveObjects::Holding::never);
   }
-  void readFlag(bool hooked) override { hooked ? [m_event hookedIsOccurrence] : [m_event isOccurrence]; }
+  void readFlag(bool hooked) override {
+    hooked ? [m_event.get() hookedIsOccurrence] : [m_event.get() isOccurrence];
+  }
   void readRecord(bool hooked) override {
     if (!hooked) {
-      [m_event olmUCInband];
+      [m_event.get() olmUCInband];
       return;
     }
     // What the replacement answers ends with its caller's pool; a host empties that at each turn of its loop.
-    [m_event hookedOlmUCInband];
-    if (++m_answers % kAnswersAPool == 0) emptyPool();
+    [m_event.get() hookedOlmUCInband];
+    if (++m_answers % kAnswersAPool != 0) return;
+    m_pool.reset();
+    m_pool.emplace();
   }
   void writeRecord(bool hooked) override {
-    hooked ? [m_event setHookedOlmUCInband:m_record] : [m_event setOlmUCInband:m_record];
+    hooked ? [m_event.get() setHookedOlmUCInband:m_record.get()] : [m_event.get() setOlmUCInband:m_record.get()];
   }
 
  private:
   static constexpr int kAnswersAPool = 100;
 
-  void emptyPool() {
-    [m_pool drain];
-    m_pool = [[NSAutoreleasePool alloc] init];
-  }
-
-  NSAutoreleasePool* m_pool = [[NSAutoreleasePool alloc] init];
-  NSString* m_record = [vorn::foundationText(record()) retain];
-  ECCalendarEvent* m_event = [[ECCalendarEvent alloc] init];
+  std::optional<vorn::AutoreleasePool> m_pool{std::in_place};
+  vorn::Retained<NSString*> m_record{vorn::foundationText(record())};
+  vorn::Retained<ECCalendarEvent*> m_event =
+      vorn::Retained<ECCalendarEvent*>::adopted([[ECCalendarEvent alloc] init]);
   vorn::AppleClassRuntime m_runtime;
   int m_answers = 0;
 };

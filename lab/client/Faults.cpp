@@ -109,7 +109,7 @@ class FaultParser {
     // The text of a content may hold commas.
     if (text.rfind("content", 0) == 0) {
       Fault fault;
-      fault.kind = FaultKind::kContent;
+      fault.kind = FaultKind::content;
       fault.text = trimmed(std::string_view(text).substr(7));
       fault.words = "content";
       return {fault};
@@ -131,16 +131,16 @@ class FaultParser {
       FaultKind kind;
     };
     for (const auto& [plain, kind] :
-         {Plain{"glue", FaultKind::kGlue}, Plain{"not-utf8", FaultKind::kNotUtf8},
-          Plain{"twice", FaultKind::kTwice}, Plain{"close", FaultKind::kClose}, Plain{"die", FaultKind::kDie},
-          Plain{"silent", FaultKind::kSilent}, Plain{"restart", FaultKind::kRestart}}) {
+         {Plain{"glue", FaultKind::glue}, Plain{"not-utf8", FaultKind::notUtf8}, Plain{"twice", FaultKind::twice},
+          Plain{"close", FaultKind::close}, Plain{"die", FaultKind::die}, Plain{"silent", FaultKind::silent},
+          Plain{"restart", FaultKind::restart}}) {
       if (name != plain) continue;
       if (words.size() > 1) fail("'" + name + "' takes nothing behind it, found '" + words[1] + "'");
       fault.kind = kind;
       return fault;
     }
-    for (const auto& [counted, kind] : {Plain{"truncate", FaultKind::kTruncate},
-                                        Plain{"fields", FaultKind::kFields}, Plain{"grow", FaultKind::kGrow}}) {
+    for (const auto& [counted, kind] : {Plain{"truncate", FaultKind::truncate}, Plain{"fields", FaultKind::fields},
+                                        Plain{"grow", FaultKind::grow}}) {
       if (name != counted) continue;
       fault.kind = kind;
       fault.count = readCount(words, 1, name + " N");
@@ -148,7 +148,7 @@ class FaultParser {
     }
     if (name == "error") {
       if (words.size() != 2) fail("expected 'error CODE', found '" + fault.words + "'");
-      fault.kind = FaultKind::kError;
+      fault.kind = FaultKind::error;
       fault.text = words[1];
       return fault;
     }
@@ -172,19 +172,19 @@ class FaultParser {
     if ((words.size() != 2 && !unit) || !readNumber(words[1], seconds) || seconds < 0 || seconds > 3600) {
       fail("expected 'delay SECONDS', at most 3600, found '" + fault.words + "'");
     }
-    fault.kind = FaultKind::kDelay;
+    fault.kind = FaultKind::delay;
     fault.count = static_cast<std::size_t>(seconds * 1000);
     return fault;
   }
 
   Fault readSplit(const Words& words, Fault fault) const {
     if (words.size() > 1 && words[1] == "every") {
-      fault.kind = FaultKind::kSplitEvery;
+      fault.kind = FaultKind::splitEvery;
       fault.count = readCount(words, 2, "split every N");
       if (fault.count == 0) fail("'split every' needs at least 1");
       return fault;
     }
-    fault.kind = FaultKind::kSplit;
+    fault.kind = FaultKind::split;
     if (words.size() < 3 || words[1] != "at")
       fail("expected 'split at N ...' or 'split every N', found '" + fault.words + "'");
     for (std::size_t i = 2; i < words.size(); ++i) {
@@ -260,10 +260,10 @@ std::string firstFields(const std::string& content, std::size_t count) {
 
 void spoilContent(Envelope& reply, const Fault& fault) {
   switch (fault.kind) {
-    case FaultKind::kError: reply.content = "0;Error " + fault.text; break;
-    case FaultKind::kContent: reply.content = fault.text; break;
-    case FaultKind::kFields: reply.content = firstFields(reply.content, fault.count); break;
-    case FaultKind::kGrow:
+    case FaultKind::error: reply.content = "0;Error " + fault.text; break;
+    case FaultKind::content: reply.content = fault.text; break;
+    case FaultKind::fields: reply.content = firstFields(reply.content, fault.count); break;
+    case FaultKind::grow:
       if (reply.content.size() < fault.count) reply.content.resize(fault.count, 'x');
       break;
     default: break;
@@ -294,24 +294,24 @@ Delivery deliveryOf(Envelope reply, const std::vector<Fault>& faults) {
   bool twice = false;
   for (const auto& fault : faults) {
     switch (fault.kind) {
-      case FaultKind::kDelay: delivery.delayMilliseconds += fault.count; break;
-      case FaultKind::kSplit: positions = fault.positions; break;
-      case FaultKind::kSplitEvery:
+      case FaultKind::delay: delivery.delayMilliseconds += fault.count; break;
+      case FaultKind::split: positions = fault.positions; break;
+      case FaultKind::splitEvery:
         positions.clear();
         for (std::size_t at = fault.count; at < text.size(); at += fault.count) positions.push_back(at);
         break;
-      case FaultKind::kGlue: delivery.glue = true; break;
-      case FaultKind::kTruncate: text.resize(std::min(text.size(), fault.count)); break;
-      case FaultKind::kNotUtf8: text.insert(text.size() / 2, "\xff\xfe"); break;
-      case FaultKind::kTwice: twice = true; break;
-      case FaultKind::kClose: delivery.end = Delivery::End::kClose; break;
-      case FaultKind::kDie: delivery.end = Delivery::End::kDie; break;
-      case FaultKind::kRestart: delivery.end = Delivery::End::kRestart; break;
-      case FaultKind::kSilent: silent = true; break;
+      case FaultKind::glue: delivery.glue = true; break;
+      case FaultKind::truncate: text.resize(std::min(text.size(), fault.count)); break;
+      case FaultKind::notUtf8: text.insert(text.size() / 2, "\xff\xfe"); break;
+      case FaultKind::twice: twice = true; break;
+      case FaultKind::close: delivery.end = Delivery::End::close; break;
+      case FaultKind::die: delivery.end = Delivery::End::die; break;
+      case FaultKind::restart: delivery.end = Delivery::End::restart; break;
+      case FaultKind::silent: silent = true; break;
       default: break;
     }
   }
-  if (silent || delivery.end != Delivery::End::kNone) return delivery;
+  if (silent || delivery.end != Delivery::End::none) return delivery;
   delivery.pieces = cut(text, std::move(positions));
   if (twice) delivery.pieces.push_back(text);
   return delivery;

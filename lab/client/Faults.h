@@ -19,25 +19,25 @@ class FaultError : public std::runtime_error {
 };
 
 enum class FaultKind {
-  kDelay,       // count: milliseconds
-  kSplit,       // positions
-  kSplitEvery,  // count: bytes
-  kGlue,
-  kTruncate,  // count: bytes that are left
-  kNotUtf8,
-  kError,    // text: what stands behind "0;Error "
-  kContent,  // text: the whole content
-  kFields,   // count: fields of the content that are left
-  kGrow,     // count: bytes that the content has at least
-  kTwice,
-  kClose,
-  kDie,
-  kSilent,
-  kRestart,
+  delay,       // count: milliseconds
+  split,       // positions
+  splitEvery,  // count: bytes
+  glue,
+  truncate,  // count: bytes that are left
+  notUtf8,
+  error,    // text: what stands behind "0;Error "
+  content,  // text: the whole content
+  fields,   // count: fields of the content that are left
+  grow,     // count: bytes that the content has at least
+  twice,
+  close,
+  die,
+  silent,
+  restart,
 };
 
 struct Fault {
-  FaultKind kind = FaultKind::kSilent;
+  FaultKind kind = FaultKind::silent;
   std::size_t count = 0;
   std::vector<std::size_t> positions;
   std::string text;
@@ -89,12 +89,12 @@ class FaultBook {
 
 // What goes out for one reply, and what becomes of the connection.
 struct Delivery {
-  enum class End { kNone, kClose, kDie, kRestart };
+  enum class End { none, close, die, restart };
 
   std::vector<std::string> pieces;  // each is sent when the one before has been taken
   std::size_t delayMilliseconds = 0;
-  bool glue = false;     // held back and sent as one with the reply that follows
-  End end = End::kNone;  // in place of the pieces
+  bool glue = false;    // held back and sent as one with the reply that follows
+  End end = End::none;  // in place of the pieces
 };
 
 Delivery deliveryOf(Envelope reply, const std::vector<Fault>& faults);

@@ -46,11 +46,11 @@ std::optional<Envelope> envelopeOf(const std::map<std::string, std::string>& tex
 
 bool spoilsAStream(const Fault& fault) {
   switch (fault.kind) {
-    case FaultKind::kSplit:
-    case FaultKind::kSplitEvery:
-    case FaultKind::kGlue:
-    case FaultKind::kTruncate:
-    case FaultKind::kNotUtf8: return true;
+    case FaultKind::split:
+    case FaultKind::splitEvery:
+    case FaultKind::glue:
+    case FaultKind::truncate:
+    case FaultKind::notUtf8: return true;
     default: return false;
   }
 }
@@ -198,7 +198,7 @@ void NotificationTransport::queue(const Envelope& reply, const std::vector<Fault
   std::remove_copy_if(faults.begin(), faults.end(), std::back_inserter(ours), spoilsAStream);
   const Delivery delivery = deliveryOf(reply, ours);
   const auto due = Clock::now() + std::chrono::milliseconds(delivery.delayMilliseconds);
-  if (delivery.end == Delivery::End::kDie) m_outgoing.push_back({{}, due, delivery.end});
+  if (delivery.end == Delivery::End::die) m_outgoing.push_back({{}, due, delivery.end});
   // Nothing has cut the text, so each piece is an envelope.
   for (const auto& piece : delivery.pieces) {
     if (const auto envelope = fromText(piece)) m_outgoing.push_back({*envelope, due});
@@ -224,7 +224,7 @@ void NotificationTransport::send(const char* name, const Envelope& envelope) {
 void NotificationTransport::sendDue() {
   for (; !m_outgoing.empty() && m_outgoing.front().due <= Clock::now(); m_outgoing.pop_front()) {
     // As a crash does it: nothing is tidied up.
-    if (m_outgoing.front().end == Delivery::End::kDie) ::raise(SIGKILL);
+    if (m_outgoing.front().end == Delivery::End::die) ::raise(SIGKILL);
     send(kReply, m_outgoing.front().envelope);
   }
 }

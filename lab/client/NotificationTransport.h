@@ -59,7 +59,7 @@ class NotificationTransport {
   struct Outgoing {
     Envelope envelope;
     Clock::time_point due;
-    Delivery::End end = Delivery::End::kNone;
+    Delivery::End end = Delivery::End::none;
   };
 
   void take(const std::string& name, const Texts& userInfo);

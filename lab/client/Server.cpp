@@ -212,7 +212,7 @@ void Server::take(Connection& connection, const std::string& message) {
 void Server::queue(Connection& connection, const Envelope& reply, const std::vector<Fault>& faults) {
   Delivery delivery = deliveryOf(reply, faults);
   const auto due = Clock::now() + std::chrono::milliseconds(delivery.delayMilliseconds);
-  if (delivery.end != Delivery::End::kNone) {
+  if (delivery.end != Delivery::End::none) {
     connection.outgoing.push_back({{}, 0, due, delivery.end});
     return;
   }
@@ -224,7 +224,7 @@ void Server::queue(Connection& connection, const Envelope& reply, const std::vec
   delivery.pieces.front().insert(0, connection.glued);
   connection.glued.clear();
   for (auto& piece : delivery.pieces)
-    connection.outgoing.push_back({std::move(piece), 0, due, Delivery::End::kNone});
+    connection.outgoing.push_back({std::move(piece), 0, due, Delivery::End::none});
 }
 
 void Server::flush(Connection& connection) {
@@ -239,11 +239,11 @@ void Server::flush(Connection& connection) {
     }
     connection.pause = kShortestPause;
     switch (head.end) {
-      case Delivery::End::kNone: break;
-      case Delivery::End::kClose: connection.isOver = true; return;
+      case Delivery::End::none: break;
+      case Delivery::End::close: connection.isOver = true; return;
       // As a crash does it: nothing is tidied up.
-      case Delivery::End::kDie: ::raise(SIGKILL); return;
-      case Delivery::End::kRestart:
+      case Delivery::End::die: ::raise(SIGKILL); return;
+      case Delivery::End::restart:
         m_restartDue = true;
         connection.isOver = true;
         return;

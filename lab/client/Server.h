@@ -54,7 +54,7 @@ class Server {
     std::string bytes;
     std::size_t sent = 0;
     Clock::time_point due;
-    Delivery::End end = Delivery::End::kNone;
+    Delivery::End end = Delivery::End::none;
   };
 
   struct Connection {

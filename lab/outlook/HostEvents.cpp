@@ -1,17 +1,11 @@
 // Appointments as the host shows them: ECCalendarEvent and what it hands out.
 
-#include <algorithm>
-
 #include "lab/outlook/HostWorld.h"
+#include "util/Text.h"
 
 namespace vornlab {
 
 namespace {
-
-bool equalIgnoringCase(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
-}
 
 std::shared_ptr<HostEvent> stateOf(CalendarStore& store, const CalendarEvent& stored) {
   auto state = std::make_shared<HostEvent>();
@@ -41,7 +35,7 @@ Value isOwner(const HostCall& call) {
   const auto stored = held ? held->stored() : std::nullopt;
   const std::string organizer = stored ? stored->organizerAddress() : std::string();
   const std::string& own = call.world.options.userAddress;
-  return own.empty() || organizer.empty() || equalIgnoringCase(organizer, own);
+  return own.empty() || organizer.empty() || vorn::equalIgnoringCase(organizer, own);
 }
 
 constexpr HostMethod kOfAnyEvent[] = {

@@ -9,6 +9,12 @@ namespace {
 constexpr std::string_view kBarClass = "vnActionAdditionView";
 constexpr std::string_view kEditorWindows = "ERCalendarEventEditorWindowController";
 
+// Absent when the editor is not open.
+HostObject partOf(const HostWorld& world, OutlookHost::EditorId id, HostObject HostEditor::*part) {
+  const auto editor = world.editor(id);
+  return editor ? (*editor).*part : HostObject();
+}
+
 }  // namespace
 
 OutlookHost::OutlookHost(vorn::EmbeddedClassRuntime& runtime, vorn::HostRunLoop& runLoop,
@@ -203,30 +209,15 @@ std::string OutlookHost::body(EditorId id) const {
   return editor ? m_world->send(editor->wordContent, "bodyContent").text() : std::string();
 }
 
-HostObject OutlookHost::event(EditorId id) const {
-  const auto editor = m_world->editor(id);
-  return editor ? editor->event : HostObject();
-}
-
+HostObject OutlookHost::event(EditorId id) const { return partOf(*m_world, id, &HostEditor::event); }
 HostObject OutlookHost::viewController(EditorId id) const {
-  const auto editor = m_world->editor(id);
-  return editor ? editor->viewController : HostObject();
+  return partOf(*m_world, id, &HostEditor::viewController);
 }
-
 HostObject OutlookHost::windowController(EditorId id) const {
-  const auto editor = m_world->editor(id);
-  return editor ? editor->windowController : HostObject();
+  return partOf(*m_world, id, &HostEditor::windowController);
 }
-
-HostObject OutlookHost::window(EditorId id) const {
-  const auto editor = m_world->editor(id);
-  return editor ? editor->window : HostObject();
-}
-
-HostObject OutlookHost::headerView(EditorId id) const {
-  const auto editor = m_world->editor(id);
-  return editor ? editor->header : HostObject();
-}
+HostObject OutlookHost::window(EditorId id) const { return partOf(*m_world, id, &HostEditor::window); }
+HostObject OutlookHost::headerView(EditorId id) const { return partOf(*m_world, id, &HostEditor::header); }
 
 int OutlookHost::sentCount() const { return m_world->sentCount; }
 

@@ -10,8 +10,8 @@
 namespace vornlab {
 namespace {
 
-// "" for three numbers with dots between, or what is wrong.
-std::string isVersion(const std::string& text) {
+// What is wrong with a version of three numbers with dots between; "" when nothing is.
+std::string complaintOfVersion(const std::string& text) {
   return parseSystemVersion(text) ? std::string() : "\"" + text + "\" is no version such as 10.15.0";
 }
 
@@ -36,7 +36,7 @@ void addLabOptions(CLI::App& command, LabOptions& lab) {
   command
       .add_option("--os", lab.systemVersion,
                   "the system's version that the plug-in finds; before 10.15.0 it talks by notifications")
-      ->check(isVersion, "VERSION")
+      ->check(complaintOfVersion, "VERSION")
       ->capture_default_str();
   const auto trying = "For trying what goes wrong";
   command.add_option("--world", lab.world, "a folder for the world, which stays at the end")->group(trying);

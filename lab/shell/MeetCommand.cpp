@@ -12,24 +12,19 @@
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
 #include "lab/shell/Words.h"
+#include "util/Text.h"
 
 namespace vornlab {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string lowerCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c); });
-  return text;
-}
-
 // Why an appointment gets no meeting of its own, or "".
 std::string reasonToSkip(const CalendarEvent& event, const std::string& me) {
   if (event.isException()) return "a changed occurrence follows its series";
   if (event.isCancelled()) return "the appointment is cancelled";
   const std::string organizer = event.organizerAddress();
-  if (!me.empty() && !organizer.empty() && lowerCase(organizer) != lowerCase(me))
+  if (!me.empty() && !organizer.empty() && !vorn::equalIgnoringCase(organizer, me))
     return "somebody else organizes it";
   return "";
 }

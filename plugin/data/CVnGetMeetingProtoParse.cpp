@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "data/TrackingFields.h"
 #include "data/vnProtoBufConvert.h"
 #include "meeting.pb.h"
 
@@ -22,16 +23,6 @@ std::vector<std::string> takenAll(Texts* texts) {
   result.reserve(static_cast<std::size_t>(texts->size()));
   for (std::string& text : *texts) result.push_back(taken(&text));
   return result;
-}
-
-_sTrackingField takeTrackingField(proto::TrackingField& from) {
-  _sTrackingField field;
-  if (from.has_id()) field.id = taken(from.mutable_id());
-  if (from.has_required()) field.required = from.required();
-  if (from.has_trackfield()) field.trackField = taken(from.mutable_trackfield());
-  if (from.has_trackvalue()) field.trackValue = taken(from.mutable_trackvalue());
-  if (from.has_mtvalue()) field.mtValue = taken(from.mutable_mtvalue());
-  return field;
 }
 
 _sAlternateHost_ takeAlternateHost(proto::AlternativeHost& from) {

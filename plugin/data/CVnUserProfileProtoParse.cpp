@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "data/TrackingFields.h"
 #include "data/vnProtoBufConvert.h"
 #include "meeting.pb.h"
 #include "platform/Registry.h"
@@ -67,12 +68,8 @@ std::int32_t CVnUserProfileProtoParse::GetTrackingFieldsCount() const { return p
 
 bool CVnUserProfileProtoParse::GetTrackingFieldAt(std::int32_t index, _sTrackingField& field) const {
   if (index < 0 || index >= GetTrackingFieldsCount()) return false;
-  const proto::TrackingField& from = profile().trackingfields(index);
-  if (from.has_id()) field.id = textFromWire(from.id());
-  if (from.has_required()) field.required = from.required();
-  if (from.has_trackfield()) field.trackField = textFromWire(from.trackfield());
-  if (from.has_trackvalue()) field.trackValue = textFromWire(from.trackvalue());
-  if (from.has_mtvalue()) field.mtValue = textFromWire(from.mtvalue());
+  proto::TrackingField passing = profile().trackingfields(index);
+  field = takeTrackingField(passing);
   return true;
 }
 

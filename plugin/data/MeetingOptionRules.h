@@ -1,14 +1,14 @@
 #pragma once
 
+// The steps that make and change a meeting's options. Each reads and writes the values that it is given and
+// nothing else: no stored value, no shared instance. Who calls them says what the account and the client are at
+// that moment.
+
 #include <functional>
 #include <string>
 
 #include "data/AccountFacts.h"
 #include "data/MeetingOptions.h"
-
-// The steps that make and change a meeting's options. Each reads and writes the values that it is given and
-// nothing else: no stored value, no shared instance. Who calls them says what the account and the client are at
-// that moment.
 
 namespace vorn::meeting_options {
 

@@ -1,8 +1,8 @@
+// The rules of a meeting's options: the state of a new meeting.
+
 #include "data/MeetingOptionRules.h"
 #include "data/OptionPolicy.h"
 #include "data/vnSettingKeys.h"
-
-// The rules of a meeting's options: the state of a new meeting.
 
 namespace vorn::meeting_options {
 

@@ -1,10 +1,10 @@
+// The rules of a meeting's options: a fetched or stored meeting over the account's defaults.
+
 #include <unordered_map>
 
 #include "data/MeetingOptionRules.h"
 #include "data/OptionPolicy.h"
 #include "data/vnSettingKeys.h"
-
-// The rules of a meeting's options: a fetched or stored meeting over the account's defaults.
 
 namespace vorn::meeting_options {
 

@@ -1,12 +1,12 @@
 #pragma once
 
+// What the wire messages hold, as plain records. All texts are UTF-8.
+
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "util/Value.h"
-
-// What the wire messages hold, as plain records. All texts are UTF-8.
 
 namespace vorn {
 

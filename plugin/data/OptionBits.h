@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstdint>
-#include <type_traits>
-
 // The bits of the option words, one list for each word, by the accessor that reads the bit. A word has a type of
 // its own, so that no bit is looked for in another word. An accessor whose answer is the opposite of its bit, or
 // needs more than the bit, says so where it is declared.
+
+#include <cstdint>
+#include <type_traits>
 
 namespace vorn {
 

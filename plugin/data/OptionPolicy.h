@@ -1,5 +1,8 @@
 #pragma once
 
+// Who has a say in an option of a meeting. The rules of the record ask it who offers, gives and locks an option;
+// the diagnosis tells all of it.
+
 #include <array>
 #include <string_view>
 
@@ -7,9 +10,6 @@
 #include "data/AccountFacts.h"
 #include "data/vnSettingKeys.h"
 #include "util/MemberName.h"
-
-// Who has a say in an option of a meeting. The rules of the record ask it who offers, gives and locks an option;
-// the diagnosis tells all of it.
 
 namespace vorn {
 

@@ -1,3 +1,5 @@
+// The meeting reader: the meeting-information dictionary.
+
 #include "data/vnGetMeetingHelper.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
@@ -5,8 +7,6 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnOLCalendarDate.h"
 #include "util/DateText.h"
-
-// The meeting reader: the meeting-information dictionary.
 
 namespace vorn {
 

@@ -1,5 +1,6 @@
 #include "data/vnGetScheduleForListHelper.h"
 
+#include "data/People.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
@@ -22,11 +23,7 @@ void vnGetScheduleForListHelper::clearScheduleForList() { m_list = Value::dictio
 Value vnGetScheduleForListHelper::bossesInfo() const { return m_list[vn_Profile_Bosses]; }
 
 Value vnGetScheduleForListHelper::bossesInfoWithScheduleForEmail(const OptionalText& email) const {
-  if (!email || email->empty()) return {};
-  for (const Value& person : m_list[vn_Profile_Bosses].items()) {
-    if (equalIgnoringCase(person[vn_Boss_Email].text(), *email)) return person;
-  }
-  return {};
+  return personWithEmail(m_list[vn_Profile_Bosses], email);
 }
 
 std::optional<VNAvailableDialinCountryContent> vnGetScheduleForListHelper::getAvailableDialinCountry(

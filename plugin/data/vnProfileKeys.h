@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string_view>
-
 // The keys of the profile dictionary, of the dictionaries of people, and of the meeting's dictionary, as the
 // client sends them. Keys that the settings or the appointment share stand in their headers.
+
+#include <string_view>
 
 namespace vorn {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+// The keys of the settings dictionary: the outward form of a meeting's options, as the panel edits it, the
+// meeting reader makes it and the commit command consumes it. The literals are stored data.
+
 #include <string_view>
 
 #include "host/proxies/vnMeetingInfoKeys.h"
-
-// The keys of the settings dictionary: the outward form of a meeting's options, as the panel edits it, the
-// meeting reader makes it and the commit command consumes it. The literals are stored data.
 
 namespace vorn {
 

@@ -1,9 +1,9 @@
+// The profile reader: what the dictionary alone answers, the plan, telephone audio and the lists of the account.
+
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "licence/vnLicencePolicy.h"
-
-// The profile reader: what the dictionary alone answers, the plan, telephone audio and the lists of the account.
 
 namespace vorn {
 

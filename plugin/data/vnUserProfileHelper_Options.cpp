@@ -1,8 +1,8 @@
+// The profile reader: what depends on the client, and what the dictionary may put above a bit.
+
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnUserProfileHelper.h"
-
-// The profile reader: what depends on the client, and what the dictionary may put above a bit.
 
 namespace vorn {
 

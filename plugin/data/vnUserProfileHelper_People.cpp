@@ -1,23 +1,15 @@
+// The profile reader: the people to schedule for, and the questions that are asked of an account or of a person.
+
+#include "data/People.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "util/Text.h"
 
-// The profile reader: the people to schedule for, and the questions that are asked of an account or of a person.
-
 namespace vorn {
 
 namespace {
-
-// The index of the first person whose text under the key is the given one, without case; -1 when there is none.
-std::int64_t indexOfPerson(const Value& people, std::string_view key, const OptionalText& wanted) {
-  if (!wanted || wanted->empty()) return -1;
-  for (std::size_t i = 0; i < people.items().size(); ++i) {
-    if (equalIgnoringCase(people.at(i)[key].text(), *wanted)) return static_cast<std::int64_t>(i);
-  }
-  return -1;
-}
 
 bool isOneself(const OptionalText& email) { return !email || email->empty(); }
 
@@ -39,8 +31,7 @@ std::string vnUserProfileHelper::getScheduleForEmailWithIndex(std::int64_t index
 }
 
 std::string vnUserProfileHelper::pmiMeetingIDWithScheduleForEmail(const OptionalText& email) const {
-  const std::int64_t index = getScheduleForIndexWithEmail(email);
-  return index < 0 ? std::string() : bossesInfo().at(static_cast<std::size_t>(index))[vn_Boss_PMI].text();
+  return personWithEmail(bossesInfo(), email)[vn_Boss_PMI].text();
 }
 
 bool vnUserProfileHelper::supportPMIForOnbehalf(const OptionalText& email) const {
@@ -48,8 +39,7 @@ bool vnUserProfileHelper::supportPMIForOnbehalf(const OptionalText& email) const
 }
 
 bool vnUserProfileHelper::isDisablePMIWithScheduleForEmail(const OptionalText& email) const {
-  const std::int64_t index = getScheduleForIndexWithEmail(email);
-  return index >= 0 && bossesInfo().at(static_cast<std::size_t>(index))[vn_Boss_DisablePMI].boolValue();
+  return personWithEmail(bossesInfo(), email)[vn_Boss_DisablePMI].boolValue();
 }
 
 bool vnUserProfileHelper::isBossesPMIMeetingID(const OptionalText& meetingId) const {

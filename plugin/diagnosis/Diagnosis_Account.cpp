@@ -1,3 +1,5 @@
+// The diagnosis: the account's profile as this system understands it.
+
 #include "data/vnGetPACHelper.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnProfileKeys.h"
@@ -6,8 +8,6 @@
 #include "diagnosis/DiagnosisReport.h"
 #include "diagnosis/ProfileQuestions.h"
 #include "platform/TraceMask.h"
-
-// The diagnosis: the account's profile as this system understands it.
 
 namespace vorn {
 

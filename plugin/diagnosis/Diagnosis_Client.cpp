@@ -1,3 +1,5 @@
+// The diagnosis: the client, the way to it, the machine and the store.
+
 #include <poll.h>
 #include <unistd.h>
 
@@ -28,8 +30,6 @@
 #include "util/PropertyList.h"
 #include "util/Utf16.h"
 #include "util/vnOLUtils.h"
-
-// The diagnosis: the client, the way to it, the machine and the store.
 
 namespace vorn {
 

@@ -1,3 +1,5 @@
+// The diagnosis: the settings of a new meeting, and who decided each of them.
+
 #include <array>
 
 #include "channel/store/JsonTextFile.h"
@@ -11,8 +13,6 @@
 #include "diagnosis/DiagnosisReport.h"
 #include "diagnosis/SettingReasons.h"
 #include "platform/TraceMask.h"
-
-// The diagnosis: the settings of a new meeting, and who decided each of them.
 
 namespace vorn {
 

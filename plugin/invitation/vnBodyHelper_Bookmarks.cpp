@@ -1,8 +1,8 @@
+// Finding the invitation again in a body that the user and the editor have changed.
+
 #include "invitation/vnBodyHelper.h"
 #include "util/CharacterSets.h"
 #include "util/TextSearch.h"
-
-// Finding the invitation again in a body that the user and the editor have changed.
 
 namespace vorn {
 

@@ -1,3 +1,7 @@
+// Plain text to HTML: links and line breaks. Which URLs become links, and which do not, is a matter of how the
+// scanner below moves; invitations that are stored in appointments were made this way. Its positions are UTF-16
+// units, which matters where it applies them to a text that has grown.
+
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -6,10 +10,6 @@
 #include "util/CharacterSets.h"
 #include "util/TextSearch.h"
 #include "util/Utf16.h"
-
-// Plain text to HTML: links and line breaks. Which URLs become links, and which do not, is a matter of how the
-// scanner below moves; invitations that are stored in appointments were made this way. Its positions are UTF-16
-// units, which matters where it applies them to a text that has grown.
 
 namespace vorn {
 

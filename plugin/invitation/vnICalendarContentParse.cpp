@@ -93,9 +93,7 @@ OptionalText vnICalendarContentParse::getItemValue(const OptionalText& event, co
 }
 
 OptionalText vnICalendarContentParse::getEventValue(std::string_view tag) const {
-  const std::string* found = event();
-  if (!found) return std::nullopt;
-  return std::string(lineBehind(*found, tag));
+  return getItemValue(getEvent(), std::string(tag));
 }
 
 std::int64_t vnICalendarContentParse::getDTStamp() const {

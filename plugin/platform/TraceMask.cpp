@@ -6,6 +6,7 @@
 #include <limits>
 #include <optional>
 
+#include "util/Text.h"
 #include "util/Utf16.h"
 
 namespace vorn {
@@ -44,14 +45,6 @@ constexpr std::size_t kMostBlanks = 64;
 // Runs of these letters of this length are packed data and no words.
 constexpr std::size_t kShortestPacked = 40;
 constexpr std::size_t kShortestPaddedPacked = 16;
-
-std::string lowerCase(std::string_view text) {
-  std::string lower(text);
-  for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return lower;
-}
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -129,7 +122,7 @@ class Cover {
     const Position keyEnd = m_text.substr(0, m_at + kLongestKey).find('"', m_at + 1);
     const Position value = keyEnd == kNone ? kNone : valueOfKey(keyEnd);
     const bool isSecret =
-        value != kNone && holdsAny(lowerCase(m_text.substr(m_at, keyEnd - m_at)), kSecretKeyParts);
+        value != kNone && holdsAny(asciiLower(std::string(m_text.substr(m_at, keyEnd - m_at))), kSecretKeyParts);
     if (!isSecret) {
       m_seen += m_text[m_at++];
       return;
@@ -186,7 +179,7 @@ class Cover {
   // A key or a label, with what stands before its value. It may itself hold what must not be seen.
   void takeWayTo(Position value) {
     const std::string_view way = m_text.substr(m_at, value - m_at);
-    const std::string lower = lowerCase(way);
+    const std::string lower = asciiLower(std::string(way));
     bool isSecret = holdsAny(lower, kAtSigns);
     for (Position i = 0; !isSecret && i < lower.size(); ++i) isSecret = valueOfParameter(lower, i) != kNone;
     m_seen += isSecret ? kCover : way;
@@ -196,7 +189,7 @@ class Cover {
   void takeWord() {
     const Position end = std::min(m_text.find_first_of(kWordEnds, m_at), m_text.size());
     const std::string_view word = m_text.substr(m_at, end - m_at);
-    const std::string lower = lowerCase(word);
+    const std::string lower = asciiLower(std::string(word));
     for (Position label = nextLabel(lower, 0); label != kNone; label = nextLabel(lower, label + 1)) {
       const Position value = valueOfLabel(m_at + label);
       if (value == kNone) continue;

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "util/Text.h"
 #include "util/Utf16.h"
 
 namespace vorn {
@@ -22,9 +23,8 @@ bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 bool isInName(char c) { return isLetter(c) || (c >= '0' && c <= '9') || c == ':' || c == '-' || c == '_'; }
 
 bool startsWithIgnoringCase(std::string_view text, std::string_view lowerCase) {
-  return text.size() >= lowerCase.size() &&
-         std::equal(lowerCase.begin(), lowerCase.end(), text.begin(),
-                    [](char lower, char c) { return c == lower || c == lower - 'a' + 'A'; });
+  return text.size() >= lowerCase.size() && std::equal(lowerCase.begin(), lowerCase.end(), text.begin(),
+                                                       [](char lower, char c) { return asciiLower(c) == lower; });
 }
 
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f'; }

@@ -9,11 +9,12 @@ namespace {
 
 bool isAscii(char character) { return static_cast<unsigned char>(character) < 0x80; }
 
-char lower(char character) {
-  return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A')) : character;
-}
-
 }  // namespace
+
+std::string asciiLower(std::string text) {
+  for (char& c : text) c = asciiLower(c);
+  return text;
+}
 
 std::string caseFolded(std::string_view text) {
   std::string result;
@@ -28,7 +29,7 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
   std::size_t same = 0;
   for (; same < a.size() && same < b.size(); ++same) {
     if (!isAscii(a[same]) || !isAscii(b[same])) break;
-    if (lower(a[same]) != lower(b[same])) return false;
+    if (asciiLower(a[same]) != asciiLower(b[same])) return false;
   }
   if (same == a.size() && same == b.size()) return true;
   const auto unicode = [same](std::string_view text) {

@@ -2,13 +2,13 @@
 
 #include <vector>
 
+#include "util/Text.h"
+
 namespace vorn {
 
 namespace {
 
 constexpr std::size_t kNotFound = std::string_view::npos;
-
-char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
 // The search of Knuth, Morris and Pratt over two readable sequences; both are given as functions from index to
 // character, so that a backward search reads them from their ends.
@@ -47,13 +47,13 @@ std::size_t findText(std::u16string_view text, std::u16string_view wanted) {
 
 std::size_t findIgnoringCase(std::string_view text, std::string_view wanted) {
   return firstMatch(
-      text.size(), [text](std::size_t i) { return lowered(text[i]); }, wanted.size(),
-      [wanted](std::size_t i) { return lowered(wanted[i]); });
+      text.size(), [text](std::size_t i) { return asciiLower(text[i]); }, wanted.size(),
+      [wanted](std::size_t i) { return asciiLower(wanted[i]); });
 }
 
 std::size_t findLastIgnoringCase(std::string_view text, std::string_view wanted) {
   const auto fromEnd = [](std::string_view read) {
-    return [read](std::size_t i) { return lowered(read[read.size() - 1 - i]); };
+    return [read](std::size_t i) { return asciiLower(read[read.size() - 1 - i]); };
   };
   const std::size_t found = firstMatch(text.size(), fromEnd(text), wanted.size(), fromEnd(wanted));
   return found == kNotFound ? kNotFound : text.size() - found - wanted.size();

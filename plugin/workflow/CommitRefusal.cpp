@@ -6,6 +6,7 @@
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnLocalProfileKeys.h"
 #include "channel/store/vnMeetingCommon.h"
+#include "data/People.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
@@ -49,10 +50,7 @@ bool CommitRefusal::checkScheduleForEmailValidity() {
   if (!profile.hasUserProfile() && !namesAnEmail) return true;
   // Another window's end may just have cleared the profile, which takes nobody off the account's list.
   const Value bosses = profile.hasUserProfile() ? profile.bossesInfo() : profile.lastKnownBosses();
-  for (const Value& boss : bosses.items()) {
-    if (equalIgnoringCase(boss["email"].text(), email)) return true;
-  }
-  return false;
+  return personWithEmail(bosses, email).isPresent();
 }
 
 void CommitRefusal::changeUIWithScheduleForEmainError(const HostObject& parentWindow) {

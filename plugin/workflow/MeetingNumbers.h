@@ -1,10 +1,10 @@
 #pragma once
 
+// The numbers of the meeting workflow. They are a contract between the hooks and the managers.
+
 #include <cstdint>
 
 #include "channel/commands/vnMeetingCommand.h"
-
-// The numbers of the meeting workflow. They are a contract between the hooks and the managers.
 
 namespace vorn {
 

@@ -1,9 +1,10 @@
 #include "workflow/vnOnbehalfData.h"
 
+#include "data/People.h"
+#include "data/vnProfileKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "platform/Registry.h"
-#include "util/Text.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 
 namespace vorn {
@@ -15,11 +16,7 @@ std::shared_ptr<MeetingBar> barOf(const OptionalText& windowId) {
 }
 
 Value bossWithEmail(const std::string& email) {
-  const Value bosses = vnUserProfileHelper::sharedInstance().bossesInfo();
-  for (const Value& boss : bosses.items()) {
-    if (equalIgnoringCase(boss["email"].text(), email)) return boss;
-  }
-  return {};
+  return personWithEmail(vnUserProfileHelper::sharedInstance().bossesInfo(), email);
 }
 
 }  // namespace
@@ -48,11 +45,11 @@ bool vnOnbehalfData::isCurrentScheduleVornForOther(const OptionalText& windowId)
 }
 
 std::string vnOnbehalfData::getDisplayNameWithOnbehalfEmail(const std::string& email) {
-  return bossWithEmail(email)["displayName"].text();
+  return bossWithEmail(email)[vn_Boss_DisplayName].text();
 }
 
 std::string vnOnbehalfData::onbehalfPMI(const std::string& email) {
-  return bossWithEmail(email)["pmi"].stringValue();
+  return bossWithEmail(email)[vn_Boss_PMI].stringValue();
 }
 
 bool vnOnbehalfData::supportPMIForOnbehalf(const std::string& email) { return !onbehalfPMI(email).empty(); }

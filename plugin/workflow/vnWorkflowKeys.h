@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string_view>
-
 // Keys of the dictionaries and names of the local notifications that travel inside the workflow. The keys of
 // replies and requests stand with the commands.
+
+#include <string_view>
 
 namespace vorn {
 

@@ -32,10 +32,10 @@ TEST(FaultBook, hitsTheReplyThatARuleNames) {
   };
   using enum FaultKind;
   EXPECT_THAT(kinds(3, 1), testing::ElementsAre());
-  EXPECT_THAT(kinds(3, 4), testing::ElementsAre(kSilent));
-  EXPECT_THAT(kinds(6, 0), testing::ElementsAre(kDelay, kClose));
-  EXPECT_THAT(kinds(3, 4), testing::ElementsAre(kTwice));
-  EXPECT_THAT(kinds(6, 0), testing::ElementsAre(kDelay, kClose, kGlue));
+  EXPECT_THAT(kinds(3, 4), testing::ElementsAre(silent));
+  EXPECT_THAT(kinds(6, 0), testing::ElementsAre(delay, close));
+  EXPECT_THAT(kinds(3, 4), testing::ElementsAre(twice));
+  EXPECT_THAT(kinds(6, 0), testing::ElementsAre(delay, close, glue));
   EXPECT_THAT(kinds(3, 4), testing::ElementsAre());
 }
 
@@ -120,7 +120,7 @@ TEST(Delivery, cutsTheTextWithoutLosingAByte) {
 TEST(Delivery, endsInsteadOfAnswering) {
   EXPECT_TRUE(deliver("silent").pieces.empty());
   for (const auto& [what, end] : std::vector<std::pair<std::string, Delivery::End>>{
-           {"close", Delivery::End::kClose}, {"die", Delivery::End::kDie}, {"restart", Delivery::End::kRestart}}) {
+           {"close", Delivery::End::close}, {"die", Delivery::End::die}, {"restart", Delivery::End::restart}}) {
     const auto delivery = deliver("delay 1.5, " + what);
     EXPECT_TRUE(delivery.pieces.empty()) << what;
     EXPECT_EQ(delivery.end, end) << what;

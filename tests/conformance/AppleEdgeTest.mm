@@ -18,6 +18,7 @@
 #include "platform/apple/AppleRunLoop.h"
 #include "platform/apple/CatchRaised.h"
 #include "platform/apple/Conversions.h"
+#include "platform/apple/Ownership.h"
 #include "platform/apple/TypeEncoding.h"
 #include "tests/conformance/AppleHostLoop.h"
 #include "tests/support/TestPlatform.h"
@@ -142,10 +143,7 @@ namespace {
 
 class AppleEdge : public testing::Test {
  protected:
-  ~AppleEdge() override {
-    [probe release];
-    [pool drain];
-  }
+  ~AppleEdge() override { [probe release]; }
 
   // Gives the class another method with the code of one that it has.
   static void addLike(const char* pattern, const std::string& selector, const char* encoding) {
@@ -173,7 +171,7 @@ class AppleEdge : public testing::Test {
     });
   }
 
-  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  AutoreleasePool pool;
   vnEdgeProbe<vnEdgeAdded>* probe = [static_cast<id>([vnEdgeProbe alloc]) init];
   static AppleClassRuntime runtime;
   static Arguments seen;
@@ -228,9 +226,8 @@ TEST_F(AppleEdge, WhatTheHostRaisesGoesOnFromAnotherThreadAndAsAnExceptionOfCxx)
   const auto send = [](void* object) { [static_cast<vnEdgeProbe<vnEdgeAdded>*>(object) raising:@"in trouble"]; };
   std::string reason;
   std::thread([&] {
-    NSAutoreleasePool* own = [[NSAutoreleasePool alloc] init];
+    const AutoreleasePool own;
     reason = textFromFoundation([[vnCatchRaised(send, probe) autorelease] reason]);
-    [own drain];
   }).join();
   EXPECT_EQ(reason, "in trouble");
   hook("throwing:", "thrower:");

@@ -4,6 +4,8 @@
 
 #include <chrono>
 
+#include "platform/apple/Ownership.h"
+
 namespace vorn {
 
 double AppleHostLoop::now() const {
@@ -15,9 +17,8 @@ bool AppleHostLoop::runUntil(const std::function<bool()>& condition, double time
   const double end = now() + timeoutSeconds;
   NSString* mode = m_depth++ == 0 ? NSDefaultRunLoopMode : @"NSModalPanelRunLoopMode";
   while (!condition() && now() < end) {
-    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+    const AutoreleasePool pool;
     [[NSRunLoop currentRunLoop] runMode:mode beforeDate:[NSDate dateWithTimeIntervalSinceNow:turn]];
-    [pool drain];
   }
   --m_depth;
   return condition();

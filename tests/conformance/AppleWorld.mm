@@ -7,6 +7,7 @@
 #include "platform/apple/AppleClassRuntime.h"
 #include "platform/apple/CatchRaised.h"
 #include "platform/apple/Conversions.h"
+#include "platform/apple/Ownership.h"
 #include "tests/conformance/ConformanceWorld.h"
 
 // Not owned.
@@ -111,7 +112,7 @@ void copyMethods(Class from, Class to) {
 
 class AppleWorld final : public ConformanceWorld {
  public:
-  AppleWorld() : m_pool([[NSAutoreleasePool alloc] init]), m_number(++worlds()) {
+  AppleWorld() : m_number(++worlds()) {
     const Class pattern = [vnConformanceProbe class];
     const Class probe = define("Probe", pattern);
     copyMethods(pattern, probe);
@@ -119,7 +120,6 @@ class AppleWorld final : public ConformanceWorld {
     define("ProbeHeir", "Probe");
     define("ProbeSibling", "Probe");
   }
-  ~AppleWorld() override { [m_pool drain]; }
 
   ClassRuntime& runtime() override { return m_runtime; }
   std::string className(const std::string& shortName) const override {
@@ -168,7 +168,7 @@ class AppleWorld final : public ConformanceWorld {
     return made;
   }
 
-  NSAutoreleasePool* m_pool;
+  AutoreleasePool m_pool;
   int m_number;
   AppleClassRuntime m_runtime;
 };

@@ -1,11 +1,11 @@
+// The rules without a world: values go in and values come out.
+
 #include <gtest/gtest.h>
 
 #include "data/MeetingOptionRules.h"
 #include "data/OptionPolicy.h"
 #include "data/vnSettingKeys.h"
 #include "util/vStringUtils.h"
-
-// The rules without a world: values go in and values come out.
 
 namespace vorn {
 namespace {

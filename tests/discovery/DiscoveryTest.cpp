@@ -107,41 +107,6 @@ TEST_F(DiscoveryTest, ComparesTheClientsVersionWithEachBoundary) {
   EXPECT_FALSE(m_features.clientSupportSpecifiedFeature("0.0.0")) << "no version supports nothing";
 }
 
-TEST_F(DiscoveryTest, OffersEachCapabilityFromItsOwnVersionOn) {
-  struct Case {
-    bool (vnClientFeatureMgr::*supports)();
-    const char* before;
-    const char* from;
-  };
-  using F = vnClientFeatureMgr;
-  install(places()[1]);
-  for (const Case& one : std::vector<Case>{{&F::isVornClientSupportPACAndNoVideo, "3.5.22780", "3.5.22781"},
-                                           {&F::isVornClientSupportAutoRecord, "4.0.24612", "4.0.24613"},
-                                           {&F::isVornClientSupportAHAndMuteOnEntry, "4.0.40459", "4.0.40460"},
-                                           {&F::isVornClientSupportExtInfo, "4.1.10729", "4.1.10730"},
-                                           {&F::isVornClientSupportPublicEvent, "4.2.28914", "4.2.28915"},
-                                           {&F::isVornClientSupportSourceForDelete, "4.3.40530", "4.3.40531"},
-                                           {&F::isVornClientSupportAudioWatermark, "4.3.40530", "4.3.40531"},
-                                           {&F::isVornClientSupportSceduleForList, "4.3.99999", "4.4.0"},
-                                           {&F::isVornClientSupportSourceForGetMeeting, "4.3.99999", "4.4.0"},
-                                           {&F::isVornClientSupportInvitationLanguage, "4.4.99999", "4.5.0"},
-                                           {&F::isVornClientSupportIPCSocket, "4.5.99999", "4.6.0"},
-                                           {&F::isVornClientSupport464Tasks, "4.6.14767", "4.6.14768"},
-                                           {&F::isVornClientSupportPasswordRule, "4.6.20040", "4.6.20041"},
-                                           {&F::isVornClientSupport500Tasks, "4.6.20614", "4.6.20615"},
-                                           {&F::isVornClientSupport520Tasks, "5.2.29599", "5.2.29600"},
-                                           {&F::isVornClientSupport530Tasks, "5.3.45932", "5.3.45933"},
-                                           {&F::isVornClientSupport550Tasks, "5.4.59939", "5.4.59940"},
-                                           {&F::isSupportedVornClientVersion, "3.4.99999", "3.5.1"}}) {
-    setBundleValue(places()[1], "CFBundleVersion", one.before);
-    EXPECT_FALSE((m_features.*one.supports)()) << one.before;
-    setBundleValue(places()[1], "CFBundleVersion", one.from);
-    EXPECT_TRUE((m_features.*one.supports)()) << one.from;
-  }
-  setBundleValue(places()[1], "CFBundleVersion", "");
-  EXPECT_FALSE(m_features.isSupportedVornClientVersion());
-}
-
 TEST_F(DiscoveryTest, LetsTheAccountAloneDecideOnDialInCountries) {
   EXPECT_FALSE(m_features.isVornClientSupportEditCountries());
   m_features.setEditCountriesSource([] { return true; });

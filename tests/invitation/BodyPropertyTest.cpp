@@ -1,11 +1,11 @@
+// What holds for every body, tried on a few hundred that chance has put together.
+
 #include <gtest/gtest.h>
 
 #include <random>
 
 #include "invitation/vnBodyHelper.h"
 #include "util/TextSearch.h"
-
-// What holds for every body, tried on a few hundred that chance has put together.
 
 namespace vorn {
 namespace {

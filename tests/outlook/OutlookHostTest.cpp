@@ -221,7 +221,8 @@ TEST_P(HeaderClass, IsBuiltWithInitWithFrameAndHoldsWhatAHookPutsIn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, HeaderClass,
-                         testing::Values("OLCalendarHeaderContainerView", "OLAutoLayoutAttachmentsAcceptingView"));
+                         testing::Values("OLCalendarHeaderContainerView", "OLAutoLayoutAttachmentsAcceptingView"),
+                         [](const auto& info) { return std::string(info.param); });
 
 TEST_F(OutlookHostTest, EveryWayToOpenAnEditorPassesTheClassMethodThatHooksWatch) {
   start();

@@ -6,6 +6,7 @@
 #import <Foundation/Foundation.h>
 
 #include "platform/apple/ApplePresenter.h"
+#include "platform/apple/Ownership.h"
 #include "platform/embedded/VirtualRunLoop.h"
 #include "tests/ports/AppleToolkit.h"
 
@@ -19,9 +20,8 @@ using testing::SizeIs;
 class AppleSessions : public testing::Test {
  protected:
   AppleSessions() { toolkit = AppleToolkit(); }
-  ~AppleSessions() override { [pool drain]; }
 
-  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  AutoreleasePool pool;
   AppleToolkit& toolkit = AppleToolkit::instance();
   VirtualRunLoop loop;
   ApplePresenter presenter{loop, ""};

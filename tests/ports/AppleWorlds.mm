@@ -13,6 +13,7 @@
 #include "platform/apple/AppleUserDefaults.h"
 #include "platform/apple/AppleWorkspace.h"
 #include "platform/apple/LiveObjects.h"
+#include "platform/apple/Ownership.h"
 #include "platform/embedded/VirtualRunLoop.h"
 #include "tests/ports/AppleToolkit.h"
 #include "tests/ports/PortsWorld.h"
@@ -101,12 +102,7 @@ class ApplePorts final : public PortsWorld {
 
  private:
   // Outlives the ports.
-  struct Pool {
-    ~Pool() { [pool drain]; }
-    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-  };
-
-  Pool m_pool;
+  AutoreleasePool m_pool;
   AppleToolkit& m_toolkit = AppleToolkit::instance();
   SmallMachine m_machine;
   VirtualRunLoop m_loop;

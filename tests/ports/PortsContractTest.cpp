@@ -1,3 +1,5 @@
+// What every platform keeps, whatever it is made of.
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -5,8 +7,6 @@
 #include <set>
 
 #include "tests/ports/PortsWorld.h"
-
-// What every platform keeps, whatever it is made of.
 
 namespace vorn {
 namespace {

@@ -1,3 +1,5 @@
+// The images that the sources name against those of the bundle.
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -6,8 +8,6 @@
 #include <string>
 
 #include "util/AtomicFile.h"
-
-// The images that the sources name against those of the bundle.
 
 namespace vorn {
 namespace {

@@ -1,3 +1,5 @@
+// The table of texts against the sources that use it.
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,8 +14,6 @@
 #include "platform/Localization.h"
 #include "tests/support/TestPlatform.h"
 #include "util/AtomicFile.h"
-
-// The table of texts against the sources that use it.
 
 namespace vorn {
 namespace {

@@ -1,3 +1,5 @@
+// What a client must not be able to do to the host with a reply. Everything goes over the real socket.
+
 #include <gtest/gtest.h>
 #include <linux/sockios.h>
 #include <sys/ioctl.h>
@@ -13,8 +15,6 @@
 #include "tests/road/world/RoadWorld.h"
 #include "tests/transport/TestListener.h"
 #include "util/EncodeUtils.h"
-
-// What a client must not be able to do to the host with a reply. Everything goes over the real socket.
 
 namespace vorn {
 namespace {

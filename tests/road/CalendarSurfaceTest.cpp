@@ -1,10 +1,10 @@
+// What a person does to meetings on the calendar itself, with no editor open.
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "host/surface/vnCommandItemMgr.h"
 #include "tests/road/world/RoadWorld.h"
-
-// What a person does to meetings on the calendar itself, with no editor open.
 
 namespace vorn {
 namespace {

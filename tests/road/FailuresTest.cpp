@@ -1,3 +1,6 @@
+// Whatever goes wrong at whatever moment: the calendar holds what it held or what it should hold, the editor stays
+// open with what the user has typed, and when the trouble is over the next save does what an undisturbed one does.
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,9 +12,6 @@
 
 #include "platform/Localization.h"
 #include "tests/road/world/RoadWorld.h"
-
-// Whatever goes wrong at whatever moment: the calendar holds what it held or what it should hold, the editor stays
-// open with what the user has typed, and when the trouble is over the next save does what an undisturbed one does.
 
 namespace vorn {
 namespace {

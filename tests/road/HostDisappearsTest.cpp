@@ -1,12 +1,12 @@
+// The host's objects belong to the host, which may drop any of them while an answer is still on its way. What they
+// were asked for is then nothing to anybody; the next appointment goes its way as if nothing had been.
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include "tests/road/world/RoadWorld.h"
-
-// The host's objects belong to the host, which may drop any of them while an answer is still on its way. What they
-// were asked for is then nothing to anybody; the next appointment goes its way as if nothing had been.
 
 namespace vorn {
 namespace {

@@ -1,10 +1,10 @@
+// What an account may not do: hold meetings without a licence, and hold long ones without a paid plan.
+
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "tests/road/world/RoadWorld.h"
-
-// What an account may not do: hold meetings without a licence, and hold long ones without a paid plan.
 
 namespace vorn {
 namespace {

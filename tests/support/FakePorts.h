@@ -1,5 +1,7 @@
 #pragma once
 
+// Ports for tests: each one answers from its public fields, and records what was asked of it.
+
 #include <deque>
 #include <functional>
 #include <map>
@@ -20,8 +22,6 @@
 #include "platform/embedded/EmbeddedClassRuntime.h"
 #include "platform/embedded/EmbeddedPresenter.h"
 #include "platform/embedded/ProgressRecord.h"
-
-// Ports for tests: each one answers from its public fields, and records what was asked of it.
 
 namespace vorn {
 

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "channel/store/vnCommon.h"
@@ -98,7 +99,11 @@ TEST_P(MainWindowOfAVersion, GetsItemsAtLoadOnlyWhereUsersDoNotFindThem) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, MainWindowOfAVersion,
-                         testing::Values("14.5.1", "14.6.0", "16.78", "14.1.0", ""));
+                         testing::Values("14.5.1", "14.6.0", "16.78", "14.1.0", ""), [](const auto& info) {
+                           std::string name = std::string("Version") + info.param;
+                           std::replace(name.begin(), name.end(), '.', '_');
+                           return name;
+                         });
 
 TEST_F(MainWindow, ACommandOutsideTheFourDoesNothing) {
   vnCommandItemMgr& commands = vnCommandItemMgr::sharedInstance();

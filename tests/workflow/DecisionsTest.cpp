@@ -1,3 +1,6 @@
+// What a manager decides when a reply has come: whether the service must hear of something, what is written, and
+// whether the host's operation is made again.
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,9 +21,6 @@
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnWorkflowKeys.h"
-
-// What a manager decides when a reply has come: whether the service must hear of something, what is written, and
-// whether the host's operation is made again.
 
 namespace vorn {
 namespace {

@@ -166,7 +166,7 @@ StageStep storedTimes(LineReader& line) {
   std::string wanted(line.ahead());
   line.time();
   line.need("for");
-  wanted += " for " + std::to_string(std::lround(line.minutes() / 60)) + " min";
+  wanted += " for " + std::to_string(std::lround(line.minutes())) + " min";
   return [wanted](Stage& stage) {
     const auto event = stage.stored();
     expectEqual("stored times", wanted, event ? timesText(*event) : "none");

@@ -86,7 +86,7 @@ Editing typeBeside(const std::string& text, bool isAbove) {
 StageStep typeTimes(LineReader& line) {
   const double start = line.time();
   line.need("for");
-  const double end = start + line.minutes();
+  const double end = start + 60 * line.minutes();
   return inEditor([=](OutlookHost& host, OutlookHost::EditorId editor) { host.typeTimes(editor, start, end); });
 }
 
@@ -209,7 +209,7 @@ StageStep resize(LineReader& line) {
   line.need("to");
   const double start = line.time();
   line.need("for");
-  return onSurface(meant, [start, length = line.minutes()](OutlookHost& host, const OnSurface& item) {
+  return onSurface(meant, [start, length = 60 * line.minutes()](OutlookHost& host, const OnSurface& item) {
     host.resize(item.uid, item.occurrence, start, length);
   });
 }

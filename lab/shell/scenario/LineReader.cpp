@@ -69,7 +69,7 @@ double LineReader::time() {
   return static_cast<double>(timegm(&parts));
 }
 
-double LineReader::minutes() { return 60 * amount("min"); }
+double LineReader::minutes() { return amount("min"); }
 
 double LineReader::seconds() { return amount("s"); }
 

@@ -33,9 +33,9 @@ class LineReader {
   std::int64_t number(std::string_view what);
   // Seconds since 1970, of a time in UTC such as 2026-11-23T09:00.
   double time();
-  // Seconds, of "60 min".
+  // Of "60 min".
   double minutes();
-  // Seconds, of "0.3 s".
+  // Of "0.3 s".
   double seconds();
   void needEnd();
 

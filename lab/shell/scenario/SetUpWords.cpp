@@ -83,7 +83,7 @@ class AppointmentReader {
     if (m_line.take("at")) {
       m_start = m_line.time();
     } else if (m_line.take("for")) {
-      m_length = m_line.minutes();
+      m_length = 60 * m_line.minutes();
     } else if (m_line.take("stamp")) {
       m_stamp = m_line.time();
     } else {
@@ -163,7 +163,7 @@ void readMeeting(LineReader& line, ScenarioSetUp& setUp) {
     } else if (line.take("at")) {
       meeting.start = static_cast<std::int64_t>(line.time());
     } else if (line.take("for")) {
-      meeting.minutes = std::to_string(static_cast<int>(line.minutes() / 60));
+      meeting.minutes = std::to_string(static_cast<int>(line.minutes()));
     } else if (line.take("passcode")) {
       meeting.passcode = line.text("a passcode");
     } else if (line.take("language")) {

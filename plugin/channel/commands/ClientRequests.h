@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string_view>
-
 // The numbers that are spoken with the desktop client.
+
+#include <string_view>
 
 namespace vorn {
 

@@ -1,12 +1,12 @@
 #pragma once
 
+// What the commands need of the meeting manager that they answer to, by who asks. Main thread only.
+
 #include <cstdint>
 #include <string>
 
 #include "util/HostObject.h"
 #include "util/Value.h"
-
-// What the commands need of the meeting manager that they answer to, by who asks. Main thread only.
 
 namespace vorn {
 

@@ -9,6 +9,7 @@
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/discovery/vnAppHelper.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
+#include "channel/transport/vnIPCChannel.h"
 #include "platform/Registry.h"
 #include "platform/TraceStep.h"
 
@@ -156,6 +157,12 @@ int vnAPIBase::convertToErrorCode(const std::string& text) {
 int vnAPIWindowCommand::beginRequest(const HostObject& parentWindow) {
   m_parentWindow = parentWindow;
   return action(parentWindow);
+}
+
+int vnAPIWindowCommand::sendBareRequest(const HostObject& parentWindow, unsigned requestAction) {
+  if (const int code = beginRequest(parentWindow); code != 0) return code;
+  vnIPCChannel::sendIPCMessageToVornClient(requestAction, std::to_string(requestAction));
+  return 0;
 }
 
 std::optional<HostObject> vnAPIWindowCommand::takeReply(std::uint64_t replyNumber, const std::string& content) {

@@ -113,6 +113,8 @@ class vnAPIWindowCommand : public vnAPIBase {
  protected:
   // Remembers the window and passes the gate: 0 when the request may go out.
   int beginRequest(const HostObject& parentWindow);
+  // A request whose whole content is its own number: 0 when it went out.
+  int sendBareRequest(const HostObject& parentWindow, unsigned requestAction);
   // Takes a reply when one is waited for: reads its error and answers the window, which is pending no longer.
   // Absent when nothing is waited for or nobody is there to answer to.
   std::optional<HostObject> takeReply(std::uint64_t replyNumber, const std::string& content);

@@ -1,3 +1,5 @@
+// What the user is told about an error.
+
 #include <array>
 #include <string>
 #include <string_view>
@@ -20,8 +22,6 @@
 #include "platform/Registry.h"
 #include "platform/TraceMask.h"
 #include "platform/TraceStep.h"
-
-// What the user is told about an error.
 
 namespace vorn {
 

@@ -1,3 +1,5 @@
+// What the commands ask of the profile, and what they keep of it.
+
 #include <string>
 
 #include "channel/commands/vnAPIBase.h"
@@ -9,8 +11,6 @@
 #include "data/vnUserProfileHelper.h"
 #include "platform/Registry.h"
 #include "platform/UserDefaults.h"
-
-// What the commands ask of the profile, and what they keep of it.
 
 namespace vorn {
 

@@ -1,3 +1,5 @@
+// What goes to the client.
+
 #include <string>
 #include <string_view>
 
@@ -5,13 +7,10 @@
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
+#include "host/proxies/vnOLCalendarDate.h"
 #include "invitation/TimeUtils.h"
-#include "platform/ClassRuntime.h"
-#include "platform/Registry.h"
 #include "util/Utf16.h"
 #include "util/vnOLUtils.h"
-
-// What goes to the client.
 
 namespace vorn {
 
@@ -51,13 +50,6 @@ class Copier {
   const Value& m_source;
   Value& m_document;
 };
-
-// The host's name for the zone of a calendar date. The date has the host's zone object, or the name itself when it
-// was not read from an appointment.
-OptionalText timezoneName(const Value& timezone) {
-  if (!timezone.isObject()) return timezone.optionalText();
-  return Registry::platform().classRuntime->send(timezone.object(), "name").optionalText();
-}
 
 void setAudio(const Value& setting, Value& document) {
   const std::int64_t audio = setting[vn_Setting_AudioOption].integerValue();
@@ -127,7 +119,7 @@ Value vnAPICommitMeeting::apptInfoDocument() const {
   document.set(vn_ApptInfo_StartTime,
                TimeUtils::stringToTimestamp(start[vn_ApptInfo_CalDate_UTCTime].optionalText()));
   copier.copyList(vn_ApptInfo_Attendees);
-  const OptionalText zone = getJodaTimezoneName(timezoneName(start[vn_ApptInfo_Timezone]));
+  const OptionalText zone = getJodaTimezoneName(timeZoneName(start[vn_ApptInfo_Timezone]));
   document.set(vn_ApptInfo_Timezone, zone.value_or(""));
   if (vnClientFeatureMgr::sharedInstance().isVornClientSupportExtInfo()) copier.copy(vn_ApptInfo_OlApptUUID);
   return document;

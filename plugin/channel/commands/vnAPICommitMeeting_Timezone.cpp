@@ -1,3 +1,5 @@
+// The service calls time zones by other names than the host.
+
 #include <string>
 #include <string_view>
 
@@ -7,8 +9,6 @@
 #include "util/Text.h"
 #include "util/Utf16.h"
 #include "util/vnOLUtils.h"
-
-// The service calls time zones by other names than the host.
 
 namespace vorn {
 

@@ -3,16 +3,13 @@
 #include "channel/commands/ClientRequests.h"
 #include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
-#include "channel/transport/vnIPCChannel.h"
 #include "data/vnGetPACHelper.h"
 
 namespace vorn {
 
 int vnAPIGetPAC::doAction(const HostObject& parentWindow) {
   if (!vnClientFeatureMgr::sharedInstance().isVornClientSupportPACAndNoVideo()) return 0;
-  if (const int code = beginRequest(parentWindow); code != 0) return code;
-  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kGetPAC, std::to_string(RequestAction::kGetPAC));
-  return 0;
+  return sendBareRequest(parentWindow, RequestAction::kGetPAC);
 }
 
 std::optional<CommandResult> vnAPIGetPAC::onVornFeedback(const std::string& content) {

@@ -3,16 +3,12 @@
 #include "channel/commands/ClientRequests.h"
 #include "channel/commands/ReplyFields.h"
 #include "channel/commands/vnMeetingCommand.h"
-#include "channel/transport/vnIPCChannel.h"
 #include "data/vnGetScheduleForListHelper.h"
 
 namespace vorn {
 
 int vnAPIGetScheduleForList::doAction(const HostObject& parentWindow) {
-  if (const int code = beginRequest(parentWindow); code != 0) return code;
-  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kGetScheduleForList,
-                                           std::to_string(RequestAction::kGetScheduleForList));
-  return 0;
+  return sendBareRequest(parentWindow, RequestAction::kGetScheduleForList);
 }
 
 std::optional<CommandResult> vnAPIGetScheduleForList::onVornFeedback(const std::string& content) {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string_view>
-
 // The keys of the dictionaries that go to the commands and come back from them.
+
+#include <string_view>
 
 namespace vorn {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string_view>
-
 // What the client is called, where it lies, and from which of its versions on it can do what.
+
+#include <string_view>
 
 namespace vorn {
 

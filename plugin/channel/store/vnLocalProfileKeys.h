@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string_view>
-
 // The keys of the site configuration file and of the user defaults. The literals are stored data.
+
+#include <string_view>
 
 namespace vorn {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string_view>
-
 // Where the pieces of this product lie, and what they are called.
+
+#include <string_view>
 
 namespace vorn {
 

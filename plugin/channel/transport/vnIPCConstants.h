@@ -1,10 +1,10 @@
 #pragma once
 
+// The vocabulary that this process shares with the client and with the agent.
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-
-// The vocabulary that this process shares with the client and with the agent.
 
 namespace vorn {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+// The keys of an appointment's plain form. Those of the dictionary that carries it come with them.
+
 #include <string_view>
 
 #include "host/proxies/vnMeetingInfoKeys.h"
-
-// The keys of an appointment's plain form. Those of the dictionary that carries it come with them.
 
 namespace vorn {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string_view>
-
 // The keys of the meeting-information dictionary, which carries one meeting through the workflow: the appointment
 // in its plain form, the settings, and what the service adds.
+
+#include <string_view>
 
 namespace vorn {
 

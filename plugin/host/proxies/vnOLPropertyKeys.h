@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string_view>
-
 // The record that is stored inside an appointment, as JSON text. It outlives the plug-in, so the names stay.
+
+#include <string_view>
 
 namespace vorn {
 

@@ -14,6 +14,7 @@
 #include "platform/apple/Conversions.h"
 #include "platform/apple/HostExceptions.h"
 #include "platform/apple/MethodSignature.h"
+#include "platform/apple/Ownership.h"
 #include "platform/apple/Replacement.h"
 
 namespace vorn {
@@ -21,29 +22,6 @@ namespace vorn {
 namespace {
 
 using Holding = LiveObjects::Holding;
-
-class Pool {
- public:
-  // Nothing at all when none is wanted: a message to nil does nothing.
-  explicit Pool(bool isWanted) : m_pool(isWanted ? [[NSAutoreleasePool alloc] init] : nil) {}
-  ~Pool() { [m_pool drain]; }
-  Pool(const Pool&) = delete;
-  Pool& operator=(const Pool&) = delete;
-
- private:
-  NSAutoreleasePool* m_pool;
-};
-
-class Hold {
- public:
-  explicit Hold(id object) : m_object([object retain]) {}
-  ~Hold() { [m_object release]; }
-  Hold(const Hold&) = delete;
-  Hold& operator=(const Hold&) = delete;
-
- private:
-  id m_object;
-};
 
 Class classFrom(ClassRef reference) { return reinterpret_cast<Class>(reference.id); }
 
@@ -146,7 +124,7 @@ struct Callee {
 
 // Runs the method; an object that it answers is retained for the caller, any other result is already the value.
 Answer callNative(id object, Callee callee, const Replacement::Call* forwarded, const Arguments& arguments,
-                  id& retained) {
+                  Retained<>& retained) {
   MethodSignature& signature = *callee.signature;
   NativeValues values(signature);
   std::vector<void*> native = {&object, &callee.selector};
@@ -160,30 +138,29 @@ Answer callNative(id object, Callee callee, const Replacement::Call* forwarded, 
   if (raised) return {{}, std::move(raised)};
   if (!signature.result().isObject())
     return {signature.result().readResult(values.result(), Holding::never), nullptr};
-  std::memcpy(&retained, values.result(), sizeof retained);
-  [retained retain];
+  id answered = nil;
+  std::memcpy(&answered, values.result(), sizeof answered);
+  retained = Retained<>(answered);
   return {};
 }
 
 Answer callInPool(id object, const Callee& callee, const Replacement::Call* forwarded, const Arguments& arguments,
-                  id& retained) {
+                  Retained<>& retained) {
   // A reader of a flag or a number leaves nothing behind that would have to end with it.
   const MethodSignature& signature = *callee.signature;
   const bool onlyReads =
       signature.argumentCount() == 0 && !signature.result().isObject() && !signature.result().isNothing();
-  const Pool pool(!onlyReads);
+  const AutoreleasePool pool(!onlyReads);
   return callNative(object, callee, forwarded, arguments, retained);
 }
 
 Answer callMethod(id object, const Callee& callee, Replacement::Call* forwarded, const Arguments& arguments) {
-  id retained = nil;
-  Answer answer = callInPool(object, callee, forwarded, arguments, retained);
+  Retained<> result;
+  Answer answer = callInPool(object, callee, forwarded, arguments, result);
   if (answer.raised) return answer;
   // What the host made on the way has ended with the pool; what is left without an owner now was a temporary.
-  const Hold held(retained);
-  [retained release];
-  if (retained) answer.value = valueOrAbsent(retained);
-  if (forwarded) forwarded->setForwarded(retained, answer.value);
+  if (result.get()) answer.value = valueOrAbsent(result.get());
+  if (forwarded) forwarded->setForwarded(result.get(), answer.value);
   return answer;
 }
 
@@ -330,7 +307,7 @@ Answer AppleClassRuntime::call(const HostObject& receiver, std::string_view sele
   const SEL named = selectorNamed(selector);
   if (!object || !named) return {};
   try {
-    const Hold receiverHeld(object);
+    const Retained<> receiverHeld(object);
     // A copy, for the call may lead to exchanges.
     const Callee callee = m_tables->calleeOf(object_getClass(object), named);
     if (!callee.signature) return {};

@@ -3,6 +3,7 @@
 #import <Foundation/Foundation.h>
 
 #include "platform/apple/Conversions.h"
+#include "platform/apple/Ownership.h"
 
 // What the center calls for one subscription.
 @interface vnDistributedObserver : NSObject {
@@ -33,11 +34,12 @@ namespace {
 class Registration final : public DistributedNotifications::Subscription {
  public:
   Registration(std::string_view name, DistributedNotifications::Handler handler)
-      : m_handler(std::move(handler)), m_observer([[vnDistributedObserver alloc] init]) {
-    m_observer->m_handler = &m_handler;
+      : m_handler(std::move(handler)),
+        m_observer(Retained<vnDistributedObserver*>::adopted([[vnDistributedObserver alloc] init])) {
+    m_observer.get()->m_handler = &m_handler;
     try {
       [[NSDistributedNotificationCenter defaultCenter]
-                 addObserver:m_observer
+                 addObserver:m_observer.get()
                     selector:@selector(receive:)
                         name:foundationText(name)
                       object:nil
@@ -47,25 +49,24 @@ class Registration final : public DistributedNotifications::Subscription {
     }
   }
   ~Registration() override {
-    m_observer->m_handler = nullptr;
+    m_observer.get()->m_handler = nullptr;
     try {
-      [[NSDistributedNotificationCenter defaultCenter] removeObserver:m_observer];
+      [[NSDistributedNotificationCenter defaultCenter] removeObserver:m_observer.get()];
     } catch (...) {
     }
-    [m_observer release];
   }
   Registration(const Registration&) = delete;
   Registration& operator=(const Registration&) = delete;
 
  private:
   DistributedNotifications::Handler m_handler;
-  vnDistributedObserver* m_observer;
+  Retained<vnDistributedObserver*> m_observer;
 };
 
 }  // namespace
 
 void AppleDistributedNotifications::post(std::string_view name, const Value& userInfo) {
-  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  const AutoreleasePool pool;
   try {
     [[NSDistributedNotificationCenter defaultCenter]
         postNotificationName:foundationText(name)
@@ -75,7 +76,6 @@ void AppleDistributedNotifications::post(std::string_view name, const Value& use
   } catch (...) {
     // No failure of a post is reported to anybody.
   }
-  [pool drain];
 }
 
 std::unique_ptr<DistributedNotifications::Subscription> AppleDistributedNotifications::observe(

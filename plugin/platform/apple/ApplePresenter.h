@@ -6,6 +6,7 @@
 
 #include "platform/Presenter.h"
 #include "platform/RunLoop.h"
+#include "platform/apple/Ownership.h"
 #include "platform/apple/ProgressSheets.h"
 
 namespace vorn {
@@ -29,8 +30,7 @@ class ApplePresenter final : public Presenter {
   RunLoop& m_runLoop;
   std::string m_resources;
   ProgressSheets m_sheets;
-  // Each view keeps a hold of its own until it is released.
-  std::map<HostObject, std::shared_ptr<void>> m_views;
+  std::map<HostObject, Retained<>> m_views;
 };
 
 }  // namespace vorn

@@ -134,8 +134,7 @@ HostObject ApplePresenter::createView(std::string_view className, const Rect& fr
   const id view = [unready initWithFrame:rectangle];
   if (!view) return {};
   const HostObject reference = LiveObjects::instance().reference(view, LiveObjects::Holding::never);
-  m_views[reference] =
-      std::shared_ptr<void>(static_cast<void*>(view), [](void* held) { [static_cast<id>(held) release]; });
+  m_views[reference] = Retained<>::adopted(view);
   return reference;
 }
 

@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/apple/Ownership.h"
+
 // What the loop calls for us: the timers' number is their user info.
 @interface vnRunLoopClerk : NSObject {
  @public
@@ -39,27 +41,26 @@ NSArray* commonModes() {
 }
 
 void runGuarded(const RunLoop::Task& task) {
-  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  const AutoreleasePool pool;
   try {
     task();
   } catch (...) {
     // A task that fails must not take the host's loop along.
   }
-  [pool drain];
 }
 
 }  // namespace
 
 struct AppleRunLoop::State {
   struct Scheduled {
-    NSTimer* timer = nil;
+    Retained<NSTimer*> timer;
     const void* target = nullptr;
     std::string name;
     RunLoop::Repeats repeats = RunLoop::Repeats::no;
     std::shared_ptr<const Task> task;
   };
 
-  vnRunLoopClerk* clerk = [[vnRunLoopClerk alloc] init];
+  Retained<vnRunLoopClerk*> clerk = Retained<vnRunLoopClerk*>::adopted([[vnRunLoopClerk alloc] init]);
   std::uint64_t lastNumber = 0;
   std::map<std::uint64_t, Scheduled> scheduled;
   std::mutex postedMutex;
@@ -67,27 +68,26 @@ struct AppleRunLoop::State {
   // The first of them has its timer. The main thread's.
   bool isPostedAwaited = false;
 
-  State() { clerk->m_state = this; }
+  State() { clerk.get()->m_state = this; }
   ~State() {
-    clerk->m_state = nullptr;
+    clerk.get()->m_state = nullptr;
     cancel([](const Scheduled&) { return true; });
-    [clerk release];
   }
   State(const State&) = delete;
   State& operator=(const State&) = delete;
 
   std::uint64_t schedule(double seconds, Scheduled what) {
-    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+    const AutoreleasePool pool;
     const std::uint64_t number = ++lastNumber;
-    what.timer = [[NSTimer timerWithTimeInterval:seconds
-                                          target:clerk
-                                        selector:@selector(fire:)
-                                        userInfo:[NSNumber numberWithUnsignedLongLong:number]
-                                         repeats:what.repeats == RunLoop::Repeats::yes ? YES : NO] retain];
+    NSTimer* timer = [NSTimer timerWithTimeInterval:seconds
+                                             target:clerk.get()
+                                           selector:@selector(fire:)
+                                           userInfo:[NSNumber numberWithUnsignedLongLong:number]
+                                            repeats:what.repeats == RunLoop::Repeats::yes ? YES : NO];
+    what.timer = Retained<NSTimer*>(timer);
     NSEnumerator* modes = [commonModes() objectEnumerator];
-    while (NSString* mode = [modes nextObject]) [[NSRunLoop mainRunLoop] addTimer:what.timer forMode:mode];
+    while (NSString* mode = [modes nextObject]) [[NSRunLoop mainRunLoop] addTimer:timer forMode:mode];
     scheduled.emplace(number, std::move(what));
-    [pool drain];
     return number;
   }
 
@@ -101,10 +101,9 @@ struct AppleRunLoop::State {
   void cancel(std::uint64_t number) {
     const auto found = scheduled.find(number);
     if (found == scheduled.end()) return;
-    NSTimer* timer = found->second.timer;
+    const Retained<NSTimer*> timer = std::move(found->second.timer);
     scheduled.erase(found);
-    [timer invalidate];
-    [timer release];
+    [timer.get() invalidate];
   }
 
   void fire(std::uint64_t number) {
@@ -169,7 +168,7 @@ class AppleTimer final : public RunLoop::Timer {
 AppleRunLoop::AppleRunLoop() : m_state(std::make_shared<State>()) {
   // Foundation takes no locks until it has started a thread itself, and those that post here are not its own.
   if (![NSThread isMultiThreaded]) {
-    [NSThread detachNewThreadSelector:@selector(doNothing:) toTarget:m_state->clerk withObject:nil];
+    [NSThread detachNewThreadSelector:@selector(doNothing:) toTarget:m_state->clerk.get() withObject:nil];
   }
 }
 
@@ -181,12 +180,11 @@ void AppleRunLoop::post(Task task) {
     m_state->posted.push_back(std::move(task));
   }
   if ([NSThread isMainThread]) return m_state->awaitPosted();
-  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-  [m_state->clerk performSelectorOnMainThread:@selector(awaitPosted)
-                                   withObject:nil
-                                waitUntilDone:NO
-                                        modes:commonModes()];
-  [pool drain];
+  const AutoreleasePool pool;
+  [m_state->clerk.get() performSelectorOnMainThread:@selector(awaitPosted)
+                                         withObject:nil
+                                      waitUntilDone:NO
+                                              modes:commonModes()];
 }
 
 void AppleRunLoop::performAfter(double seconds, const void* target, std::string_view name, Task task) {

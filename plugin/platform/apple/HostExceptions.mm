@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/apple/CatchRaised.h"
+#include "platform/apple/Ownership.h"
 
 namespace vorn {
 
@@ -13,18 +14,14 @@ namespace {
 
 class Kept {
  public:
-  // The object is retained for this one.
-  explicit Kept(id object) : m_object(object) {}
+  explicit Kept(Retained<> object) : m_object(std::move(object)) {}
   explicit Kept(std::exception_ptr other) : m_other(std::move(other)) {}
-  ~Kept() { [m_object release]; }
-  Kept(const Kept&) = delete;
-  Kept& operator=(const Kept&) = delete;
 
-  id object() const { return m_object; }
+  id object() const { return m_object.get(); }
   const std::exception_ptr& other() const { return m_other; }
 
  private:
-  id m_object = nil;
+  Retained<> m_object;
   std::exception_ptr m_other;
 };
 
@@ -32,8 +29,8 @@ class Kept {
 
 HostException exceptionFrom(void (*body)(void* context), void* context) {
   try {
-    const id raised = vnCatchRaised(body, context);
-    return raised ? std::make_shared<Kept>(raised) : nullptr;
+    auto raised = Retained<>::adopted(vnCatchRaised(body, context));
+    return raised.get() ? std::make_shared<Kept>(std::move(raised)) : nullptr;
   } catch (...) {
     return std::make_shared<Kept>(std::current_exception());
   }

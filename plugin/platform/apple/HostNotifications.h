@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/NotificationCenter.h"
+#include "platform/apple/Ownership.h"
 
 namespace vorn {
 
@@ -18,8 +19,7 @@ class HostNotifications {
   HostNotifications& operator=(const HostNotifications&) = delete;
 
  private:
-  // Retained.
-  void* m_forwarder;
+  Retained<> m_forwarder;
 };
 
 }  // namespace vorn

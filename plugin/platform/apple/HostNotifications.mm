@@ -34,13 +34,11 @@ HostNotifications::HostNotifications(NotificationCenter& center, std::string_vie
                                            selector:@selector(forward:)
                                                name:foundationText(name)
                                              object:nil];
-  m_forwarder = forwarder;
+  m_forwarder = Retained<>::adopted(forwarder);
 }
 
 HostNotifications::~HostNotifications() {
-  const id forwarder = static_cast<id>(m_forwarder);
-  [[NSNotificationCenter defaultCenter] removeObserver:forwarder];
-  [forwarder release];
+  [[NSNotificationCenter defaultCenter] removeObserver:m_forwarder.get()];
 }
 
 }  // namespace vorn

@@ -4,6 +4,7 @@
 #include <objc/runtime.h>
 
 #include "platform/apple/DeathWatch.h"
+#include "platform/apple/Ownership.h"
 
 namespace vorn {
 
@@ -18,9 +19,7 @@ HostObject LiveObjects::reference(id object, Holding holding) {
   const auto address = reinterpret_cast<std::uintptr_t>(object);
   const bool isOwned = holding == Holding::whenUnowned && [object retainCount] > 1;
   if (holding == Holding::never || isOwned) return HostObject(address);
-  [object retain];
-  return HostObject(address, std::shared_ptr<void>(static_cast<void*>(object),
-                                                   [](void* held) { [static_cast<id>(held) release]; }));
+  return HostObject(address, std::make_shared<Retained<>>(object));
 }
 
 id LiveObjects::object(const HostObject& reference) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/apple/Conversions.h"
+#include "platform/apple/Ownership.h"
 
 // What we use of the host's classes. The plug-in is not linked with them.
 @protocol vnHostApplication
@@ -46,8 +47,7 @@ constexpr double kLookAgainSeconds = 0.1;
 
 id<vnHostApplication> hostApplication() { return [NSClassFromString(@"NSApplication") sharedApplication]; }
 
-// Retained.
-id<vnHostPanel, NSObject> makePanel(std::string_view message) {
+Retained<> makePanel(std::string_view message) {
   const NSRect frame = NSMakeRect(0, 0, kPanelWidth, kPanelHeight);
   id<vnHostPanel> unready = [NSClassFromString(@"NSPanel") alloc];
   const id panel = [unready initWithContentRect:frame styleMask:kTitledWindow backing:kBuffered defer:NO];
@@ -59,7 +59,7 @@ id<vnHostPanel, NSObject> makePanel(std::string_view message) {
   [label setDrawsBackground:NO];
   if (label) [[panel contentView] addSubview:label];
   [panel center];
-  return panel;
+  return Retained<>::adopted(panel);
 }
 
 }  // namespace
@@ -80,20 +80,20 @@ class ProgressSheets::Stack {
     Session made;
     try {
       made.panel = makePanel(message);
-      made.session = made.panel ? [hostApplication() beginModalSessionForWindow:made.panel] : nullptr;
+      made.session = made.panel.get() ? [hostApplication() beginModalSessionForWindow:made.panel.get()] : nullptr;
     } catch (...) {
       // A host that cannot show it shows nothing; the work is not about that.
     }
     made.number = ++m_lastNumber;
-    m_sessions.push_back(made);
-    return made.number;
+    m_sessions.push_back(std::move(made));
+    return m_lastNumber;
   }
 
   void end(unsigned number) {
     for (Session& session : m_sessions) {
       if (session.number != number) continue;
       session.hasEnded = true;
-      [session.panel orderOut:nil];
+      [session.panel.get() orderOut:nil];
     }
     endUppermost();
   }
@@ -101,8 +101,7 @@ class ProgressSheets::Stack {
  private:
   struct Session {
     unsigned number = 0;
-    // Retained.
-    id<vnHostPanel, NSObject> panel = nil;
+    Retained<> panel;
     void* session = nullptr;
     bool hasEnded = false;
   };
@@ -110,7 +109,7 @@ class ProgressSheets::Stack {
   void endUppermost() {
     while (!m_sessions.empty() && m_sessions.back().hasEnded) {
       const id modal = m_sessions.back().session ? [hostApplication() modalWindow] : nil;
-      if (modal && modal != m_sessions.back().panel) {
+      if (modal && modal != m_sessions.back().panel.get()) {
         m_runLoop.cancelPrevious(this);
         m_runLoop.performAfter(kLookAgainSeconds, this, "endUppermost", [this] { endUppermost(); });
         return;
@@ -122,8 +121,7 @@ class ProgressSheets::Stack {
 
   static void endSession(const Session& ended) {
     if (ended.session) endModalSession(ended.session);
-    [ended.panel orderOut:nil];
-    [ended.panel release];
+    [ended.panel.get() orderOut:nil];
   }
 
   static void endModalSession(void* session) {

@@ -9,6 +9,7 @@
 
 #include "platform/ClassRuntime.h"
 #include "platform/apple/MethodSignature.h"
+#include "platform/apple/Ownership.h"
 
 namespace vorn {
 
@@ -26,14 +27,12 @@ class Replacement {
     SEL selector = nullptr;
     std::vector<void*> native;
     Arguments arguments;
-    // What the host's own method answered when it was last forwarded to: an object is retained, with the value
-    // made of it.
+    // What the host's own method answered when it was last forwarded to: an object with the value made of it.
     bool isForwarded = false;
-    id forwardedResult = nil;
+    Retained<> forwardedResult;
     Value forwardedValue;
 
     void setForwarded(id result, const Value& value);
-    ~Call();
   };
 
   // Null when the machine allows no more code to be made. Once a class refers to it, it must not be destroyed.

@@ -28,7 +28,7 @@ class InProgress {
 // The very object that the host's own method answered; any other result from its value.
 void writeForwarded(const MethodSignature& signature, const Replacement::Call& call, void* result) {
   if (!signature.result().isObject()) return signature.result().writeResult(call.forwardedValue, result);
-  const id original = [[call.forwardedResult retain] autorelease];
+  const id original = [[call.forwardedResult.get() retain] autorelease];
   std::memcpy(result, &original, sizeof original);
 }
 
@@ -36,13 +36,9 @@ void writeForwarded(const MethodSignature& signature, const Replacement::Call& c
 
 void Replacement::Call::setForwarded(id result, const Value& value) {
   isForwarded = true;
-  [result retain];
-  [forwardedResult release];
-  forwardedResult = result;
+  forwardedResult = Retained<>(result);
   forwardedValue = value;
 }
-
-Replacement::Call::~Call() { [forwardedResult release]; }
 
 Replacement::Replacement(Implementation implementation, CharacterPointers characters)
     : m_implementation(std::move(implementation)), m_characters(characters) {
