@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <set>
@@ -20,8 +21,8 @@ struct Made {
   std::unique_ptr<PortsWorld> (*make)();
 };
 
-// The processes of the whole machine are looked at, so no other program may have this identifier.
-constexpr auto kOwn = "us.vorn.contract.own";
+// The processes of the whole machine are looked at, so no other program, nor another of these tests, may have it.
+const std::string kOwn = "us.vorn.contract.own" + std::to_string(::getpid());
 
 class PortsContract : public testing::TestWithParam<Made> {
  protected:
@@ -48,7 +49,7 @@ TEST_P(PortsContract, AnApplicationRunsFromItsProcesssBeginToItsEnd) {
   EXPECT_FALSE(world->workspace().isRunning(kOwn));
   world->run(bundle);
   EXPECT_TRUE(world->workspace().isRunning(kOwn));
-  EXPECT_FALSE(world->workspace().isRunning("us.vorn.contract"));
+  EXPECT_FALSE(world->workspace().isRunning(kOwn.substr(0, kOwn.size() - 1)));
   world->quit();
   EXPECT_FALSE(world->workspace().isRunning(kOwn));
 }
