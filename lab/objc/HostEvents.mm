@@ -2,7 +2,6 @@
 
 #include "lab/objc/HostClasses.h"
 #include "lab/outlook/HostForms.h"
-#include "util/HtmlText.h"
 
 using vornlab::foundationText;
 using vornlab::htmlForPlainText;
@@ -317,9 +316,8 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 }
 - (ECRecurrence*)recurrence {
   const auto stored = storedEvent(self);
-  if (!stored) return nil;
-  const auto series = stored->isException() ? stored->master() : stored;
-  if (!series || !series->isRecurring()) return nil;
+  const auto series = stored ? stored->series() : std::nullopt;
+  if (!series) return nil;
   return [[[ECRecurrence alloc] initWithStore:m_store index:static_cast<NSInteger>(series->index())] autorelease];
 }
 - (id)seriesMasterRecord {
@@ -396,9 +394,8 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   return YES;
 }
 - (BOOL)isOwner {
-  NSString* organizer = [self organizer];
-  return
-      [userAddress length] == 0 || !organizer || [organizer caseInsensitiveCompare:userAddress] == NSOrderedSame;
+  const auto stored = storedEvent(self);
+  return !stored || !stored->isOfSomebodyElse(plainText(userAddress));
 }
 - (BOOL)isOrganizer {
   return [self isOwner];
@@ -420,11 +417,9 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 }
 - (void)storeBodyIn:(vornlab::CalendarEvent&)target {
   NSString* changed = [m_changed objectForKey:@"body"];
-  const std::string html = plainText(changed);
-  if (!changed || html == shownHtml(target)) return;
+  if (!changed) return;
   NSNumber* saysHtml = [m_changed objectForKey:@"isBodyHTML"];
-  const bool isHtml = !saysHtml || [saysHtml boolValue];
-  target.setDescription(vorn::htmlToPlainText(html), isHtml ? vorn::OptionalText(html) : vorn::OptionalText());
+  vornlab::storeBody(target, plainText(changed), !saysHtml || [saysHtml boolValue]);
 }
 - (long)saveRecord {
   constexpr long stored = 0;

@@ -7,6 +7,7 @@
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/outlook/ProducerQuirks.h"
+#include "util/Text.h"
 
 namespace vornlab {
 
@@ -119,6 +120,16 @@ bool CalendarEvent::isRecurring() const {
 std::optional<CalendarEvent> CalendarEvent::master() const {
   const std::string own = uid();
   return own.empty() ? std::nullopt : m_store->find(own);
+}
+
+std::optional<CalendarEvent> CalendarEvent::series() const {
+  const auto found = isException() ? master() : *this;
+  return found && found->isRecurring() ? found : std::nullopt;
+}
+
+bool CalendarEvent::isOfSomebodyElse(std::string_view address) const {
+  const std::string organizer = organizerAddress();
+  return !address.empty() && !organizer.empty() && !vorn::equalIgnoringCase(organizer, address);
 }
 
 bool CalendarEvent::isRemoved() const { return m_store->m_document.isRemoved(component()); }

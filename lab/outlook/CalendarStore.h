@@ -52,6 +52,8 @@ class CalendarEvent {
   bool isRecurring() const;
   // The event that holds the rule of the series, when the file has it.
   std::optional<CalendarEvent> master() const;
+  // The series that this is or is an exception of; absent when it is neither, and when the file has no series.
+  std::optional<CalendarEvent> series() const;
   bool isRemoved() const;
   // CANCELLED, CONFIRMED, TENTATIVE or what else the file says, in upper case; "" without one.
   std::string status() const;
@@ -76,6 +78,9 @@ class CalendarEvent {
   std::vector<CalendarAttendee> attendees() const;
   // The address of ORGANIZER without "mailto:"; "" without one.
   std::string organizerAddress() const;
+  // Whether the meeting is called by somebody else than the person with the address. Nobody else is known without
+  // an organizer, and for the address "".
+  bool isOfSomebodyElse(std::string_view address) const;
   std::string organizerName() const;
 
   // The records that the plug-in has stored in the appointment, as JSON text.

@@ -1,7 +1,6 @@
 // Appointments as the host shows them: ECCalendarEvent and what it hands out.
 
 #include "lab/outlook/HostWorld.h"
-#include "util/Text.h"
 
 namespace vornlab {
 
@@ -33,9 +32,7 @@ constexpr Setter kSetters[] = {{"setSummary:", "summary"},
 Value isOwner(const HostCall& call) {
   const auto held = call.world.event(call.self);
   const auto stored = held ? held->stored() : std::nullopt;
-  const std::string organizer = stored ? stored->organizerAddress() : std::string();
-  const std::string& own = call.world.options.userAddress;
-  return own.empty() || organizer.empty() || vorn::equalIgnoringCase(organizer, own);
+  return !stored || !stored->isOfSomebodyElse(call.world.options.userAddress);
 }
 
 constexpr HostMethod kOfAnyEvent[] = {
@@ -64,8 +61,8 @@ Value isException(const HostCall&, CalendarEvent& stored) { return stored.isExce
 Value calendarText(const HostCall&, CalendarEvent& stored) { return stored.calendarText(); }
 
 Value recurrence(const HostCall& call, CalendarEvent& stored) {
-  const auto series = stored.isException() ? stored.master() : stored;
-  if (!series || !series->isRecurring()) return HostObject();
+  const auto series = stored.series();
+  if (!series) return HostObject();
   return call.world.runtime.createTemporary("ECRecurrence", std::make_shared<CalendarEvent>(*series));
 }
 

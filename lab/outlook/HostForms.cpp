@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <random>
 
+#include "util/HtmlText.h"
+
 namespace vornlab {
 
 std::string newUid() {
@@ -39,6 +41,11 @@ std::string shownHtml(const CalendarEvent& event) {
   if (const vorn::OptionalText html = event.htmlDescription()) return *html;
   const std::string description = event.description().value_or("");
   return event.descriptionIsHtml() ? description : htmlForPlainText(description);
+}
+
+void storeBody(CalendarEvent& event, const std::string& html, bool isHtml) {
+  if (html == shownHtml(event)) return;
+  event.setDescription(vorn::htmlToPlainText(html), isHtml ? vorn::OptionalText(html) : std::nullopt);
 }
 
 }  // namespace vornlab

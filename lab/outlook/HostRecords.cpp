@@ -1,7 +1,6 @@
 // The record of a save: ECMutableCalendarEvent.
 
 #include "lab/outlook/HostWorld.h"
-#include "util/HtmlText.h"
 
 namespace vornlab {
 
@@ -11,12 +10,11 @@ double secondsOf(const HostWorld& world, const Value& date) {
   return world.send(date.object(), "timeIntervalSince1970").realValue();
 }
 
-void storeBody(CalendarEvent& stored, const HostEvent& record, const HostWorld& world) {
+void storeChangedBody(CalendarEvent& stored, const HostEvent& record, const HostWorld& world) {
   const Value& body = record.changed["body"];
-  if (!body.isText() || body.text() == shownHtml(stored)) return;
   const Value& saysHtml = record.changed["isBodyHTML"];
   const bool isHtml = !world.options.plainTextOnly && (saysHtml.isAbsent() || saysHtml.boolValue());
-  stored.setDescription(vorn::htmlToPlainText(body.text()), isHtml ? body.optionalText() : OptionalText());
+  if (body.isText()) storeBody(stored, body.text(), isHtml);
 }
 
 }  // namespace
@@ -58,7 +56,7 @@ void HostWorld::defineRecords() {
     if (target.isRemoved()) return notStored;
     if (changed.contains("summary")) target.setSummary(changed["summary"].text());
     if (changed.contains("location")) target.setLocation(changed["location"].text());
-    storeBody(target, *record, *this);
+    storeChangedBody(target, *record, *this);
     if (changed.contains("olmUCInband")) target.setOlmUCInband(changed["olmUCInband"].text());
     if (changed.contains("olmUCCapabilities")) target.setOlmUCCapabilities(changed["olmUCCapabilities"].text());
     if (changed.contains("startTime") || changed.contains("endTime")) {

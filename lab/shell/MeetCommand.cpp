@@ -12,7 +12,6 @@
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
 #include "lab/shell/Words.h"
-#include "util/Text.h"
 
 namespace vornlab {
 namespace {
@@ -23,9 +22,7 @@ namespace fs = std::filesystem;
 std::string reasonToSkip(const CalendarEvent& event, const std::string& me) {
   if (event.isException()) return "a changed occurrence follows its series";
   if (event.isCancelled()) return "the appointment is cancelled";
-  const std::string organizer = event.organizerAddress();
-  if (!me.empty() && !organizer.empty() && !vorn::equalIgnoringCase(organizer, me))
-    return "somebody else organizes it";
+  if (event.isOfSomebodyElse(me)) return "somebody else organizes it";
   return "";
 }
 

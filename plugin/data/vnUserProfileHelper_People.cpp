@@ -5,7 +5,6 @@
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
-#include "util/Text.h"
 
 namespace vorn {
 

@@ -10,7 +10,6 @@
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
-#include "util/Text.h"
 #include "workflow/MeetingWindow.h"
 #include "workflow/SettingsPanel.h"
 #include "workflow/vnCommitWarning.h"

@@ -16,7 +16,7 @@ class vnApptUIActionMgr : public vnActionResultMgr {
 
   static vnApptUIActionMgr& sharedInstance();
 
-  // A save or send of an editor. The data hold keyApptViewActionID, or are absent. The result is vnHandlePassOn
+  // A save or send of an editor. The data hold keyApptViewActionID, or are absent. The result is VnHandlePassOn
   // when the host shall go on now, as in vnHandleResult.
   int handleVNMeeting(const HostObject& editor, const Value& data);
 

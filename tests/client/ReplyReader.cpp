@@ -5,6 +5,8 @@
 
 #include <stdexcept>
 
+#include "tests/support/ContentFields.h"
+
 namespace vornlab::test {
 
 std::string decodeBase64(const std::string& text) {
@@ -45,20 +47,8 @@ Packed unpack(const std::string& bytes) {
   return packed;
 }
 
-std::vector<std::string> splitFields(const std::string& content) {
-  std::vector<std::string> fields(1);
-  for (const char c : content) {
-    if (c == ';') {
-      fields.emplace_back();
-    } else {
-      fields.back() += c;
-    }
-  }
-  return fields;
-}
-
 MeetingLayers readMeeting(const std::string& content) {
-  const auto fields = splitFields(content);
+  const auto fields = vorn::contentFields(content);
   if (fields.size() != 15) throw std::runtime_error("not a meeting: " + content);
   return {nlohmann::json::parse(decodeBase64(fields[13])), unpack(decodeBase64(fields[14]))};
 }

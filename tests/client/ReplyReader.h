@@ -19,7 +19,6 @@ struct Packed {
 
 std::string decodeBase64(const std::string& text);
 Packed unpack(const std::string& bytes);
-std::vector<std::string> splitFields(const std::string& content);
 
 // Both layers of a get-meeting reply.
 struct MeetingLayers {

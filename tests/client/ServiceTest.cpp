@@ -7,13 +7,13 @@
 
 #include "ReplyReader.h"
 #include "lab/client/Invitation.h"
+#include "tests/support/ContentFields.h"
 
 namespace vornlab {
 namespace {
 
 using nlohmann::json;
 using test::readMeeting;
-using test::splitFields;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -279,7 +279,8 @@ TEST_F(ServiceTest, namesTheAlternateHostsThatAreRefused) {
   service.setAccount(Account::fromFile(VORNCLIENT_ACCOUNTS "/everything-on.json"));
   const auto reply = schedule(
       commitOf({{"meetingPassword", "Passcode1"}, {"alternateHosts", {"a@example.com", "nobody@example.com"}}}));
-  EXPECT_EQ(splitFields(reply), (std::vector<std::string>{"0", "Error 1113", "nobody@example.com#not allowed"}));
+  EXPECT_EQ(vorn::contentFields(reply),
+            (std::vector<std::string>{"0", "Error 1113", "nobody@example.com#not allowed"}));
 }
 
 TEST_F(ServiceTest, neverGivesANumberTwice) {

@@ -13,6 +13,7 @@
 
 #include "lab/client/MessageScanner.h"
 #include "tests/road/world/RoadWorld.h"
+#include "tests/support/ContentFields.h"
 #include "tests/transport/TestListener.h"
 #include "util/EncodeUtils.h"
 
@@ -35,19 +36,6 @@ std::string binary(std::size_t size) {
   std::string bytes;
   for (std::size_t i = 0; i < size; ++i) bytes += static_cast<char>(i);
   return bytes;
-}
-
-// What stands between the separators of a content.
-std::vector<std::string> fieldsOf(const std::string& content) {
-  std::vector<std::string> fields(1);
-  for (const char c : content) {
-    if (c == ';') {
-      fields.emplace_back();
-    } else {
-      fields.back() += c;
-    }
-  }
-  return fields;
 }
 
 std::string joined(const std::vector<std::string>& fields) {
@@ -194,7 +182,7 @@ TEST(BadReplies, InAnyFieldCostTheUserNothing) {
       SCOPED_TRACE("field " + std::to_string(field) + " for " + std::to_string(reply));
       for (std::size_t kind = 0; kind <= std::size(garbage); ++kind) {
         SpoiledRoad road(reply, [&](const vornlab::Envelope& good) {
-          std::vector<std::string> all = fieldsOf(good.content);
+          std::vector<std::string> all = contentFields(good.content);
           fields = all.size();
           if (kind < std::size(garbage)) {
             all[field] = garbage[kind];

@@ -75,14 +75,5 @@ TEST_F(CalendarHooks, AGridThatSelectsNothingIsTheHostsOwn) {
   EXPECT_EQ(send(wrapper, kRename, calls[2].second), Value("the host's result"));
 }
 
-TEST_F(CalendarHooks, AmongSeveralGridsTheOneWithASelectionCounts) {
-  load();
-  host.set(event, "olmUCInband", kRecord);
-  const HostObject empty = host.object("CCGridViewController", {{"selectedEvent", Value()}});
-  host.set(wrapper, "gridViewController", Value());
-  host.set(wrapper, "gridViewControllers", Value(Value::Array{empty, grid}));
-  EXPECT_EQ(send(wrapper, kRename, calls[2].second), Value(true));
-}
-
 }  // namespace
 }  // namespace vorn

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
 #include "host/surface/classSwizzle.h"
 #include "tests/support/TestPlatform.h"
 
@@ -56,22 +54,6 @@ TEST_F(Swizzle, RefusesWithoutAnyChangeWhenSomethingIsMissing) {
   EXPECT_EQ(runtime.send(object, "run"), Value("host"));
   EXPECT_EQ(runtime.send(object, "vn_run"), Value("ours"));
   EXPECT_EQ(runtime.send(runtime.classObject(hostClass()), "make"), Value("host class"));
-}
-
-TEST_F(Swizzle, TheHostSelectorRunsOursAndTheAddedOneTheHosts) {
-  runtime.class_addMethod(hostClass(), "vn_run", answering("ours"), "@@:");
-  runtime.class_addMethod(metaclass(), "vn_make", answering("our class"), "@@:");
-  EXPECT_TRUE(classSwizzle::method_InstanceSwizzle(hostClass(), "run", "vn_run"));
-  EXPECT_TRUE(classSwizzle::method_ClassSwizzle(metaclass(), "make", "vn_make"));
-  const HostObject object = runtime.create("Host");
-  const HostObject classObject = runtime.classObject(hostClass());
-  EXPECT_EQ(runtime.send(object, "run"), Value("ours"));
-  EXPECT_EQ(runtime.send(object, "vn_run"), Value("host"));
-  EXPECT_EQ(runtime.send(classObject, "make"), Value("our class"));
-  EXPECT_EQ(runtime.send(classObject, "vn_make"), Value("host class"));
-
-  EXPECT_TRUE(classSwizzle::method_InstanceSwizzle(hostClass(), "run", "vn_run"));
-  EXPECT_EQ(runtime.send(object, "run"), Value("host"));
 }
 
 }  // namespace

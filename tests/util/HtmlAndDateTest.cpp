@@ -135,11 +135,6 @@ TEST(DateText, WritesAndReadsInNamedZones) {
   EXPECT_EQ(dateText(0.9, "UTC"), "1970-01-01 00:00:00");
 }
 
-TEST(DateText, ReadsSkippedAndRepeatedTimesWithTheOffsetBefore) {
-  EXPECT_EQ(dateFromText("2026-03-08 02:30:00", "America/New_York"), dateFromText("2026-03-08 07:30:00", "UTC"));
-  EXPECT_EQ(dateFromText("2026-11-01 01:30:00", "America/New_York"), dateFromText("2026-11-01 05:30:00", "UTC"));
-}
-
 TEST(DateText, RefusesUnknownZonesAndOtherForms) {
   for (const char* zone : {"", "Nowhere/Else", "UTC\xFF"}) {
     EXPECT_EQ(dateText(0, zone), std::nullopt) << zone;

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "channel/commands/vnAPIKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnECCalendarEvent.h"
@@ -119,12 +117,6 @@ TEST_F(CalendarEdit, AnAppointmentThatSupportsNoMeetingIsLeftAlone) {
   EXPECT_EQ(calendar.deleteMeeting(HostObject()), 0);
   EXPECT_EQ(calendar.updateSubject(HostObject(), "Renamed"), 0);
   EXPECT_EQ(vnMeetingMgr::sharedInstance()->state(), VnStateIdle);
-}
-
-TEST(Duration, IsCutTowardZeroToWholeMinutes) {
-  const std::pair<double, const char*> rows[] = {{5400, "90"}, {29.5 * 60, "29"},     {59, "0"},
-                                                 {-90, "-1"},  {1e300, "2147483647"}, {std::nan(""), "0"}};
-  for (const auto& [seconds, text] : rows) EXPECT_EQ(durationText(seconds), text) << seconds;
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+// What the settings panel, its manager and the notices in its place tell each other.
+
 #include <vector>
 
 #include "channel/store/JsonTextFile.h"
@@ -7,8 +9,6 @@
 #include "platform/Localization.h"
 #include "tests/workflow/MeetingFixture.h"
 #include "workflow/vnWorkflowKeys.h"
-
-// What the settings panel, its manager and the notices in its place tell each other.
 
 namespace vorn {
 namespace {

@@ -69,7 +69,8 @@ class vnAPIBase {
   // Tells the user about an error, unless this command is silent. A code without a text of its own gives an alert
   // without text.
   void popupErrorMsg(const HostObject& parentWindow, int code);
-  // Shows the text as it stands, whether or not this command is silent. The second argument never was a code.
+  // Shows the text as it stands, whether or not this command is silent. The second argument is no code,
+  // whatever the name says.
   static void popupWarnWithErrorMsg(const HostObject& parentWindow, const std::string& message);
 
   // True when the settings of the window's meeting use the personal meeting ID.
