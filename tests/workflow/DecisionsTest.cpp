@@ -424,7 +424,7 @@ TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
     reply(VnCmdGetMeetingByApptUUID);
     EXPECT_EQ(data().meetingKey(), row.isTaken ? kKey : "");
     EXPECT_EQ(data().joinUrl().has_value(), row.isTaken);
-    EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().take(window->bar.get()).getJoinURLFromProperty(),
+    EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().take(window->bar).getJoinURLFromProperty(),
               data().joinUrl());
     EXPECT_EQ(window->bar->shown, row.isTaken ? VnUIMeeting : VnUINotMeeting);
     EXPECT_THAT(client.requests, ElementsAreArray(row.isTaken && !row.knowsAccount ? std::vector<std::string>{"6"}
