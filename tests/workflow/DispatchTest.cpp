@@ -83,8 +83,7 @@ TEST_F(Dispatch, ASaveIsPassedOnUnlessTheMeetingHasSomethingToTell) {
   FakeWindow window(test);
   // What stands in the location field is noted, whatever becomes of the save.
   const auto expectLocationNoted = [&](const char* what) {
-    EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().take(window.bar).getOLNewLocation(), "Room 7")
-        << what;
+    EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().take(window.bar).getOLNewLocation(), "Room 7") << what;
   };
   window.showLocation("Room 7");
   for (const int status : {VnDataNone, VnDataAdded}) {

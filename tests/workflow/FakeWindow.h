@@ -54,7 +54,7 @@ inline void defineWindowClasses(EmbeddedClassRuntime& runtime) {
   for (const char* key : {"name", "attendeeType", "emailAddress"}) answers("ECCalendarEventAttendee", key);
   for (const char* key : {"emailAddress", "shouldDisableCalendarHTMLBodyForAccount"})
     answers("ECEmailAccount", key);
-  answers("ECRecordUID", "recordID");
+  for (const char* key : {"recordID", "recordExists"}) answers("ECRecordUID", key);
   for (const char* key : {"editorContent", "bodyContent"}) answers("OLWordMailEditor", key);
   for (const char* format : {"switchToPlainText", "switchToHTMLText"}) {
     runtime.setInstanceMethod("OLWordMailEditor", format,

@@ -331,10 +331,8 @@ TEST_F(StoreTime, AnotherRecordInsideTheFirstSaveOfANewAppointmentIsNotTakenForI
   FakeWindow window(test);
   left.of(window.bar).setNeedClearLocation(true);
   left.of(window.bar).setOLNewBody("<p>new</p>");
-  test.classRuntime.defineClass("ECRecordUID");
-  test.classRuntime.setInstanceMethod("ECRecordUID", "recordExists",
-                                      [](const HostObject&, const Arguments&) { return Value(true); });
-  const HostObject uid = test.classRuntime.create("ECRecordUID");
+  const HostObject uid = test.classRuntime.create(
+      "ECRecordUID", std::make_shared<Value>(Value::dictionaryFromPairs({{"recordExists", true}})));
   const HostObject other = record({{"UUID", "B"}, {"recordUID", uid}, {"body", "<p>other</p>"}});
   const HostObject own = record({{"UUID", "C"}, {"body", ""}});
   const RunningSave running(window.bar);
@@ -364,7 +362,7 @@ TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
        true, true, false},
       {"a meeting of another account, with a plain invitation", true, false, "<p>new</p>", "Castle", std::nullopt,
        "<p>new</p>", "Castle", true, false, true},
-      {"no meeting", false, false, "<p>new</p>", "Castle", std::nullopt, std::nullopt, std::nullopt},
+      {"no meeting", false, false, "<p>new</p>", "Castle", "<p>old</p>", "<p>old</p>", std::nullopt},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
