@@ -8,7 +8,8 @@ namespace vorn {
 // The start and the end of the plug-in in a host's process. Main thread only; nothing throws.
 
 // Connects the rooms with each other and attaches the system to the host. The platform's ports have to live until
-// unloadPlugin(). A second call without an end in between does nothing.
+// unloadPlugin(), its class runtime as long as the host's classes. A second call without an end in between does
+// nothing; one after an end takes up the hooks that stand.
 void loadPlugin(const Platform& platform);
 // The same for a registry that holds a platform already.
 void attachPlugin();

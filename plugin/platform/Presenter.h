@@ -46,7 +46,7 @@ class Presenter {
     bool operator==(const Answer&) const = default;
   };
   // A progress sheet on the screen. It goes with this object, which ends no other sheet, and which does nothing
-  // more when the presenter has gone first.
+  // more when the presenter has gone first. Its end raises nothing, whatever the host does.
   class Progress {
    public:
     virtual ~Progress() = default;
@@ -64,7 +64,8 @@ class Presenter {
   [[nodiscard]] virtual std::unique_ptr<Progress> beginProgress(std::string_view message) = 0;
 
   // Makes a view of the given class of ours in the host's runtime, with no superview. The view lives until
-  // releaseView() or the end of its superview. Absent when the host has no views.
+  // releaseView() or the end of its superview. Absent when the host has no views. releaseView() raises nothing,
+  // whatever the host does.
   virtual HostObject createView(std::string_view className, const Rect& frame) = 0;
   virtual void releaseView(const HostObject& view) = 0;
 };

@@ -11,6 +11,8 @@
 #include <memory>
 #include <utility>
 
+#include "util/HighDescriptor.h"
+
 namespace vorn {
 
 namespace {
@@ -79,9 +81,9 @@ bool replaceFile(const std::string& path, std::string_view content) {
     temporary = target + ".new-" + std::to_string(::getpid()) + "-" + std::to_string(made++);
     number = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   } while (number < 0 && errno == EEXIST);
-  Descriptor file(number);
-  if (!file) return false;
-  const bool written = writeNewFile(file.number(), content, target);
+  if (number < 0) return false;
+  Descriptor file(highDescriptor(number));
+  const bool written = file && writeNewFile(file.number(), content, target);
   if (!file.close() || !written || std::rename(temporary.c_str(), target.c_str()) != 0) {
     ::unlink(temporary.c_str());
     return false;

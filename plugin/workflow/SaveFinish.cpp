@@ -53,6 +53,9 @@ bool isClose(std::string_view operation) {
   return operation == kHostSaveAndCloseWindow || operation == kHostSaveAndCloseReturnError;
 }
 
+// For a delayed step: the host may let go of a window before it has run.
+HostObject retained(const HostObject& object) { return Registry::platform().classRuntime->retained(object); }
+
 void convertMailBodyFormat(MeetingWindow& window) {
   if (!window.bar()->fromFieldChanged()) return;
   const vnECCalendarEvent* event = window.event();
@@ -69,8 +72,8 @@ void SaveFinish::cancel() { Registry::platform().runLoop->cancelPrevious(this); 
 
 void SaveFinish::scheduleCloseOLAppointment(const HostObject& editor) {
   Registry::platform().runLoop->performAfter(
-      0, this, "closeOLAppointment:", [this, weak = m_manager.weak_from_this(), editor] {
-        if (const auto manager = weak.lock()) closeOLAppointment(editor);
+      0, this, "closeOLAppointment:", [this, weak = m_manager.weak_from_this(), held = retained(editor)] {
+        if (const auto manager = weak.lock()) closeOLAppointment(held);
       });
 }
 
@@ -119,8 +122,8 @@ void SaveFinish::closeWindowLater(MeetingWindow& window, const Value& hostResult
   // Asked for only now: a window that the host has closed by itself has no bar in it, and is left alone.
   const HostObject windowController = window.bar()->editorWindowController();
   if (!windowController) return;
-  Registry::platform().runLoop->performAfter(0, this, "close", [windowController] {
-    Registry::platform().classRuntime->send(windowController, "close");
+  Registry::platform().runLoop->performAfter(0, this, "close", [held = retained(windowController)] {
+    Registry::platform().classRuntime->send(held, "close");
   });
 }
 

@@ -20,6 +20,8 @@ std::string vnCommitWarning::getWarningMessage() const {
 }
 
 void vnCommitWarning::showCommitWarning(const HostObject& parentWindow) const {
+  Presenter* presenter = Registry::platform().presenter;
+  if (!presenter) return;
   Presenter::Alert alert;
   alert.message = formatText(localizedString("LN_Schedule_Template_Notavailable_220900"), {getWarningMessage()});
   alert.buttons = {localizedString("LN_Schedule_Template_ChooseAnotherTemplate_220900"),
@@ -27,14 +29,15 @@ void vnCommitWarning::showCommitWarning(const HostObject& parentWindow) const {
   alert.icon = Presenter::kWarningIcon;
   traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.message}}); });
   // The notice keeps its data: another window's commit may be stopped before this one's answer comes.
-  Registry::platform().presenter->showAlert(
-      parentWindow, alert, [parentWindow, data = m_meetingData](const Presenter::Answer& answer) {
-        Registry::platform().notificationCenter->post(
-            notify_Commit_ChooseAnotherTemplate, nullptr,
-            Value::dictionaryFromPairs({{"parentWindow", parentWindow},
-                                        {"chooseAnotherTemplate", answer.button == 0},
-                                        {"meetingData", data}}));
-      });
+  presenter->showAlert(parentWindow, alert, [parentWindow, data = m_meetingData](const Presenter::Answer& answer) {
+    // The answer may come after the end of this system.
+    NotificationCenter* center = Registry::platform().notificationCenter;
+    if (!center) return;
+    center->post(notify_Commit_ChooseAnotherTemplate, nullptr,
+                 Value::dictionaryFromPairs({{"parentWindow", parentWindow},
+                                             {"chooseAnotherTemplate", answer.button == 0},
+                                             {"meetingData", data}}));
+  });
 }
 
 }  // namespace vorn

@@ -30,6 +30,8 @@ vnScheduleErrorMessage& vnScheduleErrorMessage::sharedInstance() {
 }
 
 void vnScheduleErrorMessage::showMessage(const HostObject& parentWindow) {
+  Presenter* presenter = Registry::platform().presenter;
+  if (!presenter) return;
   m_session = std::make_shared<vnScheduleErrorMessage*>(this);
   const std::string limit = std::to_string(vnLicencePolicy::kLongestUnpaidMeetingMinutes);
   const Presenter::Alert alert{
@@ -39,11 +41,10 @@ void vnScheduleErrorMessage::showMessage(const HostObject& parentWindow) {
       Presenter::kWarningIcon,
       localizedString("LN_Schedule_Limitation_NotShowAgain")};
   traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.message}}); });
-  Registry::platform().presenter->showAlert(
-      parentWindow, alert,
-      [session = std::weak_ptr<vnScheduleErrorMessage*>(m_session)](Presenter::Answer answer) {
-        if (const auto open = session.lock()) (*open)->onAnswer(answer);
-      });
+  presenter->showAlert(parentWindow, alert,
+                       [session = std::weak_ptr<vnScheduleErrorMessage*>(m_session)](Presenter::Answer answer) {
+                         if (const auto open = session.lock()) (*open)->onAnswer(answer);
+                       });
 }
 
 void vnScheduleErrorMessage::onAnswer(const Presenter::Answer& answer) {

@@ -35,6 +35,20 @@
 - (id)counted:(id)object;
 - (id)raiser:(id)object;
 - (id)thrower:(id)object;
+- (int)refused:(BOOL)flag andReturnError:(NSError**)error;
+@end
+
+// An error that tells of its end.
+@interface vnEdgeError : NSError
+@end
+
+static int endedErrors = 0;
+
+@implementation vnEdgeError
+- (void)dealloc {
+  ++endedErrors;
+  [super dealloc];
+}
 @end
 
 // A host's object that does not like to be looked at.
@@ -84,6 +98,10 @@ static int countedCalls = 0;
 }
 - (id)thrower:(id)object {
   throw std::domain_error([object UTF8String]);
+}
+- (int)refused:(BOOL)flag andReturnError:(NSError**)error {
+  *error = [[[vnEdgeError alloc] initWithDomain:NSCocoaErrorDomain code:flag userInfo:nil] autorelease];
+  return -1;
 }
 @end
 
@@ -192,6 +210,17 @@ TEST_F(AppleEdge, WhatIsForwardedIsTheVeryObjectThatTheHostPassed) {
   EXPECT_TRUE(seen.at(0).isAbsent());
   hook("fresh");
   [[probe fresh] addObject:@"two"];
+}
+
+TEST_F(AppleEdge, WhatTheHostsOwnMethodLeavesForItsCallerLivesUntilTheCallersPoolEnds) {
+  hook("refused:andReturnError:");
+  NSAutoreleasePool* callers = [[NSAutoreleasePool alloc] init];
+  NSError* error = nil;
+  EXPECT_EQ([probe refused:YES andReturnError:&error], -1);
+  EXPECT_NE(error, nil);
+  EXPECT_EQ(endedErrors, 0);
+  [callers drain];
+  EXPECT_EQ(endedErrors, 1);
 }
 
 TEST_F(AppleEdge, AnObjectThatRaisesWhenItIsLookedAtIsForwardedAllTheSame) {

@@ -5,7 +5,10 @@
 
 #import <Foundation/Foundation.h>
 
+#include <utility>
+
 #include "platform/apple/ApplePresenter.h"
+#include "platform/apple/LiveObjects.h"
 #include "platform/apple/Ownership.h"
 #include "platform/embedded/VirtualRunLoop.h"
 #include "tests/ports/AppleToolkit.h"
@@ -56,6 +59,64 @@ TEST_F(AppleSessions, ADialogOfTheHostIsNotStoppedAndTheSessionBelowItEndsAfterI
   presenter.beginProgress("sheet").reset();
   EXPECT_THAT(toolkit.sessions, ElementsAre(dialog));
   EXPECT_EQ(toolkit.wronglyStopped, 0);
+}
+
+TEST_F(AppleSessions, ASheetLeavesTheScreenAfterItsSessionUnlessThatHasToWait) {
+  std::vector<std::string> heard;
+  toolkit.hears = [&](const std::string& selector) {
+    if (selector != "modalWindow") heard.push_back(selector);
+  };
+  auto lower = presenter.beginProgress("lower");
+  auto upper = presenter.beginProgress("upper");
+  lower.reset();
+  EXPECT_THAT(heard, ElementsAre("orderOut:"));
+  heard.clear();
+  upper.reset();
+  EXPECT_THAT(heard, ElementsAre("endModalSession:", "orderOut:", "endModalSession:", "stopModal", "orderOut:"));
+}
+
+TEST_F(AppleSessions, ASheetThatBeginsWhileAnotherOneEndsStandsOnItsOwn) {
+  for (const char* moment : {"endModalSession:", "orderOut:"}) {
+    SCOPED_TRACE(moment);
+    std::vector<std::unique_ptr<Presenter::Progress>> begun;
+    bool hasBegun = false;
+    toolkit.hears = [&](const std::string& selector) {
+      if (selector != moment || std::exchange(hasBegun, true)) return;
+      for (int i = 0; i < 8; ++i) begun.push_back(presenter.beginProgress("next"));
+    };
+    presenter.beginProgress("sheet").reset();
+    EXPECT_THAT(toolkit.sessions, SizeIs(8));
+    EXPECT_THAT(toolkit.panels, SizeIs(8));
+    while (!begun.empty()) begun.pop_back();
+    EXPECT_THAT(toolkit.sessions, IsEmpty());
+    EXPECT_THAT(toolkit.panels, IsEmpty());
+  }
+}
+
+TEST_F(AppleSessions, AHostThatRaisesAtTheEndOfASheetOrAViewIsLeftToItself) {
+  std::string raising;
+  int raised = 0;
+  toolkit.hears = [&](const std::string& selector) {
+    if (selector != raising) return;
+    ++raised;
+    [NSException raise:NSGenericException format:@"not now"];
+  };
+  for (const char* selector : {"modalWindow", "endModalSession:", "stopModal", "orderOut:"}) {
+    SCOPED_TRACE(selector);
+    auto lower = presenter.beginProgress("lower");
+    auto upper = presenter.beginProgress("upper");
+    raising = selector;
+    raised = 0;
+    lower.reset();
+    upper.reset();
+    EXPECT_THAT(toolkit.sessions, IsEmpty());
+    EXPECT_THAT(toolkit.panels, IsEmpty());
+    EXPECT_GT(raised, 0);
+  }
+  const HostObject view = presenter.createView("vnSessionsView", Rect{});
+  raising = "removeFromSuperview";
+  presenter.releaseView(view);
+  EXPECT_EQ(LiveObjects::instance().object(view), nil);
 }
 
 TEST_F(AppleSessions, AnAlertThatIsBrokenOffCountsAsRefused) {

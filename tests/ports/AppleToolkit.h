@@ -3,6 +3,7 @@
 #include <objc/objc.h>
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -33,8 +34,13 @@ struct AppleToolkit {
   // How often the session of somebody else has been stopped.
   int wronglyStopped = 0;
 
+  // Hears by its selector of each call at the end of a sheet or a view, and may raise or call back.
+  std::function<void(const std::string& selector)> hears;
+
   // The workspace is there when its applications are known.
   bool hasWorkspace = false;
+  // There is one that answers nothing but exceptions.
+  bool workspaceRaises = false;
   std::map<std::string, std::string> applications;
   std::string running;
   // The program that the workspace has started last.

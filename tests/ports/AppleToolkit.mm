@@ -24,6 +24,10 @@ AppleToolkit& toolkit() { return AppleToolkit::instance(); }
 
 void refuse(NSString* reason) { [NSException raise:NSInvalidArgumentException format:@"%@", reason]; }
 
+void hear(const char* selector) {
+  if (toolkit().hears) toolkit().hears(selector);
+}
+
 }  // namespace
 
 @interface NSView : NSObject {
@@ -47,6 +51,7 @@ void refuse(NSString* reason) { [NSException raise:NSInvalidArgumentException fo
   [m_subviews addObject:view];
 }
 - (void)removeFromSuperview {
+  hear("removeFromSuperview");
 }
 @end
 
@@ -106,6 +111,7 @@ void refuse(NSString* reason) { [NSException raise:NSInvalidArgumentException fo
 - (void)orderOut:(id)sender {
   (void)sender;
   std::erase_if(toolkit().panels, [self](const auto& shown) { return shown.first == self; });
+  hear("orderOut:");
 }
 @end
 
@@ -124,12 +130,15 @@ void refuse(NSString* reason) { [NSException raise:NSInvalidArgumentException fo
 - (void)endModalSession:(void*)session {
   if (toolkit().sessions.empty() || toolkit().sessions.back() != session) refuse(@"not the uppermost session");
   toolkit().sessions.pop_back();
+  hear("endModalSession:");
 }
 - (void)stopModal {
+  hear("stopModal");
   if (toolkit().sessions.empty()) refuse(@"nothing is modal");
   ++toolkit().wronglyStopped;
 }
 - (id)modalWindow {
+  hear("modalWindow");
   return toolkit().sessions.empty() ? nil : toolkit().sessions.back();
 }
 @end
@@ -215,20 +224,31 @@ void refuse(NSString* reason) { [NSException raise:NSInvalidArgumentException fo
 @implementation NSWorkspace
 + (id)sharedWorkspace {
   static NSWorkspace* workspace = [[NSWorkspace alloc] init];
-  return toolkit().hasWorkspace ? workspace : nil;
+  return toolkit().hasWorkspace || toolkit().workspaceRaises ? workspace : nil;
+}
+- (void)answerOrRaise {
+  if (toolkit().workspaceRaises) refuse(@"no answers today");
 }
 - (NSArray*)runningApplications {
+  [self answerOrRaise];
   return [NSArray arrayWithObject:[[[vnToolkitApplication alloc] init] autorelease]];
 }
 - (NSString*)absolutePathForAppBundleWithIdentifier:(NSString*)identifier {
+  [self answerOrRaise];
   const auto found = toolkit().applications.find(vorn::textFromFoundation(identifier));
   return found == toolkit().applications.end() ? nil : vorn::foundationText(found->second);
+}
+- (BOOL)isFilePackageAtPath:(NSString*)path {
+  (void)path;
+  [self answerOrRaise];
+  return NO;
 }
 - (id)launchApplicationAtURL:(NSURL*)program
                      options:(NSUInteger)options
                configuration:(NSDictionary*)configuration
                        error:(NSError**)error {
   (void)configuration;
+  [self answerOrRaise];
   const std::string path = vorn::textFromFoundation([program path]);
   toolkit().launched = path;
   if (options == 65536 && vorn::startAsChild(path)) return self;
@@ -237,6 +257,7 @@ void refuse(NSString* reason) { [NSException raise:NSInvalidArgumentException fo
 }
 - (BOOL)openURL:(NSURL*)place {
   (void)place;
+  [self answerOrRaise];
   return NO;
 }
 @end

@@ -33,9 +33,9 @@ std::string defaultsFolder() { return std::string(std::getenv(kWorldVariable)) +
 
 class ApplePorts final : public PortsWorld {
  public:
-  explicit ApplePorts(bool hasWorkspace) {
+  explicit ApplePorts(bool AppleToolkit::*workspace = nullptr) {
     m_toolkit = AppleToolkit();
-    m_toolkit.hasWorkspace = hasWorkspace;
+    if (workspace) m_toolkit.*workspace = true;
   }
   ~ApplePorts() override {
     std::error_code ignored;
@@ -134,8 +134,13 @@ void enterOwnWorld(char** arguments) {
 
 }  // namespace
 
-std::unique_ptr<PortsWorld> makeApplePorts() { return std::make_unique<ApplePorts>(false); }
-std::unique_ptr<PortsWorld> makeApplePortsWithWorkspace() { return std::make_unique<ApplePorts>(true); }
+std::unique_ptr<PortsWorld> makeApplePorts() { return std::make_unique<ApplePorts>(); }
+std::unique_ptr<PortsWorld> makeApplePortsWithWorkspace() {
+  return std::make_unique<ApplePorts>(&AppleToolkit::hasWorkspace);
+}
+std::unique_ptr<PortsWorld> makeApplePortsWithRaisingWorkspace() {
+  return std::make_unique<ApplePorts>(&AppleToolkit::workspaceRaises);
+}
 
 }  // namespace vorn
 

@@ -178,6 +178,7 @@ const Made kPlatforms[] = {
 #ifdef VORN_OBJC
     {"apple", makeApplePorts},
     {"appleWithWorkspace", makeApplePortsWithWorkspace},
+    {"appleWithRaisingWorkspace", makeApplePortsWithRaisingWorkspace},
 #endif
 };
 INSTANTIATE_TEST_SUITE_P(On, PortsContract, testing::ValuesIn(kPlatforms),

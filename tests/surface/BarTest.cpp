@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "host/surface/ActionBarPlacement.h"
 #include "tests/surface/SurfaceWorld.h"
 #include "workflow/ThreadDictionary.h"
@@ -138,6 +140,27 @@ TEST_F(Bar, AClickWorksOnlyOnTheStatusThatShowsItsButton) {
   manager->setMeetingAction(0);
   world.classRuntime.send(bar->view(), "onClickAddVornMeeting:", {Value()});
   EXPECT_EQ(manager->getMeetingAction(), 0u);
+}
+
+TEST_F(Bar, AClickThatFailsInsideOfUsReachesTheHostAsNothing) {
+  struct Failing final : Presenter {
+    void showAlert(const HostObject&, const Alert&, std::function<void(Answer)>) override { fail(); }
+    std::unique_ptr<Progress> beginProgress(std::string_view) override { return fail(), nullptr; }
+    HostObject createView(std::string_view, const Rect&) override { return {}; }
+    void releaseView(const HostObject&) override {}
+    void fail() {
+      hasFailed = true;
+      throw std::runtime_error("ours");
+    }
+    bool hasFailed = false;
+  } failing;
+  const auto bar = openedBar("");
+  world.platform().presenter = &failing;
+  world.reinstall();
+  EXPECT_NO_THROW(world.classRuntime.sendAsHost(bar->view(), "onClickAddVornMeeting:", {Value()}));
+  EXPECT_TRUE(failing.hasFailed);
+  world.platform().presenter = &world.presenter;
+  world.reinstall();
 }
 
 TEST_F(Bar, ASettingsClickMarksTheEditorDirty) {

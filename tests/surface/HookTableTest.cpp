@@ -151,6 +151,25 @@ TEST_F(HookTable, TheHostGoesOnAloneAfterTheEndOfThisSystem) {
   EXPECT_EQ(world.classRuntime.send(event, "olmUCInband"), Value("{}"));
 }
 
+TEST_F(HookTable, ASecondStartInTheSameHostFindsTheHooksInPlace) {
+  host.set(editor, "save:", "saved");
+  const HostObject view = host.object("OLAutoLayoutView", {{"drawRect:", "drawn by the host"}});
+  HookInstaller::sharedInstance().load();
+  const auto standings = [] {
+    std::vector<HookStanding> all;
+    for (const HookState& state : HookInstaller::sharedInstance().states()) all.push_back(state.standing);
+    return all;
+  };
+  const std::vector<HookStanding> first = standings();
+  world.restart();
+  WorkflowDirectory::sharedInstance().install();
+  HookInstaller::sharedInstance().load();
+  ASSERT_EQ(world.classRuntime.send(view, "drawRect:", {Value()}), Value(true));
+  EXPECT_EQ(world.classRuntime.send(view, "vn_OLAutoLayoutView_drawRect:", {Value()}), Value("drawn by the host"));
+  EXPECT_EQ(world.classRuntime.send(editor, "save:", {Value()}), Value("saved"));
+  EXPECT_EQ(standings(), first);
+}
+
 TEST_F(HookTable, AHostThatIsTooOldGetsOneAlertAndNoMainWindowHooks) {
   setHostVersion("14.1.3");
   host.teach("OLCalendarHeaderContainerView", {"drawRect:"});

@@ -225,6 +225,9 @@ TEST_F(Hooks, ADrawnHeaderPlacesItsBar) {
       {"(GMT-08:00) Pacific Time", false, false, false, 13},
       {"(UTC) Coordinated Universal Time", false, false, false, 13},
       {" UTC+1", false, false, false, 13},
+      {"(UTC\xE2\x88\x92"
+       "05:00) Bogota",
+       false, false, false, 13},
       {"(UTC+01:00) Berlin", false, true, false, -10},
       {"(UTC+01:00) Berlin", false, false, true, -10},
       // A subject that the user types, one that is only shown, and the name of an organizer.
@@ -232,6 +235,8 @@ TEST_F(Hooks, ADrawnHeaderPlacesItsBar) {
       {"Call at 10:00 GMT", false, false, false, -10},
       {"GMT Industries", false, false, false, -10},
       {"(UTCX)", false, false, false, -10},
+      {"UTC-Sync", false, false, false, -10},
+      {"GMT+", false, false, false, -10},
       {"(", false, false, false, -10},
   };
   for (const auto& row : rows) {

@@ -1,5 +1,7 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -48,6 +50,29 @@ TEST_F(Files, AreReplacedWholeAndKeepTheirModeAndTheirLinks) {
   EXPECT_EQ(facts.st_mode & 0777, 0640U);
   EXPECT_EQ(filesInHome(), 1U) << "nothing temporary stays";
 }
+
+// A process without standard input and output writes a file that is longer than the system allows, which stops it
+// in the middle. Answers its exit code.
+int stopInTheMiddleOf(const std::string& path) {
+  const pid_t writer = ::fork();
+  if (writer == 0) {
+    ::close(STDIN_FILENO);
+    ::close(STDOUT_FILENO);
+    ::signal(SIGXFSZ, [](int) {
+      const bool areFree = ::fcntl(STDIN_FILENO, F_GETFD) < 0 && ::fcntl(STDOUT_FILENO, F_GETFD) < 0;
+      ::_exit(areFree ? 0 : 1);
+    });
+    const rlimit none{0, 0};
+    ::setrlimit(RLIMIT_FSIZE, &none);
+    replaceFile(path, "x");
+    ::_exit(2);
+  }
+  int status = 0;
+  ::waitpid(writer, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST_F(Files, ThatAreBeingWrittenAreNobodysStandardOutput) { EXPECT_EQ(stopInTheMiddleOf(path("file")), 0); }
 
 TEST_F(Files, ThatCannotBeWrittenOrReadAreToldSo) {
   std::filesystem::create_directory(path("folder"));

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "channel/commands/vnAPIKeys.h"
+#include "channel/commands/vnAlertHelper.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
@@ -20,6 +21,8 @@
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnCalendarActionMgr.h"
+#include "workflow/vnCommitWarning.h"
+#include "workflow/vnScheduleErrorMessage.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -470,6 +473,20 @@ TEST(LicencePolicy, KnowsEachUserTypeAndRefusesNothingToOneThatItDoesNotKnow) {
     EXPECT_EQ(vnLicencePolicy::isLongerThanPlanAllows(row.type, 41), row.isTooLongAt41);
     EXPECT_FALSE(vnLicencePolicy::isLongerThanPlanAllows(row.type, 40));
   }
+}
+
+TEST(Notices, AreNotShownWithoutAPresenterAndNotHeardAfterTheEnd) {
+  TestPlatform test;
+  vnCommitWarning::sharedInstance().showCommitWarning({});
+  const auto answered = test.presenter.alerts.at(0).answered;
+  Registry::reset();
+  answered(Presenter::Answer::defaultButton);
+  test.platform().presenter = nullptr;
+  test.reinstall();
+  vnAlertHelper::sharedInstance().showAlertMessage({}, "nobody sees it");
+  vnCommitWarning::sharedInstance().showCommitWarning({});
+  vnScheduleErrorMessage::sharedInstance().showMessage({});
+  EXPECT_EQ(test.presenter.alerts.size(), 1U);
 }
 
 }  // namespace

@@ -118,6 +118,19 @@ TEST_F(Finish, ABodyTakesTheFormOfTheAccountThatItIsClosedOrSentFrom) {
   }
 }
 
+TEST_F(Finish, WhatADelayedStepNeedsOfTheHostLivesUntilThen) {
+  FakeWindow window(test);
+  window.bar->action = VnApptActionSaveAndClose;
+  window.manager->finish().scheduleCloseOLAppointment(window.bar->editor);
+  test.classRuntime.destroy(window.bar->editor);
+  hostDoes("saveAndCloseWindow:",
+           [&] { test.runLoop.post([&] { test.classRuntime.destroy(window.bar->windowController); }); });
+  test.runLoop.runFor(0.005);
+  EXPECT_THAT(calls, ElementsAre("saveAndCloseWindow:", "close"));
+  EXPECT_FALSE(test.classRuntime.isAlive(window.bar->editor));
+  EXPECT_FALSE(test.classRuntime.isAlive(window.bar->windowController));
+}
+
 TEST_F(Finish, ASaveThatRaisesInTheHostLeavesTheWindowOpen) {
   const std::pair<int, const char*> closing[] = {
       {VnApptActionSaveAndClose, "saveAndCloseWindow:"},

@@ -8,8 +8,9 @@ namespace vorn {
 vnAlertHelper& vnAlertHelper::sharedInstance() { return Registry::shared<vnAlertHelper>(); }
 
 void vnAlertHelper::showAlertMessage(const HostObject& window, const std::string& message) {
-  Registry::platform().presenter->showAlert(window, {"", message, {"OK"}, Presenter::kWarningIcon},
-                                            [](Presenter::Answer) {});
+  Presenter* presenter = Registry::platform().presenter;
+  if (!presenter) return;
+  presenter->showAlert(window, {"", message, {"OK"}, Presenter::kWarningIcon}, [](Presenter::Answer) {});
 }
 
 }  // namespace vorn

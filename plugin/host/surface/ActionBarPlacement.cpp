@@ -21,6 +21,16 @@ bool isHidden(const HostObject& field) {
          booleanFromHost(askHost(field, "isHiddenOrHasHiddenAncestor"));
 }
 
+// "+01:00", with the minus of a keyboard or of a book.
+bool beginsWithDistance(std::string_view text) {
+  for (const std::string_view sign : {"+", "-", "\u2212"}) {
+    if (!text.starts_with(sign)) continue;
+    text.remove_prefix(sign.size());
+    return !text.empty() && isDecimalDigit(static_cast<unsigned char>(text.front()));
+  }
+  return false;
+}
+
 // The host names a zone by its distance first: "(UTC+01:00) Berlin". A text that only speaks of a time somewhere
 // is somebody's subject or place.
 bool namesTimezone(std::string_view text) {
@@ -28,7 +38,7 @@ bool namesTimezone(std::string_view text) {
   if (text.starts_with('(')) text.remove_prefix(1);
   if (!text.starts_with("UTC") && !text.starts_with("GMT")) return false;
   text.remove_prefix(3);
-  return text.empty() || text.front() == ')' || text.front() == '+' || text.front() == '-';
+  return text.empty() || text.front() == ')' || beginsWithDistance(text);
 }
 
 bool showsTimezone(const HostObject& field) {

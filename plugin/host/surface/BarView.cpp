@@ -33,6 +33,18 @@ constexpr BarMethod kMethods[] = {
     {"isChangeButtonEnabled", "B@:", [](vnActionAdditionView& bar) { return Value(bar.changeButton().enabled); }},
 };
 
+// Absent when the bar has ended, and when it fails: the host must not see our exceptions.
+Value answerOfBar(const HostObject& view, Value (*run)(vnActionAdditionView& bar)) {
+  try {
+    const auto& known = Registry::shared<BarsByView>().bars;
+    const auto found = known.find(view);
+    const auto held = found == known.end() ? nullptr : found->second.lock();
+    return held ? run(*held) : Value();
+  } catch (...) {
+    return {};
+  }
+}
+
 }  // namespace
 
 void BarView::connect(const HostObject& view, const std::shared_ptr<vnActionAdditionView>& bar) {
@@ -44,10 +56,7 @@ void BarView::connect(const HostObject& view, const std::shared_ptr<vnActionAddi
   for (const BarMethod& method : kMethods) {
     // The class keeps the methods of the first bar; they find every later one.
     const auto implementation = [run = method.run](const HostObject& receiver, const Arguments&) {
-      const auto& known = Registry::shared<BarsByView>().bars;
-      const auto found = known.find(receiver);
-      const auto held = found == known.end() ? nullptr : found->second.lock();
-      return held ? run(*held) : Value();
+      return answerOfBar(receiver, run);
     };
     runtime.class_addMethod(viewClass, method.selector, implementation, method.encoding);
   }

@@ -1,7 +1,10 @@
 #include "host/surface/HookInstaller.h"
 
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "host/surface/classSwizzle.h"
 #include "platform/Registry.h"
@@ -35,6 +38,23 @@ struct Entry {
     }
   }
 };
+
+// The row's entry in the class. The first start makes it and adds its method. As the hooks outlast the end of this
+// system, a later start in the same host finds it there, and must not exchange what stands: that would undo it.
+std::shared_ptr<Entry> entryIn(ClassRuntime& runtime, ClassRef target, const HookRow& row) {
+  // An entry ends only with its runtime.
+  static std::map<std::pair<const HookRow*, std::uintptr_t>, std::weak_ptr<Entry>> entries;
+  std::weak_ptr<Entry>& known = entries[{&row, target.id}];
+  if (auto standing = known.lock()) return standing;
+  const auto entry = std::make_shared<Entry>(Entry{row, runtime, row.addedSelector()});
+  known = entry;
+  const auto implementation = [entry](const HostObject& receiver, const Arguments& arguments) {
+    return entry->run(receiver, arguments);
+  };
+  // An added selector that the class has already is exchanged all the same.
+  runtime.class_addMethod(target, entry->addedSelector, implementation, row.encoding, row.characters);
+  return entry;
+}
 
 HookStanding standingOf(classSwizzle::Outcome outcome) {
   switch (outcome) {
@@ -83,12 +103,8 @@ HookState HookInstaller::install(const HookRow& row) {
   const bool ofTheClass = row.method == HookMethod::ofTheClass;
   const ClassRef target = ofTheClass ? runtime->objc_getMetaClass(row.hostClass) : hostClass;
 
-  const auto entry = std::make_shared<Entry>(Entry{row, *runtime, row.addedSelector()});
-  const auto implementation = [entry](const HostObject& receiver, const Arguments& arguments) {
-    return entry->run(receiver, arguments);
-  };
-  // An added selector that the class has already is exchanged all the same.
-  runtime->class_addMethod(target, entry->addedSelector, implementation, row.encoding, row.characters);
+  const std::shared_ptr<Entry> entry = entryIn(*runtime, target, row);
+  if (entry->stands) return {&row, HookStanding::stands, {}};
   const HookStanding standing = standingOf(
       ofTheClass ? classSwizzle::exchangeClassMethod(target, row.hostSelector, entry->addedSelector)
                  : classSwizzle::exchangeInstanceMethod(target, row.hostSelector, entry->addedSelector));

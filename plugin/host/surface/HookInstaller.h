@@ -34,7 +34,8 @@ struct HookState {
   std::string types;
 };
 
-// Attaches this system to the host, once, at load. Hooks are never taken away again.
+// Attaches this system to the host, once, at load. Hooks are never taken away again; after an end of this system
+// the next start takes up those that stand.
 //
 // A class or a selector that the host lacks costs only its own rows, and nothing is reported. Main thread only.
 class HookInstaller {

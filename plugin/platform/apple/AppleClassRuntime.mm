@@ -150,7 +150,9 @@ Answer callInPool(id object, const Callee& callee, const Replacement::Call* forw
   const MethodSignature& signature = *callee.signature;
   const bool onlyReads =
       signature.argumentCount() == 0 && !signature.result().isObject() && !signature.result().isNothing();
-  const AutoreleasePool pool(!onlyReads);
+  // What a method leaves for the host's own caller, as behind an NSError**, has to last as long as that one's
+  // pool.
+  const AutoreleasePool pool(!onlyReads && !forwarded);
   return callNative(object, callee, forwarded, arguments, retained);
 }
 
@@ -159,6 +161,7 @@ Answer callMethod(id object, const Callee& callee, Replacement::Call* forwarded,
   Answer answer = callInPool(object, callee, forwarded, arguments, result);
   if (answer.raised) return answer;
   // What the host made on the way has ended with the pool; what is left without an owner now was a temporary.
+  // The result of a forwarded call is owned by the pool of the host, who gets it next.
   if (result.get()) answer.value = valueOrAbsent(result.get());
   if (forwarded) forwarded->setForwarded(result.get(), answer.value);
   return answer;

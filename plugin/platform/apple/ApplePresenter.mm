@@ -139,9 +139,14 @@ HostObject ApplePresenter::createView(std::string_view className, const Rect& fr
 }
 
 void ApplePresenter::releaseView(const HostObject& view) {
-  id<vnHostView> released = LiveObjects::instance().object(view);
-  [released removeFromSuperview];
-  m_views.erase(view);
+  // In the host's calls further views may be made.
+  const auto released = m_views.extract(view);
+  const id<vnHostView> shown = LiveObjects::instance().object(view);
+  try {
+    [shown removeFromSuperview];
+  } catch (...) {
+    // A host that cannot take it out of its window keeps it there.
+  }
 }
 
 }  // namespace vorn

@@ -8,7 +8,8 @@
 namespace vorn {
 
 // Applications as the host's own NSWorkspace knows them. That is reached by name: a process without it, or one
-// that knows less, finds applications as bundles in the folders for them, and starts programs as its children.
+// that knows less or raises, finds applications as bundles in the folders for them, and starts programs as its
+// children.
 class AppleWorkspace final : public Workspace {
  public:
   // The folders in which an application that the host's workspace does not know is looked for, in order.

@@ -31,27 +31,39 @@ namespace {
 
 constexpr NSUInteger kLaunchWithoutWaiting = 65536;
 
-// Nil in a process without a toolkit.
-id<vnHostWorkspace> hostWorkspace() { return [NSClassFromString(@"NSWorkspace") sharedWorkspace]; }
+// Asks the host's workspace, which is nil in a process without a toolkit. One that raises is as good as none.
+template <typename Question>
+auto askWorkspace(Question question) {
+  try {
+    const id<vnHostWorkspace> workspace = [NSClassFromString(@"NSWorkspace") sharedWorkspace];
+    return question(workspace);
+  } catch (...) {
+  }
+  return question(nil);
+}
 
-// Nil when the host's workspace knows no such application.
-NSString* applicationKnownToHost(NSString* identifier) {
-  const id<vnHostWorkspace> workspace = hostWorkspace();
-  if ([workspace respondsToSelector:@selector(absolutePathForAppBundleWithIdentifier:)])
-    return [workspace absolutePathForAppBundleWithIdentifier:identifier];
-  if ([workspace respondsToSelector:@selector(URLForApplicationWithBundleIdentifier:)])
-    return [[workspace URLForApplicationWithBundleIdentifier:identifier] path];
-  return nil;
+// "" when the host's workspace knows no such application.
+std::string applicationKnownToHost(NSString* identifier) {
+  return askWorkspace([&](id<vnHostWorkspace> workspace) {
+    NSString* path = nil;
+    if ([workspace respondsToSelector:@selector(absolutePathForAppBundleWithIdentifier:)]) {
+      path = [workspace absolutePathForAppBundleWithIdentifier:identifier];
+    } else if ([workspace respondsToSelector:@selector(URLForApplicationWithBundleIdentifier:)]) {
+      path = [[workspace URLForApplicationWithBundleIdentifier:identifier] path];
+    }
+    return textFromFoundation(path);
+  });
 }
 
 bool isRunByHostsSession(NSString* identifier) {
-  const id<vnHostWorkspace> workspace = hostWorkspace();
-  if (![workspace respondsToSelector:@selector(runningApplications)]) return false;
-  NSEnumerator* applications = [[workspace runningApplications] objectEnumerator];
-  while (id<vnRunningApplication> application = [applications nextObject]) {
-    if ([[application bundleIdentifier] isEqual:identifier]) return true;
-  }
-  return false;
+  return askWorkspace([&](id<vnHostWorkspace> workspace) {
+    if (![workspace respondsToSelector:@selector(runningApplications)]) return false;
+    NSEnumerator* applications = [[workspace runningApplications] objectEnumerator];
+    while (id<vnRunningApplication> application = [applications nextObject]) {
+      if ([[application bundleIdentifier] isEqual:identifier]) return true;
+    }
+    return false;
+  });
 }
 
 NSDictionary* dictionaryAt(NSString* path) { return [NSDictionary dictionaryWithContentsOfFile:path]; }
@@ -76,7 +88,8 @@ bool AppleWorkspace::isRunning(std::string_view bundleIdentifier) {
 
 std::string AppleWorkspace::absolutePathForAppBundle(std::string_view bundleIdentifier) {
   NSString* wanted = foundationText(bundleIdentifier);
-  if (NSString* known = applicationKnownToHost(wanted)) return textFromFoundation(known);
+  const std::string known = applicationKnownToHost(wanted);
+  if (!known.empty()) return known;
   for (const std::string& folder : m_applicationFolders) {
     NSString* place = foundationText(folder);
     NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:place error:nullptr];
@@ -96,8 +109,10 @@ bool AppleWorkspace::isFilePackage(std::string_view path) {
   if (!isFolder(bundle)) return false;
   NSString* kind = [bundle pathExtension];
   if ([kind isEqual:@"app"] || [kind isEqual:@"bundle"]) return true;
-  const id<vnHostWorkspace> workspace = hostWorkspace();
-  return [workspace respondsToSelector:@selector(isFilePackageAtPath:)] && [workspace isFilePackageAtPath:bundle];
+  return askWorkspace([&](id<vnHostWorkspace> workspace) {
+    if (![workspace respondsToSelector:@selector(isFilePackageAtPath:)]) return false;
+    return [workspace isFilePackageAtPath:bundle] != NO;
+  });
 }
 
 std::string AppleWorkspace::executablePath(std::string_view bundlePath) {
@@ -117,23 +132,25 @@ Value AppleWorkspace::propertyListAtPath(std::string_view path) {
 }
 
 bool AppleWorkspace::launch(std::string_view executablePath) {
-  const id<vnHostWorkspace> workspace = hostWorkspace();
-  if (![workspace respondsToSelector:@selector(launchApplicationAtURL:options:configuration:error:)])
-    return startAsChild(executablePath);
-  NSError* error = nil;
-  const id launched = [workspace launchApplicationAtURL:[NSURL fileURLWithPath:foundationText(executablePath)]
-                                                options:kLaunchWithoutWaiting
-                                          configuration:nil
-                                                  error:&error];
-  return launched && [[error localizedDescription] length] == 0;
+  return askWorkspace([&](id<vnHostWorkspace> workspace) {
+    if (![workspace respondsToSelector:@selector(launchApplicationAtURL:options:configuration:error:)])
+      return startAsChild(executablePath);
+    NSError* error = nil;
+    const id launched = [workspace launchApplicationAtURL:[NSURL fileURLWithPath:foundationText(executablePath)]
+                                                  options:kLaunchWithoutWaiting
+                                            configuration:nil
+                                                    error:&error];
+    return launched && [[error localizedDescription] length] == 0;
+  });
 }
 
 bool AppleWorkspace::openFolder(std::string_view path) {
   NSString* folder = foundationText(path);
   if (!isFolder(folder)) return false;
-  const id<vnHostWorkspace> workspace = hostWorkspace();
-  const bool isShown = [workspace respondsToSelector:@selector(openURL:)] &&
-                       [workspace openURL:[NSURL fileURLWithPath:folder isDirectory:YES]];
+  NSURL* place = [NSURL fileURLWithPath:folder isDirectory:YES];
+  const bool isShown = askWorkspace([&](id<vnHostWorkspace> workspace) {
+    return [workspace respondsToSelector:@selector(openURL:)] && [workspace openURL:place];
+  });
   return isShown || showByDesktop(path);
 }
 

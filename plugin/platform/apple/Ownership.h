@@ -40,7 +40,13 @@ class Retained {
     std::swap(m_object, other.m_object);
     return *this;
   }
-  ~Retained() { [m_object release]; }
+  // The end of an object is the host's code, and what it raised here would end the process.
+  ~Retained() {
+    try {
+      [m_object release];
+    } catch (...) {
+    }
+  }
   Retained(const Retained&) = delete;
   Retained& operator=(const Retained&) = delete;
 

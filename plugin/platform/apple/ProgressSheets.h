@@ -12,6 +12,7 @@ namespace vorn {
 //
 // Sessions stand on each other, and only the uppermost may be ended. A sheet that has ended leaves the screen at
 // once; its session ends as soon as nothing stands on it any more, be that another sheet or a dialog of the host.
+// What the host raises at the end of a sheet goes no further.
 class ProgressSheets {
  public:
   // The run loop outlives this.

@@ -2,6 +2,7 @@
 
 #import <Foundation/Foundation.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -47,6 +48,16 @@ constexpr double kLookAgainSeconds = 0.1;
 
 id<vnHostApplication> hostApplication() { return [NSClassFromString(@"NSApplication") sharedApplication]; }
 
+// Lets the host do something at the end of a sheet, which may run in a destructor: what it raises stays here, and
+// the host keeps what it has then.
+template <typename Body>
+void attempt(Body body) {
+  try {
+    body();
+  } catch (...) {
+  }
+}
+
 Retained<> makePanel(std::string_view message) {
   const NSRect frame = NSMakeRect(0, 0, kPanelWidth, kPanelHeight);
   id<vnHostPanel> unready = [NSClassFromString(@"NSPanel") alloc];
@@ -70,7 +81,7 @@ class ProgressSheets::Stack {
   explicit Stack(RunLoop& runLoop) : m_runLoop(runLoop) {}
   ~Stack() {
     m_runLoop.cancelPrevious(this);
-    for (; !m_sessions.empty(); m_sessions.pop_back()) endSession(m_sessions.back());
+    while (!m_sessions.empty()) endSession(takeUppermost());
   }
   Stack(const Stack&) = delete;
   Stack& operator=(const Stack&) = delete;
@@ -90,12 +101,12 @@ class ProgressSheets::Stack {
   }
 
   void end(unsigned number) {
-    for (Session& session : m_sessions) {
-      if (session.number != number) continue;
-      session.hasEnded = true;
-      [session.panel.get() orderOut:nil];
-    }
+    Session* ended = find(number);
+    if (!ended) return;
+    ended->hasEnded = true;
     endUppermost();
+    // One whose session has to wait for another one need not be looked at meanwhile.
+    if (const Session* waiting = find(number)) orderOut(waiting->panel.get());
   }
 
  private:
@@ -106,33 +117,54 @@ class ProgressSheets::Stack {
     bool hasEnded = false;
   };
 
+  // Null for one that is there no more.
+  Session* find(unsigned number) {
+    const auto found = std::find_if(m_sessions.begin(), m_sessions.end(),
+                                    [number](const Session& session) { return session.number == number; });
+    return found == m_sessions.end() ? nullptr : &*found;
+  }
+
+  // Before the host is asked for anything: in its calls further sheets may begin and end.
+  Session takeUppermost() {
+    Session taken = std::move(m_sessions.back());
+    m_sessions.pop_back();
+    return taken;
+  }
+
   void endUppermost() {
     while (!m_sessions.empty() && m_sessions.back().hasEnded) {
-      const id modal = m_sessions.back().session ? [hostApplication() modalWindow] : nil;
+      // Where the host raises instead of telling, nothing counts as standing on it.
+      id modal = nil;
+      if (m_sessions.back().session) attempt([&] { modal = [hostApplication() modalWindow]; });
       if (modal && modal != m_sessions.back().panel.get()) {
         m_runLoop.cancelPrevious(this);
         m_runLoop.performAfter(kLookAgainSeconds, this, "endUppermost", [this] { endUppermost(); });
         return;
       }
-      endSession(m_sessions.back());
-      m_sessions.pop_back();
+      endSession(takeUppermost());
     }
   }
 
   static void endSession(const Session& ended) {
     if (ended.session) endModalSession(ended.session);
-    [ended.panel.get() orderOut:nil];
+    orderOut(ended.panel.get());
   }
 
   static void endModalSession(void* session) {
-    const id<vnHostApplication> application = hostApplication();
-    try {
+    attempt([&] {
+      const id<vnHostApplication> application = hostApplication();
       [application endModalSession:session];
-      // It stops whatever is modal now; a dialog that is still open is somebody else's.
+      // It stops whatever is modal now; a dialog that is still open is somebody else's. Some toolkits raise when
+      // there is nothing to stop.
       if (![application modalWindow]) [application stopModal];
-    } catch (...) {
-      // Some toolkits raise when there is nothing to stop.
-    }
+    });
+  }
+
+  // The sheet may end altogether in the host's call.
+  static void orderOut(id panel) {
+    // The sheet may end altogether in the host's call.
+    const Retained<> held(panel);
+    attempt([&] { [held.get() orderOut:nil]; });
   }
 
   RunLoop& m_runLoop;
