@@ -117,6 +117,13 @@ TEST_F(CalendarEdit, AnAppointmentThatSupportsNoMeetingIsLeftAlone) {
   EXPECT_EQ(calendar.deleteMeeting(HostObject()), 0);
   EXPECT_EQ(calendar.updateSubject(HostObject(), "Renamed"), 0);
   EXPECT_EQ(vnMeetingMgr::sharedInstance()->state(), VnStateIdle);
+
+  // Any other goes to the manager of the window that it is edited in.
+  FakeWindow window(test);
+  const Value apptInfo = Value::dictionaryFromPairs({{vn_ApptInfo_OlApptUUID, "uuid"}});
+  EXPECT_EQ(calendar.updateAppointmentOnCalendar(apptInfo, window.bar->ownWindow, true, VnCmdUpdate, "77"), 1);
+  EXPECT_TRUE(window.manager->isDragAndMove());
+  EXPECT_EQ(window.manager->meetingKey(), "77");
 }
 
 }  // namespace

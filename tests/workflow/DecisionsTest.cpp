@@ -136,9 +136,11 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     client.requests.clear();
     panels.panel.calls.clear();
     window->set(window->bar->editor, "record", "");
+    window->set(window->bar->event, "summary", "");
     hostSaves = 0;
     manager().setState(row.state);
     reply(VnCmdGetMeeting);
+    EXPECT_EQ(window->get(window->bar->event, "summary").text(), row.writes ? "Review" : "");
     EXPECT_EQ(manager().state(), row.after);
     EXPECT_THAT(client.requests, ElementsAreArray(row.requests));
     EXPECT_THAT(panels.panel.calls, ElementsAreArray(row.panel));
@@ -435,6 +437,21 @@ TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
   }
 }
 
+// Until its first invitation stands in it, a body holds only the user's words, which an update must not replace.
+TEST_F(Decisions, ASaveIsAnUpdateOnlyOfAnInvitationThatHasBeenWritten) {
+  for (const char* invitation : {"", "Join the meeting"}) {
+    openWindow();
+    reply(VnCmdSchedule, Value::dictionaryFromPairs({{vn_MeetingKey, kKey}}));
+    manager().setMeetingAction(VnCmdUpdate);
+    EXPECT_FALSE(manager().isUpdateVornMeetingEvent());
+    Value read = meeting();
+    read.set(vn_MeetingData_InvitationEmail, invitation);
+    helper().setMeetingData(read, false);
+    reply(VnCmdGetMeeting);
+    EXPECT_EQ(manager().isUpdateVornMeetingEvent(), *invitation != 0) << invitation;
+  }
+}
+
 // Its bar has left the lists and its editor is empty.
 TEST_F(Decisions, AReplyForAWindowThatHasGoneShowsAndStoresNothing) {
   vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(window->bar.get());
@@ -447,6 +464,12 @@ TEST_F(Decisions, AReplyForAWindowThatHasGoneShowsAndStoresNothing) {
       reply(number);
     }
   }
+  // What the appointment was when it was last seen is told all the same.
+  data().setSavedApptInfo(with(vn_Outlook_ApptInfo, vn_ApptInfo_Subject, "Renamed")[vn_Outlook_ApptInfo]);
+  manager().setState(VnStateCommitting);
+  reply(VnCmdGetMeeting);
+  EXPECT_EQ(client.requests.back(), "3/2");
+  EXPECT_THAT(client.contents.back(), testing::HasSubstr("Renamed"));
   EXPECT_EQ(window->bar->shown, VnUINotMeeting);
   EXPECT_FALSE(isWritten());
   EXPECT_EQ(hostSaves, 0);

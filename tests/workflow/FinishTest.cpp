@@ -36,8 +36,9 @@ class Finish : public testing::Test {
 
   void hostDoes(const std::string& selector, const std::function<void()>& effect) {
     test.classRuntime.setInstanceMethod("ERCalendarEventEditorViewController", kAddedPrefix + selector,
-                                        [this, selector, effect](const HostObject&, const Arguments&) {
-                                          calls.push_back(selector);
+                                        [this, selector, effect](const HostObject&, const Arguments& arguments) {
+                                          const bool isTrue = !arguments.empty() && arguments[0].boolValue();
+                                          calls.push_back(isTrue ? selector + " true" : selector);
                                           effect();
                                           return Value();
                                         });
@@ -62,9 +63,9 @@ TEST_F(Finish, MakesTheRefusedCallAgainAndWithAttendeesOnlyASend) {
   const Row rows[] = {
       {0, false, {}},
       {VnApptActionSave, false, {"save:"}},
-      {VnApptActionSaveAndClose, false, {"saveAndCloseWindow:", "close"}},
+      {VnApptActionSaveAndClose, false, {"saveAndCloseWindow: true", "close"}},
       {VnApptActionSend, false, {}},
-      {VnApptActionSaveAndCloseReturnError, false, {"saveAndCloseWindow:andReturnError:", "close"}},
+      {VnApptActionSaveAndCloseReturnError, false, {"saveAndCloseWindow:andReturnError: true", "close"}},
       {VnApptActionCalendarEdit, false, {}},
       {VnApptActionAutoUpdate, false, {"save"}},
       {VnApptActionSave, true, {}},
@@ -87,7 +88,7 @@ TEST_F(Finish, AWindowThatTheHostsOwnSaveHasClosedIsNotClosedAgain) {
   FakeWindow window(test);
   hostDoes("saveAndCloseWindow:", [&] { window.bar->windowController = {}; });
   finish(window, VnApptActionSaveAndClose);
-  EXPECT_THAT(calls, ElementsAre("saveAndCloseWindow:"));
+  EXPECT_THAT(calls, ElementsAre("saveAndCloseWindow: true"));
 }
 
 // The other account may not be able to store what the body was written in.
@@ -126,7 +127,7 @@ TEST_F(Finish, WhatADelayedStepNeedsOfTheHostLivesUntilThen) {
   hostDoes("saveAndCloseWindow:",
            [&] { test.runLoop.post([&] { test.classRuntime.destroy(window.bar->windowController); }); });
   test.runLoop.runFor(0.005);
-  EXPECT_THAT(calls, ElementsAre("saveAndCloseWindow:", "close"));
+  EXPECT_THAT(calls, ElementsAre("saveAndCloseWindow: true", "close"));
   EXPECT_FALSE(test.classRuntime.isAlive(window.bar->editor));
   EXPECT_FALSE(test.classRuntime.isAlive(window.bar->windowController));
 }
@@ -140,7 +141,7 @@ TEST_F(Finish, ASaveThatRaisesInTheHostLeavesTheWindowOpen) {
     hostDoes(selector, [] { throw std::runtime_error("host"); });
     calls.clear();
     finish(window, action);
-    EXPECT_THAT(calls, ElementsAre(selector));
+    EXPECT_THAT(calls, ElementsAre(std::string(selector) + " true"));
   }
 }
 
@@ -154,6 +155,7 @@ TEST_F(Finish, ADragThatIsOverForgetsItsAppointmentAndAWindowThatHasGoneNothing)
     EXPECT_EQ(window.manager->meetingKey(), isDrag ? "" : "77");
   }
   EXPECT_FALSE(window.manager->isDragAndMove());
+  window.bar->action = VnApptActionSave;
   window.manager->finish().scheduleCloseOLAppointment(window.bar->editor);
   window.manager->cleanup();
   test.runLoop.runFor(0.005);

@@ -280,6 +280,8 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
   other.manager->showCommitWarning(other.bar->ownWindow, dataOf("Town hall"));
   ASSERT_EQ(test.presenter.alerts.size(), 2u);
   EXPECT_EQ(test.presenter.alerts[0].window, window->bar->ownWindow);
+  EXPECT_EQ(test.presenter.alerts[0].alert.message,
+            formatText(localizedString("LN_Schedule_Template_Notavailable_220900"), {"Interview"}));
 
   test.presenter.answerAlert(0, Presenter::Answer::alternateButton);
   EXPECT_EQ(answered["meetingData"], dataOf("Interview"));

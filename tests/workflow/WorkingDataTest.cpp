@@ -124,7 +124,9 @@ TEST_F(WorkingData, AChoiceIsChangedWhenItDiffersFromTheStoredOneAndNoLanguageAl
     data.setOldSelectInvitationLanguage(row.old);
     EXPECT_EQ(data.isSelectInvitationLanguageChanged(), row.changed) << row.now.value_or("-");
   }
+  data.setPACAccountNo(2);
   data.clearSavedMeetingData();
+  EXPECT_EQ(data.pacAccountNo(), 0u);
   EXPECT_FALSE(data.isSelectInvitationLanguageChanged());
   EXPECT_TRUE(data.forceIncludeJoinUrlInLocation()) << "not the user's stored choice";
   EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());
