@@ -103,7 +103,7 @@ class NotificationTransport::Bus {
 };
 
 NotificationTransport::NotificationTransport(Service& service, Journal& journal, FaultBook faults)
-    : m_service(service), m_journal(journal), m_faults(std::move(faults)) {
+    : m_service(service), m_journal(journal), m_desk(service, journal, std::move(faults)) {
   m_timer = ::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
   m_waiting = ::epoll_create1(EPOLL_CLOEXEC);
   epoll_event event{};
@@ -166,30 +166,14 @@ void NotificationTransport::take(const std::string& name, const Texts& userInfo)
 }
 
 void NotificationTransport::takeRequest(const Texts& userInfo) {
-  const auto begin = Clock::now();
   const auto request = envelopeOf(userInfo);
   if (!request) {
     m_journal.note("malformed", {{"name", kRequest}});
     return;
   }
-  const std::uint32_t operation = Service::operationOf(*request);
-  const auto replies = m_service.handle(*request);
-  const auto micros = std::chrono::duration_cast<microseconds>(Clock::now() - begin).count();
-
-  nlohmann::json members = {{"name", kRequest},
-                            {"action", request->action},
-                            {"bytes", request->content.size()},
-                            {"content", maskedRequest(*request)}};
-  if (operation != 0) members["operation"] = operation;
-  m_journal.note("request", std::move(members));
-  for (const auto& reply : replies) {
-    const auto faults = m_faults.next(request->action, operation);
-    queue(reply, faults);
-    members = {{"name", kReply},        {"action", reply.action},
-               {"to", request->action}, {"bytes", reply.content.size()},
-               {"micros", micros},      {"content", maskedReply(reply)}};
-    for (const auto& fault : faults) members["faults"].push_back(fault.words);
-    m_journal.note("reply", std::move(members));
+  for (const Desk::Answer& answer :
+       m_desk.take(*request, request->content.size(), {{"name", kRequest}}, {{"name", kReply}})) {
+    queue(answer.reply, answer.faults);
   }
 }
 

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "lab/client/Desk.h"
 #include "lab/client/Faults.h"
 #include "lab/client/Journal.h"
 #include "lab/client/Service.h"
@@ -73,7 +74,7 @@ class NotificationTransport {
 
   Service& m_service;
   Journal& m_journal;
-  FaultBook m_faults;
+  Desk m_desk;
   std::function<void(const Envelope&)> m_versionAnswered;
   int m_timer = -1;
   int m_waiting = -1;  // an epoll of the bus and the timer

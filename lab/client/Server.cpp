@@ -48,7 +48,10 @@ timespec asTimespec(microseconds time) {
 }  // namespace
 
 Server::Server(Service& service, Journal& journal, FaultBook faults, Options options)
-    : m_service(service), m_journal(journal), m_faults(std::move(faults)), m_options(std::move(options)) {}
+    : m_service(service),
+      m_journal(journal),
+      m_desk(service, journal, std::move(faults)),
+      m_options(std::move(options)) {}
 
 Server::~Server() {
   for (auto& connection : m_connections) close(connection);
@@ -179,33 +182,14 @@ void Server::receive(Connection& connection) {
 }
 
 void Server::take(Connection& connection, const std::string& message) {
-  const auto begin = Clock::now();
   const auto request = fromText(message);
   if (!request) {
     m_journal.note("malformed", {{"connection", connection.id}, {"bytes", message.size()}});
     return;
   }
-  const std::uint32_t operation = Service::operationOf(*request);
-  const auto replies = m_service.handle(*request);
-  const auto micros = std::chrono::duration_cast<microseconds>(Clock::now() - begin).count();
-
-  if (m_journal.isKept()) {
-    nlohmann::json members = {{"connection", connection.id},
-                              {"action", request->action},
-                              {"bytes", message.size()},
-                              {"content", maskedRequest(*request)}};
-    if (operation != 0) members["operation"] = operation;
-    m_journal.note("request", std::move(members));
-  }
-  for (const auto& reply : replies) {
-    const auto faults = m_faults.next(request->action, operation);
-    queue(connection, reply, faults);
-    if (!m_journal.isKept()) continue;
-    nlohmann::json members = {
-        {"connection", connection.id},   {"action", reply.action}, {"to", request->action},
-        {"bytes", reply.content.size()}, {"micros", micros},       {"content", maskedReply(reply)}};
-    for (const auto& fault : faults) members["faults"].push_back(fault.words);
-    m_journal.note("reply", std::move(members));
+  const nlohmann::json way = {{"connection", connection.id}};
+  for (const Desk::Answer& answer : m_desk.take(*request, message.size(), way, way)) {
+    queue(connection, answer.reply, answer.faults);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "lab/client/Desk.h"
 #include "lab/client/Faults.h"
 #include "lab/client/Journal.h"
 #include "lab/client/MessageScanner.h"
@@ -81,7 +82,7 @@ class Server {
 
   Service& m_service;
   Journal& m_journal;
-  FaultBook m_faults;
+  Desk m_desk;
   Options m_options;
   int m_socket = -1;
   std::uint64_t m_device = 0;  // of the socket's file, so that only our own is removed

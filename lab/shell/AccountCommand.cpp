@@ -4,6 +4,7 @@
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/PluginReport.h"
+#include "lab/shell/Session.h"
 
 namespace vornlab {
 

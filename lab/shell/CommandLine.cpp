@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "lab/shell/Interruption.h"
-#include "lab/shell/Session.h"
+#include "lab/shell/SystemVersion.h"
 
 namespace vornlab {
 namespace {

@@ -6,6 +6,7 @@
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/PluginReport.h"
+#include "lab/shell/Session.h"
 
 namespace vornlab {
 namespace {

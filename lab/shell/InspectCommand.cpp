@@ -6,6 +6,7 @@
 #include <set>
 
 #include "lab/shell/PluginReport.h"
+#include "lab/shell/Session.h"
 #include "lab/shell/Words.h"
 
 namespace vornlab {

@@ -30,6 +30,8 @@ struct LabOptions {
   bool goesOnWithoutClient = false;
 
   // For trying what goes wrong.
+  // Whether the client can be told to do things wrong while it runs.
+  bool takesFaults = false;
   bool withoutClient = false;
   std::string clientVersion;
   std::vector<std::string> clientArguments;

@@ -110,9 +110,9 @@ std::string MeetingRoad::waitForQuiet() {
   // The plug-in's own words tell more than what was noticed from outside.
   if (!m_session.trace().alert().empty()) return m_session.trace().alert();
   switch (quiet) {
-    case Session::Quiet::reached: return "";
-    case Session::Quiet::clientGone: return "the client ended before it answered";
-    case Session::Quiet::timeout: break;
+    case LabSession::Quiet::reached: return "";
+    case LabSession::Quiet::clientGone: return "the client ended before it answered";
+    case LabSession::Quiet::timeout: break;
   }
   return "the client did not answer within " + secondsInWords(m_timeoutSeconds);
 }

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/LabSession.h"
 #include "lab/shell/MeetReport.h"
-#include "lab/shell/Session.h"
 
 namespace vornlab {
 
@@ -15,7 +15,7 @@ class MeetingRoad {
   // What a person does, as it happens.
   using Narrator = std::function<void(const std::string& act)>;
 
-  MeetingRoad(Session& session, double timeoutSeconds) : m_session(session), m_timeoutSeconds(timeoutSeconds) {}
+  MeetingRoad(LabSession& session, double timeoutSeconds) : m_session(session), m_timeoutSeconds(timeoutSeconds) {}
 
   void setNarrator(Narrator narrator) { m_narrator = std::move(narrator); }
 
@@ -35,7 +35,7 @@ class MeetingRoad {
   void tell(const std::string& act) const;
   double secondsLeft() const;
 
-  Session& m_session;
+  LabSession& m_session;
   double m_timeoutSeconds;
   Narrator m_narrator;
   std::chrono::steady_clock::time_point m_began;

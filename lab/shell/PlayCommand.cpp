@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "lab/shell/ProgressBar.h"
+#include "lab/shell/Session.h"
 #include "lab/shell/scenario/ScenarioReport.h"
 
 namespace vornlab {
@@ -16,7 +17,7 @@ ExitCode playScenarios(const PlayOptions& options) {
   ProgressBar progress(stderr, scenarios.size() > 1 ? scenarios.size() : 0);
   for (std::size_t i = 0; i < scenarios.size(); ++i) {
     progress.show(i);
-    const ScenarioResult result = play(scenarios[i], options.lab);
+    const ScenarioResult result = play(scenarios[i], options.lab, Session::start);
     progress.hide();
     report.tell(result);
   }

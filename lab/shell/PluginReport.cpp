@@ -39,14 +39,14 @@ struct Fetched {
   std::string trouble;
 };
 
-Fetched fetch(Session& session, const char* what, double timeoutSeconds) {
+Fetched fetch(LabSession& session, const char* what, double timeoutSeconds) {
   const std::size_t sent = session.trace().sent();
   const std::size_t received = session.trace().received();
   const Value answer = session.ask("fetch", Value::dictionaryFromPairs({{"what", what}}));
   if (!answer["sent"].boolValue()) return {false, wordsOfRefusal(answer["refused"].integerValue())};
   switch (session.waitForQuiet(sent, received, timeoutSeconds)) {
-    case Session::Quiet::reached: return {true, ""};
-    case Session::Quiet::clientGone: return {true, "the client ended before it answered"};
+    case LabSession::Quiet::reached: return {true, ""};
+    case LabSession::Quiet::clientGone: return {true, "the client ended before it answered"};
     default: return {true, "the client did not answer within " + secondsInWords(timeoutSeconds)};
   }
 }
@@ -79,7 +79,7 @@ void printGroupsAsJson(const Value& groups, const Value& further) {
   printJson(object);
 }
 
-std::string fetchAccount(Session& session, double timeoutSeconds) {
+std::string fetchAccount(LabSession& session, double timeoutSeconds) {
   session.trace().forgetTrouble();
   const Fetched profile = fetch(session, "profile", timeoutSeconds);
   // A profile may be there although the audio conferences behind it never came.

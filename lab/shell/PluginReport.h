@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "lab/shell/LabSession.h"
 #include "lab/shell/ReportForm.h"
-#include "lab/shell/Session.h"
 #include "util/Value.h"
 
 namespace vornlab {
@@ -16,6 +16,6 @@ void printGroupsAsJson(const vorn::Value& groups, const vorn::Value& further);
 
 // Has the plug-in fetch the profile of the account, the audio conferences and the people to schedule for, and
 // waits for the replies. Answers why there is no profile, or "".
-std::string fetchAccount(Session& session, double timeoutSeconds);
+std::string fetchAccount(LabSession& session, double timeoutSeconds);
 
 }  // namespace vornlab

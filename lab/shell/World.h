@@ -48,6 +48,8 @@ class World {
   std::filesystem::path clientProgram() const;
   std::filesystem::path journal() const { return m_root / "journal"; }
   std::filesystem::path clientErrors() const { return m_root / "client.err"; }
+  // What the client is told to do wrong, where a session can tell it so.
+  std::filesystem::path faults() const { return m_root / "faults"; }
 
   // Writes one choice into the profile that the plug-in has saved for the user, beside those that are there.
   // Throws LabError when it cannot be written.

@@ -37,14 +37,14 @@ std::optional<ScenarioFailure> playSteps(const Scenario& scenario, Stage& stage)
 
 }  // namespace
 
-ScenarioResult play(const Scenario& scenario, const LabOptions& lab) {
+ScenarioResult play(const Scenario& scenario, const LabOptions& lab, const StartSession& start) {
   const auto began = std::chrono::steady_clock::now();
   ScenarioResult result;
   result.file = scenario.file;
   result.name = scenario.name();
   const TemporaryFolder folder;
   try {
-    Stage stage(scenario.setUp, lab, folder.path());
+    Stage stage(scenario.setUp, lab, folder.path(), start);
     result.failure = playSteps(scenario, stage);
     result.envelopes = stage.envelopes();
   } catch (const LabError& error) {

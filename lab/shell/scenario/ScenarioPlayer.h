@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/shell/LabOptions.h"
+#include "lab/shell/LabSession.h"
 #include "lab/shell/scenario/Scenario.h"
 
 namespace vornlab {
@@ -28,9 +28,9 @@ struct ScenarioResult {
   std::vector<StageEnvelope> envelopes;
 };
 
-// Plays a scenario in a world of its own, which is removed at the end, up to the first line that does not come
+// Plays a scenario in a session of its own, which is removed at the end, up to the first line that does not come
 // true. An alert that the scenario never asks for is a failure as well. Throws LabError only when the person wants
 // the program to end.
-ScenarioResult play(const Scenario& scenario, const LabOptions& lab);
+ScenarioResult play(const Scenario& scenario, const LabOptions& lab, const StartSession& start);
 
 }  // namespace vornlab

@@ -3,10 +3,8 @@
 #include <charconv>
 #include <nlohmann/json.hpp>
 
-#include "lab/client/MeetingStore.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/MeetingRoad.h"
-#include "util/AtomicFile.h"
 
 namespace vornlab {
 namespace {
@@ -33,20 +31,19 @@ std::string nameOf(bool isRequest, const Value& facts) {
 
 }  // namespace
 
-Stage::Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::path& folder)
-    : m_lab(std::move(lab)), m_faults(folder / "faults") {
-  m_lab.world = folder;
-  m_lab.clientDatabase = folder / "meetings.db";
-  m_lab.account = setUp.account;
-  m_lab.panelIsOff = !setUp.panelIsOn;
-  m_lab.withoutClient = setUp.withoutClient;
-  m_lab.clientVersion = setUp.clientVersion;
-  m_lab.systemVersion = setUp.systemVersion;
-  m_lab.clientArguments.push_back("--faults=" + m_faults.string());
-  setFaults("");
+Stage::Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::path& folder,
+             const StartSession& start) {
+  lab.world = folder;
+  lab.clientDatabase = folder / "meetings.db";
+  lab.account = setUp.account;
+  lab.panelIsOff = !setUp.panelIsOn;
+  lab.withoutClient = setUp.withoutClient;
+  lab.clientVersion = setUp.clientVersion;
+  lab.systemVersion = setUp.systemVersion;
+  lab.takesFaults = true;
   loadCalendar(setUp);
-  fillService(setUp);
-  m_session.emplace(m_lab, m_calendar, setUp.host);
+  m_session = start(lab, m_calendar, setUp.host);
+  for (const Meeting& meeting : setUp.meetings) m_session->meetings().put(meeting);
   m_usesSocket = !m_session->talksByNotifications();
   m_journal.emplace(m_session->world().journal());
   m_journal->read();
@@ -66,12 +63,6 @@ void Stage::loadCalendar(const ScenarioSetUp& setUp) {
     record.isInOlderPlace ? event->setOlmUCCapabilities(record.text) : event->setOlmUCInband(record.text);
   }
   m_claimedEvents = m_calendar.eventCount();
-}
-
-void Stage::fillService(const ScenarioSetUp& setUp) const {
-  if (setUp.meetings.empty()) return;
-  MeetingStore service(m_lab.clientDatabase);
-  for (const Meeting& meeting : setUp.meetings) service.put(meeting);
 }
 
 // -- Windows -----------------------------------------------------------------------------------------------------
@@ -206,10 +197,6 @@ void Stage::startClient() {
   countAnew(false);
 }
 
-void Stage::setFaults(const std::string& rules) {
-  if (!vorn::replaceFile(m_faults.string(), rules)) throw LabError("cannot write " + m_faults.string());
-}
-
 void Stage::choose(const SavedChoice& choice) {
   if (choice.place == SavedChoice::Place::profile) {
     m_session->saveInProfile(choice.key, choice.value);
@@ -248,14 +235,12 @@ std::optional<Meeting> Stage::meetingAtService() {
   const std::string key = meetingKey();
   std::int64_t number = 0;
   std::from_chars(key.data(), key.data() + key.size(), number);
-  MeetingStore service(m_lab.clientDatabase);
+  MeetingStore& service = m_session->meetings();
   if (number != 0) return service.find(number);
   const auto event = stored();
   const auto found = event ? service.findByAppointment(event->uid()) : std::nullopt;
   if (!found) throw Mismatch("a meeting that the window has or had", "none");
   return found;
 }
-
-std::int64_t Stage::meetingsAtService() const { return MeetingStore(m_lab.clientDatabase).count(); }
 
 }  // namespace vornlab

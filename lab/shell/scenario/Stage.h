@@ -3,13 +3,14 @@
 #include <cstddef>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "lab/client/Meeting.h"
 #include "lab/outlook/CalendarStore.h"
-#include "lab/shell/Session.h"
+#include "lab/shell/LabSession.h"
 #include "lab/shell/scenario/ClientJournal.h"
 #include "lab/shell/scenario/Mismatch.h"
 #include "lab/shell/scenario/ScenarioSetUp.h"
@@ -42,11 +43,12 @@ struct StageEnvelope {
 class Stage {
  public:
   // Throws LabError when the world cannot be made or the client cannot be started.
-  Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::path& folder);
+  Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::path& folder,
+        const StartSession& start);
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
 
-  Session& session() { return *m_session; }
+  LabSession& session() { return *m_session; }
   OutlookHost& host() { return m_session->host(); }
   CalendarStore& calendar() { return m_calendar; }
 
@@ -80,7 +82,7 @@ class Stage {
   void stopClient();
   void startClient();
   // Replaces what the client does wrong, from its next reply on.
-  void setFaults(const std::string& rules);
+  void setFaults(const std::string& rules) { m_session->setFaults(rules); }
   void choose(const SavedChoice& choice);
 
   // -- What there was
@@ -94,21 +96,18 @@ class Stage {
   std::vector<std::string> takeAlerts();
   // Throws Mismatch for a window that never had a meeting.
   std::optional<Meeting> meetingAtService();
-  std::int64_t meetingsAtService() const;
+  std::int64_t meetingsAtService() { return m_session->meetings().count(); }
 
  private:
   void loadCalendar(const ScenarioSetUp& setUp);
-  void fillService(const ScenarioSetUp& setUp) const;
   void note(std::string_view step, const vorn::Value& facts);
   bool isQuiet(bool evenDoubtful);
   bool waitForReplies();
   void countAnew(bool isConnected);
   void claimNewAppointment();
 
-  LabOptions m_lab;
-  std::filesystem::path m_faults;
   CalendarStore m_calendar;
-  std::optional<Session> m_session;
+  std::unique_ptr<LabSession> m_session;
   std::optional<ClientJournal> m_journal;
   bool m_usesSocket = true;
 
