@@ -79,7 +79,7 @@ class SpoiledRoad {
     EXPECT_TRUE(m_world.host.isDirty(m_editor));
     EXPECT_EQ(m_world.host.subject(m_editor), "Renamed");
     EXPECT_EQ(m_world.calendarText(), m_before);
-    EXPECT_FALSE(m_world.test.presenter.showsProgress());
+    EXPECT_FALSE(m_world.showsProgress());
   }
 
  private:
@@ -118,8 +118,7 @@ class SpoiledRoad {
   Spoiling m_spoiling;
   bool m_hasSpoiled = false;
   std::optional<TestListener> m_listener;
-  RoadWorld m_world{calendarWith("SUMMARY:Review\r\n"), RoadWorld::Channel::socket,
-                    [this](const std::string& home) {
+  RoadWorld m_world{calendarWith("SUMMARY:Review\r\n"), [this](const std::string& home) {
                       m_listener.emplace(home + "/s.vop");
                       EXPECT_TRUE(m_listener->isReady());
                     }};

@@ -77,7 +77,6 @@ EditorId openFor(const Act& act, RoadWorld& world) {
 
 // True when a fresh appointment can still be given a meeting.
 bool goesOn(RoadWorld& world) {
-  world.client->heal();
   const EditorId editor = world.openEditor("two");
   world.clickAdd(editor);
   world.saveAndClose(editor);
@@ -98,21 +97,22 @@ TEST_P(HostDisappears, AndTheNextAppointmentGoesItsWay) {
       bool isDropped = false;
       const auto drop = [&] {
         isDropped = true;
-        world.test.classRuntime.destroy(dropped);
+        world.runtime.destroy(dropped);
       };
       if (moment == 0) {
         drop();
       } else {
-        InProcessClient::Fault fault;
-        fault.meanwhile = drop;
-        world.client->failAt(moment, fault);
+        world.client->setIncident(moment, [&] {
+          drop();
+          return true;
+        });
       }
       act.perform(world, editor);
       EXPECT_TRUE(isDropped);
       EXPECT_TRUE(goesOn(world));
       // A progress sheet whose window has gone ends with its own time.
       world.settle(60);
-      EXPECT_FALSE(world.test.presenter.showsProgress());
+      EXPECT_FALSE(world.showsProgress());
     }
   }
 }

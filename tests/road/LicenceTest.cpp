@@ -68,16 +68,15 @@ TEST(SaveContract, TheHostGoesOnOnlyWhenItIsToldTo) {
         if (outcome != passOn) world.clickAdd(editor);
         world.host.typeSubject(editor, "Renamed");
         if (outcome == errorCode) {
-          world.test.classRuntime.send(world.host.viewController(editor), "setIsCancelMode:", {true});
+          world.runtime.send(world.host.viewController(editor), "setIsCancelMode:", {true});
           world.quitClient();
         }
         const int storedBefore = world.host.storedCount();
-        world.test.presenter.alerts.clear();
-        const Value result =
-            world.test.classRuntime.send(world.host.viewController(editor), hook.selector, hook.arguments);
+        const std::size_t alerts = world.presenter.alerts().size();
+        const Value result = world.runtime.send(world.host.viewController(editor), hook.selector, hook.arguments);
         EXPECT_EQ(world.host.storedCount() - storedBefore, outcome == passOn ? 1 : 0);
         EXPECT_EQ(result.integerValue(), hook.givesResult && outcome != passOn ? -1 : 0);
-        EXPECT_EQ(!world.test.presenter.alerts.empty(), outcome == notice || outcome == errorCode);
+        EXPECT_EQ(world.presenter.alerts().size() > alerts, outcome == notice || outcome == errorCode);
       }
     }
   }

@@ -1,55 +1,34 @@
 #include "tests/road/world/InProcessClient.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 namespace vorn {
 
-namespace {
+using vornlab::Delivery;
 
-std::uint32_t replyActionOf(const vornlab::Envelope& request) {
-  const std::uint32_t operation = vornlab::Service::operationOf(request);
-  return operation != 0 ? operation : request.action;
+InProcessClient::InProcessClient(HostRunLoop& runLoop, vornlab::Account account, vornlab::Service::Options options,
+                                 const std::string& journal)
+    : m_runLoop(runLoop),
+      m_service(std::move(account), std::move(options)),
+      m_journal(journal),
+      m_desk(m_service, m_journal, {}) {}
+
+InProcessClient::~InProcessClient() { m_runLoop.cancelPrevious(this); }
+
+void InProcessClient::end() {
+  m_isRunning = false;
+  ++m_life;
+  m_connections.clear();
 }
 
-}  // namespace
-
-bool InProcessClient::send(const OptionalText& message) {
-  const std::optional<vornlab::Envelope> request = message ? vornlab::fromText(*message) : std::nullopt;
-  if (!request) return false;
-  m_requests.push_back(*request);
-  const auto found = m_faults.find(m_requests.size());
-  const Fault fault = found == m_faults.end() ? Fault() : found->second;
-  if (fault.meanwhile) fault.meanwhile();
-  m_isSilent |= fault.goesSilent;
-  if (fault.isLost) return true;
-  if (fault.refusal) {
-    answer(*request, {replyActionOf(*request), *fault.refusal}, fault);
-    return true;
-  }
-  for (vornlab::Envelope& reply : m_service.handle(*request)) {
-    if (fault.spoil) reply.content = fault.spoil(std::move(reply.content));
-    answer(*request, reply, fault);
-  }
-  return true;
+void InProcessClient::setFaults(const std::string& rules) {
+  m_desk.setFaults(vornlab::FaultBook::fromText(rules, "the faults"));
 }
 
-void InProcessClient::answer(const vornlab::Envelope& request, const vornlab::Envelope& reply,
-                             const Fault& fault) {
-  std::optional<vornlab::Envelope> sent = reply;
-  if (m_interference) sent = m_interference(request, std::move(*sent));
-  if (!sent || m_isSilent) return;
-  for (int i = 0; i < fault.times; ++i) {
-    m_runLoop.performAfter(fault.answerSeconds, this, "reply",
-                           [this, text = vornlab::toText(*sent)] { handleSocketGetRequestDone_OLPlugin(text); });
-  }
-}
-
-void InProcessClient::heal() {
-  m_faults.clear();
-  m_isSilent = false;
-}
-
-void InProcessClient::forgetRequests() {
-  m_requests.clear();
-  m_faults.clear();
+void InProcessClient::setIncident(std::size_t request, Incident incident) {
+  m_incidents[m_requests.size() + request] = std::move(incident);
 }
 
 std::vector<std::string> InProcessClient::requestNames() const {
@@ -62,6 +41,82 @@ std::vector<std::string> InProcessClient::requestNames() const {
     names.push_back(name);
   }
   return names;
+}
+
+void InProcessClient::forgetRequests() {
+  m_requests.clear();
+  m_incidents.clear();
+}
+
+int InProcessClient::accept(Read read) {
+  if (!m_isRunning) return 0;
+  const auto connection = std::make_shared<Connection>();
+  connection->id = ++m_lastId;
+  connection->read = std::move(read);
+  m_connections[connection->id] = connection;
+  m_journal.note("connected", {{"connection", connection->id}});
+  return connection->id;
+}
+
+void InProcessClient::hangUp(int connection) {
+  const auto found = m_connections.find(connection);
+  if (found == m_connections.end()) return;
+  found->second->read = nullptr;
+  close(connection);
+}
+
+void InProcessClient::close(int connection) {
+  if (m_connections.erase(connection) > 0) m_journal.note("closed", {{"connection", connection}});
+}
+
+void InProcessClient::take(int connection, const std::string& message) {
+  const auto found = m_connections.find(connection);
+  if (found == m_connections.end()) return;
+  // An incident may end the connection; what is taken in by then is answered all the same.
+  const std::shared_ptr<Connection> held = found->second;
+  const std::optional<vornlab::Envelope> request = vornlab::fromText(message);
+  const nlohmann::json way = {{"connection", connection}};
+  if (!request) {
+    m_journal.note("malformed", way);
+    return;
+  }
+  m_requests.push_back(*request);
+  const auto incident = m_incidents.find(m_requests.size());
+  if (incident != m_incidents.end() && !incident->second()) return;
+  for (const vornlab::Desk::Answer& answer : m_desk.take(*request, message.size(), way, way)) queue(held, answer);
+}
+
+void InProcessClient::queue(const std::shared_ptr<Connection>& connection, const vornlab::Desk::Answer& answer) {
+  Delivery delivery = deliveryOf(answer.reply, answer.faults);
+  if (delivery.glue) {
+    for (const std::string& piece : delivery.pieces) connection->glued += piece;
+    return;
+  }
+  const double heldBackSeconds = static_cast<double>(delivery.delayMilliseconds) / 1000;
+  // In their order: what is held back holds up what follows.
+  connection->lastDue = std::max(connection->lastDue, m_runLoop.now() + heldBackSeconds + kAnswerSeconds);
+  const auto later = [&](std::function<void()> happens) {
+    m_runLoop.performAfter(connection->lastDue - m_runLoop.now(), this, "reply",
+                           [this, isHeldBack = heldBackSeconds > 0, life = m_life, happens = std::move(happens)] {
+                             if (!isHeldBack || life == m_life) happens();
+                           });
+  };
+  switch (delivery.end) {
+    case Delivery::End::none: break;
+    case Delivery::End::close: return later([this, id = connection->id] { close(id); });
+    case Delivery::End::die: return later([this] { end(); });
+    case Delivery::End::restart:
+      return later([this] {
+        while (!m_connections.empty()) close(m_connections.begin()->first);
+      });
+  }
+  if (delivery.pieces.empty()) return;
+  delivery.pieces.front().insert(0, std::exchange(connection->glued, ""));
+  for (const std::string& piece : delivery.pieces) {
+    later([connection, piece] {
+      if (connection->read) connection->read(piece);
+    });
+  }
 }
 
 }  // namespace vorn

@@ -1,74 +1,80 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <map>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "channel/transport/vSocketClientImpl.h"
-#include "lab/client/Service.h"
-#include "platform/RunLoop.h"
+#include "lab/client/Desk.h"
+#include "platform/embedded/HostRunLoop.h"
 
 namespace vorn {
 
-// The stand-in client in the place of the socket: what is sent is handled on the run loop, after a delay on its
-// clock, and the replies come in as whole messages.
-class InProcessClient final : public vSocketClientImpl {
+// The stand-in client in this process, on the run loop's clock: the service, the faults and the journal of the
+// program, with connections of function calls in the place of its socket.
+class InProcessClient {
  public:
-  // What the client does with a reply before it goes out; absent means that it never goes out.
-  using Interference =
-      std::function<std::optional<vornlab::Envelope>(const vornlab::Envelope& request, vornlab::Envelope reply)>;
+  // Takes the bytes of one piece that has arrived.
+  using Read = std::function<void(const std::string& bytes)>;
+  // Answers whether the request still reaches the client.
+  using Incident = std::function<bool()>;
 
+  // What a reply takes on its way.
   static constexpr double kAnswerSeconds = 0.05;
 
-  // What befalls one request.
-  struct Fault {
-    // Answered with these words in place of the service's; the service never hears of the request.
-    std::optional<std::string> refusal;
-    // The service never hears of the request, and no answer comes.
-    bool isLost = false;
-    // What becomes of the content of the service's answer.
-    std::function<std::string(std::string content)> spoil;
-    // How often the answer goes out; 0 for never.
-    int times = 1;
-    double answerSeconds = kAnswerSeconds;
-    // No answer goes out from here on, to no request.
-    bool goesSilent = false;
-    // Happens while the request is on its way.
-    std::function<void()> meanwhile;
-  };
+  InProcessClient(HostRunLoop& runLoop, vornlab::Account account, vornlab::Service::Options options,
+                  const std::string& journal);
+  ~InProcessClient();
+  InProcessClient(const InProcessClient&) = delete;
+  InProcessClient& operator=(const InProcessClient&) = delete;
 
-  InProcessClient(RunLoop& runLoop, vornlab::Service& service) : m_runLoop(runLoop), m_service(service) {}
-
-  void connect() override {}
-  void disconnect() override {}
-  bool send(const OptionalText& message) override;
-
-  void setInterference(Interference interference) { m_interference = std::move(interference); }
-  // The n-th request from now on, counted from 1, suffers the fault.
-  void failAt(std::size_t request, Fault fault) { m_faults[m_requests.size() + request] = std::move(fault); }
-  // All is well again.
-  void heal();
+  vornlab::Service& service() { return m_service; }
+  bool isRunning() const { return m_isRunning; }
+  void start() { m_isRunning = true; }
+  // What has gone out by then arrives all the same.
+  void end();
+  // In the language of the program's faults. Throws FaultError.
+  void setFaults(const std::string& rules);
+  // Happens when the n-th request from now, counted from 1, is on its way.
+  void setIncident(std::size_t request, Incident incident);
 
   // The requests so far, in order.
   const std::vector<vornlab::Envelope>& requests() const { return m_requests; }
   // "6", "9", "3/1": the action, and the inner operation of a meeting request.
   std::vector<std::string> requestNames() const;
-  // Faults that are still to come are forgotten with them.
   void forgetRequests();
 
- private:
-  void answer(const vornlab::Envelope& request, const vornlab::Envelope& reply, const Fault& fault);
+  // -- The other end of a connection
 
-  RunLoop& m_runLoop;
-  vornlab::Service& m_service;
-  Interference m_interference;
-  std::map<std::size_t, Fault> m_faults;
-  bool m_isSilent = false;
+  // A connection's number, or 0 when nobody listens.
+  int accept(Read read);
+  void hangUp(int connection);
+  void take(int connection, const std::string& message);
+
+ private:
+  struct Connection {
+    int id = 0;
+    Read read;
+    std::string glued;
+    double lastDue = 0;
+  };
+
+  void queue(const std::shared_ptr<Connection>& connection, const vornlab::Desk::Answer& answer);
+  void close(int connection);
+
+  HostRunLoop& m_runLoop;
+  vornlab::Service m_service;
+  vornlab::Journal m_journal;
+  vornlab::Desk m_desk;
+  bool m_isRunning = false;
+  // Counts the lives of the client: what one life holds back goes with it.
+  int m_life = 0;
+  int m_lastId = 0;
+  std::map<int, std::shared_ptr<Connection>> m_connections;
   std::vector<vornlab::Envelope> m_requests;
+  std::map<std::size_t, Incident> m_incidents;
 };
 
 }  // namespace vorn

@@ -2,8 +2,7 @@
 
 #include <filesystem>
 
-#include "bundle/PluginLoad.h"
-#include "platform/Registry.h"
+#include "channel/transport/vnIPCChannel.h"
 #include "util/PropertyList.h"
 #include "util/vnOLUtils.h"
 
@@ -11,85 +10,46 @@ namespace vorn {
 
 namespace {
 
-constexpr const char* kClientPath = "/SystemApplications/vornclient.app";
-constexpr const char* kClientVersion = "5.12.3.9654";
-constexpr const char* kClientIdentifier = "us.vorn.xos";
-constexpr const char* kOutlookPath = "/SystemApplications/Microsoft Outlook.app";
-
-vornlab::Service::Options seeded() {
-  vornlab::Service::Options options;
-  options.seed = 20261121;
-  return options;
+vornlab::CalendarStore& loaded(vornlab::CalendarStore& store, const std::string& text) {
+  vornlab::IcsProblem problem;
+  store.loadText(text, problem);
+  return store;
 }
 
-void installOutlook(TestPlatform& test) {
-  const std::string path = test.surroundings.homeDirectory() + kOutlookPath;
-  test.workspace.installed["com.microsoft.Outlook"] = path;
-  test.workspace.propertyLists[path + "/Contents/Info.plist"] =
-      Value::dictionaryFromPairs({{"CFBundleShortVersionString", "16.80"}});
-}
-
-void switchPanelOff(TestPlatform& test, const std::string& userId) {
-  const std::string folder = test.surroundings.documentsDirectory() + "/VornOutlookPlugin";
-  std::filesystem::create_directories(folder);
-  Value text = Value::array();
-  text.append("{\"notShowMeAgain\": true}");
-  writePropertyList(text, folder + "/" + userId + ".txt");
+std::filesystem::path applicationIn(const vornlab::World& world) {
+  return world.applications() / "vornclient.app";
 }
 
 }  // namespace
 
-RoadWorld::RoadWorld(const std::string& calendarText, Channel channel,
-                     const std::function<void(const std::string& home)>& beforeLoading)
-    : service(vornlab::Account::plain(), seeded()),
-      host(test.classRuntime, test.runLoop, test.notificationCenter, {}) {
-  test.surroundings.resourceFolder = VORN_RESOURCES;
-  installOutlook(test);
-  installClientVersion(kClientVersion);
-  test.workspace.running.insert(kClientIdentifier);
-  switchPanelOff(test, service.account().userId);
-
-  if (channel == Channel::inProcess) {
-    auto made = std::make_unique<InProcessClient>(test.runLoop, service);
-    client = made.get();
-    Registry::install<vSocketClientImpl>(std::move(made));
-  }
-  if (beforeLoading) beforeLoading(test.surroundings.homeDirectory());
-
-  host.defineClasses();
-  attachPlugin();
-  vornlab::IcsProblem problem;
-  store.loadText(calendarText, problem);
-  host.open(store);
-}
+RoadWorld::RoadWorld(const std::string& calendarText, const InProcessSession::Listen& listen)
+    : session({}, loaded(store, calendarText), {}, listen) {}
 
 RoadWorld::~RoadWorld() {
   for (const EditorId editor : host.editors()) abandon(editor);
 }
 
 void RoadWorld::installClientVersion(const std::string& version) {
-  const std::string path = test.surroundings.homeDirectory() + kClientPath;
-  std::filesystem::create_directories(path);
-  test.workspace.filePackages.insert(path);
-  test.workspace.executables[path] = path + "/Contents/MacOS/vornclient";
-  test.workspace.propertyLists[path + "/Contents/Info.plist"] =
-      Value::dictionaryFromPairs({{"CFBundleVersion", version}});
+  const std::filesystem::path contents = applicationIn(session.world()) / "Contents";
+  std::filesystem::create_directories(contents);
+  writePropertyList(
+      Value::dictionaryFromPairs({{"CFBundleIdentifier", "us.vorn.xos"}, {"CFBundleVersion", version}}),
+      (contents / "Info.plist").string());
 }
 
 void RoadWorld::removeClient() {
-  const std::string path = test.surroundings.homeDirectory() + kClientPath;
-  std::filesystem::remove_all(path);
-  test.workspace.filePackages.clear();
-  test.workspace.executables.clear();
+  std::filesystem::remove_all(applicationIn(session.world()));
   quitClient();
 }
 
-void RoadWorld::quitClient() { test.workspace.running.clear(); }
-
 void RoadWorld::bringClientBack() {
-  installClientVersion(kClientVersion);
-  test.workspace.running.insert(kClientIdentifier);
-  if (client) client->heal();
+  installClientVersion("5.12.3.9654");
+  client->setFaults("");
+  session.restartClient();
+  // A main window that closes gives the dead connection up, and any new window connects.
+  host.closeMainWindow();
+  host.openMainWindow();
+  vnIPCChannel::initIPCChannel();
 }
 
 void RoadWorld::setHostStores(bool stores) {
@@ -98,16 +58,16 @@ void RoadWorld::setHostStores(bool stores) {
   constexpr const char* kRecord = "ECMutableCalendarEvent";
   constexpr const char* kRefusing = "saveRecordOnAFullDisk";
   if (!stores) {
-    test.classRuntime.setInstanceMethod(kRecord, kRefusing, [](const HostObject&, const Arguments&) {
+    runtime.setInstanceMethod(kRecord, kRefusing, [](const HostObject&, const Arguments&) {
       constexpr int notStored = 1;
       return Value(notStored);
     });
   }
   // The host's own method stands under the name to which its hook moved it.
-  const ClassRef record = test.classRuntime.NSClassFromString(kRecord);
-  test.classRuntime.method_exchangeImplementations(
-      test.classRuntime.class_getInstanceMethod(record, "vn_ECMutableCalendarEvent_saveRecord"),
-      test.classRuntime.class_getInstanceMethod(record, kRefusing));
+  const ClassRef record = runtime.NSClassFromString(kRecord);
+  runtime.method_exchangeImplementations(
+      runtime.class_getInstanceMethod(record, "vn_ECMutableCalendarEvent_saveRecord"),
+      runtime.class_getInstanceMethod(record, kRefusing));
 }
 
 RoadWorld::EditorId RoadWorld::openEditor(std::string_view uid, std::string_view recurrenceId) {
@@ -141,10 +101,8 @@ void RoadWorld::abandon(EditorId editor) {
   settle();
 }
 
-void RoadWorld::settle(double seconds) { test.runLoop.runFor(seconds); }
-
 bool RoadWorld::barSays(EditorId editor, std::string_view question) {
-  return test.classRuntime.send(host.barView(editor), question).boolValue();
+  return runtime.send(host.barView(editor), question).boolValue();
 }
 
 bool RoadWorld::offersAdd(EditorId editor) {
@@ -156,7 +114,7 @@ bool RoadWorld::showsMeeting(EditorId editor) {
 }
 
 std::string RoadWorld::lastAlert() const {
-  return test.presenter.alerts.empty() ? std::string() : test.presenter.alerts.back().alert.message;
+  return presenter.alerts().empty() ? std::string() : presenter.alerts().back().alert.message;
 }
 
 Value RoadWorld::record(std::string_view uid) {

@@ -1,0 +1,134 @@
+#include "tests/road/world/InProcessSession.h"
+
+#include <fstream>
+
+#include "bundle/PluginLoad.h"
+#include "lab/shell/LabError.h"
+#include "lab/shell/TemporaryFolder.h"
+#include "platform/Registry.h"
+#include "tests/road/world/InProcessSocket.h"
+#include "util/PropertyList.h"
+
+namespace vorn {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kClientIdentifier = "us.vorn.xos";
+constexpr const char* kClientVersion = "5.12.3.9654";
+
+// An application that is there to be found, and that nobody starts.
+const fs::path& programs() {
+  static const vornlab::TemporaryFolder folder;
+  static const bool isMade = [] {
+    const fs::path contents = folder.path() / "vornclient.app/Contents";
+    fs::create_directories(contents / "MacOS");
+    std::ofstream(contents / "MacOS/vornclient") << "no program";
+    return writePropertyList(Value::dictionaryFromPairs({{"CFBundleIdentifier", kClientIdentifier},
+                                                         {"CFBundleExecutable", "vornclient"},
+                                                         {"CFBundleShortVersionString", kClientVersion},
+                                                         {"CFBundleVersion", kClientVersion}}),
+                             (contents / "Info.plist").string());
+  }();
+  static_cast<void>(isMade);
+  return folder.path();
+}
+
+vornlab::LabOptions withPrograms(vornlab::LabOptions options) {
+  options.programs = programs();
+  return options;
+}
+
+vornlab::Service::Options serviceOptions(const vornlab::LabOptions& options) {
+  vornlab::Service::Options service;
+  service.version = options.clientVersion.empty() ? kClientVersion : options.clientVersion;
+  service.seed = 20261121;
+  return service;
+}
+
+}  // namespace
+
+// The clock of the surroundings is the loop's.
+struct InProcessSession::Ground {
+  Ground() {
+    constexpr double kBegin = 1'795'000'000;
+    surroundings.resources = VORN_RESOURCES;
+    surroundings.clock = [&loop = *runLoop] { return kBegin + loop.now(); };
+    surroundings.seed = 20261121;
+  }
+
+  std::unique_ptr<VirtualRunLoop> runLoop = std::make_unique<VirtualRunLoop>();
+  EmbeddedSurroundings::Options surroundings;
+};
+
+class InProcessSession::Applications final : public Workspace {
+ public:
+  Applications(const vornlab::World& world, const InProcessClient& client)
+      : m_onDisk(world.root().string(), {world.applications().string()}), m_client(client) {}
+
+  bool isRunning(std::string_view bundleIdentifier) override {
+    return bundleIdentifier == kClientIdentifier && m_client.isRunning();
+  }
+  std::string absolutePathForAppBundle(std::string_view bundleIdentifier) override {
+    return m_onDisk.absolutePathForAppBundle(bundleIdentifier);
+  }
+  bool isFilePackage(std::string_view path) override { return m_onDisk.isFilePackage(path); }
+  std::string executablePath(std::string_view bundlePath) override { return m_onDisk.executablePath(bundlePath); }
+  Value propertyListAtPath(std::string_view path) override { return m_onDisk.propertyListAtPath(path); }
+  bool launch(std::string_view) override { return true; }
+  bool openFolder(std::string_view) override { return true; }
+
+ private:
+  EmbeddedWorkspace m_onDisk;
+  const InProcessClient& m_client;
+};
+
+InProcessSession::InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
+                                   const vornlab::OutlookHost::Options& hostOptions, const Listen& listen)
+    : InProcessSession(withPrograms(options), calendar, hostOptions, listen, Ground()) {}
+
+InProcessSession::InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
+                                   const vornlab::OutlookHost::Options& hostOptions, const Listen& listen,
+                                   Ground ground)
+    : EmbeddedSession(options, hostOptions, std::move(ground.runLoop), std::move(ground.surroundings)),
+      m_client(runLoop(), account(), serviceOptions(options), world().journal().string()),
+      m_workspace(std::make_unique<Applications>(world(), m_client)) {
+  if (!options.withoutClient) m_client.start();
+  host().defineClasses();
+  host().open(calendar);
+  Platform platform = commonPlatform();
+  platform.workspace = m_workspace.get();
+  Registry::install(platform);
+  if (listen) {
+    listen(world().home().string());
+  } else {
+    Registry::install<vSocketClientImpl>(std::make_unique<InProcessSocket>(m_client));
+  }
+  attachPlugin();
+  host().openMainWindow();
+}
+
+InProcessSession::~InProcessSession() {
+  host().closeMainWindow();
+  unloadPlugin();
+}
+
+Value InProcessSession::ask(const std::string& question, const Value& parameters) {
+  Value answer;
+  if (answerQuestion(question.c_str(), &parameters, &answer) != 0) {
+    throw vornlab::LabError("the plug-in does not answer the question \"" + question + "\"");
+  }
+  return answer;
+}
+
+void InProcessSession::restartClient() {
+  m_client.end();
+  m_client.start();
+}
+
+bool InProcessSession::waitUntil(const std::function<bool()>& condition, double seconds) {
+  return runLoop().runUntil(condition, seconds);
+}
+
+}  // namespace vorn

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "lab/shell/EmbeddedSession.h"
+#include "platform/embedded/EmbeddedWorkspace.h"
+#include "platform/embedded/VirtualRunLoop.h"
+#include "tests/road/world/InProcessClient.h"
+
+namespace vorn {
+
+// A session in one process and on the virtual clock: the plug-in is linked in, and the client a few calls away.
+// One at a time.
+class InProcessSession final : public vornlab::EmbeddedSession {
+ public:
+  // How the plug-in reaches a client: the one in this process, or whoever listens on the socket in the home folder
+  // when this function, which is called before the plug-in loads, is through.
+  using Listen = std::function<void(const std::string& home)>;
+
+  // Throws LabError when the world cannot be made.
+  InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
+                   const vornlab::OutlookHost::Options& hostOptions, const Listen& listen = nullptr);
+  ~InProcessSession() override;
+
+  static std::unique_ptr<vornlab::LabSession> start(const vornlab::LabOptions& options,
+                                                    vornlab::CalendarStore& calendar,
+                                                    const vornlab::OutlookHost::Options& hostOptions) {
+    return std::make_unique<InProcessSession>(options, calendar, hostOptions);
+  }
+
+  InProcessClient& client() { return m_client; }
+  using EmbeddedSession::runLoop;
+
+  using LabSession::ask;
+  Value ask(const std::string& question, const Value& parameters) override;
+  bool clientIsRunning() override { return m_client.isRunning(); }
+  void killClient() override { m_client.end(); }
+  void stopClient() override { m_client.end(); }
+  void restartClient() override;
+  void setFaults(const std::string& rules) override { m_client.setFaults(rules); }
+  vornlab::MeetingStore& meetings() override { return m_client.service().meetings(); }
+  bool talksByNotifications() const override { return false; }
+  bool waitUntil(const std::function<bool()>& condition, double seconds) override;
+
+ private:
+  // Applications as they lie in the world; the client runs when the one in this process does.
+  class Applications;
+  struct Ground;
+
+  InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
+                   const vornlab::OutlookHost::Options& hostOptions, const Listen& listen, Ground ground);
+
+  InProcessClient m_client;
+  std::unique_ptr<Workspace> m_workspace;
+};
+
+}  // namespace vorn

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "channel/transport/MessageAssembler.h"
+#include "channel/transport/vSocketClientImpl.h"
+#include "tests/road/world/InProcessClient.h"
+
+namespace vorn {
+
+// The plug-in's connection to the client in this process. Its states are those of the real one: a peer that is
+// gone stays unnoticed, and only a message without a connection brings one about.
+class InProcessSocket final : public vSocketClientImpl {
+ public:
+  // The client outlives this.
+  explicit InProcessSocket(InProcessClient& client) : m_client(client) {}
+  ~InProcessSocket() override { hangUp(); }
+
+  void connect() override;
+  void disconnect() override { hangUp(); }
+  bool send(const OptionalText& message) override;
+
+ private:
+  void hangUp();
+  void read(std::string_view bytes);
+
+  InProcessClient& m_client;
+  bool m_isHeld = false;
+  // 0 when nobody listened.
+  int m_connection = 0;
+  MessageAssembler m_assembler;
+};
+
+}  // namespace vorn
