@@ -1,14 +1,11 @@
 #include "tests/commands/CommandWorld.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "channel/discovery/vnClientConstants.h"
 #include "channel/store/vnMeetingCommon.h"
-#include "channel/transport/vSocketClientImpl.h"
 #include "channel/transport/vnIPCConstants.h"
 #include "data/vnUserProfileHelper.h"
-#include "platform/Registry.h"
 #include "util/EncodeUtils.h"
 #include "util/vnOLUtils.h"
 
@@ -23,41 +20,13 @@ void appendVarint(std::string& bytes, std::uint64_t number) {
 
 }  // namespace
 
-class CommandWorld::RecordingSocket : public vSocketClientImpl {
- public:
-  explicit RecordingSocket(std::shared_ptr<std::vector<Envelope>> sent) : m_sent(std::move(sent)) {}
-  void connect() override {}
-  void disconnect() override {}
-  bool send(const OptionalText& message) override {
-    const Value envelope = vnOLUtils::toArrayOrNSDictionary(message);
-    m_sent->emplace_back(envelope[VN_IPC_ACTION_ID].text(), envelope[VN_IPC_CONTENT].text());
-    return true;
-  }
-
- private:
-  std::shared_ptr<std::vector<Envelope>> m_sent;
-};
-
-CommandWorld::CommandWorld() : m_clientPath(world.surroundings.homeDirectory() + "/client/vornclient.app") {
-  Registry::install<vSocketClientImpl>(std::make_unique<RecordingSocket>(m_sent));
+CommandWorld::CommandWorld() {
   vnMeetingCommon::setApptWindowDirectory(this);
-  installClient("6.0.0");
-  runClient();
   mgr = std::make_unique<vnAPIMgr>();
   mgr->setMeetingMgrInstance(&owner);
 }
 
 CommandWorld::~CommandWorld() { vnMeetingCommon::setApptWindowDirectory(nullptr); }
-
-void CommandWorld::installClient(const std::string& version) {
-  std::filesystem::create_directories(m_clientPath);
-  world.workspace.filePackages.insert(m_clientPath);
-  world.workspace.executables[m_clientPath] = m_clientPath + "/Contents/MacOS/vornclient";
-  world.workspace.propertyLists[m_clientPath + "/Contents/Info.plist"] =
-      Value::dictionaryFromPairs({{"CFBundleVersion", version}});
-  world.userDefaults.domains[std::string(kVornusIdentify)] =
-      Value::dictionaryFromPairs({{"installPath", m_clientPath}});
-}
 
 void CommandWorld::removeClient() { world.workspace.filePackages.clear(); }
 

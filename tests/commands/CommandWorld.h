@@ -15,7 +15,7 @@
 #include "channel/commands/vnAPIMgr.h"
 #include "channel/store/ApptWindowDirectory.h"
 #include "data/vnGetMeetingHelper.h"
-#include "tests/support/TestPlatform.h"
+#include "tests/support/RecordingClient.h"
 
 namespace vorn {
 
@@ -67,20 +67,20 @@ class FakeOwner : public MeetingCommandOwner {
 // A world with a client that can be missing, old or asleep, and a socket that records what is sent to it.
 class CommandWorld : public testing::Test, private ApptWindowDirectory, private ApptBar {
  protected:
-  using Envelope = std::pair<std::string, std::string>;
+  using Envelope = RecordingClient::Request;
 
   CommandWorld();
   ~CommandWorld() override;
 
-  void installClient(const std::string& version);
+  void installClient(const std::string& version) { RecordingClient::setVersion(world, version); }
   void removeClient();
   void runClient(bool runs = true);
 
   // A message of the client on the socket channel.
   void reply(const std::string& action, const Value& content);
   // Action and content of what was sent, in order.
-  std::vector<Envelope> sent() const { return *m_sent; }
-  std::string lastContent() const { return m_sent->empty() ? "nothing sent" : m_sent->back().second; }
+  const std::vector<Envelope>& sent() const { return m_client.requests; }
+  std::string lastContent() const { return sent().empty() ? "nothing sent" : sent().back().second; }
   std::size_t activations() const;
   std::vector<std::string> alertTexts() const;
   void runFor(double seconds);
@@ -97,15 +97,12 @@ class CommandWorld : public testing::Test, private ApptWindowDirectory, private 
   std::unique_ptr<vnAPIMgr> mgr;
 
  private:
-  class RecordingSocket;
-
   ApptBar* barByWindow(const HostObject& asked) override { return asked == window ? this : nullptr; }
   HostObject mainWindow() override { return {}; }
   OptionalText getAppointmentWindowID() override { return "bar of " + window.windowId(); }
   HostObject editorViewWindow() override { return window; }
 
-  std::shared_ptr<std::vector<Envelope>> m_sent = std::make_shared<std::vector<Envelope>>();
-  std::string m_clientPath;
+  RecordingClient& m_client = RecordingClient::install(world, "6.0.0");
 };
 
 // The reply to a request for a meeting: thirteen fields that nobody reads, and those given.

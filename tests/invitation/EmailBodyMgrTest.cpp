@@ -2,8 +2,8 @@
 
 #include "invitation/vnBodyHelper.h"
 #include "invitation/vnEmailBodyMgr.h"
-#include "tests/proxies/FakeHost.h"
 #include "tests/proxies/FakeOwners.h"
+#include "tests/support/FakeHost.h"
 #include "tests/support/TestPlatform.h"
 #include "util/vnMd5Utils.h"
 

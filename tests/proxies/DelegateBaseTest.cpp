@@ -2,7 +2,7 @@
 
 #include "host/proxies/vnDelegateBase.h"
 #include "host/proxies/vnECMutableCalendarEvent.h"
-#include "tests/proxies/FakeHost.h"
+#include "tests/support/FakeHost.h"
 #include "tests/support/TestPlatform.h"
 
 namespace vorn {

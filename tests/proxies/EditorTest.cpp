@@ -3,8 +3,8 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "host/proxies/vnOLWordMailEditor.h"
-#include "tests/proxies/FakeHost.h"
 #include "tests/proxies/FakeOwners.h"
+#include "tests/support/FakeHost.h"
 #include "tests/support/TestPlatform.h"
 
 namespace vorn {

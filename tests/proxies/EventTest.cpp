@@ -4,8 +4,8 @@
 #include "host/proxies/vnECCalendarEvent.h"
 #include "host/proxies/vnECRecurrence.h"
 #include "host/proxies/vnOLCalendarDate.h"
-#include "tests/proxies/FakeHost.h"
 #include "tests/proxies/FakeOwners.h"
+#include "tests/support/FakeHost.h"
 #include "tests/support/TestPlatform.h"
 
 namespace vorn {

@@ -6,8 +6,8 @@
 #include "host/proxies/vnOLAutoLayoutAttachmentsAcceptingView.h"
 #include "host/proxies/vnOLCalendarGridViewWrapper.h"
 #include "host/proxies/vnOlkModernAttachmentsViewController.h"
-#include "tests/proxies/FakeHost.h"
 #include "tests/proxies/FakeOwners.h"
+#include "tests/support/FakeHost.h"
 #include "tests/support/TestPlatform.h"
 
 namespace vorn {

@@ -125,14 +125,15 @@ TEST_P(HostDisappears, AWindowThatIsClosedMeanwhileStoresNothing) {
     RoadWorld world(twoAppointments(act.hasGuest));
     const EditorId editor = openFor(act, world);
     const std::string before = world.calendarText();
-    InProcessClient::Fault fault;
-    fault.meanwhile = [&] { world.host.closeWithoutSaving(editor); };
-    world.client->failAt(moment, fault);
+    world.client->setIncident(moment, [&] {
+      world.host.closeWithoutSaving(editor);
+      return true;
+    });
     act.perform(world, editor);
     world.settle();
     EXPECT_FALSE(world.host.isOpen(editor));
     EXPECT_EQ(world.calendarText(), before);
-    EXPECT_FALSE(world.test.presenter.showsProgress());
+    EXPECT_FALSE(world.showsProgress());
     EXPECT_TRUE(goesOn(world));
   }
 }

@@ -7,7 +7,7 @@
 #include "host/proxies/HostViews.h"
 #include "host/surface/HookInstaller.h"
 #include "host/surface/vnActionAdditionView.h"
-#include "tests/proxies/FakeHost.h"
+#include "tests/support/FakeHost.h"
 #include "tests/support/TestPlatform.h"
 #include "workflow/WorkflowDirectory.h"
 #include "workflow/vnActionAdditionViewMonitor.h"

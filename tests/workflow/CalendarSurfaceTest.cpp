@@ -4,7 +4,7 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnECCalendarEvent.h"
 #include "meeting.pb.h"
-#include "tests/workflow/FakeClient.h"
+#include "tests/support/RecordingClient.h"
 #include "tests/workflow/FakeWindow.h"
 #include "util/EncodeUtils.h"
 #include "workflow/vnCalendarActionMgr.h"
@@ -58,7 +58,7 @@ TEST_F(CalendarEdit, GoesOnAtTheReplyOnce) {
 
 // The reply has no number of its request, so what it names decides whether it is believed.
 TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
-  FakeClient::install(test);
+  RecordingClient::install(test);
   struct Row {
     const char* name;
     const char* toldKey;

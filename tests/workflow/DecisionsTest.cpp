@@ -94,7 +94,7 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
     manager().saveRoad().commitUpdateMeeting(opened, row.meetingData);
     EXPECT_EQ(hostSaves, 0) << "the present call has to unwind first";
     test.runLoop.runFor(0.01);
-    EXPECT_THAT(client.requests, ElementsAreArray(row.requests));
+    EXPECT_THAT(client.names(), ElementsAreArray(row.requests));
     EXPECT_EQ(isWritten(), row.writes);
     EXPECT_EQ(hostSaves, row.finishes ? 1 : 0);
     EXPECT_FALSE(row.writes && manager().isForceUpdate());
@@ -142,7 +142,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     reply(VnCmdGetMeeting);
     EXPECT_EQ(window->get(window->bar->event, "summary").text(), row.writes ? "Review" : "");
     EXPECT_EQ(manager().state(), row.after);
-    EXPECT_THAT(client.requests, ElementsAreArray(row.requests));
+    EXPECT_THAT(client.names(), ElementsAreArray(row.requests));
     EXPECT_THAT(panels.panel.calls, ElementsAreArray(row.panel));
     EXPECT_EQ(isWritten(), row.writes);
     EXPECT_EQ(hostSaves, row.finishes ? 1 : 0);
@@ -160,7 +160,7 @@ TEST_F(Decisions, AReplyWithoutAReadableMeetingLetsOnlyTheAddWithThePersonalNumb
     manager().setState(state);
     reply(VnCmdGetMeeting);
     EXPECT_EQ(manager().state(), goesOn ? VnStateCommitting : state);
-    EXPECT_THAT(client.requests,
+    EXPECT_THAT(client.names(),
                 ElementsAreArray(goesOn ? std::vector<std::string>{"3/1"} : std::vector<std::string>{}));
     EXPECT_THAT(panels.panel.calls, IsEmpty());
     EXPECT_FALSE(isWritten());
@@ -181,7 +181,7 @@ TEST_F(Decisions, EachOtherReplyGoesToItsOwnEnd) {
     EXPECT_EQ(data().meetingKey(), "5550999999");
     EXPECT_TRUE(window->bar->getActionResult());
     EXPECT_EQ(window->bar->shown, VnUIMeeting);
-    EXPECT_THAT(client.requests, ElementsAre("3/4"));
+    EXPECT_THAT(client.names(), ElementsAre("3/4"));
     EXPECT_EQ(hostSaves, 0);
   }
 
@@ -261,19 +261,19 @@ TEST_F(Decisions, ALongMeetingOfASmallPlanWaitsForTheLastAnswerToItsOwnNotice) {
                                          localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312")));
   EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().of(window->bar).getOLNewLocation(), "Castle");
   answer(0, Presenter::Answer::defaultButton);
-  EXPECT_THAT(client.requests, IsEmpty()) << "the second has taken its place";
+  EXPECT_THAT(client.names(), IsEmpty()) << "the second has taken its place";
   // Whoever goes back keeps no switch.
   answer(1, {1, true});
-  EXPECT_THAT(client.requests, IsEmpty());
+  EXPECT_THAT(client.names(), IsEmpty());
 
   other.manager->hasScheduleError(window->bar->editor);
   other.manager->cleanup();
   answer(2, Presenter::Answer::defaultButton);
-  EXPECT_THAT(client.requests, IsEmpty()) << "a window that has gone hears nothing";
+  EXPECT_THAT(client.names(), IsEmpty()) << "a window that has gone hears nothing";
 
   EXPECT_EQ(save(), VnHandleError);
   answer(3, {0, true});
-  EXPECT_THAT(client.requests, ElementsAre("3/2"));
+  EXPECT_THAT(client.names(), ElementsAre("3/2"));
   EXPECT_EQ(manager().getMeetingAction(), VnCmdUpdate);
   EXPECT_EQ(other.manager->getMeetingAction(), 0u);
   EXPECT_EQ(save(), VnHandleBlocked) << "it is not shown again";
@@ -281,7 +281,7 @@ TEST_F(Decisions, ALongMeetingOfASmallPlanWaitsForTheLastAnswerToItsOwnNotice) {
   vnScheduleErrorMessage stranger;
   stranger.setOLApptWindowID(id());
   stranger.postCommitCommand(true);
-  EXPECT_THAT(client.requests, ElementsAre("3/2", "3/2")) << "a notice that is no manager's";
+  EXPECT_THAT(client.names(), ElementsAre("3/2", "3/2")) << "a notice that is no manager's";
 }
 
 TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {
@@ -307,7 +307,7 @@ TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {
                 0);
       test.runLoop.runFor(0.01);
       EXPECT_EQ(test.presenter.alerts.size(), hasLicence ? 0u : 1u);
-      EXPECT_THAT(client.requests, ElementsAreArray(hasLicence ? row.requests : std::vector<std::string>{}));
+      EXPECT_THAT(client.names(), ElementsAreArray(hasLicence ? row.requests : std::vector<std::string>{}));
       EXPECT_THAT(panels.panel.calls, ElementsAreArray(hasLicence ? row.panel : std::vector<std::string>{}));
       EXPECT_EQ(hostSaves, 0);
     }
@@ -334,7 +334,7 @@ TEST_F(Decisions, TheServiceLearnsAnAppointmentsUUIDTheFirstTimeThatItHasOne) {
     uuidAtStore = row.after;
     client.requests.clear();
     manager().finish().closeOLAppointment(window->bar->editor);
-    EXPECT_THAT(client.requests,
+    EXPECT_THAT(client.names(),
                 ElementsAreArray(row.isTold ? std::vector<std::string>{"3/2"} : std::vector<std::string>{}));
     EXPECT_FALSE(test.presenter.showsProgress());
   }
@@ -395,7 +395,7 @@ TEST_F(Decisions, AMeetingIsRecognisedByItsRecordOrItsCalendarText) {
     // The user's choice stays, so a record that says otherwise makes it a changed one.
     EXPECT_EQ(data().isForceIncludeJoinurlInLocationChanged(), byRecord);
   }
-  EXPECT_THAT(client.requests, IsEmpty());
+  EXPECT_THAT(client.names(), IsEmpty());
 }
 
 TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
@@ -432,8 +432,8 @@ TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
     EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().take(window->bar).getJoinURLFromProperty(),
               data().joinUrl());
     EXPECT_EQ(window->bar->shown, row.isTaken ? VnUIMeeting : VnUINotMeeting);
-    EXPECT_THAT(client.requests, ElementsAreArray(row.isTaken && !row.knowsAccount ? std::vector<std::string>{"6"}
-                                                                                   : std::vector<std::string>{}));
+    EXPECT_THAT(client.names(), ElementsAreArray(row.isTaken && !row.knowsAccount ? std::vector<std::string>{"6"}
+                                                                                  : std::vector<std::string>{}));
   }
 }
 
@@ -468,8 +468,8 @@ TEST_F(Decisions, AReplyForAWindowThatHasGoneShowsAndStoresNothing) {
   data().setSavedApptInfo(with(vn_Outlook_ApptInfo, vn_ApptInfo_Subject, "Renamed")[vn_Outlook_ApptInfo]);
   manager().setState(VnStateCommitting);
   reply(VnCmdGetMeeting);
-  EXPECT_EQ(client.requests.back(), "3/2");
-  EXPECT_THAT(client.contents.back(), testing::HasSubstr("Renamed"));
+  EXPECT_EQ(client.names().back(), "3/2");
+  EXPECT_THAT(client.requests.back().second, testing::HasSubstr("Renamed"));
   EXPECT_EQ(window->bar->shown, VnUINotMeeting);
   EXPECT_FALSE(isWritten());
   EXPECT_EQ(hostSaves, 0);

@@ -13,7 +13,7 @@
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "meeting.pb.h"
-#include "tests/workflow/FakeClient.h"
+#include "tests/support/RecordingClient.h"
 #include "tests/workflow/FakeWindow.h"
 #include "util/EncodeUtils.h"
 #include "workflow/SettingsPanel.h"
@@ -151,7 +151,7 @@ class MeetingFixture : public testing::Test {
   }
 
   TestPlatform test;
-  FakeClient& client = FakeClient::install(test);
+  RecordingClient& client = RecordingClient::install(test);
   FakePanels panels;
   std::unique_ptr<FakeWindow> window;
   int hostSaves = 0;

@@ -72,7 +72,7 @@ TEST_F(Panel, ItsEndTakesTheWayOfItsButtonAndOfTheCommandThatOpenedIt) {
              {keyVNUserOperator, row.isByPanel ? keyVNSettingCommit : ""},
              {keyButtonClickIsOK, row.isOK}}));
     EXPECT_EQ(manager().getMeetingAction(), row.action);
-    EXPECT_THAT(client.requests, ElementsAreArray(row.requests));
+    EXPECT_THAT(client.names(), ElementsAreArray(row.requests));
     EXPECT_EQ(data().forceIncludeJoinUrlInLocation(), !row.isOwn);
     EXPECT_EQ(data().putInvitationAtTheTop(), row.isOwn);
     EXPECT_EQ(data().selectInvitationLanguage(), row.isOwn ? "de-DE" : "en-US");
@@ -121,10 +121,10 @@ TEST_F(Panel, ThePersonalMeetingIsThatOfWhomTheMeetingIsFor) {
     MeetingWindow opened = MeetingWindow::ofBar(window->bar);
     manager().settingsFlow().getPMIMeetingInfo(opened, VnStatePMIForSettings);
     EXPECT_EQ(manager().state(), row.asked ? VnStatePMIForSettings : VnStateIdle);
-    EXPECT_THAT(client.requests, ElementsAreArray(row.asked ? Names{"3/4"} : Names{}));
+    EXPECT_THAT(client.names(), ElementsAreArray(row.asked ? Names{"3/4"} : Names{}));
     EXPECT_EQ(test.presenter.showsProgress(), row.asked != nullptr);
     if (row.asked) {
-      EXPECT_EQ(client.contents.back(), "4;" + std::string(row.asked) + ";msOutlook;1");
+      EXPECT_EQ(client.requests.back().second, "4;" + std::string(row.asked) + ";msOutlook;1");
     }
   }
 }
@@ -157,7 +157,7 @@ TEST_F(Panel, WhatWaitedForTheProfileGoesOnWhenItHasCome) {
     panel.calls.clear();
     manager().setState(row.state);
     reply(VnCmdGetUserProfile);
-    EXPECT_THAT(client.requests, ElementsAreArray(row.requests));
+    EXPECT_THAT(client.names(), ElementsAreArray(row.requests));
     EXPECT_THAT(panel.calls, ElementsAreArray(row.panel));
     EXPECT_EQ(test.presenter.showsProgress(), row.showsProgress);
     EXPECT_FALSE(vnUserProfileHelper::sharedInstance().isAccountChanged());
@@ -171,7 +171,7 @@ TEST_F(Panel, AClickWithoutAPanelToShowAsksForTheProfileOrStops) {
     openWindow();
     client.requests.clear();
     manager().sendVnMeetingCommand(command, window->bar);
-    EXPECT_THAT(client.requests, ElementsAre("6"));
+    EXPECT_THAT(client.names(), ElementsAre("6"));
     EXPECT_EQ(test.presenter.showsProgress(), command == VnCmdChangeSettings);
   }
   knowAccount();
@@ -193,7 +193,7 @@ TEST_F(Panel, WhoMerelyOpensAnAppointmentIsNotToldThatTheClientIsMissing) {
   knowAccount();
   test.workspace.running.insert("us.vorn.xos");
   manager().settingsFlow().prepareUserProfile(opened, true);
-  EXPECT_THAT(client.requests, IsEmpty());
+  EXPECT_THAT(client.names(), IsEmpty());
 }
 
 TEST_F(Panel, AFaultOfACommitReachesThePanelOfItsOwnWindowAlone) {
@@ -285,18 +285,18 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
 
   test.presenter.answerAlert(0, Presenter::Answer::alternateButton);
   EXPECT_EQ(answered["meetingData"], dataOf("Interview"));
-  EXPECT_THAT(client.requests, ElementsAre("3/2"));
-  EXPECT_THAT(client.contents.back(), testing::Not(testing::HasSubstr("Interview")));
+  EXPECT_THAT(client.names(), ElementsAre("3/2"));
+  EXPECT_THAT(client.requests.back().second, testing::Not(testing::HasSubstr("Interview")));
 
   test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
-  EXPECT_THAT(client.requests, ElementsAre("3/2"));
+  EXPECT_THAT(client.names(), ElementsAre("3/2"));
   EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
 }
 
 TEST_F(Panel, PeopleToScheduleForAreAskedForWithoutASheet) {
   MeetingWindow opened = MeetingWindow::ofBar(window->bar);
   EXPECT_EQ(manager().settingsFlow().getScheduleForList(opened), 0);
-  EXPECT_THAT(client.requests, ElementsAre("11"));
+  EXPECT_THAT(client.names(), ElementsAre("11"));
   EXPECT_FALSE(test.presenter.showsProgress());
 }
 

@@ -99,6 +99,7 @@ InProcessSession::InProcessSession(const vornlab::LabOptions& options, vornlab::
   host().open(calendar);
   Platform platform = commonPlatform();
   platform.workspace = m_workspace.get();
+  platform.userDefaults = &m_userDefaults;
   Registry::install(platform);
   if (listen) {
     listen(world().home().string());
@@ -125,6 +126,10 @@ Value InProcessSession::ask(const std::string& question, const Value& parameters
 void InProcessSession::restartClient() {
   m_client.end();
   m_client.start();
+}
+
+void InProcessSession::saveInUserDefaults(const std::string& key, const std::string& value) {
+  m_userDefaults.setObject(vornlab::World::valueOfChoice(value), key);
 }
 
 bool InProcessSession::waitUntil(const std::function<bool()>& condition, double seconds) {

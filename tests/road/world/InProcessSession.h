@@ -8,6 +8,7 @@
 #include "platform/embedded/EmbeddedWorkspace.h"
 #include "platform/embedded/VirtualRunLoop.h"
 #include "tests/road/world/InProcessClient.h"
+#include "tests/support/FakePorts.h"
 
 namespace vorn {
 
@@ -42,6 +43,7 @@ class InProcessSession final : public vornlab::EmbeddedSession {
   void setFaults(const std::string& rules) override { m_client.setFaults(rules); }
   vornlab::MeetingStore& meetings() override { return m_client.service().meetings(); }
   bool talksByNotifications() const override { return false; }
+  void saveInUserDefaults(const std::string& key, const std::string& value) override;
   bool waitUntil(const std::function<bool()>& condition, double seconds) override;
 
  private:
@@ -54,6 +56,8 @@ class InProcessSession final : public vornlab::EmbeddedSession {
 
   InProcessClient m_client;
   std::unique_ptr<Workspace> m_workspace;
+  // The world's own are brought to the disk at each change.
+  MemoryUserDefaults m_userDefaults;
 };
 
 }  // namespace vorn

@@ -52,8 +52,9 @@ class FakeHost {
   };
 
   void teach(const std::string& className, const std::string& selector) {
-    const auto answer = [this, selector](const HostObject& receiver, const Arguments& arguments) {
-      const auto state = m_runtime.state<State>(receiver);
+    // The class outlives this object.
+    const auto answer = [&runtime = m_runtime, selector](const HostObject& receiver, const Arguments& arguments) {
+      const auto state = runtime.state<State>(receiver);
       if (!state) return Value();
       state->calls[selector].push_back(arguments);
       if (selector.rfind("set", 0) == 0 && selector.back() == ':' && arguments.size() == 1) {
