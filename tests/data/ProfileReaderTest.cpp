@@ -118,7 +118,7 @@ TEST_F(ProfileReaderTest, TellsAnAbsentFieldFromAZero) {
 }
 
 TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes) {
-  const auto fromUser = [this](const char* id, std::optional<int> type) {
+  const auto fromUser = [](const char* id, std::optional<int> type) {
     proto::UserProfile message;
     message.set_id(id);
     if (type) message.set_usertype(*type);

@@ -11,7 +11,6 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr double kStart = 1795424400;  // 2026-11-23 09:00 UTC
 constexpr double kHour = 3600;
 
 // One appointment with a meeting, and one without.
