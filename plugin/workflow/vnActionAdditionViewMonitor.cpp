@@ -17,7 +17,7 @@ template <typename Matches>
 std::shared_ptr<MeetingBar> firstMatch(const std::vector<std::shared_ptr<MeetingBar>>& listed,
                                        const Matches& matches) {
   // A copy: each look asks the host, which may open or close a window meanwhile.
-  const auto bars = listed;
+  const std::vector<std::shared_ptr<MeetingBar>> bars(listed.begin(), listed.end());
   const auto found = std::find_if(bars.begin(), bars.end(), [&](const auto& bar) { return matches(*bar); });
   return found == bars.end() ? nullptr : *found;
 }
