@@ -9,6 +9,7 @@
 #include "util/EncodeUtils.h"
 #include "util/vnOLUtils.h"
 #include "workflow/OwnerCheck.h"
+#include "workflow/vnOnbehalfData.h"
 
 namespace vorn {
 namespace {
@@ -237,6 +238,16 @@ TEST_F(WorkingData, TheFromAccountFitsEveryMeetingButOnesOwnThatIsNotStoredYet) 
     const OwnerCheck check(*window.manager->meetingDataMgr());
     MeetingWindow opened = MeetingWindow::ofBar(row.hasBar ? window.bar : nullptr);
     EXPECT_EQ(check.checkScheduleOwnerMatched(opened), row.fits) << row.name;
+  }
+}
+
+// A reply may name a window that has gone, and a bar may not have met its editor yet.
+TEST_F(WorkingData, NobodyIsActedForInAWindowThatShowsNoEditor) {
+  FakeWindow window(test);
+  vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
+  for (const OptionalText& id : {OptionalText(), OptionalText("none"), window.bar->getAppointmentWindowID()}) {
+    EXPECT_FALSE(onbehalf.isOnbehalf(id) || onbehalf.isCurrentScheduleVornForOther(id)) << id.value_or("-");
+    EXPECT_EQ(onbehalf.onbehalfEmail(id), "");
   }
 }
 
