@@ -63,7 +63,7 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
     const char* name;
     const char* toldKey;
     const char* toldUUID;
-    enum { alone, behindOne, behindARefusedOne } edit;
+    enum { alone, behindOne, behindARefusedOne, behindAnAnsweredOne } edit;
     const char* key;
     const char* originalNumber = "0";
   };
@@ -73,6 +73,7 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
       {"of none, to the only edit", "88", nullptr, Row::alone, "88"},
       {"of none, to one of two edits", "88", nullptr, Row::behindOne, "77"},
       {"of none, to the second of two edits, the first refused", "88", nullptr, Row::behindARefusedOne, "88"},
+      {"of none, to the second of two edits, the first answered", "88", nullptr, Row::behindAnAnsweredOne, "88"},
       {"of this appointment, to one of two edits", "88", "uuid", Row::behindOne, "88"},
       {"without a meeting", "", "uuid", Row::alone, "77"},
       {"of a personal meeting with a number of its own", "88", "uuid", Row::alone, "99", "99"},
@@ -87,6 +88,9 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
       window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
                                                                               meetingData(window, "66"));
       test.workspace.running.insert("us.vorn.xos");
+    }
+    if (row.edit == Row::behindAnAnsweredOne) {
+      window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
     }
     window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
                                                                             meetingData(window, "77"));

@@ -385,6 +385,10 @@ TEST_F(Decisions, AMeetingIsRecognisedByItsRecordOrItsCalendarText) {
     EXPECT_EQ(data().meetingKey(), row.key);
     EXPECT_EQ(window->bar->autoAdds, row.autoAdds);
     EXPECT_EQ(manager().openFromVornClient(), row.autoAdds == 1);
+    if (row.autoAdds == 1) {
+      EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().take(window->bar).getJoinURLFromProperty(),
+                data().joinUrl());
+    }
     EXPECT_EQ(window->bar->asksByUUID, row.asks);
     const bool byRecord = std::string(row.key) == "7";
     EXPECT_EQ(data().joinUrl(), byRecord            ? OptionalText("https://vorn.example/j/7")

@@ -74,6 +74,28 @@ TEST_F(Dispatch, AnyAccountButTheSecondIsTheFirst) {
   }
 }
 
+// Nothing comes back then, and a click does nothing.
+TEST_F(Dispatch, ABarThatIsNotListedHasNoManagerToSendACommand) {
+  vnApptUIActionMgr& door = vnApptUIActionMgr::sharedInstance();
+  const auto unlisted = std::make_shared<FakeBar>();
+  EXPECT_EQ(door.addVNMeeting(unlisted), 0);
+  EXPECT_EQ(door.cancelVNMeeting(unlisted, 0), 0);
+  EXPECT_EQ(door.changeVNMeeting(unlisted, 0), 0);
+  EXPECT_EQ(door.addPACMeeting(unlisted, 1), 0);
+  EXPECT_EQ(vnMeetingMgr::sharedInstance()->getMeetingAction(), 0u);
+}
+
+// An event without a window belongs to the shared manager, whose key is another appointment's during a drag.
+TEST_F(Dispatch, AnEventWithoutAWindowHasTheSharedManagersKeyButNotDuringAnEditOnTheCalendar) {
+  const HostObject event =
+      test.classRuntime.create("ECCalendarEvent", std::make_shared<Value>(Value::dictionary()));
+  vnMeetingMgr& shared = *vnMeetingMgr::sharedInstance();
+  shared.setMeetingKey("77");
+  EXPECT_EQ(WorkflowDirectory::sharedInstance().meetingKeyForEvent(event), "77");
+  shared.setIsDragAndMove(true);
+  EXPECT_EQ(WorkflowDirectory::sharedInstance().meetingKeyForEvent(event), "");
+}
+
 TEST_F(Dispatch, ASaveIsPassedOnUnlessTheMeetingHasSomethingToTell) {
   vnApptUIActionMgr& door = vnApptUIActionMgr::sharedInstance();
   const HostObject stranger = test.classRuntime.create("ERCalendarEventEditorViewController",

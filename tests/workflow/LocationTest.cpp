@@ -165,21 +165,28 @@ TEST_F(Location, TheUrlFollowsTheServiceAndTheUsersChoice) {
   }
 }
 
-TEST_F(Location, WithoutAFieldTheUrlOfTheStoredRecordIsTheOldOne) {
+TEST_F(Location, WithoutAFieldTheUrlOfTheStoredRecordIsTheOldOneAndWithAFieldTheWindowsOwn) {
   struct Row {
     const char* record;
     const char* shown;
+    bool hasField = false;
   };
   const Row rows[] = {
       {"{\"joinUrl\": \"https://vorn.example/j/old\"}", "Castle; https://vorn.example/j/new"},
       {"{\"joinUrl\": \"https://vorn.example/j/other\"}", "Castle; https://vorn.example/j/old"},
       {"no JSON", "Castle; https://vorn.example/j/old"},
+      {"{\"joinUrl\": \"https://vorn.example/j/other\"}", "Castle; https://vorn.example/j/new", true},
   };
   for (const Row& row : rows) {
     FakeWindow window(test);
-    window.set(window.bar->editor, "locationTextField", nullptr);
-    window.set(window.bar->event, "location", "Castle; https://vorn.example/j/old");
-    data(window).addUsedJoinUrlToList("https://vorn.example/j/old");
+    if (row.hasField) {
+      window.showLocation("Castle; https://vorn.example/j/old");
+      data(window).setJoinUrl("https://vorn.example/j/old");
+    } else {
+      window.set(window.bar->editor, "locationTextField", nullptr);
+      window.set(window.bar->event, "location", "Castle; https://vorn.example/j/old");
+      data(window).addUsedJoinUrlToList("https://vorn.example/j/old");
+    }
     data(window).setSavedApptInfo(Value::dictionaryFromPairs({{vn_ApptInfo_VnOIProperty, row.record}}));
     writeBack(window, "https://vorn.example/j/new", false);
     EXPECT_EQ(window.get(window.bar->event, "location").text(), row.shown) << row.record;

@@ -53,7 +53,9 @@ TEST_F(WorkingData, UsedJoinUrlsAreKeptOnceAndSplitByPasscode) {
   EXPECT_EQ(data.usedJoinUrlsList().size(), 2u);
   EXPECT_EQ(data.usedJoinUrlListWithPwd(), std::vector<std::string>{"https://vorn.example/j/1?pwd=x"});
   EXPECT_EQ(data.usedJoinUrlListWithoutPwd(), std::vector<std::string>{"https://vorn.example/j/1"});
+  data.setOccurrenceIsSingleVornMeeting(true);
   data.clearSavedMeetingData();
+  EXPECT_FALSE(data.occurrenceIsSingleVornMeeting());
   EXPECT_EQ(data.usedJoinUrlsList().size(), 2u);
   EXPECT_TRUE(data.forceIncludeJoinUrlInLocation());
 }
