@@ -334,7 +334,9 @@ TEST_F(StoreTime, AnotherRecordInsideTheFirstSaveOfANewAppointmentIsNotTakenForI
   const HostObject uid = test.classRuntime.create(
       "ECRecordUID", std::make_shared<Value>(Value::dictionaryFromPairs({{"recordExists", true}})));
   const HostObject other = record({{"UUID", "B"}, {"recordUID", uid}, {"body", "<p>other</p>"}});
-  const HostObject own = record({{"UUID", "C"}, {"body", ""}});
+  const HostObject newUid = test.classRuntime.create(
+      "ECRecordUID", std::make_shared<Value>(Value::dictionaryFromPairs({{"recordExists", false}})));
+  const HostObject own = record({{"UUID", "C"}, {"recordUID", newUid}, {"body", ""}});
   const RunningSave running(window.bar);
   StoreTimeWriter::write(other);
   StoreTimeWriter::write(own);
