@@ -40,7 +40,10 @@ void vnErageAppDelegate::openNewMeeting(std::string_view flag, const Value& argu
     proxy.newCalendarMeeting(Value());
     // The step that a window takes when it opens is under way now, and fetches what was left for it. What is still
     // there behind it waits for a window that never opened, and must not reach the next one.
-    Registry::platform().runLoop->performAfter(0, target, "forgetHandOver", &forgetHandOver);
+    // The host may have ended this system inside its call.
+    if (RunLoop* next = Registry::platform().runLoop) {
+      next->performAfter(0, target, "forgetHandOver", &forgetHandOver);
+    }
   });
 }
 
