@@ -12,7 +12,7 @@
 
 #include "lab/outlook/CalendarStore.h"
 
-@class NSWindow, ECCalendarEvent, OLCalendarDate, ERCalendarEventEditorViewController;
+@class NSMenu, NSWindow, ECCalendarEvent, OLCalendarDate, ERCalendarEventEditorViewController;
 @class ERCalendarEventEditorWindowController;
 
 // -- Views and windows -------------------------------------------------------------------------------------------
@@ -22,6 +22,8 @@
   NSMutableArray* m_subviews;
   NSView* m_superview;
   NSWindow* m_window;
+  NSMenu* m_menu;
+  NSString* m_toolTip;
   BOOL m_hidden;
 }
 - (id)initWithFrame:(NSRect)frame;
@@ -37,6 +39,11 @@
 - (void)addSubview:(NSView*)view;
 - (void)removeFromSuperview;
 - (void)drawRect:(NSRect)dirty;
+- (void)setNeedsDisplay:(BOOL)needsDisplay;
+- (NSMenu*)menu;
+- (void)setMenu:(NSMenu*)menu;
+- (NSString*)toolTip;
+- (void)setToolTip:(NSString*)text;
 @end
 
 @interface NSTextField : NSView {

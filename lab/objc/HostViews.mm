@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "lab/objc/HostClasses.h"
+#import "lab/objc/HostControls.h"
 
 @implementation NSView
 - (id)init {
@@ -19,6 +19,8 @@
   NSEnumerator* below = [m_subviews objectEnumerator];
   while (NSView* view = [below nextObject]) view->m_superview = nil;
   [m_subviews release];
+  [m_menu release];
+  [m_toolTip release];
   [super dealloc];
 }
 - (NSRect)frame {
@@ -59,6 +61,25 @@
 }
 - (void)drawRect:(NSRect)dirty {
   (void)dirty;
+}
+- (void)setNeedsDisplay:(BOOL)needsDisplay {
+  (void)needsDisplay;
+}
+- (NSMenu*)menu {
+  return m_menu;
+}
+- (void)setMenu:(NSMenu*)menu {
+  [menu retain];
+  [m_menu release];
+  m_menu = menu;
+}
+- (NSString*)toolTip {
+  return m_toolTip;
+}
+- (void)setToolTip:(NSString*)text {
+  NSString* copy = [text copy];
+  [m_toolTip release];
+  m_toolTip = copy;
 }
 @end
 

@@ -10,19 +10,12 @@
 #include <fstream>
 
 #include "lab/client/Account.h"
-#include "lab/objc/HostClasses.h"
+#include "lab/objc/HostControls.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/TemporaryFolder.h"
 #include "util/AtomicFile.h"
-
-// What the plug-in's bar answers.
-@protocol vnBarButtons
-- (bool)isAddButtonHidden;
-- (bool)isCancelButtonHidden;
-- (void)onClickAddVornMeeting:(id)sender;
-@end
 
 namespace vornlab {
 
@@ -51,11 +44,14 @@ World::Options worldOptions(const LabOptions& options) {
   return world;
 }
 
-NSView<vnBarButtons>* barIn(NSView* header) {
+// The bar's buttons, by what they send.
+constexpr const char* kAdd = "onClickAddVornMeeting:";
+constexpr const char* kCancel = "onClickCancelVornMeeting:";
+
+NSView* barIn(NSView* header) {
   NSEnumerator* views = [[header subviews] objectEnumerator];
   while (NSView* view = [views nextObject]) {
-    if ([NSStringFromClass([view class]) isEqual:@"vnActionAdditionView"])
-      return static_cast<NSView<vnBarButtons>*>(view);
+    if ([NSStringFromClass([view class]) isEqual:@"vnActionAdditionView"]) return view;
   }
   return nil;
 }
@@ -169,14 +165,14 @@ std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {
   if (!waitForQuiet()) return tooLate;
   if (isAlerted()) return alert;
 
-  NSView<vnBarButtons>* bar = barIn(controller->m_header);
+  NSView* bar = barIn(controller->m_header);
   if (!bar) return "the plug-in put no bar into the editor";
-  if (![bar isAddButtonHidden]) {
-    [bar onClickAddVornMeeting:bar];
+  const auto showsMeeting = [bar] { return isShown(buttonWithAction(bar, kCancel)); };
+  if (pressButton(buttonWithAction(bar, kAdd), kAdd)) {
     if (!waitForQuiet()) return tooLate;
     if (isAlerted()) return alert;
-    if ([bar isCancelButtonHidden]) return "the plug-in did not add a meeting";
-  } else if ([bar isCancelButtonHidden]) {
+    if (!showsMeeting()) return "the plug-in did not add a meeting";
+  } else if (!showsMeeting()) {
     result.outcome = Outcome::skipped;
     return "the plug-in offers no meeting for it";
   }

@@ -58,10 +58,17 @@ void HostWorld::defineMainWindow() {
 
 void HostWorld::defineToolbar() {
   runtime.defineClass("NSToolbar", "NSObject");
-  runtime.defineClass("NSToolbarItem", "NSObject");
-  const auto makeItem = [this](const std::string& identifier) {
-    return runtime.create("NSToolbarItem", std::make_shared<std::string>(identifier));
-  };
+  method("NSToolbarItem", "initWithItemIdentifier:", [this](const HostObject& self, const Arguments& arguments) {
+    properties(self).set("itemIdentifier", firstOf(arguments));
+    return self;
+  });
+  method("NSToolbarItem", "itemIdentifier",
+         [this](const HostObject& self, const Arguments&) { return properties(self)["itemIdentifier"]; });
+  action("NSToolbarItem", "validate", [](const HostObject&, const Arguments&) {});
+  // What the toolbar does with an item without a view that is clicked.
+  action("NSToolbarItem", "mouseDown:", [this](const HostObject& self, const Arguments&) {
+    send(send(self, "target").object(), send(self, "action").text(), {self});
+  });
 
   // The host knows the items that it was set up with and makes no other.
   const auto identifiers = [this](const HostObject&, const Arguments&) {
@@ -72,18 +79,16 @@ void HostWorld::defineToolbar() {
   method("ERageMainWindowController", "toolbarDefaultItemIdentifiers:", identifiers);
   method("ERageMainWindowController", "toolbarAllowedItemIdentifiers:", identifiers);
   method("ERageMainWindowController", "toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:",
-         [this, makeItem](const HostObject&, const Arguments& arguments) {
+         [this](const HostObject&, const Arguments& arguments) {
            const std::string identifier = argumentAt(arguments, 1).text();
            const bool isKnown =
                std::find(options.toolbar.begin(), options.toolbar.end(), identifier) != options.toolbar.end() ||
                identifier.starts_with("NSToolbar");
-           return isKnown ? makeItem(identifier) : HostObject();
+           if (!isKnown) return HostObject();
+           return runtime.instantiate(runtime.NSClassFromString("NSToolbarItem"),
+                                      "initWithItemIdentifier:", {identifier});
          });
 
-  method("NSToolbarItem", "itemIdentifier", [this](const HostObject& self, const Arguments&) {
-    const auto identifier = runtime.state<std::string>(self);
-    return identifier ? Value(*identifier) : Value();
-  });
   const auto items = [this](const HostObject& self, const Arguments&) {
     Value list = Value::array();
     if (const auto toolbar = runtime.state<HostToolbar>(self)) {
@@ -104,11 +109,75 @@ void HostWorld::defineToolbar() {
                send(toolbar->delegate,
                     "toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:", {self, firstOf(arguments), true})
                    .object();
-           if (item) toolbar->items.insert(toolbar->items.begin() + index, item);
+           if (item) toolbar->items.insert(toolbar->items.begin() + index, runtime.retained(item));
          });
 }
 
+HostWorld::Control HostWorld::toolbarControl(const ControlName& name) const {
+  const HostObject window = send(mainWindowController, "window").object();
+  const Value items = send(send(window, "toolbar").object(), "items");
+  for (const Value& item : items.items()) {
+    send(item.object(), "validate");
+    const HostObject view = send(item.object(), "view").object();
+    if (const Control found = controlAt(view ? view : item.object(), name); found.view) return found;
+  }
+  return {};
+}
+
+void HostWorld::defineRibbon() {
+  const auto viewOf = [this](const HostObject& self) { return view(self); };
+  constexpr HostMethodOn<HostView> ofChunk[] = {
+      {"title", [](const HostCall&, HostView& view) { return Value(view.text); }}};
+  defineOn("OUIRibbonChunkView", ofChunk, viewOf);
+  method("OUIRibbonView", "activeTabIndex",
+         [this](const HostObject&, const Arguments&) { return static_cast<std::int64_t>(ribbon.tab); });
+}
+
+void HostWorld::buildRibbon() {
+  const HostObject contentView = send(send(mainWindowController, "window").object(), "contentView").object();
+  if (!contentView) return;
+  send(ribbon.view, "removeFromSuperview");
+  destroyViews(ribbon.view);
+  ribbon.view = makeView("OUIRibbonView", rectangle(0, 700, 1200, 100));
+  ribbon.container = makeView("OUIRibbonChunkContainerView", rectangle(0, 0, 1200, 80));
+  send(ribbon.view, "addSubview:", {ribbon.container});
+  send(contentView, "addSubview:", {ribbon.view});
+}
+
+void HostWorld::showRibbonTab(std::uint32_t tab) {
+  ribbon.tab = tab;
+  if (!ribbon.container) return;
+  // The host takes out what it has put in, and nothing else.
+  const Value before = send(ribbon.container, "subviews");
+  for (const Value& chunk : before.items()) {
+    if (runtime.className(chunk.object()) != "OUIRibbonChunkView") continue;
+    send(chunk.object(), "removeFromSuperview");
+    destroyViews(chunk.object());
+  }
+  std::vector<const char*> titles = {"New", "Delete", "Respond"};
+  if (tab != 0) titles = {"New", "Arrange"};
+  if (tab == 0 && options.hasAddinsChunk) titles.push_back("Add-ins");
+  double x = 0;
+  for (const char* title : titles) {
+    constexpr double width = 120;
+    const HostObject chunk = makeView("OUIRibbonChunkView", rectangle(x, 0, width, 80));
+    view(chunk)->text = title;
+    send(ribbon.container, "addSubview:", {chunk});
+    x += width;
+  }
+  send(ribbon.container, "drawRect:", {rectangle(0, 0, 1200, 80)});
+}
+
 void HostWorld::fillMainWindow(HostWindow& window) {
+  if (options.hasToolbar) fillToolbar(window);
+  buildRibbon();
+  grid.view = makeView("NSView", rectangle(0, 0, 1200, 700));
+  send(window.contentView, "addSubview:", {grid.view});
+  grid.controller = runtime.create("CCGridViewController");
+  grid.wrapper = runtime.create("OLCalendarGridViewWrapper");
+}
+
+void HostWorld::fillToolbar(HostWindow& window) {
   const auto state = std::make_shared<HostToolbar>();
   state->delegate = window.controller;
   window.toolbar = runtime.create("NSToolbar", state);
@@ -117,19 +186,13 @@ void HostWorld::fillMainWindow(HostWindow& window) {
     send(window.toolbar,
          "insertItemWithItemIdentifier:atIndex:", {identifier, static_cast<std::int64_t>(state->items.size())});
   }
-  grid.view = makeView("NSView", rectangle(0, 0, 1200, 700));
-  send(window.contentView, "addSubview:", {grid.view});
-  grid.controller = runtime.create("CCGridViewController");
-  grid.wrapper = runtime.create("OLCalendarGridViewWrapper");
 }
 
 void HostWorld::emptyMainWindow() {
   const HostObject window = send(mainWindowController, "window").object();
   const HostObject toolbar = send(window, "toolbar").object();
-  if (const auto held = runtime.state<HostToolbar>(toolbar)) {
-    for (const HostObject& item : held->items) runtime.destroy(item);
-  }
   runtime.destroy(toolbar);
+  ribbon = {};
   runtime.destroy(grid.wrapper);
   runtime.destroy(grid.controller);
   grid = {};

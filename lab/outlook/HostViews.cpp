@@ -120,9 +120,11 @@ HostObject HostWorld::makeView(std::string_view className, const Value& frame) {
 
 void HostWorld::addSubview(const HostObject& superview, const HostObject& subview) {
   if (!runtime.isAlive(subview) || superview == subview) return;
+  // A view belongs to its superview, and to whoever else holds it, and never to what is below it.
+  const HostObject held = runtime.retained(subview);
   removeFromSuperview(subview);
-  view(subview)->superview = superview;
-  view(superview)->subviews.push_back(subview);
+  view(subview)->superview = HostObject(superview.address());
+  view(superview)->subviews.push_back(held);
 }
 
 void HostWorld::removeFromSuperview(const HostObject& object) {

@@ -29,6 +29,13 @@ struct HostView {
   std::vector<HostObject> subviews;
   bool isHidden = false;
   std::string text;
+  // What was set at it by its name, such as "toolTip".
+  Value properties = Value::dictionary();
+};
+
+// What a menu, an item of one, or an image holds, likewise.
+struct HostThing {
+  Value properties = Value::dictionary();
 };
 
 struct HostWindow {
@@ -87,7 +94,14 @@ struct HostGrid {
   HostObject selectedEvent;
 };
 
-// What an NSToolbar holds. An NSToolbarItem holds its identifier, a std::string.
+// The ribbon in the main window; all absent while that is closed.
+struct HostRibbon {
+  HostObject view;
+  HostObject container;
+  std::uint32_t tab = 0;
+};
+
+// What an NSToolbar holds.
 struct HostToolbar {
   HostObject delegate;
   std::vector<HostObject> items;
@@ -130,6 +144,7 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   HostObject eventResponder;
   HostObject mainWindowController;
   HostGrid grid;
+  HostRibbon ribbon;
   // The editor whose window the event comes from that the application handles at present; null for none.
   std::shared_ptr<HostEditor> editorOfCurrentEvent;
   // One object for each name, so that the same zone is the same object.
@@ -138,6 +153,9 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   OutlookHost::EditorId lastEditor = 0;
   // When the next new appointment begins.
   double newEventStart = 0;
+  // The item that the person chooses in the next menu, and whether that could be done.
+  std::optional<ControlName> menuChoice;
+  bool hasChosen = false;
   int sentCount = 0;
   int storedCount = 0;
 
@@ -170,6 +188,7 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
 
   // Each defines the classes of one subject. The views come first: the others build on them.
   void defineViews();
+  void defineControls();
   void defineDates();
   void defineEvents();
   void defineRecords();
@@ -178,6 +197,7 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   void defineComposeView();
   void defineMainWindow();
   void defineToolbar();
+  void defineRibbon();
   void defineGrid();
 
   // Defines an instance method as a function of the receiver and the arguments.
@@ -195,6 +215,22 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
       return Value();
     });
   }
+
+  // A button with an action; or the item with it of the menu that a view opens, and that view.
+  struct Control {
+    HostObject view;
+    HostObject item;
+  };
+  // Anywhere below the view, or at it; absent when there is none.
+  Control controlNamed(const HostObject& root, const ControlName& name) const;
+  Control controlAt(const HostObject& view, const ControlName& name) const;
+  // The toolbar's item that is the control, or whose view opens a menu with it; an item shows nothing else.
+  Control toolbarControl(const ControlName& name) const;
+  // As a person does: false when the control cannot be seen or is disabled.
+  bool press(const Control& control, const ControlName& name);
+  OutlookHost::Control look(const Control& control) const;
+  // What was set at a view, a menu, an item or an image.
+  Value& properties(const HostObject& object);
 
   std::shared_ptr<HostView> view(const HostObject& object);
   HostObject makeView(std::string_view className, const Value& frame);
@@ -220,7 +256,12 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   // Stores what differs, by the name of the reader, through a record of its own; false when it was not stored.
   bool storeChanges(HostEvent& shown, const Value& changes);
 
+  // Builds the ribbon with the chunks of the tab that is active; the one before ends.
+  void buildRibbon();
+  // Shows the tab's chunks in the ribbon that stands, and draws it.
+  void showRibbonTab(std::uint32_t tab);
   void fillMainWindow(HostWindow& window);
+  void fillToolbar(HostWindow& window);
   void emptyMainWindow();
   // Selects an appointment in the grid and gives its event; absent when either is not there.
   HostObject selectInGrid(std::string_view uid, std::string_view recurrenceId);

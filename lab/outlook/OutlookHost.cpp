@@ -25,6 +25,7 @@ OutlookHost::~OutlookHost() = default;
 
 void OutlookHost::defineClasses() {
   m_world->defineViews();
+  m_world->defineControls();
   m_world->defineDates();
   m_world->defineEvents();
   m_world->defineRecords();
@@ -33,6 +34,7 @@ void OutlookHost::defineClasses() {
   m_world->defineComposeView();
   m_world->defineMainWindow();
   m_world->defineToolbar();
+  m_world->defineRibbon();
   m_world->defineGrid();
 }
 
@@ -48,6 +50,7 @@ void OutlookHost::openMainWindow() {
   m_world->mainWindowController = window->controller;
   m_world->fillMainWindow(*window);
   m_world->send(window->controller, "windowDidBecomeMain:", {Value::dictionaryFromPairs({{"object", made}})});
+  showCalendarPane();
 }
 
 void OutlookHost::closeMainWindow() {
@@ -146,11 +149,12 @@ HostObject OutlookHost::barView(EditorId id) const {
   return {};
 }
 
-bool OutlookHost::clickBar(EditorId id, std::string_view selector) {
-  const HostObject bar = barView(id);
-  if (!m_world->runtime.respondsTo(bar, selector)) return false;
-  m_world->send(bar, selector, {bar});
-  return true;
+OutlookHost::Control OutlookHost::barControl(EditorId id, const ControlName& name) const {
+  return m_world->look(m_world->controlNamed(barView(id), name));
+}
+
+bool OutlookHost::clickBar(EditorId id, const ControlName& name) {
+  return m_world->press(m_world->controlNamed(barView(id), name), name);
 }
 
 void OutlookHost::save(EditorId id) { m_world->send(viewController(id), "save:", {Value(nullptr)}); }

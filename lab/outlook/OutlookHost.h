@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "lab/outlook/CalendarStore.h"
@@ -15,6 +17,15 @@
 namespace vornlab {
 
 struct HostWorld;
+
+// How a control is known: by the action that it sends, and among entries of a menu that share one by their tag.
+struct ControlName {
+  std::string action;
+  std::optional<std::int64_t> tag{};
+
+  ControlName(const char* sent) : action(sent) {}
+  ControlName(std::string sent, std::optional<std::int64_t> entry) : action(std::move(sent)), tag(entry) {}
+};
 
 // The stand-in host: its classes, and what a person does at it.
 //
@@ -40,6 +51,9 @@ class OutlookHost {
     double headerWidth = 900;
     // The identifiers in the main window's toolbar, from left to right.
     std::vector<std::string> toolbar = {"OLNewItem", "NSToolbarFlexibleSpaceItem", "OLSearchItem"};
+    // The window has a toolbar, and the mail's tab of the ribbon the chunk of the store of add-ins.
+    bool hasToolbar = true;
+    bool hasAddinsChunk = true;
   };
 
   OutlookHost(vorn::EmbeddedClassRuntime& runtime, vorn::HostRunLoop& runLoop, vorn::NotificationCenter& center,
@@ -79,9 +93,21 @@ class OutlookHost {
 
   // The plug-in's bar in the header of the editor; absent when none has come up.
   vorn::HostObject barView(EditorId editor) const;
-  // Sends the bar the selector of one of its buttons, with the bar as the sender. False when there is no bar or it
-  // does not answer the selector.
-  bool clickBar(EditorId editor, std::string_view selector);
+  // A button or a menu's item, as a person sees it.
+  struct Control {
+    bool exists = false;
+    bool isShown = false;
+    bool isEnabled = false;
+    std::string title;
+    // The name of the image; "" for none.
+    std::string image;
+    std::string toolTip;
+  };
+  // The bar's control of that name.
+  Control barControl(EditorId editor, const ControlName& name) const;
+  // Clicks it: a button, or an item of the menu that a button opens. False when it is not there, hidden or
+  // disabled.
+  bool clickBar(EditorId editor, const ControlName& name);
 
   // The three ways to finish. Each returns when the host's own call has returned; a plug-in may have put the work
   // off, and isOpen() and isDirty() then tell when it is over.
@@ -121,8 +147,22 @@ class OutlookHost {
   // not be open.
   bool cancelMeeting(std::string_view uid, std::string_view recurrenceId);
 
+  // In the main window. Each pane loads with its tab of the ribbon: mail with 0, the calendar with 2.
+  void showMailPane();
+  void showCalendarPane();
+  // Another tab, which puts its own chunks into the ribbon.
+  void chooseRibbonTab(std::uint32_t tab);
+  // As the host does when its window changes its size by much: another ribbon with the same tab.
+  void rebuildRibbon();
   // The identifiers of the items that the main window's toolbar shows, from left to right.
   std::vector<std::string> toolbarItems() const;
+  // Drags an item from the palette to the right end; false when the host does not know it.
+  bool addToolbarItem(std::string_view identifier);
+  // Controls of the ribbon, and of the toolbar, which asks each item first whether it may be used.
+  Control ribbonControl(const ControlName& name) const;
+  bool clickRibbon(const ControlName& name);
+  Control toolbarControl(const ControlName& name) const;
+  bool clickToolbar(const ControlName& name);
 
   bool isOpen(EditorId editor) const;
   bool isDirty(EditorId editor) const;

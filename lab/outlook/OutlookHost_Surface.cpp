@@ -7,6 +7,10 @@ namespace vornlab {
 
 namespace {
 
+// The ribbon's tabs that come with a pane.
+constexpr std::uint32_t kMailTab = 0;
+constexpr std::uint32_t kCalendarTab = 2;
+
 // What the host hands along while a drag goes on; no tile and no flag of a drag exist here.
 const Value kNoTile;
 const Value kNoFlag;
@@ -55,6 +59,49 @@ bool OutlookHost::cancelMeeting(std::string_view uid, std::string_view recurrenc
   m_world->send(m_world->makeEvent(*stored),
                 "cancelMeetingInWindow:", {m_world->send(m_world->mainWindowController, "window")});
   return stored->isRemoved();
+}
+
+void OutlookHost::showMailPane() {
+  m_world->ribbon.tab = kMailTab;
+  m_world->send(m_world->mainWindowController, "loadMailPane");
+  m_world->showRibbonTab(kMailTab);
+}
+
+void OutlookHost::showCalendarPane() {
+  m_world->ribbon.tab = kCalendarTab;
+  m_world->send(m_world->mainWindowController, "loadCalendarPane");
+  m_world->showRibbonTab(kCalendarTab);
+}
+
+void OutlookHost::chooseRibbonTab(std::uint32_t tab) { m_world->showRibbonTab(tab); }
+
+void OutlookHost::rebuildRibbon() {
+  m_world->buildRibbon();
+  m_world->showRibbonTab(m_world->ribbon.tab);
+}
+
+OutlookHost::Control OutlookHost::ribbonControl(const ControlName& name) const {
+  return m_world->look(m_world->controlNamed(m_world->ribbon.view, name));
+}
+
+bool OutlookHost::clickRibbon(const ControlName& name) {
+  return m_world->press(m_world->controlNamed(m_world->ribbon.view, name), name);
+}
+
+OutlookHost::Control OutlookHost::toolbarControl(const ControlName& name) const {
+  return m_world->look(m_world->toolbarControl(name));
+}
+
+bool OutlookHost::clickToolbar(const ControlName& name) {
+  return m_world->press(m_world->toolbarControl(name), name);
+}
+
+bool OutlookHost::addToolbarItem(std::string_view identifier) {
+  const HostObject window = m_world->send(m_world->mainWindowController, "window").object();
+  const HostObject toolbar = m_world->send(window, "toolbar").object();
+  const std::size_t count = toolbarItems().size();
+  m_world->send(toolbar, "insertItemWithItemIdentifier:atIndex:", {identifier, static_cast<std::int64_t>(count)});
+  return toolbarItems().size() > count;
 }
 
 std::vector<std::string> OutlookHost::toolbarItems() const {

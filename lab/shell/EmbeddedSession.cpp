@@ -53,7 +53,6 @@ EmbeddedSession::EmbeddedSession(const LabOptions& options, const OutlookHost::O
       m_runLoop(std::move(runLoop)),
       m_userDefaults(m_world.preferences().string(), kHostDomain),
       m_surroundings(inWorld(std::move(surroundings), m_world, options)),
-      m_presenter(m_runtime),
       m_host(m_runtime, *m_runLoop, m_center, hostOptions) {
   // Where an alert offers to start the client, the person declines.
   m_presenter.setAnswer(vorn::Presenter::Answer::alternateButton);

@@ -17,6 +17,10 @@ std::string meetingKeyOf(const CalendarEvent& event) {
   return "";
 }
 
+// The bar's buttons, by what they send.
+constexpr const char* kAdd = "onClickAddVornMeeting:";
+constexpr const char* kCancel = "onClickCancelVornMeeting:";
+
 }  // namespace
 
 MeetResult describe(const CalendarEvent& event) {
@@ -72,9 +76,9 @@ MeetResult MeetingRoad::take(CalendarEvent event) {
 std::string MeetingRoad::walk(EditorId editor, MeetResult& result) {
   if (std::string reason = waitForQuiet(); !reason.empty()) return reason;
   if (!m_session.host().barView(editor)) return "the plug-in put no bar into the editor";
-  if (isShown(editor, "isAddButtonHidden")) {
+  if (isShown(editor, kAdd)) {
     if (std::string reason = addMeeting(editor); !reason.empty()) return reason;
-  } else if (!isShown(editor, "isCancelButtonHidden")) {
+  } else if (!isShown(editor, kCancel)) {
     result.outcome = Outcome::skipped;
     return "the plug-in offers no meeting for it";
   }
@@ -83,9 +87,9 @@ std::string MeetingRoad::walk(EditorId editor, MeetResult& result) {
 
 std::string MeetingRoad::addMeeting(EditorId editor) {
   tell("clicks Add");
-  m_session.host().clickBar(editor, "onClickAddVornMeeting:");
+  m_session.host().clickBar(editor, kAdd);
   if (std::string reason = waitForQuiet(); !reason.empty()) return reason;
-  if (isShown(editor, "isCancelButtonHidden")) return "";
+  if (isShown(editor, kCancel)) return "";
   const std::string& refusal = m_session.trace().refusal();
   return refusal.empty() ? "the plug-in did not add a meeting" : "the client refused, with error " + refusal;
 }
@@ -117,8 +121,8 @@ std::string MeetingRoad::waitForQuiet() {
   return "the client did not answer within " + secondsInWords(m_timeoutSeconds);
 }
 
-bool MeetingRoad::isShown(EditorId editor, const char* isHiddenSelector) {
-  return !m_session.runtime().send(m_session.host().barView(editor), isHiddenSelector).boolValue();
+bool MeetingRoad::isShown(EditorId editor, const char* action) {
+  return m_session.host().barControl(editor, action).isShown;
 }
 
 void MeetingRoad::tell(const std::string& act) const {

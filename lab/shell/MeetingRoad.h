@@ -31,7 +31,7 @@ class MeetingRoad {
   std::string finishEditing(EditorId editor);
   std::string waitForQuiet();
 
-  bool isShown(EditorId editor, const char* isHiddenSelector);
+  bool isShown(EditorId editor, const char* action);
   void tell(const std::string& act) const;
   double secondsLeft() const;
 

@@ -83,6 +83,12 @@ class ClassRuntime {
   // into it first, and the class it comes from and its other heirs stay as they are.
   virtual void method_exchangeImplementations(MethodRef first, MethodRef second) = 0;
 
+  // Makes a class of ours below one of the host's. A name that is known already gives the class that has it; an
+  // unknown superclass gives a false reference.
+  virtual ClassRef defineClass(std::string_view name, std::string_view superclass) = 0;
+  // Makes an object of the class by one of its initialisers. It lives as long as a copy of the reference, or as
+  // long as the host holds it. Absent for a false reference, and when the initialiser gives none.
+  virtual HostObject instantiate(ClassRef target, std::string_view initialiser, const Arguments& arguments) = 0;
   // The object that stands for the class as a receiver; absent for a false reference.
   virtual HostObject classObject(ClassRef target) = 0;
   // Sends a selector by name.

@@ -11,13 +11,6 @@
 
 namespace vorn {
 
-struct Rect {
-  double x = 0;
-  double y = 0;
-  double width = 0;
-  double height = 0;
-};
-
 // Everything that this system puts before the user's eyes. Main thread only.
 class Presenter {
  public:
@@ -62,12 +55,6 @@ class Presenter {
   // ordinary run loop. Each call shows one of its own. Never null: on a host that cannot show it, there is nothing
   // to see.
   [[nodiscard]] virtual std::unique_ptr<Progress> beginProgress(std::string_view message) = 0;
-
-  // Makes a view of the given class of ours in the host's runtime, with no superview. The view lives until
-  // releaseView() or the end of its superview. Absent when the host has no views. releaseView() raises nothing,
-  // whatever the host does.
-  virtual HostObject createView(std::string_view className, const Rect& frame) = 0;
-  virtual void releaseView(const HostObject& view) = 0;
 };
 
 inline constexpr Presenter::Answer Presenter::Answer::defaultButton{0};

@@ -28,6 +28,8 @@ class Surroundings {
   virtual std::string userApplicationsDirectory() = 0;
   // The whole content of a resource of the bundle, by name and type; absent when there is none.
   virtual std::optional<std::string> resource(std::string_view name, std::string_view type) = 0;
+  // Where such a resource lies, there or not; "" without a bundle, and for a name that is a path.
+  virtual std::string resourcePath(std::string_view name, std::string_view type) = 0;
   virtual Version systemVersion() = 0;
   // Language tags, the preferred one first; never empty.
   virtual std::vector<std::string> preferredLanguages() = 0;

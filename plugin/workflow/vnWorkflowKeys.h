@@ -27,5 +27,7 @@ inline constexpr std::string_view keyFlagAutoAddToVnMeeting = "keyFlagAutoAddToV
 inline constexpr std::string_view keyFlagAutoAddToPACMeeting = "keyFlagAutoAddToPACMeeting";
 inline constexpr std::string_view keyFlagAutoUpdateVnMeeting = "keyFlagAutoUpdateVnMeeting";
 inline constexpr std::string_view keyFlagVnMeetingArgument = "keyFlagVnMeetingArgument";
+// In the argument: the account of the personal audio conference, 1 or 2.
+inline constexpr std::string_view vn_PAC_Setting_PACAccountNo = "pacAccountNo";
 
 }  // namespace vorn

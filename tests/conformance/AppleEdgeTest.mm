@@ -386,18 +386,6 @@ TEST_F(AppleEdge, FoundationsOwnObjectsKeepTheirMeaning) {
   EXPECT_EQ(value(deep).count(), 1U);
 }
 
-TEST_F(AppleEdge, AViewOfOursLivesUntilItIsReleased) {
-  const Class view = objc_allocateClassPair([vnEdgeView class], "NSView", 0);
-  if (view) objc_registerClassPair(view);
-  AppleRunLoop loop;
-  ApplePresenter presenter(loop, "");
-  const HostObject made = presenter.createView("vnEdgeBar", Rect{1, 2, 3, 4});
-  EXPECT_EQ(runtime.className(made), "vnEdgeBar");
-  EXPECT_EQ(runtime.send(made, "frame")["width"], 3);
-  presenter.releaseView(made);
-  EXPECT_EQ(runtime.className(made), "");
-}
-
 TEST_F(AppleEdge, ADistributedNotificationArrivesWithItsTextsUntilTheSubscriptionEnds) {
   AppleDistributedNotifications notifications;
   std::vector<Value> received;

@@ -72,6 +72,9 @@ static NSException* lastRaised = nil;
 - (unsigned)next:(unsigned)number {
   return number + 1;
 }
+- (id)itself {
+  return self;
+}
 - (void)remember:(id)object {
   [object retain];
   [m_remembered release];

@@ -346,6 +346,30 @@ TYPED_TEST(ClassRuntimeConformance, WhatIsRetainedOutlivesItsOwner) {
   EXPECT_FALSE(this->runtime.retained({}));
 }
 
+TYPED_TEST(ClassRuntimeConformance, AnObjectOfOursLivesAsLongAsAReferenceOrItsHolder) {
+  const std::string name = this->world->className("Ours");
+  const ClassRef ours = this->runtime.defineClass(name, this->world->className("Probe"));
+  ASSERT_TRUE(ours);
+  EXPECT_EQ(ours, this->runtime.defineClass(name, "NoSuchClass")) << "the class that has the name";
+  EXPECT_FALSE(this->runtime.defineClass(this->world->className("Orphan"), "NoSuchClass"));
+  this->runtime.class_addMethod(
+      ours, "name", [](const HostObject&, const Arguments&) { return Value("ours"); }, "@@:");
+
+  HostObject made = this->runtime.instantiate(ours, "itself", {});
+  ASSERT_TRUE(made);
+  const HostObject plain(made.address());
+  this->runtime.send(this->probe, "remember:", {made});
+  made = {};
+  EXPECT_EQ(this->nameOf(plain), "ours");
+  this->runtime.send(this->probe, "remember:", {Value()});
+  EXPECT_EQ(this->runtime.className(plain), "");
+
+  for (const char* initialiser : {"noSuchInitialiser", "raise", "remembered"}) {
+    EXPECT_FALSE(this->runtime.instantiate(ours, initialiser, {})) << initialiser;
+  }
+  EXPECT_FALSE(this->runtime.instantiate({}, "itself", {}));
+}
+
 TYPED_TEST(ClassRuntimeConformance, AClassThatComesLaterIsFoundThenAndSharesItsParentsHooks) {
   EXPECT_FALSE(this->classNamed("ProbeLate"));
   ASSERT_TRUE(this->hook(this->classNamed("Probe"), "name", "vn_name", this->hookedName("vn_name")));

@@ -28,7 +28,8 @@ inline std::string wordsOfDrag(const std::string& event, const std::string& star
 //   half:             half of a double
 //   add:to:           the sum of two integers of eight bytes
 //   moved:            a rectangle, 10 further to the right and 20 further down
-//   remember:         nothing; and remembered answers the very object
+//   itself            the receiver
+//   remember:         nothing, and holds the object; remembered answers that very one
 //   lengthOf:         the length of a C text; -1 for none
 //   dragged:by:at:lasting:inProgress:from:to:
 //                     what it was given, in words; it fills in the flag behind its pointer, if any

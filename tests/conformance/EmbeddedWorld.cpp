@@ -44,8 +44,9 @@ class EmbeddedWorld final : public ConformanceWorld {
     method("next:", [](const HostObject&, const Arguments& given) {
       return Value(static_cast<std::uint32_t>(given.at(0).integerValue() + 1));
     });
+    method("itself", [](const HostObject& self, const Arguments&) { return Value(self); });
     method("remember:", [this](const HostObject& self, const Arguments& given) {
-      m_runtime.setState(self, std::make_shared<Value>(given.at(0)));
+      m_runtime.setState(self, std::make_shared<Value>(m_runtime.retained(given.at(0).object())));
       return Value();
     });
     method("remembered", [this](const HostObject& self, const Arguments&) {

@@ -113,10 +113,6 @@ TEST_F(AppleSessions, AHostThatRaisesAtTheEndOfASheetOrAViewIsLeftToItself) {
     EXPECT_THAT(toolkit.panels, IsEmpty());
     EXPECT_GT(raised, 0);
   }
-  const HostObject view = presenter.createView("vnSessionsView", Rect{});
-  raising = "removeFromSuperview";
-  presenter.releaseView(view);
-  EXPECT_EQ(LiveObjects::instance().object(view), nil);
 }
 
 TEST_F(AppleSessions, AnAlertThatIsBrokenOffCountsAsRefused) {

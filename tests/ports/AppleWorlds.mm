@@ -98,7 +98,6 @@ class ApplePorts final : public PortsWorld {
     for (const auto& [panel, message] : m_toolkit.panels) messages.push_back(message);
     return messages;
   }
-  bool hasView(const HostObject& view) override { return LiveObjects::instance().object(view) != nil; }
 
  private:
   // Outlives the ports.

@@ -49,7 +49,6 @@ class EmbeddedPorts final : public PortsWorld {
     return all;
   }
   std::vector<std::string> sheets() override { return m_presenter.progress().open(); }
-  bool hasView(const HostObject& view) override { return m_runtime.isAlive(view); }
 
  private:
   SmallMachine m_machine;
@@ -57,7 +56,7 @@ class EmbeddedPorts final : public PortsWorld {
   EmbeddedWorkspace m_workspace{m_machine.home(), {m_machine.applications(), m_machine.userApplications()}};
   EmbeddedUserDefaults m_defaults{m_machine.home(), "com.example.host"};
   EmbeddedSurroundings m_surroundings{{.home = m_machine.home(), .resources = m_machine.resources()}};
-  EmbeddedPresenter m_presenter{m_runtime};
+  EmbeddedPresenter m_presenter;
 };
 
 // The ports that the tests of other rooms lean on keep the same promises.
@@ -98,7 +97,6 @@ class FakePortsWorld final : public PortsWorld {
     return all;
   }
   std::vector<std::string> sheets() override { return m_presenter.progress.open(); }
-  bool hasView(const HostObject& view) override { return m_runtime.isAlive(view); }
 
  private:
   SmallMachine m_machine;
@@ -106,7 +104,7 @@ class FakePortsWorld final : public PortsWorld {
   FakeWorkspace m_workspace;
   MemoryUserDefaults m_defaults;
   TestSurroundings m_surroundings;
-  RecordingPresenter m_presenter{m_runtime};
+  RecordingPresenter m_presenter;
 };
 
 }  // namespace

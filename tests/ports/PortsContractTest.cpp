@@ -164,14 +164,6 @@ TEST_P(PortsContract, EachProgressSheetHasItsMessageAndIsEndedByItsOwnerAlone) {
   world.reset();
 }
 
-TEST_P(PortsContract, AViewLivesUntilItIsReleased) {
-  const HostObject view = world->presenter().createView("vnContractBar", {1, 2, 3, 4});
-  ASSERT_TRUE(view);
-  EXPECT_TRUE(world->hasView(view));
-  world->presenter().releaseView(view);
-  EXPECT_FALSE(world->hasView(view));
-}
-
 const Made kPlatforms[] = {
     {"embedded", makeEmbeddedPorts},
     {"fakes", makeFakePorts},

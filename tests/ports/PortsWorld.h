@@ -49,7 +49,6 @@ class PortsWorld {
   virtual std::vector<Seen> alerts() = 0;
   // The messages of the sheets on the screen.
   virtual std::vector<std::string> sheets() = 0;
-  virtual bool hasView(const HostObject& view) = 0;
 };
 
 std::unique_ptr<PortsWorld> makeEmbeddedPorts();

@@ -77,21 +77,6 @@ void RecordingPresenter::answerAlert(std::size_t index, Answer answer) {
   if (const auto answered = std::exchange(shown.answered, nullptr)) answered(given);
 }
 
-HostObject RecordingPresenter::createView(std::string_view className, const Rect& frame) {
-  if (!m_runtime.NSClassFromString(className)) {
-    m_runtime.defineClass("NSView");
-    m_runtime.defineClass(className, "NSView");
-  }
-  const HostObject view = m_runtime.create(className);
-  if (view) views.emplace(view, frame);
-  return view;
-}
-
-void RecordingPresenter::releaseView(const HostObject& view) {
-  views.erase(view);
-  m_runtime.destroy(view);
-}
-
 TestSurroundings::TestSurroundings() {
   std::string path = std::filesystem::temp_directory_path() / "vorn-test-XXXXXX";
   // Without a folder every test that writes would fail for a reason that is hard to see.
@@ -111,7 +96,11 @@ std::optional<std::string> TestSurroundings::resource(std::string_view name, std
   const std::string file = std::string(name) + "." + std::string(type);
   const auto found = resources.find(file);
   if (found != resources.end()) return found->second;
-  return resourceFolder.empty() ? std::nullopt : readFile(resourceFolder + "/" + file);
+  return resourceFolder.empty() ? std::nullopt : readFile(resourcePath(name, type));
+}
+
+std::string TestSurroundings::resourcePath(std::string_view name, std::string_view type) {
+  return resourceFolder + "/" + std::string(name) + "." + std::string(type);
 }
 
 class RecordingNotifications::Observation final : public Subscription {

@@ -70,13 +70,8 @@ class RecordingPresenter final : public Presenter {
     std::function<void(Answer)> answered;
   };
 
-  explicit RecordingPresenter(EmbeddedClassRuntime& runtime) : m_runtime(runtime) {}
-
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
   std::unique_ptr<Progress> beginProgress(std::string_view message) override { return progress.begin(message); }
-  // A class that the runtime does not know yet is defined below "NSView".
-  HostObject createView(std::string_view className, const Rect& frame) override;
-  void releaseView(const HostObject& view) override;
 
   // Gives the answer of an alert that no script has answered.
   void answerAlert(std::size_t index, Answer answer);
@@ -86,11 +81,6 @@ class RecordingPresenter final : public Presenter {
   // Taken one by one, during the call that shows an alert.
   std::deque<Answer> scriptedAnswers;
   ProgressRecord progress;
-  // The views that were made and not released, with their frames.
-  std::map<HostObject, Rect> views;
-
- private:
-  EmbeddedClassRuntime& m_runtime;
 };
 
 class TestSurroundings final : public Surroundings {
@@ -106,6 +96,7 @@ class TestSurroundings final : public Surroundings {
   std::string applicationsDirectory() override { return m_home + "/SystemApplications"; }
   std::string userApplicationsDirectory() override { return m_home + "/Applications"; }
   std::optional<std::string> resource(std::string_view name, std::string_view type) override;
+  std::string resourcePath(std::string_view name, std::string_view type) override;
   Version systemVersion() override { return version; }
   std::vector<std::string> preferredLanguages() override { return languages; }
   double currentTime() override { return time; }

@@ -30,7 +30,7 @@ class TestPlatform {
   EmbeddedClassRuntime classRuntime;
   MemoryUserDefaults userDefaults;
   FakeWorkspace workspace;
-  RecordingPresenter presenter{classRuntime};
+  RecordingPresenter presenter;
   TestSurroundings surroundings;
   RecordingNotifications distributedNotifications;
   RecordingTrace trace;

@@ -34,6 +34,9 @@ class HomeAt final : public Surroundings {
   std::optional<std::string> resource(std::string_view name, std::string_view type) override {
     return m_other.resource(name, type);
   }
+  std::string resourcePath(std::string_view name, std::string_view type) override {
+    return m_other.resourcePath(name, type);
+  }
   Version systemVersion() override { return m_other.systemVersion(); }
   std::vector<std::string> preferredLanguages() override { return m_other.preferredLanguages(); }
   double currentTime() override { return m_other.currentTime(); }

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "lab/shell/Words.h"
+#include "lab/shell/scenario/ControlWords.h"
 #include "lab/shell/scenario/ScenarioWords.h"
 #include "lab/shell/scenario/TextExpectation.h"
 #include "util/HtmlText.h"
@@ -31,8 +32,8 @@ std::string oneOf(LineReader& line, std::initializer_list<const char*> words) {
 
 std::string barOf(Stage& stage) {
   if (!stage.host().barView(stage.editor())) return "none";
-  if (!stage.barSays("isAddButtonHidden")) return "add";
-  return stage.barSays("isCancelButtonHidden") ? "hidden" : "meeting";
+  if (stage.barControl("onClickAddVornMeeting:").isShown) return "add";
+  return stage.barControl("onClickCancelVornMeeting:").isShown ? "meeting" : "hidden";
 }
 
 StageStep bar(LineReader& line) {
@@ -43,10 +44,26 @@ StageStep bar(LineReader& line) {
 
 StageStep settings(LineReader& line) {
   return [wanted = oneOf(line, {"enabled", "disabled", "hidden"})](Stage& stage) {
-    const char* found = stage.barSays("isChangeButtonHidden")    ? "hidden"
-                        : stage.barSays("isChangeButtonEnabled") ? "enabled"
-                                                                 : "disabled";
-    expectEqual("settings", wanted, found);
+    const std::string found = stateOf(stage.barControl("onClickChangeSettings:"));
+    expectEqual("settings", wanted, found == "shown" ? "enabled" : found == "none" ? "hidden" : found);
+  };
+}
+
+// A control as the person sees it.
+StageStep button(LineReader& line) {
+  const ControlWord& control = readControl(line);
+  const std::string state = oneOf(line, {"shown", "hidden", "disabled", "none"});
+  std::vector<std::pair<std::string, std::string>> looks;
+  while (!line.atEnd()) {
+    std::string look = oneOf(line, {"title", "image", "tooltip"});
+    looks.emplace_back(std::move(look), line.quoted());
+  }
+  return [=](Stage& stage) {
+    const OutlookHost::Control seen = control.seen(stage);
+    expectEqual(std::string(control.word), state, stateOf(seen));
+    for (const auto& [look, wanted] : looks) {
+      expectEqual(look, wanted, look == "title" ? seen.title : look == "image" ? seen.image : seen.toolTip);
+    }
   };
 }
 
@@ -292,6 +309,7 @@ StageStep service(LineReader& line) {
 
 constexpr std::array kWords = {
     StageWord{"bar", "expect bar add|meeting|hidden|none", bar},
+    StageWord{"button", "expect button BUTTON shown|hidden|disabled|none [title|image|tooltip TEXT]", button},
     StageWord{"settings", "expect settings enabled|disabled|hidden", settings},
     StageWord{"window", "expect window open|closed|dirty|clean", window},
     StageWord{"manager", "expect manager FACT VALUE ..., such as: state VnStateIdle action VnCmdUpdate", manager},

@@ -1,6 +1,7 @@
 #include <array>
 #include <utility>
 
+#include "lab/shell/scenario/ControlWords.h"
 #include "lab/shell/scenario/ScenarioWords.h"
 
 namespace vornlab {
@@ -51,6 +52,16 @@ StageStep openNew(LineReader& line) {
     }
   }
   return [=](Stage& stage) { stage.enter(name, stage.host().openNew(start), std::nullopt); };
+}
+
+// A window that the host has opened by itself, as for a command of the main window.
+StageStep opened(LineReader& line) {
+  const std::string name = line.take("as") ? line.text("a name for the window") : "new";
+  return [name](Stage& stage) {
+    const auto editor = stage.newestUnnamedEditor();
+    if (editor == 0) throw Mismatch("another window", "none");
+    stage.enter(name, editor, std::nullopt);
+  };
 }
 
 StageStep enter(LineReader& line) {
@@ -117,27 +128,34 @@ StageStep type(LineReader& line) {
 }
 
 StageStep click(LineReader& line) {
-  struct Button {
-    const char* name;
-    const char* selector;
-    // Whether nobody could click it, as the bar tells; null for a button that the bar does not hide by itself.
-    const char* isHidden;
+  const ControlWord& control = readControl(line);
+  return [control](Stage& stage) {
+    const std::string state = stateOf(control.seen(stage));
+    if (!control.click(stage)) throw Mismatch("a button for " + std::string(control.word), state);
   };
-  const Button buttons[] = {{"add", "onClickAddVornMeeting:", "isAddButtonHidden"},
-                            {"cancel", "onClickCancelVornMeeting:", "isCancelButtonHidden"},
-                            {"settings", "onClickChangeSettings:", "isChangeButtonHidden"},
-                            {"audio 1", "onClickAddPACAccount1:", nullptr},
-                            {"audio 2", "onClickAddPACAccount2:", nullptr}};
-  for (const Button& button : buttons) {
-    if (!line.take(button.name)) continue;
-    return [button](Stage& stage) {
-      const bool isHidden = button.isHidden != nullptr && stage.barSays(button.isHidden);
-      if (isHidden || !stage.host().clickBar(stage.editor(), button.selector)) {
-        throw Mismatch("a bar with a button for " + std::string(button.name), "none");
-      }
-    };
-  }
-  line.fail("add, cancel, settings, audio 1 or audio 2");
+}
+
+// -- In the main window ------------------------------------------------------------------------------------------
+
+StageStep show(LineReader& line) {
+  if (line.take("mail")) return [](Stage& stage) { stage.host().showMailPane(); };
+  if (line.take("calendar")) return [](Stage& stage) { stage.host().showCalendarPane(); };
+  line.fail("mail or calendar");
+}
+
+StageStep ribbon(LineReader& line) {
+  if (line.take("rebuilt")) return [](Stage& stage) { stage.host().rebuildRibbon(); };
+  line.need("tab");
+  return [tab = line.number("the number of a tab")](Stage& stage) {
+    stage.host().chooseRibbonTab(static_cast<std::uint32_t>(tab));
+  };
+}
+
+StageStep toolbar(LineReader& line) {
+  line.need("item");
+  return [identifier = line.text("the identifier of an item")](Stage& stage) {
+    if (!stage.host().addToolbarItem(identifier)) throw Mismatch("a toolbar that takes " + identifier, "none");
+  };
 }
 
 StageStep settings(LineReader& line) {
@@ -283,9 +301,13 @@ constexpr std::array kWords = {
     StageWord{"open", "open UID [occurrence ID] [as NAME]", open},
     StageWord{"call", "call off UID [as NAME]", callOff},
     StageWord{"new", "new [as NAME] [at TIME]", openNew},
+    StageWord{"opened", "opened [as NAME]", opened},
     StageWord{"in", "in NAME", enter},
     StageWord{"type", "type subject|location|body|html|above|below TEXT, or: type times TIME for N min", type},
-    StageWord{"click", "click add|cancel|settings|audio 1|audio 2", click},
+    StageWord{"click", "click BUTTON, such as: click add, or: click ribbon schedule", click},
+    StageWord{"show", "show mail|calendar", show},
+    StageWord{"ribbon", "ribbon tab N, or: ribbon rebuilt", ribbon},
+    StageWord{"toolbar", "toolbar item IDENTIFIER", toolbar},
     StageWord{"settings", kSettingsUsage, settings},
     StageWord{"from", "from changed", from},
     StageWord{"drag", "drag UID [occurrence ID] to TIME", drag},

@@ -210,10 +210,16 @@ const std::array kWords = {
               [](LineReader& line, ScenarioSetUp& setUp) {
                 setUp.clientVersion = line.text("the version of the client, such as 5.12.3.9654");
               }},
-    SetUpWord{"without", "without client",
+    SetUpWord{"without", "without client|toolbar|add-ins",
               [](LineReader& line, ScenarioSetUp& setUp) {
-                line.need("client");
-                setUp.withoutClient = true;
+                if (line.take("toolbar")) {
+                  setUp.host.hasToolbar = false;
+                } else if (line.take("add-ins")) {
+                  setUp.host.hasAddinsChunk = false;
+                } else {
+                  line.need("client");
+                  setUp.withoutClient = true;
+                }
               }},
     SetUpWord{"os", "os V",
               [](LineReader& line, ScenarioSetUp& setUp) {

@@ -73,6 +73,16 @@ void Stage::enter(const std::string& name, OutlookHost::EditorId editor, std::op
   m_lastKeys.erase(name);
 }
 
+OutlookHost::EditorId Stage::newestUnnamedEditor() {
+  OutlookHost::EditorId newest = 0;
+  for (const OutlookHost::EditorId editor : host().editors()) {
+    const bool isNamed = std::any_of(m_windows.begin(), m_windows.end(),
+                                     [editor](const auto& known) { return known.second.editor == editor; });
+    if (!isNamed) newest = std::max(newest, editor);
+  }
+  return newest;
+}
+
 void Stage::enter(const std::string& name) {
   if (!m_windows.contains(name)) {
     const auto event = m_calendar.find(name);
@@ -100,10 +110,6 @@ std::optional<CalendarEvent> Stage::stored() {
   if (!index) return std::nullopt;
   const CalendarEvent event = m_calendar.eventAt(*index);
   return event.isRemoved() ? std::nullopt : std::optional(event);
-}
-
-bool Stage::barSays(const char* question) {
-  return m_session->runtime().send(host().barView(editor()), question).boolValue();
 }
 
 Value Stage::told() {

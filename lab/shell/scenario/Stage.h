@@ -59,13 +59,15 @@ class Stage {
   // A name that was given before, or the UID of an appointment. Throws Mismatch for any other.
   void enter(const std::string& name);
   StageWindow& window();
+  // The window that was opened last and that no line has named; 0 when there is none.
+  OutlookHost::EditorId newestUnnamedEditor();
   // The window's editor; throws Mismatch when it has closed or never was.
   OutlookHost::EditorId editor();
   bool isOpen();
   // The appointment as it is stored; absent when it is not, or not any more.
   std::optional<CalendarEvent> stored();
-  // What the window's bar answers to a question such as isAddButtonHidden; false without a bar.
-  bool barSays(const char* question);
+  // The control of the window's bar with that action.
+  OutlookHost::Control barControl(const ControlName& name) { return host().barControl(editor(), name); }
   // What the plug-in tells of the window; see its question "window".
   vorn::Value told();
   // The number of the window's meeting: from the plug-in, or else from the stored record, or the last one known.

@@ -3,8 +3,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Presenter.h"
 #include "util/HostObject.h"
+#include "util/Rect.h"
 #include "util/Value.h"
 
 namespace vorn {

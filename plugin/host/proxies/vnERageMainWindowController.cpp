@@ -7,9 +7,6 @@ namespace vorn {
 
 namespace {
 
-constexpr std::uint32_t kMailTab = 0;
-constexpr std::uint32_t kCalendarTab = 2;
-
 void keepFirst(const HostObject& root, std::string_view className, HostObject& kept) {
   if (const HostObject found = firstSubviewOfKind(root, className)) kept = found;
 }
@@ -21,7 +18,8 @@ vnERageMainWindowController& vnERageMainWindowController::sharedInstance() {
 }
 
 void vnERageMainWindowController::setDelegate(const HostObject& delegate) {
-  if (this->delegate() || !isKindOfHostClass(delegate, className())) return;
+  // One that has ended gives way to the next: a main window may be closed and opened again.
+  if (isValidConnection() || !isKindOfHostClass(delegate, className())) return;
   vnDelegateBase::setDelegate(delegate);
   connectChild();
 }
@@ -42,6 +40,10 @@ std::uint32_t vnERageMainWindowController::currentActiveTabIndex() const {
 bool vnERageMainWindowController::isHomeMailOrCalendarTab() const {
   const std::uint32_t tab = currentActiveTabIndex();
   return tab == kMailTab || tab == kCalendarTab;
+}
+
+bool vnERageMainWindowController::needAddVornButton() const {
+  return m_idOLRibbonChunkContainerView && m_idOUIRibbonView && isHomeMailOrCalendarTab();
 }
 
 void vnERageMainWindowController::cleanup() {

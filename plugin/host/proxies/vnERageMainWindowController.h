@@ -9,6 +9,10 @@ namespace vorn {
 // The controller of the host's main window. Process-wide: it takes the first such controller and keeps to it.
 class vnERageMainWindowController : public vnDelegateBase {
  public:
+  // Tabs of the ribbon.
+  static constexpr std::uint32_t kMailTab = 0;
+  static constexpr std::uint32_t kCalendarTab = 2;
+
   vnERageMainWindowController() : vnDelegateBase("ERageMainWindowController", HostObject()) {}
   static vnERageMainWindowController& sharedInstance();
 
@@ -25,6 +29,8 @@ class vnERageMainWindowController : public vnDelegateBase {
   // The ribbon's active tab; 4294967295 without a ribbon.
   std::uint32_t currentActiveTabIndex() const;
   bool isHomeMailOrCalendarTab() const;
+  // Whether the ribbon is there and shows a tab that has our button.
+  bool needAddVornButton() const;
   // The window is closing: forgets both views.
   void cleanup();
 

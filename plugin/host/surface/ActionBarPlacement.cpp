@@ -5,6 +5,7 @@
 #include "host/proxies/HostViews.h"
 #include "host/proxies/vnDelegateBase.h"
 #include "host/proxies/vnOLAutoLayoutAttachmentsAcceptingView.h"
+#include "host/surface/BarView.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "util/CharacterSets.h"
 #include "util/vnOLUtils.h"
@@ -63,7 +64,9 @@ void placeActionBar(const std::vector<HostObject>& views, bool hasTimezone) {
   if (bar == views.end()) return;
   const HostObject superview = askHost(*bar, "superview").object();
   if (!superview) return;
-  setFrameOf(*bar, actionBarFrame(frameOf(superview), frameOf(*bar), hasTimezone));
+  const Rect frame = actionBarFrame(frameOf(superview), frameOf(*bar), hasTimezone);
+  setFrameOf(*bar, frame);
+  if (const auto placed = BarView::barOf(*bar)) placed->layOut(frame.width);
 }
 
 bool vnHasTimezone(const HostObject& header) {

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "platform/Presenter.h"
 #include "util/HostObject.h"
+#include "util/Rect.h"
 
 namespace vorn {
 

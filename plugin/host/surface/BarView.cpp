@@ -2,8 +2,9 @@
 
 #include <map>
 
+#include "host/proxies/HostViews.h"
+#include "host/surface/OwnClass.h"
 #include "host/surface/vnActionAdditionView.h"
-#include "platform/ClassRuntime.h"
 #include "platform/Registry.h"
 
 namespace vorn {
@@ -11,55 +12,40 @@ namespace vorn {
 namespace {
 
 struct BarsByView {
-  std::map<HostObject, std::weak_ptr<vnActionAdditionView>> bars;
+  // By the address alone: the view belongs to its superview and to its bar.
+  std::map<std::uintptr_t, std::weak_ptr<vnActionAdditionView>> bars;
 };
 
-struct BarMethod {
-  const char* selector;
-  const char* encoding;
-  Value (*run)(vnActionAdditionView& bar);
-};
-
-constexpr BarMethod kMethods[] = {
-    {"onClickAddVornMeeting:", "v@:@",
-     [](vnActionAdditionView& bar) { return bar.onClickAddVornMeeting(), Value(); }},
-    {"onClickCancelVornMeeting:", "v@:@",
-     [](vnActionAdditionView& bar) { return bar.onClickCancelVornMeeting(), Value(); }},
-    {"onClickChangeSettings:", "v@:@",
-     [](vnActionAdditionView& bar) { return bar.onClickChangeSettings(), Value(); }},
-    {"isAddButtonHidden", "B@:", [](vnActionAdditionView& bar) { return Value(bar.addButton().hidden); }},
-    {"isCancelButtonHidden", "B@:", [](vnActionAdditionView& bar) { return Value(bar.cancelButton().hidden); }},
-    {"isChangeButtonHidden", "B@:", [](vnActionAdditionView& bar) { return Value(bar.changeButton().hidden); }},
-    {"isChangeButtonEnabled", "B@:", [](vnActionAdditionView& bar) { return Value(bar.changeButton().enabled); }},
-};
-
-// Absent when the bar has ended, and when it fails: the host must not see our exceptions.
-Value answerOfBar(const HostObject& view, Value (*run)(vnActionAdditionView& bar)) {
-  try {
-    const auto& known = Registry::shared<BarsByView>().bars;
-    const auto found = known.find(view);
-    const auto held = found == known.end() ? nullptr : found->second.lock();
-    return held ? run(*held) : Value();
-  } catch (...) {
-    return {};
-  }
+template <void (vnActionAdditionView::*Operation)()>
+Value click(const HostObject& view, const Arguments&) {
+  if (const auto bar = BarView::barOf(view)) (bar.get()->*Operation)();
+  return {};
 }
 
+using Bar = vnActionAdditionView;
+
+constexpr OwnMethod kMethods[] = {
+    {"onClickAddVornMeeting:", "v@:@", click<&Bar::onClickAddVornMeeting>},
+    {"onClickCancelVornMeeting:", "v@:@", click<&Bar::onClickCancelVornMeeting>},
+    {"onClickChangeSettings:", "v@:@", click<&Bar::onClickChangeSettings>},
+};
+
 }  // namespace
+
+HostObject BarView::make(const Rect& frame) {
+  return makeInHost(ownClass(Bar::kViewClass, "NSView", kMethods), "initWithFrame:", {valueFromRect(frame)});
+}
 
 void BarView::connect(const HostObject& view, const std::shared_ptr<vnActionAdditionView>& bar) {
   auto& bars = Registry::shared<BarsByView>().bars;
   std::erase_if(bars, [](const auto& entry) { return entry.second.expired(); });
-  bars[view] = bar;
-  ClassRuntime& runtime = *Registry::platform().classRuntime;
-  const ClassRef viewClass = runtime.NSClassFromString(vnActionAdditionView::kViewClass);
-  for (const BarMethod& method : kMethods) {
-    // The class keeps the methods of the first bar; they find every later one.
-    const auto implementation = [run = method.run](const HostObject& receiver, const Arguments&) {
-      return answerOfBar(receiver, run);
-    };
-    runtime.class_addMethod(viewClass, method.selector, implementation, method.encoding);
-  }
+  bars[view.address()] = bar;
+}
+
+std::shared_ptr<vnActionAdditionView> BarView::barOf(const HostObject& view) {
+  const auto& bars = Registry::shared<BarsByView>().bars;
+  const auto found = bars.find(view.address());
+  return found == bars.end() ? nullptr : found->second.lock();
 }
 
 }  // namespace vorn

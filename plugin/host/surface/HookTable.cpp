@@ -105,14 +105,15 @@ constexpr HookRow kEventResponderRows[] = {
 };
 
 constexpr HookRow kMainWindowRows[] = {
-    {kMainWindow, ofInstances, "toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:", "@@:@@B", forward},
+    {kMainWindow, ofInstances, "toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:", "@@:@@B",
+     &MainWindow::vn_ERageMainWindowController_toolbarItem},
     {kMainWindow, ofInstances, "toolbarDefaultItemIdentifiers:", "@@:@", forward},
     {kMainWindow, ofInstances, "toolbarAllowedItemIdentifiers:", "@@:@", forward},
     {kMainWindow, ofInstances, "windowDidBecomeMain:", "v@:@",
      &MainWindow::vn_ERageMainWindowController_windowDidBecomeMain},
     {kMainWindow, ofInstances, "windowWillClose:", "v@:@", &MainWindow::vn_ERageMainWindowController_windowWillClose},
-    {kMainWindow, ofInstances, "loadMailPane", "v@:", forward},
-    {kMainWindow, ofInstances, "loadCalendarPane", "v@:", forward},
+    {kMainWindow, ofInstances, "loadMailPane", "v@:", &MainWindow::vn_ERageMainWindowController_loadPane},
+    {kMainWindow, ofInstances, "loadCalendarPane", "v@:", &MainWindow::vn_ERageMainWindowController_loadPane},
 };
 
 constexpr HookRow kEditorRows[] = {

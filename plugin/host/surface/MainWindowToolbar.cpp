@@ -47,6 +47,9 @@ void addVornButtonToToolbar(const HostObject& window, std::string_view toobarIde
   const auto space = std::find(items.rbegin(), items.rend(), kFlexibleSpace);
   const std::size_t index = space == items.rend() ? 0 : static_cast<std::size_t>(items.rend() - space) - 1;
   insert(toolbar, toobarIdentifier, index);
+  // A host that refuses our item must not be left with a separator that keeps nothing apart.
+  const std::vector<std::string> now = identifiersOf(toolbar, "items");
+  if (std::find(now.begin(), now.end(), toobarIdentifier) == now.end()) return;
   // Behind a separator, another one keeps the item apart from what stands before it.
   if (index != 0 && items[index - 1] == kSeparator) insert(toolbar, kSeparator, index);
 }

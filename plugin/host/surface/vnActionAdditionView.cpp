@@ -18,6 +18,7 @@ namespace {
 
 constexpr Rect g_vnAdditionViewFrame{460, 13, 400, 30};
 constexpr Rect g_vnAdditionViewFrame_OL2016{460, 13, 400, 36};
+constexpr std::string_view kEditorWindowController = "ERCalendarEventEditorWindowController";
 constexpr double kWindowCloseDelay = 0.01;
 constexpr std::string_view kWindowWillClose = "NSWindowWillCloseNotification";
 constexpr std::string_view kSendWindowClose = "sendWindowCloseNotification:";
@@ -35,14 +36,13 @@ Value retainedEntry(const Value& opened, std::string_view key) {
 }  // namespace
 
 std::shared_ptr<vnActionAdditionView> vnActionAdditionView::create(const HostObject& headerView) {
-  Presenter* presenter = Registry::platform().presenter;
-  if (!presenter) return nullptr;
   const bool isLarge = vnAppHelper::sharedInstance().isOutlookVersionLargeThan2016();
-  const HostObject view =
-      presenter->createView(kViewClass, isLarge ? g_vnAdditionViewFrame_OL2016 : g_vnAdditionViewFrame);
+  const HostObject view = BarView::make(isLarge ? g_vnAdditionViewFrame_OL2016 : g_vnAdditionViewFrame);
   if (!view) return nullptr;
   const auto bar = std::make_shared<vnActionAdditionView>(Key(), view);
   bar->connect();
+  bar->createButtons();
+  bar->layOut(frameOf(view).width);
   askHost(headerView, "addSubview:", {view});
   return bar;
 }
@@ -56,7 +56,7 @@ vnActionAdditionView::vnActionAdditionView(Key, const HostObject& view) : m_view
 vnActionAdditionView::~vnActionAdditionView() {
   const Platform& platform = Registry::platform();
   if (platform.runLoop) platform.runLoop->cancelPrevious(this);
-  if (platform.presenter) platform.presenter->releaseView(m_view);
+  if (platform.classRuntime) platform.classRuntime->send(m_view, "removeFromSuperview");
 }
 
 void vnActionAdditionView::connect() {
@@ -111,7 +111,7 @@ void vnActionAdditionView::onChangeUINotification(const Value& opened) {
   const auto bar =
       from(vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorWinCtrl(controller));
   if (!bar) return;
-  bar->initMembers(event);
+  bar->initMembers(controller, event);
   bar->initMeetingData(event);
   if (bar->currentIsVornMeeting() && bar->isSupportVorn()) {
     bar->attachOutlookERCalendarEventEditorWindowController(controller);
@@ -122,8 +122,12 @@ void vnActionAdditionView::onChangeUINotification(const Value& opened) {
   bar->autoAddToVnMeeting();
 }
 
-void vnActionAdditionView::initMembers(const HostObject& event) {
-  // Not the bar's own: what held the event until this step ends with the step.
+void vnActionAdditionView::initMembers(const HostObject& windowController, const HostObject& event) {
+  // None of them is the bar's own: what held them until this step ends with the step.
+  if (isKindOfHostClass(windowController, kEditorWindowController)) {
+    m_idERCalendarEventEditorWindowCtrl = HostObject(windowController.address());
+    m_ownWindow = HostObject(askHost(windowController, "window").object().address());
+  }
   m_idECCalendarEvent = HostObject(event.address());
   setOLWordMailEditor(vnApptDataForSaveRecord::sharedInstance().olWordMailEditor(editorViewController()));
 }
@@ -141,7 +145,7 @@ void vnActionAdditionView::initMeetingData(const HostObject& event) {
 
 void vnActionAdditionView::attachOutlookERCalendarEventEditorWindowController(const HostObject& windowController) {
   if (m_pERCalendarEventEditorViewCtrl) return;
-  if (!isKindOfHostClass(windowController, "ERCalendarEventEditorWindowController")) return;
+  if (!isKindOfHostClass(windowController, kEditorWindowController)) return;
   const HostObject editor = askHost(windowController, "editorViewController").object();
   if (!editor) return;
   m_pERCalendarEventEditorViewCtrl = std::make_unique<vnERCalendarEventEditorViewController>(editor);
@@ -150,7 +154,9 @@ void vnActionAdditionView::attachOutlookERCalendarEventEditorWindowController(co
 // -- When its window closes --------------------------------------------------------------------------------------
 
 void vnActionAdditionView::onWindowWillClose(const HostObject& closing) {
-  if (!closing || closing != window()) return;
+  // A host that has taken the header apart by now still tells which window it was.
+  const HostObject own = window();
+  if (!closing || closing != (own ? own : m_ownWindow)) return;
   const auto self = shared_from_this();
   const OptionalText windowId = closing.windowId();
   vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(this);

@@ -68,7 +68,7 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   void setActionResultData(const Value& response) override { m_vnActionResult.setActionResultData(response); }
   void setActionToSuccess() override;
 
-  void initMembers(const HostObject& event);
+  void initMembers(const HostObject& windowController, const HostObject& event);
   void initMeetingData(const HostObject& event);
   // Makes the long-lived proxy, once, from a controller that has an editor.
   void attachOutlookERCalendarEventEditorWindowController(const HostObject& windowController);
@@ -93,9 +93,17 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   void onClickCancelVornMeeting();
   void onClickChangeSettings();
 
+  // What the editor was opened with; absent before, and when the controller is none of an editor. The host may
+  // have let go of them since.
+  const HostObject& openedWindowController() const { return m_idERCalendarEventEditorWindowCtrl; }
+  const HostObject& openedWindow() const { return m_ownWindow; }
+
   const vnSettingsButton& addButton() const { return m_addButton; }
   const vnSettingsButton& cancelButton() const { return m_cancelButton; }
   const vnSettingsButton& changeButton() const { return m_changeButton; }
+  const vnPopupButton& addPACButton() const { return m_addPACButton; }
+  // Gives the buttons their places in a bar of this width.
+  void layOut(double width);
 
   // Removes the bar from its pairing and ends what it observes. The bar is not used again afterwards.
   void cleanup();
@@ -107,10 +115,12 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   // An item of a series that shows the series' meeting and has none of its own.
   bool isItemWithMeetingOfSeries();
   vnMeetingDataMgr* meetingData();
+  void createButtons();
   void redraw();
 
   HostObject m_view;
   vnActionResultMgr m_vnActionResult;
+  HostObject m_idERCalendarEventEditorWindowCtrl;
   HostObject m_idECCalendarEvent;
   std::unique_ptr<vnERCalendarEventEditorViewController> m_pERCalendarEventEditorViewCtrl;
   int m_vnUIStatus = VnUINotMeeting;
@@ -118,6 +128,9 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   vnSettingsButton m_addButton;
   vnSettingsButton m_cancelButton;
   vnSettingsButton m_changeButton;
+  vnPopupButton m_addPACButton;
+  HostObject m_addPACButtonPopupMenu;
+  HostObject m_ownWindow;
   int m_vnMeetingDataStatus = 0;
   bool m_bOldIsVornMeeting = false;
   bool m_bSupportVorn = true;

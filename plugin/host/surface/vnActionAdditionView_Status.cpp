@@ -1,6 +1,11 @@
 // What the bar shows, and what a click on it does.
 
+#include <algorithm>
+
+#include "channel/discovery/vnPluginBuildMgr.h"
+#include "data/vnGetPACHelper.h"
 #include "host/proxies/HostViews.h"
+#include "host/surface/HostMenu.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "platform/Localization.h"
 #include "workflow/ThreadDictionary.h"
@@ -11,7 +16,21 @@ namespace vorn {
 
 namespace {
 
+// Where the buttons stand in a bar of the usual width. No more than two are shown at a time.
+constexpr Rect kFirstButtonFrame{0, 2, 190, 28};
+constexpr Rect gChangeSettingButtonFrame{195, 2, 190, 28};
+
+// A narrower bar has narrower buttons, so that none is out of reach.
+Rect inBarOfWidth(double width, const Rect& usual) {
+  const double scale = std::min(1.0, width / (gChangeSettingButtonFrame.x + gChangeSettingButtonFrame.width));
+  return {usual.x * scale, usual.y, usual.width * scale, usual.height};
+}
+
 bool raw(const HostObject& event, std::string_view selector) { return booleanFromHost(askHost(event, selector)); }
+
+bool offersPersonalAudio() {
+  return vnGetPACHelper::sharedInstance().isPACEnabled() && !vnPluginBuildMgr::isBuildWithoutPersonalAudio();
+}
 
 }  // namespace
 
@@ -27,6 +46,7 @@ void vnActionAdditionView::onUIChanged(int status) {
   } else if (status == VnUIMeeting || status == VnUINotMeeting) {
     const bool isMeeting = status == VnUIMeeting;
     m_addButton.hidden = isMeeting;
+    m_addPACButton.hidden = isMeeting || !offersPersonalAudio();
     m_cancelButton.hidden = !isMeeting;
     m_changeButton.hidden = !isMeeting;
   }
@@ -36,12 +56,46 @@ void vnActionAdditionView::onUIChanged(int status) {
 }
 
 void vnActionAdditionView::hideAll() {
-  m_addButton.hidden = true;
-  m_cancelButton.hidden = true;
-  m_changeButton.hidden = true;
+  for (vnSettingsButton* button : {&m_addButton, &m_cancelButton, &m_changeButton}) button->hidden = true;
+  m_addPACButton.hidden = true;
 }
 
-void vnActionAdditionView::redraw() { askHost(m_view, "setNeedsDisplay:", {true}); }
+void vnActionAdditionView::createButtons() {
+  m_addButton.title = localizedString("AddVornMeetingLabel");
+  m_addButton.image = "Schedule_Meeting_normal_32";
+  m_addButton.toolTip = localizedString("ScheduleMeetingTooltip");
+  m_cancelButton.title = localizedString("CancelVornMeetingLabel");
+  m_cancelButton.image = "Cancel_Meeting_normal";
+  m_cancelButton.toolTip = localizedString("CancelVornMeetingTooltip");
+  m_changeButton.title = localizedString("ChangeVornSettingsLabel");
+  m_changeButton.image = "Settings_normal";
+  m_addPACButton.title = localizedString("SchedulePACMeetingLabel");
+  m_addPACButton.image = "Schedule_PACMeeting_32";
+  m_addPACButton.toolTip = localizedString("SchedulePACMeetingTooltip");
+
+  m_addButton.create(m_view, m_view, "onClickAddVornMeeting:");
+  m_cancelButton.create(m_view, m_view, "onClickCancelVornMeeting:");
+  m_changeButton.create(m_view, m_view, "onClickChangeSettings:");
+  const MenuEntry accounts[] = {{localizedString("PACAccount1Label"), "onClickAddPACAccount1:"},
+                                {localizedString("PACAccount2Label"), "onClickAddPACAccount2:"}};
+  m_addPACButtonPopupMenu = makeMenu("vnSchedulePACMeetingMenu", accounts, m_view);
+  m_addPACButton.create(m_view, m_addPACButtonPopupMenu);
+}
+
+void vnActionAdditionView::layOut(double width) {
+  const Rect first = inBarOfWidth(width, kFirstButtonFrame);
+  // The header asks whenever it is drawn, and a change would have it drawn again.
+  if (first.width == m_addButton.frame.width) return;
+  m_addButton.frame = m_cancelButton.frame = first;
+  m_changeButton.frame = m_addPACButton.frame = inBarOfWidth(width, gChangeSettingButtonFrame);
+  redraw();
+}
+
+void vnActionAdditionView::redraw() {
+  for (const vnSettingsButton* button : {&m_addButton, &m_cancelButton, &m_changeButton}) button->draw();
+  m_addPACButton.draw();
+  askHost(m_view, "setNeedsDisplay:", {true});
+}
 
 bool vnActionAdditionView::isItemWithMeetingOfSeries() {
   return editorProxy()->isOccurrenceOrException() && currentIsVornMeeting() && meetingData() &&

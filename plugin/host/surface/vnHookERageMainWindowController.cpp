@@ -4,8 +4,10 @@
 #include "channel/discovery/vnGetClientVersionHelper.h"
 #include "channel/transport/vnIPCChannel.h"
 #include "host/proxies/vnERageMainWindowController.h"
+#include "host/surface/MainWindowRibbon.h"
 #include "host/surface/MainWindowToolbar.h"
 #include "host/surface/vnCommandItemMgr.h"
+#include "host/surface/vnToolbarItemMgr.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
 
@@ -35,6 +37,18 @@ void vnHookERageMainWindowController::finish() {
     addUIToMainWindow(m_instantMeetingItemIdentifier);
   }
   vnCommandItemMgr::sharedInstance().initPluginInstance();
+}
+
+Value vnHookERageMainWindowController::vn_ERageMainWindowController_toolbarItem(HookCall& call) {
+  if (const HostObject item = vnToolbarItemMgr::sharedInstance().itemForIdentifier(call.argument(1).text()))
+    return item;
+  return call.forward();
+}
+
+Value vnHookERageMainWindowController::vn_ERageMainWindowController_loadPane(HookCall& call) {
+  Value result = call.forward();
+  scheduleInitVnRibbonView();
+  return result;
 }
 
 Value vnHookERageMainWindowController::vn_ERageMainWindowController_windowDidBecomeMain(HookCall& call) {

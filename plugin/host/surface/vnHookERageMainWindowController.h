@@ -11,6 +11,8 @@ class vnHookERageMainWindowController : public vnHookRoot {
   static bool prepare();
   // Puts two items into the toolbar of a host of the version 14.5, and makes the commands of the main window work.
   static void finish();
+  static Value vn_ERageMainWindowController_toolbarItem(HookCall& call);
+  static Value vn_ERageMainWindowController_loadPane(HookCall& call);
   static Value vn_ERageMainWindowController_windowDidBecomeMain(HookCall& call);
   static Value vn_ERageMainWindowController_windowWillClose(HookCall& call);
 };

@@ -32,6 +32,8 @@ class AppleClassRuntime final : public ClassRuntime {
   MethodRef class_getClassMethod(ClassRef target, std::string_view selector) override;
   std::string unusableTypes(ClassRef target, std::string_view selector) override;
   void method_exchangeImplementations(MethodRef first, MethodRef second) override;
+  ClassRef defineClass(std::string_view name, std::string_view superclass) override;
+  HostObject instantiate(ClassRef target, std::string_view initialiser, const Arguments& arguments) override;
   HostObject classObject(ClassRef target) override;
   Answer call(const HostObject& receiver, std::string_view selector, const Arguments& arguments) override;
   bool respondsTo(const HostObject& receiver, std::string_view selector) override;

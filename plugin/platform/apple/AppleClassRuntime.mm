@@ -301,6 +301,31 @@ void AppleClassRuntime::method_exchangeImplementations(MethodRef first, MethodRe
   m_tables->callees.clear();
 }
 
+ClassRef AppleClassRuntime::defineClass(std::string_view name, std::string_view superclass) {
+  if (const ClassRef known = NSClassFromString(name)) return known;
+  const Class host = classFrom(NSClassFromString(superclass));
+  const Class made = host ? objc_allocateClassPair(host, std::string(name).c_str(), 0) : Nil;
+  if (made) objc_registerClassPair(made);
+  return referenceTo(made);
+}
+
+HostObject AppleClassRuntime::instantiate(ClassRef target, std::string_view initialiser,
+                                          const Arguments& arguments) {
+  if (!target) return {};
+  LiveObjects& live = LiveObjects::instance();
+  try {
+    const HostObject unready = live.reference([classFrom(target) alloc], Holding::never);
+    // The initialiser passes on our reference to what it gives, or has ended it.
+    const HostObject made = call(unready, initialiser, arguments).value.object();
+    if (!made) return {};
+    const Retained<> ours = Retained<>::adopted(live.object(made));
+    return live.reference(ours.get(), Holding::always);
+  } catch (...) {
+    // A class may refuse to make objects.
+    return {};
+  }
+}
+
 HostObject AppleClassRuntime::classObject(ClassRef target) {
   return LiveObjects::instance().reference(static_cast<id>(classFrom(target)), Holding::never);
 }

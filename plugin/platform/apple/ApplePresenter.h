@@ -1,17 +1,15 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 
 #include "platform/Presenter.h"
 #include "platform/RunLoop.h"
-#include "platform/apple/Ownership.h"
 #include "platform/apple/ProgressSheets.h"
 
 namespace vorn {
 
-// Alerts, progress sheets and views made of the host's own classes, which are reached by name: a host without one
+// Alerts and progress sheets made of the host's own classes, which are reached by name: a host without one
 // of them shows nothing of that kind, and an alert that cannot be shown is never answered.
 class ApplePresenter final : public Presenter {
  public:
@@ -22,15 +20,11 @@ class ApplePresenter final : public Presenter {
 
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
   std::unique_ptr<Progress> beginProgress(std::string_view message) override { return m_sheets.begin(message); }
-  // A class that the host does not know yet is made below its "NSView".
-  HostObject createView(std::string_view className, const Rect& frame) override;
-  void releaseView(const HostObject& view) override;
 
  private:
   RunLoop& m_runLoop;
   std::string m_resources;
   ProgressSheets m_sheets;
-  std::map<HostObject, Retained<>> m_views;
 };
 
 }  // namespace vorn

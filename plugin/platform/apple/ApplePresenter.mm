@@ -1,7 +1,6 @@
 #include "platform/apple/ApplePresenter.h"
 
 #import <Foundation/Foundation.h>
-#import <objc/runtime.h>
 
 #include <memory>
 #include <utility>
@@ -26,11 +25,6 @@
                    modalDelegate:(id)delegate
                   didEndSelector:(SEL)selector
                      contextInfo:(void*)context;
-@end
-
-@protocol vnHostView
-- (id)initWithFrame:(NSRect)frame;
-- (void)removeFromSuperview;
 @end
 
 using Told = std::function<void(id<vnHostAlert> alert, NSInteger code)>;
@@ -90,14 +84,6 @@ Presenter::Answer answerOf(id<vnHostAlert> shown, NSInteger code, const Presente
   return {static_cast<std::size_t>(button), notAgain};
 }
 
-Class viewClass(NSString* name) {
-  if (const Class known = NSClassFromString(name)) return known;
-  const Class view = NSClassFromString(@"NSView");
-  const Class made = view ? objc_allocateClassPair(view, [name UTF8String], 0) : Nil;
-  if (made) objc_registerClassPair(made);
-  return made;
-}
-
 }  // namespace
 
 ApplePresenter::ApplePresenter(RunLoop& runLoop, std::string resources)
@@ -125,28 +111,6 @@ void ApplePresenter::showAlert(const HostObject& window, const Alert& alert,
     const id<vnHostAlert> shown = makeAlert(alert, resources);
     told(shown, [shown runModal]);
   });
-}
-
-HostObject ApplePresenter::createView(std::string_view className, const Rect& frame) {
-  const Class made = viewClass(foundationText(className));
-  const NSRect rectangle = NSMakeRect(frame.x, frame.y, frame.width, frame.height);
-  id<vnHostView> unready = [made alloc];
-  const id view = [unready initWithFrame:rectangle];
-  if (!view) return {};
-  const HostObject reference = LiveObjects::instance().reference(view, LiveObjects::Holding::never);
-  m_views[reference] = Retained<>::adopted(view);
-  return reference;
-}
-
-void ApplePresenter::releaseView(const HostObject& view) {
-  // In the host's calls further views may be made.
-  const auto released = m_views.extract(view);
-  const id<vnHostView> shown = LiveObjects::instance().object(view);
-  try {
-    [shown removeFromSuperview];
-  } catch (...) {
-    // A host that cannot take it out of its window keeps it there.
-  }
 }
 
 }  // namespace vorn

@@ -17,6 +17,7 @@ class AppleSurroundings final : public Surroundings {
   std::string applicationsDirectory() override { return "/Applications"; }
   std::string userApplicationsDirectory() override { return m_home + "/Applications"; }
   std::optional<std::string> resource(std::string_view name, std::string_view type) override;
+  std::string resourcePath(std::string_view name, std::string_view type) override;
   Version systemVersion() override;
   std::vector<std::string> preferredLanguages() override;
   double currentTime() override;

@@ -28,9 +28,14 @@ AppleSurroundings::AppleSurroundings(std::string resources)
     : m_resources(std::move(resources)), m_home(homeOfProcess()) {}
 
 std::optional<std::string> AppleSurroundings::resource(std::string_view name, std::string_view type) {
+  const std::string path = resourcePath(name, type);
+  return path.empty() ? std::nullopt : readFile(path);
+}
+
+std::string AppleSurroundings::resourcePath(std::string_view name, std::string_view type) {
   // A name is a name and no way out of the folder.
-  if (name.find('/') != std::string_view::npos) return std::nullopt;
-  return readFile(m_resources + "/" + std::string(name) + "." + std::string(type));
+  if (name.find('/') != std::string_view::npos) return "";
+  return m_resources + "/" + std::string(name) + "." + std::string(type);
 }
 
 Surroundings::Version AppleSurroundings::systemVersion() {

@@ -165,6 +165,15 @@ HostObject EmbeddedClassRuntime::createTemporary(std::string_view className, std
   return withKeeper(made.address(), &Tables::letGo);
 }
 
+HostObject EmbeddedClassRuntime::instantiate(ClassRef target, std::string_view initialiser,
+                                             const Arguments& arguments) {
+  if (!target) return {};
+  const HostObject unready = makeObject(classFrom<Class>(target), nullptr);
+  const HostObject made = send(unready, initialiser, arguments).object();
+  if (made != unready) destroy(unready);
+  return made ? withKeeper(made.address(), &Tables::letGo) : HostObject();
+}
+
 HostObject EmbeddedClassRuntime::retained(const HostObject& object) {
   Object* held = m_tables->object(object);
   if (!held) return {};

@@ -21,9 +21,9 @@ class EmbeddedClassRuntime final : public ClassRuntime {
   EmbeddedClassRuntime(const EmbeddedClassRuntime&) = delete;
   EmbeddedClassRuntime& operator=(const EmbeddedClassRuntime&) = delete;
 
-  // Defines a class below an existing one, or a root class for "". Defining a name again gives the existing
-  // class; an unknown superclass gives a false reference.
-  ClassRef defineClass(std::string_view name, std::string_view superclass = {});
+  // Also defines a root class, for "".
+  ClassRef defineClass(std::string_view name, std::string_view superclass) override;
+  ClassRef defineClass(std::string_view name) { return defineClass(name, {}); }
   // Adds or replaces a method of a defined class. An unknown class changes nothing.
   void setInstanceMethod(std::string_view className, std::string_view selector, Implementation implementation);
   void setClassMethod(std::string_view className, std::string_view selector, Implementation implementation);
@@ -54,6 +54,7 @@ class EmbeddedClassRuntime final : public ClassRuntime {
   // Always "": what crosses here are values already.
   std::string unusableTypes(ClassRef target, std::string_view selector) override;
   void method_exchangeImplementations(MethodRef first, MethodRef second) override;
+  HostObject instantiate(ClassRef target, std::string_view initialiser, const Arguments& arguments) override;
   HostObject classObject(ClassRef target) override;
   Answer call(const HostObject& receiver, std::string_view selector, const Arguments& arguments) override;
   bool respondsTo(const HostObject& receiver, std::string_view selector) override;

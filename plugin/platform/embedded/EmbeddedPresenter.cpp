@@ -20,19 +20,4 @@ Presenter::Answer EmbeddedPresenter::possibleAnswer(const Alert& alert, const An
           answer.notAgain && !alert.notAgainSwitch.empty()};
 }
 
-HostObject EmbeddedPresenter::createView(std::string_view className, const Rect& frame) {
-  if (!m_runtime.defineClass(className, "NSView")) return {};
-  const HostObject made = m_runtime.create(className);
-  const Value rectangle = Value::dictionaryFromPairs(
-      {{"x", frame.x}, {"y", frame.y}, {"width", frame.width}, {"height", frame.height}});
-  const HostObject view = m_runtime.send(made, "initWithFrame:", {rectangle}).object();
-  if (!view) m_runtime.destroy(made);
-  return view;
-}
-
-void EmbeddedPresenter::releaseView(const HostObject& view) {
-  m_runtime.send(view, "removeFromSuperview");
-  m_runtime.destroy(view);
-}
-
 }  // namespace vorn

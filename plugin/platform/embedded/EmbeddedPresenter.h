@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/Presenter.h"
-#include "platform/embedded/EmbeddedClassRuntime.h"
 #include "platform/embedded/ProgressRecord.h"
 
 namespace vorn {
@@ -22,9 +21,6 @@ class EmbeddedPresenter final : public Presenter {
     Answer answer = Answer::defaultButton;
   };
   using Observer = std::function<void(const Shown& shown)>;
-
-  // The runtime outlives this.
-  explicit EmbeddedPresenter(EmbeddedClassRuntime& runtime) : m_runtime(runtime) {}
 
   // What alerts are answered with, from now on; the default button at first.
   void setAnswer(Answer answer) { m_answer = answer; }
@@ -42,13 +38,7 @@ class EmbeddedPresenter final : public Presenter {
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
   std::unique_ptr<Progress> beginProgress(std::string_view message) override { return m_progress.begin(message); }
 
-  // A class that the host does not know yet is defined below its "NSView"; the view is sent initWithFrame: with
-  // the rectangle as a dictionary of "x", "y", "width" and "height".
-  HostObject createView(std::string_view className, const Rect& frame) override;
-  void releaseView(const HostObject& view) override;
-
  private:
-  EmbeddedClassRuntime& m_runtime;
   Answer m_answer = Answer::defaultButton;
   std::deque<Answer> m_nextAnswers;
   Observer m_observer;

@@ -49,9 +49,14 @@ std::string EmbeddedSurroundings::applicationsDirectory() { return m_options.app
 std::string EmbeddedSurroundings::userApplicationsDirectory() { return m_options.userApplications; }
 
 std::optional<std::string> EmbeddedSurroundings::resource(std::string_view name, std::string_view type) {
+  const std::string path = resourcePath(name, type);
+  return path.empty() ? std::nullopt : readFile(path);
+}
+
+std::string EmbeddedSurroundings::resourcePath(std::string_view name, std::string_view type) {
   // A name is a name and no way out of the folder.
-  if (m_options.resources.empty() || name.find('/') != std::string_view::npos) return std::nullopt;
-  return readFile(m_options.resources + "/" + std::string(name) + "." + std::string(type));
+  if (m_options.resources.empty() || name.find('/') != std::string_view::npos) return "";
+  return m_options.resources + "/" + std::string(name) + "." + std::string(type);
 }
 
 Surroundings::Version EmbeddedSurroundings::systemVersion() { return m_options.systemVersion; }

@@ -32,6 +32,7 @@ class EmbeddedSurroundings final : public Surroundings {
   std::string applicationsDirectory() override;
   std::string userApplicationsDirectory() override;
   std::optional<std::string> resource(std::string_view name, std::string_view type) override;
+  std::string resourcePath(std::string_view name, std::string_view type) override;
   Version systemVersion() override;
   std::vector<std::string> preferredLanguages() override;
   double currentTime() override;

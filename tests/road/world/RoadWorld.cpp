@@ -101,16 +101,10 @@ void RoadWorld::abandon(EditorId editor) {
   settle();
 }
 
-bool RoadWorld::barSays(EditorId editor, std::string_view question) {
-  return runtime.send(host.barView(editor), question).boolValue();
-}
-
-bool RoadWorld::offersAdd(EditorId editor) {
-  return host.barView(editor) && !barSays(editor, "isAddButtonHidden");
-}
+bool RoadWorld::offersAdd(EditorId editor) { return host.barControl(editor, "onClickAddVornMeeting:").isShown; }
 
 bool RoadWorld::showsMeeting(EditorId editor) {
-  return host.barView(editor) && !barSays(editor, "isCancelButtonHidden");
+  return host.barControl(editor, "onClickCancelVornMeeting:").isShown;
 }
 
 std::string RoadWorld::lastAlert() const {

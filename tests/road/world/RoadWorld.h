@@ -60,8 +60,6 @@ class RoadWorld {
   vornlab::Service& service = client->service();
 
  private:
-  bool barSays(EditorId editor, std::string_view question);
-
   bool m_hostStores = true;
 };
 

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string_view>
+
+#include "util/HostObject.h"
+#include "util/Value.h"
+
+namespace vorn {
+
+// This system's items in the toolbar of the host's main window, and what a click on them does. Process-wide; main
+// thread only.
+class vnToolbarItemMgr {
+ public:
+  static vnToolbarItemMgr& sharedInstance();
+
+  // The item of one of this system's identifiers; absent for any other, and when the host has no toolbar items.
+  HostObject itemForIdentifier(std::string_view identifier);
+
+  // Each item is made when it is first asked for, and kept.
+  const HostObject& VNStartToolbarItem();
+  const HostObject& VNScheduleToolbarItem();
+  const HostObject& vnSchedulePACToolbarItem();
+  const HostObject& VNOpenLogFolderToolbarItem();
+
+  // Open the menu of such an item at the view.
+  void popupStartContextMenu(const HostObject& view);
+  void popupSchedulePACContextMenu(const HostObject& view);
+  // An entry of such a menu was chosen; its tag says which. What it does begins when the menu has closed. Any tag
+  // that no entry has does nothing.
+  void onContextMenuAction_Start(const HostObject& sender);
+  void onContextMenuAction_SchedulePAC(const HostObject& sender);
+
+  void onClickStartMeetingWithVideo();
+  void onClickStartMeetingWithoutVideo();
+  void onClickScheduleVornMeeting();
+  // The data names the account.
+  void onClickSchedulePersonalAudioMeeting(const Value& data);
+  void onClickOpenLogFolder();
+
+  // Whether this build offers to start a meeting without video.
+  static bool supportStartWithoutVideo();
+
+ private:
+  // What an item is made of.
+  struct Look;
+
+  HostObject makeItem(const Look& look);
+  HostObject makeItemWithMenu(const Look& look, const HostObject& menu);
+  const HostObject& target();
+  const HostObject& startMenu();
+  const HostObject& schedulePACMenu();
+
+  HostObject m_target;
+  HostObject m_startMenu;
+  HostObject m_schedulePACMenu;
+  HostObject m_start;
+  HostObject m_schedule;
+  HostObject m_schedulePAC;
+  HostObject m_openLogFolder;
+};
+
+}  // namespace vorn

@@ -1,0 +1,13 @@
+#pragma once
+
+namespace vorn {
+
+// A rectangle of the screen, in points.
+struct Rect {
+  double x = 0;
+  double y = 0;
+  double width = 0;
+  double height = 0;
+};
+
+}  // namespace vorn

@@ -1,0 +1,276 @@
+// The controls of the main window at the stand-in host: the ribbon's button and the toolbar's items.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <optional>
+
+#include "channel/store/vnCommon.h"
+#include "channel/transport/vnIPCConstants.h"
+#include "host/proxies/HostViews.h"
+#include "host/surface/HookInstaller.h"
+#include "host/surface/MainWindowToolbar.h"
+#include "host/surface/vnPopupToolbarView.h"
+#include "host/surface/vnToolbarItemMgr.h"
+#include "lab/outlook/OutlookHost.h"
+#include "platform/Localization.h"
+#include "tests/support/TestPlatform.h"
+#include "workflow/ThreadDictionary.h"
+#include "workflow/vnMeetingMgr.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+namespace {
+
+using testing::ElementsAre;
+using vornlab::ControlName;
+using vornlab::OutlookHost;
+
+class MainWindowControls : public testing::Test {
+ protected:
+  // A fresh world each time.
+  void start(const OutlookHost::Options& options = {}, const char* version = "16.78",
+             Surroundings::Version system = {14, 2, 0}) {
+    host.reset();
+    world.reset();
+    world.emplace();
+    world->surroundings.version = system;
+    world->workspace.installed["com.microsoft.Outlook"] = "/Outlook.app";
+    world->workspace.propertyLists["/Outlook.app/Contents/Info.plist"] =
+        Value(Value::Dictionary{{"CFBundleShortVersionString", version}});
+    world->surroundings.resourceFolder = std::string(VORN_PLUGIN_FOLDER) + "/resources";
+    host = std::make_unique<OutlookHost>(world->classRuntime, world->runLoop, world->notificationCenter, options);
+    host->defineClasses();
+    HookInstaller::sharedInstance().load();
+    host->openMainWindow();
+    wait();
+  }
+  void wait() {
+    world->runLoop.runUntil([] { return false; }, 0.02);
+  }
+  HostObject container() {
+    const Value windows = askHost(hostApplication(), "windows");
+    return firstSubviewOfKind(askHost(windows.at(0).object(), "contentView").object(),
+                              "OUIRibbonChunkContainerView");
+  }
+  std::size_t buttons() {
+    std::size_t count = 0;
+    for (const HostObject& view : subviewsOf(container())) count += isExactlyOfHostClass(view, "vnPopupButton");
+    return count;
+  }
+  std::string ribbonState() {
+    const OutlookHost::Control seen = host->ribbonControl("onClickAbout:");
+    return !seen.exists ? "none" : seen.isShown ? "shown" : "hidden";
+  }
+  HostObject senderWithTag(const Value& tag) {
+    const HostObject sender = world->classRuntime.create("NSMenuItem");
+    world->classRuntime.send(sender, "setTag:", {tag});
+    return sender;
+  }
+  std::uint64_t lastCommand() { return vnMeetingMgr::sharedInstance()->getMeetingAction(); }
+
+  std::optional<TestPlatform> world;
+  std::unique_ptr<OutlookHost> host;
+};
+
+TEST_F(MainWindowControls, TheRibbonHasItsButtonOnTheTabsThatWantIt) {
+  for (const bool hasAddins : {true, false}) {
+    SCOPED_TRACE(hasAddins);
+    OutlookHost::Options options;
+    options.hasAddinsChunk = hasAddins;
+    start(options);
+    struct Row {
+      std::uint32_t tab;
+      const char* afterOther;
+      const char* afterCalendar;
+    };
+    const Row rows[] = {{0, hasAddins ? "shown" : "none", hasAddins ? "shown" : "hidden"},
+                        {1, "none", "shown"},
+                        {2, "shown", "shown"},
+                        {3, "none", "shown"}};
+    for (const Row& row : rows) {
+      SCOPED_TRACE(row.tab);
+      host->chooseRibbonTab(1);
+      host->rebuildRibbon();
+      host->chooseRibbonTab(row.tab);
+      wait();
+      EXPECT_EQ(ribbonState(), row.afterOther);
+      host->chooseRibbonTab(2);
+      wait();
+      host->chooseRibbonTab(row.tab);
+      wait();
+      EXPECT_EQ(ribbonState(), row.afterCalendar) << "what stands is only hidden where it is not wanted";
+    }
+  }
+}
+
+TEST_F(MainWindowControls, OneButtonStandsBehindTheChunksHoweverOftenTheyAreBuilt) {
+  start();
+  for (int i = 0; i < 50; ++i) {
+    i % 2 == 0 ? host->showMailPane() : host->showCalendarPane();
+    if (i % 7 == 0) host->rebuildRibbon();
+    if (i % 3 == 0) wait();
+  }
+  wait();
+  EXPECT_EQ(buttons(), 1U);
+  const std::vector<HostObject> views = subviewsOf(container());
+  Rect button;
+  double edge = 0;
+  for (const HostObject& view : views) {
+    const Rect frame = frameOf(view);
+    if (isExactlyOfHostClass(view, "vnPopupButton")) {
+      button = frame;
+    } else {
+      edge = std::max(edge, frame.x + frame.width);
+    }
+  }
+  EXPECT_EQ(button.x, edge);
+  EXPECT_EQ(button.width, 60);
+  EXPECT_EQ(button.height, 60);
+}
+
+TEST_F(MainWindowControls, PanesThatLoadOneAfterTheOtherLeadToOneLook) {
+  start();
+  const std::size_t before = world->runLoop.waiting();
+  for (int i = 0; i < 5; ++i) world->classRuntime.send(container(), "drawRect:", {Value()});
+  EXPECT_EQ(world->runLoop.waiting(), before + 1);
+  host->closeMainWindow();
+  world->runLoop.runDue();
+  EXPECT_EQ(world->runLoop.waiting(), before) << "a window that closes takes it along";
+}
+
+TEST_F(MainWindowControls, TheRibbonsMenuDoesWhatItSays) {
+  start();
+  const std::pair<const char*, std::uint64_t> starts[] = {{"onClickStartMeetingWithVideo:", 9},
+                                                          {"onClickStartMeetingWithoutVideo:", 10}};
+  for (const auto& [action, command] : starts) {
+    EXPECT_TRUE(host->clickRibbon(action));
+    EXPECT_EQ(lastCommand(), command);
+  }
+  EXPECT_TRUE(host->clickRibbon("onClickAbout:"));
+  EXPECT_EQ(world->distributedNotifications.posted.back().name, kIPCPluginOpenAboutDialog);
+  EXPECT_TRUE(host->clickRibbon("onClickScheduleMeeting:"));
+  EXPECT_TRUE(ThreadDictionary::sharedInstance()[keyFlagAutoAddToVnMeeting].boolValue());
+}
+
+TEST_F(MainWindowControls, EachItemOfTheToolbarShowsItsNameAndDoesItsWork) {
+  start();
+  std::filesystem::create_directories(vnCommon::getDocumentOutlookPluginRootPath());
+  struct Row {
+    const char* identifier;
+    ControlName control;
+    const char* title;
+    const char* label;
+    const char* image;
+  };
+  const Row rows[] = {
+      {"VNStartToolbarItem",
+       {"onContextMenuAction_Start:", 0},
+       "Start with Video",
+       "Start Meeting",
+       "Start_Meeting_normal_32"},
+      {"VNScheduleToolbarItem", "onClickScheduleVornMeeting:", "Schedule Meeting", "Schedule Meeting",
+       "Schedule_Meeting_normal_32"},
+      {"VNSchedulePACToolbarItem",
+       {"onContextMenuAction_SchedulePAC:", 1},
+       "Audio Conference Account 2",
+       "Schedule Audio Conference",
+       "Schedule_PACMeeting_32"},
+      {"VNOpenLogFolder", "onClickOpenLogFolder:", "Open Log Folder", "Open Log Folder",
+       "OpenLogFolder_normal_32"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.identifier);
+    EXPECT_FALSE(host->toolbarControl(row.control).exists);
+    ASSERT_TRUE(host->addToolbarItem(row.identifier));
+    const OutlookHost::Control seen = host->toolbarControl(row.control);
+    EXPECT_TRUE(seen.isEnabled);
+    EXPECT_EQ(seen.title, row.title);
+    const HostObject item = vnToolbarItemMgr::sharedInstance().itemForIdentifier(row.identifier);
+    EXPECT_EQ(askHost(item, "label").text(), row.label);
+    EXPECT_EQ(askHost(item, "paletteLabel").text(), "Vorn");
+    EXPECT_FALSE(askHost(item, "toolTip").text().empty());
+    EXPECT_EQ(askHost(askHost(item, "image").object(), "name").text(), row.image);
+  }
+  EXPECT_FALSE(host->addToolbarItem("SomebodyElses")) << "what is not ours is the host's to make";
+
+  EXPECT_TRUE(host->clickToolbar(rows[0].control));
+  EXPECT_EQ(lastCommand(), 0U) << "the menu closes first";
+  world->runLoop.runDue();
+  EXPECT_EQ(lastCommand(), 9U);
+  EXPECT_TRUE(host->clickToolbar({"onContextMenuAction_Start:", 1}));
+  world->runLoop.runDue();
+  EXPECT_EQ(lastCommand(), 10U);
+  EXPECT_TRUE(host->clickToolbar(rows[3].control));
+  EXPECT_THAT(world->workspace.openedFolders, ElementsAre(vnCommon::getDocumentOutlookPluginRootPath()));
+  const ThreadDictionary& left = ThreadDictionary::sharedInstance();
+  EXPECT_TRUE(host->clickToolbar(rows[1].control));
+  EXPECT_TRUE(left[keyFlagAutoAddToVnMeeting].boolValue());
+  for (const int account : {1, 2}) {
+    EXPECT_TRUE(host->clickToolbar({"onContextMenuAction_SchedulePAC:", account - 1}));
+    const auto isLeft = [&] {
+      return left[keyFlagVnMeetingArgument][vn_PAC_Setting_PACAccountNo] == Value(account);
+    };
+    EXPECT_TRUE(world->runLoop.runUntil(isLeft, 1)) << account;
+  }
+}
+
+TEST_F(MainWindowControls, ATagThatNoEntryHasDoesNothing) {
+  start();
+  vnToolbarItemMgr& items = vnToolbarItemMgr::sharedInstance();
+  for (const Value& tag : {Value(2), Value(-1), Value(), Value("0")}) {
+    items.onContextMenuAction_Start(senderWithTag(tag));
+    items.onContextMenuAction_SchedulePAC(senderWithTag(tag));
+  }
+  items.onContextMenuAction_Start({});
+  world->runLoop.runDue();
+  EXPECT_EQ(lastCommand(), 0U);
+  EXPECT_TRUE(ThreadDictionary::sharedInstance()[keyFlagAutoAddToPACMeeting].isAbsent());
+}
+
+TEST_F(MainWindowControls, AnItemIsForAHostAndASystemThatAreNewEnough) {
+  struct Row {
+    const char* host;
+    Surroundings::Version system;
+    bool isEnabled;
+    bool saysTooOld;
+  };
+  const Row rows[] = {
+      {"16.78", {14, 2, 0}, true, false}, {"14.1.3", {14, 2, 0}, false, false}, {"16.78", {10, 6, 0}, true, true}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.host);
+    start({}, row.host, row.system);
+    const HostObject item = vnToolbarItemMgr::sharedInstance().VNScheduleToolbarItem();
+    askHost(item, "validate");
+    EXPECT_EQ(askHost(item, "isEnabled"), Value(row.isEnabled));
+    EXPECT_EQ(askHost(item, "toolTip").text() == localizedString("OSVersionTooLow"), row.saysTooOld);
+  }
+}
+
+TEST_F(MainWindowControls, AToolbarThatRefusesOurItemGetsNoSeparatorForIt) {
+  OutlookHost::Options options;
+  options.toolbar = {"OLNewItem", "NSToolbarSeparatorItem", "NSToolbarFlexibleSpaceItem"};
+  for (const bool hasToolbar : {true, false}) {
+    options.hasToolbar = hasToolbar;
+    start(options, "14.1.0");
+    addUIToMainWindow(m_scheduleMeetingItemIdentifier);
+    EXPECT_EQ(host->toolbarItems(), hasToolbar ? options.toolbar : std::vector<std::string>());
+  }
+}
+
+TEST_F(MainWindowControls, APressOnTheImageIsAPressOnItsView) {
+  start();
+  const HostObject view = makePopupToolbarView({10, 20, 32, 32}, "Start_Meeting_normal_32", {});
+  const std::pair<std::pair<double, double>, bool> rows[] = {{{10, 20}, true},  {{41, 51}, true},
+                                                             {{42, 30}, false}, {{9, 30}, false},
+                                                             {{20, 52}, false}, {{20, 19}, false}};
+  for (const auto& [point, isHit] : rows) {
+    const Value at = Value::dictionaryFromPairs({{"x", point.first}, {"y", point.second}});
+    EXPECT_EQ(askHost(view, "hitTest:", {at}).object() == view, isHit) << point.first << " " << point.second;
+  }
+  EXPECT_EQ(subviewsOf(view).size(), 1U);
+}
+
+}  // namespace
+}  // namespace vorn
