@@ -81,7 +81,7 @@ TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
 }
 
 TEST_F(Bar, AnItemOfASeriesIsSupportedWithAMeetingOfItsOwn) {
-  const HostObject series = host.object("ECCalendarEvent", {});
+  const HostObject series = host.object("ECCalendarEvent");
   host.set(event, "seriesMasterRecord", series);
   for (const char* kind : {"isOccurrence", "isModifiedException"}) {
     host.set(event, kind, true);
@@ -256,7 +256,7 @@ TEST_F(Bar, AfterASwitchToTheSeriesShowsWhatTheSeriesHas) {
   const auto bar = makeBar();
   bar->attachOutlookERCalendarEventEditorWindowController(controller);
   const auto record = [](const std::string& key) { return "{\"meetingKey\": \"" + key + "\"}"; };
-  const HostObject series = host.object("ECCalendarEvent", {});
+  const HostObject series = host.object("ECCalendarEvent");
   host.set(event, "seriesMasterRecord", series);
   for (const auto& c : cases) {
     host.set(event, "isOccurrence", c.isOccurrence);

@@ -197,7 +197,7 @@ TEST_F(HookTable, AnItemOfASeriesPassesForASingleAppointmentOnlyWhileItsRecordIs
   host.set(event, "isOccurrence", true);
   host.set(event, "isRecurring", true);
   HookInstaller::sharedInstance().load();
-  const HostObject record = host.object("ECMutableCalendarEvent", {});
+  const HostObject record = host.object("ECMutableCalendarEvent");
   EXPECT_EQ(world.classRuntime.send(event, "isOccurrence"), Value(true));
   const Value single(Value::Array{false, false});
   EXPECT_EQ(world.classRuntime.send(event, "olmUCInband"), single);

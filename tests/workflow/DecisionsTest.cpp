@@ -135,7 +135,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     SCOPED_TRACE(row.state);
     client.requests.clear();
     panels.panel.calls.clear();
-    window->set(window->bar->editor, "record", "");
+    window->set(window->bar->editor, "olmUCInband", "");
     window->set(window->bar->event, "summary", "");
     hostSaves = 0;
     manager().setState(row.state);
@@ -191,7 +191,7 @@ TEST_F(Decisions, EachOtherReplyGoesToItsOwnEnd) {
   vnCalendarActionMgr::sharedInstance().setActionResult(false);
   reply(VnCmdDelete, Value::dictionaryFromPairs({{keyVNResult, keyVNSuccess}}));
   EXPECT_EQ(manager().state(), VnStateChanging);
-  EXPECT_EQ(window->get(window->bar->editor, "record").text(), "");
+  EXPECT_EQ(window->get(window->bar->editor, "olmUCInband").text(), "");
   EXPECT_EQ(window->bar->shown, VnUINotMeeting);
   EXPECT_EQ(data().meetingKey(), "");
   EXPECT_EQ(hostSaves, 1);

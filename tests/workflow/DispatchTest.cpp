@@ -2,7 +2,7 @@
 
 #include "channel/commands/vnAPIKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
-#include "tests/workflow/FakeWindow.h"
+#include "tests/support/FakeWindow.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnWorkflowKeys.h"
