@@ -236,7 +236,7 @@ TEST_F(Bar, WhatTheStepAfterOpeningNeedsOfTheHostLivesUntilThenAndNoLonger) {
   EXPECT_FALSE(world.classRuntime.isAlive(event));
   EXPECT_FALSE(world.classRuntime.isAlive(controller));
   vnActionAdditionView::onChangeUINotification(opened());
-  EXPECT_TRUE(world.presenter.alerts.empty());
+  EXPECT_TRUE(world.presenter.alerts().empty());
 }
 
 TEST_F(Bar, AfterASwitchToTheSeriesShowsWhatTheSeriesHas) {

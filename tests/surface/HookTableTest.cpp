@@ -176,7 +176,7 @@ TEST_F(HookTable, AHostThatIsTooOldGetsOneAlertAndNoMainWindowHooks) {
   host.teach("ERageMainWindowController", {"windowWillClose:"});
   host.set(event, "isOccurrence", true);
   HookInstaller::sharedInstance().load();
-  EXPECT_EQ(world.presenter.alerts.size(), 1u);
+  EXPECT_EQ(world.presenter.alerts().size(), 1u);
   for (const HookState& state : HookInstaller::sharedInstance().states()) {
     const bool isGated = state.row->hostClass == "OLCalendarHeaderContainerView" ||
                          state.row->hostClass == "ERageMainWindowController";

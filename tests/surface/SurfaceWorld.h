@@ -24,6 +24,10 @@ class SurfaceWorld : public testing::Test {
     vnApptUIActionMgr::sharedInstance().setBarFactory(
         [](const HostObject& headerView) { vnActionAdditionView::create(headerView); });
     host.teach("ERCalendarEventEditorViewController", {"setIsDirty:"});
+    world.classRuntime.defineClass("NSView");
+    world.classRuntime.setInstanceMethod(
+        "NSView", "initWithFrame:", [](const HostObject& self, const Arguments&) { return Value(self); });
+    world.classRuntime.defineClass("vnActionAdditionView", "NSView");
     host.teach("vnActionAdditionView", {"window", "superview", "frame", "setFrame:", "setNeedsDisplay:"});
     world.classRuntime.setInstanceMethod("vnActionAdditionView", "window",
                                          [this](const HostObject& view, const Arguments&) -> Value {

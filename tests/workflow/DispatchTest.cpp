@@ -31,7 +31,7 @@ TEST_F(Dispatch, NumbersThatNobodyAnswersDoNothingButAreNotedAsTheLastAction) {
     EXPECT_EQ(window.manager->onExcuteCommandFinished(reply, Value::dictionary()), 0) << reply;
     EXPECT_EQ(window.manager->state(), VnStatePMIForSettings) << reply;
   }
-  EXPECT_TRUE(test.presenter.alerts.empty());
+  EXPECT_TRUE(test.presenter.alerts().empty());
 }
 
 TEST_F(Dispatch, EachCommandEntersItsStateAndSomeDeliberatelyNone) {
