@@ -6,7 +6,7 @@
 
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
-#include "tests/workflow/FakeWindow.h"
+#include "tests/support/FakeWindow.h"
 #include "workflow/LocationRule.h"
 
 namespace vorn {

@@ -60,7 +60,6 @@ class ObjcLab final : public MeetingLab {
   // The plug-in clears up a hundredth of a second after a window has closed.
   static constexpr double kClearingSeconds = 0.02;
 
-  void startClient();
   void loadBundle(const std::filesystem::path& bundle);
   // Answers why the road ended, or "".
   std::string walk(const CalendarEvent& event, MeetResult& result);

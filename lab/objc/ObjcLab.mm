@@ -9,10 +9,10 @@
 #include <cstring>
 #include <fstream>
 
-#include "lab/client/Account.h"
 #include "lab/objc/HostControls.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
+#include "lab/shell/LabStart.h"
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/TemporaryFolder.h"
 #include "util/AtomicFile.h"
@@ -24,7 +24,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr auto kWorldVariable = "VORNLAB_OBJC_WORLD";
-constexpr double kStartSeconds = 20;
 constexpr double kTurnSeconds = 0.005;
 // A request that is on its way is in the client's journal after that time.
 constexpr double kSettlingSeconds = 0.2;
@@ -33,15 +32,6 @@ constexpr double kSettlingSeconds = 0.2;
 fs::path fromUsersFolder(const fs::path& path) {
   const passwd* user = getpwuid(geteuid());
   return fs::proximate(path, user ? user->pw_dir : "/");
-}
-
-World::Options worldOptions(const LabOptions& options) {
-  World::Options world;
-  world.folder = options.world;
-  if (!options.withoutClient) world.client = options.programs / "vornclient.app";
-  world.clientVersion = options.clientVersion;
-  world.userId = (options.account.empty() ? Account::plain() : Account::fromFile(options.account.string())).userId;
-  return world;
 }
 
 // The bar's buttons, by what they send.
@@ -72,13 +62,13 @@ fs::path enterOwnWorld(char** arguments) {
 }
 
 ObjcLab::ObjcLab(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress)
-    : m_options(options), m_world(worldOptions(options)), m_calendar(calendar) {
+    : m_options(options), m_world(worldOptions(options, signedInAccount(options).userId)), m_calendar(calendar) {
   const Pool pool;
   // The plug-in knows the Applications folder of the machine, and that of the user.
   std::error_code failed;
   fs::create_directory_symlink(m_world.applications(), m_world.home() / "Applications", failed);
   if (failed) throw LabError("cannot make the user's Applications folder: " + failed.message());
-  if (!m_options.withoutClient) startClient();
+  if (!m_options.withoutClient) startClient(m_client, m_options, m_world, "socket");
   shownStore() = &calendar;
   [ECEmailAccount setUserAddress:foundationText(std::string_view(userAddress))];
   loadBundle(m_options.bundle.empty() ? m_options.programs / "objc/vOutlookPlugin.bundle" : m_options.bundle);
@@ -97,14 +87,6 @@ ObjcLab::~ObjcLab() {
   [controller windowWillClose:[NSNotification notificationWithName:@"NSWindowWillCloseNotification"
                                                             object:[controller window]]];
   [controller release];
-}
-
-void ObjcLab::startClient() {
-  std::vector<std::string> arguments{"--home",    m_world.home(),   "--db", m_options.clientDatabase,
-                                     "--journal", m_world.journal()};
-  if (!m_options.account.empty()) arguments.insert(arguments.end(), {"--account", m_options.account});
-  arguments.insert(arguments.end(), m_options.clientArguments.begin(), m_options.clientArguments.end());
-  m_client.start(m_world.clientProgram(), arguments, m_world.clientErrors(), kStartSeconds);
 }
 
 void ObjcLab::loadBundle(const fs::path& bundle) {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "lab/shell/LabError.h"
+#include "lab/shell/LabStart.h"
 #include "lab/shell/SystemVersion.h"
 
 namespace vornlab {
@@ -11,26 +11,6 @@ namespace {
 constexpr auto kHostDomain = "com.microsoft.Outlook";
 // What a call may be late on a machine that is busy with other things.
 constexpr double kLateSeconds = 20;
-
-Account accountOf(const LabOptions& options) {
-  try {
-    return options.account.empty() ? Account::plain() : Account::fromFile(options.account.string());
-  } catch (const AccountError& error) {
-    throw UsageError(error.what());
-  }
-}
-
-World::Options worldOptions(const LabOptions& options, const std::string& userId) {
-  World::Options world;
-  world.folder = options.world;
-  world.keep = options.keepWorld;
-  if (!options.withoutClient) world.client = options.programs / "vornclient.app";
-  world.clientVersion = options.clientVersion;
-  world.userId = userId;
-  world.panelIsOff = options.panelIsOff;
-  world.mayBeTooLongForSocket = options.goesOnWithoutClient;
-  return world;
-}
 
 vorn::EmbeddedSurroundings::Options inWorld(vorn::EmbeddedSurroundings::Options surroundings, const World& world,
                                             const LabOptions& options) {
@@ -48,7 +28,7 @@ EmbeddedSession::EmbeddedSession(const LabOptions& options, const OutlookHost::O
                                  std::unique_ptr<vorn::HostRunLoop> runLoop,
                                  vorn::EmbeddedSurroundings::Options surroundings)
     : m_options(options),
-      m_account(accountOf(options)),
+      m_account(signedInAccount(options)),
       m_world(worldOptions(options, m_account.userId)),
       m_runLoop(std::move(runLoop)),
       m_userDefaults(m_world.preferences().string(), kHostDomain),

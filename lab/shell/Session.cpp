@@ -4,6 +4,7 @@
 
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
+#include "lab/shell/LabStart.h"
 #include "lab/shell/SystemVersion.h"
 #include "platform/embedded/AsioRunLoop.h"
 #include "util/AtomicFile.h"
@@ -11,8 +12,6 @@
 namespace vornlab {
 namespace {
 
-// What a start may take on a machine that is busy with other things.
-constexpr double kStartSeconds = 20;
 constexpr double kLookAgainSeconds = 0.005;
 
 std::filesystem::path bundleOf(const LabOptions& options) {
@@ -74,20 +73,9 @@ void Session::prepareClient() {
 }
 
 void Session::startClient() {
-  const std::filesystem::path database = options().clientDatabase;
-  std::vector<std::string> arguments{"--home", world().home(), "--db", database, "--journal", world().journal()};
   // Beside the socket the bus carries what is said to the agent.
   const char* const transport = talksByNotifications() ? "notifications" : m_notifications ? "both" : "socket";
-  arguments.insert(arguments.end(), {"--transport", transport});
-  if (!options().account.empty()) arguments.insert(arguments.end(), {"--account", options().account});
-  if (options().takesFaults) arguments.push_back("--faults=" + world().faults().string());
-  arguments.insert(arguments.end(), options().clientArguments.begin(), options().clientArguments.end());
-  if (database.has_parent_path()) {
-    std::error_code failed;
-    std::filesystem::create_directories(database.parent_path(), failed);
-    if (failed) throw LabError("cannot make the folder of " + database.string() + ": " + failed.message());
-  }
-  m_client.start(world().clientProgram(), arguments, world().clientErrors(), kStartSeconds);
+  vornlab::startClient(m_client, options(), world(), transport);
 }
 
 void Session::killClient() {

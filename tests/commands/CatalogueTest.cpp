@@ -217,7 +217,7 @@ TEST_F(Catalogue, AnErrorIsShownAndTheManagerHearsNothing) {
       {[&] { mgr->getScheduleForList(window); }, "11", {"MeetingNotFound"}, {}},
   };
   for (const auto& [send, action, texts, told] : cases) {
-    world.presenter.alerts.clear();
+    world.presenter.forgetAlerts();
     owner.told.clear();
     send();
     reply(action, "0;Error 3001");

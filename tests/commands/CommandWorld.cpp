@@ -50,7 +50,7 @@ std::size_t CommandWorld::activations() const {
 
 std::vector<std::string> CommandWorld::alertTexts() const {
   std::vector<std::string> texts;
-  for (const auto& shown : world.presenter.alerts) texts.push_back(shown.alert.message);
+  for (const auto& shown : world.presenter.alerts()) texts.push_back(shown.alert.message);
   return texts;
 }
 

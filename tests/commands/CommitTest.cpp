@@ -252,7 +252,7 @@ TEST_F(Commit, WhatHasNoStartOrMustBeLeftAloneIsNotSent) {
   EXPECT_EQ(mgr->updateMeeting(window, data), 0);
   EXPECT_THAT(alertTexts(), ElementsAre("LN_Schedule_ErrorMessage_InvalidStartTime"));
   // The window of this request is not known yet.
-  EXPECT_EQ(world.presenter.alerts[0].window, HostObject());
+  EXPECT_EQ(world.presenter.alerts()[0].window, HostObject());
   EXPECT_THAT(sent(), IsEmpty());
 }
 
@@ -348,7 +348,7 @@ TEST_F(Commit, EachReplyIsReadByItsRule) {
   for (const auto& [content, key, invitation, alerts, told] : cases) {
     owner.finished.clear();
     owner.told.clear();
-    world.presenter.alerts.clear();
+    world.presenter.forgetAlerts();
     mgr->updateMeeting(window, data);
     reply("2", content);
     EXPECT_EQ(alertTexts(), alerts) << content;

@@ -17,9 +17,9 @@ class ErrorMapping : public CommandWorld {
 
   // The text of the one alert for a code.
   std::string shown(int code) {
-    world.presenter.alerts.clear();
+    world.presenter.forgetAlerts();
     command.popupErrorMsg(window, code);
-    return world.presenter.alerts.size() == 1 ? world.presenter.alerts[0].alert.message : "not one alert";
+    return world.presenter.alerts().size() == 1 ? world.presenter.alerts()[0].alert.message : "not one alert";
   }
 
   vnAPIBase command;
@@ -88,14 +88,14 @@ TEST_F(ErrorMapping, EachCodeShowsItsText) {
 
   command.parseFeedbackError("0;Error of a new kind");
   EXPECT_EQ(shown(9999), "0;Error of a new kind");
-  EXPECT_EQ(world.presenter.alerts[0].window, window);
-  EXPECT_EQ(world.presenter.alerts[0].alert.buttons, std::vector<std::string>{"OK"});
-  EXPECT_EQ(world.presenter.alerts[0].alert.icon, "warning.png");
+  EXPECT_EQ(world.presenter.alerts()[0].window, window);
+  EXPECT_EQ(world.presenter.alerts()[0].alert.buttons, std::vector<std::string>{"OK"});
+  EXPECT_EQ(world.presenter.alerts()[0].alert.icon, "warning.png");
 }
 
 TEST_F(ErrorMapping, AClientThatDoesNotRunIsOfferedToBeLaunched) {
   EXPECT_EQ(shown(5), "VornClientNotRunning");
-  EXPECT_EQ(world.presenter.alerts[0].alert.buttons.front(), "Button_LaunchClient");
+  EXPECT_EQ(world.presenter.alerts()[0].alert.buttons.front(), "Button_LaunchClient");
 }
 
 TEST_F(ErrorMapping, ASilentCommandKeepsErrorsToItselfButNotWarnings) {

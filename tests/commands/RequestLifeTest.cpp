@@ -107,10 +107,10 @@ TEST_F(RequestLife, TheSheetIsShownAsEachRequestSays) {
 TEST_F(RequestLife, TwoRequestsAtOnceShowASheetEachAndEachReplyEndsItsOwn) {
   mgr->getUserProfile(window, withSheet(true));
   mgr->getPAC(window, withSheet(true));
-  EXPECT_THAT(world.presenter.progress.open(),
+  EXPECT_THAT(world.presenter.progress().open(),
               ElementsAre("CommunicationProgressTitle", "CommunicationProgressTitle"));
   reply("9", "{}");
-  EXPECT_EQ(world.presenter.progress.open().size(), 1u);
+  EXPECT_EQ(world.presenter.progress().open().size(), 1u);
   reply("6", "{}");
   EXPECT_FALSE(world.presenter.showsProgress());
 }
@@ -127,16 +127,16 @@ TEST_F(RequestLife, TheGateRefusesWhatTheClientCannotAnswer) {
   };
   for (const auto& [prepare, code, text] : cases) {
     prepare();
-    world.presenter.alerts.clear();
+    world.presenter.forgetAlerts();
     EXPECT_EQ(mgr->getUserProfile(window, withSheet(true)), code);
     EXPECT_EQ(mgr->startMeeting(false), code);
     EXPECT_EQ(mgr->getMeetingByApptUUID(window, Value()), code);  // silent
     EXPECT_THAT(alertTexts(), ElementsAre(text, text));
-    EXPECT_EQ(world.presenter.alerts[0].window, window);
-    EXPECT_EQ(world.presenter.alerts[1].window, HostObject());
+    EXPECT_EQ(world.presenter.alerts()[0].window, window);
+    EXPECT_EQ(world.presenter.alerts()[1].window, HostObject());
   }
   EXPECT_THAT(sent(), IsEmpty());
-  EXPECT_EQ(world.presenter.progress.begun(), 0u);
+  EXPECT_EQ(world.presenter.progress().begun(), 0u);
   EXPECT_EQ(world.runLoop.waiting(), 0u);
   EXPECT_EQ(world.trace.steps.front().step, "refused");
   EXPECT_EQ(world.trace.steps.front().facts["code"], Value(5));

@@ -13,14 +13,12 @@
 #include "host/surface/HookCall.h"
 #include "host/surface/HookInstaller.h"
 #include "platform/apple/AppleClassRuntime.h"
-#include "platform/apple/AppleDistributedNotifications.h"
 #include "platform/apple/ApplePresenter.h"
 #include "platform/apple/AppleRunLoop.h"
 #include "platform/apple/CatchRaised.h"
 #include "platform/apple/Conversions.h"
 #include "platform/apple/Ownership.h"
 #include "platform/apple/TypeEncoding.h"
-#include "tests/conformance/AppleHostLoop.h"
 #include "tests/support/TestPlatform.h"
 
 // A host's class whose methods take what they are given further.
@@ -384,26 +382,6 @@ TEST_F(AppleEdge, FoundationsOwnObjectsKeepTheirMeaning) {
   id deep = [NSArray array];
   for (int i = 0; i < 100000; ++i) deep = [[[NSArray alloc] initWithObjects:&deep count:1] autorelease];
   EXPECT_EQ(value(deep).count(), 1U);
-}
-
-TEST_F(AppleEdge, ADistributedNotificationArrivesWithItsTextsUntilTheSubscriptionEnds) {
-  AppleDistributedNotifications notifications;
-  std::vector<Value> received;
-  auto subscription =
-      notifications.observe("vnEdgeNotification", [&](const Value& info) { received.push_back(info); });
-  const Value info = Value::Dictionary{{"actionId", "4"}, {"content", "\xC3\xBC"}};
-  notifications.post("vnEdgeNotification", info);
-  AppleHostLoop loop;
-  constexpr double patience = 10;
-  ASSERT_TRUE(loop.runUntil([&] { return !received.empty(); }, patience));
-  EXPECT_EQ(received.front(), info);
-  subscription.reset();
-  bool arrived = false;
-  const auto other = notifications.observe("vnEdgeOther", [&](const Value&) { arrived = true; });
-  notifications.post("vnEdgeNotification", info);
-  notifications.post("vnEdgeOther", {});
-  ASSERT_TRUE(loop.runUntil([&] { return arrived; }, patience));
-  EXPECT_EQ(received.size(), 1U);
 }
 
 }  // namespace

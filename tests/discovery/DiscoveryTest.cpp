@@ -211,8 +211,8 @@ TEST_F(DiscoveryTest, LaunchesTheClientOrBringsARunningOneForward) {
 TEST_F(DiscoveryTest, OffersToLaunchTheClientAndLeavesItToTheAgentOnNewerHosts) {
   install(places()[1]);
   setOutlookVersion("15.8");
-  m_world.presenter.scriptedAnswers = {Presenter::Answer::alternateButton, Presenter::Answer::defaultButton,
-                                       Presenter::Answer::defaultButton, Presenter::Answer::defaultButton};
+  m_world.presenter.answerNext(Presenter::Answer::alternateButton);
+  m_world.presenter.setAnswer(Presenter::Answer::defaultButton);
   vnClientNotRunningError& error = vnClientNotRunningError::sharedInstance();
   error.showClientError(HostObject(), "It does not run.");
   EXPECT_THAT(m_world.workspace.launched, IsEmpty()) << "cancelled";
@@ -225,13 +225,13 @@ TEST_F(DiscoveryTest, OffersToLaunchTheClientAndLeavesItToTheAgentOnNewerHosts) 
   EXPECT_EQ(m_world.workspace.launched.size(), 1u);
   EXPECT_THAT(postedNames(), ElementsAre(kIPCPluginLaunchClient));
 
-  const Presenter::Alert& alert = m_world.presenter.alerts[2].alert;
-  EXPECT_EQ(m_world.presenter.alerts[2].window, HostObject(0x5));
+  const Presenter::Alert& alert = m_world.presenter.alerts()[2].alert;
+  EXPECT_EQ(m_world.presenter.alerts()[2].window, HostObject(0x5));
   EXPECT_EQ(alert.title, "");
   EXPECT_EQ(alert.message, "It does not run.");
   EXPECT_THAT(alert.buttons, ElementsAre("Button_LaunchClient", "Button_Cancel")) << "the keys without a table";
   EXPECT_EQ(alert.icon, "warning.png");
-  EXPECT_THAT(m_world.presenter.alerts[3].alert.buttons, ElementsAre("OK"));
+  EXPECT_THAT(m_world.presenter.alerts()[3].alert.buttons, ElementsAre("OK"));
 }
 
 }  // namespace

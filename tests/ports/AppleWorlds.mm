@@ -8,6 +8,7 @@
 #include <fstream>
 
 #include "platform/apple/AppleClassRuntime.h"
+#include "platform/apple/AppleDistributedNotifications.h"
 #include "platform/apple/ApplePresenter.h"
 #include "platform/apple/AppleSurroundings.h"
 #include "platform/apple/AppleUserDefaults.h"
@@ -15,7 +16,9 @@
 #include "platform/apple/LiveObjects.h"
 #include "platform/apple/Ownership.h"
 #include "platform/embedded/VirtualRunLoop.h"
+#include "tests/conformance/AppleHostLoop.h"
 #include "tests/ports/AppleToolkit.h"
+#include "tests/ports/NotificationsWorld.h"
 #include "tests/ports/PortsWorld.h"
 #include "tests/ports/SmallMachine.h"
 #include "util/PropertyList.h"
@@ -114,6 +117,25 @@ class ApplePorts final : public PortsWorld {
   std::string m_domain;
 };
 
+// The service of the session, which other programs use too. It carries what this process posts to all, so that is
+// like another's post.
+class AppleNotificationsWorld final : public NotificationsWorld {
+ public:
+  DistributedNotifications& notifications() override { return m_notifications; }
+  std::string own(const std::string& name) override { return name + std::to_string(::getpid()); }
+  void postElsewhere(std::string_view name, const Value& userInfo) override {
+    m_notifications.post(name, userInfo);
+  }
+  // The service is spoken to with calls that wait for their replies and take what arrives meanwhile.
+  bool mayDeliverAtOnce() override { return true; }
+  bool runUntil(const std::function<bool()>& condition) override { return m_loop.runUntil(condition, 20); }
+
+ private:
+  AutoreleasePool m_pool;
+  AppleHostLoop m_loop;
+  AppleDistributedNotifications m_notifications;
+};
+
 // Foundation reads where its files lie once, before main(), so the program goes on anew where that is a folder of
 // its own. The configuration takes a path only as seen from the folder that the system has for the user.
 void enterOwnWorld(char** arguments) {
@@ -133,6 +155,9 @@ void enterOwnWorld(char** arguments) {
 
 }  // namespace
 
+std::unique_ptr<NotificationsWorld> makeAppleNotifications() {
+  return std::make_unique<AppleNotificationsWorld>();
+}
 std::unique_ptr<PortsWorld> makeApplePorts() { return std::make_unique<ApplePorts>(); }
 std::unique_ptr<PortsWorld> makeApplePortsWithWorkspace() {
   return std::make_unique<ApplePorts>(&AppleToolkit::hasWorkspace);

@@ -11,24 +11,35 @@ namespace vorn {
 
 namespace {
 
-// An image that an alert names has to be among the resources, or the user sees none.
-PortsWorld::Seen seen(const HostObject& window, const Presenter::Alert& alert, SmallMachine& machine) {
-  const bool hasIcon = readFile(machine.resources() + "/" + alert.icon).has_value();
-  return {window, alert.message, alert.buttons, hasIcon, alert.notAgainSwitch};
-}
-
-class EmbeddedPorts final : public PortsWorld {
+// What both have: a presenter without a screen.
+class OwnPorts : public PortsWorld {
  public:
-  EmbeddedPorts() {
-    m_runtime.defineClass("NSView");
-    m_runtime.setInstanceMethod(
-        "NSView", "initWithFrame:", [](const HostObject& self, const Arguments&) { return Value(self); });
+  Presenter& presenter() override { return m_presenter; }
+  HostObject window() override { return HostObject(0x51); }
+  void answerNext(const Presenter::Answer& answer) override { m_presenter.answerNext(answer); }
+  std::vector<Seen> alerts() override {
+    std::vector<Seen> all;
+    for (const auto& [window, alert, answer, answered] : m_presenter.alerts()) {
+      // An image that an alert names has to be among the resources, or the user sees none.
+      const bool hasIcon = readFile(m_machine.resources() + "/" + alert.icon).has_value();
+      all.push_back({window, alert.message, alert.buttons, hasIcon, alert.notAgainSwitch});
+    }
+    return all;
   }
+  std::vector<std::string> sheets() override { return m_presenter.progress().open(); }
 
+ protected:
+  SmallMachine m_machine;
+
+ private:
+  EmbeddedPresenter m_presenter;
+};
+
+class EmbeddedPorts final : public OwnPorts {
+ public:
   Workspace& workspace() override { return m_workspace; }
   UserDefaults& userDefaults() override { return m_defaults; }
   Surroundings& surroundings() override { return m_surroundings; }
-  Presenter& presenter() override { return m_presenter; }
   std::string install(const std::string& name, const std::string& identifier) override {
     return m_machine.install(name, identifier);
   }
@@ -41,31 +52,19 @@ class EmbeddedPorts final : public PortsWorld {
   void writeDomain(const std::string& domain, const Value& content) override {
     writePropertyList(content, m_machine.home() + "/" + domain + ".plist");
   }
-  HostObject window() override { return HostObject(0x51); }
-  void answerNext(const Presenter::Answer& answer) override { m_presenter.answerNext(answer); }
-  std::vector<Seen> alerts() override {
-    std::vector<Seen> all;
-    for (const auto& shown : m_presenter.alerts()) all.push_back(seen(shown.window, shown.alert, m_machine));
-    return all;
-  }
-  std::vector<std::string> sheets() override { return m_presenter.progress().open(); }
 
  private:
-  SmallMachine m_machine;
-  EmbeddedClassRuntime m_runtime;
   EmbeddedWorkspace m_workspace{m_machine.home(), {m_machine.applications(), m_machine.userApplications()}};
   EmbeddedUserDefaults m_defaults{m_machine.home(), "com.example.host"};
   EmbeddedSurroundings m_surroundings{{.home = m_machine.home(), .resources = m_machine.resources()}};
-  EmbeddedPresenter m_presenter;
 };
 
 // The ports that the tests of other rooms lean on keep the same promises.
-class FakePortsWorld final : public PortsWorld {
+class FakePortsWorld final : public OwnPorts {
  public:
   Workspace& workspace() override { return m_workspace; }
   UserDefaults& userDefaults() override { return m_defaults; }
   Surroundings& surroundings() override { return m_surroundings; }
-  Presenter& presenter() override { return m_presenter; }
   std::string install(const std::string& name, const std::string& identifier) override {
     const std::string bundle = m_machine.install(name, identifier);
     m_workspace.installed[identifier] = bundle;
@@ -89,22 +88,11 @@ class FakePortsWorld final : public PortsWorld {
   void writeDomain(const std::string& domain, const Value& content) override {
     m_defaults.domains[domain] = content;
   }
-  HostObject window() override { return HostObject(0x51); }
-  void answerNext(const Presenter::Answer& answer) override { m_presenter.scriptedAnswers.push_back(answer); }
-  std::vector<Seen> alerts() override {
-    std::vector<Seen> all;
-    for (const auto& shown : m_presenter.alerts) all.push_back(seen(shown.window, shown.alert, m_machine));
-    return all;
-  }
-  std::vector<std::string> sheets() override { return m_presenter.progress.open(); }
 
  private:
-  SmallMachine m_machine;
-  EmbeddedClassRuntime m_runtime;
   FakeWorkspace m_workspace;
   MemoryUserDefaults m_defaults;
   TestSurroundings m_surroundings;
-  RecordingPresenter m_presenter;
 };
 
 }  // namespace

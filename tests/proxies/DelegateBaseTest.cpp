@@ -68,7 +68,7 @@ TEST_F(DelegateBase, TakesOnlyAnObjectOfItsClassOrAnHeir) {
   EXPECT_FALSE(PlainProxy("SpecialThing", world.classRuntime.create("Thing")).isValidConnection());
 
   PlainProxy proxy("Thing", world.classRuntime.create("SpecialThing"));
-  proxy.setDelegate(host.object("Other", {}));
+  proxy.setDelegate(host.object("Other"));
   EXPECT_FALSE(proxy.isValidConnection());
 }
 

@@ -228,7 +228,7 @@ TEST_F(Editor, TheKeyItemsCanBeComparedWhenTheEditorDeliversThemAll) {
   host.set(editor, "getSubject:", "");
   host.set(editor, "getLocation:", "");
   EXPECT_FALSE(proxy.canGetApptKeyInfoForCompareMeetingChanged());
-  host.set(editor, "getStartTime:andEndTime:", host.object("OLCalendarDate", {}));
+  host.set(editor, "getStartTime:andEndTime:", host.object("OLCalendarDate"));
   EXPECT_TRUE(proxy.canGetApptKeyInfoForCompareMeetingChanged());
 }
 

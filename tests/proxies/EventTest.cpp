@@ -154,7 +154,7 @@ TEST_F(Event, ThePlainFormHoldsWhatWasTypedAndTheMinutesCutOff) {
 }
 
 TEST_F(Event, OnlyTheMasterOfASeriesIsRecurringAndAnItemOfItHasNoUUID) {
-  const HostObject pattern = host.object("ECRecurrence", {});
+  const HostObject pattern = host.object("ECRecurrence");
   struct {
     const char* why;
     Value recurrence;

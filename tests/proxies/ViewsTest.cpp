@@ -38,7 +38,7 @@ TEST_F(Views, TheMainWindowKeepsToItsFirstControllerAndFindsItsRibbon) {
   mainWindow.setDelegate(window);
   EXPECT_FALSE(mainWindow.delegate());
   mainWindow.setDelegate(controller);
-  mainWindow.setDelegate(host.object("ERageMainWindowController", {}));
+  mainWindow.setDelegate(host.object("ERageMainWindowController"));
   EXPECT_EQ(mainWindow.delegate(), controller);
   EXPECT_EQ(mainWindow.ribbonChunkContainerView(), container);
 
@@ -60,8 +60,7 @@ TEST_F(Views, ARibbonIsNotLookedForInAWindowThatDoesNotShow) {
 
 TEST_F(Views, AmongSeveralGridsTheOneWithASelectedEventCounts) {
   const HostObject idle = host.object("CCGridViewController", {{"selectedEvent", Value()}});
-  const HostObject busy =
-      host.object("CCGridViewController", {{"selectedEvent", host.object("ECCalendarEvent", {})}});
+  const HostObject busy = host.object("CCGridViewController", {{"selectedEvent", host.object("ECCalendarEvent")}});
   const HostObject stranger = host.object("Other", {{"selectedEvent", idle}});
   const HostObject wrapper = host.object("OLCalendarGridViewWrapper",
                                          {{"gridViewControllers", Value(Value::Array{stranger, idle, busy})}});
@@ -71,7 +70,7 @@ TEST_F(Views, AmongSeveralGridsTheOneWithASelectedEventCounts) {
 }
 
 TEST_F(Views, AttachmentsHaveTheDefaultHeightWithoutASuitableController) {
-  const HostObject model = host.object("OlkAttachmentViewModel", {});
+  const HostObject model = host.object("OlkAttachmentViewModel");
   const HostObject source = host.object("Source", {{"attachmentList", Value(Value::Array{model})}});
   const HostObject tall = host.object("NSView", {{"frame", valueFromRect({0, 0, 300, 88})}});
   const HostObject controller =
@@ -91,7 +90,7 @@ TEST_F(Views, AttachmentsHaveTheDefaultHeightWithoutASuitableController) {
 }
 
 TEST_F(Views, ATitleViewIsOursWhenItsEventIsOursAndItsManagerHasAKey) {
-  const HostObject event = host.object("ECCalendarEvent", {{"isOwner", true}, {"account", host.object("A", {})}});
+  const HostObject event = host.object("ECCalendarEvent", {{"isOwner", true}, {"account", host.object("A")}});
   const HostObject controller = host.object("TitleController", {{"content", event}});
   const HostObject title = host.object("CCEventTitleView", {{"viewController", controller}});
   const vnCCEventTitleView& views = vnCCEventTitleView::sharedInstance();

@@ -62,21 +62,6 @@ bool FakeWorkspace::openFolder(std::string_view path) {
   return true;
 }
 
-void RecordingPresenter::showAlert(const HostObject& window, const Alert& alert,
-                                   std::function<void(Answer)> answered) {
-  alerts.push_back({window, alert, std::move(answered)});
-  if (scriptedAnswers.empty()) return;
-  const Answer answer = scriptedAnswers.front();
-  scriptedAnswers.pop_front();
-  answerAlert(alerts.size() - 1, answer);
-}
-
-void RecordingPresenter::answerAlert(std::size_t index, Answer answer) {
-  Shown& shown = alerts.at(index);
-  const Answer given = EmbeddedPresenter::possibleAnswer(shown.alert, answer);
-  if (const auto answered = std::exchange(shown.answered, nullptr)) answered(given);
-}
-
 TestSurroundings::TestSurroundings() {
   std::string path = std::filesystem::temp_directory_path() / "vorn-test-XXXXXX";
   // Without a folder every test that writes would fail for a reason that is hard to see.

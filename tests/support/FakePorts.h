@@ -2,8 +2,6 @@
 
 // Ports for tests: each one answers from its public fields, and records what was asked of it.
 
-#include <deque>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -14,14 +12,10 @@
 #include <vector>
 
 #include "platform/DistributedNotifications.h"
-#include "platform/Presenter.h"
 #include "platform/Surroundings.h"
 #include "platform/Trace.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
-#include "platform/embedded/EmbeddedClassRuntime.h"
-#include "platform/embedded/EmbeddedPresenter.h"
-#include "platform/embedded/ProgressRecord.h"
 
 namespace vorn {
 
@@ -59,28 +53,6 @@ class FakeWorkspace final : public Workspace {
   bool launchSucceeds = true;
   std::vector<std::string> launched;
   std::vector<std::string> openedFolders;
-};
-
-class RecordingPresenter final : public Presenter {
- public:
-  struct Shown {
-    HostObject window;
-    Alert alert;
-    // Empty once the alert is answered.
-    std::function<void(Answer)> answered;
-  };
-
-  void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
-  std::unique_ptr<Progress> beginProgress(std::string_view message) override { return progress.begin(message); }
-
-  // Gives the answer of an alert that no script has answered.
-  void answerAlert(std::size_t index, Answer answer);
-  bool showsProgress() const { return !progress.open().empty(); }
-
-  std::vector<Shown> alerts;
-  // Taken one by one, during the call that shows an alert.
-  std::deque<Answer> scriptedAnswers;
-  ProgressRecord progress;
 };
 
 class TestSurroundings final : public Surroundings {

@@ -5,6 +5,7 @@
 namespace vorn {
 
 TestPlatform::TestPlatform() {
+  presenter.setAnswer({});
   m_platform.runLoop = &runLoop;
   m_platform.notificationCenter = &notificationCenter;
   m_platform.classRuntime = &classRuntime;

@@ -3,6 +3,7 @@
 #include "platform/NotificationCenter.h"
 #include "platform/Platform.h"
 #include "platform/embedded/EmbeddedClassRuntime.h"
+#include "platform/embedded/EmbeddedPresenter.h"
 #include "platform/embedded/VirtualRunLoop.h"
 #include "tests/support/FakePorts.h"
 
@@ -30,7 +31,8 @@ class TestPlatform {
   EmbeddedClassRuntime classRuntime;
   MemoryUserDefaults userDefaults;
   FakeWorkspace workspace;
-  RecordingPresenter presenter;
+  // Leaves alerts open until a test answers them.
+  EmbeddedPresenter presenter;
   TestSurroundings surroundings;
   RecordingNotifications distributedNotifications;
   RecordingTrace trace;

@@ -31,7 +31,7 @@ TEST_F(AppDelegate, OpensANewMeetingLaterAndLeavesWordForItsBar) {
 }
 
 TEST_F(AppDelegate, AnArgumentThatIsNoDictionaryIsNotLeft) {
-  vnErageAppDelegate(host.object("ErageAppDelegate", {})).autoAddVornToAppointment("sender");
+  vnErageAppDelegate(host.object("ErageAppDelegate")).autoAddVornToAppointment("sender");
   EXPECT_TRUE(ThreadDictionary::sharedInstance()[keyFlagAutoAddToVnMeeting].boolValue());
   EXPECT_TRUE(ThreadDictionary::sharedInstance()[keyFlagVnMeetingArgument].isAbsent());
   world.runLoop.runDue();

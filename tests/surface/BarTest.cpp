@@ -81,7 +81,7 @@ TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
 }
 
 TEST_F(Bar, AnItemOfASeriesIsSupportedWithAMeetingOfItsOwn) {
-  const HostObject series = host.object("ECCalendarEvent", {});
+  const HostObject series = host.object("ECCalendarEvent");
   host.set(event, "seriesMasterRecord", series);
   for (const char* kind : {"isOccurrence", "isModifiedException"}) {
     host.set(event, kind, true);
@@ -233,7 +233,7 @@ TEST_F(Bar, WhatTheStepAfterOpeningNeedsOfTheHostLivesUntilThenAndNoLonger) {
   EXPECT_FALSE(world.classRuntime.isAlive(event));
   EXPECT_FALSE(world.classRuntime.isAlive(controller));
   vnActionAdditionView::onChangeUINotification(opened());
-  EXPECT_TRUE(world.presenter.alerts.empty());
+  EXPECT_TRUE(world.presenter.alerts().empty());
 }
 
 TEST_F(Bar, AfterASwitchToTheSeriesShowsWhatTheSeriesHas) {
@@ -253,7 +253,7 @@ TEST_F(Bar, AfterASwitchToTheSeriesShowsWhatTheSeriesHas) {
   const auto bar = makeBar();
   bar->attachOutlookERCalendarEventEditorWindowController(controller);
   const auto record = [](const std::string& key) { return "{\"meetingKey\": \"" + key + "\"}"; };
-  const HostObject series = host.object("ECCalendarEvent", {});
+  const HostObject series = host.object("ECCalendarEvent");
   host.set(event, "seriesMasterRecord", series);
   for (const auto& c : cases) {
     host.set(event, "isOccurrence", c.isOccurrence);

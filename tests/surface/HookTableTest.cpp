@@ -176,7 +176,7 @@ TEST_F(HookTable, AHostThatIsTooOldGetsOneAlertAndNoMainWindowHooks) {
   host.teach("ERageMainWindowController", {"windowWillClose:"});
   host.set(event, "isOccurrence", true);
   HookInstaller::sharedInstance().load();
-  EXPECT_EQ(world.presenter.alerts.size(), 1u);
+  EXPECT_EQ(world.presenter.alerts().size(), 1u);
   for (const HookState& state : HookInstaller::sharedInstance().states()) {
     const bool isGated = state.row->hostClass == "OLCalendarHeaderContainerView" ||
                          state.row->hostClass == "ERageMainWindowController";
@@ -197,7 +197,7 @@ TEST_F(HookTable, AnItemOfASeriesPassesForASingleAppointmentOnlyWhileItsRecordIs
   host.set(event, "isOccurrence", true);
   host.set(event, "isRecurring", true);
   HookInstaller::sharedInstance().load();
-  const HostObject record = host.object("ECMutableCalendarEvent", {});
+  const HostObject record = host.object("ECMutableCalendarEvent");
   EXPECT_EQ(world.classRuntime.send(event, "isOccurrence"), Value(true));
   const Value single(Value::Array{false, false});
   EXPECT_EQ(world.classRuntime.send(event, "olmUCInband"), single);

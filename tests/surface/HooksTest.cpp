@@ -1,6 +1,7 @@
 #include "host/proxies/vnERageMainWindowController.h"
 #include "host/surface/ActionBarPlacement.h"
 #include "host/surface/HostDescription.h"
+#include "tests/support/FakeWindow.h"
 #include "tests/surface/SurfaceWorld.h"
 #include "workflow/RunningSave.h"
 #include "workflow/vnApptDataForSaveRecord.h"
@@ -8,44 +9,6 @@
 
 namespace vorn {
 namespace {
-
-// A bar that only says what a save has to do. It is not listed with a manager, so a save that needs one is
-// stopped.
-class StatusBar final : public MeetingBar {
- public:
-  StatusBar(const HostObject& editor, int status) : m_editor(editor), m_status(status) {}
-
-  HostObject window() override { return {}; }
-  HostObject editorWindowController() override { return {}; }
-  HostObject editorViewController() override { return m_editor; }
-  HostObject ecCalendarEvent() override { return {}; }
-  vnERCalendarEventEditorViewController* editorProxy() override { return nullptr; }
-  HostObject olWordMailEditor() override { return {}; }
-  bool currentIsVornMeeting() override { return false; }
-  bool isSupportVorn() override { return true; }
-  bool isDeleteVornMeeting() override { return false; }
-  bool blockDeleteVornMeeting() override { return false; }
-  bool fromFieldChanged() override { return false; }
-  int getVnDataStatus() override { return m_status; }
-  int olUIAction() override { return action; }
-  void setOLUIAction(const Value& newAction) override { action = static_cast<int>(newAction.integerValue()); }
-  bool getActionResult() override { return false; }
-  void setActionResultData(const Value&) override {}
-  void setActionToSuccess() override {}
-  void onUIChanged(int) override {}
-  void updateSupportVornButtonFlag(const HostObject&) override {}
-  void autoAddToVnMeeting() override {}
-  void setAutoUpdateVornMeetingFlag() override {}
-  void getMeetingByApptUUID() override {}
-  OptionalText getAppointmentWindowID() override { return {}; }
-  HostObject editorViewWindow() override { return {}; }
-
-  int action = 0;
-
- private:
-  HostObject m_editor;
-  int m_status;
-};
 
 struct SaveSelector {
   const char* selector;
@@ -61,6 +24,15 @@ const SaveSelector kSaves[] = {{"save:", {"sender"}, 1, Value()},
 
 class Hooks : public SurfaceWorld {
  protected:
+  // A bar that only says what a save has to do. It is not listed with a manager, so a save that needs one is
+  // stopped.
+  std::shared_ptr<FakeBar> listBar(int status) {
+    const auto bar = std::make_shared<FakeBar>();
+    bar->editor = editor;
+    bar->dataStatus = status;
+    vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(bar);
+    return bar;
+  }
   void loadWithSaves() {
     for (const SaveSelector& save : kSaves) host.set(editor, save.selector, "the host's result");
     HookInstaller::sharedInstance().load();
@@ -81,8 +53,7 @@ TEST_F(Hooks, ASaveGoesOnWhenNothingHasToBeToldAndStopsWhenTheServiceMustBeAsked
   const std::pair<int, bool> statuses[] = {
       {VnDataNone, true}, {VnDataAdded, true}, {VnDataChanged, false}, {VnDataDeleted, false}};
   for (const auto& [status, goesOn] : statuses) {
-    const auto bar = std::make_shared<StatusBar>(editor, status);
-    vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(bar);
+    const auto bar = listBar(status);
     for (const SaveSelector& save : kSaves) {
       const std::size_t before = host.calls(editor, save.selector).size();
       const Value result = world.classRuntime.send(editor, save.selector, save.arguments);
@@ -96,8 +67,7 @@ TEST_F(Hooks, ASaveGoesOnWhenNothingHasToBeToldAndStopsWhenTheServiceMustBeAsked
 
 TEST_F(Hooks, TheAddedSelectorReachesTheHostsSavePastAStoppingHook) {
   loadWithSaves();
-  vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(
-      std::make_shared<StatusBar>(editor, VnDataChanged));
+  listBar(VnDataChanged);
   EXPECT_EQ(world.classRuntime.send(editor, "vn_ERCalendarEventEditorViewController_save:", {Value()}),
             Value("the host's result"));
 }
@@ -166,7 +136,7 @@ TEST_F(Hooks, TheRibbonIsDrawnByTheHostAndAnAutoLayoutViewNotAtAll) {
 }
 
 TEST_F(Hooks, TheBodyEditorThatTheHostTakesInIsRememberedForTheBar) {
-  const HostObject wordMail = host.object("OLWordMailEditor", {});
+  const HostObject wordMail = host.object("OLWordMailEditor");
   host.set(editor, "hostWordMailEditor:", "hosted");
   HookInstaller::sharedInstance().load();
   EXPECT_EQ(world.classRuntime.send(editor, "hostWordMailEditor:", {wordMail}), Value("hosted"));
@@ -252,7 +222,7 @@ TEST_F(Hooks, ADrawnHeaderPlacesItsBar) {
 TEST_F(Hooks, AHeaderThatManagesItsViewsByItselfPlacesTheBarAmongThem) {
   host.teach("OLCalendarHeaderContainerView", {"drawRect:"});
   HookInstaller::sharedInstance().load();
-  const HostObject container = host.object("OLCalendarHeaderContainerView", {});
+  const HostObject container = host.object("OLCalendarHeaderContainerView");
   const HostObject bar = host.object("vnActionAdditionView", {{"superview", container}});
   const HostObject zone = host.object("NSTextField", {{"stringValue", "(UTC+01:00) Berlin"}});
   const HostObject entry = host.object("ManagedSubview", {{"view", bar}});

@@ -53,7 +53,7 @@ class MainWindow : public SurfaceWorld {
   }
 
   HostObject toolbar = host.object("NSToolbar", {{"isVisible", true}});
-  HostObject mainWindow = host.object("NSWindow", {});
+  HostObject mainWindow = host.object("NSWindow");
   HostObject application = host.object("NSApplication", {{"isActive", true}});
 };
 

@@ -24,6 +24,10 @@ class SurfaceWorld : public testing::Test {
     vnApptUIActionMgr::sharedInstance().setBarFactory(
         [](const HostObject& headerView) { vnActionAdditionView::create(headerView); });
     host.teach("ERCalendarEventEditorViewController", {"setIsDirty:"});
+    world.classRuntime.defineClass("NSView");
+    world.classRuntime.setInstanceMethod(
+        "NSView", "initWithFrame:", [](const HostObject& self, const Arguments&) { return Value(self); });
+    world.classRuntime.defineClass("vnActionAdditionView", "NSView");
     host.teach("vnActionAdditionView", {"window", "superview", "frame", "setFrame:", "setNeedsDisplay:"});
     world.classRuntime.setInstanceMethod("vnActionAdditionView", "window",
                                          [this](const HostObject& view, const Arguments&) -> Value {
@@ -40,7 +44,9 @@ class SurfaceWorld : public testing::Test {
                                            inHeader = arguments.at(0).object();
                                            return {};
                                          });
-    host.set(window, "windowController", controller);
+    host.set(event, "isOwner", true);
+    host.set(event, "account", host.object("ECAccount"));
+    host.set(editor, "isDirty", true);
   }
 
   void setHostVersion(const std::string& version) {
@@ -67,13 +73,10 @@ class SurfaceWorld : public testing::Test {
   FakeHost host{world.classRuntime};
   // The view that stands in the header now.
   HostObject inHeader;
-  HostObject event =
-      host.object("ECCalendarEvent", {{"isOwner", true}, {"account", host.object("ECAccount", {})}});
-  HostObject window = host.object("NSWindow", {});
-  HostObject editor = host.object("ERCalendarEventEditorViewController", {{"content", event}, {"isDirty", true}});
-  HostObject controller =
-      host.object("ERCalendarEventEditorWindowController", {{"window", window}, {"editorViewController", editor}});
-  HostObject header = host.object("OLAutoLayoutAttachmentsAcceptingView", {});
+  const FakeEditor shown = FakeEditor::open(host);
+  const HostObject event = shown.event, window = shown.ownWindow, editor = shown.editor,
+                   controller = shown.windowController;
+  HostObject header = host.object("OLAutoLayoutAttachmentsAcceptingView");
 };
 
 }  // namespace vorn

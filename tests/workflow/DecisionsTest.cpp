@@ -135,7 +135,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     SCOPED_TRACE(row.state);
     client.requests.clear();
     panels.panel.calls.clear();
-    window->set(window->bar->editor, "record", "");
+    window->set(window->bar->editor, "olmUCInband", "");
     window->set(window->bar->event, "summary", "");
     hostSaves = 0;
     manager().setState(row.state);
@@ -191,7 +191,7 @@ TEST_F(Decisions, EachOtherReplyGoesToItsOwnEnd) {
   vnCalendarActionMgr::sharedInstance().setActionResult(false);
   reply(VnCmdDelete, Value::dictionaryFromPairs({{keyVNResult, keyVNSuccess}}));
   EXPECT_EQ(manager().state(), VnStateChanging);
-  EXPECT_EQ(window->get(window->bar->editor, "record").text(), "");
+  EXPECT_EQ(window->get(window->bar->editor, "olmUCInband").text(), "");
   EXPECT_EQ(window->bar->shown, VnUINotMeeting);
   EXPECT_EQ(data().meetingKey(), "");
   EXPECT_EQ(hostSaves, 1);
@@ -254,8 +254,8 @@ TEST_F(Decisions, ALongMeetingOfASmallPlanWaitsForTheLastAnswerToItsOwnNotice) {
 
   EXPECT_EQ(save(), VnHandleError);
   EXPECT_EQ(save(), VnHandleError);
-  ASSERT_EQ(test.presenter.alerts.size(), 2u);
-  const Presenter::Alert& alert = test.presenter.alerts[0].alert;
+  ASSERT_EQ(test.presenter.alerts().size(), 2u);
+  const Presenter::Alert& alert = test.presenter.alerts()[0].alert;
   EXPECT_EQ(alert.message, formatText(localizedString("LN_Schedule_Limitation_Duration"), {"40"}));
   EXPECT_THAT(alert.buttons, ElementsAre(localizedString("Button_Continue"),
                                          localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312")));
@@ -301,12 +301,12 @@ TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {
       openWindow();
       client.requests.clear();
       panels.panel.calls.clear();
-      test.presenter.alerts.clear();
+      test.presenter.forgetAlerts();
       EXPECT_EQ(row.fromBar ? manager().sendVnMeetingCommand(row.command, window->bar)
                             : manager().sendVnMeetingCommand(row.command, window->bar->editor),
                 0);
       test.runLoop.runFor(0.01);
-      EXPECT_EQ(test.presenter.alerts.size(), hasLicence ? 0u : 1u);
+      EXPECT_EQ(test.presenter.alerts().size(), hasLicence ? 0u : 1u);
       EXPECT_THAT(client.names(), ElementsAreArray(hasLicence ? row.requests : std::vector<std::string>{}));
       EXPECT_THAT(panels.panel.calls, ElementsAreArray(hasLicence ? row.panel : std::vector<std::string>{}));
       EXPECT_EQ(hostSaves, 0);
@@ -505,7 +505,7 @@ TEST(LicencePolicy, KnowsEachUserTypeAndRefusesNothingToOneThatItDoesNotKnow) {
 TEST(Notices, AreNotShownWithoutAPresenterAndNotHeardAfterTheEnd) {
   TestPlatform test;
   vnCommitWarning::sharedInstance().showCommitWarning({});
-  const auto answered = test.presenter.alerts.at(0).answered;
+  const auto answered = test.presenter.alerts().at(0).answered;
   Registry::reset();
   answered(Presenter::Answer::defaultButton);
   test.platform().presenter = nullptr;
@@ -513,7 +513,7 @@ TEST(Notices, AreNotShownWithoutAPresenterAndNotHeardAfterTheEnd) {
   vnAlertHelper::sharedInstance().showAlertMessage({}, "nobody sees it");
   vnCommitWarning::sharedInstance().showCommitWarning({});
   vnScheduleErrorMessage::sharedInstance().showMessage({});
-  EXPECT_EQ(test.presenter.alerts.size(), 1U);
+  EXPECT_EQ(test.presenter.alerts().size(), 1U);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include "channel/commands/vnAPIKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
-#include "tests/workflow/FakeWindow.h"
+#include "tests/support/FakeWindow.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnWorkflowKeys.h"
@@ -31,7 +31,7 @@ TEST_F(Dispatch, NumbersThatNobodyAnswersDoNothingButAreNotedAsTheLastAction) {
     EXPECT_EQ(window.manager->onExcuteCommandFinished(reply, Value::dictionary()), 0) << reply;
     EXPECT_EQ(window.manager->state(), VnStatePMIForSettings) << reply;
   }
-  EXPECT_TRUE(test.presenter.alerts.empty());
+  EXPECT_TRUE(test.presenter.alerts().empty());
 }
 
 TEST_F(Dispatch, EachCommandEntersItsStateAndSomeDeliberatelyNone) {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/workflow/FakeWindow.h"
+#include "tests/support/FakeWindow.h"
 
 namespace vorn {
 namespace {
@@ -115,7 +115,7 @@ TEST_F(Finish, ABodyTakesTheFormOfTheAccountThatItIsClosedOrSentFrom) {
     if (row.hasAttendees) window.invite("ada", 1);
     window.bar->fromChanged = row.fromChanged;
     finish(window, row.action);
-    EXPECT_EQ(window.get(window.bar->bodyEditor, "format").text(), row.format);
+    EXPECT_EQ(window.bodySwitch(), row.format);
   }
 }
 

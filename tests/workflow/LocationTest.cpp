@@ -10,7 +10,7 @@
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnOLPropertyKeys.h"
-#include "tests/workflow/FakeWindow.h"
+#include "tests/support/FakeWindow.h"
 #include "workflow/LocationRule.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 
@@ -161,7 +161,7 @@ TEST_F(Location, TheUrlFollowsTheServiceAndTheUsersChoice) {
     EXPECT_EQ(leftBy(window).getVnLocation(), "Room 7; " + std::string(row.url));
     if (row.planned->empty()) continue;
     EXPECT_EQ(window.get(window.bar->event, "location").text(), row.shown);
-    EXPECT_EQ(window.get(window.bar->editor, "editorLocation").text(), row.shown);
+    EXPECT_EQ(window.get(window.bar->editor, "location").text(), row.shown);
   }
 }
 
@@ -240,8 +240,8 @@ TEST_F(Location, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
       cancel(window);
       EXPECT_EQ(shown(window), hasField ? row.kept : row.shown);
       EXPECT_EQ(window.get(window.bar->event, "location").text(), row.kept);
-      EXPECT_EQ(window.get(window.bar->editor, "editorLocation").text(), row.kept);
-      EXPECT_EQ(window.get(window.bar->editor, "record"), Value(""));
+      EXPECT_EQ(window.get(window.bar->editor, "location").text(), row.kept);
+      EXPECT_EQ(window.get(window.bar->editor, "olmUCInband"), Value(""));
       EXPECT_EQ(leftBy(window).getOLNewLocation(), row.kept);
       EXPECT_TRUE(leftBy(window).needClearLocation());
     }

@@ -13,8 +13,8 @@
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "meeting.pb.h"
+#include "tests/support/FakeWindow.h"
 #include "tests/support/RecordingClient.h"
-#include "tests/workflow/FakeWindow.h"
 #include "util/EncodeUtils.h"
 #include "workflow/SettingsPanel.h"
 
@@ -141,7 +141,7 @@ class MeetingFixture : public testing::Test {
   }
   std::string id() { return window->bar->ownWindow.windowId(); }
   void openPanel() { panels.openFor = id(); }
-  bool isWritten() { return !window->get(window->bar->editor, "record").text().empty(); }
+  bool isWritten() { return !window->get(window->bar->editor, "olmUCInband").text().empty(); }
   void reply(std::uint64_t number, Value response = Value::dictionary()) {
     Value dictionary = Value::dictionary();
     dictionary.set(keyVnAPIResponse, response);

@@ -187,9 +187,9 @@ TEST_F(Panel, WhoMerelyOpensAnAppointmentIsNotToldThatTheClientIsMissing) {
   test.workspace.running.clear();
   MeetingWindow opened = MeetingWindow::ofBar(window->bar);
   manager().settingsFlow().prepareUserProfile(opened, true);
-  EXPECT_THAT(test.presenter.alerts, IsEmpty());
+  EXPECT_THAT(test.presenter.alerts(), IsEmpty());
   manager().settingsFlow().addVornMeeting(opened);
-  EXPECT_EQ(test.presenter.alerts.size(), 1u);
+  EXPECT_EQ(test.presenter.alerts().size(), 1u);
   knowAccount();
   test.workspace.running.insert("us.vorn.xos");
   manager().settingsFlow().prepareUserProfile(opened, true);
@@ -242,11 +242,11 @@ TEST_F(Panel, ARefusedCommitIsToldByThePanelOrWithoutOneByAnAlert) {
               {555, "", "LN_Schedule_TrackingField_Missing"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.code);
-    test.presenter.alerts.clear();
+    test.presenter.forgetAlerts();
     panels.panel.calls.clear();
     manager().showSettingsWindowWithCommitError(window->bar->ownWindow, row.code);
     EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
-    EXPECT_THAT(test.presenter.alerts, IsEmpty());
+    EXPECT_THAT(test.presenter.alerts(), IsEmpty());
     EXPECT_EQ(siteFile.read().count(), row.noted.empty() ? 0u : 1u);
     EXPECT_EQ(siteFile.read()[row.noted].boolValue(), !row.noted.empty());
     siteFile.write(Value::dictionary());
@@ -257,8 +257,8 @@ TEST_F(Panel, ARefusedCommitIsToldByThePanelOrWithoutOneByAnAlert) {
     setSettingsPanels(nullptr);
     manager().showSettingsWindowWithCommitError(window->bar->ownWindow, row.code);
     setSettingsPanels(&panels);
-    ASSERT_EQ(test.presenter.alerts.size(), 2u);
-    EXPECT_EQ(test.presenter.alerts[1].alert.message, localizedString(row.told));
+    ASSERT_EQ(test.presenter.alerts().size(), 2u);
+    EXPECT_EQ(test.presenter.alerts()[1].alert.message, localizedString(row.told));
     EXPECT_EQ(siteFile.read().count(), 0u);
   }
 }
@@ -278,9 +278,9 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
       [&](const NotificationCenter::Notification& note) { answered = note.userInfo; });
   manager().showCommitWarning(window->bar->ownWindow, dataOf("Interview"));
   other.manager->showCommitWarning(other.bar->ownWindow, dataOf("Town hall"));
-  ASSERT_EQ(test.presenter.alerts.size(), 2u);
-  EXPECT_EQ(test.presenter.alerts[0].window, window->bar->ownWindow);
-  EXPECT_EQ(test.presenter.alerts[0].alert.message,
+  ASSERT_EQ(test.presenter.alerts().size(), 2u);
+  EXPECT_EQ(test.presenter.alerts()[0].window, window->bar->ownWindow);
+  EXPECT_EQ(test.presenter.alerts()[0].alert.message,
             formatText(localizedString("LN_Schedule_Template_Notavailable_220900"), {"Interview"}));
 
   test.presenter.answerAlert(0, Presenter::Answer::alternateButton);

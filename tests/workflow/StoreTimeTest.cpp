@@ -6,7 +6,7 @@
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "meeting.pb.h"
-#include "tests/workflow/FakeWindow.h"
+#include "tests/support/FakeWindow.h"
 #include "util/EncodeUtils.h"
 #include "workflow/RunningSave.h"
 #include "workflow/StoreTimeWriter.h"
@@ -381,7 +381,7 @@ TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
     vn_preHandleVnMeeting(window.bar->editor);
     EXPECT_EQ(left.of(window.bar).getOLNewBody(), row.notedBody);
     EXPECT_EQ(left.of(window.bar).getOLNewLocation(), row.notedLocation);
-    EXPECT_EQ(window.get(window.bar->bodyEditor, "format").text(), row.becomesPlain ? "switchToPlainText" : "");
+    EXPECT_EQ(window.bodySwitch(), row.becomesPlain ? "switchToPlainText" : "");
   }
 }
 

@@ -5,7 +5,7 @@
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "meeting.pb.h"
-#include "tests/workflow/FakeWindow.h"
+#include "tests/support/FakeWindow.h"
 #include "util/EncodeUtils.h"
 #include "util/vnOLUtils.h"
 #include "workflow/OwnerCheck.h"

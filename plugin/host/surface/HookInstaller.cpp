@@ -56,16 +56,6 @@ std::shared_ptr<Entry> entryIn(ClassRuntime& runtime, ClassRef target, const Hoo
   return entry;
 }
 
-HookStanding standingOf(classSwizzle::Outcome outcome) {
-  switch (outcome) {
-    case classSwizzle::Outcome::exchanged: return HookStanding::stands;
-    case classSwizzle::Outcome::noClass: return HookStanding::noClass;
-    case classSwizzle::Outcome::noHostMethod: return HookStanding::noHostMethod;
-    case classSwizzle::Outcome::noAddedMethod: return HookStanding::noAddedMethod;
-  }
-  return HookStanding::noClass;
-}
-
 }  // namespace
 
 std::string_view nameOfHookStanding(HookStanding standing) {
@@ -105,12 +95,15 @@ HookState HookInstaller::install(const HookRow& row) {
 
   const std::shared_ptr<Entry> entry = entryIn(*runtime, target, row);
   if (entry->stands) return {&row, HookStanding::stands, {}};
-  const HookStanding standing = standingOf(
-      ofTheClass ? classSwizzle::exchangeClassMethod(target, row.hostSelector, entry->addedSelector)
-                 : classSwizzle::exchangeInstanceMethod(target, row.hostSelector, entry->addedSelector));
-  entry->stands = standing == HookStanding::stands;
-  const std::string types = entry->stands ? "" : runtime->unusableTypes(target, row.hostSelector);
-  return {&row, types.empty() ? standing : HookStanding::unusableTypes, types};
+  entry->stands = ofTheClass
+                      ? classSwizzle::method_ClassSwizzle(target, row.hostSelector, entry->addedSelector)
+                      : classSwizzle::method_InstanceSwizzle(target, row.hostSelector, entry->addedSelector);
+  if (entry->stands) return {&row, HookStanding::stands, {}};
+  const std::string types = runtime->unusableTypes(target, row.hostSelector);
+  if (!types.empty()) return {&row, HookStanding::unusableTypes, types};
+  const MethodRef hostMethod = ofTheClass ? runtime->class_getClassMethod(target, row.hostSelector)
+                                          : runtime->class_getInstanceMethod(target, row.hostSelector);
+  return {&row, hostMethod ? HookStanding::noAddedMethod : HookStanding::noHostMethod, {}};
 }
 
 }  // namespace vorn

@@ -12,14 +12,8 @@ namespace vorn {
 // class and its heirs alone.
 class classSwizzle {
  public:
-  // Why an exchange did not come about, for tools and tests.
-  enum class Outcome { exchanged, noClass, noHostMethod, noAddedMethod };
-
   static bool method_ClassSwizzle(ClassRef target, std::string_view origSEL, std::string_view altSEL);
   static bool method_InstanceSwizzle(ClassRef target, std::string_view origSEL, std::string_view altSEL);
-
-  static Outcome exchangeClassMethod(ClassRef target, std::string_view origSEL, std::string_view altSEL);
-  static Outcome exchangeInstanceMethod(ClassRef target, std::string_view origSEL, std::string_view altSEL);
 };
 
 }  // namespace vorn

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -12,34 +14,42 @@
 
 namespace vorn {
 
-// A presenter without a screen: it answers alerts by itself and remembers what was shown. Main thread only.
+// A presenter without a screen: it answers alerts by itself, or leaves them open until it is told the answer, and
+// remembers what was shown. Main thread only.
 class EmbeddedPresenter final : public Presenter {
  public:
   struct Shown {
     HostObject window;
     Alert alert;
-    Answer answer = Answer::defaultButton;
+    // Absent while the alert waits for one.
+    std::optional<Answer> answer;
+    // Empty once it was called.
+    std::function<void(Answer)> answered;
   };
   using Observer = std::function<void(const Shown& shown)>;
 
-  // What alerts are answered with, from now on; the default button at first.
-  void setAnswer(Answer answer) { m_answer = answer; }
+  // What alerts are answered with, from now on; the default button at first. Absent leaves them open.
+  void setAnswer(std::optional<Answer> answer) { m_answer = answer; }
   // Answers for the next alerts, one each, before the one for all.
   void answerNext(Answer answer) { m_nextAnswers.push_back(answer); }
-  // The answer with a button that the alert has, and with the switch only where it has one.
-  static Answer possibleAnswer(const Alert& alert, const Answer& answer);
-  // Told of each alert before its answer is handed on; an empty function ends that.
+  // Gives an alert that was left open its answer, with a button that the alert has, and with the switch only where
+  // it has one. Nothing for an alert that has its answer, or that is not there.
+  void answerAlert(std::size_t index, Answer answer);
+  // Told of each alert when it shows, before any answer is handed on; an empty function ends that.
   void setAlertObserver(Observer observer) { m_observer = std::move(observer); }
 
   const std::vector<Shown>& alerts() const { return m_alerts; }
+  // An alert that is open then is never answered.
+  void forgetAlerts() { m_alerts.clear(); }
   const ProgressRecord& progress() const { return m_progress; }
+  bool showsProgress() const { return !m_progress.open().empty(); }
 
-  // Answers during the call, as far as the alert can be answered so.
+  // Answers during the call, or leaves the alert open.
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
   std::unique_ptr<Progress> beginProgress(std::string_view message) override { return m_progress.begin(message); }
 
  private:
-  Answer m_answer = Answer::defaultButton;
+  std::optional<Answer> m_answer = Answer::defaultButton;
   std::deque<Answer> m_nextAnswers;
   Observer m_observer;
   std::vector<Shown> m_alerts;

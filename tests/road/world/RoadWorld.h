@@ -44,7 +44,7 @@ class RoadWorld {
   // The add button can be clicked; the appointment shows a meeting.
   bool offersAdd(EditorId editor);
   bool showsMeeting(EditorId editor);
-  bool showsProgress() const { return !presenter.progress().open().empty(); }
+  bool showsProgress() const { return presenter.showsProgress(); }
   // The message of the last alert; "" without one.
   std::string lastAlert() const;
   std::string calendarText() const { return store.text(); }
