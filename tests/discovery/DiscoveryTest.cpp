@@ -12,6 +12,7 @@
 #include "channel/store/vnLocalProfileKeys.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "channel/transport/vnIPCConstants.h"
+#include "platform/embedded/EmbeddedSurroundings.h"
 #include "tests/support/TestPlatform.h"
 
 namespace vorn {
@@ -71,6 +72,17 @@ TEST_F(DiscoveryTest, FindsTheClientAtTheFirstOfItsFourPlaces) {
     EXPECT_EQ(m_applications.getVornClientInstallPath(), places()[place]);
     EXPECT_TRUE(m_applications.isVornusInstalled());
   }
+}
+
+TEST_F(DiscoveryTest, LooksForTheClientInTheUsersRealFoldersAndNotInTheHostsContainer) {
+  EmbeddedSurroundings inside({.home = "/Users/me/Library/Containers/com.microsoft.Outlook/Data"});
+  m_world.platform().surroundings = &inside;
+  m_world.reinstall();
+  const auto found = m_applications.installPlaces();
+  EXPECT_EQ(found[2], "/Users/me/Library/Application Support/vornclient/vornclient.app");
+  EXPECT_EQ(found[3], "/Users/me/Applications/vornclient.app");
+  m_world.platform().surroundings = &m_world.surroundings;
+  m_world.reinstall();
 }
 
 TEST_F(DiscoveryTest, ComparesTheClientsVersionWithEachBoundary) {

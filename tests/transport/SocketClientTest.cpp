@@ -9,7 +9,7 @@
 #include "channel/transport/vSocketClientImpl.h"
 #include "channel/transport/vnIPCChannel.h"
 #include "channel/transport/vnIPCConstants.h"
-#include "platform/Registry.h"
+#include "platform/embedded/EmbeddedSurroundings.h"
 #include "tests/support/TestPlatform.h"
 #include "tests/transport/TestListener.h"
 
@@ -21,27 +21,6 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 namespace fs = std::filesystem;
-
-// A home folder of a chosen length, in place of the platform's own.
-class HomeAt final : public Surroundings {
- public:
-  HomeAt(Surroundings& other, std::string home) : m_other(other), m_home(std::move(home)) {}
-  std::string homeDirectory() override { return m_home; }
-  std::string documentsDirectory() override { return m_other.documentsDirectory(); }
-  std::string applicationsDirectory() override { return m_other.applicationsDirectory(); }
-  std::string userApplicationsDirectory() override { return m_other.userApplicationsDirectory(); }
-  std::optional<std::string> resource(std::string_view name, std::string_view type) override {
-    return m_other.resource(name, type);
-  }
-  Version systemVersion() override { return m_other.systemVersion(); }
-  std::vector<std::string> preferredLanguages() override { return m_other.preferredLanguages(); }
-  double currentTime() override { return m_other.currentTime(); }
-  std::uint32_t random32() override { return m_other.random32(); }
-
- private:
-  Surroundings& m_other;
-  std::string m_home;
-};
 
 std::size_t openDescriptors() {
   return static_cast<std::size_t>(
@@ -202,25 +181,24 @@ TEST_F(SocketClientTest, DropsWhatIsNoEnvelopeAndGoesOn) {
 }
 
 TEST_F(SocketClientTest, AcceptsPathsUpToTheLimitsOfTheSystem) {
-  struct Case {
-    std::string name;
-    std::size_t homeBytes;
-    bool isWide;
-    bool connects;
-  };
   // The name of the socket adds six characters. A wide home has fewer characters than bytes: it passes the limit
   // on characters and is cut at 104 bytes, and the listener waits at the cut path.
-  for (const Case& one : std::vector<Case>{{"103 in all", 97, false, true},
-                                           {"104 in all", 98, false, false},
-                                           {"107 in all", 101, false, false},
-                                           {"104 bytes, fewer characters", 98, true, true},
-                                           {"107 bytes, cut inside the name", 101, true, true}}) {
+  const struct {
+    const char* name;
+    std::size_t homeBytes;
+    bool isWide, connects;
+  } cases[] = {{"103 in all", 97, false, true},
+               {"104 in all", 98, false, false},
+               {"107 in all", 101, false, false},
+               {"104 bytes, fewer characters", 98, true, true},
+               {"107 bytes, cut inside the name", 101, true, true}};
+  for (const auto& one : cases) {
     const fs::path root = fs::temp_directory_path() / ("vp" + std::to_string(::getpid()));
     std::string home = root.string() + (one.isWide ? "/öööööööö" : "/");
     ASSERT_LT(home.size(), one.homeBytes);
     home.append(one.homeBytes - home.size(), 'h');
     fs::create_directories(home);
-    HomeAt surroundings(m_world.surroundings, home);
+    EmbeddedSurroundings surroundings({.home = home});
     m_world.platform().surroundings = &surroundings;
     m_world.restart();
 

@@ -114,6 +114,10 @@ TEST_F(Files, PropertyListsAreReadByThePlatformsOwnToolAndItsListsByUs) {
   EXPECT_EQ(vnOLUtils::readStrFromFile(path("binary.plist")), "{\"größer\" : \"<&>\"}");
   ASSERT_EQ(convert("binary.plist", "xml.plist"), 0);
   EXPECT_EQ(readPropertyList(path("xml.plist")), (Value::Array{"{\"größer\" : \"<&>\"}"}));
+  const Value nested = Value::Dictionary{{"a", Value::Array{1, true, 2.5}}, {"b", Value::Dictionary{{"c", "ü"}}}};
+  ASSERT_TRUE(writePropertyList(nested, path("nested.plist")));
+  ASSERT_EQ(convert("nested.plist", "binary.plist"), 0);
+  EXPECT_EQ(readPropertyList(path("binary.plist")), nested);
 #endif
 }
 

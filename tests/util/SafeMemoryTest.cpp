@@ -48,6 +48,8 @@ TEST(SafeMemory, TheTwoSettersDifferInTheirFirstTestAndBytesCompareAsUnsigned) {
 
 TEST(SafeStrings, CopyAndAppendWithinTheirRoom) {
   char a[8] = "";
+  EXPECT_EQ(strcpy_s(nullptr, 8, "a"), 400);
+  EXPECT_EQ(strcpy_s(a, 8, nullptr), 400);
   EXPECT_EQ(strcpy_s(a, 8, "1234567"), 0);
   EXPECT_EQ(strcat_s(a, 8, "8"), 406);
   EXPECT_EQ(strcpy_s(a, 4, "abcd"), 406);
