@@ -83,17 +83,6 @@ TEST(Account, packsOptionsIntoTheProfileWords) {
   }
 }
 
-TEST(Account, tellsWhoIsSignedIn) {
-  const auto profile = json::parse(profileReply(Account::plain()));
-  const Packed packed = profileOf(Account::plain());
-  EXPECT_EQ(packed.text(1), "kT3vQ9xZRpmW1sLd7nYb2A");
-  EXPECT_EQ(packed.text(4), "robin.vale@example.com");
-  EXPECT_EQ(packed.number(10), 2U);
-  EXPECT_EQ(packed.number(13), 5550142871U);
-  EXPECT_EQ(profile["availableDialinCountry"]["selectedCountries"], (json{"US", "DE"}));
-  EXPECT_FALSE(profile.contains("userId"));
-}
-
 TEST(Account, answersWithoutTheProtoInPlainMembers) {
   const auto profile = json::parse(profileReply(named("without-proto")));
   EXPECT_FALSE(profile.contains("proto"));
@@ -101,25 +90,6 @@ TEST(Account, answersWithoutTheProtoInPlainMembers) {
   EXPECT_EQ(profile["roomMeetingId"], "5550154408");
   EXPECT_EQ(profile["userOption"].get<std::int64_t>() & 0x4000000000, 0x4000000000);
   EXPECT_EQ(profile["enableThirdPartyAudio"], true);
-}
-
-TEST(Account, carriesBothAccountsOfATelephonyProvider) {
-  const Packed packed = profileOf(named("telephony-provider"));
-  EXPECT_EQ(unpack(packed.text(77)).number(5), 1U);
-  ASSERT_EQ(packed.texts.at(78).size(), 2U);
-  EXPECT_EQ(unpack(packed.texts.at(78)[0]).texts.at(5).size(), 2U);
-  EXPECT_EQ(unpack(packed.texts.at(78)[1]).text(3), "409417");
-}
-
-TEST(Account, listsPeopleWithTheirOwnPolicies) {
-  const auto people = json::parse(peopleReply(named("three-people")))["bosses"];
-  ASSERT_EQ(people.size(), 3U);
-  EXPECT_EQ(people[0]["meetingTemplates"][0]["templateId"], "tpl-900");
-  EXPECT_EQ(people[0]["isSupportAdditionalDc"], true);
-  EXPECT_EQ(people[1]["disablePmi"], true);
-  EXPECT_EQ(people[1]["userOption4"], 0x40000000);
-  EXPECT_EQ(people[1]["joinMeetingRegionSetting"]["RegionPolicy"]["regionType"], 0);
-  EXPECT_EQ(people[2]["pmi"], "");
 }
 
 TEST(Account, listsItsAudioConferences) {

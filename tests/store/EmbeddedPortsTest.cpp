@@ -28,6 +28,7 @@ TEST(Localization, ReadsItsTableAndShowsTheKeyOfAMissingText) {
   TestPlatform world;
   world.surroundings.resources["Localizable.strings"] =
       "/* a comment with \"key\" = \"value\"; \n and a line */\n"
+      "/* tight */\"Tight\" = \"t\";\n"
       "\"Plain\" = \"A text\";\r\n"
       "  \"Escapes\"=\"He said \\\"no\\\",\\n\\tback\\\\slash\" ;\n"
       "\"Same line\" = \"1\"; \"Second\" = \"2\";\n"
@@ -38,9 +39,9 @@ TEST(Localization, ReadsItsTableAndShowsTheKeyOfAMissingText) {
       "\"Größe\" = \"“ü”\";\n"
       "\"Cut";
   const std::pair<const char*, const char*> cases[] = {
-      {"Plain", "A text"}, {"Escapes", "He said \"no\",\n\tback\\slash"},
-      {"Same line", "1"},  {"Second", "2"},
-      {"Empty", ""},       {"Größe", "“ü”"}};
+      {"Plain", "A text"}, {"Tight", "t"},  {"Escapes", "He said \"no\",\n\tback\\slash"},
+      {"Same line", "1"},  {"Second", "2"}, {"Empty", ""},
+      {"Größe", "“ü”"}};
   for (const auto& [key, text] : cases) EXPECT_EQ(localizedString(key), text);
   for (const char* missing : {"No end", "No quote", "unquoted", "Cut", "key"})
     EXPECT_EQ(localizedString(missing), missing);
