@@ -77,7 +77,7 @@ TEST(Account, packsOptionsIntoTheProfileWords) {
         Case{"signedInDomainsByDefault", 31, 0x8000000000000000}, Case{"recordingForbidden", 47, 0x8000000000},
         Case{"passcodeRequired", 68, 0x10000}, Case{"joinUrlInLocationOffered", 68, 0x1000000000000000},
         Case{"waitingRoomLocked", 69, 0x20000}, Case{"templatesLocked", 69, 0x200000000},
-        Case{"templates", 70, 0x1}}) {
+        Case{"templates", 70, 0x1}, Case{"joinRegionsLocked", 69, 0x40000000}}) {
     const Packed packed = profileOf(Account::fromText("{\"options\": {\"" + std::string(option) + "\": true}}"));
     for (const int word : {31, 47, 68, 69, 70}) EXPECT_EQ(packed.number(word), word == field ? mask : 0) << option;
   }
@@ -90,6 +90,13 @@ TEST(Account, answersWithoutTheProtoInPlainMembers) {
   EXPECT_EQ(profile["roomMeetingId"], "5550154408");
   EXPECT_EQ(profile["userOption"].get<std::int64_t>() & 0x4000000000, 0x4000000000);
   EXPECT_EQ(profile["enableThirdPartyAudio"], true);
+}
+
+TEST(Account, listsPeopleWithTheirOwnPolicies) {
+  const auto people = json::parse(peopleReply(named("three-people")))["bosses"];
+  EXPECT_EQ(people[0]["isSupportAdditionalDc"], true);
+  EXPECT_EQ(people[1]["userOption4"], 0x40000000);
+  EXPECT_EQ(people[1]["joinMeetingRegionSetting"]["RegionPolicy"]["regionType"], 0);
 }
 
 TEST(Account, listsItsAudioConferences) {

@@ -82,7 +82,9 @@ TEST_F(DiscoveryTest, LooksForTheClientInTheUsersRealFoldersAndNotInTheHostsCont
   EXPECT_EQ(found[2], "/Users/me/Library/Application Support/vornclient/vornclient.app");
   EXPECT_EQ(found[3], "/Users/me/Applications/vornclient.app");
   m_world.platform().surroundings = &m_world.surroundings;
+  m_world.platform().workspace = nullptr;
   m_world.reinstall();
+  EXPECT_EQ(m_applications.OutlookVersion(), "") << "without the port";
 }
 
 TEST_F(DiscoveryTest, ComparesTheClientsVersionWithEachBoundary) {

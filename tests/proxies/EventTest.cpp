@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <tuple>
 
 #include "host/proxies/vnApptInfoKeys.h"
@@ -139,6 +140,8 @@ TEST_F(Event, ThePlainFormHoldsWhatWasTypedAndTheMinutesCutOff) {
   ASSERT_EQ(attendees.count(), 2u);
   EXPECT_EQ(attendees.at(0), Value(Value::Dictionary{{"name", "Room 1"}, {"email", "r@x.org"}, {"type", "2"}}));
   EXPECT_EQ(attendees.at(1).count(), 0u);
+  host.set(end, "timeIntervalSinceDate:", std::nan(""));
+  EXPECT_EQ(proxy.getVnMeetingData()[vn_ApptInfo_Duration], Value("0")) << "of what is no time";
 }
 
 TEST_F(Event, OnlyTheMasterOfASeriesIsRecurringAndAnItemOfItHasNoUUID) {
