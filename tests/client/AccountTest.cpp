@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <set>
+#include <tuple>
 
 #include "ReplyReader.h"
 #include "lab/client/Replies.h"
@@ -13,6 +14,7 @@ namespace vornlab {
 namespace {
 
 using nlohmann::json;
+using test::Packed;
 using test::unpack;
 
 Account named(const std::string& name) { return Account::fromFile(VORNCLIENT_ACCOUNTS "/" + name + ".json"); }
@@ -39,10 +41,7 @@ TEST(Account, readsEveryShippedFile) {
 }
 
 TEST(Account, namesWhatIsWrongWithAFile) {
-  struct Case {
-    const char* text;
-    const char* expected;
-  };
+  using Case = std::pair<const char*, const char*>;
   for (const auto& [text, expected] :
        {Case{R"({"usr": {}})", "unknown key 'usr'"},
         Case{R"({"options": {"hostVideos": true}})", "unknown key 'options.hostVideos'"},
@@ -67,33 +66,21 @@ TEST(Account, givesEveryOptionItsOwnNameAndBit) {
   }
 }
 
+Packed profileOf(const Account& account) {
+  return unpack(test::decodeBase64(json::parse(profileReply(account))["proto"]));
+}
+
 TEST(Account, packsOptionsIntoTheProfileWords) {
-  struct Case {
-    const char* option;
-    int field;
-    std::uint64_t mask;
-  };
+  using Case = std::tuple<const char*, int, std::uint64_t>;
   for (const auto& [option, field, mask] :
        {Case{"automaticRecording", 31, 0x20}, Case{"cloudRecording", 31, 0x10000000},
         Case{"signedInDomainsByDefault", 31, 0x8000000000000000}, Case{"recordingForbidden", 47, 0x8000000000},
         Case{"passcodeRequired", 68, 0x10000}, Case{"joinUrlInLocationOffered", 68, 0x1000000000000000},
         Case{"waitingRoomLocked", 69, 0x20000}, Case{"templatesLocked", 69, 0x200000000},
-        Case{"templates", 70, 0x1}}) {
-    const Account account = Account::fromText("{\"options\": {\"" + std::string(option) + "\": true}}");
-    const auto packed = unpack(test::decodeBase64(json::parse(profileReply(account))["proto"]));
+        Case{"templates", 70, 0x1}, Case{"joinRegionsLocked", 69, 0x40000000}}) {
+    const Packed packed = profileOf(Account::fromText("{\"options\": {\"" + std::string(option) + "\": true}}"));
     for (const int word : {31, 47, 68, 69, 70}) EXPECT_EQ(packed.number(word), word == field ? mask : 0) << option;
   }
-}
-
-TEST(Account, tellsWhoIsSignedIn) {
-  const auto profile = json::parse(profileReply(Account::plain()));
-  const auto packed = unpack(test::decodeBase64(profile["proto"]));
-  EXPECT_EQ(packed.text(1), "kT3vQ9xZRpmW1sLd7nYb2A");
-  EXPECT_EQ(packed.text(4), "robin.vale@example.com");
-  EXPECT_EQ(packed.number(10), 2U);
-  EXPECT_EQ(packed.number(13), 5550142871U);
-  EXPECT_EQ(profile["availableDialinCountry"]["selectedCountries"], (json{"US", "DE"}));
-  EXPECT_FALSE(profile.contains("userId"));
 }
 
 TEST(Account, answersWithoutTheProtoInPlainMembers) {
@@ -105,23 +92,11 @@ TEST(Account, answersWithoutTheProtoInPlainMembers) {
   EXPECT_EQ(profile["enableThirdPartyAudio"], true);
 }
 
-TEST(Account, carriesBothAccountsOfATelephonyProvider) {
-  const auto packed = unpack(test::decodeBase64(json::parse(profileReply(named("telephony-provider")))["proto"]));
-  EXPECT_EQ(unpack(packed.text(77)).number(5), 1U);
-  ASSERT_EQ(packed.texts.at(78).size(), 2U);
-  EXPECT_EQ(unpack(packed.texts.at(78)[0]).texts.at(5).size(), 2U);
-  EXPECT_EQ(unpack(packed.texts.at(78)[1]).text(3), "409417");
-}
-
 TEST(Account, listsPeopleWithTheirOwnPolicies) {
   const auto people = json::parse(peopleReply(named("three-people")))["bosses"];
-  ASSERT_EQ(people.size(), 3U);
-  EXPECT_EQ(people[0]["meetingTemplates"][0]["templateId"], "tpl-900");
   EXPECT_EQ(people[0]["isSupportAdditionalDc"], true);
-  EXPECT_EQ(people[1]["disablePmi"], true);
   EXPECT_EQ(people[1]["userOption4"], 0x40000000);
   EXPECT_EQ(people[1]["joinMeetingRegionSetting"]["RegionPolicy"]["regionType"], 0);
-  EXPECT_EQ(people[2]["pmi"], "");
 }
 
 TEST(Account, listsItsAudioConferences) {

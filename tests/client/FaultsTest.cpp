@@ -40,10 +40,7 @@ TEST(FaultBook, hitsTheReplyThatARuleNames) {
 }
 
 TEST(FaultBook, saysWhereAndWhatItExpected) {
-  struct Case {
-    const char* text;
-    const char* expected;
-  };
+  using Case = std::pair<const char*, const char*>;
   for (const auto& [text, expected] :
        {Case{"reply 1 silent", "faults:1: expected ':'"},
         Case{"\n\nreplies 1: silent", "faults:3: expected 'reply N'"},
@@ -89,10 +86,7 @@ TEST(FaultBook, followsItsFile) {
 }
 
 TEST(Delivery, spoilsTheContent) {
-  struct Case {
-    const char* what;
-    const char* content;
-  };
+  using Case = std::pair<const char*, const char*>;
   for (const auto& [what, content] : {Case{"error 3113", "0;Error 3113"}, Case{"content a, b; c", "a, b; c"},
                                       Case{"content", ""}, Case{"fields 2", "4;b"}, Case{"fields 9", "4;b;c;d"},
                                       Case{"grow 9", "4;b;c;dxx"}, Case{"glue", "4;b;c;d"}}) {
@@ -130,7 +124,7 @@ TEST(Delivery, endsInsteadOfAnswering) {
 
 TEST(Journal, masksPasscodesAddressesAndTokens) {
   const std::string document =
-      R"({"apptInfo": {"subject": "call ann@example.com, https://vorn.example/j/1?pwd=TOKEN9", "attendees":)"
+      R"({"apptInfo": {"subject": "call ann@example.com, https://vorn.example/j/1?pwd=TOKEN9 now", "attendees":)"
       R"( [{"email": "bob.b+x@example.org", "name": "Bob"}]}, "setting": {"meetingPassword": "hunter22"}})";
   const std::string request = maskedRequest({3, "1;;;;;;;;;;;;;" + document});
   const std::string reply = maskedReply({1, "123;Passcode: hunter22 ann@example.com"});
@@ -144,6 +138,7 @@ TEST(Journal, masksPasscodesAddressesAndTokens) {
   }
   EXPECT_THAT(request, HasSubstr("1;;;;;;;;;;;;;{"));
   EXPECT_THAT(request, HasSubstr("\"name\":\"Bob\""));
+  EXPECT_THAT(request, HasSubstr("call ***, https://vorn.example/j/1?pwd=*** now\""));
   EXPECT_THAT(reply, testing::StartsWith("123;"));
   EXPECT_THAT(refused, HasSubstr("Error 1113"));
 }

@@ -3,8 +3,7 @@
 #include <sys/stat.h>
 
 #include <csignal>
-#include <fstream>
-#include <nlohmann/json.hpp>
+#include <tuple>
 
 #include "RunningClient.h"
 
@@ -21,13 +20,6 @@ class ProgramTest : public testing::Test {
     std::vector<std::string> all = {"--home", home.path(), "--db", home / "meetings.db"};
     all.insert(all.end(), more.begin(), more.end());
     return all;
-  }
-
-  std::vector<nlohmann::json> journal() const {
-    std::vector<nlohmann::json> events;
-    std::ifstream file(home / "journal");
-    for (std::string line; std::getline(file, line);) events.push_back(nlohmann::json::parse(line));
-    return events;
   }
 
   static Envelope commit() {
@@ -89,18 +81,15 @@ TEST_F(ProgramTest, tellsBadUsageFromFailure) {
   const std::string deep = home / std::string(100, 'x');
   std::filesystem::create_directory(deep);
 
-  struct Case {
-    std::vector<std::string> arguments;
-    int code;
-    std::string expected;
-  };
-  for (const auto& [words, code, expected] :
-       {Case{{"--home", home.path()}, 2, "--db"}, Case{{"--home", home / "no", "--db", ":memory:"}, 2, "--home"},
-        Case{arguments({"--frobnicate"}), 2, "--frobnicate"},
-        Case{arguments({"--faults", faults}), 2, faults + ":1: "},
-        Case{arguments({"--account", account}), 2, account + ": unknown key 'optoins'"},
-        Case{{"--home", home.path(), "--db", text}, 1, text + ": "},
-        Case{{"--home", deep, "--db", ":memory:"}, 1, "at most 107 are possible"}}) {
+  const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
+      {{"--home", home.path()}, 2, "--db"},
+      {{"--home", home / "no", "--db", ":memory:"}, 2, "--home"},
+      {arguments({"--frobnicate"}), 2, "--frobnicate"},
+      {arguments({"--faults", faults}), 2, faults + ":1: "},
+      {arguments({"--account", account}), 2, account + ": unknown key 'optoins'"},
+      {{"--home", home.path(), "--db", text}, 1, text + ": "},
+      {{"--home", deep, "--db", ":memory:"}, 1, "at most 107 are possible"}};
+  for (const auto& [words, code, expected] : cases) {
     RunningClient client(words);
     EXPECT_EQ(client.wait(), code) << expected;
     EXPECT_THAT(client.errors(), HasSubstr(expected));
@@ -178,16 +167,16 @@ TEST_F(ProgramTest, keepsAJournalWithoutSecrets) {
   EXPECT_EQ(client.wait(), 0);
 
   std::vector<std::string> events;
-  for (const auto& event : journal()) {
+  const auto journal = test::journalOf(home / "journal");
+  for (const auto& event : journal) {
     events.push_back(event["event"]);
     EXPECT_THAT(event.dump(), testing::Not(HasSubstr("pass-771")));
   }
   EXPECT_THAT(events, testing::ElementsAre("connected", "reply", "request", "reply", "request", "malformed",
                                            "request", "reply", "closed"));
-  const auto request = journal()[2];
-  EXPECT_EQ(request["action"], 3);
-  EXPECT_EQ(request["operation"], 1);
-  EXPECT_GT(journal()[3]["micros"], 0);
+  EXPECT_EQ(journal[2]["action"], 3);
+  EXPECT_EQ(journal[2]["operation"], 1);
+  EXPECT_GT(journal[3]["micros"], 0);
 }
 
 }  // namespace

@@ -6,24 +6,11 @@
 #include <stdexcept>
 
 #include "tests/support/ContentFields.h"
+#include "util/EncodeUtils.h"
 
 namespace vornlab::test {
 
-std::string decodeBase64(const std::string& text) {
-  const std::string alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::string bytes;
-  std::uint32_t bits = 0;
-  int count = 0;
-  for (const char c : text) {
-    if (c == '=') break;
-    const auto value = alphabet.find(c);
-    if (value == std::string::npos) throw std::runtime_error("not base64");
-    bits = bits << 6U | static_cast<std::uint32_t>(value);
-    count += 6;
-    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8) & 0xFFU);
-  }
-  return bytes;
-}
+std::string decodeBase64(const std::string& text) { return vorn::EncodeUtils::base64DecodeToData(text).value(); }
 
 Packed unpack(const std::string& bytes) {
   using google::protobuf::internal::WireFormatLite;

@@ -97,6 +97,13 @@ std::string RunningClient::errors() {
   return text;
 }
 
+std::vector<nlohmann::json> journalOf(const std::filesystem::path& file) {
+  std::vector<nlohmann::json> events;
+  std::ifstream journal(file);
+  for (std::string line; std::getline(journal, line);) events.push_back(nlohmann::json::parse(line));
+  return events;
+}
+
 Caller::Caller(const std::string& path) {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;

@@ -2,6 +2,8 @@
 
 #include <sys/types.h>
 
+#include <filesystem>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,6 +35,9 @@ class RunningClient {
   int m_errors = -1;
   std::string m_pending;
 };
+
+// The events of a journal.
+std::vector<nlohmann::json> journalOf(const std::filesystem::path& file);
 
 // A connection that reads as the other side does: at most 8191 bytes at a time.
 class Caller {

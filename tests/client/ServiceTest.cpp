@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 
 #include "ReplyReader.h"
 #include "lab/client/Invitation.h"
@@ -55,20 +56,21 @@ TEST_F(ServiceTest, returnsAScheduledMeetingAsItWasCommitted) {
 
   const auto meeting = fetch(key);
   const json& layer = meeting.json;
-  EXPECT_EQ(layer["meetingKey"], key);
-  EXPECT_EQ(layer["originalMeetingNumber"], "0");
-  EXPECT_EQ(layer["subject"], "Quarterly <review> & Überblick");
-  EXPECT_EQ(layer["duration"], "45");
-  EXPECT_EQ(layer["startTime"], 1793000000);
-  EXPECT_EQ(layer["recurrence"], false);
-  EXPECT_EQ(layer["audioOption"], 2);
-  EXPECT_EQ(layer["enableHostVideo"], true);
-  EXPECT_EQ(layer["enableParticipantsVideo"], false);
-  EXPECT_EQ(layer["enableJBH"], true);
-  EXPECT_EQ(layer["jbhPriorTime"], 10);
-  EXPECT_EQ(layer["usePMI"], false);
-  EXPECT_EQ(layer["meetingPassword"], "pass-771");
-  EXPECT_EQ(layer["scheduleFor"], "");
+  const json expected = {{"meetingKey", key},
+                         {"originalMeetingNumber", "0"},
+                         {"subject", "Quarterly <review> & Überblick"},
+                         {"duration", "45"},
+                         {"startTime", 1793000000},
+                         {"recurrence", false},
+                         {"audioOption", 2},
+                         {"enableHostVideo", true},
+                         {"enableParticipantsVideo", false},
+                         {"enableJBH", true},
+                         {"jbhPriorTime", 10},
+                         {"usePMI", false},
+                         {"meetingPassword", "pass-771"},
+                         {"scheduleFor", ""}};
+  for (const auto& [name, value] : expected.items()) EXPECT_EQ(layer[name], value) << name;
   EXPECT_THAT(layer["joinUrl"].get<std::string>(),
               testing::MatchesRegex("https://vorn.example/j/" + key + "\\?pwd=[A-Za-z0-9]+"));
   EXPECT_EQ(layer["invitationEmail"].get<std::string>(), reply.substr(key.size() + 1));
@@ -79,19 +81,8 @@ TEST_F(ServiceTest, returnsAScheduledMeetingAsItWasCommitted) {
   EXPECT_EQ(json::parse(meeting.packed.text(95))["olApptUUID"], "A1B2-C3");
 }
 
-TEST_F(ServiceTest, isFetchedByAppointmentAsByNumberAndTheSameEachTime) {
-  const std::string key = keyOf(schedule(commitOf()));
-  const std::string fetched = ask("4;" + key + ";msOutlook;0");
-  EXPECT_EQ(ask("10;A1B2-C3"), fetched);
-  EXPECT_EQ(ask("4;" + key), fetched);
-}
-
 TEST_F(ServiceTest, putsEachOptionOfACommitIntoItsBit) {
-  struct Case {
-    const char* setting;
-    int field;
-    std::uint64_t mask;
-  };
+  using Case = std::tuple<const char*, int, std::uint64_t>;
   for (const auto& [setting, field, mask] :
        {Case{"muteOnEntry", 78, 0x20}, Case{"enableAutoRecordingLocal", 78, 0x40000},
         Case{"enableAutoRecordingCloud", 78, 0x80000}, Case{"enableAutoRecordingMtgLevelFirst", 78, 0x100000},
@@ -147,6 +138,9 @@ TEST_F(ServiceTest, keepsNumberAndUrlInAnUpdateUntilThePasscodeChanges) {
   update(changed);
   EXPECT_NE(fetch(key).json["joinUrl"], url);
   EXPECT_EQ(service.meetings().count(), 1);
+  std::set<std::string> keys{key};
+  for (int i = 0; i < 300; ++i) keys.insert(keyOf(schedule(commitOf())));
+  EXPECT_EQ(keys.size(), 301U) << "no number is given twice";
 }
 
 TEST_F(ServiceTest, keepsAppointmentAndLanguageWhenAnUpdateSaysNothingOfThem) {
@@ -158,8 +152,11 @@ TEST_F(ServiceTest, keepsAppointmentAndLanguageWhenAnUpdateSaysNothingOfThem) {
   EXPECT_EQ(ask("10;A1B2-C3"), ask("4;" + key));
 }
 
-TEST_F(ServiceTest, forgetsADeletedMeeting) {
+TEST_F(ServiceTest, findsAMeetingByAppointmentAsByNumberUntilItIsDeleted) {
   const std::string key = keyOf(schedule(commitOf()));
+  const std::string fetched = ask("4;" + key + ";msOutlook;0");
+  EXPECT_EQ(ask("10;A1B2-C3"), fetched);
+  EXPECT_EQ(ask("4;" + key), fetched);
   EXPECT_EQ(ask("3;" + key + ";msOutlook"), key);
   EXPECT_EQ(ask("4;" + key), "0;Error 3001");
   EXPECT_EQ(ask("10;A1B2-C3"), "0;Error 3001");
@@ -173,10 +170,7 @@ TEST_F(ServiceTest, refusesWhatTheServiceRefuses) {
   json zeroStart = commitOf();
   zeroStart["apptInfo"]["startTime"] = "0";
 
-  struct Case {
-    std::string content;
-    std::string expected;
-  };
+  using Case = std::pair<std::string, std::string>;
   for (const auto& [content, expected] :
        {Case{"2;;;;;;;;;;;;;" + unknown.dump(), "0;Error 3001"},
         Case{"2;;;;;;;;;;;;;" + commitOf().dump(), "0;Error 3001"}, Case{"3;;msOutlook", "0;Error 3001"},
@@ -281,12 +275,6 @@ TEST_F(ServiceTest, namesTheAlternateHostsThatAreRefused) {
       commitOf({{"meetingPassword", "Passcode1"}, {"alternateHosts", {"a@example.com", "nobody@example.com"}}}));
   EXPECT_EQ(vorn::contentFields(reply),
             (std::vector<std::string>{"0", "Error 1113", "nobody@example.com#not allowed"}));
-}
-
-TEST_F(ServiceTest, neverGivesANumberTwice) {
-  std::set<std::string> keys;
-  for (int i = 0; i < 300; ++i) keys.insert(keyOf(schedule(commitOf())));
-  EXPECT_EQ(keys.size(), 300U);
 }
 
 TEST_F(ServiceTest, answersTheVersionAndKeepsSilentOnWhatNeedsNoAnswer) {

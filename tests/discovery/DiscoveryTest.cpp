@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "channel/discovery/vnAppHelper.h"
 #include "channel/discovery/vnClientConstants.h"
@@ -11,6 +12,7 @@
 #include "channel/store/vnLocalProfileKeys.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "channel/transport/vnIPCConstants.h"
+#include "platform/embedded/EmbeddedSurroundings.h"
 #include "tests/support/TestPlatform.h"
 
 namespace vorn {
@@ -59,6 +61,12 @@ TEST_F(DiscoveryTest, FindsTheClientAtTheFirstOfItsFourPlaces) {
       Value::dictionaryFromPairs({{"installPath", places()[0]}});
   EXPECT_EQ(m_applications.getVornClientInstallPath(), places()[3]) << "the last place, even with nothing there";
   EXPECT_FALSE(m_applications.isVornusInstalled());
+  EXPECT_FALSE(m_applications.IsAppExist(std::nullopt));
+  m_world.workspace.filePackages.insert(places()[1]);
+  EXPECT_FALSE(m_applications.IsAppExist(places()[1])) << "missing";
+  m_world.workspace.filePackages.clear();
+  fs::create_directories(places()[1]);
+  EXPECT_FALSE(m_applications.IsAppExist(places()[1])) << "a plain folder";
   for (std::size_t place = places().size(); place-- > 0;) {
     install(places()[place]);
     EXPECT_EQ(m_applications.getVornClientInstallPath(), places()[place]);
@@ -66,42 +74,39 @@ TEST_F(DiscoveryTest, FindsTheClientAtTheFirstOfItsFourPlaces) {
   }
 }
 
-TEST_F(DiscoveryTest, TakesOnlyAFolderThatIsAPackageForAnApplication) {
-  const std::string path = places()[1];
-  EXPECT_FALSE(m_applications.IsAppExist(std::nullopt));
-  m_world.workspace.filePackages.insert(path);
-  EXPECT_FALSE(m_applications.IsAppExist(path)) << "missing";
-  fs::create_directories(path);
-  EXPECT_TRUE(m_applications.IsAppExist(path));
-  m_world.workspace.filePackages.clear();
-  EXPECT_FALSE(m_applications.IsAppExist(path)) << "a plain folder";
+TEST_F(DiscoveryTest, LooksForTheClientInTheUsersRealFoldersAndNotInTheHostsContainer) {
+  EmbeddedSurroundings inside({.home = "/Users/me/Library/Containers/com.microsoft.Outlook/Data"});
+  m_world.platform().surroundings = &inside;
+  m_world.reinstall();
+  const auto found = m_applications.installPlaces();
+  EXPECT_EQ(found[2], "/Users/me/Library/Application Support/vornclient/vornclient.app");
+  EXPECT_EQ(found[3], "/Users/me/Applications/vornclient.app");
+  m_world.platform().surroundings = &m_world.surroundings;
+  m_world.platform().workspace = nullptr;
+  m_world.reinstall();
+  EXPECT_EQ(m_applications.OutlookVersion(), "") << "without the port";
 }
 
 TEST_F(DiscoveryTest, ComparesTheClientsVersionWithEachBoundary) {
-  struct Case {
-    const char* client;
-    const char* required;
-    bool supports;
-  };
   install(places()[1]);
-  for (const Case& one : std::vector<Case>{{"5.4.59939", "5.4.59940", false},
-                                           {"5.4.59940", "5.4.59940", true},
-                                           {"5.5.1", "5.4.59940", true},
-                                           {"6.0.0", "5.4.59940", true},
-                                           {"4.99.99999", "5.4.59940", false},
-                                           {"5.3.99999", "5.4.59940", false},
-                                           {"4.6", "4.6.14768", false},
-                                           {"4.6", "4.6.00000", true},
-                                           {"4", "4.0.0", true},
-                                           {"5.4.59940.1", "5.4.59940", true},
-                                           {"5.4.59939.9", "5.4.59940", false},
-                                           {"five.4.59940", "0.4.59940", true},
-                                           {"5.x.9", "5.0.9", true},
-                                           {"5..9", "5.0.9", true},
-                                           {"...", "0.0.1", false}}) {
-    setBundleValue(places()[1], "CFBundleVersion", one.client);
-    EXPECT_EQ(m_features.clientSupportSpecifiedFeature(one.required), one.supports)
-        << one.client << " for " << one.required;
+  const std::tuple<const char*, const char*, bool> cases[] = {{"5.4.59939", "5.4.59940", false},
+                                                              {"5.4.59940", "5.4.59940", true},
+                                                              {"5.5.1", "5.4.59940", true},
+                                                              {"6.0.0", "5.4.59940", true},
+                                                              {"4.99.99999", "5.4.59940", false},
+                                                              {"5.3.99999", "5.4.59940", false},
+                                                              {"4.6", "4.6.14768", false},
+                                                              {"4.6", "4.6.00000", true},
+                                                              {"4", "4.0.0", true},
+                                                              {"5.4.59940.1", "5.4.59940", true},
+                                                              {"5.4.59939.9", "5.4.59940", false},
+                                                              {"five.4.59940", "0.4.59940", true},
+                                                              {"5.x.9", "5.0.9", true},
+                                                              {"5..9", "5.0.9", true},
+                                                              {"...", "0.0.1", false}};
+  for (const auto& [client, required, supports] : cases) {
+    setBundleValue(places()[1], "CFBundleVersion", client);
+    EXPECT_EQ(m_features.clientSupportSpecifiedFeature(required), supports) << client << " for " << required;
   }
   setBundleValue(places()[1], "CFBundleVersion", "");
   EXPECT_FALSE(m_features.clientSupportSpecifiedFeature("0.0.0")) << "no version supports nothing";
@@ -132,56 +137,40 @@ TEST_F(DiscoveryTest, FallsBackToTheVersionThatTheAgentToldLast) {
   EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "4.5.6");
   EXPECT_EQ(site.read()[vn_LocalProfile_TrashCanLink].text(), "kept");
 
+  m_world.surroundings.version = {10, 14, 6};
+  m_world.restart();
+  vnGetClientVersionHelper::sharedInstance();
+  m_world.distributedNotifications.deliver(VN_IPC_PLUGINAGENT_TO_OUTLOOKPLUGIN, answer("200", "3.9.1"));
+  EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "3.9.1") << "told over the bus of older systems";
+
   install(places()[1], "5.0.1");
   EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "5.0.1") << "an installed client speaks for itself";
 }
 
-TEST_F(DiscoveryTest, HearsTheAgentOnTheBusOnOlderSystems) {
-  m_world.surroundings.version = {10, 14, 6};
-  vnGetClientVersionHelper::sharedInstance();
-  m_world.distributedNotifications.deliver(
-      VN_IPC_PLUGINAGENT_TO_OUTLOOKPLUGIN,
-      Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, "200"}, {VN_IPC_CONTENT, "3.9.1"}}));
-  EXPECT_EQ(vnGetClientVersionHelper::getVornClientVersion(), "3.9.1");
-}
-
 TEST_F(DiscoveryTest, KnowsTheLinesOfTheHostsVersion) {
-  struct Case {
-    const char* version;
-    bool isSupported;
-    bool isLargeThan2016;
-  };
   EXPECT_FALSE(m_applications.isSupportedOutlookVersion()) << "no host";
-  for (const Case& one : std::vector<Case>{{"14.1.3", false, false},
-                                           {"14.1.4", true, false},
-                                           {"14.1", false, false},
-                                           {"14.2.0", true, false},
-                                           {"13.9.9", false, false},
-                                           {"15.0", true, false},
-                                           {"15.8", true, false},
-                                           {"15.9", true, true},
-                                           {"16.0", true, true},
-                                           {"", false, false}}) {
-    setOutlookVersion(one.version);
-    EXPECT_EQ(m_applications.isSupportedOutlookVersion(), one.isSupported) << one.version;
-    EXPECT_EQ(m_applications.isOutlookVersionLargeThan2016(), one.isLargeThan2016) << one.version;
+  const std::tuple<const char*, bool, bool> cases[] = {
+      {"14.1.3", false, false}, {"14.1.4", true, false}, {"14.1", false, false}, {"14.2.0", true, false},
+      {"13.9.9", false, false}, {"15.0", true, false},   {"15.8", true, false},  {"15.9", true, true},
+      {"16.0", true, true},     {"", false, false}};
+  for (const auto& [version, isSupported, isLargeThan2016] : cases) {
+    setOutlookVersion(version);
+    EXPECT_EQ(m_applications.isSupportedOutlookVersion(), isSupported) << version;
+    EXPECT_EQ(m_applications.isOutlookVersionLargeThan2016(), isLargeThan2016) << version;
   }
 }
 
 TEST_F(DiscoveryTest, PacksTheSystemsVersion) {
-  struct Case {
-    Surroundings::Version version;
-    std::int32_t packed;
-    bool isSupported;
-  };
-  for (const Case& one : std::vector<Case>{{{10, 6, 1}, 0x1061, true},
-                                           {{10, 6, 0}, 0x1060, false},
-                                           {{10, 15, 7}, 0x1097, true},
-                                           {{14, 2, 0}, 0x1420, true},
-                                           {{0, 0, 0}, 0, false}}) {
-    m_world.surroundings.version = one.version;
-    EXPECT_EQ(m_applications.macOSVersion(), one.packed);
-    EXPECT_EQ(m_applications.isSupportedOSVersion(), one.isSupported) << std::hex << one.packed;
+  using Version = Surroundings::Version;
+  const std::tuple<Version, std::int32_t, bool> cases[] = {{Version{10, 6, 1}, 0x1061, true},
+                                                           {Version{10, 6, 0}, 0x1060, false},
+                                                           {Version{10, 15, 7}, 0x1097, true},
+                                                           {Version{14, 2, 0}, 0x1420, true},
+                                                           {Version{0, 0, 0}, 0, false}};
+  for (const auto& [version, packed, isSupported] : cases) {
+    m_world.surroundings.version = version;
+    EXPECT_EQ(m_applications.macOSVersion(), packed);
+    EXPECT_EQ(m_applications.isSupportedOSVersion(), isSupported) << std::hex << packed;
   }
 }
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
+#include <tuple>
 
 namespace vornlab {
 namespace {
@@ -31,16 +31,14 @@ constexpr const char* kOddZone =
     "TZOFFSETTO:+0430\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n";
 
 TEST(CalendarEvent, ReadsEachKindOfTime) {
-  struct Case {
+  constexpr double noon = 1904904000;  // 2030-05-13T12:00:00Z
+  const struct {
     const char* name;
     std::string properties;
-    double start;
-    double length;
+    double start, length;
     const char* zone;
     bool allDay;
-  };
-  constexpr double noon = 1904904000;  // 2030-05-13T12:00:00Z
-  const Case cases[] = {
+  } cases[] = {
       {"UTC", "DTSTART:20300513T120000Z\r\nDTEND:20300513T130000Z\r\n", noon, 3600, "UTC", false},
       {"database zone", "DTSTART;TZID=Europe/Berlin:20300513T140000\r\nDURATION:PT90M\r\n", noon, 5400,
        "Europe/Berlin", false},
@@ -56,9 +54,11 @@ TEST(CalendarEvent, ReadsEachKindOfTime) {
       {"two days", "DTSTART;VALUE=DATE:20300513\r\nDTEND;VALUE=DATE:20300515\r\n", noon - 8 * 3600, 172800,
        "America/New_York", true},
       {"before 1970", "DTSTART:19600101T000000Z\r\n", -315619200, 0, "UTC", false},
+      {"the first year", "DTSTART:00010101T000000Z\r\n", -62135596800, 0, "UTC", false},
+      {"the last year", "DTSTART:99991231T235959Z\r\n", 253402300799, 0, "UTC", false},
       {"end before start", "DTSTART:20300513T120000Z\r\nDTEND:20300513T110000Z\r\n", noon, -3600, "UTC", false},
   };
-  for (const Case& each : cases) {
+  for (const auto& each : cases) {
     SCOPED_TRACE(each.name);
     CalendarStore::Options options;
     options.zone = "America/New_York";
@@ -112,18 +112,6 @@ TEST(CalendarEvent, ATimeAtAChangeOfTheClockIsReadAlikeFromTheFileAndFromTheData
   }
 }
 
-TEST(CalendarEvent, TheFirstAndTheLastYear) {
-  const std::pair<const char*, double> rows[] = {
-      {"00010101T000000Z", -62135596800}, {"15821015T000000Z", -12219292800}, {"99991231T235959Z", 253402300799}};
-  for (const auto& [time, seconds] : rows) {
-    const std::string before = event(std::string("DTSTART:") + time + "\r\nDTEND:" + time + "\r\n");
-    Loaded store(before);
-    EXPECT_EQ(store.eventAt(0).start()->seconds, seconds) << time;
-    store.eventAt(0).setTimes(seconds, seconds);
-    EXPECT_EQ(store.text(), before);
-  }
-}
-
 TEST(CalendarEvent, AZoneWithARuleThatCouldRunForEverIsNotUsed) {
   Loaded store(
       calendar("BEGIN:VTIMEZONE\r\nTZID:Slow\r\nBEGIN:STANDARD\r\nDTSTART:19700101T000000\r\n"
@@ -133,11 +121,7 @@ TEST(CalendarEvent, AZoneWithARuleThatCouldRunForEverIsNotUsed) {
 }
 
 TEST(CalendarEvent, MovingKeepsTheFormOfTheFile) {
-  struct Case {
-    const char* before;
-    const char* after;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {"DTSTART:20300513T120000Z\r\nDTEND:20300513T130000Z\r\n",
        "DTSTART:20300514T120000Z\r\nDTEND:20300514T133000Z\r\n"},
       {"DTSTART;TZID=Europe/Berlin:20300513T140000\r\nDURATION:PT1H\r\n",
@@ -145,10 +129,10 @@ TEST(CalendarEvent, MovingKeepsTheFormOfTheFile) {
       {"DTSTART:20300513T120000\r\nDTEND:20300513T130000\r\n",
        "DTSTART:20300514T120000\r\nDTEND:20300514T133000\r\n"},
   };
-  for (const Case& each : cases) {
-    Loaded store(event(each.before));
+  for (const auto& [before, after] : cases) {
+    Loaded store(event(before));
     store.eventAt(0).setTimes(1904990400, 1904995800);
-    EXPECT_EQ(store.text(), event(each.after));
+    EXPECT_EQ(store.text(), event(after));
   }
 }
 
@@ -186,26 +170,23 @@ TEST(CalendarStore, EveryItemOfASeriesFindsItsOwnPlace) {
   EXPECT_EQ(store.find("s", "1")->summary(), "first again");
   store.find("s")->remove();
   EXPECT_FALSE(store.eventAt(0).master());
+  EXPECT_FALSE(store.find("s"));
   EXPECT_FALSE(store.find(""));
+  EXPECT_EQ(Loaded(store.text()).events().size(), 2U) << "what is removed leaves the text";
 }
 
 TEST(CalendarEvent, CountsASeriesThatNeverEndsOrIsNoneWithoutHanging) {
-  struct Case {
-    const char* rule;
-    int endType;
-    int count;
-  };
-  const Case cases[] = {{"FREQ=DAILY", 0, 0},
-                        {"FREQ=DAILY;UNTIL=20300515T235959Z", 2, 3},
-                        {"FREQ=SECONDLY;UNTIL=20991231T000000Z", 2, 0},
-                        {"FREQ=DAILY;UNTIL=99991231T000000Z", 2, 1000},
-                        {"FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30;COUNT=3", 1, 3},
-                        {"FREQ=NEVER;COUNT=2", 1, 2},
-                        {"COUNT=999999999999999999999", 1, 0}};
-  for (const Case& each : cases) {
-    Loaded store(event(std::string("DTSTART:20300513T120000Z\r\nRRULE:") + each.rule + "\r\n"));
-    EXPECT_EQ(store.eventAt(0).recurrence().endType, each.endType) << each.rule;
-    EXPECT_EQ(store.eventAt(0).recurrence().occurrenceCount, each.count) << each.rule;
+  const std::tuple<const char*, int, int> cases[] = {{"FREQ=DAILY", 0, 0},
+                                                     {"FREQ=DAILY;UNTIL=20300515T235959Z", 2, 3},
+                                                     {"FREQ=SECONDLY;UNTIL=20991231T000000Z", 2, 0},
+                                                     {"FREQ=DAILY;UNTIL=99991231T000000Z", 2, 1000},
+                                                     {"FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30;COUNT=3", 1, 3},
+                                                     {"FREQ=NEVER;COUNT=2", 1, 2},
+                                                     {"COUNT=999999999999999999999", 1, 0}};
+  for (const auto& [rule, endType, count] : cases) {
+    Loaded store(event(std::string("DTSTART:20300513T120000Z\r\nRRULE:") + rule + "\r\n"));
+    EXPECT_EQ(store.eventAt(0).recurrence().endType, endType) << rule;
+    EXPECT_EQ(store.eventAt(0).recurrence().occurrenceCount, count) << rule;
   }
 }
 
@@ -234,9 +215,7 @@ TEST(CalendarEvent, TellsPeopleFromRooms) {
   const CalendarEvent talk = *store.find("supplier-talk@calendar.example");
   const auto attendees = talk.attendees();
   ASSERT_EQ(attendees.size(), 4U);
-  EXPECT_EQ(attendees[1].type, 0);
-  EXPECT_EQ(attendees[2].type, 1);
-  EXPECT_EQ(attendees[3].type, 2);
+  for (const int type : {0, 1, 2}) EXPECT_EQ(attendees[type + 1].type, type);
   EXPECT_EQ(attendees[3].name, "Room Amsterdam");
   EXPECT_EQ(attendees[3].emailAddress, "amsterdam@rooms.calendar.example");
   EXPECT_EQ(talk.organizerAddress(), "mara.lindt@calendar.example");
@@ -275,15 +254,6 @@ TEST(CalendarStore, ANewAppointmentJoinsTheLastCalendarAndTheRestStaysAsItWas) {
 
   CalendarStore empty;
   EXPECT_EQ(empty.add("first", 0, 60, "a").start()->seconds, 0);
-}
-
-TEST(CalendarStore, ARemovedEventLeavesTheTextAndIsNotFound) {
-  Loaded store("demo.ics");
-  store.find("dentist@calendar.example")->remove();
-  EXPECT_FALSE(store.find("dentist@calendar.example"));
-  EXPECT_EQ(store.events().size(), 6U);
-  Loaded again(store.text());
-  EXPECT_EQ(again.events().size(), 6U);
 }
 
 TEST(CalendarStore, AFileThatCannotBeReadOrWrittenIsToldAndLeavesTheStoreAsItWas) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/embedded/EmbeddedPresenter.h"
+#include <filesystem>
+#include <tuple>
+
 #include "platform/embedded/VirtualRunLoop.h"
 
 namespace vornlab {
@@ -45,6 +47,9 @@ class OutlookHostTest : public testing::Test {
                                            runtime.class_getInstanceMethod(target, added));
   }
 
+  HostObject application() {
+    return send(runtime.classObject(runtime.NSClassFromString("NSApplication")), "sharedApplication").object();
+  }
   CalendarEvent review() { return *store.find(kReview); }
 
   vorn::EmbeddedClassRuntime runtime;
@@ -55,27 +60,15 @@ class OutlookHostTest : public testing::Test {
   std::unique_ptr<OutlookHost> host;
 };
 
-TEST_F(OutlookHostTest, AnEditorShowsTheAppointmentAndIsClean) {
-  start();
-  const auto editor = host->openEditor(kReview);
-  ASSERT_NE(editor, 0U);
-  EXPECT_TRUE(host->isOpen(editor));
-  EXPECT_FALSE(host->isDirty(editor));
-  EXPECT_FALSE(host->hasAttendees(editor));
-  EXPECT_EQ(host->subject(editor), "Weekly product review");
-  EXPECT_EQ(host->location(editor), "Project room");
-  EXPECT_TRUE(host->body(editor).starts_with("<html><head>"));
-  EXPECT_NE(host->body(editor).find("Agenda:<br>"), std::string::npos);
-  EXPECT_EQ(host->openEditor("nobody"), 0U);
-}
-
 TEST_F(OutlookHostTest, SavingWithoutAChangeLeavesTheBytesAlone) {
-  for (const char* file : {"demo.ics", "series.ics", "html-body.ics", "non-ascii.ics", "unknown-things.ics",
-                           "all-day.ics", "folded-in-character.ics"}) {
-    SCOPED_TRACE(file);
-    start({}, file);
+  for (const auto& entry : std::filesystem::directory_iterator(LAB_CALENDARS)) {
+    if (entry.path().extension() != ".ics") continue;
+    SCOPED_TRACE(entry.path());
+    start({}, entry.path().filename().c_str());
     for (std::size_t index = 0; index < store.eventCount(); ++index) {
       const auto editor = host->openEditorAt(index);
+      const vorn::OptionalText html = store.eventAt(index).htmlDescription();
+      EXPECT_TRUE(!html || host->body(editor) == *html) << index;
       host->save(editor);
       host->saveAndClose(editor);
       EXPECT_FALSE(host->isOpen(editor));
@@ -88,17 +81,26 @@ TEST_F(OutlookHostTest, SavingWithoutAChangeLeavesTheBytesAlone) {
 
 TEST_F(OutlookHostTest, TypedValuesWaitUntilASaveMergesThem) {
   start();
+  EXPECT_EQ(host->openEditor("nobody"), 0U);
   const auto editor = host->openEditor(kReview);
+  EXPECT_FALSE(host->isDirty(editor));
+  EXPECT_TRUE(host->body(editor).starts_with("<html><head>"));
+  EXPECT_NE(host->body(editor).find("Agenda:<br>"), std::string::npos);
+  host->typeSubject(editor, "");
+  EXPECT_TRUE(send(host->viewController(editor), "uncommittedChanges")["content.summary"].isNull());
+  host->save(editor);
+  EXPECT_EQ(review().summary(), "");
+  const std::string emptied = store.text();
   host->typeSubject(editor, "New subject");
   host->typeLocation(editor, "Here; and there");
   host->typeBody(editor, "<html><body><p>One</p><p>Two</p></body></html>");
   EXPECT_TRUE(host->isDirty(editor));
-  EXPECT_EQ(store.text(), before);
+  EXPECT_EQ(store.text(), emptied);
   const Value changes = send(host->viewController(editor), "uncommittedChanges");
   EXPECT_EQ(changes["content.summary"], "New subject");
   EXPECT_EQ(changes["content.location"], "Here; and there");
   EXPECT_TRUE(changes.contains("content.body"));
-  EXPECT_EQ(send(host->event(editor), "summary"), "Weekly product review") << "the event does not know yet";
+  EXPECT_EQ(send(host->event(editor), "summary"), "") << "the event does not know yet";
 
   host->save(editor);
   EXPECT_FALSE(host->isDirty(editor));
@@ -107,131 +109,55 @@ TEST_F(OutlookHostTest, TypedValuesWaitUntilASaveMergesThem) {
   EXPECT_EQ(review().location(), "Here; and there");
   EXPECT_EQ(review().description(), "One\nTwo");
   EXPECT_EQ(review().htmlDescription(), "<html><body><p>One</p><p>Two</p></body></html>");
-
-  const std::string saved = store.text();
-  host->saveAndClose(editor);
-  EXPECT_EQ(store.text(), saved) << "a second save has nothing to write";
 }
 
-TEST_F(OutlookHostTest, AnEmptiedSubjectIsTheNullObjectAndIsStoredAsEmpty) {
-  start();
-  const auto editor = host->openEditor(kReview);
-  host->typeSubject(editor, "");
-  EXPECT_TRUE(send(host->viewController(editor), "uncommittedChanges")["content.summary"].isNull());
-  host->save(editor);
-  EXPECT_EQ(review().summary(), "");
-}
-
-TEST_F(OutlookHostTest, ClosingWithoutSavingDropsEverything) {
-  start();
-  const auto editor = host->openEditor(kReview);
-  host->typeSubject(editor, "Lost");
-  send(host->event(editor), "setOlmUCInband:", {"record"});
-  host->closeWithoutSaving(editor);
-  EXPECT_FALSE(host->isOpen(editor));
-  EXPECT_EQ(store.text(), before);
-  EXPECT_EQ(host->storedCount(), 0);
-}
-
-TEST_F(OutlookHostTest, WhatIsSetFromOutsideIsStoredByTheNextSave) {
-  start();
-  const auto editor = host->openEditor(kReview);
-  const HostObject event = host->event(editor);
-  const HostObject controller = host->viewController(editor);
-  send(controller, "setOlmUCInband:", {"{\"meetingKey\":\"1\"}"});
-  send(controller, "setLocation:", {"Project room; https://service.example/j/1"});
-  EXPECT_EQ(host->location(editor), "Project room; https://service.example/j/1");
-  send(event, "setBody:", {"<html><body>Invitation</body></html>"});
-  EXPECT_EQ(send(event, "olmUCInband"), "{\"meetingKey\":\"1\"}");
-  host->saveAndClose(editor);
-  EXPECT_EQ(review().olmUCInband(), "{\"meetingKey\":\"1\"}");
-  EXPECT_EQ(review().location(), "Project room; https://service.example/j/1");
-  EXPECT_EQ(review().description(), "Invitation");
-}
-
-TEST_F(OutlookHostTest, AHookOfTheRecordHasTheLastWord) {
-  start();
-  hook(runtime.NSClassFromString("ECMutableCalendarEvent"), "saveRecord",
-       [this](const HostObject& self, const auto& forward) {
-         EXPECT_EQ(send(self, "summary"), "Typed") << "the record holds the merged values";
-         EXPECT_EQ(send(self, "location"), "Project room");
-         send(self, "setLocation:", {"Set while storing"});
-         return forward();
-       });
-  const auto editor = host->openEditor(kReview);
-  host->typeSubject(editor, "Typed");
-  host->save(editor);
-  EXPECT_EQ(review().summary(), "Typed");
-  EXPECT_EQ(review().location(), "Set while storing");
-}
-
-TEST_F(OutlookHostTest, ASaveThatIsStoppedByAHookLeavesTheEditorOpenAndDirty) {
-  start();
-  const auto editing = runtime.NSClassFromString("ERCalendarEventEditorViewController");
-  hook(editing, "saveAndCloseWindow:", [](const HostObject&, const auto&) { return Value(-1); });
-  const auto editor = host->openEditor(kReview);
-  host->typeSubject(editor, "Typed");
-  host->saveAndClose(editor);
-  EXPECT_TRUE(host->isOpen(editor));
-  EXPECT_TRUE(host->isDirty(editor));
-  EXPECT_EQ(store.text(), before);
-  // The plug-in finishes later, past its own hook.
-  EXPECT_EQ(send(host->viewController(editor), "test_saveAndCloseWindow:", {true}), 0);
-  EXPECT_FALSE(host->isOpen(editor));
-  EXPECT_EQ(review().summary(), "Typed");
-}
-
-class HeaderClass : public OutlookHostTest, public testing::WithParamInterface<const char*> {};
-
-TEST_P(HeaderClass, IsBuiltWithInitWithFrameAndHoldsWhatAHookPutsIn) {
-  const std::string header = GetParam();
-  OutlookHost::Options options;
-  options.headerViewClass = header;
-  start(options);
-  const auto make = [this](const char* name, const char* superclass) {
-    const Value frame = Value::dictionaryFromPairs({{"x", 460}, {"y", 13}, {"width", 400}, {"height", 30}});
-    return runtime.instantiate(runtime.defineClass(name, superclass), "initWithFrame:", {frame});
-  };
-  const std::string owner = header == "OLCalendarHeaderContainerView" ? "OLAttachmentsAcceptingView" : header;
-  hook(runtime.NSClassFromString(owner), "initWithFrame:", [&](const HostObject& self, const auto& forward) {
-    const Value made = forward();
-    if (runtime.className(self) == header) {
-      send(made.object(), "addSubview:", {make("vnActionAdditionView", "NSView")});
+TEST_F(OutlookHostTest, AHeaderIsBuiltWithInitWithFrameAndHoldsWhatAHookPutsIn) {
+  const std::pair<const char*, const char*> headers[] = {
+      {"OLCalendarHeaderContainerView", "OLAttachmentsAcceptingView"},
+      {"OLAutoLayoutAttachmentsAcceptingView", "OLAutoLayoutAttachmentsAcceptingView"}};
+  for (const auto& [header, owner] : headers) {
+    SCOPED_TRACE(header);
+    OutlookHost::Options options;
+    options.headerViewClass = header;
+    start(options);
+    const auto make = [this](const char* name, const char* superclass) {
+      const Value frame = Value::dictionaryFromPairs({{"x", 460}, {"y", 13}, {"width", 400}, {"height", 30}});
+      return runtime.instantiate(runtime.defineClass(name, superclass), "initWithFrame:", {frame});
+    };
+    hook(runtime.NSClassFromString(owner), "initWithFrame:", [&](const HostObject& self, const auto& forward) {
+      const Value made = forward();
+      if (runtime.className(self) == header) {
+        send(made.object(), "addSubview:", {make("vnActionAdditionView", "NSView")});
+      }
+      return made;
+    });
+    const auto editor = host->openEditor(kReview);
+    const HostObject bar = host->barView(editor);
+    ASSERT_TRUE(bar);
+    EXPECT_EQ(send(bar, "superview").object(), host->headerView(editor));
+    EXPECT_EQ(send(send(bar, "window").object(), "windowController").object(), host->windowController(editor));
+    EXPECT_EQ(send(bar, "frame")["width"], 400);
+    EXPECT_FALSE(host->clickBar(editor, "onClickNothing:"));
+    HostObject sender;
+    runtime.setInstanceMethod("vnActionAdditionView",
+                              "onClickAddVornMeeting:", [&](const HostObject&, const Arguments& arguments) {
+                                sender = arguments.at(0).object();
+                                return Value();
+                              });
+    const HostObject button = make("NSButton", "NSView");
+    send(button, "setTarget:", {bar});
+    send(button, "setAction:", {"onClickAddVornMeeting:"});
+    send(bar, "addSubview:", {button});
+    for (const bool isHidden : {true, false}) {
+      send(button, "setHidden:", {isHidden});
+      send(button, "setEnabled:", {isHidden});
+      EXPECT_FALSE(host->clickBar(editor, "onClickAddVornMeeting:"));
     }
-    return made;
-  });
-  const auto editor = host->openEditor(kReview);
-  const HostObject bar = host->barView(editor);
-  ASSERT_TRUE(bar);
-  EXPECT_EQ(send(bar, "superview").object(), host->headerView(editor));
-  EXPECT_EQ(send(bar, "window").object(), host->window(editor));
-  EXPECT_EQ(send(send(bar, "window").object(), "windowController").object(), host->windowController(editor));
-  EXPECT_EQ(send(bar, "frame")["width"], 400);
-
-  EXPECT_FALSE(host->clickBar(editor, "onClickAddVornMeeting:"));
-  HostObject sender;
-  runtime.setInstanceMethod("vnActionAdditionView",
-                            "onClickAddVornMeeting:", [&](const HostObject&, const Arguments& arguments) {
-                              sender = arguments.at(0).object();
-                              return Value();
-                            });
-  const HostObject button = make("NSButton", "NSView");
-  send(button, "setTarget:", {bar});
-  send(button, "setAction:", {"onClickAddVornMeeting:"});
-  send(bar, "addSubview:", {button});
-  for (const char* obstacle : {"setHidden:", "setEnabled:"}) {
-    const bool inTheWay = std::string_view(obstacle) == "setHidden:";
-    send(button, obstacle, {inTheWay});
-    EXPECT_FALSE(host->clickBar(editor, "onClickAddVornMeeting:")) << obstacle;
-    send(button, obstacle, {!inTheWay});
+    send(button, "setEnabled:", {true});
+    EXPECT_TRUE(host->clickBar(editor, "onClickAddVornMeeting:"));
+    EXPECT_EQ(sender, button);
   }
-  EXPECT_TRUE(host->clickBar(editor, "onClickAddVornMeeting:"));
-  EXPECT_EQ(sender, button);
 }
-
-INSTANTIATE_TEST_SUITE_P(All, HeaderClass,
-             testing::Values("OLCalendarHeaderContainerView", "OLAutoLayoutAttachmentsAcceptingView"),
-             [](const auto& info) { return std::string(info.param); });
 
 TEST_F(OutlookHostTest, EveryWayToOpenAnEditorPassesTheClassMethodThatHooksWatch) {
   start();
@@ -278,79 +204,28 @@ TEST_F(OutlookHostTest, AClosedWindowIsToldAndItsObjectsDieWhenTheCloseHasUnwoun
   EXPECT_EQ(host->subject(editor), "");
 }
 
-TEST_F(OutlookHostTest, ANewAppointmentHasNoUuidUntilItIsStored) {
-  start();
-  const auto editor = host->openNew(1904904000);
-  EXPECT_TRUE(send(host->event(editor), "UUID").isAbsent());
-  EXPECT_TRUE(send(host->event(editor), "iCalendarRepresentation").isAbsent());
-  EXPECT_EQ(send(host->event(editor), "duration"), 1800);
-  host->typeSubject(editor, "Brand new");
-  host->save(editor);
-  const std::string uid = send(host->event(editor), "UUID").text();
-  ASSERT_FALSE(uid.empty());
-  const auto stored = store.find(uid);
-  ASSERT_TRUE(stored);
-  EXPECT_EQ(stored->summary(), "Brand new");
-  EXPECT_EQ(stored->start()->seconds, 1904904000);
-  host->saveAndClose(editor);
-  EXPECT_EQ(store.exceptionsOf(uid).size(), 0U);
-  EXPECT_EQ(store.events().size(), 8U) << "a second save does not store a second appointment";
-}
-
-TEST_F(OutlookHostTest, AnExceptionKnowsItsSeries) {
-  start({}, "series.ics");
-  const auto editor = host->openEditor("series@calendar.example", "20300401T090000");
-  const HostObject event = host->event(editor);
-  EXPECT_TRUE(send(event, "isModifiedException").boolValue());
-  EXPECT_TRUE(send(host->viewController(editor), "isOccurrenceOrException").boolValue());
-  const Value master = send(event, "seriesMasterRecord");
-  EXPECT_EQ(send(master.object(), "summary"), "Planning");
-  const auto series = host->openEditor("series@calendar.example");
-  EXPECT_FALSE(send(host->viewController(series), "isOccurrenceOrException").boolValue());
-  EXPECT_EQ(send(host->viewController(series), "recurrenceStringForCurrentEvent"), "FREQ=WEEKLY;COUNT=4");
-  const Value recurrence = send(host->event(series), "recurrence");
-  EXPECT_EQ(send(recurrence.object(), "occurrenceCount"), 4);
-}
-
 TEST_F(OutlookHostTest, DatesAnswerInTheirOwnZone) {
   start();
   const HostObject event = host->event(host->openEditor(kReview));
   const Value begin = send(event, "startTime");
-  const Value end = send(event, "endTime");
-  EXPECT_EQ(send(begin.object(), "dateUTC"), 1904889600);
+  const std::pair<const char*, Value> answers[] = {
+      {"dateUTC", 1904889600}, {"hourOfDay", 10}, {"dayOfMonth", 13}, {"monthOfYear", 5}};
+  for (const auto& [selector, answer] : answers) EXPECT_EQ(send(begin.object(), selector), answer) << selector;
   EXPECT_EQ(send(send(begin.object(), "timeZone").object(), "name"), "Europe/Berlin");
-  EXPECT_EQ(send(begin.object(), "hourOfDay"), 10);
-  EXPECT_EQ(send(begin.object(), "dayOfMonth"), 13);
-  EXPECT_EQ(send(begin.object(), "monthOfYear"), 5);
-  EXPECT_EQ(send(end.object(), "timeIntervalSinceDate:", {begin}), 3600);
-  const Value moved = send(begin.object(), "dateByAddingTimeInterval:", {86400});
-  EXPECT_EQ(send(moved.object(), "dayOfMonth"), 14);
-}
-
-TEST_F(OutlookHostTest, SendingCountsStoresAndCloses) {
-  start();
-  const auto editor = host->openEditor(kTalk);
-  EXPECT_TRUE(host->hasAttendees(editor));
-  host->typeSubject(editor, "Supplier talk");
-  host->send(editor);
-  EXPECT_EQ(host->sentCount(), 1);
-  EXPECT_FALSE(host->isOpen(editor));
-  EXPECT_EQ(store.find(kTalk)->summary(), "Supplier talk");
+  EXPECT_EQ(send(send(event, "endTime").object(), "timeIntervalSinceDate:", {begin}), 3600);
+  EXPECT_EQ(send(send(begin.object(), "dateByAddingTimeInterval:", {86400}).object(), "dayOfMonth"), 14);
 }
 
 TEST_F(OutlookHostTest, AnAppointmentOfSomebodyElseIsNotOnesOwn) {
-  struct Case {
-    const char* user;
-    const char* uid;
-    bool owner;
-  };
-  for (const Case& each :
-       {Case{"", kTalk, true}, Case{"MARA.lindt@calendar.example", kTalk, true},
-        Case{"jonas.weber@calendar.example", kTalk, false}, Case{"jonas.weber@calendar.example", kReview, true}}) {
+  const std::tuple<const char*, const char*, bool> cases[] = {{"", kTalk, true},
+                                                              {"MARA.lindt@calendar.example", kTalk, true},
+                                                              {"jonas.weber@calendar.example", kTalk, false},
+                                                              {"jonas.weber@calendar.example", kReview, true}};
+  for (const auto& [user, uid, isOwner] : cases) {
     OutlookHost::Options options;
-    options.userAddress = each.user;
+    options.userAddress = user;
     start(options);
-    EXPECT_EQ(send(host->event(host->openEditor(each.uid)), "isOwner").boolValue(), each.owner) << each.user;
+    EXPECT_EQ(send(host->event(host->openEditor(uid)), "isOwner").boolValue(), isOwner) << user;
   }
 }
 
@@ -376,25 +251,14 @@ TEST_F(OutlookHostTest, ADeletedEventIsGoneAndCannotBeStored) {
   EXPECT_TRUE(host->isOpen(editor)) << "nothing was stored, so nothing may be lost";
 }
 
-TEST_F(OutlookHostTest, AnActOnTheCalendarIsStoredAtOnceThroughARecord) {
+TEST_F(OutlookHostTest, AnActOnTheCalendarNeedsACalendarAndKeepsTheZoneAndTheLength) {
   start();
   const double begin = review().start()->seconds;
   EXPECT_FALSE(host->drag(kReview, "", begin)) << "there is no calendar on the screen yet";
   host->openMainWindow();
-  std::vector<std::string> stored;
-  hook(runtime.NSClassFromString("ECMutableCalendarEvent"), "saveRecord",
-       [&](const HostObject& self, const auto& forward) {
-         stored.push_back(send(self, "summary").text());
-         return forward();
-       });
   EXPECT_TRUE(host->drag(kReview, "", begin + 7200));
-  EXPECT_EQ(review().start()->seconds, begin + 7200);
-  EXPECT_EQ(review().end()->seconds, begin + 7200 + 3600) << "a drag keeps the length";
+  EXPECT_EQ(review().end()->seconds, begin + 7200 + 3600);
   EXPECT_EQ(review().start()->zone, "Europe/Berlin");
-  EXPECT_TRUE(host->resize(kReview, "", begin + 7200, 1800));
-  EXPECT_EQ(review().end()->seconds, begin + 7200 + 1800);
-  EXPECT_TRUE(host->rename(kReview, "", "On the tile"));
-  EXPECT_EQ(stored, (std::vector<std::string>{"Weekly product review", "Weekly product review", "On the tile"}));
   for (const char* unknown : {"nobody", ""}) {
     EXPECT_FALSE(host->drag(unknown, "", begin));
     EXPECT_FALSE(host->deleteFromCalendar(unknown, ""));
@@ -402,9 +266,6 @@ TEST_F(OutlookHostTest, AnActOnTheCalendarIsStoredAtOnceThroughARecord) {
   }
   EXPECT_TRUE(host->cancelMeeting(kTalk, ""));
   EXPECT_EQ(host->sentCount(), 1);
-  EXPECT_TRUE(host->deleteFromCalendar(kReview, ""));
-  EXPECT_FALSE(store.find(kReview));
-  EXPECT_FALSE(host->drag(kReview, "", begin));
 }
 
 TEST_F(OutlookHostTest, AnActThatIsTakenOverChangesNothing) {
@@ -423,17 +284,13 @@ TEST_F(OutlookHostTest, AnActThatIsTakenOverChangesNothing) {
 }
 
 TEST_F(OutlookHostTest, AnOpenItemOfASeriesCanSwitchToItsSeries) {
-  start({}, "series.ics");
   for (const bool byMenu : {true, false}) {
+    start({}, "series.ics");
     const auto editor = host->openEditor("series@calendar.example", "20300401T090000");
     host->typeSubject(editor, "Dropped");
     host->answerSeriesQuestion(editor, 0);
     EXPECT_EQ(host->subject(editor), "Dropped");
-    if (byMenu) {
-      host->switchToSeries(editor);
-    } else {
-      host->answerSeriesQuestion(editor, 1);
-    }
+    byMenu ? host->switchToSeries(editor) : host->answerSeriesQuestion(editor, 1);
     EXPECT_EQ(host->subject(editor), "Planning");
     EXPECT_FALSE(host->isDirty(editor));
     loop.runDue();
@@ -442,16 +299,21 @@ TEST_F(OutlookHostTest, AnOpenItemOfASeriesCanSwitchToItsSeries) {
     loop.runDue();
     EXPECT_EQ(store.find("series@calendar.example")->summary(), "Planning, all of it");
     EXPECT_EQ(store.find("series@calendar.example", "20300401T090000")->summary(), "Planning (moved)");
-    store.find("series@calendar.example")->setSummary("Planning");
   }
 }
 
-TEST_F(OutlookHostTest, AttendeesHearOfWhatTheTextOfChangesNames) {
+TEST_F(OutlookHostTest, AttendeesHearOfWhatTheTextOfChangesNamesAndSendingStoresAndCloses) {
   start();
   const auto editor = host->openEditor(kTalk);
+  EXPECT_TRUE(host->hasAttendees(editor));
   EXPECT_FALSE(host->findsChangesForAttendees(editor));
+  EXPECT_FALSE(send(host->event(editor), "recurrence").object()) << "a single appointment";
   host->typeSubject(editor, "Other");
   EXPECT_TRUE(host->findsChangesForAttendees(editor));
+  host->send(editor);
+  EXPECT_EQ(host->sentCount(), 1);
+  EXPECT_FALSE(host->isOpen(editor));
+  EXPECT_EQ(store.find(kTalk)->summary(), "Other");
 }
 
 TEST_F(OutlookHostTest, TheToolbarTakesWhatItsDelegateMakes) {
@@ -459,16 +321,13 @@ TEST_F(OutlookHostTest, TheToolbarTakesWhatItsDelegateMakes) {
   host->openMainWindow();
   const std::vector<std::string> shown = host->toolbarItems();
   EXPECT_EQ(shown, OutlookHost::Options().toolbar);
-  const HostObject application =
-      send(runtime.classObject(runtime.NSClassFromString("NSApplication")), "sharedApplication").object();
-  const HostObject window = send(application, "windows").at(0).object();
-  const HostObject toolbar = send(window, "toolbar").object();
+  const HostObject toolbar = send(send(application(), "windows").at(0).object(), "toolbar").object();
   for (const std::int64_t index : {0, 4, -1}) {
     send(toolbar, "insertItemWithItemIdentifier:atIndex:", {"NotOurs", index});
     send(toolbar, "insertItemWithItemIdentifier:atIndex:", {"NSToolbarSpaceItem", index});
   }
   EXPECT_EQ(host->toolbarItems().size(), shown.size() + 2) << "nothing unknown, and nothing beyond the end";
-  send(send(application, "delegate").object(), "newCalendarMeeting:", {Value(nullptr)});
+  send(send(application(), "delegate").object(), "newCalendarMeeting:", {Value(nullptr)});
   EXPECT_EQ(host->editors().size(), 1U);
 }
 
@@ -476,33 +335,14 @@ TEST_F(OutlookHostTest, TheMainWindowIsAmongTheWindowsOfTheApplication) {
   start();
   host->openMainWindow();
   host->openEditor(kReview);
-  const HostObject application =
-      send(runtime.classObject(runtime.NSClassFromString("NSApplication")), "sharedApplication").object();
-  const Value windows = send(application, "windows");
+  const Value windows = send(application(), "windows");
   ASSERT_EQ(windows.count(), 2U);
   const HostObject main = send(windows.at(0).object(), "windowController").object();
   EXPECT_TRUE(runtime.isKindOf(main, runtime.NSClassFromString("ERageMainWindowController")));
   host->closeMainWindow();
   loop.runDue();
-  EXPECT_EQ(send(application, "windows").count(), 1U);
+  EXPECT_EQ(send(application(), "windows").count(), 1U);
   EXPECT_FALSE(runtime.isAlive(main));
-}
-
-TEST(EmbeddedPresenter, AnswersAsScriptedAndTellsTheObserver) {
-  vorn::EmbeddedPresenter presenter;
-  using Answer = vorn::Presenter::Answer;
-  std::vector<Answer> answers;
-  std::vector<std::string> told;
-  presenter.setAlertObserver([&](const auto& shown) { told.push_back(shown.alert.message); });
-  presenter.setAnswer(Answer::alternateButton);
-  presenter.answerNext(Answer::defaultButton);
-  for (const char* message : {"first", "second"}) {
-    presenter.showAlert({}, {"title", message, {"OK", "Cancel"}, ""},
-                        [&](Answer answer) { answers.push_back(answer); });
-  }
-  presenter.showAlert({}, {"title", "third", {"OK"}, ""}, [&](Answer answer) { answers.push_back(answer); });
-  EXPECT_EQ(answers, (std::vector{Answer::defaultButton, Answer::alternateButton, Answer::defaultButton}));
-  EXPECT_EQ(told, (std::vector<std::string>{"first", "second", "third"}));
 }
 
 }  // namespace

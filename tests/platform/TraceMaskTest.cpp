@@ -31,6 +31,7 @@ TEST(TraceMask, CoversWhatIsNobodysBusinessAndShowsTheRest) {
       {"Write to john.doe+x@example.com, or <mailto:jane%40example.com>.", "Write to ******, or <******>."},
       {"john&#64;example.com", "******;example.com"},
       {"+16465550100,,81234567890#,,,,*123456#", "+16465550100,,81234567890#,,,,******"},
+      {"room *12a# here", "room *12a# here"},
       {R"({"proto":"CgVoZWxsbxIFd29ybGQaBWFnYWluIgVvbmNlICoFbW9yZSE="})", R"({"proto":"<base64, 35 bytes>"})"},
       {R"({"email of a@b.c" : "x", "s":1})", R"({******"******", "s":1})"},
       {"Passcode<a href=mailto:me@x.org>: 42 end", "************ end"},

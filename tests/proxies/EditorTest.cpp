@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "host/proxies/vnOLWordMailEditor.h"
@@ -39,23 +41,17 @@ TEST_F(Editor, HandsOutANewEventProxyWhenItShowsAnotherEvent) {
   vnERCalendarEventEditorViewController proxy(editor);
   const vnECCalendarEvent* first = proxy.ecCalendarEvent();
   ASSERT_TRUE(first);
+  EXPECT_EQ(first->getOneMergedItem("summary"), Value("stored"));
+  host.set(editor, "uncommittedChanges", typed("content.summary", "typed"));
   EXPECT_EQ(proxy.ecCalendarEvent(), first);
+  EXPECT_EQ(first->getOneMergedItem("summary"), Value("typed")) << "it knows what is typed later";
 
   const HostObject other = host.object("ECCalendarEvent", {{"summary", "other"}});
   host.set(editor, "content", other);
   ASSERT_TRUE(proxy.ecCalendarEvent());
   EXPECT_EQ(proxy.ecCalendarEvent()->delegate(), other);
-
   host.set(editor, "content", Value());
   EXPECT_FALSE(proxy.ecCalendarEvent());
-}
-
-TEST_F(Editor, ItsEventKnowsWhatIsTypedLater) {
-  const HostObject editor = editorOn(event);
-  vnERCalendarEventEditorViewController proxy(editor);
-  EXPECT_EQ(proxy.ecCalendarEvent()->getOneMergedItem("summary"), Value("stored"));
-  host.set(editor, "uncommittedChanges", typed("content.summary", "typed"));
-  EXPECT_EQ(proxy.ecCalendarEvent()->getOneMergedItem("summary"), Value("typed"));
 }
 
 TEST_F(Editor, ReadingTheChangesCountsAsOpeningTheSettingsAndKeepsTheDirtyMark) {
@@ -69,17 +65,14 @@ TEST_F(Editor, ReadingTheChangesCountsAsOpeningTheSettingsAndKeepsTheDirtyMark) 
 }
 
 TEST_F(Editor, ASaveHasSomethingToTellForEveryStoredAppointmentAndForADirtyNewOne) {
-  struct {
-    const char* uuid;
-    bool dirty;
-    bool changed;
-  } const cases[] = {{"U-1", false, true}, {"", false, false}, {"", true, true}};
-  for (const auto& c : cases) {
-    host.set(event, "UUID", *c.uuid ? Value(c.uuid) : Value());
+  const std::tuple<Value, bool, bool> cases[] = {
+      {"U-1", false, true}, {Value(), false, false}, {Value(), true, true}};
+  for (const auto& [uuid, dirty, changed] : cases) {
+    host.set(event, "UUID", uuid);
     const HostObject editor = editorOn(event);
-    host.set(editor, "isDirty", c.dirty);
-    EXPECT_EQ(vnERCalendarEventEditorViewController(editor).isVnMeetingItemsChanged(), c.changed)
-        << c.uuid << c.dirty;
+    host.set(editor, "isDirty", dirty);
+    EXPECT_EQ(vnERCalendarEventEditorViewController(editor).isVnMeetingItemsChanged(), changed)
+        << uuid.text() << dirty;
   }
 }
 
@@ -99,10 +92,7 @@ TEST_F(Editor, SchedulesForSomebodyElseOnlyAsADelegateWithAReadyAccount) {
   const HostObject account = host.object("ECAccount", {{"emailAddress", "boss@x.org"}});
   struct {
     const char* why;
-    bool delegating;
-    bool fromClient;
-    bool accountReady;
-    bool expected;
+    bool delegating, fromClient, accountReady, expected;
   } const cases[] = {{"a delegate", true, false, true, true},
                      {"no delegate", false, false, true, false},
                      {"made by the client", true, true, true, false},
@@ -159,17 +149,12 @@ TEST_F(Editor, AnAccountWithoutHTMLGetsPlainTextAndNothingIsNoted) {
   EXPECT_EQ(owners.noted, std::nullopt);
 }
 
-TEST_F(Editor, WithoutAManagerTheShownBodyIsEmpty) {
-  owners.hasManager = false;
-  vnERCalendarEventEditorViewController proxy(editorOn(event));
-  proxy.updateEmailBodyWithVornContent("invitation", true);
-  EXPECT_EQ(host.get(event, "body"), Value(""));
-}
-
-TEST_F(Editor, ThePersonalAudioTextNeedsNoManager) {
+TEST_F(Editor, WithoutAManagerAnInvitationIsEmptyAndThePersonalAudioTextIsNot) {
   owners.hasManager = false;
   owners.wordMailEditor = wordMailWithBody("source");
   vnERCalendarEventEditorViewController proxy(editorOn(event));
+  proxy.updateEmailBodyWithVornContent("invitation", true);
+  EXPECT_EQ(host.get(event, "body"), Value(""));
   proxy.updateEmailBodyForPAC("call", false);
   EXPECT_EQ(host.get(event, "body"), Value("source|call"));
 }

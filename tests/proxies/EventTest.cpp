@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <tuple>
+
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnECCalendarEvent.h"
 #include "host/proxies/vnECRecurrence.h"
@@ -30,25 +33,15 @@ class Event : public testing::Test {
   FakeOwners owners;
 };
 
-TEST_F(Event, WhatTheUserHasTypedWinsOverWhatIsStored) {
+TEST_F(Event, WhatTheUserHasTypedOrClearedWinsOverWhatIsStored) {
   vnECCalendarEvent proxy(event({{"summary", "stored"}, {"location", "room"}, {"body", "old"}}));
   EXPECT_EQ(proxy.getOneMergedItem("summary"), Value("stored"));
-  Value typed = Value::dictionary();
-  typed.set("content.summary", "typed");
-  typed.set("content.body", "new");
-  proxy.setUnCommitedChanges(typed);
+  proxy.setUnCommitedChanges(Value::Dictionary{{"content.summary", "typed"}, {"content.body", "new"}});
   EXPECT_EQ(proxy.getOneMergedItem("summary"), Value("typed"));
   EXPECT_EQ(proxy.getEmailBody(), Value("new"));
   EXPECT_EQ(proxy.location(), "room");
   EXPECT_EQ(proxy.summary(), "stored");
-}
-
-TEST_F(Event, AClearedSubjectIsEmptyAndEveryOtherClearedItemIsTheHostsNull) {
-  vnECCalendarEvent proxy(event({{"summary", "stored"}, {"location", "room"}}));
-  Value typed = Value::dictionary();
-  typed.set("content.summary", nullptr);
-  typed.set("content.location", nullptr);
-  proxy.setUnCommitedChanges(typed);
+  proxy.setUnCommitedChanges(Value::Dictionary{{"content.summary", nullptr}, {"content.location", nullptr}});
   EXPECT_EQ(proxy.getOneMergedItem("summary"), Value(""));
   EXPECT_TRUE(proxy.getOneMergedItem("location").isNull());
 }
@@ -56,8 +49,7 @@ TEST_F(Event, AClearedSubjectIsEmptyAndEveryOtherClearedItemIsTheHostsNull) {
 TEST_F(Event, TheKeyComesFromTheRecordThenTheManagerThenTheText) {
   struct {
     const char* why;
-    Value inband;
-    Value capabilities;
+    Value inband, capabilities;
     const char* managerKey;
     Value calendarText;
     bool isOccurrence;
@@ -89,10 +81,8 @@ TEST_F(Event, AnItemOfASeriesIsSupportedUnlessItSharesTheMeetingOfTheSeries) {
     const char* why;
     bool isOwner;
     const char* kind;
-    const char* ownKey;
-    const char* seriesKey;
-    bool supported;
-    bool single;
+    const char *ownKey, *seriesKey;
+    bool supported, single;
   } const cases[] = {
       {"somebody else's appointment", false, "none", "", "", false, false},
       {"a single appointment", true, "none", "1", "", true, true},
@@ -133,17 +123,16 @@ TEST_F(Event, ThePlainFormHoldsWhatWasTypedAndTheMinutesCutOff) {
                                  {"olmUCInband", recordWithKey("1")},
                                  {"UUID", "U-1"},
                                  {"attendeeList", Value(Value::Array{room, nameless})}}));
-  Value typed = Value::dictionary();
-  typed.set("content.summary", "typed");
-  proxy.setUnCommitedChanges(typed);
+  proxy.setUnCommitedChanges(Value::Dictionary{{"content.summary", "typed"}});
 
   const Value data = proxy.getVnMeetingData();
-  EXPECT_EQ(data[vn_ApptInfo_Subject], Value("typed"));
-  EXPECT_EQ(data[vn_ApptInfo_Location], Value(""));
-  EXPECT_EQ(data[vn_ApptInfo_Body], Value("<p>Hi</p>"));
-  EXPECT_EQ(data[vn_ApptInfo_Duration], Value("1"));
-  EXPECT_EQ(data[vn_ApptInfo_VnOIProperty], recordWithKey("1"));
-  EXPECT_EQ(data[vn_ApptInfo_OlApptUUID], Value("U-1"));
+  const std::pair<std::string_view, Value> plain[] = {{vn_ApptInfo_Subject, "typed"},
+                                                      {vn_ApptInfo_Location, ""},
+                                                      {vn_ApptInfo_Body, "<p>Hi</p>"},
+                                                      {vn_ApptInfo_Duration, "1"},
+                                                      {vn_ApptInfo_VnOIProperty, recordWithKey("1")},
+                                                      {vn_ApptInfo_OlApptUUID, "U-1"}};
+  for (const auto& [key, value] : plain) EXPECT_EQ(data[key], value) << key;
   EXPECT_EQ(data[vn_ApptInfo_StartTime][vn_ApptInfo_CalDate_UTCTime], Value("2026-03-01 12:00:00"));
   EXPECT_EQ(data[vn_ApptInfo_StartTime][vn_ApptInfo_CalDate_LocalTime], Value("2026-03-01 13:00:00"));
   EXPECT_EQ(data[vn_ApptInfo_EndTime][vn_ApptInfo_CalDate_UTCTime], Value("2026-03-01 12:01:29"));
@@ -151,29 +140,25 @@ TEST_F(Event, ThePlainFormHoldsWhatWasTypedAndTheMinutesCutOff) {
   ASSERT_EQ(attendees.count(), 2u);
   EXPECT_EQ(attendees.at(0), Value(Value::Dictionary{{"name", "Room 1"}, {"email", "r@x.org"}, {"type", "2"}}));
   EXPECT_EQ(attendees.at(1).count(), 0u);
+  host.set(end, "timeIntervalSinceDate:", std::nan(""));
+  EXPECT_EQ(proxy.getVnMeetingData()[vn_ApptInfo_Duration], Value("0")) << "of what is no time";
 }
 
 TEST_F(Event, OnlyTheMasterOfASeriesIsRecurringAndAnItemOfItHasNoUUID) {
   const HostObject pattern = host.object("ECRecurrence");
-  struct {
-    const char* why;
-    Value recurrence;
-    const char* kind;
-    bool recurring;
-    bool hasUUID;
-  } const cases[] = {
+  const std::tuple<const char*, Value, const char*, bool, bool> cases[] = {
       {"a single appointment", Value(), "none", false, true},
       {"a cleared recurrence", nullptr, "none", false, true},
       {"the master", pattern, "none", true, true},
       {"an occurrence", pattern, "isOccurrence", false, false},
       {"an exception", pattern, "isModifiedException", false, false},
   };
-  for (const auto& c : cases) {
+  for (const auto& [why, recurrence, kind, recurring, hasUUID] : cases) {
     const Value data =
-        vnECCalendarEvent(event({{"recurrence", c.recurrence}, {c.kind, true}, {"UUID", "U"}})).getVnMeetingData();
-    EXPECT_EQ(data[vn_ApptInfo_Recurrence], Value(c.recurring)) << c.why;
-    EXPECT_EQ(data.contains(vn_ApptInfo_OlApptUUID), c.hasUUID) << c.why;
-    EXPECT_FALSE(data.contains(vn_ApptInfo_Attendees)) << c.why;
+        vnECCalendarEvent(event({{"recurrence", recurrence}, {kind, true}, {"UUID", "U"}})).getVnMeetingData();
+    EXPECT_EQ(data[vn_ApptInfo_Recurrence], Value(recurring)) << why;
+    EXPECT_EQ(data.contains(vn_ApptInfo_OlApptUUID), hasUUID) << why;
+    EXPECT_FALSE(data.contains(vn_ApptInfo_Attendees)) << why;
   }
 }
 
@@ -233,12 +218,10 @@ TEST_F(Event, ACalendarDateTellsItsInstantInUTCAndOnItsOwnClock) {
   EXPECT_EQ(entry[vn_ApptInfo_CalDate_UTCTime], Value("2026-03-01 12:00:00"));
   EXPECT_EQ(entry[vn_ApptInfo_CalDate_LocalTime], Value("2026-03-01 17:30:00"));
   EXPECT_EQ(entry[vn_ApptInfo_Timezone].object(), zone);
-}
-
-TEST_F(Event, ACalendarDateEntryIsOnlyOfADateAndEndsAtTheFirstMissingValue) {
   EXPECT_EQ(vnOLCalendarDate(host.object("Other", {{"dateUTC", kNoonUTC}})).getVnMeetingData().count(), 0u);
   EXPECT_EQ(vnOLCalendarDate::GenerateVnCalendarDate("u", std::nullopt, "UTC"),
-            Value(Value::Dictionary{{"UTCTime", "u"}}));
+            Value(Value::Dictionary{{"UTCTime", "u"}}))
+      << "it ends at the first missing value";
 }
 
 TEST_F(Event, ARecurrenceWithoutACountRecordsNone) {

@@ -47,15 +47,11 @@ TEST_F(Views, TheMainWindowKeepsToItsFirstControllerAndFindsItsRibbon) {
     host.set(ribbon, "activeTabIndex", tab);
     EXPECT_EQ(mainWindow.isHomeMailOrCalendarTab(), expected) << tab;
   }
+  host.set(window, "isVisible", false);
+  EXPECT_FALSE(mainWindow.isHomeMailOrCalendarTab()) << "in a window that does not show no ribbon is looked for";
+  host.set(window, "isVisible", true);
   mainWindow.cleanup();
   EXPECT_FALSE(mainWindow.isHomeMailOrCalendarTab());
-}
-
-TEST_F(Views, ARibbonIsNotLookedForInAWindowThatDoesNotShow) {
-  const HostObject window = host.object("NSWindow", {{"contentView", view("NSView", {view("OUIRibbonView")})}});
-  vnERageMainWindowController& mainWindow = vnERageMainWindowController::sharedInstance();
-  mainWindow.setDelegate(host.object("ERageMainWindowController", {{"window", window}}));
-  EXPECT_FALSE(mainWindow.ribbonView());
 }
 
 TEST_F(Views, AmongSeveralGridsTheOneWithASelectedEventCounts) {
@@ -72,7 +68,8 @@ TEST_F(Views, AmongSeveralGridsTheOneWithASelectedEventCounts) {
 TEST_F(Views, AttachmentsHaveTheDefaultHeightWithoutASuitableController) {
   const HostObject model = host.object("OlkAttachmentViewModel");
   const HostObject source = host.object("Source", {{"attachmentList", Value(Value::Array{model})}});
-  const HostObject tall = host.object("NSView", {{"frame", valueFromRect({0, 0, 300, 88})}});
+  const HostObject tall =
+      host.object("NSView", {{"frame", valueFromRect({0, 0, 300, 88})}, {"setFrame:", Value()}});
   const HostObject controller =
       host.object("OlkModernAttachmentsViewController", {{"view", tall}, {"dataSource", source}});
   const HostObject owner = host.object("RecordViewController", {{"attachmentsController", controller}});
@@ -81,6 +78,9 @@ TEST_F(Views, AttachmentsHaveTheDefaultHeightWithoutASuitableController) {
   const vnOLAutoLayoutAttachmentsAcceptingView proxy(header);
   EXPECT_TRUE(proxy.hasAttachments());
   EXPECT_EQ(proxy.getAttachmentsViewHeight(), 88);
+  setFrameOf(tall, {1, 2, 3, 44});
+  EXPECT_EQ(host.get(tall, "frame"), valueFromRect({1, 2, 3, 44}));
+  EXPECT_EQ(frameOf(tall).x + frameOf(tall).y + frameOf(tall).width, 6);
   host.set(controller, "view", Value());
   host.set(source, "attachmentList", Value(Value::Array{source}));
   EXPECT_FALSE(proxy.hasAttachments());

@@ -123,10 +123,5 @@ TEST_F(LocalizableTexts, StandOnceEachAndSaySomething) {
   }
 }
 
-TEST_F(LocalizableTexts, ThatAreMissingShowTheirKey) {
-  EXPECT_EQ(localizedString("LN_NobodyWroteThis_1"), "LN_NobodyWroteThis_1");
-  EXPECT_EQ(localizedString(""), "");
-}
-
 }  // namespace
 }  // namespace vorn

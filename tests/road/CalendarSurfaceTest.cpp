@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "host/surface/vnCommandItemMgr.h"
-#include "tests/road/world/RoadWorld.h"
+#include "tests/road/Calendars.h"
 
 namespace vorn {
 namespace {
@@ -12,13 +12,6 @@ namespace {
 using testing::ElementsAre;
 
 constexpr double kHour = 3600;
-
-// One appointment with a meeting, and one without.
-std::string twoAppointments() {
-  std::string plain = calendarWith("SUMMARY:Lunch\r\n");
-  plain.replace(plain.find("UID:one"), 7, "UID:two");
-  return calendarWith("SUMMARY:Review\r\n") + plain;
-}
 
 class CalendarSurface : public testing::Test {
  protected:
@@ -31,9 +24,8 @@ class CalendarSurface : public testing::Test {
   }
 
   std::optional<vornlab::Meeting> meeting() { return world.service.meetings().find(key); }
-  void settle() { world.settle(); }
 
-  RoadWorld world{twoAppointments()};
+  RoadWorld world{calendarOfTwo("SUMMARY:Review\r\n")};
   std::int64_t key = 0;
 };
 
@@ -49,14 +41,14 @@ TEST_F(CalendarSurface, AClientThatFallsSilentLeavesTheUsersChangeAndTheNextDrag
 
     world.client->setFaults("");
     EXPECT_TRUE(world.host.drag("one", "", before + 2 * kHour));
-    settle();
+    world.settle();
     EXPECT_EQ(static_cast<double>(meeting()->start), before + 2 * kHour);
   }
 }
 
 TEST_F(CalendarSurface, ACancelledMeetingIsDeletedAtTheServiceToo) {
   EXPECT_TRUE(world.host.cancelMeeting("one", ""));
-  settle();
+  world.settle();
   EXPECT_THAT(world.client->requestNames(), ElementsAre("3/10", "3/3"));
   EXPECT_FALSE(meeting());
   EXPECT_FALSE(world.store.find("one"));

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/road/world/RoadWorld.h"
+#include "tests/road/Calendars.h"
 
 namespace vorn {
 namespace {
@@ -14,15 +14,7 @@ namespace {
 using EditorId = RoadWorld::EditorId;
 
 std::string twoAppointments(bool withGuest) {
-  const std::string end = "END:VCALENDAR\r\n";
-  std::string calendar = calendarWith(
-      std::string("SUMMARY:Review\r\nLOCATION:Castle\r\n") +
-      (withGuest ? "ORGANIZER:mailto:me@vorn.example\r\nATTENDEE;CN=Ada:mailto:ada@vorn.example\r\n" : ""));
-  calendar.resize(calendar.size() - end.size());
-  return calendar +
-         "BEGIN:VEVENT\r\nUID:two\r\nDTSTAMP:20261101T080000Z\r\nDTSTART:20261124T090000Z\r\n"
-         "DTEND:20261124T100000Z\r\nSUMMARY:Planning\r\nEND:VEVENT\r\n" +
-         end;
+  return calendarOfTwo(std::string("SUMMARY:Review\r\nLOCATION:Castle\r\n") + (withGuest ? kGuest : ""));
 }
 
 struct HostPart {
@@ -65,11 +57,7 @@ EditorId openFor(const Act& act, RoadWorld& world) {
   EditorId editor = world.openEditor("one");
   if (!act.needsMeeting) return editor;
   world.clickAdd(editor);
-  if (act.hasGuest) {
-    world.send(editor);
-  } else {
-    world.saveAndClose(editor);
-  }
+  act.hasGuest ? world.send(editor) : world.saveAndClose(editor);
   editor = world.openEditor("one");
   world.host.typeSubject(editor, "Review, renamed");
   return editor;

@@ -21,4 +21,17 @@ inline std::string appointment(const std::string& uid, const std::string& subjec
   return text + "END:VEVENT";
 }
 
+// A calendar file without its folds.
+inline std::string unfolded(std::string text) {
+  for (std::size_t at = text.find("\r\n "); at != std::string::npos; at = text.find("\r\n ", at))
+    text.erase(at, 3);
+  return text;
+}
+
+inline std::size_t occurrences(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
 }  // namespace vornlab::test

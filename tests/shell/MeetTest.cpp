@@ -23,28 +23,13 @@ struct MeetRun {
   std::map<std::string, json> byUid;
   json summary;
 
-  std::string resultOf(const std::string& uid) const {
+  std::string told(const std::string& uid, const char* what) const {
     const auto found = byUid.find(uid);
-    return found == byUid.end() ? "(no line)" : found->second.value("result", "");
+    return found == byUid.end() ? "(no line)" : found->second.value(what, "");
   }
-  std::string reasonOf(const std::string& uid) const {
-    const auto found = byUid.find(uid);
-    return found == byUid.end() ? "(no line)" : found->second.value("reason", "");
-  }
+  std::string resultOf(const std::string& uid) const { return told(uid, "result"); }
+  std::string reasonOf(const std::string& uid) const { return told(uid, "reason"); }
 };
-
-std::size_t occurrences(const std::string& text, const std::string& part) {
-  std::size_t count = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-  return count;
-}
-
-// A calendar file without its folds.
-std::string unfolded(std::string text) {
-  for (std::size_t at = text.find("\r\n "); at != std::string::npos; at = text.find("\r\n ", at))
-    text.erase(at, 3);
-  return text;
-}
 
 class Meet : public ::testing::Test {
  protected:
@@ -160,46 +145,31 @@ TEST_F(Meet, RefusesWhatIsNoCalendarWithItsLineAndWritesNothing) {
   EXPECT_EQ(meet(m_folder / "missing.ics", m_folder / "out.ics").program.exitCode, 2);
 }
 
-struct TroubleCase {
-  const char* name;
-  std::vector<std::string> options;
-  // What goes wrong at the client, in the words of its faults file; "" for none.
-  const char* faults;
-  // A regular expression; who notices the end of the client first, the plug-in or the program, is open.
-  const char* reason;
-};
-
-class MeetInTrouble : public Meet, public ::testing::WithParamInterface<TroubleCase> {};
-
-TEST_P(MeetInTrouble, LosesNothingAndTellsTheReason) {
+TEST_F(Meet, LosesNothingInTroubleAndTellsTheReason) {
   const auto input =
       m_folder.write("in.ics", calendar({appointment("a", "Budget", {"DESCRIPTION:Bring figures"})}));
-  std::vector<std::string> options{"--all"};
-  options.insert(options.end(), GetParam().options.begin(), GetParam().options.end());
-  if (*GetParam().faults != '\0') {
-    const auto faults = m_folder.write("faults", GetParam().faults);
-    options.insert(options.end(), {"--client-option=--faults=" + faults.string()});
+  const auto faulty = [&](const char* name, const char* faults) {
+    return "--client-option=--faults=" + m_folder.write(name, faults).string();
+  };
+  // Who notices the end of the client first, the plug-in or the program, is open.
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"--without-client"}, "not installed"},
+      {{"--client-version", "3.1.0"}, "too old"},
+      {{"--timeout", "0.5", faulty("silent", "every reply to action 3: silent\n")},
+       "did not answer within 0.5 seconds"},
+      {{faulty("refusing", "every reply to action 3 operation 1: error 3113\n")}, "security option"},
+      {{faulty("at-the-profile", "reply 1 to action 6: die\n")}, "client ended|not running"},
+      {{faulty("at-the-commit", "reply 1 to action 3 operation 1: die\n")}, "client ended|not running"}};
+  for (auto [options, reason] : cases) {
+    SCOPED_TRACE(options.back());
+    options.emplace_back("--all");
+    const MeetRun run = meet(input, m_folder / "out.ics", options);
+    EXPECT_EQ(run.program.exitCode, 1) << run.program.errors;
+    EXPECT_EQ(run.resultOf("a"), "failed");
+    EXPECT_THAT(run.reasonOf("a"), ::testing::ContainsRegex(reason));
+    EXPECT_EQ(contentOf(m_folder / "out.ics"), contentOf(input));
   }
-  const MeetRun run = meet(input, m_folder / "out.ics", options);
-  EXPECT_EQ(run.program.exitCode, 1) << run.program.errors;
-  EXPECT_EQ(run.resultOf("a"), "failed");
-  EXPECT_THAT(run.reasonOf("a"), ::testing::ContainsRegex(GetParam().reason));
-  EXPECT_EQ(contentOf(m_folder / "out.ics"), contentOf(input));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Clients, MeetInTrouble,
-    ::testing::Values(
-        TroubleCase{"Missing", {"--without-client"}, "", "not installed"},
-        TroubleCase{"TooOld", {"--client-version", "3.1.0"}, "", "too old"},
-        TroubleCase{"Silent",
-                    {"--timeout", "0.5"},
-                    "every reply to action 3: silent\n",
-                    "did not answer within 0.5 seconds"},
-        TroubleCase{"Refusing", {}, "every reply to action 3 operation 1: error 3113\n", "security option"},
-        TroubleCase{"DyingBeforeTheProfile", {}, "reply 1 to action 6: die\n", "client ended|not running"},
-        TroubleCase{"DyingAtTheCommit", {}, "reply 1 to action 3 operation 1: die\n", "client ended|not running"}),
-    [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(Meet, GoesOnAfterOneAppointmentThatFails) {
   const auto faults = m_folder.write("faults", "reply 1 to action 3 operation 1: error 3000\n");

@@ -24,14 +24,11 @@ class RecordingClient final : public vSocketClientImpl {
 };
 
 TEST(IPCChannel, TakesTheTransportOfTheSystemsVersion) {
-  struct Case {
-    Surroundings::Version version;
-    bool usesNotifications;
-  };
-  for (const Case& one : {Case{{10, 14, 6}, true}, Case{{10, 15, 0}, false}, Case{{10, 9, 9}, true},
-                          Case{{11, 0, 0}, false}, Case{{9, 20, 0}, true}}) {
+  const std::pair<Surroundings::Version, bool> cases[] = {
+      {{10, 14, 6}, true}, {{10, 15, 0}, false}, {{10, 9, 9}, true}, {{11, 0, 0}, false}, {{9, 20, 0}, true}};
+  for (const auto& [version, usesNotifications] : cases) {
     TestPlatform world;
-    world.surroundings.version = one.version;
+    world.surroundings.version = version;
     auto& client =
         static_cast<RecordingClient&>(Registry::install<vSocketClientImpl>(std::make_unique<RecordingClient>()));
     vnIPCChannel::initIPCChannel();
@@ -40,15 +37,15 @@ TEST(IPCChannel, TakesTheTransportOfTheSystemsVersion) {
     vnIPCChannel::releaseIPCChannel();
 
     const auto& posted = world.distributedNotifications.posted;
-    ASSERT_EQ(posted.size(), one.usesNotifications ? 2u : 1u);
+    ASSERT_EQ(posted.size(), usesNotifications ? 2u : 1u);
     EXPECT_EQ(posted.back().name, kIPCPluginLaunchClient) << "the agent is reached the same way by both";
     EXPECT_TRUE(posted.back().userInfo.isAbsent());
-    if (one.usesNotifications) {
+    if (usesNotifications) {
       EXPECT_EQ(posted[0].name, kIPCNotifyOutlookPluginToVornClient);
       EXPECT_EQ(posted[0].userInfo,
                 Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, "3"}, {VN_IPC_CONTENT, "4;new"}}));
     }
-    const int expected = one.usesNotifications ? 0 : 1;
+    const int expected = usesNotifications ? 0 : 1;
     EXPECT_EQ(client.connects, expected);
     EXPECT_EQ(client.disconnects, expected);
     EXPECT_EQ(client.sent.size(), static_cast<std::size_t>(expected));
@@ -65,17 +62,16 @@ TEST(IPCChannel, DoesNothingOnTheNotificationChannelWithoutThePort) {
 }
 
 TEST(IPCChannel, ReadsActionNumbersAsANumberFormatterDoes) {
-  const std::vector<std::pair<const char*, int>> cases = {{"200", 200},
-                                                          {"4", 4},
-                                                          {"-3", -3},
-                                                          {"", 0},
-                                                          {"many", 0},
-                                                          {"4x", 0},
-                                                          {"1.9", 1},
-                                                          {"007", 7},
-                                                          {" 4", 0},
-                                                          {"99999999999", 2147483647},
-                                                          {"999999999999999999999999", 0}};
+  const std::pair<const char*, int> cases[] = {{"200", 200},
+                                               {"-3", -3},
+                                               {"", 0},
+                                               {"many", 0},
+                                               {"4x", 0},
+                                               {"1.9", 1},
+                                               {"007", 7},
+                                               {" 4", 0},
+                                               {"99999999999", 2147483647},
+                                               {"999999999999999999999999", 0}};
   for (const auto& [text, action] : cases) {
     EXPECT_EQ(vnIPCChannel::actionOfEnvelope(Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, text}})), action)
         << text;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <ctime>
+#include <tuple>
 
 namespace vorn {
 namespace {
@@ -22,14 +23,10 @@ std::vector<std::string> messagesOf(const std::vector<std::string>& reads) {
 }
 
 TEST(MessageAssembler, FindsTheEndOfAMessageByItsTagsAndItsLastCharacter) {
-  struct Case {
-    std::string name;
-    std::vector<std::string> reads;
-    std::vector<std::string> messages;
-  };
+  using Texts = std::vector<std::string>;
   const std::string inside = R"({"content":"{a}{b}","actionId":"4"})";
   const std::string early = R"({"actionId":"4","content":"{)";
-  const std::vector<Case> cases = {
+  const std::tuple<const char*, Texts, Texts> cases[] = {
       {"whole", {kMessage}, {kMessage}},
       {"the other order", {R"({"content":"x","actionId":"4"})"}, {R"({"content":"x","actionId":"4"})"}},
       {"one after the other", {kMessage, kMessage}, {kMessage, kMessage}},
@@ -51,8 +48,9 @@ TEST(MessageAssembler, FindsTheEndOfAMessageByItsTagsAndItsLastCharacter) {
        {R"({"actionId":"4","content":"y"})"}},
       {"invalid bytes behind a zero byte do no harm", {kMessage + "\0\xFF"s}, {kMessage}},
       {"nothing at all", {"", ""}, {}},
+      {"tags of the message before", {kMessage, "{}", R"({"content":"x"})"}, {kMessage}},
   };
-  for (const Case& one : cases) EXPECT_EQ(messagesOf(one.reads), one.messages) << one.name;
+  for (const auto& [name, reads, messages] : cases) EXPECT_EQ(messagesOf(reads), messages) << name;
 }
 
 TEST(MessageAssembler, FindsAMessageHoweverItIsSplit) {
@@ -65,10 +63,6 @@ TEST(MessageAssembler, FindsAMessageHoweverItIsSplit) {
   std::vector<std::string> bytes;
   for (const char c : kMessage) bytes.emplace_back(1, c);
   EXPECT_THAT(messagesOf(bytes), ElementsAre(kMessage));
-}
-
-TEST(MessageAssembler, ForgetsTheTagsOfTheMessageBefore) {
-  EXPECT_THAT(messagesOf({kMessage, "{}", R"({"content":"x"})"}), ElementsAre(kMessage));
 }
 
 // A megabyte that never ends, in small reads: a scan from the beginning each time would look at five gigabytes.

