@@ -28,8 +28,7 @@ TEST_F(Catalogue, EachRequestHasTheContentThatTheClientUnderstands) {
   const struct {
     const char* version;
     std::function<int()> send;
-    const char* action;
-    const char* content;
+    const char *action, *content;
   } cases[] = {
       {"4.3.99999", [&] { return mgr->getMeeting(window, request("987", "de", true)); }, "3", "4;987"},
       {"4.4.0", [&] { return mgr->getMeeting(window, request("987", "", true)); }, "3", "4;987;msOutlook;1;de"},
@@ -200,8 +199,7 @@ TEST_F(Catalogue, AnErrorIsShownAndTheManagerHearsNothing) {
   const struct {
     std::function<void()> send;
     const char* action;
-    std::vector<std::string> texts;
-    std::vector<std::string> told;
+    std::vector<std::string> texts, told;
   } cases[] = {
       {[&] { mgr->deleteMeeting(window, request("987")); }, "3", {"MeetingNotFound"}, {"cleared"}},
       {[&] { mgr->getMeeting(window, request("987")); }, "4", {"MeetingNotFound"}, {}},

@@ -210,9 +210,7 @@ TEST_F(Commit, AClientGetsOnlyTheSettingsThatItUnderstands) {
   setSetting("regionType", 1);
   setSetting("availableDialinCountry", Value::dictionaryFromPairs({{"hash", "h"}}));
   const struct {
-    const char* key;
-    const char* before;
-    const char* from;
+    const char *key, *before, *from;
   } gates[] = {
       {"muteOnEntry", "4.0.40459", "4.0.40460"},
       {"alternateHosts", "4.0.40459", "4.0.40460"},
@@ -274,11 +272,9 @@ TEST_F(Commit, WhatCannotBeWrittenIsRefusedWithAWord) {
 
 TEST_F(Commit, ALockedOffWaitingRoomDemandsAPasscodeOrSignedInUsers) {
   const struct {
-    std::uint64_t options;
-    std::uint64_t locks;
+    std::uint64_t options, locks;
     const char* passcode;
-    bool isForSignedIn;
-    bool isSent;
+    bool isForSignedIn, isSent;
   } cases[] = {
       {kNewWaitingRoomRules, kWaitingRoomLocked, "", false, false},
       {kNewWaitingRoomRules, kWaitingRoomLocked, "secret", false, true},
@@ -326,11 +322,8 @@ TEST_F(Commit, WithoutAManagerTheClientDecides) {
 
 TEST_F(Commit, EachReplyIsReadByItsRule) {
   const struct {
-    const char* content;
-    const char* key;
-    const char* invitation;
-    std::vector<std::string> alerts;
-    std::vector<std::string> told;
+    const char *content, *key, *invitation;
+    std::vector<std::string> alerts, told;
   } cases[] = {
       {"987 654;Join: a;b;;c;", "987654", "Join: a;b;;c;", {}, {}},
       {"987;", "987", "", {}, {}},

@@ -29,8 +29,7 @@ TEST_F(ErrorMapping, EachReplyReadsAsItsCode) {
   const struct {
     const char* reply;
     int code;
-    const char* words;
-    const char* moreInfo;
+    const char *words, *moreInfo;
   } cases[] = {
       {"0;Error 3001", 3001, "0;Error 3001", ""},
       {"0;Error 3018;third", 3001, "0;Error 3018", "third"},
@@ -62,8 +61,7 @@ TEST_F(ErrorMapping, EachReplyReadsAsItsCode) {
 TEST_F(ErrorMapping, WhatTheClientIsNowOutranksWhatItsReplySays) {
   const struct {
     std::function<void()> prepare;
-    int status;
-    int code;
+    int status, code;
   } cases[] = {
       {[&] { runClient(false); }, 1, 5},  {[&] { installClient("3.5.1"); }, 1, 5},
       {[&] { runClient(); }, 2, 3001},    {[&] { installClient("3.4.99999"); }, 3, 6},
@@ -165,8 +163,7 @@ TEST_F(ErrorMapping, ADisabledPersonalIdIsExplainedForEachSituation) {
     const char* key;
     std::string otherHost;
     const char* name;
-    bool isPMI;
-    bool notShowMeAgain;
+    bool isPMI, notShowMeAgain;
     const char* text;
   } cases[] = {
       {"987", "", "", true, false, "update: one-time"},

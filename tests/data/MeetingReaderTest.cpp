@@ -72,15 +72,13 @@ TEST_F(MeetingReaderTest, ReadsTheAudioCodeOfATelephonyProviderFirst) {
 }
 
 TEST_F(MeetingReaderTest, DerivesTheRecordingTypeFromAvailabilityAndTheMeetingsBits) {
-  struct Case {
+  const struct {
     bool localAvailable, cloudAvailable, local, cloud;
     int type;
-  };
-  const Case cases[] = {
-      {false, false, true, true, 5}, {true, true, true, true, 2},   {true, true, true, false, 1},
-      {true, true, false, false, 0}, {true, false, true, true, 4},  {true, false, true, false, 3},
-      {false, true, false, true, 4}, {false, true, true, false, 3}, {false, true, false, false, 0}};
-  for (const Case& c : cases) {
+  } cases[] = {{false, false, true, true, 5}, {true, true, true, true, 2},   {true, true, true, false, 1},
+               {true, true, false, false, 0}, {true, false, true, true, 4},  {true, false, true, false, 3},
+               {false, true, false, true, 4}, {false, true, true, false, 3}, {false, true, false, false, 0}};
+  for (const auto& c : cases) {
     setRecording(c.localAvailable, c.cloudAvailable);
     proto::MeetingProto meeting;
     meeting.set_scheduleoption2((c.local ? 0x40000 : 0) | (c.cloud ? 0x80000 : 0));

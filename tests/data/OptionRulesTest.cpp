@@ -239,8 +239,7 @@ TEST(OptionRulesTest, DefaultsThatOnlySwitchOnLeaveWhatIsOn) {
 
 TEST(OptionRulesTest, OfSeveralValuesForATrackingFieldTheLastCounts) {
   const struct {
-    const char* items;
-    const char* field;
+    const char *items, *field;
   } cases[] = {
       {R"([{"id":"a","mtValue":"1"},{"id":"a","mtValue":"2"}])",
        R"({"id":"a","trackingField":"A","trackingValue":"v","mtValue":"2","required":true})"},

@@ -13,12 +13,11 @@ Passcodes passcodes(const PasscodePolicy& policy) {
 }
 
 TEST(PasscodesTest, ValidatesAPasscodeAgainstTheAccountsRules) {
-  struct Case {
+  const struct {
     std::int64_t rules, least, run;
     const char* password;
     std::int64_t failed;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {2, 8, 0, "abc", 2},
       {0, 6, 0, "12345", 2},
       {0, 0, 0, "", 0},
@@ -60,7 +59,7 @@ TEST(PasscodesTest, ValidatesAPasscodeAgainstTheAccountsRules) {
       {124, 0, 3, "aaa", 8 | 16 | 32 | 64},
       {0, 2, 0, "\xF0\x9F\x98\x80", 0},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     EXPECT_EQ(passcodes({c.rules, c.least, c.run, false}).failedRules(c.password), c.failed)
         << c.password << " under " << c.rules;
   }

@@ -70,8 +70,7 @@ TEST_F(SettingRecordTest, EachBitAndKeyOfTheAccountGoesIntoItsFieldOfANewMeeting
   };
   const struct {
     std::int64_t o1, o2, o3;
-    const char* keys;
-    const char* changes;
+    const char *keys, *changes;
   } rows[] = {
       {bit(36), 0, 0, "{}", R"({"enableHostVideo":true})"},
       {bit(37), 0, 0, "{}", R"({"enableParticipantsVideo":true})"},
@@ -159,8 +158,7 @@ TEST_F(SettingRecordTest, TheOverlayTakesEachSettingThatIsNotLocked) {
           "putTheInvitationAtTheTop":false,"language":""})")));
   const struct {
     std::int64_t lock;
-    const char* keys;
-    const char* kept;
+    const char *keys, *kept;
   } rows[] = {
       {bit(1), "{}", R"({"enableHostVideo":false})"},
       {bit(2), "{}", R"({"enableParticipantsVideo":false})"},

@@ -1,23 +1,12 @@
 // What a manager decides when a reply has come: whether the service must hear of something, what is written, and
 // whether the host's operation is made again.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <functional>
-#include <string>
-#include <vector>
 
-#include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnAlertHelper.h"
-#include "data/vnSettingKeys.h"
-#include "data/vnUserProfileHelper.h"
-#include "host/proxies/vnApptInfoKeys.h"
 #include "licence/vnLicencePolicy.h"
-#include "meeting.pb.h"
 #include "platform/Localization.h"
 #include "tests/workflow/MeetingFixture.h"
-#include "util/EncodeUtils.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnCalendarActionMgr.h"
@@ -48,8 +37,7 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
     std::function<void()> prepare;
     Value meetingData;
     Names requests;
-    bool writes;
-    bool finishes;
+    bool writes, finishes;
   } rows[] = {
       {"nothing changed", nothing, unchanged(), {}, false, true},
       {"the appointment changed where the service does not look", typed, unchanged(), {}, true, true},
@@ -105,12 +93,9 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
 TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   using Names = std::vector<std::string>;
   const struct {
-    std::uint64_t state;
-    std::uint64_t after;
-    Names requests;
-    Names panel;
-    bool writes;
-    bool finishes;
+    std::uint64_t state, after;
+    Names requests, panel;
+    bool writes, finishes;
   } rows[] = {
       {VnStateIdle, VnStateIdle, {}, {}, false, false},
       {VnStateAdding, VnStateAdding, {}, {}, false, false},
@@ -211,8 +196,7 @@ TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
   const struct {
     const char* name;
     bool knowsAccount;
-    const char* hostId;
-    const char* scheduledFor;
+    const char *hostId, *scheduledFor;
     bool isValid;
   } rows[] = {
       {"one's own", true, "me", nullptr, true},
@@ -231,7 +215,7 @@ TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
     helper().setMeetingData(read, false);
     com::tidemar::webapp::proto::MeetingProto message;
     message.set_hostid(row.hostId);
-    helper().setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
+    helper().setPBMeetingData(encoded(message));
     EXPECT_EQ(manager().checkScheduleForEmailValidity(), row.isValid);
   }
 }
@@ -316,10 +300,7 @@ TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {
 
 TEST_F(Decisions, TheServiceLearnsAnAppointmentsUUIDTheFirstTimeThatItHasOne) {
   const struct {
-    const char* name;
-    const char* key;
-    const char* before;
-    const char* after;
+    const char *name, *key, *before, *after;
     bool isTold;
   } rows[] = {
       {"stored for the first time", kKey, nullptr, "new", true},  {"stored before", kKey, "old", "new", false},
@@ -348,16 +329,14 @@ TEST_F(Decisions, AMeetingIsRecognisedByItsRecordOrItsCalendarText) {
       "BEGIN:VEVENT\r\nDTSTAMP:20990101T000000Z\r\nVORNMEETINGNUMBER:91234567890\r\nEND:VEVENT\r\n";
   constexpr const char* kByInvitation =
       "BEGIN:VEVENT\r\nDTSTAMP:20200101T000000Z\r\nDESCRIPTION:Meeting ID: 912 3456 7890\r\nEND:VEVENT\r\n";
-  struct Row {
+  const struct {
     const char* name;
     Value inband, capabilities;
-    const char* calendar;
-    const char* uuid;
+    const char *calendar, *uuid;
     bool isFound;
     const char* key;
     int autoAdds, asks;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"its record", kRecord, "", "", nullptr, true, "7", 0, 0},
       {"its record in the older place", "", kRecord, "", nullptr, true, "7", 0, 0},
       {"its older record beside one that nobody can read", "{", kRecord, "", nullptr, true, "7", 0, 0},
@@ -368,7 +347,7 @@ TEST_F(Decisions, AMeetingIsRecognisedByItsRecordOrItsCalendarText) {
       {"its invitation, without a UUID", "", "", kByInvitation, nullptr, false, "", 0, 0},
       {"nothing", "", "", "", "U", false, "", 0, 0},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     openWindow();
     data().setMeetingKey("");
@@ -407,8 +386,7 @@ TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
     const char* name;
     bool isReadable;
     const char* toldUUID;
-    bool knowsAccount;
-    bool isTaken;
+    bool knowsAccount, isTaken;
   } rows[] = {
       {"this one's", true, "u", true, true},
       {"this one's, of an account not known yet", true, "U", false, true},
@@ -428,7 +406,7 @@ TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
     com::tidemar::webapp::proto::MeetingProto message;
     if (row.toldUUID) message.set_extinfo(R"({"olApptUUID":")" + std::string(row.toldUUID) + "\"}");
     helper().setMeetingData(row.isReadable ? meeting() : Value::dictionary(), true);
-    helper().setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
+    helper().setPBMeetingData(encoded(message));
     client.requests.clear();
     reply(VnCmdGetMeetingByApptUUID);
     EXPECT_EQ(data().meetingKey(), row.isTaken ? kKey : "");
@@ -483,9 +461,7 @@ TEST_F(Decisions, AReplyForAWindowThatHasGoneShowsAndStoresNothing) {
 TEST(LicencePolicy, KnowsEachUserTypeAndRefusesNothingToOneThatItDoesNotKnow) {
   const struct {
     vnLicencePolicy::UserType type;
-    bool isPaid;
-    bool hasNoLicence;
-    bool isTooLongAt41;
+    bool isPaid, hasNoLicence, isTooLongAt41;
   } rows[] = {
       {std::nullopt, false, false, false},
       {0, false, true, false},

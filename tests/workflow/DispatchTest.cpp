@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "channel/commands/vnAPIKeys.h"
-#include "host/proxies/vnApptInfoKeys.h"
-#include "tests/workflow/FakeWindow.h"
+#include "tests/workflow/MeetingFixture.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnWorkflowKeys.h"
@@ -10,14 +8,7 @@
 namespace vorn {
 namespace {
 
-class Dispatch : public testing::Test {
- protected:
-  Dispatch() {
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-  }
-  TestPlatform test;
-};
+using Dispatch = WorkflowFixture;
 
 TEST_F(Dispatch, NumbersThatNobodyAnswersDoNothingButAreNotedAsTheLastAction) {
   FakeWindow window(test);
@@ -87,8 +78,7 @@ TEST_F(Dispatch, ABarThatIsNotListedHasNoManagerToSendACommand) {
 
 // An event without a window belongs to the shared manager, whose key is another appointment's during a drag.
 TEST_F(Dispatch, AnEventWithoutAWindowHasTheSharedManagersKeyButNotDuringAnEditOnTheCalendar) {
-  const HostObject event =
-      test.classRuntime.create("ECCalendarEvent", std::make_shared<Value>(Value::dictionary()));
+  const HostObject event = hostObject("ECCalendarEvent");
   vnMeetingMgr& shared = *vnMeetingMgr::sharedInstance();
   shared.setMeetingKey("77");
   EXPECT_EQ(WorkflowDirectory::sharedInstance().meetingKeyForEvent(event), "77");
@@ -98,9 +88,7 @@ TEST_F(Dispatch, AnEventWithoutAWindowHasTheSharedManagersKeyButNotDuringAnEditO
 
 TEST_F(Dispatch, ASaveIsPassedOnUnlessTheMeetingHasSomethingToTell) {
   vnApptUIActionMgr& door = vnApptUIActionMgr::sharedInstance();
-  const HostObject stranger = test.classRuntime.create("ERCalendarEventEditorViewController",
-                                                       std::make_shared<Value>(Value::dictionary()));
-  EXPECT_EQ(door.handleVNMeeting(stranger, Value()), VnHandlePassOn);
+  EXPECT_EQ(door.handleVNMeeting(hostObject("ERCalendarEventEditorViewController"), Value()), VnHandlePassOn);
 
   FakeWindow window(test);
   // What stands in the location field is noted, whatever becomes of the save.

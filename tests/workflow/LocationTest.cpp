@@ -1,16 +1,11 @@
 // The location of an appointment: the user's own words, rooms and the join URL, put together and taken apart.
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <random>
 
-#include "channel/commands/vnAPIKeys.h"
-#include "data/vnSettingKeys.h"
-#include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnOLPropertyKeys.h"
-#include "tests/workflow/FakeWindow.h"
+#include "tests/workflow/MeetingFixture.h"
 #include "workflow/LocationRule.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 
@@ -20,13 +15,8 @@ namespace {
 const char* const kOpen = "https://vorn.example/j/1";
 const char* const kWithPasscode = "https://vorn.example/j/1?pwd=x";
 
-class Location : public testing::Test {
+class Location : public WorkflowFixture {
  protected:
-  Location() {
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-  }
-
   static vnMeetingDataMgr& data(FakeWindow& window) { return *window.manager->meetingDataMgr(); }
   static std::string shown(FakeWindow& window) { return window.get(window.field, "stringValue").text(); }
   static OptionalText own(FakeWindow& window) {
@@ -51,8 +41,6 @@ class Location : public testing::Test {
     MeetingWindow shown = MeetingWindow::ofBar(window.bar);
     window.manager->writeBack().updateVnMeetingInfoToAppointmentForDelete(shown, Value::dictionary());
   }
-
-  TestPlatform test;
 };
 
 TEST_F(Location, TheUsersOwnTextIsFoundInEveryOrderOfTheParts) {
@@ -125,16 +113,13 @@ TEST_F(Location, TheUrlFollowsTheServiceAndTheUsersChoice) {
   FakeWindow window(test);
   window.invite("Room 7", 2);
   window.showLocation("Castle");
-  struct Row {
-    const char* what;
-    const char* typed;
-    const char* url;
+  const struct {
+    const char *what, *typed, *url;
     bool include;
     std::uint64_t action;
     const char* shown;
     OptionalText planned;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"first save, switched off", nullptr, kOpen, false, VnCmdSchedule, "Castle", ""},
       {"switched on", nullptr, kOpen, true, VnCmdUpdate, "Castle; Room 7; https://vorn.example/j/1",
        "Castle; Room 7; https://vorn.example/j/1"},
@@ -152,7 +137,7 @@ TEST_F(Location, TheUrlFollowsTheServiceAndTheUsersChoice) {
       {"marked in the other way", "Castle; https://vorn.example/j/1?from=addon", kOpen, true, VnCmdUpdate,
        "Castle; Room 7; https://vorn.example/j/1", "Castle; Room 7; https://vorn.example/j/1"},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
     if (row.typed) window.showLocation(row.typed);
     writeBack(window, row.url, row.include, row.action);
@@ -166,18 +151,16 @@ TEST_F(Location, TheUrlFollowsTheServiceAndTheUsersChoice) {
 }
 
 TEST_F(Location, WithoutAFieldTheUrlOfTheStoredRecordIsTheOldOneAndWithAFieldTheWindowsOwn) {
-  struct Row {
-    const char* record;
-    const char* shown;
+  const struct {
+    const char *record, *shown;
     bool hasField = false;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"{\"joinUrl\": \"https://vorn.example/j/old\"}", "Castle; https://vorn.example/j/new"},
       {"{\"joinUrl\": \"https://vorn.example/j/other\"}", "Castle; https://vorn.example/j/old"},
       {"no JSON", "Castle; https://vorn.example/j/old"},
       {"{\"joinUrl\": \"https://vorn.example/j/other\"}", "Castle; https://vorn.example/j/new", true},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     FakeWindow window(test);
     if (row.hasField) {
       window.showLocation("Castle; https://vorn.example/j/old");
@@ -218,18 +201,16 @@ TEST_F(Location, AnEmptyJoinUrlNeitherHangsNorTakesAnythingAway) {
 }
 
 TEST_F(Location, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
-  struct Row {
-    const char* shown;
-    const char* kept;
-  };
-  const Row rows[] = {
+  const struct {
+    const char *shown, *kept;
+  } rows[] = {
       {"Castle; east wing; https://vorn.example/j/1; tower", "Castleeast wing"},
       {"Castle; https://vorn.example/j/1?pwd=x; tower", "Castle"},
       {"https://vorn.example/j/1", ""},
       {"Castle; east wing", "Castle; east wing"},
       {"", ""},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     for (const bool hasField : {true, false}) {
       FakeWindow window(test);
       data(window).setJoinUrl(kOpen);
