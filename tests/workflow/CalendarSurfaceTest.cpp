@@ -1,3 +1,4 @@
+#include "channel/transport/vnIPCConstants.h"
 #include "host/proxies/vnECCalendarEvent.h"
 #include "tests/workflow/MeetingFixture.h"
 #include "workflow/vnCalendarActionMgr.h"
@@ -108,6 +109,39 @@ TEST_F(CalendarEdit, AnAppointmentThatSupportsNoMeetingIsLeftAlone) {
   EXPECT_EQ(calendar.updateAppointmentOnCalendar(apptInfo, window.bar->ownWindow, true, VnCmdUpdate, "77"), 1);
   EXPECT_TRUE(window.manager->isDragAndMove());
   EXPECT_EQ(window.manager->meetingKey(), "77");
+}
+
+// A request of no window has its reply dropped.
+TEST_F(CalendarEdit, ADeletionWithoutAnEditorIsTheMainWindows) {
+  RecordingClient& client = RecordingClient::install(test);
+  for (const char* name : {"ERageMainWindowController", "NSApplication"}) test.classRuntime.defineClass(name);
+  const auto answers = [&](const char* className, const char* selector) {
+    test.classRuntime.setInstanceMethod(className, selector,
+                                        [this, selector](const HostObject& self, const Arguments&) {
+                                          return (*test.classRuntime.state<Value>(self))[selector];
+                                        });
+  };
+  answers("NSApplication", "windows");
+  answers("NSWindow", "windowController");
+  Value windows = Value::array();
+  for (const char* controller : {"ERCalendarEventEditorWindowController", "ERageMainWindowController"}) {
+    windows.append(
+        hostObject("NSWindow", Value::dictionaryFromPairs({{"windowController", hostObject(controller)}})));
+  }
+  const HostObject application = hostObject("NSApplication", Value::dictionaryFromPairs({{"windows", windows}}));
+  test.classRuntime.setClassMethod(
+      "NSApplication", "sharedApplication",
+      [application](const HostObject&, const Arguments&) { return Value(application); });
+  EXPECT_EQ(vnCalendarActionMgr::sharedInstance().deleteMeeting(
+                hostObject("ECCalendarEvent", Value::dictionaryFromPairs({{"isOwner", true}}))),
+            0);
+  const OptionalText meeting = EncodeUtils::base64Encode(R"({"meetingKey":"88"})");
+  Value envelope = Value::dictionary();
+  envelope.set(VN_IPC_ACTION_ID, "10");
+  envelope.set(VN_IPC_CONTENT, "1;2;3;4;5;6;7;8;9;10;11;12;13;" + *meeting);
+  test.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN, nullptr, envelope);
+  test.runLoop.runFor(0.01);
+  EXPECT_THAT(client.names(), testing::ElementsAre("3/10", "3/3"));
 }
 
 }  // namespace

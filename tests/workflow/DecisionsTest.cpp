@@ -268,15 +268,25 @@ TEST_F(Decisions, ALongMeetingOfASmallPlanWaitsForTheLastAnswerToItsOwnNotice) {
   EXPECT_THAT(client.names(), ElementsAre("3/2", "3/2")) << "a notice that is no manager's";
 }
 
-TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {
+TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotice) {
+  constexpr std::uint64_t kBefore = VnStatePMIForUpdate;
   const struct {
     std::uint64_t command;
-    bool fromBar;
+    bool fromBar, needsLicence;
+    std::uint64_t state;
     std::vector<std::string> requests, panel;
   } rows[] = {
-      {VnCmdAdd, true, {}, {"shown"}},   {VnCmdChangeSettings, true, {}, {"shown"}},
-      {VnCmdCancel, true, {"3/3"}, {}},  {VnCmdSchedule, false, {"3/1"}, {}},
-      {VnCmdUpdate, false, {"3/2"}, {}}, {VnCmdDelete, false, {"3/3"}, {}},
+      {VnCmdAdd, true, true, VnStateAdding, {}, {"shown"}},
+      {VnCmdChangeSettings, true, true, VnStateChanging, {}, {"shown"}},
+      {VnCmdCancel, true, true, kBefore, {"3/3"}, {}},
+      {VnCmdSchedule, false, true, VnStateCommitting, {"3/1"}, {}},
+      {VnCmdUpdate, false, true, VnStateCommitting, {"3/2"}, {}},
+      {VnCmdDelete, false, true, kBefore, {"3/3"}, {}},
+      {VnCmdStartWithVideo, false, false, kBefore, {"2"}, {}},
+      {VnCmdStartWithoutVideo, false, false, kBefore, {"2"}, {}},
+      {VnCmdAddPACAccount1, true, false, VnStatePAC, {}, {}},
+      {VnCmdAddPACAccount2, true, false, VnStatePAC, {}, {}},
+      {VnCmdGetMeetingByApptUUID, false, false, VnStateLoadByApptUUID, {"3/10"}, {}},
   };
   for (const bool hasLicence : {false, true}) {
     knowAccountOfType(hasLicence ? 2 : 0);
@@ -286,13 +296,16 @@ TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {
       client.requests.clear();
       panels.panel.calls.clear();
       test.presenter.alerts.clear();
+      manager().setState(kBefore);
       EXPECT_EQ(row.fromBar ? manager().sendVnMeetingCommand(row.command, window->bar)
                             : manager().sendVnMeetingCommand(row.command, window->bar->editor),
                 0);
       test.runLoop.runFor(0.01);
-      EXPECT_EQ(test.presenter.alerts.size(), hasLicence ? 0u : 1u);
-      EXPECT_THAT(client.names(), ElementsAreArray(hasLicence ? row.requests : std::vector<std::string>{}));
-      EXPECT_THAT(panels.panel.calls, ElementsAreArray(hasLicence ? row.panel : std::vector<std::string>{}));
+      const bool goesOn = hasLicence || !row.needsLicence;
+      EXPECT_EQ(manager().state(), row.state);
+      EXPECT_EQ(test.presenter.alerts.size(), goesOn ? 0u : 1u);
+      EXPECT_THAT(client.names(), ElementsAreArray(goesOn ? row.requests : std::vector<std::string>{}));
+      EXPECT_THAT(panels.panel.calls, ElementsAreArray(goesOn ? row.panel : std::vector<std::string>{}));
       EXPECT_EQ(hostSaves, 0);
     }
   }
@@ -317,6 +330,9 @@ TEST_F(Decisions, TheServiceLearnsAnAppointmentsUUIDTheFirstTimeThatItHasOne) {
     manager().finish().closeOLAppointment(window->bar->editor);
     EXPECT_THAT(client.names(),
                 ElementsAreArray(row.isTold ? std::vector<std::string>{"3/2"} : std::vector<std::string>{}));
+    if (row.isTold) {
+      EXPECT_THAT(client.requests.back().second, testing::HasSubstr("new"));
+    }
     EXPECT_FALSE(test.presenter.showsProgress());
   }
 }
@@ -459,22 +475,12 @@ TEST_F(Decisions, AReplyForAWindowThatHasGoneShowsAndStoresNothing) {
 }
 
 TEST(LicencePolicy, KnowsEachUserTypeAndRefusesNothingToOneThatItDoesNotKnow) {
-  const struct {
-    vnLicencePolicy::UserType type;
-    bool isPaid, hasNoLicence, isTooLongAt41;
-  } rows[] = {
-      {std::nullopt, false, false, false},
-      {0, false, true, false},
-      {1, false, false, true},
-      {2, true, false, false},
-      {3, true, false, false},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.type.value_or(-1));
-    EXPECT_EQ(vnLicencePolicy::isPaidUser(row.type), row.isPaid);
-    EXPECT_EQ(vnLicencePolicy::isNoMeetingLicenseUser(row.type), row.hasNoLicence);
-    EXPECT_EQ(vnLicencePolicy::isLongerThanPlanAllows(row.type, 41), row.isTooLongAt41);
-    EXPECT_FALSE(vnLicencePolicy::isLongerThanPlanAllows(row.type, 40));
+  for (const vnLicencePolicy::UserType& type : {vnLicencePolicy::UserType(), {0}, {1}, {2}, {3}}) {
+    SCOPED_TRACE(type.value_or(-1));
+    EXPECT_EQ(vnLicencePolicy::isPaidUser(type), type == 2 || type == 3);
+    EXPECT_EQ(vnLicencePolicy::isNoMeetingLicenseUser(type), type == 0);
+    EXPECT_EQ(vnLicencePolicy::isLongerThanPlanAllows(type, 41), type == 1);
+    EXPECT_FALSE(vnLicencePolicy::isLongerThanPlanAllows(type, 40));
   }
 }
 

@@ -229,6 +229,18 @@ TEST_F(Location, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
   }
 }
 
+TEST_F(Location, ARoomIsFoundByItsExactName) {
+  Value attendees = Value::array();
+  for (const auto& [name, type] : {std::pair{"Room 7", "2"}, std::pair{"Ada", "1"}}) {
+    attendees.append(
+        Value::dictionaryFromPairs({{vn_ApptInfo_AttendeeName, name}, {vn_ApptInfo_AttendeeType, type}}));
+  }
+  EXPECT_TRUE(LocationRule::findRoomInAttendees("Room 7", attendees));
+  for (const OptionalText& name : {OptionalText(), OptionalText("room 7"), OptionalText("Ada")}) {
+    EXPECT_FALSE(LocationRule::findRoomInAttendees(name, attendees));
+  }
+}
+
 // -- Any text of a user ------------------------------------------------------------------------------------------
 
 class AnyText {

@@ -28,6 +28,7 @@ void receiveConferences() {
   second.add_tollnumbers()->set_number("+33 1");
   proto::PACMeeting& third = *response.mutable_pacinfo()->add_meetings();
   third.set_location("Phone 3");
+  third.add_tollnumbers()->set_number("+44 3");
   vnGetPACHelper::sharedInstance().setPACInfo(encoded(response));
 }
 
@@ -206,6 +207,7 @@ TEST_F(StoreTime, ATelephoneConferenceTakesThePlaceOfTheOneBefore) {
       {2, "Room +33 1, 5550002", "Room +33 1, 5550002"},
       {2, "Room +1 200, 5550001", "Room +33 1, 5550002"},
       {3, "Room 10", "Room 10 Phone 3"},
+      {3, "Room 10 +44 3", "Room 10 Phone 3"},
       {4, "Room 10", "Room 10"},
   };
   for (const auto& row : rows) {
