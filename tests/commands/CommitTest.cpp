@@ -112,11 +112,12 @@ TEST_F(Commit, TheZoneOfAHostObjectIsItsName) {
 }
 
 TEST_F(Commit, TheMeetingNumberIsSentWhenThereIsOne) {
-  EXPECT_FALSE(document().contains("meetingKey"));
-  data.set("meetingKey", "");
-  EXPECT_FALSE(document().contains("meetingKey"));
   data.set("meetingKey", "987");
   EXPECT_EQ(document()["meetingKey"].text(), "987");
+  data.erase("meetingKey");
+  EXPECT_FALSE(document().contains("meetingKey")) << "nothing of the request before";
+  data.set("meetingKey", "");
+  EXPECT_FALSE(document().contains("meetingKey"));
 
   vnAPICommitMeeting command;
   command.setData(Value::dictionaryFromPairs({{"meetingKey", "0"}}));

@@ -189,6 +189,8 @@ TEST_F(ErrorMapping, ADisabledPersonalIdIsExplainedForEachSituation) {
     profileFile.setKey(vn_Setting_NotShowMeAgain, notShowMeAgain);
     EXPECT_EQ(shown(3105), text);
   }
+  command.setMeetingMgr(nullptr);
+  EXPECT_EQ(shown(3105), "update: one-time");
 }
 
 }  // namespace

@@ -226,21 +226,5 @@ TEST_F(BrokenMessageTest, AcceptsLineBreaksInBase64AndRepairsInvalidText) {
   EXPECT_EQ(account().userName(), "A\uFFFDZ");
 }
 
-TEST_F(BrokenMessageTest, TenThousandOfEachAreRead) {
-  proto::MeetingProto message;
-  for (int i = 0; i < 10000; ++i) {
-    message.add_trackingfields()->set_id(std::to_string(i));
-    auto* host = message.add_alternatehosts();
-    host->set_id("x");
-    host->set_email(std::to_string(i % 5000));
-    message.add_additionaldcregions("EU");
-  }
-  vnGetMeetingHelper reader;
-  reader.setPBMeetingData(base64(message.SerializeAsString()));
-  EXPECT_EQ(reader.getTrackingFields().count(), 10000u);
-  EXPECT_EQ(reader.getAlternateHosts().count(), 5000u);
-  EXPECT_EQ(reader.getAdditionalDCRegions().count(), 10000u);
-}
-
 }  // namespace
 }  // namespace vorn

@@ -210,9 +210,13 @@ TEST_F(SettingRecordTest, AMeetingThatSaysNothingSwitchesOffWhatTheAccountHasOn)
   EXPECT_EQ(record.hash(), "");
 }
 
-TEST_F(SettingRecordTest, AnOwnerWithNothingLeftKeepsNoTextAndNoList) {
+TEST_F(SettingRecordTest, TrackingFieldsAreTheAccountsUntilTheOwnerHasNothingLeft) {
   account().setData(profileWith(encodedMessage("profile")));
   record.initSettingData();
+  record.initWithSiteMeetingInfo(json(R"({"setting":{"trackingFields":[{"id":"t1","mtValue":"B"}]}})"));
+  record.updateTrackingFieldMtValue("t2", std::nullopt);
+  EXPECT_EQ(record.trackingFields().at(0)[vn_Setting_TrackingFields_MtValue], Value("B"));
+  EXPECT_EQ(record.trackingFields().at(1), json(R"({"id":"t2","trackingField":"Team","trackingValue":""})"));
   record.cleanup();
   for (const OptionalText* text :
        {&record.meetingPassword(), &record.roomMeetingId(), &record.thirdPartyAudio(), &record.scheduleForEmail(),
@@ -256,17 +260,6 @@ TEST_F(SettingRecordTest, AUserWhoNeverSeesThePanelGetsAConsistentMeeting) {
   setClientVersion("5.2.99999");
   record.initSettingData();
   EXPECT_FALSE(record.enableE2ee());
-}
-
-TEST_F(SettingRecordTest, TrackingFieldsStayTheAccountsWithTheMeetingsValues) {
-  account().setData(profileWith(encodedMessage("profile")));
-  record.initSettingData();
-  record.initWithSiteMeetingInfo(
-      json(R"({"setting":{"trackingFields":[{"id":"t1","mtValue":"B"},{"id":"unknown","mtValue":"C"}]}})"));
-  EXPECT_EQ(record.trackingFields().count(), 2u);
-  EXPECT_EQ(record.trackingFields().at(0)[vn_Setting_TrackingFields_MtValue], Value("B"));
-  record.updateTrackingFieldMtValue("t2", std::nullopt);
-  EXPECT_EQ(record.trackingFields().at(1), json(R"({"id":"t2","trackingField":"Team","trackingValue":""})"));
 }
 
 TEST_F(SettingRecordTest, ADialInHashWithoutACountryIsNotTold) {

@@ -193,6 +193,10 @@ TEST_F(BodyHelper, TheEditorsFontWrapperGoesWithTheOldInvitation) {
   const std::string body = "mine <font size=2>" + kBegin + "OLD" + kEnd + " more@</font> rest";
   const std::string update = "lead" + kBegin + "NEW" + kEnd + "trail";
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(body, update), "mine " + update + " rest");
+  // An editor writes what stands behind the invitation without line ends.
+  const std::string lines = "lead" + kBegin + "NEW" + kEnd + "\r\n<br>trail";
+  EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark("mine lead" + kBegin + "OLD" + kEnd + "trail rest", lines),
+            "mine " + lines + " rest");
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(body, "no bookmarks"), std::nullopt);
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmarkEx("no bookmarks", update), std::nullopt);
 }
