@@ -111,6 +111,15 @@ TEST_F(CalendarEdit, AnAppointmentThatSupportsNoMeetingIsLeftAlone) {
   EXPECT_EQ(window.manager->meetingKey(), "77");
 }
 
+TEST_F(CalendarEdit, InAWindowWithABarAndNoManagerNothingIsSent) {
+  const auto bar = std::make_shared<FakeBar>();
+  bar->ownWindow = hostObject("NSWindow");
+  vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(bar);
+  EXPECT_EQ(vnCalendarActionMgr::sharedInstance().updateAppointmentOnCalendar(Value::dictionary(), bar->ownWindow,
+                                                                              true, VnCmdUpdate, "77"),
+            0);
+}
+
 // A request of no window has its reply dropped.
 TEST_F(CalendarEdit, ADeletionWithoutAnEditorIsTheMainWindows) {
   RecordingClient& client = RecordingClient::install(test);

@@ -327,7 +327,9 @@ TEST_F(Decisions, TheServiceLearnsAnAppointmentsUUIDTheFirstTimeThatItHasOne) {
     if (row.before) window->set(window->bar->event, "UUID", row.before);
     uuidAtStore = row.after;
     client.requests.clear();
+    data().setSelectInvitationLanguage("de-DE");
     manager().finish().closeOLAppointment(window->bar->editor);
+    EXPECT_FALSE(data().isSelectInvitationLanguageChanged());
     EXPECT_THAT(client.names(),
                 ElementsAreArray(row.isTold ? std::vector<std::string>{"3/2"} : std::vector<std::string>{}));
     if (row.isTold) {

@@ -224,6 +224,7 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
     enum { outside, own, other, none } save;
     bool expected;
     int shownRecord = 0, recordsRecord = 0;
+    Value exists = {};
   };
   const Row rows[] = {
       {"its own appointment", "A", "A", "", "", Row::own, true},
@@ -239,6 +240,9 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
       {"one that has no record yet", "A", "A", "2", "2", Row::own, true, 5, 0},
       {"one that is stored for the first time", "", "", "", "", Row::own, true},
       {"one that gets its UUID just before", "", "A", "", "", Row::own, true},
+      {"another that is there already, in the first save of a new one", "", "B", "", "", Row::own, false, 0, 7,
+       true},
+      {"one that gets its identity in its first save", "", "C", "", "", Row::own, true, 0, 7, false},
       {"a new one while another window is saved", "", "", "", "", Row::other, false},
       {"a new one outside of a save", "", "", "", "", Row::outside, false},
   };
@@ -251,7 +255,8 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
     window.set(window.bar->event, "recurrenceId", row.shownId);
     const HostObject object = record({{"UUID", row.recordUUID}, {"recurrenceId", row.recordId}, {"body", "old"}});
     const auto setRecord = [&](const HostObject& event, int id) {
-      const HostObject uid = hostObject("ECRecordUID", Value::dictionaryFromPairs({{"recordID", id}}));
+      const HostObject uid =
+          hostObject("ECRecordUID", Value::dictionaryFromPairs({{"recordID", id}, {"recordExists", row.exists}}));
       if (id != 0) window.set(event, "recordUID", uid);
     };
     setRecord(window.bar->event, row.shownRecord);
@@ -305,21 +310,6 @@ TEST_F(StoreTime, AWindowThatTurnsToTheSeriesLeavesNothingOfTheItemForIt) {
   const RunningSave running(window.bar);
   StoreTimeWriter::write(series);
   EXPECT_EQ(stored(series, "body").text(), "<p>the series</p>");
-}
-
-TEST_F(StoreTime, AnotherRecordInsideTheFirstSaveOfANewAppointmentIsNotTakenForIt) {
-  FakeWindow window(test);
-  left.of(window.bar).setNeedClearLocation(true);
-  left.of(window.bar).setOLNewBody("<p>new</p>");
-  const HostObject uid = hostObject("ECRecordUID", Value::dictionaryFromPairs({{"recordExists", true}}));
-  const HostObject other = record({{"UUID", "B"}, {"recordUID", uid}, {"body", "<p>other</p>"}});
-  const HostObject newUid = hostObject("ECRecordUID", Value::dictionaryFromPairs({{"recordExists", false}}));
-  const HostObject own = record({{"UUID", "C"}, {"recordUID", newUid}, {"body", ""}});
-  const RunningSave running(window.bar);
-  StoreTimeWriter::write(other);
-  StoreTimeWriter::write(own);
-  EXPECT_EQ(stored(other, "body").text(), "<p>other</p>");
-  EXPECT_EQ(stored(own, "body").text(), "<p>new</p>");
 }
 
 TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
