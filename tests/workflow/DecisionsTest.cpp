@@ -89,14 +89,16 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
   }
 }
 
-// What a meeting that has come is for, the state alone tells.
+// What a meeting that has come is for, the state alone tells. Of one that nobody can read nothing is needed only
+// to schedule with the personal number.
 TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   using Names = std::vector<std::string>;
-  const struct {
+  struct Row {
     std::uint64_t state, after;
     Names requests, panel;
     bool writes, finishes;
-  } rows[] = {
+  };
+  const Row rows[] = {
       {VnStateIdle, VnStateIdle, {}, {}, false, false},
       {VnStateAdding, VnStateAdding, {}, {}, false, false},
       {VnStateChanging, VnStateChanging, {}, {"shown"}, false, false},
@@ -116,8 +118,14 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   };
   openPanel();
   panels.panel.settings.set(vn_Setting_AudioOption, 2);
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.state);
+  for (std::size_t i = 0; i < 2 * std::size(rows); ++i) {
+    const bool isReadable = i < std::size(rows);
+    Row row = rows[i % std::size(rows)];
+    SCOPED_TRACE(testing::Message() << row.state << (isReadable ? "" : " with nothing to read"));
+    if (!isReadable) {
+      helper().setMeetingData(Value::dictionary(), false);
+      if (row.state != VnStatePMIForSchedule) row = {row.state, row.state, {}, {}, false, false};
+    }
     client.requests.clear();
     panels.panel.calls.clear();
     window->set(window->bar->editor, "record", "");
@@ -131,25 +139,6 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     EXPECT_THAT(panels.panel.calls, ElementsAreArray(row.panel));
     EXPECT_EQ(isWritten(), row.writes);
     EXPECT_EQ(hostSaves, row.finishes ? 1 : 0);
-  }
-}
-
-// Nothing of the personal meeting is needed to schedule with its number.
-TEST_F(Decisions, AReplyWithoutAReadableMeetingLetsOnlyTheAddWithThePersonalNumberGoOn) {
-  openPanel();
-  helper().setMeetingData(Value::dictionary(), false);
-  for (std::uint64_t state = VnStateIdle; state <= VnStateUpdateOnCalendar; ++state) {
-    SCOPED_TRACE(state);
-    const bool goesOn = state == VnStatePMIForSchedule;
-    client.requests.clear();
-    manager().setState(state);
-    reply(VnCmdGetMeeting);
-    EXPECT_EQ(manager().state(), goesOn ? VnStateCommitting : state);
-    EXPECT_THAT(client.names(),
-                ElementsAreArray(goesOn ? std::vector<std::string>{"3/1"} : std::vector<std::string>{}));
-    EXPECT_THAT(panels.panel.calls, IsEmpty());
-    EXPECT_FALSE(isWritten());
-    EXPECT_EQ(hostSaves, 0);
   }
 }
 

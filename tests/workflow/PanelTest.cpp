@@ -214,6 +214,9 @@ TEST_F(Panel, WhoMerelyOpensAnAppointmentIsNotToldThatTheClientIsMissing) {
   test.workspace.running.insert("us.vorn.xos");
   manager().settingsFlow().prepareUserProfile(opened, true);
   EXPECT_THAT(client.names(), IsEmpty());
+  EXPECT_EQ(manager().settingsFlow().getScheduleForList(opened), 0);
+  EXPECT_THAT(client.names(), ElementsAre("11"));
+  EXPECT_FALSE(test.presenter.showsProgress());
 }
 
 TEST_F(Panel, AFaultOfACommitReachesThePanelOfItsOwnWindowAlone) {
@@ -312,13 +315,6 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
   EXPECT_EQ(answered["meetingData"], dataOf("Interview"));
   EXPECT_THAT(client.names(), ElementsAre("3/2"));
   EXPECT_THAT(client.requests.back().second, testing::Not(testing::HasSubstr("Interview")));
-}
-
-TEST_F(Panel, PeopleToScheduleForAreAskedForWithoutASheet) {
-  MeetingWindow opened = MeetingWindow::ofBar(window->bar);
-  EXPECT_EQ(manager().settingsFlow().getScheduleForList(opened), 0);
-  EXPECT_THAT(client.names(), ElementsAre("11"));
-  EXPECT_FALSE(test.presenter.showsProgress());
 }
 
 }  // namespace

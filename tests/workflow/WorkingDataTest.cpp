@@ -43,12 +43,8 @@ TEST_F(WorkingData, UsedJoinUrlsAreKeptOnceAndSplitByPasscode) {
   EXPECT_FALSE(data.occurrenceIsSingleVornMeeting());
   EXPECT_EQ(data.usedJoinUrlsList().size(), 2u);
   EXPECT_TRUE(data.forceIncludeJoinUrlInLocation());
-}
-
-TEST_F(WorkingData, TheUrlGoesIntoTheLocationUnlessTheUserHasStoredOtherwise) {
-  EXPECT_TRUE(vnMeetingDataMgr().forceIncludeJoinUrlInLocation());
   test.userDefaults.setObject(false, vn_Setting_ForceIncludeJoinurlInLocation);
-  EXPECT_FALSE(vnMeetingDataMgr().forceIncludeJoinUrlInLocation());
+  EXPECT_FALSE(vnMeetingDataMgr().forceIncludeJoinUrlInLocation()) << "the user has stored otherwise";
 }
 
 TEST_F(WorkingData, TheStoredRecordEndsAtTheFirstAbsentValue) {
