@@ -79,8 +79,13 @@ TEST_F(ErrorMapping, EachCodeShowsItsText) {
   setTexts({{"JBHPMIRequiredPassword", "%@ needs a passcode for %@"}});
   setProfile(Value::dictionaryFromPairs({{"roomMeetingId", "1234567890"}}));
   const std::pair<int, const char*> cases[] = {
-      {4, ""},    {999, "SystemError"}, {3001, "MeetingNotFound"}, {3068, " needs a passcode for 123 456 7890"},
-      {3113, ""}, {3403, ""},
+      {4, ""},
+      {7, "VornClientNotSignIn"},
+      {999, "SystemError"},
+      {3001, "MeetingNotFound"},
+      {3068, " needs a passcode for 123 456 7890"},
+      {3113, ""},
+      {3403, ""},
   };
   for (const auto& [code, text] : cases) EXPECT_EQ(shown(code), text) << code;
 

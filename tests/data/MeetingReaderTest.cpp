@@ -124,7 +124,7 @@ TEST_F(MeetingReaderTest, KnowsWhetherAFetchIsDue) {
 TEST_F(MeetingReaderTest, KeepsTheMessageBeforeWhenAReplyHasNone) {
   feed(R"({"meetingKey":"1"})", encodedMessage("meeting"));
   reader.setMeetingData(json(R"({"meetingKey":"2"})"), false);
-  reader.setPBMeetingData(std::nullopt);
+  for (const OptionalText& none : {OptionalText(), OptionalText("")}) reader.setPBMeetingData(none);
   EXPECT_TRUE(reader.isEnableE2ee());
   reader.setPBMeetingData("//// no message");
   EXPECT_FALSE(reader.isEnableE2ee()) << "a broken message empties the options, unlike that of a profile";
@@ -145,6 +145,9 @@ TEST_F(MeetingReaderTest, MarksTheAccountsPersonalMeeting) {
 }
 
 TEST_F(MeetingReaderTest, WithoutAMessageKnowsNoHostAndNoList) {
+  feed(R"({"meetingKey":"1"})", encodedMessage("meeting"));
+  reader.cleanup();
+  EXPECT_FALSE(reader.hasMeetingInfo() || reader.supportHtmlEmail());
   EXPECT_EQ(reader.getHostID(), std::nullopt);
   EXPECT_EQ(reader.getHostEmail(), std::nullopt);
   for (const Value& list : {reader.getTrackingFields(), reader.getAlternateHosts(),
@@ -170,7 +173,8 @@ TEST_F(PACReaderTest, JoinsTheNumbersOfAConference) {
   EXPECT_TRUE(pac.supportHtmlInvitationMail(1));
   EXPECT_EQ(pac.dedicatedDailinNumber(1), "+1 999");
   EXPECT_EQ(pac.dedicatedDailinNumber(2), std::nullopt);
-  for (const int outside : {-1, 0, 3}) {
+  for (const std::int64_t outside :
+       {std::int64_t{-1}, std::int64_t{0}, std::int64_t{3}, (std::int64_t{1} << 32) + 1}) {
     EXPECT_EQ(pac.pacMeetingID(outside), "0");
     EXPECT_EQ(pac.pacLocation(outside), "");
   }

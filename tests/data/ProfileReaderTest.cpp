@@ -68,6 +68,11 @@ TEST_F(ProfileReaderTest, ComparesTheNextAccountWithTheOneBeforeClearing) {
   EXPECT_EQ(vnCommon::getUID(), std::nullopt);
   account().setData(json(R"({"userId":"b"})"));
   EXPECT_TRUE(account().isAccountChanged());
+  account().setIsAccountChanged(false);
+  account().cleanup();
+  EXPECT_EQ(account().lastKnownUserId(), std::nullopt);
+  account().setData(json(R"({"userId":"c"})"));
+  EXPECT_FALSE(account().isAccountChanged()) << "nobody is known any more";
 }
 
 TEST_F(ProfileReaderTest, KeepsTheLastGoodMessageWhenTheNextCannotBeDecoded) {
@@ -115,7 +120,9 @@ TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes
     receive(message, R"({"bosses":[{"email":"ann@x.org"}]})");
   };
   fromUser("a", 1);
+  EXPECT_TRUE(account().isEnableScheduleFor());
   account().clearUserProfile();
+  EXPECT_FALSE(account().isEnableScheduleFor());
   EXPECT_EQ(account().userType(), 1);
   EXPECT_EQ(account().lastKnownUserId(), "a");
   EXPECT_EQ(account().lastKnownBosses().count(), 1u);
@@ -158,10 +165,16 @@ TEST_F(ProfileReaderTest, GivesTheListedDefaultsWithoutAProfile) {
   EXPECT_EQ(account().getDefaultJbhPriorTime(), 5);
   account().setData(json(R"({"jbhPriorTime":0})"));
   EXPECT_EQ(account().getDefaultJbhPriorTime(), 0);
-  EXPECT_FALSE(account().getVornDomain().empty());
+  EXPECT_EQ(account().getVornDomain(), "https://vorn.us");
   EXPECT_EQ(account().getMeetingTrashCanLink(), "");
   EXPECT_EQ(account().getScheduleForIndexWithEmail("x@example.com"), -1);
   EXPECT_FALSE(account().isShowUpgradeLink());
+  account().setData(json(R"({"upgradeInfo":{"isShowUpgradeLink":1}})"));
+  EXPECT_TRUE(account().isShowUpgradeLink());
+  proto::UserProfile message;
+  message.add_tspaccounts();
+  receive(message);
+  EXPECT_TRUE(account().isTspSite() && !account().moreThanOneTSPAccounts());
 }
 
 TEST_F(ProfileReaderTest, TakesASingleEmptySelectedCountryAsNoneAndKeepsTwo) {
@@ -188,7 +201,7 @@ TEST_F(ProfileReaderTest, FindsPeopleWithoutRegardToCase) {
   EXPECT_EQ(account().getScheduleForIndexWithEmail("ONE@example.COM"), 0);
   EXPECT_EQ(account().getScheduleForIndexWithHostID("H2"), 1);
   EXPECT_EQ(account().getScheduleForEmailWithIndex(1), "two@example.com");
-  EXPECT_EQ(account().getScheduleForEmailWithIndex(2), "");
+  for (const int outside : {-1, 3}) EXPECT_EQ(account().getScheduleForEmailWithIndex(outside), "");
   EXPECT_FALSE(account().supportPMIForOnbehalf("one@example.com"));
   EXPECT_EQ(account().pmiMeetingIDWithScheduleForEmail("TWO@example.com"), "0123");
   EXPECT_TRUE(account().isDisablePMIWithScheduleForEmail("two@example.com"));
