@@ -30,6 +30,11 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
     window->set(window->bar->editor, "uncommittedChanges", Value::dictionaryFromPairs({{"content.summary", "x"}}));
   };
   const auto account = [this] { knowAccount(); };
+  const auto forced = [this] { manager().setIsForceUpdate(true); };
+  const auto urlMoved = [this] { data().setForceIncludeJoinUrlInLocation(false); };
+  const auto translated = [this] { data().setSelectInvitationLanguage("de-DE"); };
+  const auto languageless = [this] { data().setSelectInvitationLanguage(std::nullopt); };
+  const auto blocked = [this] { window->bar->blocked = true; };
   const Value renamed = with(vn_Outlook_ApptInfo, vn_ApptInfo_Subject, "Renamed");
   const Value personal = with(vn_Setting, vn_Setting_IsPMI, true);
   const struct {
@@ -41,34 +46,14 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
   } rows[] = {
       {"nothing changed", nothing, unchanged(), {}, false, true},
       {"the appointment changed where the service does not look", typed, unchanged(), {}, true, true},
-      {"a write is due anyhow", [this] { manager().setIsForceUpdate(true); }, unchanged(), {}, true, true},
-      {"the URL's place changed",
-       [this] { data().setForceIncludeJoinUrlInLocation(false); },
-       unchanged(),
-       {},
-       true,
-       true},
-      {"the invitation's language changed",
-       [this] { data().setSelectInvitationLanguage("de-DE"); },
-       unchanged(),
-       {},
-       true,
-       true},
-      {"the language was never known",
-       [this] { data().setSelectInvitationLanguage(std::nullopt); },
-       unchanged(),
-       {},
-       true,
-       true},
+      {"a write is due anyhow", forced, unchanged(), {}, true, true},
+      {"the URL's place changed", urlMoved, unchanged(), {}, true, true},
+      {"the invitation's language changed", translated, unchanged(), {}, true, true},
+      {"the language was never known", languageless, unchanged(), {}, true, true},
       {"the meeting changed", nothing, renamed, {"3/2"}, false, false},
       {"it moves to the personal number", account, personal, {"3/4"}, false, false},
       {"it moves to the personal number of an account not known yet", nothing, personal, {"6"}, false, false},
-      {"an occurrence that does not own the meeting",
-       [this] { window->bar->blocked = true; },
-       renamed,
-       {},
-       false,
-       true},
+      {"an occurrence that does not own the meeting", blocked, renamed, {}, false, true},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -108,7 +93,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
       {VnStatePMIForSettings,
        VnStatePMIForSettings,
        {},
-       {std::string("personal ") + kKey, "refreshed as personal"},
+       {"personal 5550123456", "refreshed as personal"},
        false,
        false},
       {VnStatePMIForSchedule, VnStateCommitting, {"3/1"}, {}, false, false},
