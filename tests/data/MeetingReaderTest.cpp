@@ -1,5 +1,6 @@
 #include "data/vnGetMeetingHelper.h"
 #include "data/vnGetPACHelper.h"
+#include "data/vnProtoBufConvert.h"
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "tests/data/DataTest.h"
@@ -38,7 +39,7 @@ TEST_F(MeetingReaderTest, TurnsBothLayersIntoTheMeetingInformation) {
       "trackingFields":[{"id":"t1","trackingField":"Cost centre","trackingValue":"A;B","mtValue":"B","required":true},
                         {"id":"t2","trackingField":"","trackingValue":"","mtValue":"","required":false}],
       "enableAutoRecordingMtgLevelFirst":true,"enableAutoRecordingType":3,"muteOnEntry":true,
-      "alternateHosts":["one@example.com","ONE@example.com"],
+      "alternateHosts":["zero@example.com","one@example.com","ONE@example.com"],
       "availableDialinCountry":{"hash":"h-77","includedTollfree":true,"selectedCountries":["US","DE"]},
       "meetingAuth":{"authId":"a1","authName":"Staff","authType":4,"authDomain":"example.com"},
       "supportWaitingRoom":true,"enableWaitingRoom":true,"enableRegionCustomization":true,
@@ -107,6 +108,9 @@ TEST_F(MeetingReaderTest, TellsForWhomAMeetingIsScheduled) {
     EXPECT_EQ(reader.getScheduleForEmail(), email);
     EXPECT_EQ(reader.getMeetingInfo()[vn_Setting][vn_Setting_ScheduleFor], key) << host;
   }
+  reader.setMeetingData(json(R"({"meetingKey":"1","scheduleFor":"c@example.com"})"), false);
+  EXPECT_EQ(reader.getScheduleForEmail(), "c@example.com") << "whom the meeting names";
+  EXPECT_EQ(reader.getMeetingInfo()[vn_Setting][vn_Setting_ScheduleFor], Value("c@example.com"));
 }
 
 TEST_F(MeetingReaderTest, KnowsWhetherAFetchIsDue) {
@@ -126,6 +130,7 @@ TEST_F(MeetingReaderTest, KeepsTheMessageBeforeWhenAReplyHasNone) {
   reader.setMeetingData(json(R"({"meetingKey":"2"})"), false);
   for (const OptionalText& none : {OptionalText(), OptionalText("")}) reader.setPBMeetingData(none);
   EXPECT_TRUE(reader.isEnableE2ee());
+  EXPECT_FALSE(reader.isNewMeetingDefault()) << "it has a number";
   reader.setPBMeetingData("//// no message");
   EXPECT_FALSE(reader.isEnableE2ee()) << "a broken message empties the options, unlike that of a profile";
   EXPECT_EQ(reader.getMeetingInfo()[vn_MeetingKey], Value("2"));
@@ -147,7 +152,7 @@ TEST_F(MeetingReaderTest, MarksTheAccountsPersonalMeeting) {
 TEST_F(MeetingReaderTest, WithoutAMessageKnowsNoHostAndNoList) {
   feed(R"({"meetingKey":"1"})", encodedMessage("meeting"));
   reader.cleanup();
-  EXPECT_FALSE(reader.hasMeetingInfo() || reader.supportHtmlEmail());
+  EXPECT_FALSE(reader.hasMeetingInfo() || reader.supportHtmlEmail() || reader.isNewMeetingDefault());
   EXPECT_EQ(reader.getHostID(), std::nullopt);
   EXPECT_EQ(reader.getHostEmail(), std::nullopt);
   for (const Value& list : {reader.getTrackingFields(), reader.getAlternateHosts(),
@@ -219,6 +224,17 @@ TEST_F(BrokenMessageTest, NestingTooDeepIsRefusedAndTheNextMessageRead) {
   EXPECT_EQ(account().userName(), "");
   account().setData(profileWith(encodedMessage("profile")));
   EXPECT_EQ(account().userName(), "Ada Example");
+}
+
+TEST_F(BrokenMessageTest, WhatIsWrittenIsReadAsTheSameMessage) {
+  proto::MeetingProto message, again;
+  ASSERT_TRUE(message.ParseFromString(encodedMessage("meeting")));
+  std::uint8_t* bytes = nullptr;
+  std::uint32_t size = 0;
+  ASSERT_TRUE(ProtoToByteStream(&message, &bytes, &size));
+  EXPECT_TRUE(ProtoFromByteStream(&again, bytes, size));
+  EXPECT_EQ(again.SerializeAsString(), message.SerializeAsString());
+  FreeProtoByteStream(bytes, size);
 }
 
 TEST_F(BrokenMessageTest, AcceptsLineBreaksInBase64AndRepairsInvalidText) {

@@ -42,14 +42,12 @@ std::string told(const Parser& parser) {
 template <auto Get, auto Field, typename Parser, typename Record>
 std::string toldIn(const Parser& parser, bool (Parser::*)(Record&) const) {
   Record record;
-  (parser.*Get)(record);
-  return asText(record.*Field);
+  return (parser.*Get)(record) ? asText(record.*Field) : "";
 }
 template <auto Get, auto Field, typename Parser, typename Record>
 std::string toldIn(const Parser& parser, bool (Parser::*)(std::int32_t, Record&) const) {
   Record record;
-  (parser.*Get)(0, record);
-  return asText(record.*Field);
+  return (parser.*Get)(0, record) ? asText(record.*Field) : "";
 }
 template <auto Get, auto Field, typename Parser>
 std::string part(const Parser& parser) {
