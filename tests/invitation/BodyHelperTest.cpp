@@ -228,6 +228,8 @@ TEST_F(BodyHelper, BodiesAreEqualWhenTheyReadTheSameApartFromBlanks) {
   EXPECT_FALSE(m_helper.isEqualHTMLBodyContent("<p>a</p><p>b</p>", "ab"));
   EXPECT_FALSE(m_helper.isEqualHTMLBodyContent(std::nullopt, std::nullopt));
   EXPECT_FALSE(m_helper.isEqualHTMLBodyContent("", ""));
+  EXPECT_EQ(m_helper.trimHTMLNBSPTags("a&nbsp;b"), "ab");
+  EXPECT_EQ(m_helper.trimHTMLNBSPTags(std::nullopt), std::nullopt);
   EXPECT_EQ(m_helper.convertHTMLToPlainText(""), std::nullopt);
   EXPECT_EQ(m_helper.convertHTMLToPlainText("a&nbsp;b"), "ab");
 }

@@ -112,6 +112,7 @@ TEST_F(CalendarReader, TheDescriptionEndsAtTheLocationOrTheOrganizer) {
       {"DESCRIPTION:text\r\nORGANIZER:x", "text\r\n"},
       {"LOCATION:x\r\nDESCRIPTION:text\r\nORGANIZER:x", "text\r\nORGANIZER:x\r\nEND:VEVENT"},
       {"DESCRIPTION:text", "text\r\nEND:VEVENT"},
+      {"DESCRIPTION:LOCATION:x", "LOCATION:x\r\nEND:VEVENT"},
   };
   for (const auto& each : cases) {
     EXPECT_EQ(vnICalendarContentParse(eventWith(each.lines)).getDescriptionWithVornInvitation(), each.description);

@@ -112,6 +112,9 @@ TEST(TimeEdges, StampsOfAnyTime) {
       {std::string("1\0002", 3), 1},
   };
   for (const auto& [text, number] : rows) EXPECT_EQ(vnTime::getTimeFromStr(text), number) << text.substr(0, 30);
+  world.platform().surroundings = nullptr;
+  world.reinstall();
+  EXPECT_EQ(vnTime::getCurrentTime(), "") << "nobody tells the time";
 }
 
 TEST(TimeEdges, MovingByTheMachinesZoneSurvivesEveryTime) {

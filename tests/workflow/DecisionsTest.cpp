@@ -283,6 +283,11 @@ TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotic
       EXPECT_EQ(hostSaves, 0);
     }
   }
+  openWindow();
+  helper().setMeetingData(Value::dictionary(), false);
+  client.requests.clear();
+  manager().sendVnMeetingCommand(VnCmdUpdate, window->bar->editor);
+  EXPECT_THAT(client.names(), ElementsAre("3/4")) << "a meeting that has not been read is fetched first";
 }
 
 TEST_F(Decisions, TheServiceLearnsAnAppointmentsUUIDTheFirstTimeThatItHasOne) {
