@@ -25,7 +25,6 @@ std::int64_t vnUserProfileHelper::getScheduleForIndexWithHostID(const OptionalTe
 }
 
 std::string vnUserProfileHelper::getScheduleForEmailWithIndex(std::int64_t index) const {
-  if (index < 0) return {};
   return bossesInfo().at(static_cast<std::size_t>(index))[vn_Boss_Email].text();
 }
 

@@ -121,7 +121,6 @@ void SaveFinish::closeWindowLater(MeetingWindow& window, const Value& hostResult
   if (hostResult.isPresent() && hostResult.integerValue() == kNotClosed) return;
   // Asked for only now: a window that the host has closed by itself has no bar in it, and is left alone.
   const HostObject windowController = window.bar()->editorWindowController();
-  if (!windowController) return;
   Registry::platform().runLoop->performAfter(0, this, "close", [held = retained(windowController)] {
     Registry::platform().classRuntime->send(held, "close");
   });

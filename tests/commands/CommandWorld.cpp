@@ -6,19 +6,11 @@
 #include "channel/store/vnMeetingCommon.h"
 #include "channel/transport/vnIPCConstants.h"
 #include "data/vnUserProfileHelper.h"
+#include "meeting.pb.h"
 #include "util/EncodeUtils.h"
 #include "util/vnOLUtils.h"
 
 namespace vorn {
-
-namespace {
-
-void appendVarint(std::string& bytes, std::uint64_t number) {
-  for (; number >= 0x80; number >>= 7) bytes += static_cast<char>((number & 0x7f) | 0x80);
-  bytes += static_cast<char>(number);
-}
-
-}  // namespace
 
 CommandWorld::CommandWorld() {
   vnMeetingCommon::setApptWindowDirectory(this);
@@ -61,14 +53,10 @@ void CommandWorld::runFor(double seconds) {
 void CommandWorld::setProfile(Value profile) { vnUserProfileHelper::sharedInstance().setData(profile); }
 
 void CommandWorld::setProfileOptions(std::uint64_t userOption3, std::uint64_t userOption4) {
-  constexpr unsigned kUserOption3 = 68;
-  constexpr unsigned kUserOption4 = 69;
-  std::string message;
-  for (const auto& [field, word] : {std::pair{kUserOption3, userOption3}, std::pair{kUserOption4, userOption4}}) {
-    appendVarint(message, field << 3);
-    appendVarint(message, word);
-  }
-  setProfile(Value::dictionaryFromPairs({{"proto", EncodeUtils::base64Encode(message)}}));
+  com::tidemar::webapp::proto::UserProfile message;
+  message.set_useroption3(static_cast<std::int64_t>(userOption3));
+  message.set_useroption4(static_cast<std::int64_t>(userOption4));
+  setProfile(Value::dictionaryFromPairs({{"proto", EncodeUtils::base64Encode(message.SerializeAsString())}}));
 }
 
 void CommandWorld::setTexts(const std::vector<std::pair<std::string, std::string>>& texts) {

@@ -112,11 +112,12 @@ TEST_F(Commit, TheZoneOfAHostObjectIsItsName) {
 }
 
 TEST_F(Commit, TheMeetingNumberIsSentWhenThereIsOne) {
-  EXPECT_FALSE(document().contains("meetingKey"));
-  data.set("meetingKey", "");
-  EXPECT_FALSE(document().contains("meetingKey"));
   data.set("meetingKey", "987");
   EXPECT_EQ(document()["meetingKey"].text(), "987");
+  data.erase("meetingKey");
+  EXPECT_FALSE(document().contains("meetingKey")) << "nothing of the request before";
+  data.set("meetingKey", "");
+  EXPECT_FALSE(document().contains("meetingKey"));
 
   vnAPICommitMeeting command;
   command.setData(Value::dictionaryFromPairs({{"meetingKey", "0"}}));
@@ -210,9 +211,7 @@ TEST_F(Commit, AClientGetsOnlyTheSettingsThatItUnderstands) {
   setSetting("regionType", 1);
   setSetting("availableDialinCountry", Value::dictionaryFromPairs({{"hash", "h"}}));
   const struct {
-    const char* key;
-    const char* before;
-    const char* from;
+    const char *key, *before, *from;
   } gates[] = {
       {"muteOnEntry", "4.0.40459", "4.0.40460"},
       {"alternateHosts", "4.0.40459", "4.0.40460"},
@@ -274,11 +273,9 @@ TEST_F(Commit, WhatCannotBeWrittenIsRefusedWithAWord) {
 
 TEST_F(Commit, ALockedOffWaitingRoomDemandsAPasscodeOrSignedInUsers) {
   const struct {
-    std::uint64_t options;
-    std::uint64_t locks;
+    std::uint64_t options, locks;
     const char* passcode;
-    bool isForSignedIn;
-    bool isSent;
+    bool isForSignedIn, isSent;
   } cases[] = {
       {kNewWaitingRoomRules, kWaitingRoomLocked, "", false, false},
       {kNewWaitingRoomRules, kWaitingRoomLocked, "secret", false, true},
@@ -326,11 +323,8 @@ TEST_F(Commit, WithoutAManagerTheClientDecides) {
 
 TEST_F(Commit, EachReplyIsReadByItsRule) {
   const struct {
-    const char* content;
-    const char* key;
-    const char* invitation;
-    std::vector<std::string> alerts;
-    std::vector<std::string> told;
+    const char *content, *key, *invitation;
+    std::vector<std::string> alerts, told;
   } cases[] = {
       {"987 654;Join: a;b;;c;", "987654", "Join: a;b;;c;", {}, {}},
       {"987;", "987", "", {}, {}},

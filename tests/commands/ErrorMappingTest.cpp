@@ -29,8 +29,7 @@ TEST_F(ErrorMapping, EachReplyReadsAsItsCode) {
   const struct {
     const char* reply;
     int code;
-    const char* words;
-    const char* moreInfo;
+    const char *words, *moreInfo;
   } cases[] = {
       {"0;Error 3001", 3001, "0;Error 3001", ""},
       {"0;Error 3018;third", 3001, "0;Error 3018", "third"},
@@ -62,8 +61,7 @@ TEST_F(ErrorMapping, EachReplyReadsAsItsCode) {
 TEST_F(ErrorMapping, WhatTheClientIsNowOutranksWhatItsReplySays) {
   const struct {
     std::function<void()> prepare;
-    int status;
-    int code;
+    int status, code;
   } cases[] = {
       {[&] { runClient(false); }, 1, 5},  {[&] { installClient("3.5.1"); }, 1, 5},
       {[&] { runClient(); }, 2, 3001},    {[&] { installClient("3.4.99999"); }, 3, 6},
@@ -81,8 +79,13 @@ TEST_F(ErrorMapping, EachCodeShowsItsText) {
   setTexts({{"JBHPMIRequiredPassword", "%@ needs a passcode for %@"}});
   setProfile(Value::dictionaryFromPairs({{"roomMeetingId", "1234567890"}}));
   const std::pair<int, const char*> cases[] = {
-      {4, ""},    {999, "SystemError"}, {3001, "MeetingNotFound"}, {3068, " needs a passcode for 123 456 7890"},
-      {3113, ""}, {3403, ""},
+      {4, ""},
+      {7, "VornClientNotSignIn"},
+      {999, "SystemError"},
+      {3001, "MeetingNotFound"},
+      {3068, " needs a passcode for 123 456 7890"},
+      {3113, ""},
+      {3403, ""},
   };
   for (const auto& [code, text] : cases) EXPECT_EQ(shown(code), text) << code;
 
@@ -165,8 +168,7 @@ TEST_F(ErrorMapping, ADisabledPersonalIdIsExplainedForEachSituation) {
     const char* key;
     std::string otherHost;
     const char* name;
-    bool isPMI;
-    bool notShowMeAgain;
+    bool isPMI, notShowMeAgain;
     const char* text;
   } cases[] = {
       {"987", "", "", true, false, "update: one-time"},
@@ -192,6 +194,8 @@ TEST_F(ErrorMapping, ADisabledPersonalIdIsExplainedForEachSituation) {
     profileFile.setKey(vn_Setting_NotShowMeAgain, notShowMeAgain);
     EXPECT_EQ(shown(3105), text);
   }
+  command.setMeetingMgr(nullptr);
+  EXPECT_EQ(shown(3105), "update: one-time");
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "meeting.pb.h"
 #include "tests/support/TestPlatform.h"
 #include "util/EncodeUtils.h"
+#include "util/vStringUtils.h"
 
 namespace vorn {
 
@@ -24,6 +25,8 @@ inline std::string encodedMessage(const std::string& name) {
 }
 
 inline std::string base64(const std::string& bytes) { return EncodeUtils::base64Encode(bytes).value_or(""); }
+
+inline Value json(const char* text) { return vStringUtils::toArrayOrNSDictionary(std::string(text)); }
 
 // A fresh process for each test, with a client that can do everything.
 class DataTest : public testing::Test {
@@ -39,8 +42,11 @@ class DataTest : public testing::Test {
     profile.set(vn_Profile_Proto, base64(message));
     return profile;
   }
-  static void receive(const proto::UserProfile& message) {
-    account().setData(profileWith(message.SerializeAsString()));
+  // A profile as the client sends it: a message, and keys beside it.
+  static void receive(const proto::UserProfile& message, const char* keys = "{}") {
+    Value profile = profileWith(message.SerializeAsString());
+    profile.addEntries(json(keys));
+    account().setData(profile);
   }
   static vnUserProfileHelper& account() { return vnUserProfileHelper::sharedInstance(); }
 

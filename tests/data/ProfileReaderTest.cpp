@@ -3,14 +3,11 @@
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "tests/data/DataTest.h"
-#include "util/vStringUtils.h"
 
 namespace vorn {
 namespace {
 
 using ProfileReaderTest = DataTest;
-
-Value json(const char* text) { return vStringUtils::toArrayOrNSDictionary(std::string(text)); }
 
 TEST_F(ProfileReaderTest, AnswersFromAMessageThatAnotherEncoderWrote) {
   account().setData(profileWith(encodedMessage("profile")));
@@ -51,13 +48,6 @@ TEST_F(ProfileReaderTest, AnswersFromTheDictionaryWhenTheReplyHasNoMessage) {
   EXPECT_TRUE(account().tspAccounts().isAbsent());
 }
 
-TEST_F(ProfileReaderTest, FlagsAChangedAccountAtTheFirstReplyWithoutAMessage) {
-  account().setData(json(R"({"userId":"a"})"));
-  EXPECT_FALSE(account().isAccountChanged());
-  account().setData(json(R"({"userId":"b"})"));
-  EXPECT_TRUE(account().isAccountChanged());
-}
-
 TEST_F(ProfileReaderTest, FlagsAChangedAccountOneReplyLateWithMessages) {
   proto::UserProfile first, second;
   first.set_id("a");
@@ -71,19 +61,24 @@ TEST_F(ProfileReaderTest, FlagsAChangedAccountOneReplyLateWithMessages) {
 
 TEST_F(ProfileReaderTest, ComparesTheNextAccountWithTheOneBeforeClearing) {
   account().setData(json(R"({"userId":"a"})"));
+  account().setData(Value());
+  EXPECT_EQ(vnCommon::getUID(), "a") << "no reply";
   account().clearUserProfile();
-  EXPECT_FALSE(account().hasUserProfile());
+  EXPECT_FALSE(account().hasUserProfile() || account().isAccountChanged());
   EXPECT_EQ(vnCommon::getUID(), std::nullopt);
   account().setData(json(R"({"userId":"b"})"));
   EXPECT_TRUE(account().isAccountChanged());
+  account().setIsAccountChanged(false);
+  account().cleanup();
+  EXPECT_EQ(account().lastKnownUserId(), std::nullopt);
+  account().setData(json(R"({"userId":"c"})"));
+  EXPECT_FALSE(account().isAccountChanged()) << "nobody is known any more";
 }
 
 TEST_F(ProfileReaderTest, KeepsTheLastGoodMessageWhenTheNextCannotBeDecoded) {
   account().setData(profileWith(encodedMessage("profile")));
   for (const char* bad : {"not base64 !!", "////", "", "===="}) {
-    Value profile = Value::dictionary();
-    profile.set(vn_Profile_Proto, bad);
-    account().setData(profile);
+    account().setData(Value::dictionaryFromPairs({{vn_Profile_Proto, bad}}));
     EXPECT_EQ(account().userName(), "Ada Example") << bad;
   }
 }
@@ -122,12 +117,12 @@ TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes
     proto::UserProfile message;
     message.set_id(id);
     if (type) message.set_usertype(*type);
-    Value profile = profileWith(message.SerializeAsString());
-    profile.set(vn_Profile_Bosses, json(R"([{"email":"ann@x.org"}])"));
-    account().setData(profile);
+    receive(message, R"({"bosses":[{"email":"ann@x.org"}]})");
   };
   fromUser("a", 1);
+  EXPECT_TRUE(account().isEnableScheduleFor());
   account().clearUserProfile();
+  EXPECT_FALSE(account().isEnableScheduleFor());
   EXPECT_EQ(account().userType(), 1);
   EXPECT_EQ(account().lastKnownUserId(), "a");
   EXPECT_EQ(account().lastKnownBosses().count(), 1u);
@@ -159,11 +154,7 @@ TEST_F(ProfileReaderTest, HidesWhatTheClientCannotDo) {
 TEST_F(ProfileReaderTest, LetsTheDictionaryOverrideABit) {
   proto::UserProfile message;
   message.set_useroption3(0x10000 | 0x8000000000);
-  Value profile = profileWith(message.SerializeAsString());
-  profile.set(vn_Profile_IsEnableRequirePassword, false);
-  profile.set(vn_Profile_IsDisablePMI, false);
-  profile.set(vn_Profile_IsEnablePMIRequirePassword, true);
-  account().setData(profile);
+  receive(message, R"({"isEnableRequirePassword":false,"isDisablePMI":false,"isEnablePMIRequirePassword":true})");
   EXPECT_FALSE(account().isEnableRequirePassword());
   EXPECT_FALSE(account().isDisablePMI());
   EXPECT_TRUE(account().isDisablePMIForOther());
@@ -174,42 +165,43 @@ TEST_F(ProfileReaderTest, GivesTheListedDefaultsWithoutAProfile) {
   EXPECT_EQ(account().getDefaultJbhPriorTime(), 5);
   account().setData(json(R"({"jbhPriorTime":0})"));
   EXPECT_EQ(account().getDefaultJbhPriorTime(), 0);
-  EXPECT_FALSE(account().getVornDomain().empty());
+  EXPECT_EQ(account().getVornDomain(), "https://vorn.us");
   EXPECT_EQ(account().getMeetingTrashCanLink(), "");
   EXPECT_EQ(account().getScheduleForIndexWithEmail("x@example.com"), -1);
   EXPECT_FALSE(account().isShowUpgradeLink());
+  account().setData(json(R"({"upgradeInfo":{"isShowUpgradeLink":1}})"));
+  EXPECT_TRUE(account().isShowUpgradeLink());
+  proto::UserProfile message;
+  message.add_tspaccounts();
+  receive(message);
+  EXPECT_TRUE(account().isTspSite() && !account().moreThanOneTSPAccounts());
 }
 
 TEST_F(ProfileReaderTest, TakesASingleEmptySelectedCountryAsNoneAndKeepsTwo) {
-  struct Case {
-    const char* profile;
-    std::size_t selected;
-  };
-  for (const Case& c :
-       {Case{R"({"availableDialinCountry":{"hash":"h","selectedCountries":[""],"allCountries":["US","",
-                                 "DE"]}})",
-             0},
-        Case{R"({"availableDialinCountry":{"hash":"h","selectedCountries":["US",""],
-                                 "allCountries":["US","DE"]}})",
-             2}}) {
-    account().setData(json(c.profile));
+  for (const auto& [countries, selected] :
+       {std::pair{R"("selectedCountries":[""],"allCountries":["US","","DE"])", 0u},
+        std::pair{R"("selectedCountries":["US",""],"allCountries":["US","DE"])", 2u}}) {
+    account().setData(json((R"({"availableDialinCountry":{"hash":"h",)" + std::string(countries) + "}}").c_str()));
     const auto content = account().getAvailableDialinCountry();
     ASSERT_TRUE(content);
-    EXPECT_EQ(content->selectedCountries.count(), c.selected);
+    EXPECT_EQ(content->selectedCountries.count(), selected);
     ASSERT_EQ(content->allCountries.size(), 2u);
     EXPECT_EQ(content->allCountries[0].countryName, "United States");
-    EXPECT_EQ(content->allCountries[0].selected, c.selected == 2);
+    EXPECT_EQ(content->allCountries[0].selected, selected == 2);
     EXPECT_FALSE(content->allCountries[1].selected);
   }
 }
 
 TEST_F(ProfileReaderTest, FindsPeopleWithoutRegardToCase) {
   account().setData(json(R"({"bosses":[{"email":"One@Example.com","hostId":"H1","pmi":""},
-                                       {"email":"two@example.com","hostId":"h2","pmi":"0123","disablePmi":true}]})"));
+                                       {"email":"two@example.com","hostId":"h2","pmi":"0123","disablePmi":true},{}]})"));
+  for (const OptionalText& nobody : {OptionalText(), OptionalText("")}) {
+    EXPECT_EQ(account().getScheduleForIndexWithEmail(nobody), -1) << "not even one who has no address";
+  }
   EXPECT_EQ(account().getScheduleForIndexWithEmail("ONE@example.COM"), 0);
   EXPECT_EQ(account().getScheduleForIndexWithHostID("H2"), 1);
   EXPECT_EQ(account().getScheduleForEmailWithIndex(1), "two@example.com");
-  EXPECT_EQ(account().getScheduleForEmailWithIndex(2), "");
+  for (const int outside : {-1, 3}) EXPECT_EQ(account().getScheduleForEmailWithIndex(outside), "");
   EXPECT_FALSE(account().supportPMIForOnbehalf("one@example.com"));
   EXPECT_EQ(account().pmiMeetingIDWithScheduleForEmail("TWO@example.com"), "0123");
   EXPECT_TRUE(account().isDisablePMIWithScheduleForEmail("two@example.com"));
@@ -220,9 +212,7 @@ TEST_F(ProfileReaderTest, FindsPeopleWithoutRegardToCase) {
 TEST_F(ProfileReaderTest, AsksThePersonWhenAnEmailIsGiven) {
   proto::UserProfile message;
   message.set_useroption3(std::int64_t{1} << 62);
-  Value profile = profileWith(message.SerializeAsString());
-  profile.set(vn_Profile_MeetingTemplates, json(R"(["own"])"));
-  account().setData(profile);
+  receive(message, R"({"meetingTemplates":["own"]})");
   EXPECT_FALSE(account().isEnableAllowDenyJoinMeetingRegion("two@example.com")) << "no list has come yet";
   vnGetScheduleForListHelper::sharedInstance().setData(
       json(R"({"bosses":[{"email":"two@example.com","userOption4":1073741824,"meetingTemplates":["theirs"],
@@ -241,6 +231,7 @@ TEST_F(ProfileReaderTest, KeepsAPersonalMeetingWithThePersonWhoHasItsNumber) {
   auto& list = vnGetScheduleForListHelper::sharedInstance();
   list.setData(json(R"({"bosses":[{"email":"a@example.com","pmi":""},{"email":"b@example.com","pmi":"555"}]})"));
   const Value before = list.bossesInfo();
+  list.setData(Value());
   for (const char* nobodys : {R"({"meetingKey":"777"})", R"({"meetingKey":""})"}) {
     list.setPMIInfoWithScheduleFor(json(nobodys));
   }

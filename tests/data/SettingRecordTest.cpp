@@ -5,12 +5,9 @@
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "tests/data/DataTest.h"
-#include "util/vStringUtils.h"
 
 namespace vorn {
 namespace {
-
-Value json(const char* text) { return vStringUtils::toArrayOrNSDictionary(std::string(text)); }
 
 constexpr std::int64_t bit(int number) { return static_cast<std::int64_t>(std::uint64_t{1} << number); }
 
@@ -54,9 +51,7 @@ TEST_F(SettingRecordTest, EachBitAndKeyOfTheAccountGoesIntoItsFieldOfANewMeeting
     message.set_useroption2(o2);
     message.set_useroption3(o3);
     message.set_otherteleconfinfo("dial");
-    Value profile = profileWith(message.SerializeAsString());
-    profile.addEntries(json(keys));
-    account().setData(profile);
+    receive(message, keys);
     vnSettingData record;
     record.initSettingData();
     // Outside the dictionary, or only told with others.
@@ -70,8 +65,7 @@ TEST_F(SettingRecordTest, EachBitAndKeyOfTheAccountGoesIntoItsFieldOfANewMeeting
   };
   const struct {
     std::int64_t o1, o2, o3;
-    const char* keys;
-    const char* changes;
+    const char *keys, *changes;
   } rows[] = {
       {bit(36), 0, 0, "{}", R"({"enableHostVideo":true})"},
       {bit(37), 0, 0, "{}", R"({"enableParticipantsVideo":true})"},
@@ -144,9 +138,7 @@ TEST_F(SettingRecordTest, TheOverlayTakesEachSettingThatIsNotLocked) {
   const auto overlaid = [&](std::int64_t locks, const char* keys) {
     proto::UserProfile message;
     message.set_useroption4(locks);
-    Value profile = profileWith(message.SerializeAsString());
-    profile.addEntries(json(keys));
-    account().setData(profile);
+    receive(message, keys);
     record.initSettingData();
     record.initWithSiteMeetingInfo(Value::dictionaryFromPairs({{vn_Setting, meeting}}));
     return record.getSettingsData();
@@ -159,8 +151,7 @@ TEST_F(SettingRecordTest, TheOverlayTakesEachSettingThatIsNotLocked) {
           "putTheInvitationAtTheTop":false,"language":""})")));
   const struct {
     std::int64_t lock;
-    const char* keys;
-    const char* kept;
+    const char *keys, *kept;
   } rows[] = {
       {bit(1), "{}", R"({"enableHostVideo":false})"},
       {bit(2), "{}", R"({"enableParticipantsVideo":false})"},
@@ -194,10 +185,8 @@ TEST_F(SettingRecordTest, AMeetingThatSaysNothingSwitchesOffWhatTheAccountHasOn)
   message.set_useroption(bit(36) | bit(37) | bit(38) | bit(25) | bit(5));
   message.set_useroption3(~(bit(8) | bit(17)));
   message.set_otherteleconfinfo("dial");
-  Value profile = profileWith(message.SerializeAsString());
-  profile.addEntries(json(R"({"supportFeatureOptions":2,"defaultEnableOnlyAuthUsersCanJoin":true,
-      "availableDialinCountry":{"hash":"h","selectedCountries":["US"]}})"));
-  account().setData(profile);
+  receive(message, R"({"supportFeatureOptions":2,"defaultEnableOnlyAuthUsersCanJoin":true,
+      "availableDialinCountry":{"hash":"h","selectedCountries":["US"]}})");
   record.initSettingData();
   record.setAuthId("kept");
   record.setTemplateId("kept");
@@ -221,9 +210,13 @@ TEST_F(SettingRecordTest, AMeetingThatSaysNothingSwitchesOffWhatTheAccountHasOn)
   EXPECT_EQ(record.hash(), "");
 }
 
-TEST_F(SettingRecordTest, AnOwnerWithNothingLeftKeepsNoTextAndNoList) {
+TEST_F(SettingRecordTest, TrackingFieldsAreTheAccountsUntilTheOwnerHasNothingLeft) {
   account().setData(profileWith(encodedMessage("profile")));
   record.initSettingData();
+  record.initWithSiteMeetingInfo(json(R"({"setting":{"trackingFields":[{"id":"t1","mtValue":"B"}]}})"));
+  record.updateTrackingFieldMtValue("t2", std::nullopt);
+  EXPECT_EQ(record.trackingFields().at(0)[vn_Setting_TrackingFields_MtValue], Value("B"));
+  EXPECT_EQ(record.trackingFields().at(1), json(R"({"id":"t2","trackingField":"Team","trackingValue":""})"));
   record.cleanup();
   for (const OptionalText* text :
        {&record.meetingPassword(), &record.roomMeetingId(), &record.thirdPartyAudio(), &record.scheduleForEmail(),
@@ -252,16 +245,11 @@ TEST_F(SettingRecordTest, AUserWhoNeverSeesThePanelGetsAConsistentMeeting) {
   proto::UserProfile message;
   message.set_id("u");
   message.set_useroption3(bit(47) | bit(57) | bit(54) | bit(53));
-  Value profile = profileWith(message.SerializeAsString());
-  profile.set(vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true);
-  profile.set(vn_Profile_MeetingAuths, json(R"([{"authId":"1","defaultAuth":false},
-      {"authId":"2","authName":"Staff","authType":3,"authDomain":"d","defaultAuth":true},
-      {"authId":"3","defaultAuth":true}])"));
-  account().setData(profile);
+  receive(message, R"({"defaultEnableOnlyAuthUsersCanJoin":true,
+      "meetingAuths":[{"authId":"1","defaultAuth":true}]})");
   saveProfile(json(R"({"notShowMeAgain":true,"enableAudioWatermark":true})"));
   record.initSettingData();
-  EXPECT_EQ(record.authId(), "2");
-  EXPECT_EQ(record.authType(), 3);
+  EXPECT_EQ(record.authId(), "1");
   EXPECT_FALSE(record.enableAudioWatermark()) << "the account does not lock it on";
   EXPECT_TRUE(record.enableWaitingRoom()) << "a meeting has a passcode or a waiting room";
   EXPECT_TRUE(record.enableE2ee());
@@ -274,17 +262,6 @@ TEST_F(SettingRecordTest, AUserWhoNeverSeesThePanelGetsAConsistentMeeting) {
   EXPECT_FALSE(record.enableE2ee());
 }
 
-TEST_F(SettingRecordTest, TrackingFieldsStayTheAccountsWithTheMeetingsValues) {
-  account().setData(profileWith(encodedMessage("profile")));
-  record.initSettingData();
-  record.initWithSiteMeetingInfo(
-      json(R"({"setting":{"trackingFields":[{"id":"t1","mtValue":"B"},{"id":"unknown","mtValue":"C"}]}})"));
-  EXPECT_EQ(record.trackingFields().count(), 2u);
-  EXPECT_EQ(record.trackingFields().at(0)[vn_Setting_TrackingFields_MtValue], Value("B"));
-  record.updateTrackingFieldMtValue("t2", std::nullopt);
-  EXPECT_EQ(record.trackingFields().at(1), json(R"({"id":"t2","trackingField":"Team","trackingValue":""})"));
-}
-
 TEST_F(SettingRecordTest, ADialInHashWithoutACountryIsNotTold) {
   record.setHash("h");
   EXPECT_FALSE(record.getSettingsData().contains(vn_Setting_AvailableDialinCountry));
@@ -295,18 +272,15 @@ TEST_F(SettingRecordTest, ADialInHashWithoutACountryIsNotTold) {
 TEST_F(SettingRecordTest, PasscodesFollowTheAccountsRules) {
   proto::UserProfile message;
   message.set_useroption4(bit(22));
-  Value profile = profileWith(message.SerializeAsString());
-  account().setData(profile);
+  receive(message);
   const std::string mixed = vnSettingData::getRandomPassWord();
   EXPECT_NE(mixed.find_first_not_of("0123456789"), std::string::npos) << mixed;
-  profile.addEntries(json(R"({"passwordRulesOption":65,"passwordMinLength":8,"passwordConsecutiveLength":3})"));
-  account().setData(profile);
+  receive(message, R"({"passwordRulesOption":65,"passwordMinLength":8})");
   std::int64_t failed = 0;
   EXPECT_FALSE(vnSettingData::ValidateMeetingPassword("12x", failed));
   EXPECT_EQ(failed, kPswRuleOnlyNumber | kPswRuleMinLength);
   EXPECT_TRUE(vnSettingData::ValidateMeetingPassword(vnSettingData::getRandomPassWord(), failed));
-  profile.addEntries(json(R"({"passwordRulesOption":64})"));
-  account().setData(profile);
+  receive(message, R"({"passwordRulesOption":64,"passwordMinLength":8,"passwordConsecutiveLength":3})");
   EXPECT_FALSE(vnSettingData::ValidateMeetingPassword("x1abc9z0", failed));
   EXPECT_EQ(failed, kPswRuleContainConsecutive);
 }

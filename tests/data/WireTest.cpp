@@ -1,3 +1,5 @@
+#include <set>
+
 #include "data/CVnGetMeetingProtoParse.h"
 #include "data/vnGetPACHelper.h"
 #include "tests/data/DataTest.h"
@@ -40,29 +42,25 @@ std::string told(const Parser& parser) {
 template <auto Get, auto Field, typename Parser, typename Record>
 std::string toldIn(const Parser& parser, bool (Parser::*)(Record&) const) {
   Record record;
-  (parser.*Get)(record);
-  return asText(record.*Field);
+  return (parser.*Get)(record) ? asText(record.*Field) : "";
 }
 template <auto Get, auto Field, typename Parser, typename Record>
 std::string toldIn(const Parser& parser, bool (Parser::*)(std::int32_t, Record&) const) {
   Record record;
-  (parser.*Get)(0, record);
-  return asText(record.*Field);
+  return (parser.*Get)(0, record) ? asText(record.*Field) : "";
 }
 template <auto Get, auto Field, typename Parser>
 std::string part(const Parser& parser) {
   return toldIn<Get, Field>(parser, Get);
 }
 
-struct MeetingCase {
-  std::string bytes;
-  std::string (*ask)(const M&);
-  const char* answer;
-};
-
 TEST(WireTest, EachFieldOfAMeetingHasItsNumber) {
   const std::string hash = field(1, "h");
-  const MeetingCase cases[] = {
+  const struct {
+    std::string bytes;
+    std::string (*ask)(const M&);
+    const char* answer;
+  } cases[] = {
       {field(2, "x"), told<&M::GetHostID>, "x"},
       {field(12, 5), told<&M::GetMeetingNumber>, "5"},
       {field(29, 5), told<&M::GetScheduleOptions>, "5"},
@@ -107,7 +105,7 @@ TEST(WireTest, EachFieldOfAMeetingHasItsNumber) {
       {field(4, "topic") + field(206, field(1, 1)) + field(2, "x"), told<&M::GetHostID>, "x"},
       {field(2, "x") + std::string(3, '\0') + field(35, "y"), told<&M::GetHostEmail>, ""},
   };
-  for (const MeetingCase& c : cases) EXPECT_EQ(c.ask(parserOf<M>(c.bytes)), c.answer) << &c - cases;
+  for (const auto& c : cases) EXPECT_EQ(c.ask(parserOf<M>(c.bytes)), c.answer) << &c - cases;
   std::string region;
   EXPECT_TRUE(parserOf<M>(field(145, "EU") + field(145, "AU")).GetAdditionalDCRegionAt(1, region));
   EXPECT_EQ(region, "AU");
@@ -148,6 +146,23 @@ TEST_F(WireProfileTest, EachFieldOfAProfileHasItsNumber) {
   for (const auto& c : cases) {
     world.restart();
     EXPECT_EQ(c.ask(parserOf<P>(c.bytes)), c.answer) << &c - cases;
+    EXPECT_EQ(c.ask(parserOf<P>("")), c.answer) << "no message takes the one before away";
+  }
+}
+
+TEST_F(WireProfileTest, NothingIsFoundOutsideAList) {
+  const M meeting = parserOf<M>(field(81, field(1, "x")) + field(73, field(1, "x")) + field(145, "EU"));
+  const P profile = parserOf<P>(field(52, field(1, "x")) + field(78, field(1, "x")));
+  for (const int index : {-1, 0, 1}) {
+    _sTrackingField tracking;
+    _sAlternateHost_ host;
+    _sTspAccount_ account;
+    std::string region;
+    const std::set<bool> found{
+        meeting.GetTrackingFieldAt(index, tracking), meeting.GetAlternateHostAt(index, host),
+        meeting.GetAdditionalDCRegionAt(index, region), profile.GetTrackingFieldAt(index, tracking),
+        profile.GetTspAccountAt(index, account)};
+    EXPECT_EQ(found, std::set<bool>{index == 0}) << index;
   }
 }
 

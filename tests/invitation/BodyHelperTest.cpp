@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "invitation/vnBodyHelper.h"
 #include "util/TextSearch.h"
 
@@ -15,17 +17,24 @@ const std::string kFace = "\xF0\x9F\x98\x80";
 struct Owner final : InvitationOwner {
   bool isUpdateVornMeetingEvent() override { return updates; }
   bool putInvitationAtTheTop() override { return atTop; }
-  OptionalText encodeMailBody() override { return digest; }
+  OptionalText encodeMailBody() override { return std::nullopt; }
 
-  bool updates = false;
-  bool atTop = false;
-  OptionalText digest;
+  bool updates = false, atTop = false;
 };
 
 class BodyHelper : public testing::Test {
  protected:
   static std::size_t occurrences(const std::string& text, std::string_view wanted) {
     return (text.size() - replacingAll(text, wanted, "").size()) / wanted.size();
+  }
+
+  // With a link in place of each URL in brackets.
+  static std::string linked(std::string html) {
+    for (std::size_t at = 0; (at = html.find('[', at)) != std::string::npos;) {
+      const std::string url = html.substr(at + 1, html.find(']', at) - at - 1);
+      html.replace(at, url.size() + 2, "<a href=\"" + url + "\">" + url + "</a>");
+    }
+    return html;
   }
 
   vnBodyHelper m_helper;
@@ -36,30 +45,25 @@ TEST_F(BodyHelper, LinksUrlsExceptWhereTheScannerPassesThemOver) {
   const struct {
     const char *what, *text, *html;
   } cases[] = {
-      {"the middle", "at http://a/j/1 now", "at <a href=\"http://a/j/1\">http://a/j/1</a> now"},
+      {"the middle", "at http://a/j/1 now", "at [http://a/j/1] now"},
       {"the very start", "http://a now", "http://a now"},
       {"the very end", "at http://a", "at http://a"},
       {"the end but for blanks", "at http://a  ", "at http://a  "},
-      {"start, middle and end", "x http://a b", "x <a href=\"http://a\">http://a</a> b"},
-      {"directly behind another", "x http://a http://b http://c y",
-       "x <a href=\"http://a\">http://a</a> http://b http://c y"},
-      {"the other scheme has a pass of its own", "x http://a https://b y",
-       "x <a href=\"http://a\">http://a</a> <a href=\"https://b\">https://b</a> y"},
-      {"a start that ends the pass of one scheme only", "http://a x https://b y",
-       "http://a x <a href=\"https://b\">https://b</a> y"},
-      {"the same URL twice", "x http://a y http://a z",
-       "x <a href=\"http://a\">http://a</a> y <a href=\"http://a\">http://a</a> z"},
-      {"a URL that begins another", "x http://a/b y http://a z",
-       "x <a href=\"http://a/b\">http://a/b</a> y <a href=\"http://a\">http://a</a> z"},
+      {"start, middle and end", "x http://a b", "x [http://a] b"},
+      {"directly behind another", "x http://a http://b http://c y", "x [http://a] http://b http://c y"},
+      {"the other scheme has a pass of its own", "x http://a https://b y", "x [http://a] [https://b] y"},
+      {"a start that ends the pass of one scheme only", "http://a x https://b y", "http://a x [https://b] y"},
+      {"the same URL twice", "x http://a y http://a z", "x [http://a] y [http://a] z"},
+      {"a URL that begins another", "x http://a/b y http://a z", "x [http://a/b] y [http://a] z"},
       {"a distance that counts two bytes of UTF-8 as one place",
        "x http://a \xC3\xA9 http://a \xC3\xA9 x y \xC3\xA9     http://a http://a x",
-       "x <a href=\"http://a\">http://a</a> \xC3\xA9 <a href=\"http://a\">http://a</a> \xC3\xA9 x y \xC3\xA9     "
-       "<a href=\"http://a\">http://a</a> http://a x"},
-      {"line ends", "\r\n\nx\nhttp://a\r\ny\n", "x<br><a href=\"http://a\">http://a</a>\r<br>y"},
+       "x [http://a] \xC3\xA9 [http://a] \xC3\xA9 x y \xC3\xA9     [http://a] http://a x"},
+      {"line ends", "\r\n\nx\nhttp://a\r\ny\n", "x<br>[http://a]\r<br>y"},
       {"no URL", "a\n\nb", "a<br><br>b"},
       {"empty", "", ""},
   };
-  for (const auto& each : cases) EXPECT_EQ(m_helper.convertPlainTextToHTML(each.text), each.html) << each.what;
+  for (const auto& each : cases)
+    EXPECT_EQ(m_helper.convertPlainTextToHTML(each.text), linked(each.html)) << each.what;
   EXPECT_EQ(m_helper.convertPlainTextToHTML(std::nullopt), std::nullopt);
 }
 
@@ -193,6 +197,10 @@ TEST_F(BodyHelper, TheEditorsFontWrapperGoesWithTheOldInvitation) {
   const std::string body = "mine <font size=2>" + kBegin + "OLD" + kEnd + " more@</font> rest";
   const std::string update = "lead" + kBegin + "NEW" + kEnd + "trail";
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(body, update), "mine " + update + " rest");
+  // An editor writes what stands behind the invitation without line ends.
+  const std::string lines = "lead" + kBegin + "NEW" + kEnd + "\r\n<br>trail";
+  EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark("mine lead" + kBegin + "OLD" + kEnd + "trail rest", lines),
+            "mine " + lines + " rest");
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(body, "no bookmarks"), std::nullopt);
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmarkEx("no bookmarks", update), std::nullopt);
 }
@@ -220,6 +228,8 @@ TEST_F(BodyHelper, BodiesAreEqualWhenTheyReadTheSameApartFromBlanks) {
   EXPECT_FALSE(m_helper.isEqualHTMLBodyContent("<p>a</p><p>b</p>", "ab"));
   EXPECT_FALSE(m_helper.isEqualHTMLBodyContent(std::nullopt, std::nullopt));
   EXPECT_FALSE(m_helper.isEqualHTMLBodyContent("", ""));
+  EXPECT_EQ(m_helper.trimHTMLNBSPTags("a&nbsp;b"), "ab");
+  EXPECT_EQ(m_helper.trimHTMLNBSPTags(std::nullopt), std::nullopt);
   EXPECT_EQ(m_helper.convertHTMLToPlainText(""), std::nullopt);
   EXPECT_EQ(m_helper.convertHTMLToPlainText("a&nbsp;b"), "ab");
 }
@@ -230,6 +240,112 @@ TEST_F(BodyHelper, BigBodiesCostTimeInProportionToTheirSize) {
   const std::string lead = almost + "x";
   const OptionalText result = m_helper.updateVnBodyWithVnBookmark(body, lead + kBegin + "NEW" + kEnd + lead);
   EXPECT_EQ(result->size(), 2 * almost.size() + 2 * lead.size() + kBegin.size() + kEnd.size() + 3);
+}
+
+// -- What holds for every body: a few hundred that chance has put together --------------------------------------
+
+// The same numbers in every run.
+class BodyProperty : public BodyHelper {
+ protected:
+  static constexpr int kRounds = 320;
+
+  std::string textOf(std::initializer_list<std::string> further = {}) {
+    static const std::vector<std::string> pieces{
+        "<html>", "<body>", "<body class=a>", "<BODY>", "</body>", "<br>", "<p class=\"x\">", "</p>", "text", " ",
+        "\r\n",
+        // What the search for bookmarks and wrappers could stumble over.
+        "<font size=", "@</font>", "<a name=", "<a name=\"MacVnBookmarkBegin\" >", "MacVnBookmarkEnd", "</a>",
+        "\"", "+", ".",
+        // Characters outside the first plane, and those whose length changes with their case.
+        "\xF0\x9F\x98\x80", "\xC4\xB0", "\xC3\x9F", "\xE2\x84\xAA",
+        // Halves of pairs, stray bytes and the zero byte.
+        "\xED\xA0\xBD", "\xED\xB8\x80", "\xFF", "\xC3", std::string(1, '\0')};
+    std::vector<std::string> all(pieces);
+    all.insert(all.end(), further);
+    std::string text;
+    for (int i = number(0, 30); i > 0; --i)
+      text += all[static_cast<std::size_t>(number(0, static_cast<int>(all.size()) - 1))];
+    return text;
+  }
+
+  int number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(m_random); }
+
+  std::mt19937 m_random{20};
+};
+
+// The pieces cannot make a whole bookmark, so the invitation's are the only ones.
+TEST_F(BodyProperty, WhatWasAddedIsTakenOutAgain) {
+  for (int i = 0; i < kRounds; ++i) {
+    const std::string body = textOf();
+    const std::string invitation = textOf() + "x";
+    const std::string html = m_helper.insertVnBodyBookMark(invitation, true);
+    EXPECT_EQ(m_helper.removeVnBodyForDelete(m_helper.newVnBodyToEnd(body, html, false)), body);
+    // At the top the "<br>" before the bookmarks stays, and around a plain invitation its blank lines.
+    EXPECT_EQ(m_helper.removeVnBodyForDelete(m_helper.newVnBodyToEnd(body, html, true)),
+              m_helper.newVnBodyToEnd(body, "", true));
+    const std::string plain = m_helper.insertVnBodyBookMark("Join the meeting " + std::to_string(i), false);
+    EXPECT_EQ(m_helper.removeVnBodyForDelete(m_helper.newVnBodyToEnd(body, plain, false)),
+              m_helper.newVnBodyToEnd(body, "<br><br><br><br>", false));
+  }
+}
+
+// It holds for bodies with at most one bookmark of each end, or none of the pair: a lone one before or behind an
+// invitation that is put in anew makes a pair with it at the next update.
+TEST_F(BodyProperty, UpdatingTwiceEqualsUpdatingOnceForHtml) {
+  const std::string spans[] = {"", kBegin + "OLD" + kEnd,
+                               std::string(kvn_BeginBookmarkEx) + "OLD" + std::string(kvn_EndBookmarkEx),
+                               std::string(kvn_InitBeginBookMark) + "wait" + std::string(kvn_InitEndBookMark)};
+  for (int i = 0; i < kRounds; ++i) {
+    const std::string before = textOf();
+    const std::string after = textOf();
+    m_owner.atTop = number(0, 1) == 1;
+    const std::string invitation = textOf() + "x";
+    for (const std::string& span : spans) {
+      const OptionalText once =
+          m_helper.updateVnBodyWithSrcBody(before + span + after, invitation, true, &m_owner);
+      EXPECT_EQ(m_helper.updateVnBodyWithSrcBody(once, invitation, true, &m_owner), once);
+      if (span.empty()) continue;
+      EXPECT_EQ(once, before + kBegin + invitation + kEnd + after);
+    }
+  }
+}
+
+// A plain invitation brings two blank lines on either side with it, and an update finds its bookmarks, not these:
+// so they add up. Apart from line breaks the body stays the same.
+TEST_F(BodyProperty, UpdatingAPlainInvitationTwiceAddsItsBlankLinesTwice) {
+  for (int i = 0; i < kRounds; ++i) {
+    const std::string invitation = "  Join the meeting " + textOf({"http://a ", "https://b\n"}) + " at any time.";
+    const std::string marked = m_helper.insertVnBodyBookMark(invitation, false);
+    const OptionalText once = m_helper.updateVnBodyWithSrcBody(textOf(), invitation, false, &m_owner);
+    ASSERT_TRUE(once.has_value());
+    const std::string span = marked.substr(8, marked.size() - 16);
+    const std::size_t at = once->find(marked);
+    ASSERT_NE(at, std::string::npos);
+    std::string twice = *once;
+    // The blanks before the begin bookmark belong to what is found again, those behind the end to nothing.
+    twice.insert(at + 8 + span.size(), "<br><br>").insert(at, "<br><br>");
+    EXPECT_EQ(m_helper.updateVnBodyWithSrcBody(once, invitation, false, &m_owner), twice);
+  }
+}
+
+// Broken UTF-8 comes through byte for byte, also where positions are counted in UTF-16.
+TEST_F(BodyProperty, PlainTextComesThroughWhateverItsBytes) {
+  for (int i = 0; i < kRounds; ++i) {
+    const std::string text =
+        "x" + textOf({"http://a\xFF\xC3/\xF0\x9F\x98\x80 ", "https://b \n", "\xF0\x9F\x98"}) + "x";
+    const std::string html = m_helper.convertPlainTextToHTML(text).value_or("");
+    std::string unlinked;
+    for (std::string_view rest = html; !rest.empty();) {
+      const std::size_t link = rest.find("<a href=\"http");
+      unlinked += rest.substr(0, link);
+      if (link == std::string_view::npos) break;
+      rest = rest.substr(rest.find("\">", link) + 2);
+      unlinked += rest.substr(0, rest.find("</a>"));
+      rest = rest.substr(rest.find("</a>") + 4);
+    }
+    EXPECT_EQ(unlinked, replacingAll(text, "\n", "<br>"));
+    m_helper.convertHTMLToPlainText(text);
+  }
 }
 
 }  // namespace

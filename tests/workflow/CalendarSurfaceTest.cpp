@@ -1,44 +1,33 @@
-#include <gtest/gtest.h>
-
-#include "channel/commands/vnAPIKeys.h"
-#include "host/proxies/vnApptInfoKeys.h"
+#include "channel/transport/vnIPCConstants.h"
 #include "host/proxies/vnECCalendarEvent.h"
-#include "meeting.pb.h"
-#include "tests/support/FakeWindow.h"
-#include "tests/support/RecordingClient.h"
-#include "util/EncodeUtils.h"
+#include "tests/workflow/MeetingFixture.h"
 #include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
 namespace {
 
-class CalendarEdit : public testing::Test {
+class CalendarEdit : public WorkflowFixture {
  protected:
-  CalendarEdit() {
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
+  // An edit of a meeting with this number; 0 or the code for which its request is refused.
+  static int edit(const FakeWindow& window, const char* key) {
+    return window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(
+        VnCmdUpdate, Value::dictionaryFromPairs(
+                         {{vn_Outlook_ApptInfo, Value::dictionaryFromPairs({{vn_ApptInfo_OlApptUUID, "uuid"}})},
+                          {vn_MeetingKey, key},
+                          {keyEventOwnerWindow, window.bar->ownWindow},
+                          {keyApptWindowID, window.bar->ownWindow.windowId()},
+                          {keyDragAndMoveOnCalendar, true}}));
   }
-
-  Value meetingData(const FakeWindow& window, const char* key) {
-    Value data = Value::dictionaryFromPairs(
-        {{vn_Outlook_ApptInfo, Value::dictionaryFromPairs({{vn_ApptInfo_OlApptUUID, "uuid"}})},
-         {vn_MeetingKey, key},
-         {keyEventOwnerWindow, window.bar->ownWindow},
-         {keyApptWindowID, window.bar->ownWindow.windowId()},
-         {keyDragAndMoveOnCalendar, true}});
-    return data;
+  static void reply(const FakeWindow& window) {
+    window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
   }
-
-  TestPlatform test;
 };
 
 TEST_F(CalendarEdit, IsNotedInItsManagerEvenWhenItIsRefused) {
   FakeWindow window(test);
   // No client is installed, so the request is refused.
-  EXPECT_EQ(window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
-                                                                                    meetingData(window, "77")),
-            1);
+  EXPECT_EQ(edit(window, "77"), 1);
   EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
   EXPECT_TRUE(window.manager->isDragAndMove());
   EXPECT_EQ(window.manager->getVornMeetingKey(), "77");
@@ -48,11 +37,11 @@ TEST_F(CalendarEdit, IsNotedInItsManagerEvenWhenItIsRefused) {
 
 TEST_F(CalendarEdit, GoesOnAtTheReplyOnce) {
   FakeWindow window(test);
-  window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate, meetingData(window, "77"));
-  window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
+  edit(window, "77");
+  reply(window);
   EXPECT_EQ(window.manager->state(), VnStateCommitting);
   window.manager->setState(VnStateUpdateOnCalendar);
-  window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
+  reply(window);
   EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
 }
 
@@ -60,9 +49,7 @@ TEST_F(CalendarEdit, GoesOnAtTheReplyOnce) {
 TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
   RecordingClient::install(test);
   struct Row {
-    const char* name;
-    const char* toldKey;
-    const char* toldUUID;
+    const char *name, *toldKey, *toldUUID;
     enum { alone, behindOne, behindARefusedOne, behindAnAnsweredOne } edit;
     const char* key;
     const char* originalNumber = "0";
@@ -85,22 +72,18 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
     if (row.toldUUID) message.set_extinfo(R"({"olApptUUID":")" + std::string(row.toldUUID) + "\"}");
     if (row.edit != Row::alone) {
       if (row.edit == Row::behindARefusedOne) test.workspace.running.clear();
-      window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
-                                                                              meetingData(window, "66"));
+      edit(window, "66");
       test.workspace.running.insert("us.vorn.xos");
     }
-    if (row.edit == Row::behindAnAnsweredOne) {
-      window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
-    }
-    window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
-                                                                            meetingData(window, "77"));
+    if (row.edit == Row::behindAnAnsweredOne) reply(window);
+    edit(window, "77");
     vnGetMeetingHelper& helper = *window.manager->getMeetingHelper();
     helper.setMeetingData(
         Value::dictionaryFromPairs(
             {{vn_MeetingKey, row.toldKey}, {"usePMI", 1}, {"originalMeetingNumber", row.originalNumber}}),
         false);
-    helper.setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
-    window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
+    helper.setPBMeetingData(encoded(message));
+    reply(window);
     EXPECT_EQ(window.manager->getVornMeetingKey(), row.key);
   }
 }
@@ -108,10 +91,8 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
 TEST_F(CalendarEdit, IsParkedNowhereAfterTheEndOfItsManager) {
   FakeWindow window(test);
   window.manager->cleanup();
-  EXPECT_EQ(window.manager->calendarEdits().getMeetingByApptUUIDForUpdateOnCalendar(VnCmdUpdate,
-                                                                                    meetingData(window, "77")),
-            0);
-  window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
+  EXPECT_EQ(edit(window, "77"), 0);
+  reply(window);
   EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
 }
 
@@ -128,6 +109,48 @@ TEST_F(CalendarEdit, AnAppointmentThatSupportsNoMeetingIsLeftAlone) {
   EXPECT_EQ(calendar.updateAppointmentOnCalendar(apptInfo, window.bar->ownWindow, true, VnCmdUpdate, "77"), 1);
   EXPECT_TRUE(window.manager->isDragAndMove());
   EXPECT_EQ(window.manager->meetingKey(), "77");
+}
+
+TEST_F(CalendarEdit, InAWindowWithABarAndNoManagerNothingIsSent) {
+  const auto bar = std::make_shared<FakeBar>();
+  bar->ownWindow = hostObject("NSWindow");
+  vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(bar);
+  EXPECT_EQ(vnCalendarActionMgr::sharedInstance().updateAppointmentOnCalendar(Value::dictionary(), bar->ownWindow,
+                                                                              true, VnCmdUpdate, "77"),
+            0);
+}
+
+// A request of no window has its reply dropped.
+TEST_F(CalendarEdit, ADeletionWithoutAnEditorIsTheMainWindows) {
+  RecordingClient& client = RecordingClient::install(test);
+  for (const char* name : {"ERageMainWindowController", "NSApplication"}) test.classRuntime.defineClass(name);
+  const auto answers = [&](const char* className, const char* selector) {
+    test.classRuntime.setInstanceMethod(className, selector,
+                                        [this, selector](const HostObject& self, const Arguments&) {
+                                          return (*test.classRuntime.state<Value>(self))[selector];
+                                        });
+  };
+  answers("NSApplication", "windows");
+  answers("NSWindow", "windowController");
+  Value windows = Value::array();
+  for (const char* controller : {"ERCalendarEventEditorWindowController", "ERageMainWindowController"}) {
+    windows.append(
+        hostObject("NSWindow", Value::dictionaryFromPairs({{"windowController", hostObject(controller)}})));
+  }
+  const HostObject application = hostObject("NSApplication", Value::dictionaryFromPairs({{"windows", windows}}));
+  test.classRuntime.setClassMethod(
+      "NSApplication", "sharedApplication",
+      [application](const HostObject&, const Arguments&) { return Value(application); });
+  EXPECT_EQ(vnCalendarActionMgr::sharedInstance().deleteMeeting(
+                hostObject("ECCalendarEvent", Value::dictionaryFromPairs({{"isOwner", true}}))),
+            0);
+  const OptionalText meeting = EncodeUtils::base64Encode(R"({"meetingKey":"88"})");
+  Value envelope = Value::dictionary();
+  envelope.set(VN_IPC_ACTION_ID, "10");
+  envelope.set(VN_IPC_CONTENT, "1;2;3;4;5;6;7;8;9;10;11;12;13;" + *meeting);
+  test.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN, nullptr, envelope);
+  test.runLoop.runFor(0.01);
+  EXPECT_THAT(client.names(), testing::ElementsAre("3/10", "3/3"));
 }
 
 }  // namespace

@@ -1,23 +1,12 @@
 // What a manager decides when a reply has come: whether the service must hear of something, what is written, and
 // whether the host's operation is made again.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <functional>
-#include <string>
-#include <vector>
 
-#include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnAlertHelper.h"
-#include "data/vnSettingKeys.h"
-#include "data/vnUserProfileHelper.h"
-#include "host/proxies/vnApptInfoKeys.h"
 #include "licence/vnLicencePolicy.h"
-#include "meeting.pb.h"
 #include "platform/Localization.h"
 #include "tests/workflow/MeetingFixture.h"
-#include "util/EncodeUtils.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnCalendarActionMgr.h"
@@ -41,6 +30,11 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
     window->set(window->bar->editor, "uncommittedChanges", Value::dictionaryFromPairs({{"content.summary", "x"}}));
   };
   const auto account = [this] { knowAccount(); };
+  const auto forced = [this] { manager().setIsForceUpdate(true); };
+  const auto urlMoved = [this] { data().setForceIncludeJoinUrlInLocation(false); };
+  const auto translated = [this] { data().setSelectInvitationLanguage("de-DE"); };
+  const auto languageless = [this] { data().setSelectInvitationLanguage(std::nullopt); };
+  const auto blocked = [this] { window->bar->blocked = true; };
   const Value renamed = with(vn_Outlook_ApptInfo, vn_ApptInfo_Subject, "Renamed");
   const Value personal = with(vn_Setting, vn_Setting_IsPMI, true);
   const struct {
@@ -48,39 +42,18 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
     std::function<void()> prepare;
     Value meetingData;
     Names requests;
-    bool writes;
-    bool finishes;
+    bool writes, finishes;
   } rows[] = {
       {"nothing changed", nothing, unchanged(), {}, false, true},
       {"the appointment changed where the service does not look", typed, unchanged(), {}, true, true},
-      {"a write is due anyhow", [this] { manager().setIsForceUpdate(true); }, unchanged(), {}, true, true},
-      {"the URL's place changed",
-       [this] { data().setForceIncludeJoinUrlInLocation(false); },
-       unchanged(),
-       {},
-       true,
-       true},
-      {"the invitation's language changed",
-       [this] { data().setSelectInvitationLanguage("de-DE"); },
-       unchanged(),
-       {},
-       true,
-       true},
-      {"the language was never known",
-       [this] { data().setSelectInvitationLanguage(std::nullopt); },
-       unchanged(),
-       {},
-       true,
-       true},
+      {"a write is due anyhow", forced, unchanged(), {}, true, true},
+      {"the URL's place changed", urlMoved, unchanged(), {}, true, true},
+      {"the invitation's language changed", translated, unchanged(), {}, true, true},
+      {"the language was never known", languageless, unchanged(), {}, true, true},
       {"the meeting changed", nothing, renamed, {"3/2"}, false, false},
       {"it moves to the personal number", account, personal, {"3/4"}, false, false},
       {"it moves to the personal number of an account not known yet", nothing, personal, {"6"}, false, false},
-      {"an occurrence that does not own the meeting",
-       [this] { window->bar->blocked = true; },
-       renamed,
-       {},
-       false,
-       true},
+      {"an occurrence that does not own the meeting", blocked, renamed, {}, false, true},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -101,17 +74,16 @@ TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
   }
 }
 
-// What a meeting that has come is for, the state alone tells.
+// What a meeting that has come is for, the state alone tells. Of one that nobody can read nothing is needed only
+// to schedule with the personal number.
 TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   using Names = std::vector<std::string>;
-  const struct {
-    std::uint64_t state;
-    std::uint64_t after;
-    Names requests;
-    Names panel;
-    bool writes;
-    bool finishes;
-  } rows[] = {
+  struct Row {
+    std::uint64_t state, after;
+    Names requests, panel;
+    bool writes, finishes;
+  };
+  const Row rows[] = {
       {VnStateIdle, VnStateIdle, {}, {}, false, false},
       {VnStateAdding, VnStateAdding, {}, {}, false, false},
       {VnStateChanging, VnStateChanging, {}, {"shown"}, false, false},
@@ -121,7 +93,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
       {VnStatePMIForSettings,
        VnStatePMIForSettings,
        {},
-       {std::string("personal ") + kKey, "refreshed as personal"},
+       {"personal 5550123456", "refreshed as personal"},
        false,
        false},
       {VnStatePMIForSchedule, VnStateCommitting, {"3/1"}, {}, false, false},
@@ -131,8 +103,14 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   };
   openPanel();
   panels.panel.settings.set(vn_Setting_AudioOption, 2);
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.state);
+  for (std::size_t i = 0; i < 2 * std::size(rows); ++i) {
+    const bool isReadable = i < std::size(rows);
+    Row row = rows[i % std::size(rows)];
+    SCOPED_TRACE(testing::Message() << row.state << (isReadable ? "" : " with nothing to read"));
+    if (!isReadable) {
+      helper().setMeetingData(Value::dictionary(), false);
+      if (row.state != VnStatePMIForSchedule) row = {row.state, row.state, {}, {}, false, false};
+    }
     client.requests.clear();
     panels.panel.calls.clear();
     window->set(window->bar->editor, "olmUCInband", "");
@@ -146,25 +124,6 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     EXPECT_THAT(panels.panel.calls, ElementsAreArray(row.panel));
     EXPECT_EQ(isWritten(), row.writes);
     EXPECT_EQ(hostSaves, row.finishes ? 1 : 0);
-  }
-}
-
-// Nothing of the personal meeting is needed to schedule with its number.
-TEST_F(Decisions, AReplyWithoutAReadableMeetingLetsOnlyTheAddWithThePersonalNumberGoOn) {
-  openPanel();
-  helper().setMeetingData(Value::dictionary(), false);
-  for (std::uint64_t state = VnStateIdle; state <= VnStateUpdateOnCalendar; ++state) {
-    SCOPED_TRACE(state);
-    const bool goesOn = state == VnStatePMIForSchedule;
-    client.requests.clear();
-    manager().setState(state);
-    reply(VnCmdGetMeeting);
-    EXPECT_EQ(manager().state(), goesOn ? VnStateCommitting : state);
-    EXPECT_THAT(client.names(),
-                ElementsAreArray(goesOn ? std::vector<std::string>{"3/1"} : std::vector<std::string>{}));
-    EXPECT_THAT(panels.panel.calls, IsEmpty());
-    EXPECT_FALSE(isWritten());
-    EXPECT_EQ(hostSaves, 0);
   }
 }
 
@@ -211,8 +170,7 @@ TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
   const struct {
     const char* name;
     bool knowsAccount;
-    const char* hostId;
-    const char* scheduledFor;
+    const char *hostId, *scheduledFor;
     bool isValid;
   } rows[] = {
       {"one's own", true, "me", nullptr, true},
@@ -231,7 +189,7 @@ TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
     helper().setMeetingData(read, false);
     com::tidemar::webapp::proto::MeetingProto message;
     message.set_hostid(row.hostId);
-    helper().setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
+    helper().setPBMeetingData(encoded(message));
     EXPECT_EQ(manager().checkScheduleForEmailValidity(), row.isValid);
   }
 }
@@ -284,15 +242,25 @@ TEST_F(Decisions, ALongMeetingOfASmallPlanWaitsForTheLastAnswerToItsOwnNotice) {
   EXPECT_THAT(client.names(), ElementsAre("3/2", "3/2")) << "a notice that is no manager's";
 }
 
-TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {
+TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotice) {
+  constexpr std::uint64_t kBefore = VnStatePMIForUpdate;
   const struct {
     std::uint64_t command;
-    bool fromBar;
+    bool fromBar, needsLicence;
+    std::uint64_t state;
     std::vector<std::string> requests, panel;
   } rows[] = {
-      {VnCmdAdd, true, {}, {"shown"}},   {VnCmdChangeSettings, true, {}, {"shown"}},
-      {VnCmdCancel, true, {"3/3"}, {}},  {VnCmdSchedule, false, {"3/1"}, {}},
-      {VnCmdUpdate, false, {"3/2"}, {}}, {VnCmdDelete, false, {"3/3"}, {}},
+      {VnCmdAdd, true, true, VnStateAdding, {}, {"shown"}},
+      {VnCmdChangeSettings, true, true, VnStateChanging, {}, {"shown"}},
+      {VnCmdCancel, true, true, kBefore, {"3/3"}, {}},
+      {VnCmdSchedule, false, true, VnStateCommitting, {"3/1"}, {}},
+      {VnCmdUpdate, false, true, VnStateCommitting, {"3/2"}, {}},
+      {VnCmdDelete, false, true, kBefore, {"3/3"}, {}},
+      {VnCmdStartWithVideo, false, false, kBefore, {"2"}, {}},
+      {VnCmdStartWithoutVideo, false, false, kBefore, {"2"}, {}},
+      {VnCmdAddPACAccount1, true, false, VnStatePAC, {}, {}},
+      {VnCmdAddPACAccount2, true, false, VnStatePAC, {}, {}},
+      {VnCmdGetMeetingByApptUUID, false, false, VnStateLoadByApptUUID, {"3/10"}, {}},
   };
   for (const bool hasLicence : {false, true}) {
     knowAccountOfType(hasLicence ? 2 : 0);
@@ -302,24 +270,29 @@ TEST_F(Decisions, WithoutALicenceEveryCommandEndsWithItsNotice) {
       client.requests.clear();
       panels.panel.calls.clear();
       test.presenter.forgetAlerts();
+      manager().setState(kBefore);
       EXPECT_EQ(row.fromBar ? manager().sendVnMeetingCommand(row.command, window->bar)
                             : manager().sendVnMeetingCommand(row.command, window->bar->editor),
                 0);
       test.runLoop.runFor(0.01);
-      EXPECT_EQ(test.presenter.alerts().size(), hasLicence ? 0u : 1u);
-      EXPECT_THAT(client.names(), ElementsAreArray(hasLicence ? row.requests : std::vector<std::string>{}));
-      EXPECT_THAT(panels.panel.calls, ElementsAreArray(hasLicence ? row.panel : std::vector<std::string>{}));
+      const bool goesOn = hasLicence || !row.needsLicence;
+      EXPECT_EQ(manager().state(), row.state);
+      EXPECT_EQ(test.presenter.alerts().size(), goesOn ? 0u : 1u);
+      EXPECT_THAT(client.names(), ElementsAreArray(goesOn ? row.requests : std::vector<std::string>{}));
+      EXPECT_THAT(panels.panel.calls, ElementsAreArray(goesOn ? row.panel : std::vector<std::string>{}));
       EXPECT_EQ(hostSaves, 0);
     }
   }
+  openWindow();
+  helper().setMeetingData(Value::dictionary(), false);
+  client.requests.clear();
+  manager().sendVnMeetingCommand(VnCmdUpdate, window->bar->editor);
+  EXPECT_THAT(client.names(), ElementsAre("3/4")) << "a meeting that has not been read is fetched first";
 }
 
 TEST_F(Decisions, TheServiceLearnsAnAppointmentsUUIDTheFirstTimeThatItHasOne) {
   const struct {
-    const char* name;
-    const char* key;
-    const char* before;
-    const char* after;
+    const char *name, *key, *before, *after;
     bool isTold;
   } rows[] = {
       {"stored for the first time", kKey, nullptr, "new", true},  {"stored before", kKey, "old", "new", false},
@@ -333,9 +306,14 @@ TEST_F(Decisions, TheServiceLearnsAnAppointmentsUUIDTheFirstTimeThatItHasOne) {
     if (row.before) window->set(window->bar->event, "UUID", row.before);
     uuidAtStore = row.after;
     client.requests.clear();
+    data().setSelectInvitationLanguage("de-DE");
     manager().finish().closeOLAppointment(window->bar->editor);
+    EXPECT_FALSE(data().isSelectInvitationLanguageChanged());
     EXPECT_THAT(client.names(),
                 ElementsAreArray(row.isTold ? std::vector<std::string>{"3/2"} : std::vector<std::string>{}));
+    if (row.isTold) {
+      EXPECT_THAT(client.requests.back().second, testing::HasSubstr("new"));
+    }
     EXPECT_FALSE(test.presenter.showsProgress());
   }
 }
@@ -348,16 +326,14 @@ TEST_F(Decisions, AMeetingIsRecognisedByItsRecordOrItsCalendarText) {
       "BEGIN:VEVENT\r\nDTSTAMP:20990101T000000Z\r\nVORNMEETINGNUMBER:91234567890\r\nEND:VEVENT\r\n";
   constexpr const char* kByInvitation =
       "BEGIN:VEVENT\r\nDTSTAMP:20200101T000000Z\r\nDESCRIPTION:Meeting ID: 912 3456 7890\r\nEND:VEVENT\r\n";
-  struct Row {
+  const struct {
     const char* name;
     Value inband, capabilities;
-    const char* calendar;
-    const char* uuid;
+    const char *calendar, *uuid;
     bool isFound;
     const char* key;
     int autoAdds, asks;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"its record", kRecord, "", "", nullptr, true, "7", 0, 0},
       {"its record in the older place", "", kRecord, "", nullptr, true, "7", 0, 0},
       {"its older record beside one that nobody can read", "{", kRecord, "", nullptr, true, "7", 0, 0},
@@ -368,7 +344,7 @@ TEST_F(Decisions, AMeetingIsRecognisedByItsRecordOrItsCalendarText) {
       {"its invitation, without a UUID", "", "", kByInvitation, nullptr, false, "", 0, 0},
       {"nothing", "", "", "", "U", false, "", 0, 0},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     openWindow();
     data().setMeetingKey("");
@@ -407,8 +383,7 @@ TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
     const char* name;
     bool isReadable;
     const char* toldUUID;
-    bool knowsAccount;
-    bool isTaken;
+    bool knowsAccount, isTaken;
   } rows[] = {
       {"this one's", true, "u", true, true},
       {"this one's, of an account not known yet", true, "U", false, true},
@@ -428,7 +403,7 @@ TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
     com::tidemar::webapp::proto::MeetingProto message;
     if (row.toldUUID) message.set_extinfo(R"({"olApptUUID":")" + std::string(row.toldUUID) + "\"}");
     helper().setMeetingData(row.isReadable ? meeting() : Value::dictionary(), true);
-    helper().setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
+    helper().setPBMeetingData(encoded(message));
     client.requests.clear();
     reply(VnCmdGetMeetingByApptUUID);
     EXPECT_EQ(data().meetingKey(), row.isTaken ? kKey : "");
@@ -481,24 +456,12 @@ TEST_F(Decisions, AReplyForAWindowThatHasGoneShowsAndStoresNothing) {
 }
 
 TEST(LicencePolicy, KnowsEachUserTypeAndRefusesNothingToOneThatItDoesNotKnow) {
-  const struct {
-    vnLicencePolicy::UserType type;
-    bool isPaid;
-    bool hasNoLicence;
-    bool isTooLongAt41;
-  } rows[] = {
-      {std::nullopt, false, false, false},
-      {0, false, true, false},
-      {1, false, false, true},
-      {2, true, false, false},
-      {3, true, false, false},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.type.value_or(-1));
-    EXPECT_EQ(vnLicencePolicy::isPaidUser(row.type), row.isPaid);
-    EXPECT_EQ(vnLicencePolicy::isNoMeetingLicenseUser(row.type), row.hasNoLicence);
-    EXPECT_EQ(vnLicencePolicy::isLongerThanPlanAllows(row.type, 41), row.isTooLongAt41);
-    EXPECT_FALSE(vnLicencePolicy::isLongerThanPlanAllows(row.type, 40));
+  for (const vnLicencePolicy::UserType& type : {vnLicencePolicy::UserType(), {0}, {1}, {2}, {3}}) {
+    SCOPED_TRACE(type.value_or(-1));
+    EXPECT_EQ(vnLicencePolicy::isPaidUser(type), type == 2 || type == 3);
+    EXPECT_EQ(vnLicencePolicy::isNoMeetingLicenseUser(type), type == 0);
+    EXPECT_EQ(vnLicencePolicy::isLongerThanPlanAllows(type, 41), type == 1);
+    EXPECT_FALSE(vnLicencePolicy::isLongerThanPlanAllows(type, 40));
   }
 }
 

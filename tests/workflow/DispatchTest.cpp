@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "channel/commands/vnAPIKeys.h"
-#include "host/proxies/vnApptInfoKeys.h"
-#include "tests/support/FakeWindow.h"
+#include "tests/workflow/MeetingFixture.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnWorkflowKeys.h"
@@ -10,14 +8,7 @@
 namespace vorn {
 namespace {
 
-class Dispatch : public testing::Test {
- protected:
-  Dispatch() {
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-  }
-  TestPlatform test;
-};
+using Dispatch = WorkflowFixture;
 
 TEST_F(Dispatch, NumbersThatNobodyAnswersDoNothingButAreNotedAsTheLastAction) {
   FakeWindow window(test);
@@ -32,38 +23,6 @@ TEST_F(Dispatch, NumbersThatNobodyAnswersDoNothingButAreNotedAsTheLastAction) {
     EXPECT_EQ(window.manager->state(), VnStatePMIForSettings) << reply;
   }
   EXPECT_TRUE(test.presenter.alerts().empty());
-}
-
-TEST_F(Dispatch, EachCommandEntersItsStateAndSomeDeliberatelyNone) {
-  struct Row {
-    std::uint64_t command;
-    bool fromBar;
-    std::uint64_t state;
-  };
-  constexpr std::uint64_t kBefore = VnStatePMIForUpdate;
-  const Row rows[] = {
-      {VnCmdAdd, true, VnStateAdding},
-      {VnCmdChangeSettings, true, VnStateChanging},
-      {VnCmdCancel, true, kBefore},
-      {VnCmdSchedule, false, VnStateCommitting},
-      {VnCmdUpdate, false, VnStateCommitting},
-      {VnCmdDelete, false, kBefore},
-      {VnCmdStartWithVideo, false, kBefore},
-      {VnCmdStartWithoutVideo, false, kBefore},
-      {VnCmdAddPACAccount1, true, VnStatePAC},
-      {VnCmdAddPACAccount2, true, VnStatePAC},
-      {VnCmdGetMeetingByApptUUID, false, VnStateLoadByApptUUID},
-  };
-  for (const Row& row : rows) {
-    FakeWindow window(test);
-    window.manager->setState(kBefore);
-    if (row.fromBar) {
-      window.manager->sendVnMeetingCommand(row.command, std::shared_ptr<MeetingBar>(window.bar));
-    } else {
-      window.manager->sendVnMeetingCommand(row.command, window.bar->editor);
-    }
-    EXPECT_EQ(window.manager->state(), row.state) << row.command;
-  }
 }
 
 TEST_F(Dispatch, AnyAccountButTheSecondIsTheFirst) {
@@ -87,8 +46,7 @@ TEST_F(Dispatch, ABarThatIsNotListedHasNoManagerToSendACommand) {
 
 // An event without a window belongs to the shared manager, whose key is another appointment's during a drag.
 TEST_F(Dispatch, AnEventWithoutAWindowHasTheSharedManagersKeyButNotDuringAnEditOnTheCalendar) {
-  const HostObject event =
-      test.classRuntime.create("ECCalendarEvent", std::make_shared<Value>(Value::dictionary()));
+  const HostObject event = hostObject("ECCalendarEvent");
   vnMeetingMgr& shared = *vnMeetingMgr::sharedInstance();
   shared.setMeetingKey("77");
   EXPECT_EQ(WorkflowDirectory::sharedInstance().meetingKeyForEvent(event), "77");
@@ -98,9 +56,7 @@ TEST_F(Dispatch, AnEventWithoutAWindowHasTheSharedManagersKeyButNotDuringAnEditO
 
 TEST_F(Dispatch, ASaveIsPassedOnUnlessTheMeetingHasSomethingToTell) {
   vnApptUIActionMgr& door = vnApptUIActionMgr::sharedInstance();
-  const HostObject stranger = test.classRuntime.create("ERCalendarEventEditorViewController",
-                                                       std::make_shared<Value>(Value::dictionary()));
-  EXPECT_EQ(door.handleVNMeeting(stranger, Value()), VnHandlePassOn);
+  EXPECT_EQ(door.handleVNMeeting(hostObject("ERCalendarEventEditorViewController"), Value()), VnHandlePassOn);
 
   FakeWindow window(test);
   // What stands in the location field is noted, whatever becomes of the save.
@@ -139,6 +95,9 @@ TEST_F(Dispatch, TheLookupsFallBackToTheSharedManagerExceptForAnUnlistedBar) {
     EXPECT_EQ(Monitor::getMeetingMgrByECCalendarEvent(window->bar->event), window->manager);
     EXPECT_EQ(Monitor::getMeetingMgrByEditorViewCtrl(window->bar->editor), window->manager);
     EXPECT_EQ(Monitor::getVnViewByMeetingMgr(window->manager.get()), window->bar);
+    EXPECT_EQ(vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByEditorWinCtrl(
+                  window->bar->windowController),
+              window->bar);
   }
   EXPECT_EQ(Monitor::getMeetingMgrByVnView(nullptr), shared);
   EXPECT_EQ(Monitor::getMeetingMgrByOlWindow(unknown), shared);
@@ -159,17 +118,11 @@ TEST_F(Dispatch, TheWindowOfACommandIsFoundThroughTheDirectory) {
 
 TEST_F(Dispatch, OnlyAResponseThatSaysSuccessIsOne) {
   vnActionResultMgr result;
-  const std::pair<Value, bool> rows[] = {
-      {Value::dictionaryFromPairs({{keyVNResult, keyVNSuccess}}), true},
-      {Value::dictionaryFromPairs({{keyVNResult, keyVNFail}}), false},
-      {Value::dictionaryFromPairs({{keyVNResult, "success"}}), false},
-      {Value::dictionary(), false},
-      {Value(), false},
-  };
-  for (const auto& [response, expected] : rows) {
-    result.setActionResult(!expected);
-    result.setActionResultData(response);
-    EXPECT_EQ(result.getActionResult(), expected);
+  for (const Value& told : {Value(keyVNSuccess), Value(keyVNFail), Value("success"), Value()}) {
+    const bool isSuccess = told == Value(keyVNSuccess);
+    result.setActionResult(!isSuccess);
+    result.setActionResultData(Value::dictionaryFromPairs({{keyVNResult, told}}));
+    EXPECT_EQ(result.getActionResult(), isSuccess);
   }
 }
 
@@ -178,7 +131,11 @@ TEST_F(Dispatch, ManagersAndBarsGoWhenTheirPairIsRemoved) {
   {
     FakeWindow window(test);
     manager = window.manager;
+    vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
+    vnApptDataForSaveRecord::sharedInstance().of(window.bar).setOLNewBody("<p>mine</p>");
     window.manager->cleanup();
+    EXPECT_TRUE(vnApptDataForSaveRecord::sharedInstance().windows().empty());
+    EXPECT_FALSE(vnUserProfileHelper::sharedInstance().hasUserProfile()) << "each end forgets it";
     vnMeetingMgrMonitor::sharedInstance().removeInstanceByVnView(window.bar.get());
     vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(window.bar.get());
   }

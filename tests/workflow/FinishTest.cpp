@@ -1,13 +1,7 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <stdexcept>
-#include <string>
-#include <utility>
-#include <vector>
 
-#include "tests/support/FakeWindow.h"
+#include "tests/workflow/MeetingFixture.h"
 
 namespace vorn {
 namespace {
@@ -18,11 +12,9 @@ using testing::ElementsAreArray;
 constexpr const char* kAddedPrefix = "vn_ERCalendarEventEditorViewController_";
 
 // What the host is told when the work behind a save is over.
-class Finish : public testing::Test {
+class Finish : public WorkflowFixture {
  protected:
   Finish() {
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
     for (const char* selector : {"save", "save:", "saveAndCloseWindow:", "saveAndCloseWindow:andReturnError:",
                                  "sendMeetingPostValidate"}) {
       hostDoes(selector, [] {});
@@ -50,17 +42,15 @@ class Finish : public testing::Test {
     test.runLoop.runFor(0.005);
   }
 
-  TestPlatform test;
   std::vector<std::string> calls;
 };
 
 TEST_F(Finish, MakesTheRefusedCallAgainAndWithAttendeesOnlyASend) {
-  struct Row {
+  const struct {
     int action;
     bool hasAttendees;
     std::vector<std::string> calls;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {0, false, {}},
       {VnApptActionSave, false, {"save:"}},
       {VnApptActionSaveAndClose, false, {"saveAndCloseWindow: true", "close"}},
@@ -74,7 +64,7 @@ TEST_F(Finish, MakesTheRefusedCallAgainAndWithAttendeesOnlyASend) {
       {VnApptActionSaveAndCloseReturnError, true, {}},
       {VnApptActionAutoUpdate, true, {}},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(testing::Message() << "action " << row.action << (row.hasAttendees ? " with attendees" : ""));
     FakeWindow window(test);
     if (row.hasAttendees) window.invite("ada", 1);

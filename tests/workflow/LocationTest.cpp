@@ -1,16 +1,12 @@
 // The location of an appointment: the user's own words, rooms and the join URL, put together and taken apart.
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <random>
 
-#include "channel/commands/vnAPIKeys.h"
-#include "data/vnSettingKeys.h"
-#include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnOLPropertyKeys.h"
-#include "tests/support/FakeWindow.h"
+#include "tests/workflow/MeetingFixture.h"
+#include "util/TextSearch.h"
 #include "workflow/LocationRule.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 
@@ -20,13 +16,8 @@ namespace {
 const char* const kOpen = "https://vorn.example/j/1";
 const char* const kWithPasscode = "https://vorn.example/j/1?pwd=x";
 
-class Location : public testing::Test {
+class Location : public WorkflowFixture {
  protected:
-  Location() {
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-  }
-
   static vnMeetingDataMgr& data(FakeWindow& window) { return *window.manager->meetingDataMgr(); }
   static std::string shown(FakeWindow& window) { return window.get(window.field, "stringValue").text(); }
   static OptionalText own(FakeWindow& window) {
@@ -51,8 +42,6 @@ class Location : public testing::Test {
     MeetingWindow shown = MeetingWindow::ofBar(window.bar);
     window.manager->writeBack().updateVnMeetingInfoToAppointmentForDelete(shown, Value::dictionary());
   }
-
-  TestPlatform test;
 };
 
 TEST_F(Location, TheUsersOwnTextIsFoundInEveryOrderOfTheParts) {
@@ -125,59 +114,52 @@ TEST_F(Location, TheUrlFollowsTheServiceAndTheUsersChoice) {
   FakeWindow window(test);
   window.invite("Room 7", 2);
   window.showLocation("Castle");
-  struct Row {
-    const char* what;
-    const char* typed;
-    const char* url;
+  const struct {
+    const char *what, *typed, *url;
     bool include;
     std::uint64_t action;
     const char* shown;
-    OptionalText planned;
-  };
-  const Row rows[] = {
-      {"first save, switched off", nullptr, kOpen, false, VnCmdSchedule, "Castle", ""},
-      {"switched on", nullptr, kOpen, true, VnCmdUpdate, "Castle; Room 7; https://vorn.example/j/1",
-       "Castle; Room 7; https://vorn.example/j/1"},
+    bool isPlanned = true;
+  } rows[] = {
+      {"first save, switched off", nullptr, kOpen, false, VnCmdSchedule, "Castle", false},
+      {"switched on", nullptr, kOpen, true, VnCmdUpdate, "Castle; Room 7; https://vorn.example/j/1"},
       {"a passcode came", nullptr, kWithPasscode, true, VnCmdUpdate,
-       "Castle; Room 7; https://vorn.example/j/1?pwd=x", "Castle; Room 7; https://vorn.example/j/1?pwd=x"},
+       "Castle; Room 7; https://vorn.example/j/1?pwd=x"},
       {"switched off while it stands there", nullptr, kOpen, false, VnCmdUpdate,
-       "Castle; Room 7; https://vorn.example/j/1", "Castle; Room 7; https://vorn.example/j/1"},
-      {"taken out by hand while off", "Tower", kWithPasscode, false, VnCmdUpdate, "Tower", ""},
+       "Castle; Room 7; https://vorn.example/j/1"},
+      {"taken out by hand while off", "Tower", kWithPasscode, false, VnCmdUpdate, "Tower", false},
       {"switched on again", nullptr, kWithPasscode, true, VnCmdUpdate,
-       "Tower; Room 7; https://vorn.example/j/1?pwd=x", "Tower; Room 7; https://vorn.example/j/1?pwd=x"},
-      {"everything taken out by hand", "", kOpen, true, VnCmdUpdate, "Room 7; https://vorn.example/j/1",
-       "Room 7; https://vorn.example/j/1"},
+       "Tower; Room 7; https://vorn.example/j/1?pwd=x"},
+      {"everything taken out by hand", "", kOpen, true, VnCmdUpdate, "Room 7; https://vorn.example/j/1"},
       {"marked by the client", "Castle; https://vorn.example/j/1?pwd=x&from=addon", kOpen, true, VnCmdUpdate,
-       "Castle; Room 7; https://vorn.example/j/1", "Castle; Room 7; https://vorn.example/j/1"},
+       "Castle; Room 7; https://vorn.example/j/1"},
       {"marked in the other way", "Castle; https://vorn.example/j/1?from=addon", kOpen, true, VnCmdUpdate,
-       "Castle; Room 7; https://vorn.example/j/1", "Castle; Room 7; https://vorn.example/j/1"},
+       "Castle; Room 7; https://vorn.example/j/1"},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
     if (row.typed) window.showLocation(row.typed);
     writeBack(window, row.url, row.include, row.action);
     EXPECT_EQ(shown(window), row.shown);
-    EXPECT_EQ(leftBy(window).getOLNewLocation(), row.planned);
+    EXPECT_EQ(leftBy(window).getOLNewLocation(), row.isPlanned ? row.shown : "");
     EXPECT_EQ(leftBy(window).getVnLocation(), "Room 7; " + std::string(row.url));
-    if (row.planned->empty()) continue;
+    if (!row.isPlanned) continue;
     EXPECT_EQ(window.get(window.bar->event, "location").text(), row.shown);
     EXPECT_EQ(window.get(window.bar->editor, "location").text(), row.shown);
   }
 }
 
 TEST_F(Location, WithoutAFieldTheUrlOfTheStoredRecordIsTheOldOneAndWithAFieldTheWindowsOwn) {
-  struct Row {
-    const char* record;
-    const char* shown;
+  const struct {
+    const char *record, *shown;
     bool hasField = false;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"{\"joinUrl\": \"https://vorn.example/j/old\"}", "Castle; https://vorn.example/j/new"},
       {"{\"joinUrl\": \"https://vorn.example/j/other\"}", "Castle; https://vorn.example/j/old"},
       {"no JSON", "Castle; https://vorn.example/j/old"},
       {"{\"joinUrl\": \"https://vorn.example/j/other\"}", "Castle; https://vorn.example/j/new", true},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     FakeWindow window(test);
     if (row.hasField) {
       window.showLocation("Castle; https://vorn.example/j/old");
@@ -218,18 +200,16 @@ TEST_F(Location, AnEmptyJoinUrlNeitherHangsNorTakesAnythingAway) {
 }
 
 TEST_F(Location, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
-  struct Row {
-    const char* shown;
-    const char* kept;
-  };
-  const Row rows[] = {
+  const struct {
+    const char *shown, *kept;
+  } rows[] = {
       {"Castle; east wing; https://vorn.example/j/1; tower", "Castleeast wing"},
       {"Castle; https://vorn.example/j/1?pwd=x; tower", "Castle"},
       {"https://vorn.example/j/1", ""},
       {"Castle; east wing", "Castle; east wing"},
       {"", ""},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     for (const bool hasField : {true, false}) {
       FakeWindow window(test);
       data(window).setJoinUrl(kOpen);
@@ -248,55 +228,52 @@ TEST_F(Location, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
   }
 }
 
+TEST_F(Location, ARoomIsFoundByItsExactName) {
+  Value attendees = Value::array();
+  for (const auto& [name, type] : {std::pair{"Room 7", "2"}, std::pair{"Ada", "1"}}) {
+    attendees.append(
+        Value::dictionaryFromPairs({{vn_ApptInfo_AttendeeName, name}, {vn_ApptInfo_AttendeeType, type}}));
+  }
+  EXPECT_TRUE(LocationRule::findRoomInAttendees("Room 7", attendees));
+  for (const OptionalText& name : {OptionalText(), OptionalText("room 7"), OptionalText("Ada")}) {
+    EXPECT_FALSE(LocationRule::findRoomInAttendees(name, attendees));
+  }
+}
+
 // -- Any text of a user ------------------------------------------------------------------------------------------
 
-class AnyText {
- public:
-  explicit AnyText(unsigned seed) : m_random(seed) {}
-
-  std::size_t below(std::size_t limit) { return m_random() % limit; }
-  // A text that holds none of our URLs and rooms, without blanks and separators at its ends.
-  std::string own() {
-    static const std::array<std::string, 16> pieces{"a",  "b", "Z", "ö", "東", "😀", ";", "; ",
-                                                    ";;", " ", ",", "/", ":",  "?", "&", "\t"};
-    std::string text;
-    for (std::size_t i = below(20); i > 0; --i) text += pieces[below(pieces.size())];
-    const std::size_t first = text.find_first_not_of("; \t");
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of("; \t") - first + 1);
-  }
-
- private:
-  std::mt19937 m_random;
-};
-
-std::string withoutSeparators(std::string text) {
-  for (std::size_t at = 0; (at = text.find("; ", at)) != std::string::npos;) text.erase(at, 2);
-  return text;
+// A text that holds none of our URLs and rooms, without blanks and separators at its ends.
+std::string anyOwnText(std::mt19937& random) {
+  static const std::array<std::string, 16> pieces{"a",  "b", "Z", "ö", "東", "😀", ";", "; ",
+                                                  ";;", " ", ",", "/", ":",  "?", "&", "\t"};
+  std::string text;
+  for (std::size_t i = random() % 20; i > 0; --i) text += pieces[random() % pieces.size()];
+  const std::size_t first = text.find_first_not_of("; \t");
+  return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of("; \t") - first + 1);
 }
 
 TEST_F(Location, AnyTextOfTheUserComesBackFromWhatWasComposed) {
   for (unsigned seed = 0; seed < 120; ++seed) {
     SCOPED_TRACE(seed);
-    AnyText any(seed);
+    std::mt19937 random(seed);
     FakeWindow window(test);
-    const std::string text = any.own();
+    const std::string text = anyOwnText(random);
     window.showLocation(text);
     std::string rooms;
-    for (std::size_t room = any.below(4); room > 0; --room) {
+    for (std::size_t room = random() % 4; room > 0; --room) {
       const std::string name = "Room " + std::to_string(room);
       window.invite(name.c_str(), 2);
       rooms += name;
     }
     // The switch is off only once a URL stands there, and then it stays up to date.
-    for (std::size_t saves = 1 + any.below(4); saves > 0; --saves) {
-      const std::string passcode = any.below(2) == 0 ? "" : "?pwd=" + std::to_string(any.below(9));
-      writeBack(window, "https://vorn.example/j/" + std::to_string(10 + any.below(90)) + passcode,
-                shown(window) == text || any.below(2) == 0);
+    for (std::size_t saves = 1 + random() % 4; saves > 0; --saves) {
+      const std::string passcode = random() % 2 == 0 ? "" : "?pwd=" + std::to_string(random() % 9);
+      writeBack(window, "https://vorn.example/j/" + std::to_string(10 + random() % 90) + passcode,
+                shown(window) == text || random() % 2 == 0);
       ASSERT_EQ(own(window), text) << shown(window);
     }
     cancel(window);
-    ASSERT_EQ(shown(window), withoutSeparators(text) + rooms);
+    ASSERT_EQ(shown(window), replacingAll(text, "; ", "") + rooms);
   }
 }
 

@@ -68,13 +68,31 @@ class FakePanels final : public SettingsPanels {
   FakePanel panel;
 };
 
-// A window whose meeting has been read and is as the service has it, with a panel and a client that takes every
-// request.
-class MeetingFixture : public testing::Test {
+// The host's classes, and no window yet.
+class WorkflowFixture : public testing::Test {
  protected:
-  MeetingFixture() {
+  WorkflowFixture() {
     defineWindowClasses(test.classRuntime);
     WorkflowDirectory::sharedInstance().install();
+  }
+
+  HostObject hostObject(const char* className, const Value& state = Value::dictionary()) {
+    return test.classRuntime.create(className, std::make_shared<Value>(state));
+  }
+
+  TestPlatform test;
+};
+
+// What only a meeting's message says, as a reply brings it.
+inline OptionalText encoded(const google::protobuf::MessageLite& message) {
+  return EncodeUtils::base64Encode(message.SerializeAsString());
+}
+
+// A window whose meeting has been read and is as the service has it, with a panel and a client that takes every
+// request.
+class MeetingFixture : public WorkflowFixture {
+ protected:
+  MeetingFixture() {
     test.classRuntime.setInstanceMethod("ERCalendarEventEditorViewController",
                                         "vn_ERCalendarEventEditorViewController_save",
                                         [this](const HostObject&, const Arguments&) {
@@ -137,7 +155,7 @@ class MeetingFixture : public testing::Test {
     message.set_usertype(userType);
     message.set_id("me");
     vnUserProfileHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(message.SerializeAsString())}}));
+        Value::dictionaryFromPairs({{vn_Profile_Proto, encoded(message)}}));
   }
   std::string id() { return window->bar->ownWindow.windowId(); }
   void openPanel() { panels.openFor = id(); }
@@ -150,7 +168,6 @@ class MeetingFixture : public testing::Test {
     test.runLoop.runFor(0.01);
   }
 
-  TestPlatform test;
   RecordingClient& client = RecordingClient::install(test);
   FakePanels panels;
   std::unique_ptr<FakeWindow> window;

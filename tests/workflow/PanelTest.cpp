@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "channel/store/JsonTextFile.h"
+#include "channel/store/vnCommon.h"
 #include "channel/store/vnLocalProfileKeys.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "data/vnGetPACHelper.h"
@@ -165,6 +166,25 @@ TEST_F(Panel, WhatWaitedForTheProfileGoesOnWhenItHasCome) {
   }
 }
 
+TEST_F(Panel, OfAUserWhoNeverSeesItAnAddGoesOnWithThePersonalMeetingOrAtOnce) {
+  for (const bool isPersonal : {false, true}) {
+    com::tidemar::webapp::proto::UserProfile message;
+    message.set_id("me");
+    message.set_usertype(2);
+    message.set_useroption3(isPersonal ? 0x100 : 0);
+    vnUserProfileHelper::sharedInstance().setData(
+        Value::dictionaryFromPairs({{vn_Profile_Proto, encoded(message)}}));
+    JsonTextFile(vnCommon::getVnUserProfilePath("me")).setKey(vn_Setting_NotShowMeAgain, true);
+    openWindow();
+    data().setMeetingKey("");
+    client.requests.clear();
+    manager().sendVnMeetingCommand(VnCmdAdd, window->bar);
+    EXPECT_THAT(client.names(), ElementsAre(isPersonal ? "3/4" : "3/1"));
+    EXPECT_EQ(manager().state(), isPersonal ? VnStatePMIForSchedule : VnStateCommitting);
+    EXPECT_THAT(panel.calls, IsEmpty());
+  }
+}
+
 // A click before the profile has come is the one that the user waits for only when settings are to be shown.
 TEST_F(Panel, AClickWithoutAPanelToShowAsksForTheProfileOrStops) {
   for (const std::uint64_t command : {VnCmdAdd, VnCmdChangeSettings}) {
@@ -194,6 +214,9 @@ TEST_F(Panel, WhoMerelyOpensAnAppointmentIsNotToldThatTheClientIsMissing) {
   test.workspace.running.insert("us.vorn.xos");
   manager().settingsFlow().prepareUserProfile(opened, true);
   EXPECT_THAT(client.names(), IsEmpty());
+  EXPECT_EQ(manager().settingsFlow().getScheduleForList(opened), 0);
+  EXPECT_THAT(client.names(), ElementsAre("11"));
+  EXPECT_FALSE(test.presenter.showsProgress());
 }
 
 TEST_F(Panel, AFaultOfACommitReachesThePanelOfItsOwnWindowAlone) {
@@ -283,21 +306,15 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
   EXPECT_EQ(test.presenter.alerts()[0].alert.message,
             formatText(localizedString("LN_Schedule_Template_Notavailable_220900"), {"Interview"}));
 
+  test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
+  EXPECT_THAT(client.names(), IsEmpty());
+  EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
+  other.manager->cleanup();
+
   test.presenter.answerAlert(0, Presenter::Answer::alternateButton);
   EXPECT_EQ(answered["meetingData"], dataOf("Interview"));
   EXPECT_THAT(client.names(), ElementsAre("3/2"));
   EXPECT_THAT(client.requests.back().second, testing::Not(testing::HasSubstr("Interview")));
-
-  test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
-  EXPECT_THAT(client.names(), ElementsAre("3/2"));
-  EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
-}
-
-TEST_F(Panel, PeopleToScheduleForAreAskedForWithoutASheet) {
-  MeetingWindow opened = MeetingWindow::ofBar(window->bar);
-  EXPECT_EQ(manager().settingsFlow().getScheduleForList(opened), 0);
-  EXPECT_THAT(client.names(), ElementsAre("11"));
-  EXPECT_FALSE(test.presenter.showsProgress());
 }
 
 }  // namespace

@@ -1,13 +1,7 @@
 // The last write, on the record that the host is about to store.
 
-#include <gtest/gtest.h>
-
 #include "data/vnGetPACHelper.h"
-#include "data/vnSettingKeys.h"
-#include "host/proxies/vnApptInfoKeys.h"
-#include "meeting.pb.h"
-#include "tests/support/FakeWindow.h"
-#include "util/EncodeUtils.h"
+#include "tests/workflow/MeetingFixture.h"
 #include "workflow/RunningSave.h"
 #include "workflow/StoreTimeWriter.h"
 #include "workflow/vnApptDataForSaveRecord.h"
@@ -34,20 +28,16 @@ void receiveConferences() {
   second.add_tollnumbers()->set_number("+33 1");
   proto::PACMeeting& third = *response.mutable_pacinfo()->add_meetings();
   third.set_location("Phone 3");
-  vnGetPACHelper::sharedInstance().setPACInfo(EncodeUtils::base64Encode(response.SerializeAsString()));
+  third.add_tollnumbers()->set_number("+44 3");
+  vnGetPACHelper::sharedInstance().setPACInfo(encoded(response));
 }
 
-class StoreTime : public testing::Test {
+class StoreTime : public WorkflowFixture {
  protected:
-  StoreTime() {
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-  }
-
   HostObject record(std::initializer_list<std::pair<std::string_view, Value>> items) {
     Value state = Value::dictionary();
     for (const auto& [key, value] : items) state.set(key, value);
-    return test.classRuntime.create("ECMutableCalendarEvent", std::make_shared<Value>(state));
+    return hostObject("ECMutableCalendarEvent", state);
   }
   StoreTimeWriter writer(const HostObject& object, std::shared_ptr<vnMeetingMgr> manager = nullptr) const {
     return {object, save, std::move(manager)};
@@ -56,21 +46,16 @@ class StoreTime : public testing::Test {
     return (*test.classRuntime.state<Value>(object))[key];
   }
 
-  TestPlatform test;
   vnApptDataForSaveRecord& left = vnApptDataForSaveRecord::sharedInstance();
   ApptSaveData save;
 };
 
 TEST_F(StoreTime, WritesWhatKindOfAppointmentItIs) {
-  struct Row {
-    const char* what;
-    const char* record;
-    bool isPAC;
-    bool clears;
-    const char* location;
-    const char* body;
-  };
-  const Row rows[] = {
+  const struct {
+    const char *what, *record;
+    bool isPAC, clears;
+    const char *location, *body;
+  } rows[] = {
       {"a meeting", kMeetingRecord, false, false, "Castle; url", "<p>new</p>"},
       {"a meeting before everything else", kMeetingRecord, true, true, "Castle; url", "<p>new</p>"},
       {"a telephone conference", "", true, false, "Castle +33 1, 5550002", "<p>new</p>"},
@@ -79,7 +64,7 @@ TEST_F(StoreTime, WritesWhatKindOfAppointmentItIs) {
       {"none of them", "", false, false, "Castle", "<p>old</p>"},
       {"a record without a key", "{\"joinUrl\": \"url\"}", false, false, "Castle", "<p>old</p>"},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
     FakeWindow window(test);
     receiveConferences();
@@ -102,11 +87,10 @@ TEST_F(StoreTime, WritesWhatKindOfAppointmentItIs) {
 }
 
 TEST_F(StoreTime, WritesTheLocationOnlyWhenItsOwnPartIsNotThereYet) {
-  struct Row {
+  const struct {
     OptionalText stored, ours, planned, fromRecord;
     bool expected;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {std::nullopt, "url", "Castle; url", std::nullopt, true},
       {std::nullopt, std::nullopt, std::nullopt, std::nullopt, true},
       {"Castle", std::nullopt, "x", std::nullopt, false},
@@ -119,7 +103,7 @@ TEST_F(StoreTime, WritesTheLocationOnlyWhenItsOwnPartIsNotThereYet) {
       {"url tower", "url", "Castle; url", "url", false},
       {"url tower", "url", "Castle; url", "old", true},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     const HostObject object = record({{"location", row.stored}});
     save.setVnLocation(row.ours);
     save.setOLNewLocation(row.planned);
@@ -134,17 +118,16 @@ TEST_F(StoreTime, WritesTheLocationOnlyWhenItsOwnPartIsNotThereYet) {
 }
 
 TEST_F(StoreTime, AnAppointmentWithoutATitleTakesTheServicesTopic) {
-  struct Row {
+  const struct {
     const char* summary;
     bool hasMeeting;
     const char* expected;
-  };
-  const Row rows[] = {{"", true, "Topic"},
-                      {" \t ", true, "Topic"},
-                      {"Review", true, "Review"},
-                      {"", false, ""},
-                      {"\n", true, "\n"}};
-  for (const Row& row : rows) {
+  } rows[] = {{"", true, "Topic"},
+              {" \t ", true, "Topic"},
+              {"Review", true, "Review"},
+              {"", false, ""},
+              {"\n", true, "\n"}};
+  for (const auto& row : rows) {
     FakeWindow window(test);
     const HostObject object = record({{"summary", row.summary}});
     if (row.hasMeeting) {
@@ -157,13 +140,12 @@ TEST_F(StoreTime, AnAppointmentWithoutATitleTakesTheServicesTopic) {
 }
 
 TEST_F(StoreTime, WritesABodyThatSaysSomethingElse) {
-  struct Row {
+  const struct {
     const char* what;
     Value body;
     OptionalText planned;
     bool written;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"another text", "<p>old</p>", "<p>new</p>", true},
       {"the same text in another dress", "<p>a b</p>", "<div>ab</div>", false},
       {"the very same text", "<p>a b</p>", "<p>a b</p>", false},
@@ -174,7 +156,7 @@ TEST_F(StoreTime, WritesABodyThatSaysSomethingElse) {
       {"a record that has no body", Value(), "<p>new</p>", false},
       {"an empty body", "", "<p>new</p>", true},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
     const HostObject object = record({{"body", row.body}});
     save.setOLNewBody(row.planned);
@@ -184,18 +166,17 @@ TEST_F(StoreTime, WritesABodyThatSaysSomethingElse) {
 }
 
 TEST_F(StoreTime, ADeleteWritesTheCleanedLocationAndBody) {
-  struct Row {
+  const struct {
     bool clears;
     OptionalText location, body;
     const char *storedLocation, *storedBody;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {true, "Castle", "<p>mine</p>", "Castle", "<p>mine</p>"},
       {true, "", "", "", ""},
       {true, "Castle", std::nullopt, "Castle", "<p>both</p>"},
       {false, "Castle", "<p>mine</p>", "Castle; url", "<p>both</p>"},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     const HostObject object = record({{"location", "Castle; url"}, {"body", "<p>both</p>"}});
     save.setNeedClearLocation(row.clears);
     save.setOLNewLocation(row.location);
@@ -214,12 +195,11 @@ TEST_F(StoreTime, ATelephoneConferenceTakesThePlaceOfTheOneBefore) {
 
   receiveConferences();
   conference.setMeetingMgr(manager.get());
-  struct Row {
+  const struct {
     std::uint64_t account;
     OptionalText location;
     const char* expected;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {1, "Room", "Room +1 999"},
       {1, std::nullopt, "+1 999"},
       {1, "", "+1 999"},
@@ -227,9 +207,10 @@ TEST_F(StoreTime, ATelephoneConferenceTakesThePlaceOfTheOneBefore) {
       {2, "Room +33 1, 5550002", "Room +33 1, 5550002"},
       {2, "Room +1 200, 5550001", "Room +33 1, 5550002"},
       {3, "Room 10", "Room 10 Phone 3"},
+      {3, "Room 10 +44 3", "Room 10 Phone 3"},
       {4, "Room 10", "Room 10"},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     manager->meetingDataMgr()->setPACAccountNo(row.account);
     EXPECT_EQ(conference.getNewLocationForPAC(row.location), row.expected) << row.location.value_or("-");
   }
@@ -243,6 +224,7 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
     enum { outside, own, other, none } save;
     bool expected;
     int shownRecord = 0, recordsRecord = 0;
+    Value exists = {};
   };
   const Row rows[] = {
       {"its own appointment", "A", "A", "", "", Row::own, true},
@@ -258,6 +240,9 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
       {"one that has no record yet", "A", "A", "2", "2", Row::own, true, 5, 0},
       {"one that is stored for the first time", "", "", "", "", Row::own, true},
       {"one that gets its UUID just before", "", "A", "", "", Row::own, true},
+      {"another that is there already, in the first save of a new one", "", "B", "", "", Row::own, false, 0, 7,
+       true},
+      {"one that gets its identity in its first save", "", "C", "", "", Row::own, true, 0, 7, false},
       {"a new one while another window is saved", "", "", "", "", Row::other, false},
       {"a new one outside of a save", "", "", "", "", Row::outside, false},
   };
@@ -270,8 +255,8 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
     window.set(window.bar->event, "recurrenceId", row.shownId);
     const HostObject object = record({{"UUID", row.recordUUID}, {"recurrenceId", row.recordId}, {"body", "old"}});
     const auto setRecord = [&](const HostObject& event, int id) {
-      const HostObject uid = test.classRuntime.create(
-          "ECRecordUID", std::make_shared<Value>(Value::dictionaryFromPairs({{"recordID", id}})));
+      const HostObject uid =
+          hostObject("ECRecordUID", Value::dictionaryFromPairs({{"recordID", id}, {"recordExists", row.exists}}));
       if (id != 0) window.set(event, "recordUID", uid);
     };
     setRecord(window.bar->event, row.shownRecord);
@@ -327,30 +312,12 @@ TEST_F(StoreTime, AWindowThatTurnsToTheSeriesLeavesNothingOfTheItemForIt) {
   EXPECT_EQ(stored(series, "body").text(), "<p>the series</p>");
 }
 
-TEST_F(StoreTime, AnotherRecordInsideTheFirstSaveOfANewAppointmentIsNotTakenForIt) {
-  FakeWindow window(test);
-  left.of(window.bar).setNeedClearLocation(true);
-  left.of(window.bar).setOLNewBody("<p>new</p>");
-  const HostObject uid = test.classRuntime.create(
-      "ECRecordUID", std::make_shared<Value>(Value::dictionaryFromPairs({{"recordExists", true}})));
-  const HostObject other = record({{"UUID", "B"}, {"recordUID", uid}, {"body", "<p>other</p>"}});
-  const HostObject newUid = test.classRuntime.create(
-      "ECRecordUID", std::make_shared<Value>(Value::dictionaryFromPairs({{"recordExists", false}})));
-  const HostObject own = record({{"UUID", "C"}, {"recordUID", newUid}, {"body", ""}});
-  const RunningSave running(window.bar);
-  StoreTimeWriter::write(other);
-  StoreTimeWriter::write(own);
-  EXPECT_EQ(stored(other, "body").text(), "<p>other</p>");
-  EXPECT_EQ(stored(own, "body").text(), "<p>new</p>");
-}
-
 TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
   const struct {
     const char* name;
     bool hasMeeting, isDeleted;
     Value body;
-    OptionalText field, notedBefore;
-    OptionalText notedBody, notedLocation;
+    OptionalText field, notedBefore, notedBody, notedLocation;
     bool fromChanged = false, hasHtml = false, becomesPlain = false;
   } rows[] = {
       {"a meeting", true, false, "<p>new</p>", "Castle", std::nullopt, "<p>new</p>", "Castle"},
@@ -374,7 +341,7 @@ TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
     window.bar->fromChanged = row.fromChanged;
     proto::MeetingProto message;
     if (row.hasHtml) message.set_invitehtmlemail("<p>Join</p>");
-    window.manager->getMeetingHelper()->setPBMeetingData(EncodeUtils::base64Encode(message.SerializeAsString()));
+    window.manager->getMeetingHelper()->setPBMeetingData(encoded(message));
     window.set(window.bar->bodyEditor, "bodyContent", row.body);
     if (row.field) window.showLocation(*row.field);
     left.of(window.bar).setOLNewBody(row.notedBefore);
@@ -383,13 +350,6 @@ TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
     EXPECT_EQ(left.of(window.bar).getOLNewLocation(), row.notedLocation);
     EXPECT_EQ(window.bodySwitch(), row.becomesPlain ? "switchToPlainText" : "");
   }
-}
-
-TEST_F(StoreTime, AWindowThatGoesTakesAlongWhatItHasLeft) {
-  FakeWindow window(test);
-  left.of(window.bar).setOLNewBody("<p>mine</p>");
-  window.manager->cleanup();
-  EXPECT_TRUE(left.windows().empty());
 }
 
 TEST_F(StoreTime, EachEditorFindsItsOwnBodyEditor) {

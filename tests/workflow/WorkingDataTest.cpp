@@ -1,12 +1,4 @@
-#include <gtest/gtest.h>
-
-#include "data/vnProfileKeys.h"
-#include "data/vnSettingKeys.h"
-#include "data/vnUserProfileHelper.h"
-#include "host/proxies/vnApptInfoKeys.h"
-#include "meeting.pb.h"
-#include "tests/support/FakeWindow.h"
-#include "util/EncodeUtils.h"
+#include "tests/workflow/MeetingFixture.h"
 #include "util/vnOLUtils.h"
 #include "workflow/OwnerCheck.h"
 #include "workflow/vnOnbehalfData.h"
@@ -14,24 +6,17 @@
 namespace vorn {
 namespace {
 
-class WorkingData : public testing::Test {
+class WorkingData : public WorkflowFixture {
  protected:
-  WorkingData() {
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-  }
-
   template <typename Fill>
   static void receive(const Fill& fill, const Value& bosses = {}) {
     com::tidemar::webapp::proto::UserProfile message;
     fill(message);
     Value profile = Value::dictionary();
-    profile.set(vn_Profile_Proto, EncodeUtils::base64Encode(message.SerializeAsString()));
+    profile.set(vn_Profile_Proto, encoded(message));
     profile.set(vn_Profile_Bosses, bosses);
     vnUserProfileHelper::sharedInstance().setData(profile);
   }
-
-  TestPlatform test;
 };
 
 TEST_F(WorkingData, AKeyIsClearedWithTheEmptyTextAndNeverWithNothing) {
@@ -58,12 +43,8 @@ TEST_F(WorkingData, UsedJoinUrlsAreKeptOnceAndSplitByPasscode) {
   EXPECT_FALSE(data.occurrenceIsSingleVornMeeting());
   EXPECT_EQ(data.usedJoinUrlsList().size(), 2u);
   EXPECT_TRUE(data.forceIncludeJoinUrlInLocation());
-}
-
-TEST_F(WorkingData, TheUrlGoesIntoTheLocationUnlessTheUserHasStoredOtherwise) {
-  EXPECT_TRUE(vnMeetingDataMgr().forceIncludeJoinUrlInLocation());
   test.userDefaults.setObject(false, vn_Setting_ForceIncludeJoinurlInLocation);
-  EXPECT_FALSE(vnMeetingDataMgr().forceIncludeJoinUrlInLocation());
+  EXPECT_FALSE(vnMeetingDataMgr().forceIncludeJoinUrlInLocation()) << "the user has stored otherwise";
 }
 
 TEST_F(WorkingData, TheStoredRecordEndsAtTheFirstAbsentValue) {
@@ -115,14 +96,12 @@ TEST_F(WorkingData, AChoiceIsChangedWhenItDiffersFromTheStoredOneAndNoLanguageAl
   data.setOldForceIncludeJoinurlInLocation(false);
   EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());
 
-  struct Row {
+  const struct {
     OptionalText now, old;
     bool changed;
-  };
-  const Row rows[] = {{std::nullopt, std::nullopt, true}, {std::nullopt, "en-US", true},
-                      {"en-US", std::nullopt, true},      {"en-US", "en-US", false},
-                      {"en-us", "en-US", true},           {"", "", false}};
-  for (const Row& row : rows) {
+  } rows[] = {{std::nullopt, std::nullopt, true}, {std::nullopt, "en-US", true}, {"en-US", std::nullopt, true},
+              {"en-US", "en-US", false},          {"en-us", "en-US", true},      {"", "", false}};
+  for (const auto& row : rows) {
     data.setSelectInvitationLanguage(row.now);
     data.setOldSelectInvitationLanguage(row.old);
     EXPECT_EQ(data.isSelectInvitationLanguageChanged(), row.changed) << row.now.value_or("-");
@@ -139,13 +118,12 @@ TEST_F(WorkingData, AMeetingWithoutAnyProtectionGetsAWaitingRoomUnlessTheAccount
   constexpr std::int64_t kNewLogic = std::int64_t{1} << 47;
   constexpr std::int64_t kWaitingRooms = std::int64_t{1} << 9;
   constexpr std::int64_t kLocked = std::int64_t{1} << 17;
-  struct Row {
+  const struct {
     const char* what;
     std::int64_t option3, option4;
     const char* passcode;
     bool usePMI, expected;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"nothing protects it", kNewLogic, 0, "", false, true},
       {"an older account", 0, 0, "", false, false},
       {"a passcode", kNewLogic, 0, "abc123", false, false},
@@ -153,7 +131,7 @@ TEST_F(WorkingData, AMeetingWithoutAnyProtectionGetsAWaitingRoomUnlessTheAccount
       {"waiting rooms locked away", kNewLogic, kLocked, "", false, false},
       {"waiting rooms locked on", kNewLogic | kWaitingRooms, kLocked, "", false, true},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     receive([&](auto& profile) {
       profile.set_useroption3(row.option3);
       profile.set_useroption4(row.option4);
@@ -178,8 +156,7 @@ TEST_F(WorkingData, ANewMeetingTakesOverThePersonalMeetingAndNothingOfAnyOther) 
   constexpr std::int64_t kPrefersPersonalNumber = 0x100;
   const struct {
     std::int64_t option3;
-    bool hasRead;
-    bool takesOver;
+    bool hasRead, takesOver;
   } rows[] = {{0, true, false}, {kPrefersPersonalNumber, false, false}, {kPrefersPersonalNumber, true, true}};
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::Message() << row.option3 << (row.hasRead ? " read" : ""));
@@ -205,7 +182,7 @@ TEST_F(WorkingData, TheFromAccountFitsEveryMeetingButOnesOwnThatIsNotStoredYet) 
   Value bosses = Value::array();
   bosses.append(Value::dictionaryFromPairs({{"email", "dana@vorn.example"}, {"displayName", "Dana"}}));
   receive([](auto&) {}, bosses);
-  struct Row {
+  const struct {
     const char* name;
     const char* from = "dana@vorn.example";
     bool isDelegating = true;
@@ -213,8 +190,7 @@ TEST_F(WorkingData, TheFromAccountFitsEveryMeetingButOnesOwnThatIsNotStoredYet) 
     const char* record = "";
     bool hasMeeting = true, isSupported = true, hasBar = true;
     bool fits = true;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {.name = "one's own, in somebody's name", .fits = false},
       {.name = "one's own, in nobody's name yet", .from = "", .fits = false},
       {.name = "one's own, with a record that nobody can read", .record = "no JSON", .fits = false},
@@ -230,7 +206,7 @@ TEST_F(WorkingData, TheFromAccountFitsEveryMeetingButOnesOwnThatIsNotStoredYet) 
       {.name = "one that is not supported", .isSupported = false},
       {.name = "one without a bar", .hasBar = false},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     FakeWindow window(test);
     window.sendFrom(row.from, row.isDelegating);
     window.set(window.bar->event, "olmUCInband", row.record);

@@ -1,6 +1,5 @@
 #include "channel/commands/vnAPIBase.h"
 
-#include <array>
 #include <string_view>
 #include <utility>
 
@@ -27,7 +26,7 @@ constexpr std::string_view kErrorMark = "0;Error ";
 
 // The client's words for an error. 3018 counts as 3001, and the client's own error 2 as the network's 5003; the
 // plug-in's code 2 is another thing.
-constexpr std::array<std::pair<std::string_view, int>, 17> kErrors{{
+constexpr std::pair<std::string_view, int> kErrors[] = {
     {"0;Error 3001", ErrorCode::kMeetingNotFound},
     {"0;Error 3018", ErrorCode::kMeetingNotFound},
     {"0;Error 2", ErrorCode::kNetwork},
@@ -45,7 +44,7 @@ constexpr std::array<std::pair<std::string_view, int>, 17> kErrors{{
     {"0;Error 3105", ErrorCode::kPMIDisabled},
     {"0;Error 3113", ErrorCode::kSecurityOptionMissing},
     {"0;Error 3161", ErrorCode::kNotAllowed},
-}};
+};
 
 }  // namespace
 

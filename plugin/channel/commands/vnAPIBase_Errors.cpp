@@ -1,6 +1,5 @@
 // What the user is told about an error.
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,7 +28,7 @@ namespace {
 
 // Codes whose text is that of one key. A code that stands nowhere has no text, and 3403 and 3113 are among them:
 // they come here only from commands that never ask for what they complain of.
-constexpr std::array<std::pair<int, std::string_view>, 13> kMessageKeys{{
+constexpr std::pair<int, std::string_view> kMessageKeys[] = {
     {ErrorCode::kNoClient, "NoVornClient"},
     {ErrorCode::kNoInternet, "InternetError"},
     {ErrorCode::kClientNotRunning, "VornClientNotRunning"},
@@ -43,7 +42,7 @@ constexpr std::array<std::pair<int, std::string_view>, 13> kMessageKeys{{
     {ErrorCode::kNotAllowed, "LN_Schedule_NotAllowed_332953"},
     {ErrorCode::kPasscodeUnfit, "LN_Schedule_PasswordDoNotMeetRequirements_136704"},
     {ErrorCode::kNetwork, "NetworkConnectionError"},
-}};
+};
 
 void traceAlert(int code, const std::string& message) {
   traceStep("alert", [&] {
