@@ -25,7 +25,7 @@ TEST(CheckFloors, NamesWhatBreaksTheFloors) {
                    ""},
         FloorsCase{"Upward",
                    {{"plugin/data/a.h", "\n#include \"workflow/b.h\"\n"}, {"plugin/workflow/b.h", ""}},
-                   "plugin/data/a.h:2: upward include from data (floor 5) to workflow (floor 7)"},
+                   "plugin/data/a.h:2: upward include from data (floor 6) to workflow (floor 8)"},
         FloorsCase{"CircleOnOneFloor",
                    {{"plugin/data/a.h", "#include \"invitation/b.h\"\n"},
                     {"plugin/invitation/b.h", "#include \"licence/c.h\"\n"},

@@ -36,7 +36,7 @@ TEST(Scenario, SaysWhereALineCannotBeReadAndWhatWasExpected) {
        "x.vorn:1: expected one of add, meeting, hidden, none, found \"green\"\n  it is written: "
        "expect bar add|meeting|hidden|none"},
       {"click",
-       "x.vorn:1: expected add, cancel, settings, audio 1 or audio 2, the line ends\n  it is written: click "},
+       "x.vorn:1: expected one of add, cancel, settings, audio 1, audio 2, ribbon schedule"},
       {"type times tomorrow", "x.vorn:1: expected a time such as 2026-11-23T09:00, found \"tomorrow\""},
       {"type times 2026-11-23T09:00 for 5", "x.vorn:1: expected \"min\", the line ends"},
       {"type subject Budget", "x.vorn:1: expected a text in quotes, found \"Budget\""},
@@ -110,7 +110,7 @@ TEST_F(PlayScenario, FailsWhereALineCannotBePlayed) {
       {"appointment a\nin a\nexpect window closed\n",
        ":3: expect window closed\n  expected   a window that was opened before\n  there was  none"},
       {"appointment a\nopen a\nclick cancel\n",
-       ":3: click cancel\n  expected   a bar with a button for cancel\n  there was  none"},
+       ":3: click cancel\n  expected   a button for cancel\n  there was  hidden"},
   };
   for (const auto& [text, told] : cases) {
     const ProgramRun run = play({m_folder.write("x.vorn", text)});

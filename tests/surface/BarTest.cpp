@@ -209,7 +209,7 @@ TEST_F(Bar, AStoredAppointmentThatOpensMeanwhileIsNotTheOneThatTheToolbarMeant) 
 TEST_F(Bar, EndsALittleAfterItsOwnWindowCloses) {
   auto bar = makeBar();
   const std::weak_ptr<vnActionAdditionView> watched = bar;
-  const HostObject view = bar->view();
+  const HostObject view(bar->view().address());
   bar.reset();
   closeWindow(controller);
   EXPECT_TRUE(barOfWindow());

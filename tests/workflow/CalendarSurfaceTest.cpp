@@ -112,38 +112,27 @@ TEST_F(CalendarEdit, AnAppointmentThatSupportsNoMeetingIsLeftAlone) {
 }
 
 TEST_F(CalendarEdit, InAWindowWithABarAndNoManagerNothingIsSent) {
-  const auto bar = std::make_shared<FakeBar>();
-  bar->ownWindow = hostObject("NSWindow");
-  vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(bar);
-  EXPECT_EQ(vnCalendarActionMgr::sharedInstance().updateAppointmentOnCalendar(Value::dictionary(), bar->ownWindow,
-                                                                              true, VnCmdUpdate, "77"),
+  FakeWindow window(test);
+  vnMeetingMgrMonitor::sharedInstance().removeInstanceByVnView(window.bar.get());
+  EXPECT_EQ(vnCalendarActionMgr::sharedInstance().updateAppointmentOnCalendar(
+                Value::dictionary(), window.bar->ownWindow, true, VnCmdUpdate, "77"),
             0);
 }
 
 // A request of no window has its reply dropped.
 TEST_F(CalendarEdit, ADeletionWithoutAnEditorIsTheMainWindows) {
   RecordingClient& client = RecordingClient::install(test);
-  for (const char* name : {"ERageMainWindowController", "NSApplication"}) test.classRuntime.defineClass(name);
-  const auto answers = [&](const char* className, const char* selector) {
-    test.classRuntime.setInstanceMethod(className, selector,
-                                        [this, selector](const HostObject& self, const Arguments&) {
-                                          return (*test.classRuntime.state<Value>(self))[selector];
-                                        });
-  };
-  answers("NSApplication", "windows");
-  answers("NSWindow", "windowController");
+  FakeHost host(test.classRuntime);
   Value windows = Value::array();
   for (const char* controller : {"ERCalendarEventEditorWindowController", "ERageMainWindowController"}) {
-    windows.append(
-        hostObject("NSWindow", Value::dictionaryFromPairs({{"windowController", hostObject(controller)}})));
+    windows.append(host.object("NSWindow", {{"windowController", host.object(controller)}}));
   }
-  const HostObject application = hostObject("NSApplication", Value::dictionaryFromPairs({{"windows", windows}}));
+  const HostObject application = host.object("NSApplication", {{"windows", windows}});
   test.classRuntime.setClassMethod(
       "NSApplication", "sharedApplication",
       [application](const HostObject&, const Arguments&) { return Value(application); });
-  EXPECT_EQ(vnCalendarActionMgr::sharedInstance().deleteMeeting(
-                hostObject("ECCalendarEvent", Value::dictionaryFromPairs({{"isOwner", true}}))),
-            0);
+  EXPECT_EQ(
+      vnCalendarActionMgr::sharedInstance().deleteMeeting(host.object("ECCalendarEvent", {{"isOwner", true}})), 0);
   const OptionalText meeting = EncodeUtils::base64Encode(R"({"meetingKey":"88"})");
   Value envelope = Value::dictionary();
   envelope.set(VN_IPC_ACTION_ID, "10");

@@ -18,8 +18,8 @@ vnERageMainWindowController& vnERageMainWindowController::sharedInstance() {
 }
 
 void vnERageMainWindowController::setDelegate(const HostObject& delegate) {
-  // One that has ended gives way to the next: a main window may be closed and opened again.
-  if (isValidConnection() || !isKindOfHostClass(delegate, className())) return;
+  // The first is kept as long as its window is there: a main window may be closed and another one opened.
+  if (booleanFromHost(askHost(window(), "isVisible")) || !isKindOfHostClass(delegate, className())) return;
   vnDelegateBase::setDelegate(delegate);
   connectChild();
 }
