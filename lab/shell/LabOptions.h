@@ -1,10 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace vornlab {
+
+class WatchPost;
 
 // What every command that starts the laboratory can be told.
 struct LabOptions {
@@ -23,6 +26,11 @@ struct LabOptions {
   std::string systemVersion = "10.15.0";
   // Seconds that one appointment may take.
   double timeoutSeconds = 60;
+
+  // Where the session tells what happens; null when nobody can watch.
+  std::shared_ptr<WatchPost> watchPost;
+  // What the session is for, told to those who watch; "" when the command says it all.
+  std::string title;
 
   // Whether the user has told the plug-in not to show its panel, so that a click on Add goes straight through.
   bool panelIsOff = true;

@@ -17,7 +17,9 @@ ExitCode playScenarios(const PlayOptions& options) {
   ProgressBar progress(stderr, scenarios.size() > 1 ? scenarios.size() : 0);
   for (std::size_t i = 0; i < scenarios.size(); ++i) {
     progress.show(i);
-    const ScenarioResult result = play(scenarios[i], options.lab, Session::start);
+    LabOptions lab = options.lab;
+    lab.title = scenarios[i].name();
+    const ScenarioResult result = play(scenarios[i], lab, Session::start);
     progress.hide();
     report.tell(result);
   }

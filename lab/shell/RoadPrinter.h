@@ -21,7 +21,7 @@ class RoadPrinter {
   void say(std::string_view who, const std::string& what) const;
 
  private:
-  void printEnvelope(std::string_view direction, const std::string& what, const vorn::Value& facts) const;
+  void printContent(const std::string& content) const;
 
   Envelopes m_envelopes;
   std::chrono::steady_clock::time_point m_began = std::chrono::steady_clock::now();

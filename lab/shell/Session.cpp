@@ -30,18 +30,21 @@ Session::Session(const LabOptions& options, CalendarStore& calendar, const Outlo
     : EmbeddedSession(options, hostOptions, std::make_unique<vorn::AsioRunLoop>(), resourcesOf(options)),
       m_notifications(vorn::EmbeddedDistributedNotifications::connect(runLoop())),
       m_workspace(world().root().string(), {world().applications().string()}) {
+  if (options.watchPost) m_watch.emplace(*options.watchPost, *this, runLoop(), options.title);
   attempt(&Session::prepareClient);
   host().defineClasses();
   host().open(calendar);
   vorn::Platform platform = commonPlatform();
   platform.workspace = &m_workspace;
   platform.distributedNotifications = m_notifications.get();
+  if (m_watch) m_watch->standBetween(platform);
   m_plugin.emplace(bundleOf(options), platform);
   host().openMainWindow();
   if (m_client.id() != 0) attempt(&Session::waitForConnection);
 }
 
 Session::~Session() {
+  if (m_watch) m_watch->end();
   host().closeMainWindow();
   m_plugin.reset();
 }

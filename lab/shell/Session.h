@@ -7,6 +7,7 @@
 #include "lab/shell/ClientProcess.h"
 #include "lab/shell/EmbeddedSession.h"
 #include "lab/shell/LoadedPlugin.h"
+#include "lab/shell/WatchSession.h"
 #include "platform/embedded/EmbeddedDistributedNotifications.h"
 #include "platform/embedded/EmbeddedWorkspace.h"
 
@@ -58,6 +59,8 @@ class Session final : public EmbeddedSession {
   std::optional<MeetingStore> m_meetings;
   // Bytes that an earlier session left in the journal of a world that stays.
   std::size_t m_journalBefore = 0;
+  // Absent when nobody can watch.
+  std::optional<WatchSession> m_watch;
   std::optional<LoadedPlugin> m_plugin;
 };
 

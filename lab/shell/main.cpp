@@ -1,6 +1,8 @@
 #include <CLI/CLI.hpp>
 #include <array>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "lab/shell/AccountCommand.h"
 #include "lab/shell/BodyCommand.h"
@@ -11,17 +13,31 @@
 #include "lab/shell/InspectCommand.h"
 #include "lab/shell/MeetCommand.h"
 #include "lab/shell/PlayCommand.h"
+#include "lab/shell/WatchCommand.h"
+#include "lab/shell/WatchPost.h"
+#include "lab/shell/Words.h"
 
 namespace {
 
 using namespace vornlab;
 
 // In the order in which help lists them.
-constexpr std::array kCommands = {addMeet, addDemo, addDoctor, addHooks, addPlay, addInspect, addBody, addAccount};
+constexpr std::array kCommands = {addMeet,  addDemo,    addDoctor, addHooks,  addPlay,
+                                  addWatch, addInspect, addBody,   addAccount};
+
+std::string joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+  return text;
+}
 
 ExitCode run(int argc, char** argv) {
+  std::vector<std::string> words(argv + 1, argv + argc);
   LabOptions lab;
   lab.programs = programFolder();
+  chooseRuntime(words, "embedded", lab.programs);
+  if (!words.empty() && isScenarioFile(words.front())) words.insert(words.begin(), "play");
+  lab.watchPost = std::make_shared<WatchPost>(onOneLine(joined(words)));
   CLI::App program("The laboratory of the plug-in: a stand-in host and a stand-in client, driven from here.",
                    "vornlab");
   program.require_subcommand(1);
@@ -30,9 +46,6 @@ ExitCode run(int argc, char** argv) {
   // Behind the commands, which would each take it over.
   program.footer(kRuntimeHelp);
 
-  std::vector<std::string> words(argv + 1, argv + argc);
-  chooseRuntime(words, "embedded", lab.programs);
-  if (!words.empty() && isScenarioFile(words.front())) words.insert(words.begin(), "play");
   if (const auto end = readWords(program, words, "; vornlab --help lists them")) return *end;
   for (const Command& command : commands) {
     if (command.words->parsed()) return command.run();

@@ -1,0 +1,84 @@
+#include "lab/shell/WatchView.h"
+
+#include <chrono>
+#include <cstdio>
+#include <optional>
+
+#include "lab/shell/WatchLines.h"
+#include "lab/shell/WatchModel.h"
+#include "lab/shell/WatchScreen.h"
+
+namespace vornlab {
+namespace {
+
+class JsonView final : public WatchView {
+ public:
+  void take(const WatchEvent&, const std::string& line) override {
+    std::puts(line.c_str());
+    std::fflush(stdout);
+  }
+  void close(const std::string& words) override { std::fprintf(stderr, "%s\n", words.c_str()); }
+};
+
+class LineView final : public WatchView {
+ public:
+  void take(const WatchEvent& event, const std::string&) override {
+    for (const std::string& line : m_lines.take(event)) std::puts(line.c_str());
+    std::fflush(stdout);
+  }
+  void close(const std::string& words) override {
+    std::puts(words.c_str());
+    std::fflush(stdout);
+  }
+
+ private:
+  WatchLines m_lines;
+};
+
+// Draws at most ten frames a second, on a screen that is taken with the first event.
+class ScreenView final : public WatchView {
+ public:
+  void take(const WatchEvent& event, const std::string&) override {
+    m_model.take(event);
+    m_tookAt = Clock::now();
+    if (!m_screen) m_screen.emplace();
+  }
+
+  void refresh() override {
+    if (!m_screen) return;
+    m_screen->stopWhenAsked();
+    const auto now = Clock::now();
+    if (now < m_nextFrame) return;
+    m_nextFrame = now + kFrameTime;
+    const std::chrono::duration<double> since = now - m_tookAt;
+    m_screen->show(WatchScreen::emptyFrame().draw(m_model, m_model.at() + since.count()));
+  }
+
+  int keys() const override { return m_screen ? m_screen->keys() : -1; }
+  bool takeQuit() override { return m_screen->takeQuit(); }
+
+  void close(const std::string& words) override {
+    m_screen.reset();
+    std::puts(words.c_str());
+    std::fflush(stdout);
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  static constexpr std::chrono::milliseconds kFrameTime{100};
+
+  WatchModel m_model;
+  Clock::time_point m_tookAt;
+  Clock::time_point m_nextFrame;
+  std::optional<WatchScreen> m_screen;
+};
+
+}  // namespace
+
+std::unique_ptr<WatchView> WatchView::make(ReportForm form) {
+  if (form == ReportForm::json) return std::make_unique<JsonView>();
+  if (WatchScreen::isThere()) return std::make_unique<ScreenView>();
+  return std::make_unique<LineView>();
+}
+
+}  // namespace vornlab
