@@ -51,11 +51,14 @@ void StoreTimeWriter::updateVnKeyInfoToAppointment() {
 }
 
 void StoreTimeWriter::updateVnKeyInfoToAppointmentForPAC() {
-  const OptionalText location = m_record.location();
-  vnPACMeetingMgr conference;
-  conference.setMeetingMgr(m_manager.get());
-  const OptionalText newLocation = conference.getNewLocationForPAC(location);
-  if (newLocation && newLocation != location) m_record.setLocation(*newLocation);
+  const vnPACMeetingMgr& conference = m_manager ? *m_manager->pacMeetingMgr() : vnPACMeetingMgr::sharedInstance();
+  // An add that the client has not answered, or that was refused, leaves the appointment as it is, and an account
+  // that is not there any more takes nothing with it.
+  if (conference.isAdded()) {
+    const OptionalText location = m_record.location();
+    const OptionalText newLocation = conference.getNewLocationForPAC(location);
+    if (newLocation && newLocation != location) m_record.setLocation(*newLocation);
+  }
 
   const OptionalText& newBody = m_left.getOLNewBody();
   const Value body = m_record.body();
