@@ -220,6 +220,15 @@ TEST_F(PersonalAudio, AWindowOrAnAppointmentThatHasGoneIsLeftAlone) {
   EXPECT_EQ(location(), "Room");
 }
 
+TEST_F(PersonalAudio, ABodyThatIsNotKnownIsNotShownAsAnEmptyOne) {
+  clientTells({kNumbers});
+  window->set(bar()->event, "body", "<p>mine</p>");
+  window->set(bar()->bodyEditor, "bodyContent", Value(nullptr));
+  add(1);
+  EXPECT_EQ(body(), "<p>mine</p>");
+  EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().of(bar()).getOLNewBody(), std::nullopt);
+}
+
 TEST_F(PersonalAudio, WordsOfTheUserThatOnlyTheFieldHasAreKept) {
   clientTells({kPlace});
   show("Room");
