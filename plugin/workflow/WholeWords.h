@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vorn {
 
@@ -11,8 +12,10 @@ namespace vorn {
 
 std::size_t timesInWhole(std::string_view text, std::string_view wanted);
 bool endsInWhole(std::string_view text, std::string_view wanted);
-// Each goes with a comma behind it.
-std::string withoutWhole(std::string_view text, std::string_view wanted);
+// The text without the last of them and a comma behind it.
 std::string withoutLastWhole(std::string_view text, std::string_view wanted);
+// The text without any of many, each with a comma behind it; of two that begin alike the longer one goes. Their
+// number counts only by its logarithm, since the client may tell any.
+std::string withoutWhole(std::string_view text, std::vector<std::string> wanted);
 
 }  // namespace vorn

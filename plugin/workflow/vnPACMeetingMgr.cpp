@@ -1,6 +1,5 @@
 #include "workflow/vnPACMeetingMgr.h"
 
-#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -22,6 +21,9 @@ namespace {
 
 bool isEmpty(const OptionalText& text) { return !text || text->empty(); }
 
+// As it is looked for: blanks at the ends of what the client tells do not outlast a location field.
+std::string bare(const OptionalText& text) { return vnOLUtils::trimRLSpace(text).value_or(""); }
+
 // How the helper writes the id of a conference that has none.
 constexpr std::string_view kNoMeetingID = "0";
 
@@ -31,28 +33,25 @@ void addNumbers(std::string_view numbers, std::vector<std::string>& parts) {
   for (;;) {
     const std::size_t comma = numbers.find(',');
     const std::string number(numbers.substr(0, comma));
-    const std::string bare = vnOLUtils::trimRLSpace(number).value_or("");
+    const std::string itself = bare(number);
     // A number that is not filled in leaves a blank in the list, and no blank of the user's may go for it.
-    if (!bare.empty()) parts.insert(parts.end(), {number, bare});
+    if (!itself.empty()) parts.insert(parts.end(), {number, itself});
     if (comma == std::string_view::npos) return;
     numbers.remove_prefix(comma + 1);
   }
 }
 
-// What an add can have left in a location, of every account; the longest first, since one number may be the
-// beginning of another. The place of a conference is not among them: it is written in words, and the same words
-// may be the user's own.
+// What an add can have left in a location, of every account. The place of a conference is not among them: it is
+// written in words, and the same words may be the user's own.
 std::vector<std::string> partsOfAllAccounts() {
   const vnGetPACHelper& conferences = vnGetPACHelper::sharedInstance();
   std::vector<std::string> parts;
   for (std::int64_t account = 1; account <= conferences.pacCount(); ++account) {
-    parts.push_back(conferences.dedicatedDailinNumber(account).value_or(""));
+    parts.push_back(bare(conferences.dedicatedDailinNumber(account)));
     addNumbers(conferences.pacDialInNumberWithCommaSeparator(account).value_or(""), parts);
     const std::string id = conferences.pacMeetingID(account).value_or(std::string(kNoMeetingID));
     if (id != kNoMeetingID) parts.push_back(id);
   }
-  std::stable_sort(parts.begin(), parts.end(),
-                   [](const std::string& one, const std::string& other) { return one.size() > other.size(); });
   return parts;
 }
 
@@ -131,11 +130,10 @@ void vnPACMeetingMgr::updateLocation(MeetingWindow& window) {
   const OptionalText before = isEmpty(typed) ? event->location() : typed;
   const OptionalText location = getNewLocationForPAC(before);
   if (!location) return;
-  const std::string dialIn = getLocationWithPACAccountNo(account()).value_or("");
   // A place that the user's words end with already was not added.
   const bool isOurs = location != getOLUserInputString(withoutLastAdd(before));
-  m_added.reset();
-  if (isOurs && !dialIn.empty()) m_added = Added{appointment, dialIn, timesInWhole(*location, dialIn)};
+  const std::string dialIn = bare(getLocationWithPACAccountNo(account()));
+  m_added = isOurs ? std::optional(Added{appointment, dialIn, timesInWhole(*location, dialIn)}) : std::nullopt;
   window.showLocation(*location);
 }
 
@@ -145,7 +143,7 @@ OptionalText vnPACMeetingMgr::getNewLocationForPAC(const OptionalText& location)
   const std::string own = getOLUserInputString(withoutLastAdd(location)).value_or("");
   if (own.empty()) return dialIn;
   // Only a place can still be there, from an add that this window knows nothing of or in the user's own words.
-  return endsInWhole(own, *dialIn) ? own : own + " " + *dialIn;
+  return endsInWhole(own, bare(dialIn)) ? own : own + " " + *dialIn;
 }
 
 OptionalText vnPACMeetingMgr::getLocationWithPACAccountNo(std::uint64_t account) const {
@@ -162,9 +160,7 @@ OptionalText vnPACMeetingMgr::getLocationWithPACAccountNo(std::uint64_t account)
 
 OptionalText vnPACMeetingMgr::getOLUserInputString(const OptionalText& location) const {
   if (isEmpty(location)) return std::nullopt;
-  std::string text = *location;
-  for (const std::string& part : partsOfAllAccounts()) text = withoutWhole(text, part);
-  return vnOLUtils::trimRLSpace(text);
+  return vnOLUtils::trimRLSpace(withoutWhole(*location, partsOfAllAccounts()));
 }
 
 // The last add goes as it was written, also when the service tells something else today. Where its words do not

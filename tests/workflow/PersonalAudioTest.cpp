@@ -105,9 +105,10 @@ TEST(WholeWords, CountOnlyWhereTheyStandAlone) {
     SCOPED_TRACE(row.text);
     EXPECT_EQ(timesInWhole(row.text, row.wanted), row.times);
     EXPECT_EQ(endsInWhole(row.text, row.wanted), row.ends);
-    EXPECT_EQ(withoutWhole(row.text, row.wanted), row.without);
+    EXPECT_EQ(withoutWhole(row.text, {row.wanted, "never"}), row.without);
     EXPECT_EQ(withoutLastWhole(row.text, row.wanted), row.withoutLast);
   }
+  EXPECT_EQ(withoutWhole("1 2 3, 1 2 3 4, 1 2, 1 25", {"1 2", "1 2 3", "1 2", "1 2 3 5"}), "  4,  1 25");
 }
 
 TEST_F(PersonalAudio, ALocationKeepsTheUsersWordsAndTakesOneConference) {
@@ -142,6 +143,12 @@ TEST_F(PersonalAudio, ALocationKeepsTheUsersWordsAndTakesOneConference) {
   clientTells({{1, {"+1 200", "", "+1 300"}}});
   EXPECT_EQ(audio().getOLUserInputString("Big Room"), "Big Room");
   EXPECT_EQ(vnPACMeetingMgr::sharedInstance().getNewLocationForPAC("Room +1 300"), "Room");
+  // Blanks around what the client tells do not outlast a field.
+  clientTells({{0, {}, "", " Phone "}, {0, {}, " +1 5 "}});
+  data().setPACAccountNo(1);
+  EXPECT_EQ(audio().getNewLocationForPAC("Room Phone"), "Room Phone");
+  data().setPACAccountNo(2);
+  EXPECT_EQ(audio().getNewLocationForPAC("+1 5"), " +1 5 ");
 }
 
 TEST_F(PersonalAudio, AClickAlwaysAsksAndTheReplyWritesBodyAndLocation) {
@@ -251,6 +258,12 @@ TEST_F(PersonalAudio, AnAddTakesThePlaceOfTheOneBeforeAndOfNothingElse) {
   } rows[] = {
       {"numbers that have changed", "Room", nullptr, {kNumbers}, {{7, {"+1 7"}}}, "Room +1 7, 7"},
       {"a place", "Room", nullptr, {kPlace}, {kNumbers}, "Room +1 200, +1 20, 5550001"},
+      {"a place with blanks",
+       "Room",
+       "Room Phone",
+       {{0, {}, "", " Phone "}},
+       {kDedicated},
+       "Room +1 999,,5550002#"},
       {"a place within words of the user", "Phone", nullptr, {kPlace}, {kDedicated}, "Phone +1 999,,5550002#"},
       {"a place behind the same word", "Phone 1", nullptr, {kPlace}, {kDedicated}, "Phone 1 +1 999,,5550002#"},
       {"a place that the user took out", "Phone 1", "Phone 1", {kPlace}, {kDedicated}, "Phone 1 +1 999,,5550002#"},

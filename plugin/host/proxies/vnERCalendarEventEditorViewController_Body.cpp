@@ -95,8 +95,8 @@ void vnERCalendarEventEditorViewController::updateEmailBodyWithVornContent(const
   displayEmailContent(changed.value_or(""), isHTML);
 }
 
-// Here an absent result is one of a body that is not known. The text is plainly added, so nothing is shown then: an
-// empty body would take what the user wrote.
+// Here an absent result is one of a body that is not known. The text is plainly added, so nothing is shown then:
+// an empty body would take what the user wrote.
 void vnERCalendarEventEditorViewController::updateEmailBodyForPAC(const OptionalText& invitation, bool isHTML) {
   MeetingOwners& owners = meetingOwners();
   if (const HostObject document = composeDocument()) {
