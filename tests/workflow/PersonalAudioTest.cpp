@@ -246,6 +246,12 @@ TEST_F(PersonalAudio, WordsOfTheUserThatOnlyTheFieldHasAreKept) {
   window->showLocation("");
   add(1);
   EXPECT_EQ(location(), "Tower Phone");
+
+  // With neither words of theirs nor a way to dial in there is no location to write.
+  openWindow();
+  clientTells({{0, {}}});
+  add(1);
+  EXPECT_TRUE(window->get(bar()->editor, "editorLocation").isAbsent());
 }
 
 // What a window has added goes as it was written; what it has not added is the user's.
