@@ -52,8 +52,9 @@ void StoreTimeWriter::updateVnKeyInfoToAppointment() {
 
 void StoreTimeWriter::updateVnKeyInfoToAppointmentForPAC() {
   const vnPACMeetingMgr& conference = m_manager ? *m_manager->pacMeetingMgr() : vnPACMeetingMgr::sharedInstance();
-  // An add that the client has not answered, or that was refused, leaves the appointment as it is, and an account
-  // that is not there any more takes nothing with it.
+  // An add that the client has not answered, or that was refused, leaves the appointment as it is. So does one
+  // whose account is not known any more, since a meeting that came after it was cancelled: its text is still in
+  // the body.
   if (conference.isAdded()) {
     const OptionalText location = m_record.location();
     const OptionalText newLocation = conference.getNewLocationForPAC(location);

@@ -38,7 +38,8 @@ class vnPACMeetingMgr {
   // nothing that a store could go on with.
   bool isAdded() const;
 
-  // The user's own text and the way to dial in, with a blank between; absent when there is neither.
+  // The user's own text and the way to dial in, with a blank between; absent when there is neither. What this
+  // window added last is not the user's, and neither are numbers and ids, as below.
   OptionalText getNewLocationForPAC(const OptionalText& location) const;
   // The dedicated number, or else the conference's own place, or else the numbers with the conference's id; absent
   // for an account that has none of them.
