@@ -36,13 +36,13 @@ TEST_F(AudioClicks, SendTheirCommandWhileTheBarOffersAnAddAndTheWindowIsTheUsers
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
-    world.presenter.alerts.clear();
+    world.presenter.forgetAlerts();
     host.set(editor, "isDelegating", row.onBehalf);
     const auto bar = openedBar();
     bar->onUIChanged(row.shown);
     world.classRuntime.send(bar->view(), row.selector, {Value()});
     EXPECT_EQ(actionOf(bar), row.action);
-    EXPECT_EQ(world.presenter.alerts.size(), row.refused ? 1u : 0u);
+    EXPECT_EQ(world.presenter.alerts().size(), row.refused ? 1u : 0u);
     bar->cleanup();
     closeWindow(window);
   }

@@ -172,7 +172,7 @@ TEST_F(PersonalAudio, AClickAlwaysAsksAndTheReplyWritesBodyAndLocation) {
     EXPECT_EQ(window->get(window->field, "stringValue").text(), location());
     EXPECT_EQ(window->get(bar()->editor, "editorLocation").text(), location());
   }
-  EXPECT_THAT(test.presenter.alerts, IsEmpty());
+  EXPECT_THAT(test.presenter.alerts(), IsEmpty());
 }
 
 TEST_F(PersonalAudio, OnlyAnAddThatWaitsIsCarriedOutAndOnlyOnce) {
@@ -201,10 +201,10 @@ TEST_F(PersonalAudio, AConferenceThatIsTurnedOffIsToldAndNothingIsWritten) {
   show("Room +1 400");
   for (const std::vector<Conference>& told : {std::vector<Conference>{kTurnedOff}, {}}) {
     clientTells(told);
-    test.presenter.alerts.clear();
+    test.presenter.forgetAlerts();
     bar()->shown = VnUIHidden;
     add(1);
-    EXPECT_THAT(test.presenter.alerts, SizeIs(1));
+    EXPECT_THAT(test.presenter.alerts(), SizeIs(1));
     EXPECT_EQ(bar()->shown, VnUINotMeeting);
     EXPECT_EQ(body(), "");
     EXPECT_EQ(storedLocation(), "Room +1 400");
@@ -216,7 +216,7 @@ TEST_F(PersonalAudio, AWindowOrAnAppointmentThatHasGoneIsLeftAlone) {
   click(1);
   vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(bar().get());
   reply(VnCmdGetPAC, Value());
-  EXPECT_THAT(test.presenter.alerts, IsEmpty()) << "nobody waits for it any more";
+  EXPECT_THAT(test.presenter.alerts(), IsEmpty()) << "nobody waits for it any more";
 
   openWindow();
   show("Room");
