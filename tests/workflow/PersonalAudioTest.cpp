@@ -170,7 +170,7 @@ TEST_F(PersonalAudio, AClickAlwaysAsksAndTheReplyWritesBodyAndLocation) {
     EXPECT_EQ(body(), account == 1 ? "<p>mine</p><br><br>Call us<br><br>" : "<p>mine</p><p>Call</p>");
     EXPECT_EQ(location(), account == 1 ? "Room +1 200, +1 20, 5550001" : "Room +1 999,,5550002#");
     EXPECT_EQ(window->get(window->field, "stringValue").text(), location());
-    EXPECT_EQ(window->get(bar()->editor, "editorLocation").text(), location());
+    EXPECT_EQ(window->get(bar()->editor, "location").text(), location());
   }
   EXPECT_THAT(test.presenter.alerts(), IsEmpty());
 }
@@ -251,7 +251,7 @@ TEST_F(PersonalAudio, WordsOfTheUserThatOnlyTheFieldHasAreKept) {
   openWindow();
   clientTells({{0, {}}});
   add(1);
-  EXPECT_TRUE(window->get(bar()->editor, "editorLocation").isAbsent());
+  EXPECT_TRUE(window->get(bar()->editor, "location").isAbsent());
 }
 
 // What a window has added goes as it was written; what it has not added is the user's.
