@@ -107,8 +107,12 @@ std::vector<PhoneNumber> readNumbers(AccountReader& reader, const std::string& n
 
 void readConferences(AccountReader& reader, std::vector<AudioConference>& conferences) {
   reader.objects("audioConferences", [&](AccountReader& r) {
-    conferences.push_back({std::strtoll(r.digits("number").c_str(), nullptr, 10), readNumbers(r, "tollFree"),
-                           readNumbers(r, "toll"), r.text("dedicatedNumber"), r.text("location")});
+    AudioConference conference{std::strtoll(r.digits("number").c_str(), nullptr, 10), readNumbers(r, "tollFree"),
+                               readNumbers(r, "toll"), r.text("dedicatedNumber"), r.text("location")};
+    const int invitation = r.word("invitation", {"html", "plain", "none"});
+    conference.hasPlainInvitation = invitation < 2;
+    conference.hasHtmlInvitation = invitation == 0;
+    conferences.push_back(std::move(conference));
   });
 }
 

@@ -52,6 +52,9 @@ struct AudioConference {
   std::vector<PhoneNumber> toll;
   std::string dedicatedNumber;
   std::string location;
+  // The forms in which its invitation comes; one that is turned off has none.
+  bool hasPlainInvitation = true;
+  bool hasHtmlInvitation = true;
 };
 
 // What the account and each person scheduled for may set alike.

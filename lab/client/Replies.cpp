@@ -408,8 +408,10 @@ std::string conferencesReply(const Account& account) {
     for (const auto& number : conference.tollFree) addNumber(number.number + " (" + number.label + " Toll Free)");
     for (const auto& number : conference.toll) addNumber(number.number + " (" + number.label + " Toll)");
     const std::string shown = grouped(std::to_string(conference.number));
-    added->set_invitation(plain + "\nMeeting ID: " + shown + "\n");
-    added->set_html_invitation(html + "</ul>\n<p>Meeting ID: " + shown + "</p></div>\n");
+    if (conference.hasPlainInvitation) added->set_invitation(plain + "\nMeeting ID: " + shown + "\n");
+    if (conference.hasHtmlInvitation) {
+      added->set_html_invitation(html + "</ul>\n<p>Meeting ID: " + shown + "</p></div>\n");
+    }
   }
   return base64(answer.SerializeAsString());
 }

@@ -86,10 +86,10 @@ void World::installClient(const fs::path& application, const std::string& versio
 }
 
 // The file is a property list of one text that holds JSON.
-void World::saveChoice(const std::string& userId, const std::string& key, const std::string& value) const {
+void World::saveChoice(const std::string& userIdOrSite, const std::string& key, const std::string& value) const {
   const fs::path folder = documents() / "VornOutlookPlugin";
   fs::create_directories(folder);
-  const fs::path file = folder / (userId + ".txt");
+  const fs::path file = folder / (userIdOrSite + ".txt");
   const Value stored = vorn::readPropertyList(file.string());
   Value choices = vorn::vStringUtils::toArrayOrNSDictionary(
       stored.items().empty() ? std::nullopt : stored.items().front().optionalText());

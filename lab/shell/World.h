@@ -10,6 +10,7 @@ namespace vornlab {
 // The folders of one small machine: a home, an Applications folder with the two programs, and the user's files.
 //
 //   home/Documents/VornOutlookPlugin/<user id>.txt   what the user chose last
+//   home/Documents/VornOutlookPlugin/vnConfig.txt    what the plug-in remembers of the site
 //   home/Library/Preferences/                        user defaults
 //   Applications/Microsoft Outlook.app               its version only
 //   Applications/vornclient.app                      the stand-in client, a real program
@@ -51,9 +52,10 @@ class World {
   // What the client is told to do wrong, where a session can tell it so.
   std::filesystem::path faults() const { return m_root / "faults"; }
 
-  // Writes one choice into the profile that the plug-in has saved for the user, beside those that are there.
-  // Throws LabError when it cannot be written.
-  void saveChoice(const std::string& userId, const std::string& key, const std::string& value) const;
+  // Writes one choice into the profile that the plug-in has saved for the user, or into what it remembers of the
+  // site, beside those that are there. Throws LabError when it cannot be written.
+  static constexpr const char* kSite = "vnConfig";
+  void saveChoice(const std::string& userIdOrSite, const std::string& key, const std::string& value) const;
   // What a text such as true, 5 or "en-US" stands for: JSON, or else the text itself.
   static vorn::Value valueOfChoice(const std::string& text);
 

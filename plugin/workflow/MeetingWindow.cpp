@@ -41,6 +41,12 @@ OptionalText MeetingWindow::shownLocation() {
   return shown ? shown->location() : std::nullopt;
 }
 
+void MeetingWindow::showLocation(const std::string& location) {
+  if (const vnECCalendarEvent* shown = event()) shown->setLocation(location);
+  m_proxy.updateLocationFieldFromUI(location);
+  m_proxy.setLocation(location);
+}
+
 OptionalText MeetingWindow::getApptUUID() {
   const vnECCalendarEvent* shown = event();
   return shown ? shown->UUID() : std::nullopt;

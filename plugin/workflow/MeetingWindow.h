@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "workflow/MeetingBar.h"
@@ -34,6 +35,8 @@ class MeetingWindow {
   HostObject parentWindow() const;
   // What the location field shows; the appointment's location where there is no field.
   OptionalText shownLocation();
+  // Writes a location into the appointment, its field and the editor.
+  void showLocation(const std::string& location);
   OptionalText getApptUUID();
 
  private:

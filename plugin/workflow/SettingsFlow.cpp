@@ -180,6 +180,9 @@ void SettingsFlow::onGetUserProfileActionFinished(const Value& data) {
   switch (waitedIn) {
     case VnStateAdding: prepareOpenSettings(window); break;
     case VnStateChanging: executeGetMeetingForChangeSetting(window); break;
+    case VnStatePAC:
+      if (personalAudioIsReady) m_manager.pacMeetingMgr()->schedulePACMeeting(window);
+      break;
     case VnStatePMIForUpdate: getPMIMeetingInfo(window, VnStatePMIForUpdate); break;
     default: break;
   }

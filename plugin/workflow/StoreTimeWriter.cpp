@@ -51,11 +51,15 @@ void StoreTimeWriter::updateVnKeyInfoToAppointment() {
 }
 
 void StoreTimeWriter::updateVnKeyInfoToAppointmentForPAC() {
-  const OptionalText location = m_record.location();
-  vnPACMeetingMgr conference;
-  conference.setMeetingMgr(m_manager.get());
-  const OptionalText newLocation = conference.getNewLocationForPAC(location);
-  if (newLocation && newLocation != location) m_record.setLocation(*newLocation);
+  const vnPACMeetingMgr& conference = m_manager ? *m_manager->pacMeetingMgr() : vnPACMeetingMgr::sharedInstance();
+  // An add that the client has not answered, or that was refused, leaves the appointment as it is. So does one
+  // whose account is not known any more, since a meeting that came after it was cancelled: its text is still in
+  // the body.
+  if (conference.isAdded()) {
+    const OptionalText location = m_record.location();
+    const OptionalText newLocation = conference.getNewLocationForPAC(location);
+    if (newLocation && newLocation != location) m_record.setLocation(*newLocation);
+  }
 
   const OptionalText& newBody = m_left.getOLNewBody();
   const Value body = m_record.body();

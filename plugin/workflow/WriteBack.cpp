@@ -11,16 +11,6 @@
 
 namespace vorn {
 
-namespace {
-
-void showLocation(MeetingWindow& window, const std::string& location) {
-  if (const vnECCalendarEvent* event = window.event()) event->setLocation(location);
-  window.proxy().updateLocationFieldFromUI(location);
-  window.proxy().setLocation(location);
-}
-
-}  // namespace
-
 void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   vnGetMeetingHelper& meeting = *m_manager.getMeetingHelper();
   const bool isHTML = meeting.supportHtmlEmail();
@@ -63,7 +53,7 @@ void WriteBack::updateLocation(MeetingWindow& window, const OptionalText& joinUr
   const bool isDue = rule.needUpdateLocation(window, m_manager.getMeetingAction(), oldJoinUrl);
   OptionalText location = ours;
   if (ours && !userLocation.empty()) location = userLocation + "; " + *ours;
-  if (isDue && location) showLocation(window, *location);
+  if (isDue && location) window.showLocation(*location);
 
   ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window.bar());
   if (ours) left.setVnLocation(ours);
@@ -89,7 +79,7 @@ void WriteBack::updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window,
 
   const LocationRule rule(*m_manager.meetingDataMgr());
   const std::string location = rule.withoutOurUrls(window.shownLocation().value_or(""));
-  showLocation(window, location);
+  window.showLocation(location);
   if (!window.bar()) return;
   ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window.bar());
   left.setOLNewLocation(location);

@@ -37,10 +37,12 @@ std::shared_ptr<vnMeetingMgr> vnMeetingMgr::sharedInstance() { return Registry::
 vnMeetingMgr::vnMeetingMgr(Key)
     : m_meetingDataMgr(std::make_unique<vnMeetingDataMgr>()),
       m_emailBodyMgr(std::make_unique<vnEmailBodyMgr>()),
+      m_pacMeetingMgr(std::make_unique<vnPACMeetingMgr>()),
       m_apiMgr(std::make_unique<vnAPIMgr>()),
       m_getMeetingHelper(std::make_unique<vnGetMeetingHelper>()),
       m_scheduleErrorMsg(std::make_unique<vnScheduleErrorMessage>()) {
   m_emailBodyMgr->setMeetingMgrInstance(this);
+  m_pacMeetingMgr->setMeetingMgr(this);
   m_apiMgr->setMeetingMgrInstance(this);
 }
 
@@ -49,6 +51,7 @@ vnMeetingMgr::~vnMeetingMgr() { freeAllObjects(); }
 void vnMeetingMgr::freeAllObjects() {
   m_meetingDataMgr.reset();
   m_emailBodyMgr.reset();
+  m_pacMeetingMgr.reset();
   m_apiMgr.reset();
   m_getMeetingHelper.reset();
   m_scheduleErrorMsg.reset();
@@ -120,9 +123,8 @@ int vnMeetingMgr::sendVnMeetingCommand(std::uint64_t command, const std::shared_
     case VnCmdCancel: return m_settingsFlow.cancelVornMeeting(window);
     case VnCmdAddPACAccount1:
     case VnCmdAddPACAccount2:
-      // Nobody answers for personal audio conferences yet.
       setState(VnStatePAC);
-      return 0;
+      return m_pacMeetingMgr->addPACMeeting(window, command == VnCmdAddPACAccount2 ? 2 : 1);
     default: return 0;
   }
 }
@@ -163,6 +165,7 @@ int vnMeetingMgr::onExcuteCommandFinished(std::uint64_t command, const Value& da
     case VnCmdDelete: m_saveRoad.onDeleteActionFinished(data); break;
     case VnCmdGetMeeting: m_saveRoad.onGetMeetingActionFinished(data); break;
     case VnCmdGetUserProfile: m_settingsFlow.onGetUserProfileActionFinished(data); break;
+    case VnCmdGetPAC: m_pacMeetingMgr->onGetPACActionFinished(data); break;
     case VnCmdGetMeetingByApptUUID:
       if (state() == VnStateUpdateOnCalendar)
         m_calendarEdits.replayUpdateOnCalendar();

@@ -23,6 +23,7 @@
 #include "workflow/WriteBack.h"
 #include "workflow/vnMeetingDataMgr.h"
 #include "workflow/vnMeetingState.h"
+#include "workflow/vnPACMeetingMgr.h"
 #include "workflow/vnScheduleErrorMessage.h"
 
 namespace vorn {
@@ -68,6 +69,7 @@ class vnMeetingMgr : public vnMeetingState,
 
   vnMeetingDataMgr* meetingDataMgr() { return m_meetingDataMgr.get(); }
   vnEmailBodyMgr* emailBodyMgr() { return m_emailBodyMgr.get(); }
+  vnPACMeetingMgr* pacMeetingMgr() { return m_pacMeetingMgr.get(); }
   vnAPIMgr* apiMgr() { return m_apiMgr.get(); }
   vnGetMeetingHelper* getMeetingHelper() override { return m_getMeetingHelper.get(); }
 
@@ -152,6 +154,7 @@ class vnMeetingMgr : public vnMeetingState,
   std::uint64_t m_vnMeetingAction = 0;
   std::unique_ptr<vnMeetingDataMgr> m_meetingDataMgr;
   std::unique_ptr<vnEmailBodyMgr> m_emailBodyMgr;
+  std::unique_ptr<vnPACMeetingMgr> m_pacMeetingMgr;
   std::unique_ptr<vnAPIMgr> m_apiMgr;
   std::unique_ptr<vnGetMeetingHelper> m_getMeetingHelper;
   std::unique_ptr<vnScheduleErrorMessage> m_scheduleErrorMsg;

@@ -1,11 +1,18 @@
 #include "workflow/vnPACMeetingMgr.h"
 
-#include <string>
 #include <string_view>
+#include <vector>
 
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/commands/vnAlertHelper.h"
 #include "data/vnGetPACHelper.h"
-#include "util/TextSearch.h"
+#include "data/vnUserProfileHelper.h"
+#include "platform/Localization.h"
+#include "platform/Registry.h"
+#include "platform/TraceStep.h"
 #include "util/vnOLUtils.h"
+#include "workflow/WholeWords.h"
+#include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgr.h"
 
 namespace vorn {
@@ -14,31 +21,129 @@ namespace {
 
 bool isEmpty(const OptionalText& text) { return !text || text->empty(); }
 
+// As it is looked for: blanks at the ends of what the client tells do not outlast a location field.
+std::string bare(const OptionalText& text) { return vnOLUtils::trimRLSpace(text).value_or(""); }
+
 // How the helper writes the id of a conference that has none.
 constexpr std::string_view kNoMeetingID = "0";
 
-std::string withoutNumber(std::string_view text, const std::string& number) {
-  if (number.empty()) return std::string(text);
-  return replacingAll(replacingAll(text, number + ",", ""), number, "");
-}
-
-std::string withoutNumbers(std::string text, std::string_view numbers) {
+// Each number of the list with the blank before it, and once more without, as another place in the list would have
+// left it.
+void addNumbers(std::string_view numbers, std::vector<std::string>& parts) {
   for (;;) {
     const std::size_t comma = numbers.find(',');
-    text = withoutNumber(text, std::string(numbers.substr(0, comma)));
-    if (comma == std::string_view::npos) return text;
+    const std::string number(numbers.substr(0, comma));
+    const std::string itself = bare(number);
+    // A number that is not filled in leaves a blank in the list, and no blank of the user's may go for it.
+    if (!itself.empty()) parts.insert(parts.end(), {number, itself});
+    if (comma == std::string_view::npos) return;
     numbers.remove_prefix(comma + 1);
   }
 }
 
+// What an add can have left in a location, of every account. The place of a conference is not among them: it is
+// written in words, and the same words may be the user's own.
+std::vector<std::string> partsOfAllAccounts() {
+  const vnGetPACHelper& conferences = vnGetPACHelper::sharedInstance();
+  std::vector<std::string> parts;
+  for (std::int64_t account = 1; account <= conferences.pacCount(); ++account) {
+    parts.push_back(bare(conferences.dedicatedDailinNumber(account)));
+    addNumbers(conferences.pacDialInNumberWithCommaSeparator(account).value_or(""), parts);
+    const std::string id = conferences.pacMeetingID(account).value_or(std::string(kNoMeetingID));
+    if (id != kNoMeetingID) parts.push_back(id);
+  }
+  return parts;
+}
+
+void tellThatItIsTurnedOff(const HostObject& parentWindow) {
+  const std::string message = localizedString("WarnMsg_PACIsDisabled");
+  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", message}}); });
+  vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
+}
+
 }  // namespace
 
+vnPACMeetingMgr& vnPACMeetingMgr::sharedInstance() { return Registry::shared<vnPACMeetingMgr>(); }
+
+std::uint64_t vnPACMeetingMgr::account() const {
+  return m_pMeetingMgr ? m_pMeetingMgr->meetingDataMgr()->pacAccountNo() : 0;
+}
+
+// -- Add ---------------------------------------------------------------------------------------------------------
+
+int vnPACMeetingMgr::addPACMeeting(MeetingWindow& window, std::uint64_t account) {
+  if (!m_pMeetingMgr) return 0;
+  m_pMeetingMgr->meetingDataMgr()->setPACAccountNo(account);
+  if (account != 0 && window.bar())
+    vnApptDataForSaveRecord::sharedInstance().of(window.bar()).setIsPACMeeting(true);
+  executeGetPAC(window);
+  return 0;
+}
+
+void vnPACMeetingMgr::executeGetPAC(MeetingWindow& window) {
+  m_isUnderWay = true;
+  m_written.reset();
+  vnUserProfileHelper::sharedInstance().setIsAccountChanged(false);
+  m_pMeetingMgr->apiMgr()->getPAC(window.parentWindow(),
+                                  Value::dictionaryFromPairs({{vn_API_Call_Para_ShowCommunicationDlg, true}}));
+}
+
+int vnPACMeetingMgr::onGetPACActionFinished(const Value& data) {
+  if (!m_pMeetingMgr || m_pMeetingMgr->state() != VnStatePAC) return 0;
+  MeetingWindow window = MeetingWindow::ofReply(data);
+  schedulePACMeeting(window);
+  return 0;
+}
+
+void vnPACMeetingMgr::schedulePACMeeting(MeetingWindow& window) {
+  if (!m_pMeetingMgr || !window.bar()) return;
+  const vnGetPACHelper& conferences = vnGetPACHelper::sharedInstance();
+  const auto index = static_cast<std::int64_t>(account());
+  const bool isHTML = conferences.supportHtmlInvitationMail(index);
+  const OptionalText invitation =
+      isHTML ? conferences.htmlInvitationMail(index) : conferences.invitationMail(index);
+  if (isEmpty(invitation)) {
+    tellThatItIsTurnedOff(window.parentWindow());
+    window.bar()->onUIChanged(VnUINotMeeting);
+    return;
+  }
+  // The reply with the profile may have carried out this add before that with the conferences comes.
+  if (invitation != m_written) {
+    m_pMeetingMgr->emailBodyMgr()->updateMailBodyForPAC(window.editor(), invitation, isHTML);
+  }
+  m_written = invitation;
+  updateLocation(window);
+  m_isUnderWay = false;
+}
+
+bool vnPACMeetingMgr::isAdded() const { return account() != 0 && !m_isUnderWay; }
+
+// -- The location ------------------------------------------------------------------------------------------------
+
+void vnPACMeetingMgr::updateLocation(MeetingWindow& window) {
+  const vnECCalendarEvent* event = window.event();
+  if (!event) return;
+  const HostObject appointment = window.proxy().content();
+  if (m_added && m_added->appointment != appointment) m_added.reset();
+  // What stands in the field may not have reached the appointment yet, and is the user's all the same.
+  const OptionalText typed = window.proxy().getLocationFromUI();
+  const OptionalText before = isEmpty(typed) ? event->location() : typed;
+  const OptionalText location = getNewLocationForPAC(before);
+  if (!location) return;
+  // A place that the user's words end with already was not added.
+  const bool isOurs = location != getOLUserInputString(withoutLastAdd(before));
+  const std::string dialIn = bare(getLocationWithPACAccountNo(account()));
+  m_added = isOurs ? std::optional(Added{appointment, dialIn, timesInWhole(*location, dialIn)}) : std::nullopt;
+  window.showLocation(*location);
+}
+
 OptionalText vnPACMeetingMgr::getNewLocationForPAC(const OptionalText& location) const {
-  const OptionalText own = getOLUserInputString(location);
-  const OptionalText dialIn =
-      getLocationWithPACAccountNo(m_pMeetingMgr ? m_pMeetingMgr->meetingDataMgr()->pacAccountNo() : 0);
-  if (!own || !dialIn) return own ? own : dialIn;
-  return *own + " " + *dialIn;
+  const OptionalText dialIn = getLocationWithPACAccountNo(account());
+  if (!dialIn) return getOLUserInputString(location);
+  const std::string own = getOLUserInputString(withoutLastAdd(location)).value_or("");
+  if (own.empty()) return dialIn;
+  // Only a place can still be there, from an add that this window knows nothing of or in the user's own words.
+  return endsInWhole(own, bare(dialIn)) ? own : own + " " + *dialIn;
 }
 
 OptionalText vnPACMeetingMgr::getLocationWithPACAccountNo(std::uint64_t account) const {
@@ -55,14 +160,14 @@ OptionalText vnPACMeetingMgr::getLocationWithPACAccountNo(std::uint64_t account)
 
 OptionalText vnPACMeetingMgr::getOLUserInputString(const OptionalText& location) const {
   if (isEmpty(location)) return std::nullopt;
-  const vnGetPACHelper& conferences = vnGetPACHelper::sharedInstance();
-  std::string text = *location;
-  for (std::int64_t account = 1; account <= conferences.pacCount(); ++account) {
-    text = withoutNumbers(std::move(text), conferences.pacDialInNumberWithCommaSeparator(account).value_or(""));
-    const std::string id = conferences.pacMeetingID(account).value_or(std::string(kNoMeetingID));
-    if (id != kNoMeetingID) text = withoutNumber(text, id);
-  }
-  return vnOLUtils::trimRLSpace(text);
+  return vnOLUtils::trimRLSpace(withoutWhole(*location, partsOfAllAccounts()));
+}
+
+// The last add goes as it was written, also when the service tells something else today. Where its words do not
+// stand as often as then, the user has taken ours out, and what is left is theirs.
+OptionalText vnPACMeetingMgr::withoutLastAdd(const OptionalText& location) const {
+  if (!location || !m_added || timesInWhole(*location, m_added->dialIn) < m_added->times) return location;
+  return withoutLastWhole(*location, m_added->dialIn);
 }
 
 }  // namespace vorn

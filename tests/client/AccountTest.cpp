@@ -109,6 +109,15 @@ TEST(Account, listsItsAudioConferences) {
   EXPECT_EQ(unpack(first.texts.at(3)[1]).text(4), "+33 800 555 014");
   EXPECT_NE(first.text(5), "");
   EXPECT_EQ(unpack(list.texts.at(1)[1]).text(6), "+1 312 555 0177");
+
+  // The invitation comes in both forms, as plain text, or not at all.
+  const auto others = unpack(unpack(test::decodeBase64(conferencesReply(named("audio-conferences")))).text(33));
+  ASSERT_EQ(others.texts.at(1).size(), 3U);
+  const std::pair<bool, bool> forms[] = {{true, true}, {true, false}, {false, false}};
+  for (std::size_t i = 0; i < std::size(forms); ++i) {
+    const auto conference = unpack(others.texts.at(1)[i]);
+    EXPECT_EQ(std::pair(conference.texts.contains(4), conference.texts.contains(5)), forms[i]) << i;
+  }
 }
 
 }  // namespace

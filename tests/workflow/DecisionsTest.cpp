@@ -258,8 +258,8 @@ TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotic
       {VnCmdDelete, false, true, kBefore, {"3/3"}, {}},
       {VnCmdStartWithVideo, false, false, kBefore, {"2"}, {}},
       {VnCmdStartWithoutVideo, false, false, kBefore, {"2"}, {}},
-      {VnCmdAddPACAccount1, true, false, VnStatePAC, {}, {}},
-      {VnCmdAddPACAccount2, true, false, VnStatePAC, {}, {}},
+      {VnCmdAddPACAccount1, true, false, VnStatePAC, {"9"}, {}},
+      {VnCmdAddPACAccount2, true, false, VnStatePAC, {"9"}, {}},
       {VnCmdGetMeetingByApptUUID, false, false, VnStateLoadByApptUUID, {"3/10"}, {}},
   };
   for (const bool hasLicence : {false, true}) {

@@ -12,8 +12,8 @@ namespace vornlab {
 
 // One choice that the user has made and saved before, as it stands in a scenario.
 struct SavedChoice {
-  // The saved profile of the plug-in, or the defaults of the host's user.
-  enum class Place { profile, userDefaults };
+  // The saved profile of the plug-in, what it remembers of the user's site, or the defaults of the host's user.
+  enum class Place { profile, site, userDefaults };
 
   Place place = Place::profile;
   std::string key;

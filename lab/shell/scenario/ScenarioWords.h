@@ -31,7 +31,7 @@ struct StageWord {
 inline constexpr double kUsualStart = 1795424400;
 
 // "settings" is both: before anything happens, and later.
-inline constexpr std::string_view kSettingsUsage = "settings [default] KEY VALUE";
+inline constexpr std::string_view kSettingsUsage = "settings [default|site] KEY VALUE";
 SavedChoice readChoice(LineReader& line);
 
 // Before anything happens.

@@ -232,7 +232,11 @@ const std::array kWords = {
 
 SavedChoice readChoice(LineReader& line) {
   SavedChoice choice;
-  if (line.take("default")) choice.place = SavedChoice::Place::userDefaults;
+  if (line.take("default")) {
+    choice.place = SavedChoice::Place::userDefaults;
+  } else if (line.take("site")) {
+    choice.place = SavedChoice::Place::site;
+  }
   choice.key = line.text("the key of a setting");
   choice.value = line.text("its value");
   return choice;

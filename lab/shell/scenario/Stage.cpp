@@ -204,10 +204,10 @@ void Stage::startClient() {
 }
 
 void Stage::choose(const SavedChoice& choice) {
-  if (choice.place == SavedChoice::Place::profile) {
-    m_session->saveInProfile(choice.key, choice.value);
-  } else {
-    m_session->saveInUserDefaults(choice.key, choice.value);
+  switch (choice.place) {
+    case SavedChoice::Place::profile: m_session->saveInProfile(choice.key, choice.value); break;
+    case SavedChoice::Place::site: m_session->world().saveChoice(World::kSite, choice.key, choice.value); break;
+    case SavedChoice::Place::userDefaults: m_session->saveInUserDefaults(choice.key, choice.value); break;
   }
 }
 

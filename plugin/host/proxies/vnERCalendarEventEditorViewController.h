@@ -100,7 +100,7 @@ class vnERCalendarEventEditorViewController : public vnDelegateBase {
   void updateEmailBody(const Value& content);
   // Brings an invitation into the body; an empty one takes it out.
   void updateEmailBodyWithVornContent(const OptionalText& invitation, bool isHTML);
-  // Adds the text of a personal audio conference to the body.
+  // Adds the text of a personal audio conference to the body; nothing while the body is not known.
   void updateEmailBodyForPAC(const OptionalText& invitation, bool isHTML);
 
   const HostObject& getDelegate() const { return delegate(); }

@@ -95,15 +95,18 @@ void vnERCalendarEventEditorViewController::updateEmailBodyWithVornContent(const
   displayEmailContent(changed.value_or(""), isHTML);
 }
 
+// Here an absent result is one of a body that is not known. The text is plainly added, so nothing is shown then:
+// an empty body would take what the user wrote.
 void vnERCalendarEventEditorViewController::updateEmailBodyForPAC(const OptionalText& invitation, bool isHTML) {
   MeetingOwners& owners = meetingOwners();
   if (const HostObject document = composeDocument()) {
     if (!invitation || invitation->empty()) return;
-    showInDocument(document, owners.mailBodyWithPACText(htmlOf(document), invitation, isHTML));
+    const OptionalText changed = owners.mailBodyWithPACText(htmlOf(document), invitation, isHTML);
+    if (changed) showInDocument(document, changed);
     return;
   }
   const OptionalText changed = owners.mailBodyWithPACText(bodyContent().optionalText(), invitation, isHTML);
-  displayEmailContent(changed.value_or(""), isHTML);
+  if (changed) displayEmailContent(changed, isHTML);
 }
 
 // The web document of the host's older compose view; the newer one has none.

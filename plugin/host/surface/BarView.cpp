@@ -26,6 +26,8 @@ using Bar = vnActionAdditionView;
 
 constexpr OwnMethod kMethods[] = {
     {"onClickAddVornMeeting:", "v@:@", click<&Bar::onClickAddVornMeeting>},
+    {"onClickAddPACAccount1:", "v@:@", click<&Bar::onClickAddPACAccount1>},
+    {"onClickAddPACAccount2:", "v@:@", click<&Bar::onClickAddPACAccount2>},
     {"onClickCancelVornMeeting:", "v@:@", click<&Bar::onClickCancelVornMeeting>},
     {"onClickChangeSettings:", "v@:@", click<&Bar::onClickChangeSettings>},
 };

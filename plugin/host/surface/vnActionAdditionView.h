@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -90,6 +91,10 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   void getMeetingByApptUUID() override;
 
   void onClickAddVornMeeting();
+  // A conference is the user's own: in a window that is open on behalf of somebody else the user is told so.
+  void onClickAddPACAccount1() { addPACMeeting(1); }
+  void onClickAddPACAccount2() { addPACMeeting(2); }
+  void popupNotSupportPACWarningMsg();
   void onClickCancelVornMeeting();
   void onClickChangeSettings();
 
@@ -116,6 +121,7 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   bool isItemWithMeetingOfSeries();
   vnMeetingDataMgr* meetingData();
   void createButtons();
+  void addPACMeeting(std::int64_t account);
   void redraw();
 
   HostObject m_view;

@@ -2,14 +2,17 @@
 
 #include <algorithm>
 
+#include "channel/commands/vnAlertHelper.h"
 #include "channel/discovery/vnPluginBuildMgr.h"
 #include "data/vnGetPACHelper.h"
 #include "host/proxies/HostViews.h"
 #include "host/surface/HostMenu.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "platform/Localization.h"
+#include "platform/TraceStep.h"
 #include "workflow/ThreadDictionary.h"
 #include "workflow/vnApptUIActionMgr.h"
+#include "workflow/vnOnbehalfData.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -150,6 +153,22 @@ void vnActionAdditionView::onClickAddVornMeeting() {
   vnApptUIActionMgr::sharedInstance().addVNMeeting(shared_from_this());
 }
 
+void vnActionAdditionView::addPACMeeting(std::int64_t account) {
+  // First of all: a bar that is not attached cannot tell on whose behalf its window is open.
+  attachOutlookERCalendarEventEditorWindowController(editorWindowController());
+  if (vnOnbehalfData::sharedInstance().isOnbehalf(getAppointmentWindowID())) {
+    popupNotSupportPACWarningMsg();
+  } else if (m_vnUIStatus == VnUINotMeeting) {
+    vnApptUIActionMgr::sharedInstance().addPACMeeting(shared_from_this(), account);
+  }
+}
+
+void vnActionAdditionView::popupNotSupportPACWarningMsg() {
+  const std::string message = localizedString("NotSupportPACForOnBehalf");
+  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", message}}); });
+  vnAlertHelper::sharedInstance().showAlertMessage(editorViewWindow(), message);
+}
+
 void vnActionAdditionView::onClickCancelVornMeeting() {
   if (m_vnUIStatus != VnUIMeeting) return;
   vnApptUIActionMgr::sharedInstance().cancelVNMeeting(shared_from_this(), 0);
@@ -169,6 +188,12 @@ void vnActionAdditionView::autoAddToVnMeeting() {
     left.remove(keyFlagAutoAddToVnMeeting);
     left.remove(keyFlagVnMeetingArgument);
     onClickAddVornMeeting();
+  } else if (isNew && left[keyFlagAutoAddToPACMeeting].boolValue()) {
+    left.remove(keyFlagAutoAddToPACMeeting);
+    const std::int64_t account = left[keyFlagVnMeetingArgument][vn_PAC_Setting_PACAccountNo].integerValue();
+    left.remove(keyFlagVnMeetingArgument);
+    if (account == 1) onClickAddPACAccount1();
+    if (account == 2) onClickAddPACAccount2();
   } else if (left[keyFlagAutoUpdateVnMeeting].boolValue()) {
     left.remove(keyFlagAutoUpdateVnMeeting);
     m_pvnMeetingMgr->setIsForceUpdate(true);
