@@ -38,8 +38,9 @@
 }
 // What the person chooses in the next menu that opens; NULL for nothing.
 + (void)setNextChoice:(SEL)action;
-+ (void)popUpContextMenu:(NSMenu*)menu withEvent:(NSEvent*)event forView:(NSView*)view;
 - (id)initWithTitle:(NSString*)title;
+// Whether an item was chosen.
+- (BOOL)popUpMenuPositioningItem:(NSMenuItem*)item atLocation:(NSPoint)location inView:(NSView*)view;
 - (NSString*)title;
 - (void)setAutoenablesItems:(BOOL)enables;
 - (void)addItem:(NSMenuItem*)item;

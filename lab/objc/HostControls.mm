@@ -74,12 +74,15 @@ void replaceText(NSString*& held, NSString* given) {
   nextChoice = action;
 }
 // The menu stands until the person has chosen, which is at once here.
-+ (void)popUpContextMenu:(NSMenu*)menu withEvent:(NSEvent*)event forView:(NSView*)view {
-  (void)event;
+- (BOOL)popUpMenuPositioningItem:(NSMenuItem*)item atLocation:(NSPoint)location inView:(NSView*)view {
+  (void)item;
+  (void)location;
   (void)view;
-  NSMenuItem* chosen = [menu itemWithAction:nextChoice];
+  NSMenuItem* chosen = [self itemWithAction:nextChoice];
   nextChoice = nullptr;
-  if ([chosen isEnabled]) [[chosen target] performSelector:[chosen action] withObject:chosen];
+  if (![chosen isEnabled]) return NO;
+  [[chosen target] performSelector:[chosen action] withObject:chosen];
+  return YES;
 }
 - (id)initWithTitle:(NSString*)title {
   if (!(self = [super init])) return nil;

@@ -8,8 +8,6 @@ namespace vornlab {
 
 namespace {
 
-constexpr std::string_view kPopUp = "popUpContextMenu:withEvent:forView:";
-
 // What can be set at a control and read again.
 struct Property {
   enum class Kind { copied, retained, notOwned };
@@ -34,6 +32,7 @@ constexpr Property kProperties[] = {
     {"NSMenuItem", "title", "setTitle:"},
     {"NSMenuItem", "isEnabled", "setEnabled:"},
     {"NSMenuItem", "tag", "setTag:"},
+    {"NSMenuItem", "submenu", "setSubmenu:", Property::Kind::retained},
     {"NSMenuItem", "target", "setTarget:", Property::Kind::notOwned},
     {"NSMenuItem", "action", "setAction:"},
     {"NSImageView", "image", "setImage:", Property::Kind::retained},
@@ -43,6 +42,10 @@ constexpr Property kProperties[] = {
     {"NSToolbarItem", "image", "setImage:", Property::Kind::retained},
     {"NSToolbarItem", "view", "setView:", Property::Kind::retained},
     {"NSToolbarItem", "isEnabled", "setEnabled:"},
+    {"NSToolbarItem", "minSize", "setMinSize:"},
+    {"NSToolbarItem", "maxSize", "setMaxSize:"},
+    {"NSToolbarItem", "menuFormRepresentation", "setMenuFormRepresentation:", Property::Kind::retained},
+    {"NSToolbarItem", "toolbar", "setToolbar:", Property::Kind::notOwned},
     {"NSToolbarItem", "target", "setTarget:", Property::Kind::notOwned},
     {"NSToolbarItem", "action", "setAction:"},
 };
@@ -124,13 +127,12 @@ void HostWorld::defineControls() {
   method("NSMenu", "itemArray",
          [this](const HostObject& self, const Arguments&) { return properties(self)["itemArray"]; });
   // The menu stands until the person has chosen, which is at once here.
-  runtime.setClassMethod("NSMenu", kPopUp, [this](const HostObject&, const Arguments& arguments) {
-    const HostObject menu = firstOf(arguments).object();
-    const HostObject chosen = menuChoice ? itemOf(*this, menu, *menuChoice) : HostObject();
-    hasChosen = chosen && isEnabled(*this, chosen);
-    if (hasChosen) sendAction(*this, chosen);
-    return Value();
-  });
+  action("NSMenu",
+         "popUpMenuPositioningItem:atLocation:inView:", [this](const HostObject& self, const Arguments&) {
+           const HostObject chosen = menuChoice ? itemOf(*this, self, *menuChoice) : HostObject();
+           hasChosen = chosen && isEnabled(*this, chosen);
+           if (hasChosen) sendAction(*this, chosen);
+         });
 }
 
 HostWorld::Control HostWorld::controlNamed(const HostObject& root, const ControlName& name) const {

@@ -109,7 +109,9 @@ void HostWorld::defineToolbar() {
                send(toolbar->delegate,
                     "toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:", {self, firstOf(arguments), true})
                    .object();
-           if (item) toolbar->items.insert(toolbar->items.begin() + index, runtime.retained(item));
+           if (!item) return;
+           toolbar->items.insert(toolbar->items.begin() + index, runtime.retained(item));
+           send(item, "setToolbar:", {self});
          });
 }
 
@@ -191,6 +193,9 @@ void HostWorld::fillToolbar(HostWindow& window) {
 void HostWorld::emptyMainWindow() {
   const HostObject window = send(mainWindowController, "window").object();
   const HostObject toolbar = send(window, "toolbar").object();
+  if (const auto held = runtime.state<HostToolbar>(toolbar)) {
+    for (const HostObject& item : held->items) send(item, "setToolbar:", {Value()});
+  }
   runtime.destroy(toolbar);
   ribbon = {};
   runtime.destroy(grid.wrapper);

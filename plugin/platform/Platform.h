@@ -26,4 +26,10 @@ struct Platform {
   Trace* trace = nullptr;                                        // optional
 };
 
+// Whether every port is there that has to be.
+inline bool isComplete(const Platform& platform) {
+  return platform.runLoop && platform.notificationCenter && platform.classRuntime && platform.userDefaults &&
+         platform.workspace && platform.presenter && platform.surroundings;
+}
+
 }  // namespace vorn

@@ -8,6 +8,8 @@ struct Rect {
   double y = 0;
   double width = 0;
   double height = 0;
+
+  bool operator==(const Rect&) const = default;
 };
 
 }  // namespace vorn

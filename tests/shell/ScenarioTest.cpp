@@ -35,8 +35,7 @@ TEST(Scenario, SaysWhereALineCannotBeReadAndWhatWasExpected) {
       {"expect bar green",
        "x.vorn:1: expected one of add, meeting, hidden, none, found \"green\"\n  it is written: "
        "expect bar add|meeting|hidden|none"},
-      {"click",
-       "x.vorn:1: expected one of add, cancel, settings, audio 1, audio 2, ribbon schedule"},
+      {"click", "x.vorn:1: expected one of add, cancel, settings, audio 1, audio 2, ribbon schedule"},
       {"type times tomorrow", "x.vorn:1: expected a time such as 2026-11-23T09:00, found \"tomorrow\""},
       {"type times 2026-11-23T09:00 for 5", "x.vorn:1: expected \"min\", the line ends"},
       {"type subject Budget", "x.vorn:1: expected a text in quotes, found \"Budget\""},

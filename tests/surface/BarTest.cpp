@@ -206,6 +206,14 @@ TEST_F(Bar, AStoredAppointmentThatOpensMeanwhileIsNotTheOneThatTheToolbarMeant) 
   EXPECT_TRUE(left[keyFlagAutoAddToVnMeeting].boolValue());
 }
 
+TEST_F(Bar, StaysWhenTheHostLetsGoOfTheEventBeforeTheFirstClick) {
+  const auto bar = openedBar("");
+  const std::string before = shown(bar);
+  world.classRuntime.destroy(event);
+  bar->refreshUI();
+  EXPECT_EQ(shown(bar), before);
+}
+
 TEST_F(Bar, EndsALittleAfterItsOwnWindowCloses) {
   auto bar = makeBar();
   const std::weak_ptr<vnActionAdditionView> watched = bar;

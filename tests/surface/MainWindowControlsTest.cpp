@@ -1,4 +1,4 @@
-// The controls of the main window at the stand-in host: the ribbon's button and the toolbar's items.
+// The controls at the stand-in host: the bar's buttons, the ribbon's button and the toolbar's items.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,12 +9,16 @@
 #include "channel/store/vnCommon.h"
 #include "channel/transport/vnIPCConstants.h"
 #include "host/proxies/HostViews.h"
+#include "host/proxies/vnERageMainWindowController.h"
 #include "host/surface/HookInstaller.h"
+#include "host/surface/MainWindowRibbon.h"
 #include "host/surface/MainWindowToolbar.h"
+#include "host/surface/vnActionAdditionView.h"
 #include "host/surface/vnPopupToolbarView.h"
 #include "host/surface/vnToolbarItemMgr.h"
 #include "lab/outlook/OutlookHost.h"
 #include "platform/Localization.h"
+#include "platform/Registry.h"
 #include "tests/support/TestPlatform.h"
 #include "workflow/ThreadDictionary.h"
 #include "workflow/vnMeetingMgr.h"
@@ -86,9 +90,9 @@ TEST_F(MainWindowControls, TheRibbonHasItsButtonOnTheTabsThatWantIt) {
       const char* afterCalendar;
     };
     const Row rows[] = {{0, hasAddins ? "shown" : "none", hasAddins ? "shown" : "hidden"},
-                        {1, "none", "shown"},
+                        {1, "none", "hidden"},
                         {2, "shown", "shown"},
-                        {3, "none", "shown"}};
+                        {3, "none", "hidden"}};
     for (const Row& row : rows) {
       SCOPED_TRACE(row.tab);
       host->chooseRibbonTab(1);
@@ -142,6 +146,7 @@ TEST_F(MainWindowControls, PanesThatLoadOneAfterTheOtherLeadToOneLook) {
 
 TEST_F(MainWindowControls, TheRibbonsMenuDoesWhatItSays) {
   start();
+  EXPECT_EQ(host->ribbonControl("onClickAbout:").toolTip, "Schedule or start a Vorn meeting");
   const std::pair<const char*, std::uint64_t> starts[] = {{"onClickStartMeetingWithVideo:", 9},
                                                           {"onClickStartMeetingWithoutVideo:", 10}};
   for (const auto& [action, command] : starts) {
@@ -187,7 +192,7 @@ TEST_F(MainWindowControls, EachItemOfTheToolbarShowsItsNameAndDoesItsWork) {
     const OutlookHost::Control seen = host->toolbarControl(row.control);
     EXPECT_TRUE(seen.isEnabled);
     EXPECT_EQ(seen.title, row.title);
-    const HostObject item = vnToolbarItemMgr::sharedInstance().itemForIdentifier(row.identifier);
+    const HostObject item = vnToolbarItemMgr::sharedInstance().itemForIdentifier(row.identifier, {});
     EXPECT_EQ(askHost(item, "label").text(), row.label);
     EXPECT_EQ(askHost(item, "paletteLabel").text(), "Vorn");
     EXPECT_FALSE(askHost(item, "toolTip").text().empty());
@@ -257,6 +262,132 @@ TEST_F(MainWindowControls, AToolbarThatRefusesOurItemGetsNoSeparatorForIt) {
     addUIToMainWindow(m_scheduleMeetingItemIdentifier);
     EXPECT_EQ(host->toolbarItems(), hasToolbar ? options.toolbar : std::vector<std::string>());
   }
+}
+
+TEST_F(MainWindowControls, AnItemHasOnePlaceAndAnotherToolbarGetsAnotherOne) {
+  start();
+  vnToolbarItemMgr& items = vnToolbarItemMgr::sharedInstance();
+  using Items = vnToolbarItemMgr;
+  const std::pair<const char*, const HostObject& (Items::*)()> rows[] = {
+      {"VNStartToolbarItem", &Items::VNStartToolbarItem},
+      {"VNScheduleToolbarItem", &Items::VNScheduleToolbarItem},
+      {"VNSchedulePACToolbarItem", &Items::vnSchedulePACToolbarItem},
+      {"VNOpenLogFolder", &Items::VNOpenLogFolderToolbarItem}};
+  for (const auto& [identifier, kept] : rows) {
+    SCOPED_TRACE(identifier);
+    ASSERT_TRUE(host->addToolbarItem(identifier));
+    const HostObject other = world->classRuntime.create("NSToolbar");
+    const HostObject first = (items.*kept)();
+    const HostObject shownIn = askHost(first, "toolbar").object();
+    EXPECT_FALSE(first == items.itemForIdentifier(identifier, other)) << "the first stands somewhere else";
+    EXPECT_EQ(items.itemForIdentifier(identifier, shownIn), first);
+    const HostObject second = items.itemForIdentifier(identifier, other);
+    EXPECT_EQ(askHost(second, "action").text(), askHost(first, "action").text());
+    const HostObject inWords = askHost(first, "menuFormRepresentation").object();
+    EXPECT_EQ(askHost(inWords, "submenu"), askHost(askHost(first, "view").object(), "menu"));
+    EXPECT_EQ(askHost(inWords, "title").text(), inWords ? askHost(first, "label").text() : "");
+  }
+  // In a toolbar that shows words the item itself opens its menu.
+  const HostObject start = items.VNStartToolbarItem();
+  EXPECT_TRUE(host->clickToolbar({"onContextMenuAction_Start:", 0}));
+  EXPECT_EQ(askHost(start, "action").text(), "popupStartContextMenu:");
+  EXPECT_EQ(askHost(items.vnSchedulePACToolbarItem(), "action").text(), "popupSchedulePACContextMenu:");
+}
+
+TEST_F(MainWindowControls, AMenuOpensBelowTheViewThatIsPressedOrWhoseItemIsClicked) {
+  start();
+  struct Opened {
+    std::string menu;
+    HostObject view;
+    double y = -1;
+  } opened;
+  world->classRuntime.setInstanceMethod(
+      "NSMenu",
+      "popUpMenuPositioningItem:atLocation:inView:", [&](const HostObject& menu, const Arguments& arguments) {
+        opened = {askHost(menu, "title").text(), arguments.at(2).object(), arguments.at(1)["y"].realValue()};
+        return Value(true);
+      });
+  vnToolbarItemMgr& items = vnToolbarItemMgr::sharedInstance();
+  const std::pair<HostObject, const char*> rows[] = {
+      {items.VNStartToolbarItem(), "vnStartMeetingMenu"},
+      {items.vnSchedulePACToolbarItem(), "vnSchedulePACMeetingMenu"}};
+  for (const bool isFlipped : {false, true}) {
+    world->classRuntime.setInstanceMethod(
+        "NSView", "isFlipped", [isFlipped](const HostObject&, const Arguments&) { return Value(isFlipped); });
+    for (const auto& [item, menu] : rows) {
+      SCOPED_TRACE(menu);
+      const HostObject view = askHost(item, "view").object();
+      for (const bool isPressed : {true, false}) {
+        opened = {};
+        if (isPressed) {
+          askHost(view, "mouseDown:", {Value()});
+        } else {
+          askHost(askHost(item, "target").object(), askHost(item, "action").text(), {item});
+        }
+        EXPECT_EQ(opened.menu, menu);
+        EXPECT_EQ(opened.view, view);
+        EXPECT_EQ(opened.y, isFlipped ? 32 : 0);
+      }
+    }
+  }
+}
+
+TEST_F(MainWindowControls, WhatTheHostKeepsOfOursIsHarmlessAfterItsEndAndWorksAfterTheNextStart) {
+  start();
+  ASSERT_TRUE(host->addToolbarItem("VNScheduleToolbarItem"));
+  const HostObject button = firstSubviewOfKind(container(), "vnPopupButton");
+  const Platform ports = Registry::platform();
+  Registry::reset();
+  EXPECT_FALSE(host->clickRibbon("onClickStartMeetingWithVideo:"));
+  host->clickToolbar("onClickScheduleVornMeeting:");
+  world->classRuntime.send(button, "mouseDown:", {Value()});
+
+  Registry::install(ports);
+  const Value windows = askHost(hostApplication(), "windows");
+  vnERageMainWindowController::sharedInstance().setDelegate(
+      askHost(windows.at(0).object(), "windowController").object());
+  initVnRibbonView();
+  EXPECT_EQ(buttons(), 1U);
+  EXPECT_TRUE(host->clickRibbon("onClickStartMeetingWithVideo:"));
+  EXPECT_EQ(lastCommand(), 9U);
+}
+
+TEST_F(MainWindowControls, TheBarsButtonsStandWhereThereIsRoom) {
+  struct Row {
+    const char* action;
+    const char* title;
+    const char* image;
+    double left, width, narrowLeft, narrowWidth;
+  };
+  const Row rows[] = {
+      {"onClickAddVornMeeting:", "Add Vorn Meeting", "Schedule_Meeting_normal_32", 0, 190, 0, 95},
+      {"onClickCancelVornMeeting:", "Cancel Vorn Meeting", "Cancel_Meeting_normal", 0, 190, 0, 95},
+      {"onClickChangeSettings:", "Meeting Settings", "Settings_normal", 195, 190, 97.5, 95},
+      {"onClickAddPACAccount1:", "Schedule Audio Conference", "Schedule_PACMeeting_32", 195, 190, 97.5, 95},
+  };
+  start();
+  const HostObject header = world->classRuntime.create("NSView");
+  const auto bar = vnActionAdditionView::create(header);
+  ASSERT_TRUE(bar);
+  for (const bool isNarrow : {false, true}) {
+    if (isNarrow) bar->layOut(192.5);
+    for (const Row& row : rows) {
+      SCOPED_TRACE(row.action);
+      HostObject button;
+      for (const HostObject& view : subviewsOf(bar->view())) {
+        const bool opensIt = askHost(askHost(view, "menu").object(), "itemArray").at(0).isObject();
+        if (askHost(view, "action").text() == row.action || (opensIt && row.image[9] == 'P')) button = view;
+      }
+      ASSERT_TRUE(button);
+      EXPECT_EQ(askHost(button, "title").text(), row.title);
+      EXPECT_EQ(askHost(askHost(button, "image").object(), "name").text(), row.image);
+      EXPECT_EQ(frameOf(button).x, isNarrow ? row.narrowLeft : row.left);
+      EXPECT_EQ(frameOf(button).width, isNarrow ? row.narrowWidth : row.width);
+    }
+  }
+  bar->enableChangeSettingButton(false);
+  bar->onUIChanged(VnUINotMeeting);
+  EXPECT_TRUE(bar->addButton().hidden && bar->addPACButton().hidden) << "no editor is known yet";
 }
 
 TEST_F(MainWindowControls, APressOnTheImageIsAPressOnItsView) {

@@ -4,7 +4,7 @@
 
 // 0 when the plug-in stands.
 extern "C" [[gnu::visibility("default")]] int vOutlookPluginLoad(const vorn::Platform* platform) {
-  if (!platform || !platform->runLoop || !platform->classRuntime) return 1;
+  if (!platform || !isComplete(*platform)) return 1;
   try {
     vorn::loadPlugin(*platform);
     return 0;

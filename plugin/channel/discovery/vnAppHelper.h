@@ -53,6 +53,21 @@ class vnAppHelper {
 
   // A value in the property list at the path; absent when there is none.
   Value objectForPropertyListKey(const OptionalText& key, const OptionalText& filePath);
+
+  // --- Of the product's other pieces and of the host. Nothing here calls these.
+
+  bool isOutlookInstalled();
+  bool isOutlookRunning();
+  // False when the host is not installed or could not be started.
+  bool launchOutlookApp();
+  std::string getOutlookSandboxContainerVornPluginPath();
+  std::string getMicrosoftApplicationSupportVornPluginFolder();
+  // Of the agent's property list among those that start with the user's session.
+  std::string getVnPluginAgentPListUserPath();
+  // The agent's version; "" when it is not installed.
+  std::string getVnPluginVersion();
+  // The system's preferred language; "" when it has none.
+  std::string getSystemLanguage();
 };
 
 }  // namespace vorn

@@ -31,6 +31,9 @@ inline constexpr std::string_view kPathVnPluginUninstall = "/Applications/VornOu
 inline constexpr std::string_view kPathVnPluginScriptAddition =
     "/Library/ScriptingAdditions/vOLPluginInjection.osax";
 
+// The agent's property list among the user's launch agents.
+inline constexpr std::string_view kvnPluginAgentPList = "com.vorn.vOutlookPluginAgent.plist";
+
 // Names for a log; nothing writes one.
 inline constexpr std::string_view kvnOLPluginLogFile = "VornOutlookPlugin.Log";
 inline constexpr std::string_view kvnOLPluginAgentLogFile = "VornOutlookPluginAgent.Log";

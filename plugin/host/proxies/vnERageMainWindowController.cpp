@@ -33,8 +33,9 @@ void vnERageMainWindowController::initMembers() {
 }
 
 std::uint32_t vnERageMainWindowController::currentActiveTabIndex() const {
-  if (!m_idOUIRibbonView) return static_cast<std::uint32_t>(-1);
-  return static_cast<std::uint32_t>(askHost(m_idOUIRibbonView, "activeTabIndex").integerValue());
+  // A ribbon that has ended, or does not say, is none.
+  const Value tab = askHost(m_idOUIRibbonView, "activeTabIndex");
+  return static_cast<std::uint32_t>(tab.isNumber() ? tab.integerValue() : -1);
 }
 
 bool vnERageMainWindowController::isHomeMailOrCalendarTab() const {

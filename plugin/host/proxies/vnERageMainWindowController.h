@@ -6,7 +6,7 @@
 
 namespace vorn {
 
-// The controller of the host's main window. Process-wide: it takes the first such controller and keeps to it.
+// The controller of the host's main window. Process-wide: it keeps to a controller as long as that has its window.
 class vnERageMainWindowController : public vnDelegateBase {
  public:
   // Tabs of the ribbon.
@@ -18,7 +18,7 @@ class vnERageMainWindowController : public vnDelegateBase {
 
   HostObject window() const { return object("window"); }
 
-  // Takes the first object of the right class; every later call is ignored.
+  // Takes an object of the right class, unless the one before still has its window on the screen.
   void setDelegate(const HostObject& delegate);
   void connectChild() { initMembers(); }
   // Looks for the ribbon in a visible window; what is not found stays as it was.

@@ -65,7 +65,8 @@ void placeActionBar(const std::vector<HostObject>& views, bool hasTimezone) {
   const HostObject superview = askHost(*bar, "superview").object();
   if (!superview) return;
   const Rect frame = actionBarFrame(frameOf(superview), frameOf(*bar), hasTimezone);
-  setFrameOf(*bar, frame);
+  // The toolkit draws the header anew when a view in it is given another frame, which leads here again.
+  if (frameOf(*bar) != frame) setFrameOf(*bar, frame);
   if (const auto placed = BarView::barOf(*bar)) placed->layOut(frame.width);
 }
 

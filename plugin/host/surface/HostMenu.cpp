@@ -12,7 +12,7 @@ namespace vorn {
 
 namespace {
 
-// Images that were read, which buttons change between.
+// Images that were looked for, which buttons change between; absent for one that cannot be read.
 struct KnownImages {
   std::map<std::string, HostObject, std::less<>> byName;
 };
@@ -38,10 +38,16 @@ HostObject makeMenu(std::string_view title, std::span<const MenuEntry> entries, 
 }
 
 void popUp(const HostObject& menu, const HostObject& view) {
-  ClassRuntime& runtime = *Registry::platform().classRuntime;
-  const HostObject menus = runtime.classObject(runtime.NSClassFromString("NSMenu"));
-  const HostObject event = askHost(hostApplication(), "currentEvent").object();
-  if (menu) askHost(menus, "popUpContextMenu:withEvent:forView:", {menu, event, view});
+  if (!menu || !view) return;
+  // The lower left corner, in the view's own measure.
+  const bool isFlipped = booleanFromHost(askHost(view, "isFlipped"));
+  const Value below = Value::dictionaryFromPairs({{"x", 0.0}, {"y", isFlipped ? frameOf(view).height : 0.0}});
+  askHost(menu, "popUpMenuPositioningItem:atLocation:inView:", {Value(), below, view});
+}
+
+void forgetTarget(const HostObject& menu) {
+  const Value items = askHost(menu, "itemArray");
+  for (const Value& item : items.items()) askHost(item.object(), "setTarget:", {Value()});
 }
 
 HostObject imageNamed(std::string_view name) {
@@ -49,10 +55,8 @@ HostObject imageNamed(std::string_view name) {
   if (const auto found = known.find(name); found != known.end()) return found->second;
   const std::string path = Registry::platform().surroundings->resourcePath(name, "png");
   const HostObject image = makeInHost("NSImage", "initWithContentsOfFile:", {path});
-  if (!image) return {};
   askHost(image, "setName:", {name});
-  known.emplace(name, image);
-  return image;
+  return known.emplace(name, image).first->second;
 }
 
 }  // namespace vorn

@@ -24,8 +24,11 @@ HostObject createMenuItemForMenu(const HostObject& menu, const MenuEntry& entry,
 // of the reference, or as what shows it. Absent when the host has no menus.
 HostObject makeMenu(std::string_view title, std::span<const MenuEntry> entries, const HostObject& target);
 
-// Opens the menu at the view. The host comes back when the person has chosen. Nothing for an absent menu.
+// Opens the menu below the view. The host comes back when the person has chosen. Nothing when either is absent.
 void popUp(const HostObject& menu, const HostObject& view);
+
+// Whoever the menu's items send to is about to end, and the host may keep the menu.
+void forgetTarget(const HostObject& menu);
 
 // An image of the bundle by its name, without a type; absent when the host has no images, or cannot read it.
 HostObject imageNamed(std::string_view name);

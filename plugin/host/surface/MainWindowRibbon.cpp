@@ -18,8 +18,9 @@ void initVnRibbonView() {
   vnERageMainWindowController& mainWindow = vnERageMainWindowController::sharedInstance();
   // The host may have built its ribbon anew, or only now.
   mainWindow.initMembers();
-  if (!mainWindow.needAddVornButton()) return;
   vnMainRibbonView& ribbon = vnMainRibbonView::sharedInstance();
+  // The chunks of a tab without our button may come to stand where it was.
+  if (!mainWindow.needAddVornButton()) return ribbon.hide();
   ribbon.setOlMainWindowActivedTab(mainWindow.currentActiveTabIndex());
   ribbon.initWithOLRibbonChunkContainerView(mainWindow.ribbonChunkContainerView());
 }

@@ -9,6 +9,8 @@ ClassRef ownClass(std::string_view name, std::string_view superclass, std::span<
   const ClassRef known = runtime.defineClass(name, superclass);
   for (const OwnMethod& method : methods) {
     const auto guarded = [run = method.run](const HostObject& receiver, const Arguments& arguments) {
+      // What the host keeps of ours may still be clicked when this system has ended.
+      if (!Registry::platform().classRuntime) return Value();
       try {
         return run(receiver, arguments);
       } catch (...) {

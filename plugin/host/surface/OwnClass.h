@@ -17,7 +17,7 @@ struct OwnMethod {
 
 // The class of ours with that name below one of the host's, with the methods added; false where the host does not
 // have the superclass. Asking again gives the same class. A method that fails answers absent: the host must not
-// see our exceptions.
+// see our exceptions. So does every method once this system has ended.
 ClassRef ownClass(std::string_view name, std::string_view superclass, std::span<const OwnMethod> methods);
 
 // An object of such a class, or of one of the host's, alive as long as a copy of the reference or as the host

@@ -109,7 +109,11 @@ bool vnActionAdditionView::needHideVnView() {
   if (vnERCalendarEventEditorViewController* editor = editorProxy()) {
     return editor->isCancelMode() || !editor->isSupportedOwner() || isItemWithMeetingOfSeries();
   }
-  return !m_idECCalendarEvent || !vnECCalendarEvent(m_idECCalendarEvent).isSupportVorn();
+  if (!m_idECCalendarEvent) return true;
+  // Before its first click a bar holds nothing of the editor, and the host may have let go of the event that it
+  // opened with; what was read of it then still stands.
+  const vnECCalendarEvent event(m_idECCalendarEvent);
+  return event.isValidConnection() ? !event.isSupportVorn() : !m_bSupportVorn;
 }
 
 bool vnActionAdditionView::blockDeleteVornMeeting() {
@@ -183,7 +187,8 @@ void vnActionAdditionView::onClickChangeSettings() {
 void vnActionAdditionView::autoAddToVnMeeting() {
   ThreadDictionary& left = ThreadDictionary::sharedInstance();
   // The toolbar opens a new appointment. One that is stored already and opens in the same moment is another one.
-  const bool isNew = vnECCalendarEvent(m_idECCalendarEvent).UUID().value_or("").empty();
+  // Only what the host itself keeps counts: a new one may have an id in its calendar text before it is stored.
+  const bool isNew = askHost(m_idECCalendarEvent, "UUID").text().empty();
   if (isNew && left[keyFlagAutoAddToVnMeeting].boolValue()) {
     left.remove(keyFlagAutoAddToVnMeeting);
     left.remove(keyFlagVnMeetingArgument);

@@ -15,6 +15,12 @@ void vnCommandItemMgr::initPluginInstance() {
   m_appDelegate.emplace(askHost(hostApplication(), "delegate").object());
 }
 
+const vnErageAppDelegate* vnCommandItemMgr::appDelegate() {
+  // The application may have got its delegate, or another one, only after we were loaded.
+  if (m_appDelegate && !m_appDelegate->isValidConnection()) initPluginInstance();
+  return m_appDelegate && m_appDelegate->isValidConnection() ? &*m_appDelegate : nullptr;
+}
+
 int vnCommandItemMgr::SendToolbarItemCommand(std::int32_t command, const Value& data) {
   switch (command) {
     case kStartInstantMeeting: startInstantMeeting(data); break;
@@ -34,11 +40,11 @@ void vnCommandItemMgr::startInstantMeeting(const Value& data) {
 
 // A host that cannot open an appointment must not leave word for the next one that somebody opens.
 void vnCommandItemMgr::scheduleNewMeeting(const Value& data) {
-  if (m_appDelegate && m_appDelegate->isValidConnection()) m_appDelegate->autoAddVornToAppointment(data);
+  if (const vnErageAppDelegate* delegate = appDelegate()) delegate->autoAddVornToAppointment(data);
 }
 
 void vnCommandItemMgr::scheduleNewPACMeeting(const Value& data) {
-  if (m_appDelegate && m_appDelegate->isValidConnection()) m_appDelegate->autoAddPACToAppointment(data);
+  if (const vnErageAppDelegate* delegate = appDelegate()) delegate->autoAddPACToAppointment(data);
 }
 
 void vnCommandItemMgr::openLogFolder() {

@@ -40,6 +40,9 @@ class vnCommandItemMgr {
   void openLogFolder();
 
  private:
+  // Null before initPluginInstance(), and when the application has none.
+  const vnErageAppDelegate* appDelegate();
+
   std::optional<vnErageAppDelegate> m_appDelegate;
 };
 

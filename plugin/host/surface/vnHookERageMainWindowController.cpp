@@ -40,7 +40,8 @@ void vnHookERageMainWindowController::finish() {
 }
 
 Value vnHookERageMainWindowController::vn_ERageMainWindowController_toolbarItem(HookCall& call) {
-  if (const HostObject item = vnToolbarItemMgr::sharedInstance().itemForIdentifier(call.argument(1).text()))
+  if (const HostObject item =
+          vnToolbarItemMgr::sharedInstance().itemForIdentifier(call.argument(1).text(), call.argument(0).object()))
     return item;
   return call.forward();
 }

@@ -50,6 +50,10 @@ double rightEdge(const HostObject& view) {
 
 vnMainRibbonView& vnMainRibbonView::sharedInstance() { return Registry::shared<vnMainRibbonView>(); }
 
+vnMainRibbonView::~vnMainRibbonView() {
+  if (Registry::platform().classRuntime) forgetTarget(m_menu);
+}
+
 bool vnMainRibbonView::isHomeMailInboxTab() const {
   return olMainWindowActivedTab == vnERageMainWindowController::kMailTab;
 }
@@ -62,7 +66,9 @@ void vnMainRibbonView::initWithOLRibbonChunkContainerView(const HostObject& cont
     if (!isWanted) return;
     createVnRibbonButton();
   }
-  // What was hidden on one tab is shown again on another, behind the chunks that this one has.
+  // What was hidden on one tab is shown again on another, behind the chunks that this one has. It may be older
+  // than this system's present start.
+  askHost(vnRibbonButton(), "setMenu:", {menu()});
   askHost(vnRibbonButton(), "setHidden:", {!isWanted});
   if (isWanted) adjustVnRibbonButton();
 }
@@ -75,24 +81,30 @@ HostObject vnMainRibbonView::vnRibbonButton() const {
   return found == views.end() ? HostObject() : *found;
 }
 
-void vnMainRibbonView::createVnRibbonButton() {
-  if (!m_target) m_target = makeInHost(ownClass("vnMainRibbonView", "NSObject", kMethods), "init");
-  if (!m_menu) {
-    const MenuEntry entries[] = {
-        {localizedString("ScheduleMeetingLabel"), "onClickScheduleMeeting:"},
-        {localizedString("StartWithVideo"), "onClickStartMeetingWithVideo:"},
-        {localizedString("StartWithoutVideo"), "onClickStartMeetingWithoutVideo:"},
-        {localizedString("LN_VornMenuItem_About_231668"), "onClickAbout:"},
-    };
-    m_menu = makeMenu(localizedString("VnPalletLabel"), entries, m_target);
-  }
-  m_button.hidden = false;
-  m_button.image = "Start_Meeting_normal_32";
-  m_button.title = localizedString("VnPalletLabel");
-  m_button.toolTip = localizedString("MainVornButtonToolTip");
-  m_button.frame = getVnRibbonViewFrame();
-  m_button.create(m_idOLRibbonChunkContainerView, m_menu);
+const HostObject& vnMainRibbonView::menu() {
+  if (m_menu) return m_menu;
+  m_target = makeInHost(ownClass("vnMainRibbonView", "NSObject", kMethods), "init");
+  const MenuEntry entries[] = {
+      {localizedString("ScheduleMeetingLabel"), "onClickScheduleMeeting:"},
+      {localizedString("StartWithVideo"), "onClickStartMeetingWithVideo:"},
+      {localizedString("StartWithoutVideo"), "onClickStartMeetingWithoutVideo:"},
+      {localizedString("LN_VornMenuItem_About_231668"), "onClickAbout:"},
+  };
+  return m_menu = makeMenu(localizedString("VnPalletLabel"), entries, m_target);
 }
+
+void vnMainRibbonView::createVnRibbonButton() {
+  // The host's tree of views alone holds it from here on.
+  vnPopupButton button;
+  button.hidden = false;
+  button.image = "Start_Meeting_normal_32";
+  button.title = localizedString("VnPalletLabel");
+  button.toolTip = localizedString("MainVornButtonToolTip");
+  button.frame = getVnRibbonViewFrame();
+  button.create(m_idOLRibbonChunkContainerView, menu());
+}
+
+void vnMainRibbonView::hide() { askHost(vnRibbonButton(), "setHidden:", {true}); }
 
 void vnMainRibbonView::adjustVnRibbonButton() {
   const HostObject button = vnRibbonButton();
@@ -103,7 +115,10 @@ void vnMainRibbonView::adjustVnRibbonButton() {
 
 HostObject vnMainRibbonView::getLastoneView() const {
   std::vector<HostObject> views = subviewsOf(m_idOLRibbonChunkContainerView);
-  std::erase_if(views, isOurs);
+  // A background or a separator is no chunk, and may reach as far as the container.
+  std::erase_if(views, [](const HostObject& view) {
+    return !isKindOfHostClass(view, kChunkClass) || booleanFromHost(askHost(view, "isHidden"));
+  });
   const auto last = std::max_element(views.begin(), views.end(), [](const HostObject& a, const HostObject& b) {
     return rightEdge(a) < rightEdge(b);
   });
@@ -127,7 +142,7 @@ bool vnMainRibbonView::isOfficeAddinsStoreEnable(const HostObject& container) {
 OptionalText vnMainRibbonView::getRibbonChunkViewTitle(const HostObject& chunk) {
   const vnOUIRibbonChunkView proxy(chunk);
   const OptionalText styled = askHost(proxy.attributedTitle().object(), "string").optionalText();
-  return styled ? styled : proxy.title();
+  return styled && !styled->empty() ? styled : proxy.title();
 }
 
 // -- What its menu does ------------------------------------------------------------------------------------------

@@ -20,10 +20,14 @@ class vnMainRibbonView {
   // The ribbon's active tab, which decides whether the button is wanted.
   void setOlMainWindowActivedTab(std::uint32_t tab) { olMainWindowActivedTab = tab; }
   bool isHomeMailInboxTab() const;
+  ~vnMainRibbonView();
 
   // Sees to it that the ribbon with this container of chunks shows one button, or none where it is not wanted.
   // Nothing for an absent container.
   void initWithOLRibbonChunkContainerView(const HostObject& container);
+
+  // Hides the button that stands in the ribbon, on a tab that has none.
+  void hide();
 
   bool hasVnRibbonView() const;
   // The button among the container's subviews; absent when there is none.
@@ -37,6 +41,7 @@ class vnMainRibbonView {
 
  private:
   void createVnRibbonButton();
+  const HostObject& menu();
   // Puts the button behind the last chunk.
   void adjustVnRibbonButton();
   // The chunk furthest to the right; absent without chunks.
@@ -50,7 +55,6 @@ class vnMainRibbonView {
   std::uint32_t olMainWindowActivedTab = 0;
   HostObject m_target;
   HostObject m_menu;
-  vnPopupButton m_button;
 };
 
 }  // namespace vorn

@@ -10,6 +10,9 @@ namespace vorn {
 namespace {
 
 Value setImage(const HostObject& view, const Arguments& arguments) {
+  if (const HostObject before = firstSubviewOfKind(view, "NSImageView")) {
+    return askHost(before, "setImage:", arguments);
+  }
   const Rect frame = frameOf(view);
   const HostObject shown =
       makeInHost("NSImageView", "initWithFrame:", {valueFromRect({0, 0, frame.width, frame.height})});

@@ -54,15 +54,18 @@ constexpr OwnMethod kTargetMethods[] = {
     {"onClickOpenLogFolder:", "v@:@", click<&Items::onClickOpenLogFolder>},
 };
 
-// The toolkit asks the item whether it may be used now.
 Value validate(const HostObject& item, const Arguments&) {
-  vnAppHelper& helper = vnAppHelper::sharedInstance();
-  askHost(item, "setEnabled:", {helper.isSupportedOutlookVersion()});
-  if (!helper.isSupportedOSVersion()) askHost(item, "setToolTip:", {localizedString("OSVersionTooLow")});
+  shared().validate(item);
   return {};
 }
 
 constexpr OwnMethod kItemMethods[] = {{"validate", "v@:", validate}};
+
+// A click on an item comes from the item, a press on its view from the view.
+HostObject viewOf(const HostObject& sender) {
+  const HostObject shown = askHost(sender, "view").object();
+  return shown ? shown : sender;
+}
 
 std::int64_t tagOf(const HostObject& sender) {
   constexpr std::int64_t kNone = -1;
@@ -94,12 +97,28 @@ bool vnToolbarItemMgr::supportStartWithoutVideo() {
 
 // -- The items ---------------------------------------------------------------------------------------------------
 
-HostObject vnToolbarItemMgr::itemForIdentifier(std::string_view identifier) {
-  if (identifier == m_instantMeetingItemIdentifier) return VNStartToolbarItem();
-  if (identifier == m_scheduleMeetingItemIdentifier) return VNScheduleToolbarItem();
-  if (identifier == m_schedulePACItemIdentifier) return vnSchedulePACToolbarItem();
-  if (identifier == m_openLogFolderItemIdentifier) return VNOpenLogFolderToolbarItem();
-  return {};
+vnToolbarItemMgr::~vnToolbarItemMgr() {
+  // The host may keep all of it, and does not hold whom it sends to.
+  if (!Registry::platform().classRuntime) return;
+  for (const HostObject& item : {m_start, m_schedule, m_schedulePAC, m_openLogFolder}) {
+    askHost(item, "setTarget:", {Value()});
+  }
+  forgetTarget(m_startMenu);
+  forgetTarget(m_schedulePACMenu);
+}
+
+HostObject* vnToolbarItemMgr::keptItem(std::string_view identifier) {
+  if (identifier == m_instantMeetingItemIdentifier) return &m_start;
+  if (identifier == m_scheduleMeetingItemIdentifier) return &m_schedule;
+  if (identifier == m_schedulePACItemIdentifier) return &m_schedulePAC;
+  return identifier == m_openLogFolderItemIdentifier ? &m_openLogFolder : nullptr;
+}
+
+HostObject vnToolbarItemMgr::itemForIdentifier(std::string_view identifier, const HostObject& toolbar) {
+  if (!keptItem(identifier)) return {};
+  const HostObject& item = kept(identifier);
+  const HostObject shownIn = askHost(item, "toolbar").object();
+  return shownIn && shownIn != toolbar ? makeItemForIdentifier(identifier) : item;
 }
 
 const HostObject& vnToolbarItemMgr::target() {
@@ -119,46 +138,57 @@ HostObject vnToolbarItemMgr::makeItem(const Look& look) {
   return item;
 }
 
-// The toolkit shows an item that has a view by that view alone; its own action is for a toolbar that shows words.
+// The toolkit shows an item that has a view by that view; a toolbar that shows words, or that has no room for it,
+// shows the menu by the item's title.
 HostObject vnToolbarItemMgr::makeItemWithMenu(const Look& look, const HostObject& menu) {
   const HostObject item = makeItem(look);
+  const Value size = Value::dictionaryFromPairs({{"width", kItemFrame.width}, {"height", kItemFrame.height}});
   askHost(item, "setView:", {makePopupToolbarView(kItemFrame, look.image, menu)});
+  askHost(item, "setMinSize:", {size});
+  askHost(item, "setMaxSize:", {size});
+  const HostObject inWords =
+      makeInHost("NSMenuItem", "initWithTitle:action:keyEquivalent:", {localizedString(look.label), Value(), ""});
+  askHost(inWords, "setSubmenu:", {menu});
+  askHost(item, "setMenuFormRepresentation:", {inWords});
   return item;
 }
 
-const HostObject& vnToolbarItemMgr::VNStartToolbarItem() {
-  if (!m_start) {
-    m_start = makeItemWithMenu({m_instantMeetingItemIdentifier, "InstantMeetingLabel", "InstantMeetingTooltip",
-                                "Start_Meeting_normal_32", "popupStartContextMenu:"},
-                               startMenu());
+HostObject vnToolbarItemMgr::makeItemForIdentifier(std::string_view identifier) {
+  if (identifier == m_instantMeetingItemIdentifier) {
+    return makeItemWithMenu({identifier, "InstantMeetingLabel", "InstantMeetingTooltip", "Start_Meeting_normal_32",
+                             "popupStartContextMenu:"},
+                            startMenu());
   }
-  return m_start;
+  if (identifier == m_scheduleMeetingItemIdentifier) {
+    return makeItem({identifier, "ScheduleMeetingLabel", "ScheduleMeetingTooltip", "Schedule_Meeting_normal_32",
+                     "onClickScheduleVornMeeting:"});
+  }
+  if (identifier == m_schedulePACItemIdentifier) {
+    return makeItemWithMenu({identifier, "SchedulePACMeetingLabel", "SchedulePACMeetingTooltip",
+                             "Schedule_PACMeeting_32", "popupSchedulePACContextMenu:"},
+                            schedulePACMenu());
+  }
+  return makeItem({identifier, "OpenLogFolderLabel", "OpenLogFolderTooltip", "OpenLogFolder_normal_32",
+                   "onClickOpenLogFolder:"});
 }
 
-const HostObject& vnToolbarItemMgr::VNScheduleToolbarItem() {
-  if (!m_schedule) {
-    m_schedule = makeItem({m_scheduleMeetingItemIdentifier, "ScheduleMeetingLabel", "ScheduleMeetingTooltip",
-                           "Schedule_Meeting_normal_32", "onClickScheduleVornMeeting:"});
-  }
-  return m_schedule;
+const HostObject& vnToolbarItemMgr::kept(std::string_view identifier) {
+  HostObject& item = *keptItem(identifier);
+  if (!item) item = makeItemForIdentifier(identifier);
+  return item;
 }
 
-const HostObject& vnToolbarItemMgr::vnSchedulePACToolbarItem() {
-  if (!m_schedulePAC) {
-    m_schedulePAC =
-        makeItemWithMenu({m_schedulePACItemIdentifier, "SchedulePACMeetingLabel", "SchedulePACMeetingTooltip",
-                          "Schedule_PACMeeting_32", "popupSchedulePACContextMenu:"},
-                         schedulePACMenu());
-  }
-  return m_schedulePAC;
-}
+const HostObject& vnToolbarItemMgr::VNStartToolbarItem() { return kept(m_instantMeetingItemIdentifier); }
+const HostObject& vnToolbarItemMgr::VNScheduleToolbarItem() { return kept(m_scheduleMeetingItemIdentifier); }
+const HostObject& vnToolbarItemMgr::vnSchedulePACToolbarItem() { return kept(m_schedulePACItemIdentifier); }
+const HostObject& vnToolbarItemMgr::VNOpenLogFolderToolbarItem() { return kept(m_openLogFolderItemIdentifier); }
 
-const HostObject& vnToolbarItemMgr::VNOpenLogFolderToolbarItem() {
-  if (!m_openLogFolder) {
-    m_openLogFolder = makeItem({m_openLogFolderItemIdentifier, "OpenLogFolderLabel", "OpenLogFolderTooltip",
-                                "OpenLogFolder_normal_32", "onClickOpenLogFolder:"});
-  }
-  return m_openLogFolder;
+void vnToolbarItemMgr::validate(const HostObject& item) {
+  vnAppHelper& helper = vnAppHelper::sharedInstance();
+  if (!m_isSupportedHost) m_isSupportedHost = helper.isSupportedOutlookVersion();
+  if (!m_isSupportedSystem) m_isSupportedSystem = helper.isSupportedOSVersion();
+  askHost(item, "setEnabled:", {*m_isSupportedHost});
+  if (!*m_isSupportedSystem) askHost(item, "setToolTip:", {localizedString("OSVersionTooLow")});
 }
 
 // -- Their menus -------------------------------------------------------------------------------------------------
@@ -179,9 +209,11 @@ const HostObject& vnToolbarItemMgr::schedulePACMenu() {
   return m_schedulePACMenu = makeMenu("vnSchedulePACMeetingMenu", entries, target());
 }
 
-void vnToolbarItemMgr::popupStartContextMenu(const HostObject& view) { popUp(startMenu(), view); }
+void vnToolbarItemMgr::popupStartContextMenu(const HostObject& sender) { popUp(startMenu(), viewOf(sender)); }
 
-void vnToolbarItemMgr::popupSchedulePACContextMenu(const HostObject& view) { popUp(schedulePACMenu(), view); }
+void vnToolbarItemMgr::popupSchedulePACContextMenu(const HostObject& sender) {
+  popUp(schedulePACMenu(), viewOf(sender));
+}
 
 void vnToolbarItemMgr::onContextMenuAction_Start(const HostObject& sender) {
   const std::int64_t tag = tagOf(sender);
