@@ -4,39 +4,29 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "lab/client/Agent.h"
 #include "lab/client/Desk.h"
 #include "lab/client/Faults.h"
 #include "lab/client/Journal.h"
+#include "lab/client/NotificationBus.h"
 #include "lab/client/Service.h"
 
 namespace vornlab {
 
-// A bus that cannot be joined. The message says why.
-class NotificationError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-// The service over distributed notifications, without a thread of its own: what the client and the agent observe
-// and post.
-//
-// On the wire a notification is the signal "Posted" of the interface us.vorn.DistributedNotifications on the D-Bus
-// session bus, sent from the object /us/vorn/DistributedNotifications with the signature "sba{ss}": the name,
-// whether there is a dictionary, and the dictionary, empty where there is none.
+// The service over distributed notifications, without a thread of its own: what the client observes and posts, and
+// the agent as well where that is no program of its own.
 //
 // A notification comes whole or not at all, so faults that spoil a stream of bytes (split, glue, truncate,
 // not-utf8) leave a reply as it is, and those that end a connection (close, restart) keep it back.
 class NotificationTransport {
  public:
   // The service and the journal must outlive the transport.
-  NotificationTransport(Service& service, Journal& journal, FaultBook faults);
+  NotificationTransport(Service& service, Journal& journal, FaultBook faults, bool playsAgent);
   ~NotificationTransport();
   NotificationTransport(const NotificationTransport&) = delete;
   NotificationTransport& operator=(const NotificationTransport&) = delete;
@@ -49,13 +39,12 @@ class NotificationTransport {
   // Takes what has come in and sends what is due. When the bus has gone, nothing comes and goes any more.
   void serve();
 
-  // Is handed each answer to the question for the version, for others who have asked and do not observe it here.
-  void onVersionAnswer(std::function<void(const Envelope&)> handler) { m_versionAnswered = std::move(handler); }
+  // Is called for each question for the version, for others who have asked and do not observe the answer here.
+  void onVersionQuestion(std::function<void()> handler) { m_versionAsked = std::move(handler); }
 
  private:
   using Clock = std::chrono::steady_clock;
-  using Texts = std::map<std::string, std::string>;
-  class Bus;
+  using Texts = NotificationBus::Texts;
 
   struct Outgoing {
     Envelope envelope;
@@ -66,19 +55,17 @@ class NotificationTransport {
   void take(const std::string& name, const Texts& userInfo);
   void takeRequest(const Texts& userInfo);
   void queue(const Envelope& reply, const std::vector<Fault>& faults);
-  void answerVersion();
-  void send(const char* name, const Envelope& envelope);
   void sendDue();
   void watchBus();
   void setTimer();
 
-  Service& m_service;
   Journal& m_journal;
   Desk m_desk;
-  std::function<void(const Envelope&)> m_versionAnswered;
+  std::optional<Agent> m_agent;
+  std::function<void()> m_versionAsked;
   int m_timer = -1;
   int m_waiting = -1;  // an epoll of the bus and the timer
-  std::unique_ptr<Bus> m_bus;
+  std::unique_ptr<NotificationBus> m_bus;
   std::deque<Outgoing> m_outgoing;
 };
 

@@ -1,11 +1,9 @@
 #include <poll.h>
 #include <sys/epoll.h>
-#include <sys/signalfd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <csignal>
 #include <cstdint>
 #include <iostream>
 #include <map>
@@ -14,6 +12,7 @@
 
 #include "lab/client/NotificationTransport.h"
 #include "lab/client/Server.h"
+#include "lab/client/StopSignals.h"
 
 namespace {
 
@@ -31,18 +30,9 @@ struct Arguments {
   std::string version = VORNCLIENT_VERSION;
   std::uint64_t seed = 0;
   bool announceVersion = false;
+  bool withoutAgent = false;
   Transport transport = Transport::socket;
 };
-
-// The descriptor that becomes readable when the program is to end.
-int stopDescriptor() {
-  sigset_t signals;
-  sigemptyset(&signals);
-  sigaddset(&signals, SIGTERM);
-  sigaddset(&signals, SIGINT);
-  sigprocmask(SIG_BLOCK, &signals, nullptr);
-  return signalfd(-1, &signals, SFD_CLOEXEC);
-}
 
 // "5.12.3" of "5.12.3.9654".
 std::string shortVersion(const std::string& version) {
@@ -85,7 +75,7 @@ int serve(const Arguments& arguments) {
   vornlab::FaultBook faults =
       arguments.faults.empty() ? vornlab::FaultBook() : vornlab::FaultBook::fromFile(arguments.faults);
 
-  const int stop = stopDescriptor();
+  const int stop = vornlab::stopDescriptor();
   vornlab::Journal journal(arguments.journal);
   vornlab::Service service(std::move(account), {arguments.database, arguments.version, arguments.seed});
   std::unique_ptr<vornlab::Server> server;
@@ -99,9 +89,10 @@ int serve(const Arguments& arguments) {
     ready += " listens on " + path;
   }
   if (arguments.transport != Transport::socket) {
-    notifications = std::make_unique<vornlab::NotificationTransport>(service, journal, faults);
+    notifications =
+        std::make_unique<vornlab::NotificationTransport>(service, journal, faults, !arguments.withoutAgent);
     // Who asks over the bus while it talks over the socket expects the answer there.
-    if (server) notifications->onVersionAnswer([&](const vornlab::Envelope&) { server->announceVersion(); });
+    if (server) notifications->onVersionQuestion([&] { server->announceVersion(); });
     notifications->connect();
     ready += server ? " and observes notifications" : " observes notifications";
   }
@@ -134,6 +125,8 @@ int main(int argc, char** argv) {
   app.add_option("--version", arguments.version, "The version that is announced")->capture_default_str();
   app.add_option("--seed", arguments.seed, "Makes the meeting numbers the same each time");
   app.add_flag("--announce-version", arguments.announceVersion, "Send the version to each new connection");
+  app.add_flag("--without-agent", arguments.withoutAgent,
+               "Leave what is said to the agent to a program of its own");
   const std::map<std::string, Transport> transports = {
       {"socket", Transport::socket}, {"notifications", Transport::notifications}, {"both", Transport::both}};
   app.add_option("--transport", arguments.transport,

@@ -12,7 +12,8 @@
 
 #include "lab/outlook/CalendarStore.h"
 
-@class NSMenu, NSWindow, ECCalendarEvent, OLCalendarDate, ERCalendarEventEditorViewController;
+@class NSMenu, NSToolbar, NSToolbarItem, NSEvent, NSWindow, ECCalendarEvent, OLCalendarDate,
+    ERCalendarEventEditorViewController;
 @class ERCalendarEventEditorWindowController;
 
 // -- Views and windows -------------------------------------------------------------------------------------------
@@ -40,6 +41,10 @@
 - (void)removeFromSuperview;
 - (void)drawRect:(NSRect)dirty;
 - (void)setNeedsDisplay:(BOOL)needsDisplay;
+// The view that a press at the point, in the superview's coordinates, is meant for; nil for a point beside this
+// one.
+- (NSView*)hitTest:(NSPoint)point;
+- (void)mouseDown:(NSEvent*)event;
 - (NSMenu*)menu;
 - (void)setMenu:(NSMenu*)menu;
 - (NSString*)toolTip;
@@ -63,31 +68,27 @@
 @end
 @interface OLAutoLayoutAttachmentsAcceptingView : OLAutoLayoutView
 @end
-@interface OUIRibbonView : NSView
-@end
-@interface OUIRibbonChunkView : NSView
+
+@interface OUIRibbonChunkView : NSView {
+  NSString* m_title;
+}
+- (id)initWithTitle:(NSString*)title frame:(NSRect)frame;
+- (NSAttributedString*)attributedTitle;
+- (NSString*)title;
 @end
 @interface OUIRibbonChunkContainerView : NSView
 @end
-
-@interface NSToolbarItem : NSObject {
-  NSString* m_identifier;
+@interface OUIRibbonView : NSView {
+  OUIRibbonChunkContainerView* m_container;
+  NSUInteger m_tab;
+  BOOL m_hasAddins;
 }
-- (id)initWithItemIdentifier:(NSString*)identifier;
-- (NSString*)itemIdentifier;
-@end
-
-@interface NSToolbar : NSObject {
-  // Not owned.
-  id m_delegate;
-  NSMutableArray* m_items;
-}
-- (id)initWithDelegate:(id)delegate;
-- (NSArray*)items;
-- (NSArray*)visibleItems;
-- (BOOL)isVisible;
-// The delegate makes the item, and one that it does not make does not come in.
-- (void)insertItemWithItemIdentifier:(NSString*)identifier atIndex:(NSInteger)index;
+// With the chunk of the store of add-ins on the mail's tab, or without.
+- (id)initWithAddins:(BOOL)hasAddins;
+- (OUIRibbonChunkContainerView*)container;
+- (NSUInteger)activeTabIndex;
+// Chooses the tab, whose chunks come in place of the others', and draws the container.
+- (void)setActiveTabIndex:(NSUInteger)tab;
 @end
 
 @interface NSWindow : NSObject {
@@ -189,8 +190,12 @@
 
 @interface ERageMainWindowController : NSWindowController {
   OLCalendarGridViewWrapper* m_grid;
+  OUIRibbonView* m_ribbon;
 }
 - (OLCalendarGridViewWrapper*)grid;
+- (OUIRibbonView*)ribbon;
+// Another ribbon in place of the one that stands, with the same tab.
+- (void)rebuildRibbonWithAddins:(BOOL)hasAddins;
 - (NSToolbarItem*)toolbar:(NSToolbar*)toolbar
         itemForItemIdentifier:(NSString*)identifier
     willBeInsertedIntoToolbar:(BOOL)isInserted;
@@ -383,6 +388,8 @@ class Pool {
 NSString* foundationText(std::string_view text);
 NSString* foundationText(const vorn::OptionalText& text);
 std::string plainText(NSString* text);
+// The views of exactly that class that have been made and have not ended.
+std::size_t livingViews(std::string_view className);
 // The calendar that the host shows, which new appointments go to. It outlives the host.
 CalendarStore*& shownStore();
 // The stored appointment behind the object; absent when it is not stored, or was removed.

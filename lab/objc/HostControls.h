@@ -1,8 +1,9 @@
 #pragma once
 
-// The toolkit's buttons, menus and images as the stand-in host has them.
+// The toolkit's buttons, menus, images and toolbars as the stand-in host has them, and a person's hand on them.
 
 #import "lab/objc/HostClasses.h"
+#include "lab/outlook/HostControl.h"
 
 @interface NSImage : NSObject {
   NSString* m_name;
@@ -36,8 +37,6 @@
   NSString* m_title;
   NSMutableArray* m_items;
 }
-// What the person chooses in the next menu that opens; NULL for nothing.
-+ (void)setNextChoice:(SEL)action;
 - (id)initWithTitle:(NSString*)title;
 // Whether an item was chosen.
 - (BOOL)popUpMenuPositioningItem:(NSMenuItem*)item atLocation:(NSPoint)location inView:(NSView*)view;
@@ -45,7 +44,13 @@
 - (void)setAutoenablesItems:(BOOL)enables;
 - (void)addItem:(NSMenuItem*)item;
 - (NSArray*)itemArray;
-- (NSMenuItem*)itemWithAction:(SEL)action;
+@end
+
+@interface NSImageView : NSView {
+  NSImage* m_image;
+}
+- (NSImage*)image;
+- (void)setImage:(NSImage*)image;
 @end
 
 @interface NSButton : NSView {
@@ -67,16 +72,79 @@
 - (void)setTarget:(id)target;
 - (BOOL)isEnabled;
 - (void)setEnabled:(BOOL)enabled;
-- (void)mouseDown:(NSEvent*)event;
+@end
+
+@interface NSToolbarItem : NSObject {
+  NSString* m_identifier;
+  NSString* m_label;
+  NSString* m_paletteLabel;
+  NSString* m_toolTip;
+  NSImage* m_image;
+  NSView* m_view;
+  SEL m_action;
+  // Neither is owned.
+  id m_target;
+  id m_toolbar;
+  BOOL m_disabled;
+}
+- (id)initWithItemIdentifier:(NSString*)identifier;
+- (NSString*)itemIdentifier;
+// The toolbar that it stands in; nil for none.
+- (id)toolbar;
+- (void)setToolbar:(id)toolbar;
+- (NSString*)label;
+- (void)setLabel:(NSString*)text;
+- (NSString*)paletteLabel;
+- (void)setPaletteLabel:(NSString*)text;
+- (NSString*)toolTip;
+- (void)setToolTip:(NSString*)text;
+- (NSImage*)image;
+- (void)setImage:(NSImage*)image;
+- (NSView*)view;
+- (void)setView:(NSView*)view;
+- (SEL)action;
+- (void)setAction:(SEL)action;
+- (id)target;
+- (void)setTarget:(id)target;
+- (BOOL)isEnabled;
+- (void)setEnabled:(BOOL)enabled;
+// Asks whether it may be used now; an item that minds disables itself.
+- (void)validate;
+@end
+
+@interface NSToolbar : NSObject {
+  // Not owned.
+  id m_delegate;
+  NSMutableArray* m_items;
+}
+- (id)initWithDelegate:(id)delegate;
+- (NSArray*)items;
+- (NSArray*)visibleItems;
+- (BOOL)isVisible;
+// The delegate makes the item, and one that it does not make does not come in.
+- (void)insertItemWithItemIdentifier:(NSString*)identifier atIndex:(NSInteger)index;
 @end
 
 namespace vornlab {
 
-// The button below the view that has the action, or that opens a menu with an item of it; nil for none.
-NSButton* buttonWithAction(NSView* root, const char* action);
-// Whether a person sees the button.
-bool isShown(NSButton* button);
-// Presses it, and chooses the item with the action in the menu that opens. False when that cannot be done.
-bool pressButton(NSButton* button, const char* action);
+// A button or an item of a toolbar, and the entry of the menu that it opens where that is what was looked for. Not
+// owned; nil for none.
+struct FoundControl {
+  NSView* view = nil;
+  NSToolbarItem* toolbarItem = nil;
+  NSMenuItem* entry = nil;
+
+  explicit operator bool() const { return view || toolbarItem; }
+};
+
+// The plug-in's bar in an editor's header; nil for none.
+NSView* barIn(NSView* header);
+// Anywhere below the view.
+FoundControl controlBelow(NSView* root, const ControlName& name);
+// In the toolbar, which asks each item first whether it may be used. An item with a view is shown by that alone.
+FoundControl controlIn(NSToolbar* toolbar, const ControlName& name);
+HostControl look(const FoundControl& control);
+// Presses it, and chooses the entry in the menu that opens. False when it is not there, hidden or disabled.
+bool press(const FoundControl& control);
 
 }  // namespace vornlab

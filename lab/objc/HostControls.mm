@@ -2,7 +2,16 @@
 
 namespace {
 
-SEL nextChoice = nullptr;
+// What the person chooses in the next menu that opens, and whether it was there to be chosen.
+NSMenuItem* nextChoice = nil;
+bool hasChosen = false;
+
+template <typename Object>
+void replace(Object*& held, Object* given) {
+  [given retain];
+  [held release];
+  held = given;
+}
 
 void replaceText(NSString*& held, NSString* given) {
   NSString* before = held;
@@ -70,19 +79,16 @@ void replaceText(NSString*& held, NSString* given) {
 @end
 
 @implementation NSMenu
-+ (void)setNextChoice:(SEL)action {
-  nextChoice = action;
-}
 // The menu stands until the person has chosen, which is at once here.
 - (BOOL)popUpMenuPositioningItem:(NSMenuItem*)item atLocation:(NSPoint)location inView:(NSView*)view {
   (void)item;
   (void)location;
   (void)view;
-  NSMenuItem* chosen = [self itemWithAction:nextChoice];
-  nextChoice = nullptr;
-  if (![chosen isEnabled]) return NO;
-  [[chosen target] performSelector:[chosen action] withObject:chosen];
-  return YES;
+  NSMenuItem* chosen = nextChoice;
+  nextChoice = nil;
+  hasChosen = [m_items containsObject:chosen] && [chosen isEnabled];
+  if (hasChosen) [[chosen target] performSelector:[chosen action] withObject:chosen];
+  return hasChosen;
 }
 - (id)initWithTitle:(NSString*)title {
   if (!(self = [super init])) return nil;
@@ -107,12 +113,18 @@ void replaceText(NSString*& held, NSString* given) {
 - (NSArray*)itemArray {
   return [NSArray arrayWithArray:m_items];
 }
-- (NSMenuItem*)itemWithAction:(SEL)action {
-  NSEnumerator* items = [m_items objectEnumerator];
-  while (NSMenuItem* item = [items nextObject]) {
-    if (action && sel_isEqual([item action], action)) return item;
-  }
-  return nil;
+@end
+
+@implementation NSImageView
+- (void)dealloc {
+  [m_image release];
+  [super dealloc];
+}
+- (NSImage*)image {
+  return m_image;
+}
+- (void)setImage:(NSImage*)image {
+  replace(m_image, image);
 }
 @end
 
@@ -132,9 +144,7 @@ void replaceText(NSString*& held, NSString* given) {
   return m_image;
 }
 - (void)setImage:(NSImage*)image {
-  [image retain];
-  [m_image release];
-  m_image = image;
+  replace(m_image, image);
 }
 - (void)setImagePosition:(NSUInteger)position {
   (void)position;
@@ -163,35 +173,209 @@ void replaceText(NSString*& held, NSString* given) {
 }
 @end
 
+@implementation NSToolbarItem
+- (id)initWithItemIdentifier:(NSString*)identifier {
+  if (!(self = [super init])) return nil;
+  m_identifier = [identifier copy];
+  return self;
+}
+- (void)dealloc {
+  [m_identifier release];
+  [m_label release];
+  [m_paletteLabel release];
+  [m_toolTip release];
+  [m_image release];
+  [m_view release];
+  [super dealloc];
+}
+- (id)toolbar {
+  return m_toolbar;
+}
+- (void)setToolbar:(id)toolbar {
+  m_toolbar = toolbar;
+}
+- (NSString*)itemIdentifier {
+  return m_identifier;
+}
+- (NSString*)label {
+  return m_label;
+}
+- (void)setLabel:(NSString*)text {
+  replaceText(m_label, text);
+}
+- (NSString*)paletteLabel {
+  return m_paletteLabel;
+}
+- (void)setPaletteLabel:(NSString*)text {
+  replaceText(m_paletteLabel, text);
+}
+- (NSString*)toolTip {
+  return m_toolTip;
+}
+- (void)setToolTip:(NSString*)text {
+  replaceText(m_toolTip, text);
+}
+- (NSImage*)image {
+  return m_image;
+}
+- (void)setImage:(NSImage*)image {
+  replace(m_image, image);
+}
+- (NSView*)view {
+  return m_view;
+}
+- (void)setView:(NSView*)view {
+  replace(m_view, view);
+}
+- (SEL)action {
+  return m_action;
+}
+- (void)setAction:(SEL)action {
+  m_action = action;
+}
+- (id)target {
+  return m_target;
+}
+- (void)setTarget:(id)target {
+  m_target = target;
+}
+- (BOOL)isEnabled {
+  return !m_disabled;
+}
+- (void)setEnabled:(BOOL)enabled {
+  m_disabled = !enabled;
+}
+- (void)validate {
+}
+@end
+
+@implementation NSToolbar
+- (id)initWithDelegate:(id)delegate {
+  if (!(self = [super init])) return nil;
+  m_delegate = delegate;
+  m_items = [[NSMutableArray alloc] init];
+  return self;
+}
+- (void)dealloc {
+  [m_items makeObjectsPerformSelector:@selector(setToolbar:) withObject:nil];
+  [m_items release];
+  [super dealloc];
+}
+- (NSArray*)items {
+  return [NSArray arrayWithArray:m_items];
+}
+- (NSArray*)visibleItems {
+  return [self items];
+}
+- (BOOL)isVisible {
+  return YES;
+}
+- (void)insertItemWithItemIdentifier:(NSString*)identifier atIndex:(NSInteger)index {
+  if (index < 0 || index > static_cast<NSInteger>([m_items count])) return;
+  const id item = [m_delegate toolbar:self itemForItemIdentifier:identifier willBeInsertedIntoToolbar:YES];
+  if (!item) return;
+  [m_items insertObject:item atIndex:static_cast<NSUInteger>(index)];
+  [item setToolbar:self];
+}
+@end
+
 namespace vornlab {
 
-NSButton* buttonWithAction(NSView* root, const char* action) {
-  const SEL wanted = sel_registerName(action);
-  NSEnumerator* subviews = [[root subviews] objectEnumerator];
-  while (NSView* view = [subviews nextObject]) {
-    if ([view isKindOfClass:[NSButton class]]) {
-      NSButton* button = static_cast<NSButton*>(view);
-      if (sel_isEqual([button action], wanted) || [[button menu] itemWithAction:wanted]) return button;
-    }
-    if (NSButton* below = buttonWithAction(view, action)) return below;
+namespace {
+
+bool isNamed(SEL action, const ControlName& name) {
+  return action && sel_isEqual(action, sel_registerName(name.action.c_str()));
+}
+
+NSMenuItem* entryOf(NSMenu* menu, const ControlName& name) {
+  NSEnumerator* items = [[menu itemArray] objectEnumerator];
+  while (NSMenuItem* item = [items nextObject]) {
+    if (isNamed([item action], name) && (!name.tag || *name.tag == [item tag])) return item;
   }
   return nil;
 }
 
-bool isShown(NSButton* button) {
-  if (!button) return false;
-  for (NSView* view = button; view; view = [view superview]) {
+FoundControl controlAt(NSView* view, const ControlName& name) {
+  if (NSMenuItem* entry = entryOf([view menu], name)) return {view, nil, entry};
+  const bool isButton = [view isKindOfClass:[NSButton class]];
+  return isButton && isNamed([static_cast<NSButton*>(view) action], name) ? FoundControl{view} : FoundControl();
+}
+
+bool isShown(NSView* view) {
+  for (; view; view = [view superview]) {
     if ([view isHidden]) return false;
   }
   return true;
 }
 
-bool pressButton(NSButton* button, const char* action) {
-  if (!isShown(button) || ![button isEnabled]) return false;
-  [NSMenu setNextChoice:sel_registerName(action)];
-  [button mouseDown:nil];
-  [NSMenu setNextChoice:nullptr];
-  return true;
+bool isEnabled(const FoundControl& control) {
+  if (control.toolbarItem && ![control.toolbarItem isEnabled]) return false;
+  const bool isButton = [control.view isKindOfClass:[NSButton class]];
+  return !isButton || [static_cast<NSButton*>(control.view) isEnabled];
+}
+
+}  // namespace
+
+NSView* barIn(NSView* header) {
+  NSEnumerator* views = [[header subviews] objectEnumerator];
+  while (NSView* view = [views nextObject]) {
+    if ([NSStringFromClass([view class]) isEqual:@"vnActionAdditionView"]) return view;
+  }
+  return nil;
+}
+
+FoundControl controlBelow(NSView* root, const ControlName& name) {
+  NSEnumerator* subviews = [[root subviews] objectEnumerator];
+  while (NSView* view = [subviews nextObject]) {
+    if (const FoundControl found = controlAt(view, name)) return found;
+    if (const FoundControl found = controlBelow(view, name)) return found;
+  }
+  return {};
+}
+
+FoundControl controlIn(NSToolbar* toolbar, const ControlName& name) {
+  NSEnumerator* items = [[toolbar items] objectEnumerator];
+  while (NSToolbarItem* item = [items nextObject]) {
+    [item validate];
+    FoundControl found = controlAt([item view], name);
+    if (![item view] && isNamed([item action], name)) found.toolbarItem = item;
+    if (!found) continue;
+    found.toolbarItem = item;
+    return found;
+  }
+  return {};
+}
+
+HostControl look(const FoundControl& control) {
+  HostControl seen;
+  if (!control) return seen;
+  seen.exists = true;
+  seen.isShown = isShown(control.view);
+  seen.isEnabled = isEnabled(control) && (!control.entry || [control.entry isEnabled]);
+  // A button, or an item of the toolbar: each has what it is asked for here.
+  const id shown = control.toolbarItem ? static_cast<id>(control.toolbarItem) : static_cast<id>(control.view);
+  NSString* title = control.toolbarItem ? [control.toolbarItem label] : [shown title];
+  seen.title = plainText(control.entry ? [control.entry title] : title);
+  seen.image = plainText([static_cast<NSImage*>([shown image]) name]);
+  seen.toolTip = plainText([shown toolTip]);
+  const NSRect frame = [control.view frame];
+  if (control.view) seen.frame = {frame.origin.x, frame.origin.y, frame.size.width, frame.size.height};
+  return seen;
+}
+
+bool press(const FoundControl& control) {
+  if (!control || !isShown(control.view) || !isEnabled(control)) return false;
+  if (!control.view) {
+    [[control.toolbarItem target] performSelector:[control.toolbarItem action] withObject:control.toolbarItem];
+    return true;
+  }
+  nextChoice = control.entry;
+  hasChosen = false;
+  const NSRect frame = [control.view frame];
+  const NSPoint middle = NSMakePoint(NSMidX(frame), NSMidY(frame));
+  [[control.view hitTest:middle] mouseDown:[[NSApplication sharedApplication] currentEvent]];
+  nextChoice = nil;
+  return !control.entry || hasChosen;
 }
 
 }  // namespace vornlab

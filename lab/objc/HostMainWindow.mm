@@ -1,6 +1,12 @@
-// The application and its main window, with the toolbar and the calendar's grid.
+// The application and its main window, with the ribbon, the toolbar and the calendar's grid.
 
-#include "lab/objc/HostClasses.h"
+#import "lab/objc/HostControls.h"
+
+namespace {
+
+enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
+
+}  // namespace
 
 @implementation NSEvent
 - (id)initWithWindow:(NSWindow*)window {
@@ -128,6 +134,70 @@
 }
 @end
 
+@implementation OUIRibbonChunkView
+- (id)initWithTitle:(NSString*)title frame:(NSRect)frame {
+  if (!(self = [super initWithFrame:frame])) return nil;
+  m_title = [title copy];
+  return self;
+}
+- (void)dealloc {
+  [m_title release];
+  [super dealloc];
+}
+- (NSAttributedString*)attributedTitle {
+  return [[[NSAttributedString alloc] initWithString:m_title] autorelease];
+}
+- (NSString*)title {
+  return m_title;
+}
+@end
+
+@implementation OUIRibbonChunkContainerView
+- (void)drawRect:(NSRect)dirty {
+  [super drawRect:dirty];
+}
+@end
+
+@implementation OUIRibbonView
+- (id)initWithAddins:(BOOL)hasAddins {
+  if (!(self = [super initWithFrame:NSMakeRect(0, 700, 1200, 100)])) return nil;
+  m_container = [[OUIRibbonChunkContainerView alloc] initWithFrame:NSMakeRect(0, 0, 1200, 80)];
+  m_hasAddins = hasAddins;
+  [self addSubview:m_container];
+  return self;
+}
+- (void)dealloc {
+  [m_container release];
+  [super dealloc];
+}
+- (OUIRibbonChunkContainerView*)container {
+  return m_container;
+}
+- (NSUInteger)activeTabIndex {
+  return m_tab;
+}
+- (void)setActiveTabIndex:(NSUInteger)tab {
+  m_tab = tab;
+  // The host takes out what it has put in, and nothing else.
+  NSEnumerator* before = [[m_container subviews] objectEnumerator];
+  while (NSView* view = [before nextObject]) {
+    if ([view isMemberOfClass:[OUIRibbonChunkView class]]) [view removeFromSuperview];
+  }
+  NSArray* titles = tab == kMailTab ? [NSArray arrayWithObjects:@"New", @"Delete", @"Respond", nil]
+                                    : [NSArray arrayWithObjects:@"New", @"Arrange", nil];
+  if (tab == kMailTab && m_hasAddins) titles = [titles arrayByAddingObject:@"Add-ins"];
+  constexpr CGFloat width = 120;
+  CGFloat x = 0;
+  NSEnumerator* wanted = [titles objectEnumerator];
+  while (NSString* title = [wanted nextObject]) {
+    [m_container addSubview:[[[OUIRibbonChunkView alloc] initWithTitle:title
+                                                                 frame:NSMakeRect(x, 0, width, 80)] autorelease]];
+    x += width;
+  }
+  [m_container drawRect:[m_container frame]];
+}
+@end
+
 @implementation ERageMainWindowController
 - (id)init {
   if (!(self = [super init])) return nil;
@@ -140,16 +210,29 @@
   while (NSString* identifier = [identifiers nextObject]) {
     [toolbar insertItemWithItemIdentifier:identifier atIndex:static_cast<NSInteger>([[toolbar items] count])];
   }
+  [self rebuildRibbonWithAddins:YES];
   [[NSApplication sharedApplication] setMainWindow:m_window];
   return self;
 }
 - (void)dealloc {
   [[NSApplication sharedApplication] setMainWindow:nil];
   [m_grid release];
+  [m_ribbon release];
   [super dealloc];
 }
 - (OLCalendarGridViewWrapper*)grid {
   return m_grid;
+}
+- (OUIRibbonView*)ribbon {
+  return m_ribbon;
+}
+- (void)rebuildRibbonWithAddins:(BOOL)hasAddins {
+  const NSUInteger tab = m_ribbon ? [m_ribbon activeTabIndex] : kCalendarTab;
+  [m_ribbon removeFromSuperview];
+  [m_ribbon release];
+  m_ribbon = [[OUIRibbonView alloc] initWithAddins:hasAddins];
+  [[m_window contentView] addSubview:m_ribbon];
+  [m_ribbon setActiveTabIndex:tab];
 }
 - (void)windowDidBecomeMain:(NSNotification*)notification {
   (void)notification;
@@ -158,8 +241,10 @@
   (void)notification;
 }
 - (void)loadMailPane {
+  [m_ribbon setActiveTabIndex:kMailTab];
 }
 - (void)loadCalendarPane {
+  [m_ribbon setActiveTabIndex:kCalendarTab];
 }
 // The host knows its own items and makes no other.
 - (NSArray*)toolbarDefaultItemIdentifiers:(id)toolbar {

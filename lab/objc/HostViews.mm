@@ -4,6 +4,16 @@
 
 #import "lab/objc/HostControls.h"
 
+namespace {
+
+// By their classes. It never ends, for views end as late as the process.
+NSCountedSet* livingClasses() {
+  static NSCountedSet* classes = [[NSCountedSet alloc] init];
+  return classes;
+}
+
+}  // namespace
+
 @implementation NSView
 - (id)init {
   return [self initWithFrame:NSZeroRect];
@@ -12,12 +22,14 @@
   if (!(self = [super init])) return nil;
   m_frame = frame;
   m_subviews = [[NSMutableArray alloc] init];
+  [livingClasses() addObject:[self class]];
   return self;
 }
 - (void)dealloc {
-  // A view that somebody else holds outlives its superview.
-  NSEnumerator* below = [m_subviews objectEnumerator];
-  while (NSView* view = [below nextObject]) view->m_superview = nil;
+  [livingClasses() removeObject:[self class]];
+  // A view that somebody else holds outlives its superview. No pool need stand here: one may end with the process.
+  for (NSUInteger i = 0; i < [m_subviews count]; ++i)
+    static_cast<NSView*>([m_subviews objectAtIndex:i])->m_superview = nil;
   [m_subviews release];
   [m_menu release];
   [m_toolTip release];
@@ -64,6 +76,18 @@
 }
 - (void)setNeedsDisplay:(BOOL)needsDisplay {
   (void)needsDisplay;
+}
+- (NSView*)hitTest:(NSPoint)point {
+  if (m_hidden || !NSPointInRect(point, m_frame)) return nil;
+  const NSPoint below = NSMakePoint(point.x - m_frame.origin.x, point.y - m_frame.origin.y);
+  NSEnumerator* fromTheFront = [m_subviews reverseObjectEnumerator];
+  while (NSView* view = [fromTheFront nextObject]) {
+    if (NSView* hit = [view hitTest:below]) return hit;
+  }
+  return self;
+}
+- (void)mouseDown:(NSEvent*)event {
+  (void)event;
 }
 - (NSMenu*)menu {
   return m_menu;
@@ -128,58 +152,6 @@
 }
 - (void)drawRect:(NSRect)dirty {
   [super drawRect:dirty];
-}
-@end
-
-@implementation OUIRibbonView
-@end
-@implementation OUIRibbonChunkView
-@end
-@implementation OUIRibbonChunkContainerView
-- (void)drawRect:(NSRect)dirty {
-  [super drawRect:dirty];
-}
-@end
-
-@implementation NSToolbarItem
-- (id)initWithItemIdentifier:(NSString*)identifier {
-  if (!(self = [super init])) return nil;
-  m_identifier = [identifier copy];
-  return self;
-}
-- (void)dealloc {
-  [m_identifier release];
-  [super dealloc];
-}
-- (NSString*)itemIdentifier {
-  return m_identifier;
-}
-@end
-
-@implementation NSToolbar
-- (id)initWithDelegate:(id)delegate {
-  if (!(self = [super init])) return nil;
-  m_delegate = delegate;
-  m_items = [[NSMutableArray alloc] init];
-  return self;
-}
-- (void)dealloc {
-  [m_items release];
-  [super dealloc];
-}
-- (NSArray*)items {
-  return [NSArray arrayWithArray:m_items];
-}
-- (NSArray*)visibleItems {
-  return [self items];
-}
-- (BOOL)isVisible {
-  return YES;
-}
-- (void)insertItemWithItemIdentifier:(NSString*)identifier atIndex:(NSInteger)index {
-  if (index < 0 || index > static_cast<NSInteger>([m_items count])) return;
-  const id item = [m_delegate toolbar:self itemForItemIdentifier:identifier willBeInsertedIntoToolbar:YES];
-  if (item) [m_items insertObject:item atIndex:static_cast<NSUInteger>(index)];
 }
 @end
 
@@ -299,6 +271,11 @@ NSString* foundationText(std::string_view text) {
 
 NSString* foundationText(const vorn::OptionalText& text) {
   return text ? foundationText(std::string_view(*text)) : nil;
+}
+
+std::size_t livingViews(std::string_view className) {
+  const Class counted = NSClassFromString(foundationText(className));
+  return counted ? [livingClasses() countForObject:counted] : 0;
 }
 
 std::string plainText(NSString* text) {

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/outlook/HostControl.h"
 #include "lab/shell/ClientProcess.h"
 #include "lab/shell/LabOptions.h"
 #include "lab/shell/MeetCommand.h"
@@ -33,8 +37,8 @@ class ObjcLab final : public MeetingLab {
 
   // The editor opens, a person clicks Add when the bar offers it, and saves or sends.
   MeetResult take(const CalendarEvent& event) override;
-  std::size_t requests() override { return journalled("\"event\":\"request\""); }
-  std::size_t replies() override { return journalled("\"event\":\"reply\""); }
+  std::size_t requests() override { return journalled({kRequest}); }
+  std::size_t replies() override { return journalled({"\"event\":\"reply\""}); }
 
   // What the plug-in answers to one of its questions for people who support users. Throws LabError for a question
   // that it does not know.
@@ -52,6 +56,30 @@ class ObjcLab final : public MeetingLab {
   // change that attendees hear of.
   bool findsChangesForAttendees(const CalendarEvent& event, const std::string& item);
 
+  // What a person sees and does in the main window: its panes, which bring a tab of the ribbon along, its ribbon,
+  // and its toolbar.
+  void showMailPane();
+  void showCalendarPane();
+  void chooseRibbonTab(std::uint32_t tab);
+  void rebuildRibbon(bool hasAddins = true);
+  HostControl ribbonControl(const ControlName& name) const;
+  bool clickRibbon(const ControlName& name);
+  // Drags an item from the palette to the right end; false when the host does not know it.
+  bool addToolbarItem(const std::string& identifier);
+  HostControl toolbarControl(const ControlName& name) const;
+  bool clickToolbar(const ControlName& name);
+
+  // The bar of the editor that was opened last.
+  HostControl barControl(const ControlName& name) const;
+  std::size_t openEditors() const;
+  void openEditor(const CalendarEvent& event);
+  // Closes them all without saving, and waits until the plug-in has cleared up.
+  void closeEditors();
+  // The views of exactly that class which have been made and have not ended.
+  std::size_t livingViews(const std::string& className) const;
+  // Runs the loop for a time, in seconds.
+  void passTime(double seconds);
+
   // Runs the loop until the client has answered everything and nothing more has come to it for a moment. False
   // when that takes too long.
   bool waitForQuiet();
@@ -59,15 +87,16 @@ class ObjcLab final : public MeetingLab {
  private:
   // The plug-in clears up a hundredth of a second after a window has closed.
   static constexpr double kClearingSeconds = 0.02;
+  static constexpr std::string_view kRequest = "\"event\":\"request\"";
 
   void loadBundle(const std::filesystem::path& bundle);
   // Answers why the road ended, or "".
   std::string walk(const CalendarEvent& event, MeetResult& result);
   bool waitUntil(const std::function<bool()>& condition, double seconds);
-  void passTime(double seconds);
   // Selects the appointment for the time of the act, which is given the host's objects.
   bool onGrid(const CalendarEvent& event, const std::function<bool(void* grid, void* selected)>& act);
-  std::size_t journalled(const char* what) const;
+  // The lines of the client's journal that hold all of these.
+  std::size_t journalled(std::initializer_list<std::string_view> parts) const;
 
   LabOptions m_options;
   World m_world;

@@ -5,9 +5,11 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fstream>
+#include <sstream>
 
 #include "lab/objc/HostControls.h"
 #include "lab/shell/Interruption.h"
@@ -27,6 +29,8 @@ constexpr auto kWorldVariable = "VORNLAB_OBJC_WORLD";
 constexpr double kTurnSeconds = 0.005;
 // A request that is on its way is in the client's journal after that time.
 constexpr double kSettlingSeconds = 0.2;
+// The request that has no reply.
+constexpr std::string_view kStartOfMeeting = "{\"action\":2,";
 
 // The configuration takes a path only as seen from the folder that the system has for the user.
 fs::path fromUsersFolder(const fs::path& path) {
@@ -37,14 +41,6 @@ fs::path fromUsersFolder(const fs::path& path) {
 // The bar's buttons, by what they send.
 constexpr const char* kAdd = "onClickAddVornMeeting:";
 constexpr const char* kCancel = "onClickCancelVornMeeting:";
-
-NSView* barIn(NSView* header) {
-  NSEnumerator* views = [[header subviews] objectEnumerator];
-  while (NSView* view = [views nextObject]) {
-    if ([NSStringFromClass([view class]) isEqual:@"vnActionAdditionView"]) return view;
-  }
-  return nil;
-}
 
 }  // namespace
 
@@ -76,8 +72,9 @@ ObjcLab::ObjcLab(const LabOptions& options, CalendarStore& calendar, const std::
   m_mainWindowController = controller;
   [controller windowDidBecomeMain:[NSNotification notificationWithName:@"NSWindowDidBecomeMainNotification"
                                                                 object:[controller window]]];
+  [controller loadCalendarPane];
   if (m_options.withoutClient) return;
-  if (!waitUntil([this] { return journalled("\"event\":\"connected\"") > 0; }, kStartSeconds))
+  if (!waitUntil([this] { return journalled({"\"event\":\"connected\""}) > 0; }, kStartSeconds))
     throw LabError("the plug-in did not connect to the client");
 }
 
@@ -120,9 +117,7 @@ MeetResult ObjcLab::take(const CalendarEvent& event) {
   const bool hadMeeting = !describe(event).meetingKey.empty();
   MeetResult walked;
   walked.reason = walk(event, walked);
-  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
-  while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
-  passTime(kClearingSeconds);
+  closeEditors();
 
   return endOfRoad(event, walked, hadMeeting, event.calendarText() != textBefore);
 }
@@ -149,8 +144,8 @@ std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {
 
   NSView* bar = barIn(controller->m_header);
   if (!bar) return "the plug-in put no bar into the editor";
-  const auto showsMeeting = [bar] { return isShown(buttonWithAction(bar, kCancel)); };
-  if (pressButton(buttonWithAction(bar, kAdd), kAdd)) {
+  const auto showsMeeting = [bar] { return look(controlBelow(bar, kCancel)).isShown; };
+  if (press(controlBelow(bar, kAdd))) {
     if (!waitForQuiet()) return tooLate;
     if (isAlerted()) return alert;
     if (!showsMeeting()) return "the plug-in did not add a meeting";
@@ -191,7 +186,7 @@ bool ObjcLab::waitForQuiet() {
   while ([end timeIntervalSinceNow] > 0) {
     const std::size_t before = requests();
     passTime(kSettlingSeconds);
-    if (requests() == before && replies() >= before) return true;
+    if (requests() == before && replies() + journalled({kRequest, kStartOfMeeting}) >= before) return true;
   }
   return false;
 }
@@ -200,10 +195,13 @@ void ObjcLab::passTime(double seconds) {
   waitUntil([] { return false; }, seconds);
 }
 
-std::size_t ObjcLab::journalled(const char* what) const {
-  const std::string journal = vorn::readFile(m_world.journal().string()).value_or("");
+std::size_t ObjcLab::journalled(std::initializer_list<std::string_view> parts) const {
+  std::istringstream journal(vorn::readFile(m_world.journal().string()).value_or(""));
   std::size_t count = 0;
-  for (std::size_t at = journal.find(what); at != std::string::npos; at = journal.find(what, at + 1)) ++count;
+  for (std::string line; std::getline(journal, line);) {
+    count += std::all_of(parts.begin(), parts.end(),
+                         [&line](std::string_view part) { return line.find(part) != std::string::npos; });
+  }
   return count;
 }
 

@@ -173,6 +173,9 @@ OutlookHost::Control HostWorld::look(const Control& control) const {
   if (seen.title.empty()) seen.title = send(named, "label").text();
   seen.image = send(send(control.view, "image").object(), "name").text();
   seen.toolTip = send(control.view, "toolTip").text();
+  const Value frame = send(control.view, "frame");
+  seen.frame = {frame["x"].realValue(), frame["y"].realValue(), frame["width"].realValue(),
+                frame["height"].realValue()};
   return seen;
 }
 

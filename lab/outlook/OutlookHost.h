@@ -3,13 +3,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/outlook/HostControl.h"
 #include "platform/NotificationCenter.h"
 #include "platform/embedded/EmbeddedClassRuntime.h"
 #include "platform/embedded/HostRunLoop.h"
@@ -17,15 +16,6 @@
 namespace vornlab {
 
 struct HostWorld;
-
-// How a control is known: by the action that it sends, and among entries of a menu that share one by their tag.
-struct ControlName {
-  std::string action;
-  std::optional<std::int64_t> tag{};
-
-  ControlName(const char* sent) : action(sent) {}
-  ControlName(std::string sent, std::optional<std::int64_t> entry) : action(std::move(sent)), tag(entry) {}
-};
 
 // The stand-in host: its classes, and what a person does at it.
 //
@@ -93,16 +83,7 @@ class OutlookHost {
 
   // The plug-in's bar in the header of the editor; absent when none has come up.
   vorn::HostObject barView(EditorId editor) const;
-  // A button or a menu's item, as a person sees it.
-  struct Control {
-    bool exists = false;
-    bool isShown = false;
-    bool isEnabled = false;
-    std::string title;
-    // The name of the image; "" for none.
-    std::string image;
-    std::string toolTip;
-  };
+  using Control = HostControl;
   // The bar's control of that name.
   Control barControl(EditorId editor, const ControlName& name) const;
   // Clicks it: a button, or an item of the menu that a button opens. False when it is not there, hidden or

@@ -41,6 +41,9 @@ struct LabOptions {
   // Whether the client can be told to do things wrong while it runs.
   bool takesFaults = false;
   bool withoutClient = false;
+  // Whether the agent is a program of its own, which lives while the client does not run. It is reached over a
+  // session bus. Otherwise the client plays it.
+  bool withAgent = false;
   std::string clientVersion;
   std::vector<std::string> clientArguments;
 };

@@ -19,9 +19,10 @@ Account signedInAccount(const LabOptions& options);
 
 World::Options worldOptions(const LabOptions& options, const std::string& userId);
 
-// Starts the client that is installed in the world, listening on "socket", "notifications" or "both". Throws
-// LabError.
+// Starts the client that is installed in the world, listening on "socket", "notifications" or "both"; or the
+// agent, which starts it so when it is asked to. Each throws LabError.
 void startClient(ClientProcess& client, const LabOptions& options, const World& world,
                  const std::string& transport);
+void startAgent(ClientProcess& agent, const LabOptions& options, const World& world, const std::string& transport);
 
 }  // namespace vornlab

@@ -2,6 +2,7 @@
 
 #include <csignal>
 
+#include "lab/client/ClientLauncher.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/LabStart.h"
@@ -72,25 +73,46 @@ void Session::prepareClient() {
   }
   m_journalBefore = vorn::readFile(world().journal().string()).value_or("").size();
   if (options().takesFaults) setFaults("");
-  if (!options().withoutClient) startClient();
+  if (options().withoutClient) return;
+  startClient();
+  if (!options().withAgent) return;
+  if (!m_notifications) throw LabError("the agent is reached over a D-Bus session bus, and none answers");
+  startAgent(m_agent, options(), world(), transport());
 }
 
-void Session::startClient() {
-  // Beside the socket the bus carries what is said to the agent.
-  const char* const transport = talksByNotifications() ? "notifications" : m_notifications ? "both" : "socket";
-  vornlab::startClient(m_client, options(), world(), transport);
+// Beside the socket the bus carries what is said to the agent.
+std::string Session::transport() const {
+  if (talksByNotifications()) return "notifications";
+  return m_notifications ? "both" : "socket";
+}
+
+void Session::startClient() { vornlab::startClient(m_client, options(), world(), transport()); }
+
+bool Session::clientIsRunning() {
+  return m_client.isRunning() || (options().withAgent && !processesOf(world().clientProgram()).empty());
+}
+
+void Session::endLaunchedClient(int signal) {
+  if (!options().withAgent) return;
+  for (const pid_t process : processesOf(world().clientProgram())) kill(process, signal);
+  waitUntil([this] { return !clientIsRunning(); }, kStartSeconds);
 }
 
 void Session::killClient() {
-  if (!m_client.isRunning()) return;
-  kill(m_client.id(), SIGKILL);
-  waitUntil([this] { return !m_client.isRunning(); }, kStartSeconds);
+  if (m_client.isRunning()) {
+    kill(m_client.id(), SIGKILL);
+    waitUntil([this] { return !m_client.isRunning(); }, kStartSeconds);
+  }
+  endLaunchedClient(SIGKILL);
 }
 
-void Session::stopClient() { m_client.stop(); }
+void Session::stopClient() {
+  m_client.stop();
+  endLaunchedClient(SIGTERM);
+}
 
 void Session::restartClient() {
-  m_client.stop();
+  stopClient();
   startClient();
 }
 

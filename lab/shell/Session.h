@@ -33,7 +33,8 @@ class Session final : public EmbeddedSession {
   using LabSession::ask;
   vorn::Value ask(const std::string& question, const vorn::Value& parameters) override;
 
-  bool clientIsRunning() override { return m_client.isRunning(); }
+  // The one that was started here, or by the agent.
+  bool clientIsRunning() override;
   void killClient() override;
   void stopClient() override;
   void restartClient() override;
@@ -46,12 +47,16 @@ class Session final : public EmbeddedSession {
  private:
   void prepareClient();
   void startClient();
+  // Sends the signal to the client that the agent has started, and waits until it is over.
+  void endLaunchedClient(int signal);
+  std::string transport() const;
   void waitForConnection();
   // Takes a step that needs the client. When it fails and the session goes on without a client, keeps the reason.
   void attempt(void (Session::*step)());
   bool hasConnected() const;
 
   ClientProcess m_client;
+  ClientProcess m_agent;
   // Null when no bus answers.
   std::unique_ptr<vorn::EmbeddedDistributedNotifications> m_notifications;
   vorn::EmbeddedWorkspace m_workspace;

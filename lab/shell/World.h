@@ -14,7 +14,7 @@ namespace vornlab {
 //   home/Library/Preferences/                        user defaults
 //   Applications/Microsoft Outlook.app               its version only
 //   Applications/vornclient.app                      the stand-in client, a real program
-//   journal, client.err                              what the client writes
+//   journal, client.err, agent.err                   what the client and the agent write
 class World {
  public:
   struct Options {
@@ -49,6 +49,7 @@ class World {
   std::filesystem::path clientProgram() const;
   std::filesystem::path journal() const { return m_root / "journal"; }
   std::filesystem::path clientErrors() const { return m_root / "client.err"; }
+  std::filesystem::path agentErrors() const { return m_root / "agent.err"; }
   // What the client is told to do wrong, where a session can tell it so.
   std::filesystem::path faults() const { return m_root / "faults"; }
 

@@ -28,11 +28,10 @@ bool isReadable(int descriptor) {
 
 }  // namespace
 
-RunningClient::RunningClient(std::vector<std::string> arguments) {
+RunningClient::RunningClient(std::vector<std::string> arguments, std::string program) {
   std::array<int, 2> output{};
   std::array<int, 2> errors{};
   if (::pipe2(output.data(), O_CLOEXEC) != 0 || ::pipe2(errors.data(), O_CLOEXEC) != 0) return;
-  std::string program = VORNCLIENT_PROGRAM;
   std::vector<char*> words = {program.data()};
   for (auto& argument : arguments) words.push_back(argument.data());
   words.push_back(nullptr);

@@ -13,10 +13,10 @@
 
 namespace vornlab::test {
 
-// The program as a process of its own. Every wait ends after ten seconds at the latest.
+// The program, or another one, as a process of its own. Every wait ends after ten seconds at the latest.
 class RunningClient {
  public:
-  explicit RunningClient(std::vector<std::string> arguments);
+  explicit RunningClient(std::vector<std::string> arguments, std::string program = VORNCLIENT_PROGRAM);
   ~RunningClient();
   RunningClient(const RunningClient&) = delete;
   RunningClient& operator=(const RunningClient&) = delete;

@@ -52,6 +52,14 @@ class ObjectiveCHost : public testing::Test {
     return lab->requests() - before;
   }
 
+  // The plug-in sees to the ribbon a moment after the host has drawn it.
+  static void letRibbonBeSeenTo() { lab->passTime(0.03); }
+  static std::string ribbonState() {
+    letRibbonBeSeenTo();
+    const HostControl seen = lab->ribbonControl("onClickAbout:");
+    return !seen.exists ? "none" : seen.isShown ? "shown" : "hidden";
+  }
+
   static CalendarStore* calendar;
   static std::unique_ptr<ObjcLab> lab;
 };
@@ -98,6 +106,148 @@ TEST_F(ObjectiveCHost, AnAppointmentWithoutAMeetingIsTheHostsAlone) {
   });
   EXPECT_EQ(requests, 0U);
   EXPECT_EQ(event("plain").summary(), "Long lunch");
+}
+
+TEST_F(ObjectiveCHost, TheRibbonHasOneButtonWhereItBelongsAndLetsGoOfTheOthers) {
+  struct Row {
+    bool hasAddins;
+    std::uint32_t tab;
+    const char* afterCalendar;
+    const char* alone;
+  };
+  const Row rows[] = {{true, 0, "shown", "shown"},
+                      {false, 0, "hidden", "none"},
+                      {true, 1, "shown", "none"},
+                      {true, 2, "shown", "shown"}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(std::to_string(row.tab) + (row.hasAddins ? " with" : " without"));
+    lab->chooseRibbonTab(1);
+    lab->rebuildRibbon(row.hasAddins);
+    lab->chooseRibbonTab(row.tab);
+    EXPECT_EQ(ribbonState(), row.alone);
+    lab->showCalendarPane();
+    EXPECT_EQ(ribbonState(), "shown");
+    lab->chooseRibbonTab(row.tab);
+    EXPECT_EQ(ribbonState(), row.afterCalendar);
+  }
+
+  for (int i = 0; i < 50; ++i) {
+    i % 2 == 0 ? lab->showMailPane() : lab->showCalendarPane();
+    if (i % 7 == 0) lab->rebuildRibbon();
+    if (i % 3 == 0) letRibbonBeSeenTo();
+  }
+  EXPECT_EQ(ribbonState(), "shown");
+  const HostControl button = lab->ribbonControl("popUpMenu:");
+  EXPECT_EQ(lab->livingViews("vnPopupButton"), 1U);
+  EXPECT_EQ(lab->livingViews("OUIRibbonView"), 1U);
+  EXPECT_EQ(button.title, "Vorn");
+  EXPECT_EQ(button.image, "Start_Meeting_normal_32");
+  EXPECT_EQ(button.toolTip, "Schedule or start a Vorn meeting");
+  EXPECT_EQ(button.frame.x, 240) << "behind the two chunks of the calendar's tab";
+  EXPECT_EQ(button.frame.width, 60);
+  EXPECT_EQ(button.frame.height, 60);
+}
+
+TEST_F(ObjectiveCHost, TheRibbonsMenuDoesWhatItsEntriesSay) {
+  lab->showCalendarPane();
+  ASSERT_EQ(ribbonState(), "shown");
+  const std::pair<const char*, const char*> entries[] = {
+      {"onClickScheduleMeeting:", "Schedule Meeting"},
+      {"onClickStartMeetingWithVideo:", "Start with Video"},
+      {"onClickStartMeetingWithoutVideo:", "Start without Video"},
+      {"onClickAbout:", "About Vorn Plug-in"}};
+  for (const auto& [action, title] : entries) {
+    const HostControl entry = lab->ribbonControl(action);
+    EXPECT_EQ(entry.title, title);
+    EXPECT_TRUE(entry.isEnabled) << action;
+  }
+  for (const char* start : {"onClickStartMeetingWithVideo:", "onClickStartMeetingWithoutVideo:"})
+    EXPECT_EQ(requestsFor([&] { EXPECT_TRUE(lab->clickRibbon(start)); }), 1U);
+  EXPECT_GT(requestsFor([] { EXPECT_TRUE(lab->clickRibbon("onClickScheduleMeeting:")); }), 0U);
+  EXPECT_EQ(lab->openEditors(), 1U);
+  lab->closeEditors();
+  EXPECT_TRUE(lab->clickRibbon("onClickAbout:")) << "nobody has to hear it";
+  EXPECT_FALSE(lab->clickRibbon("onClickOpenLogFolder:")) << "an action without an entry";
+}
+
+TEST_F(ObjectiveCHost, EachItemOfThePaletteDoesItsWorkInTheToolbar) {
+  struct Row {
+    const char* identifier;
+    ControlName control;
+    const char* title;
+    const char* image;
+    std::size_t editors;
+    // Whether the service hears of it.
+    bool sends;
+  };
+  const Row rows[] = {
+      {"VNStartToolbarItem",
+       {"onContextMenuAction_Start:", 0},
+       "Start with Video",
+       "Start_Meeting_normal_32",
+       0,
+       true},
+      {"VNScheduleToolbarItem", "onClickScheduleVornMeeting:", "Schedule Meeting", "Schedule_Meeting_normal_32", 1,
+       true},
+      {"VNSchedulePACToolbarItem",
+       {"onContextMenuAction_SchedulePAC:", 1},
+       "Audio Conference Account 2",
+       "Schedule_PACMeeting_32",
+       1,
+       false},
+      {"VNOpenLogFolder", "onClickOpenLogFolder:", "Open Log Folder", "OpenLogFolder_normal_32", 0, false},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.identifier);
+    ASSERT_TRUE(lab->addToolbarItem(row.identifier));
+    const HostControl seen = lab->toolbarControl(row.control);
+    EXPECT_TRUE(seen.isShown && seen.isEnabled);
+    EXPECT_EQ(seen.title, row.title);
+    EXPECT_EQ(seen.image, row.image);
+    EXPECT_NE(seen.toolTip, "");
+    EXPECT_GE(requestsFor([&] { EXPECT_TRUE(lab->clickToolbar(row.control)); }), row.sends ? 1U : 0U);
+    EXPECT_EQ(lab->openEditors(), row.editors);
+    if (row.sends && row.editors > 0) {
+      EXPECT_TRUE(lab->barControl("onClickCancelVornMeeting:").isShown) << "the bar adds by itself";
+    }
+    lab->closeEditors();
+  }
+  EXPECT_FALSE(lab->addToolbarItem("SomebodyElses"));
+}
+
+TEST_F(ObjectiveCHost, TheBarShowsItsButtonsAndGoesWithItsWindow) {
+  letRibbonBeSeenTo();
+  const std::size_t before = lab->livingViews("vnPopupButton");
+  for (int i = 0; i < 10; ++i) {
+    lab->openEditor(event("plain"));
+    ASSERT_TRUE(lab->waitForQuiet());
+    struct Row {
+      const char* action;
+      const char* title;
+      const char* image;
+      bool hasToolTip;
+      double x;
+    };
+    const Row rows[] = {{"onClickAddVornMeeting:", "Add Vorn Meeting", "Schedule_Meeting_normal_32", true, 0},
+                        {"onClickCancelVornMeeting:", "Cancel Vorn Meeting", "Cancel_Meeting_normal", true, 0},
+                        {"onClickChangeSettings:", "Meeting Settings", "Settings_normal", false, 195},
+                        {"popUpMenu:", "Schedule Audio Conference", "Schedule_PACMeeting_32", true, 195}};
+    for (const Row& row : rows) {
+      SCOPED_TRACE(row.action);
+      const HostControl seen = lab->barControl(row.action);
+      EXPECT_EQ(seen.title, row.title);
+      EXPECT_EQ(seen.image, row.image);
+      EXPECT_EQ(!seen.toolTip.empty(), row.hasToolTip);
+      EXPECT_EQ(seen.frame.x, row.x);
+      EXPECT_EQ(seen.frame.width, 190);
+    }
+    EXPECT_TRUE(lab->barControl(rows[0].action).isShown);
+    EXPECT_FALSE(lab->barControl(rows[1].action).isShown);
+    lab->closeEditors();
+  }
+  EXPECT_EQ(lab->livingViews("vnPopupButton"), before);
+  for (const char* gone : {"vnSettingsButton", "vnActionAdditionView", "OLCalendarHeaderContainerView"})
+    EXPECT_EQ(lab->livingViews(gone), 0U) << gone;
 }
 
 TEST_F(ObjectiveCHost, ABodyIsNoChangeThatAttendeesHearOf) {

@@ -50,6 +50,8 @@ void ClientJournal::take(const std::string& line) {
   const std::string event = entry.value("event", "");
   if (event == "connected") ++m_connections;
   if (event == "closed") --m_connections;
+  if (event == "launched" || event == "launch failed") m_agentActs.push_back(event);
+  if (event == "about") m_agentActs.push_back(event + " " + entry.value("version", ""));
   if (event == "malformed") ++m_answered;
   if (event == "request" && entry.value("action", 0) == kStartMeeting) ++m_answered;
   if (event != "reply" || !entry.contains("to") || entry.value("action", 0) == kVersion) return;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace vornlab {
 
@@ -23,6 +24,8 @@ class ClientJournal {
   std::size_t sureReplies() const { return m_sureReplies; }
   std::size_t doubtfulReplies() const { return m_doubtfulReplies; }
   int connections() const { return m_connections; }
+  // What the agent has done since the first reading: "launched", "launch failed", or "about" with a version.
+  const std::vector<std::string>& agentActs() const { return m_agentActs; }
 
  private:
   void take(const std::string& line);
@@ -33,6 +36,7 @@ class ClientJournal {
   std::size_t m_sureReplies = 0;
   std::size_t m_doubtfulReplies = 0;
   int m_connections = 0;
+  std::vector<std::string> m_agentActs;
 };
 
 }  // namespace vornlab

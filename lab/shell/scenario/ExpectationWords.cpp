@@ -252,6 +252,12 @@ StageStep alert(LineReader& line) {
   };
 }
 
+StageStep agent(LineReader& line) {
+  std::string wanted = oneOf(line, {"launched", "about"});
+  if (wanted == "about") wanted += " " + line.text("a version");
+  return [wanted](Stage& stage) { expectEqual("agent", wanted, stage.takeAgentAct()); };
+}
+
 StageStep progress(LineReader& line) {
   return [wanted = oneOf(line, {"shown", "hidden"})](Stage& stage) {
     const bool isShown = !stage.session().presenter().progress().open().empty();
@@ -325,6 +331,7 @@ constexpr std::array kWords = {
     StageWord{"sent", "expect sent REQUEST, ..., or: expect sent nothing", sent},
     StageWord{"request", "expect request contains TEXT", request},
     StageWord{"alert", "expect alert contains TEXT ..., or: expect alert none", alert},
+    StageWord{"agent", "expect agent launched, or: expect agent about VERSION", agent},
     StageWord{"progress", "expect progress shown|hidden", progress},
     StageWord{"service",
               "expect service number|subject|minutes|passcode|language|host|appointment|repeats|setting KEY TEXT, "

@@ -45,6 +45,7 @@ struct ScenarioSetUp {
   OutlookHost::Options host;
   std::string clientVersion;
   bool withoutClient = false;
+  bool withAgent = false;
   std::string systemVersion = LabOptions().systemVersion;
 };
 

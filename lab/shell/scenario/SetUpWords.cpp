@@ -221,6 +221,11 @@ const std::array kWords = {
                   setUp.withoutClient = true;
                 }
               }},
+    SetUpWord{"with", "with agent",
+              [](LineReader& line, ScenarioSetUp& setUp) {
+                line.need("agent");
+                setUp.withAgent = true;
+              }},
     SetUpWord{"os", "os V",
               [](LineReader& line, ScenarioSetUp& setUp) {
                 if (!parseSystemVersion(std::string(line.ahead()))) line.fail("a version such as 10.14.6");

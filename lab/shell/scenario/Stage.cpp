@@ -38,6 +38,7 @@ Stage::Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::
   lab.account = setUp.account;
   lab.panelIsOff = !setUp.panelIsOn;
   lab.withoutClient = setUp.withoutClient;
+  lab.withAgent = setUp.withAgent;
   lab.clientVersion = setUp.clientVersion;
   lab.systemVersion = setUp.systemVersion;
   lab.takesFaults = true;
@@ -235,6 +236,12 @@ std::vector<std::string> Stage::takeAlerts() {
   std::vector<std::string> taken;
   for (; m_alertsTaken < shown.size(); ++m_alertsTaken) taken.push_back(shown[m_alertsTaken].alert.message);
   return taken;
+}
+
+std::string Stage::takeAgentAct() {
+  const auto& acts = m_journal->agentActs();
+  const auto hasCome = [&] { return m_journal->read(), acts.size() > m_agentActsTaken; };
+  return m_session->waitUntil(hasCome, kPatienceSeconds) ? acts[m_agentActsTaken++] : "nothing";
 }
 
 std::optional<Meeting> Stage::meetingAtService() {

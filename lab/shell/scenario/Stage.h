@@ -96,6 +96,8 @@ class Stage {
   bool requestHolds(const std::string& part) const;
   // The alerts since the last call.
   std::vector<std::string> takeAlerts();
+  // What the agent does next, or has done that was not taken yet; "nothing" when that does not come.
+  std::string takeAgentAct();
   // Throws Mismatch for a window that never had a meeting.
   std::optional<Meeting> meetingAtService();
   std::int64_t meetingsAtService() { return m_session->meetings().count(); }
@@ -125,6 +127,7 @@ class Stage {
   std::size_t m_requestsTakenFrom = 0;
   std::size_t m_requestsTakenTo = 0;
   std::size_t m_alertsTaken = 0;
+  std::size_t m_agentActsTaken = 0;
   std::size_t m_sentBefore = 0;
   std::size_t m_receivedBefore = 0;
   bool m_hasDropped = false;
