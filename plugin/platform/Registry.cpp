@@ -29,6 +29,13 @@ struct SharedInstances {
   Platform platform;
   std::unordered_map<std::type_index, void*> byType;
   std::vector<std::shared_ptr<void>> inOrder;
+
+  // A process that just exits has taken its host's runtime apart by now, so nothing here may reach it any more.
+  ~SharedInstances() {
+    setHostObjectQuestions(nullptr);
+    platform = Platform{};
+    while (!inOrder.empty()) inOrder.pop_back();
+  }
 };
 
 SharedInstances& instances() {

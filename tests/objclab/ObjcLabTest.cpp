@@ -117,7 +117,7 @@ TEST_F(ObjectiveCHost, TheRibbonHasOneButtonWhereItBelongsAndLetsGoOfTheOthers) 
   };
   const Row rows[] = {{true, 0, "shown", "shown"},
                       {false, 0, "hidden", "none"},
-                      {true, 1, "shown", "none"},
+                      {true, 1, "hidden", "none"},
                       {true, 2, "shown", "shown"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(std::to_string(row.tab) + (row.hasAddins ? " with" : " without"));
