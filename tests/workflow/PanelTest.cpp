@@ -9,6 +9,7 @@
 #include "data/vnGetPACHelper.h"
 #include "platform/Localization.h"
 #include "tests/workflow/MeetingFixture.h"
+#include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -246,7 +247,10 @@ TEST_F(Panel, ACommitRemembersTheAlternateHostsOfAnOpenPanel) {
   Value hosts = Value::array();
   hosts.append("ada@vorn.example");
   panels.panel.settings.set(vn_Setting_AlternateHosts, hosts);
+  ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window->bar);
+  left.setNeedClearLocation(true);
   reply(VnCmdUpdate);
+  EXPECT_FALSE(left.needClearLocation()) << "the appointment is a meeting again";
   EXPECT_THAT(panels.panel.calls, IsEmpty());
   openPanel();
   reply(VnCmdUpdate);
@@ -293,6 +297,7 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
     setting.set(vn_Setting_MeetingTemplate,
                 Value::dictionaryFromPairs({{vn_Setting_MeetingTemplate_TemplateId, "T1"},
                                             {vn_Setting_MeetingTemplate_TemplateName, name}}));
+    setting.set(vn_Setting_MuteUponEntry, true);
     return Value::dictionaryFromPairs({{vn_Setting, setting}});
   };
   Value answered;
@@ -313,8 +318,9 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
 
   test.presenter.answerAlert(0, Presenter::Answer::alternateButton);
   EXPECT_EQ(answered["meetingData"], dataOf("Interview"));
-  EXPECT_THAT(client.names(), ElementsAre("3/2"));
-  EXPECT_THAT(client.requests.back().second, testing::Not(testing::HasSubstr("Interview")));
+  ASSERT_THAT(client.names(), ElementsAre("3/2"));
+  EXPECT_THAT(client.requests.back().second, testing::AllOf(testing::HasSubstr(R"("muteOnEntry" : true)"),
+                                                            testing::Not(testing::HasSubstr("Interview"))));
 }
 
 }  // namespace
