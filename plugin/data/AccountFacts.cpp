@@ -37,6 +37,8 @@ AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText
       .isEnableForcePMIJBHWithPassword = account.isEnableForcePMIJBHWithPassword(),
       .isLockScheduleRequirePassword = account.isLockScheduleRequirePassword(),
       .isLockPMIRequirePassword = account.isLockPMIRequirePassword(),
+      .supportFeatureRequirePassword = account.supportFeatureRequirePassword(),
+      .isDisablePwdEmbedInJoinUrl = account.isDisablePwdEmbedInJoinUrl(),
       .alwaysEnableJoinBeforeHostByDefault = account.alwaysEnableJoinBeforeHostByDefault(),
       .isSupportJbhPriorTime = account.isSupportJbhPriorTime(),
       .isJoinBeforeHostLocked = account.isJoinBeforeHostLocked(),
@@ -76,6 +78,7 @@ ClientGates clientGates() {
   return {
       .isVornClientSupportAutoRecord = client.isVornClientSupportAutoRecord(),
       .isVornClientSupportPublicEvent = client.isVornClientSupportPublicEvent(),
+      .isVornClientSupport464Tasks = client.isVornClientSupport464Tasks(),
       .isVornClientSupport520Tasks = client.isVornClientSupport520Tasks(),
       .isVornClientSupport530Tasks = client.isVornClientSupport530Tasks(),
   };

@@ -47,6 +47,8 @@ struct AccountFacts {
   bool isEnableForcePMIJBHWithPassword = false;
   bool isLockScheduleRequirePassword = false;
   bool isLockPMIRequirePassword = false;
+  bool supportFeatureRequirePassword = false;
+  bool isDisablePwdEmbedInJoinUrl = false;
   bool alwaysEnableJoinBeforeHostByDefault = false;
   bool isSupportJbhPriorTime = false;
   bool isJoinBeforeHostLocked = false;
@@ -93,6 +95,7 @@ AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText
 struct ClientGates {
   bool isVornClientSupportAutoRecord = false;
   bool isVornClientSupportPublicEvent = false;
+  bool isVornClientSupport464Tasks = false;
   bool isVornClientSupport520Tasks = false;
   bool isVornClientSupport530Tasks = false;
 };
