@@ -3,7 +3,7 @@
 #include "channel/commands/ErrorCodes.h"
 #include "channel/commands/vnAPIBase.h"
 #include "channel/commands/vnAPIKeys.h"
-#include "channel/store/JsonTextFile.h"
+#include "channel/store/NoticeFlags.h"
 #include "channel/store/vnLocalProfileKeys.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "data/People.h"
@@ -32,9 +32,7 @@ std::string refusalMessage(int errorCode) {
   }
 }
 
-void setSecurityOptionErrorInfo(std::string_view key, bool value) {
-  JsonTextFile(vnMeetingCommon::getLocalVnSiteConfigPath()).setKey(key, value);
-}
+void setSecurityOptionErrorInfo(std::string_view key, bool value) { SiteFlag(key).set(value); }
 
 }  // namespace
 

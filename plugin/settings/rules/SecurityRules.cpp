@@ -30,7 +30,6 @@ void hideWhatIsLockedOff(SecurityOutcome& outcome, const SecuritySituation& situ
   if (isPasscodeLocked(situation.passcode, account) && !controls.requiredMeetingPswOn) {
     outcome.requiredMeetingPassword = false;
     controls.requiredMeetingPswHidden = true;
-    controls.passwordFieldHidden = true;
     controls.pswHelpHidden = true;
     controls.passwordPromptHidden = true;
   }
