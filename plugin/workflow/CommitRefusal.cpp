@@ -12,6 +12,7 @@
 #include "platform/Localization.h"
 #include "workflow/MeetingWindow.h"
 #include "workflow/SettingsPanel.h"
+#include "workflow/vnAutoRemoveVornMeetingMessage.h"
 #include "workflow/vnCommitWarning.h"
 #include "workflow/vnMeetingMgr.h"
 #include "workflow/vnMeetingMgrMonitor.h"
@@ -52,6 +53,12 @@ bool CommitRefusal::checkScheduleForEmailValidity() {
 
 void CommitRefusal::changeUIWithScheduleForEmainError(const HostObject& parentWindow) {
   if (const auto& bar = MeetingWindow::ofHostWindow(parentWindow).bar()) bar->onUIChanged(VnUINotMeeting);
+}
+
+void CommitRefusal::showWarningNotAllowScheduleForOthers(const MeetingWindow& window) {
+  vnAutoRemoveVornMeetingMessage& warning = vnAutoRemoveVornMeetingMessage::sharedInstance();
+  warning.setEditorViewCtrl(window.editor());
+  warning.showMessage(window.parentWindow());
 }
 
 // -- Errors of a commit that the panel shows ---------------------------------------------------------------------

@@ -73,7 +73,7 @@ TEST(PasscodeHelpTest, TellsWhoNeedsNotTypeThePasscodeAndWhoCannot) {
       {{.passcode = "0123456789"}, {false, prompt}},
       // A scanner reads these as whole numbers.
       {{.passcode = "-12"}, {false, prompt}},
-      {{.passcode = "\t+7\n"}, {false, prompt}},
+      {{.passcode = "\t+7\r"}, {false, prompt}},
       {{.passcode = "12-"}, {false, both}},
       {{.passcode = "-"}, {false, both}},
       {{.passcode = " "}, {false, both}},
