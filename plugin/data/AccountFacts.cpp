@@ -78,9 +78,9 @@ ClientGates clientGates() {
   return {
       .isVornClientSupportAutoRecord = client.isVornClientSupportAutoRecord(),
       .isVornClientSupportPublicEvent = client.isVornClientSupportPublicEvent(),
-      .isVornClientSupport464Tasks = client.isVornClientSupport464Tasks(),
       .isVornClientSupport520Tasks = client.isVornClientSupport520Tasks(),
       .isVornClientSupport530Tasks = client.isVornClientSupport530Tasks(),
+      .isVornClientSupport464Tasks = client.isVornClientSupport464Tasks(),
   };
 }
 

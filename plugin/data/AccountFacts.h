@@ -95,9 +95,9 @@ AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText
 struct ClientGates {
   bool isVornClientSupportAutoRecord = false;
   bool isVornClientSupportPublicEvent = false;
-  bool isVornClientSupport464Tasks = false;
   bool isVornClientSupport520Tasks = false;
   bool isVornClientSupport530Tasks = false;
+  bool isVornClientSupport464Tasks = false;
 };
 
 // The predicates' answers now. Main thread only.
