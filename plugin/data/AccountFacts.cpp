@@ -37,6 +37,8 @@ AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText
       .isEnableForcePMIJBHWithPassword = account.isEnableForcePMIJBHWithPassword(),
       .isLockScheduleRequirePassword = account.isLockScheduleRequirePassword(),
       .isLockPMIRequirePassword = account.isLockPMIRequirePassword(),
+      .supportFeatureRequirePassword = account.supportFeatureRequirePassword(),
+      .isDisablePwdEmbedInJoinUrl = account.isDisablePwdEmbedInJoinUrl(),
       .alwaysEnableJoinBeforeHostByDefault = account.alwaysEnableJoinBeforeHostByDefault(),
       .isSupportJbhPriorTime = account.isSupportJbhPriorTime(),
       .isJoinBeforeHostLocked = account.isJoinBeforeHostLocked(),
@@ -78,6 +80,7 @@ ClientGates clientGates() {
       .isVornClientSupportPublicEvent = client.isVornClientSupportPublicEvent(),
       .isVornClientSupport520Tasks = client.isVornClientSupport520Tasks(),
       .isVornClientSupport530Tasks = client.isVornClientSupport530Tasks(),
+      .isVornClientSupport464Tasks = client.isVornClientSupport464Tasks(),
   };
 }
 

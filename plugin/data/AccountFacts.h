@@ -47,6 +47,8 @@ struct AccountFacts {
   bool isEnableForcePMIJBHWithPassword = false;
   bool isLockScheduleRequirePassword = false;
   bool isLockPMIRequirePassword = false;
+  bool supportFeatureRequirePassword = false;
+  bool isDisablePwdEmbedInJoinUrl = false;
   bool alwaysEnableJoinBeforeHostByDefault = false;
   bool isSupportJbhPriorTime = false;
   bool isJoinBeforeHostLocked = false;
@@ -95,6 +97,7 @@ struct ClientGates {
   bool isVornClientSupportPublicEvent = false;
   bool isVornClientSupport520Tasks = false;
   bool isVornClientSupport530Tasks = false;
+  bool isVornClientSupport464Tasks = false;
 };
 
 // The predicates' answers now. Main thread only.

@@ -3,7 +3,7 @@
 #include "channel/commands/ErrorCodes.h"
 #include "channel/commands/vnAPIBase.h"
 #include "channel/commands/vnAPIKeys.h"
-#include "channel/store/JsonTextFile.h"
+#include "channel/store/NoticeFlags.h"
 #include "channel/store/vnLocalProfileKeys.h"
 #include "channel/store/vnMeetingCommon.h"
 #include "data/People.h"
@@ -12,6 +12,7 @@
 #include "platform/Localization.h"
 #include "workflow/MeetingWindow.h"
 #include "workflow/SettingsPanel.h"
+#include "workflow/vnAutoRemoveVornMeetingMessage.h"
 #include "workflow/vnCommitWarning.h"
 #include "workflow/vnMeetingMgr.h"
 #include "workflow/vnMeetingMgrMonitor.h"
@@ -32,9 +33,7 @@ std::string refusalMessage(int errorCode) {
   }
 }
 
-void setSecurityOptionErrorInfo(std::string_view key, bool value) {
-  JsonTextFile(vnMeetingCommon::getLocalVnSiteConfigPath()).setKey(key, value);
-}
+void setSecurityOptionErrorInfo(std::string_view key, bool value) { SiteFlag(key).set(value); }
 
 }  // namespace
 
@@ -54,6 +53,12 @@ bool CommitRefusal::checkScheduleForEmailValidity() {
 
 void CommitRefusal::changeUIWithScheduleForEmainError(const HostObject& parentWindow) {
   if (const auto& bar = MeetingWindow::ofHostWindow(parentWindow).bar()) bar->onUIChanged(VnUINotMeeting);
+}
+
+void CommitRefusal::showWarningNotAllowScheduleForOthers(const MeetingWindow& window) {
+  vnAutoRemoveVornMeetingMessage& warning = vnAutoRemoveVornMeetingMessage::sharedInstance();
+  warning.setEditorViewCtrl(window.editor());
+  warning.showMessage(window.parentWindow());
 }
 
 // -- Errors of a commit that the panel shows ---------------------------------------------------------------------

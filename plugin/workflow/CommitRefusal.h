@@ -5,6 +5,7 @@
 
 namespace vorn {
 
+class MeetingWindow;
 class vnMeetingMgr;
 
 // What the user hears of a commit or a fetch that the service or the account does not allow: in the panel where
@@ -17,6 +18,9 @@ class CommitRefusal {
   // False when the meeting was scheduled for a person whom this user may no longer act for.
   bool checkScheduleForEmailValidity();
   static void changeUIWithScheduleForEmainError(const HostObject& parentWindow);
+
+  // Warns that this user may not schedule for the person in whose name the window is open.
+  static void showWarningNotAllowScheduleForOthers(const MeetingWindow& window);
 
   // Opens the panel again after a refused commit.
   void showSettingsWindowWithCommitError(const HostObject& parentWindow, int errorCode);

@@ -55,6 +55,8 @@ class BarFace {
   // What an editor does on behalf of the toolbar or of the desktop client, when a flag was left for it.
   virtual void autoAddToVnMeeting() = 0;
   virtual void setAutoUpdateVornMeetingFlag() = 0;
+  // Takes the meeting off the appointment, as a click on the bar's button does.
+  virtual void autoRemoveVornMeeting() = 0;
   // Asks the service which meeting stands behind the appointment's UUID.
   virtual void getMeetingByApptUUID() = 0;
 };

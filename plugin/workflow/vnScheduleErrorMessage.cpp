@@ -3,9 +3,7 @@
 #include <string>
 
 #include "channel/commands/vnAPIKeys.h"
-#include "channel/store/JsonTextFile.h"
-#include "channel/store/vnCommon.h"
-#include "data/vnSettingKeys.h"
+#include "data/NotAgainFlags.h"
 #include "data/vnUserProfileHelper.h"
 #include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
@@ -21,7 +19,7 @@ namespace {
 // The user whose plan asks for the notice, who is known longer than the profile is.
 OptionalText user() { return vnUserProfileHelper::sharedInstance().lastKnownUserId(); }
 
-JsonTextFile savedProfile() { return JsonTextFile(vnCommon::getVnUserProfilePath(user())); }
+SavedProfileFlag notAgainFlag() { return not_again::accountLimitation(user()); }
 
 }  // namespace
 
@@ -61,14 +59,11 @@ void vnScheduleErrorMessage::postCommitCommand(bool isOK) {
   Registry::platform().notificationCenter->post(notify_ScheduleErrorMessage_Commit, this, answer);
 }
 
-bool vnScheduleErrorMessage::notShowMessageAgain() {
-  return savedProfile().read()[vn_Setting_NotShowUpgradeMessageAgain].boolValue();
-}
+bool vnScheduleErrorMessage::notShowMessageAgain() { return notAgainFlag().isSet(); }
 
-// Without a known user there is no file to keep it in. A switch that says what is kept already makes no file.
+// A switch that says what is kept already makes no file.
 void vnScheduleErrorMessage::saveShowMessageAgainToUserProfile(bool notAgain) {
-  if (!user() || notAgain == notShowMessageAgain()) return;
-  savedProfile().setKey(vn_Setting_NotShowUpgradeMessageAgain, notAgain);
+  if (notAgain != notShowMessageAgain()) notAgainFlag().set(notAgain);
 }
 
 void vnScheduleErrorMessage::cleanup() {

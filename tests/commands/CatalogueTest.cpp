@@ -11,8 +11,12 @@
 namespace vorn {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
 
 using Catalogue = CommandWorld;
 
@@ -211,6 +215,50 @@ TEST_F(Catalogue, ASuccessfulDeleteReplyIsTheKeyWhateverItHolds) {
   EXPECT_EQ(owner.finished[0].data[keyVnAPIResponse],
             Value::dictionaryFromPairs(
                 {{"meetingKey", "any text; really"}, {"invitationEmail", ""}, {"keyVnResult", "Success"}}));
+}
+
+TEST_F(Catalogue, ADeleteTellsWhereTheMeetingIsUntilTheUserWantsToHearItNoMore) {
+  setTexts({{"LN_Schedule_DeleteMeetingInfo_RecentlyDeleted_120529", "Trash"}});
+  const auto deletes = [&] {
+    world.presenter.forgetAlerts();
+    mgr->deleteMeeting(window, request("987"));
+    reply("3", "987");
+    std::string shown;
+    for (const auto& each : world.presenter.alerts()) {
+      EXPECT_EQ(each.window, window);
+      EXPECT_EQ(each.alert.buttons.size(), 2u);
+      shown += each.alert.message;
+    }
+    return shown;
+  };
+  const auto doNotRemind = [&] { return world.userDefaults.objectForKey(vn_Delete_DoNotRemind); };
+
+  owner.whenFinished = [&] { EXPECT_THAT(world.presenter.alerts(), SizeIs(1)) << "before the window may close"; };
+  EXPECT_THAT(deletes(), AllOf(HasSubstr("Trash"), Not(HasSubstr("("))));
+  owner.whenFinished = nullptr;
+  siteFile().setKey(vn_LocalProfile_TrashCanLink, "https://old.example");
+  EXPECT_THAT(deletes(), HasSubstr("Trash (https://old.example)"));
+  setProfile(Value::dictionaryFromPairs({{"trashCanLink", "https://new.example"}}));
+  EXPECT_THAT(deletes(), HasSubstr("Trash (https://new.example)"));
+
+  world.presenter.answerAlert(0, {1, true});
+  EXPECT_TRUE(doNotRemind().isAbsent()) << "a cancel keeps nothing";
+  deletes();
+  world.presenter.answerAlert(0, {0, false});
+  EXPECT_EQ(doNotRemind(), Value(false));
+  EXPECT_NE(deletes(), "");
+  mgr.reset();
+  world.presenter.answerAlert(0, {0, true});
+  EXPECT_EQ(doNotRemind(), Value(true)) << "the answer outlives the window that was deleted from";
+
+  mgr = std::make_unique<vnAPIMgr>();
+  mgr->setMeetingMgrInstance(&owner);
+  EXPECT_EQ(deletes(), "");
+  world.userDefaults.removeObject(vn_Delete_DoNotRemind);
+  EXPECT_NE(deletes(), "");
+  installClient("4.6.14767");
+  EXPECT_EQ(deletes(), "") << "a client from before the trash";
+  EXPECT_EQ(owner.finished.size(), 8u) << "the manager hears of each delete all the same";
 }
 
 TEST_F(Catalogue, TheProfileReachesItsReaderBeforeTheManagerHearsOfIt) {

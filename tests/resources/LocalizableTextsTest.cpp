@@ -83,6 +83,16 @@ class LocalizableTexts : public testing::Test {
       }
       m_used.push_back(used);
     }
+    // The rules ask for a text with its arguments, and other keys wait in tables.
+    static const std::regex asked(R"re(texts\(\s*"([^"]+)", \{([^{}]*)\}\))re");
+    for (const std::smatch& found : matches(source, asked)) {
+      const std::string arguments = found[2];
+      m_used.push_back(
+          {found[1], "", false, arguments.empty() ? 0 : 1 + std::count(arguments.begin(), arguments.end(), ',')});
+    }
+    for (const std::smatch& found : matches(source, std::regex(R"re("(LN_\w+)"(?!\s*\+))re"))) {
+      m_used.push_back({found[1], ""});
+    }
     if (source.find("localizedString(") == std::string::npos) return;
     // Keys that wait in a table of codes or in a constant.
     for (const std::smatch& found : matches(source, std::regex(R"re(\{\w+, "([A-Z]\w+)"\})re"))) {

@@ -47,6 +47,13 @@ TEST(CheckFloors, NamesWhatBreaksTheFloors) {
         FloorsCase{"RelativeUpward",
                    {{"plugin/util/a.h", "#  include \"../bundle/b.h\"\n"}, {"plugin/bundle/b.h", ""}},
                    "upward include from util (floor 1) to bundle (floor "},
+        FloorsCase{"RulesToAnotherRoom",
+                   {{"plugin/settings/rules/a.cpp", "#include \"platform/b.h\"\n"}, {"plugin/platform/b.h", ""}},
+                   "plugin/settings/rules/a.cpp:1: settings/rules includes platform"},
+        FloorsCase{"RulesToASharedInstance",
+                   {{"plugin/settings/rules/a.cpp", "#include \"data/b.h\"\n"},
+                    {"plugin/data/b.h", "static vnB& sharedInstance();\n"}},
+                   "settings/rules includes data/b.h, which leads to a shared instance"},
         FloorsCase{
             "RoomWithoutFloor", {{"plugin/attic/a.h", ""}}, "plugin/attic/a.h:1: attic has no floor yet"}}) {
     const TemporaryFolder tree;

@@ -62,6 +62,7 @@ class FakeBar final : public MeetingBar, public FakeEditor {
   void onUIChanged(int status) override { shown = status; }
   void updateSupportVornButtonFlag(const HostObject&) override {}
   void autoAddToVnMeeting() override { ++autoAdds; }
+  void autoRemoveVornMeeting() override { ++autoRemoves; }
   void setAutoUpdateVornMeetingFlag() override {}
   void getMeetingByApptUUID() override { ++asksByUUID; }
 
@@ -75,6 +76,7 @@ class FakeBar final : public MeetingBar, public FakeEditor {
   int action = 0;
   int shown = VnUINotMeeting;
   int autoAdds = 0;
+  int autoRemoves = 0;
   int asksByUUID = 0;
   vnActionResultMgr result;
 };

@@ -3,12 +3,14 @@
 
 #include <functional>
 
+#include "channel/commands/VNDeletedMeetingWindowController.h"
 #include "channel/commands/vnAlertHelper.h"
 #include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
 #include "tests/workflow/MeetingFixture.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
+#include "workflow/vnAutoRemoveVornMeetingMessage.h"
 #include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnCommitWarning.h"
 #include "workflow/vnScheduleErrorMessage.h"
@@ -465,18 +467,42 @@ TEST(LicencePolicy, KnowsEachUserTypeAndRefusesNothingToOneThatItDoesNotKnow) {
   }
 }
 
+TEST_F(Decisions, AMeetingThatOneMayNotScheduleForOthersGoesOnlyWhenTheUserAgrees) {
+  FakeBar& bar = *window->bar;
+  const auto warns = [&](bool hasMeeting, std::size_t button) {
+    bar.autoRemoves = 0;
+    test.presenter.forgetAlerts();
+    CommitRefusal::showWarningNotAllowScheduleForOthers(MeetingWindow::ofBar(window->bar));
+    EXPECT_EQ(test.presenter.alerts().at(0).window, bar.ownWindow);
+    // A warning of another editor, meanwhile, is another matter.
+    vnAutoRemoveVornMeetingMessage::sharedInstance().setEditorViewCtrl({});
+    bar.hasMeeting = hasMeeting;
+    test.presenter.answerAlert(0, {button, false});
+    return bar.autoRemoves;
+  };
+  EXPECT_EQ(warns(true, 0), 1);
+  EXPECT_EQ(warns(true, 1), 0);
+  EXPECT_EQ(warns(false, 0), 0) << "the meeting has gone meanwhile";
+}
+
 TEST(Notices, AreNotShownWithoutAPresenterAndNotHeardAfterTheEnd) {
   TestPlatform test;
-  vnCommitWarning::sharedInstance().showCommitWarning({});
-  const auto answered = test.presenter.alerts().at(0).answered;
+  const auto showAll = [] {
+    vnCommitWarning::sharedInstance().showCommitWarning({});
+    vnAutoRemoveVornMeetingMessage::sharedInstance().showMessage({});
+    VNDeletedMeetingWindowController::showSheet({});
+  };
+  showAll();
+  const auto shown = test.presenter.alerts();
+  ASSERT_EQ(shown.size(), 3U);
   Registry::reset();
-  answered(Presenter::Answer::defaultButton);
+  for (const auto& each : shown) each.answered(Presenter::Answer::defaultButton);
   test.platform().presenter = nullptr;
   test.reinstall();
   vnAlertHelper::sharedInstance().showAlertMessage({}, "nobody sees it");
-  vnCommitWarning::sharedInstance().showCommitWarning({});
+  showAll();
   vnScheduleErrorMessage::sharedInstance().showMessage({});
-  EXPECT_EQ(test.presenter.alerts().size(), 1U);
+  EXPECT_EQ(test.presenter.alerts().size(), 3U);
 }
 
 }  // namespace

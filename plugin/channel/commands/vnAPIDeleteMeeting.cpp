@@ -1,10 +1,12 @@
 #include "channel/commands/vnAPIDeleteMeeting.h"
 
 #include "channel/commands/ClientRequests.h"
+#include "channel/commands/VNDeletedMeetingWindowController.h"
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/transport/vnIPCChannel.h"
+#include "data/NotAgainFlags.h"
 #include "host/proxies/vnApptInfoKeys.h"
 
 namespace vorn {
@@ -32,12 +34,15 @@ std::optional<CommandResult> vnAPIDeleteMeeting::onVornFeedback(const std::strin
     popupErrorMsg(*window, errorCode());
     return std::nullopt;
   }
-  // The notice of a meeting that has gone to the trash belongs to the notices' windows, which this build has none
-  // of.
+  if (!doNotRemindShowDeleteUI() && vnClientFeatureMgr::sharedInstance().isVornClientSupport464Tasks()) {
+    VNDeletedMeetingWindowController::showSheet(*window);
+  }
   return CommandResult{
       *window, VnCmdDelete,
       Value::dictionaryFromPairs(
           {{vn_MeetingKey, content}, {vn_API_Para_InvitationEmail, ""}, {keyVNResult, getAPIResult()}})};
 }
+
+bool vnAPIDeleteMeeting::doNotRemindShowDeleteUI() { return not_again::deletedMeeting().isSet(); }
 
 }  // namespace vorn

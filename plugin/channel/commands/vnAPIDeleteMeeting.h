@@ -7,7 +7,7 @@
 
 namespace vorn {
 
-// Deletes a meeting.
+// Deletes a meeting, and tells the user where a deleted meeting still is.
 class vnAPIDeleteMeeting : public vnAPICommandFor<DeleteMeetingOwner> {
  public:
   void setData(const std::string& meetingKey) { m_meetingKey = meetingKey; }
@@ -18,6 +18,8 @@ class vnAPIDeleteMeeting : public vnAPICommandFor<DeleteMeetingOwner> {
   std::string getAPIData();
   // An error makes the manager forget its data before the user is told.
   std::optional<CommandResult> onVornFeedback(const std::string& content);
+  // The user wants to hear no more where deleted meetings are.
+  static bool doNotRemindShowDeleteUI();
 
  private:
   std::string m_meetingKey;

@@ -85,7 +85,7 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   int vnUIStatusNow() const { return m_vnUIStatus; }
 
   void autoAddToVnMeeting() override;
-  void autoRemoveVornMeeting() { onClickCancelVornMeeting(); }
+  void autoRemoveVornMeeting() override { onClickCancelVornMeeting(); }
   void setAutoUpdateVornMeetingFlag() override;
   bool isAutoUpdateVornMeeting();
   void getMeetingByApptUUID() override;

@@ -1,0 +1,47 @@
+#include "channel/commands/VNDeletedMeetingWindowController.h"
+
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnLocalProfileKeys.h"
+#include "channel/store/vnMeetingCommon.h"
+#include "data/NotAgainFlags.h"
+#include "data/vnUserProfileHelper.h"
+#include "platform/Localization.h"
+#include "platform/Presenter.h"
+#include "platform/Registry.h"
+#include "platform/TraceStep.h"
+
+namespace vorn {
+
+namespace {
+
+// An alert cannot be clicked inside its words, so the address is told.
+std::string whereItIs(const std::string& link) {
+  const std::string place = localizedString("LN_Schedule_DeleteMeetingInfo_RecentlyDeleted_120529");
+  return link.empty() ? place : place + " (" + link + ")";
+}
+
+}  // namespace
+
+void VNDeletedMeetingWindowController::showSheet(const HostObject& parentWindow) {
+  Presenter* presenter = Registry::platform().presenter;
+  if (!presenter) return;
+  Presenter::Alert alert;
+  alert.title = localizedString("LN_Schedule_DeleteMeetingTitle_120529");
+  alert.message = localizedString("LN_Schedule_DeleteMeetingInfo1_120529") + " " +
+                  whereItIs(getMeetingTrashCanLink()) + "\n" +
+                  localizedString("LN_Schedule_DeleteMeetingInfo2_120529");
+  alert.buttons = {localizedString("LN_Schedule_DeleteMeeting_120529"), localizedString("Button_Cancel")};
+  alert.notAgainSwitch = localizedString("LN_Schedule_DoNotRemind_120529");
+  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.title}}); });
+  presenter->showAlert(parentWindow, alert, [](const Presenter::Answer& answer) {
+    if (answer.button == 0) not_again::deletedMeeting().set(answer.notAgain);
+  });
+}
+
+std::string VNDeletedMeetingWindowController::getMeetingTrashCanLink() {
+  const std::string link = vnUserProfileHelper::sharedInstance().getMeetingTrashCanLink();
+  if (!link.empty()) return link;
+  return JsonTextFile(vnMeetingCommon::getLocalVnSiteConfigPath()).read()[vn_LocalProfile_TrashCanLink].text();
+}
+
+}  // namespace vorn

@@ -1,0 +1,22 @@
+#pragma once
+
+// Which notice keeps in which store that the user wants to see it no more.
+
+#include "channel/store/NoticeFlags.h"
+#include "channel/store/vnLocalProfileKeys.h"
+#include "data/vnSettingKeys.h"
+
+namespace vorn::not_again {
+
+inline SiteFlag pluginTurnoff() { return SiteFlag(vn_LocalProfile_NotShowPluginTurnoffMessage); }
+inline SiteFlag userSettingTip() { return SiteFlag(vn_LocalProfile_NotShowUserSettingMessage); }
+inline SiteFlag disabledPMI() { return SiteFlag(vn_LocalProfile_DoNotShowPMIDisableMessage); }
+inline SiteFlag waitingRoomTip() { return SiteFlag(vn_LocalProfile_SecurityTip_NotShownAgain_WR); }
+inline SiteFlag encryptionTip() { return SiteFlag(vn_LocalProfile_EncryptionTip_NotShownAgain); }
+// Of the user whose plan asks for the notice.
+inline SavedProfileFlag accountLimitation(const OptionalText& userId) {
+  return SavedProfileFlag(vn_Setting_NotShowUpgradeMessageAgain, userId);
+}
+inline DefaultsFlag deletedMeeting() { return DefaultsFlag(vn_Delete_DoNotRemind); }
+
+}  // namespace vorn::not_again
