@@ -48,6 +48,8 @@ TEST_F(Bar, ShowsAddForAnAppointmentAndCancelAndSettingsForAMeeting) {
   closeWindow(window);
   const auto bar = openedBar("123");
   EXPECT_EQ(shown(bar), "-CS");
+  bar->onUIChanged(VnUIHidden);
+  EXPECT_EQ(shown(bar), "---");
   EXPECT_EQ(managerOf(bar)->meetingDataMgr()->getSavedApptInfo()["subject"], Value("Weekly"));
 }
 

@@ -168,22 +168,25 @@ TEST_F(MainWindowControls, EachItemOfTheToolbarShowsItsNameAndDoesItsWork) {
     const char* title;
     const char* label;
     const char* image;
+    const char* toolTip;
   };
   const Row rows[] = {
       {"VNStartToolbarItem",
        {"onContextMenuAction_Start:", 0},
        "Start with Video",
        "Start Meeting",
-       "Start_Meeting_normal_32"},
+       "Start_Meeting_normal_32",
+       "Start a Vorn meeting now"},
       {"VNScheduleToolbarItem", "onClickScheduleVornMeeting:", "Schedule Meeting", "Schedule Meeting",
-       "Schedule_Meeting_normal_32"},
+       "Schedule_Meeting_normal_32", "Schedule a Vorn meeting"},
       {"VNSchedulePACToolbarItem",
        {"onContextMenuAction_SchedulePAC:", 1},
        "Audio Conference Account 2",
        "Schedule Audio Conference",
-       "Schedule_PACMeeting_32"},
-      {"VNOpenLogFolder", "onClickOpenLogFolder:", "Open Log Folder", "Open Log Folder",
-       "OpenLogFolder_normal_32"},
+       "Schedule_PACMeeting_32",
+       "Schedule a meeting with your personal audio conference"},
+      {"VNOpenLogFolder", "onClickOpenLogFolder:", "Open Log Folder", "Open Log Folder", "OpenLogFolder_normal_32",
+       "Open the folder with the plug-in’s logs"},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.identifier);
@@ -195,7 +198,7 @@ TEST_F(MainWindowControls, EachItemOfTheToolbarShowsItsNameAndDoesItsWork) {
     const HostObject item = vnToolbarItemMgr::sharedInstance().itemForIdentifier(row.identifier, {});
     EXPECT_EQ(askHost(item, "label").text(), row.label);
     EXPECT_EQ(askHost(item, "paletteLabel").text(), "Vorn");
-    EXPECT_FALSE(askHost(item, "toolTip").text().empty());
+    EXPECT_EQ(askHost(item, "toolTip").text(), row.toolTip);
     EXPECT_EQ(askHost(askHost(item, "image").object(), "name").text(), row.image);
   }
   EXPECT_FALSE(host->addToolbarItem("SomebodyElses")) << "what is not ours is the host's to make";
@@ -246,10 +249,13 @@ TEST_F(MainWindowControls, AnItemIsForAHostAndASystemThatAreNewEnough) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.host);
     start({}, row.host, row.system);
-    const HostObject item = vnToolbarItemMgr::sharedInstance().VNScheduleToolbarItem();
-    askHost(item, "validate");
-    EXPECT_EQ(askHost(item, "isEnabled"), Value(row.isEnabled));
-    EXPECT_EQ(askHost(item, "toolTip").text() == localizedString("OSVersionTooLow"), row.saysTooOld);
+    vnToolbarItemMgr& items = vnToolbarItemMgr::sharedInstance();
+    for (const HostObject& item : {items.VNStartToolbarItem(), items.VNScheduleToolbarItem(),
+                                   items.vnSchedulePACToolbarItem(), items.VNOpenLogFolderToolbarItem()}) {
+      askHost(item, "validate");
+      EXPECT_EQ(askHost(item, "isEnabled"), Value(row.isEnabled));
+      EXPECT_EQ(askHost(item, "toolTip").text() == localizedString("OSVersionTooLow"), row.saysTooOld);
+    }
   }
 }
 
