@@ -41,7 +41,6 @@
 // Whether an item was chosen.
 - (BOOL)popUpMenuPositioningItem:(NSMenuItem*)item atLocation:(NSPoint)location inView:(NSView*)view;
 - (NSString*)title;
-- (void)setAutoenablesItems:(BOOL)enables;
 - (void)addItem:(NSMenuItem*)item;
 - (NSArray*)itemArray;
 @end

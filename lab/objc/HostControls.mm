@@ -104,9 +104,6 @@ void replaceText(NSString*& held, NSString* given) {
 - (NSString*)title {
   return m_title;
 }
-- (void)setAutoenablesItems:(BOOL)enables {
-  (void)enables;
-}
 - (void)addItem:(NSMenuItem*)item {
   [m_items addObject:item];
 }

@@ -28,7 +28,6 @@ constexpr Property kProperties[] = {
     {"NSButton", "action", "setAction:"},
     {"NSImage", "name", "setName:"},
     {"NSMenu", "title", "setTitle:"},
-    {"NSMenu", "autoenablesItems", "setAutoenablesItems:"},
     {"NSMenuItem", "title", "setTitle:"},
     {"NSMenuItem", "isEnabled", "setEnabled:"},
     {"NSMenuItem", "tag", "setTag:"},

@@ -115,7 +115,8 @@ TEST_F(OutlookHostTest, AHeaderIsBuiltWithInitWithFrameAndHoldsWhatAHookPutsIn) 
   const std::pair<const char*, const char*> headers[] = {
       {"OLCalendarHeaderContainerView", "OLAttachmentsAcceptingView"},
       {"OLAutoLayoutAttachmentsAcceptingView", "OLAutoLayoutAttachmentsAcceptingView"}};
-  for (const auto& [header, owner] : headers) {
+  for (const auto& [name, owner] : headers) {
+    const std::string header = name;
     SCOPED_TRACE(header);
     OutlookHost::Options options;
     options.headerViewClass = header;

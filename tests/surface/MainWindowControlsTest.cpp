@@ -363,13 +363,17 @@ TEST_F(MainWindowControls, TheBarsButtonsStandWhereThereIsRoom) {
     const char* action;
     const char* title;
     const char* image;
+    const char* toolTip;
     double left, width, narrowLeft, narrowWidth;
   };
   const Row rows[] = {
-      {"onClickAddVornMeeting:", "Add Vorn Meeting", "Schedule_Meeting_normal_32", 0, 190, 0, 95},
-      {"onClickCancelVornMeeting:", "Cancel Vorn Meeting", "Cancel_Meeting_normal", 0, 190, 0, 95},
-      {"onClickChangeSettings:", "Meeting Settings", "Settings_normal", 195, 190, 97.5, 95},
-      {"onClickAddPACAccount1:", "Schedule Audio Conference", "Schedule_PACMeeting_32", 195, 190, 97.5, 95},
+      {"onClickAddVornMeeting:", "Add Vorn Meeting", "Schedule_Meeting_normal_32", "Schedule a Vorn meeting", 0,
+       190, 0, 95},
+      {"onClickCancelVornMeeting:", "Cancel Vorn Meeting", "Cancel_Meeting_normal",
+       "Make this an appointment without a Vorn meeting", 0, 190, 0, 95},
+      {"onClickChangeSettings:", "Meeting Settings", "Settings_normal", "", 195, 190, 97.5, 95},
+      {"onClickAddPACAccount1:", "Schedule Audio Conference", "Schedule_PACMeeting_32",
+       "Schedule a meeting with your personal audio conference", 195, 190, 97.5, 95},
   };
   start();
   const HostObject header = world->classRuntime.create("NSView");
@@ -387,9 +391,16 @@ TEST_F(MainWindowControls, TheBarsButtonsStandWhereThereIsRoom) {
       ASSERT_TRUE(button);
       EXPECT_EQ(askHost(button, "title").text(), row.title);
       EXPECT_EQ(askHost(askHost(button, "image").object(), "name").text(), row.image);
+      EXPECT_EQ(askHost(button, "toolTip").text(), row.toolTip);
+      EXPECT_EQ(askHost(button, "imagePosition"), 2) << "left of the title";
       EXPECT_EQ(frameOf(button).x, isNarrow ? row.narrowLeft : row.left);
       EXPECT_EQ(frameOf(button).width, isNarrow ? row.narrowWidth : row.width);
     }
+  }
+  const Value accounts = askHost(askHost(bar->addPACButton().button(), "menu").object(), "itemArray");
+  for (const int account : {1, 2}) {
+    EXPECT_EQ(askHost(accounts.at(account - 1).object(), "title").text(),
+              "Audio Conference Account " + std::to_string(account));
   }
   bar->enableChangeSettingButton(false);
   bar->onUIChanged(VnUINotMeeting);

@@ -31,8 +31,6 @@ HostObject createMenuItemForMenu(const HostObject& menu, const MenuEntry& entry,
 
 HostObject makeMenu(std::string_view title, std::span<const MenuEntry> entries, const HostObject& target) {
   const HostObject menu = makeInHost("NSMenu", "initWithTitle:", {title});
-  // Otherwise the toolkit would look for each item's target in the window's chain and disable it.
-  askHost(menu, "setAutoenablesItems:", {false});
   for (const MenuEntry& entry : entries) createMenuItemForMenu(menu, entry, target);
   return menu;
 }
