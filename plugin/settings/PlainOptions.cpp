@@ -1,8 +1,10 @@
 #include "settings/PlainOptions.h"
 
+#include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
+#include "platform/Workspace.h"
 #include "settings/rules/InvitationLanguages.h"
 
 namespace vorn {
@@ -220,6 +222,10 @@ void PlainOptions::onClickAutoRecordingOptionMatrix(bool isCloud) {
 void PlainOptions::userChanged(std::string_view key) {
   if (key == plain_option::hostVideo.control) return onHostVideo();
   if (key == plain_option::publicEvent.control) return onPublicEvent();
+  if (key == m_publicEventListButton.key) {
+    Registry::platform().workspace->openWebPage(vnUserProfileHelper::sharedInstance().getPublicEventListUrl());
+    return;
+  }
   if (key == m_autoRecordingButton.key) return onClickAutoRecordingButton();
   if (key == m_autoRecordingOptionMatrixLocal.key) return onClickAutoRecordingOptionMatrix(false);
   if (key == m_autoRecordingOptionMatrixCloud.key) return onClickAutoRecordingOptionMatrix(true);

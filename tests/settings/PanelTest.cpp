@@ -42,7 +42,8 @@ class SettingsPanelTest : public testing::Test {
   static void knowAccount(com::tidemar::webapp::proto::UserProfile& account) {
     account.set_id("me");
     vnUserProfileHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())}}));
+        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
+                                    {vn_Profile_PublicEventListUrl, "https://vorn.example/events"}}));
   }
 
   std::string id() const { return window->bar->ownWindow.windowId(); }
@@ -174,7 +175,8 @@ TEST_F(SettingsPanelTest, OffersTheListOfPublicEventsWithThePublicEvent) {
   open();
   EXPECT_TRUE(control("publicEventListButton").hidden);
   turn("publicEventButton", true);
-  EXPECT_FALSE(control("publicEventListButton").hidden);
+  EXPECT_EQ(click("publicEventListButton"), Use::done);
+  EXPECT_THAT(test.workspace.openedPages, ElementsAre("https://vorn.example/events"));
   EXPECT_TRUE(settings()[vn_Setting_EnableAddMeetingToPublicEvent].boolValue());
   turn("publicEventButton", false);
   EXPECT_TRUE(control("publicEventListButton").hidden);
