@@ -45,6 +45,7 @@ class NoWorkspace final : public Workspace {
   Value propertyListAtPath(std::string_view) override { return {}; }
   bool launch(std::string_view) override { return false; }
   bool openFolder(std::string_view) override { return false; }
+  bool openWebPage(std::string_view) override { return false; }
 };
 
 class BareSurroundings final : public Surroundings {

@@ -4,6 +4,7 @@
 #include "host/surface/HookInstaller.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "platform/Registry.h"
+#include "settings/SchSettingWndCtrlMgr.h"
 #include "workflow/WorkflowDirectory.h"
 #include "workflow/vnApptUIActionMgr.h"
 
@@ -14,6 +15,7 @@ namespace {
 // Lower rooms have said what they need of higher ones; here each gets it.
 void connectRooms() {
   WorkflowDirectory::sharedInstance().install();
+  SchSettingWndCtrlMgr::sharedInstance().install();
   vnApptUIActionMgr::sharedInstance().setBarFactory(
       [](const HostObject& headerView) { vnActionAdditionView::create(headerView); });
 }

@@ -20,6 +20,7 @@ AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText
       .use3rdPartyAsDefaultAudio = account.use3rdPartyAsDefaultAudio(),
       .isScheduleAudioBothDisabled = account.isScheduleAudioBothDisabled(),
       .muteUponEntryDefaultValue = account.muteUponEntryDefaultValue(),
+      .isSupportUnmuteAll = account.isSupportUnmuteAll(),
       .isEnableUnmuteAll = account.isEnableUnmuteAll(),
       .isEnableAudioWatermark = account.isEnableAudioWatermark(),
       .isAudioTypeLocked = account.isAudioTypeLocked(),
@@ -77,7 +78,9 @@ ClientGates clientGates() {
   vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
   return {
       .isVornClientSupportAutoRecord = client.isVornClientSupportAutoRecord(),
+      .isVornClientSupportAHAndMuteOnEntry = client.isVornClientSupportAHAndMuteOnEntry(),
       .isVornClientSupportPublicEvent = client.isVornClientSupportPublicEvent(),
+      .isVornClientSupportInvitationLanguage = client.isVornClientSupportInvitationLanguage(),
       .isVornClientSupport520Tasks = client.isVornClientSupport520Tasks(),
       .isVornClientSupport530Tasks = client.isVornClientSupport530Tasks(),
       .isVornClientSupport464Tasks = client.isVornClientSupport464Tasks(),

@@ -28,6 +28,7 @@ struct AccountFacts {
   bool use3rdPartyAsDefaultAudio = false;
   bool isScheduleAudioBothDisabled = false;
   bool muteUponEntryDefaultValue = false;
+  bool isSupportUnmuteAll = false;
   bool isEnableUnmuteAll = false;
   bool isEnableAudioWatermark = false;
   bool isAudioTypeLocked = false;
@@ -94,7 +95,9 @@ AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText
 // What the client can do, by the predicates' names.
 struct ClientGates {
   bool isVornClientSupportAutoRecord = false;
+  bool isVornClientSupportAHAndMuteOnEntry = false;
   bool isVornClientSupportPublicEvent = false;
+  bool isVornClientSupportInvitationLanguage = false;
   bool isVornClientSupport520Tasks = false;
   bool isVornClientSupport530Tasks = false;
   bool isVornClientSupport464Tasks = false;

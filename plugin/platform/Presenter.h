@@ -11,6 +11,8 @@
 
 namespace vorn {
 
+class ControlSet;
+
 // Everything that this system puts before the user's eyes. Main thread only.
 class Presenter {
  public:
@@ -45,6 +47,14 @@ class Presenter {
     virtual ~Progress() = default;
   };
 
+  // A panel on the screen. It goes with this object, which does nothing more when the presenter has gone first.
+  class Panel {
+   public:
+    virtual ~Panel() = default;
+  };
+  // The user has clicked the control with the key, or changed it: what was chosen or typed stands in it already.
+  using PanelInput = std::function<void(const std::string& key)>;
+
   virtual ~Presenter() = default;
 
   // Shows an alert as a sheet on the window, or by itself when the window is absent, and returns at once. The
@@ -55,6 +65,14 @@ class Presenter {
   // ordinary run loop. Each call shows one of its own. Never null: on a host that cannot show it, there is nothing
   // to see.
   [[nodiscard]] virtual std::unique_ptr<Progress> beginProgress(std::string_view message) = 0;
+
+  // False where panels cannot be drawn.
+  virtual bool canShowPanels() const = 0;
+  // Shows the controls as a sheet on the window and returns at once; null where panels cannot be drawn. The
+  // controls outlive the panel, which shows them as they change. The input comes later, within a Change of the
+  // controls, and may end the panel.
+  [[nodiscard]] virtual std::unique_ptr<Panel> showPanel(const HostObject& window, std::string_view title,
+                                                         ControlSet& controls, PanelInput used) = 0;
 };
 
 inline constexpr Presenter::Answer Presenter::Answer::defaultButton{0};

@@ -28,6 +28,14 @@ class Workspace {
   virtual bool launch(std::string_view executablePath) = 0;
   // Shows the folder to the user in the platform's own way, without waiting; false when it could not be shown.
   virtual bool openFolder(std::string_view path) = 0;
+  // Shows a page in the user's browser, without waiting; false for anything that is no address of the web, since
+  // it comes from outside, and when it could not be shown.
+  virtual bool openWebPage(std::string_view address) = 0;
+
+ protected:
+  static bool isWebAddress(std::string_view address) {
+    return address.starts_with("https://") || address.starts_with("http://");
+  }
 };
 
 }  // namespace vorn

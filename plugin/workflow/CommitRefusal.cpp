@@ -65,7 +65,8 @@ void CommitRefusal::showWarningNotAllowScheduleForOthers(const MeetingWindow& wi
 
 void CommitRefusal::showSettingsWindowWithCommitError(const HostObject& parentWindow, int errorCode) {
   MeetingWindow window = MeetingWindow::ofHostWindow(parentWindow);
-  if (!settingsPanels() || !window.id()) {
+  SettingsPanels* panels = settingsPanels();
+  if (!panels || !window.id() || !panels->tellsOfRefusal(errorCode)) {
     // Nobody would read and clear what the panel is told through the site configuration, and without a word the
     // user would not know why nothing happens.
     const std::string message = refusalMessage(errorCode);
@@ -79,19 +80,19 @@ void CommitRefusal::showSettingsWindowWithCommitError(const HostObject& parentWi
 
 void CommitRefusal::resetMeetingItemWhenUpdateError(const HostObject& parentWindow) {
   if (!m_manager.isForUpdateVornMeeting()) return;
-  SettingsPanel* panel = openSettingsPanel(vnMeetingCommon::getApptWindowIDByWindow(parentWindow));
+  const auto panel = openSettingsPanel(vnMeetingCommon::getApptWindowIDByWindow(parentWindow));
   if (panel) panel->resetMeetingItemWhenUpdateError();
 }
 
 Value CommitRefusal::getSiteMeetingInfo(const OptionalText& windowId) {
-  SettingsPanel* panel = openSettingsPanel(windowId);
+  const auto panel = openSettingsPanel(windowId);
   return panel ? panel->getSiteMeetingInfo() : Value();
 }
 
 void CommitRefusal::onInvokeScheduleAlternateHostError(const Value& userInfo) {
   const Value& emails = userInfo["emails"];
   if (emails.items().empty()) return;
-  if (SettingsPanel* panel = openSettingsPanel(userInfo[keyApptWindowID].optionalText())) {
+  if (const auto panel = openSettingsPanel(userInfo[keyApptWindowID].optionalText())) {
     panel->filterInvalidAlternateHosts(emails);
   }
 }

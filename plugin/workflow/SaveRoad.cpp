@@ -20,7 +20,7 @@ void notifyActionResultToCalActionMgr(const Value& response) {
 }
 
 void showPersonalMeeting(const OptionalText& windowId, const Value& meetingInfo) {
-  SettingsPanel* panel = openSettingsPanel(windowId);
+  const auto panel = openSettingsPanel(windowId);
   if (!panel) return;
   vnGetScheduleForListHelper::sharedInstance().setPMIInfoWithScheduleFor(meetingInfo);
   panel->setPMIMeetingInfo(meetingInfo);
@@ -100,8 +100,9 @@ void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data
     return;
   }
   vnApptDataForSaveRecord::sharedInstance().of(bar).setNeedClearLocation(false);
-  if (SettingsPanel* panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
-    settingsPanels()->addToInputAlternateHostHistory(panel->getVnSettingsData()[vn_Setting_AlternateHosts]);
+  if (const auto panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
+    const Value hosts = panel->getVnSettingsData()[vn_Setting_AlternateHosts];
+    if (AlternateHostHistory* history = alternateHostHistory()) history->addToInputAlternateHostHistory(hosts);
   }
   m_manager.meetingDataMgr()->setMeetingKey(response[vn_MeetingKey].optionalText());
   // The invitation comes with the meeting, and the meeting is fetched anew.
@@ -142,7 +143,7 @@ Value SaveRoad::meetingDataOfReply(MeetingWindow& window, const Value& meetingIn
 }
 
 void SaveRoad::writeCommittedMeeting(MeetingWindow& window, const Value& meetingInfo) {
-  if (SettingsPanel* panel = openSettingsPanel(window.id())) {
+  if (const auto panel = openSettingsPanel(window.id())) {
     vnGetScheduleForListHelper::sharedInstance().refreshPMIInfoWithScheduleFor(meetingInfo);
     panel->updatePasswordAfterCommit(meetingInfo[vn_Setting][vn_Setting_MeetingPassword].optionalText());
   }

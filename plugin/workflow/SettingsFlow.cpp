@@ -150,7 +150,7 @@ void SettingsFlow::getPMIMeetingInfo(MeetingWindow& window, std::uint64_t state)
 
 std::string SettingsFlow::getScheduldForEmailFromUI(MeetingWindow& window) {
   const OptionalText windowId = window.id();
-  if (SettingsPanel* panel = openSettingsPanel(windowId)) return panel->getScheduldForEmailFromUI();
+  if (const auto panel = openSettingsPanel(windowId)) return panel->getScheduldForEmailFromUI();
   vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
   return onbehalf.isCurrentScheduleVornForOther(windowId) ? onbehalf.onbehalfEmail(windowId) : std::string();
 }
@@ -178,7 +178,11 @@ void SettingsFlow::onGetUserProfileActionFinished(const Value& data) {
   }
 
   switch (waitedIn) {
-    case VnStateAdding: prepareOpenSettings(window); break;
+    case VnStateAdding:
+      // A reply that brings no profile tells neither whether the user wants the panel nor what the account
+      // protects a meeting with. The next click asks again.
+      if (profile.hasUserProfile()) prepareOpenSettings(window);
+      break;
     case VnStateChanging: executeGetMeetingForChangeSetting(window); break;
     case VnStatePAC:
       if (personalAudioIsReady) m_manager.pacMeetingMgr()->schedulePACMeeting(window);
@@ -196,7 +200,7 @@ int SettingsFlow::getScheduleForList(MeetingWindow& window) {
 
 void SettingsFlow::onGetScheduleForListFinished(const Value& data) {
   if (m_manager.isForUpdateVornMeeting()) return;
-  if (SettingsPanel* panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
+  if (const auto panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
     panel->setScheduleForListInfo(true);
   }
 }

@@ -8,6 +8,7 @@ namespace {
 
 struct PanelsInForce {
   SettingsPanels* panels = nullptr;
+  AlternateHostHistory* history = nullptr;
 };
 
 }  // namespace
@@ -16,9 +17,19 @@ SettingsPanels* settingsPanels() { return Registry::shared<PanelsInForce>().pane
 
 void setSettingsPanels(SettingsPanels* panels) { Registry::shared<PanelsInForce>().panels = panels; }
 
-SettingsPanel* openSettingsPanel(const OptionalText& windowId) {
+AlternateHostHistory* alternateHostHistory() { return Registry::shared<PanelsInForce>().history; }
+
+void setAlternateHostHistory(AlternateHostHistory* history) {
+  Registry::shared<PanelsInForce>().history = history;
+}
+
+std::shared_ptr<SettingsPanel> openSettingsPanel(const OptionalText& windowId) {
   SettingsPanels* panels = settingsPanels();
   return panels ? panels->getSchSettingWindowInArray(windowId) : nullptr;
+}
+
+void endSettingsPanel(const OptionalText& windowId) {
+  if (SettingsPanels* panels = settingsPanels()) panels->endSettingWindow(windowId);
 }
 
 }  // namespace vorn

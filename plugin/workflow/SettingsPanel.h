@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "util/HostObject.h"
@@ -22,27 +23,41 @@ class SettingsPanel {
   virtual void setScheduleForListInfo(bool arrived) = 0;
 };
 
-// The open settings windows, by window id, and what else the workflow asks of the settings room. There is none
-// until that room stands: a click then stops where it would open the panel.
+// The open settings windows, by window id. There is none until the settings room is installed: a click then stops
+// where it would open the panel.
 class SettingsPanels {
  public:
   virtual ~SettingsPanels() = default;
   virtual void addSchSettingWindowToArray(const std::string& windowId, const Value& meetingData,
                                           const HostObject& parentWindow) = 0;
   virtual void showSchSettingWindow(const std::string& windowId) = 0;
-  // Null when no window is open for the id.
-  virtual SettingsPanel* getSchSettingWindowInArray(const OptionalText& windowId) = 0;
+  // Null when no window is open for the id. What is asked of a panel may end its appointment's window, and with it
+  // the panel: whoever asks for more keeps it meanwhile.
+  virtual std::shared_ptr<SettingsPanel> getSchSettingWindowInArray(const OptionalText& windowId) = 0;
   virtual void refreshSettingWindow(const std::string& windowId, bool forPMI) = 0;
+  // The appointment's window has closed: its id may be another window's soon.
+  virtual void endSettingWindow(const OptionalText& windowId) = 0;
+  // The panel itself shows why a commit was refused with the code.
+  virtual bool tellsOfRefusal(int errorCode) const = 0;
+};
 
+// What the settings room remembers beyond all windows.
+class AlternateHostHistory {
+ public:
+  virtual ~AlternateHostHistory() = default;
   // Remembers the addresses that a commit went out with, to be offered the next time somebody types one.
   virtual void addToInputAlternateHostHistory(const Value& alternateHosts) = 0;
 };
 
-// The settings windows in force; null without a panel. The caller keeps what it hands over alive until the
+// The settings windows and the history in force; null without. The caller keeps what it hands over alive until the
 // registry is reset.
 SettingsPanels* settingsPanels();
 void setSettingsPanels(SettingsPanels* panels);
+AlternateHostHistory* alternateHostHistory();
+void setAlternateHostHistory(AlternateHostHistory* history);
 // The window open for the id; null without one.
-SettingsPanel* openSettingsPanel(const OptionalText& windowId);
+std::shared_ptr<SettingsPanel> openSettingsPanel(const OptionalText& windowId);
+// The appointment's window with the id has closed.
+void endSettingsPanel(const OptionalText& windowId);
 
 }  // namespace vorn

@@ -137,7 +137,7 @@ Value vnMeetingDataMgr::getVnSchMeetingData(MeetingWindow& window) const {
 }
 
 Value vnMeetingDataMgr::getVnSettingsData(const OptionalText& windowId) const {
-  if (SettingsPanel* panel = openSettingsPanel(windowId)) return panel->getVnSettingsData();
+  if (const auto panel = openSettingsPanel(windowId)) return panel->getVnSettingsData();
 
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByApptWindowID(windowId);
   vnGetMeetingHelper* helper = manager ? manager->getMeetingHelper() : nullptr;

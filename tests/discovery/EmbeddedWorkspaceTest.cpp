@@ -85,6 +85,7 @@ TEST_F(EmbeddedWorkspaceTest, ShowsAFolderWithTheDesktopsOpener) {
   EXPECT_FALSE(m_workspace.openFolder(m_root + "/none"));
   EXPECT_TRUE(m_workspace.openFolder(folder));
   EXPECT_TRUE(waitUntil([&] { return vnIsFileExist(marker); }));
+  EXPECT_TRUE(m_workspace.openWebPage("https://vorn.example/events"));
   ::setenv("PATH", "", 1);
   EXPECT_FALSE(m_workspace.openFolder(folder)) << "a machine without a desktop";
   ::setenv("PATH", formerPath.c_str(), 1);

@@ -58,6 +58,7 @@ TEST_P(PortsContract, AProgramIsStartedWithoutWaitingAndOneThatIsNotThereIsNot) 
   const std::string bundle = world->install("Vorn", "us.vorn.xos");
   EXPECT_FALSE(world->workspace().launch(bundle + "/Contents/MacOS/none"));
   EXPECT_FALSE(world->workspace().openFolder(bundle + "/none"));
+  EXPECT_FALSE(world->workspace().openWebPage("file://" + bundle)) << "only pages of the web come from outside";
   EXPECT_TRUE(world->workspace().launch(bundle + "/Contents/MacOS/main"));
   EXPECT_TRUE(world->wasStarted(bundle));
 }

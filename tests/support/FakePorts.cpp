@@ -62,6 +62,12 @@ bool FakeWorkspace::openFolder(std::string_view path) {
   return true;
 }
 
+bool FakeWorkspace::openWebPage(std::string_view address) {
+  if (!isWebAddress(address)) return false;
+  openedPages.emplace_back(address);
+  return true;
+}
+
 TestSurroundings::TestSurroundings() {
   std::string path = std::filesystem::temp_directory_path() / "vorn-test-XXXXXX";
   // Without a folder every test that writes would fail for a reason that is hard to see.

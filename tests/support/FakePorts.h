@@ -41,6 +41,7 @@ class FakeWorkspace final : public Workspace {
   Value propertyListAtPath(std::string_view path) override;
   bool launch(std::string_view executablePath) override;
   bool openFolder(std::string_view path) override;
+  bool openWebPage(std::string_view address) override;
 
   std::set<std::string, std::less<>> running;
   // Bundle identifier to path.
@@ -53,6 +54,7 @@ class FakeWorkspace final : public Workspace {
   bool launchSucceeds = true;
   std::vector<std::string> launched;
   std::vector<std::string> openedFolders;
+  std::vector<std::string> openedPages;
 };
 
 class TestSurroundings final : public Surroundings {

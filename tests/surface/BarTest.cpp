@@ -148,6 +148,10 @@ TEST_F(Bar, AClickThatFailsInsideOfUsReachesTheHostAsNothing) {
   struct Failing final : Presenter {
     void showAlert(const HostObject&, const Alert&, std::function<void(Answer)>) override { fail(); }
     std::unique_ptr<Progress> beginProgress(std::string_view) override { return fail(), nullptr; }
+    bool canShowPanels() const override { return false; }
+    std::unique_ptr<Panel> showPanel(const HostObject&, std::string_view, ControlSet&, PanelInput) override {
+      return nullptr;
+    }
     void fail() {
       hasFailed = true;
       throw std::runtime_error("ours");

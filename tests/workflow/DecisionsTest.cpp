@@ -104,7 +104,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
       {VnStateUpdateOnCalendar, VnStateUpdateOnCalendar, {}, {}, false, false},
   };
   openPanel();
-  panels.panel.settings.set(vn_Setting_AudioOption, 2);
+  panels.panel->settings.set(vn_Setting_AudioOption, 2);
   for (std::size_t i = 0; i < 2 * std::size(rows); ++i) {
     const bool isReadable = i < std::size(rows);
     Row row = rows[i % std::size(rows)];
@@ -114,7 +114,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
       if (row.state != VnStatePMIForSchedule) row = {row.state, row.state, {}, {}, false, false};
     }
     client.requests.clear();
-    panels.panel.calls.clear();
+    panels.panel->calls.clear();
     window->set(window->bar->editor, "olmUCInband", "");
     window->set(window->bar->event, "summary", "");
     hostSaves = 0;
@@ -123,7 +123,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     EXPECT_EQ(window->get(window->bar->event, "summary").text(), row.writes ? "Review" : "");
     EXPECT_EQ(manager().state(), row.after);
     EXPECT_THAT(client.names(), ElementsAreArray(row.requests));
-    EXPECT_THAT(panels.panel.calls, ElementsAreArray(row.panel));
+    EXPECT_THAT(panels.panel->calls, ElementsAreArray(row.panel));
     EXPECT_EQ(isWritten(), row.writes);
     EXPECT_EQ(hostSaves, row.finishes ? 1 : 0);
   }
@@ -162,10 +162,10 @@ TEST_F(Decisions, EachOtherReplyGoesToItsOwnEnd) {
   // People to schedule for matter only to a meeting that does not exist yet, and only to an open panel.
   openPanel();
   reply(VnCmdGetScheduleForList);
-  EXPECT_THAT(panels.panel.calls, ElementsAre("people"));
+  EXPECT_THAT(panels.panel->calls, ElementsAre("people"));
   data().setMeetingKey(kKey);
   reply(VnCmdGetScheduleForList);
-  EXPECT_THAT(panels.panel.calls, ElementsAre("people"));
+  EXPECT_THAT(panels.panel->calls, ElementsAre("people"));
 }
 
 TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
@@ -270,7 +270,7 @@ TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotic
       SCOPED_TRACE(testing::Message() << row.command << (hasLicence ? " with a licence" : ""));
       openWindow();
       client.requests.clear();
-      panels.panel.calls.clear();
+      panels.panel->calls.clear();
       test.presenter.forgetAlerts();
       manager().setState(kBefore);
       EXPECT_EQ(row.fromBar ? manager().sendVnMeetingCommand(row.command, window->bar)
@@ -281,7 +281,7 @@ TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotic
       EXPECT_EQ(manager().state(), row.state);
       EXPECT_EQ(test.presenter.alerts().size(), goesOn ? 0u : 1u);
       EXPECT_THAT(client.names(), ElementsAreArray(goesOn ? row.requests : std::vector<std::string>{}));
-      EXPECT_THAT(panels.panel.calls, ElementsAreArray(goesOn ? row.panel : std::vector<std::string>{}));
+      EXPECT_THAT(panels.panel->calls, ElementsAreArray(goesOn ? row.panel : std::vector<std::string>{}));
       EXPECT_EQ(hostSaves, 0);
     }
   }

@@ -45,27 +45,32 @@ class FakePanel final : public SettingsPanel {
 };
 
 // One panel, which is open for one window at most.
-class FakePanels final : public SettingsPanels {
+class FakePanels final : public SettingsPanels, public AlternateHostHistory {
  public:
   void addSchSettingWindowToArray(const std::string& windowId, const Value&, const HostObject&) override {
     added = windowId;
   }
   void showSchSettingWindow(const std::string& windowId) override {
-    panel.calls.push_back(windowId == added ? "shown" : "shown without having been made");
+    panel->calls.push_back(windowId == added ? "shown" : "shown without having been made");
   }
-  SettingsPanel* getSchSettingWindowInArray(const OptionalText& windowId) override {
-    return openFor && windowId == openFor ? &panel : nullptr;
+  std::shared_ptr<SettingsPanel> getSchSettingWindowInArray(const OptionalText& windowId) override {
+    return openFor && windowId == openFor ? panel : nullptr;
   }
   void refreshSettingWindow(const std::string&, bool forPMI) override {
-    panel.calls.push_back(forPMI ? "refreshed as personal" : "refreshed");
+    panel->calls.push_back(forPMI ? "refreshed as personal" : "refreshed");
   }
+  void endSettingWindow(const OptionalText& windowId) override {
+    if (windowId == openFor) openFor.reset();
+  }
+  bool tellsOfRefusal(int) const override { return tells; }
   void addToInputAlternateHostHistory(const Value& hosts) override {
-    for (const Value& host : hosts.items()) panel.calls.push_back("remembers " + host.text());
+    for (const Value& host : hosts.items()) panel->calls.push_back("remembers " + host.text());
   }
 
   OptionalText openFor;
+  bool tells = true;
   std::string added;
-  FakePanel panel;
+  std::shared_ptr<FakePanel> panel = std::make_shared<FakePanel>();
 };
 
 // The host's classes, and no window yet.
@@ -102,6 +107,7 @@ class MeetingFixture : public WorkflowFixture {
                                         });
     defineStartTime();
     setSettingsPanels(&panels);
+    setAlternateHostHistory(&panels);
     openWindow();
   }
 

@@ -35,7 +35,7 @@ class Panel : public MeetingFixture {
         Value::dictionaryFromPairs({{"userId", "me"}, {"roomMeetingId", "5550142871"}, {"bosses", bosses}}));
   }
 
-  FakePanel& panel = panels.panel;
+  FakePanel& panel = *panels.panel;
 };
 
 TEST_F(Panel, ItsEndTakesTheWayOfItsButtonAndOfTheCommandThatOpenedIt) {
@@ -195,6 +195,10 @@ TEST_F(Panel, AClickWithoutAPanelToShowAsksForTheProfileOrStops) {
     EXPECT_THAT(client.names(), ElementsAre("6"));
     EXPECT_EQ(test.presenter.showsProgress(), command == VnCmdChangeSettings);
   }
+  // A reply that brings no profile tells neither whether the panel is wanted nor what the account protects.
+  manager().sendVnMeetingCommand(VnCmdAdd, window->bar);
+  reply(VnCmdGetUserProfile);
+  EXPECT_THAT(panel.calls, IsEmpty());
   knowAccount();
   manager().sendVnMeetingCommand(VnCmdAdd, window->bar);
   EXPECT_THAT(panel.calls, ElementsAre("shown"));
@@ -246,15 +250,15 @@ TEST_F(Panel, AFaultOfACommitReachesThePanelOfItsOwnWindowAlone) {
 TEST_F(Panel, ACommitRemembersTheAlternateHostsOfAnOpenPanel) {
   Value hosts = Value::array();
   hosts.append("ada@vorn.example");
-  panels.panel.settings.set(vn_Setting_AlternateHosts, hosts);
+  panels.panel->settings.set(vn_Setting_AlternateHosts, hosts);
   ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window->bar);
   left.setNeedClearLocation(true);
   reply(VnCmdUpdate);
   EXPECT_FALSE(left.needClearLocation()) << "the appointment is a meeting again";
-  EXPECT_THAT(panels.panel.calls, IsEmpty());
+  EXPECT_THAT(panels.panel->calls, IsEmpty());
   openPanel();
   reply(VnCmdUpdate);
-  EXPECT_THAT(panels.panel.calls, ElementsAre("remembers ada@vorn.example"));
+  EXPECT_THAT(panels.panel->calls, ElementsAre("remembers ada@vorn.example"));
 }
 
 TEST_F(Panel, ARefusedCommitIsToldByThePanelOrWithoutOneByAnAlert) {
@@ -270,21 +274,24 @@ TEST_F(Panel, ARefusedCommitIsToldByThePanelOrWithoutOneByAnAlert) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.code);
     test.presenter.forgetAlerts();
-    panels.panel.calls.clear();
+    panels.panel->calls.clear();
     manager().showSettingsWindowWithCommitError(window->bar->ownWindow, row.code);
-    EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
+    EXPECT_THAT(panels.panel->calls, ElementsAre("shown"));
     EXPECT_THAT(test.presenter.alerts(), IsEmpty());
     EXPECT_EQ(siteFile.read().count(), row.noted.empty() ? 0u : 1u);
     EXPECT_EQ(siteFile.read()[row.noted].boolValue(), !row.noted.empty());
     siteFile.write(Value::dictionary());
 
-    // Nobody would clear a note for a panel that does not come: there is none, or the commit came from the
-    // calendar.
+    // Nobody would clear a note for a panel that does not come, or does not read it: the commit came from the
+    // calendar, the panel has no words for it, or there is none.
     manager().showSettingsWindowWithCommitError(HostObject(), row.code);
+    panels.tells = false;
+    manager().showSettingsWindowWithCommitError(window->bar->ownWindow, row.code);
+    panels.tells = true;
     setSettingsPanels(nullptr);
     manager().showSettingsWindowWithCommitError(window->bar->ownWindow, row.code);
     setSettingsPanels(&panels);
-    ASSERT_EQ(test.presenter.alerts().size(), 2u);
+    ASSERT_EQ(test.presenter.alerts().size(), 3u);
     EXPECT_EQ(test.presenter.alerts()[1].alert.message, localizedString(row.told));
     EXPECT_EQ(siteFile.read().count(), 0u);
   }
@@ -313,7 +320,7 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
 
   test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
   EXPECT_THAT(client.names(), IsEmpty());
-  EXPECT_THAT(panels.panel.calls, ElementsAre("shown"));
+  EXPECT_THAT(panels.panel->calls, ElementsAre("shown"));
   other.manager->cleanup();
 
   test.presenter.answerAlert(0, Presenter::Answer::alternateButton);

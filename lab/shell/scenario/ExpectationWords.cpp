@@ -4,6 +4,7 @@
 
 #include "lab/shell/Words.h"
 #include "lab/shell/scenario/ControlWords.h"
+#include "lab/shell/scenario/PanelWords.h"
 #include "lab/shell/scenario/ScenarioWords.h"
 #include "lab/shell/scenario/TextExpectation.h"
 #include "util/HtmlText.h"
@@ -43,6 +44,21 @@ StageStep bar(LineReader& line) {
 }
 
 StageStep settings(LineReader& line) {
+  if (line.take("panel")) {
+    return [wanted = oneOf(line, {"open", "closed"})](Stage& stage) {
+      const bool isOpen = stage.session().presenter().panels().on(stage.host().window(stage.editor())) != nullptr;
+      expectEqual("settings panel", wanted, isOpen ? "open" : "closed");
+    };
+  }
+  constexpr std::string_view kHead = "settings.";
+  if (line.ahead().starts_with(kHead)) {
+    const auto property = PanelProperty::read(line.ahead().substr(kHead.size()));
+    if (!property) line.fail(std::string("settings.CONTROL.PROPERTY, which is one of ") + PanelProperty::kNames);
+    const std::string name = line.text("a property of the panel");
+    return [name, property = *property, wanted = TextExpectation::read(line)](Stage& stage) {
+      wanted.check(name, property.value(stage));
+    };
+  }
   return [wanted = oneOf(line, {"enabled", "disabled", "hidden"})](Stage& stage) {
     const std::string found = stateOf(stage.barControl("onClickChangeSettings:"));
     expectEqual("settings", wanted, found == "shown" ? "enabled" : found == "none" ? "hidden" : found);
@@ -316,7 +332,10 @@ StageStep service(LineReader& line) {
 constexpr std::array kWords = {
     StageWord{"bar", "expect bar add|meeting|hidden|none", bar},
     StageWord{"button", "expect button BUTTON shown|hidden|disabled|none [title|image|tooltip TEXT]", button},
-    StageWord{"settings", "expect settings enabled|disabled|hidden", settings},
+    StageWord{"settings",
+              "expect settings enabled|disabled|hidden, or: expect settings panel open|closed, or: expect "
+              "settings.CONTROL.PROPERTY TEXT",
+              settings},
     StageWord{"window", "expect window open|closed|dirty|clean", window},
     StageWord{"manager", "expect manager FACT VALUE ..., such as: state VnStateIdle action VnCmdUpdate", manager},
     StageWord{"subject", "expect subject [is] TEXT|contains TEXT ...", subject},

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "lab/shell/scenario/ControlWords.h"
+#include "lab/shell/scenario/PanelWords.h"
 #include "lab/shell/scenario/ScenarioWords.h"
 
 namespace vornlab {
@@ -159,6 +160,20 @@ StageStep toolbar(LineReader& line) {
 }
 
 StageStep settings(LineReader& line) {
+  if (line.take("open")) {
+    return [](Stage& stage) {
+      if (!stage.host().clickBar(stage.editor(), "onClickChangeSettings:")) {
+        throw Mismatch("a button for settings", stateOf(stage.barControl("onClickChangeSettings:")));
+      }
+    };
+  }
+  if (line.take("continue")) return [](Stage& stage) { clickInPanel(stage, "buttonContinue"); };
+  if (line.take("cancel")) return [](Stage& stage) { clickInPanel(stage, "buttonCancel"); };
+  if (line.take("set")) {
+    const auto property = PanelProperty::read(line.text("CONTROL.PROPERTY"));
+    if (!property) line.fail(std::string("CONTROL.PROPERTY, which is one of ") + PanelProperty::kNames);
+    return [property = *property, value = line.text("its value")](Stage& stage) { property.set(stage, value); };
+  }
   return [choice = readChoice(line)](Stage& stage) { stage.choose(choice); };
 }
 
@@ -308,7 +323,7 @@ constexpr std::array kWords = {
     StageWord{"show", "show mail|calendar", show},
     StageWord{"ribbon", "ribbon tab N, or: ribbon rebuilt", ribbon},
     StageWord{"toolbar", "toolbar item IDENTIFIER", toolbar},
-    StageWord{"settings", kSettingsUsage, settings},
+    StageWord{"settings", kPanelUsage, settings},
     StageWord{"from", "from changed", from},
     StageWord{"drag", "drag UID [occurrence ID] to TIME", drag},
     StageWord{"resize", "resize UID [occurrence ID] to TIME for N min", resize},

@@ -64,7 +64,8 @@ class ScenarioReader {
     const std::string_view first = reader.ahead();
     if (reader.take("expect")) {
       const std::string_view second = reader.ahead();
-      const StageWord* word = findWord(expectationWords(), second);
+      // A word may go on with what it names: "settings.notShowMeAgain.on".
+      const StageWord* word = findWord(expectationWords(), second.substr(0, second.find('.')));
       if (!word) reader.fail(knownExpectations());
       StageStep expectation = readWord(*word, reader);
       reader.needEnd();

@@ -7,6 +7,7 @@
 #include "platform/ClassRuntime.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
+#include "workflow/SettingsPanel.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgrMonitor.h"
@@ -160,6 +161,7 @@ void vnActionAdditionView::onWindowWillClose(const HostObject& closing) {
   const auto self = shared_from_this();
   const OptionalText windowId = closing.windowId();
   vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(this);
+  endSettingsPanel(windowId);
   askHost(m_view, "removeFromSuperview");
   RunLoop& runLoop = *Registry::platform().runLoop;
   runLoop.cancelPrevious(this, kSendWindowClose);

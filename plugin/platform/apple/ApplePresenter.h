@@ -10,7 +10,8 @@
 namespace vorn {
 
 // Alerts and progress sheets made of the host's own classes, which are reached by name: a host without one
-// of them shows nothing of that kind, and an alert that cannot be shown is never answered.
+// of them shows nothing of that kind, and an alert that cannot be shown is never answered. Panels are not drawn
+// yet.
 class ApplePresenter final : public Presenter {
  public:
   // The run loop outlives this. The folder is the one with the bundle's resources.
@@ -20,6 +21,10 @@ class ApplePresenter final : public Presenter {
 
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
   std::unique_ptr<Progress> beginProgress(std::string_view message) override { return m_sheets.begin(message); }
+  bool canShowPanels() const override { return false; }
+  std::unique_ptr<Panel> showPanel(const HostObject&, std::string_view, ControlSet&, PanelInput) override {
+    return nullptr;
+  }
 
  private:
   RunLoop& m_runLoop;

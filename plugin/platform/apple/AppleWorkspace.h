@@ -22,6 +22,7 @@ class AppleWorkspace final : public Workspace {
   Value propertyListAtPath(std::string_view path) override;
   bool launch(std::string_view executablePath) override;
   bool openFolder(std::string_view path) override;
+  bool openWebPage(std::string_view address) override;
 
  private:
   std::vector<std::string> m_applicationFolders;

@@ -154,4 +154,13 @@ bool AppleWorkspace::openFolder(std::string_view path) {
   return isShown || showByDesktop(path);
 }
 
+bool AppleWorkspace::openWebPage(std::string_view address) {
+  NSURL* place = isWebAddress(address) ? [NSURL URLWithString:foundationText(address)] : nil;
+  if (!place) return false;
+  const bool isShown = askWorkspace([&](id<vnHostWorkspace> workspace) {
+    return [workspace respondsToSelector:@selector(openURL:)] && [workspace openURL:place];
+  });
+  return isShown || showByDesktop(address);
+}
+
 }  // namespace vorn

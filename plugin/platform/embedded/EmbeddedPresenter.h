@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/Presenter.h"
+#include "platform/embedded/PanelRecord.h"
 #include "platform/embedded/ProgressRecord.h"
 
 namespace vorn {
@@ -44,9 +45,17 @@ class EmbeddedPresenter final : public Presenter {
   const ProgressRecord& progress() const { return m_progress; }
   bool showsProgress() const { return !m_progress.open().empty(); }
 
+  // The panels that are open, for whoever acts as their user.
+  const PanelRecord& panels() const { return m_panels; }
+
   // Answers during the call, or leaves the alert open.
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
   std::unique_ptr<Progress> beginProgress(std::string_view message) override { return m_progress.begin(message); }
+  bool canShowPanels() const override { return true; }
+  std::unique_ptr<Panel> showPanel(const HostObject& window, std::string_view title, ControlSet& controls,
+                                   PanelInput used) override {
+    return m_panels.show(window, title, controls, std::move(used));
+  }
 
  private:
   std::optional<Answer> m_answer = Answer::defaultButton;
@@ -54,6 +63,7 @@ class EmbeddedPresenter final : public Presenter {
   Observer m_observer;
   std::vector<Shown> m_alerts;
   ProgressRecord m_progress;
+  PanelRecord m_panels;
 };
 
 }  // namespace vorn

@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kProgramFolder = "/Contents/MacOS/";
 // The desktop's own opener, looked for as a shell does.
-constexpr const char* kFolderOpener = "xdg-open";
+constexpr const char* kOpener = "xdg-open";
 
 std::string withoutEndSlashes(std::string path) {
   while (path.ends_with('/')) path.pop_back();
@@ -114,7 +114,11 @@ bool EmbeddedWorkspace::launch(std::string_view executablePath) { return start(s
 bool EmbeddedWorkspace::openFolder(std::string_view path) {
   std::error_code failed;
   const std::string folder(path);
-  return fs::is_directory(folder, failed) && start(kFolderOpener, folder);
+  return fs::is_directory(folder, failed) && start(kOpener, folder);
+}
+
+bool EmbeddedWorkspace::openWebPage(std::string_view address) {
+  return isWebAddress(address) && start(kOpener, std::string(address));
 }
 
 bool EmbeddedWorkspace::start(const std::string& program, const std::string& argument) {

@@ -25,6 +25,7 @@ class EmbeddedWorkspace final : public Workspace {
   Value propertyListAtPath(std::string_view path) override;
   bool launch(std::string_view executablePath) override;
   bool openFolder(std::string_view path) override;
+  bool openWebPage(std::string_view address) override;
 
  private:
   bool isBelowRoot(std::string_view path) const;

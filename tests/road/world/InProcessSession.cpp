@@ -78,6 +78,7 @@ class InProcessSession::Applications final : public Workspace {
   Value propertyListAtPath(std::string_view path) override { return m_onDisk.propertyListAtPath(path); }
   bool launch(std::string_view) override { return true; }
   bool openFolder(std::string_view) override { return true; }
+  bool openWebPage(std::string_view) override { return true; }
 
  private:
   EmbeddedWorkspace m_onDisk;

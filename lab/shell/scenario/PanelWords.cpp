@@ -1,0 +1,94 @@
+#include "lab/shell/scenario/PanelWords.h"
+
+#include <algorithm>
+#include <charconv>
+#include <functional>
+#include <utility>
+
+namespace vornlab {
+namespace {
+
+using vorn::Control;
+using vorn::PanelRecord;
+
+const char* inWords(bool value) { return value ? "yes" : "no"; }
+
+const PanelRecord& panels(Stage& stage) { return stage.session().presenter().panels(); }
+
+vorn::HostObject windowOf(Stage& stage) { return stage.host().window(stage.editor()); }
+
+const Control& controlOf(Stage& stage, const std::string& key) {
+  const vorn::ControlSet* controls = panels(stage).on(windowOf(stage));
+  if (!controls) throw Mismatch("an open settings panel", "none");
+  const Control* control = controls->find(key);
+  if (!control) throw Mismatch("a control " + key, "none in the panel");
+  return *control;
+}
+
+void use(Stage& stage, const std::string& key, const std::function<void(Control&)>& change) {
+  controlOf(stage, key);
+  const PanelRecord::Use result = panels(stage).use(windowOf(stage), key, change);
+  if (result == PanelRecord::Use::hidden) throw Mismatch(key + " can be used", "it is hidden");
+  if (result == PanelRecord::Use::disabled) throw Mismatch(key + " can be used", "it is disabled");
+}
+
+std::string chosenOf(const Control& control) {
+  const auto index = static_cast<std::size_t>(control.index);
+  return control.index >= 0 && index < control.items.size() ? control.items[index] : "";
+}
+
+// The place of an item, by its number or by its words; absent for one that is not there.
+std::optional<int> itemOf(const Control& control, const std::string& property, const std::string& value) {
+  int index = -1;
+  if (property == "index") {
+    const auto end = value.data() + value.size();
+    if (std::from_chars(value.data(), end, index).ptr != end) return std::nullopt;
+  } else {
+    const auto item = std::find(control.items.begin(), control.items.end(), value);
+    if (item != control.items.end()) index = static_cast<int>(item - control.items.begin());
+  }
+  const bool isThere = index >= 0 && static_cast<std::size_t>(index) < control.items.size();
+  return isThere ? std::optional(index) : std::nullopt;
+}
+
+constexpr std::string_view kProperties[] = {"hidden", "enabled", "on", "text", "index", "chosen"};
+
+}  // namespace
+
+std::optional<PanelProperty> PanelProperty::read(std::string_view text) {
+  const std::size_t dot = text.rfind('.');
+  if (dot == std::string_view::npos || dot == 0) return std::nullopt;
+  const std::string_view property = text.substr(dot + 1);
+  if (std::find(std::begin(kProperties), std::end(kProperties), property) == std::end(kProperties)) {
+    return std::nullopt;
+  }
+  return PanelProperty{std::string(text.substr(0, dot)), std::string(property)};
+}
+
+std::string PanelProperty::value(Stage& stage) const {
+  const Control& seen = controlOf(stage, control);
+  if (property == "hidden") return inWords(seen.hidden);
+  if (property == "enabled") return inWords(seen.enabled);
+  if (property == "on") return inWords(seen.on);
+  if (property == "text") return seen.text;
+  return property == "index" ? std::to_string(seen.index) : chosenOf(seen);
+}
+
+void PanelProperty::set(Stage& stage, const std::string& value) const {
+  if (property == "on") {
+    if (value != "yes" && value != "no") throw Mismatch(control + ".on is yes or no", value);
+    use(stage, control, [&](Control& changed) { changed.on = value == "yes"; });
+  } else if (property == "text") {
+    use(stage, control, [&](Control& changed) { changed.text = value; });
+  } else if (property == "index" || property == "chosen") {
+    const auto item = itemOf(controlOf(stage, control), property, value);
+    if (!item) throw Mismatch("an item " + value + " of " + control, "none");
+    use(stage, control, [&](Control& changed) { changed.index = *item; });
+  } else {
+    throw Mismatch("a property that a person can change", property);
+  }
+}
+
+void clickInPanel(Stage& stage, const std::string& control) { use(stage, control, nullptr); }
+
+}  // namespace vornlab

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "lab/shell/scenario/Stage.h"
+#include "platform/controls/Control.h"
+
+namespace vornlab {
+
+// A property of one of the settings panel's controls, such as "selectLanguagePopup.index".
+struct PanelProperty {
+  std::string control;
+  std::string property;
+
+  // Absent for a text that names none.
+  static std::optional<PanelProperty> read(std::string_view text);
+  static constexpr const char* kNames = "hidden, enabled, on, text, index or chosen";
+
+  // What the control of the window's panel says: "yes" or "no", a text, a number, or the chosen item.
+  std::string value(Stage& stage) const;
+  // What a person makes of it: of on, text, index and chosen. Throws Mismatch for a control that cannot be used,
+  // and for a value that it cannot have.
+  void set(Stage& stage, const std::string& value) const;
+};
+
+// A click on the control, as on a button of the panel.
+void clickInPanel(Stage& stage, const std::string& control);
+
+}  // namespace vornlab

@@ -1,0 +1,60 @@
+#include "platform/embedded/PanelRecord.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vorn {
+
+class PanelRecord::Sheet final : public Presenter::Panel {
+ public:
+  Sheet(std::shared_ptr<std::vector<Sheet*>> all, const HostObject& onWindow, std::string_view withTitle,
+        ControlSet& shown, Presenter::PanelInput input)
+      : window(onWindow), title(withTitle), controls(shown), used(std::move(input)), m_all(std::move(all)) {
+    m_all->push_back(this);
+  }
+  ~Sheet() override { std::erase(*m_all, this); }
+  Sheet(const Sheet&) = delete;
+  Sheet& operator=(const Sheet&) = delete;
+
+  const HostObject window;
+  const std::string title;
+  ControlSet& controls;
+  const Presenter::PanelInput used;
+
+ private:
+  std::shared_ptr<std::vector<Sheet*>> m_all;
+};
+
+std::unique_ptr<Presenter::Panel> PanelRecord::show(const HostObject& window, std::string_view title,
+                                                    ControlSet& controls, Presenter::PanelInput used) {
+  return std::make_unique<Sheet>(m_open, window, title, controls, std::move(used));
+}
+
+PanelRecord::Sheet* PanelRecord::find(const HostObject& window) const {
+  const auto found =
+      std::find_if(m_open->begin(), m_open->end(), [&](const Sheet* sheet) { return sheet->window == window; });
+  return found == m_open->end() ? nullptr : *found;
+}
+
+const ControlSet* PanelRecord::on(const HostObject& window) const {
+  const Sheet* sheet = find(window);
+  return sheet ? &sheet->controls : nullptr;
+}
+
+PanelRecord::Use PanelRecord::use(const HostObject& window, const std::string& key,
+                                  const std::function<void(Control&)>& change) const {
+  Sheet* sheet = find(window);
+  if (!sheet) return Use::noPanel;
+  Control* control = sheet->controls.find(key);
+  if (!control) return Use::noControl;
+  if (control->hidden) return Use::hidden;
+  if (!control->enabled) return Use::disabled;
+  // What is called may end the sheet, and what it is called with goes with the sheet.
+  const Presenter::PanelInput used = sheet->used;
+  const ControlSet::Change step(sheet->controls);
+  if (change) change(*control);
+  used(key);
+  return Use::done;
+}
+
+}  // namespace vorn

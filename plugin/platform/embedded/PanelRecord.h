@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Presenter.h"
+#include "platform/controls/ControlSet.h"
+
+namespace vorn {
+
+// The panels of a presenter without a screen. Main thread only.
+class PanelRecord {
+ public:
+  std::unique_ptr<Presenter::Panel> show(const HostObject& window, std::string_view title, ControlSet& controls,
+                                         Presenter::PanelInput used);
+
+  // The controls of the panel on the window; null when none is open there.
+  const ControlSet* on(const HostObject& window) const;
+
+  // What came of an act.
+  enum class Use { done, noPanel, noControl, hidden, disabled };
+  // A click on a control, with what the user makes of it, or nothing. Only what is on the screen and enabled can
+  // be used.
+  Use use(const HostObject& window, const std::string& key,
+          const std::function<void(Control&)>& change = nullptr) const;
+
+ private:
+  class Sheet;
+
+  Sheet* find(const HostObject& window) const;
+
+  // A sheet may outlive its presenter.
+  std::shared_ptr<std::vector<Sheet*>> m_open = std::make_shared<std::vector<Sheet*>>();
+};
+
+}  // namespace vorn

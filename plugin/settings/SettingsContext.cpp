@@ -1,0 +1,41 @@
+#include "settings/SettingsContext.h"
+
+#include "data/vnUserProfileHelper.h"
+#include "workflow/vnMeetingMgr.h"
+#include "workflow/vnMeetingMgrMonitor.h"
+#include "workflow/vnOnbehalfData.h"
+
+namespace vorn {
+
+std::shared_ptr<vnMeetingMgr> SettingsContext::manager() const {
+  return vnMeetingMgrMonitor::getMeetingMgrByApptWindowID(m_windowId);
+}
+
+Value SettingsContext::meetingInfo() const {
+  const auto owner = manager();
+  const vnGetMeetingHelper* helper = owner ? owner->getMeetingHelper() : nullptr;
+  return helper ? helper->getMeetingInfo() : Value();
+}
+
+bool SettingsContext::isForUpdateVornMeeting() const {
+  const auto owner = manager();
+  return owner && owner->isForUpdateVornMeeting();
+}
+
+OptionalText SettingsContext::getInvitationLanguage() const {
+  const auto owner = manager();
+  return owner ? owner->meetingDataMgr()->selectInvitationLanguage() : OptionalText("");
+}
+
+std::string SettingsContext::scheduledForAtOpening() const {
+  vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
+  return onbehalf.isCurrentScheduleVornForOther(m_windowId) ? onbehalf.onbehalfEmail(m_windowId) : "";
+}
+
+OptionFacts SettingsContext::facts(const vnSettingData& record) const {
+  return {.account = accountFacts(vnUserProfileHelper::sharedInstance(), record.scheduleForEmail()),
+          .client = clientGates(),
+          .isUpdate = isForUpdateVornMeeting()};
+}
+
+}  // namespace vorn

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "data/vnSettingData.h"
+#include "settings/rules/PlainOptionRules.h"
+#include "util/HostObject.h"
+#include "util/Value.h"
+
+namespace vorn {
+
+class vnMeetingMgr;
+
+// What a panel asks of its appointment's window, of the account and of the client. It keeps no answer: every step
+// of the panel goes by what stands when it runs. Main thread only.
+class SettingsContext {
+ public:
+  SettingsContext(std::string windowId, const HostObject& parentWindow)
+      : m_windowId(std::move(windowId)), m_parentWindow(parentWindow) {}
+
+  const std::string& windowId() const { return m_windowId; }
+  const HostObject& parentWindow() const { return m_parentWindow; }
+
+  // The meeting that the window's manager has read; absent without a manager, empty without a meeting.
+  Value meetingInfo() const;
+  // The meeting exists already. False without a manager.
+  bool isForUpdateVornMeeting() const;
+  // The language in which the meeting's invitation was written last; absent when none was, "" without a manager.
+  OptionalText getInvitationLanguage() const;
+  // Whom the panel is opened for; "" for oneself.
+  std::string scheduledForAtOpening() const;
+
+  // Of the account and the client, and of the person whom the record is scheduled for.
+  OptionFacts facts(const vnSettingData& record) const;
+
+ private:
+  std::shared_ptr<vnMeetingMgr> manager() const;
+
+  std::string m_windowId;
+  HostObject m_parentWindow;
+};
+
+}  // namespace vorn

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "settings/PlainOptions.h"
+
+namespace vorn {
+
+// The options of one panel: the record that it edits, the controls that show it, and the order in which they are
+// loaded and committed. Each step reads the record and the account as they stand when it runs, and a later one may
+// overwrite an earlier one.
+//
+// The context outlives it. Main thread only.
+class VnSettingViewController {
+ public:
+  explicit VnSettingViewController(const SettingsContext& context);
+  VnSettingViewController(const VnSettingViewController&) = delete;
+  VnSettingViewController& operator=(const VnSettingViewController&) = delete;
+
+  ControlSet& controls() { return m_controls; }
+
+  // Loads the panel: what the account gives a new meeting, and over it the meeting. Empty information is that of a
+  // meeting that does not exist yet.
+  void initFields(const Value& meetingInfo);
+  // Loads the controls once more and keeps what the user has set.
+  void updateUIItemsForNextTime();
+  void initializeItems();
+  // The record is the personal meeting's from now on, or the account's for a meeting with a number of its own.
+  void refreshUI(bool forPMI);
+
+  void userChanged(std::string_view key);
+  // Continue can be used or not.
+  void checkScheduleButton();
+
+  // The record takes the controls, or goes back to where it was.
+  void onSettingsCommit(bool isOK);
+  // The settings dictionary of the record.
+  Value getSettingsData() { return m_settingData.getSettingsData(); }
+
+  vnSettingData& settingData() { return m_settingData; }
+  const Value& getSiteMeetingInfo() const { return m_siteMeetingInfo; }
+  void setPMIMeetingInfo(const Value& meetingInfo);
+  void resetMeetingItemWhenUpdateError();
+  void updatePasswordAfterCommit(const OptionalText& passcode);
+
+ private:
+  void initWithLocalString();
+  void setSiteMeetingInfo(const Value& meetingInfo);
+  void takeControls();
+  void throwEditsAway();
+  bool isShown(std::string_view key) const;
+
+  const SettingsContext& m_context;
+  vnSettingData m_settingData;
+  // A new meeting has no information to go back to, so it goes back to this: what was loaded or committed last.
+  vnSettingData m_keptOfNewMeeting;
+  Value m_siteMeetingInfo = Value::dictionary();
+  Value m_pmiMeetingInfo = Value::dictionary();
+  ControlSet m_controls;
+  PlainOptions m_plainOptions{m_controls, m_settingData, m_context};
+  Control& m_buttonContinue = m_controls.add(Control::Kind::button, "buttonContinue");
+  Control& m_buttonCancel = m_controls.add(Control::Kind::button, "buttonCancel");
+};
+
+}  // namespace vorn

@@ -1,0 +1,128 @@
+#include "settings/VnSettingWindowController.h"
+
+#include <unordered_set>
+#include <utility>
+
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnCommon.h"
+#include "data/vnSettingKeys.h"
+#include "platform/Localization.h"
+#include "platform/NotificationCenter.h"
+#include "platform/Registry.h"
+#include "util/Text.h"
+#include "workflow/vnScheduleErrorMessage.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+
+VnSettingWindowController::VnSettingWindowController(std::string apptWindowID, const HostObject& parentWindow)
+    : m_context(std::move(apptWindowID), parentWindow) {}
+
+// -- On the screen -----------------------------------------------------------------------------------------------
+
+void VnSettingWindowController::awake() {
+  m_mySettingViewController = std::make_unique<VnSettingViewController>(m_context);
+  initFields(true);
+}
+
+void VnSettingWindowController::initFields(bool first) {
+  if (!m_mySettingViewController) return;
+  if (first) {
+    m_mySettingViewController->initFields(m_context.meetingInfo());
+  } else {
+    m_mySettingViewController->updateUIItemsForNextTime();
+  }
+}
+
+void VnSettingWindowController::showWindowSheet() {
+  if (!m_mySettingViewController) awake();
+  if (m_sheet) return;
+  m_sheet = Registry::platform().presenter->showPanel(
+      m_context.parentWindow(), localizedString("ChangeVornSettingsLabel"), m_mySettingViewController->controls(),
+      [weak = weak_from_this()](const std::string& key) {
+        if (const auto self = weak.lock()) self->userUsed(key);
+      });
+}
+
+void VnSettingWindowController::userUsed(const std::string& key) {
+  if (key == "buttonContinue") return m_myButtonGroupViewController.onClickContinue();
+  if (key == "buttonCancel") return m_myButtonGroupViewController.onClickCancel();
+  m_mySettingViewController->userChanged(key);
+}
+
+void VnSettingWindowController::refreshUI(bool forPMI) {
+  if (m_mySettingViewController) m_mySettingViewController->refreshUI(forPMI);
+}
+
+// -- Its end -----------------------------------------------------------------------------------------------------
+
+void VnSettingWindowController::postSettingCommitCommand(const Value& command) {
+  const bool isOK = command[keyButtonClickIsOK].boolValue();
+  if (m_mySettingViewController) m_mySettingViewController->onSettingsCommit(isOK);
+  Value told = command;
+  told.set(keyApptWindowID, m_context.windowId());
+  // The manager acts on the commit before the choices are saved.
+  Registry::platform().notificationCenter->post(notify_SettingCommit, nullptr, told);
+  if (isOK) saveSettingsToUserProfile();
+}
+
+void VnSettingWindowController::saveSettingsToUserProfile() {
+  const bool notAgain = vnScheduleErrorMessage::notShowMessageAgain();
+  Value settings = getVnSettingsData();
+  // Somebody else's countries are no choice of the user's.
+  if (!settings[vn_Setting_ScheduleFor].text().empty()) settings.erase(vn_Setting_AvailableDialinCountry);
+  settings.set(vn_Setting_ScheduleFor, "");
+  settings.set(vn_Setting_AlternateHosts, "");
+  settings.erase(vn_Setting_MeetingPassword);
+  settings.set(vn_Setting_NotShowUpgradeMessageAgain, notAgain);
+  JsonTextFile(vnCommon::getVnUserProfilePath(vnCommon::getUID())).write(settings);
+}
+
+// -- What the workflow asks --------------------------------------------------------------------------------------
+
+Value VnSettingWindowController::getVnSettingsData() {
+  return m_mySettingViewController ? m_mySettingViewController->getSettingsData() : Value();
+}
+
+// Whose personal meeting it is; oneself's and that of a number of its own is nobody's.
+std::string VnSettingWindowController::getScheduldForEmailFromUI() {
+  if (!m_mySettingViewController) return "";
+  const vnSettingData& record = m_mySettingViewController->settingData();
+  return record.usePMI() ? record.scheduleForEmail().value_or("") : "";
+}
+
+Value VnSettingWindowController::getSiteMeetingInfo() {
+  return m_mySettingViewController ? m_mySettingViewController->getSiteMeetingInfo() : Value();
+}
+
+void VnSettingWindowController::setPMIMeetingInfo(const Value& meetingInfo) {
+  if (m_mySettingViewController) m_mySettingViewController->setPMIMeetingInfo(meetingInfo);
+}
+
+void VnSettingWindowController::updatePasswordAfterCommit(const OptionalText& passcode) {
+  if (m_mySettingViewController) m_mySettingViewController->updatePasswordAfterCommit(passcode);
+}
+
+void VnSettingWindowController::filterInvalidAlternateHosts(const Value& emails) {
+  if (!m_mySettingViewController) return;
+  std::unordered_set<std::string> invalid;
+  for (const Value& email : emails.items()) invalid.insert(caseFolded(email.text()));
+  vnSettingData& record = m_mySettingViewController->settingData();
+  Value kept = Value::array();
+  for (const Value& host : record.arrAlternateHosts().items()) {
+    if (!invalid.contains(caseFolded(host.text()))) kept.append(host);
+  }
+  record.setAlternateHosts(kept);
+}
+
+void VnSettingWindowController::resetMeetingItemWhenUpdateError() {
+  if (m_mySettingViewController) m_mySettingViewController->resetMeetingItemWhenUpdateError();
+}
+
+// The people themselves have no group yet.
+void VnSettingWindowController::setScheduleForListInfo(bool /*arrived*/) {
+  if (m_mySettingViewController) m_mySettingViewController->checkScheduleButton();
+}
+
+}  // namespace vorn

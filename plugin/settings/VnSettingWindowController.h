@@ -1,0 +1,60 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/Presenter.h"
+#include "settings/ButtonGroupViewController.h"
+#include "settings/VnSettingViewController.h"
+#include "workflow/SettingsPanel.h"
+
+namespace vorn {
+
+// The sheet of one appointment window. What it forwards gives the neutral value until the sheet has been shown for
+// the first time, which is when its options are made and loaded.
+//
+// It lives in a shared pointer, because what the user does in it may end its window. Main thread only.
+class VnSettingWindowController final : public SettingsPanel,
+                                        public std::enable_shared_from_this<VnSettingWindowController> {
+ public:
+  VnSettingWindowController(std::string apptWindowID, const HostObject& parentWindow);
+  VnSettingWindowController(const VnSettingWindowController&) = delete;
+  VnSettingWindowController& operator=(const VnSettingWindowController&) = delete;
+
+  // The first time with the meeting of the window's manager, later with what the user has set.
+  void initFields(bool first);
+  // Shows the sheet on the window; nothing when it is on the screen already.
+  void showWindowSheet();
+  // Takes the sheet off the screen. The options stay.
+  void endSheet() { m_sheet.reset(); }
+  void refreshUI(bool forPMI);
+
+  // The end of the panel, as its buttons tell it: the record commits or goes back, the manager is told, and a
+  // commit becomes the user's choice for the next meeting.
+  void postSettingCommitCommand(const Value& command);
+  // Without a passcode and without people.
+  void saveSettingsToUserProfile();
+
+  // Null before the sheet was shown.
+  VnSettingViewController* mySettingViewController() { return m_mySettingViewController.get(); }
+
+  Value getVnSettingsData() override;
+  std::string getScheduldForEmailFromUI() override;
+  Value getSiteMeetingInfo() override;
+  void setPMIMeetingInfo(const Value& meetingInfo) override;
+  void updatePasswordAfterCommit(const OptionalText& passcode) override;
+  void filterInvalidAlternateHosts(const Value& emails) override;
+  void resetMeetingItemWhenUpdateError() override;
+  void setScheduleForListInfo(bool arrived) override;
+
+ private:
+  void awake();
+  void userUsed(const std::string& key);
+
+  SettingsContext m_context;
+  std::unique_ptr<VnSettingViewController> m_mySettingViewController;
+  ButtonGroupViewController m_myButtonGroupViewController{*this};
+  std::unique_ptr<Presenter::Panel> m_sheet;
+};
+
+}  // namespace vorn

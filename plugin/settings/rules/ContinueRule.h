@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+namespace vorn {
+
+// What can keep the panel's Continue from being used. A part of the panel that is not shown keeps nothing.
+struct ContinueFacts {
+  bool isPasscodeShown = false;
+  bool isPasscodeOn = false;
+  std::string passcode{};
+  // One of the fields that tell of a fault is on the screen.
+  bool isErrorShown = false;
+  bool isTrackingShown = false;
+  bool missedRequiredTrackingFields = false;
+  bool isAlternateHostShown = false;
+  bool hasAlternateHostError = false;
+  bool areCountriesShown = false;
+  bool areCountriesEmpty = false;
+  // The client has been asked for something that the panel needs.
+  bool awaitsReply = false;
+};
+
+// Time linear in the passcode.
+bool mayContinue(const ContinueFacts& facts);
+
+}  // namespace vorn

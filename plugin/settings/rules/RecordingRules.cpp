@@ -1,0 +1,50 @@
+#include "settings/rules/RecordingRules.h"
+
+namespace vorn {
+
+namespace {
+
+enum RecordingType : std::int32_t {
+  kNone = 0,
+  kLocalOfBoth = 1,
+  kCloudOfBoth = 2,
+  kOnlyLocal = 3,
+  kOnlyCloud = 4,
+  kUnavailable = 5,
+};
+
+}  // namespace
+
+RecordingState recordingAtLoad(const RecordingKinds& kinds, std::int32_t type) {
+  RecordingState state;
+  if (!kinds.any()) return state;
+  state.isShown = true;
+  state.isOn = type != kNone;
+  if (!kinds.both()) {
+    state.title = kinds.cloud ? RecordingState::Title::cloudOnly : RecordingState::Title::localOnly;
+    return state;
+  }
+  state.isLocalShown = state.isCloudShown = state.isOn;
+  state.isCloudChosen = type == kCloudOfBoth;
+  return state;
+}
+
+RecordingState recordingAfterClick(RecordingState state, const RecordingKinds& kinds, bool isOn, bool isEndToEnd) {
+  state.isOn = isOn;
+  state.isLocalShown = isOn && kinds.both();
+  state.isCloudShown = state.isLocalShown && !isEndToEnd;
+  return state;
+}
+
+std::int32_t recordingTypeToCommit(const RecordingKinds& kinds, const RecordingState& shown, bool enableE2ee) {
+  if (enableE2ee) {
+    if (!kinds.local || !shown.isShown || !shown.isOn) return kNone;
+    return kinds.cloud ? kLocalOfBoth : kOnlyLocal;
+  }
+  if (!kinds.any()) return kUnavailable;
+  if (!shown.isOn) return kNone;
+  if (kinds.both()) return recordingTypeOfChoice(shown.isCloudChosen);
+  return kinds.cloud ? kOnlyCloud : kOnlyLocal;
+}
+
+}  // namespace vorn

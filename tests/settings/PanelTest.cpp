@@ -1,0 +1,324 @@
+// One panel, from its opening to what it leaves behind.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "channel/commands/vnAPIKeys.h"
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnCommon.h"
+#include "data/OptionBits.h"
+#include "data/vnProfileKeys.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "meeting.pb.h"
+#include "settings/SchSettingWndCtrlMgr.h"
+#include "settings/SettingsFlags.h"
+#include "tests/support/FakeWindow.h"
+#include "tests/support/RecordingClient.h"
+#include "util/EncodeUtils.h"
+#include "workflow/vnWorkflowKeys.h"
+
+namespace vorn {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+using Use = PanelRecord::Use;
+
+class SettingsPanelTest : public testing::Test {
+ protected:
+  SettingsPanelTest() {
+    test.surroundings.resourceFolder = std::string(VORN_PLUGIN_FOLDER) + "/resources";
+    defineWindowClasses(test.classRuntime);
+    WorkflowDirectory::sharedInstance().install();
+    RecordingClient::install(test);
+    panels.install();
+    window = std::make_unique<FakeWindow>(test);
+    vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
+  }
+
+  static void knowAccount(com::tidemar::webapp::proto::UserProfile& account) {
+    account.set_id("me");
+    vnUserProfileHelper::sharedInstance().setData(
+        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
+                                    {vn_Profile_PublicEventListUrl, "https://vorn.example/events"}}));
+  }
+
+  std::string id() const { return window->bar->ownWindow.windowId(); }
+  void open() {
+    panels.addSchSettingWindowToArray(id(), Value(), window->bar->ownWindow);
+    panels.showSchSettingWindow(id());
+  }
+  void knowMeeting() {
+    window->manager->meetingDataMgr()->setMeetingKey("91234567890");
+    window->manager->getMeetingHelper()->setMeetingData(
+        Value::dictionaryFromPairs({{"meetingKey", "91234567890"},
+                                    {vn_Setting_EnableHostVideo, true},
+                                    {vn_Setting_EnableParticipantsVideo, true},
+                                    {vn_Setting_MeetingPassword, "abc123"}}),
+        false);
+  }
+  const Control& control(const std::string& key) { return *shown()->find(key); }
+  const ControlSet* shown() { return test.presenter.panels().on(window->bar->ownWindow); }
+  Use click(const std::string& key, const std::function<void(Control&)>& change = nullptr) {
+    return test.presenter.panels().use(window->bar->ownWindow, key, change);
+  }
+  Use choose(const std::string& key, int index) {
+    return click(key, [index](Control& changed) { changed.index = index; });
+  }
+  Use turn(const std::string& key, bool on) {
+    return click(key, [on](Control& changed) { changed.on = on; });
+  }
+  Value settings() { return panels.getSchSettingWindowInArray(id())->getVnSettingsData(); }
+  VnSettingViewController& view() {
+    return *std::static_pointer_cast<VnSettingWindowController>(panels.getSchSettingWindowInArray(id()))
+                ->mySettingViewController();
+  }
+
+  TestPlatform test;
+  SchSettingWndCtrlMgr& panels = SchSettingWndCtrlMgr::sharedInstance();
+  std::unique_ptr<FakeWindow> window;
+};
+
+TEST_F(SettingsPanelTest, IsOneForEachWindowAndEndsWithIt) {
+  panels.addSchSettingWindowToArray("", Value(), window->bar->ownWindow);
+  panels.addSchSettingWindowToArray(id(), Value(), HostObject());
+  EXPECT_FALSE(panels.getSchSettingWindowInArray(id()));
+  panels.addSchSettingWindowToArray(id(), Value(), window->bar->ownWindow);
+  EXPECT_TRUE(settings().isAbsent()) << "nobody has seen it yet";
+
+  panels.showSchSettingWindow(id());
+  EXPECT_EQ(choose("videoHostMatrix", 0), Use::done);
+  open();
+  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue()) << "what the user set is kept";
+  EXPECT_FALSE(panels.getSchSettingWindowInArray(id() + "0"));
+  EXPECT_FALSE(panels.getSchSettingWindowInArray(std::nullopt));
+
+  endSettingsPanel(id());
+  EXPECT_EQ(shown(), nullptr);
+  open();
+  EXPECT_FALSE(settings()[vn_Setting_EnableHostVideo].boolValue());
+}
+
+TEST_F(SettingsPanelTest, HasWordsForEverythingThatItShows) {
+  open();
+  for (const std::string& key : shown()->keys()) {
+    const Control& each = control(key);
+    if (each.kind == Control::Kind::box || each.kind == Control::Kind::popup) continue;
+    EXPECT_THAT(each.text, Not(IsEmpty())) << key;
+    EXPECT_THAT(each.text, Not(StartsWith("LN_"))) << key;
+  }
+  ASSERT_EQ(control("selectLanguagePopup").items.size(), 12u);
+  for (const std::string& item : control("selectLanguagePopup").items) EXPECT_THAT(item, Not(StartsWith("LN_")));
+}
+
+TEST_F(SettingsPanelTest, TakesTheParticipantsVideoAwayWithTheHostsAndDoesNotGiveItBack) {
+  knowMeeting();
+  open();
+  choose("videoHostMatrix", 1);
+  EXPECT_EQ(control("videoParticipantMatrix").index, 1);
+  EXPECT_FALSE(settings()[vn_Setting_EnableParticipantsVideo].boolValue());
+  choose("videoHostMatrix", 0);
+  EXPECT_EQ(control("videoParticipantMatrix").index, 1);
+  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
+  EXPECT_FALSE(settings()[vn_Setting_EnableParticipantsVideo].boolValue());
+}
+
+TEST_F(SettingsPanelTest, WritesEachSwitchIntoTheRecordWhenItChanges) {
+  const std::pair<const char*, std::string_view> rows[] = {
+      {"muteParticipantUponEntry", vn_Setting_MuteUponEntry},
+      {"forceIncludeJoinurlInLocation", vn_Setting_ForceIncludeJoinurlInLocation},
+      {"putTheInvitationAtTheTopButton", vn_Setting_PutTheInvitationAtTheTop}};
+  open();
+  for (const auto& [key, setting] : rows) {
+    for (const bool on : {true, false}) {
+      EXPECT_EQ(turn(key, on), Use::done) << key;
+      EXPECT_EQ(settings()[setting].boolValue(), on) << key;
+    }
+  }
+  EXPECT_EQ(turn("audioWatermarkButton", true), Use::hidden);
+  EXPECT_EQ(turn("unmuteParticipantsButton", true), Use::hidden);
+  EXPECT_EQ(click("publicEventListButton"), Use::hidden);
+}
+
+TEST_F(SettingsPanelTest, RecordsInTheWayThatIsChosen) {
+  com::tidemar::webapp::proto::UserProfile account;
+  account.set_useroption(static_cast<std::int64_t>(UserOption::EnableCloudRecording));
+  knowAccount(account);
+  open();
+  const char* const local = "autoRecordingOptionMatrixLocal";
+  const char* const cloud = "autoRecordingOptionMatrixCloud";
+  EXPECT_FALSE(control("autoRecordingButton").on);
+  EXPECT_EQ(turn(cloud, true), Use::hidden);
+  turn("autoRecordingButton", true);
+  EXPECT_TRUE(control(local).on);
+  turn(cloud, true);
+  EXPECT_FALSE(control(local).on);
+  EXPECT_EQ(settings()[vn_Setting_EnableAutoRecordingType], Value(2));
+  turn(local, true);
+  EXPECT_FALSE(control(cloud).on);
+  click("buttonContinue");
+  EXPECT_EQ(settings()[vn_Setting_EnableAutoRecordingType], Value(1));
+  open();
+  turn("autoRecordingButton", false);
+  EXPECT_EQ(turn(local, true), Use::hidden);
+  click("buttonContinue");
+  EXPECT_EQ(settings()[vn_Setting_EnableAutoRecordingType], Value(0));
+}
+
+TEST_F(SettingsPanelTest, OffersTheListOfPublicEventsWithThePublicEvent) {
+  com::tidemar::webapp::proto::UserProfile account;
+  account.set_useroption3(static_cast<std::int64_t>(UserOption3::isEnableAddMeetingToPublicCalendarEvent));
+  knowAccount(account);
+  open();
+  EXPECT_TRUE(control("publicEventListButton").hidden);
+  turn("publicEventButton", true);
+  EXPECT_EQ(click("publicEventListButton"), Use::done);
+  EXPECT_THAT(test.workspace.openedPages, ElementsAre("https://vorn.example/events"));
+  EXPECT_TRUE(settings()[vn_Setting_EnableAddMeetingToPublicEvent].boolValue());
+  turn("publicEventButton", false);
+  EXPECT_TRUE(control("publicEventListButton").hidden);
+}
+
+TEST_F(SettingsPanelTest, LetsNobodyChangeWhatTheAccountHasLocked) {
+  com::tidemar::webapp::proto::UserProfile account;
+  account.set_useroption4(~std::int64_t{0});
+  knowAccount(account);
+  open();
+  const char* const locked[] = {"videoHostMatrix", "videoParticipantMatrix", "muteParticipantUponEntry",
+                                "forceIncludeJoinurlInLocation", "autoRecordingButton"};
+  for (const char* key : locked) EXPECT_EQ(turn(key, true), Use::disabled) << key;
+  EXPECT_EQ(turn("putTheInvitationAtTheTopButton", true), Use::done);
+  EXPECT_EQ(turn("notShowMeAgain", true), Use::done);
+  EXPECT_TRUE(control("audioWatermarkButton").on) << "locked means on";
+}
+
+TEST_F(SettingsPanelTest, CommitsBeforeItIsSavedAndSavesNeitherPasscodeNorPeople) {
+  knowMeeting();
+  open();
+  view().settingData().setAlternateHosts(Value::Array{"ada@vorn.example"});
+  view().settingData().setScheduleForEmail("dana@vorn.example");
+  view().settingData().setHash("h");
+  view().settingData().setSelectedCountries(Value::Array{"US"});
+  const JsonTextFile saved(vnCommon::getVnUserProfilePath("me"));
+  saved.write(Value::dictionaryFromPairs({{vn_Setting_NotShowUpgradeMessageAgain, true}}));
+  choose("selectLanguagePopup", 9);
+
+  std::vector<std::string> told;
+  const auto subscription =
+      test.notificationCenter.observe(notify_SettingCommit, [&](const NotificationCenter::Notification& note) {
+        EXPECT_EQ(note.userInfo, Value::dictionaryFromPairs({{keyVNUserOperator, keyVNSettingCommit},
+                                                             {keyButtonClickIsOK, true},
+                                                             {keyApptWindowID, id()}}));
+        EXPECT_EQ(note.object, nullptr);
+        EXPECT_EQ(shown(), nullptr) << "the sheet has ended";
+        told.push_back(settings()[vn_Setting_SelectInvitationLanguage].text());
+        told.push_back(saved.read()[vn_Setting_SelectInvitationLanguage].text());
+      });
+  click("buttonContinue");
+  EXPECT_THAT(told, ElementsAre("ko-KO", ""));
+
+  const Value file = saved.read();
+  EXPECT_EQ(file[vn_Setting_SelectInvitationLanguage], Value("ko-KO"));
+  EXPECT_EQ(settings()[vn_Setting_MeetingPassword], Value("abc123"));
+  EXPECT_TRUE(file[vn_Setting_MeetingPassword].isAbsent());
+  EXPECT_TRUE(file[vn_Setting_AvailableDialinCountry].isAbsent()) << "they are somebody else's";
+  EXPECT_EQ(file[vn_Setting_ScheduleFor], Value(""));
+  EXPECT_EQ(file[vn_Setting_AlternateHosts], Value(""));
+  EXPECT_TRUE(file[vn_Setting_NotShowUpgradeMessageAgain].boolValue());
+}
+
+TEST_F(SettingsPanelTest, GivesEditsUpWhenItIsDismissedAndKeepsTheWishToSeeItNoMore) {
+  for (const bool isUpdate : {true, false}) {
+    SCOPED_TRACE(isUpdate);
+    window = std::make_unique<FakeWindow>(test);
+    if (isUpdate) knowMeeting();
+    open();
+    const Value before = settings();
+    choose("videoHostMatrix", isUpdate ? 1 : 0);
+    turn("muteParticipantUponEntry", !before[vn_Setting_MuteUponEntry].boolValue());
+    EXPECT_NE(settings(), before);
+    click("buttonCancel");
+    EXPECT_EQ(shown(), nullptr);
+    EXPECT_EQ(settings(), before);
+  }
+  open();
+  turn("notShowMeAgain", true);
+  click("buttonCancel");
+  EXPECT_TRUE(test.userDefaults.stored[vn_Setting_NotShowMeAgain].boolValue());
+  EXPECT_TRUE(JsonTextFile(vnCommon::getVnUserProfilePath("me")).read().isAbsent());
+}
+
+// A dismissed panel goes back to the last commit, not behind it: the next save would undo the meeting.
+TEST_F(SettingsPanelTest, OfANewMeetingGoesBackToWhatWasCommittedLast) {
+  open();
+  choose("videoHostMatrix", 0);
+  click("buttonContinue");
+  open();
+  choose("videoHostMatrix", 1);
+  click("buttonCancel");
+  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
+}
+
+TEST_F(SettingsPanelTest, IsThePersonalMeetingsOrTheAccountsAfterItIsRefreshed) {
+  open();
+  panels.getSchSettingWindowInArray(id())->setPMIMeetingInfo(Value::dictionaryFromPairs(
+      {{vn_Setting,
+        Value::dictionaryFromPairs({{vn_Setting_EnableHostVideo, true}, {vn_Setting_MeetingPassword, "777"}})}}));
+  panels.refreshSettingWindow(id(), true);
+  EXPECT_TRUE(settings()[vn_Setting_IsPMI].boolValue());
+  EXPECT_EQ(settings()[vn_Setting_MeetingPassword], Value("777"));
+  EXPECT_EQ(control("videoHostMatrix").index, 0);
+  panels.refreshSettingWindow(id(), false);
+  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue());
+}
+
+TEST_F(SettingsPanelTest, HearsOfThePasscodeTheHostsAndTheRefusalOfACommit) {
+  knowMeeting();
+  open();
+  const auto panel = panels.getSchSettingWindowInArray(id());
+  panel->updatePasswordAfterCommit("new1");
+  EXPECT_EQ(settings()[vn_Setting_MeetingPassword], Value("new1"));
+  panel->updatePasswordAfterCommit("");
+  EXPECT_FALSE(settings()[vn_Setting_RequiredMPW].boolValue());
+
+  view().settingData().setAlternateHosts(Value::Array{"Ada@vorn.example", "bob@vorn.example"});
+  panel->filterInvalidAlternateHosts(Value::Array{"ada@VORN.example", "eve@vorn.example"});
+  EXPECT_EQ(settings()[vn_Setting_AlternateHosts], Value(Value::Array{"bob@vorn.example"}));
+
+  panel->resetMeetingItemWhenUpdateError();
+  EXPECT_EQ(settings()[vn_Setting_MeetingPassword], Value("abc123"));
+  EXPECT_EQ(panel->getSiteMeetingInfo(), window->manager->getMeetingHelper()->getMeetingInfo());
+}
+
+// What tells of a fault or asks for a passcode may come from any group.
+TEST_F(SettingsPanelTest, HoldsContinueBackWhileAGroupTellsOfAFault) {
+  open();
+  ControlSet& controls = view().controls();
+  EXPECT_EQ(turn("notShowMeAgain", false), Use::done);
+  EXPECT_TRUE(control("buttonContinue").enabled);
+  Control& fault = controls.add(Control::Kind::label, "securityErrorTextField");
+  view().checkScheduleButton();
+  EXPECT_EQ(click("buttonContinue"), Use::disabled);
+  fault.hidden = true;
+  Control& field = controls.add(Control::Kind::textField, "passwordTextField");
+  controls.add(Control::Kind::checkBox, "requiredMeetingPswButton").on = true;
+  view().checkScheduleButton();
+  EXPECT_FALSE(control("buttonContinue").enabled);
+  field.text = "1";
+  view().checkScheduleButton();
+  EXPECT_TRUE(control("buttonContinue").enabled);
+}
+
+TEST_F(SettingsPanelTest, ForgetsThatContinueWasRefusedWhenAnyPanelLoads) {
+  SettingsFlags& flags = SettingsFlags::sharedInstance();
+  flags = {.isCheckedScheduleButton = true, .isCheckedScheduleButtonForTemplate = true};
+  open();
+  EXPECT_FALSE(flags.isCheckedScheduleButton);
+  EXPECT_FALSE(flags.isCheckedScheduleButtonForTemplate);
+}
+
+}  // namespace
+}  // namespace vorn
