@@ -36,8 +36,7 @@ class MainWindowControls : public testing::Test {
   // A fresh world each time.
   void start(const OutlookHost::Options& options = {}, const char* version = "16.78",
              Surroundings::Version system = {14, 2, 0}) {
-    host.reset();
-    world.reset();
+    end();
     world.emplace();
     world->surroundings.version = system;
     world->workspace.installed["com.microsoft.Outlook"] = "/Outlook.app";
@@ -49,6 +48,13 @@ class MainWindowControls : public testing::Test {
     HookInstaller::sharedInstance().load();
     host->openMainWindow();
     wait();
+  }
+  ~MainWindowControls() override { end(); }
+  // What ends of ours still asks the host.
+  void end() {
+    Registry::reset();
+    host.reset();
+    world.reset();
   }
   void wait() {
     world->runLoop.runUntil([] { return false; }, 0.02);

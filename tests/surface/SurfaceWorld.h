@@ -7,6 +7,7 @@
 #include "host/proxies/HostViews.h"
 #include "host/surface/HookInstaller.h"
 #include "host/surface/vnActionAdditionView.h"
+#include "platform/Registry.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/TestPlatform.h"
 #include "workflow/WorkflowDirectory.h"
@@ -48,6 +49,9 @@ class SurfaceWorld : public testing::Test {
     host.set(event, "account", host.object("ECAccount"));
     host.set(editor, "isDirty", true);
   }
+
+  // A bar that ends leaves its header, which is still there then.
+  ~SurfaceWorld() override { Registry::reset(); }
 
   void setHostVersion(const std::string& version) {
     world.workspace.installed["com.microsoft.Outlook"] = "/Outlook.app";
