@@ -10,6 +10,7 @@
 #include "platform/Localization.h"
 #include "tests/workflow/MeetingFixture.h"
 #include "workflow/vnApptDataForSaveRecord.h"
+#include "workflow/vnCommitWarning.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -315,8 +316,13 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
   other.manager->showCommitWarning(other.bar->ownWindow, dataOf("Town hall"));
   ASSERT_EQ(test.presenter.alerts().size(), 2u);
   EXPECT_EQ(test.presenter.alerts()[0].window, window->bar->ownWindow);
-  EXPECT_EQ(test.presenter.alerts()[0].alert.message,
-            formatText(localizedString("LN_Schedule_Template_Notavailable_220900"), {"Interview"}));
+  vnCommitWarning& warning = vnCommitWarning::sharedInstance();
+  EXPECT_EQ(warning.getWarningMessage(), "Town hall") << "of whom it was told last";
+  Value nameless = dataOf("Interview")[vn_Setting];
+  nameless.set(vn_Setting_MeetingTemplate,
+               Value::dictionaryFromPairs({{vn_Setting_MeetingTemplate_TemplateName, "Interview"}}));
+  warning.setData(Value::dictionaryFromPairs({{vn_Setting, nameless}}));
+  EXPECT_EQ(warning.getWarningMessage(), "") << "without an id there is no template";
 
   test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
   EXPECT_THAT(client.names(), IsEmpty());
