@@ -14,23 +14,29 @@
 - (BOOL)setName:(NSString*)name;
 @end
 
-@interface NSMenuItem : NSObject {
-  NSString* m_title;
+// What is no view and tells somebody that it was chosen.
+@interface HostItem : NSObject {
   SEL m_action;
   // Not owned.
   id m_target;
-  NSInteger m_tag;
   BOOL m_disabled;
+}
+- (SEL)action;
+- (void)setAction:(SEL)action;
+- (id)target;
+- (void)setTarget:(id)target;
+- (BOOL)isEnabled;
+- (void)setEnabled:(BOOL)enabled;
+@end
+
+@interface NSMenuItem : HostItem {
+  NSString* m_title;
+  NSInteger m_tag;
 }
 - (id)initWithTitle:(NSString*)title action:(SEL)action keyEquivalent:(NSString*)key;
 - (NSString*)title;
-- (SEL)action;
-- (id)target;
-- (void)setTarget:(id)target;
 - (NSInteger)tag;
 - (void)setTag:(NSInteger)tag;
-- (BOOL)isEnabled;
-- (void)setEnabled:(BOOL)enabled;
 @end
 
 @interface NSMenu : NSObject {
@@ -73,18 +79,15 @@
 - (void)setEnabled:(BOOL)enabled;
 @end
 
-@interface NSToolbarItem : NSObject {
+@interface NSToolbarItem : HostItem {
   NSString* m_identifier;
   NSString* m_label;
   NSString* m_paletteLabel;
   NSString* m_toolTip;
   NSImage* m_image;
   NSView* m_view;
-  SEL m_action;
-  // Neither is owned.
-  id m_target;
+  // Not owned.
   id m_toolbar;
-  BOOL m_disabled;
 }
 - (id)initWithItemIdentifier:(NSString*)identifier;
 - (NSString*)itemIdentifier;
@@ -101,12 +104,6 @@
 - (void)setImage:(NSImage*)image;
 - (NSView*)view;
 - (void)setView:(NSView*)view;
-- (SEL)action;
-- (void)setAction:(SEL)action;
-- (id)target;
-- (void)setTarget:(id)target;
-- (BOOL)isEnabled;
-- (void)setEnabled:(BOOL)enabled;
 // Asks whether it may be used now; an item that minds disables itself.
 - (void)validate;
 @end

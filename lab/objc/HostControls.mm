@@ -40,6 +40,27 @@ void replaceText(NSString*& held, NSString* given) {
 }
 @end
 
+@implementation HostItem
+- (SEL)action {
+  return m_action;
+}
+- (void)setAction:(SEL)action {
+  m_action = action;
+}
+- (id)target {
+  return m_target;
+}
+- (void)setTarget:(id)target {
+  m_target = target;
+}
+- (BOOL)isEnabled {
+  return !m_disabled;
+}
+- (void)setEnabled:(BOOL)enabled {
+  m_disabled = !enabled;
+}
+@end
+
 @implementation NSMenuItem
 - (id)initWithTitle:(NSString*)title action:(SEL)action keyEquivalent:(NSString*)key {
   (void)key;
@@ -55,26 +76,11 @@ void replaceText(NSString*& held, NSString* given) {
 - (NSString*)title {
   return m_title;
 }
-- (SEL)action {
-  return m_action;
-}
-- (id)target {
-  return m_target;
-}
-- (void)setTarget:(id)target {
-  m_target = target;
-}
 - (NSInteger)tag {
   return m_tag;
 }
 - (void)setTag:(NSInteger)tag {
   m_tag = tag;
-}
-- (BOOL)isEnabled {
-  return !m_disabled;
-}
-- (void)setEnabled:(BOOL)enabled {
-  m_disabled = !enabled;
 }
 @end
 
@@ -223,24 +229,6 @@ void replaceText(NSString*& held, NSString* given) {
 }
 - (void)setView:(NSView*)view {
   replace(m_view, view);
-}
-- (SEL)action {
-  return m_action;
-}
-- (void)setAction:(SEL)action {
-  m_action = action;
-}
-- (id)target {
-  return m_target;
-}
-- (void)setTarget:(id)target {
-  m_target = target;
-}
-- (BOOL)isEnabled {
-  return !m_disabled;
-}
-- (void)setEnabled:(BOOL)enabled {
-  m_disabled = !enabled;
 }
 - (void)validate {
 }

@@ -5,7 +5,6 @@
 
 #include "data/vnSettingKeys.h"
 #include "platform/Localization.h"
-#include "settings/SettingsFlags.h"
 #include "settings/rules/ContinueRule.h"
 
 namespace vorn {
@@ -73,16 +72,14 @@ void VnSettingViewController::initializeItems() {
   m_plainOptions.initSelectInvitationLanguage();
   // Security: initWaitingRoomOption.
   m_plainOptions.initUnmuteParticipantsOption();
-  SettingsFlags::sharedInstance().isCheckedScheduleButton = false;
-  // Data centres: initDataCenterRegionsBox.
+  // Data centres: isCheckedScheduleButton, initDataCenterRegionsBox.
   m_plainOptions.initNotShowMeAgain();
   // Audio: initAudioBox, updateAudioOptionBoxStatus, arrangeAudioTypeBox. Tracking fields: initTrackingFields.
   // Sign-in domains: initRestrictDomainsBox.
   m_plainOptions.initAudioWatermark();
   m_plainOptions.initPutInvitationAtTheTop();
   // Meeting ID: initPMIDisableMessageView.
-  SettingsFlags::sharedInstance().isCheckedScheduleButtonForTemplate = false;
-  // Templates: initTemplateBox.
+  // Templates: isCheckedScheduleButtonForTemplate, initTemplateBox.
   m_plainOptions.checkAccountLocked();
   // Security: initEncryptionBox, initSecurityBox, resetUIForPasswordFormatErrorTextField, resetPswHelpButtonState.
   // Join regions: initAllowDenyOptionBox.

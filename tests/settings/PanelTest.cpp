@@ -12,7 +12,6 @@
 #include "data/vnUserProfileHelper.h"
 #include "meeting.pb.h"
 #include "settings/SchSettingWndCtrlMgr.h"
-#include "settings/SettingsFlags.h"
 #include "tests/support/FakeWindow.h"
 #include "tests/support/RecordingClient.h"
 #include "util/EncodeUtils.h"
@@ -310,14 +309,6 @@ TEST_F(SettingsPanelTest, HoldsContinueBackWhileAGroupTellsOfAFault) {
   field.text = "1";
   view().checkScheduleButton();
   EXPECT_TRUE(control("buttonContinue").enabled);
-}
-
-TEST_F(SettingsPanelTest, ForgetsThatContinueWasRefusedWhenAnyPanelLoads) {
-  SettingsFlags& flags = SettingsFlags::sharedInstance();
-  flags = {.isCheckedScheduleButton = true, .isCheckedScheduleButtonForTemplate = true};
-  open();
-  EXPECT_FALSE(flags.isCheckedScheduleButton);
-  EXPECT_FALSE(flags.isCheckedScheduleButtonForTemplate);
 }
 
 }  // namespace

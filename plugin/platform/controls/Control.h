@@ -29,16 +29,6 @@ struct Control {
   std::string text;
   std::vector<std::string> items;
   int index = 0;
-  // Shown beside the control, "" for none.
-  std::string toolTip;
-  // What assistive programs read out in place of the text; "" for the text itself.
-  std::string spoken;
-  // What a text field shows while it is empty.
-  std::string placeholder;
-  // In points; 0 for a field without a border of its own. A field whose content is refused has a red one.
-  double redBorderWidth = 0;
-  // The most characters that the user can type; 0 for any number.
-  std::size_t maxLength = 0;
 
   bool isShownAndOn() const { return !hidden && on; }
   bool operator==(const Control&) const = default;

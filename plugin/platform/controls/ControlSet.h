@@ -44,10 +44,6 @@ class ControlSet {
   // The observer hears as long as the subscription lives.
   [[nodiscard]] std::shared_ptr<void> observe(Observer observer);
 
-  // The control that typing goes to; "" for none. Moving it is no change of a control.
-  const std::string& focus() const { return m_focus; }
-  void setFocus(std::string_view key) { m_focus = key; }
-
   ControlSet();
   ~ControlSet();
   ControlSet(const ControlSet&) = delete;
@@ -67,7 +63,6 @@ class ControlSet {
   std::vector<std::weak_ptr<Observer>> m_observers;
   Controls m_before;
   int m_depth = 0;
-  std::string m_focus;
 };
 
 }  // namespace vorn
