@@ -86,6 +86,7 @@ TEST_F(SettingsPanelTest, IsOneForEachWindowAndEndsWithIt) {
   panels.addSchSettingWindowToArray(id(), Value(), HostObject());
   EXPECT_FALSE(panels.getSchSettingWindowInArray(id()));
   panels.addSchSettingWindowToArray(id(), Value(), window->bar->ownWindow);
+  panels.addSchSettingWindowToArray(id(), Value(), window->bar->ownWindow);
   EXPECT_TRUE(settings().isAbsent()) << "nobody has seen it yet";
 
   panels.showSchSettingWindow(id());
@@ -101,8 +102,47 @@ TEST_F(SettingsPanelTest, IsOneForEachWindowAndEndsWithIt) {
   EXPECT_FALSE(settings()[vn_Setting_EnableHostVideo].boolValue());
 }
 
+TEST_F(SettingsPanelTest, TwoAreOpenAtOnceAndEachKeepsToItsOwnWindow) {
+  open();
+  const FakeWindow other(test);
+  const std::string otherId = other.bar->ownWindow.windowId();
+  panels.addSchSettingWindowToArray(otherId, Value(), other.bar->ownWindow);
+  panels.showSchSettingWindow(otherId);
+  const auto otherPanel = panels.getSchSettingWindowInArray(otherId);
+  EXPECT_EQ(choose("videoHostMatrix", 0), Use::done);
+  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
+  EXPECT_FALSE(otherPanel->getVnSettingsData()[vn_Setting_EnableHostVideo].boolValue());
+
+  std::vector<std::string> told;
+  const auto subscription = test.notificationCenter.observe(
+      notify_SettingCommit, [&](const auto& note) { told.push_back(note.userInfo[keyApptWindowID].text()); });
+  EXPECT_EQ(click("buttonContinue"), Use::done);
+  EXPECT_THAT(told, testing::ElementsAre(id()));
+  EXPECT_EQ(shown(), nullptr);
+  EXPECT_NE(test.presenter.panels().on(other.bar->ownWindow), nullptr);
+  endSettingsPanel(otherId);
+  EXPECT_FALSE(otherPanel->getVnSettingsData()[vn_Setting_EnableHostVideo].boolValue())
+      << "who still asks keeps it meanwhile";
+}
+
+TEST_F(SettingsPanelTest, AnOlderClientIsOfferedLess) {
+  for (const bool isOld : {false, true}) {
+    RecordingClient::setVersion(test, isOld ? "3.5.0" : "99.0");
+    open();
+    for (const char* key : {"selectLanguagePopup", "selectLanguageText", "muteUponEntryBox"}) {
+      EXPECT_EQ(control(key).hidden, isOld) << key;
+    }
+    EXPECT_TRUE(control("publicEventBox").hidden && control("autoRecordingBox").hidden) << "nobody offers them";
+    endSettingsPanel(id());
+  }
+}
+
 TEST_F(SettingsPanelTest, HasWordsForEverythingThatItShows) {
   open();
+  const std::vector<std::string> columns = control("videoHostMatrix").items;
+  EXPECT_EQ(columns.size(), 2u);
+  EXPECT_EQ(columns, control("videoParticipantMatrix").items);
+  EXPECT_EQ(control("buttonContinue").text, "Continue");
   for (const std::string& key : shown()->keys()) {
     const Control& each = control(key);
     if (each.kind == Control::Kind::box || each.kind == Control::Kind::popup) continue;
