@@ -21,11 +21,8 @@ AccountFacts factsFor(const OptionalText& email) { return accountFacts(account()
 
 Passcodes accountsPasscodes() {
   Surroundings& surroundings = *Registry::platform().surroundings;
-  const PasscodePolicy policy{.rules = account().getMeetingPasswordRulesOption(),
-                              .minLength = account().getMeetingPasswordMinLength(),
-                              .consecutiveLength = account().getMeetingPasswordConsecutiveLength(),
-                              .isEnableNumberalphabet = account().isEnableNumberalphabet()};
-  return {policy, surroundings.preferredLanguages().front(), [&surroundings] { return surroundings.random32(); }};
+  return {vnSettingData::passcodePolicy(), surroundings.preferredLanguages().front(),
+          [&surroundings] { return surroundings.random32(); }};
 }
 
 void saveToUserDefaults(bool value, std::string_view key) {
@@ -118,6 +115,13 @@ void vnSettingData::resetWaitingRoomPasscodeStateForNotShowAgain() {
 void vnSettingData::resetAffectedStateByE2eeForNotShowAgain() {
   meeting_options::resetAffectedStateByE2eeForNotShowAgain(m_options, factsFor(m_options.scheduleForEmail),
                                                            clientGates());
+}
+
+PasscodePolicy vnSettingData::passcodePolicy() {
+  return {.rules = account().getMeetingPasswordRulesOption(),
+          .minLength = account().getMeetingPasswordMinLength(),
+          .consecutiveLength = account().getMeetingPasswordConsecutiveLength(),
+          .isEnableNumberalphabet = account().isEnableNumberalphabet()};
 }
 
 bool vnSettingData::ValidateMeetingPassword(const OptionalText& password, std::int64_t& strResult) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data/MeetingOptions.h"
+#include "data/Passcodes.h"
 #include "util/Value.h"
 
 namespace vorn {
@@ -153,6 +154,7 @@ class vnSettingData {
 
   // --- Passcodes. Lengths count UTF-16 units. The rules are the account's.
 
+  static PasscodePolicy passcodePolicy();
   // True when the passcode passes; the result is the set of failed rules.
   static bool ValidateMeetingPassword(const OptionalText& password, std::int64_t& strResult);
   // True when the text holds a run of that many equal, rising or falling characters, or a piece of a keyboard row.

@@ -6,12 +6,15 @@
 namespace vorn {
 
 void ButtonGroupViewController::onClickContinue() {
-  // The passcode, the data centre and the template have no group yet that could refuse.
+  m_myWindowController.closeSubWindows();
+  if (m_myWindowController.getPasswordRuleResult() != 0) return m_myWindowController.resetPasswordRuleUI();
+  // The data centre and the template have no group yet that could refuse.
   m_myWindowController.endSheet();
   postCommitCommand(true);
 }
 
 void ButtonGroupViewController::onClickCancel() {
+  m_myWindowController.closeSubWindows();
   m_myWindowController.endSheet();
   postCommitCommand(false);
 }

@@ -34,6 +34,11 @@ bool isMatrix(const PlainOption& option) {
          option.control == plain_option::participantVideo.control;
 }
 
+std::string boxOf(const PlainOption& option) {
+  if (option.control == plain_option::publicEvent.control) return "publicEventBox";
+  return option.control == plain_option::muteUponEntry.control ? "muteUponEntryBox" : "";
+}
+
 std::string titleOf(RecordingState::Title title) {
   switch (title) {
     case RecordingState::Title::cloudOnly: return localizedString("key_AutoRecordingCloudOnly");
@@ -43,29 +48,27 @@ std::string titleOf(RecordingState::Title title) {
   return "";
 }
 
-bool isShownAndOn(const ControlSet& controls, std::string_view key) {
-  const Control* control = controls.find(key);
-  return control && control->isShownAndOn();
-}
-
 }  // namespace
 
-PlainOptions::PlainOptions(ControlSet& controls, vnSettingData& record, const SettingsContext& context)
-    : m_controls(controls),
-      m_record(record),
-      m_context(context),
-      m_publicEventBox(controls.add(Kind::box, "publicEventBox")),
-      m_publicEventListButton(controls.add(Kind::link, "publicEventListButton")),
-      m_muteUponEntryBox(controls.add(Kind::box, "muteUponEntryBox")),
-      m_autoRecordingBox(controls.add(Kind::box, "autoRecordingBox")),
-      m_autoRecordingButton(controls.add(Kind::checkBox, "autoRecordingButton")),
-      m_autoRecordingOptionMatrixLocal(controls.add(Kind::radioButton, "autoRecordingOptionMatrixLocal")),
-      m_autoRecordingOptionMatrixCloud(controls.add(Kind::radioButton, "autoRecordingOptionMatrixCloud")),
-      m_selectLanguageText(controls.add(Kind::label, "selectLanguageText")),
-      m_selectLanguagePopup(controls.add(Kind::popup, "selectLanguagePopup")),
-      m_notShowMeAgain(controls.add(Kind::checkBox, "notShowMeAgain")) {
+PlainOptions::PlainOptions(const PanelParts& panel)
+    : m_controls(panel.controls),
+      m_record(panel.record),
+      m_context(panel.context),
+      m_publicEventBox(m_controls.add(Kind::box, "publicEventBox")),
+      m_publicEventListButton(m_controls.add(Kind::link, "publicEventListButton", "publicEventBox")),
+      m_muteUponEntryBox(m_controls.add(Kind::box, "muteUponEntryBox")),
+      m_autoRecordingBox(m_controls.add(Kind::box, "autoRecordingBox")),
+      m_autoRecordingButton(m_controls.add(Kind::checkBox, "autoRecordingButton", "autoRecordingBox")),
+      m_autoRecordingOptionMatrixLocal(
+          m_controls.add(Kind::radioButton, "autoRecordingOptionMatrixLocal", "autoRecordingBox")),
+      m_autoRecordingOptionMatrixCloud(
+          m_controls.add(Kind::radioButton, "autoRecordingOptionMatrixCloud", "autoRecordingBox")),
+      m_selectLanguageText(m_controls.add(Kind::label, "selectLanguageText")),
+      m_selectLanguagePopup(m_controls.add(Kind::popup, "selectLanguagePopup")),
+      m_notShowMeAgain(m_controls.add(Kind::checkBox, "notShowMeAgain")) {
   for (const PlainOption& option : plain_option::all) {
-    controls.add(isMatrix(option) ? Kind::radioGroup : Kind::checkBox, std::string(option.control));
+    m_controls.add(isMatrix(option) ? Kind::radioGroup : Kind::checkBox, std::string(option.control),
+                   boxOf(option));
   }
 }
 
@@ -73,7 +76,7 @@ Control& PlainOptions::control(const PlainOption& option) { return *m_controls.f
 
 SwitchState PlainOptions::state(const PlainOption& option) const {
   OptionFacts facts = m_context.facts(m_record);
-  facts.isSignInOnly = isShownAndOn(m_controls, "onlySignedinWithSpecifiedDomains");
+  facts.isSignInOnly = m_controls.isShownAndOn("onlySignedinWithSpecifiedDomains");
   return stateOf(option, facts, m_record.options());
 }
 
@@ -91,7 +94,7 @@ void PlainOptions::takeState(const PlainOption& option) {
 void PlainOptions::takeVisibility(const PlainOption& option) { control(option).hidden = !state(option).isShown; }
 
 void PlainOptions::initWithLocalString() {
-  const std::vector<std::string> columns{localizedString("LN_Schedule_Video_On"),
+  const std::vector<ControlItem> columns{localizedString("LN_Schedule_Video_On"),
                                          localizedString("LN_Schedule_Video_Off")};
   control(plain_option::hostVideo).text = localizedString("LN_Schedule_Video_Host");
   control(plain_option::hostVideo).items = columns;
@@ -166,12 +169,6 @@ void PlainOptions::initPutInvitationAtTheTop() { takeVisibility(plain_option::in
 
 void PlainOptions::checkAccountLocked() {
   for (const PlainOption& option : plain_option::all) control(option).enabled = !state(option).isLocked;
-  const bool isRecordingLocked =
-      policyOf(vn_Setting_EnableAutoRecordingType).isLocked(m_context.facts(m_record).account);
-  for (Control* recording :
-       {&m_autoRecordingButton, &m_autoRecordingOptionMatrixLocal, &m_autoRecordingOptionMatrixCloud}) {
-    recording->enabled = !isRecordingLocked;
-  }
 }
 
 // -- Recording ---------------------------------------------------------------------------------------------------
@@ -184,6 +181,7 @@ RecordingKinds PlainOptions::recordingKinds() const {
 RecordingState PlainOptions::shownRecording() const {
   return {.isShown = !m_autoRecordingButton.hidden,
           .isOn = m_autoRecordingButton.on,
+          .title = recordingTitle(recordingKinds()),
           .isLocalShown = !m_autoRecordingOptionMatrixLocal.hidden,
           .isCloudShown = !m_autoRecordingOptionMatrixCloud.hidden,
           .isCloudChosen = m_autoRecordingOptionMatrixCloud.on};
@@ -200,13 +198,30 @@ void PlainOptions::show(const RecordingState& recording) {
   m_autoRecordingOptionMatrixCloud.on = recording.isCloudChosen;
 }
 
+void PlainOptions::checkE2eeAffectedAccountLocked() {
+  const bool isLocked = policyOf(vn_Setting_EnableAutoRecordingType).isLocked(m_context.facts(m_record).account);
+  m_autoRecordingButton.enabled = !isLocked;
+  m_autoRecordingOptionMatrixLocal.enabled = !isLocked;
+  m_autoRecordingOptionMatrixCloud.enabled = !isLocked;
+}
+
+void PlainOptions::restrictRecordingForEndToEnd() {
+  const EndToEndRecording recording =
+      recordingForEndToEnd(shownRecording(), recordingKinds(), m_autoRecordingButton.enabled);
+  show(recording.state);
+  m_autoRecordingButton.enabled = recording.switchIsEnabled;
+  if (!recording.choicesAreDisabled) return;
+  m_autoRecordingOptionMatrixLocal.enabled = false;
+  m_autoRecordingOptionMatrixCloud.enabled = false;
+}
+
 std::int32_t PlainOptions::getCurrentAutoRecordingTypeFromUI() const {
   return recordingTypeToCommit(recordingKinds(), shownRecording(), m_record.enableE2ee());
 }
 
 void PlainOptions::onClickAutoRecordingButton() {
   const RecordingState clicked = recordingAfterClick(shownRecording(), recordingKinds(), m_autoRecordingButton.on,
-                                                     isShownAndOn(m_controls, "endtoendButton"));
+                                                     m_controls.isShownAndOn("endtoendButton"));
   m_autoRecordingOptionMatrixLocal.hidden = !clicked.isLocalShown;
   m_autoRecordingOptionMatrixCloud.hidden = !clicked.isCloudShown;
 }

@@ -3,8 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/controls/ControlSet.h"
-#include "settings/SettingsContext.h"
+#include "settings/PanelParts.h"
 #include "settings/rules/RecordingRules.h"
 
 namespace vorn {
@@ -12,10 +11,10 @@ namespace vorn {
 // The options of the panel that need no group of their own: video, public event, muting, recording, the join URL,
 // the audio watermark, the invitation's place and language, and the user's wish to see the panel no more.
 //
-// Controls and record belong to the panel and outlive it. Main thread only.
+// Main thread only.
 class PlainOptions {
  public:
-  PlainOptions(ControlSet& controls, vnSettingData& record, const SettingsContext& context);
+  explicit PlainOptions(const PanelParts& panel);
 
   void initWithLocalString();
 
@@ -34,6 +33,9 @@ class PlainOptions {
   void initAudioWatermark();
   void initPutInvitationAtTheTop();
   void checkAccountLocked();
+  void checkE2eeAffectedAccountLocked();
+  // What is encrypted from end to end is not recorded in the cloud.
+  void restrictRecordingForEndToEnd();
 
   // What the user has changed; nothing for a control that is not this group's.
   void userChanged(std::string_view key);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "channel/commands/ErrorCodes.h"
 #include "settings/VnSettingWindowController.h"
 
 namespace vorn {
@@ -25,8 +26,8 @@ class SchSettingWndCtrlMgr final : public SettingsPanels {
   void refreshSettingWindow(const std::string& windowId, bool forPMI) override;
   // Nothing of it must meet the next window, whose id may be the same.
   void endSettingWindow(const OptionalText& windowId) override;
-  // What tells of a refused passcode, security option or tracking field has no group yet.
-  bool tellsOfRefusal(int errorCode) const override { return errorCode == 0; }
+  // Of a refused passcode, security option or template; a missing tracking field has no group yet.
+  bool tellsOfRefusal(int errorCode) const override { return errorCode != ErrorCode::kTrackingFieldMissing; }
 
  private:
   std::shared_ptr<VnSettingWindowController> find(const OptionalText& windowId) const;

@@ -1,6 +1,7 @@
 #include "settings/SettingsContext.h"
 
 #include "data/vnUserProfileHelper.h"
+#include "workflow/MeetingWindow.h"
 #include "workflow/vnMeetingMgr.h"
 #include "workflow/vnMeetingMgrMonitor.h"
 #include "workflow/vnOnbehalfData.h"
@@ -20,6 +21,13 @@ Value SettingsContext::meetingInfo() const {
 bool SettingsContext::isForUpdateVornMeeting() const {
   const auto owner = manager();
   return owner && owner->isForUpdateVornMeeting();
+}
+
+bool SettingsContext::isEnableRecurrence() const {
+  const auto owner = manager();
+  if (!owner) return false;
+  MeetingWindow window = MeetingWindow::ofHostWindow(m_parentWindow);
+  return owner->settingsFlow().isEnableRecurrence(window);
 }
 
 OptionalText SettingsContext::getInvitationLanguage() const {

@@ -26,6 +26,8 @@ class SettingsContext {
   Value meetingInfo() const;
   // The meeting exists already. False without a manager.
   bool isForUpdateVornMeeting() const;
+  // The appointment is a series.
+  bool isEnableRecurrence() const;
   // The language in which the meeting's invitation was written last; absent when none was, "" without a manager.
   OptionalText getInvitationLanguage() const;
   // Whom the panel is opened for; "" for oneself.

@@ -5,6 +5,8 @@
 
 #include "data/vnSettingKeys.h"
 #include "platform/Localization.h"
+#include "platform/Registry.h"
+#include "platform/RunLoop.h"
 #include "settings/rules/ContinueRule.h"
 
 namespace vorn {
@@ -19,11 +21,16 @@ constexpr std::array<std::string_view, 3> kErrorFields{"pswFormatErrorTextField"
 
 VnSettingViewController::VnSettingViewController(const SettingsContext& context) : m_context(context) {}
 
+VnSettingViewController::~VnSettingViewController() {
+  if (RunLoop* runLoop = Registry::platform().runLoop) runLoop->cancelPrevious(this);
+}
+
 // -- Opening -----------------------------------------------------------------------------------------------------
 
 void VnSettingViewController::initFields(const Value& meetingInfo) {
   const ControlSet::Change change(m_controls);
   setSiteMeetingInfo(meetingInfo);
+  m_security.passcodeField().setTextChangeTarget([this] { fieldTextChange(); });
   initWithLocalString();
   m_settingData.initSettingData();
   m_settingData.setScheduleForEmail(m_context.scheduledForAtOpening());
@@ -45,12 +52,15 @@ void VnSettingViewController::setPMIMeetingInfo(const Value& meetingInfo) {
 
 void VnSettingViewController::initWithLocalString() {
   m_plainOptions.initWithLocalString();
+  m_security.initWithLocalString();
+  m_encryption.initWithLocalString();
   m_buttonContinue.text = localizedString("Button_Continue");
   m_buttonCancel.text = localizedString("Button_Cancel");
 }
 
 void VnSettingViewController::updateUIItemsForNextTime() {
   const ControlSet::Change change(m_controls);
+  closeSubWindows();
   initializeItems();
 }
 
@@ -59,9 +69,11 @@ void VnSettingViewController::initializeItems() {
   const ControlSet::Change change(m_controls);
   m_plainOptions.initVideo();
   m_plainOptions.initPublicEventSetting();
-  // Security: the passcode, initJBHOptions.
+  m_security.initPasscode();
+  m_joinBeforeHost.initJBHOptions();
   m_plainOptions.initMuteUponEntryBox();
-  // Security: onlySignedinWithSpecifiedDomains. Meeting ID: updatePMITitle. Tracking fields: their chosen values.
+  m_signInDomains.initOnlySignedin();
+  // Meeting ID: updatePMITitle. Tracking fields: their chosen values.
   m_plainOptions.initMuteParticipantUponEntry();
   m_plainOptions.initRecordingOptions();
   // Alternate hosts.
@@ -70,24 +82,60 @@ void VnSettingViewController::initializeItems() {
   m_plainOptions.initAudioWatermarkButton();
   m_plainOptions.initPutTheInvitationAtTheTopButton();
   m_plainOptions.initSelectInvitationLanguage();
-  // Security: initWaitingRoomOption.
+  m_security.initWaitingRoomOption();
   m_plainOptions.initUnmuteParticipantsOption();
   // Data centres: isCheckedScheduleButton, initDataCenterRegionsBox.
   m_plainOptions.initNotShowMeAgain();
   // Audio: initAudioBox, updateAudioOptionBoxStatus, arrangeAudioTypeBox. Tracking fields: initTrackingFields.
-  // Sign-in domains: initRestrictDomainsBox.
+  m_signInDomains.initRestrictDomainsBox();
   m_plainOptions.initAudioWatermark();
   m_plainOptions.initPutInvitationAtTheTop();
   // Meeting ID: initPMIDisableMessageView.
   // Templates: isCheckedScheduleButtonForTemplate, initTemplateBox.
-  m_plainOptions.checkAccountLocked();
-  // Security: initEncryptionBox, initSecurityBox, resetUIForPasswordFormatErrorTextField, resetPswHelpButtonState.
+  checkAccountLocked();
+  m_encryption.initEncryptionBox();
+  m_security.initSecurityBox();
+  m_security.resetUIForPasswordFormatErrorTextField();
+  m_security.resetPswHelpButtonState();
   // Join regions: initAllowDenyOptionBox.
   checkScheduleButton();
 }
 
+void VnSettingViewController::checkAccountLocked() {
+  m_plainOptions.checkAccountLocked();
+  m_signInDomains.checkAccountLocked();
+  m_security.checkAccountLocked();
+  // Meeting ID: both buttons. Join regions: allowDenyButton.
+  checkE2eeAffectedAccountLocked();
+  m_security.checkIfRequirePasswordLocked();
+}
+
+// What end-to-end encryption takes away comes back with the account's locks.
+void VnSettingViewController::checkE2eeAffectedAccountLocked() {
+  // Audio: its buttons.
+  m_joinBeforeHost.checkE2eeAffectedAccountLocked();
+  m_plainOptions.checkE2eeAffectedAccountLocked();
+}
+
+void VnSettingViewController::updateAffectedOptionsForE2ee() {
+  if (m_encryption.isEndToEnd()) {
+    m_joinBeforeHost.turnOffForEndToEnd();
+    m_security.updatePasswordStateWithJBHChanged();
+    m_joinBeforeHost.hideForEndToEnd();
+    m_settingData.setAudioType(panel_rules::audioTypeForEndToEnd(m_context.facts(m_settingData).account));
+    m_plainOptions.restrictRecordingForEndToEnd();
+  } else {
+    m_joinBeforeHost.initJBHOptions();
+    // Audio: initAudioBox.
+    m_plainOptions.initRecordingOptions();
+    checkE2eeAffectedAccountLocked();
+  }
+  // Audio: updateAudioOptionBoxStatus, arrangeAudioTypeBox.
+}
+
 void VnSettingViewController::refreshUI(bool forPMI) {
   const ControlSet::Change change(m_controls);
+  closeSubWindows();
   initWithLocalString();
   if (forPMI) {
     m_settingData.initWithSiteMeetingInfo(m_pmiMeetingInfo);
@@ -105,25 +153,49 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 
 // -- While it is open --------------------------------------------------------------------------------------------
 
+// What the user presses in the sheet closes the windows beside it; what they type, or press in such a window, does
+// not.
 void VnSettingViewController::userChanged(std::string_view key) {
   const ControlSet::Change change(m_controls);
+  const Control* used = m_controls.find(key);
+  const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox);
+  if (!isTyped && m_controls.windowOf(key).empty()) closeSubWindows();
   m_plainOptions.userChanged(key);
+  m_security.userChanged(key);
+  m_signInDomains.userChanged(key);
+  m_joinBeforeHost.userChanged(key);
+  m_encryption.userChanged(key);
   checkScheduleButton();
 }
 
-bool VnSettingViewController::isShown(std::string_view key) const {
-  const Control* control = m_controls.find(key);
-  return control && !control->hidden;
+void VnSettingViewController::closeSubWindows() {
+  const ControlSet::Change change(m_controls);
+  m_passwordRuleWindowController.closePasswordRuleWindows();
+}
+
+void VnSettingViewController::makeFirstResponderWithObject(std::string_view key) {
+  constexpr std::string_view kRequest = "makeFirstResponderWithObject:";
+  RunLoop* runLoop = Registry::platform().runLoop;
+  runLoop->cancelPrevious(this, kRequest);
+  runLoop->performAfter(0, this, kRequest, [this, wanted = std::string(key)] {
+    const ControlSet::Change change(m_controls);
+    m_controls.focusOn(wanted);
+  });
+}
+
+void VnSettingViewController::resetPasswordRuleUI() {
+  const ControlSet::Change change(m_controls);
+  m_security.resetPasswordRuleUI();
 }
 
 void VnSettingViewController::checkScheduleButton() {
   const ControlSet::Change change(m_controls);
   ContinueFacts facts;
-  facts.isPasscodeShown = isShown("passwordTextField");
-  if (facts.isPasscodeShown) facts.passcode = m_controls.find("passwordTextField")->text;
-  if (const Control* required = m_controls.find("requiredMeetingPswButton")) facts.isPasscodeOn = required->on;
+  facts.isPasscodeShown = m_controls.isShown("passwordTextField");
+  facts.isPasscodeOn = m_controls.isOn("requiredMeetingPswButton");
+  facts.passcode = m_controls.find("passwordTextField")->text;
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
-                                   [this](std::string_view field) { return isShown(field); });
+                                   [this](std::string_view field) { return m_controls.isShown(field); });
   m_buttonContinue.enabled = mayContinue(facts);
 }
 
@@ -140,13 +212,17 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
 
 // In this order. What has no control leaves the record as it is; what is not named was written when it changed.
 void VnSettingViewController::takeControls() {
-  // The passcode, third-party audio, the audio type, tracking fields.
+  m_security.writePasscode();
+  // Third-party audio, the audio type, tracking fields.
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
   // Alternate hosts.
   m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
   // Countries, whom the meeting is scheduled for.
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
-  // Joining before the host, signed-in users only, the waiting room, the template, join regions.
+  m_joinBeforeHost.writeJoinBeforeHost();
+  m_signInDomains.writeSignIn();
+  m_security.writeWaitingRoom();
+  // The template, join regions.
 }
 
 void VnSettingViewController::throwEditsAway() {

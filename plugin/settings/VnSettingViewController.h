@@ -3,7 +3,12 @@
 #include <string>
 #include <string_view>
 
+#include "settings/EncryptionOptions.h"
+#include "settings/JoinBeforeHostOptions.h"
 #include "settings/PlainOptions.h"
+#include "settings/SecurityOptions.h"
+#include "settings/SignInDomainOptions.h"
+#include "settings/VNPasswordRuleWindowController.h"
 
 namespace vorn {
 
@@ -12,9 +17,10 @@ namespace vorn {
 // overwrite an earlier one.
 //
 // The context outlives it. Main thread only.
-class VnSettingViewController {
+class VnSettingViewController final : private PanelSteps {
  public:
   explicit VnSettingViewController(const SettingsContext& context);
+  ~VnSettingViewController() override;
   VnSettingViewController(const VnSettingViewController&) = delete;
   VnSettingViewController& operator=(const VnSettingViewController&) = delete;
 
@@ -29,9 +35,18 @@ class VnSettingViewController {
   // The record is the personal meeting's from now on, or the account's for a meeting with a number of its own.
   void refreshUI(bool forPMI);
 
+  // A press beside the controls, or on one that has nothing to say, comes with the key of none.
   void userChanged(std::string_view key);
-  // Continue can be used or not.
-  void checkScheduleButton();
+  // The passcode's field has another text.
+  void fieldTextChange() { m_security.fieldTextChange(); }
+  void checkScheduleButton() override;
+  void closeSubWindows() override;
+  void makeFirstResponderWithObject(std::string_view key) override;
+
+  // The failed rules of the passcode; 0 when none is asked for.
+  std::int64_t getPasswordRuleResult() const { return m_security.getPasswordRuleResult(); }
+  // Shows them.
+  void resetPasswordRuleUI();
 
   // The record takes the controls, or goes back to where it was.
   void onSettingsCommit(bool isOK);
@@ -49,7 +64,15 @@ class VnSettingViewController {
   void setSiteMeetingInfo(const Value& meetingInfo);
   void takeControls();
   void throwEditsAway();
-  bool isShown(std::string_view key) const;
+  void checkAccountLocked();
+  void checkE2eeAffectedAccountLocked();
+
+  void hideRestrictDomainsBox() override { m_signInDomains.hideRestrictDomainsBox(); }
+  void resetSecurityErrorTextField() override { m_security.resetSecurityErrorTextField(); }
+  void updatePasswordStateWithJBHChanged() override { m_security.updatePasswordStateWithJBHChanged(); }
+  void updateAffectedOptionsForE2ee() override;
+  void initAudioWatermarkButton() override { m_plainOptions.initAudioWatermarkButton(); }
+  void initAudioWatermark() override { m_plainOptions.initAudioWatermark(); }
 
   const SettingsContext& m_context;
   vnSettingData m_settingData;
@@ -58,7 +81,13 @@ class VnSettingViewController {
   Value m_siteMeetingInfo = Value::dictionary();
   Value m_pmiMeetingInfo = Value::dictionary();
   ControlSet m_controls;
-  PlainOptions m_plainOptions{m_controls, m_settingData, m_context};
+  const PanelParts m_parts{m_controls, m_settingData, m_context, *this};
+  VNPasswordRuleWindowController m_passwordRuleWindowController{m_controls};
+  PlainOptions m_plainOptions{m_parts};
+  SecurityOptions m_security{m_parts, m_passwordRuleWindowController};
+  SignInDomainOptions m_signInDomains{m_parts};
+  JoinBeforeHostOptions m_joinBeforeHost{m_parts};
+  EncryptionOptions m_encryption{m_parts};
   Control& m_buttonContinue = m_controls.add(Control::Kind::button, "buttonContinue");
   Control& m_buttonCancel = m_controls.add(Control::Kind::button, "buttonCancel");
 };

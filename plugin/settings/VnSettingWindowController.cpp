@@ -55,6 +55,18 @@ void VnSettingWindowController::refreshUI(bool forPMI) {
   if (m_mySettingViewController) m_mySettingViewController->refreshUI(forPMI);
 }
 
+void VnSettingWindowController::closeSubWindows() {
+  if (m_mySettingViewController) m_mySettingViewController->closeSubWindows();
+}
+
+std::int64_t VnSettingWindowController::getPasswordRuleResult() const {
+  return m_mySettingViewController ? m_mySettingViewController->getPasswordRuleResult() : 0;
+}
+
+void VnSettingWindowController::resetPasswordRuleUI() {
+  if (m_mySettingViewController) m_mySettingViewController->resetPasswordRuleUI();
+}
+
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingWindowController::postSettingCommitCommand(const Value& command) {

@@ -35,6 +35,12 @@ class VnSettingWindowController final : public SettingsPanel,
   // Without a passcode and without people.
   void saveSettingsToUserProfile();
 
+  // The windows beside the sheet close with every press and scroll in it.
+  void closeSubWindows();
+  // The failed rules of the passcode; 0 when none is asked for.
+  std::int64_t getPasswordRuleResult() const;
+  void resetPasswordRuleUI();
+
   // Null before the sheet was shown.
   VnSettingViewController* mySettingViewController() { return m_mySettingViewController.get(); }
 

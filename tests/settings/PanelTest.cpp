@@ -70,6 +70,9 @@ class SettingsPanelTest : public testing::Test {
   Use turn(const std::string& key, bool on) {
     return click(key, [on](Control& changed) { changed.on = on; });
   }
+  Use type(const std::string& key, const std::string& text) {
+    return click(key, [&text](Control& changed) { changed.text = text; });
+  }
   Value settings() { return panels.getSchSettingWindowInArray(id())->getVnSettingsData(); }
   VnSettingViewController& view() {
     return *std::static_pointer_cast<VnSettingWindowController>(panels.getSchSettingWindowInArray(id()))
@@ -139,18 +142,21 @@ TEST_F(SettingsPanelTest, AnOlderClientIsOfferedLess) {
 
 TEST_F(SettingsPanelTest, HasWordsForEverythingThatItShows) {
   open();
-  const std::vector<std::string> columns = control("videoHostMatrix").items;
+  const std::vector<ControlItem> columns = control("videoHostMatrix").items;
   EXPECT_EQ(columns.size(), 2u);
   EXPECT_EQ(columns, control("videoParticipantMatrix").items);
   EXPECT_EQ(control("buttonContinue").text, "Continue");
   for (const std::string& key : shown()->keys()) {
     const Control& each = control(key);
-    if (each.kind == Control::Kind::box || each.kind == Control::Kind::popup) continue;
-    EXPECT_THAT(each.text, Not(IsEmpty())) << key;
-    EXPECT_THAT(each.text, Not(StartsWith("LN_"))) << key;
+    const std::string words = each.text + each.toolTip + each.spoken + each.placeholder;
+    EXPECT_THAT(words, Not(testing::HasSubstr("LN_"))) << key;
+    const bool isContainer = each.kind == Control::Kind::box || each.kind == Control::Kind::window;
+    if (isContainer || each.kind == Control::Kind::popup || !shown()->isOnScreen(key)) continue;
+    EXPECT_THAT(words, Not(IsEmpty())) << key;
   }
   ASSERT_EQ(control("selectLanguagePopup").items.size(), 12u);
-  for (const std::string& item : control("selectLanguagePopup").items) EXPECT_THAT(item, Not(StartsWith("LN_")));
+  for (const ControlItem& item : control("selectLanguagePopup").items)
+    EXPECT_THAT(item.title, Not(StartsWith("LN_")));
 }
 
 TEST_F(SettingsPanelTest, TakesTheParticipantsVideoAwayWithTheHostsAndDoesNotGiveItBack) {
@@ -332,23 +338,21 @@ TEST_F(SettingsPanelTest, HearsOfThePasscodeTheHostsAndTheRefusalOfACommit) {
   EXPECT_EQ(panel->getSiteMeetingInfo(), window->manager->getMeetingHelper()->getMeetingInfo());
 }
 
-// What tells of a fault or asks for a passcode may come from any group.
-TEST_F(SettingsPanelTest, HoldsContinueBackWhileAGroupTellsOfAFault) {
+TEST_F(SettingsPanelTest, HoldsContinueBackWhileThePasscodeIsMissingOrAtFault) {
+  vnUserProfileHelper::sharedInstance().setData(
+      Value::dictionaryFromPairs({{"userId", "me"}, {"passwordMinLength", 4}}));
   open();
-  ControlSet& controls = view().controls();
-  EXPECT_EQ(turn("notShowMeAgain", false), Use::done);
   EXPECT_TRUE(control("buttonContinue").enabled);
-  Control& fault = controls.add(Control::Kind::label, "securityErrorTextField");
-  view().checkScheduleButton();
-  EXPECT_EQ(click("buttonContinue"), Use::disabled);
-  fault.hidden = true;
-  Control& field = controls.add(Control::Kind::textField, "passwordTextField");
-  controls.add(Control::Kind::checkBox, "requiredMeetingPswButton").on = true;
-  view().checkScheduleButton();
-  EXPECT_FALSE(control("buttonContinue").enabled);
-  field.text = "1";
-  view().checkScheduleButton();
+  EXPECT_TRUE(control("passwordTextField").hidden);
+  turn("requiredMeetingPswButton", true);
+  EXPECT_EQ(control("passwordTextField").text.size(), 6u) << "one is made";
   EXPECT_TRUE(control("buttonContinue").enabled);
+  for (const auto& [typed, mayGoOn] : {std::pair("", false), {"  ", false}, {"12", false}, {"1234", true}}) {
+    type("passwordTextField", typed);
+    EXPECT_EQ(control("buttonContinue").enabled, mayGoOn) << typed;
+  }
+  EXPECT_EQ(type("passwordTextField", "12345678901"), Use::refused) << "at most ten";
+  EXPECT_EQ(control("passwordTextField").text, "1234");
 }
 
 }  // namespace

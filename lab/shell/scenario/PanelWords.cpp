@@ -30,11 +30,12 @@ void use(Stage& stage, const std::string& key, const std::function<void(Control&
   const PanelRecord::Use result = panels(stage).use(windowOf(stage), key, change);
   if (result == PanelRecord::Use::hidden) throw Mismatch(key + " can be used", "it is hidden");
   if (result == PanelRecord::Use::disabled) throw Mismatch(key + " can be used", "it is disabled");
+  if (result == PanelRecord::Use::refused) throw Mismatch(key + " takes it", "it refuses it");
 }
 
 std::string chosenOf(const Control& control) {
   const auto index = static_cast<std::size_t>(control.index);
-  return control.index >= 0 && index < control.items.size() ? control.items[index] : "";
+  return control.index >= 0 && index < control.items.size() ? control.items[index].title : "";
 }
 
 // The place of an item, by its number or by its words; absent for one that is not there.
@@ -44,14 +45,16 @@ std::optional<int> itemOf(const Control& control, const std::string& property, c
     const auto end = value.data() + value.size();
     if (std::from_chars(value.data(), end, index).ptr != end) return std::nullopt;
   } else {
-    const auto item = std::find(control.items.begin(), control.items.end(), value);
+    const auto item = std::find_if(control.items.begin(), control.items.end(),
+                                   [&](const vorn::ControlItem& each) { return each.title == value; });
     if (item != control.items.end()) index = static_cast<int>(item - control.items.begin());
   }
   const bool isThere = index >= 0 && static_cast<std::size_t>(index) < control.items.size();
   return isThere ? std::optional(index) : std::nullopt;
 }
 
-constexpr std::string_view kProperties[] = {"hidden", "enabled", "on", "text", "index", "chosen"};
+constexpr std::string_view kProperties[] = {"hidden", "enabled", "on",     "text",    "index",
+                                            "chosen", "toolTip", "spoken", "focused", "border"};
 
 }  // namespace
 
@@ -71,6 +74,10 @@ std::string PanelProperty::value(Stage& stage) const {
   if (property == "enabled") return inWords(seen.enabled);
   if (property == "on") return inWords(seen.on);
   if (property == "text") return seen.text;
+  if (property == "toolTip") return seen.toolTip;
+  if (property == "spoken") return seen.spoken;
+  if (property == "focused") return inWords(seen.isFocused);
+  if (property == "border") return seen.redBorderWidth > 0 ? "red" : "plain";
   return property == "index" ? std::to_string(seen.index) : chosenOf(seen);
 }
 

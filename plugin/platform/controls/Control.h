@@ -1,15 +1,39 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "platform/controls/vnMaxLengthFormatter.h"
+
 namespace vorn {
+
+// One entry of a popup, or one column of a radio group.
+struct ControlItem {
+  std::string title;
+  // The whole title where the shown one was cut; "" otherwise.
+  std::string toolTip{};
+  // A heading stands among the entries and cannot be chosen, nor can the line between two groups of them.
+  bool enabled = true;
+  bool isSeparator = false;
+
+  // NOLINTNEXTLINE(google-explicit-constructor): a title alone is an entry.
+  ControlItem(std::string itemTitle) : title(std::move(itemTitle)) {}
+  ControlItem(std::string itemTitle, std::string wholeTitle)
+      : title(std::move(itemTitle)), toolTip(std::move(wholeTitle)) {}
+  static ControlItem heading(std::string title);
+  static ControlItem separator();
+
+  bool operator==(const ControlItem&) const = default;
+};
 
 // One control of a window as rules see it: what it shows, and whether it can be used. A front end draws it.
 //
 // The kind says which properties count; the others keep their first value.
 struct Control {
   enum class Kind {
+    window,       // a window of its own, attached to the sheet; closed while it is hidden
     box,          // a group of controls that is hidden as one
     label,        // text
     link,         // text that can be clicked
@@ -18,20 +42,47 @@ struct Control {
     radioButton,  // text and `on`; others go off when it goes on, as the rules say
     radioGroup,   // items, of which the one at the index is chosen
     popup,        // likewise
+    comboBox,     // text that the user types, or takes from the items
     textField,    // text that the user types
   };
 
   std::string key;
   Kind kind = Kind::label;
+  // The key of the window or box that it stands in; "" for the sheet itself.
+  std::string box{};
   bool hidden = false;
   bool enabled = true;
   bool on = false;
-  std::string text;
-  std::vector<std::string> items;
+  std::string text{};
+  std::vector<ControlItem> items{};
   int index = 0;
+  std::string toolTip{};
+  // What assistive programs say of it; "" for its text.
+  std::string spoken{};
+  // Shown in a field that is empty.
+  std::string placeholder{};
+  // Of a field; absent takes any text.
+  std::optional<vnMaxLengthFormatter> formatter{};
+  // A red border around a field, in points; 0 for none.
+  double redBorderWidth = 0;
+  // It has the keyboard.
+  bool isFocused = false;
 
   bool isShownAndOn() const { return !hidden && on; }
   bool operator==(const Control&) const = default;
 };
+
+inline ControlItem ControlItem::heading(std::string title) {
+  ControlItem item(std::move(title));
+  item.enabled = false;
+  return item;
+}
+
+inline ControlItem ControlItem::separator() {
+  ControlItem item("");
+  item.enabled = false;
+  item.isSeparator = true;
+  return item;
+}
 
 }  // namespace vorn

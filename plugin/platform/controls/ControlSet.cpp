@@ -8,12 +8,20 @@ ControlSet::ControlSet() : m_self(std::make_shared<ControlSet*>(this)) {}
 
 ControlSet::~ControlSet() { *m_self = nullptr; }
 
-Control& ControlSet::add(Control::Kind kind, std::string key) {
+Control& ControlSet::add(Control::Kind kind, std::string key, std::string box) {
   const auto [entry, isNew] = m_controls.try_emplace(key);
   if (isNew) m_keys.push_back(key);
   entry->second.key = std::move(key);
   entry->second.kind = kind;
+  entry->second.box = std::move(box);
   return entry->second;
+}
+
+void ControlSet::remove(std::string_view key) {
+  const auto found = m_controls.find(key);
+  if (found == m_controls.end()) return;
+  std::erase(m_keys, found->first);
+  m_controls.erase(found);
 }
 
 Control* ControlSet::find(std::string_view key) {
@@ -24,6 +32,40 @@ Control* ControlSet::find(std::string_view key) {
 const Control* ControlSet::find(std::string_view key) const {
   const auto found = m_controls.find(key);
   return found == m_controls.end() ? nullptr : &found->second;
+}
+
+bool ControlSet::isShown(std::string_view key) const {
+  const Control* control = find(key);
+  return control && !control->hidden;
+}
+
+bool ControlSet::isOn(std::string_view key) const {
+  const Control* control = find(key);
+  return control && control->on;
+}
+
+bool ControlSet::isShownAndOn(std::string_view key) const {
+  const Control* control = find(key);
+  return control && control->isShownAndOn();
+}
+
+bool ControlSet::isOnScreen(std::string_view key) const {
+  const Control* control = find(key);
+  while (control && !control->hidden) {
+    if (control->box.empty()) return true;
+    control = find(control->box);
+  }
+  return false;
+}
+
+std::string ControlSet::windowOf(std::string_view key) const {
+  const Control* control = find(key);
+  while (control && control->kind != Control::Kind::window) control = find(control->box);
+  return control ? control->key : "";
+}
+
+void ControlSet::focusOn(std::string_view key) {
+  for (auto& [each, control] : m_controls) control.isFocused = each == key;
 }
 
 ControlSet::Change::Change(ControlSet& controls) : m_controls(controls.m_self) { controls.begin(); }
@@ -54,6 +96,9 @@ std::vector<std::string> ControlSet::differences(const Controls& before) const {
   for (const std::string& key : m_keys) {
     const auto old = before.find(key);
     if (old == before.end() || old->second != m_controls.find(key)->second) changed.push_back(key);
+  }
+  for (const auto& [key, control] : before) {
+    if (!m_controls.contains(key)) changed.push_back(key);
   }
   return changed;
 }

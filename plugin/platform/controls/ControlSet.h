@@ -18,13 +18,28 @@ namespace vorn {
 // that leads back to where it began. What an observer changes is told of afterwards. Main thread only.
 class ControlSet {
  public:
-  // Adds a control; a key is added once. The reference holds as long as the set.
-  Control& add(Control::Kind kind, std::string key);
+  // Adds a control, in the box with that key or on the sheet itself; a key is added once. The reference holds
+  // until the control is removed.
+  Control& add(Control::Kind kind, std::string key, std::string box = {});
+  // Nothing for a key that is not there. Observers are told of a control that has gone as of any other change.
+  void remove(std::string_view key);
   // Null for a key that was not added.
   Control* find(std::string_view key);
   const Control* find(std::string_view key) const;
   // The keys in the order in which they were added.
   const std::vector<std::string>& keys() const { return m_keys; }
+
+  // As the control's own state says; false for a key that was not added. These are what rules ask.
+  bool isShown(std::string_view key) const;
+  bool isOn(std::string_view key) const;
+  bool isShownAndOn(std::string_view key) const;
+  // What a person sees: a control of a hidden box is not on the screen, whatever its own state.
+  bool isOnScreen(std::string_view key) const;
+  // The key of the window that the control stands in; "" for the sheet.
+  std::string windowOf(std::string_view key) const;
+
+  // Gives the keyboard to the control, and to no other; a key that was not added takes it from all.
+  void focusOn(std::string_view key);
 
   // Keeps the changes together that are made while it stands.
   class Change {
@@ -39,7 +54,8 @@ class ControlSet {
     std::shared_ptr<ControlSet*> m_controls;
   };
 
-  // The keys of the controls that have changed, in the order of the set.
+  // The keys of the controls that have changed, in the order of the set, and then those of the ones that have
+  // gone.
   using Observer = std::function<void(const std::vector<std::string>& keys)>;
   // The observer hears as long as the subscription lives.
   [[nodiscard]] std::shared_ptr<void> observe(Observer observer);

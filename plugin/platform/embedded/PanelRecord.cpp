@@ -41,14 +41,30 @@ const ControlSet* PanelRecord::on(const HostObject& window) const {
   return sheet ? &sheet->controls : nullptr;
 }
 
+namespace {
+
+// What a control takes from its user: not every text, and no entry that only stands among the others.
+bool mayBecome(const Control& control, const Control& proposed) {
+  if (control.formatter && !control.formatter->accepts(proposed.text)) return false;
+  const auto index = static_cast<std::size_t>(proposed.index);
+  return proposed.index == control.index || index >= control.items.size() || control.items[index].enabled;
+}
+
+}  // namespace
+
 PanelRecord::Use PanelRecord::use(const HostObject& window, const std::string& key,
                                   const std::function<void(Control&)>& change) const {
   Sheet* sheet = find(window);
   if (!sheet) return Use::noPanel;
   Control* control = sheet->controls.find(key);
   if (!control) return Use::noControl;
-  if (control->hidden) return Use::hidden;
+  if (!sheet->controls.isOnScreen(key)) return Use::hidden;
   if (!control->enabled) return Use::disabled;
+  if (change) {
+    Control proposed = *control;
+    change(proposed);
+    if (!mayBecome(*control, proposed)) return Use::refused;
+  }
   // What is called may end the sheet, and what it is called with goes with the sheet.
   const Presenter::PanelInput used = sheet->used;
   const ControlSet::Change step(sheet->controls);

@@ -21,9 +21,9 @@ class PanelRecord {
   const ControlSet* on(const HostObject& window) const;
 
   // What came of an act.
-  enum class Use { done, noPanel, noControl, hidden, disabled };
+  enum class Use { done, noPanel, noControl, hidden, disabled, refused };
   // A click on a control, with what the user makes of it, or nothing. Only what is on the screen and enabled can
-  // be used.
+  // be used, and it refuses a text that is too long and an entry that cannot be chosen.
   Use use(const HostObject& window, const std::string& key,
           const std::function<void(Control&)>& change = nullptr) const;
 

@@ -15,15 +15,18 @@ enum RecordingType : std::int32_t {
 
 }  // namespace
 
+RecordingState::Title recordingTitle(const RecordingKinds& kinds) {
+  if (kinds.both()) return RecordingState::Title::both;
+  return kinds.cloud ? RecordingState::Title::cloudOnly : RecordingState::Title::localOnly;
+}
+
 RecordingState recordingAtLoad(const RecordingKinds& kinds, std::int32_t type) {
   RecordingState state;
   if (!kinds.any()) return state;
   state.isShown = true;
   state.isOn = type != kNone;
-  if (!kinds.both()) {
-    state.title = kinds.cloud ? RecordingState::Title::cloudOnly : RecordingState::Title::localOnly;
-    return state;
-  }
+  state.title = recordingTitle(kinds);
+  if (!kinds.both()) return state;
   state.isLocalShown = state.isCloudShown = state.isOn;
   state.isCloudChosen = type == kCloudOfBoth;
   return state;
@@ -34,6 +37,26 @@ RecordingState recordingAfterClick(RecordingState state, const RecordingKinds& k
   state.isLocalShown = isOn && kinds.both();
   state.isCloudShown = state.isLocalShown && !isEndToEnd;
   return state;
+}
+
+EndToEndRecording recordingForEndToEnd(RecordingState state, const RecordingKinds& kinds, bool switchIsEnabled) {
+  EndToEndRecording result{state, false, switchIsEnabled};
+  RecordingState& shown = result.state;
+  if (kinds.local || !kinds.cloud) {
+    if (shown.isOn && shown.isLocalShown && shown.isCloudShown && shown.isCloudChosen) {
+      shown.isCloudChosen = false;
+      shown.isLocalShown = false;
+      shown.isOn = false;
+    }
+    shown.isCloudShown = false;
+    result.choicesAreDisabled = true;
+  } else {
+    shown.isLocalShown = shown.isCloudShown = false;
+    shown.isOn = false;
+    result.switchIsEnabled = false;
+  }
+  if (!shown.isOn && !result.switchIsEnabled) shown.isShown = false;
+  return result;
 }
 
 std::int32_t recordingTypeToCommit(const RecordingKinds& kinds, const RecordingState& shown, bool enableE2ee) {

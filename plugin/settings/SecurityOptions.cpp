@@ -1,0 +1,335 @@
+#include "settings/SecurityOptions.h"
+
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "channel/store/vnLocalProfileKeys.h"
+#include "data/NotAgainFlags.h"
+#include "settings/VNPasswordRuleWindowController.h"
+#include "settings/rules/LongTexts.h"
+#include "settings/rules/PasscodeHelp.h"
+
+namespace vorn {
+
+using Kind = Control::Kind;
+using namespace panel_rules;
+
+namespace {
+
+constexpr const char* kBox = "meetingPasswordBox";
+constexpr const char* kTip = "securityTipView";
+constexpr std::size_t kLongestPasscode = 10;
+
+// The service has refused the last commit; told once.
+SiteFlag notStrongerPasscode() { return SiteFlag(vn_NotStrongerPasscode); }
+SiteFlag securityNotSelected() { return SiteFlag(vn_SecurityNotSeleteOne); }
+
+void showPrompt(Control& prompt, const std::string& text) {
+  const ShownText shown = shownText(LongText::prompt, text);
+  prompt.text = shown.text;
+  prompt.toolTip = shown.toolTip;
+  prompt.spoken = text;
+}
+
+}  // namespace
+
+SecurityOptions::SecurityOptions(const PanelParts& panel, VNPasswordRuleWindowController& passwordRuleWindow)
+    : m_controls(panel.controls),
+      m_record(panel.record),
+      m_context(panel.context),
+      m_steps(panel.steps),
+      m_passwordRuleWindow(passwordRuleWindow),
+      m_meetingPasswordBox(m_controls.add(Kind::box, kBox)),
+      m_requiredMeetingPswButton(m_controls.add(Kind::checkBox, "requiredMeetingPswButton", kBox)),
+      m_passwordTextField(m_controls.add(Kind::textField, "passwordTextField", kBox)),
+      m_pswHelpButton(m_controls.add(Kind::label, "pswHelpButton", kBox)),
+      m_pswFormatErrorTextField(m_controls.add(Kind::label, "pswFormatErrorTextField", kBox)),
+      m_passwordPrompt(m_controls.add(Kind::label, "passwordPrompt", kBox)),
+      m_enableWaitingRoom(m_controls.add(Kind::checkBox, "enableWaitingRoom", kBox)),
+      m_waitingRoomPrompt(m_controls.add(Kind::label, "waitingRoomPrompt", kBox)),
+      m_securityErrorTextField(m_controls.add(Kind::label, "securityErrorTextField", kBox)),
+      m_securityTipView(m_controls.add(Kind::box, kTip, kBox)),
+      m_securityTipText(m_controls.add(Kind::label, "securityTipText", kTip)),
+      m_securityTipCloseButton(m_controls.add(Kind::button, "securityTipCloseButton", kTip)) {
+  m_passwordTextField.formatter = vnMaxLengthFormatter(kLongestPasscode);
+  m_pswFormatErrorTextField.hidden = true;
+  m_securityErrorTextField.hidden = true;
+  m_securityTipView.hidden = true;
+}
+
+void SecurityOptions::initWithLocalString() {
+  m_requiredMeetingPswButton.text = panelText("LN_Schedule_Security_Passcode_166836");
+  m_passwordTextField.placeholder = panelText("LN_Schedule_PasswordPlaceHolder_82199");
+  m_passwordTextField.spoken = panelText("LN_Schedule_Security_Passcode_166836");
+  m_pswHelpButton.text = panelText("LN_Schedule_Passcode_Help");
+  m_enableWaitingRoom.text = panelText("LN_Schedule_Enable_Waiting_Room_151930");
+  m_enableWaitingRoom.spoken = m_enableWaitingRoom.text;
+  m_securityErrorTextField.text = securityErrorText(panelText);
+  m_securityTipText.text = waitingRoomTipText(panelText);
+  m_securityTipCloseButton.text = panelText("LN_Schedule_Tip_Close");
+}
+
+PasscodeSituation SecurityOptions::situation() const {
+  return {.usePMI = m_record.usePMI(), .enableJBH = m_controls.isOn("enableJBHButton")};
+}
+
+// -- Passcode ----------------------------------------------------------------------------------------------------
+
+void SecurityOptions::initPasscode() {
+  m_requiredMeetingPswButton.on =
+      passcodeRequiredAtLoad(m_record.options(), isUpdate(), m_context.facts(m_record).account);
+  m_requiredMeetingPswButton.hidden = false;
+  m_passwordTextField.text = m_record.meetingPassword().value_or("");
+  m_passwordTextField.hidden = !m_requiredMeetingPswButton.on;
+  m_passwordTextField.enabled = m_requiredMeetingPswButton.on;
+}
+
+std::int64_t SecurityOptions::failedRules() const {
+  std::int64_t failed = 0;
+  vnSettingData::ValidateMeetingPassword(m_passwordTextField.text, failed);
+  return failed;
+}
+
+std::int64_t SecurityOptions::getPasswordRuleResult() const {
+  return m_requiredMeetingPswButton.on ? failedRules() : 0;
+}
+
+void SecurityOptions::resetPasswordRuleUI() { resetMeetingPasswordErrorTextField(); }
+
+std::int64_t SecurityOptions::resetMeetingPasswordErrorTextField() {
+  const PasscodeVerdict verdict =
+      passcodeVerdict(m_requiredMeetingPswButton.on, getPasswordRuleResult(), panelText);
+  show(verdict);
+  return verdict.result;
+}
+
+void SecurityOptions::resetStrongerPasswordFormatErrorTextField() {
+  show(strongerPasscodeVerdict(failedRules(), panelText));
+  notStrongerPasscode().set(false);
+}
+
+void SecurityOptions::resetUIForPasswordFormatErrorTextField() {
+  if (notStrongerPasscode().isSet()) return resetStrongerPasswordFormatErrorTextField();
+  show(passcodeVerdictAtLoad({.usePMI = m_record.usePMI(),
+                              .isUpdate = isUpdate(),
+                              .isRequired = m_requiredMeetingPswButton.on,
+                              .failedRules = failedRules()},
+                             panelText));
+}
+
+void SecurityOptions::show(const PasscodeVerdict& verdict) {
+  m_pswFormatErrorTextField.hidden = verdict.error.empty();
+  m_pswFormatErrorTextField.text = verdict.error;
+  if (verdict.redBorderWidth) m_passwordTextField.redBorderWidth = *verdict.redBorderWidth;
+}
+
+void SecurityOptions::resetPswHelpButtonState() {
+  const PasscodeHelp help =
+      passcodeHelp({.switchIsHidden = m_requiredMeetingPswButton.hidden,
+                    .fieldIsHidden = m_passwordTextField.hidden,
+                    .passcode = m_passwordTextField.text,
+                    .isDisablePwdEmbedInJoinUrl = m_context.facts(m_record).account.isDisablePwdEmbedInJoinUrl},
+                   panelText);
+  m_pswHelpButton.hidden = help.hidden;
+  m_pswHelpButton.toolTip = help.toolTip;
+}
+
+void SecurityOptions::turnPasscode(bool on) {
+  m_requiredMeetingPswButton.on = on;
+  m_passwordTextField.hidden = !on;
+  m_passwordTextField.enabled = on;
+}
+
+// The user has to type it, or at least to see that it is there.
+void SecurityOptions::requirePasscode() {
+  turnPasscode(true);
+  m_steps.makeFirstResponderWithObject(m_passwordTextField.key);
+}
+
+bool SecurityOptions::checkIfNeedRegeneratePasscode() const {
+  return needsNewPasscode(m_record.usePMI(), m_requiredMeetingPswButton.on, m_passwordTextField.text.empty(),
+                          failedRules() != 0);
+}
+
+void SecurityOptions::regenerateIfNeeded() {
+  if (checkIfNeedRegeneratePasscode()) m_passwordTextField.text = vnSettingData::getRandomPassWord();
+}
+
+void SecurityOptions::checkIfPasswordRequired() {
+  if (isPasscodeForced(situation(), m_context.facts(m_record).account)) {
+    requirePasscode();
+    m_record.setRequiredMeetingPassword(true);
+  }
+  regenerateIfNeeded();
+  resetMeetingPasswordErrorTextField();
+  initSecurityBox();
+  resetPswHelpButtonState();
+  m_steps.checkScheduleButton();
+}
+
+bool SecurityOptions::checkIfLockPassword() const {
+  return isPasscodeLocked(situation(), m_context.facts(m_record).account);
+}
+
+void SecurityOptions::checkIfRequirePasswordLocked() {
+  const PasscodeSituation meeting = situation();
+  const std::optional<bool> locked = lockedPasscodeRequired(meeting, m_context.facts(m_record).account);
+  m_requiredMeetingPswButton.enabled = !locked;
+  if (locked) {
+    if (meeting.usePMI && *locked) {
+      requirePasscode();
+    } else {
+      turnPasscode(*locked);
+    }
+    if (!meeting.usePMI) m_record.setRequiredMeetingPassword(*locked);
+  }
+  regenerateIfNeeded();
+  resetMeetingPasswordErrorTextField();
+  resetPswHelpButtonState();
+  m_steps.checkScheduleButton();
+}
+
+void SecurityOptions::updatePasswordStateWithJBHChanged() {
+  const OptionFacts facts = m_context.facts(m_record);
+  const PasscodeSwitchChange change = passcodeSwitchAfterJoinBeforeHost(situation(), facts.account, facts.client);
+  if (change.forcedOn) {
+    requirePasscode();
+    m_record.setRequiredMeetingPassword(true);
+  }
+  if (change.enabled) m_requiredMeetingPswButton.enabled = *change.enabled;
+  regenerateIfNeeded();
+  resetMeetingPasswordErrorTextField();
+  resetPswHelpButtonState();
+  m_steps.checkScheduleButton();
+  initSecurityBox();
+}
+
+// -- Waiting room ------------------------------------------------------------------------------------------------
+
+void SecurityOptions::initWaitingRoomOption() {
+  m_enableWaitingRoom.hidden = false;
+  m_enableWaitingRoom.on = waitingRoomAtLoad(m_record.options(), isUpdate(), m_context.facts(m_record).account);
+}
+
+void SecurityOptions::checkAccountLocked() {
+  m_enableWaitingRoom.enabled = !m_context.facts(m_record).account.isLockWaitingRoom;
+}
+
+// -- The whole section -------------------------------------------------------------------------------------------
+
+SecurityControls SecurityOptions::shown() const {
+  return {.meetingPasswordBoxHidden = m_meetingPasswordBox.hidden,
+          .requiredMeetingPswHidden = m_requiredMeetingPswButton.hidden,
+          .requiredMeetingPswOn = m_requiredMeetingPswButton.on,
+          .passwordPromptHidden = m_passwordPrompt.hidden,
+          .passwordFieldHidden = m_passwordTextField.hidden,
+          .pswHelpHidden = m_pswHelpButton.hidden,
+          .enableWaitingRoomHidden = m_enableWaitingRoom.hidden,
+          .enableWaitingRoomOn = m_enableWaitingRoom.on,
+          .waitingRoomPromptHidden = m_waitingRoomPrompt.hidden,
+          .restrictDomainsBoxHidden = !m_controls.isShown("restrictDomainsBox"),
+          .onlySignedinOn = m_controls.isShownAndOn("onlySignedinWithSpecifiedDomains"),
+          .errorHidden = m_securityErrorTextField.hidden,
+          .tipHidden = m_securityTipView.hidden};
+}
+
+void SecurityOptions::show(const SecurityControls& section) {
+  m_meetingPasswordBox.hidden = section.meetingPasswordBoxHidden;
+  m_requiredMeetingPswButton.hidden = section.requiredMeetingPswHidden;
+  m_passwordPrompt.hidden = section.passwordPromptHidden;
+  m_passwordTextField.hidden = section.passwordFieldHidden;
+  m_pswHelpButton.hidden = section.pswHelpHidden;
+  m_enableWaitingRoom.hidden = section.enableWaitingRoomHidden;
+  m_enableWaitingRoom.on = section.enableWaitingRoomOn;
+  m_waitingRoomPrompt.hidden = section.waitingRoomPromptHidden;
+  m_securityErrorTextField.hidden = section.errorHidden;
+  m_securityTipView.hidden = section.tipHidden;
+}
+
+void SecurityOptions::initSecurityBox() {
+  const OptionFacts facts = m_context.facts(m_record);
+  const SecurityOutcome outcome = securityBox(shown(),
+                                              {.passcode = situation(),
+                                               .wasSecurityNotSelected = securityNotSelected().isSet(),
+                                               .isWaitingRoomTipKnown = not_again::waitingRoomTip().isSet()},
+                                              facts.account, facts.client);
+  show(outcome.controls);
+  if (facts.account.hasUserProfile) updateSecurityBoxAccessibility();
+  if (outcome.enableWaitingRoom) m_record.setEnableWaitingRoom(*outcome.enableWaitingRoom);
+  if (outcome.requiredMeetingPassword) m_record.setRequiredMeetingPassword(*outcome.requiredMeetingPassword);
+  if (outcome.isSignedInUsersMeetingOn) {
+    m_record.setIsSignedInUsersMeetingOn(*outcome.isSignedInUsersMeetingOn);
+    m_steps.hideRestrictDomainsBox();
+  }
+  if (outcome.clearsSecurityNotSelected) securityNotSelected().set(false);
+  if (outcome.remembersWaitingRoomTip) not_again::waitingRoomTip().set(true);
+}
+
+void SecurityOptions::updateSecurityBoxAccessibility() {
+  showPrompt(m_passwordPrompt, passcodePrompt(m_context.facts(m_record).account, panelText));
+  showPrompt(m_waitingRoomPrompt, panelText("LN_Schedule_WaitingRoom_Prompt_212646"));
+}
+
+void SecurityOptions::resetSecurityErrorTextField() {
+  const OptionFacts facts = m_context.facts(m_record);
+  m_securityErrorTextField.hidden = securityErrorIsHidden(shown(), facts.account, facts.client);
+}
+
+// -- What the user does ------------------------------------------------------------------------------------------
+
+void SecurityOptions::userChanged(std::string_view key) {
+  if (key == m_passwordTextField.key) return m_passcodeField.textDidChange();
+  if (key == m_requiredMeetingPswButton.key) return onClickRequiredMeetingPswButton();
+  if (key == m_enableWaitingRoom.key) return onClickEnableWaitingRoom();
+  if (key == m_securityTipCloseButton.key) m_securityTipView.hidden = true;
+}
+
+void SecurityOptions::fieldTextChange() {
+  const bool supportsRules = vnClientFeatureMgr::sharedInstance().isVornClientSupportPasswordRule();
+  m_passwordTextField.text = typedPasscode(m_passwordTextField.text, supportsRules);
+  resetPswHelpButtonState();
+  const std::int64_t result = resetMeetingPasswordErrorTextField();
+  m_steps.checkScheduleButton();
+  if (vnSettingData::passcodePolicy().rules <= 0) return;
+  resetPasswordTextFieldAccess(result);
+  m_passwordRuleWindow.setSettingViewPasswordDetail(m_passwordTextField.text, result);
+  m_passwordRuleWindow.showWindowSheet();
+}
+
+// Who cannot see the list of rules hears it with the field.
+void SecurityOptions::resetPasswordTextFieldAccess(std::int64_t ruleResult) {
+  m_passwordTextField.spoken = m_passwordRuleWindow.spokenRules(m_passwordTextField.text, ruleResult);
+}
+
+void SecurityOptions::onClickRequiredMeetingPswButton() {
+  if (m_requiredMeetingPswButton.on) {
+    requirePasscode();
+    regenerateIfNeeded();
+  } else {
+    m_passwordTextField.hidden = true;
+    m_steps.closeSubWindows();
+  }
+  m_record.setRequiredMeetingPassword(m_requiredMeetingPswButton.on);
+  resetMeetingPasswordErrorTextField();
+  resetSecurityErrorTextField();
+  resetPswHelpButtonState();
+  m_steps.checkScheduleButton();
+}
+
+void SecurityOptions::onClickEnableWaitingRoom() {
+  m_record.setEnableWaitingRoom(m_enableWaitingRoom.on);
+  resetSecurityErrorTextField();
+  m_steps.checkScheduleButton();
+}
+
+// -- Commit ------------------------------------------------------------------------------------------------------
+
+void SecurityOptions::writePasscode() {
+  m_record.setMeetingPassword(m_passwordTextField.text);
+  m_record.setRequiredMeetingPassword(m_requiredMeetingPswButton.on);
+}
+
+void SecurityOptions::writeWaitingRoom() {
+  m_record.setEnableWaitingRoom(m_enableWaitingRoom.on);
+  m_record.setSupportWaitingRoom(true);
+}
+
+}  // namespace vorn
