@@ -24,7 +24,30 @@ class PanelSteps {
   // The control gets the keyboard when the present event is over. Only the last wish counts.
   virtual void makeFirstResponderWithObject(std::string_view key) = 0;
 
+  // -- Meeting ID, and whom the meeting is scheduled for; -1 is oneself, others are counted from 0
+  virtual void refreshUI(bool forPMI) = 0;
+  virtual void setPMIMeetingInfo(const Value& meetingInfo) = 0;
+  virtual void getPMIMeetingInfo() = 0;
+  virtual void updatePMITitle(int index) = 0;
+  virtual void initPMIDisableMessageView(int index) = 0;
+  // The meeting gets a number of its own if that person has no personal ID to use.
+  virtual void leavePMIWithoutOne(int index) = 0;
+  // The person's e-mail as the controls have it; "" for oneself. The record may still be another's.
+  virtual std::string getUIScheduleForEmail() const = 0;
+  virtual void setScheduleForListInfo(bool forOther) = 0;
+  // The record has taken the account's defaults; what stays on the screen goes on to hold.
+  virtual void keepShownSwitches() = 0;
+
+  // -- What depends on the person
+  virtual void initEncryptionBox() = 0;
+  virtual void updateCountriesUIItems(const VNAvailableDialinCountryContent& content) = 0;
+  virtual void initEditCountriesOptions() = 0;
+  virtual void initTemplateBox() = 0;
+  virtual void initDataCenterRegionsBox() = 0;
+  virtual void initAllowDenyOptionBox() = 0;
+
   // -- Security
+  virtual void checkIfPasswordRequired() = 0;
   virtual void hideRestrictDomainsBox() = 0;
   virtual void resetSecurityErrorTextField() = 0;
   virtual void updatePasswordStateWithJBHChanged() = 0;

@@ -30,8 +30,19 @@ class SettingsContext {
   bool isEnableRecurrence() const;
   // The language in which the meeting's invitation was written last; absent when none was, "" without a manager.
   OptionalText getInvitationLanguage() const;
+  // The meeting's number; "" without a manager.
+  std::string getVornMeetingKey() const;
+  // The name of a person whom the user schedules for; "" for anybody else.
+  std::string getDisplayNameWithOnbehalfEmail(const std::string& email) const;
   // Whom the panel is opened for; "" for oneself.
   std::string scheduledForAtOpening() const;
+
+  // Ask the client. The replies come to the panel; nothing without a manager.
+  void getPMIMeetingInfo() const;
+  void getScheduleForList() const;
+  // Whether the client has yet to answer: with a meeting, with the people to schedule for.
+  bool awaitsMeeting() const;
+  bool awaitsScheduleForList() const;
 
   // Of the account and the client, and of the person whom the record is scheduled for.
   OptionFacts facts(const vnSettingData& record) const;

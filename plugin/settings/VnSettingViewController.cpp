@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "channel/commands/vnAPIKeys.h"
 #include "data/vnSettingKeys.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
@@ -19,7 +20,12 @@ constexpr std::array<std::string_view, 3> kErrorFields{"pswFormatErrorTextField"
 
 }  // namespace
 
-VnSettingViewController::VnSettingViewController(const SettingsContext& context) : m_context(context) {}
+VnSettingViewController::VnSettingViewController(const SettingsContext& context)
+    : m_context(context),
+      m_clientWaitEnded(Registry::platform().notificationCenter->observe(
+          notify_ClientWaitEnded, [this](const NotificationCenter::Notification& note) {
+            if (note.userInfo[keyApptWindowID].text() == m_context.windowId()) checkScheduleButton();
+          })) {}
 
 VnSettingViewController::~VnSettingViewController() {
   if (RunLoop* runLoop = Registry::platform().runLoop) runLoop->cancelPrevious(this);
@@ -38,7 +44,12 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   m_settingData.initWithSiteMeetingInfo(meetingInfo);
   m_keptOfNewMeeting = m_settingData;
   initializeItems();
-  // The meeting ID and the people to schedule for have no group yet: neither is fetched.
+  m_meetingId.updateOneTimeMeetingTitle();
+  if (m_settingData.usePMI()) {
+    m_meetingId.getPMIMeetingInfo();
+  } else if (!m_settingData.scheduleForEmail().value_or("").empty()) {
+    m_scheduleFor.getScheduleForList();
+  }
 }
 
 void VnSettingViewController::setSiteMeetingInfo(const Value& meetingInfo) {
@@ -54,6 +65,11 @@ void VnSettingViewController::initWithLocalString() {
   m_plainOptions.initWithLocalString();
   m_security.initWithLocalString();
   m_encryption.initWithLocalString();
+  m_signInDomains.initWithLocalString();
+  m_domainsWindowController.initWithLocalString();
+  m_scheduleFor.initWithLocalString();
+  m_meetingId.initWithLocalString();
+  m_template.initWithLocalString();
   m_buttonContinue.text = localizedString("Button_Continue");
   m_buttonCancel.text = localizedString("Button_Cancel");
 }
@@ -61,7 +77,9 @@ void VnSettingViewController::initWithLocalString() {
 void VnSettingViewController::updateUIItemsForNextTime() {
   const ControlSet::Change change(m_controls);
   closeSubWindows();
+  m_domainsWindowController.closeWindowSheet();
   initializeItems();
+  m_meetingId.updateOneTimeMeetingTitle();
 }
 
 // The order of loading. Where a group is missing its place is told, and none of its controls is in the set.
@@ -73,12 +91,14 @@ void VnSettingViewController::initializeItems() {
   m_joinBeforeHost.initJBHOptions();
   m_plainOptions.initMuteUponEntryBox();
   m_signInDomains.initOnlySignedin();
-  // Meeting ID: updatePMITitle. Tracking fields: their chosen values.
+  m_meetingId.initPMITitle();
+  // Tracking fields: their chosen values.
   m_plainOptions.initMuteParticipantUponEntry();
   m_plainOptions.initRecordingOptions();
   // Alternate hosts.
   m_plainOptions.initForceIncludeJoinurlInLocation();
-  // Meeting ID: initScheduleForBox, the choice of the ID.
+  m_scheduleFor.initScheduleForBox();
+  m_meetingId.initMeetingIDBox();
   m_plainOptions.initAudioWatermarkButton();
   m_plainOptions.initPutTheInvitationAtTheTopButton();
   m_plainOptions.initSelectInvitationLanguage();
@@ -90,8 +110,8 @@ void VnSettingViewController::initializeItems() {
   m_signInDomains.initRestrictDomainsBox();
   m_plainOptions.initAudioWatermark();
   m_plainOptions.initPutInvitationAtTheTop();
-  // Meeting ID: initPMIDisableMessageView.
-  // Templates: isCheckedScheduleButtonForTemplate, initTemplateBox.
+  m_meetingId.initPMIDisableMessageView(m_scheduleFor.scheduleForIndex());
+  m_template.loadTemplateBox();
   checkAccountLocked();
   m_encryption.initEncryptionBox();
   m_security.initSecurityBox();
@@ -105,7 +125,8 @@ void VnSettingViewController::checkAccountLocked() {
   m_plainOptions.checkAccountLocked();
   m_signInDomains.checkAccountLocked();
   m_security.checkAccountLocked();
-  // Meeting ID: both buttons. Join regions: allowDenyButton.
+  m_meetingId.checkAccountLocked();
+  // Join regions: allowDenyButton.
   checkE2eeAffectedAccountLocked();
   m_security.checkIfRequirePasswordLocked();
 }
@@ -138,7 +159,10 @@ void VnSettingViewController::refreshUI(bool forPMI) {
   closeSubWindows();
   initWithLocalString();
   if (forPMI) {
+    const std::string person = m_scheduleFor.getUIScheduleForEmail();
     m_settingData.initWithSiteMeetingInfo(m_pmiMeetingInfo);
+    // It was fetched for whom the user has chosen, also where it does not say whose it is.
+    if (!person.empty()) m_settingData.setScheduleForEmail(person);
     if (m_context.isForUpdateVornMeeting()) {
       m_settingData.resetRequiredPasswordForEditPMIMeeting(m_pmiMeetingInfo);
     }
@@ -165,6 +189,10 @@ void VnSettingViewController::userChanged(std::string_view key) {
   m_signInDomains.userChanged(key);
   m_joinBeforeHost.userChanged(key);
   m_encryption.userChanged(key);
+  m_domainsWindowController.userChanged(key);
+  m_scheduleFor.userChanged(key);
+  m_meetingId.userChanged(key);
+  m_template.userChanged(key);
   checkScheduleButton();
 }
 
@@ -188,6 +216,16 @@ void VnSettingViewController::resetPasswordRuleUI() {
   m_security.resetPasswordRuleUI();
 }
 
+void VnSettingViewController::resetTemplateBoxUI() {
+  const ControlSet::Change change(m_controls);
+  m_template.resetTemplateBoxUI();
+}
+
+void VnSettingViewController::setScheduleForListInfo(bool forOther) {
+  const ControlSet::Change change(m_controls);
+  m_scheduleFor.setScheduleForListInfo(forOther);
+}
+
 void VnSettingViewController::checkScheduleButton() {
   const ControlSet::Change change(m_controls);
   ContinueFacts facts;
@@ -196,6 +234,7 @@ void VnSettingViewController::checkScheduleButton() {
   facts.passcode = m_controls.find("passwordTextField")->text;
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
+  facts.awaitsReply = m_context.awaitsMeeting() || m_context.awaitsScheduleForList();
   m_buttonContinue.enabled = mayContinue(facts);
 }
 
@@ -217,12 +256,14 @@ void VnSettingViewController::takeControls() {
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
   // Alternate hosts.
   m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
-  // Countries, whom the meeting is scheduled for.
+  // Countries.
+  m_scheduleFor.writeScheduleFor();
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
   m_joinBeforeHost.writeJoinBeforeHost();
   m_signInDomains.writeSignIn();
   m_security.writeWaitingRoom();
-  // The template, join regions.
+  m_template.writeTemplate();
+  // Join regions.
 }
 
 void VnSettingViewController::throwEditsAway() {

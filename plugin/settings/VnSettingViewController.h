@@ -3,11 +3,16 @@
 #include <string>
 #include <string_view>
 
+#include "platform/NotificationCenter.h"
 #include "settings/EncryptionOptions.h"
 #include "settings/JoinBeforeHostOptions.h"
+#include "settings/MeetingIdOptions.h"
 #include "settings/PlainOptions.h"
+#include "settings/ScheduleForOptions.h"
 #include "settings/SecurityOptions.h"
 #include "settings/SignInDomainOptions.h"
+#include "settings/TemplateOptions.h"
+#include "settings/VNDomainsWindowController.h"
 #include "settings/VNPasswordRuleWindowController.h"
 
 namespace vorn {
@@ -33,7 +38,7 @@ class VnSettingViewController final : private PanelSteps {
   void updateUIItemsForNextTime();
   void initializeItems();
   // The record is the personal meeting's from now on, or the account's for a meeting with a number of its own.
-  void refreshUI(bool forPMI);
+  void refreshUI(bool forPMI) override;
 
   // A press beside the controls, or on one that has nothing to say, comes with the key of none.
   void userChanged(std::string_view key);
@@ -47,6 +52,15 @@ class VnSettingViewController final : private PanelSteps {
   std::int64_t getPasswordRuleResult() const { return m_security.getPasswordRuleResult(); }
   // Shows them.
   void resetPasswordRuleUI();
+  // The chosen template is gone; shows it.
+  bool checkIfDeletedTemplate() const { return m_template.checkIfDeletedTemplate(); }
+  void resetTemplateBoxUI();
+  // Whose personal meeting it is; that of a number of its own is nobody's.
+  std::string getScheduldForEmailFromUI() const { return m_scheduleFor.getScheduleForEmailFromUI(); }
+  // The client has answered with the people to schedule for.
+  void setScheduleForListInfo(bool forOther) override;
+  // Before every commit: what the account has turned off meanwhile.
+  void checkPMISettingsCompliance() { m_meetingId.checkPMISettingsCompliance(m_scheduleFor.scheduleForIndex()); }
 
   // The record takes the controls, or goes back to where it was.
   void onSettingsCommit(bool isOK);
@@ -55,7 +69,7 @@ class VnSettingViewController final : private PanelSteps {
 
   vnSettingData& settingData() { return m_settingData; }
   const Value& getSiteMeetingInfo() const { return m_siteMeetingInfo; }
-  void setPMIMeetingInfo(const Value& meetingInfo);
+  void setPMIMeetingInfo(const Value& meetingInfo) override;
   void resetMeetingItemWhenUpdateError();
   void updatePasswordAfterCommit(const OptionalText& passcode);
 
@@ -67,6 +81,20 @@ class VnSettingViewController final : private PanelSteps {
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();
 
+  void getPMIMeetingInfo() override { m_meetingId.getPMIMeetingInfo(); }
+  void updatePMITitle(int index) override { m_meetingId.updatePMITitle(index); }
+  void initPMIDisableMessageView(int index) override { m_meetingId.initPMIDisableMessageView(index); }
+  void leavePMIWithoutOne(int index) override { m_meetingId.leavePMIWithoutOne(index); }
+  std::string getUIScheduleForEmail() const override { return m_scheduleFor.getUIScheduleForEmail(); }
+  void keepShownSwitches() override { m_plainOptions.writeShownSwitches(); }
+  void initEncryptionBox() override { m_encryption.initEncryptionBox(); }
+  // Countries have no group yet, nor have data centres and join regions.
+  void updateCountriesUIItems(const VNAvailableDialinCountryContent&) override {}
+  void initEditCountriesOptions() override {}
+  void initTemplateBox() override { m_template.initTemplateBox(); }
+  void initDataCenterRegionsBox() override {}
+  void initAllowDenyOptionBox() override {}
+  void checkIfPasswordRequired() override { m_security.checkIfPasswordRequired(); }
   void hideRestrictDomainsBox() override { m_signInDomains.hideRestrictDomainsBox(); }
   void resetSecurityErrorTextField() override { m_security.resetSecurityErrorTextField(); }
   void updatePasswordStateWithJBHChanged() override { m_security.updatePasswordStateWithJBHChanged(); }
@@ -82,14 +110,19 @@ class VnSettingViewController final : private PanelSteps {
   Value m_pmiMeetingInfo = Value::dictionary();
   ControlSet m_controls;
   const PanelParts m_parts{m_controls, m_settingData, m_context, *this};
+  VNDomainsWindowController m_domainsWindowController{m_controls};
   VNPasswordRuleWindowController m_passwordRuleWindowController{m_controls};
   PlainOptions m_plainOptions{m_parts};
   SecurityOptions m_security{m_parts, m_passwordRuleWindowController};
-  SignInDomainOptions m_signInDomains{m_parts};
+  SignInDomainOptions m_signInDomains{m_parts, m_domainsWindowController};
+  ScheduleForOptions m_scheduleFor{m_parts};
+  MeetingIdOptions m_meetingId{m_parts};
+  TemplateOptions m_template{m_parts};
   JoinBeforeHostOptions m_joinBeforeHost{m_parts};
   EncryptionOptions m_encryption{m_parts};
   Control& m_buttonContinue = m_controls.add(Control::Kind::button, "buttonContinue");
   Control& m_buttonCancel = m_controls.add(Control::Kind::button, "buttonCancel");
+  NotificationCenter::Subscription m_clientWaitEnded;
 };
 
 }  // namespace vorn

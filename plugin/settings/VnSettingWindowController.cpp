@@ -51,8 +51,10 @@ void VnSettingWindowController::userUsed(const std::string& key) {
   m_mySettingViewController->userChanged(key);
 }
 
+// A reply for a panel that the user has left meanwhile comes too late: it would change what he has committed, or
+// dismissed.
 void VnSettingWindowController::refreshUI(bool forPMI) {
-  if (m_mySettingViewController) m_mySettingViewController->refreshUI(forPMI);
+  if (m_sheet) m_mySettingViewController->refreshUI(forPMI);
 }
 
 void VnSettingWindowController::closeSubWindows() {
@@ -67,11 +69,22 @@ void VnSettingWindowController::resetPasswordRuleUI() {
   if (m_mySettingViewController) m_mySettingViewController->resetPasswordRuleUI();
 }
 
+bool VnSettingWindowController::checkIfDeletedTemplate() const {
+  return m_mySettingViewController && m_mySettingViewController->checkIfDeletedTemplate();
+}
+
+void VnSettingWindowController::resetTemplateBoxUI() {
+  if (m_mySettingViewController) m_mySettingViewController->resetTemplateBoxUI();
+}
+
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingWindowController::postSettingCommitCommand(const Value& command) {
   const bool isOK = command[keyButtonClickIsOK].boolValue();
-  if (m_mySettingViewController) m_mySettingViewController->onSettingsCommit(isOK);
+  if (m_mySettingViewController) {
+    m_mySettingViewController->checkPMISettingsCompliance();
+    m_mySettingViewController->onSettingsCommit(isOK);
+  }
   Value told = command;
   told.set(keyApptWindowID, m_context.windowId());
   // The manager acts on the commit before the choices are saved.
@@ -97,11 +110,8 @@ Value VnSettingWindowController::getVnSettingsData() {
   return m_mySettingViewController ? m_mySettingViewController->getSettingsData() : Value();
 }
 
-// Whose personal meeting it is; oneself's and that of a number of its own is nobody's.
 std::string VnSettingWindowController::getScheduldForEmailFromUI() {
-  if (!m_mySettingViewController) return "";
-  const vnSettingData& record = m_mySettingViewController->settingData();
-  return record.usePMI() ? record.scheduleForEmail().value_or("") : "";
+  return m_mySettingViewController ? m_mySettingViewController->getScheduldForEmailFromUI() : "";
 }
 
 Value VnSettingWindowController::getSiteMeetingInfo() {
@@ -132,9 +142,8 @@ void VnSettingWindowController::resetMeetingItemWhenUpdateError() {
   if (m_mySettingViewController) m_mySettingViewController->resetMeetingItemWhenUpdateError();
 }
 
-// The people themselves have no group yet.
-void VnSettingWindowController::setScheduleForListInfo(bool /*arrived*/) {
-  if (m_mySettingViewController) m_mySettingViewController->checkScheduleButton();
+void VnSettingWindowController::setScheduleForListInfo(bool arrived) {
+  if (m_sheet) m_mySettingViewController->setScheduleForListInfo(arrived);
 }
 
 }  // namespace vorn

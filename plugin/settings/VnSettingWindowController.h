@@ -40,6 +40,9 @@ class VnSettingWindowController final : public SettingsPanel,
   // The failed rules of the passcode; 0 when none is asked for.
   std::int64_t getPasswordRuleResult() const;
   void resetPasswordRuleUI();
+  // The chosen template is gone.
+  bool checkIfDeletedTemplate() const;
+  void resetTemplateBoxUI();
 
   // Null before the sheet was shown.
   VnSettingViewController* mySettingViewController() { return m_mySettingViewController.get(); }
