@@ -157,6 +157,7 @@ void VnSettingViewController::updateAffectedOptionsForE2ee() {
 void VnSettingViewController::refreshUI(bool forPMI) {
   const ControlSet::Change change(m_controls);
   closeSubWindows();
+  if (m_refreshTarget) m_refreshTarget(forPMI);
   initWithLocalString();
   if (forPMI) {
     const std::string person = m_scheduleFor.getUIScheduleForEmail();

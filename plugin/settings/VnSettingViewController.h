@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/NotificationCenter.h"
 #include "settings/EncryptionOptions.h"
@@ -30,6 +32,8 @@ class VnSettingViewController final : private PanelSteps {
   VnSettingViewController& operator=(const VnSettingViewController&) = delete;
 
   ControlSet& controls() { return m_controls; }
+  // Who hears that the panel shows the personal meeting, or one with a number of its own.
+  void setRefreshTarget(std::function<void(bool forPMI)> target) { m_refreshTarget = std::move(target); }
 
   // Loads the panel: what the account gives a new meeting, and over it the meeting. Empty information is that of a
   // meeting that does not exist yet.
@@ -122,6 +126,7 @@ class VnSettingViewController final : private PanelSteps {
   EncryptionOptions m_encryption{m_parts};
   Control& m_buttonContinue = m_controls.add(Control::Kind::button, "buttonContinue");
   Control& m_buttonCancel = m_controls.add(Control::Kind::button, "buttonCancel");
+  std::function<void(bool forPMI)> m_refreshTarget;
   NotificationCenter::Subscription m_clientWaitEnded;
 };
 
