@@ -51,11 +51,6 @@ OptionalText SettingsContext::getInvitationLanguage() const {
   return owner ? owner->meetingDataMgr()->selectInvitationLanguage() : OptionalText("");
 }
 
-std::string SettingsContext::getVornMeetingKey() const {
-  const auto owner = manager();
-  return owner ? owner->getVornMeetingKey().value_or("") : "";
-}
-
 std::string SettingsContext::getDisplayNameWithOnbehalfEmail(const std::string& email) const {
   return vnOnbehalfData::sharedInstance().getDisplayNameWithOnbehalfEmail(email);
 }

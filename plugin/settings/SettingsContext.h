@@ -36,8 +36,6 @@ class SettingsContext {
   std::string getVornMeetingKey() const;
   // The language in which the meeting's invitation was written last; absent when none was, "" without a manager.
   OptionalText getInvitationLanguage() const;
-  // The meeting's number; "" without a manager.
-  std::string getVornMeetingKey() const;
   // The name of a person whom the user schedules for; "" for anybody else.
   std::string getDisplayNameWithOnbehalfEmail(const std::string& email) const;
   // Whom the panel is opened for; "" for oneself.

@@ -59,6 +59,7 @@ class VnSettingViewController final : private PanelSteps {
   // The chosen template is gone; shows it.
   bool checkIfDeletedTemplate() const { return m_template.checkIfDeletedTemplate(); }
   void resetTemplateBoxUI();
+  const ScheduleForOptions& scheduleFor() const { return m_scheduleFor; }
   // Whose personal meeting it is; that of a number of its own is nobody's.
   std::string getScheduldForEmailFromUI() const { return m_scheduleFor.getScheduleForEmailFromUI(); }
   // The client has answered with the people to schedule for.
