@@ -168,6 +168,8 @@ void VnSettingViewController::refreshUI(bool forPMI) {
       m_settingData.resetRequiredPasswordForEditPMIMeeting(m_pmiMeetingInfo);
     }
     m_settingData.setUsePMI(true);
+    // A meeting that was to be a personal one from the start is loaded only now.
+    if (m_keptOfNewMeeting.usePMI()) m_keptOfNewMeeting = m_settingData;
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);

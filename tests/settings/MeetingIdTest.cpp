@@ -122,7 +122,8 @@ class MeetingIdPanelTest : public SettingsPanelTest {
                                                       {vn_Setting_EnableHostVideo, isHostVideoOn},
                                                       {vn_Setting_ScheduleFor, scheduleFor},
                                                       {vn_Setting_IsPMI, true}});
-    answer("4", std::string(13, ';') + EncodeUtils::base64Encode(vnOLUtils::toJSONString(meeting).value_or("")).value_or(""));
+    answer("4", std::string(13, ';') +
+                    EncodeUtils::base64Encode(vnOLUtils::toJSONString(meeting).value_or("")).value_or(""));
   }
   void answerList() {
     answer("11", vnOLUtils::toJSONString(Value::dictionaryFromPairs({{vn_Profile_Bosses, people}})).value_or(""));
