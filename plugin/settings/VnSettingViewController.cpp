@@ -4,10 +4,11 @@
 #include <array>
 
 #include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
-#include "settings/rules/ContinueRule.h"
+#include "settings/rules/PanelReasons.h"
 
 namespace vorn {
 
@@ -25,10 +26,29 @@ VnSettingViewController::~VnSettingViewController() {
   if (RunLoop* runLoop = Registry::platform().runLoop) runLoop->cancelPrevious(this);
 }
 
+// -- Steps -------------------------------------------------------------------------------------------------------
+
+VnSettingViewController::Step::Step(VnSettingViewController& panel) : m_change(panel.m_controls), m_panel(panel) {
+  ++m_panel.m_runningSteps;
+}
+
+VnSettingViewController::Step::~Step() {
+  if (--m_panel.m_runningSteps == 0) m_panel.explain();
+}
+
+void VnSettingViewController::explain() {
+  const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
+  panel_rules::explain(m_controls, {.facts = m_context.facts(m_settingData),
+                                    .usePMI = m_settingData.usePMI(),
+                                    .isEnableRecurrence = m_context.isEnableRecurrence(),
+                                    .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
+                                    .heldBackBy = std::string(whatHoldsContinueBack(continueFacts()))});
+}
+
 // -- Opening -----------------------------------------------------------------------------------------------------
 
 void VnSettingViewController::initFields(const Value& meetingInfo) {
-  const ControlSet::Change change(m_controls);
+  const Step step(*this);
   setSiteMeetingInfo(meetingInfo);
   m_security.passcodeField().setTextChangeTarget([this] { fieldTextChange(); });
   initWithLocalString();
@@ -59,14 +79,14 @@ void VnSettingViewController::initWithLocalString() {
 }
 
 void VnSettingViewController::updateUIItemsForNextTime() {
-  const ControlSet::Change change(m_controls);
+  const Step step(*this);
   closeSubWindows();
   initializeItems();
 }
 
 // The order of loading. Where a group is missing its place is told, and none of its controls is in the set.
 void VnSettingViewController::initializeItems() {
-  const ControlSet::Change change(m_controls);
+  const Step step(*this);
   m_plainOptions.initVideo();
   m_plainOptions.initPublicEventSetting();
   m_security.initPasscode();
@@ -134,7 +154,7 @@ void VnSettingViewController::updateAffectedOptionsForE2ee() {
 }
 
 void VnSettingViewController::refreshUI(bool forPMI) {
-  const ControlSet::Change change(m_controls);
+  const Step step(*this);
   closeSubWindows();
   initWithLocalString();
   if (forPMI) {
@@ -156,7 +176,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 // What the user presses in the sheet closes the windows beside it; what they type, or press in such a window, does
 // not.
 void VnSettingViewController::userChanged(std::string_view key) {
-  const ControlSet::Change change(m_controls);
+  const Step step(*this);
   const Control* used = m_controls.find(key);
   const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox);
   if (!isTyped && m_controls.windowOf(key).empty()) closeSubWindows();
@@ -169,7 +189,7 @@ void VnSettingViewController::userChanged(std::string_view key) {
 }
 
 void VnSettingViewController::closeSubWindows() {
-  const ControlSet::Change change(m_controls);
+  const Step step(*this);
   m_passwordRuleWindowController.closePasswordRuleWindows();
 }
 
@@ -184,19 +204,23 @@ void VnSettingViewController::makeFirstResponderWithObject(std::string_view key)
 }
 
 void VnSettingViewController::resetPasswordRuleUI() {
-  const ControlSet::Change change(m_controls);
+  const Step step(*this);
   m_security.resetPasswordRuleUI();
 }
 
-void VnSettingViewController::checkScheduleButton() {
-  const ControlSet::Change change(m_controls);
+ContinueFacts VnSettingViewController::continueFacts() const {
   ContinueFacts facts;
   facts.isPasscodeShown = m_controls.isShown("passwordTextField");
   facts.isPasscodeOn = m_controls.isOn("requiredMeetingPswButton");
   facts.passcode = m_controls.find("passwordTextField")->text;
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
-  m_buttonContinue.enabled = mayContinue(facts);
+  return facts;
+}
+
+void VnSettingViewController::checkScheduleButton() {
+  const Step step(*this);
+  m_buttonContinue.enabled = mayContinue(continueFacts());
 }
 
 // -- Its end -----------------------------------------------------------------------------------------------------
