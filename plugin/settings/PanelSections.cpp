@@ -20,10 +20,19 @@ Row alone(std::string key) { return line({{std::move(key)}}); }
 
 // What a person reads before the options.
 Section notices() {
-  return {"notices",
-          "",
-          {alone("pluginTurnoffView"), alone("epidemicTipView"), alone("userSettingTipView"),
-           alone("scheduleLimitationView")}};
+  return {
+      "notices",
+      "",
+      {alone("pluginTurnoffView"),
+       below({{"pluginTurnoffText"}, {"pluginTurnoffLink", "end of plug-ins"}, {"pluginTurnoffTextAfterLink"}}),
+       below({{"pluginTurnoffHelperLink", "get the add-in"},
+              {"pluginTurnoffCloseButton", "close the plug-in's notice"}}),
+       alone("epidemicTipView"), below({{"epidemicTipText"}}), alone("userSettingTipView"),
+       below({{"userSettingTipText"},
+              {"userSettingTipChangeSettingsLink", "change settings"},
+              {"userSettingTipCloseButton", "close the settings' tip"}}),
+       alone("scheduleLimitationView"), below({{"scheduleLimitationText"}, {"upgradeButton", "upgrade"}}),
+       below({{"notShowAgainButton", "not show the plan's notice again"}})}};
 }
 
 Section meetingId() {

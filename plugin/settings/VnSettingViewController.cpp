@@ -20,35 +20,18 @@ constexpr std::array<std::string_view, 3> kErrorFields{"pswFormatErrorTextField"
 
 }  // namespace
 
-VnSettingViewController::VnSettingViewController(const SettingsContext& context) : m_context(context) {}
+VnSettingViewController::VnSettingViewController(const SettingsContext& context) : m_context(context) {
+  m_controls.completeWith([this] { explain(); });
+}
 
 VnSettingViewController::~VnSettingViewController() {
   if (RunLoop* runLoop = Registry::platform().runLoop) runLoop->cancelPrevious(this);
 }
 
-// -- Steps -------------------------------------------------------------------------------------------------------
-
-VnSettingViewController::Step::Step(VnSettingViewController& panel) : m_change(panel.m_controls), m_panel(panel) {
-  ++m_panel.m_runningSteps;
-}
-
-VnSettingViewController::Step::~Step() {
-  if (--m_panel.m_runningSteps == 0) m_panel.explain();
-}
-
-void VnSettingViewController::explain() {
-  const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
-  panel_rules::explain(m_controls, {.facts = m_context.facts(m_settingData),
-                                    .usePMI = m_settingData.usePMI(),
-                                    .isEnableRecurrence = m_context.isEnableRecurrence(),
-                                    .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
-                                    .heldBackBy = std::string(whatHoldsContinueBack(continueFacts()))});
-}
-
 // -- Opening -----------------------------------------------------------------------------------------------------
 
 void VnSettingViewController::initFields(const Value& meetingInfo) {
-  const Step step(*this);
+  const ControlSet::Change change(m_controls);
   setSiteMeetingInfo(meetingInfo);
   m_security.passcodeField().setTextChangeTarget([this] { fieldTextChange(); });
   initWithLocalString();
@@ -79,14 +62,14 @@ void VnSettingViewController::initWithLocalString() {
 }
 
 void VnSettingViewController::updateUIItemsForNextTime() {
-  const Step step(*this);
+  const ControlSet::Change change(m_controls);
   closeSubWindows();
   initializeItems();
 }
 
 // The order of loading. Where a group is missing its place is told, and none of its controls is in the set.
 void VnSettingViewController::initializeItems() {
-  const Step step(*this);
+  const ControlSet::Change change(m_controls);
   m_plainOptions.initVideo();
   m_plainOptions.initPublicEventSetting();
   m_security.initPasscode();
@@ -154,7 +137,7 @@ void VnSettingViewController::updateAffectedOptionsForE2ee() {
 }
 
 void VnSettingViewController::refreshUI(bool forPMI) {
-  const Step step(*this);
+  const ControlSet::Change change(m_controls);
   closeSubWindows();
   initWithLocalString();
   if (forPMI) {
@@ -176,7 +159,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 // What the user presses in the sheet closes the windows beside it; what they type, or press in such a window, does
 // not.
 void VnSettingViewController::userChanged(std::string_view key) {
-  const Step step(*this);
+  const ControlSet::Change change(m_controls);
   const Control* used = m_controls.find(key);
   const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox);
   if (!isTyped && m_controls.windowOf(key).empty()) closeSubWindows();
@@ -189,7 +172,7 @@ void VnSettingViewController::userChanged(std::string_view key) {
 }
 
 void VnSettingViewController::closeSubWindows() {
-  const Step step(*this);
+  const ControlSet::Change change(m_controls);
   m_passwordRuleWindowController.closePasswordRuleWindows();
 }
 
@@ -204,7 +187,7 @@ void VnSettingViewController::makeFirstResponderWithObject(std::string_view key)
 }
 
 void VnSettingViewController::resetPasswordRuleUI() {
-  const Step step(*this);
+  const ControlSet::Change change(m_controls);
   m_security.resetPasswordRuleUI();
 }
 
@@ -219,8 +202,18 @@ ContinueFacts VnSettingViewController::continueFacts() const {
 }
 
 void VnSettingViewController::checkScheduleButton() {
-  const Step step(*this);
+  const ControlSet::Change change(m_controls);
   m_buttonContinue.enabled = mayContinue(continueFacts());
+}
+
+void VnSettingViewController::explain() {
+  const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
+  panel_rules::explain(m_controls, {.facts = m_context.facts(m_settingData),
+                                    .usePMI = m_settingData.usePMI(),
+                                    .isEnableRecurrence = m_context.isEnableRecurrence(),
+                                    .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
+                                    .isShowUseWebSettingTipView = account.isShowUseWebSettingTipView(),
+                                    .heldBackBy = std::string(whatHoldsContinueBack(continueFacts()))});
 }
 
 // -- Its end -----------------------------------------------------------------------------------------------------

@@ -61,20 +61,7 @@ class VnSettingViewController final : private PanelSteps {
   void updatePasswordAfterCommit(const OptionalText& passcode);
 
  private:
-  // A step of the panel, of which others may be part. When the outermost is over each control has its reason, and
-  // then the observers hear.
-  class Step {
-   public:
-    explicit Step(VnSettingViewController& panel);
-    ~Step();
-    Step(const Step&) = delete;
-    Step& operator=(const Step&) = delete;
-
-   private:
-    const ControlSet::Change m_change;
-    VnSettingViewController& m_panel;
-  };
-
+  // Why what cannot be used cannot, at the end of every change.
   void explain();
   ContinueFacts continueFacts() const;
   void initWithLocalString();
@@ -97,7 +84,6 @@ class VnSettingViewController final : private PanelSteps {
   vnSettingData m_keptOfNewMeeting;
   Value m_siteMeetingInfo = Value::dictionary();
   Value m_pmiMeetingInfo = Value::dictionary();
-  int m_runningSteps = 0;
   ControlSet m_controls;
   const PanelParts m_parts{m_controls, m_settingData, m_context, *this};
   VNPasswordRuleWindowController m_passwordRuleWindowController{m_controls};

@@ -6,16 +6,9 @@
 #include <map>
 #include <set>
 
-#include "data/vnProfileKeys.h"
-#include "data/vnSettingKeys.h"
-#include "data/vnUserProfileHelper.h"
-#include "meeting.pb.h"
 #include "platform/controls/PanelLayout.h"
 #include "settings/PanelSections.h"
-#include "settings/SchSettingWndCtrlMgr.h"
-#include "tests/support/FakeWindow.h"
-#include "tests/support/RecordingClient.h"
-#include "util/EncodeUtils.h"
+#include "tests/settings/PanelFixture.h"
 
 namespace vorn {
 namespace {
@@ -76,17 +69,8 @@ TEST(PanelLayout, IsMadeInTimeLinearInTheControls) {
   EXPECT_EQ(keysOf(layoutOf({{{"regions", "", {{{{"box"}}}}}}}, controls)).size(), 10001u);
 }
 
-class PanelReasonsTest : public testing::Test {
+class PanelReasonsTest : public SettingsPanelTest {
  protected:
-  PanelReasonsTest() {
-    test.surroundings.resourceFolder = std::string(VORN_PLUGIN_FOLDER) + "/resources";
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-    RecordingClient::install(test);
-    panels.install();
-    window = std::make_unique<FakeWindow>(test);
-  }
-
   // An account of which the bits of a word of options are all on or all off, by the bits of the number.
   enum Offers { nothing, signIn, locked };
   static void knowAccount(unsigned words, Offers offers) {
@@ -113,17 +97,7 @@ class PanelReasonsTest : public testing::Test {
     vnUserProfileHelper::sharedInstance().setData(profile);
   }
 
-  std::string id() const { return window->bar->ownWindow.windowId(); }
-  void open() {
-    panels.addSchSettingWindowToArray(id(), Value(), window->bar->ownWindow);
-    panels.showSchSettingWindow(id());
-  }
-  const PanelRecord& record() { return test.presenter.panels(); }
-  const ControlSet& controls() { return *record().on(window->bar->ownWindow); }
-  const Control& control(const char* key) { return *controls().find(key); }
-  void turn(const char* key, bool on) {
-    record().use(window->bar->ownWindow, key, [on](Control& changed) { changed.on = on; });
-  }
+  const ControlSet& controls() { return *shown(); }
   void expectReasons() {
     for (const std::string& key : controls().keys()) {
       const Control& each = *controls().find(key);
@@ -131,10 +105,6 @@ class PanelReasonsTest : public testing::Test {
       EXPECT_EQ(each.reason.empty(), canBeUsed) << key << (each.hidden ? " hidden" : "") << ": " << each.reason;
     }
   }
-
-  TestPlatform test;
-  SchSettingWndCtrlMgr& panels = SchSettingWndCtrlMgr::sharedInstance();
-  std::unique_ptr<FakeWindow> window;
 };
 
 TEST_F(PanelReasonsTest, LaysOutEveryControlOnceAndCallsEachByAWordOfItsOwn) {
@@ -144,7 +114,7 @@ TEST_F(PanelReasonsTest, LaysOutEveryControlOnceAndCallsEachByAWordOfItsOwn) {
   std::set<std::string> words;
   const PanelLayout sections = panelSections();
   for (const std::string& key : keysOf(sections)) EXPECT_EQ(++named[key], 1) << key;
-  const std::vector<std::string> laidOut = keysOf(record().layout(window->bar->ownWindow));
+  const std::vector<std::string> laidOut = keysOf(test.presenter.panels().layout(window->bar->ownWindow));
   EXPECT_EQ(std::set<std::string>(laidOut.begin(), laidOut.end()).size(), laidOut.size());
   EXPECT_EQ(laidOut.size(), controls().keys().size());
 
@@ -227,11 +197,11 @@ TEST_F(PanelReasonsTest, AreThereBeforeAnybodyIsToldOfTheChange) {
   knowAccount(0, nothing);
   open();
   std::vector<std::string> reasons;
-  const auto subscription = const_cast<ControlSet&>(controls()).observe([&](const auto&) {
+  const auto subscription = view().controls().observe([&](const auto&) {
     reasons.push_back(control("passwordTextField").reason + "|" + control("buttonContinue").reason);
   });
   turn("requiredMeetingPswButton", true);
-  record().use(window->bar->ownWindow, "passwordTextField", [](Control& field) { field.text = " "; });
+  type("passwordTextField", " ");
   turn("requiredMeetingPswButton", false);
   EXPECT_THAT(reasons, ElementsAre("|", "|the passcode is missing", "the passcode is off|"));
 }

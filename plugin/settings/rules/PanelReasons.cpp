@@ -111,6 +111,9 @@ bool isForcedForPersonal(const Question& q) {
 }
 
 constexpr std::string_view kEndToEnd = "off while end-to-end encryption is chosen";
+constexpr std::string_view kPersonal = "the meeting ID is the personal one";
+constexpr std::string_view kUnwanted = "the user wants to see it no more";
+bool isPersonal(const Question& q) { return q.situation.usePMI; }
 bool isEndToEnd(const Question& q) { return q.isEndToEnd(); }
 bool isUpdate(const Question& q) { return q.situation.facts.isUpdate; }
 bool canRecordInOneWay(const Question& q) {
@@ -132,7 +135,25 @@ constexpr Keys kRecordingChoices = {"autoRecordingOptionMatrixLocal", "autoRecor
 constexpr Keys kPublicEvent = {"publicEventBox", "publicEventButton", "publicEventListButton"};
 constexpr Keys kErrors = {"pswFormatErrorTextField", "securityErrorTextField", "templateDeletedTipTextField"};
 
+constexpr Keys kTurnoffParts = {"pluginTurnoffText", "pluginTurnoffLink", "pluginTurnoffTextAfterLink",
+                                "pluginTurnoffHelperLink"};
+
 constexpr Reason kReasons[] = {
+    // Banners
+    hiddenByChoice({"pluginTurnoffView"}, kUnwanted),
+    hiddenByMeeting(kTurnoffParts, "the notice has no such part"),
+    hiddenByMeeting({"epidemicTipView"}, "the account needs no such notice"),
+    hiddenByMeeting({"userSettingTipView"}, "the meeting exists already", isUpdate),
+    hiddenByChoice({"userSettingTipView"}, kPersonal, isPersonal),
+    {{"userSettingTipView"},
+     State::hidden,
+     Whose::administrator,
+     memberName<&S::isShowUseWebSettingTipView>(),
+     [](const Question& q) { return q.situation.isShowUseWebSettingTipView; }},
+    hiddenByChoice({"userSettingTipView"}, kUnwanted),
+    hiddenByMeeting({"scheduleLimitationView"}, "the meeting is not too long for the plan, or the user knows it"),
+    hiddenByMeeting({"upgradeButton"}, "the account has no way to an upgrade"),
+
     // Video
     lockedBy<&F::isHostVideoLocked>({"videoHostMatrix"}),
     lockedBy<&F::isParticipantsLocked>({"videoParticipantMatrix"}),
@@ -166,8 +187,7 @@ constexpr Reason kReasons[] = {
     lockedByChoice({"jbhLimitTimePopUp"}, "join before host is off"),
     tooOld<&G::isVornClientSupport464Tasks>(kJoinTime),
     notOffered<&F::isSupportJbhPriorTime>(kJoinTime),
-    hiddenByChoice(kJoinTime, "the meeting ID is the personal one",
-                   [](const Question& q) { return q.situation.usePMI; }),
+    hiddenByChoice(kJoinTime, kPersonal, isPersonal),
     hiddenByMeeting(kJoinTime, "the appointment is a series",
                     [](const Question& q) { return q.situation.isEnableRecurrence; }),
     {kJoinTime, State::hidden, Whose::administrator, memberName<&F::isJoinBeforeHostLocked>(),
@@ -185,7 +205,7 @@ constexpr Reason kReasons[] = {
     lockedBy<&F::isLockE2eeMeeting>({"endtoendButton"}),
     hiddenByChoice({"encryptionTipView"}, "end-to-end encryption is not chosen",
                    [](const Question& q) { return !q.isEndToEnd(); }),
-    hiddenByChoice({"encryptionTipView"}, "the user wants to see it no more"),
+    hiddenByChoice({"encryptionTipView"}, kUnwanted),
 
     // Recording
     {kRecording, State::hidden, Whose::account, memberName<&F::enableLocalRecording>(), cannotRecord,

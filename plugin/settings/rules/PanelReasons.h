@@ -18,6 +18,7 @@ struct PanelSituation {
   bool isEnableRecurrence = false;
   // Of the account.
   bool isSupportOnlyAuthUsersCanJoin = false;
+  bool isShowUseWebSettingTipView = false;
   // What keeps Continue from being used; "" when nothing does.
   std::string heldBackBy{};
 };
