@@ -82,7 +82,9 @@ Section security() {
            line({{"enableWaitingRoom", "waiting room"}}), below({{"waitingRoomPrompt"}}), alone("securityTipView"),
            below({{"securityTipText"}, {"securityTipCloseButton", "close the waiting room's tip"}}),
            alone("restrictDomainsBox"), line({{"onlySignedinWithSpecifiedDomains", "signed-in users only"}}),
-           below({{"authNamePopup", "way of signing in"}}), alone("securityErrorTextField"),
+           below({{"authNamePopup", "way of signing in"}}),
+           below({{"domainText"}, {"viewEditButton", "edit the domains"}}), below({{"deleteDomainWarning"}}),
+           alone("securityErrorTextField"),
            line({{"enableJBHButton", "join before host"},
                  {"jbhLimitTimePopUp", "time before the start"},
                  {"jbhBeforeStartTime"}})}};
@@ -107,9 +109,10 @@ Section recording() {
 }
 
 Section alternateHosts() {
-  return {"alternateHosts",
-          panelText("LN_Schedule_Section_AlternateHosts"),
-          {alone("alternateHostBox"), line({{"alternateHostTextField", "alternate hosts"}})}};
+  return {
+      "alternateHosts",
+      panelText("LN_Schedule_Section_AlternateHosts"),
+      {alone("alternateHostBox"), line({{"alternateHostLabel"}, {"alternateHostTextField", "alternate hosts"}})}};
 }
 
 Section advanced() {
@@ -128,7 +131,12 @@ Section regions() {
   return {"regions",
           panelText("LN_Schedule_Section_Regions"),
           {alone("dataCenterBox"), line({{"enableDataCenterRegionsButton", "data centres"}}),
-           alone("allowDenyBox"), line({{"allowDenyButton", "join regions"}})}};
+           below({{"dataCenterNotSelectTextField"}}), alone("dataCenterImpactCountriesTipView"),
+           below({{"dataCenterImpactCountriesTipText"},
+                  {"dataCenterImpactCountriesTipLink", "learn more about data centres"}}),
+           alone("allowDenyBox"), line({{"allowDenyButton", "join regions"}}),
+           below({{"allowDenyText"}, {"allowDenyEditButton", "edit the join regions"}}),
+           alone("allowDenyImpactCountriesTipView"), below({{"allowDenyImpactCountriesTipText"}})}};
 }
 
 Section trackingFields() {
@@ -151,11 +159,46 @@ Section passwordRules() {
            below({{"_PswRuleContainConsecutive"}})}};
 }
 
+// Each list behind the fields by which it is searched, and before the buttons that end the window.
+Section countries() {
+  return {"editCountriesWindow",
+          panelText("LN_Schedule_Section_Countries"),
+          {line({{"_searchField", "search for a country"}, {"_selectBtn", "all countries"}}),
+           alone("_displaySelectedLabel"), alone("editCountriesWindow"),
+           line({{"_includeTollfreeNumberBtn", "toll-free numbers"}}), alone("_errorForNoSelectedField"),
+           line({{"_cancelBtn", "cancel the countries"}, {"_doneBtn", "countries done"}})}};
+}
+
+Section domains() {
+  return {"domainsWindow",
+          panelText("LN_Schedule_Section_Domains"),
+          {alone("domainsWindow"), line({{"_domainsTextField", "domains"}}), below({{"_domainsErrorLabel"}}),
+           line({{"domains_cancelBtn", "cancel the domains"}, {"domains_SaveBtn", "save the domains"}})}};
+}
+
+Section joinRegions() {
+  return {
+      "allowDenyRCWindow",
+      panelText("LN_Schedule_Section_JoinRegions"),
+      {alone("allowDenyRCWindow"), line({{"allowDenyRCAllowButton", "allow regions"}}),
+       line({{"allowDenyRCBlockButton", "block regions"}}),
+       line({{"allowDenyRCRegionsLabel"}, {"allowDenyRCTextField", "regions"}}), alone("allowDenyRCLockedLabel"),
+       alone("allowDenyRCSearchListWindow"),
+       line({{"allowDenyRCCancelButton", "cancel the regions"}, {"allowDenyRCSaveButton", "save the regions"}})}};
+}
+
+Section alternateHostList() {
+  return {"alternateHostSearchListWindow",
+          panelText("LN_Schedule_Section_AlternateHosts"),
+          {alone("alternateHostSearchListWindow")}};
+}
+
 }  // namespace
 
 PanelLayout panelSections() {
   return {{notices(), meetingId(), meetingTemplate(), video(), audio(), security(), encryption(), recording(),
-           alternateHosts(), advanced(), regions(), trackingFields(), buttons(), passwordRules()}};
+           alternateHosts(), advanced(), regions(), trackingFields(), buttons(), passwordRules(), domains(),
+           alternateHostList(), joinRegions(), countries()}};
 }
 
 }  // namespace vorn

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
@@ -208,11 +209,21 @@ void VnSettingViewController::checkScheduleButton() {
 
 void VnSettingViewController::explain() {
   const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
+  vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
+  const OptionalText& person = m_settingData.scheduleForEmail();
+  const bool isForMyself = person.value_or("").empty();
   panel_rules::explain(m_controls, {.facts = m_context.facts(m_settingData),
                                     .usePMI = m_settingData.usePMI(),
                                     .isEnableRecurrence = m_context.isEnableRecurrence(),
                                     .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
                                     .isShowUseWebSettingTipView = account.isShowUseWebSettingTipView(),
+                                    .isEnableScheduleFor = account.isEnableScheduleFor(),
+                                    .isDisablePMI = isForMyself ? account.isDisablePMI()
+                                                                : account.isDisablePMIWithScheduleForEmail(person),
+                                    .isEnableAdminTemplate = account.isEnableAdminTemplate(person),
+                                    .isSupportRegionCustomization = account.isSupportRegionCustomization(),
+                                    .isVornClientSupport500Tasks = client.isVornClientSupport500Tasks(),
+                                    .isVornClientSupportEditCountries = client.isVornClientSupportEditCountries(),
                                     .heldBackBy = std::string(whatHoldsContinueBack(continueFacts()))});
 }
 
@@ -220,7 +231,7 @@ void VnSettingViewController::explain() {
 
 void VnSettingViewController::onSettingsCommit(bool isOK) {
   if (isOK) {
-    takeControls();
+    takeControls(Commit::meant);
     m_keptOfNewMeeting = m_settingData;
   } else {
     throwEditsAway();
@@ -228,18 +239,28 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
 }
 
 // In this order. What has no control leaves the record as it is; what is not named was written when it changed.
-void VnSettingViewController::takeControls() {
+void VnSettingViewController::takeControls(Commit commit) {
   m_security.writePasscode();
   // Third-party audio, the audio type, tracking fields.
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
   // Alternate hosts.
-  m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
+  if (commit == Commit::meant) {
+    m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
+  }
   // Countries, whom the meeting is scheduled for.
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
   m_joinBeforeHost.writeJoinBeforeHost();
   m_signInDomains.writeSignIn();
   m_security.writeWaitingRoom();
   // The template, join regions.
+}
+
+Value VnSettingViewController::settingsToCommit() {
+  const vnSettingData record = m_settingData;
+  takeControls(Commit::tried);
+  const Value settings = getSettingsData();
+  m_settingData = record;
+  return settings;
 }
 
 void VnSettingViewController::throwEditsAway() {

@@ -53,6 +53,8 @@ class VnSettingViewController final : private PanelSteps {
   void onSettingsCommit(bool isOK);
   // The settings dictionary of the record.
   Value getSettingsData() { return m_settingData.getSettingsData(); }
+  // What it would be after a commit; the record stays as it is.
+  Value settingsToCommit();
 
   vnSettingData& settingData() { return m_settingData; }
   const Value& getSiteMeetingInfo() const { return m_siteMeetingInfo; }
@@ -66,7 +68,8 @@ class VnSettingViewController final : private PanelSteps {
   ContinueFacts continueFacts() const;
   void initWithLocalString();
   void setSiteMeetingInfo(const Value& meetingInfo);
-  void takeControls();
+  enum class Commit { meant, tried };
+  void takeControls(Commit commit);
   void throwEditsAway();
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();

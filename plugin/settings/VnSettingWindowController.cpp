@@ -118,6 +118,10 @@ Value VnSettingWindowController::getVnSettingsData() {
   return m_mySettingViewController ? m_mySettingViewController->getSettingsData() : Value();
 }
 
+Value VnSettingWindowController::settingsToCommit() {
+  return m_mySettingViewController ? m_mySettingViewController->settingsToCommit() : Value();
+}
+
 // Whose personal meeting it is; oneself's and that of a number of its own is nobody's.
 std::string VnSettingWindowController::getScheduldForEmailFromUI() {
   if (!m_mySettingViewController) return "";

@@ -18,11 +18,7 @@ using testing::ElementsAre;
 
 std::vector<std::string> keysOf(const PanelLayout& layout) {
   std::vector<std::string> keys;
-  for (const auto& section : layout.sections) {
-    for (const auto& row : section.rows) {
-      for (const auto& place : row.places) keys.push_back(place.key);
-    }
-  }
+  forEachPlace(layout, [&](const PanelLayout::Place& place) { keys.push_back(place.key); });
   return keys;
 }
 
@@ -118,16 +114,12 @@ TEST_F(PanelReasonsTest, LaysOutEveryControlOnceAndCallsEachByAWordOfItsOwn) {
   EXPECT_EQ(std::set<std::string>(laidOut.begin(), laidOut.end()).size(), laidOut.size());
   EXPECT_EQ(laidOut.size(), controls().keys().size());
 
-  for (const auto& section : sections.sections) {
-    for (const auto& row : section.rows) {
-      for (const auto& place : row.places) {
-        if (!place.words.empty()) {
-          EXPECT_TRUE(words.insert(place.words).second) << place.words;
-        }
-        named[place.key] = place.words.empty() ? 0 : 1;
-      }
+  forEachPlace(sections, [&](const PanelLayout::Place& place) {
+    if (!place.words.empty()) {
+      EXPECT_TRUE(words.insert(place.words).second) << place.words;
     }
-  }
+    named[place.key] = place.words.empty() ? 0 : 1;
+  });
   for (const std::string& key : controls().keys()) {
     const Control& each = *controls().find(key);
     const bool isOnlySeen = each.kind == Kind::window || each.kind == Kind::box || each.kind == Kind::label;

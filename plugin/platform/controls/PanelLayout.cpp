@@ -16,11 +16,7 @@ using Section = PanelLayout::Section;
 class Fitting {
  public:
   Fitting(const PanelLayout& layout, const ControlSet& controls) : m_layout(layout), m_controls(controls) {
-    for (const Section& section : layout.sections) {
-      for (const Row& row : section.rows) {
-        for (const Place& place : row.places) m_named.insert(place.key);
-      }
-    }
+    forEachPlace(layout, [this](const Place& place) { m_named.insert(place.key); });
     for (const std::string& key : controls.keys()) {
       if (!m_named.contains(key)) m_members[controls.find(key)->box].push_back(key);
     }

@@ -36,6 +36,15 @@ struct PanelLayout {
   std::vector<Section> sections;
 };
 
+template <typename Visit>
+void forEachPlace(const PanelLayout& layout, const Visit& visit) {
+  for (const PanelLayout::Section& section : layout.sections) {
+    for (const PanelLayout::Row& row : section.rows) {
+      for (const PanelLayout::Place& place : row.places) visit(place);
+    }
+  }
+}
+
 // The layout of exactly these controls. What is not in the set is left out, with the rows and sections that are
 // empty then. What has no place of its own stands behind its box, or behind the window whose member it is, each in
 // a row, in the order in which it was added; a window without a place is a section of its own, and controls with

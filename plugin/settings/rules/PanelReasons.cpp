@@ -66,15 +66,23 @@ constexpr Reason notOffered(Keys controls) {
           [](const Question& q) { return !(q.account().*Fact); }};
 }
 
+// Of what the groups ask besides.
 template <auto Fact>
-constexpr Reason notOfferedAtAll(Keys controls) {
-  return {controls, State::hidden, Whose::account, memberName<Fact>(),
+constexpr Reason without(Keys controls, Whose whose = Whose::account) {
+  return {controls, State::hidden, whose, memberName<Fact>(),
           [](const Question& q) { return !(q.situation.*Fact); }};
 }
 
 template <auto Fact>
 constexpr Reason lockedBy(Keys controls) {
   return {controls, State::locked, Whose::administrator, memberName<Fact>(),
+          [](const Question& q) { return q.account().*Fact; }};
+}
+
+// What the account does not let anybody change is hidden with what would change it.
+template <auto Fact>
+constexpr Reason hiddenWithLock(Keys controls) {
+  return {controls, State::hidden, Whose::administrator, memberName<Fact>(),
           [](const Question& q) { return q.account().*Fact; }};
 }
 
@@ -95,6 +103,10 @@ constexpr Reason lockedByChoice(Keys controls, std::string_view words, bool (*ho
 
 constexpr Reason hiddenByMeeting(Keys controls, std::string_view words, bool (*holds)(const Question&) = always) {
   return {controls, State::hidden, Whose::meeting, words, holds};
+}
+
+constexpr Reason lockedByMeeting(Keys controls, std::string_view words) {
+  return {controls, State::locked, Whose::meeting, words, always};
 }
 
 // By which of its locks the passcode's switch is locked.
@@ -134,6 +146,10 @@ constexpr Keys kRecording = {"autoRecordingBox", "autoRecordingButton", "autoRec
 constexpr Keys kRecordingChoices = {"autoRecordingOptionMatrixLocal", "autoRecordingOptionMatrixCloud"};
 constexpr Keys kPublicEvent = {"publicEventBox", "publicEventButton", "publicEventListButton"};
 constexpr Keys kErrors = {"pswFormatErrorTextField", "securityErrorTextField", "templateDeletedTipTextField"};
+constexpr Keys kFurtherErrors = {"deleteDomainWarning", "_domainsErrorLabel", "dataCenterNotSelectTextField",
+                                 "_errorForNoSelectedField"};
+constexpr Keys kCountries = {"selectedCountriesField", "editCountriesButton"};
+constexpr Keys kDataCentres = {"dataCenterBox", "enableDataCenterRegionsButton"};
 
 constexpr Keys kTurnoffParts = {"pluginTurnoffText", "pluginTurnoffLink", "pluginTurnoffTextAfterLink",
                                 "pluginTurnoffHelperLink"};
@@ -154,6 +170,73 @@ constexpr Reason kReasons[] = {
     hiddenByMeeting({"scheduleLimitationView"}, "the meeting is not too long for the plan, or the user knows it"),
     hiddenByMeeting({"upgradeButton"}, "the account has no way to an upgrade"),
 
+    // Meeting ID and template
+    without<&S::isEnableScheduleFor>({"scheduleForBox"}),
+    hiddenByMeeting({"scheduleForBox"}, "the meeting exists already", isUpdate),
+    hiddenByMeeting({"scheduleForBox"}, "there is nobody to schedule for"),
+    lockedByMeeting({"scheduleForPopup"}, "the meeting exists already"),
+    {{"meetingIDBox"},
+     State::hidden,
+     Whose::administrator,
+     memberName<&S::isDisablePMI>(),
+     [](const Question& q) { return q.situation.isDisablePMI; }},
+    hiddenByMeeting({"meetingIDBox"}, "there is no personal meeting ID to choose"),
+    lockedBy<&F::isLockScheduleUsePMI>({"buttonUsePMI", "buttonOneTimeMeeting"}),
+    hiddenByMeeting({"pmiDisableMessageView"}, "there is nothing to say of the personal ID, or the user knows it"),
+    hiddenByChoice({"closePMIDisableMessageButton"}, "it is said of somebody else"),
+    hiddenByChoice({"templateBox"}, kPersonal, isPersonal),
+    without<&S::isEnableAdminTemplate>({"templateBox"}),
+    hiddenByMeeting({"templateBox"}, "the account has no templates"),
+    hiddenByChoice({"templateTipView"}, "no template is chosen"),
+
+    // Audio
+    hiddenByMeeting({"audioOptionsBox"}, "this build offers no audio options"),
+    hiddenByChoice({"telephonyButton", "bothButton", "thirdPartyAudioButton", "tspAccountButton",
+                    "tspAccountPopup", "thirdPartyAudioTextField"},
+                   kEndToEnd, isEndToEnd),
+    hiddenByChoice(kCountries, kEndToEnd, isEndToEnd),
+    hiddenByMeeting({"telephonyButton"}, "the provider's accounts stand in its place"),
+    notOffered<&F::isTspSite>({"tspAccountButton", "tspAccountPopup"}),
+    hiddenByMeeting({"tspAccountButton"}, "the provider has one account only"),
+    hiddenByChoice({"tspAccountPopup"}, "no provider's account has to be chosen"),
+    {{"bothButton"}, State::hidden, Whose::account, memberName<&F::isScheduleAudioBothDisabled>(), always},
+    notOffered<&F::enableThirdPartyAudio>({"thirdPartyAudioButton"}),
+    hiddenByChoice({"thirdPartyAudioTextField"}, "third-party audio is not chosen"),
+    without<&S::isVornClientSupportEditCountries>(kCountries, Whose::client),
+    {kCountries, State::hidden, Whose::account, memberName<&F::isTspSite>(),
+     [](const Question& q) { return q.account().isTspSite; }},
+    hiddenByChoice(kCountries, "the chosen audio has no dial-in numbers"),
+    lockedByChoice({"voipButton"}, "the only audio of end-to-end encryption", isEndToEnd),
+    lockedBy<&F::isAudioTypeLocked>({"telephonyButton", "voipButton", "bothButton", "thirdPartyAudioButton",
+                                     "tspAccountButton", "tspAccountPopup"}),
+    hiddenByMeeting({"_includeTollfreeNumberBtn"}, "the account has no toll-free numbers to offer"),
+    lockedByChoice({"_doneBtn"}, "no country is chosen"),
+    hiddenByChoice({"countryRow"}, "the list needs no such row now"),
+
+    // Regions
+    without<&S::isVornClientSupport500Tasks>(kDataCentres, Whose::client),
+    without<&S::isSupportRegionCustomization>(kDataCentres),
+    hiddenByMeeting(kDataCentres, "there is no further data centre"),
+    tooOld<&G::isVornClientSupport550Tasks>({"allowDenyBox"}),
+    lockedOffBy<&F::isLockAllowDenyJoinMeetingRegion, &F::isEnableAllowDenyJoinMeetingRegion>({"allowDenyBox"}),
+    lockedBy<&F::isLockAllowDenyJoinMeetingRegion>({"allowDenyButton"}),
+    hiddenByChoice({"allowDenyText", "allowDenyEditButton"}, "the join regions are not limited",
+                   [](const Question& q) { return !q.controls.isOn("allowDenyButton"); }),
+    hiddenWithLock<&F::isLockAllowDenyJoinMeetingRegion>({"allowDenyEditButton"}),
+    hiddenByMeeting({"dataCenterImpactCountriesTipView", "allowDenyImpactCountriesTipView"},
+                    "no chosen country is lost by it"),
+    hiddenWithLock<&F::isLockAllowDenyJoinMeetingRegion>({"allowDenyRCAllowButton", "allowDenyRCBlockButton",
+                                                          "allowDenyRCRegionsLabel", "allowDenyRCTextField",
+                                                          "allowDenyRCCancelButton"}),
+    hiddenByMeeting({"allowDenyRCLockedLabel"}, "the regions can be changed"),
+    lockedByChoice({"allowDenyRCSaveButton"}, "no region is chosen"),
+
+    // Tracking fields and alternate hosts
+    hiddenByMeeting({"trackingFieldsBox"}, "the account has no tracking fields"),
+    hiddenByMeeting({"trackingFieldItem._optionalLabel"}, "the field is required"),
+    tooOld<&G::isVornClientSupportAHAndMuteOnEntry>({"alternateHostBox"}),
+    notOffered<&F::isPaidUser>({"alternateHostBox"}),
+
     // Video
     lockedBy<&F::isHostVideoLocked>({"videoHostMatrix"}),
     lockedBy<&F::isParticipantsLocked>({"videoParticipantMatrix"}),
@@ -170,15 +253,23 @@ constexpr Reason kReasons[] = {
     hiddenByChoice({"pswHelpButton"}, "there is nothing to say of this passcode"),
     hiddenByMeeting({"meetingPasswordBox"}, "none of its options is offered"),
     hiddenByMeeting(kErrors, "nothing is wrong"),
+    hiddenByMeeting(kFurtherErrors, "nothing is wrong"),
 
     // Waiting room and signed-in users
     lockedOffBy<&F::isLockWaitingRoom, &F::isEnableWaitingRoom>(kWaitingRoom),
     lockedBy<&F::isLockWaitingRoom>(kWaitingRoom),
     hiddenByMeeting({"securityTipView"}, "it is told when the waiting room goes on by itself, and once"),
     tooOld<&G::isVornClientSupport464Tasks>(kSignIn),
-    notOfferedAtAll<&S::isSupportOnlyAuthUsersCanJoin>(kSignIn),
+    without<&S::isSupportOnlyAuthUsersCanJoin>(kSignIn),
     lockedOffBy<&F::isLockOnlyAuthUsersCanJoin, &F::isDefaultEnableOnlyAuthUsersCanJoin>(kSignIn),
     lockedBy<&F::isLockOnlyAuthUsersCanJoin>(kSignIn),
+    hiddenByChoice({"authNamePopup", "domainText", "viewEditButton"}, "signed-in users only is off",
+                   [](const Question& q) { return !q.controls.isOn("onlySignedinWithSpecifiedDomains"); }),
+    hiddenByMeeting({"authNamePopup"}, "there is only one way of signing in"),
+    hiddenByChoice({"domainText"}, "the way of signing in names no domains"),
+    hiddenWithLock<&F::isLockOnlyAuthUsersCanJoin>({"viewEditButton", "domains_SaveBtn"}),
+    hiddenByChoice({"viewEditButton"}, "the way of signing in names no domains"),
+    lockedBy<&F::isLockOnlyAuthUsersCanJoin>({"_domainsTextField"}),
 
     // Join before host
     hiddenByChoice({"enableJBHButton", "jbhLimitTimePopUp", "jbhBeforeStartTime"}, kEndToEnd, isEndToEnd),
@@ -190,8 +281,7 @@ constexpr Reason kReasons[] = {
     hiddenByChoice(kJoinTime, kPersonal, isPersonal),
     hiddenByMeeting(kJoinTime, "the appointment is a series",
                     [](const Question& q) { return q.situation.isEnableRecurrence; }),
-    {kJoinTime, State::hidden, Whose::administrator, memberName<&F::isJoinBeforeHostLocked>(),
-     [](const Question& q) { return q.account().isJoinBeforeHostLocked; }},
+    hiddenWithLock<&F::isJoinBeforeHostLocked>(kJoinTime),
 
     // Encryption
     tooOld<&G::isVornClientSupport530Tasks>(kEncryption),
@@ -242,11 +332,17 @@ std::multimap<std::string_view, const Reason*> reasonsByControl() {
   return all;
 }
 
+// What there are many of is numbered in its key, and all have one reason.
+std::string withoutNumber(std::string key) {
+  std::erase_if(key, [](char c) { return c >= '0' && c <= '9'; });
+  return key;
+}
+
 std::string ownReason(const Control& control, const Question& question) {
   static const auto kByControl = reasonsByControl();
   if (control.key == "buttonContinue" && !control.enabled) return question.situation.heldBackBy;
   const State state = control.hidden ? State::hidden : State::locked;
-  const auto [begin, end] = kByControl.equal_range(control.key);
+  const auto [begin, end] = kByControl.equal_range(withoutNumber(control.key));
   for (auto each = begin; each != end; ++each) {
     const Reason& reason = *each->second;
     if (reason.state == state && reason.holds(question)) return inWords(reason);

@@ -16,9 +16,16 @@ struct PanelSituation {
   // The record is the personal meeting's; the appointment is a series.
   bool usePMI = false;
   bool isEnableRecurrence = false;
-  // Of the account.
+  // What the groups ask besides, each named after the accessor or the predicate that answers: of the account,
   bool isSupportOnlyAuthUsersCanJoin = false;
   bool isShowUseWebSettingTipView = false;
+  bool isEnableScheduleFor = false;
+  bool isDisablePMI = false;
+  bool isEnableAdminTemplate = false;
+  bool isSupportRegionCustomization = false;
+  // and of the client.
+  bool isVornClientSupport500Tasks = false;
+  bool isVornClientSupportEditCountries = false;
   // What keeps Continue from being used; "" when nothing does.
   std::string heldBackBy{};
 };
