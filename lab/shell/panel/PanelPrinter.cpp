@@ -38,19 +38,20 @@ std::string nameOf(Kind kind) {
 }
 
 std::string typedText(const PanelLayout::Place& place, const Control& control) {
-  return place.isSecret && !control.text.empty() ? kCovered : masked(control.text);
+  return place.isSecret && !control.text.empty() ? kCovered : maskedAddresses(control.text);
 }
 
 std::string chosenItem(const Control& control) {
   const auto index = static_cast<std::size_t>(control.index);
-  return control.index >= 0 && index < control.items.size() ? masked(control.items[index].title) : "";
+  return control.index >= 0 && index < control.items.size() ? maskedAddresses(control.items[index].title) : "";
 }
 
 std::string columnsOfGroup(const Control& control) {
   std::string text;
   for (std::size_t i = 0; i < control.items.size(); ++i) {
     const bool isChosen = control.index >= 0 && static_cast<std::size_t>(control.index) == i;
-    text += (text.empty() ? "" : "  ") + std::string(isChosen ? "(x) " : "( ) ") + masked(control.items[i].title);
+    text += (text.empty() ? "" : "  ") + std::string(isChosen ? "(x) " : "( ) ") +
+            maskedAddresses(control.items[i].title);
   }
   return text;
 }
@@ -63,7 +64,7 @@ std::string fieldInWords(const PanelLayout::Place& place, const Control& control
 
 // As it is drawn, without what the control is called; "" for what draws nothing.
 std::string drawn(const PanelLayout::Place& place, const Control& control) {
-  const std::string text = masked(control.text);
+  const std::string text = maskedAddresses(control.text);
   switch (control.kind) {
     case Kind::window:
     case Kind::box: return "";
@@ -129,7 +130,7 @@ class Page {
     const Control& control = *m_controls.find(place.key);
     const bool isFirst = line.label.empty() && line.text.empty();
     if (isFirst && !row.label.empty()) line.label = onTerminal(row.label);
-    if (isFirst && control.kind == Kind::radioGroup) line.label = onTerminal(masked(control.text));
+    if (isFirst && control.kind == Kind::radioGroup) line.label = onTerminal(maskedAddresses(control.text));
     if (isFirst && control.kind == Kind::label && row.places.size() > 1 && &place != &row.places.back() &&
         line.label.empty() && isField(row.places[1])) {
       line.label = text;
@@ -178,14 +179,14 @@ ordered_json jsonOf(const PanelLayout::Place& place, const ControlSet& controls)
   json["text"] = typedText(place, control);
   json["items"] = ordered_json::array();
   for (const vorn::ControlItem& item : control.items) {
-    json["items"].push_back({{"title", masked(item.title)},
-                             {"toolTip", masked(item.toolTip)},
+    json["items"].push_back({{"title", maskedAddresses(item.title)},
+                             {"toolTip", maskedAddresses(item.toolTip)},
                              {"enabled", item.enabled},
                              {"separator", item.isSeparator}});
   }
   json["index"] = control.index;
-  json["toolTip"] = masked(control.toolTip);
-  json["spoken"] = masked(control.spoken);
+  json["toolTip"] = maskedAddresses(control.toolTip);
+  json["spoken"] = maskedAddresses(control.spoken);
   json["placeholder"] = control.placeholder;
   json["redBorderWidth"] = control.redBorderWidth;
   json["focused"] = control.isFocused;

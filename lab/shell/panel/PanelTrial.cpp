@@ -37,7 +37,11 @@ Seen seen(const PanelLayout::Place& place, const Control& control, bool isOnScre
   Seen result{shownValue(place, control), shownValue({place.key}, control) + control.text};
   for (const auto& item : control.items) result.whole += "\n" + item.title;
   if (control.redBorderWidth > 0) result.shown += ", marked as wrong";
-  if (!control.enabled) result.shown += ", locked" + (control.reason.empty() ? "" : " (" + control.reason + ")");
+  const bool isClicked = control.kind == Kind::button || control.kind == Kind::link;
+  if (!control.enabled) {
+    const std::string lock = "locked" + (control.reason.empty() ? "" : " (" + control.reason + ")");
+    result.shown = isClicked ? lock : result.shown + ", " + lock;
+  }
   result.whole += result.shown;
   return result;
 }
@@ -92,7 +96,7 @@ Change refused(std::string why) { return {nullptr, std::move(why)}; }
 std::string titlesOf(const Control& control) {
   std::string titles;
   for (const auto& item : control.items) {
-    if (item.enabled) titles += (titles.empty() ? "" : ", ") + masked(item.title);
+    if (item.enabled) titles += (titles.empty() ? "" : ", ") + maskedAddresses(item.title);
   }
   return titles.empty() ? "it has none" : "it has: " + titles;
 }
@@ -182,7 +186,7 @@ std::map<std::string, const Value*> byKey(const Value& rows) {
   return all;
 }
 
-std::string shownIn(const Value* row) { return row ? masked((*row)["shown"].text()) : "(not there)"; }
+std::string shownIn(const Value* row) { return row ? maskedAddresses((*row)["shown"].text()) : "(not there)"; }
 
 }  // namespace
 
