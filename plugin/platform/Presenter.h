@@ -13,6 +13,7 @@
 namespace vorn {
 
 class ControlSet;
+struct PanelLayout;
 
 // Everything that this system puts before the user's eyes. Main thread only.
 class Presenter {
@@ -78,11 +79,12 @@ class Presenter {
 
   // False where panels cannot be drawn.
   virtual bool canShowPanels() const = 0;
-  // Shows the controls as a sheet on the window and returns at once; null where panels cannot be drawn. The
-  // controls outlive the panel, which shows them as they change. The input comes later, within a Change of the
-  // controls, and may end the panel.
+  // Shows the controls as a sheet on the window, in the order of the layout, and returns at once; null where
+  // panels cannot be drawn. The controls outlive the panel, which shows them as they change. The input comes
+  // later, within a Change of the controls, and may end the panel.
   [[nodiscard]] virtual std::unique_ptr<Panel> showPanel(const HostObject& window, std::string_view title,
-                                                         ControlSet& controls, PanelInput used) = 0;
+                                                         const PanelLayout& layout, ControlSet& controls,
+                                                         PanelInput used) = 0;
 };
 
 inline constexpr Presenter::Answer Presenter::Answer::defaultButton{0};

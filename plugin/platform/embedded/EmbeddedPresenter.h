@@ -54,9 +54,9 @@ class EmbeddedPresenter final : public Presenter {
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
   std::unique_ptr<Progress> beginProgress(std::string_view message) override { return m_progress.begin(message); }
   bool canShowPanels() const override { return true; }
-  std::unique_ptr<Panel> showPanel(const HostObject& window, std::string_view title, ControlSet& controls,
-                                   PanelInput used) override {
-    return m_panels.show(window, title, controls, std::move(used));
+  std::unique_ptr<Panel> showPanel(const HostObject& window, std::string_view title, const PanelLayout& layout,
+                                   ControlSet& controls, PanelInput used) override {
+    return m_panels.show(window, title, layout, controls, std::move(used));
   }
 
  private:
