@@ -36,7 +36,7 @@ MeetingIdOptions::MeetingIdOptions(const PanelParts& panel)
 }
 
 void MeetingIdOptions::initWithLocalString() {
-  m_meetingIDBox.text = panelText("LN_Schedule_MeetingID");
+  m_meetingIDBox.text = panelText("LN_Schedule_Section_MeetingID");
   m_closePMIDisableMessageButton.text = panelText("LN_Schedule_Tip_Close");
 }
 

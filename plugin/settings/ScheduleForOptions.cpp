@@ -32,7 +32,7 @@ ScheduleForOptions::ScheduleForOptions(const PanelParts& panel)
 }
 
 void ScheduleForOptions::initWithLocalString() {
-  m_scheduleForBox.text = panelText("LN_Schedule_ScheduleFor");
+  m_scheduleForBox.text = panelText("LN_Schedule_Label_ScheduleFor");
   m_scheduleForPopup.spoken = m_scheduleForBox.text;
 }
 

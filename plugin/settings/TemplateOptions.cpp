@@ -45,7 +45,7 @@ TemplateOptions::TemplateOptions(const PanelParts& panel)
 }
 
 void TemplateOptions::initWithLocalString() {
-  m_templateBox.text = panelText("LN_Schedule_Template");
+  m_templateBox.text = panelText("LN_Schedule_Section_Template");
   m_templatePopup.spoken = m_templateBox.text;
 }
 

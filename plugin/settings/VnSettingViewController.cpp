@@ -4,11 +4,13 @@
 #include <array>
 
 #include "channel/commands/vnAPIKeys.h"
+#include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
-#include "settings/rules/ContinueRule.h"
+#include "settings/rules/PanelReasons.h"
 
 namespace vorn {
 
@@ -25,7 +27,9 @@ VnSettingViewController::VnSettingViewController(const SettingsContext& context)
       m_clientWaitEnded(Registry::platform().notificationCenter->observe(
           notify_ClientWaitEnded, [this](const NotificationCenter::Notification& note) {
             if (note.userInfo[keyApptWindowID].text() == m_context.windowId()) checkScheduleButton();
-          })) {}
+          })) {
+  m_controls.completeWith([this] { explain(); });
+}
 
 VnSettingViewController::~VnSettingViewController() {
   if (RunLoop* runLoop = Registry::platform().runLoop) runLoop->cancelPrevious(this);
@@ -229,8 +233,7 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   m_scheduleFor.setScheduleForListInfo(forOther);
 }
 
-void VnSettingViewController::checkScheduleButton() {
-  const ControlSet::Change change(m_controls);
+ContinueFacts VnSettingViewController::continueFacts() const {
   ContinueFacts facts;
   facts.isPasscodeShown = m_controls.isShown("passwordTextField");
   facts.isPasscodeOn = m_controls.isOn("requiredMeetingPswButton");
@@ -238,14 +241,39 @@ void VnSettingViewController::checkScheduleButton() {
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
   facts.awaitsReply = m_context.awaitsMeeting() || m_context.awaitsScheduleForList();
-  m_buttonContinue.enabled = mayContinue(facts);
+  return facts;
+}
+
+void VnSettingViewController::checkScheduleButton() {
+  const ControlSet::Change change(m_controls);
+  m_buttonContinue.enabled = mayContinue(continueFacts());
+}
+
+void VnSettingViewController::explain() {
+  const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
+  vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
+  const OptionalText& person = m_settingData.scheduleForEmail();
+  const bool isForMyself = person.value_or("").empty();
+  panel_rules::explain(m_controls, {.facts = m_context.facts(m_settingData),
+                                    .usePMI = m_settingData.usePMI(),
+                                    .isEnableRecurrence = m_context.isEnableRecurrence(),
+                                    .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
+                                    .isShowUseWebSettingTipView = account.isShowUseWebSettingTipView(),
+                                    .isEnableScheduleFor = account.isEnableScheduleFor(),
+                                    .isDisablePMI = isForMyself ? account.isDisablePMI()
+                                                                : account.isDisablePMIWithScheduleForEmail(person),
+                                    .isEnableAdminTemplate = account.isEnableAdminTemplate(person),
+                                    .isSupportRegionCustomization = account.isSupportRegionCustomization(),
+                                    .isVornClientSupport500Tasks = client.isVornClientSupport500Tasks(),
+                                    .isVornClientSupportEditCountries = client.isVornClientSupportEditCountries(),
+                                    .heldBackBy = std::string(whatHoldsContinueBack(continueFacts()))});
 }
 
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingViewController::onSettingsCommit(bool isOK) {
   if (isOK) {
-    takeControls();
+    takeControls(Commit::meant);
     m_keptOfNewMeeting = m_settingData;
   } else {
     throwEditsAway();
@@ -253,12 +281,14 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
 }
 
 // In this order. What has no control leaves the record as it is; what is not named was written when it changed.
-void VnSettingViewController::takeControls() {
+void VnSettingViewController::takeControls(Commit commit) {
   m_security.writePasscode();
   // Third-party audio, the audio type, tracking fields.
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
   // Alternate hosts.
-  m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
+  if (commit == Commit::meant) {
+    m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
+  }
   // Countries.
   m_scheduleFor.writeScheduleFor();
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
@@ -267,6 +297,14 @@ void VnSettingViewController::takeControls() {
   m_security.writeWaitingRoom();
   m_template.writeTemplate();
   // Join regions.
+}
+
+Value VnSettingViewController::settingsToCommit() {
+  const vnSettingData record = m_settingData;
+  takeControls(Commit::tried);
+  const Value settings = getSettingsData();
+  m_settingData = record;
+  return settings;
 }
 
 void VnSettingViewController::throwEditsAway() {
