@@ -8,7 +8,8 @@ namespace vorn {
 void ButtonGroupViewController::onClickContinue() {
   m_myWindowController.closeSubWindows();
   if (m_myWindowController.getPasswordRuleResult() != 0) return m_myWindowController.resetPasswordRuleUI();
-  // The data centre and the template have no group yet that could refuse.
+  if (!m_myWindowController.getDataCenterIfSelected()) return m_myWindowController.resetDataCenterBoxUI();
+  // The template has no group yet that could refuse.
   m_myWindowController.endSheet();
   postCommitCommand(true);
 }

@@ -7,6 +7,7 @@
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
+#include "settings/FieldKeys.h"
 #include "settings/rules/ContinueRule.h"
 
 namespace vorn {
@@ -19,7 +20,13 @@ constexpr std::array<std::string_view, 3> kErrorFields{"pswFormatErrorTextField"
 
 }  // namespace
 
-VnSettingViewController::VnSettingViewController(const SettingsContext& context) : m_context(context) {}
+VnSettingViewController::VnSettingViewController(const SettingsContext& context) : m_context(context) {
+  NotificationCenter* center = Registry::platform().notificationCenter;
+  m_trackingFieldChanges =
+      center->observe(kNoti_VNTrackingFieldValueChanged, [this](const auto&) { onTrackingFieldValueChanged(); });
+  m_countryChanges = center->observe(notify_Setting_SelectedCountriesChanged,
+                                     [this](const auto&) { onSelectedCountriesChanged(); });
+}
 
 VnSettingViewController::~VnSettingViewController() {
   if (RunLoop* runLoop = Registry::platform().runLoop) runLoop->cancelPrevious(this);
@@ -34,7 +41,8 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   initWithLocalString();
   m_settingData.initSettingData();
   m_settingData.setScheduleForEmail(m_context.scheduledForAtOpening());
-  // Tracking fields and countries have no group yet.
+  m_trackingFieldsController.initTrackingFieldItemListWithUserProfile();
+  m_editCountriesWindowController.initializeItems();
   m_settingData.initWithSiteMeetingInfo(meetingInfo);
   m_keptOfNewMeeting = m_settingData;
   initializeItems();
@@ -54,6 +62,9 @@ void VnSettingViewController::initWithLocalString() {
   m_plainOptions.initWithLocalString();
   m_security.initWithLocalString();
   m_encryption.initWithLocalString();
+  m_dataCenters.initWithLocalString();
+  m_audio.initWithLocalString();
+  m_countries.initWithLocalString();
   m_buttonContinue.text = localizedString("Button_Continue");
   m_buttonCancel.text = localizedString("Button_Cancel");
 }
@@ -73,7 +84,8 @@ void VnSettingViewController::initializeItems() {
   m_joinBeforeHost.initJBHOptions();
   m_plainOptions.initMuteUponEntryBox();
   m_signInDomains.initOnlySignedin();
-  // Meeting ID: updatePMITitle. Tracking fields: their chosen values.
+  // Meeting ID: updatePMITitle.
+  m_trackingFieldsController.loadMtValues();
   m_plainOptions.initMuteParticipantUponEntry();
   m_plainOptions.initRecordingOptions();
   // Alternate hosts.
@@ -84,9 +96,12 @@ void VnSettingViewController::initializeItems() {
   m_plainOptions.initSelectInvitationLanguage();
   m_security.initWaitingRoomOption();
   m_plainOptions.initUnmuteParticipantsOption();
-  // Data centres: isCheckedScheduleButton, initDataCenterRegionsBox.
+  m_dataCenters.load();
   m_plainOptions.initNotShowMeAgain();
-  // Audio: initAudioBox, updateAudioOptionBoxStatus, arrangeAudioTypeBox. Tracking fields: initTrackingFields.
+  m_audio.initAudioBox();
+  m_audio.updateAudioOptionBoxStatus();
+  m_audio.updateCtrlPosForAudio();
+  m_trackingFieldsController.initTrackingFields();
   m_signInDomains.initRestrictDomainsBox();
   m_plainOptions.initAudioWatermark();
   m_plainOptions.initPutInvitationAtTheTop();
@@ -112,7 +127,7 @@ void VnSettingViewController::checkAccountLocked() {
 
 // What end-to-end encryption takes away comes back with the account's locks.
 void VnSettingViewController::checkE2eeAffectedAccountLocked() {
-  // Audio: its buttons.
+  m_audio.checkE2eeAffectedAccountLocked();
   m_joinBeforeHost.checkE2eeAffectedAccountLocked();
   m_plainOptions.checkE2eeAffectedAccountLocked();
 }
@@ -123,14 +138,16 @@ void VnSettingViewController::updateAffectedOptionsForE2ee() {
     m_security.updatePasswordStateWithJBHChanged();
     m_joinBeforeHost.hideForEndToEnd();
     m_settingData.setAudioType(panel_rules::audioTypeForEndToEnd(m_context.facts(m_settingData).account));
+    m_audio.restrictAudioForEndToEnd();
     m_plainOptions.restrictRecordingForEndToEnd();
   } else {
     m_joinBeforeHost.initJBHOptions();
-    // Audio: initAudioBox.
+    m_audio.initAudioBox();
     m_plainOptions.initRecordingOptions();
     checkE2eeAffectedAccountLocked();
   }
-  // Audio: updateAudioOptionBoxStatus, arrangeAudioTypeBox.
+  m_audio.updateAudioOptionBoxStatus();
+  m_audio.updateCtrlPosForAudio();
 }
 
 void VnSettingViewController::refreshUI(bool forPMI) {
@@ -157,7 +174,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 // not.
 void VnSettingViewController::userChanged(std::string_view key) {
   const ControlSet::Change change(m_controls);
-  const Control* used = m_controls.find(key);
+  const Control* used = m_controls.find(fieldOf(key));
   const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox);
   if (!isTyped && m_controls.windowOf(key).empty()) closeSubWindows();
   m_plainOptions.userChanged(key);
@@ -165,6 +182,11 @@ void VnSettingViewController::userChanged(std::string_view key) {
   m_signInDomains.userChanged(key);
   m_joinBeforeHost.userChanged(key);
   m_encryption.userChanged(key);
+  m_dataCenters.userChanged(key);
+  m_audio.userChanged(key);
+  m_countries.userChanged(key);
+  m_editCountriesWindowController.userChanged(key);
+  m_trackingFieldsController.userChanged(key);
   checkScheduleButton();
 }
 
@@ -188,6 +210,18 @@ void VnSettingViewController::resetPasswordRuleUI() {
   m_security.resetPasswordRuleUI();
 }
 
+void VnSettingViewController::resetDataCenterBoxUI() {
+  const ControlSet::Change change(m_controls);
+  m_dataCenters.resetDataCenterBoxUI();
+}
+
+// The window of any panel may have said so; each shows its own choice.
+void VnSettingViewController::onSelectedCountriesChanged() {
+  const ControlSet::Change change(m_controls);
+  m_countries.updateSelectedCountriesDesField();
+  checkScheduleButton();
+}
+
 void VnSettingViewController::checkScheduleButton() {
   const ControlSet::Change change(m_controls);
   ContinueFacts facts;
@@ -196,12 +230,18 @@ void VnSettingViewController::checkScheduleButton() {
   facts.passcode = m_controls.find("passwordTextField")->text;
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
+  facts.isTrackingShown = m_controls.isShown("trackingFieldsBox");
+  facts.missedRequiredTrackingFields = m_trackingFieldsController.missedRequiredTrackingFields();
+  facts.areCountriesShown = m_controls.isShown("selectedCountriesField");
+  facts.areCountriesEmpty = m_countries.areCountriesEmpty();
   m_buttonContinue.enabled = mayContinue(facts);
 }
 
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingViewController::onSettingsCommit(bool isOK) {
+  const ControlSet::Change change(m_controls);
+  m_editCountriesWindowController.closeWindowSheet();
   if (isOK) {
     takeControls();
     m_keptOfNewMeeting = m_settingData;
@@ -213,11 +253,13 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
 // In this order. What has no control leaves the record as it is; what is not named was written when it changed.
 void VnSettingViewController::takeControls() {
   m_security.writePasscode();
-  // Third-party audio, the audio type, tracking fields.
+  m_audio.writeAudio();
+  m_trackingFieldsController.writeTrackingFields();
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
   // Alternate hosts.
   m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
-  // Countries, whom the meeting is scheduled for.
+  m_countries.writeCountries();
+  // Whom the meeting is scheduled for.
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
   m_joinBeforeHost.writeJoinBeforeHost();
   m_signInDomains.writeSignIn();
@@ -226,6 +268,8 @@ void VnSettingViewController::takeControls() {
 }
 
 void VnSettingViewController::throwEditsAway() {
+  m_audio.forgetTyped();
+  m_trackingFieldsController.forgetTyped();
   if (m_siteMeetingInfo.count() > 0) {
     m_settingData.initWithSiteMeetingInfo(m_siteMeetingInfo);
   } else {

@@ -3,12 +3,18 @@
 #include <string>
 #include <string_view>
 
+#include "platform/NotificationCenter.h"
+#include "settings/AudioOptions.h"
+#include "settings/CountryOptions.h"
+#include "settings/DataCenterOptions.h"
 #include "settings/EncryptionOptions.h"
 #include "settings/JoinBeforeHostOptions.h"
 #include "settings/PlainOptions.h"
 #include "settings/SecurityOptions.h"
 #include "settings/SignInDomainOptions.h"
+#include "settings/VNEditCountriesWindowController.h"
 #include "settings/VNPasswordRuleWindowController.h"
+#include "settings/vnTrackingFieldsController.h"
 
 namespace vorn {
 
@@ -47,6 +53,10 @@ class VnSettingViewController final : private PanelSteps {
   std::int64_t getPasswordRuleResult() const { return m_security.getPasswordRuleResult(); }
   // Shows them.
   void resetPasswordRuleUI();
+  // False when data centres are wanted and none is chosen.
+  bool getDataCenterIfSelected() const { return m_dataCenters.getDataCenterIfSelected(); }
+  // Warns of it.
+  void resetDataCenterBoxUI();
 
   // The record takes the controls, or goes back to where it was.
   void onSettingsCommit(bool isOK);
@@ -66,6 +76,8 @@ class VnSettingViewController final : private PanelSteps {
   void throwEditsAway();
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();
+  void onSelectedCountriesChanged();
+  void onTrackingFieldValueChanged() { checkScheduleButton(); }
 
   void hideRestrictDomainsBox() override { m_signInDomains.hideRestrictDomainsBox(); }
   void resetSecurityErrorTextField() override { m_security.resetSecurityErrorTextField(); }
@@ -73,6 +85,19 @@ class VnSettingViewController final : private PanelSteps {
   void updateAffectedOptionsForE2ee() override;
   void initAudioWatermarkButton() override { m_plainOptions.initAudioWatermarkButton(); }
   void initAudioWatermark() override { m_plainOptions.initAudioWatermark(); }
+  void initCountriesFromRecord() override { m_countries.initCountriesFromRecord(); }
+  void initEditCountriesOptions() override { m_countries.initEditCountriesOptions(); }
+  void showEditCountriesOptionsAsAudioType(std::int64_t audioType) override {
+    m_countries.showEditCountriesOptionsAsAudioType(audioType);
+  }
+  void updateEditCountriesOptions(bool isFromRegion) override {
+    m_countries.updateEditCountriesOptions(isFromRegion);
+  }
+  void updateDataCenterImpactCountriesTipViewUI(bool isHidden) override {
+    m_dataCenters.updateDataCenterImpactCountriesTipViewUI(isHidden);
+  }
+  // Join regions: their tip.
+  void updateAllowDenyImpactCountriesTipViewUI(bool /*isHidden*/) override {}
 
   const SettingsContext& m_context;
   vnSettingData m_settingData;
@@ -82,14 +107,21 @@ class VnSettingViewController final : private PanelSteps {
   Value m_pmiMeetingInfo = Value::dictionary();
   ControlSet m_controls;
   const PanelParts m_parts{m_controls, m_settingData, m_context, *this};
+  VNEditCountriesWindowController m_editCountriesWindowController{m_controls};
   VNPasswordRuleWindowController m_passwordRuleWindowController{m_controls};
   PlainOptions m_plainOptions{m_parts};
   SecurityOptions m_security{m_parts, m_passwordRuleWindowController};
   SignInDomainOptions m_signInDomains{m_parts};
   JoinBeforeHostOptions m_joinBeforeHost{m_parts};
   EncryptionOptions m_encryption{m_parts};
+  DataCenterOptions m_dataCenters{m_parts};
+  AudioOptions m_audio{m_parts};
+  CountryOptions m_countries{m_parts, m_editCountriesWindowController};
+  vnTrackingFieldsController m_trackingFieldsController{m_parts};
   Control& m_buttonContinue = m_controls.add(Control::Kind::button, "buttonContinue");
   Control& m_buttonCancel = m_controls.add(Control::Kind::button, "buttonCancel");
+  NotificationCenter::Subscription m_trackingFieldChanges;
+  NotificationCenter::Subscription m_countryChanges;
 };
 
 }  // namespace vorn

@@ -67,6 +67,14 @@ void VnSettingWindowController::resetPasswordRuleUI() {
   if (m_mySettingViewController) m_mySettingViewController->resetPasswordRuleUI();
 }
 
+bool VnSettingWindowController::getDataCenterIfSelected() const {
+  return m_mySettingViewController && m_mySettingViewController->getDataCenterIfSelected();
+}
+
+void VnSettingWindowController::resetDataCenterBoxUI() {
+  if (m_mySettingViewController) m_mySettingViewController->resetDataCenterBoxUI();
+}
+
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingWindowController::postSettingCommitCommand(const Value& command) {

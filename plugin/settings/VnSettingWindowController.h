@@ -40,6 +40,9 @@ class VnSettingWindowController final : public SettingsPanel,
   // The failed rules of the passcode; 0 when none is asked for.
   std::int64_t getPasswordRuleResult() const;
   void resetPasswordRuleUI();
+  // False when data centres are wanted and none is chosen.
+  bool getDataCenterIfSelected() const;
+  void resetDataCenterBoxUI();
 
   // Null before the sheet was shown.
   VnSettingViewController* mySettingViewController() { return m_mySettingViewController.get(); }

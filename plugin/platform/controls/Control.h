@@ -65,6 +65,8 @@ struct Control {
   std::optional<vnMaxLengthFormatter> formatter{};
   // A red border around a field, in points; 0 for none.
   double redBorderWidth = 0;
+  // The text is red, because what it says is a fault.
+  bool isRed = false;
   // It has the keyboard.
   bool isFocused = false;
 
