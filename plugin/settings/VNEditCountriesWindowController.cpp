@@ -10,7 +10,7 @@
 #include "data/vnUserProfileHelper.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
-#include "settings/FieldKeys.h"
+#include "platform/controls/FieldKeys.h"
 #include "util/LocalText.h"
 #include "util/Text.h"
 #include "util/TextSearch.h"

@@ -7,7 +7,7 @@
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
-#include "settings/FieldKeys.h"
+#include "platform/controls/FieldKeys.h"
 #include "settings/rules/ContinueRule.h"
 
 namespace vorn {
