@@ -5,7 +5,7 @@
 
 namespace vorn {
 
-AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText& email) {
+AccountFacts accountFactsWithoutLists(const vnUserProfileHelper& account, const OptionalText& email) {
   return {
       .hasUserProfile = account.hasUserProfile(),
       .alwaysTurnOnHostVideoByDefault = account.alwaysTurnOnHostVideoByDefault(),
@@ -69,9 +69,14 @@ AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText
       .roomMeetingID = account.roomMeetingID(),
       .thirdPartyAudioInfo = account.thirdPartyAudioInfo(),
       .getMeetingAuths = account.getMeetingAuths(),
-      .trackingFields = account.trackingFields(),
-      .getAvailableDialinCountry = account.getAvailableDialinCountry(),
   };
+}
+
+AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText& email) {
+  AccountFacts facts = accountFactsWithoutLists(account, email);
+  facts.trackingFields = account.trackingFields();
+  facts.getAvailableDialinCountry = account.getAvailableDialinCountry();
+  return facts;
 }
 
 ClientGates clientGates() {

@@ -219,6 +219,7 @@ TEST_F(AudioPanelTest, AsksForTheThirdPartysTextAndKeepsItWhileThePanelIsLoadedA
 
 TEST_F(AudioPanelTest, EndToEndEncryptionLeavesTheComputersAudioAndGivesTheRestBack) {
   Account account;
+  account.set_useroption(static_cast<std::int64_t>(UserOption::AlwaysUseBothAsDefaultAudio));
   account.set_useroption3(static_cast<std::int64_t>(UserOption3::isSupportE2eeMeeting) |
                           static_cast<std::int64_t>(UserOption3::canScheduleE2eeMeeting));
   knowAccount(account, Value::dictionaryFromPairs({{vn_Profile_SupportFeatureOptions, 1}}));
