@@ -39,8 +39,8 @@ class SettingsContext {
   // Whom the panel is opened for; "" for oneself.
   std::string scheduledForAtOpening() const;
 
-  // Of the account and the client, and of the person whom the record is scheduled for; without the account's tracking
-  // fields and dial-in countries.
+  // Of the account and the client, and of the person whom the record is scheduled for; without the account's
+  // tracking fields and dial-in countries.
   OptionFacts facts(const vnSettingData& record) const;
 
  private:
