@@ -170,7 +170,6 @@ void AudioOptions::tspAccountChanged() {
 void AudioOptions::writeAudio() {
   m_record.setThirdPartyAudio(m_thirdPartyAudioTextField.text);
   m_record.setAudioType(audioTypeFromUI(shown(), site()));
-  forgetTyped();
 }
 
 }  // namespace vorn

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
 #include "platform/controls/FieldKeys.h"
-#include "settings/rules/ContinueRule.h"
+#include "settings/rules/PanelReasons.h"
 
 namespace vorn {
 
@@ -26,6 +28,7 @@ VnSettingViewController::VnSettingViewController(const SettingsContext& context)
       center->observe(kNoti_VNTrackingFieldValueChanged, [this](const auto&) { onTrackingFieldValueChanged(); });
   m_countryChanges = center->observe(notify_Setting_SelectedCountriesChanged,
                                      [this](const auto&) { onSelectedCountriesChanged(); });
+  m_controls.completeWith([this] { explain(); });
 }
 
 VnSettingViewController::~VnSettingViewController() {
@@ -222,8 +225,7 @@ void VnSettingViewController::onSelectedCountriesChanged() {
   checkScheduleButton();
 }
 
-void VnSettingViewController::checkScheduleButton() {
-  const ControlSet::Change change(m_controls);
+ContinueFacts VnSettingViewController::continueFacts() const {
   ContinueFacts facts;
   facts.isPasscodeShown = m_controls.isShown("passwordTextField");
   facts.isPasscodeOn = m_controls.isOn("requiredMeetingPswButton");
@@ -234,7 +236,32 @@ void VnSettingViewController::checkScheduleButton() {
   facts.missedRequiredTrackingFields = m_trackingFieldsController.missedRequiredTrackingFields();
   facts.areCountriesShown = m_controls.isShown("selectedCountriesField");
   facts.areCountriesEmpty = m_countries.areCountriesEmpty();
-  m_buttonContinue.enabled = mayContinue(facts);
+  return facts;
+}
+
+void VnSettingViewController::checkScheduleButton() {
+  const ControlSet::Change change(m_controls);
+  m_buttonContinue.enabled = mayContinue(continueFacts());
+}
+
+void VnSettingViewController::explain() {
+  const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
+  vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
+  const OptionalText& person = m_settingData.scheduleForEmail();
+  const bool isForMyself = person.value_or("").empty();
+  panel_rules::explain(m_controls, {.facts = m_context.facts(m_settingData),
+                                    .usePMI = m_settingData.usePMI(),
+                                    .isEnableRecurrence = m_context.isEnableRecurrence(),
+                                    .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
+                                    .isShowUseWebSettingTipView = account.isShowUseWebSettingTipView(),
+                                    .isEnableScheduleFor = account.isEnableScheduleFor(),
+                                    .isDisablePMI = isForMyself ? account.isDisablePMI()
+                                                                : account.isDisablePMIWithScheduleForEmail(person),
+                                    .isEnableAdminTemplate = account.isEnableAdminTemplate(person),
+                                    .isSupportRegionCustomization = account.isSupportRegionCustomization(),
+                                    .isVornClientSupport500Tasks = client.isVornClientSupport500Tasks(),
+                                    .isVornClientSupportEditCountries = client.isVornClientSupportEditCountries(),
+                                    .heldBackBy = std::string(whatHoldsContinueBack(continueFacts()))});
 }
 
 // -- Its end -----------------------------------------------------------------------------------------------------
@@ -243,21 +270,25 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
   const ControlSet::Change change(m_controls);
   m_editCountriesWindowController.closeWindowSheet();
   if (isOK) {
-    takeControls();
+    takeControls(Commit::meant);
     m_keptOfNewMeeting = m_settingData;
   } else {
     throwEditsAway();
   }
+  m_audio.forgetTyped();
+  m_trackingFieldsController.forgetTyped();
 }
 
 // In this order. What has no control leaves the record as it is; what is not named was written when it changed.
-void VnSettingViewController::takeControls() {
+void VnSettingViewController::takeControls(Commit commit) {
   m_security.writePasscode();
   m_audio.writeAudio();
   m_trackingFieldsController.writeTrackingFields();
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
   // Alternate hosts.
-  m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
+  if (commit == Commit::meant) {
+    m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
+  }
   m_countries.writeCountries();
   // Whom the meeting is scheduled for.
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
@@ -267,9 +298,15 @@ void VnSettingViewController::takeControls() {
   // The template, join regions.
 }
 
+Value VnSettingViewController::settingsToCommit() {
+  const vnSettingData record = m_settingData;
+  takeControls(Commit::tried);
+  const Value settings = getSettingsData();
+  m_settingData = record;
+  return settings;
+}
+
 void VnSettingViewController::throwEditsAway() {
-  m_audio.forgetTyped();
-  m_trackingFieldsController.forgetTyped();
   if (m_siteMeetingInfo.count() > 0) {
     m_settingData.initWithSiteMeetingInfo(m_siteMeetingInfo);
   } else {

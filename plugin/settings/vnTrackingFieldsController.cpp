@@ -97,7 +97,6 @@ void vnTrackingFieldsController::writeTrackingFields() {
     fields.append(trackingFieldWith(item->trackingFieldContent(), item->currentTrackingFieldValue()));
   }
   if (!m_items.empty()) m_record.setTrackingFields(fields);
-  forgetTyped();
 }
 
 void vnTrackingFieldsController::forgetTyped() {

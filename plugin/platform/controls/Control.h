@@ -69,6 +69,9 @@ struct Control {
   bool isRed = false;
   // It has the keyboard.
   bool isFocused = false;
+  // Why it is hidden or cannot be used, for people who give support; "" for a control that can be used. Not
+  // translated.
+  std::string reason{};
 
   bool isShownAndOn() const { return !hidden && on; }
   bool operator==(const Control&) const = default;
