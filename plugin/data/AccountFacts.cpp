@@ -8,6 +8,7 @@ namespace vorn {
 AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText& email) {
   return {
       .hasUserProfile = account.hasUserProfile(),
+      .isPaidUser = account.isPaidUser(),
       .alwaysTurnOnHostVideoByDefault = account.alwaysTurnOnHostVideoByDefault(),
       .alwaysTurnOnAttendeeVideoByDefault = account.alwaysTurnOnAttendeeVideoByDefault(),
       .isHostVideoLocked = account.isHostVideoLocked(),
@@ -84,6 +85,7 @@ ClientGates clientGates() {
       .isVornClientSupport520Tasks = client.isVornClientSupport520Tasks(),
       .isVornClientSupport530Tasks = client.isVornClientSupport530Tasks(),
       .isVornClientSupport464Tasks = client.isVornClientSupport464Tasks(),
+      .isVornClientSupport550Tasks = client.isVornClientSupport550Tasks(),
   };
 }
 

@@ -14,6 +14,7 @@ class vnUserProfileHelper;
 // plain value. Each is named after the accessor that gives it.
 struct AccountFacts {
   bool hasUserProfile = false;
+  bool isPaidUser = false;
 
   bool alwaysTurnOnHostVideoByDefault = false;
   bool alwaysTurnOnAttendeeVideoByDefault = false;
@@ -101,6 +102,7 @@ struct ClientGates {
   bool isVornClientSupport520Tasks = false;
   bool isVornClientSupport530Tasks = false;
   bool isVornClientSupport464Tasks = false;
+  bool isVornClientSupport550Tasks = false;
 };
 
 // The predicates' answers now. Main thread only.

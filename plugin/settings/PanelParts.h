@@ -30,6 +30,11 @@ class PanelSteps {
   virtual void updatePasswordStateWithJBHChanged() = 0;
   virtual void updateAffectedOptionsForE2ee() = 0;
 
+  // -- Regions and dial-in countries, each of which takes away from the other's
+  // The countries go by the region policy and the data centres as they stand.
+  virtual void updateEditCountriesOptions(bool fromRegion) = 0;
+  virtual void updateAllowDenyImpactCountriesTipViewUI(bool isHidden) = 0;
+
   // -- Audio watermark, which depends on who may join
   virtual void initAudioWatermarkButton() = 0;
   virtual void initAudioWatermark() = 0;

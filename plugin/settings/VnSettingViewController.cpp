@@ -54,6 +54,7 @@ void VnSettingViewController::initWithLocalString() {
   m_plainOptions.initWithLocalString();
   m_security.initWithLocalString();
   m_encryption.initWithLocalString();
+  m_alternateHosts.initWithLocalString();
   m_buttonContinue.text = localizedString("Button_Continue");
   m_buttonCancel.text = localizedString("Button_Cancel");
 }
@@ -76,7 +77,7 @@ void VnSettingViewController::initializeItems() {
   // Meeting ID: updatePMITitle. Tracking fields: their chosen values.
   m_plainOptions.initMuteParticipantUponEntry();
   m_plainOptions.initRecordingOptions();
-  // Alternate hosts.
+  m_alternateHosts.initAlternateHosts();
   m_plainOptions.initForceIncludeJoinurlInLocation();
   // Meeting ID: initScheduleForBox, the choice of the ID.
   m_plainOptions.initAudioWatermarkButton();
@@ -97,7 +98,7 @@ void VnSettingViewController::initializeItems() {
   m_security.initSecurityBox();
   m_security.resetUIForPasswordFormatErrorTextField();
   m_security.resetPswHelpButtonState();
-  // Join regions: initAllowDenyOptionBox.
+  m_allowDeny.initAllowDenyOptionBox();
   checkScheduleButton();
 }
 
@@ -105,7 +106,8 @@ void VnSettingViewController::checkAccountLocked() {
   m_plainOptions.checkAccountLocked();
   m_signInDomains.checkAccountLocked();
   m_security.checkAccountLocked();
-  // Meeting ID: both buttons. Join regions: allowDenyButton.
+  // Meeting ID: both buttons.
+  m_allowDeny.checkAccountLocked();
   checkE2eeAffectedAccountLocked();
   m_security.checkIfRequirePasswordLocked();
 }
@@ -158,19 +160,24 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 void VnSettingViewController::userChanged(std::string_view key) {
   const ControlSet::Change change(m_controls);
   const Control* used = m_controls.find(key);
-  const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox);
+  const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox ||
+                                used->kind == Control::Kind::tokenField);
   if (!isTyped && m_controls.windowOf(key).empty()) closeSubWindows();
   m_plainOptions.userChanged(key);
   m_security.userChanged(key);
   m_signInDomains.userChanged(key);
   m_joinBeforeHost.userChanged(key);
   m_encryption.userChanged(key);
+  m_alternateHosts.userChanged(key);
+  m_allowDeny.userChanged(key);
   checkScheduleButton();
 }
 
 void VnSettingViewController::closeSubWindows() {
   const ControlSet::Change change(m_controls);
   m_passwordRuleWindowController.closePasswordRuleWindows();
+  m_alternateHosts.closeAlternateHostSearchListWindow();
+  m_allowDeny.closeAllowDenyRCSearchListWindow();
 }
 
 void VnSettingViewController::makeFirstResponderWithObject(std::string_view key) {
@@ -196,6 +203,8 @@ void VnSettingViewController::checkScheduleButton() {
   facts.passcode = m_controls.find("passwordTextField")->text;
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
+  facts.isAlternateHostShown = m_controls.isShown("alternateHostBox");
+  facts.hasAlternateHostError = m_alternateHosts.checkAlternateHostError();
   m_buttonContinue.enabled = mayContinue(facts);
 }
 
@@ -215,17 +224,19 @@ void VnSettingViewController::takeControls() {
   m_security.writePasscode();
   // Third-party audio, the audio type, tracking fields.
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
-  // Alternate hosts.
+  m_alternateHosts.writeAlternateHosts();
   m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
   // Countries, whom the meeting is scheduled for.
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
   m_joinBeforeHost.writeJoinBeforeHost();
   m_signInDomains.writeSignIn();
   m_security.writeWaitingRoom();
-  // The template, join regions.
+  // The template.
+  m_allowDeny.writeAllowDeny();
 }
 
 void VnSettingViewController::throwEditsAway() {
+  m_alternateHosts.forgetEdits();
   if (m_siteMeetingInfo.count() > 0) {
     m_settingData.initWithSiteMeetingInfo(m_siteMeetingInfo);
   } else {

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "settings/AllowDenyOptions.h"
+#include "settings/AlternateHostOptions.h"
 #include "settings/EncryptionOptions.h"
 #include "settings/JoinBeforeHostOptions.h"
 #include "settings/PlainOptions.h"
@@ -71,6 +73,11 @@ class VnSettingViewController final : private PanelSteps {
   void resetSecurityErrorTextField() override { m_security.resetSecurityErrorTextField(); }
   void updatePasswordStateWithJBHChanged() override { m_security.updatePasswordStateWithJBHChanged(); }
   void updateAffectedOptionsForE2ee() override;
+  // The dial-in countries have no group yet.
+  void updateEditCountriesOptions(bool /*fromRegion*/) override {}
+  void updateAllowDenyImpactCountriesTipViewUI(bool isHidden) override {
+    m_allowDeny.updateAllowDenyImpactCountriesTipViewUI(isHidden);
+  }
   void initAudioWatermarkButton() override { m_plainOptions.initAudioWatermarkButton(); }
   void initAudioWatermark() override { m_plainOptions.initAudioWatermark(); }
 
@@ -88,6 +95,8 @@ class VnSettingViewController final : private PanelSteps {
   SignInDomainOptions m_signInDomains{m_parts};
   JoinBeforeHostOptions m_joinBeforeHost{m_parts};
   EncryptionOptions m_encryption{m_parts};
+  AlternateHostOptions m_alternateHosts{m_parts};
+  AllowDenyOptions m_allowDeny{m_parts};
   Control& m_buttonContinue = m_controls.add(Control::Kind::button, "buttonContinue");
   Control& m_buttonCancel = m_controls.add(Control::Kind::button, "buttonCancel");
 };

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/controls/TokenText.h"
 #include "platform/controls/vnMaxLengthFormatter.h"
 
 namespace vorn {
@@ -44,6 +45,8 @@ struct Control {
     popup,        // likewise
     comboBox,     // text that the user types, or takes from the items
     textField,    // text that the user types
+    tokenField,   // tokens: text that the user types, and chips in it
+    list,         // items in rows, of which the one at the index is selected; -1 for none
   };
 
   std::string key;
@@ -59,6 +62,13 @@ struct Control {
   std::string toolTip{};
   // What assistive programs say of it; "" for its text.
   std::string spoken{};
+  // Of a field of tokens.
+  TokenText tokens{};
+  // Points by which a field is taller than one that needs no room for more lines.
+  double extraHeight = 0;
+  // Of a list: the height of a row in points, and how many rows show without scrolling.
+  double rowHeight = 0;
+  int mostRows = 0;
   // Shown in a field that is empty.
   std::string placeholder{};
   // Of a field; absent takes any text.
