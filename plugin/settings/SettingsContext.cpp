@@ -33,6 +33,22 @@ bool SettingsContext::isEnableRecurrence() const {
   return owner->settingsFlow().isEnableRecurrence(window);
 }
 
+bool SettingsContext::durationExceedThanMaxMins() const {
+  const auto owner = manager();
+  return owner && owner->durationExceedThanMaxMins(MeetingWindow::ofHostWindow(m_parentWindow).editor());
+}
+
+Value SettingsContext::attendeesList() const {
+  MeetingWindow window = MeetingWindow::ofHostWindow(m_parentWindow);
+  vnECCalendarEvent* event = window.event();
+  return event ? event->getVnAttendeesData() : Value::array();
+}
+
+std::string SettingsContext::getVornMeetingKey() const {
+  const auto owner = manager();
+  return owner ? owner->getVornMeetingKey().value_or("") : "";
+}
+
 OptionalText SettingsContext::getInvitationLanguage() const {
   const auto owner = manager();
   return owner ? owner->meetingDataMgr()->selectInvitationLanguage() : OptionalText("");

@@ -28,6 +28,12 @@ class SettingsContext {
   bool isForUpdateVornMeeting() const;
   // The appointment is a series.
   bool isEnableRecurrence() const;
+  // The appointment is longer than the account's plan allows. False without a manager.
+  bool durationExceedThanMaxMins() const;
+  // The people of the appointment; empty without an editor.
+  Value attendeesList() const;
+  // The meeting's number; "" without a manager or a meeting.
+  std::string getVornMeetingKey() const;
   // The language in which the meeting's invitation was written last; absent when none was, "" without a manager.
   OptionalText getInvitationLanguage() const;
   // The people invited to the appointment, with the vn_ApptInfo_Attendee* keys; an empty array without an editor.

@@ -11,7 +11,6 @@
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
 #include "util/Text.h"
-#include "workflow/vnScheduleErrorMessage.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -23,16 +22,23 @@ VnSettingWindowController::VnSettingWindowController(std::string apptWindowID, c
 
 void VnSettingWindowController::awake() {
   m_mySettingViewController = std::make_unique<VnSettingViewController>(m_context);
+  m_banners = std::make_unique<Banners>(m_mySettingViewController->controls(), m_context);
+  m_banners->scheduleLimitation.setEmbedSettingWindowMode(true);
   initFields(true);
 }
 
 void VnSettingWindowController::initFields(bool first) {
   if (!m_mySettingViewController) return;
+  const ControlSet::Change change(m_mySettingViewController->controls());
   if (first) {
     m_mySettingViewController->initFields(m_context.meetingInfo());
   } else {
     m_mySettingViewController->updateUIItemsForNextTime();
   }
+  m_banners->scheduleLimitation.initFields(m_context.durationExceedThanMaxMins());
+  m_banners->pluginTurnoff.initFields();
+  m_banners->userSettingTip.initFields();
+  m_banners->epidemicTip.initFields();
 }
 
 void VnSettingWindowController::showWindowSheet() {
@@ -49,10 +55,22 @@ void VnSettingWindowController::userUsed(const std::string& key) {
   if (key == "buttonContinue") return m_myButtonGroupViewController.onClickContinue();
   if (key == "buttonCancel") return m_myButtonGroupViewController.onClickCancel();
   m_mySettingViewController->userChanged(key);
+  m_banners->scheduleLimitation.userChanged(key);
+  m_banners->pluginTurnoff.userChanged(key);
+  m_banners->userSettingTip.userChanged(key);
 }
 
 void VnSettingWindowController::refreshUI(bool forPMI) {
-  if (m_mySettingViewController) m_mySettingViewController->refreshUI(forPMI);
+  if (!m_mySettingViewController) return;
+  const ControlSet::Change change(m_mySettingViewController->controls());
+  refreshUseWebSettingTipViewUI(forPMI);
+  m_mySettingViewController->refreshUI(forPMI);
+}
+
+void VnSettingWindowController::refreshUseWebSettingTipViewUI(bool forPMI) {
+  if (!m_banners) return;
+  m_banners->userSettingTip.setIsForPMI(forPMI);
+  m_banners->userSettingTip.initFields();
 }
 
 void VnSettingWindowController::closeSubWindows() {
@@ -76,11 +94,13 @@ void VnSettingWindowController::postSettingCommitCommand(const Value& command) {
   told.set(keyApptWindowID, m_context.windowId());
   // The manager acts on the commit before the choices are saved.
   Registry::platform().notificationCenter->post(notify_SettingCommit, nullptr, told);
-  if (isOK) saveSettingsToUserProfile();
+  if (!isOK) return;
+  saveSettingsToUserProfile();
+  if (m_banners) m_banners->scheduleLimitation.saveShowMessageAgainToUserProfile();
 }
 
 void VnSettingWindowController::saveSettingsToUserProfile() {
-  const bool notAgain = vnScheduleErrorMessage::notShowMessageAgain();
+  const bool notAgain = vnScheduleLimitationViewController::notShowMessageAgain();
   Value settings = getVnSettingsData();
   // Somebody else's countries are no choice of the user's.
   if (!settings[vn_Setting_ScheduleFor].text().empty()) settings.erase(vn_Setting_AvailableDialinCountry);

@@ -6,7 +6,11 @@
 #include "platform/Presenter.h"
 #include "settings/ButtonGroupViewController.h"
 #include "settings/VnSettingViewController.h"
+#include "settings/VnUserSettingTipViewController.h"
+#include "settings/vnEpidemicTipViewController.h"
+#include "settings/vnPluginTurnoffViewController.h"
 #include "workflow/SettingsPanel.h"
+#include "workflow/vnScheduleLimitationViewController.h"
 
 namespace vorn {
 
@@ -28,6 +32,7 @@ class VnSettingWindowController final : public SettingsPanel,
   // Takes the sheet off the screen. The options stay.
   void endSheet() { m_sheet.reset(); }
   void refreshUI(bool forPMI);
+  void refreshUseWebSettingTipViewUI(bool forPMI);
 
   // The end of the panel, as its buttons tell it: the record commits or goes back, the manager is told, and a
   // commit becomes the user's choice for the next meeting.
@@ -58,7 +63,22 @@ class VnSettingWindowController final : public SettingsPanel,
   void userUsed(const std::string& key);
 
   SettingsContext m_context;
+  // What stands above the options, in the options' controls.
+  struct Banners {
+    Banners(ControlSet& controls, const SettingsContext& context)
+        : scheduleLimitation(controls),
+          pluginTurnoff(controls),
+          userSettingTip(controls, context),
+          epidemicTip(controls) {}
+
+    vnScheduleLimitationViewController scheduleLimitation;
+    vnPluginTurnoffViewController pluginTurnoff;
+    VnUserSettingTipViewController userSettingTip;
+    vnEpidemicTipViewController epidemicTip;
+  };
+
   std::unique_ptr<VnSettingViewController> m_mySettingViewController;
+  std::unique_ptr<Banners> m_banners;
   ButtonGroupViewController m_myButtonGroupViewController{*this};
   std::unique_ptr<Presenter::Panel> m_sheet;
 };

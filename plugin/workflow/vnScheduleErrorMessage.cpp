@@ -3,9 +3,6 @@
 #include <string>
 
 #include "channel/commands/vnAPIKeys.h"
-#include "data/NotAgainFlags.h"
-#include "data/vnUserProfileHelper.h"
-#include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
@@ -16,10 +13,12 @@ namespace vorn {
 
 namespace {
 
-// The user whose plan asks for the notice, who is known longer than the profile is.
-OptionalText user() { return vnUserProfileHelper::sharedInstance().lastKnownUserId(); }
-
-SavedProfileFlag notAgainFlag() { return not_again::accountLimitation(user()); }
+// An alert cannot be clicked inside its words, so the address of an upgrade is told.
+std::string withUpgrade(const std::string& message) {
+  const std::string link = vnScheduleLimitationViewController::upgradeLink();
+  if (link.empty()) return message;
+  return message + "\n" + localizedString("LN_Schedule_Limitation_Upgrade") + " (" + link + ")";
+}
 
 }  // namespace
 
@@ -31,13 +30,14 @@ void vnScheduleErrorMessage::showMessage(const HostObject& parentWindow) {
   Presenter* presenter = Registry::platform().presenter;
   if (!presenter) return;
   m_session = std::make_shared<vnScheduleErrorMessage*>(this);
-  const std::string limit = std::to_string(vnLicencePolicy::kLongestUnpaidMeetingMinutes);
+  m_scheduleLimitation.initFields(true);
+  const Control& notAgain = m_scheduleLimitation.notShowAgainSwitch();
   const Presenter::Alert alert{
       "",
-      formatText(localizedString("LN_Schedule_Limitation_Duration"), {limit}),
+      withUpgrade(m_scheduleLimitation.message()),
       {localizedString("Button_Continue"), localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312")},
       Presenter::kWarningIcon,
-      localizedString("LN_Schedule_Limitation_NotShowAgain")};
+      notAgain.text};
   traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.message}}); });
   presenter->showAlert(parentWindow, alert,
                        [session = std::weak_ptr<vnScheduleErrorMessage*>(m_session)](Presenter::Answer answer) {
@@ -47,7 +47,10 @@ void vnScheduleErrorMessage::showMessage(const HostObject& parentWindow) {
 
 void vnScheduleErrorMessage::onAnswer(const Presenter::Answer& answer) {
   const bool isOK = answer.button == 0;
-  if (isOK) saveShowMessageAgainToUserProfile(answer.notAgain);
+  if (isOK) {
+    m_scheduleLimitation.notShowAgainSwitch().on = answer.notAgain;
+    m_scheduleLimitation.saveShowMessageAgainToUserProfile();
+  }
   abortDomodal();
   postCommitCommand(isOK);
 }
@@ -57,13 +60,6 @@ void vnScheduleErrorMessage::postCommitCommand(bool isOK) {
   answer.set(keyButtonClickIsOK, isOK);
   answer.set(keyApptWindowID, m_olApptWindowID);
   Registry::platform().notificationCenter->post(notify_ScheduleErrorMessage_Commit, this, answer);
-}
-
-bool vnScheduleErrorMessage::notShowMessageAgain() { return notAgainFlag().isSet(); }
-
-// A switch that says what is kept already makes no file.
-void vnScheduleErrorMessage::saveShowMessageAgainToUserProfile(bool notAgain) {
-  if (notAgain != notShowMessageAgain()) notAgainFlag().set(notAgain);
 }
 
 void vnScheduleErrorMessage::cleanup() {

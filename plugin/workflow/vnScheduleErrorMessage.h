@@ -5,6 +5,7 @@
 #include "platform/Presenter.h"
 #include "util/HostObject.h"
 #include "util/Value.h"
+#include "workflow/vnScheduleLimitationViewController.h"
 
 namespace vorn {
 
@@ -29,16 +30,16 @@ class vnScheduleErrorMessage {
   // Ends the notice without an answer; one that comes later is not posted.
   void abortDomodal() { m_session.reset(); }
   void postCommitCommand(bool isOK);
-  // The user wants no such notice any more, as the saved user profile says. False without one.
-  static bool notShowMessageAgain();
+  static bool notShowMessageAgain() { return vnScheduleLimitationViewController::notShowMessageAgain(); }
 
   void cleanup();
 
  private:
   void onAnswer(const Presenter::Answer& answer);
-  static void saveShowMessageAgainToUserProfile(bool notAgain);
 
   OptionalText m_olApptWindowID;
+  ControlSet m_controls;
+  vnScheduleLimitationViewController m_scheduleLimitation{m_controls};
   // Lives as long as the notice is open, and brings its answer to this object.
   std::shared_ptr<vnScheduleErrorMessage*> m_session;
 };

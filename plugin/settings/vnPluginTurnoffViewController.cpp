@@ -1,0 +1,52 @@
+#include "settings/vnPluginTurnoffViewController.h"
+
+#include "data/NotAgainFlags.h"
+#include "platform/Registry.h"
+#include "platform/Workspace.h"
+#include "settings/HelpLinks.h"
+#include "settings/PanelParts.h"
+#include "settings/rules/NoticeRules.h"
+
+namespace vorn {
+
+using Kind = Control::Kind;
+using namespace panel_rules;
+
+namespace {
+
+constexpr const char* kView = "pluginTurnoffView";
+
+void show(Control& control, const std::string& text) {
+  control.text = text;
+  control.hidden = text.empty();
+}
+
+}  // namespace
+
+vnPluginTurnoffViewController::vnPluginTurnoffViewController(ControlSet& controls)
+    : m_view(controls.add(Kind::box, kView)),
+      m_before(controls.add(Kind::label, "pluginTurnoffText", kView)),
+      m_link(controls.add(Kind::link, "pluginTurnoffLink", kView)),
+      m_after(controls.add(Kind::label, "pluginTurnoffTextAfterLink", kView)),
+      m_helperLink(controls.add(Kind::link, "pluginTurnoffHelperLink", kView)),
+      m_closeButton(controls.add(Kind::button, "pluginTurnoffCloseButton", kView)) {}
+
+void vnPluginTurnoffViewController::initFields() {
+  const LinkedMessage message = pluginTurnoffMessage(panelText);
+  m_view.hidden = !noticesFor({.notShowPluginTurnoffMessage = not_again::pluginTurnoff().isSet()}).pluginTurnoff;
+  show(m_before, message.before);
+  show(m_link, message.link);
+  show(m_after, message.after);
+  show(m_helperLink, message.secondLink);
+  m_closeButton.text = panelText("LN_Schedule_Tip_Close");
+}
+
+void vnPluginTurnoffViewController::userChanged(std::string_view key) {
+  if (key == m_link.key) Registry::platform().workspace->openWebPage(MicrosoftInjectionBasedPlguinLink);
+  if (key == m_helperLink.key) Registry::platform().workspace->openWebPage(VornAddinHelperLink);
+  if (key != m_closeButton.key) return;
+  not_again::pluginTurnoff().set(true);
+  initFields();
+}
+
+}  // namespace vorn

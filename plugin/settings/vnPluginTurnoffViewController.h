@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/controls/ControlSet.h"
+
+namespace vorn {
+
+// The banner that tells of the end of plug-ins of this kind, until the user closes it. The controls outlive it.
+// Main thread only.
+class vnPluginTurnoffViewController {
+ public:
+  explicit vnPluginTurnoffViewController(ControlSet& controls);
+
+  // Shows or hides it.
+  void initFields();
+  // What the user has clicked; nothing for a control that is not this banner's.
+  void userChanged(std::string_view key);
+
+ private:
+  Control& m_view;
+  // The sentence, of which one part is a link.
+  Control& m_before;
+  Control& m_link;
+  Control& m_after;
+  Control& m_helperLink;
+  Control& m_closeButton;
+};
+
+}  // namespace vorn

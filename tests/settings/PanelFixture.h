@@ -1,0 +1,78 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "data/vnProfileKeys.h"
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+#include "meeting.pb.h"
+#include "settings/SchSettingWndCtrlMgr.h"
+#include "tests/support/FakeWindow.h"
+#include "tests/support/RecordingClient.h"
+#include "util/EncodeUtils.h"
+
+namespace vorn {
+
+// An appointment window of an account, and the settings panel on it as its user sees and uses it.
+class SettingsPanelTest : public testing::Test {
+ protected:
+  using Use = PanelRecord::Use;
+
+  SettingsPanelTest() {
+    test.surroundings.resourceFolder = std::string(VORN_PLUGIN_FOLDER) + "/resources";
+    defineWindowClasses(test.classRuntime);
+    WorkflowDirectory::sharedInstance().install();
+    RecordingClient::install(test);
+    panels.install();
+    window = std::make_unique<FakeWindow>(test);
+    vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
+  }
+
+  static void knowAccount(com::tidemar::webapp::proto::UserProfile& account) {
+    account.set_id("me");
+    vnUserProfileHelper::sharedInstance().setData(
+        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
+                                    {vn_Profile_PublicEventListUrl, "https://vorn.example/events"}}));
+  }
+
+  std::string id() const { return window->bar->ownWindow.windowId(); }
+  void open() {
+    panels.addSchSettingWindowToArray(id(), Value(), window->bar->ownWindow);
+    panels.showSchSettingWindow(id());
+  }
+  void knowMeeting() {
+    window->manager->meetingDataMgr()->setMeetingKey("91234567890");
+    window->manager->getMeetingHelper()->setMeetingData(
+        Value::dictionaryFromPairs({{"meetingKey", "91234567890"},
+                                    {vn_Setting_EnableHostVideo, true},
+                                    {vn_Setting_EnableParticipantsVideo, true},
+                                    {vn_Setting_MeetingPassword, "abc123"}}),
+        false);
+  }
+  const Control& control(const std::string& key) { return *shown()->find(key); }
+  const ControlSet* shown() { return test.presenter.panels().on(window->bar->ownWindow); }
+  Use click(const std::string& key, const std::function<void(Control&)>& change = nullptr) {
+    return test.presenter.panels().use(window->bar->ownWindow, key, change);
+  }
+  Use choose(const std::string& key, int index) {
+    return click(key, [index](Control& changed) { changed.index = index; });
+  }
+  Use turn(const std::string& key, bool on) {
+    return click(key, [on](Control& changed) { changed.on = on; });
+  }
+  Use type(const std::string& key, const std::string& text) {
+    return click(key, [&text](Control& changed) { changed.text = text; });
+  }
+  Value settings() { return panels.getSchSettingWindowInArray(id())->getVnSettingsData(); }
+  VnSettingViewController& view() {
+    return *std::static_pointer_cast<VnSettingWindowController>(panels.getSchSettingWindowInArray(id()))
+                ->mySettingViewController();
+  }
+
+  TestPlatform test;
+  SchSettingWndCtrlMgr& panels = SchSettingWndCtrlMgr::sharedInstance();
+  std::unique_ptr<FakeWindow> window;
+};
+
+}  // namespace vorn

@@ -1,0 +1,237 @@
+// The security section and the banners of an open panel.
+
+#include "channel/store/JsonTextFile.h"
+#include "channel/store/vnCommon.h"
+#include "channel/store/vnLocalProfileKeys.h"
+#include "data/NotAgainFlags.h"
+#include "data/OptionBits.h"
+#include "settings/HelpLinks.h"
+#include "tests/settings/PanelFixture.h"
+
+namespace vorn {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Account = com::tidemar::webapp::proto::UserProfile;
+
+template <typename... Bits>
+std::int64_t bits(Bits... each) {
+  return (static_cast<std::int64_t>(each) | ...);
+}
+
+class SecurityPanelTest : public SettingsPanelTest {
+ protected:
+  // An account that asks for at least one security option.
+  static Account newLogic() {
+    Account account;
+    account.set_useroption3(bits(UserOption3::isEnableWaitingRoomNewLogic));
+    return account;
+  }
+  static Account endToEnd() {
+    Account account;
+    account.set_useroption(bits(UserOption::EnableCloudRecording));
+    account.set_useroption3(bits(UserOption3::isSupportE2eeMeeting, UserOption3::canScheduleE2eeMeeting));
+    return account;
+  }
+  std::string focused() {
+    test.runLoop.runFor(0);
+    for (const std::string& key : shown()->keys()) {
+      if (control(key).isFocused) return key;
+    }
+    return "";
+  }
+};
+
+TEST_F(SecurityPanelTest, ThePasscodeAppearsWithItsSwitchAndIsMadeOnlyWhereItIsMissingOrUnfit) {
+  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
+      {{"userId", "me"}, {vn_Profile_PasswordMinLength, 4}, {vn_Profile_PasswordRulesOption, 1}}));
+  open();
+  EXPECT_THAT(focused(), IsEmpty());
+  turn("requiredMeetingPswButton", true);
+  EXPECT_EQ(focused(), "passwordTextField");
+  EXPECT_TRUE(settings()[vn_Setting_RequiredMPW].boolValue());
+  type("passwordTextField", "4711");
+  for (const auto& [text, isKept] : {std::pair("4711", true), {"", false}, {"47a1", false}}) {
+    type("passwordTextField", text);
+    turn("requiredMeetingPswButton", false);
+    EXPECT_TRUE(control("passwordTextField").hidden && control("pswFormatErrorTextField").hidden);
+    EXPECT_FALSE(settings()[vn_Setting_RequiredMPW].boolValue());
+    turn("requiredMeetingPswButton", true);
+    EXPECT_EQ(control("passwordTextField").text == text, isKept) << text;
+    EXPECT_TRUE(control("pswFormatErrorTextField").hidden);
+  }
+}
+
+TEST_F(SecurityPanelTest, TypingShowsTheRulesAndWhatTheyAreMissing) {
+  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
+      {{"userId", "me"}, {vn_Profile_PasswordMinLength, 3}, {vn_Profile_PasswordRulesOption, 2 + 8}}));
+  open();
+  turn("requiredMeetingPswButton", true);
+  EXPECT_TRUE(control("passwordRuleWindow").hidden);
+  type("passwordTextField", "a b");
+  EXPECT_EQ(control("passwordTextField").text, "ab");
+  EXPECT_TRUE(shown()->isOnScreen("_PswRuleHasNumber"));
+  EXPECT_FALSE(shown()->isOnScreen("_PswRuleHasAlphabet")) << "no rule of the account";
+  EXPECT_FALSE(shown()->isOnScreen("_passwordMustNot"));
+  EXPECT_EQ(control("_PswRuleHasNumber").text.find("✔"), std::string::npos);
+  EXPECT_FALSE(control("pswFormatErrorTextField").hidden);
+  EXPECT_EQ(control("passwordTextField").redBorderWidth, 1.5);
+  EXPECT_THAT(control("passwordTextField").spoken, HasSubstr(control("_PswRuleHasNumber").text));
+  EXPECT_FALSE(control("pswHelpButton").hidden);
+
+  EXPECT_EQ(click("buttonContinue"), Use::disabled);
+  type("passwordTextField", "ab1");
+  EXPECT_THAT(control("_PswRuleHasNumber").text, testing::StartsWith("✔"));
+  EXPECT_THAT(control("_PswRuleMinLength").text, testing::StartsWith("✔"));
+  EXPECT_EQ(control("passwordTextField").redBorderWidth, 0);
+  turn("enableWaitingRoom", true);
+  EXPECT_TRUE(control("passwordRuleWindow").hidden) << "a press in the sheet closes it";
+  type("passwordTextField", "ab2");
+  EXPECT_FALSE(control("passwordRuleWindow").hidden);
+  click("buttonContinue");
+  EXPECT_EQ(settings()[vn_Setting_MeetingPassword], Value("ab2"));
+  EXPECT_TRUE(settings()[vn_Setting_EnableWaitingRoom].boolValue());
+}
+
+// A stored passcode may break rules that came later. Nothing is said of it until the user goes on.
+TEST_F(SecurityPanelTest, AnUnfitPasscodeOfAStandingMeetingStopsContinueAndIsTold) {
+  vnUserProfileHelper::sharedInstance().setData(
+      Value::dictionaryFromPairs({{"userId", "me"}, {vn_Profile_PasswordMinLength, 8}}));
+  knowMeeting();
+  window->manager->getMeetingHelper()->setMeetingData(
+      Value::dictionaryFromPairs(
+          {{"meetingKey", "91234567890"}, {vn_Setting_RequiredMPW, true}, {vn_Setting_MeetingPassword, "12"}}),
+      false);
+  open();
+  ASSERT_TRUE(control("requiredMeetingPswButton").on);
+  view().settingData().setMeetingPassword("12");
+  open();
+  ControlSet& controls = view().controls();
+  controls.find("passwordTextField")->text = "12";
+  EXPECT_TRUE(control("pswFormatErrorTextField").hidden);
+  EXPECT_EQ(click("buttonContinue"), Use::done);
+  ASSERT_NE(shown(), nullptr) << "it stays open";
+  EXPECT_FALSE(control("pswFormatErrorTextField").hidden);
+}
+
+TEST_F(SecurityPanelTest, ARefusedCommitIsToldOnceBySiteFlags) {
+  SiteFlag(vn_NotStrongerPasscode).set(true);
+  SiteFlag(vn_SecurityNotSeleteOne).set(true);
+  open();
+  EXPECT_FALSE(control("pswFormatErrorTextField").hidden);
+  EXPECT_EQ(control("passwordTextField").redBorderWidth, 1.5);
+  EXPECT_FALSE(control("securityErrorTextField").hidden) << "no option is on";
+  EXPECT_EQ(click("buttonContinue"), Use::disabled);
+  EXPECT_FALSE(SiteFlag(vn_NotStrongerPasscode).isSet() || SiteFlag(vn_SecurityNotSeleteOne).isSet());
+  turn("enableWaitingRoom", true);
+  EXPECT_TRUE(control("securityErrorTextField").hidden);
+}
+
+TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOnce) {
+  Account account = newLogic();
+  knowAccount(account);
+  open();
+  EXPECT_TRUE(control("enableWaitingRoom").on);
+  EXPECT_TRUE(settings()[vn_Setting_EnableWaitingRoom].boolValue());
+  EXPECT_TRUE(shown()->isOnScreen("securityTipText"));
+  click("securityTipCloseButton");
+  EXPECT_TRUE(control("securityTipView").hidden);
+  EXPECT_TRUE(not_again::waitingRoomTip().isSet());
+
+  turn("enableWaitingRoom", false);
+  EXPECT_FALSE(control("securityErrorTextField").hidden);
+  EXPECT_FALSE(control("buttonContinue").enabled);
+  turn("requiredMeetingPswButton", true);
+  EXPECT_TRUE(control("securityErrorTextField").hidden);
+  EXPECT_TRUE(control("buttonContinue").enabled);
+
+  endSettingsPanel(id());
+  open();
+  EXPECT_TRUE(control("enableWaitingRoom").on);
+  EXPECT_TRUE(control("securityTipView").hidden);
+}
+
+TEST_F(SecurityPanelTest, SignedInUsersAreASecurityOptionAndBringTheWatermark) {
+  Account account = newLogic();
+  account.set_useroption3(account.useroption3() | bits(UserOption3::isEnableAudioWatermark));
+  account.set_id("me");
+  vnUserProfileHelper::sharedInstance().setData(
+      Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
+                                  {vn_Profile_SupportOnlyAuthUsersCanJoin, true}}));
+  open();
+  ASSERT_TRUE(shown()->isOnScreen("onlySignedinWithSpecifiedDomains"));
+  turn("enableWaitingRoom", false);
+  EXPECT_FALSE(control("securityErrorTextField").hidden);
+  EXPECT_TRUE(control("audioWatermarkButton").hidden);
+  turn("onlySignedinWithSpecifiedDomains", true);
+  EXPECT_TRUE(control("securityErrorTextField").hidden);
+  EXPECT_FALSE(control("audioWatermarkButton").hidden);
+  click("buttonContinue");
+  EXPECT_TRUE(settings()[vn_Setting_IsSignedInUsersMeetingOn].boolValue());
+}
+
+TEST_F(SecurityPanelTest, EndToEndEncryptionTakesRecordingAndEarlyJoiningAwayAndGivesThemBack) {
+  Account account = endToEnd();
+  knowAccount(account);
+  open();
+  EXPECT_TRUE(control("enhancedButton").on);
+  turn("enableJBHButton", true);
+  EXPECT_TRUE(settings()[vn_Setting_EnableJBH].boolValue());
+  turn("autoRecordingButton", true);
+  turn("autoRecordingOptionMatrixCloud", true);
+
+  turn("endtoendButton", true);
+  EXPECT_FALSE(control("enhancedButton").on);
+  EXPECT_TRUE(control("enableJBHButton").hidden);
+  EXPECT_FALSE(control("enableJBHButton").on);
+  EXPECT_FALSE(control("autoRecordingButton").on) << "nothing is recorded in the cloud";
+  EXPECT_TRUE(control("autoRecordingOptionMatrixCloud").hidden);
+  EXPECT_EQ(settings()[vn_Setting_AudioOption], Value(1));
+  EXPECT_TRUE(shown()->isOnScreen("encryptionTipText"));
+  click("encryptionTipLearnMoreButton");
+  click("encryptionTipCloseButton");
+  EXPECT_TRUE(control("encryptionTipView").hidden && not_again::encryptionTip().isSet());
+  EXPECT_THAT(test.workspace.openedPages, ElementsAre(kEncryptionHelpLink));
+  click("buttonContinue");
+  EXPECT_FALSE(settings()[vn_Setting_EnableJBH].boolValue());
+  EXPECT_EQ(settings()[vn_Setting_EnableAutoRecordingType], Value(0));
+
+  open();
+  turn("enhancedButton", true);
+  EXPECT_FALSE(control("enableJBHButton").hidden);
+  EXPECT_TRUE(control("enableJBHButton").enabled);
+  EXPECT_TRUE(control("autoRecordingButton").enabled && !control("autoRecordingButton").hidden);
+  EXPECT_FALSE(settings()[vn_Setting_EnableE2ee].boolValue());
+}
+
+TEST_F(SecurityPanelTest, EachBannerClosesForGoodAndLeadsToItsPage) {
+  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
+      {{"userId", "me"}, {vn_Profile_ProfileSettingURL, "https://vorn.example/profile"}}));
+  open();
+  click("pluginTurnoffLink");
+  click("pluginTurnoffHelperLink");
+  click("userSettingTipChangeSettingsLink");
+  EXPECT_THAT(test.workspace.openedPages,
+              ElementsAre(MicrosoftInjectionBasedPlguinLink, VornAddinHelperLink, "https://vorn.example/profile"));
+  for (const std::string banner : {"pluginTurnoff", "userSettingTip"}) {
+    EXPECT_EQ(click(banner + "CloseButton"), Use::done);
+    EXPECT_TRUE(control(banner + "View").hidden);
+  }
+  EXPECT_TRUE(control("epidemicTipView").hidden && control("scheduleLimitationView").hidden);
+  open();
+  EXPECT_TRUE(control("pluginTurnoffView").hidden && control("userSettingTipView").hidden);
+}
+
+// The tip is about the account's own settings, which a personal meeting does not start from.
+TEST_F(SecurityPanelTest, TheUserSettingTipGoesWithThePersonalMeeting) {
+  open();
+  for (const bool forPMI : {true, false}) {
+    panels.refreshSettingWindow(id(), forPMI);
+    EXPECT_EQ(control("userSettingTipView").hidden, forPMI);
+  }
+}
+
+}  // namespace
+}  // namespace vorn
