@@ -1,10 +1,7 @@
 #include "settings/SettingsContext.h"
 
 #include "data/vnUserProfileHelper.h"
-#include "host/proxies/vnECCalendarEvent.h"
-#include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "workflow/MeetingWindow.h"
-#include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnMeetingMgr.h"
 #include "workflow/vnMeetingMgrMonitor.h"
 #include "workflow/vnOnbehalfData.h"
@@ -52,14 +49,6 @@ std::string SettingsContext::getVornMeetingKey() const {
 OptionalText SettingsContext::getInvitationLanguage() const {
   const auto owner = manager();
   return owner ? owner->meetingDataMgr()->selectInvitationLanguage() : OptionalText("");
-}
-
-Value SettingsContext::attendeesList() const {
-  const auto bar = vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByApptWindowID(m_windowId);
-  vnERCalendarEventEditorViewController* editor = bar ? bar->editorProxy() : nullptr;
-  const vnECCalendarEvent* event = editor ? editor->ecCalendarEvent() : nullptr;
-  const Value people = event ? event->getVnAttendeesData() : Value();
-  return people.isArray() ? people : Value::array();
 }
 
 std::string SettingsContext::scheduledForAtOpening() const {

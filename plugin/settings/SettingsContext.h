@@ -36,8 +36,6 @@ class SettingsContext {
   std::string getVornMeetingKey() const;
   // The language in which the meeting's invitation was written last; absent when none was, "" without a manager.
   OptionalText getInvitationLanguage() const;
-  // The people invited to the appointment, with the vn_ApptInfo_Attendee* keys; an empty array without an editor.
-  Value attendeesList() const;
   // Whom the panel is opened for; "" for oneself.
   std::string scheduledForAtOpening() const;
 

@@ -90,11 +90,11 @@ void TokenField::textViewDidChangeSelection() {
   }
   if (word.empty()) return;
   const std::optional<std::string> only = onlyWordOf(text);
-  if (const std::optional<TokenChip> chip = only ? m_words.chipOfWord(*only) : std::nullopt) {
-    request({*chip}, m_tokenRange);
-  } else {
-    m_list.close();
-  }
+  const std::optional<TokenChip> chip = only ? m_words.chipOfWord(*only) : std::nullopt;
+  if (!chip) return m_list.close();
+  // A blank before the word ends none: the first letters of an address may be one already, and the rest would be
+  // left over.
+  if (endsWithSeparator(text)) request({*chip}, m_tokenRange);
 }
 
 void TokenField::doCommand(TokenText::Key command) {

@@ -60,8 +60,12 @@ class PasteReader {
 
   // What stood between two chips only to separate them has done its work.
   void endText() {
-    const std::string words = onlyWordOf(m_text).value_or(trimmed(m_text));
-    if (!words.empty()) m_pieces.push_back({.text = words});
+    constexpr std::string_view kSeparators = " \t\r\n;,";
+    const std::size_t begin = m_text.find_first_not_of(kSeparators);
+    if (begin != std::string::npos) {
+      const std::size_t end = m_text.find_last_not_of(kSeparators) + 1;
+      m_pieces.push_back({.text = m_text.substr(begin, end - begin)});
+    }
     m_text.clear();
   }
 

@@ -27,6 +27,10 @@ std::optional<CurrentToken> currentToken(const TokenText& tokens) {
 
 bool holdsSeparator(std::string_view text) { return text.find_first_of(" ;") != std::string_view::npos; }
 
+bool endsWithSeparator(std::string_view text) {
+  return !text.empty() && holdsSeparator(text.substr(text.size() - 1));
+}
+
 std::string wordOf(std::string_view token) {
   std::string word(token);
   std::erase(word, kSemicolon);

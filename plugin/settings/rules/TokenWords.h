@@ -24,6 +24,8 @@ std::optional<CurrentToken> currentToken(const TokenText& tokens);
 
 // A blank or a semicolon ends a word.
 bool holdsSeparator(std::string_view text);
+// The last word of the text is at its end.
+bool endsWithSeparator(std::string_view text);
 // The word of a token: without blanks and new lines at both ends, and without semicolons.
 std::string wordOf(std::string_view token);
 // The one word of a text: without separators at both ends. Absent when a semicolon stands inside: taken out, it
