@@ -24,6 +24,8 @@ class AllowDenyOptions {
   void userChanged(std::string_view key);
   void closeAllowDenyRCSearchListWindow() { m_window.closeAllowDenyRCSearchListWindow(); }
 
+  // The panel ends, and its window with it.
+  void endWindow() { m_window.endSheet(); }
   // What a commit writes.
   void writeAllowDeny();
 

@@ -26,6 +26,9 @@ class VNAllowDenyRCWindowController {
   void initRegionPolicy(const std::string& email, const Value& regionPolicy);
   void showWindowSheet();
 
+  // Closes it; nothing is saved.
+  void endSheet();
+
   // What the user has done; nothing for a control that is not this window's.
   void userChanged(std::string_view key);
   void closeAllowDenyRCSearchListWindow() { m_allowDenyRCController.closeAllowDenyRCSearchListWindow(); }
@@ -46,7 +49,6 @@ class VNAllowDenyRCWindowController {
   void clickSaveButton();
   void clickCancelButton();
   void checkSaveButtonStatus();
-  void endSheet();
 
   const PanelParts& m_panel;
   std::vector<std::string> m_arrAllowRegionCodes;

@@ -211,6 +211,7 @@ void VnSettingViewController::checkScheduleButton() {
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingViewController::onSettingsCommit(bool isOK) {
+  m_allowDeny.endWindow();
   if (isOK) {
     takeControls();
     m_keptOfNewMeeting = m_settingData;
