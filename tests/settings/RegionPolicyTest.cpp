@@ -37,21 +37,6 @@ TEST(RegionRules, SomeCountriesHaveANameOfTheirOwn) {
   }
 }
 
-TEST(RegionRules, TheOptionNeedsItsClientAndNoLockedRefusal) {
-  for (const bool isClientNew : {false, true}) {
-    for (const bool isOn : {false, true}) {
-      for (const bool isLocked : {false, true}) {
-        AccountFacts account;
-        account.isEnableAllowDenyJoinMeetingRegion = isOn;
-        account.isLockAllowDenyJoinMeetingRegion = isLocked;
-        ClientGates client;
-        client.isVornClientSupport550Tasks = isClientNew;
-        EXPECT_EQ(isRegionOptionShown(account, client), isClientNew && (isOn || !isLocked));
-      }
-    }
-  }
-}
-
 TEST(RegionRules, TheTextBesideTheSwitchIsCutAndTheLinkGoesWithIt) {
   const auto texts = [](std::string_view key, std::initializer_list<std::string_view>) {
     return key == "Edit" ? std::string(key) : std::string(key).substr(22, 5) + ":";

@@ -50,20 +50,10 @@ TEST(TokenText, IsEditedAsAPersonExpects) {
        {plain("a"), chip("b")},
        [](TokenText& t) { t.press(Key::deleteBackward); },
        "a|"},
-      {"deleting a chip forward",
-       {chip("a"), chip("b")},
-       [](TokenText& t) { t.press(Key::start), t.press(Key::deleteForward); },
-       "|[b]"},
       {"deleting at the edges",
        {plain("a")},
        [](TokenText& t) { t.press(Key::deleteForward), t.press(Key::start), t.press(Key::deleteBackward); },
        "|a"},
-      {"deleting one of two equal selections' worth",
-       {chip("a"), plain("bc"), chip("a")},
-       [](TokenText& t) {
-         t.select({1, 2}), t.press(Key::deleteBackward);
-       },
-       "[a]|[a]"},
       {"a character outside the plane goes whole",
        {plain("a\U0001F600")},
        [](TokenText& t) { t.press(Key::deleteBackward); },
@@ -76,7 +66,6 @@ TEST(TokenText, IsEditedAsAPersonExpects) {
        {plain("\U0001F600a")},
        [](TokenText& t) { t.press(Key::start), t.press(Key::right); },
        "\U0001F600|a"},
-      {"and back", {plain("a\U0001F600")}, [](TokenText& t) { t.press(Key::left); }, "a|\U0001F600"},
       {"a selection does not cut it",
        {plain("\U0001F600\U0001F601")},
        [](TokenText& t) {
@@ -95,26 +84,10 @@ TEST(TokenText, IsEditedAsAPersonExpects) {
          t.select({1, SIZE_MAX});
        },
        "a{b}"},
-      {"a caret behind the end",
-       {plain("ab")},
-       [](TokenText& t) {
-         t.select({SIZE_MAX, SIZE_MAX});
-       },
-       "ab|"},
       {"extending to the left, and leaving to its left",
        {plain("abc")},
        [](TokenText& t) { t.press(Key::left, kExtends), t.press(Key::left, kExtends), t.press(Key::left); },
        "a|bc"},
-      {"leaving a selection to its right",
-       {plain("abc")},
-       [](TokenText& t) {
-         t.select({0, 2}), t.press(Key::right);
-       },
-       "ab|c"},
-      {"extending to the start",
-       {chip("a"), plain("b")},
-       [](TokenText& t) { t.press(Key::start, kExtends); },
-       "{[a]b}"},
       {"a pasted chip's character is no chip", {}, [](TokenText& t) { t.paste("a\uFFFCb"); }, "ab|"},
       {"a key that is for the owner", {plain("a")}, [](TokenText& t) { t.press(Key::newLine); }, "a|"},
       {"replacing before the caret",
