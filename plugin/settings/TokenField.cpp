@@ -164,12 +164,6 @@ bool TokenField::putIn(const Request& request) {
   return true;
 }
 
-void TokenField::select(const TokenChip& chip, TextRange range) {
-  if (range.end() > m_field.tokens.length()) return;
-  putIn({.name = {}, .chips = {chip}, .range = range, .replaced = m_field.tokens.text(range)});
-  m_list.close();
-}
-
 void TokenField::onDue(const std::string& name) {
   const ControlSet::Change change(m_panel.controls);
   const auto due =

@@ -52,11 +52,6 @@ class TokenField {
   // No chip is still to come.
   bool isSettled() const { return m_requests.empty(); }
 
-  // The chip takes the place of the range, and the list closes. Nothing for a range that is not in the text.
-  void select(const TokenChip& chip, TextRange range);
-  // The range of the token that is being typed.
-  TextRange tokenRange() const { return m_tokenRange; }
-
  private:
   struct Request {
     std::string name;
@@ -77,6 +72,7 @@ class TokenField {
   Control& m_field;
   TokenSearchList& m_list;
   Words& m_words;
+  // Of the token that is being typed.
   TextRange m_tokenRange;
   std::vector<Request> m_requests;
   std::uint64_t m_lastRequest = 0;

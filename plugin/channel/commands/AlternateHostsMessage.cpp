@@ -1,5 +1,7 @@
 #include "channel/commands/AlternateHostsMessage.h"
 
+#include <utility>
+
 #include "channel/commands/ReplyFields.h"
 #include "platform/Localization.h"
 
@@ -15,8 +17,9 @@ Value refusedAlternateHosts(std::string_view moreInfo) {
 
 std::string alternateHostsMessage(const Value& emails) {
   std::string shown;
+  bool isFirst = true;
   for (const Value& email : emails.items()) {
-    if (!shown.empty()) shown += "; ";
+    if (!std::exchange(isFirst, false)) shown += "; ";
     shown += email.text();
   }
   return formatText("%@ %@",
