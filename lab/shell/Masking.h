@@ -9,4 +9,7 @@ namespace vornlab {
 // "******". Linear in the text's length.
 std::string masked(std::string_view text);
 
+// The same for texts of the plug-in's own that speak of passcodes and hold none: only addresses are covered.
+std::string maskedAddresses(std::string_view text);
+
 }  // namespace vornlab

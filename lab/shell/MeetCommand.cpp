@@ -118,14 +118,6 @@ class MeetRun {
   CalendarStore m_calendar;
 };
 
-// The stand-in service has to know tomorrow the meetings that it made today.
-std::string defaultDatabase() {
-  const char* state = std::getenv("XDG_STATE_HOME");
-  if (state != nullptr && *state != '\0') return fs::path(state) / "vornlab/meetings.db";
-  const char* home = std::getenv("HOME");
-  return home == nullptr ? "" : (fs::path(home) / ".local/state/vornlab/meetings.db").string();
-}
-
 }  // namespace
 
 ExitCode meet(const MeetOptions& options) {
@@ -135,6 +127,14 @@ ExitCode meet(const MeetOptions& options) {
 }
 
 ExitCode meet(const MeetOptions& options, const StartMeetingLab& start) { return MeetRun(options, start).run(); }
+
+// The stand-in service has to know tomorrow the meetings that it made today.
+std::string defaultDatabase() {
+  const char* state = std::getenv("XDG_STATE_HOME");
+  if (state != nullptr && *state != '\0') return fs::path(state) / "vornlab/meetings.db";
+  const char* home = std::getenv("HOME");
+  return home == nullptr ? "" : (fs::path(home) / ".local/state/vornlab/meetings.db").string();
+}
 
 CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
   CLI::App* command = program.add_subcommand("meet", "give the appointments of a calendar file their meetings");

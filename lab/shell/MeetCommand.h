@@ -44,6 +44,9 @@ ExitCode meet(const MeetOptions& options);
 // The same in a laboratory of the caller's.
 ExitCode meet(const MeetOptions& options, const StartMeetingLab& start);
 
+// Where the stand-in service of the commands that make meetings keeps them, unless they are told otherwise.
+std::string defaultDatabase();
+
 // The words of the command in any program, and the command "meet" of this one.
 CLI::App* addMeetWords(CLI::App& program, MeetOptions& options);
 Command addMeet(CLI::App& program, const LabOptions& lab);

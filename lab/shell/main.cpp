@@ -12,6 +12,7 @@
 #include "lab/shell/HostRuntime.h"
 #include "lab/shell/InspectCommand.h"
 #include "lab/shell/MeetCommand.h"
+#include "lab/shell/PanelCommand.h"
 #include "lab/shell/PlayCommand.h"
 #include "lab/shell/WatchCommand.h"
 #include "lab/shell/WatchPost.h"
@@ -22,8 +23,8 @@ namespace {
 using namespace vornlab;
 
 // In the order in which help lists them.
-constexpr std::array kCommands = {addMeet,  addDemo,    addDoctor, addHooks,  addPlay,
-                                  addWatch, addInspect, addBody,   addAccount};
+constexpr std::array kCommands = {addMeet,  addDemo,    addDoctor, addHooks,   addPlay,
+                                  addWatch, addInspect, addBody,   addAccount, addPanel};
 
 std::string joined(const std::vector<std::string>& words) {
   std::string text;

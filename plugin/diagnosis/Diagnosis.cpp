@@ -16,7 +16,7 @@ bool Diagnosis::answer(std::string_view question, const Value& parameters, Value
   struct Question {
     std::string_view name;
     Value (*tell)(const Value& parameters);
-    // The asker's own text must not be changed by more than was asked for.
+    // The asker's own text must not be changed by more than was asked for, and what is compared not at all.
     bool isCovered = true;
   };
   static constexpr Question kQuestions[] = {
@@ -27,6 +27,7 @@ bool Diagnosis::answer(std::string_view question, const Value& parameters, Value
       {"hooks", [](const Value&) { return hooks(); }},
       {"appointment", appointment},
       {"window", window},
+      {"panel", panel, false},
       {"body", body, false},
   };
   for (const Question& known : kQuestions) {

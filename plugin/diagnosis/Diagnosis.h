@@ -9,7 +9,7 @@ namespace vorn {
 // Tells people who support users what this system finds on the machine and understands of the account.
 //
 // Main thread only, while the plug-in stands. E-mail addresses and passcodes are covered with "******" in every
-// answer.
+// answer, but where it says otherwise.
 //
 //   question     parameters       answer
 //   "client"     none             groups; "troubles": texts, each a reason why no meeting could be made now
@@ -28,6 +28,10 @@ namespace vorn {
 //                                 "fromFieldChanged", "supported", "updateIsForced", "dragIsUnderWay",
 //                                 "openedFromClient". Without a bar the shared manager answers, as for any
 //                                 window that is not known
+//   "panel"      "editor"         "hasPanel": whether the settings panel was opened in the editor's window; and
+//   then
+//                                 one group with what its commit would hand out, and "settings", the same as a
+//                                 dictionary and uncovered, for comparing and never for showing
 //   "body"       "operation"      "result": what "insert", "update", "remove" or "text" makes of "body", which is
 //                                 given back uncovered; null when it gives nothing, for "reason". "bookmarks":
 //                                 the form that was found. Further parameters of the first two: "invitation",
@@ -47,6 +51,7 @@ class Diagnosis {
   static Value hooks();
   static Value appointment(const Value& parameters);
   static Value window(const Value& parameters);
+  static Value panel(const Value& parameters);
   static Value body(const Value& parameters);
 };
 

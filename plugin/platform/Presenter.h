@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@
 namespace vorn {
 
 class ControlSet;
+struct PanelLayout;
 
 // Everything that this system puts before the user's eyes. Main thread only.
 class Presenter {
@@ -19,6 +21,13 @@ class Presenter {
   // The image of the bundle that an alert shows.
   static constexpr const char* kWarningIcon = "warning.png";
 
+  // Words below an alert's message that lead somewhere.
+  struct Link {
+    std::string text;
+    std::string address;
+    // Called as often as the user clicks, while the alert is open.
+    std::function<void()> follow;
+  };
   struct Alert {
     std::string title;
     std::string message;
@@ -28,6 +37,8 @@ class Presenter {
     std::string icon;
     // The words beside a switch by which the user wants to see this no more; "" for an alert without one.
     std::string notAgainSwitch{};
+    // Where the presenter cannot draw a link it tells the address.
+    std::optional<Link> link{};
   };
   struct Answer {
     // The place of the pressed button among the alert's.
@@ -68,11 +79,12 @@ class Presenter {
 
   // False where panels cannot be drawn.
   virtual bool canShowPanels() const = 0;
-  // Shows the controls as a sheet on the window and returns at once; null where panels cannot be drawn. The
-  // controls outlive the panel, which shows them as they change. The input comes later, within a Change of the
-  // controls, and may end the panel.
+  // Shows the controls as a sheet on the window, in the order of the layout, and returns at once; null where
+  // panels cannot be drawn. The controls outlive the panel, which shows them as they change. The input comes
+  // later, within a Change of the controls, and may end the panel.
   [[nodiscard]] virtual std::unique_ptr<Panel> showPanel(const HostObject& window, std::string_view title,
-                                                         ControlSet& controls, PanelInput used) = 0;
+                                                         const PanelLayout& layout, ControlSet& controls,
+                                                         PanelInput used) = 0;
 };
 
 inline constexpr Presenter::Answer Presenter::Answer::defaultButton{0};

@@ -73,11 +73,7 @@ void AlternateHostOptions::closeAlternateHostSearchListWindow() {
 
 // Another choice may load the panel once more from the record, so the record has what was typed until then.
 void AlternateHostOptions::takeIntoRecord() {
-  if (m_isEdited && m_alternateHostController.field().isSettled()) {
-    Value hosts = Value::array();
-    for (const std::string& host : m_alternateHostController.getInvitedUserInfoFromView()) hosts.append(host);
-    m_panel.record.setAlternateHosts(hosts);
-  }
+  if (m_isEdited) writeAlternateHosts();
 }
 
 void AlternateHostOptions::textHasChanged() {
@@ -111,10 +107,9 @@ void AlternateHostOptions::writeAlternateHosts() {
   // Nobody saw the field, so nobody took the meeting's hosts out of it.
   if (m_alternateHostBox.hidden) return;
   // A commit may come before a chip that was asked for.
-  m_alternateHostController.field().settle();
-  m_isEdited = true;
-  takeIntoRecord();
-  m_isEdited = false;
+  Value hosts = Value::array();
+  for (const std::string& host : m_alternateHostController.getInvitedUserInfoToCome()) hosts.append(host);
+  m_panel.record.setAlternateHosts(hosts);
 }
 
 }  // namespace vorn

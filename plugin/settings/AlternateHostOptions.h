@@ -27,7 +27,7 @@ class AlternateHostOptions {
 
   // What a commit writes.
   void writeAlternateHosts();
-  // The panel was dismissed: what is left in the field goes with the next loading.
+  // The panel has ended: what is left in the field goes with the next loading.
   void forgetEdits() { m_isEdited = false; }
 
  private:

@@ -149,19 +149,24 @@ void TokenField::request(std::vector<TokenChip> chips, TextRange range) {
   runLoop->performAfter(kDelaySeconds, this, name, [this, name] { onDue(name); });
 }
 
-// A text that has changed meanwhile is the user's, and stays.
-bool TokenField::putIn(const Request& request) {
-  TokenText& tokens = m_field.tokens;
+// A text that has changed meanwhile is the user's, and stays. Those that come later move with what is put in.
+bool TokenField::putIn(const Request& request, TokenText& tokens, std::vector<Request>& later) {
   if (request.range.end() > tokens.length() || tokens.text(request.range) != request.replaced) return false;
   std::vector<TokenPiece> pieces;
   for (const TokenChip& chip : request.chips) pieces.push_back({.chip = chip});
   tokens.replace(request.range, pieces);
-  for (Request& later : m_requests) {
-    if (later.range.location < request.range.end()) continue;
-    later.range.location = later.range.location - request.range.length + pieces.size();
+  for (Request& each : later) {
+    if (each.range.location < request.range.end()) continue;
+    each.range.location = each.range.location - request.range.length + pieces.size();
   }
-  if (const std::optional<CurrentToken> token = currentToken(tokens)) m_tokenRange = token->range;
   return true;
+}
+
+TokenText TokenField::settledText() const {
+  TokenText tokens = m_field.tokens;
+  std::vector<Request> requests = m_requests;
+  for (std::size_t i = 0; i < requests.size(); ++i) putIn(Request(requests[i]), tokens, requests);
+  return tokens;
 }
 
 void TokenField::onDue(const std::string& name) {
@@ -171,7 +176,7 @@ void TokenField::onDue(const std::string& name) {
   if (due == m_requests.end()) return;
   const Request request = std::move(*due);
   m_requests.erase(due);
-  if (putIn(request)) {
+  if (putIn(request, m_field.tokens, m_requests)) {
     m_list.close();
     if (request.range.length > 0) {
       textViewDidChangeSelection();
@@ -186,11 +191,9 @@ void TokenField::onDue(const std::string& name) {
 void TokenField::settle() {
   if (m_requests.empty()) return;
   Registry::platform().runLoop->cancelPrevious(this);
-  while (!m_requests.empty()) {
-    const Request request = std::move(m_requests.front());
-    m_requests.erase(m_requests.begin());
-    putIn(request);
-  }
+  m_field.tokens = settledText();
+  m_requests.clear();
+  if (const std::optional<CurrentToken> token = currentToken(m_field.tokens)) m_tokenRange = token->range;
   m_list.close();
   m_words.textHasChanged();
 }

@@ -47,10 +47,10 @@ class TokenField {
   void userTyped();
   // The user has clicked a row of the list.
   void userChose();
-  // Puts in the chips that have not come yet. Whoever reads the text for good does so first.
+  // Puts in the chips that have not come yet.
   void settle();
-  // No chip is still to come.
-  bool isSettled() const { return m_requests.empty(); }
+  // The text as it will be when they have come.
+  TokenText settledText() const;
 
  private:
   struct Request {
@@ -65,7 +65,7 @@ class TokenField {
   void doCommand(TokenText::Key command);
   void takePasted(std::size_t length);
   void request(std::vector<TokenChip> chips, TextRange range);
-  bool putIn(const Request& request);
+  static bool putIn(const Request& request, TokenText& tokens, std::vector<Request>& later);
   void onDue(const std::string& name);
 
   const PanelParts& m_panel;

@@ -88,6 +88,10 @@ std::vector<std::string> VNAlternateHostController::getInvitedUserInfoFromView()
   return invitedUsers(m_tokens.text(), isValid);
 }
 
+std::vector<std::string> VNAlternateHostController::getInvitedUserInfoToCome() const {
+  return invitedUsers(m_tokens.settledText(), isValid);
+}
+
 bool VNAlternateHostController::hasError() const { return hasAlternateHostError(m_tokens.text(), isValid); }
 
 std::string VNAlternateHostController::wordsThatAreNoAddress() const {

@@ -26,6 +26,8 @@ class VNAlternateHostController final : private TokenField::Words {
   bool isExistedInAttendeeList(const std::string& email) const;
   // The addresses in the field, each once.
   std::vector<std::string> getInvitedUserInfoFromView() const;
+  // And those that are still to come.
+  std::vector<std::string> getInvitedUserInfoToCome() const;
   // Something in the field is no address.
   bool hasError() const;
   // What the field holds that is none.

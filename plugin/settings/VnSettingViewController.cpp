@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <array>
 
+#include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
-#include "settings/rules/ContinueRule.h"
+#include "settings/rules/PanelReasons.h"
 
 namespace vorn {
 
@@ -19,7 +21,9 @@ constexpr std::array<std::string_view, 3> kErrorFields{"pswFormatErrorTextField"
 
 }  // namespace
 
-VnSettingViewController::VnSettingViewController(const SettingsContext& context) : m_context(context) {}
+VnSettingViewController::VnSettingViewController(const SettingsContext& context) : m_context(context) {
+  m_controls.completeWith([this] { explain(); });
+}
 
 VnSettingViewController::~VnSettingViewController() {
   if (RunLoop* runLoop = Registry::platform().runLoop) runLoop->cancelPrevious(this);
@@ -195,8 +199,7 @@ void VnSettingViewController::resetPasswordRuleUI() {
   m_security.resetPasswordRuleUI();
 }
 
-void VnSettingViewController::checkScheduleButton() {
-  const ControlSet::Change change(m_controls);
+ContinueFacts VnSettingViewController::continueFacts() const {
   ContinueFacts facts;
   facts.isPasscodeShown = m_controls.isShown("passwordTextField");
   facts.isPasscodeOn = m_controls.isOn("requiredMeetingPswButton");
@@ -205,7 +208,32 @@ void VnSettingViewController::checkScheduleButton() {
                                    [this](std::string_view field) { return m_controls.isShown(field); });
   facts.isAlternateHostShown = m_controls.isShown("alternateHostBox");
   facts.hasAlternateHostError = m_alternateHosts.checkAlternateHostError();
-  m_buttonContinue.enabled = mayContinue(facts);
+  return facts;
+}
+
+void VnSettingViewController::checkScheduleButton() {
+  const ControlSet::Change change(m_controls);
+  m_buttonContinue.enabled = mayContinue(continueFacts());
+}
+
+void VnSettingViewController::explain() {
+  const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
+  vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
+  const OptionalText& person = m_settingData.scheduleForEmail();
+  const bool isForMyself = person.value_or("").empty();
+  panel_rules::explain(m_controls, {.facts = m_context.facts(m_settingData),
+                                    .usePMI = m_settingData.usePMI(),
+                                    .isEnableRecurrence = m_context.isEnableRecurrence(),
+                                    .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
+                                    .isShowUseWebSettingTipView = account.isShowUseWebSettingTipView(),
+                                    .isEnableScheduleFor = account.isEnableScheduleFor(),
+                                    .isDisablePMI = isForMyself ? account.isDisablePMI()
+                                                                : account.isDisablePMIWithScheduleForEmail(person),
+                                    .isEnableAdminTemplate = account.isEnableAdminTemplate(person),
+                                    .isSupportRegionCustomization = account.isSupportRegionCustomization(),
+                                    .isVornClientSupport500Tasks = client.isVornClientSupport500Tasks(),
+                                    .isVornClientSupportEditCountries = client.isVornClientSupportEditCountries(),
+                                    .heldBackBy = std::string(whatHoldsContinueBack(continueFacts()))});
 }
 
 // -- Its end -----------------------------------------------------------------------------------------------------
@@ -213,20 +241,23 @@ void VnSettingViewController::checkScheduleButton() {
 void VnSettingViewController::onSettingsCommit(bool isOK) {
   m_allowDeny.endWindow();
   if (isOK) {
-    takeControls();
+    takeControls(Commit::meant);
     m_keptOfNewMeeting = m_settingData;
   } else {
     throwEditsAway();
   }
+  m_alternateHosts.forgetEdits();
 }
 
 // In this order. What has no control leaves the record as it is; what is not named was written when it changed.
-void VnSettingViewController::takeControls() {
+void VnSettingViewController::takeControls(Commit commit) {
   m_security.writePasscode();
   // Third-party audio, the audio type, tracking fields.
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
   m_alternateHosts.writeAlternateHosts();
-  m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
+  if (commit == Commit::meant) {
+    m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
+  }
   // Countries, whom the meeting is scheduled for.
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
   m_joinBeforeHost.writeJoinBeforeHost();
@@ -236,8 +267,15 @@ void VnSettingViewController::takeControls() {
   m_allowDeny.writeAllowDeny();
 }
 
+Value VnSettingViewController::settingsToCommit() {
+  const vnSettingData record = m_settingData;
+  takeControls(Commit::tried);
+  const Value settings = getSettingsData();
+  m_settingData = record;
+  return settings;
+}
+
 void VnSettingViewController::throwEditsAway() {
-  m_alternateHosts.forgetEdits();
   if (m_siteMeetingInfo.count() > 0) {
     m_settingData.initWithSiteMeetingInfo(m_siteMeetingInfo);
   } else {

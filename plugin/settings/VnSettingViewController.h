@@ -11,6 +11,7 @@
 #include "settings/SecurityOptions.h"
 #include "settings/SignInDomainOptions.h"
 #include "settings/VNPasswordRuleWindowController.h"
+#include "settings/rules/ContinueRule.h"
 
 namespace vorn {
 
@@ -54,6 +55,8 @@ class VnSettingViewController final : private PanelSteps {
   void onSettingsCommit(bool isOK);
   // The settings dictionary of the record.
   Value getSettingsData() { return m_settingData.getSettingsData(); }
+  // What it would be after a commit; the record stays as it is.
+  Value settingsToCommit();
 
   vnSettingData& settingData() { return m_settingData; }
   const Value& getSiteMeetingInfo() const { return m_siteMeetingInfo; }
@@ -62,9 +65,13 @@ class VnSettingViewController final : private PanelSteps {
   void updatePasswordAfterCommit(const OptionalText& passcode);
 
  private:
+  // Why what cannot be used cannot, at the end of every change.
+  void explain();
+  ContinueFacts continueFacts() const;
   void initWithLocalString();
   void setSiteMeetingInfo(const Value& meetingInfo);
-  void takeControls();
+  enum class Commit { meant, tried };
+  void takeControls(Commit commit);
   void throwEditsAway();
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();

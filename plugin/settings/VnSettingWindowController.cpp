@@ -10,6 +10,7 @@
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
+#include "settings/PanelSections.h"
 #include "util/Text.h"
 #include "workflow/vnWorkflowKeys.h"
 
@@ -45,8 +46,8 @@ void VnSettingWindowController::showWindowSheet() {
   if (!m_mySettingViewController) awake();
   if (m_sheet) return;
   m_sheet = Registry::platform().presenter->showPanel(
-      m_context.parentWindow(), localizedString("ChangeVornSettingsLabel"), m_mySettingViewController->controls(),
-      [weak = weak_from_this()](const std::string& key) {
+      m_context.parentWindow(), localizedString("ChangeVornSettingsLabel"), panelSections(),
+      m_mySettingViewController->controls(), [weak = weak_from_this()](const std::string& key) {
         if (const auto self = weak.lock()) self->userUsed(key);
       });
 }
@@ -115,6 +116,10 @@ void VnSettingWindowController::saveSettingsToUserProfile() {
 
 Value VnSettingWindowController::getVnSettingsData() {
   return m_mySettingViewController ? m_mySettingViewController->getSettingsData() : Value();
+}
+
+Value VnSettingWindowController::settingsToCommit() {
+  return m_mySettingViewController ? m_mySettingViewController->settingsToCommit() : Value();
 }
 
 // Whose personal meeting it is; oneself's and that of a number of its own is nobody's.

@@ -50,6 +50,7 @@ class VnSettingWindowController final : public SettingsPanel,
   VnSettingViewController* mySettingViewController() { return m_mySettingViewController.get(); }
 
   Value getVnSettingsData() override;
+  Value settingsToCommit() override;
   std::string getScheduldForEmailFromUI() override;
   Value getSiteMeetingInfo() override;
   void setPMIMeetingInfo(const Value& meetingInfo) override;

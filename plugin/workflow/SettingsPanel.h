@@ -14,6 +14,8 @@ class SettingsPanel {
   virtual ~SettingsPanel() = default;
   // The settings as the user sees them now.
   virtual Value getVnSettingsData() = 0;
+  // What they would be after a commit, which also takes what stands in the controls alone. Nothing is changed.
+  virtual Value settingsToCommit() = 0;
   virtual std::string getScheduldForEmailFromUI() = 0;
   virtual Value getSiteMeetingInfo() = 0;
   virtual void setPMIMeetingInfo(const Value& meetingInfo) = 0;

@@ -149,7 +149,8 @@ TEST_F(Bar, AClickThatFailsInsideOfUsReachesTheHostAsNothing) {
     void showAlert(const HostObject&, const Alert&, std::function<void(Answer)>) override { fail(); }
     std::unique_ptr<Progress> beginProgress(std::string_view) override { return fail(), nullptr; }
     bool canShowPanels() const override { return false; }
-    std::unique_ptr<Panel> showPanel(const HostObject&, std::string_view, ControlSet&, PanelInput) override {
+    std::unique_ptr<Panel> showPanel(const HostObject&, std::string_view, const PanelLayout&, ControlSet&,
+                                     PanelInput) override {
       return nullptr;
     }
     void fail() {

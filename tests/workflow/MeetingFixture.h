@@ -27,6 +27,7 @@ inline constexpr double kStart = 1795514400;
 class FakePanel final : public SettingsPanel {
  public:
   Value getVnSettingsData() override { return settings; }
+  Value settingsToCommit() override { return settings; }
   std::string getScheduldForEmailFromUI() override { return scheduledFor; }
   Value getSiteMeetingInfo() override { return "site"; }
   void setPMIMeetingInfo(const Value& info) override { calls.push_back("personal " + info[vn_MeetingKey].text()); }

@@ -22,7 +22,8 @@ class ApplePresenter final : public Presenter {
   void showAlert(const HostObject& window, const Alert& alert, std::function<void(Answer)> answered) override;
   std::unique_ptr<Progress> beginProgress(std::string_view message) override { return m_sheets.begin(message); }
   bool canShowPanels() const override { return false; }
-  std::unique_ptr<Panel> showPanel(const HostObject&, std::string_view, ControlSet&, PanelInput) override {
+  std::unique_ptr<Panel> showPanel(const HostObject&, std::string_view, const PanelLayout&, ControlSet&,
+                                   PanelInput) override {
     return nullptr;
   }
 

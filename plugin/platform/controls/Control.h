@@ -77,6 +77,9 @@ struct Control {
   double redBorderWidth = 0;
   // It has the keyboard.
   bool isFocused = false;
+  // Why it is hidden or cannot be used, for people who give support; "" for a control that can be used. Not
+  // translated.
+  std::string reason{};
 
   bool isShownAndOn() const { return !hidden && on; }
   bool operator==(const Control&) const = default;

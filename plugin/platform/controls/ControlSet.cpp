@@ -79,6 +79,7 @@ void ControlSet::begin() {
 }
 
 void ControlSet::end() {
+  if (m_depth == 1 && m_complete) m_complete();
   if (--m_depth > 0) return;
   const std::vector<std::string> changed = differences(std::exchange(m_before, {}));
   if (changed.empty()) return;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/controls/Control.h"
@@ -41,6 +42,10 @@ class ControlSet {
   // Gives the keyboard to the control, and to no other; a key that was not added takes it from all.
   void focusOn(std::string_view key);
 
+  // Runs when the outermost Change ends, before anybody hears: what it changes belongs to the same change. Whoever
+  // sets it outlives the set's changes.
+  void completeWith(std::function<void()> complete) { m_complete = std::move(complete); }
+
   // Keeps the changes together that are made while it stands.
   class Change {
    public:
@@ -76,6 +81,7 @@ class ControlSet {
   std::shared_ptr<ControlSet*> m_self;
   Controls m_controls;
   std::vector<std::string> m_keys;
+  std::function<void()> m_complete;
   std::vector<std::weak_ptr<Observer>> m_observers;
   Controls m_before;
   int m_depth = 0;

@@ -8,8 +8,13 @@ namespace vorn {
 class PanelRecord::Sheet final : public Presenter::Panel {
  public:
   Sheet(std::shared_ptr<std::vector<Sheet*>> all, const HostObject& onWindow, std::string_view withTitle,
-        ControlSet& shown, Presenter::PanelInput input)
-      : window(onWindow), title(withTitle), controls(shown), used(std::move(input)), m_all(std::move(all)) {
+        PanelLayout inOrder, ControlSet& shown, Presenter::PanelInput input)
+      : window(onWindow),
+        title(withTitle),
+        layout(std::move(inOrder)),
+        controls(shown),
+        used(std::move(input)),
+        m_all(std::move(all)) {
     m_all->push_back(this);
   }
   ~Sheet() override { std::erase(*m_all, this); }
@@ -18,6 +23,7 @@ class PanelRecord::Sheet final : public Presenter::Panel {
 
   const HostObject window;
   const std::string title;
+  const PanelLayout layout;
   ControlSet& controls;
   const Presenter::PanelInput used;
 
@@ -26,8 +32,9 @@ class PanelRecord::Sheet final : public Presenter::Panel {
 };
 
 std::unique_ptr<Presenter::Panel> PanelRecord::show(const HostObject& window, std::string_view title,
-                                                    ControlSet& controls, Presenter::PanelInput used) {
-  return std::make_unique<Sheet>(m_open, window, title, controls, std::move(used));
+                                                    const PanelLayout& layout, ControlSet& controls,
+                                                    Presenter::PanelInput used) {
+  return std::make_unique<Sheet>(m_open, window, title, layout, controls, std::move(used));
 }
 
 PanelRecord::Sheet* PanelRecord::find(const HostObject& window) const {
@@ -39,6 +46,16 @@ PanelRecord::Sheet* PanelRecord::find(const HostObject& window) const {
 const ControlSet* PanelRecord::on(const HostObject& window) const {
   const Sheet* sheet = find(window);
   return sheet ? &sheet->controls : nullptr;
+}
+
+std::string PanelRecord::title(const HostObject& window) const {
+  const Sheet* sheet = find(window);
+  return sheet ? sheet->title : "";
+}
+
+PanelLayout PanelRecord::layout(const HostObject& window) const {
+  const Sheet* sheet = find(window);
+  return sheet ? layoutOf(sheet->layout, sheet->controls) : PanelLayout();
 }
 
 namespace {

@@ -8,17 +8,22 @@
 
 #include "platform/Presenter.h"
 #include "platform/controls/ControlSet.h"
+#include "platform/controls/PanelLayout.h"
 
 namespace vorn {
 
 // The panels of a presenter without a screen. Main thread only.
 class PanelRecord {
  public:
-  std::unique_ptr<Presenter::Panel> show(const HostObject& window, std::string_view title, ControlSet& controls,
+  std::unique_ptr<Presenter::Panel> show(const HostObject& window, std::string_view title,
+                                         const PanelLayout& layout, ControlSet& controls,
                                          Presenter::PanelInput used);
 
   // The controls of the panel on the window; null when none is open there.
   const ControlSet* on(const HostObject& window) const;
+  // Its heading, "" without a panel, and the layout of the controls that it holds now.
+  std::string title(const HostObject& window) const;
+  PanelLayout layout(const HostObject& window) const;
 
   // What came of an act.
   enum class Use { done, noPanel, noControl, hidden, disabled, refused };

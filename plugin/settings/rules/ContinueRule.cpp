@@ -11,13 +11,13 @@ bool isBlank(const std::string& text) { return vnOLUtils::trimAllSpaceAndNewLine
 
 }  // namespace
 
-bool mayContinue(const ContinueFacts& facts) {
-  if (facts.isPasscodeShown && facts.isPasscodeOn && isBlank(facts.passcode)) return false;
-  if (facts.isErrorShown) return false;
-  if (facts.isTrackingShown && facts.missedRequiredTrackingFields) return false;
-  if (facts.isAlternateHostShown && facts.hasAlternateHostError) return false;
-  if (facts.areCountriesShown && facts.areCountriesEmpty) return false;
-  return !facts.awaitsReply;
+std::string_view whatHoldsContinueBack(const ContinueFacts& facts) {
+  if (facts.isPasscodeShown && facts.isPasscodeOn && isBlank(facts.passcode)) return "the passcode is missing";
+  if (facts.isErrorShown) return "the panel tells of a fault";
+  if (facts.isTrackingShown && facts.missedRequiredTrackingFields) return "a required tracking field is empty";
+  if (facts.isAlternateHostShown && facts.hasAlternateHostError) return "an alternate host is no e-mail address";
+  if (facts.areCountriesShown && facts.areCountriesEmpty) return "no dial-in country is chosen";
+  return facts.awaitsReply ? "the client has not answered yet" : "";
 }
 
 }  // namespace vorn

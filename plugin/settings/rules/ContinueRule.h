@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace vorn {
 
@@ -21,7 +22,8 @@ struct ContinueFacts {
   bool awaitsReply = false;
 };
 
-// Time linear in the passcode.
-bool mayContinue(const ContinueFacts& facts);
+// What keeps it, in words for people who give support; "" when nothing does. Time linear in the passcode.
+std::string_view whatHoldsContinueBack(const ContinueFacts& facts);
+inline bool mayContinue(const ContinueFacts& facts) { return whatHoldsContinueBack(facts).empty(); }
 
 }  // namespace vorn

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "util/Value.h"
+
+namespace vorn {
+
+// The entries of a settings dictionary, as people who give support may see them.
+
+// A copy in which passcodes and people are covered.
+Value settingsWithoutSecrets(const Value& settings);
+
+// One value of it in words.
+std::string shownSetting(std::string_view key, const Value& value);
+
+}  // namespace vorn

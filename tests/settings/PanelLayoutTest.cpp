@@ -1,0 +1,202 @@
+// Where the panel's controls stand, and why those that cannot be used cannot.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "platform/controls/PanelLayout.h"
+#include "settings/PanelSections.h"
+#include "tests/settings/PanelFixture.h"
+
+namespace vorn {
+namespace {
+
+using Kind = Control::Kind;
+using testing::ElementsAre;
+
+std::vector<std::string> keysOf(const PanelLayout& layout) {
+  std::vector<std::string> keys;
+  forEachPlace(layout, [&](const PanelLayout::Place& place) { keys.push_back(place.key); });
+  return keys;
+}
+
+// Each row as "section/depth: keys".
+std::vector<std::string> told(const PanelLayout& layout) {
+  std::vector<std::string> rows;
+  for (const auto& section : layout.sections) {
+    for (const auto& row : section.rows) {
+      std::string text = section.key + "/" + std::to_string(row.depth) + ":";
+      for (const auto& place : row.places) text += " " + place.key;
+      rows.push_back(text);
+    }
+  }
+  return rows;
+}
+
+TEST(PanelLayout, FitsExactlyTheControlsThatThereAre) {
+  const PanelLayout layout{{{"first", "First", {{{{"box"}}}, {{{"known"}, {"missing"}}}, {{{"gone"}}}}},
+                            {"none", "", {{{{"neither"}}}}},
+                            {"window", "", {{{{"window"}}}}}}};
+  ControlSet controls;
+  for (const char* key : {"known", "stray"}) controls.add(Kind::label, key);
+  controls.add(Kind::box, "box");
+  controls.add(Kind::box, "inner", "box");
+  controls.add(Kind::label, "deep", "inner");
+  controls.add(Kind::label, "member", "box");
+  controls.add(Kind::window, "window");
+  controls.add(Kind::label, "inWindow", "window");
+  controls.add(Kind::window, "other");
+  controls.add(Kind::label, "inOther", "other");
+  controls.add(Kind::label, "lost", "nobody");
+  controls.add(Kind::box, "round", "about");
+  controls.add(Kind::box, "about", "round");
+  EXPECT_THAT(told(layoutOf(layout, controls)),
+              ElementsAre("first/0: box", "first/1: inner", "first/2: deep", "first/1: member", "first/0: known",
+                          "window/0: window", "window/1: inWindow", "other/0: other", "other/1: inOther",
+                          "others/0: stray", "others/0: lost", "others/0: round", "others/1: about"));
+}
+
+TEST(PanelLayout, IsMadeInTimeLinearInTheControls) {
+  ControlSet controls;
+  controls.add(Kind::box, "box");
+  for (int i = 0; i < 10000; ++i) controls.add(Kind::checkBox, "centre" + std::to_string(i), "box");
+  EXPECT_EQ(keysOf(layoutOf({{{"regions", "", {{{{"box"}}}}}}}, controls)).size(), 10001u);
+}
+
+class PanelReasonsTest : public SettingsPanelTest {
+ protected:
+  // An account of which the bits of a word of options are all on or all off, by the bits of the number.
+  enum Offers { nothing, signIn, locked };
+  static void knowAccount(unsigned words, Offers offers) {
+    com::tidemar::webapp::proto::UserProfile account;
+    account.set_id("me");
+    account.set_roommeetingid(5550142871);
+    using Set = void (com::tidemar::webapp::proto::UserProfile::*)(std::int64_t);
+    const Set sets[] = {&com::tidemar::webapp::proto::UserProfile::set_useroption,
+                        &com::tidemar::webapp::proto::UserProfile::set_useroption2,
+                        &com::tidemar::webapp::proto::UserProfile::set_useroption3,
+                        &com::tidemar::webapp::proto::UserProfile::set_useroption4,
+                        &com::tidemar::webapp::proto::UserProfile::set_useroption5};
+    for (std::size_t i = 0; i < std::size(sets); ++i) {
+      (account.*sets[i])((words >> i & 1U) != 0 ? ~std::int64_t{0} : 0);
+    }
+    Value profile =
+        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())}});
+    const std::pair<std::string_view, bool> answers[] = {
+        {vn_Profile_SupportOnlyAuthUsersCanJoin, offers != nothing},
+        {vn_Profile_LockOnlyAuthUsersCanJoin, offers == locked},
+        {vn_Profile_IsLockScheduleRequirePassword, offers == locked},
+        {vn_Profile_IsLockPMIRequirePassword, offers == locked}};
+    for (const auto& [key, answer] : answers) profile.set(key, answer);
+    vnUserProfileHelper::sharedInstance().setData(profile);
+  }
+
+  const ControlSet& controls() { return *shown(); }
+  void expectReasons() {
+    for (const std::string& key : controls().keys()) {
+      const Control& each = *controls().find(key);
+      const bool canBeUsed = controls().isOnScreen(key) && each.enabled;
+      EXPECT_EQ(each.reason.empty(), canBeUsed) << key << (each.hidden ? " hidden" : "") << ": " << each.reason;
+    }
+  }
+};
+
+TEST_F(PanelReasonsTest, LaysOutEveryControlOnceAndCallsEachByAWordOfItsOwn) {
+  knowAccount(0, nothing);
+  open();
+  std::map<std::string, int> named;
+  std::set<std::string> words;
+  const PanelLayout sections = panelSections();
+  for (const std::string& key : keysOf(sections)) EXPECT_EQ(++named[key], 1) << key;
+  const std::vector<std::string> laidOut = keysOf(test.presenter.panels().layout(window->bar->ownWindow));
+  EXPECT_EQ(std::set<std::string>(laidOut.begin(), laidOut.end()).size(), laidOut.size());
+  EXPECT_EQ(laidOut.size(), controls().keys().size());
+
+  forEachPlace(sections, [&](const PanelLayout::Place& place) {
+    if (!place.words.empty()) {
+      EXPECT_TRUE(words.insert(place.words).second) << place.words;
+    }
+    named[place.key] = place.words.empty() ? 0 : 1;
+  });
+  for (const std::string& key : controls().keys()) {
+    const Control& each = *controls().find(key);
+    const bool isOnlySeen = each.kind == Kind::window || each.kind == Kind::box || each.kind == Kind::label;
+    // What comes with a box is there for one account and not for another, and has no name.
+    EXPECT_TRUE(isOnlySeen || named[key] == 1 || (!named.contains(key) && !each.box.empty())) << key;
+    EXPECT_TRUE(named.contains(key) || !each.box.empty()) << key << " stands behind everything";
+  }
+}
+
+TEST_F(PanelReasonsTest, GiveOneToEachControlThatCannotBeUsedAndToNoOther) {
+  const auto tryIt = [this] {
+    open();
+    expectReasons();
+    for (const char* key : {"requiredMeetingPswButton", "enableJBHButton", "autoRecordingButton"}) {
+      for (const bool on : {false, true}) turn(key, on), expectReasons();
+    }
+    turn("endtoendButton", true);
+    expectReasons();
+    turn("enhancedButton", true);
+    expectReasons();
+    endSettingsPanel(id());
+  };
+  // Nothing at all, one word of options, all but one, and everything.
+  constexpr unsigned kWords[] = {0, 1, 2, 4, 8, 30, 29, 27, 23, 31};
+  for (const char* version : {"3.5.0", "5.1.0", "99.0"}) {
+    RecordingClient::setVersion(test, version);
+    for (const unsigned words : kWords) {
+      for (const Offers offers : {nothing, signIn, locked}) {
+        SCOPED_TRACE(testing::Message() << version << ", words " << words << ", offers " << offers);
+        knowAccount(words, offers);
+        tryIt();
+        if (HasFailure()) return;
+      }
+    }
+  }
+  vnUserProfileHelper::sharedInstance().setData(Value());
+  tryIt();
+}
+
+TEST_F(PanelReasonsTest, SayWhoIsBehindIt) {
+  const struct {
+    unsigned words;
+    const char* version;
+    const char* control;
+    const char* reason;
+  } rows[] = {
+      {0, "99.0", "unmuteParticipantsButton", "not offered by the account: isSupportUnmuteAll"},
+      {0, "3.5.0", "unmuteParticipantsButton", "the client is too old: isVornClientSupport520Tasks"},
+      {8, "99.0", "videoHostMatrix", "locked by the account: isHostVideoLocked"},
+      {8, "99.0", "enableWaitingRoom", "locked by the account: isLockWaitingRoom"},
+      {0, "99.0", "autoRecordingOptionMatrixCloud", "there is only one way to record"},
+      {0, "99.0", "passwordTextField", "the passcode is off"},
+      {0, "99.0", "publicEventButton", "not offered by the account: isEnableAddMeetingToPublicCalendarEvent"},
+      {0, "99.0", "_PswRuleMinLength", "the window is closed"},
+      {0, "99.0", "videoHostMatrix", ""},
+  };
+  for (const auto& row : rows) {
+    RecordingClient::setVersion(test, row.version);
+    knowAccount(row.words, nothing);
+    open();
+    EXPECT_EQ(control(row.control).reason, row.reason) << row.control << " " << row.version;
+    endSettingsPanel(id());
+  }
+}
+
+TEST_F(PanelReasonsTest, AreThereBeforeAnybodyIsToldOfTheChange) {
+  knowAccount(0, nothing);
+  open();
+  std::vector<std::string> reasons;
+  const auto subscription = view().controls().observe([&](const auto&) {
+    reasons.push_back(control("passwordTextField").reason + "|" + control("buttonContinue").reason);
+  });
+  turn("requiredMeetingPswButton", true);
+  type("passwordTextField", " ");
+  turn("requiredMeetingPswButton", false);
+  EXPECT_THAT(reasons, ElementsAre("|", "|the passcode is missing", "the passcode is off|"));
+}
+
+}  // namespace
+}  // namespace vorn
