@@ -4,14 +4,23 @@
 
 namespace vorn {
 
-// What all open panels of the process share. Main thread only.
+// What all open panels share. Main thread only.
 struct SettingsFlags {
+  static SettingsFlags& shared() { return Registry::shared<SettingsFlags>(); }
+
+  // The list of sign-in choices that was made last holds one that the account no longer offers.
+  bool isIncludeDeletedAuthDomain = false;
+  // Continue has found that the chosen template is gone; true only while the template's box tells of it.
+  bool isCheckedScheduleButtonForTemplate = false;
+  // The entry of the last template's popup that was loaded or used.
+  int theLastTemplateSclectIndex = 0;
+  // Continue was pressed with additional data centres wanted and none chosen. Every panel that shows its data
+  // centres tells of it, until one of them is loaded.
+  bool isCheckedScheduleButton = false;
   // The field of alternate hosts is to be given the height that its hosts need.
   bool isRearrangeAlternateHost = false;
   // The list of regions that was edited last is the one of those that are allowed.
   bool isTheLastAllowChecked = false;
-
-  static SettingsFlags& shared() { return Registry::shared<SettingsFlags>(); }
 };
 
 }  // namespace vorn

@@ -156,8 +156,8 @@ bool TokenField::putIn(const Request& request, TokenText& tokens, std::vector<Re
   for (const TokenChip& chip : request.chips) pieces.push_back({.chip = chip});
   tokens.replace(request.range, pieces);
   for (Request& each : later) {
-    if (each.range.location < request.range.end()) continue;
-    each.range.location = each.range.location - request.range.length + pieces.size();
+    if (each.range.begin < request.range.end()) continue;
+    each.range.begin = each.range.begin - request.range.length + pieces.size();
   }
   return true;
 }

@@ -3,8 +3,7 @@
 #include <utility>
 
 #include "channel/store/vnCommon.h"
-#include "data/vnUserProfileHelper.h"
-#include "settings/rules/CountryNames.h"
+#include "settings/VNEditCountriesWindowController.h"
 #include "settings/rules/TokenWords.h"
 
 namespace vorn {
@@ -18,8 +17,7 @@ VNAllowDenyRCController::VNAllowDenyRCController(const PanelParts& panel, Contro
       m_tokens(panel, field, m_list.list(), *this) {}
 
 std::string VNAllowDenyRCController::nameOf(const std::string& code) {
-  return replaceCountryName(code, vnUserProfileHelper::sharedInstance().isTaiWanZH(), panelText,
-                            [](const std::string& each) { return *vnCommon::getCountryNameByCode(each); });
+  return countryNames().replaceCountryName(code);
 }
 
 std::vector<std::string> VNAllowDenyRCController::namesOf(const std::vector<std::string>& codes) {

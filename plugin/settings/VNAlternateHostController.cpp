@@ -49,16 +49,9 @@ bool VNAlternateHostController::isExistedInAttendeeList(const std::string& email
                      [&](const AlternateHost& person) { return equalIgnoringCase(person.email, email); });
 }
 
-// As the panel shows it: the person that is chosen there, and the user while none is. A panel without that choice
-// is for the person of its record.
 std::string VNAlternateHostController::getScheduleForEmail() const {
-  const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
-  const Control* people = m_panel.controls.find("scheduleForPopup");
-  if (people && m_panel.controls.isShown("scheduleForBox") && people->index > 0) {
-    return account.getScheduleForEmailWithIndex(people->index - 1);
-  }
-  const std::string other = m_panel.record.scheduleForEmail().value_or("");
-  return people || other.empty() ? account.userEmail() : other;
+  const std::string other = m_panel.steps.getUIScheduleForEmail();
+  return other.empty() ? vnUserProfileHelper::sharedInstance().userEmail() : other;
 }
 
 void VNAlternateHostController::initAlternatehostSearchListWithString(const std::string& /*word*/) {

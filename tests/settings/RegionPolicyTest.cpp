@@ -2,9 +2,7 @@
 
 #include "data/OptionBits.h"
 #include "settings/SettingsFlags.h"
-#include "settings/rules/CountryNames.h"
 #include "settings/rules/RegionPolicy.h"
-#include "tests/settings/RuleTexts.h"
 #include "tests/settings/TokenFieldFixture.h"
 #include "util/Text.h"
 
@@ -18,24 +16,6 @@ using testing::IsEmpty;
 constexpr const char* kField = "allowDenyRCTextField";
 constexpr const char* kList = "allowDenyRCSearchListWindow";
 constexpr const char* kWindow = "allowDenyRCWindow";
-
-TEST(RegionRules, SomeCountriesHaveANameOfTheirOwn) {
-  const auto system = [](const std::string& code) { return "system " + code; };
-  const struct {
-    const char* code;
-    bool isTaiWanZH;
-    const char* name;
-  } rows[] = {{"", true, ""},
-              {"DE", true, "system DE"},
-              {"hk", true, "system hk"},
-              {"HK", true, "Schedule_Enable_DataCenterRegion_HK"},
-              {"MO", true, "Audiooption_CountryName_Macau"},
-              {"TW", true, "Audiooption_CountryName_TaiWan_WithChina"},
-              {"TW", false, "Audiooption_CountryName_TaiWan"}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(replaceCountryName(row.code, row.isTaiWanZH, textOfKey, system), row.name) << row.code;
-  }
-}
 
 TEST(RegionRules, TheTextBesideTheSwitchIsCutAndTheLinkGoesWithIt) {
   const auto texts = [](std::string_view key, std::initializer_list<std::string_view>) {

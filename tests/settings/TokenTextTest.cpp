@@ -28,7 +28,7 @@ std::string seen(const TokenText& tokens) {
   const TextRange at = tokens.selection();
   TokenText marked = tokens;
   marked.replace({at.end(), 0}, {plain(at.length > 0 ? "}" : "|")});
-  if (at.length > 0) marked.replace({at.location, 0}, {plain("{")});
+  if (at.length > 0) marked.replace({at.begin, 0}, {plain("{")});
   return marked.inWords();
 }
 

@@ -170,7 +170,7 @@ StageStep settings(LineReader& line) {
   if (line.take("continue")) return [](Stage& stage) { clickInPanel(stage, "buttonContinue"); };
   if (line.take("cancel")) return [](Stage& stage) { clickInPanel(stage, "buttonCancel"); };
   if (line.take("click")) {
-    return [control = line.text("a CONTROL")](Stage& stage) { clickInPanel(stage, control); };
+    return [control = line.text("CONTROL")](Stage& stage) { clickInPanel(stage, control); };
   }
   if (line.take("set")) {
     const auto property = PanelProperty::read(line.text("CONTROL.PROPERTY"));

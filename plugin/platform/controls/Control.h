@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/controls/TextRange.h"
 #include "platform/controls/TokenText.h"
 #include "platform/controls/vnMaxLengthFormatter.h"
 
@@ -75,6 +76,10 @@ struct Control {
   std::optional<vnMaxLengthFormatter> formatter{};
   // A red border around a field, in points; 0 for none.
   double redBorderWidth = 0;
+  // The piece of a field's text that is wrong, drawn on red; absent for none.
+  std::optional<TextRange> errorRange{};
+  // The text is red, because what it says is a fault.
+  bool isRed = false;
   // It has the keyboard.
   bool isFocused = false;
   // Why it is hidden or cannot be used, for people who give support; "" for a control that can be used. Not

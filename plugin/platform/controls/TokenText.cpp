@@ -39,7 +39,7 @@ std::size_t TokenText::boundary(std::size_t position) const {
 }
 
 TextRange TokenText::bounded(TextRange range) const {
-  const std::size_t from = std::min(range.location, m_units.size());
+  const std::size_t from = std::min(range.begin, m_units.size());
   const std::size_t begin = boundary(from);
   if (range.length == 0) return {begin, 0};
   std::size_t end = from + std::min(range.length, m_units.size() - from);
@@ -64,18 +64,18 @@ TextRange TokenText::selection() const {
 
 void TokenText::remove(TextRange range) {
   const std::u16string_view all = m_units;
-  const auto first = m_chips.begin() + chipsIn(all.substr(0, range.location));
-  m_chips.erase(first, first + chipsIn(all.substr(range.location, range.length)));
-  m_units.erase(range.location, range.length);
+  const auto first = m_chips.begin() + chipsIn(all.substr(0, range.begin));
+  m_chips.erase(first, first + chipsIn(all.substr(range.begin, range.length)));
+  m_units.erase(range.begin, range.length);
 }
 
 TextRange TokenText::insert(std::string_view text) {
   const TextRange replaced = selection();
   const std::u16string units = plainUnits(text);
   remove(replaced);
-  m_units.insert(replaced.location, units);
-  moveTo(replaced.location + units.size(), Extends::no);
-  return {replaced.location, units.size()};
+  m_units.insert(replaced.begin, units);
+  moveTo(replaced.begin + units.size(), Extends::no);
+  return {replaced.begin, units.size()};
 }
 
 void TokenText::type(std::string_view text) {
@@ -98,7 +98,7 @@ void TokenText::press(Key key, Extends extends) {
   const TextRange selected = selection();
   const bool collapses = extends == Extends::no && selected.length > 0;
   switch (key) {
-    case Key::left: return moveTo(collapses ? selected.location : before(m_caret), extends);
+    case Key::left: return moveTo(collapses ? selected.begin : before(m_caret), extends);
     case Key::right: return moveTo(collapses ? selected.end() : after(m_caret), extends);
     case Key::start: return moveTo(0, extends);
     case Key::end: return moveTo(m_units.size(), extends);
@@ -110,7 +110,7 @@ void TokenText::press(Key key, Extends extends) {
         gone = {begin, (key == Key::deleteBackward ? m_caret : after(m_caret)) - begin};
       }
       remove(gone);
-      return moveTo(gone.location, Extends::no);
+      return moveTo(gone.begin, Extends::no);
     }
     case Key::up:
     case Key::down:
@@ -122,7 +122,7 @@ void TokenText::press(Key key, Extends extends) {
 
 void TokenText::select(TextRange range) {
   const TextRange inside = bounded(range);
-  m_anchor = inside.location;
+  m_anchor = inside.begin;
   m_caret = inside.end();
   m_input = {.kind = Input::Kind::changed};
 }
@@ -144,12 +144,12 @@ void TokenText::replace(TextRange range, const std::vector<TokenPiece>& pieces) 
     }
   }
   remove(gone);
-  const auto place = m_chips.begin() + chipsIn(std::u16string_view(m_units).substr(0, gone.location));
+  const auto place = m_chips.begin() + chipsIn(std::u16string_view(m_units).substr(0, gone.begin));
   m_chips.insert(place, std::make_move_iterator(chips.begin()), std::make_move_iterator(chips.end()));
-  m_units.insert(gone.location, units);
+  m_units.insert(gone.begin, units);
   const auto moved = [&](std::size_t position) {
-    if (position < gone.location) return position;
-    return gone.location + units.size() + (position > gone.end() ? position - gone.end() : 0);
+    if (position < gone.begin) return position;
+    return gone.begin + units.size() + (position > gone.end() ? position - gone.end() : 0);
   };
   m_anchor = boundary(moved(m_anchor));
   m_caret = boundary(moved(m_caret));
@@ -161,7 +161,7 @@ void TokenText::clear() { *this = TokenText(); }
 
 std::string TokenText::text(TextRange range) const {
   const TextRange inside = bounded(range);
-  return toUtf8(std::u16string_view(m_units).substr(inside.location, inside.length));
+  return toUtf8(std::u16string_view(m_units).substr(inside.begin, inside.length));
 }
 
 std::vector<TokenPiece> TokenText::pieces() const {

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/controls/TextRange.h"
+
 namespace vorn {
 
 // What stands in a text as one character: a title that a person reads, and what rules keep with it.
@@ -17,15 +19,6 @@ struct TokenChip {
   // "" for a field that it does not have.
   const std::string& field(std::string_view key) const;
   bool operator==(const TokenChip&) const = default;
-};
-
-// A part of a text, in UTF-16 units.
-struct TextRange {
-  std::size_t location = 0;
-  std::size_t length = 0;
-
-  std::size_t end() const { return location + length; }
-  bool operator==(const TextRange&) const = default;
 };
 
 // A run of plain text, or a chip.

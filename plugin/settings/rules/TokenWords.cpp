@@ -18,10 +18,10 @@ std::string trimmed(std::string_view text) {
 
 std::optional<CurrentToken> currentToken(const TokenText& tokens) {
   const TextRange caret = tokens.selection();
-  if (caret.length > 0 || caret.location == 0) return std::nullopt;
-  std::size_t begin = caret.location;
+  if (caret.length > 0 || caret.begin == 0) return std::nullopt;
+  std::size_t begin = caret.begin;
   while (begin > 0 && !tokens.isChip(begin - 1)) --begin;
-  const TextRange range{begin, caret.location - begin};
+  const TextRange range{begin, caret.begin - begin};
   return CurrentToken{range.length == 0 ? "" : tokens.text(range), range};
 }
 
