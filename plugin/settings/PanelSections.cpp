@@ -183,14 +183,15 @@ Section joinRegions() {
       {alone("allowDenyRCWindow"), line({{"allowDenyRCAllowButton", "allow regions"}}),
        line({{"allowDenyRCBlockButton", "block regions"}}),
        line({{"allowDenyRCRegionsLabel"}, {"allowDenyRCTextField", "regions"}}), alone("allowDenyRCLockedLabel"),
-       alone("allowDenyRCSearchListWindow"),
+       alone("allowDenyRCSearchListWindow"), below({{"allowDenyRCSearchListWindowRows", "regions offered"}}),
        line({{"allowDenyRCCancelButton", "cancel the regions"}, {"allowDenyRCSaveButton", "save the regions"}})}};
 }
 
 Section alternateHostList() {
   return {"alternateHostSearchListWindow",
           panelText("LN_Schedule_Section_AlternateHosts"),
-          {alone("alternateHostSearchListWindow")}};
+          {alone("alternateHostSearchListWindow"),
+           below({{"alternateHostSearchListWindowRows", "alternate hosts offered"}})}};
 }
 
 }  // namespace

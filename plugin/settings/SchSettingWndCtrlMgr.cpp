@@ -2,6 +2,7 @@
 
 #include "platform/Presenter.h"
 #include "platform/Registry.h"
+#include "settings/VNAlternateHostHelper.h"
 
 namespace vorn {
 
@@ -9,7 +10,9 @@ SchSettingWndCtrlMgr& SchSettingWndCtrlMgr::sharedInstance() { return Registry::
 
 void SchSettingWndCtrlMgr::install() {
   const Presenter* presenter = Registry::platform().presenter;
-  if (presenter && presenter->canShowPanels()) setSettingsPanels(this);
+  if (!presenter || !presenter->canShowPanels()) return;
+  setSettingsPanels(this);
+  setAlternateHostHistory(&VNAlternateHostHelper::sharedInstance());
 }
 
 std::shared_ptr<VnSettingWindowController> SchSettingWndCtrlMgr::find(const OptionalText& windowId) const {

@@ -76,6 +76,7 @@ void VnSettingViewController::initWithLocalString() {
   m_plainOptions.initWithLocalString();
   m_security.initWithLocalString();
   m_encryption.initWithLocalString();
+  m_alternateHosts.initWithLocalString();
   m_signInDomains.initWithLocalString();
   m_domainsWindowController.initWithLocalString();
   m_scheduleFor.initWithLocalString();
@@ -96,7 +97,7 @@ void VnSettingViewController::updateUIItemsForNextTime() {
   m_meetingId.updateOneTimeMeetingTitle();
 }
 
-// The order of loading. Where a group is missing its place is told, and none of its controls is in the set.
+// The order of loading.
 void VnSettingViewController::initializeItems() {
   const ControlSet::Change change(m_controls);
   m_plainOptions.initVideo();
@@ -109,7 +110,7 @@ void VnSettingViewController::initializeItems() {
   m_trackingFieldsController.loadMtValues();
   m_plainOptions.initMuteParticipantUponEntry();
   m_plainOptions.initRecordingOptions();
-  // Alternate hosts.
+  m_alternateHosts.initAlternateHosts();
   m_plainOptions.initForceIncludeJoinurlInLocation();
   m_scheduleFor.initScheduleForBox();
   m_meetingId.initMeetingIDBox();
@@ -134,7 +135,7 @@ void VnSettingViewController::initializeItems() {
   m_security.initSecurityBox();
   m_security.resetUIForPasswordFormatErrorTextField();
   m_security.resetPswHelpButtonState();
-  // Join regions: initAllowDenyOptionBox.
+  m_allowDeny.initAllowDenyOptionBox();
   checkScheduleButton();
 }
 
@@ -143,7 +144,7 @@ void VnSettingViewController::checkAccountLocked() {
   m_signInDomains.checkAccountLocked();
   m_security.checkAccountLocked();
   m_meetingId.checkAccountLocked();
-  // Join regions: allowDenyButton.
+  m_allowDeny.checkAccountLocked();
   checkE2eeAffectedAccountLocked();
   m_security.checkIfRequirePasswordLocked();
 }
@@ -204,13 +205,16 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 void VnSettingViewController::userChanged(std::string_view key) {
   const ControlSet::Change change(m_controls);
   const Control* used = m_controls.find(fieldOf(key));
-  const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox);
+  const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox ||
+                                used->kind == Control::Kind::tokenField);
   if (!isTyped && m_controls.windowOf(key).empty()) closeSubWindows();
   m_plainOptions.userChanged(key);
   m_security.userChanged(key);
   m_signInDomains.userChanged(key);
   m_joinBeforeHost.userChanged(key);
   m_encryption.userChanged(key);
+  m_alternateHosts.userChanged(key);
+  m_allowDeny.userChanged(key);
   m_domainsWindowController.userChanged(key);
   m_scheduleFor.userChanged(key);
   m_meetingId.userChanged(key);
@@ -226,6 +230,8 @@ void VnSettingViewController::userChanged(std::string_view key) {
 void VnSettingViewController::closeSubWindows() {
   const ControlSet::Change change(m_controls);
   m_passwordRuleWindowController.closePasswordRuleWindows();
+  m_alternateHosts.closeAlternateHostSearchListWindow();
+  m_allowDeny.closeAllowDenyRCSearchListWindow();
 }
 
 void VnSettingViewController::makeFirstResponderWithObject(std::string_view key) {
@@ -272,6 +278,8 @@ ContinueFacts VnSettingViewController::continueFacts() const {
   facts.passcode = m_controls.find("passwordTextField")->text;
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
+  facts.isAlternateHostShown = m_controls.isShown("alternateHostBox");
+  facts.hasAlternateHostError = m_alternateHosts.checkAlternateHostError();
   facts.awaitsReply = m_context.awaitsMeeting() || m_context.awaitsScheduleForList();
   facts.isTrackingShown = m_controls.isShown("trackingFieldsBox");
   facts.missedRequiredTrackingFields = m_trackingFieldsController.missedRequiredTrackingFields();
@@ -309,6 +317,7 @@ void VnSettingViewController::explain() {
 
 void VnSettingViewController::onSettingsCommit(bool isOK) {
   const ControlSet::Change change(m_controls);
+  m_allowDeny.endWindow();
   m_editCountriesWindowController.closeWindowSheet();
   if (isOK) {
     takeControls(Commit::meant);
@@ -316,6 +325,7 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
   } else {
     throwEditsAway();
   }
+  m_alternateHosts.forgetEdits();
   m_audio.forgetTyped();
   m_trackingFieldsController.forgetTyped();
 }
@@ -326,7 +336,7 @@ void VnSettingViewController::takeControls(Commit commit) {
   m_audio.writeAudio();
   m_trackingFieldsController.writeTrackingFields();
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
-  // Alternate hosts.
+  m_alternateHosts.writeAlternateHosts();
   if (commit == Commit::meant) {
     m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
   }
@@ -337,7 +347,7 @@ void VnSettingViewController::takeControls(Commit commit) {
   m_signInDomains.writeSignIn();
   m_security.writeWaitingRoom();
   m_template.writeTemplate();
-  // Join regions.
+  m_allowDeny.writeAllowDeny();
 }
 
 Value VnSettingViewController::settingsToCommit() {

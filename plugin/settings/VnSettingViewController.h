@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "platform/NotificationCenter.h"
+#include "settings/AllowDenyOptions.h"
+#include "settings/AlternateHostOptions.h"
 #include "settings/AudioOptions.h"
 #include "settings/CountryOptions.h"
 #include "settings/DataCenterOptions.h"
@@ -115,7 +117,7 @@ class VnSettingViewController final : private PanelSteps {
   void initTemplateBox() override { m_template.initTemplateBox(); }
   void initDataCenterRegionsBox() override { m_dataCenters.initDataCenterRegionsBox(); }
   // Join regions have no group yet.
-  void initAllowDenyOptionBox() override {}
+  void initAllowDenyOptionBox() override { m_allowDeny.initAllowDenyOptionBox(); }
   void checkIfPasswordRequired() override { m_security.checkIfPasswordRequired(); }
   void hideRestrictDomainsBox() override { m_signInDomains.hideRestrictDomainsBox(); }
   void resetSecurityErrorTextField() override { m_security.resetSecurityErrorTextField(); }
@@ -134,8 +136,9 @@ class VnSettingViewController final : private PanelSteps {
   void updateDataCenterImpactCountriesTipViewUI(bool isHidden) override {
     m_dataCenters.updateDataCenterImpactCountriesTipViewUI(isHidden);
   }
-  // Join regions: their tip.
-  void updateAllowDenyImpactCountriesTipViewUI(bool /*isHidden*/) override {}
+  void updateAllowDenyImpactCountriesTipViewUI(bool isHidden) override {
+    m_allowDeny.updateAllowDenyImpactCountriesTipViewUI(isHidden);
+  }
 
   const SettingsContext& m_context;
   vnSettingData m_settingData;
@@ -156,6 +159,8 @@ class VnSettingViewController final : private PanelSteps {
   TemplateOptions m_template{m_parts};
   JoinBeforeHostOptions m_joinBeforeHost{m_parts};
   EncryptionOptions m_encryption{m_parts};
+  AlternateHostOptions m_alternateHosts{m_parts};
+  AllowDenyOptions m_allowDeny{m_parts};
   DataCenterOptions m_dataCenters{m_parts};
   AudioOptions m_audio{m_parts};
   CountryOptions m_countries{m_parts, m_editCountriesWindowController};

@@ -33,12 +33,15 @@ std::string nameOf(Kind kind) {
     case Kind::popup: return "popup";
     case Kind::comboBox: return "comboBox";
     case Kind::textField: return "textField";
+    case Kind::tokenField: return "tokenField";
+    case Kind::list: return "list";
   }
   return "";
 }
 
 std::string typedText(const PanelLayout::Place& place, const Control& control) {
-  return place.isSecret && !control.text.empty() ? kCovered : maskedAddresses(control.text);
+  const std::string text = control.kind == Kind::tokenField ? control.tokens.inWords() : control.text;
+  return place.isSecret && !text.empty() ? kCovered : maskedAddresses(text);
 }
 
 std::string chosenItem(const Control& control) {
@@ -75,8 +78,10 @@ std::string drawn(const PanelLayout::Place& place, const Control& control) {
     case Kind::radioButton: return std::string(control.on ? "(x) " : "( ) ") + text;
     case Kind::radioGroup: return columnsOfGroup(control);
     case Kind::popup: return "[" + chosenItem(control) + " ▾]";
+    case Kind::list: return columnsOfGroup(control);
     case Kind::comboBox:
-    case Kind::textField: return fieldInWords(place, control);
+    case Kind::textField:
+    case Kind::tokenField: return fieldInWords(place, control);
   }
   return text;
 }
@@ -141,8 +146,8 @@ class Page {
 
   bool isField(const PanelLayout::Place& place) const {
     const Control* control = m_controls.find(place.key);
-    return control &&
-           (control->kind == Kind::popup || control->kind == Kind::comboBox || control->kind == Kind::textField);
+    return control && (control->kind == Kind::popup || control->kind == Kind::comboBox ||
+                       control->kind == Kind::textField || control->kind == Kind::tokenField);
   }
 
   const ControlSet& m_controls;
@@ -200,6 +205,7 @@ std::string shownValue(const PanelLayout::Place& place, const Control& control) 
     case Kind::checkBox:
     case Kind::radioButton: return control.on ? "on" : "off";
     case Kind::radioGroup:
+    case Kind::list:
     case Kind::popup: return chosenItem(control);
     case Kind::window: return "open";
     case Kind::box: return "shown";

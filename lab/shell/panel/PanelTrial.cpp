@@ -91,6 +91,14 @@ Change turned(bool on) {
 Change typed(const std::string& text) {
   return {[text](Control& control) { control.text = text; }, ""};
 }
+// In the place of all that the field holds.
+Change pasted(const std::string& text) {
+  const auto paste = [text](Control& control) {
+    control.tokens.select({0, control.tokens.length()});
+    control.tokens.paste(text);
+  };
+  return {paste, ""};
+}
 Change refused(std::string why) { return {nullptr, std::move(why)}; }
 
 std::string titlesOf(const Control& control) {
@@ -133,6 +141,7 @@ Change changeOf(const PanelAct& act, const Control& control) {
       if (word != "on") cannot(act, "on");
       return turned(true);
     case Kind::radioGroup:
+    case Kind::list:
     case Kind::popup:
       if (act.verb == Verb::click) cannot(act, "= and one of its items");
       return chosen(control, word);
@@ -145,7 +154,7 @@ Change changeOf(const PanelAct& act, const Control& control) {
     case Kind::label: cannot(act, "nothing: it is only looked at");
     default:
       if (act.verb != Verb::set) cannot(act, "= and a text");
-      return typed(act.value);
+      return control.kind == Kind::tokenField ? pasted(act.value) : typed(act.value);
   }
 }
 

@@ -177,6 +177,19 @@ StageStep settings(LineReader& line) {
     if (!property) line.fail(std::string("CONTROL.PROPERTY, which is one of ") + PanelProperty::kNames);
     return [property = *property, value = line.text("its value")](Stage& stage) { property.set(stage, value); };
   }
+  using Typing = void (*)(Stage&, const std::string&, const std::string&);
+  for (const auto& [word, typing] :
+       {std::pair<const char*, Typing>{"type", typeInPanel}, {"paste", pasteInPanel}}) {
+    if (!line.take(word)) continue;
+    const std::string control = line.text("a CONTROL");
+    return [control, typing = typing, text = line.text("a text")](Stage& stage) { typing(stage, control, text); };
+  }
+  if (line.take("key")) {
+    const std::string control = line.text("a CONTROL");
+    const auto key = panelKey(line.text("a key"));
+    if (!key) line.fail(std::string("a key, which is one of ") + kPanelKeys);
+    return [control, key = *key](Stage& stage) { pressInPanel(stage, control, key); };
+  }
   return [choice = readChoice(line)](Stage& stage) { stage.choose(choice); };
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/controls/FieldKeys.h"
+#include "util/Utf16.h"
 
 namespace vornlab {
 namespace {
@@ -55,8 +56,8 @@ std::optional<int> itemOf(const Control& control, const std::string& property, c
   return isThere ? std::optional(index) : std::nullopt;
 }
 
-constexpr std::string_view kProperties[] = {"hidden", "enabled", "on",     "text",    "index",
-                                            "chosen", "toolTip", "spoken", "focused", "border"};
+constexpr std::string_view kProperties[] = {"hidden",  "enabled", "on",      "text",   "index", "chosen",
+                                            "toolTip", "spoken",  "focused", "border", "tokens"};
 
 }  // namespace
 
@@ -76,6 +77,7 @@ std::string PanelProperty::value(Stage& stage) const {
   if (property == "enabled") return inWords(seen.enabled);
   if (property == "on") return inWords(seen.on);
   if (property == "text") return seen.text;
+  if (property == "tokens") return seen.tokens.inWords();
   if (property == "toolTip") return seen.toolTip;
   if (property == "spoken") return seen.spoken;
   if (property == "focused") return inWords(seen.isFocused);
@@ -96,6 +98,42 @@ void PanelProperty::set(Stage& stage, const std::string& value) const {
   } else {
     throw Mismatch("a property that a person can change", property);
   }
+}
+
+namespace {
+
+void useTokens(Stage& stage, const std::string& control, const std::function<void(vorn::TokenText&)>& edit) {
+  if (controlOf(stage, control).kind != Control::Kind::tokenField) throw Mismatch("a field of tokens", control);
+  use(stage, control, [&](Control& changed) { edit(changed.tokens); });
+}
+
+}  // namespace
+
+void typeInPanel(Stage& stage, const std::string& control, const std::string& text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::string character = text.substr(at, vorn::utf8SequenceLength(text, at));
+    useTokens(stage, control, [&](vorn::TokenText& tokens) { tokens.type(character); });
+    at += character.size();
+  }
+}
+
+void pasteInPanel(Stage& stage, const std::string& control, const std::string& text) {
+  useTokens(stage, control, [&](vorn::TokenText& tokens) { tokens.paste(text); });
+}
+
+void pressInPanel(Stage& stage, const std::string& control, vorn::TokenText::Key key) {
+  useTokens(stage, control, [key](vorn::TokenText& tokens) { tokens.press(key); });
+}
+
+std::optional<vorn::TokenText::Key> panelKey(std::string_view word) {
+  using Key = vorn::TokenText::Key;
+  constexpr std::pair<std::string_view, Key> keys[] = {
+      {"up", Key::up},          {"down", Key::down}, {"left", Key::left},     {"right", Key::right},
+      {"return", Key::newLine}, {"tab", Key::tab},   {"escape", Key::escape}, {"delete", Key::deleteBackward}};
+  for (const auto& [name, key] : keys) {
+    if (name == word) return key;
+  }
+  return std::nullopt;
 }
 
 void clickInPanel(Stage& stage, const std::string& control) { use(stage, control, nullptr); }

@@ -16,7 +16,8 @@ struct PanelProperty {
   // Absent for a text that names none.
   static std::optional<PanelProperty> read(std::string_view text);
   static constexpr const char* kNames =
-      "hidden, enabled, on, text, index, chosen, toolTip, spoken, focused or border";
+      "hidden, enabled, on, text, index, chosen, toolTip, spoken, focused, "
+      "border or tokens";
 
   // What the control of the window's panel says: "yes" or "no", a text, a number, or the chosen item.
   std::string value(Stage& stage) const;
@@ -24,6 +25,14 @@ struct PanelProperty {
   // and for a value that it cannot have.
   void set(Stage& stage, const std::string& value) const;
 };
+
+// What a person types into a field of tokens, character for character, or pastes; and a key that is pressed there.
+void typeInPanel(Stage& stage, const std::string& control, const std::string& text);
+void pasteInPanel(Stage& stage, const std::string& control, const std::string& text);
+void pressInPanel(Stage& stage, const std::string& control, vorn::TokenText::Key key);
+// Absent for a word that names no key.
+std::optional<vorn::TokenText::Key> panelKey(std::string_view word);
+inline constexpr const char* kPanelKeys = "up, down, left, right, return, tab, escape or delete";
 
 // A click on the control, as on a button of the panel.
 void clickInPanel(Stage& stage, const std::string& control);

@@ -34,8 +34,7 @@ inline constexpr double kUsualStart = 1795424400;
 inline constexpr std::string_view kSettingsUsage = "settings [default|site] KEY VALUE";
 inline constexpr std::string_view kPanelUsage =
     "settings open|continue|cancel, or: settings click CONTROL, or: settings set CONTROL.PROPERTY VALUE, or: "
-    "settings "
-    "[default|site] KEY VALUE";
+    "settings type|paste CONTROL TEXT, or: settings key CONTROL KEY, or: settings [default|site] KEY VALUE";
 SavedChoice readChoice(LineReader& line);
 
 // Before anything happens.

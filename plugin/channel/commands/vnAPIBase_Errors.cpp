@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "channel/commands/AlternateHostsMessage.h"
 #include "channel/commands/ErrorCodes.h"
-#include "channel/commands/ReplyFields.h"
 #include "channel/commands/vnAPIBase.h"
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnAlertHelper.h"
@@ -91,20 +91,12 @@ std::string vnAPIBase::messageForCode(const HostObject& parentWindow, int code) 
 
 std::string vnAPIBase::refusedAlternateHosts(const HostObject& parentWindow) {
   if (m_errorMoreInfo.empty()) return m_errorCodeStr;
-  Value emails = Value::array();
-  std::string shown;
-  for (const std::string_view item : leadingFields(m_errorMoreInfo, ',', std::string::npos)) {
-    const std::string_view email = item.substr(0, item.find('#'));
-    if (emails.count() > 0) shown += "; ";
-    shown += email;
-    emails.append(email);
-  }
+  const Value emails = vorn::refusedAlternateHosts(m_errorMoreInfo);
   // The settings panel of that window takes the hosts off its list.
   Registry::platform().notificationCenter->post(
       notify_Schedule_AlternateHostError, nullptr,
       Value::dictionaryFromPairs({{"emails", emails}, {keyApptWindowID, parentWindow.windowId()}}));
-  return formatText("%@ %@",
-                    {localizedString("Remove the following users from the list of alternative hosts:"), shown});
+  return alternateHostsMessage(emails);
 }
 
 std::string vnAPIBase::disabledPMIMessage(const HostObject& parentWindow) {

@@ -62,11 +62,6 @@ icu::Locale currentLocale() {
   return icu::Locale::forLanguageTag(languages.front(), status);
 }
 
-std::string inLowerCase(const std::string& text) {
-  std::string lower;
-  return icu::UnicodeString::fromUTF8(text).toLower(currentLocale()).toUTF8String(lower);
-}
-
 // Without all leading wildcard labels. A name that is left without a dot is no domain and is not stripped
 // further.
 std::string_view withoutWildcards(std::string_view name) {
@@ -134,6 +129,11 @@ OptionalText vnCommon::getCountryNameByCode(const OptionalText& code) {
   if (!code || code->empty()) return std::nullopt;
   const std::string name = countryName(*code, currentLocale());
   return name.empty() ? code : name;
+}
+
+std::string vnCommon::inLowerCase(const std::string& text) {
+  std::string lower;
+  return icu::UnicodeString::fromUTF8(text).toLower(currentLocale()).toUTF8String(lower);
 }
 
 bool vnCommon::isExistedInAnotherList(const OptionalText& text, const Value& anotherList) {

@@ -30,6 +30,9 @@ class vnCommon {
   // The name in the user's language; the code itself when it has none; absent for an absent or empty code.
   static OptionalText getCountryNameByCode(const OptionalText& code);
 
+  // The text in lower case, as the user's language has it.
+  static std::string inLowerCase(const std::string& text);
+
   static bool isExistedInAnotherList(const OptionalText& text, const Value& anotherList);
   static bool isExistedInAnotherListWithIgnoreCase(const OptionalText& text, const Value& anotherList);
 };

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/controls/TextRange.h"
+#include "platform/controls/TokenText.h"
 #include "platform/controls/vnMaxLengthFormatter.h"
 
 namespace vorn {
@@ -29,14 +30,6 @@ struct ControlItem {
   bool operator==(const ControlItem&) const = default;
 };
 
-// A piece of a text, in UTF-16 units.
-struct TextRange {
-  std::size_t begin = 0;
-  std::size_t length = 0;
-
-  bool operator==(const TextRange&) const = default;
-};
-
 // One control of a window as rules see it: what it shows, and whether it can be used. A front end draws it.
 //
 // The kind says which properties count; the others keep their first value.
@@ -53,6 +46,8 @@ struct Control {
     popup,        // likewise
     comboBox,     // text that the user types, or takes from the items
     textField,    // text that the user types
+    tokenField,   // tokens: text that the user types, and chips in it
+    list,         // items in rows, of which the one at the index is selected; -1 for none
   };
 
   std::string key;
@@ -68,6 +63,13 @@ struct Control {
   std::string toolTip{};
   // What assistive programs say of it; "" for its text.
   std::string spoken{};
+  // Of a field of tokens.
+  TokenText tokens{};
+  // Points by which a field is taller than one that needs no room for more lines.
+  double extraHeight = 0;
+  // Of a list: the height of a row in points, and how many rows show without scrolling.
+  double rowHeight = 0;
+  int mostRows = 0;
   // Shown in a field that is empty.
   std::string placeholder{};
   // Of a field; absent takes any text.

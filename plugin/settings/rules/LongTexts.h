@@ -17,6 +17,8 @@ enum class LongText : std::int32_t {
   prompt = 70,
   selectedCountries = 55,
   regions = 38,
+  // Of the window of join regions.
+  regionChoice = 50,
   templateTip = 55,
   templateLink = 22,
 };

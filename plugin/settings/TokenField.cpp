@@ -1,0 +1,201 @@
+#include "settings/TokenField.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Registry.h"
+#include "platform/RunLoop.h"
+#include "settings/rules/TokenWords.h"
+
+namespace vorn {
+
+using namespace panel_rules;
+
+namespace {
+
+constexpr double kDelaySeconds = 0.1;
+
+bool takesKeyboard(const Control& control) {
+  switch (control.kind) {
+    case Control::Kind::window:
+    case Control::Kind::box:
+    case Control::Kind::label:
+    case Control::Kind::list: return false;
+    default: return true;
+  }
+}
+
+// The control that the keyboard goes to from this one, in the same window; the first behind the last.
+std::string nextControl(const ControlSet& controls, const std::string& key) {
+  std::vector<std::string> keys = controls.keys();
+  const auto found = std::find(keys.begin(), keys.end(), key);
+  std::rotate(keys.begin(), found, keys.end());
+  const std::string window = controls.windowOf(key);
+  for (const std::string& next : keys) {
+    const Control& control = *controls.find(next);
+    if (next == key || !takesKeyboard(control) || !control.enabled) continue;
+    if (controls.isOnScreen(next) && controls.windowOf(next) == window) return next;
+  }
+  return key;
+}
+
+}  // namespace
+
+TokenField::TokenField(const PanelParts& panel, Control& field, TokenSearchList& list, Words& words)
+    : m_panel(panel), m_field(field), m_list(list), m_words(words) {}
+
+TokenField::~TokenField() {
+  if (RunLoop* runLoop = Registry::platform().runLoop) runLoop->cancelPrevious(this);
+}
+
+void TokenField::refill(const std::vector<TokenChip>& chips, const std::string& text) {
+  // What is still to come belongs to the text that goes.
+  Registry::platform().runLoop->cancelPrevious(this);
+  m_requests.clear();
+  m_tokenRange = {};
+  m_list.close();
+  m_field.tokens.clear();
+  if (!text.empty()) m_field.tokens.replace({}, {{.text = text}});
+  if (!chips.empty()) request(chips, {});
+}
+
+// -- What the user does ------------------------------------------------------------------------------------------
+
+void TokenField::userTyped() {
+  const TokenText::Input input = m_field.tokens.takeInput();
+  // Who types on before a chip has come would have it swallow what was typed since.
+  settle();
+  switch (input.kind) {
+    case TokenText::Input::Kind::command: return doCommand(input.command);
+    case TokenText::Input::Kind::pasted: takePasted(input.pasted.length); break;
+    case TokenText::Input::Kind::changed:
+    case TokenText::Input::Kind::none: break;
+  }
+  textViewDidChangeSelection();
+}
+
+void TokenField::textViewDidChangeSelection() {
+  const std::optional<CurrentToken> token = currentToken(m_field.tokens);
+  if (token) m_tokenRange = token->range;
+  const std::string text = token ? token->text : "";
+  const std::string word = wordOf(text);
+  if (word.empty()) {
+    m_list.close();
+  } else {
+    m_words.search(word);
+  }
+  if (!holdsSeparator(text)) {
+    if (text.empty()) m_words.tokenIsEmpty();
+    return;
+  }
+  if (word.empty()) return;
+  const std::optional<std::string> only = onlyWordOf(text);
+  const std::optional<TokenChip> chip = only ? m_words.chipOfWord(*only) : std::nullopt;
+  if (!chip) return m_list.close();
+  // A blank before the word ends none: the first letters of an address may be one already, and the rest would be
+  // left over.
+  if (endsWithSeparator(text)) request({*chip}, m_tokenRange);
+}
+
+void TokenField::doCommand(TokenText::Key command) {
+  switch (command) {
+    case TokenText::Key::tab:
+      m_list.close();
+      return m_panel.steps.makeFirstResponderWithObject(nextControl(m_panel.controls, m_field.key));
+    case TokenText::Key::down:
+      if (m_list.isShown()) m_list.selectNext();
+      return;
+    case TokenText::Key::up:
+      if (m_list.isShown()) m_list.selectPrevious();
+      return;
+    case TokenText::Key::newLine:
+      if (m_list.isShown()) userChose();
+      return;
+    default: return;
+  }
+}
+
+// The pasted text ends where the caret is.
+void TokenField::takePasted(std::size_t length) {
+  TokenText& tokens = m_field.tokens;
+  const std::size_t end = tokens.selection().end();
+  const TextRange range{end - std::min(length, end), std::min(length, end)};
+  const std::vector<TokenPiece> pieces = m_words.piecesOf(tokens.text(range));
+  const bool hasChip =
+      std::any_of(pieces.begin(), pieces.end(), [](const TokenPiece& piece) { return !!piece.chip; });
+  if (hasChip) tokens.replace(range, pieces);
+}
+
+void TokenField::userChose() {
+  const TokenChip* row = m_list.selected();
+  if (!row) return;
+  const TokenChip chip = *row;
+  settle();
+  request({chip}, m_tokenRange);
+  m_list.close();
+}
+
+// -- What comes later --------------------------------------------------------------------------------------------
+
+void TokenField::request(std::vector<TokenChip> chips, TextRange range) {
+  RunLoop* runLoop = Registry::platform().runLoop;
+  std::erase_if(m_requests, [&](const Request& earlier) {
+    if (earlier.chips != chips) return false;
+    runLoop->cancelPrevious(this, earlier.name);
+    return true;
+  });
+  const std::string name = "select:" + std::to_string(++m_lastRequest);
+  m_requests.push_back({name, std::move(chips), range, m_field.tokens.text(range)});
+  runLoop->performAfter(kDelaySeconds, this, name, [this, name] { onDue(name); });
+}
+
+// A text that has changed meanwhile is the user's, and stays. Those that come later move with what is put in.
+bool TokenField::putIn(const Request& request, TokenText& tokens, std::vector<Request>& later) {
+  if (request.range.end() > tokens.length() || tokens.text(request.range) != request.replaced) return false;
+  std::vector<TokenPiece> pieces;
+  for (const TokenChip& chip : request.chips) pieces.push_back({.chip = chip});
+  tokens.replace(request.range, pieces);
+  for (Request& each : later) {
+    if (each.range.begin < request.range.end()) continue;
+    each.range.begin = each.range.begin - request.range.length + pieces.size();
+  }
+  return true;
+}
+
+TokenText TokenField::settledText() const {
+  TokenText tokens = m_field.tokens;
+  std::vector<Request> requests = m_requests;
+  for (std::size_t i = 0; i < requests.size(); ++i) putIn(Request(requests[i]), tokens, requests);
+  return tokens;
+}
+
+void TokenField::onDue(const std::string& name) {
+  const ControlSet::Change change(m_panel.controls);
+  const auto due =
+      std::find_if(m_requests.begin(), m_requests.end(), [&](const Request& each) { return each.name == name; });
+  if (due == m_requests.end()) return;
+  const Request request = std::move(*due);
+  m_requests.erase(due);
+  if (putIn(request, m_field.tokens, m_requests)) {
+    m_list.close();
+    if (request.range.length > 0) {
+      textViewDidChangeSelection();
+    } else {
+      // The panel has put them in: nobody is offered anything.
+      m_words.tokenIsEmpty();
+    }
+  }
+  m_words.textHasChanged();
+}
+
+void TokenField::settle() {
+  if (m_requests.empty()) return;
+  Registry::platform().runLoop->cancelPrevious(this);
+  m_field.tokens = settledText();
+  m_requests.clear();
+  if (const std::optional<CurrentToken> token = currentToken(m_field.tokens)) m_tokenRange = token->range;
+  m_list.close();
+  m_words.textHasChanged();
+}
+
+}  // namespace vorn

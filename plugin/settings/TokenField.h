@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "settings/PanelParts.h"
+#include "settings/TokenSearchList.h"
+
+namespace vorn {
+
+// What typing does in a field of tokens: it brings up the list, a separator turns a word into a chip, and keys
+// walk through the list. A chip that was asked for comes a moment later; until then its word stands in the text.
+//
+// Field, list and words outlive it. Main thread only.
+class TokenField {
+ public:
+  // What one kind of token has of its own.
+  class Words {
+   public:
+    virtual ~Words() = default;
+    // The word that is being typed, never empty: fills and shows the list, or closes it.
+    virtual void search(const std::string& word) = 0;
+    // The chip for a word behind which a separator was typed; absent leaves the text as it is.
+    virtual std::optional<TokenChip> chipOfWord(const std::string& word) = 0;
+    // What the field takes for a pasted text.
+    virtual std::vector<TokenPiece> piecesOf(const std::string& pasted) = 0;
+    // Nothing is being typed.
+    virtual void tokenIsEmpty() {}
+    // The text has changed though the user did nothing just now.
+    virtual void textHasChanged() = 0;
+  };
+
+  TokenField(const PanelParts& panel, Control& field, TokenSearchList& list, Words& words);
+  // Takes back what has not come yet.
+  ~TokenField();
+  TokenField(const TokenField&) = delete;
+  TokenField& operator=(const TokenField&) = delete;
+
+  const TokenText& text() const { return m_field.tokens; }
+
+  // Empties the field. The chips come a moment later, in front of the text, which is there at once.
+  void refill(const std::vector<TokenChip>& chips, const std::string& text);
+  // The user did something in the field.
+  void userTyped();
+  // The user has clicked a row of the list.
+  void userChose();
+  // Puts in the chips that have not come yet.
+  void settle();
+  // The text as it will be when they have come.
+  TokenText settledText() const;
+
+ private:
+  struct Request {
+    std::string name;
+    std::vector<TokenChip> chips;
+    TextRange range;
+    // What stood there when the chips were asked for.
+    std::string replaced;
+  };
+
+  void textViewDidChangeSelection();
+  void doCommand(TokenText::Key command);
+  void takePasted(std::size_t length);
+  void request(std::vector<TokenChip> chips, TextRange range);
+  static bool putIn(const Request& request, TokenText& tokens, std::vector<Request>& later);
+  void onDue(const std::string& name);
+
+  const PanelParts& m_panel;
+  Control& m_field;
+  TokenSearchList& m_list;
+  Words& m_words;
+  // Of the token that is being typed.
+  TextRange m_tokenRange;
+  std::vector<Request> m_requests;
+  std::uint64_t m_lastRequest = 0;
+};
+
+}  // namespace vorn

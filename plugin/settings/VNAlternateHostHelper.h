@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workflow/SettingsPanel.h"
+
+namespace vorn {
+
+// Whom the user has made an alternate host before, in the user defaults, for all windows. Main thread only.
+class VNAlternateHostHelper final : public AlternateHostHistory {
+ public:
+  static VNAlternateHostHelper& sharedInstance();
+
+  // Nothing but the address is known of who was typed.
+  std::string getAlternateHostDisplayNameByEmail(const std::string& email) const { return email; }
+
+  // The oldest first.
+  std::vector<std::string> getInputAlternateHostHistory() const;
+  // In any case of letters.
+  bool hasExistedInInputAlternateHostHistory(const std::string& email) const;
+  // Adds who is not in it yet, and brings it to the disk. Anything but an array adds nobody.
+  void addToInputAlternateHostHistory(const Value& alternateHosts) override;
+
+  // What tells of the hosts that the service refuses, from its list of "ADDRESS#MORE" with commas between.
+  std::string getAlternateHostDisplayError(const std::string& refused) const;
+};
+
+}  // namespace vorn

@@ -1,0 +1,53 @@
+#pragma once
+
+// The rules of the alternate hosts: who is meant by what stands in the field, who is offered, and what a pasted
+// list becomes. Pure functions; time linear in what they are given.
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/controls/TokenText.h"
+
+namespace vorn::panel_rules {
+
+using AddressTest = std::function<bool(const std::string&)>;
+
+struct AlternateHost {
+  std::string name{};
+  std::string jid{};
+  std::string email{};
+
+  bool operator==(const AlternateHost&) const = default;
+};
+
+// A host in the field, and in a row of the list.
+TokenChip chipOf(const AlternateHost& host);
+std::string rowOf(const AlternateHost& host);
+
+// The addresses in the field in the order of the text, each once: those of the chips, and the plain texts that are
+// addresses.
+std::vector<std::string> invitedUsers(const TokenText& tokens, const AddressTest& isValid);
+// Something in the field is no address, or the word that is being typed is not one yet.
+bool hasAlternateHostError(const TokenText& tokens, const AddressTest& isValid);
+
+// E-mails in the form in which they are equal without case.
+using FoldedEmails = std::unordered_set<std::string>;
+FoldedEmails folded(const std::vector<std::string>& emails);
+
+// Who is offered: the attendees, and who was a host before and is no attendee. Nobody who is in the field already,
+// nobody without an address, and not oneself.
+std::vector<AlternateHost> offeredHosts(const std::vector<AlternateHost>& attendees,
+                                        const std::vector<std::string>& history, const FoldedEmails& existed,
+                                        const std::string& ownEmail);
+
+// What the field takes for a pasted text: a chip for each address, and the words that are none as they were. An
+// entry "Jane Doe <jane@example.com>" is one chip, with that name.
+std::vector<TokenPiece> pastedHosts(std::string_view text, const AddressTest& isValid);
+
+// Points by which a field of that width is taller than one line, for hosts that do not fit into it.
+double requiredExtraHeight(const std::vector<std::string>& hosts, double width);
+
+}  // namespace vorn::panel_rules

@@ -1,0 +1,316 @@
+// Alternate hosts: what typing, pasting and choosing make of them, and what a commit takes.
+
+#include "platform/UserDefaults.h"
+#include "settings/VNAlternateHostHelper.h"
+#include "settings/rules/AlternateHosts.h"
+#include "settings/rules/TokenWords.h"
+#include "tests/settings/TokenFieldFixture.h"
+
+namespace vorn {
+namespace {
+
+using namespace panel_rules;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+constexpr const char* kField = "alternateHostTextField";
+constexpr const char* kList = "alternateHostSearchListWindow";
+
+// As the service's test, roughly: it lets semicolons and commas pass before the "@".
+bool isAddress(const std::string& text) {
+  const std::size_t at = text.find('@');
+  return at != std::string::npos && at > 0 && at + 1 < text.size() &&
+         text.find_first_of(" @;,<>", at + 1) == std::string::npos && text.find(' ') == std::string::npos;
+}
+
+TokenPiece host(const std::string& email) { return {.chip = chipOf({.email = email})}; }
+TokenPiece words(const std::string& text) { return {.text = text}; }
+
+TEST(AlternateHostRules, WhoIsMeantAndWhatIsAnError) {
+  const struct {
+    const char* what;
+    std::vector<TokenPiece> pieces;
+    std::vector<std::string> users;
+    bool isError;
+    std::size_t caret = SIZE_MAX;
+  } rows[] = {
+      {"nothing", {}, {}, false},
+      {"a chip and a text, once", {host("a@b.c"), words(" a@b.c\n")}, {"a@b.c"}, false},
+      {"compared exactly", {host("A@b.c"), host("a@b.c")}, {"A@b.c", "a@b.c"}, false},
+      {"in the order of the text", {words("x@y.z "), host("a@b.c")}, {"x@y.z", "a@b.c"}, false},
+      {"an empty chip is nobody", {host(""), host("a@b.c")}, {"a@b.c"}, false},
+      {"a chip without an address", {host("nobody")}, {"nobody"}, true},
+      {"a word that is being typed", {host("a@b.c"), words("bob")}, {"a@b.c"}, true},
+      {"and left", {words("bob"), host("a@b.c")}, {"a@b.c"}, true},
+      {"and left behind the caret", {host("a@b.c"), words("bob")}, {"a@b.c"}, true, 0},
+      {"the caret in an address", {words("x@y.z")}, {"x@y.z"}, true, 1},
+      {"a semicolon is no part of an address", {words(";x@y.z")}, {"x@y.z"}, false},
+      {"nor joins two", {words("bob;x@y.z")}, {}, true},
+      {"a semicolon alone, where one types", {host("a@b.c"), words(";")}, {"a@b.c"}, true},
+      {"and elsewhere", {words("; "), host("a@b.c")}, {"a@b.c"}, false},
+      {"two in one run", {words("a@b.c x@y.z"), host("q@r.s")}, {"q@r.s"}, true},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    TokenText tokens;
+    tokens.replace({}, row.pieces);
+    tokens.select({row.caret, 0});
+    EXPECT_EQ(invitedUsers(tokens, isAddress), row.users);
+    EXPECT_EQ(hasAlternateHostError(tokens, isAddress), row.isError);
+  }
+}
+
+TEST(AlternateHostRules, APastedListBecomesChipsAndTheRestStays) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"a@b.c", "[a@b.c]"},
+      {"a@b.c; d@e.f;", "[a@b.c][d@e.f]"},
+      {" a@b.c,d@e.f , g@h.i\r\nj@k.l\tm@n.o", "[a@b.c][d@e.f][g@h.i][j@k.l][m@n.o]"},
+      {"bob; a@b.c; tom, ann;x", "bob[a@b.c]tom, ann;x"},
+      {"Jane Doe <j@k.l>; \"Doe, John\" <d@e.f>; <g@h.i>", "[Jane Doe][Doe, John][g@h.i]"},
+      {"Jane <j@k.l>, Bob <b@k.l>, c@k.l", "[Jane][Bob][c@k.l]"},
+      {"j@k.l <j@k.l>", "[j@k.l]"},
+      {"x@y.z <j@k.l>", "[x@y.z][j@k.l]"},
+      {"Jane j@k.l>; a@b.c", "Jane j@k.l>[a@b.c]"},
+      {"Jane <>; bob", "Jane <>; bob"},
+      {"x,a@b.c", "[x,a@b.c]"},
+      {";;\n, ", ""},
+      {"", ""},
+  };
+  for (const auto& [text, expected] : rows) {
+    TokenText tokens;
+    tokens.replace({}, pastedHosts(text, isAddress));
+    EXPECT_EQ(tokens.inWords(), expected) << text;
+  }
+  const std::vector<TokenPiece> named = pastedHosts("Jane Doe <j@k.l>", isAddress);
+  ASSERT_EQ(named.size(), 1u);
+  EXPECT_EQ(named.front().chip->field("email"), "j@k.l");
+  EXPECT_EQ(named.front().chip->field("name"), "Jane Doe");
+}
+
+TEST(AlternateHostRules, OffersAttendeesAndThenEarlierHosts) {
+  const std::vector<AlternateHost> attendees = {
+      {"Jane", "j@k.l", "j@k.l"}, {"Me", "ME@k.l", "ME@k.l"}, {}, {"", "q@k.l", "q@k.l"}};
+  const std::vector<std::string> history = {"old@k.l", "J@K.L", "me@K.L", "", "in@k.l"};
+  const std::vector<AlternateHost> offered =
+      offeredHosts(attendees, history, folded({"IN@k.l", "Q@k.l"}), "me@k.l");
+  std::vector<std::string> shown;
+  for (const AlternateHost& each : offered) shown.push_back(rowOf(each));
+  EXPECT_THAT(shown, ElementsAre("Jane <j@k.l>", "old@k.l"));
+}
+
+TEST(AlternateHostRules, AFieldGrowsWhenItsHostsDoNotFit) {
+  // 10 characters and 3 more for each: 102.7 points.
+  EXPECT_EQ(requiredExtraHeight({"aaaa@bbb.c"}, 102.8), 0);
+  EXPECT_EQ(requiredExtraHeight({"aaaa@bbb.c"}, 102.6), 40);
+  EXPECT_EQ(requiredExtraHeight({"aaaa@bbb.c", "a"}, 102.8), 40);
+}
+
+class AlternateHostsTest : public TokenFieldTest {
+ protected:
+  void openPaid() {
+    com::tidemar::webapp::proto::UserProfile account;
+    account.set_usertype(2);
+    account.set_email("me@vorn.example");
+    knowAccount(account);
+    open();
+  }
+  void knowHosts(const std::vector<std::string>& hosts) {
+    com::tidemar::webapp::proto::MeetingProto meeting;
+    for (const std::string& each : hosts) {
+      auto& added = *meeting.add_alternatehosts();
+      added.set_id("id of " + each);
+      added.set_email(each);
+    }
+    knowMeeting();
+    window->manager->getMeetingHelper()->setPBMeetingData(EncodeUtils::base64Encode(meeting.SerializeAsString()));
+  }
+  std::vector<std::string> hostsOfRecord() {
+    std::vector<std::string> hosts;
+    const Value list = settings()[vn_Setting_AlternateHosts];
+    for (const Value& each : list.items()) hosts.push_back(each.text());
+    return hosts;
+  }
+  bool mayContinue() { return control("buttonContinue").enabled; }
+};
+
+TEST_F(AlternateHostsTest, AreOfferedToAPaidPlanAlone) {
+  open();
+  EXPECT_TRUE(control("alternateHostBox").hidden);
+  endSettingsPanel(id());
+  openPaid();
+  EXPECT_FALSE(control("alternateHostBox").hidden);
+  EXPECT_THAT(control(kField).placeholder, StartsWith("Example:"));
+  endSettingsPanel(id());
+  RecordingClient::setVersion(test, "3.5.0");
+  open();
+  EXPECT_TRUE(control("alternateHostBox").hidden);
+}
+
+TEST_F(AlternateHostsTest, AreKeptWhereNobodyIsShownThem) {
+  knowHosts({"a@vorn.example"});
+  open();
+  click("buttonContinue");
+  EXPECT_THAT(hostsOfRecord(), ElementsAre("a@vorn.example"));
+}
+
+TEST_F(AlternateHostsTest, TypingMakesChipsOfAddressesAfterAMoment) {
+  openPaid();
+  keyIn(kField, "a@vorn.example ");
+  EXPECT_EQ(tokens(kField), "a@vorn.example ");
+  test.runLoop.runUntil([] { return false; }, 0.09);
+  EXPECT_EQ(tokens(kField), "a@vorn.example ");
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[a@vorn.example]");
+  keyIn(kField, "bob;");
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[a@vorn.example]bob;");
+  EXPECT_FALSE(mayContinue());
+  for (int i = 0; i < 4; ++i) press(kField, Key::deleteBackward);
+  EXPECT_TRUE(mayContinue());
+  keyIn(kField, "me@vorn.example;");
+  waitForChips();
+  EXPECT_THAT(hostsOfRecord(), ElementsAre("a@vorn.example", "me@vorn.example")) << "oneself may be typed";
+}
+
+TEST_F(AlternateHostsTest, WhoTypesFastLosesNothing) {
+  openPaid();
+  keyIn(kField, "a@vorn.example b@vorn.example; c");
+  EXPECT_EQ(tokens(kField), "[a@vorn.example][b@vorn.example] c");
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[a@vorn.example][b@vorn.example] c");
+  keyIn(kField, "@vorn.example ");
+  EXPECT_EQ(click("buttonContinue"), Use::done);
+  EXPECT_THAT(hostsOfRecord(), ElementsAre("a@vorn.example", "b@vorn.example", "c@vorn.example"));
+}
+
+TEST_F(AlternateHostsTest, AChipThatComesTooLateTakesNothing) {
+  openPaid();
+  keyIn(kField, "a@vorn.example;");
+  press(kField, Key::deleteBackward);
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "a@vorn.example");
+  edit(kField, [](TokenText& text) { text.select({0, SIZE_MAX}), text.type(""); });
+  keyIn(kField, "b@vorn.example;");
+  edit(kField, [](TokenText& text) { text.select({0, SIZE_MAX}), text.type(""); });
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "");
+}
+
+TEST_F(AlternateHostsTest, ThePeopleInTheListAreWalkedThroughAndChosen) {
+  window->invite("Jane", 0);
+  window->invite("Bob", 0);
+  window->invite("me", 0);
+  openPaid();
+  EXPECT_THAT(rows(kList), IsEmpty());
+  keyIn(kField, "x");
+  EXPECT_THAT(rows(kList), ElementsAre("Jane <Jane@vorn.example>", "Bob <Bob@vorn.example>"));
+  const auto selected = [this] { return control(std::string(kList) + "Rows").index; };
+  const std::pair<Key, int> steps[] = {
+      {Key::up, 0}, {Key::down, 1}, {Key::down, 1}, {Key::up, 0}, {Key::escape, 0}};
+  EXPECT_EQ(selected(), 0);
+  for (const auto& [key, index] : steps) {
+    press(kField, key);
+    EXPECT_EQ(selected(), index);
+    EXPECT_FALSE(control(kList).hidden);
+  }
+  press(kField, Key::newLine);
+  EXPECT_TRUE(control(kList).hidden);
+  press(kField, Key::newLine);
+  EXPECT_EQ(tokens(kField), "[Jane]") << "the second one finds no list";
+  keyIn(kField, "x");
+  EXPECT_THAT(rows(kList), ElementsAre("Bob <Bob@vorn.example>"));
+  EXPECT_EQ(choose(std::string(kList) + "Rows", 0), Use::done);
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[Jane][Bob]");
+  EXPECT_THAT(hostsOfRecord(), ElementsAre("Jane@vorn.example", "Bob@vorn.example"));
+  keyIn(kField, "x");
+  EXPECT_TRUE(control(kList).hidden) << "nobody is left";
+}
+
+TEST_F(AlternateHostsTest, TheListGoesWithTheWordTheTabAndAnyOtherPress) {
+  VNAlternateHostHelper::sharedInstance().addToInputAlternateHostHistory(Value::Array{"old@vorn.example"});
+  openPaid();
+  const std::pair<const char*, std::function<void()>> rows[] = {
+      {"the word", [this] { press(kField, Key::deleteBackward); }},
+      {"a separator", [this] { keyIn(kField, " "); }},
+      {"the tab", [this] { press(kField, Key::tab); }},
+      {"a press elsewhere", [this] { turn("muteParticipantUponEntry", true); }}};
+  for (const auto& [what, act] : rows) {
+    SCOPED_TRACE(what);
+    edit(kField, [](TokenText& text) { text.select({0, SIZE_MAX}), text.type("x"); });
+    EXPECT_FALSE(control(kList).hidden);
+    act();
+    EXPECT_TRUE(control(kList).hidden);
+  }
+  press(kField, Key::tab);
+  test.runLoop.runDue();
+  EXPECT_FALSE(control(kField).isFocused);
+  bool isSomewhere = false;
+  for (const std::string& key : shown()->keys()) isSomewhere |= control(key).isFocused;
+  EXPECT_TRUE(isSomewhere);
+}
+
+TEST_F(AlternateHostsTest, APasteTakesTheAddressesAtOnce) {
+  openPaid();
+  keyIn(kField, "x@vorn.example ");
+  edit(kField, [](TokenText& text) { text.paste("A <a@vorn.example>; b@vorn.example bob"); });
+  EXPECT_EQ(tokens(kField), "[x@vorn.example][A][b@vorn.example]bob");
+  EXPECT_FALSE(mayContinue());
+  press(kField, Key::start);
+  EXPECT_FALSE(mayContinue()) << "the word is there all the same";
+}
+
+TEST_F(AlternateHostsTest, AreLoadedFromTheMeetingAndGoBackToIt) {
+  knowHosts({"a@vorn.example", "b@vorn.example", "a@vorn.example"});
+  openPaid();
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[a@vorn.example][b@vorn.example]");
+  EXPECT_TRUE(control(kList).hidden);
+  keyIn(kField, "c@vorn.example bob");
+  view().updateUIItemsForNextTime();
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[a@vorn.example][b@vorn.example][c@vorn.example]bob")
+      << "what is typed outlives a loading";
+  click("buttonCancel");
+  open();
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[a@vorn.example][b@vorn.example]");
+  panels.getSchSettingWindowInArray(id())->filterInvalidAlternateHosts(Value::Array{"A@vorn.example"});
+  view().updateUIItemsForNextTime();
+  view().updateUIItemsForNextTime();
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[b@vorn.example]");
+}
+
+TEST_F(AlternateHostsTest, ThousandsOfHostsAreNoTrouble) {
+  std::vector<std::string> many;
+  for (int i = 0; i < 10'000; ++i) many.push_back("h" + std::to_string(i) + "@vorn.example");
+  knowHosts(many);
+  openPaid();
+  waitForChips();
+  EXPECT_EQ(control(kField).extraHeight, 40);
+  std::string list;
+  for (const std::string& each : many) list += "x" + each + "; ";
+  edit(kField, [&](TokenText& text) { text.paste(list); });
+  EXPECT_EQ(control(kField).tokens.chips().size(), 20'000u);
+  EXPECT_EQ(hostsOfRecord().size(), 20'000u);
+}
+
+TEST_F(AlternateHostsTest, TheHistoryHasEverybodyOnce) {
+  VNAlternateHostHelper& helper = VNAlternateHostHelper::sharedInstance();
+  const int before = test.userDefaults.synchronized;
+  helper.addToInputAlternateHostHistory("");
+  alternateHostHistory()->addToInputAlternateHostHistory(Value::Array{"a@b.c", "", "A@b.c", "d@e.f"});
+  alternateHostHistory()->addToInputAlternateHostHistory(Value::Array{"D@E.F", "g@h.i"});
+  EXPECT_EQ(test.userDefaults.objectForKey("InputAlternateHostHistory"),
+            Value(Value::Array{"a@b.c", "d@e.f", "g@h.i"}));
+  EXPECT_EQ(test.userDefaults.synchronized, before + 2);
+  EXPECT_TRUE(helper.hasExistedInInputAlternateHostHistory("G@h.i"));
+  EXPECT_FALSE(helper.hasExistedInInputAlternateHostHistory("g@h"));
+  EXPECT_EQ(helper.getAlternateHostDisplayError("a@b.c#1,d@e.f"),
+            "Remove the following users from the list of alternative hosts: a@b.c; d@e.f");
+}
+
+}  // namespace
+}  // namespace vorn

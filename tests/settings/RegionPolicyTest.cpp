@@ -1,0 +1,258 @@
+// The regions that may join: the option, its window, and what of it reaches the record.
+
+#include "data/OptionBits.h"
+#include "settings/SettingsFlags.h"
+#include "settings/rules/RegionPolicy.h"
+#include "tests/settings/TokenFieldFixture.h"
+#include "util/Text.h"
+
+namespace vorn {
+namespace {
+
+using namespace panel_rules;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kField = "allowDenyRCTextField";
+constexpr const char* kList = "allowDenyRCSearchListWindow";
+constexpr const char* kWindow = "allowDenyRCWindow";
+
+TEST(RegionRules, TheTextBesideTheSwitchIsCutAndTheLinkGoesWithIt) {
+  const auto texts = [](std::string_view key, std::initializer_list<std::string_view>) {
+    return key == "Edit" ? std::string(key) : std::string(key).substr(22, 5) + ":";
+  };
+  const std::string fits(32, 'x');
+  const struct {
+    std::int64_t type;
+    std::vector<std::string> names;
+    bool isLocked;
+    RegionSummary summary;
+  } rows[] = {
+      {0, {"A", "B"}, false, {{"OnlyA:A, B"}, "Edit", true}},
+      {1, {"A"}, false, {{"Block:A"}, "Edit", true}},
+      {7, {fits}, true, {{"Block:" + fits}, "View_:", false}},
+      {0, {fits + "y"}, true, {{"OnlyA:" + fits.substr(3) + "...", "OnlyA:" + fits + "y"}, "View_:", true}},
+      {0, {fits + "y"}, false, {{"OnlyA:" + fits.substr(3) + "...", "OnlyA:" + fits + "y"}, "Edit", true}},
+  };
+  for (const auto& row : rows) {
+    const RegionSummary summary = regionSummary(row.type, row.names, row.isLocked, texts);
+    EXPECT_EQ(summary.text.text, row.summary.text.text);
+    EXPECT_EQ(summary.text.toolTip, row.summary.text.toolTip);
+    EXPECT_EQ(summary.link, row.summary.link);
+    EXPECT_EQ(summary.isLinkShown, row.summary.isLinkShown);
+  }
+}
+
+const RegionTable kRegions({"DE", "NE", "", "NG", "AT", "X1", "X2"}, [](const std::string& code) {
+  const std::pair<const char*, const char*> names[] = {{"DE", "Germany"},    {"NE", "Niger"}, {"NG", "nigeria"},
+                                                       {"AT", "Österreich"}, {"X1", "Twin"},  {"X2", "Twin"}};
+  for (const auto& [known, name] : names) {
+    if (code == known) return std::string(name);
+  }
+  return code;
+});
+
+TEST(RegionRules, WhatTheFieldMeansAndWhenItMayBeSaved) {
+  const auto region = [](const std::string& code) { return TokenPiece{.chip = chipOf(Region{code, code})}; };
+  const auto words = [](const std::string& text) { return TokenPiece{.text = text}; };
+  const struct {
+    std::vector<TokenPiece> pieces;
+    std::vector<std::string> codes;
+    bool maySave;
+    std::size_t caret = SIZE_MAX;
+  } rows[] = {
+      {{}, {}, false},
+      {{region("DE"), region("FR"), region("DE")}, {"DE", "FR"}, true},
+      {{region("DE"), words(" Germany ")}, {"DE"}, true},
+      {{words("Twin"), region("DE")}, {"X1", "DE"}, true},
+      {{region("DE"), words("germany")}, {"DE"}, false},
+      {{region("DE"), words("Ger")}, {"DE"}, false},
+      {{region("DE"), words("Ger")}, {"DE"}, false, 0},
+      {{words("Ger"), region("DE")}, {"DE"}, false},
+      {{words("Niger;"), region("DE")}, {"NE", "DE"}, true},
+      {{region("DE"), words("Niger;")}, {"DE", "NE"}, false},
+  };
+  for (const auto& row : rows) {
+    TokenText tokens;
+    tokens.replace({}, row.pieces);
+    tokens.select({row.caret, 0});
+    SCOPED_TRACE(tokens.inWords());
+    EXPECT_EQ(addedRegionCodes(tokens, kRegions), row.codes);
+    EXPECT_EQ(maySaveRegions(tokens, kRegions), row.maySave);
+  }
+}
+
+TEST(RegionRules, OffersWhatBeginsWithTheWord) {
+  const auto lower = [](const std::string& text) { return caseFolded(text); };
+  const struct {
+    const char* word;
+    std::vector<std::string> added;
+    std::vector<std::string> codes;
+  } rows[] = {{"NI", {}, {"NE", "NG"}},
+              {"nigeri", {}, {"NG"}},
+              {"NI", {"NE"}, {"NG"}},
+              {"many", {}, {}},
+              {"öst", {}, {"AT"}},
+              {"twin", {"X1"}, {"X2"}},
+              {"", {"DE", "X2"}, {"NE", "NG", "X1", "AT"}}};
+  for (const auto& row : rows) {
+    std::vector<std::string> codes;
+    for (const Region& region : offeredRegions(kRegions, row.added, row.word, lower))
+      codes.push_back(region.rcCode);
+    EXPECT_EQ(codes, row.codes) << row.word;
+  }
+}
+
+class RegionPolicyTest : public TokenFieldTest {
+ protected:
+  void openFor(bool isOn, bool isLocked, const std::vector<std::string>& codes = {}, std::int64_t type = 0) {
+    com::tidemar::webapp::proto::UserProfile account;
+    account.set_id("me");
+    if (isOn) account.set_useroption3(static_cast<std::int64_t>(UserOption3::isEnableAllowDenyJoinMeetingRegion));
+    if (isLocked)
+      account.set_useroption4(static_cast<std::int64_t>(UserOption4::isLockAllowDenyJoinMeetingRegion));
+    Value list = Value::array();
+    for (const std::string& code : codes) list.append(code);
+    const Value policy =
+        Value::dictionaryFromPairs({{vn_Setting_RegionType, type}, {vn_Setting_RegionCodes, list}});
+    vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
+        {{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
+         {vn_Setting_JoinMeetingRegionSetting,
+          Value::dictionaryFromPairs({{vn_Setting_RegionPolicy, policy},
+                                      {vn_Setting_TotalRegionCodes, Value::Array{"DE", "HK", "NE", "NG", "US"}},
+                                      {vn_Setting_DefaultRegionCode, "US"}})}}));
+    open();
+  }
+  std::vector<std::string> codesOfRecord() {
+    std::vector<std::string> codes;
+    const Value list = settings()[vn_Setting_RegionCodes];
+    for (const Value& each : list.items()) codes.push_back(each.text());
+    return codes;
+  }
+  bool isOnInRecord() { return settings()[vn_Setting_EnableAllowDenyJoinMeetingRegion].boolValue(); }
+  void chooseRegion(const std::string& word) {
+    keyIn(kField, word);
+    press(kField, Key::newLine);
+    waitForChips();
+  }
+};
+
+TEST_F(RegionPolicyTest, TurnedOnWithoutAListItWaitsForItsWindow) {
+  openFor(false, false);
+  EXPECT_FALSE(control("allowDenyBox").hidden);
+  EXPECT_TRUE(control("allowDenyText").hidden && control("allowDenyEditButton").hidden);
+  for (const bool isSaved : {false, true}) {
+    EXPECT_EQ(turn("allowDenyButton", true), Use::done);
+    EXPECT_FALSE(control(kWindow).hidden);
+    EXPECT_FALSE(control("allowDenyButton").on || isOnInRecord());
+    waitForChips();
+    EXPECT_EQ(tokens(kField), "[United States]");
+    chooseRegion("hong");
+    EXPECT_EQ(click(isSaved ? "allowDenyRCSaveButton" : "allowDenyRCCancelButton"), Use::done);
+    EXPECT_TRUE(control(kWindow).hidden);
+    EXPECT_EQ(control("allowDenyButton").on, isSaved);
+    EXPECT_EQ(isOnInRecord(), isSaved);
+  }
+  EXPECT_THAT(codesOfRecord(), ElementsAre("US", "HK"));
+  EXPECT_EQ(control("allowDenyText").text, "Allowed: United States, Hong Kong SAR");
+  EXPECT_EQ(turn("allowDenyButton", false), Use::done);
+  EXPECT_TRUE(control("allowDenyText").hidden && control("allowDenyEditButton").hidden);
+  EXPECT_EQ(turn("allowDenyButton", true), Use::done);
+  EXPECT_TRUE(control(kWindow).hidden) << "there is a list now";
+  EXPECT_TRUE(isOnInRecord());
+  EXPECT_EQ(click("buttonContinue"), Use::done);
+  EXPECT_TRUE(isOnInRecord());
+}
+
+TEST_F(RegionPolicyTest, EachOfTheTwoListsIsKeptWhileTheOtherIsShown) {
+  openFor(true, false, {"DE"}, 1);
+  EXPECT_EQ(control("allowDenyText").text, "Blocked: Germany");
+  click("allowDenyEditButton");
+  waitForChips();
+  EXPECT_TRUE(control("allowDenyRCBlockButton").on && !control("allowDenyRCAllowButton").on);
+  keyIn(kField, "US");
+  turn("allowDenyRCAllowButton", true);
+  EXPECT_FALSE(control("allowDenyRCBlockButton").on);
+  EXPECT_EQ(tokens(kField), "US") << "a word that is being typed stays";
+  EXPECT_FALSE(control("allowDenyRCSaveButton").enabled);
+  edit(kField, [](TokenText& text) { text.select({0, SIZE_MAX}), text.type(""); });
+  chooseRegion("niger");
+  // Another panel's window leaves its mark on what all share.
+  SettingsFlags::shared().isTheLastAllowChecked = false;
+  turn("allowDenyRCBlockButton", true);
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[Germany]");
+  turn("allowDenyRCAllowButton", true);
+  EXPECT_TRUE(SettingsFlags::shared().isTheLastAllowChecked);
+  EXPECT_EQ(click("allowDenyRCSaveButton"), Use::disabled) << "the chips are on their way";
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[Niger]");
+  EXPECT_EQ(click("allowDenyRCSaveButton"), Use::done);
+  EXPECT_EQ(settings()[vn_Setting_RegionType], Value(0));
+  EXPECT_THAT(codesOfRecord(), ElementsAre("NE"));
+}
+
+TEST_F(RegionPolicyTest, AListIsSearchedByTheBeginningOfANameAndASeparatorChoosesNothing) {
+  openFor(true, false, {"DE"});
+  click("allowDenyEditButton");
+  waitForChips();
+  keyIn(kField, "nI");
+  EXPECT_THAT(rows(kList), ElementsAre("Niger", "Nigeria"));
+  press(kField, Key::down);
+  press(kField, Key::newLine);
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[Germany][Nigeria]");
+  keyIn(kField, "Niger");
+  EXPECT_THAT(rows(kList), IsEmpty()) << "the text has it already";
+  EXPECT_TRUE(control("allowDenyRCSaveButton").enabled);
+  keyIn(kField, ";");
+  waitForChips();
+  EXPECT_EQ(tokens(kField), "[Germany][Nigeria]Niger;");
+  EXPECT_FALSE(control("allowDenyRCSaveButton").enabled);
+  press(kField, Key::deleteBackward);
+  EXPECT_EQ(click("allowDenyRCSaveButton"), Use::done);
+  EXPECT_THAT(codesOfRecord(), ElementsAre("DE", "NG", "NE"));
+}
+
+TEST_F(RegionPolicyTest, ALockedPolicyIsReadAndNothingElse) {
+  openFor(true, true, {"DE", "US", "NE", "NG", "HK"});
+  EXPECT_EQ(turn("allowDenyButton", false), Use::disabled);
+  EXPECT_EQ(control("allowDenyEditButton").text, "View");
+  click("allowDenyEditButton");
+  for (const char* key : {kField, "allowDenyRCAllowButton", "allowDenyRCBlockButton", "allowDenyRCCancelButton"}) {
+    EXPECT_TRUE(control(key).hidden) << key;
+  }
+  EXPECT_EQ(control(kWindow).text, "Allowed Regions");
+  EXPECT_EQ(control("allowDenyRCLockedLabel").text, "Germany, United States, Niger, Nigeria, Hong Kong SAR");
+  EXPECT_EQ(control("allowDenyRCSaveButton").text, "OK");
+  EXPECT_EQ(click("allowDenyRCSaveButton"), Use::done);
+  EXPECT_TRUE(control(kWindow).hidden);
+  EXPECT_EQ(codesOfRecord().size(), 5u);
+}
+
+TEST_F(RegionPolicyTest, AShortLockedPolicyNeedsNoWindowAndARefusedOneNoOption) {
+  openFor(true, true, {"DE"});
+  EXPECT_FALSE(control("allowDenyText").hidden);
+  EXPECT_TRUE(control("allowDenyEditButton").hidden);
+  endSettingsPanel(id());
+  openFor(false, true);
+  EXPECT_TRUE(control("allowDenyBox").hidden);
+}
+
+TEST_F(RegionPolicyTest, WhatIsSavedInOnePanelReachesNoOther) {
+  openFor(true, false, {"DE"});
+  const FakeWindow other(test);
+  const std::string otherId = other.bar->ownWindow.windowId();
+  panels.addSchSettingWindowToArray(otherId, Value(), other.bar->ownWindow);
+  panels.showSchSettingWindow(otherId);
+  click("allowDenyEditButton");
+  waitForChips();
+  chooseRegion("hong");
+  click("allowDenyRCSaveButton");
+  EXPECT_THAT(codesOfRecord(), ElementsAre("DE", "HK"));
+  const Value others = panels.getSchSettingWindowInArray(otherId)->getVnSettingsData()[vn_Setting_RegionCodes];
+  EXPECT_EQ(others, Value(Value::Array{"DE"}));
+}
+
+}  // namespace
+}  // namespace vorn

@@ -1,0 +1,195 @@
+// A text with chips, as it is edited and as its words are found.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/controls/TokenText.h"
+#include "settings/rules/TokenWords.h"
+
+namespace vorn {
+namespace {
+
+using namespace panel_rules;
+using Key = TokenText::Key;
+using Kind = TokenText::Input::Kind;
+constexpr auto kExtends = TokenText::Extends::yes;
+
+TokenPiece chip(const std::string& title) {
+  return {.chip = TokenChip{.title = title, .fields = {{"email", title}}}};
+}
+TokenPiece plain(const std::string& text) { return {.text = text}; }
+
+// The text in words, with the caret as "|", and a selection in braces.
+std::string seen(const TokenText& tokens) {
+  const TextRange at = tokens.selection();
+  TokenText marked = tokens;
+  marked.replace({at.end(), 0}, {plain(at.length > 0 ? "}" : "|")});
+  if (at.length > 0) marked.replace({at.begin, 0}, {plain("{")});
+  return marked.inWords();
+}
+
+TEST(TokenText, IsEditedAsAPersonExpects) {
+  const struct {
+    const char* what;
+    std::vector<TokenPiece> before;
+    std::function<void(TokenText&)> edit;
+    const char* after;
+  } rows[] = {
+      {"typing at the end", {chip("a"), plain("b")}, [](TokenText& t) { t.type("c"); }, "[a]bc|"},
+      {"typing over a selection",
+       {chip("a"), plain("bcd"), chip("e")},
+       [](TokenText& t) {
+         t.select({0, 3}), t.type("x");
+       },
+       "x|d[e]"},
+      {"deleting a chip backward",
+       {plain("a"), chip("b")},
+       [](TokenText& t) { t.press(Key::deleteBackward); },
+       "a|"},
+      {"deleting at the edges",
+       {plain("a")},
+       [](TokenText& t) { t.press(Key::deleteForward), t.press(Key::start), t.press(Key::deleteBackward); },
+       "|a"},
+      {"a character outside the plane goes whole",
+       {plain("a\U0001F600")},
+       [](TokenText& t) { t.press(Key::deleteBackward); },
+       "a|"},
+      {"and forward",
+       {plain("\U0001F600a")},
+       [](TokenText& t) { t.press(Key::start), t.press(Key::deleteForward); },
+       "|a"},
+      {"and is stepped over",
+       {plain("\U0001F600a")},
+       [](TokenText& t) { t.press(Key::start), t.press(Key::right); },
+       "\U0001F600|a"},
+      {"a selection does not cut it",
+       {plain("\U0001F600\U0001F601")},
+       [](TokenText& t) {
+         t.select({1, 2});
+       },
+       "{\U0001F600\U0001F601}"},
+      {"nor does a caret",
+       {plain("\U0001F600")},
+       [](TokenText& t) {
+         t.select({1, 0});
+       },
+       "|\U0001F600"},
+      {"a selection behind the end",
+       {plain("ab")},
+       [](TokenText& t) {
+         t.select({1, SIZE_MAX});
+       },
+       "a{b}"},
+      {"extending to the left, and leaving to its left",
+       {plain("abc")},
+       [](TokenText& t) { t.press(Key::left, kExtends), t.press(Key::left, kExtends), t.press(Key::left); },
+       "a|bc"},
+      {"a pasted chip's character is no chip", {}, [](TokenText& t) { t.paste("a\uFFFCb"); }, "ab|"},
+      {"a key that is for the owner", {plain("a")}, [](TokenText& t) { t.press(Key::newLine); }, "a|"},
+      {"replacing before the caret",
+       {plain("ab c")},
+       [](TokenText& t) {
+         t.replace({0, 3}, {chip("x")});
+       },
+       "[x]c|"},
+      {"replacing around the caret",
+       {plain("abc")},
+       [](TokenText& t) {
+         t.select({1, 0}), t.replace({0, 2}, {chip("x"), plain("y")});
+       },
+       "[x]y|c"},
+      {"replacing behind the caret",
+       {plain("abc"), chip("d")},
+       [](TokenText& t) {
+         t.select({1, 0}), t.replace({2, 2}, {chip("x")});
+       },
+       "a|b[x]"},
+      {"replacing half a character",
+       {plain("\U0001F600a")},
+       [](TokenText& t) {
+         t.replace({1, 1}, {chip("x")});
+       },
+       "[x]a|"},
+      {"right to left and combining marks",
+       {plain("שלום")},
+       [](TokenText& t) { t.type("e\u0301"); },
+       "שלוםe\u0301|"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    TokenText tokens;
+    tokens.replace({}, row.before);
+    row.edit(tokens);
+    EXPECT_EQ(seen(tokens), row.after);
+    TokenText again;
+    again.replace({}, tokens.pieces());
+    EXPECT_EQ(again.inWords(), tokens.inWords()) << "chips and their places agree";
+  }
+}
+
+TEST(TokenText, TellsOnceWhatTheUserHasDone) {
+  TokenText tokens;
+  tokens.type("a");
+  EXPECT_EQ(tokens.takeInput().kind, Kind::changed);
+  EXPECT_EQ(tokens.takeInput().kind, Kind::none);
+  tokens.paste("\U0001F600b");
+  const TokenText::Input pasted = tokens.takeInput();
+  EXPECT_EQ(pasted.kind, Kind::pasted);
+  EXPECT_EQ(pasted.pasted, (TextRange{1, 3}));
+  tokens.press(Key::down);
+  const TokenText::Input pressed = tokens.takeInput();
+  EXPECT_EQ(pressed.kind, Kind::command);
+  EXPECT_EQ(pressed.command, Key::down);
+  tokens.replace({0, 1}, {chip("x")});
+  EXPECT_EQ(tokens.takeInput().kind, Kind::none) << "not the user's doing";
+}
+
+TEST(TokenWords, TheTokenIsWhatStandsBetweenChipAndCaret) {
+  const struct {
+    std::vector<TokenPiece> pieces;
+    TextRange selection;
+    std::optional<CurrentToken> token;
+  } rows[] = {
+      {{}, {0, 0}, std::nullopt},
+      {{plain("ab")}, {0, 0}, std::nullopt},
+      {{plain("ab")}, {1, 1}, std::nullopt},
+      {{plain("ab")}, {2, 0}, CurrentToken{"ab", {0, 2}}},
+      {{plain("ab cd")}, {4, 0}, CurrentToken{"ab c", {0, 4}}},
+      {{chip("a"), plain("bc"), chip("d")}, {3, 0}, CurrentToken{"bc", {1, 2}}},
+      {{chip("a"), plain("bc"), chip("d")}, {4, 0}, CurrentToken{"", {4, 0}}},
+  };
+  for (const auto& row : rows) {
+    TokenText tokens;
+    tokens.replace({}, row.pieces);
+    tokens.select(row.selection);
+    EXPECT_EQ(currentToken(tokens), row.token) << seen(tokens);
+  }
+}
+
+TEST(TokenWords, SemicolonsJoinNoWords) {
+  const struct {
+    const char* text;
+    const char* word;
+    std::optional<std::string> only;
+  } rows[] = {
+      {"", "", ""},
+      {" ;\n; ", "", ""},
+      {" ab ", "ab", "ab"},
+      {";ab;", "ab", "ab"},
+      {"; ab ;;", "ab", "ab"},
+      {"a;b", "ab", std::nullopt},
+      {" a ;b; ", "a b", std::nullopt},
+      {"a b;", "a b", "a b"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(wordOf(row.text), row.word) << row.text;
+    EXPECT_EQ(onlyWordOf(row.text), row.only) << row.text;
+  }
+}
+
+}  // namespace
+}  // namespace vorn
