@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -40,8 +41,8 @@ class PanelSteps {
 
   // -- What depends on the person
   virtual void initEncryptionBox() = 0;
-  virtual void updateCountriesUIItems(const VNAvailableDialinCountryContent& content) = 0;
-  virtual void initEditCountriesOptions() = 0;
+  // Another person's countries, or the account's.
+  virtual void initCountriesOfPerson(bool isOther) = 0;
   virtual void initTemplateBox() = 0;
   virtual void initDataCenterRegionsBox() = 0;
   virtual void initAllowDenyOptionBox() = 0;
@@ -56,6 +57,16 @@ class PanelSteps {
   // -- Audio watermark, which depends on who may join
   virtual void initAudioWatermarkButton() = 0;
   virtual void initAudioWatermark() = 0;
+
+  // -- Dial-in countries, which depend on the audio, the data centres and the join regions
+  virtual void initCountriesFromRecord() = 0;
+  virtual void initEditCountriesOptions() = 0;
+  virtual void showEditCountriesOptionsAsAudioType(std::int64_t audioType) = 0;
+  // Narrows the offer once more, because of the join regions or of the data centres.
+  virtual void updateEditCountriesOptions(bool isFromRegion) = 0;
+  // The tips that tell of countries that were taken away so.
+  virtual void updateDataCenterImpactCountriesTipViewUI(bool isHidden) = 0;
+  virtual void updateAllowDenyImpactCountriesTipViewUI(bool isHidden) = 0;
 };
 
 // What all groups of one panel share. The panel owns it all and outlives its groups.

@@ -89,22 +89,10 @@ void ScheduleForOptions::setScheduleForListInfo(bool forOther) {
   m_record.initSubDataWithUserProfile(m_record.usePMI());
   m_steps.keepShownSwitches();
   m_steps.initEncryptionBox();
-  takeCountries(forOther);
+  m_steps.initCountriesOfPerson(forOther && !isForMyselfFromUI());
   m_steps.initTemplateBox();
   m_steps.initDataCenterRegionsBox();
   m_steps.initAllowDenyOptionBox();
-}
-
-void ScheduleForOptions::takeCountries(bool forOther) {
-  const auto countries = forOther && !isForMyselfFromUI()
-                             ? people().getAvailableDialinCountry(getUIScheduleForEmail())
-                             : profile().getAvailableDialinCountry();
-  if (countries) {
-    m_record.setIncludeTollfree(countries->includeTollfree);
-    m_record.setSelectedCountries(countries->selectedCountries);
-    m_steps.updateCountriesUIItems(*countries);
-  }
-  m_steps.initEditCountriesOptions();
 }
 
 // -- What the user does ------------------------------------------------------------------------------------------

@@ -39,7 +39,6 @@ class ScheduleForOptions {
  private:
   void scheduleForUserChanged();
   void onScheduleForItemChanged();
-  void takeCountries(bool forOther);
 
   ControlSet& m_controls;
   vnSettingData& m_record;

@@ -83,7 +83,7 @@ std::string SettingsContext::scheduledForAtOpening() const {
 }
 
 OptionFacts SettingsContext::facts(const vnSettingData& record) const {
-  return {.account = accountFacts(vnUserProfileHelper::sharedInstance(), record.scheduleForEmail()),
+  return {.account = accountFactsWithoutLists(vnUserProfileHelper::sharedInstance(), record.scheduleForEmail()),
           .client = clientGates(),
           .isUpdate = isForUpdateVornMeeting()};
 }

@@ -48,7 +48,8 @@ class SettingsContext {
   bool awaitsMeeting() const;
   bool awaitsScheduleForList() const;
 
-  // Of the account and the client, and of the person whom the record is scheduled for.
+  // Of the account and the client, and of the person whom the record is scheduled for; without the account's
+  // tracking fields and dial-in countries.
   OptionFacts facts(const vnSettingData& record) const;
 
  private:

@@ -14,6 +14,9 @@ struct SettingsFlags {
   bool isCheckedScheduleButtonForTemplate = false;
   // The entry of the last template's popup that was loaded or used.
   int theLastTemplateSclectIndex = 0;
+  // Continue was pressed with additional data centres wanted and none chosen. Every panel that shows its data
+  // centres tells of it, until one of them is loaded.
+  bool isCheckedScheduleButton = false;
 };
 
 }  // namespace vorn

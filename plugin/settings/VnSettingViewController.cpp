@@ -10,6 +10,7 @@
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
+#include "platform/controls/FieldKeys.h"
 #include "settings/rules/PanelReasons.h"
 
 namespace vorn {
@@ -28,6 +29,11 @@ VnSettingViewController::VnSettingViewController(const SettingsContext& context)
           notify_ClientWaitEnded, [this](const NotificationCenter::Notification& note) {
             if (note.userInfo[keyApptWindowID].text() == m_context.windowId()) checkScheduleButton();
           })) {
+  NotificationCenter* center = Registry::platform().notificationCenter;
+  m_trackingFieldChanges =
+      center->observe(kNoti_VNTrackingFieldValueChanged, [this](const auto&) { onTrackingFieldValueChanged(); });
+  m_countryChanges = center->observe(notify_Setting_SelectedCountriesChanged,
+                                     [this](const auto&) { onSelectedCountriesChanged(); });
   m_controls.completeWith([this] { explain(); });
 }
 
@@ -44,7 +50,8 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   initWithLocalString();
   m_settingData.initSettingData();
   m_settingData.setScheduleForEmail(m_context.scheduledForAtOpening());
-  // Tracking fields and countries have no group yet.
+  m_trackingFieldsController.initTrackingFieldItemListWithUserProfile();
+  m_editCountriesWindowController.initializeItems();
   m_settingData.initWithSiteMeetingInfo(meetingInfo);
   m_keptOfNewMeeting = m_settingData;
   initializeItems();
@@ -74,6 +81,9 @@ void VnSettingViewController::initWithLocalString() {
   m_scheduleFor.initWithLocalString();
   m_meetingId.initWithLocalString();
   m_template.initWithLocalString();
+  m_dataCenters.initWithLocalString();
+  m_audio.initWithLocalString();
+  m_countries.initWithLocalString();
   m_buttonContinue.text = localizedString("Button_Continue");
   m_buttonCancel.text = localizedString("Button_Cancel");
 }
@@ -96,7 +106,7 @@ void VnSettingViewController::initializeItems() {
   m_plainOptions.initMuteUponEntryBox();
   m_signInDomains.initOnlySignedin();
   m_meetingId.initPMITitle();
-  // Tracking fields: their chosen values.
+  m_trackingFieldsController.loadMtValues();
   m_plainOptions.initMuteParticipantUponEntry();
   m_plainOptions.initRecordingOptions();
   // Alternate hosts.
@@ -108,9 +118,12 @@ void VnSettingViewController::initializeItems() {
   m_plainOptions.initSelectInvitationLanguage();
   m_security.initWaitingRoomOption();
   m_plainOptions.initUnmuteParticipantsOption();
-  // Data centres: isCheckedScheduleButton, initDataCenterRegionsBox.
+  m_dataCenters.load();
   m_plainOptions.initNotShowMeAgain();
-  // Audio: initAudioBox, updateAudioOptionBoxStatus, arrangeAudioTypeBox. Tracking fields: initTrackingFields.
+  m_audio.initAudioBox();
+  m_audio.updateAudioOptionBoxStatus();
+  m_audio.updateCtrlPosForAudio();
+  m_trackingFieldsController.initTrackingFields();
   m_signInDomains.initRestrictDomainsBox();
   m_plainOptions.initAudioWatermark();
   m_plainOptions.initPutInvitationAtTheTop();
@@ -137,7 +150,7 @@ void VnSettingViewController::checkAccountLocked() {
 
 // What end-to-end encryption takes away comes back with the account's locks.
 void VnSettingViewController::checkE2eeAffectedAccountLocked() {
-  // Audio: its buttons.
+  m_audio.checkE2eeAffectedAccountLocked();
   m_joinBeforeHost.checkE2eeAffectedAccountLocked();
   m_plainOptions.checkE2eeAffectedAccountLocked();
 }
@@ -148,14 +161,16 @@ void VnSettingViewController::updateAffectedOptionsForE2ee() {
     m_security.updatePasswordStateWithJBHChanged();
     m_joinBeforeHost.hideForEndToEnd();
     m_settingData.setAudioType(panel_rules::audioTypeForEndToEnd(m_context.facts(m_settingData).account));
+    m_audio.restrictAudioForEndToEnd();
     m_plainOptions.restrictRecordingForEndToEnd();
   } else {
     m_joinBeforeHost.initJBHOptions();
-    // Audio: initAudioBox.
+    m_audio.initAudioBox();
     m_plainOptions.initRecordingOptions();
     checkE2eeAffectedAccountLocked();
   }
-  // Audio: updateAudioOptionBoxStatus, arrangeAudioTypeBox.
+  m_audio.updateAudioOptionBoxStatus();
+  m_audio.updateCtrlPosForAudio();
 }
 
 void VnSettingViewController::refreshUI(bool forPMI) {
@@ -188,7 +203,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 // not.
 void VnSettingViewController::userChanged(std::string_view key) {
   const ControlSet::Change change(m_controls);
-  const Control* used = m_controls.find(key);
+  const Control* used = m_controls.find(fieldOf(key));
   const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox);
   if (!isTyped && m_controls.windowOf(key).empty()) closeSubWindows();
   m_plainOptions.userChanged(key);
@@ -200,6 +215,11 @@ void VnSettingViewController::userChanged(std::string_view key) {
   m_scheduleFor.userChanged(key);
   m_meetingId.userChanged(key);
   m_template.userChanged(key);
+  m_dataCenters.userChanged(key);
+  m_audio.userChanged(key);
+  m_countries.userChanged(key);
+  m_editCountriesWindowController.userChanged(key);
+  m_trackingFieldsController.userChanged(key);
   checkScheduleButton();
 }
 
@@ -233,6 +253,18 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   m_scheduleFor.setScheduleForListInfo(forOther);
 }
 
+void VnSettingViewController::resetDataCenterBoxUI() {
+  const ControlSet::Change change(m_controls);
+  m_dataCenters.resetDataCenterBoxUI();
+}
+
+// The window of any panel may have said so; each shows its own choice.
+void VnSettingViewController::onSelectedCountriesChanged() {
+  const ControlSet::Change change(m_controls);
+  m_countries.updateSelectedCountriesDesField();
+  checkScheduleButton();
+}
+
 ContinueFacts VnSettingViewController::continueFacts() const {
   ContinueFacts facts;
   facts.isPasscodeShown = m_controls.isShown("passwordTextField");
@@ -241,6 +273,10 @@ ContinueFacts VnSettingViewController::continueFacts() const {
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
   facts.awaitsReply = m_context.awaitsMeeting() || m_context.awaitsScheduleForList();
+  facts.isTrackingShown = m_controls.isShown("trackingFieldsBox");
+  facts.missedRequiredTrackingFields = m_trackingFieldsController.missedRequiredTrackingFields();
+  facts.areCountriesShown = m_controls.isShown("selectedCountriesField");
+  facts.areCountriesEmpty = m_countries.areCountriesEmpty();
   return facts;
 }
 
@@ -272,24 +308,29 @@ void VnSettingViewController::explain() {
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingViewController::onSettingsCommit(bool isOK) {
+  const ControlSet::Change change(m_controls);
+  m_editCountriesWindowController.closeWindowSheet();
   if (isOK) {
     takeControls(Commit::meant);
     m_keptOfNewMeeting = m_settingData;
   } else {
     throwEditsAway();
   }
+  m_audio.forgetTyped();
+  m_trackingFieldsController.forgetTyped();
 }
 
 // In this order. What has no control leaves the record as it is; what is not named was written when it changed.
 void VnSettingViewController::takeControls(Commit commit) {
   m_security.writePasscode();
-  // Third-party audio, the audio type, tracking fields.
+  m_audio.writeAudio();
+  m_trackingFieldsController.writeTrackingFields();
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
   // Alternate hosts.
   if (commit == Commit::meant) {
     m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
   }
-  // Countries.
+  m_countries.writeCountries();
   m_scheduleFor.writeScheduleFor();
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
   m_joinBeforeHost.writeJoinBeforeHost();

@@ -6,6 +6,9 @@
 #include <utility>
 
 #include "platform/NotificationCenter.h"
+#include "settings/AudioOptions.h"
+#include "settings/CountryOptions.h"
+#include "settings/DataCenterOptions.h"
 #include "settings/EncryptionOptions.h"
 #include "settings/JoinBeforeHostOptions.h"
 #include "settings/MeetingIdOptions.h"
@@ -15,8 +18,10 @@
 #include "settings/SignInDomainOptions.h"
 #include "settings/TemplateOptions.h"
 #include "settings/VNDomainsWindowController.h"
+#include "settings/VNEditCountriesWindowController.h"
 #include "settings/VNPasswordRuleWindowController.h"
 #include "settings/rules/ContinueRule.h"
+#include "settings/vnTrackingFieldsController.h"
 
 namespace vorn {
 
@@ -67,6 +72,10 @@ class VnSettingViewController final : private PanelSteps {
   void setScheduleForListInfo(bool forOther) override;
   // Before every commit: what the account has turned off meanwhile.
   void checkPMISettingsCompliance() { m_meetingId.checkPMISettingsCompliance(m_scheduleFor.scheduleForIndex()); }
+  // False when data centres are wanted and none is chosen.
+  bool getDataCenterIfSelected() const { return m_dataCenters.getDataCenterIfSelected(); }
+  // Warns of it.
+  void resetDataCenterBoxUI();
 
   // The record takes the controls, or goes back to where it was.
   void onSettingsCommit(bool isOK);
@@ -92,6 +101,8 @@ class VnSettingViewController final : private PanelSteps {
   void throwEditsAway();
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();
+  void onSelectedCountriesChanged();
+  void onTrackingFieldValueChanged() { checkScheduleButton(); }
 
   void getPMIMeetingInfo() override { m_meetingId.getPMIMeetingInfo(); }
   void updatePMITitle(int index) override { m_meetingId.updatePMITitle(index); }
@@ -100,11 +111,10 @@ class VnSettingViewController final : private PanelSteps {
   std::string getUIScheduleForEmail() const override { return m_scheduleFor.getUIScheduleForEmail(); }
   void keepShownSwitches() override { m_plainOptions.writeShownSwitches(); }
   void initEncryptionBox() override { m_encryption.initEncryptionBox(); }
-  // Countries have no group yet, nor have data centres and join regions.
-  void updateCountriesUIItems(const VNAvailableDialinCountryContent&) override {}
-  void initEditCountriesOptions() override {}
+  void initCountriesOfPerson(bool isOther) override { m_countries.initCountriesOfPerson(isOther); }
   void initTemplateBox() override { m_template.initTemplateBox(); }
-  void initDataCenterRegionsBox() override {}
+  void initDataCenterRegionsBox() override { m_dataCenters.initDataCenterRegionsBox(); }
+  // Join regions have no group yet.
   void initAllowDenyOptionBox() override {}
   void checkIfPasswordRequired() override { m_security.checkIfPasswordRequired(); }
   void hideRestrictDomainsBox() override { m_signInDomains.hideRestrictDomainsBox(); }
@@ -113,6 +123,19 @@ class VnSettingViewController final : private PanelSteps {
   void updateAffectedOptionsForE2ee() override;
   void initAudioWatermarkButton() override { m_plainOptions.initAudioWatermarkButton(); }
   void initAudioWatermark() override { m_plainOptions.initAudioWatermark(); }
+  void initCountriesFromRecord() override { m_countries.initCountriesFromRecord(); }
+  void initEditCountriesOptions() override { m_countries.initEditCountriesOptions(); }
+  void showEditCountriesOptionsAsAudioType(std::int64_t audioType) override {
+    m_countries.showEditCountriesOptionsAsAudioType(audioType);
+  }
+  void updateEditCountriesOptions(bool isFromRegion) override {
+    m_countries.updateEditCountriesOptions(isFromRegion);
+  }
+  void updateDataCenterImpactCountriesTipViewUI(bool isHidden) override {
+    m_dataCenters.updateDataCenterImpactCountriesTipViewUI(isHidden);
+  }
+  // Join regions: their tip.
+  void updateAllowDenyImpactCountriesTipViewUI(bool /*isHidden*/) override {}
 
   const SettingsContext& m_context;
   vnSettingData m_settingData;
@@ -123,6 +146,7 @@ class VnSettingViewController final : private PanelSteps {
   ControlSet m_controls;
   const PanelParts m_parts{m_controls, m_settingData, m_context, *this};
   VNDomainsWindowController m_domainsWindowController{m_controls};
+  VNEditCountriesWindowController m_editCountriesWindowController{m_controls};
   VNPasswordRuleWindowController m_passwordRuleWindowController{m_controls};
   PlainOptions m_plainOptions{m_parts};
   SecurityOptions m_security{m_parts, m_passwordRuleWindowController};
@@ -132,10 +156,16 @@ class VnSettingViewController final : private PanelSteps {
   TemplateOptions m_template{m_parts};
   JoinBeforeHostOptions m_joinBeforeHost{m_parts};
   EncryptionOptions m_encryption{m_parts};
+  DataCenterOptions m_dataCenters{m_parts};
+  AudioOptions m_audio{m_parts};
+  CountryOptions m_countries{m_parts, m_editCountriesWindowController};
+  vnTrackingFieldsController m_trackingFieldsController{m_parts};
   Control& m_buttonContinue = m_controls.add(Control::Kind::button, "buttonContinue");
   Control& m_buttonCancel = m_controls.add(Control::Kind::button, "buttonCancel");
   std::function<void(bool forPMI)> m_refreshTarget;
   NotificationCenter::Subscription m_clientWaitEnded;
+  NotificationCenter::Subscription m_trackingFieldChanges;
+  NotificationCenter::Subscription m_countryChanges;
 };
 
 }  // namespace vorn

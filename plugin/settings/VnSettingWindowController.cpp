@@ -94,6 +94,14 @@ void VnSettingWindowController::resetTemplateBoxUI() {
   if (m_mySettingViewController) m_mySettingViewController->resetTemplateBoxUI();
 }
 
+bool VnSettingWindowController::getDataCenterIfSelected() const {
+  return m_mySettingViewController && m_mySettingViewController->getDataCenterIfSelected();
+}
+
+void VnSettingWindowController::resetDataCenterBoxUI() {
+  if (m_mySettingViewController) m_mySettingViewController->resetDataCenterBoxUI();
+}
+
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingWindowController::postSettingCommitCommand(const Value& command) {

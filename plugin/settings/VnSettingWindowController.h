@@ -49,6 +49,9 @@ class VnSettingWindowController final : public SettingsPanel,
   // The chosen template is gone.
   bool checkIfDeletedTemplate() const;
   void resetTemplateBoxUI();
+  // False when data centres are wanted and none is chosen.
+  bool getDataCenterIfSelected() const;
+  void resetDataCenterBoxUI();
 
   // Null before the sheet was shown.
   VnSettingViewController* mySettingViewController() { return m_mySettingViewController.get(); }

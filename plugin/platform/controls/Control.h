@@ -76,6 +76,8 @@ struct Control {
   double redBorderWidth = 0;
   // The piece of a field's text that is wrong, drawn on red; absent for none.
   std::optional<TextRange> errorRange{};
+  // The text is red, because what it says is a fault.
+  bool isRed = false;
   // It has the keyboard.
   bool isFocused = false;
   // Why it is hidden or cannot be used, for people who give support; "" for a control that can be used. Not
