@@ -91,7 +91,19 @@ std::string MeetingRoad::addMeeting(EditorId editor) {
   if (std::string reason = waitForQuiet(); !reason.empty()) return reason;
   if (isShown(editor, kCancel)) return "";
   const std::string& refusal = m_session.trace().refusal();
-  return refusal.empty() ? "the plug-in did not add a meeting" : "the client refused, with error " + refusal;
+  if (refusal.empty()) return "the plug-in did not add a meeting";
+  const std::string reason = "the client refused, with error " + refusal;
+  const std::string said = panelsWord(editor);
+  return said.empty() ? reason : reason + "; the settings panel " + said;
+}
+
+std::string MeetingRoad::panelsWord(EditorId editor) {
+  const vorn::ControlSet* panel = m_session.presenter().panels().on(m_session.host().window(editor));
+  if (!panel) return "";
+  for (const char* error : {"pswFormatErrorTextField", "securityErrorTextField", "templateDeletedTipTextField"}) {
+    if (panel->isOnScreen(error)) return "says: " + panel->find(error)->text;
+  }
+  return "waits for other settings";
 }
 
 std::string MeetingRoad::finishEditing(EditorId editor) {

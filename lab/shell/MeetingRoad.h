@@ -28,6 +28,8 @@ class MeetingRoad {
   // Each answers why the road ended there, or "".
   std::string walk(EditorId editor, MeetResult& result);
   std::string addMeeting(EditorId editor);
+  // What the open settings panel does about a refused meeting; "" without one.
+  std::string panelsWord(EditorId editor);
   std::string finishEditing(EditorId editor);
   std::string waitForQuiet();
 

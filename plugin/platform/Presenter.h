@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,13 @@ class Presenter {
   // The image of the bundle that an alert shows.
   static constexpr const char* kWarningIcon = "warning.png";
 
+  // Words below an alert's message that lead somewhere.
+  struct Link {
+    std::string text;
+    std::string address;
+    // Called as often as the user clicks, while the alert is open.
+    std::function<void()> follow;
+  };
   struct Alert {
     std::string title;
     std::string message;
@@ -29,6 +37,8 @@ class Presenter {
     std::string icon;
     // The words beside a switch by which the user wants to see this no more; "" for an alert without one.
     std::string notAgainSwitch{};
+    // Where the presenter cannot draw a link it tells the address.
+    std::optional<Link> link{};
   };
   struct Answer {
     // The place of the pressed button among the alert's.

@@ -28,13 +28,15 @@ class Workspace {
   virtual bool launch(std::string_view executablePath) = 0;
   // Shows the folder to the user in the platform's own way, without waiting; false when it could not be shown.
   virtual bool openFolder(std::string_view path) = 0;
-  // Shows a page in the user's browser, without waiting; false for anything that is no address of the web, since
-  // it comes from outside, and when it could not be shown.
+  // Shows a page in the user's browser, or begins a letter to a "mailto:" address, without waiting; false for any
+  // other address, since it comes from outside, and when it could not be shown.
   virtual bool openWebPage(std::string_view address) = 0;
 
  protected:
   static bool isWebAddress(std::string_view address) {
-    return address.starts_with("https://") || address.starts_with("http://");
+    // What may follow a letter's address would write the letter, too.
+    const bool isLetter = address.starts_with("mailto:") && address.find_first_of("?& \n\t") == address.npos;
+    return address.starts_with("https://") || address.starts_with("http://") || isLetter;
   }
 };
 

@@ -57,8 +57,6 @@ SecurityOptions::SecurityOptions(const PanelParts& panel, VNPasswordRuleWindowCo
 
 void SecurityOptions::initWithLocalString() {
   m_requiredMeetingPswButton.text = panelText("LN_Schedule_Security_Passcode_166836");
-  m_passwordTextField.placeholder = panelText("LN_Schedule_PasswordPlaceHolder_82199");
-  m_passwordTextField.spoken = panelText("LN_Schedule_Security_Passcode_166836");
   m_pswHelpButton.text = panelText("LN_Schedule_Passcode_Help");
   m_enableWaitingRoom.text = panelText("LN_Schedule_Enable_Waiting_Room_151930");
   m_enableWaitingRoom.spoken = m_enableWaitingRoom.text;
@@ -77,6 +75,8 @@ void SecurityOptions::initPasscode() {
   m_requiredMeetingPswButton.on =
       passcodeRequiredAtLoad(m_record.options(), isUpdate(), m_context.facts(m_record).account);
   m_requiredMeetingPswButton.hidden = false;
+  m_passwordTextField.placeholder = panelText("LN_Schedule_PasswordPlaceHolder_82199");
+  m_passwordTextField.spoken = panelText("LN_Schedule_Security_Passcode_166836");
   m_passwordTextField.text = m_record.meetingPassword().value_or("");
   m_passwordTextField.hidden = !m_requiredMeetingPswButton.on;
   m_passwordTextField.enabled = m_requiredMeetingPswButton.on;

@@ -11,17 +11,6 @@
 
 namespace vorn {
 
-namespace {
-
-// An alert cannot be clicked inside its words, so the address of an upgrade is told.
-std::string withUpgrade(const std::string& message) {
-  const std::string link = vnScheduleLimitationViewController::upgradeLink();
-  if (link.empty()) return message;
-  return message + "\n" + localizedString("LN_Schedule_Limitation_Upgrade") + " (" + link + ")";
-}
-
-}  // namespace
-
 vnScheduleErrorMessage& vnScheduleErrorMessage::sharedInstance() {
   return Registry::shared<vnScheduleErrorMessage>();
 }
@@ -32,12 +21,13 @@ void vnScheduleErrorMessage::showMessage(const HostObject& parentWindow) {
   m_session = std::make_shared<vnScheduleErrorMessage*>(this);
   m_scheduleLimitation.initFields(true);
   const Control& notAgain = m_scheduleLimitation.notShowAgainSwitch();
-  const Presenter::Alert alert{
+  Presenter::Alert alert{
       "",
-      withUpgrade(m_scheduleLimitation.message()),
+      m_scheduleLimitation.message(),
       {localizedString("Button_Continue"), localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312")},
       Presenter::kWarningIcon,
       notAgain.text};
+  alert.link = m_scheduleLimitation.upgrade();
   traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.message}}); });
   presenter->showAlert(parentWindow, alert,
                        [session = std::weak_ptr<vnScheduleErrorMessage*>(m_session)](Presenter::Answer answer) {

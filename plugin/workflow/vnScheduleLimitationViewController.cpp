@@ -35,20 +35,24 @@ void vnScheduleLimitationViewController::initFields(bool isLongerThanPlanAllows)
   m_message.text = formatText(localizedString("LN_Schedule_Limitation_Duration"),
                               {std::to_string(vnLicencePolicy::kLongestUnpaidMeetingMinutes)});
   m_upgradeButton.text = localizedString("LN_Schedule_Limitation_Upgrade");
-  m_upgradeButton.hidden = upgradeLink().empty();
+  m_upgradeButton.hidden = !upgrade();
   m_notShowAgainButton.text = localizedString("LN_Schedule_Limitation_NotShowAgain");
   m_notShowAgainButton.on = notShowMessageAgain();
 }
 
-std::string vnScheduleLimitationViewController::upgradeLink() {
+std::optional<Presenter::Link> vnScheduleLimitationViewController::upgrade() {
   const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
-  if (account.isShowUpgradeLink()) return account.getUpgradeLink();
-  const std::string contact = account.getUpgradeContactEmail();
-  return contact.empty() ? "" : formatText("mailto:%@", {contact});
+  const bool hasPage = account.isShowUpgradeLink();
+  const std::string where = hasPage ? account.getUpgradeLink() : account.getUpgradeContactEmail();
+  if (where.empty()) return std::nullopt;
+  const std::string address = hasPage ? where : formatText("mailto:%@", {where});
+  return Presenter::Link{localizedString("LN_Schedule_Limitation_Upgrade"), address,
+                         [address] { Registry::platform().workspace->openWebPage(address); }};
 }
 
 void vnScheduleLimitationViewController::userChanged(std::string_view key) const {
-  if (key == m_upgradeButton.key) Registry::platform().workspace->openWebPage(upgradeLink());
+  if (key != m_upgradeButton.key) return;
+  if (const auto link = upgrade()) link->follow();
 }
 
 // A switch that says what is kept already makes no file.

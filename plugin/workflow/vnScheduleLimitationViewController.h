@@ -1,5 +1,10 @@
 #pragma once
 
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/Presenter.h"
 #include "platform/controls/ControlSet.h"
 
 namespace vorn {
@@ -25,8 +30,8 @@ class vnScheduleLimitationViewController {
   // The user wants no such notice any more, as the saved user profile says. False without one.
   static bool notShowMessageAgain();
 
-  // Where an upgrade is to be had: a page, or the address of a contact; "" for neither.
-  static std::string upgradeLink();
+  // Where an upgrade is to be had: a page, or a letter to a contact; absent for neither.
+  static std::optional<Presenter::Link> upgrade();
 
   const std::string& message() const { return m_message.text; }
   Control& notShowAgainSwitch() { return m_notShowAgainButton; }

@@ -157,7 +157,8 @@ TEST_F(Meet, LosesNothingInTroubleAndTellsTheReason) {
       {{"--client-version", "3.1.0"}, "too old"},
       {{"--timeout", "0.5", faulty("silent", "every reply to action 3: silent\n")},
        "did not answer within 0.5 seconds"},
-      {{faulty("refusing", "every reply to action 3 operation 1: error 3113\n")}, "security option"},
+      {{faulty("refusing", "every reply to action 3 operation 1: error 3113\n")},
+       "error 3113; the settings panel waits"},
       {{faulty("at-the-profile", "reply 1 to action 6: die\n")}, "client ended|not running"},
       {{faulty("at-the-commit", "reply 1 to action 3 operation 1: die\n")}, "client ended|not running"}};
   for (auto [options, reason] : cases) {

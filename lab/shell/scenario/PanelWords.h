@@ -15,7 +15,8 @@ struct PanelProperty {
 
   // Absent for a text that names none.
   static std::optional<PanelProperty> read(std::string_view text);
-  static constexpr const char* kNames = "hidden, enabled, on, text, index, chosen, toolTip, spoken, focused or border";
+  static constexpr const char* kNames =
+      "hidden, enabled, on, text, index, chosen, toolTip, spoken, focused or border";
 
   // What the control of the window's panel says: "yes" or "no", a text, a number, or the chosen item.
   std::string value(Stage& stage) const;

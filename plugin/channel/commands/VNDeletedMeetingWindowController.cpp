@@ -9,27 +9,22 @@
 #include "platform/Presenter.h"
 #include "platform/Registry.h"
 #include "platform/TraceStep.h"
+#include "platform/Workspace.h"
 
 namespace vorn {
-
-namespace {
-
-// An alert cannot be clicked inside its words, so the address is told.
-std::string whereItIs(const std::string& link) {
-  const std::string place = localizedString("LN_Schedule_DeleteMeetingInfo_RecentlyDeleted_120529");
-  return link.empty() ? place : place + " (" + link + ")";
-}
-
-}  // namespace
 
 void VNDeletedMeetingWindowController::showSheet(const HostObject& parentWindow) {
   Presenter* presenter = Registry::platform().presenter;
   if (!presenter) return;
   Presenter::Alert alert;
   alert.title = localizedString("LN_Schedule_DeleteMeetingTitle_120529");
-  alert.message = localizedString("LN_Schedule_DeleteMeetingInfo1_120529") + " " +
-                  whereItIs(getMeetingTrashCanLink()) + "\n" +
+  const std::string place = localizedString("LN_Schedule_DeleteMeetingInfo_RecentlyDeleted_120529");
+  alert.message = localizedString("LN_Schedule_DeleteMeetingInfo1_120529") + " " + place + "\n" +
                   localizedString("LN_Schedule_DeleteMeetingInfo2_120529");
+  if (const std::string address = getMeetingTrashCanLink(); !address.empty()) {
+    alert.link =
+        Presenter::Link{place, address, [address] { Registry::platform().workspace->openWebPage(address); }};
+  }
   alert.buttons = {localizedString("LN_Schedule_DeleteMeeting_120529"), localizedString("Button_Cancel")};
   alert.notAgainSwitch = localizedString("LN_Schedule_DoNotRemind_120529");
   traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.title}}); });

@@ -58,10 +58,16 @@ namespace {
 constexpr NSInteger kFirstButton = 1000;
 constexpr NSInteger kSwitchedOn = 1;
 
+// An alert of this host holds no link that could be clicked.
+std::string messageWithLink(const Presenter::Alert& alert) {
+  if (!alert.link) return alert.message;
+  return alert.message + "\n" + alert.link->text + ": " + alert.link->address;
+}
+
 id<vnHostAlert> makeAlert(const Presenter::Alert& alert, const std::string& resources) {
   id<vnHostAlert> made = [[[NSClassFromString(@"NSAlert") alloc] init] autorelease];
   [made setMessageText:foundationText(alert.title)];
-  [made setInformativeText:foundationText(alert.message)];
+  [made setInformativeText:foundationText(messageWithLink(alert))];
   for (const std::string& button : alert.buttons) [made addButtonWithTitle:foundationText(button)];
   if (!alert.icon.empty()) {
     const id unready = [NSClassFromString(@"NSImage") alloc];

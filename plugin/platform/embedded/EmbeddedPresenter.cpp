@@ -33,4 +33,9 @@ void EmbeddedPresenter::answerAlert(std::size_t index, Answer answer) {
   if (const auto answered = std::exchange(shown.answered, nullptr)) answered(given);
 }
 
+void EmbeddedPresenter::followLink(std::size_t index) const {
+  if (index >= m_alerts.size() || m_alerts[index].answer || !m_alerts[index].alert.link) return;
+  m_alerts[index].alert.link->follow();
+}
+
 }  // namespace vorn

@@ -36,6 +36,8 @@ class EmbeddedPresenter final : public Presenter {
   // Gives an alert that was left open its answer, with a button that the alert has, and with the switch only where
   // it has one. Nothing for an alert that has its answer, or that is not there.
   void answerAlert(std::size_t index, Answer answer);
+  // Clicks the link of an alert that was left open; nothing for one without a link.
+  void followLink(std::size_t index) const;
   // Told of each alert when it shows, before any answer is handed on; an empty function ends that.
   void setAlertObserver(Observer observer) { m_observer = std::move(observer); }
 

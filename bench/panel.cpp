@@ -1,0 +1,143 @@
+// The settings panel: what its opening and one typed character cost, and what many panels leave behind.
+
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <memory>
+#include <string>
+
+#include "data/vnUserProfileHelper.h"
+#include "lab/client/Account.h"
+#include "lab/client/Replies.h"
+#include "settings/SchSettingWndCtrlMgr.h"
+#include "tests/support/FakeWindow.h"
+#include "tests/support/RecordingClient.h"
+#include "util/vStringUtils.h"
+
+namespace vorn {
+namespace {
+
+constexpr const char* kTypedInto = "passwordTextField";
+// Roughly as many have something to ask of the account.
+constexpr int kGroups = 10;
+
+// A window of an account with everything on, as many tracking fields and as many countries.
+class PanelWorld {
+ public:
+  PanelWorld(std::int64_t trackingFields, std::int64_t countries) {
+    defineWindowClasses(m_test.classRuntime);
+    WorkflowDirectory::sharedInstance().install();
+    RecordingClient::install(m_test);
+    m_panels.install();
+    m_window = std::make_unique<FakeWindow>(m_test);
+    vnUserProfileHelper::sharedInstance().setData(profile(trackingFields, countries));
+  }
+  ~PanelWorld() { Registry::reset(); }
+  PanelWorld(const PanelWorld&) = delete;
+  PanelWorld& operator=(const PanelWorld&) = delete;
+
+  void open() {
+    m_panels.addSchSettingWindowToArray(id(), Value(), m_window->bar->ownWindow);
+    m_panels.showSchSettingWindow(id());
+  }
+  void close() { m_panels.endSettingWindow(id()); }
+  bool type(const std::string& text) {
+    return use(kTypedInto, [&](Control& field) { field.text = text; });
+  }
+  bool turn(const std::string& key, bool on) {
+    return use(key, [on](Control& control) { control.on = on; });
+  }
+  std::size_t controls() { return m_test.presenter.panels().on(m_window->bar->ownWindow)->keys().size(); }
+
+ private:
+  std::string id() const { return m_window->bar->ownWindow.windowId(); }
+  bool use(const std::string& key, const std::function<void(Control&)>& change) {
+    return m_test.presenter.panels().use(m_window->bar->ownWindow, key, change) == PanelRecord::Use::done;
+  }
+  static Value profile(std::int64_t trackingFields, std::int64_t countries) {
+    vornlab::Account account = vornlab::Account::fromFile(EVERYTHING_ON);
+    account.tracking.clear();
+    for (std::int64_t i = 0; i < trackingFields; ++i) {
+      const std::string number = std::to_string(i);
+      account.tracking.push_back({"field-" + number, "Field " + number, {"one", "two", "three"}, "two", false});
+    }
+    vornlab::DialInPolicy& dialIn = account.policy.dialIn;
+    dialIn.all.clear();
+    for (std::int64_t i = 0; i < countries; ++i) {
+      dialIn.all.push_back({static_cast<char>('A' + i / 26 % 26), static_cast<char>('A' + i % 26)});
+    }
+    dialIn.selected = dialIn.all;
+    return vStringUtils::toArrayOrNSDictionary(vornlab::profileReply(account));
+  }
+
+  TestPlatform m_test;
+  SchSettingWndCtrlMgr& m_panels = SchSettingWndCtrlMgr::sharedInstance();
+  std::unique_ptr<FakeWindow> m_window;
+};
+
+void openAndClose(benchmark::State& state) {
+  PanelWorld world(state.range(0), state.range(1));
+  world.open();
+  state.counters["controls"] = static_cast<double>(world.controls());
+  world.close();
+  for ([[maybe_unused]] auto _ : state) {
+    world.open();
+    world.close();
+  }
+}
+
+// The floor: the account read once for each group, which any panel has to do.
+void readTheAccount(benchmark::State& state) {
+  const PanelWorld world(state.range(0), state.range(1));
+  for ([[maybe_unused]] auto _ : state) {
+    for (int group = 0; group < kGroups; ++group) {
+      benchmark::DoNotOptimize(accountFacts(vnUserProfileHelper::sharedInstance(), std::nullopt));
+    }
+  }
+}
+
+BENCHMARK(openAndClose)->Args({0, 0})->Args({50, 250})->Unit(benchmark::kMicrosecond);
+BENCHMARK(readTheAccount)->Args({0, 0})->Args({50, 250})->Unit(benchmark::kMicrosecond);
+
+void keystroke(benchmark::State& state) {
+  PanelWorld world(50, 250);
+  world.open();
+  world.turn("requiredMeetingPswButton", true);
+  std::string text = "Trm7-4k";
+  for ([[maybe_unused]] auto _ : state) {
+    text.back() = text.back() == 'k' ? 'm' : 'k';
+    if (!world.type(text)) state.SkipWithError("the field cannot be typed into");
+  }
+}
+
+// The floor: the passcode held against the account's rules, which each character needs.
+void validation(benchmark::State& state) {
+  const PanelWorld world(50, 250);
+  std::int64_t failed = 0;
+  for ([[maybe_unused]] auto _ : state) {
+    benchmark::DoNotOptimize(vnSettingData::ValidateMeetingPassword("Trm7-4k", failed));
+  }
+}
+
+BENCHMARK(keystroke)->Unit(benchmark::kMicrosecond);
+BENCHMARK(validation)->Unit(benchmark::kMicrosecond);
+
+// Bytes in use after as many panels, less those after the first.
+void manyPanels(benchmark::State& state) {
+  PanelWorld world(50, 250);
+  world.open();
+  world.close();
+  const std::size_t before = mallinfo2().uordblks;
+  for ([[maybe_unused]] auto _ : state) {
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+      world.open();
+      world.close();
+    }
+  }
+  state.counters["bytesLeft"] = static_cast<double>(mallinfo2().uordblks) - static_cast<double>(before);
+}
+
+BENCHMARK(manyPanels)->Arg(100)->Arg(10'000)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace vorn
