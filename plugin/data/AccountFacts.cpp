@@ -5,7 +5,7 @@
 
 namespace vorn {
 
-AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText& email) {
+AccountFacts accountFactsWithoutLists(const vnUserProfileHelper& account, const OptionalText& email) {
   return {
       .hasUserProfile = account.hasUserProfile(),
       .isPaidUser = account.isPaidUser(),
@@ -70,9 +70,14 @@ AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText
       .roomMeetingID = account.roomMeetingID(),
       .thirdPartyAudioInfo = account.thirdPartyAudioInfo(),
       .getMeetingAuths = account.getMeetingAuths(),
-      .trackingFields = account.trackingFields(),
-      .getAvailableDialinCountry = account.getAvailableDialinCountry(),
   };
+}
+
+AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText& email) {
+  AccountFacts facts = accountFactsWithoutLists(account, email);
+  facts.trackingFields = account.trackingFields();
+  facts.getAvailableDialinCountry = account.getAvailableDialinCountry();
+  return facts;
 }
 
 ClientGates clientGates() {

@@ -92,6 +92,9 @@ struct AccountFacts {
 // The answers as they stand now. The regions are those of the person with the e-mail, of the account for an absent
 // or empty one. Main thread only; time linear in the profile's lists.
 AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText& email);
+// The same without the tracking fields and the dial-in countries, for who asks often: only a new meeting's
+// defaults need those two, and they take most of the time.
+AccountFacts accountFactsWithoutLists(const vnUserProfileHelper& account, const OptionalText& email);
 
 // What the client can do, by the predicates' names.
 struct ClientGates {

@@ -8,7 +8,8 @@ namespace vorn {
 void ButtonGroupViewController::onClickContinue() {
   m_myWindowController.closeSubWindows();
   if (m_myWindowController.getPasswordRuleResult() != 0) return m_myWindowController.resetPasswordRuleUI();
-  // The data centre and the template have no group yet that could refuse.
+  if (!m_myWindowController.getDataCenterIfSelected()) return m_myWindowController.resetDataCenterBoxUI();
+  if (m_myWindowController.checkIfDeletedTemplate()) return m_myWindowController.resetTemplateBoxUI();
   m_myWindowController.endSheet();
   postCommitCommand(true);
 }

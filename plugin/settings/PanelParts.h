@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -24,7 +25,30 @@ class PanelSteps {
   // The control gets the keyboard when the present event is over. Only the last wish counts.
   virtual void makeFirstResponderWithObject(std::string_view key) = 0;
 
+  // -- Meeting ID, and whom the meeting is scheduled for; -1 is oneself, others are counted from 0
+  virtual void refreshUI(bool forPMI) = 0;
+  virtual void setPMIMeetingInfo(const Value& meetingInfo) = 0;
+  virtual void getPMIMeetingInfo() = 0;
+  virtual void updatePMITitle(int index) = 0;
+  virtual void initPMIDisableMessageView(int index) = 0;
+  // The meeting gets a number of its own if that person has no personal ID to use.
+  virtual void leavePMIWithoutOne(int index) = 0;
+  // The person's e-mail as the controls have it; "" for oneself. The record may still be another's.
+  virtual std::string getUIScheduleForEmail() const = 0;
+  virtual void setScheduleForListInfo(bool forOther) = 0;
+  // The record has taken the account's defaults; what stays on the screen goes on to hold.
+  virtual void keepShownSwitches() = 0;
+
+  // -- What depends on the person
+  virtual void initEncryptionBox() = 0;
+  // Another person's countries, or the account's.
+  virtual void initCountriesOfPerson(bool isOther) = 0;
+  virtual void initTemplateBox() = 0;
+  virtual void initDataCenterRegionsBox() = 0;
+  virtual void initAllowDenyOptionBox() = 0;
+
   // -- Security
+  virtual void checkIfPasswordRequired() = 0;
   virtual void hideRestrictDomainsBox() = 0;
   virtual void resetSecurityErrorTextField() = 0;
   virtual void updatePasswordStateWithJBHChanged() = 0;
@@ -33,6 +57,16 @@ class PanelSteps {
   // -- Audio watermark, which depends on who may join
   virtual void initAudioWatermarkButton() = 0;
   virtual void initAudioWatermark() = 0;
+
+  // -- Dial-in countries, which depend on the audio, the data centres and the join regions
+  virtual void initCountriesFromRecord() = 0;
+  virtual void initEditCountriesOptions() = 0;
+  virtual void showEditCountriesOptionsAsAudioType(std::int64_t audioType) = 0;
+  // Narrows the offer once more, because of the join regions or of the data centres.
+  virtual void updateEditCountriesOptions(bool isFromRegion) = 0;
+  // The tips that tell of countries that were taken away so.
+  virtual void updateDataCenterImpactCountriesTipViewUI(bool isHidden) = 0;
+  virtual void updateAllowDenyImpactCountriesTipViewUI(bool isHidden) = 0;
 };
 
 // What all groups of one panel share. The panel owns it all and outlives its groups.

@@ -251,6 +251,14 @@ void PlainOptions::userChanged(std::string_view key) {
   }
 }
 
+void PlainOptions::writeShownSwitches() {
+  if (!control(plain_option::hostVideo).hidden) m_record.setHostVideoOn(isOn(plain_option::hostVideo));
+  if (!control(plain_option::publicEvent).hidden) m_record.setEnablePublicEvent(isOn(plain_option::publicEvent));
+  for (const auto& [option, set] : kFollowers) {
+    if (!control(*option).hidden) (m_record.*set)(isOn(*option));
+  }
+}
+
 // A host without video has no participants with it; the way back is the user's own choice.
 void PlainOptions::onHostVideo() {
   m_record.setHostVideoOn(isOn(plain_option::hostVideo));

@@ -37,6 +37,9 @@ class PlainOptions {
   // What is encrypted from end to end is not recorded in the cloud.
   void restrictRecordingForEndToEnd();
 
+  // The record takes the switches as they are shown; it knows better of those that are not.
+  void writeShownSwitches();
+
   // What the user has changed; nothing for a control that is not this group's.
   void userChanged(std::string_view key);
 

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 
-#include "channel/commands/ErrorCodes.h"
 #include "settings/VnSettingWindowController.h"
 
 namespace vorn {
@@ -26,8 +25,8 @@ class SchSettingWndCtrlMgr final : public SettingsPanels {
   void refreshSettingWindow(const std::string& windowId, bool forPMI) override;
   // Nothing of it must meet the next window, whose id may be the same.
   void endSettingWindow(const OptionalText& windowId) override;
-  // Of a refused passcode, security option or template; a missing tracking field has no group yet.
-  bool tellsOfRefusal(int errorCode) const override { return errorCode != ErrorCode::kTrackingFieldMissing; }
+  // Of a refused passcode, security option, template or tracking field, each where it is chosen.
+  bool tellsOfRefusal(int /*errorCode*/) const override { return true; }
 
  private:
   std::shared_ptr<VnSettingWindowController> find(const OptionalText& windowId) const;

@@ -51,13 +51,39 @@ OptionalText SettingsContext::getInvitationLanguage() const {
   return owner ? owner->meetingDataMgr()->selectInvitationLanguage() : OptionalText("");
 }
 
+std::string SettingsContext::getDisplayNameWithOnbehalfEmail(const std::string& email) const {
+  return vnOnbehalfData::sharedInstance().getDisplayNameWithOnbehalfEmail(email);
+}
+
+void SettingsContext::getPMIMeetingInfo() const {
+  const auto owner = manager();
+  MeetingWindow window = MeetingWindow::ofHostWindow(m_parentWindow);
+  if (owner) owner->settingsFlow().getPMIMeetingInfo(window, VnStatePMIForSettings);
+}
+
+void SettingsContext::getScheduleForList() const {
+  const auto owner = manager();
+  MeetingWindow window = MeetingWindow::ofHostWindow(m_parentWindow);
+  if (owner) owner->settingsFlow().getScheduleForList(window);
+}
+
+bool SettingsContext::awaitsMeeting() const {
+  const auto owner = manager();
+  return owner && owner->apiMgr() && owner->apiMgr()->isWaitingForMeeting();
+}
+
+bool SettingsContext::awaitsScheduleForList() const {
+  const auto owner = manager();
+  return owner && owner->apiMgr() && owner->apiMgr()->isWaitingForScheduleForList();
+}
+
 std::string SettingsContext::scheduledForAtOpening() const {
   vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
   return onbehalf.isCurrentScheduleVornForOther(m_windowId) ? onbehalf.onbehalfEmail(m_windowId) : "";
 }
 
 OptionFacts SettingsContext::facts(const vnSettingData& record) const {
-  return {.account = accountFacts(vnUserProfileHelper::sharedInstance(), record.scheduleForEmail()),
+  return {.account = accountFactsWithoutLists(vnUserProfileHelper::sharedInstance(), record.scheduleForEmail()),
           .client = clientGates(),
           .isUpdate = isForUpdateVornMeeting()};
 }

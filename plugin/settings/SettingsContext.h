@@ -36,10 +36,20 @@ class SettingsContext {
   std::string getVornMeetingKey() const;
   // The language in which the meeting's invitation was written last; absent when none was, "" without a manager.
   OptionalText getInvitationLanguage() const;
+  // The name of a person whom the user schedules for; "" for anybody else.
+  std::string getDisplayNameWithOnbehalfEmail(const std::string& email) const;
   // Whom the panel is opened for; "" for oneself.
   std::string scheduledForAtOpening() const;
 
-  // Of the account and the client, and of the person whom the record is scheduled for.
+  // Ask the client. The replies come to the panel; nothing without a manager.
+  void getPMIMeetingInfo() const;
+  void getScheduleForList() const;
+  // Whether the client has yet to answer: with a meeting, with the people to schedule for.
+  bool awaitsMeeting() const;
+  bool awaitsScheduleForList() const;
+
+  // Of the account and the client, and of the person whom the record is scheduled for; without the account's
+  // tracking fields and dial-in countries.
   OptionFacts facts(const vnSettingData& record) const;
 
  private:

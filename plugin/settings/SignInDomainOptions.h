@@ -1,16 +1,26 @@
 #pragma once
 
+#include <map>
+#include <string>
 #include <string_view>
 
+#include "platform/NotificationCenter.h"
 #include "settings/PanelParts.h"
 
 namespace vorn {
 
-// Whether only signed-in users may join. Main thread only.
+class VNDomainsWindowController;
+
+// Whether only signed-in users may join, in which way they sign in, and the domains that they may come from.
+//
+// The domains' window outlives it. Main thread only.
 class SignInDomainOptions {
  public:
-  explicit SignInDomainOptions(const PanelParts& panel);
+  SignInDomainOptions(const PanelParts& panel, VNDomainsWindowController& domainsWindow);
+  SignInDomainOptions(const SignInDomainOptions&) = delete;
+  SignInDomainOptions& operator=(const SignInDomainOptions&) = delete;
 
+  void initWithLocalString();
   void initOnlySignedin();
   void initRestrictDomainsBox();
   void checkAccountLocked();
@@ -18,19 +28,45 @@ class SignInDomainOptions {
 
   // What the user has changed; nothing for a control that is not this group's.
   void userChanged(std::string_view key);
+  // A piece between two ";" is no domain.
+  static bool checkDomainsError(const std::string& domains);
 
   // What a commit writes of it.
   void writeSignIn();
 
  private:
+  // The choices as an array; absent when there is none. May give the record the account's id of its choice.
+  Value getAllMeetingAuths();
+  void takeEdits(Value& auths) const;
+  void chooseAtLoad();
+  // Absent for an index that is no choice's.
+  Value chosenAuth() const;
+  void resetDomainTextAndButton(const Value& auth);
+  void onClickAuthNamePopup();
+  void onClickViewEditButton();
+  void onUpdateMeetingAuthChanged(const Value& auth);
   void onClickOnlySignedinSpecifiedDomains();
 
+  ControlSet& m_controls;
   vnSettingData& m_record;
   const SettingsContext& m_context;
   PanelSteps& m_steps;
+  VNDomainsWindowController& m_domainsWindow;
+
+  Value m_meetingAuths = Value::array();
+  // What the user has done since the panel was loaded, by the choice's id: the switch makes the list anew, and it
+  // still has to be there then.
+  std::map<std::string, Value, std::less<>> m_edited;
+  OptionalText m_chosenId;
 
   Control& m_restrictDomainsBox;
   Control& m_onlySignedinWithSpecifiedDomains;
+  Control& m_authNamePopup;
+  Control& m_domainText;
+  Control& m_viewEditButton;
+  Control& m_deleteDomainWarning;
+
+  NotificationCenter::Subscription m_authDomainChanged;
 };
 
 }  // namespace vorn

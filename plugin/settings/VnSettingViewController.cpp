@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "channel/commands/vnAPIKeys.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
+#include "platform/controls/FieldKeys.h"
 #include "settings/rules/PanelReasons.h"
 
 namespace vorn {
@@ -21,7 +23,17 @@ constexpr std::array<std::string_view, 3> kErrorFields{"pswFormatErrorTextField"
 
 }  // namespace
 
-VnSettingViewController::VnSettingViewController(const SettingsContext& context) : m_context(context) {
+VnSettingViewController::VnSettingViewController(const SettingsContext& context)
+    : m_context(context),
+      m_clientWaitEnded(Registry::platform().notificationCenter->observe(
+          notify_ClientWaitEnded, [this](const NotificationCenter::Notification& note) {
+            if (note.userInfo[keyApptWindowID].text() == m_context.windowId()) checkScheduleButton();
+          })) {
+  NotificationCenter* center = Registry::platform().notificationCenter;
+  m_trackingFieldChanges =
+      center->observe(kNoti_VNTrackingFieldValueChanged, [this](const auto&) { onTrackingFieldValueChanged(); });
+  m_countryChanges = center->observe(notify_Setting_SelectedCountriesChanged,
+                                     [this](const auto&) { onSelectedCountriesChanged(); });
   m_controls.completeWith([this] { explain(); });
 }
 
@@ -38,11 +50,17 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   initWithLocalString();
   m_settingData.initSettingData();
   m_settingData.setScheduleForEmail(m_context.scheduledForAtOpening());
-  // Tracking fields and countries have no group yet.
+  m_trackingFieldsController.initTrackingFieldItemListWithUserProfile();
+  m_editCountriesWindowController.initializeItems();
   m_settingData.initWithSiteMeetingInfo(meetingInfo);
   m_keptOfNewMeeting = m_settingData;
   initializeItems();
-  // The meeting ID and the people to schedule for have no group yet: neither is fetched.
+  m_meetingId.updateOneTimeMeetingTitle();
+  if (m_settingData.usePMI()) {
+    m_meetingId.getPMIMeetingInfo();
+  } else if (!m_settingData.scheduleForEmail().value_or("").empty()) {
+    m_scheduleFor.getScheduleForList();
+  }
 }
 
 void VnSettingViewController::setSiteMeetingInfo(const Value& meetingInfo) {
@@ -58,6 +76,14 @@ void VnSettingViewController::initWithLocalString() {
   m_plainOptions.initWithLocalString();
   m_security.initWithLocalString();
   m_encryption.initWithLocalString();
+  m_signInDomains.initWithLocalString();
+  m_domainsWindowController.initWithLocalString();
+  m_scheduleFor.initWithLocalString();
+  m_meetingId.initWithLocalString();
+  m_template.initWithLocalString();
+  m_dataCenters.initWithLocalString();
+  m_audio.initWithLocalString();
+  m_countries.initWithLocalString();
   m_buttonContinue.text = localizedString("Button_Continue");
   m_buttonCancel.text = localizedString("Button_Cancel");
 }
@@ -65,7 +91,9 @@ void VnSettingViewController::initWithLocalString() {
 void VnSettingViewController::updateUIItemsForNextTime() {
   const ControlSet::Change change(m_controls);
   closeSubWindows();
+  m_domainsWindowController.closeWindowSheet();
   initializeItems();
+  m_meetingId.updateOneTimeMeetingTitle();
 }
 
 // The order of loading. Where a group is missing its place is told, and none of its controls is in the set.
@@ -77,25 +105,30 @@ void VnSettingViewController::initializeItems() {
   m_joinBeforeHost.initJBHOptions();
   m_plainOptions.initMuteUponEntryBox();
   m_signInDomains.initOnlySignedin();
-  // Meeting ID: updatePMITitle. Tracking fields: their chosen values.
+  m_meetingId.initPMITitle();
+  m_trackingFieldsController.loadMtValues();
   m_plainOptions.initMuteParticipantUponEntry();
   m_plainOptions.initRecordingOptions();
   // Alternate hosts.
   m_plainOptions.initForceIncludeJoinurlInLocation();
-  // Meeting ID: initScheduleForBox, the choice of the ID.
+  m_scheduleFor.initScheduleForBox();
+  m_meetingId.initMeetingIDBox();
   m_plainOptions.initAudioWatermarkButton();
   m_plainOptions.initPutTheInvitationAtTheTopButton();
   m_plainOptions.initSelectInvitationLanguage();
   m_security.initWaitingRoomOption();
   m_plainOptions.initUnmuteParticipantsOption();
-  // Data centres: isCheckedScheduleButton, initDataCenterRegionsBox.
+  m_dataCenters.load();
   m_plainOptions.initNotShowMeAgain();
-  // Audio: initAudioBox, updateAudioOptionBoxStatus, arrangeAudioTypeBox. Tracking fields: initTrackingFields.
+  m_audio.initAudioBox();
+  m_audio.updateAudioOptionBoxStatus();
+  m_audio.updateCtrlPosForAudio();
+  m_trackingFieldsController.initTrackingFields();
   m_signInDomains.initRestrictDomainsBox();
   m_plainOptions.initAudioWatermark();
   m_plainOptions.initPutInvitationAtTheTop();
-  // Meeting ID: initPMIDisableMessageView.
-  // Templates: isCheckedScheduleButtonForTemplate, initTemplateBox.
+  m_meetingId.initPMIDisableMessageView(m_scheduleFor.scheduleForIndex());
+  m_template.loadTemplateBox();
   checkAccountLocked();
   m_encryption.initEncryptionBox();
   m_security.initSecurityBox();
@@ -109,14 +142,15 @@ void VnSettingViewController::checkAccountLocked() {
   m_plainOptions.checkAccountLocked();
   m_signInDomains.checkAccountLocked();
   m_security.checkAccountLocked();
-  // Meeting ID: both buttons. Join regions: allowDenyButton.
+  m_meetingId.checkAccountLocked();
+  // Join regions: allowDenyButton.
   checkE2eeAffectedAccountLocked();
   m_security.checkIfRequirePasswordLocked();
 }
 
 // What end-to-end encryption takes away comes back with the account's locks.
 void VnSettingViewController::checkE2eeAffectedAccountLocked() {
-  // Audio: its buttons.
+  m_audio.checkE2eeAffectedAccountLocked();
   m_joinBeforeHost.checkE2eeAffectedAccountLocked();
   m_plainOptions.checkE2eeAffectedAccountLocked();
 }
@@ -127,26 +161,34 @@ void VnSettingViewController::updateAffectedOptionsForE2ee() {
     m_security.updatePasswordStateWithJBHChanged();
     m_joinBeforeHost.hideForEndToEnd();
     m_settingData.setAudioType(panel_rules::audioTypeForEndToEnd(m_context.facts(m_settingData).account));
+    m_audio.restrictAudioForEndToEnd();
     m_plainOptions.restrictRecordingForEndToEnd();
   } else {
     m_joinBeforeHost.initJBHOptions();
-    // Audio: initAudioBox.
+    m_audio.initAudioBox();
     m_plainOptions.initRecordingOptions();
     checkE2eeAffectedAccountLocked();
   }
-  // Audio: updateAudioOptionBoxStatus, arrangeAudioTypeBox.
+  m_audio.updateAudioOptionBoxStatus();
+  m_audio.updateCtrlPosForAudio();
 }
 
 void VnSettingViewController::refreshUI(bool forPMI) {
   const ControlSet::Change change(m_controls);
   closeSubWindows();
+  if (m_refreshTarget) m_refreshTarget(forPMI);
   initWithLocalString();
   if (forPMI) {
+    const std::string person = m_scheduleFor.getUIScheduleForEmail();
     m_settingData.initWithSiteMeetingInfo(m_pmiMeetingInfo);
+    // It was fetched for whom the user has chosen, also where it does not say whose it is.
+    if (!person.empty()) m_settingData.setScheduleForEmail(person);
     if (m_context.isForUpdateVornMeeting()) {
       m_settingData.resetRequiredPasswordForEditPMIMeeting(m_pmiMeetingInfo);
     }
     m_settingData.setUsePMI(true);
+    // A meeting that was to be a personal one from the start is loaded only now.
+    if (m_keptOfNewMeeting.usePMI()) m_keptOfNewMeeting = m_settingData;
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);
@@ -161,7 +203,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 // not.
 void VnSettingViewController::userChanged(std::string_view key) {
   const ControlSet::Change change(m_controls);
-  const Control* used = m_controls.find(key);
+  const Control* used = m_controls.find(fieldOf(key));
   const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox);
   if (!isTyped && m_controls.windowOf(key).empty()) closeSubWindows();
   m_plainOptions.userChanged(key);
@@ -169,6 +211,15 @@ void VnSettingViewController::userChanged(std::string_view key) {
   m_signInDomains.userChanged(key);
   m_joinBeforeHost.userChanged(key);
   m_encryption.userChanged(key);
+  m_domainsWindowController.userChanged(key);
+  m_scheduleFor.userChanged(key);
+  m_meetingId.userChanged(key);
+  m_template.userChanged(key);
+  m_dataCenters.userChanged(key);
+  m_audio.userChanged(key);
+  m_countries.userChanged(key);
+  m_editCountriesWindowController.userChanged(key);
+  m_trackingFieldsController.userChanged(key);
   checkScheduleButton();
 }
 
@@ -192,6 +243,28 @@ void VnSettingViewController::resetPasswordRuleUI() {
   m_security.resetPasswordRuleUI();
 }
 
+void VnSettingViewController::resetTemplateBoxUI() {
+  const ControlSet::Change change(m_controls);
+  m_template.resetTemplateBoxUI();
+}
+
+void VnSettingViewController::setScheduleForListInfo(bool forOther) {
+  const ControlSet::Change change(m_controls);
+  m_scheduleFor.setScheduleForListInfo(forOther);
+}
+
+void VnSettingViewController::resetDataCenterBoxUI() {
+  const ControlSet::Change change(m_controls);
+  m_dataCenters.resetDataCenterBoxUI();
+}
+
+// The window of any panel may have said so; each shows its own choice.
+void VnSettingViewController::onSelectedCountriesChanged() {
+  const ControlSet::Change change(m_controls);
+  m_countries.updateSelectedCountriesDesField();
+  checkScheduleButton();
+}
+
 ContinueFacts VnSettingViewController::continueFacts() const {
   ContinueFacts facts;
   facts.isPasscodeShown = m_controls.isShown("passwordTextField");
@@ -199,6 +272,11 @@ ContinueFacts VnSettingViewController::continueFacts() const {
   facts.passcode = m_controls.find("passwordTextField")->text;
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
+  facts.awaitsReply = m_context.awaitsMeeting() || m_context.awaitsScheduleForList();
+  facts.isTrackingShown = m_controls.isShown("trackingFieldsBox");
+  facts.missedRequiredTrackingFields = m_trackingFieldsController.missedRequiredTrackingFields();
+  facts.areCountriesShown = m_controls.isShown("selectedCountriesField");
+  facts.areCountriesEmpty = m_countries.areCountriesEmpty();
   return facts;
 }
 
@@ -230,29 +308,36 @@ void VnSettingViewController::explain() {
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingViewController::onSettingsCommit(bool isOK) {
+  const ControlSet::Change change(m_controls);
+  m_editCountriesWindowController.closeWindowSheet();
   if (isOK) {
     takeControls(Commit::meant);
     m_keptOfNewMeeting = m_settingData;
   } else {
     throwEditsAway();
   }
+  m_audio.forgetTyped();
+  m_trackingFieldsController.forgetTyped();
 }
 
 // In this order. What has no control leaves the record as it is; what is not named was written when it changed.
 void VnSettingViewController::takeControls(Commit commit) {
   m_security.writePasscode();
-  // Third-party audio, the audio type, tracking fields.
+  m_audio.writeAudio();
+  m_trackingFieldsController.writeTrackingFields();
   m_settingData.setEmAutoRecordingType(m_plainOptions.getCurrentAutoRecordingTypeFromUI());
   // Alternate hosts.
   if (commit == Commit::meant) {
     m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
   }
-  // Countries, whom the meeting is scheduled for.
+  m_countries.writeCountries();
+  m_scheduleFor.writeScheduleFor();
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
   m_joinBeforeHost.writeJoinBeforeHost();
   m_signInDomains.writeSignIn();
   m_security.writeWaitingRoom();
-  // The template, join regions.
+  m_template.writeTemplate();
+  // Join regions.
 }
 
 Value VnSettingViewController::settingsToCommit() {

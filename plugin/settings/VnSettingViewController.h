@@ -1,15 +1,27 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "platform/NotificationCenter.h"
+#include "settings/AudioOptions.h"
+#include "settings/CountryOptions.h"
+#include "settings/DataCenterOptions.h"
 #include "settings/EncryptionOptions.h"
 #include "settings/JoinBeforeHostOptions.h"
+#include "settings/MeetingIdOptions.h"
 #include "settings/PlainOptions.h"
+#include "settings/ScheduleForOptions.h"
 #include "settings/SecurityOptions.h"
 #include "settings/SignInDomainOptions.h"
+#include "settings/TemplateOptions.h"
+#include "settings/VNDomainsWindowController.h"
+#include "settings/VNEditCountriesWindowController.h"
 #include "settings/VNPasswordRuleWindowController.h"
 #include "settings/rules/ContinueRule.h"
+#include "settings/vnTrackingFieldsController.h"
 
 namespace vorn {
 
@@ -26,6 +38,8 @@ class VnSettingViewController final : private PanelSteps {
   VnSettingViewController& operator=(const VnSettingViewController&) = delete;
 
   ControlSet& controls() { return m_controls; }
+  // Who hears that the panel shows the personal meeting, or one with a number of its own.
+  void setRefreshTarget(std::function<void(bool forPMI)> target) { m_refreshTarget = std::move(target); }
 
   // Loads the panel: what the account gives a new meeting, and over it the meeting. Empty information is that of a
   // meeting that does not exist yet.
@@ -34,7 +48,7 @@ class VnSettingViewController final : private PanelSteps {
   void updateUIItemsForNextTime();
   void initializeItems();
   // The record is the personal meeting's from now on, or the account's for a meeting with a number of its own.
-  void refreshUI(bool forPMI);
+  void refreshUI(bool forPMI) override;
 
   // A press beside the controls, or on one that has nothing to say, comes with the key of none.
   void userChanged(std::string_view key);
@@ -48,6 +62,20 @@ class VnSettingViewController final : private PanelSteps {
   std::int64_t getPasswordRuleResult() const { return m_security.getPasswordRuleResult(); }
   // Shows them.
   void resetPasswordRuleUI();
+  // The chosen template is gone; shows it.
+  bool checkIfDeletedTemplate() const { return m_template.checkIfDeletedTemplate(); }
+  void resetTemplateBoxUI();
+  const ScheduleForOptions& scheduleFor() const { return m_scheduleFor; }
+  // Whose personal meeting it is; that of a number of its own is nobody's.
+  std::string getScheduldForEmailFromUI() const { return m_scheduleFor.getScheduleForEmailFromUI(); }
+  // The client has answered with the people to schedule for.
+  void setScheduleForListInfo(bool forOther) override;
+  // Before every commit: what the account has turned off meanwhile.
+  void checkPMISettingsCompliance() { m_meetingId.checkPMISettingsCompliance(m_scheduleFor.scheduleForIndex()); }
+  // False when data centres are wanted and none is chosen.
+  bool getDataCenterIfSelected() const { return m_dataCenters.getDataCenterIfSelected(); }
+  // Warns of it.
+  void resetDataCenterBoxUI();
 
   // The record takes the controls, or goes back to where it was.
   void onSettingsCommit(bool isOK);
@@ -58,7 +86,7 @@ class VnSettingViewController final : private PanelSteps {
 
   vnSettingData& settingData() { return m_settingData; }
   const Value& getSiteMeetingInfo() const { return m_siteMeetingInfo; }
-  void setPMIMeetingInfo(const Value& meetingInfo);
+  void setPMIMeetingInfo(const Value& meetingInfo) override;
   void resetMeetingItemWhenUpdateError();
   void updatePasswordAfterCommit(const OptionalText& passcode);
 
@@ -73,13 +101,41 @@ class VnSettingViewController final : private PanelSteps {
   void throwEditsAway();
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();
+  void onSelectedCountriesChanged();
+  void onTrackingFieldValueChanged() { checkScheduleButton(); }
 
+  void getPMIMeetingInfo() override { m_meetingId.getPMIMeetingInfo(); }
+  void updatePMITitle(int index) override { m_meetingId.updatePMITitle(index); }
+  void initPMIDisableMessageView(int index) override { m_meetingId.initPMIDisableMessageView(index); }
+  void leavePMIWithoutOne(int index) override { m_meetingId.leavePMIWithoutOne(index); }
+  std::string getUIScheduleForEmail() const override { return m_scheduleFor.getUIScheduleForEmail(); }
+  void keepShownSwitches() override { m_plainOptions.writeShownSwitches(); }
+  void initEncryptionBox() override { m_encryption.initEncryptionBox(); }
+  void initCountriesOfPerson(bool isOther) override { m_countries.initCountriesOfPerson(isOther); }
+  void initTemplateBox() override { m_template.initTemplateBox(); }
+  void initDataCenterRegionsBox() override { m_dataCenters.initDataCenterRegionsBox(); }
+  // Join regions have no group yet.
+  void initAllowDenyOptionBox() override {}
+  void checkIfPasswordRequired() override { m_security.checkIfPasswordRequired(); }
   void hideRestrictDomainsBox() override { m_signInDomains.hideRestrictDomainsBox(); }
   void resetSecurityErrorTextField() override { m_security.resetSecurityErrorTextField(); }
   void updatePasswordStateWithJBHChanged() override { m_security.updatePasswordStateWithJBHChanged(); }
   void updateAffectedOptionsForE2ee() override;
   void initAudioWatermarkButton() override { m_plainOptions.initAudioWatermarkButton(); }
   void initAudioWatermark() override { m_plainOptions.initAudioWatermark(); }
+  void initCountriesFromRecord() override { m_countries.initCountriesFromRecord(); }
+  void initEditCountriesOptions() override { m_countries.initEditCountriesOptions(); }
+  void showEditCountriesOptionsAsAudioType(std::int64_t audioType) override {
+    m_countries.showEditCountriesOptionsAsAudioType(audioType);
+  }
+  void updateEditCountriesOptions(bool isFromRegion) override {
+    m_countries.updateEditCountriesOptions(isFromRegion);
+  }
+  void updateDataCenterImpactCountriesTipViewUI(bool isHidden) override {
+    m_dataCenters.updateDataCenterImpactCountriesTipViewUI(isHidden);
+  }
+  // Join regions: their tip.
+  void updateAllowDenyImpactCountriesTipViewUI(bool /*isHidden*/) override {}
 
   const SettingsContext& m_context;
   vnSettingData m_settingData;
@@ -89,14 +145,27 @@ class VnSettingViewController final : private PanelSteps {
   Value m_pmiMeetingInfo = Value::dictionary();
   ControlSet m_controls;
   const PanelParts m_parts{m_controls, m_settingData, m_context, *this};
+  VNDomainsWindowController m_domainsWindowController{m_controls};
+  VNEditCountriesWindowController m_editCountriesWindowController{m_controls};
   VNPasswordRuleWindowController m_passwordRuleWindowController{m_controls};
   PlainOptions m_plainOptions{m_parts};
   SecurityOptions m_security{m_parts, m_passwordRuleWindowController};
-  SignInDomainOptions m_signInDomains{m_parts};
+  SignInDomainOptions m_signInDomains{m_parts, m_domainsWindowController};
+  ScheduleForOptions m_scheduleFor{m_parts};
+  MeetingIdOptions m_meetingId{m_parts};
+  TemplateOptions m_template{m_parts};
   JoinBeforeHostOptions m_joinBeforeHost{m_parts};
   EncryptionOptions m_encryption{m_parts};
+  DataCenterOptions m_dataCenters{m_parts};
+  AudioOptions m_audio{m_parts};
+  CountryOptions m_countries{m_parts, m_editCountriesWindowController};
+  vnTrackingFieldsController m_trackingFieldsController{m_parts};
   Control& m_buttonContinue = m_controls.add(Control::Kind::button, "buttonContinue");
   Control& m_buttonCancel = m_controls.add(Control::Kind::button, "buttonCancel");
+  std::function<void(bool forPMI)> m_refreshTarget;
+  NotificationCenter::Subscription m_clientWaitEnded;
+  NotificationCenter::Subscription m_trackingFieldChanges;
+  NotificationCenter::Subscription m_countryChanges;
 };
 
 }  // namespace vorn

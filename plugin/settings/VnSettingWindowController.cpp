@@ -25,6 +25,7 @@ void VnSettingWindowController::awake() {
   m_mySettingViewController = std::make_unique<VnSettingViewController>(m_context);
   m_banners = std::make_unique<Banners>(m_mySettingViewController->controls(), m_context);
   m_banners->scheduleLimitation.setEmbedSettingWindowMode(true);
+  m_mySettingViewController->setRefreshTarget([this](bool forPMI) { refreshUseWebSettingTipViewUI(forPMI); });
   initFields(true);
 }
 
@@ -61,11 +62,10 @@ void VnSettingWindowController::userUsed(const std::string& key) {
   m_banners->userSettingTip.userChanged(key);
 }
 
+// A reply for a panel that the user has left meanwhile comes too late: it would change what he has committed, or
+// dismissed.
 void VnSettingWindowController::refreshUI(bool forPMI) {
-  if (!m_mySettingViewController) return;
-  const ControlSet::Change change(m_mySettingViewController->controls());
-  refreshUseWebSettingTipViewUI(forPMI);
-  m_mySettingViewController->refreshUI(forPMI);
+  if (m_sheet) m_mySettingViewController->refreshUI(forPMI);
 }
 
 void VnSettingWindowController::refreshUseWebSettingTipViewUI(bool forPMI) {
@@ -86,11 +86,30 @@ void VnSettingWindowController::resetPasswordRuleUI() {
   if (m_mySettingViewController) m_mySettingViewController->resetPasswordRuleUI();
 }
 
+bool VnSettingWindowController::checkIfDeletedTemplate() const {
+  return m_mySettingViewController && m_mySettingViewController->checkIfDeletedTemplate();
+}
+
+void VnSettingWindowController::resetTemplateBoxUI() {
+  if (m_mySettingViewController) m_mySettingViewController->resetTemplateBoxUI();
+}
+
+bool VnSettingWindowController::getDataCenterIfSelected() const {
+  return m_mySettingViewController && m_mySettingViewController->getDataCenterIfSelected();
+}
+
+void VnSettingWindowController::resetDataCenterBoxUI() {
+  if (m_mySettingViewController) m_mySettingViewController->resetDataCenterBoxUI();
+}
+
 // -- Its end -----------------------------------------------------------------------------------------------------
 
 void VnSettingWindowController::postSettingCommitCommand(const Value& command) {
   const bool isOK = command[keyButtonClickIsOK].boolValue();
-  if (m_mySettingViewController) m_mySettingViewController->onSettingsCommit(isOK);
+  if (m_mySettingViewController) {
+    m_mySettingViewController->checkPMISettingsCompliance();
+    m_mySettingViewController->onSettingsCommit(isOK);
+  }
   Value told = command;
   told.set(keyApptWindowID, m_context.windowId());
   // The manager acts on the commit before the choices are saved.
@@ -122,11 +141,8 @@ Value VnSettingWindowController::settingsToCommit() {
   return m_mySettingViewController ? m_mySettingViewController->settingsToCommit() : Value();
 }
 
-// Whose personal meeting it is; oneself's and that of a number of its own is nobody's.
 std::string VnSettingWindowController::getScheduldForEmailFromUI() {
-  if (!m_mySettingViewController) return "";
-  const vnSettingData& record = m_mySettingViewController->settingData();
-  return record.usePMI() ? record.scheduleForEmail().value_or("") : "";
+  return m_mySettingViewController ? m_mySettingViewController->getScheduldForEmailFromUI() : "";
 }
 
 Value VnSettingWindowController::getSiteMeetingInfo() {
@@ -157,9 +173,8 @@ void VnSettingWindowController::resetMeetingItemWhenUpdateError() {
   if (m_mySettingViewController) m_mySettingViewController->resetMeetingItemWhenUpdateError();
 }
 
-// The people themselves have no group yet.
-void VnSettingWindowController::setScheduleForListInfo(bool /*arrived*/) {
-  if (m_mySettingViewController) m_mySettingViewController->checkScheduleButton();
+void VnSettingWindowController::setScheduleForListInfo(bool arrived) {
+  if (m_sheet) m_mySettingViewController->setScheduleForListInfo(arrived);
 }
 
 }  // namespace vorn

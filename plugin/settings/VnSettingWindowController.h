@@ -31,6 +31,7 @@ class VnSettingWindowController final : public SettingsPanel,
   void showWindowSheet();
   // Takes the sheet off the screen. The options stay.
   void endSheet() { m_sheet.reset(); }
+  // Nothing without a sheet.
   void refreshUI(bool forPMI);
   void refreshUseWebSettingTipViewUI(bool forPMI);
 
@@ -45,6 +46,12 @@ class VnSettingWindowController final : public SettingsPanel,
   // The failed rules of the passcode; 0 when none is asked for.
   std::int64_t getPasswordRuleResult() const;
   void resetPasswordRuleUI();
+  // The chosen template is gone.
+  bool checkIfDeletedTemplate() const;
+  void resetTemplateBoxUI();
+  // False when data centres are wanted and none is chosen.
+  bool getDataCenterIfSelected() const;
+  void resetDataCenterBoxUI();
 
   // Null before the sheet was shown.
   VnSettingViewController* mySettingViewController() { return m_mySettingViewController.get(); }

@@ -169,6 +169,9 @@ StageStep settings(LineReader& line) {
   }
   if (line.take("continue")) return [](Stage& stage) { clickInPanel(stage, "buttonContinue"); };
   if (line.take("cancel")) return [](Stage& stage) { clickInPanel(stage, "buttonCancel"); };
+  if (line.take("click")) {
+    return [control = line.text("CONTROL")](Stage& stage) { clickInPanel(stage, control); };
+  }
   if (line.take("set")) {
     const auto property = PanelProperty::read(line.text("CONTROL.PROPERTY"));
     if (!property) line.fail(std::string("CONTROL.PROPERTY, which is one of ") + PanelProperty::kNames);

@@ -5,6 +5,8 @@
 #include <functional>
 #include <utility>
 
+#include "platform/controls/FieldKeys.h"
+
 namespace vornlab {
 namespace {
 
@@ -26,7 +28,7 @@ const Control& controlOf(Stage& stage, const std::string& key) {
 }
 
 void use(Stage& stage, const std::string& key, const std::function<void(Control&)>& change) {
-  controlOf(stage, key);
+  controlOf(stage, std::string(vorn::fieldOf(key)));
   const PanelRecord::Use result = panels(stage).use(windowOf(stage), key, change);
   if (result == PanelRecord::Use::hidden) throw Mismatch(key + " can be used", "it is hidden");
   if (result == PanelRecord::Use::disabled) throw Mismatch(key + " can be used", "it is disabled");

@@ -9,6 +9,7 @@
 #include "channel/discovery/vnAppHelper.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/transport/vnIPCChannel.h"
+#include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
 #include "platform/TraceStep.h"
 
@@ -81,6 +82,7 @@ void vnAPIBase::onTimeOut(RunLoop::Timer& timer) {
   if (&timer == myTimer.get()) {
     // The request stays open and its reply is taken whenever it comes: only the sheet goes.
     myProgressUI.closeCommunication();
+    onWaitEnded();
   } else if (&timer == m_activeVornAppTimer.get()) {
     if (m_activeVornAppCount < kActivations) {
       vnAppHelper::sharedInstance().silentActiveVornClient();
@@ -108,6 +110,7 @@ void vnAPIBase::onfeedback(std::uint64_t, const std::string& content) {
   parseFeedbackError(content);
   myProgressUI.closeCommunication();
   invalidateTimer();
+  onWaitEnded();
 }
 
 int vnAPIBase::checkVornAppError() {
@@ -162,6 +165,12 @@ int vnAPIWindowCommand::sendBareRequest(const HostObject& parentWindow, unsigned
   if (const int code = beginRequest(parentWindow); code != 0) return code;
   vnIPCChannel::sendIPCMessageToVornClient(requestAction, std::to_string(requestAction));
   return 0;
+}
+
+// Whoever holds something back meanwhile hears of every end, also of one that brings nothing.
+void vnAPIWindowCommand::onWaitEnded() {
+  Registry::platform().notificationCenter->post(
+      notify_ClientWaitEnded, nullptr, Value::dictionaryFromPairs({{keyApptWindowID, m_parentWindow.windowId()}}));
 }
 
 std::optional<HostObject> vnAPIWindowCommand::takeReply(std::uint64_t replyNumber, const std::string& content) {

@@ -52,6 +52,8 @@ class vnAPIBase {
   // reply's and is not looked at.
   void onfeedback(std::uint64_t replyNumber, const std::string& content);
   void onTimeOut(RunLoop::Timer& timer);
+  // A reply is waited for: a request has gone out, and its reply has neither come nor taken too long.
+  bool isWaiting() const { return myTimer && myTimer->isValid(); }
   // Lets go of the timers, which go on running and then find nobody.
   void releaseTimer();
   // Stops the timers and lets go of them.
@@ -91,6 +93,9 @@ class vnAPIBase {
   std::string refusedAlternateHosts(const HostObject& parentWindow);
   std::string disabledPMIMessage(const HostObject& parentWindow);
 
+  // Nobody waits any more: the reply has come or takes too long.
+  virtual void onWaitEnded() {}
+
   std::shared_ptr<RunLoop::Timer> startTimer(double seconds, RunLoop::Repeats repeats);
 
   std::shared_ptr<RunLoop::Timer> myTimer;
@@ -123,6 +128,9 @@ class vnAPIWindowCommand : public vnAPIBase {
   std::optional<HostObject> takeSuccess(std::uint64_t replyNumber, const std::string& content);
 
   HostObject m_parentWindow;
+
+ private:
+  void onWaitEnded() override;
 };
 
 // One for which the manager has to do more than hear of its reply.

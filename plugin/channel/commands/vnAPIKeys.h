@@ -20,6 +20,8 @@ inline constexpr std::string_view keyVNFail = "Fail";
 inline constexpr std::string_view vn_API_Para_InvitationEmail = "invitationEmail";
 
 // A local notification: the hosts that the service refused.
+// A window's request has its reply, or has waited too long for it; the window is under keyApptWindowID.
+inline constexpr std::string_view notify_ClientWaitEnded = "notifyClientWaitEnded";
 inline constexpr std::string_view notify_Schedule_AlternateHostError = "notifyScheduleAlternateHostError";
 
 }  // namespace vorn

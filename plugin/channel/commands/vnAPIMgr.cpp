@@ -144,6 +144,12 @@ int vnAPIMgr::getScheduleForList(const HostObject& parentWindow) {
   return command->doAction(parentWindow);
 }
 
+bool vnAPIMgr::isWaitingForMeeting() const { return m_apiGetMeeting && m_apiGetMeeting->isWaiting(); }
+
+bool vnAPIMgr::isWaitingForScheduleForList() const {
+  return m_apiGetScheduleForList && m_apiGetScheduleForList->isWaiting();
+}
+
 void vnAPIMgr::showNoMeetingLicenseWindow(const HostObject& parentWindow) {
   if (m_pMeetingMgr) m_pMeetingMgr->showNoMeetingLicenseWindow(parentWindow);
 }

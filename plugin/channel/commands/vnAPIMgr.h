@@ -64,6 +64,10 @@ class vnAPIMgr {
   int getNewMeetingDefault(const HostObject& parentWindow);
   int getScheduleForList(const HostObject& parentWindow);
 
+  // The reply to such a request is waited for.
+  bool isWaitingForMeeting() const;
+  bool isWaitingForScheduleForList() const;
+
   void showNoMeetingLicenseWindow(const HostObject& parentWindow);
 
   // Hands a result to the manager: the data under "vnAPIResponse" and the window's id under "keyApptWindowID",

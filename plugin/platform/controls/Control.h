@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
@@ -26,6 +27,14 @@ struct ControlItem {
   static ControlItem separator();
 
   bool operator==(const ControlItem&) const = default;
+};
+
+// A piece of a text, in UTF-16 units.
+struct TextRange {
+  std::size_t begin = 0;
+  std::size_t length = 0;
+
+  bool operator==(const TextRange&) const = default;
 };
 
 // One control of a window as rules see it: what it shows, and whether it can be used. A front end draws it.
@@ -65,6 +74,10 @@ struct Control {
   std::optional<vnMaxLengthFormatter> formatter{};
   // A red border around a field, in points; 0 for none.
   double redBorderWidth = 0;
+  // The piece of a field's text that is wrong, drawn on red; absent for none.
+  std::optional<TextRange> errorRange{};
+  // The text is red, because what it says is a fault.
+  bool isRed = false;
   // It has the keyboard.
   bool isFocused = false;
   // Why it is hidden or cannot be used, for people who give support; "" for a control that can be used. Not

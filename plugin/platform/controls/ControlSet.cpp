@@ -1,5 +1,7 @@
 #include "platform/controls/ControlSet.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace vorn {
@@ -20,7 +22,8 @@ Control& ControlSet::add(Control::Kind kind, std::string key, std::string box) {
 void ControlSet::remove(std::string_view key) {
   const auto found = m_controls.find(key);
   if (found == m_controls.end()) return;
-  std::erase(m_keys, found->first);
+  // What is removed was mostly added late.
+  m_keys.erase(std::next(std::find(m_keys.rbegin(), m_keys.rend(), key)).base());
   m_controls.erase(found);
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/controls/FieldKeys.h"
+
 namespace vorn {
 
 class PanelRecord::Sheet final : public Presenter::Panel {
@@ -62,7 +64,9 @@ namespace {
 
 // What a control takes from its user: not every text, and no entry that only stands among the others.
 bool mayBecome(const Control& control, const Control& proposed) {
-  if (control.formatter && !control.formatter->accepts(proposed.text)) return false;
+  // What stands there already may be longer than what can be typed.
+  const bool isTyped = proposed.text != control.text;
+  if (isTyped && control.formatter && !control.formatter->accepts(proposed.text)) return false;
   const auto index = static_cast<std::size_t>(proposed.index);
   return proposed.index == control.index || index >= control.items.size() || control.items[index].enabled;
 }
@@ -73,9 +77,9 @@ PanelRecord::Use PanelRecord::use(const HostObject& window, const std::string& k
                                   const std::function<void(Control&)>& change) const {
   Sheet* sheet = find(window);
   if (!sheet) return Use::noPanel;
-  Control* control = sheet->controls.find(key);
+  Control* control = sheet->controls.find(fieldOf(key));
   if (!control) return Use::noControl;
-  if (!sheet->controls.isOnScreen(key)) return Use::hidden;
+  if (!sheet->controls.isOnScreen(control->key)) return Use::hidden;
   if (!control->enabled) return Use::disabled;
   if (change) {
     Control proposed = *control;

@@ -27,8 +27,9 @@ class PanelRecord {
 
   // What came of an act.
   enum class Use { done, noPanel, noControl, hidden, disabled, refused };
-  // A click on a control, with what the user makes of it, or nothing. Only what is on the screen and enabled can
-  // be used, and it refuses a text that is too long and an entry that cannot be chosen.
+  // A click on a control, or a key pressed in a field (FieldKeys.h), with what the user makes of it, or nothing.
+  // Only what is on the screen and enabled can be used, and it refuses a text that is too long and an entry that
+  // cannot be chosen.
   Use use(const HostObject& window, const std::string& key,
           const std::function<void(Control&)>& change = nullptr) const;
 

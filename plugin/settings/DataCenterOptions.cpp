@@ -1,0 +1,172 @@
+#include "settings/DataCenterOptions.h"
+
+#include <charconv>
+#include <optional>
+
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "data/vnGetScheduleForListHelper.h"
+#include "data/vnUserProfileHelper.h"
+#include "platform/Registry.h"
+#include "platform/Workspace.h"
+#include "settings/ChosenPerson.h"
+#include "settings/HelpLinks.h"
+#include "settings/SettingsFlags.h"
+#include "settings/rules/LongTexts.h"
+
+namespace vorn {
+
+using Kind = Control::Kind;
+using namespace panel_rules;
+
+namespace {
+
+constexpr const char* kBox = "dataCenterBox";
+constexpr const char* kTip = "dataCenterImpactCountriesTipView";
+constexpr std::string_view kButton = "dataCenterButton";
+// The tags 0 and 1 are the switch's and the warning's.
+constexpr std::size_t kFirstTag = 2;
+
+std::string buttonKey(std::size_t entry) { return std::string(kButton) + std::to_string(entry + kFirstTag); }
+
+// The place of the centre whose button has the key.
+std::optional<std::size_t> entryOf(std::string_view key) {
+  if (!key.starts_with(kButton)) return std::nullopt;
+  key.remove_prefix(kButton.size());
+  std::size_t tag = 0;
+  const auto [end, fault] = std::from_chars(key.data(), key.data() + key.size(), tag);
+  if (fault != std::errc() || end != key.data() + key.size() || tag < kFirstTag) return std::nullopt;
+  return tag - kFirstTag;
+}
+
+}  // namespace
+
+DataCenterOptions::DataCenterOptions(const PanelParts& panel)
+    : m_controls(panel.controls),
+      m_record(panel.record),
+      m_context(panel.context),
+      m_steps(panel.steps),
+      m_dataCenterBox(m_controls.add(Kind::box, kBox)),
+      m_enableDataCenterRegionsButton(m_controls.add(Kind::checkBox, "enableDataCenterRegionsButton", kBox)),
+      m_warning(m_controls.add(Kind::label, "dataCenterNotSelectTextField", kBox)),
+      m_tipView(m_controls.add(Kind::box, kTip)),
+      m_tipText(m_controls.add(Kind::label, "dataCenterImpactCountriesTipText", kTip)),
+      m_tipLink(m_controls.add(Kind::link, "dataCenterImpactCountriesTipLink", kTip)) {
+  m_warning.hidden = true;
+  m_tipView.hidden = true;
+}
+
+void DataCenterOptions::initWithLocalString() {
+  const ShownText title =
+      shownText(LongText::optionTitle, panelText("LN_Schedule_Enable_DataCenterRegion_151084"));
+  m_enableDataCenterRegionsButton.text = title.text;
+  m_enableDataCenterRegionsButton.toolTip = title.toolTip;
+  m_warning.text = panelText("LN_Schedule_Enable_DataCenterRegion_NotSelect_151084");
+  m_tipText.text = panelText("LN_Schedule_DataCenter_ImpactText");
+  m_tipLink.text = panelText("LN_Schedule_DataCenter_ImpactLink");
+}
+
+// -- Loading -----------------------------------------------------------------------------------------------------
+
+void DataCenterOptions::load() {
+  SettingsFlags::shared().isCheckedScheduleButton = false;
+  initDataCenterRegionsBox();
+}
+
+Value DataCenterOptions::offered() const {
+  const std::string person = chosenPerson(m_controls);
+  return person.empty() ? vnUserProfileHelper::sharedInstance().getWebUncheckedDCInfos()
+                        : vnGetScheduleForListHelper::sharedInstance().getWebUncheckedDCInfos(person);
+}
+
+bool DataCenterOptions::isSupported() const {
+  if (!vnClientFeatureMgr::sharedInstance().isVornClientSupport500Tasks()) return false;
+  const std::string person = chosenPerson(m_controls);
+  return person.empty() ? vnUserProfileHelper::sharedInstance().isSupportRegionCustomization()
+                        : vnGetScheduleForListHelper::sharedInstance().isSupportAdditionalDc(person);
+}
+
+void DataCenterOptions::getDataCenterRegions() {
+  m_dataCenterRegions = dataCenters(offered(), m_record.arrAdditionalDCRegions());
+}
+
+void DataCenterOptions::releaseDataCenterButtons(std::size_t kept) {
+  while (m_buttons > kept) m_controls.remove(buttonKey(--m_buttons));
+}
+
+void DataCenterOptions::initDataCenterRegionsBox() {
+  getDataCenterRegions();
+  const bool isOffered = isSupported() && !m_dataCenterRegions.empty();
+  m_dataCenterBox.hidden = !isOffered;
+  m_enableDataCenterRegionsButton.hidden = !isOffered;
+  if (!isOffered) {
+    m_record.setEnableRegionCustomization(false);
+    m_record.setArrAdditionalDCRegions(Value::array());
+  }
+  m_enableDataCenterRegionsButton.on = m_record.enableRegionCustomization();
+  showWarning();
+  showCenters();
+  if (isOffered && (m_context.isForUpdateVornMeeting() || m_controls.isOn("buttonUsePMI"))) {
+    m_steps.updateEditCountriesOptions(false);
+  }
+  updateDataCenterImpactCountriesTipViewUI(true);
+}
+
+void DataCenterOptions::showWarning() {
+  m_warning.hidden = getDataCenterIfSelected() || !SettingsFlags::shared().isCheckedScheduleButton;
+}
+
+void DataCenterOptions::showCenters() {
+  const bool isListed = m_enableDataCenterRegionsButton.isShownAndOn();
+  const std::size_t count = isListed ? m_dataCenterRegions.size() : 0;
+  releaseDataCenterButtons(count);
+  for (std::size_t entry = 0; entry < count; ++entry) {
+    const DataCenter& center = m_dataCenterRegions[entry];
+    Control& button = m_controls.add(Kind::checkBox, buttonKey(entry), kBox);
+    button.text = dataCenterTitle(center, panelText);
+    button.on = center.bChecked;
+  }
+  m_buttons = count;
+}
+
+// -- What the user does ------------------------------------------------------------------------------------------
+
+void DataCenterOptions::userChanged(std::string_view key) {
+  if (key == m_enableDataCenterRegionsButton.key) return onClickDataCenterRegionsButton();
+  if (key == m_tipLink.key) {
+    Registry::platform().workspace->openWebPage(kDataCenterHelpLink);
+    return;
+  }
+  if (const auto entry = entryOf(key)) onClickDataCenterButton(*entry);
+}
+
+void DataCenterOptions::onClickDataCenterRegionsButton() {
+  m_record.setEnableRegionCustomization(m_enableDataCenterRegionsButton.on);
+  initDataCenterRegionsBox();
+  m_steps.updateEditCountriesOptions(false);
+}
+
+void DataCenterOptions::onClickDataCenterButton(std::size_t entry) {
+  getDataCenterRegions();
+  if (entry >= m_dataCenterRegions.size()) return;
+  m_record.setArrAdditionalDCRegions(
+      chosenAfterClick(m_record.arrAdditionalDCRegions(), m_dataCenterRegions[entry]));
+  getDataCenterRegions();
+  showCenters();
+  // With one chosen the warning would be wrong.
+  showWarning();
+  m_steps.updateEditCountriesOptions(false);
+}
+
+// -- Continue ----------------------------------------------------------------------------------------------------
+
+bool DataCenterOptions::getDataCenterIfSelected() const {
+  return m_dataCenterBox.hidden || !m_enableDataCenterRegionsButton.on ||
+         m_record.arrAdditionalDCRegions().count() > 0;
+}
+
+void DataCenterOptions::resetDataCenterBoxUI() {
+  SettingsFlags::shared().isCheckedScheduleButton = true;
+  initDataCenterRegionsBox();
+}
+
+}  // namespace vorn

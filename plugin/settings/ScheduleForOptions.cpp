@@ -1,0 +1,129 @@
+#include "settings/ScheduleForOptions.h"
+
+#include <utility>
+
+#include "channel/discovery/vnClientFeatureMgr.h"
+#include "data/vnGetScheduleForListHelper.h"
+#include "data/vnUserProfileHelper.h"
+#include "settings/rules/ScheduleForRules.h"
+
+namespace vorn {
+
+using Kind = Control::Kind;
+using namespace panel_rules;
+
+namespace {
+
+constexpr const char* kBox = "scheduleForBox";
+
+vnUserProfileHelper& profile() { return vnUserProfileHelper::sharedInstance(); }
+vnGetScheduleForListHelper& people() { return vnGetScheduleForListHelper::sharedInstance(); }
+
+}  // namespace
+
+ScheduleForOptions::ScheduleForOptions(const PanelParts& panel)
+    : m_controls(panel.controls),
+      m_record(panel.record),
+      m_context(panel.context),
+      m_steps(panel.steps),
+      m_scheduleForBox(m_controls.add(Kind::box, kBox)),
+      m_scheduleForPopup(m_controls.add(Kind::popup, "scheduleForPopup", kBox)) {
+  m_scheduleForBox.hidden = true;
+}
+
+void ScheduleForOptions::initWithLocalString() {
+  m_scheduleForBox.text = panelText("LN_Schedule_Label_ScheduleFor");
+  m_scheduleForPopup.spoken = m_scheduleForBox.text;
+}
+
+void ScheduleForOptions::initScheduleForBox() {
+  const bool isUpdate = m_context.isForUpdateVornMeeting();
+  const std::string email = m_record.scheduleForEmail().value_or("");
+  m_scheduleForBox.hidden = !profile().isEnableScheduleFor() || (isUpdate && email.empty());
+  if (m_scheduleForBox.hidden) return;
+  ScheduleForChoice choice =
+      scheduleForChoice(profile().bossesInfo(), panelText("LN_Schedule_ScheduleFor_Myself_183499"), email);
+  m_scheduleForPopup.items = std::move(choice.items);
+  m_scheduleForPopup.index = choice.index;
+  m_scheduleForPopup.enabled = !isUpdate;
+  m_emails = std::move(choice.emails);
+  if (!people().hasScheduleForList()) getScheduleForList();
+  scheduleForUserChanged();
+}
+
+// -- Who it is ---------------------------------------------------------------------------------------------------
+
+bool ScheduleForOptions::isForMyselfFromUI() const { return scheduleForIndex() < 0; }
+
+int ScheduleForOptions::scheduleForIndex() const {
+  return m_scheduleForBox.hidden ? -1 : m_scheduleForPopup.index - 1;
+}
+
+std::string ScheduleForOptions::getUIScheduleForEmail() const {
+  const auto index = static_cast<std::size_t>(scheduleForIndex());
+  return isForMyselfFromUI() || index >= m_emails.size() ? "" : m_emails[index];
+}
+
+std::string ScheduleForOptions::getScheduleForEmail() const {
+  return isForMyselfFromUI() ? profile().userEmail() : getUIScheduleForEmail();
+}
+
+std::string ScheduleForOptions::getScheduleForEmailFromUI() const {
+  return m_controls.isOn("buttonUsePMI") ? getUIScheduleForEmail() : "";
+}
+
+// -- Their list --------------------------------------------------------------------------------------------------
+
+void ScheduleForOptions::getScheduleForList() {
+  if (!vnClientFeatureMgr::sharedInstance().isVornClientSupportSceduleForList()) return;
+  if (!m_context.awaitsScheduleForList()) m_context.getScheduleForList();
+  m_steps.checkScheduleButton();
+}
+
+void ScheduleForOptions::setScheduleForListInfo(bool forOther) {
+  m_steps.checkScheduleButton();
+  const std::string email = getUIScheduleForEmail();
+  // The list has nothing to say of oneself, and who has begun to choose options keeps them when it comes.
+  if (email.empty() && m_record.scheduleForEmail().value_or("").empty()) return;
+  m_record.setScheduleForEmail(email);
+  m_record.initSubDataWithUserProfile(m_record.usePMI());
+  m_steps.keepShownSwitches();
+  m_steps.initEncryptionBox();
+  m_steps.initCountriesOfPerson(forOther && !isForMyselfFromUI());
+  m_steps.initTemplateBox();
+  m_steps.initDataCenterRegionsBox();
+  m_steps.initAllowDenyOptionBox();
+}
+
+// -- What the user does ------------------------------------------------------------------------------------------
+
+void ScheduleForOptions::userChanged(std::string_view key) {
+  if (key == m_scheduleForPopup.key) onScheduleForItemChanged();
+}
+
+void ScheduleForOptions::scheduleForUserChanged() {
+  m_thelastSchedulForIndex = scheduleForIndex();
+  m_steps.updatePMITitle(m_thelastSchedulForIndex);
+  m_steps.initPMIDisableMessageView(m_thelastSchedulForIndex);
+}
+
+void ScheduleForOptions::onScheduleForItemChanged() {
+  const int index = scheduleForIndex();
+  if (index == m_thelastSchedulForIndex) return;
+  m_steps.leavePMIWithoutOne(index);
+  if (index < 0 || people().hasScheduleForList()) {
+    setScheduleForListInfo(index >= 0);
+  } else {
+    getScheduleForList();
+  }
+  if (m_controls.isShown("meetingIDBox") && m_controls.isOn("buttonUsePMI")) m_steps.getPMIMeetingInfo();
+  scheduleForUserChanged();
+}
+
+// -- Commit ------------------------------------------------------------------------------------------------------
+
+void ScheduleForOptions::writeScheduleFor() {
+  if (!isForMyselfFromUI()) m_record.setScheduleForEmail(getUIScheduleForEmail());
+}
+
+}  // namespace vorn

@@ -1,0 +1,106 @@
+#include "settings/vnTrackingFieldsController.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
+
+namespace vorn {
+
+using namespace panel_rules;
+
+namespace {
+
+constexpr const char* kBox = "trackingFieldsBox";
+
+}  // namespace
+
+vnTrackingFieldsController::vnTrackingFieldsController(const PanelParts& panel)
+    : m_controls(panel.controls),
+      m_record(panel.record),
+      m_trackingFieldsBox(m_controls.add(Control::Kind::box, kBox)) {
+  m_trackingFieldsBox.hidden = true;
+}
+
+// -- Loading -----------------------------------------------------------------------------------------------------
+
+void vnTrackingFieldsController::initTrackingFieldItemListWithUserProfile() {
+  for (const Value& field : vnUserProfileHelper::sharedInstance().trackingFields().items()) {
+    m_items.push_back(
+        std::make_unique<vnTrackingFieldViewItem>(m_controls, kBox, m_items.size(), trackingFieldOf(field)));
+    m_itemWithId.emplace(m_items.back()->trackingFieldContent().id, m_items.back().get());
+  }
+  initialItems();
+}
+
+void vnTrackingFieldsController::initialItems() {
+  for (const auto& item : m_items) item->initFields();
+}
+
+vnTrackingFieldViewItem* vnTrackingFieldsController::itemWith(const std::string& id) const {
+  const auto found = m_itemWithId.find(id);
+  return found == m_itemWithId.end() ? nullptr : found->second;
+}
+
+void vnTrackingFieldsController::updateMtValueByIdxToUI(const std::string& id, const std::string& mtValue) {
+  if (vnTrackingFieldViewItem* item = itemWith(id)) item->setMtValue(mtValue);
+}
+
+// The panel is loaded again while the user is in it, when they choose another meeting ID; the record has not heard
+// of what was typed until then, and would take it away.
+void vnTrackingFieldsController::loadMtValues() {
+  for (const Value& field : m_record.trackingFields().items()) {
+    const vnTrackingFieldContent content = trackingFieldOf(field);
+    const vnTrackingFieldViewItem* item = itemWith(content.id);
+    if (item && !item->isTyped()) updateMtValueByIdxToUI(content.id, content.mtValue);
+  }
+}
+
+void vnTrackingFieldsController::initTrackingFields() {
+  m_trackingFieldsBox.hidden = m_items.empty();
+  for (const auto& item : m_items) item->show();
+}
+
+// -- What the user does ------------------------------------------------------------------------------------------
+
+void vnTrackingFieldsController::userChanged(std::string_view key) {
+  constexpr std::string_view kItem = vnTrackingFieldViewItem::kKey;
+  if (!key.starts_with(kItem)) return;
+  key.remove_prefix(kItem.size());
+  std::size_t number = 0;
+  const auto [end, fault] = std::from_chars(key.data(), key.data() + key.size(), number);
+  if (fault != std::errc() || key.substr(static_cast<std::size_t>(end - key.data())) != "._comboBox") return;
+  if (number < m_items.size()) m_items[number]->comboBoxChanged();
+}
+
+std::vector<const vnTrackingFieldViewItem*> vnTrackingFieldsController::requiredFieldViewItemList() const {
+  std::vector<const vnTrackingFieldViewItem*> required;
+  for (const auto& item : m_items) {
+    if (item->trackingFieldContent().required) required.push_back(item.get());
+  }
+  return required;
+}
+
+bool vnTrackingFieldsController::missedRequiredTrackingFields() const {
+  const auto required = requiredFieldViewItemList();
+  return std::any_of(required.begin(), required.end(), [](const vnTrackingFieldViewItem* item) {
+    return item->currentTrackingFieldValue().empty();
+  });
+}
+
+// -- Commit ------------------------------------------------------------------------------------------------------
+
+void vnTrackingFieldsController::writeTrackingFields() {
+  Value fields = Value::array();
+  for (const auto& item : m_items) {
+    fields.append(trackingFieldWith(item->trackingFieldContent(), item->currentTrackingFieldValue()));
+  }
+  if (!m_items.empty()) m_record.setTrackingFields(fields);
+}
+
+void vnTrackingFieldsController::forgetTyped() {
+  for (const auto& item : m_items) item->forgetTyped();
+}
+
+}  // namespace vorn

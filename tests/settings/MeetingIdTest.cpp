@@ -1,0 +1,350 @@
+// The number of a meeting and whom it is scheduled for: the rules as tables, and the panel with its client.
+
+#include "channel/store/JsonTextFile.h"
+#include "data/NotAgainFlags.h"
+#include "data/OptionBits.h"
+#include "data/vnGetScheduleForListHelper.h"
+#include "settings/rules/MeetingIdRules.h"
+#include "settings/rules/ScheduleForRules.h"
+#include "tests/settings/PanelFixture.h"
+#include "tests/settings/RuleTexts.h"
+#include "workflow/vnOnbehalfData.h"
+
+namespace vorn {
+namespace {
+
+using namespace panel_rules;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kDana = "dana@vorn.example";
+constexpr const char* kBob = "bob@vorn.example";
+
+TEST(MeetingIdRulesTest, TellsWhoseIdIsTurnedOffAndWhatFollows) {
+  const char* none = nullptr;
+  const struct {
+    const char* name;
+    DisabledPMIFacts facts;
+    bool isShown;
+    const char* text;
+  } rows[] = {
+      {"not turned off", {.usePMI = true, .personalId = "5"}, false, none},
+      {"a new meeting", {.isDisabled = true, .personalId = "5"}, true, "Schedule_DisablePMI_Message"},
+      {"a user without an ID", {.isDisabled = true, .personalId = "0"}, false, none},
+      {"no more",
+       {.isDisabled = true, .personalId = "5", .doNotShowDisablePMIMessage = true},
+       false,
+       "Schedule_DisablePMI_Message"},
+      {"a personal meeting",
+       {.isDisabled = true, .isUpdate = true, .usePMI = true},
+       true,
+       "Update_DisablePMI_Message"},
+      {"a meeting with a number of its own",
+       {.isDisabled = true, .isUpdate = true, .personalId = "5"},
+       false,
+       none},
+      {"another person",
+       {.isDisabled = true, .isForMyself = false, .name = "Dana", .personalId = "5"},
+       true,
+       "Schedule_DisablePMI_Message_ScheduleForOther(Dana)"},
+      {"another person, no more",
+       {.isDisabled = true,
+        .isForMyself = false,
+        .name = "Jons",
+        .personalId = "5",
+        .doNotShowDisablePMIMessage = true},
+       true,
+       "Schedule_DisablePMI_Message_ScheduleForOtherWithSSuffix(Jons)"},
+      {"another person, by a user without an ID",
+       {.isDisabled = true, .isForMyself = false, .name = "Dana"},
+       false,
+       none},
+      {"another's personal meeting",
+       {.isDisabled = true, .isForMyself = false, .name = "Jons", .isUpdate = true, .usePMI = true},
+       true,
+       "Update_DisablePMI_Message_ScheduleForOtherWithSSuffix(Jons)"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const DisabledPMIMessage message = disabledPMIMessage(row.facts, textOfKey);
+    EXPECT_EQ(message.isShown, row.isShown);
+    EXPECT_EQ(message.canBeClosed, row.facts.isForMyself);
+    EXPECT_EQ(message.text, row.text ? std::optional<std::string>(row.text) : std::nullopt);
+  }
+}
+
+Value person(const char* email, const char* name, const char* pmi = "", bool isDisabled = false) {
+  return Value::dictionaryFromPairs(
+      {{vn_Boss_Email, email}, {vn_Boss_DisplayName, name}, {vn_Boss_PMI, pmi}, {vn_Boss_DisablePMI, isDisabled}});
+}
+
+TEST(ScheduleForRulesTest, NamesThePeopleAndChoosesTheLastWithTheAddress) {
+  const std::string longName(60, 'n');
+  const Value people =
+      Value::Array{person(kDana, "Dana Birch"), person(kBob, ""), person(kDana, longName.c_str())};
+  const ScheduleForChoice choice = scheduleForChoice(people, "Myself", "DANA@vorn.example");
+  ASSERT_EQ(choice.items.size(), 4u);
+  EXPECT_EQ(choice.items[0].title, "Myself");
+  EXPECT_EQ(choice.items[1].title, "Dana Birch (dana@vorn.example)");
+  EXPECT_EQ(choice.items[2].title, kBob);
+  EXPECT_EQ(choice.items[3].title, std::string(42, 'n') + "...");
+  EXPECT_EQ(choice.items[3].toolTip, longName + " (dana@vorn.example)");
+  EXPECT_EQ(choice.index, 3);
+  EXPECT_EQ(scheduleForChoice(people, "Myself", "").index, 0);
+  EXPECT_EQ(scheduleForChoice(people, "Myself", "eve@vorn.example").index, 0);
+}
+
+class MeetingIdPanelTest : public SettingsPanelTest {
+ protected:
+  void knowAccount(bool isDisabled = false, bool isLocked = false) {
+    com::tidemar::webapp::proto::UserProfile account;
+    account.set_id("me");
+    account.set_email("me@vorn.example");
+    account.set_roommeetingid(5550142871);
+    account.set_useroption3(isDefaultPMI ? static_cast<std::int64_t>(UserOption3::isDefaultScheduleUsePMI) : 0);
+    account.set_useroption4(isLocked ? static_cast<std::int64_t>(UserOption4::isLockScheduleUsePMI) : 0);
+    vnUserProfileHelper::sharedInstance().setData(
+        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
+                                    {vn_Profile_IsDisablePMI, isDisabled},
+                                    {vn_Profile_Bosses, people}}));
+  }
+  void knowList() {
+    vnGetScheduleForListHelper::sharedInstance().setData(
+        Value::dictionaryFromPairs({{vn_Profile_Bosses, people}}));
+  }
+  RecordingClient& client() { return static_cast<RecordingClient&>(Registry::shared<vSocketClientImpl>()); }
+  void answer(const char* action, const std::string& content) {
+    window->manager->apiMgr()->handleMessageRespose(
+        Value::dictionaryFromPairs({{"actionId", action}, {"content", content}}));
+  }
+  void answerMeeting(const char* number, bool isHostVideoOn, const char* scheduleFor = "") {
+    const Value meeting = Value::dictionaryFromPairs({{"meetingKey", number},
+                                                      {vn_Setting_EnableHostVideo, isHostVideoOn},
+                                                      {vn_Setting_ScheduleFor, scheduleFor},
+                                                      {vn_Setting_IsPMI, true}});
+    answer("4", std::string(13, ';') +
+                    EncodeUtils::base64Encode(vnOLUtils::toJSONString(meeting).value_or("")).value_or(""));
+  }
+  void answerList() {
+    answer("11", vnOLUtils::toJSONString(Value::dictionaryFromPairs({{vn_Profile_Bosses, people}})).value_or(""));
+  }
+  std::vector<std::string> asked() {
+    std::vector<std::string> all;
+    for (const auto& [action, content] : client().requests) all.push_back(content.substr(0, content.find(";msO")));
+    client().requests.clear();
+    return all;
+  }
+  bool mayContinue() { return control("buttonContinue").enabled; }
+  bool isOnScreen(const char* key) { return shown()->isOnScreen(key); }
+
+  bool isDefaultPMI = false;
+  Value people = Value::array();
+};
+
+TEST_F(MeetingIdPanelTest, ThePersonalMeetingIsFetchedAndShownAndOneOfItsOwnIsTheAccounts) {
+  knowAccount();
+  open();
+  EXPECT_THAT(asked(), IsEmpty());
+  EXPECT_EQ(control("buttonUsePMI").text, "Personal Meeting ID 555 014 2871");
+  EXPECT_TRUE(control("buttonOneTimeMeeting").on);
+  turn("buttonUsePMI", true);
+  EXPECT_FALSE(control("buttonOneTimeMeeting").on || mayContinue());
+  EXPECT_THAT(asked(), ElementsAre("4;5550142871"));
+  answerMeeting("5550142871", true);
+  EXPECT_TRUE(mayContinue());
+  EXPECT_EQ(control("videoHostMatrix").index, 0);
+  EXPECT_TRUE(control("buttonUsePMI").on && settings()[vn_Setting_IsPMI].boolValue());
+  turn("buttonOneTimeMeeting", true);
+  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue() || control("buttonUsePMI").on);
+  EXPECT_TRUE(mayContinue());
+}
+
+TEST_F(MeetingIdPanelTest, ContinueComesBackWhenTheClientFails) {
+  knowAccount();
+  const std::pair<const char*, std::function<void()>> rows[] = {
+      {"an error", [this] { answer("4", "0;Error 3001"); }},
+      {"nothing readable", [this] { answer("4", "?"); }},
+      {"no reply", [this] { test.runLoop.runFor(61); }},
+  };
+  for (const auto& [name, fails] : rows) {
+    SCOPED_TRACE(name);
+    window = std::make_unique<FakeWindow>(test);
+    open();
+    turn("buttonUsePMI", true);
+    answer("9", "0;Error 3001");
+    EXPECT_FALSE(mayContinue()) << "that was another's reply";
+    fails();
+    EXPECT_TRUE(mayContinue());
+  }
+  test.workspace.running.clear();
+  window = std::make_unique<FakeWindow>(test);
+  open();
+  turn("buttonUsePMI", true);
+  EXPECT_TRUE(mayContinue()) << "nothing was asked";
+}
+
+TEST_F(MeetingIdPanelTest, AReplyForAPanelThatWasLeftChangesNothing) {
+  knowAccount();
+  open();
+  turn("buttonUsePMI", true);
+  click("buttonCancel");
+  const Value before = settings();
+  answerMeeting("5550142871", true);
+  EXPECT_EQ(settings(), before);
+}
+
+TEST_F(MeetingIdPanelTest, AMeetingThatStandsShowsItsNumber) {
+  knowAccount(false, true);
+  knowMeeting();
+  open();
+  EXPECT_EQ(control("buttonOneTimeMeeting").text, "Meeting ID 912 3456 7890");
+  EXPECT_EQ(turn("buttonUsePMI", true), Use::disabled) << "locked";
+  EXPECT_EQ(turn("buttonOneTimeMeeting", true), Use::disabled);
+}
+
+TEST_F(MeetingIdPanelTest, AnIdThatIsTurnedOffIsToldOfOnceAndCommittedByNobody) {
+  isDefaultPMI = true;
+  knowAccount(true);
+  open();
+  EXPECT_THAT(asked(), IsEmpty()) << "nothing to fetch";
+  EXPECT_FALSE(isOnScreen("meetingIDBox"));
+  EXPECT_TRUE(isOnScreen("pmiDisableText"));
+  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue());
+  EXPECT_EQ(click("closePMIDisableMessageButton"), Use::done);
+  EXPECT_FALSE(isOnScreen("pmiDisableMessageView"));
+  EXPECT_TRUE(not_again::disabledPMI().isSet());
+  click("buttonCancel");
+  open();
+  EXPECT_FALSE(isOnScreen("pmiDisableMessageView"));
+  endSettingsPanel(id());
+
+  knowAccount();
+  open();
+  answerMeeting("5550142871", false);
+  EXPECT_TRUE(settings()[vn_Setting_IsPMI].boolValue());
+  knowAccount(true);
+  click("buttonContinue");
+  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue()) << "turned off while the panel was open";
+}
+
+TEST_F(MeetingIdPanelTest, ThreeGettersSayThreeThingsOfWhomItIsFor) {
+  people = Value::Array{person(kDana, "Dana", "5550777777")};
+  knowAccount();
+  knowList();
+  open();
+  const ScheduleForOptions& group = view().scheduleFor();
+  EXPECT_EQ(group.getUIScheduleForEmail(), "");
+  EXPECT_EQ(group.getScheduleForEmail(), "me@vorn.example");
+  EXPECT_EQ(group.getScheduleForEmailFromUI(), "");
+  choose("scheduleForPopup", 1);
+  EXPECT_EQ(group.getUIScheduleForEmail(), kDana);
+  EXPECT_EQ(group.getScheduleForEmail(), kDana);
+  EXPECT_EQ(group.getScheduleForEmailFromUI(), "") << "a number of its own";
+  turn("buttonUsePMI", true);
+  EXPECT_EQ(panels.getSchSettingWindowInArray(id())->getScheduldForEmailFromUI(), kDana);
+  EXPECT_EQ(choose("scheduleForPopup", 0), Use::done);
+  EXPECT_EQ(group.getScheduleForEmailFromUI(), "");
+}
+
+TEST_F(MeetingIdPanelTest, APersonIsChosenWithTheListAndWithThePersonalMeetingOfThatPerson) {
+  people = Value::Array{person(kDana, "Dana", "5550777777"), person(kBob, "Bob")};
+  knowAccount();
+  open();
+  EXPECT_THAT(asked(), ElementsAre("11"));
+  EXPECT_FALSE(mayContinue());
+  choose("scheduleForPopup", 1);
+  EXPECT_THAT(asked(), IsEmpty()) << "the list is on its way";
+  EXPECT_EQ(control("buttonUsePMI").text, "Personal Meeting ID 555 077 7777");
+  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(""));
+  answerList();
+  EXPECT_TRUE(mayContinue());
+  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kDana));
+
+  turn("buttonUsePMI", true);
+  EXPECT_THAT(asked(), ElementsAre("4;5550777777"));
+  answerMeeting("5550777777", true);
+  EXPECT_EQ(control("scheduleForPopup").index, 1) << "the reply does not say whose it is";
+  turn("buttonOneTimeMeeting", true);
+  turn("buttonUsePMI", true);
+  EXPECT_THAT(asked(), IsEmpty()) << "it is known already";
+  EXPECT_TRUE(settings()[vn_Setting_IsPMI].boolValue());
+
+  choose("scheduleForPopup", 2);
+  EXPECT_THAT(asked(), IsEmpty()) << "Bob has no personal meeting, and mine is not his";
+  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue() || isOnScreen("meetingIDBox"));
+  EXPECT_EQ(control("scheduleForPopup").index, 2);
+  click("buttonContinue");
+  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kBob));
+}
+
+TEST_F(MeetingIdPanelTest, AListThatComesLateLeavesWhatTheUserHasChosen) {
+  people = Value::Array{person(kDana, "Dana")};
+  knowAccount();
+  open();
+  view().settingData().setEnableRegionCustomization(true);
+  answerList();
+  EXPECT_TRUE(settings()[vn_Setting_EnableRegionCustomization].boolValue()) << "oneself has nothing new";
+  choose("videoHostMatrix", 0);
+  turn("muteParticipantUponEntry", true);
+  choose("scheduleForPopup", 1);
+  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
+  EXPECT_FALSE(settings()[vn_Setting_EnableRegionCustomization].boolValue()) << "another person's account";
+  vnUserProfileHelper::sharedInstance().clearUserProfile();
+  click("buttonContinue");
+  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kDana)) << "who is chosen is who is shown";
+}
+
+TEST_F(MeetingIdPanelTest, ADefaultDoesNotOverruleWhatIsShownWhenAnotherPersonIsChosen) {
+  people = Value::Array{person(kDana, "Dana")};
+  com::tidemar::webapp::proto::UserProfile account;
+  account.set_id("me");
+  account.set_useroption(static_cast<std::int64_t>(UserOption::AlwaysTurnOnHostVideoByDefault));
+  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
+      {{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())}, {vn_Profile_Bosses, people}}));
+  knowList();
+  open();
+  choose("videoHostMatrix", 1);
+  choose("scheduleForPopup", 1);
+  EXPECT_EQ(control("videoHostMatrix").index, 1);
+  EXPECT_FALSE(settings()[vn_Setting_EnableHostVideo].boolValue());
+}
+
+TEST_F(MeetingIdPanelTest, AnotherPersonsMessageCannotBeClosedAndChoosingThatPersonAgainDoesNothing) {
+  people = Value::Array{person(kDana, "Dana", "5550777777", true)};
+  knowAccount();
+  knowList();
+  not_again::disabledPMI().set(true);
+  open();
+  choose("scheduleForPopup", 1);
+  EXPECT_TRUE(isOnScreen("pmiDisableText"));
+  EXPECT_FALSE(isOnScreen("meetingIDBox") || isOnScreen("closePMIDisableMessageButton"));
+  view().settingData().setEnableUnmuteAll(true);
+  choose("scheduleForPopup", 1);
+  EXPECT_TRUE(settings()[vn_Setting_EnableUnmuteAll].boolValue());
+  choose("scheduleForPopup", 0);
+  EXPECT_TRUE(isOnScreen("meetingIDBox") && !isOnScreen("pmiDisableMessageView"));
+  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(""));
+}
+
+TEST_F(MeetingIdPanelTest, AMeetingThatStandsKeepsWhomItIsFor) {
+  people = Value::Array{person(kDana, "Dana", "5550777777", true)};
+  knowAccount();
+  knowList();
+  knowMeeting();
+  open();
+  EXPECT_FALSE(isOnScreen("scheduleForPopup")) << "one's own";
+  endSettingsPanel(id());
+
+  window->manager->getMeetingHelper()->setMeetingData(
+      Value::dictionaryFromPairs(
+          {{"meetingKey", "91234567890"}, {vn_Setting_ScheduleFor, kDana}, {vn_Setting_IsPMI, true}}),
+      true);
+  open();
+  EXPECT_EQ(control("scheduleForPopup").index, 1);
+  EXPECT_EQ(choose("scheduleForPopup", 0), Use::disabled);
+  EXPECT_TRUE(isOnScreen("pmiDisableText")) << "the personal meeting loses its number";
+  EXPECT_EQ(control("buttonOneTimeMeeting").text, "Generate Automatically");
+}
+
+}  // namespace
+}  // namespace vorn
