@@ -183,14 +183,15 @@ Section joinRegions() {
       {alone("allowDenyRCWindow"), line({{"allowDenyRCAllowButton", "allow regions"}}),
        line({{"allowDenyRCBlockButton", "block regions"}}),
        line({{"allowDenyRCRegionsLabel"}, {"allowDenyRCTextField", "regions"}}), alone("allowDenyRCLockedLabel"),
-       alone("allowDenyRCSearchListWindow"),
+       alone("allowDenyRCSearchListWindow"), line({{"allowDenyRCSearchListWindowRows", "list of regions"}}),
        line({{"allowDenyRCCancelButton", "cancel the regions"}, {"allowDenyRCSaveButton", "save the regions"}})}};
 }
 
 Section alternateHostList() {
-  return {"alternateHostSearchListWindow",
-          panelText("LN_Schedule_Section_AlternateHosts"),
-          {alone("alternateHostSearchListWindow")}};
+  return {
+      "alternateHostSearchListWindow",
+      panelText("LN_Schedule_Section_AlternateHosts"),
+      {alone("alternateHostSearchListWindow"), line({{"alternateHostSearchListWindowRows", "list of hosts"}})}};
 }
 
 }  // namespace
