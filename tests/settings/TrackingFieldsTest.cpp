@@ -158,12 +158,12 @@ TEST_F(TrackingFieldsPanelTest, TheMeetingsValuesGoToTheFieldsOfTheirIds) {
   EXPECT_EQ(value(0), "Sales") << "a value that is too long to be typed can be replaced";
 }
 
-TEST_F(TrackingFieldsPanelTest, TenThousandFieldsAreOpenedInOnePass) {
-  std::vector<Field> fields(10000, kCostCentre);
+TEST_F(TrackingFieldsPanelTest, ThousandsOfFieldsAreOpenedAndCommitted) {
+  const std::vector<Field> fields(3000, kCostCentre);
   know(fields);
   open();
-  EXPECT_EQ(type(box(9999), "last"), Use::done);
-  EXPECT_EQ(committed().at(9999)["mtValue"], Value("last"));
+  EXPECT_EQ(type(box(2999), "last"), Use::done);
+  EXPECT_EQ(committed().at(2999)["mtValue"], Value("last"));
 }
 
 }  // namespace
