@@ -90,6 +90,16 @@ class PanelReasonsTest : public SettingsPanelTest {
         {vn_Profile_IsLockScheduleRequirePassword, offers == locked},
         {vn_Profile_IsLockPMIRequirePassword, offers == locked}};
     for (const auto& [key, answer] : answers) profile.set(key, answer);
+    if (offers != nothing) {
+      const auto choice = [](const char* choiceId, int type) {
+        return Value::dictionaryFromPairs({{vn_Setting_MeetingAuth_AuthId, choiceId},
+                                           {vn_Setting_MeetingAuth_AuthName, choiceId},
+                                           {vn_Setting_MeetingAuth_AuthType, type},
+                                           {vn_Setting_MeetingAuth_AuthDomain, "vorn.example"},
+                                           {vn_Setting_MeetingAuth_DefaultAuth, type == 1}});
+      };
+      profile.set(vn_Profile_MeetingAuths, Value::Array{choice("any", 0), choice("own", 1)});
+    }
     vnUserProfileHelper::sharedInstance().setData(profile);
   }
 
@@ -124,7 +134,8 @@ TEST_F(PanelReasonsTest, LaysOutEveryControlOnceAndCallsEachByAWordOfItsOwn) {
     const Control& each = *controls().find(key);
     const bool isOnlySeen = each.kind == Kind::window || each.kind == Kind::box || each.kind == Kind::label;
     // What comes with a box is there for one account and not for another, and has no name.
-    EXPECT_TRUE(isOnlySeen || named[key] == 1 || (!named.contains(key) && !each.box.empty())) << key;
+    const auto name = named.find(key);
+    EXPECT_TRUE(isOnlySeen || (name == named.end() ? !each.box.empty() : name->second == 1)) << key;
     EXPECT_TRUE(named.contains(key) || !each.box.empty()) << key << " stands behind everything";
   }
 }
@@ -157,6 +168,29 @@ TEST_F(PanelReasonsTest, GiveOneToEachControlThatCannotBeUsedAndToNoOther) {
   }
   vnUserProfileHelper::sharedInstance().setData(Value());
   tryIt();
+}
+
+// Whatever a person uses, one control after another, and the windows that it opens.
+TEST_F(PanelReasonsTest, FollowEverythingThatIsUsed) {
+  for (const Offers offers : {nothing, signIn, locked}) {
+    for (const unsigned words : {0U, 23U, 31U}) {
+      SCOPED_TRACE(testing::Message() << "words " << words << ", offers " << offers);
+      knowAccount(words, offers);
+      open();
+      for (const std::string& key : std::vector(controls().keys())) {
+        const Control* used = controls().find(key);
+        if (!used || key == "buttonContinue" || key == "buttonCancel") continue;
+        SCOPED_TRACE(key);
+        const bool isSwitch = used->kind == Kind::checkBox || used->kind == Kind::radioButton;
+        const bool on = !used->on;
+        if (isSwitch) turn(key, on);
+        if (used->kind == Kind::link || used->kind == Kind::button) click(key);
+        expectReasons();
+      }
+      endSettingsPanel(id());
+      if (HasFailure()) return;
+    }
+  }
 }
 
 TEST_F(PanelReasonsTest, SayWhoIsBehindIt) {

@@ -112,9 +112,11 @@ class PanelCommand : public ::testing::Test {
 TEST_F(PanelCommand, PrintsThePanelAsAPersonSeesItAndWhatIsLocked) {
   const ProgramRun plain = panel({});
   EXPECT_EQ(plain.exitCode, 0) << plain.errors;
-  EXPECT_THAT(plain.output, AllOf(HasSubstr("\nVideo\n    Host video "), HasSubstr("(x) On  ( ) Off\n"),
-                                  HasSubstr("[x] Passcode  [******]"), HasSubstr("< Continue >"),
-                                  Not(HasSubstr("hidden:")), Not(HasSubstr("cannot be changed"))));
+  EXPECT_THAT(plain.output,
+              AllOf(HasSubstr("\nVideo\n    Host video "), HasSubstr("(x) On  ( ) Off\n"),
+                    HasSubstr("[x] Passcode  [******]"),
+                    HasSubstr("before the meeting starts  time before the start: join before host is off\n"),
+                    HasSubstr("< Continue >"), Not(HasSubstr("hidden:")), Not(HasSubstr("cannot be changed"))));
   const ProgramRun locked = panel({"--all"}, "everything-locked");
   EXPECT_THAT(locked.output,
               AllOf(HasSubstr("  # Host video"), HasSubstr("locked by the account: isHostVideoLocked"),
@@ -174,7 +176,7 @@ TEST_F(PanelCommand, SaysWhyAnActCannotBeDone) {
                     HasSubstr("A commit would write nothing else than before.")));
   const std::pair<const char*, const char*> bad[] = {{"continue click", "nothing is committed here"},
                                                      {"passcode = maybe", "\"passcode\" takes on or off"},
-                                                     {"passcodePrompt on", "only looked at"}};
+                                                     {"passwordPrompt on", "only looked at"}};
   for (const auto& [text, told_] : bad) {
     const ProgramRun refused = panel({"--try", text});
     EXPECT_EQ(refused.exitCode, 2) << text;

@@ -112,19 +112,25 @@ class Page {
   Line lineOf(const PanelLayout::Row& row) const {
     Line line{.depth = row.depth};
     bool isAnyShown = false;
+    bool canAnyBeUsed = false;
+    std::string lastReason;
     for (const PanelLayout::Place& place : row.places) {
       const Control& control = *m_controls.find(place.key);
       const bool isShown = m_controls.isOnScreen(place.key);
       const std::string text = onTerminal(drawn(place, control));
       if (text.empty() || (!isShown && !m_all)) continue;
+      const bool isFirst = line.label.empty() && line.text.empty();
       addTo(line, row, place, text);
       isAnyShown |= isShown;
+      canAnyBeUsed |= isShown && control.enabled && control.kind != Kind::label;
       if (isShown && !control.enabled) line.mark = '#';
-      const std::string note = isShown ? control.reason : "hidden: " + control.reason;
-      if (!control.reason.empty() && line.note.find(note) == std::string::npos) {
-        line.note += (line.note.empty() ? "" : "; ") + onTerminal(note);
-      }
+      if (control.reason.empty() || control.reason == lastReason) continue;
+      lastReason = control.reason;
+      line.note += (line.note.empty() ? "" : "; ") + (isFirst || place.words.empty() ? "" : place.words + ": ") +
+                   (isShown ? "" : "hidden: ") + onTerminal(control.reason);
     }
+    // The note says what of such a row cannot be used.
+    if (canAnyBeUsed) line.mark = ' ';
     if (!isAnyShown) line.mark = '-';
     return line;
   }
