@@ -234,7 +234,11 @@ bool Stage::requestHolds(const std::string& part) const {
 std::vector<std::string> Stage::takeAlerts() {
   const auto& shown = m_session->presenter().alerts();
   std::vector<std::string> taken;
-  for (; m_alertsTaken < shown.size(); ++m_alertsTaken) taken.push_back(shown[m_alertsTaken].alert.message);
+  for (; m_alertsTaken < shown.size(); ++m_alertsTaken) {
+    const vorn::Presenter::Alert& alert = shown[m_alertsTaken].alert;
+    taken.push_back(alert.message +
+                    (alert.link ? "\n" + alert.link->text + " (" + alert.link->address + ")" : ""));
+  }
   return taken;
 }
 

@@ -11,17 +11,29 @@ bool needShowPMIDisableMessage(const DisabledPMIFacts& facts) {
   return facts.isUpdate ? facts.usePMI : !isNewUserWithoutPMI(facts.personalId);
 }
 
+namespace {
+
+std::string updateMessage(const DisabledPMIFacts& facts, const TextSource& texts) {
+  if (facts.isForMyself) return texts("LN_Update_DisablePMI_Message_153612", {});
+  return facts.name.ends_with('s')
+             ? texts("LN_Update_DisablePMI_Message_ScheduleForOtherWithSSuffix_153612", {facts.name})
+             : texts("LN_Update_DisablePMI_Message_ScheduleForOther_153612", {facts.name});
+}
+
+std::string scheduleMessage(const DisabledPMIFacts& facts, const TextSource& texts) {
+  if (facts.isForMyself) return texts("LN_Schedule_DisablePMI_Message_153612", {});
+  return facts.name.ends_with('s')
+             ? texts("LN_Schedule_DisablePMI_Message_ScheduleForOtherWithSSuffix_153612", {facts.name})
+             : texts("LN_Schedule_DisablePMI_Message_ScheduleForOther_153612", {facts.name});
+}
+
+}  // namespace
+
 DisabledPMIMessage disabledPMIMessage(const DisabledPMIFacts& facts, const TextSource& texts) {
   DisabledPMIMessage message{.canBeClosed = facts.isForMyself};
   if (!needShowPMIDisableMessage(facts)) return message;
   message.isShown = !facts.isForMyself || !facts.doNotShowDisablePMIMessage;
-  const std::string key = facts.isUpdate ? "LN_Update_DisablePMI_Message" : "LN_Schedule_DisablePMI_Message";
-  if (facts.isForMyself) {
-    message.text = texts(key + "_153612", {});
-  } else {
-    const std::string whose = facts.name.ends_with('s') ? "_ScheduleForOtherWithSSuffix" : "_ScheduleForOther";
-    message.text = texts(key + whose + "_153612", {facts.name});
-  }
+  message.text = facts.isUpdate ? updateMessage(facts, texts) : scheduleMessage(facts, texts);
   return message;
 }
 

@@ -85,12 +85,12 @@ DomainLine domainLine(const Value& auth, bool isLocked, const TextSource& texts)
   }
   const auto separators = std::count_if(domains.begin(), domains.end(),
                                         [](char c) { return kSeparators.find(c) != std::string_view::npos; });
-  const std::string_view key =
-      isLocked ? "LN_Schedule_SignInDomain_ViewEdit_Lock_126367" : "LN_Schedule_SignInDomain_ViewEdit_126367";
+  const std::string count = std::to_string(separators + 1);
   return {.textIsShown = true,
           .text = shownText(LongText::domains, domains),
           .linkIsShown = true,
-          .link = texts(key, {std::to_string(separators + 1)})};
+          .link = isLocked ? texts("LN_Schedule_SignInDomain_ViewEdit_Lock_126367", {count})
+                           : texts("LN_Schedule_SignInDomain_ViewEdit_126367", {count})};
 }
 
 std::optional<TextRange> firstBadDomain(std::string_view domains, std::string_view separators,
