@@ -116,7 +116,6 @@ class VnSettingViewController final : private PanelSteps {
   void initCountriesOfPerson(bool isOther) override { m_countries.initCountriesOfPerson(isOther); }
   void initTemplateBox() override { m_template.initTemplateBox(); }
   void initDataCenterRegionsBox() override { m_dataCenters.initDataCenterRegionsBox(); }
-  // Join regions have no group yet.
   void initAllowDenyOptionBox() override { m_allowDeny.initAllowDenyOptionBox(); }
   void checkIfPasswordRequired() override { m_security.checkIfPasswordRequired(); }
   void hideRestrictDomainsBox() override { m_signInDomains.hideRestrictDomainsBox(); }
