@@ -97,7 +97,10 @@ void EncryptionOptions::onClickEncryptionType(bool isEndToEnd) {
   m_record.setEnableE2ee(enableE2eeAfterClick(isEndToEnd, m_context.facts(m_record).account));
   m_enhancedButton.on = !m_record.enableE2ee();
   m_endtoendButton.on = m_record.enableE2ee();
+  // The kind of audio is the account's again; the words are the meeting's own.
+  const OptionalText thirdPartyAudio = m_record.thirdPartyAudio();
   m_record.initAudioTypeWithUserProfile();
+  if (!thirdPartyAudio.value_or("").empty()) m_record.setThirdPartyAudio(thirdPartyAudio);
   moveTheOthers();
 }
 

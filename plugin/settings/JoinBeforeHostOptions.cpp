@@ -53,6 +53,8 @@ void JoinBeforeHostOptions::checkE2eeAffectedAccountLocked() {
 
 void JoinBeforeHostOptions::userChanged(std::string_view key) {
   if (key == m_enableJBHButton.key) onClickEnableJBHButton();
+  // So that the choice outlasts the next load.
+  if (key == m_jbhLimitTimePopUp.key) writeJoinBeforeHost();
 }
 
 void JoinBeforeHostOptions::onClickEnableJBHButton() {

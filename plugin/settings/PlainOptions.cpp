@@ -151,9 +151,9 @@ void PlainOptions::initPutTheInvitationAtTheTopButton() { takeState(plain_option
 void PlainOptions::initSelectInvitationLanguage() {
   m_selectLanguagePopup.hidden = !m_context.facts(m_record).client.isVornClientSupportInvitationLanguage;
   m_selectLanguageText.hidden = m_selectLanguagePopup.hidden;
-  m_selectLanguagePopup.index = invitationLanguageIndex(
-      initialInvitationLanguage(m_context.getInvitationLanguage(), m_record.selectInvitationLanguage(),
-                                Registry::platform().surroundings->preferredLanguages().front()));
+  m_selectLanguagePopup.index = invitationLanguageIndex(initialInvitationLanguage(
+      m_isLanguageChosen ? std::nullopt : m_context.getInvitationLanguage(), m_record.selectInvitationLanguage(),
+      Registry::platform().surroundings->preferredLanguages().front()));
 }
 
 void PlainOptions::initUnmuteParticipantsOption() {
@@ -224,6 +224,8 @@ void PlainOptions::onClickAutoRecordingButton() {
                                                      m_controls.isShownAndOn("endtoendButton"));
   m_autoRecordingOptionMatrixLocal.hidden = !clicked.isLocalShown;
   m_autoRecordingOptionMatrixCloud.hidden = !clicked.isCloudShown;
+  // So that the choice outlasts the next load.
+  m_record.setEmAutoRecordingType(getCurrentAutoRecordingTypeFromUI());
 }
 
 void PlainOptions::onClickAutoRecordingOptionMatrix(bool isCloud) {
@@ -244,6 +246,10 @@ void PlainOptions::userChanged(std::string_view key) {
   if (key == m_autoRecordingButton.key) return onClickAutoRecordingButton();
   if (key == m_autoRecordingOptionMatrixLocal.key) return onClickAutoRecordingOptionMatrix(false);
   if (key == m_autoRecordingOptionMatrixCloud.key) return onClickAutoRecordingOptionMatrix(true);
+  if (key == m_selectLanguagePopup.key) {
+    m_isLanguageChosen = true;
+    return m_record.setSelectInvitationLanguage(selectedInvitationLanguage());
+  }
   // Written to the disk at once, so a dismissed panel takes it back no more.
   if (key == m_notShowMeAgain.key) return m_record.setNotShowMeAgain(m_notShowMeAgain.on);
   for (const auto& [option, set] : kFollowers) {
@@ -270,6 +276,11 @@ void PlainOptions::onHostVideo() {
 void PlainOptions::onPublicEvent() {
   m_record.setEnablePublicEvent(isOn(plain_option::publicEvent));
   m_publicEventListButton.hidden = !control(plain_option::publicEvent).isShownAndOn();
+}
+
+void PlainOptions::writeLockedAudioWatermark() {
+  const SwitchState watermark = state(plain_option::audioWatermark);
+  if (watermark.isShown && watermark.isLocked) m_record.setEnableAudioWatermark(true);
 }
 
 std::string PlainOptions::selectedInvitationLanguage() const {

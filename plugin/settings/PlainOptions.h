@@ -46,6 +46,10 @@ class PlainOptions {
   // What a commit writes of them. All others are in the record since they were changed.
   std::int32_t getCurrentAutoRecordingTypeFromUI() const;
   std::string selectedInvitationLanguage() const;
+  // The account's lock turns the watermark on where it is shown.
+  void writeLockedAudioWatermark();
+  // The user's choices have gone into the record, or with the panel.
+  void forgetTyped() { m_isLanguageChosen = false; }
 
  private:
   Control& control(const PlainOption& option);
@@ -64,6 +68,9 @@ class PlainOptions {
   ControlSet& m_controls;
   vnSettingData& m_record;
   const SettingsContext& m_context;
+
+  // A language that the user has chosen outlasts the next load.
+  bool m_isLanguageChosen = false;
 
   Control& m_publicEventBox;
   Control& m_publicEventListButton;

@@ -77,7 +77,11 @@ void SecurityOptions::initPasscode() {
   m_requiredMeetingPswButton.hidden = false;
   m_passwordTextField.placeholder = panelText("LN_Schedule_PasswordPlaceHolder_82199");
   m_passwordTextField.spoken = panelText("LN_Schedule_Security_Passcode_166836");
-  m_passwordTextField.text = m_record.meetingPassword().value_or("");
+  // What the user has typed outlasts the next load of the same kind of meeting.
+  if (m_isTypedForPMI != m_record.usePMI()) {
+    m_isTypedForPMI.reset();
+    m_passwordTextField.text = m_record.meetingPassword().value_or("");
+  }
   m_passwordTextField.hidden = !m_requiredMeetingPswButton.on;
   m_passwordTextField.enabled = m_requiredMeetingPswButton.on;
 }
@@ -103,11 +107,12 @@ std::int64_t SecurityOptions::resetMeetingPasswordErrorTextField() {
 
 void SecurityOptions::resetStrongerPasswordFormatErrorTextField() {
   show(strongerPasscodeVerdict(failedRules(), panelText));
-  notStrongerPasscode().set(false);
+  m_wasNotStronger = true;
+  if (notStrongerPasscode().isSet()) notStrongerPasscode().set(false);
 }
 
 void SecurityOptions::resetUIForPasswordFormatErrorTextField() {
-  if (notStrongerPasscode().isSet()) return resetStrongerPasswordFormatErrorTextField();
+  if (m_wasNotStronger || notStrongerPasscode().isSet()) return resetStrongerPasswordFormatErrorTextField();
   show(passcodeVerdictAtLoad({.usePMI = m_record.usePMI(),
                               .isUpdate = isUpdate(),
                               .isRequired = m_requiredMeetingPswButton.on,
@@ -149,7 +154,10 @@ bool SecurityOptions::checkIfNeedRegeneratePasscode() const {
                           failedRules() != 0);
 }
 
+// A passcode that the service has accepted, or that the user is typing, is not replaced behind their back.
 void SecurityOptions::regenerateIfNeeded() {
+  const bool isStored = isUpdate() && m_passwordTextField.text == m_record.meetingPassword().value_or("");
+  if ((isStored || m_isTypedForPMI) && !m_passwordTextField.text.empty()) return;
   if (checkIfNeedRegeneratePasscode()) m_passwordTextField.text = vnSettingData::getRandomPassWord();
 }
 
@@ -246,11 +254,12 @@ void SecurityOptions::show(const SecurityControls& section) {
 
 void SecurityOptions::initSecurityBox() {
   const OptionFacts facts = m_context.facts(m_record);
-  const SecurityOutcome outcome = securityBox(shown(),
-                                              {.passcode = situation(),
-                                               .wasSecurityNotSelected = securityNotSelected().isSet(),
-                                               .isWaitingRoomTipKnown = not_again::waitingRoomTip().isSet()},
-                                              facts.account, facts.client);
+  const SecurityOutcome outcome =
+      securityBox(shown(),
+                  {.passcode = situation(),
+                   .wasSecurityNotSelected = m_wasSecurityNotSelected || securityNotSelected().isSet(),
+                   .isWaitingRoomTipKnown = not_again::waitingRoomTip().isSet()},
+                  facts.account, facts.client);
   show(outcome.controls);
   if (facts.account.hasUserProfile) updateSecurityBoxAccessibility();
   if (outcome.enableWaitingRoom) m_record.setEnableWaitingRoom(*outcome.enableWaitingRoom);
@@ -259,8 +268,13 @@ void SecurityOptions::initSecurityBox() {
     m_record.setIsSignedInUsersMeetingOn(*outcome.isSignedInUsersMeetingOn);
     m_steps.hideRestrictDomainsBox();
   }
-  if (outcome.clearsSecurityNotSelected) securityNotSelected().set(false);
+  if (outcome.clearsSecurityNotSelected) {
+    m_wasSecurityNotSelected = true;
+    if (securityNotSelected().isSet()) securityNotSelected().set(false);
+  }
   if (outcome.remembersWaitingRoomTip) not_again::waitingRoomTip().set(true);
+  m_isTipOpen = m_isTipOpen || outcome.remembersWaitingRoomTip;
+  m_securityTipView.hidden = !m_isTipOpen;
 }
 
 void SecurityOptions::updateSecurityBoxAccessibility() {
@@ -269,6 +283,7 @@ void SecurityOptions::updateSecurityBoxAccessibility() {
 }
 
 void SecurityOptions::resetSecurityErrorTextField() {
+  m_wasSecurityNotSelected = false;
   const OptionFacts facts = m_context.facts(m_record);
   m_securityErrorTextField.hidden = securityErrorIsHidden(shown(), facts.account, facts.client);
 }
@@ -279,10 +294,17 @@ void SecurityOptions::userChanged(std::string_view key) {
   if (key == m_passwordTextField.key) return m_passcodeField.textDidChange();
   if (key == m_requiredMeetingPswButton.key) return onClickRequiredMeetingPswButton();
   if (key == m_enableWaitingRoom.key) return onClickEnableWaitingRoom();
-  if (key == m_securityTipCloseButton.key) m_securityTipView.hidden = true;
+  if (key == m_securityTipCloseButton.key) closeTip();
+}
+
+void SecurityOptions::closeTip() {
+  m_isTipOpen = false;
+  m_securityTipView.hidden = true;
 }
 
 void SecurityOptions::fieldTextChange() {
+  m_isTypedForPMI = m_record.usePMI();
+  m_wasNotStronger = false;
   const bool supportsRules = vnClientFeatureMgr::sharedInstance().isVornClientSupportPasswordRule();
   m_passwordTextField.text = typedPasscode(m_passwordTextField.text, supportsRules);
   resetPswHelpButtonState();
@@ -300,9 +322,10 @@ void SecurityOptions::resetPasswordTextFieldAccess(std::int64_t ruleResult) {
 }
 
 void SecurityOptions::onClickRequiredMeetingPswButton() {
+  m_wasNotStronger = false;
   if (m_requiredMeetingPswButton.on) {
     requirePasscode();
-    regenerateIfNeeded();
+    if (checkIfNeedRegeneratePasscode()) m_passwordTextField.text = vnSettingData::getRandomPassWord();
   } else {
     m_passwordTextField.hidden = true;
     m_steps.closeSubWindows();
@@ -316,8 +339,15 @@ void SecurityOptions::onClickRequiredMeetingPswButton() {
 
 void SecurityOptions::onClickEnableWaitingRoom() {
   m_record.setEnableWaitingRoom(m_enableWaitingRoom.on);
+  closeTip();
   resetSecurityErrorTextField();
   m_steps.checkScheduleButton();
+}
+
+void SecurityOptions::forgetTyped() {
+  m_isTypedForPMI.reset();
+  m_wasNotStronger = m_wasSecurityNotSelected = false;
+  closeTip();
 }
 
 // -- Commit ------------------------------------------------------------------------------------------------------

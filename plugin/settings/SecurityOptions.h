@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "platform/controls/vnKeyUpTextField.h"
@@ -48,6 +49,9 @@ class SecurityOptions {
   void resetPasswordRuleUI();
   bool checkIfLockPassword() const;
 
+  // The panel was left: what was typed has gone into the record, or with it, and what was told is told.
+  void forgetTyped();
+
   // What a commit writes of them.
   void writePasscode();
   void writeWaitingRoom();
@@ -66,6 +70,7 @@ class SecurityOptions {
   void resetPasswordTextFieldAccess(std::int64_t ruleResult);
   void onClickRequiredMeetingPswButton();
   void onClickEnableWaitingRoom();
+  void closeTip();
 
   panel_rules::SecurityControls shown() const;
   void show(const panel_rules::SecurityControls& section);
@@ -77,6 +82,13 @@ class SecurityOptions {
   PanelSteps& m_steps;
   VNPasswordRuleWindowController& m_passwordRuleWindow;
   vnKeyUpTextField m_passcodeField;
+  // The user has typed a passcode, for the kind of meeting ID that was chosen then.
+  std::optional<bool> m_isTypedForPMI;
+  // What the service has refused stays told, and a tip shown, while the panel is loaded again and again, until the
+  // user does something about it.
+  bool m_wasNotStronger = false;
+  bool m_wasSecurityNotSelected = false;
+  bool m_isTipOpen = false;
 
   Control& m_meetingPasswordBox;
   Control& m_requiredMeetingPswButton;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
+#include <utility>
 
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
@@ -12,6 +14,7 @@
 #include "platform/RunLoop.h"
 #include "platform/controls/FieldKeys.h"
 #include "settings/rules/PanelReasons.h"
+#include "util/Text.h"
 
 namespace vorn {
 
@@ -53,10 +56,11 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   m_trackingFieldsController.initTrackingFieldItemListWithUserProfile();
   m_editCountriesWindowController.initializeItems();
   m_settingData.initWithSiteMeetingInfo(meetingInfo);
-  m_keptOfNewMeeting = m_settingData;
+  m_kept = m_settingData;
   initializeItems();
   m_meetingId.updateOneTimeMeetingTitle();
-  if (m_settingData.usePMI()) {
+  m_waitsForPersonalMeeting = m_settingData.usePMI();
+  if (m_waitsForPersonalMeeting) {
     m_meetingId.getPMIMeetingInfo();
   } else if (!m_settingData.scheduleForEmail().value_or("").empty()) {
     m_scheduleFor.getScheduleForList();
@@ -92,7 +96,7 @@ void VnSettingViewController::initWithLocalString() {
 void VnSettingViewController::updateUIItemsForNextTime() {
   const ControlSet::Change change(m_controls);
   closeSubWindows();
-  m_domainsWindowController.closeWindowSheet();
+  closeWindows();
   initializeItems();
   m_meetingId.updateOneTimeMeetingTitle();
 }
@@ -100,6 +104,7 @@ void VnSettingViewController::updateUIItemsForNextTime() {
 // The order of loading.
 void VnSettingViewController::initializeItems() {
   const ControlSet::Change change(m_controls);
+  m_isEnableRecurrence = m_context.isEnableRecurrence();
   m_plainOptions.initVideo();
   m_plainOptions.initPublicEventSetting();
   m_security.initPasscode();
@@ -177,6 +182,7 @@ void VnSettingViewController::updateAffectedOptionsForE2ee() {
 void VnSettingViewController::refreshUI(bool forPMI) {
   const ControlSet::Change change(m_controls);
   closeSubWindows();
+  closeWindows();
   if (m_refreshTarget) m_refreshTarget(forPMI);
   initWithLocalString();
   if (forPMI) {
@@ -189,7 +195,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
     }
     m_settingData.setUsePMI(true);
     // A meeting that was to be a personal one from the start is loaded only now.
-    if (m_keptOfNewMeeting.usePMI()) m_keptOfNewMeeting = m_settingData;
+    if (std::exchange(m_waitsForPersonalMeeting, false)) m_kept = m_settingData;
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);
@@ -234,6 +240,13 @@ void VnSettingViewController::closeSubWindows() {
   m_allowDeny.closeAllowDenyRCSearchListWindow();
 }
 
+// What is open for one person or meeting must not write into another's.
+void VnSettingViewController::closeWindows() {
+  m_allowDeny.endWindow();
+  m_editCountriesWindowController.closeWindowSheet();
+  m_domainsWindowController.closeWindowSheet();
+}
+
 void VnSettingViewController::makeFirstResponderWithObject(std::string_view key) {
   constexpr std::string_view kRequest = "makeFirstResponderWithObject:";
   RunLoop* runLoop = Registry::platform().runLoop;
@@ -247,6 +260,7 @@ void VnSettingViewController::makeFirstResponderWithObject(std::string_view key)
 void VnSettingViewController::resetPasswordRuleUI() {
   const ControlSet::Change change(m_controls);
   m_security.resetPasswordRuleUI();
+  checkScheduleButton();
 }
 
 void VnSettingViewController::resetTemplateBoxUI() {
@@ -300,7 +314,7 @@ void VnSettingViewController::explain() {
   const bool isForMyself = person.value_or("").empty();
   panel_rules::explain(m_controls, {.facts = m_context.facts(m_settingData),
                                     .usePMI = m_settingData.usePMI(),
-                                    .isEnableRecurrence = m_context.isEnableRecurrence(),
+                                    .isEnableRecurrence = m_isEnableRecurrence,
                                     .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
                                     .isShowUseWebSettingTipView = account.isShowUseWebSettingTipView(),
                                     .isEnableScheduleFor = account.isEnableScheduleFor(),
@@ -317,15 +331,16 @@ void VnSettingViewController::explain() {
 
 void VnSettingViewController::onSettingsCommit(bool isOK) {
   const ControlSet::Change change(m_controls);
-  m_allowDeny.endWindow();
-  m_editCountriesWindowController.closeWindowSheet();
+  closeWindows();
   if (isOK) {
     takeControls(Commit::meant);
-    m_keptOfNewMeeting = m_settingData;
+    m_kept = m_settingData;
   } else {
     throwEditsAway();
   }
   m_alternateHosts.forgetEdits();
+  m_security.forgetTyped();
+  m_plainOptions.forgetTyped();
   m_audio.forgetTyped();
   m_trackingFieldsController.forgetTyped();
 }
@@ -343,6 +358,7 @@ void VnSettingViewController::takeControls(Commit commit) {
   m_countries.writeCountries();
   m_scheduleFor.writeScheduleFor();
   m_settingData.setSelectInvitationLanguage(m_plainOptions.selectedInvitationLanguage());
+  m_plainOptions.writeLockedAudioWatermark();
   m_joinBeforeHost.writeJoinBeforeHost();
   m_signInDomains.writeSignIn();
   m_security.writeWaitingRoom();
@@ -358,23 +374,32 @@ Value VnSettingViewController::settingsToCommit() {
   return settings;
 }
 
-void VnSettingViewController::throwEditsAway() {
-  if (m_siteMeetingInfo.count() > 0) {
-    m_settingData.initWithSiteMeetingInfo(m_siteMeetingInfo);
-  } else {
-    // Empty information changes nothing, and who dismisses the panel of a new meeting wants his edits gone all the
-    // same.
-    m_settingData = m_keptOfNewMeeting;
-  }
-}
+// Back to what was loaded or committed last, and not behind a commit: the next save would undo it. What a meeting
+// was opened with does not name every option either.
+void VnSettingViewController::throwEditsAway() { m_settingData = m_kept; }
 
 void VnSettingViewController::resetMeetingItemWhenUpdateError() {
   m_settingData.initWithSiteMeetingInfo(m_siteMeetingInfo);
 }
 
+// What the service says of a commit holds for what a dismissed panel goes back to as well.
 void VnSettingViewController::updatePasswordAfterCommit(const OptionalText& passcode) {
-  m_settingData.setMeetingPassword(passcode);
-  m_settingData.setRequiredMeetingPassword(!passcode.value_or("").empty());
+  for (vnSettingData* record : {&m_settingData, &m_kept}) {
+    record->setMeetingPassword(passcode);
+    record->setRequiredMeetingPassword(!passcode.value_or("").empty());
+  }
+}
+
+void VnSettingViewController::filterInvalidAlternateHosts(const Value& emails) {
+  std::unordered_set<std::string> invalid;
+  for (const Value& email : emails.items()) invalid.insert(caseFolded(email.text()));
+  for (vnSettingData* record : {&m_settingData, &m_kept}) {
+    Value kept = Value::array();
+    for (const Value& host : record->arrAlternateHosts().items()) {
+      if (!invalid.contains(caseFolded(host.text()))) kept.append(host);
+    }
+    record->setAlternateHosts(kept);
+  }
 }
 
 }  // namespace vorn

@@ -91,6 +91,7 @@ class VnSettingViewController final : private PanelSteps {
   void setPMIMeetingInfo(const Value& meetingInfo) override;
   void resetMeetingItemWhenUpdateError();
   void updatePasswordAfterCommit(const OptionalText& passcode);
+  void filterInvalidAlternateHosts(const Value& emails);
 
  private:
   // Why what cannot be used cannot, at the end of every change.
@@ -101,6 +102,7 @@ class VnSettingViewController final : private PanelSteps {
   enum class Commit { meant, tried };
   void takeControls(Commit commit);
   void throwEditsAway();
+  void closeWindows();
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();
   void onSelectedCountriesChanged();
@@ -141,8 +143,11 @@ class VnSettingViewController final : private PanelSteps {
 
   const SettingsContext& m_context;
   vnSettingData m_settingData;
-  // A new meeting has no information to go back to, so it goes back to this: what was loaded or committed last.
-  vnSettingData m_keptOfNewMeeting;
+  // What was loaded or committed last, which a dismissed panel goes back to.
+  vnSettingData m_kept;
+  bool m_waitsForPersonalMeeting = false;
+  // As it was at the last load: telling it means to read the whole appointment.
+  bool m_isEnableRecurrence = false;
   Value m_siteMeetingInfo = Value::dictionary();
   Value m_pmiMeetingInfo = Value::dictionary();
   ControlSet m_controls;

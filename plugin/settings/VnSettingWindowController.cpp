@@ -1,6 +1,5 @@
 #include "settings/VnSettingWindowController.h"
 
-#include <unordered_set>
 #include <utility>
 
 #include "channel/commands/vnAPIKeys.h"
@@ -11,7 +10,6 @@
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
 #include "settings/PanelSections.h"
-#include "util/Text.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -39,6 +37,7 @@ void VnSettingWindowController::initFields(bool first) {
   }
   m_banners->scheduleLimitation.initFields(m_context.durationExceedThanMaxMins());
   m_banners->pluginTurnoff.initFields();
+  m_banners->userSettingTip.setIsForPMI(m_mySettingViewController->settingData().usePMI());
   m_banners->userSettingTip.initFields();
   m_banners->epidemicTip.initFields();
 }
@@ -110,13 +109,15 @@ void VnSettingWindowController::postSettingCommitCommand(const Value& command) {
     m_mySettingViewController->checkPMISettingsCompliance();
     m_mySettingViewController->onSettingsCommit(isOK);
   }
+  // The manager's answer may load the panel, and its banners, once more.
+  const std::optional<bool> noMoreNotices = m_banners ? m_banners->scheduleLimitation.wish() : std::nullopt;
   Value told = command;
   told.set(keyApptWindowID, m_context.windowId());
   // The manager acts on the commit before the choices are saved.
   Registry::platform().notificationCenter->post(notify_SettingCommit, nullptr, told);
   if (!isOK) return;
   saveSettingsToUserProfile();
-  if (m_banners) m_banners->scheduleLimitation.saveShowMessageAgainToUserProfile();
+  vnScheduleLimitationViewController::saveShowMessageAgainToUserProfile(noMoreNotices);
 }
 
 void VnSettingWindowController::saveSettingsToUserProfile() {
@@ -142,7 +143,11 @@ Value VnSettingWindowController::settingsToCommit() {
 }
 
 std::string VnSettingWindowController::getScheduldForEmailFromUI() {
-  return m_mySettingViewController ? m_mySettingViewController->getScheduldForEmailFromUI() : "";
+  if (!m_mySettingViewController) return "";
+  if (m_sheet) return m_mySettingViewController->getScheduldForEmailFromUI();
+  // The controls of a panel that the user has left may show what he has dismissed.
+  const vnSettingData& record = m_mySettingViewController->settingData();
+  return record.usePMI() ? record.scheduleForEmail().value_or("") : "";
 }
 
 Value VnSettingWindowController::getSiteMeetingInfo() {
@@ -158,15 +163,7 @@ void VnSettingWindowController::updatePasswordAfterCommit(const OptionalText& pa
 }
 
 void VnSettingWindowController::filterInvalidAlternateHosts(const Value& emails) {
-  if (!m_mySettingViewController) return;
-  std::unordered_set<std::string> invalid;
-  for (const Value& email : emails.items()) invalid.insert(caseFolded(email.text()));
-  vnSettingData& record = m_mySettingViewController->settingData();
-  Value kept = Value::array();
-  for (const Value& host : record.arrAlternateHosts().items()) {
-    if (!invalid.contains(caseFolded(host.text()))) kept.append(host);
-  }
-  record.setAlternateHosts(kept);
+  if (m_mySettingViewController) m_mySettingViewController->filterInvalidAlternateHosts(emails);
 }
 
 void VnSettingWindowController::resetMeetingItemWhenUpdateError() {

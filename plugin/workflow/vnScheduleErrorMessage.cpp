@@ -39,7 +39,7 @@ void vnScheduleErrorMessage::onAnswer(const Presenter::Answer& answer) {
   const bool isOK = answer.button == 0;
   if (isOK) {
     m_scheduleLimitation.notShowAgainSwitch().on = answer.notAgain;
-    m_scheduleLimitation.saveShowMessageAgainToUserProfile();
+    vnScheduleLimitationViewController::saveShowMessageAgainToUserProfile(m_scheduleLimitation.wish());
   }
   abortDomodal();
   postCommitCommand(isOK);

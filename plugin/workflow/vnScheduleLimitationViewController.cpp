@@ -46,8 +46,11 @@ std::optional<Presenter::Link> vnScheduleLimitationViewController::upgrade() {
   const std::string where = hasPage ? account.getUpgradeLink() : account.getUpgradeContactEmail();
   if (where.empty()) return std::nullopt;
   const std::string address = hasPage ? where : formatText("mailto:%@", {where});
-  return Presenter::Link{localizedString("LN_Schedule_Limitation_Upgrade"), address,
-                         [address] { Registry::platform().workspace->openWebPage(address); }};
+  return Presenter::Link{localizedString("LN_Schedule_Limitation_Upgrade"), address, [address] {
+                           // The alert may outlive this system.
+                           if (Workspace* workspace = Registry::platform().workspace)
+                             workspace->openWebPage(address);
+                         }};
 }
 
 void vnScheduleLimitationViewController::userChanged(std::string_view key) const {
@@ -55,10 +58,13 @@ void vnScheduleLimitationViewController::userChanged(std::string_view key) const
   if (const auto link = upgrade()) link->follow();
 }
 
+std::optional<bool> vnScheduleLimitationViewController::wish() const {
+  return m_view.hidden ? std::nullopt : std::optional(m_notShowAgainButton.on);
+}
+
 // A switch that says what is kept already makes no file.
-void vnScheduleLimitationViewController::saveShowMessageAgainToUserProfile() const {
-  if (m_view.hidden || m_notShowAgainButton.on == notShowMessageAgain()) return;
-  notAgainFlag().set(m_notShowAgainButton.on);
+void vnScheduleLimitationViewController::saveShowMessageAgainToUserProfile(std::optional<bool> wish) {
+  if (wish && *wish != notShowMessageAgain()) notAgainFlag().set(*wish);
 }
 
 bool vnScheduleLimitationViewController::notShowMessageAgain() { return notAgainFlag().isSet(); }

@@ -25,8 +25,10 @@ class vnScheduleLimitationViewController {
 
   // What the user has clicked; nothing for a control that is not this view's.
   void userChanged(std::string_view key) const;
-  // Keeps the switch, while the view is shown.
-  void saveShowMessageAgainToUserProfile() const;
+  // The switch, while the view is shown.
+  std::optional<bool> wish() const;
+  // Keeps it; nothing for none.
+  static void saveShowMessageAgainToUserProfile(std::optional<bool> wish);
   // The user wants no such notice any more, as the saved user profile says. False without one.
   static bool notShowMessageAgain();
 

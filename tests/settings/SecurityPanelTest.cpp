@@ -105,15 +105,46 @@ TEST_F(SecurityPanelTest, AnUnfitPasscodeOfAStandingMeetingStopsContinueAndIsTol
           {{"meetingKey", "91234567890"}, {vn_Setting_RequiredMPW, true}, {vn_Setting_MeetingPassword, "12"}}),
       false);
   open();
-  ASSERT_TRUE(control("requiredMeetingPswButton").on);
-  view().settingData().setMeetingPassword("12");
+  turn("enableJBHButton", true);
+  EXPECT_EQ(control("passwordTextField").text, "12") << "the service has accepted it";
   open();
-  ControlSet& controls = view().controls();
-  controls.find("passwordTextField")->text = "12";
   EXPECT_TRUE(control("pswFormatErrorTextField").hidden);
   EXPECT_EQ(click("buttonContinue"), Use::done);
   ASSERT_NE(shown(), nullptr) << "it stays open";
   EXPECT_FALSE(control("pswFormatErrorTextField").hidden);
+  EXPECT_FALSE(control("buttonContinue").enabled);
+}
+
+TEST_F(SecurityPanelTest, WhatIsTypedOutlastsALoadAndIsNotReplacedBesideTheSwitch) {
+  vnUserProfileHelper::sharedInstance().setData(
+      Value::dictionaryFromPairs({{"userId", "me"}, {vn_Profile_PasswordMinLength, 8}}));
+  open();
+  turn("requiredMeetingPswButton", true);
+  type("passwordTextField", "half");
+  turn("enableJBHButton", true);
+  choose("selectLanguagePopup", 6);
+  panels.refreshSettingWindow(id(), false);
+  EXPECT_EQ(control("passwordTextField").text, "half");
+  EXPECT_EQ(control("selectLanguagePopup").index, 6);
+  click("buttonCancel");
+  open();
+  EXPECT_NE(control("passwordTextField").text, "half");
+}
+
+TEST_F(SecurityPanelTest, ADismissedPanelGoesBackToTheLastCommitAndToWhatTheServiceMadeOfIt) {
+  knowMeeting();
+  open();
+  turn("requiredMeetingPswButton", true);
+  type("passwordTextField", "first1");
+  click("buttonContinue");
+  panels.getSchSettingWindowInArray(id())->updatePasswordAfterCommit("second");
+  open();
+  type("passwordTextField", "third");
+  turn("forceIncludeJoinurlInLocation", !control("forceIncludeJoinurlInLocation").on);
+  const bool isIncluded = !control("forceIncludeJoinurlInLocation").on;
+  click("buttonCancel");
+  EXPECT_EQ(settings()[vn_Setting_MeetingPassword], Value("second"));
+  EXPECT_EQ(settings()[vn_Setting_ForceIncludeJoinurlInLocation].boolValue(), isIncluded);
 }
 
 TEST_F(SecurityPanelTest, ARefusedCommitIsToldOnceBySiteFlags) {
@@ -136,6 +167,8 @@ TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOn
   EXPECT_TRUE(control("enableWaitingRoom").on);
   EXPECT_TRUE(settings()[vn_Setting_EnableWaitingRoom].boolValue());
   EXPECT_TRUE(shown()->isOnScreen("securityTipText"));
+  panels.refreshSettingWindow(id(), false);
+  EXPECT_TRUE(shown()->isOnScreen("securityTipText")) << "nobody has closed it";
   click("securityTipCloseButton");
   EXPECT_TRUE(control("securityTipView").hidden);
   EXPECT_TRUE(not_again::waitingRoomTip().isSet());
@@ -170,6 +203,21 @@ TEST_F(SecurityPanelTest, SignedInUsersAreASecurityOptionAndBringTheWatermark) {
   EXPECT_FALSE(control("audioWatermarkButton").hidden);
   click("buttonContinue");
   EXPECT_TRUE(settings()[vn_Setting_IsSignedInUsersMeetingOn].boolValue());
+}
+
+TEST_F(SecurityPanelTest, ALockedWatermarkIsCommittedOn) {
+  Account account;
+  account.set_useroption3(bits(UserOption3::isEnableAudioWatermark));
+  account.set_useroption4(bits(UserOption4::isLockAudioWatermark));
+  account.set_id("me");
+  vnUserProfileHelper::sharedInstance().setData(
+      Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
+                                  {vn_Profile_SupportOnlyAuthUsersCanJoin, true}}));
+  open();
+  turn("onlySignedinWithSpecifiedDomains", true);
+  EXPECT_TRUE(control("audioWatermarkButton").on);
+  click("buttonContinue");
+  EXPECT_TRUE(settings()[vn_Setting_EnableAudioWatermark].boolValue());
 }
 
 TEST_F(SecurityPanelTest, EndToEndEncryptionTakesRecordingAndEarlyJoiningAwayAndGivesThemBack) {

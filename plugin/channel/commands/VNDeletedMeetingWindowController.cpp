@@ -22,8 +22,12 @@ void VNDeletedMeetingWindowController::showSheet(const HostObject& parentWindow)
   alert.message = localizedString("LN_Schedule_DeleteMeetingInfo1_120529") + " " + place + "\n" +
                   localizedString("LN_Schedule_DeleteMeetingInfo2_120529");
   if (const std::string address = getMeetingTrashCanLink(); !address.empty()) {
-    alert.link =
-        Presenter::Link{place, address, [address] { Registry::platform().workspace->openWebPage(address); }};
+    alert.link = Presenter::Link{place, address, [address] {
+                                   // The alert may outlive this system.
+                                   if (Workspace* workspace = Registry::platform().workspace) {
+                                     workspace->openWebPage(address);
+                                   }
+                                 }};
   }
   alert.buttons = {localizedString("LN_Schedule_DeleteMeeting_120529"), localizedString("Button_Cancel")};
   alert.notAgainSwitch = localizedString("LN_Schedule_DoNotRemind_120529");
