@@ -41,14 +41,18 @@ void AudioOptions::initWithLocalString() {
   m_thirdPartyAudioTextField.placeholder = panelText("LN_Schedule_Audio_ThirdParty_Placeholder");
 }
 
-AudioSite AudioOptions::site() const {
+AudioSite AudioOptions::site() {
   const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  return {
-      .isTspSite = profile.isTspSite(),
-      .tspAccounts = profile.tspAccounts().count(),
-      .isScheduleAudioBothDisabled = profile.isScheduleAudioBothDisabled(),
-      .enableThirdPartyAudio = m_record.enableThirdPartyAudio(),
-      .isVornClientSupportEditCountries = vnClientFeatureMgr::sharedInstance().isVornClientSupportEditCountries()};
+  if (profile.hasUserProfile()) {
+    m_site.isTspSite = profile.isTspSite();
+    m_site.tspAccounts = profile.tspAccounts().count();
+    m_site.isScheduleAudioBothDisabled = profile.isScheduleAudioBothDisabled();
+    m_tspServiceProvider = profile.tspServiceProvider();
+  }
+  m_site.enableThirdPartyAudio = m_record.enableThirdPartyAudio();
+  m_site.isVornClientSupportEditCountries =
+      vnClientFeatureMgr::sharedInstance().isVornClientSupportEditCountries();
+  return m_site;
 }
 
 AudioControls AudioOptions::shown() const {
@@ -98,17 +102,14 @@ void AudioOptions::initAudioBox() {
 
 void AudioOptions::initTspAccountPopup(const AudioSite& site) {
   m_tspAccountPopup.items.clear();
-  const std::string provider = vnUserProfileHelper::sharedInstance().tspServiceProvider();
-  for (std::string& title : tspAccountTitles(provider, site, panelText)) {
+  for (std::string& title : tspAccountTitles(m_tspServiceProvider, site, panelText)) {
     m_tspAccountPopup.items.emplace_back(std::move(title));
   }
 }
 
 void AudioOptions::setTSPAudioTooltip(const AudioSite& site) {
-  const std::string toolTip = site.isTspSite
-                                  ? tspAccountToolTip(vnUserProfileHelper::sharedInstance().tspServiceProvider(),
-                                                      site, m_tspAccountPopup.index, panelText)
-                                  : "";
+  const std::string toolTip =
+      site.isTspSite ? tspAccountToolTip(m_tspServiceProvider, site, m_tspAccountPopup.index, panelText) : "";
   m_telephonyButton.toolTip = toolTip;
   m_tspAccountButton.toolTip = toolTip;
   m_tspAccountPopup.toolTip = toolTip;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "settings/PanelParts.h"
@@ -36,7 +37,7 @@ class AudioOptions {
   void forgetTyped() { m_isThirdPartyTyped = false; }
 
  private:
-  panel_rules::AudioSite site() const;
+  panel_rules::AudioSite site();
   panel_rules::AudioControls shown() const;
   void show(const panel_rules::AudioControls& controls);
   void initTspAccountPopup(const panel_rules::AudioSite& site);
@@ -47,6 +48,10 @@ class AudioOptions {
   ControlSet& m_controls;
   vnSettingData& m_record;
   PanelSteps& m_steps;
+  // Of the account as it was last known: another window may have forgotten it, and the controls are a site's
+  // still.
+  panel_rules::AudioSite m_site;
+  std::string m_tspServiceProvider;
   // The user has typed the third party's text since the panel was opened.
   bool m_isThirdPartyTyped = false;
 

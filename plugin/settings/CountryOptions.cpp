@@ -6,7 +6,6 @@
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
-#include "settings/ChosenPerson.h"
 #include "settings/VNEditCountriesWindowController.h"
 #include "settings/rules/AudioRules.h"
 #include "settings/rules/CountryRules.h"
@@ -35,7 +34,11 @@ CountryOptions::CountryOptions(const PanelParts& panel, VNEditCountriesWindowCon
       m_steps(panel.steps),
       m_editCountriesWindow(editCountriesWindow),
       m_selectedCountriesField(m_controls.add(Kind::label, "selectedCountriesField", kBox)),
-      m_editCountriesButton(m_controls.add(Kind::link, "editCountriesButton", kBox)) {}
+      m_editCountriesButton(m_controls.add(Kind::link, "editCountriesButton", kBox)) {
+  m_editCountriesWindow.setDoneTarget([this] { followWindow(); });
+}
+
+CountryOptions::~CountryOptions() { m_editCountriesWindow.setDoneTarget(nullptr); }
 
 void CountryOptions::initWithLocalString() { m_editCountriesButton.text = panelText("LN_Schedule_EditCountries"); }
 
@@ -45,13 +48,21 @@ void CountryOptions::initWithLocalString() { m_editCountriesButton.text = panelT
 void CountryOptions::initCountriesFromRecord() {
   if (m_record.hash().value_or("").empty()) return;
   const bool isListed = vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
-  VNAvailableDialinCountryContent content =
-      availableDialinCountry(isListed ? chosenPerson(m_controls) : "").value_or(VNAvailableDialinCountryContent());
+  VNAvailableDialinCountryContent content = availableDialinCountry(isListed ? m_steps.getUIScheduleForEmail() : "")
+                                                .value_or(VNAvailableDialinCountryContent());
   content.hash = m_record.hash();
   content.includeTollfree = m_record.includeTollfree();
   content.selectedCountries = m_record.arrSelectedCountries();
   content.enableShowIncludeTollfree = m_record.enableShowIncludeTollfree();
   m_editCountriesWindow.updateCountriesUIItems(std::move(content));
+}
+
+// The next load, which any change of the encryption brings, shows the record's choice.
+void CountryOptions::followWindow() {
+  const auto& content = m_editCountriesWindow.countryContent();
+  if (!content) return;
+  m_record.setIncludeTollfree(content->includeTollfree);
+  m_record.setSelectedCountries(content->selectedCountries);
 }
 
 void CountryOptions::initEditCountriesOptions() {
@@ -69,21 +80,23 @@ void CountryOptions::updateSelectedCountriesDesField() {
 }
 
 void CountryOptions::showEditCountriesOptionsAsAudioType(std::int64_t audioType) {
-  const AudioSite site{
-      .isTspSite = vnUserProfileHelper::sharedInstance().isTspSite(),
-      .isVornClientSupportEditCountries = vnClientFeatureMgr::sharedInstance().isVornClientSupportEditCountries()};
-  m_selectedCountriesField.hidden = !countriesAreShown(site, audioType);
+  const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+  if (profile.hasUserProfile()) {
+    m_site.isTspSite = profile.isTspSite();
+    m_site.isVornClientSupportEditCountries =
+        vnClientFeatureMgr::sharedInstance().isVornClientSupportEditCountries();
+  }
+  m_selectedCountriesField.hidden = !countriesAreShown(m_site, audioType);
   m_editCountriesButton.hidden = m_selectedCountriesField.hidden;
   m_steps.checkScheduleButton();
 }
 
 void CountryOptions::initCountriesOfPerson(bool isOther) {
-  const std::string person = isOther ? chosenPerson(m_controls) : "";
+  const std::string person = isOther ? m_steps.getUIScheduleForEmail() : "";
   std::optional<VNAvailableDialinCountryContent> content = availableDialinCountry(person);
   if (!content) return;
-  m_record.setIncludeTollfree(content->includeTollfree);
-  m_record.setSelectedCountries(content->selectedCountries);
   m_editCountriesWindow.updateCountriesUIItems(std::move(*content));
+  followWindow();
   initEditCountriesOptions();
 }
 
@@ -99,10 +112,13 @@ void CountryOptions::updateEditCountriesOptions(bool isFromRegion) {
   if (m_controls.isShownAndOn("enableDataCenterRegionsButton")) {
     conflict.selectedDcs = m_record.arrAdditionalDCRegions();
   }
-  const bool hasPolicy = m_controls.isShownAndOn("allowDenyButton");
+  // While the panel is loaded the switch may be that of the record before.
+  const bool hasPolicy = m_controls.isShownAndOn("allowDenyButton") && m_record.enableAllowDenyJoinMeetingRegion();
   conflict.regionPolicyType = hasPolicy ? m_record.regionType() : kNoRegionPolicy;
   conflict.selectedRegions = m_record.arrRegionCodes();
 
+  // So may the window's countries.
+  initCountriesFromRecord();
   VNAvailableDialinCountryContent content =
       availableDialinCountry(person).value_or(VNAvailableDialinCountryContent());
   if (const auto& chosen = m_editCountriesWindow.countryContent()) {
@@ -114,6 +130,7 @@ void CountryOptions::updateEditCountriesOptions(bool isFromRegion) {
   NarrowedCountries narrowed = updateDialinCountryForConflict(conflict, std::move(content), countryNames());
   const bool isChanged = narrowed.isChanged;
   m_editCountriesWindow.updateCountriesUIItems(std::move(narrowed.content));
+  followWindow();
   initEditCountriesOptions();
   m_steps.updateDataCenterImpactCountriesTipViewUI(isFromRegion || !isChanged);
   m_steps.updateAllowDenyImpactCountriesTipViewUI(!isFromRegion || !isChanged);
@@ -126,6 +143,12 @@ void CountryOptions::userChanged(std::string_view key) {
 }
 
 // -- Commit ------------------------------------------------------------------------------------------------------
+
+void CountryOptions::keep() { m_kept = m_editCountriesWindow.countryContent(); }
+
+void CountryOptions::restoreKept() {
+  if (m_kept) m_editCountriesWindow.updateCountriesUIItems(*m_kept);
+}
 
 bool CountryOptions::areCountriesEmpty() const {
   const auto& content = m_editCountriesWindow.countryContent();

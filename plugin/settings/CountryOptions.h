@@ -1,9 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
+#include "data/VNAvailableDialinCountryContent.h"
 #include "settings/PanelParts.h"
+#include "settings/rules/AudioRules.h"
 
 namespace vorn {
 
@@ -16,6 +19,9 @@ class VNEditCountriesWindowController;
 class CountryOptions {
  public:
   CountryOptions(const PanelParts& panel, VNEditCountriesWindowController& editCountriesWindow);
+  ~CountryOptions();
+  CountryOptions(const CountryOptions&) = delete;
+  CountryOptions& operator=(const CountryOptions&) = delete;
 
   void initWithLocalString();
 
@@ -37,12 +43,23 @@ class CountryOptions {
   bool areCountriesEmpty() const;
   // What a commit writes of them.
   void writeCountries();
+  // A record without a hash tells nothing of its countries, so the window's are kept beside a record that may come
+  // back, and come back with it.
+  void keep();
+  void restoreKept();
 
  private:
+  // The record takes what counts in the window.
+  void followWindow();
+
   ControlSet& m_controls;
   vnSettingData& m_record;
   PanelSteps& m_steps;
   VNEditCountriesWindowController& m_editCountriesWindow;
+  // Of the account as it was last known: another window may have forgotten it, and a commit clears countries that
+  // are not shown.
+  panel_rules::AudioSite m_site;
+  std::optional<VNAvailableDialinCountryContent> m_kept;
 
   Control& m_selectedCountriesField;
   Control& m_editCountriesButton;

@@ -8,7 +8,6 @@
 #include "data/vnUserProfileHelper.h"
 #include "platform/Registry.h"
 #include "platform/Workspace.h"
-#include "settings/ChosenPerson.h"
 #include "settings/HelpLinks.h"
 #include "settings/SettingsFlags.h"
 #include "settings/rules/LongTexts.h"
@@ -72,21 +71,28 @@ void DataCenterOptions::load() {
   initDataCenterRegionsBox();
 }
 
+bool DataCenterOptions::isKnown() const {
+  return m_steps.getUIScheduleForEmail().empty()
+             ? vnUserProfileHelper::sharedInstance().hasUserProfile()
+             : vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
+}
+
 Value DataCenterOptions::offered() const {
-  const std::string person = chosenPerson(m_controls);
+  const std::string person = m_steps.getUIScheduleForEmail();
   return person.empty() ? vnUserProfileHelper::sharedInstance().getWebUncheckedDCInfos()
                         : vnGetScheduleForListHelper::sharedInstance().getWebUncheckedDCInfos(person);
 }
 
 bool DataCenterOptions::isSupported() const {
   if (!vnClientFeatureMgr::sharedInstance().isVornClientSupport500Tasks()) return false;
-  const std::string person = chosenPerson(m_controls);
+  const std::string person = m_steps.getUIScheduleForEmail();
   return person.empty() ? vnUserProfileHelper::sharedInstance().isSupportRegionCustomization()
                         : vnGetScheduleForListHelper::sharedInstance().isSupportAdditionalDc(person);
 }
 
 void DataCenterOptions::getDataCenterRegions() {
-  m_dataCenterRegions = dataCenters(offered(), m_record.arrAdditionalDCRegions());
+  if (isKnown()) m_offered = offered();
+  m_dataCenterRegions = dataCenters(m_offered, m_record.arrAdditionalDCRegions());
 }
 
 void DataCenterOptions::releaseDataCenterButtons(std::size_t kept) {
@@ -95,21 +101,29 @@ void DataCenterOptions::releaseDataCenterButtons(std::size_t kept) {
 
 void DataCenterOptions::initDataCenterRegionsBox() {
   getDataCenterRegions();
-  const bool isOffered = isSupported() && !m_dataCenterRegions.empty();
+  const bool isOffered = isKnown() && isSupported() && !m_dataCenterRegions.empty();
   m_dataCenterBox.hidden = !isOffered;
   m_enableDataCenterRegionsButton.hidden = !isOffered;
-  if (!isOffered) {
+  // Who is not known yet, or no more, may offer them all the same, and the meeting keeps its own until then.
+  if (!isOffered && (isKnown() || !vnClientFeatureMgr::sharedInstance().isVornClientSupport500Tasks())) {
     m_record.setEnableRegionCustomization(false);
     m_record.setArrAdditionalDCRegions(Value::array());
   }
-  m_enableDataCenterRegionsButton.on = m_record.enableRegionCustomization();
-  showWarning();
-  showCenters();
+  showChoice();
   if (isOffered && (m_context.isForUpdateVornMeeting() || m_controls.isOn("buttonUsePMI"))) {
     m_steps.updateEditCountriesOptions(false);
   }
   updateDataCenterImpactCountriesTipViewUI(true);
 }
+
+void DataCenterOptions::showChoice() {
+  m_enableDataCenterRegionsButton.on = m_record.enableRegionCustomization();
+  showWarning();
+  showCenters();
+}
+
+// What is on the screen stays when the account is forgotten meanwhile, so that the choice can be finished.
+void DataCenterOptions::showOnceMore() { isKnown() ? initDataCenterRegionsBox() : showChoice(); }
 
 void DataCenterOptions::showWarning() {
   m_warning.hidden = getDataCenterIfSelected() || !SettingsFlags::shared().isCheckedScheduleButton;
@@ -141,7 +155,7 @@ void DataCenterOptions::userChanged(std::string_view key) {
 
 void DataCenterOptions::onClickDataCenterRegionsButton() {
   m_record.setEnableRegionCustomization(m_enableDataCenterRegionsButton.on);
-  initDataCenterRegionsBox();
+  showOnceMore();
   m_steps.updateEditCountriesOptions(false);
 }
 
@@ -166,7 +180,7 @@ bool DataCenterOptions::getDataCenterIfSelected() const {
 
 void DataCenterOptions::resetDataCenterBoxUI() {
   SettingsFlags::shared().isCheckedScheduleButton = true;
-  initDataCenterRegionsBox();
+  showOnceMore();
 }
 
 }  // namespace vorn

@@ -34,10 +34,14 @@ class DataCenterOptions {
   void resetDataCenterBoxUI();
 
  private:
+  // What the account, or the person, offers can be told.
+  bool isKnown() const;
   Value offered() const;
   bool isSupported() const;
   void getDataCenterRegions();
   void releaseDataCenterButtons(std::size_t kept);
+  void showChoice();
+  void showOnceMore();
   void showWarning();
   void showCenters();
   void onClickDataCenterRegionsButton();
@@ -47,6 +51,8 @@ class DataCenterOptions {
   vnSettingData& m_record;
   const SettingsContext& m_context;
   PanelSteps& m_steps;
+  // As last known.
+  Value m_offered;
   // The centres that are offered, and how many of them have a button.
   std::vector<panel_rules::DataCenter> m_dataCenterRegions;
   std::size_t m_buttons = 0;

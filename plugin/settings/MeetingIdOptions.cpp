@@ -17,8 +17,6 @@ constexpr const char* kMessage = "pmiDisableMessageView";
 
 vnUserProfileHelper& profile() { return vnUserProfileHelper::sharedInstance(); }
 
-std::string emailOf(int index) { return index < 0 ? "" : profile().getScheduleForEmailWithIndex(index); }
-
 }  // namespace
 
 MeetingIdOptions::MeetingIdOptions(const PanelParts& panel)
@@ -44,16 +42,22 @@ void MeetingIdOptions::initWithLocalString() {
 
 void MeetingIdOptions::initPMITitle() {
   m_hasLostPMI = false;
-  updatePMITitle(static_cast<int>(profile().getScheduleForIndexWithEmail(m_record.scheduleForEmail())));
+  // The popup is loaded only later.
+  const OptionalText& email = m_record.scheduleForEmail();
+  const bool isListed = profile().getScheduleForIndexWithEmail(email) >= 0;
+  m_buttonUsePMI.text = getUsePMITitle(isListed ? email.value_or("") : "");
 }
 
-std::string MeetingIdOptions::getUsePMITitle(int index) const {
+// Those of the popup are asked for by who they are: the account may have another list meanwhile.
+std::string MeetingIdOptions::emailOf(int index) const { return index < 0 ? "" : m_steps.getUIScheduleForEmail(); }
+
+std::string MeetingIdOptions::getUsePMITitle(const std::string& email) const {
   const OptionalText id =
-      index < 0 ? profile().roomMeetingID() : profile().pmiMeetingIDWithScheduleForEmail(emailOf(index));
+      email.empty() ? profile().roomMeetingID() : profile().pmiMeetingIDWithScheduleForEmail(email);
   return usePMITitle(vnSettingData::getFormatRoomMeetingId(id), panelText);
 }
 
-void MeetingIdOptions::updatePMITitle(int index) { m_buttonUsePMI.text = getUsePMITitle(index); }
+void MeetingIdOptions::updatePMITitle(int index) { m_buttonUsePMI.text = getUsePMITitle(emailOf(index)); }
 
 void MeetingIdOptions::updateOneTimeMeetingTitle() {
   const bool isPersonal = m_record.usePMI() || m_hasLostPMI;

@@ -39,7 +39,9 @@ class MeetingIdOptions {
   bool needShowMeetingID(int index) const { return !isDisablePMI(index); }
   // A person without one has nothing to choose.
   bool hasPMI(int index) const;
-  std::string getUsePMITitle(int index) const;
+  std::string emailOf(int index) const;
+  // "" for oneself.
+  std::string getUsePMITitle(const std::string& email) const;
   void choosePMI(bool usePMI);
   void onClickMeetingIDType(bool usePMI);
   void onClickDisablePMIMessageCloseButton();

@@ -1,5 +1,6 @@
 #include "settings/SignInDomainOptions.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "channel/store/vnCommon.h"
@@ -55,6 +56,9 @@ void SignInDomainOptions::initWithLocalString() {
 
 void SignInDomainOptions::initOnlySignedin() {
   m_onlySignedinWithSpecifiedDomains.on = m_record.isSignedInUsersMeetingOn();
+}
+
+void SignInDomainOptions::forgetTyped() {
   m_edited.clear();
   m_chosenId.reset();
 }
@@ -162,13 +166,11 @@ void SignInDomainOptions::onClickViewEditButton() {
 
 void SignInDomainOptions::onUpdateMeetingAuthChanged(const Value& auth) {
   Value::Array auths = m_meetingAuths.items();
-  bool isFound = false;
-  for (Value& each : auths) {
-    if (isFound || idOf(each) != idOf(auth)) continue;
-    each = auth;
-    isFound = true;
-  }
-  if (!isFound) return;
+  const auto found =
+      std::find_if(auths.begin(), auths.end(), [&](const Value& each) { return idOf(each) == idOf(auth); });
+  if (found == auths.end()) return;
+  *found = auth;
+  m_authNamePopup.index = static_cast<int>(found - auths.begin());
   m_meetingAuths = std::move(auths);
   m_edited[idOf(auth)] = auth;
   m_chosenId = idOf(auth);
@@ -176,6 +178,7 @@ void SignInDomainOptions::onUpdateMeetingAuthChanged(const Value& auth) {
 }
 
 void SignInDomainOptions::onClickOnlySignedinSpecifiedDomains() {
+  m_record.setIsSignedInUsersMeetingOn(m_onlySignedinWithSpecifiedDomains.on);
   initRestrictDomainsBox();
   m_steps.initAudioWatermarkButton();
   m_steps.initAudioWatermark();

@@ -33,6 +33,8 @@ class SignInDomainOptions {
 
   // What a commit writes of it.
   void writeSignIn();
+  // The panel has ended: from now on the record counts, and not what was chosen and edited.
+  void forgetTyped();
 
  private:
   // The choices as an array; absent when there is none. May give the record the account's id of its choice.
@@ -54,8 +56,8 @@ class SignInDomainOptions {
   VNDomainsWindowController& m_domainsWindow;
 
   Value m_meetingAuths = Value::array();
-  // What the user has done since the panel was loaded, by the choice's id: the switch makes the list anew, and it
-  // still has to be there then.
+  // What the user has done since the panel was opened, by the choice's id: the switch and every load make the list
+  // anew, and it still has to be there then.
   std::map<std::string, Value, std::less<>> m_edited;
   OptionalText m_chosenId;
 

@@ -80,7 +80,8 @@ void TemplateOptions::initTemplateBox(const MeetingTemplate& chosen) {
     m_templatePopup.index = templateIndex(m_templates, chosen.id);
     lastIndex = m_templatePopup.index;
   }
-  resetTemplateTipUI(chosen);
+  // What a hidden popup shows is no choice, and would hold Continue back for good.
+  resetTemplateTipUI(m_templateBox.hidden ? templateOf(m_record.options()) : chosen);
 }
 
 void TemplateOptions::resetTemplateTipUI(const MeetingTemplate& chosen) {

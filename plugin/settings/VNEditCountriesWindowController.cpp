@@ -85,7 +85,11 @@ void VNEditCountriesWindowController::updateCountriesUIItems(VNAvailableDialinCo
   m_countryContent = std::move(content);
   initCurSelectedCountriesArray();
   // A closed window has nothing to draw, and the panel's steps bring its countries more than once.
-  if (m_window.hidden) return;
+  if (!m_window.hidden) showContent();
+}
+
+void VNEditCountriesWindowController::showContent() {
+  m_includeTollfreeNumberBtn.on = m_countryContent && m_countryContent->includeTollfree;
   updateAllCountries();
   resetAllCountriesArraySelectedFlag();
   refreshUIItems();
@@ -129,10 +133,7 @@ void VNEditCountriesWindowController::initCurSelectedCountriesArray() {
 void VNEditCountriesWindowController::showWindowSheet() {
   if (!m_window.hidden) return;
   m_window.hidden = false;
-  m_includeTollfreeNumberBtn.on = m_countryContent && m_countryContent->includeTollfree;
-  updateAllCountries();
-  resetAllCountriesArraySelectedFlag();
-  refreshUIItems();
+  showContent();
 }
 
 void VNEditCountriesWindowController::closeWindowSheet() {
@@ -317,6 +318,7 @@ void VNEditCountriesWindowController::clickDoneButton() {
   if (!m_countryContent) return;
   applyUISettings();
   m_window.hidden = true;
+  if (m_doneTarget) m_doneTarget();
   Registry::platform().notificationCenter->post(notify_Setting_SelectedCountriesChanged);
 }
 

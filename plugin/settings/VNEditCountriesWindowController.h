@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "data/VNAvailableDialinCountryContent.h"
@@ -36,6 +38,9 @@ class VNEditCountriesWindowController {
   VNEditCountriesWindowController(const VNEditCountriesWindowController&) = delete;
   VNEditCountriesWindowController& operator=(const VNEditCountriesWindowController&) = delete;
 
+  // Who hears that the choice in this very window counts from now on; before all open panels are told.
+  void setDoneTarget(std::function<void()> target) { m_doneTarget = std::move(target); }
+
   // The texts, and the account's countries.
   void initializeItems();
   // Replaces the countries and the choice among them.
@@ -51,6 +56,7 @@ class VNEditCountriesWindowController {
   const std::optional<VNAvailableDialinCountryContent>& countryContent() const { return m_countryContent; }
 
  private:
+  void showContent();
   void refreshUIItems();
   void updateAllCountries();
   void resetAllCountriesArraySelectedFlag();
@@ -74,6 +80,7 @@ class VNEditCountriesWindowController {
   void clickDoneButton();
 
   ControlSet& m_controls;
+  std::function<void()> m_doneTarget;
   std::optional<VNAvailableDialinCountryContent> m_countryContent;
   // Places in the content's countries: all by their names, and those that the search has found.
   std::vector<std::size_t> m_allCountries;

@@ -12,6 +12,7 @@ namespace vorn {
 namespace {
 
 using namespace panel_rules;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -194,6 +195,19 @@ TEST_F(AudioPanelTest, OffersAProvidersAccountsAndCommitsTheChosenOne) {
   turn("voipButton", true);
   EXPECT_TRUE(control("tspAccountPopup").hidden);
   EXPECT_EQ(committed(vn_Setting_AudioOption), Value(12));
+
+  // The site stays one when another window's end makes the account forgotten.
+  for (const bool isLoadedAgain : {false, true}) {
+    SCOPED_TRACE(isLoadedAgain);
+    knowAccount(account);
+    open();
+    turn("tspAccountButton", true);
+    choose("tspAccountPopup", 1);
+    vnUserProfileHelper::sharedInstance().clearUserProfile();
+    if (isLoadedAgain) view().initializeItems();
+    EXPECT_THAT(control("tspAccountPopup").items, Contains(ControlItem("A provider with..., account 2")));
+    EXPECT_EQ(committed(vn_Setting_AudioOption), Value(11));
+  }
 }
 
 TEST_F(AudioPanelTest, AsksForTheThirdPartysTextAndKeepsItWhileThePanelIsLoadedAgain) {
@@ -317,6 +331,38 @@ TEST_F(AudioPanelTest, DataCentresThatAreNotOfferedLeaveTheRecord) {
     EXPECT_EQ(shown()->find("dataCenterButton2"), nullptr);
     endSettingsPanel(id());
   }
+}
+
+TEST_F(AudioPanelTest, DataCentresOfWhomNothingIsKnownStayTheMeetings) {
+  knowCenters();
+  open();
+  turn("enableDataCenterRegionsButton", true);
+  turn("dataCenterButton2", true);
+  vnUserProfileHelper::sharedInstance().clearUserProfile();
+  turn("dataCenterButton3", true);
+  EXPECT_EQ(settings()[vn_Setting_AdditionalDCRegions], Value(Value::Array{"EU", "JX"})) << "as they were shown";
+  turn("enableDataCenterRegionsButton", false);
+  turn("enableDataCenterRegionsButton", true);
+  EXPECT_TRUE(control("dataCenterButton2").on && control("dataCenterButton3").on);
+  view().initializeItems();
+  EXPECT_TRUE(control("dataCenterBox").hidden);
+  EXPECT_EQ(committed(vn_Setting_AdditionalDCRegions), Value(Value::Array{"EU", "JX"}));
+  EXPECT_TRUE(settings()[vn_Setting_EnableRegionCustomization].boolValue());
+
+  const Value dana = Value::dictionaryFromPairs({{vn_Boss_Email, "dana@vorn.example"}});
+  vnUserProfileHelper::sharedInstance().setData(
+      Value::dictionaryFromPairs({{"userId", "me"}, {vn_Profile_Bosses, Value::Array{dana}}}));
+  open();
+  view().settingData().setScheduleForEmail("dana@vorn.example");
+  view().settingData().setEnableRegionCustomization(true);
+  view().settingData().setArrAdditionalDCRegions(Value::Array{"EU"});
+  view().initializeItems();
+  EXPECT_EQ(control("scheduleForPopup").index, 1);
+  EXPECT_EQ(settings()[vn_Setting_AdditionalDCRegions], Value(Value::Array{"EU"})) << "her list is on its way";
+  vnGetScheduleForListHelper::sharedInstance().setData(
+      Value::dictionaryFromPairs({{vn_Profile_Bosses, Value::Array{dana}}}));
+  view().initializeItems();
+  EXPECT_EQ(settings()[vn_Setting_AdditionalDCRegions].count(), 0u) << "she has none";
 }
 
 TEST_F(AudioPanelTest, TenThousandDataCentresComeAndGoAtOnce) {

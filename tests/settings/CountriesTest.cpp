@@ -222,12 +222,17 @@ TEST_F(CountriesPanelTest, ListsTheCountriesByTheirNamesAndWhatIsChosenCountsAft
   EXPECT_EQ(control("selectedCountriesField").text, "Dial in from United States and Germany");
   click("_doneBtn");
   EXPECT_FALSE(shown()->isOnScreen("countryRow0"));
-  EXPECT_EQ(control("selectedCountriesField").text, "Dial in from Germany and Austria");
+  view().initializeItems();
+  EXPECT_EQ(control("selectedCountriesField").text, "Dial in from Germany and Austria")
+      << "also when loaded again";
   EXPECT_EQ(committed(), list({"DE", "AT"}));
   EXPECT_TRUE(settings()[vn_Setting_AvailableDialinCountry][vn_Setting_DialinCountry_IncludeTollfree].boolValue());
   openWindow();
   EXPECT_THAT(rows(), ElementsAre("Austria*", "Germany*", "Taiwan", "United States"));
   EXPECT_TRUE(control("_includeTollfreeNumberBtn").on);
+  view().settingData().setIncludeTollfree(false);
+  view().initializeItems();
+  EXPECT_FALSE(control("_includeTollfreeNumberBtn").on) << "loaded again while it is shown";
 }
 
 TEST_F(CountriesPanelTest, NamesAndOrderAreOfTheUsersLanguage) {
@@ -290,6 +295,7 @@ TEST_F(CountriesPanelTest, AreClearedByACommitOfAudioWithoutTheTelephone) {
   EXPECT_TRUE(control("editCountriesButton").hidden && control("selectedCountriesField").hidden);
   EXPECT_TRUE(committed().isAbsent());
   open();
+  vnUserProfileHelper::sharedInstance().clearUserProfile();
   turn("bothButton", true);
   EXPECT_EQ(control("selectedCountriesField").text, "Dial in from United States and Germany");
   EXPECT_EQ(committed(), list({"US", "DE"}));
@@ -356,6 +362,8 @@ TEST_F(CountriesPanelTest, DataCentresNarrowThemAndTheTipTellsOfIt) {
       click("editCountriesButton");
       EXPECT_THAT(rows(), ElementsAre("Austria", "Germany", "United States*"));
       click("_cancelBtn");
+      view().initializeItems();
+      EXPECT_EQ(control("selectedCountriesField").text, "Dial in from United States") << "loaded again";
     }
     EXPECT_EQ(committed(), isOld ? list({"US", "DE"}) : list({"US"}));
     endSettingsPanel(id());

@@ -240,6 +240,12 @@ TEST_F(MeetingIdPanelTest, ThreeGettersSayThreeThingsOfWhomItIsFor) {
   EXPECT_EQ(group.getUIScheduleForEmail(), kDana);
   EXPECT_EQ(group.getScheduleForEmail(), kDana);
   EXPECT_EQ(group.getScheduleForEmailFromUI(), "") << "a number of its own";
+  people = Value::Array{person(kBob, "Bob", "5550888888"), person(kDana, "Dana", "5550777777")};
+  knowAccount();
+  choose("scheduleForPopup", 0);
+  choose("scheduleForPopup", 1);
+  EXPECT_EQ(control("buttonUsePMI").text, "Personal Meeting ID 555 077 7777")
+      << "who is shown, not who is now first";
   turn("buttonUsePMI", true);
   EXPECT_EQ(panels.getSchSettingWindowInArray(id())->getScheduldForEmailFromUI(), kDana);
   EXPECT_EQ(choose("scheduleForPopup", 0), Use::done);

@@ -60,6 +60,15 @@ TEST(SignInRulesTest, TheRecordsChoiceIsFoundByIdThenByNameAndOtherwiseCountsAsD
       {"locked: the account's domains", Value::Array{staff}, "s", "Staff", 1, true, "s:a.example ", false, {}},
       {"the same name", Value::Array{staff, named}, "old", "Pupils", 0, false, "s:a.example n:p.example ", false,
        "n"},
+      {"the same id behind a namesake",
+       Value::Array{named, auth("own", "Pupils", 0, "")},
+       "own",
+       "Pupils",
+       0,
+       false,
+       "n:p.example own:own ",
+       false,
+       {}},
       {"the same name without domains", Value::Array{bare}, "old", "Guests", 0, false, "b: old:own ", true, {}},
       {"the same name of another type",
        Value::Array{staff},
@@ -180,6 +189,9 @@ TEST_F(SignInPanelTest, OffersTheChoicesWithTheirDomainsAndCommitsTheOneThatIsSh
   turn("onlySignedinWithSpecifiedDomains", false);
   turn("onlySignedinWithSpecifiedDomains", true);
   EXPECT_EQ(control("authNamePopup").index, 0) << "what was chosen outlasts the switch";
+  view().initializeItems();
+  EXPECT_TRUE(control("onlySignedinWithSpecifiedDomains").on);
+  EXPECT_EQ(control("authNamePopup").index, 0) << "and the next load";
   click("buttonContinue");
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthId], Value("s"));
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthName], Value("Staff"));
@@ -260,6 +272,7 @@ TEST_F(SignInPanelTest, DomainsAreEditedInAWindowThatKeepsWhatIsNoDomain) {
   EXPECT_FALSE(isOnScreen("domainsWindow"));
   turn("onlySignedinWithSpecifiedDomains", false);
   turn("onlySignedinWithSpecifiedDomains", true);
+  view().initializeItems();
   click("buttonContinue");
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthDomain], Value("")) << "any signed-in user may join";
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthId], Value("p"));
@@ -278,6 +291,8 @@ TEST_F(SignInPanelTest, OtherDomainsReachNoOtherPanel) {
   type("_domainsTextField", "mine.example");
   click("domains_SaveBtn");
   EXPECT_EQ(control("domainText").text, "mine.example");
+  test.notificationCenter.post(notify_Schedule_AuthDomainChanged, &view().controls(), staff);
+  EXPECT_EQ(control("authNamePopup").index, 0) << "the one that was edited is the one that is chosen";
   EXPECT_EQ(host.on(other.bar->ownWindow)->find("domainText")->text, "p.example");
 }
 

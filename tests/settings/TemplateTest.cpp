@@ -150,6 +150,19 @@ TEST_F(TemplatePanelTest, OneThatGoesWhileThePanelIsOpenIsTheOneThatIsTold) {
   EXPECT_THAT(control("templateDeletedTipTextField").text, HasSubstr("“Review”"));
 }
 
+TEST_F(TemplatePanelTest, OneThatGoesWithAllOthersHoldsContinueBackNoLongerThanItIsShown) {
+  knowTemplates(both);
+  open();
+  choose("templatePopup", 4);
+  com::tidemar::webapp::proto::UserProfile account;
+  knowAccount(account);
+  click("buttonContinue");
+  ASSERT_NE(shown(), nullptr);
+  EXPECT_FALSE(isOnScreen("templatePopup") || isOnScreen("templateDeletedTipTextField"));
+  EXPECT_EQ(click("buttonContinue"), Use::done);
+  EXPECT_EQ(shown(), nullptr);
+}
+
 TEST_F(TemplatePanelTest, AForgottenAccountSaysNothingOfTheTemplate) {
   knowTemplates(both);
   openWith("l", "Lesson");

@@ -55,6 +55,8 @@ MeetingAuths allMeetingAuths(const Value& offered, const MeetingOptions& record,
     if (idOf(auth) == *record.authId) {
       auth = own;
       result.list = std::move(auths);
+      // A namesake before it is another choice.
+      result.newAuthId.reset();
       return result;
     }
     if (isSameByName(auth, record)) result.newAuthId = idOf(auth);
