@@ -55,6 +55,7 @@ class BareSurroundings final : public Surroundings {
   std::string applicationsDirectory() override { return "/nonexistent"; }
   std::string userApplicationsDirectory() override { return "/nonexistent"; }
   std::optional<std::string> resource(std::string_view, std::string_view) override { return std::nullopt; }
+  std::string resourcePath(std::string_view, std::string_view) override { return {}; }
   Version systemVersion() override { return {10, 15, 0}; }
   std::vector<std::string> preferredLanguages() override { return {"en-US"}; }
   double currentTime() override { return 0; }

@@ -57,6 +57,7 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   m_editCountriesWindowController.initializeItems();
   m_settingData.initWithSiteMeetingInfo(meetingInfo);
   m_kept = m_settingData;
+  m_countries.keep();
   initializeItems();
   m_meetingId.updateOneTimeMeetingTitle();
   m_waitsForPersonalMeeting = m_settingData.usePMI();
@@ -195,7 +196,10 @@ void VnSettingViewController::refreshUI(bool forPMI) {
     }
     m_settingData.setUsePMI(true);
     // A meeting that was to be a personal one from the start is loaded only now.
-    if (std::exchange(m_waitsForPersonalMeeting, false)) m_kept = m_settingData;
+    if (std::exchange(m_waitsForPersonalMeeting, false)) {
+      m_kept = m_settingData;
+      m_countries.keep();
+    }
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);
@@ -335,13 +339,16 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
   if (isOK) {
     takeControls(Commit::meant);
     m_kept = m_settingData;
+    m_countries.keep();
   } else {
     throwEditsAway();
+    m_countries.restoreKept();
   }
   m_alternateHosts.forgetEdits();
   m_security.forgetTyped();
   m_plainOptions.forgetTyped();
   m_audio.forgetTyped();
+  m_signInDomains.forgetTyped();
   m_trackingFieldsController.forgetTyped();
 }
 

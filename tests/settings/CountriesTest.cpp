@@ -301,6 +301,22 @@ TEST_F(CountriesPanelTest, AreClearedByACommitOfAudioWithoutTheTelephone) {
   EXPECT_EQ(committed(), list({"US", "DE"}));
 }
 
+TEST_F(CountriesPanelTest, AreThoseOfBeforeWhenThePanelIsDismissed) {
+  for (const char* hash : {"h", ""}) {
+    SCOPED_TRACE(hash);
+    Value offered = countries({"US", "DE", "AT"}, {"US", "DE"});
+    offered.set(vn_Setting_DialinCountry_Hash, hash);
+    know({}, {}, Value::dictionaryFromPairs({{vn_Setting_AvailableDialinCountry, offered}}));
+    openWindow();
+    turn("countryRow0", true);
+    click("_doneBtn");
+    click("buttonCancel");
+    open();
+    EXPECT_EQ(control("selectedCountriesField").text, "Dial in from United States and Germany");
+    endSettingsPanel(id());
+  }
+}
+
 TEST_F(CountriesPanelTest, WithoutAnyThePanelSaysSoAndContinueHasToWait) {
   know({"US", "DE"}, {""});
   open();

@@ -196,6 +196,11 @@ TEST_F(SignInPanelTest, OffersTheChoicesWithTheirDomainsAndCommitsTheOneThatIsSh
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthId], Value("s"));
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthName], Value("Staff"));
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthType], Value(1));
+  open();
+  choose("authNamePopup", 2);
+  click("buttonCancel");
+  open();
+  EXPECT_EQ(control("authNamePopup").index, 0) << "a dismissed choice is none";
 }
 
 TEST_F(SignInPanelTest, ASingleChoiceStandsInTheTitle) {
