@@ -318,7 +318,7 @@ void SecurityOptions::fieldTextChange() {
 
 // Who cannot see the list of rules hears it with the field.
 void SecurityOptions::resetPasswordTextFieldAccess(std::int64_t ruleResult) {
-  m_passwordTextField.spoken = m_passwordRuleWindow.spokenRules(m_passwordTextField.text, ruleResult);
+  m_passwordTextField.spoken = VNPasswordRuleWindowController::spokenRules(m_passwordTextField.text, ruleResult);
 }
 
 void SecurityOptions::onClickRequiredMeetingPswButton() {

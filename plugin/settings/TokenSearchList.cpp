@@ -21,7 +21,7 @@ TokenSearchList::TokenSearchList(ControlSet& controls, const std::string& window
   close();
 }
 
-void TokenSearchList::setData(std::vector<Row> rows) {
+void TokenSearchList::setData(const std::vector<Row>& rows) {
   m_chips.clear();
   m_rows.items.clear();
   addDataWithArray(rows);

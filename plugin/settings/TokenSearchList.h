@@ -22,7 +22,7 @@ class TokenSearchList {
   TokenSearchList(ControlSet& controls, const std::string& windowKey, const std::string& inWindow = "");
 
   // Selects the first row.
-  void setData(std::vector<Row> rows);
+  void setData(const std::vector<Row>& rows);
   // Behind the others; the selection stays.
   void addDataWithArray(const std::vector<Row>& rows);
 
