@@ -35,7 +35,8 @@ class Workspace {
  protected:
   static bool isWebAddress(std::string_view address) {
     // What may follow a letter's address would write the letter, too.
-    const bool isLetter = address.starts_with("mailto:") && address.find_first_of("?& \n\t") == std::string_view::npos;
+    const bool isLetter =
+        address.starts_with("mailto:") && address.find_first_of("?& \n\t") == std::string_view::npos;
     return address.starts_with("https://") || address.starts_with("http://") || isLetter;
   }
 };
