@@ -17,7 +17,7 @@ class VNAllowDenyRCSearchListWindowController {
   void setData(const std::vector<panel_rules::Region>& regions) {
     std::vector<TokenSearchList::Row> rows;
     for (const panel_rules::Region& region : regions) rows.push_back({region.regionCountry, chipOf(region)});
-    m_list.setData(std::move(rows));
+    m_list.setData(rows);
   }
   void selectNextCountry() { m_list.selectNext(); }
   void selectPreviousCountry() { m_list.selectPrevious(); }
