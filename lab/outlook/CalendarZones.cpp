@@ -13,7 +13,7 @@ namespace vornlab {
 
 namespace {
 
-constexpr std::int64_t kSecondsPerDay = 86400;
+constexpr std::int64_t kDaySeconds = 86400;
 
 // Days since 1970 of a date in the Gregorian calendar, valid for every year of four digits.
 std::int64_t daysSince1970(std::int64_t year, int month, int day) {
@@ -26,14 +26,13 @@ std::int64_t daysSince1970(std::int64_t year, int month, int day) {
 
 std::int64_t wallSeconds(const icaltimetype& time) {
   const int secondsOfDay = time.hour * 3600 + time.minute * 60 + time.second;
-  return daysSince1970(time.year, time.month, time.day) * kSecondsPerDay + secondsOfDay;
+  return daysSince1970(time.year, time.month, time.day) * kDaySeconds + secondsOfDay;
 }
 
 icaltimetype wallTime(std::int64_t seconds) {
   icaltimetype time = icaltime_null_time();
-  const std::int64_t days =
-      seconds >= 0 ? seconds / kSecondsPerDay : -((-seconds + kSecondsPerDay - 1) / kSecondsPerDay);
-  const std::int64_t rest = seconds - days * kSecondsPerDay;
+  const std::int64_t days = seconds >= 0 ? seconds / kDaySeconds : -((-seconds + kDaySeconds - 1) / kDaySeconds);
+  const std::int64_t rest = seconds - days * kDaySeconds;
   const std::int64_t shifted = days + 719468;
   const std::int64_t era = (shifted >= 0 ? shifted : shifted - 146096) / 146097;
   const std::int64_t dayOfEra = shifted - era * 146097;
@@ -138,8 +137,8 @@ struct CalendarZones::Zone {
   // Worked out here, because the two sources of zones differ in both.
   std::int64_t offsetAtWallTime(const icaltimetype& time) const {
     const std::int64_t wall = wallSeconds(time);
-    const std::int64_t before = offsetAtUtc(wall - kSecondsPerDay);
-    const std::int64_t after = offsetAtUtc(wall + kSecondsPerDay);
+    const std::int64_t before = offsetAtUtc(wall - kDaySeconds);
+    const std::int64_t after = offsetAtUtc(wall + kDaySeconds);
     if (before == after || offsetAtUtc(wall - before) == before) return before;
     return offsetAtUtc(wall - after) == after ? after : before;
   }

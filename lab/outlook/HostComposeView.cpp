@@ -6,7 +6,7 @@ namespace vornlab {
 
 namespace {
 
-constexpr std::string_view kViewControllerClass = "ERCalendarEventEditorViewController";
+constexpr std::string_view kEditorControllerClass = "ERCalendarEventEditorViewController";
 
 // The HTML with a piece put in front of everything that its body shows.
 std::string withPieceInFront(const std::string& html, const std::string& piece) {
@@ -19,10 +19,10 @@ std::string withPieceInFront(const std::string& html, const std::string& piece) 
 }  // namespace
 
 void HostWorld::defineComposeView() {
-  action(kViewControllerClass, "hostWordMailEditor:", [this](const HostObject& self, const Arguments&) {
+  action(kEditorControllerClass, "hostWordMailEditor:", [this](const HostObject& self, const Arguments&) {
     send(self, "loadEventIntoWordMail");
   });
-  action(kViewControllerClass, "loadEventIntoWordMail", [this](const HostObject& self, const Arguments&) {
+  action(kEditorControllerClass, "loadEventIntoWordMail", [this](const HostObject& self, const Arguments&) {
     const auto held = editorOf(self);
     if (!held) return;
     held->compose->html = send(held->event, "body").text();
@@ -30,7 +30,7 @@ void HostWorld::defineComposeView() {
     held->uncommitted.erase("content.body");
   });
   // The compose view tells that its content may have changed; only a true difference is a change.
-  action(kViewControllerClass, "contentDidChange", [this](const HostObject& self, const Arguments&) {
+  action(kEditorControllerClass, "contentDidChange", [this](const HostObject& self, const Arguments&) {
     const auto held = editorOf(self);
     if (!held) return;
     if (held->compose->html == held->loadedHtml && !held->uncommitted.contains("content.body")) return;

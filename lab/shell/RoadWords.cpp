@@ -25,7 +25,6 @@ const Words kMeetingOperations{{1, "schedule a meeting"},
                                {3, "delete a meeting"},
                                {4, "get a meeting"},
                                {10, "get a meeting by its appointment"}};
-constexpr std::int64_t kMeetings = 3;
 
 std::string wordFor(const Words& words, std::int64_t number) {
   const auto found = words.find(number);
@@ -67,7 +66,7 @@ std::string wordsOfStep(std::string_view step, const Value& facts) {
 // Most meeting requests share one action, with the operation at the head of the content.
 std::string requestName(const Value& facts) {
   const std::int64_t action = facts["action"].integerValue();
-  if (action == kMeetings) return wordFor(kMeetingOperations, facts["content"].integerValue());
+  if (action == kMeetingRequests) return wordFor(kMeetingOperations, facts["content"].integerValue());
   return wordFor(kRequests, action);
 }
 

@@ -14,6 +14,9 @@ namespace vornlab {
 // One line for a step, without its own name, such as "5 VnCmdUpdate".
 std::string wordsOfStep(std::string_view step, const vorn::Value& facts);
 
+// The number that most meeting requests share; the operation stands at the head of their content.
+inline constexpr std::int64_t kMeetingRequests = 3;
+
 // What is asked for in a request, and what a reply answers, such as "get a meeting": the same words for a request
 // and for its reply.
 std::string requestName(const vorn::Value& facts);

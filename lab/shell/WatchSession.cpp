@@ -12,7 +12,7 @@ namespace {
 
 using vorn::Value;
 
-constexpr double kLookAgainSeconds = 0.1;
+constexpr double kPollSeconds = 0.1;
 // What one who comes later is told of the past.
 constexpr std::size_t kStepsKept = 40;
 constexpr std::size_t kNoticesKept = 5;
@@ -44,8 +44,8 @@ void WatchSession::standBetween(vorn::Platform& platform) {
   platform.trace = this;
   platform.runLoop = &m_timers;
   m_hasClient = std::filesystem::exists(m_session.world().clientProgram());
-  m_lookingAgain = m_loop.scheduledTimer(kLookAgainSeconds, vorn::RunLoop::Repeats::yes,
-                                         [this](vorn::RunLoop::Timer&) { look(); });
+  m_lookingAgain =
+      m_loop.scheduledTimer(kPollSeconds, vorn::RunLoop::Repeats::yes, [this](vorn::RunLoop::Timer&) { look(); });
   look();
 }
 

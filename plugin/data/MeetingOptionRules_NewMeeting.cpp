@@ -1,25 +1,14 @@
 // The rules of a meeting's options: the state of a new meeting.
 
+#include "data/AudioType.h"
 #include "data/MeetingOptionRules.h"
 #include "data/OptionPolicy.h"
+#include "data/RecordingType.h"
 #include "data/vnSettingKeys.h"
 
 namespace vorn::meeting_options {
 
 namespace {
-
-constexpr std::int64_t kTelephonyOnly = 0;
-constexpr std::int64_t kVoipOnly = 1;
-constexpr std::int64_t kBoth = 2;
-constexpr std::int64_t kThirdParty = 3;
-constexpr std::int64_t kTspTelephonyFirst = 10;
-constexpr std::int64_t kTspTelephonySecond = 11;
-constexpr std::int64_t kTspVoip = 12;
-constexpr std::int64_t kTspBothFirst = 13;
-constexpr std::int64_t kTspBothSecond = 14;
-
-constexpr std::int32_t kNoRecording = 0;
-constexpr std::int32_t kRecordingUnavailable = 5;
 
 // What the account gives is taken over where it offers the option.
 void take(bool& option, const OptionPolicy& policy, const AccountFacts& account) {
@@ -51,7 +40,7 @@ void takeRecording(MeetingOptions& options, const AccountFacts& account) {
   if (!local && !cloud) {
     options.emAutoRecordingType = kRecordingUnavailable;
   } else if (!account.enableAutoRecordingByDefault) {
-    options.emAutoRecordingType = kNoRecording;
+    options.emAutoRecordingType = kRecordingNone;
   } else if (local && cloud) {
     options.emAutoRecordingType = account.enableCloudRecordingByDefault ? 2 : 1;
   } else {
@@ -81,20 +70,20 @@ void takePassword(MeetingOptions& options, const AccountFacts& account, bool use
 
 // Of the saved choice only the account counts, so that it survives a changed default.
 std::int64_t savedTspAudio(std::int64_t saved, const AccountFacts& account) {
-  const bool second = saved == kTspTelephonySecond || saved == kTspBothSecond;
-  const std::int64_t telephony = second ? kTspTelephonySecond : kTspTelephonyFirst;
+  const bool second = saved == kAudioTspTelephonySecond || saved == kAudioTspBothSecond;
+  const std::int64_t telephony = second ? kAudioTspTelephonySecond : kAudioTspTelephonyFirst;
   if (account.alwaysUseBothAsDefaultAudio) {
-    const std::int64_t both = second ? kTspBothSecond : kTspBothFirst;
+    const std::int64_t both = second ? kAudioTspBothSecond : kAudioTspBothFirst;
     return account.isScheduleAudioBothDisabled ? telephony : both;
   }
-  return account.alwaysUseVOIPAsDefaultAudio ? kTspVoip : telephony;
+  return account.alwaysUseVOIPAsDefaultAudio ? kAudioTspVoip : telephony;
 }
 
 }  // namespace
 
 void resetFields(MeetingOptions& options) {
   options = {
-      .audioType = kBoth,
+      .audioType = kAudioBoth,
       .meetingPassword = "",
       .roomMeetingId = "",
       .thirdPartyAudio = "",
@@ -154,18 +143,18 @@ void initAudioTypeWithUserProfile(MeetingOptions& options, const AccountFacts& a
   if (options.enableThirdPartyAudio) options.thirdPartyAudio = account.thirdPartyAudioInfo;
 
   const bool tsp = account.isTspSite;
-  const std::int64_t telephony = tsp ? kTspTelephonyFirst : kTelephonyOnly;
+  const std::int64_t telephony = tsp ? kAudioTspTelephonyFirst : kAudioTelephony;
   if (account.alwaysUseBothAsDefaultAudio) {
-    const std::int64_t both = tsp ? kTspBothFirst : kBoth;
+    const std::int64_t both = tsp ? kAudioTspBothFirst : kAudioBoth;
     options.audioType = account.isScheduleAudioBothDisabled ? telephony : both;
   } else if (account.alwaysUseTelephonyAsDefaultAudio) {
     options.audioType = telephony;
   } else if (account.alwaysUseVOIPAsDefaultAudio) {
-    options.audioType = tsp ? kTspVoip : kVoipOnly;
+    options.audioType = tsp ? kAudioTspVoip : kAudioVoip;
   } else if (tsp) {
-    options.audioType = kTspTelephonyFirst;
+    options.audioType = kAudioTspTelephonyFirst;
   } else if (options.enableThirdPartyAudio && account.use3rdPartyAsDefaultAudio) {
-    options.audioType = kThirdParty;
+    options.audioType = kAudioThirdParty;
   }
 }
 
@@ -226,8 +215,8 @@ void resetAffectedStateByE2eeForNotShowAgain(MeetingOptions& options, const Acco
     return;
   }
   options.enableJBH = true;
-  options.audioType = kVoipOnly;
-  options.emAutoRecordingType = kNoRecording;
+  options.audioType = kAudioVoip;
+  options.emAutoRecordingType = kRecordingNone;
 }
 
 }  // namespace vorn::meeting_options

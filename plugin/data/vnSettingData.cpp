@@ -15,9 +15,9 @@ namespace vorn {
 
 namespace {
 
-const vnUserProfileHelper& account() { return vnUserProfileHelper::sharedInstance(); }
+const vnUserProfileHelper& user() { return vnUserProfileHelper::sharedInstance(); }
 
-AccountFacts factsFor(const OptionalText& email) { return accountFacts(account(), email); }
+AccountFacts factsFor(const OptionalText& email) { return accountFacts(user(), email); }
 
 Passcodes accountsPasscodes() {
   Surroundings& surroundings = *Registry::platform().surroundings;
@@ -80,7 +80,7 @@ void vnSettingData::initAudioTypeWithUserProfile() {
 }
 
 void vnSettingData::initWithSavedProfile() {
-  const Value saved = JsonTextFile(vnCommon::getVnUserProfilePath(account().getUID())).read();
+  const Value saved = JsonTextFile(vnCommon::getVnUserProfilePath(user().getUID())).read();
   if (saved.isAbsent()) return;
   const AccountFacts facts = factsFor(m_options.scheduleForEmail);
   if (meeting_options::initWithSavedProfile(m_options, facts, clientGates(), saved)) setNotShowMeAgain(true);
@@ -118,10 +118,10 @@ void vnSettingData::resetAffectedStateByE2eeForNotShowAgain() {
 }
 
 PasscodePolicy vnSettingData::passcodePolicy() {
-  return {.rules = account().getMeetingPasswordRulesOption(),
-          .minLength = account().getMeetingPasswordMinLength(),
-          .consecutiveLength = account().getMeetingPasswordConsecutiveLength(),
-          .isEnableNumberalphabet = account().isEnableNumberalphabet()};
+  return {.rules = user().getMeetingPasswordRulesOption(),
+          .minLength = user().getMeetingPasswordMinLength(),
+          .consecutiveLength = user().getMeetingPasswordConsecutiveLength(),
+          .isEnableNumberalphabet = user().isEnableNumberalphabet()};
 }
 
 bool vnSettingData::ValidateMeetingPassword(const OptionalText& password, std::int64_t& strResult) {

@@ -14,7 +14,6 @@ namespace vorn {
 
 namespace {
 
-constexpr std::size_t kNotFound = std::string_view::npos;
 constexpr std::string_view kLineBreak = "<br>";
 constexpr std::string_view kBlankLine = "<br><br>";
 constexpr std::string_view kBodyTag = "<body";
@@ -27,11 +26,11 @@ constexpr std::size_t kEndBookmarkShift = 3;
 
 // A search for the empty text finds nothing.
 std::size_t find(std::string_view text, std::string_view wanted) {
-  return wanted.empty() ? kNotFound : text.find(wanted);
+  return wanted.empty() ? std::string_view::npos : text.find(wanted);
 }
 
 std::size_t findLast(std::string_view text, std::string_view wanted) {
-  return wanted.empty() ? kNotFound : text.rfind(wanted);
+  return wanted.empty() ? std::string_view::npos : text.rfind(wanted);
 }
 
 std::string betweenBlankLines(std::string_view text) {
@@ -44,9 +43,9 @@ std::string withBookmarksInPlainText(const std::string& text) {
   const std::string_view tail = trimmed(utf16Suffix(content, kLandmarkLength), isWhitespaceOrNewline);
   std::string marked = text;
   const std::size_t begin = find(marked, head);
-  marked.insert((begin == kNotFound ? 0 : begin) + g_offset_BeginBookmarkInsert, kvn_BeginBookmark);
+  marked.insert((begin == std::string_view::npos ? 0 : begin) + g_offset_BeginBookmarkInsert, kvn_BeginBookmark);
   const std::size_t last = findLast(marked, tail);
-  std::size_t end = last == kNotFound ? marked.size() : last + tail.size();
+  std::size_t end = last == std::string_view::npos ? marked.size() : last + tail.size();
   end += utf16Prefix(std::string_view(marked).substr(end), kEndBookmarkShift).size();
   marked.insert(end, kvn_EndBookmark);
   return marked;
@@ -60,12 +59,12 @@ std::string placeholderReplaced(std::string_view body, std::string_view marked) 
 
 // The position behind the opening body tag; 0 without one.
 std::size_t behindBodyTag(std::string_view body) {
-  for (std::size_t at = body.find(kBodyTag); at != kNotFound; at = body.find(kBodyTag, at + 1)) {
+  for (std::size_t at = body.find(kBodyTag); at != std::string_view::npos; at = body.find(kBodyTag, at + 1)) {
     const std::size_t next = at + kBodyTag.size();
     if (next < body.size() && body[next] == '>') return next + 1;
     if (next >= body.size() || body[next] != ' ') continue;
     const std::size_t close = body.find('>', next);
-    return close == kNotFound ? 0 : close + 1;
+    return close == std::string_view::npos ? 0 : close + 1;
   }
   return 0;
 }

@@ -8,8 +8,6 @@ namespace vorn {
 
 namespace {
 
-constexpr std::size_t kNotFound = std::string_view::npos;
-constexpr std::string_view kLineBreak = "<br>";
 // The editor wraps the invitation in font tags, and the wrapper has to go too.
 constexpr std::string_view kWrapperBegin = "<font size=";
 constexpr std::string_view kWrapperEnd = "@</font>";
@@ -23,7 +21,7 @@ constexpr Bookmarks kQuoted{kvn_BeginBookmark, kvn_EndBookmark};
 constexpr Bookmarks kUnquoted{kvn_BeginBookmarkEx, kvn_EndBookmarkEx};
 
 bool holdsBoth(std::string_view body, const Bookmarks& pair) {
-  return body.find(pair.begin) != kNotFound && body.find(pair.end) != kNotFound;
+  return body.find(pair.begin) != std::string_view::npos && body.find(pair.end) != std::string_view::npos;
 }
 
 // Where the span of a begin bookmark at this position starts.
@@ -32,9 +30,9 @@ std::size_t reachingBack(std::size_t position) { return position - g_offset_Begi
 // The start of the lead, or of the wrapper before the bookmark.
 std::size_t startOf(std::string_view lead, std::string_view body, std::string_view bookmark) {
   const std::size_t found = findLastIgnoringCase(body, lead);
-  if (found != kNotFound) return found;
+  if (found != std::string_view::npos) return found;
   const std::size_t marked = body.find(bookmark);
-  if (marked == kNotFound) return kNotFound;
+  if (marked == std::string_view::npos) return std::string_view::npos;
   return findLastIgnoringCase(body.substr(0, marked), kWrapperBegin);
 }
 
@@ -42,16 +40,16 @@ std::size_t startOf(std::string_view lead, std::string_view body, std::string_vi
 std::size_t endOf(std::string_view trail, std::string_view body) {
   for (const std::string_view wanted : {trail, kWrapperEnd}) {
     const std::size_t found = findLastIgnoringCase(body, wanted);
-    if (found != kNotFound) return found + wanted.size();
+    if (found != std::string_view::npos) return found + wanted.size();
   }
-  return kNotFound;
+  return std::string_view::npos;
 }
 
 // The body with the span replaced; absent when an end is missing. So it is for ends that have crossed, which a
 // user can make by moving text: what lies between them is the user's. Ends that touch have an empty span, where
 // the new text comes in.
 OptionalText replaced(std::string_view body, std::size_t start, std::size_t end, std::string_view newText) {
-  if (start == kNotFound || end == kNotFound || end < start) return std::nullopt;
+  if (start == std::string_view::npos || end == std::string_view::npos || end < start) return std::nullopt;
   return replacingSpan(body, start, end, newText);
 }
 
@@ -59,7 +57,7 @@ OptionalText replaced(std::string_view body, std::size_t start, std::size_t end,
 std::string withoutLineEnds(std::string_view text) {
   std::string kept(text);
   std::erase_if(kept, [](char c) { return c == '\r' || c == '\n'; });
-  return replacingAll(kept, kLineBreak, "");
+  return replacingAll(kept, "<br>", "");
 }
 
 }  // namespace
@@ -68,7 +66,7 @@ BookmarkForm vnBodyHelper::bookmarkForm(std::string_view body) {
   // Every placeholder's bookmarks are quoted ones as well, so those that have crossed are still found as such.
   const std::size_t placeholder = body.find(kvn_InitBeginBookMark);
   const std::size_t end = body.find(kvn_InitEndBookMark);
-  const bool hasPlaceholder = placeholder != kNotFound && end != kNotFound;
+  const bool hasPlaceholder = placeholder != std::string_view::npos && end != std::string_view::npos;
   if (hasPlaceholder && placeholder <= end + kvn_InitEndBookMark.size()) return BookmarkForm::placeholder;
   if (holdsBoth(body, kQuoted)) return BookmarkForm::quoted;
   return holdsBoth(body, kUnquoted) ? BookmarkForm::unquoted : BookmarkForm::none;
@@ -80,8 +78,8 @@ OptionalText vnBodyHelper::updateVnBodyWithVnBookmark(const OptionalText& body,
   const std::string_view newText = *bodyWithVnBookmark;
   const std::size_t begin = newText.find(kvn_BeginBookmark);
   const std::size_t end = newText.find(kvn_EndBookmark);
-  if (begin == kNotFound || end == kNotFound) return std::nullopt;
-  const std::string lead = replacingAll(newText.substr(0, begin + kvn_BeginBookmark.size()), kLineBreak, "");
+  if (begin == std::string_view::npos || end == std::string_view::npos) return std::nullopt;
+  const std::string lead = replacingAll(newText.substr(0, begin + kvn_BeginBookmark.size()), "<br>", "");
   const std::string rest = withoutLineEnds(newText.substr(end));
   const std::string_view trail = trimmed(rest, isWhitespace);
   OptionalText result = replaced(*body, startOf(lead, *body, kvn_BeginBookmark), endOf(trail, *body), newText);
@@ -107,10 +105,10 @@ OptionalText vnBodyHelper::removeVnBodyForDelete(const OptionalText& body) const
   if (!body) return std::nullopt;
   const Bookmarks& pair = holdsBoth(*body, kQuoted) ? kQuoted : kUnquoted;
   const std::size_t end = body->find(pair.end);
-  if (end == kNotFound) return std::nullopt;
+  if (end == std::string_view::npos) return std::nullopt;
   const std::size_t begin = body->find(pair.begin);
   // What stands before a lost begin bookmark goes as well, deliberately.
-  const std::size_t start = begin == kNotFound ? 0 : reachingBack(begin);
+  const std::size_t start = begin == std::string_view::npos ? 0 : reachingBack(begin);
   // Ends that have crossed enclose the user's text.
   if (start > end) return body;
   return replacingSpan(*body, start, end + pair.end.size(), EMPTY_STRING);

@@ -15,7 +15,6 @@ namespace vorn {
 
 namespace {
 
-constexpr std::size_t kNotFound = std::u16string_view::npos;
 // Each URL costs a pass over the text and each link moves what is behind it, so their number is bounded. No
 // invitation comes near it.
 constexpr std::size_t kMaxLinks = 256;
@@ -24,7 +23,7 @@ bool endsURL(char16_t c) { return c == u' ' || c == u'\r' || c == u'\n'; }
 
 std::size_t findFrom(std::u16string_view text, std::u16string_view wanted, std::size_t start) {
   const std::size_t found = findText(text.substr(start), wanted);
-  return found == kNotFound ? kNotFound : start + found;
+  return found == std::u16string_view::npos ? std::u16string_view::npos : start + found;
 }
 
 // Reads a text forward, and skips white space before each move. What it skips counts as not consumed.
@@ -83,7 +82,7 @@ void collectURLs(std::u16string_view text, std::u16string_view tag, std::vector<
 std::u16string linked(std::u16string_view text, std::u16string_view url) {
   const auto link = std::u16string(u"<a href=\"").append(url).append(u"\">").append(url).append(u"</a>");
   std::u16string result;
-  for (std::size_t at = findText(text, url); at != kNotFound; at = findText(text, url)) {
+  for (std::size_t at = findText(text, url); at != std::u16string_view::npos; at = findText(text, url)) {
     result.append(text.substr(0, at)).append(link);
     text.remove_prefix(at + url.size());
   }

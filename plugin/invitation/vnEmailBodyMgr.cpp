@@ -6,11 +6,7 @@
 
 namespace vorn {
 
-namespace {
-
-bool isEmpty(const OptionalText& text) { return !text || text->empty(); }
-
-}  // namespace
+namespace {}  // namespace
 
 vnEmailBodyMgr& vnEmailBodyMgr::sharedInstance() { return Registry::shared<vnEmailBodyMgr>(); }
 

@@ -13,7 +13,6 @@ namespace vorn {
 
 namespace {
 
-constexpr std::size_t kNotFound = std::string_view::npos;
 constexpr std::string_view kMasterOfSeries = "1";
 constexpr std::string_view kNumberLinkMark = "/j/";
 constexpr std::string_view kPersonalLinkMark = "/my/";
@@ -23,13 +22,11 @@ constexpr std::size_t kFewestDigits = 9;
 constexpr std::size_t kMostDigits = 12;
 constexpr std::int64_t kFreshness = 3;
 
-bool isEmpty(const OptionalText& text) { return !text || text->empty(); }
-
-bool holds(std::string_view text, std::string_view wanted) { return text.find(wanted) != kNotFound; }
+bool holds(std::string_view text, std::string_view wanted) { return text.find(wanted) != std::string_view::npos; }
 
 std::optional<std::string_view> behind(std::string_view text, std::string_view label) {
   const std::size_t at = text.find(label);
-  if (at == kNotFound) return std::nullopt;
+  if (at == std::string_view::npos) return std::nullopt;
   return text.substr(at + label.size());
 }
 
@@ -39,7 +36,7 @@ bool isWithinLine(char32_t character) { return !isNewline(character); }
 // be cut into lines.
 std::string_view lineBehind(std::string_view text, std::string_view tag) {
   const std::size_t at = findIgnoringCase(text, tag);
-  if (at == kNotFound) return {};
+  if (at == std::string_view::npos) return {};
   return trimmed(leading(text.substr(at + tag.size()), isWithinLine), isWhitespaceOrNewline);
 }
 
@@ -60,8 +57,8 @@ bool vnICalendarContentParse::parseEvents(const OptionalText& content) {
   if (isEmpty(content)) return false;
   std::size_t begin = content->find(tagBeginVEvent);
   std::size_t end = content->find(tagEndVEvent);
-  if (begin == kNotFound || end == kNotFound) return false;
-  while (begin != kNotFound && end != kNotFound) {
+  if (begin == std::string_view::npos || end == std::string_view::npos) return false;
+  while (begin != std::string_view::npos && end != std::string_view::npos) {
     const std::size_t next = end + tagEndVEvent.size();
     // An end tag ahead of the begin tag ends no event.
     if (begin < end) {
@@ -104,11 +101,11 @@ OptionalText vnICalendarContentParse::getDescriptionWithVornInvitation() const {
   const std::string* found = event();
   if (!found) return std::nullopt;
   const std::size_t tag = found->find(tagDescription);
-  if (tag == kNotFound) return std::nullopt;
+  if (tag == std::string_view::npos) return std::nullopt;
   const std::size_t start = tag + tagDescription.size();
   std::size_t stop = found->find(tagLocation);
-  if (stop == kNotFound) stop = found->find(tagOrganizer);
-  if (stop == kNotFound || stop <= start) return found->substr(start);
+  if (stop == std::string_view::npos) stop = found->find(tagOrganizer);
+  if (stop == std::string_view::npos || stop <= start) return found->substr(start);
   return found->substr(start, stop - start);
 }
 
@@ -123,7 +120,8 @@ OptionalText vnICalendarContentParse::getMeetingNumberForClientSchedule() {
   if (!isEmpty(byKey) || !isFromClientSchedule()) return byKey;
   const OptionalText location = getLocation();
   const OptionalText description = getDescriptionWithVornInvitation();
-  if (isEmpty(location) || isEmpty(description) || findText(*description, *location) == kNotFound) return byKey;
+  if (isEmpty(location) || isEmpty(description) || findText(*description, *location) == std::string_view::npos)
+    return byKey;
   const OptionalText number = getMeetingNumberFromDescription(description);
   if (!isEmpty(number)) isMeetingNumberFromInvitation = true;
   return number;
@@ -168,7 +166,7 @@ OptionalText vnICalendarContentParse::parseMeetingNumberWithJoinUrlFromDescripti
         return std::nullopt;
       }
     }
-    if (blank == kNotFound) return std::nullopt;
+    if (blank == std::string_view::npos) return std::nullopt;
     rest.remove_prefix(blank + 1);
   }
 }

@@ -12,19 +12,19 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "allowDenyBox";
-constexpr const char* kTip = "allowDenyImpactCountriesTipView";
+constexpr const char* kAllowDenyBox = "allowDenyBox";
+constexpr const char* kAllowDenyTip = "allowDenyImpactCountriesTipView";
 
 }  // namespace
 
 AllowDenyOptions::AllowDenyOptions(const PanelParts& panel)
     : m_panel(panel),
-      m_allowDenyBox(panel.controls.add(Kind::box, kBox)),
-      m_allowDenyButton(panel.controls.add(Kind::checkBox, "allowDenyButton", kBox)),
-      m_allowDenyText(panel.controls.add(Kind::label, "allowDenyText", kBox)),
-      m_allowDenyEditButton(panel.controls.add(Kind::link, "allowDenyEditButton", kBox)),
-      m_tipView(panel.controls.add(Kind::box, kTip, kBox)),
-      m_tipText(panel.controls.add(Kind::label, "allowDenyImpactCountriesTipText", kTip)),
+      m_allowDenyBox(panel.controls.add(Kind::box, kAllowDenyBox)),
+      m_allowDenyButton(panel.controls.add(Kind::checkBox, "allowDenyButton", kAllowDenyBox)),
+      m_allowDenyText(panel.controls.add(Kind::label, "allowDenyText", kAllowDenyBox)),
+      m_allowDenyEditButton(panel.controls.add(Kind::link, "allowDenyEditButton", kAllowDenyBox)),
+      m_tipView(panel.controls.add(Kind::box, kAllowDenyTip, kAllowDenyBox)),
+      m_tipText(panel.controls.add(Kind::label, "allowDenyImpactCountriesTipText", kAllowDenyTip)),
       m_window(panel) {
   m_tipView.hidden = true;
   m_policyChanged = Registry::platform().notificationCenter->observe(

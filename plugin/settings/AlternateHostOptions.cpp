@@ -1,9 +1,6 @@
 #include "settings/AlternateHostOptions.h"
 
 #include <unordered_set>
-#include <utility>
-
-#include "settings/SettingsFlags.h"
 
 namespace vorn {
 
@@ -12,7 +9,7 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "alternateHostBox";
+constexpr const char* kAlternateHostBox = "alternateHostBox";
 // In points.
 constexpr double g_alternateHostTextViewWidth = 490;
 
@@ -20,12 +17,12 @@ constexpr double g_alternateHostTextViewWidth = 490;
 
 AlternateHostOptions::AlternateHostOptions(const PanelParts& panel)
     : m_panel(panel),
-      m_alternateHostBox(panel.controls.add(Kind::box, kBox)),
-      m_alternateHostLabel(panel.controls.add(Kind::label, "alternateHostLabel", kBox)),
-      m_alternateHostTextField(panel.controls.add(Kind::tokenField, "alternateHostTextField", kBox)),
-      m_alternateHostController(
-          panel, m_alternateHostTextField,
-          {.textHasChanged = [this] { textHasChanged(); }, .tokenIsEmpty = [this] { tokenIsEmpty(); }}) {}
+      m_alternateHostBox(panel.controls.add(Kind::box, kAlternateHostBox)),
+      m_alternateHostLabel(panel.controls.add(Kind::label, "alternateHostLabel", kAlternateHostBox)),
+      m_alternateHostTextField(panel.controls.add(Kind::tokenField, "alternateHostTextField", kAlternateHostBox)),
+      m_alternateHostController(panel, m_alternateHostTextField,
+                                {.textHasChanged = [this] { textHasChanged(); },
+                                 .tokenIsEmpty = [this] { rearrangeAlternateHostTextField(); }}) {}
 
 void AlternateHostOptions::initWithLocalString() {
   m_alternateHostLabel.text = panelText("LN_Schedule_AlternateHosts");
@@ -87,13 +84,7 @@ bool AlternateHostOptions::checkAlternateHostError() const {
   return !m_alternateHostTextField.hidden && m_alternateHostController.hasError();
 }
 
-void AlternateHostOptions::tokenIsEmpty() {
-  SettingsFlags::shared().isRearrangeAlternateHost = true;
-  rearrangeAlternateHostTextField();
-}
-
 void AlternateHostOptions::rearrangeAlternateHostTextField() {
-  if (!std::exchange(SettingsFlags::shared().isRearrangeAlternateHost, false)) return;
   m_alternateHostTextField.extraHeight = requiredAHTextFieldHeight();
 }
 

@@ -33,7 +33,6 @@ class AlternateHostOptions {
  private:
   void takeIntoRecord();
   void textHasChanged();
-  void tokenIsEmpty();
   void rearrangeAlternateHostTextField();
   double requiredAHTextFieldHeight() const;
 

@@ -2,6 +2,7 @@
 
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/discovery/vnPluginBuildMgr.h"
+#include "data/AudioType.h"
 #include "data/vnUserProfileHelper.h"
 
 namespace vorn {
@@ -11,8 +12,7 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "audioOptionsBox";
-constexpr std::int64_t kThirdParty = 3;
+constexpr const char* kAudioBox = "audioOptionsBox";
 
 }  // namespace
 
@@ -20,14 +20,14 @@ AudioOptions::AudioOptions(const PanelParts& panel)
     : m_controls(panel.controls),
       m_record(panel.record),
       m_steps(panel.steps),
-      m_audioOptionsBox(m_controls.add(Kind::box, kBox)),
-      m_telephonyButton(m_controls.add(Kind::radioButton, "telephonyButton", kBox)),
-      m_tspAccountButton(m_controls.add(Kind::radioButton, "tspAccountButton", kBox)),
-      m_tspAccountPopup(m_controls.add(Kind::popup, "tspAccountPopup", kBox)),
-      m_voipButton(m_controls.add(Kind::radioButton, "voipButton", kBox)),
-      m_bothButton(m_controls.add(Kind::radioButton, "bothButton", kBox)),
-      m_thirdPartyAudioButton(m_controls.add(Kind::radioButton, "thirdPartyAudioButton", kBox)),
-      m_thirdPartyAudioTextField(m_controls.add(Kind::textField, "thirdPartyAudioTextField", kBox)) {}
+      m_audioOptionsBox(m_controls.add(Kind::box, kAudioBox)),
+      m_telephonyButton(m_controls.add(Kind::radioButton, "telephonyButton", kAudioBox)),
+      m_tspAccountButton(m_controls.add(Kind::radioButton, "tspAccountButton", kAudioBox)),
+      m_tspAccountPopup(m_controls.add(Kind::popup, "tspAccountPopup", kAudioBox)),
+      m_voipButton(m_controls.add(Kind::radioButton, "voipButton", kAudioBox)),
+      m_bothButton(m_controls.add(Kind::radioButton, "bothButton", kAudioBox)),
+      m_thirdPartyAudioButton(m_controls.add(Kind::radioButton, "thirdPartyAudioButton", kAudioBox)),
+      m_thirdPartyAudioTextField(m_controls.add(Kind::textField, "thirdPartyAudioTextField", kAudioBox)) {}
 
 void AudioOptions::initWithLocalString() {
   m_audioOptionsBox.text = panelText("LN_Schedule_Audio");
@@ -120,7 +120,7 @@ void AudioOptions::updateAudioOptionBoxStatus() {
 }
 
 void AudioOptions::updateCtrlPosForAudio() {
-  m_thirdPartyAudioTextField.hidden = m_record.audioType() != kThirdParty;
+  m_thirdPartyAudioTextField.hidden = m_record.audioType() != kAudioThirdParty;
 }
 
 void AudioOptions::checkE2eeAffectedAccountLocked() {

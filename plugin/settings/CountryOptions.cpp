@@ -17,7 +17,7 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "audioOptionsBox";
+constexpr const char* kCountriesBox = "audioOptionsBox";
 constexpr std::int64_t kNoRegionPolicy = 2;
 
 // What the person offers; absent for one who is not known.
@@ -33,8 +33,8 @@ CountryOptions::CountryOptions(const PanelParts& panel, VNEditCountriesWindowCon
       m_record(panel.record),
       m_steps(panel.steps),
       m_editCountriesWindow(editCountriesWindow),
-      m_selectedCountriesField(m_controls.add(Kind::label, "selectedCountriesField", kBox)),
-      m_editCountriesButton(m_controls.add(Kind::link, "editCountriesButton", kBox)) {
+      m_selectedCountriesField(m_controls.add(Kind::label, "selectedCountriesField", kCountriesBox)),
+      m_editCountriesButton(m_controls.add(Kind::link, "editCountriesButton", kCountriesBox)) {
   m_editCountriesWindow.setDoneTarget([this] { followWindow(); });
 }
 

@@ -1,13 +1,11 @@
 #include "settings/DataCenterOptions.h"
 
-#include <charconv>
-#include <optional>
-
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Registry.h"
 #include "platform/Workspace.h"
+#include "platform/controls/NumberedKey.h"
 #include "settings/HelpLinks.h"
 #include "settings/SettingsFlags.h"
 #include "settings/rules/LongTexts.h"
@@ -19,23 +17,13 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "dataCenterBox";
-constexpr const char* kTip = "dataCenterImpactCountriesTipView";
+constexpr const char* kDataCenterBox = "dataCenterBox";
+constexpr const char* kDataCenterTip = "dataCenterImpactCountriesTipView";
 constexpr std::string_view kButton = "dataCenterButton";
 // The tags 0 and 1 are the switch's and the warning's.
 constexpr std::size_t kFirstTag = 2;
 
-std::string buttonKey(std::size_t entry) { return std::string(kButton) + std::to_string(entry + kFirstTag); }
-
-// The place of the centre whose button has the key.
-std::optional<std::size_t> entryOf(std::string_view key) {
-  if (!key.starts_with(kButton)) return std::nullopt;
-  key.remove_prefix(kButton.size());
-  std::size_t tag = 0;
-  const auto [end, fault] = std::from_chars(key.data(), key.data() + key.size(), tag);
-  if (fault != std::errc() || end != key.data() + key.size() || tag < kFirstTag) return std::nullopt;
-  return tag - kFirstTag;
-}
+std::string buttonKey(std::size_t entry) { return numberedKey(kButton, entry + kFirstTag); }
 
 }  // namespace
 
@@ -44,12 +32,13 @@ DataCenterOptions::DataCenterOptions(const PanelParts& panel)
       m_record(panel.record),
       m_context(panel.context),
       m_steps(panel.steps),
-      m_dataCenterBox(m_controls.add(Kind::box, kBox)),
-      m_enableDataCenterRegionsButton(m_controls.add(Kind::checkBox, "enableDataCenterRegionsButton", kBox)),
-      m_warning(m_controls.add(Kind::label, "dataCenterNotSelectTextField", kBox)),
-      m_tipView(m_controls.add(Kind::box, kTip)),
-      m_tipText(m_controls.add(Kind::label, "dataCenterImpactCountriesTipText", kTip)),
-      m_tipLink(m_controls.add(Kind::link, "dataCenterImpactCountriesTipLink", kTip)) {
+      m_dataCenterBox(m_controls.add(Kind::box, kDataCenterBox)),
+      m_enableDataCenterRegionsButton(
+          m_controls.add(Kind::checkBox, "enableDataCenterRegionsButton", kDataCenterBox)),
+      m_warning(m_controls.add(Kind::label, "dataCenterNotSelectTextField", kDataCenterBox)),
+      m_tipView(m_controls.add(Kind::box, kDataCenterTip)),
+      m_tipText(m_controls.add(Kind::label, "dataCenterImpactCountriesTipText", kDataCenterTip)),
+      m_tipLink(m_controls.add(Kind::link, "dataCenterImpactCountriesTipLink", kDataCenterTip)) {
   m_warning.hidden = true;
   m_tipView.hidden = true;
 }
@@ -71,11 +60,7 @@ void DataCenterOptions::load() {
   initDataCenterRegionsBox();
 }
 
-bool DataCenterOptions::isKnown() const {
-  return m_steps.getUIScheduleForEmail().empty()
-             ? vnUserProfileHelper::sharedInstance().hasUserProfile()
-             : vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
-}
+bool DataCenterOptions::isKnown() const { return SettingsContext::knows(m_steps.getUIScheduleForEmail()); }
 
 Value DataCenterOptions::offered() const {
   const std::string person = m_steps.getUIScheduleForEmail();
@@ -135,7 +120,7 @@ void DataCenterOptions::showCenters() {
   releaseDataCenterButtons(count);
   for (std::size_t entry = 0; entry < count; ++entry) {
     const DataCenter& center = m_dataCenterRegions[entry];
-    Control& button = m_controls.add(Kind::checkBox, buttonKey(entry), kBox);
+    Control& button = m_controls.add(Kind::checkBox, buttonKey(entry), kDataCenterBox);
     button.text = dataCenterTitle(center, panelText);
     button.on = center.bChecked;
   }
@@ -150,7 +135,8 @@ void DataCenterOptions::userChanged(std::string_view key) {
     Registry::platform().workspace->openWebPage(kDataCenterHelpLink);
     return;
   }
-  if (const auto entry = entryOf(key)) onClickDataCenterButton(*entry);
+  const auto tag = numberOfKey(key, kButton);
+  if (tag && *tag >= kFirstTag) onClickDataCenterButton(*tag - kFirstTag);
 }
 
 void DataCenterOptions::onClickDataCenterRegionsButton() {

@@ -12,8 +12,8 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "encryptionBox";
-constexpr const char* kTip = "encryptionTipView";
+constexpr const char* kEncryptionBox = "encryptionBox";
+constexpr const char* kEncryptionTip = "encryptionTipView";
 
 }  // namespace
 
@@ -21,15 +21,16 @@ EncryptionOptions::EncryptionOptions(const PanelParts& panel)
     : m_record(panel.record),
       m_context(panel.context),
       m_steps(panel.steps),
-      m_encryptionBox(panel.controls.add(Kind::box, kBox)),
-      m_enhancedButton(panel.controls.add(Kind::radioButton, "enhancedButton", kBox)),
-      m_enhancedHelpButton(panel.controls.add(Kind::label, "enhancedHelpButton", kBox)),
-      m_endtoendButton(panel.controls.add(Kind::radioButton, "endtoendButton", kBox)),
-      m_endtoendHelpButton(panel.controls.add(Kind::label, "endtoendHelpButton", kBox)),
-      m_encryptionTipView(panel.controls.add(Kind::box, kTip, kBox)),
-      m_encryptionTipText(panel.controls.add(Kind::label, "encryptionTipText", kTip)),
-      m_encryptionTipLearnMoreButton(panel.controls.add(Kind::link, "encryptionTipLearnMoreButton", kTip)),
-      m_encryptionTipCloseButton(panel.controls.add(Kind::button, "encryptionTipCloseButton", kTip)) {}
+      m_encryptionBox(panel.controls.add(Kind::box, kEncryptionBox)),
+      m_enhancedButton(panel.controls.add(Kind::radioButton, "enhancedButton", kEncryptionBox)),
+      m_enhancedHelpButton(panel.controls.add(Kind::label, "enhancedHelpButton", kEncryptionBox)),
+      m_endtoendButton(panel.controls.add(Kind::radioButton, "endtoendButton", kEncryptionBox)),
+      m_endtoendHelpButton(panel.controls.add(Kind::label, "endtoendHelpButton", kEncryptionBox)),
+      m_encryptionTipView(panel.controls.add(Kind::box, kEncryptionTip, kEncryptionBox)),
+      m_encryptionTipText(panel.controls.add(Kind::label, "encryptionTipText", kEncryptionTip)),
+      m_encryptionTipLearnMoreButton(
+          panel.controls.add(Kind::link, "encryptionTipLearnMoreButton", kEncryptionTip)),
+      m_encryptionTipCloseButton(panel.controls.add(Kind::button, "encryptionTipCloseButton", kEncryptionTip)) {}
 
 void EncryptionOptions::initWithLocalString() {
   m_encryptionBox.text = panelText("LN_Schedule_Encryption");

@@ -12,10 +12,8 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "meetingIDBox";
+constexpr const char* kMeetingIdBox = "meetingIDBox";
 constexpr const char* kMessage = "pmiDisableMessageView";
-
-vnUserProfileHelper& profile() { return vnUserProfileHelper::sharedInstance(); }
 
 }  // namespace
 
@@ -24,9 +22,9 @@ MeetingIdOptions::MeetingIdOptions(const PanelParts& panel)
       m_record(panel.record),
       m_context(panel.context),
       m_steps(panel.steps),
-      m_meetingIDBox(m_controls.add(Kind::box, kBox)),
-      m_buttonOneTimeMeeting(m_controls.add(Kind::radioButton, "buttonOneTimeMeeting", kBox)),
-      m_buttonUsePMI(m_controls.add(Kind::radioButton, "buttonUsePMI", kBox)),
+      m_meetingIDBox(m_controls.add(Kind::box, kMeetingIdBox)),
+      m_buttonOneTimeMeeting(m_controls.add(Kind::radioButton, "buttonOneTimeMeeting", kMeetingIdBox)),
+      m_buttonUsePMI(m_controls.add(Kind::radioButton, "buttonUsePMI", kMeetingIdBox)),
       m_pmiDisableMessageView(m_controls.add(Kind::box, kMessage)),
       m_pmiDisableText(m_controls.add(Kind::label, "pmiDisableText", kMessage)),
       m_closePMIDisableMessageButton(m_controls.add(Kind::button, "closePMIDisableMessageButton", kMessage)) {
@@ -44,7 +42,7 @@ void MeetingIdOptions::initPMITitle() {
   m_hasLostPMI = false;
   // The popup is loaded only later.
   const OptionalText& email = m_record.scheduleForEmail();
-  const bool isListed = profile().getScheduleForIndexWithEmail(email) >= 0;
+  const bool isListed = SettingsContext::profile().getScheduleForIndexWithEmail(email) >= 0;
   m_buttonUsePMI.text = getUsePMITitle(isListed ? email.value_or("") : "");
 }
 
@@ -52,8 +50,8 @@ void MeetingIdOptions::initPMITitle() {
 std::string MeetingIdOptions::emailOf(int index) const { return index < 0 ? "" : m_steps.getUIScheduleForEmail(); }
 
 std::string MeetingIdOptions::getUsePMITitle(const std::string& email) const {
-  const OptionalText id =
-      email.empty() ? profile().roomMeetingID() : profile().pmiMeetingIDWithScheduleForEmail(email);
+  const OptionalText id = email.empty() ? SettingsContext::profile().roomMeetingID()
+                                        : SettingsContext::profile().pmiMeetingIDWithScheduleForEmail(email);
   return usePMITitle(vnSettingData::getFormatRoomMeetingId(id), panelText);
 }
 
@@ -74,7 +72,7 @@ void MeetingIdOptions::choosePMI(bool usePMI) {
 
 void MeetingIdOptions::initMeetingIDBox() {
   const std::string email = m_record.scheduleForEmail().value_or("");
-  m_meetingIDBox.hidden = !email.empty() && !profile().supportPMIForOnbehalf(email);
+  m_meetingIDBox.hidden = !email.empty() && !SettingsContext::profile().supportPMIForOnbehalf(email);
   // The record follows, too: the user's own ID must not become that of another person's meeting.
   choosePMI(!m_meetingIDBox.hidden && m_record.usePMI());
 }
@@ -88,12 +86,13 @@ void MeetingIdOptions::checkAccountLocked() {
 // -- The personal ID ---------------------------------------------------------------------------------------------
 
 bool MeetingIdOptions::isDisablePMI(int index) const {
-  return index < 0 ? profile().isDisablePMI() : profile().isDisablePMIWithScheduleForEmail(emailOf(index));
+  return index < 0 ? SettingsContext::profile().isDisablePMI()
+                   : SettingsContext::profile().isDisablePMIWithScheduleForEmail(emailOf(index));
 }
 
 bool MeetingIdOptions::hasPMI(int index) const {
   const std::string email = index < 0 ? m_record.scheduleForEmail().value_or("") : emailOf(index);
-  return email.empty() || profile().supportPMIForOnbehalf(email);
+  return email.empty() || SettingsContext::profile().supportPMIForOnbehalf(email);
 }
 
 void MeetingIdOptions::initPMIDisableMessageView(int index) {
@@ -103,7 +102,7 @@ void MeetingIdOptions::initPMIDisableMessageView(int index) {
                           .name = m_context.getDisplayNameWithOnbehalfEmail(emailOf(index)),
                           .isUpdate = m_context.isForUpdateVornMeeting(),
                           .usePMI = m_record.usePMI() || m_hasLostPMI,
-                          .personalId = profile().roomMeetingID(),
+                          .personalId = SettingsContext::profile().roomMeetingID(),
                           .doNotShowDisablePMIMessage = not_again::disabledPMI().isSet()},
                          panelText);
   if (message.text) m_pmiDisableText.text = *message.text;

@@ -14,9 +14,8 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "scheduleForBox";
+constexpr const char* kScheduleForBox = "scheduleForBox";
 
-vnUserProfileHelper& profile() { return vnUserProfileHelper::sharedInstance(); }
 vnGetScheduleForListHelper& people() { return vnGetScheduleForListHelper::sharedInstance(); }
 
 }  // namespace
@@ -26,8 +25,8 @@ ScheduleForOptions::ScheduleForOptions(const PanelParts& panel)
       m_record(panel.record),
       m_context(panel.context),
       m_steps(panel.steps),
-      m_scheduleForBox(m_controls.add(Kind::box, kBox)),
-      m_scheduleForPopup(m_controls.add(Kind::popup, "scheduleForPopup", kBox)) {
+      m_scheduleForBox(m_controls.add(Kind::box, kScheduleForBox)),
+      m_scheduleForPopup(m_controls.add(Kind::popup, "scheduleForPopup", kScheduleForBox)) {
   m_scheduleForBox.hidden = true;
 }
 
@@ -39,10 +38,10 @@ void ScheduleForOptions::initWithLocalString() {
 void ScheduleForOptions::initScheduleForBox() {
   const bool isUpdate = m_context.isForUpdateVornMeeting();
   const std::string email = m_record.scheduleForEmail().value_or("");
-  m_scheduleForBox.hidden = !profile().isEnableScheduleFor() || (isUpdate && email.empty());
+  m_scheduleForBox.hidden = !SettingsContext::profile().isEnableScheduleFor() || (isUpdate && email.empty());
   if (m_scheduleForBox.hidden) return;
-  ScheduleForChoice choice =
-      scheduleForChoice(profile().bossesInfo(), panelText("LN_Schedule_ScheduleFor_Myself_183499"), email);
+  ScheduleForChoice choice = scheduleForChoice(SettingsContext::profile().bossesInfo(),
+                                               panelText("LN_Schedule_ScheduleFor_Myself_183499"), email);
   m_scheduleForPopup.items = std::move(choice.items);
   m_scheduleForPopup.index = choice.index;
   m_scheduleForPopup.enabled = !isUpdate;
@@ -65,7 +64,7 @@ std::string ScheduleForOptions::getUIScheduleForEmail() const {
 }
 
 std::string ScheduleForOptions::getScheduleForEmail() const {
-  return isForMyselfFromUI() ? profile().userEmail() : getUIScheduleForEmail();
+  return isForMyselfFromUI() ? SettingsContext::profile().userEmail() : getUIScheduleForEmail();
 }
 
 std::string ScheduleForOptions::getScheduleForEmailFromUI() const {

@@ -14,8 +14,8 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "meetingPasswordBox";
-constexpr const char* kTip = "securityTipView";
+constexpr const char* kSecurityBox = "meetingPasswordBox";
+constexpr const char* kSecurityTip = "securityTipView";
 constexpr std::size_t kLongestPasscode = 10;
 
 // The service has refused the last commit; told once.
@@ -37,18 +37,18 @@ SecurityOptions::SecurityOptions(const PanelParts& panel, VNPasswordRuleWindowCo
       m_context(panel.context),
       m_steps(panel.steps),
       m_passwordRuleWindow(passwordRuleWindow),
-      m_meetingPasswordBox(m_controls.add(Kind::box, kBox)),
-      m_requiredMeetingPswButton(m_controls.add(Kind::checkBox, "requiredMeetingPswButton", kBox)),
-      m_passwordTextField(m_controls.add(Kind::textField, "passwordTextField", kBox)),
-      m_pswHelpButton(m_controls.add(Kind::label, "pswHelpButton", kBox)),
-      m_pswFormatErrorTextField(m_controls.add(Kind::label, "pswFormatErrorTextField", kBox)),
-      m_passwordPrompt(m_controls.add(Kind::label, "passwordPrompt", kBox)),
-      m_enableWaitingRoom(m_controls.add(Kind::checkBox, "enableWaitingRoom", kBox)),
-      m_waitingRoomPrompt(m_controls.add(Kind::label, "waitingRoomPrompt", kBox)),
-      m_securityErrorTextField(m_controls.add(Kind::label, "securityErrorTextField", kBox)),
-      m_securityTipView(m_controls.add(Kind::box, kTip, kBox)),
-      m_securityTipText(m_controls.add(Kind::label, "securityTipText", kTip)),
-      m_securityTipCloseButton(m_controls.add(Kind::button, "securityTipCloseButton", kTip)) {
+      m_meetingPasswordBox(m_controls.add(Kind::box, kSecurityBox)),
+      m_requiredMeetingPswButton(m_controls.add(Kind::checkBox, "requiredMeetingPswButton", kSecurityBox)),
+      m_passwordTextField(m_controls.add(Kind::textField, "passwordTextField", kSecurityBox)),
+      m_pswHelpButton(m_controls.add(Kind::label, "pswHelpButton", kSecurityBox)),
+      m_pswFormatErrorTextField(m_controls.add(Kind::label, "pswFormatErrorTextField", kSecurityBox)),
+      m_passwordPrompt(m_controls.add(Kind::label, "passwordPrompt", kSecurityBox)),
+      m_enableWaitingRoom(m_controls.add(Kind::checkBox, "enableWaitingRoom", kSecurityBox)),
+      m_waitingRoomPrompt(m_controls.add(Kind::label, "waitingRoomPrompt", kSecurityBox)),
+      m_securityErrorTextField(m_controls.add(Kind::label, "securityErrorTextField", kSecurityBox)),
+      m_securityTipView(m_controls.add(Kind::box, kSecurityTip, kSecurityBox)),
+      m_securityTipText(m_controls.add(Kind::label, "securityTipText", kSecurityTip)),
+      m_securityTipCloseButton(m_controls.add(Kind::button, "securityTipCloseButton", kSecurityTip)) {
   m_passwordTextField.formatter = vnMaxLengthFormatter(kLongestPasscode);
   m_pswFormatErrorTextField.hidden = true;
   m_securityErrorTextField.hidden = true;

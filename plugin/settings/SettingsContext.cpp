@@ -1,5 +1,6 @@
 #include "settings/SettingsContext.h"
 
+#include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
 #include "workflow/MeetingWindow.h"
 #include "workflow/vnMeetingMgr.h"
@@ -82,8 +83,15 @@ std::string SettingsContext::scheduledForAtOpening() const {
   return onbehalf.isCurrentScheduleVornForOther(m_windowId) ? onbehalf.onbehalfEmail(m_windowId) : "";
 }
 
+vnUserProfileHelper& SettingsContext::profile() { return vnUserProfileHelper::sharedInstance(); }
+
+bool SettingsContext::knows(const std::string& person) {
+  return person.empty() ? profile().hasUserProfile()
+                        : vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
+}
+
 OptionFacts SettingsContext::facts(const vnSettingData& record) const {
-  return {.account = accountFactsWithoutLists(vnUserProfileHelper::sharedInstance(), record.scheduleForEmail()),
+  return {.account = accountFactsWithoutLists(profile(), record.scheduleForEmail()),
           .client = clientGates(),
           .isUpdate = isForUpdateVornMeeting()};
 }

@@ -11,6 +11,7 @@
 namespace vorn {
 
 class vnMeetingMgr;
+class vnUserProfileHelper;
 
 // What a panel asks of its appointment's window, of the account and of the client. It keeps no answer: every step
 // of the panel goes by what stands when it runs. Main thread only.
@@ -40,6 +41,12 @@ class SettingsContext {
   std::string getDisplayNameWithOnbehalfEmail(const std::string& email) const;
   // Whom the panel is opened for; "" for oneself.
   std::string scheduledForAtOpening() const;
+
+  // The account that is signed in to the client, which the helper keeps.
+  static vnUserProfileHelper& profile();
+  // What the account gives the person is known: one's own, for "", with the profile, and somebody else's with the
+  // list of the people to schedule for. Another window's end may clear either.
+  static bool knows(const std::string& person);
 
   // Ask the client. The replies come to the panel; nothing without a manager.
   void getPMIMeetingInfo() const;

@@ -17,10 +17,6 @@ struct SettingsFlags {
   // Continue was pressed with additional data centres wanted and none chosen. Every panel that shows its data
   // centres tells of it, until one of them is loaded.
   bool isCheckedScheduleButton = false;
-  // The field of alternate hosts is to be given the height that its hosts need.
-  bool isRearrangeAlternateHost = false;
-  // The list of regions that was edited last is the one of those that are allowed.
-  bool isTheLastAllowChecked = false;
 };
 
 }  // namespace vorn

@@ -18,9 +18,7 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "restrictDomainsBox";
-
-vnUserProfileHelper& profile() { return vnUserProfileHelper::sharedInstance(); }
+constexpr const char* kDomainsBox = "restrictDomainsBox";
 
 std::string idOf(const Value& auth) { return auth[vn_Setting_MeetingAuth_AuthId].stringValue(); }
 std::string nameOf(const Value& auth) { return auth[vn_Setting_MeetingAuth_AuthName].stringValue(); }
@@ -33,12 +31,13 @@ SignInDomainOptions::SignInDomainOptions(const PanelParts& panel, VNDomainsWindo
       m_context(panel.context),
       m_steps(panel.steps),
       m_domainsWindow(domainsWindow),
-      m_restrictDomainsBox(m_controls.add(Kind::box, kBox)),
-      m_onlySignedinWithSpecifiedDomains(m_controls.add(Kind::checkBox, "onlySignedinWithSpecifiedDomains", kBox)),
-      m_authNamePopup(m_controls.add(Kind::popup, "authNamePopup", kBox)),
-      m_domainText(m_controls.add(Kind::label, "domainText", kBox)),
-      m_viewEditButton(m_controls.add(Kind::link, "viewEditButton", kBox)),
-      m_deleteDomainWarning(m_controls.add(Kind::label, "deleteDomainWarning", kBox)),
+      m_restrictDomainsBox(m_controls.add(Kind::box, kDomainsBox)),
+      m_onlySignedinWithSpecifiedDomains(
+          m_controls.add(Kind::checkBox, "onlySignedinWithSpecifiedDomains", kDomainsBox)),
+      m_authNamePopup(m_controls.add(Kind::popup, "authNamePopup", kDomainsBox)),
+      m_domainText(m_controls.add(Kind::label, "domainText", kDomainsBox)),
+      m_viewEditButton(m_controls.add(Kind::link, "viewEditButton", kDomainsBox)),
+      m_deleteDomainWarning(m_controls.add(Kind::label, "deleteDomainWarning", kDomainsBox)),
       m_authDomainChanged(Registry::platform().notificationCenter->observe(
           notify_Schedule_AuthDomainChanged,
           [this](const NotificationCenter::Notification& note) { onUpdateMeetingAuthChanged(note.userInfo); },
@@ -64,9 +63,9 @@ void SignInDomainOptions::forgetTyped() {
 }
 
 Value SignInDomainOptions::getAllMeetingAuths() {
-  MeetingAuths all =
-      allMeetingAuths(profile().getMeetingAuths(), m_record.options(),
-                      profile().isLockOnlyAuthUsersCanJoin() && m_controls.isOn("buttonOneTimeMeeting"));
+  MeetingAuths all = allMeetingAuths(
+      SettingsContext::profile().getMeetingAuths(), m_record.options(),
+      SettingsContext::profile().isLockOnlyAuthUsersCanJoin() && m_controls.isOn("buttonOneTimeMeeting"));
   SettingsFlags::shared().isIncludeDeletedAuthDomain = all.isIncludeDeletedAuthDomain;
   if (all.newAuthId) m_record.setAuthId(all.newAuthId);
   takeEdits(all.list);
@@ -83,8 +82,8 @@ void SignInDomainOptions::takeEdits(Value& auths) const {
 }
 
 void SignInDomainOptions::initRestrictDomainsBox() {
-  const bool isOffered =
-      profile().isSupportOnlyAuthUsersCanJoin() && m_context.facts(m_record).client.isVornClientSupport464Tasks;
+  const bool isOffered = SettingsContext::profile().isSupportOnlyAuthUsersCanJoin() &&
+                         m_context.facts(m_record).client.isVornClientSupport464Tasks;
   m_restrictDomainsBox.hidden = !isOffered;
   m_onlySignedinWithSpecifiedDomains.hidden = !isOffered;
   const Value auths = getAllMeetingAuths();
@@ -110,7 +109,8 @@ void SignInDomainOptions::initRestrictDomainsBox() {
 void SignInDomainOptions::chooseAtLoad() {
   const std::string recordsId = m_record.authId().value_or("");
   // What is locked is the account's for a meeting with a number of its own.
-  const bool isAccounts = profile().isLockOnlyAuthUsersCanJoin() && !m_controls.isOn("buttonUsePMI");
+  const bool isAccounts =
+      SettingsContext::profile().isLockOnlyAuthUsersCanJoin() && !m_controls.isOn("buttonUsePMI");
   std::optional<int> index =
       recordsId.empty() || isAccounts ? defaultAuth(m_meetingAuths) : authWithId(m_meetingAuths, recordsId);
   if (m_chosenId) index = authWithId(m_meetingAuths, *m_chosenId);
@@ -130,7 +130,7 @@ Value SignInDomainOptions::chosenAuth() const {
 }
 
 void SignInDomainOptions::resetDomainTextAndButton(const Value& auth) {
-  const DomainLine line = domainLine(auth, profile().isLockOnlyAuthUsersCanJoin(), panelText);
+  const DomainLine line = domainLine(auth, SettingsContext::profile().isLockOnlyAuthUsersCanJoin(), panelText);
   m_domainText.hidden = !line.textIsShown;
   m_domainText.text = line.text.text;
   m_domainText.toolTip = line.text.toolTip;
@@ -138,7 +138,7 @@ void SignInDomainOptions::resetDomainTextAndButton(const Value& auth) {
   m_viewEditButton.hidden = !line.linkIsShown;
   m_viewEditButton.text = line.link;
   m_deleteDomainWarning.hidden = auth.isAbsent() || !SettingsFlags::shared().isIncludeDeletedAuthDomain ||
-                                 authWithId(profile().getMeetingAuths(), idOf(auth)).has_value();
+                                 authWithId(SettingsContext::profile().getMeetingAuths(), idOf(auth)).has_value();
   m_deleteDomainWarning.text =
       panelText("LN_Schedule_SignInDomain_DeleteWarning_126367", {m_record.authName().value_or("")});
 }
@@ -159,7 +159,7 @@ void SignInDomainOptions::onClickAuthNamePopup() {
 void SignInDomainOptions::onClickViewEditButton() {
   const Value auth = chosenAuth();
   if (auth.isAbsent()) return;
-  m_domainsWindow.isDomainLocked(profile().isLockOnlyAuthUsersCanJoin());
+  m_domainsWindow.isDomainLocked(SettingsContext::profile().isLockOnlyAuthUsersCanJoin());
   m_domainsWindow.initMeetingAuth(auth);
   m_domainsWindow.showWindowSheet();
 }

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Registry.h"
 #include "platform/Workspace.h"
@@ -15,10 +14,8 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "templateBox";
-constexpr const char* kTip = "templateTipView";
-
-vnUserProfileHelper& profile() { return vnUserProfileHelper::sharedInstance(); }
+constexpr const char* kTemplateBox = "templateBox";
+constexpr const char* kTemplateTip = "templateTipView";
 
 void show(Control& control, const ShownText& shown) {
   control.text = shown.text;
@@ -32,11 +29,11 @@ TemplateOptions::TemplateOptions(const PanelParts& panel)
       m_record(panel.record),
       m_context(panel.context),
       m_steps(panel.steps),
-      m_templateBox(m_controls.add(Kind::box, kBox)),
-      m_templatePopup(m_controls.add(Kind::popup, "templatePopup", kBox)),
-      m_templateTipView(m_controls.add(Kind::box, kTip, kBox)),
-      m_templateTipText(m_controls.add(Kind::label, "templateTipText", kTip)),
-      m_viewDetailsButton(m_controls.add(Kind::link, "viewDetailsButton", kTip)),
+      m_templateBox(m_controls.add(Kind::box, kTemplateBox)),
+      m_templatePopup(m_controls.add(Kind::popup, "templatePopup", kTemplateBox)),
+      m_templateTipView(m_controls.add(Kind::box, kTemplateTip, kTemplateBox)),
+      m_templateTipText(m_controls.add(Kind::label, "templateTipText", kTemplateTip)),
+      m_viewDetailsButton(m_controls.add(Kind::link, "viewDetailsButton", kTemplateTip)),
       // Outside the box: what holds Continue back is seen also when the account offers no templates any more.
       m_templateDeletedTipTextField(m_controls.add(Kind::label, "templateDeletedTipTextField")) {
   m_templateBox.hidden = true;
@@ -52,7 +49,7 @@ void TemplateOptions::initWithLocalString() {
 // -- Loading -----------------------------------------------------------------------------------------------------
 
 MeetingTemplates TemplateOptions::offered() const {
-  return templatesOf(profile().getMeetingTemplates(m_steps.getUIScheduleForEmail()));
+  return templatesOf(SettingsContext::profile().getMeetingTemplates(m_steps.getUIScheduleForEmail()));
 }
 
 const MeetingTemplate* TemplateOptions::chosen() const { return templateAt(m_templates, m_templatePopup.index); }
@@ -72,8 +69,8 @@ void TemplateOptions::initTemplateBox(const MeetingTemplate& chosen) {
   m_templateBox.hidden = templateBoxIsHidden(
       {.isPersonalMeeting = m_controls.isShown("meetingIDBox") && m_controls.isOn("buttonUsePMI"),
        .isUpdate = m_context.isForUpdateVornMeeting(),
-       .isEnableAdminTemplate = profile().isEnableAdminTemplate(email),
-       .isLockAdminTemplate = profile().isLockAdminTemplate(email),
+       .isEnableAdminTemplate = SettingsContext::profile().isEnableAdminTemplate(email),
+       .isLockAdminTemplate = SettingsContext::profile().isLockAdminTemplate(email),
        .hasTemplates = !m_templates.empty()});
   if (!m_templateBox.hidden) {
     m_templatePopup.items = templateItems(m_templates, panelText);
@@ -101,10 +98,7 @@ void TemplateOptions::resetTemplateTipUI(const MeetingTemplate& chosen) {
 
 bool TemplateOptions::checkIfDeletedTemplate() const {
   // Another window may have forgotten the account, which says nothing of the template; the commit asks once more.
-  const bool isKnown = m_steps.getUIScheduleForEmail().empty()
-                           ? profile().hasUserProfile()
-                           : vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
-  if (!isKnown) return false;
+  if (!SettingsContext::knows(m_steps.getUIScheduleForEmail())) return false;
   const MeetingTemplate* template_ = m_templateBox.hidden ? nullptr : chosen();
   return template_ && !template_->id.empty() && !hasTemplate(offered(), template_->id);
 }
@@ -132,7 +126,8 @@ void TemplateOptions::onClickTemplatePopup() {
 }
 
 void TemplateOptions::onClickViewDetailsButton() {
-  const std::string page = profile().getMeetingTemplateLinkWithoutId(m_steps.getUIScheduleForEmail());
+  const std::string page =
+      SettingsContext::profile().getMeetingTemplateLinkWithoutId(m_steps.getUIScheduleForEmail());
   Registry::platform().workspace->openWebPage(page + (chosen() ? chosen()->id : ""));
 }
 

@@ -24,15 +24,11 @@ TokenSearchList::TokenSearchList(ControlSet& controls, const std::string& window
 void TokenSearchList::setData(const std::vector<Row>& rows) {
   m_chips.clear();
   m_rows.items.clear();
-  addDataWithArray(rows);
-  m_rows.index = rows.empty() ? kNone : 0;
-}
-
-void TokenSearchList::addDataWithArray(const std::vector<Row>& rows) {
   for (const Row& row : rows) {
     m_rows.items.emplace_back(row.text);
     m_chips.push_back(row.chip);
   }
+  m_rows.index = rows.empty() ? kNone : 0;
 }
 
 void TokenSearchList::selectNext() {
@@ -48,10 +44,6 @@ void TokenSearchList::selectPrevious() {
 const TokenChip* TokenSearchList::selected() const {
   const auto index = static_cast<std::size_t>(m_rows.index);
   return m_rows.index >= 0 && index < m_chips.size() ? &m_chips[index] : nullptr;
-}
-
-std::string TokenSearchList::selectedText() const {
-  return selected() ? m_rows.items[static_cast<std::size_t>(m_rows.index)].title : "";
 }
 
 void TokenSearchList::close() {

@@ -23,8 +23,6 @@ class TokenSearchList {
 
   // Selects the first row.
   void setData(const std::vector<Row>& rows);
-  // Behind the others; the selection stays.
-  void addDataWithArray(const std::vector<Row>& rows);
 
   // Stops at the last row.
   void selectNext();
@@ -32,7 +30,6 @@ class TokenSearchList {
   void selectPrevious();
   // Null without a selection.
   const TokenChip* selected() const;
-  std::string selectedText() const;
 
   void show() { m_window.hidden = false; }
   void close();

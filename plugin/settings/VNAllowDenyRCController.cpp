@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "channel/store/vnCommon.h"
-#include "settings/VNEditCountriesWindowController.h"
 #include "settings/rules/TokenWords.h"
 
 namespace vorn {
@@ -17,7 +16,7 @@ VNAllowDenyRCController::VNAllowDenyRCController(const PanelParts& panel, Contro
       m_tokens(panel, field, m_list.list(), *this) {}
 
 std::string VNAllowDenyRCController::nameOf(const std::string& code) {
-  return countryNames().replaceCountryName(code);
+  return vnCommon::getCountryNameByCode(code).value_or("");
 }
 
 std::vector<std::string> VNAllowDenyRCController::namesOf(const std::vector<std::string>& codes) {

@@ -19,10 +19,6 @@ class VNAllowDenyRCSearchListWindowController {
     for (const panel_rules::Region& region : regions) rows.push_back({region.regionCountry, chipOf(region)});
     m_list.setData(rows);
   }
-  void selectNextCountry() { m_list.selectNext(); }
-  void selectPreviousCountry() { m_list.selectPrevious(); }
-  // Null without a selection.
-  const TokenChip* getSelectedCountryInfo() const { return m_list.selected(); }
 
   TokenSearchList& list() { return m_list; }
   const TokenSearchList& list() const { return m_list; }

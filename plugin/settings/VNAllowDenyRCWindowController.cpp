@@ -5,7 +5,6 @@
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
 #include "settings/RegionCodes.h"
-#include "settings/SettingsFlags.h"
 
 namespace vorn {
 
@@ -14,21 +13,21 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kWindow = "allowDenyRCWindow";
+constexpr const char* kRegionsWindow = "allowDenyRCWindow";
 
 }  // namespace
 
 VNAllowDenyRCWindowController::VNAllowDenyRCWindowController(const PanelParts& panel)
     : m_panel(panel),
-      m_window(panel.controls.add(Kind::window, kWindow)),
-      m_allowButton(panel.controls.add(Kind::radioButton, "allowDenyRCAllowButton", kWindow)),
-      m_blockButton(panel.controls.add(Kind::radioButton, "allowDenyRCBlockButton", kWindow)),
-      m_regionsLabel(panel.controls.add(Kind::label, "allowDenyRCRegionsLabel", kWindow)),
-      m_textField(panel.controls.add(Kind::tokenField, "allowDenyRCTextField", kWindow)),
-      m_lockedLabel(panel.controls.add(Kind::label, "allowDenyRCLockedLabel", kWindow)),
-      m_saveButton(panel.controls.add(Kind::button, "allowDenyRCSaveButton", kWindow)),
-      m_cancelButton(panel.controls.add(Kind::button, "allowDenyRCCancelButton", kWindow)),
-      m_allowDenyRCController(panel, m_textField, kWindow, [this] { checkSaveButtonStatus(); }) {
+      m_window(panel.controls.add(Kind::window, kRegionsWindow)),
+      m_allowButton(panel.controls.add(Kind::radioButton, "allowDenyRCAllowButton", kRegionsWindow)),
+      m_blockButton(panel.controls.add(Kind::radioButton, "allowDenyRCBlockButton", kRegionsWindow)),
+      m_regionsLabel(panel.controls.add(Kind::label, "allowDenyRCRegionsLabel", kRegionsWindow)),
+      m_textField(panel.controls.add(Kind::tokenField, "allowDenyRCTextField", kRegionsWindow)),
+      m_lockedLabel(panel.controls.add(Kind::label, "allowDenyRCLockedLabel", kRegionsWindow)),
+      m_saveButton(panel.controls.add(Kind::button, "allowDenyRCSaveButton", kRegionsWindow)),
+      m_cancelButton(panel.controls.add(Kind::button, "allowDenyRCCancelButton", kRegionsWindow)),
+      m_allowDenyRCController(panel, m_textField, kRegionsWindow, [this] { checkSaveButtonStatus(); }) {
   m_window.hidden = true;
 }
 
@@ -92,7 +91,6 @@ void VNAllowDenyRCWindowController::showEditable() {
   const bool isAllow = m_regionType == kRegionsAllowed;
   m_allowButton.on = isAllow;
   m_blockButton.on = !isAllow;
-  SettingsFlags::shared().isTheLastAllowChecked = isAllow;
   m_allowDenyRCController.fill(codesOf(isAllow), false);
   checkSaveButtonStatus();
 }
@@ -123,15 +121,12 @@ void VNAllowDenyRCWindowController::userChanged(std::string_view key) {
   checkSaveButtonStatus();
 }
 
-// The flag is every panel's, and another one may have been opened since; so what was shown here is known here,
-// too.
 void VNAllowDenyRCWindowController::clickAllowDenyRadioButton(bool isAllow) {
   const bool wasAllow = m_regionType == kRegionsAllowed;
   codesOf(wasAllow) = m_allowDenyRCController.getAddedRegionCountriesFromView();
   m_allowButton.on = isAllow;
   m_blockButton.on = !isAllow;
   m_regionType = isAllow ? kRegionsAllowed : kRegionsBlocked;
-  SettingsFlags::shared().isTheLastAllowChecked = isAllow;
   m_allowDenyRCController.fill(codesOf(isAllow), true);
 }
 

@@ -1,6 +1,5 @@
 #include "settings/VNAlternateHostController.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "channel/store/vnCommon.h"
@@ -8,7 +7,6 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "settings/VNAlternateHostHelper.h"
 #include "settings/rules/TokenWords.h"
-#include "util/Text.h"
 
 namespace vorn {
 
@@ -43,22 +41,15 @@ std::vector<AlternateHost> VNAlternateHostController::attendees() const {
   return people;
 }
 
-bool VNAlternateHostController::isExistedInAttendeeList(const std::string& email) const {
-  const std::vector<AlternateHost> people = attendees();
-  return std::any_of(people.begin(), people.end(),
-                     [&](const AlternateHost& person) { return equalIgnoringCase(person.email, email); });
-}
-
 std::string VNAlternateHostController::getScheduleForEmail() const {
   const std::string other = m_panel.steps.getUIScheduleForEmail();
   return other.empty() ? vnUserProfileHelper::sharedInstance().userEmail() : other;
 }
 
 void VNAlternateHostController::initAlternatehostSearchListWithString(const std::string& /*word*/) {
-  m_list.setExistedUser(getInvitedUserInfoFromView());
   const std::vector<AlternateHost> offered =
       offeredHosts(attendees(), VNAlternateHostHelper::sharedInstance().getInputAlternateHostHistory(),
-                   m_list.existedUsers(), getScheduleForEmail());
+                   folded(getInvitedUserInfoFromView()), getScheduleForEmail());
   if (offered.empty()) return closeAlternateHostSearchListWindow();
   m_list.setData(offered);
   m_list.list().show();

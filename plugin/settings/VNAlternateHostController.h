@@ -23,7 +23,6 @@ class VNAlternateHostController final : private TokenField::Words {
   // The word is what is typed; everybody is offered, whatever it is. The range goes by the field's own.
   void initAlternatehostSearchListWithString(const std::string& word);
   void closeAlternateHostSearchListWindow() { m_list.list().close(); }
-  bool isExistedInAttendeeList(const std::string& email) const;
   // The addresses in the field, each once.
   std::vector<std::string> getInvitedUserInfoFromView() const;
   // And those that are still to come.

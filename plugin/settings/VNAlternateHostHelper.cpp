@@ -1,9 +1,7 @@
 #include "settings/VNAlternateHostHelper.h"
 
-#include <algorithm>
 #include <unordered_set>
 
-#include "channel/commands/AlternateHostsMessage.h"
 #include "platform/Registry.h"
 #include "platform/UserDefaults.h"
 #include "util/Text.h"
@@ -29,12 +27,6 @@ std::vector<std::string> VNAlternateHostHelper::getInputAlternateHostHistory() c
   return history;
 }
 
-bool VNAlternateHostHelper::hasExistedInInputAlternateHostHistory(const std::string& email) const {
-  const std::vector<std::string> history = getInputAlternateHostHistory();
-  return std::any_of(history.begin(), history.end(),
-                     [&](const std::string& entry) { return equalIgnoringCase(entry, email); });
-}
-
 void VNAlternateHostHelper::addToInputAlternateHostHistory(const Value& alternateHosts) {
   if (!alternateHosts.isArray()) return;
   Value history = stored();
@@ -47,10 +39,6 @@ void VNAlternateHostHelper::addToInputAlternateHostHistory(const Value& alternat
   UserDefaults& defaults = *Registry::platform().userDefaults;
   defaults.setObject(history, kVPInputAlternateHostHistory);
   defaults.synchronize();
-}
-
-std::string VNAlternateHostHelper::getAlternateHostDisplayError(const std::string& refused) const {
-  return alternateHostsMessage(refusedAlternateHosts(refused));
 }
 
 }  // namespace vorn

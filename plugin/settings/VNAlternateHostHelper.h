@@ -17,13 +17,9 @@ class VNAlternateHostHelper final : public AlternateHostHistory {
 
   // The oldest first.
   std::vector<std::string> getInputAlternateHostHistory() const;
-  // In any case of letters.
-  bool hasExistedInInputAlternateHostHistory(const std::string& email) const;
-  // Adds who is not in it yet, and brings it to the disk. Anything but an array adds nobody.
+  // Adds who is not in it yet, in any case of letters, and brings it to the disk. Anything but an array adds
+  // nobody.
   void addToInputAlternateHostHistory(const Value& alternateHosts) override;
-
-  // What tells of the hosts that the service refuses, from its list of "ADDRESS#MORE" with commas between.
-  std::string getAlternateHostDisplayError(const std::string& refused) const;
 };
 
 }  // namespace vorn

@@ -1,7 +1,5 @@
 #include "settings/VNAlternateHostSearchListWindowController.h"
 
-#include "util/Text.h"
-
 namespace vorn {
 
 using namespace panel_rules;
@@ -21,14 +19,6 @@ VNAlternateHostSearchListWindowController::VNAlternateHostSearchListWindowContro
 
 void VNAlternateHostSearchListWindowController::setData(const std::vector<AlternateHost>& users) {
   m_list.setData(rowsOf(users));
-}
-
-void VNAlternateHostSearchListWindowController::addDataWithArray(const std::vector<AlternateHost>& users) {
-  m_list.addDataWithArray(rowsOf(users));
-}
-
-bool VNAlternateHostSearchListWindowController::isUserExisted(const std::string& email) const {
-  return m_existedUsers.contains(caseFolded(email));
 }
 
 }  // namespace vorn

@@ -14,18 +14,18 @@ using Kind = Control::Kind;
 
 namespace {
 
-constexpr const char* kWindow = "domainsWindow";
+constexpr const char* kDomainsWindow = "domainsWindow";
 
 }  // namespace
 
 VNDomainsWindowController::VNDomainsWindowController(ControlSet& controls)
     : m_controls(controls),
-      m_window(controls.add(Kind::window, kWindow)),
-      m_domainsTextField(controls.add(Kind::textField, "_domainsTextField", kWindow)),
-      m_domainsErrorLabel(controls.add(Kind::label, "_domainsErrorLabel", kWindow)),
+      m_window(controls.add(Kind::window, kDomainsWindow)),
+      m_domainsTextField(controls.add(Kind::textField, "_domainsTextField", kDomainsWindow)),
+      m_domainsErrorLabel(controls.add(Kind::label, "_domainsErrorLabel", kDomainsWindow)),
       // Other windows of the panel have buttons of these names.
-      m_SaveBtn(controls.add(Kind::button, "domains_SaveBtn", kWindow)),
-      m_cancelBtn(controls.add(Kind::button, "domains_cancelBtn", kWindow)) {
+      m_SaveBtn(controls.add(Kind::button, "domains_SaveBtn", kDomainsWindow)),
+      m_cancelBtn(controls.add(Kind::button, "domains_cancelBtn", kDomainsWindow)) {
   m_window.hidden = true;
 }
 

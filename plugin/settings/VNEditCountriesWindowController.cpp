@@ -1,7 +1,6 @@
 #include "settings/VNEditCountriesWindowController.h"
 
 #include <algorithm>
-#include <charconv>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -11,6 +10,7 @@
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
 #include "platform/controls/FieldKeys.h"
+#include "platform/controls/NumberedKey.h"
 #include "util/LocalText.h"
 #include "util/Text.h"
 #include "util/TextSearch.h"
@@ -22,20 +22,12 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kWindow = "editCountriesWindow";
+constexpr const char* kCountriesWindow = "editCountriesWindow";
 constexpr std::string_view kRow = "countryRow";
 constexpr const char* kSelectAll = "LN_Schedule_Dialin_Countries_SelectAll_186032";
 constexpr const char* kClearSelection = "LN_Schedule_Dialin_Countries_ClearSelection_186032";
 
 std::string userLanguage() { return Registry::platform().surroundings->preferredLanguages().front(); }
-
-std::optional<std::size_t> rowOf(std::string_view key) {
-  if (!key.starts_with(kRow)) return std::nullopt;
-  key.remove_prefix(kRow.size());
-  std::size_t row = 0;
-  const auto [end, fault] = std::from_chars(key.data(), key.data() + key.size(), row);
-  return fault == std::errc() && end == key.data() + key.size() ? std::optional(row) : std::nullopt;
-}
 
 }  // namespace
 
@@ -47,14 +39,14 @@ CountryNames countryNames() {
 
 VNEditCountriesWindowController::VNEditCountriesWindowController(ControlSet& controls)
     : m_controls(controls),
-      m_window(controls.add(Kind::window, kWindow)),
-      m_searchField(controls.add(Kind::textField, "_searchField", kWindow)),
-      m_selectBtn(controls.add(Kind::button, "_selectBtn", kWindow)),
-      m_displaySelectedLabel(controls.add(Kind::label, "_displaySelectedLabel", kWindow)),
-      m_includeTollfreeNumberBtn(controls.add(Kind::checkBox, "_includeTollfreeNumberBtn", kWindow)),
-      m_errorForNoSelectedField(controls.add(Kind::label, "_errorForNoSelectedField", kWindow)),
-      m_doneBtn(controls.add(Kind::button, "_doneBtn", kWindow)),
-      m_cancelBtn(controls.add(Kind::button, "_cancelBtn", kWindow)) {
+      m_window(controls.add(Kind::window, kCountriesWindow)),
+      m_searchField(controls.add(Kind::textField, "_searchField", kCountriesWindow)),
+      m_selectBtn(controls.add(Kind::button, "_selectBtn", kCountriesWindow)),
+      m_displaySelectedLabel(controls.add(Kind::label, "_displaySelectedLabel", kCountriesWindow)),
+      m_includeTollfreeNumberBtn(controls.add(Kind::checkBox, "_includeTollfreeNumberBtn", kCountriesWindow)),
+      m_errorForNoSelectedField(controls.add(Kind::label, "_errorForNoSelectedField", kCountriesWindow)),
+      m_doneBtn(controls.add(Kind::button, "_doneBtn", kCountriesWindow)),
+      m_cancelBtn(controls.add(Kind::button, "_cancelBtn", kCountriesWindow)) {
   m_window.hidden = true;
   m_errorForNoSelectedField.hidden = true;
   m_viewChanges = Registry::platform().notificationCenter->observe(
@@ -161,7 +153,7 @@ const std::vector<std::size_t>& VNEditCountriesWindowController::shownCountries(
 void VNEditCountriesWindowController::reloadRows() {
   const std::vector<std::size_t>& shown = shownCountries();
   while (m_rows.size() < shown.size()) {
-    m_rows.push_back(&m_controls.add(Kind::checkBox, std::string(kRow) + std::to_string(m_rows.size()), kWindow));
+    m_rows.push_back(&m_controls.add(Kind::checkBox, numberedKey(kRow, m_rows.size()), kCountriesWindow));
   }
   for (std::size_t row = 0; row < m_rows.size(); ++row) {
     Control& control = *m_rows[row];
@@ -210,7 +202,7 @@ void VNEditCountriesWindowController::userChanged(std::string_view key) {
   if (key == m_selectBtn.key) return clickSelectButton();
   if (key == m_doneBtn.key) return clickDoneButton();
   if (key == m_cancelBtn.key) return closeWindowSheet();
-  if (const auto row = rowOf(key)) flip(*row);
+  if (const auto row = numberOfKey(key, kRow)) flip(*row);
 }
 
 void VNEditCountriesWindowController::flip(std::size_t row) {

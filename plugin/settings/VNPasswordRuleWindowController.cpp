@@ -9,7 +9,7 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kWindow = "passwordRuleWindow";
+constexpr const char* kPasswordRuleWindow = "passwordRuleWindow";
 
 PasscodeChecklist checklist(const std::string& password, std::int64_t ruleResult) {
   return passcodeChecklist(vnSettingData::passcodePolicy(), password, ruleResult, panelText);
@@ -18,9 +18,9 @@ PasscodeChecklist checklist(const std::string& password, std::int64_t ruleResult
 }  // namespace
 
 VNPasswordRuleWindowController::VNPasswordRuleWindowController(ControlSet& controls)
-    : m_window(controls.add(Kind::window, kWindow)),
-      m_passwordMust(controls.add(Kind::label, "_passwordMust", kWindow)),
-      m_passwordMustNot(controls.add(Kind::label, "_passwordMustNot", kWindow)) {
+    : m_window(controls.add(Kind::window, kPasswordRuleWindow)),
+      m_passwordMust(controls.add(Kind::label, "_passwordMust", kPasswordRuleWindow)),
+      m_passwordMustNot(controls.add(Kind::label, "_passwordMustNot", kPasswordRuleWindow)) {
   m_window.hidden = true;
   const std::pair<PasswordRule, const char*> lines[] = {
       {kPswRuleOnlyNumber, "_PswRuleOnlyNumber"},
@@ -30,7 +30,8 @@ VNPasswordRuleWindowController::VNPasswordRuleWindowController(ControlSet& contr
       {kPswRuleHasSpecial, "_PswRuleHasSpecial"},
       {kPswRuleIncludeUpperLower, "_PswRuleIncludeUpperLower"},
       {kPswRuleContainConsecutive, "_PswRuleContainConsecutive"}};
-  for (const auto& [rule, key] : lines) m_lines.emplace_back(rule, &controls.add(Kind::label, key, kWindow));
+  for (const auto& [rule, key] : lines)
+    m_lines.emplace_back(rule, &controls.add(Kind::label, key, kPasswordRuleWindow));
 }
 
 void VNPasswordRuleWindowController::setSettingViewPasswordDetail(std::string password, std::int64_t ruleResult) {

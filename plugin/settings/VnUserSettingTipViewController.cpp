@@ -13,17 +13,17 @@ using Kind = Control::Kind;
 
 namespace {
 
-constexpr const char* kView = "userSettingTipView";
+constexpr const char* kTipView = "userSettingTipView";
 
 }  // namespace
 
 VnUserSettingTipViewController::VnUserSettingTipViewController(ControlSet& controls,
                                                                const SettingsContext& context)
     : m_context(context),
-      m_view(controls.add(Kind::box, kView)),
-      m_text(controls.add(Kind::label, "userSettingTipText", kView)),
-      m_changeSettingsLink(controls.add(Kind::link, "userSettingTipChangeSettingsLink", kView)),
-      m_closeButton(controls.add(Kind::button, "userSettingTipCloseButton", kView)) {}
+      m_view(controls.add(Kind::box, kTipView)),
+      m_text(controls.add(Kind::label, "userSettingTipText", kTipView)),
+      m_changeSettingsLink(controls.add(Kind::link, "userSettingTipChangeSettingsLink", kTipView)),
+      m_closeButton(controls.add(Kind::button, "userSettingTipCloseButton", kTipView)) {}
 
 void VnUserSettingTipViewController::initFields() {
   const panel_rules::Notices notices = panel_rules::noticesFor(

@@ -8,13 +8,13 @@ namespace vorn {
 
 namespace {
 
-constexpr const char* kView = "epidemicTipView";
+constexpr const char* kEpidemicView = "epidemicTipView";
 
 }  // namespace
 
 vnEpidemicTipViewController::vnEpidemicTipViewController(ControlSet& controls)
-    : m_view(controls.add(Control::Kind::box, kView)),
-      m_text(controls.add(Control::Kind::label, "epidemicTipText", kView)) {}
+    : m_view(controls.add(Control::Kind::box, kEpidemicView)),
+      m_text(controls.add(Control::Kind::label, "epidemicTipText", kEpidemicView)) {}
 
 void vnEpidemicTipViewController::initFields() {
   const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();

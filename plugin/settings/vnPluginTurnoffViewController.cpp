@@ -14,7 +14,7 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kView = "pluginTurnoffView";
+constexpr const char* kTurnoffView = "pluginTurnoffView";
 
 void show(Control& control, const std::string& text) {
   control.text = text;
@@ -24,12 +24,12 @@ void show(Control& control, const std::string& text) {
 }  // namespace
 
 vnPluginTurnoffViewController::vnPluginTurnoffViewController(ControlSet& controls)
-    : m_view(controls.add(Kind::box, kView)),
-      m_before(controls.add(Kind::label, "pluginTurnoffText", kView)),
-      m_link(controls.add(Kind::link, "pluginTurnoffLink", kView)),
-      m_after(controls.add(Kind::label, "pluginTurnoffTextAfterLink", kView)),
-      m_helperLink(controls.add(Kind::link, "pluginTurnoffHelperLink", kView)),
-      m_closeButton(controls.add(Kind::button, "pluginTurnoffCloseButton", kView)) {}
+    : m_view(controls.add(Kind::box, kTurnoffView)),
+      m_before(controls.add(Kind::label, "pluginTurnoffText", kTurnoffView)),
+      m_link(controls.add(Kind::link, "pluginTurnoffLink", kTurnoffView)),
+      m_after(controls.add(Kind::label, "pluginTurnoffTextAfterLink", kTurnoffView)),
+      m_helperLink(controls.add(Kind::link, "pluginTurnoffHelperLink", kTurnoffView)),
+      m_closeButton(controls.add(Kind::button, "pluginTurnoffCloseButton", kTurnoffView)) {}
 
 void vnPluginTurnoffViewController::initFields() {
   const LinkedMessage message = pluginTurnoffMessage(panelText);

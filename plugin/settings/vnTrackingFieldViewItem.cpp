@@ -5,6 +5,7 @@
 
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
+#include "platform/controls/NumberedKey.h"
 
 namespace vorn {
 
@@ -15,7 +16,7 @@ namespace {
 
 constexpr std::size_t kLongestValue = 50;
 
-std::string keyOf(std::size_t number) { return vnTrackingFieldViewItem::kKey + std::to_string(number); }
+std::string keyOf(std::size_t number) { return numberedKey(vnTrackingFieldViewItem::kKey, number); }
 
 }  // namespace
 

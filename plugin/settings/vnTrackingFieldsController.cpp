@@ -1,10 +1,10 @@
 #include "settings/vnTrackingFieldsController.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
+#include "platform/controls/NumberedKey.h"
 
 namespace vorn {
 
@@ -12,14 +12,14 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kBox = "trackingFieldsBox";
+constexpr const char* kTrackingFieldsBox = "trackingFieldsBox";
 
 }  // namespace
 
 vnTrackingFieldsController::vnTrackingFieldsController(const PanelParts& panel)
     : m_controls(panel.controls),
       m_record(panel.record),
-      m_trackingFieldsBox(m_controls.add(Control::Kind::box, kBox)) {
+      m_trackingFieldsBox(m_controls.add(Control::Kind::box, kTrackingFieldsBox)) {
   m_trackingFieldsBox.hidden = true;
 }
 
@@ -27,8 +27,8 @@ vnTrackingFieldsController::vnTrackingFieldsController(const PanelParts& panel)
 
 void vnTrackingFieldsController::initTrackingFieldItemListWithUserProfile() {
   for (const Value& field : vnUserProfileHelper::sharedInstance().trackingFields().items()) {
-    m_items.push_back(
-        std::make_unique<vnTrackingFieldViewItem>(m_controls, kBox, m_items.size(), trackingFieldOf(field)));
+    m_items.push_back(std::make_unique<vnTrackingFieldViewItem>(m_controls, kTrackingFieldsBox, m_items.size(),
+                                                                trackingFieldOf(field)));
     m_itemWithId.emplace(m_items.back()->trackingFieldContent().id, m_items.back().get());
   }
   initialItems();
@@ -65,13 +65,8 @@ void vnTrackingFieldsController::initTrackingFields() {
 // -- What the user does ------------------------------------------------------------------------------------------
 
 void vnTrackingFieldsController::userChanged(std::string_view key) {
-  constexpr std::string_view kItem = vnTrackingFieldViewItem::kKey;
-  if (!key.starts_with(kItem)) return;
-  key.remove_prefix(kItem.size());
-  std::size_t number = 0;
-  const auto [end, fault] = std::from_chars(key.data(), key.data() + key.size(), number);
-  if (fault != std::errc() || key.substr(static_cast<std::size_t>(end - key.data())) != "._comboBox") return;
-  if (number < m_items.size()) m_items[number]->comboBoxChanged();
+  const auto number = numberOfKey(key, vnTrackingFieldViewItem::kKey, "._comboBox");
+  if (number && *number < m_items.size()) m_items[*number]->comboBoxChanged();
 }
 
 std::vector<const vnTrackingFieldViewItem*> vnTrackingFieldsController::requiredFieldViewItemList() const {

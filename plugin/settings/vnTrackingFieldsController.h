@@ -32,7 +32,6 @@ class vnTrackingFieldsController {
   // What the user has changed; nothing for a control that is not this group's.
   void userChanged(std::string_view key);
 
-  const std::vector<std::unique_ptr<vnTrackingFieldViewItem>>& trackingFieldItemList() const { return m_items; }
   std::vector<const vnTrackingFieldViewItem*> requiredFieldViewItemList() const;
   bool missedRequiredTrackingFields() const;
 

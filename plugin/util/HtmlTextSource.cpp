@@ -11,7 +11,6 @@ namespace vorn {
 
 namespace {
 
-constexpr std::size_t kNotFound = std::string_view::npos;
 constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
 constexpr std::string_view kNoBreakSpaceEntity = "&nbsp;";
 constexpr std::string_view kCommentEnd = "-->";
@@ -27,7 +26,7 @@ bool startsWithIgnoringCase(std::string_view text, std::string_view lowerCase) {
                                                        [](char lower, char c) { return asciiLower(c) == lower; });
 }
 
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f'; }
+bool isHtmlSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f'; }
 
 // The length of the tag's opening and its name: "<b" or "</b"; 0 when this is no tag.
 std::size_t tagNameLength(std::string_view html) {
@@ -39,7 +38,7 @@ std::size_t tagNameLength(std::string_view html) {
 
 std::size_t behindLast(std::string_view html, char c) {
   const std::size_t last = html.rfind(c);
-  return last == kNotFound ? html.size() : html.size() - last - 1;
+  return last == std::string_view::npos ? html.size() : html.size() - last - 1;
 }
 
 }  // namespace
@@ -152,14 +151,14 @@ char HtmlTextSource::skipAttributes() {
     m_html.remove_prefix(1);
     if (c == '>') break;
     if ((c == '"' || c == '\'') && last == '=' && hasClosing(c)) m_html.remove_prefix(m_html.find(c) + 1);
-    if (!isBlank(c)) last = c;
+    if (!isHtmlSpace(c)) last = c;
   }
   return last;
 }
 
 void HtmlTextSource::skipBehind(std::string_view wanted) {
   const std::size_t found = m_html.find(wanted);
-  m_html.remove_prefix(found == kNotFound ? m_html.size() : found + wanted.size());
+  m_html.remove_prefix(found == std::string_view::npos ? m_html.size() : found + wanted.size());
 }
 
 bool HtmlTextSource::hasClosing(char quote) const {

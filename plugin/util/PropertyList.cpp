@@ -18,7 +18,7 @@ namespace vorn {
 
 namespace {
 
-constexpr int kDeepestNesting = 512;
+constexpr int kDeepestList = 512;
 
 struct FreeNode {
   void operator()(void* node) const { plist_free(node); }
@@ -66,7 +66,7 @@ Value textOf(plist_t node) {
 }
 
 Value valueOf(plist_t node, int depth) {
-  if (depth > kDeepestNesting) return {};
+  if (depth > kDeepestList) return {};
   switch (plist_get_node_type(node)) {
     case PLIST_BOOLEAN: {
       std::uint8_t flag = 0;
@@ -98,7 +98,7 @@ bool isNestedTooDeeply(std::string_view xml) {
     if (tag.starts_with("/array") || tag.starts_with("/dict")) --depth;
     if ((tag.starts_with("array") && !tag.starts_with("array/")) ||
         (tag.starts_with("dict") && !tag.starts_with("dict/"))) {
-      if (++depth > kDeepestNesting) return true;
+      if (++depth > kDeepestList) return true;
     }
   }
   return false;
@@ -115,7 +115,7 @@ class Writer {
 
   // Null for a value that the format cannot hold.
   Node node(const Value& value, int depth) {
-    if (depth > kDeepestNesting) m_failed = true;
+    if (depth > kDeepestList) m_failed = true;
     if (m_failed) return nullptr;
     switch (value.kind()) {
       case Value::Kind::boolean: return Node(plist_new_bool(value.boolValue() ? 1 : 0));
@@ -161,7 +161,7 @@ Value readPropertyList(const std::string& path) {
   const std::optional<std::string> content = readFile(path);
   if (!content || content->size() > std::numeric_limits<std::uint32_t>::max()) return {};
   // The library's reader of the binary form follows references without a limit, down and again and again.
-  if (isBinaryPropertyList(*content)) return readBinaryPropertyList(*content, kDeepestNesting);
+  if (isBinaryPropertyList(*content)) return readBinaryPropertyList(*content, kDeepestList);
   if (isNestedTooDeeply(*content)) return {};
   plist_t parsed = nullptr;
   plist_from_xml(content->data(), static_cast<std::uint32_t>(content->size()), &parsed);

@@ -8,14 +8,12 @@ namespace vorn {
 
 namespace {
 
-constexpr std::size_t kNotFound = std::string_view::npos;
-
 // The search of Knuth, Morris and Pratt over two readable sequences; both are given as functions from index to
 // character, so that a backward search reads them from their ends.
 template <typename TextAt, typename WantedAt>
 std::size_t firstMatch(std::size_t textSize, const TextAt& textAt, std::size_t wantedSize,
                        const WantedAt& wantedAt) {
-  if (wantedSize == 0 || wantedSize > textSize) return kNotFound;
+  if (wantedSize == 0 || wantedSize > textSize) return std::string_view::npos;
   std::vector<std::size_t> fallback(wantedSize, 0);
   for (std::size_t i = 1, matched = 0; i < wantedSize; ++i) {
     while (matched > 0 && wantedAt(i) != wantedAt(matched)) matched = fallback[matched - 1];
@@ -27,7 +25,7 @@ std::size_t firstMatch(std::size_t textSize, const TextAt& textAt, std::size_t w
     if (textAt(i) == wantedAt(matched)) ++matched;
     if (matched == wantedSize) return i + 1 - wantedSize;
   }
-  return kNotFound;
+  return std::string_view::npos;
 }
 
 template <typename View>
@@ -56,7 +54,7 @@ std::size_t findLastIgnoringCase(std::string_view text, std::string_view wanted)
     return [read](std::size_t i) { return asciiLower(read[read.size() - 1 - i]); };
   };
   const std::size_t found = firstMatch(text.size(), fromEnd(text), wanted.size(), fromEnd(wanted));
-  return found == kNotFound ? kNotFound : text.size() - found - wanted.size();
+  return found == std::string_view::npos ? std::string_view::npos : text.size() - found - wanted.size();
 }
 
 std::string replacingAll(std::string_view text, std::string_view wanted, std::string_view replacement) {
@@ -65,7 +63,7 @@ std::string replacingAll(std::string_view text, std::string_view wanted, std::st
   for (;;) {
     const std::size_t at = text.find(wanted);
     result += text.substr(0, at);
-    if (at == kNotFound) return result;
+    if (at == std::string_view::npos) return result;
     result += replacement;
     text.remove_prefix(at + wanted.size());
   }

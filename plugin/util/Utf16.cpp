@@ -29,8 +29,6 @@ bool isValidSecond(unsigned first, unsigned second) {
 // A byte outside any valid sequence as one unit: a half that no valid text holds alone.
 constexpr char16_t kStrayByte = 0xDC00;
 
-bool isFirstHalf(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool isSecondHalf(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 bool isStrayByte(char16_t unit) { return unit >= kStrayByte + 0x80 && unit <= kStrayByte + 0xFF; }
 
 char32_t characterOf(char16_t first, char16_t second) {
@@ -119,12 +117,12 @@ std::string toUtf8(std::u16string_view units) {
   text.reserve(units.size());
   for (std::size_t i = 0; i < units.size(); ++i) {
     const char16_t unit = units[i];
-    if (isFirstHalf(unit) && i + 1 < units.size() && isSecondHalf(units[i + 1])) {
+    if (isHighSurrogate(unit) && i + 1 < units.size() && isLowSurrogate(units[i + 1])) {
       appendUtf8(text, characterOf(unit, units[++i]));
     } else if (isStrayByte(unit)) {
       text += static_cast<char>(static_cast<unsigned char>(unit - kStrayByte));
     } else {
-      appendUtf8(text, isFirstHalf(unit) || isSecondHalf(unit) ? 0xFFFD : unit);
+      appendUtf8(text, isHighSurrogate(unit) || isLowSurrogate(unit) ? 0xFFFD : unit);
     }
   }
   return text;

@@ -9,6 +9,9 @@ namespace vorn {
 // Lengths and positions in UTF-16 units over UTF-8 text: a character outside the basic plane counts two, every
 // other one counts one. A byte that belongs to no valid sequence counts one. All in time linear in the text.
 
+constexpr bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+constexpr bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
 std::size_t utf16Length(std::string_view text);
 
 // The first units of the text; the whole text when it is no longer. A character of which only one half would fit

@@ -18,6 +18,7 @@ namespace vorn {
 
 // Text that may be absent. An absent text and an empty text are different answers in this system.
 using OptionalText = std::optional<std::string>;
+inline bool isEmpty(const OptionalText& text) { return !text || text->empty(); }
 
 // The one dynamic type: what travels in the host's dictionaries, in JSON and in property lists.
 //

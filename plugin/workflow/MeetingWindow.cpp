@@ -8,11 +8,7 @@
 
 namespace vorn {
 
-namespace {
-
-vnActionAdditionViewMonitor& bars() { return vnActionAdditionViewMonitor::sharedInstance(); }
-
-}  // namespace
+namespace {}  // namespace
 
 MeetingWindow::MeetingWindow(std::shared_ptr<MeetingBar> bar, const HostObject& editor)
     : m_bar(std::move(bar)), m_proxy(editor) {}
@@ -24,11 +20,12 @@ MeetingWindow MeetingWindow::ofBar(const std::shared_ptr<MeetingBar>& bar) {
 MeetingWindow MeetingWindow::ofEditor(const HostObject& editor) { return {barOfEditor(editor), editor}; }
 
 MeetingWindow MeetingWindow::ofReply(const Value& data) {
-  return ofBar(bars().getVnActionAdditionViewByApptWindowID(data[keyApptWindowID].optionalText()));
+  return ofBar(vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByApptWindowID(
+      data[keyApptWindowID].optionalText()));
 }
 
 MeetingWindow MeetingWindow::ofHostWindow(const HostObject& window) {
-  return ofBar(bars().getVnActionAdditionViewByWindow(window));
+  return ofBar(vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByWindow(window));
 }
 
 OptionalText MeetingWindow::id() const { return m_bar ? m_bar->getAppointmentWindowID() : std::nullopt; }

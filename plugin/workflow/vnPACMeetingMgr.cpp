@@ -19,8 +19,6 @@ namespace vorn {
 
 namespace {
 
-bool isEmpty(const OptionalText& text) { return !text || text->empty(); }
-
 // As it is looked for: blanks at the ends of what the client tells do not outlast a location field.
 std::string bare(const OptionalText& text) { return vnOLUtils::trimRLSpace(text).value_or(""); }
 

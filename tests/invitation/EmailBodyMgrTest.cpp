@@ -10,7 +10,7 @@
 namespace vorn {
 namespace {
 
-struct Owner final : InvitationOwner {
+struct DigestOwner final : InvitationOwner {
   bool isUpdateVornMeetingEvent() override { return false; }
   bool putInvitationAtTheTop() override { return false; }
   OptionalText encodeMailBody() override { return digest; }
@@ -32,7 +32,7 @@ class EmailBodyMgr : public testing::Test {
   FakeHost m_host{m_world.classRuntime};
   FakeOwners m_owners;
   HostObject m_event;
-  Owner m_owner;
+  DigestOwner m_owner;
   vnEmailBodyMgr m_manager;
 };
 

@@ -55,7 +55,7 @@ TEST(TraceMask, SaysHowMuchOfALongTextIsLeftOut) {
 TEST(TraceMask, AnswersHostileTextsInLinearTime) {
   const auto repeated = [](const std::string& part) {
     std::string text;
-    while (text.size() < 1'000'000) text += part;
+    while (text.size() < 200'000) text += part;
     return text;
   };
   const std::clock_t begin = std::clock();

@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-struct Made {
+struct MadePorts {
   const char* name;
   std::unique_ptr<PortsWorld> (*make)();
 };
@@ -24,7 +24,7 @@ struct Made {
 // The processes of the whole machine are looked at, so no other program, nor another of these tests, may have it.
 const std::string kOwn = "us.vorn.contract.own" + std::to_string(::getpid());
 
-class PortsContract : public testing::TestWithParam<Made> {
+class PortsContract : public testing::TestWithParam<MadePorts> {
  protected:
   std::unique_ptr<PortsWorld> world = GetParam().make();
 };
@@ -165,7 +165,7 @@ TEST_P(PortsContract, EachProgressSheetHasItsMessageAndIsEndedByItsOwnerAlone) {
   world.reset();
 }
 
-const Made kPlatforms[] = {
+const MadePorts kPlatforms[] = {
     {"embedded", makeEmbeddedPorts},
     {"fakes", makeFakePorts},
 #ifdef VORN_OBJC

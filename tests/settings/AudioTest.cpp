@@ -124,13 +124,6 @@ TEST(AudioRulesTest, TheProvidersNameIsCutToWhatFitsBesideItsAccounts) {
   EXPECT_EQ(tspAccountToolTip(std::string(31, 'n'), kOneAccount, 0, textOfKey), std::string(31, 'n'));
 }
 
-TEST(AudioRulesTest, TheButtonsGoIntoTwoLinesWhenTheyAreTooManyOrTooWide) {
-  EXPECT_EQ(audioTypeShowLines({10, 10, 10, 10}), 2);
-  EXPECT_EQ(audioTypeShowLines({200, 200, 64}), 1);
-  EXPECT_EQ(audioTypeShowLines({200, 200, 65}), 2);
-  EXPECT_EQ(audioTypeShowLines({}), 1);
-}
-
 TEST(DataCenterRulesTest, AreCheckedByTheirCodesAndChosenOneByOne) {
   const Value offered = Value::Array{Value::dictionaryFromPairs({{"dc", "US"}, {"name", "States"}}),
                                      Value::dictionaryFromPairs({{"dc", "JX"}, {"name", "Elsewhere"}}), Value(7)};

@@ -15,7 +15,7 @@ namespace {
 
 using namespace panel_rules;
 using Key = TokenText::Key;
-using Kind = TokenText::Input::Kind;
+using InputKind = TokenText::Input::Kind;
 constexpr auto kExtends = TokenText::Extends::yes;
 
 TokenPiece chip(const std::string& title) {
@@ -134,18 +134,18 @@ TEST(TokenText, IsEditedAsAPersonExpects) {
 TEST(TokenText, TellsOnceWhatTheUserHasDone) {
   TokenText tokens;
   tokens.type("a");
-  EXPECT_EQ(tokens.takeInput().kind, Kind::changed);
-  EXPECT_EQ(tokens.takeInput().kind, Kind::none);
+  EXPECT_EQ(tokens.takeInput().kind, InputKind::changed);
+  EXPECT_EQ(tokens.takeInput().kind, InputKind::none);
   tokens.paste("\U0001F600b");
   const TokenText::Input pasted = tokens.takeInput();
-  EXPECT_EQ(pasted.kind, Kind::pasted);
+  EXPECT_EQ(pasted.kind, InputKind::pasted);
   EXPECT_EQ(pasted.pasted, (TextRange{1, 3}));
   tokens.press(Key::down);
   const TokenText::Input pressed = tokens.takeInput();
-  EXPECT_EQ(pressed.kind, Kind::command);
+  EXPECT_EQ(pressed.kind, InputKind::command);
   EXPECT_EQ(pressed.command, Key::down);
   tokens.replace({0, 1}, {chip("x")});
-  EXPECT_EQ(tokens.takeInput().kind, Kind::none) << "not the user's doing";
+  EXPECT_EQ(tokens.takeInput().kind, InputKind::none) << "not the user's doing";
 }
 
 TEST(TokenWords, TheTokenIsWhatStandsBetweenChipAndCaret) {

@@ -2,18 +2,12 @@
 
 #include <limits>
 
+#include "tests/support/Texts.h"
 #include "util/DateText.h"
 #include "util/HtmlText.h"
 
 namespace vorn {
 namespace {
-
-std::string repeated(std::string_view piece, std::size_t times) {
-  std::string text;
-  text.reserve(piece.size() * times);
-  for (std::size_t i = 0; i < times; ++i) text += piece;
-  return text;
-}
 
 TEST(HtmlText, HasTheLinesThatAReaderSees) {
   const struct {

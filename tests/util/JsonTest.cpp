@@ -3,17 +3,12 @@
 #include <cmath>
 #include <limits>
 
+#include "tests/support/Texts.h"
 #include "util/HostObject.h"
 #include "util/vnOLUtils.h"
 
 namespace vorn {
 namespace {
-
-std::string repeated(std::string_view piece, std::size_t times) {
-  std::string text;
-  for (std::size_t i = 0; i < times; ++i) text += piece;
-  return text;
-}
 
 TEST(Json, ReadsEveryKindOfValueAlsoAtTheTop) {
   const struct {

@@ -166,7 +166,7 @@ std::size_t widthOfLabels(const std::vector<Line>& lines) {
   return width;
 }
 
-std::string padded(const std::string& text, std::size_t columns) {
+std::string paddedTo(const std::string& text, std::size_t columns) {
   const std::size_t width = columnsOf(text);
   return width < columns ? text + std::string(columns - width, ' ') : text;
 }
@@ -174,7 +174,7 @@ std::string padded(const std::string& text, std::size_t columns) {
 std::string inWords(const Line& line, std::size_t labelWidth) {
   std::string text =
       std::string("  ") + line.mark + " " + std::string(2 * static_cast<std::size_t>(line.depth), ' ');
-  if (!line.label.empty()) text += padded(line.label, labelWidth) + "  ";
+  if (!line.label.empty()) text += paddedTo(line.label, labelWidth) + "  ";
   return text + line.text;
 }
 
@@ -232,7 +232,7 @@ std::vector<std::string> panelInWords(const std::string& title, const PanelLayou
     const std::size_t labels = widthOfLabels(lines);
     for (const Line& line : lines) {
       std::string text = inWords(line, labels);
-      if (!line.note.empty()) text = padded(text, kWidestLine) + "  " + line.note;
+      if (!line.note.empty()) text = paddedTo(text, kWidestLine) + "  " + line.note;
       printed.push_back(std::move(text));
       hasLocked |= line.mark == '#';
     }

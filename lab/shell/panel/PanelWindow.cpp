@@ -12,7 +12,7 @@ constexpr double kDeferredSeconds = 0.11;
 
 // The bar's button for settings, and the one that opens the panel for an appointment without a meeting.
 constexpr const char* kSettings = "onClickChangeSettings:";
-constexpr const char* kAdd = "onClickAddVornMeeting:";
+constexpr const char* kAddMeeting = "onClickAddVornMeeting:";
 
 }  // namespace
 
@@ -41,7 +41,7 @@ PanelWindow::PanelWindow(LabSession& session, const std::optional<CalendarEvent>
 std::string PanelWindow::clickButton() const {
   OutlookHost& host = m_session.host();
   if (!host.barView(m_editor)) return "the plug-in put no bar into the editor";
-  if (host.clickBar(m_editor, kSettings) || host.clickBar(m_editor, kAdd)) return "";
+  if (host.clickBar(m_editor, kSettings) || host.clickBar(m_editor, kAddMeeting)) return "";
   return "the bar offers neither settings nor a meeting";
 }
 

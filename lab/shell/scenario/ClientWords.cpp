@@ -31,11 +31,11 @@ StageStep client(LineReader& line) {
   line.fail("start, stop, kill or faults");
 }
 
-constexpr std::array kWords = {
+constexpr std::array kClientWords = {
     StageWord{"client", "client start|stop|kill, or: client faults none|RULE ...", client}};
 
 }  // namespace
 
-std::span<const StageWord> clientWords() { return kWords; }
+std::span<const StageWord> clientWords() { return kClientWords; }
 
 }  // namespace vornlab

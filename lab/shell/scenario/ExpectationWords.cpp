@@ -329,7 +329,7 @@ StageStep service(LineReader& line) {
   line.fail("number, subject, minutes, passcode, language, host, appointment, repeats, setting, count or none");
 }
 
-constexpr std::array kWords = {
+constexpr std::array kExpectationWords = {
     StageWord{"bar", "expect bar add|meeting|hidden|none", bar},
     StageWord{"button", "expect button BUTTON shown|hidden|disabled|none [title|image|tooltip TEXT]", button},
     StageWord{"settings",
@@ -360,6 +360,6 @@ constexpr std::array kWords = {
 
 }  // namespace
 
-std::span<const StageWord> expectationWords() { return kWords; }
+std::span<const StageWord> expectationWords() { return kExpectationWords; }
 
 }  // namespace vornlab

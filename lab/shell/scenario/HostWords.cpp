@@ -159,7 +159,7 @@ StageStep toolbar(LineReader& line) {
   };
 }
 
-StageStep settings(LineReader& line) {
+StageStep inSettings(LineReader& line) {
   if (line.take("open")) {
     return [](Stage& stage) {
       if (!stage.host().clickBar(stage.editor(), "onClickChangeSettings:")) {
@@ -186,9 +186,9 @@ StageStep settings(LineReader& line) {
   }
   if (line.take("key")) {
     const std::string control = line.text("a CONTROL");
-    const auto key = panelKey(line.text("a key"));
-    if (!key) line.fail(std::string("a key, which is one of ") + kPanelKeys);
-    return [control, key = *key](Stage& stage) { pressInPanel(stage, control, key); };
+    const std::string word = line.text("a key");
+    if (!isPanelKey(word)) line.fail(std::string("a key, which is one of ") + kPanelKeys);
+    return [control, word](Stage& stage) { pressInPanel(stage, control, word); };
   }
   return [choice = readChoice(line)](Stage& stage) { stage.choose(choice); };
 }
@@ -304,9 +304,13 @@ StageStep record(LineReader& line) {
 
 StageStep reopen(LineReader& line) {
   line.need("main window");
-  return [](Stage& stage) {
+  // Said in one step: the plug-in looks at a new window a moment after it is there, which a person who then
+  // changes the pane would race with.
+  const StageStep pane = line.take("on") ? show(line) : [](Stage&) {};
+  return [pane](Stage& stage) {
     stage.host().closeMainWindow();
     stage.host().openMainWindow();
+    pane(stage);
   };
 }
 
@@ -328,7 +332,7 @@ StageStep wait(LineReader& line) {
   return [seconds = line.seconds()](Stage& stage) { stage.wait(seconds); };
 }
 
-constexpr std::array kWords = {
+constexpr std::array kHostWords = {
     StageWord{"open", "open UID [occurrence ID] [as NAME]", open},
     StageWord{"call", "call off UID [as NAME]", callOff},
     StageWord{"new", "new [as NAME] [at TIME]", openNew},
@@ -339,7 +343,7 @@ constexpr std::array kWords = {
     StageWord{"show", "show mail|calendar", show},
     StageWord{"ribbon", "ribbon tab N, or: ribbon rebuilt", ribbon},
     StageWord{"toolbar", "toolbar item IDENTIFIER", toolbar},
-    StageWord{"settings", kPanelUsage, settings},
+    StageWord{"settings", kPanelUsage, inSettings},
     StageWord{"from", "from changed", from},
     StageWord{"drag", "drag UID [occurrence ID] to TIME", drag},
     StageWord{"resize", "resize UID [occurrence ID] to TIME for N min", resize},
@@ -350,12 +354,12 @@ constexpr std::array kWords = {
     StageWord{"close", "close", closeWindow},
     StageWord{"record", "record removed|moved|text TEXT", record},
     StageWord{"answer", "answer yes|no [not again]", answer},
-    StageWord{"reopen", "reopen main window", reopen},
+    StageWord{"reopen", "reopen main window [on mail|calendar]", reopen},
     StageWord{"wait", "wait [N s]", wait},
 };
 
 }  // namespace
 
-std::span<const StageWord> hostWords() { return kWords; }
+std::span<const StageWord> hostWords() { return kHostWords; }
 
 }  // namespace vornlab

@@ -121,19 +121,42 @@ void pasteInPanel(Stage& stage, const std::string& control, const std::string& t
   useTokens(stage, control, [&](vorn::TokenText& tokens) { tokens.paste(text); });
 }
 
-void pressInPanel(Stage& stage, const std::string& control, vorn::TokenText::Key key) {
-  useTokens(stage, control, [key](vorn::TokenText& tokens) { tokens.press(key); });
+namespace {
+
+// A key as a field of tokens has it, and the command that any other field hears.
+struct PanelKey {
+  std::string_view word;
+  vorn::TokenText::Key key;
+  std::string_view command{};
+};
+constexpr PanelKey kKeys[] = {{"up", vorn::TokenText::Key::up, vorn::field_key::kUp},
+                              {"down", vorn::TokenText::Key::down, vorn::field_key::kDown},
+                              {"left", vorn::TokenText::Key::left},
+                              {"right", vorn::TokenText::Key::right},
+                              {"return", vorn::TokenText::Key::newLine, vorn::field_key::kReturn},
+                              {"tab", vorn::TokenText::Key::tab},
+                              {"escape", vorn::TokenText::Key::escape, vorn::field_key::kEscape},
+                              {"delete", vorn::TokenText::Key::deleteBackward}};
+
+const PanelKey* findKey(std::string_view word) {
+  const auto* const found =
+      std::find_if(std::begin(kKeys), std::end(kKeys), [&](const PanelKey& each) { return each.word == word; });
+  return found == std::end(kKeys) ? nullptr : found;
 }
 
-std::optional<vorn::TokenText::Key> panelKey(std::string_view word) {
-  using Key = vorn::TokenText::Key;
-  constexpr std::pair<std::string_view, Key> keys[] = {
-      {"up", Key::up},          {"down", Key::down}, {"left", Key::left},     {"right", Key::right},
-      {"return", Key::newLine}, {"tab", Key::tab},   {"escape", Key::escape}, {"delete", Key::deleteBackward}};
-  for (const auto& [name, key] : keys) {
-    if (name == word) return key;
+}  // namespace
+
+bool isPanelKey(std::string_view word) { return findKey(word) != nullptr; }
+
+void pressInPanel(Stage& stage, const std::string& control, const std::string& word) {
+  const PanelKey& pressed = *findKey(word);
+  if (controlOf(stage, control).kind == Control::Kind::tokenField) {
+    useTokens(stage, control, [&](vorn::TokenText& tokens) { tokens.press(pressed.key); });
+  } else if (pressed.command.empty()) {
+    throw Mismatch("a key that means something in " + control, word);
+  } else {
+    use(stage, control + ":" + std::string(pressed.command), nullptr);
   }
-  return std::nullopt;
 }
 
 void clickInPanel(Stage& stage, const std::string& control) { use(stage, control, nullptr); }

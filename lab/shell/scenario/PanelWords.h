@@ -26,12 +26,12 @@ struct PanelProperty {
   void set(Stage& stage, const std::string& value) const;
 };
 
-// What a person types into a field of tokens, character for character, or pastes; and a key that is pressed there.
+// What a person types into a field of tokens, character for character, or pastes.
 void typeInPanel(Stage& stage, const std::string& control, const std::string& text);
 void pasteInPanel(Stage& stage, const std::string& control, const std::string& text);
-void pressInPanel(Stage& stage, const std::string& control, vorn::TokenText::Key key);
-// Absent for a word that names no key.
-std::optional<vorn::TokenText::Key> panelKey(std::string_view word);
+// A key that is pressed in a field. Throws Mismatch for one that means nothing there.
+void pressInPanel(Stage& stage, const std::string& control, const std::string& word);
+bool isPanelKey(std::string_view word);
 inline constexpr const char* kPanelKeys = "up, down, left, right, return, tab, escape or delete";
 
 // A click on the control, as on a button of the panel.

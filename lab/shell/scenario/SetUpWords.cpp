@@ -179,7 +179,7 @@ void readMeeting(LineReader& line, ScenarioSetUp& setUp) {
   setUp.meetings.push_back(std::move(meeting));
 }
 
-const std::array kWords = {
+const std::array kSetUpWords = {
     SetUpWord{"account", "account FILE",
               [](LineReader& line, ScenarioSetUp& setUp) {
                 setUp.account = findFile(line, line.text("a file"), "lab/client/accounts");
@@ -247,6 +247,6 @@ SavedChoice readChoice(LineReader& line) {
   return choice;
 }
 
-std::span<const SetUpWord> setUpWords() { return kWords; }
+std::span<const SetUpWord> setUpWords() { return kSetUpWords; }
 
 }  // namespace vornlab

@@ -5,6 +5,7 @@
 
 #include "lab/shell/LabError.h"
 #include "lab/shell/MeetingRoad.h"
+#include "lab/shell/RoadWords.h"
 
 namespace vornlab {
 namespace {
@@ -18,12 +19,10 @@ constexpr double kDoubtSeconds = 0.15;
 // How long a message that found no connection may take to bring one about.
 constexpr double kReconnectSeconds = 2;
 
-constexpr std::int64_t kMeetings = 3;
-
 std::string nameOf(bool isRequest, const Value& facts) {
   std::string name = facts["action"].stringValue();
   // Most meeting requests share one number; the operation stands at the head of the content.
-  if (isRequest && facts["action"].integerValue() == kMeetings) {
+  if (isRequest && facts["action"].integerValue() == kMeetingRequests) {
     name += "/" + std::to_string(facts["content"].integerValue());
   }
   return name;

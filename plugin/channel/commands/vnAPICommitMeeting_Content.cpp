@@ -5,6 +5,8 @@
 
 #include "channel/commands/vnAPICommitMeeting.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
+#include "data/AudioType.h"
+#include "data/RecordingType.h"
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnOLCalendarDate.h"
@@ -21,19 +23,8 @@ constexpr std::size_t MeetingTopicLength_Max = 200;
 // The head fills the fields of other operations, so that the document begins in field 13.
 constexpr std::string_view kEmptyFields = ";;;;;;;;;;;;;";
 
-constexpr std::int64_t kThirdPartyAudio = 3;
 // The audio choices of a telephony provider's site, and what the client calls the first of them.
-constexpr std::int64_t kTspAudioFirst = 10;
-constexpr std::int64_t kTspAudioLast = 14;
 constexpr std::int64_t kTspAudioOptionFirst = 1;
-
-enum RecordingType : std::int64_t {
-  kLocalOfBoth = 1,
-  kCloudOfBoth = 2,
-  kOnlyLocal = 3,
-  kOnlyCloud = 4,
-  kNoRecordingChoice = 5,
-};
 
 // The document's member is the source's, and is missing when the source has none.
 class Copier {
@@ -53,21 +44,21 @@ class Copier {
 
 void setAudio(const Value& setting, Value& document) {
   const std::int64_t audio = setting[vn_Setting_AudioOption].integerValue();
-  if (audio >= kTspAudioFirst && audio <= kTspAudioLast) {
-    document.set(vn_Setting_TspAudioOption, audio - kTspAudioFirst + kTspAudioOptionFirst);
+  if (audio >= kAudioTspTelephonyFirst && audio <= kAudioTspBothSecond) {
+    document.set(vn_Setting_TspAudioOption, audio - kAudioTspTelephonyFirst + kTspAudioOptionFirst);
     return;
   }
   document.set(vn_Setting_AudioOption, setting[vn_Setting_AudioOption]);
-  if (audio == kThirdPartyAudio) document.set(vn_Setting_ThirdPartyAudio, setting[vn_Setting_ThirdPartyAudio]);
+  if (audio == kAudioThirdParty) document.set(vn_Setting_ThirdPartyAudio, setting[vn_Setting_ThirdPartyAudio]);
 }
 
 void setRecording(const Value& setting, Value& document) {
   const std::int64_t type = setting[vn_Setting_EnableAutoRecordingType].integerValue();
-  if (type == kNoRecordingChoice) return;
+  if (type == kRecordingUnavailable) return;
   document.set(vn_Setting_EnableAutoRecordingMtgLevelFirst,
                setting[vn_Setting_EnableAutoRecordingMtgLevelFirst].boolValue());
-  document.set(vn_Setting_EnableCloudRecording, type == kCloudOfBoth || type == kOnlyCloud);
-  document.set(vn_Setting_EnableLocalRecording, type == kLocalOfBoth || type == kOnlyLocal);
+  document.set(vn_Setting_EnableCloudRecording, type == kRecordingCloudOfBoth || type == kRecordingOnlyCloud);
+  document.set(vn_Setting_EnableLocalRecording, type == kRecordingLocalOfBoth || type == kRecordingOnlyLocal);
 }
 
 void setRegions(const Value& setting, Value& document) {

@@ -24,7 +24,7 @@ Value click(const HostObject& view, const Arguments&) {
 
 using Bar = vnActionAdditionView;
 
-constexpr OwnMethod kMethods[] = {
+constexpr OwnMethod kBarMethods[] = {
     {"onClickAddVornMeeting:", "v@:@", click<&Bar::onClickAddVornMeeting>},
     {"onClickAddPACAccount1:", "v@:@", click<&Bar::onClickAddPACAccount1>},
     {"onClickAddPACAccount2:", "v@:@", click<&Bar::onClickAddPACAccount2>},
@@ -35,7 +35,7 @@ constexpr OwnMethod kMethods[] = {
 }  // namespace
 
 HostObject BarView::make(const Rect& frame) {
-  return makeInHost(ownClass(Bar::kViewClass, "NSView", kMethods), "initWithFrame:", {valueFromRect(frame)});
+  return makeInHost(ownClass(Bar::kViewClass, "NSView", kBarMethods), "initWithFrame:", {valueFromRect(frame)});
 }
 
 void BarView::connect(const HostObject& view, const std::shared_ptr<vnActionAdditionView>& bar) {

@@ -37,27 +37,29 @@ Value saveOrSend(HookCall& call, vnApptAction action, const Value& stopped) {
 
 }  // namespace
 
-using Hook = vnHookERCalendarEventEditorViewController;
+Value vnHookERCalendarEventEditorViewController::forwardAsSave(HookCall& call) { return forwardSave(call); }
 
-Value Hook::forwardAsSave(HookCall& call) { return forwardSave(call); }
-
-Value Hook::vn_ERCalendarEventEditorViewController_saveAndCloseWindow(HookCall& call) {
+Value vnHookERCalendarEventEditorViewController::vn_ERCalendarEventEditorViewController_saveAndCloseWindow(
+    HookCall& call) {
   return saveOrSend(call, VnApptActionSaveAndClose, kNotClosed);
 }
 
-Value Hook::vn_ERCalendarEventEditorViewController_save(HookCall& call) {
+Value vnHookERCalendarEventEditorViewController::vn_ERCalendarEventEditorViewController_save(HookCall& call) {
   return saveOrSend(call, VnApptActionSave, Value());
 }
 
-Value Hook::vn_ERCalendarEventEditorViewController_sendMeetingPostValidate(HookCall& call) {
+Value vnHookERCalendarEventEditorViewController::vn_ERCalendarEventEditorViewController_sendMeetingPostValidate(
+    HookCall& call) {
   return saveOrSend(call, VnApptActionSend, Value());
 }
 
-Value Hook::vn_ERCalendarEventEditorViewController_saveAndCloseWindow_andReturnError(HookCall& call) {
+Value vnHookERCalendarEventEditorViewController::
+    vn_ERCalendarEventEditorViewController_saveAndCloseWindow_andReturnError(HookCall& call) {
   return saveOrSend(call, VnApptActionSaveAndCloseReturnError, kNotClosed);
 }
 
-Value Hook::vn_ERCalendarEventEditorViewController_fromFieldModified(HookCall& call) {
+Value vnHookERCalendarEventEditorViewController::vn_ERCalendarEventEditorViewController_fromFieldModified(
+    HookCall& call) {
   Value result = call.forward();
   const auto bar = vnActionAdditionView::from(barOfEditor(call.receiver()));
   if (!bar) return result;
@@ -70,7 +72,8 @@ Value Hook::vn_ERCalendarEventEditorViewController_fromFieldModified(HookCall& c
   return result;
 }
 
-Value Hook::vn_ERCalendarEventEditorViewController_switchToRecurrenceDidEnd(HookCall& call) {
+Value vnHookERCalendarEventEditorViewController::vn_ERCalendarEventEditorViewController_switchToRecurrenceDidEnd(
+    HookCall& call) {
   Value result = call.forward();
   const std::int64_t returnCode = call.argument(1).integerValue();
   if (returnCode != 0 && returnCode != 1) return result;
@@ -78,7 +81,8 @@ Value Hook::vn_ERCalendarEventEditorViewController_switchToRecurrenceDidEnd(Hook
   return result;
 }
 
-Value Hook::vn_ERCalendarEventEditorViewController_hostWordMailEditor(HookCall& call) {
+Value vnHookERCalendarEventEditorViewController::vn_ERCalendarEventEditorViewController_hostWordMailEditor(
+    HookCall& call) {
   const HostObject wordMailEditor = call.argument(0).object();
   vnApptDataForSaveRecord::sharedInstance().setOLWordMailEditor(call.receiver(), wordMailEditor);
   // A window that is open already goes on with the new one.
@@ -87,7 +91,8 @@ Value Hook::vn_ERCalendarEventEditorViewController_hostWordMailEditor(HookCall& 
   return call.forward();
 }
 
-Value Hook::vn_ERCalendarEventEditorViewController_checkMeetingChangesForAttendees(HookCall& call) {
+Value vnHookERCalendarEventEditorViewController::
+    vn_ERCalendarEventEditorViewController_checkMeetingChangesForAttendees(HookCall& call) {
   vnERCalendarEventEditorViewController editor(call.receiver());
   if (vnOLUtils::isNullString(call.argument(0)) || !editor.isValidConnection()) return call.forward();
   // A changed invitation in the body is no reason to ask whether the attendees shall hear of it.

@@ -13,9 +13,8 @@ constexpr std::string_view kHeaderClass = "OLAutoLayoutAttachmentsAcceptingView"
 
 }  // namespace
 
-using Hook = vnHookOLAutoLayoutAttachmentsAcceptingView;
-
-Value Hook::vnOLAutoLayoutAttachmentsAcceptingView_initWithFrame(HookCall& call) {
+Value vnHookOLAutoLayoutAttachmentsAcceptingView::vnOLAutoLayoutAttachmentsAcceptingView_initWithFrame(
+    HookCall& call) {
   Value made = call.forward();
   if (made.object() && isExactlyOfHostClass(call.receiver(), kHeaderClass)) {
     vnApptUIActionMgr::sharedInstance().createVnAdditionViewOnCalHeaderContainerView(made.object());
@@ -23,7 +22,7 @@ Value Hook::vnOLAutoLayoutAttachmentsAcceptingView_initWithFrame(HookCall& call)
   return made;
 }
 
-Value Hook::vnOLAutoLayoutAttachmentsAcceptingView_drawRect(HookCall& call) {
+Value vnHookOLAutoLayoutAttachmentsAcceptingView::vnOLAutoLayoutAttachmentsAcceptingView_drawRect(HookCall& call) {
   Value result = call.forward();
   if (isExactlyOfHostClass(call.receiver(), kHeaderClass)) {
     placeActionBar(subviewsOf(call.receiver()), vnHasTimezone(call.receiver()));

@@ -26,21 +26,19 @@ Value editThenForward(HookCall& call, const Edit& edit) {
 
 }  // namespace
 
-using Hook = vnHookOLCalendarGridViewWrapper;
-
-Value Hook::vn_OLCalendarGridViewWrapper_dragResizedEvent(HookCall& call) {
+Value vnHookOLCalendarGridViewWrapper::vn_OLCalendarGridViewWrapper_dragResizedEvent(HookCall& call) {
   return editThenForward(call, [&](vnCalendarActionMgr& calendar) {
     return calendar.updateDuration(call.receiver(), call.argument(2).object(), call.argument(3).realValue());
   });
 }
 
-Value Hook::vn_OLCalendarGridViewWrapper_performDragFrom(HookCall& call) {
+Value vnHookOLCalendarGridViewWrapper::vn_OLCalendarGridViewWrapper_performDragFrom(HookCall& call) {
   return editThenForward(call, [&](vnCalendarActionMgr& calendar) {
     return calendar.updateStartTime(call.receiver(), call.argument(2).object());
   });
 }
 
-Value Hook::vn_OLCalendarGridViewWrapper_subjectChanged(HookCall& call) {
+Value vnHookOLCalendarGridViewWrapper::vn_OLCalendarGridViewWrapper_subjectChanged(HookCall& call) {
   return editThenForward(call, [&](vnCalendarActionMgr& calendar) {
     return calendar.updateSubject(call.receiver(), call.argument(0).optionalText());
   });

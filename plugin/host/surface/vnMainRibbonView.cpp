@@ -31,7 +31,7 @@ Value click(const HostObject&, const Arguments&) {
 
 using Ribbon = vnMainRibbonView;
 
-constexpr OwnMethod kMethods[] = {
+constexpr OwnMethod kRibbonMethods[] = {
     {"onClickScheduleMeeting:", "v@:@", click<&Ribbon::onClickScheduleMeeting>},
     {"onClickStartMeetingWithVideo:", "v@:@", click<&Ribbon::onClickStartMeetingWithVideo>},
     {"onClickStartMeetingWithoutVideo:", "v@:@", click<&Ribbon::onClickStartMeetingWithoutVideo>},
@@ -83,7 +83,7 @@ HostObject vnMainRibbonView::vnRibbonButton() const {
 
 const HostObject& vnMainRibbonView::menu() {
   if (m_menu) return m_menu;
-  m_target = makeInHost(ownClass("vnMainRibbonView", "NSObject", kMethods), "init");
+  m_target = makeInHost(ownClass("vnMainRibbonView", "NSObject", kRibbonMethods), "init");
   const MenuEntry entries[] = {
       {localizedString("ScheduleMeetingLabel"), "onClickScheduleMeeting:"},
       {localizedString("StartWithVideo"), "onClickStartMeetingWithVideo:"},

@@ -36,13 +36,13 @@ Value hitTest(const HostObject& view, const Arguments& arguments) {
   return isInside ? Value(view) : Value();
 }
 
-constexpr OwnMethod kMethods[] = {
+constexpr OwnMethod kToolbarPopupMethods[] = {
     {"setImage:", "v@:@", setImage}, {"mouseDown:", "v@:@", mouseDown}, {"hitTest:", "@@:{CGPoint=dd}", hitTest}};
 
 }  // namespace
 
 HostObject makePopupToolbarView(const Rect& frame, std::string_view imageName, const HostObject& menu) {
-  const ClassRef viewClass = ownClass("vnPopupToolbarView", "NSView", kMethods);
+  const ClassRef viewClass = ownClass("vnPopupToolbarView", "NSView", kToolbarPopupMethods);
   const HostObject view = makeInHost(viewClass, "initWithFrame:", {valueFromRect(frame)});
   askHost(view, "setImage:", {imageNamed(imageName)});
   askHost(view, "setMenu:", {menu});

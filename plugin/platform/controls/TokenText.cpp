@@ -9,9 +9,6 @@ namespace vorn {
 
 namespace {
 
-bool isFirstHalf(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool isSecondHalf(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
 std::u16string plainUnits(std::string_view text) {
   std::u16string units = toUtf16(text);
   std::erase(units, TokenText::kChip);
@@ -34,7 +31,8 @@ const std::string& TokenChip::field(std::string_view key) const {
 
 std::size_t TokenText::boundary(std::size_t position) const {
   if (position >= m_units.size()) return m_units.size();
-  const bool isInPair = position > 0 && isFirstHalf(m_units[position - 1]) && isSecondHalf(m_units[position]);
+  const bool isInPair =
+      position > 0 && isHighSurrogate(m_units[position - 1]) && isLowSurrogate(m_units[position]);
   return isInPair ? position - 1 : position;
 }
 

@@ -14,7 +14,7 @@ class vnKeyUpTextField {
   void setKeyupTarget(Action keyupAction) { m_keyupAction = std::move(keyupAction); }
   void setTextChangeTarget(Action textChangeAction) { m_textChangeAction = std::move(textChangeAction); }
 
-  // Nothing without somebody to tell.
+  // Nothing without somebody to tell. The passcode's field listens to its text alone.
   void keyUp() const { tell(m_keyupAction); }
   void textDidChange() const { tell(m_textChangeAction); }
 

@@ -13,7 +13,6 @@ class vnMaxLengthFormatter {
   static constexpr std::size_t kvnMaxLength = 50;
 
   explicit vnMaxLengthFormatter(std::size_t maxLength = kvnMaxLength) : m_maxLength(maxLength) {}
-  void setMaxLength(std::size_t maxLength) { m_maxLength = maxLength; }
 
   // Whether the field may hold the text; one that may not leaves the field as it was. Time linear in the text.
   bool accepts(std::string_view proposed) const { return utf16Length(proposed) <= m_maxLength; }

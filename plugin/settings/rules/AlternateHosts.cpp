@@ -12,10 +12,6 @@ namespace vorn::panel_rules {
 
 namespace {
 
-std::string trimmed(std::string_view text) {
-  return vnOLUtils::trimAllSpaceAndNewLine(std::string(text)).value_or("");
-}
-
 // Between addresses of a list. People separate with commas, too, but an address may hold one, and so may the name
 // of a person: a comma counts only where nothing else makes sense of it.
 constexpr std::string_view kEndsEntry = ";\n\r";

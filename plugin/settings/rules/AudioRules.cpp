@@ -1,23 +1,11 @@
 #include "settings/rules/AudioRules.h"
 
-#include <numeric>
-
+#include "data/AudioType.h"
 #include "util/vnOLUtils.h"
 
 namespace vorn::panel_rules {
 
 namespace {
-
-constexpr std::int64_t kTelephony = 0;
-constexpr std::int64_t kVoip = 1;
-constexpr std::int64_t kBoth = 2;
-constexpr std::int64_t kThirdParty = 3;
-constexpr std::int64_t kTspTelephonyFirst = 10;
-constexpr std::int64_t kTspTelephonySecond = 11;
-constexpr std::int64_t kTspVoip = 12;
-constexpr std::int64_t kTspBothFirst = 13;
-constexpr std::int64_t kTspBothSecond = 14;
-constexpr std::int64_t kNoSelection = 100;
 
 constexpr int kSecondAccount = 1;
 
@@ -29,17 +17,17 @@ void chooseOnTspSite(AudioControls& controls, const AudioSite& site, std::int64_
   const bool several = site.moreThanOneTSPAccounts();
   controls.telephonyHidden = several;
   controls.tspAccountHidden = !several;
-  const bool isFirst = audioType == kTspTelephonyFirst;
+  const bool isFirst = audioType == kAudioTspTelephonyFirst;
   // One account has no second telephony, so that a meeting made with two shows none.
   if (several) {
-    controls.tspAccountOn = isFirst || audioType == kTspTelephonySecond;
+    controls.tspAccountOn = isFirst || audioType == kAudioTspTelephonySecond;
   } else {
     controls.telephonyOn = isFirst;
   }
-  controls.voipOn = audioType == kTspVoip;
-  controls.bothOn = audioType == kTspBothFirst || audioType == kTspBothSecond;
+  controls.voipOn = audioType == kAudioTspVoip;
+  controls.bothOn = audioType == kAudioTspBothFirst || audioType == kAudioTspBothSecond;
   controls.tspAccountPopupHidden = !tspAccountPopupIsShown(controls, site);
-  const bool isSecond = audioType == kTspTelephonySecond || audioType == kTspBothSecond;
+  const bool isSecond = audioType == kAudioTspTelephonySecond || audioType == kAudioTspBothSecond;
   controls.tspAccountIndex = several && isSecond ? kSecondAccount : 0;
 }
 
@@ -54,10 +42,10 @@ AudioControls audioAtLoad(const AudioSite& site, std::int64_t audioType) {
   }
   controls.tspAccountHidden = true;
   controls.tspAccountPopupHidden = true;
-  controls.telephonyOn = audioType == kTelephony;
-  controls.voipOn = audioType == kVoip;
-  controls.bothOn = audioType == kBoth;
-  controls.thirdPartyOn = audioType == kThirdParty;
+  controls.telephonyOn = audioType == kAudioTelephony;
+  controls.voipOn = audioType == kAudioVoip;
+  controls.bothOn = audioType == kAudioBoth;
+  controls.thirdPartyOn = audioType == kAudioThirdParty;
   return controls;
 }
 
@@ -81,16 +69,17 @@ AudioControls audioAfterClick(const AudioControls& controls, AudioButton clicked
 
 std::int64_t audioTypeOfChoice(const AudioControls& controls, const AudioSite& site) {
   if (!site.isTspSite) {
-    if (controls.telephonyOn) return kTelephony;
-    if (controls.voipOn) return kVoip;
-    if (controls.bothOn) return kBoth;
-    return controls.thirdPartyOn ? kThirdParty : kNoSelection;
+    if (controls.telephonyOn) return kAudioTelephony;
+    if (controls.voipOn) return kAudioVoip;
+    if (controls.bothOn) return kAudioBoth;
+    return controls.thirdPartyOn ? kAudioThirdParty : kAudioNoSelection;
   }
   const bool isSecond = !controls.tspAccountPopupHidden && controls.tspAccountIndex == kSecondAccount;
-  if (controls.telephonyOn || controls.tspAccountOn) return isSecond ? kTspTelephonySecond : kTspTelephonyFirst;
-  if (controls.voipOn) return kTspVoip;
-  if (controls.bothOn) return isSecond ? kTspBothSecond : kTspBothFirst;
-  return kNoSelection;
+  if (controls.telephonyOn || controls.tspAccountOn)
+    return isSecond ? kAudioTspTelephonySecond : kAudioTspTelephonyFirst;
+  if (controls.voipOn) return kAudioTspVoip;
+  if (controls.bothOn) return isSecond ? kAudioTspBothSecond : kAudioTspBothFirst;
+  return kAudioNoSelection;
 }
 
 std::int64_t audioTypeFromUI(const AudioControls& controls, const AudioSite& site) {
@@ -98,19 +87,19 @@ std::int64_t audioTypeFromUI(const AudioControls& controls, const AudioSite& sit
   const bool isVoip = !controls.voipHidden && controls.voipOn;
   const bool isBoth = !controls.bothHidden && controls.bothOn;
   if (!site.isTspSite) {
-    if (isTelephony) return kTelephony;
-    if (isVoip) return kVoip;
-    if (isBoth) return kBoth;
-    return !controls.thirdPartyHidden && controls.thirdPartyOn ? kThirdParty : kTelephony;
+    if (isTelephony) return kAudioTelephony;
+    if (isVoip) return kAudioVoip;
+    if (isBoth) return kAudioBoth;
+    return !controls.thirdPartyHidden && controls.thirdPartyOn ? kAudioThirdParty : kAudioTelephony;
   }
   const bool isSecond = controls.tspAccountIndex == kSecondAccount;
-  if (isTelephony) return kTspTelephonyFirst;
+  if (isTelephony) return kAudioTspTelephonyFirst;
   if (!controls.tspAccountHidden && controls.tspAccountOn) {
-    return isSecond ? kTspTelephonySecond : kTspTelephonyFirst;
+    return isSecond ? kAudioTspTelephonySecond : kAudioTspTelephonyFirst;
   }
-  if (isVoip) return kTspVoip;
-  if (isBoth) return isSecond ? kTspBothSecond : kTspBothFirst;
-  return kTspTelephonyFirst;
+  if (isVoip) return kAudioTspVoip;
+  if (isBoth) return isSecond ? kAudioTspBothSecond : kAudioTspBothFirst;
+  return kAudioTspTelephonyFirst;
 }
 
 AudioControls audioForEndToEnd(const AudioControls& controls) {
@@ -126,8 +115,8 @@ AudioControls audioForEndToEnd(const AudioControls& controls) {
 }
 
 bool countriesAreShown(const AudioSite& site, std::int64_t audioType) {
-  return site.isVornClientSupportEditCountries && !site.isTspSite && audioType != kVoip &&
-         audioType != kThirdParty;
+  return site.isVornClientSupportEditCountries && !site.isTspSite && audioType != kAudioVoip &&
+         audioType != kAudioThirdParty;
 }
 
 std::string tspAccountName(const std::string& tspServiceProvider, const AudioSite& site) {
@@ -159,15 +148,6 @@ std::string tspAccountToolTip(const std::string& tspServiceProvider, const Audio
   if (tspAccountName(tspServiceProvider, site) == tspServiceProvider || index < 0) return "";
   if (!site.moreThanOneTSPAccounts()) return tspServiceProvider;
   return tspAccountTitle(tspServiceProvider, static_cast<std::size_t>(index) + 1, texts);
-}
-
-int audioTypeShowLines(const std::vector<double>& shownWidths) {
-  constexpr std::size_t kTooManyForOneLine = 4;
-  constexpr double kBetween = 5;
-  constexpr double kLine = 474;
-  if (shownWidths.size() >= kTooManyForOneLine) return 2;
-  const double gaps = shownWidths.empty() ? 0 : kBetween * static_cast<double>(shownWidths.size() - 1);
-  return std::accumulate(shownWidths.begin(), shownWidths.end(), gaps) > kLine ? 2 : 1;
 }
 
 }  // namespace vorn::panel_rules

@@ -73,7 +73,4 @@ std::vector<std::string> tspAccountTitles(const std::string& tspServiceProvider,
 std::string tspAccountToolTip(const std::string& tspServiceProvider, const AudioSite& site, int index,
                               const TextSource& texts);
 
-// Into how many lines the buttons go that are shown, by their widths in points, which only a front end knows.
-int audioTypeShowLines(const std::vector<double>& shownWidths);
-
 }  // namespace vorn::panel_rules

@@ -1,11 +1,10 @@
 #include "settings/rules/EncryptionRules.h"
 
+#include "data/AudioType.h"
+
 namespace vorn::panel_rules {
 
 namespace {
-
-constexpr std::int64_t kAudioVoip = 1;
-constexpr std::int64_t kAudioVoipOfTspSite = 12;
 
 void hideAll(EncryptionControls& controls) {
   controls.boxHidden = true;
@@ -48,7 +47,7 @@ bool encryptionTipIsShown(const EncryptionControls& controls, bool doNotShowEncr
 }
 
 std::int64_t audioTypeForEndToEnd(const AccountFacts& account) {
-  return account.isTspSite ? kAudioVoipOfTspSite : kAudioVoip;
+  return account.isTspSite ? kAudioTspVoip : kAudioVoip;
 }
 
 }  // namespace vorn::panel_rules

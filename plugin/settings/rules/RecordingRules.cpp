@@ -2,19 +2,6 @@
 
 namespace vorn {
 
-namespace {
-
-enum RecordingType : std::int32_t {
-  kNone = 0,
-  kLocalOfBoth = 1,
-  kCloudOfBoth = 2,
-  kOnlyLocal = 3,
-  kOnlyCloud = 4,
-  kUnavailable = 5,
-};
-
-}  // namespace
-
 RecordingState::Title recordingTitle(const RecordingKinds& kinds) {
   if (kinds.both()) return RecordingState::Title::both;
   return kinds.cloud ? RecordingState::Title::cloudOnly : RecordingState::Title::localOnly;
@@ -24,11 +11,11 @@ RecordingState recordingAtLoad(const RecordingKinds& kinds, std::int32_t type) {
   RecordingState state;
   if (!kinds.any()) return state;
   state.isShown = true;
-  state.isOn = type != kNone;
+  state.isOn = type != kRecordingNone;
   state.title = recordingTitle(kinds);
   if (!kinds.both()) return state;
   state.isLocalShown = state.isCloudShown = state.isOn;
-  state.isCloudChosen = type == kCloudOfBoth;
+  state.isCloudChosen = type == kRecordingCloudOfBoth;
   return state;
 }
 
@@ -61,13 +48,13 @@ EndToEndRecording recordingForEndToEnd(RecordingState state, const RecordingKind
 
 std::int32_t recordingTypeToCommit(const RecordingKinds& kinds, const RecordingState& shown, bool enableE2ee) {
   if (enableE2ee) {
-    if (!kinds.local || !shown.isShown || !shown.isOn) return kNone;
-    return kinds.cloud ? kLocalOfBoth : kOnlyLocal;
+    if (!kinds.local || !shown.isShown || !shown.isOn) return kRecordingNone;
+    return kinds.cloud ? kRecordingLocalOfBoth : kRecordingOnlyLocal;
   }
-  if (!kinds.any()) return kUnavailable;
-  if (!shown.isOn) return kNone;
+  if (!kinds.any()) return kRecordingUnavailable;
+  if (!shown.isOn) return kRecordingNone;
   if (kinds.both()) return recordingTypeOfChoice(shown.isCloudChosen);
-  return kinds.cloud ? kOnlyCloud : kOnlyLocal;
+  return kinds.cloud ? kRecordingOnlyCloud : kRecordingOnlyLocal;
 }
 
 }  // namespace vorn

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "data/RecordingType.h"
+
 namespace vorn {
 
 // Where a meeting can be recorded, as the account says.
@@ -46,7 +48,9 @@ struct EndToEndRecording {
 EndToEndRecording recordingForEndToEnd(RecordingState state, const RecordingKinds& kinds, bool switchIsEnabled);
 
 // The record's type after a click on one of the two choices.
-constexpr std::int32_t recordingTypeOfChoice(bool isCloud) { return isCloud ? 2 : 1; }
+constexpr std::int32_t recordingTypeOfChoice(bool isCloud) {
+  return isCloud ? kRecordingCloudOfBoth : kRecordingLocalOfBoth;
+}
 // The type that a commit writes.
 std::int32_t recordingTypeToCommit(const RecordingKinds& kinds, const RecordingState& shown, bool enableE2ee);
 

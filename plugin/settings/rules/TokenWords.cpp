@@ -10,11 +10,11 @@ namespace {
 
 constexpr char kSemicolon = ';';
 
+}  // namespace
+
 std::string trimmed(std::string_view text) {
   return vnOLUtils::trimAllSpaceAndNewLine(std::string(text)).value_or("");
 }
-
-}  // namespace
 
 std::optional<CurrentToken> currentToken(const TokenText& tokens) {
   const TextRange caret = tokens.selection();

@@ -22,6 +22,8 @@ struct CurrentToken {
 // Absent while something is selected, and at the start of the text. "" right behind a chip.
 std::optional<CurrentToken> currentToken(const TokenText& tokens);
 
+// Without blanks and new lines at both ends.
+std::string trimmed(std::string_view text);
 // A blank or a semicolon ends a word.
 bool holdsSeparator(std::string_view text);
 // The last word of the text is at its end.
