@@ -1,17 +1,23 @@
-// The settings panel: what its opening and one typed character cost, and what many panels leave behind.
+// The settings panel: what its opening, one typed character and its long lists cost, and what many panels leave
+// behind.
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
 #include <memory>
 #include <string>
+#include <unordered_set>
 
+#include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
 #include "lab/client/Account.h"
 #include "lab/client/Replies.h"
 #include "settings/SchSettingWndCtrlMgr.h"
+#include "settings/VNAlternateHostHelper.h"
+#include "settings/rules/CountryRules.h"
 #include "tests/support/FakeWindow.h"
 #include "tests/support/RecordingClient.h"
+#include "util/Text.h"
 #include "util/vStringUtils.h"
 
 namespace vorn {
@@ -24,13 +30,15 @@ constexpr int kGroups = 10;
 // A window of an account with everything on, as many tracking fields and as many countries.
 class PanelWorld {
  public:
-  PanelWorld(std::int64_t trackingFields, std::int64_t countries) {
+  PanelWorld(std::int64_t trackingFields, std::int64_t countries)
+      : PanelWorld(profile(trackingFields, countries)) {}
+  explicit PanelWorld(const Value& account) {
     defineWindowClasses(m_test.classRuntime);
     WorkflowDirectory::sharedInstance().install();
     RecordingClient::install(m_test);
     m_panels.install();
     m_window = std::make_unique<FakeWindow>(m_test);
-    vnUserProfileHelper::sharedInstance().setData(profile(trackingFields, countries));
+    vnUserProfileHelper::sharedInstance().setData(account);
   }
   ~PanelWorld() { Registry::reset(); }
   PanelWorld(const PanelWorld&) = delete;
@@ -47,6 +55,12 @@ class PanelWorld {
   bool turn(const std::string& key, bool on) {
     return use(key, [on](Control& control) { control.on = on; });
   }
+  bool typeToken(const std::string& key, const std::string& text) {
+    return use(key, [&](Control& field) {
+      text.empty() ? field.tokens.press(TokenText::Key::deleteBackward) : field.tokens.type(text);
+    });
+  }
+  void scheduleFor(const std::string& email) { m_window->manager->setScheduleForEmail(email); }
   std::size_t controls() { return m_test.presenter.panels().on(m_window->bar->ownWindow)->keys().size(); }
 
  private:
@@ -74,6 +88,12 @@ class PanelWorld {
   SchSettingWndCtrlMgr& m_panels = SchSettingWndCtrlMgr::sharedInstance();
   std::unique_ptr<FakeWindow> m_window;
 };
+
+Value people(std::int64_t count) {
+  Value all = Value::array();
+  for (std::int64_t i = 0; i < count; ++i) all.append("h" + std::to_string(i) + "@vorn.example");
+  return all;
+}
 
 void openAndClose(benchmark::State& state) {
   PanelWorld world(state.range(0), state.range(1));
@@ -121,6 +141,93 @@ void validation(benchmark::State& state) {
 
 BENCHMARK(keystroke)->Unit(benchmark::kMicrosecond);
 BENCHMARK(validation)->Unit(benchmark::kMicrosecond);
+
+// One character in a field whose list offers as many people, and taken back.
+void typeInSearchList(benchmark::State& state) {
+  PanelWorld world(0, 0);
+  VNAlternateHostHelper::sharedInstance().addToInputAlternateHostHistory(people(state.range(0)));
+  world.open();
+  for ([[maybe_unused]] auto _ : state) {
+    if (!world.typeToken("alternateHostTextField", "h") || !world.typeToken("alternateHostTextField", "")) {
+      state.SkipWithError("the field cannot be typed into");
+    }
+  }
+}
+
+// The floor: each of them compared once without regard to the case.
+void compareNames(benchmark::State& state) {
+  const Value all = people(state.range(0));
+  for ([[maybe_unused]] auto _ : state) {
+    std::size_t found = 0;
+    for (const Value& each : all.items()) found += caseFolded(each.text()).starts_with("h") ? 1 : 0;
+    benchmark::DoNotOptimize(found);
+  }
+}
+
+BENCHMARK(typeInSearchList)->Arg(100)->Arg(10'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(compareNames)->Arg(10'000)->Unit(benchmark::kMicrosecond);
+
+// Codes from AA on.
+Value codes(std::int64_t count) {
+  Value all = Value::array();
+  for (std::int64_t i = 0; i < count; ++i) {
+    all.append(std::string{static_cast<char>('A' + i / 26 % 26), static_cast<char>('A' + i % 26)});
+  }
+  return all;
+}
+
+// As many countries, all chosen, and as many centres of which none is used and each has a tenth of the countries.
+void countriesInConflict(benchmark::State& state) {
+  const Value countries = codes(state.range(0));
+  panel_rules::CountryConflict conflict{
+      .webUncheckedDCInfos = Value::array(), .regionPolicyType = 1, .selectedRegions = codes(state.range(0) / 2)};
+  Value byCenter = Value::array();
+  for (std::int64_t i = 0; i < state.range(1); ++i) {
+    const std::string name = "DC" + std::to_string(i);
+    byCenter.append(Value::dictionaryFromPairs({{"dcName", name}, {"dcCountries", codes(state.range(0) / 10)}}));
+    conflict.webUncheckedDCInfos.append(Value::dictionaryFromPairs({{"dc", name}}));
+  }
+  conflict.maximumDialinCountry.set("maximumDialinCountries", countries);
+  conflict.maximumDialinCountry.set("pstnDcWithCountries", byCenter);
+  const panel_rules::CountryNames names{.nameOf = [](const std::string& code) { return "Land " + code; }};
+  VNAvailableDialinCountryContent content;
+  content.selectedCountries = countries;
+  for ([[maybe_unused]] auto _ : state) {
+    benchmark::DoNotOptimize(panel_rules::updateDialinCountryForConflict(conflict, content, names));
+  }
+}
+
+// The floor: the lists that it is given, read once.
+void readTheLists(benchmark::State& state) {
+  const Value countries = codes(state.range(0));
+  const Value some = codes(state.range(0) / 10);
+  for ([[maybe_unused]] auto _ : state) {
+    std::unordered_set<std::string> seen;
+    for (const Value& each : countries.items()) seen.insert(each.text());
+    for (std::int64_t i = 0; i < state.range(1); ++i) {
+      for (const Value& each : some.items()) benchmark::DoNotOptimize(seen.contains(each.text()));
+    }
+  }
+}
+
+BENCHMARK(countriesInConflict)->Args({250, 50})->Args({2500, 50})->Unit(benchmark::kMicrosecond);
+BENCHMARK(readTheLists)->Args({250, 50})->Unit(benchmark::kMicrosecond);
+
+// The panel of one who schedules for somebody with policies of her own; "" is for oneself, the floor.
+void openForPerson(benchmark::State& state, const std::string& email) {
+  const vornlab::Account account = vornlab::Account::fromFile(THREE_PEOPLE);
+  PanelWorld world(vStringUtils::toArrayOrNSDictionary(vornlab::profileReply(account)));
+  vnGetScheduleForListHelper::sharedInstance().setData(
+      vStringUtils::toArrayOrNSDictionary(vornlab::peopleReply(account)));
+  world.scheduleFor(email);
+  for ([[maybe_unused]] auto _ : state) {
+    world.open();
+    world.close();
+  }
+}
+
+BENCHMARK_CAPTURE(openForPerson, herself, "dana.birch@example.com")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(openForPerson, oneself, "")->Unit(benchmark::kMicrosecond);
 
 // Bytes in use after as many panels, less those after the first.
 void manyPanels(benchmark::State& state) {

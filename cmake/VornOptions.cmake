@@ -17,13 +17,6 @@ endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Werror)
 
-# The presets compile the sources of a room several at a time, which takes a third of the time; a name outside of any
-# class is therefore its room's own, not its file's. A local type in a field is as good as before, but g++ does not see
-# that the source which names it is the main one.
-if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-Wno-subobject-linkage>)
-endif()
-
 if(VORN_SANITIZE)
   add_compile_options(-fsanitize=${VORN_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${VORN_SANITIZE})

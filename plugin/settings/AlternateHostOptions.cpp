@@ -40,7 +40,7 @@ void AlternateHostOptions::initAlternateHosts() {
   if (!m_alternateHostBox.hidden) {
     std::unordered_set<std::string> known;
     for (const Value& host : m_panel.record.arrAlternateHosts().items()) {
-      const std::string email = host.text();
+      const std::string& email = host.text();
       if (!email.empty() && known.insert(email).second) {
         chips.push_back(chipOf(VNAlternateHostController::entryOf(email)));
       }

@@ -27,7 +27,7 @@ void vnScheduleErrorMessage::showMessage(const HostObject& parentWindow) {
       {localizedString("Button_Continue"), localizedString("LN_Schedule_ErrorMessage_BackToEdit_35312")},
       Presenter::kWarningIcon,
       notAgain.text};
-  alert.link = m_scheduleLimitation.upgrade();
+  alert.link = vnScheduleLimitationViewController::upgrade();
   traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.message}}); });
   presenter->showAlert(parentWindow, alert,
                        [session = std::weak_ptr<vnScheduleErrorMessage*>(m_session)](Presenter::Answer answer) {

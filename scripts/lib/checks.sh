@@ -73,7 +73,7 @@ check_tidy() {
 
 check_asan() {
   build asan
-  ctest --preset asan --parallel 2
+  ctest --preset asan --parallel 3
 }
 
 # The rooms in which more than one thread is at work: the channel's reader, the run loops, and the whole plug-in over
@@ -81,6 +81,6 @@ check_asan() {
 # see.
 check_tsan() {
   build tsan vornlab vornclient vOutlookPlugin test_transport test_platform test_road test_shell
-  ctest --preset tsan --parallel 2 --tests-regex '^(transport|platform|road|shell)\.' \
+  ctest --preset tsan --parallel 3 --tests-regex '^(transport|platform|road|shell)\.' \
     --exclude-regex '/Scenarios\.'
 }

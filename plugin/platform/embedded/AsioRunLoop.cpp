@@ -18,15 +18,6 @@ std::chrono::steady_clock::duration duration(double seconds) {
       std::chrono::duration<double>(std::max(0.0, seconds)));
 }
 
-struct DelayedCall {
-  explicit DelayedCall(asio::io_context& context) : timer(context) {}
-  asio::steady_timer timer;
-  const void* target = nullptr;
-  std::string name;
-  RunLoop::Task task;
-  bool cancelled = false;
-};
-
 class AsioTimer final : public RunLoop::Timer, public std::enable_shared_from_this<AsioTimer> {
  public:
   AsioTimer(asio::io_context& context, double interval, RunLoop::Repeats repeats, RunLoop::TimerTask task)
@@ -65,6 +56,15 @@ class AsioTimer final : public RunLoop::Timer, public std::enable_shared_from_th
 }  // namespace
 
 struct AsioRunLoop::State {
+  struct DelayedCall {
+    explicit DelayedCall(asio::io_context& context) : timer(context) {}
+    asio::steady_timer timer;
+    const void* target = nullptr;
+    std::string name;
+    RunLoop::Task task;
+    bool cancelled = false;
+  };
+
   // Not told that one thread runs it: it would keep what a task posts to itself until that task has ended, while
   // the task may run the loop inside itself.
   asio::io_context context;
@@ -89,7 +89,7 @@ AsioRunLoop::~AsioRunLoop() = default;
 void AsioRunLoop::post(Task task) { asio::post(m_state->context, std::move(task)); }
 
 void AsioRunLoop::performAfter(double seconds, const void* target, std::string_view name, Task task) {
-  auto call = std::make_shared<DelayedCall>(m_state->context);
+  auto call = std::make_shared<State::DelayedCall>(m_state->context);
   call->target = target;
   call->name = std::string(name);
   call->task = std::move(task);
@@ -104,11 +104,12 @@ void AsioRunLoop::performAfter(double seconds, const void* target, std::string_v
 }
 
 void AsioRunLoop::cancelPrevious(const void* target) {
-  m_state->cancel([target](const DelayedCall& call) { return target && call.target == target; });
+  m_state->cancel([target](const State::DelayedCall& call) { return target && call.target == target; });
 }
 
 void AsioRunLoop::cancelPrevious(const void* target, std::string_view name) {
-  m_state->cancel([&](const DelayedCall& call) { return target && call.target == target && call.name == name; });
+  m_state->cancel(
+      [&](const State::DelayedCall& call) { return target && call.target == target && call.name == name; });
 }
 
 std::shared_ptr<RunLoop::Timer> AsioRunLoop::scheduledTimer(double intervalSeconds, Repeats repeats,

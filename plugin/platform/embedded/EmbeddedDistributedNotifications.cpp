@@ -59,27 +59,6 @@ Value dictionaryOf(Texts&& texts) {
   return entries;
 }
 
-// A counter of the system that makes poll() return.
-class WakeUp {
- public:
-  WakeUp() : m_descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-    if (m_descriptor < 0) throw std::system_error(errno, std::generic_category());
-  }
-  ~WakeUp() { ::close(m_descriptor); }
-  WakeUp(const WakeUp&) = delete;
-  WakeUp& operator=(const WakeUp&) = delete;
-
-  int descriptor() const { return m_descriptor; }
-  void ring() const { ::eventfd_write(m_descriptor, 1); }
-  void quieten() const {
-    eventfd_t count = 0;
-    ::eventfd_read(m_descriptor, &count);
-  }
-
- private:
-  int m_descriptor;
-};
-
 }  // namespace
 
 // One connection and the thread that reads it.
@@ -118,6 +97,27 @@ class EmbeddedDistributedNotifications::Bus {
   }
 
  private:
+  // A counter of the system that makes poll() return.
+  class WakeUp {
+   public:
+    WakeUp() : m_descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+      if (m_descriptor < 0) throw std::system_error(errno, std::generic_category());
+    }
+    ~WakeUp() { ::close(m_descriptor); }
+    WakeUp(const WakeUp&) = delete;
+    WakeUp& operator=(const WakeUp&) = delete;
+
+    int descriptor() const { return m_descriptor; }
+    void ring() const { ::eventfd_write(m_descriptor, 1); }
+    void quieten() const {
+      eventfd_t count = 0;
+      ::eventfd_read(m_descriptor, &count);
+    }
+
+   private:
+    int m_descriptor;
+  };
+
   void read() {
     try {
       while (!m_isOver) {
