@@ -57,10 +57,13 @@ void CountryOptions::initCountriesFromRecord() {
   m_editCountriesWindow.updateCountriesUIItems(std::move(content));
 }
 
-// The next load, which any change of the encryption brings, shows the record's choice.
+// The next load, which any change of the encryption brings, shows the record's choice; so does the next conflict
+// with the data centres or the regions, and by then the window may have another person's countries.
 void CountryOptions::followWindow() {
   const auto& content = m_editCountriesWindow.countryContent();
   if (!content) return;
+  m_record.setHash(content->hash);
+  m_record.setEnableShowIncludeTollfree(content->enableShowIncludeTollfree);
   m_record.setIncludeTollfree(content->includeTollfree);
   m_record.setSelectedCountries(content->selectedCountries);
 }

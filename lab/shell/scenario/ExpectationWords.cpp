@@ -294,13 +294,14 @@ const std::array<std::pair<const char*, ReadMeeting>, 8> kMeetingFacts = {{
     {"repeats", [](const Meeting& meeting) { return std::string(meeting.recurring ? "yes" : "no"); }},
 }};
 
-std::string settingOf(const Meeting& meeting, const std::string& key) {
+vorn::OptionalText settingOf(const Meeting& meeting, const std::string& key) {
   const auto found = meeting.settings.find(key);
-  if (found == meeting.settings.end()) return "none";
+  if (found == meeting.settings.end()) return std::nullopt;
   return found->is_string() ? found->get<std::string>() : found->dump();
 }
 
-StageStep serviceText(const std::string& what, LineReader& line, std::function<std::string(const Meeting&)> read) {
+StageStep serviceText(const std::string& what, LineReader& line,
+                      std::function<vorn::OptionalText(const Meeting&)> read) {
   return [=, wanted = TextExpectation::read(line)](Stage& stage) {
     const auto meeting = stage.meetingAtService();
     if (!meeting) throw Mismatch(what, "the service has no such meeting");
