@@ -189,7 +189,8 @@ void countriesInConflict(benchmark::State& state) {
   }
   conflict.maximumDialinCountry.set("maximumDialinCountries", countries);
   conflict.maximumDialinCountry.set("pstnDcWithCountries", byCenter);
-  const panel_rules::CountryNames names{.nameOf = [](const std::string& code) { return "Land " + code; }};
+  const panel_rules::CountryNames names{.nameOf = [](const std::string& code) { return "Land " + code; },
+                                        .texts = [](std::string_view key, auto) { return std::string(key); }};
   VNAvailableDialinCountryContent content;
   content.selectedCountries = countries;
   for ([[maybe_unused]] auto _ : state) {

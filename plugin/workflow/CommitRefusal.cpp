@@ -52,7 +52,7 @@ bool CommitRefusal::checkScheduleForEmailValidity() {
 }
 
 void CommitRefusal::changeUIWithScheduleForEmainError(const HostObject& parentWindow) {
-  if (const auto& bar = MeetingWindow::ofHostWindow(parentWindow).bar()) bar->onUIChanged(VnUINotMeeting);
+  if (const auto bar = MeetingWindow::ofHostWindow(parentWindow).bar()) bar->onUIChanged(VnUINotMeeting);
 }
 
 void CommitRefusal::showWarningNotAllowScheduleForOthers(const MeetingWindow& window) {

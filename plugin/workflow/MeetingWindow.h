@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "workflow/MeetingBar.h"
@@ -23,8 +24,9 @@ class MeetingWindow {
   // The window that the host knows by this object.
   static MeetingWindow ofHostWindow(const HostObject& window);
 
-  // Null when no bar is known.
-  const std::shared_ptr<MeetingBar>& bar() const { return m_bar; }
+  // Null when no bar is known. Of a window that is only passed through, the bar itself.
+  const std::shared_ptr<MeetingBar>& bar() const& { return m_bar; }
+  std::shared_ptr<MeetingBar> bar() && { return std::move(m_bar); }
   const HostObject& editor() const { return m_proxy.delegate(); }
   vnERCalendarEventEditorViewController& proxy() { return m_proxy; }
   // The appointment that the editor shows; null for none. It stays the proxy's.
