@@ -24,10 +24,11 @@ struct Arguments {
   std::vector<std::string> clientArguments;
   std::string journal;
   std::string version = VORNCLIENT_VERSION;
+  bool endsWithInput = false;
 };
 
 void serve(const Arguments& arguments) {
-  const int stop = vornlab::stopDescriptor();
+  const int stop = vornlab::stopDescriptor(arguments.endsWithInput);
   vornlab::Journal journal(arguments.journal);
   vornlab::ClientLauncher launcher(journal, arguments.client, arguments.clientArguments);
   vornlab::Agent agent(journal, arguments.version, [&launcher] { launcher.launch(); });
@@ -57,6 +58,7 @@ int main(int argc, char** argv) {
       "vOutlookPluginAgent");
   app.add_option("--client", arguments.client, "The client's program")->required()->check(CLI::ExistingFile);
   app.add_option("--journal", arguments.journal, "A file to which each event is appended, one JSON object a line");
+  app.add_flag("--ends-with-input", arguments.endsWithInput, "Ends when standard input does");
   app.add_option("--version", arguments.version, "The version that it tells")->capture_default_str();
   app.add_option("arguments", arguments.clientArguments, "What the client is started with, behind --");
   try {

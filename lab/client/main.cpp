@@ -31,6 +31,7 @@ struct Arguments {
   std::uint64_t seed = 0;
   bool announceVersion = false;
   bool withoutAgent = false;
+  bool endsWithInput = false;
   Transport transport = Transport::socket;
 };
 
@@ -75,7 +76,7 @@ int serve(const Arguments& arguments) {
   vornlab::FaultBook faults =
       arguments.faults.empty() ? vornlab::FaultBook() : vornlab::FaultBook::fromFile(arguments.faults);
 
-  const int stop = vornlab::stopDescriptor();
+  const int stop = vornlab::stopDescriptor(arguments.endsWithInput);
   vornlab::Journal journal(arguments.journal);
   vornlab::Service service(std::move(account), {arguments.database, arguments.version, arguments.seed});
   std::unique_ptr<vornlab::Server> server;
@@ -122,6 +123,7 @@ int main(int argc, char** argv) {
       ->check(CLI::ExistingFile);
   app.add_option("--faults", arguments.faults, "What goes wrong, and with which reply")->check(CLI::ExistingFile);
   app.add_option("--journal", arguments.journal, "A file to which each event is appended, one JSON object a line");
+  app.add_flag("--ends-with-input", arguments.endsWithInput, "Ends when standard input does");
   app.add_option("--version", arguments.version, "The version that is announced")->capture_default_str();
   app.add_option("--seed", arguments.seed, "Makes the meeting numbers the same each time");
   app.add_flag("--announce-version", arguments.announceVersion, "Send the version to each new connection");

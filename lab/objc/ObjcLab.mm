@@ -169,7 +169,7 @@ bool ObjcLab::waitUntil(const std::function<bool()>& condition, double seconds) 
   const Pool pool;
   NSDate* end = [NSDate dateWithTimeIntervalSinceNow:seconds];
   while (!condition()) {
-    if (Interruption::requested()) throw LabError("interrupted; nothing was written");
+    if (Interruption::requested()) throw Interrupted("interrupted");
     if ([end timeIntervalSinceNow] <= 0) return false;
     const Pool turn;
     const bool hasSources =

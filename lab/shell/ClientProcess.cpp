@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstring>
 #include <thread>
+#include <utility>
 
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
@@ -50,16 +51,22 @@ ClientProcess::~ClientProcess() { stop(); }
 
 void ClientProcess::start(const std::filesystem::path& program, const std::vector<std::string>& arguments,
                           const std::filesystem::path& errorFile, double timeoutSeconds) {
+  if (m_lifeline >= 0) close(std::exchange(m_lifeline, -1));
   m_errorFile = errorFile;
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) throw LabError(std::string("cannot make a pipe: ") + std::strerror(errno));
   Descriptor reading;
   reading.number = ends[0];
+  int line[2];
+  if (pipe2(line, O_CLOEXEC) != 0) throw LabError(std::string("cannot make a pipe: ") + std::strerror(errno));
+  Descriptor input;
+  input.number = line[0];
+  m_lifeline = line[1];
   {
     Descriptor writing;
     writing.number = ends[1];
     FileActions files;
-    posix_spawn_file_actions_addopen(&files.actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&files.actions, input.number, STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&files.actions, writing.number, STDOUT_FILENO);
     posix_spawn_file_actions_addopen(&files.actions, STDERR_FILENO, errorFile.c_str(),
                                      O_WRONLY | O_CREAT | O_TRUNC, 0600);
@@ -112,6 +119,7 @@ bool ClientProcess::hasEnded() {
 bool ClientProcess::isRunning() { return !hasEnded(); }
 
 void ClientProcess::stop() {
+  if (m_lifeline >= 0) close(std::exchange(m_lifeline, -1));
   if (hasEnded()) return;
   kill(m_id, SIGTERM);
   const auto deadline = deadlineIn(5);

@@ -33,6 +33,8 @@ class ClientProcess {
   bool hasEnded();
 
   pid_t m_id = 0;
+  // The far end of its standard input, which closes with this process, however that ends.
+  int m_lifeline = -1;
   std::filesystem::path m_errorFile;
 };
 

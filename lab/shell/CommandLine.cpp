@@ -1,11 +1,17 @@
 #include "lab/shell/CommandLine.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "lab/shell/Interruption.h"
 #include "lab/shell/SystemVersion.h"
+#include "lab/shell/World.h"
 
 namespace vornlab {
 namespace {
@@ -13,6 +19,10 @@ namespace {
 // What is wrong with a version of three numbers with dots between; "" when nothing is.
 std::string complaintOfVersion(const std::string& text) {
   return parseSystemVersion(text) ? std::string() : "\"" + text + "\" is no version such as 10.15.0";
+}
+
+std::string complaintOfWorld(const std::string& folder) {
+  return World::mayStandIn(folder) ? "" : folder + " is somebody's folder; name a new one";
 }
 
 bool hasCommand(const CLI::App& program, const std::string& name) {
@@ -39,7 +49,9 @@ void addLabOptions(CLI::App& command, LabOptions& lab) {
       ->check(complaintOfVersion, "VERSION")
       ->capture_default_str();
   const auto trying = "For trying what goes wrong";
-  command.add_option("--world", lab.world, "a folder for the world, which stays at the end")->group(trying);
+  command.add_option("--world", lab.world, "a folder for the world, which stays at the end")
+      ->check(complaintOfWorld)
+      ->group(trying);
   command.add_flag("--without-client", lab.withoutClient, "a machine without a client")->group(trying);
   command.add_option("--client-version", lab.clientVersion, "the version that the client shows")->group(trying);
   command.add_option("--client-option", lab.clientArguments, "an argument for the client; may be repeated")
@@ -71,11 +83,23 @@ void askClient(CLI::App& command, LabOptions& lab, ReportForm& form) {
   addLabOptions(command, lab);
 }
 
-int runProgram(const char* name, const std::function<ExitCode()>& run) {
+namespace {
+
+// A file that is opened later would otherwise take the place of a closed output, and get what is printed.
+void fillClosedOutputs() {
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(descriptor, F_GETFD) < 0) ::open("/dev/null", O_RDONLY);
+  }
+}
+
+int runToItsEnd(const char* name, const std::function<ExitCode()>& run) {
   Interruption::install();
   const auto tell = [name](const std::exception& error) { std::fprintf(stderr, "%s: %s\n", name, error.what()); };
   try {
     return static_cast<int>(run());
+  } catch (const Interrupted& error) {
+    tell(error);
+    return static_cast<int>(ExitCode::interrupted);
   } catch (const UsageError& error) {
     tell(error);
     return static_cast<int>(ExitCode::badUsage);
@@ -83,6 +107,21 @@ int runProgram(const char* name, const std::function<ExitCode()>& run) {
     tell(error);
     return static_cast<int>(ExitCode::somethingFailed);
   }
+}
+
+}  // namespace
+
+int runProgram(const char* name, const std::function<ExitCode()>& run) {
+  fillClosedOutputs();
+  const int code = runToItsEnd(name, run);
+  errno = 0;
+  const bool isWritten = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+  // Whoever has closed a pipe does not want to read on.
+  if (!isWritten && errno != EPIPE && code != static_cast<int>(ExitCode::interrupted)) {
+    const std::string reason = errno == 0 ? "" : std::string(": ") + std::strerror(errno);
+    std::fprintf(stderr, "%s: standard output could not be written%s\n", name, reason.c_str());
+  }
+  return isWritten || code != 0 ? code : static_cast<int>(ExitCode::somethingFailed);
 }
 
 std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words, const std::string& advice) {

@@ -12,8 +12,7 @@ volatile std::sig_atomic_t interrupted = 0;
 void Interruption::install() {
   struct sigaction action = {};
   action.sa_handler = [](int) { interrupted = 1; };
-  sigaction(SIGINT, &action, nullptr);
-  sigaction(SIGTERM, &action, nullptr);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) sigaction(signal, &action, nullptr);
 }
 
 bool Interruption::requested() { return interrupted != 0; }

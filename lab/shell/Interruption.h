@@ -2,11 +2,11 @@
 
 namespace vornlab {
 
-// Turns SIGINT and SIGTERM into a question that waiting code asks, so that the world is cleared away and the
-// client is stopped before the program ends.
+// Turns SIGINT, SIGTERM, SIGHUP and SIGPIPE into a question that waiting code asks, so that the world is cleared
+// away and the client is stopped before the program ends.
 class Interruption {
  public:
-  // Takes the two signals over for the rest of the process's life.
+  // Takes the signals over for the rest of the process's life.
   static void install();
   static bool requested();
 };

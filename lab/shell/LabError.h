@@ -16,7 +16,13 @@ class UsageError : public LabError {
   using LabError::LabError;
 };
 
-// The exit codes of every command.
-enum class ExitCode { done = 0, somethingFailed = 1, badUsage = 2 };
+// The person wants the program to end.
+class Interrupted : public LabError {
+ public:
+  using LabError::LabError;
+};
+
+// The exit codes of every command; the last one is what shells give to a program that is interrupted.
+enum class ExitCode { done = 0, somethingFailed = 1, badUsage = 2, interrupted = 130 };
 
 }  // namespace vornlab

@@ -12,8 +12,8 @@ namespace {
 std::vector<std::string> clientArguments(const LabOptions& options, const World& world,
                                          const std::string& transport) {
   const std::filesystem::path database = options.clientDatabase;
-  std::vector<std::string> arguments{"--home",    world.home(),    "--db",        database,
-                                     "--journal", world.journal(), "--transport", transport};
+  std::vector<std::string> arguments{"--home",        world.home(),  "--db",    database,           "--journal",
+                                     world.journal(), "--transport", transport, "--ends-with-input"};
   if (!options.account.empty()) arguments.insert(arguments.end(), {"--account", options.account});
   if (options.takesFaults) arguments.push_back("--faults=" + world.faults().string());
   if (options.withAgent) arguments.push_back("--without-agent");
@@ -57,7 +57,8 @@ void startClient(ClientProcess& client, const LabOptions& options, const World& 
 
 void startAgent(ClientProcess& agent, const LabOptions& options, const World& world,
                 const std::string& transport) {
-  std::vector<std::string> arguments{"--client", world.clientProgram(), "--journal", world.journal()};
+  std::vector<std::string> arguments{"--client", world.clientProgram(), "--journal", world.journal(),
+                                     "--ends-with-input"};
   if (!options.clientVersion.empty()) arguments.insert(arguments.end(), {"--version", options.clientVersion});
   arguments.push_back("--");
   const std::vector<std::string> ofClient = clientArguments(options, world, transport);

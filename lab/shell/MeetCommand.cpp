@@ -1,13 +1,12 @@
 #include "lab/shell/MeetCommand.h"
 
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
+#include "lab/shell/CalendarOutput.h"
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
@@ -18,19 +17,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Bytes by which an appointment grows at most, as a rule.
+constexpr std::size_t kRoomForInvitation = 16'384;
+
 // Why an appointment gets no meeting of its own, or "".
 std::string reasonToSkip(const CalendarEvent& event, const std::string& me) {
   if (event.isException()) return "a changed occurrence follows its series";
   if (event.isCancelled()) return "the appointment is cancelled";
   if (event.isOfSomebodyElse(me)) return "somebody else organizes it";
   return "";
-}
-
-// Whether a file can be made there is better known before the service has made its meetings.
-void expectWritable(const fs::path& output) {
-  const fs::path folder = output.has_parent_path() ? output.parent_path() : fs::path(".");
-  if (fs::is_directory(output)) throw UsageError(output.string() + " is a folder");
-  if (access(folder.c_str(), W_OK) != 0) throw UsageError("cannot write into the folder " + folder.string());
 }
 
 // In the runtime of our own.
@@ -57,22 +52,28 @@ class EmbeddedMeetingLab final : public MeetingLab {
 class MeetRun {
  public:
   MeetRun(const MeetOptions& options, const StartMeetingLab& start)
-      : m_options(options), m_start(start), m_report(options.form) {}
+      : m_options(options),
+        m_start(start),
+        m_output(options.output, {options.lab.account, options.lab.clientDatabase}),
+        m_report(options.form) {}
 
   ExitCode run() {
-    expectWritable(m_options.output);
+    if (m_options.lab.clientDatabase.empty()) {
+      throw UsageError("HOME is not set: --client-db FILE says where the service keeps its meetings");
+    }
     loadCalendar(m_calendar, m_options.input);
     std::vector<CalendarEvent> chosen = chooseEvents();
     const auto began = std::chrono::steady_clock::now();
     std::size_t sent = 0;
     std::size_t received = 0;
     if (!chosen.empty()) {
+      m_output.expectRoom(m_calendar.text().size() + chosen.size() * kRoomForInvitation);
       const std::unique_ptr<MeetingLab> lab = m_start(m_calendar);
       takeAll(chosen, *lab);
       sent = lab->requests();
       received = lab->replies();
     }
-    if (!m_calendar.save(m_options.output.string())) throw LabError("cannot write " + m_options.output.string());
+    m_output.write(m_calendar.text(), m_options.input);
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
     m_report.tellSummary(sent, received, took.count());
     return m_report.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
@@ -95,7 +96,24 @@ class MeetRun {
     return events;
   }
 
+  // What stops half-way has made meetings already, and their appointments have to know them.
   void takeAll(const std::vector<CalendarEvent>& events, MeetingLab& lab) {
+    try {
+      takeEach(events, lab);
+    } catch (const Interrupted& error) {
+      throw Interrupted(error.what() + keepWhatIsDone());
+    } catch (const LabError& error) {
+      throw LabError(error.what() + keepWhatIsDone());
+    }
+  }
+
+  std::string keepWhatIsDone() {
+    if (!m_calendar.isChanged()) return "; nothing was written";
+    m_output.write(m_calendar.text(), m_options.input);
+    return "; " + m_output.path().string() + " has the meetings made so far, and the rest as it was";
+  }
+
+  void takeEach(const std::vector<CalendarEvent>& events, MeetingLab& lab) {
     ProgressBar progress(stderr, m_options.all ? events.size() : 0);
     for (std::size_t i = 0; i < events.size(); ++i) {
       progress.show(i);
@@ -114,6 +132,8 @@ class MeetRun {
 
   const MeetOptions& m_options;
   const StartMeetingLab& m_start;
+  // Before the calendar, which is read when it has been looked at.
+  CalendarOutput m_output;
   MeetReport m_report;
   CalendarStore m_calendar;
 };
@@ -133,7 +153,7 @@ std::string defaultDatabase() {
   const char* state = std::getenv("XDG_STATE_HOME");
   if (state != nullptr && *state != '\0') return fs::path(state) / "vornlab/meetings.db";
   const char* home = std::getenv("HOME");
-  return home == nullptr ? "" : (fs::path(home) / ".local/state/vornlab/meetings.db").string();
+  return home == nullptr || *home == '\0' ? "" : (fs::path(home) / ".local/state/vornlab/meetings.db").string();
 }
 
 CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {

@@ -153,7 +153,7 @@ bool Session::waitUntil(const std::function<bool()>& condition, double seconds) 
       runLoop().scheduledTimer(kLookAgainSeconds, vorn::RunLoop::Repeats::yes, [](vorn::RunLoop::Timer&) {});
   const bool holds = runLoop().runUntil([&] { return Interruption::requested() || condition(); }, seconds);
   lookAgain->invalidate();
-  if (Interruption::requested()) throw LabError("interrupted; nothing was written");
+  if (Interruption::requested()) throw Interrupted("interrupted");
   return holds;
 }
 

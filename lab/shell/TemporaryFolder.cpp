@@ -1,9 +1,14 @@
 #include "lab/shell/TemporaryFolder.h"
 
+#include <fcntl.h>
 #include <stdlib.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <string>
 
 #include "lab/shell/LabError.h"
@@ -12,15 +17,55 @@ namespace vornlab {
 
 namespace fs = std::filesystem;
 
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  fs::remove_all(m_path, ignored);
-}
+namespace {
 
-fs::path TemporaryFolder::make() {
-  std::string name = (fs::temp_directory_path() / "vornlab-XXXXXX").string();
+constexpr std::string_view kOwnedName = "vornlab-run-";
+// One that has just been made is not locked yet.
+constexpr std::time_t kYoungSeconds = 60;
+
+fs::path makeNamed(std::string_view beginning) {
+  std::string name = (fs::temp_directory_path() / beginning).string() + "XXXXXX";
   if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make " + name + ": " + std::strerror(errno));
   return fs::canonical(name);
 }
+
+int lockedFolder(const fs::path& folder) {
+  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+  if (descriptor < 0 || ::flock(descriptor, LOCK_EX | LOCK_NB) == 0) return descriptor;
+  ::close(descriptor);
+  return -1;
+}
+
+void clearAbandoned() {
+  std::error_code failed;
+  for (fs::directory_iterator entry(fs::temp_directory_path(failed), failed), end; !failed && entry != end;
+       entry.increment(failed)) {
+    const fs::path& folder = entry->path();
+    struct stat facts {};
+    if (!folder.filename().string().starts_with(kOwnedName) || ::lstat(folder.c_str(), &facts) != 0) continue;
+    if (facts.st_uid != ::getuid() || std::time(nullptr) - facts.st_mtime < kYoungSeconds) continue;
+    const int lock = lockedFolder(folder);
+    if (lock < 0) continue;
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+    ::close(lock);
+  }
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+  clearAbandoned();
+  m_path = makeNamed(kOwnedName);
+  m_lock = lockedFolder(m_path);
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  fs::remove_all(m_path, ignored);
+  if (m_lock >= 0) ::close(m_lock);
+}
+
+fs::path TemporaryFolder::make() { return makeNamed("vornlab-"); }
 
 }  // namespace vornlab

@@ -5,22 +5,24 @@
 namespace vornlab {
 
 // A folder that is removed at the end, with all that it holds. Its path is short, for a client's socket may lie in
-// it.
+// it. What a program that was killed has left of this kind is removed by the next one that makes such a folder.
 class TemporaryFolder {
  public:
   // Throws LabError when it cannot be made.
-  TemporaryFolder() : m_path(make()) {}
+  TemporaryFolder();
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   const std::filesystem::path& path() const { return m_path; }
 
-  // A new folder of this kind that stays until somebody removes it. Throws LabError.
+  // A new folder that stays until somebody removes it. Throws LabError.
   static std::filesystem::path make();
 
  private:
   std::filesystem::path m_path;
+  // Held as long as the folder is in use, and let go of however the program ends.
+  int m_lock = -1;
 };
 
 }  // namespace vornlab

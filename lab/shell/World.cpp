@@ -1,7 +1,6 @@
 #include "lab/shell/World.h"
 
 #include "lab/shell/LabError.h"
-#include "lab/shell/TemporaryFolder.h"
 #include "util/PropertyList.h"
 #include "util/vStringUtils.h"
 
@@ -12,6 +11,7 @@ namespace fs = std::filesystem;
 using vorn::Value;
 
 constexpr auto kOutlookIdentifier = "com.microsoft.Outlook";
+constexpr auto kOutlookFolder = "Microsoft Outlook.app";
 constexpr auto kOutlookVersion = "16.78.1";
 // Room for "/home/s.vop" in the longest path to which the plug-in connects.
 constexpr std::size_t kLongestRoot = 103 - 11;
@@ -29,9 +29,14 @@ void installFile(const fs::path& from, const fs::path& to) {
 
 }  // namespace
 
+bool World::mayStandIn(const fs::path& folder) {
+  std::error_code failed;
+  return !fs::exists(folder, failed) || fs::is_empty(folder, failed) ||
+         fs::exists(folder / "Applications" / kOutlookFolder, failed);
+}
+
 World::World(const Options& options) {
   makeRoot(options);
-  m_removeAtEnd = options.folder.empty() && !options.keep;
   try {
     for (const fs::path& folder : {documents(), preferences(), applications()}) fs::create_directories(folder);
     installOutlook();
@@ -42,17 +47,12 @@ World::World(const Options& options) {
   }
 }
 
-World::~World() {
-  std::error_code ignored;
-  if (m_removeAtEnd) fs::remove_all(m_root, ignored);
-}
-
 fs::path World::clientProgram() const { return applications() / "vornclient.app/Contents/MacOS/vornclient"; }
 
 void World::makeRoot(const Options& options) {
   const fs::path& folder = options.folder;
   if (folder.empty()) {
-    m_root = TemporaryFolder::make();
+    m_root = options.keep ? TemporaryFolder::make() : m_temporary.emplace().path();
   } else {
     std::error_code failed;
     fs::create_directories(folder, failed);
@@ -65,7 +65,7 @@ void World::makeRoot(const Options& options) {
 }
 
 void World::installOutlook() const {
-  const fs::path contents = applications() / "Microsoft Outlook.app/Contents";
+  const fs::path contents = applications() / kOutlookFolder / "Contents";
   fs::create_directories(contents);
   writeList(Value(Value::Dictionary{{"CFBundleIdentifier", kOutlookIdentifier},
                                     {"CFBundleShortVersionString", kOutlookVersion}}),

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
+#include "lab/shell/TemporaryFolder.h"
 #include "util/Value.h"
 
 namespace vornlab {
@@ -35,9 +37,11 @@ class World {
     bool mayBeTooLongForSocket = false;
   };
 
+  // Whether nothing of anybody's would be written over in that folder: it is new, empty, or a world already.
+  static bool mayStandIn(const std::filesystem::path& folder);
+
   // Throws LabError when something cannot be made.
   explicit World(const Options& options);
-  ~World();
   World(const World&) = delete;
   World& operator=(const World&) = delete;
 
@@ -65,8 +69,9 @@ class World {
   void installOutlook() const;
   void installClient(const std::filesystem::path& application, const std::string& version) const;
 
+  // Absent for a world that stays.
+  std::optional<TemporaryFolder> m_temporary;
   std::filesystem::path m_root;
-  bool m_removeAtEnd = false;
 };
 
 }  // namespace vornlab

@@ -58,9 +58,11 @@ bool writeAll(int descriptor, std::string_view content) {
   return true;
 }
 
-bool writeNewFile(int descriptor, std::string_view content, const std::string& modelPath) {
-  struct stat model;
-  if (::stat(modelPath.c_str(), &model) == 0 && ::fchmod(descriptor, model.st_mode & kModeBits) != 0) return false;
+bool writeNewFile(int descriptor, std::string_view content, const std::string& before, const std::string& model) {
+  struct stat facts;
+  const bool hasMode =
+      ::stat(before.c_str(), &facts) == 0 || (!model.empty() && ::stat(model.c_str(), &facts) == 0);
+  if (hasMode && ::fchmod(descriptor, facts.st_mode & kModeBits) != 0) return false;
   return writeAll(descriptor, content) && ::fsync(descriptor) == 0;
 }
 
@@ -71,7 +73,7 @@ void syncFolder(const std::string& folder) {
 
 }  // namespace
 
-bool replaceFile(const std::string& path, std::string_view content) {
+bool replaceFile(const std::string& path, std::string_view content, const std::string& model) {
   static std::atomic<unsigned> made{0};
   if (path.empty()) return false;
   const std::string target = behindLinks(path);
@@ -83,7 +85,7 @@ bool replaceFile(const std::string& path, std::string_view content) {
   } while (number < 0 && errno == EEXIST);
   if (number < 0) return false;
   Descriptor file(highDescriptor(number));
-  const bool written = file && writeNewFile(file.number(), content, target);
+  const bool written = file && writeNewFile(file.number(), content, target, model);
   if (!file.close() || !written || std::rename(temporary.c_str(), target.c_str()) != 0) {
     ::unlink(temporary.c_str());
     return false;

@@ -133,6 +133,10 @@ TEST(DataCenterRulesTest, AreCheckedByTheirCodesAndChosenOneByOne) {
   EXPECT_EQ(centers[1], (DataCenter{"JX", "Elsewhere", true}));
   EXPECT_EQ(dataCenterTitle(centers[0], textOfKey), "Schedule_Enable_DataCenterRegion_US");
   EXPECT_EQ(dataCenterTitle(centers[1], textOfKey), "Elsewhere");
+  for (const char* dc : {"US", "HK", "CA", "TY", "EU", "LA", "AU", "SG", "IN", "DE", "CN", "NL", "SE", "IE"}) {
+    const auto key = [](std::string_view text, auto) { return std::string(text); };
+    EXPECT_THAT(dataCenterTitle({dc, "Elsewhere"}, key), ::testing::HasSubstr(std::string("_") + dc + "_1"));
+  }
   const Value chosen = Value::Array{"JX", "EU", "JX"};
   EXPECT_EQ(chosenAfterClick(chosen, centers[0]), Value(Value::Array{"JX", "EU", "JX", "US"}));
   EXPECT_EQ(chosenAfterClick(chosen, centers[1]), Value(Value::Array{"EU"}));

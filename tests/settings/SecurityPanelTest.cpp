@@ -80,6 +80,7 @@ TEST_F(SecurityPanelTest, TypingShowsTheRulesAndWhatTheyAreMissing) {
   EXPECT_EQ(control("passwordTextField").redBorderWidth, 1.5);
   EXPECT_THAT(control("passwordTextField").spoken, HasSubstr(control("_PswRuleHasNumber").text));
   EXPECT_FALSE(control("pswHelpButton").hidden);
+  EXPECT_FALSE(control("pswHelpButton").toolTip.empty());
 
   EXPECT_EQ(click("buttonContinue"), Use::disabled);
   type("passwordTextField", "ab1");

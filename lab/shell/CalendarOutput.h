@@ -1,0 +1,44 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vornlab {
+
+// Where a changed calendar goes: a plain file, which is replaced whole or not at all; a device or a pipe, which is
+// written into; or standard output, called "-", and then whatever else is told goes to standard error.
+class CalendarOutput {
+ public:
+  // Made before the calendar is read, since it remembers how the file was. Throws UsageError when nothing may be
+  // written there, and when it is one of the files that the run needs for something else.
+  CalendarOutput(std::filesystem::path output, const std::vector<std::filesystem::path>& otherFiles);
+  ~CalendarOutput();
+  CalendarOutput(const CalendarOutput&) = delete;
+  CalendarOutput& operator=(const CalendarOutput&) = delete;
+
+  const std::filesystem::path& path() const { return m_path; }
+
+  // Whether so many bytes find room beside the file, which is better known before the service has made its
+  // meetings. Throws LabError.
+  void expectRoom(std::size_t bytes) const;
+  // A file that is new here takes the mode of the model. Throws LabError, with nothing overwritten, when it cannot
+  // be written or is not as it was at the beginning.
+  void write(std::string_view text, const std::filesystem::path& model);
+
+ private:
+  bool isPlainFile() const { return m_descriptor < 0; }
+  bool isAsBefore() const;
+
+  std::filesystem::path m_path;
+  // Of the file that was there.
+  std::optional<struct stat> m_before;
+  // Of a device, a pipe or standard output; -1 for a plain file.
+  int m_descriptor = -1;
+};
+
+}  // namespace vornlab

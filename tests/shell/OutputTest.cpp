@@ -1,0 +1,129 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/types.h>
+
+#include <csignal>
+#include <fstream>
+#include <thread>
+
+#include "lab/client/ClientLauncher.h"
+#include "tests/shell/Calendars.h"
+#include "tests/shell/ProgramRun.h"
+
+namespace vornlab::test {
+namespace {
+
+using ::testing::HasSubstr;
+
+class Output : public ::testing::Test {
+ protected:
+  // The shell's line, in this test's folder, with the program as $V.
+  ProgramRun shell(const std::string& line) const {
+    return runProgram("/bin/sh",
+                      {"-c", "cd '" + m_folder.path().string() + "' && V=" VORNLAB_PROGRAM " && " + line});
+  }
+  std::filesystem::path one() const { return m_folder.write("in.ics", calendar({appointment("a", "Budget")})); }
+  std::filesystem::path many() const {
+    std::vector<std::string> lines;
+    for (int i = 0; i < 400; ++i) lines.push_back(appointment("u" + std::to_string(i), "Budget"));
+    return m_folder.write("many.ics", calendar(lines));
+  }
+
+  TemporaryFolder m_folder;
+};
+
+TEST_F(Output, IsRefusedBeforeAMeetingIsMadeWhereItWouldCostSomething) {
+  one();
+  std::filesystem::create_directories(m_folder / "mine");
+  m_folder.write("mine/letter", "Dear");
+  m_folder.write("read.ics", "kept");
+  ::chmod((m_folder / "read.ics").c_str(), 0444);
+  const std::pair<const char*, const char*> cases[] = {
+      {"$V meet in.ics --all --out db --client-db db", "needed for something else"},
+      {"$V meet in.ics --all --out ./db --client-db db", "needed for something else"},
+      {"$V meet in.ics --all --out read.ics --client-db db", "may only be read"},
+      {"$V meet in.ics --all --out mine --client-db db", "is a folder"},
+      {"HOME= XDG_STATE_HOME= $V meet in.ics --all --out out.ics", "--client-db"},
+      {"$V meet in.ics --all --out out.ics --client-db db --world mine", "somebody's"}};
+  for (const auto& [line, complaint] : cases) {
+    const ProgramRun run = shell(line);
+    EXPECT_EQ(run.exitCode, 2) << line;
+    EXPECT_THAT(run.errors, HasSubstr(complaint)) << line;
+    EXPECT_FALSE(std::filesystem::exists(m_folder / "db")) << line;
+    EXPECT_FALSE(std::filesystem::exists(m_folder / "out.ics")) << line;
+  }
+  EXPECT_EQ(contentOf(m_folder / "read.ics"), "kept");
+}
+
+TEST_F(Output, GoesIntoPipesAndDevicesAndNewFilesAreAsPrivateAsTheirInput) {
+  ::chmod(one().c_str(), 0600);
+  EXPECT_EQ(shell("$V meet in.ics --all --out out.ics --client-db db").exitCode, 0);
+  struct stat facts {};
+  EXPECT_EQ(::stat((m_folder / "out.ics").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 0777, 0600u);
+
+  ProgramRun run = shell("cat in.ics | $V meet - --all --out - --client-db :memory:");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_THAT(run.output, ::testing::StartsWith("BEGIN:VCALENDAR"));
+  EXPECT_THAT(run.errors, HasSubstr("1 added"));
+  run = shell("mkfifo pipe && (cat pipe > copy &) && $V meet in.ics --all --out pipe --client-db :memory:");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(::stat((m_folder / "pipe").c_str(), &facts), 0);
+  EXPECT_TRUE(S_ISFIFO(facts.st_mode));
+}
+
+TEST_F(Output, ThatCannotBeToldIsAFailure) {
+  one();
+  for (const char* line : {"$V inspect in.ics >/dev/full", "$V inspect in.ics >&-"}) {
+    const ProgramRun run = shell(line);
+    EXPECT_EQ(run.exitCode, 1) << line;
+    EXPECT_THAT(run.errors, HasSubstr("could not be written")) << line;
+  }
+}
+
+TEST_F(Output, IsNotOverwrittenWhenItHasChangedMeanwhile) {
+  many();
+  const ProgramRun run = shell(
+      "$V meet many.ics --uid u1 --uid u2 --out many.ics --client-db db 2>&1 | "
+      "while read -r line; do echo 'X' >> many.ics; echo \"$line\"; done");
+  EXPECT_THAT(run.output, HasSubstr("has been changed meanwhile"));
+  EXPECT_EQ(occurrences(contentOf(m_folder / "many.ics"), "vorn.example/j/"), 0u);
+}
+
+TEST_F(Output, HasWhatIsDoneWhenThePersonStopsIt) {
+  many();
+  for (const char* signal : {"INT", "HUP"}) {
+    const ProgramRun run = shell(std::string("timeout --preserve-status -s ") + signal +
+                                 " 3 $V meet many.ics --all --out out.ics --client-db db 2>&1");
+    EXPECT_EQ(run.exitCode, 130) << signal << run.output;
+    EXPECT_THAT(run.output, HasSubstr("interrupted; "));
+    const std::string written =
+        std::filesystem::exists(m_folder / "out.ics") ? contentOf(m_folder / "out.ics") : "";
+    // The last one may be stored and not yet told.
+    const std::size_t told = occurrences("\n" + run.output, "\nadded ");
+    EXPECT_THAT(occurrences(unfolded(written), "LOCATION:https"), ::testing::AnyOf(told, told + 1));
+    std::filesystem::remove(m_folder / "out.ics");
+    std::filesystem::remove(m_folder / "db");
+  }
+}
+
+TEST_F(Output, LeavesNothingBehindWhenTheProgramIsKilled) {
+  many();
+  const std::string inFolder = "TMPDIR='" + m_folder.path().string() + "' ";
+  shell(inFolder + "timeout -s KILL 2 $V meet many.ics --all --out out.ics --client-db db");
+  const auto left = [&] { return shell("ls | grep -c vornlab-run").output; };
+  EXPECT_EQ(left(), "1\n");
+  shell(inFolder + "$V doctor; touch -d '2 minutes ago' vornlab-run-*; " + inFolder + "$V doctor");
+  EXPECT_EQ(left(), "0\n");
+  shell("timeout -s KILL 2 $V meet many.ics --all --out out.ics --client-db db --world world");
+  const auto client = m_folder / "world/Applications/vornclient.app/Contents/MacOS/vornclient";
+  ASSERT_TRUE(std::filesystem::exists(client));
+  for (int i = 0; i < 500 && !processesOf(client).empty(); ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  EXPECT_TRUE(processesOf(client).empty());
+}
+
+}  // namespace
+}  // namespace vornlab::test
