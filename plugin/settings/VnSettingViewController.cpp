@@ -387,6 +387,8 @@ void VnSettingViewController::throwEditsAway() { m_settingData = m_kept; }
 
 void VnSettingViewController::resetMeetingItemWhenUpdateError() {
   m_settingData.initWithSiteMeetingInfo(m_siteMeetingInfo);
+  // A dismissed panel would bring back what the service has refused, and the next save would send it once more.
+  m_kept = m_settingData;
 }
 
 // What the service says of a commit holds for what a dismissed panel goes back to as well.

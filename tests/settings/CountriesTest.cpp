@@ -215,6 +215,7 @@ TEST_F(CountriesPanelTest, ListsTheCountriesByTheirNamesAndWhatIsChosenCountsAft
   EXPECT_THAT(rows(), ElementsAre("Austria", "Germany*", "Taiwan", "United States*"));
   EXPECT_EQ(control("_displaySelectedLabel").text, "United States, Germany");
   EXPECT_EQ(control("_selectBtn").text, "Clear selection");
+  EXPECT_EQ(control("_includeTollfreeNumberBtn").text, "Include toll-free numbers");
   turn("countryRow0", true);
   turn("countryRow3", false);
   turn("_includeTollfreeNumberBtn", true);
