@@ -2,6 +2,8 @@
 
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
+#include "platform/Registry.h"
+#include "platform/Surroundings.h"
 #include "workflow/MeetingWindow.h"
 #include "workflow/vnMeetingMgr.h"
 #include "workflow/vnMeetingMgrMonitor.h"
@@ -81,6 +83,10 @@ bool SettingsContext::awaitsScheduleForList() const {
 std::string SettingsContext::scheduledForAtOpening() const {
   vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
   return onbehalf.isCurrentScheduleVornForOther(m_windowId) ? onbehalf.onbehalfEmail(m_windowId) : "";
+}
+
+std::string SettingsContext::userLanguage() {
+  return Registry::platform().surroundings->preferredLanguages().front();
 }
 
 vnUserProfileHelper& SettingsContext::profile() { return vnUserProfileHelper::sharedInstance(); }

@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "channel/store/vnCommon.h"
+#include "settings/SettingsContext.h"
 #include "settings/rules/TokenWords.h"
+#include "util/LocalText.h"
 
 namespace vorn {
 
@@ -40,8 +42,10 @@ void VNAllowDenyRCController::fill(const std::vector<std::string>& codes, bool k
 }
 
 void VNAllowDenyRCController::initAllowDenyRCSearchListWithString(const std::string& word) {
+  const TextOrder order(SettingsContext::userLanguage());
   const std::vector<Region> offered =
-      offeredRegions(m_regions, getAddedRegionCountriesFromView(), word, vnCommon::inLowerCase);
+      offeredRegions(m_regions, getAddedRegionCountriesFromView(), word, vnCommon::inLowerCase,
+                     [&order](const std::string& name) { return order.key(name); });
   if (offered.empty()) return closeAllowDenyRCSearchListWindow();
   m_list.setData(offered);
   m_list.list().show();

@@ -11,6 +11,7 @@
 #include "platform/Surroundings.h"
 #include "platform/controls/FieldKeys.h"
 #include "platform/controls/NumberedKey.h"
+#include "settings/SettingsContext.h"
 #include "util/LocalText.h"
 #include "util/Text.h"
 #include "util/TextSearch.h"
@@ -26,8 +27,6 @@ constexpr const char* kCountriesWindow = "editCountriesWindow";
 constexpr std::string_view kRow = "countryRow";
 constexpr const char* kSelectAll = "LN_Schedule_Dialin_Countries_SelectAll_186032";
 constexpr const char* kClearSelection = "LN_Schedule_Dialin_Countries_ClearSelection_186032";
-
-std::string userLanguage() { return Registry::platform().surroundings->preferredLanguages().front(); }
 
 }  // namespace
 
@@ -93,7 +92,7 @@ void VNEditCountriesWindowController::updateAllCountries() {
   m_searchCountries.clear();
   m_entered.reset();
   if (!m_countryContent) return;
-  const std::string language = userLanguage();
+  const std::string language = SettingsContext::userLanguage();
   const TextOrder order(language);
   const CountryNames names = countryNames();
   std::vector<std::pair<std::string, std::size_t>> byName;
@@ -263,7 +262,7 @@ void VNEditCountriesWindowController::endSearching() {
 }
 
 void VNEditCountriesWindowController::calculateSearchResultForString(const std::string& text) {
-  const std::string wanted = lowerCased(text, userLanguage());
+  const std::string wanted = lowerCased(text, SettingsContext::userLanguage());
   m_isSearching = true;
   for (const std::size_t place : m_allCountries) {
     if (findText(m_searchNames[place], wanted) != std::string::npos) m_searchCountries.push_back(place);

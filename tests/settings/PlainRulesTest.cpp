@@ -90,6 +90,32 @@ TEST(AutomaticRecording, LoadsAndCommitsEachTypeByWhatTheAccountCanRecord) {
   }
 }
 
+TEST(AutomaticRecording, OfAnEncryptedMeetingIsLocalOrNone) {
+  const struct {
+    const char* name;
+    RecordingKinds kinds;
+    std::int32_t type;
+    bool switchIsEnabled;
+    EndToEndRecording expected;
+  } rows[] = {
+      {"local", {true, false}, 3, true, {{true, true, Title::localOnly, false, false, false}, true, true}},
+      {"cloud alone",
+       {false, true},
+       4,
+       true,
+       {{false, false, Title::cloudOnly, false, false, false}, false, false}},
+      {"both, local", {true, true}, 1, true, {{true, true, Title::both, true, false, false}, true, true}},
+      {"both, cloud", {true, true}, 2, true, {{true, false, Title::both, false, false, false}, true, true}},
+      {"locked, cloud", {true, true}, 2, false, {{false, false, Title::both, false, false, false}, true, false}},
+      {"locked, local", {true, true}, 1, false, {{true, true, Title::both, true, false, false}, true, false}},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(recordingForEndToEnd(recordingAtLoad(row.kinds, row.type), row.kinds, row.switchIsEnabled),
+              row.expected)
+        << row.name;
+  }
+}
+
 TEST(AutomaticRecording, OffersItsChoicesWhenSwitchedOnAndNoCloudToAnEncryptedMeeting) {
   const auto shown = [](const RecordingKinds& kinds, bool isOn, bool isEndToEnd) {
     const RecordingState state = recordingAfterClick(recordingAtLoad(kinds, 2), kinds, isOn, isEndToEnd);

@@ -3,6 +3,7 @@
 #include "data/OptionBits.h"
 #include "settings/rules/RegionPolicy.h"
 #include "tests/settings/TokenFieldFixture.h"
+#include "util/LocalText.h"
 #include "util/Text.h"
 
 namespace vorn {
@@ -83,6 +84,8 @@ TEST(RegionRules, WhatTheFieldMeansAndWhenItMayBeSaved) {
 
 TEST(RegionRules, OffersWhatBeginsWithTheWord) {
   const auto lower = [](const std::string& text) { return caseFolded(text); };
+  const TextOrder german("de");
+  const auto key = [&](const std::string& name) { return german.key(name); };
   const struct {
     const char* word;
     std::vector<std::string> added;
@@ -93,10 +96,10 @@ TEST(RegionRules, OffersWhatBeginsWithTheWord) {
               {"many", {}, {}},
               {"öst", {}, {"AT"}},
               {"twin", {"X1"}, {"X2"}},
-              {"", {"DE", "X2"}, {"NE", "NG", "X1", "AT"}}};
+              {"", {"DE", "X2"}, {"NE", "NG", "AT", "X1"}}};
   for (const auto& row : rows) {
     std::vector<std::string> codes;
-    for (const Region& region : offeredRegions(kRegionNames, row.added, row.word, lower))
+    for (const Region& region : offeredRegions(kRegionNames, row.added, row.word, lower, key))
       codes.push_back(region.rcCode);
     EXPECT_EQ(codes, row.codes) << row.word;
   }

@@ -84,19 +84,20 @@ bool maySaveRegions(const TokenText& tokens, const RegionTable& regions) {
 
 std::vector<Region> offeredRegions(const RegionTable& regions, const std::vector<std::string>& added,
                                    const std::string& word,
-                                   const std::function<std::string(const std::string&)>& inLowerCase) {
+                                   const std::function<std::string(const std::string&)>& inLowerCase,
+                                   const std::function<std::string(const std::string&)>& orderKey) {
   const std::unordered_set<std::string> isAdded(added.begin(), added.end());
   const std::string begin = inLowerCase(word);
   std::vector<std::pair<std::string, Region>> found;
   for (const Region& region : regions.all()) {
     if (isAdded.contains(region.rcCode)) continue;
-    std::string name = inLowerCase(region.regionCountry);
-    if (name.starts_with(begin)) found.emplace_back(std::move(name), region);
+    const std::string name = inLowerCase(region.regionCountry);
+    if (name.starts_with(begin)) found.emplace_back(orderKey(name), region);
   }
   std::stable_sort(found.begin(), found.end(),
                    [](const auto& one, const auto& other) { return one.first < other.first; });
   std::vector<Region> offered;
-  for (auto& [name, region] : found) offered.push_back(std::move(region));
+  for (auto& [key, region] : found) offered.push_back(std::move(region));
   return offered;
 }
 

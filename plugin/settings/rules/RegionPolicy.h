@@ -74,9 +74,11 @@ TokenChip chipOf(const Region& region);
 std::vector<std::string> addedRegionCodes(const TokenText& tokens, const RegionTable& regions);
 // There are regions, and nothing that is none.
 bool maySaveRegions(const TokenText& tokens, const RegionTable& regions);
-// Those that are not in the text yet and whose name begins with the word, both in lower case, sorted by name.
+// Those that are not in the text yet and whose name begins with the word, both in lower case, sorted by name as
+// the language does, whose order is that of the keys.
 std::vector<Region> offeredRegions(const RegionTable& regions, const std::vector<std::string>& added,
                                    const std::string& word,
-                                   const std::function<std::string(const std::string&)>& inLowerCase);
+                                   const std::function<std::string(const std::string&)>& inLowerCase,
+                                   const std::function<std::string(const std::string&)>& orderKey);
 
 }  // namespace vorn::panel_rules
