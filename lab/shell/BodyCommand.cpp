@@ -2,8 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <optional>
+#include <vector>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/CalendarOutput.h"
 #include "lab/shell/Session.h"
 #include "util/AtomicFile.h"
 #include "util/Utf16.h"
@@ -80,6 +83,8 @@ void addInvitation(CLI::App& command, BodyOptions& options) {
 }  // namespace
 
 ExitCode changeBody(const BodyOptions& options) {
+  std::optional<CalendarOutput> output;
+  if (!options.output.empty()) output.emplace(options.output, std::vector<std::filesystem::path>{});
   const std::string body = contentOf(options.body);
   const Value parameters = parametersOf(options, body);
   CalendarStore nothing;
@@ -87,9 +92,7 @@ ExitCode changeBody(const BodyOptions& options) {
   const Value answer = session.ask("body", parameters);
   const Value& result = answer["result"];
   const bool isJson = options.form == ReportForm::json;
-  if (result.isText() && !options.output.empty() && !vorn::replaceFile(options.output.string(), result.text())) {
-    throw UsageError(options.output.string() + ": cannot be written");
-  }
+  if (result.isText() && output) output->write(result.text(), options.body);
   if (isJson) {
     printAsJson(options, body, answer);
   } else if (!result.isText()) {

@@ -10,8 +10,9 @@
 
 namespace vornlab {
 
-// Where a changed calendar goes: a plain file, which is replaced whole or not at all; a device or a pipe, which is
-// written into; or standard output, called "-", and then whatever else is told goes to standard error.
+// Where a changed calendar, or a changed body, goes: a plain file, which is replaced whole or not at all; a device
+// or a pipe, which is written into; or standard output, called "-", and then whatever else is told goes to
+// standard error.
 class CalendarOutput {
  public:
   // Made before the calendar is read, since it remembers how the file was. Throws UsageError when nothing may be

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/CalendarOutput.h"
 #include "lab/shell/Masking.h"
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/Session.h"
@@ -66,6 +67,7 @@ void printEnd(const MeetResult& result, const Session& session, const DemoOption
 }  // namespace
 
 ExitCode demo(const DemoOptions& options) {
+  CalendarOutput output(options.output, {options.lab.account});
   CalendarStore calendar;
   IcsProblem problem;
   if (!calendar.load(options.calendar.string(), problem)) {
@@ -90,7 +92,7 @@ ExitCode demo(const DemoOptions& options) {
   std::printf("\n");
 
   printAppointment("The appointment after", events.front());
-  if (!calendar.save(options.output.string())) throw LabError("cannot write " + options.output.string());
+  output.write(calendar.text(), options.calendar);
   printEnd(result, session, options);
   return result.outcome == Outcome::failed ? ExitCode::somethingFailed : ExitCode::done;
 }
