@@ -147,10 +147,12 @@ void CountryOptions::userChanged(std::string_view key) {
 
 // -- Commit ------------------------------------------------------------------------------------------------------
 
-void CountryOptions::keep() { m_kept = m_editCountriesWindow.countryContent(); }
+const std::optional<VNAvailableDialinCountryContent>& CountryOptions::countryContent() const {
+  return m_editCountriesWindow.countryContent();
+}
 
-void CountryOptions::restoreKept() {
-  if (m_kept) m_editCountriesWindow.updateCountriesUIItems(*m_kept);
+void CountryOptions::restore(const std::optional<VNAvailableDialinCountryContent>& content) {
+  if (content) m_editCountriesWindow.updateCountriesUIItems(*content);
 }
 
 bool CountryOptions::areCountriesEmpty() const {

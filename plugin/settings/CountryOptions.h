@@ -43,10 +43,10 @@ class CountryOptions {
   bool areCountriesEmpty() const;
   // What a commit writes of them.
   void writeCountries();
-  // A record without a hash tells nothing of its countries, so the window's are kept beside a record that may come
-  // back, and come back with it.
-  void keep();
-  void restoreKept();
+  // A record without a hash tells nothing of its countries, so whoever keeps a record that may come back keeps the
+  // window's beside it, and brings both back. Absent before the window has any.
+  const std::optional<VNAvailableDialinCountryContent>& countryContent() const;
+  void restore(const std::optional<VNAvailableDialinCountryContent>& content);
 
  private:
   // The record takes what counts in the window.
@@ -59,7 +59,6 @@ class CountryOptions {
   // Of the account as it was last known: another window may have forgotten it, and a commit clears countries that
   // are not shown.
   panel_rules::AudioSite m_site;
-  std::optional<VNAvailableDialinCountryContent> m_kept;
 
   Control& m_selectedCountriesField;
   Control& m_editCountriesButton;

@@ -56,8 +56,7 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   m_trackingFieldsController.initTrackingFieldItemListWithUserProfile();
   m_editCountriesWindowController.initializeItems();
   m_settingData.initWithSiteMeetingInfo(meetingInfo);
-  m_kept = m_settingData;
-  m_countries.keep();
+  m_kept = whatStands();
   initializeItems();
   m_meetingId.updateOneTimeMeetingTitle();
   m_waitsForPersonalMeeting = m_settingData.usePMI();
@@ -196,10 +195,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
     }
     m_settingData.setUsePMI(true);
     // A meeting that was to be a personal one from the start is loaded only now.
-    if (std::exchange(m_waitsForPersonalMeeting, false)) {
-      m_kept = m_settingData;
-      m_countries.keep();
-    }
+    if (std::exchange(m_waitsForPersonalMeeting, false)) m_kept = whatStands();
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);
@@ -338,11 +334,11 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
   closeWindows();
   if (isOK) {
     takeControls(Commit::meant);
-    m_kept = m_settingData;
-    m_countries.keep();
+    // Of two commits that were refused one after the other, neither is what the meeting has.
+    if (!m_beforeCommit) m_beforeCommit = m_kept;
+    m_kept = whatStands();
   } else {
-    throwEditsAway();
-    m_countries.restoreKept();
+    goBackTo(m_kept);
   }
   m_alternateHosts.forgetEdits();
   m_security.forgetTyped();
@@ -383,17 +379,29 @@ Value VnSettingViewController::settingsToCommit() {
 
 // Back to what was loaded or committed last, and not behind a commit: the next save would undo it. What a meeting
 // was opened with does not name every option either.
-void VnSettingViewController::throwEditsAway() { m_settingData = m_kept; }
+void VnSettingViewController::goBackTo(const Kept& kept) {
+  m_settingData = kept.record;
+  m_countries.restore(kept.countries);
+}
 
+// A dismissed panel would bring back what the service has refused, and the next save would send it once more.
 void VnSettingViewController::resetMeetingItemWhenUpdateError() {
+  const ControlSet::Change change(m_controls);
+  commitRefused();
   m_settingData.initWithSiteMeetingInfo(m_siteMeetingInfo);
-  // A dismissed panel would bring back what the service has refused, and the next save would send it once more.
-  m_kept = m_settingData;
+  m_countries.restore(m_kept.countries);
+  m_kept = whatStands();
+}
+
+// The user goes on from what was refused, and a dismissed panel goes back behind it.
+void VnSettingViewController::commitRefused() {
+  if (m_beforeCommit) m_kept = *std::exchange(m_beforeCommit, std::nullopt);
 }
 
 // What the service says of a commit holds for what a dismissed panel goes back to as well.
 void VnSettingViewController::updatePasswordAfterCommit(const OptionalText& passcode) {
-  for (vnSettingData* record : {&m_settingData, &m_kept}) {
+  m_beforeCommit.reset();
+  for (vnSettingData* record : {&m_settingData, &m_kept.record}) {
     record->setMeetingPassword(passcode);
     record->setRequiredMeetingPassword(!passcode.value_or("").empty());
   }
@@ -402,7 +410,7 @@ void VnSettingViewController::updatePasswordAfterCommit(const OptionalText& pass
 void VnSettingViewController::filterInvalidAlternateHosts(const Value& emails) {
   std::unordered_set<std::string> invalid;
   for (const Value& email : emails.items()) invalid.insert(caseFolded(email.text()));
-  for (vnSettingData* record : {&m_settingData, &m_kept}) {
+  for (vnSettingData* record : {&m_settingData, &m_kept.record}) {
     Value kept = Value::array();
     for (const Value& host : record->arrAlternateHosts().items()) {
       if (!invalid.contains(caseFolded(host.text()))) kept.append(host);

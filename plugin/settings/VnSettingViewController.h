@@ -90,6 +90,7 @@ class VnSettingViewController final : private PanelSteps {
   const Value& getSiteMeetingInfo() const { return m_siteMeetingInfo; }
   void setPMIMeetingInfo(const Value& meetingInfo) override;
   void resetMeetingItemWhenUpdateError();
+  void commitRefused();
   void updatePasswordAfterCommit(const OptionalText& passcode);
   void filterInvalidAlternateHosts(const Value& emails);
 
@@ -100,8 +101,13 @@ class VnSettingViewController final : private PanelSteps {
   void initWithLocalString();
   void setSiteMeetingInfo(const Value& meetingInfo);
   enum class Commit { meant, tried };
+  struct Kept {
+    vnSettingData record;
+    std::optional<VNAvailableDialinCountryContent> countries;
+  };
   void takeControls(Commit commit);
-  void throwEditsAway();
+  Kept whatStands() const { return {m_settingData, m_countries.countryContent()}; }
+  void goBackTo(const Kept& kept);
   void closeWindows();
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();
@@ -143,8 +149,10 @@ class VnSettingViewController final : private PanelSteps {
 
   const SettingsContext& m_context;
   vnSettingData m_settingData;
-  // What was loaded or committed last, which a dismissed panel goes back to.
-  vnSettingData m_kept;
+  // What was loaded or committed last, which a dismissed panel goes back to; and while nobody knows how a commit
+  // ended, what that was before it.
+  Kept m_kept;
+  std::optional<Kept> m_beforeCommit;
   bool m_waitsForPersonalMeeting = false;
   // As it was at the last load: telling it means to read the whole appointment.
   bool m_isEnableRecurrence = false;
@@ -152,8 +160,10 @@ class VnSettingViewController final : private PanelSteps {
   Value m_pmiMeetingInfo = Value::dictionary();
   ControlSet m_controls;
   const PanelParts m_parts{m_controls, m_settingData, m_context, *this};
-  VNDomainsWindowController m_domainsWindowController{m_controls};
+  // The windows beside the panel are made in this order, and the regions' with their group.
+  AlternateHostOptions m_alternateHosts{m_parts};
   VNEditCountriesWindowController m_editCountriesWindowController{m_controls};
+  VNDomainsWindowController m_domainsWindowController{m_controls};
   VNPasswordRuleWindowController m_passwordRuleWindowController{m_controls};
   PlainOptions m_plainOptions{m_parts};
   SecurityOptions m_security{m_parts, m_passwordRuleWindowController};
@@ -163,7 +173,6 @@ class VnSettingViewController final : private PanelSteps {
   TemplateOptions m_template{m_parts};
   JoinBeforeHostOptions m_joinBeforeHost{m_parts};
   EncryptionOptions m_encryption{m_parts};
-  AlternateHostOptions m_alternateHosts{m_parts};
   AllowDenyOptions m_allowDeny{m_parts};
   DataCenterOptions m_dataCenters{m_parts};
   AudioOptions m_audio{m_parts};

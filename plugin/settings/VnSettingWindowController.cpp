@@ -170,6 +170,10 @@ void VnSettingWindowController::resetMeetingItemWhenUpdateError() {
   if (m_mySettingViewController) m_mySettingViewController->resetMeetingItemWhenUpdateError();
 }
 
+void VnSettingWindowController::commitRefused() {
+  if (m_mySettingViewController) m_mySettingViewController->commitRefused();
+}
+
 void VnSettingWindowController::setScheduleForListInfo(bool arrived) {
   if (m_sheet) m_mySettingViewController->setScheduleForListInfo(arrived);
 }

@@ -64,6 +64,7 @@ class VnSettingWindowController final : public SettingsPanel,
   void updatePasswordAfterCommit(const OptionalText& passcode) override;
   void filterInvalidAlternateHosts(const Value& emails) override;
   void resetMeetingItemWhenUpdateError() override;
+  void commitRefused() override;
   void setScheduleForListInfo(bool arrived) override;
 
  private:

@@ -22,6 +22,8 @@ class SettingsPanel {
   virtual void updatePasswordAfterCommit(const OptionalText& passcode) = 0;
   virtual void filterInvalidAlternateHosts(const Value& emails) = 0;
   virtual void resetMeetingItemWhenUpdateError() = 0;
+  // What was committed last did not come about, and the panel opens on it again.
+  virtual void commitRefused() = 0;
   virtual void setScheduleForListInfo(bool arrived) = 0;
 };
 

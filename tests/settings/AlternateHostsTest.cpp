@@ -235,7 +235,8 @@ TEST_F(AlternateHostsTest, TheListGoesWithTheWordTheTabAndAnyOtherPress) {
       {"the word", [this] { press(kHosts, Key::deleteBackward); }},
       {"a separator", [this] { keyIn(kHosts, " "); }},
       {"the tab", [this] { press(kHosts, Key::tab); }},
-      {"a press elsewhere", [this] { turn("muteParticipantUponEntry", true); }}};
+      {"a press elsewhere", [this] { turn("muteParticipantUponEntry", true); }},
+      {"the wheel", [this] { test.presenter.panels().scroll(window->bar->ownWindow); }}};
   for (const auto& [what, act] : rows) {
     SCOPED_TRACE(what);
     edit(kHosts, [](TokenText& text) { text.select({0, SIZE_MAX}), text.type("x"); });

@@ -387,6 +387,32 @@ TEST_F(CountriesPanelTest, DataCentresNarrowThemAndTheTipTellsOfIt) {
   }
 }
 
+// A meeting that stands is opened with what its region policy leaves, and a new one with what the user has chosen.
+TEST_F(CountriesPanelTest, TheRegionsOfAMeetingThatStandsNarrowThemWhenItIsOpened) {
+  const Value policy =
+      Value::dictionaryFromPairs({{vn_Setting_RegionType, 1}, {vn_Setting_RegionCodes, list({"DE"})}});
+  for (const bool isUpdate : {true, false}) {
+    SCOPED_TRACE(isUpdate);
+    know({"US", "DE"}, {"US", "DE"},
+         Value::dictionaryFromPairs(
+             {{vn_Profile_MaximumDialinCountry,
+               Value::dictionaryFromPairs({{"maximumDialinCountries", list({"US", "DE"})}})},
+              {vn_Setting_JoinMeetingRegionSetting,
+               Value::dictionaryFromPairs(
+                   {{vn_Setting_RegionPolicy, policy}, {vn_Setting_TotalRegionCodes, list({"DE", "US"})}})}}));
+    window = std::make_unique<FakeWindow>(test);
+    if (isUpdate) knowMeeting();
+    open();
+    view().settingData().setEnableAllowDenyJoinMeetingRegion(true);
+    view().settingData().setRegionType(1);
+    view().settingData().setArrRegionCodes(list({"DE"}));
+    view().updateUIItemsForNextTime();
+    EXPECT_EQ(control("selectedCountriesField").text,
+              isUpdate ? "Dial in from United States" : "Dial in from United States and Germany");
+    EXPECT_TRUE(control("allowDenyImpactCountriesTipView").hidden);
+  }
+}
+
 TEST_F(CountriesPanelTest, AreOpenedAndSearchedInTimeLinearInThem) {
   Value all = Value::array();
   for (int i = 0; i < 10000; ++i) all.append("c" + std::to_string(i));

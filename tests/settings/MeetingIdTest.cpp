@@ -8,6 +8,8 @@
 #include "settings/rules/ScheduleForRules.h"
 #include "tests/settings/PanelFixture.h"
 #include "tests/settings/RuleTexts.h"
+#include "tests/support/Texts.h"
+#include "util/Utf16.h"
 #include "workflow/vnOnbehalfData.h"
 
 namespace vorn {
@@ -298,6 +300,54 @@ TEST_F(MeetingIdPanelTest, AListThatComesLateLeavesWhatTheUserHasChosen) {
   vnUserProfileHelper::sharedInstance().clearUserProfile();
   click("buttonContinue");
   EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kDana)) << "who is chosen is who is shown";
+}
+
+TEST_F(MeetingIdPanelTest, APersonWhoVanishesFromTheListIsStillMeantUntilTheUserSaysOtherwise) {
+  people = Value::Array{person(kDana, "Dana"), person(kBob, "Bob")};
+  knowAccount();
+  open();
+  answerList();
+  choose("scheduleForPopup", 2);
+  people = Value::Array{person(kDana, "Dana")};
+  knowAccount();
+  click("buttonContinue");
+  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kBob));
+  open();
+  EXPECT_EQ(control("scheduleForPopup").items.size(), 2u);
+  EXPECT_EQ(control("scheduleForPopup").index, 0);
+  click("buttonContinue");
+  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kBob))
+      << "whom a window is open for need not be in the list";
+  open();
+  choose("scheduleForPopup", 1);
+  choose("scheduleForPopup", 0);
+  click("buttonContinue");
+  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(""));
+}
+
+// Ten thousand people, with names that read from the right, join or take several units: each is cut where a
+// character ends, and found again.
+TEST_F(MeetingIdPanelTest, TenThousandPeopleWithNamesOfAllKindsAreOffered) {
+  const std::string names[] = {repeated("שלום ", 20), repeated("e\u0301", 60),
+                               repeated("👩‍👩‍👧 ", 15)};
+  Value::Array all;
+  for (int i = 0; i < 10000; ++i) {
+    all.push_back(person(("p" + std::to_string(i) + "@vorn.example").c_str(), names[i % 3].c_str()));
+  }
+  people = all;
+  knowAccount();
+  knowList();
+  open();
+  ASSERT_EQ(control("scheduleForPopup").items.size(), 10001u);
+  for (int i = 1; i <= 3; ++i) {
+    const ControlItem& item = control("scheduleForPopup").items[static_cast<std::size_t>(i)];
+    EXPECT_LE(utf16Length(item.title), 45u);
+    EXPECT_THAT(item.title, testing::EndsWith("..."));
+    EXPECT_TRUE(isValidUtf8(item.title));
+  }
+  choose("scheduleForPopup", 10000);
+  click("buttonContinue");
+  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value("p9999@vorn.example"));
 }
 
 TEST_F(MeetingIdPanelTest, ADefaultDoesNotOverruleWhatIsShownWhenAnotherPersonIsChosen) {

@@ -62,11 +62,14 @@ TEST_F(SettingsPanelTest, TwoAreOpenAtOnceAndEachKeepsToItsOwnWindow) {
 TEST_F(SettingsPanelTest, AnOlderClientIsOfferedLess) {
   for (const bool isOld : {false, true}) {
     RecordingClient::setVersion(test, isOld ? "3.5.0" : "99.0");
+    test.surroundings.languages = {"de-AT"};
     open();
     for (const char* key : {"selectLanguagePopup", "selectLanguageText", "muteUponEntryBox"}) {
       EXPECT_EQ(control(key).hidden, isOld) << key;
     }
     EXPECT_TRUE(control("publicEventBox").hidden && control("autoRecordingBox").hidden) << "nobody offers them";
+    click("buttonContinue");
+    EXPECT_EQ(settings()[vn_Setting_SelectInvitationLanguage], Value("de")) << "also where nobody sees the popup";
     endSettingsPanel(id());
   }
 }
@@ -179,7 +182,7 @@ TEST_F(SettingsPanelTest, CommitsBeforeItIsSavedAndSavesNeitherPasscodeNorPeople
   view().settingData().setHash("h");
   view().settingData().setSelectedCountries(Value::Array{"US"});
   const JsonTextFile saved(vnCommon::getVnUserProfilePath("me"));
-  saved.write(Value::dictionaryFromPairs({{vn_Setting_NotShowUpgradeMessageAgain, true}}));
+  saved.write(Value::dictionaryFromPairs({{vn_Setting_NotShowUpgradeMessageAgain, true}, {"left over", 1}}));
   choose("selectLanguagePopup", 9);
 
   std::vector<std::string> told;
@@ -204,6 +207,7 @@ TEST_F(SettingsPanelTest, CommitsBeforeItIsSavedAndSavesNeitherPasscodeNorPeople
   EXPECT_EQ(file[vn_Setting_ScheduleFor], Value(""));
   EXPECT_EQ(file[vn_Setting_AlternateHosts], Value(""));
   EXPECT_TRUE(file[vn_Setting_NotShowUpgradeMessageAgain].boolValue());
+  EXPECT_TRUE(file["left over"].isAbsent()) << "the file is replaced";
 }
 
 TEST_F(SettingsPanelTest, GivesEditsUpWhenItIsDismissedAndKeepsTheWishToSeeItNoMore) {

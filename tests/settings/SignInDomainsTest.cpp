@@ -3,6 +3,7 @@
 #include "settings/rules/SignInRules.h"
 #include "tests/settings/PanelFixture.h"
 #include "tests/settings/RuleTexts.h"
+#include "tests/support/Texts.h"
 
 namespace vorn {
 namespace {
@@ -281,6 +282,24 @@ TEST_F(SignInPanelTest, DomainsAreEditedInAWindowThatKeepsWhatIsNoDomain) {
   click("buttonContinue");
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthDomain], Value("")) << "any signed-in user may join";
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthId], Value("p"));
+}
+
+TEST_F(SignInPanelTest, ManyDomainsAreTriedInTimeLinearInThem) {
+  knowAuths({pupils});
+  open();
+  turn("onlySignedinWithSpecifiedDomains", true);
+  const std::string good = repeated("a.example;", 6554);
+  for (const bool isGood : {false, true}) {
+    click("viewEditButton");
+    type("_domainsTextField", isGood ? good : good + "*.");
+    click("domains_SaveBtn");
+    EXPECT_EQ(isOnScreen("domainsWindow"), !isGood);
+    const auto bad = isGood ? std::nullopt : std::optional(TextRange{good.size(), 2});
+    EXPECT_EQ(control("_domainsTextField").errorRange, bad);
+    click("domains_cancelBtn");
+  }
+  click("buttonContinue");
+  EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthDomain], Value(good));
 }
 
 TEST_F(SignInPanelTest, OtherDomainsReachNoOtherPanel) {

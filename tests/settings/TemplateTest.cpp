@@ -119,6 +119,17 @@ TEST_F(TemplatePanelTest, AChoiceIsToldOfAndCommittedAndNoneTakesNothingAway) {
   EXPECT_EQ(committedId(), "r") << "the service takes no template away";
 }
 
+TEST_F(TemplatePanelTest, TheLastOfTenThousandIsFoundAgain) {
+  Value many = Value::array();
+  for (int i = 0; i < 10000; ++i) many.append(oneTemplate(std::to_string(i), "Lesson " + std::to_string(i)));
+  knowTemplates(many);
+  openWith("9999", "Lesson 9999");
+  EXPECT_EQ(control("templatePopup").index, 10002);
+  choose("templatePopup", 10001);
+  click("buttonContinue");
+  EXPECT_EQ(committedId(), "9998");
+}
+
 TEST_F(TemplatePanelTest, OneThatIsGoneStaysAndHoldsContinueBackUntilAnotherIsChosen) {
   knowTemplates(both);
   openWith("gone", "Old one");

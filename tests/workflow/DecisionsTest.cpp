@@ -14,6 +14,7 @@
 #include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnCommitWarning.h"
 #include "workflow/vnScheduleErrorMessage.h"
+#include "workflow/vnScheduleLimitationViewController.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -193,6 +194,24 @@ TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
     message.set_hostid(row.hostId);
     helper().setPBMeetingData(encoded(message));
     EXPECT_EQ(manager().checkScheduleForEmailValidity(), row.isValid);
+  }
+}
+
+TEST_F(Decisions, AnUpgradeIsOfferedByPageOrByMailOrNotAtAll) {
+  const std::tuple<int, const char*, const char*, const char*> rows[] = {
+      {1, "https://vorn.example/upgrade", "boss@vorn.example", "https://vorn.example/upgrade"},
+      {0, "https://vorn.example/upgrade", "boss@vorn.example", "mailto:boss@vorn.example"},
+      {1, "", "boss@vorn.example", nullptr},
+      {0, "", "", nullptr}};
+  for (const auto& [isPage, page, email, opened] : rows) {
+    vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
+        {{vn_Profile_UpgradeInfo, Value::dictionaryFromPairs({{vn_UpgradeInfo_IsShowUpgradeLink, isPage},
+                                                              {vn_UpgradeInfo_UpgradeLink, page},
+                                                              {vn_UpgradeInfo_ContactEmail, email}})}}));
+    const auto upgrade = vnScheduleLimitationViewController::upgrade();
+    test.workspace.openedPages.clear();
+    if (upgrade) upgrade->follow();
+    EXPECT_EQ(test.workspace.openedPages, opened ? std::vector<std::string>{opened} : std::vector<std::string>{});
   }
 }
 

@@ -38,6 +38,7 @@ class FakePanel final : public SettingsPanel {
     for (const Value& email : emails.items()) calls.push_back("filters " + email.text());
   }
   void resetMeetingItemWhenUpdateError() override { calls.push_back("resets"); }
+  void commitRefused() override { calls.push_back("refused"); }
   void setScheduleForListInfo(bool arrived) override { calls.push_back(arrived ? "people" : "no people"); }
 
   Value settings = Value::dictionary();

@@ -167,6 +167,7 @@ StageStep inSettings(LineReader& line) {
       }
     };
   }
+  if (line.take("scroll")) return scrollInPanel;
   if (line.take("continue")) return [](Stage& stage) { clickInPanel(stage, "buttonContinue"); };
   if (line.take("cancel")) return [](Stage& stage) { clickInPanel(stage, "buttonCancel"); };
   if (line.take("click")) {

@@ -161,4 +161,10 @@ void pressInPanel(Stage& stage, const std::string& control, const std::string& w
 
 void clickInPanel(Stage& stage, const std::string& control) { use(stage, control, nullptr); }
 
+void scrollInPanel(Stage& stage) {
+  if (panels(stage).scroll(windowOf(stage)) == PanelRecord::Use::noPanel) {
+    throw Mismatch("an open settings panel", "none");
+  }
+}
+
 }  // namespace vornlab

@@ -36,5 +36,7 @@ inline constexpr const char* kPanelKeys = "up, down, left, right, return, tab, e
 
 // A click on the control, as on a button of the panel.
 void clickInPanel(Stage& stage, const std::string& control);
+// A turn of the wheel in the panel.
+void scrollInPanel(Stage& stage);
 
 }  // namespace vornlab

@@ -94,4 +94,13 @@ PanelRecord::Use PanelRecord::use(const HostObject& window, const std::string& k
   return Use::done;
 }
 
+PanelRecord::Use PanelRecord::scroll(const HostObject& window) const {
+  Sheet* sheet = find(window);
+  if (!sheet) return Use::noPanel;
+  const Presenter::PanelInput used = sheet->used;
+  const ControlSet::Change step(sheet->controls);
+  used("");
+  return Use::done;
+}
+
 }  // namespace vorn

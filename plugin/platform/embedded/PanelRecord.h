@@ -32,6 +32,8 @@ class PanelRecord {
   // cannot be chosen.
   Use use(const HostObject& window, const std::string& key,
           const std::function<void(Control&)>& change = nullptr) const;
+  // A turn of the wheel over the sheet.
+  Use scroll(const HostObject& window) const;
 
  private:
   class Sheet;
