@@ -63,8 +63,8 @@ class Presenter {
    public:
     virtual ~Panel() = default;
   };
-  // The user has clicked the control with the key, or changed it: what was chosen or typed stands in it already. The
-  // empty key is a press or a scroll that meets no control.
+  // The user has clicked the control with the key, or changed it: what was chosen or typed stands in it already.
+  // The empty key is a press or a scroll that meets no control.
   using PanelInput = std::function<void(const std::string& key)>;
 
   virtual ~Presenter() = default;
