@@ -31,7 +31,7 @@ EmbeddedSession::EmbeddedSession(const LabOptions& options, const OutlookHost::O
       m_account(signedInAccount(options)),
       m_world(worldOptions(options, m_account.userId)),
       m_runLoop(std::move(runLoop)),
-      m_userDefaults(m_world.preferences().string(), kHostDomain),
+      m_userDefaults(m_world.preferences().string(), kHostDomain, m_runLoop.get()),
       m_surroundings(inWorld(std::move(surroundings), m_world, options)),
       m_host(m_runtime, *m_runLoop, m_center, hostOptions) {
   // Where an alert offers to start the client, the person declines.

@@ -24,6 +24,24 @@ TEST(EmbeddedUserDefaults, KeepEachDomainInItsPropertyList) {
   EXPECT_TRUE(defaults.persistentDomainForName("us.vorn.xos").isAbsent());
 }
 
+TEST(EmbeddedUserDefaults, WithALoopAreWrittenWhenItComesRoundAndAtTheLatestWithTheirEnd) {
+  TestPlatform world;
+  const std::string path = world.surroundings.homeDirectory() + "/defaults/host.plist";
+  const Value on = Value::dictionaryFromPairs({{"flag", true}});
+  {
+    EmbeddedUserDefaults defaults(world.surroundings.homeDirectory() + "/defaults", "host", &world.runLoop);
+    defaults.setObject(true, "flag");
+    EXPECT_TRUE(defaults.objectForKey("flag").boolValue());
+    EXPECT_EQ(defaults.persistentDomainForName("host"), on);
+    EXPECT_TRUE(readPropertyList(path).isAbsent());
+    world.runLoop.runDue();
+    EXPECT_EQ(readPropertyList(path), on);
+    defaults.setObject(2, "late");
+  }
+  EXPECT_EQ(readPropertyList(path)["late"], Value(2));
+  world.runLoop.runDue();
+}
+
 TEST(Localization, ReadsItsTableAndShowsTheKeyOfAMissingText) {
   TestPlatform world;
   world.surroundings.resources["Localizable.strings"] =

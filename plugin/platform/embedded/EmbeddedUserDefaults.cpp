@@ -4,35 +4,49 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/RunLoop.h"
 #include "util/PropertyList.h"
 
 namespace vorn {
 
-EmbeddedUserDefaults::EmbeddedUserDefaults(std::string preferencesFolder, std::string domain)
-    : m_folder(std::move(preferencesFolder)), m_domain(std::move(domain)) {}
+EmbeddedUserDefaults::EmbeddedUserDefaults(std::string preferencesFolder, std::string domain, RunLoop* runLoop)
+    : m_folder(std::move(preferencesFolder)), m_domain(std::move(domain)), m_runLoop(runLoop) {}
+
+EmbeddedUserDefaults::~EmbeddedUserDefaults() {
+  if (m_runLoop) m_runLoop->cancelPrevious(this);
+  write();
+}
 
 Value EmbeddedUserDefaults::objectForKey(std::string_view key) { return persistentDomainForName(m_domain)[key]; }
 
 void EmbeddedUserDefaults::setObject(const Value& value, std::string_view key) {
   Value stored = persistentDomainForName(m_domain);
-  // Many settings are set to what they are already, and each write waits for the disk.
   if (stored[key] == value) return;
   if (value.isAbsent()) {
     stored.erase(key);
   } else {
     stored.set(key, value);
   }
+  const bool isWaiting = std::exchange(m_unwritten, std::move(stored)).has_value();
+  if (!m_runLoop) return write();
+  if (!isWaiting) m_runLoop->performAfter(0, this, "write", [this] { write(); });
+}
+
+void EmbeddedUserDefaults::write() {
+  const std::optional<Value> domain = std::exchange(m_unwritten, std::nullopt);
+  if (!domain) return;
   std::error_code failed;
   std::filesystem::create_directories(m_folder, failed);
-  writePropertyList(stored, pathOf(m_domain));
+  writePropertyList(*domain, pathOf(m_domain));
 }
 
 void EmbeddedUserDefaults::removeObject(std::string_view key) { setObject({}, key); }
 
-// Every change is on the disk already.
+// Every change goes to the disk by itself.
 void EmbeddedUserDefaults::synchronize() {}
 
 Value EmbeddedUserDefaults::persistentDomainForName(std::string_view domain) {
+  if (m_unwritten && domain == m_domain) return *m_unwritten;
   Value stored = readPropertyList(pathOf(domain));
   return stored.isDictionary() ? stored : Value();
 }

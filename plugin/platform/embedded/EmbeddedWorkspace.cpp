@@ -59,17 +59,25 @@ EmbeddedWorkspace::EmbeddedWorkspace(std::string root, std::vector<std::string> 
 
 bool EmbeddedWorkspace::isRunning(std::string_view bundleIdentifier) {
   reapLaunched();
+  // Whoever was seen is asked first, and as afresh as all others: this is asked for each appointment, and the list
+  // of a machine's processes is long.
+  if (!m_lastSeen.empty() && runs(m_lastSeen, bundleIdentifier)) return true;
   std::error_code failed;
   for (fs::directory_iterator process("/proc", failed), end; !failed && process != end;
        process.increment(failed)) {
     if (!isProcessFolder(process->path().filename().string())) continue;
-    const std::string program = programOfProcess(process->path());
-    const std::string bundle = bundleOfProgram(program);
-    if (bundle.empty() || !isBelowRoot(program)) continue;
-    const Value information = propertyListAtPath(bundle + "/Contents/Info.plist");
-    if (information["CFBundleIdentifier"].text() == bundleIdentifier) return true;
+    if (!runs(process->path().string(), bundleIdentifier)) continue;
+    m_lastSeen = process->path().string();
+    return true;
   }
   return false;
+}
+
+bool EmbeddedWorkspace::runs(const std::string& processFolder, std::string_view bundleIdentifier) {
+  const std::string program = programOfProcess(processFolder);
+  const std::string bundle = bundleOfProgram(program);
+  if (bundle.empty() || !isBelowRoot(program)) return false;
+  return propertyListAtPath(bundle + "/Contents/Info.plist")["CFBundleIdentifier"].text() == bundleIdentifier;
 }
 
 std::string EmbeddedWorkspace::absolutePathForAppBundle(std::string_view bundleIdentifier) {

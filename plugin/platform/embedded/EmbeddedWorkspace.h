@@ -29,6 +29,8 @@ class EmbeddedWorkspace final : public Workspace {
 
  private:
   bool isBelowRoot(std::string_view path) const;
+  // The process, by its folder, runs a program of such a bundle.
+  bool runs(const std::string& processFolder, std::string_view bundleIdentifier);
   // Runs a program, by path or by a name to be looked for, with at most one argument.
   bool start(const std::string& program, const std::string& argument);
   void reapLaunched();
@@ -37,6 +39,8 @@ class EmbeddedWorkspace final : public Workspace {
   std::vector<std::string> m_applicationFolders;
   // Processes that were launched from here and have not been seen to end.
   std::vector<pid_t> m_launched;
+  // The folder of the process that was found running last; "" before any was.
+  std::string m_lastSeen;
 };
 
 }  // namespace vorn
