@@ -118,7 +118,9 @@ void Session::restartClient() {
 
 void Session::setFaults(const std::string& rules) {
   if (!options().takesFaults) throw LabError("the client was started without faults");
-  if (!vorn::replaceFile(world().faults().string(), rules)) {
+  // The client counts its replies anew when the file has changed, and the same rules said again are meant anew.
+  const std::string heading = "# said " + std::to_string(++m_faultsSaid) + " times\n";
+  if (!vorn::replaceFile(world().faults().string(), heading + rules)) {
     throw LabError("cannot write " + world().faults().string());
   }
 }

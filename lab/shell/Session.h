@@ -62,6 +62,7 @@ class Session final : public EmbeddedSession {
   vorn::EmbeddedWorkspace m_workspace;
   std::string m_clientTrouble;
   std::optional<MeetingStore> m_meetings;
+  std::size_t m_faultsSaid = 0;
   // Bytes that an earlier session left in the journal of a world that stays.
   std::size_t m_journalBefore = 0;
   // Absent when nobody can watch.
