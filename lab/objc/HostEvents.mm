@@ -430,15 +430,21 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   if (m_index < 0) {
     m_index = static_cast<NSInteger>(m_store->add(newUid(), start, end, plainText([self summary])).index());
   }
-  auto target = storedEvent(self);
+  const auto target = storedEvent(self);
   if (!target) return notStored;
-  if (NSString* summary = [m_changed objectForKey:@"summary"]) target->setSummary(plainText(summary));
-  if (NSString* location = [m_changed objectForKey:@"location"]) target->setLocation(plainText(location));
-  [self storeBodyIn:*target];
-  if (NSString* record = [m_changed objectForKey:@"olmUCInband"]) target->setOlmUCInband(plainText(record));
-  if (NSString* record = [m_changed objectForKey:@"olmUCCapabilities"])
-    target->setOlmUCCapabilities(plainText(record));
-  if ([m_changed objectForKey:@"startTime"] || [m_changed objectForKey:@"endTime"]) target->setTimes(start, end);
+  // The compiler finds neither an instance's fields nor itself inside the function.
+  ECMutableCalendarEvent* record = self;
+  NSDictionary* changed = m_changed;
+  const bool isStored = m_store->change(*target, [&](vornlab::CalendarEvent& event) {
+    if (NSString* summary = [changed objectForKey:@"summary"]) event.setSummary(plainText(summary));
+    if (NSString* location = [changed objectForKey:@"location"]) event.setLocation(plainText(location));
+    [record storeBodyIn:event];
+    if (NSString* inband = [changed objectForKey:@"olmUCInband"]) event.setOlmUCInband(plainText(inband));
+    if (NSString* older = [changed objectForKey:@"olmUCCapabilities"])
+      event.setOlmUCCapabilities(plainText(older));
+    if ([changed objectForKey:@"startTime"] || [changed objectForKey:@"endTime"]) event.setTimes(start, end);
+  });
+  if (!isStored) return notStored;
   return stored;
 }
 @end

@@ -1,5 +1,4 @@
 #include <libical/ical.h>
-#include <unicode/unistr.h>
 
 #include <algorithm>
 #include <charconv>
@@ -17,15 +16,6 @@ constexpr std::string_view kInbandProperty = "X-VORNLAB-OLMUCINBAND";
 constexpr std::string_view kCapabilitiesProperty = "X-VORNLAB-OLMUCCAPABILITIES";
 constexpr int kMostOccurrencesCounted = 1000;
 constexpr double kSecondsPerDay = 86400;
-
-// The text with the replacement character for every byte that is no UTF-8.
-std::string wellFormed(const std::string& text) {
-  if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
-    return text;
-  std::string result;
-  icu::UnicodeString::fromUTF8(text).toUTF8String(result);
-  return result;
-}
 
 std::string upperCase(std::string text) {
   for (char& c : text) {
@@ -182,6 +172,19 @@ bool CalendarEvent::isAllDay() const {
   return begin && begin->isAllDay;
 }
 
+std::string CalendarEvent::doubtOfTimes() const {
+  for (const char* name : {"DTSTART", "DTEND"}) {
+    const auto time = timeOf(name);
+    if (!time) continue;
+    if (!time->isZoneKnown)
+      return "nobody knows the zone \"" + wellFormed(time->zone) + "\": its times are taken as UTC";
+    if (time->isFloating && !time->isAllDay && m_store->m_options.zone.empty()) {
+      return "times without a zone are taken as UTC; --zone says which zone is meant";
+    }
+  }
+  return {};
+}
+
 CalendarRecurrence CalendarEvent::recurrence() const {
   CalendarRecurrence result;
   result.rule = textOf("RRULE");
@@ -243,11 +246,12 @@ vorn::OptionalText CalendarEvent::olmUCCapabilities() const { return optionalTex
 std::string CalendarEvent::calendarText() const {
   const IcsDocument& document = m_store->m_document;
   const std::size_t calendar = document.parentOf(component());
-  const std::string& ending = document.lineEnding();
+  // Another reader knows no bare "\r".
+  const std::string ending = document.lineEnding() == "\r" ? "\r\n" : document.lineEnding();
   std::string result = "BEGIN:VCALENDAR" + ending;
   for (const char* name : {"VERSION", "PRODID", "METHOD"}) {
     if (const auto property = document.property(calendar, name)) {
-      result += foldedLine(property->name + ":" + property->value, ending);
+      result += foldedLine(property->name + ":" + wellFormed(property->value), ending);
     }
   }
   std::set<std::string> zones;

@@ -1,6 +1,7 @@
 #include "lab/outlook/CalendarStore.h"
 
 #include <algorithm>
+#include <set>
 
 #include "util/AtomicFile.h"
 
@@ -101,11 +102,37 @@ CalendarEvent CalendarStore::add(std::string_view uid, double startSeconds, doub
   return eventAt(m_eventComponents.size() - 1);
 }
 
+bool CalendarStore::change(CalendarEvent event, const std::function<void(CalendarEvent& event)>& make) {
+  const std::size_t component = m_eventComponents[event.index()];
+  m_document.takeMisfit();
+  IcsDocument::Changes before = m_document.changesOf(component);
+  make(event);
+  std::optional<IcsProblem> misfit = m_document.takeMisfit();
+  if (!misfit) return true;
+  m_document.restore(component, std::move(before));
+  m_refusal = std::move(misfit);
+  return false;
+}
+
+std::vector<IcsProblem> CalendarStore::doubts() {
+  std::vector<IcsProblem> result = m_document.warnings();
+  std::set<std::string> told;
+  for (const CalendarEvent& event : events()) {
+    const std::string doubt = event.doubtOfTimes();
+    if (doubt.empty() || !told.insert(doubt).second) continue;
+    result.push_back({m_document.physicalLineOf(m_eventComponents[event.index()], "DTSTART"), doubt});
+  }
+  std::stable_sort(result.begin(), result.end(),
+                   [](const IcsProblem& a, const IcsProblem& b) { return a.line < b.line; });
+  return result;
+}
+
 CalendarZones& CalendarStore::zonesOf(std::size_t component) {
   std::size_t calendar = component;
   while (m_document.parentOf(calendar) != IcsDocument::kNone) calendar = m_document.parentOf(calendar);
   std::unique_ptr<CalendarZones>& zones = m_zones[calendar];
-  if (!zones) zones = std::make_unique<CalendarZones>(m_document, calendar, m_options.zone);
+  if (!zones)
+    zones = std::make_unique<CalendarZones>(m_document, calendar, m_options.zone.empty() ? "UTC" : m_options.zone);
   return *zones;
 }
 

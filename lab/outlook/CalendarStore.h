@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "lab/outlook/CalendarZones.h"
@@ -73,6 +75,8 @@ class CalendarEvent {
   // DTEND, or the start with DURATION; without both, the start, and for a whole day the next.
   std::optional<CalendarTime> end() const;
   bool isAllDay() const;
+  // What was assumed about its times, and may be wrong: a zone that nobody knows, or none; "" for nothing.
+  std::string doubtOfTimes() const;
   CalendarRecurrence recurrence() const;
 
   std::vector<CalendarAttendee> attendees() const;
@@ -119,8 +123,8 @@ class CalendarEvent {
 class CalendarStore {
  public:
   struct Options {
-    // What floating times and whole days are taken to be in.
-    std::string zone = "UTC";
+    // What floating times and whole days are in; "" when nobody has said it, and they are taken as UTC.
+    std::string zone = {};
   };
 
   CalendarStore() = default;
@@ -134,6 +138,9 @@ class CalendarStore {
   bool save(const std::string& path) const;
   std::string text() const { return m_document.text(); }
   bool isChanged() const { return m_changed || m_document.isChanged(); }
+  // What is doubtful in the file, each with its line: lines that nobody can read, and what was assumed about the
+  // times of events, told once for each zone.
+  std::vector<IcsProblem> doubts();
 
   // All events in file order, removed ones left out.
   std::vector<CalendarEvent> events();
@@ -145,6 +152,12 @@ class CalendarStore {
   std::vector<CalendarEvent> exceptionsOf(std::string_view uid);
   // Adds an appointment in UTC to the last VCALENDAR (an empty store gets one). It is the last of the events.
   CalendarEvent add(std::string_view uid, double startSeconds, double endSeconds, std::string_view summary);
+
+  // Makes the changes of one event, all or none. False when one of the texts has no bytes in the file's encoding;
+  // takeRefusal() tells which.
+  bool change(CalendarEvent event, const std::function<void(CalendarEvent& event)>& make);
+  // Why changes were refused since the last call, with the line of the file.
+  std::optional<IcsProblem> takeRefusal() { return std::exchange(m_refusal, std::nullopt); }
 
   IcsDocument& document() { return m_document; }
   const IcsDocument& document() const { return m_document; }
@@ -160,6 +173,7 @@ class CalendarStore {
   Options m_options;
   IcsDocument m_document;
   bool m_changed = false;
+  std::optional<IcsProblem> m_refusal;
   std::vector<std::size_t> m_eventComponents;
   // By UID, and below it by RECURRENCE-ID: a series may have thousands of exceptions, and each looks for its
   // master.

@@ -158,6 +158,8 @@ struct CalendarZones::Zone {
   }
 };
 
+bool CalendarZones::isKnown(const std::string& name) { return !databaseName(name).empty(); }
+
 CalendarZones::CalendarZones(const IcsDocument& document, std::size_t calendar, std::string floatingZone)
     : m_document(document), m_calendar(calendar), m_floatingZone(std::move(floatingZone)) {
   for (const std::size_t child : m_document.childrenOf(m_calendar)) {
@@ -236,6 +238,7 @@ std::optional<CalendarTime> CalendarZones::read(const IcsProperty& property) {
   result.seconds = static_cast<double>(wallSeconds(*time) - stated.offsetAtWallTime(*time));
   result.zone = stated.name;
   result.isAllDay = time->is_date;
+  result.isZoneKnown = stated.defined || stated.database;
   result.isFloating = !isUtc && property.parameter("TZID").empty();
   return result;
 }

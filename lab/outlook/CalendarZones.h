@@ -21,12 +21,17 @@ struct CalendarTime {
   std::string zone = "UTC";
   bool isAllDay = false;
   bool isFloating = false;
+  // False when nobody knows the zone, and the time was taken as UTC.
+  bool isZoneKnown = true;
 };
 
 // The time zones that one VCALENDAR speaks of: its own VTIMEZONE, else the one of the time zone database with that
 // name or with the name that another system has for it.
 class CalendarZones {
  public:
+  // Whether the time zone database has a zone of that name, or under the name of another system.
+  static bool isKnown(const std::string& name);
+
   // The document outlives this and the calendar is one of its components. Floating times are taken in the zone.
   CalendarZones(const IcsDocument& document, std::size_t calendar, std::string floatingZone);
   ~CalendarZones();

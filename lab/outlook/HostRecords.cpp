@@ -54,15 +54,18 @@ void HostWorld::defineRecords() {
     }
     CalendarEvent target = *record->stored();
     if (target.isRemoved()) return notStored;
-    if (changed.contains("summary")) target.setSummary(changed["summary"].text());
-    if (changed.contains("location")) target.setLocation(changed["location"].text());
-    storeChangedBody(target, *record, *this);
-    if (changed.contains("olmUCInband")) target.setOlmUCInband(changed["olmUCInband"].text());
-    if (changed.contains("olmUCCapabilities")) target.setOlmUCCapabilities(changed["olmUCCapabilities"].text());
-    if (changed.contains("startTime") || changed.contains("endTime")) {
-      target.setTimes(secondsOf(*this, eventItem(*record, "startTime")),
-                      secondsOf(*this, eventItem(*record, "endTime")));
-    }
+    const bool isStored = record->store->change(target, [&](CalendarEvent& event) {
+      if (changed.contains("summary")) event.setSummary(changed["summary"].text());
+      if (changed.contains("location")) event.setLocation(changed["location"].text());
+      storeChangedBody(event, *record, *this);
+      if (changed.contains("olmUCInband")) event.setOlmUCInband(changed["olmUCInband"].text());
+      if (changed.contains("olmUCCapabilities")) event.setOlmUCCapabilities(changed["olmUCCapabilities"].text());
+      if (changed.contains("startTime") || changed.contains("endTime")) {
+        event.setTimes(secondsOf(*this, eventItem(*record, "startTime")),
+                       secondsOf(*this, eventItem(*record, "endTime")));
+      }
+    });
+    if (!isStored) return notStored;
     ++storedCount;
     return stored;
   });

@@ -1,6 +1,11 @@
 #include "lab/outlook/IcsDocument.h"
 
+#include <unicode/unistr.h>
+
 #include <algorithm>
+#include <array>
+
+#include "util/Utf16.h"
 
 namespace vornlab {
 
@@ -64,6 +69,20 @@ std::string contentOf(const IcsProperty& property) {
   return result + ":" + property.value;
 }
 
+// Whether a text can be a property's name; some producers leave blanks around it.
+bool isName(std::string_view text) {
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c > ' ' && c < 0x7F; });
+}
+
+// What producers write without a calendar around it.
+bool mayStandAlone(std::string_view component) {
+  constexpr std::array<std::string_view, 5> names{"VEVENT", "VTODO", "VJOURNAL", "VFREEBUSY", "VTIMEZONE"};
+  return std::find(names.begin(), names.end(), component) != names.end();
+}
+
+constexpr const char* kUnreadable = "this line is no NAME:VALUE; it stays as it is, and means nothing";
+
 }  // namespace
 
 std::string IcsProperty::parameter(std::string_view parameterName) const {
@@ -81,16 +100,26 @@ std::string IcsProperty::parameter(std::string_view parameterName) const {
 struct IcsDocument::Reader {
   IcsDocument& document;
   IcsProblem& problem;
-  std::vector<std::size_t> open;
+  std::vector<std::size_t> open = {};
+  // The calendar of those that stand in none.
+  std::size_t unwritten = kNone;
+  bool hasSingleBytes = false;
+  bool hasWindows1252 = false;
+  bool hasUtf8 = false;
 
   bool read() {
     const std::string& text = document.m_text;
-    std::size_t at = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    if (const std::string_view wide = wideEncodingOf(text); !wide.empty()) {
+      return fail(1, "the file is in " + std::string(wide) + ", which no calendar is; save it as UTF-8");
+    }
+    hasUtf8 = text.starts_with(kByteOrderMark);
+    std::size_t at = hasUtf8 ? kByteOrderMark.size() : 0;
     std::size_t physicalLine = 1;
     bool anyCalendar = false;
     while (at < text.size()) {
       const std::size_t firstPhysicalLine = physicalLine;
-      const Line line = nextLine(at, physicalLine);
+      Line line = nextLine(at, physicalLine);
+      line.number = firstPhysicalLine;
       at = line.end;
       if (!take(line, firstPhysicalLine, anyCalendar)) return false;
     }
@@ -99,6 +128,10 @@ struct IcsDocument::Reader {
                   "expected END:" + document.m_components[open.back()].name + ", found the end of the file");
     }
     if (!anyCalendar) return fail(1, "expected BEGIN:VCALENDAR, found the end of the file");
+    if (unwritten != kNone) document.m_components[unwritten].endLine = document.m_lines.size();
+    if (hasSingleBytes && !hasUtf8) {
+      document.m_encoding = hasWindows1252 ? FileEncoding::windows1252 : FileEncoding::latin1;
+    }
     return true;
   }
 
@@ -109,7 +142,7 @@ struct IcsDocument::Reader {
     line.begin = begin;
     std::size_t at = begin;
     while (true) {
-      const std::size_t newline = text.find('\n', at);
+      const std::size_t newline = text.find(document.newline(), at);
       at = newline == std::string::npos ? text.size() : newline + 1;
       if (newline != std::string::npos) ++physicalLine;
       if (at >= text.size() || !isBlank(text[at])) break;
@@ -124,17 +157,22 @@ struct IcsDocument::Reader {
     // What continues an empty line belongs to nothing; some producers break a property's value there.
     const char first = document.m_text[line.begin];
     const bool isEmpty = first == '\n' || first == '\r' || std::all_of(content.begin(), content.end(), isBlank);
-    const std::size_t colon = colonIn(content);
-    if (!isEmpty && (colon == std::string::npos || colon == 0 || isBlank(content.front()))) {
-      if (open.empty() && !anyCalendar)
+    const std::size_t colon = std::min(colonIn(content), content.size());
+    const bool isReadable = colon < content.size() && !isBlank(content.front()) &&
+                            isName(std::string_view(content).substr(0, content.find_first_of(";:")));
+    if (!isEmpty && !isReadable) {
+      if (!anyCalendar) {
         return fail(physicalLine, "expected BEGIN:VCALENDAR, found \"" + excerpt(content) + "\"");
-      return fail(physicalLine, "expected NAME:VALUE, found \"" + excerpt(content) + "\"");
+      }
+      document.m_warnings.push_back({physicalLine, kUnreadable});
     }
+    noteEncoding(line, content);
     const std::size_t index = document.m_lines.size();
-    if (!isEmpty) line.name = upperCase(std::string_view(content).substr(0, content.find_first_of(";:")));
+    if (!isEmpty && isReadable)
+      line.name = upperCase(std::string_view(content).substr(0, content.find_first_of(";:")));
     const std::string name = line.name;
     document.m_lines.push_back(std::move(line));
-    if (isEmpty) return true;
+    if (isEmpty || !isReadable) return true;
     if (name == "BEGIN") return begin(index, componentNameIn(content, colon), physicalLine, anyCalendar);
     if (open.empty()) {
       return fail(physicalLine, "expected BEGIN:VCALENDAR, found \"" + excerpt(content) + "\"");
@@ -144,6 +182,15 @@ struct IcsDocument::Reader {
     return true;
   }
 
+  void noteEncoding(Line& line, std::string_view content) {
+    const bool isPlain = std::all_of(content.begin(), content.end(), [](char c) { return c >= 0; });
+    if (isPlain) return;
+    line.isOfSingleBytes = isOfSingleBytes(content);
+    hasSingleBytes = hasSingleBytes || line.isOfSingleBytes;
+    hasUtf8 = hasUtf8 || !line.isOfSingleBytes;
+    hasWindows1252 = hasWindows1252 || (line.isOfSingleBytes && needsWindows1252(content));
+  }
+
   static std::string componentNameIn(const std::string& content, std::size_t colon) {
     std::string name = upperCase(std::string_view(content).substr(colon + 1));
     while (!name.empty() && isBlank(name.back())) name.pop_back();
@@ -151,16 +198,21 @@ struct IcsDocument::Reader {
   }
 
   bool begin(std::size_t line, const std::string& name, std::size_t physicalLine, bool& anyCalendar) {
-    if (open.empty() && name != "VCALENDAR") {
+    const bool standsAlone = open.empty() && mayStandAlone(name);
+    if (open.empty() && name != "VCALENDAR" && !standsAlone) {
       return fail(physicalLine, "expected BEGIN:VCALENDAR, found \"BEGIN:" + excerpt(name) + "\"");
     }
     anyCalendar = true;
+    if (standsAlone && unwritten == kNone) {
+      unwritten = document.m_components.size();
+      document.m_components.emplace_back().name = "VCALENDAR";
+    }
     Component made;
     made.name = name;
-    made.parent = open.empty() ? kNone : open.back();
+    made.parent = standsAlone ? unwritten : open.empty() ? kNone : open.back();
     made.beginLine = line;
     const std::size_t index = document.m_components.size();
-    if (!open.empty()) document.m_components[open.back()].children.push_back(index);
+    if (made.parent != kNone) document.m_components[made.parent].children.push_back(index);
     document.m_components.push_back(std::move(made));
     open.push_back(index);
     return true;
@@ -186,10 +238,12 @@ std::optional<IcsDocument> IcsDocument::parse(std::string text, IcsProblem& prob
   IcsDocument document;
   document.m_text = std::move(text);
   const std::size_t newline = document.m_text.find('\n');
-  if (newline != std::string::npos && (newline == 0 || document.m_text[newline - 1] != '\r')) {
+  if (newline == std::string::npos && document.m_text.find('\r') != std::string::npos) {
+    document.m_lineEnding = "\r";
+  } else if (newline != std::string::npos && (newline == 0 || document.m_text[newline - 1] != '\r')) {
     document.m_lineEnding = "\n";
   }
-  Reader reader{document, problem, {}};
+  Reader reader{document, problem};
   if (!reader.read()) return {};
   return document;
 }
@@ -198,20 +252,46 @@ std::string IcsDocument::unfolded(const Line& line) const {
   std::string result;
   std::size_t at = line.begin;
   while (at < line.end) {
-    std::size_t newline = m_text.find('\n', at);
-    if (newline == std::string::npos || newline >= line.end) newline = line.end;
-    std::size_t stop = newline;
-    if (stop > at && m_text[stop - 1] == '\r') --stop;
+    std::size_t end = m_text.find(newline(), at);
+    if (end == std::string::npos || end >= line.end) end = line.end;
+    std::size_t stop = end;
+    if (newline() == '\n' && stop > at && m_text[stop - 1] == '\r') --stop;
     result.append(m_text, at, stop - at);
     // The blank that marks a continuation is none of the content.
-    at = newline + 2;
+    at = end + 2;
   }
   return result;
 }
 
+std::string IcsDocument::content(const Line& line) const {
+  return line.isOfSingleBytes ? fromSingleBytes(unfolded(line)) : unfolded(line);
+}
+
+std::size_t IcsDocument::physicalLineOf(std::size_t component, std::string_view name) const {
+  const std::size_t line = findLine(component, name, nullptr);
+  return m_lines[line == kNone ? m_components[component].beginLine : line].number;
+}
+
+bool IcsDocument::fits(const std::string& content, std::size_t line) {
+  if (encoded(content, m_encoding)) return true;
+  if (!m_misfit) {
+    const std::string name = content.substr(0, content.find_first_of(";:"));
+    m_misfit = {m_lines[line].number, "the file is in " + std::string(nameOf(m_encoding)) + ", which has no \"" +
+                                          std::string(firstMisfit(content, m_encoding)) + "\" for the new " +
+                                          name + "; save the file as UTF-8"};
+  }
+  return false;
+}
+
+std::string IcsDocument::written(const std::string& content) const {
+  return foldedLine(encoded(content, m_encoding).value_or(content), m_lineEnding);
+}
+
+std::optional<IcsProblem> IcsDocument::takeMisfit() { return std::exchange(m_misfit, std::nullopt); }
+
 IcsProperty IcsDocument::propertyAt(std::size_t line) const {
   const auto changed = m_replaced.find(line);
-  return parsedProperty(changed == m_replaced.end() ? unfolded(m_lines[line]) : *changed->second);
+  return parsedProperty(changed == m_replaced.end() ? content(m_lines[line]) : *changed->second);
 }
 
 std::vector<IcsProperty> IcsDocument::properties(std::size_t component, std::string_view name) const {
@@ -262,9 +342,11 @@ void IcsDocument::setProperty(std::size_t component, const IcsProperty& property
   std::string content = contentOf(property);
   const std::size_t line = findLine(component, property.name, choice);
   if (line != kNone) {
-    if (contentOf(propertyAt(line)) != content) m_replaced[line] = std::move(content);
+    if (contentOf(propertyAt(line)) == content || !fits(content, line)) return;
+    m_replaced[line] = std::move(content);
     return;
   }
+  if (!fits(content, m_components[component].beginLine)) return;
   std::vector<std::string>& added = m_added[lineForAdded(component)];
   for (std::string& present : added) {
     const IcsProperty old = parsedProperty(present);
@@ -297,17 +379,38 @@ void IcsDocument::removeComponent(std::size_t component) {
 void IcsDocument::addComponent(std::size_t parent, const std::vector<std::string>& lines) {
   const std::size_t endLine = m_components[parent].endLine;
   std::string whole = m_text.substr(0, m_lines.empty() ? 0 : m_lines.front().begin);
-  if (endLine > 0) write(0, endLine - 1, whole);
-  for (const std::string& line : lines) whole += foldedLine(line, m_lineEnding);
-  write(endLine, m_lines.size() - 1, whole);
+  write(0, endLine, whole);
+  if (!whole.empty() && whole.back() != newline()) whole += m_lineEnding;
+  for (const std::string& line : lines) {
+    if (fits(line, std::min(endLine, m_lines.size() - 1))) whole += written(line);
+  }
+  write(endLine, m_lines.size(), whole);
   IcsProblem problem;
-  if (std::optional<IcsDocument> grown = parse(std::move(whole), problem)) *this = std::move(*grown);
+  std::optional<IcsDocument> grown = parse(std::move(whole), problem);
+  if (!grown) return;
+  grown->m_misfit = std::move(m_misfit);
+  *this = std::move(*grown);
 }
 
-void IcsDocument::write(std::size_t firstLine, std::size_t lastLine, std::string& out) const {
-  for (std::size_t line = firstLine; line <= lastLine; ++line) {
+IcsDocument::Changes IcsDocument::changesOf(std::size_t component) const {
+  const auto [beginLine, endLine] = std::pair(m_components[component].beginLine, m_components[component].endLine);
+  return {{m_replaced.lower_bound(beginLine), m_replaced.upper_bound(endLine)},
+          {m_added.lower_bound(beginLine), m_added.upper_bound(endLine)}};
+}
+
+void IcsDocument::restore(std::size_t component, Changes changes) {
+  const auto [beginLine, endLine] = std::pair(m_components[component].beginLine, m_components[component].endLine);
+  m_replaced.erase(m_replaced.lower_bound(beginLine), m_replaced.upper_bound(endLine));
+  m_added.erase(m_added.lower_bound(beginLine), m_added.upper_bound(endLine));
+  m_replaced.merge(changes.replaced);
+  m_added.merge(changes.added);
+}
+
+template <typename Take>
+void IcsDocument::forEachLine(std::size_t firstLine, std::size_t endLine, const Take& take) const {
+  for (std::size_t line = firstLine; line < endLine; ++line) {
     if (const auto insertion = m_added.find(line); insertion != m_added.end()) {
-      for (const std::string& content : insertion->second) out += foldedLine(content, m_lineEnding);
+      for (const std::string& content : insertion->second) take(nullptr, &content);
     }
     if (const auto skip = m_removed.find(line); skip != m_removed.end()) {
       line = skip->second;
@@ -315,24 +418,43 @@ void IcsDocument::write(std::size_t firstLine, std::size_t lastLine, std::string
     }
     const auto changed = m_replaced.find(line);
     if (changed == m_replaced.end()) {
-      out.append(m_text, m_lines[line].begin, m_lines[line].end - m_lines[line].begin);
+      take(&m_lines[line], nullptr);
     } else if (changed->second) {
-      out += foldedLine(*changed->second, m_lineEnding);
+      take(nullptr, &*changed->second);
     }
   }
+}
+
+void IcsDocument::write(std::size_t firstLine, std::size_t endLine, std::string& out) const {
+  forEachLine(firstLine, endLine, [&](const Line* line, const std::string* changed) {
+    out += changed ? written(*changed) : std::string(bytesOf(*line));
+  });
 }
 
 std::string IcsDocument::text() const {
   if (!isChanged() || m_lines.empty()) return m_text;
   std::string result = m_text.substr(0, m_lines.front().begin);
-  write(0, m_lines.size() - 1, result);
+  write(0, m_lines.size(), result);
   return result;
 }
 
 std::string IcsDocument::componentText(std::size_t component) const {
+  const std::string ending = newline() == '\r' ? "\r\n" : m_lineEnding;
   std::string result;
-  write(m_components[component].beginLine, m_components[component].endLine, result);
-  if (!result.empty() && result.back() != '\n') result += m_lineEnding;
+  forEachLine(m_components[component].beginLine, m_components[component].endLine + 1,
+              [&](const Line* line, const std::string* changed) {
+                const bool isAsRead = line && newline() == '\n' && vorn::isValidUtf8(bytesOf(*line));
+                result += isAsRead ? std::string(bytesOf(*line))
+                                   : foldedLine(changed ? *changed : wellFormed(content(*line)), ending);
+              });
+  if (!result.empty() && result.back() != '\n') result += ending;
+  return result;
+}
+
+std::string wellFormed(const std::string& text) {
+  if (vorn::isValidUtf8(text)) return text;
+  std::string result;
+  icu::UnicodeString::fromUTF8(text).toUTF8String(result);
   return result;
 }
 

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/CalendarInput.h"
 #include "lab/shell/CalendarOutput.h"
 #include "lab/shell/Masking.h"
 #include "lab/shell/MeetingRoad.h"

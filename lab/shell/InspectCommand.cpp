@@ -37,7 +37,7 @@ ExitCode inspect(const InspectOptions& options) {
 }
 
 ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
-  CalendarStore calendar;
+  CalendarStore calendar(options.input.storeOptions());
   loadCalendar(calendar, options.input);
   const Inspector inspector = start(calendar);
 
@@ -63,7 +63,7 @@ ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
 CLI::App* addInspectWords(CLI::App& program, InspectOptions& options) {
   CLI::App* command =
       program.add_subcommand("inspect", "tell what the plug-in sees in each appointment of a file");
-  command->add_option("IN", options.input, "the calendar file")->required();
+  addCalendarInput(*command, options.input)->required();
   command->add_option("--uid", options.uids, "one appointment; may be repeated");
   command->add_option("--me", options.me, "the address of the calendar's owner");
   askWithoutClient(*command, options.lab, options.form);

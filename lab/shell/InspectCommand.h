@@ -1,18 +1,18 @@
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
 #include "util/Value.h"
 
 namespace vornlab {
 
 struct InspectOptions {
-  std::filesystem::path input;
+  CalendarInput input;
   // Empty for every appointment.
   std::vector<std::string> uids;
   // The address of the calendar's owner; "" when every appointment is one's own.

@@ -55,7 +55,8 @@ class MeetRun {
       : m_options(options),
         m_start(start),
         m_output(options.output, {options.lab.account, options.lab.clientDatabase}),
-        m_report(options.form) {}
+        m_report(options.form),
+        m_calendar(options.input.storeOptions()) {}
 
   ExitCode run() {
     if (m_options.lab.clientDatabase.empty()) {
@@ -73,7 +74,7 @@ class MeetRun {
       sent = lab->requests();
       received = lab->replies();
     }
-    m_output.write(m_calendar.text(), m_options.input);
+    m_output.write(m_calendar.text(), m_options.input.file);
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
     m_report.tellSummary(sent, received, took.count());
     return m_report.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
@@ -109,7 +110,7 @@ class MeetRun {
 
   std::string keepWhatIsDone() {
     if (!m_calendar.isChanged()) return "; nothing was written";
-    m_output.write(m_calendar.text(), m_options.input);
+    m_output.write(m_calendar.text(), m_options.input.file);
     return "; " + m_output.path().string() + " has the meetings made so far, and the rest as it was";
   }
 
@@ -120,6 +121,7 @@ class MeetRun {
       MeetResult result;
       if (const std::string reason = reasonToSkip(events[i], m_options.me); reason.empty()) {
         result = lab.take(events[i]);
+        tellDoubts(events[i], result);
       } else {
         result = describe(events[i]);
         result.outcome = Outcome::skipped;
@@ -127,6 +129,15 @@ class MeetRun {
       }
       progress.hide();
       m_report.tell(result);
+    }
+  }
+
+  void tellDoubts(const CalendarEvent& event, MeetResult& result) {
+    if (const auto refusal = m_calendar.takeRefusal()) {
+      result.outcome = Outcome::failed;
+      result.reason = faultInWords(m_options.input.file, *refusal);
+    } else if (result.reason.empty()) {
+      result.reason = event.doubtOfTimes();
     }
   }
 
@@ -158,7 +169,7 @@ std::string defaultDatabase() {
 
 CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
   CLI::App* command = program.add_subcommand("meet", "give the appointments of a calendar file their meetings");
-  command->add_option("IN", options.input, "the calendar file")->required();
+  addCalendarInput(*command, options.input)->required();
   command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself")->required();
   auto* which = command->add_option_group("which appointments");
   which->add_option("--uid", options.uids, "one appointment; may be repeated");

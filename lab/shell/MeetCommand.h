@@ -7,13 +7,14 @@
 #include <vector>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
 #include "lab/shell/MeetReport.h"
 
 namespace vornlab {
 
 struct MeetOptions {
-  std::filesystem::path input;
+  CalendarInput input;
   std::filesystem::path output;
   // The appointments to take, or all.
   std::vector<std::string> uids;

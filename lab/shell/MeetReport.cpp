@@ -42,7 +42,9 @@ void MeetReport::tell(const MeetResult& result) {
                        {"location", result.location}});
     return;
   }
-  const std::string& told = result.reason.empty() ? result.location : result.reason;
+  const bool hasMeeting = result.outcome != Outcome::failed && result.outcome != Outcome::skipped;
+  std::string told = hasMeeting ? result.location : result.reason;
+  if (hasMeeting && !result.reason.empty()) told += " (" + result.reason + ")";
   const std::string subject = result.subject.empty() ? "(no subject)" : result.subject;
   std::printf("%-10s %s %s\n", std::string(nameOf(result.outcome)).c_str(), cut(subject, 32).c_str(),
               told.c_str());

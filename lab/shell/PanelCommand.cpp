@@ -106,9 +106,9 @@ class PanelRun {
   ExitCode run() {
     std::vector<std::vector<PanelAct>> tries;
     for (const std::string& text : m_options.tries) tries.push_back(readTry(text));
-    CalendarStore calendar;
+    CalendarStore calendar(m_options.input.storeOptions());
     std::optional<CalendarEvent> event;
-    if (!m_options.input.empty()) {
+    if (!m_options.input.file.empty()) {
       loadCalendar(calendar, m_options.input);
       event = chosenEvent(calendar, m_options);
     } else if (!m_options.uid.empty()) {
@@ -183,7 +183,7 @@ Command addPanel(CLI::App& program, const LabOptions& lab) {
   options->lab.clientDatabase.clear();
   CLI::App* command =
       program.add_subcommand("panel", "print the settings panel of an appointment, or try something in it");
-  command->add_option("IN", options->input, "the appointment's calendar file; without it a new appointment");
+  addCalendarInput(*command, options->input, "the appointment's calendar file; without it a new appointment");
   command->add_option("--uid", options->uid, "which appointment of the file");
   command
       ->add_option("--try", options->tries,

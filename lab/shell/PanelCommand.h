@@ -1,16 +1,16 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
 
 namespace vornlab {
 
 struct PanelOptions {
   // "" for the panel of a new appointment.
-  std::filesystem::path input;
+  CalendarInput input;
   // May be left out for a file with one appointment.
   std::string uid;
   // What is hidden is told, too.

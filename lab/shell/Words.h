@@ -1,11 +1,8 @@
 #pragma once
 
 #include <cstddef>
-#include <filesystem>
 #include <string>
 #include <string_view>
-
-#include "lab/outlook/CalendarStore.h"
 
 namespace vornlab {
 
@@ -25,11 +22,5 @@ std::string timeInWords(double seconds, const char* form);
 
 // A number of seconds, such as "1 second" or "0.5 seconds".
 std::string secondsInWords(double seconds);
-
-// What is wrong with a calendar's file, and where.
-std::string faultInWords(const std::filesystem::path& file, const IcsProblem& problem);
-
-// Reads a calendar's file that a person has named. Throws UsageError with the fault in words.
-void loadCalendar(CalendarStore& calendar, const std::filesystem::path& file);
 
 }  // namespace vornlab

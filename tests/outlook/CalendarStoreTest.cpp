@@ -72,6 +72,44 @@ TEST(CalendarEvent, ReadsEachKindOfTime) {
   }
 }
 
+TEST(CalendarStore, TellsWhatIsDoubtfulInAFileWithItsLine) {
+  const std::string text = calendar(
+      "junk\r\nBEGIN:VEVENT\r\nDTSTART;TZID=Nowhere:20300513T120000\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nDTSTART;TZID=Nowhere:20300514T120000\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:1\r\nDTSTART:20300513T080000\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nDTSTART;VALUE=DATE:20300513\r\nEND:VEVENT\r\n");
+  const std::pair<const char*, std::vector<std::size_t>> rows[] = {{"", {3, 5, 12}}, {"Europe/Berlin", {3, 5}}};
+  for (const auto& [zone, lines] : rows) {
+    CalendarStore::Options options;
+    options.zone = zone;
+    Loaded store(text, options);
+    std::vector<std::size_t> told;
+    for (const IcsProblem& doubt : store.doubts()) told.push_back(doubt.line);
+    EXPECT_EQ(told, lines) << zone;
+    EXPECT_NE(store.eventAt(1).doubtOfTimes().find("\"Nowhere\""), std::string::npos);
+    EXPECT_EQ(store.eventAt(3).doubtOfTimes(), "") << "a whole day is one everywhere";
+  }
+}
+
+TEST(CalendarStore, ChangesAnEventWhollyOrNotAtAll) {
+  Loaded store(event("SUMMARY:caf\xE9\r\nLOCATION:Bar\r\n"));
+  const auto rename = [&](const char* location, const char* description) {
+    return store.change(store.eventAt(0), [&](CalendarEvent& changed) {
+      changed.setLocation(location);
+      changed.setDescription(description, {});
+    });
+  };
+  EXPECT_TRUE(rename("Café", "b"));
+  const std::string before = store.text();
+  EXPECT_FALSE(rename("Room", "会議"));
+  EXPECT_EQ(store.text(), before);
+  const auto refusal = store.takeRefusal();
+  ASSERT_TRUE(refusal);
+  EXPECT_NE(refusal->message.find("Latin-1, which has no \"会\" for the new DESCRIPTION"), std::string::npos);
+  EXPECT_TRUE(rename("Caf\u00E8", "c"));
+  EXPECT_FALSE(store.takeRefusal());
+}
+
 TEST(CalendarEvent, ATimeThatIsNoneIsAbsent) {
   for (const char* value : {"", "tomorrow", "2030", "20301313T100000", "20300532", "20300513X100000", "20300513T9",
                             "20300513T250000Z", "-0300513T100000", "99999999999999"}) {
@@ -207,7 +245,7 @@ TEST(CalendarEvent, ReadsTheTextsThatPeopleHave) {
   EXPECT_TRUE(unknown.eventAt(1).isCancelled());
 
   Loaded latin(event("SUMMARY:caf\xE9\r\n"));
-  EXPECT_EQ(latin.eventAt(0).summary(), "caf\uFFFD");
+  EXPECT_EQ(latin.eventAt(0).summary(), "café");
 }
 
 TEST(CalendarEvent, TellsPeopleFromRooms) {

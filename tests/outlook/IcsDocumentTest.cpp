@@ -95,15 +95,21 @@ TEST(IcsDocument, SettingTheSameContentLeavesItsOddFoldingAlone) {
 }
 
 TEST(IcsDocument, TextThatIsNoCalendarTellsItsLineAndWhatWasExpected) {
-  const std::tuple<const char*, std::size_t, const char*> cases[] = {
+  const std::tuple<std::string, std::size_t, const char*> cases[] = {
       {"", 1, "BEGIN:VCALENDAR"},
       {"hello\n", 1, "BEGIN:VCALENDAR"},
-      {"\n\nBEGIN:VEVENT\nEND:VEVENT\n", 3, "BEGIN:VCALENDAR"},
+      {"\n\nBEGIN:VCARD\nEND:VCARD\n", 3, "BEGIN:VCALENDAR"},
+      {"BEGIN:VEVENT\nUID:1\n", 3, "END:VEVENT"},
+      {{"\xFF\xFE"
+        "B\0E\0",
+        6},
+       1,
+       "UTF-16"},
+      {{"\0B\0E\0G", 6}, 1, "UTF-16"},
       {" BEGIN:VCALENDAR\nEND:VCALENDAR\n", 1, "BEGIN:VCALENDAR"},
       {"BEGIN:VCALENDAR\nBEGIN:VEVENT\nEND:VCALENDAR\n", 3, "END:VEVENT"},
       {"BEGIN:VCALENDAR\nBEGIN:VEVENT\nSUMMARY:a\n", 4, "END:VEVENT"},
-      {"BEGIN:VCALENDAR\r\nSUMMARY:a\r\n b\r\nno colon here\r\nEND:VCALENDAR\r\n", 4, "NAME:VALUE"},
-      {"BEGIN:VCALENDAR\n:value\nEND:VCALENDAR\n", 2, "NAME:VALUE"},
+      {"BEGIN:VCALENDAR\r\nSUMMARY:a\r\n b\r\nno colon here\r\n", 5, "END:VCALENDAR"},
       {"BEGIN:VCALENDAR\nEND:VCALENDAR\nX:trailing\n", 3, "BEGIN:VCALENDAR"},
       {"BEGIN:VCALENDAR\nEND:VCALENDAR\nEND:VCALENDAR\n", 3, "BEGIN:VCALENDAR"},
   };
@@ -127,6 +133,57 @@ TEST(IcsDocument, ForgivesWhatProducersDo) {
   }
   EXPECT_EQ(parsed(std::string("BEGIN:VCALENDAR\nX:a\0b\nEND:VCALENDAR\n", 36)).property(0, "X")->value.size(),
             3U);
+}
+
+TEST(IcsDocument, ReadsAndWritesEachFileInItsOwnForm) {
+  const std::string event = "BEGIN:VEVENT\nUID:1\nEND:VEVENT\n";
+  const struct {
+    std::string text;
+    const char *value, *given;
+    // "" for a content that the encoding has no bytes for.
+    std::string written;
+  } cases[] = {{"BEGIN:VCALENDAR\nX:caf\xE9\nY:\xFC\nEND:VCALENDAR\n", "café", "Größe",
+                "X:Gr\xF6\xDF"
+                "e\nY:\xFC\n"},
+               {"BEGIN:VCALENDAR\nX:caf\xE9\nEND:VCALENDAR\n", "café", "5 €", ""},
+               {"BEGIN:VCALENDAR\nX:caf\xE9\nEND:VCALENDAR\n", "café", "会議", ""},
+               {"BEGIN:VCALENDAR\nX:\x84"
+                "caf\xE9\x93\nEND:VCALENDAR\n",
+                "„café“", "5 €", "X:5 \x80\n"},
+               {"BEGIN:VCALENDAR\nX:caf\xE9\nY:\xC3\xA4\nEND:VCALENDAR\n", "café", "会議", "X:会議\nY:ä"},
+               {"BEGIN:VCALENDAR\nX:\xC3\xA4\xE9\nEND:VCALENDAR\n", "ä\xE9", "会議", "X:会議\n"},
+               {"BEGIN:VCALENDAR\rX:a\r b\rY:2\rEND:VCALENDAR\r", "ab", "c", "BEGIN:VCALENDAR\rX:c\rY:2\r"},
+               {event + "BEGIN:VTIMEZONE\nX:a\nEND:VTIMEZONE", "a", "b", event + "BEGIN:VTIMEZONE\nX:b\nEND"}};
+  for (const auto& each : cases) {
+    IcsDocument document = parsed(each.text);
+    EXPECT_EQ(document.componentName(0), "VCALENDAR");
+    const std::size_t last = document.componentCount() - 1;
+    EXPECT_EQ(document.property(last, "X")->value, each.value);
+    document.setProperty(last, {"X", {}, each.value});
+    EXPECT_EQ(document.text(), each.text);
+    document.setProperty(last, {"X", {}, each.given});
+    const auto misfit = document.takeMisfit();
+    EXPECT_EQ(misfit.has_value(), each.written.empty()) << each.given;
+    EXPECT_EQ(misfit ? misfit->line : 2, 2U);
+    EXPECT_NE((misfit ? each.text : document.text()).find(each.written), std::string::npos) << document.text();
+    EXPECT_EQ(document.componentText(last).find("\r "), std::string::npos);
+    EXPECT_EQ(document.componentText(last), wellFormed(document.componentText(last)));
+  }
+}
+
+TEST(IcsDocument, KeepsALineThatNobodyCanReadAndTellsIt) {
+  const std::string text =
+      "BEGIN:VCALENDAR\nBEGIN:VEVENT\nORGANIZER;CN=A\nDESCRIPTION:Dear all\nplease come at 5\n"
+      "come here: now\n:value\nEND:VEVENT\nEND:VCALENDAR\n-- \n";
+  IcsDocument document = parsed(text);
+  std::vector<std::size_t> lines;
+  for (const IcsProblem& warning : document.warnings()) lines.push_back(warning.line);
+  EXPECT_EQ(lines, (std::vector<std::size_t>{3, 5, 6, 7, 10}));
+  EXPECT_FALSE(document.property(1, "ORGANIZER"));
+  document.setProperty(1, {"DESCRIPTION", {}, "Dear you"});
+  std::string expected = text;
+  expected.replace(expected.find("all"), 3, "you");
+  EXPECT_EQ(document.text(), expected);
 }
 
 TEST(IcsDocument, ReadsACharacterThatAFoldCutsInTwo) {

@@ -131,7 +131,7 @@ TEST_F(Meet, TakesOnlyTheChosenAppointmentsAndFailsForAnUnknownUid) {
 TEST_F(Meet, RefusesWhatIsNoCalendarWithItsLineAndWritesNothing) {
   const std::pair<const char*, const char*> cases[] = {
       {"Dear all,\nplease come.\n", "in.ics:1:"},
-      {"BEGIN:VCALENDAR\r\nVERSION:2.0\r\nno colon here\r\nEND:VCALENDAR\r\n", "in.ics:3:"},
+      {"BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nSUMM", "in.ics:4:"},
       {"", "in.ics"},
   };
   for (const auto& [content, complaint] : cases) {
@@ -143,6 +143,46 @@ TEST_F(Meet, RefusesWhatIsNoCalendarWithItsLineAndWritesNothing) {
     EXPECT_FALSE(std::filesystem::exists(m_folder / "out.ics"));
   }
   EXPECT_EQ(meet(m_folder / "missing.ics", m_folder / "out.ics").program.exitCode, 2);
+}
+
+TEST_F(Meet, WarnsOfWhatIsDoubtfulAndRefusesItWhereThatIsWanted) {
+  const std::vector<std::string> zoned{"RRULE:FREQ=DAILY", "ORGANIZER;CN=A"};
+  std::string text = calendar({appointment("a", "Lost", zoned), appointment("b", "Floating")});
+  for (const auto& [from, to] : {std::pair{"DTSTART:20300514T120000Z", "DTSTART;TZID=Nowhere:20300514T120000"},
+                                 {"DTSTART:20300514T120000Z", "DTSTART:20300514T120000"},
+                                 {"DTEND:20300514T130000Z\r\nEND", "DURATION:PT1H\r\nEND"}}) {
+    text.replace(text.find(from), std::string_view(from).size(), to);
+  }
+  const auto input = m_folder.write("in.ics", text);
+  const MeetRun run = meet(input, m_folder / "out.ics");
+  EXPECT_EQ(run.program.exitCode, 0) << run.program.errors;
+  EXPECT_THAT(run.program.errors, HasSubstr("in.ics:8: nobody knows the zone \"Nowhere\""));
+  EXPECT_THAT(run.program.errors, HasSubstr("in.ics:11: "));
+  EXPECT_EQ(run.resultOf("a"), "added");
+  EXPECT_THAT(run.reasonOf("a"), HasSubstr("\"Nowhere\""));
+  EXPECT_THAT(run.reasonOf("b"), HasSubstr("--zone"));
+  EXPECT_THAT(contentOf(m_folder / "out.ics"), HasSubstr("\r\nORGANIZER;CN=A\r\n"));
+
+  const MeetRun zone = meet(input, m_folder / "out.ics", {"--uid", "b", "--zone", "Asia/Tokyo"});
+  EXPECT_EQ(zone.reasonOf("b"), "");
+  const ProgramRun seen = runProgram(VORNLAB_PROGRAM, {"inspect", input, "--uid", "b", "--zone", "Asia/Tokyo"});
+  EXPECT_THAT(seen.output, HasSubstr("2030-05-14 03:00:00"));
+  EXPECT_EQ(meet(input, m_folder / "out.ics", {"--all", "--zone", "Nowhere"}).program.exitCode, 2);
+  std::filesystem::remove(m_folder / "out.ics");
+  const MeetRun strict = meet(input, m_folder / "out.ics", {"--all", "--strict"});
+  EXPECT_EQ(strict.program.exitCode, 2);
+  EXPECT_THAT(strict.program.errors, HasSubstr("in.ics:8:"));
+  EXPECT_FALSE(std::filesystem::exists(m_folder / "out.ics"));
+}
+
+TEST_F(Meet, FailsWhereAnInvitationDoesNotFitIntoTheFile) {
+  std::string latin = calendar({appointment("a", "Caf\xE9"), appointment("off", "Off", {"STATUS:CANCELLED"})});
+  const auto input = m_folder.write("in.ics", latin);
+  const auto account = m_folder.write("account.json", R"({"user": {"name": "山田"}})");
+  const MeetRun run = meet(input, m_folder / "out.ics", {"--all", "--account", account});
+  EXPECT_EQ(run.resultOf("a"), "failed") << run.program.errors;
+  EXPECT_THAT(run.reasonOf("a"), HasSubstr("in.ics:4: the file is in Latin-1, which has no \"山\""));
+  EXPECT_EQ(contentOf(m_folder / "out.ics"), latin);
 }
 
 TEST_F(Meet, LosesNothingInTroubleAndTellsTheReason) {

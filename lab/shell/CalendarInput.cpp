@@ -1,0 +1,75 @@
+#include "lab/shell/CalendarInput.h"
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include "lab/shell/LabError.h"
+
+namespace vornlab {
+namespace {
+
+// Who has more of them in one file does not read them all.
+constexpr std::size_t kMostWarnings = 10;
+
+bool isStream(const std::filesystem::path& file) {
+  std::error_code unknown;
+  const std::filesystem::file_status status = std::filesystem::status(file, unknown);
+  return file == "-" || std::filesystem::is_fifo(status) || std::filesystem::is_character_file(status) ||
+         std::filesystem::is_socket(status);
+}
+
+std::string contentOfStream(const std::filesystem::path& file) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(
+      file == "-" ? ::fdopen(::dup(STDIN_FILENO), "r") : std::fopen(file.c_str(), "r"), &std::fclose);
+  if (!stream) throw UsageError("cannot read " + file.string() + ": " + std::strerror(errno));
+  std::string content;
+  std::array<char, 65536> piece{};
+  while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), stream.get())) {
+    content.append(piece.data(), count);
+  }
+  if (std::ferror(stream.get()) != 0)
+    throw UsageError("cannot read " + file.string() + ": " + std::strerror(errno));
+  return content;
+}
+
+std::string complaintOfZone(const std::string& zone) {
+  return CalendarZones::isKnown(zone) ? "" : "\"" + zone + "\" is no zone such as Europe/Berlin";
+}
+
+}  // namespace
+
+CLI::Option* addCalendarInput(CLI::App& command, CalendarInput& input, const char* what) {
+  command.add_option("--zone", input.zone, "the zone of the calendar's owner, for times that have none")
+      ->check(complaintOfZone, "ZONE");
+  command.add_flag("--strict", input.isStrict, "refuse a file in which something is doubtful");
+  return command.add_option("IN", input.file, what);
+}
+
+std::string faultInWords(const std::filesystem::path& file, const IcsProblem& problem) {
+  const std::string line = problem.line == 0 ? "" : ":" + std::to_string(problem.line);
+  return file.string() + line + ": " + problem.message;
+}
+
+void loadCalendar(CalendarStore& calendar, const CalendarInput& input) {
+  IcsProblem problem;
+  const bool isRead = isStream(input.file) ? calendar.loadText(contentOfStream(input.file), problem)
+                                           : calendar.load(input.file.string(), problem);
+  if (!isRead) throw UsageError(faultInWords(input.file, problem));
+  const std::vector<IcsProblem> doubts = calendar.doubts();
+  if (input.isStrict && !doubts.empty()) throw UsageError(faultInWords(input.file, doubts.front()));
+  for (std::size_t i = 0; i < std::min(doubts.size(), kMostWarnings); ++i) {
+    std::fprintf(stderr, "vornlab: %s\n", faultInWords(input.file, doubts[i]).c_str());
+  }
+  if (doubts.size() > kMostWarnings) {
+    std::fprintf(stderr, "vornlab: %s: and %zu more\n", input.file.c_str(), doubts.size() - kMostWarnings);
+  }
+}
+
+}  // namespace vornlab

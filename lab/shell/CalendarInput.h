@@ -1,0 +1,37 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "lab/outlook/CalendarStore.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace vornlab {
+
+// The calendar file of a command, and how it is to be read.
+struct CalendarInput {
+  // A plain file, a pipe or a device; "-" is standard input.
+  std::filesystem::path file;
+  // What times without a zone are in; "" takes them as UTC, which is told.
+  std::string zone;
+  // Whether a file is refused for what would only be warned of.
+  bool isStrict = false;
+
+  CalendarStore::Options storeOptions() const { return {zone}; }
+};
+
+// The file IN and the options that belong to it. Answers what IN became.
+CLI::Option* addCalendarInput(CLI::App& command, CalendarInput& input, const char* what = "the calendar file");
+
+// What is wrong with a calendar's file, and where.
+std::string faultInWords(const std::filesystem::path& file, const IcsProblem& problem);
+
+// Reads the file into the calendar, which was made with the input's options, and warns on standard error of what
+// is doubtful in it. Throws UsageError with the fault in words.
+void loadCalendar(CalendarStore& calendar, const CalendarInput& input);
+
+}  // namespace vornlab
