@@ -43,12 +43,13 @@ class Reset {
 void MeetingStore::CloseDatabase::operator()(sqlite3* database) const { sqlite3_close(database); }
 void MeetingStore::FinalizeStatement::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
-MeetingStore::MeetingStore(const std::string& path) {
+MeetingStore::MeetingStore(const std::string& path, int patienceMilliseconds)
+    : m_patienceMilliseconds(patienceMilliseconds) {
   sqlite3* database = nullptr;
   const int opened = sqlite3_open(path.c_str(), &database);
   m_database.reset(database);
   if (opened != SQLITE_OK) fail();
-  sqlite3_busy_timeout(database, 2000);
+  sqlite3_busy_timeout(database, m_patienceMilliseconds);
   prepareSchema();
 
   const std::string all(kColumns);
@@ -202,6 +203,10 @@ std::optional<Meeting> MeetingStore::readOne(sqlite3_stmt* statement) {
   return meeting;
 }
 
-void MeetingStore::fail() const { throw StoreError(sqlite3_errmsg(m_database.get())); }
+void MeetingStore::fail() const {
+  if (sqlite3_errcode(m_database.get()) != SQLITE_BUSY) throw StoreError(sqlite3_errmsg(m_database.get()));
+  throw StoreError("another program has kept the database busy for " +
+                   std::to_string(m_patienceMilliseconds / 1000) + " seconds");
+}
 
 }  // namespace vornlab

@@ -17,12 +17,16 @@ class StoreError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// The meetings, in one SQLite file. Every operation throws StoreError when the database fails.
+// The meetings, in one SQLite file. Several clients may use one file: each waits for the others' transactions.
+// Every operation throws StoreError when the database fails, or stays busy for longer than that.
 class MeetingStore {
  public:
+  // Less than a laboratory gives its client to start, and much less than a request may take.
+  static constexpr int kPatienceMilliseconds = 15'000;
+
   // Opens or makes the file; ":memory:" keeps everything in memory. Throws StoreError also for a file that is no
   // database of ours or was written by a newer version.
-  explicit MeetingStore(const std::string& path);
+  explicit MeetingStore(const std::string& path, int patienceMilliseconds = kPatienceMilliseconds);
   ~MeetingStore();
   MeetingStore(const MeetingStore&) = delete;
   MeetingStore& operator=(const MeetingStore&) = delete;
@@ -73,6 +77,7 @@ class MeetingStore {
   std::optional<Meeting> readOne(sqlite3_stmt* statement);
   [[noreturn]] void fail() const;
 
+  int m_patienceMilliseconds;
   std::unique_ptr<sqlite3, CloseDatabase> m_database;
   Statement m_find;
   Statement m_findByAppointment;
