@@ -154,6 +154,12 @@ std::int64_t MeetingStore::count() {
   return sqlite3_column_int64(m_count.get(), 0);
 }
 
+void MeetingStore::copyTo(const std::string& path) {
+  const Statement copy = prepare("VACUUM INTO ?1");
+  bind(copy.get(), 1, path);
+  step(copy.get());
+}
+
 MeetingStore::Transaction::Transaction(MeetingStore& store) : m_store(store) {
   m_store.execute("BEGIN IMMEDIATE");
 }

@@ -47,6 +47,9 @@ class MeetingStore {
 
   std::int64_t count();
 
+  // Writes all meetings, as they are at one moment, into a new file.
+  void copyTo(const std::string& path);
+
   // What happens in its life is stored together at commit(), or not at all.
   class Transaction {
    public:

@@ -36,7 +36,7 @@ class ObjcLab final : public MeetingLab {
   ObjcLab& operator=(const ObjcLab&) = delete;
 
   // The editor opens, a person clicks Add when the bar offers it, and saves or sends.
-  MeetResult take(const CalendarEvent& event) override;
+  MeetResult take(const CalendarEvent& event, MeetingRoad::Aim aim = MeetingRoad::Aim::add) override;
   std::size_t requests() override { return journalled({kRequest}); }
   std::size_t replies() override { return journalled({"\"event\":\"reply\""}); }
 
@@ -91,7 +91,7 @@ class ObjcLab final : public MeetingLab {
 
   void loadBundle(const std::filesystem::path& bundle);
   // Answers why the road ended, or "".
-  std::string walk(const CalendarEvent& event, MeetResult& result);
+  std::string walk(const CalendarEvent& event, MeetResult& result, MeetingRoad::Aim aim);
   bool waitUntil(const std::function<bool()>& condition, double seconds);
   // Selects the appointment for the time of the act, which is given the host's objects.
   bool onGrid(const CalendarEvent& event, const std::function<bool(void* grid, void* selected)>& act);

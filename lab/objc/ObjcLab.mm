@@ -111,22 +111,22 @@ vorn::Value ObjcLab::inspect(const CalendarEvent& event) {
   return ask("appointment", parameters)["groups"];
 }
 
-MeetResult ObjcLab::take(const CalendarEvent& event) {
+MeetResult ObjcLab::take(const CalendarEvent& event, MeetingRoad::Aim aim) {
   const Pool pool;
   const std::string textBefore = event.calendarText();
   const bool hadMeeting = !describe(event).meetingKey.empty();
   MeetResult walked;
-  walked.reason = walk(event, walked);
+  walked.reason = walk(event, walked, aim);
   closeEditors();
-
+  if (aim == MeetingRoad::Aim::remove) return endOfRemoval(event, walked);
   return endOfRoad(event, walked, hadMeeting, event.calendarText() != textBefore);
 }
 
-std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {
+std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result, MeetingRoad::Aim aim) {
   [NSAlert takeLastMessage];
   std::string alert;
   const auto isAlerted = [&] {
-    if (alert.empty()) alert = [NSAlert takeLastMessage];
+    if (alert.empty()) alert = noticeInWords([NSAlert takeLastMessage]);
     return !alert.empty();
   };
   const std::string tooLate = "the client did not answer in time";
@@ -145,7 +145,16 @@ std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result) {
   NSView* bar = barIn(controller->m_header);
   if (!bar) return "the plug-in put no bar into the editor";
   const auto showsMeeting = [bar] { return look(controlBelow(bar, kCancel)).isShown; };
-  if (press(controlBelow(bar, kAdd))) {
+  if (aim == MeetingRoad::Aim::remove) {
+    if (!press(controlBelow(bar, kCancel))) {
+      result.outcome = Outcome::skipped;
+      return "it has no meeting";
+    }
+    if (!waitForQuiet()) return tooLate;
+    // Where the meeting has gone is told when it has gone, and is no trouble.
+    if (showsMeeting()) return isAlerted() ? alert : "the plug-in did not take the meeting away";
+    [NSAlert takeLastMessage];
+  } else if (press(controlBelow(bar, kAdd))) {
     if (!waitForQuiet()) return tooLate;
     if (isAlerted()) return alert;
     if (!showsMeeting()) return "the plug-in did not add a meeting";

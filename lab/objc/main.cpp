@@ -9,6 +9,7 @@
 #include "lab/shell/HostRuntime.h"
 #include "lab/shell/InspectCommand.h"
 #include "lab/shell/MeetCommand.h"
+#include "lab/shell/OptionChecks.h"
 
 namespace {
 
@@ -16,8 +17,8 @@ namespace fs = std::filesystem;
 using namespace vornlab;
 
 ExitCode meetHere(const MeetOptions& options) {
-  return meet(options, [&options](CalendarStore& calendar) {
-    return std::make_unique<ObjcLab>(options.lab, calendar, options.me);
+  return meet(options, [](const MeetOptions& asked, CalendarStore& calendar) {
+    return std::make_unique<ObjcLab>(asked.lab, calendar, asked.me);
   });
 }
 
@@ -36,9 +37,9 @@ ExitCode inspectHere(const InspectOptions& options) {
 }
 
 void addClientOptions(CLI::App& command, LabOptions& lab) {
-  command.add_option("--account", lab.account, "who is signed in at the client")->check(CLI::ExistingFile);
+  command.add_option("--account", lab.account, "who is signed in at the client")->check(complaintOfFile, "FILE");
   command.add_option("--timeout", lab.timeoutSeconds, "seconds that one appointment may take")
-      ->check(CLI::PositiveNumber)
+      ->check(complaintOfSeconds, "SECONDS")
       ->capture_default_str();
   command.add_option("--client-version", lab.clientVersion, "the version that the client shows");
   command.add_option("--client-option", lab.clientArguments, "an argument for the client; may be repeated")
@@ -76,7 +77,7 @@ ExitCode run(int argc, char** argv) {
   addClientOptions(*meetCommand, meetOptions.lab);
   const CLI::App* hooksCommand = addHooksWords(program, hooksOptions);
   addInspectWords(program, inspectOptions);
-  const auto end = readWords(program, words, " with --runtime objc; hooks, inspect and meet are");
+  const auto end = readWords(program, words, " with --runtime objc");
   if (end) return *end;
   if (meetCommand->parsed()) return inOwnWorld(argv, meetOptions.lab, [&] { return meetHere(meetOptions); });
   if (hooksCommand->parsed()) return inOwnWorld(argv, hooksOptions.lab, [&] { return hooksHere(hooksOptions); });

@@ -7,6 +7,7 @@
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/CalendarOutput.h"
+#include "lab/shell/OptionChecks.h"
 #include "lab/shell/Session.h"
 #include "util/AtomicFile.h"
 #include "util/Utf16.h"
@@ -65,7 +66,7 @@ void printAsJson(const BodyOptions& options, const std::string& body, const Valu
 // One command below another for each operation, so that none takes an option that it has no use for.
 CLI::App& addOperation(CLI::App& bodies, const char* name, const char* what, BodyOptions& options) {
   CLI::App* command = bodies.add_subcommand(name, what);
-  command->add_option("BODY", options.body, "the body as HTML")->required()->check(CLI::ExistingFile);
+  command->add_option("BODY", options.body, "the body as HTML")->required()->check(complaintOfFile, "FILE");
   command->add_option("--out", options.output, "where the result goes, instead of the standard output");
   addJsonFlag(*command, options.form);
   command->callback([&options, name] { options.operation = name; });
@@ -75,7 +76,7 @@ CLI::App& addOperation(CLI::App& bodies, const char* name, const char* what, Bod
 void addInvitation(CLI::App& command, BodyOptions& options) {
   command.add_option("--invitation", options.invitation, "the invitation's text, HTML unless --plain is given")
       ->required()
-      ->check(CLI::ExistingFile);
+      ->check(complaintOfFile, "FILE");
   command.add_flag("--plain", options.invitationIsPlain, "the invitation is plain text");
   command.add_flag("--top", options.atTop, "above the user's own text");
 }

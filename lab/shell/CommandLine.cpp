@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "lab/shell/Interruption.h"
+#include "lab/shell/OptionChecks.h"
 #include "lab/shell/SystemVersion.h"
 #include "lab/shell/World.h"
 
@@ -37,11 +38,11 @@ std::filesystem::path programFolder() { return std::filesystem::read_symlink("/p
 
 void addLabOptions(CLI::App& command, LabOptions& lab) {
   command.add_option("--account", lab.account, "who is signed in at the client; see docs/laboratory.md")
-      ->check(CLI::ExistingFile);
+      ->check(complaintOfFile, "FILE");
   command
       .add_option("--timeout", lab.timeoutSeconds,
                   "seconds that one appointment, or the client's profile, may take")
-      ->check(CLI::PositiveNumber)
+      ->check(complaintOfSeconds, "SECONDS")
       ->capture_default_str();
   command
       .add_option("--os", lab.systemVersion,
@@ -50,7 +51,7 @@ void addLabOptions(CLI::App& command, LabOptions& lab) {
       ->capture_default_str();
   const auto trying = "For trying what goes wrong";
   command.add_option("--world", lab.world, "a folder for the world, which stays at the end")
-      ->check(complaintOfWorld)
+      ->check(complaintOfWorld, "FOLDER")
       ->group(trying);
   command.add_flag("--without-client", lab.withoutClient, "a machine without a client")->group(trying);
   command.add_option("--client-version", lab.clientVersion, "the version that the client shows")->group(trying);
@@ -72,7 +73,7 @@ void askWithoutClient(CLI::App& command, LabOptions& lab, ReportForm& form) {
       .add_option_function<std::string>(
           "--bundle", [&lab](const std::string& path) { lab.bundle = std::filesystem::absolute(path); },
           "the plug-in's bundle, when it is not the one that was built with this program")
-      ->check(CLI::ExistingDirectory);
+      ->check(complaintOfFolder, "FOLDER");
 }
 
 void askClient(CLI::App& command, LabOptions& lab, ReportForm& form) {
@@ -124,16 +125,72 @@ int runProgram(const char* name, const std::function<ExitCode()>& run) {
   return isWritten || code != 0 ? code : static_cast<int>(ExitCode::somethingFailed);
 }
 
-std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words, const std::string& advice) {
+namespace {
+
+std::string namesOfCommands(const CLI::App& program) {
+  std::string names;
+  for (const CLI::App* command : program.get_subcommands(nullptr)) {
+    names += (names.empty() ? "" : ", ") + command->get_name();
+  }
+  return names;
+}
+
+// The command that was named, as far as its name was understood.
+const CLI::App& innermost(const CLI::App& program) {
+  const auto named = program.get_subcommands();
+  return named.empty() ? program : innermost(*named.front());
+}
+
+// What the parser says of words that make no sense, in our own: it tells where, and we what was expected. Its
+// texts have the form of its documented errors.
+std::string inOwnWords(const CLI::App& program, const CLI::ParseError& error) {
+  const std::string said = error.what();
+  const auto behind = [&said](std::string_view mark) {
+    const std::size_t at = said.find(mark);
+    return at == std::string::npos ? said : said.substr(at + mark.size());
+  };
+  const auto before = [&said](std::string_view mark) { return said.substr(0, said.find(mark)); };
+  switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
+    case CLI::ExitCodes::ValidationError: return said;
+    case CLI::ExitCodes::ExtrasError: return "nothing is known of " + behind("expected: ");
+    case CLI::ExitCodes::ArgumentMismatch: return before(":") + " needs a value";
+    case CLI::ExitCodes::ConversionError: return behind("Could not convert: ") + " is not understood";
+    case CLI::ExitCodes::ExcludesError:
+      return before(" excludes ") + " and " + behind(" excludes ") + " do not go together";
+    case CLI::ExitCodes::RequiresError: return before(" requires ") + " needs " + behind(" requires ");
+    case CLI::ExitCodes::RequiredError: break;
+    default: return "the words make no sense";
+  }
+  if (said == "A subcommand is required") return "a command is missing; there are " + namesOfCommands(innermost(program));
+  constexpr std::string_view kList = " from [";
+  if (const std::size_t list = said.find(kList); list != std::string::npos) {
+    const std::size_t begin = list + kList.size();
+    return "one of " + said.substr(begin, said.find(']') - begin) + " is needed, and only one";
+  }
+  return before(" is required") + " is missing";
+}
+
+std::string commandOf(const CLI::App& program) {
+  const auto named = program.get_subcommands();
+  return named.empty() ? program.get_name() : program.get_name() + " " + commandOf(*named.front());
+}
+
+}  // namespace
+
+std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words, const std::string& where) {
+  program.set_version_flag("--version", program.get_name() + " " + VORNLAB_VERSION, "the version of this program");
   if (!words.empty() && !words.front().starts_with('-') && !hasCommand(program, words.front())) {
-    throw UsageError("there is no command \"" + words.front() + "\"" + advice);
+    throw UsageError("there is no command \"" + words.front() + "\"" + where + "; there are " +
+                     namesOfCommands(program));
   }
   try {
     // The parser takes its words from the end.
     std::reverse(words.begin(), words.end());
     program.parse(words);
   } catch (const CLI::ParseError& error) {
-    return program.exit(error) == 0 ? ExitCode::done : ExitCode::badUsage;
+    // Help and the version.
+    if (error.get_exit_code() == 0) return program.exit(error), ExitCode::done;
+    throw UsageError(inOwnWords(program, error) + "; " + commandOf(program) + " --help tells more");
   }
   return std::nullopt;
 }

@@ -52,9 +52,10 @@ void askClient(CLI::App& command, LabOptions& lab, ReportForm& form);
 // go on, and gives the exit code.
 int runProgram(const char* name, const std::function<ExitCode()>& run);
 
-// Reads the words of a command line. Answers the exit code when there is nothing more to do, because help was
-// asked for or the words make no sense; that has been told. Throws UsageError, which ends with the advice, when
-// the first word is no command.
-std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words, const std::string& advice);
+// Reads the words of a command line. Answers the exit code when there is nothing more to do, because help or the
+// version was asked for; that has been told. Throws UsageError when the words make no sense; for a first word that
+// is no command it tells which there are, `where` they are looked for.
+std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words,
+                                  const std::string& where = "");
 
 }  // namespace vornlab

@@ -53,7 +53,7 @@ void printAppointment(const char* title, const CalendarEvent& event) {
 }
 
 void printEnd(const MeetResult& result, const Session& session, const DemoOptions& options) {
-  std::printf("The calendar is in %s\n", options.output.c_str());
+  if (!options.output.empty()) std::printf("The calendar is in %s\n", options.output.c_str());
   if (options.lab.keepWorld) std::printf("The world's folder is %s\n", session.world().root().c_str());
   if (result.outcome == Outcome::failed) {
     std::printf("The appointment got no meeting: %s\n", masked(result.reason).c_str());
@@ -65,18 +65,28 @@ void printEnd(const MeetResult& result, const Session& session, const DemoOption
   }
 }
 
+CalendarEvent chosenEvent(CalendarStore& calendar, const DemoOptions& options) {
+  const std::string file = options.input.file.string();
+  const std::vector<CalendarEvent> events = calendar.events();
+  if (events.empty()) throw UsageError(file + ": the calendar has no appointment");
+  if (options.uid.empty()) return events.front();
+  const auto found = std::find_if(events.begin(), events.end(),
+                                  [&](const CalendarEvent& each) { return each.uid() == options.uid; });
+  if (found == events.end())
+    throw UsageError(file + ": the calendar has no appointment with the UID " + options.uid);
+  return *found;
+}
+
 }  // namespace
 
 ExitCode demo(const DemoOptions& options) {
-  CalendarOutput output(options.output, {options.lab.account});
-  CalendarStore calendar;
-  IcsProblem problem;
-  if (!calendar.load(options.calendar.string(), problem)) {
-    throw LabError("the demonstration's calendar " + faultInWords(options.calendar, problem));
-  }
-  const std::vector<CalendarEvent> events = calendar.events();
-  if (events.empty()) throw LabError("the demonstration's calendar is empty");
-  printAppointment("The appointment before", events.front());
+  std::optional<CalendarOutput> output;
+  if (!options.output.empty())
+    output.emplace(options.output, std::vector<std::filesystem::path>{options.lab.account});
+  CalendarStore calendar(options.input.storeOptions());
+  loadCalendar(calendar, options.input);
+  const CalendarEvent event = chosenEvent(calendar, options);
+  printAppointment("The appointment before", event);
 
   std::printf("The road (seconds, step, facts)\n");
   const RoadPrinter printer(options.envelopes);
@@ -89,11 +99,11 @@ ExitCode demo(const DemoOptions& options) {
   printer.say("lab", "the plug-in's bundle is loaded into the host and connected");
   MeetingRoad road(session, options.lab.timeoutSeconds);
   road.setNarrator([&printer](const std::string& act) { printer.say("person", act); });
-  const MeetResult result = road.take(events.front());
+  const MeetResult result = road.take(event);
   std::printf("\n");
 
-  printAppointment("The appointment after", events.front());
-  output.write(calendar.text(), options.calendar);
+  printAppointment("The appointment after", event);
+  if (output) output->write(calendar.text(), options.input.file);
   printEnd(result, session, options);
   return result.outcome == Outcome::failed ? ExitCode::somethingFailed : ExitCode::done;
 }
@@ -101,15 +111,22 @@ ExitCode demo(const DemoOptions& options) {
 Command addDemo(CLI::App& program, const LabOptions& lab) {
   const auto options = optionsFrom<DemoOptions>(lab);
   CLI::App* command = program.add_subcommand("demo", "show one appointment become an online meeting");
-  options->calendar = lab.programs / "demo.ics";
-  options->output = lab.programs / "demo-online.ics";
-  command->add_option("--out", options->output, "where the changed calendar goes")->capture_default_str();
+  addCalendarInput(*command, options->input, "a calendar file of your own, instead of the shipped one");
+  command->add_option("--uid", options->uid, "the appointment that is taken, instead of the first");
+  command->add_option("--out", options->output,
+                      "where the changed calendar goes; without, that of a file of your own goes nowhere");
   command->add_flag("--keep", options->lab.keepWorld, "leave the world's folder behind");
   command->add_flag_callback(
       "--full", [options] { options->envelopes = RoadPrinter::Envelopes::whole; },
       "print envelopes as far as the plug-in shows them");
   addLabOptions(*command, options->lab);
-  return {command, [options] { return demo(*options); }};
+  return {command, [options] {
+            if (options->input.file.empty()) {
+              options->input.file = options->lab.programs / "demo.ics";
+              if (options->output.empty()) options->output = options->lab.programs / "demo-online.ics";
+            }
+            return demo(*options);
+          }};
 }
 
 }  // namespace vornlab

@@ -2,15 +2,17 @@
 
 #include <filesystem>
 
+#include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
 #include "lab/shell/RoadPrinter.h"
 
 namespace vornlab {
 
 struct DemoOptions {
-  // The calendar whose first appointment is taken.
-  std::filesystem::path calendar;
-  // Where the changed calendar goes.
+  // The calendar, and the appointment that is taken: the first when none is named.
+  CalendarInput input;
+  std::string uid;
+  // Where the changed calendar goes; "" for nowhere.
   std::filesystem::path output;
   RoadPrinter::Envelopes envelopes = RoadPrinter::Envelopes::cut;
   LabOptions lab;

@@ -6,10 +6,12 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "lab/client/MeetingStore.h"
 #include "lab/shell/CalendarOutput.h"
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
+#include "lab/shell/TemporaryFolder.h"
 #include "lab/shell/Words.h"
 
 namespace vornlab {
@@ -20,11 +22,11 @@ namespace fs = std::filesystem;
 // Bytes by which an appointment grows at most, as a rule.
 constexpr std::size_t kRoomForInvitation = 16'384;
 
-// Why an appointment gets no meeting of its own, or "".
-std::string reasonToSkip(const CalendarEvent& event, const std::string& me) {
+// Why an appointment gets no meeting of its own, or keeps the one it has, or "".
+std::string reasonToSkip(const CalendarEvent& event, const MeetOptions& options) {
   if (event.isException()) return "a changed occurrence follows its series";
-  if (event.isCancelled()) return "the appointment is cancelled";
-  if (event.isOfSomebodyElse(me)) return "somebody else organizes it";
+  if (!options.removes && event.isCancelled()) return "the appointment is cancelled";
+  if (event.isOfSomebodyElse(options.me)) return "somebody else organizes it";
   return "";
 }
 
@@ -34,7 +36,7 @@ class EmbeddedMeetingLab final : public MeetingLab {
   EmbeddedMeetingLab(const MeetOptions& options, CalendarStore& calendar)
       : m_session(options.lab, calendar, hostOptions(options)), m_road(m_session, options.lab.timeoutSeconds) {}
 
-  MeetResult take(const CalendarEvent& event) override { return m_road.take(event); }
+  MeetResult take(const CalendarEvent& event, MeetingRoad::Aim aim) override { return m_road.take(event, aim); }
   std::size_t requests() override { return m_session.trace().sent(); }
   std::size_t replies() override { return m_session.trace().received(); }
 
@@ -54,8 +56,11 @@ class MeetRun {
   MeetRun(const MeetOptions& options, const StartMeetingLab& start)
       : m_options(options),
         m_start(start),
-        m_output(options.output, {options.lab.account, options.lab.clientDatabase}),
-        m_report(options.form),
+        m_output(options.isTrial ? nullptr
+                                 : std::make_unique<CalendarOutput>(
+                                       options.output,
+                                       std::vector<fs::path>{options.lab.account, options.lab.clientDatabase})),
+        m_report(options.form, options.isTrial),
         m_calendar(options.input.storeOptions()) {}
 
   ExitCode run() {
@@ -68,13 +73,13 @@ class MeetRun {
     std::size_t sent = 0;
     std::size_t received = 0;
     if (!chosen.empty()) {
-      m_output.expectRoom(m_calendar.text().size() + chosen.size() * kRoomForInvitation);
-      const std::unique_ptr<MeetingLab> lab = m_start(m_calendar);
+      if (m_output) m_output->expectRoom(m_calendar.text().size() + chosen.size() * kRoomForInvitation);
+      const std::unique_ptr<MeetingLab> lab = m_start(m_options, m_calendar);
       takeAll(chosen, *lab);
       sent = lab->requests();
       received = lab->replies();
     }
-    m_output.write(m_calendar.text(), m_options.input.file);
+    if (m_output) m_output->write(m_calendar.text(), m_options.input.file);
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
     m_report.tellSummary(sent, received, took.count());
     return m_report.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
@@ -88,7 +93,7 @@ class MeetRun {
       if (m_calendar.find(uid) || !m_calendar.exceptionsOf(uid).empty()) continue;
       MeetResult unknown;
       unknown.uid = uid;
-      unknown.reason = "the calendar has no appointment with this UID";
+      unknown.reason = "the calendar has no appointment with the UID " + uid;
       m_report.tell(unknown);
     }
     std::erase_if(events, [this](const CalendarEvent& event) {
@@ -109,9 +114,9 @@ class MeetRun {
   }
 
   std::string keepWhatIsDone() {
-    if (!m_calendar.isChanged()) return "; nothing was written";
-    m_output.write(m_calendar.text(), m_options.input.file);
-    return "; " + m_output.path().string() + " has the meetings made so far, and the rest as it was";
+    if (!m_output || !m_calendar.isChanged()) return "; nothing was written";
+    m_output->write(m_calendar.text(), m_options.input.file);
+    return "; " + m_output->path().string() + " has the meetings made so far, and the rest as it was";
   }
 
   void takeEach(const std::vector<CalendarEvent>& events, MeetingLab& lab) {
@@ -119,8 +124,8 @@ class MeetRun {
     for (std::size_t i = 0; i < events.size(); ++i) {
       progress.show(i);
       MeetResult result;
-      if (const std::string reason = reasonToSkip(events[i], m_options.me); reason.empty()) {
-        result = lab.take(events[i]);
+      if (const std::string reason = reasonToSkip(events[i], m_options); reason.empty()) {
+        result = lab.take(events[i], m_options.removes ? MeetingRoad::Aim::remove : MeetingRoad::Aim::add);
         tellDoubts(events[i], result);
       } else {
         result = describe(events[i]);
@@ -143,8 +148,8 @@ class MeetRun {
 
   const MeetOptions& m_options;
   const StartMeetingLab& m_start;
-  // Before the calendar, which is read when it has been looked at.
-  CalendarOutput m_output;
+  // Before the calendar, which is read when it has been looked at; null for a trial.
+  std::unique_ptr<CalendarOutput> m_output;
   MeetReport m_report;
   CalendarStore m_calendar;
 };
@@ -152,12 +157,23 @@ class MeetRun {
 }  // namespace
 
 ExitCode meet(const MeetOptions& options) {
-  return meet(options, [&options](CalendarStore& calendar) {
-    return std::make_unique<EmbeddedMeetingLab>(options, calendar);
+  return meet(options, [](const MeetOptions& asked, CalendarStore& calendar) {
+    return std::make_unique<EmbeddedMeetingLab>(asked, calendar);
   });
 }
 
-ExitCode meet(const MeetOptions& options, const StartMeetingLab& start) { return MeetRun(options, start).run(); }
+ExitCode meet(const MeetOptions& options, const StartMeetingLab& start) {
+  if (!options.isTrial && options.output.empty()) {
+    throw UsageError("--out is missing: it says where the changed calendar goes; --dry-run goes without");
+  }
+  if (!options.isTrial) return MeetRun(options, start).run();
+  const TemporaryFolder folder;
+  MeetOptions trial = options;
+  trial.lab.clientDatabase = (folder.path() / "trial.db").string();
+  if (fs::exists(options.lab.clientDatabase))
+    MeetingStore(options.lab.clientDatabase).copyTo(trial.lab.clientDatabase);
+  return MeetRun(trial, start).run();
+}
 
 // The stand-in service has to know tomorrow the meetings that it made today.
 std::string defaultDatabase() {
@@ -170,11 +186,16 @@ std::string defaultDatabase() {
 CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
   CLI::App* command = program.add_subcommand("meet", "give the appointments of a calendar file their meetings");
   addCalendarInput(*command, options.input)->required();
-  command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself")->required();
+  auto* out = command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself");
   auto* which = command->add_option_group("which appointments");
   which->add_option("--uid", options.uids, "one appointment; may be repeated");
   which->add_flag("--all", options.all, "every appointment");
   which->require_option(1);
+  command->add_flag("--remove", options.removes, "take the meetings out again, from the calendar and the service");
+  command
+      ->add_flag("--dry-run", options.isTrial,
+                 "only say what would be done: the service works on a copy, and no calendar is written")
+      ->excludes(out);
   addJsonFlag(*command, options.form, "one JSON object a line");
   command->add_option("--client-db", options.lab.clientDatabase, "where the stand-in service keeps its meetings")
       ->capture_default_str();

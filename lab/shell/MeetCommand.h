@@ -10,6 +10,7 @@
 #include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
 #include "lab/shell/MeetReport.h"
+#include "lab/shell/MeetingRoad.h"
 
 namespace vornlab {
 
@@ -19,6 +20,10 @@ struct MeetOptions {
   // The appointments to take, or all.
   std::vector<std::string> uids;
   bool all = false;
+  // Takes the meetings out again, from the calendar and from the service.
+  bool removes = false;
+  // Nothing is to come of it: the service works on a copy of its meetings, and no calendar is written.
+  bool isTrial = false;
   ReportForm form = ReportForm::words;
   // The address of the calendar's owner; "" when it does not matter who called a meeting.
   std::string me;
@@ -30,17 +35,19 @@ class MeetingLab {
  public:
   virtual ~MeetingLab() = default;
   // Leads one appointment through the road. Throws LabError only when the person wants the program to end.
-  virtual MeetResult take(const CalendarEvent& event) = 0;
+  virtual MeetResult take(const CalendarEvent& event, MeetingRoad::Aim aim) = 0;
   // Envelopes that the client has taken and given.
   virtual std::size_t requests() = 0;
   virtual std::size_t replies() = 0;
 };
 
 // Starts a laboratory over the calendar, which outlives it.
-using StartMeetingLab = std::function<std::unique_ptr<MeetingLab>(CalendarStore& calendar)>;
+using StartMeetingLab =
+    std::function<std::unique_ptr<MeetingLab>(const MeetOptions& options, CalendarStore& calendar)>;
 
-// Gives the chosen appointments of a calendar file their online meetings and writes the file's new form, whole or
-// not at all. Appointments that fail are in the new file as they were. Throws LabError when nothing can be done.
+// Gives the chosen appointments of a calendar file their online meetings, or takes these away, and writes the
+// file's new form, whole or not at all. Appointments that fail are in the new file as they were. Throws LabError
+// when nothing can be done.
 ExitCode meet(const MeetOptions& options);
 // The same in a laboratory of the caller's.
 ExitCode meet(const MeetOptions& options, const StartMeetingLab& start);

@@ -4,28 +4,23 @@
 #include <nlohmann/json.hpp>
 #include <numeric>
 
+#include "lab/shell/TextColumns.h"
+
 namespace vornlab {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::array<std::string_view, 5> kNames{"added", "updated", "unchanged", "skipped", "failed"};
-
-// The text on one line, cut to a number of characters.
-std::string cut(std::string_view text, std::size_t most) {
-  std::string result;
-  std::size_t characters = 0;
-  for (const char byte : text) {
-    const bool isFirstByte = (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-    if (isFirstByte && ++characters > most) return result + "...";
-    result += static_cast<unsigned char>(byte) < ' ' ? ' ' : byte;
-  }
-  return result + std::string(most + 3 - characters, ' ');
-}
+constexpr std::array<std::string_view, 6> kNames{"added", "updated", "unchanged", "skipped", "failed", "removed"};
+constexpr std::size_t kSubjectColumns = 35;
 
 }  // namespace
 
 std::string_view nameOf(Outcome outcome) { return kNames[static_cast<std::size_t>(outcome)]; }
+
+MeetReport::MeetReport(ReportForm form, bool isTrial) : m_form(form), m_isTrial(isTrial) {
+  if (m_isTrial && m_form == ReportForm::words) std::printf("A trial: this is what would be done.\n\n");
+}
 
 std::size_t MeetReport::appointments() const {
   return std::accumulate(m_counts.begin(), m_counts.end(), std::size_t{0});
@@ -46,8 +41,8 @@ void MeetReport::tell(const MeetResult& result) {
   std::string told = hasMeeting ? result.location : result.reason;
   if (hasMeeting && !result.reason.empty()) told += " (" + result.reason + ")";
   const std::string subject = result.subject.empty() ? "(no subject)" : result.subject;
-  std::printf("%-10s %s %s\n", std::string(nameOf(result.outcome)).c_str(), cut(subject, 32).c_str(),
-              told.c_str());
+  std::printf("%-10s %s %s\n", std::string(nameOf(result.outcome)).c_str(),
+              filledToColumns(subject, kSubjectColumns).c_str(), told.c_str());
   std::fflush(stdout);
 }
 
@@ -58,6 +53,7 @@ void MeetReport::tellSummary(std::size_t sent, std::size_t received, double seco
     summary["sent"] = sent;
     summary["received"] = received;
     summary["seconds"] = roundedSeconds(seconds);
+    summary["trial"] = m_isTrial;
     printJsonLine(Json{{"summary", summary}});
     return;
   }

@@ -9,7 +9,7 @@
 
 namespace vornlab {
 
-enum class Outcome { added, updated, unchanged, skipped, failed };
+enum class Outcome { added, updated, unchanged, skipped, failed, removed };
 
 std::string_view nameOf(Outcome outcome);
 
@@ -27,7 +27,8 @@ struct MeetResult {
 // not masked: the result belongs to the person whose calendar it is.
 class MeetReport {
  public:
-  explicit MeetReport(ReportForm form) : m_form(form) {}
+  // Of a trial it says that nothing has come of it.
+  MeetReport(ReportForm form, bool isTrial);
 
   void tell(const MeetResult& result);
   void tellSummary(std::size_t sent, std::size_t received, double seconds) const;
@@ -37,7 +38,8 @@ class MeetReport {
 
  private:
   ReportForm m_form;
-  std::array<std::size_t, 5> m_counts{};
+  bool m_isTrial;
+  std::array<std::size_t, 6> m_counts{};
 };
 
 }  // namespace vornlab

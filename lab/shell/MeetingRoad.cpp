@@ -23,6 +23,12 @@ constexpr const char* kCancel = "onClickCancelVornMeeting:";
 
 }  // namespace
 
+std::string noticeInWords(const std::string& message) {
+  const std::string_view said = std::string_view(message).substr(message.starts_with("0;") ? 2 : 0);
+  if (!said.starts_with("Err")) return message;
+  return "the service refused, and the plug-in has no words for it: " + std::string(said);
+}
+
 MeetResult describe(const CalendarEvent& event) {
   MeetResult result;
   result.uid = event.uid();
@@ -48,7 +54,21 @@ MeetResult endOfRoad(const CalendarEvent& event, const MeetResult& walked, bool 
   return result;
 }
 
-MeetResult MeetingRoad::take(CalendarEvent event) {
+MeetResult endOfRemoval(const CalendarEvent& event, const MeetResult& walked) {
+  MeetResult result = describe(event);
+  result.reason = walked.reason;
+  if (!result.reason.empty()) {
+    result.outcome = walked.outcome;
+  } else if (result.meetingKey.empty()) {
+    result.outcome = Outcome::removed;
+  } else {
+    result.outcome = Outcome::failed;
+    result.reason = "the appointment was stored with its meeting";
+  }
+  return result;
+}
+
+MeetResult MeetingRoad::take(CalendarEvent event, Aim aim) {
   m_began = std::chrono::steady_clock::now();
   RoadTrace& trace = m_session.trace();
   m_sentBefore = trace.sent();
@@ -62,21 +82,28 @@ MeetResult MeetingRoad::take(CalendarEvent event) {
   tell("opens the appointment");
   const EditorId editor = host.openEditorAt(event.index());
   MeetResult walked;
-  walked.reason = editor == 0 ? "the host cannot open the appointment" : walk(editor, walked);
+  walked.reason = editor == 0 ? "the host cannot open the appointment" : walk(editor, walked, aim);
   if (host.isOpen(editor)) {
     tell("closes the editor without saving");
     host.closeWithoutSaving(editor);
   }
   m_session.passTime(kClearingSeconds);
 
+  if (aim == Aim::remove) return endOfRemoval(event, walked);
   return endOfRoad(event, walked, hadMeeting,
                    trace.commits() > commitsBefore || event.calendarText() != textBefore);
 }
 
-std::string MeetingRoad::walk(EditorId editor, MeetResult& result) {
+std::string MeetingRoad::walk(EditorId editor, MeetResult& result, Aim aim) {
   if (std::string reason = waitForQuiet(); !reason.empty()) return reason;
   if (!m_session.host().barView(editor)) return "the plug-in put no bar into the editor";
-  if (isShown(editor, kAdd)) {
+  if (aim == Aim::remove) {
+    if (!isShown(editor, kCancel)) {
+      result.outcome = Outcome::skipped;
+      return "it has no meeting";
+    }
+    if (std::string reason = removeMeeting(editor); !reason.empty()) return reason;
+  } else if (isShown(editor, kAdd)) {
     if (std::string reason = addMeeting(editor); !reason.empty()) return reason;
   } else if (!isShown(editor, kCancel)) {
     result.outcome = Outcome::skipped;
@@ -95,6 +122,16 @@ std::string MeetingRoad::addMeeting(EditorId editor) {
   const std::string reason = "the client refused, with error " + refusal;
   const std::string said = panelsWord(editor);
   return said.empty() ? reason : reason + "; the settings panel " + said;
+}
+
+std::string MeetingRoad::removeMeeting(EditorId editor) {
+  tell("clicks Cancel");
+  m_session.host().clickBar(editor, kCancel);
+  const std::string reason = waitForQuiet();
+  if (!isShown(editor, kAdd)) return reason.empty() ? "the plug-in did not take the meeting away" : reason;
+  // It is told where the meeting has gone, which is no trouble.
+  m_session.trace().forgetTrouble();
+  return "";
 }
 
 std::string MeetingRoad::panelsWord(EditorId editor) {
@@ -124,7 +161,7 @@ std::string MeetingRoad::finishEditing(EditorId editor) {
 std::string MeetingRoad::waitForQuiet() {
   const auto quiet = m_session.waitForQuiet(m_sentBefore, m_receivedBefore, secondsLeft());
   // The plug-in's own words tell more than what was noticed from outside.
-  if (!m_session.trace().alert().empty()) return m_session.trace().alert();
+  if (!m_session.trace().alert().empty()) return noticeInWords(m_session.trace().alert());
   switch (quiet) {
     case LabSession::Quiet::reached: return "";
     case LabSession::Quiet::clientGone: return "the client ended before it answered";

@@ -19,15 +19,19 @@ class MeetingRoad {
 
   void setNarrator(Narrator narrator) { m_narrator = std::move(narrator); }
 
+  // What the person is after.
+  enum class Aim { add, remove };
+
   // Throws LabError only when the person wants the program to end.
-  MeetResult take(CalendarEvent event);
+  MeetResult take(CalendarEvent event, Aim aim = Aim::add);
 
  private:
   using EditorId = OutlookHost::EditorId;
 
   // Each answers why the road ended there, or "".
-  std::string walk(EditorId editor, MeetResult& result);
+  std::string walk(EditorId editor, MeetResult& result, Aim aim);
   std::string addMeeting(EditorId editor);
+  std::string removeMeeting(EditorId editor);
   // What the open settings panel does about a refused meeting; "" without one.
   std::string panelsWord(EditorId editor);
   std::string finishEditing(EditorId editor);
@@ -45,9 +49,15 @@ class MeetingRoad {
   std::size_t m_receivedBefore = 0;
 };
 
+// What the plug-in has told a person, as a reason. What the service says of errors that the plug-in has no words
+// for it tells as it is, and here it gets a sentence.
+std::string noticeInWords(const std::string& message);
+
 // The result of an appointment as it stands in the calendar: its names, its meeting's key and its location.
 MeetResult describe(const CalendarEvent& event);
 // The same at the end of a road: with the reason and the outcome for which it ended early, if it did.
 MeetResult endOfRoad(const CalendarEvent& event, const MeetResult& walked, bool hadMeeting, bool isUpdated);
+// At the end of the road on which its meeting was to go.
+MeetResult endOfRemoval(const CalendarEvent& event, const MeetResult& walked);
 
 }  // namespace vornlab

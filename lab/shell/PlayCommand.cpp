@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <chrono>
 
+#include "lab/shell/OptionChecks.h"
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
 #include "lab/shell/scenario/ScenarioReport.h"
@@ -35,7 +36,7 @@ Command addPlay(CLI::App& program, const LabOptions& lab) {
   CLI::App* command = program.add_subcommand("play", "play scenarios; the word itself may be left out");
   command->add_option("FILE", options->files, "scenarios, each named ....vorn; see docs/scenarios.md")
       ->required()
-      ->check(CLI::ExistingFile);
+      ->check(complaintOfFile, "FILE");
   addJsonFlag(*command, options->form, "one JSON object a line");
   return {command, [options] { return playScenarios(*options); }};
 }

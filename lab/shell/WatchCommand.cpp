@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "lab/shell/Interruption.h"
+#include "lab/shell/OptionChecks.h"
 #include "lab/shell/WatchFeed.h"
 #include "lab/shell/WatchFolder.h"
 #include "lab/shell/WatchMask.h"
@@ -149,7 +150,7 @@ Command addWatch(CLI::App& program, const LabOptions& lab) {
       "watch", "show a running laboratory: its windows, what they wait for, and what goes to and fro");
   auto* world = command->add_option("--world", options->world, "the one with this folder");
   auto* process = command->add_option("--process", options->process, "the one that runs as this process")
-                      ->check(CLI::PositiveNumber)
+                      ->check(complaintOfProcess, "NUMBER")
                       ->excludes(world);
   command->add_option("COMMAND", options->words, "behind --, a command of this program to start and to watch")
       ->excludes(world)

@@ -47,7 +47,7 @@ ExitCode run(int argc, char** argv) {
   // Behind the commands, which would each take it over.
   program.footer(kRuntimeHelp);
 
-  if (const auto end = readWords(program, words, "; vornlab --help lists them")) return *end;
+  if (const auto end = readWords(program, words)) return *end;
   for (const Command& command : commands) {
     if (command.words->parsed()) return command.run();
   }

@@ -119,7 +119,10 @@ TEST_F(PanelReasonsTest, LaysOutEveryControlOnceAndCallsEachByAWordOfItsOwn) {
   std::map<std::string, int> named;
   std::set<std::string> words;
   const PanelLayout sections = panelSections();
-  for (const std::string& key : keysOf(sections)) EXPECT_EQ(++named[key], 1) << key;
+  for (const std::string& key : keysOf(sections)) {
+    EXPECT_EQ(++named[key], 1) << key;
+    EXPECT_TRUE(controls().find(key)) << key << " is nowhere";
+  }
   const std::vector<std::string> laidOut = keysOf(test.presenter.panels().layout(window->bar->ownWindow));
   EXPECT_EQ(std::set<std::string>(laidOut.begin(), laidOut.end()).size(), laidOut.size());
   EXPECT_EQ(laidOut.size(), controls().keys().size());

@@ -67,6 +67,7 @@ TEST_F(SettingsPanelTest, AnOlderClientIsOfferedLess) {
     for (const char* key : {"selectLanguagePopup", "selectLanguageText", "muteUponEntryBox"}) {
       EXPECT_EQ(control(key).hidden, isOld) << key;
     }
+    EXPECT_EQ(shown()->isOnScreen("muteParticipantUponEntry"), !isOld);
     EXPECT_TRUE(control("publicEventBox").hidden && control("autoRecordingBox").hidden) << "nobody offers them";
     click("buttonContinue");
     EXPECT_EQ(settings()[vn_Setting_SelectInvitationLanguage], Value("de")) << "also where nobody sees the popup";

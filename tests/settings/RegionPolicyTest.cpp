@@ -189,6 +189,16 @@ TEST_F(RegionPolicyTest, EachOfTheTwoListsIsKeptWhileTheOtherIsShown) {
   EXPECT_EQ(click("allowDenyRCSaveButton"), Use::done);
   EXPECT_EQ(settings()[vn_Setting_RegionType], Value(0));
   EXPECT_THAT(codesOfRecord(), ElementsAre("NE"));
+
+  for (const char* other : {"allowDenyRCBlockButton", "allowDenyRCAllowButton"}) {
+    click("allowDenyEditButton");
+    waitForChips();
+    turn(other, true);
+    waitForChips();
+    EXPECT_EQ(tokens(kRegionsField), "") << "the other list is that of an earlier opening";
+    chooseRegion("germany");
+    EXPECT_EQ(click("allowDenyRCSaveButton"), Use::done);
+  }
 }
 
 TEST_F(RegionPolicyTest, AListIsSearchedByTheBeginningOfANameAndASeparatorChoosesNothing) {

@@ -32,5 +32,18 @@ TEST(Demo, ShowsTheRoadWithEveryNumberAndNothingSecret) {
   EXPECT_THAT(run.output, Not(HasSubstr("@")));
 }
 
+TEST(Demo, TakesAnAppointmentOfOnesOwnAndWritesOnlyWhereItIsTold) {
+  const TemporaryFolder folder;
+  const auto own = folder.write("own.ics", calendar({appointment("a", "First"), appointment("b", "Second")}));
+  const std::string before = contentOf(own);
+  const ProgramRun run = runProgram(VORNLAB_PROGRAM, {"demo", own.string(), "--uid", "b"});
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_THAT(run.output, AllOf(HasSubstr("Subject    Second"), HasSubstr("an online meeting now"),
+                                Not(HasSubstr("The calendar is in"))));
+  EXPECT_EQ(contentOf(own), before);
+  EXPECT_EQ(runProgram(VORNLAB_PROGRAM, {"demo", own.string(), "--uid", "c"}).errors,
+            "vornlab: " + own.string() + ": the calendar has no appointment with the UID c\n");
+}
+
 }  // namespace
 }  // namespace vornlab::test

@@ -5,6 +5,9 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "lab/client/MeetingStore.h"
+#include "lab/shell/MeetingRoad.h"
+#include "lab/shell/ProgressBar.h"
 #include "tests/shell/Calendars.h"
 #include "tests/shell/ProgramRun.h"
 
@@ -221,21 +224,74 @@ TEST_F(Meet, GoesOnAfterOneAppointmentThatFails) {
   EXPECT_EQ(run.resultOf("b"), "added") << run.reasonOf("b");
 }
 
+TEST_F(Meet, ATrialTellsWhatWouldComeAndARemovalTakesMeetingsOutOfFileAndService) {
+  const auto input = m_folder.write(
+      "in.ics", calendar({appointment("a", "First"), appointment("b", "Second", {"LOCATION:Castle"})}));
+  const auto output = m_folder / "out.ics";
+  const auto run = [&](std::vector<std::string> further) {
+    std::vector<std::string> arguments{"meet", "--all", "--client-db", m_folder / "client.db"};
+    arguments.insert(arguments.end(), further.begin(), further.end());
+    return runProgram(VORNLAB_PROGRAM, arguments).output;
+  };
+  EXPECT_THAT(run({input, "--dry-run"}), HasSubstr("2 added"));
+  EXPECT_FALSE(std::filesystem::exists(m_folder / "client.db"));
+  EXPECT_THAT(run({input, "--remove", "--dry-run"}), HasSubstr("it has no meeting"));
+
+  EXPECT_THAT(run({input, "--out", output}), HasSubstr("2 added"));
+  const std::string online = contentOf(output);
+  EXPECT_THAT(run({output, "--remove", "--dry-run", "--json"}), HasSubstr("\"removed\":2"));
+  EXPECT_EQ(contentOf(output), online);
+  EXPECT_THAT(run({output, "--remove", "--out", output}), HasSubstr("2 removed"));
+  EXPECT_THAT(unfolded(contentOf(output)),
+              AllOf(HasSubstr("LOCATION:Castle\r\n"), Not(HasSubstr("vorn.example/j/"))));
+  EXPECT_EQ(MeetingStore((m_folder / "client.db").string()).count(), 0);
+}
+
+TEST(ProgressLine, FitsTheTerminalAndTellsTheTimeLeft) {
+  const std::tuple<std::size_t, double, std::size_t, const char*> rows[] = {
+      {0, 0, 79, "[........................................] 0 of 200"},
+      {50, 10, 79, "[##########..............................] 50 of 200, 30 s left"},
+      {50, 100, 40, "[###.........] 50 of 200, 5 min 0 s left"},
+      {50, 10000, 28, "50 of 200, 8 h 20 min left"},
+      {50, 10000, 12, "50 of 200"},
+      {50, 10000, 4, "50 o"},
+      {200, 9, 79, "[########################################] 200 of 200"}};
+  for (const auto& [done, seconds, columns, line] : rows) {
+    EXPECT_EQ(progressLine(done, 200, seconds, columns), line) << columns;
+  }
+}
+
+TEST(MeetingRoad, GivesTheServicesBareCodesASentence) {
+  for (const char* said : {"0;Error 9999", "Error 9999"}) {
+    EXPECT_EQ(noticeInWords(said), "the service refused, and the plug-in has no words for it: Error 9999");
+  }
+  EXPECT_EQ(noticeInWords("0 people"), "0 people");
+}
+
 TEST(Vornlab, TellsBadUsageWithExitCode2) {
   const std::pair<std::vector<std::string>, const char*> cases[] = {
-      {{"surgeon"}, "there is no command \"surgeon\""},
+      {{"surgeon"}, "there is no command \"surgeon\"; there are meet, demo, doctor"},
+      {{}, "a command is missing; there are meet"},
+      {{"meet", "in.ics", "--all", "--out"}, "--out needs a value"},
+      {{"meet", "in.ics", "--all", "--dry-run", "--out", "o"}, "--out and --dry-run do not go together"},
+      {{"meet", "in.ics", "--all", "--out", "o", "--timeout", "soon"}, "--timeout: seconds are a number"},
+      {{"demo", "--timeout", "1e9"}, "not \"1e9\""},
+      {{"watch", "--process", "-1"}, "--process: a process has a number above 0"},
+      {{"play", "/"}, "/ is a folder"},
       {{"doctor", "--loudly"}, "--loudly"},
-      {{"account"}, "subcommand"},
+      {{"account"}, "a command is missing; there are show, defaults; vornlab account --help"},
       {{"account", "show", "--account", "/no/such/account.json"}, "/no/such/account.json"},
-      {{"meet", "in.ics"}, "--out"},
-      {{"meet", "in.ics", "--out", "out.ics"}, "--uid,--all"},
+      {{"meet", "in.ics"}, "--uid,--all"},
+      {{"meet", "in.ics", "--all"}, "--out is missing"},
       {{"meet", "in.ics", "--out", "out.ics", "--all", "--uid", "a"}, "--uid,--all"},
       {{"meet", "in.ics", "--out", "/no/such/folder/out.ics", "--all"}, "/no/such/folder"},
   };
   for (const auto& [arguments, complaint] : cases) {
     const ProgramRun run = runProgram(VORNLAB_PROGRAM, arguments);
     EXPECT_EQ(run.exitCode, 2);
+    EXPECT_THAT(run.errors, ::testing::StartsWith("vornlab: "));
     EXPECT_THAT(run.errors, HasSubstr(complaint));
+    EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
   }
 }
 

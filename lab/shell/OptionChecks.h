@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace vornlab {
+
+// What the values of options have to be. Each check answers what is wrong with a value, in words that tell what
+// was expected, or "".
+
+std::string complaintOfFile(const std::string& path);
+std::string complaintOfFolder(const std::string& path);
+
+// A number of seconds, from a thousandth of one to a day.
+std::string complaintOfSeconds(const std::string& text);
+
+// The number of a process.
+std::string complaintOfProcess(const std::string& text);
+
+}  // namespace vornlab
