@@ -152,6 +152,7 @@
 - (void)setMessageText:(NSString*)text;
 - (void)setInformativeText:(NSString*)text;
 - (id)addButtonWithTitle:(NSString*)title;
+- (void)setIcon:(id)icon;
 - (void)setShowsSuppressionButton:(BOOL)shows;
 // Nil, for nobody switches it on.
 - (id)suppressionButton;

@@ -38,7 +38,9 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 
 @implementation OLCalendarDate
 + (OLCalendarDate*)dateWithTime:(const vornlab::CalendarTime&)time {
-  NSTimeZone* zone = [NSTimeZone timeZoneWithName:foundationText(std::string_view(time.zone))];
+  const std::string name = time.hostZone();
+  NSTimeZone* zone = [NSTimeZone timeZoneWithName:foundationText(std::string_view(name))];
+  if (!zone) zone = [NSTimeZone timeZoneForSecondsFromGMT:time.offset];
   return [[[OLCalendarDate alloc] initWithSeconds:time.seconds zone:zone] autorelease];
 }
 - (id)initWithSeconds:(double)seconds zone:(NSTimeZone*)zone {
@@ -61,7 +63,7 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   return m_zone;
 }
 - (double)timeIntervalSinceDate:(OLCalendarDate*)other {
-  return m_seconds - [other timeIntervalSince1970];
+  return other ? m_seconds - [other timeIntervalSince1970] : 0;
 }
 - (OLCalendarDate*)dateByAddingTimeInterval:(double)seconds {
   return [[[OLCalendarDate alloc] initWithSeconds:m_seconds + seconds zone:m_zone] autorelease];

@@ -235,6 +235,9 @@ std::string& lastAlert() {
   ++m_buttons;
   return title;
 }
+- (void)setIcon:(id)icon {
+  (void)icon;
+}
 - (void)setShowsSuppressionButton:(BOOL)shows {
   (void)shows;
 }
@@ -279,8 +282,9 @@ std::size_t livingViews(std::string_view className) {
 }
 
 std::string plainText(NSString* text) {
+  // A text may hold a zero, at which a C string would end.
   const char* bytes = [text UTF8String];
-  return bytes ? bytes : "";
+  return bytes ? std::string(bytes, [text lengthOfBytesUsingEncoding:NSUTF8StringEncoding]) : "";
 }
 
 }  // namespace vornlab

@@ -95,7 +95,7 @@ vorn::OptionalText CalendarEvent::optionalTextOf(std::string_view name) const {
 
 std::string CalendarEvent::textOf(std::string_view name) const {
   const auto property = m_store->m_document.property(component(), name);
-  return property ? property->value : std::string();
+  return property ? wellFormed(property->value) : std::string();
 }
 
 std::string CalendarEvent::uid() const { return textOf("UID"); }
@@ -246,8 +246,7 @@ vorn::OptionalText CalendarEvent::olmUCCapabilities() const { return optionalTex
 std::string CalendarEvent::calendarText() const {
   const IcsDocument& document = m_store->m_document;
   const std::size_t calendar = document.parentOf(component());
-  // Another reader knows no bare "\r".
-  const std::string ending = document.lineEnding() == "\r" ? "\r\n" : document.lineEnding();
+  const std::string ending = "\r\n";
   std::string result = "BEGIN:VCALENDAR" + ending;
   for (const char* name : {"VERSION", "PRODID", "METHOD"}) {
     if (const auto property = document.property(calendar, name)) {

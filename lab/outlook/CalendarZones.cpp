@@ -7,6 +7,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <set>
 
 namespace vornlab {
@@ -158,6 +159,15 @@ struct CalendarZones::Zone {
   }
 };
 
+std::string CalendarTime::hostZone() const {
+  if (isZoneNamed) return zone;
+  if (offset == 0) return "UTC";
+  const int minutes = std::abs(offset) / 60;
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "GMT%c%02d%02d", offset < 0 ? '-' : '+', minutes / 60, minutes % 60);
+  return text.data();
+}
+
 bool CalendarZones::isKnown(const std::string& name) { return !databaseName(name).empty(); }
 
 CalendarZones::CalendarZones(const IcsDocument& document, std::size_t calendar, std::string floatingZone)
@@ -235,7 +245,10 @@ std::optional<CalendarTime> CalendarZones::read(const IcsProperty& property) {
   const bool isUtc = endsInUtc(property.value);
   const Zone& stated = zoneOf(property, isUtc);
   CalendarTime result;
-  result.seconds = static_cast<double>(wallSeconds(*time) - stated.offsetAtWallTime(*time));
+  const std::int64_t offset = stated.offsetAtWallTime(*time);
+  result.seconds = static_cast<double>(wallSeconds(*time) - offset);
+  result.offset = static_cast<int>(offset);
+  result.isZoneNamed = static_cast<bool>(stated.database);
   result.zone = stated.name;
   result.isAllDay = time->is_date;
   result.isZoneKnown = stated.defined || stated.database;

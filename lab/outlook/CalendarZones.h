@@ -23,6 +23,13 @@ struct CalendarTime {
   bool isFloating = false;
   // False when nobody knows the zone, and the time was taken as UTC.
   bool isZoneKnown = true;
+  // False for a zone that only the file knows, or nobody, which a host has no name for.
+  bool isZoneNamed = true;
+  // Seconds east of UTC at that time.
+  int offset = 0;
+
+  // What a host calls the zone: its name, or else UTC or such as GMT+0430.
+  std::string hostZone() const;
 };
 
 // The time zones that one VCALENDAR speaks of: its own VTIMEZONE, else the one of the time zone database with that

@@ -24,7 +24,10 @@ int calendarField(const CalendarTime& time, UCalendarDateFields field) {
 }  // namespace
 
 HostObject HostWorld::makeDate(const CalendarTime& time) const {
-  return runtime.createTemporary("OLCalendarDate", std::make_shared<CalendarTime>(time));
+  const auto shown = std::make_shared<CalendarTime>(time);
+  shown->zone = time.hostZone();
+  shown->isZoneNamed = true;
+  return runtime.createTemporary("OLCalendarDate", shown);
 }
 
 HostObject HostWorld::makeDateFor(const HostObject& shown, double seconds) const {

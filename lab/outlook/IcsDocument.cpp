@@ -439,15 +439,14 @@ std::string IcsDocument::text() const {
 }
 
 std::string IcsDocument::componentText(std::size_t component) const {
-  const std::string ending = newline() == '\r' ? "\r\n" : m_lineEnding;
   std::string result;
   forEachLine(m_components[component].beginLine, m_components[component].endLine + 1,
               [&](const Line* line, const std::string* changed) {
-                const bool isAsRead = line && newline() == '\n' && vorn::isValidUtf8(bytesOf(*line));
+                const bool isAsRead = line && bytesOf(*line).ends_with("\r\n") && m_lineEnding == "\r\n" &&
+                                      vorn::isValidUtf8(bytesOf(*line));
                 result += isAsRead ? std::string(bytesOf(*line))
-                                   : foldedLine(changed ? *changed : wellFormed(content(*line)), ending);
+                                   : foldedLine(changed ? *changed : wellFormed(content(*line)), "\r\n");
               });
-  if (!result.empty() && result.back() != '\n') result += ending;
   return result;
 }
 

@@ -67,7 +67,7 @@ class IcsDocument {
   // The physical line of the first property of that name as it was read; that of BEGIN when there was none.
   std::size_t physicalLineOf(std::size_t component, std::string_view name) const;
   bool isRemoved(std::size_t component) const { return m_removed.contains(m_components[component].beginLine); }
-  // The lines from BEGIN to END, with changes, for another reader: in UTF-8, and with no bare "\r" at their ends.
+  // The lines from BEGIN to END, with changes, for another reader: in UTF-8, and ended by CRLF.
   std::string componentText(std::size_t component) const;
 
   // The first property of that name (upper case), or all in their order; what lies in components below is not
