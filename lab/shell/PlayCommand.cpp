@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <chrono>
+#include <map>
 
 #include "lab/shell/OptionChecks.h"
 #include "lab/shell/ProgressBar.h"
@@ -12,7 +13,14 @@ namespace vornlab {
 
 ExitCode playScenarios(const PlayOptions& options) {
   std::vector<Scenario> scenarios;
-  for (const std::string& file : options.files) scenarios.push_back(scenarioFromFile(file));
+  std::map<std::string, std::string> files;
+  for (const std::string& file : options.files) {
+    scenarios.push_back(scenarioFromFile(file));
+    const auto [known, isNew] = files.emplace(scenarios.back().name(), file);
+    if (!isNew)
+      throw UsageError(file + " has the same name as " + known->second +
+                       ", and reports would not tell them apart");
+  }
   const auto began = std::chrono::steady_clock::now();
   ScenarioReport report(options.form);
   ProgressBar progress(stderr, scenarios.size() > 1 ? scenarios.size() : 0);

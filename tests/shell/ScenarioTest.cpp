@@ -46,6 +46,10 @@ TEST(Scenario, SaysWhereALineCannotBeReadAndWhatWasExpected) {
       {"account nobody.json",
        "x.vorn:1: \"nobody.json\" is neither beside the scenario nor in lab/client/accounts"},
       {"client faults \"reply 1: vanish\"", "x.vorn:1: the rule:1: expected delay, split, "},
+      {"# only a thought\n", "x.vorn:1: the scenario is empty"},
+      {"new\nsave\n\n", "x.vorn:2: nothing is expected up to here"},
+      {"appointment a\nappointment a occurrence 1\nappointment a\n",
+       "x.vorn:3: an appointment \"a\" stands above already"},
   };
   for (const auto& [text, message] : cases) {
     try {
@@ -108,11 +112,12 @@ TEST_F(PlayScenario, FailsWhereALineCannotBePlayed) {
        ":5: expect service none\n  expected   a meeting that the window has or had\n  there was  none"},
       {"appointment a\nin a\nexpect window closed\n",
        ":3: expect window closed\n  expected   a window that was opened before\n  there was  none"},
+      {"appointment a\nopen a as x\nopen a as x\n", ":3: open a as x\n  expected   a name for the window"},
       {"appointment a\nopen a\nclick cancel\n",
        ":3: click cancel\n  expected   a button for cancel\n  there was  hidden"},
   };
   for (const auto& [text, told] : cases) {
-    const ProgramRun run = play({m_folder.write("x.vorn", text)});
+    const ProgramRun run = play({m_folder.write("x.vorn", std::string(text) + "expect progress hidden\n")});
     EXPECT_EQ(run.exitCode, 1) << text;
     EXPECT_THAT(run.output, HasSubstr(std::string("x.vorn") + told));
   }
@@ -132,7 +137,7 @@ TEST_F(PlayScenario, LooksForATextInTheWholeRequestAndOnlyInWhatIsCovered) {
 }
 
 TEST_F(PlayScenario, TellsItAsJsonAndPlaysNothingWhenAFileCannotBeRead) {
-  const auto good = m_folder.write("good.vorn", "appointment a\nopen a\n");
+  const auto good = m_folder.write("good.vorn", "appointment a\nopen a\nexpect bar add\n");
   const auto bad = m_folder.write("bad.vorn", "appointment a\nopen a\nclick add\nexpect sent nothing\n");
   const ProgramRun run = play({good, bad, "--json"});
   EXPECT_EQ(run.exitCode, 1);
@@ -153,6 +158,14 @@ TEST_F(PlayScenario, TellsItAsJsonAndPlaysNothingWhenAFileCannotBeRead) {
   EXPECT_EQ(unreadable.exitCode, 2);
   EXPECT_EQ(unreadable.output, "");
   EXPECT_THAT(unreadable.errors, HasSubstr("unreadable.vorn:2: expected one of these words: "));
+
+  const auto namesake = m_folder.write("other/good.vorn", "new\nexpect bar add\n");
+  for (const auto& second : {namesake, good}) {
+    const ProgramRun twice = play({good, second});
+    EXPECT_EQ(twice.exitCode, 2);
+    EXPECT_EQ(twice.output, "");
+    EXPECT_THAT(twice.errors, HasSubstr(second.string() + " has the same name as " + good.string()));
+  }
 }
 
 }  // namespace

@@ -38,7 +38,14 @@ class ScenarioReader {
   explicit ScenarioReader(std::string file) { m_scenario.file = std::move(file); }
 
   Scenario read(std::string_view text) {
-    for (const ScenarioLine& line : readScenarioText(text, m_scenario.file)) readLine(line);
+    const std::vector<ScenarioLine> lines = readScenarioText(text, m_scenario.file);
+    for (const ScenarioLine& line : lines) readLine(line);
+    // What looks at nothing would pass for ever.
+    if (lines.empty()) throw ScenarioError(m_scenario.file + ":1: the scenario is empty");
+    if (!m_expectsAnything) {
+      throw ScenarioError(m_scenario.file + ":" + std::to_string(lines.back().number) +
+                          ": nothing is expected up to here; a scenario has a line that begins with \"expect\"");
+    }
     return std::move(m_scenario);
   }
 
@@ -56,6 +63,7 @@ class ScenarioReader {
       word->read(reader, m_scenario.setUp);
       reader.needEnd();
     } else {
+      m_expectsAnything = m_expectsAnything || first == "expect";
       m_scenario.steps.push_back({line.number, line.text, readStep(reader)});
     }
   }
@@ -93,6 +101,7 @@ class ScenarioReader {
   }
 
   Scenario m_scenario;
+  bool m_expectsAnything = false;
 };
 
 }  // namespace

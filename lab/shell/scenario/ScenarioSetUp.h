@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,8 @@ struct ScenarioSetUp {
   std::filesystem::path calendar;
   // VEVENTs as iCalendar text, each with its line ends.
   std::vector<std::string> appointments;
+  // What they are called in the scenario, items of a series with their occurrence.
+  std::set<std::string> appointmentNames;
   std::vector<StoredRecord> records;
   // What the service knows before; a number of 0 stands for none.
   std::vector<Meeting> meetings;

@@ -50,6 +50,10 @@ class AppointmentReader {
   void read() {
     m_uid = m_line.text("the UID of the appointment");
     while (!m_line.atEnd()) readOption();
+    const std::string name = m_occurrence.empty() ? m_uid : m_uid + " occurrence " + m_occurrence;
+    if (!m_setUp.appointmentNames.insert(name).second) {
+      m_line.refuse("an appointment \"" + name + "\" stands above already");
+    }
     std::string text = "BEGIN:VEVENT\r\n";
     for (const std::string& content : {"UID:" + m_uid, "DTSTAMP:" + icsTime(m_stamp),
                                        "DTSTART:" + icsTime(m_start), "DTEND:" + icsTime(m_start + m_length)}) {

@@ -68,6 +68,10 @@ void Stage::loadCalendar(const ScenarioSetUp& setUp) {
 // -- Windows -----------------------------------------------------------------------------------------------------
 
 void Stage::enter(const std::string& name, OutlookHost::EditorId editor, std::optional<std::size_t> event) {
+  const auto known = m_windows.find(name);
+  if (known != m_windows.end() && known->second.editor != editor && host().isOpen(known->second.editor)) {
+    throw Mismatch("a name for the window that no other open window has", "\"" + name + "\" twice");
+  }
   m_windows[name] = {editor, event, m_calendar.text()};
   m_current = name;
   m_lastKeys.erase(name);
