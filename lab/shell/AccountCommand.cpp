@@ -1,6 +1,7 @@
 #include "lab/shell/AccountCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/PluginReport.h"
@@ -15,7 +16,7 @@ ExitCode tellAccount(const AccountCommandOptions& options) {
   if (!trouble.empty()) throw LabError("there is no profile: " + trouble);
   const vorn::Value groups = session.ask(options.question)["groups"];
   if (options.form == ReportForm::json) {
-    printGroupsAsJson(groups, vorn::Value::dictionary());
+    printGroupsAsJson(groups, nlohmann::ordered_json::object());
   } else {
     printGroups(groups);
   }

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <vector>
 
@@ -10,7 +11,6 @@
 #include "lab/shell/OptionChecks.h"
 #include "lab/shell/Session.h"
 #include "util/AtomicFile.h"
-#include "util/Utf16.h"
 
 namespace vornlab {
 
@@ -22,18 +22,6 @@ std::string contentOf(const std::filesystem::path& file) {
   std::optional<std::string> content = vorn::readFile(file.string());
   if (!content) throw UsageError(file.string() + ": no file that can be read");
   return std::move(*content);
-}
-
-// A body may hold bytes that JSON cannot.
-std::string asUtf8(std::string_view text) {
-  std::string valid;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = vorn::utf8SequenceLength(text, at);
-    const bool isStray = length == 1 && static_cast<unsigned char>(text[at]) >= 0x80;
-    valid += isStray ? "\xEF\xBF\xBD" : text.substr(at, length);
-    at += length;
-  }
-  return valid;
 }
 
 Value parametersOf(const BodyOptions& options, const std::string& body) {
@@ -48,19 +36,18 @@ Value parametersOf(const BodyOptions& options, const std::string& body) {
 
 void printAsJson(const BodyOptions& options, const std::string& body, const Value& answer) {
   const Value& result = answer["result"];
-  const auto size = [](const std::string& text) { return static_cast<std::int64_t>(text.size()); };
-  Value object = Value::dictionaryFromPairs({{"operation", options.operation},
-                                             {"changed", result.isText() && result.text() != body},
-                                             {"bytesBefore", size(body)},
-                                             {"bytesAfter", nullptr},
-                                             {"bookmarks", answer["bookmarks"]},
-                                             {"reason", answer["reason"]},
-                                             {"text", nullptr}});
+  nlohmann::ordered_json object{{"operation", options.operation},
+                                {"changed", result.isText() && result.text() != body},
+                                {"bytesBefore", body.size()},
+                                {"bytesAfter", nullptr},
+                                {"bookmarks", answer["bookmarks"].text()},
+                                {"reason", answer["reason"].text()},
+                                {"text", nullptr}};
   if (result.isText()) {
-    object.set("bytesAfter", size(result.text()));
-    object.set("text", asUtf8(result.text()));
+    object["bytesAfter"] = result.text().size();
+    object["text"] = result.text();
   }
-  printJson(object);
+  printJsonLine(object);
 }
 
 // One command below another for each operation, so that none takes an option that it has no use for.

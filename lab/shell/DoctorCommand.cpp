@@ -2,11 +2,13 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"
+#include "lab/shell/Words.h"
 
 namespace vornlab {
 namespace {
@@ -32,17 +34,31 @@ ExitCode doctor(const DoctorOptions& options) {
   const Value found = session.ask("client");
   Value troubles = found["troubles"];
   if (!noProfile.empty()) troubles.append(noProfile);
-  if (troubles.count() == 0 && !session.clientTrouble().empty()) troubles.append(session.clientTrouble());
+  // Of a client that did not start the plug-in knows only that it does not run.
+  const bool hasOwnReason = session.client().id() == 0 && !options.lab.withoutClient;
+  if (!session.clientTrouble().empty() && (hasOwnReason || troubles.count() == 0)) {
+    troubles.append(session.clientTrouble());
+  }
   const bool isReady = troubles.count() == 0;
 
+  const std::string folder = session.world().root().string();
   if (options.form == ReportForm::json) {
-    printGroupsAsJson(found["groups"], Value::dictionaryFromPairs({{"ready", isReady}, {"troubles", troubles}}));
+    printGroupsAsJson(found["groups"], {{"ready", isReady},
+                                        {"troubles", jsonOf(troubles)},
+                                        {"world", {{"folder", folder}, {"madeBy", "laboratory"}}}});
   } else {
+    std::printf(
+        "This is not your machine, but a world that the laboratory has made, with a client and an account of its "
+        "own:\n%s\n\n",
+        folder.c_str());
     printGroups(found["groups"]);
     if (isReady) {
       std::printf("A meeting could be made now.\n");
     } else {
-      std::printf("No meeting could be made now: %s.\n", joined(troubles).c_str());
+      // What a client has said may end with a point of its own.
+      std::string sentence = onOneLine(joined(troubles));
+      sentence.erase(sentence.find_last_not_of('.') + 1);
+      std::printf("No meeting could be made now: %s.\n", sentence.c_str());
     }
   }
   return isReady ? ExitCode::done : ExitCode::somethingFailed;

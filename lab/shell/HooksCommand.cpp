@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <nlohmann/json.hpp>
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/PluginReport.h"
@@ -13,8 +14,7 @@ using vorn::Value;
 
 void printHooks(const Value& told, ReportForm form) {
   if (form == ReportForm::json) {
-    printGroupsAsJson(told["groups"],
-                      Value::dictionaryFromPairs({{"rows", told["rows"]}, {"standing", told["standing"]}}));
+    printGroupsAsJson(told["groups"], {{"rows", jsonOf(told["rows"])}, {"standing", jsonOf(told["standing"])}});
   } else {
     printGroups(told["groups"]);
     std::printf("%s of %s hooks stand.\n", told["standing"].stringValue().c_str(),

@@ -3,11 +3,13 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <set>
 
+#include "lab/outlook/HostForms.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"
-#include "lab/shell/Words.h"
+#include "util/AtomicFile.h"
 
 namespace vornlab {
 
@@ -19,6 +21,41 @@ std::string titleOf(const CalendarEvent& event) {
   // An identifier, though it often has the form of an address.
   const std::string uid = event.uid();
   return event.isException() ? uid + ", " + event.recurrenceId() : uid;
+}
+
+void print(const Value& groups, ReportForm form, const std::string& title, nlohmann::ordered_json first) {
+  if (form == ReportForm::json) return printGroupsAsJson(groups, std::move(first));
+  std::printf("%s\n\n", title.c_str());
+  printGroups(groups);
+}
+
+// An appointment that has nothing but the body of a file.
+CalendarEvent addBody(CalendarStore& calendar, const std::filesystem::path& file) {
+  const auto content = vorn::readFile(file.string());
+  if (!content) throw UsageError(file.string() + " cannot be read");
+  const std::string text = isOfSingleBytes(*content) ? fromSingleBytes(*content) : wellFormed(*content);
+  CalendarEvent event = calendar.add("body", 0, 0, "");
+  const std::size_t tag = text.find('<');
+  const bool isHtml = tag != std::string::npos && text.find('>', tag) != std::string::npos;
+  if (isHtml) {
+    storeBody(event, text, true);
+  } else {
+    event.setDescription(text, {});
+  }
+  return event;
+}
+
+ExitCode inspectBody(const InspectOptions& options, const StartInspector& start) {
+  CalendarStore calendar;
+  const CalendarEvent event = addBody(calendar, options.body);
+  Value::Array groups;
+  const Value told = start(calendar)(event);
+  for (const Value& group : told.items()) {
+    // The rest is of an appointment that nobody has written.
+    if (group["name"].text() == "meeting" || group["name"].text() == "recognition") groups.push_back(group);
+  }
+  print(groups, options.form, options.body.string(), {{"body", options.body.string()}});
+  return ExitCode::done;
 }
 
 }  // namespace
@@ -37,6 +74,10 @@ ExitCode inspect(const InspectOptions& options) {
 }
 
 ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
+  if (options.body.empty() == options.input.file.empty()) {
+    throw UsageError("inspect takes a calendar file, or --body FILE");
+  }
+  if (!options.body.empty()) return inspectBody(options, start);
   CalendarStore calendar(options.input.storeOptions());
   loadCalendar(calendar, options.input);
   const Inspector inspector = start(calendar);
@@ -46,14 +87,8 @@ ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
   for (const CalendarEvent& event : calendar.events()) {
     if (!wanted.empty() && !wanted.contains(event.uid())) continue;
     missing.erase(event.uid());
-    const Value groups = inspector(event);
-    if (options.form == ReportForm::json) {
-      printGroupsAsJson(
-          groups, Value::dictionaryFromPairs({{"uid", event.uid()}, {"recurrenceId", event.recurrenceId()}}));
-    } else {
-      std::printf("%s\n\n", titleOf(event).c_str());
-      printGroups(groups);
-    }
+    print(inspector(event), options.form, titleOf(event),
+          {{"uid", event.uid()}, {"recurrenceId", event.recurrenceId()}});
   }
   for (const std::string& uid : missing)
     std::fprintf(stderr, "vornlab: there is no appointment %s\n", uid.c_str());
@@ -63,7 +98,9 @@ ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
 CLI::App* addInspectWords(CLI::App& program, InspectOptions& options) {
   CLI::App* command =
       program.add_subcommand("inspect", "tell what the plug-in sees in each appointment of a file");
-  addCalendarInput(*command, options.input)->required();
+  addCalendarInput(*command, options.input);
+  command->add_option("--body", options.body, "look at a body alone, in HTML or plain text")
+      ->check(CLI::ExistingFile);
   command->add_option("--uid", options.uids, "one appointment; may be repeated");
   command->add_option("--me", options.me, "the address of the calendar's owner");
   askWithoutClient(*command, options.lab, options.form);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -13,6 +14,8 @@ namespace vornlab {
 
 struct InspectOptions {
   CalendarInput input;
+  // A body to look at alone, in HTML or plain text, instead of a calendar file; "" for none.
+  std::filesystem::path body;
   // Empty for every appointment.
   std::vector<std::string> uids;
   // The address of the calendar's owner; "" when every appointment is one's own.
@@ -26,9 +29,10 @@ using Inspector = std::function<vorn::Value(const CalendarEvent& event)>;
 // Starts a laboratory over the calendar, which outlives it, and keeps it as long as the inspector.
 using StartInspector = std::function<Inspector(CalendarStore& calendar)>;
 
-// Prints what the plug-in sees in each appointment of a calendar file: the stored record, the meeting's key and
-// where it comes from, whether the appointment may have a meeting and why, and its plain form. Nothing is written.
-// With JSON one object an appointment. Exit code 1 when a UID is not there.
+// Prints what the plug-in sees in each appointment of a calendar file: the meeting's key, each way of recognising
+// it with what came of that, the stored record, whether the appointment may have a meeting and why, and its plain
+// form. Of a body it prints what the ways make of that. Nothing is written. With JSON one object a line for each
+// appointment. Exit code 1 when a UID is not there.
 ExitCode inspect(const InspectOptions& options);
 // The same in a laboratory of the caller's.
 ExitCode inspect(const InspectOptions& options, const StartInspector& start);

@@ -30,6 +30,7 @@ void MeetReport::tell(const MeetResult& result) {
   ++m_counts[static_cast<std::size_t>(result.outcome)];
   if (m_form == ReportForm::json) {
     printJsonLine(Json{{"uid", result.uid},
+                       {"recurrenceId", result.recurrenceId},
                        {"subject", result.subject},
                        {"result", nameOf(result.outcome)},
                        {"reason", result.reason},

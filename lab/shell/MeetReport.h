@@ -16,6 +16,8 @@ std::string_view nameOf(Outcome outcome);
 // What became of one appointment.
 struct MeetResult {
   std::string uid;
+  // Of a changed occurrence; "" for another appointment.
+  std::string recurrenceId;
   std::string subject;
   Outcome outcome = Outcome::failed;
   std::string reason;

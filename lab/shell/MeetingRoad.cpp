@@ -32,6 +32,7 @@ std::string noticeInWords(const std::string& message) {
 MeetResult describe(const CalendarEvent& event) {
   MeetResult result;
   result.uid = event.uid();
+  result.recurrenceId = event.recurrenceId();
   result.subject = event.summary().value_or("");
   result.meetingKey = meetingKeyOf(event);
   result.location = event.location().value_or("");

@@ -21,10 +21,6 @@ constexpr const char* kContinue = "buttonContinue";
 
 void print(const std::string& line) { std::printf("%s\n", onTerminal(line).c_str()); }
 
-void printJsonDocument(const ordered_json& json) {
-  std::printf("%s\n", json.dump(2, ' ', false, ordered_json::error_handler_t::replace).c_str());
-}
-
 CalendarEvent chosenEvent(CalendarStore& calendar, const PanelOptions& options) {
   if (options.uid.empty()) {
     const std::vector<CalendarEvent> events = calendar.events();
@@ -47,15 +43,13 @@ Ending endingOf(const PanelWindow& panel) {
 }
 
 void printWords(const PanelWindow& panel, ReportForm form) {
-  ordered_json json = ordered_json::array();
   for (const NamedControl& each : namedControls(panel.layout(), panel.controls())) {
     if (form == ReportForm::json) {
-      json.push_back({{"words", each.words}, {"key", each.key}, {"takes", each.verbs}});
+      printJsonLine({{"words", each.words}, {"key", each.key}, {"takes", each.verbs}});
     } else {
       print(filledToColumns(each.words, 34) + filledToColumns(each.verbs, 10) + each.key);
     }
   }
-  if (form == ReportForm::json) printJsonDocument(json);
 }
 
 void printTrial(const Trial& trial) {
@@ -129,7 +123,7 @@ class PanelRun {
  private:
   ExitCode show(const PanelWindow& panel) const {
     if (m_options.form == ReportForm::json) {
-      printJsonDocument(panelJson(panel));
+      printJsonLine(panelJson(panel));
     } else {
       for (const std::string& line :
            panelInWords(panel.title(), panel.layout(), panel.controls(), m_options.all)) {
@@ -157,7 +151,7 @@ class PanelRun {
       ordered_json document = panelJson(panel);
       document["tries"] = std::move(json);
       document["written"] = jsonOf(written);
-      printJsonDocument(document);
+      printJsonLine(document);
     } else {
       printOutcome(endingOf(panel), written);
     }

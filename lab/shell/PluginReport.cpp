@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <nlohmann/json.hpp>
 
 #include "lab/shell/Words.h"
 #include "util/Utf16.h"
@@ -69,14 +70,13 @@ void printGroups(const Value& groups) {
   }
 }
 
-void printGroupsAsJson(const Value& groups, const Value& further) {
-  Value object = further;
+void printGroupsAsJson(const Value& groups, nlohmann::ordered_json first) {
   for (const Value& group : groups.items()) {
-    Value entries = Value::dictionary();
-    for (const Value& row : group["rows"].items()) entries.set(row["key"].text(), row["value"]);
-    object.set(group["name"].text(), std::move(entries));
+    nlohmann::ordered_json entries = nlohmann::ordered_json::object();
+    for (const Value& row : group["rows"].items()) entries[row["key"].text()] = jsonOf(row["value"]);
+    first[group["name"].text()] = std::move(entries);
   }
-  printJson(object);
+  printJsonLine(first);
 }
 
 std::string fetchAccount(LabSession& session, double timeoutSeconds) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "lab/shell/LabSession.h"
@@ -11,8 +12,8 @@ namespace vornlab {
 // Prints groups of rows, as the plug-in gives them, in words: one line a row, in columns.
 void printGroups(const vorn::Value& groups);
 
-// Prints the groups as an object of objects by the groups' names and the rows' keys, with further entries beside.
-void printGroupsAsJson(const vorn::Value& groups, const vorn::Value& further);
+// Prints the groups as an object of objects by the groups' names and the rows' keys, behind the first entries.
+void printGroupsAsJson(const vorn::Value& groups, nlohmann::ordered_json first);
 
 // Has the plug-in fetch the profile of the account, the audio conferences and the people to schedule for, and
 // waits for the replies. Answers why there is no profile, or "".

@@ -4,8 +4,6 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "util/vStringUtils.h"
-
 namespace vornlab {
 
 void printJsonLine(const nlohmann::ordered_json& object) {
@@ -13,8 +11,25 @@ void printJsonLine(const nlohmann::ordered_json& object) {
   std::fflush(stdout);
 }
 
-void printJson(const vorn::Value& object) {
-  std::printf("%s\n", vorn::vStringUtils::toJSONString(object).value_or("{}").c_str());
+nlohmann::ordered_json jsonOf(const vorn::Value& value) {
+  using Json = nlohmann::ordered_json;
+  switch (value.kind()) {
+    case vorn::Value::Kind::boolean: return value.boolValue();
+    case vorn::Value::Kind::integer: return value.integerValue();
+    case vorn::Value::Kind::real: return value.realValue();
+    case vorn::Value::Kind::text: return value.text();
+    case vorn::Value::Kind::array: {
+      Json list = Json::array();
+      for (const vorn::Value& item : value.items()) list.push_back(jsonOf(item));
+      return list;
+    }
+    case vorn::Value::Kind::dictionary: {
+      Json object = Json::object();
+      for (const auto& [key, entry] : value.entries()) object[key] = jsonOf(entry);
+      return object;
+    }
+    default: return nullptr;
+  }
 }
 
 double roundedSeconds(double seconds) { return std::round(seconds * 1000) / 1000; }

@@ -13,8 +13,8 @@ enum class ReportForm { words, json };
 // JSON whatever a file holds.
 void printJsonLine(const nlohmann::ordered_json& object);
 
-// One object over as many lines as it takes.
-void printJson(const vorn::Value& object);
+// A value of the plug-in's as JSON, with the keys in alphabetical order; null for what JSON has no form for.
+nlohmann::ordered_json jsonOf(const vorn::Value& value);
 
 // Seconds as JSON gives them, with three decimals.
 double roundedSeconds(double seconds);

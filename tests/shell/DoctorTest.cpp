@@ -41,6 +41,8 @@ TEST(Doctor, SaysThatAMeetingCouldBeMadeAndByWhat) {
   const Told told({"doctor"});
   ASSERT_EQ(told.words.exitCode, 0) << told.words.output;
   EXPECT_THAT(told.words.output, HasSubstr("\nA meeting could be made now.\n"));
+  EXPECT_THAT(told.words.output, ::testing::StartsWith("This is not your machine, but a world "));
+  EXPECT_EQ(told.object["world"]["madeBy"], "laboratory");
   EXPECT_EQ(told.object["ready"], true);
   EXPECT_THAT(told.object["troubles"], IsEmpty());
   EXPECT_EQ(told.object["client"]["status"], 2);
@@ -56,6 +58,7 @@ TEST(Doctor, SaysThatAMeetingCouldBeMadeAndByWhat) {
 TEST(Doctor, SaysInOneLineWhatIsWrong) {
   const std::tuple<std::vector<std::string>, int, const char*> cases[] = {
       {{"doctor", "--without-client"}, 0, "the client is not installed"},
+      {{"doctor", "--client-option=--nonsense"}, 1, "not expected: --nonsense"},
       {{"doctor", "--client-version", "3.4.99"}, 3, "too old: it is 3.4.99"}};
   for (const auto& [arguments, status, trouble] : cases) {
     const Told told(arguments);

@@ -18,14 +18,10 @@ using ::testing::Not;
 
 class Inspect : public ::testing::Test {
  protected:
-  // The printed objects; printing them is over several lines.
   static std::vector<json> objectsOf(const std::string& output) {
     std::vector<json> objects;
-    std::istringstream rest(output);
-    for (json object; rest >> std::ws && rest.peek() == '{';) {
-      rest >> object;
-      objects.push_back(object);
-    }
+    std::istringstream lines(output);
+    for (std::string line; std::getline(lines, line);) objects.push_back(json::parse(line, nullptr, false));
     return objects;
   }
 
@@ -58,22 +54,105 @@ TEST_F(Inspect, TellsAPlainAppointmentFromOneThatHasGotItsMeeting) {
   const std::vector<json> online = inspect(after);
   ASSERT_EQ(online.size(), 1u) << m_run.output << m_run.errors;
   EXPECT_NE(online[0]["meeting"]["key"], "");
-  EXPECT_EQ(online[0]["meeting"]["keyFrom"], "the record in olmUCInband");
+  EXPECT_EQ(online[0]["meeting"]["keyFrom"], "olmUCInband");
   EXPECT_EQ(online[0]["record"]["state"], "readable");
   EXPECT_EQ(online[0]["record"]["hasJoinUrl"], true);
   EXPECT_THAT(m_run.output, Not(HasSubstr("pwd=")));
 }
 
-TEST_F(Inspect, FindsAKeyInTheTextAndSaysWhoMayHaveAMeeting) {
-  const auto file = m_folder.write(
-      "text.ics",
-      calendar({appointment("pasted", "Pasted", {"DESCRIPTION:Join https://vorn.example/j/123456789 now"}),
-                appointment("theirs", "Theirs",
-                            {"ORGANIZER:mailto:ada@vorn.example", "X-VORNLAB-OLMUCINBAND:no JSON"})}));
+TEST_F(Inspect, TellsEachWayOfRecognisingAMeetingAndWhyItFoundNone) {
+  const std::string inband = "X-VORNLAB-OLMUCINBAND:";
+  const std::string older = "X-VORNLAB-OLMUCCAPABILITIES:";
+  const std::string record = R"({"meetingKey":"123456789"})";
+  const struct {
+    std::vector<std::string> lines;
+    // What the ways olmUCInband, olmUCCapabilities and text give; the state of the record; the key and its way.
+    const char *ways, *state, *key, *from, *reason;
+  } cases[] = {
+      {{inband + record}, "found none none", "readable", "123456789", "olmUCInband", "no line of"},
+      {{older + record}, "none found none", "readable", "123456789", "olmUCCapabilities", "no line of"},
+      {{inband + "no JSON", older + record},
+       "broken found none",
+       "readable",
+       "123456789",
+       "olmUCCapabilities",
+       ""},
+      {{inband + "no JSON"}, "broken none none", "broken", "", "none", ""},
+      {{inband + "[1]"}, "broken none none", "broken", "", "none", ""},
+      {{inband + "{\"a\":1}"}, "no key none none", "no key", "", "none", ""},
+      {{inband + "{\"meetingKey\":7}", older + record}, "no key found none", "no key", "", "none", ""},
+      {{"DESCRIPTION:Join https://vorn.example/j/123456789 now"},
+       "none none found",
+       "none",
+       "123456789",
+       "text",
+       "a join address"},
+      {{"DESCRIPTION:Meeting ID: 123 456 789\\nbye"},
+       "none none found",
+       "none",
+       "123456789",
+       "text",
+       "Meeting ID:"},
+      {{"DESCRIPTION:Meeting ID: 123"}, "none none none", "none", "", "none", "no 9 to 12 digits"},
+      {{"DESCRIPTION:https://vorn.example/my/ann"}, "none none none", "none", "", "none", "personal link"},
+      {{"DESCRIPTION:" + std::string(50, 'x') + " https://vorn.example/j/123", " 456789 now"},
+       "none none none",
+       "none",
+       "",
+       "none",
+       "a fold"},
+      {{inband + record, "DESCRIPTION:https://vorn.example/j/987654321 now"},
+       "found none found",
+       "readable",
+       "123456789",
+       "olmUCInband",
+       "a join address"},
+      {{"RECURRENCE-ID:20300514T120000Z", "DESCRIPTION:https://vorn.example/j/987654321 now"},
+       "none none found",
+       "none",
+       "",
+       "none",
+       "a join address"}};
+  std::vector<std::string> events;
+  for (const auto& each : cases) events.push_back(appointment(std::to_string(events.size()), "Call", each.lines));
+  const std::vector<json> seen = inspect(m_folder.write("in.ics", calendar(events)));
+  ASSERT_EQ(seen.size(), events.size()) << m_run.output << m_run.errors;
+  for (std::size_t i = 0; i < seen.size(); ++i) {
+    SCOPED_TRACE(events[i]);
+    const json& ways = seen[i]["recognition"];
+    std::string results;
+    for (const char* way : {"olmUCInband", "olmUCCapabilities", "text"}) {
+      results += (results.empty() ? "" : " ") + ways[way]["result"].get<std::string>();
+    }
+    EXPECT_EQ(results, cases[i].ways);
+    EXPECT_EQ(seen[i]["record"]["state"], cases[i].state);
+    EXPECT_EQ(seen[i]["meeting"]["key"], cases[i].key);
+    EXPECT_EQ(seen[i]["meeting"]["keyFrom"], cases[i].from);
+    EXPECT_EQ(seen[i]["meeting"]["keyIsGuess"], cases[i].from == std::string("text"));
+    EXPECT_THAT(ways["text"]["reason"].get<std::string>(), HasSubstr(cases[i].reason));
+    const bool isDecidedBefore = cases[i].from[0] == 'o' || seen[i]["recurrenceId"] != "";
+    EXPECT_EQ(ways["text"]["asked"], !isDecidedBefore);
+  }
+}
+
+TEST_F(Inspect, LooksAtABodyAloneAndSaysWhoMayHaveAMeeting) {
+  for (const char* body : {"Join https://vorn.example/j/123456789 now", "<p>Meeting ID: <b>123 456 789</b></p>"}) {
+    const std::vector<json> seen = [&] {
+      m_run = runProgram(VORNLAB_PROGRAM, {"inspect", "--body", m_folder.write("body", body), "--json"});
+      return objectsOf(m_run.output);
+    }();
+    ASSERT_EQ(seen.size(), 1u) << m_run.output << m_run.errors;
+    EXPECT_EQ(seen[0]["recognition"]["text"]["key"], "123456789") << m_run.output;
+    EXPECT_FALSE(seen[0].contains("plainForm"));
+  }
+  EXPECT_EQ(runProgram(VORNLAB_PROGRAM, {"inspect"}).exitCode, 2);
+
+  const auto file =
+      m_folder.write("in.ics", calendar({appointment("mine", "Mine"),
+                                         appointment("theirs", "Theirs", {"ORGANIZER:mailto:ada@vorn.example"})}));
   const std::vector<json> seen = inspect(file, {"--me", "me@vorn.example"});
   ASSERT_EQ(seen.size(), 2u) << m_run.output << m_run.errors;
-  EXPECT_EQ(seen[0]["meeting"]["key"], "123456789");
-  EXPECT_EQ(seen[0]["meeting"]["keyFrom"], "the invitation in the appointment's text");
+  EXPECT_EQ(seen[0]["meeting"]["supported"], true);
   EXPECT_EQ(seen[1]["meeting"]["supported"], false);
   EXPECT_EQ(inspect(file, {"--uid", "theirs"}).size(), 1u);
   inspect(file, {"--uid", "nobody"});
