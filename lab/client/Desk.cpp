@@ -19,7 +19,7 @@ std::vector<Desk::Answer> Desk::take(const Envelope& request, std::size_t bytes,
   const auto micros = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begin).count();
 
   json members = way;
-  members.update({{"action", request.action}, {"bytes", bytes}, {"content", maskedRequest(request)}});
+  members.update({{"action", request.action}, {"bytes", bytes}, {"content", coveredRequest(request)}});
   if (operation != 0) members["operation"] = operation;
   m_journal.note("request", std::move(members));
   for (const auto& [reply, faults] : answers) {
@@ -28,7 +28,7 @@ std::vector<Desk::Answer> Desk::take(const Envelope& request, std::size_t bytes,
                     {"to", request.action},
                     {"bytes", reply.content.size()},
                     {"micros", micros},
-                    {"content", maskedReply(reply)}});
+                    {"content", coveredReply(reply)}});
     for (const Fault& fault : faults) members["faults"].push_back(fault.words);
     m_journal.note("reply", std::move(members));
   }

@@ -1,4 +1,5 @@
 #include "lab/client/Faults.h"
+#include "secrets/SecretMask.h"
 
 #include <sys/stat.h>
 
@@ -230,7 +231,8 @@ void FaultBook::readAgainWhenChanged() {
   try {
     *this = fromFile(m_path);
   } catch (const FaultError& error) {
-    std::cerr << "vornclient: the faults stay as they were: " << error.what() << std::endl;
+    std::cerr << "vornclient: the faults stay as they were: " << vorn::SecretMask::covered(error.what())
+              << std::endl;
   }
 }
 

@@ -9,10 +9,10 @@
 
 namespace vornlab {
 
-// A content with e-mail addresses, passcodes and the tokens of join URLs replaced by "***", base64 and long texts
-// by their sizes. What is left is short, and safe to show.
-std::string maskedRequest(const Envelope& request);
-std::string maskedReply(const Envelope& reply);
+// A content with secrets covered, and with base64 and long texts given by their sizes. What is left is short, and
+// safe to show.
+std::string coveredRequest(const Envelope& request);
+std::string coveredReply(const Envelope& reply);
 
 // Appends one JSON object a line to a file, written at once, so that another process can follow it.
 class Journal {
@@ -25,7 +25,7 @@ class Journal {
 
   bool isKept() const { return m_file >= 0; }
 
-  // Adds "event" and "seconds" (since the start) to the members. Failures to write are silent.
+  // Covers secrets in the members and adds "event" and "seconds" (since the start). Failures to write are silent.
   void note(std::string_view event, nlohmann::json members);
 
  private:

@@ -104,7 +104,7 @@ void NotificationTransport::take(const std::string& name, const Texts& userInfo)
   } else if (std::find(kHeard.begin(), kHeard.end(), name) != kHeard.end()) {
     nlohmann::json members = {{"name", name}};
     const auto parameter = userInfo.find(kActivationParameter);
-    if (parameter != userInfo.end()) members["content"] = maskedRequest({0, parameter->second});
+    if (parameter != userInfo.end()) members["content"] = coveredRequest({0, parameter->second});
     m_journal.note("notification", std::move(members));
   }
 }

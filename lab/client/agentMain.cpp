@@ -7,12 +7,14 @@
 #include <CLI/CLI.hpp>
 #include <array>
 #include <iostream>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "lab/client/Agent.h"
 #include "lab/client/ClientLauncher.h"
 #include "lab/client/StopSignals.h"
+#include "secrets/SecretMask.h"
 
 namespace {
 
@@ -64,14 +66,18 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kBadUsage;
+    // It repeats words of the line.
+    std::ostringstream told;
+    const int code = app.exit(error, std::cout, told);
+    std::cerr << vorn::SecretMask::covered(told.str());
+    return code == 0 ? 0 : kBadUsage;
   }
   ::umask(0077);
   try {
     serve(arguments);
     return 0;
   } catch (const std::exception& error) {
-    std::cerr << "vOutlookPluginAgent: " << error.what() << "\n";
+    std::cerr << "vOutlookPluginAgent: " << vorn::SecretMask::covered(error.what()) << "\n";
   }
   return kFailed;
 }

@@ -8,11 +8,13 @@
 #include <iostream>
 #include <map>
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "lab/client/NotificationTransport.h"
 #include "lab/client/Server.h"
 #include "lab/client/StopSignals.h"
+#include "secrets/SecretMask.h"
 
 namespace {
 
@@ -34,6 +36,8 @@ struct Arguments {
   bool endsWithInput = false;
   Transport transport = Transport::socket;
 };
+
+void complain(const std::string& why) { std::cerr << "vornclient: " << vorn::SecretMask::covered(why) << "\n"; }
 
 // "5.12.3" of "5.12.3.9654".
 std::string shortVersion(const std::string& version) {
@@ -137,7 +141,11 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kBadUsage;
+    // It repeats words of the line.
+    std::ostringstream told;
+    const int code = app.exit(error, std::cout, told);
+    std::cerr << vorn::SecretMask::covered(told.str());
+    return code == 0 ? 0 : kBadUsage;
   }
 
   // The database and the journal are nobody else's business.
@@ -145,15 +153,15 @@ int main(int argc, char** argv) {
   try {
     return serve(arguments);
   } catch (const vornlab::AccountError& error) {
-    std::cerr << "vornclient: " << error.what() << "\n";
+    complain(error.what());
     return kBadUsage;
   } catch (const vornlab::FaultError& error) {
-    std::cerr << "vornclient: " << error.what() << "\n";
+    complain(error.what());
     return kBadUsage;
   } catch (const vornlab::StoreError& error) {
-    std::cerr << "vornclient: " << arguments.database << ": " << error.what() << "\n";
+    complain(arguments.database + ": " + error.what());
   } catch (const std::exception& error) {
-    std::cerr << "vornclient: " << error.what() << "\n";
+    complain(error.what());
   }
   return kFailed;
 }

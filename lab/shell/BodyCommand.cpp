@@ -9,6 +9,7 @@
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/CalendarOutput.h"
 #include "lab/shell/OptionChecks.h"
+#include "lab/shell/Output.h"
 #include "lab/shell/Session.h"
 #include "util/AtomicFile.h"
 
@@ -47,7 +48,8 @@ void printAsJson(const BodyOptions& options, const std::string& body, const Valu
     object["bytesAfter"] = result.text().size();
     object["text"] = result.text();
   }
-  printJsonLine(object);
+  // The text is the person's own, and what was asked for.
+  sayJsonLineAsIs(object);
 }
 
 // One command below another for each operation, so that none takes an option that it has no use for.
@@ -84,12 +86,12 @@ ExitCode changeBody(const BodyOptions& options) {
   if (isJson) {
     printAsJson(options, body, answer);
   } else if (!result.isText()) {
-    std::fprintf(stderr, "vornlab: %s: %s\n", options.body.string().c_str(), answer["reason"].text().c_str());
+    complain(options.body.string() + ": " + answer["reason"].text(), "vornlab");
   } else if (options.output.empty()) {
     std::fwrite(result.text().data(), 1, result.text().size(), stdout);
   } else {
-    std::printf("%s: %zu bytes became %zu; bookmarks: %s\n", options.operation.c_str(), body.size(),
-                result.text().size(), answer["bookmarks"].text().c_str());
+    say(options.operation + ": " + std::to_string(body.size()) + " bytes became " +
+        std::to_string(result.text().size()) + "; bookmarks: " + answer["bookmarks"].text());
   }
   return result.isText() ? ExitCode::done : ExitCode::somethingFailed;
 }

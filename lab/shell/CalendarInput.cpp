@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "lab/shell/LabError.h"
+#include "lab/shell/Output.h"
 
 namespace vornlab {
 namespace {
@@ -65,10 +66,10 @@ void loadCalendar(CalendarStore& calendar, const CalendarInput& input) {
   const std::vector<IcsProblem> doubts = calendar.doubts();
   if (input.isStrict && !doubts.empty()) throw UsageError(faultInWords(input.file, doubts.front()));
   for (std::size_t i = 0; i < std::min(doubts.size(), kMostWarnings); ++i) {
-    std::fprintf(stderr, "vornlab: %s\n", faultInWords(input.file, doubts[i]).c_str());
+    complain(faultInWords(input.file, doubts[i]), "vornlab");
   }
   if (doubts.size() > kMostWarnings) {
-    std::fprintf(stderr, "vornlab: %s: and %zu more\n", input.file.c_str(), doubts.size() - kMostWarnings);
+    complain(input.file.string() + ": and " + std::to_string(doubts.size() - kMostWarnings) + " more", "vornlab");
   }
 }
 

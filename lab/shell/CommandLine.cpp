@@ -8,9 +8,11 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <sstream>
 
 #include "lab/shell/Interruption.h"
 #include "lab/shell/OptionChecks.h"
+#include "lab/shell/Output.h"
 #include "lab/shell/SystemVersion.h"
 #include "lab/shell/World.h"
 
@@ -95,7 +97,7 @@ void fillClosedOutputs() {
 
 int runToItsEnd(const char* name, const std::function<ExitCode()>& run) {
   Interruption::install();
-  const auto tell = [name](const std::exception& error) { std::fprintf(stderr, "%s: %s\n", name, error.what()); };
+  const auto tell = [name](const std::exception& error) { complain(error.what(), name); };
   try {
     return static_cast<int>(run());
   } catch (const Interrupted& error) {
@@ -120,7 +122,7 @@ int runProgram(const char* name, const std::function<ExitCode()>& run) {
   // Whoever has closed a pipe does not want to read on.
   if (!isWritten && errno != EPIPE && code != static_cast<int>(ExitCode::interrupted)) {
     const std::string reason = errno == 0 ? "" : std::string(": ") + std::strerror(errno);
-    std::fprintf(stderr, "%s: standard output could not be written%s\n", name, reason.c_str());
+    complain("standard output could not be written" + reason, name);
   }
   return isWritten || code != 0 ? code : static_cast<int>(ExitCode::somethingFailed);
 }
@@ -189,7 +191,12 @@ std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> wo
     program.parse(words);
   } catch (const CLI::ParseError& error) {
     // Help and the version.
-    if (error.get_exit_code() == 0) return program.exit(error), ExitCode::done;
+    if (error.get_exit_code() == 0) {
+      std::ostringstream told;
+      program.exit(error, told, told);
+      sayLines(told.str());
+      return ExitCode::done;
+    }
     throw UsageError(inOwnWords(program, error) + "; " + commandOf(program) + " --help tells more");
   }
   return std::nullopt;

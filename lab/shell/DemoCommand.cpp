@@ -2,20 +2,24 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cstdio>
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/CalendarInput.h"
 #include "lab/shell/CalendarOutput.h"
-#include "lab/shell/Masking.h"
 #include "lab/shell/MeetingRoad.h"
+#include "lab/shell/Output.h"
 #include "lab/shell/Session.h"
 #include "lab/shell/Words.h"
+#include "secrets/SecretMask.h"
 
 namespace vornlab {
 namespace {
 
-void printFact(const char* name, const std::string& value) { std::printf("  %-10s %s\n", name, value.c_str()); }
+void printFact(std::string name, const std::string& value) {
+  name.resize(10, ' ');
+  // Without its name, which is no label of a secret and could be taken for one.
+  sayAsIs("  " + name + " " + vorn::SecretMask::covered(value));
+}
 
 std::string timeText(const std::optional<CalendarTime>& time) {
   if (!time) return "-";
@@ -29,39 +33,37 @@ void printBody(const std::string& body) {
   constexpr std::size_t kColumns = 90;
   if (body.empty()) return printFact("Body", "-");
   printFact("Body", std::to_string(body.size()) + " bytes");
-  const std::string shown = masked(body);
+  const std::string shown = vorn::SecretMask::covered(body);
   std::size_t begin = 0;
   for (std::size_t line = 0; line < kLines && begin < shown.size(); ++line) {
     const std::size_t end = std::min(shown.find('\n', begin), shown.size());
-    std::printf("             | %s\n", shortened(shown.substr(begin, end - begin), kColumns).c_str());
+    sayAsIs("             | " + shortened(shown.substr(begin, end - begin), kColumns));
     begin = end + 1;
   }
-  if (begin < shown.size()) std::printf("             | ...\n");
+  if (begin < shown.size()) sayAsIs("             | ...");
 }
 
 void printAppointment(const char* title, const CalendarEvent& event) {
   const MeetResult facts = describe(event);
-  std::printf("%s\n", title);
-  printFact("Subject", masked(facts.subject));
+  say(title);
+  printFact("Subject", facts.subject);
   printFact("Starts", timeText(event.start()));
   printFact("Ends", timeText(event.end()));
-  printFact("Location", facts.location.empty() ? "-" : masked(facts.location));
+  printFact("Location", facts.location.empty() ? "-" : facts.location);
   printFact("Attendees", std::to_string(event.attendees().size()));
   printFact("Meeting", facts.meetingKey.empty() ? "none" : facts.meetingKey);
   printBody(event.description().value_or(""));
-  std::printf("\n");
+  say("");
 }
 
 void printEnd(const MeetResult& result, const Session& session, const DemoOptions& options) {
-  if (!options.output.empty()) std::printf("The calendar is in %s\n", options.output.c_str());
-  if (options.lab.keepWorld) std::printf("The world's folder is %s\n", session.world().root().c_str());
+  if (!options.output.empty()) say("The calendar is in " + options.output.string());
+  if (options.lab.keepWorld) say("The world's folder is " + session.world().root().string());
   if (result.outcome == Outcome::failed) {
-    std::printf("The appointment got no meeting: %s\n", masked(result.reason).c_str());
+    say("The appointment got no meeting: " + result.reason);
   } else {
-    std::printf(
-        "The appointment is an online meeting now: number %s, with a join URL in its location and an invitation "
-        "in its body.\n",
-        result.meetingKey.c_str());
+    say("The appointment is an online meeting now: number " + result.meetingKey +
+        ", with a join URL in its location and an invitation in its body.");
   }
 }
 
@@ -88,7 +90,7 @@ ExitCode demo(const DemoOptions& options) {
   const CalendarEvent event = chosenEvent(calendar, options);
   printAppointment("The appointment before", event);
 
-  std::printf("The road (seconds, step, facts)\n");
+  say("The road (seconds, step, facts)");
   const RoadPrinter printer(options.envelopes);
   Session session(options.lab, calendar, {});
   session.trace().setListener(
@@ -100,7 +102,7 @@ ExitCode demo(const DemoOptions& options) {
   MeetingRoad road(session, options.lab.timeoutSeconds);
   road.setNarrator([&printer](const std::string& act) { printer.say("person", act); });
   const MeetResult result = road.take(event);
-  std::printf("\n");
+  say("");
 
   printAppointment("The appointment after", event);
   if (output) output->write(calendar.text(), options.input.file);

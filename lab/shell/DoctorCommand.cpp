@@ -1,11 +1,11 @@
 #include "lab/shell/DoctorCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <nlohmann/json.hpp>
 #include <string>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/Output.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"
 #include "lab/shell/Words.h"
@@ -47,18 +47,17 @@ ExitCode doctor(const DoctorOptions& options) {
                                         {"troubles", jsonOf(troubles)},
                                         {"world", {{"folder", folder}, {"madeBy", "laboratory"}}}});
   } else {
-    std::printf(
-        "This is not your machine, but a world that the laboratory has made, with a client and an account of its "
-        "own:\n%s\n\n",
-        folder.c_str());
+    say("This is not your machine, but a world that the laboratory has made, with a client and an account of its own:");
+    say(folder);
+    say("");
     printGroups(found["groups"]);
     if (isReady) {
-      std::printf("A meeting could be made now.\n");
+      say("A meeting could be made now.");
     } else {
       // What a client has said may end with a point of its own.
       std::string sentence = onOneLine(joined(troubles));
       sentence.erase(sentence.find_last_not_of('.') + 1);
-      std::printf("No meeting could be made now: %s.\n", sentence.c_str());
+      say("No meeting could be made now: " + sentence + ".");
     }
   }
   return isReady ? ExitCode::done : ExitCode::somethingFailed;

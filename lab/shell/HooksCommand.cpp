@@ -1,10 +1,10 @@
 #include "lab/shell/HooksCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <nlohmann/json.hpp>
 
 #include "lab/outlook/CalendarStore.h"
+#include "lab/shell/Output.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"
 
@@ -17,8 +17,7 @@ void printHooks(const Value& told, ReportForm form) {
     printGroupsAsJson(told["groups"], {{"rows", jsonOf(told["rows"])}, {"standing", jsonOf(told["standing"])}});
   } else {
     printGroups(told["groups"]);
-    std::printf("%s of %s hooks stand.\n", told["standing"].stringValue().c_str(),
-                told["rows"].stringValue().c_str());
+    say(told["standing"].stringValue() + " of " + told["rows"].stringValue() + " hooks stand.");
   }
 }
 

@@ -1,12 +1,12 @@
 #include "lab/shell/InspectCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <set>
 
 #include "lab/outlook/HostForms.h"
+#include "lab/shell/Output.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"
 #include "util/AtomicFile.h"
@@ -18,14 +18,14 @@ using vorn::Value;
 namespace {
 
 std::string titleOf(const CalendarEvent& event) {
-  // An identifier, though it often has the form of an address.
   const std::string uid = event.uid();
   return event.isException() ? uid + ", " + event.recurrenceId() : uid;
 }
 
 void print(const Value& groups, ReportForm form, const std::string& title, nlohmann::ordered_json first) {
   if (form == ReportForm::json) return printGroupsAsJson(groups, std::move(first));
-  std::printf("%s\n\n", title.c_str());
+  say(title);
+  say("");
   printGroups(groups);
 }
 
@@ -90,8 +90,7 @@ ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
     print(inspector(event), options.form, titleOf(event),
           {{"uid", event.uid()}, {"recurrenceId", event.recurrenceId()}});
   }
-  for (const std::string& uid : missing)
-    std::fprintf(stderr, "vornlab: there is no appointment %s\n", uid.c_str());
+  for (const std::string& uid : missing) complain("there is no appointment " + uid, "vornlab");
   return missing.empty() ? ExitCode::done : ExitCode::somethingFailed;
 }
 

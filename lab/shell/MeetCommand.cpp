@@ -60,7 +60,7 @@ class MeetRun {
                                  : std::make_unique<CalendarOutput>(
                                        options.output,
                                        std::vector<fs::path>{options.lab.account, options.lab.clientDatabase})),
-        m_report(options.form, options.isTrial),
+        m_report(options.form, options.isTrial, options.isCovered),
         m_calendar(options.input.storeOptions()) {}
 
   ExitCode run() {
@@ -184,7 +184,8 @@ std::string defaultDatabase() {
 }
 
 CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
-  CLI::App* command = program.add_subcommand("meet", "give the appointments of a calendar file their meetings");
+  CLI::App* command = program.add_subcommand(
+      "meet", "give the appointments of a calendar file their meetings, and tell their join URLs");
   addCalendarInput(*command, options.input)->required();
   auto* out = command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself");
   auto* which = command->add_option_group("which appointments");
@@ -197,6 +198,8 @@ CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
                  "only say what would be done: the service works on a copy, and no calendar is written")
       ->excludes(out);
   addJsonFlag(*command, options.form, "one JSON object a line");
+  command->add_flag("--covered", options.isCovered,
+                    "cover passcodes, join tokens and addresses in what is told, for passing it on");
   command->add_option("--client-db", options.lab.clientDatabase, "where the stand-in service keeps its meetings")
       ->capture_default_str();
   command->add_option("--me", options.me, "the address of the calendar's owner: what others organize is skipped");

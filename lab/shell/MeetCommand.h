@@ -25,6 +25,8 @@ struct MeetOptions {
   // Nothing is to come of it: the service works on a copy of its meetings, and no calendar is written.
   bool isTrial = false;
   ReportForm form = ReportForm::words;
+  // Whether what is told is for other eyes than the owner's.
+  bool isCovered = false;
   // The address of the calendar's owner; "" when it does not matter who called a meeting.
   std::string me;
   LabOptions lab;

@@ -4,12 +4,15 @@
 #include <nlohmann/json.hpp>
 #include <numeric>
 
+#include "lab/shell/Output.h"
 #include "lab/shell/TextColumns.h"
+#include "secrets/SecretMask.h"
 
 namespace vornlab {
 namespace {
 
 using Json = nlohmann::ordered_json;
+using vorn::SecretMask;
 
 constexpr std::array<std::string_view, 6> kNames{"added", "updated", "unchanged", "skipped", "failed", "removed"};
 constexpr std::size_t kSubjectColumns = 35;
@@ -18,8 +21,11 @@ constexpr std::size_t kSubjectColumns = 35;
 
 std::string_view nameOf(Outcome outcome) { return kNames[static_cast<std::size_t>(outcome)]; }
 
-MeetReport::MeetReport(ReportForm form, bool isTrial) : m_form(form), m_isTrial(isTrial) {
-  if (m_isTrial && m_form == ReportForm::words) std::printf("A trial: this is what would be done.\n\n");
+MeetReport::MeetReport(ReportForm form, bool isTrial, bool isCovered)
+    : m_form(form), m_isTrial(isTrial), m_isCovered(isCovered) {
+  if (!m_isTrial || m_form != ReportForm::words) return;
+  say("A trial: this is what would be done.");
+  say("");
 }
 
 std::size_t MeetReport::appointments() const {
@@ -29,21 +35,23 @@ std::size_t MeetReport::appointments() const {
 void MeetReport::tell(const MeetResult& result) {
   ++m_counts[static_cast<std::size_t>(result.outcome)];
   if (m_form == ReportForm::json) {
-    printJsonLine(Json{{"uid", result.uid},
-                       {"recurrenceId", result.recurrenceId},
-                       {"subject", result.subject},
-                       {"result", nameOf(result.outcome)},
-                       {"reason", result.reason},
-                       {"meetingKey", result.meetingKey},
-                       {"location", result.location}});
-    return;
+    const Json json{{"uid", result.uid},
+                    {"recurrenceId", result.recurrenceId},
+                    {"subject", result.subject},
+                    {"result", nameOf(result.outcome)},
+                    {"reason", result.reason},
+                    {"meetingKey", result.meetingKey},
+                    {"location", result.location}};
+    return m_isCovered ? sayJsonLine(json) : sayJsonLineAsIs(json);
   }
   const bool hasMeeting = result.outcome != Outcome::failed && result.outcome != Outcome::skipped;
   std::string told = hasMeeting ? result.location : result.reason;
   if (hasMeeting && !result.reason.empty()) told += " (" + result.reason + ")";
   const std::string subject = result.subject.empty() ? "(no subject)" : result.subject;
-  std::printf("%-10s %s %s\n", std::string(nameOf(result.outcome)).c_str(),
-              filledToColumns(subject, kSubjectColumns).c_str(), told.c_str());
+  const auto seen = [this](const std::string& text) { return m_isCovered ? SecretMask::covered(text) : text; };
+  std::string outcome(nameOf(result.outcome));
+  outcome.resize(10, ' ');
+  sayAsIs(outcome + " " + filledToColumns(seen(subject), kSubjectColumns) + " " + seen(told));
   std::fflush(stdout);
 }
 
@@ -55,14 +63,18 @@ void MeetReport::tellSummary(std::size_t sent, std::size_t received, double seco
     summary["received"] = received;
     summary["seconds"] = roundedSeconds(seconds);
     summary["trial"] = m_isTrial;
-    printJsonLine(Json{{"summary", summary}});
+    sayJsonLine(Json{{"summary", summary}});
     return;
   }
-  std::printf("\n%zu appointments:", appointments());
+  std::string counts = std::to_string(appointments()) + " appointments:";
   for (std::size_t i = 0; i < kNames.size(); ++i) {
-    std::printf("%s %zu %s", i == 0 ? "" : ",", m_counts[i], std::string(kNames[i]).c_str());
+    counts += (i == 0 ? " " : ", ") + std::to_string(m_counts[i]) + " " + std::string(kNames[i]);
   }
-  std::printf("; %zu requests and %zu replies in %.1f seconds\n", sent, received, seconds);
+  std::array<char, 32> took{};
+  std::snprintf(took.data(), took.size(), "%.1f", seconds);
+  say("");
+  say(counts + "; " + std::to_string(sent) + " requests and " + std::to_string(received) + " replies in " +
+      took.data() + " seconds");
 }
 
 }  // namespace vornlab

@@ -25,12 +25,13 @@ struct MeetResult {
   std::string location;
 };
 
-// Tells the results of a run, one line each, and a summary, for people or as one JSON object a line. Passcodes are
-// not masked: the result belongs to the person whose calendar it is.
+// Tells the results of a run, one line each, and a summary, for people or as one JSON object a line. Join URLs,
+// subjects and UIDs are shown as they are: the result belongs to the person whose calendar it is. For other eyes
+// all of it can be covered.
 class MeetReport {
  public:
   // Of a trial it says that nothing has come of it.
-  MeetReport(ReportForm form, bool isTrial);
+  MeetReport(ReportForm form, bool isTrial, bool isCovered);
 
   void tell(const MeetResult& result);
   void tellSummary(std::size_t sent, std::size_t received, double seconds) const;
@@ -41,6 +42,7 @@ class MeetReport {
  private:
   ReportForm m_form;
   bool m_isTrial;
+  bool m_isCovered;
   std::array<std::size_t, 6> m_counts{};
 };
 

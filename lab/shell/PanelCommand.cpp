@@ -1,11 +1,11 @@
 #include "lab/shell/PanelCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <nlohmann/json.hpp>
 #include <optional>
 
 #include "lab/shell/MeetCommand.h"
+#include "lab/shell/Output.h"
 #include "lab/shell/Session.h"
 #include "lab/shell/TextColumns.h"
 #include "lab/shell/Words.h"
@@ -19,7 +19,9 @@ using nlohmann::ordered_json;
 
 constexpr const char* kContinue = "buttonContinue";
 
-void print(const std::string& line) { std::printf("%s\n", onTerminal(line).c_str()); }
+// What stands on the line was covered where it was known which control it belongs to: "[x]" behind "Passcode:"
+// hides nothing.
+void print(const std::string& line) { sayAsIs(line); }
 
 CalendarEvent chosenEvent(CalendarStore& calendar, const PanelOptions& options) {
   if (options.uid.empty()) {
@@ -45,7 +47,7 @@ Ending endingOf(const PanelWindow& panel) {
 void printWords(const PanelWindow& panel, ReportForm form) {
   for (const NamedControl& each : namedControls(panel.layout(), panel.controls())) {
     if (form == ReportForm::json) {
-      printJsonLine({{"words", each.words}, {"key", each.key}, {"takes", each.verbs}});
+      sayJsonLine({{"words", each.words}, {"key", each.key}, {"takes", each.verbs}});
     } else {
       print(filledToColumns(each.words, 34) + filledToColumns(each.verbs, 10) + each.key);
     }
@@ -123,7 +125,7 @@ class PanelRun {
  private:
   ExitCode show(const PanelWindow& panel) const {
     if (m_options.form == ReportForm::json) {
-      printJsonLine(panelJson(panel));
+      sayJsonLine(panelJson(panel));
     } else {
       for (const std::string& line :
            panelInWords(panel.title(), panel.layout(), panel.controls(), m_options.all)) {
@@ -151,7 +153,7 @@ class PanelRun {
       ordered_json document = panelJson(panel);
       document["tries"] = std::move(json);
       document["written"] = jsonOf(written);
-      printJsonLine(document);
+      sayJsonLine(document);
     } else {
       printOutcome(endingOf(panel), written);
     }

@@ -1,15 +1,18 @@
 #include "lab/shell/PluginReport.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <nlohmann/json.hpp>
+#include <utility>
 
+#include "lab/shell/Output.h"
 #include "lab/shell/Words.h"
+#include "secrets/SecretMask.h"
 #include "util/Utf16.h"
 
 namespace vornlab {
 namespace {
 
+using vorn::SecretMask;
 using vorn::Value;
 
 // A longer value moves the note of its own line only.
@@ -54,29 +57,41 @@ Fetched fetch(LabSession& session, const char* what, double timeoutSeconds) {
 
 }  // namespace
 
-void printGroups(const Value& groups) {
+std::vector<std::string> groupsInWords(const Value& groups) {
+  std::vector<std::string> lines;
   for (const Value& group : groups.items()) {
-    std::printf("%s\n", group["name"].text().c_str());
+    lines.push_back(SecretMask::covered(group["name"].text()));
     const Value& rows = group["rows"];
     const std::size_t words = widthOf(rows, "words");
     const std::size_t shown = widthOf(rows, "shown");
     for (const Value& row : rows.items()) {
-      std::string line = "  " + padded(row["words"].text(), words) + "  " + row["shown"].text();
-      const std::string& note = row["note"].text();
+      // The words are the plug-in's own.
+      std::string line =
+          "  " + padded(row["words"].text(), words) + "  " + SecretMask::covered(row["shown"].text());
+      const std::string note = SecretMask::covered(row["note"].text());
       if (!note.empty()) line = padded(line, words + shown + 4) + "  " + note;
-      std::printf("%s\n", onOneLine(line).c_str());
+      lines.push_back(std::move(line));
     }
-    std::printf("\n");
+    lines.emplace_back();
   }
+  return lines;
 }
 
-void printGroupsAsJson(const Value& groups, nlohmann::ordered_json first) {
+void printGroups(const Value& groups) {
+  for (const std::string& line : groupsInWords(groups)) sayAsIs(line);
+}
+
+nlohmann::ordered_json groupsAsJson(const Value& groups, nlohmann::ordered_json first) {
   for (const Value& group : groups.items()) {
     nlohmann::ordered_json entries = nlohmann::ordered_json::object();
     for (const Value& row : group["rows"].items()) entries[row["key"].text()] = jsonOf(row["value"]);
     first[group["name"].text()] = std::move(entries);
   }
-  printJsonLine(first);
+  return first;
+}
+
+void printGroupsAsJson(const Value& groups, nlohmann::ordered_json first) {
+  sayJsonLine(groupsAsJson(groups, std::move(first)));
 }
 
 std::string fetchAccount(LabSession& session, double timeoutSeconds) {

@@ -1,15 +1,9 @@
 #include "lab/shell/ReportForm.h"
 
 #include <cmath>
-#include <cstdio>
 #include <nlohmann/json.hpp>
 
 namespace vornlab {
-
-void printJsonLine(const nlohmann::ordered_json& object) {
-  std::puts(object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace).c_str());
-  std::fflush(stdout);
-}
 
 nlohmann::ordered_json jsonOf(const vorn::Value& value) {
   using Json = nlohmann::ordered_json;

@@ -8,8 +8,8 @@
 
 namespace vornlab {
 
-// Prints the steps of the road in words, one line each, with the time since the printer was made. What the plug-in
-// tells is covered already; whatever else is printed goes through masked().
+// Prints the steps of the road in words, one line each, with the time since the printer was made. Secrets are
+// covered.
 class RoadPrinter {
  public:
   enum class Envelopes { cut, whole };

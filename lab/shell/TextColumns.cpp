@@ -2,6 +2,9 @@
 
 #include <unicode/uchar.h>
 
+#include <array>
+#include <cstdio>
+
 #include "util/Utf16.h"
 
 namespace vornlab {
@@ -47,22 +50,38 @@ Cut cutAt(std::string_view text, std::size_t columns) {
   return cut;
 }
 
-}  // namespace
-
-std::string onTerminal(std::string_view text) {
+template <typename Instead>
+std::string withoutControls(std::string_view text, const Instead& instead) {
   std::string result;
+  result.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
     const char32_t character = vorn::characterAt(text, at);
     const std::size_t length = vorn::utf8SequenceLength(text, at);
     const bool isNoUtf8 = character == kReplacement && length == 1;
     if (isNoUtf8 || movesTheCursor(static_cast<UChar32>(character))) {
-      result += ' ';
+      result += instead(character);
     } else {
       result += text.substr(at, length);
     }
     at += length;
   }
   return result;
+}
+
+}  // namespace
+
+std::string onTerminal(std::string_view text) {
+  return withoutControls(text, [](char32_t) { return std::string(" "); });
+}
+
+std::string jsonOnTerminal(std::string_view json) {
+  return withoutControls(json, [](char32_t character) {
+    // What parts its lines.
+    if (character == '\n') return std::string("\n");
+    std::array<char, 8> escape{};
+    std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(character));
+    return std::string(escape.data());
+  });
 }
 
 std::size_t columnsOf(std::string_view text) { return cutAt(text, std::string_view::npos).columns; }

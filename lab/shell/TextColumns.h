@@ -13,6 +13,9 @@ namespace vornlab {
 // direction and byte that is no UTF-8, so that nothing in it moves the cursor or speaks to the terminal.
 std::string onTerminal(std::string_view text);
 
+// The same for JSON, in which such a character is written as an escape.
+std::string jsonOnTerminal(std::string_view json);
+
 std::size_t columnsOf(std::string_view text);
 
 // As much of the text's beginning as has room, with "…" at its end when something was cut.

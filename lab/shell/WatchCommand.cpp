@@ -11,9 +11,9 @@
 
 #include "lab/shell/Interruption.h"
 #include "lab/shell/OptionChecks.h"
+#include "lab/shell/Output.h"
 #include "lab/shell/WatchFeed.h"
 #include "lab/shell/WatchFolder.h"
-#include "lab/shell/WatchMask.h"
 #include "lab/shell/WatchView.h"
 #include "lab/shell/WatchedProgram.h"
 
@@ -42,7 +42,7 @@ class WatchSearch {
       if (m_options.process != 0) {
         throw UsageError("no laboratory runs as process " + std::to_string(m_options.process));
       }
-      if (!std::exchange(hasTold, true)) std::fputs("waiting for a laboratory to start ...\n", stderr);
+      if (!std::exchange(hasTold, true)) complain("waiting for a laboratory to start ...");
       poll(nullptr, 0, kLookAgainMilliseconds);
     }
     return std::nullopt;
@@ -71,7 +71,7 @@ class WatchSearch {
     std::string text = "several laboratories run; --process ID or --world DIR chooses one:";
     for (const WatchEntry& entry : entries) {
       text += "\n  " + std::to_string(entry.process) + "  vornlab " + entry.command + "   world " +
-              coveredForWatchers(entry.world.string());
+              entry.world.string();
     }
     return text;
   }

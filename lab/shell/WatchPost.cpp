@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "lab/shell/LabError.h"
-#include "lab/shell/WatchMask.h"
 #include "lab/shell/Words.h"
+#include "secrets/SecretMask.h"
 #include "util/HighDescriptor.h"
 
 namespace vornlab {
@@ -27,7 +27,7 @@ constexpr std::size_t kMostUnsent = 1 << 20;
 }  // namespace
 
 WatchPost::WatchPost(const std::string& command)
-    : m_laboratory{0, getpid(), shortened(coveredForWatchers(command), kCommandBytes)} {
+    : m_laboratory{0, getpid(), shortened(vorn::SecretMask::covered(command), kCommandBytes)} {
   adoptWatcher();
 }
 

@@ -5,7 +5,7 @@
 
 #include "lab/shell/LabError.h"
 #include "lab/shell/RoadWords.h"
-#include "lab/shell/WatchMask.h"
+#include "secrets/SecretMask.h"
 
 namespace vornlab {
 namespace {
@@ -19,6 +19,13 @@ constexpr std::size_t kNoticesKept = 5;
 // Replies that never come leave their requests behind.
 constexpr std::size_t kMostPending = 50;
 
+// More than the plug-in's trace gives of an envelope. Covered before it is cut: half an address is none that would
+// be recognised.
+std::string seenByWatchers(std::string_view text) {
+  constexpr std::size_t kMostBytes = 2000;
+  return vorn::SecretMask::coveredAndCut(text, kMostBytes);
+}
+
 // "5 VnCmdUpdate"; "" for a number that says nothing.
 std::string numbered(const Value& number, const Value& name) {
   return name.text().empty() ? "" : number.stringValue() + " " + name.text();
@@ -29,7 +36,7 @@ std::string numbered(const Value& number, const Value& name) {
 WatchSession::WatchSession(WatchPost& post, LabSession& session, vorn::HostRunLoop& loop, const std::string& title)
     : m_post(post), m_session(session), m_loop(loop), m_timers(loop), m_loopBegan(post.now() - loop.now()) {
   const World& world = session.world();
-  m_world = {post.now(), coveredForWatchers(title), coveredForWatchers(world.root().string())};
+  m_world = {post.now(), seenByWatchers(title), seenByWatchers(world.root().string())};
   post.announce(world.root());
   post.tell(m_world);
 }
@@ -155,10 +162,10 @@ WatchState WatchSession::stateNow() {
   for (const OutlookHost::EditorId editor : m_session.host().editors()) state.windows.push_back(windowNow(editor));
   for (const Pending& pending : m_pending) state.pending.push_back(requestNow(pending));
   for (const std::string& sheet : m_session.presenter().progress().open()) {
-    state.sheets.push_back(coveredForWatchers(sheet));
+    state.sheets.push_back(seenByWatchers(sheet));
   }
   for (const auto& shown : m_session.presenter().alerts()) {
-    if (!shown.answer) state.sheets.push_back(coveredForWatchers(closedUp(shown.alert.message)));
+    if (!shown.answer) state.sheets.push_back(seenByWatchers(closedUp(shown.alert.message)));
   }
   return state;
 }
@@ -167,7 +174,7 @@ WatchWindow WatchSession::windowNow(OutlookHost::EditorId editor) {
   OutlookHost& host = m_session.host();
   WatchWindow window;
   window.number = static_cast<std::int64_t>(editor);
-  window.subject = coveredForWatchers(host.subject(editor));
+  window.subject = seenByWatchers(host.subject(editor));
   window.isDirty = host.isDirty(editor);
   window.bar = "none";
   // For a window without a bar the manager that all windows share would answer.
@@ -177,7 +184,7 @@ WatchWindow WatchSession::windowNow(OutlookHost::EditorId editor) {
       m_session.ask("window", Value::dictionaryFromPairs({{"editor", host.viewController(editor)}}));
   window.command = numbered(told["action"], told["actionName"]);
   window.state = numbered(told["state"], told["stateName"]);
-  window.meeting = coveredForWatchers(told["key"].text());
+  window.meeting = seenByWatchers(told["key"].text());
   if (const auto operation = told["hostAction"].integerValue(); operation != 0) {
     window.hostAction = operationName(operation);
   }
@@ -202,8 +209,8 @@ WatchRequest WatchSession::requestNow(const Pending& pending) const {
 WatchStep WatchSession::stepOf(const PastStep& past) {
   return {.at = past.at,
           .step = past.step,
-          .words = coveredForWatchers(wordsOfStep(past.step, past.facts)),
-          .content = coveredForWatchers(closedUp(past.facts["content"].text()))};
+          .words = seenByWatchers(wordsOfStep(past.step, past.facts)),
+          .content = seenByWatchers(closedUp(past.facts["content"].text()))};
 }
 
 WatchNotice WatchSession::noticeAt(std::size_t index) const {
@@ -211,8 +218,8 @@ WatchNotice WatchSession::noticeAt(std::size_t index) const {
   const auto& buttons = shown.alert.buttons;
   const bool isAnswered = shown.answer && shown.answer->button < buttons.size();
   return {.at = m_noticedAt[index],
-          .message = coveredForWatchers(closedUp(shown.alert.message)),
-          .answer = isAnswered ? coveredForWatchers(buttons[shown.answer->button]) : ""};
+          .message = seenByWatchers(closedUp(shown.alert.message)),
+          .answer = isAnswered ? seenByWatchers(buttons[shown.answer->button]) : ""};
 }
 
 }  // namespace vornlab

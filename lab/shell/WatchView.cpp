@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <optional>
 
+#include "lab/shell/Output.h"
+#include "lab/shell/TextColumns.h"
 #include "lab/shell/WatchLines.h"
 #include "lab/shell/WatchModel.h"
 #include "lab/shell/WatchScreen.h"
@@ -14,20 +16,21 @@ namespace {
 class JsonView final : public WatchView {
  public:
   void take(const WatchEvent&, const std::string& line) override {
-    std::puts(line.c_str());
+    sayAsIs(jsonOnTerminal(line));
     std::fflush(stdout);
   }
-  void close(const std::string& words) override { std::fprintf(stderr, "%s\n", words.c_str()); }
+  void close(const std::string& words) override { complain(words); }
 };
 
 class LineView final : public WatchView {
  public:
   void take(const WatchEvent& event, const std::string&) override {
-    for (const std::string& line : m_lines.take(event)) std::puts(line.c_str());
+    // Covered where it happened, each fact for itself: a subject in quotes before a colon is no key here.
+    for (const std::string& line : m_lines.take(event)) sayAsIs(line);
     std::fflush(stdout);
   }
   void close(const std::string& words) override {
-    std::puts(words.c_str());
+    say(words);
     std::fflush(stdout);
   }
 
@@ -59,7 +62,7 @@ class ScreenView final : public WatchView {
 
   void close(const std::string& words) override {
     m_screen.reset();
-    std::puts(words.c_str());
+    say(words);
     std::fflush(stdout);
   }
 

@@ -14,6 +14,7 @@
 #include "lab/shell/MeetCommand.h"
 #include "lab/shell/PanelCommand.h"
 #include "lab/shell/PlayCommand.h"
+#include "lab/shell/ReportCommand.h"
 #include "lab/shell/WatchCommand.h"
 #include "lab/shell/WatchPost.h"
 #include "lab/shell/Words.h"
@@ -23,8 +24,8 @@ namespace {
 using namespace vornlab;
 
 // In the order in which help lists them.
-constexpr std::array kCommands = {addMeet,  addDemo,    addDoctor, addHooks,   addPlay,
-                                  addWatch, addInspect, addBody,   addAccount, addPanel};
+constexpr std::array kCommands = {addMeet,    addDemo, addDoctor,  addHooks, addPlay,  addWatch,
+                                  addInspect, addBody, addAccount, addPanel, addReport};
 
 std::string joined(const std::vector<std::string>& words) {
   std::string text;

@@ -8,6 +8,7 @@
 #include "channel/store/vnMeetingCommon.h"
 #include "data/vnUserProfileHelper.h"
 #include "diagnosis/DiagnosisReport.h"
+#include "util/CoveredValue.h"
 #include "workflow/vnMeetingMgr.h"
 
 namespace vorn {
@@ -32,7 +33,7 @@ bool Diagnosis::answer(std::string_view question, const Value& parameters, Value
   };
   for (const Question& known : kQuestions) {
     if (known.name != question) continue;
-    answer = known.isCovered ? withoutAddresses(known.tell(parameters)) : known.tell(parameters);
+    answer = known.isCovered ? covered(known.tell(parameters)) : known.tell(parameters);
     return true;
   }
   return false;

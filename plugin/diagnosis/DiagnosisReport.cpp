@@ -1,27 +1,13 @@
 #include "diagnosis/DiagnosisReport.h"
 
-#include <algorithm>
 #include <utility>
+
+#include "secrets/SecretMask.h"
+#include "util/CoveredValue.h"
 
 namespace vorn {
 
 namespace {
-
-// An address reaches to the next of these on both sides. The slash is one of them, so that a path of which one
-// folder is named after an address stays readable.
-constexpr std::string_view kAddressEnds = " \t\r\n\"'<>()[]{};,/:";
-
-std::string withoutAddressesInText(std::string_view text) {
-  std::string covered;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = std::min(text.find_first_of(kAddressEnds, at), text.size());
-    const std::string_view word = text.substr(at, end - at);
-    covered += word.find('@') == std::string_view::npos ? word : "******";
-    if (end < text.size()) covered += text[end];
-    at = end + 1;
-  }
-  return covered;
-}
 
 // Short lists of texts are told, others counted.
 std::string textOfList(const Value& list) {
@@ -56,9 +42,10 @@ void DiagnosisReport::add(std::string_view key, std::string_view words, const Va
   Value row = Value::dictionary();
   row.set("key", key);
   row.set("words", words);
-  row.set("value", value.isAbsent() ? Value(nullptr) : value);
-  row.set("shown", shown ? *shown : textOf(value));
-  row.set("note", note);
+  const Value seen = covered(value, key);
+  row.set("value", seen.isAbsent() ? Value(nullptr) : seen);
+  row.set("shown", shown ? SecretMask::covered(*shown) : textOf(seen));
+  row.set("note", note ? Value(SecretMask::covered(*note)) : Value());
   m_groups.back().rows.push_back(std::move(row));
 }
 
@@ -68,21 +55,6 @@ Value DiagnosisReport::groups() const {
     groups.push_back(Value::dictionaryFromPairs({{"name", group.name}, {"rows", group.rows}}));
   }
   return groups;
-}
-
-Value withoutAddresses(const Value& value) {
-  if (value.isText()) return withoutAddressesInText(value.text());
-  if (value.isArray()) {
-    Value::Array items;
-    for (const Value& item : value.items()) items.push_back(withoutAddresses(item));
-    return items;
-  }
-  if (value.isDictionary()) {
-    Value::Dictionary entries;
-    for (const auto& [key, entry] : value.entries()) entries[key] = withoutAddresses(entry);
-    return entries;
-  }
-  return value;
 }
 
 }  // namespace vorn

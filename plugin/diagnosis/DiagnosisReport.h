@@ -16,7 +16,7 @@ namespace vorn {
 class DiagnosisReport {
  public:
   void beginGroup(std::string_view name);
-  // Without a text of its own a value is shown as textOf() gives it.
+  // Without a text of its own a value is shown as textOf() gives it. Secrets are covered in all of it.
   void add(std::string_view key, std::string_view words, const Value& value, const OptionalText& shown = {},
            const OptionalText& note = {});
 
@@ -32,8 +32,5 @@ class DiagnosisReport {
   };
   std::vector<Group> m_groups;
 };
-
-// A copy in which e-mail addresses in texts are covered.
-Value withoutAddresses(const Value& value);
 
 }  // namespace vorn

@@ -7,18 +7,12 @@
 #include "diagnosis/Diagnosis.h"
 #include "diagnosis/DiagnosisReport.h"
 #include "diagnosis/ProfileQuestions.h"
-#include "platform/TraceMask.h"
 
 namespace vorn {
 
 namespace {
 
-constexpr std::string_view kCover = "******";
-
 const vnUserProfileHelper& account() { return vnUserProfileHelper::sharedInstance(); }
-
-// Free text of the account, in which a passcode may stand.
-Value coveredText(const OptionalText& text) { return text ? Value(TraceMask::covered(*text)) : Value(); }
 
 void tellDialinCountries(DiagnosisReport& report) {
   const auto countries = account().getAvailableDialinCountry();
@@ -30,16 +24,12 @@ void tellDialinCountries(DiagnosisReport& report) {
 }
 
 void tellTelephony(DiagnosisReport& report) {
-  report.add("thirdPartyAudioInfo", "third-party audio's text", coveredText(account().thirdPartyAudioInfo()));
+  report.add("thirdPartyAudioInfo", "third-party audio's text", account().thirdPartyAudioInfo());
   const Value accounts = account().tspAccounts();
   report.add("tspAccounts", "accounts at the provider", accounts.count());
   for (const Value& entry : accounts.items()) {
-    Value shown = entry;
-    for (const std::string_view secret : {vn_TspAccount_HostPasscode, vn_TspAccount_ParticipantPasscode}) {
-      if (!entry[secret].text().empty()) shown.set(secret, kCover);
-    }
     const std::string index = entry[vn_TspAccount_Index].stringValue();
-    report.add("tspAccount." + index, "account " + index, shown,
+    report.add("tspAccount." + index, "account " + index, entry,
                std::to_string(entry[vn_TspAccount_TspNumbers].count()) + " numbers");
   }
   tellDialinCountries(report);
@@ -63,7 +53,7 @@ Value factsOfPerson(const Value& person) {
   const auto& list = vnGetScheduleForListHelper::sharedInstance();
   Value facts = Value::dictionary();
   facts.set("displayName", person[vn_Boss_DisplayName]);
-  facts.set("email", kCover);
+  facts.set("email", person[vn_Boss_Email]);
   facts.set("pmiMeetingID", account().pmiMeetingIDWithScheduleForEmail(email));
   facts.set("supportPMI", account().supportPMIForOnbehalf(email));
   facts.set("isDisablePMI", account().isDisablePMIWithScheduleForEmail(email));
@@ -113,9 +103,9 @@ void tellAudioConferences(DiagnosisReport& report) {
   for (std::int64_t i = 1; i <= conferences.pacCount(); ++i) {
     Value facts = Value::dictionary();
     facts.set("meetingID", conferences.pacMeetingID(i));
-    facts.set("dialInNumber", coveredText(conferences.pacDialInNumber(i)));
-    facts.set("dedicatedNumber", coveredText(conferences.dedicatedDailinNumber(i)));
-    facts.set("location", coveredText(conferences.pacLocation(i)));
+    facts.set("dialInNumber", conferences.pacDialInNumber(i));
+    facts.set("dedicatedNumber", conferences.dedicatedDailinNumber(i));
+    facts.set("location", conferences.pacLocation(i));
     facts.set("supportHtmlInvitationMail", conferences.supportHtmlInvitationMail(i));
     report.add("conference." + std::to_string(i), "conference " + std::to_string(i), facts,
                "ID " + facts["meetingID"].text());

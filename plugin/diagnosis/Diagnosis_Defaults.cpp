@@ -10,6 +10,7 @@
 #include "diagnosis/DiagnosisReport.h"
 #include "diagnosis/SettingReasons.h"
 #include "diagnosis/SettingWords.h"
+#include "util/CoveredValue.h"
 
 namespace vorn {
 
@@ -37,7 +38,7 @@ SettingSteps stepsOfNewMeeting() {
 
 Value Diagnosis::defaults() {
   const SettingSteps steps = stepsOfNewMeeting();
-  const Value shown = settingsWithoutSecrets(steps.afterSavedProfile);
+  const Value shown = covered(steps.afterSavedProfile);
   DiagnosisReport report;
   report.beginGroup("settings");
   for (const std::string_view key : settingKeys()) {

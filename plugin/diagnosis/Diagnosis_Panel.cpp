@@ -6,6 +6,7 @@
 #include "diagnosis/DiagnosisReport.h"
 #include "diagnosis/SettingReasons.h"
 #include "diagnosis/SettingWords.h"
+#include "util/CoveredValue.h"
 #include "workflow/SettingsPanel.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 
@@ -17,7 +18,7 @@ Value Diagnosis::panel(const Value& parameters) {
   const Value settings = panel ? panel->settingsToCommit() : Value();
   if (settings.isAbsent()) return Value::dictionaryFromPairs({{"hasPanel", false}});
 
-  const Value shown = settingsWithoutSecrets(settings);
+  const Value shown = covered(settings);
   DiagnosisReport report;
   report.beginGroup("settings");
   const auto known = settingKeys();
@@ -29,7 +30,7 @@ Value Diagnosis::panel(const Value& parameters) {
     if (std::find(known.begin(), known.end(), key) == known.end()) add(key);
   }
   return Value::dictionaryFromPairs(
-      {{"hasPanel", true}, {"groups", withoutAddresses(report.groups())}, {"settings", settings}});
+      {{"hasPanel", true}, {"groups", covered(report.groups())}, {"settings", settings}});
 }
 
 }  // namespace vorn

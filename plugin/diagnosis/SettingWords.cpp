@@ -3,10 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "channel/store/vnMeetingCommon.h"
 #include "data/vnSettingKeys.h"
 #include "diagnosis/DiagnosisReport.h"
-#include "platform/TraceMask.h"
 
 namespace vorn {
 
@@ -47,19 +45,6 @@ std::string shownSetting(std::string_view key, const Value& value) {
     return DiagnosisReport::textOf(value[vn_Setting_MeetingTemplate_TemplateName]);
   }
   return DiagnosisReport::textOf(value);
-}
-
-Value settingsWithoutSecrets(const Value& settings) {
-  Value covered = vnMeetingCommon::getLogInfo_VNSetting(settings);
-  const std::string thirdParty = settings[vn_Setting_ThirdPartyAudio].text();
-  covered.set(vn_Setting_ThirdPartyAudio, TraceMask::covered(thirdParty));
-  if (settings[vn_Setting_MeetingPassword].text().empty() && settings.contains(vn_Setting_MeetingPassword)) {
-    covered.set(vn_Setting_MeetingPassword, "");
-  }
-  if (settings[vn_Setting_AlternateHosts].count() == 0) {
-    covered.set(vn_Setting_AlternateHosts, settings[vn_Setting_AlternateHosts]);
-  }
-  return covered;
 }
 
 }  // namespace vorn

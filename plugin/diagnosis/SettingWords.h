@@ -9,10 +9,7 @@ namespace vorn {
 
 // The entries of a settings dictionary, as people who give support may see them.
 
-// A copy in which passcodes and people are covered.
-Value settingsWithoutSecrets(const Value& settings);
-
-// One value of it in words.
+// One value in words.
 std::string shownSetting(std::string_view key, const Value& value);
 
 }  // namespace vorn

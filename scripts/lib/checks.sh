@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # The checks of `./run check`: each prints OK or FAIL, and a failing one what it found. Sourced by run.
 
-all_checks=(format tidy floors names portable asan tsan)
+all_checks=(format tidy floors names portable outputs asan tsan)
 
 run_checks() {
   local names=("$@") name failed=0
@@ -61,6 +61,16 @@ check_portable() {
   if our_files 'plugin/*.cpp' 'plugin/*.h' 'plugin/*.m' 'plugin/*.mm' |
     grep -v -e '^plugin/platform/embedded/' -e '_GNUstep\.' -e '/ProcessWorkspace\.' |
     xargs -r grep -nE '\b(pipe2|accept4|dup3|eventfd|epoll_[a-z]+|signalfd|timerfd_[a-z]+|inotify_[a-z]+|prctl|ppoll|getrandom|SOCK_CLOEXEC|SOCK_NONBLOCK)\b|"/proc'; then found=1; fi
+  return $found
+}
+
+# The laboratory prints through one door, which covers secrets. What draws on a terminal, and what hands on the bytes of
+# a file or of another program, has its own.
+check_outputs() {
+  local found=0
+  if our_files 'lab/shell/*.cpp' 'lab/objc/*.mm' |
+    grep -v -E '/(Output|ProgressBar|WatchScreen|WatchedProgram|BodyCommand)\.cpp$' |
+    xargs -r grep -nE '\b(v?f?printf|f?puts|fwrite|putchar)\(|std::c(out|err)\b'; then found=1; fi
   return $found
 }
 

@@ -102,7 +102,7 @@ TEST_F(NotificationsTest, areNotedInTheJournalWithoutSecrets) {
   EXPECT_THAT(events, ElementsAre("joined", "request", "reply", "malformed", "VornOutlookPlugin.LaunchClient",
                                   "VornOutlookPlugin.OpenAboutDialog", "about", "Noti_SilentActiveVornApp",
                                   "Noti_ActivateVornApplicationExternally", "request", "reply"));
-  EXPECT_EQ(journal[8]["content"], "vornmtg://host/start?pwd=***");
+  EXPECT_EQ(journal[8]["content"], "vornmtg://host/start?pwd=******");
 }
 
 TEST_F(NotificationsTest, areSpoiltAsTheFaultsFileSays) {

@@ -262,12 +262,12 @@ TEST_F(SocketClientTest, TellsTheTraceOfEnvelopesInBothDirectionsCovered) {
   const std::string sent = TestListener::read(peer, 20);
   EXPECT_THAT(sent, HasSubstr(R"("actionId")"));
   EXPECT_THAT(sent, HasSubstr(R"(\"geheim\")")) << "the client gets it as it is";
-  TestListener::write(peer, R"({"actionId":"4","content":"Passcode: 99 @"})");
+  TestListener::write(peer, R"({"actionId":"4","content":"Kenncode: 99 a@b"})");
   ASSERT_TRUE(waitUntil([&] { return !m_received.empty(); }));
 
   ASSERT_EQ(m_world.trace.steps.size(), 3u) << "the first only starts the connection";
   EXPECT_EQ(m_world.trace.steps[1].facts["content"].text(), R"({"meetingPassword":"******"})");
-  EXPECT_EQ(m_world.trace.steps[2].facts["content"].text(), "Passcode: ****** ******");
+  EXPECT_EQ(m_world.trace.steps[2].facts["content"].text(), "Kenncode: ****** ******");
 }
 
 }  // namespace

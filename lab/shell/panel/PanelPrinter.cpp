@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "lab/shell/Masking.h"
 #include "lab/shell/TextColumns.h"
+#include "secrets/SecretMask.h"
 
 namespace vornlab {
 namespace {
@@ -15,7 +15,8 @@ using vorn::ControlSet;
 using vorn::PanelLayout;
 using Kind = vorn::Control::Kind;
 
-constexpr const char* kCovered = "******";
+using vorn::SecretMask;
+
 // Longer labels and lines move only what stands behind them.
 constexpr std::size_t kWidestLabel = 32;
 constexpr std::size_t kWidestLine = 60;
@@ -41,12 +42,12 @@ std::string nameOf(Kind kind) {
 
 std::string typedText(const PanelLayout::Place& place, const Control& control) {
   const std::string text = control.kind == Kind::tokenField ? control.tokens.inWords() : control.text;
-  return place.isSecret && !text.empty() ? kCovered : maskedAddresses(text);
+  return place.isSecret && !text.empty() ? std::string(SecretMask::kCover) : SecretMask::covered(text);
 }
 
 std::string chosenItem(const Control& control) {
   const auto index = static_cast<std::size_t>(control.index);
-  return control.index >= 0 && index < control.items.size() ? maskedAddresses(control.items[index].title) : "";
+  return control.index >= 0 && index < control.items.size() ? SecretMask::covered(control.items[index].title) : "";
 }
 
 std::string columnsOfGroup(const Control& control) {
@@ -54,7 +55,7 @@ std::string columnsOfGroup(const Control& control) {
   for (std::size_t i = 0; i < control.items.size(); ++i) {
     const bool isChosen = control.index >= 0 && static_cast<std::size_t>(control.index) == i;
     text += (text.empty() ? "" : "  ") + std::string(isChosen ? "(x) " : "( ) ") +
-            maskedAddresses(control.items[i].title);
+            SecretMask::covered(control.items[i].title);
   }
   return text;
 }
@@ -67,7 +68,7 @@ std::string fieldInWords(const PanelLayout::Place& place, const Control& control
 
 // As it is drawn, without what the control is called; "" for what draws nothing.
 std::string drawn(const PanelLayout::Place& place, const Control& control) {
-  const std::string text = maskedAddresses(control.text);
+  const std::string text = SecretMask::covered(control.text);
   switch (control.kind) {
     case Kind::window:
     case Kind::box: return "";
@@ -127,7 +128,7 @@ class Page {
       if (control.reason.empty() || control.reason == lastReason) continue;
       lastReason = control.reason;
       line.note += (line.note.empty() ? "" : "; ") + (isFirst || place.words.empty() ? "" : place.words + ": ") +
-                   (isShown ? "" : "hidden: ") + onTerminal(control.reason);
+                   (isShown ? "" : "hidden: ") + onTerminal(SecretMask::covered(control.reason));
     }
     // The note says what of such a row cannot be used.
     if (canAnyBeUsed) line.mark = ' ';
@@ -140,8 +141,8 @@ class Page {
              const std::string& text) const {
     const Control& control = *m_controls.find(place.key);
     const bool isFirst = line.label.empty() && line.text.empty();
-    if (isFirst && !row.label.empty()) line.label = onTerminal(row.label);
-    if (isFirst && control.kind == Kind::radioGroup) line.label = onTerminal(maskedAddresses(control.text));
+    if (isFirst && !row.label.empty()) line.label = onTerminal(SecretMask::covered(row.label));
+    if (isFirst && control.kind == Kind::radioGroup) line.label = onTerminal(SecretMask::covered(control.text));
     if (isFirst && control.kind == Kind::label && row.places.size() > 1 && &place != &row.places.back() &&
         line.label.empty() && isField(row.places[1])) {
       line.label = text;
@@ -190,14 +191,14 @@ ordered_json jsonOf(const PanelLayout::Place& place, const ControlSet& controls)
   json["text"] = typedText(place, control);
   json["items"] = ordered_json::array();
   for (const vorn::ControlItem& item : control.items) {
-    json["items"].push_back({{"title", maskedAddresses(item.title)},
-                             {"toolTip", maskedAddresses(item.toolTip)},
+    json["items"].push_back({{"title", SecretMask::covered(item.title)},
+                             {"toolTip", SecretMask::covered(item.toolTip)},
                              {"enabled", item.enabled},
                              {"separator", item.isSeparator}});
   }
   json["index"] = control.index;
-  json["toolTip"] = maskedAddresses(control.toolTip);
-  json["spoken"] = maskedAddresses(control.spoken);
+  json["toolTip"] = SecretMask::covered(control.toolTip);
+  json["spoken"] = SecretMask::covered(control.spoken);
   json["placeholder"] = control.placeholder;
   json["redBorderWidth"] = control.redBorderWidth;
   json["focused"] = control.isFocused;
@@ -222,7 +223,7 @@ std::string shownValue(const PanelLayout::Place& place, const Control& control) 
 std::vector<std::string> panelInWords(const std::string& title, const PanelLayout& layout,
                                       const ControlSet& controls, bool all) {
   const Page page(controls, all);
-  std::vector<std::string> printed{onTerminal(title)};
+  std::vector<std::string> printed{onTerminal(SecretMask::covered(title))};
   bool hasLocked = false;
   for (const PanelLayout::Section& section : layout.sections) {
     const std::vector<Line> lines = page.linesOf(section);

@@ -6,8 +6,8 @@
 #include <set>
 
 #include "lab/shell/LabError.h"
-#include "lab/shell/Masking.h"
 #include "lab/shell/panel/PanelPrinter.h"
+#include "secrets/SecretMask.h"
 #include "util/Text.h"
 
 namespace vornlab {
@@ -15,6 +15,7 @@ namespace {
 
 using vorn::Control;
 using vorn::PanelLayout;
+using vorn::SecretMask;
 using vorn::Value;
 using Kind = vorn::Control::Kind;
 using Verb = PanelAct::Verb;
@@ -104,7 +105,7 @@ Change refused(std::string why) { return {nullptr, std::move(why)}; }
 std::string titlesOf(const Control& control) {
   std::string titles;
   for (const auto& item : control.items) {
-    if (item.enabled) titles += (titles.empty() ? "" : ", ") + maskedAddresses(item.title);
+    if (item.enabled) titles += (titles.empty() ? "" : ", ") + SecretMask::covered(item.title);
   }
   return titles.empty() ? "it has none" : "it has: " + titles;
 }
@@ -177,7 +178,7 @@ TriedAct tryOne(PanelWindow& panel, PanelAct act) {
   const Change change = isUsable ? changeOf(act, control) : clicked();
   const auto result = change.make ? panel.use(key, change.make) : PanelWindow::Use::refused;
   TriedAct tried{.key = key, .reason = isUsable ? "" : reason};
-  act.value = isSecret(layout, key) ? "******" : masked(act.value);
+  act.value = isSecret(layout, key) ? std::string(SecretMask::kCover) : SecretMask::covered(act.value);
   tried.words = act.inWords();
   switch (result) {
     case PanelWindow::Use::done: tried.result = "done"; break;
@@ -195,7 +196,7 @@ std::map<std::string, const Value*> byKey(const Value& rows) {
   return all;
 }
 
-std::string shownIn(const Value* row) { return row ? maskedAddresses((*row)["shown"].text()) : "(not there)"; }
+std::string shownIn(const Value* row) { return row ? SecretMask::covered((*row)["shown"].text()) : "(not there)"; }
 
 }  // namespace
 

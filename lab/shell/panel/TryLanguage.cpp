@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "lab/shell/LabError.h"
-#include "lab/shell/Masking.h"
 #include "util/Text.h"
 
 namespace vornlab {
@@ -131,7 +130,7 @@ std::string keyOfName(const std::string& name, const vorn::PanelLayout& layout, 
   }
   if (found) return *found;
   if (controls.find(name)) return name;
-  throw UsageError("the panel has no \"" + masked(name) + "\"; it has: " + known);
+  throw UsageError("the panel has no \"" + name + "\"; it has: " + known);
 }
 
 }  // namespace vornlab

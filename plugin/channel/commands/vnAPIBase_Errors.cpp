@@ -19,8 +19,8 @@
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
-#include "platform/TraceMask.h"
 #include "platform/TraceStep.h"
+#include "secrets/SecretMask.h"
 
 namespace vorn {
 
@@ -46,7 +46,7 @@ constexpr std::pair<int, std::string_view> kMessageKeys[] = {
 
 void traceAlert(int code, const std::string& message) {
   traceStep("alert", [&] {
-    return Value::dictionaryFromPairs({{"code", code}, {"message", TraceMask::covered(message)}});
+    return Value::dictionaryFromPairs({{"code", code}, {"message", SecretMask::covered(message)}});
   });
 }
 

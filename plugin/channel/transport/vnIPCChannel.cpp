@@ -12,8 +12,8 @@
 #include "platform/DistributedNotifications.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
-#include "platform/TraceMask.h"
 #include "platform/TraceStep.h"
+#include "secrets/SecretMask.h"
 #include "util/vStringUtils.h"
 
 namespace vorn {
@@ -30,11 +30,14 @@ bool sendOnTransportOfTheMoment(const Value& envelope) {
   return true;
 }
 
+// What a person reads at a glance; the rest is told by its size.
+constexpr std::size_t kTracedBytes = 1000;
+
 Value factsOf(const Value& envelope) {
   const std::string& content = envelope[VN_IPC_CONTENT].text();
   return Value::dictionaryFromPairs({{"action", envelope[VN_IPC_ACTION_ID].stringValue()},
                                      {"bytes", content.size()},
-                                     {"content", TraceMask::covered(content)}});
+                                     {"content", SecretMask::coveredAndCut(content, kTracedBytes)}});
 }
 
 // Tells the trace of what comes over the notification channel.
@@ -72,7 +75,7 @@ bool vnIPCChannel::sendIPCMessageToVornClient(std::uint32_t action, const Option
   const bool isSent = sendOnTransportOfTheMoment(envelope);
   traceStep(isSent ? "sent" : "dropped", [&] {
     Value facts = factsOf(envelope);
-    if (isSent) facts.set("wholeContent", TraceMask::coveredWhole(content.value_or("")));
+    if (isSent) facts.set("wholeContent", SecretMask::covered(content.value_or("")));
     return facts;
   });
   return isSent;

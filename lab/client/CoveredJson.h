@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "secrets/SecretMask.h"
+
+namespace vornlab {
+
+// A copy of a JSON document in which secrets are covered, those in its keys included; `key` is the one that the
+// value stands under. What is empty, true, false or null hides nothing and stays. For either order of members.
+template <typename Json>
+Json coveredJson(const Json& value, std::string_view key = {}) {
+  using vorn::SecretMask;
+  if (value.is_string()) return SecretMask::coveredUnder(key, value.template get_ref<const std::string&>());
+  if (value.is_number() && SecretMask::isSecretKey(key)) return std::string(SecretMask::kCover);
+  if (value.is_array()) {
+    Json list = Json::array();
+    for (const Json& item : value) list.push_back(coveredJson(item, key));
+    return list;
+  }
+  if (!value.is_object()) return value;
+  Json object = Json::object();
+  for (const auto& [name, member] : value.items()) {
+    object[SecretMask::covered(name)] = coveredJson(member, SecretMask::keyThatCounts(key, name));
+  }
+  return object;
+}
+
+}  // namespace vornlab

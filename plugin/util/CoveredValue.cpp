@@ -1,0 +1,24 @@
+#include "util/CoveredValue.h"
+
+#include "secrets/SecretMask.h"
+
+namespace vorn {
+
+Value covered(const Value& value, std::string_view key) {
+  if (value.isText()) return SecretMask::coveredUnder(key, value.text());
+  const bool isNumber = value.kind() == Value::Kind::integer || value.kind() == Value::Kind::real;
+  if (isNumber && SecretMask::isSecretKey(key)) return SecretMask::kCover;
+  if (value.isArray()) {
+    Value::Array items;
+    for (const Value& item : value.items()) items.push_back(covered(item, key));
+    return items;
+  }
+  if (!value.isDictionary()) return value;
+  Value::Dictionary entries;
+  for (const auto& [name, entry] : value.entries()) {
+    entries[SecretMask::covered(name)] = covered(entry, SecretMask::keyThatCounts(key, name));
+  }
+  return entries;
+}
+
+}  // namespace vorn
