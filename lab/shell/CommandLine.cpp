@@ -163,7 +163,8 @@ std::string inOwnWords(const CLI::App& program, const CLI::ParseError& error) {
     case CLI::ExitCodes::RequiredError: break;
     default: return "the words make no sense";
   }
-  if (said == "A subcommand is required") return "a command is missing; there are " + namesOfCommands(innermost(program));
+  if (said == "A subcommand is required")
+    return "a command is missing; there are " + namesOfCommands(innermost(program));
   constexpr std::string_view kList = " from [";
   if (const std::size_t list = said.find(kList); list != std::string::npos) {
     const std::size_t begin = list + kList.size();

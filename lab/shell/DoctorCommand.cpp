@@ -47,7 +47,8 @@ ExitCode doctor(const DoctorOptions& options) {
                                         {"troubles", jsonOf(troubles)},
                                         {"world", {{"folder", folder}, {"madeBy", "laboratory"}}}});
   } else {
-    say("This is not your machine, but a world that the laboratory has made, with a client and an account of its own:");
+    say("This is not your machine, but a world that the laboratory has made, with a client and an account of its "
+        "own:");
     say(folder);
     say("");
     printGroups(found["groups"]);

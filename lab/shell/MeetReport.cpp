@@ -35,12 +35,9 @@ std::size_t MeetReport::appointments() const {
 void MeetReport::tell(const MeetResult& result) {
   ++m_counts[static_cast<std::size_t>(result.outcome)];
   if (m_form == ReportForm::json) {
-    const Json json{{"uid", result.uid},
-                    {"recurrenceId", result.recurrenceId},
-                    {"subject", result.subject},
-                    {"result", nameOf(result.outcome)},
-                    {"reason", result.reason},
-                    {"meetingKey", result.meetingKey},
+    const Json json{{"uid", result.uid},          {"recurrenceId", result.recurrenceId},
+                    {"subject", result.subject},  {"result", nameOf(result.outcome)},
+                    {"reason", result.reason},    {"meetingKey", result.meetingKey},
                     {"location", result.location}};
     return m_isCovered ? sayJsonLine(json) : sayJsonLineAsIs(json);
   }

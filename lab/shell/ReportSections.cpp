@@ -117,8 +117,7 @@ ReportSection ReportSections::doctor(const Value& found) const {
     troubles += (troubles.empty() ? "" : "; ") + trouble.text();
   if (troubles.empty()) troubles = m_session.clientTrouble();
   section.lines.push_back("troubles: " + (troubles.empty() ? "none" : SecretMask::covered(troubles)));
-  section.json =
-      coveredJson(groupsAsJson(found["groups"], {{"troubles", jsonOf(found["troubles"])}}));
+  section.json = coveredJson(groupsAsJson(found["groups"], {{"troubles", jsonOf(found["troubles"])}}));
   return section;
 }
 
@@ -154,7 +153,8 @@ ReportSection ReportSections::appointments(CalendarStore& calendar) {
     section.lines.push_back(SecretMask::covered(event.uid()) +
                             (event.isException() ? ", " + event.recurrenceId() : ""));
     addGroups(section, groups);
-    section.json.push_back(coveredJson(groupsAsJson(groups, {{"uid", event.uid()}, {"recurrenceId", event.recurrenceId()}})));
+    section.json.push_back(
+        coveredJson(groupsAsJson(groups, {{"uid", event.uid()}, {"recurrenceId", event.recurrenceId()}})));
   }
   if (section.lines.empty()) section.lines = {"none"};
   return section;
