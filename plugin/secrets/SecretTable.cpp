@@ -160,8 +160,8 @@ constexpr std::string_view kSecretParts[] = {"password",       "passcode", "pass
 constexpr std::string_view kSecretKeys[] = {"tk", "pin", "pw", "participantcode", "hostcode", "accesscode"};
 constexpr std::string_view kDialTextParts[] = {"thirdpartyaudio", "dialinnumber", "dedicatednumber", "otheraudio"};
 // Parts that make a key speak about secrets instead of holding one: how long they are, whether they are wanted.
-constexpr std::string_view kAboutParts[] = {"length", "rule",    "option",  "require", "enable",
-                                            "lock",   "support", "disable", "helper"};
+constexpr std::string_view kAboutParts[] = {"length",  "rule",    "option", "require",  "enable",   "lock",
+                                            "support", "disable", "helper", "codetype", "wordtype", "tokentype"};
 
 constexpr std::string_view kOwnersFacts[] = {"decidedby", "accessor", "lockedby", "reason"};
 

@@ -137,7 +137,7 @@ class Secrets : public ::testing::Test {
         begin + "open a\ntype subject \"PIN: " + digits("scenario, typed subject") +
             "\"\nsave\nexpect stored unchanged\n",
         begin + "in a\nexpect stored nothing\n",
-        begin + "rename nobody \"Kenncode: " + passcode("scenario, command") + "\"\n",
+        begin + "rename nobody \"Kenncode: " + passcode("scenario, command") + "\"\nexpect mailed 0\n",
         panel + "expect settings.passwordTextField.text \"" + passcode("scenario, expected passcode") + "\"\n",
         panel + "settings continue\nexpect service passcode " + passcode("scenario, expected passcode") + "\n",
         "panel on\nnew\nclick add\nsettings paste tokenFieldAH \"" + address("scenario, alternate host") +
