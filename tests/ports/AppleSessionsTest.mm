@@ -27,7 +27,7 @@ class AppleSessions : public testing::Test {
   AutoreleasePool pool;
   AppleToolkit& toolkit = AppleToolkit::instance();
   VirtualRunLoop loop;
-  ApplePresenter presenter{loop, ""};
+  ApplePresenter presenter{loop, "", nullptr};
 };
 
 TEST_F(AppleSessions, ASessionEndsAsSoonAsNothingStandsOnIt) {

@@ -111,7 +111,7 @@ class ApplePorts final : public PortsWorld {
   AppleWorkspace m_workspace{{m_machine.applications(), m_machine.userApplications()}};
   AppleUserDefaults m_defaults;
   AppleSurroundings m_surroundings{m_machine.resources()};
-  ApplePresenter m_presenter{m_loop, m_machine.resources()};
+  ApplePresenter m_presenter{m_loop, m_machine.resources(), nullptr};
   id m_window = nil;
   // The file that was written for another program.
   std::string m_domain;

@@ -9,8 +9,9 @@ namespace vorn {
 
 namespace {
 
-// What an image button of the toolkit shows: an image to the left of its title.
+// What an image button of the toolkit shows: an image to the left of its title, or above it.
 constexpr std::int64_t kImageLeft = 2;
+constexpr std::int64_t kImageAbove = 5;
 
 // Opens the button's own menu, whether the mouse or the keyboard has pressed it.
 Value popUpMenu(const HostObject& receiver, const Arguments&) {
@@ -46,6 +47,8 @@ void vnSettingsButton::draw() const {
 
 void vnPopupButton::create(const HostObject& superview, const HostObject& menu) {
   createOf(ownClass(kClass, "NSButton", kPopupMethods), superview);
+  // It is as wide as it is high, and both have to find room.
+  askHost(m_button, "setImagePosition:", {kImageAbove});
   askHost(m_button, "setMenu:", {menu});
   askHost(m_button, "setTarget:", {m_button});
   askHost(m_button, "setAction:", {"popUpMenu:"});

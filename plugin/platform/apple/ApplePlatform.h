@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/NotificationCenter.h"
 #include "platform/Platform.h"
@@ -18,11 +20,11 @@ namespace vorn {
 // All ports of an Objective-C host's process. To be made on the main thread.
 class ApplePlatform {
  public:
-  // The folder with the bundle's resources.
-  explicit ApplePlatform(const std::string& resources)
+  // The folder with the bundle's resources, and who draws panels, which may be null.
+  ApplePlatform(const std::string& resources, std::unique_ptr<PanelDrawing> panels)
       : m_surroundings(resources),
         m_workspace({m_surroundings.applicationsDirectory(), m_surroundings.userApplicationsDirectory()}),
-        m_presenter(m_runLoop, resources) {}
+        m_presenter(m_runLoop, resources, std::move(panels)) {}
 
   Platform ports() {
     Platform platform;

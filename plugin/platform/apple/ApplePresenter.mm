@@ -92,8 +92,15 @@ Presenter::Answer answerOf(id<vnHostAlert> shown, NSInteger code, const Presente
 
 }  // namespace
 
-ApplePresenter::ApplePresenter(RunLoop& runLoop, std::string resources)
-    : m_runLoop(runLoop), m_resources(std::move(resources)), m_sheets(runLoop) {}
+ApplePresenter::ApplePresenter(RunLoop& runLoop, std::string resources, std::unique_ptr<PanelDrawing> panels)
+    : m_runLoop(runLoop), m_resources(std::move(resources)), m_sheets(runLoop), m_panels(std::move(panels)) {}
+
+std::unique_ptr<Presenter::Panel> ApplePresenter::showPanel(const HostObject& window, std::string_view title,
+                                                            const PanelLayout& layout, ControlSet& controls,
+                                                            PanelInput used) {
+  if (!m_panels) return nullptr;
+  return m_panels->show(LiveObjects::instance().object(window), title, layout, controls, std::move(used));
+}
 
 void ApplePresenter::showAlert(const HostObject& window, const Alert& alert,
                                std::function<void(Answer)> answered) {

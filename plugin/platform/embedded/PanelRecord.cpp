@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/controls/FieldKeys.h"
-
 namespace vorn {
 
 class PanelRecord::Sheet final : public Presenter::Panel {
@@ -60,38 +58,10 @@ PanelLayout PanelRecord::layout(const HostObject& window) const {
   return sheet ? layoutOf(sheet->layout, sheet->controls) : PanelLayout();
 }
 
-namespace {
-
-// What a control takes from its user: not every text, and no entry that only stands among the others.
-bool mayBecome(const Control& control, const Control& proposed) {
-  // What stands there already may be longer than what can be typed.
-  const bool isTyped = proposed.text != control.text;
-  if (isTyped && control.formatter && !control.formatter->accepts(proposed.text)) return false;
-  const auto index = static_cast<std::size_t>(proposed.index);
-  return proposed.index == control.index || index >= control.items.size() || control.items[index].enabled;
-}
-
-}  // namespace
-
 PanelRecord::Use PanelRecord::use(const HostObject& window, const std::string& key,
                                   const std::function<void(Control&)>& change) const {
   Sheet* sheet = find(window);
-  if (!sheet) return Use::noPanel;
-  Control* control = sheet->controls.find(fieldOf(key));
-  if (!control) return Use::noControl;
-  if (!sheet->controls.isOnScreen(control->key)) return Use::hidden;
-  if (!control->enabled) return Use::disabled;
-  if (change) {
-    Control proposed = *control;
-    change(proposed);
-    if (!mayBecome(*control, proposed)) return Use::refused;
-  }
-  // What is called may end the sheet, and what it is called with goes with the sheet.
-  const Presenter::PanelInput used = sheet->used;
-  const ControlSet::Change step(sheet->controls);
-  if (change) change(*control);
-  used(key);
-  return Use::done;
+  return sheet ? useControl(sheet->controls, key, change, sheet->used) : Use::noPanel;
 }
 
 PanelRecord::Use PanelRecord::scroll(const HostObject& window) const {

@@ -8,6 +8,7 @@
 
 #include "platform/Presenter.h"
 #include "platform/controls/ControlSet.h"
+#include "platform/controls/ControlUse.h"
 #include "platform/controls/PanelLayout.h"
 
 namespace vorn {
@@ -25,11 +26,8 @@ class PanelRecord {
   std::string title(const HostObject& window) const;
   PanelLayout layout(const HostObject& window) const;
 
-  // What came of an act.
-  enum class Use { done, noPanel, noControl, hidden, disabled, refused };
+  using Use = ControlUse;
   // A click on a control, or a key pressed in a field (FieldKeys.h), with what the user makes of it, or nothing.
-  // Only what is on the screen and enabled can be used, and it refuses a text that is too long and an entry that
-  // cannot be chosen.
   Use use(const HostObject& window, const std::string& key,
           const std::function<void(Control&)>& change = nullptr) const;
   // A turn of the wheel over the sheet.

@@ -1,0 +1,305 @@
+#import "platform/apple/appkit/AppKitPanels.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "platform/apple/Conversions.h"
+#include "platform/controls/ControlUse.h"
+#include "platform/controls/FieldKeys.h"
+
+namespace vorn {
+
+namespace {
+
+std::vector<DrawnPanel*>& openPanels() {
+  static std::vector<DrawnPanel*> panels;
+  return panels;
+}
+
+bool takesKeyboard(Control::Kind kind) {
+  return kind != Control::Kind::label && kind != Control::Kind::link && kind != Control::Kind::list;
+}
+
+// Holds the views of one panel, and goes on as long as one of them tells of something: the end of the panel may be
+// what it is told.
+class Drawing final : public ControlInput, public std::enable_shared_from_this<Drawing> {
+ public:
+  Drawing(NSWindow* parent, std::string_view title, PanelLayout layout, ControlSet& controls,
+          Presenter::PanelInput used)
+      : m_parent(parent),
+        m_title(title),
+        m_layout(std::move(layout)),
+        m_controls(&controls),
+        m_used(std::move(used)) {}
+
+  void begin() {
+    const std::weak_ptr<Drawing> weak = weak_from_this();
+    m_subscription = m_controls->observe([weak](const std::vector<std::string>& keys) {
+      if (const auto self = weak.lock()) self->follow(keys);
+    });
+    build();
+    refreshAll();
+    showPages();
+  }
+
+  // Nothing is heard or shown from here on.
+  void end() {
+    m_controls = nullptr;
+    m_subscription.reset();
+    // From the uppermost down.
+    while (!m_pages.empty()) m_pages.pop_back();
+  }
+
+  bool use(const std::string& key, const std::function<void(Control&)>& change) override {
+    if (!m_controls) return true;
+    const auto self = shared_from_this();
+    m_lastUsed = fieldOf(key);
+    const ControlUse result = useControl(*m_controls, key, change, m_used);
+    if (result == ControlUse::done || !m_controls) return true;
+    refresh(m_lastUsed);
+    return false;
+  }
+
+  const ControlView* view(const std::string& key) const {
+    const auto found = m_views.find(key);
+    return found == m_views.end() ? nullptr : found->second.get();
+  }
+  const PanelPage* page(const std::string& windowKey) const {
+    const auto found =
+        std::find_if(m_pages.begin(), m_pages.end(), [&](const Page& page) { return page.key == windowKey; });
+    return found == m_pages.end() ? nullptr : found->page.get();
+  }
+
+ private:
+  struct Page {
+    std::string key;
+    std::unique_ptr<PanelPage> page;
+  };
+
+  // A press beside a list that has dropped down closes it, as the panel's rules say.
+  void pressedAnywhere() {
+    if (!m_controls) return;
+    const bool isAnyDown = std::any_of(m_pages.begin(), m_pages.end(), [](const Page& each) {
+      return each.page->kind() == PanelPage::Kind::dropDown && each.page->isShown();
+    });
+    if (!isAnyDown) return;
+    const auto self = shared_from_this();
+    const auto used = m_used;
+    const ControlSet::Change step(*m_controls);
+    used("");
+  }
+
+  void follow(const std::vector<std::string>& keys) {
+    if (!m_controls) return;
+    const bool isOther = std::any_of(keys.begin(), keys.end(), [this](const std::string& key) {
+      return (m_controls->find(key) != nullptr) != m_views.contains(key);
+    });
+    if (isOther) {
+      build();
+      refreshAll();
+    } else {
+      for (const std::string& key : keys) refresh(key);
+    }
+    showPages();
+  }
+
+  // A page for each window, and on it what stands in that window, in the layout's order.
+  void build() {
+    const PanelLayout complete = layoutOf(m_layout, *m_controls);
+    ControlViews views;
+    m_names.clear();
+    forEachRow(complete, [&](const PanelLayout::Section&, const PanelLayout::Row& row) {
+      const Control* first = m_controls->find(row.places.front().key);
+      std::string name = row.label;
+      if (name.empty() && first->kind == Control::Kind::label) name = first->text;
+      for (const PanelLayout::Place& place : row.places) {
+        const auto known = m_views.find(place.key);
+        const Control& control = *m_controls->find(place.key);
+        views[place.key] = known == m_views.end() ? makeControlView(control, *this) : std::move(known->second);
+        m_names[place.key] = name;
+      }
+    });
+    nameByNeighbours(complete);
+    std::swap(m_views, views);
+    std::map<std::string, std::vector<PanelLayout::Section>> sections;
+    std::map<std::string, std::string> titles;
+    std::vector<std::string> windows{""};
+    forEachRow(complete, [&](const PanelLayout::Section& section, PanelLayout::Row row) {
+      const Control& first = *m_controls->find(row.places.front().key);
+      if (first.kind == Control::Kind::window) {
+        windows.push_back(first.key);
+        titles[first.key] = section.title;
+        std::erase_if(row.places, [&](const PanelLayout::Place& place) { return place.key == first.key; });
+        if (row.places.empty()) return;
+      }
+      std::vector<PanelLayout::Section>& page = sections[m_controls->windowOf(row.places.front().key)];
+      if (page.empty() || page.back().key != section.key) page.push_back({section.key, section.title, {}});
+      // The name of a radio group stands before it as that of a row does.
+      if (row.label.empty() && first.kind == Control::Kind::radioGroup) row.label = first.text;
+      page.back().rows.push_back(std::move(row));
+    });
+    for (const std::string& window : windows) {
+      PanelPage& page = pageOf(window, window.empty() ? m_title : titles[window]);
+      for (auto& section : sections[window]) {
+        for (const auto& row : section.rows) {
+          for (const auto& place : row.places) refresh(place.key);
+        }
+      }
+      page.setContents(sections[window], m_views);
+    }
+    // What has gone leaves the screen when the present call of the toolkit has ended.
+    for (const auto& [key, gone] : views) {
+      if (!gone) continue;
+      [[gone->view() retain] autorelease];
+      [gone->view() removeFromSuperview];
+    }
+  }
+
+  template <typename Visit>
+  static void forEachRow(const PanelLayout& layout, const Visit& visit) {
+    for (const PanelLayout::Section& section : layout.sections) {
+      for (const PanelLayout::Row& row : section.rows) {
+        if (!row.places.empty()) visit(section, row);
+      }
+    }
+  }
+
+  // A field without a word of its own is named by the label in the row above it, or by the section.
+  void nameByNeighbours(const PanelLayout& layout) {
+    for (const PanelLayout::Section& section : layout.sections) {
+      std::string above;
+      for (const PanelLayout::Row& row : section.rows) {
+        for (const PanelLayout::Place& place : row.places) {
+          const Control& control = *m_controls->find(place.key);
+          std::string& name = m_names[place.key];
+          if (name.empty()) name = above.empty() ? section.title : above;
+          const bool names = control.kind == Control::Kind::label || control.kind == Control::Kind::checkBox;
+          if (names && !control.text.empty()) above = control.text;
+        }
+      }
+    }
+  }
+
+  PanelPage& pageOf(const std::string& window, const std::string& title) {
+    for (const Page& each : m_pages) {
+      if (each.key == window) return *each.page;
+    }
+    PanelPage::Kind kind = PanelPage::Kind::sheet;
+    if (!window.empty()) kind = isDropDown(window) ? PanelPage::Kind::dropDown : PanelPage::Kind::window;
+    std::function<void()> pressed;
+    if (window.empty()) {
+      const std::weak_ptr<Drawing> weak = weak_from_this();
+      pressed = [weak] {
+        if (const auto self = weak.lock()) self->pressedAnywhere();
+      };
+    }
+    m_pages.push_back({window, std::make_unique<PanelPage>(kind, title, std::move(pressed))});
+    return *m_pages.back().page;
+  }
+
+  // A window in which nothing is typed or pressed belongs to the field in which the user is typing.
+  bool isDropDown(const std::string& window) const {
+    return std::none_of(m_controls->keys().begin(), m_controls->keys().end(), [&](const std::string& key) {
+      const Control& control = *m_controls->find(key);
+      return control.kind != Control::Kind::window && control.kind != Control::Kind::box &&
+             takesKeyboard(control.kind) && m_controls->windowOf(key) == window;
+    });
+  }
+
+  void refreshAll() {
+    for (const auto& [key, each] : m_views) refresh(key);
+  }
+
+  void refresh(const std::string& key) {
+    const auto found = m_views.find(key);
+    const Control* control = m_controls->find(key);
+    if (found == m_views.end() || !found->second || !control) return;
+    found->second->update(*control, m_names[key]);
+  }
+
+  void showPages() {
+    for (const Page& each : m_pages) {
+      if (!m_controls) return;
+      const bool isShown = each.key.empty() || m_controls->isOnScreen(each.key);
+      if (!isShown) {
+        each.page->hide();
+        continue;
+      }
+      each.page->arrange(*m_controls);
+      const std::string in = each.key.empty() ? "" : m_controls->find(each.key)->box;
+      const PanelPage* on = each.key.empty() ? nullptr : page(in.empty() ? "" : m_controls->windowOf(each.key));
+      const ControlView* field = each.page->kind() == PanelPage::Kind::dropDown ? view(m_lastUsed) : nullptr;
+      if (!each.page->isShown() || each.page->kind() == PanelPage::Kind::dropDown) {
+        each.page->showOn(on ? on->window() : m_parent.get(), field ? field->view() : nil);
+      }
+    }
+    followFocus();
+  }
+
+  // The keyboard goes where the rules want it, once for each time that they do. What is marked in a list while the
+  // user types in the field above it comes into sight.
+  void followFocus() {
+    std::string wanted;
+    for (const std::string& key : m_controls->keys()) {
+      if (m_controls->find(key)->isFocused) wanted = key;
+    }
+    if (wanted == std::exchange(m_focused, wanted) || wanted.empty()) return;
+    const ControlView* focused = view(wanted);
+    const PanelPage* on = page(m_controls->windowOf(wanted));
+    if (!focused || !on || !m_controls->isOnScreen(wanted)) return;
+    if (m_controls->find(wanted)->kind == Control::Kind::checkBox) {
+      [focused->view() scrollRectToVisible:[focused->view() bounds]];
+    } else if (focused->keyView()) {
+      [on->window() makeFirstResponder:focused->keyView()];
+    }
+  }
+
+  // Nil for a panel by itself.
+  Retained<NSWindow*> m_parent;
+  std::string m_title;
+  PanelLayout m_layout;
+  // Null when the panel has ended.
+  ControlSet* m_controls;
+  Presenter::PanelInput m_used;
+  std::shared_ptr<void> m_subscription;
+  ControlViews m_views;
+  // What stands before each control, for those who hear it alone.
+  std::map<std::string, std::string> m_names;
+  // The sheet first.
+  std::vector<Page> m_pages;
+  std::string m_lastUsed;
+  std::string m_focused;
+};
+
+class OpenPanel final : public DrawnPanel {
+ public:
+  explicit OpenPanel(std::shared_ptr<Drawing> drawing) : m_drawing(std::move(drawing)) {
+    openPanels().push_back(this);
+  }
+  ~OpenPanel() override {
+    std::erase(openPanels(), this);
+    m_drawing->end();
+  }
+  OpenPanel(const OpenPanel&) = delete;
+  OpenPanel& operator=(const OpenPanel&) = delete;
+
+  const ControlView* view(const std::string& key) const override { return m_drawing->view(key); }
+  const PanelPage* page(const std::string& windowKey) const override { return m_drawing->page(windowKey); }
+
+ private:
+  std::shared_ptr<Drawing> m_drawing;
+};
+
+}  // namespace
+
+const std::vector<DrawnPanel*>& DrawnPanel::open() { return openPanels(); }
+
+std::unique_ptr<Presenter::Panel> AppKitPanels::show(id window, std::string_view title, const PanelLayout& layout,
+                                                     ControlSet& controls, Presenter::PanelInput used) {
+  const auto drawing = std::make_shared<Drawing>(window, title, layout, controls, std::move(used));
+  drawing->begin();
+  return std::make_unique<OpenPanel>(drawing);
+}
+
+}  // namespace vorn

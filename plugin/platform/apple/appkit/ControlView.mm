@@ -1,0 +1,79 @@
+#import "platform/apple/appkit/ControlView.h"
+
+#include <cmath>
+#include <vector>
+
+#include "platform/apple/Conversions.h"
+
+namespace vorn {
+
+namespace {
+
+// A selector of newer toolkits, where there is one.
+void tellReader(NSView* view, SEL selector, NSString* text) {
+  if ([view respondsToSelector:selector]) [view performSelector:selector withObject:text];
+}
+
+NSSize sizeOfText(NSString* text, NSFont* font, double width) {
+  if ([text length] == 0) text = @" ";
+  NSDictionary* attributes = [NSDictionary dictionaryWithObject:font forKey:NSFontAttributeName];
+  constexpr double noLimit = 1e6;
+  return [text boundingRectWithSize:NSMakeSize(width > 0 ? width : noLimit, noLimit)
+                            options:NSStringDrawingUsesLineFragmentOrigin
+                         attributes:attributes]
+      .size;
+}
+
+}  // namespace
+
+double heightOfText(NSString* text, NSFont* font, double width) {
+  return std::ceil(sizeOfText(text, font, width).height);
+}
+
+double widthOfText(NSString* text, NSFont* font) { return std::ceil(sizeOfText(text, font, 0).width); }
+
+NSTextField* newTextLabel(NSFont* font) {
+  NSTextField* label = [[NSTextField alloc] initWithFrame:NSZeroRect];
+  [label setEditable:NO];
+  [label setSelectable:NO];
+  [label setBezeled:NO];
+  [label setBordered:NO];
+  [label setDrawsBackground:NO];
+  [label setFont:font];
+  [[label cell] setWraps:YES];
+  return label;
+}
+
+std::vector<NSView*> ControlView::keyViews() const {
+  return keyView() ? std::vector<NSView*>{keyView()} : std::vector<NSView*>();
+}
+
+void ControlView::update(const Control& control, const std::string& name) {
+  m_spoken.label = !control.spoken.empty() ? control.spoken : !control.text.empty() ? control.text : name;
+  // A field's text is what stands in it, and says nothing of what belongs there.
+  const bool isField = control.kind == Control::Kind::textField || control.kind == Control::Kind::comboBox ||
+                       control.kind == Control::Kind::tokenField;
+  if (isField && control.spoken.empty()) m_spoken.label = name.empty() ? control.placeholder : name;
+  m_spoken.role = role();
+  m_spoken.help = control.toolTip.empty() ? control.reason : control.toolTip;
+  NSView* told = spokenView();
+  tellReader(told, @selector(setAccessibilityLabel:), foundationText(m_spoken.label));
+  tellReader(told, @selector(setAccessibilityRole:), m_spoken.role);
+  tellReader(told, @selector(setAccessibilityHelp:), foundationText(m_spoken.help));
+  // Why something cannot be used is worth a word where nothing else is said.
+  const std::string& tip = control.toolTip.empty() && !control.enabled ? control.reason : control.toolTip;
+  [m_view.get() setToolTip:tip.empty() ? nil : foundationText(tip)];
+  show(control);
+}
+
+double ControlView::naturalWidth() const {
+  NSControl* const control = static_cast<NSControl*>(m_view.get());
+  return std::ceil([[control cell] cellSize].width);
+}
+
+double ControlView::heightFor(double) const {
+  NSControl* const control = static_cast<NSControl*>(m_view.get());
+  return std::ceil([[control cell] cellSize].height);
+}
+
+}  // namespace vorn
