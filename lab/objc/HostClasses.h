@@ -1,9 +1,10 @@
 #pragma once
 
 // The classes of the stand-in host for the Objective-C runtime. They carry the host's own names, which is all that
-// the plug-in knows of them, and the names of the toolkit's classes, which is not linked here.
+// the plug-in knows of them. What they show is the business of a face: one without windows, for tests and command
+// lines, and the desktop.
 
-#import <Foundation/Foundation.h>
+#import "lab/objc/Toolkit.h"
 
 #include <cstddef>
 #include <optional>
@@ -12,52 +13,9 @@
 
 #include "lab/outlook/CalendarStore.h"
 
-@class NSMenu, NSToolbar, NSToolbarItem, NSEvent, NSWindow, ECCalendarEvent, OLCalendarDate,
-    ERCalendarEventEditorViewController;
-@class ERCalendarEventEditorWindowController;
+@class ECCalendarEvent, OLCalendarDate, ERCalendarEventEditorViewController, ERCalendarEventEditorWindowController;
 
 // -- Views and windows -------------------------------------------------------------------------------------------
-
-@interface NSView : NSObject {
-  NSRect m_frame;
-  NSMutableArray* m_subviews;
-  NSView* m_superview;
-  NSWindow* m_window;
-  NSMenu* m_menu;
-  NSString* m_toolTip;
-  BOOL m_hidden;
-}
-- (id)initWithFrame:(NSRect)frame;
-- (NSRect)frame;
-- (void)setFrame:(NSRect)frame;
-- (BOOL)isHidden;
-- (void)setHidden:(BOOL)hidden;
-- (NSView*)superview;
-- (NSWindow*)window;
-// Of a content view only; the views below it find it by going up.
-- (void)setWindow:(NSWindow*)window;
-- (NSArray*)subviews;
-- (void)addSubview:(NSView*)view;
-- (void)removeFromSuperview;
-- (void)drawRect:(NSRect)dirty;
-- (void)setNeedsDisplay:(BOOL)needsDisplay;
-// The view that a press at the point, in the superview's coordinates, is meant for; nil for a point beside this
-// one.
-- (NSView*)hitTest:(NSPoint)point;
-- (void)mouseDown:(NSEvent*)event;
-- (NSMenu*)menu;
-- (void)setMenu:(NSMenu*)menu;
-- (NSString*)toolTip;
-- (void)setToolTip:(NSString*)text;
-@end
-
-@interface NSTextField : NSView {
-  NSString* m_text;
-}
-- (BOOL)isEditable;
-- (NSString*)stringValue;
-- (void)setStringValue:(NSString*)text;
-@end
 
 @interface OLAttachmentsAcceptingView : NSView
 @end
@@ -91,76 +49,8 @@
 - (void)setActiveTabIndex:(NSUInteger)tab;
 @end
 
-@interface NSWindow : NSObject {
-  id m_controller;
-  NSView* m_contentView;
-  NSToolbar* m_toolbar;
-  BOOL m_closed;
-}
-- (id)initWithController:(id)controller contentFrame:(NSRect)frame;
-- (id)windowController;
-- (NSView*)contentView;
-- (NSToolbar*)toolbar;
-- (void)setToolbar:(NSToolbar*)toolbar;
-- (BOOL)isVisible;
-- (void)close;
-@end
-
-@interface NSWindowController : NSObject {
-  NSWindow* m_window;
-}
-- (NSWindow*)window;
-@end
-
-@interface NSViewController : NSObject
-@end
-
-// What the person has just done, and where.
-@interface NSEvent : NSObject {
-  NSWindow* m_window;
-}
-- (id)initWithWindow:(NSWindow*)window;
-- (NSWindow*)window;
-@end
-
 @interface ErageAppDelegate : NSObject
 - (void)newCalendarMeeting:(id)argument;
-@end
-
-@interface NSApplication : NSObject {
-  // Not owned.
-  NSWindow* m_mainWindow;
-  NSEvent* m_currentEvent;
-  ErageAppDelegate* m_delegate;
-}
-+ (NSApplication*)sharedApplication;
-- (void)setMainWindow:(NSWindow*)window;
-- (BOOL)isActive;
-- (NSArray*)windows;
-- (NSEvent*)currentEvent;
-- (void)setCurrentEvent:(NSEvent*)event;
-- (ErageAppDelegate*)delegate;
-@end
-
-// Declines what is asked, and keeps what was said.
-@interface NSAlert : NSObject {
-  NSString* m_message;
-  NSUInteger m_buttons;
-}
-// The text of the last alert; "" when there was none since the last question.
-+ (std::string)takeLastMessage;
-- (void)setMessageText:(NSString*)text;
-- (void)setInformativeText:(NSString*)text;
-- (id)addButtonWithTitle:(NSString*)title;
-- (void)setIcon:(id)icon;
-- (void)setShowsSuppressionButton:(BOOL)shows;
-// Nil, for nobody switches it on.
-- (id)suppressionButton;
-- (NSInteger)runModal;
-- (void)beginSheetModalForWindow:(id)window
-                   modalDelegate:(id)delegate
-                  didEndSelector:(SEL)selector
-                     contextInfo:(void*)context;
 @end
 
 @interface CCGridViewController : NSViewController {
@@ -369,6 +259,7 @@
 // The controllers of the editors that are open.
 + (NSArray*)openControllers;
 - (ERCalendarEventEditorViewController*)editorViewController;
+// Closes without saving.
 - (void)close;
 @end
 
@@ -389,10 +280,16 @@ class Pool {
 NSString* foundationText(std::string_view text);
 NSString* foundationText(const vorn::OptionalText& text);
 std::string plainText(NSString* text);
-// The views of exactly that class that have been made and have not ended.
-std::size_t livingViews(std::string_view className);
 // The calendar that the host shows, which new appointments go to. It outlives the host.
 CalendarStore*& shownStore();
+// What a face puts into the host's windows. The view for the calendar is the caller's; the controller's header and
+// body are there, and its editor has the fields that it reads and writes.
+NSView* newCalendarView(CCGridViewController* controller);
+void fillEditor(ERCalendarEventEditorWindowController* controller);
+void fillMainWindow(ERageMainWindowController* controller);
+// The editor shows another body, or location, than before; something in the calendar is other than before.
+void editorHasChanged(ERCalendarEventEditorViewController* editor);
+void calendarHasChanged();
 // The stored appointment behind the object; absent when it is not stored, or was removed.
 std::optional<CalendarEvent> storedEvent(HostStoredObject* object);
 

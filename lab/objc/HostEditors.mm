@@ -198,6 +198,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   replace(m_wordEditor->m_content->m_html, [m_event body]);
   replace(m_loadedHtml, [m_event body]);
   [m_uncommitted removeObjectForKey:@"content.body"];
+  vornlab::editorHasChanged(self);
 }
 // The compose view tells that its content may have changed; only a true difference is a change.
 - (void)contentDidChange {
@@ -205,6 +206,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   if ([html isEqual:m_loadedHtml] && ![m_uncommitted objectForKey:@"content.body"]) return;
   [m_uncommitted setObject:html forKey:@"content.body"];
   [self setIsDirty:YES];
+  vornlab::editorHasChanged(self);
 }
 
 - (BOOL)save {
@@ -246,6 +248,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   if (![self save]) return;
   auto stored = vornlab::storedEvent(m_event);
   if (m_cancelMode && stored) stored->remove();
+  vornlab::calendarHasChanged();
   [m_owner close];
 }
 - (void)switchToRecurrenceDidEnd:(id)alert returnCode:(int)code contextInfo:(void*)context {
@@ -288,20 +291,25 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   [super dealloc];
 }
 - (id)initWithEvent:(ECCalendarEvent*)event isCancelMode:(BOOL)isCancelMode {
-  if (!(self = [super init])) return nil;
+  constexpr NSUInteger style =
+      NSTitledWindowMask | NSClosableWindowMask | NSMiniaturizableWindowMask | NSResizableWindowMask;
+  NSWindow* window = [[[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, kWidth, kHeaderHeight + kBodyHeight)
+                                                  styleMask:style
+                                                    backing:NSBackingStoreBuffered
+                                                      defer:NO] autorelease];
+  if (!(self = [super initWithWindow:window])) return nil;
+  [window setReleasedWhenClosed:NO];
   m_editor = [[ERCalendarEventEditorViewController alloc] init];
   m_editor->m_owner = self;
   m_editor->m_event = [event retain];
   m_editor->m_cancelMode = isCancelMode;
-  m_window = [[NSWindow alloc] initWithController:self
-                                     contentFrame:NSMakeRect(0, 0, kWidth, kHeaderHeight + kBodyHeight)];
   return self;
 }
 // The header is drawn before anything else, and whoever watches its making puts something into it.
 - (void)build {
   m_header =
       [[OLCalendarHeaderContainerView alloc] initWithFrame:NSMakeRect(0, kBodyHeight, kWidth, kHeaderHeight)];
-  [[m_window contentView] addSubview:m_header];
+  [[[self window] contentView] addSubview:m_header];
   NSTextField* field = [[NSTextField alloc] initWithFrame:NSMakeRect(80, 40, kWidth - 100, kFieldHeight)];
   [m_header addSubview:field];
   [field setStringValue:[m_editor->m_event location]];
@@ -309,6 +317,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   m_editor->m_wordEditor = [[OLWordMailEditor alloc] init];
   m_editor->m_wordEditor->m_editor = m_editor;
   [m_editor hostWordMailEditor:m_editor->m_wordEditor];
+  vornlab::fillEditor(self);
   [m_header drawRect:NSMakeRect(0, 0, kWidth, kHeaderHeight)];
 }
 + (id)openWindowFor:(ECCalendarEvent*)event isCancelMode:(BOOL)isCancelMode {
@@ -317,6 +326,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
       [[[ERCalendarEventEditorWindowController alloc] initWithEvent:event isCancelMode:isCancelMode] autorelease];
   [openEditors() addObject:made];
   [made build];
+  [[made window] makeKeyAndOrderFront:nil];
   return made;
 }
 // An appointment of half an hour from the next full one, which is stored nowhere yet.
@@ -353,8 +363,8 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   return m_editor;
 }
 - (void)close {
-  if (![m_window isVisible]) return;
-  [m_window close];
+  if (![openEditors() containsObject:self]) return;
+  [[self window] close];
   // The host lets go of its objects when its own calls have unwound.
   [[self retain] performSelector:@selector(release) withObject:nil afterDelay:0];
   [openEditors() removeObjectIdenticalTo:self];

@@ -372,6 +372,7 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   auto stored = storedEvent(self);
   if (!stored) return NO;
   stored->remove();
+  vornlab::calendarHasChanged();
   return YES;
 }
 - (void)cancelMeetingInWindow:(NSWindow*)window {
@@ -447,6 +448,7 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
     if ([changed objectForKey:@"startTime"] || [changed objectForKey:@"endTime"]) event.setTimes(start, end);
   });
   if (!isStored) return notStored;
+  vornlab::calendarHasChanged();
   return stored;
 }
 @end

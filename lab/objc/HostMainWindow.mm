@@ -1,27 +1,12 @@
 // The application and its main window, with the ribbon, the toolbar and the calendar's grid.
 
-#import "lab/objc/HostControls.h"
+#import "lab/objc/HostClasses.h"
 
 namespace {
 
 enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
 
 }  // namespace
-
-@implementation NSEvent
-- (id)initWithWindow:(NSWindow*)window {
-  if (!(self = [super init])) return nil;
-  m_window = [window retain];
-  return self;
-}
-- (void)dealloc {
-  [m_window release];
-  [super dealloc];
-}
-- (NSWindow*)window {
-  return m_window;
-}
-@end
 
 @implementation ErageAppDelegate
 - (void)newCalendarMeeting:(id)argument {
@@ -30,46 +15,10 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
 }
 @end
 
-@implementation NSApplication
-+ (NSApplication*)sharedApplication {
-  static NSApplication* application = [[NSApplication alloc] init];
-  return application;
-}
-- (id)init {
-  if (!(self = [super init])) return nil;
-  m_delegate = [[ErageAppDelegate alloc] init];
-  return self;
-}
-- (BOOL)isActive {
-  return YES;
-}
-- (NSArray*)windows {
-  NSMutableArray* windows = [NSMutableArray array];
-  if (m_mainWindow) [windows addObject:m_mainWindow];
-  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
-  while (NSWindowController* controller = [open nextObject]) [windows addObject:[controller window]];
-  return windows;
-}
-- (void)setMainWindow:(NSWindow*)window {
-  m_mainWindow = window;
-}
-- (NSEvent*)currentEvent {
-  return m_currentEvent;
-}
-- (void)setCurrentEvent:(NSEvent*)event {
-  [event retain];
-  [m_currentEvent release];
-  m_currentEvent = event;
-}
-- (ErageAppDelegate*)delegate {
-  return m_delegate;
-}
-@end
-
 @implementation CCGridViewController
 - (id)init {
   if (!(self = [super init])) return nil;
-  m_view = [[NSView alloc] initWithFrame:NSMakeRect(0, 0, 1200, 700)];
+  m_view = vornlab::newCalendarView(self);
   return self;
 }
 - (void)dealloc {
@@ -200,22 +149,25 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
 
 @implementation ERageMainWindowController
 - (id)init {
-  if (!(self = [super init])) return nil;
-  m_window = [[NSWindow alloc] initWithController:self contentFrame:NSMakeRect(0, 0, 1200, 800)];
+  constexpr NSUInteger style =
+      NSTitledWindowMask | NSClosableWindowMask | NSMiniaturizableWindowMask | NSResizableWindowMask;
+  NSWindow* window = [[[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 1200, 800)
+                                                  styleMask:style
+                                                    backing:NSBackingStoreBuffered
+                                                      defer:NO] autorelease];
+  if (!(self = [super initWithWindow:window])) return nil;
+  [window setReleasedWhenClosed:NO];
   m_grid = [[OLCalendarGridViewWrapper alloc] init];
-  [[m_window contentView] addSubview:[[m_grid gridViewController] view]];
-  NSToolbar* toolbar = [[[NSToolbar alloc] initWithDelegate:self] autorelease];
-  [m_window setToolbar:toolbar];
-  NSEnumerator* identifiers = [[self toolbarDefaultItemIdentifiers:toolbar] objectEnumerator];
-  while (NSString* identifier = [identifiers nextObject]) {
-    [toolbar insertItemWithItemIdentifier:identifier atIndex:static_cast<NSInteger>([[toolbar items] count])];
-  }
+  [[window contentView] addSubview:[[m_grid gridViewController] view]];
+  NSToolbar* toolbar = [[[NSToolbar alloc] initWithIdentifier:@"OLMainToolbar"] autorelease];
+  [toolbar setDelegate:static_cast<id>(self)];
+  [window setToolbar:toolbar];
   [self rebuildRibbonWithAddins:YES];
-  [[NSApplication sharedApplication] setMainWindow:m_window];
+  vornlab::fillMainWindow(self);
   return self;
 }
 - (void)dealloc {
-  [[NSApplication sharedApplication] setMainWindow:nil];
+  [[[self window] toolbar] setDelegate:nil];
   [m_grid release];
   [m_ribbon release];
   [super dealloc];
@@ -231,7 +183,7 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
   [m_ribbon removeFromSuperview];
   [m_ribbon release];
   m_ribbon = [[OUIRibbonView alloc] initWithAddins:hasAddins];
-  [[m_window contentView] addSubview:m_ribbon];
+  [[[self window] contentView] addSubview:m_ribbon];
   [m_ribbon setActiveTabIndex:tab];
 }
 - (void)windowDidBecomeMain:(NSNotification*)notification {
@@ -260,6 +212,15 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
   (void)isInserted;
   const bool isKnown = [[self toolbarDefaultItemIdentifiers:toolbar] containsObject:identifier] ||
                        [identifier hasPrefix:@"NSToolbar"];
-  return isKnown ? [[[NSToolbarItem alloc] initWithItemIdentifier:identifier] autorelease] : nil;
+  if (!isKnown) return nil;
+  NSToolbarItem* item = [[[NSToolbarItem alloc] initWithItemIdentifier:identifier] autorelease];
+  if ([identifier isEqual:@"OLNewItem"]) {
+    [item setLabel:@"New"];
+    [item setTarget:[[NSApplication sharedApplication] delegate]];
+    [item setAction:@selector(newCalendarMeeting:)];
+  } else if ([identifier isEqual:@"OLSearchItem"]) {
+    [item setLabel:@"Search"];
+  }
+  return item;
 }
 @end

@@ -13,37 +13,37 @@ ERageMainWindowController* asController(void* object) { return static_cast<ERage
 
 void ObjcLab::showMailPane() {
   const Pool pool;
-  [asController(m_mainWindowController) loadMailPane];
+  [asController(mainWindowController()) loadMailPane];
 }
 
 void ObjcLab::showCalendarPane() {
   const Pool pool;
-  [asController(m_mainWindowController) loadCalendarPane];
+  [asController(mainWindowController()) loadCalendarPane];
 }
 
 void ObjcLab::chooseRibbonTab(std::uint32_t tab) {
   const Pool pool;
-  [[asController(m_mainWindowController) ribbon] setActiveTabIndex:tab];
+  [[asController(mainWindowController()) ribbon] setActiveTabIndex:tab];
 }
 
 void ObjcLab::rebuildRibbon(bool hasAddins) {
   const Pool pool;
-  [asController(m_mainWindowController) rebuildRibbonWithAddins:hasAddins];
+  [asController(mainWindowController()) rebuildRibbonWithAddins:hasAddins];
 }
 
 HostControl ObjcLab::ribbonControl(const ControlName& name) const {
   const Pool pool;
-  return look(controlBelow([asController(m_mainWindowController) ribbon], name));
+  return look(controlBelow([asController(mainWindowController()) ribbon], name));
 }
 
 bool ObjcLab::clickRibbon(const ControlName& name) {
   const Pool pool;
-  return press(controlBelow([asController(m_mainWindowController) ribbon], name));
+  return press(controlBelow([asController(mainWindowController()) ribbon], name));
 }
 
 bool ObjcLab::addToolbarItem(const std::string& identifier) {
   const Pool pool;
-  NSToolbar* toolbar = [[asController(m_mainWindowController) window] toolbar];
+  NSToolbar* toolbar = [[asController(mainWindowController()) window] toolbar];
   const NSUInteger count = [[toolbar items] count];
   [toolbar insertItemWithItemIdentifier:foundationText(std::string_view(identifier))
                                 atIndex:static_cast<NSInteger>(count)];
@@ -52,12 +52,12 @@ bool ObjcLab::addToolbarItem(const std::string& identifier) {
 
 HostControl ObjcLab::toolbarControl(const ControlName& name) const {
   const Pool pool;
-  return look(controlIn([[asController(m_mainWindowController) window] toolbar], name));
+  return look(controlIn([[asController(mainWindowController()) window] toolbar], name));
 }
 
 bool ObjcLab::clickToolbar(const ControlName& name) {
   const Pool pool;
-  return press(controlIn([[asController(m_mainWindowController) window] toolbar], name));
+  return press(controlIn([[asController(mainWindowController()) window] toolbar], name));
 }
 
 HostControl ObjcLab::barControl(const ControlName& name) const {
@@ -75,7 +75,7 @@ std::size_t ObjcLab::openEditors() const {
 void ObjcLab::openEditor(const CalendarEvent& event) {
   const Pool pool;
   ECCalendarEvent* shown =
-      [[[ECCalendarEvent alloc] initWithStore:&m_calendar
+      [[[ECCalendarEvent alloc] initWithStore:&calendar()
                                         index:static_cast<NSInteger>(event.index())] autorelease];
   [ERCalendarEventEditorWindowController showWindowForEvent:shown];
 }

@@ -20,8 +20,8 @@ OLCalendarDate* dateLike(OLCalendarDate* pattern, double seconds) {
 
 bool ObjcLab::onGrid(const CalendarEvent& event, const std::function<bool(void* grid, void* selected)>& act) {
   const Pool pool;
-  OLCalendarGridViewWrapper* grid = [static_cast<ERageMainWindowController*>(m_mainWindowController) grid];
-  ECCalendarEvent* selected = shownEvent(m_calendar, event);
+  OLCalendarGridViewWrapper* grid = [static_cast<ERageMainWindowController*>(mainWindowController()) grid];
+  ECCalendarEvent* selected = shownEvent(calendar(), event);
   [[grid gridViewController] setSelectedEvent:selected];
   const bool done = act(grid, selected);
   [[grid gridViewController] setSelectedEvent:nil];
@@ -65,13 +65,13 @@ bool ObjcLab::rename(const CalendarEvent& event, const std::string& subject) {
 
 bool ObjcLab::deleteFromCalendar(const CalendarEvent& event) {
   const Pool pool;
-  return [shownEvent(m_calendar, event) deleteEventNow];
+  return [shownEvent(calendar(), event) deleteEventNow];
 }
 
 bool ObjcLab::findsChangesForAttendees(const CalendarEvent& event, const std::string& item) {
   const Pool pool;
   ERCalendarEventEditorWindowController* controller =
-      [ERCalendarEventEditorWindowController showWindowForMeeting:shownEvent(m_calendar, event)];
+      [ERCalendarEventEditorWindowController showWindowForMeeting:shownEvent(calendar(), event)];
   ERCalendarEventEditorViewController* editor = [controller editorViewController];
   [editor->m_uncommitted setObject:@"typed" forKey:foundationText(std::string_view(item))];
   const bool found = [editor checkMeetingChangesForAttendees:[[editor->m_uncommitted description] UTF8String]];
