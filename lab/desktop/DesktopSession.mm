@@ -1,0 +1,110 @@
+#include "lab/desktop/DesktopSession.h"
+
+#include <cstdlib>
+
+#include "lab/desktop/Theme.h"
+#import "lab/objc/HostClasses.h"
+#include "lab/shell/LabError.h"
+
+namespace vornlab {
+
+namespace {
+
+constexpr double kTurnSeconds = 0.01;
+constexpr double kLongSeconds = 3600;
+// The plug-in clears up a hundredth of a second after a window has closed.
+constexpr double kClearingSeconds = 0.05;
+
+NSView* barIn(NSView* header) {
+  NSEnumerator* views = [[header subviews] objectEnumerator];
+  while (NSView* view = [views nextObject]) {
+    if ([NSStringFromClass([view class]) isEqual:@"vnActionAdditionView"]) return view;
+  }
+  return nil;
+}
+
+NSButton* buttonIn(NSView* bar, SEL action) {
+  NSEnumerator* views = [[bar subviews] objectEnumerator];
+  while (NSView* view = [views nextObject]) {
+    if (![view isKindOfClass:[NSButton class]]) continue;
+    NSButton* button = static_cast<NSButton*>(view);
+    if (sel_isEqual([button action], action)) return button;
+  }
+  return nil;
+}
+
+}  // namespace
+
+void DesktopSession::beginApplication() {
+#ifdef GNUSTEP
+  if (!std::getenv("DISPLAY"))
+    throw LabError("there is no display; start it from a graphical session, or with xvfb-run for pictures alone");
+  useDesktopTheme();
+#endif
+  [NSApplication sharedApplication];
+#ifdef GNUSTEP
+  showDesktopTheme();
+#endif
+}
+
+DesktopSession::~DesktopSession() {
+  const Pool pool;
+  try {
+    NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
+    while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
+    passTime(kClearingSeconds);
+    // The toolkit cannot end a window that is still on the screen, or has a toolbar.
+    [mainWindow() orderOut:nil];
+    [mainWindow() setToolbar:nil];
+  } catch (const LabError&) {
+    // Whoever interrupts does not wait.
+  }
+}
+
+void DesktopSession::openEditor(const CalendarEvent* event) {
+  const Pool pool;
+  if (!event) {
+    [ERCalendarEventEditorWindowController showWindowForNewEvent];
+    return;
+  }
+  ECCalendarEvent* shown =
+      [[[ECCalendarEvent alloc] initWithStore:&calendar()
+                                        index:static_cast<NSInteger>(event->index())] autorelease];
+  [shown isMeeting] ? [ERCalendarEventEditorWindowController showWindowForMeeting:shown]
+                    : [ERCalendarEventEditorWindowController showWindowForEvent:shown];
+}
+
+bool DesktopSession::pressInBar(const std::string& action) {
+  const Pool pool;
+  ERCalendarEventEditorWindowController* controller =
+      [[ERCalendarEventEditorWindowController openControllers] lastObject];
+  if (!controller) return false;
+  NSView* bar = barIn(controller->m_header);
+  NSButton* button = buttonIn(bar, sel_registerName(action.c_str()));
+  if (!button || [button isHiddenOrHasHiddenAncestor] || ![button isEnabled]) return false;
+  [button performClick:nil];
+  return true;
+}
+
+NSWindow* DesktopSession::editorWindow() const {
+  return [[[ERCalendarEventEditorWindowController openControllers] lastObject] window];
+}
+
+NSWindow* DesktopSession::mainWindow() const {
+  return [static_cast<ERageMainWindowController*>(mainWindowController()) window];
+}
+
+// The person ends it with the main window.
+void DesktopSession::run() {
+  while (waitUntil([this] { return ![mainWindow() isVisible]; }, kLongSeconds) == false) continue;
+}
+
+void DesktopSession::turn() {
+  NSEvent* event = [NSApp nextEventMatchingMask:NSAnyEventMask
+                                      untilDate:[NSDate dateWithTimeIntervalSinceNow:kTurnSeconds]
+                                         inMode:NSDefaultRunLoopMode
+                                        dequeue:YES];
+  if (event) [NSApp sendEvent:event];
+}
+
+}  // namespace vornlab

@@ -1,0 +1,248 @@
+#import "lab/desktop/EditorForm.h"
+
+#include "util/HtmlText.h"
+
+namespace {
+
+constexpr double kWidth = 900;
+constexpr double kHeight = 680;
+constexpr double kActions = 52;
+constexpr double kHeader = 196;
+constexpr double kMargin = 20;
+constexpr double kNames = 80;
+constexpr double kRow = 32;
+constexpr double kField = 24;
+NSString* const kTimeFormat = @"yyyy-MM-dd HH:mm";
+
+NSTextField* label(NSString* text, NSRect frame) {
+  NSTextField* made = [[[NSTextField alloc] initWithFrame:frame] autorelease];
+  [made setStringValue:text];
+  [made setEditable:NO];
+  [made setSelectable:NO];
+  [made setBezeled:NO];
+  [made setBordered:NO];
+  [made setDrawsBackground:NO];
+  return made;
+}
+
+NSDateFormatter* formatterOf(OLCalendarDate* date) {
+  NSDateFormatter* formatter = [[[NSDateFormatter alloc] init] autorelease];
+  [formatter setDateFormat:kTimeFormat];
+  [formatter setTimeZone:[date timeZone]];
+  return formatter;
+}
+
+NSString* textOf(OLCalendarDate* date) { return date ? [formatterOf(date) stringFromDate:[date dateUTC]] : @""; }
+
+// As the host names a zone: its distance first.
+NSString* zoneText(OLCalendarDate* date) {
+  const NSInteger seconds = [[date timeZone] secondsFromGMTForDate:[date dateUTC]];
+  const NSInteger minutes = (seconds < 0 ? -seconds : seconds) / 60;
+  return [NSString stringWithFormat:@"(UTC%c%02ld:%02ld) %@", seconds < 0 ? '-' : '+',
+                                    static_cast<long>(minutes / 60), static_cast<long>(minutes % 60),
+                                    [[date timeZone] name]];
+}
+
+NSString* peopleText(NSArray* attendees) {
+  NSMutableArray* people = [NSMutableArray array];
+  NSEnumerator* all = [attendees objectEnumerator];
+  while (id person = [all nextObject]) {
+    NSString* name = [person performSelector:@selector(name)];
+    [people addObject:[name length] > 0 ? name : [person performSelector:@selector(emailAddress)]];
+  }
+  return [people componentsJoinedByString:@"; "];
+}
+
+}  // namespace
+
+@interface vnEditorForm ()
+- (void)build;
+- (void)showTitle;
+@end
+
+@implementation vnEditorForm
++ (void)putInto:(ERCalendarEventEditorWindowController*)controller {
+  NSWindow* window = [controller window];
+  [window setContentSize:NSMakeSize(kWidth, kHeight)];
+  [window setMinSize:NSMakeSize(kWidth, 480)];
+  vnEditorForm* form = [[[vnEditorForm alloc] initWithFrame:[[window contentView] bounds]] autorelease];
+  [form setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
+  form->m_controller = controller;
+  // Below the header, which the plug-in looks for in the window's content.
+  [[window contentView] addSubview:form positioned:NSWindowBelow relativeTo:controller->m_header];
+  [form build];
+  [window setDelegate:static_cast<id>(form)];
+  [window center];
+}
++ (vnEditorForm*)formOf:(ERCalendarEventEditorViewController*)editor {
+  NSEnumerator* views = [[[editor view] subviews] objectEnumerator];
+  while (NSView* view = [views nextObject]) {
+    if ([view isKindOfClass:[vnEditorForm class]]) return static_cast<vnEditorForm*>(view);
+  }
+  return nil;
+}
+- (void)dealloc {
+  [m_body setDelegate:nil];
+  [super dealloc];
+}
+- (ERCalendarEventEditorViewController*)editor {
+  return [m_controller editorViewController];
+}
+
+// -- Its parts
+- (NSTextField*)addField:(NSString*)name row:(int)row width:(double)width {
+  NSView* header = m_controller->m_header;
+  const double y = kHeader - 10 - kField - row * kRow;
+  [header addSubview:label(name, NSMakeRect(kMargin, y - 2, kNames, kField))];
+  NSTextField* field =
+      [[[NSTextField alloc] initWithFrame:NSMakeRect(kMargin + kNames, y, width, kField)] autorelease];
+  [field setDelegate:static_cast<id>(self)];
+  [[field cell] setScrollable:YES];
+  [header addSubview:field];
+  return field;
+}
+- (double)addAction:(NSString*)title x:(double)x action:(SEL)action {
+  NSButton* button = [[[NSButton alloc] initWithFrame:NSZeroRect] autorelease];
+  [button setTitle:title];
+  [button setBezelStyle:NSRoundedBezelStyle];
+  [button setTarget:self];
+  [button setAction:action];
+  const double width = [[button cell] cellSize].width + 24;
+  [button setFrame:NSMakeRect(x, kHeight - kActions + 11, width, 30)];
+  [button setAutoresizingMask:NSViewMinYMargin];
+  [self addSubview:button];
+  return x + width + 10;
+}
+- (void)build {
+  ERCalendarEventEditorViewController* editor = [self editor];
+  ECCalendarEvent* event = [editor content];
+  double x = kMargin;
+  if ([event isMeeting]) x = [self addAction:@"Send" x:x action:@selector(send:)];
+  x = [self addAction:@"Save & Close" x:x action:@selector(saveAndClose:)];
+  x = [self addAction:@"Save" x:x action:@selector(save:)];
+  [self addAction:@"Close" x:x action:@selector(closeEditor:)];
+
+  NSView* header = m_controller->m_header;
+  [header setFrame:NSMakeRect(0, kHeight - kActions - kHeader, kWidth, kHeader)];
+  [header setAutoresizingMask:NSViewWidthSizable | NSViewMinYMargin];
+  const double wide = kWidth - 2 * kMargin - kNames;
+  NSTextField* people = [self addField:@"Invite" row:0 width:wide];
+  [people setStringValue:peopleText([event attendeeList])];
+  [people setEditable:NO];
+  [people setAutoresizingMask:NSViewWidthSizable];
+  m_subject = [self addField:@"Subject" row:1 width:wide];
+  [m_subject setStringValue:[event summary] ? [event summary] : @""];
+  [m_subject setAutoresizingMask:NSViewWidthSizable];
+  // The location's field is the host's own, for the plug-in writes into it.
+  NSTextField* location = [editor performSelector:@selector(locationTextField)];
+  const double y = kHeader - 10 - kField - 2 * kRow;
+  [header addSubview:label(@"Location", NSMakeRect(kMargin, y - 2, kNames, kField))];
+  [location setFrame:NSMakeRect(kMargin + kNames, y, wide, kField)];
+  [location setAutoresizingMask:NSViewWidthSizable];
+  [location setDelegate:static_cast<id>(self)];
+  [[location cell] setScrollable:YES];
+  m_start = [self addField:@"Starts" row:3 width:150];
+  [m_start setStringValue:textOf([event startTime])];
+  m_end = [self addField:@"Ends" row:4 width:150];
+  [m_end setStringValue:textOf([event endTime])];
+  const NSRect zone = NSMakeRect(kMargin + kNames + 160, kHeader - 12 - kField - 3 * kRow, 260, kField);
+  [header addSubview:label(zoneText([event startTime]), zone)];
+  NSView* const order[] = {m_subject, location, m_start, m_end};
+  for (std::size_t i = 0; i + 1 < std::size(order); ++i) [order[i] setNextKeyView:order[i + 1]];
+  [[m_controller window] setInitialFirstResponder:m_subject];
+
+  const NSRect rest = NSMakeRect(0, 0, kWidth, kHeight - kActions - kHeader);
+  NSScrollView* scroll = [[[NSScrollView alloc] initWithFrame:rest] autorelease];
+  [scroll setBorderType:NSNoBorder];
+  [scroll setHasVerticalScroller:YES];
+  [[scroll verticalScroller] setArrowsPosition:NSScrollerArrowsNone];
+  [scroll setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
+  const NSSize size = [scroll contentSize];
+  m_body = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, size.width, size.height)] autorelease];
+  [m_body setVerticallyResizable:YES];
+  [m_body setHorizontallyResizable:NO];
+  [m_body setAutoresizingMask:NSViewWidthSizable];
+  [m_body setTextContainerInset:NSMakeSize(kMargin - 4, 14)];
+  [m_body setFont:[NSFont systemFontOfSize:[NSFont systemFontSize]]];
+  [m_body setEditable:NO];
+  [scroll setDocumentView:m_body];
+  [self addSubview:scroll];
+  [self showBody];
+  [self showTitle];
+}
+- (void)showBody {
+  const std::string html = vornlab::plainText([[self editor]->m_wordEditor->m_content bodyContent]);
+  [m_body setString:vornlab::foundationText(std::string_view(vorn::htmlToPlainText(html)))];
+}
+- (void)showTitle {
+  NSString* subject = [m_subject stringValue];
+  [[m_controller window] setTitle:[subject length] > 0 ? subject : @"Untitled"];
+}
+- (void)drawRect:(NSRect)dirty {
+  (void)dirty;
+  const NSRect bounds = [self bounds];
+  [[NSColor gridColor] set];
+  NSRectFill(NSMakeRect(0, NSMaxY(bounds) - kActions, bounds.size.width, 1));
+}
+
+// -- What a person does
+- (void)change:(NSString*)name to:(id)value {
+  ERCalendarEventEditorViewController* editor = [self editor];
+  [editor->m_uncommitted setObject:value forKey:name];
+  [editor setIsDirty:YES];
+}
+- (void)controlTextDidChange:(NSNotification*)notification {
+  const id field = [notification object];
+  if (field == m_subject) {
+    [self change:@"content.summary" to:[m_subject stringValue]];
+    [self showTitle];
+  } else if (field != m_start && field != m_end) {
+    [self change:@"content.location" to:[field stringValue]];
+  }
+}
+// A time counts when it has been typed whole; one that is none leaves the former.
+- (void)controlTextDidEndEditing:(NSNotification*)notification {
+  const id field = [notification object];
+  if (field != m_start && field != m_end) return;
+  NSString* name = field == m_start ? @"content.startTime" : @"content.endTime";
+  ECCalendarEvent* event = [[self editor] content];
+  OLCalendarDate* stored = field == m_start ? [event startTime] : [event endTime];
+  OLCalendarDate* before = [[self editor]->m_uncommitted objectForKey:name];
+  if (!before) before = stored;
+  NSString* typed = [field stringValue];
+  if ([typed isEqual:textOf(before)]) return;
+  NSDate* date = [formatterOf(before) dateFromString:typed];
+  if (!date) {
+    [field setStringValue:textOf(before)];
+    return;
+  }
+  OLCalendarDate* changed = [[[OLCalendarDate alloc] initWithSeconds:[date timeIntervalSince1970]
+                                                                zone:[before timeZone]] autorelease];
+  [self change:name to:changed];
+}
+- (void)endTyping {
+  [[m_controller window] makeFirstResponder:nil];
+}
+- (void)send:(id)sender {
+  (void)sender;
+  [self endTyping];
+  [[self editor] sendMeetingPostValidate];
+}
+- (void)saveAndClose:(id)sender {
+  [self endTyping];
+  [[self editor] saveAndClose:sender];
+}
+- (void)save:(id)sender {
+  [self endTyping];
+  [[self editor] save:sender];
+}
+- (void)closeEditor:(id)sender {
+  (void)sender;
+  [m_controller close];
+}
+- (BOOL)windowShouldClose:(id)window {
+  (void)window;
+  [m_controller close];
+  return NO;
+}
+@end

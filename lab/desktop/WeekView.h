@@ -1,0 +1,32 @@
+#pragma once
+
+#import "lab/objc/HostClasses.h"
+
+// A week of the calendar. A click selects an appointment, two open it; it is dragged to another time, resized at
+// its lower edge, renamed with the return key, and deleted with the delete key. Each goes through the host's own
+// selectors. Only what stands in the week is drawn, whatever the calendar holds.
+@interface vnWeekView : NSView {
+  // Not owned; it has this view.
+  CCGridViewController* m_controller;
+  // An array of the calendar's times, by their start. Owned.
+  void* m_state;
+  NSTextField* m_nameField;
+}
+- (id)initWithController:(CCGridViewController*)controller;
+// Reads the calendar anew.
+- (void)reload;
+// Shows the week that holds the time, in seconds since 1970.
+- (void)showWeekOf:(double)seconds;
+// The days of the week; they are those of the calendar's own time zone.
+- (NSString*)title;
+- (NSTimeZone*)zone;
+- (IBAction)previousWeek:(id)sender;
+- (IBAction)nextWeek:(id)sender;
+@end
+
+namespace vornlab {
+
+// Of the main window; nil before there is one.
+vnWeekView* shownWeek();
+
+}  // namespace vornlab

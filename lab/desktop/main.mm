@@ -1,0 +1,160 @@
+// The stand-in host with real windows.
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#import "lab/desktop/CalendarPane.h"
+#include "lab/desktop/DesktopSession.h"
+#import "lab/desktop/Picture.h"
+#include "lab/shell/CalendarOutput.h"
+#include "lab/shell/CommandLine.h"
+#include "lab/shell/LabError.h"
+#include "lab/shell/Words.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace vornlab;
+
+constexpr const char* kAdd = "onClickAddVornMeeting:";
+
+struct DesktopWords {
+  fs::path calendar;
+  // The panel of a new appointment alone.
+  bool panel = false;
+  // "" for a window that stays.
+  fs::path picture;
+  // The folder for the pictures of a tour; "" for none.
+  fs::path tour;
+  LabOptions lab;
+};
+
+void settle(DesktopSession& session) {
+  if (!session.waitForQuiet()) throw LabError("the client did not answer in time");
+}
+
+NSWindow* openPanel(DesktopSession& session) {
+  if (!session.pressInBar(kAdd)) throw LabError("the bar offers no meeting");
+  settle(session);
+  NSWindow* panel = [[session.editorWindow() childWindows] lastObject];
+  if (!panel) throw LabError("the plug-in shows no panel");
+  return panel;
+}
+
+// The panel of a new appointment, as a click in the bar opens it.
+void showPanel(DesktopSession& session, const fs::path& picture) {
+  session.openEditor(nullptr);
+  settle(session);
+  NSWindow* panel = openPanel(session);
+  if (picture.empty()) return session.run();
+  writePicture(panel, picture);
+}
+
+// The pictures of the documentation, each made by what a person would do.
+void takeTour(DesktopSession& session, const fs::path& folder) {
+  fs::create_directories(folder);
+  session.passTime(0.2);
+  writePicture(session.mainWindow(), folder / "week.png");
+  const CalendarEvent event = session.calendar().events().front();
+  session.openEditor(&event);
+  settle(session);
+  writePicture(session.editorWindow(), folder / "editor.png");
+  writePicture(openPanel(session), folder / "panel.png");
+}
+
+// The file as it is written each time; what somebody else has made of it meanwhile is not overwritten.
+class CalendarFile {
+ public:
+  CalendarFile(fs::path file, CalendarStore& calendar)
+      : m_file(std::move(file)),
+        m_calendar(calendar),
+        m_output(std::make_unique<CalendarOutput>(m_file, kNoOthers)) {}
+
+  void save() {
+    try {
+      m_output->write(m_calendar.text(), m_file);
+      m_output = std::make_unique<CalendarOutput>(m_file, kNoOthers);
+    } catch (const LabError& error) {
+      NSAlert* alert = [[[NSAlert alloc] init] autorelease];
+      [alert setMessageText:@"The calendar was not saved"];
+      [alert setInformativeText:foundationText(std::string_view(error.what()))];
+      [alert addButtonWithTitle:@"OK"];
+      [alert runModal];
+    }
+  }
+
+ private:
+  static inline const std::vector<fs::path> kNoOthers;
+
+  fs::path m_file;
+  CalendarStore& m_calendar;
+  std::unique_ptr<CalendarOutput> m_output;
+};
+
+void work(const DesktopWords& words) {
+  CalendarStore calendar;
+  std::unique_ptr<CalendarFile> file;
+  if (!words.calendar.empty()) {
+    file = std::make_unique<CalendarFile>(words.calendar, calendar);
+    loadCalendar(calendar, words.calendar);
+    saveCalendarFile() = [&file] { file->save(); };
+  }
+  {
+    DesktopSession session(words.lab, calendar, "");
+    if (words.panel) {
+      showPanel(session, words.picture);
+    } else if (!words.tour.empty()) {
+      takeTour(session, words.tour);
+    } else {
+      session.run();
+    }
+  }
+  saveCalendarFile() = nullptr;
+}
+
+// A display is known by a secret that lies in the person's own home, which is another one here.
+void keepTheWayToTheDisplay() {
+  const char* home = std::getenv("HOME");
+  if (home && !std::getenv("XAUTHORITY")) setenv("XAUTHORITY", (fs::path(home) / ".Xauthority").c_str(), 1);
+}
+
+ExitCode run(int argc, char** argv) {
+  DesktopWords words;
+  words.lab.programs = programFolder();
+  words.lab.panelIsOff = false;
+  CLI::App program("The stand-in host with real windows.", "vornlab-desktop");
+  program.add_option("FILE", words.calendar, "the calendar to open; an empty one without it")
+      ->check(CLI::ExistingFile);
+  program.add_flag("--panel", words.panel, "open only the settings panel of a new appointment");
+  program.add_option("--picture", words.picture, "with --panel: write a picture of it, and end");
+  program.add_option("--tour", words.tour, "write the pictures of the documentation into this folder, and end");
+  program.add_option("--account", words.lab.account, "who is signed in at the client")->check(CLI::ExistingFile);
+  program.add_option("--client-version", words.lab.clientVersion, "the version that the client shows");
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error) == 0 ? ExitCode::done : ExitCode::badUsage;
+  }
+  keepTheWayToTheDisplay();
+  words.lab.world = enterOwnWorld(argv);
+  try {
+    const Pool pool;
+    DesktopSession::beginApplication();
+    work(words);
+  } catch (...) {
+    fs::remove_all(words.lab.world);
+    throw;
+  }
+  fs::remove_all(words.lab.world);
+  return ExitCode::done;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return runProgram("vornlab-desktop", [&] { return run(argc, argv); });
+}
