@@ -140,7 +140,8 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   [self setNeedsDisplay:YES];
 }
 - (NSTimeZone*)zone {
-  NSTimeZone* zone = [NSTimeZone timeZoneWithName:foundationText(static_cast<State*>(m_state)->zone)];
+  const vorn::OptionalText& name = static_cast<State*>(m_state)->zone;
+  NSTimeZone* zone = name ? [NSTimeZone timeZoneWithName:foundationText(name)] : nil;
   return zone ? zone : [NSTimeZone defaultTimeZone];
 }
 - (NSString*)title {

@@ -10,10 +10,10 @@
 #import "lab/desktop/CalendarPane.h"
 #include "lab/desktop/DesktopSession.h"
 #import "lab/desktop/Picture.h"
+#include "lab/shell/CalendarInput.h"
 #include "lab/shell/CalendarOutput.h"
 #include "lab/shell/CommandLine.h"
 #include "lab/shell/LabError.h"
-#include "lab/shell/Words.h"
 
 namespace {
 
@@ -23,7 +23,8 @@ using namespace vornlab;
 constexpr const char* kAdd = "onClickAddVornMeeting:";
 
 struct DesktopWords {
-  fs::path calendar;
+  // Without a file it is an empty calendar.
+  CalendarInput input;
   // The panel of a new appointment alone.
   bool panel = false;
   // "" for a window that stays.
@@ -54,6 +55,15 @@ void showPanel(DesktopSession& session, const fs::path& picture) {
   writePicture(panel, picture);
 }
 
+void scrollToEnd(NSView* view) {
+  if ([view isKindOfClass:[NSScrollView class]]) {
+    NSView* shown = [static_cast<NSScrollView*>(view) documentView];
+    [shown scrollPoint:NSMakePoint(0, NSMaxY([shown bounds]))];
+  }
+  NSEnumerator* below = [[view subviews] objectEnumerator];
+  while (NSView* each = [below nextObject]) scrollToEnd(each);
+}
+
 // The pictures of the documentation, each made by what a person would do.
 void takeTour(DesktopSession& session, const fs::path& folder) {
   fs::create_directories(folder);
@@ -63,7 +73,10 @@ void takeTour(DesktopSession& session, const fs::path& folder) {
   session.openEditor(&event);
   settle(session);
   writePicture(session.editorWindow(), folder / "editor.png");
-  writePicture(openPanel(session), folder / "panel.png");
+  NSWindow* panel = openPanel(session);
+  writePicture(panel, folder / "panel.png");
+  scrollToEnd([panel contentView]);
+  writePicture(panel, folder / "panel-end.png");
 }
 
 // The file as it is written each time; what somebody else has made of it meanwhile is not overwritten.
@@ -96,11 +109,11 @@ class CalendarFile {
 };
 
 void work(const DesktopWords& words) {
-  CalendarStore calendar;
+  CalendarStore calendar(words.input.storeOptions());
   std::unique_ptr<CalendarFile> file;
-  if (!words.calendar.empty()) {
-    file = std::make_unique<CalendarFile>(words.calendar, calendar);
-    loadCalendar(calendar, words.calendar);
+  if (!words.input.file.empty()) {
+    file = std::make_unique<CalendarFile>(words.input.file, calendar);
+    loadCalendar(calendar, words.input);
     saveCalendarFile() = [&file] { file->save(); };
   }
   {
@@ -127,8 +140,7 @@ ExitCode run(int argc, char** argv) {
   words.lab.programs = programFolder();
   words.lab.panelIsOff = false;
   CLI::App program("The stand-in host with real windows.", "vornlab-desktop");
-  program.add_option("FILE", words.calendar, "the calendar to open; an empty one without it")
-      ->check(CLI::ExistingFile);
+  addCalendarInput(program, words.input, "the calendar file; without it an empty calendar")->required(false);
   program.add_flag("--panel", words.panel, "open only the settings panel of a new appointment");
   program.add_option("--picture", words.picture, "with --panel: write a picture of it, and end");
   program.add_option("--tour", words.tour, "write the pictures of the documentation into this folder, and end");
