@@ -45,6 +45,9 @@ void DesktopSession::beginApplication() {
 #ifdef GNUSTEP
   showDesktopTheme();
 #endif
+  // Nobody runs the application's own loop, which would begin with these; keys reach an active one only.
+  [NSApp finishLaunching];
+  [NSApp activateIgnoringOtherApps:YES];
 }
 
 DesktopSession::~DesktopSession() {

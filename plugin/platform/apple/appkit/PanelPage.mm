@@ -30,6 +30,20 @@
 
 using Pressed = std::function<void()>;
 
+// What a window without a title lies on: a border sets it off from the windows below.
+@interface vnSheetView : NSView
+@end
+
+@implementation vnSheetView
+- (void)drawRect:(NSRect)dirty {
+  (void)dirty;
+  [[NSColor windowBackgroundColor] set];
+  NSRectFill([self bounds]);
+  [[NSColor gridColor] set];
+  NSFrameRect([self bounds]);
+}
+@end
+
 // A window without a title takes the keyboard all the same.
 @interface vnPanelWindow : NSPanel {
  @public
@@ -123,6 +137,9 @@ PanelPage::PanelPage(Kind kind, std::string_view title, std::function<void()> pr
   [m_scroll.get() setHasHorizontalScroller:NO];
   [m_scroll.get() setHasVerticalScroller:NO];
   [m_scroll.get() setDocumentView:m_body.get()];
+  if (kind != Kind::window) {
+    [window.get() setContentView:[[[vnSheetView alloc] initWithFrame:NSZeroRect] autorelease]];
+  }
   NSView* content = [window.get() contentView];
   [content addSubview:m_scroll.get()];
   [content addSubview:m_foot.get()];
@@ -384,6 +401,7 @@ void PanelPage::resize(double width, double bodyHeight, double footerHeight) {
     [[m_scroll.get() verticalScroller] setArrowsPosition:NSScrollerArrowsNone];
   }
   const double scroller = scrolls ? [NSScroller scrollerWidth] : 0;
+  const double border = m_kind == Kind::window ? 0 : 1;
   const NSSize before = [[window contentView] frame].size;
   if (before.width != width + scroller || before.height != height) {
     NSRect frame = [window frame];
@@ -392,10 +410,11 @@ void PanelPage::resize(double width, double bodyHeight, double footerHeight) {
     frame.origin.y = top - frame.size.height;
     [window setFrame:frame display:NO];
   }
-  [m_scroll.get() setFrame:NSMakeRect(0, footerHeight, width + scroller, height - footerHeight)];
-  [m_foot.get() setFrame:NSMakeRect(0, 0, width + scroller, footerHeight)];
+  const double inside = width + scroller - 2 * border;
+  [m_scroll.get() setFrame:NSMakeRect(border, footerHeight, inside, height - footerHeight - border)];
+  [m_foot.get() setFrame:NSMakeRect(border, border, inside, footerHeight - border)];
   setHidden(m_foot.get(), footerHeight == 0);
-  [m_body.get() setFrameSize:NSMakeSize(width, std::max(bodyHeight, height - footerHeight))];
+  [m_body.get() setFrameSize:NSMakeSize(width - 2 * border, std::max(bodyHeight, height - footerHeight))];
   [[window contentView] setNeedsDisplay:YES];
 }
 
