@@ -4,6 +4,7 @@
 
 #include "lab/desktop/Theme.h"
 #import "lab/objc/HostClasses.h"
+#include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 
 namespace vornlab {
@@ -13,7 +14,7 @@ namespace {
 constexpr double kTurnSeconds = 0.01;
 constexpr double kLongSeconds = 3600;
 // The plug-in clears up a hundredth of a second after a window has closed.
-constexpr double kClearingSeconds = 0.05;
+constexpr int kClearingTurns = 6;
 
 NSView* barIn(NSView* header) {
   NSEnumerator* views = [[header subviews] objectEnumerator];
@@ -48,20 +49,25 @@ void DesktopSession::beginApplication() {
   // Nobody runs the application's own loop, which would begin with these; keys reach an active one only.
   [NSApp finishLaunching];
   [NSApp activateIgnoringOtherApps:YES];
+  // The toolkit has taken the signals for itself.
+  Interruption::install();
 }
 
 DesktopSession::~DesktopSession() {
   const Pool pool;
-  try {
+  {
+    const Pool closing;
     NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
     while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
-    passTime(kClearingSeconds);
-    // The toolkit cannot end a window that is still on the screen, or has a toolbar.
-    [mainWindow() orderOut:nil];
-    [mainWindow() setToolbar:nil];
-  } catch (const LabError&) {
-    // Whoever interrupts does not wait.
   }
+  // Also for one who interrupts, and whom nothing else waits for.
+  for (int i = 0; i < kClearingTurns; ++i) {
+    const Pool passing;
+    turn();
+  }
+  // The toolkit cannot end a window that is still on the screen, or has a toolbar.
+  [mainWindow() orderOut:nil];
+  [mainWindow() setToolbar:nil];
 }
 
 void DesktopSession::openEditor(const CalendarEvent* event) {
