@@ -46,8 +46,8 @@ void DesktopSession::beginApplication() {
 #ifdef GNUSTEP
   showDesktopTheme();
 #endif
-  // Nobody runs the application's own loop, which would begin with these; keys reach an active one only.
-  [NSApp finishLaunching];
+  // Keys reach an active application only. Its launching is not finished on purpose: the toolkit would then take this
+  // program's words for files to open.
   [NSApp activateIgnoringOtherApps:YES];
   // The toolkit has taken the signals for itself.
   Interruption::install();
