@@ -7,6 +7,18 @@
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 
+// The toolkit takes a program's words for files to open, which is this program's own business.
+@interface vnLaunching : NSObject
+@end
+
+@implementation vnLaunching
+- (BOOL)application:(NSApplication*)application openFile:(NSString*)file {
+  (void)application;
+  (void)file;
+  return YES;
+}
+@end
+
 namespace vornlab {
 
 namespace {
@@ -46,8 +58,11 @@ void DesktopSession::beginApplication() {
 #ifdef GNUSTEP
   showDesktopTheme();
 #endif
-  // Keys reach an active application only. Its launching is not finished on purpose: the toolkit would then take this
-  // program's words for files to open.
+  // Nobody runs the application's own loop, which would begin with these; keys reach an active one only.
+  vnLaunching* launching = [[[vnLaunching alloc] init] autorelease];
+  [NSApp setDelegate:static_cast<id>(launching)];
+  [NSApp finishLaunching];
+  [NSApp setDelegate:nil];
   [NSApp activateIgnoringOtherApps:YES];
   // The toolkit has taken the signals for itself.
   Interruption::install();
