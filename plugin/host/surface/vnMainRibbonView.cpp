@@ -96,6 +96,7 @@ const HostObject& vnMainRibbonView::menu() {
 void vnMainRibbonView::createVnRibbonButton() {
   // The host's tree of views alone holds it from here on.
   vnPopupButton button;
+  button.isImageAbove = true;
   button.hidden = false;
   button.image = "Start_Meeting_normal_32";
   button.title = localizedString("VnPalletLabel");

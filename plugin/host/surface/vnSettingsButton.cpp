@@ -31,7 +31,7 @@ void vnSettingsButton::create(const HostObject& superview, const HostObject& tar
 
 void vnSettingsButton::createOf(ClassRef buttonClass, const HostObject& superview) {
   m_button = makeInHost(buttonClass, "initWithFrame:", {valueFromRect(frame)});
-  askHost(m_button, "setImagePosition:", {kImageLeft});
+  askHost(m_button, "setImagePosition:", {isImageAbove ? kImageAbove : kImageLeft});
   draw();
   askHost(superview, "addSubview:", {m_button});
 }
@@ -47,8 +47,6 @@ void vnSettingsButton::draw() const {
 
 void vnPopupButton::create(const HostObject& superview, const HostObject& menu) {
   createOf(ownClass(kClass, "NSButton", kPopupMethods), superview);
-  // It is as wide as it is high, and both have to find room.
-  askHost(m_button, "setImagePosition:", {kImageAbove});
   askHost(m_button, "setMenu:", {menu});
   askHost(m_button, "setTarget:", {m_button});
   askHost(m_button, "setAction:", {"popUpMenu:"});

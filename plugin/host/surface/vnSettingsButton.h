@@ -20,6 +20,8 @@ class vnSettingsButton {
   std::string title;
   // The name of an image of the bundle; "" for none.
   std::string image;
+  // Above the title instead of left of it, where a button is about as wide as it is high. Counts when it is made.
+  bool isImageAbove = false;
   // Empty for no tooltip.
   std::string toolTip;
   Rect frame;

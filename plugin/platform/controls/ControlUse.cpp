@@ -30,7 +30,7 @@ ControlUse useControl(ControlSet& controls, const std::string& key, const std::f
   }
   // What is called may end the panel, and what it is called with goes with the panel.
   const auto tell = used;
-  const std::string told = key;
+  const std::string told = key;  // NOLINT(performance-unnecessary-copy-initialization)
   const ControlSet::Change step(controls);
   if (change) change(*control);
   tell(told);
