@@ -86,8 +86,9 @@ class JsonPage : public ::testing::Test {
       for (PageKey& listed : m_page[command]) {
         if (!listed.isOf(pieces)) continue;
         listed.isSeen = true;
-        const auto isOfThatType = [&](const std::string& type) {
-          return type == typeOf(value) || (typeOf(value) == "list" && type.starts_with("list of "));
+        const std::string found = typeOf(value);
+        const auto isOfThatType = [&found](const std::string& type) {
+          return type == found || (found == "list" && type.starts_with("list of "));
         };
         isListed = isListed || std::any_of(listed.types.begin(), listed.types.end(), isOfThatType);
       }
