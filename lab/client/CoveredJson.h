@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -21,8 +22,12 @@ Json coveredJson(const Json& value, std::string_view key = {}) {
   }
   if (!value.is_object()) return value;
   Json object = Json::object();
+  // Two names may be covered alike, and both members are there to be seen.
+  std::map<std::string, int> times;
   for (const auto& [name, member] : value.items()) {
-    object[SecretMask::covered(name)] = coveredJson(member, SecretMask::keyThatCounts(key, name));
+    std::string shown = SecretMask::covered(name);
+    if (shown != name && ++times[shown] > 1) shown += " " + std::to_string(times[shown]);
+    object[shown] = coveredJson(member, SecretMask::keyThatCounts(key, name));
   }
   return object;
 }

@@ -1,7 +1,8 @@
 #include "lab/shell/ReportCommand.h"
 
+#include <sys/stat.h>
+
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "lab/shell/CalendarOutput.h"
@@ -9,7 +10,6 @@
 #include "lab/shell/Output.h"
 #include "lab/shell/ReportSections.h"
 #include "lab/shell/TextColumns.h"
-#include "lab/shell/Words.h"
 #include "util/AtomicFile.h"
 
 namespace vornlab {
@@ -18,15 +18,16 @@ namespace {
 using nlohmann::ordered_json;
 
 // Nobody else on the machine has any business with it either.
-constexpr mode_t kOnlyForOthers = 0077;
+constexpr mode_t kNotForOthers = 0077;
+constexpr auto kForOwner = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
 
-std::optional<CalendarEvent> eventOfPanel(CalendarStore& calendar, const std::string& uid) {
-  if (uid.empty()) {
+std::optional<CalendarEvent> eventOfPanel(CalendarStore& calendar, const ReportOptions& options) {
+  if (options.uid.empty()) {
     const std::vector<CalendarEvent> events = calendar.events();
     return events.size() == 1 ? std::optional(events.front()) : std::nullopt;
   }
-  if (auto event = calendar.find(uid)) return event;
-  throw UsageError("there is no appointment " + uid);
+  if (auto event = calendar.find(options.uid)) return event;
+  throw UsageError(missingInWords(options.input.file, options.uid));
 }
 
 std::string inWords(const std::vector<ReportSection>& sections) {
@@ -63,13 +64,13 @@ void tellWhatItHolds(const std::vector<ReportSection>& sections, const ReportOpt
 }  // namespace
 
 ExitCode report(const ReportOptions& options) {
-  umask(kOnlyForOthers);
+  umask(kNotForOthers);
   CalendarOutput output(options.output, {options.input.file, options.lab.account, options.lab.clientDatabase});
   CalendarStore calendar(options.input.storeOptions());
   std::optional<CalendarEvent> event;
   if (!options.input.file.empty()) {
     loadCalendar(calendar, options.input);
-    event = eventOfPanel(calendar, options.uid);
+    event = eventOfPanel(calendar, options);
   } else if (!options.uid.empty()) {
     throw UsageError("--uid needs the calendar file of the appointment");
   }
@@ -86,6 +87,8 @@ ExitCode report(const ReportOptions& options) {
   const std::vector<ReportSection> sections = asked.all(calendar, event, lab.timeoutSeconds);
   tellWhatItHolds(sections, options);
   output.write(options.form == ReportForm::json ? asJson(sections) : inWords(sections), "");
+  // One that was there has kept its mode.
+  if (std::filesystem::is_regular_file(options.output)) std::filesystem::permissions(options.output, kForOwner);
   return ExitCode::done;
 }
 

@@ -58,11 +58,12 @@ std::optional<Read> percentAt(std::string_view text, std::size_t place) {
   std::array<char, 4> bytes{};
   const auto byteAt = [text](std::size_t& from) -> std::optional<char> {
     if (at(text, from) != '%') return std::nullopt;
-    // "%2540" is "%40", packed once more.
-    while (text.substr(from, 3) == "%25" && hexAt(text, from + 3, 2)) from += 2;
-    const auto value = hexAt(text, from + 1, 2);
+    // "%2540" is "%40", packed once more, and so on.
+    std::size_t digits = from + 1;
+    while (text.substr(digits, 2) == "25" && hexAt(text, digits + 2, 2)) digits += 2;
+    const auto value = hexAt(text, digits, 2);
     if (!value) return std::nullopt;
-    from += 3;
+    from = digits + 2;
     return static_cast<char>(*value);
   };
   std::size_t from = place;

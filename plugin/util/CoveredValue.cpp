@@ -1,5 +1,8 @@
 #include "util/CoveredValue.h"
 
+#include <map>
+#include <string>
+
 #include "secrets/SecretMask.h"
 
 namespace vorn {
@@ -15,8 +18,12 @@ Value covered(const Value& value, std::string_view key) {
   }
   if (!value.isDictionary()) return value;
   Value::Dictionary entries;
+  // Two names may be covered alike, and both entries are there to be seen.
+  std::map<std::string, int> times;
   for (const auto& [name, entry] : value.entries()) {
-    entries[SecretMask::covered(name)] = covered(entry, SecretMask::keyThatCounts(key, name));
+    std::string shown = SecretMask::covered(name);
+    if (shown != name && ++times[shown] > 1) shown += " " + std::to_string(times[shown]);
+    entries[shown] = covered(entry, SecretMask::keyThatCounts(key, name));
   }
   return entries;
 }
