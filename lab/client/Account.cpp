@@ -192,6 +192,15 @@ void readOverrides(AccountReader& reader, json& profile) {
   });
 }
 
+// Of a byte, counted from 1, as an editor tells it.
+std::string placeOf(std::size_t byte, std::string_view text) {
+  const std::string_view before = text.substr(0, byte == 0 ? 0 : byte - 1);
+  const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+  const std::size_t column =
+      before.size() - (before.rfind('\n') == std::string_view::npos ? 0 : before.rfind('\n') + 1);
+  return "line " + std::to_string(line) + ", column " + std::to_string(column + 1);
+}
+
 }  // namespace
 
 Account Account::plain() { return fromText(kPlainAccount); }
@@ -200,8 +209,10 @@ Account Account::fromText(std::string_view text) {
   json document;
   try {
     document = json::parse(text, nullptr, true, true);
-  } catch (const json::exception& error) {
-    throw AccountError(std::string("not JSON: ") + error.what());
+  } catch (const json::parse_error& error) {
+    throw AccountError("this is no JSON from " + placeOf(error.byte, text) + " on");
+  } catch (const json::exception&) {
+    throw AccountError("this JSON has a number that is too large");
   }
 
   Account account;

@@ -43,13 +43,17 @@ class Reset {
 void MeetingStore::CloseDatabase::operator()(sqlite3* database) const { sqlite3_close(database); }
 void MeetingStore::FinalizeStatement::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
-MeetingStore::MeetingStore(const std::string& path, int patienceMilliseconds)
-    : m_patienceMilliseconds(patienceMilliseconds) {
+void MeetingStore::open(const std::string& path, int flags) {
   sqlite3* database = nullptr;
-  const int opened = sqlite3_open(path.c_str(), &database);
+  const int opened = sqlite3_open_v2(path.c_str(), &database, flags, nullptr);
   m_database.reset(database);
   if (opened != SQLITE_OK) fail();
   sqlite3_busy_timeout(database, m_patienceMilliseconds);
+}
+
+MeetingStore::MeetingStore(const std::string& path, int patienceMilliseconds)
+    : MeetingStore(patienceMilliseconds) {
+  open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   prepareSchema();
 
   const std::string all(kColumns);
@@ -154,10 +158,12 @@ std::int64_t MeetingStore::count() {
   return sqlite3_column_int64(m_count.get(), 0);
 }
 
-void MeetingStore::copyTo(const std::string& path) {
-  const Statement copy = prepare("VACUUM INTO ?1");
+void MeetingStore::copy(const std::string& database, const std::string& path) {
+  MeetingStore source(kPatienceMilliseconds);
+  source.open(database, SQLITE_OPEN_READONLY);
+  const Statement copy = source.prepare("VACUUM INTO ?1");
   bind(copy.get(), 1, path);
-  step(copy.get());
+  source.step(copy.get());
 }
 
 MeetingStore::Transaction::Transaction(MeetingStore& store) : m_store(store) {
@@ -210,9 +216,20 @@ std::optional<Meeting> MeetingStore::readOne(sqlite3_stmt* statement) {
 }
 
 void MeetingStore::fail() const {
-  if (sqlite3_errcode(m_database.get()) != SQLITE_BUSY) throw StoreError(sqlite3_errmsg(m_database.get()));
-  throw StoreError("another program has kept the database busy for " +
-                   std::to_string(m_patienceMilliseconds / 1000) + " seconds");
+  const int code = sqlite3_errcode(m_database.get());
+  switch (code) {
+    case SQLITE_BUSY:
+      throw StoreError("another program has kept the database busy for " +
+                       std::to_string(m_patienceMilliseconds / 1000) + " seconds");
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT: throw StoreError("this is no database of meetings; name another file");
+    case SQLITE_CANTOPEN: throw StoreError("the database cannot be opened; its folder has to be there");
+    case SQLITE_READONLY:
+    case SQLITE_PERM: throw StoreError("the database cannot be written; it is read-only");
+    case SQLITE_FULL:
+    case SQLITE_IOERR: throw StoreError("the database cannot be written; the disk may be full");
+    default: throw StoreError("the database cannot be used; SQLite's code is " + std::to_string(code));
+  }
 }
 
 }  // namespace vornlab

@@ -31,6 +31,10 @@ class MeetingStore {
   MeetingStore(const MeetingStore&) = delete;
   MeetingStore& operator=(const MeetingStore&) = delete;
 
+  // Writes all that is in a database, as it is at one moment, into a new file, and nothing into the database
+  // itself.
+  static void copy(const std::string& database, const std::string& path);
+
   std::optional<Meeting> find(std::int64_t number);
 
   // The meeting that was stored last for this appointment.
@@ -47,9 +51,6 @@ class MeetingStore {
 
   std::int64_t count();
 
-  // Writes all meetings, as they are at one moment, into a new file.
-  void copyTo(const std::string& path);
-
   // What happens in its life is stored together at commit(), or not at all.
   class Transaction {
    public:
@@ -65,6 +66,9 @@ class MeetingStore {
   };
 
  private:
+  explicit MeetingStore(int patienceMilliseconds) : m_patienceMilliseconds(patienceMilliseconds) {}
+  void open(const std::string& path, int flags);
+
   struct CloseDatabase {
     void operator()(sqlite3* database) const;
   };

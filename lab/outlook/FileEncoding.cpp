@@ -21,6 +21,8 @@ bool isHigh(char c) { return static_cast<unsigned char>(c) >= 0x80; }
 
 }  // namespace
 
+bool isAscii(std::string_view bytes) { return std::none_of(bytes.begin(), bytes.end(), isHigh); }
+
 std::string_view nameOf(FileEncoding encoding) {
   switch (encoding) {
     case FileEncoding::latin1: return "Latin-1";
@@ -50,7 +52,7 @@ std::string fromSingleBytes(std::string_view bytes) {
 }
 
 std::optional<std::string> encoded(std::string_view text, FileEncoding encoding) {
-  if (encoding == FileEncoding::utf8 || std::none_of(text.begin(), text.end(), isHigh)) return std::string(text);
+  if (encoding == FileEncoding::utf8 || isAscii(text)) return std::string(text);
   const icu::UnicodeString characters =
       icu::UnicodeString::fromUTF8({text.data(), static_cast<int32_t>(text.size())});
   std::string bytes(text.size(), '\0');

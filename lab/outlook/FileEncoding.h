@@ -13,6 +13,9 @@ enum class FileEncoding { utf8, latin1, windows1252 };
 // What the file's name for it is, for a sentence.
 std::string_view nameOf(FileEncoding encoding);
 
+// The same in every encoding.
+bool isAscii(std::string_view bytes);
+
 // Whether the bytes are a text of one byte a character: they are no UTF-8, nor a damaged form of it.
 bool isOfSingleBytes(std::string_view bytes);
 // Whether such a text uses what only the second encoding has.

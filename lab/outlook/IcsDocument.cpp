@@ -183,8 +183,7 @@ struct IcsDocument::Reader {
   }
 
   void noteEncoding(Line& line, std::string_view content) {
-    const bool isPlain = std::all_of(content.begin(), content.end(), [](char c) { return c >= 0; });
-    if (isPlain) return;
+    if (isAscii(content)) return;
     line.isOfSingleBytes = isOfSingleBytes(content);
     hasSingleBytes = hasSingleBytes || line.isOfSingleBytes;
     hasUtf8 = hasUtf8 || !line.isOfSingleBytes;

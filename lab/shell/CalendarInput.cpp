@@ -18,6 +18,8 @@ namespace {
 
 // Who has more of them in one file does not read them all.
 constexpr std::size_t kMostWarnings = 10;
+// A stream may have no end, as /dev/zero has none.
+constexpr std::size_t kLongestStream = 1U << 30U;
 
 bool isStream(const std::filesystem::path& file) {
   std::error_code unknown;
@@ -34,6 +36,7 @@ std::string contentOfStream(const std::filesystem::path& file) {
   std::array<char, 65536> piece{};
   while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), stream.get())) {
     content.append(piece.data(), count);
+    if (content.size() > kLongestStream) throw UsageError(file.string() + ": this is too large for a calendar");
   }
   if (std::ferror(stream.get()) != 0)
     throw UsageError("cannot read " + file.string() + ": " + std::strerror(errno));
@@ -51,6 +54,10 @@ CLI::Option* addCalendarInput(CLI::App& command, CalendarInput& input, const cha
       ->check(complaintOfZone, "ZONE");
   command.add_flag("--strict", input.isStrict, "refuse a file in which something is doubtful");
   return command.add_option("IN", input.file, what);
+}
+
+std::string missingInWords(const std::filesystem::path& file, const std::string& uid) {
+  return file.string() + ": the calendar has no appointment with the UID " + uid;
 }
 
 std::string faultInWords(const std::filesystem::path& file, const IcsProblem& problem) {

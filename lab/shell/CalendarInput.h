@@ -27,6 +27,9 @@ struct CalendarInput {
 // The file IN and the options that belong to it. Answers what IN became.
 CLI::Option* addCalendarInput(CLI::App& command, CalendarInput& input, const char* what = "the calendar file");
 
+// That the calendar of the file has no such appointment.
+std::string missingInWords(const std::filesystem::path& file, const std::string& uid);
+
 // What is wrong with a calendar's file, and where.
 std::string faultInWords(const std::filesystem::path& file, const IcsProblem& problem);
 

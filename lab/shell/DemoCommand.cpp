@@ -74,8 +74,7 @@ CalendarEvent chosenEvent(CalendarStore& calendar, const DemoOptions& options) {
   if (options.uid.empty()) return events.front();
   const auto found = std::find_if(events.begin(), events.end(),
                                   [&](const CalendarEvent& each) { return each.uid() == options.uid; });
-  if (found == events.end())
-    throw UsageError(file + ": the calendar has no appointment with the UID " + options.uid);
+  if (found == events.end()) throw UsageError(missingInWords(options.input.file, options.uid));
   return *found;
 }
 

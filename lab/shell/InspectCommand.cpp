@@ -6,6 +6,7 @@
 #include <set>
 
 #include "lab/outlook/HostForms.h"
+#include "lab/shell/OptionChecks.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"
@@ -90,7 +91,7 @@ ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
     print(inspector(event), options.form, titleOf(event),
           {{"uid", event.uid()}, {"recurrenceId", event.recurrenceId()}});
   }
-  for (const std::string& uid : missing) complain("there is no appointment " + uid, "vornlab");
+  for (const std::string& uid : missing) complain(missingInWords(options.input.file, uid), "vornlab");
   return missing.empty() ? ExitCode::done : ExitCode::somethingFailed;
 }
 
@@ -99,7 +100,7 @@ CLI::App* addInspectWords(CLI::App& program, InspectOptions& options) {
       program.add_subcommand("inspect", "tell what the plug-in sees in each appointment of a file");
   addCalendarInput(*command, options.input);
   command->add_option("--body", options.body, "look at a body alone, in HTML or plain text")
-      ->check(CLI::ExistingFile);
+      ->check(complaintOfFile, "FILE");
   command->add_option("--uid", options.uids, "one appointment; may be repeated");
   command->add_option("--me", options.me, "the address of the calendar's owner");
   askWithoutClient(*command, options.lab, options.form);

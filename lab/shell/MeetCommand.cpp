@@ -154,6 +154,15 @@ class MeetRun {
   CalendarStore m_calendar;
 };
 
+void copyMeetings(const std::string& database, const std::string& copy) {
+  if (!fs::exists(database)) return;
+  try {
+    MeetingStore::copy(database, copy);
+  } catch (const StoreError& error) {
+    throw UsageError(database + ": " + error.what());
+  }
+}
+
 }  // namespace
 
 ExitCode meet(const MeetOptions& options) {
@@ -170,8 +179,7 @@ ExitCode meet(const MeetOptions& options, const StartMeetingLab& start) {
   const TemporaryFolder folder;
   MeetOptions trial = options;
   trial.lab.clientDatabase = (folder.path() / "trial.db").string();
-  if (fs::exists(options.lab.clientDatabase))
-    MeetingStore(options.lab.clientDatabase).copyTo(trial.lab.clientDatabase);
+  copyMeetings(options.lab.clientDatabase, trial.lab.clientDatabase);
   return MeetRun(trial, start).run();
 }
 

@@ -63,7 +63,7 @@ void MeetReport::tellSummary(std::size_t sent, std::size_t received, double seco
     sayJsonLine(Json{{"summary", summary}});
     return;
   }
-  std::string counts = std::to_string(appointments()) + " appointments:";
+  std::string counts = std::to_string(appointments()) + (appointments() == 1 ? " appointment:" : " appointments:");
   for (std::size_t i = 0; i < kNames.size(); ++i) {
     counts += (i == 0 ? " " : ", ") + std::to_string(m_counts[i]) + " " + std::string(kNames[i]);
   }

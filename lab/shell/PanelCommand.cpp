@@ -30,7 +30,7 @@ CalendarEvent chosenEvent(CalendarStore& calendar, const PanelOptions& options) 
     throw UsageError("the file has " + std::to_string(events.size()) + " appointments; choose one with --uid");
   }
   if (const auto event = calendar.find(options.uid)) return *event;
-  throw LabError("there is no appointment " + options.uid);
+  throw LabError(missingInWords(options.input.file, options.uid));
 }
 
 // What Continue would do now.

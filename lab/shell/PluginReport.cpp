@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "lab/shell/Output.h"
+#include "lab/shell/TextColumns.h"
 #include "lab/shell/Words.h"
 #include "secrets/SecretMask.h"
 #include "util/Utf16.h"
@@ -20,13 +21,13 @@ constexpr std::size_t kWidestColumn = 44;
 
 std::size_t widthOf(const Value& rows, const char* column) {
   std::size_t width = 0;
-  for (const Value& row : rows.items()) width = std::max(width, vorn::utf16Length(row[column].text()));
+  for (const Value& row : rows.items()) width = std::max(width, columnsOf(onTerminal(row[column].text())));
   return std::min(width, kWidestColumn);
 }
 
 std::string padded(const std::string& text, std::size_t width) {
-  const std::size_t length = vorn::utf16Length(text);
-  return length < width ? text + std::string(width - length, ' ') : text;
+  const std::size_t columns = columnsOf(text);
+  return columns < width ? text + std::string(width - columns, ' ') : text;
 }
 
 std::string wordsOfRefusal(std::int64_t code) {

@@ -50,8 +50,8 @@ TEST(Account, namesWhatIsWrongWithAFile) {
         Case{R"({"user": []})", "user must be an object"}, Case{R"({"user": {"personalId": "12 34"}})", "digits"},
         Case{R"({"dialIn": {"all": "US"}})", "dialIn.all must be a list"},
         Case{R"({"joinRegions": {"policy": "deny"}})", "'deny' is none of allow, block"},
-        Case{R"({"features": ["fly"]})", "features.fly"}, Case{R"({"user": )", "not JSON"},
-        Case{"[]", "an object"}}) {
+        Case{R"({"features": ["fly"]})", "features.fly"}, Case{"{\n \"user\": ", "no JSON from line 2, column"},
+        Case{R"({"user": 1e999})", "too large"}, Case{"[]", "an object"}}) {
     EXPECT_THAT(errorOf(text), testing::HasSubstr(expected)) << text;
   }
   EXPECT_THROW(Account::fromFile("/nowhere/account.json"), AccountError);

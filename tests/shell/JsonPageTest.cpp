@@ -133,6 +133,7 @@ TEST_F(JsonPage, ListsEveryKeyThatIsPrintedAndNoOther) {
       {"panel", "--try", "passcode off, waiting room off"},
       {"panel", "--words"},
       {"play", good, bad, waiting},
+      {"report", "--out", folder / "report"},
       {"watch", "--json", "--", "play", bad, waiting}};
   for (const char* account : {"everything-on", "everything-locked", "three-people", "audio-conferences",
                               "telephony-provider", "without-proto"}) {

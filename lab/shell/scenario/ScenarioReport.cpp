@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "lab/shell/Output.h"
+#include "lab/shell/TextColumns.h"
 #include "lab/shell/Words.h"
 #include "lab/shell/scenario/CoveredFailure.h"
 #include "secrets/SecretMask.h"
@@ -19,6 +20,7 @@ using vorn::SecretMask;
 constexpr std::size_t kMostLines = 30;
 constexpr std::size_t kMostEnvelopes = 30;
 constexpr std::size_t kEnvelopeColumns = 96;
+constexpr std::size_t kNameColumns = 52;
 
 std::string placeOf(const ScenarioResult& result) {
   const std::size_t line = result.failure->line;
@@ -94,7 +96,8 @@ void ScenarioReport::tell(const ScenarioResult& result) {
     std::array<char, 32> took{};
     std::snprintf(took.data(), took.size(), " %5.1f s", result.seconds);
     std::string name = SecretMask::covered(result.name);
-    name.resize(std::max<std::size_t>(name.size(), 52), ' ');
+    if (const std::size_t columns = columnsOf(name); columns < kNameColumns)
+      name.append(kNameColumns - columns, ' ');
     sayAsIs("OK   " + name + took.data());
   }
   std::fflush(stdout);
