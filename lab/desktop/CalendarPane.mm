@@ -1,5 +1,7 @@
 #import "lab/desktop/CalendarPane.h"
 
+#import "lab/desktop/Controls.h"
+
 namespace {
 
 constexpr double kWidth = 1200;
@@ -12,7 +14,7 @@ vnCalendarPane* shown = nil;
 }  // namespace
 
 @interface vnCalendarPane ()
-- (double)addButton:(NSString*)title x:(double)x target:(id)target action:(SEL)action;
+- (double)addButton:(NSString*)title x:(double)x action:(SEL)action;
 - (void)showTitle;
 @end
 
@@ -33,22 +35,15 @@ vnCalendarPane* shown = nil;
   [scroll setDocumentView:m_week];
   [self addSubview:scroll];
   double x = 20;
-  x = [self addButton:@"New appointment" x:x target:self action:@selector(newAppointment:)];
-  x = [self addButton:@"‹" x:x + 14 target:self action:@selector(previousWeek:)];
-  x = [self addButton:@"›" x:x target:self action:@selector(nextWeek:)];
-  m_title = [[[NSTextField alloc] initWithFrame:NSMakeRect(x + 8, kHeight - kStrip + 14, 360, 28)] autorelease];
-  [m_title setEditable:NO];
-  [m_title setBezeled:NO];
-  [m_title setBordered:NO];
-  [m_title setDrawsBackground:NO];
+  x = [self addButton:@"New appointment" x:x action:@selector(newAppointment:)];
+  x = [self addButton:@"‹" x:x + 14 action:@selector(previousWeek:)];
+  x = [self addButton:@"›" x:x action:@selector(nextWeek:)];
+  m_title = vornlab::label(@"", NSMakeRect(x + 8, kHeight - kStrip + 14, 360, 28));
   [m_title setFont:[NSFont boldSystemFontOfSize:17]];
   [m_title setAutoresizingMask:NSViewMinYMargin];
   [self addSubview:m_title];
-  m_save = [[[NSButton alloc] initWithFrame:NSMakeRect(kWidth - 150, kHeight - kStrip + 13, 130, 30)] autorelease];
-  [m_save setTitle:@"Save to file"];
-  [m_save setBezelStyle:NSRoundedBezelStyle];
-  [m_save setTarget:self];
-  [m_save setAction:@selector(saveFile:)];
+  m_save = vornlab::pushButton(@"Save to file", self, @selector(saveFile:), NSMakePoint(0, kHeight - kStrip + 13));
+  [m_save setFrameOrigin:NSMakePoint(kWidth - 20 - NSWidth([m_save frame]), NSMinY([m_save frame]))];
   [m_save setAutoresizingMask:NSViewMinXMargin | NSViewMinYMargin];
   [self addSubview:m_save];
   [m_week scrollPoint:NSMakePoint(0, kFirstHour * 48)];
@@ -60,17 +55,10 @@ vnCalendarPane* shown = nil;
   if (shown == self) shown = nil;
   [super dealloc];
 }
-- (double)addButton:(NSString*)title x:(double)x target:(id)target action:(SEL)action {
-  NSButton* button = [[[NSButton alloc] initWithFrame:NSZeroRect] autorelease];
-  [button setTitle:title];
-  [button setBezelStyle:NSRoundedBezelStyle];
-  [button setTarget:target];
-  [button setAction:action];
-  const double width = [[button cell] cellSize].width + 22;
-  [button setFrame:NSMakeRect(x, kHeight - kStrip + 13, width, 30)];
-  [button setAutoresizingMask:NSViewMinYMargin];
+- (double)addButton:(NSString*)title x:(double)x action:(SEL)action {
+  NSButton* button = vornlab::pushButton(title, self, action, NSMakePoint(x, kHeight - kStrip + 13));
   [self addSubview:button];
-  return x + width + 6;
+  return NSMaxX([button frame]) + 6;
 }
 - (vnWeekView*)week {
   return m_week;

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "lab/desktop/Application.h"
 #include "lab/desktop/Theme.h"
 #import "lab/objc/HostClasses.h"
 #include "lab/shell/Interruption.h"
@@ -28,14 +29,6 @@ constexpr double kLongSeconds = 3600;
 // The plug-in clears up a hundredth of a second after a window has closed.
 constexpr int kClearingTurns = 6;
 
-NSView* barIn(NSView* header) {
-  NSEnumerator* views = [[header subviews] objectEnumerator];
-  while (NSView* view = [views nextObject]) {
-    if ([NSStringFromClass([view class]) isEqual:@"vnActionAdditionView"]) return view;
-  }
-  return nil;
-}
-
 NSButton* buttonIn(NSView* bar, SEL action) {
   NSEnumerator* views = [[bar subviews] objectEnumerator];
   while (NSView* view = [views nextObject]) {
@@ -54,7 +47,11 @@ void DesktopSession::beginApplication() {
     throw LabError("there is no display; start it from a graphical session, or with xvfb-run for pictures alone");
   useDesktopTheme();
 #endif
-  [NSApplication sharedApplication];
+  if (!vnMakeApplication()) {
+    const char* display = std::getenv("DISPLAY");
+    throw LabError("the display " + std::string(display ? display : "") +
+                   " cannot be reached; start it from a graphical session, or with xvfb-run for pictures alone");
+  }
 #ifdef GNUSTEP
   showDesktopTheme();
 #endif
@@ -94,8 +91,7 @@ void DesktopSession::openEditor(const CalendarEvent* event) {
   ECCalendarEvent* shown =
       [[[ECCalendarEvent alloc] initWithStore:&calendar()
                                         index:static_cast<NSInteger>(event->index())] autorelease];
-  [shown isMeeting] ? [ERCalendarEventEditorWindowController showWindowForMeeting:shown]
-                    : [ERCalendarEventEditorWindowController showWindowForEvent:shown];
+  openEditorOf(shown);
 }
 
 bool DesktopSession::pressInBar(const std::string& action) {
@@ -120,7 +116,9 @@ NSWindow* DesktopSession::mainWindow() const {
 
 // The person ends it with the main window.
 void DesktopSession::run() {
-  while (waitUntil([this] { return ![mainWindow() isVisible]; }, kLongSeconds) == false) continue;
+  while (waitUntil([this] { return ![mainWindow() isVisible] && ![mainWindow() isMiniaturized]; }, kLongSeconds) ==
+         false)
+    continue;
 }
 
 void DesktopSession::turn() {

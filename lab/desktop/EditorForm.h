@@ -8,14 +8,19 @@
 @interface vnEditorForm : NSView {
   // Not owned; the window with this view ends with it.
   ERCalendarEventEditorWindowController* m_controller;
+  // Whom the fields show. Not owned, and only compared.
+  ECCalendarEvent* m_event;
   NSTextField* m_subject;
   NSTextField* m_start;
   NSTextField* m_end;
+  // The time that a person is typing; nil for none.
+  NSTextField* m_typedTime;
   NSTextView* m_body;
 }
 + (void)putInto:(ERCalendarEventEditorWindowController*)controller;
 // Nil for an editor without one.
 + (vnEditorForm*)formOf:(ERCalendarEventEditorViewController*)editor;
-// Shows the body as it stands in the editor now.
-- (void)showBody;
+// Shows the appointment as it stands in the editor now: its body, and its fields when it has become another, as
+// the series of an occurrence. What is typed in the fields of the same one stays.
+- (void)showEvent;
 @end

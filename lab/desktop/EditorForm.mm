@@ -1,5 +1,7 @@
 #import "lab/desktop/EditorForm.h"
 
+#import "lab/desktop/Controls.h"
+
 #include "util/HtmlText.h"
 
 namespace {
@@ -13,17 +15,6 @@ constexpr double kNames = 80;
 constexpr double kRow = 32;
 constexpr double kField = 24;
 NSString* const kTimeFormat = @"yyyy-MM-dd HH:mm";
-
-NSTextField* label(NSString* text, NSRect frame) {
-  NSTextField* made = [[[NSTextField alloc] initWithFrame:frame] autorelease];
-  [made setStringValue:text];
-  [made setEditable:NO];
-  [made setSelectable:NO];
-  [made setBezeled:NO];
-  [made setBordered:NO];
-  [made setDrawsBackground:NO];
-  return made;
-}
 
 NSDateFormatter* formatterOf(OLCalendarDate* date) {
   NSDateFormatter* formatter = [[[NSDateFormatter alloc] init] autorelease];
@@ -58,6 +49,8 @@ NSString* peopleText(NSArray* attendees) {
 @interface vnEditorForm ()
 - (void)build;
 - (void)showTitle;
+- (void)showBody;
+- (void)showFields;
 @end
 
 @implementation vnEditorForm
@@ -93,7 +86,7 @@ NSString* peopleText(NSArray* attendees) {
 - (NSTextField*)addField:(NSString*)name row:(int)row width:(double)width {
   NSView* header = m_controller->m_header;
   const double y = kHeader - 10 - kField - row * kRow;
-  [header addSubview:label(name, NSMakeRect(kMargin, y - 2, kNames, kField))];
+  [header addSubview:vornlab::label(name, NSMakeRect(kMargin, y - 2, kNames, kField))];
   NSTextField* field =
       [[[NSTextField alloc] initWithFrame:NSMakeRect(kMargin + kNames, y, width, kField)] autorelease];
   [field setDelegate:static_cast<id>(self)];
@@ -102,16 +95,9 @@ NSString* peopleText(NSArray* attendees) {
   return field;
 }
 - (double)addAction:(NSString*)title x:(double)x action:(SEL)action {
-  NSButton* button = [[[NSButton alloc] initWithFrame:NSZeroRect] autorelease];
-  [button setTitle:title];
-  [button setBezelStyle:NSRoundedBezelStyle];
-  [button setTarget:self];
-  [button setAction:action];
-  const double width = [[button cell] cellSize].width + 24;
-  [button setFrame:NSMakeRect(x, kHeight - kActions + 11, width, 30)];
-  [button setAutoresizingMask:NSViewMinYMargin];
+  NSButton* button = vornlab::pushButton(title, self, action, NSMakePoint(x, kHeight - kActions + 11));
   [self addSubview:button];
-  return x + width + 10;
+  return NSMaxX([button frame]) + 10;
 }
 - (void)build {
   ERCalendarEventEditorViewController* editor = [self editor];
@@ -131,22 +117,19 @@ NSString* peopleText(NSArray* attendees) {
   [people setEditable:NO];
   [people setAutoresizingMask:NSViewWidthSizable];
   m_subject = [self addField:@"Subject" row:1 width:wide];
-  [m_subject setStringValue:[event summary] ? [event summary] : @""];
   [m_subject setAutoresizingMask:NSViewWidthSizable];
   // The location's field is the host's own, for the plug-in writes into it.
   NSTextField* location = [editor performSelector:@selector(locationTextField)];
   const double y = kHeader - 10 - kField - 2 * kRow;
-  [header addSubview:label(@"Location", NSMakeRect(kMargin, y - 2, kNames, kField))];
+  [header addSubview:vornlab::label(@"Location", NSMakeRect(kMargin, y - 2, kNames, kField))];
   [location setFrame:NSMakeRect(kMargin + kNames, y, wide, kField)];
   [location setAutoresizingMask:NSViewWidthSizable];
   [location setDelegate:static_cast<id>(self)];
   [[location cell] setScrollable:YES];
   m_start = [self addField:@"Starts" row:3 width:150];
-  [m_start setStringValue:textOf([event startTime])];
   m_end = [self addField:@"Ends" row:4 width:150];
-  [m_end setStringValue:textOf([event endTime])];
   const NSRect zone = NSMakeRect(kMargin + kNames + 160, kHeader - 12 - kField - 3 * kRow, 260, kField);
-  [header addSubview:label(zoneText([event startTime]), zone)];
+  [header addSubview:vornlab::label(zoneText([event startTime]), zone)];
   NSView* const order[] = {m_subject, location, m_start, m_end};
   for (std::size_t i = 0; i + 1 < std::size(order); ++i) [order[i] setNextKeyView:order[i + 1]];
   [[m_controller window] setInitialFirstResponder:m_subject];
@@ -167,7 +150,18 @@ NSString* peopleText(NSArray* attendees) {
   [m_body setEditable:NO];
   [scroll setDocumentView:m_body];
   [self addSubview:scroll];
+  [self showEvent];
+}
+- (void)showEvent {
   [self showBody];
+  if ([[self editor] content] != m_event) [self showFields];
+}
+- (void)showFields {
+  m_event = [[self editor] content];
+  m_typedTime = nil;
+  [m_subject setStringValue:[m_event summary] ? [m_event summary] : @""];
+  [m_start setStringValue:textOf([m_event startTime])];
+  [m_end setStringValue:textOf([m_event endTime])];
   [self showTitle];
 }
 - (void)showBody {
@@ -196,14 +190,18 @@ NSString* peopleText(NSArray* attendees) {
   if (field == m_subject) {
     [self change:@"content.summary" to:[m_subject stringValue]];
     [self showTitle];
-  } else if (field != m_start && field != m_end) {
+  } else if (field == m_start || field == m_end) {
+    m_typedTime = field;
+  } else {
     [self change:@"content.location" to:[field stringValue]];
   }
 }
 // A time counts when it has been typed whole; one that is none leaves the former.
 - (void)controlTextDidEndEditing:(NSNotification*)notification {
   const id field = [notification object];
-  if (field != m_start && field != m_end) return;
+  // Who only passes through a field has typed nothing.
+  if (field != m_typedTime) return;
+  m_typedTime = nil;
   NSString* name = field == m_start ? @"content.startTime" : @"content.endTime";
   ECCalendarEvent* event = [[self editor] content];
   OLCalendarDate* stored = field == m_start ? [event startTime] : [event endTime];

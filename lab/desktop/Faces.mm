@@ -93,7 +93,7 @@ void fillMainWindow(ERageMainWindowController* controller) {
   [[controller window] center];
 }
 
-void editorHasChanged(ERCalendarEventEditorViewController* editor) { [[vnEditorForm formOf:editor] showBody]; }
+void editorHasChanged(ERCalendarEventEditorViewController* editor) { [[vnEditorForm formOf:editor] showEvent]; }
 
 void calendarHasChanged() { [shownPane() reload]; }
 

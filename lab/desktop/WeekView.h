@@ -23,10 +23,3 @@
 - (IBAction)previousWeek:(id)sender;
 - (IBAction)nextWeek:(id)sender;
 @end
-
-namespace vornlab {
-
-// Of the main window; nil before there is one.
-vnWeekView* shownWeek();
-
-}  // namespace vornlab

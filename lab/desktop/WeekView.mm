@@ -46,8 +46,6 @@ struct State {
   std::optional<Dragged> dragged;
 };
 
-vnWeekView* shown = nil;
-
 NSColor* gray(double white) { return [NSColor colorWithCalibratedWhite:white alpha:1]; }
 // In components, for a colour of the system has no other strength.
 NSColor* accent() {
@@ -95,12 +93,10 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   if (!(self = [super initWithFrame:NSMakeRect(0, 0, 1200, kDays + kHoursOfDay * kHourHeight)])) return nil;
   m_controller = controller;
   m_state = std::make_unique<State>().release();
-  shown = self;
   [self reload];
   return self;
 }
 - (void)dealloc {
-  if (shown == self) shown = nil;
   std::unique_ptr<State>(static_cast<State*>(m_state)).reset();
   [super dealloc];
 }
@@ -286,9 +282,7 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   [self setNeedsDisplay:YES];
   if ([event clickCount] < 2 || !state.selected) return;
   state.dragged.reset();
-  ECCalendarEvent* opened = [m_controller selectedEvent];
-  [opened isMeeting] ? [ERCalendarEventEditorWindowController showWindowForMeeting:opened]
-                     : [ERCalendarEventEditorWindowController showWindowForEvent:opened];
+  vornlab::openEditorOf([m_controller selectedEvent]);
 }
 - (void)mouseDragged:(NSEvent*)event {
   State& state = *static_cast<State*>(m_state);
@@ -359,6 +353,8 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   }
 }
 - (void)endNaming {
+  // It may be in the middle of telling what was typed.
+  [[m_nameField retain] autorelease];
   [m_nameField removeFromSuperview];
   m_nameField = nil;
 }
@@ -377,9 +373,3 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   [self showWeekOf:static_cast<State*>(m_state)->week + 10 * kSecondsOfDay];
 }
 @end
-
-namespace vornlab {
-
-vnWeekView* shownWeek() { return shown; }
-
-}  // namespace vornlab

@@ -14,6 +14,7 @@
 #include "lab/shell/CalendarOutput.h"
 #include "lab/shell/CommandLine.h"
 #include "lab/shell/LabError.h"
+#include "lab/shell/OptionChecks.h"
 
 namespace {
 
@@ -69,7 +70,9 @@ void takeTour(DesktopSession& session, const fs::path& folder) {
   fs::create_directories(folder);
   session.passTime(0.2);
   writePicture(session.mainWindow(), folder / "week.png");
-  const CalendarEvent event = session.calendar().events().front();
+  const std::vector<CalendarEvent> events = session.calendar().events();
+  if (events.empty()) throw UsageError("a tour needs a calendar with an appointment");
+  const CalendarEvent& event = events.front();
   session.openEditor(&event);
   settle(session);
   writePicture(session.editorWindow(), folder / "editor.png");
@@ -108,6 +111,15 @@ class CalendarFile {
   std::unique_ptr<CalendarOutput> m_output;
 };
 
+// Of the person who has closed the calendar.
+bool wantsToSave() {
+  NSAlert* alert = [[[NSAlert alloc] init] autorelease];
+  [alert setMessageText:@"The calendar has changes that are not in its file"];
+  [alert addButtonWithTitle:@"Save"];
+  [alert addButtonWithTitle:@"Don’t Save"];
+  return [alert runModal] == NSAlertFirstButtonReturn;
+}
+
 void work(const DesktopWords& words) {
   CalendarStore calendar(words.input.storeOptions());
   std::unique_ptr<CalendarFile> file;
@@ -124,6 +136,7 @@ void work(const DesktopWords& words) {
       takeTour(session, words.tour);
     } else {
       session.run();
+      if (file && calendar.isChanged() && wantsToSave()) file->save();
     }
   }
   saveCalendarFile() = nullptr;
@@ -144,7 +157,8 @@ ExitCode run(int argc, char** argv) {
   program.add_flag("--panel", words.panel, "open only the settings panel of a new appointment");
   program.add_option("--picture", words.picture, "with --panel: write a picture of it, and end");
   program.add_option("--tour", words.tour, "write the pictures of the documentation into this folder, and end");
-  program.add_option("--account", words.lab.account, "who is signed in at the client")->check(CLI::ExistingFile);
+  program.add_option("--account", words.lab.account, "who is signed in at the client")
+      ->check(complaintOfFile, "FILE");
   program.add_option("--client-version", words.lab.clientVersion, "the version that the client shows");
   try {
     program.parse(argc, argv);

@@ -277,6 +277,12 @@ class Pool {
   NSAutoreleasePool* m_pool;
 };
 
+// The bar that the plug-in has put into the header of an editor; nil without one.
+NSView* barIn(NSView* header);
+// What the host does with an appointment that is opened: a meeting has a window of its own kind. Nil when it
+// cannot.
+ERCalendarEventEditorWindowController* openEditorOf(ECCalendarEvent* event);
+
 NSString* foundationText(std::string_view text);
 NSString* foundationText(const vorn::OptionalText& text);
 std::string plainText(NSString* text);

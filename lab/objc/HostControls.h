@@ -17,8 +17,6 @@ struct FoundControl {
   explicit operator bool() const { return view || toolbarItem; }
 };
 
-// The plug-in's bar in an editor's header; nil for none.
-NSView* barIn(NSView* header);
 // Anywhere below the view.
 FoundControl controlBelow(NSView* root, const ControlName& name);
 // In the toolbar, which asks each item first whether it may be used. An item with a view is shown by that alone.

@@ -370,3 +370,12 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   [openEditors() removeObjectIdenticalTo:self];
 }
 @end
+
+namespace vornlab {
+
+ERCalendarEventEditorWindowController* openEditorOf(ECCalendarEvent* event) {
+  return [event isMeeting] ? [ERCalendarEventEditorWindowController showWindowForMeeting:event]
+                           : [ERCalendarEventEditorWindowController showWindowForEvent:event];
+}
+
+}  // namespace vornlab

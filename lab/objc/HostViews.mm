@@ -50,3 +50,15 @@ std::string plainText(NSString* text) {
 }
 
 }  // namespace vornlab
+
+namespace vornlab {
+
+NSView* barIn(NSView* header) {
+  NSEnumerator* views = [[header subviews] objectEnumerator];
+  while (NSView* view = [views nextObject]) {
+    if ([NSStringFromClass([view class]) isEqual:@"vnActionAdditionView"]) return view;
+  }
+  return nil;
+}
+
+}  // namespace vornlab

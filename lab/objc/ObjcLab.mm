@@ -39,9 +39,7 @@ std::string ObjcLab::walk(const CalendarEvent& event, MeetResult& result, Meetin
   ECCalendarEvent* shown =
       [[[ECCalendarEvent alloc] initWithStore:&calendar()
                                         index:static_cast<NSInteger>(event.index())] autorelease];
-  ERCalendarEventEditorWindowController* controller =
-      [shown isMeeting] ? [ERCalendarEventEditorWindowController showWindowForMeeting:shown]
-                        : [ERCalendarEventEditorWindowController showWindowForEvent:shown];
+  ERCalendarEventEditorWindowController* controller = openEditorOf(shown);
   if (!controller) return "the host cannot open the appointment";
   ERCalendarEventEditorViewController* editor = [controller editorViewController];
   if (!waitForQuiet()) return tooLate;

@@ -37,14 +37,6 @@ bool isEnabled(const FoundControl& control) {
 
 }  // namespace
 
-NSView* barIn(NSView* header) {
-  NSEnumerator* views = [[header subviews] objectEnumerator];
-  while (NSView* view = [views nextObject]) {
-    if ([NSStringFromClass([view class]) isEqual:@"vnActionAdditionView"]) return view;
-  }
-  return nil;
-}
-
 FoundControl controlBelow(NSView* root, const ControlName& name) {
   NSEnumerator* subviews = [[root subviews] objectEnumerator];
   while (NSView* view = [subviews nextObject]) {

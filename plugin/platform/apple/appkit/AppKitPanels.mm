@@ -17,6 +17,15 @@ std::vector<DrawnPanel*>& openPanels() {
   return panels;
 }
 
+// What the toolkit has called is left without an exception of ours: it would go through the toolkit's own calls.
+template <typename Work>
+void guarded(const Work& work) {
+  try {
+    work();
+  } catch (...) {
+  }
+}
+
 bool takesKeyboard(Control::Kind kind) {
   return kind != Control::Kind::label && kind != Control::Kind::link && kind != Control::Kind::list;
 }
@@ -36,7 +45,7 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
   void begin() {
     const std::weak_ptr<Drawing> weak = weak_from_this();
     m_subscription = m_controls->observe([weak](const std::vector<std::string>& keys) {
-      if (const auto self = weak.lock()) self->follow(keys);
+      if (const auto self = weak.lock()) guarded([&] { self->follow(keys); });
     });
     build();
     refreshAll();
@@ -55,7 +64,8 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
     if (!m_controls) return true;
     const auto self = shared_from_this();
     m_lastUsed = fieldOf(key);
-    const ControlUse result = useControl(*m_controls, key, change, m_used);
+    ControlUse result = ControlUse::done;
+    guarded([&] { result = useControl(*m_controls, key, change, m_used); });
     if (result == ControlUse::done || !m_controls) return true;
     refresh(m_lastUsed);
     return false;
@@ -151,7 +161,7 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
     // What has gone leaves the screen when the present call of the toolkit has ended.
     for (const auto& [key, gone] : views) {
       if (!gone) continue;
-      [[gone->view() retain] autorelease];
+      letGo(gone->view());
       [gone->view() removeFromSuperview];
     }
   }
@@ -191,7 +201,7 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
     if (window.empty()) {
       const std::weak_ptr<Drawing> weak = weak_from_this();
       pressed = [weak] {
-        if (const auto self = weak.lock()) self->pressedAnywhere();
+        if (const auto self = weak.lock()) guarded([&] { self->pressedAnywhere(); });
       };
     }
     m_pages.push_back({window, std::make_unique<PanelPage>(kind, title, std::move(pressed))});

@@ -21,6 +21,11 @@ class ControlInput {
   virtual bool use(const std::string& key, const std::function<void(Control&)>& change) = 0;
 };
 
+// Gives an object of the toolkit up when the toolkit has come back to its usual loop. What ends a panel may run
+// while a view of it is being pressed: the toolkit's own calls go on with the view, and a pool of ours would have
+// let go.
+void letGo(id object);
+
 // What programs say that read the screen aloud. The role is the toolkit's name for one.
 struct Spoken {
   std::string label;

@@ -7,6 +7,8 @@
 
 namespace vorn {
 
+void letGo(id object) { [object performSelector:@selector(self) withObject:nil afterDelay:0]; }
+
 namespace {
 
 // A selector of newer toolkits, where there is one.

@@ -129,7 +129,6 @@ namespace {
 
 NSFont* controlFont() { return [NSFont systemFontOfSize:[NSFont systemFontSize]]; }
 
-constexpr double kFieldPadding = 8;
 constexpr double kFieldWidth = 260;
 
 // The toolkit keeps no reference to whom it calls, so the listener goes with this, and first of all forgets whom
@@ -141,7 +140,7 @@ class Listener {
   }
   ~Listener() {
     m_object.get()->m_heard = nullptr;
-    [[m_object.get() retain] autorelease];
+    letGo(m_object.get());
   }
   Listener(const Listener&) = delete;
   Listener& operator=(const Listener&) = delete;

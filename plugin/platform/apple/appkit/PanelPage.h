@@ -47,7 +47,6 @@ class PanelPage {
 
   // The views that the tab key goes through, in their order, as they were arranged last.
   const std::vector<NSView*>& keyOrder() const { return m_keyOrder; }
-  void scrollTo(NSView* view);
 
  private:
   struct Cell {
@@ -63,11 +62,6 @@ class PanelPage {
   struct Block {
     Retained<NSTextField*> title;
     std::vector<Line> lines;
-  };
-
-  struct Extent {
-    double width = 0;
-    double height = 0;
   };
 
   void clear();

@@ -110,9 +110,6 @@ double heightOfTitle(NSTextField* title, double width) {
   return heightOfText([title stringValue], [title font], width) + 2;
 }
 
-// What has to stay alive until the present call of the host has unwound: a view that is just being pressed.
-void letGo(id object) { [[object retain] autorelease]; }
-
 }  // namespace
 
 PanelPage::PanelPage(Kind kind, std::string_view title, std::function<void()> pressed) : m_kind(kind) {
@@ -479,7 +476,5 @@ void PanelPage::hide() {
   if (m_kind != Kind::dropDown) [m_parent makeKeyWindow];
   m_parent = nil;
 }
-
-void PanelPage::scrollTo(NSView* view) { [view scrollRectToVisible:[view bounds]]; }
 
 }  // namespace vorn

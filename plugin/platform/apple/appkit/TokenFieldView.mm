@@ -259,11 +259,13 @@ struct State {
       continue;
     }
     if (isSelected) {
-      const NSPoint from = [self pointOfPosition:std::max(selection.begin, each.range.begin)];
+      // Only the two fragments at its ends are cut, for which the others are gone through.
+      const double from =
+          selection.begin <= each.range.begin ? NSMinX(each.place) : [self pointOfPosition:selection.begin].x;
       const double to =
           selection.end() >= each.range.end() ? NSMaxX(each.place) : [self pointOfPosition:selection.end()].x;
       [[NSColor selectedTextBackgroundColor] set];
-      NSRectFill(NSMakeRect(from.x, each.place.origin.y, to - from.x, each.place.size.height));
+      NSRectFill(NSMakeRect(from, each.place.origin.y, to - from, each.place.size.height));
     }
     [textOf(tokens, each.range) drawAtPoint:NSMakePoint(each.place.origin.x, each.place.origin.y + 2)
                              withAttributes:lookOf(ink)];

@@ -1,0 +1,33 @@
+#import "lab/desktop/Controls.h"
+
+namespace vornlab {
+namespace {
+
+constexpr double kHeight = 30;
+constexpr double kAroundTitle = 24;
+
+}  // namespace
+
+NSButton* pushButton(NSString* title, id target, SEL action, NSPoint at) {
+  NSButton* button = [[[NSButton alloc] initWithFrame:NSZeroRect] autorelease];
+  [button setTitle:title];
+  [button setBezelStyle:NSRoundedBezelStyle];
+  [button setTarget:target];
+  [button setAction:action];
+  [button setFrame:NSMakeRect(at.x, at.y, [[button cell] cellSize].width + kAroundTitle, kHeight)];
+  [button setAutoresizingMask:NSViewMinYMargin];
+  return button;
+}
+
+NSTextField* label(NSString* text, NSRect frame) {
+  NSTextField* made = [[[NSTextField alloc] initWithFrame:frame] autorelease];
+  [made setStringValue:text];
+  [made setEditable:NO];
+  [made setSelectable:NO];
+  [made setBezeled:NO];
+  [made setBordered:NO];
+  [made setDrawsBackground:NO];
+  return made;
+}
+
+}  // namespace vornlab

@@ -1,0 +1,16 @@
+# Takes the pictures of the documentation on a virtual display, and looks whether each is there and shows something.
+file(REMOVE_RECURSE ${FOLDER})
+execute_process(COMMAND ${XVFB_RUN} -a -s "-screen 0 1440x900x24" ${PROGRAM} ${CALENDAR} --tour ${FOLDER}
+  RESULT_VARIABLE code ERROR_VARIABLE errors)
+if(code)
+  message(FATAL_ERROR "the tour ended with ${code}: ${errors}")
+endif()
+foreach(picture week editor panel panel-end)
+  if(NOT EXISTS ${FOLDER}/${picture}.png)
+    message(FATAL_ERROR "there is no picture ${picture}: ${errors}")
+  endif()
+  file(SIZE ${FOLDER}/${picture}.png size)
+  if(size LESS 10000)
+    message(FATAL_ERROR "the picture ${picture} of ${size} bytes shows nothing")
+  endif()
+endforeach()
