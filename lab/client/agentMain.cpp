@@ -7,13 +7,14 @@
 #include <CLI/CLI.hpp>
 #include <array>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "lab/client/Agent.h"
 #include "lab/client/ClientLauncher.h"
 #include "lab/client/StopSignals.h"
+#include "lab/words/OptionChecks.h"
+#include "lab/words/ParserWords.h"
 #include "secrets/SecretMask.h"
 
 namespace {
@@ -28,6 +29,10 @@ struct Arguments {
   std::string version = VORNCLIENT_VERSION;
   bool endsWithInput = false;
 };
+
+void complain(const std::string& why) {
+  std::cerr << "vOutlookPluginAgent: " << vorn::SecretMask::covered(why) << "\n";
+}
 
 void serve(const Arguments& arguments) {
   const int stop = vornlab::stopDescriptor(arguments.endsWithInput);
@@ -58,7 +63,9 @@ int main(int argc, char** argv) {
       "The stand-in agent: tells the client's version, shows the About dialog, and starts the client when it does "
       "not run.",
       "vOutlookPluginAgent");
-  app.add_option("--client", arguments.client, "The client's program")->required()->check(CLI::ExistingFile);
+  app.add_option("--client", arguments.client, "The client's program")
+      ->required()
+      ->check(vornlab::complaintOfFile, "FILE");
   app.add_option("--journal", arguments.journal, "A file to which each event is appended, one JSON object a line");
   app.add_flag("--ends-with-input", arguments.endsWithInput, "Ends when standard input does");
   app.add_option("--version", arguments.version, "The version that it tells")->capture_default_str();
@@ -66,18 +73,16 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    // It repeats words of the line.
-    std::ostringstream told;
-    const int code = app.exit(error, std::cout, told);
-    std::cerr << vorn::SecretMask::covered(told.str());
-    return code == 0 ? 0 : kBadUsage;
+    if (error.get_exit_code() == 0) return app.exit(error);
+    complain(vornlab::inOwnWords(app, error));
+    return kBadUsage;
   }
   ::umask(0077);
   try {
     serve(arguments);
     return 0;
   } catch (const std::exception& error) {
-    std::cerr << "vOutlookPluginAgent: " << vorn::SecretMask::covered(error.what()) << "\n";
+    complain(error.what());
   }
   return kFailed;
 }

@@ -6,14 +6,16 @@
 #include <CLI/CLI.hpp>
 #include <cstdint>
 #include <iostream>
-#include <map>
 #include <memory>
-#include <sstream>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "lab/client/NotificationTransport.h"
 #include "lab/client/Server.h"
 #include "lab/client/StopSignals.h"
+#include "lab/words/OptionChecks.h"
+#include "lab/words/ParserWords.h"
 #include "secrets/SecretMask.h"
 
 namespace {
@@ -38,6 +40,17 @@ struct Arguments {
 };
 
 void complain(const std::string& why) { std::cerr << "vornclient: " << vorn::SecretMask::covered(why) << "\n"; }
+
+std::optional<Transport> transportNamed(std::string_view name) {
+  if (name == "socket") return Transport::socket;
+  if (name == "notifications") return Transport::notifications;
+  if (name == "both") return Transport::both;
+  return std::nullopt;
+}
+
+std::string complaintOfTransport(const std::string& name) {
+  return transportNamed(name) ? "" : "there is no way \"" + name + "\"; there are socket, notifications and both";
+}
 
 // "5.12.3" of "5.12.3.9654".
 std::string shortVersion(const std::string& version) {
@@ -121,11 +134,12 @@ int main(int argc, char** argv) {
       "vornclient");
   app.add_option("--home", arguments.home, "The folder in which the socket s.vop is made")
       ->required()
-      ->check(CLI::ExistingDirectory);
+      ->check(vornlab::complaintOfFolder, "FOLDER");
   app.add_option("--db", arguments.database, "The file with the meetings; made when it is missing")->required();
   app.add_option("--account", arguments.account, "The account that is signed in, a file as in accounts/")
-      ->check(CLI::ExistingFile);
-  app.add_option("--faults", arguments.faults, "What goes wrong, and with which reply")->check(CLI::ExistingFile);
+      ->check(vornlab::complaintOfFile, "FILE");
+  app.add_option("--faults", arguments.faults, "What goes wrong, and with which reply")
+      ->check(vornlab::complaintOfFile, "FILE");
   app.add_option("--journal", arguments.journal, "A file to which each event is appended, one JSON object a line");
   app.add_flag("--ends-with-input", arguments.endsWithInput, "Ends when standard input does");
   app.add_option("--version", arguments.version, "The version that is announced")->capture_default_str();
@@ -133,19 +147,16 @@ int main(int argc, char** argv) {
   app.add_flag("--announce-version", arguments.announceVersion, "Send the version to each new connection");
   app.add_flag("--without-agent", arguments.withoutAgent,
                "Leave what is said to the agent to a program of its own");
-  const std::map<std::string, Transport> transports = {
-      {"socket", Transport::socket}, {"notifications", Transport::notifications}, {"both", Transport::both}};
-  app.add_option("--transport", arguments.transport,
-                 "How it is reached: socket, which is the usual way, notifications on the session bus, or both")
-      ->transform(CLI::CheckedTransformer(transports).description(""));
+  app.add_option_function<std::string>(
+         "--transport", [&](const std::string& name) { arguments.transport = *transportNamed(name); },
+         "How it is reached: socket, which is the usual way, notifications on the session bus, or both")
+      ->check(complaintOfTransport, "NAME");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    // It repeats words of the line.
-    std::ostringstream told;
-    const int code = app.exit(error, std::cout, told);
-    std::cerr << vorn::SecretMask::covered(told.str());
-    return code == 0 ? 0 : kBadUsage;
+    if (error.get_exit_code() == 0) return app.exit(error);
+    complain(vornlab::inOwnWords(app, error));
+    return kBadUsage;
   }
 
   // The database and the journal are nobody else's business.

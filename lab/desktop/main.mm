@@ -14,7 +14,7 @@
 #include "lab/shell/CalendarOutput.h"
 #include "lab/shell/CommandLine.h"
 #include "lab/shell/LabError.h"
-#include "lab/shell/OptionChecks.h"
+#include "lab/words/OptionChecks.h"
 
 namespace {
 

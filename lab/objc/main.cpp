@@ -9,7 +9,7 @@
 #include "lab/shell/HostRuntime.h"
 #include "lab/shell/InspectCommand.h"
 #include "lab/shell/MeetCommand.h"
-#include "lab/shell/OptionChecks.h"
+#include "lab/words/OptionChecks.h"
 
 namespace {
 

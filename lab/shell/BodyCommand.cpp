@@ -8,9 +8,9 @@
 
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/CalendarOutput.h"
-#include "lab/shell/OptionChecks.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/Session.h"
+#include "lab/words/OptionChecks.h"
 #include "util/AtomicFile.h"
 
 namespace vornlab {

@@ -11,10 +11,11 @@
 #include <sstream>
 
 #include "lab/shell/Interruption.h"
-#include "lab/shell/OptionChecks.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/SystemVersion.h"
 #include "lab/shell/World.h"
+#include "lab/words/OptionChecks.h"
+#include "lab/words/ParserWords.h"
 
 namespace vornlab {
 namespace {
@@ -127,59 +128,6 @@ int runProgram(const char* name, const std::function<ExitCode()>& run) {
   return isWritten || code != 0 ? code : static_cast<int>(ExitCode::somethingFailed);
 }
 
-namespace {
-
-std::string namesOfCommands(const CLI::App& program) {
-  std::string names;
-  for (const CLI::App* command : program.get_subcommands(nullptr)) {
-    names += (names.empty() ? "" : ", ") + command->get_name();
-  }
-  return names;
-}
-
-// The command that was named, as far as its name was understood.
-const CLI::App& innermost(const CLI::App& program) {
-  const auto named = program.get_subcommands();
-  return named.empty() ? program : innermost(*named.front());
-}
-
-// What the parser says of words that make no sense, in our own: it tells where, and we what was expected. Its
-// texts have the form of its documented errors.
-std::string inOwnWords(const CLI::App& program, const CLI::ParseError& error) {
-  const std::string said = error.what();
-  const auto behind = [&said](std::string_view mark) {
-    const std::size_t at = said.find(mark);
-    return at == std::string::npos ? said : said.substr(at + mark.size());
-  };
-  const auto before = [&said](std::string_view mark) { return said.substr(0, said.find(mark)); };
-  switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
-    case CLI::ExitCodes::ValidationError: return said;
-    case CLI::ExitCodes::ExtrasError: return "nothing is known of " + behind("expected: ");
-    case CLI::ExitCodes::ArgumentMismatch: return before(":") + " needs a value";
-    case CLI::ExitCodes::ConversionError: return behind("Could not convert: ") + " is not understood";
-    case CLI::ExitCodes::ExcludesError:
-      return before(" excludes ") + " and " + behind(" excludes ") + " do not go together";
-    case CLI::ExitCodes::RequiresError: return before(" requires ") + " needs " + behind(" requires ");
-    case CLI::ExitCodes::RequiredError: break;
-    default: return "the words make no sense";
-  }
-  if (said == "A subcommand is required")
-    return "a command is missing; there are " + namesOfCommands(innermost(program));
-  constexpr std::string_view kList = " from [";
-  if (const std::size_t list = said.find(kList); list != std::string::npos) {
-    const std::size_t begin = list + kList.size();
-    return "one of " + said.substr(begin, said.find(']') - begin) + " is needed, and only one";
-  }
-  return before(" is required") + " is missing";
-}
-
-std::string commandOf(const CLI::App& program) {
-  const auto named = program.get_subcommands();
-  return named.empty() ? program.get_name() : program.get_name() + " " + commandOf(*named.front());
-}
-
-}  // namespace
-
 std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words, const std::string& where) {
   program.set_version_flag("--version", program.get_name() + " " + VORNLAB_VERSION, "the version of this program");
   if (!words.empty() && !words.front().starts_with('-') && !hasCommand(program, words.front())) {
@@ -198,7 +146,7 @@ std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> wo
       sayLines(told.str());
       return ExitCode::done;
     }
-    throw UsageError(inOwnWords(program, error) + "; " + commandOf(program) + " --help tells more");
+    throw UsageError(inOwnWords(program, error));
   }
   return std::nullopt;
 }

@@ -6,10 +6,10 @@
 #include <set>
 
 #include "lab/outlook/HostForms.h"
-#include "lab/shell/OptionChecks.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"
+#include "lab/words/OptionChecks.h"
 #include "util/AtomicFile.h"
 
 namespace vornlab {

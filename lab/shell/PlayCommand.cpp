@@ -4,10 +4,10 @@
 #include <chrono>
 #include <map>
 
-#include "lab/shell/OptionChecks.h"
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
 #include "lab/shell/scenario/ScenarioReport.h"
+#include "lab/words/OptionChecks.h"
 
 namespace vornlab {
 

@@ -10,12 +10,12 @@
 #include <utility>
 
 #include "lab/shell/Interruption.h"
-#include "lab/shell/OptionChecks.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/WatchFeed.h"
 #include "lab/shell/WatchFolder.h"
 #include "lab/shell/WatchView.h"
 #include "lab/shell/WatchedProgram.h"
+#include "lab/words/OptionChecks.h"
 
 namespace vornlab {
 namespace {

@@ -82,9 +82,11 @@ TEST_F(ProgramTest, tellsBadUsageFromFailure) {
   std::filesystem::create_directory(deep);
 
   const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
-      {{"--home", home.path()}, 2, "--db"},
-      {{"--home", home / "no", "--db", ":memory:"}, 2, "--home"},
-      {arguments({"--frobnicate"}), 2, "--frobnicate"},
+      {{"--home", home.path()}, 2, "--db is missing; vornclient --help tells more"},
+      {{"--home", home / "no", "--db", ":memory:"}, 2, "--home: there is no " + (home / "no").string()},
+      {arguments({"--frobnicate"}), 2, "nothing is known of --frobnicate"},
+      {arguments({"--seed", "many"}), 2, "--seed = many is not understood"},
+      {arguments({"--transport", "pigeon"}), 2, "there are socket, notifications and both"},
       {arguments({"--faults", faults}), 2, faults + ":1: "},
       {arguments({"--account", account}), 2, account + ": unknown key 'optoins'"},
       {{"--home", home.path(), "--db", text}, 1, text + ": "},
@@ -92,7 +94,7 @@ TEST_F(ProgramTest, tellsBadUsageFromFailure) {
   for (const auto& [words, code, expected] : cases) {
     RunningClient client(words);
     EXPECT_EQ(client.wait(), code) << expected;
-    EXPECT_THAT(client.errors(), HasSubstr(expected));
+    EXPECT_THAT(client.errors(), testing::AllOf(testing::StartsWith("vornclient: "), HasSubstr(expected)));
     EXPECT_EQ(client.line(), std::nullopt);
   }
 }

@@ -1,4 +1,4 @@
-#include "lab/shell/OptionChecks.h"
+#include "lab/words/OptionChecks.h"
 
 #include <unistd.h>
 
