@@ -2,13 +2,15 @@
 # The checks of `./run check`: each prints OK or FAIL, and a failing one what it found. Sourced by run.
 
 all_checks=(format tidy floors names portable outputs asan tsan)
+# These run only by their names.
+named_checks=(quick)
 
 run_checks() {
   local names=("$@") name failed=0
   [ ${#names[@]} -gt 0 ] || names=("${all_checks[@]}")
   for name in "${names[@]}"; do
-    [[ " ${all_checks[*]} " == *" $name "* ]] || {
-      echo "./run check: there is no check \"$name\"; there are: ${all_checks[*]}" >&2
+    [[ " ${all_checks[*]} ${named_checks[*]} " == *" $name "* ]] || {
+      echo "./run check: there is no check \"$name\"; there are: ${all_checks[*]} ${named_checks[*]}" >&2
       exit 2
     }
   done
@@ -30,6 +32,18 @@ run_check() {
     tail -n 60 "$log" | sed 's/^/      /'
     return 1
   fi
+}
+
+# For every day, by name only: what reads the sources at once, and the tests of single rooms. The roads, the shell's
+# worlds and the windows take the larger part of the time, and are left to `./run test`.
+check_quick() {
+  local name
+  for name in format floors names portable outputs; do
+    echo "$name"
+    "check_$name" || return 1
+  done
+  build dev
+  ctest --preset dev --parallel 3 --exclude-regex '^(road|shell|desktop|conformance)\.'
 }
 
 # Every file of the project, tracked or new, that is ours and is not ignored.

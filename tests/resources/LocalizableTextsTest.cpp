@@ -72,6 +72,9 @@ class LocalizableTexts : public testing::Test {
 
  private:
   void readSource(const std::string& source) {
+    constexpr const char* kSigns[] = {"localizedString(", "panelText(", "texts(", "\"LN_"};
+    const auto holds = [&](const char* sign) { return source.find(sign) != std::string::npos; };
+    if (std::none_of(std::begin(kSigns), std::end(kSigns), holds)) return;
     // The key, and the braces with the arguments when the call stands within formatText().
     static const std::regex call(
         R"re((formatText\(\s*)?localizedString\(\s*"([^"]+)"(\s*\+\s*\w+\s*\+\s*"([^"]*)")?\)(,\s*\{([^}]*)\})?)re");
