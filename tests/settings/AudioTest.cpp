@@ -270,8 +270,7 @@ TEST_F(AudioPanelTest, WantedDataCentresHaveToBeChosenBeforeThePanelGoes) {
 
   // Every open panel tells of it from then on, when it shows its centres again.
   const FakeWindow other(test);
-  panels.addSchSettingWindowToArray(other.bar->ownWindow.windowId(), Value(), other.bar->ownWindow);
-  panels.showSchSettingWindow(other.bar->ownWindow.windowId());
+  openOn(other);
   click("buttonContinue");
   ASSERT_NE(shown(), nullptr) << "it stays open";
   EXPECT_FALSE(control("dataCenterNotSelectTextField").hidden);

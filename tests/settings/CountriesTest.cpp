@@ -334,9 +334,7 @@ TEST_F(CountriesPanelTest, WithoutAnyThePanelSaysSoAndContinueHasToWait) {
 TEST_F(CountriesPanelTest, AnotherPanelsWindowKeepsItsOwnChoice) {
   openWindow();
   const FakeWindow other(test);
-  const std::string otherId = other.bar->ownWindow.windowId();
-  panels.addSchSettingWindowToArray(otherId, Value(), other.bar->ownWindow);
-  panels.showSchSettingWindow(otherId);
+  const std::string otherId = openOn(other);
   const auto& record = test.presenter.panels();
   record.use(other.bar->ownWindow, "editCountriesButton");
   turn("countryRow0", true);

@@ -37,9 +37,12 @@ class SettingsPanelTest : public testing::Test {
   }
 
   std::string id() const { return window->bar->ownWindow.windowId(); }
-  void open() {
-    panels.addSchSettingWindowToArray(id(), Value(), window->bar->ownWindow);
-    panels.showSchSettingWindow(id());
+  void open() { openOn(*window); }
+  std::string openOn(const FakeWindow& any) {
+    const std::string windowId = any.bar->ownWindow.windowId();
+    panels.addSchSettingWindowToArray(windowId, Value(), any.bar->ownWindow);
+    panels.showSchSettingWindow(windowId);
+    return windowId;
   }
   void knowMeeting() {
     window->manager->meetingDataMgr()->setMeetingKey("91234567890");

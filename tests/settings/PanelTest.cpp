@@ -39,9 +39,7 @@ TEST_F(SettingsPanelTest, IsOneForEachWindowAndEndsWithIt) {
 TEST_F(SettingsPanelTest, TwoAreOpenAtOnceAndEachKeepsToItsOwnWindow) {
   open();
   const FakeWindow other(test);
-  const std::string otherId = other.bar->ownWindow.windowId();
-  panels.addSchSettingWindowToArray(otherId, Value(), other.bar->ownWindow);
-  panels.showSchSettingWindow(otherId);
+  const std::string otherId = openOn(other);
   const auto otherPanel = panels.getSchSettingWindowInArray(otherId);
   EXPECT_EQ(choose("videoHostMatrix", 0), Use::done);
   EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());

@@ -252,9 +252,7 @@ TEST_F(RegionPolicyTest, AShortLockedPolicyNeedsNoWindowAndARefusedOneNoOption) 
 TEST_F(RegionPolicyTest, WhatIsSavedInOnePanelReachesNoOther) {
   openFor(true, false, {"DE"});
   const FakeWindow other(test);
-  const std::string otherId = other.bar->ownWindow.windowId();
-  panels.addSchSettingWindowToArray(otherId, Value(), other.bar->ownWindow);
-  panels.showSchSettingWindow(otherId);
+  const std::string otherId = openOn(other);
   click("allowDenyEditButton");
   waitForChips();
   chooseRegion("hong");

@@ -119,6 +119,19 @@ TEST_F(TemplatePanelTest, AChoiceIsToldOfAndCommittedAndNoneTakesNothingAway) {
   EXPECT_EQ(committedId(), "r") << "the service takes no template away";
 }
 
+TEST_F(TemplatePanelTest, WhatWasChosenLastIsRememberedForAllPanels) {
+  knowTemplates(both);
+  open();
+  choose("templatePopup", 4);
+  const FakeWindow other(test);
+  openOn(other);
+  choose("templatePopup", 0);
+  EXPECT_TRUE(isOnScreen("templateTipText")) << "none is what the other one shows, so nothing has changed";
+  choose("templatePopup", 3);
+  choose("templatePopup", 0);
+  EXPECT_FALSE(isOnScreen("templateTipText"));
+}
+
 TEST_F(TemplatePanelTest, TheLastOfTenThousandIsFoundAgain) {
   Value many = Value::array();
   for (int i = 0; i < 10000; ++i) many.append(oneTemplate(std::to_string(i), "Lesson " + std::to_string(i)));
