@@ -1,7 +1,12 @@
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
+#include <atomic>
+#include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <functional>
+#include <thread>
 #include <tuple>
 
 #include "channel/store/JsonTextFile.h"
@@ -71,6 +76,45 @@ TEST_F(StoreTest, WritesAPropertyListOfOneTextAndKeepsTheOtherKeys) {
   file.setKey("a", std::string("\xFF not UTF-8"));
   EXPECT_EQ(readFile(site()), before) << "what cannot be written leaves the old document";
   EXPECT_THAT(vnGetDirectoryItems(folder()), Value(Value::Array{"vnConfig.txt"})) << "and nothing beside it";
+}
+
+// The limit stands for a disk that is full.
+TEST_F(StoreTest, KeepsTheOldDocumentWhereThereIsNoRoomForANewOne) {
+  JsonTextFile file(site());
+  file.setKey(vn_LocalProfile_EnablePAC, true);
+  const std::optional<std::string> before = readFile(site());
+  rlimit limit{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+  const rlimit none{16, limit.rlim_max};
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  ::setrlimit(RLIMIT_FSIZE, &none);
+  file.setKey(vn_LocalProfile_EnablePAC, false);
+  ::setrlimit(RLIMIT_FSIZE, &limit);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(readFile(site()), before);
+  EXPECT_THAT(vnGetDirectoryItems(folder()), Value(Value::Array{"vnConfig.txt"})) << "nothing half written stays";
+}
+
+// Older programs write a file in its place, and cut it off first.
+TEST_F(StoreTest, ReadsADocumentWholeOrNotAtAllWhileAnotherProgramWritesIt) {
+  JsonTextFile file(site());
+  const std::string text(200'000, 'x');
+  file.setKey("text", text);
+  const std::string whole = readFile(site()).value_or("");
+  std::atomic<bool> isDone{false};
+  std::thread writer([&] {
+    while (!isDone) {
+      fs::resize_file(site(), 0);
+      std::ofstream(site(), std::ios::in | std::ios::binary) << whole;
+    }
+  });
+  for (int i = 0; i < 300; ++i) {
+    const Value read = file.read()["text"];
+    EXPECT_TRUE(read.isAbsent() || read.text() == text);
+  }
+  isDone = true;
+  writer.join();
+  EXPECT_EQ(file.read()["text"].text(), text);
 }
 
 TEST_F(StoreTest, ReadsWhatOthersLeftBehindWithoutComplaint) {
