@@ -24,6 +24,8 @@ class DesktopSession final : public ObjcSession {
 
   // Opens the editor of the appointment, or of a new one for nothing.
   void openEditor(const CalendarEvent* event);
+  // Closes all editors, without saving.
+  void closeEditors();
   // Presses the button with that action in the bar of the editor that was opened last. False when it is not there,
   // hidden or disabled.
   bool pressInBar(const std::string& action);

@@ -67,11 +67,7 @@ void DesktopSession::beginApplication() {
 
 DesktopSession::~DesktopSession() {
   const Pool pool;
-  {
-    const Pool closing;
-    NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
-    while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
-  }
+  closeEditors();
   // Also for one who interrupts, and whom nothing else waits for.
   for (int i = 0; i < kClearingTurns; ++i) {
     const Pool passing;
@@ -92,6 +88,12 @@ void DesktopSession::openEditor(const CalendarEvent* event) {
       [[[ECCalendarEvent alloc] initWithStore:&calendar()
                                         index:static_cast<NSInteger>(event->index())] autorelease];
   openEditorOf(shown);
+}
+
+void DesktopSession::closeEditors() {
+  const Pool pool;
+  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
+  while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
 }
 
 bool DesktopSession::pressInBar(const std::string& action) {

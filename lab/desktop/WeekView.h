@@ -4,13 +4,16 @@
 
 // A week of the calendar. A click selects an appointment, two open it; it is dragged to another time, resized at
 // its lower edge, renamed with the return key, and deleted with the delete key. Each goes through the host's own
-// selectors. Only what stands in the week is drawn, whatever the calendar holds.
+// selectors. Only what stands in the week is drawn, whatever the calendar holds. The dates of a series stand in it
+// too: to open or name one is to do it to the series, and only the first can be moved or deleted.
 @interface vnWeekView : NSView {
   // Not owned; it has this view.
   CCGridViewController* m_controller;
   // An array of the calendar's times, by their start. Owned.
   void* m_state;
+  // Nil when no name is being typed.
   NSTextField* m_nameField;
+  ECCalendarEvent* m_named;
 }
 - (id)initWithController:(CCGridViewController*)controller;
 // Reads the calendar anew.

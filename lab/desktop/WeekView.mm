@@ -4,45 +4,55 @@
 #include <cmath>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
+
+#include "lab/desktop/WeekPlan.h"
 
 namespace {
 
 using vornlab::CalendarEvent;
 using vornlab::foundationText;
+using vornlab::LocalClock;
+using vornlab::WeekItem;
+using vornlab::WeekPiece;
 
 constexpr double kHourHeight = 48;
 constexpr double kTimes = 62;
-constexpr double kDays = 68;
-constexpr double kAllDayTop = 42;
-constexpr double kAllDayHeight = 20;
+// The names of the days, and below them a line for each appointment of whole days.
+constexpr double kNames = 42;
+constexpr double kLine = 22;
+constexpr int kMostLines = 4;
 constexpr double kEdge = 7;
-constexpr double kSecondsOfDay = 86400;
+constexpr double kHour = 3600;
 constexpr double kStep = 900;
+constexpr double kLeastHeight = 16;
 constexpr int kDaysShown = 7;
 constexpr int kHoursOfDay = 24;
-
-struct Shown {
-  std::size_t index = 0;
-  double start = 0;
-  double end = 0;
-  bool isAllDay = false;
-};
+constexpr double kNarrow = 20;
 
 // What follows the mouse: an appointment that moves, or whose end does.
 struct Dragged {
-  Shown before;
-  Shown now;
+  WeekItem before;
+  WeekItem now;
   bool isResized = false;
   NSPoint from;
 };
 
 struct State {
-  std::vector<Shown> byStart;
+  std::vector<WeekItem> byStart;
+  double longest = 0;
+  // The first date of each.
+  std::vector<WeekItem> series;
   // Of the first appointment; of this machine for an empty calendar.
   vorn::OptionalText zone;
-  double week = 0;
+  // The Monday, counted from the first day of 1970.
+  long week = 0;
+  std::vector<WeekPiece> pieces;
+  int lines = 0;
   std::optional<std::size_t> selected;
+  // The date of a series was clicked, and not its first.
+  bool isRepeatedSelected = false;
   std::optional<Dragged> dragged;
 };
 
@@ -68,37 +78,63 @@ NSString* formatted(NSTimeZone* zone, double seconds, NSString* format) {
   return [formatter stringFromDate:[NSDate dateWithTimeIntervalSince1970:seconds]];
 }
 
-double zoneShift(NSTimeZone* zone, double seconds) {
-  return static_cast<double>([zone secondsFromGMTForDate:[NSDate dateWithTimeIntervalSince1970:seconds]]);
+LocalClock clockOf(NSTimeZone* zone) {
+  return LocalClock([zone](double seconds) {
+    return static_cast<double>([zone secondsFromGMTForDate:[NSDate dateWithTimeIntervalSince1970:seconds]]);
+  });
 }
 
-double mondayOf(NSTimeZone* zone, double seconds) {
-  const double local = seconds + zoneShift(zone, seconds);
-  const double day = std::floor(local / kSecondsOfDay);
-  // The first day of 1970 was a Thursday.
-  const double weekday = std::fmod(std::fmod(day + 3, 7) + 7, 7);
-  const double monday = (day - weekday) * kSecondsOfDay;
-  return monday - zoneShift(zone, monday);
+long dayOf(double seconds, double offset) {
+  return static_cast<long>(std::floor((seconds + offset) / LocalClock::kDay));
+}
+
+WeekItem itemOf(const CalendarEvent& event, const vornlab::CalendarTime& start, const vornlab::CalendarTime& end) {
+  WeekItem item;
+  item.index = event.index();
+  item.start = start.seconds;
+  item.end = std::max(end.seconds, start.seconds);
+  item.isAllDay = start.isAllDay;
+  // A date is the same day everywhere, whatever zone the calendar is looked at in.
+  item.firstDay = dayOf(start.seconds, start.offset);
+  item.endDay = std::max(dayOf(end.seconds, end.offset), item.firstDay + 1);
+  return item;
+}
+
+WeekItem movedTo(WeekItem item, double start) {
+  const double days = std::round((start - item.start) / LocalClock::kDay);
+  item.end += start - item.start;
+  item.start = start;
+  item.firstDay += static_cast<long>(days);
+  item.endDay += static_cast<long>(days);
+  return item;
 }
 
 }  // namespace
 
 @interface vnWeekView ()
+- (void)arrange;
 - (void)beginNaming;
+// Stores what was typed, and takes the field away.
 - (void)endNaming;
+- (void)dropNaming;
 @end
 
 @implementation vnWeekView
 - (id)initWithController:(CCGridViewController*)controller {
-  if (!(self = [super initWithFrame:NSMakeRect(0, 0, 1200, kDays + kHoursOfDay * kHourHeight)])) return nil;
+  if (!(self = [super initWithFrame:NSMakeRect(0, 0, 1200, kNames + kLine + kHoursOfDay * kHourHeight)]))
+    return nil;
   m_controller = controller;
   m_state = std::make_unique<State>().release();
   [self reload];
   return self;
 }
 - (void)dealloc {
+  [m_named release];
   std::unique_ptr<State>(static_cast<State*>(m_state)).reset();
   [super dealloc];
+}
+- (State&)state {
+  return *static_cast<State*>(m_state);
 }
 - (BOOL)isFlipped {
   return YES;
@@ -109,9 +145,12 @@ double mondayOf(NSTimeZone* zone, double seconds) {
 
 // -- What it shows
 - (void)reload {
-  State& state = *static_cast<State*>(m_state);
+  State& state = [self state];
   const bool isFirst = state.byStart.empty();
   state.byStart.clear();
+  state.series.clear();
+  state.longest = 0;
+  state.zone.reset();
   vornlab::CalendarStore* store = vornlab::shownStore();
   const std::vector<CalendarEvent> events = store ? store->events() : std::vector<CalendarEvent>();
   for (const CalendarEvent& event : events) {
@@ -119,68 +158,92 @@ double mondayOf(NSTimeZone* zone, double seconds) {
     const auto end = event.end();
     if (!start || !end) continue;
     if (!state.zone) state.zone = start->zone;
-    const double shownEnd = std::max(end->seconds, start->seconds + kStep);
-    state.byStart.push_back({event.index(), start->seconds, shownEnd, event.isAllDay()});
+    const WeekItem item = itemOf(event, *start, *end);
+    state.byStart.push_back(item);
+    state.longest = std::max(state.longest, item.end - item.start);
+    if (event.isRecurring() && !event.isException()) state.series.push_back(item);
   }
   std::sort(state.byStart.begin(), state.byStart.end(),
-            [](const Shown& one, const Shown& other) { return one.start < other.start; });
+            [](const WeekItem& one, const WeekItem& other) { return one.start < other.start; });
   if (isFirst) {
     const double first =
         state.byStart.empty() ? [[NSDate date] timeIntervalSince1970] : state.byStart.front().start;
-    state.week = mondayOf([self zone], first);
+    state.week = clockOf([self zone]).monday(first);
   }
-  [self setNeedsDisplay:YES];
+  [self arrange];
 }
 - (void)showWeekOf:(double)seconds {
-  static_cast<State*>(m_state)->week = mondayOf([self zone], seconds);
-  [self setNeedsDisplay:YES];
+  [self endNaming];
+  [self state].week = clockOf([self zone]).monday(seconds);
+  [self arrange];
 }
 - (NSTimeZone*)zone {
-  const vorn::OptionalText& name = static_cast<State*>(m_state)->zone;
+  const vorn::OptionalText& name = [self state].zone;
   NSTimeZone* zone = name ? [NSTimeZone timeZoneWithName:foundationText(name)] : nil;
   return zone ? zone : [NSTimeZone defaultTimeZone];
 }
+// The middle of a day of the week, in seconds since 1970.
+- (double)noonOf:(int)day {
+  return clockOf([self zone])
+      .seconds(static_cast<double>([self state].week + day) * LocalClock::kDay + LocalClock::kDay / 2);
+}
 - (NSString*)title {
-  const double week = static_cast<State*>(m_state)->week;
-  return [NSString stringWithFormat:@"%@ – %@", formatted([self zone], week, @"d MMMM"),
-                                    formatted([self zone], week + 6.5 * kSecondsOfDay, @"d MMMM yyyy")];
+  return [NSString stringWithFormat:@"%@ – %@", formatted([self zone], [self noonOf:0], @"d MMMM"),
+                                    formatted([self zone], [self noonOf:kDaysShown - 1], @"d MMMM yyyy")];
 }
 - (double)dayWidth {
   return ([self bounds].size.width - kTimes) / kDaysShown;
 }
-- (NSRect)placeOf:(const Shown&)each {
-  const double week = static_cast<State*>(m_state)->week;
-  const double from = each.start - week;
-  const double day = std::floor(from / kSecondsOfDay);
-  const double top = (from - day * kSecondsOfDay) / 3600 * kHourHeight;
-  const double height = std::min((each.end - each.start) / 3600 * kHourHeight, kHoursOfDay * kHourHeight - top);
-  const double width = [self dayWidth];
-  if (each.isAllDay) {
-    const double days = std::max(1.0, std::round((each.end - each.start) / kSecondsOfDay));
-    const double shown = std::min(days, kDaysShown - day);
-    return NSMakeRect(kTimes + day * width + 2, [self visibleRect].origin.y + kAllDayTop, shown * width - 6,
-                      kAllDayHeight);
-  }
-  return NSMakeRect(kTimes + day * width + 2, kDays + top + 1, width - 6, std::max(height - 2, 16.0));
+- (double)daysHeight {
+  return kNames + kLine * std::clamp([self state].lines, 1, kMostLines) + 4;
 }
-- (std::vector<Shown>)inWeek {
-  const State& state = *static_cast<const State*>(m_state);
-  const double end = state.week + kDaysShown * kSecondsOfDay;
-  auto from = std::lower_bound(state.byStart.begin(), state.byStart.end(), state.week,
-                               [](const Shown& each, double start) { return each.start < start; });
-  std::vector<Shown> found;
-  for (; from != state.byStart.end() && from->start < end; ++from) {
-    const bool isDragged = state.dragged && state.dragged->before.index == from->index;
-    found.push_back(isDragged ? state.dragged->now : *from);
+- (NSRect)placeOf:(const WeekPiece&)piece {
+  const double left = kTimes + piece.day * [self dayWidth] + 2;
+  if (piece.item.isAllDay) {
+    const double line = kLine * std::min(1.0, kMostLines / static_cast<double>(std::max([self state].lines, 1)));
+    return NSMakeRect(left, [self visibleRect].origin.y + kNames + piece.column * line,
+                      piece.days * [self dayWidth] - 6, line - 2);
   }
-  return found;
+  const double width = ([self dayWidth] - 4) / piece.columns;
+  return NSMakeRect(left + piece.column * width, [self daysHeight] + piece.top / kHour * kHourHeight + 1,
+                    std::max(width - 2, 1.0), (piece.bottom - piece.top) / kHour * kHourHeight - 2);
+}
+- (void)arrange {
+  State& state = [self state];
+  const LocalClock clock = clockOf([self zone]);
+  // A day more on both sides, for days that begin elsewhere at another time.
+  const double from = clock.seconds(static_cast<double>(state.week - 1) * LocalClock::kDay);
+  const double until = clock.seconds(static_cast<double>(state.week + kDaysShown + 1) * LocalClock::kDay);
+  std::vector<WeekItem> items;
+  auto next = std::lower_bound(state.byStart.begin(), state.byStart.end(), from - state.longest,
+                               [](const WeekItem& each, double start) { return each.start < start; });
+  for (; next != state.byStart.end() && next->start < until; ++next) {
+    if (next->end < from) continue;
+    const bool isDragged = state.dragged && state.dragged->before.index == next->index;
+    items.push_back(isDragged ? state.dragged->now : *next);
+  }
+  for (const WeekItem& first : state.series) {
+    CalendarEvent event = vornlab::shownStore()->eventAt(first.index);
+    for (const double start : event.startsWithin(from - (first.end - first.start), until)) {
+      if (start == first.start) continue;
+      items.push_back(movedTo(first, start));
+      items.back().isRepeated = true;
+    }
+  }
+  state.pieces = arrangeWeek(items, clock, state.week, (kLeastHeight + 2) / kHourHeight * kHour);
+  state.lines = 0;
+  for (const WeekPiece& piece : state.pieces) {
+    if (piece.item.isAllDay) state.lines = std::max(state.lines, piece.columns);
+  }
+  [self setFrameSize:NSMakeSize([self frame].size.width, [self daysHeight] + kHoursOfDay * kHourHeight)];
+  [self setNeedsDisplay:YES];
 }
 - (void)drawGrid {
   const NSRect bounds = [self bounds];
   [[NSColor whiteColor] set];
   NSRectFill(bounds);
   for (int hour = 0; hour <= kHoursOfDay; ++hour) {
-    const double y = kDays + hour * kHourHeight;
+    const double y = [self daysHeight] + hour * kHourHeight;
     [gray(0.92) set];
     NSRectFill(NSMakeRect(kTimes, y, bounds.size.width - kTimes, 1));
     if (hour == 0 || hour == kHoursOfDay) continue;
@@ -196,36 +259,48 @@ double mondayOf(NSTimeZone* zone, double seconds) {
 // The names of the days stay where they are while the hours scroll below them.
 - (void)drawDays {
   const double top = [self visibleRect].origin.y;
-  const double week = static_cast<State*>(m_state)->week;
   [[NSColor whiteColor] set];
-  NSRectFill(NSMakeRect(0, top, [self bounds].size.width, kDays));
+  NSRectFill(NSMakeRect(0, top, [self bounds].size.width, [self daysHeight]));
   [gray(0.85) set];
-  NSRectFill(NSMakeRect(0, top + kDays - 1, [self bounds].size.width, 1));
+  NSRectFill(NSMakeRect(0, top + [self daysHeight] - 1, [self bounds].size.width, 1));
   for (int day = 0; day < kDaysShown; ++day) {
     const double x = kTimes + day * [self dayWidth];
-    const double noon = week + (day + 0.5) * kSecondsOfDay;
+    const double noon = [self noonOf:day];
     [formatted([self zone], noon, @"EEE") drawAtPoint:NSMakePoint(x + 8, top + 4)
                                        withAttributes:look(11, false, gray(0.45))];
     [formatted([self zone], noon, @"d") drawAtPoint:NSMakePoint(x + 8, top + 18)
                                      withAttributes:look(15, true, gray(0.15))];
   }
 }
-- (void)drawAppointment:(const Shown&)each {
-  const State& state = *static_cast<const State*>(m_state);
-  const CalendarEvent event = vornlab::shownStore()->eventAt(each.index);
-  const bool isSelected = state.selected == each.index;
-  const NSRect place = [self placeOf:each];
-  NSBezierPath* shape = [NSBezierPath bezierPathWithRoundedRect:place xRadius:4 yRadius:4];
+- (void)drawAppointment:(const WeekPiece&)piece {
+  const State& state = [self state];
+  const CalendarEvent event = vornlab::shownStore()->eventAt(piece.item.index);
+  const bool isSelected = state.selected == piece.item.index;
+  const NSRect place = [self placeOf:piece];
   [(isSelected ? accent() : [accent() colorWithAlphaComponent:0.15]) set];
+  if (place.size.width < kNarrow) {
+    // Too narrow for a word among so many.
+    NSRectFillUsingOperation(place, NSCompositeSourceOver);
+    return;
+  }
+  NSBezierPath* shape = [NSBezierPath bezierPathWithRoundedRect:place xRadius:4 yRadius:4];
   [shape fill];
-  [accent() set];
-  NSRectFill(NSMakeRect(place.origin.x, place.origin.y + 2, 3, place.size.height - 4));
+  // The dates of a series that have no event of their own bear a lighter mark.
+  [(piece.item.isRepeated ? [accent() colorWithAlphaComponent:0.4] : accent()) set];
+  NSRectFillUsingOperation(NSMakeRect(place.origin.x, place.origin.y + 2, 3, place.size.height - 4),
+                           NSCompositeSourceOver);
   NSColor* ink = isSelected ? [NSColor whiteColor] : gray(0.12);
   NSRect text = NSInsetRect(place, 9, place.size.height < 24 ? 0.5 : 3);
+  text.size.width += 6;
   [[NSGraphicsContext currentContext] saveGraphicsState];
   [NSBezierPath clipRect:text];
   NSString* subject = foundationText(event.summary());
   if (!subject) subject = @"Untitled";
+  // What cannot fit need not be measured either.
+  constexpr NSUInteger mostShown = 200;
+  if ([subject length] > mostShown) {
+    subject = [subject substringToIndex:[subject rangeOfComposedCharacterSequenceAtIndex:mostShown].location];
+  }
   NSDictionary* bold = look(12, true, ink);
   [subject drawInRect:text withAttributes:bold];
   const double used = std::ceil([subject boundingRectWithSize:NSMakeSize(text.size.width, 1e4)
@@ -241,15 +316,14 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   [[NSGraphicsContext currentContext] restoreGraphicsState];
 }
 - (void)drawRect:(NSRect)dirty {
-  (void)dirty;
   [self drawGrid];
-  const std::vector<Shown> week = [self inWeek];
-  for (const Shown& each : week) {
-    if (!each.isAllDay) [self drawAppointment:each];
+  const std::vector<WeekPiece>& pieces = [self state].pieces;
+  for (const WeekPiece& piece : pieces) {
+    if (!piece.item.isAllDay && NSIntersectsRect(dirty, [self placeOf:piece])) [self drawAppointment:piece];
   }
   [self drawDays];
-  for (const Shown& each : week) {
-    if (each.isAllDay) [self drawAppointment:each];
+  for (const WeekPiece& piece : pieces) {
+    if (piece.item.isAllDay) [self drawAppointment:piece];
   }
 }
 
@@ -266,17 +340,34 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   }
   return nil;
 }
+// The uppermost at the point; null for none. Good until the week is arranged anew.
+- (const WeekPiece*)pieceAt:(NSPoint)point {
+  const std::vector<WeekPiece>& pieces = [self state].pieces;
+  const bool isAmongDays = point.y < [self visibleRect].origin.y + [self daysHeight];
+  const auto found = std::find_if(pieces.rbegin(), pieces.rend(), [&](const WeekPiece& piece) {
+    return piece.item.isAllDay == isAmongDays && NSPointInRect(point, [self placeOf:piece]);
+  });
+  return found == pieces.rend() ? nullptr : &*found;
+}
+- (NSRect)placeOfEvent:(std::size_t)index {
+  for (const WeekPiece& piece : [self state].pieces) {
+    if (piece.item.index == index) return [self placeOf:piece];
+  }
+  return NSZeroRect;
+}
 - (void)mouseDown:(NSEvent*)event {
   [[self window] makeFirstResponder:self];
+  // What is stored may move what lies under the mouse.
   [self endNaming];
-  State& state = *static_cast<State*>(m_state);
+  State& state = [self state];
   const NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
   state.selected.reset();
-  for (const Shown& each : [self inWeek]) {
-    const NSRect place = [self placeOf:each];
-    if (!NSPointInRect(point, place)) continue;
-    state.selected = each.index;
-    state.dragged = Dragged{each, each, point.y > NSMaxY(place) - kEdge, point};
+  if (const WeekPiece* piece = [self pieceAt:point]) {
+    state.selected = piece->item.index;
+    state.isRepeatedSelected = piece->item.isRepeated;
+    const bool isEdge = !piece->item.isAllDay && point.y > NSMaxY([self placeOf:*piece]) - kEdge;
+    // A date of a series cannot be stored by itself.
+    if (!piece->item.isRepeated) state.dragged = Dragged{piece->item, piece->item, isEdge, point};
   }
   [m_controller setSelectedEvent:state.selected ? [self eventOf:*state.selected] : nil];
   [self setNeedsDisplay:YES];
@@ -285,28 +376,30 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   vornlab::openEditorOf([m_controller selectedEvent]);
 }
 - (void)mouseDragged:(NSEvent*)event {
-  State& state = *static_cast<State*>(m_state);
+  State& state = [self state];
   if (!state.dragged) return;
   Dragged& dragged = *state.dragged;
   const NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
-  const double down = std::round((point.y - dragged.from.y) / kHourHeight * 3600 / kStep) * kStep;
-  const double days = std::round((point.x - dragged.from.x) / [self dayWidth]);
-  dragged.now = dragged.before;
+  const double days = std::round((point.x - dragged.from.x) / [self dayWidth]) * LocalClock::kDay;
+  double down = std::round((point.y - dragged.from.y) / kHourHeight * kHour / kStep) * kStep;
+  const WeekItem& before = dragged.before;
+  dragged.now = before;
+  // It keeps its time by the clock, also on a day that has an hour more or less; whole days have their own zone.
+  NSTimeZone* zone = before.isAllDay ? [[[m_controller selectedEvent] startTime] timeZone] : [self zone];
+  const LocalClock clock = clockOf(zone);
   if (dragged.isResized) {
-    dragged.now.end = std::max(dragged.before.end + down, dragged.before.start + kStep);
+    dragged.now.end = std::max(clock.seconds(clock.local(before.end) + down), before.start + kStep);
   } else {
-    dragged.now.start += down + days * kSecondsOfDay;
-    dragged.now.end += down + days * kSecondsOfDay;
+    if (before.isAllDay) down = 0;
+    dragged.now = movedTo(before, clock.seconds(clock.local(before.start) + days + down));
   }
-  [self setNeedsDisplay:YES];
+  [self arrange];
 }
 - (void)mouseUp:(NSEvent*)event {
   (void)event;
-  State& state = *static_cast<State*>(m_state);
+  State& state = [self state];
   if (!state.dragged) return;
-  const Dragged dragged = *state.dragged;
-  state.dragged.reset();
-  [self setNeedsDisplay:YES];
+  const Dragged dragged = *std::exchange(state.dragged, std::nullopt);
   if (dragged.now.start == dragged.before.start && dragged.now.end == dragged.before.end) return;
   BOOL inProgress = YES;
   OLCalendarDate* was = [[m_controller selectedEvent] startTime];
@@ -323,13 +416,17 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   } else {
     [[self wrapper] performDragFrom:nil to:nil forDate:start inProgress:&inProgress];
   }
+  // Where the host has not done it, it stands where it stood.
+  [self arrange];
 }
 - (void)keyDown:(NSEvent*)event {
   const unichar key = [[event characters] length] > 0 ? [[event characters] characterAtIndex:0] : 0;
   if (![m_controller selectedEvent]) return [super keyDown:event];
   if (key == NSDeleteCharacter || key == NSDeleteFunctionKey || key == NSBackspaceCharacter) {
+    // Nobody who looks at one date means all of them.
+    if ([self state].isRepeatedSelected) return NSBeep();
     [[m_controller selectedEvent] deleteEventNow];
-    static_cast<State*>(m_state)->selected.reset();
+    [self state].selected.reset();
     [m_controller setSelectedEvent:nil];
   } else if (key == NSCarriageReturnCharacter) {
     [self beginNaming];
@@ -338,38 +435,69 @@ double mondayOf(NSTimeZone* zone, double seconds) {
   }
 }
 - (void)beginNaming {
-  const State& state = *static_cast<const State*>(m_state);
-  for (const Shown& each : [self inWeek]) {
-    if (state.selected != each.index) continue;
-    NSRect place = [self placeOf:each];
-    place.size.height = 24;
-    m_nameField = [[[NSTextField alloc] initWithFrame:place] autorelease];
-    NSString* subject = [[m_controller selectedEvent] summary];
-    [m_nameField setStringValue:subject ? subject : @""];
-    [m_nameField setTarget:self];
-    [m_nameField setAction:@selector(named:)];
-    [self addSubview:m_nameField];
-    [[self window] makeFirstResponder:m_nameField];
-  }
+  const State& state = [self state];
+  NSRect place = state.selected ? [self placeOfEvent:*state.selected] : NSZeroRect;
+  if (NSIsEmptyRect(place)) return;
+  constexpr double height = 24;
+  constexpr double leastWidth = 80;
+  place.size = NSMakeSize(std::max(place.size.width, leastWidth), height);
+  m_named = [[m_controller selectedEvent] retain];
+  m_nameField = [[[NSTextField alloc] initWithFrame:place] autorelease];
+  NSString* subject = [m_named summary];
+  [m_nameField setStringValue:subject ? subject : @""];
+  [m_nameField setDelegate:static_cast<id>(self)];
+  [m_nameField setTarget:self];
+  [m_nameField setAction:@selector(named:)];
+  [self addSubview:m_nameField];
+  [[self window] makeFirstResponder:m_nameField];
+}
+- (void)dropNaming {
+  // It may be in the middle of telling what was typed.
+  NSTextField* field = [[m_nameField retain] autorelease];
+  m_nameField = nil;
+  [field setDelegate:nil];
+  [field removeFromSuperview];
+  [[m_named retain] autorelease];
+  [m_named release];
+  m_named = nil;
 }
 - (void)endNaming {
-  // It may be in the middle of telling what was typed.
-  [[m_nameField retain] autorelease];
-  [m_nameField removeFromSuperview];
-  m_nameField = nil;
+  if (!m_nameField) return;
+  ECCalendarEvent* named = [[m_named retain] autorelease];
+  [m_nameField validateEditing];
+  NSString* subject = [[[m_nameField stringValue] retain] autorelease];
+  [self dropNaming];
+  NSString* before = [named summary];
+  if ([subject isEqual:before ? before : @""]) return;
+  // The host stores it for the one that is selected, which is another when the person has gone on already.
+  ECCalendarEvent* selected = [[[m_controller selectedEvent] retain] autorelease];
+  [m_controller setSelectedEvent:named];
+  [[self wrapper] subjectChanged:subject forEvent:named andTileView:nil];
+  [m_controller setSelectedEvent:selected];
 }
 - (void)named:(id)sender {
-  NSString* subject = [[[sender stringValue] retain] autorelease];
+  (void)sender;
   [self endNaming];
-  [[self wrapper] subjectChanged:subject forEvent:[m_controller selectedEvent] andTileView:nil];
   [[self window] makeFirstResponder:self];
+}
+// Whoever clicks elsewhere has typed all the same.
+- (void)controlTextDidEndEditing:(NSNotification*)notification {
+  if ([notification object] == m_nameField) [self endNaming];
+}
+- (BOOL)control:(NSControl*)control textView:(NSTextView*)view doCommandBySelector:(SEL)selector {
+  (void)control;
+  (void)view;
+  if (!sel_isEqual(selector, @selector(cancelOperation:))) return NO;
+  [self dropNaming];
+  [[self window] makeFirstResponder:self];
+  return YES;
 }
 - (IBAction)previousWeek:(id)sender {
   (void)sender;
-  [self showWeekOf:static_cast<State*>(m_state)->week - 3 * kSecondsOfDay];
+  [self showWeekOf:[self noonOf:-kDaysShown]];
 }
 - (IBAction)nextWeek:(id)sender {
   (void)sender;
-  [self showWeekOf:static_cast<State*>(m_state)->week + 10 * kSecondsOfDay];
+  [self showWeekOf:[self noonOf:kDaysShown]];
 }
 @end

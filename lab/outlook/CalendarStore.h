@@ -78,6 +78,9 @@ class CalendarEvent {
   // What was assumed about its times, and may be wrong: a zone that nobody knows, or none; "" for nothing.
   std::string doubtOfTimes() const;
   CalendarRecurrence recurrence() const;
+  // The starts of a series in that span, in seconds since 1970, oldest first: without the dates that the file
+  // takes out, and without those that have an event of their own. None for what is no series.
+  std::vector<double> startsWithin(double from, double until);
 
   std::vector<CalendarAttendee> attendees() const;
   // The address of ORGANIZER without "mailto:"; "" without one.
