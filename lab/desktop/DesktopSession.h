@@ -13,7 +13,7 @@ class DesktopSession final : public ObjcSession {
  public:
   // Throws LabError when something cannot be started.
   DesktopSession(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress)
-      : ObjcSession(options, calendar, userAddress) {}
+      : ObjcSession(options, calendar, hostOf(userAddress)) {}
   // Closes what is open, without saving.
   ~DesktopSession() override;
   DesktopSession(const DesktopSession&) = delete;
@@ -38,6 +38,13 @@ class DesktopSession final : public ObjcSession {
  protected:
   // Whatever the person does meanwhile reaches the windows.
   void turn() override;
+
+ private:
+  static HostOptions hostOf(const std::string& userAddress) {
+    HostOptions host;
+    host.userAddress = userAddress;
+    return host;
+  }
 };
 
 }  // namespace vornlab

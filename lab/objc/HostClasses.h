@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#include "lab/host/HostFace.h"
+#include "lab/host/HostState.h"
 #include "lab/outlook/CalendarStore.h"
 
 @class ECCalendarEvent, OLCalendarDate, ERCalendarEventEditorViewController, ERCalendarEventEditorWindowController;
@@ -39,10 +41,7 @@
 @interface OUIRibbonView : NSView {
   OUIRibbonChunkContainerView* m_container;
   NSUInteger m_tab;
-  BOOL m_hasAddins;
 }
-// With the chunk of the store of add-ins on the mail's tab, or without.
-- (id)initWithAddins:(BOOL)hasAddins;
 - (OUIRibbonChunkContainerView*)container;
 - (NSUInteger)activeTabIndex;
 // Chooses the tab, whose chunks come in place of the others', and draws the container.
@@ -86,7 +85,7 @@
 - (OLCalendarGridViewWrapper*)grid;
 - (OUIRibbonView*)ribbon;
 // Another ribbon in place of the one that stands, with the same tab.
-- (void)rebuildRibbonWithAddins:(BOOL)hasAddins;
+- (void)rebuildRibbon;
 - (NSToolbarItem*)toolbar:(NSToolbar*)toolbar
         itemForItemIdentifier:(NSString*)identifier
     willBeInsertedIntoToolbar:(BOOL)isInserted;
@@ -145,7 +144,6 @@
 
 @interface ECEmailAccount : NSObject
 + (ECEmailAccount*)account;
-+ (void)setUserAddress:(NSString*)address;
 - (NSString*)emailAddress;
 - (ECEmailAddress*)fromAddress;
 @end
@@ -174,7 +172,7 @@
 - (double)duration;
 - (id)seriesMasterRecord;
 - (BOOL)deleteEventNow;
-// Opens the editor of a cancellation.
+// Tells the attendees, which counts as sent, and takes it off the calendar.
 - (void)cancelMeetingInWindow:(NSWindow*)window;
 // Stores these changes, by the names of the readers, with those in memory.
 - (BOOL)storeChanges:(NSDictionary*)changes;
@@ -193,6 +191,7 @@
   NSString* m_html;
 }
 - (NSString*)bodyContent;
+- (void)setHtml:(NSString*)html;
 @end
 
 @interface OLWordMailEditor : NSObject {
@@ -225,11 +224,15 @@
 - (void)hostWordMailEditor:(OLWordMailEditor*)editor;
 - (void)loadEventIntoWordMail;
 - (void)contentDidChange;
+- (NSString*)getSubject:(id)unused;
+- (NSString*)getLocation:(id)unused;
+- (void)fromFieldModified:(id)sender;
 - (BOOL)isDirty;
 - (void)setIsDirty:(BOOL)dirty;
 - (BOOL)save;
 - (void)save:(id)sender;
 - (int)saveAndCloseWindow:(BOOL)close;
+- (int)saveAndCloseWindow:(BOOL)close andReturnError:(id)error;
 - (void)saveAndClose:(id)sender;
 - (void)sendMeetingPostValidate;
 // The answer to the question whether the whole series is meant: 1 when it is.
@@ -249,6 +252,8 @@
  @public
   ERCalendarEventEditorViewController* m_editor;
   NSView* m_header;
+  // By which a person at the host knows the window; not used again.
+  vornlab::HostFace::EditorId m_number;
 }
 + (id)showWindowForNewMeeting;
 + (id)showWindowForNewEvent;
@@ -286,8 +291,10 @@ ERCalendarEventEditorWindowController* openEditorOf(ECCalendarEvent* event);
 NSString* foundationText(std::string_view text);
 NSString* foundationText(const vorn::OptionalText& text);
 std::string plainText(NSString* text);
-// The calendar that the host shows, which new appointments go to. It outlives the host.
-CalendarStore*& shownStore();
+// What all of these classes share.
+HostState& hostState();
+// The calendar that the host shows.
+inline CalendarStore* shownStore() { return hostState().store; }
 // What a face puts into the host's windows. The view for the calendar is the caller's; the controller's header and
 // body are there, and its editor has the fields that it reads and writes.
 NSView* newCalendarView(CCGridViewController* controller);

@@ -2,8 +2,8 @@
 
 // A person's eye and hand on buttons, menus and toolbars.
 
+#include "lab/host/HostControl.h"
 #import "lab/objc/HostClasses.h"
-#include "lab/outlook/HostControl.h"
 
 namespace vornlab {
 
@@ -24,5 +24,7 @@ FoundControl controlIn(NSToolbar* toolbar, const ControlName& name);
 HostControl look(const FoundControl& control);
 // Presses it, and chooses the entry in the menu that opens. False when it is not there, hidden or disabled.
 bool press(const FoundControl& control);
+// The hand of a face on a control that can be used; whether it is done.
+bool pressAsSeen(const FoundControl& control);
 
 }  // namespace vornlab

@@ -1,9 +1,13 @@
 // The editor of an appointment: its window, its controllers, its compose view, and what a save is.
 
-#include <cmath>
 #include <string_view>
 
 #include "lab/objc/HostClasses.h"
+#include "lab/outlook/HostForms.h"
+
+using vornlab::foundationText;
+using vornlab::htmlForPlainText;
+using vornlab::plainText;
 
 namespace {
 
@@ -45,6 +49,9 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 - (NSString*)bodyContent {
   return m_html ? m_html : @"";
 }
+- (void)setHtml:(NSString*)html {
+  replace(m_html, html);
+}
 @end
 
 @implementation OLWordMailEditor
@@ -76,8 +83,9 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 // Only the start of the body is a place that this editor knows.
 - (void)insertText:(NSString*)text atLocation:(NSInteger)location isHTML:(BOOL)isHtml {
   (void)location;
-  (void)isHtml;
-  replace(m_content->m_html, withPieceInFront([m_content bodyContent], text ? text : @""));
+  NSString* piece = text ? text : @"";
+  if (!isHtml) piece = foundationText(std::string_view(htmlForPlainText(plainText(piece))));
+  replace(m_content->m_html, withPieceInFront([m_content bodyContent], piece));
   [m_editor contentDidChange];
 }
 - (void)switchToPlainText {
@@ -130,7 +138,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   m_cancelMode = cancelMode;
 }
 - (BOOL)isDelegating {
-  return NO;
+  return vornlab::hostState().options.delegating;
 }
 - (BOOL)hasMultipleAccounts {
   return NO;
@@ -246,6 +254,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 // one's own calendar.
 - (void)sendMeetingPostValidate {
   if (![self save]) return;
+  ++vornlab::hostState().sentCount;
   auto stored = vornlab::storedEvent(m_event);
   if (m_cancelMode && stored) stored->remove();
   vornlab::calendarHasChanged();
@@ -303,6 +312,8 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   m_editor->m_owner = self;
   m_editor->m_event = [event retain];
   m_editor->m_cancelMode = isCancelMode;
+  static vornlab::HostFace::EditorId lastNumber = 0;
+  m_number = ++lastNumber;
   return self;
 }
 // The header is drawn before anything else, and whoever watches its making puts something into it.
@@ -329,10 +340,10 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   [[made window] makeKeyAndOrderFront:nil];
   return made;
 }
-// An appointment of half an hour from the next full one, which is stored nowhere yet.
+// An appointment of half an hour, which is stored nowhere yet.
 + (id)showWindowForNewEvent {
-  constexpr double halfAnHour = 1800;
-  const double start = std::ceil([[NSDate date] timeIntervalSince1970] / halfAnHour) * halfAnHour;
+  constexpr double halfAnHour = vornlab::HostState::kHalfAnHour;
+  const double start = vornlab::hostState().takeNewStart([[NSDate date] timeIntervalSince1970]);
   ECCalendarEvent* event = [[[ECCalendarEvent alloc] initWithStore:vornlab::shownStore() index:-1] autorelease];
   OLCalendarDate* begin = [[[OLCalendarDate alloc] initWithSeconds:start zone:nil] autorelease];
   [event->m_changed setObject:begin forKey:@"startTime"];

@@ -16,15 +16,16 @@ OLCalendarDate* dateOf(const std::optional<vornlab::CalendarTime>& time) {
   return time ? [OLCalendarDate dateWithTime:*time] : nil;
 }
 
-NSString* userAddress = nil;
+NSString* ownersName() { return foundationText(std::string_view(vornlab::hostState().options.userName)); }
+NSString* ownersAddress() { return foundationText(std::string_view(vornlab::hostState().options.userAddress)); }
 
 }  // namespace
 
 namespace vornlab {
 
-CalendarStore*& shownStore() {
-  static CalendarStore* store = nullptr;
-  return store;
+HostState& hostState() {
+  static HostState state;
+  return state;
 }
 
 std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
@@ -169,10 +170,10 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 
 @implementation ECEmailAddress
 - (NSString*)emailAddress {
-  return userAddress ? userAddress : @"";
+  return ownersAddress();
 }
 - (NSString*)name {
-  return @"Calendar Owner";
+  return ownersName();
 }
 @end
 
@@ -181,15 +182,11 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   static ECEmailAccount* account = [[ECEmailAccount alloc] init];
   return account;
 }
-+ (void)setUserAddress:(NSString*)address {
-  [userAddress release];
-  userAddress = [address copy];
-}
 - (NSString*)emailAddress {
-  return userAddress ? userAddress : @"";
+  return ownersAddress();
 }
 - (NSString*)name {
-  return @"Calendar Owner";
+  return ownersName();
 }
 - (NSString*)realName {
   return [self name];
@@ -208,7 +205,7 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   return NO;
 }
 - (BOOL)shouldDisableCalendarHTMLBodyForAccount {
-  return NO;
+  return vornlab::hostState().options.plainTextOnly;
 }
 @end
 
@@ -375,12 +372,14 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   vornlab::calendarHasChanged();
   return YES;
 }
+// The attendees are told, and the host deletes a cancelled meeting past its own deleteEventNow.
 - (void)cancelMeetingInWindow:(NSWindow*)window {
   (void)window;
-  const auto stored = storedEvent(self);
+  auto stored = storedEvent(self);
   if (!stored) return;
-  ECCalendarEvent* own = [[[ECCalendarEvent alloc] initWithStore:m_store index:m_index] autorelease];
-  [ERCalendarEventEditorWindowController showCancellationWindowForMeeting:own];
+  ++vornlab::hostState().sentCount;
+  stored->remove();
+  vornlab::calendarHasChanged();
 }
 - (BOOL)storeChanges:(NSDictionary*)changes {
   ECMutableCalendarEvent* record = [[[ECMutableCalendarEvent alloc] initWithStore:m_store
@@ -398,7 +397,7 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 }
 - (BOOL)isOwner {
   const auto stored = storedEvent(self);
-  return !stored || !stored->isOfSomebodyElse(plainText(userAddress));
+  return !stored || !stored->isOfSomebodyElse(vornlab::hostState().options.userAddress);
 }
 - (BOOL)isOrganizer {
   return [self isOwner];
@@ -422,7 +421,8 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   NSString* changed = [m_changed objectForKey:@"body"];
   if (!changed) return;
   NSNumber* saysHtml = [m_changed objectForKey:@"isBodyHTML"];
-  vornlab::storeBody(target, plainText(changed), !saysHtml || [saysHtml boolValue]);
+  const bool isHtml = !vornlab::hostState().options.plainTextOnly && (!saysHtml || [saysHtml boolValue]);
+  vornlab::storeBody(target, plainText(changed), isHtml);
 }
 - (long)saveRecord {
   constexpr long stored = 0;
@@ -448,6 +448,7 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
     if ([changed objectForKey:@"startTime"] || [changed objectForKey:@"endTime"]) event.setTimes(start, end);
   });
   if (!isStored) return notStored;
+  ++vornlab::hostState().storedCount;
   vornlab::calendarHasChanged();
   return stored;
 }

@@ -108,10 +108,9 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
 @end
 
 @implementation OUIRibbonView
-- (id)initWithAddins:(BOOL)hasAddins {
+- (id)init {
   if (!(self = [super initWithFrame:NSMakeRect(0, 700, 1200, 100)])) return nil;
   m_container = [[OUIRibbonChunkContainerView alloc] initWithFrame:NSMakeRect(0, 0, 1200, 80)];
-  m_hasAddins = hasAddins;
   [self addSubview:m_container];
   return self;
 }
@@ -134,7 +133,8 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
   }
   NSArray* titles = tab == kMailTab ? [NSArray arrayWithObjects:@"New", @"Delete", @"Respond", nil]
                                     : [NSArray arrayWithObjects:@"New", @"Arrange", nil];
-  if (tab == kMailTab && m_hasAddins) titles = [titles arrayByAddingObject:@"Add-ins"];
+  if (tab == kMailTab && vornlab::hostState().options.hasAddinsChunk)
+    titles = [titles arrayByAddingObject:@"Add-ins"];
   constexpr CGFloat width = 120;
   CGFloat x = 0;
   NSEnumerator* wanted = [titles objectEnumerator];
@@ -159,10 +159,12 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
   [window setReleasedWhenClosed:NO];
   m_grid = [[OLCalendarGridViewWrapper alloc] init];
   [[window contentView] addSubview:[[m_grid gridViewController] view]];
-  NSToolbar* toolbar = [[[NSToolbar alloc] initWithIdentifier:@"OLMainToolbar"] autorelease];
-  [toolbar setDelegate:static_cast<id>(self)];
-  [window setToolbar:toolbar];
-  [self rebuildRibbonWithAddins:YES];
+  if (vornlab::hostState().options.hasToolbar) {
+    NSToolbar* toolbar = [[[NSToolbar alloc] initWithIdentifier:@"OLMainToolbar"] autorelease];
+    [toolbar setDelegate:static_cast<id>(self)];
+    [window setToolbar:toolbar];
+  }
+  [self rebuildRibbon];
   vornlab::fillMainWindow(self);
   return self;
 }
@@ -178,11 +180,11 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
 - (OUIRibbonView*)ribbon {
   return m_ribbon;
 }
-- (void)rebuildRibbonWithAddins:(BOOL)hasAddins {
+- (void)rebuildRibbon {
   const NSUInteger tab = m_ribbon ? [m_ribbon activeTabIndex] : kCalendarTab;
   [m_ribbon removeFromSuperview];
   [m_ribbon release];
-  m_ribbon = [[OUIRibbonView alloc] initWithAddins:hasAddins];
+  m_ribbon = [[OUIRibbonView alloc] init];
   [[[self window] contentView] addSubview:m_ribbon];
   [m_ribbon setActiveTabIndex:tab];
 }
@@ -201,7 +203,10 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
 // The host knows its own items and makes no other.
 - (NSArray*)toolbarDefaultItemIdentifiers:(id)toolbar {
   (void)toolbar;
-  return [NSArray arrayWithObjects:@"OLNewItem", @"NSToolbarFlexibleSpaceItem", @"OLSearchItem", nil];
+  NSMutableArray* identifiers = [NSMutableArray array];
+  for (const std::string& identifier : vornlab::hostState().options.toolbar)
+    [identifiers addObject:vornlab::foundationText(std::string_view(identifier))];
+  return identifiers;
 }
 - (NSArray*)toolbarAllowedItemIdentifiers:(id)toolbar {
   return [self toolbarDefaultItemIdentifiers:toolbar];

@@ -1,21 +1,18 @@
 #include "lab/objc/ObjcSession.h"
 
 #include <dlfcn.h>
-#include <pwd.h>
-#include <stdlib.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
+#include <chrono>
 #include <sstream>
 
 #include "lab/objc/HostClasses.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/LabStart.h"
-#include "lab/shell/TemporaryFolder.h"
+#include "platform/Registry.h"
+#include "platform/RunLoop.h"
+#include "platform/UserDefaults.h"
 #include "util/AtomicFile.h"
 
 namespace vornlab {
@@ -24,67 +21,51 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto kWorldVariable = "VORNLAB_OBJC_WORLD";
 constexpr double kTurnSeconds = 0.005;
 // A request that is on its way is in the client's journal after that time.
 constexpr double kSettlingSeconds = 0.2;
+// What a call may be late on a machine that is busy with other things.
+constexpr double kLateSeconds = 20;
 // The request that has no reply.
 constexpr std::string_view kStartOfMeeting = "{\"action\":2,";
 
-// The configuration takes a path only as seen from the folder that the system has for the user.
-fs::path fromUsersFolder(const fs::path& path) {
-  const passwd* user = getpwuid(geteuid());
-  return fs::proximate(path, user ? user->pw_dir : "/");
-}
+// The ports of the plug-in, which shares the library that holds them with this process.
+const vorn::Platform& ports() { return vorn::Registry::platform(); }
 
 }  // namespace
 
-fs::path enterOwnWorld(char** arguments) {
-  if (const char* entered = std::getenv(kWorldVariable)) return entered;
-  const fs::path world = TemporaryFolder::make();
-  const fs::path configuration = world / "GNUstep.conf";
-  std::ofstream(configuration) << "GNUSTEP_USER_CONFIG_FILE=none\nGNUSTEP_USER_DEFAULTS_DIR="
-                               << fromUsersFolder(world / "home/Library/Preferences").string() << "\n";
-  setenv(kWorldVariable, world.c_str(), 1);
-  setenv("GNUSTEP_CONFIG_FILE", configuration.c_str(), 1);
-  setenv("HOME", (world / "home").c_str(), 1);
-  execv("/proc/self/exe", arguments);
-  throw LabError(std::string("cannot start in a world of its own: ") + std::strerror(errno));
-}
-
-ObjcSession::ObjcSession(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress)
-    : m_options(options), m_world(worldOptions(options, signedInAccount(options).userId)), m_calendar(calendar) {
+ObjcSession::ObjcSession(const LabOptions& options, CalendarStore& calendar, const HostOptions& hostOptions)
+    : m_options(options),
+      m_account(signedInAccount(options)),
+      m_world(worldOptions(options, m_account.userId)),
+      m_calendar(calendar),
+      m_host(calendar, hostOptions),
+      m_client(options, m_world,
+               [this](const std::function<bool()>& holds, double seconds) { return waitUntil(holds, seconds); }) {
   const Pool pool;
+  if (talksByNotifications() || options.withAgent)
+    throw LabError(
+        "this host has no D-Bus session bus, over which the plug-in would talk; --runtime embedded has one");
   // The plug-in knows the Applications folder of the machine, and that of the user.
   std::error_code failed;
   fs::create_directory_symlink(m_world.applications(), m_world.home() / "Applications", failed);
   if (failed) throw LabError("cannot make the user's Applications folder: " + failed.message());
-  if (!m_options.withoutClient) startClient(m_client, m_options, m_world, "socket");
-  shownStore() = &calendar;
-  [ECEmailAccount setUserAddress:foundationText(std::string_view(userAddress))];
+  m_client.prepare(false);
   loadBundle(m_options.bundle.empty() ? m_options.programs / "objc/vOutlookPlugin.bundle" : m_options.bundle);
-  ErageAppDelegate* delegate = [[ErageAppDelegate alloc] init];
-  m_applicationDelegate = delegate;
-  [[NSApplication sharedApplication] setDelegate:static_cast<id>(delegate)];
-  ERageMainWindowController* controller = [[ERageMainWindowController alloc] init];
-  [[controller window] makeKeyAndOrderFront:nil];
-  m_mainWindowController = controller;
-  [controller windowDidBecomeMain:[NSNotification notificationWithName:@"NSWindowDidBecomeMainNotification"
-                                                                object:[controller window]]];
-  [controller loadCalendarPane];
-  if (m_options.withoutClient) return;
-  if (!waitUntil([this] { return journalled({"\"event\":\"connected\""}) > 0; }, kStartSeconds))
-    throw LabError("the plug-in did not connect to the client");
+  m_host.openMainWindow();
+  m_client.waitForConnection(kStartSeconds);
 }
 
 ObjcSession::~ObjcSession() {
-  const Pool pool;
-  ERageMainWindowController* controller = static_cast<ERageMainWindowController*>(m_mainWindowController);
-  [controller windowWillClose:[NSNotification notificationWithName:@"NSWindowWillCloseNotification"
-                                                            object:[controller window]]];
-  [[NSApplication sharedApplication] setDelegate:nil];
-  [controller release];
-  [static_cast<ErageAppDelegate*>(m_applicationDelegate) release];
+  m_host.closeMainWindow();
+  // The plug-in stays, and this does not.
+  vorn::Platform platform = ports();
+  platform.trace = nullptr;
+  vorn::Registry::install(platform);
+}
+
+HostScreen& ObjcSession::screen() {
+  throw LabError("what the plug-in shows stands on the screen of this host, before the person who sits there");
 }
 
 void ObjcSession::loadBundle(const fs::path& bundle) {
@@ -93,6 +74,9 @@ void ObjcSession::loadBundle(const fs::path& bundle) {
   if (!module) throw LabError(std::string("the plug-in cannot be loaded: ") + dlerror());
   m_answer = reinterpret_cast<decltype(m_answer)>(dlsym(module, "vOutlookPluginAnswer"));
   if (!m_answer) throw LabError("the plug-in at " + program.string() + " answers no questions");
+  vorn::Platform platform = ports();
+  platform.trace = &m_trace;
+  vorn::Registry::install(platform);
 }
 
 vorn::Value ObjcSession::ask(const std::string& question, const vorn::Value& parameters) {
@@ -102,22 +86,24 @@ vorn::Value ObjcSession::ask(const std::string& question, const vorn::Value& par
   return answer;
 }
 
-vorn::Value ObjcSession::inspect(const CalendarEvent& event) {
-  const Pool pool;
-  ECCalendarEvent* shown =
-      [[[ECCalendarEvent alloc] initWithStore:&m_calendar
-                                        index:static_cast<NSInteger>(event.index())] autorelease];
-  vorn::Value parameters = vorn::Value::dictionary();
-  parameters.set("event", vorn::HostObject(reinterpret_cast<std::uintptr_t>(shown)));
-  return ask("appointment", parameters)["groups"];
+void ObjcSession::saveInProfile(const std::string& key, const std::string& value) {
+  m_world.saveChoice(m_account.userId, key, value);
+}
+
+void ObjcSession::saveInUserDefaults(const std::string& key, const std::string& value) {
+  ports().userDefaults->setObject(World::valueOfChoice(value), key);
+  ports().userDefaults->synchronize();
+}
+
+double ObjcSession::now() const {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
 bool ObjcSession::waitUntil(const std::function<bool()>& condition, double seconds) {
-  const Pool pool;
-  NSDate* end = [NSDate dateWithTimeIntervalSinceNow:seconds];
+  const double end = now() + seconds;
   while (!condition()) {
     if (Interruption::requested()) throw Interrupted("interrupted");
-    if ([end timeIntervalSinceNow] <= 0) return false;
+    if (now() >= end) return false;
     const Pool passing;
     turn();
   }
@@ -130,19 +116,21 @@ void ObjcSession::turn() {
   if (!hasSources) [NSThread sleepForTimeInterval:kTurnSeconds];
 }
 
+void ObjcSession::passTime(double seconds) {
+  bool isOver = false;
+  ports().runLoop->performAfter(seconds, this, "passTime", [&isOver] { isOver = true; });
+  waitUntil([&isOver] { return isOver; }, seconds + kLateSeconds);
+  ports().runLoop->cancelPrevious(this);
+}
+
 bool ObjcSession::waitForQuiet() {
-  const Pool pool;
-  NSDate* end = [NSDate dateWithTimeIntervalSinceNow:m_options.timeoutSeconds];
-  while ([end timeIntervalSinceNow] > 0) {
+  const double end = now() + m_options.timeoutSeconds;
+  while (now() < end) {
     const std::size_t before = requestCount();
     passTime(kSettlingSeconds);
     if (requestCount() == before && replyCount() + journalled({kRequest, kStartOfMeeting}) >= before) return true;
   }
   return false;
-}
-
-void ObjcSession::passTime(double seconds) {
-  waitUntil([] { return false; }, seconds);
 }
 
 std::size_t ObjcSession::journalled(std::initializer_list<std::string_view> parts) const {

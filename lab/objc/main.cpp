@@ -4,11 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "lab/objc/ObjcLab.h"
+#include "lab/objc/OwnWorld.h"
+#include "lab/objc/standins/HeadlessSession.h"
 #include "lab/shell/HooksCommand.h"
 #include "lab/shell/HostRuntime.h"
 #include "lab/shell/InspectCommand.h"
 #include "lab/shell/MeetCommand.h"
+#include "lab/shell/PlayCommand.h"
+#include "lab/shell/TemporaryFolder.h"
+#include "lab/shell/scenario/ResultFile.h"
 #include "lab/words/OptionChecks.h"
 
 namespace {
@@ -16,24 +20,33 @@ namespace {
 namespace fs = std::filesystem;
 using namespace vornlab;
 
-ExitCode meetHere(const MeetOptions& options) {
-  return meet(options, [](const MeetOptions& asked, CalendarStore& calendar) {
-    return std::make_unique<ObjcLab>(asked.lab, calendar, asked.me);
-  });
+constexpr auto kAlone = "play-alone";
+
+// The one word that nobody types: plays a scenario in the world of this process and writes down how it went.
+struct AloneOptions {
+  std::string scenario;
+  fs::path result;
+  LabOptions lab;
+};
+
+ExitCode playAlone(const AloneOptions& options) {
+  const ScenarioResult result = play(scenarioFromFile(options.scenario), options.lab, HeadlessSession::start);
+  return writeResult(options.result, result) ? ExitCode::done : ExitCode::somethingFailed;
 }
 
-ExitCode hooksHere(const HooksOptions& options) {
-  CalendarStore nothing;
-  ObjcLab lab(options.lab, nothing, "");
-  printHooks(lab.ask("hooks"), options.form);
-  return ExitCode::done;
-}
-
-ExitCode inspectHere(const InspectOptions& options) {
-  return inspect(options, [&options](CalendarStore& calendar) -> Inspector {
-    const auto lab = std::make_shared<ObjcLab>(options.lab, calendar, options.me);
-    return [lab](const CalendarEvent& event) { return lab->inspect(event); };
-  });
+// A process has one host, so each scenario has a process.
+ScenarioResult playInProcess(const Scenario& scenario, const LabOptions& lab) {
+  const TemporaryFolder folder;
+  const fs::path result = folder.path() / "result";
+  std::vector<std::string> words{kAlone, scenario.file, result.string()};
+  if (!lab.bundle.empty()) words.insert(words.end(), {"--bundle", lab.bundle.string()});
+  const std::string end = runInWorld(folder.path() / "w", words);
+  if (auto played = readResult(result)) return *played;
+  ScenarioResult broken;
+  broken.file = scenario.file;
+  broken.name = scenario.name();
+  broken.failure = {0, "the host", "it plays the scenario to its end", end.empty() ? "it told no result" : end};
+  return broken;
 }
 
 void addClientOptions(CLI::App& command, LabOptions& lab) {
@@ -65,27 +78,39 @@ ExitCode run(int argc, char** argv) {
   lab.programs = programFolder();
   std::vector<std::string> words(argv + 1, argv + argc);
   chooseRuntime(words, "objc", lab.programs);
+  if (!words.empty() && isScenarioFile(words.front())) words.insert(words.begin(), "play");
   MeetOptions meetOptions;
   HooksOptions hooksOptions;
   InspectOptions inspectOptions;
-  meetOptions.lab = hooksOptions.lab = inspectOptions.lab = lab;
+  PlayOptions playOptions;
+  AloneOptions aloneOptions;
+  meetOptions.lab = hooksOptions.lab = inspectOptions.lab = playOptions.lab = aloneOptions.lab = lab;
 
-  CLI::App program("The stand-in host in the Objective-C runtime.", "vornlab-objc");
+  CLI::App program("The stand-in host in the Objective-C runtime.", "vornlab");
   program.footer(kRuntimeHelp);
   program.require_subcommand(1);
   CLI::App* meetCommand = addMeetWords(program, meetOptions);
   addClientOptions(*meetCommand, meetOptions.lab);
   const CLI::App* hooksCommand = addHooksWords(program, hooksOptions);
+  const CLI::App* playCommand = addPlayWords(program, playOptions);
   addInspectWords(program, inspectOptions);
+  CLI::App* aloneCommand = program.add_subcommand(kAlone, "")->group("");
+  aloneCommand->add_option("FILE", aloneOptions.scenario)->required();
+  aloneCommand->add_option("RESULT", aloneOptions.result)->required();
+  aloneCommand->add_option("--bundle", aloneOptions.lab.bundle);
   const auto end = readWords(program, words, " with --runtime objc");
   if (end) return *end;
-  if (meetCommand->parsed()) return inOwnWorld(argv, meetOptions.lab, [&] { return meetHere(meetOptions); });
-  if (hooksCommand->parsed()) return inOwnWorld(argv, hooksOptions.lab, [&] { return hooksHere(hooksOptions); });
-  return inOwnWorld(argv, inspectOptions.lab, [&] { return inspectHere(inspectOptions); });
+  if (playCommand->parsed()) return playScenarios(playOptions, playInProcess);
+  const StartSession start = HeadlessSession::start;
+  if (aloneCommand->parsed()) return inOwnWorld(argv, aloneOptions.lab, [&] { return playAlone(aloneOptions); });
+  if (meetCommand->parsed()) return inOwnWorld(argv, meetOptions.lab, [&] { return meet(meetOptions, start); });
+  if (hooksCommand->parsed())
+    return inOwnWorld(argv, hooksOptions.lab, [&] { return hooks(hooksOptions, start); });
+  return inOwnWorld(argv, inspectOptions.lab, [&] { return inspect(inspectOptions, start); });
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  return runProgram("vornlab-objc", [&] { return run(argc, argv); });
+  return runProgram("vornlab", [&] { return run(argc, argv); });
 }

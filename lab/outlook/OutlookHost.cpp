@@ -163,6 +163,10 @@ void OutlookHost::saveAndClose(EditorId id) {
   m_world->send(viewController(id), "saveAndClose:", {Value(nullptr)});
 }
 
+void OutlookHost::saveAndCloseOrTell(EditorId id) {
+  m_world->send(viewController(id), "saveAndCloseWindow:andReturnError:", {true, Value(nullptr)});
+}
+
 void OutlookHost::send(EditorId id) { m_world->send(viewController(id), "sendMeetingPostValidate"); }
 
 void OutlookHost::closeWithoutSaving(EditorId id) { m_world->send(windowController(id), "close"); }

@@ -5,9 +5,13 @@
 #include <string>
 
 #include "lab/client/Account.h"
+#include "lab/outlook/EmbeddedScreen.h"
+#include "lab/outlook/OutlookHost.h"
 #include "lab/shell/LabSession.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Platform.h"
+#include "platform/embedded/EmbeddedClassRuntime.h"
+#include "platform/embedded/EmbeddedPresenter.h"
 #include "platform/embedded/EmbeddedSurroundings.h"
 #include "platform/embedded/EmbeddedUserDefaults.h"
 #include "platform/embedded/HostRunLoop.h"
@@ -20,9 +24,10 @@ class EmbeddedSession : public LabSession {
  public:
   const World& world() const override { return m_world; }
   OutlookHost& host() override { return m_host; }
-  vorn::EmbeddedClassRuntime& runtime() override { return m_runtime; }
+  HostScreen& screen() override { return m_screen; }
+  vorn::EmbeddedClassRuntime& runtime() { return m_runtime; }
   RoadTrace& trace() override { return m_trace; }
-  vorn::EmbeddedPresenter& presenter() override { return m_presenter; }
+  vorn::EmbeddedPresenter& presenter() { return m_presenter; }
 
   void saveInProfile(const std::string& key, const std::string& value) override;
   void saveInUserDefaults(const std::string& key, const std::string& value) override;
@@ -52,6 +57,7 @@ class EmbeddedSession : public LabSession {
   vorn::EmbeddedUserDefaults m_userDefaults;
   vorn::EmbeddedSurroundings m_surroundings;
   vorn::EmbeddedPresenter m_presenter;
+  EmbeddedScreen m_screen{m_presenter};
   RoadTrace m_trace;
   OutlookHost m_host;
 };

@@ -12,19 +12,15 @@ namespace vornlab {
 
 using vorn::Value;
 
-void printHooks(const Value& told, ReportForm form) {
-  if (form == ReportForm::json) {
+ExitCode hooks(const HooksOptions& options, const StartSession& start) {
+  CalendarStore nothing;
+  const Value told = start(options.lab, nothing, {})->ask("hooks");
+  if (options.form == ReportForm::json) {
     printGroupsAsJson(told["groups"], {{"rows", jsonOf(told["rows"])}, {"standing", jsonOf(told["standing"])}});
   } else {
     printGroups(told["groups"]);
     say(told["standing"].stringValue() + " of " + told["rows"].stringValue() + " hooks stand.");
   }
-}
-
-ExitCode hooks(const HooksOptions& options) {
-  CalendarStore nothing;
-  Session session(options.lab, nothing, {});
-  printHooks(session.ask("hooks"), options.form);
   return ExitCode::done;
 }
 
@@ -38,7 +34,7 @@ Command addHooks(CLI::App& program, const LabOptions& lab) {
   const auto options = optionsFrom<HooksOptions>(lab);
   CLI::App* command = addHooksWords(program, *options);
   addLabOptions(*command, options->lab);
-  return {command, [options] { return hooks(*options); }};
+  return {command, [options] { return hooks(*options, Session::start); }};
 }
 
 }  // namespace vornlab

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "lab/shell/CommandLine.h"
-#include "util/Value.h"
+#include "lab/shell/LabSession.h"
 
 namespace vornlab {
 
@@ -10,12 +10,9 @@ struct HooksOptions {
   ReportForm form = ReportForm::words;
 };
 
-// Prints what the plug-in answers to the question for its hooks.
-void printHooks(const vorn::Value& told, ReportForm form);
-
 // Prints the table of what the plug-in has hooked in the stand-in host, with the state of each row. A row without
 // a method in this host is no fault: hosts differ by version, and a missing hook switches one feature off.
-ExitCode hooks(const HooksOptions& options);
+ExitCode hooks(const HooksOptions& options, const StartSession& start);
 
 // The words of the command in any program, and the command "hooks" of this one.
 CLI::App* addHooksWords(CLI::App& program, HooksOptions& options);

@@ -13,7 +13,7 @@ namespace vornlab {
 // A line for the help of either program.
 constexpr auto kRuntimeHelp =
     "--runtime embedded|objc, anywhere on the line, chooses the stand-in host; in the Objective-C one go hooks, "
-    "inspect and meet.";
+    "inspect, meet and play.";
 
 // Takes "--runtime NAME" out of a command's words, wherever it stands. When it names another runtime than the own
 // one, this process goes on as the other program with the same words. Throws UsageError for a name that is none,

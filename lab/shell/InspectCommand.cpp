@@ -46,11 +46,18 @@ CalendarEvent addBody(CalendarStore& calendar, const std::filesystem::path& file
   return event;
 }
 
-ExitCode inspectBody(const InspectOptions& options, const StartInspector& start) {
+// What the plug-in sees in the appointment, in groups.
+Value inspected(LabSession& session, const CalendarEvent& event) {
+  Value parameters = Value::dictionary();
+  parameters.set("event", session.host().eventOnGrid(event.index()));
+  return session.ask("appointment", parameters)["groups"];
+}
+
+ExitCode inspectBody(const InspectOptions& options, const StartSession& start) {
   CalendarStore calendar;
   const CalendarEvent event = addBody(calendar, options.body);
   Value::Array groups;
-  const Value told = start(calendar)(event);
+  const Value told = inspected(*start(options.lab, calendar, {}), event);
   for (const Value& group : told.items()) {
     // The rest is of an appointment that nobody has written.
     if (group["name"].text() == "meeting" || group["name"].text() == "recognition") groups.push_back(group);
@@ -61,34 +68,23 @@ ExitCode inspectBody(const InspectOptions& options, const StartInspector& start)
 
 }  // namespace
 
-ExitCode inspect(const InspectOptions& options) {
-  return inspect(options, [&options](CalendarStore& calendar) -> Inspector {
-    OutlookHost::Options host;
-    host.userAddress = options.me;
-    const auto session = std::make_shared<Session>(options.lab, calendar, host);
-    return [session](const CalendarEvent& event) {
-      Value parameters = Value::dictionary();
-      parameters.set("event", session->host().eventOnGrid(event.index()));
-      return session->ask("appointment", parameters)["groups"];
-    };
-  });
-}
-
-ExitCode inspect(const InspectOptions& options, const StartInspector& start) {
+ExitCode inspect(const InspectOptions& options, const StartSession& start) {
   if (options.body.empty() == options.input.file.empty()) {
     throw UsageError("inspect takes a calendar file, or --body FILE");
   }
   if (!options.body.empty()) return inspectBody(options, start);
   CalendarStore calendar(options.input.storeOptions());
   loadCalendar(calendar, options.input);
-  const Inspector inspector = start(calendar);
+  HostOptions host;
+  host.userAddress = options.me;
+  const std::unique_ptr<LabSession> session = start(options.lab, calendar, host);
 
   const std::set<std::string> wanted(options.uids.begin(), options.uids.end());
   std::set<std::string> missing = wanted;
   for (const CalendarEvent& event : calendar.events()) {
     if (!wanted.empty() && !wanted.contains(event.uid())) continue;
     missing.erase(event.uid());
-    print(inspector(event), options.form, titleOf(event),
+    print(inspected(*session, event), options.form, titleOf(event),
           {{"uid", event.uid()}, {"recurrenceId", event.recurrenceId()}});
   }
   for (const std::string& uid : missing) complain(missingInWords(options.input.file, uid), "vornlab");
@@ -111,7 +107,7 @@ Command addInspect(CLI::App& program, const LabOptions& lab) {
   const auto options = optionsFrom<InspectOptions>(lab);
   CLI::App* command = addInspectWords(program, *options);
   addLabOptions(*command, options->lab);
-  return {command, [options] { return inspect(*options); }};
+  return {command, [options] { return inspect(*options, Session::start); }};
 }
 
 }  // namespace vornlab

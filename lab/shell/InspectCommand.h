@@ -1,14 +1,12 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
-#include "lab/outlook/CalendarStore.h"
 #include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
-#include "util/Value.h"
+#include "lab/shell/LabSession.h"
 
 namespace vornlab {
 
@@ -24,18 +22,11 @@ struct InspectOptions {
   ReportForm form = ReportForm::words;
 };
 
-// Answers what the plug-in sees in an appointment, in groups.
-using Inspector = std::function<vorn::Value(const CalendarEvent& event)>;
-// Starts a laboratory over the calendar, which outlives it, and keeps it as long as the inspector.
-using StartInspector = std::function<Inspector(CalendarStore& calendar)>;
-
 // Prints what the plug-in sees in each appointment of a calendar file: the meeting's key, each way of recognising
 // it with what came of that, the stored record, whether the appointment may have a meeting and why, and its plain
 // form. Of a body it prints what the ways make of that. Nothing is written. With JSON one object a line for each
 // appointment. Exit code 1 when a UID is not there.
-ExitCode inspect(const InspectOptions& options);
-// The same in a laboratory of the caller's.
-ExitCode inspect(const InspectOptions& options, const StartInspector& start);
+ExitCode inspect(const InspectOptions& options, const StartSession& start);
 
 // The words of the command in any program, and the command "inspect" of this one.
 CLI::App* addInspectWords(CLI::App& program, InspectOptions& options);

@@ -6,13 +6,12 @@
 #include <string>
 
 #include "lab/client/MeetingStore.h"
+#include "lab/host/HostFace.h"
+#include "lab/host/HostScreen.h"
 #include "lab/outlook/CalendarStore.h"
-#include "lab/outlook/OutlookHost.h"
 #include "lab/shell/LabOptions.h"
 #include "lab/shell/RoadTrace.h"
 #include "lab/shell/World.h"
-#include "platform/embedded/EmbeddedClassRuntime.h"
-#include "platform/embedded/EmbeddedPresenter.h"
 
 namespace vornlab {
 
@@ -33,10 +32,9 @@ class LabSession {
   LabSession& operator=(const LabSession&) = delete;
 
   virtual const World& world() const = 0;
-  virtual OutlookHost& host() = 0;
-  virtual vorn::EmbeddedClassRuntime& runtime() = 0;
+  virtual HostFace& host() = 0;
+  virtual HostScreen& screen() = 0;
   virtual RoadTrace& trace() = 0;
-  virtual vorn::EmbeddedPresenter& presenter() = 0;
 
   // What the plug-in answers to one of its questions for people who support users. Throws LabError for a question
   // that it does not know.
@@ -83,6 +81,6 @@ class LabSession {
 
 // Starts a session over a calendar, which must outlive it. Throws LabError when something cannot be started.
 using StartSession = std::function<std::unique_ptr<LabSession>(const LabOptions& options, CalendarStore& calendar,
-                                                               const OutlookHost::Options& hostOptions)>;
+                                                               const HostOptions& hostOptions)>;
 
 }  // namespace vornlab

@@ -8,6 +8,7 @@
 
 #include "lab/client/MeetingStore.h"
 #include "lab/shell/CalendarOutput.h"
+#include "lab/shell/MeetReport.h"
 #include "lab/shell/MeetingRoad.h"
 #include "lab/shell/ProgressBar.h"
 #include "lab/shell/Session.h"
@@ -30,30 +31,9 @@ std::string reasonToSkip(const CalendarEvent& event, const MeetOptions& options)
   return "";
 }
 
-// In the runtime of our own.
-class EmbeddedMeetingLab final : public MeetingLab {
- public:
-  EmbeddedMeetingLab(const MeetOptions& options, CalendarStore& calendar)
-      : m_session(options.lab, calendar, hostOptions(options)), m_road(m_session, options.lab.timeoutSeconds) {}
-
-  MeetResult take(const CalendarEvent& event, MeetingRoad::Aim aim) override { return m_road.take(event, aim); }
-  std::size_t requests() override { return m_session.trace().sent(); }
-  std::size_t replies() override { return m_session.trace().received(); }
-
- private:
-  static OutlookHost::Options hostOptions(const MeetOptions& options) {
-    OutlookHost::Options host;
-    host.userAddress = options.me;
-    return host;
-  }
-
-  Session m_session;
-  MeetingRoad m_road;
-};
-
 class MeetRun {
  public:
-  MeetRun(const MeetOptions& options, const StartMeetingLab& start)
+  MeetRun(const MeetOptions& options, const StartSession& start)
       : m_options(options),
         m_start(start),
         m_output(options.isTrial ? nullptr
@@ -74,10 +54,13 @@ class MeetRun {
     std::size_t received = 0;
     if (!chosen.empty()) {
       if (m_output) m_output->expectRoom(m_calendar.text().size() + chosen.size() * kRoomForInvitation);
-      const std::unique_ptr<MeetingLab> lab = m_start(m_options, m_calendar);
-      takeAll(chosen, *lab);
-      sent = lab->requests();
-      received = lab->replies();
+      HostOptions host;
+      host.userAddress = m_options.me;
+      const std::unique_ptr<LabSession> session = m_start(m_options.lab, m_calendar, host);
+      MeetingRoad road(*session, m_options.lab.timeoutSeconds);
+      takeAll(chosen, road);
+      sent = session->trace().sent();
+      received = session->trace().received();
     }
     if (m_output) m_output->write(m_calendar.text(), m_options.input.file);
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
@@ -103,9 +86,9 @@ class MeetRun {
   }
 
   // What stops half-way has made meetings already, and their appointments have to know them.
-  void takeAll(const std::vector<CalendarEvent>& events, MeetingLab& lab) {
+  void takeAll(const std::vector<CalendarEvent>& events, MeetingRoad& road) {
     try {
-      takeEach(events, lab);
+      takeEach(events, road);
     } catch (const Interrupted& error) {
       throw Interrupted(error.what() + keepWhatIsDone());
     } catch (const LabError& error) {
@@ -119,13 +102,13 @@ class MeetRun {
     return "; " + m_output->path().string() + " has the meetings made so far, and the rest as it was";
   }
 
-  void takeEach(const std::vector<CalendarEvent>& events, MeetingLab& lab) {
+  void takeEach(const std::vector<CalendarEvent>& events, MeetingRoad& road) {
     ProgressBar progress(stderr, m_options.all ? events.size() : 0);
     for (std::size_t i = 0; i < events.size(); ++i) {
       progress.show(i);
       MeetResult result;
       if (const std::string reason = reasonToSkip(events[i], m_options); reason.empty()) {
-        result = lab.take(events[i], m_options.removes ? MeetingRoad::Aim::remove : MeetingRoad::Aim::add);
+        result = road.take(events[i], m_options.removes ? MeetingRoad::Aim::remove : MeetingRoad::Aim::add);
         tellDoubts(events[i], result);
       } else {
         result = describe(events[i]);
@@ -147,7 +130,7 @@ class MeetRun {
   }
 
   const MeetOptions& m_options;
-  const StartMeetingLab& m_start;
+  const StartSession& m_start;
   // Before the calendar, which is read when it has been looked at; null for a trial.
   std::unique_ptr<CalendarOutput> m_output;
   MeetReport m_report;
@@ -165,13 +148,7 @@ void copyMeetings(const std::string& database, const std::string& copy) {
 
 }  // namespace
 
-ExitCode meet(const MeetOptions& options) {
-  return meet(options, [](const MeetOptions& asked, CalendarStore& calendar) {
-    return std::make_unique<EmbeddedMeetingLab>(asked, calendar);
-  });
-}
-
-ExitCode meet(const MeetOptions& options, const StartMeetingLab& start) {
+ExitCode meet(const MeetOptions& options, const StartSession& start) {
   if (!options.isTrial && options.output.empty()) {
     throw UsageError("--out is missing: it says where the changed calendar goes; --dry-run goes without");
   }
@@ -219,7 +196,7 @@ Command addMeet(CLI::App& program, const LabOptions& lab) {
   options->lab.clientDatabase = defaultDatabase();
   CLI::App* command = addMeetWords(program, *options);
   addLabOptions(*command, options->lab);
-  return {command, [options] { return meet(*options); }};
+  return {command, [options] { return meet(*options, Session::start); }};
 }
 
 }  // namespace vornlab

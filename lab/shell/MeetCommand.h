@@ -9,8 +9,7 @@
 #include "lab/outlook/CalendarStore.h"
 #include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
-#include "lab/shell/MeetReport.h"
-#include "lab/shell/MeetingRoad.h"
+#include "lab/shell/LabSession.h"
 
 namespace vornlab {
 
@@ -32,27 +31,10 @@ struct MeetOptions {
   LabOptions lab;
 };
 
-// A laboratory in which appointments get their meetings.
-class MeetingLab {
- public:
-  virtual ~MeetingLab() = default;
-  // Leads one appointment through the road. Throws LabError only when the person wants the program to end.
-  virtual MeetResult take(const CalendarEvent& event, MeetingRoad::Aim aim) = 0;
-  // Envelopes that the client has taken and given.
-  virtual std::size_t requests() = 0;
-  virtual std::size_t replies() = 0;
-};
-
-// Starts a laboratory over the calendar, which outlives it.
-using StartMeetingLab =
-    std::function<std::unique_ptr<MeetingLab>(const MeetOptions& options, CalendarStore& calendar)>;
-
 // Gives the chosen appointments of a calendar file their online meetings, or takes these away, and writes the
 // file's new form, whole or not at all. Appointments that fail are in the new file as they were. Throws LabError
 // when nothing can be done.
-ExitCode meet(const MeetOptions& options);
-// The same in a laboratory of the caller's.
-ExitCode meet(const MeetOptions& options, const StartMeetingLab& start);
+ExitCode meet(const MeetOptions& options, const StartSession& start);
 
 // Where the stand-in service of the commands that make meetings keeps them, unless they are told otherwise.
 std::string defaultDatabase();

@@ -79,7 +79,7 @@ MeetResult MeetingRoad::take(CalendarEvent event, Aim aim) {
   const bool hadMeeting = !meetingKeyOf(event).empty();
   const std::string textBefore = event.calendarText();
 
-  OutlookHost& host = m_session.host();
+  HostFace& host = m_session.host();
   tell("opens the appointment");
   const EditorId editor = host.openEditorAt(event.index());
   MeetResult walked;
@@ -136,7 +136,7 @@ std::string MeetingRoad::removeMeeting(EditorId editor) {
 }
 
 std::string MeetingRoad::panelsWord(EditorId editor) {
-  const vorn::ControlSet* panel = m_session.presenter().panels().on(m_session.host().window(editor));
+  const vorn::ControlSet* panel = m_session.screen().panels().on(m_session.host().window(editor));
   if (!panel) return "";
   for (const char* error : {"pswFormatErrorTextField", "securityErrorTextField", "templateDeletedTipTextField"}) {
     if (panel->isOnScreen(error)) return "says: " + panel->find(error)->text;
@@ -145,7 +145,7 @@ std::string MeetingRoad::panelsWord(EditorId editor) {
 }
 
 std::string MeetingRoad::finishEditing(EditorId editor) {
-  OutlookHost& host = m_session.host();
+  HostFace& host = m_session.host();
   if (host.hasAttendees(editor)) {
     tell("sends the meeting");
     host.send(editor);

@@ -26,7 +26,7 @@ class MeetingRoad {
   MeetResult take(CalendarEvent event, Aim aim = Aim::add);
 
  private:
-  using EditorId = OutlookHost::EditorId;
+  using EditorId = HostFace::EditorId;
 
   // Each answers why the road ended there, or "".
   std::string walk(EditorId editor, MeetResult& result, Aim aim);

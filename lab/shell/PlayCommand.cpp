@@ -11,7 +11,7 @@
 
 namespace vornlab {
 
-ExitCode playScenarios(const PlayOptions& options) {
+ExitCode playScenarios(const PlayOptions& options, const PlayScenario& playOne) {
   std::vector<Scenario> scenarios;
   std::map<std::string, std::string> files;
   for (const std::string& file : options.files) {
@@ -28,7 +28,7 @@ ExitCode playScenarios(const PlayOptions& options) {
     progress.show(i);
     LabOptions lab = options.lab;
     lab.title = scenarios[i].name();
-    const ScenarioResult result = play(scenarios[i], lab, Session::start);
+    const ScenarioResult result = playOne(scenarios[i], lab);
     progress.hide();
     report.tell(result);
   }
@@ -39,14 +39,21 @@ ExitCode playScenarios(const PlayOptions& options) {
 
 bool isScenarioFile(const std::string& argument) { return argument.ends_with(".vorn"); }
 
-Command addPlay(CLI::App& program, const LabOptions& lab) {
-  const auto options = optionsFrom<PlayOptions>(lab);
+CLI::App* addPlayWords(CLI::App& program, PlayOptions& options) {
   CLI::App* command = program.add_subcommand("play", "play scenarios; the word itself may be left out");
-  command->add_option("FILE", options->files, "scenarios, each named ....vorn; see docs/scenarios.md")
+  command->add_option("FILE", options.files, "scenarios, each named ....vorn; see docs/scenarios.md")
       ->required()
       ->check(complaintOfFile, "FILE");
-  addJsonFlag(*command, options->form, "one JSON object a line");
-  return {command, [options] { return playScenarios(*options); }};
+  addJsonFlag(*command, options.form, "one JSON object a line");
+  return command;
+}
+
+Command addPlay(CLI::App& program, const LabOptions& lab) {
+  const auto options = optionsFrom<PlayOptions>(lab);
+  const auto playOne = [](const Scenario& scenario, const LabOptions& asked) {
+    return play(scenario, asked, Session::start);
+  };
+  return {addPlayWords(program, *options), [options, playOne] { return playScenarios(*options, playOne); }};
 }
 
 }  // namespace vornlab

@@ -33,7 +33,8 @@ std::string numbered(const Value& number, const Value& name) {
 
 }  // namespace
 
-WatchSession::WatchSession(WatchPost& post, LabSession& session, vorn::HostRunLoop& loop, const std::string& title)
+WatchSession::WatchSession(WatchPost& post, EmbeddedSession& session, vorn::HostRunLoop& loop,
+                           const std::string& title)
     : m_post(post), m_session(session), m_loop(loop), m_timers(loop), m_loopBegan(post.now() - loop.now()) {
   const World& world = session.world();
   m_world = {post.now(), seenByWatchers(title), seenByWatchers(world.root().string())};

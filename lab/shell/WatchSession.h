@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "lab/shell/LabSession.h"
+#include "lab/shell/EmbeddedSession.h"
 #include "lab/shell/WatchPost.h"
 #include "lab/shell/WatchTimers.h"
 #include "platform/Platform.h"
@@ -21,7 +21,7 @@ namespace vornlab {
 class WatchSession final : private vorn::Trace {
  public:
   // Tells that the world begins. Whatever is handed over outlives this.
-  WatchSession(WatchPost& post, LabSession& session, vorn::HostRunLoop& loop, const std::string& title);
+  WatchSession(WatchPost& post, EmbeddedSession& session, vorn::HostRunLoop& loop, const std::string& title);
   ~WatchSession() override;
   WatchSession(const WatchSession&) = delete;
   WatchSession& operator=(const WatchSession&) = delete;
@@ -60,7 +60,7 @@ class WatchSession final : private vorn::Trace {
   WatchNotice noticeAt(std::size_t index) const;
 
   WatchPost& m_post;
-  LabSession& m_session;
+  EmbeddedSession& m_session;
   vorn::HostRunLoop& m_loop;
   WatchTimers m_timers;
   // Where the loop's clock stands on that of the process.

@@ -10,7 +10,11 @@
 #include <set>
 #include <string>
 
-#include "lab/objc/ObjcLab.h"
+#include "lab/objc/OwnWorld.h"
+#include "lab/objc/standins/HeadlessSession.h"
+#include "lab/objc/standins/LivingViews.h"
+#include "lab/shell/LabError.h"
+#include "lab/shell/MeetingRoad.h"
 
 namespace vornlab {
 namespace {
@@ -39,39 +43,47 @@ class ObjectiveCHost : public testing::Test {
     LabOptions options;
     options.programs = VORNLAB_PROGRAMS;
     options.world = ownWorld();
-    lab = std::make_unique<ObjcLab>(options, *calendar, "");
+    session = std::make_unique<HeadlessSession>(options, *calendar, HostOptions());
+    host = &session->host();
   }
-  static void TearDownTestSuite() { lab.reset(); }
+  static void TearDownTestSuite() { session.reset(); }
 
   static CalendarEvent event(const char* uid) { return calendar->find(uid).value(); }
   // Requests that the act leads to.
   static std::size_t requestsFor(const std::function<void()>& act) {
-    const std::size_t before = lab->requests();
+    const std::size_t before = session->requestCount();
     act();
-    EXPECT_TRUE(lab->waitForQuiet());
-    return lab->requests() - before;
+    EXPECT_TRUE(session->waitForQuiet());
+    return session->requestCount() - before;
   }
 
+  // Without saving, until the plug-in has cleared up.
+  static void closeEditors() {
+    for (const HostFace::EditorId editor : host->editors()) host->closeWithoutSaving(editor);
+    session->passTime(2 * kClearingSeconds);
+  }
   // The plug-in sees to the ribbon a moment after the host has drawn it.
-  static void letRibbonBeSeenTo() { lab->passTime(0.03); }
+  static void letRibbonBeSeenTo() { session->passTime(0.03); }
   static std::string ribbonState() {
     letRibbonBeSeenTo();
-    const HostControl seen = lab->ribbonControl("onClickAbout:");
+    const HostControl seen = host->ribbonControl("onClickAbout:");
     return !seen.exists ? "none" : seen.isShown ? "shown" : "hidden";
   }
 
   static CalendarStore* calendar;
-  static std::unique_ptr<ObjcLab> lab;
+  static std::unique_ptr<HeadlessSession> session;
+  static HostFace* host;
 };
 
 CalendarStore* ObjectiveCHost::calendar = nullptr;
-std::unique_ptr<ObjcLab> ObjectiveCHost::lab;
+std::unique_ptr<HeadlessSession> ObjectiveCHost::session;
+HostFace* ObjectiveCHost::host = nullptr;
 
 TEST_F(ObjectiveCHost, EveryRowOfTheTableStands) {
-  const vorn::Value told = lab->ask("hooks");
+  const vorn::Value told = session->ask("hooks");
   EXPECT_GT(told["rows"].integerValue(), 0);
   EXPECT_EQ(told["standing"], told["rows"]);
-  EXPECT_THROW(lab->ask("no such question"), LabError);
+  EXPECT_THROW(session->ask("no such question"), LabError);
 }
 
 TEST_F(ObjectiveCHost, TheBundleSharesTheLibraryThatTheHostHasAlready) {
@@ -84,25 +96,25 @@ TEST_F(ObjectiveCHost, TheBundleSharesTheLibraryThatTheHostHasAlready) {
 }
 
 TEST_F(ObjectiveCHost, WhatAPersonDoesOnTheGridIsStoredAndReachesTheService) {
-  ASSERT_EQ(lab->take(event("one")).outcome, Outcome::added);
+  ASSERT_EQ(MeetingRoad(*session, 60).take(event("one")).outcome, Outcome::added);
   const double start = event("one").start()->seconds;
 
-  EXPECT_GT(requestsFor([&] { EXPECT_TRUE(lab->drag(event("one"), start + kHour)); }), 0U);
+  EXPECT_GT(requestsFor([&] { EXPECT_TRUE(host->drag("one", "", start + kHour)); }), 0U);
   EXPECT_EQ(event("one").start()->seconds, start + kHour);
   EXPECT_EQ(event("one").end()->seconds, start + kHour + 1.5 * kHour);
-  EXPECT_GT(requestsFor([&] { EXPECT_TRUE(lab->resize(event("one"), start, 0.5 * kHour)); }), 0U);
+  EXPECT_GT(requestsFor([&] { EXPECT_TRUE(host->resize("one", "", start, 0.5 * kHour)); }), 0U);
   EXPECT_EQ(event("one").end()->seconds, start + 0.5 * kHour);
-  EXPECT_GT(requestsFor([&] { EXPECT_TRUE(lab->rename(event("one"), "Review, short")); }), 0U);
+  EXPECT_GT(requestsFor([&] { EXPECT_TRUE(host->rename("one", "", "Review, short")); }), 0U);
   EXPECT_EQ(event("one").summary(), "Review, short");
-  EXPECT_GT(requestsFor([&] { EXPECT_TRUE(lab->deleteFromCalendar(event("one"))); }), 0U);
+  EXPECT_GT(requestsFor([&] { EXPECT_TRUE(host->deleteFromCalendar("one", "")); }), 0U);
   EXPECT_FALSE(calendar->find("one"));
 }
 
 TEST_F(ObjectiveCHost, AnAppointmentWithoutAMeetingIsTheHostsAlone) {
   const double start = event("plain").start()->seconds;
   const std::size_t requests = requestsFor([&] {
-    EXPECT_TRUE(lab->drag(event("plain"), start + kHour));
-    EXPECT_TRUE(lab->rename(event("plain"), "Long lunch"));
+    EXPECT_TRUE(host->drag("plain", "", start + kHour));
+    EXPECT_TRUE(host->rename("plain", "", "Long lunch"));
   });
   EXPECT_EQ(requests, 0U);
   EXPECT_EQ(event("plain").summary(), "Long lunch");
@@ -121,25 +133,26 @@ TEST_F(ObjectiveCHost, TheRibbonHasOneButtonWhereItBelongsAndLetsGoOfTheOthers) 
                       {true, 2, "shown", "shown"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(std::to_string(row.tab) + (row.hasAddins ? " with" : " without"));
-    lab->chooseRibbonTab(1);
-    lab->rebuildRibbon(row.hasAddins);
-    lab->chooseRibbonTab(row.tab);
+    host->chooseRibbonTab(1);
+    session->host().setHasAddinsChunk(row.hasAddins);
+    host->rebuildRibbon();
+    host->chooseRibbonTab(row.tab);
     EXPECT_EQ(ribbonState(), row.alone);
-    lab->showCalendarPane();
+    host->showCalendarPane();
     EXPECT_EQ(ribbonState(), "shown");
-    lab->chooseRibbonTab(row.tab);
+    host->chooseRibbonTab(row.tab);
     EXPECT_EQ(ribbonState(), row.afterCalendar);
   }
 
   for (int i = 0; i < 50; ++i) {
-    i % 2 == 0 ? lab->showMailPane() : lab->showCalendarPane();
-    if (i % 7 == 0) lab->rebuildRibbon();
+    i % 2 == 0 ? host->showMailPane() : host->showCalendarPane();
+    if (i % 7 == 0) host->rebuildRibbon();
     if (i % 3 == 0) letRibbonBeSeenTo();
   }
   EXPECT_EQ(ribbonState(), "shown");
-  const HostControl button = lab->ribbonControl("popUpMenu:");
-  EXPECT_EQ(lab->livingViews("vnPopupButton"), 1U);
-  EXPECT_EQ(lab->livingViews("OUIRibbonView"), 1U);
+  const HostControl button = host->ribbonControl("popUpMenu:");
+  EXPECT_EQ(livingViews("vnPopupButton"), 1U);
+  EXPECT_EQ(livingViews("OUIRibbonView"), 1U);
   EXPECT_EQ(button.title, "Vorn");
   EXPECT_EQ(button.image, "Start_Meeting_normal_32");
   EXPECT_EQ(button.toolTip, "Schedule or start a Vorn meeting");
@@ -149,7 +162,7 @@ TEST_F(ObjectiveCHost, TheRibbonHasOneButtonWhereItBelongsAndLetsGoOfTheOthers) 
 }
 
 TEST_F(ObjectiveCHost, TheRibbonsMenuDoesWhatItsEntriesSay) {
-  lab->showCalendarPane();
+  host->showCalendarPane();
   ASSERT_EQ(ribbonState(), "shown");
   const std::pair<const char*, const char*> entries[] = {
       {"onClickScheduleMeeting:", "Schedule Meeting"},
@@ -157,17 +170,17 @@ TEST_F(ObjectiveCHost, TheRibbonsMenuDoesWhatItsEntriesSay) {
       {"onClickStartMeetingWithoutVideo:", "Start without Video"},
       {"onClickAbout:", "About Vorn Plug-in"}};
   for (const auto& [action, title] : entries) {
-    const HostControl entry = lab->ribbonControl(action);
+    const HostControl entry = host->ribbonControl(action);
     EXPECT_EQ(entry.title, title);
     EXPECT_TRUE(entry.isEnabled) << action;
   }
   for (const char* start : {"onClickStartMeetingWithVideo:", "onClickStartMeetingWithoutVideo:"})
-    EXPECT_EQ(requestsFor([&] { EXPECT_TRUE(lab->clickRibbon(start)); }), 1U);
-  EXPECT_GT(requestsFor([] { EXPECT_TRUE(lab->clickRibbon("onClickScheduleMeeting:")); }), 0U);
-  EXPECT_EQ(lab->openEditors(), 1U);
-  lab->closeEditors();
-  EXPECT_TRUE(lab->clickRibbon("onClickAbout:")) << "nobody has to hear it";
-  EXPECT_FALSE(lab->clickRibbon("onClickOpenLogFolder:")) << "an action without an entry";
+    EXPECT_EQ(requestsFor([&] { EXPECT_TRUE(host->clickRibbon(start)); }), 1U);
+  EXPECT_GT(requestsFor([] { EXPECT_TRUE(host->clickRibbon("onClickScheduleMeeting:")); }), 0U);
+  EXPECT_EQ(host->editors().size(), 1U);
+  closeEditors();
+  EXPECT_TRUE(host->clickRibbon("onClickAbout:")) << "nobody has to hear it";
+  EXPECT_FALSE(host->clickRibbon("onClickOpenLogFolder:")) << "an action without an entry";
 }
 
 TEST_F(ObjectiveCHost, EachItemOfThePaletteDoesItsWorkInTheToolbar) {
@@ -199,28 +212,29 @@ TEST_F(ObjectiveCHost, EachItemOfThePaletteDoesItsWorkInTheToolbar) {
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.identifier);
-    ASSERT_TRUE(lab->addToolbarItem(row.identifier));
-    const HostControl seen = lab->toolbarControl(row.control);
+    ASSERT_TRUE(host->addToolbarItem(row.identifier));
+    const HostControl seen = host->toolbarControl(row.control);
     EXPECT_TRUE(seen.isShown && seen.isEnabled);
     EXPECT_EQ(seen.title, row.title);
     EXPECT_EQ(seen.image, row.image);
     EXPECT_NE(seen.toolTip, "");
-    EXPECT_GE(requestsFor([&] { EXPECT_TRUE(lab->clickToolbar(row.control)); }), row.sends ? 1U : 0U);
-    EXPECT_EQ(lab->openEditors(), row.editors);
+    EXPECT_GE(requestsFor([&] { EXPECT_TRUE(host->clickToolbar(row.control)); }), row.sends ? 1U : 0U);
+    EXPECT_EQ(host->editors().size(), row.editors);
     if (row.sends && row.editors > 0) {
-      EXPECT_TRUE(lab->barControl("onClickCancelVornMeeting:").isShown) << "the bar adds by itself";
+      EXPECT_TRUE(host->barControl(host->editors().back(), "onClickCancelVornMeeting:").isShown)
+          << "the bar adds by itself";
     }
-    lab->closeEditors();
+    closeEditors();
   }
-  EXPECT_FALSE(lab->addToolbarItem("SomebodyElses"));
+  EXPECT_FALSE(host->addToolbarItem("SomebodyElses"));
 }
 
 TEST_F(ObjectiveCHost, TheBarShowsItsButtonsAndGoesWithItsWindow) {
   letRibbonBeSeenTo();
-  const std::size_t before = lab->livingViews("vnPopupButton");
+  const std::size_t before = livingViews("vnPopupButton");
   for (int i = 0; i < 10; ++i) {
-    lab->openEditor(event("plain"));
-    ASSERT_TRUE(lab->waitForQuiet());
+    host->openEditorAt(event("plain").index());
+    ASSERT_TRUE(session->waitForQuiet());
     struct Row {
       const char* action;
       const char* title;
@@ -234,25 +248,29 @@ TEST_F(ObjectiveCHost, TheBarShowsItsButtonsAndGoesWithItsWindow) {
                         {"popUpMenu:", "Schedule Audio Conference", "Schedule_PACMeeting_32", true, 195}};
     for (const Row& row : rows) {
       SCOPED_TRACE(row.action);
-      const HostControl seen = lab->barControl(row.action);
+      const HostControl seen = host->barControl(host->editors().back(), row.action);
       EXPECT_EQ(seen.title, row.title);
       EXPECT_EQ(seen.image, row.image);
       EXPECT_EQ(!seen.toolTip.empty(), row.hasToolTip);
       EXPECT_EQ(seen.frame.x, row.x);
       EXPECT_EQ(seen.frame.width, 190);
     }
-    EXPECT_TRUE(lab->barControl(rows[0].action).isShown);
-    EXPECT_FALSE(lab->barControl(rows[1].action).isShown);
-    lab->closeEditors();
+    EXPECT_TRUE(host->barControl(host->editors().back(), rows[0].action).isShown);
+    EXPECT_FALSE(host->barControl(host->editors().back(), rows[1].action).isShown);
+    closeEditors();
   }
-  EXPECT_EQ(lab->livingViews("vnPopupButton"), before);
+  EXPECT_EQ(livingViews("vnPopupButton"), before);
   for (const char* gone : {"vnSettingsButton", "vnActionAdditionView", "OLCalendarHeaderContainerView"})
-    EXPECT_EQ(lab->livingViews(gone), 0U) << gone;
+    EXPECT_EQ(livingViews(gone), 0U) << gone;
 }
 
 TEST_F(ObjectiveCHost, ABodyIsNoChangeThatAttendeesHearOf) {
-  EXPECT_FALSE(lab->findsChangesForAttendees(event("plain"), "content.body"));
-  EXPECT_TRUE(lab->findsChangesForAttendees(event("plain"), "content.summary"));
+  const HostFace::EditorId editor = host->openEditorAt(event("plain").index());
+  host->typeBody(editor, "<p>typed</p>");
+  EXPECT_FALSE(host->findsChangesForAttendees(editor));
+  host->typeSubject(editor, "typed");
+  EXPECT_TRUE(host->findsChangesForAttendees(editor));
+  closeEditors();
 }
 
 }  // namespace

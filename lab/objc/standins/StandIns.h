@@ -5,9 +5,13 @@
 
 #import <Foundation/Foundation.h>
 
-#include <cstddef>
+#include <deque>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "lab/objc/standins/LivingViews.h"
+#include "platform/Presenter.h"
 
 @class NSMenu, NSMenuItem, NSToolbar, NSToolbarItem, NSEvent, NSWindow;
 
@@ -56,6 +60,9 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
   NSString* m_text;
 }
 - (BOOL)isEditable;
+- (void)setEditable:(BOOL)editable;
+- (void)setBezeled:(BOOL)bezeled;
+- (void)setDrawsBackground:(BOOL)drawsBackground;
 - (NSString*)stringValue;
 - (void)setStringValue:(NSString*)text;
 @end
@@ -120,9 +127,12 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
   // Not owned.
   id m_target;
   BOOL m_disabled;
+  NSInteger m_state;
 }
 - (NSString*)title;
 - (void)setTitle:(NSString*)title;
+- (NSInteger)state;
+- (void)setState:(NSInteger)state;
 - (NSImage*)image;
 - (void)setImage:(NSImage*)image;
 - (void)setImagePosition:(NSUInteger)position;
@@ -158,6 +168,10 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
 - (void)close;
 @end
 
+@interface NSPanel : NSWindow
+- (void)orderOut:(id)sender;
+@end
+
 @interface NSWindowController : NSObject {
   NSWindow* m_window;
 }
@@ -179,11 +193,17 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
 
 @interface NSApplication : NSObject {
   NSEvent* m_currentEvent;
+  NSMutableArray* m_modalWindows;
   // Not owned.
   id m_delegate;
 }
 + (NSApplication*)sharedApplication;
 - (BOOL)isActive;
+// Sessions stand on each other; the window of the uppermost one is modal, nil without one.
+- (void*)beginModalSessionForWindow:(NSWindow*)window;
+- (void)endModalSession:(void*)session;
+- (void)stopModal;
+- (NSWindow*)modalWindow;
 // Those that have not closed, in the order of their making.
 - (NSArray*)windows;
 - (NSEvent*)currentEvent;
@@ -192,19 +212,18 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
 - (void)setDelegate:(id)delegate;
 @end
 
-// Declines what is asked, and keeps what was said.
+// Gets its answer at once, as the person has decided before (AlertDesk), and keeps what was said.
 @interface NSAlert : NSObject {
   NSString* m_message;
   NSUInteger m_buttons;
+  NSButton* m_suppressionButton;
 }
-// The text of the last alert; "" when there was none since the last question.
-+ (std::string)takeLastMessage;
 - (void)setMessageText:(NSString*)text;
 - (void)setInformativeText:(NSString*)text;
 - (id)addButtonWithTitle:(NSString*)title;
 - (void)setIcon:(id)icon;
 - (void)setShowsSuppressionButton:(BOOL)shows;
-// Nil, for nobody switches it on.
+// Nil for an alert that shows none.
 - (id)suppressionButton;
 - (NSInteger)runModal;
 - (void)beginSheetModalForWindow:(id)window
@@ -269,8 +288,12 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
 
 namespace vornlab {
 
-// The views of exactly that class that have been made and have not ended.
-std::size_t livingViews(std::string_view className);
+// What alerts have said, and how the next ones are answered; those beyond are declined with their second button.
+struct AlertDesk {
+  std::vector<std::string> messages;
+  std::deque<vorn::Presenter::Answer> answers;
+};
+AlertDesk& alertDesk();
 
 // What the person chooses in the next menu that opens, and whether it was there to be chosen. Nil for nothing.
 void chooseInNextMenu(NSMenuItem* item);

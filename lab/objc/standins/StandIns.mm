@@ -29,11 +29,6 @@ NSCountedSet* livingClasses() {
   return classes;
 }
 
-std::string& lastAlert() {
-  static std::string message;
-  return message;
-}
-
 // Those that have not closed, by address: a window that has ended takes itself out.
 NSMutableArray* openWindows() {
   static NSMutableArray* windows = [[NSMutableArray alloc] init];
@@ -142,6 +137,15 @@ NSMutableArray* openWindows() {
 }
 - (BOOL)isEditable {
   return YES;
+}
+- (void)setEditable:(BOOL)editable {
+  (void)editable;
+}
+- (void)setBezeled:(BOOL)bezeled {
+  (void)bezeled;
+}
+- (void)setDrawsBackground:(BOOL)drawsBackground {
+  (void)drawsBackground;
 }
 - (NSString*)stringValue {
   return m_text ? m_text : @"";
@@ -275,6 +279,12 @@ NSMutableArray* openWindows() {
 - (void)setTitle:(NSString*)title {
   replaceText(m_title, title);
 }
+- (NSInteger)state {
+  return m_state;
+}
+- (void)setState:(NSInteger)state {
+  m_state = state;
+}
 - (NSImage*)image {
   return m_image;
 }
@@ -371,6 +381,13 @@ NSMutableArray* openWindows() {
 }
 @end
 
+@implementation NSPanel
+- (void)orderOut:(id)sender {
+  (void)sender;
+  [self close];
+}
+@end
+
 @implementation NSWindowController
 - (id)initWithWindow:(NSWindow*)window {
   if (!(self = [super init])) return nil;
@@ -423,6 +440,19 @@ NSMutableArray* openWindows() {
   while (NSValue* window = [open nextObject]) [windows addObject:[window nonretainedObjectValue]];
   return windows;
 }
+- (void*)beginModalSessionForWindow:(NSWindow*)window {
+  if (!m_modalWindows) m_modalWindows = [[NSMutableArray alloc] init];
+  [m_modalWindows addObject:window];
+  return window;
+}
+- (void)endModalSession:(void*)session {
+  [m_modalWindows removeObjectIdenticalTo:static_cast<id>(session)];
+}
+- (void)stopModal {
+}
+- (NSWindow*)modalWindow {
+  return [m_modalWindows lastObject];
+}
 - (NSEvent*)currentEvent {
   return m_currentEvent;
 }
@@ -440,11 +470,9 @@ NSMutableArray* openWindows() {
 @end
 
 @implementation NSAlert
-+ (std::string)takeLastMessage {
-  return std::exchange(lastAlert(), std::string());
-}
 - (void)dealloc {
   [m_message release];
+  [m_suppressionButton release];
   [super dealloc];
 }
 - (void)setMessageText:(NSString*)text {
@@ -463,15 +491,22 @@ NSMutableArray* openWindows() {
   (void)icon;
 }
 - (void)setShowsSuppressionButton:(BOOL)shows {
-  (void)shows;
+  if (shows && !m_suppressionButton) m_suppressionButton = [[NSButton alloc] init];
 }
 - (id)suppressionButton {
-  return nil;
+  return m_suppressionButton;
 }
 - (NSInteger)runModal {
   constexpr NSInteger firstButton = 1000;
-  lastAlert() = vornlab::plainText(m_message);
-  return m_buttons > 1 ? firstButton + 1 : firstButton;
+  vornlab::AlertDesk& desk = vornlab::alertDesk();
+  desk.messages.push_back(vornlab::plainText(m_message));
+  vorn::Presenter::Answer answer = vorn::Presenter::Answer::alternateButton;
+  if (!desk.answers.empty()) {
+    answer = desk.answers.front();
+    desk.answers.pop_front();
+  }
+  [m_suppressionButton setState:answer.notAgain ? 1 : 0];
+  return firstButton + (answer.button < m_buttons ? static_cast<NSInteger>(answer.button) : 0);
 }
 - (void)beginSheetModalForWindow:(id)window
                    modalDelegate:(id)delegate
@@ -590,6 +625,11 @@ namespace vornlab {
 std::size_t livingViews(std::string_view className) {
   const Class counted = NSClassFromString(foundationText(className));
   return counted ? [livingClasses() countForObject:counted] : 0;
+}
+
+AlertDesk& alertDesk() {
+  static AlertDesk desk;
+  return desk;
 }
 
 void chooseInNextMenu(NSMenuItem* item) {

@@ -22,7 +22,7 @@ PanelWindow::PanelWindow(LabSession& session, const std::optional<CalendarEvent>
       m_sentBefore(session.trace().sent()),
       m_receivedBefore(session.trace().received()) {
   session.trace().forgetTrouble();
-  OutlookHost& host = session.host();
+  HostFace& host = session.host();
   m_editor = event ? host.openEditorAt(event->index()) : host.openNew(kUsualStart);
   if (m_editor == 0) throw LabError("the host cannot open the appointment");
   settle();
@@ -39,7 +39,7 @@ PanelWindow::PanelWindow(LabSession& session, const std::optional<CalendarEvent>
 
 // Why there is none; "" when one was clicked.
 std::string PanelWindow::clickButton() const {
-  OutlookHost& host = m_session.host();
+  HostFace& host = m_session.host();
   if (!host.barView(m_editor)) return "the plug-in put no bar into the editor";
   if (host.clickBar(m_editor, kSettings) || host.clickBar(m_editor, kAddMeeting)) return "";
   return "the bar offers neither settings nor a meeting";

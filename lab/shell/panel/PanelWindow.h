@@ -36,13 +36,13 @@ class PanelWindow {
   Settings settings() const;
 
  private:
-  const vorn::PanelRecord& panels() const { return m_session.presenter().panels(); }
+  const vorn::PanelRecord& panels() const { return m_session.screen().panels(); }
   std::string clickButton() const;
   void settle();
 
   LabSession& m_session;
   double m_timeoutSeconds;
-  OutlookHost::EditorId m_editor = 0;
+  HostFace::EditorId m_editor = 0;
   std::size_t m_sentBefore = 0;
   std::size_t m_receivedBefore = 0;
 };

@@ -28,7 +28,7 @@ constexpr ControlWord kControls[] = {
 
 }  // namespace
 
-OutlookHost::Control ControlWord::seen(Stage& stage) const {
+HostFace::Control ControlWord::seen(Stage& stage) const {
   // The plug-in sees to the ribbon a moment after the host has drawn it.
   if (place == Place::ribbon) stage.wait(kRibbonSeconds);
   switch (place) {
@@ -57,7 +57,7 @@ const ControlWord& readControl(LineReader& line) {
   line.fail("one of " + words);
 }
 
-std::string stateOf(const OutlookHost::Control& control) {
+std::string stateOf(const HostFace::Control& control) {
   if (!control.exists) return "none";
   if (!control.isShown) return "hidden";
   return control.isEnabled ? "shown" : "disabled";

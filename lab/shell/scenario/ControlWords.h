@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "lab/outlook/OutlookHost.h"
+#include "lab/host/HostFace.h"
 #include "lab/shell/scenario/LineReader.h"
 #include "lab/shell/scenario/Stage.h"
 
@@ -22,7 +22,7 @@ struct ControlWord {
   // Of an entry of a menu whose entries share their action.
   std::optional<std::int64_t> tag{};
 
-  OutlookHost::Control seen(Stage& stage) const;
+  HostFace::Control seen(Stage& stage) const;
   bool click(Stage& stage) const;
 
  private:
@@ -32,6 +32,6 @@ struct ControlWord {
 // The control that the line names next; fails the line when it names none.
 const ControlWord& readControl(LineReader& line);
 // "none", "hidden", "disabled" or "shown".
-std::string stateOf(const OutlookHost::Control& control);
+std::string stateOf(const HostFace::Control& control);
 
 }  // namespace vornlab

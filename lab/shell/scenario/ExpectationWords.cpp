@@ -46,7 +46,7 @@ StageStep bar(LineReader& line) {
 StageStep settings(LineReader& line) {
   if (line.take("panel")) {
     return [wanted = oneOf(line, {"open", "closed"})](Stage& stage) {
-      const bool isOpen = stage.session().presenter().panels().on(stage.host().window(stage.editor())) != nullptr;
+      const bool isOpen = stage.session().screen().panels().on(stage.host().window(stage.editor())) != nullptr;
       expectEqual("settings panel", wanted, isOpen ? "open" : "closed");
     };
   }
@@ -75,7 +75,7 @@ StageStep button(LineReader& line) {
     looks.emplace_back(std::move(look), line.quoted());
   }
   return [=](Stage& stage) {
-    const OutlookHost::Control seen = control.seen(stage);
+    const HostFace::Control seen = control.seen(stage);
     expectEqual(std::string(control.word), state, stateOf(seen));
     for (const auto& [look, wanted] : looks) {
       expectEqual(look, wanted, look == "title" ? seen.title : look == "image" ? seen.image : seen.toolTip);
@@ -115,31 +115,27 @@ StageStep manager(LineReader& line) {
 
 // -- Texts -------------------------------------------------------------------------------------------------------
 
-StageStep textOfEditor(const char* what, LineReader& line,
-                       std::string (*read)(OutlookHost&, OutlookHost::EditorId)) {
+StageStep textOfEditor(const char* what, LineReader& line, std::string (*read)(HostFace&, HostFace::EditorId)) {
   return [what, read, wanted = TextExpectation::read(line)](Stage& stage) {
     wanted.check(what, read(stage.host(), stage.editor()));
   };
 }
 
 StageStep subject(LineReader& line) {
-  return textOfEditor("subject", line,
-                      [](OutlookHost& host, OutlookHost::EditorId id) { return host.subject(id); });
+  return textOfEditor("subject", line, [](HostFace& host, HostFace::EditorId id) { return host.subject(id); });
 }
 
 StageStep location(LineReader& line) {
-  return textOfEditor("location", line,
-                      [](OutlookHost& host, OutlookHost::EditorId id) { return host.location(id); });
+  return textOfEditor("location", line, [](HostFace& host, HostFace::EditorId id) { return host.location(id); });
 }
 
 StageStep body(LineReader& line) {
-  return textOfEditor("body", line, [](OutlookHost& host, OutlookHost::EditorId id) {
-    return vorn::htmlToPlainText(host.body(id));
-  });
+  return textOfEditor("body", line,
+                      [](HostFace& host, HostFace::EditorId id) { return vorn::htmlToPlainText(host.body(id)); });
 }
 
 StageStep html(LineReader& line) {
-  return textOfEditor("html", line, [](OutlookHost& host, OutlookHost::EditorId id) { return host.body(id); });
+  return textOfEditor("html", line, [](HostFace& host, HostFace::EditorId id) { return host.body(id); });
 }
 
 // -- The calendar ------------------------------------------------------------------------------------------------
@@ -276,7 +272,7 @@ StageStep agent(LineReader& line) {
 
 StageStep progress(LineReader& line) {
   return [wanted = oneOf(line, {"shown", "hidden"})](Stage& stage) {
-    const bool isShown = !stage.session().presenter().progress().open().empty();
+    const bool isShown = stage.session().screen().showsProgress();
     expectEqual("progress", wanted, isShown ? "shown" : "hidden");
   };
 }

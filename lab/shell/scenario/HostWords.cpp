@@ -8,7 +8,7 @@
 namespace vornlab {
 namespace {
 
-using Editing = std::function<void(OutlookHost&, OutlookHost::EditorId)>;
+using Editing = std::function<void(HostFace&, HostFace::EditorId)>;
 
 // What a person does in the window that the lines mean.
 StageStep inEditor(Editing edit) {
@@ -34,7 +34,7 @@ StageStep callOff(LineReader& line) {
   const std::string name = line.take("as") ? line.text("a name for the window") : uid;
   return [=](Stage& stage) {
     const auto event = stage.calendar().find(uid);
-    const auto editor = event ? stage.host().openCancellation(uid) : 0;
+    const auto editor = event ? stage.host().openCancellation(uid, "") : 0;
     if (editor == 0) throw Mismatch("a meeting " + uid + " that can be called off", "the host opens no window");
     stage.enter(name, editor, event->index());
   };
@@ -86,7 +86,7 @@ std::string inDocument(const std::string& inner) { return "<html><body>" + inner
 
 // Above or below everything that the body holds.
 Editing typeBeside(const std::string& text, bool isAbove) {
-  return [piece = htmlOf(text), isAbove](OutlookHost& host, OutlookHost::EditorId editor) {
+  return [piece = htmlOf(text), isAbove](HostFace& host, HostFace::EditorId editor) {
     std::string body = host.body(editor);
     const std::size_t begin = body.find("<body");
     std::size_t at = isAbove && begin != std::string::npos ? body.find('>', begin) + 1 : 0;
@@ -99,29 +99,27 @@ StageStep typeTimes(LineReader& line) {
   const double start = line.time();
   line.need("for");
   const double end = start + 60 * line.minutes();
-  return inEditor([=](OutlookHost& host, OutlookHost::EditorId editor) { host.typeTimes(editor, start, end); });
+  return inEditor([=](HostFace& host, HostFace::EditorId editor) { host.typeTimes(editor, start, end); });
 }
 
 StageStep type(LineReader& line) {
   if (line.take("times")) return typeTimes(line);
   const std::string field(line.ahead());
-  using Typing = void (*)(OutlookHost&, OutlookHost::EditorId, const std::string&);
+  using Typing = void (*)(HostFace&, HostFace::EditorId, const std::string&);
   const std::pair<const char*, Typing> fields[] = {
-      {"subject",
-       [](OutlookHost& host, OutlookHost::EditorId id, const std::string& t) { host.typeSubject(id, t); }},
-      {"location",
-       [](OutlookHost& host, OutlookHost::EditorId id, const std::string& t) { host.typeLocation(id, t); }},
-      {"body", [](OutlookHost& host, OutlookHost::EditorId id,
+      {"subject", [](HostFace& host, HostFace::EditorId id, const std::string& t) { host.typeSubject(id, t); }},
+      {"location", [](HostFace& host, HostFace::EditorId id, const std::string& t) { host.typeLocation(id, t); }},
+      {"body", [](HostFace& host, HostFace::EditorId id,
                   const std::string& t) { host.typeBody(id, inDocument(htmlOf(t))); }},
-      {"html", [](OutlookHost& host, OutlookHost::EditorId id,
-                  const std::string& t) { host.typeBody(id, inDocument(t)); }},
+      {"html",
+       [](HostFace& host, HostFace::EditorId id, const std::string& t) { host.typeBody(id, inDocument(t)); }},
       {"above",
-       [](OutlookHost& host, OutlookHost::EditorId id, const std::string& t) { typeBeside(t, true)(host, id); }},
+       [](HostFace& host, HostFace::EditorId id, const std::string& t) { typeBeside(t, true)(host, id); }},
       {"below",
-       [](OutlookHost& host, OutlookHost::EditorId id, const std::string& t) { typeBeside(t, false)(host, id); }}};
+       [](HostFace& host, HostFace::EditorId id, const std::string& t) { typeBeside(t, false)(host, id); }}};
   for (const auto& [name, typing] : fields) {
     if (!line.take(name)) continue;
-    return inEditor([typing = typing, text = line.quoted()](OutlookHost& host, OutlookHost::EditorId editor) {
+    return inEditor([typing = typing, text = line.quoted()](HostFace& host, HostFace::EditorId editor) {
       typing(host, editor, text);
     });
   }
@@ -196,29 +194,25 @@ StageStep inSettings(LineReader& line) {
 
 StageStep save(LineReader& line) {
   if (!line.take("and close")) {
-    return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.save(editor); });
+    return inEditor([](HostFace& host, HostFace::EditorId editor) { host.save(editor); });
   }
   if (line.take("or tell")) {
-    // The host's other way to close, which reports an error by a pointer.
-    return [](Stage& stage) {
-      stage.session().runtime().send(stage.host().viewController(stage.editor()),
-                                     "saveAndCloseWindow:andReturnError:", {true, vorn::Value(nullptr)});
-    };
+    return inEditor([](HostFace& host, HostFace::EditorId editor) { host.saveAndCloseOrTell(editor); });
   }
-  return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.saveAndClose(editor); });
+  return inEditor([](HostFace& host, HostFace::EditorId editor) { host.saveAndClose(editor); });
 }
 
 StageStep closeWindow(LineReader&) {
-  return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.closeWithoutSaving(editor); });
+  return inEditor([](HostFace& host, HostFace::EditorId editor) { host.closeWithoutSaving(editor); });
 }
 
 StageStep send(LineReader&) {
-  return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.send(editor); });
+  return inEditor([](HostFace& host, HostFace::EditorId editor) { host.send(editor); });
 }
 
 StageStep from(LineReader& line) {
   line.need("changed");
-  return inEditor([](OutlookHost& host, OutlookHost::EditorId editor) { host.changeFromField(editor); });
+  return inEditor([](HostFace& host, HostFace::EditorId editor) { host.changeFromField(editor); });
 }
 
 // -- On the calendar's surface, without a window -----------------------------------------------------------------
@@ -237,7 +231,7 @@ OnSurface readOnSurface(LineReader& line) {
 }
 
 // The lines that follow mean the appointment.
-StageStep onSurface(const OnSurface& meant, std::function<void(OutlookHost&, const OnSurface&)> act) {
+StageStep onSurface(const OnSurface& meant, std::function<void(HostFace&, const OnSurface&)> act) {
   return [meant, act = std::move(act)](Stage& stage) {
     const auto event = stage.calendar().find(meant.uid, meant.occurrence);
     if (!event) throw Mismatch("an appointment " + meant.uid + " " + meant.occurrence, "none");
@@ -249,7 +243,7 @@ StageStep onSurface(const OnSurface& meant, std::function<void(OutlookHost&, con
 StageStep drag(LineReader& line) {
   const OnSurface meant = readOnSurface(line);
   line.need("to");
-  return onSurface(meant, [start = line.time()](OutlookHost& host, const OnSurface& item) {
+  return onSurface(meant, [start = line.time()](HostFace& host, const OnSurface& item) {
     host.drag(item.uid, item.occurrence, start);
   });
 }
@@ -259,20 +253,20 @@ StageStep resize(LineReader& line) {
   line.need("to");
   const double start = line.time();
   line.need("for");
-  return onSurface(meant, [start, length = 60 * line.minutes()](OutlookHost& host, const OnSurface& item) {
+  return onSurface(meant, [start, length = 60 * line.minutes()](HostFace& host, const OnSurface& item) {
     host.resize(item.uid, item.occurrence, start, length);
   });
 }
 
 StageStep rename(LineReader& line) {
   const OnSurface meant = readOnSurface(line);
-  return onSurface(meant, [subject = line.quoted()](OutlookHost& host, const OnSurface& item) {
+  return onSurface(meant, [subject = line.quoted()](HostFace& host, const OnSurface& item) {
     host.rename(item.uid, item.occurrence, subject);
   });
 }
 
 StageStep deleteAppointment(LineReader& line) {
-  return onSurface(readOnSurface(line), [](OutlookHost& host, const OnSurface& item) {
+  return onSurface(readOnSurface(line), [](HostFace& host, const OnSurface& item) {
     host.deleteFromCalendar(item.uid, item.occurrence);
   });
 }
@@ -324,7 +318,7 @@ StageStep answer(LineReader& line) {
     using Answer = vorn::Presenter::Answer;
     Answer given = isYes ? Answer::defaultButton : Answer::alternateButton;
     given.notAgain = notAgain;
-    stage.session().presenter().answerNext(given);
+    stage.session().screen().answerNext(given);
   };
 }
 

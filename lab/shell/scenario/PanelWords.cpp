@@ -16,7 +16,7 @@ using vorn::PanelRecord;
 
 const char* inWords(bool value) { return value ? "yes" : "no"; }
 
-const PanelRecord& panels(Stage& stage) { return stage.session().presenter().panels(); }
+const PanelRecord& panels(Stage& stage) { return stage.session().screen().panels(); }
 
 vorn::HostObject windowOf(Stage& stage) { return stage.host().window(stage.editor()); }
 

@@ -37,14 +37,15 @@ std::optional<ScenarioFailure> playSteps(const Scenario& scenario, Stage& stage)
 
 }  // namespace
 
-ScenarioResult play(const Scenario& scenario, const LabOptions& lab, const StartSession& start) {
+ScenarioResult play(const Scenario& scenario, LabOptions lab, const StartSession& start) {
   const auto began = std::chrono::steady_clock::now();
   ScenarioResult result;
   result.file = scenario.file;
   result.name = scenario.name();
-  const TemporaryFolder folder;
+  std::optional<TemporaryFolder> folder;
+  if (lab.world.empty()) lab.world = folder.emplace().path();
   try {
-    Stage stage(scenario.setUp, lab, folder.path(), start);
+    Stage stage(scenario.setUp, lab, start);
     result.failure = playSteps(scenario, stage);
     result.envelopes = stage.envelopes();
   } catch (const LabError& error) {

@@ -28,9 +28,9 @@ struct ScenarioResult {
   std::vector<StageEnvelope> envelopes;
 };
 
-// Plays a scenario in a session of its own, which is removed at the end, up to the first line that does not come
-// true. An alert that the scenario never asks for is a failure as well. Throws LabError only when the person wants
-// the program to end.
-ScenarioResult play(const Scenario& scenario, const LabOptions& lab, const StartSession& start);
+// Plays a scenario in a session of its own, up to the first line that does not come true. The world is the one of
+// the options, or one that is removed at the end. An alert that the scenario never asks for is a failure as well.
+// Throws LabError only when the person wants the program to end.
+ScenarioResult play(const Scenario& scenario, LabOptions lab, const StartSession& start);
 
 }  // namespace vornlab

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "lab/client/Meeting.h"
-#include "lab/outlook/OutlookHost.h"
+#include "lab/host/HostFace.h"
 #include "lab/shell/LabOptions.h"
 
 namespace vornlab {
@@ -45,7 +45,7 @@ struct ScenarioSetUp {
   std::vector<Meeting> meetings;
   std::vector<SavedChoice> choices;
   bool panelIsOn = false;
-  OutlookHost::Options host;
+  HostOptions host;
   std::string clientVersion;
   bool withoutClient = false;
   bool withAgent = false;

@@ -30,10 +30,8 @@ std::string nameOf(bool isRequest, const Value& facts) {
 
 }  // namespace
 
-Stage::Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::path& folder,
-             const StartSession& start) {
-  lab.world = folder;
-  lab.clientDatabase = folder / "meetings.db";
+Stage::Stage(const ScenarioSetUp& setUp, LabOptions lab, const StartSession& start) {
+  lab.clientDatabase = lab.world / "meetings.db";
   lab.account = setUp.account;
   lab.panelIsOff = !setUp.panelIsOn;
   lab.withoutClient = setUp.withoutClient;
@@ -67,7 +65,7 @@ void Stage::loadCalendar(const ScenarioSetUp& setUp) {
 
 // -- Windows -----------------------------------------------------------------------------------------------------
 
-void Stage::enter(const std::string& name, OutlookHost::EditorId editor, std::optional<std::size_t> event) {
+void Stage::enter(const std::string& name, HostFace::EditorId editor, std::optional<std::size_t> event) {
   const auto known = m_windows.find(name);
   if (known != m_windows.end() && known->second.editor != editor && host().isOpen(known->second.editor)) {
     throw Mismatch("a name for the window that no other open window has", "\"" + name + "\" twice");
@@ -77,9 +75,9 @@ void Stage::enter(const std::string& name, OutlookHost::EditorId editor, std::op
   m_lastKeys.erase(name);
 }
 
-OutlookHost::EditorId Stage::newestUnnamedEditor() {
-  OutlookHost::EditorId newest = 0;
-  for (const OutlookHost::EditorId editor : host().editors()) {
+HostFace::EditorId Stage::newestUnnamedEditor() {
+  HostFace::EditorId newest = 0;
+  for (const HostFace::EditorId editor : host().editors()) {
     const bool isNamed = std::any_of(m_windows.begin(), m_windows.end(),
                                      [editor](const auto& known) { return known.second.editor == editor; });
     if (!isNamed) newest = std::max(newest, editor);
@@ -102,7 +100,7 @@ StageWindow& Stage::window() {
   return found->second;
 }
 
-OutlookHost::EditorId Stage::editor() {
+HostFace::EditorId Stage::editor() {
   if (!isOpen()) throw Mismatch("the window \"" + m_current + "\" is open", "it is closed");
   return window().editor;
 }
@@ -235,13 +233,9 @@ bool Stage::requestHolds(const std::string& part) const {
 }
 
 std::vector<std::string> Stage::takeAlerts() {
-  const auto& shown = m_session->presenter().alerts();
-  std::vector<std::string> taken;
-  for (; m_alertsTaken < shown.size(); ++m_alertsTaken) {
-    const vorn::Presenter::Alert& alert = shown[m_alertsTaken].alert;
-    taken.push_back(alert.message +
-                    (alert.link ? "\n" + alert.link->text + " (" + alert.link->address + ")" : ""));
-  }
+  const std::vector<std::string> shown = m_session->screen().alertMessages();
+  std::vector<std::string> taken(shown.begin() + static_cast<std::ptrdiff_t>(m_alertsTaken), shown.end());
+  m_alertsTaken = shown.size();
   return taken;
 }
 

@@ -20,7 +20,7 @@ namespace vornlab {
 // A window, or an appointment without one, under the name that the scenario has for it.
 struct StageWindow {
   // 0 when no window was opened.
-  OutlookHost::EditorId editor = 0;
+  HostFace::EditorId editor = 0;
   // The place among the calendar's events; absent for a new appointment that is not stored.
   std::optional<std::size_t> event;
   // The whole calendar as it was when the window opened.
@@ -39,35 +39,35 @@ struct StageEnvelope {
 };
 
 // What plays in one scenario: a session of the laboratory, the calendar, the windows by their names, and what has
-// gone between the plug-in and the client. The folder is the world's; whoever made it removes it.
+// gone between the plug-in and the client. The world is the one of the options; whoever made its folder removes
+// it.
 class Stage {
  public:
   // Throws LabError when the world cannot be made or the client cannot be started.
-  Stage(const ScenarioSetUp& setUp, LabOptions lab, const std::filesystem::path& folder,
-        const StartSession& start);
+  Stage(const ScenarioSetUp& setUp, LabOptions lab, const StartSession& start);
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
 
   LabSession& session() { return *m_session; }
-  OutlookHost& host() { return m_session->host(); }
+  HostFace& host() { return m_session->host(); }
   CalendarStore& calendar() { return m_calendar; }
 
   // -- Windows
 
   // Names a window, or an appointment when the editor is 0; the lines that follow mean it.
-  void enter(const std::string& name, OutlookHost::EditorId editor, std::optional<std::size_t> event);
+  void enter(const std::string& name, HostFace::EditorId editor, std::optional<std::size_t> event);
   // A name that was given before, or the UID of an appointment. Throws Mismatch for any other.
   void enter(const std::string& name);
   StageWindow& window();
   // The window that was opened last and that no line has named; 0 when there is none.
-  OutlookHost::EditorId newestUnnamedEditor();
+  HostFace::EditorId newestUnnamedEditor();
   // The window's editor; throws Mismatch when it has closed or never was.
-  OutlookHost::EditorId editor();
+  HostFace::EditorId editor();
   bool isOpen();
   // The appointment as it is stored; absent when it is not, or not any more.
   std::optional<CalendarEvent> stored();
   // The control of the window's bar with that action.
-  OutlookHost::Control barControl(const ControlName& name) { return host().barControl(editor(), name); }
+  HostFace::Control barControl(const ControlName& name) { return host().barControl(editor(), name); }
   // What the plug-in tells of the window; see its question "window".
   vorn::Value told();
   // The number of the window's meeting: from the plug-in, or else from the stored record, or the last one known.

@@ -41,8 +41,11 @@ class PanelsOfLibrary final : public PanelDrawing {
   std::unique_ptr<PanelDrawing> m_drawing;
 };
 
-// A host without a toolkit could not load it: a class that only draws tells which kind of host this is.
+// A host without a toolkit could not load it: a class that only draws tells which kind of host this is. One that
+// takes the drawing upon itself, such as a host without a screen, has the library's function in its own program.
 std::unique_ptr<PanelDrawing> panelDrawing(const std::string& resources) {
+  const auto own = reinterpret_cast<MakePanelDrawing>(dlsym(RTLD_DEFAULT, kMakePanelDrawing));
+  if (own) return std::unique_ptr<PanelDrawing>(own());
   const std::string library = resources + "/../Frameworks/vornPluginWindows";
   if (!NSClassFromString(@"NSGraphicsContext") || access(library.c_str(), R_OK) != 0) return nullptr;
   return std::make_unique<PanelsOfLibrary>(library);

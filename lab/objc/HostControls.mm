@@ -1,3 +1,5 @@
+// What a person finds in the host's windows, in any toolkit.
+
 #import "lab/objc/HostControls.h"
 
 namespace vornlab {
@@ -77,18 +79,7 @@ HostControl look(const FoundControl& control) {
 }
 
 bool press(const FoundControl& control) {
-  if (!control || !isShown(control.view) || !isEnabled(control)) return false;
-  if (!control.view) {
-    [[control.toolbarItem target] performSelector:[control.toolbarItem action] withObject:control.toolbarItem];
-    return true;
-  }
-  chooseInNextMenu(control.entry);
-  const NSRect frame = [control.view frame];
-  const NSPoint middle = NSMakePoint(NSMidX(frame), NSMidY(frame));
-  [[control.view hitTest:middle] mouseDown:[[NSApplication sharedApplication] currentEvent]];
-  const bool isDone = !control.entry || wasChosen();
-  chooseInNextMenu(nil);
-  return isDone;
+  return control && isShown(control.view) && isEnabled(control) && pressAsSeen(control);
 }
 
 }  // namespace vornlab

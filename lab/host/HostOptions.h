@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace vornlab {
+
+// How a stand-in host is set up, whatever its classes are made of.
+struct HostOptions {
+  // The address of the person whose calendar this is. When it is set, an appointment with another ORGANIZER is
+  // somebody else's; when it is not, every appointment is one's own.
+  std::string userAddress;
+  std::string userName = "Calendar Owner";
+  // The account writes plain text bodies only.
+  bool plainTextOnly = false;
+  // The editor is open on behalf of the account's owner.
+  bool delegating = false;
+  // The class of the header view that an editor builds: this one or "OLAutoLayoutAttachmentsAcceptingView".
+  std::string headerViewClass = "OLCalendarHeaderContainerView";
+  double headerWidth = 900;
+  // The identifiers in the main window's toolbar, from left to right.
+  std::vector<std::string> toolbar = {"OLNewItem", "NSToolbarFlexibleSpaceItem", "OLSearchItem"};
+  // The window has a toolbar, and the mail's tab of the ribbon the chunk of the store of add-ins.
+  bool hasToolbar = true;
+  bool hasAddinsChunk = true;
+};
+
+}  // namespace vornlab

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cmath>
+#include <optional>
+#include <utility>
+
+#include "lab/host/HostOptions.h"
+
+namespace vornlab {
+
+class CalendarStore;
+
+// What all classes of one stand-in host share, whatever they are made of. Main thread only.
+struct HostState {
+  HostOptions options;
+  // The calendar that it shows, which new appointments go to; it outlives the host. Null before there is one.
+  CalendarStore* store = nullptr;
+  // When the next new appointment begins, in seconds since 1970, where the person has pointed at a place for it.
+  std::optional<double> pointedAt;
+  // How often a meeting was sent to its attendees, and a record stored.
+  int sentCount = 0;
+  int storedCount = 0;
+
+  static constexpr double kHalfAnHour = 1800;
+  // The start of a new appointment: the place that was pointed at, which is used up by it, or else the next full
+  // or half hour.
+  double takeNewStart(double now) {
+    return std::exchange(pointedAt, std::nullopt).value_or(std::ceil(now / kHalfAnHour) * kHalfAnHour);
+  }
+};
+
+}  // namespace vornlab

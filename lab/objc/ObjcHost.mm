@@ -1,0 +1,388 @@
+#include "lab/objc/ObjcHost.h"
+
+#include <utility>
+
+#import "lab/objc/HostClasses.h"
+#import "lab/objc/HostControls.h"
+
+namespace vornlab {
+
+namespace {
+
+ERageMainWindowController* asMain(void* controller) { return static_cast<ERageMainWindowController*>(controller); }
+
+NSToolbar* toolbarOf(void* mainWindowController) { return [[asMain(mainWindowController) window] toolbar]; }
+
+// Nil for an editor that has closed.
+ERCalendarEventEditorWindowController* controllerOf(HostFace::EditorId editor) {
+  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
+  while (ERCalendarEventEditorWindowController* controller = [open nextObject]) {
+    if (controller->m_number == editor) return controller;
+  }
+  return nil;
+}
+
+ERCalendarEventEditorViewController* editorOf(HostFace::EditorId editor) {
+  return [controllerOf(editor) editorViewController];
+}
+
+HostFace::EditorId numberOf(ERCalendarEventEditorWindowController* controller) {
+  return controller ? controller->m_number : 0;
+}
+
+vorn::HostObject objectOf(id object) { return vorn::HostObject(reinterpret_cast<std::uintptr_t>(object)); }
+
+// Nil for one that was taken off the calendar, and for a place that none has had.
+ECCalendarEvent* eventAt(std::size_t index) {
+  CalendarStore& store = *hostState().store;
+  if (index >= store.eventCount() || store.eventAt(index).isRemoved()) return nil;
+  return [[[ECCalendarEvent alloc] initWithStore:&store index:static_cast<NSInteger>(index)] autorelease];
+}
+
+ECCalendarEvent* eventOf(std::string_view uid, std::string_view recurrenceId) {
+  const auto found = hostState().store->find(uid, recurrenceId);
+  return found ? eventAt(found->index()) : nil;
+}
+
+OLCalendarDate* dateLike(OLCalendarDate* pattern, double seconds) {
+  return [[[OLCalendarDate alloc] initWithSeconds:seconds zone:[pattern timeZone]] autorelease];
+}
+
+// What a person types into a field of the editor; the empty text of a subject is the host's null object.
+void type(ERCalendarEventEditorViewController* editor, NSString* item, id value) {
+  if (!editor) return;
+  [editor->m_uncommitted setObject:value forKey:item];
+  [editor setIsDirty:YES];
+  editorHasChanged(editor);
+}
+
+// True when a record was stored while the act ran.
+template <typename Act>
+bool storesDuring(Act act) {
+  const int before = hostState().storedCount;
+  act();
+  return hostState().storedCount != before;
+}
+
+// Selects the appointment in the grid; nil when either is not there.
+ECCalendarEvent* select(OLCalendarGridViewWrapper* grid, std::string_view uid, std::string_view recurrenceId) {
+  ECCalendarEvent* event = grid ? eventOf(uid, recurrenceId) : nil;
+  [[grid gridViewController] setSelectedEvent:event];
+  return event;
+}
+
+}  // namespace
+
+ObjcHost::ObjcHost(CalendarStore& calendar, const HostOptions& options) {
+  const Pool pool;
+  hostState() = {};
+  hostState().store = &calendar;
+  hostState().options = options;
+  ErageAppDelegate* delegate = [[ErageAppDelegate alloc] init];
+  m_applicationDelegate = delegate;
+  [[NSApplication sharedApplication] setDelegate:static_cast<id>(delegate)];
+}
+
+ObjcHost::~ObjcHost() {
+  const Pool pool;
+  closeMainWindow();
+  [[NSApplication sharedApplication] setDelegate:nil];
+  [static_cast<ErageAppDelegate*>(m_applicationDelegate) release];
+}
+
+// -- The main window ---------------------------------------------------------------------------------------------
+
+void ObjcHost::openMainWindow() {
+  if (m_mainWindowController) return;
+  const Pool pool;
+  ERageMainWindowController* controller = [[ERageMainWindowController alloc] init];
+  [[controller window] makeKeyAndOrderFront:nil];
+  m_mainWindowController = controller;
+  [controller windowDidBecomeMain:[NSNotification notificationWithName:@"NSWindowDidBecomeMainNotification"
+                                                                object:[controller window]]];
+  [controller loadCalendarPane];
+}
+
+void ObjcHost::closeMainWindow() {
+  if (!m_mainWindowController) return;
+  const Pool pool;
+  ERageMainWindowController* controller = asMain(std::exchange(m_mainWindowController, nullptr));
+  [controller windowWillClose:[NSNotification notificationWithName:@"NSWindowWillCloseNotification"
+                                                            object:[controller window]]];
+  [[controller window] close];
+  // The host lets go of its objects when its own calls have unwound.
+  [controller performSelector:@selector(release) withObject:nil afterDelay:0];
+}
+
+void ObjcHost::showMailPane() {
+  const Pool pool;
+  [asMain(m_mainWindowController) loadMailPane];
+}
+
+void ObjcHost::showCalendarPane() {
+  const Pool pool;
+  [asMain(m_mainWindowController) loadCalendarPane];
+}
+
+void ObjcHost::chooseRibbonTab(std::uint32_t tab) {
+  const Pool pool;
+  [[asMain(m_mainWindowController) ribbon] setActiveTabIndex:tab];
+}
+
+void ObjcHost::setHasAddinsChunk(bool has) { hostState().options.hasAddinsChunk = has; }
+
+void ObjcHost::rebuildRibbon() {
+  const Pool pool;
+  [asMain(m_mainWindowController) rebuildRibbon];
+}
+
+bool ObjcHost::addToolbarItem(std::string_view identifier) {
+  const Pool pool;
+  NSToolbar* toolbar = toolbarOf(m_mainWindowController);
+  const NSUInteger count = [[toolbar items] count];
+  [toolbar insertItemWithItemIdentifier:foundationText(identifier) atIndex:static_cast<NSInteger>(count)];
+  return [[toolbar items] count] > count;
+}
+
+HostControl ObjcHost::ribbonControl(const ControlName& name) const {
+  const Pool pool;
+  return look(controlBelow([asMain(m_mainWindowController) ribbon], name));
+}
+
+bool ObjcHost::clickRibbon(const ControlName& name) {
+  const Pool pool;
+  return press(controlBelow([asMain(m_mainWindowController) ribbon], name));
+}
+
+HostControl ObjcHost::toolbarControl(const ControlName& name) const {
+  const Pool pool;
+  return look(controlIn(toolbarOf(m_mainWindowController), name));
+}
+
+bool ObjcHost::clickToolbar(const ControlName& name) {
+  const Pool pool;
+  return press(controlIn(toolbarOf(m_mainWindowController), name));
+}
+
+// -- Editors -----------------------------------------------------------------------------------------------------
+
+HostFace::EditorId ObjcHost::openEditorAt(std::size_t eventIndex) {
+  const Pool pool;
+  ECCalendarEvent* event = eventAt(eventIndex);
+  return event ? numberOf(openEditorOf(event)) : 0;
+}
+
+HostFace::EditorId ObjcHost::openCancellation(std::string_view uid, std::string_view recurrenceId) {
+  const Pool pool;
+  return numberOf(
+      [ERCalendarEventEditorWindowController showCancellationWindowForMeeting:eventOf(uid, recurrenceId)]);
+}
+
+HostFace::EditorId ObjcHost::openNew(double startSeconds) {
+  const Pool pool;
+  hostState().pointedAt = startSeconds;
+  return numberOf([ERCalendarEventEditorWindowController showWindowForNewEvent]);
+}
+
+std::vector<HostFace::EditorId> ObjcHost::editors() const {
+  const Pool pool;
+  std::vector<EditorId> numbers;
+  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
+  while (ERCalendarEventEditorWindowController* controller = [open nextObject])
+    numbers.push_back(controller->m_number);
+  return numbers;
+}
+
+void ObjcHost::typeSubject(EditorId editor, std::string_view text) {
+  const Pool pool;
+  const id subject = text.empty() ? static_cast<id>([NSNull null]) : static_cast<id>(foundationText(text));
+  type(editorOf(editor), @"content.summary", subject);
+}
+
+void ObjcHost::typeLocation(EditorId editor, std::string_view text) {
+  const Pool pool;
+  ERCalendarEventEditorViewController* held = editorOf(editor);
+  if (!held) return;
+  [held->m_locationField setStringValue:foundationText(text)];
+  type(held, @"content.location", foundationText(text));
+}
+
+void ObjcHost::typeBody(EditorId editor, std::string_view html) {
+  const Pool pool;
+  ERCalendarEventEditorViewController* held = editorOf(editor);
+  if (!held) return;
+  [held->m_wordEditor->m_content setHtml:foundationText(html)];
+  [held contentDidChange];
+}
+
+void ObjcHost::typeTimes(EditorId editor, double startSeconds, double endSeconds) {
+  const Pool pool;
+  ERCalendarEventEditorViewController* held = editorOf(editor);
+  if (!held) return;
+  OLCalendarDate* shown = [held->m_event startTime];
+  type(held, @"content.startTime", dateLike(shown, startSeconds));
+  type(held, @"content.endTime", dateLike(shown, endSeconds));
+}
+
+vorn::HostObject ObjcHost::barView(EditorId editor) const {
+  const Pool pool;
+  ERCalendarEventEditorWindowController* controller = controllerOf(editor);
+  return controller ? objectOf(barIn(controller->m_header)) : vorn::HostObject();
+}
+
+HostControl ObjcHost::barControl(EditorId editor, const ControlName& name) const {
+  const Pool pool;
+  ERCalendarEventEditorWindowController* controller = controllerOf(editor);
+  return controller ? look(controlBelow(barIn(controller->m_header), name)) : HostControl();
+}
+
+bool ObjcHost::clickBar(EditorId editor, const ControlName& name) {
+  const Pool pool;
+  ERCalendarEventEditorWindowController* controller = controllerOf(editor);
+  return controller && press(controlBelow(barIn(controller->m_header), name));
+}
+
+void ObjcHost::save(EditorId editor) {
+  const Pool pool;
+  [editorOf(editor) save:nil];
+}
+
+void ObjcHost::saveAndClose(EditorId editor) {
+  const Pool pool;
+  [editorOf(editor) saveAndClose:nil];
+}
+
+void ObjcHost::saveAndCloseOrTell(EditorId editor) {
+  const Pool pool;
+  [editorOf(editor) saveAndCloseWindow:YES andReturnError:nil];
+}
+
+void ObjcHost::send(EditorId editor) {
+  const Pool pool;
+  [editorOf(editor) sendMeetingPostValidate];
+}
+
+void ObjcHost::closeWithoutSaving(EditorId editor) {
+  const Pool pool;
+  [controllerOf(editor) close];
+}
+
+void ObjcHost::changeFromField(EditorId editor) {
+  const Pool pool;
+  [editorOf(editor) fromFieldModified:nil];
+}
+
+bool ObjcHost::findsChangesForAttendees(EditorId editor) const {
+  const Pool pool;
+  ERCalendarEventEditorViewController* held = editorOf(editor);
+  if (!held) return false;
+  NSString* changes = [[held->m_uncommitted allKeys] componentsJoinedByString:@"\n"];
+  return [held checkMeetingChangesForAttendees:[changes UTF8String]];
+}
+
+bool ObjcHost::isOpen(EditorId editor) const {
+  const Pool pool;
+  return controllerOf(editor) != nil;
+}
+
+bool ObjcHost::isDirty(EditorId editor) const {
+  const Pool pool;
+  return [editorOf(editor) isDirty];
+}
+
+bool ObjcHost::hasAttendees(EditorId editor) const {
+  const Pool pool;
+  return [[editorOf(editor) attendeeList] count] > 0;
+}
+
+std::string ObjcHost::subject(EditorId editor) const {
+  const Pool pool;
+  return plainText([editorOf(editor) getSubject:nil]);
+}
+
+std::string ObjcHost::location(EditorId editor) const {
+  const Pool pool;
+  return plainText([editorOf(editor) getLocation:nil]);
+}
+
+std::string ObjcHost::body(EditorId editor) const {
+  const Pool pool;
+  ERCalendarEventEditorViewController* held = editorOf(editor);
+  return held ? plainText([[held->m_wordEditor editorContent] bodyContent]) : std::string();
+}
+
+vorn::HostObject ObjcHost::viewController(EditorId editor) const {
+  const Pool pool;
+  return objectOf(editorOf(editor));
+}
+
+vorn::HostObject ObjcHost::window(EditorId editor) const {
+  const Pool pool;
+  return objectOf([controllerOf(editor) window]);
+}
+
+int ObjcHost::sentCount() const { return hostState().sentCount; }
+
+// -- The calendar's surface --------------------------------------------------------------------------------------
+
+vorn::HostObject ObjcHost::eventOnGrid(std::size_t eventIndex) const {
+  const Pool pool;
+  const id event = [eventAt(eventIndex) retain];
+  if (!event) return {};
+  const std::shared_ptr<void> keeper(static_cast<void*>(event),
+                                     [](void* held) { [static_cast<id>(held) release]; });
+  return vorn::HostObject(reinterpret_cast<std::uintptr_t>(event), keeper);
+}
+
+bool ObjcHost::drag(std::string_view uid, std::string_view recurrenceId, double newStartSeconds) {
+  const Pool pool;
+  OLCalendarGridViewWrapper* grid = [asMain(m_mainWindowController) grid];
+  ECCalendarEvent* event = select(grid, uid, recurrenceId);
+  if (!event) return false;
+  BOOL inProgress = YES;
+  return storesDuring([&] {
+    [grid performDragFrom:nil to:nil forDate:dateLike([event startTime], newStartSeconds) inProgress:&inProgress];
+  });
+}
+
+bool ObjcHost::resize(std::string_view uid, std::string_view recurrenceId, double startSeconds,
+                      double durationSeconds) {
+  const Pool pool;
+  OLCalendarGridViewWrapper* grid = [asMain(m_mainWindowController) grid];
+  ECCalendarEvent* event = select(grid, uid, recurrenceId);
+  if (!event) return false;
+  BOOL inProgress = YES;
+  return storesDuring([&] {
+    [grid dragResizedEvent:event
+              withTileView:nil
+             withStartDate:dateLike([event startTime], startSeconds)
+                  duration:durationSeconds
+                inProgress:&inProgress
+              partialStart:NO
+                partialEnd:NO];
+  });
+}
+
+bool ObjcHost::rename(std::string_view uid, std::string_view recurrenceId, std::string_view subject) {
+  const Pool pool;
+  OLCalendarGridViewWrapper* grid = [asMain(m_mainWindowController) grid];
+  ECCalendarEvent* event = select(grid, uid, recurrenceId);
+  if (!event) return false;
+  return storesDuring([&] { [grid subjectChanged:foundationText(subject) forEvent:event andTileView:nil]; });
+}
+
+bool ObjcHost::deleteFromCalendar(std::string_view uid, std::string_view recurrenceId) {
+  const Pool pool;
+  ECCalendarEvent* event = eventOf(uid, recurrenceId);
+  [event deleteEventNow];
+  return event && !storedEvent(event);
+}
+
+bool ObjcHost::cancelMeeting(std::string_view uid, std::string_view recurrenceId) {
+  const Pool pool;
+  ECCalendarEvent* event = eventOf(uid, recurrenceId);
+  [event cancelMeetingInWindow:[asMain(m_mainWindowController) window]];
+  return event && !storedEvent(event);
+}
+
+}  // namespace vornlab
