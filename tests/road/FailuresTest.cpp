@@ -412,5 +412,37 @@ TEST(TwoWindows, ThatWaitAtOnceBothTakeTheFirstReply) {
   EXPECT_EQ(world.record("one")["meetingKey"], world.record("two")["meetingKey"]);
 }
 
+// However many ask at once, each comes to its end, with what was typed in it and a meeting that the service knows;
+// and the next save of one is undisturbed.
+TEST(FiftyWindows, ThatAskAtOnceAllComeToTheirEnd) {
+  constexpr std::size_t kMany = 50;
+  RoadWorld world(calendarOfMany(kMany));
+  const auto uid = [](std::size_t i) { return "a" + std::to_string(i); };
+  std::vector<EditorId> editors;
+  for (std::size_t i = 0; i < kMany; ++i) editors.push_back(world.host.openEditor(uid(i)));
+  world.settle();
+  for (std::size_t i = 0; i < kMany; ++i) {
+    world.host.clickBar(editors[i], "onClickAddVornMeeting:");
+    world.host.typeSubject(editors[i], "Typed in " + uid(i));
+  }
+  world.settle();
+  for (const EditorId editor : editors) world.host.saveAndClose(editor);
+  world.settle(130);
+  EXPECT_EQ(world.lastAlert(), "");
+  EXPECT_FALSE(world.showsProgress());
+  for (std::size_t i = 0; i < kMany; ++i) {
+    SCOPED_TRACE(uid(i));
+    EXPECT_FALSE(world.host.isOpen(editors[i]));
+    EXPECT_EQ(world.store.find(uid(i))->summary(), "Typed in " + uid(i));
+    EXPECT_THAT(world.store.find(uid(i))->description().value_or(""), HasSubstr("Bring the figures."));
+    EXPECT_TRUE(world.service.meetings().find(world.record(uid(i))["meetingKey"].integerValue()));
+  }
+  const EditorId again = world.openEditor(uid(7));
+  world.host.typeSubject(again, "Typed anew");
+  world.saveAndClose(again);
+  EXPECT_FALSE(world.host.isOpen(again));
+  EXPECT_EQ(world.store.find(uid(7))->summary(), "Typed anew");
+}
+
 }  // namespace
 }  // namespace vorn
