@@ -13,6 +13,8 @@ void Interruption::install() {
   struct sigaction action = {};
   action.sa_handler = [](int) { interrupted = 1; };
   for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) sigaction(signal, &action, nullptr);
+  // A file that becomes too large is an error of its writer, which says so and takes the rest back.
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool Interruption::requested() { return interrupted != 0; }

@@ -95,6 +95,23 @@ TEST_F(Output, IsNotOverwrittenWhenItHasChangedMeanwhile) {
   EXPECT_EQ(occurrences(contentOf(m_folder / "many.ics"), "vorn.example/j/"), 0u);
 }
 
+// The limit stands for a disk that is full: it meets each file where it is written.
+TEST_F(Output, ThatHasNoRoomIsToldBeforeAMeetingIsMadeAndCostsNothing) {
+  const std::string before = contentOf(many());
+  const std::pair<const char*, const char*> cases[] = {
+      {"ulimit -f 100; $V meet many.ics --uid u1 --out out.ics --client-db db", "no room for"},
+      {"ulimit -f 100; $V meet many.ics --uid u1 --out many.ics --client-db db", "no room for"},
+      {"ulimit -f 20; $V body text many.ics --out out.ics", "cannot write out.ics"},
+      {"$V meet many.ics --uid u1 --out /proc/out.ics --client-db db", "cannot write into the folder /proc"}};
+  for (const auto& [line, complaint] : cases) {
+    const ProgramRun run = shell(line);
+    EXPECT_EQ(run.exitCode, 1) << line;
+    EXPECT_THAT(run.errors, HasSubstr(complaint)) << line;
+    EXPECT_EQ(contentOf(m_folder / "many.ics"), before) << line;
+    EXPECT_EQ(shell("ls -A").output, "many.ics\n") << line << ": not even the service has something new";
+  }
+}
+
 TEST_F(Output, HasWhatIsDoneWhenThePersonStopsIt) {
   many();
   for (const char* signal : {"INT", "HUP"}) {

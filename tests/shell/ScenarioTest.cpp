@@ -41,6 +41,7 @@ TEST(Scenario, SaysWhereALineCannotBeReadAndWhatWasExpected) {
       {"type subject Budget", "x.vorn:1: expected a text in quotes, found \"Budget\""},
       {"save and send", "x.vorn:1: expected nothing more, found \"and\""},
       {"wait 1e9 s", "x.vorn:1: expected a number of s, found \"1e9\""},
+      {"wait nan s", "x.vorn:1: expected a number of s, found \"nan\""},
       {"expect sent 3/1, soon", "x.vorn:1: expected requests such as 6, 9, 3/1, 3/4, or nothing, found \"soon\""},
       {"save\nme ann@example.com", "x.vorn:2: \"me\" has to stand before everything that happens"},
       {"account nobody.json",

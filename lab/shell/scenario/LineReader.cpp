@@ -75,7 +75,8 @@ double LineReader::seconds() { return amount("s"); }
 
 double LineReader::amount(std::string_view unit) {
   double value = 0;
-  if (!readNumber(std::string(ahead()), value) || value < 0 || value > 100000) {
+  // Asked so that what is no number at all, "nan", fails too.
+  if (!readNumber(std::string(ahead()), value) || !(value >= 0 && value <= 100000)) {
     fail("a number of " + std::string(unit));
   }
   ++m_at;
