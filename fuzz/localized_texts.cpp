@@ -15,6 +15,7 @@ class OneTable final : public vorn::Surroundings {
   std::string applicationsDirectory() override { return "/"; }
   std::string userApplicationsDirectory() override { return "/"; }
   std::optional<std::string> resource(std::string_view, std::string_view) override { return m_table; }
+  std::string resourcePath(std::string_view, std::string_view) override { return ""; }
   Version systemVersion() override { return {}; }
   std::vector<std::string> preferredLanguages() override { return {"en"}; }
   double currentTime() override { return 0; }

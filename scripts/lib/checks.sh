@@ -2,15 +2,15 @@
 # The checks of `./run check`: each prints OK or FAIL, and a failing one what it found. Sourced by run.
 
 all_checks=(format tidy floors names portable outputs asan tsan)
-# These run only by their names.
-named_checks=(quick)
+# These run only when they are named.
+named_checks=(quick fuzz)
 
 run_checks() {
   local names=("$@") name failed=0
   [ ${#names[@]} -gt 0 ] || names=("${all_checks[@]}")
   for name in "${names[@]}"; do
     [[ " ${all_checks[*]} ${named_checks[*]} " == *" $name "* ]] || {
-      echo "./run check: there is no check \"$name\"; there are: ${all_checks[*]} ${named_checks[*]}" >&2
+      echo "./run check: there is no check \"$name\"; there are: ${all_checks[*]}; and by name: ${named_checks[*]}" >&2
       exit 2
     }
   done
@@ -98,6 +98,35 @@ check_tidy() {
 check_asan() {
   build asan
   ctest --preset asan --parallel 3
+}
+
+# Every fuzzer for a minute, from its seeds and from what earlier runs have found worth keeping. FUZZ_SECONDS sets another
+# time. What a fuzzer stumbles over lies in build/fuzz-finds.
+check_fuzz() {
+  local source name finds="$root/build/fuzz-finds" failed=0
+  install_packages fuzz
+  build fuzz
+  mkdir -p "$finds"
+  for source in fuzz/*.cpp; do
+    name=$(basename "$source" .cpp)
+    if fuzz "$name" "${FUZZ_SECONDS:-60}" -artifact_prefix="$finds/$name-" >"$finds/$name.log" 2>&1; then
+      echo "$name: $(grep -m 1 -E '^Done ' "$finds/$name.log")"
+    else
+      echo "$name:"
+      tail -n 30 "$finds/$name.log"
+      failed=1
+    fi
+  done
+  return $failed
+}
+
+# fuzz NAME SECONDS [OPTION ...]: runs one fuzzer that is built.
+fuzz() {
+  local name=$1 seconds=$2 seeds=("$root/fuzz/seeds/$1")
+  shift 2
+  mkdir -p "$root/build/corpus/$name"
+  [ -d "${seeds[0]}" ] || seeds=()
+  "$root/build/fuzz/fuzz/fuzz_$name" -max_total_time="$seconds" "$@" "$root/build/corpus/$name" "${seeds[@]}"
 }
 
 # The rooms in which more than one thread is at work: the channel's reader, the run loops, and the whole plug-in over
