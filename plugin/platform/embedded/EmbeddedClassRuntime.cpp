@@ -192,6 +192,8 @@ HostObject EmbeddedClassRuntime::withKeeper(std::uintptr_t address, void (Tables
 
 void EmbeddedClassRuntime::destroy(const HostObject& object) { m_tables->letGo(object.address()); }
 
+std::size_t EmbeddedClassRuntime::liveObjects() const { return m_tables->live.size(); }
+
 bool EmbeddedClassRuntime::isAlive(const HostObject& object) const { return m_tables->object(object) != nullptr; }
 
 std::shared_ptr<void> EmbeddedClassRuntime::stateOf(const HostObject& object) const {

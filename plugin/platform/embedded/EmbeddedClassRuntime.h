@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -35,6 +36,8 @@ class EmbeddedClassRuntime final : public ClassRuntime {
   // Lets go of the object, which ends it as soon as no retained() reference holds it.
   void destroy(const HostObject& object);
   bool isAlive(const HostObject& object) const;
+  // How many objects live, the classes' own among them.
+  std::size_t liveObjects() const;
   // What the object was made with; null for an absent, dead or stateless object.
   template <typename State>
   std::shared_ptr<State> state(const HostObject& object) const {
