@@ -8,6 +8,7 @@
 #include <set>
 
 #include "tests/ports/PortsWorld.h"
+#include "tests/ports/SmallMachine.h"
 
 namespace vorn {
 namespace {
@@ -46,7 +47,9 @@ TEST_P(PortsContract, AnApplicationIsFoundByItsIdentifierWithWhatItsBundleSays) 
 
 TEST_P(PortsContract, AnApplicationRunsFromItsProcesssBeginToItsEnd) {
   const std::string bundle = world->install("Vorn", kOwn);
-  EXPECT_FALSE(world->workspace().isRunning(kOwn));
+  SmallMachine other;
+  other.run(other.install("Vorn", kOwn));
+  EXPECT_FALSE(world->workspace().isRunning(kOwn)) << "what runs in another home is nobody's here";
   world->run(bundle);
   EXPECT_TRUE(world->workspace().isRunning(kOwn));
   EXPECT_FALSE(world->workspace().isRunning(kOwn.substr(0, kOwn.size() - 1)));

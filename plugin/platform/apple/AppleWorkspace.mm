@@ -83,7 +83,8 @@ AppleWorkspace::AppleWorkspace(std::vector<std::string> applicationFolders)
     : m_applicationFolders(std::move(applicationFolders)) {}
 
 bool AppleWorkspace::isRunning(std::string_view bundleIdentifier) {
-  return isRunByHostsSession(foundationText(bundleIdentifier)) || isRunByAProcess(bundleIdentifier);
+  return isRunByHostsSession(foundationText(bundleIdentifier)) ||
+         isRunByAProcess(bundleIdentifier, m_applicationFolders);
 }
 
 std::string AppleWorkspace::absolutePathForAppBundle(std::string_view bundleIdentifier) {

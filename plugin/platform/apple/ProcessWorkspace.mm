@@ -2,6 +2,7 @@
 
 #import <Foundation/Foundation.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -26,6 +27,23 @@ NSString* identifierOfBundle(NSString* bundle) {
   return [[NSDictionary dictionaryWithContentsOfFile:facts] objectForKey:@"CFBundleIdentifier"];
 }
 
+// As the system tells where a program lies; those that are not there are left out.
+std::vector<std::string> inRealForm(const std::vector<std::string>& folders) {
+  std::vector<std::string> places;
+  for (const std::string& folder : folders) {
+    std::error_code failed;
+    const std::filesystem::path place = std::filesystem::canonical(folder, failed);
+    if (!failed) places.push_back(place.native() + "/");
+  }
+  return places;
+}
+
+bool liesInOneOf(const std::vector<std::string>& places, NSString* bundle) {
+  const std::string path = textFromFoundation(bundle);
+  return std::any_of(places.begin(), places.end(),
+                     [&path](const std::string& place) { return path.starts_with(place); });
+}
+
 bool start(NSString* program, NSArray* arguments) {
   try {
     [NSTask launchedTaskWithLaunchPath:program arguments:arguments];
@@ -38,14 +56,15 @@ bool start(NSString* program, NSArray* arguments) {
 
 }  // namespace
 
-bool isRunByAProcess(std::string_view bundleIdentifier) {
+bool isRunByAProcess(std::string_view bundleIdentifier, const std::vector<std::string>& applicationFolders) {
+  const std::vector<std::string> places = inRealForm(applicationFolders);
   NSString* wanted = foundationText(bundleIdentifier);
   NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:@"/proc" error:nullptr];
   NSEnumerator* entries = [names objectEnumerator];
   while (NSString* name = [entries nextObject]) {
     if ([name intValue] == 0) continue;
     NSString* bundle = bundleOfProcess(name);
-    if (bundle && [identifierOfBundle(bundle) isEqual:wanted]) return true;
+    if (bundle && liesInOneOf(places, bundle) && [identifierOfBundle(bundle) isEqual:wanted]) return true;
   }
   return false;
 }
