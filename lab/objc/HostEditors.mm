@@ -217,7 +217,9 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   vornlab::editorHasChanged(self);
 }
 
+// What comes when the window has closed is too late.
 - (BOOL)save {
+  if (!m_owner || ![openEditors() containsObject:m_owner]) return NO;
   NSMutableDictionary* changes = [NSMutableDictionary dictionary];
   NSEnumerator* names = [m_uncommitted keyEnumerator];
   while (NSString* name = [names nextObject]) {
@@ -293,6 +295,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 
 @implementation ERCalendarEventEditorWindowController
 - (void)dealloc {
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
   m_editor->m_owner = nil;
   m_editor->m_wordEditor->m_editor = nil;
   [m_editor release];
@@ -312,6 +315,11 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   m_editor->m_owner = self;
   m_editor->m_event = [event retain];
   m_editor->m_cancelMode = isCancelMode;
+  // Of any window: observers of one alone hear before those of all, and others are to see the editor once more.
+  [[NSNotificationCenter defaultCenter] addObserver:self
+                                           selector:@selector(windowHasClosed:)
+                                               name:@"NSWindowWillCloseNotification"
+                                             object:nil];
   static vornlab::HostFace::EditorId lastNumber = 0;
   m_number = ++lastNumber;
   return self;
@@ -374,8 +382,11 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   return m_editor;
 }
 - (void)close {
-  if (![openEditors() containsObject:self]) return;
   [[self window] close];
+}
+// Whoever has closed the window.
+- (void)windowHasClosed:(NSNotification*)notification {
+  if ([notification object] != [self window] || ![openEditors() containsObject:self]) return;
   // The host lets go of its objects when its own calls have unwound.
   [[self retain] performSelector:@selector(release) withObject:nil afterDelay:0];
   [openEditors() removeObjectIdenticalTo:self];

@@ -2,10 +2,10 @@
 
 #include "lab/objc/HostClasses.h"
 #include "lab/outlook/HostForms.h"
+#include "lab/outlook/RecordOfSave.h"
 
 using vornlab::foundationText;
 using vornlab::htmlForPlainText;
-using vornlab::newUid;
 using vornlab::plainText;
 using vornlab::shownHtml;
 using vornlab::storedEvent;
@@ -417,38 +417,33 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 - (void)setOlmUCInband:(NSString*)record {
   [super setOlmUCInband:record];
 }
-- (void)storeBodyIn:(vornlab::CalendarEvent&)target {
-  NSString* changed = [m_changed objectForKey:@"body"];
-  if (!changed) return;
+// What was changed in memory, as a save stores it.
+- (vornlab::RecordOfSave)recordOfSave {
+  const auto text = [](NSString* changed) {
+    return changed ? vorn::OptionalText(plainText(changed)) : std::nullopt;
+  };
+  vornlab::RecordOfSave record;
+  record.summary = text([m_changed objectForKey:@"summary"]);
+  record.location = text([m_changed objectForKey:@"location"]);
+  record.olmUCInband = text([m_changed objectForKey:@"olmUCInband"]);
+  record.olmUCCapabilities = text([m_changed objectForKey:@"olmUCCapabilities"]);
+  record.body = text([m_changed objectForKey:@"body"]);
   NSNumber* saysHtml = [m_changed objectForKey:@"isBodyHTML"];
-  const bool isHtml = !vornlab::hostState().options.plainTextOnly && (!saysHtml || [saysHtml boolValue]);
-  vornlab::storeBody(target, plainText(changed), isHtml);
+  record.isBodyHtml = !saysHtml || [saysHtml boolValue];
+  if ([m_changed objectForKey:@"startTime"] || [m_changed objectForKey:@"endTime"]) {
+    record.times = vornlab::RecordOfSave::Times{[[self startTime] timeIntervalSince1970],
+                                                [[self endTime] timeIntervalSince1970]};
+  }
+  return record;
 }
 - (long)saveRecord {
   constexpr long stored = 0;
   constexpr long notStored = 1;
-  if (!m_store) return notStored;
-  const double start = [[self startTime] timeIntervalSince1970];
-  const double end = [[self endTime] timeIntervalSince1970];
-  if (m_index < 0) {
-    m_index = static_cast<NSInteger>(m_store->add(newUid(), start, end, plainText([self summary])).index());
-  }
-  const auto target = storedEvent(self);
-  if (!target) return notStored;
-  // The compiler finds neither an instance's fields nor itself inside the function.
-  ECMutableCalendarEvent* record = self;
-  NSDictionary* changed = m_changed;
-  const bool isStored = m_store->change(*target, [&](vornlab::CalendarEvent& event) {
-    if (NSString* summary = [changed objectForKey:@"summary"]) event.setSummary(plainText(summary));
-    if (NSString* location = [changed objectForKey:@"location"]) event.setLocation(plainText(location));
-    [record storeBodyIn:event];
-    if (NSString* inband = [changed objectForKey:@"olmUCInband"]) event.setOlmUCInband(plainText(inband));
-    if (NSString* older = [changed objectForKey:@"olmUCCapabilities"])
-      event.setOlmUCCapabilities(plainText(older));
-    if ([changed objectForKey:@"startTime"] || [changed objectForKey:@"endTime"]) event.setTimes(start, end);
-  });
+  std::optional<std::size_t> place;
+  if (m_index >= 0) place = static_cast<std::size_t>(m_index);
+  const bool isStored = vornlab::storeRecord(vornlab::hostState(), m_store, place, [self recordOfSave]);
+  if (place) m_index = static_cast<NSInteger>(*place);
   if (!isStored) return notStored;
-  ++vornlab::hostState().storedCount;
   vornlab::calendarHasChanged();
   return stored;
 }

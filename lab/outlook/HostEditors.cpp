@@ -1,6 +1,7 @@
 // The editor of an appointment: its window, its controllers, and what a save is.
 
 #include <algorithm>
+#include <chrono>
 
 #include "lab/outlook/HostWorld.h"
 
@@ -17,14 +18,14 @@ constexpr std::string_view kViewControllerClass = "ERCalendarEventEditorViewCont
 // -- The window controller ---------------------------------------------------------------------------------------
 
 Value showNew(const HostCall& call) {
-  constexpr double halfAnHour = 1800;
   HostWorld& world = call.world;
   const auto state = std::make_shared<HostEvent>();
   state->store = world.store;
   CalendarTime start;
-  start.seconds = world.newEventStart;
+  const std::chrono::duration<double> now = std::chrono::system_clock::now().time_since_epoch();
+  start.seconds = world.takeNewStart(now.count());
   CalendarTime end = start;
-  end.seconds += halfAnHour;
+  end.seconds += HostState::kHalfAnHour;
   state->changed.set("startTime", world.makeDate(start));
   state->changed.set("endTime", world.makeDate(end));
   return world.send(call.self, "showWindowForEvent:", {world.runtime.create("ECCalendarEvent", state)});

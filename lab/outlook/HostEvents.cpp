@@ -126,7 +126,8 @@ constexpr HostMethodOn<CalendarEvent> kOfStoredEvent[] = {
 
 std::optional<CalendarEvent> HostEvent::stored() const {
   if (!store || !index) return {};
-  return store->eventAt(*index);
+  const CalendarEvent event = store->eventAt(*index);
+  return event.isRemoved() ? std::nullopt : std::optional(event);
 }
 
 HostObject HostWorld::makeEvent(const CalendarEvent& stored) const {
@@ -171,8 +172,7 @@ void HostWorld::defineEvents() {
   // An appointment that is not stored, or not any more, answers absent.
   defineOn("ECCalendarEvent", kOfStoredEvent, [this](const HostObject& self) {
     const auto held = event(self);
-    const auto stored = held ? held->stored() : std::nullopt;
-    return stored && !stored->isRemoved() ? stored : std::nullopt;
+    return held ? held->stored() : std::nullopt;
   });
 }
 

@@ -1,23 +1,10 @@
 // The application and its main window with the toolbar.
 
 #include <algorithm>
-#include <chrono>
-#include <cmath>
 
 #include "lab/outlook/HostWorld.h"
 
 namespace vornlab {
-
-namespace {
-
-constexpr double kHalfAnHour = 1800;
-
-double nextHalfHour() {
-  const std::chrono::duration<double> now = std::chrono::system_clock::now().time_since_epoch();
-  return std::ceil(now.count() / kHalfAnHour) * kHalfAnHour;
-}
-
-}  // namespace
 
 void HostWorld::defineMainWindow() {
   application = runtime.create("NSApplication");
@@ -42,7 +29,6 @@ void HostWorld::defineMainWindow() {
   runtime.defineClass("ErageAppDelegate", "NSObject");
   appDelegate = runtime.create("ErageAppDelegate");
   action("ErageAppDelegate", "newCalendarMeeting:", [this](const HostObject&, const Arguments&) {
-    newEventStart = nextHalfHour();
     send(classNamed("ERCalendarEventEditorWindowController"), "showWindowForNewMeeting");
   });
 

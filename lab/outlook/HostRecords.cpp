@@ -1,6 +1,7 @@
 // The record of a save: ECMutableCalendarEvent.
 
 #include "lab/outlook/HostWorld.h"
+#include "lab/outlook/RecordOfSave.h"
 
 namespace vornlab {
 
@@ -10,11 +11,24 @@ double secondsOf(const HostWorld& world, const Value& date) {
   return world.send(date.object(), "timeIntervalSince1970").realValue();
 }
 
-void storeChangedBody(CalendarEvent& stored, const HostEvent& record, const HostWorld& world) {
-  const Value& body = record.changed["body"];
-  const Value& saysHtml = record.changed["isBodyHTML"];
-  const bool isHtml = !world.options.plainTextOnly && (saysHtml.isAbsent() || saysHtml.boolValue());
-  if (body.isText()) storeBody(stored, body.text(), isHtml);
+// What was changed in memory, as a save stores it.
+RecordOfSave recordOf(HostWorld& world, const HostEvent& event) {
+  const Value& changed = event.changed;
+  const auto text = [&changed](const char* item) {
+    return changed.contains(item) ? OptionalText(changed[item].text()) : std::nullopt;
+  };
+  RecordOfSave record;
+  record.summary = text("summary");
+  record.location = text("location");
+  record.olmUCInband = text("olmUCInband");
+  record.olmUCCapabilities = text("olmUCCapabilities");
+  if (changed["body"].isText()) record.body = changed["body"].text();
+  record.isBodyHtml = changed["isBodyHTML"].isAbsent() || changed["isBodyHTML"].boolValue();
+  if (changed.contains("startTime") || changed.contains("endTime")) {
+    record.times = RecordOfSave::Times{secondsOf(world, world.eventItem(event, "startTime")),
+                                       secondsOf(world, world.eventItem(event, "endTime"))};
+  }
+  return record;
 }
 
 }  // namespace
@@ -39,35 +53,13 @@ void HostWorld::defineRecords() {
     if (const auto record = event(self)) record->changed.set("olmUCInband", value.isAbsent() ? Value("") : value);
   });
 
-  // Brings what differs into the calendar; what does not differ is not touched. Answers 0 when that is done.
+  // Answers 0 when what differs is in the calendar.
   method("ECMutableCalendarEvent", "saveRecord", [this](const HostObject& self, const Arguments&) {
     constexpr int stored = 0;
     constexpr int notStored = 1;
     const auto record = event(self);
-    if (!record || !record->store) return notStored;
-    const Value& changed = record->changed;
-    if (!record->index) {
-      const CalendarEvent added =
-          record->store->add(newUid(), secondsOf(*this, changed["startTime"]),
-                             secondsOf(*this, changed["endTime"]), changed["summary"].text());
-      record->index = added.index();
-    }
-    CalendarEvent target = *record->stored();
-    if (target.isRemoved()) return notStored;
-    const bool isStored = record->store->change(target, [&](CalendarEvent& event) {
-      if (changed.contains("summary")) event.setSummary(changed["summary"].text());
-      if (changed.contains("location")) event.setLocation(changed["location"].text());
-      storeChangedBody(event, *record, *this);
-      if (changed.contains("olmUCInband")) event.setOlmUCInband(changed["olmUCInband"].text());
-      if (changed.contains("olmUCCapabilities")) event.setOlmUCCapabilities(changed["olmUCCapabilities"].text());
-      if (changed.contains("startTime") || changed.contains("endTime")) {
-        event.setTimes(secondsOf(*this, eventItem(*record, "startTime")),
-                       secondsOf(*this, eventItem(*record, "endTime")));
-      }
-    });
-    if (!isStored) return notStored;
-    ++storedCount;
-    return stored;
+    const bool isStored = record && storeRecord(*this, record->store, record->index, recordOf(*this, *record));
+    return isStored ? stored : notStored;
   });
 }
 

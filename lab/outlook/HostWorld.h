@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "lab/host/HostState.h"
 #include "lab/outlook/CalendarStore.h"
 #include "lab/outlook/HostForms.h"
 #include "lab/outlook/OutlookHost.h"
@@ -54,6 +55,7 @@ struct HostEvent {
   // By the name of the reader, such as "summary".
   Value changed = Value::dictionary();
 
+  // Absent for one that is not stored, or not any more.
   std::optional<CalendarEvent> stored() const;
 };
 
@@ -132,12 +134,10 @@ struct HostMethodOn {
 };
 
 // What all classes of the stand-in host share.
-struct HostWorld : std::enable_shared_from_this<HostWorld> {
+struct HostWorld : HostState, std::enable_shared_from_this<HostWorld> {
   vorn::EmbeddedClassRuntime& runtime;
   vorn::HostRunLoop& runLoop;
   vorn::NotificationCenter& center;
-  OutlookHost::Options options;
-  CalendarStore* store = nullptr;
   HostObject application;
   HostObject account;
   HostObject appDelegate;
@@ -151,17 +151,15 @@ struct HostWorld : std::enable_shared_from_this<HostWorld> {
   std::map<std::string, HostObject> timeZones;
   std::map<OutlookHost::EditorId, std::shared_ptr<HostEditor>> editors;
   OutlookHost::EditorId lastEditor = 0;
-  // When the next new appointment begins.
-  double newEventStart = 0;
   // The item that the person chooses in the next menu, and whether that could be done.
   std::optional<ControlName> menuChoice;
   bool hasChosen = false;
-  int sentCount = 0;
-  int storedCount = 0;
 
   HostWorld(vorn::EmbeddedClassRuntime& classes, vorn::HostRunLoop& loop, vorn::NotificationCenter& notifications,
             OutlookHost::Options chosen)
-      : runtime(classes), runLoop(loop), center(notifications), options(std::move(chosen)) {}
+      : runtime(classes), runLoop(loop), center(notifications) {
+    options = std::move(chosen);
+  }
 
   Value send(const HostObject& receiver, std::string_view selector, const Arguments& arguments = {}) const {
     return runtime.send(receiver, selector, arguments);

@@ -96,7 +96,7 @@ HostObject OutlookHost::eventOnGrid(std::size_t eventIndex) const {
 
 OutlookHost::EditorId OutlookHost::openNew(double startSeconds) {
   if (!m_world->store) return 0;
-  m_world->newEventStart = startSeconds;
+  m_world->pointedAt = startSeconds;
   const auto editor =
       m_world->editorOf(m_world->send(m_world->classNamed(kEditorWindows), "showWindowForNewEvent").object());
   return editor ? editor->id : 0;

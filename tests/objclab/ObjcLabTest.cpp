@@ -4,12 +4,18 @@
 #ifdef VORN_OBJC
 
 #include <gtest/gtest.h>
+#include <objc/runtime.h>
 
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 
+#include "lab/host/HostSelectors.h"
 #include "lab/objc/OwnWorld.h"
 #include "lab/objc/standins/HeadlessSession.h"
 #include "lab/objc/standins/LivingViews.h"
@@ -24,6 +30,33 @@ constexpr double kHour = 3600;
 std::filesystem::path& ownWorld() {
   static std::filesystem::path world;
   return world;
+}
+
+// As the table of selectors writes it, for a type as the runtime tells it.
+char letterOf(char* told) {
+  const std::unique_ptr<char, void (*)(void*)> type(told, free);
+  const std::string_view code = std::string_view(type.get()).substr(std::strspn(type.get(), "rnNoORV"));
+  if (code.empty()) return '?';
+  if (std::strchr("cCB", code.front())) return 'B';
+  if (std::strchr("iIlLqQsS", code.front())) return 'i';
+  if (std::strchr("df", code.front())) return 'd';
+  if (std::strchr("@#", code.front())) return '@';
+  return std::strchr("^*", code.front()) ? '*' : code.front();
+}
+
+std::string typesOf(Method method) {
+  std::string types(1, letterOf(method_copyReturnType(method)));
+  for (unsigned i = 2; i < method_getNumberOfArguments(method); ++i)
+    types += letterOf(method_copyArgumentType(method, i));
+  return types;
+}
+
+template <typename Result, typename... Arguments>
+Result sendTo(id receiver, const char* selector, Arguments... arguments) {
+  const SEL name = sel_registerName(selector);
+  // Told by the runtime as a function of whatever arguments, which the compiler would rather know.
+  const auto method = reinterpret_cast<void (*)()>(class_getMethodImplementation(object_getClass(receiver), name));
+  return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(method)(receiver, name, arguments...);
 }
 
 class ObjectiveCHost : public testing::Test {
@@ -84,6 +117,18 @@ TEST_F(ObjectiveCHost, EveryRowOfTheTableStands) {
   EXPECT_GT(told["rows"].integerValue(), 0);
   EXPECT_EQ(told["standing"], told["rows"]);
   EXPECT_THROW(session->ask("no such question"), LabError);
+}
+
+TEST_F(ObjectiveCHost, AnswersEverySelectorOfAHostWithItsTypes) {
+  for (const auto& [className, ofTheClass, selector, types] : hostSelectors()) {
+    SCOPED_TRACE(std::string(className) + " " + selector);
+    Class found = objc_getClass(className);
+    ASSERT_TRUE(found);
+    const SEL name = sel_registerName(selector);
+    const Method method = ofTheClass ? class_getClassMethod(found, name) : class_getInstanceMethod(found, name);
+    ASSERT_TRUE(method);
+    EXPECT_EQ(typesOf(method), types);
+  }
 }
 
 TEST_F(ObjectiveCHost, TheBundleSharesTheLibraryThatTheHostHasAlready) {
@@ -262,6 +307,19 @@ TEST_F(ObjectiveCHost, TheBarShowsItsButtonsAndGoesWithItsWindow) {
   EXPECT_EQ(livingViews("vnPopupButton"), before);
   for (const char* gone : {"vnSettingsButton", "vnActionAdditionView", "OLCalendarHeaderContainerView"})
     EXPECT_EQ(livingViews(gone), 0U) << gone;
+}
+
+TEST_F(ObjectiveCHost, AnEditorThatHasClosedStoresNothing) {
+  const std::string before = calendar->text();
+  const HostFace::EditorId editor = host->openEditorAt(event("plain").index());
+  host->typeSubject(editor, "typed too late");
+  const id kept = reinterpret_cast<id>(host->viewController(editor).address());
+  const id window = reinterpret_cast<id>(host->window(editor).address());
+  sendTo<void>(window, "close");
+  EXPECT_FALSE(host->isOpen(editor)) << "a window that closes by itself takes its editor along";
+  EXPECT_EQ(sendTo<int>(kept, "saveAndCloseWindow:", true), -1);
+  session->passTime(2 * kClearingSeconds);
+  EXPECT_EQ(calendar->text(), before);
 }
 
 TEST_F(ObjectiveCHost, ABodyIsNoChangeThatAttendeesHearOf) {

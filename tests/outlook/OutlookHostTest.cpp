@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <tuple>
 
+#include "lab/host/HostSelectors.h"
 #include "platform/embedded/VirtualRunLoop.h"
 
 namespace vornlab {
@@ -59,6 +60,16 @@ class OutlookHostTest : public testing::Test {
   std::string before;
   std::unique_ptr<OutlookHost> host;
 };
+
+TEST_F(OutlookHostTest, AnswersEverySelectorOfAHost) {
+  start();
+  for (const auto& [className, ofTheClass, selector, types] : hostSelectors()) {
+    const vorn::ClassRef found = runtime.NSClassFromString(className);
+    const vorn::MethodRef method = ofTheClass ? runtime.class_getClassMethod(found, selector)
+                                              : runtime.class_getInstanceMethod(found, selector);
+    EXPECT_TRUE(method) << className << " " << selector << " " << types;
+  }
+}
 
 TEST_F(OutlookHostTest, SavingWithoutAChangeLeavesTheBytesAlone) {
   for (const auto& entry : std::filesystem::directory_iterator(LAB_CALENDARS)) {
