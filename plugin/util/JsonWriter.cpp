@@ -1,19 +1,14 @@
 #include "util/JsonWriter.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <utility>
 
 #include "util/Utf16.h"
 
 namespace vorn {
-
-namespace {
-
-constexpr double kTwoToThe63 = 9223372036854775808.0;
-
-}  // namespace
 
 OptionalText JsonWriter::write(const Value& value) {
   m_depth = 0;
@@ -38,13 +33,23 @@ bool JsonWriter::add(const Value& value) {
 bool JsonWriter::addReal(double number) {
   if (!std::isfinite(number)) return false;
   char digits[32];
-  char* const limit = digits + sizeof digits;
-  // Without an exponent a reader would take a large one for a whole number that is beyond 64 bits.
-  const auto [end, error] = std::fabs(number) < kTwoToThe63
-                                ? std::to_chars(digits, limit, number)
-                                : std::to_chars(digits, limit, number, std::chars_format::scientific);
-  m_out.append(digits, end);
-  return error == std::errc();
+  // As few digits as read back as the same number. The library's own way of finding them is not there on all
+  // systems that this runs on. A number beyond 64 bits gets an exponent so, without which a reader would take it
+  // for a whole one.
+  for (const int count : {15, 16, 17}) {
+    std::snprintf(digits, sizeof digits, "%.*g", count, number);
+    if (std::strtod(digits, nullptr) == number) break;
+  }
+  // The host may have set a locale with a sign of its own before the fraction.
+  for (const char* at = digits; *at != '\0'; ++at) {
+    const bool isOfNumber = std::strchr("0123456789+-e", *at) != nullptr;
+    if (isOfNumber) {
+      m_out += *at;
+    } else if (m_out.back() != '.') {
+      m_out += '.';
+    }
+  }
+  return true;
 }
 
 bool JsonWriter::addText(std::string_view text) {

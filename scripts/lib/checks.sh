@@ -3,7 +3,7 @@
 
 all_checks=(format tidy floors names portable outputs asan tsan)
 # These run only when they are named.
-named_checks=(quick fuzz)
+named_checks=(quick macos fuzz)
 
 run_checks() {
   local names=("$@") name failed=0
@@ -15,6 +15,7 @@ run_checks() {
     }
   done
   install_packages build check
+  if [[ " ${names[*]} " == *" macos "* ]]; then install_cross_compiler; fi
   mkdir -p "$root/build/checks"
   cd "$root" || exit
   for name in "${names[@]}"; do
@@ -136,4 +137,14 @@ check_tsan() {
   build tsan vornlab vornclient vOutlookPlugin test_transport test_platform test_road test_shell
   ctest --preset tsan --parallel 3 --tests-regex '^(transport|platform|road|shell)\.' \
     --exclude-regex '/Scenarios\.'
+}
+
+# The product for macOS, cross built for both architectures: every source compiled, and the bundle linked.
+check_macos() {
+  local architecture bundles=()
+  for architecture in arm64 x86_64; do
+    build "macos-$architecture"
+    bundles+=("build/macos-$architecture/objc/vOutlookPlugin.bundle")
+  done
+  scripts/check-macos-bundle cmake/macos/libraries "${bundles[@]}"
 }

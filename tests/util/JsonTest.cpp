@@ -77,8 +77,7 @@ TEST(Json, WhatIsWrittenReadsBackTheSame) {
   content.set("wide", "\xE2\x80\xA8 \xF0\x9F\x98\x80");
   content.set("largest", std::numeric_limits<std::int64_t>::max());
   content.set("smallest", std::numeric_limits<std::int64_t>::min());
-  content.set("tenth", 0.1);
-  content.set("huge", 1.7976931348623157e308);
+  content.set("real numbers", Value::Array{0.1, 0.1 + 0.2, 2.0 / 3, -5e-324, 1.7976931348623157e308});
   content.set("wholes beyond 64 bits", Value::Array{1.8446204021128654e19, 9223372036854775808.0, -1e19, 2e20});
   content.set("flags", Value::Array{true, false, nullptr});
   const Value read = vnOLUtils::toArrayOrNSDictionary(vnOLUtils::toJSONString(content));

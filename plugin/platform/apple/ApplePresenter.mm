@@ -8,6 +8,10 @@
 #include "platform/apple/Conversions.h"
 
 // What we use of the host's classes. The plug-in is not linked with them.
+@protocol vnHostImage
+- (id)initWithContentsOfFile:(NSString*)path;
+@end
+
 @protocol vnHostSwitch
 - (void)setTitle:(NSString*)title;
 - (NSInteger)state;
