@@ -22,5 +22,7 @@ namespace vornlab {
 vnCalendarPane* shownPane();
 // What the pane's button for the file does; null for a calendar without a file.
 std::function<void()>& saveCalendarFile();
+// What its button for the client does; null where there is nothing to be shown.
+std::function<void()>& showClientWindow();
 
 }  // namespace vornlab

@@ -46,6 +46,12 @@ vnCalendarPane* shown = nil;
   [m_save setFrameOrigin:NSMakePoint(kWidth - 20 - NSWidth([m_save frame]), NSMinY([m_save frame]))];
   [m_save setAutoresizingMask:NSViewMinXMargin | NSViewMinYMargin];
   [self addSubview:m_save];
+  NSButton* client =
+      vornlab::pushButton(@"Client", self, @selector(showClient:), NSMakePoint(0, NSMinY([m_save frame])));
+  [client
+      setFrameOrigin:NSMakePoint(NSMinX([m_save frame]) - 10 - NSWidth([client frame]), NSMinY([m_save frame]))];
+  [client setAutoresizingMask:NSViewMinXMargin | NSViewMinYMargin];
+  [self addSubview:client];
   [m_week scrollPoint:NSMakePoint(0, kFirstHour * 48)];
   shown = self;
   [self reload];
@@ -95,6 +101,11 @@ vnCalendarPane* shown = nil;
   if (save) save();
   [self reload];
 }
+- (void)showClient:(id)sender {
+  (void)sender;
+  const auto open = vornlab::showClientWindow();
+  if (open) open();
+}
 @end
 
 namespace vornlab {
@@ -104,6 +115,11 @@ vnCalendarPane* shownPane() { return shown; }
 std::function<void()>& saveCalendarFile() {
   static std::function<void()> save;
   return save;
+}
+
+std::function<void()>& showClientWindow() {
+  static std::function<void()> open;
+  return open;
 }
 
 }  // namespace vornlab

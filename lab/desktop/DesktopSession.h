@@ -1,19 +1,20 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
+#include "lab/desktop/ClientDesk.h"
 #include "lab/objc/ObjcSession.h"
 
-@class NSWindow;
+@class NSWindow, vnClientWindow, vnMainWindowWatch;
 
 namespace vornlab {
 
 // The laboratory with real windows. The application has been made before. Main thread only.
-class DesktopSession final : public ObjcSession {
+class DesktopSession final : public ObjcSession, public ClientDesk {
  public:
-  // Throws LabError when something cannot be started.
-  DesktopSession(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress)
-      : ObjcSession(options, calendar, hostOf(userAddress)) {}
+  // Throws LabError when something cannot be started. The client can be told to do things wrong in any case.
+  DesktopSession(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress);
   // Closes what is open, without saving.
   ~DesktopSession() override;
   DesktopSession(const DesktopSession&) = delete;
@@ -32,19 +33,34 @@ class DesktopSession final : public ObjcSession {
   // Nil without an open editor, of which it is the one that was opened last.
   NSWindow* editorWindow() const;
   NSWindow* mainWindow() const;
-  // Runs until the person ends the application.
-  void run();
+  // The window with what can be changed at the client.
+  vnClientWindow* clientWindow() const { return m_clientWindow; }
+  // Runs until the person ends the application: each editor with changes has been asked about, and then the
+  // function, which says whether everything else may end.
+  void run(const std::function<bool()>& mayEnd);
+
+  std::filesystem::path account() const override { return clientOptions().account; }
+  void signIn(const std::filesystem::path& account) override;
+  void showVersion(const std::string& version) override;
+  void misbehave(const std::string& rules) override;
+  bool isClientRunning() override { return clientIsRunning(); }
+  void startClientAgain() override;
+  void endClient() override { stopClient(); }
+  std::filesystem::path clientJournal() const override { return world().journal(); }
 
  protected:
   // Whatever the person does meanwhile reaches the windows.
   void turn() override;
 
  private:
-  static HostOptions hostOf(const std::string& userAddress) {
-    HostOptions host;
-    host.userAddress = userAddress;
-    return host;
-  }
+  // False when the person wants to go on, or something could not be saved.
+  bool askAboutEditors();
+  // The plug-in looks for a client that was away only when the host's main window has been closed and opened.
+  void reopenMainWindow();
+
+  // Retained.
+  vnClientWindow* m_clientWindow = nullptr;
+  vnMainWindowWatch* m_watch = nullptr;
 };
 
 }  // namespace vornlab

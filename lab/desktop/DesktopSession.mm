@@ -2,11 +2,16 @@
 
 #include <cstdlib>
 
+#include "lab/client/Faults.h"
 #include "lab/desktop/Application.h"
+#import "lab/desktop/CalendarPane.h"
+#import "lab/desktop/ClientWindow.h"
+#import "lab/desktop/EditorForm.h"
 #include "lab/desktop/Theme.h"
 #import "lab/objc/HostClasses.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
+#include "lab/shell/LabStart.h"
 
 // The toolkit takes a program's words for files to open, which is this program's own business.
 @interface vnLaunching : NSObject
@@ -20,9 +25,35 @@
 }
 @end
 
+// Hears that the person wants to close the main window, which ends the application when everything is saved.
+@interface vnMainWindowWatch : NSObject {
+ @public
+  BOOL m_isEnding;
+}
+@end
+
+@implementation vnMainWindowWatch
+- (BOOL)windowShouldClose:(id)window {
+  (void)window;
+  m_isEnding = YES;
+  return NO;
+}
+@end
+
 namespace vornlab {
 
 namespace {
+
+LabOptions withFaults(LabOptions options) {
+  options.takesFaults = true;
+  return options;
+}
+
+HostOptions hostOf(const std::string& userAddress) {
+  HostOptions host;
+  host.userAddress = userAddress;
+  return host;
+}
 
 constexpr double kTurnSeconds = 0.01;
 constexpr double kLongSeconds = 3600;
@@ -65,8 +96,22 @@ void DesktopSession::beginApplication() {
   Interruption::install();
 }
 
+DesktopSession::DesktopSession(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress)
+    : ObjcSession(withFaults(options), calendar, hostOf(userAddress)) {
+  const Pool pool;
+  m_watch = [[vnMainWindowWatch alloc] init];
+  [mainWindow() setDelegate:static_cast<id>(m_watch)];
+  m_clientWindow = [[vnClientWindow alloc] initWithDesk:*this];
+  showClientWindow() = [this] { [m_clientWindow show]; };
+}
+
 DesktopSession::~DesktopSession() {
   const Pool pool;
+  showClientWindow() = nullptr;
+  [m_clientWindow end];
+  [m_clientWindow release];
+  [mainWindow() setDelegate:nil];
+  [m_watch release];
   closeEditors();
   // Also for one who interrupts, and whom nothing else waits for.
   for (int i = 0; i < kClearingTurns; ++i) {
@@ -116,11 +161,60 @@ NSWindow* DesktopSession::mainWindow() const {
   return [static_cast<ERageMainWindowController*>(mainWindowController()) window];
 }
 
-// The person ends it with the main window.
-void DesktopSession::run() {
-  while (waitUntil([this] { return ![mainWindow() isVisible] && ![mainWindow() isMiniaturized]; }, kLongSeconds) ==
-         false)
-    continue;
+void DesktopSession::run(const std::function<bool()>& mayEnd) {
+  do {
+    while (!waitUntil([this] { return m_watch->m_isEnding; }, kLongSeconds)) continue;
+    m_watch->m_isEnding = NO;
+  } while (!askAboutEditors() || !mayEnd());
+}
+
+bool DesktopSession::askAboutEditors() {
+  const Pool pool;
+  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
+  while (ERCalendarEventEditorWindowController* controller = [open nextObject]) {
+    if (![[vnEditorForm formOf:[controller editorViewController]] askToClose]) return false;
+  }
+  // A save may be waiting for the client. Where it fails, the plug-in tells why, and the editor stays.
+  return waitUntil([] { return [[ERCalendarEventEditorWindowController openControllers] count] == 0; },
+                   options().timeoutSeconds);
+}
+
+void DesktopSession::signIn(const std::filesystem::path& account) {
+  LabOptions next = clientOptions();
+  next.account = account;
+  signedInAccount(next);
+  clientOptions().account = account;
+  startClientAgain();
+}
+
+void DesktopSession::showVersion(const std::string& version) {
+  stopClient();
+  world().installClient(options().programs / "vornclient.app", version);
+  clientOptions().clientVersion = version;
+  startClientAgain();
+}
+
+void DesktopSession::startClientAgain() {
+  restartClient();
+  reopenMainWindow();
+}
+
+void DesktopSession::reopenMainWindow() {
+  const Pool pool;
+  ERageMainWindowController* controller = static_cast<ERageMainWindowController*>(mainWindowController());
+  NSWindow* window = [controller window];
+  [controller windowWillClose:[NSNotification notificationWithName:NSWindowWillCloseNotification object:window]];
+  [controller windowDidBecomeMain:[NSNotification notificationWithName:NSWindowDidBecomeMainNotification
+                                                                object:window]];
+}
+
+void DesktopSession::misbehave(const std::string& rules) {
+  try {
+    FaultBook::fromText(rules, "the faults");
+  } catch (const FaultError& error) {
+    throw LabError(error.what());
+  }
+  setFaults(rules);
 }
 
 void DesktopSession::turn() {

@@ -23,4 +23,7 @@
 // Shows the appointment as it stands in the editor now: its body, and its fields when it has become another, as
 // the series of an occurrence. What is typed in the fields of the same one stays.
 - (void)showEvent;
+// Closes the editor, and asks before when there are changes. NO when the person wants to go on. A save may still
+// wait for the client.
+- (BOOL)askToClose;
 @end

@@ -1,7 +1,7 @@
 #import "lab/desktop/EditorForm.h"
 
 #import "lab/desktop/Controls.h"
-
+#import "lab/desktop/Questions.h"
 #include "util/HtmlText.h"
 
 namespace {
@@ -234,13 +234,30 @@ NSString* peopleText(NSArray* attendees) {
   [self endTyping];
   [[self editor] save:sender];
 }
+- (BOOL)askToClose {
+  [[self retain] autorelease];
+  [self endTyping];
+  if (![[self editor] isDirty]) {
+    [m_controller close];
+    return YES;
+  }
+  NSWindow* window = [m_controller window];
+  [window makeKeyAndOrderFront:nil];
+  NSString* message = [NSString stringWithFormat:@"“%@” has changes", [window title]];
+  switch (vornlab::askWhatToSave(message)) {
+    case vornlab::WhatToSave::save: [[self editor] saveAndClose:nil]; return YES;
+    case vornlab::WhatToSave::dontSave: [m_controller close]; return YES;
+    case vornlab::WhatToSave::cancel: break;
+  }
+  return NO;
+}
 - (void)closeEditor:(id)sender {
   (void)sender;
-  [m_controller close];
+  [self askToClose];
 }
 - (BOOL)windowShouldClose:(id)window {
   (void)window;
-  [m_controller close];
+  [self askToClose];
   return NO;
 }
 @end

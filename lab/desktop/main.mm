@@ -10,6 +10,7 @@
 #import "lab/desktop/CalendarPane.h"
 #include "lab/desktop/DesktopSession.h"
 #import "lab/desktop/Picture.h"
+#import "lab/desktop/Questions.h"
 #include "lab/shell/CalendarInput.h"
 #include "lab/shell/CalendarOutput.h"
 #include "lab/shell/CommandLine.h"
@@ -52,7 +53,7 @@ void showPanel(DesktopSession& session, const fs::path& picture) {
   session.openEditor(nullptr);
   settle(session);
   NSWindow* panel = openPanel(session);
-  if (picture.empty()) return session.run();
+  if (picture.empty()) return session.run([] { return true; });
   writePicture(panel, picture);
 }
 
@@ -90,16 +91,15 @@ class CalendarFile {
         m_calendar(calendar),
         m_output(std::make_unique<CalendarOutput>(m_file, kNoOthers)) {}
 
-  void save() {
+  // False, and told, when it could not be written.
+  bool save() {
     try {
       m_output->write(m_calendar.text(), m_file);
       m_output = std::make_unique<CalendarOutput>(m_file, kNoOthers);
+      return true;
     } catch (const LabError& error) {
-      NSAlert* alert = [[[NSAlert alloc] init] autorelease];
-      [alert setMessageText:@"The calendar was not saved"];
-      [alert setInformativeText:foundationText(std::string_view(error.what()))];
-      [alert addButtonWithTitle:@"OK"];
-      [alert runModal];
+      tellTrouble(@"The calendar was not saved", error.what());
+      return false;
     }
   }
 
@@ -112,12 +112,15 @@ class CalendarFile {
 };
 
 // Of the person who has closed the calendar.
-bool wantsToSave() {
-  NSAlert* alert = [[[NSAlert alloc] init] autorelease];
-  [alert setMessageText:@"The calendar has changes that are not in its file"];
-  [alert addButtonWithTitle:@"Save"];
-  [alert addButtonWithTitle:@"Don’t Save"];
-  return [alert runModal] == NSAlertFirstButtonReturn;
+bool mayEnd(CalendarStore& calendar, CalendarFile* file) {
+  if (!calendar.isChanged()) return true;
+  NSString* message = file ? @"The calendar has changes that are not in its file" : @"The calendar has no file";
+  switch (askWhatToSave(message, file != nullptr)) {
+    case WhatToSave::save: return file->save();
+    case WhatToSave::dontSave: return true;
+    case WhatToSave::cancel: return false;
+  }
+  return false;
 }
 
 void work(const DesktopWords& words) {
@@ -135,8 +138,7 @@ void work(const DesktopWords& words) {
     } else if (!words.tour.empty()) {
       takeTour(session, words.tour);
     } else {
-      session.run();
-      if (file && calendar.isChanged() && wantsToSave()) file->save();
+      session.run([&] { return mayEnd(calendar, file.get()); });
     }
   }
   saveCalendarFile() = nullptr;

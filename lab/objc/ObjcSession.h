@@ -65,6 +65,9 @@ class ObjcSession : public LabSession {
   void* mainWindowController() const { return m_host.mainWindowController(); }
   // Lets the loop do what is due, for at most a moment.
   virtual void turn();
+  // What the client is started with; a change counts from its next start on.
+  LabOptions& clientOptions() { return m_client.options(); }
+  const LabOptions& clientOptions() const { return m_client.options(); }
 
  private:
   static constexpr std::string_view kRequest = "\"event\":\"request\"";

@@ -32,6 +32,9 @@ class ClientSide {
   void waitForConnection(double seconds) const;
 
   const ClientProcess& process() const { return m_client; }
+  // What the client is started with; a change counts from its next start on.
+  LabOptions& options() { return m_options; }
+  const LabOptions& options() const { return m_options; }
   // True on a system whose plug-in needs no connection.
   bool talksByNotifications() const;
 

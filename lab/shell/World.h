@@ -57,6 +57,10 @@ class World {
   // What the client is told to do wrong, where a session can tell it so.
   std::filesystem::path faults() const { return m_root / "faults"; }
 
+  // Installs the application as the client, in place of the one that is there. It shows the version; "" its own.
+  // It does not run meanwhile. Throws LabError.
+  void installClient(const std::filesystem::path& application, const std::string& version) const;
+
   // Writes one choice into the profile that the plug-in has saved for the user, or into what it remembers of the
   // site, beside those that are there. Throws LabError when it cannot be written.
   static constexpr const char* kSite = "vnConfig";
@@ -67,7 +71,6 @@ class World {
  private:
   void makeRoot(const Options& options);
   void installOutlook() const;
-  void installClient(const std::filesystem::path& application, const std::string& version) const;
 
   // Absent for a world that stays.
   std::optional<TemporaryFolder> m_temporary;

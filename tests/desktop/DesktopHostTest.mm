@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <memory>
 #include <string>
@@ -12,7 +13,45 @@
 
 #import "lab/desktop/CalendarPane.h"
 #include "lab/desktop/DesktopSession.h"
+#include "lab/desktop/JournalTail.h"
 #include "lab/desktop/WeekPlan.h"
+
+// A person who waits for the next question, and presses a button.
+@interface vnAnswerer : NSObject {
+ @public
+  // Nil for whatever there is.
+  NSString* m_button;
+  std::string* m_asked;
+}
+- (void)look:(NSTimer*)timer;
+@end
+
+@implementation vnAnswerer
+- (void)look:(NSTimer*)timer {
+  NSWindow* asking = [NSApp modalWindow];
+  if (!asking) return;
+  std::vector<NSView*> views{[asking contentView]};
+  NSButton* wanted = nil;
+  std::string said;
+  for (std::size_t i = 0; i < views.size(); ++i) {
+    NSView* view = views[i];
+    NSEnumerator* below = [[view subviews] objectEnumerator];
+    while (NSView* each = [below nextObject]) views.push_back(each);
+    if ([view isHiddenOrHasHiddenAncestor]) continue;
+    if ([view isKindOfClass:[NSButton class]]) {
+      NSButton* button = static_cast<NSButton*>(static_cast<id>(view));
+      if (!m_button || [[button title] isEqual:m_button]) wanted = button;
+    } else if ([view isKindOfClass:[NSTextField class]]) {
+      said += vornlab::plainText([static_cast<NSTextField*>(static_cast<id>(view)) stringValue]) + "\n";
+    }
+  }
+  if (!wanted) return;
+  (void)timer;
+  // A press before the question's own loop has begun is not heard, so it is pressed until it has gone.
+  if (m_asked->empty()) *m_asked = said;
+  [wanted performClick:nil];
+}
+@end
 
 namespace vornlab {
 namespace {
@@ -115,6 +154,51 @@ class Desk : public testing::Test {
                                             keyCode:0]];
   }
 
+  // Does it, with that answer to the question that comes, and gives what was asked.
+  static std::string answering(NSString* button, const std::function<void()>& act) {
+    vnAnswerer* person = [[[vnAnswerer alloc] init] autorelease];
+    person->m_button = button;
+    std::string asked;
+    person->m_asked = &asked;
+    NSTimer* timer = [NSTimer timerWithTimeInterval:0.02
+                                             target:person
+                                           selector:@selector(look:)
+                                           userInfo:nil
+                                            repeats:YES];
+    for (NSString* mode : {NSDefaultRunLoopMode, NSModalPanelRunLoopMode})
+      [[NSRunLoop currentRunLoop] addTimer:timer forMode:mode];
+    act();
+    [timer invalidate];
+    return asked;
+  }
+
+  // Opens its editor, and waits until the plug-in has looked at it.
+  ERCalendarEventEditorWindowController* openEditor(const std::string& uid) {
+    const CalendarEvent shown = event(uid);
+    session().openEditor(&shown);
+    EXPECT_TRUE(session().waitForQuiet());
+    return [[ERCalendarEventEditorWindowController openControllers] lastObject];
+  }
+  static std::size_t editors() { return [[ERCalendarEventEditorWindowController openControllers] count]; }
+  // Of those with that text, the last one. Nil for none.
+  static NSTextField* fieldWith(NSView* view, NSString* text) {
+    NSTextField* found = nil;
+    if ([view isKindOfClass:[NSTextField class]] &&
+        [[static_cast<NSTextField*>(static_cast<id>(view)) stringValue] isEqual:text])
+      found = static_cast<NSTextField*>(static_cast<id>(view));
+    NSEnumerator* below = [[view subviews] objectEnumerator];
+    while (NSView* each = [below nextObject]) {
+      if (NSTextField* inside = fieldWith(each, text)) found = inside;
+    }
+    return found;
+  }
+  void typeInto(NSWindow* window, NSString* before, NSString* text) {
+    [window makeFirstResponder:fieldWith([window contentView], before)];
+    NSTextView* editor = static_cast<NSTextView*>(static_cast<id>([window firstResponder]));
+    [editor selectAll:nil];
+    [editor insertText:text];
+  }
+
   Pool pool;
 };
 
@@ -176,6 +260,145 @@ TEST_F(Desk, TheDatesOfASeriesAreSeenAndMoveNothing) {
   EXPECT_EQ(event("a").start()->seconds, kNine);
   click(at(3, 9), 2);
   EXPECT_EQ([[ERCalendarEventEditorWindowController openControllers] count], 1u);
+}
+
+TEST_F(Desk, AnEditorWithChangesAsksBeforeItCloses) {
+  load(eventText("a", kPlain));
+  const struct {
+    NSString* button;
+    const char* left;
+    std::size_t open;
+  } answers[] = {{@"Cancel", "Plain", 1}, {@"Don’t Save", "Plain", 0}, {@"Save", "Mine", 0}};
+  for (const auto& each : answers) {
+    NSWindow* window = [openEditor("a") window];
+    typeInto(window, @"Plain", @"Mine");
+    const std::string asked = answering(each.button, [&] { [window performClose:nil]; });
+    EXPECT_THAT(asked, HasSubstr("“Mine” has changes"));
+    session().waitUntil([&] { return editors() == each.open; }, 5);
+    EXPECT_EQ(editors(), each.open) << [each.button UTF8String];
+    EXPECT_EQ(summary("a"), each.left);
+    session().closeEditors();
+  }
+  [[openEditor("a") window] performClose:nil];
+  EXPECT_EQ(editors(), 0u) << "nothing to ask about";
+}
+
+TEST_F(Desk, TheEndWaitsForEditorsAndForWhoeverWantsToGoOn) {
+  load(eventText("a", kPlain));
+  typeInto([openEditor("a") window], @"Plain", @"Mine");
+  const auto close = [&] { [session().mainWindow() performClose:nil]; };
+  // Saved in the editor, then cancelled where the calendar is asked about.
+  int questions = 0;
+  close();
+  answering(@"Save", [&] {
+    session().run([&] {
+      if (++questions == 1) close();
+      return questions == 2;
+    });
+  });
+  EXPECT_EQ(questions, 2);
+  EXPECT_EQ(summary("a"), "Mine");
+  EXPECT_EQ(editors(), 0u);
+}
+
+// The panel's own button with that title.
+NSButton* buttonIn(NSView* view, NSString* title) {
+  if ([view isKindOfClass:[NSButton class]] &&
+      [[static_cast<NSButton*>(static_cast<id>(view)) title] isEqual:title])
+    return static_cast<NSButton*>(static_cast<id>(view));
+  NSEnumerator* below = [[view subviews] objectEnumerator];
+  while (NSView* each = [below nextObject]) {
+    if (NSButton* inside = buttonIn(each, title)) return inside;
+  }
+  return nil;
+}
+
+class DeskAndClient : public Desk {
+ protected:
+  DeskAndClient() { load(eventText("a", kPlain)); }
+  ~DeskAndClient() override {
+    session().misbehave("");
+    if (!session().isClientRunning()) session().startClientAgain();
+  }
+
+  // After a start of the client, the first click only connects.
+  NSWindow* openPanel() {
+    openEditor("a");
+    NSWindow* panel = nil;
+    for (int clicks = 0; !panel && clicks < 3; ++clicks) {
+      EXPECT_TRUE(session().pressInBar("onClickAddVornMeeting:"));
+      session().waitUntil([&] { return (panel = [[session().editorWindow() childWindows] lastObject]) != nil; },
+                          2);
+    }
+    return panel;
+  }
+};
+
+TEST_F(DeskAndClient, ProgressIsShownAndARefusalIsToldInAnAlert) {
+  NSWindow* panel = openPanel();
+  ASSERT_TRUE(panel);
+  session().misbehave("every reply to action 3: delay 1 s, error 3000");
+  NSWindow* progress = nil;
+  const std::string asked = answering(nil, [&] {
+    [buttonIn([panel contentView], @"Continue") performClick:nil];
+    session().waitUntil([&] { return (progress = [[NSApp modalWindow] retain]) != nil; }, 1);
+    EXPECT_TRUE([progress isVisible]);
+    session().passTime(1.5);
+  });
+  EXPECT_THAT(asked, HasSubstr("Error 3000"));
+  EXPECT_FALSE([progress isVisible]);
+  [progress release];
+  EXPECT_EQ([NSApp modalWindow], nil);
+}
+
+TEST_F(DeskAndClient, APanelWhoseClientHasDiedCanBeEndedInEachWay) {
+  for (NSString* button : {@"Cancel", @"Continue"}) {
+    NSWindow* panel = openPanel();
+    ASSERT_TRUE(panel);
+    session().endClient();
+    const std::string asked = answering(nil, [&] {
+      [buttonIn([panel contentView], button) performClick:nil];
+      session().passTime(0.5);
+    });
+    EXPECT_THAT(asked, [button isEqual:@"Cancel"] ? HasSubstr("") : HasSubstr("not running"));
+    EXPECT_FALSE([panel isVisible]);
+    EXPECT_EQ(editors(), 1u);
+    EXPECT_EQ([NSApp modalWindow], nil);
+    session().closeEditors();
+    session().startClientAgain();
+  }
+}
+
+TEST_F(DeskAndClient, AnotherAccountIsThatOfTheNextPanel) {
+  const auto canChangeWaitingRoom = [&] {
+    NSWindow* panel = openPanel();
+    NSButton* waitingRoom = buttonIn([panel contentView], @"Waiting room");
+    EXPECT_TRUE(waitingRoom);
+    [[waitingRoom retain] autorelease];
+    session().closeEditors();
+    session().passTime(0.1);
+    return [waitingRoom isEnabled];
+  };
+  EXPECT_TRUE(canChangeWaitingRoom());
+  session().signIn(std::filesystem::path(VORNLAB_ACCOUNTS) / "everything-locked.json");
+  EXPECT_FALSE(canChangeWaitingRoom());
+  EXPECT_THROW(session().signIn("/nowhere.json"), std::exception);
+  EXPECT_EQ(session().account().stem(), "everything-locked");
+  EXPECT_THROW(session().misbehave("reply 1: juggle"), std::exception);
+  session().signIn("");
+}
+
+TEST_F(Desk, ATailTellsWholeLinesOnly) {
+  const std::filesystem::path file = std::filesystem::path(worldFolder()) / "tail";
+  JournalTail tail(file);
+  EXPECT_THAT(tail.takeLines(), ElementsAre());
+  std::ofstream(file) << R"({"event":"request","seconds":1.5,"action":3,"operation":4,"content":"a\nb"})"
+                      << "\nnoise\n{\"ev";
+  EXPECT_THAT(tail.takeLines(), ElementsAre("    1.50  → 3.4  a b"));
+  EXPECT_THAT(tail.takeLines(), ElementsAre());
+  std::ofstream(file, std::ios::app) << R"(ent":"closed","seconds":2})"
+                                     << "\n";
+  EXPECT_THAT(tail.takeLines(), ElementsAre("    2.00  · closed"));
 }
 
 }  // namespace
