@@ -290,6 +290,9 @@ vnScrollerCell* scrollerCell(NSColor* color) {
   const BOOL isPressed = state == GSThemeHighlightedState || state == GSThemeSelectedState;
   const BOOL isOfWindow = [[cell controlView] frame].size.width < 20;
   if (isOfWindow) return;
+  // A picture stays inside the margins, also one that is larger than the button.
+  if ([cell isKindOfClass:[NSButtonCell class]])
+    [static_cast<NSButtonCell*>(cell) setImageScaling:NSImageScaleProportionallyDown];
   NSColor* inside = isDefault ? tint() : isPressed ? gray(0.9) : [NSColor whiteColor];
   if (![cell isEnabled]) inside = gray(0.96);
   drawBox(frame, kCorner, inside, isDefault ? accent() : gray(0.78));

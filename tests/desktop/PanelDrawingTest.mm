@@ -256,6 +256,51 @@ TEST_F(Screen, AWindowOfThePanelComesAndGoesWithItsControl) {
   EXPECT_FALSE([drawn().page("offers")->window() isVisible]);
 }
 
+TEST_F(Screen, WhyARowIsLockedStandsBesideIt) {
+  show();
+  const auto notes = [this] {
+    std::vector<std::string> texts;
+    NSEnumerator* beside = [[[view<NSView*>("check") superview] subviews] objectEnumerator];
+    while (NSView* each = [beside nextObject]) {
+      if (![each isHidden] && [each isKindOfClass:[NSTextField class]])
+        texts.push_back(textOf([static_cast<NSTextField*>(static_cast<id>(each)) stringValue]));
+    }
+    return texts;
+  };
+  const auto lock = [this](bool isLocked) {
+    change("check", [=](Control& control) {
+      control.enabled = !isLocked;
+      control.reason = isLocked ? "locked by the account: isSwitchLocked" : "";
+    });
+  };
+  lock(true);
+  EXPECT_THAT(notes(), testing::Contains("locked by the account"));
+  lock(false);
+  EXPECT_THAT(notes(), testing::Not(testing::Contains("locked by the account")));
+}
+
+TEST_F(Screen, AFaultThatAppearsComesIntoSight) {
+  for (const char* key : {"above", "below"}) {
+    layout.sections.front().rows.push_back({{{key}}});
+    controls.add(Kind::label, key).text = "wrong";
+    controls.find(key)->isRed = controls.find(key)->hidden = true;
+    for (int i = 0; i < 60 && std::string_view(key) == "above"; ++i) {
+      const std::string row = "row" + std::to_string(i);
+      layout.sections.front().rows.push_back({{{row}}});
+      controls.add(Kind::checkBox, row).text = row;
+    }
+  }
+  show();
+  for (const char* key : {"below", "above"}) {
+    change(key, [](Control& control) { control.hidden = false; });
+    EXPECT_GT([view(key) visibleRect].size.height, 5) << key;
+  }
+  // It is told once, and the person may look elsewhere then.
+  [view("below") scrollRectToVisible:[view("below") bounds]];
+  change("check", [](Control& control) { control.on = true; });
+  EXPECT_GT([view("below") visibleRect].size.height, 5);
+}
+
 TEST_F(Screen, AControlThatComesLaterIsDrawnAndOneThatGoesIsNot) {
   show();
   {
@@ -283,16 +328,24 @@ TEST_F(Screen, WhatIsPressedMayEndThePanel) {
 
 TEST_F(Screen, PanelsThatHaveClosedLeaveNoViewsBehind) {
   // The windows and what hears their views are let go of when the loop comes round.
-  const auto living = [] {
-    NSAutoreleasePool* turn = [[NSAutoreleasePool alloc] init];
-    [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:0.2]];
-    [turn drain];
+  const auto count = [] {
     int count = 0;
     for (NSString* name :
          {@"vnPanelWindow", @"vnControlListener", @"vnTokenFieldView", @"NSButton", @"NSPopUpButton"}) {
       count += GSDebugAllocationCount(NSClassFromString(name));
     }
     return count;
+  };
+  const auto living = [&] {
+    int before = 0;
+    for (int still = 0, turns = 0; still < 5 && turns < 100; ++turns) {
+      NSAutoreleasePool* turn = [[NSAutoreleasePool alloc] init];
+      [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:0.05]];
+      [turn drain];
+      still = count() == before ? still + 1 : 0;
+      before = count();
+    }
+    return before;
   };
   const auto openAndClose = [&](int times) {
     for (int i = 0; i < times; ++i) {
@@ -302,6 +355,8 @@ TEST_F(Screen, PanelsThatHaveClosedLeaveNoViewsBehind) {
       [turn drain];
     }
   };
+  // What other tests have let go of goes first.
+  living();
   GSDebugAllocationActive(YES);
   openAndClose(2);
   const int before = living();

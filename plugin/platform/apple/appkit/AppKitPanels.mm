@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "platform/apple/Conversions.h"
@@ -25,6 +26,8 @@ void guarded(const Work& work) {
   } catch (...) {
   }
 }
+
+constexpr double kAroundFault = 40;
 
 bool takesKeyboard(Control::Kind kind) {
   return kind != Control::Kind::label && kind != Control::Kind::link && kind != Control::Kind::list;
@@ -50,6 +53,7 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
     build();
     refreshAll();
     showPages();
+    m_faults = faultsShown();
   }
 
   // Nothing is heard or shown from here on.
@@ -112,6 +116,30 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
       for (const std::string& key : keys) refresh(key);
     }
     showPages();
+    showNewFault();
+  }
+
+  // The red labels that can be seen.
+  std::set<std::string> faultsShown() const {
+    std::set<std::string> found;
+    for (const std::string& key : m_controls->keys()) {
+      const Control& control = *m_controls->find(key);
+      if (control.kind == Control::Kind::label && control.isRed && m_controls->isOnScreen(key)) found.insert(key);
+    }
+    return found;
+  }
+
+  // What has gone wrong comes into sight, wherever the person was looking.
+  void showNewFault() {
+    if (!m_controls) return;
+    const std::set<std::string> before = std::exchange(m_faults, faultsShown());
+    for (const std::string& key : m_faults) {
+      const ControlView* fault = view(key);
+      if (!fault || before.contains(key)) continue;
+      // With a little of what it is about, which stands above it.
+      [fault->view() scrollRectToVisible:NSInsetRect([fault->view() bounds], 0, -kAroundFault)];
+      return;
+    }
   }
 
   // A page for each window, and on it what stands in that window, in the layout's order.
@@ -278,6 +306,7 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
   std::map<std::string, std::string> m_names;
   // The sheet first.
   std::vector<Page> m_pages;
+  std::set<std::string> m_faults;
   std::string m_lastUsed;
   std::string m_focused;
 };

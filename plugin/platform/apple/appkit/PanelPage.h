@@ -58,6 +58,8 @@ class PanelPage {
     int depth = 0;
     // What names the row; empty for none. The row's own, or that of a radio group.
     Retained<NSTextField*> name;
+    // Says why something in the row cannot be used.
+    Retained<NSTextField*> note;
   };
   struct Block {
     Retained<NSTextField*> title;
@@ -69,6 +71,9 @@ class PanelPage {
   double nameWidth(const Block& block, const ControlSet& controls) const;
   double naturalWidth(const ControlSet& controls) const;
   double placeLine(const Line& line, const ControlSet& controls, double top, double nameWidth, double width);
+  // What the row's note says now, at its end where there is room and else below. Gives the row's lower edge.
+  double placeNote(const Line& line, const ControlSet& controls, double x, double right, double top,
+                   double bottom);
   double placeFooter(const ControlSet& controls, double width);
   void chainKeys(const ControlSet& controls);
   void resize(double width, double bodyHeight, double footerHeight);

@@ -91,6 +91,7 @@ constexpr double kLeastField = 160;
 constexpr double kScreenEdge = 60;
 
 NSFont* plainFont() { return [NSFont systemFontOfSize:[NSFont systemFontSize]]; }
+NSFont* noteFont() { return [NSFont systemFontOfSize:[NSFont smallSystemFontSize]]; }
 NSFont* sectionFont() { return [NSFont boldSystemFontOfSize:[NSFont systemFontSize]]; }
 NSFont* headingFont() { return [NSFont boldSystemFontOfSize:[NSFont systemFontSize] + 5]; }
 
@@ -156,6 +157,7 @@ PanelPage::~PanelPage() {
 void PanelPage::clear() {
   const auto takeOut = [](const Line& line) {
     [line.name.get() removeFromSuperview];
+    [line.note.get() removeFromSuperview];
     for (const Cell& cell : line.cells) {
       letGo(cell.view->view());
       [cell.view->view() removeFromSuperview];
@@ -186,6 +188,10 @@ void PanelPage::setContents(const std::vector<PanelLayout::Section>& sections, c
       }
       if (line.cells.empty()) continue;
       line.name = makeTitle(m_body.get(), row.label, plainFont());
+      line.note = Retained<NSTextField*>::adopted(newTextLabel(noteFont()));
+      [line.note.get() setTextColor:[NSColor disabledControlTextColor]];
+      [line.note.get() setHidden:YES];
+      [m_body.get() addSubview:line.note.get()];
       block.lines.push_back(std::move(line));
     }
     if (!block.lines.empty()) m_blocks.push_back(std::move(block));
@@ -327,7 +333,33 @@ double PanelPage::placeLine(const Line& line, const ControlSet& controls, double
     }
   }
   endRow();
-  return lineTop + rowHeight;
+  return placeNote(line, controls, x, right, lineTop, lineTop + rowHeight);
+}
+
+double PanelPage::placeNote(const Line& line, const ControlSet& controls, double x, double right, double top,
+                            double bottom) {
+  NSTextField* note = line.note.get();
+  std::string reason;
+  for (const Cell& cell : line.cells) {
+    const Control& control = *controls.find(cell.key);
+    if (reason.empty() && controls.isOnScreen(cell.key) && !control.enabled) reason = control.reason;
+  }
+  // By which question that was found out is for those who give support, and stands under the mouse.
+  reason = reason.substr(0, reason.find(':'));
+  setHidden(note, reason.empty());
+  if (reason.empty()) return bottom;
+  NSString* text = foundationText(reason);
+  [note setStringValue:text];
+  const double width = widthOfText(text, noteFont()) + kTextSides;
+  const double height = heightOfText(text, noteFont(), 0);
+  if (x + width <= right) {
+    [note setFrame:NSMakeRect(x, top + std::floor((bottom - top - height) / 2), width, height)];
+    return bottom;
+  }
+  const double left = m_kind == Kind::dropDown ? kSmallMargin : kMargin + (line.depth + 1) * kIndent;
+  const double below = heightOfText(text, noteFont(), right - left - kTextSides);
+  [note setFrame:NSMakeRect(left, bottom + 2, right - left, below)];
+  return bottom + 2 + below;
 }
 
 double PanelPage::placeFooter(const ControlSet& controls, double width) {
@@ -374,6 +406,7 @@ void PanelPage::arrange(const ControlSet& controls) {
     for (const Line& line : block.lines) {
       const bool isShown = isLineShown(line, controls);
       setHidden(line.name.get(), !isShown);
+      if (!isShown) setHidden(line.note.get(), true);
       if (!isShown) {
         for (const Cell& cell : line.cells) setHidden(cell.view->view(), true);
         continue;
@@ -409,7 +442,7 @@ void PanelPage::resize(double width, double bodyHeight, double footerHeight) {
   }
   const double inside = width + scroller - 2 * border;
   [m_scroll.get() setFrame:NSMakeRect(border, footerHeight, inside, height - footerHeight - border)];
-  [m_foot.get() setFrame:NSMakeRect(border, border, inside, footerHeight - border)];
+  [m_foot.get() setFrame:NSMakeRect(border, border, inside, std::max(footerHeight - border, 0.0))];
   setHidden(m_foot.get(), footerHeight == 0);
   [m_body.get() setFrameSize:NSMakeSize(width - 2 * border, std::max(bodyHeight, height - footerHeight))];
   [[window contentView] setNeedsDisplay:YES];
