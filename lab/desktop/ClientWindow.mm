@@ -129,6 +129,10 @@ NSTextField* field(NSRect frame, NSString* placeholder, id target, SEL action) {
   [self name:@"Version" row:1];
   m_version = field(place(1, 260), @"its own", self, @selector(typeVersion:));
   [content addSubview:m_version];
+  NSTextField* hint = vornlab::label(@"empty for its own", NSMakeRect(x + 268, [self yOfRow:1] - 1, 160, 24));
+  [hint setTextColor:[NSColor disabledControlTextColor]];
+  [hint setAutoresizingMask:NSViewMinYMargin];
+  [content addSubview:hint];
   [self name:@"Faults" row:2];
   m_faults = popup(place(2, 340), self, @selector(chooseFaults:));
   for (const KnownFaults& each : kKnownFaults) [m_faults addItemWithTitle:each.title];
@@ -143,7 +147,7 @@ NSTextField* field(NSRect frame, NSString* placeholder, id target, SEL action) {
   [m_runs setFrameSize:NSMakeSize(170, 30)];
   [m_runs setAutoresizingMask:NSViewMinXMargin | NSViewMinYMargin];
   [content addSubview:m_runs];
-  m_state = vornlab::label(@"", NSMakeRect(kWide - kAround - 250, [self yOfRow:1] - 14, 250, 40));
+  m_state = vornlab::label(@"", NSMakeRect(kWide - kAround - 220, [self yOfRow:1] - 30, 220, 56));
   [m_state setAlignment:NSRightTextAlignment];
   [[m_state cell] setWraps:YES];
   [m_state setAutoresizingMask:NSViewMinXMargin | NSViewMinYMargin];

@@ -291,7 +291,8 @@ vnScrollerCell* scrollerCell(NSColor* color) {
   const BOOL isOfWindow = [[cell controlView] frame].size.width < 20;
   if (isOfWindow) return;
   // A picture stays inside the margins, also one that is larger than the button.
-  if ([cell isKindOfClass:[NSButtonCell class]])
+  if ([cell isKindOfClass:[NSButtonCell class]] && [[cell image] size].height + 8 > frame.size.height &&
+      frame.size.width > 40)
     [static_cast<NSButtonCell*>(cell) setImageScaling:NSImageScaleProportionallyDown];
   NSColor* inside = isDefault ? tint() : isPressed ? gray(0.9) : [NSColor whiteColor];
   if (![cell isEnabled]) inside = gray(0.96);

@@ -8,6 +8,7 @@
 #include <string>
 
 #import "lab/desktop/CalendarPane.h"
+#import "lab/desktop/ClientWindow.h"
 #include "lab/desktop/DesktopSession.h"
 #import "lab/desktop/Picture.h"
 #import "lab/desktop/Questions.h"
@@ -81,6 +82,9 @@ void takeTour(DesktopSession& session, const fs::path& folder) {
   writePicture(panel, folder / "panel.png");
   scrollToEnd([panel contentView]);
   writePicture(panel, folder / "panel-end.png");
+  [session.clientWindow() show];
+  session.passTime(0.2);
+  writePicture([session.clientWindow() window], folder / "client.png");
 }
 
 // The file as it is written each time; what somebody else has made of it meanwhile is not overwritten.

@@ -5,7 +5,7 @@ execute_process(COMMAND ${XVFB_RUN} -a -s "-screen 0 1440x900x24" ${PROGRAM} ${C
 if(code)
   message(FATAL_ERROR "the tour ended with ${code}: ${errors}")
 endif()
-foreach(picture week editor panel panel-end)
+foreach(picture week editor panel panel-end client)
   if(NOT EXISTS ${FOLDER}/${picture}.png)
     message(FATAL_ERROR "there is no picture ${picture}: ${errors}")
   endif()
