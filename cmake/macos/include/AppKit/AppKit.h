@@ -71,6 +71,7 @@ enum : NSEventType { NSLeftMouseDown = 1, NSScrollWheel = 22 };
 @end
 
 @interface NSFont : NSObject <NSCopying>
+@property(class, readonly) CGFloat smallSystemFontSize;
 @property(class, readonly) CGFloat systemFontSize;
 + (NSFont*)systemFontOfSize:(CGFloat)size;
 + (NSFont*)boldSystemFontOfSize:(CGFloat)size;
