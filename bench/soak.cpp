@@ -1,8 +1,9 @@
-// What a long life leaves behind, in one process that never starts anew: 100,000 roads with a fault at random in
-// every second one, and 10,000 windows that are open fifty at a time. Whatever went wrong, memory is flat, and
+// What a long life leaves behind, in one process that never starts anew: thousands of roads with a fault at random
+// in every second one, and windows that are open fifty at a time. Whatever went wrong, memory is flat, and
 // descriptors, waiting tasks and live objects of the host are back where they were; otherwise the run fails.
 //
-// SOAK_ROADS and SOAK_WINDOWS set other numbers, SOAK_SEED another row of accidents.
+// The usual run takes some minutes. SOAK_ROADS=100000 and SOAK_WINDOWS=10000 make it a long one, and SOAK_SEED
+// another row of accidents.
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -26,8 +27,8 @@ namespace fs = std::filesystem;
 using EditorId = RoadWorld::EditorId;
 
 constexpr std::size_t kWindowsAtOnce = 50;
-// What caches and the allocator's own bookkeeping may differ by; one leaked text a road would be a hundred times
-// that.
+// What caches may differ by, and what the allocator counts as used while it keeps it for the next one. One lost
+// text a road is more than that before a tenth of the usual run is over.
 constexpr double kSlackBytes = 64 * 1024;
 
 std::size_t numberFrom(const char* variable, std::size_t usual) {
@@ -201,7 +202,7 @@ class Roads {
 };
 
 void soakOfRoads(benchmark::State& state) {
-  const std::size_t count = numberFrom("SOAK_ROADS", 100'000);
+  const std::size_t count = numberFrom("SOAK_ROADS", 10'000);
   Roads roads(numberFrom("SOAK_SEED", 1));
   // Each accident has happened once: what is made on first use is there.
   for (std::size_t i = 0; i < std::max<std::size_t>(count / 20, 200); ++i) roads.walk();
@@ -240,7 +241,7 @@ void openMany(Soak& soak) {
 }
 
 void soakOfWindows(benchmark::State& state) {
-  const std::size_t batches = numberFrom("SOAK_WINDOWS", 10'000) / kWindowsAtOnce;
+  const std::size_t batches = numberFrom("SOAK_WINDOWS", 1'000) / kWindowsAtOnce;
   Soak soak(kWindowsAtOnce);
   for (int i = 0; i < 3; ++i) openMany(soak);
   const Standing first = soak.standing();
