@@ -22,6 +22,7 @@
   // Nil for whatever there is.
   NSString* m_button;
   std::string* m_asked;
+  BOOL m_isPressing;
 }
 - (void)look:(NSTimer*)timer;
 @end
@@ -29,7 +30,8 @@
 @implementation vnAnswerer
 - (void)look:(NSTimer*)timer {
   NSWindow* asking = [NSApp modalWindow];
-  if (!asking) return;
+  // A press runs the loop, and this with it, while the button is drawn as pressed.
+  if (!asking || m_isPressing) return;
   std::vector<NSView*> views{[asking contentView]};
   NSButton* wanted = nil;
   std::string said;
@@ -49,7 +51,9 @@
   (void)timer;
   // A press before the question's own loop has begun is not heard, so it is pressed until it has gone.
   if (m_asked->empty()) *m_asked = said;
+  m_isPressing = YES;
   [wanted performClick:nil];
+  m_isPressing = NO;
 }
 @end
 
