@@ -49,11 +49,21 @@
   }
   if (!wanted) return;
   (void)timer;
-  // A press before the question's own loop has begun is not heard, so it is pressed until it has gone.
   if (m_asked->empty()) *m_asked = said;
   m_isPressing = YES;
   [wanted performClick:nil];
   m_isPressing = NO;
+  // The question's loop looks at its answer after the next event only, and a mouse would have made one.
+  [NSApp postEvent:[NSEvent otherEventWithType:NSApplicationDefined
+                                      location:NSZeroPoint
+                                 modifierFlags:0
+                                     timestamp:0
+                                  windowNumber:0
+                                       context:nil
+                                       subtype:0
+                                         data1:0
+                                         data2:0]
+           atStart:NO];
 }
 @end
 
