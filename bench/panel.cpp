@@ -4,7 +4,6 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
-#include <memory>
 #include <string>
 #include <unordered_set>
 
@@ -12,11 +11,9 @@
 #include "data/vnUserProfileHelper.h"
 #include "lab/client/Account.h"
 #include "lab/client/Replies.h"
-#include "settings/SchSettingWndCtrlMgr.h"
 #include "settings/VNAlternateHostHelper.h"
 #include "settings/rules/CountryRules.h"
-#include "tests/support/FakeWindow.h"
-#include "tests/support/RecordingClient.h"
+#include "tests/support/PanelWindow.h"
 #include "util/Text.h"
 #include "util/vStringUtils.h"
 
@@ -28,27 +25,13 @@ constexpr const char* kTypedInto = "passwordTextField";
 constexpr int kGroups = 10;
 
 // A window of an account with everything on, as many tracking fields and as many countries.
-class PanelWorld {
+class PanelWorld : public PanelWindow {
  public:
   PanelWorld(std::int64_t trackingFields, std::int64_t countries)
       : PanelWorld(profile(trackingFields, countries)) {}
-  explicit PanelWorld(const Value& account) {
-    defineWindowClasses(m_test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-    RecordingClient::install(m_test);
-    m_panels.install();
-    m_window = std::make_unique<FakeWindow>(m_test);
-    vnUserProfileHelper::sharedInstance().setData(account);
-  }
+  explicit PanelWorld(const Value& account) { vnUserProfileHelper::sharedInstance().setData(account); }
   ~PanelWorld() { Registry::reset(); }
-  PanelWorld(const PanelWorld&) = delete;
-  PanelWorld& operator=(const PanelWorld&) = delete;
 
-  void open() {
-    m_panels.addSchSettingWindowToArray(id(), Value(), m_window->bar->ownWindow);
-    m_panels.showSchSettingWindow(id());
-  }
-  void close() { m_panels.endSettingWindow(id()); }
   bool type(const std::string& text) {
     return use(kTypedInto, [&](Control& field) { field.text = text; });
   }
@@ -60,13 +43,12 @@ class PanelWorld {
       text.empty() ? field.tokens.press(TokenText::Key::deleteBackward) : field.tokens.type(text);
     });
   }
-  void scheduleFor(const std::string& email) { m_window->manager->setScheduleForEmail(email); }
-  std::size_t controls() { return m_test.presenter.panels().on(m_window->bar->ownWindow)->keys().size(); }
+  void scheduleFor(const std::string& email) { window->manager->setScheduleForEmail(email); }
+  std::size_t controls() { return shown()->keys().size(); }
 
  private:
-  std::string id() const { return m_window->bar->ownWindow.windowId(); }
   bool use(const std::string& key, const std::function<void(Control&)>& change) {
-    return m_test.presenter.panels().use(m_window->bar->ownWindow, key, change) == PanelRecord::Use::done;
+    return click(key, change) == Use::done;
   }
   static Value profile(std::int64_t trackingFields, std::int64_t countries) {
     vornlab::Account account = vornlab::Account::fromFile(EVERYTHING_ON);
@@ -83,10 +65,6 @@ class PanelWorld {
     dialIn.selected = dialIn.all;
     return vStringUtils::toArrayOrNSDictionary(vornlab::profileReply(account));
   }
-
-  TestPlatform m_test;
-  SchSettingWndCtrlMgr& m_panels = SchSettingWndCtrlMgr::sharedInstance();
-  std::unique_ptr<FakeWindow> m_window;
 };
 
 Value people(std::int64_t count) {

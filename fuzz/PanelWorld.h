@@ -3,8 +3,6 @@
 // The settings panel of one of the example accounts, as its user opens, uses and closes it.
 
 #include <array>
-#include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -13,9 +11,7 @@
 #include "fuzz/Fuzzing.h"
 #include "lab/client/Account.h"
 #include "lab/client/Replies.h"
-#include "settings/SchSettingWndCtrlMgr.h"
-#include "tests/support/FakeWindow.h"
-#include "tests/support/RecordingClient.h"
+#include "tests/support/PanelWindow.h"
 #include "util/Utf16.h"
 #include "util/vStringUtils.h"
 
@@ -32,53 +28,28 @@ inline std::string typedText(std::string_view bytes) {
   return text;
 }
 
-class PanelWorld {
+class PanelWorld : public PanelWindow {
  public:
-  using Use = PanelRecord::Use;
-
   // By number; any number is one. The meeting, if there is one, is that of the account's owner.
-  PanelWorld(unsigned account, bool hasMeeting) {
-    test.surroundings.resourceFolder = VORN_RESOURCES;
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-    RecordingClient::install(test);
-    m_panels.install();
-    m_window = std::make_unique<FakeWindow>(test);
+  PanelWorld(unsigned account, bool hasMeeting) : PanelWindow(VORN_RESOURCES) {
     vnUserProfileHelper::sharedInstance().setData(profile(account));
     if (hasMeeting) {
-      m_window->manager->meetingDataMgr()->setMeetingKey("91234567890");
-      m_window->manager->getMeetingHelper()->setMeetingData(
+      window->manager->meetingDataMgr()->setMeetingKey("91234567890");
+      window->manager->getMeetingHelper()->setMeetingData(
           Value::dictionaryFromPairs({{"meetingKey", "91234567890"}, {vn_Setting_MeetingPassword, "abc123"}}),
           false);
     }
     open();
   }
   ~PanelWorld() { Registry::reset(); }
-  PanelWorld(const PanelWorld&) = delete;
-  PanelWorld& operator=(const PanelWorld&) = delete;
-
-  void open() {
-    m_panels.addSchSettingWindowToArray(id(), Value(), m_window->bar->ownWindow);
-    m_panels.showSchSettingWindow(id());
-  }
-  void close() { m_panels.endSettingWindow(id()); }
-  // Null when it has closed.
-  const ControlSet* controls() const { return test.presenter.panels().on(m_window->bar->ownWindow); }
-  PanelLayout layout() const { return test.presenter.panels().layout(m_window->bar->ownWindow); }
-  Use use(const std::string& key, const std::function<void(Control&)>& change = nullptr) {
-    return test.presenter.panels().use(m_window->bar->ownWindow, key, change);
-  }
   // What is put off comes: the chips of a field, and where the keyboard goes.
   void wait() { test.runLoop.runFor(0.11); }
   Value settings() {
-    const auto panel = m_panels.getSchSettingWindowInArray(id());
+    const auto panel = panels.getSchSettingWindowInArray(id());
     return panel ? panel->getVnSettingsData() : Value();
   }
 
-  TestPlatform test;
-
  private:
-  std::string id() const { return m_window->bar->ownWindow.windowId(); }
   static const Value& profile(unsigned account) {
     static const auto all = [] {
       std::array<Value, 4> made;
@@ -91,9 +62,6 @@ class PanelWorld {
     }();
     return all.at(account % all.size());
   }
-
-  SchSettingWndCtrlMgr& m_panels = SchSettingWndCtrlMgr::sharedInstance();
-  std::unique_ptr<FakeWindow> m_window;
 };
 
 }  // namespace vorn::fuzzing

@@ -18,26 +18,26 @@ using vorn::fuzzing::PanelWorld;
 // The key is a copy: the act may end what it names.
 void act(PanelWorld& world, vorn::fuzzing::Input& input) {
   const unsigned verb = input.byte() % 16;
-  if (!world.controls()) return world.open();
-  const std::vector<std::string>& keys = world.controls()->keys();
+  if (!world.shown()) return world.open();
+  const std::vector<std::string>& keys = world.shown()->keys();
   const std::string key = keys[input.byte() % keys.size()];
   switch (verb) {
     case 0: return world.wait();
     case 1: return world.close();
-    case 2: world.use("buttonContinue"); return;
-    case 3: world.use("buttonCancel"); return;
-    case 4: world.use(key); return;
-    case 5: world.use(key, [](Control& control) { control.on = !control.on; }); return;
+    case 2: world.click("buttonContinue"); return;
+    case 3: world.click("buttonCancel"); return;
+    case 4: world.click(key); return;
+    case 5: world.click(key, [](Control& control) { control.on = !control.on; }); return;
     case 6:
     case 7: {
       const int index = static_cast<std::int8_t>(input.byte());
-      world.use(key, [index](Control& control) { control.index = index; });
+      world.click(key, [index](Control& control) { control.index = index; });
       return;
     }
     case 8:
     case 9: {
       const std::string text = vorn::fuzzing::typedText(input.part());
-      world.use(key, [&text](Control& control) {
+      world.click(key, [&text](Control& control) {
         if (control.kind == Control::Kind::tokenField) {
           control.tokens.type(text);
         } else {
@@ -48,18 +48,18 @@ void act(PanelWorld& world, vorn::fuzzing::Input& input) {
     }
     case 10: {
       const std::string text = vorn::fuzzing::typedText(input.part());
-      world.use(key, [&text](Control& control) { control.tokens.paste(text); });
+      world.click(key, [&text](Control& control) { control.tokens.paste(text); });
       return;
     }
     case 11: {
       const auto command = static_cast<vorn::TokenText::Key>(input.byte() % 11);
-      world.use(key, [command](Control& control) { control.tokens.press(command); });
+      world.click(key, [command](Control& control) { control.tokens.press(command); });
       return;
     }
     case 12: {
       const std::array commands{vorn::field_key::kReturn, vorn::field_key::kDown, vorn::field_key::kUp,
                                 vorn::field_key::kEscape};
-      world.use(key + ":" + std::string(commands.at(input.byte() % commands.size())));
+      world.click(key + ":" + std::string(commands.at(input.byte() % commands.size())));
       return;
     }
     case 13: {
@@ -76,7 +76,7 @@ void act(PanelWorld& world, vorn::fuzzing::Input& input) {
 }
 
 void checkControls(PanelWorld& world) {
-  const vorn::ControlSet* controls = world.controls();
+  const vorn::ControlSet* controls = world.shown();
   if (!controls) return;
   std::ptrdiff_t focused = 0;
   for (const std::string& key : controls->keys()) {
@@ -102,14 +102,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   world.wait();
   checkControls(world);
-  if (world.controls()) {
+  if (world.shown()) {
     const vorn::PanelLayout layout = world.layout();
     std::size_t places = 0;
     forEachPlace(layout, [&](const vorn::PanelLayout::Place& place) {
-      check(world.controls()->find(place.key) != nullptr, "what is laid out is there");
+      check(world.shown()->find(place.key) != nullptr, "what is laid out is there");
       ++places;
     });
-    check(places == world.controls()->keys().size(), "each control has its place");
+    check(places == world.shown()->keys().size(), "each control has its place");
     const vorn::Value settings = world.settings();
     check(vorn::vStringUtils::toJSONString(settings).has_value(), "its settings can be sent");
   }

@@ -102,10 +102,10 @@ void act(vorn::fuzzing::PanelWorld& world, vorn::fuzzing::Input& input) {
   if (verb >= 14) return world.wait();
   if (verb == 13) {
     const int index = static_cast<std::int8_t>(input.byte());
-    world.use("alternateHostSearchListWindowRows", [index](vorn::Control& list) { list.index = index; });
+    world.click("alternateHostSearchListWindowRows", [index](vorn::Control& list) { list.index = index; });
     return;
   }
-  world.use(kField, [&](vorn::Control& field) {
+  world.click(kField, [&](vorn::Control& field) {
     TokenText& tokens = field.tokens;
     PlainField plain(tokens);
     if (verb < 5) {
@@ -139,9 +139,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   vorn::Value known = vorn::Value::array();
   for (const char* each : {"ann@x.example", "anna@x.example", "bo@y.example"}) known.append(each);
   vorn::VNAlternateHostHelper::sharedInstance().addToInputAlternateHostHistory(known);
-  while (!input.isEmpty() && world.controls()) {
+  while (!input.isEmpty() && world.shown()) {
     act(world, input);
-    if (world.controls()) checkWhole(world.controls()->find(kField)->tokens);
+    if (world.shown()) checkWhole(world.shown()->find(kField)->tokens);
   }
   world.wait();
   return 0;

@@ -14,6 +14,7 @@
 #import "lab/desktop/CalendarPane.h"
 #include "lab/desktop/DesktopSession.h"
 #include "lab/shell/LabError.h"
+#import "tests/desktop/ButtonIn.h"
 
 namespace vornlab {
 namespace {
@@ -56,17 +57,6 @@ bool waitForPanel(NSWindow*& panel, bool isWanted) {
         return (panel != nil) == isWanted;
       },
       10);
-}
-
-NSButton* buttonIn(NSView* view, NSString* title) {
-  if ([view isKindOfClass:[NSButton class]] &&
-      [[static_cast<NSButton*>(static_cast<id>(view)) title] isEqual:title])
-    return static_cast<NSButton*>(static_cast<id>(view));
-  NSEnumerator* below = [[view subviews] objectEnumerator];
-  while (NSView* each = [below nextObject]) {
-    if (NSButton* inside = buttonIn(each, title)) return inside;
-  }
-  return nil;
 }
 
 // The views and windows that live, of every class.

@@ -155,21 +155,8 @@ NSTextField* field(NSRect frame, NSString* placeholder, id target, SEL action) {
   NSView* const order[] = {m_account, m_version, m_faults, m_rules, m_runs, m_account};
   for (std::size_t i = 0; i + 1 < std::size(order); ++i) [order[i] setNextKeyView:order[i + 1]];
 
-  NSScrollView* scroll = [[[NSScrollView alloc] initWithFrame:NSMakeRect(0, 0, kWide, kHigh - kTop)] autorelease];
-  [scroll setHasVerticalScroller:YES];
-  [[scroll verticalScroller] setArrowsPosition:NSScrollerArrowsNone];
-  [scroll setBorderType:NSNoBorder];
-  [scroll setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
-  const NSSize size = [scroll contentSize];
-  m_road = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, size.width, size.height)] autorelease];
-  [m_road setVerticallyResizable:YES];
-  [m_road setHorizontallyResizable:NO];
-  [m_road setAutoresizingMask:NSViewWidthSizable];
-  [m_road setTextContainerInset:NSMakeSize(kAround - 4, 12)];
-  [m_road setFont:[NSFont userFixedPitchFontOfSize:11]];
-  [m_road setEditable:NO];
-  [scroll setDocumentView:m_road];
-  [content addSubview:scroll];
+  m_road = vornlab::longText(content, NSMakeRect(0, 0, kWide, kHigh - kTop), NSMakeSize(kAround - 4, 12),
+                             [NSFont userFixedPitchFontOfSize:11]);
   [m_window center];
   [self showState];
 }

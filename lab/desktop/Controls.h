@@ -10,5 +10,8 @@ namespace vornlab {
 NSButton* pushButton(NSString* title, id target, SEL action, NSPoint at);
 // A text that can only be read.
 NSTextField* label(NSString* text, NSRect frame);
+// A long text that can only be read, and scrolls where it is longer than its place, which grows with the view that
+// it is put into; with that much room around it.
+NSTextView* longText(NSView* content, NSRect frame, NSSize around, NSFont* font);
 
 }  // namespace vornlab

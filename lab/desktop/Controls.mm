@@ -30,4 +30,23 @@ NSTextField* label(NSString* text, NSRect frame) {
   return made;
 }
 
+NSTextView* longText(NSView* content, NSRect frame, NSSize around, NSFont* font) {
+  NSScrollView* scroll = [[[NSScrollView alloc] initWithFrame:frame] autorelease];
+  [scroll setBorderType:NSNoBorder];
+  [scroll setHasVerticalScroller:YES];
+  [[scroll verticalScroller] setArrowsPosition:NSScrollerArrowsNone];
+  [scroll setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
+  const NSSize size = [scroll contentSize];
+  NSTextView* made = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, size.width, size.height)] autorelease];
+  [made setVerticallyResizable:YES];
+  [made setHorizontallyResizable:NO];
+  [made setAutoresizingMask:NSViewWidthSizable];
+  [made setTextContainerInset:around];
+  [made setFont:font];
+  [made setEditable:NO];
+  [scroll setDocumentView:made];
+  [content addSubview:scroll];
+  return made;
+}
+
 }  // namespace vornlab

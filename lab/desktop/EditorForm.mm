@@ -135,21 +135,8 @@ NSString* peopleText(NSArray* attendees) {
   [[m_controller window] setInitialFirstResponder:m_subject];
 
   const NSRect rest = NSMakeRect(0, 0, kWidth, kHeight - kActions - kHeader);
-  NSScrollView* scroll = [[[NSScrollView alloc] initWithFrame:rest] autorelease];
-  [scroll setBorderType:NSNoBorder];
-  [scroll setHasVerticalScroller:YES];
-  [[scroll verticalScroller] setArrowsPosition:NSScrollerArrowsNone];
-  [scroll setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
-  const NSSize size = [scroll contentSize];
-  m_body = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, size.width, size.height)] autorelease];
-  [m_body setVerticallyResizable:YES];
-  [m_body setHorizontallyResizable:NO];
-  [m_body setAutoresizingMask:NSViewWidthSizable];
-  [m_body setTextContainerInset:NSMakeSize(kMargin - 4, 14)];
-  [m_body setFont:[NSFont systemFontOfSize:[NSFont systemFontSize]]];
-  [m_body setEditable:NO];
-  [scroll setDocumentView:m_body];
-  [self addSubview:scroll];
+  m_body = vornlab::longText(self, rest, NSMakeSize(kMargin - 4, 14),
+                             [NSFont systemFontOfSize:[NSFont systemFontSize]]);
   [self showEvent];
 }
 - (void)showEvent {

@@ -15,6 +15,7 @@
 #include "lab/desktop/DesktopSession.h"
 #include "lab/desktop/JournalTail.h"
 #include "lab/desktop/WeekPlan.h"
+#import "tests/desktop/ButtonIn.h"
 
 // A person who waits for the next question, and presses a button.
 @interface vnAnswerer : NSObject {
@@ -313,18 +314,6 @@ TEST_F(Desk, TheEndWaitsForEditorsAndForWhoeverWantsToGoOn) {
   EXPECT_EQ(questions, 2);
   EXPECT_EQ(summary("a"), "Mine");
   EXPECT_EQ(editors(), 0u);
-}
-
-// The panel's own button with that title.
-NSButton* buttonIn(NSView* view, NSString* title) {
-  if ([view isKindOfClass:[NSButton class]] &&
-      [[static_cast<NSButton*>(static_cast<id>(view)) title] isEqual:title])
-    return static_cast<NSButton*>(static_cast<id>(view));
-  NSEnumerator* below = [[view subviews] objectEnumerator];
-  while (NSView* each = [below nextObject]) {
-    if (NSButton* inside = buttonIn(each, title)) return inside;
-  }
-  return nil;
 }
 
 class DeskAndClient : public Desk {

@@ -7,25 +7,15 @@
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "meeting.pb.h"
-#include "settings/SchSettingWndCtrlMgr.h"
-#include "tests/support/FakeWindow.h"
-#include "tests/support/RecordingClient.h"
+#include "tests/support/PanelWindow.h"
 #include "util/EncodeUtils.h"
 
 namespace vorn {
 
-// An appointment window of an account, and the settings panel on it as its user sees and uses it.
-class SettingsPanelTest : public testing::Test {
+// The panel of an account, as its user sees and uses it.
+class SettingsPanelTest : public testing::Test, protected PanelWindow {
  protected:
-  using Use = PanelRecord::Use;
-
-  SettingsPanelTest() {
-    test.surroundings.resourceFolder = std::string(VORN_PLUGIN_FOLDER) + "/resources";
-    defineWindowClasses(test.classRuntime);
-    WorkflowDirectory::sharedInstance().install();
-    RecordingClient::install(test);
-    panels.install();
-    window = std::make_unique<FakeWindow>(test);
+  SettingsPanelTest() : PanelWindow(std::string(VORN_PLUGIN_FOLDER) + "/resources") {
     vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
   }
 
@@ -36,14 +26,6 @@ class SettingsPanelTest : public testing::Test {
                                     {vn_Profile_PublicEventListUrl, "https://vorn.example/events"}}));
   }
 
-  std::string id() const { return window->bar->ownWindow.windowId(); }
-  void open() { openOn(*window); }
-  std::string openOn(const FakeWindow& any) {
-    const std::string windowId = any.bar->ownWindow.windowId();
-    panels.addSchSettingWindowToArray(windowId, Value(), any.bar->ownWindow);
-    panels.showSchSettingWindow(windowId);
-    return windowId;
-  }
   void knowMeeting() {
     window->manager->meetingDataMgr()->setMeetingKey("91234567890");
     window->manager->getMeetingHelper()->setMeetingData(
@@ -54,10 +36,6 @@ class SettingsPanelTest : public testing::Test {
         false);
   }
   const Control& control(const std::string& key) { return *shown()->find(key); }
-  const ControlSet* shown() { return test.presenter.panels().on(window->bar->ownWindow); }
-  Use click(const std::string& key, const std::function<void(Control&)>& change = nullptr) {
-    return test.presenter.panels().use(window->bar->ownWindow, key, change);
-  }
   Use choose(const std::string& key, int index) {
     return click(key, [index](Control& changed) { changed.index = index; });
   }
@@ -72,10 +50,6 @@ class SettingsPanelTest : public testing::Test {
     return *std::static_pointer_cast<VnSettingWindowController>(panels.getSchSettingWindowInArray(id()))
                 ->mySettingViewController();
   }
-
-  TestPlatform test;
-  SchSettingWndCtrlMgr& panels = SchSettingWndCtrlMgr::sharedInstance();
-  std::unique_ptr<FakeWindow> window;
 };
 
 }  // namespace vorn
