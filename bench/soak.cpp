@@ -108,10 +108,18 @@ void hold(benchmark::State& state, const Standing& first, const Standing& middle
     state.counters[std::string(name) + "_2"] = last.*member;
   }
   state.counters["meetings_2"] = last.meetings;
-  if (last.descriptors != first.descriptors) state.SkipWithError("descriptors stay open");
-  if (last.objects != first.objects) state.SkipWithError("objects of the host live on");
-  if (last.waiting != first.waiting) state.SkipWithError("tasks or timers wait on");
-  if (last.bytes > first.bytes + kSlackBytes) state.SkipWithError("memory grows");
+  // One that gives up loses its counters.
+  std::string kept;
+  if (last.descriptors != first.descriptors) kept += " descriptors stay open;";
+  if (last.objects != first.objects) kept += " objects of the host live on;";
+  if (last.waiting != first.waiting) kept += " tasks or timers wait on;";
+  if (last.bytes > first.bytes + kSlackBytes) kept += " memory grows;";
+  if (kept.empty()) return;
+  for (const auto& [name, member] : rows) {
+    kept += std::string(" ") + name + " " + std::to_string(first.*member) + " / " +
+            std::to_string(middle.*member) + " / " + std::to_string(last.*member);
+  }
+  state.SkipWithError(kept.c_str());
 }
 
 // -- Roads

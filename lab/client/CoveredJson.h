@@ -25,8 +25,9 @@ Json coveredJson(const Json& value, std::string_view key = {}) {
   // Two names may be covered alike, and both members are there to be seen.
   std::map<std::string, int> times;
   for (const auto& [name, member] : value.items()) {
-    std::string shown = SecretMask::covered(name);
-    if (shown != name && ++times[shown] > 1) shown += " " + std::to_string(times[shown]);
+    const std::string plain = SecretMask::covered(name);
+    std::string shown = plain;
+    while (object.contains(shown)) shown = plain + " " + std::to_string(++times[plain] + 1);
     object[shown] = coveredJson(member, SecretMask::keyThatCounts(key, name));
   }
   return object;

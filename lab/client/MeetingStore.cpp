@@ -226,8 +226,8 @@ void MeetingStore::fail() const {
     case SQLITE_CANTOPEN: throw StoreError("the database cannot be opened; its folder has to be there");
     case SQLITE_READONLY:
     case SQLITE_PERM: throw StoreError("the database cannot be written; it is read-only");
-    case SQLITE_FULL:
-    case SQLITE_IOERR: throw StoreError("the database cannot be written; the disk may be full");
+    case SQLITE_FULL: throw StoreError("the database cannot be written; the disk is full");
+    case SQLITE_IOERR: throw StoreError("the database cannot be read or written; the disk may be full");
     default: throw StoreError("the database cannot be used; SQLite's code is " + std::to_string(code));
   }
 }

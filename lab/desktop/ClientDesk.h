@@ -5,8 +5,8 @@
 
 namespace vornlab {
 
-// What a person can change at the client, and where the client says what passes. Main thread only; what cannot be
-// done throws LabError and leaves everything as it was.
+// What a person can change at the client, and where the client says what passes. Main thread only. What is
+// refused beforehand throws LabError and changes nothing; after a start that fails the client is away.
 class ClientDesk {
  public:
   virtual ~ClientDesk() = default;

@@ -68,20 +68,18 @@ std::vector<WeekPiece> arrangeWeek(const std::vector<WeekItem>& items, const Loc
     }
     const double start = clock.local(item.start) - static_cast<double>(firstDay) * LocalClock::kDay;
     // In the hour that a clock has twice, something may end before it begins.
-    const double end =
-        std::max(clock.local(item.end) - static_cast<double>(firstDay) * LocalClock::kDay, start + least);
+    const double end = std::max(clock.local(item.end) - static_cast<double>(firstDay) * LocalClock::kDay, start);
+    const long first = static_cast<long>(std::floor(start / LocalClock::kDay));
     const long last = std::min(static_cast<long>(std::ceil(end / LocalClock::kDay)), kDaysOfWeek);
-    for (long day = std::max(static_cast<long>(std::floor(start / LocalClock::kDay)), 0L); day < last; ++day) {
+    for (long day = std::max(first, 0L); day < std::max(last, std::min(first + 1, kDaysOfWeek)); ++day) {
       const double midnight = static_cast<double>(day) * LocalClock::kDay;
       piece.day = static_cast<int>(day);
       piece.top = std::max(start - midnight, 0.0);
-      piece.bottom = std::min(end - midnight, LocalClock::kDay);
-      // A short one late in the evening needs its room above midnight; it has none of the next day.
-      if (piece.bottom - piece.top < least && start >= midnight) {
-        piece.top = piece.bottom - least;
-        pieces.push_back(piece);
-        break;
-      }
+      piece.bottom = std::max(std::min(end - midnight, LocalClock::kDay), piece.top + least);
+      // Late in the evening the room that a short piece needs is above midnight.
+      const double below = std::max(piece.bottom - LocalClock::kDay, 0.0);
+      piece.top -= below;
+      piece.bottom -= below;
       pieces.push_back(piece);
     }
   }

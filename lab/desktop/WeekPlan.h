@@ -54,8 +54,8 @@ struct WeekPiece {
   int columns = 1;
 };
 
-// The pieces of a week that begins on that day, for items in any order. What is shorter than `least` local seconds
-// takes as much room as that. Time n log n in their number.
+// The pieces of a week that begins on that day, for items in any order. A piece that is shorter than `least` local
+// seconds takes as much room as that, on its own day. Time n log n in their number.
 std::vector<WeekPiece> arrangeWeek(const std::vector<WeekItem>& items, const LocalClock& clock, long firstDay,
                                    double least);
 

@@ -15,7 +15,8 @@ struct HostOptions {
   bool plainTextOnly = false;
   // The editor is open on behalf of the account's owner.
   bool delegating = false;
-  // The class of the header view that an editor builds: this one or "OLAutoLayoutAttachmentsAcceptingView".
+  // The class of the header view that an editor builds: this one or "OLAutoLayoutAttachmentsAcceptingView". It and
+  // the width are those of the host in our own runtime; the other one has this class, 900 wide, alone.
   std::string headerViewClass = "OLCalendarHeaderContainerView";
   double headerWidth = 900;
   // The identifiers in the main window's toolbar, from left to right.

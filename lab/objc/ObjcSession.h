@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -80,7 +81,19 @@ class ObjcSession : public LabSession {
   Account m_account;
   World m_world;
   CalendarStore& m_calendar;
+  // Whom the plug-in tells what it does. It stays, also when this cannot be started, and the trace does not.
+  class InstalledTrace {
+   public:
+    explicit InstalledTrace(vorn::Trace& trace);
+    ~InstalledTrace();
+    InstalledTrace(const InstalledTrace&) = delete;
+    InstalledTrace& operator=(const InstalledTrace&) = delete;
+
+   private:
+    static void install(vorn::Trace* trace);
+  };
   RoadTrace m_trace;
+  std::optional<InstalledTrace> m_installedTrace;
   ObjcHost m_host;
   ClientSide m_client;
   int (*m_answer)(const char*, const vorn::Value*, vorn::Value*) = nullptr;

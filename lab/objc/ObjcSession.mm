@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <memory>
 #include <sstream>
 
 #include "lab/objc/HostClasses.h"
@@ -56,11 +57,14 @@ ObjcSession::ObjcSession(const LabOptions& options, CalendarStore& calendar, con
   m_client.waitForConnection(kStartSeconds);
 }
 
-ObjcSession::~ObjcSession() {
-  m_host.closeMainWindow();
-  // The plug-in stays, and this does not.
+ObjcSession::~ObjcSession() { m_host.closeMainWindow(); }
+
+ObjcSession::InstalledTrace::InstalledTrace(vorn::Trace& trace) { install(&trace); }
+ObjcSession::InstalledTrace::~InstalledTrace() { install(nullptr); }
+
+void ObjcSession::InstalledTrace::install(vorn::Trace* trace) {
   vorn::Platform platform = ports();
-  platform.trace = nullptr;
+  platform.trace = trace;
   vorn::Registry::install(platform);
 }
 
@@ -74,9 +78,7 @@ void ObjcSession::loadBundle(const fs::path& bundle) {
   if (!module) throw LabError(std::string("the plug-in cannot be loaded: ") + dlerror());
   m_answer = reinterpret_cast<decltype(m_answer)>(dlsym(module, "vOutlookPluginAnswer"));
   if (!m_answer) throw LabError("the plug-in at " + program.string() + " answers no questions");
-  vorn::Platform platform = ports();
-  platform.trace = &m_trace;
-  vorn::Registry::install(platform);
+  m_installedTrace.emplace(m_trace);
 }
 
 vorn::Value ObjcSession::ask(const std::string& question, const vorn::Value& parameters) {
@@ -117,9 +119,10 @@ void ObjcSession::turn() {
 }
 
 void ObjcSession::passTime(double seconds) {
-  bool isOver = false;
-  ports().runLoop->performAfter(seconds, this, "passTime", [&isOver] { isOver = true; });
-  waitUntil([&isOver] { return isOver; }, seconds + kLateSeconds);
+  // An interruption ends the wait, and leaves the call to come.
+  const auto isOver = std::make_shared<bool>(false);
+  ports().runLoop->performAfter(seconds, this, "passTime", [isOver] { *isOver = true; });
+  waitUntil([&isOver] { return *isOver; }, seconds + kLateSeconds);
   ports().runLoop->cancelPrevious(this);
 }
 

@@ -14,8 +14,8 @@ namespace vornlab {
 std::filesystem::path enterOwnWorld(char** arguments);
 
 // Runs this program with other words in a new world at that place, waits for its end, and answers "" when it has
-// ended by itself, whatever its exit code, and otherwise how it ended and what it complained of last. Throws
-// Interrupted when the person wants the program to end, and LabError when it cannot be started.
+// done its work, and otherwise how it ended and what it complained of last. Throws Interrupted when the person
+// wants the program to end, and LabError when it cannot be started.
 std::string runInWorld(const std::filesystem::path& world, const std::vector<std::string>& words);
 
 }  // namespace vornlab

@@ -103,12 +103,15 @@ fs::path enterOwnWorld(char** arguments) {
 std::string runInWorld(const fs::path& world, const std::vector<std::string>& words) {
   fs::create_directories(world);
   const fs::path errors = world.string() + ".err";
+  if (Interruption::requested()) throw Interrupted("interrupted");
   const int status = statusAtEnd(startProgram(world, words, errors));
-  if (WIFEXITED(status)) return "";
+  if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return "";
   constexpr std::size_t kMostBytes = 2000;
   std::string said = vorn::readFile(errors.string()).value_or("");
   if (said.size() > kMostBytes) said.erase(0, said.size() - kMostBytes);
-  return "it was ended by signal " + std::to_string(WTERMSIG(status)) + (said.empty() ? "" : ":\n" + said);
+  const std::string end = WIFEXITED(status) ? "it ended with code " + std::to_string(WEXITSTATUS(status))
+                                            : "it was ended by signal " + std::to_string(WTERMSIG(status));
+  return end + (said.empty() ? "" : ":\n" + said);
 }
 
 }  // namespace vornlab

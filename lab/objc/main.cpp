@@ -31,16 +31,15 @@ struct AloneOptions {
 
 ExitCode playAlone(const AloneOptions& options) {
   const ScenarioResult result = play(scenarioFromFile(options.scenario), options.lab, HeadlessSession::start);
-  return writeResult(options.result, result) ? ExitCode::done : ExitCode::somethingFailed;
+  if (!writeResult(options.result, result)) throw LabError("its result cannot be written");
+  return ExitCode::done;
 }
 
 // A process has one host, so each scenario has a process.
-ScenarioResult playInProcess(const Scenario& scenario, const LabOptions& lab) {
+ScenarioResult playInProcess(const Scenario& scenario, const LabOptions& /*lab*/) {
   const TemporaryFolder folder;
   const fs::path result = folder.path() / "result";
-  std::vector<std::string> words{kAlone, scenario.file, result.string()};
-  if (!lab.bundle.empty()) words.insert(words.end(), {"--bundle", lab.bundle.string()});
-  const std::string end = runInWorld(folder.path() / "w", words);
+  const std::string end = runInWorld(folder.path() / "w", {kAlone, scenario.file, result.string()});
   if (auto played = readResult(result)) return *played;
   ScenarioResult broken;
   broken.file = scenario.file;
@@ -97,7 +96,6 @@ ExitCode run(int argc, char** argv) {
   CLI::App* aloneCommand = program.add_subcommand(kAlone, "")->group("");
   aloneCommand->add_option("FILE", aloneOptions.scenario)->required();
   aloneCommand->add_option("RESULT", aloneOptions.result)->required();
-  aloneCommand->add_option("--bundle", aloneOptions.lab.bundle);
   const auto end = readWords(program, words, " with --runtime objc");
   if (end) return *end;
   if (playCommand->parsed()) return playScenarios(playOptions, playInProcess);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <set>
 
 #include "lab/outlook/CalendarStore.h"
@@ -25,12 +26,13 @@ struct EndIteration {
 std::vector<IcsProperty> singleTimes(const std::vector<IcsProperty>& lists) {
   std::vector<IcsProperty> times;
   for (const IcsProperty& list : lists) {
+    IcsProperty time = list;
+    time.value.clear();
     for (std::size_t at = 0; at <= list.value.size();) {
       const std::size_t end = std::min(list.value.find(',', at), list.value.size());
       const std::string value = list.value.substr(at, end - at);
-      IcsProperty time = list;
-      time.value = value.substr(0, value.find('/'));
-      times.push_back(std::move(time));
+      times.push_back(time);
+      times.back().value = value.substr(0, value.find('/'));
       at = end + 1;
     }
   }
@@ -55,7 +57,13 @@ std::vector<double> CalendarEvent::startsWithin(double from, double until) {
   // The rule is followed on the clock of the first date, and each date is then told as that one is.
   const bool isUtc = first->value.find_first_of("Zz") != std::string::npos;
   const std::string local = first->value.substr(0, first->value.find_first_of("Zz"));
-  const icalrecurrencetype rule = icalrecurrencetype_from_string(textOf("RRULE").c_str());
+  icalrecurrencetype rule = icalrecurrencetype_from_string(textOf("RRULE").c_str());
+  // An end that is told in UTC is no time of that clock.
+  std::optional<double> end;
+  if (!isUtc && !icaltime_is_null_time(rule.until) && icaltime_is_utc(rule.until) != 0) {
+    end = static_cast<double>(icaltime_as_timet(rule.until));
+    rule.until = icaltime_null_time();
+  }
   // Rules of hours or less can run long before they yield anything; no appointment needs one.
   if (rule.freq >= ICAL_DAILY_RECURRENCE && rule.freq != ICAL_NO_RECURRENCE) {
     const icaltimetype begin = icaltime_from_string(local.c_str());
@@ -73,7 +81,8 @@ std::vector<double> CalendarEvent::startsWithin(double from, double until) {
       IcsProperty stated = *first;
       stated.value = icaltime_as_ical_string(next);
       if (isUtc && stated.value.back() != 'Z') stated.value += 'Z';
-      if (!take(stated)) break;
+      const auto time = zones.read(stated);
+      if ((end && time && time->seconds > *end) || !take(stated)) break;
     }
   }
   for (const IcsProperty& gone : singleTimes(m_store->m_document.properties(component(), "EXDATE"))) {

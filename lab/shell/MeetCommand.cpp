@@ -142,7 +142,7 @@ void copyMeetings(const std::string& database, const std::string& copy) {
   try {
     MeetingStore::copy(database, copy);
   } catch (const StoreError& error) {
-    throw UsageError(database + ": " + error.what());
+    throw UsageError(database + " cannot be copied to " + copy + " for the trial: " + error.what());
   }
 }
 

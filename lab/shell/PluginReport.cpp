@@ -8,7 +8,6 @@
 #include "lab/shell/TextColumns.h"
 #include "lab/shell/Words.h"
 #include "secrets/SecretMask.h"
-#include "util/Utf16.h"
 
 namespace vornlab {
 namespace {

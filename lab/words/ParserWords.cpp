@@ -8,6 +8,8 @@ namespace vornlab {
 std::string namesOfCommands(const CLI::App& program) {
   std::string names;
   for (const CLI::App* command : program.get_subcommands(nullptr)) {
+    // Help leaves out what has no group, too.
+    if (command->get_group().empty()) continue;
     names += (names.empty() ? "" : ", ") + command->get_name();
   }
   return names;

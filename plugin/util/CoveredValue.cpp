@@ -21,8 +21,9 @@ Value covered(const Value& value, std::string_view key) {
   // Two names may be covered alike, and both entries are there to be seen.
   std::map<std::string, int> times;
   for (const auto& [name, entry] : value.entries()) {
-    std::string shown = SecretMask::covered(name);
-    if (shown != name && ++times[shown] > 1) shown += " " + std::to_string(times[shown]);
+    const std::string plain = SecretMask::covered(name);
+    std::string shown = plain;
+    while (entries.contains(shown)) shown = plain + " " + std::to_string(++times[plain] + 1);
     entries[shown] = covered(entry, SecretMask::keyThatCounts(key, name));
   }
   return entries;

@@ -33,9 +33,9 @@ bool JsonWriter::add(const Value& value) {
 bool JsonWriter::addReal(double number) {
   if (!std::isfinite(number)) return false;
   char digits[32];
-  // As few digits as read back as the same number. The library's own way of finding them is not there on all
-  // systems that this runs on. A number beyond 64 bits gets an exponent so, without which a reader would take it
-  // for a whole one.
+  // At most 17 digits, and 15 where these read back as the same number. The library's own way of finding them is
+  // not there on all systems that this runs on. A number beyond 64 bits gets an exponent so, without which a
+  // reader would take it for a whole one.
   for (const int count : {15, 16, 17}) {
     std::snprintf(digits, sizeof digits, "%.*g", count, number);
     if (std::strtod(digits, nullptr) == number) break;

@@ -2,6 +2,7 @@
 
 #include "lab/desktop/WeekPlan.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <gmock/gmock.h>
@@ -66,6 +67,34 @@ TEST(WeekPlan, PutsWhatSharesATimeBesideEachOther) {
               ElementsAre(ElementsAre(4, 1, 0, 0, 1), ElementsAre(0, 0, 9, 0, 2), ElementsAre(1, 0, 10, 1, 2),
                           ElementsAre(2, 0, 11, 0, 2), ElementsAre(3, 0, 13, 0, 1), ElementsAre(4, 0, 21, 0, 1)));
   EXPECT_EQ(pieces[3].bottom - pieces[3].top, kLeast);
+}
+
+TEST(WeekPlan, GivesEachDayItsPieceOfWhatLastsOverMidnight) {
+  const LocalClock clock = berlin();
+  const long monday = clock.monday(kForward);
+  const auto at = [&](double hours) { return clock.seconds((monday * 24.0 + hours) * kHour); };
+  const double least = kLeast / kHour;
+  const struct {
+    double start;
+    double hours;
+    std::vector<std::vector<double>> pieces;
+  } rows[] = {{23.75, 7.25, {{0, 24 - least, 24}, {1, 0, 7}}},
+              {22, 2 + 1.0 / 60, {{0, 22, 24}, {1, 0, least}}},
+              {22, 2, {{0, 22, 24}}},
+              {24, 0, {{1, 0, least}}},
+              {7 * 24 - 0.1, 8, {{6, 24 - least, 24}}},
+              {-8, 0, {}}};
+  for (const auto& row : rows) {
+    std::vector<std::vector<double>> seen;
+    for (const WeekPiece& each : arrangeWeek({item(0, at(row.start), row.hours)}, clock, monday, kLeast)) {
+      seen.push_back({1.0 * each.day, each.top / kHour, each.bottom / kHour});
+    }
+    std::sort(seen.begin(), seen.end());
+    ASSERT_EQ(seen.size(), row.pieces.size()) << row.start;
+    for (std::size_t i = 0; i < seen.size(); ++i) {
+      EXPECT_THAT(seen[i], testing::Pointwise(testing::DoubleNear(1e-6), row.pieces[i])) << row.start;
+    }
+  }
 }
 
 TEST(WeekPlan, CutsWholeDaysAtTheEdgesOfTheWeek) {

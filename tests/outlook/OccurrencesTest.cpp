@@ -43,7 +43,10 @@ TEST(Occurrences, AreToldByTheClockOfTheSeries) {
        kFirst,
        kFirst + 15 * kDay,
        {kFirst, summer}},
-      {seriesOf(berlin, "RRULE:FREQ=WEEKLY;UNTIL=20300326T000000Z"), kFirst, kFirst + 99 * kDay, {kFirst, gone}},
+      // The last date itself, in UTC and on the series' own clock, and the moment before it.
+      {seriesOf(berlin, "RRULE:FREQ=WEEKLY;UNTIL=20300325T080000Z"), kFirst, kFirst + 99 * kDay, {kFirst, gone}},
+      {seriesOf(berlin, "RRULE:FREQ=WEEKLY;UNTIL=20300325T090000"), kFirst, kFirst + 99 * kDay, {kFirst, gone}},
+      {seriesOf(berlin, "RRULE:FREQ=WEEKLY;UNTIL=20300325T075959Z"), kFirst, kFirst + 99 * kDay, {kFirst}},
       {seriesOf(":20300318T080000Z", "RRULE:FREQ=DAILY"),
        kFirst + 1000 * kDay,
        kFirst + 1001.5 * kDay,
