@@ -1,6 +1,7 @@
 #include "lab/desktop/DesktopSession.h"
 
 #include <cstdlib>
+#include <vector>
 
 #include "lab/client/Faults.h"
 #include "lab/desktop/Application.h"
@@ -60,16 +61,6 @@ constexpr double kLongSeconds = 3600;
 // The plug-in clears up a hundredth of a second after a window has closed.
 constexpr int kClearingTurns = 6;
 
-NSButton* buttonIn(NSView* bar, SEL action) {
-  NSEnumerator* views = [[bar subviews] objectEnumerator];
-  while (NSView* view = [views nextObject]) {
-    if (![view isKindOfClass:[NSButton class]]) continue;
-    NSButton* button = static_cast<NSButton*>(view);
-    if (sel_isEqual([button action], action)) return button;
-  }
-  return nil;
-}
-
 }  // namespace
 
 void DesktopSession::beginApplication() {
@@ -125,32 +116,20 @@ DesktopSession::~DesktopSession() {
 
 void DesktopSession::openEditor(const CalendarEvent* event) {
   const Pool pool;
-  if (!event) {
+  if (event) {
+    host().openEditorAt(event->index());
+  } else {
     [ERCalendarEventEditorWindowController showWindowForNewEvent];
-    return;
   }
-  ECCalendarEvent* shown =
-      [[[ECCalendarEvent alloc] initWithStore:&calendar()
-                                        index:static_cast<NSInteger>(event->index())] autorelease];
-  openEditorOf(shown);
 }
 
 void DesktopSession::closeEditors() {
-  const Pool pool;
-  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
-  while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
+  for (const HostFace::EditorId editor : host().editors()) host().closeWithoutSaving(editor);
 }
 
 bool DesktopSession::pressInBar(const std::string& action) {
-  const Pool pool;
-  ERCalendarEventEditorWindowController* controller =
-      [[ERCalendarEventEditorWindowController openControllers] lastObject];
-  if (!controller) return false;
-  NSView* bar = barIn(controller->m_header);
-  NSButton* button = buttonIn(bar, sel_registerName(action.c_str()));
-  if (!button || [button isHiddenOrHasHiddenAncestor] || ![button isEnabled]) return false;
-  [button performClick:nil];
-  return true;
+  const std::vector<HostFace::EditorId> open = host().editors();
+  return !open.empty() && host().clickBar(open.back(), action.c_str());
 }
 
 NSWindow* DesktopSession::editorWindow() const {

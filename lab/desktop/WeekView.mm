@@ -48,6 +48,8 @@ struct State {
   vorn::OptionalText zone;
   // The Monday, counted from the first day of 1970.
   long week = 0;
+  // What may stand in that week.
+  std::vector<WeekItem> ofWeek;
   std::vector<WeekPiece> pieces;
   int lines = 0;
   std::optional<std::size_t> selected;
@@ -112,6 +114,8 @@ WeekItem movedTo(WeekItem item, double start) {
 }  // namespace
 
 @interface vnWeekView ()
+// Finds what stands in the week, and puts it into its places.
+- (void)gather;
 - (void)arrange;
 - (void)beginNaming;
 // Stores what was typed, and takes the field away.
@@ -170,12 +174,12 @@ WeekItem movedTo(WeekItem item, double start) {
         state.byStart.empty() ? [[NSDate date] timeIntervalSince1970] : state.byStart.front().start;
     state.week = clockOf([self zone]).monday(first);
   }
-  [self arrange];
+  [self gather];
 }
 - (void)showWeekOf:(double)seconds {
   [self endNaming];
   [self state].week = clockOf([self zone]).monday(seconds);
-  [self arrange];
+  [self gather];
 }
 - (NSTimeZone*)zone {
   const vorn::OptionalText& name = [self state].zone;
@@ -208,19 +212,18 @@ WeekItem movedTo(WeekItem item, double start) {
   return NSMakeRect(left + piece.column * width, [self daysHeight] + piece.top / kHour * kHourHeight + 1,
                     std::max(width - 2, 1.0), (piece.bottom - piece.top) / kHour * kHourHeight - 2);
 }
-- (void)arrange {
+- (void)gather {
   State& state = [self state];
   const LocalClock clock = clockOf([self zone]);
   // A day more on both sides, for days that begin elsewhere at another time.
   const double from = clock.seconds(static_cast<double>(state.week - 1) * LocalClock::kDay);
   const double until = clock.seconds(static_cast<double>(state.week + kDaysShown + 1) * LocalClock::kDay);
-  std::vector<WeekItem> items;
+  std::vector<WeekItem>& items = state.ofWeek;
+  items.clear();
   auto next = std::lower_bound(state.byStart.begin(), state.byStart.end(), from - state.longest,
                                [](const WeekItem& each, double start) { return each.start < start; });
   for (; next != state.byStart.end() && next->start < until; ++next) {
-    if (next->end < from) continue;
-    const bool isDragged = state.dragged && state.dragged->before.index == next->index;
-    items.push_back(isDragged ? state.dragged->now : *next);
+    if (next->end >= from) items.push_back(*next);
   }
   for (const WeekItem& first : state.series) {
     CalendarEvent event = vornlab::shownStore()->eventAt(first.index);
@@ -229,6 +232,15 @@ WeekItem movedTo(WeekItem item, double start) {
       items.push_back(movedTo(first, start));
       items.back().isRepeated = true;
     }
+  }
+  [self arrange];
+}
+- (void)arrange {
+  State& state = [self state];
+  const LocalClock clock = clockOf([self zone]);
+  std::vector<WeekItem> items = state.ofWeek;
+  for (WeekItem& item : items) {
+    if (state.dragged && !item.isRepeated && state.dragged->before.index == item.index) item = state.dragged->now;
   }
   state.pieces = arrangeWeek(items, clock, state.week, (kLeastHeight + 2) / kHourHeight * kHour);
   state.lines = 0;

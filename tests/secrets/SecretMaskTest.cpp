@@ -137,6 +137,8 @@ TEST(SecretMask, FollowsKeysThroughDocuments) {
     "pin":"******","list":[{"email":"******"},true],"of ******":"?tk=******","alternateHosts":[],
     "passwordMinLength":6})");
   EXPECT_EQ(vornlab::coveredJson(document), expected);
+  const auto alike = nlohmann::ordered_json::parse(R"({"a@b.c":1,"******":2,"d@b.c":3,"****** 3":4})");
+  EXPECT_EQ(vornlab::coveredJson(alike).dump(), R"({"******":1,"****** 2":2,"****** 3":3,"****** 3 2":4})");
   const Value value = Value::dictionaryFromPairs({{"pin", 4711},
                                                   {"hosts", Value::Array{"a@b.c"}},
                                                   {"passcode", Value::dictionaryFromPairs({{"value", "x"}})}});
