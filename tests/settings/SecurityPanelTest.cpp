@@ -255,6 +255,50 @@ TEST_F(SecurityPanelTest, EndToEndEncryptionTakesRecordingAndEarlyJoiningAwayAnd
   EXPECT_FALSE(settings()[vn_Setting_EnableE2ee].boolValue());
 }
 
+// Steps of loading overwrite what earlier ones have set: the account's locks what the record says, encryption what
+// the locks leave, and the security section what encryption leaves.
+TEST_F(SecurityPanelTest, ALaterStepOfLoadingHasTheLastWord) {
+  Account account = endToEnd();
+  account.set_id("me");
+  account.set_useroption(bits(UserOption::EnableCloudRecording, UserOption::EnableAutoRecordingByDefault,
+                              UserOption::EnableCloudRecordingByDefault,
+                              UserOption::AlwaysEnableJoinBeforeHostByDefault,
+                              UserOption::AlwaysUseBothAsDefaultAudio));
+  account.set_useroption3(account.useroption3() |
+                          bits(UserOption3::isEnableE2eeMeeting, UserOption3::isEnableAudioWatermark,
+                               UserOption3::isEnableRequirePassword, UserOption3::isEnableWaitingRoomNewLogic));
+  account.set_useroption4(bits(UserOption4::isLockAudioWatermark, UserOption4::isLockScheduleRequirePassword));
+  vnUserProfileHelper::sharedInstance().setData(
+      Value::dictionaryFromPairs({{"userId", "me"},
+                                  {vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
+                                  {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
+                                  {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true}}));
+  open();
+  const auto states = [&] {
+    std::vector<std::string> list;
+    for (const char* key : {"requiredMeetingPswButton", "enableWaitingRoom", "enableJBHButton",
+                            "autoRecordingButton", "autoRecordingOptionMatrixLocal", "voipButton", "bothButton",
+                            "audioWatermarkButton", "onlySignedinWithSpecifiedDomains", "endtoendButton"}) {
+      const Control& each = control(key);
+      list.push_back(std::string(key) +
+                     (each.hidden ? " hidden"
+                      : each.on   ? " on"
+                                  : " off") +
+                     (each.hidden || each.enabled ? "" : ", locked"));
+    }
+    return list;
+  };
+  const auto loaded = states();
+  EXPECT_THAT(loaded,
+              ElementsAre("requiredMeetingPswButton on, locked", "enableWaitingRoom off", "enableJBHButton hidden",
+                          "autoRecordingButton off", "autoRecordingOptionMatrixLocal hidden",
+                          "voipButton on, locked", "bothButton hidden", "audioWatermarkButton on, locked",
+                          "onlySignedinWithSpecifiedDomains on", "endtoendButton on"));
+  EXPECT_FALSE(control("passwordTextField").text.empty()) << "the locked switch asks for one";
+  view().updateUIItemsForNextTime();
+  EXPECT_EQ(states(), loaded) << "no step goes by what a later one has yet to set";
+}
+
 TEST_F(SecurityPanelTest, EachBannerClosesForGoodAndLeadsToItsPage) {
   vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
       {{"userId", "me"}, {vn_Profile_ProfileSettingURL, "https://vorn.example/profile"}}));
