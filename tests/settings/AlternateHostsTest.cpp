@@ -65,7 +65,7 @@ TEST(AlternateHostRules, APastedListBecomesChipsAndTheRestStays) {
   const std::pair<const char*, const char*> rows[] = {
       {"a@b.c", "[a@b.c]"},
       {"a@b.c; d@e.f;", "[a@b.c][d@e.f]"},
-      {" a@b.c,d@e.f , g@h.i\r\nj@k.l\tm@n.o", "[a@b.c][d@e.f][g@h.i][j@k.l][m@n.o]"},
+      {" a@b.c,d@e.f , g~g@h.i\r\nj@k.l\tm@n.o", "[a@b.c][d@e.f][g~g@h.i][j@k.l][m@n.o]"},
       {"bob; a@b.c; tom, ann;x", "bob[a@b.c]tom, ann;x"},
       {"Jane Doe <j@k.l>; \"Doe, John\" <d@e.f>; <g@h.i>", "[Jane Doe][Doe, John][g@h.i]"},
       {"Jane <j@k.l>, Bob <b@k.l>, c@k.l", "[Jane][Bob][c@k.l]"},

@@ -238,6 +238,11 @@ TEST_F(SecurityPanelTest, EndToEndEncryptionTakesRecordingAndEarlyJoiningAwayAnd
   EXPECT_FALSE(control("autoRecordingButton").on) << "nothing is recorded in the cloud";
   EXPECT_TRUE(control("autoRecordingOptionMatrixCloud").hidden);
   EXPECT_EQ(settings()[vn_Setting_AudioOption], Value(1));
+  for (const char* audio : {"telephonyButton", "bothButton", "thirdPartyAudioButton"}) {
+    EXPECT_THAT(control(audio).reason, HasSubstr("end-to-end encryption")) << audio;
+  }
+  for (const char* help : {"enhancedHelpButton", "endtoendHelpButton"})
+    EXPECT_EQ(control(help).text, "About this encryption");
   EXPECT_TRUE(shown()->isOnScreen("encryptionTipText"));
   click("encryptionTipLearnMoreButton");
   click("encryptionTipCloseButton");
