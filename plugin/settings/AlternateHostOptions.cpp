@@ -33,20 +33,24 @@ void AlternateHostOptions::initWithLocalString() {
 void AlternateHostOptions::initAlternateHosts() {
   const OptionFacts facts = m_panel.context.facts(m_panel.record);
   m_alternateHostBox.hidden = !facts.client.isVornClientSupportAHAndMuteOnEntry || !facts.account.isPaidUser;
-  // The record has the addresses that were typed. A word that is none yet is nowhere else, and the panel may be
-  // loaded once more while somebody types it.
+  // The panel may be loaded once more while somebody types, and from another meeting: what was typed stays, beside
+  // the hosts of that meeting.
   const std::string typed = m_isEdited ? m_alternateHostController.wordsThatAreNoAddress() : "";
   std::vector<TokenChip> chips;
   if (!m_alternateHostBox.hidden) {
     std::unordered_set<std::string> known;
-    for (const Value& host : m_panel.record.arrAlternateHosts().items()) {
-      const std::string& email = host.text();
+    const auto add = [&](const std::string& email) {
       if (!email.empty() && known.insert(email).second) {
         chips.push_back(chipOf(VNAlternateHostController::entryOf(email)));
       }
+    };
+    for (const Value& host : m_panel.record.arrAlternateHosts().items()) add(host.text());
+    if (m_isEdited) {
+      for (const std::string& host : m_alternateHostController.getInvitedUserInfoToCome()) add(host);
     }
   }
   m_alternateHostController.field().refill(chips, typed);
+  takeIntoRecord();
 }
 
 // -- What the user does ------------------------------------------------------------------------------------------

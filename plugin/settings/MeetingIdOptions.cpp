@@ -3,6 +3,7 @@
 #include "data/NotAgainFlags.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
+#include "host/proxies/vnMeetingInfoKeys.h"
 #include "settings/rules/MeetingIdRules.h"
 
 namespace vorn {
@@ -138,6 +139,15 @@ void MeetingIdOptions::getPMIMeetingInfo() {
   }
   m_context.getPMIMeetingInfo();
   m_steps.checkScheduleButton();
+}
+
+// Of a number that is not known, as after another window has ended, nothing can be said against it.
+bool MeetingIdOptions::isChosenPMI(const Value& meetingInfo) const {
+  const std::string email = m_steps.getUIScheduleForEmail();
+  const OptionalText id = email.empty() ? SettingsContext::profile().roomMeetingID()
+                                        : SettingsContext::profile().pmiMeetingIDWithScheduleForEmail(email);
+  const std::string& key = meetingInfo[vn_MeetingKey].text();
+  return m_buttonUsePMI.on && (id.value_or("").empty() || key.empty() || key == *id);
 }
 
 int MeetingIdOptions::checkPMISettingsCompliance(int index) {

@@ -27,6 +27,8 @@ class MeetingIdOptions {
   void leavePMIWithoutOne(int index);
   // Shows the personal meeting, from what was fetched before or when the client has answered.
   void getPMIMeetingInfo();
+  // Whether the meeting is the personal one that is chosen now.
+  bool isChosenPMI(const Value& meetingInfo) const;
 
   // What the user has changed; nothing for a control that is not this group's.
   void userChanged(std::string_view key);

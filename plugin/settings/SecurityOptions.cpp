@@ -77,11 +77,8 @@ void SecurityOptions::initPasscode() {
   m_requiredMeetingPswButton.hidden = false;
   m_passwordTextField.placeholder = panelText("LN_Schedule_PasswordPlaceHolder_82199");
   m_passwordTextField.spoken = panelText("LN_Schedule_Security_Passcode_166836");
-  // What the user has typed outlasts the next load of the same kind of meeting.
-  if (m_isTypedForPMI != m_record.usePMI()) {
-    m_isTypedForPMI.reset();
-    m_passwordTextField.text = m_record.meetingPassword().value_or("");
-  }
+  // What the user has typed outlasts the next load, and a look at the other kind of meeting.
+  m_passwordTextField.text = ownPasscode().value_or(m_record.meetingPassword().value_or(""));
   m_passwordTextField.hidden = !m_requiredMeetingPswButton.on;
   m_passwordTextField.enabled = m_requiredMeetingPswButton.on;
 }
@@ -157,8 +154,13 @@ bool SecurityOptions::checkIfNeedRegeneratePasscode() const {
 // A passcode that the service has accepted, or that the user is typing, is not replaced behind their back.
 void SecurityOptions::regenerateIfNeeded() {
   const bool isStored = isUpdate() && m_passwordTextField.text == m_record.meetingPassword().value_or("");
-  if ((isStored || m_isTypedForPMI) && !m_passwordTextField.text.empty()) return;
-  if (checkIfNeedRegeneratePasscode()) m_passwordTextField.text = vnSettingData::getRandomPassWord();
+  if ((isStored || ownPasscode()) && !m_passwordTextField.text.empty()) return;
+  if (checkIfNeedRegeneratePasscode()) setPasscode(vnSettingData::getRandomPassWord());
+}
+
+void SecurityOptions::setPasscode(std::string passcode) {
+  if (ownPasscode()) ownPasscode() = passcode;
+  m_passwordTextField.text = std::move(passcode);
 }
 
 void SecurityOptions::checkIfPasswordRequired() {
@@ -303,10 +305,10 @@ void SecurityOptions::closeTip() {
 }
 
 void SecurityOptions::fieldTextChange() {
-  m_isTypedForPMI = m_record.usePMI();
   m_wasNotStronger = false;
   const bool supportsRules = vnClientFeatureMgr::sharedInstance().isVornClientSupportPasswordRule();
   m_passwordTextField.text = typedPasscode(m_passwordTextField.text, supportsRules);
+  ownPasscode() = m_passwordTextField.text;
   resetPswHelpButtonState();
   const std::int64_t result = resetMeetingPasswordErrorTextField();
   m_steps.checkScheduleButton();
@@ -325,7 +327,7 @@ void SecurityOptions::onClickRequiredMeetingPswButton() {
   m_wasNotStronger = false;
   if (m_requiredMeetingPswButton.on) {
     requirePasscode();
-    if (checkIfNeedRegeneratePasscode()) m_passwordTextField.text = vnSettingData::getRandomPassWord();
+    if (checkIfNeedRegeneratePasscode()) setPasscode(vnSettingData::getRandomPassWord());
   } else {
     m_passwordTextField.hidden = true;
     m_steps.closeSubWindows();
@@ -345,7 +347,7 @@ void SecurityOptions::onClickEnableWaitingRoom() {
 }
 
 void SecurityOptions::forgetTyped() {
-  m_isTypedForPMI.reset();
+  m_typedPasscodes.fill(std::nullopt);
   m_wasNotStronger = m_wasSecurityNotSelected = false;
   closeTip();
 }

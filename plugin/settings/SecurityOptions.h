@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/controls/vnKeyUpTextField.h"
@@ -82,8 +84,11 @@ class SecurityOptions {
   PanelSteps& m_steps;
   VNPasswordRuleWindowController& m_passwordRuleWindow;
   vnKeyUpTextField m_passcodeField;
-  // The user has typed a passcode, for the kind of meeting ID that was chosen then.
-  std::optional<bool> m_isTypedForPMI;
+  // What the user has typed, and what stood in for it where it was no passcode, for the one kind of meeting ID and
+  // the other.
+  std::optional<std::string>& ownPasscode() { return m_typedPasscodes[m_record.usePMI() ? 1 : 0]; }
+  void setPasscode(std::string passcode);
+  std::array<std::optional<std::string>, 2> m_typedPasscodes;
   // What the service has refused stays told, and a tip shown, while the panel is loaded again and again, until the
   // user does something about it.
   bool m_wasNotStronger = false;

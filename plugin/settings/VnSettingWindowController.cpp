@@ -62,9 +62,11 @@ void VnSettingWindowController::userUsed(const std::string& key) {
 }
 
 // A reply for a panel that the user has left meanwhile comes too late: it would change what he has committed, or
-// dismissed.
+// dismissed. So does a personal meeting when he has chosen another person's since, or a number of its own: the
+// meeting would be made in somebody else's name.
 void VnSettingWindowController::refreshUI(bool forPMI) {
-  if (m_sheet) m_mySettingViewController->refreshUI(forPMI);
+  if (!m_sheet || (forPMI && !m_mySettingViewController->hasChosenPMI())) return;
+  m_mySettingViewController->refreshUI(forPMI);
 }
 
 void VnSettingWindowController::refreshUseWebSettingTipViewUI(bool forPMI) {

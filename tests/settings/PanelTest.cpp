@@ -4,6 +4,7 @@
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "data/OptionBits.h"
+#include "host/proxies/vnMeetingInfoKeys.h"
 #include "tests/settings/PanelFixture.h"
 #include "workflow/vnWorkflowKeys.h"
 
@@ -242,11 +243,22 @@ TEST_F(SettingsPanelTest, OfANewMeetingGoesBackToWhatWasCommittedLast) {
 }
 
 TEST_F(SettingsPanelTest, IsThePersonalMeetingsOrTheAccountsAfterItIsRefreshed) {
+  vnUserProfileHelper::sharedInstance().setData(
+      Value::dictionaryFromPairs({{"userId", "me"}, {vn_Setting_RoomMeetingId, "5550119926"}}));
   open();
-  panels.getSchSettingWindowInArray(id())->setPMIMeetingInfo(Value::dictionaryFromPairs(
-      {{vn_Setting,
-        Value::dictionaryFromPairs({{vn_Setting_EnableHostVideo, true}, {vn_Setting_MeetingPassword, "777"}})}}));
-  panels.refreshSettingWindow(id(), true);
+  const auto reply = [&](const char* number) {
+    panels.getSchSettingWindowInArray(id())->setPMIMeetingInfo(Value::dictionaryFromPairs(
+        {{vn_MeetingKey, number},
+         {vn_Setting, Value::dictionaryFromPairs(
+                          {{vn_Setting_EnableHostVideo, true}, {vn_Setting_MeetingPassword, "777"}})}}));
+    panels.refreshSettingWindow(id(), true);
+  };
+  reply("5550119926");
+  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue()) << "the user has turned to another number since";
+  turn("buttonUsePMI", true);
+  reply("5550000000");
+  EXPECT_EQ(control("videoHostMatrix").index, 1) << "it is somebody else's";
+  reply("5550119926");
   EXPECT_TRUE(settings()[vn_Setting_IsPMI].boolValue());
   EXPECT_EQ(settings()[vn_Setting_MeetingPassword], Value("777"));
   EXPECT_EQ(control("videoHostMatrix").index, 0);

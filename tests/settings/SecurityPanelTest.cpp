@@ -326,6 +326,7 @@ TEST_F(SecurityPanelTest, EachBannerClosesForGoodAndLeadsToItsPage) {
 TEST_F(SecurityPanelTest, TheUserSettingTipGoesWithThePersonalMeeting) {
   open();
   for (const bool forPMI : {true, false}) {
+    turn(forPMI ? "buttonUsePMI" : "buttonOneTimeMeeting", true);
     panels.refreshSettingWindow(id(), forPMI);
     EXPECT_EQ(control("userSettingTipView").hidden, forPMI);
   }

@@ -88,7 +88,14 @@ std::string PanelProperty::value(Stage& stage) const {
 void PanelProperty::set(Stage& stage, const std::string& value) const {
   if (property == "on") {
     if (value != "yes" && value != "no") throw Mismatch(control + ".on is yes or no", value);
-    use(stage, control, [&](Control& changed) { changed.on = value == "yes"; });
+    const Control& now = controlOf(stage, control);
+    if (value == "no" && now.kind == Control::Kind::radioButton) {
+      throw Mismatch("another choice of the group, for nobody takes one back", control + ".on no");
+    }
+    // Whoever wants it as it is presses nothing, yet it has to be there.
+    const bool isSo =
+        now.on == (value == "yes") && now.enabled && panels(stage).on(windowOf(stage))->isOnScreen(control);
+    if (!isSo) use(stage, control, [&](Control& changed) { changed.on = value == "yes"; });
   } else if (property == "text") {
     use(stage, control, [&](Control& changed) { changed.text = value; });
   } else if (property == "index" || property == "chosen") {
