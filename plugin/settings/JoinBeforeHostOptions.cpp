@@ -29,10 +29,15 @@ void JoinBeforeHostOptions::initJBHOptions() {
   m_enableJBHButton.toolTip = title.toolTip;
   m_jbhLimitTimePopUp.hidden = offer.popupIsHidden();
   m_jbhBeforeStartTime.hidden = offer.popupIsHidden();
-  m_jbhBeforeStartTime.text = panelText("LN_Schedule_JBH_TimeLimit_Options_126364");
   if (offer.popupIsHidden()) return;
   m_jbhLimitTimePopUp.items.assign(offer.items.begin(), offer.items.end());
   m_jbhLimitTimePopUp.index = offer.index;
+  ShownText end{panelText("LN_Schedule_JBH_TimeLimit_Options_126364")};
+  if (!fitInOneLine({title.text, offer.items[static_cast<std::size_t>(offer.index)], end.text})) {
+    end = shownText(LongText::joinBeforeHostEnd, end.text);
+  }
+  m_jbhBeforeStartTime.text = end.text;
+  m_jbhBeforeStartTime.toolTip = end.toolTip;
   checkJbhPriorTimeAccountLocked();
 }
 

@@ -4,6 +4,7 @@
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnMeetingInfoKeys.h"
+#include "settings/rules/LongTexts.h"
 #include "settings/rules/MeetingIdRules.h"
 
 namespace vorn {
@@ -56,7 +57,10 @@ std::string MeetingIdOptions::getUsePMITitle(const std::string& email) const {
   return usePMITitle(vnSettingData::getFormatRoomMeetingId(id), panelText);
 }
 
-void MeetingIdOptions::updatePMITitle(int index) { m_buttonUsePMI.text = getUsePMITitle(emailOf(index)); }
+void MeetingIdOptions::updatePMITitle(int index) {
+  m_buttonUsePMI.text = getUsePMITitle(emailOf(index));
+  m_buttonUsePMI.toolTip = fitInOneLine({m_buttonUsePMI.text}) ? "" : m_buttonUsePMI.text;
+}
 
 void MeetingIdOptions::updateOneTimeMeetingTitle() {
   const bool isPersonal = m_record.usePMI() || m_hasLostPMI;

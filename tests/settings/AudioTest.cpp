@@ -230,11 +230,13 @@ TEST_F(AudioPanelTest, AsksForTheThirdPartysTextAndKeepsItWhileThePanelIsLoadedA
 
 TEST_F(AudioPanelTest, EndToEndEncryptionLeavesTheComputersAudioAndGivesTheRestBack) {
   Account account;
-  account.set_useroption(static_cast<std::int64_t>(UserOption::AlwaysUseBothAsDefaultAudio));
+  account.set_useroption(static_cast<std::int64_t>(UserOption::AlwaysUseBothAsDefaultAudio) |
+                         static_cast<std::int64_t>(UserOption::EnableThirdPartyAudio));
   account.set_useroption3(static_cast<std::int64_t>(UserOption3::isSupportE2eeMeeting) |
                           static_cast<std::int64_t>(UserOption3::canScheduleE2eeMeeting));
   knowAccount(account, Value::dictionaryFromPairs({{vn_Profile_SupportFeatureOptions, 1}}));
   open();
+  EXPECT_FALSE(control("thirdPartyAudioButton").hidden);
   turn("endtoendButton", true);
   for (const char* key : {"telephonyButton", "bothButton", "thirdPartyAudioButton", "selectedCountriesField",
                           "editCountriesButton", "thirdPartyAudioTextField"}) {

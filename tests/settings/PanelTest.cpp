@@ -80,14 +80,18 @@ TEST_F(SettingsPanelTest, HasWordsForEverythingThatItShows) {
   EXPECT_EQ(columns.size(), 2u);
   EXPECT_EQ(columns, control("videoParticipantMatrix").items);
   EXPECT_EQ(control("buttonContinue").text, "Continue");
+  std::vector<std::string> windows;
   for (const std::string& key : shown()->keys()) {
     const Control& each = control(key);
+    if (each.kind == Control::Kind::window) windows.push_back(key);
     const std::string words = each.text + each.toolTip + each.spoken + each.placeholder;
     EXPECT_THAT(words, Not(testing::HasSubstr("LN_"))) << key;
     const bool isContainer = each.kind == Control::Kind::box || each.kind == Control::Kind::window;
     if (isContainer || each.kind == Control::Kind::popup || !shown()->isOnScreen(key)) continue;
     EXPECT_THAT(words, Not(IsEmpty())) << key;
   }
+  EXPECT_THAT(windows, ElementsAre("alternateHostSearchListWindow", "editCountriesWindow", "domainsWindow",
+                                   "passwordRuleWindow", "allowDenyRCWindow", "allowDenyRCSearchListWindow"));
   ASSERT_EQ(control("selectLanguagePopup").items.size(), 12u);
   for (const ControlItem& item : control("selectLanguagePopup").items)
     EXPECT_THAT(item.title, Not(StartsWith("LN_")));

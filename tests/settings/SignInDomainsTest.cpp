@@ -116,9 +116,14 @@ TEST(SignInRulesTest, LongDomainsAreCountedAndCutAndLockedOnesCanOnlyBeSeen) {
     EXPECT_EQ(line.linkIsShown, *row.link != '\0');
     EXPECT_EQ(line.linkIsShown ? line.link : "", row.link);
   }
-  const auto cut = domainLine(auth("i", "n", 1, longer), false, textOfKey).text;
-  EXPECT_EQ(cut.text, longer.substr(0, 42) + "...");
-  EXPECT_EQ(cut.toolTip, longer);
+  // Text and link share a line.
+  for (const auto& [linkLength, kept] : {std::pair(30, 42), {31, 27}}) {
+    const auto link = [length = linkLength](auto, auto) {
+      return std::string(static_cast<std::size_t>(length), 'v');
+    };
+    const auto cut = domainLine(auth("i", "n", 1, longer), false, link).text;
+    EXPECT_EQ(cut, (ShownText{longer.substr(0, static_cast<std::size_t>(kept)) + "...", longer}));
+  }
 }
 
 TEST(SignInRulesTest, TheFirstBadPieceIsFoundAtItsOwnOffset) {

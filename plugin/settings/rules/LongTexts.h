@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 namespace vorn {
 
@@ -9,10 +11,12 @@ namespace vorn {
 // units, the mark at the end included.
 enum class LongText : std::int32_t {
   popupItem = 45,
-  // The expression of the chosen authentication's domains, and the same on a line wider than 490 points.
+  // The expression of the chosen authentication's domains, and the same where its line would be too wide.
   domains = 45,
   domainsOnWideLine = 30,
   joinBeforeHostLine = 65,
+  // Behind the times, where that line would be too wide.
+  joinBeforeHostEnd = 10,
   optionTitle = 65,
   prompt = 70,
   selectedCountries = 55,
@@ -34,5 +38,9 @@ struct ShownText {
 
 // Time linear in the text.
 ShownText shownText(LongText place, const std::string& text);
+
+// Whether the texts stand beside each other in a line of the panel, which is 490 points wide. What the panel shows
+// does not hang on a screen, so a letter counts as wide as one is on average.
+bool fitInOneLine(std::initializer_list<std::string_view> texts);
 
 }  // namespace vorn

@@ -88,11 +88,11 @@ DomainLine domainLine(const Value& auth, bool isLocked, const TextSource& texts)
   const auto separators = std::count_if(domains.begin(), domains.end(),
                                         [](char c) { return kSeparators.find(c) != std::string_view::npos; });
   const std::string count = std::to_string(separators + 1);
-  return {.textIsShown = true,
-          .text = shownText(LongText::domains, domains),
-          .linkIsShown = true,
-          .link = isLocked ? texts("LN_Schedule_SignInDomain_ViewEdit_Lock_126367", {count})
-                           : texts("LN_Schedule_SignInDomain_ViewEdit_126367", {count})};
+  std::string link = isLocked ? texts("LN_Schedule_SignInDomain_ViewEdit_Lock_126367", {count})
+                              : texts("LN_Schedule_SignInDomain_ViewEdit_126367", {count});
+  ShownText text = shownText(LongText::domains, domains);
+  if (!fitInOneLine({text.text, link})) text = shownText(LongText::domainsOnWideLine, domains);
+  return {.textIsShown = true, .text = std::move(text), .linkIsShown = true, .link = std::move(link)};
 }
 
 std::optional<TextRange> firstBadDomain(std::string_view domains, std::string_view separators,
