@@ -1,6 +1,7 @@
 # shellcheck shell=bash
 # The checks of `./run check`: each prints OK or FAIL, and a failing one what it found. Sourced by run.
 
+# .ci/run names each of them, in its own order.
 all_checks=(format tidy floors names portable outputs asan tsan)
 # These run only when they are named.
 named_checks=(quick macos fuzz)
