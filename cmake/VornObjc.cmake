@@ -1,10 +1,15 @@
-# The Objective-C side: on macOS the system's, elsewhere GNUstep with g++. Where either is missing VORN_OBJC is off,
-# and what is written in Objective-C++ is left out of the build.
+# The Objective-C side: on macOS the system's, elsewhere GNUstep with g++. Where GNUstep or libffi is missing VORN_OBJC
+# is off, and what is written in Objective-C++ is left out of the build. On macOS nothing would be left to load, so there
+# a missing libffi ends the configuration.
 
 set(VORN_OBJC OFF)
-pkg_check_modules(FFI IMPORTED_TARGET libffi)
+set(ffi_is_needed)
 if(APPLE)
-  set(VORN_OBJC ${FFI_FOUND})
+  set(ffi_is_needed REQUIRED)
+endif()
+pkg_check_modules(FFI ${ffi_is_needed} IMPORTED_TARGET libffi)
+if(APPLE)
+  set(VORN_OBJC ON)
   # Many names of the toolkit have newer ones here, which GNUstep does not know.
   set(objc_options -Wno-deprecated-declarations)
   set(objc_libraries "-framework Foundation")
