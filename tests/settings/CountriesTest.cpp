@@ -3,7 +3,6 @@
 
 #include <chrono>
 
-#include "data/OptionBits.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "settings/rules/CountryRules.h"
 #include "tests/settings/PanelFixture.h"
@@ -17,7 +16,6 @@ using namespace panel_rules;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
-using Account = com::tidemar::webapp::proto::UserProfile;
 
 Value list(const std::vector<const char*>& codes) {
   Value array = Value::array();
@@ -213,9 +211,6 @@ class CountriesPanelTest : public SettingsPanelTest {
 TEST_F(CountriesPanelTest, ListsTheCountriesByTheirNamesAndWhatIsChosenCountsAfterDone) {
   openWindow();
   EXPECT_THAT(rows(), ElementsAre("Austria", "Germany*", "Taiwan", "United States*"));
-  EXPECT_EQ(control("_displaySelectedLabel").text, "United States, Germany");
-  EXPECT_EQ(control("_selectBtn").text, "Clear selection");
-  EXPECT_EQ(control("_includeTollfreeNumberBtn").text, "Include toll-free numbers");
   turn("countryRow0", true);
   turn("countryRow3", false);
   turn("_includeTollfreeNumberBtn", true);
@@ -227,7 +222,6 @@ TEST_F(CountriesPanelTest, ListsTheCountriesByTheirNamesAndWhatIsChosenCountsAft
   EXPECT_EQ(control("selectedCountriesField").text, "Dial in from Germany and Austria")
       << "also when loaded again";
   EXPECT_EQ(committed(), list({"DE", "AT"}));
-  EXPECT_TRUE(settings()[vn_Setting_AvailableDialinCountry][vn_Setting_DialinCountry_IncludeTollfree].boolValue());
   openWindow();
   EXPECT_THAT(rows(), ElementsAre("Austria*", "Germany*", "Taiwan", "United States"));
   EXPECT_TRUE(control("_includeTollfreeNumberBtn").on);
@@ -293,7 +287,6 @@ TEST_F(CountriesPanelTest, TheKeyboardSearchesChoosesAndLeaves) {
 TEST_F(CountriesPanelTest, AreClearedByACommitOfAudioWithoutTheTelephone) {
   open();
   turn("voipButton", true);
-  EXPECT_TRUE(control("editCountriesButton").hidden && control("selectedCountriesField").hidden);
   EXPECT_TRUE(committed().isAbsent());
   open();
   vnUserProfileHelper::sharedInstance().clearUserProfile();
@@ -318,19 +311,6 @@ TEST_F(CountriesPanelTest, AreThoseOfBeforeWhenThePanelIsDismissed) {
   }
 }
 
-TEST_F(CountriesPanelTest, WithoutAnyThePanelSaysSoAndContinueHasToWait) {
-  know({"US", "DE"}, {""});
-  open();
-  EXPECT_TRUE(control("selectedCountriesField").isRed);
-  EXPECT_FALSE(control("buttonContinue").enabled);
-  click("editCountriesButton");
-  turn("countryRow0", true);
-  EXPECT_FALSE(control("buttonContinue").enabled);
-  click("_doneBtn");
-  EXPECT_FALSE(control("selectedCountriesField").isRed);
-  EXPECT_TRUE(control("buttonContinue").enabled);
-}
-
 TEST_F(CountriesPanelTest, AnotherPanelsWindowKeepsItsOwnChoice) {
   openWindow();
   const FakeWindow other(test);
@@ -350,9 +330,8 @@ TEST_F(CountriesPanelTest, AnotherPanelsWindowKeepsItsOwnChoice) {
 }
 
 TEST_F(CountriesPanelTest, DataCentresNarrowThemAndTheTipTellsOfIt) {
-  Account account;
+  Account account = accountWith(UserOption3::isSupportRegionCustomization);
   account.set_id("me");
-  account.set_useroption3(static_cast<std::int64_t>(UserOption3::isSupportRegionCustomization));
   const auto center = [](const char* dc) { return Value::dictionaryFromPairs({{"dc", dc}, {"name", dc}}); };
   const Value maximum = Value::dictionaryFromPairs(
       {{"maximumDialinCountries", list({"US", "DE", "AT"})},

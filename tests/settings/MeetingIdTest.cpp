@@ -2,7 +2,6 @@
 
 #include "channel/store/JsonTextFile.h"
 #include "data/NotAgainFlags.h"
-#include "data/OptionBits.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "settings/rules/MeetingIdRules.h"
 #include "settings/rules/ScheduleForRules.h"
@@ -24,47 +23,36 @@ constexpr const char* kBob = "bob@vorn.example";
 
 TEST(MeetingIdRulesTest, TellsWhoseIdIsTurnedOffAndWhatFollows) {
   const char* none = nullptr;
+  constexpr auto ofNew = "Schedule_DisablePMI_Message", ofUpdate = "Update_DisablePMI_Message";
+  constexpr auto danas = "Schedule_DisablePMI_Message_ScheduleForOther(Dana)",
+                 jons = "Schedule_DisablePMI_Message_ScheduleForOtherWithSSuffix(Jons)",
+                 jonsUpdate = "Update_DisablePMI_Message_ScheduleForOtherWithSSuffix(Jons)";
+  using Facts = DisabledPMIFacts;
+  const Facts jonsNoMore{.isDisabled = true,
+                         .isForMyself = false,
+                         .name = "Jons",
+                         .personalId = "5",
+                         .doNotShowDisablePMIMessage = true},
+      jonsPersonal{.isDisabled = true, .isForMyself = false, .name = "Jons", .isUpdate = true, .usePMI = true};
   const struct {
     const char* name;
-    DisabledPMIFacts facts;
+    Facts facts;
     bool isShown;
     const char* text;
   } rows[] = {
       {"not turned off", {.usePMI = true, .personalId = "5"}, false, none},
-      {"a new meeting", {.isDisabled = true, .personalId = "5"}, true, "Schedule_DisablePMI_Message"},
+      {"a new meeting", {.isDisabled = true, .personalId = "5"}, true, ofNew},
       {"a user without an ID", {.isDisabled = true, .personalId = "0"}, false, none},
-      {"no more",
-       {.isDisabled = true, .personalId = "5", .doNotShowDisablePMIMessage = true},
-       false,
-       "Schedule_DisablePMI_Message"},
-      {"a personal meeting",
-       {.isDisabled = true, .isUpdate = true, .usePMI = true},
-       true,
-       "Update_DisablePMI_Message"},
-      {"a meeting with a number of its own",
-       {.isDisabled = true, .isUpdate = true, .personalId = "5"},
-       false,
-       none},
-      {"another person",
-       {.isDisabled = true, .isForMyself = false, .name = "Dana", .personalId = "5"},
-       true,
-       "Schedule_DisablePMI_Message_ScheduleForOther(Dana)"},
-      {"another person, no more",
-       {.isDisabled = true,
-        .isForMyself = false,
-        .name = "Jons",
-        .personalId = "5",
-        .doNotShowDisablePMIMessage = true},
-       true,
-       "Schedule_DisablePMI_Message_ScheduleForOtherWithSSuffix(Jons)"},
-      {"another person, by a user without an ID",
+      {"no more", {.isDisabled = true, .personalId = "5", .doNotShowDisablePMIMessage = true}, false, ofNew},
+      {"a personal meeting", {.isDisabled = true, .isUpdate = true, .usePMI = true}, true, ofUpdate},
+      {"one with its own number", {.isDisabled = true, .isUpdate = true, .personalId = "5"}, false, none},
+      {"another", {.isDisabled = true, .isForMyself = false, .name = "Dana", .personalId = "5"}, true, danas},
+      {"another person, no more", jonsNoMore, true, jons},
+      {"another, by a user without an ID",
        {.isDisabled = true, .isForMyself = false, .name = "Dana"},
        false,
        none},
-      {"another's personal meeting",
-       {.isDisabled = true, .isForMyself = false, .name = "Jons", .isUpdate = true, .usePMI = true},
-       true,
-       "Update_DisablePMI_Message_ScheduleForOtherWithSSuffix(Jons)"},
+      {"another's personal meeting", jonsPersonal, true, jonsUpdate},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -99,16 +87,12 @@ TEST(ScheduleForRulesTest, NamesThePeopleAndChoosesTheLastWithTheAddress) {
 class MeetingIdPanelTest : public SettingsPanelTest {
  protected:
   void knowAccount(bool isDisabled = false, bool isLocked = false) {
-    com::tidemar::webapp::proto::UserProfile account;
-    account.set_id("me");
+    Account account = isDefaultPMI ? accountWith(UserOption3::isDefaultScheduleUsePMI) : Account();
+    if (isLocked) account.MergeFrom(accountWith(UserOption4::isLockScheduleUsePMI));
     account.set_email("me@vorn.example");
     account.set_roommeetingid(5550142871);
-    account.set_useroption3(isDefaultPMI ? static_cast<std::int64_t>(UserOption3::isDefaultScheduleUsePMI) : 0);
-    account.set_useroption4(isLocked ? static_cast<std::int64_t>(UserOption4::isLockScheduleUsePMI) : 0);
-    vnUserProfileHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
-                                    {vn_Profile_IsDisablePMI, isDisabled},
-                                    {vn_Profile_Bosses, people}}));
+    SettingsPanelTest::knowAccount(
+        account, Value::dictionaryFromPairs({{vn_Profile_IsDisablePMI, isDisabled}, {vn_Profile_Bosses, people}}));
   }
   void knowList() {
     vnGetScheduleForListHelper::sharedInstance().setData(
@@ -142,24 +126,6 @@ class MeetingIdPanelTest : public SettingsPanelTest {
   bool isDefaultPMI = false;
   Value people = Value::array();
 };
-
-TEST_F(MeetingIdPanelTest, ThePersonalMeetingIsFetchedAndShownAndOneOfItsOwnIsTheAccounts) {
-  knowAccount();
-  open();
-  EXPECT_THAT(asked(), IsEmpty());
-  EXPECT_EQ(control("buttonUsePMI").text, "Personal Meeting ID 555 014 2871");
-  EXPECT_TRUE(control("buttonOneTimeMeeting").on);
-  turn("buttonUsePMI", true);
-  EXPECT_FALSE(control("buttonOneTimeMeeting").on || mayContinue());
-  EXPECT_THAT(asked(), ElementsAre("4;5550142871"));
-  answerMeeting("5550142871", true);
-  EXPECT_TRUE(mayContinue());
-  EXPECT_EQ(control("videoHostMatrix").index, 0);
-  EXPECT_TRUE(control("buttonUsePMI").on && settings()[vn_Setting_IsPMI].boolValue());
-  turn("buttonOneTimeMeeting", true);
-  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue() || control("buttonUsePMI").on);
-  EXPECT_TRUE(mayContinue());
-}
 
 TEST_F(MeetingIdPanelTest, ContinueComesBackWhenTheClientFails) {
   knowAccount();
@@ -254,35 +220,21 @@ TEST_F(MeetingIdPanelTest, ThreeGettersSayThreeThingsOfWhomItIsFor) {
   EXPECT_EQ(group.getScheduleForEmailFromUI(), "");
 }
 
-TEST_F(MeetingIdPanelTest, APersonIsChosenWithTheListAndWithThePersonalMeetingOfThatPerson) {
+TEST_F(MeetingIdPanelTest, ThePersonalMeetingOfAPersonIsFetchedOnceAndNoneForWhoHasNone) {
   people = Value::Array{person(kDana, "Dana", "5550777777"), person(kBob, "Bob")};
   knowAccount();
+  knowList();
   open();
-  EXPECT_THAT(asked(), ElementsAre("11"));
-  EXPECT_FALSE(mayContinue());
   choose("scheduleForPopup", 1);
-  EXPECT_THAT(asked(), IsEmpty()) << "the list is on its way";
-  EXPECT_EQ(control("buttonUsePMI").text, "Personal Meeting ID 555 077 7777");
-  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(""));
-  answerList();
-  EXPECT_TRUE(mayContinue());
-  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kDana));
-
   turn("buttonUsePMI", true);
   EXPECT_THAT(asked(), ElementsAre("4;5550777777"));
   answerMeeting("5550777777", true);
-  EXPECT_EQ(control("scheduleForPopup").index, 1) << "the reply does not say whose it is";
   turn("buttonOneTimeMeeting", true);
   turn("buttonUsePMI", true);
   EXPECT_THAT(asked(), IsEmpty()) << "it is known already";
-  EXPECT_TRUE(settings()[vn_Setting_IsPMI].boolValue());
-
   choose("scheduleForPopup", 2);
   EXPECT_THAT(asked(), IsEmpty()) << "Bob has no personal meeting, and mine is not his";
   EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue() || isOnScreen("meetingIDBox"));
-  EXPECT_EQ(control("scheduleForPopup").index, 2);
-  click("buttonContinue");
-  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kBob));
 }
 
 TEST_F(MeetingIdPanelTest, AListThatComesLateLeavesWhatTheUserHasChosen) {
@@ -348,21 +300,6 @@ TEST_F(MeetingIdPanelTest, TenThousandPeopleWithNamesOfAllKindsAreOffered) {
   choose("scheduleForPopup", 10000);
   click("buttonContinue");
   EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value("p9999@vorn.example"));
-}
-
-TEST_F(MeetingIdPanelTest, ADefaultDoesNotOverruleWhatIsShownWhenAnotherPersonIsChosen) {
-  people = Value::Array{person(kDana, "Dana")};
-  com::tidemar::webapp::proto::UserProfile account;
-  account.set_id("me");
-  account.set_useroption(static_cast<std::int64_t>(UserOption::AlwaysTurnOnHostVideoByDefault));
-  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
-      {{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())}, {vn_Profile_Bosses, people}}));
-  knowList();
-  open();
-  choose("videoHostMatrix", 1);
-  choose("scheduleForPopup", 1);
-  EXPECT_EQ(control("videoHostMatrix").index, 1);
-  EXPECT_FALSE(settings()[vn_Setting_EnableHostVideo].boolValue());
 }
 
 TEST_F(MeetingIdPanelTest, AnotherPersonsMessageCannotBeClosedAndChoosingThatPersonAgainDoesNothing) {

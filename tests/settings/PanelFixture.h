@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "data/OptionBits.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
@@ -12,6 +13,23 @@
 
 namespace vorn {
 
+using Account = com::tidemar::webapp::proto::UserProfile;
+
+// An account of which these bits of its words of options are on.
+template <typename... Bits>
+Account accountWith(Bits... bits) {
+  Account account;
+  const auto turnOn = [&account]<typename Bit>(Bit bit) {
+    const auto on = static_cast<std::int64_t>(bit);
+    if constexpr (std::is_same_v<Bit, UserOption>) account.set_useroption(account.useroption() | on);
+    if constexpr (std::is_same_v<Bit, UserOption3>) account.set_useroption3(account.useroption3() | on);
+    if constexpr (std::is_same_v<Bit, UserOption4>) account.set_useroption4(account.useroption4() | on);
+    if constexpr (std::is_same_v<Bit, UserOption5>) account.set_useroption5(account.useroption5() | on);
+  };
+  (turnOn(bits), ...);
+  return account;
+}
+
 // The panel of an account, as its user sees and uses it.
 class SettingsPanelTest : public testing::Test, protected PanelWindow {
  protected:
@@ -19,11 +37,11 @@ class SettingsPanelTest : public testing::Test, protected PanelWindow {
     vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
   }
 
-  static void knowAccount(com::tidemar::webapp::proto::UserProfile& account) {
+  // With what the profile says beside its message.
+  static void knowAccount(Account account, Value beside = Value::dictionary()) {
     account.set_id("me");
-    vnUserProfileHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
-                                    {vn_Profile_PublicEventListUrl, "https://vorn.example/events"}}));
+    beside.set(vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString()));
+    vnUserProfileHelper::sharedInstance().setData(beside);
   }
 
   void knowMeeting() {

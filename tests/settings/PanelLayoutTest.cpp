@@ -70,15 +70,12 @@ class PanelReasonsTest : public SettingsPanelTest {
   // An account of which the bits of a word of options are all on or all off, by the bits of the number.
   enum Offers { nothing, signIn, locked };
   static void knowAccount(unsigned words, Offers offers) {
-    com::tidemar::webapp::proto::UserProfile account;
+    Account account;
     account.set_id("me");
     account.set_roommeetingid(5550142871);
-    using Set = void (com::tidemar::webapp::proto::UserProfile::*)(std::int64_t);
-    const Set sets[] = {&com::tidemar::webapp::proto::UserProfile::set_useroption,
-                        &com::tidemar::webapp::proto::UserProfile::set_useroption2,
-                        &com::tidemar::webapp::proto::UserProfile::set_useroption3,
-                        &com::tidemar::webapp::proto::UserProfile::set_useroption4,
-                        &com::tidemar::webapp::proto::UserProfile::set_useroption5};
+    using Set = void (Account::*)(std::int64_t);
+    const Set sets[] = {&Account::set_useroption, &Account::set_useroption2, &Account::set_useroption3,
+                        &Account::set_useroption4, &Account::set_useroption5};
     for (std::size_t i = 0; i < std::size(sets); ++i) {
       (account.*sets[i])((words >> i & 1U) != 0 ? ~std::int64_t{0} : 0);
     }

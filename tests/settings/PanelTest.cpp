@@ -3,7 +3,6 @@
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
-#include "data/OptionBits.h"
 #include "host/proxies/vnMeetingInfoKeys.h"
 #include "tests/settings/PanelFixture.h"
 #include "workflow/vnWorkflowKeys.h"
@@ -97,64 +96,9 @@ TEST_F(SettingsPanelTest, HasWordsForEverythingThatItShows) {
     EXPECT_THAT(item.title, Not(StartsWith("LN_")));
 }
 
-TEST_F(SettingsPanelTest, TakesTheParticipantsVideoAwayWithTheHostsAndDoesNotGiveItBack) {
-  knowMeeting();
-  open();
-  choose("videoHostMatrix", 1);
-  EXPECT_EQ(control("videoParticipantMatrix").index, 1);
-  EXPECT_FALSE(settings()[vn_Setting_EnableParticipantsVideo].boolValue());
-  choose("videoHostMatrix", 0);
-  EXPECT_EQ(control("videoParticipantMatrix").index, 1);
-  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
-  EXPECT_FALSE(settings()[vn_Setting_EnableParticipantsVideo].boolValue());
-}
-
-TEST_F(SettingsPanelTest, WritesEachSwitchIntoTheRecordWhenItChanges) {
-  const std::pair<const char*, std::string_view> rows[] = {
-      {"muteParticipantUponEntry", vn_Setting_MuteUponEntry},
-      {"forceIncludeJoinurlInLocation", vn_Setting_ForceIncludeJoinurlInLocation},
-      {"putTheInvitationAtTheTopButton", vn_Setting_PutTheInvitationAtTheTop}};
-  open();
-  for (const auto& [key, setting] : rows) {
-    for (const bool on : {true, false}) {
-      EXPECT_EQ(turn(key, on), Use::done) << key;
-      EXPECT_EQ(settings()[setting].boolValue(), on) << key;
-    }
-  }
-  EXPECT_EQ(turn("audioWatermarkButton", true), Use::hidden);
-  EXPECT_EQ(turn("unmuteParticipantsButton", true), Use::hidden);
-  EXPECT_EQ(click("publicEventListButton"), Use::hidden);
-}
-
-TEST_F(SettingsPanelTest, RecordsInTheWayThatIsChosen) {
-  com::tidemar::webapp::proto::UserProfile account;
-  account.set_useroption(static_cast<std::int64_t>(UserOption::EnableCloudRecording));
-  knowAccount(account);
-  open();
-  const char* const local = "autoRecordingOptionMatrixLocal";
-  const char* const cloud = "autoRecordingOptionMatrixCloud";
-  EXPECT_FALSE(control("autoRecordingButton").on);
-  EXPECT_EQ(turn(cloud, true), Use::hidden);
-  turn("autoRecordingButton", true);
-  EXPECT_TRUE(control(local).on);
-  turn(cloud, true);
-  EXPECT_FALSE(control(local).on);
-  EXPECT_EQ(settings()[vn_Setting_EnableAutoRecordingType], Value(2));
-  turn(local, true);
-  EXPECT_FALSE(control(cloud).on);
-  click("buttonContinue");
-  EXPECT_EQ(settings()[vn_Setting_EnableAutoRecordingType], Value(1));
-  open();
-  turn("autoRecordingButton", false);
-  EXPECT_EQ(turn(local, true), Use::hidden);
-  click("buttonContinue");
-  EXPECT_EQ(settings()[vn_Setting_EnableAutoRecordingType], Value(0));
-}
-
 TEST_F(SettingsPanelTest, OffersTheListOfPublicEventsWithThePublicEvent) {
-  com::tidemar::webapp::proto::UserProfile account;
-  account.set_useroption3(static_cast<std::int64_t>(UserOption3::isEnableAddMeetingToPublicCalendarEvent));
-  knowAccount(account);
+  knowAccount(accountWith(UserOption3::isEnableAddMeetingToPublicCalendarEvent),
+              Value::dictionaryFromPairs({{vn_Profile_PublicEventListUrl, "https://vorn.example/events"}}));
   open();
   EXPECT_TRUE(control("publicEventListButton").hidden);
   turn("publicEventButton", true);
@@ -163,19 +107,6 @@ TEST_F(SettingsPanelTest, OffersTheListOfPublicEventsWithThePublicEvent) {
   EXPECT_TRUE(settings()[vn_Setting_EnableAddMeetingToPublicEvent].boolValue());
   turn("publicEventButton", false);
   EXPECT_TRUE(control("publicEventListButton").hidden);
-}
-
-TEST_F(SettingsPanelTest, LetsNobodyChangeWhatTheAccountHasLocked) {
-  com::tidemar::webapp::proto::UserProfile account;
-  account.set_useroption4(~std::int64_t{0});
-  knowAccount(account);
-  open();
-  const char* const locked[] = {"videoHostMatrix", "videoParticipantMatrix", "muteParticipantUponEntry",
-                                "forceIncludeJoinurlInLocation", "autoRecordingButton"};
-  for (const char* key : locked) EXPECT_EQ(turn(key, true), Use::disabled) << key;
-  EXPECT_EQ(turn("putTheInvitationAtTheTopButton", true), Use::done);
-  EXPECT_EQ(turn("notShowMeAgain", true), Use::done);
-  EXPECT_TRUE(control("audioWatermarkButton").on) << "locked means on";
 }
 
 TEST_F(SettingsPanelTest, CommitsBeforeItIsSavedAndSavesNeitherPasscodeNorPeople) {
@@ -214,20 +145,7 @@ TEST_F(SettingsPanelTest, CommitsBeforeItIsSavedAndSavesNeitherPasscodeNorPeople
   EXPECT_TRUE(file["left over"].isAbsent()) << "the file is replaced";
 }
 
-TEST_F(SettingsPanelTest, GivesEditsUpWhenItIsDismissedAndKeepsTheWishToSeeItNoMore) {
-  for (const bool isUpdate : {true, false}) {
-    SCOPED_TRACE(isUpdate);
-    window = std::make_unique<FakeWindow>(test);
-    if (isUpdate) knowMeeting();
-    open();
-    const Value before = settings();
-    choose("videoHostMatrix", isUpdate ? 1 : 0);
-    turn("muteParticipantUponEntry", !before[vn_Setting_MuteUponEntry].boolValue());
-    EXPECT_NE(settings(), before);
-    click("buttonCancel");
-    EXPECT_EQ(shown(), nullptr);
-    EXPECT_EQ(settings(), before);
-  }
+TEST_F(SettingsPanelTest, KeepsTheWishToSeeItNoMoreWhenItIsDismissed) {
   open();
   turn("notShowMeAgain", true);
   click("buttonCancel");
@@ -286,23 +204,6 @@ TEST_F(SettingsPanelTest, HearsOfThePasscodeTheHostsAndTheRefusalOfACommit) {
   panel->resetMeetingItemWhenUpdateError();
   EXPECT_EQ(settings()[vn_Setting_MeetingPassword], Value("abc123"));
   EXPECT_EQ(panel->getSiteMeetingInfo(), window->manager->getMeetingHelper()->getMeetingInfo());
-}
-
-TEST_F(SettingsPanelTest, HoldsContinueBackWhileThePasscodeIsMissingOrAtFault) {
-  vnUserProfileHelper::sharedInstance().setData(
-      Value::dictionaryFromPairs({{"userId", "me"}, {"passwordMinLength", 4}}));
-  open();
-  EXPECT_TRUE(control("buttonContinue").enabled);
-  EXPECT_TRUE(control("passwordTextField").hidden);
-  turn("requiredMeetingPswButton", true);
-  EXPECT_EQ(control("passwordTextField").text.size(), 6u) << "one is made";
-  EXPECT_TRUE(control("buttonContinue").enabled);
-  for (const auto& [typed, mayGoOn] : {std::pair("", false), {"  ", false}, {"12", false}, {"1234", true}}) {
-    type("passwordTextField", typed);
-    EXPECT_EQ(control("buttonContinue").enabled, mayGoOn) << typed;
-  }
-  EXPECT_EQ(type("passwordTextField", "12345678901"), Use::refused) << "at most ten";
-  EXPECT_EQ(control("passwordTextField").text, "1234");
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 
 #include "settings/rules/ContinueRule.h"
 #include "settings/rules/InvitationLanguages.h"
-#include "settings/rules/LongTexts.h"
 #include "settings/rules/PlainOptionRules.h"
 #include "settings/rules/RecordingRules.h"
 
@@ -64,6 +63,8 @@ TEST(PlainOptions, AreShownAndLockedByTheirOwnAnswersAlone) {
   }
 }
 
+constexpr RecordingKinds kBoth{true, true}, kLocal{true, false}, kCloud{false, true};
+
 TEST(AutomaticRecording, LoadsAndCommitsEachTypeByWhatTheAccountCanRecord) {
   const struct {
     const char* name;
@@ -73,13 +74,13 @@ TEST(AutomaticRecording, LoadsAndCommitsEachTypeByWhatTheAccountCanRecord) {
     std::int32_t committed, committedEncrypted;
   } rows[] = {
       {"nothing can be recorded", {false, false}, 1, {}, 5, 0},
-      {"local, off", {true, false}, 0, {true, false, Title::localOnly, false, false, false}, 0, 0},
-      {"local, on", {true, false}, 3, {true, true, Title::localOnly, false, false, false}, 3, 3},
-      {"cloud, on", {false, true}, 4, {true, true, Title::cloudOnly, false, false, false}, 4, 0},
-      {"both, off", {true, true}, 0, {true, false, Title::both, false, false, false}, 0, 0},
-      {"both, local", {true, true}, 1, {true, true, Title::both, true, true, false}, 1, 1},
-      {"both, cloud", {true, true}, 2, {true, true, Title::both, true, true, true}, 2, 1},
-      {"both, a type of one kind alone", {true, true}, 4, {true, true, Title::both, true, true, false}, 1, 1},
+      {"local, off", kLocal, 0, {true, false, Title::localOnly, false, false, false}, 0, 0},
+      {"local, on", kLocal, 3, {true, true, Title::localOnly, false, false, false}, 3, 3},
+      {"cloud, on", kCloud, 4, {true, true, Title::cloudOnly, false, false, false}, 4, 0},
+      {"both, off", kBoth, 0, {true, false, Title::both, false, false, false}, 0, 0},
+      {"both, local", kBoth, 1, {true, true, Title::both, true, true, false}, 1, 1},
+      {"both, cloud", kBoth, 2, {true, true, Title::both, true, true, true}, 2, 1},
+      {"both, a type of one kind alone", kBoth, 4, {true, true, Title::both, true, true, false}, 1, 1},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -98,16 +99,12 @@ TEST(AutomaticRecording, OfAnEncryptedMeetingIsLocalOrNone) {
     bool switchIsEnabled;
     EndToEndRecording expected;
   } rows[] = {
-      {"local", {true, false}, 3, true, {{true, true, Title::localOnly, false, false, false}, true, true}},
-      {"cloud alone",
-       {false, true},
-       4,
-       true,
-       {{false, false, Title::cloudOnly, false, false, false}, false, false}},
-      {"both, local", {true, true}, 1, true, {{true, true, Title::both, true, false, false}, true, true}},
-      {"both, cloud", {true, true}, 2, true, {{true, false, Title::both, false, false, false}, true, true}},
-      {"locked, cloud", {true, true}, 2, false, {{false, false, Title::both, false, false, false}, true, false}},
-      {"locked, local", {true, true}, 1, false, {{true, true, Title::both, true, false, false}, true, false}},
+      {"local", kLocal, 3, true, {{true, true, Title::localOnly, false, false, false}, true, true}},
+      {"cloud alone", kCloud, 4, true, {{false, false, Title::cloudOnly, false, false, false}, false, false}},
+      {"both, local", kBoth, 1, true, {{true, true, Title::both, true, false, false}, true, true}},
+      {"both, cloud", kBoth, 2, true, {{true, false, Title::both, false, false, false}, true, true}},
+      {"locked, cloud", kBoth, 2, false, {{false, false, Title::both, false, false, false}, true, false}},
+      {"locked, local", kBoth, 1, false, {{true, true, Title::both, true, false, false}, true, false}},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(recordingForEndToEnd(recordingAtLoad(row.kinds, row.type), row.kinds, row.switchIsEnabled),
@@ -173,22 +170,6 @@ TEST(Continue, IsHeldUpByWhatIsShownAlone) {
       {"a reply that is due", {.awaitsReply = true}, false},
   };
   for (const auto& row : rows) EXPECT_EQ(mayContinue(row.facts), row.may) << row.name;
-}
-
-TEST(LongTexts, AreCutWhereTheyStopToFitAndWholeInTheToolTip) {
-  const struct {
-    LongText place;
-    std::size_t cutFrom;
-  } rows[] = {{LongText::popupItem, 46},          {LongText::domains, 46},     {LongText::domainsOnWideLine, 31},
-              {LongText::joinBeforeHostLine, 66}, {LongText::optionTitle, 66}, {LongText::prompt, 71},
-              {LongText::selectedCountries, 56},  {LongText::regions, 39},     {LongText::templateTip, 56},
-              {LongText::templateLink, 23}};
-  for (const auto& [place, cutFrom] : rows) {
-    const std::string fits(cutFrom - 1, 'a');
-    const std::string isTooLong(cutFrom, 'a');
-    EXPECT_EQ(shownText(place, fits), ShownText{fits});
-    EXPECT_EQ(shownText(place, isTooLong), (ShownText{std::string(cutFrom - 4, 'a') + "...", isTooLong}));
-  }
 }
 
 }  // namespace

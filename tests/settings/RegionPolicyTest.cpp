@@ -1,6 +1,5 @@
 // The regions that may join: the option, its window, and what of it reaches the record.
 
-#include "data/OptionBits.h"
 #include "settings/rules/RegionPolicy.h"
 #include "tests/settings/TokenFieldFixture.h"
 #include "util/LocalText.h"
@@ -108,21 +107,17 @@ TEST(RegionRules, OffersWhatBeginsWithTheWord) {
 class RegionPolicyTest : public TokenFieldTest {
  protected:
   void openFor(bool isOn, bool isLocked, const std::vector<std::string>& codes = {}, std::int64_t type = 0) {
-    com::tidemar::webapp::proto::UserProfile account;
-    account.set_id("me");
-    if (isOn) account.set_useroption3(static_cast<std::int64_t>(UserOption3::isEnableAllowDenyJoinMeetingRegion));
-    if (isLocked)
-      account.set_useroption4(static_cast<std::int64_t>(UserOption4::isLockAllowDenyJoinMeetingRegion));
+    Account account = isOn ? accountWith(UserOption3::isEnableAllowDenyJoinMeetingRegion) : Account();
+    if (isLocked) account.MergeFrom(accountWith(UserOption4::isLockAllowDenyJoinMeetingRegion));
     Value list = Value::array();
     for (const std::string& code : codes) list.append(code);
     const Value policy =
         Value::dictionaryFromPairs({{vn_Setting_RegionType, type}, {vn_Setting_RegionCodes, list}});
-    vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
-        {{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
-         {vn_Setting_JoinMeetingRegionSetting,
-          Value::dictionaryFromPairs({{vn_Setting_RegionPolicy, policy},
-                                      {vn_Setting_TotalRegionCodes, Value::Array{"DE", "HK", "NE", "NG", "US"}},
-                                      {vn_Setting_DefaultRegionCode, "US"}})}}));
+    const Value regions =
+        Value::dictionaryFromPairs({{vn_Setting_RegionPolicy, policy},
+                                    {vn_Setting_TotalRegionCodes, Value::Array{"DE", "HK", "NE", "NG", "US"}},
+                                    {vn_Setting_DefaultRegionCode, "US"}});
+    knowAccount(account, Value::dictionaryFromPairs({{vn_Setting_JoinMeetingRegionSetting, regions}}));
     open();
   }
   std::vector<std::string> codesOfRecord() {
@@ -138,33 +133,6 @@ class RegionPolicyTest : public TokenFieldTest {
     waitForChips();
   }
 };
-
-TEST_F(RegionPolicyTest, TurnedOnWithoutAListItWaitsForItsWindow) {
-  openFor(false, false);
-  EXPECT_FALSE(control("allowDenyBox").hidden);
-  EXPECT_TRUE(control("allowDenyText").hidden && control("allowDenyEditButton").hidden);
-  for (const bool isSaved : {false, true}) {
-    EXPECT_EQ(turn("allowDenyButton", true), Use::done);
-    EXPECT_FALSE(control(kWindow).hidden);
-    EXPECT_FALSE(control("allowDenyButton").on || isOnInRecord());
-    waitForChips();
-    EXPECT_EQ(tokens(kRegionsField), "[United States]");
-    chooseRegion("hong");
-    EXPECT_EQ(click(isSaved ? "allowDenyRCSaveButton" : "allowDenyRCCancelButton"), Use::done);
-    EXPECT_TRUE(control(kWindow).hidden);
-    EXPECT_EQ(control("allowDenyButton").on, isSaved);
-    EXPECT_EQ(isOnInRecord(), isSaved);
-  }
-  EXPECT_THAT(codesOfRecord(), ElementsAre("US", "HK"));
-  EXPECT_EQ(control("allowDenyText").text, "Allowed: United States, Hong Kong S...");
-  EXPECT_EQ(turn("allowDenyButton", false), Use::done);
-  EXPECT_TRUE(control("allowDenyText").hidden && control("allowDenyEditButton").hidden);
-  EXPECT_EQ(turn("allowDenyButton", true), Use::done);
-  EXPECT_TRUE(control(kWindow).hidden) << "there is a list now";
-  EXPECT_TRUE(isOnInRecord());
-  EXPECT_EQ(click("buttonContinue"), Use::done);
-  EXPECT_TRUE(isOnInRecord());
-}
 
 TEST_F(RegionPolicyTest, EachOfTheTwoListsIsKeptWhileTheOtherIsShown) {
   openFor(true, false, {"DE"}, 1);
@@ -238,15 +206,6 @@ TEST_F(RegionPolicyTest, ALockedPolicyIsReadAndNothingElse) {
   EXPECT_EQ(click("allowDenyRCSaveButton"), Use::done);
   EXPECT_TRUE(control(kWindow).hidden);
   EXPECT_EQ(codesOfRecord().size(), 5u);
-}
-
-TEST_F(RegionPolicyTest, AShortLockedPolicyNeedsNoWindowAndARefusedOneNoOption) {
-  openFor(true, true, {"DE"});
-  EXPECT_FALSE(control("allowDenyText").hidden);
-  EXPECT_TRUE(control("allowDenyEditButton").hidden);
-  endSettingsPanel(id());
-  openFor(false, true);
-  EXPECT_TRUE(control("allowDenyBox").hidden);
 }
 
 TEST_F(RegionPolicyTest, WhatIsSavedInOnePanelReachesNoOther) {

@@ -4,7 +4,6 @@
 #include "channel/store/vnCommon.h"
 #include "channel/store/vnLocalProfileKeys.h"
 #include "data/NotAgainFlags.h"
-#include "data/OptionBits.h"
 #include "settings/HelpLinks.h"
 #include "tests/settings/PanelFixture.h"
 
@@ -14,27 +13,9 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using Account = com::tidemar::webapp::proto::UserProfile;
-
-template <typename... Bits>
-std::int64_t bits(Bits... each) {
-  return (static_cast<std::int64_t>(each) | ...);
-}
 
 class SecurityPanelTest : public SettingsPanelTest {
  protected:
-  // An account that asks for at least one security option.
-  static Account newLogic() {
-    Account account;
-    account.set_useroption3(bits(UserOption3::isEnableWaitingRoomNewLogic));
-    return account;
-  }
-  static Account endToEnd() {
-    Account account;
-    account.set_useroption(bits(UserOption::EnableCloudRecording));
-    account.set_useroption3(bits(UserOption3::isSupportE2eeMeeting, UserOption3::canScheduleE2eeMeeting));
-    return account;
-  }
   std::string focused() {
     test.runLoop.runFor(0);
     for (const std::string& key : shown()->keys()) {
@@ -162,8 +143,7 @@ TEST_F(SecurityPanelTest, ARefusedCommitIsToldOnceBySiteFlags) {
 }
 
 TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOnce) {
-  Account account = newLogic();
-  knowAccount(account);
+  knowAccount(accountWith(UserOption3::isEnableWaitingRoomNewLogic));
   open();
   EXPECT_TRUE(control("enableWaitingRoom").on);
   EXPECT_TRUE(settings()[vn_Setting_EnableWaitingRoom].boolValue());
@@ -187,33 +167,9 @@ TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOn
   EXPECT_TRUE(control("securityTipView").hidden);
 }
 
-TEST_F(SecurityPanelTest, SignedInUsersAreASecurityOptionAndBringTheWatermark) {
-  Account account = newLogic();
-  account.set_useroption3(account.useroption3() | bits(UserOption3::isEnableAudioWatermark));
-  account.set_id("me");
-  vnUserProfileHelper::sharedInstance().setData(
-      Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
-                                  {vn_Profile_SupportOnlyAuthUsersCanJoin, true}}));
-  open();
-  ASSERT_TRUE(shown()->isOnScreen("onlySignedinWithSpecifiedDomains"));
-  turn("enableWaitingRoom", false);
-  EXPECT_FALSE(control("securityErrorTextField").hidden);
-  EXPECT_TRUE(control("audioWatermarkButton").hidden);
-  turn("onlySignedinWithSpecifiedDomains", true);
-  EXPECT_TRUE(control("securityErrorTextField").hidden);
-  EXPECT_FALSE(control("audioWatermarkButton").hidden);
-  click("buttonContinue");
-  EXPECT_TRUE(settings()[vn_Setting_IsSignedInUsersMeetingOn].boolValue());
-}
-
 TEST_F(SecurityPanelTest, ALockedWatermarkIsCommittedOn) {
-  Account account;
-  account.set_useroption3(bits(UserOption3::isEnableAudioWatermark));
-  account.set_useroption4(bits(UserOption4::isLockAudioWatermark));
-  account.set_id("me");
-  vnUserProfileHelper::sharedInstance().setData(
-      Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
-                                  {vn_Profile_SupportOnlyAuthUsersCanJoin, true}}));
+  knowAccount(accountWith(UserOption3::isEnableAudioWatermark, UserOption4::isLockAudioWatermark),
+              Value::dictionaryFromPairs({{vn_Profile_SupportOnlyAuthUsersCanJoin, true}}));
   open();
   turn("onlySignedinWithSpecifiedDomains", true);
   EXPECT_TRUE(control("audioWatermarkButton").on);
@@ -221,23 +177,12 @@ TEST_F(SecurityPanelTest, ALockedWatermarkIsCommittedOn) {
   EXPECT_TRUE(settings()[vn_Setting_EnableAudioWatermark].boolValue());
 }
 
-TEST_F(SecurityPanelTest, EndToEndEncryptionTakesRecordingAndEarlyJoiningAwayAndGivesThemBack) {
-  Account account = endToEnd();
-  knowAccount(account);
+TEST_F(SecurityPanelTest, EndToEndEncryptionIsExplainedOnceAndGivesEarlyJoiningBack) {
+  knowAccount(accountWith(UserOption3::isSupportE2eeMeeting, UserOption3::canScheduleE2eeMeeting));
   open();
-  EXPECT_TRUE(control("enhancedButton").on);
   turn("enableJBHButton", true);
-  EXPECT_TRUE(settings()[vn_Setting_EnableJBH].boolValue());
-  turn("autoRecordingButton", true);
-  turn("autoRecordingOptionMatrixCloud", true);
-
   turn("endtoendButton", true);
-  EXPECT_FALSE(control("enhancedButton").on);
-  EXPECT_TRUE(control("enableJBHButton").hidden);
-  EXPECT_FALSE(control("enableJBHButton").on);
-  EXPECT_FALSE(control("autoRecordingButton").on) << "nothing is recorded in the cloud";
-  EXPECT_TRUE(control("autoRecordingOptionMatrixCloud").hidden);
-  EXPECT_EQ(settings()[vn_Setting_AudioOption], Value(1));
+  EXPECT_TRUE(control("enableJBHButton").hidden && !control("enableJBHButton").on);
   for (const char* audio : {"telephonyButton", "bothButton", "thirdPartyAudioButton"}) {
     EXPECT_THAT(control(audio).reason, HasSubstr("end-to-end encryption")) << audio;
   }
@@ -250,34 +195,25 @@ TEST_F(SecurityPanelTest, EndToEndEncryptionTakesRecordingAndEarlyJoiningAwayAnd
   EXPECT_THAT(test.workspace.openedPages, ElementsAre(kEncryptionHelpLink));
   click("buttonContinue");
   EXPECT_FALSE(settings()[vn_Setting_EnableJBH].boolValue());
-  EXPECT_EQ(settings()[vn_Setting_EnableAutoRecordingType], Value(0));
-
   open();
   turn("enhancedButton", true);
-  EXPECT_FALSE(control("enableJBHButton").hidden);
-  EXPECT_TRUE(control("enableJBHButton").enabled);
-  EXPECT_TRUE(control("autoRecordingButton").enabled && !control("autoRecordingButton").hidden);
+  EXPECT_TRUE(control("enableJBHButton").enabled && !control("enableJBHButton").hidden);
   EXPECT_FALSE(settings()[vn_Setting_EnableE2ee].boolValue());
 }
 
 // Steps of loading overwrite what earlier ones have set: the account's locks what the record says, encryption what
 // the locks leave, and the security section what encryption leaves.
 TEST_F(SecurityPanelTest, ALaterStepOfLoadingHasTheLastWord) {
-  Account account = endToEnd();
-  account.set_id("me");
-  account.set_useroption(bits(UserOption::EnableCloudRecording, UserOption::EnableAutoRecordingByDefault,
-                              UserOption::EnableCloudRecordingByDefault,
-                              UserOption::AlwaysEnableJoinBeforeHostByDefault,
-                              UserOption::AlwaysUseBothAsDefaultAudio));
-  account.set_useroption3(account.useroption3() |
-                          bits(UserOption3::isEnableE2eeMeeting, UserOption3::isEnableAudioWatermark,
-                               UserOption3::isEnableRequirePassword, UserOption3::isEnableWaitingRoomNewLogic));
-  account.set_useroption4(bits(UserOption4::isLockAudioWatermark, UserOption4::isLockScheduleRequirePassword));
-  vnUserProfileHelper::sharedInstance().setData(
-      Value::dictionaryFromPairs({{"userId", "me"},
-                                  {vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
-                                  {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
-                                  {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true}}));
+  knowAccount(accountWith(UserOption::EnableCloudRecording, UserOption::EnableAutoRecordingByDefault,
+                          UserOption::EnableCloudRecordingByDefault,
+                          UserOption::AlwaysEnableJoinBeforeHostByDefault, UserOption::AlwaysUseBothAsDefaultAudio,
+                          UserOption3::isSupportE2eeMeeting, UserOption3::canScheduleE2eeMeeting,
+                          UserOption3::isEnableE2eeMeeting, UserOption3::isEnableAudioWatermark,
+                          UserOption3::isEnableRequirePassword, UserOption3::isEnableWaitingRoomNewLogic,
+                          UserOption4::isLockAudioWatermark, UserOption4::isLockScheduleRequirePassword),
+              Value::dictionaryFromPairs({{"userId", "me"},
+                                          {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
+                                          {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true}}));
   open();
   const auto states = [&] {
     std::vector<std::string> list;

@@ -33,6 +33,8 @@ std::string inShort(const Value& auths) {
 TEST(SignInRulesTest, TheRecordsChoiceIsFoundByIdThenByNameAndOtherwiseCountsAsDeleted) {
   const Value staff = auth("s", "Staff", 1, "a.example");
   const Value named = auth("n", "Pupils", 0, "p.example");
+  using List = Value::Array;
+  const Value namesake = auth("own", "Pupils", 0, "");
   const Value bare = auth("b", "Guests", 0, "");
   const struct {
     const char* name;
@@ -48,21 +50,12 @@ TEST(SignInRulesTest, TheRecordsChoiceIsFoundByIdThenByNameAndOtherwiseCountsAsD
       {"nothing at all", {}, "", "", 0, false, "none", false, {}},
       {"no list, but a choice", {}, "x", "X", 1, false, "x:own ", false, {}},
       {"no list, and locked", {}, "x", "X", 1, true, "none", false, {}},
-      {"no choice", Value::Array{staff}, "", "Staff", 1, false, "s:a.example ", false, {}},
-      {"the same id: the record's domains",
-       Value::Array{named, staff},
-       "s",
-       "",
-       1,
-       false,
-       "n:p.example s:own ",
-       false,
-       {}},
-      {"locked: the account's domains", Value::Array{staff}, "s", "Staff", 1, true, "s:a.example ", false, {}},
-      {"the same name", Value::Array{staff, named}, "old", "Pupils", 0, false, "s:a.example n:p.example ", false,
-       "n"},
-      {"the same id behind a namesake",
-       Value::Array{named, auth("own", "Pupils", 0, "")},
+      {"no choice", List{staff}, "", "Staff", 1, false, "s:a.example ", false, {}},
+      {"the same id: its own domains", List{named, staff}, "s", "", 1, false, "n:p.example s:own ", false, {}},
+      {"locked: the account's domains", List{staff}, "s", "Staff", 1, true, "s:a.example ", false, {}},
+      {"the same name", List{staff, named}, "old", "Pupils", 0, false, "s:a.example n:p.example ", false, "n"},
+      {"the same id, a namesake",
+       List{named, namesake},
        "own",
        "Pupils",
        0,
@@ -70,17 +63,9 @@ TEST(SignInRulesTest, TheRecordsChoiceIsFoundByIdThenByNameAndOtherwiseCountsAsD
        "n:p.example own:own ",
        false,
        {}},
-      {"the same name without domains", Value::Array{bare}, "old", "Guests", 0, false, "b: old:own ", true, {}},
-      {"the same name of another type",
-       Value::Array{staff},
-       "old",
-       "Staff",
-       0,
-       false,
-       "s:a.example old:own ",
-       true,
-       {}},
-      {"deleted", Value::Array{staff}, "old", "Old", 1, false, "s:a.example old:own ", true, {}},
+      {"the same name without domains", List{bare}, "old", "Guests", 0, false, "b: old:own ", true, {}},
+      {"the same name, another type", List{staff}, "old", "Staff", 0, false, "s:a.example old:own ", true, {}},
+      {"deleted", List{staff}, "old", "Old", 1, false, "s:a.example old:own ", true, {}},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

@@ -1,7 +1,5 @@
 // The meeting template: the rules as tables, and the panel.
 
-#include "data/OptionBits.h"
-#include "data/vnGetScheduleForListHelper.h"
 #include "settings/rules/TemplateRules.h"
 #include "tests/settings/PanelFixture.h"
 #include "tests/settings/RuleTexts.h"
@@ -76,13 +74,9 @@ class TemplatePanelTest : public SettingsPanelTest {
                                        {vn_Setting_MeetingTemplate_TemplateType, 2}});
   }
   static void knowTemplates(const Value& templates) {
-    com::tidemar::webapp::proto::UserProfile account;
-    account.set_id("me");
-    account.set_useroption5(static_cast<std::int64_t>(UserOption5::isEnableAdminTemplate));
-    vnUserProfileHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString())},
-                                    {vn_Profile_TemplateLinkWithoutId, "https://vorn.example/templates/"},
-                                    {vn_Profile_MeetingTemplates, templates}}));
+    knowAccount(accountWith(UserOption5::isEnableAdminTemplate),
+                Value::dictionaryFromPairs({{vn_Profile_TemplateLinkWithoutId, "https://vorn.example/templates/"},
+                                            {vn_Profile_MeetingTemplates, templates}}));
   }
   // A meeting that has been made with the template.
   void openWith(const std::string& id, const std::string& name) {
@@ -143,26 +137,6 @@ TEST_F(TemplatePanelTest, TheLastOfTenThousandIsFoundAgain) {
   EXPECT_EQ(committedId(), "9998");
 }
 
-TEST_F(TemplatePanelTest, OneThatIsGoneStaysAndHoldsContinueBackUntilAnotherIsChosen) {
-  knowTemplates(both);
-  openWith("gone", "Old one");
-  EXPECT_EQ(control("templatePopup").items.size(), 6u);
-  EXPECT_EQ(control("templatePopup").index, 5);
-  EXPECT_FALSE(isOnScreen("templateDeletedTipTextField")) << "nobody has asked yet";
-  click("buttonContinue");
-  ASSERT_NE(shown(), nullptr);
-  EXPECT_THAT(control("templateDeletedTipTextField").text, HasSubstr("“Old one”"));
-  EXPECT_TRUE(isOnScreen("templateDeletedTipTextField") && !isOnScreen("templateTipView"));
-  EXPECT_EQ(click("buttonContinue"), Use::disabled);
-  choose("templatePopup", 5);
-  EXPECT_FALSE(control("buttonContinue").enabled);
-  choose("templatePopup", 3);
-  EXPECT_FALSE(isOnScreen("templateDeletedTipTextField"));
-  click("buttonContinue");
-  EXPECT_EQ(shown(), nullptr);
-  EXPECT_EQ(committedId(), "l");
-}
-
 TEST_F(TemplatePanelTest, OneThatGoesWhileThePanelIsOpenIsTheOneThatIsTold) {
   knowTemplates(both);
   openWith("l", "Lesson");
@@ -178,8 +152,7 @@ TEST_F(TemplatePanelTest, OneThatGoesWithAllOthersHoldsContinueBackNoLongerThanI
   knowTemplates(both);
   open();
   choose("templatePopup", 4);
-  com::tidemar::webapp::proto::UserProfile account;
-  knowAccount(account);
+  knowAccount({});
   click("buttonContinue");
   ASSERT_NE(shown(), nullptr);
   EXPECT_FALSE(isOnScreen("templatePopup") || isOnScreen("templateDeletedTipTextField"));
@@ -194,38 +167,6 @@ TEST_F(TemplatePanelTest, AForgottenAccountSaysNothingOfTheTemplate) {
   click("buttonContinue");
   EXPECT_EQ(shown(), nullptr);
   EXPECT_EQ(committedId(), "l");
-}
-
-TEST_F(TemplatePanelTest, APersonalMeetingHasNone) {
-  knowTemplates(both);
-  openWith("l", "Lesson");
-  EXPECT_TRUE(isOnScreen("templatePopup"));
-  turn("buttonUsePMI", true);
-  EXPECT_FALSE(isOnScreen("templateBox") || isOnScreen("templateTipView"));
-  panels.getSchSettingWindowInArray(id())->setPMIMeetingInfo(
-      Value::dictionaryFromPairs({{vn_Setting, Value::dictionary()}}));
-  window->manager->apiMgr()->cleanup();
-  panels.refreshSettingWindow(id(), true);
-  click("buttonContinue");
-  EXPECT_EQ(committedId(), "");
-}
-
-TEST_F(TemplatePanelTest, ThoseOfAnotherPersonAreThatPersons) {
-  const Value dana = Value::dictionaryFromPairs(
-      {{"email", "dana@vorn.example"},
-       {vn_Profile_UserOption5, static_cast<std::int64_t>(UserOption5::isEnableAdminTemplate)},
-       {vn_Profile_MeetingTemplates, Value::Array{oneTemplate("d", "Dana's")}}});
-  vnUserProfileHelper::sharedInstance().setData(
-      Value::dictionaryFromPairs({{"userId", "me"}, {vn_Profile_Bosses, Value::Array{dana}}}));
-  vnGetScheduleForListHelper::sharedInstance().setData(
-      Value::dictionaryFromPairs({{vn_Profile_Bosses, Value::Array{dana}}}));
-  open();
-  EXPECT_FALSE(isOnScreen("templateBox"));
-  choose("scheduleForPopup", 1);
-  ASSERT_TRUE(isOnScreen("templatePopup"));
-  choose("templatePopup", 3);
-  click("buttonContinue");
-  EXPECT_EQ(committedId(), "d");
 }
 
 }  // namespace

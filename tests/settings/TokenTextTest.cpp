@@ -32,98 +32,58 @@ std::string seen(const TokenText& tokens) {
   return marked.inWords();
 }
 
+using Edit = std::function<void(TokenText&)>;
+
+Edit typing(const std::string& text) {
+  return [=](TokenText& tokens) { tokens.type(text); };
+}
+Edit pressing(Key key, TokenText::Extends extends = TokenText::Extends::no) {
+  return [=](TokenText& tokens) { tokens.press(key, extends); };
+}
+Edit selecting(std::size_t begin, std::size_t length) {
+  return [=](TokenText& tokens) { tokens.select({begin, length}); };
+}
+Edit replacing(const TextRange& range, const std::vector<TokenPiece>& by) {
+  return [=](TokenText& tokens) { tokens.replace(range, by); };
+}
+
 TEST(TokenText, IsEditedAsAPersonExpects) {
+  const Edit left = pressing(Key::left, kExtends), start = pressing(Key::start),
+             backward = pressing(Key::deleteBackward), forward = pressing(Key::deleteForward);
+  const Edit paste = [](TokenText& tokens) { tokens.paste("a\uFFFCb"); };
   const struct {
     const char* what;
     std::vector<TokenPiece> before;
-    std::function<void(TokenText&)> edit;
+    std::vector<Edit> edits;
     const char* after;
   } rows[] = {
-      {"typing at the end", {chip("a"), plain("b")}, [](TokenText& t) { t.type("c"); }, "[a]bc|"},
-      {"typing over a selection",
-       {chip("a"), plain("bcd"), chip("e")},
-       [](TokenText& t) {
-         t.select({0, 3}), t.type("x");
-       },
-       "x|d[e]"},
-      {"deleting a chip backward",
-       {plain("a"), chip("b")},
-       [](TokenText& t) { t.press(Key::deleteBackward); },
-       "a|"},
-      {"deleting at the edges",
-       {plain("a")},
-       [](TokenText& t) { t.press(Key::deleteForward), t.press(Key::start), t.press(Key::deleteBackward); },
-       "|a"},
-      {"a character outside the plane goes whole",
-       {plain("a\U0001F600")},
-       [](TokenText& t) { t.press(Key::deleteBackward); },
-       "a|"},
-      {"and forward",
-       {plain("\U0001F600a")},
-       [](TokenText& t) { t.press(Key::start), t.press(Key::deleteForward); },
-       "|a"},
-      {"and is stepped over",
-       {plain("\U0001F600a")},
-       [](TokenText& t) { t.press(Key::start), t.press(Key::right); },
-       "\U0001F600|a"},
+      {"typing at the end", {chip("a"), plain("b")}, {typing("c")}, "[a]bc|"},
+      {"typing over a selection", {chip("a"), plain("bcd"), chip("e")}, {selecting(0, 3), typing("x")}, "x|d[e]"},
+      {"deleting a chip backward", {plain("a"), chip("b")}, {backward}, "a|"},
+      {"deleting at the edges", {plain("a")}, {forward, start, backward}, "|a"},
+      {"a character outside the plane goes whole", {plain("a\U0001F600")}, {backward}, "a|"},
+      {"and forward", {plain("\U0001F600a")}, {start, forward}, "|a"},
+      {"and is stepped over", {plain("\U0001F600a")}, {start, pressing(Key::right)}, "\U0001F600|a"},
       {"a selection does not cut it",
        {plain("\U0001F600\U0001F601")},
-       [](TokenText& t) {
-         t.select({1, 2});
-       },
+       {selecting(1, 2)},
        "{\U0001F600\U0001F601}"},
-      {"nor does a caret",
-       {plain("\U0001F600")},
-       [](TokenText& t) {
-         t.select({1, 0});
-       },
-       "|\U0001F600"},
-      {"a selection behind the end",
-       {plain("ab")},
-       [](TokenText& t) {
-         t.select({1, SIZE_MAX});
-       },
-       "a{b}"},
-      {"extending to the left, and leaving to its left",
-       {plain("abc")},
-       [](TokenText& t) { t.press(Key::left, kExtends), t.press(Key::left, kExtends), t.press(Key::left); },
-       "a|bc"},
-      {"a pasted chip's character is no chip", {}, [](TokenText& t) { t.paste("a\uFFFCb"); }, "ab|"},
-      {"a key that is for the owner", {plain("a")}, [](TokenText& t) { t.press(Key::newLine); }, "a|"},
-      {"replacing before the caret",
-       {plain("ab c")},
-       [](TokenText& t) {
-         t.replace({0, 3}, {chip("x")});
-       },
-       "[x]c|"},
-      {"replacing around the caret",
-       {plain("abc")},
-       [](TokenText& t) {
-         t.select({1, 0}), t.replace({0, 2}, {chip("x"), plain("y")});
-       },
-       "[x]y|c"},
-      {"replacing behind the caret",
-       {plain("abc"), chip("d")},
-       [](TokenText& t) {
-         t.select({1, 0}), t.replace({2, 2}, {chip("x")});
-       },
-       "a|b[x]"},
-      {"replacing half a character",
-       {plain("\U0001F600a")},
-       [](TokenText& t) {
-         t.replace({1, 1}, {chip("x")});
-       },
-       "[x]a|"},
-      {"right to left and combining marks",
-       {plain("שלום")},
-       [](TokenText& t) { t.type("e\u0301"); },
-       "שלוםe\u0301|"},
+      {"nor does a caret", {plain("\U0001F600")}, {selecting(1, 0)}, "|\U0001F600"},
+      {"a selection behind the end", {plain("ab")}, {selecting(1, SIZE_MAX)}, "a{b}"},
+      {"extending to the left, and leaving there", {plain("abc")}, {left, left, pressing(Key::left)}, "a|bc"},
+      {"a pasted chip's character is no chip", {}, {paste}, "ab|"},
+      {"a key that is for the owner", {plain("a")}, {pressing(Key::newLine)}, "a|"},
+      {"replacing before the caret", {plain("ab c")}, {replacing({0, 3}, {chip("x")})}, "[x]c|"},
+      {"around it", {plain("abc")}, {selecting(1, 0), replacing({0, 2}, {chip("x"), plain("y")})}, "[x]y|c"},
+      {"behind it", {plain("abc"), chip("d")}, {selecting(1, 0), replacing({2, 2}, {chip("x")})}, "a|b[x]"},
+      {"replacing half a character", {plain("\U0001F600a")}, {replacing({1, 1}, {chip("x")})}, "[x]a|"},
+      {"right to left and combining marks", {plain("שלום")}, {typing("e\u0301")}, "שלוםe\u0301|"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
     TokenText tokens;
     tokens.replace({}, row.before);
-    row.edit(tokens);
+    for (const Edit& edit : row.edits) edit(tokens);
     EXPECT_EQ(seen(tokens), row.after);
     TokenText again;
     again.replace({}, tokens.pieces());

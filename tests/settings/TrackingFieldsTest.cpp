@@ -39,7 +39,7 @@ class TrackingFieldsPanelTest : public SettingsPanelTest {
   static constexpr Field kCostCentre{"2", "Cost centre", "", "", false};
 
   static void know(const std::vector<Field>& fields) {
-    com::tidemar::webapp::proto::UserProfile account;
+    Account account;
     for (const Field& field : fields) {
       auto* made = account.add_trackingfields();
       made->set_id(field.id);
@@ -94,18 +94,6 @@ TEST_F(TrackingFieldsPanelTest, TakesAnOfferedValueOrOneOfTheUsersOwn) {
                                                                         {"trackingValue", ""},
                                                                         {"mtValue", "4711"},
                                                                         {"required", false}})}));
-}
-
-TEST_F(TrackingFieldsPanelTest, ARequiredFieldOfBlanksHoldsContinueBack) {
-  know({kDepartment, kCostCentre});
-  open();
-  EXPECT_TRUE(control("buttonContinue").enabled);
-  for (const auto& [text, isEnough] : {std::pair("", false), {" \n\t", false}, {"x", true}, {"\u3000", false}}) {
-    type(box(0), text);
-    EXPECT_EQ(control("buttonContinue").enabled, isEnough) << text;
-  }
-  choose(box(0), 1);
-  EXPECT_TRUE(control("buttonContinue").enabled);
 }
 
 TEST_F(TrackingFieldsPanelTest, WithoutAnyTheBoxIsHiddenAndTheRecordIsLeftAlone) {
