@@ -24,27 +24,6 @@ class CalendarEdit : public WorkflowFixture {
   }
 };
 
-TEST_F(CalendarEdit, IsNotedInItsManagerEvenWhenItIsRefused) {
-  FakeWindow window(test);
-  // No client is installed, so the request is refused.
-  EXPECT_EQ(edit(window, "77"), 1);
-  EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
-  EXPECT_TRUE(window.manager->isDragAndMove());
-  EXPECT_EQ(window.manager->getVornMeetingKey(), "77");
-  EXPECT_EQ(window.manager->meetingDataMgr()->getSavedApptInfo()[vn_ApptInfo_OlApptUUID], Value("uuid"));
-  EXPECT_EQ(window.bar->action, VnApptActionCalendarEdit);
-}
-
-TEST_F(CalendarEdit, GoesOnAtTheReplyOnce) {
-  FakeWindow window(test);
-  edit(window, "77");
-  reply(window);
-  EXPECT_EQ(window.manager->state(), VnStateCommitting);
-  window.manager->setState(VnStateUpdateOnCalendar);
-  reply(window);
-  EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
-}
-
 // The reply has no number of its request, so what it names decides whether it is believed.
 TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
   RecordingClient::install(test);

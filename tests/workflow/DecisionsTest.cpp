@@ -11,7 +11,6 @@
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnAutoRemoveVornMeetingMessage.h"
-#include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnCommitWarning.h"
 #include "workflow/vnScheduleErrorMessage.h"
 #include "workflow/vnScheduleLimitationViewController.h"
@@ -130,40 +129,13 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   }
 }
 
-TEST_F(Decisions, EachOtherReplyGoesToItsOwnEnd) {
-  const Value confirmed = Value::dictionaryFromPairs({{keyVNResult, keyVNSuccess}, {vn_MeetingKey, "5550999999"}});
-  for (const std::uint64_t number : {VnCmdSchedule, VnCmdUpdate}) {
-    client.requests.clear();
-    manager().setState(VnStateCommitting);
-    window->bar->result.setActionResult(false);
-    vnCalendarActionMgr::sharedInstance().setActionResult(false);
-    reply(number, confirmed);
-    EXPECT_TRUE(vnCalendarActionMgr::sharedInstance().getActionResult());
-    EXPECT_EQ(manager().state(), VnStateCommitted) << number;
-    EXPECT_EQ(data().meetingKey(), "5550999999");
-    EXPECT_TRUE(window->bar->getActionResult());
-    EXPECT_EQ(window->bar->shown, VnUIMeeting);
-    EXPECT_THAT(client.names(), ElementsAre("3/4"));
-    EXPECT_EQ(hostSaves, 0);
-  }
-
-  // A deletion leaves the state, takes the record away and finishes.
-  manager().setState(VnStateChanging);
-  manager().setIsForceUpdate(false);
-  vnCalendarActionMgr::sharedInstance().setActionResult(false);
-  reply(VnCmdDelete, Value::dictionaryFromPairs({{keyVNResult, keyVNSuccess}}));
-  EXPECT_EQ(manager().state(), VnStateChanging);
-  EXPECT_EQ(window->get(window->bar->editor, "olmUCInband").text(), "");
-  EXPECT_EQ(window->bar->shown, VnUINotMeeting);
-  EXPECT_EQ(data().meetingKey(), "");
-  EXPECT_EQ(hostSaves, 1);
-  EXPECT_TRUE(manager().isForceUpdate());
-  EXPECT_TRUE(vnCalendarActionMgr::sharedInstance().getActionResult());
-
-  // People to schedule for matter only to a meeting that does not exist yet, and only to an open panel.
+TEST_F(Decisions, PeopleToScheduleForMatterToANewMeetingAndToAnOpenPanelAlone) {
+  reply(VnCmdGetScheduleForList);
+  data().setMeetingKey("");
+  reply(VnCmdGetScheduleForList);
+  EXPECT_THAT(panels.panel->calls, IsEmpty());
   openPanel();
   reply(VnCmdGetScheduleForList);
-  EXPECT_THAT(panels.panel->calls, ElementsAre("people"));
   data().setMeetingKey(kKey);
   reply(VnCmdGetScheduleForList);
   EXPECT_THAT(panels.panel->calls, ElementsAre("people"));
@@ -397,44 +369,6 @@ TEST_F(Decisions, AMeetingIsRecognisedByItsRecordOrItsCalendarText) {
     EXPECT_EQ(data().isForceIncludeJoinurlInLocationChanged(), byRecord);
   }
   EXPECT_THAT(client.names(), IsEmpty());
-}
-
-TEST_F(Decisions, AMeetingFoundByItsUUIDBelongsToTheWindowThatAskedForIt) {
-  const struct {
-    const char* name;
-    bool isReadable;
-    const char* toldUUID;
-    bool knowsAccount, isTaken;
-  } rows[] = {
-      {"this one's", true, "u", true, true},
-      {"this one's, of an account not known yet", true, "U", false, true},
-      {"of no appointment", true, nullptr, true, true},
-      {"another one's", true, "other", true, false},
-      {"one that nobody can read", false, "u", true, false},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    vnUserProfileHelper::sharedInstance().clearUserProfile();
-    if (row.knowsAccount) knowAccount();
-    openWindow();
-    data().setMeetingKey("");
-    window->set(window->bar->event, "UUID", "u");
-    manager().sendVnMeetingCommand(VnCmdGetMeetingByApptUUID, window->bar->editor);
-    EXPECT_FALSE(test.presenter.showsProgress());
-    com::tidemar::webapp::proto::MeetingProto message;
-    if (row.toldUUID) message.set_extinfo(R"({"olApptUUID":")" + std::string(row.toldUUID) + "\"}");
-    helper().setMeetingData(row.isReadable ? meeting() : Value::dictionary(), true);
-    helper().setPBMeetingData(encoded(message));
-    client.requests.clear();
-    reply(VnCmdGetMeetingByApptUUID);
-    EXPECT_EQ(data().meetingKey(), row.isTaken ? kKey : "");
-    EXPECT_EQ(data().joinUrl().has_value(), row.isTaken);
-    EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().take(window->bar).getJoinURLFromProperty(),
-              data().joinUrl());
-    EXPECT_EQ(window->bar->shown, row.isTaken ? VnUIMeeting : VnUINotMeeting);
-    EXPECT_THAT(client.names(), ElementsAreArray(row.isTaken && !row.knowsAccount ? std::vector<std::string>{"6"}
-                                                                                  : std::vector<std::string>{}));
-  }
 }
 
 // Until its first invitation stands in it, a body holds only the user's words, which an update must not replace.

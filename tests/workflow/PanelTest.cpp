@@ -168,25 +168,6 @@ TEST_F(Panel, WhatWaitedForTheProfileGoesOnWhenItHasCome) {
   }
 }
 
-TEST_F(Panel, OfAUserWhoNeverSeesItAnAddGoesOnWithThePersonalMeetingOrAtOnce) {
-  for (const bool isPersonal : {false, true}) {
-    com::tidemar::webapp::proto::UserProfile message;
-    message.set_id("me");
-    message.set_usertype(2);
-    message.set_useroption3(isPersonal ? 0x100 : 0);
-    vnUserProfileHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{vn_Profile_Proto, encoded(message)}}));
-    JsonTextFile(vnCommon::getVnUserProfilePath("me")).setKey(vn_Setting_NotShowMeAgain, true);
-    openWindow();
-    data().setMeetingKey("");
-    client.requests.clear();
-    manager().sendVnMeetingCommand(VnCmdAdd, window->bar);
-    EXPECT_THAT(client.names(), ElementsAre(isPersonal ? "3/4" : "3/1"));
-    EXPECT_EQ(manager().state(), isPersonal ? VnStatePMIForSchedule : VnStateCommitting);
-    EXPECT_THAT(panel.calls, IsEmpty());
-  }
-}
-
 // A click before the profile has come is the one that the user waits for only when settings are to be shown.
 TEST_F(Panel, AClickWithoutAPanelToShowAsksForTheProfileOrStops) {
   for (const std::uint64_t command : {VnCmdAdd, VnCmdChangeSettings}) {
@@ -246,20 +227,6 @@ TEST_F(Panel, AFaultOfACommitReachesThePanelOfItsOwnWindowAlone) {
   manager().resetMeetingItemWhenUpdateError(window->bar->ownWindow);
   EXPECT_THAT(panel.calls, ElementsAre("filters ada@vorn.example", "filters ada@vorn.example", "resets"));
   EXPECT_EQ(manager().getSiteMeetingInfo(id()), Value("site"));
-}
-
-TEST_F(Panel, ACommitRemembersTheAlternateHostsOfAnOpenPanel) {
-  Value hosts = Value::array();
-  hosts.append("ada@vorn.example");
-  panels.panel->settings.set(vn_Setting_AlternateHosts, hosts);
-  ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window->bar);
-  left.setNeedClearLocation(true);
-  reply(VnCmdUpdate);
-  EXPECT_FALSE(left.needClearLocation()) << "the appointment is a meeting again";
-  EXPECT_THAT(panels.panel->calls, IsEmpty());
-  openPanel();
-  reply(VnCmdUpdate);
-  EXPECT_THAT(panels.panel->calls, ElementsAre("remembers ada@vorn.example"));
 }
 
 TEST_F(Panel, ARefusedCommitIsToldByThePanelOrWithoutOneByAnAlert) {

@@ -47,6 +47,7 @@ void clientTells(const std::vector<Conference>& conferences) {
 const Conference kNumbers{5550001, {"+1 200", "+1 20"}};
 const Conference kDedicated{5550002, {}, "+1 999,,5550002#", "", "", "<p>Call</p>"};
 const Conference kPlace{0, {}, "", "Phone"};
+const Conference kBlanks{0, {}, "", " Phone "};
 const Conference kTurnedOff{5550004, {"+1 400"}, "", "", ""};
 
 // A window that has no meeting.
@@ -151,30 +152,6 @@ TEST_F(PersonalAudio, ALocationKeepsTheUsersWordsAndTakesOneConference) {
   EXPECT_EQ(audio().getNewLocationForPAC("+1 5"), " +1 5 ");
 }
 
-TEST_F(PersonalAudio, AClickAlwaysAsksAndTheReplyWritesBodyAndLocation) {
-  clientTells({kNumbers, kDedicated});
-  show("Room");
-  for (const std::uint64_t account : {1u, 2u}) {
-    client.requests.clear();
-    vnUserProfileHelper::sharedInstance().setIsAccountChanged(true);
-    click(account);
-    EXPECT_THAT(client.names(), ElementsAre("9"));
-    EXPECT_TRUE(test.presenter.showsProgress());
-    EXPECT_FALSE(vnUserProfileHelper::sharedInstance().isAccountChanged());
-    EXPECT_EQ(data().pacAccountNo(), account);
-    EXPECT_TRUE(vnApptDataForSaveRecord::sharedInstance().of(bar()).isPACMeeting());
-    bar()->shown = VnUIHidden;
-    reply(VnCmdGetPAC, Value());
-    EXPECT_EQ(bar()->shown, VnUIHidden) << "an add changes nothing there";
-    EXPECT_EQ(manager().state(), VnStatePAC);
-    EXPECT_EQ(body(), account == 1 ? "<p>mine</p><br><br>Call us<br><br>" : "<p>mine</p><p>Call</p>");
-    EXPECT_EQ(location(), account == 1 ? "Room +1 200, +1 20, 5550001" : "Room +1 999,,5550002#");
-    EXPECT_EQ(window->get(window->field, "stringValue").text(), location());
-    EXPECT_EQ(window->get(bar()->editor, "location").text(), location());
-  }
-  EXPECT_THAT(test.presenter.alerts(), IsEmpty());
-}
-
 TEST_F(PersonalAudio, OnlyAnAddThatWaitsIsCarriedOutAndOnlyOnce) {
   clientTells({kNumbers});
   data().setPACAccountNo(1);
@@ -195,20 +172,6 @@ TEST_F(PersonalAudio, OnlyAnAddThatWaitsIsCarriedOutAndOnlyOnce) {
   EXPECT_EQ(body(), once);
   add(1);
   EXPECT_EQ(body(), once + "<br><br>Call us<br><br>") << "a second add is the user's will";
-}
-
-TEST_F(PersonalAudio, AConferenceThatIsTurnedOffIsToldAndNothingIsWritten) {
-  show("Room +1 400");
-  for (const std::vector<Conference>& told : {std::vector<Conference>{kTurnedOff}, {}}) {
-    clientTells(told);
-    test.presenter.forgetAlerts();
-    bar()->shown = VnUIHidden;
-    add(1);
-    EXPECT_THAT(test.presenter.alerts(), SizeIs(1));
-    EXPECT_EQ(bar()->shown, VnUINotMeeting);
-    EXPECT_EQ(body(), "");
-    EXPECT_EQ(storedLocation(), "Room +1 400");
-  }
 }
 
 TEST_F(PersonalAudio, AWindowOrAnAppointmentThatHasGoneIsLeftAlone) {
@@ -264,12 +227,7 @@ TEST_F(PersonalAudio, AnAddTakesThePlaceOfTheOneBeforeAndOfNothingElse) {
   } rows[] = {
       {"numbers that have changed", "Room", nullptr, {kNumbers}, {{7, {"+1 7"}}}, "Room +1 7, 7"},
       {"a place", "Room", nullptr, {kPlace}, {kNumbers}, "Room +1 200, +1 20, 5550001"},
-      {"a place with blanks",
-       "Room",
-       "Room Phone",
-       {{0, {}, "", " Phone "}},
-       {kDedicated},
-       "Room +1 999,,5550002#"},
+      {"a place with blanks", "Room", "Room Phone", {kBlanks}, {kDedicated}, "Room +1 999,,5550002#"},
       {"a place within words of the user", "Phone", nullptr, {kPlace}, {kDedicated}, "Phone +1 999,,5550002#"},
       {"a place behind the same word", "Phone 1", nullptr, {kPlace}, {kDedicated}, "Phone 1 +1 999,,5550002#"},
       {"a place that the user took out", "Phone 1", "Phone 1", {kPlace}, {kDedicated}, "Phone 1 +1 999,,5550002#"},

@@ -5,7 +5,6 @@
 #include "workflow/RunningSave.h"
 #include "workflow/StoreTimeWriter.h"
 #include "workflow/vnApptDataForSaveRecord.h"
-#include "workflow/vnPACMeetingMgr.h"
 #include "workflow/vnSavePreparation.h"
 
 namespace vorn {
@@ -187,35 +186,6 @@ TEST_F(StoreTime, ADeleteWritesTheCleanedLocationAndBody) {
   }
 }
 
-TEST_F(StoreTime, ATelephoneConferenceTakesThePlaceOfTheOneBefore) {
-  const auto manager = vnMeetingMgr::create();
-  vnPACMeetingMgr conference;
-  EXPECT_EQ(conference.getNewLocationForPAC("Room"), "Room") << "nobody has any conferences";
-  EXPECT_EQ(conference.getNewLocationForPAC(std::nullopt), std::nullopt);
-
-  receiveConferences();
-  conference.setMeetingMgr(manager.get());
-  const struct {
-    std::uint64_t account;
-    OptionalText location;
-    const char* expected;
-  } rows[] = {
-      {1, "Room", "Room +1 999"},
-      {1, std::nullopt, "+1 999"},
-      {1, "", "+1 999"},
-      {2, "Room", "Room +33 1, 5550002"},
-      {2, "Room +33 1, 5550002", "Room +33 1, 5550002"},
-      {2, "Room +1 200, 5550001", "Room +33 1, 5550002"},
-      {3, "Room 10", "Room 10 Phone 3"},
-      {3, "Room 10 +44 3", "Room 10 Phone 3"},
-      {4, "Room 10", "Room 10"},
-  };
-  for (const auto& row : rows) {
-    manager->meetingDataMgr()->setPACAccountNo(row.account);
-    EXPECT_EQ(conference.getNewLocationForPAC(row.location), row.expected) << row.location.value_or("-");
-  }
-}
-
 TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
   struct Row {
     const char* what;
@@ -275,27 +245,6 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
     const auto waiting = left.windows();
     EXPECT_EQ(std::count(waiting.begin(), waiting.end(), window.bar), row.expected ? 0 : 1);
     left.cleanup(window.bar.get());
-  }
-}
-
-TEST_F(StoreTime, WhatTheUserTypedSinceItWasNotedIsStored) {
-  for (const bool isCancelled : {true, false}) {
-    FakeWindow window(test);
-    window.set(window.bar->event, "UUID", "A");
-    ApptSaveData& mine = left.of(window.bar);
-    mine.setNeedClearLocation(isCancelled);
-    mine.setVnLocation("url");
-    mine.setOLNewLocation("Castle");
-    mine.setOLNewBody("<p>old</p>");
-    window.showLocation("Castle, east wing");
-    window.set(window.bar->bodyEditor, "bodyContent", isCancelled ? "" : "<p>new</p>");
-    const HostObject object = record({{"UUID", "A"},
-                                      {"olmUCInband", isCancelled ? "" : kMeetingRecord},
-                                      {"location", "Castle, east wing"},
-                                      {"body", "<p>as the host has it</p>"}});
-    StoreTimeWriter::write(object);
-    EXPECT_EQ(stored(object, "location").text(), "Castle, east wing") << isCancelled;
-    EXPECT_EQ(stored(object, "body").text(), isCancelled ? "" : "<p>new</p>");
   }
 }
 
