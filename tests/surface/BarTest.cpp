@@ -2,7 +2,6 @@
 
 #include "host/surface/ActionBarPlacement.h"
 #include "tests/surface/SurfaceWorld.h"
-#include "workflow/ThreadDictionary.h"
 #include "workflow/vnMeetingMgrMonitor.h"
 #include "workflow/vnWorkflowKeys.h"
 
@@ -42,17 +41,6 @@ class Bar : public SurfaceWorld {
   }
 };
 
-TEST_F(Bar, ShowsAddForAnAppointmentAndCancelAndSettingsForAMeeting) {
-  host.set(event, "summary", "Weekly");
-  EXPECT_EQ(shown(openedBar("")), "A--");
-  closeWindow(window);
-  const auto bar = openedBar("123");
-  EXPECT_EQ(shown(bar), "-CS");
-  bar->onUIChanged(VnUIHidden);
-  EXPECT_EQ(shown(bar), "---");
-  EXPECT_EQ(managerOf(bar)->meetingDataMgr()->getSavedApptInfo()["subject"], Value("Weekly"));
-}
-
 TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
   struct {
     const char* why;
@@ -79,20 +67,6 @@ TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
     EXPECT_EQ(bar->vnUIStatusNow(), VnUIMeeting) << c.why;
     const bool blocks = std::string(c.expected) == "---" && !host.get(editor, "isCancelMode").boolValue();
     EXPECT_EQ(bar->blockDeleteVornMeeting(), blocks) << c.why;
-  }
-}
-
-TEST_F(Bar, AnItemOfASeriesIsSupportedWithAMeetingOfItsOwn) {
-  const HostObject series = host.object("ECCalendarEvent");
-  host.set(event, "seriesMasterRecord", series);
-  for (const char* kind : {"isOccurrence", "isModifiedException"}) {
-    host.set(event, kind, true);
-    for (const char* seriesKey : {"123", "456"}) {
-      host.set(series, "olmUCInband", std::string("{\"meetingKey\": \"") + seriesKey + "\"}");
-      EXPECT_EQ(openedBar("123")->isSupportVorn(), std::string(seriesKey) == "456") << kind << seriesKey;
-      closeWindow(window);
-    }
-    host.set(event, kind, false);
   }
 }
 
@@ -185,32 +159,6 @@ TEST_F(Bar, ADisabledSettingsButtonSaysWhy) {
   world.classRuntime.send(bar->view(), "onClickCancelVornMeeting:", {Value()});
   EXPECT_TRUE(bar->changeButton().enabled) << "a cancel takes it back";
   EXPECT_TRUE(bar->changeButton().toolTip.empty());
-}
-
-TEST_F(Bar, TakesTheFirstFlagThatAToolbarCommandHasLeft) {
-  ThreadDictionary& left = ThreadDictionary::sharedInstance();
-  left.set(keyFlagAutoAddToVnMeeting, true);
-  left.set(keyFlagVnMeetingArgument, Value::dictionary());
-  left.set(keyFlagAutoUpdateVnMeeting, true);
-  const auto bar = openedBar("");
-  EXPECT_EQ(managerOf(bar)->getMeetingAction(), VnCmdAdd);
-  EXPECT_FALSE(left[keyFlagAutoAddToVnMeeting].boolValue());
-  EXPECT_TRUE(left[keyFlagVnMeetingArgument].isAbsent());
-  EXPECT_TRUE(bar->isAutoUpdateVornMeeting());
-
-  bar->autoAddToVnMeeting();
-  EXPECT_EQ(managerOf(bar)->getMeetingAction(), VnCmdUpdate);
-  EXPECT_EQ(bar->olUIAction(), VnApptActionAutoUpdate);
-  EXPECT_TRUE(managerOf(bar)->isForceUpdate());
-  EXPECT_FALSE(bar->isAutoUpdateVornMeeting());
-}
-
-TEST_F(Bar, AStoredAppointmentThatOpensMeanwhileIsNotTheOneThatTheToolbarMeant) {
-  ThreadDictionary& left = ThreadDictionary::sharedInstance();
-  left.set(keyFlagAutoAddToVnMeeting, true);
-  host.set(event, "UUID", "A");
-  EXPECT_EQ(managerOf(openedBar(""))->getMeetingAction(), 0u);
-  EXPECT_TRUE(left[keyFlagAutoAddToVnMeeting].boolValue());
 }
 
 TEST_F(Bar, StaysWhenTheHostLetsGoOfTheEventBeforeTheFirstClick) {

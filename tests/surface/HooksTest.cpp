@@ -1,75 +1,24 @@
 #include "host/proxies/vnERageMainWindowController.h"
 #include "host/surface/ActionBarPlacement.h"
 #include "host/surface/HostDescription.h"
-#include "tests/support/FakeWindow.h"
 #include "tests/surface/SurfaceWorld.h"
-#include "workflow/RunningSave.h"
-#include "workflow/vnApptDataForSaveRecord.h"
-#include "workflow/vnMeetingMgrMonitor.h"
 
 namespace vorn {
 namespace {
 
-struct SaveSelector {
-  const char* selector;
-  Arguments arguments;
-  int action;
-  Value stopped;
-};
-
-const SaveSelector kSaves[] = {{"save:", {"sender"}, 1, Value()},
-                               {"saveAndCloseWindow:", {true}, 2, -1},
-                               {"sendMeetingPostValidate", {}, 3, Value()},
-                               {"saveAndCloseWindow:andReturnError:", {true, Value()}, 4, -1}};
-
-class Hooks : public SurfaceWorld {
- protected:
-  // A bar that only says what a save has to do. It is not listed with a manager, so a save that needs one is
-  // stopped.
-  std::shared_ptr<FakeBar> listBar(int status) {
-    const auto bar = std::make_shared<FakeBar>();
-    bar->editor = editor;
-    bar->dataStatus = status;
-    vnActionAdditionViewMonitor::sharedInstance().addVnActionAdditionViewInstance(bar);
-    return bar;
-  }
-  void loadWithSaves() {
-    for (const SaveSelector& save : kSaves) host.set(editor, save.selector, "the host's result");
-    HookInstaller::sharedInstance().load();
-  }
-};
+using Hooks = SurfaceWorld;
 
 TEST_F(Hooks, ASaveOfAnAppointmentWithoutABarIsTheHostsOwn) {
-  loadWithSaves();
-  for (const SaveSelector& save : kSaves) {
-    EXPECT_EQ(world.classRuntime.send(editor, save.selector, save.arguments), Value("the host's result"))
-        << save.selector;
-    EXPECT_EQ(host.calls(editor, save.selector), (std::vector<Arguments>{save.arguments})) << save.selector;
+  const std::pair<const char*, Arguments> saves[] = {{"save:", {"sender"}},
+                                                     {"saveAndCloseWindow:", {true}},
+                                                     {"sendMeetingPostValidate", {}},
+                                                     {"saveAndCloseWindow:andReturnError:", {true, Value()}}};
+  for (const auto& [selector, arguments] : saves) host.set(editor, selector, "the host's result");
+  HookInstaller::sharedInstance().load();
+  for (const auto& [selector, arguments] : saves) {
+    EXPECT_EQ(world.classRuntime.send(editor, selector, arguments), Value("the host's result")) << selector;
+    EXPECT_EQ(host.calls(editor, selector), (std::vector<Arguments>{arguments})) << selector;
   }
-}
-
-TEST_F(Hooks, ASaveGoesOnWhenNothingHasToBeToldAndStopsWhenTheServiceMustBeAsked) {
-  loadWithSaves();
-  const std::pair<int, bool> statuses[] = {
-      {VnDataNone, true}, {VnDataAdded, true}, {VnDataChanged, false}, {VnDataDeleted, false}};
-  for (const auto& [status, goesOn] : statuses) {
-    const auto bar = listBar(status);
-    for (const SaveSelector& save : kSaves) {
-      const std::size_t before = host.calls(editor, save.selector).size();
-      const Value result = world.classRuntime.send(editor, save.selector, save.arguments);
-      EXPECT_EQ(result, goesOn ? Value("the host's result") : save.stopped) << save.selector << status;
-      EXPECT_EQ(host.calls(editor, save.selector).size() - before, goesOn ? 1u : 0u) << save.selector << status;
-      EXPECT_EQ(bar->action, save.action);
-    }
-    vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(bar.get());
-  }
-}
-
-TEST_F(Hooks, TheAddedSelectorReachesTheHostsSavePastAStoppingHook) {
-  loadWithSaves();
-  listBar(VnDataChanged);
-  EXPECT_EQ(world.classRuntime.send(editor, "vn_ERCalendarEventEditorViewController_save:", {Value()}),
-            Value("the host's result"));
 }
 
 TEST_F(Hooks, TheHostNeverSeesTheBodyAmongTheChangesForAttendees) {
@@ -107,24 +56,6 @@ TEST(HostDescription, ReadsAsThePlatformPrintsIt) {
   for (const auto& [value, text] : rows) EXPECT_EQ(hostDescription(value), text);
 }
 
-TEST_F(Hooks, TheLastWriteComesBeforeTheHostStoresTheRecord) {
-  const HostObject record = host.object("ECMutableCalendarEvent", {{"setLocation:", Value()}});
-  Value storedLocation;
-  world.classRuntime.setInstanceMethod("ECMutableCalendarEvent", "saveRecord",
-                                       [&](const HostObject& self, const Arguments&) {
-                                         storedLocation = host.get(self, "location");
-                                         return Value(1);
-                                       });
-  const auto bar = makeBar();
-  ApptSaveData& save = vnApptDataForSaveRecord::sharedInstance().of(bar);
-  save.setNeedClearLocation(true);
-  save.setOLNewLocation("Castle");
-  HookInstaller::sharedInstance().load();
-  const RunningSave ofThisWindow(bar);
-  EXPECT_EQ(world.classRuntime.send(record, "saveRecord"), Value(1));
-  EXPECT_EQ(storedLocation, Value("Castle"));
-}
-
 TEST_F(Hooks, TheRibbonIsDrawnByTheHostAndAnAutoLayoutViewNotAtAll) {
   const HostObject ribbon = host.object("OUIRibbonChunkContainerView", {{"drawRect:", Value()}});
   const HostObject layout = host.object("OLAutoLayoutView", {{"drawRect:", Value()}});
@@ -133,34 +64,6 @@ TEST_F(Hooks, TheRibbonIsDrawnByTheHostAndAnAutoLayoutViewNotAtAll) {
     EXPECT_EQ(world.classRuntime.send(view, "drawRect:", {valueFromRect({})}), Value(true));
     EXPECT_EQ(host.calls(view, "drawRect:").size(), view == ribbon ? 1u : 0u);
   }
-}
-
-TEST_F(Hooks, TheBodyEditorThatTheHostTakesInIsRememberedForTheBar) {
-  const HostObject wordMail = host.object("OLWordMailEditor");
-  host.set(editor, "hostWordMailEditor:", "hosted");
-  HookInstaller::sharedInstance().load();
-  EXPECT_EQ(world.classRuntime.send(editor, "hostWordMailEditor:", {wordMail}), Value("hosted"));
-  EXPECT_EQ(vnApptDataForSaveRecord::sharedInstance().olWordMailEditor(editor), wordMail);
-}
-
-TEST_F(Hooks, AnEditorGetsItsBarThroughItsHeaderAndSetsItUpAfterOpening) {
-  world.classRuntime.setInstanceMethod("OLAutoLayoutAttachmentsAcceptingView", "initWithFrame:",
-                                       [](const HostObject& self, const Arguments&) { return Value(self); });
-  world.classRuntime.setClassMethod("ERCalendarEventEditorWindowController",
-                                    "showWindowForEvent:", [this](const HostObject&, const Arguments&) -> Value {
-                                      world.classRuntime.send(header, "initWithFrame:", {valueFromRect({})});
-                                      return controller;
-                                    });
-  HookInstaller::sharedInstance().load();
-  const HostObject windows = world.classRuntime.classObject(
-      world.classRuntime.NSClassFromString("ERCalendarEventEditorWindowController"));
-  EXPECT_EQ(world.classRuntime.send(windows, "showWindowForEvent:", {event}), Value(controller));
-  const auto bar = barOfWindow();
-  ASSERT_TRUE(bar);
-  EXPECT_FALSE(bar->ecCalendarEvent());
-  world.runLoop.runDue();
-  EXPECT_EQ(bar->ecCalendarEvent(), event);
-  EXPECT_FALSE(bar->addButton().hidden);
 }
 
 TEST_F(Hooks, AHeaderOfAnHeirOrAFailedOneGetsNoBar) {
@@ -261,18 +164,6 @@ TEST_F(Hooks, TheMainWindowIsTakenWhenItShowsAndItsRibbonForgottenWhenItCloses) 
   EXPECT_FALSE(taken.isHomeMailOrCalendarTab());
   EXPECT_EQ(host.calls(mainController, "windowDidBecomeMain:").size(), 2u);
   EXPECT_EQ(host.calls(mainController, "windowWillClose:").size(), 1u);
-}
-
-TEST_F(Hooks, AChangedFromFieldIsNotedAndMeasuredAgainstTheOwner) {
-  host.set(editor, "fromFieldModified:", Value());
-  HookInstaller::sharedInstance().load();
-  world.classRuntime.send(editor, "fromFieldModified:", {Value()});
-  const auto bar = makeBar();
-  EXPECT_FALSE(bar->fromFieldChanged());
-  world.classRuntime.send(editor, "fromFieldModified:", {Value()});
-  EXPECT_TRUE(bar->fromFieldChanged());
-  EXPECT_TRUE(bar->changeButton().enabled);
-  EXPECT_EQ(host.calls(editor, "fromFieldModified:").size(), 2u);
 }
 
 }  // namespace
