@@ -282,26 +282,6 @@ TEST_F(Catalogue, TheProfileReachesItsReaderBeforeTheManagerHearsOfIt) {
   }
 }
 
-TEST_F(Catalogue, TheScheduleForListReachesItsReader) {
-  mgr->getScheduleForList(window);
-  reply("11", R"({"bosses":[{"email":"ann@x.org"}]})");
-  EXPECT_TRUE(vnGetScheduleForListHelper::sharedInstance().hasScheduleForList());
-  EXPECT_EQ(owner.finished[0].data[keyVnAPIResponse]["bosses"].count(), 1u);
-  mgr->getScheduleForList(window);
-  reply("11", "{broken");
-  EXPECT_FALSE(vnGetScheduleForListHelper::sharedInstance().hasScheduleForList());
-  EXPECT_EQ(owner.finished.size(), 2u);
-}
-
-TEST_F(Catalogue, AudioDataReachTheirReaderAndTheManagerGetsNone) {
-  mgr->getPAC(window, Value());
-  reply("9", "eAA=");
-  EXPECT_TRUE(vnGetPACHelper::sharedInstance().hasPACInfo());
-  ASSERT_EQ(owner.finished.size(), 1u);
-  EXPECT_EQ(owner.finished[0].number, 13u);
-  EXPECT_FALSE(owner.finished[0].data.contains(keyVnAPIResponse));
-}
-
 TEST_F(Catalogue, WhatOutlastsAProfileIsNotedInTheSiteConfiguration) {
   const auto receive = [&](const std::string& profile) {
     mgr->getUserProfile(window, Value());

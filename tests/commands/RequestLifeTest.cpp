@@ -31,19 +31,6 @@ TEST_F(RequestLife, TheClientIsWokenThreeTimesAndNotAfterAReply) {
   EXPECT_EQ(activations(), 4u);
 }
 
-TEST_F(RequestLife, AfterSixtySecondsOnlyTheSheetGoesAndALateReplyStillCounts) {
-  mgr->getUserProfile(window, withSheet(true));
-  runFor(59.9);
-  EXPECT_TRUE(world.presenter.showsProgress());
-  runFor(0.2);
-  EXPECT_FALSE(world.presenter.showsProgress());
-  EXPECT_THAT(alertTexts(), IsEmpty());
-  EXPECT_THAT(owner.finished, IsEmpty());
-  reply("6", R"({"userId":"late"})");
-  ASSERT_EQ(owner.finished.size(), 1u);
-  EXPECT_EQ(owner.finished[0].data[keyVnAPIResponse]["userId"].text(), "late");
-}
-
 TEST_F(RequestLife, ASecondRequestGetsItsOwnSixtySecondsAndItsOwnActivations) {
   mgr->getUserProfile(window, withSheet(true));
   runFor(30);
@@ -113,53 +100,12 @@ TEST_F(RequestLife, TwoRequestsAtOnceShowASheetEachAndEachReplyEndsItsOwn) {
   EXPECT_FALSE(world.presenter.showsProgress());
 }
 
-TEST_F(RequestLife, TheGateRefusesWhatTheClientCannotAnswer) {
-  const struct {
-    std::function<void()> prepare;
-    int code;
-    const char* text;
-  } cases[] = {
-      {[&] { runClient(false); }, 5, "VornClientNotRunning"},
-      {[&] { installClient("3.4.9"); }, 6, "NotSupportedVornClientVersion"},
-      {[&] { removeClient(); }, 2, "NoVornClient"},
-  };
-  for (const auto& [prepare, code, text] : cases) {
-    prepare();
-    world.presenter.forgetAlerts();
-    EXPECT_EQ(mgr->getUserProfile(window, withSheet(true)), code);
-    EXPECT_EQ(mgr->startMeeting(false), code);
-    EXPECT_EQ(mgr->getMeetingByApptUUID(window, Value()), code);  // silent
-    EXPECT_THAT(alertTexts(), ElementsAre(text, text));
-    EXPECT_EQ(world.presenter.alerts()[0].window, window);
-    EXPECT_EQ(world.presenter.alerts()[1].window, HostObject());
-  }
-  EXPECT_THAT(sent(), IsEmpty());
-  EXPECT_EQ(world.presenter.progress().begun(), 0u);
-  EXPECT_EQ(world.runLoop.waiting(), 0u);
-  EXPECT_EQ(world.trace.steps.front().step, "refused");
-  EXPECT_EQ(world.trace.steps.front().facts["code"], Value(5));
-}
-
 TEST_F(RequestLife, AStrayReplyIsTakenAsTheAnswerToARefusedRequest) {
   runClient(false);
   mgr->getScheduleForList(window);
   runClient();
   reply("11", "{}");
   EXPECT_EQ(owner.finished.size(), 1u);
-}
-
-TEST_F(RequestLife, OneReplyAnswersEveryManagerThatWaitsAndTheNextOneFindsNobody) {
-  FakeOwner other;
-  vnAPIMgr otherMgr;
-  otherMgr.setMeetingMgrInstance(&other);
-  mgr->getScheduleForList(window);
-  otherMgr.getScheduleForList(HostObject(0xdef));
-  reply("11", R"({"bosses":[]})");
-  reply("11", R"({"bosses":[]})");
-  ASSERT_EQ(owner.finished.size(), 1u);
-  ASSERT_EQ(other.finished.size(), 1u);
-  EXPECT_EQ(owner.finished[0].data[keyApptWindowID].text(), "bar of abc");
-  EXPECT_TRUE(other.finished[0].data[keyApptWindowID].isAbsent());
 }
 
 TEST_F(RequestLife, ARequestFromAnAbsentWindowIsSentButItsReplyIsDropped) {
@@ -232,14 +178,6 @@ TEST_F(RequestLife, OnAnOlderSystemRepliesComeAsDistributedNotifications) {
                                          Value::dictionaryFromPairs({{"actionId", "11"}, {"content", "{}"}}));
   EXPECT_EQ(owner.finished.size(), 1u);
   EXPECT_EQ(world.trace.steps.size(), 1u);  // one envelope, however many observe it
-}
-
-TEST_F(RequestLife, WithoutDistributedNotificationsAnOlderSystemHasNoReplies) {
-  world.surroundings.version = {10, 14, 6};
-  world.platform().distributedNotifications = nullptr;
-  world.reinstall();
-  vnAPIMgr unheard;
-  EXPECT_EQ(unheard.getScheduleForList(window), 0);
 }
 
 }  // namespace
