@@ -64,18 +64,6 @@ TEST_F(Editor, ReadingTheChangesCountsAsOpeningTheSettingsAndKeepsTheDirtyMark) 
   EXPECT_EQ(host.get(editor, "isDirty"), Value(true));
 }
 
-TEST_F(Editor, ASaveHasSomethingToTellForEveryStoredAppointmentAndForADirtyNewOne) {
-  const std::tuple<Value, bool, bool> cases[] = {
-      {"U-1", false, true}, {Value(), false, false}, {Value(), true, true}};
-  for (const auto& [uuid, dirty, changed] : cases) {
-    host.set(event, "UUID", uuid);
-    const HostObject editor = editorOn(event);
-    host.set(editor, "isDirty", dirty);
-    EXPECT_EQ(vnERCalendarEventEditorViewController(editor).isVnMeetingItemsChanged(), changed)
-        << uuid.text() << dirty;
-  }
-}
-
 TEST_F(Editor, OnlyChangesOfTheKeyItemsAreChangesOfTheAppointment) {
   const std::pair<const char*, bool> cases[] = {{"content.startTime", true},    {"content.endTime", true},
                                                 {"content.summary", true},      {"content.recurrence", true},
@@ -122,20 +110,6 @@ TEST_F(Editor, ABodyIsEmptyWhenAReaderSeesNothing) {
   EXPECT_TRUE(proxy.isCurrentEmailBodyEmpty());
   owners.wordMailEditor = wordMailWithBody("<p>a</p>");
   EXPECT_FALSE(proxy.isCurrentEmailBodyEmpty());
-}
-
-TEST_F(Editor, AnInvitationIsShownWrittenToTheEventAndNotedForTheStore) {
-  const HostObject wordMail = wordMailWithBody("source");
-  owners.wordMailEditor = wordMail;
-  vnERCalendarEventEditorViewController proxy(editorOn(event));
-  proxy.updateEmailBodyWithVornContent("invitation", true);
-  EXPECT_EQ(host.calls(wordMail, "displayHTMLContent:readOnly:"),
-            (std::vector<Arguments>{{"source+invitation", false}}));
-  EXPECT_EQ(host.get(event, "body"), Value("source+invitation"));
-  EXPECT_EQ(host.get(event, "isBodyHTML"), Value(true));
-  EXPECT_EQ(host.calls(event, "displayReadyBody").size(), 1u);
-  EXPECT_EQ(owners.noted, "source+invitation");
-  EXPECT_TRUE(host.calls(wordMail, "switchToPlainText").empty());
 }
 
 TEST_F(Editor, AnAccountWithoutHTMLGetsPlainTextAndNothingIsNoted) {
@@ -193,18 +167,6 @@ TEST_F(Editor, TheFormatChangesOnlyWithABodyEditorAndAnEvent) {
   proxy.convertBodyContentFormat(false);
   EXPECT_EQ(host.calls(wordMail, "switchToHTMLText").size(), 1u);
   EXPECT_EQ(host.calls(wordMail, "switchToPlainText").size(), 1u);
-}
-
-TEST_F(Editor, TheLocationFieldIsReadAndWrittenWhenThereIsOne) {
-  const HostObject editor = editorOn(event);
-  const vnERCalendarEventEditorViewController proxy(editor);
-  EXPECT_EQ(proxy.getLocationFromUI(), std::nullopt);
-  proxy.updateLocationFieldFromUI("nowhere");
-  const HostObject field = host.object("NSTextField", {{"stringValue", "Room"}, {"setStringValue:", Value()}});
-  host.set(editor, "locationTextField", field);
-  EXPECT_EQ(proxy.getLocationFromUI(), "Room");
-  proxy.updateLocationFieldFromUI("Room; URL");
-  EXPECT_EQ(proxy.getLocationFromUI(), "Room; URL");
 }
 
 TEST_F(Editor, TheKeyItemsCanBeComparedWhenTheEditorDeliversThemAll) {
