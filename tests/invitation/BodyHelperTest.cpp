@@ -179,19 +179,6 @@ TEST_F(BodyHelper, AManagerDecidesWhereANewInvitationGoes) {
       << "an updated meeting without bookmarks replaces the body";
 }
 
-TEST_F(BodyHelper, APlainInvitationStaysOnceHoweverOftenItIsUpdated) {
-  OptionalText body = "<body>user's text</body>";
-  for (int i = 0; i < 4; ++i) {
-    body = m_helper.updateVnBodyWithSrcBody(body, "Join the meeting number " + std::to_string(i) + "\n", false,
-                                            &m_owner);
-  }
-  EXPECT_EQ(occurrences(*body, "Join the meeting"), 1U);
-  EXPECT_EQ(occurrences(*body, kBegin), 1U);
-  EXPECT_EQ(occurrences(*body, kEnd), 1U);
-  EXPECT_NE(body->find("number 3"), std::string::npos);
-  EXPECT_TRUE(body->starts_with("<body>user's text"));
-}
-
 TEST_F(BodyHelper, TheEditorsFontWrapperGoesWithTheOldInvitation) {
   // The new text has something before its begin bookmark that the body lacks, so the wrapper is what is found.
   const std::string body = "mine <font size=2>" + kBegin + "OLD" + kEnd + " more@</font> rest";
