@@ -109,26 +109,6 @@ TEST(HtmlText, StaysLinearForMarkupThatIsMeantToHurt) {
   EXPECT_EQ(htmlToPlainText(repeated("<![", 500'000)).size() > 0, true);
 }
 
-TEST(DateText, WritesAndReadsInNamedZones) {
-  const struct {
-    double seconds;
-    const char *zone, *text;
-  } cases[] = {
-      {0, "UTC", "1970-01-01 00:00:00"},
-      {1700000000, "America/New_York", "2023-11-14 17:13:20"},
-      {1700000000, "Pacific Standard Time", "2023-11-14 14:13:20"},
-      {1700000000, "Asia/Kolkata", "2023-11-15 03:43:20"},
-      {-1, "UTC", "1969-12-31 23:59:59"},
-      {951782400, "UTC", "2000-02-29 00:00:00"},
-      {253402300799, "UTC", "9999-12-31 23:59:59"},
-  };
-  for (const auto& each : cases) {
-    EXPECT_EQ(dateText(each.seconds, each.zone), each.text);
-    EXPECT_EQ(dateFromText(each.text, each.zone), each.seconds) << each.text;
-  }
-  EXPECT_EQ(dateText(0.9, "UTC"), "1970-01-01 00:00:00");
-}
-
 TEST(DateText, RefusesUnknownZonesAndOtherForms) {
   for (const char* zone : {"", "Nowhere/Else", "UTC\xFF"}) {
     EXPECT_EQ(dateText(0, zone), std::nullopt) << zone;
