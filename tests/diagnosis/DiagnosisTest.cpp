@@ -60,23 +60,6 @@ class DiagnosisTest : public ::testing::Test {
   TestPlatform m_world;
 };
 
-TEST_F(DiagnosisTest, TellsInWhichOfItsPlacesTheClientWasFound) {
-  EXPECT_EQ(valueOf(ask("client"), "client", "status").integerValue(), 0);
-  EXPECT_TRUE(valueOf(ask("client"), "client", "place").isNull());
-  // From the last place to the first: each one outranks those before.
-  const std::string places[] = {home() + "/Chosen/vornclient.app", home() + "/SystemApplications/vornclient.app",
-                                home() + "/Library/Application Support/vornclient/vornclient.app",
-                                home() + "/Applications/vornclient.app"};
-  m_world.userDefaults.domains["us.vorn.xos"] = Value::dictionaryFromPairs({{"installPath", places[0]}});
-  for (int place = 4; place >= 1; --place) {
-    const std::string path = install(places[place - 1]);
-    const Value answer = ask("client");
-    EXPECT_EQ(valueOf(answer, "client", "place").integerValue(), place);
-    EXPECT_EQ(valueOf(answer, "client", "installPath").text(), path);
-    EXPECT_TRUE(valueOf(answer, "places", "place" + std::to_string(place))["exists"].boolValue());
-  }
-}
-
 TEST_F(DiagnosisTest, TellsWhereTheVersionCameFromAndWhatItAllows) {
   m_world.workspace.running.insert("us.vorn.xos");
   const std::string path = install(home() + "/SystemApplications/vornclient.app");
