@@ -46,14 +46,6 @@ TEST_F(CalendarSurface, AClientThatFallsSilentLeavesTheUsersChangeAndTheNextDrag
   }
 }
 
-TEST_F(CalendarSurface, ACancelledMeetingIsDeletedAtTheServiceToo) {
-  EXPECT_TRUE(world.host.cancelMeeting("one", ""));
-  world.settle();
-  EXPECT_THAT(world.client->requestNames(), ElementsAre("3/10", "3/3"));
-  EXPECT_FALSE(meeting());
-  EXPECT_FALSE(world.store.find("one"));
-}
-
 TEST(MainWindowCommands, AScheduledMeetingOpensANewAppointmentThatHasIt) {
   RoadWorld world(calendarWith("SUMMARY:Other\r\n"));
   vnCommandItemMgr::sharedInstance().SendToolbarItemCommand(2, Value());

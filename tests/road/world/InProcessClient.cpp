@@ -31,6 +31,10 @@ void InProcessClient::setIncident(std::size_t request, Incident incident) {
   m_incidents[m_requests.size() + request] = std::move(incident);
 }
 
+void InProcessClient::setSpoiling(std::uint32_t action, Spoiling spoiling) {
+  m_spoilings[action] = std::move(spoiling);
+}
+
 std::vector<std::string> InProcessClient::requestNames() const {
   std::vector<std::string> names;
   for (const vornlab::Envelope& request : m_requests) {
@@ -88,6 +92,8 @@ void InProcessClient::take(int connection, const std::string& message) {
 
 void InProcessClient::queue(const std::shared_ptr<Connection>& connection, const vornlab::Desk::Answer& answer) {
   Delivery delivery = deliveryOf(answer.reply, answer.faults);
+  const auto spoiling = m_spoilings.find(answer.reply.action);
+  if (spoiling != m_spoilings.end()) delivery.pieces = {spoiling->second(answer.reply)};
   if (delivery.glue) {
     for (const std::string& piece : delivery.pieces) connection->glued += piece;
     return;

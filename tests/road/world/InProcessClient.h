@@ -20,6 +20,8 @@ class InProcessClient {
   using Read = std::function<void(const std::string& bytes)>;
   // Answers whether the request still reaches the client.
   using Incident = std::function<bool()>;
+  // What arrives in the place of a reply.
+  using Spoiling = std::function<std::string(const vornlab::Envelope& reply)>;
 
   // What a reply takes on its way.
   static constexpr double kAnswerSeconds = 0.05;
@@ -39,6 +41,9 @@ class InProcessClient {
   void setFaults(const std::string& rules);
   // Happens when the n-th request from now, counted from 1, is on its way.
   void setIncident(std::size_t request, Incident incident);
+
+  // For every reply to this action from now on.
+  void setSpoiling(std::uint32_t action, Spoiling spoiling);
 
   // The requests so far, in order.
   const std::vector<vornlab::Envelope>& requests() const { return m_requests; }
@@ -75,6 +80,7 @@ class InProcessClient {
   std::map<int, std::shared_ptr<Connection>> m_connections;
   std::vector<vornlab::Envelope> m_requests;
   std::map<std::size_t, Incident> m_incidents;
+  std::map<std::uint32_t, Spoiling> m_spoilings;
 };
 
 }  // namespace vorn

@@ -86,12 +86,11 @@ class InProcessSession::Applications final : public Workspace {
 };
 
 InProcessSession::InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
-                                   const vornlab::OutlookHost::Options& hostOptions, const Listen& listen)
-    : InProcessSession(withPrograms(options), calendar, hostOptions, listen, Ground()) {}
+                                   const vornlab::OutlookHost::Options& hostOptions)
+    : InProcessSession(withPrograms(options), calendar, hostOptions, Ground()) {}
 
 InProcessSession::InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
-                                   const vornlab::OutlookHost::Options& hostOptions, const Listen& listen,
-                                   Ground ground)
+                                   const vornlab::OutlookHost::Options& hostOptions, Ground ground)
     : EmbeddedSession(options, hostOptions, std::move(ground.runLoop), std::move(ground.surroundings)),
       m_client(runLoop(), account(), serviceOptions(options), world().journal().string()),
       m_workspace(std::make_unique<Applications>(world(), m_client)) {
@@ -102,11 +101,7 @@ InProcessSession::InProcessSession(const vornlab::LabOptions& options, vornlab::
   platform.workspace = m_workspace.get();
   platform.userDefaults = &m_userDefaults;
   Registry::install(platform);
-  if (listen) {
-    listen(world().home().string());
-  } else {
-    Registry::install<vSocketClientImpl>(std::make_unique<InProcessSocket>(m_client));
-  }
+  Registry::install<vSocketClientImpl>(std::make_unique<InProcessSocket>(m_client));
   attachPlugin();
   host().openMainWindow();
 }

@@ -16,13 +16,9 @@ namespace vorn {
 // One at a time.
 class InProcessSession final : public vornlab::EmbeddedSession {
  public:
-  // How the plug-in reaches a client: the one in this process, or whoever listens on the socket in the home folder
-  // when this function, which is called before the plug-in loads, is through.
-  using Listen = std::function<void(const std::string& home)>;
-
   // Throws LabError when the world cannot be made.
   InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
-                   const vornlab::OutlookHost::Options& hostOptions, const Listen& listen = nullptr);
+                   const vornlab::OutlookHost::Options& hostOptions);
   ~InProcessSession() override;
 
   static std::unique_ptr<vornlab::LabSession> start(const vornlab::LabOptions& options,
@@ -52,7 +48,7 @@ class InProcessSession final : public vornlab::EmbeddedSession {
   struct Ground;
 
   InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
-                   const vornlab::OutlookHost::Options& hostOptions, const Listen& listen, Ground ground);
+                   const vornlab::OutlookHost::Options& hostOptions, Ground ground);
 
   InProcessClient m_client;
   std::unique_ptr<Workspace> m_workspace;

@@ -22,8 +22,7 @@ std::filesystem::path applicationIn(const vornlab::World& world) {
 
 }  // namespace
 
-RoadWorld::RoadWorld(const std::string& calendarText, const InProcessSession::Listen& listen)
-    : session({}, loaded(store, calendarText), {}, listen) {}
+RoadWorld::RoadWorld(const std::string& calendarText) : session({}, loaded(store, calendarText), {}) {}
 
 RoadWorld::~RoadWorld() {
   for (const EditorId editor : host.editors()) abandon(editor);

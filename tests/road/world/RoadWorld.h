@@ -16,7 +16,7 @@ class RoadWorld {
   using EditorId = vornlab::OutlookHost::EditorId;
 
   // Loads the plug-in into a host that shows the calendar. The panel is switched off by the saved profile.
-  explicit RoadWorld(const std::string& calendarText, const InProcessSession::Listen& listen = nullptr);
+  explicit RoadWorld(const std::string& calendarText);
   ~RoadWorld();
   RoadWorld(const RoadWorld&) = delete;
   RoadWorld& operator=(const RoadWorld&) = delete;
