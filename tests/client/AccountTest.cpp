@@ -17,8 +17,6 @@ using nlohmann::json;
 using test::Packed;
 using test::unpack;
 
-Account named(const std::string& name) { return Account::fromFile(VORNCLIENT_ACCOUNTS "/" + name + ".json"); }
-
 std::string errorOf(const std::string& text) {
   try {
     Account::fromText(text);
@@ -80,43 +78,6 @@ TEST(Account, packsOptionsIntoTheProfileWords) {
         Case{"templates", 70, 0x1}, Case{"joinRegionsLocked", 69, 0x40000000}}) {
     const Packed packed = profileOf(Account::fromText("{\"options\": {\"" + std::string(option) + "\": true}}"));
     for (const int word : {31, 47, 68, 69, 70}) EXPECT_EQ(packed.number(word), word == field ? mask : 0) << option;
-  }
-}
-
-TEST(Account, answersWithoutTheProtoInPlainMembers) {
-  const auto profile = json::parse(profileReply(named("without-proto")));
-  EXPECT_FALSE(profile.contains("proto"));
-  EXPECT_EQ(profile["userId"], "fU6xJ2lCNidG9yAo4kSv7R");
-  EXPECT_EQ(profile["roomMeetingId"], "5550154408");
-  EXPECT_EQ(profile["userOption"].get<std::int64_t>() & 0x4000000000, 0x4000000000);
-  EXPECT_EQ(profile["enableThirdPartyAudio"], true);
-}
-
-TEST(Account, listsPeopleWithTheirOwnPolicies) {
-  const auto people = json::parse(peopleReply(named("three-people")))["bosses"];
-  EXPECT_EQ(people[0]["isSupportAdditionalDc"], true);
-  EXPECT_EQ(people[1]["userOption4"], 0x40000000);
-  EXPECT_EQ(people[1]["joinMeetingRegionSetting"]["RegionPolicy"]["regionType"], 0);
-}
-
-TEST(Account, listsItsAudioConferences) {
-  const auto answer = unpack(test::decodeBase64(conferencesReply(named("everything-on"))));
-  const auto list = unpack(answer.text(33));
-  ASSERT_EQ(list.texts.at(1).size(), 2U);
-  const auto first = unpack(list.texts.at(1)[0]);
-  EXPECT_EQ(first.number(1), 8005550101U);
-  ASSERT_EQ(first.texts.at(3).size(), 2U);
-  EXPECT_EQ(unpack(first.texts.at(3)[1]).text(4), "+33 800 555 014");
-  EXPECT_NE(first.text(5), "");
-  EXPECT_EQ(unpack(list.texts.at(1)[1]).text(6), "+1 312 555 0177");
-
-  // The invitation comes in both forms, as plain text, or not at all.
-  const auto others = unpack(unpack(test::decodeBase64(conferencesReply(named("audio-conferences")))).text(33));
-  ASSERT_EQ(others.texts.at(1).size(), 3U);
-  const std::pair<bool, bool> forms[] = {{true, true}, {true, false}, {false, false}};
-  for (std::size_t i = 0; i < std::size(forms); ++i) {
-    const auto conference = unpack(others.texts.at(1)[i]);
-    EXPECT_EQ(std::pair(conference.texts.contains(4), conference.texts.contains(5)), forms[i]) << i;
   }
 }
 

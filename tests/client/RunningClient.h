@@ -1,39 +1,22 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "lab/client/Envelope.h"
+#include "tests/support/RunningProgram.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace vornlab::test {
 
-// The program, or another one, as a process of its own. Every wait ends after ten seconds at the latest.
-class RunningClient {
- public:
-  explicit RunningClient(std::vector<std::string> arguments, std::string program = VORNCLIENT_PROGRAM);
-  ~RunningClient();
-  RunningClient(const RunningClient&) = delete;
-  RunningClient& operator=(const RunningClient&) = delete;
-
-  // The next line of its output, or nothing when it ended or says nothing.
-  std::optional<std::string> line();
-  // Its exit code, or minus the signal that ended it; nothing when it does not end.
-  std::optional<int> wait();
-  void stop(int signal) const;
-  // All that it wrote to the error stream; to be asked when it has ended.
-  std::string errors();
-
- private:
-  pid_t m_process = -1;
-  int m_output = -1;
-  int m_errors = -1;
-  std::string m_pending;
+// The client, or another program.
+struct RunningClient : RunningProgram {
+  explicit RunningClient(std::vector<std::string> arguments, const std::string& program = VORNCLIENT_PROGRAM)
+      : RunningProgram(program, std::move(arguments)) {}
 };
 
 // The events of a journal.

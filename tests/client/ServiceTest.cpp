@@ -152,16 +152,6 @@ TEST_F(ServiceTest, keepsAppointmentAndLanguageWhenAnUpdateSaysNothingOfThem) {
   EXPECT_EQ(ask("10;A1B2-C3"), ask("4;" + key));
 }
 
-TEST_F(ServiceTest, findsAMeetingByAppointmentAsByNumberUntilItIsDeleted) {
-  const std::string key = keyOf(schedule(commitOf()));
-  const std::string fetched = ask("4;" + key + ";msOutlook;0");
-  EXPECT_EQ(ask("10;A1B2-C3"), fetched);
-  EXPECT_EQ(ask("4;" + key), fetched);
-  EXPECT_EQ(ask("3;" + key + ";msOutlook"), key);
-  EXPECT_EQ(ask("4;" + key), "0;Error 3001");
-  EXPECT_EQ(ask("10;A1B2-C3"), "0;Error 3001");
-}
-
 TEST_F(ServiceTest, refusesWhatTheServiceRefuses) {
   json unknown = commitOf();
   unknown["meetingKey"] = "99999999999";
@@ -186,14 +176,6 @@ TEST_F(ServiceTest, refusesWhatTheServiceRefuses) {
   }
   EXPECT_EQ(service.meetings().count(), 0);
   for (const char* content : {"5;1", "x", "", "0;;"}) EXPECT_EQ(ask(content), "no reply") << content;
-}
-
-TEST_F(ServiceTest, namesAMeetingWithoutSubjectAfterItsHost) {
-  json document = commitOf();
-  document["apptInfo"]["subject"] = "";
-  const auto layer = fetch(keyOf(schedule(document))).json;
-  EXPECT_EQ(layer["subject"], "Robin Vale's Vorn Meeting");
-  EXPECT_THAT(layer["invitationEmail"].get<std::string>(), HasSubstr("Topic: Robin Vale's Vorn Meeting"));
 }
 
 TEST_F(ServiceTest, writesInvitationsThatCarryEverythingAndNoForeignMarkup) {
@@ -258,15 +240,6 @@ TEST_F(ServiceTest, givesAMeetingUnderAPersonalNumberANumberOfItsOwn) {
     EXPECT_EQ(ask("3;" + first), first);
     EXPECT_EQ(fetch(second).json["meetingKey"], personal);
   }
-}
-
-TEST_F(ServiceTest, schedulesForAnotherPersonUnderTheirName) {
-  service.setAccount(Account::fromFile(VORNCLIENT_ACCOUNTS "/three-people.json"));
-  const auto meeting = fetch(keyOf(schedule(commitOf({{"scheduleFor", "DANA.birch@example.com"}}))));
-  EXPECT_EQ(meeting.json["scheduleFor"], "dana.birch@example.com");
-  EXPECT_EQ(meeting.packed.text(2), "aV2kD8sTQwyN6rHb4mZj0X");
-  EXPECT_THAT(meeting.json["invitationEmail"].get<std::string>(), HasSubstr("Dana Birch is inviting you"));
-  EXPECT_EQ(schedule(commitOf({{"scheduleFor", "chris.peters@example.com"}, {"usePMI", true}})), "0;Error 3105");
 }
 
 TEST_F(ServiceTest, namesTheAlternateHostsThatAreRefused) {

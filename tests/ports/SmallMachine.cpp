@@ -1,17 +1,11 @@
 #include "tests/ports/SmallMachine.h"
 
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
-
 #include <chrono>
 #include <filesystem>
 #include <thread>
 
 #include "util/AtomicFile.h"
 #include "util/PropertyList.h"
-
-extern char** environ;
 
 namespace vorn {
 
@@ -38,16 +32,7 @@ bool SmallMachine::wasStarted(const std::string& bundle) {
 void SmallMachine::run(const std::string& bundle) {
   const std::string program = programOf(bundle);
   fs::copy_file("/bin/sleep", program, fs::copy_options::overwrite_existing);
-  std::string name = "main", seconds = "60";
-  char* arguments[] = {name.data(), seconds.data(), nullptr};
-  ::posix_spawn(&m_process, program.c_str(), nullptr, nullptr, arguments, environ);
-}
-
-void SmallMachine::quit() {
-  if (m_process == 0) return;
-  ::kill(m_process, SIGKILL);
-  ::waitpid(m_process, nullptr, 0);
-  m_process = 0;
+  m_running.emplace(program, std::vector<std::string>{"60"});
 }
 
 void SmallMachine::writeResource(const std::string& file, const std::string& content) {

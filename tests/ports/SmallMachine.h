@@ -1,18 +1,16 @@
 #pragma once
 
-#include <sys/types.h>
-
+#include <optional>
 #include <string>
 
 #include "tests/support/FakePorts.h"
+#include "tests/support/RunningProgram.h"
 
 namespace vorn {
 
 // Folders, applications and processes for a world of ports. What it starts, it ends.
 class SmallMachine {
  public:
-  ~SmallMachine() { quit(); }
-
   std::string home() { return m_folders.homeDirectory(); }
   std::string resources() { return home() + "/Resources"; }
   std::string applications() { return m_folders.applicationsDirectory(); }
@@ -23,12 +21,12 @@ class SmallMachine {
   // Waits for a moment: a start takes its time.
   bool wasStarted(const std::string& bundle);
   void run(const std::string& bundle);
-  void quit();
+  void quit() { m_running.reset(); }
   void writeResource(const std::string& file, const std::string& content);
 
  private:
   TestSurroundings m_folders;
-  pid_t m_process = 0;
+  std::optional<vornlab::test::RunningProgram> m_running;
 };
 
 }  // namespace vorn

@@ -64,55 +64,28 @@ TEST_F(Inspect, TellsEachWayOfRecognisingAMeetingAndWhyItFoundNone) {
   const std::string inband = "X-VORNLAB-OLMUCINBAND:";
   const std::string older = "X-VORNLAB-OLMUCCAPABILITIES:";
   const std::string record = R"({"meetingKey":"123456789"})";
+  const std::string other = "DESCRIPTION:https://vorn.example/j/987654321 now";
+  const std::string folded = "DESCRIPTION:" + std::string(50, 'x') + " https://vorn.example/j/123\r\n 456789 now";
+  constexpr auto key = "123456789";
   const struct {
     std::vector<std::string> lines;
     // What the ways olmUCInband, olmUCCapabilities and text give; the state of the record; the key and its way.
     const char *ways, *state, *key, *from, *reason;
   } cases[] = {
-      {{inband + record}, "found none none", "readable", "123456789", "olmUCInband", "no line of"},
-      {{older + record}, "none found none", "readable", "123456789", "olmUCCapabilities", "no line of"},
-      {{inband + "no JSON", older + record},
-       "broken found none",
-       "readable",
-       "123456789",
-       "olmUCCapabilities",
-       ""},
+      {{inband + record}, "found none none", "readable", key, "olmUCInband", "no line of"},
+      {{older + record}, "none found none", "readable", key, "olmUCCapabilities", "no line of"},
+      {{inband + "no JSON", older + record}, "broken found none", "readable", key, "olmUCCapabilities", ""},
       {{inband + "no JSON"}, "broken none none", "broken", "", "none", ""},
       {{inband + "[1]"}, "broken none none", "broken", "", "none", ""},
       {{inband + "{\"a\":1}"}, "no key none none", "no key", "", "none", ""},
       {{inband + "{\"meetingKey\":7}", older + record}, "no key found none", "no key", "", "none", ""},
-      {{"DESCRIPTION:Join https://vorn.example/j/123456789 now"},
-       "none none found",
-       "none",
-       "123456789",
-       "text",
-       "a join address"},
-      {{"DESCRIPTION:Meeting ID: 123 456 789\\nbye"},
-       "none none found",
-       "none",
-       "123456789",
-       "text",
-       "Meeting ID:"},
+      {{"DESCRIPTION:https://vorn.example/j/123456789"}, "none none found", "none", key, "text", "a join address"},
+      {{"DESCRIPTION:Meeting ID: 123 456 789\\nbye"}, "none none found", "none", key, "text", "Meeting ID:"},
       {{"DESCRIPTION:Meeting ID: 123"}, "none none none", "none", "", "none", "no 9 to 12 digits"},
       {{"DESCRIPTION:https://vorn.example/my/ann"}, "none none none", "none", "", "none", "personal link"},
-      {{"DESCRIPTION:" + std::string(50, 'x') + " https://vorn.example/j/123", " 456789 now"},
-       "none none none",
-       "none",
-       "",
-       "none",
-       "a fold"},
-      {{inband + record, "DESCRIPTION:https://vorn.example/j/987654321 now"},
-       "found none found",
-       "readable",
-       "123456789",
-       "olmUCInband",
-       "a join address"},
-      {{"RECURRENCE-ID:20300514T120000Z", "DESCRIPTION:https://vorn.example/j/987654321 now"},
-       "none none found",
-       "none",
-       "",
-       "none",
-       "a join address"}};
+      {{folded}, "none none none", "none", "", "none", "a fold"},
+      {{inband + record, other}, "found none found", "readable", key, "olmUCInband", "a join address"},
+      {{"RECURRENCE-ID:20300514T120000Z", other}, "none none found", "none", "", "none", "a join address"}};
   std::vector<std::string> events;
   for (const auto& each : cases) events.push_back(appointment(std::to_string(events.size()), "Call", each.lines));
   const std::vector<json> seen = inspect(m_folder.write("in.ics", calendar(events)));

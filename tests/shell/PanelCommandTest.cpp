@@ -124,16 +124,6 @@ TEST_F(PanelCommand, PrintsThePanelAsAPersonSeesItAndWhatIsLocked) {
                     HasSubstr("hidden: not offered by the account: isSupportUnmuteAll")));
 }
 
-TEST_F(PanelCommand, TellsAnOlderClientInJson) {
-  const json old = documentOf({"--client", "4.0.0"});
-  ASSERT_TRUE(old.is_object()) << m_run.output << m_run.errors;
-  const json unmute = controlOf(old, "unmuteParticipantsButton");
-  EXPECT_EQ(unmute["hidden"], true);
-  EXPECT_EQ(unmute["reason"], "the client is too old: isVornClientSupport520Tasks");
-  EXPECT_EQ(controlOf(old, "passwordTextField")["text"], "******");
-  EXPECT_EQ(old["continue"]["enabled"], true);
-}
-
 TEST_F(PanelCommand, TriesWithoutCommittingAndTellsWhatWouldBeWritten) {
   const json told = documentOf({"--try", "host video off, language = germ", "--try", "PASSCODE'S TEXT = \"\""});
   ASSERT_TRUE(told.is_object()) << m_run.output << m_run.errors;

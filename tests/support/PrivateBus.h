@@ -1,10 +1,11 @@
 #pragma once
 
-#include <sys/types.h>
-
-#include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "tests/support/RunningProgram.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace vorn {
 
@@ -13,9 +14,6 @@ class PrivateBus {
  public:
   // Starts dbus-daemon and waits until it answers.
   PrivateBus();
-  ~PrivateBus();
-  PrivateBus(const PrivateBus&) = delete;
-  PrivateBus& operator=(const PrivateBus&) = delete;
 
   // False where dbus-daemon is not installed.
   static bool isInstalled();
@@ -23,14 +21,14 @@ class PrivateBus {
   // What a program finds the bus by; empty when it could not be started.
   const std::string& address() const { return m_address; }
   // Ends the bus as a crash does.
-  void kill();
+  void kill() { m_daemon.reset(); }
   // Runs one of the bus's own command-line tools against it and answers its exit code.
   int run(const std::string& tool, std::vector<std::string> arguments) const;
 
  private:
-  std::filesystem::path m_folder;
+  vornlab::test::TemporaryFolder m_folder;
+  std::optional<vornlab::test::RunningProgram> m_daemon;
   std::string m_address;
-  pid_t m_process = 0;
 };
 
 }  // namespace vorn
