@@ -175,38 +175,6 @@ TEST_F(DiscoveryTest, PacksTheSystemsVersion) {
   }
 }
 
-TEST_F(DiscoveryTest, KnowsTheHostAndTheProductsOtherPieces) {
-  vnAppHelper& helper = vnAppHelper::sharedInstance();
-  EXPECT_FALSE(helper.isOutlookInstalled() || helper.isOutlookRunning() || helper.launchOutlookApp());
-  m_world.workspace.installed[std::string(keyOutlookIdentifier)] = "/Outlook.app";
-  m_world.workspace.executables["/Outlook.app"] = "/Outlook.app/Contents/MacOS/Outlook";
-  m_world.workspace.running.insert(std::string(keyOutlookIdentifier));
-  EXPECT_TRUE(helper.isOutlookInstalled() && helper.isOutlookRunning() && helper.launchOutlookApp());
-  EXPECT_THAT(m_world.workspace.launched, ElementsAre("/Outlook.app/Contents/MacOS/Outlook"));
-
-  const std::string home = m_world.surroundings.homeDirectory();
-  EXPECT_EQ(helper.getOutlookSandboxContainerVornPluginPath(),
-            home + "/Library/Containers/com.microsoft.Outlook/Data/Documents/VornOutlookPlugin");
-  EXPECT_EQ(helper.getMicrosoftApplicationSupportVornPluginFolder(),
-            "/Library/Application Support/Microsoft/VornOutlookPlugin");
-  EXPECT_TRUE(helper.getVnPluginAgentPListUserPath().starts_with(home + "/Library/LaunchAgents/"));
-  EXPECT_EQ(helper.getVnPluginVersion(), "");
-  m_world.workspace.propertyLists[std::string(kPathVnPluginAgent) + "/Contents/Info.plist"] =
-      Value::dictionaryFromPairs({{"CFBundleShortVersionString", "5.4"}});
-  EXPECT_EQ(helper.getVnPluginVersion(), "5.4");
-  EXPECT_EQ(helper.getSystemLanguage(), "");
-  m_world.userDefaults.stored.set("AppleLanguages", Value(Value::Array{"de-DE", "en"}));
-  EXPECT_EQ(helper.getSystemLanguage(), "de-DE");
-}
-
-TEST_F(DiscoveryTest, WakesTheClientOnlyWhileItRuns) {
-  m_applications.silentActiveVornClient();
-  EXPECT_THAT(postedNames(), IsEmpty());
-  m_world.workspace.running.insert(std::string(kVornusIdentify));
-  m_applications.silentActiveVornClient();
-  EXPECT_THAT(postedNames(), ElementsAre(kNoti_SilentActiveVornApplication));
-}
-
 TEST_F(DiscoveryTest, LaunchesTheClientOrBringsARunningOneForward) {
   EXPECT_FALSE(m_applications.LaunchVornClient()) << "not installed";
   install(places()[1]);

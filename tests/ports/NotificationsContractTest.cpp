@@ -90,7 +90,6 @@ TEST_P(NotificationsContract, ASubscriptionThatHasEndedHearsNothingMore) {
 
 const Made kServices[] = {
     {"embedded", makeEmbeddedNotifications},
-    {"fakes", makeFakeNotifications},
 #ifdef VORN_OBJC
     {"apple", makeAppleNotifications},
 #endif

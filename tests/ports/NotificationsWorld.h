@@ -25,7 +25,6 @@ class NotificationsWorld {
 
 // Null where no bus can be started.
 std::unique_ptr<NotificationsWorld> makeEmbeddedNotifications();
-std::unique_ptr<NotificationsWorld> makeFakeNotifications();
 std::unique_ptr<NotificationsWorld> makeAppleNotifications();
 
 }  // namespace vorn

@@ -1,7 +1,6 @@
 #include "platform/embedded/AsioRunLoop.h"
 #include "platform/embedded/EmbeddedDistributedNotifications.h"
 #include "tests/ports/NotificationsWorld.h"
-#include "tests/support/FakePorts.h"
 #include "tests/support/PrivateBus.h"
 
 namespace vorn {
@@ -25,20 +24,6 @@ class BusWorld final : public NotificationsWorld {
       EmbeddedDistributedNotifications::connect(m_loop, m_bus.address());
 };
 
-// The one that the tests of other rooms lean on keeps the same promises.
-class FakeWorld final : public NotificationsWorld {
- public:
-  DistributedNotifications& notifications() override { return m_notifications; }
-  void postElsewhere(std::string_view name, const Value& userInfo) override {
-    m_notifications.deliver(name, userInfo);
-  }
-  bool mayDeliverAtOnce() override { return true; }
-  bool runUntil(const std::function<bool()>& condition) override { return condition(); }
-
- private:
-  RecordingNotifications m_notifications;
-};
-
 }  // namespace
 
 std::unique_ptr<NotificationsWorld> makeEmbeddedNotifications() {
@@ -46,7 +31,5 @@ std::unique_ptr<NotificationsWorld> makeEmbeddedNotifications() {
   auto world = std::make_unique<BusWorld>();
   return world->isUp() ? std::move(world) : nullptr;
 }
-
-std::unique_ptr<NotificationsWorld> makeFakeNotifications() { return std::make_unique<FakeWorld>(); }
 
 }  // namespace vorn

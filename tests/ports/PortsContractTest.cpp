@@ -170,7 +170,6 @@ TEST_P(PortsContract, EachProgressSheetHasItsMessageAndIsEndedByItsOwnerAlone) {
 
 const MadePorts kPlatforms[] = {
     {"embedded", makeEmbeddedPorts},
-    {"fakes", makeFakePorts},
 #ifdef VORN_OBJC
     {"apple", makeApplePorts},
     {"appleWithWorkspace", makeApplePortsWithWorkspace},

@@ -52,7 +52,6 @@ class PortsWorld {
 };
 
 std::unique_ptr<PortsWorld> makeEmbeddedPorts();
-std::unique_ptr<PortsWorld> makeFakePorts();
 // With a toolkit that has no workspace, with one that has, and with one whose workspace raises whatever it is
 // asked.
 std::unique_ptr<PortsWorld> makeApplePorts();

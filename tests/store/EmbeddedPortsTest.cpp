@@ -9,21 +9,6 @@
 namespace vorn {
 namespace {
 
-TEST(EmbeddedUserDefaults, KeepEachDomainInItsPropertyList) {
-  TestSurroundings surroundings;
-  const std::string folder = surroundings.homeDirectory() + "/Library/Preferences";
-  EmbeddedUserDefaults defaults(folder, "com.example.host");
-  defaults.setObject(Value(Value::Array{"x@y.z", "ü"}), "history");
-  defaults.setObject(true, "flag");
-  const Value both = Value::dictionaryFromPairs({{"history", Value(Value::Array{"x@y.z", "ü"})}, {"flag", true}});
-  EXPECT_EQ(readPropertyList(folder + "/com.example.host.plist"), both);
-  EXPECT_EQ(EmbeddedUserDefaults(folder, "com.example.host").persistentDomainForName("com.example.host"), both)
-      << "another process sees it at once";
-
-  replaceFile(folder + "/us.vorn.xos.plist", "no property list");
-  EXPECT_TRUE(defaults.persistentDomainForName("us.vorn.xos").isAbsent());
-}
-
 TEST(EmbeddedUserDefaults, WithALoopAreWrittenWhenItComesRoundAndAtTheLatestWithTheirEnd) {
   TestPlatform world;
   const std::string path = world.surroundings.homeDirectory() + "/defaults/host.plist";
