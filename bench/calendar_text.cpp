@@ -8,7 +8,7 @@
 
 #include "diagnosis/Diagnosis.h"
 #include "invitation/vnICalendarContentParse.h"
-#include "lab/outlook/IcsDocument.h"
+#include "lab/ics/IcsDocument.h"
 #include "tests/road/world/RoadWorld.h"
 
 namespace vorn {

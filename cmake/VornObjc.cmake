@@ -23,6 +23,8 @@ elseif(FFI_FOUND AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     set(VORN_OBJC ON)
     set(objc_options -isystem ${GNUSTEP_HEADERS} -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_RUNTIME=1
       -D_NATIVE_OBJC_EXCEPTIONS -fobjc-exceptions -fconstant-string-class=NSConstantString)
+    # An object constructs and ends what it holds of C++, as it does elsewhere without being told.
+    set(objcxx_options -fobjc-call-cxx-cdtors)
     set(objc_libraries ${GNUSTEP_BASE} objc)
   endif()
 endif()
@@ -57,7 +59,7 @@ function(vorn_objc_sources target)
   # CMake names a language at each source, and the last one counts.
   set(plus ${ARGN})
   list(FILTER plus INCLUDE REGEX "\\.mm$")
-  set_source_files_properties(${plus} PROPERTIES LANGUAGE CXX COMPILE_OPTIONS "-x;objective-c++;${objc_options}")
+  set_source_files_properties(${plus} PROPERTIES LANGUAGE CXX COMPILE_OPTIONS "-x;objective-c++;${objc_options};${objcxx_options}")
   target_sources(${target} PRIVATE ${ARGN})
   target_link_libraries(${target} PRIVATE ${objc_libraries})
 endfunction()

@@ -2,7 +2,7 @@
 // that holds the change.
 
 #include "fuzz/Fuzzing.h"
-#include "lab/outlook/IcsDocument.h"
+#include "lab/ics/IcsDocument.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::fuzzing::check;

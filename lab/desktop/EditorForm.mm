@@ -167,21 +167,18 @@ NSString* peopleText(NSArray* attendees) {
 }
 
 // -- What a person does
-- (void)change:(NSString*)name to:(id)value {
-  ERCalendarEventEditorViewController* editor = [self editor];
-  [editor->m_uncommitted setObject:value forKey:name];
-  [editor setIsDirty:YES];
+- (vornlab::AppointmentChanges&)typed {
+  return [self editor]->m_state -> typed;
 }
 - (void)controlTextDidChange:(NSNotification*)notification {
   const id field = [notification object];
-  if (field == m_subject) {
-    [self change:@"content.summary" to:[m_subject stringValue]];
-    [self showTitle];
-  } else if (field == m_start || field == m_end) {
+  if (field == m_start || field == m_end) {
     m_typedTime = field;
-  } else {
-    [self change:@"content.location" to:[field stringValue]];
+    return;
   }
+  (field == m_subject ? [self typed].summary : [self typed].location) = vornlab::plainText([field stringValue]);
+  if (field == m_subject) [self showTitle];
+  [[self editor] setIsDirty:YES];
 }
 // A time counts when it has been typed whole; one that is none leaves the former.
 - (void)controlTextDidEndEditing:(NSNotification*)notification {
@@ -189,11 +186,10 @@ NSString* peopleText(NSArray* attendees) {
   // Who only passes through a field has typed nothing.
   if (field != m_typedTime) return;
   m_typedTime = nil;
-  NSString* name = field == m_start ? @"content.startTime" : @"content.endTime";
+  std::optional<vornlab::CalendarTime>& typedTime = field == m_start ? [self typed].start : [self typed].end;
   ECCalendarEvent* event = [[self editor] content];
   OLCalendarDate* stored = field == m_start ? [event startTime] : [event endTime];
-  OLCalendarDate* before = [[self editor]->m_uncommitted objectForKey:name];
-  if (!before) before = stored;
+  OLCalendarDate* before = typedTime ? [OLCalendarDate dateWithTime:*typedTime] : stored;
   NSString* typed = [field stringValue];
   if ([typed isEqual:textOf(before)]) return;
   NSDate* date = [formatterOf(before) dateFromString:typed];
@@ -203,7 +199,8 @@ NSString* peopleText(NSArray* attendees) {
   }
   OLCalendarDate* changed = [[[OLCalendarDate alloc] initWithSeconds:[date timeIntervalSince1970]
                                                                 zone:[before timeZone]] autorelease];
-  [self change:name to:changed];
+  typedTime = [changed time];
+  [[self editor] setIsDirty:YES];
 }
 - (void)endTyping {
   [[m_controller window] makeFirstResponder:nil];

@@ -341,8 +341,7 @@ WeekItem movedTo(WeekItem item, double start) {
 
 // -- What a person does
 - (ECCalendarEvent*)eventOf:(std::size_t)index {
-  return [[[ECCalendarEvent alloc] initWithStore:vornlab::shownStore()
-                                           index:static_cast<NSInteger>(index)] autorelease];
+  return [ECCalendarEvent eventOf:vornlab::Appointment(vornlab::shownStore(), index)];
 }
 - (OLCalendarGridViewWrapper*)wrapper {
   NSEnumerator* windows = [[NSApp windows] objectEnumerator];

@@ -7,13 +7,12 @@
 #import "lab/objc/Toolkit.h"
 
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 
+#include "lab/host/EditorState.h"
 #include "lab/host/HostFace.h"
-#include "lab/host/HostState.h"
-#include "lab/outlook/CalendarStore.h"
 
 @class ECCalendarEvent, OLCalendarDate, ERCalendarEventEditorViewController, ERCalendarEventEditorWindowController;
 
@@ -105,6 +104,7 @@
 }
 + (OLCalendarDate*)dateWithTime:(const vornlab::CalendarTime&)time;
 - (id)initWithSeconds:(double)seconds zone:(NSTimeZone*)zone;
+- (vornlab::CalendarTime)time;
 - (NSDate*)dateUTC;
 - (double)timeIntervalSince1970;
 - (NSTimeZone*)timeZone;
@@ -113,13 +113,12 @@
 - (OLCalendarDate*)dateInDifferentTimeZone:(NSTimeZone*)zone;
 @end
 
-// One appointment of a store, by its place.
+// What stands for an appointment.
 @interface HostStoredObject : NSObject {
  @public
-  vornlab::CalendarStore* m_store;
-  NSInteger m_index;
+  vornlab::Appointment m_appointment;
 }
-- (id)initWithStore:(vornlab::CalendarStore*)store index:(NSInteger)index;
+- (id)initWithAppointment:(const vornlab::Appointment&)appointment;
 @end
 
 @interface ECRecurrence : HostStoredObject
@@ -130,9 +129,7 @@
 @end
 
 @interface ECCalendarEventAttendee : NSObject {
-  NSString* m_name;
-  NSString* m_emailAddress;
-  int m_type;
+  vornlab::CalendarAttendee m_attendee;
 }
 - (id)initWithAttendee:(const vornlab::CalendarAttendee&)attendee;
 @end
@@ -148,11 +145,8 @@
 - (ECEmailAddress*)fromAddress;
 @end
 
-@interface ECCalendarEvent : HostStoredObject {
- @public
-  // What has been changed in memory since, by the name of the reader.
-  NSMutableDictionary* m_changed;
-}
+@interface ECCalendarEvent : HostStoredObject
++ (ECCalendarEvent*)eventOf:(const vornlab::Appointment&)appointment;
 - (NSString*)summary;
 - (NSString*)location;
 - (NSString*)body;
@@ -174,8 +168,8 @@
 - (BOOL)deleteEventNow;
 // Tells the attendees, which counts as sent, and takes it off the calendar.
 - (void)cancelMeetingInWindow:(NSWindow*)window;
-// Stores these changes, by the names of the readers, with those in memory.
-- (BOOL)storeChanges:(NSDictionary*)changes;
+// Stores these changes and those in memory through a record of its own.
+- (BOOL)storeChanges:(const vornlab::AppointmentChanges&)changes;
 @end
 
 // The record of a save.
@@ -188,10 +182,9 @@
 
 @interface OLWordMailEditorContent : NSObject {
  @public
-  NSString* m_html;
+  std::shared_ptr<vornlab::EditorState> m_state;
 }
 - (NSString*)bodyContent;
-- (void)setHtml:(NSString*)html;
 @end
 
 @interface OLWordMailEditor : NSObject {
@@ -199,8 +192,9 @@
   OLWordMailEditorContent* m_content;
   // Not owned; nil when it has closed.
   ERCalendarEventEditorViewController* m_editor;
-  BOOL m_plainText;
+  std::shared_ptr<vornlab::EditorState> m_state;
 }
+- (id)initWithEditor:(ERCalendarEventEditorViewController*)editor;
 - (OLWordMailEditorContent*)editorContent;
 - (void)displayHTMLContent:(NSString*)html readOnly:(BOOL)readOnly;
 @end
@@ -212,15 +206,14 @@
   ECCalendarEvent* m_event;
   OLWordMailEditor* m_wordEditor;
   NSTextField* m_locationField;
-  NSMutableDictionary* m_uncommitted;
-  NSString* m_loadedHtml;
-  BOOL m_dirty;
-  BOOL m_cancelMode;
+  std::shared_ptr<vornlab::EditorState> m_state;
 }
 - (ECCalendarEvent*)content;
 - (NSArray*)attendeeList;
 - (NSView*)view;
 - (NSWindow*)window;
+// What was typed and not saved, by the names of the host.
+- (NSDictionary*)uncommittedChanges;
 - (void)hostWordMailEditor:(OLWordMailEditor*)editor;
 - (void)loadEventIntoWordMail;
 - (void)contentDidChange;
@@ -289,6 +282,7 @@ NSView* barIn(NSView* header);
 ERCalendarEventEditorWindowController* openEditorOf(ECCalendarEvent* event);
 
 NSString* foundationText(std::string_view text);
+NSString* foundationText(const std::string& text);
 NSString* foundationText(const vorn::OptionalText& text);
 std::string plainText(NSString* text);
 // What all of these classes share.
@@ -303,7 +297,4 @@ void fillMainWindow(ERageMainWindowController* controller);
 // The editor shows another body, or location, than before; something in the calendar is other than before.
 void editorHasChanged(ERCalendarEventEditorViewController* editor);
 void calendarHasChanged();
-// The stored appointment behind the object; absent when it is not stored, or was removed.
-std::optional<CalendarEvent> storedEvent(HostStoredObject* object);
-
 }  // namespace vornlab

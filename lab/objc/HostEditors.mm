@@ -1,12 +1,9 @@
 // The editor of an appointment: its window, its controllers, its compose view, and what a save is.
 
-#include <string_view>
-
 #include "lab/objc/HostClasses.h"
-#include "lab/outlook/HostForms.h"
 
+using vornlab::EditorState;
 using vornlab::foundationText;
-using vornlab::htmlForPlainText;
 using vornlab::plainText;
 
 namespace {
@@ -21,43 +18,26 @@ NSMutableArray* openEditors() {
   return editors;
 }
 
-void replace(NSString*& held, NSString* text) {
-  NSString* copy = [text copy];
-  [held release];
-  held = copy;
-}
-
-// The HTML with a piece put in front of everything that its body shows.
-NSString* withPieceInFront(NSString* html, NSString* piece) {
-  const NSRange tag = [html rangeOfString:@"<body"];
-  if (tag.location == NSNotFound) return [piece stringByAppendingString:html];
-  const NSRange rest = NSMakeRange(tag.location, [html length] - tag.location);
-  const NSRange end = [html rangeOfString:@">" options:0 range:rest];
-  if (end.location == NSNotFound) return [piece stringByAppendingString:html];
-  NSMutableString* result = [NSMutableString stringWithString:html];
-  [result insertString:piece atIndex:NSMaxRange(end)];
-  return result;
-}
+// What was typed, as the host's dictionary holds it.
+id objectFor(std::nullptr_t) { return [NSNull null]; }
+id objectFor(const std::string& text) { return foundationText(text); }
+id objectFor(const vornlab::CalendarTime& time) { return [OLCalendarDate dateWithTime:time]; }
 
 }  // namespace
 
 @implementation OLWordMailEditorContent
-- (void)dealloc {
-  [m_html release];
-  [super dealloc];
-}
 - (NSString*)bodyContent {
-  return m_html ? m_html : @"";
-}
-- (void)setHtml:(NSString*)html {
-  replace(m_html, html);
+  return foundationText(m_state->html());
 }
 @end
 
 @implementation OLWordMailEditor
-- (id)init {
+- (id)initWithEditor:(ERCalendarEventEditorViewController*)editor {
   if (!(self = [super init])) return nil;
+  m_editor = editor;
+  m_state = editor->m_state;
   m_content = [[OLWordMailEditorContent alloc] init];
+  m_content->m_state = m_state;
   return self;
 }
 - (void)dealloc {
@@ -69,7 +49,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 }
 - (void)displayHTMLContent:(NSString*)html readOnly:(BOOL)readOnly {
   (void)readOnly;
-  replace(m_content->m_html, html);
+  m_state->show(plainText(html));
   [m_editor contentDidChange];
 }
 - (void)displayHTMLContent:(NSString*)html
@@ -80,34 +60,29 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   (void)activate;
   [self displayHTMLContent:html readOnly:readOnly];
 }
-// Only the start of the body is a place that this editor knows.
 - (void)insertText:(NSString*)text atLocation:(NSInteger)location isHTML:(BOOL)isHtml {
   (void)location;
-  NSString* piece = text ? text : @"";
-  if (!isHtml) piece = foundationText(std::string_view(htmlForPlainText(plainText(piece))));
-  replace(m_content->m_html, withPieceInFront([m_content bodyContent], piece));
+  m_state->insert(plainText(text), isHtml);
   [m_editor contentDidChange];
 }
 - (void)switchToPlainText {
-  m_plainText = YES;
+  m_state->switchToPlainText(true);
 }
 - (void)switchToHTMLText {
-  m_plainText = NO;
+  m_state->switchToPlainText(false);
 }
 @end
 
 @implementation ERCalendarEventEditorViewController
 - (id)init {
   if (!(self = [super init])) return nil;
-  m_uncommitted = [[NSMutableDictionary alloc] init];
+  m_state = std::make_shared<EditorState>();
   return self;
 }
 - (void)dealloc {
   [m_event release];
   [m_wordEditor release];
   [m_locationField release];
-  [m_uncommitted release];
-  [m_loadedHtml release];
   [super dealloc];
 }
 - (ECCalendarEvent*)content {
@@ -123,19 +98,23 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   return m_locationField;
 }
 - (NSDictionary*)uncommittedChanges {
-  return m_uncommitted;
+  NSMutableDictionary* changes = [NSMutableDictionary dictionary];
+  for (const auto& [name, value] : m_state->uncommitted())
+    [changes setObject:std::visit([](const auto& typed) { return objectFor(typed); }, value)
+                forKey:foundationText(name)];
+  return changes;
 }
 - (BOOL)isDirty {
-  return m_dirty;
+  return m_state->isDirty;
 }
 - (void)setIsDirty:(BOOL)dirty {
-  m_dirty = dirty;
+  m_state->isDirty = dirty;
 }
 - (BOOL)isCancelMode {
-  return m_cancelMode;
+  return m_state->isCancelMode;
 }
 - (void)setIsCancelMode:(BOOL)cancelMode {
-  m_cancelMode = cancelMode;
+  m_state->isCancelMode = cancelMode;
 }
 - (BOOL)isDelegating {
   return vornlab::hostState().options.delegating;
@@ -175,9 +154,9 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 }
 - (NSString*)getSubject:(id)unused {
   (void)unused;
-  id typed = [m_uncommitted objectForKey:@"content.summary"];
-  NSString* subject = typed ? typed : [m_event summary];
-  return [subject isKindOfClass:[NSString class]] ? subject : @"";
+  if (m_state->typed.summary) return foundationText(m_state->typed.summary);
+  NSString* subject = [m_event summary];
+  return subject ? subject : @"";
 }
 - (NSString*)getLocation:(id)unused {
   (void)unused;
@@ -186,12 +165,11 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 - (OLCalendarDate*)getStartTime:(id)unused andEndTime:(id)alsoUnused {
   (void)unused;
   (void)alsoUnused;
-  OLCalendarDate* typed = [m_uncommitted objectForKey:@"content.startTime"];
-  return typed ? typed : [m_event startTime];
+  return m_state->typed.start ? [OLCalendarDate dateWithTime:*m_state->typed.start] : [m_event startTime];
 }
 - (void)setLocation:(NSString*)location {
-  [m_locationField setStringValue:location ? location : @""];
-  [m_uncommitted setObject:[m_locationField stringValue] forKey:@"content.location"];
+  m_state->typed.location = plainText(location);
+  [m_locationField setStringValue:foundationText(m_state->typed.location)];
   [self setIsDirty:YES];
 }
 - (void)fromFieldModified:(id)sender {
@@ -203,16 +181,11 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   [self loadEventIntoWordMail];
 }
 - (void)loadEventIntoWordMail {
-  replace(m_wordEditor->m_content->m_html, [m_event body]);
-  replace(m_loadedHtml, [m_event body]);
-  [m_uncommitted removeObjectForKey:@"content.body"];
+  m_state->load(plainText([m_event body]));
   vornlab::editorHasChanged(self);
 }
-// The compose view tells that its content may have changed; only a true difference is a change.
 - (void)contentDidChange {
-  NSString* html = [[m_wordEditor editorContent] bodyContent];
-  if ([html isEqual:m_loadedHtml] && ![m_uncommitted objectForKey:@"content.body"]) return;
-  [m_uncommitted setObject:html forKey:@"content.body"];
+  if (!m_state->contentDidChange()) return;
   [self setIsDirty:YES];
   vornlab::editorHasChanged(self);
 }
@@ -220,15 +193,8 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
 // What comes when the window has closed is too late.
 - (BOOL)save {
   if (!m_owner || ![openEditors() containsObject:m_owner]) return NO;
-  NSMutableDictionary* changes = [NSMutableDictionary dictionary];
-  NSEnumerator* names = [m_uncommitted keyEnumerator];
-  while (NSString* name = [names nextObject]) {
-    [changes setObject:[m_uncommitted objectForKey:name] forKey:[name substringFromIndex:[@"content." length]]];
-  }
-  if (m_wordEditor->m_plainText) [changes setObject:[NSNumber numberWithBool:NO] forKey:@"isBodyHTML"];
-  if (![m_event storeChanges:changes]) return NO;
-  [m_uncommitted removeAllObjects];
-  replace(m_loadedHtml, [[m_wordEditor editorContent] bodyContent]);
+  if (![m_event storeChanges:m_state->changes()]) return NO;
+  m_state->saved();
   [self setIsDirty:NO];
   return YES;
 }
@@ -236,13 +202,11 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   (void)sender;
   [self save];
 }
-// 0 when it is done; the window stays open when the appointment could not be stored.
+// The window stays open when the appointment could not be stored.
 - (int)saveAndCloseWindow:(BOOL)close {
-  constexpr int done = 0;
-  constexpr int notDone = -1;
-  if (![self save]) return notDone;
+  if (![self save]) return EditorState::kNotDone;
   if (close) [m_owner close];
-  return done;
+  return EditorState::kDone;
 }
 - (int)saveAndCloseWindow:(BOOL)close andReturnError:(id)error {
   (void)error;
@@ -252,24 +216,20 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   (void)sender;
   [self saveAndCloseWindow:YES];
 }
-// Stores the meeting and closes; no message goes anywhere. A cancellation that has gone out takes the meeting off
-// one's own calendar.
+// Stores the meeting and closes; no message goes anywhere.
 - (void)sendMeetingPostValidate {
   if (![self save]) return;
-  ++vornlab::hostState().sentCount;
-  auto stored = vornlab::storedEvent(m_event);
-  if (m_cancelMode && stored) stored->remove();
+  m_event->m_appointment.hasBeenSent(vornlab::hostState(), m_state->isCancelMode);
   vornlab::calendarHasChanged();
   [m_owner close];
 }
 - (void)switchToRecurrenceDidEnd:(id)alert returnCode:(int)code contextInfo:(void*)context {
   (void)alert;
   (void)context;
-  constexpr int wholeSeries = 1;
-  if (code == wholeSeries) [self showSeries];
+  if (code == EditorState::kWholeSeries) [self showSeries];
 }
 - (BOOL)checkMeetingChangesForAttendees:(const char*)changes {
-  return changes && std::string_view(changes).find("content.") != std::string_view::npos;
+  return changes && EditorState::namesChanges(changes);
 }
 - (void)showSeries {
   ECCalendarEvent* series = [m_event seriesMasterRecord];
@@ -277,7 +237,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   // Whoever has looked at the former event may still hold it while the present call goes on.
   [m_event autorelease];
   m_event = [series retain];
-  [m_uncommitted removeAllObjects];
+  m_state->forgetTyped();
   [m_locationField setStringValue:[m_event location] ? [m_event location] : @""];
   [self loadEventIntoWordMail];
   [self setIsDirty:NO];
@@ -314,7 +274,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   m_editor = [[ERCalendarEventEditorViewController alloc] init];
   m_editor->m_owner = self;
   m_editor->m_event = [event retain];
-  m_editor->m_cancelMode = isCancelMode;
+  m_editor->m_state->isCancelMode = isCancelMode;
   // Of any window: observers of one alone hear before those of all, and others are to see the editor once more.
   [[NSNotificationCenter defaultCenter] addObserver:self
                                            selector:@selector(windowHasClosed:)
@@ -333,8 +293,7 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   [m_header addSubview:field];
   [field setStringValue:[m_editor->m_event location]];
   m_editor->m_locationField = field;
-  m_editor->m_wordEditor = [[OLWordMailEditor alloc] init];
-  m_editor->m_wordEditor->m_editor = m_editor;
+  m_editor->m_wordEditor = [[OLWordMailEditor alloc] initWithEditor:m_editor];
   [m_editor hostWordMailEditor:m_editor->m_wordEditor];
   vornlab::fillEditor(self);
   [m_header drawRect:NSMakeRect(0, 0, kWidth, kHeaderHeight)];
@@ -348,15 +307,8 @@ NSString* withPieceInFront(NSString* html, NSString* piece) {
   [[made window] makeKeyAndOrderFront:nil];
   return made;
 }
-// An appointment of half an hour, which is stored nowhere yet.
 + (id)showWindowForNewEvent {
-  constexpr double halfAnHour = vornlab::HostState::kHalfAnHour;
-  const double start = vornlab::hostState().takeNewStart([[NSDate date] timeIntervalSince1970]);
-  ECCalendarEvent* event = [[[ECCalendarEvent alloc] initWithStore:vornlab::shownStore() index:-1] autorelease];
-  OLCalendarDate* begin = [[[OLCalendarDate alloc] initWithSeconds:start zone:nil] autorelease];
-  [event->m_changed setObject:begin forKey:@"startTime"];
-  [event->m_changed setObject:[begin dateByAddingTimeInterval:halfAnHour] forKey:@"endTime"];
-  return [self showWindowForEvent:event];
+  return [self showWindowForEvent:[ECCalendarEvent eventOf:vornlab::Appointment::newOne(vornlab::hostState())]];
 }
 + (id)showWindowForNewMeeting {
   return [self showWindowForNewEvent];

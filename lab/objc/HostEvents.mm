@@ -1,14 +1,10 @@
 // Appointments as the host shows them, and what they hand out.
 
 #include "lab/objc/HostClasses.h"
-#include "lab/outlook/HostForms.h"
-#include "lab/outlook/RecordOfSave.h"
 
 using vornlab::foundationText;
-using vornlab::htmlForPlainText;
+using vornlab::hostState;
 using vornlab::plainText;
-using vornlab::shownHtml;
-using vornlab::storedEvent;
 
 namespace {
 
@@ -16,8 +12,12 @@ OLCalendarDate* dateOf(const std::optional<vornlab::CalendarTime>& time) {
   return time ? [OLCalendarDate dateWithTime:*time] : nil;
 }
 
-NSString* ownersName() { return foundationText(std::string_view(vornlab::hostState().options.userName)); }
-NSString* ownersAddress() { return foundationText(std::string_view(vornlab::hostState().options.userAddress)); }
+NSString* ownersName() { return foundationText(hostState().options.userName); }
+NSString* ownersAddress() { return foundationText(hostState().options.userAddress); }
+
+ECCalendarEvent* eventOf(const std::optional<vornlab::Appointment>& shown) {
+  return shown ? [ECCalendarEvent eventOf:*shown] : nil;
+}
 
 }  // namespace
 
@@ -26,13 +26,6 @@ namespace vornlab {
 HostState& hostState() {
   static HostState state;
   return state;
-}
-
-std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
-  if (!object || !object->m_store || object->m_index < 0) return {};
-  const CalendarEvent stored = object->m_store->eventAt(static_cast<std::size_t>(object->m_index));
-  if (stored.isRemoved()) return {};
-  return stored;
 }
 
 }  // namespace vornlab
@@ -53,6 +46,13 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 - (void)dealloc {
   [m_zone release];
   [super dealloc];
+}
+- (vornlab::CalendarTime)time {
+  vornlab::CalendarTime time;
+  time.seconds = m_seconds;
+  time.zone = plainText([m_zone name]);
+  time.offset = static_cast<int>([m_zone secondsFromGMTForDate:[self dateUTC]]);
+  return time;
 }
 - (NSDate*)dateUTC {
   return [NSDate dateWithTimeIntervalSince1970:m_seconds];
@@ -100,71 +100,61 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 @end
 
 @implementation HostStoredObject
-- (id)initWithStore:(vornlab::CalendarStore*)store index:(NSInteger)index {
+- (id)initWithAppointment:(const vornlab::Appointment&)appointment {
   if (!(self = [super init])) return nil;
-  m_store = store;
-  m_index = index;
+  m_appointment = appointment;
   return self;
 }
 @end
 
 @implementation ECRecurrence
+- (vornlab::CalendarRecurrence)recurrence {
+  const auto series = m_appointment.stored();
+  return series ? series->recurrence() : vornlab::CalendarRecurrence();
+}
 - (NSString*)format {
-  const auto series = storedEvent(self);
-  return series ? foundationText(std::string_view(series->recurrence().rule)) : nil;
+  return foundationText([self recurrence].rule);
 }
 - (int)endType {
-  const auto series = storedEvent(self);
-  return series ? series->recurrence().endType : 0;
+  return [self recurrence].endType;
 }
 - (int)occurrenceCount {
-  const auto series = storedEvent(self);
-  return series ? series->recurrence().occurrenceCount : 0;
+  return [self recurrence].occurrenceCount;
 }
 - (OLCalendarDate*)startDate {
-  const auto series = storedEvent(self);
-  return series ? dateOf(series->start()) : nil;
+  return dateOf(m_appointment.start());
 }
 - (OLCalendarDate*)endDate {
-  const auto series = storedEvent(self);
-  return series ? dateOf(series->recurrence().lastStart) : nil;
+  return dateOf([self recurrence].lastStart);
 }
 @end
 
 @implementation ECRecordUID
 - (NSString*)recordUID {
-  const auto stored = storedEvent(self);
-  return stored ? foundationText(std::string_view(stored->uid())) : nil;
+  return foundationText(m_appointment.uid());
 }
 - (long long)recordID {
-  return m_index + 1;
+  return m_appointment.recordId();
 }
 - (BOOL)recordExists {
-  return storedEvent(self).has_value();
+  return m_appointment.recordExists();
 }
 @end
 
 @implementation ECCalendarEventAttendee
 - (id)initWithAttendee:(const vornlab::CalendarAttendee&)attendee {
   if (!(self = [super init])) return nil;
-  m_name = [foundationText(std::string_view(attendee.name)) retain];
-  m_emailAddress = [foundationText(std::string_view(attendee.emailAddress)) retain];
-  m_type = attendee.type;
+  m_attendee = attendee;
   return self;
 }
-- (void)dealloc {
-  [m_name release];
-  [m_emailAddress release];
-  [super dealloc];
-}
 - (NSString*)name {
-  return m_name;
+  return foundationText(m_attendee.name);
 }
 - (NSString*)emailAddress {
-  return m_emailAddress;
+  return foundationText(m_attendee.emailAddress);
 }
 - (int)attendeeType {
-  return m_type;
+  return m_attendee.type;
 }
 @end
 
@@ -205,202 +195,123 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
   return NO;
 }
 - (BOOL)shouldDisableCalendarHTMLBodyForAccount {
-  return vornlab::hostState().options.plainTextOnly;
+  return hostState().options.plainTextOnly;
 }
 @end
 
 @implementation ECCalendarEvent
-- (id)initWithStore:(vornlab::CalendarStore*)store index:(NSInteger)index {
-  if (!(self = [super initWithStore:store index:index])) return nil;
-  m_changed = [[NSMutableDictionary alloc] init];
-  return self;
-}
-- (void)dealloc {
-  [m_changed release];
-  [super dealloc];
++ (ECCalendarEvent*)eventOf:(const vornlab::Appointment&)appointment {
+  return [[[ECCalendarEvent alloc] initWithAppointment:appointment] autorelease];
 }
 
-// Each of these answers what was changed in memory, otherwise what is stored.
 - (NSString*)summary {
-  if (NSString* changed = [m_changed objectForKey:@"summary"]) return changed;
-  const auto stored = storedEvent(self);
-  return stored ? foundationText(stored->summary()) : nil;
+  return foundationText(m_appointment.summary());
 }
 - (NSString*)location {
-  if (NSString* changed = [m_changed objectForKey:@"location"]) return changed;
-  const auto stored = storedEvent(self);
-  return stored ? foundationText(stored->location()) : nil;
+  return foundationText(m_appointment.location());
 }
 - (NSString*)body {
-  if (NSString* changed = [m_changed objectForKey:@"body"]) return changed;
-  const auto stored = storedEvent(self);
-  return foundationText(std::string_view(stored ? shownHtml(*stored) : htmlForPlainText("")));
-}
-- (BOOL)isBodyHTML {
-  if (NSNumber* changed = [m_changed objectForKey:@"isBodyHTML"]) return [changed boolValue];
-  const auto stored = storedEvent(self);
-  return stored && (stored->htmlDescription() || stored->descriptionIsHtml());
+  return foundationText(m_appointment.body());
 }
 - (NSString*)olmUCInband {
-  if (NSString* changed = [m_changed objectForKey:@"olmUCInband"]) return changed;
-  const auto stored = storedEvent(self);
-  return stored ? foundationText(stored->olmUCInband()) : nil;
+  return foundationText(m_appointment.olmUCInband());
 }
 - (NSString*)olmUCCapabilities {
-  if (NSString* changed = [m_changed objectForKey:@"olmUCCapabilities"]) return changed;
-  const auto stored = storedEvent(self);
-  return stored ? foundationText(stored->olmUCCapabilities()) : nil;
+  return foundationText(m_appointment.olmUCCapabilities());
+}
+- (BOOL)isBodyHTML {
+  return m_appointment.isBodyHtml();
 }
 - (OLCalendarDate*)startTime {
-  if (OLCalendarDate* changed = [m_changed objectForKey:@"startTime"]) return changed;
-  const auto stored = storedEvent(self);
-  return stored ? dateOf(stored->start()) : nil;
+  return dateOf(m_appointment.start());
 }
 - (OLCalendarDate*)endTime {
-  if (OLCalendarDate* changed = [m_changed objectForKey:@"endTime"]) return changed;
-  const auto stored = storedEvent(self);
-  return stored ? dateOf(stored->end()) : nil;
+  return dateOf(m_appointment.end());
 }
 
-- (void)setText:(NSString*)text forItem:(NSString*)item {
-  [m_changed setObject:text ? text : @"" forKey:item];
-}
 - (void)setSummary:(NSString*)text {
-  [self setText:text forItem:@"summary"];
+  m_appointment.changes().summary = plainText(text);
 }
 - (void)setLocation:(NSString*)text {
-  [self setText:text forItem:@"location"];
+  m_appointment.changes().location = plainText(text);
 }
 - (void)setBody:(NSString*)html {
-  [self setText:html forItem:@"body"];
-}
-- (void)setIsBodyHTML:(BOOL)isHtml {
-  [m_changed setObject:[NSNumber numberWithBool:isHtml] forKey:@"isBodyHTML"];
+  m_appointment.changes().body = plainText(html);
 }
 - (void)setOlmUCInband:(NSString*)record {
-  [self setText:record forItem:@"olmUCInband"];
+  m_appointment.changes().olmUCInband = plainText(record);
 }
 - (void)setOlmUCCapabilities:(NSString*)record {
-  [self setText:record forItem:@"olmUCCapabilities"];
+  m_appointment.changes().olmUCCapabilities = plainText(record);
+}
+- (void)setIsBodyHTML:(BOOL)isHtml {
+  m_appointment.changes().isBodyHtml = isHtml;
 }
 // The appointment on the screen is drawn anew; there is nothing to draw here.
 - (void)displayReadyBody {
 }
 
 - (NSString*)UUIDString {
-  const auto stored = storedEvent(self);
-  return stored && !stored->uid().empty() ? foundationText(std::string_view(stored->uid())) : nil;
+  return foundationText(m_appointment.uid());
 }
 - (NSString*)UUID {
-  return [self UUIDString];
+  return foundationText(m_appointment.uid());
 }
 - (NSString*)calendarUID {
-  return [self UUIDString];
+  return foundationText(m_appointment.uid());
 }
 - (BOOL)isRecurring {
-  const auto stored = storedEvent(self);
-  return stored && (stored->isRecurring() || stored->isException());
+  return m_appointment.isRecurring();
 }
 - (BOOL)isOccurrence {
-  const auto stored = storedEvent(self);
-  return stored && stored->isException();
+  return m_appointment.isException();
 }
 - (BOOL)isModifiedException {
-  const auto stored = storedEvent(self);
-  return stored && stored->isException();
+  return m_appointment.isException();
 }
 - (NSString*)recurrenceId {
-  const auto stored = storedEvent(self);
-  return stored && stored->isException() ? foundationText(std::string_view(stored->recurrenceId())) : nil;
+  return foundationText(m_appointment.recurrenceId());
 }
 - (ECRecurrence*)recurrence {
-  const auto stored = storedEvent(self);
-  const auto series = stored ? stored->series() : std::nullopt;
-  if (!series) return nil;
-  return [[[ECRecurrence alloc] initWithStore:m_store index:static_cast<NSInteger>(series->index())] autorelease];
+  const auto series = m_appointment.series();
+  return series ? [[[ECRecurrence alloc] initWithAppointment:*series] autorelease] : nil;
 }
 - (id)seriesMasterRecord {
-  const auto stored = storedEvent(self);
-  const auto series = stored && stored->isException() ? stored->master() : std::nullopt;
-  if (!series) return nil;
-  return [[[ECCalendarEvent alloc] initWithStore:m_store
-                                           index:static_cast<NSInteger>(series->index())] autorelease];
+  return eventOf(m_appointment.seriesMaster());
 }
 - (id)getOccurrenceWithRecurrenceID:(NSString*)identifier {
-  const auto stored = storedEvent(self);
-  const auto found = stored ? m_store->find(stored->uid(), plainText(identifier)) : std::nullopt;
-  if (!found) return nil;
-  return [[[ECCalendarEvent alloc] initWithStore:m_store
-                                           index:static_cast<NSInteger>(found->index())] autorelease];
+  return eventOf(m_appointment.occurrence(plainText(identifier)));
 }
 - (int)sequence {
-  const auto stored = storedEvent(self);
-  return stored ? stored->sequence() : 0;
+  return m_appointment.sequence();
 }
 - (NSString*)organizer {
-  const auto stored = storedEvent(self);
-  const std::string address = stored ? stored->organizerAddress() : std::string();
-  return address.empty() ? nil : foundationText(std::string_view(address));
+  return foundationText(m_appointment.organizer());
 }
 - (NSString*)iCalendarRepresentation {
-  const auto stored = storedEvent(self);
-  return stored ? foundationText(std::string_view(stored->calendarText())) : nil;
+  return foundationText(m_appointment.calendarText());
 }
 - (NSString*)exportAsICS {
-  return [self iCalendarRepresentation];
+  return foundationText(m_appointment.calendarText());
 }
 - (NSArray*)attendeeList {
   NSMutableArray* list = [NSMutableArray array];
-  const auto stored = storedEvent(self);
-  if (!stored) return list;
-  for (const vornlab::CalendarAttendee& attendee : stored->attendees()) {
+  for (const vornlab::CalendarAttendee& attendee : m_appointment.attendees())
     [list addObject:[[[ECCalendarEventAttendee alloc] initWithAttendee:attendee] autorelease]];
-  }
   return list;
 }
 - (BOOL)isMeeting {
-  return [[self attendeeList] count] > 0;
+  return m_appointment.isMeeting();
 }
 - (id)recordUID {
-  if (!storedEvent(self)) return nil;
-  return [[[ECRecordUID alloc] initWithStore:m_store index:m_index] autorelease];
-}
-- (BOOL)deleteEventNow {
-  auto stored = storedEvent(self);
-  if (!stored) return NO;
-  stored->remove();
-  vornlab::calendarHasChanged();
-  return YES;
-}
-// The attendees are told, and the host deletes a cancelled meeting past its own deleteEventNow.
-- (void)cancelMeetingInWindow:(NSWindow*)window {
-  (void)window;
-  auto stored = storedEvent(self);
-  if (!stored) return;
-  ++vornlab::hostState().sentCount;
-  stored->remove();
-  vornlab::calendarHasChanged();
-}
-- (BOOL)storeChanges:(NSDictionary*)changes {
-  ECMutableCalendarEvent* record = [[[ECMutableCalendarEvent alloc] initWithStore:m_store
-                                                                            index:m_index] autorelease];
-  [record->m_changed addEntriesFromDictionary:m_changed];
-  NSEnumerator* items = [changes keyEnumerator];
-  while (NSString* item = [items nextObject]) {
-    const id value = [changes objectForKey:item];
-    [record->m_changed setObject:value == [NSNull null] ? @"" : value forKey:item];
-  }
-  if ([record saveRecord] != 0) return NO;
-  m_index = record->m_index;
-  [m_changed removeAllObjects];
-  return YES;
+  if (!m_appointment.recordExists()) return nil;
+  return [[[ECRecordUID alloc] initWithAppointment:m_appointment] autorelease];
 }
 - (BOOL)isOwner {
-  const auto stored = storedEvent(self);
-  return !stored || !stored->isOfSomebodyElse(vornlab::hostState().options.userAddress);
+  return m_appointment.isOwnedIn(hostState());
 }
 - (BOOL)isOrganizer {
-  return [self isOwner];
+  return m_appointment.isOwnedIn(hostState());
 }
 - (ECEmailAccount*)account {
   return [ECEmailAccount account];
@@ -411,40 +322,35 @@ std::optional<CalendarEvent> storedEvent(HostStoredObject* object) {
 - (NSTimeZone*)timeZone {
   return [[self startTime] timeZone];
 }
+
+- (BOOL)deleteEventNow {
+  const bool isDeleted = m_appointment.remove();
+  vornlab::calendarHasChanged();
+  return isDeleted;
+}
+// The host deletes a cancelled meeting past its own deleteEventNow.
+- (void)cancelMeetingInWindow:(NSWindow*)window {
+  (void)window;
+  m_appointment.cancel(hostState());
+  vornlab::calendarHasChanged();
+}
+- (BOOL)storeChanges:(const vornlab::AppointmentChanges&)changes {
+  ECMutableCalendarEvent* record =
+      [[[ECMutableCalendarEvent alloc] initWithAppointment:m_appointment.withChanges(changes)] autorelease];
+  if ([record saveRecord] != vornlab::Appointment::kStored) return NO;
+  m_appointment.takeOver(record->m_appointment);
+  return YES;
+}
 @end
 
 @implementation ECMutableCalendarEvent
+// The plug-in exchanges this one, and the event's own must stay out of it.
 - (void)setOlmUCInband:(NSString*)record {
   [super setOlmUCInband:record];
 }
-// What was changed in memory, as a save stores it.
-- (vornlab::RecordOfSave)recordOfSave {
-  const auto text = [](NSString* changed) {
-    return changed ? vorn::OptionalText(plainText(changed)) : std::nullopt;
-  };
-  vornlab::RecordOfSave record;
-  record.summary = text([m_changed objectForKey:@"summary"]);
-  record.location = text([m_changed objectForKey:@"location"]);
-  record.olmUCInband = text([m_changed objectForKey:@"olmUCInband"]);
-  record.olmUCCapabilities = text([m_changed objectForKey:@"olmUCCapabilities"]);
-  record.body = text([m_changed objectForKey:@"body"]);
-  NSNumber* saysHtml = [m_changed objectForKey:@"isBodyHTML"];
-  record.isBodyHtml = !saysHtml || [saysHtml boolValue];
-  if ([m_changed objectForKey:@"startTime"] || [m_changed objectForKey:@"endTime"]) {
-    record.times = vornlab::RecordOfSave::Times{[[self startTime] timeIntervalSince1970],
-                                                [[self endTime] timeIntervalSince1970]};
-  }
-  return record;
-}
 - (long)saveRecord {
-  constexpr long stored = 0;
-  constexpr long notStored = 1;
-  std::optional<std::size_t> place;
-  if (m_index >= 0) place = static_cast<std::size_t>(m_index);
-  const bool isStored = vornlab::storeRecord(vornlab::hostState(), m_store, place, [self recordOfSave]);
-  if (place) m_index = static_cast<NSInteger>(*place);
-  if (!isStored) return notStored;
-  vornlab::calendarHasChanged();
-  return stored;
+  const bool isStored = m_appointment.write(hostState());
+  if (isStored) vornlab::calendarHasChanged();
+  return isStored ? vornlab::Appointment::kStored : vornlab::Appointment::kNotStored;
 }
 @end

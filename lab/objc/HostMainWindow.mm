@@ -54,9 +54,10 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
 }
 - (BOOL)storeStart:(OLCalendarDate*)start seconds:(double)seconds inProgress:(BOOL*)inProgress {
   if (inProgress) *inProgress = NO;
-  NSDictionary* times = [NSDictionary
-      dictionaryWithObjectsAndKeys:start, @"startTime", [start dateByAddingTimeInterval:seconds], @"endTime", nil];
-  return [[m_controller selectedEvent] storeChanges:times];
+  vornlab::AppointmentChanges changes;
+  changes.start = [start time];
+  changes.end = [[start dateByAddingTimeInterval:seconds] time];
+  return [[m_controller selectedEvent] storeChanges:changes];
 }
 - (BOOL)dragResizedEvent:(ECCalendarEvent*)event
             withTileView:(NSView*)tile
@@ -79,7 +80,9 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
 - (BOOL)subjectChanged:(NSString*)subject forEvent:(ECCalendarEvent*)event andTileView:(NSView*)tile {
   (void)event;
   (void)tile;
-  return [[m_controller selectedEvent] storeChanges:[NSDictionary dictionaryWithObject:subject forKey:@"summary"]];
+  vornlab::AppointmentChanges changes;
+  changes.summary = vornlab::plainText(subject);
+  return [[m_controller selectedEvent] storeChanges:changes];
 }
 @end
 

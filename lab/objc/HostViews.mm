@@ -39,6 +39,8 @@ NSString* foundationText(std::string_view text) {
                                  encoding:NSUTF8StringEncoding] autorelease];
 }
 
+NSString* foundationText(const std::string& text) { return foundationText(std::string_view(text)); }
+
 NSString* foundationText(const vorn::OptionalText& text) {
   return text ? foundationText(std::string_view(*text)) : nil;
 }

@@ -32,26 +32,17 @@ HostFace::EditorId numberOf(ERCalendarEventEditorWindowController* controller) {
 
 vorn::HostObject objectOf(id object) { return vorn::HostObject(reinterpret_cast<std::uintptr_t>(object)); }
 
-// Nil for one that was taken off the calendar, and for a place that none has had.
-ECCalendarEvent* eventAt(std::size_t index) {
-  CalendarStore& store = *hostState().store;
-  if (index >= store.eventCount() || store.eventAt(index).isRemoved()) return nil;
-  return [[[ECCalendarEvent alloc] initWithStore:&store index:static_cast<NSInteger>(index)] autorelease];
+// Nil when there is none.
+ECCalendarEvent* eventOf(const std::optional<Appointment>& shown) {
+  return shown ? [ECCalendarEvent eventOf:*shown] : nil;
 }
 
-ECCalendarEvent* eventOf(std::string_view uid, std::string_view recurrenceId) {
-  const auto found = hostState().store->find(uid, recurrenceId);
-  return found ? eventAt(found->index()) : nil;
+OLCalendarDate* dateLike(ECCalendarEvent* event, double seconds) {
+  return [OLCalendarDate dateWithTime:event->m_appointment.timeLikeStart(seconds)];
 }
 
-OLCalendarDate* dateLike(OLCalendarDate* pattern, double seconds) {
-  return [[[OLCalendarDate alloc] initWithSeconds:seconds zone:[pattern timeZone]] autorelease];
-}
-
-// What a person types into a field of the editor; the empty text of a subject is the host's null object.
-void type(ERCalendarEventEditorViewController* editor, NSString* item, id value) {
-  if (!editor) return;
-  [editor->m_uncommitted setObject:value forKey:item];
+// What a person has typed into a field of the editor is something to save.
+void hasTyped(ERCalendarEventEditorViewController* editor) {
   [editor setIsDirty:YES];
   editorHasChanged(editor);
 }
@@ -66,7 +57,7 @@ bool storesDuring(Act act) {
 
 // Selects the appointment in the grid; nil when either is not there.
 ECCalendarEvent* select(OLCalendarGridViewWrapper* grid, std::string_view uid, std::string_view recurrenceId) {
-  ECCalendarEvent* event = grid ? eventOf(uid, recurrenceId) : nil;
+  ECCalendarEvent* event = grid ? eventOf(Appointment::find(hostState(), uid, recurrenceId)) : nil;
   [[grid gridViewController] setSelectedEvent:event];
   return event;
 }
@@ -168,14 +159,14 @@ bool ObjcHost::clickToolbar(const ControlName& name) {
 
 HostFace::EditorId ObjcHost::openEditorAt(std::size_t eventIndex) {
   const Pool pool;
-  ECCalendarEvent* event = eventAt(eventIndex);
+  ECCalendarEvent* event = eventOf(Appointment::at(hostState(), eventIndex));
   return event ? numberOf(openEditorOf(event)) : 0;
 }
 
 HostFace::EditorId ObjcHost::openCancellation(std::string_view uid, std::string_view recurrenceId) {
   const Pool pool;
-  return numberOf(
-      [ERCalendarEventEditorWindowController showCancellationWindowForMeeting:eventOf(uid, recurrenceId)]);
+  ECCalendarEvent* event = eventOf(Appointment::find(hostState(), uid, recurrenceId));
+  return numberOf([ERCalendarEventEditorWindowController showCancellationWindowForMeeting:event]);
 }
 
 HostFace::EditorId ObjcHost::openNew(double startSeconds) {
@@ -195,8 +186,10 @@ std::vector<HostFace::EditorId> ObjcHost::editors() const {
 
 void ObjcHost::typeSubject(EditorId editor, std::string_view text) {
   const Pool pool;
-  const id subject = text.empty() ? static_cast<id>([NSNull null]) : static_cast<id>(foundationText(text));
-  type(editorOf(editor), @"content.summary", subject);
+  ERCalendarEventEditorViewController* held = editorOf(editor);
+  if (!held) return;
+  held->m_state->typed.summary = text;
+  hasTyped(held);
 }
 
 void ObjcHost::typeLocation(EditorId editor, std::string_view text) {
@@ -204,14 +197,15 @@ void ObjcHost::typeLocation(EditorId editor, std::string_view text) {
   ERCalendarEventEditorViewController* held = editorOf(editor);
   if (!held) return;
   [held->m_locationField setStringValue:foundationText(text)];
-  type(held, @"content.location", foundationText(text));
+  held->m_state->typed.location = text;
+  hasTyped(held);
 }
 
 void ObjcHost::typeBody(EditorId editor, std::string_view html) {
   const Pool pool;
   ERCalendarEventEditorViewController* held = editorOf(editor);
   if (!held) return;
-  [held->m_wordEditor->m_content setHtml:foundationText(html)];
+  held->m_state->show(std::string(html));
   [held contentDidChange];
 }
 
@@ -219,9 +213,10 @@ void ObjcHost::typeTimes(EditorId editor, double startSeconds, double endSeconds
   const Pool pool;
   ERCalendarEventEditorViewController* held = editorOf(editor);
   if (!held) return;
-  OLCalendarDate* shown = [held->m_event startTime];
-  type(held, @"content.startTime", dateLike(shown, startSeconds));
-  type(held, @"content.endTime", dateLike(shown, endSeconds));
+  const Appointment& shown = held->m_event->m_appointment;
+  held->m_state->typed.start = shown.timeLikeStart(startSeconds);
+  held->m_state->typed.end = shown.timeLikeStart(endSeconds);
+  hasTyped(held);
 }
 
 vorn::HostObject ObjcHost::barView(EditorId editor) const {
@@ -276,8 +271,7 @@ bool ObjcHost::findsChangesForAttendees(EditorId editor) const {
   const Pool pool;
   ERCalendarEventEditorViewController* held = editorOf(editor);
   if (!held) return false;
-  NSString* changes = [[held->m_uncommitted allKeys] componentsJoinedByString:@"\n"];
-  return [held checkMeetingChangesForAttendees:[changes UTF8String]];
+  return [held checkMeetingChangesForAttendees:held->m_state->namesOfUncommitted().c_str()];
 }
 
 bool ObjcHost::isOpen(EditorId editor) const {
@@ -327,7 +321,7 @@ int ObjcHost::sentCount() const { return hostState().sentCount; }
 
 vorn::HostObject ObjcHost::eventOnGrid(std::size_t eventIndex) const {
   const Pool pool;
-  const id event = [eventAt(eventIndex) retain];
+  const id event = [eventOf(Appointment::at(hostState(), eventIndex)) retain];
   if (!event) return {};
   const std::shared_ptr<void> keeper(static_cast<void*>(event),
                                      [](void* held) { [static_cast<id>(held) release]; });
@@ -340,9 +334,8 @@ bool ObjcHost::drag(std::string_view uid, std::string_view recurrenceId, double 
   ECCalendarEvent* event = select(grid, uid, recurrenceId);
   if (!event) return false;
   BOOL inProgress = YES;
-  return storesDuring([&] {
-    [grid performDragFrom:nil to:nil forDate:dateLike([event startTime], newStartSeconds) inProgress:&inProgress];
-  });
+  return storesDuring(
+      [&] { [grid performDragFrom:nil to:nil forDate:dateLike(event, newStartSeconds) inProgress:&inProgress]; });
 }
 
 bool ObjcHost::resize(std::string_view uid, std::string_view recurrenceId, double startSeconds,
@@ -355,7 +348,7 @@ bool ObjcHost::resize(std::string_view uid, std::string_view recurrenceId, doubl
   return storesDuring([&] {
     [grid dragResizedEvent:event
               withTileView:nil
-             withStartDate:dateLike([event startTime], startSeconds)
+             withStartDate:dateLike(event, startSeconds)
                   duration:durationSeconds
                 inProgress:&inProgress
               partialStart:NO
@@ -373,16 +366,16 @@ bool ObjcHost::rename(std::string_view uid, std::string_view recurrenceId, std::
 
 bool ObjcHost::deleteFromCalendar(std::string_view uid, std::string_view recurrenceId) {
   const Pool pool;
-  ECCalendarEvent* event = eventOf(uid, recurrenceId);
+  ECCalendarEvent* event = eventOf(Appointment::find(hostState(), uid, recurrenceId));
   [event deleteEventNow];
-  return event && !storedEvent(event);
+  return event && !event->m_appointment.recordExists();
 }
 
 bool ObjcHost::cancelMeeting(std::string_view uid, std::string_view recurrenceId) {
   const Pool pool;
-  ECCalendarEvent* event = eventOf(uid, recurrenceId);
+  ECCalendarEvent* event = eventOf(Appointment::find(hostState(), uid, recurrenceId));
   [event cancelMeetingInWindow:[asMain(m_mainWindowController) window]];
-  return event && !storedEvent(event);
+  return event && !event->m_appointment.recordExists();
 }
 
 }  // namespace vornlab

@@ -9,9 +9,9 @@
 #include <string_view>
 
 #include "lab/client/Account.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/objc/ObjcHost.h"
 #include "lab/objc/OwnWorld.h"
-#include "lab/outlook/CalendarStore.h"
 #include "lab/shell/ClientSide.h"
 #include "lab/shell/LabSession.h"
 

@@ -21,6 +21,16 @@ int calendarField(const CalendarTime& time, UCalendarDateFields field) {
   return U_SUCCESS(status) ? value : 0;
 }
 
+constexpr HostMethodOn<CalendarEvent> kOfSeries[] = {
+    {"format", [](const HostCall&, CalendarEvent& series) { return Value(series.recurrence().rule); }},
+    {"endType", [](const HostCall&, CalendarEvent& series) { return Value(series.recurrence().endType); }},
+    {"occurrenceCount",
+     [](const HostCall&, CalendarEvent& series) { return Value(series.recurrence().occurrenceCount); }},
+    {"startDate", [](const HostCall& call, CalendarEvent& series) { return call.world.valueOf(series.start()); }},
+    {"endDate", [](const HostCall& call,
+                   CalendarEvent& series) { return call.world.valueOf(series.recurrence().lastStart); }},
+};
+
 }  // namespace
 
 HostObject HostWorld::makeDate(const CalendarTime& time) const {
@@ -30,11 +40,9 @@ HostObject HostWorld::makeDate(const CalendarTime& time) const {
   return runtime.createTemporary("OLCalendarDate", shown);
 }
 
-HostObject HostWorld::makeDateFor(const HostObject& shown, double seconds) const {
-  CalendarTime time;
-  time.seconds = seconds;
-  if (const HostObject zone = send(shown, "timeZone").object()) time.zone = send(zone, "name").text();
-  return makeDate(time);
+std::optional<CalendarTime> HostWorld::timeOf(const Value& date) const {
+  const auto time = runtime.state<CalendarTime>(date.object());
+  return time ? std::optional(*time) : std::nullopt;
 }
 
 HostObject HostWorld::timeZone(const std::string& name) {
@@ -89,23 +97,9 @@ void HostWorld::defineDates() {
        [](const CalendarTime& time, const Arguments&) { return calendarField(time, UCAL_MONTH) + 1; });
 
   runtime.defineClass("ECRecurrence", "NSObject");
-  // Likewise on the event whose series this is.
-  const auto readSeries = [this](std::string_view selector, auto body) {
-    method("ECRecurrence", selector, [this, body](const HostObject& self, const Arguments&) {
-      const auto event = runtime.state<CalendarEvent>(self);
-      return event ? Value(body(*event)) : Value();
-    });
-  };
-  readSeries("format", [](const CalendarEvent& event) { return event.recurrence().rule; });
-  readSeries("endType", [](const CalendarEvent& event) { return event.recurrence().endType; });
-  readSeries("occurrenceCount", [](const CalendarEvent& event) { return event.recurrence().occurrenceCount; });
-  readSeries("startDate", [this](const CalendarEvent& event) {
-    const auto start = event.start();
-    return start ? makeDate(*start) : HostObject();
-  });
-  readSeries("endDate", [this](const CalendarEvent& event) {
-    const auto last = event.recurrence().lastStart;
-    return last ? makeDate(*last) : HostObject();
+  defineOn("ECRecurrence", kOfSeries, [this](const HostObject& self) {
+    const auto held = event(self);
+    return held ? held->stored() : std::nullopt;
   });
 }
 

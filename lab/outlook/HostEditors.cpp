@@ -1,7 +1,6 @@
 // The editor of an appointment: its window, its controllers, and what a save is.
 
 #include <algorithm>
-#include <chrono>
 
 #include "lab/outlook/HostWorld.h"
 
@@ -18,17 +17,8 @@ constexpr std::string_view kViewControllerClass = "ERCalendarEventEditorViewCont
 // -- The window controller ---------------------------------------------------------------------------------------
 
 Value showNew(const HostCall& call) {
-  HostWorld& world = call.world;
-  const auto state = std::make_shared<HostEvent>();
-  state->store = world.store;
-  CalendarTime start;
-  const std::chrono::duration<double> now = std::chrono::system_clock::now().time_since_epoch();
-  start.seconds = world.takeNewStart(now.count());
-  CalendarTime end = start;
-  end.seconds += HostState::kHalfAnHour;
-  state->changed.set("startTime", world.makeDate(start));
-  state->changed.set("endTime", world.makeDate(end));
-  return world.send(call.self, "showWindowForEvent:", {world.runtime.create("ECCalendarEvent", state)});
+  const HostObject event = call.world.makeEditorEvent(Appointment::newOne(call.world));
+  return call.world.send(call.self, "showWindowForEvent:", {event});
 }
 
 Value showEvent(const HostCall& call) { return call.world.openWindow(call.first().object(), false); }
@@ -53,31 +43,42 @@ constexpr EditorMethod kOfWindowController[] = {
 
 // -- The view controller: what it tells --------------------------------------------------------------------------
 
+template <auto Part>
+Value part(const HostCall&, HostEditor& editor) {
+  return editor.*Part;
+}
+
+Value uncommittedChanges(const HostCall& call, HostEditor& editor) {
+  Value changes = Value::dictionary();
+  for (const auto& [name, value] : editor.state->uncommitted()) {
+    changes.set(name, std::visit([&call](const auto& typed) { return call.world.valueOf(typed); }, value));
+  }
+  return changes;
+}
+
 // The typed value where there is one, otherwise the event's.
-Value shownItem(const HostCall& call, const HostEditor& editor, const char* item) {
-  const Value& typed = editor.uncommitted[std::string("content.") + item];
-  return typed.isAbsent() ? call.world.send(editor.event, item) : typed;
+Value subject(const HostCall& call, HostEditor& editor) {
+  const OptionalText& typed = editor.state->typed.summary;
+  return typed ? *typed : call.world.send(editor.event, "summary").text();
+}
+Value start(const HostCall& call, HostEditor& editor) {
+  const auto& typed = editor.state->typed.start;
+  return typed ? call.world.valueOf(typed) : call.world.send(editor.event, "startTime");
 }
 
 constexpr EditorMethod kReaders[] = {
-    {"content", [](const HostCall&, HostEditor& editor) { return Value(editor.event); }},
-    {"view", [](const HostCall&, HostEditor& editor) { return Value(editor.contentView); }},
-    {"window", [](const HostCall&, HostEditor& editor) { return Value(editor.window); }},
-    {"locationTextField", [](const HostCall&, HostEditor& editor) { return Value(editor.locationField); }},
-    {"uncommittedChanges", [](const HostCall&, HostEditor& editor) { return editor.uncommitted; }},
-    {"isDirty", [](const HostCall&, HostEditor& editor) { return Value(editor.isDirty); }},
-    {"isCancelMode", [](const HostCall&, HostEditor& editor) { return Value(editor.isCancelMode); }},
+    {"content", part<&HostEditor::event>},
+    {"view", part<&HostEditor::contentView>},
+    {"window", part<&HostEditor::window>},
+    {"locationTextField", part<&HostEditor::locationField>},
+    {"uncommittedChanges", uncommittedChanges},
+    {"getSubject:", subject},
+    {"getStartTime:andEndTime:", start},
+    {"isDirty", [](const HostCall&, HostEditor& editor) { return Value(editor.state->isDirty); }},
+    {"isCancelMode", [](const HostCall&, HostEditor& editor) { return Value(editor.state->isCancelMode); }},
     {"isDelegating", [](const HostCall& call, HostEditor&) { return Value(call.world.options.delegating); }},
     {"hasMultipleAccounts", [](const HostCall&, HostEditor&) { return Value(false); }},
     {"currentEmailAccount", [](const HostCall& call, HostEditor&) { return Value(call.world.account); }},
-    {"attendeeList",
-     [](const HostCall& call, HostEditor& editor) { return call.world.send(editor.event, "attendeeList"); }},
-    {"meetingOrganizer",
-     [](const HostCall& call, HostEditor& editor) { return call.world.send(editor.event, "organizer"); }},
-    {"olmUCInband",
-     [](const HostCall& call, HostEditor& editor) { return call.world.send(editor.event, "olmUCInband"); }},
-    {"olmUCCapabilities",
-     [](const HostCall& call, HostEditor& editor) { return call.world.send(editor.event, "olmUCCapabilities"); }},
     {"isOccurrenceOrException",
      [](const HostCall& call, HostEditor& editor) {
        const auto is = [&](const char* question) { return call.world.send(editor.event, question).boolValue(); };
@@ -88,63 +89,74 @@ constexpr EditorMethod kReaders[] = {
        const HostObject recurrence = call.world.send(editor.event, "recurrence").object();
        return Value(call.world.send(recurrence, "format").text());
      }},
-    {"getSubject:",
-     [](const HostCall& call, HostEditor& editor) { return Value(shownItem(call, editor, "summary").text()); }},
     {"getLocation:", [](const HostCall& call,
                         HostEditor& editor) { return call.world.send(editor.locationField, "stringValue"); }},
-    {"getStartTime:andEndTime:",
-     [](const HostCall& call, HostEditor& editor) { return shownItem(call, editor, "startTime"); }},
 };
+
+// What the editor has its event answer.
+constexpr std::pair<const char*, const char*> kAskedOfEvent[] = {{"attendeeList", "attendeeList"},
+                                                                 {"meetingOrganizer", "organizer"},
+                                                                 {"olmUCInband", "olmUCInband"},
+                                                                 {"olmUCCapabilities", "olmUCCapabilities"}};
 
 // -- The view controller: what changes it ------------------------------------------------------------------------
 
-Value storeRecord(const HostCall& call, HostEditor& editor, const char* selector) {
-  call.world.send(editor.event, selector, call.arguments);
-  return call.world.send(call.self, "setIsDirty:", {true});
-}
+Value becomesDirty(const HostCall& call) { return call.world.send(call.self, "setIsDirty:", {true}); }
 
 constexpr EditorMethod kChanges[] = {
     {"setIsDirty:",
      [](const HostCall& call, HostEditor& editor) {
-       editor.isDirty = call.first().boolValue();
+       editor.state->isDirty = call.first().boolValue();
        return Value();
      }},
     {"setIsCancelMode:",
      [](const HostCall& call, HostEditor& editor) {
-       editor.isCancelMode = call.first().boolValue();
+       editor.state->isCancelMode = call.first().boolValue();
        return Value();
      }},
     {"setLocation:",
      [](const HostCall& call, HostEditor& editor) {
-       const std::string text = call.first().text();
-       call.world.send(editor.locationField, "setStringValue:", {text});
-       editor.uncommitted.set("content.location", text);
-       return call.world.send(call.self, "setIsDirty:", {true});
+       editor.state->typed.location = call.first().text();
+       call.world.send(editor.locationField, "setStringValue:", {*editor.state->typed.location});
+       return becomesDirty(call);
      }},
     {"setOlmUCInband:",
-     [](const HostCall& call, HostEditor& editor) { return storeRecord(call, editor, "setOlmUCInband:"); }},
+     [](const HostCall& call, HostEditor& editor) {
+       call.world.send(editor.event, "setOlmUCInband:", call.arguments);
+       return becomesDirty(call);
+     }},
     {"setOlmUCCapabilities:",
-     [](const HostCall& call, HostEditor& editor) { return storeRecord(call, editor, "setOlmUCCapabilities:"); }},
+     [](const HostCall& call, HostEditor& editor) {
+       call.world.send(editor.event, "setOlmUCCapabilities:", call.arguments);
+       return becomesDirty(call);
+     }},
+    {"hostWordMailEditor:",
+     [](const HostCall& call, HostEditor&) { return call.world.send(call.self, "loadEventIntoWordMail"); }},
+    {"loadEventIntoWordMail",
+     [](const HostCall& call, HostEditor& editor) {
+       editor.state->load(call.world.send(editor.event, "body").text());
+       return Value();
+     }},
+    {"contentDidChange",
+     [](const HostCall& call, HostEditor& editor) {
+       return editor.state->contentDidChange() ? becomesDirty(call) : Value();
+     }},
+    // Stores the meeting and closes; no message goes anywhere.
     {"sendMeetingPostValidate",
      [](const HostCall& call, HostEditor& editor) {
        HostWorld& world = call.world;
        if (!world.send(call.self, "save").boolValue()) return Value();
-       ++world.sentCount;
-       // A cancellation that has gone out takes the meeting off one's own calendar.
-       const auto shown = world.event(editor.event);
-       if (editor.isCancelMode && shown && shown->index) world.store->eventAt(*shown->index).remove();
+       world.event(editor.event)->hasBeenSent(world, editor.state->isCancelMode);
        return world.send(editor.windowController, "close");
      }},
 };
 
-// 0 when it is done; the window stays open when the appointment could not be stored.
+// The window stays open when the appointment could not be stored.
 Value saveAndCloseWindow(const HostCall& call) {
-  constexpr int done = 0;
-  constexpr int notDone = -1;
-  if (!call.world.send(call.self, "save").boolValue()) return notDone;
+  if (!call.world.send(call.self, "save").boolValue()) return EditorState::kNotDone;
   const auto held = call.world.editorOf(call.self);
   if (held && call.first().boolValue()) call.world.send(held->windowController, "close");
-  return done;
+  return EditorState::kDone;
 }
 
 // These answer also when the editor has closed.
@@ -169,15 +181,12 @@ constexpr HostMethod kSaving[] = {
     {"fromFieldModified:", [](const HostCall&) { return Value(); }},
     {"switchToRecurrenceDidEnd:returnCode:contextInfo:",
      [](const HostCall& call) {
-       constexpr int wholeSeries = 1;
-       if (call.at(1).integerValue() == wholeSeries) {
+       if (call.at(1).integerValue() == EditorState::kWholeSeries)
          call.world.showSeriesInEditor(call.world.editorOf(call.self));
-       }
        return Value();
      }},
-    // Takes the changes as text: attendees hear of every change that it names.
     {"checkMeetingChangesForAttendees:",
-     [](const HostCall& call) { return Value(call.first().text().find("content.") != std::string::npos); }},
+     [](const HostCall& call) { return Value(EditorState::namesChanges(call.first().text())); }},
 };
 
 }  // namespace
@@ -195,20 +204,19 @@ std::shared_ptr<HostEditor> HostWorld::editorOf(const HostObject& part) const {
   return found == editors.end() ? nullptr : found->second;
 }
 
-OutlookHost::EditorId HostWorld::openEditor(const CalendarEvent& stored, std::string_view selector) {
-  const Value controller = send(classNamed(kWindowControllerClass), selector, {makeEditorEvent(stored)});
+OutlookHost::EditorId HostWorld::openEditor(const Appointment& shown, std::string_view selector) {
+  const Value controller = send(classNamed(kWindowControllerClass), selector, {makeEditorEvent(shown)});
   const auto opened = editorOf(controller.object());
   return opened ? opened->id : 0;
 }
 
 HostObject HostWorld::openWindow(const HostObject& shown, bool isCancelMode) {
-  const auto held = event(shown);
-  if (!held) return {};
+  if (!event(shown)) return {};
   const auto made = std::make_shared<HostEditor>();
   made->id = ++lastEditor;
   // The editor works on an event of its own, which ends with the window.
   made->event = shown;
-  made->isCancelMode = isCancelMode;
+  made->state->isCancelMode = isCancelMode;
   made->windowController = runtime.create(kWindowControllerClass);
   made->viewController = runtime.create(kViewControllerClass);
   const auto window = std::make_shared<HostWindow>();
@@ -227,9 +235,9 @@ HostObject HostWorld::openWindow(const HostObject& shown, bool isCancelMode) {
   send(made->header, "addSubview:", {made->locationField});
   send(made->locationField, "setStringValue:", {send(shown, "location").text()});
 
-  made->compose->viewController = made->viewController;
-  made->wordEditor = runtime.create("OLWordMailEditor", made->compose);
-  made->wordContent = runtime.create("OLWordMailEditorContent", made->compose);
+  const auto compose = std::make_shared<HostComposeView>(HostComposeView{made->viewController, made->state});
+  made->wordEditor = runtime.create("OLWordMailEditor", compose);
+  made->wordContent = runtime.create("OLWordMailEditorContent", compose);
   send(made->viewController, "hostWordMailEditor:", {made->wordEditor});
   send(made->header, "drawRect:", {rectangle(0, 0, width, kHeaderHeight)});
   return made->windowController;
@@ -237,16 +245,8 @@ HostObject HostWorld::openWindow(const HostObject& shown, bool isCancelMode) {
 
 bool HostWorld::saveEditor(HostEditor& editor) {
   const auto shown = event(editor.event);
-  if (!shown) return false;
-  Value changes = Value::dictionary();
-  constexpr std::size_t prefix = std::string_view("content.").size();
-  for (const auto& [name, typed] : editor.uncommitted.entries()) {
-    changes.set(std::string_view(name).substr(prefix), typed);
-  }
-  if (editor.compose->isPlainText) changes.set("isBodyHTML", false);
-  if (!storeChanges(*shown, changes)) return false;
-  editor.uncommitted = Value::dictionary();
-  editor.loadedHtml = editor.compose->html;
+  if (!shown || !storeChanges(*shown, editor.state->changes())) return false;
+  editor.state->saved();
   send(editor.viewController, "setIsDirty:", {false});
   return true;
 }
@@ -257,7 +257,7 @@ void HostWorld::showInEditor(HostEditor& editor, const HostObject& shown) {
     if (const auto world = weak.lock()) world->runtime.destroy(former);
   });
   editor.event = shown;
-  editor.uncommitted = Value::dictionary();
+  editor.state->forgetTyped();
   send(editor.locationField, "setStringValue:", {send(shown, "location").text()});
   send(editor.viewController, "loadEventIntoWordMail");
   send(editor.viewController, "setIsDirty:", {false});
@@ -265,9 +265,7 @@ void HostWorld::showInEditor(HostEditor& editor, const HostObject& shown) {
 
 void HostWorld::showSeriesInEditor(const std::shared_ptr<HostEditor>& editor) {
   const HostObject series = editor ? send(editor->event, "seriesMasterRecord").object() : HostObject();
-  const auto state = event(series);
-  const auto stored = state ? state->stored() : std::nullopt;
-  if (stored) showInEditor(*editor, makeEditorEvent(*stored));
+  if (const auto shown = event(series)) showInEditor(*editor, makeEditorEvent(*shown));
 }
 
 void HostWorld::retireEditor(const std::shared_ptr<HostEditor>& editor) {
@@ -297,6 +295,12 @@ void HostWorld::defineEditors() {
 
   runtime.defineClass(kViewControllerClass, "NSViewController");
   defineOn(kViewControllerClass, kReaders, openEditor);
+  for (const auto& [selector, asked] : kAskedOfEvent) {
+    method(kViewControllerClass, selector, [this, asked = asked](const HostObject& self, const Arguments&) {
+      const auto held = editorOf(self);
+      return held ? send(held->event, asked) : Value();
+    });
+  }
   defineOn(kViewControllerClass, kChanges, openEditor);
   define(kViewControllerClass, kSaving);
 

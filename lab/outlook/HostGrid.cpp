@@ -5,7 +5,7 @@
 namespace vornlab {
 
 HostObject HostWorld::selectInGrid(std::string_view uid, std::string_view recurrenceId) {
-  const auto found = store && grid.wrapper ? store->find(uid, recurrenceId) : std::nullopt;
+  const auto found = grid.wrapper ? Appointment::find(*this, uid, recurrenceId) : std::nullopt;
   grid.selectedEvent = found ? makeEvent(*found) : HostObject();
   return grid.selectedEvent;
 }
@@ -29,8 +29,10 @@ void HostWorld::defineGrid() {
            });
   };
   const auto times = [this](const Value& start, const Value& seconds) {
-    return Value::dictionaryFromPairs(
-        {{"startTime", start}, {"endTime", send(start.object(), "dateByAddingTimeInterval:", {seconds})}});
+    AppointmentChanges changes;
+    changes.start = timeOf(start);
+    changes.end = timeOf(send(start.object(), "dateByAddingTimeInterval:", {seconds}));
+    return changes;
   };
   onSelection("performDragFrom:to:forDate:inProgress:",
               [this, times](const HostObject& selected, const Arguments& arguments) {
@@ -41,7 +43,9 @@ void HostWorld::defineGrid() {
                 return times(argumentAt(arguments, 2), argumentAt(arguments, 3));
               });
   onSelection("subjectChanged:forEvent:andTileView:", [](const HostObject&, const Arguments& arguments) {
-    return Value::dictionaryFromPairs({{"summary", firstOf(arguments).text()}});
+    AppointmentChanges changes;
+    changes.summary = firstOf(arguments).text();
+    return changes;
   });
 }
 

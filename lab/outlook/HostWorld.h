@@ -9,9 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "lab/host/HostState.h"
-#include "lab/outlook/CalendarStore.h"
-#include "lab/outlook/HostForms.h"
+#include "lab/host/EditorState.h"
 #include "lab/outlook/OutlookHost.h"
 
 namespace vornlab {
@@ -46,24 +44,10 @@ struct HostWindow {
   bool isVisible = true;
 };
 
-// What an ECCalendarEvent, or the ECMutableCalendarEvent of a save, holds: the appointment as it is stored, and
-// what has been changed in memory since.
-struct HostEvent {
-  CalendarStore* store = nullptr;
-  // The place among the store's events; absent for an appointment that is not stored yet.
-  std::optional<std::size_t> index;
-  // By the name of the reader, such as "summary".
-  Value changed = Value::dictionary();
-
-  // Absent for one that is not stored, or not any more.
-  std::optional<CalendarEvent> stored() const;
-};
-
-// The compose view of an editor, shared by the OLWordMailEditor and its content.
+// What an OLWordMailEditor and its content hold.
 struct HostComposeView {
   HostObject viewController;
-  std::string html;
-  bool isPlainText = false;
+  std::shared_ptr<EditorState> state;
 };
 
 // An editor window with its objects.
@@ -78,13 +62,7 @@ struct HostEditor {
   HostObject event;
   HostObject wordEditor;
   HostObject wordContent;
-  std::shared_ptr<HostComposeView> compose = std::make_shared<HostComposeView>();
-  // The HTML that came from the event; what differs from it has been changed by somebody.
-  std::string loadedHtml;
-  // What was typed and not saved, by "content." and the name of the event's reader.
-  Value uncommitted = Value::dictionary();
-  bool isDirty = false;
-  bool isCancelMode = false;
+  std::shared_ptr<EditorState> state = std::make_shared<EditorState>();
 };
 
 // The calendar's grid in the main window; all absent while that is closed.
@@ -239,20 +217,28 @@ struct HostWorld : HostState, std::enable_shared_from_this<HostWorld> {
   void destroyViews(const HostObject& object);
 
   HostObject makeDate(const CalendarTime& time) const;
-  // A date in the zone of an event.
-  HostObject makeDateFor(const HostObject& event, double seconds) const;
+  // What a date tells; absent for what is none.
+  std::optional<CalendarTime> timeOf(const Value& date) const;
   HostObject timeZone(const std::string& name);
 
-  // The event as somebody looks at it, which lives as long as a copy of the reference; and one of an editor's own,
-  // which lives until the editor lets go of it.
-  HostObject makeEvent(const CalendarEvent& stored) const;
-  HostObject makeEditorEvent(const CalendarEvent& stored) const;
-  std::shared_ptr<HostEvent> event(const HostObject& object) const { return runtime.state<HostEvent>(object); }
-  // The reader's answer: what was changed in memory, otherwise what is stored.
-  Value eventItem(const HostEvent& event, std::string_view item);
+  // An appointment as somebody looks at it, which lives as long as a copy of the reference; and one of an editor's
+  // own, which lives until the editor lets go of it.
+  HostObject makeEvent(const Appointment& shown) const;
+  HostObject makeEditorEvent(const Appointment& shown) const;
+  // What an ECCalendarEvent, the record of a save, an ECRecurrence or an ECRecordUID stands for; null for others.
+  std::shared_ptr<Appointment> event(const HostObject& object) const { return runtime.state<Appointment>(object); }
+  // What the model tells, as the host's classes answer it.
+  template <typename Plain>
+  Value valueOf(const Plain& plain) const {
+    return plain;
+  }
+  Value valueOf(const CalendarTime& time) const { return makeDate(time); }
+  Value valueOf(const std::optional<CalendarTime>& time) const { return time ? Value(makeDate(*time)) : Value(); }
+  Value valueOf(const std::optional<Appointment>& other) const;
+  Value valueOf(const std::vector<CalendarAttendee>& attendees) const;
 
-  // Stores what differs, by the name of the reader, through a record of its own; false when it was not stored.
-  bool storeChanges(HostEvent& shown, const Value& changes);
+  // Stores these changes and those in memory through a record of its own; false when they were not stored.
+  bool storeChanges(Appointment& shown, const AppointmentChanges& changes);
 
   // Builds the ribbon with the chunks of the tab that is active; the one before ends.
   void buildRibbon();
@@ -265,7 +251,7 @@ struct HostWorld : HostState, std::enable_shared_from_this<HostWorld> {
   HostObject selectInGrid(std::string_view uid, std::string_view recurrenceId);
 
   // Opens an editor through one of the class methods that show a window; 0 when none has come up.
-  OutlookHost::EditorId openEditor(const CalendarEvent& stored, std::string_view selector);
+  OutlookHost::EditorId openEditor(const Appointment& shown, std::string_view selector);
   HostObject openWindow(const HostObject& event, bool isCancelMode);
   // Shows another appointment in an open editor.
   void showInEditor(HostEditor& editor, const HostObject& event);

@@ -71,27 +71,23 @@ void OutlookHost::closeMainWindow() {
 }
 
 OutlookHost::EditorId OutlookHost::openEditor(std::string_view uid, std::string_view recurrenceId) {
-  if (!m_world->store) return 0;
-  const auto found = m_world->store->find(uid, recurrenceId);
+  const auto found = m_world->store ? m_world->store->find(uid, recurrenceId) : std::nullopt;
   return found ? openEditorAt(found->index()) : 0;
 }
 
 OutlookHost::EditorId OutlookHost::openCancellation(std::string_view uid, std::string_view recurrenceId) {
-  const auto found = m_world->store ? m_world->store->find(uid, recurrenceId) : std::nullopt;
+  const auto found = Appointment::find(*m_world, uid, recurrenceId);
   return found ? m_world->openEditor(*found, "showCancellationWindowForMeeting:") : 0;
 }
 
 OutlookHost::EditorId OutlookHost::openEditorAt(std::size_t eventIndex) {
-  if (!m_world->store || eventIndex >= m_world->store->eventCount()) return 0;
-  const CalendarEvent stored = m_world->store->eventAt(eventIndex);
-  if (stored.isRemoved()) return 0;
-  return m_world->openEditor(stored, stored.attendees().empty() ? "showWindowForEvent:" : "showWindowForMeeting:");
+  const auto found = Appointment::at(*m_world, eventIndex);
+  if (!found) return 0;
+  return m_world->openEditor(*found, found->isMeeting() ? "showWindowForMeeting:" : "showWindowForEvent:");
 }
 
 HostObject OutlookHost::eventOnGrid(std::size_t eventIndex) const {
-  if (!m_world->store || eventIndex >= m_world->store->eventCount()) return {};
-  const CalendarEvent stored = m_world->store->eventAt(eventIndex);
-  return stored.isRemoved() ? HostObject() : m_world->makeEvent(stored);
+  return m_world->valueOf(Appointment::at(*m_world, eventIndex)).object();
 }
 
 OutlookHost::EditorId OutlookHost::openNew(double startSeconds) {
@@ -111,8 +107,7 @@ std::vector<OutlookHost::EditorId> OutlookHost::editors() const {
 void OutlookHost::typeSubject(EditorId id, std::string_view text) {
   const auto editor = m_world->editor(id);
   if (!editor) return;
-  // A subject that was emptied is the host's null object, not an empty text.
-  editor->uncommitted.set("content.summary", text.empty() ? Value(nullptr) : Value(text));
+  editor->state->typed.summary = text;
   m_world->send(editor->viewController, "setIsDirty:", {true});
 }
 
@@ -120,22 +115,23 @@ void OutlookHost::typeLocation(EditorId id, std::string_view text) {
   const auto editor = m_world->editor(id);
   if (!editor) return;
   m_world->send(editor->locationField, "setStringValue:", {text});
-  editor->uncommitted.set("content.location", text);
+  editor->state->typed.location = text;
   m_world->send(editor->viewController, "setIsDirty:", {true});
 }
 
 void OutlookHost::typeBody(EditorId id, std::string_view html) {
   const auto editor = m_world->editor(id);
   if (!editor) return;
-  editor->compose->html = std::string(html);
+  editor->state->show(std::string(html));
   m_world->send(editor->viewController, "contentDidChange");
 }
 
 void OutlookHost::typeTimes(EditorId id, double startSeconds, double endSeconds) {
   const auto editor = m_world->editor(id);
-  if (!editor) return;
-  editor->uncommitted.set("content.startTime", m_world->makeDateFor(editor->event, startSeconds));
-  editor->uncommitted.set("content.endTime", m_world->makeDateFor(editor->event, endSeconds));
+  const auto shown = editor ? m_world->event(editor->event) : nullptr;
+  if (!shown) return;
+  editor->state->typed.start = shown->timeLikeStart(startSeconds);
+  editor->state->typed.end = shown->timeLikeStart(endSeconds);
   m_world->send(editor->viewController, "setIsDirty:", {true});
 }
 
@@ -190,8 +186,7 @@ void OutlookHost::changeFromField(EditorId id) {
 bool OutlookHost::findsChangesForAttendees(EditorId id) const {
   const auto editor = m_world->editor(id);
   if (!editor) return false;
-  std::string changes;
-  for (const auto& [name, typed] : editor->uncommitted.entries()) changes += name + "\n";
+  const std::string changes = editor->state->namesOfUncommitted();
   return m_world->send(editor->viewController, "checkMeetingChangesForAttendees:", {changes}).boolValue();
 }
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "lab/host/HostFace.h"
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "platform/NotificationCenter.h"
 #include "platform/embedded/EmbeddedClassRuntime.h"
 #include "platform/embedded/HostRunLoop.h"

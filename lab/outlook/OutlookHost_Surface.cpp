@@ -27,17 +27,19 @@ bool storesDuring(HostWorld& world, std::string_view selector, const Arguments& 
 bool OutlookHost::drag(std::string_view uid, std::string_view recurrenceId, double newStartSeconds) {
   const HostObject event = m_world->selectInGrid(uid, recurrenceId);
   if (!event) return false;
-  return storesDuring(*m_world, "performDragFrom:to:forDate:inProgress:",
-                      {kNoTile, kNoTile, m_world->makeDateFor(event, newStartSeconds), kNoFlag});
+  return storesDuring(
+      *m_world, "performDragFrom:to:forDate:inProgress:",
+      {kNoTile, kNoTile, m_world->makeDate(m_world->event(event)->timeLikeStart(newStartSeconds)), kNoFlag});
 }
 
 bool OutlookHost::resize(std::string_view uid, std::string_view recurrenceId, double startSeconds,
                          double durationSeconds) {
   const HostObject event = m_world->selectInGrid(uid, recurrenceId);
   if (!event) return false;
-  return storesDuring(
-      *m_world, "dragResizedEvent:withTileView:withStartDate:duration:inProgress:partialStart:partialEnd:",
-      {event, kNoTile, m_world->makeDateFor(event, startSeconds), durationSeconds, kNoFlag, false, false});
+  return storesDuring(*m_world,
+                      "dragResizedEvent:withTileView:withStartDate:duration:inProgress:partialStart:partialEnd:",
+                      {event, kNoTile, m_world->makeDate(m_world->event(event)->timeLikeStart(startSeconds)),
+                       durationSeconds, kNoFlag, false, false});
 }
 
 bool OutlookHost::rename(std::string_view uid, std::string_view recurrenceId, std::string_view subject) {
@@ -47,18 +49,18 @@ bool OutlookHost::rename(std::string_view uid, std::string_view recurrenceId, st
 }
 
 bool OutlookHost::deleteFromCalendar(std::string_view uid, std::string_view recurrenceId) {
-  const auto stored = m_world->store ? m_world->store->find(uid, recurrenceId) : std::nullopt;
-  if (!stored) return false;
-  m_world->send(m_world->makeEvent(*stored), "deleteEventNow");
-  return stored->isRemoved();
+  const auto found = Appointment::find(*m_world, uid, recurrenceId);
+  if (!found) return false;
+  m_world->send(m_world->makeEvent(*found), "deleteEventNow");
+  return !found->recordExists();
 }
 
 bool OutlookHost::cancelMeeting(std::string_view uid, std::string_view recurrenceId) {
-  const auto stored = m_world->store ? m_world->store->find(uid, recurrenceId) : std::nullopt;
-  if (!stored) return false;
-  m_world->send(m_world->makeEvent(*stored),
+  const auto found = Appointment::find(*m_world, uid, recurrenceId);
+  if (!found) return false;
+  m_world->send(m_world->makeEvent(*found),
                 "cancelMeetingInWindow:", {m_world->send(m_world->mainWindowController, "window")});
-  return stored->isRemoved();
+  return !found->recordExists();
 }
 
 void OutlookHost::showMailPane() {

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/CalendarOutput.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/Session.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 
 namespace CLI {
 class App;

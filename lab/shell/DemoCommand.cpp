@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/CalendarInput.h"
 #include "lab/shell/CalendarOutput.h"
 #include "lab/shell/MeetingRoad.h"

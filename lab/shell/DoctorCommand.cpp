@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"

@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"

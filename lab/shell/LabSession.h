@@ -8,7 +8,7 @@
 #include "lab/client/MeetingStore.h"
 #include "lab/host/HostFace.h"
 #include "lab/host/HostScreen.h"
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/LabOptions.h"
 #include "lab/shell/RoadTrace.h"
 #include "lab/shell/World.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
 #include "lab/shell/LabSession.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/LabSession.h"
 #include "lab/shell/MeetReport.h"
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/Session.h"
 
 namespace vornlab {

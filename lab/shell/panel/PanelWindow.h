@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/LabSession.h"
 #include "platform/controls/PanelLayout.h"
 

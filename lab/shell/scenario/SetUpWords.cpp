@@ -2,7 +2,7 @@
 
 #include "lab/client/Account.h"
 #include "lab/client/Replies.h"
-#include "lab/outlook/IcsDocument.h"
+#include "lab/ics/IcsDocument.h"
 #include "lab/shell/SystemVersion.h"
 #include "lab/shell/Words.h"
 #include "lab/shell/scenario/ScenarioWords.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "lab/client/Meeting.h"
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/LabSession.h"
 #include "lab/shell/scenario/ClientJournal.h"
 #include "lab/shell/scenario/Mismatch.h"

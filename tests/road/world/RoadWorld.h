@@ -3,7 +3,7 @@
 #include <string>
 
 #include "lab/client/Service.h"
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/outlook/OutlookHost.h"
 #include "tests/road/world/InProcessSession.h"
 

@@ -1,4 +1,4 @@
-#include "lab/outlook/CalendarZones.h"
+#include "lab/ics/CalendarZones.h"
 
 #include <libical/ical.h>
 #include <unicode/timezone.h>

@@ -8,7 +8,7 @@
 #include <optional>
 #include <set>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 
 namespace vornlab {
 

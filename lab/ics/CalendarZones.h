@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "lab/outlook/IcsDocument.h"
+#include "lab/ics/IcsDocument.h"
 
 struct _icaltimezone;
 

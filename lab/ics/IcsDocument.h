@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "lab/outlook/FileEncoding.h"
+#include "lab/ics/FileEncoding.h"
 
 namespace vornlab {
 

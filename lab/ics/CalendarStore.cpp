@@ -1,4 +1,4 @@
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 
 #include <algorithm>
 #include <set>

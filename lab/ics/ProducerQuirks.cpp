@@ -1,4 +1,4 @@
-#include "lab/outlook/ProducerQuirks.h"
+#include "lab/ics/ProducerQuirks.h"
 
 namespace vornlab {
 

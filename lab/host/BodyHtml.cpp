@@ -1,20 +1,8 @@
-#include "lab/outlook/HostForms.h"
-
-#include <array>
-#include <cstdio>
-#include <random>
+#include "lab/host/BodyHtml.h"
 
 #include "util/HtmlText.h"
 
 namespace vornlab {
-
-std::string newUid() {
-  std::random_device random;
-  std::array<char, 40> text{};
-  std::snprintf(text.data(), text.size(), "%08X-%04X-%04X-%04X-%08X%04X", random(), random() & 0xFFFF,
-                random() & 0xFFFF, random() & 0xFFFF, random(), random() & 0xFFFF);
-  return text.data();
-}
 
 std::string htmlForPlainText(std::string_view text) {
   std::string body;
@@ -46,6 +34,18 @@ std::string shownHtml(const CalendarEvent& event) {
 void storeBody(CalendarEvent& event, const std::string& html, bool isHtml) {
   if (html == shownHtml(event)) return;
   event.setDescription(vorn::htmlToPlainText(html), isHtml ? vorn::OptionalText(html) : std::nullopt);
+}
+
+std::string withPieceInFront(std::string_view html, std::string_view piece) {
+  const std::size_t tag = html.find("<body");
+  const std::size_t end = tag == std::string_view::npos ? tag : html.find('>', tag);
+  const std::size_t at = end == std::string_view::npos ? 0 : end + 1;
+  std::string result;
+  result.reserve(html.size() + piece.size());
+  result += html.substr(0, at);
+  result += piece;
+  result += html.substr(at);
+  return result;
 }
 
 }  // namespace vornlab

@@ -1,4 +1,4 @@
-#include "lab/outlook/IcsDocument.h"
+#include "lab/ics/IcsDocument.h"
 
 #include <gtest/gtest.h>
 

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "lab/outlook/CalendarZones.h"
-#include "lab/outlook/IcsDocument.h"
+#include "lab/ics/CalendarZones.h"
+#include "lab/ics/IcsDocument.h"
 #include "util/Value.h"
 
 namespace vornlab {

@@ -1,4 +1,4 @@
-#include "lab/outlook/FileEncoding.h"
+#include "lab/ics/FileEncoding.h"
 
 #include <unicode/unistr.h>
 

@@ -4,8 +4,8 @@
 #include <charconv>
 #include <set>
 
-#include "lab/outlook/CalendarStore.h"
-#include "lab/outlook/ProducerQuirks.h"
+#include "lab/ics/CalendarStore.h"
+#include "lab/ics/ProducerQuirks.h"
 #include "util/Text.h"
 
 namespace vornlab {

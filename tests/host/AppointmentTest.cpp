@@ -1,0 +1,89 @@
+#include "lab/host/Appointment.h"
+
+#include <gtest/gtest.h>
+
+namespace vornlab {
+namespace {
+
+constexpr const char* kCalendar =
+    "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:test\r\n"
+    "BEGIN:VEVENT\r\nUID:one\r\nDTSTAMP:20300101T000000Z\r\nDTSTART:20300514T120000Z\r\n"
+    "DTEND:20300514T133000Z\r\nSUMMARY:Review\r\nLOCATION:Room 1\r\nEND:VEVENT\r\n"
+    // In no encoding of today, which the file keeps.
+    "BEGIN:VEVENT\r\nUID:old\r\nDTSTAMP:20300101T000000Z\r\nSUMMARY:Caf\xE9\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
+
+class AppointmentTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    IcsProblem problem;
+    ASSERT_TRUE(calendar.loadText(kCalendar, problem)) << problem.message;
+    host.store = &calendar;
+  }
+  Appointment named(const char* uid) const { return Appointment::find(host, uid, "").value(); }
+
+  CalendarStore calendar;
+  HostState host;
+};
+
+TEST_F(AppointmentTest, ReadsWhatWasChangedAndOtherwiseWhatIsStoredUntilARecordIsTakenOver) {
+  Appointment shown = named("one");
+  shown.changes().summary = "";
+  EXPECT_EQ(shown.summary(), "") << "an emptied text is a change";
+  EXPECT_EQ(shown.location(), "Room 1");
+  EXPECT_EQ(calendar.find("one")->summary(), "Review");
+
+  AppointmentChanges later;
+  later.summary = "Second review";
+  later.end = shown.timeLikeStart(shown.start()->seconds + 60);
+  Appointment record = shown.withChanges(later);
+  EXPECT_EQ(shown.summary(), "");
+  EXPECT_TRUE(record.write(host));
+  shown.takeOver(record);
+  EXPECT_EQ(shown.summary(), "Second review");
+  EXPECT_EQ(shown.end()->seconds - shown.start()->seconds, 60) << "the start stays when the end alone is changed";
+  EXPECT_EQ(host.storedCount, 1);
+}
+
+TEST_F(AppointmentTest, ANewOneEntersTheCalendarOnceAndOnlyWhenItIsStored) {
+  host.pointedAt = 1904990400;
+  Appointment made = Appointment::newOne(host);
+  EXPECT_EQ(made.end()->seconds - made.start()->seconds, HostState::kHalfAnHour);
+  EXPECT_FALSE(made.recordExists());
+  EXPECT_TRUE(made.isOwnedIn(host));
+
+  AppointmentChanges changes;
+  changes.summary = "\xE2\x82\xAC 5";
+  const std::string before = calendar.text();
+  for (int attempt = 0; attempt < 2; ++attempt) EXPECT_FALSE(made.withChanges(changes).write(host));
+  EXPECT_EQ(calendar.text(), before) << "the file has no bytes for the sign";
+
+  changes.summary = "5 euros";
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    Appointment record = made.withChanges(changes);
+    EXPECT_TRUE(record.write(host));
+    made.takeOver(record);
+  }
+  EXPECT_EQ(calendar.events().size(), 3U);
+  EXPECT_EQ(made.start()->seconds, 1904990400);
+  EXPECT_EQ(made.summary(), "5 euros");
+}
+
+TEST_F(AppointmentTest, OneThatIsGoneAnswersNothingAndCannotBeStored) {
+  Appointment shown = named("one");
+  const std::int64_t number = shown.recordId();
+  shown.cancel(host);
+  shown.cancel(host);
+  EXPECT_EQ(host.sentCount, 1) << "what is gone is not cancelled again";
+  EXPECT_FALSE(shown.remove());
+  EXPECT_FALSE(shown.summary() || shown.uid() || shown.start() || shown.recordExists());
+  EXPECT_EQ(shown.recordId(), number);
+  shown.changes().summary = "late";
+  EXPECT_FALSE(shown.write(host));
+  EXPECT_FALSE(Appointment().write(host));
+  EXPECT_FALSE(Appointment::find(host, "one", ""));
+  EXPECT_FALSE(Appointment::at(host, 0));
+  EXPECT_FALSE(Appointment::at(host, 99));
+}
+
+}  // namespace
+}  // namespace vornlab
