@@ -149,6 +149,7 @@ constexpr HostSelector kSelectors[] = {
     {"ERageMainWindowController", false, "toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:", "@@@B"},
     {"OUIRibbonView", false, "activeTabIndex", "i"},
     {"OUIRibbonChunkView", false, "title", "@"},
+    {"OUIRibbonChunkView", false, "attributedTitle", "@"},
     {"OLCalendarHeaderContainerView", false, "managedSubviewsData", "@"},
 };
 

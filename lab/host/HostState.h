@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cmath>
+#include <cstdint>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "lab/host/HostOptions.h"
 
@@ -20,6 +22,16 @@ struct HostState {
   // How often a meeting was sent to its attendees, and a record stored.
   int sentCount = 0;
   int storedCount = 0;
+
+  // The tabs of the ribbon that come with a pane.
+  static constexpr std::uint32_t kMailTab = 0;
+  static constexpr std::uint32_t kCalendarTab = 2;
+  // The titles of the chunks that the host puts into the ribbon with a tab, from left to right.
+  std::vector<const char*> ribbonChunks(std::uint32_t tab) const {
+    if (tab != kMailTab) return {"New", "Arrange"};
+    if (!options.hasAddinsChunk) return {"New", "Delete", "Respond"};
+    return {"New", "Delete", "Respond", "Add-ins"};
+  }
 
   static constexpr double kHalfAnHour = 1800;
   // The start of a new appointment: the place that was pointed at, which is used up by it, or else the next full

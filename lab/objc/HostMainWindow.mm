@@ -2,11 +2,7 @@
 
 #import "lab/objc/HostClasses.h"
 
-namespace {
-
-enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
-
-}  // namespace
+using vornlab::HostState;
 
 @implementation ErageAppDelegate
 - (void)newCalendarMeeting:(id)argument {
@@ -134,16 +130,12 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
   while (NSView* view = [before nextObject]) {
     if ([view isMemberOfClass:[OUIRibbonChunkView class]]) [view removeFromSuperview];
   }
-  NSArray* titles = tab == kMailTab ? [NSArray arrayWithObjects:@"New", @"Delete", @"Respond", nil]
-                                    : [NSArray arrayWithObjects:@"New", @"Arrange", nil];
-  if (tab == kMailTab && vornlab::hostState().options.hasAddinsChunk)
-    titles = [titles arrayByAddingObject:@"Add-ins"];
   constexpr CGFloat width = 120;
   CGFloat x = 0;
-  NSEnumerator* wanted = [titles objectEnumerator];
-  while (NSString* title = [wanted nextObject]) {
-    [m_container addSubview:[[[OUIRibbonChunkView alloc] initWithTitle:title
-                                                                 frame:NSMakeRect(x, 0, width, 80)] autorelease]];
+  for (const char* title : vornlab::hostState().ribbonChunks(static_cast<std::uint32_t>(tab))) {
+    const NSRect frame = NSMakeRect(x, 0, width, 80);
+    [m_container addSubview:[[[OUIRibbonChunkView alloc] initWithTitle:[NSString stringWithUTF8String:title]
+                                                                 frame:frame] autorelease]];
     x += width;
   }
   [m_container drawRect:[m_container frame]];
@@ -184,7 +176,7 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
   return m_ribbon;
 }
 - (void)rebuildRibbon {
-  const NSUInteger tab = m_ribbon ? [m_ribbon activeTabIndex] : kCalendarTab;
+  const NSUInteger tab = m_ribbon ? [m_ribbon activeTabIndex] : HostState::kCalendarTab;
   [m_ribbon removeFromSuperview];
   [m_ribbon release];
   m_ribbon = [[OUIRibbonView alloc] init];
@@ -198,10 +190,10 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
   (void)notification;
 }
 - (void)loadMailPane {
-  [m_ribbon setActiveTabIndex:kMailTab];
+  [m_ribbon setActiveTabIndex:HostState::kMailTab];
 }
 - (void)loadCalendarPane {
-  [m_ribbon setActiveTabIndex:kCalendarTab];
+  [m_ribbon setActiveTabIndex:HostState::kCalendarTab];
 }
 // The host knows its own items and makes no other.
 - (NSArray*)toolbarDefaultItemIdentifiers:(id)toolbar {

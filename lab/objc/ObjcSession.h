@@ -3,10 +3,8 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
-#include <initializer_list>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "lab/client/Account.h"
 #include "lab/ics/CalendarStore.h"
@@ -51,15 +49,14 @@ class ObjcSession : public LabSession {
   bool waitUntil(const std::function<bool()>& condition, double seconds) override;
   void passTime(double seconds) override;
   using LabSession::waitForQuiet;
-  // Runs the loop until the client has answered everything and nothing more has come to it for a moment. False
-  // when that takes too long.
+  // The same since the beginning, and for a moment longer, in which the plug-in may do what it has put off. False
+  // when that takes too long, or nobody is there to reply.
   bool waitForQuiet();
 
   const LabOptions& options() const { return m_options; }
   CalendarStore& calendar() { return m_calendar; }
-  // The requests that the client has had so far, and its replies.
-  std::size_t requestCount() const { return journalled({kRequest}); }
-  std::size_t replyCount() const { return journalled({"\"event\":\"reply\""}); }
+  // The requests that the plug-in has sent so far.
+  std::size_t requestCount() const { return m_trace.sent(); }
 
  protected:
   // The controller of the host's main window, an object of its class.
@@ -71,11 +68,7 @@ class ObjcSession : public LabSession {
   const LabOptions& clientOptions() const { return m_client.options(); }
 
  private:
-  static constexpr std::string_view kRequest = "\"event\":\"request\"";
-
   void loadBundle(const std::filesystem::path& bundle);
-  // The lines of the client's journal that hold all of these.
-  std::size_t journalled(std::initializer_list<std::string_view> parts) const;
 
   LabOptions m_options;
   Account m_account;

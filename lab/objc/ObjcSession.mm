@@ -2,10 +2,8 @@
 
 #include <dlfcn.h>
 
-#include <algorithm>
 #include <chrono>
 #include <memory>
-#include <sstream>
 
 #include "lab/objc/HostClasses.h"
 #include "lab/shell/Interruption.h"
@@ -14,7 +12,6 @@
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
 #include "platform/UserDefaults.h"
-#include "util/AtomicFile.h"
 
 namespace vornlab {
 
@@ -23,12 +20,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr double kTurnSeconds = 0.005;
-// A request that is on its way is in the client's journal after that time.
+// What the plug-in puts off, other than for a person, is done after that time.
 constexpr double kSettlingSeconds = 0.2;
 // What a call may be late on a machine that is busy with other things.
 constexpr double kLateSeconds = 20;
-// The request that has no reply.
-constexpr std::string_view kStartOfMeeting = "{\"action\":2,";
 
 // The ports of the plug-in, which shares the library that holds them with this process.
 const vorn::Platform& ports() { return vorn::Registry::platform(); }
@@ -131,19 +126,10 @@ bool ObjcSession::waitForQuiet() {
   while (now() < end) {
     const std::size_t before = requestCount();
     passTime(kSettlingSeconds);
-    if (requestCount() == before && replyCount() + journalled({kRequest, kStartOfMeeting}) >= before) return true;
+    if (waitForQuiet(m_trace.withoutReply(), 0, end - now()) != Quiet::reached) return false;
+    if (requestCount() == before) return true;
   }
   return false;
-}
-
-std::size_t ObjcSession::journalled(std::initializer_list<std::string_view> parts) const {
-  std::istringstream journal(vorn::readFile(m_world.journal().string()).value_or(""));
-  std::size_t count = 0;
-  for (std::string line; std::getline(journal, line);) {
-    count += std::all_of(parts.begin(), parts.end(),
-                         [&line](std::string_view part) { return line.find(part) != std::string::npos; });
-  }
-  return count;
 }
 
 }  // namespace vornlab

@@ -115,7 +115,16 @@ HostWorld::Control HostWorld::toolbarControl(const ControlName& name) const {
 void HostWorld::defineRibbon() {
   const auto viewOf = [this](const HostObject& self) { return view(self); };
   constexpr HostMethodOn<HostView> ofChunk[] = {
-      {"title", [](const HostCall&, HostView& view) { return Value(view.text); }}};
+      {"title", [](const HostCall&, HostView& view) { return Value(view.text); }},
+      {"attributedTitle", [](const HostCall& call, HostView& view) {
+         const auto text = std::make_shared<std::string>(view.text);
+         return Value(call.world.runtime.createTemporary("NSAttributedString", text));
+       }}};
+  runtime.defineClass("NSAttributedString", "NSObject");
+  method("NSAttributedString", "string", [this](const HostObject& self, const Arguments&) {
+    const auto text = runtime.state<std::string>(self);
+    return text ? Value(*text) : Value();
+  });
   defineOn("OUIRibbonChunkView", ofChunk, viewOf);
   method("OUIRibbonView", "activeTabIndex",
          [this](const HostObject&, const Arguments&) { return static_cast<std::int64_t>(ribbon.tab); });
@@ -142,11 +151,8 @@ void HostWorld::showRibbonTab(std::uint32_t tab) {
     send(chunk.object(), "removeFromSuperview");
     destroyViews(chunk.object());
   }
-  std::vector<const char*> titles = {"New", "Delete", "Respond"};
-  if (tab != 0) titles = {"New", "Arrange"};
-  if (tab == 0 && options.hasAddinsChunk) titles.push_back("Add-ins");
   double x = 0;
-  for (const char* title : titles) {
+  for (const char* title : ribbonChunks(tab)) {
     constexpr double width = 120;
     const HostObject chunk = makeView("OUIRibbonChunkView", rectangle(x, 0, width, 80));
     view(chunk)->text = title;

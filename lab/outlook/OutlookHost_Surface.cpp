@@ -7,10 +7,6 @@ namespace vornlab {
 
 namespace {
 
-// The ribbon's tabs that come with a pane.
-constexpr std::uint32_t kMailTab = 0;
-constexpr std::uint32_t kCalendarTab = 2;
-
 // What the host hands along while a drag goes on; no tile and no flag of a drag exist here.
 const Value kNoTile;
 const Value kNoFlag;
@@ -64,15 +60,15 @@ bool OutlookHost::cancelMeeting(std::string_view uid, std::string_view recurrenc
 }
 
 void OutlookHost::showMailPane() {
-  m_world->ribbon.tab = kMailTab;
+  m_world->ribbon.tab = HostState::kMailTab;
   m_world->send(m_world->mainWindowController, "loadMailPane");
-  m_world->showRibbonTab(kMailTab);
+  m_world->showRibbonTab(HostState::kMailTab);
 }
 
 void OutlookHost::showCalendarPane() {
-  m_world->ribbon.tab = kCalendarTab;
+  m_world->ribbon.tab = HostState::kCalendarTab;
   m_world->send(m_world->mainWindowController, "loadCalendarPane");
-  m_world->showRibbonTab(kCalendarTab);
+  m_world->showRibbonTab(HostState::kCalendarTab);
 }
 
 void OutlookHost::chooseRibbonTab(std::uint32_t tab) { m_world->showRibbonTab(tab); }

@@ -9,6 +9,8 @@ bool isCommit(const vorn::Value& envelope) {
   return envelope["action"].integerValue() == 3 && (content.starts_with("1;") || content.starts_with("2;"));
 }
 
+bool startsMeeting(const vorn::Value& envelope) { return envelope["action"].integerValue() == 2; }
+
 // The agent's word about the client's version, which answers no request.
 bool isFromAgent(const vorn::Value& envelope) { return envelope["action"].integerValue() == 200; }
 
@@ -18,6 +20,7 @@ void RoadTrace::note(std::string_view step, const vorn::Value& facts) {
   if (step == "sent") {
     ++m_sent;
     if (isCommit(facts)) ++m_commits;
+    if (startsMeeting(facts)) ++m_withoutReply;
   } else if (step == "received") {
     if (!isFromAgent(facts)) ++m_received;
     constexpr std::string_view kError = "0;Error ";

@@ -21,6 +21,8 @@ class RoadTrace final : public vorn::Trace {
   void setListener(Listener listener) { m_listener = std::move(listener); }
 
   std::size_t sent() const { return m_sent; }
+  // Those of them that have no reply, which start a meeting.
+  std::size_t withoutReply() const { return m_withoutReply; }
   // Replies; what the agent says by itself is none.
   std::size_t received() const { return m_received; }
   // Requests that made or changed a meeting at the service.
@@ -36,6 +38,7 @@ class RoadTrace final : public vorn::Trace {
 
  private:
   std::size_t m_sent = 0;
+  std::size_t m_withoutReply = 0;
   std::size_t m_received = 0;
   std::size_t m_commits = 0;
   std::string m_alert;
