@@ -283,34 +283,6 @@ TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotic
   EXPECT_THAT(client.names(), ElementsAre("3/4")) << "a meeting that has not been read is fetched first";
 }
 
-TEST_F(Decisions, TheServiceLearnsAnAppointmentsUUIDTheFirstTimeThatItHasOne) {
-  const struct {
-    const char *name, *key, *before, *after;
-    bool isTold;
-  } rows[] = {
-      {"stored for the first time", kKey, nullptr, "new", true},  {"stored before", kKey, "old", "new", false},
-      {"not stored even now", kKey, nullptr, nullptr, false},     {"no meeting", "", nullptr, "new", false},
-      {"a meeting without a number", "0", nullptr, "new", false},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    openWindow();
-    data().setMeetingKey(row.key);
-    if (row.before) window->set(window->bar->event, "UUID", row.before);
-    uuidAtStore = row.after;
-    client.requests.clear();
-    data().setSelectInvitationLanguage("de-DE");
-    manager().finish().closeOLAppointment(window->bar->editor);
-    EXPECT_FALSE(data().isSelectInvitationLanguageChanged());
-    EXPECT_THAT(client.names(),
-                ElementsAreArray(row.isTold ? std::vector<std::string>{"3/2"} : std::vector<std::string>{}));
-    if (row.isTold) {
-      EXPECT_THAT(client.requests.back().second, testing::HasSubstr("new"));
-    }
-    EXPECT_FALSE(test.presenter.showsProgress());
-  }
-}
-
 TEST_F(Decisions, AMeetingIsRecognisedByItsRecordOrItsCalendarText) {
   constexpr const char* kRecord =
       R"({"meetingKey":"7","encodeMailBody":"digest","joinUrl":"https://vorn.example/j/7",)"

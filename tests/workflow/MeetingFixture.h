@@ -104,7 +104,6 @@ class MeetingFixture : public WorkflowFixture {
                                         "vn_ERCalendarEventEditorViewController_save",
                                         [this](const HostObject&, const Arguments&) {
                                           ++hostSaves;
-                                          if (uuidAtStore) window->set(window->bar->event, "UUID", uuidAtStore);
                                           return Value();
                                         });
     defineStartTime();
@@ -180,8 +179,6 @@ class MeetingFixture : public WorkflowFixture {
   FakePanels panels;
   std::unique_ptr<FakeWindow> window;
   int hostSaves = 0;
-  // What a stored appointment gets from the host, if anything.
-  const char* uuidAtStore = nullptr;
 };
 
 }  // namespace vorn
