@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "lab/desktop/CalendarFile.h"
 #import "lab/desktop/WeekView.h"
 
 // The week with what stands above it: the way to other weeks, a new appointment, and the file.
@@ -20,8 +21,8 @@ namespace vornlab {
 
 // The pane of the main window; nil before there is one.
 vnCalendarPane* shownPane();
-// What the pane's button for the file does; null for a calendar without a file.
-std::function<void()>& saveCalendarFile();
+// What the pane's button saves to; null where there is nothing to be saved.
+CalendarFile*& shownCalendarFile();
 // What its button for the client does; null where there is nothing to be shown.
 std::function<void()>& showClientWindow();
 

@@ -72,9 +72,9 @@ vnCalendarPane* shown = nil;
 - (void)reload {
   [m_week reload];
   [self showTitle];
-  vornlab::CalendarStore* store = vornlab::shownStore();
-  [m_save setHidden:!vornlab::saveCalendarFile()];
-  [m_save setEnabled:store && store->isChanged()];
+  const vornlab::CalendarFile* file = vornlab::shownCalendarFile();
+  [m_save setHidden:!file];
+  [m_save setEnabled:file && file->isChanged()];
 }
 - (void)showTitle {
   [m_title setStringValue:[m_week title]];
@@ -97,8 +97,7 @@ vnCalendarPane* shown = nil;
 }
 - (void)saveFile:(id)sender {
   (void)sender;
-  const auto save = vornlab::saveCalendarFile();
-  if (save) save();
+  if (vornlab::shownCalendarFile()) vornlab::shownCalendarFile()->save();
   [self reload];
 }
 - (void)showClient:(id)sender {
@@ -112,9 +111,9 @@ namespace vornlab {
 
 vnCalendarPane* shownPane() { return shown; }
 
-std::function<void()>& saveCalendarFile() {
-  static std::function<void()> save;
-  return save;
+CalendarFile*& shownCalendarFile() {
+  static CalendarFile* file = nullptr;
+  return file;
 }
 
 std::function<void()>& showClientWindow() {

@@ -4,16 +4,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
 #include <string>
 
+#include "lab/desktop/CalendarFile.h"
 #import "lab/desktop/CalendarPane.h"
 #import "lab/desktop/ClientWindow.h"
 #include "lab/desktop/DesktopSession.h"
 #import "lab/desktop/Picture.h"
 #import "lab/desktop/Questions.h"
 #include "lab/shell/CalendarInput.h"
-#include "lab/shell/CalendarOutput.h"
 #include "lab/shell/CommandLine.h"
 #include "lab/shell/LabError.h"
 #include "lab/words/OptionChecks.h"
@@ -87,65 +86,29 @@ void takeTour(DesktopSession& session, const fs::path& folder) {
   writePicture([session.clientWindow() window], folder / "client.png");
 }
 
-// The file as it is written each time; what somebody else has made of it meanwhile is not overwritten.
-class CalendarFile {
- public:
-  CalendarFile(fs::path file, CalendarStore& calendar)
-      : m_file(std::move(file)),
-        m_calendar(calendar),
-        m_output(std::make_unique<CalendarOutput>(m_file, kNoOthers)) {}
-
-  // False, and told, when it could not be written.
-  bool save() {
-    try {
-      m_output->write(m_calendar.text(), m_file);
-      m_output = std::make_unique<CalendarOutput>(m_file, kNoOthers);
-      return true;
-    } catch (const LabError& error) {
-      tellTrouble(@"The calendar was not saved", error.what());
-      return false;
-    }
-  }
-
- private:
-  static inline const std::vector<fs::path> kNoOthers;
-
-  fs::path m_file;
-  CalendarStore& m_calendar;
-  std::unique_ptr<CalendarOutput> m_output;
-};
-
-// Of the person who has closed the calendar.
-bool mayEnd(CalendarStore& calendar, CalendarFile* file) {
-  if (!calendar.isChanged()) return true;
-  NSString* message = file ? @"The calendar has changes that are not in its file" : @"The calendar has no file";
-  switch (askWhatToSave(message, file != nullptr)) {
-    case WhatToSave::save: return file->save();
-    case WhatToSave::dontSave: return true;
-    case WhatToSave::cancel: return false;
-  }
-  return false;
-}
-
 void work(const DesktopWords& words) {
   CalendarStore calendar(words.input.storeOptions());
-  std::unique_ptr<CalendarFile> file;
-  if (!words.input.file.empty()) {
-    file = std::make_unique<CalendarFile>(words.input.file, calendar);
-    loadCalendar(calendar, words.input);
-    saveCalendarFile() = [&file] { file->save(); };
-  }
-  {
+  FileQuestions person;
+  CalendarFile file(words.input.file, calendar, person);
+  if (!words.input.file.empty()) loadCalendar(calendar, words.input);
+  file.begin();
+  shownCalendarFile() = &file;
+  try {
     DesktopSession session(words.lab, calendar, "");
     if (words.panel) {
       showPanel(session, words.picture);
     } else if (!words.tour.empty()) {
       takeTour(session, words.tour);
     } else {
-      session.run([&] { return mayEnd(calendar, file.get()); });
+      session.run([&] { return file.mayEnd(); });
     }
+  } catch (const Interrupted& error) {
+    shownCalendarFile() = nullptr;
+    // Whoever is interrupted cannot be asked.
+    if (!file.isChanged()) throw;
+    throw Interrupted(error.what() + std::string("; the changes that were not saved to a file are lost"));
   }
-  saveCalendarFile() = nullptr;
+  shownCalendarFile() = nullptr;
 }
 
 // A display is known by a secret that lies in the person's own home, which is another one here.

@@ -27,13 +27,14 @@ class CalendarOutput {
   // Whether so many bytes find room beside the file, which is better known before the service has made its
   // meetings. Throws LabError.
   void expectRoom(std::size_t bytes) const;
+  // Whether the file is still the one that was there at the beginning, or there is still none.
+  bool isAsBefore() const;
   // A file that is new here takes the mode of the model. Throws LabError, with nothing overwritten, when it cannot
   // be written or is not as it was at the beginning.
   void write(std::string_view text, const std::filesystem::path& model);
 
  private:
   bool isPlainFile() const { return m_descriptor < 0; }
-  bool isAsBefore() const;
 
   std::filesystem::path m_path;
   // Of the file that was there.
