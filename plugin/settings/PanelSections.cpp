@@ -130,7 +130,8 @@ Section advanced() {
 Section regions() {
   return {"regions",
           panelText("LN_Schedule_Section_Regions"),
-          {alone("dataCenterBox"), line({{"enableDataCenterRegionsButton", "data centres"}}),
+          // Its centres come with the box, and so behind the switch that they belong to.
+          {line({{"enableDataCenterRegionsButton", "data centres"}}), alone("dataCenterBox"),
            below({{"dataCenterNotSelectTextField"}}), alone("dataCenterImpactCountriesTipView"),
            below({{"dataCenterImpactCountriesTipText"},
                   {"dataCenterImpactCountriesTipLink", "learn more about data centres"}}),

@@ -58,6 +58,17 @@ TEST(PanelLayout, FitsExactlyTheControlsThatThereAre) {
                           "others/0: stray", "others/0: lost", "others/0: round", "others/1: about"));
 }
 
+TEST(PanelLayout, PutsTheDataCentresBehindTheirSwitch) {
+  ControlSet controls;
+  controls.add(Kind::box, "dataCenterBox");
+  for (const char* key : {"dataCenterNotSelectTextField", "enableDataCenterRegionsButton", "centre"}) {
+    controls.add(Kind::checkBox, key, "dataCenterBox");
+  }
+  EXPECT_THAT(told(layoutOf(panelSections(), controls)),
+              ElementsAre("regions/0: enableDataCenterRegionsButton", "regions/0: dataCenterBox",
+                          "regions/1: centre", "regions/1: dataCenterNotSelectTextField"));
+}
+
 TEST(PanelLayout, IsMadeInTimeLinearInTheControls) {
   ControlSet controls;
   controls.add(Kind::box, "box");
