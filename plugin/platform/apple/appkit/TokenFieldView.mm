@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <string>
+#include <unordered_map>
 
 #include "platform/apple/Conversions.h"
 #import "platform/apple/appkit/ControlView.h"
@@ -26,14 +28,31 @@ NSDictionary* lookOf(NSColor* color) {
       dictionaryWithObjectsAndKeys:fieldFont(), NSFontAttributeName, color, NSForegroundColorAttributeName, nil];
 }
 
+// How wide words and characters are. The toolkit takes its time to measure one, and with each key all are asked
+// for.
+class TextWidths {
+ public:
+  double of(NSString* text) {
+    if (m_known.size() > kMost) m_known.clear();
+    const auto [found, isNew] = m_known.try_emplace(vorn::textFromFoundation(text));
+    if (isNew) found->second = vorn::widthOfText(text, fieldFont());
+    return found->second;
+  }
+
+ private:
+  static constexpr std::size_t kMost = 10000;
+
+  std::unordered_map<std::string, double> m_known;
+};
+
 // Puts the pieces of a text beside each other and, where the width ends, below each other.
 class LineFiller {
  public:
-  LineFiller(double width, std::vector<TokenFragment>& fragments)
-      : m_right(width - kPadding), m_lineHeight(lineHeight()), m_fragments(fragments) {}
+  LineFiller(double width, TextWidths& widths, std::vector<TokenFragment>& fragments)
+      : m_right(width - kPadding), m_lineHeight(lineHeight()), m_widths(widths), m_fragments(fragments) {}
 
   void addChip(std::size_t position, NSString* title) {
-    const double natural = vorn::widthOfText(title, fieldFont()) + 2 * kChipSides;
+    const double natural = m_widths.of(title) + 2 * kChipSides;
     const double width = std::min(natural, m_right - kPadding);
     if (m_x + width > m_right) newLine();
     put({position, 1}, width, true);
@@ -56,19 +75,22 @@ class LineFiller {
 
  private:
   void addWord(std::size_t position, NSString* word) {
-    const double width = vorn::widthOfText(word, fieldFont());
+    // A word that long is measured by its characters alone, which are known.
+    constexpr NSUInteger mostLetters = 64;
+    const bool isWord = [word length] <= mostLetters;
+    const double width = isWord ? m_widths.of(word) : m_right;
     if (m_x + width > m_right && m_x > kPadding) newLine();
-    if (m_x + width <= m_right) {
+    if (isWord && m_x + width <= m_right) {
       put({position, [word length]}, width, false);
       return;
     }
-    // Measured by characters as people see them, so that none is torn.
+    // By characters as people see them, so that none is torn.
     for (NSUInteger begin = 0; begin < [word length];) {
       NSUInteger end = begin;
       double taken = 0;
       while (end < [word length]) {
         const NSRange character = [word rangeOfComposedCharacterSequenceAtIndex:end];
-        const double more = vorn::widthOfText([word substringWithRange:character], fieldFont());
+        const double more = m_widths.of([word substringWithRange:character]);
         if (end > begin && m_x + taken + more > m_right) break;
         taken += more;
         end = NSMaxRange(character);
@@ -90,6 +112,7 @@ class LineFiller {
 
   double m_right;
   double m_lineHeight;
+  TextWidths& m_widths;
   std::vector<TokenFragment>& m_fragments;
   double m_x = kPadding;
   double m_y = kPadding / 2;
@@ -106,8 +129,8 @@ std::string unitsOf(const TokenText& tokens, std::size_t begin, std::size_t end)
   return tokens.text({begin, stop - begin});
 }
 
-double fill(const TokenText& tokens, double width, std::vector<TokenFragment>& fragments) {
-  LineFiller filler(width, fragments);
+double fill(const TokenText& tokens, double width, TextWidths& widths, std::vector<TokenFragment>& fragments) {
+  LineFiller filler(width, widths, fragments);
   std::size_t position = 0;
   for (const vorn::TokenPiece& piece : tokens.pieces()) {
     NSString* text = vorn::foundationText(piece.chip ? piece.chip->title : piece.text);
@@ -125,8 +148,10 @@ double fill(const TokenText& tokens, double width, std::vector<TokenFragment>& f
 struct State {
   vorn::Control shown;
   std::vector<TokenFragment> fragments;
-  // For which the fragments were made; none yet.
+  // For which the fragments were made, and what they need; none yet.
   double width = -1;
+  double height = 0;
+  TextWidths widths;
 };
 
 }  // namespace
@@ -164,23 +189,24 @@ struct State {
 
 // -- What it shows
 - (void)showControl:(const vorn::Control&)control {
-  [self state].shown = control;
-  [self state].width = -1;
+  State& state = [self state];
+  // A caret that moves leaves everything in its place.
+  if (state.shown.tokens.pieces() != control.tokens.pieces()) state.width = -1;
+  state.shown = control;
   [self setNeedsDisplay:YES];
 }
 - (double)heightForWidth:(double)width {
-  std::vector<TokenFragment> fragments;
-  return fill([self shown].tokens, width, fragments);
-}
-- (const std::vector<TokenFragment>&)fragments {
-  const double width = [self bounds].size.width;
   State& state = [self state];
   if (state.width != width) {
     state.width = width;
     state.fragments.clear();
-    fill(state.shown.tokens, width, state.fragments);
+    state.height = fill(state.shown.tokens, width, state.widths, state.fragments);
   }
-  return state.fragments;
+  return state.height;
+}
+- (const std::vector<TokenFragment>&)fragments {
+  [self heightForWidth:[self bounds].size.width];
+  return [self state].fragments;
 }
 - (NSPoint)pointOfPosition:(std::size_t)position {
   NSPoint end = NSMakePoint(kPadding, kPadding / 2);
@@ -206,7 +232,7 @@ struct State {
     double left = each.place.origin.x;
     for (NSUInteger at = 0; at < [text length];) {
       const NSRange character = [text rangeOfComposedCharacterSequenceAtIndex:at];
-      const double width = vorn::widthOfText([text substringWithRange:character], fieldFont());
+      const double width = [self state].widths.of([text substringWithRange:character]);
       if (point.x < left + width / 2) return each.range.begin + at;
       left += width;
       at = NSMaxRange(character);
