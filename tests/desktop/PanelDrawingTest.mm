@@ -7,9 +7,27 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "platform/apple/Conversions.h"
 #import "platform/apple/appkit/AppKitPanels.h"
 #import "platform/apple/appkit/TokenFieldView.h"
+
+namespace {
+
+std::set<NSView*>& readable() {
+  static std::set<NSView*> views;
+  return views;
+}
+
+}  // namespace
+
+// As a toolkit does that tells assistive programs of its views.
+@implementation NSView (Readable)
+- (void)setAccessibilityElement:(BOOL)isElement {
+  if (isElement) readable().insert(self);
+}
+@end
 
 namespace vorn {
 namespace {
@@ -203,6 +221,15 @@ TEST_F(Screen, ATokenFieldTakesKeysAndShowsChips) {
   EXPECT_EQ(controls.find("tokens")->tokens.length(), 0u);
 }
 
+TEST_F(Screen, ViewsThatAreNoControlsOfTheToolkitAreReadAllTheSame) {
+  readable().clear();
+  show();
+  EXPECT_THAT(readable(), testing::UnorderedElementsAre(view<NSView*>("group"), view<NSView*>("tokens")));
+  change("tokens", [](Control& c) { c.tokens.replace({0, 0}, {{"", TokenChip{"Ben"}}, {"an"}}); });
+  EXPECT_EQ(drawn().view("tokens")->spoken().value, "[Ben]an");
+  EXPECT_EQ(drawn().view("field")->spoken().value, std::nullopt) << "the toolkit knows it";
+}
+
 TEST_F(Screen, LongTextsStayInsideATokenField) {
   std::string text;
   for (int i = 0; i < 2500; ++i) text += i % 7 == 0 ? "e\xCC\x81 " : "שלום";
@@ -216,6 +243,7 @@ TEST_F(Screen, LongTextsStayInsideATokenField) {
     covered = piece.range.end();
   }
   EXPECT_EQ(covered, controls.find("tokens")->tokens.length());
+  EXPECT_GE([field heightForWidth:NSWidth([field bounds])], NSMaxY([field fragments].back().place));
 }
 
 TEST_F(Screen, TheTabKeyGoesThroughWhatCanBeUsedFromAboveToBelow) {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/apple/Ownership.h"
@@ -31,6 +32,8 @@ struct Spoken {
   std::string label;
   NSString* role = nil;
   std::string help;
+  // Of a view that only this project knows the content of.
+  std::optional<std::string> value;
 };
 
 // One control on the screen: a view that shows what stands in the model, and hands on what the user does to it.
@@ -64,6 +67,8 @@ class ControlView {
 
   virtual void show(const Control& control) = 0;
   virtual NSString* role() const = 0;
+  // What stands in it, where the toolkit does not know that itself; nothing where it does.
+  virtual std::optional<std::string> spokenValue(const Control&) const { return std::nullopt; }
   // The view that screen readers are told about.
   virtual NSView* spokenView() const { return m_view.get(); }
 

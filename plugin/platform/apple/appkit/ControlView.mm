@@ -5,6 +5,11 @@
 
 #include "platform/apple/Conversions.h"
 
+// Not every toolkit declares it.
+@protocol vnReadable
+- (void)setAccessibilityElement:(BOOL)isElement;
+@end
+
 namespace vorn {
 
 void letGo(id object) { [object performSelector:@selector(self) withObject:nil afterDelay:0]; }
@@ -14,6 +19,12 @@ namespace {
 // A selector of newer toolkits, where there is one.
 void tellReader(NSView* view, SEL selector, NSString* text) {
   if ([view respondsToSelector:selector]) [view performSelector:selector withObject:text];
+}
+
+void makeReadable(NSView* view) {
+  if (![view respondsToSelector:@selector(setAccessibilityElement:)]) return;
+  id<vnReadable> told = static_cast<id>(view);
+  [told setAccessibilityElement:YES];
 }
 
 NSSize sizeOfText(NSString* text, NSFont* font, double width) {
@@ -62,6 +73,10 @@ void ControlView::update(const Control& control, const std::string& name) {
   tellReader(told, @selector(setAccessibilityLabel:), foundationText(m_spoken.label));
   tellReader(told, @selector(setAccessibilityRole:), m_spoken.role);
   tellReader(told, @selector(setAccessibilityHelp:), foundationText(m_spoken.help));
+  m_spoken.value = spokenValue(control);
+  if (m_spoken.value) tellReader(told, @selector(setAccessibilityValue:), foundationText(*m_spoken.value));
+  // Readers pass over a view that is none of the toolkit's controls, unless it says what it is.
+  if (![told isKindOfClass:[NSControl class]]) makeReadable(told);
   // Why something cannot be used is worth a word where nothing else is said.
   const std::string& tip = control.toolTip.empty() && !control.enabled ? control.reason : control.toolTip;
   [m_view.get() setToolTip:tip.empty() ? nil : foundationText(tip)];

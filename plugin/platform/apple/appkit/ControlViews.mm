@@ -612,6 +612,9 @@ class TokenView final : public ControlView {
     [field() showControl:control];
   }
   NSString* role() const override { return NSAccessibilityTextFieldRole; }
+  std::optional<std::string> spokenValue(const Control& control) const override {
+    return control.tokens.inWords();
+  }
 
  private:
   vnTokenFieldView* field() const { return static_cast<vnTokenFieldView*>(view()); }
