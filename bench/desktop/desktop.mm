@@ -22,6 +22,8 @@ namespace {
 constexpr double kMonday = 1900022400;  // 2030-03-18
 constexpr int kMany = 1000;
 constexpr int kAppointments = 10000;
+// What caches may differ by, over a thousand rounds: a lost text a round is more than that.
+constexpr double kSlackMegabytes = 0.25;
 
 std::string& worldFolder() {
   static std::string folder;
@@ -105,9 +107,13 @@ void comeAndGo(benchmark::State& state, const std::function<void()>& round) {
     for (int i = 0; i < kMany; ++i) round();
   }
   session().passTime(0.5);
-  state.counters["more_views"] = livingViews() - views;
-  state.counters["more_MB"] = usedMegabytes() - megabytes;
+  const double moreViews = livingViews() - views;
+  const double moreMegabytes = usedMegabytes() - megabytes;
   GSDebugAllocationActive(NO);
+  state.counters["more_views"] = moreViews;
+  state.counters["more_MB"] = moreMegabytes;
+  if (moreViews > 0) return state.SkipWithError("views are left behind");
+  if (moreMegabytes > kSlackMegabytes) state.SkipWithError("memory has grown");
 }
 
 // The reply of the client is part of it, as it is for the person.
