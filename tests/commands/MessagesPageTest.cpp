@@ -127,5 +127,25 @@ TEST_F(MessagesPage, HasTheWordsWithWhichTheLaboratoryGivesUp) {
   }
 }
 
+// What is told by an alert or stands beside a field. What is shorter than three words is a button.
+TEST_F(MessagesPage, HasWhatTheDesktopTellsByItself) {
+  std::size_t count = 0;
+  for (const auto& entry : fs::directory_iterator(kRoot / "lab/desktop")) {
+    const std::string source = readFile(entry.path().string()).value_or("");
+    const char* const telling =
+        R"re((?:\bask\w*\(|tellTrouble\(|what:|message = |rouble setStringValue:)[^;]*;)re";
+    for (const std::smatch& statement : matches(source, telling)) {
+      const std::string words = statement[0];
+      for (const std::smatch& literal : matches(words, R"re(@"((?:[^"\\]|\\.)*)")re")) {
+        const std::string says = replaced(literal[1], "%@", "…");
+        if (std::count(says.begin(), says.end(), ' ') < 2) continue;
+        EXPECT_NE(page.find("| " + says + " |"), std::string::npos) << entry.path() << ": " << says;
+        ++count;
+      }
+    }
+  }
+  EXPECT_GE(count, 10u) << "the sources were not understood";
+}
+
 }  // namespace
 }  // namespace vorn
