@@ -118,7 +118,30 @@ void drawLow(NSSize size) {
   NSRectFill(NSMakeRect(size.width / 2 - 4, size.height / 2 - 3, 8, 1.5));
 }
 
+// The host's own sign, in its questions: a page of a calendar.
+void drawCalendar(NSSize size) {
+  const NSRect page = NSInsetRect(NSMakeRect(0, 0, size.width, size.height), 3, 3);
+  drawBox(page, 8, [NSColor whiteColor], gray(0.7));
+  [[NSGraphicsContext currentContext] saveGraphicsState];
+  [rounded(crisp(page), 8) addClip];
+  [accent() set];
+  NSRectFill(NSMakeRect(NSMinX(page), NSMaxY(page) - 12, NSWidth(page), 12));
+  [[NSGraphicsContext currentContext] restoreGraphicsState];
+  constexpr int columns = 4;
+  constexpr int rows = 3;
+  const double wide = NSWidth(page) / (columns + 0.5);
+  const double high = (NSHeight(page) - 14) / (rows + 0.5);
+  for (int day = 0; day < columns * rows; ++day) {
+    [(day == 5 ? accent() : gray(0.82)) set];
+    [rounded(NSMakeRect(NSMinX(page) + wide * (day % columns + 0.5), NSMinY(page) + high * (day / columns + 0.5),
+                        wide - 3, high - 3),
+             1.5) fill];
+  }
+}
+
 void replaceImages() {
+  replaceImage(@"NSApplicationIcon", NSMakeSize(48, 48), drawCalendar);
+  [NSApp setApplicationIconImage:[NSImage imageNamed:@"NSApplicationIcon"]];
   const NSSize mark = NSMakeSize(24, 18);
   replaceImage(@"GSSwitch", mark, [](NSSize size) { drawMark(size, false, false); });
   replaceImage(@"GSSwitchSelected", mark, [](NSSize size) { drawMark(size, false, true); });
@@ -213,7 +236,6 @@ vnScrollerCell* scrollerCell(NSColor* color) {
       {@"rowBackgroundColor", [NSColor whiteColor]},
   };
   for (const auto& each : all) [list setColor:each.color forKey:each.name];
-  return list;
   return list;
 }
 
@@ -364,14 +386,17 @@ vnScrollerCell* scrollerCell(NSColor* color) {
 namespace vornlab {
 
 void useDesktopTheme() {
+  // Who has the letters that the font before lacks: Hebrew, Arabic and many others, and those of East Asia.
+  NSArray* inOrder = [NSArray arrayWithObjects:@"Inter-Regular", @"DejaVuSans", @"DroidSansFallback", nil];
   NSDictionary* ours = [NSDictionary
-      dictionaryWithObjectsAndKeys:@"Inter-Regular", @"NSFont", @"Inter-SemiBold", @"NSBoldFont", @"13",
-                                   @"NSFontSize", @"Inter-Regular", @"NSLabelFont", @"Inter-Regular",
-                                   @"NSMenuFont", @"Inter-Regular", @"NSMessageFont", @"Inter-SemiBold",
-                                   @"NSTitleBarFont", @"NSWindows95InterfaceStyle", @"NSMenuInterfaceStyle",
-                                   @"NSMacintoshInterfaceStyle", @"NSScrollViewInterfaceStyle",
-                                   [NSNumber numberWithBool:NO], @"GSBackHandlesWindowDecorations",
-                                   [NSNumber numberWithBool:YES], @"GSSuppressAppIcon", nil];
+      dictionaryWithObjectsAndKeys:inOrder, @"NSPreferredFonts", @"Inter-Regular", @"NSFont", @"Inter-SemiBold",
+                                   @"NSBoldFont", @"13", @"NSFontSize", @"Inter-Regular", @"NSLabelFont",
+                                   @"Inter-Regular", @"NSMenuFont", @"Inter-Regular", @"NSMessageFont",
+                                   @"Inter-SemiBold", @"NSTitleBarFont", @"NSWindows95InterfaceStyle",
+                                   @"NSMenuInterfaceStyle", @"NSMacintoshInterfaceStyle",
+                                   @"NSScrollViewInterfaceStyle", [NSNumber numberWithBool:NO],
+                                   @"GSBackHandlesWindowDecorations", [NSNumber numberWithBool:YES],
+                                   @"GSSuppressAppIcon", nil];
   [[NSUserDefaults standardUserDefaults] registerDefaults:ours];
 }
 
