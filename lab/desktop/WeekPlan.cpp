@@ -91,4 +91,13 @@ std::vector<WeekPiece> arrangeWeek(const std::vector<WeekItem>& items, const Loc
   return pieces;
 }
 
+std::array<int, 7> hiddenWholeDays(const std::vector<WeekPiece>& pieces, int lines) {
+  std::array<int, 7> hidden{};
+  for (const WeekPiece& piece : pieces) {
+    if (!piece.item.isAllDay || piece.column < lines) continue;
+    for (int day = piece.day; day < piece.day + piece.days; ++day) ++hidden.at(static_cast<std::size_t>(day));
+  }
+  return hidden;
+}
+
 }  // namespace vornlab

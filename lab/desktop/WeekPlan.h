@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <vector>
@@ -58,5 +59,8 @@ struct WeekPiece {
 // seconds takes as much room as that, on its own day. Time n log n in their number.
 std::vector<WeekPiece> arrangeWeek(const std::vector<WeekItem>& items, const LocalClock& clock, long firstDay,
                                    double least);
+
+// On each day of the week, how many whole-day pieces have no place among so many lines.
+std::array<int, 7> hiddenWholeDays(const std::vector<WeekPiece>& pieces, int lines);
 
 }  // namespace vornlab

@@ -1,6 +1,7 @@
 #import "lab/desktop/WeekView.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <optional>
@@ -19,7 +20,8 @@ using vornlab::WeekPiece;
 
 constexpr double kHourHeight = 48;
 constexpr double kTimes = 62;
-// The names of the days, and below them a line for each appointment of whole days.
+// The names of the days, and below them a line for each appointment of whole days. Of more than so many the last
+// line tells how many more there are.
 constexpr double kNames = 42;
 constexpr double kLine = 22;
 constexpr int kMostLines = 4;
@@ -52,6 +54,10 @@ struct State {
   std::vector<WeekItem> ofWeek;
   std::vector<WeekPiece> pieces;
   int lines = 0;
+  // Whether all the lines are shown, which then scroll with the hours.
+  bool isWide = false;
+  // Of each day.
+  std::array<int, kDaysShown> hidden{};
   std::optional<std::size_t> selected;
   // The date of a series was clicked, and not its first.
   bool isRepeatedSelected = false;
@@ -178,6 +184,7 @@ WeekItem movedTo(WeekItem item, double start) {
 }
 - (void)showWeekOf:(double)seconds {
   [self endNaming];
+  [self state].isWide = false;
   [self state].week = clockOf([self zone]).monday(seconds);
   [self gather];
 }
@@ -198,15 +205,34 @@ WeekItem movedTo(WeekItem item, double start) {
 - (double)dayWidth {
   return ([self bounds].size.width - kTimes) / kDaysShown;
 }
+// The lines in which whole days stand themselves.
+- (int)shownLines {
+  const State& state = [self state];
+  return state.isWide || state.lines <= kMostLines ? state.lines : kMostLines - 1;
+}
 - (double)daysHeight {
-  return kNames + kLine * std::clamp([self state].lines, 1, kMostLines) + 4;
+  const State& state = [self state];
+  return kNames + kLine * std::clamp(state.lines, 1, state.isWide ? state.lines : kMostLines) + 4;
+}
+// The names of the days stay in sight, and as long as they are few the whole days with them.
+- (double)wholeDaysTop {
+  return ([self state].isWide ? 0 : [self visibleRect].origin.y) + kNames;
+}
+- (NSRect)placeOfMore:(int)day {
+  return NSMakeRect(kTimes + day * [self dayWidth] + 2, [self wholeDaysTop] + [self shownLines] * kLine,
+                    [self dayWidth] - 6, kLine - 2);
+}
+- (NSRect)placeOfFewer {
+  return NSMakeRect(4, [self visibleRect].origin.y + 16, kTimes - 8, kLine);
+}
+- (BOOL)isSeen:(const WeekPiece&)piece {
+  return !piece.item.isAllDay || piece.column < [self shownLines];
 }
 - (NSRect)placeOf:(const WeekPiece&)piece {
   const double left = kTimes + piece.day * [self dayWidth] + 2;
   if (piece.item.isAllDay) {
-    const double line = kLine * std::min(1.0, kMostLines / static_cast<double>(std::max([self state].lines, 1)));
-    return NSMakeRect(left, [self visibleRect].origin.y + kNames + piece.column * line,
-                      piece.days * [self dayWidth] - 6, line - 2);
+    return NSMakeRect(left, [self wholeDaysTop] + piece.column * kLine, piece.days * [self dayWidth] - 6,
+                      kLine - 2);
   }
   const double width = ([self dayWidth] - 4) / piece.columns;
   return NSMakeRect(left + piece.column * width, [self daysHeight] + piece.top / kHour * kHourHeight + 1,
@@ -247,15 +273,18 @@ WeekItem movedTo(WeekItem item, double start) {
   for (const WeekPiece& piece : state.pieces) {
     if (piece.item.isAllDay) state.lines = std::max(state.lines, piece.columns);
   }
+  state.isWide = state.isWide && state.lines > kMostLines;
+  state.hidden = hiddenWholeDays(state.pieces, [self shownLines]);
   [self setFrameSize:NSMakeSize([self frame].size.width, [self daysHeight] + kHoursOfDay * kHourHeight)];
   [self setNeedsDisplay:YES];
 }
-- (void)drawGrid {
+- (void)drawGrid:(NSRect)dirty {
   const NSRect bounds = [self bounds];
   [[NSColor whiteColor] set];
-  NSRectFill(bounds);
+  NSRectFill(dirty);
   for (int hour = 0; hour <= kHoursOfDay; ++hour) {
     const double y = [self daysHeight] + hour * kHourHeight;
+    if (y + kLine < NSMinY(dirty) || y - kLine > NSMaxY(dirty)) continue;
     [gray(0.92) set];
     NSRectFill(NSMakeRect(kTimes, y, bounds.size.width - kTimes, 1));
     if (hour == 0 || hour == kHoursOfDay) continue;
@@ -265,16 +294,19 @@ WeekItem movedTo(WeekItem item, double start) {
   }
   for (int day = 0; day < kDaysShown; ++day) {
     [gray(0.9) set];
-    NSRectFill(NSMakeRect(kTimes + day * [self dayWidth] - 1, 0, 1, bounds.size.height));
+    NSRectFill(NSMakeRect(kTimes + day * [self dayWidth] - 1, NSMinY(dirty), 1, NSHeight(dirty)));
   }
 }
 // The names of the days stay where they are while the hours scroll below them.
 - (void)drawDays {
   const double top = [self visibleRect].origin.y;
   [[NSColor whiteColor] set];
-  NSRectFill(NSMakeRect(0, top, [self bounds].size.width, [self daysHeight]));
-  [gray(0.85) set];
-  NSRectFill(NSMakeRect(0, top + [self daysHeight] - 1, [self bounds].size.width, 1));
+  NSRectFill(NSMakeRect(0, top, [self bounds].size.width, kNames));
+  if ([self state].isWide) {
+    [gray(0.85) set];
+    NSRectFill(NSMakeRect(0, top + kNames - 1, [self bounds].size.width, 1));
+    [@"fewer" drawInRect:NSInsetRect([self placeOfFewer], 9, 2) withAttributes:look(11, false, accent())];
+  }
   for (int day = 0; day < kDaysShown; ++day) {
     const double x = kTimes + day * [self dayWidth];
     const double noon = [self noonOf:day];
@@ -327,16 +359,33 @@ WeekItem movedTo(WeekItem item, double start) {
   }
   [[NSGraphicsContext currentContext] restoreGraphicsState];
 }
+- (void)drawWholeDays:(NSRect)dirty {
+  const double top = [self wholeDaysTop];
+  const NSRect place = NSMakeRect(0, top, [self bounds].size.width, [self daysHeight] - kNames);
+  if (!NSIntersectsRect(dirty, place)) return;
+  [[NSColor whiteColor] set];
+  NSRectFill(NSIntersectionRect(dirty, place));
+  [gray(0.85) set];
+  NSRectFill(NSMakeRect(0, NSMaxY(place) - 1, NSWidth(place), 1));
+  for (const WeekPiece& piece : [self state].pieces) {
+    if (piece.item.isAllDay && [self isSeen:piece] && NSIntersectsRect(dirty, [self placeOf:piece]))
+      [self drawAppointment:piece];
+  }
+  for (int day = 0; day < kDaysShown; ++day) {
+    const int more = [self state].hidden[static_cast<std::size_t>(day)];
+    if (more == 0) continue;
+    const NSRect cell = [self placeOfMore:day];
+    [[NSString stringWithFormat:@"and %d more", more] drawInRect:NSInsetRect(cell, 9, 2)
+                                                  withAttributes:look(11, false, accent())];
+  }
+}
 - (void)drawRect:(NSRect)dirty {
-  [self drawGrid];
-  const std::vector<WeekPiece>& pieces = [self state].pieces;
-  for (const WeekPiece& piece : pieces) {
+  [self drawGrid:dirty];
+  for (const WeekPiece& piece : [self state].pieces) {
     if (!piece.item.isAllDay && NSIntersectsRect(dirty, [self placeOf:piece])) [self drawAppointment:piece];
   }
-  [self drawDays];
-  for (const WeekPiece& piece : pieces) {
-    if (piece.item.isAllDay) [self drawAppointment:piece];
-  }
+  [self drawWholeDays:dirty];
+  if (NSMinY(dirty) < [self visibleRect].origin.y + kNames) [self drawDays];
 }
 
 // -- What a person does
@@ -354,17 +403,32 @@ WeekItem movedTo(WeekItem item, double start) {
 // The uppermost at the point; null for none. Good until the week is arranged anew.
 - (const WeekPiece*)pieceAt:(NSPoint)point {
   const std::vector<WeekPiece>& pieces = [self state].pieces;
-  const bool isAmongDays = point.y < [self visibleRect].origin.y + [self daysHeight];
+  const double names = [self visibleRect].origin.y + kNames;
+  if (point.y < names) return nullptr;
+  const bool isAmongDays = point.y < [self wholeDaysTop] + [self daysHeight] - kNames;
   const auto found = std::find_if(pieces.rbegin(), pieces.rend(), [&](const WeekPiece& piece) {
-    return piece.item.isAllDay == isAmongDays && NSPointInRect(point, [self placeOf:piece]);
+    return piece.item.isAllDay == isAmongDays && [self isSeen:piece] && NSPointInRect(point, [self placeOf:piece]);
   });
   return found == pieces.rend() ? nullptr : &*found;
 }
 - (NSRect)placeOfEvent:(std::size_t)index {
   for (const WeekPiece& piece : [self state].pieces) {
-    if (piece.item.index == index) return [self placeOf:piece];
+    if (piece.item.index == index && [self isSeen:piece]) return [self placeOf:piece];
   }
   return NSZeroRect;
+}
+// NO for a click on something else than what tells of more or fewer lines.
+- (BOOL)widensAt:(NSPoint)point {
+  State& state = [self state];
+  bool isMeant = state.isWide && NSPointInRect(point, [self placeOfFewer]);
+  for (int day = 0; day < kDaysShown; ++day) {
+    isMeant |= state.hidden[static_cast<std::size_t>(day)] > 0 && NSPointInRect(point, [self placeOfMore:day]);
+  }
+  if (!isMeant) return NO;
+  state.isWide = !state.isWide;
+  [self arrange];
+  if (state.isWide) [self scrollPoint:NSMakePoint(0, 0)];
+  return YES;
 }
 - (void)mouseDown:(NSEvent*)event {
   [[self window] makeFirstResponder:self];
@@ -372,6 +436,7 @@ WeekItem movedTo(WeekItem item, double start) {
   [self endNaming];
   State& state = [self state];
   const NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
+  if ([self widensAt:point]) return;
   state.selected.reset();
   if (const WeekPiece* piece = [self pieceAt:point]) {
     state.selected = piece->item.index;

@@ -116,6 +116,9 @@ TEST(WeekPlan, CutsWholeDaysAtTheEdgesOfTheWeek) {
   EXPECT_EQ(pieces[1].day, 2);
   EXPECT_EQ(pieces[1].days, 5);
   EXPECT_EQ(pieces[1].column, 1);
+  EXPECT_THAT(hiddenWholeDays(pieces, 2), ElementsAre(0, 0, 0, 0, 0, 0, 0));
+  EXPECT_THAT(hiddenWholeDays(pieces, 1), ElementsAre(0, 0, 1, 1, 1, 1, 1));
+  EXPECT_THAT(hiddenWholeDays(pieces, 0), ElementsAre(1, 1, 2, 1, 1, 1, 1));
 }
 
 }  // namespace
