@@ -15,6 +15,9 @@
   NSTextField* m_end;
   // The time that a person is typing; nil for none.
   NSTextField* m_typedTime;
+  // What is wrong with the time beside it; "" for nothing.
+  NSTextField* m_startTrouble;
+  NSTextField* m_endTrouble;
   NSTextView* m_body;
 }
 + (void)putInto:(ERCalendarEventEditorWindowController*)controller;

@@ -2,6 +2,7 @@
 
 #import "lab/desktop/Controls.h"
 #import "lab/desktop/Questions.h"
+#include "lab/desktop/WeekPlan.h"
 #include "util/HtmlText.h"
 
 namespace {
@@ -20,7 +21,15 @@ NSDateFormatter* formatterOf(OLCalendarDate* date) {
   NSDateFormatter* formatter = [[[NSDateFormatter alloc] init] autorelease];
   [formatter setDateFormat:kTimeFormat];
   [formatter setTimeZone:[date timeZone]];
+  [formatter setLenient:NO];
   return formatter;
+}
+
+vornlab::LocalClock clockAt(OLCalendarDate* date) {
+  NSTimeZone* zone = [date timeZone];
+  return vornlab::LocalClock([zone](double seconds) {
+    return static_cast<double>([zone secondsFromGMTForDate:[NSDate dateWithTimeIntervalSince1970:seconds]]);
+  });
 }
 
 NSString* textOf(OLCalendarDate* date) { return date ? [formatterOf(date) stringFromDate:[date dateUTC]] : @""; }
@@ -94,6 +103,12 @@ NSString* peopleText(NSArray* attendees) {
   [header addSubview:field];
   return field;
 }
+- (NSTextField*)addTroubleAt:(NSPoint)at {
+  NSTextField* trouble = vornlab::label(@"", NSMakeRect(at.x, at.y, kWidth - kMargin - at.x, kField));
+  [trouble setTextColor:[NSColor redColor]];
+  [m_controller->m_header addSubview:trouble];
+  return trouble;
+}
 - (double)addAction:(NSString*)title x:(double)x action:(SEL)action {
   NSButton* button = vornlab::pushButton(title, self, action, NSMakePoint(x, kHeight - kActions + 11));
   [self addSubview:button];
@@ -130,6 +145,8 @@ NSString* peopleText(NSArray* attendees) {
   m_end = [self addField:@"Ends" row:4 width:150];
   const NSRect zone = NSMakeRect(kMargin + kNames + 160, kHeader - 12 - kField - 3 * kRow, 260, kField);
   [header addSubview:vornlab::label(zoneText([event startTime]), zone)];
+  m_startTrouble = [self addTroubleAt:NSMakePoint(NSMaxX(zone), NSMinY(zone))];
+  m_endTrouble = [self addTroubleAt:NSMakePoint(NSMinX(zone), NSMinY(zone) - kRow)];
   NSView* const order[] = {m_subject, location, m_start, m_end};
   for (std::size_t i = 0; i + 1 < std::size(order); ++i) [order[i] setNextKeyView:order[i + 1]];
   [[m_controller window] setInitialFirstResponder:m_subject];
@@ -149,6 +166,8 @@ NSString* peopleText(NSArray* attendees) {
   [m_subject setStringValue:[m_event summary] ? [m_event summary] : @""];
   [m_start setStringValue:textOf([m_event startTime])];
   [m_end setStringValue:textOf([m_event endTime])];
+  [m_startTrouble setStringValue:@""];
+  [m_endTrouble setStringValue:@""];
   [self showTitle];
 }
 - (void)showBody {
@@ -180,48 +199,74 @@ NSString* peopleText(NSArray* attendees) {
   if (field == m_subject) [self showTitle];
   [[self editor] setIsDirty:YES];
 }
-// A time counts when it has been typed whole; one that is none leaves the former.
+- (std::optional<vornlab::CalendarTime>&)typedTimeOf:(NSTextField*)field {
+  return field == m_start ? [self typed].start : [self typed].end;
+}
+- (OLCalendarDate*)timeOf:(NSTextField*)field {
+  if (const auto& typed = [self typedTimeOf:field]) return [OLCalendarDate dateWithTime:*typed];
+  ECCalendarEvent* event = [[self editor] content];
+  return field == m_start ? [event startTime] : [event endTime];
+}
+- (void)change:(NSTextField*)field toSeconds:(double)seconds {
+  OLCalendarDate* changed = [[[OLCalendarDate alloc] initWithSeconds:seconds
+                                                                zone:[[self timeOf:field] timeZone]] autorelease];
+  [self typedTimeOf:field] = [changed time];
+  [[self editor] setIsDirty:YES];
+}
+// What stands in the field, as the time of the appointment. One that cannot be stays there with a word beside it,
+// and the appointment keeps the former.
+- (void)takeTimeOf:(NSTextField*)field {
+  NSTextField* trouble = field == m_start ? m_startTrouble : m_endTrouble;
+  [trouble setStringValue:@""];
+  OLCalendarDate* before = [self timeOf:field];
+  NSString* typed = [field stringValue];
+  if ([typed isEqual:textOf(before)]) return;
+  NSDate* date = [formatterOf(before) dateFromString:typed];
+  if (!date) return [trouble setStringValue:@"This is no time such as 2030-03-18 09:00."];
+  const double seconds = [date timeIntervalSince1970];
+  const double start = [[[self timeOf:m_start] dateUTC] timeIntervalSince1970];
+  if (field == m_end) {
+    if (seconds < start) return [trouble setStringValue:@"The end is before the start."];
+    return [self change:m_end toSeconds:seconds];
+  }
+  // It lasts as long as before by the clock, unless an end is waiting for its start.
+  const vornlab::LocalClock clock = clockAt([self timeOf:m_start]);
+  const vornlab::LocalClock clockAtEnd = clockAt([self timeOf:m_end]);
+  const double end = clockAtEnd.local([[[self timeOf:m_end] dateUTC] timeIntervalSince1970]);
+  [self change:m_start toSeconds:seconds];
+  [self change:m_end toSeconds:clockAtEnd.seconds(end + clock.local(seconds) - clock.local(start))];
+  if ([[m_endTrouble stringValue] length] > 0) return [self takeTimeOf:m_end];
+  [m_end setStringValue:textOf([self timeOf:m_end])];
+}
+// A time counts when it has been typed whole.
 - (void)controlTextDidEndEditing:(NSNotification*)notification {
   const id field = [notification object];
   // Who only passes through a field has typed nothing.
   if (field != m_typedTime) return;
   m_typedTime = nil;
-  std::optional<vornlab::CalendarTime>& typedTime = field == m_start ? [self typed].start : [self typed].end;
-  ECCalendarEvent* event = [[self editor] content];
-  OLCalendarDate* stored = field == m_start ? [event startTime] : [event endTime];
-  OLCalendarDate* before = typedTime ? [OLCalendarDate dateWithTime:*typedTime] : stored;
-  NSString* typed = [field stringValue];
-  if ([typed isEqual:textOf(before)]) return;
-  NSDate* date = [formatterOf(before) dateFromString:typed];
-  if (!date) {
-    [field setStringValue:textOf(before)];
-    return;
-  }
-  OLCalendarDate* changed = [[[OLCalendarDate alloc] initWithSeconds:[date timeIntervalSince1970]
-                                                                zone:[before timeZone]] autorelease];
-  typedTime = [changed time];
-  [[self editor] setIsDirty:YES];
+  [self takeTimeOf:field];
 }
-- (void)endTyping {
+// Ends what is being typed. NO, and heard, when a time cannot be stored as it stands.
+- (BOOL)endTyping {
   [[m_controller window] makeFirstResponder:nil];
+  if ([[m_startTrouble stringValue] length] + [[m_endTrouble stringValue] length] == 0) return YES;
+  NSBeep();
+  return NO;
 }
 - (void)send:(id)sender {
   (void)sender;
-  [self endTyping];
-  [[self editor] sendMeetingPostValidate];
+  if ([self endTyping]) [[self editor] sendMeetingPostValidate];
 }
 - (void)saveAndClose:(id)sender {
-  [self endTyping];
-  [[self editor] saveAndClose:sender];
+  if ([self endTyping]) [[self editor] saveAndClose:sender];
 }
 - (void)save:(id)sender {
-  [self endTyping];
-  [[self editor] save:sender];
+  if ([self endTyping]) [[self editor] save:sender];
 }
 - (BOOL)askToClose {
   [[self retain] autorelease];
-  [self endTyping];
-  if (![[self editor] isDirty]) {
+  const BOOL canBeSaved = [self endTyping];
+  if (canBeSaved && ![[self editor] isDirty]) {
     [m_controller close];
     return YES;
   }
@@ -229,7 +274,10 @@ NSString* peopleText(NSArray* attendees) {
   [window makeKeyAndOrderFront:nil];
   NSString* message = [NSString stringWithFormat:@"“%@” has changes", [window title]];
   switch (vornlab::askWhatToSave(message)) {
-    case vornlab::WhatToSave::save: [[self editor] saveAndClose:nil]; return YES;
+    case vornlab::WhatToSave::save:
+      if (!canBeSaved) return NO;
+      [[self editor] saveAndClose:nil];
+      return YES;
     case vornlab::WhatToSave::dontSave: [m_controller close]; return YES;
     case vornlab::WhatToSave::cancel: break;
   }

@@ -316,6 +316,78 @@ TEST_F(Desk, TheEndWaitsForEditorsAndForWhoeverWantsToGoOn) {
   EXPECT_EQ(editors(), 0u);
 }
 
+TEST_F(Desk, TheStartTakesTheEndAlongAndATimeThatCannotBeIsTold) {
+  load(eventText("a", kPlain));
+  NSWindow* window = [openEditor("a") window];
+  const auto says = [&](NSString* words) { return fieldWith([window contentView], words) != nil; };
+  const auto save = [&] {
+    [buttonIn([window contentView], @"Save") performClick:nil];
+    session().passTime(0.2);
+    return (event("a").start()->seconds - kNine) / kHour;
+  };
+  typeInto(window, @"2030-03-18 09:00", @"2030-03-19 12:30");
+  [window makeFirstResponder:nil];
+  EXPECT_TRUE(says(@"2030-03-19 13:30"));
+  typeInto(window, @"2030-03-19 13:30", @"2030-03-17 08:00");
+  EXPECT_EQ(save(), 0);
+  EXPECT_TRUE(says(@"The end is before the start."));
+  typeInto(window, @"2030-03-17 08:00", @"noon");
+  EXPECT_EQ(save(), 0);
+  EXPECT_TRUE(says(@"noon") && says(@"This is no time such as 2030-03-18 09:00."));
+  answering(@"Save", [&] { [window performClose:nil]; });
+  EXPECT_EQ(editors(), 1u) << "it cannot be saved as it stands";
+  typeInto(window, @"noon", @"2030-03-19 15:00");
+  EXPECT_EQ(save(), 27.5);
+  EXPECT_FALSE(says(@"This is no time such as 2030-03-18 09:00."));
+  EXPECT_EQ((event("a").end()->seconds - kNine) / kHour, 30);
+}
+
+TEST_F(Desk, ManyWholeDaysAreCountedAndShownByAClick) {
+  std::string events;
+  for (int i = 0; i < 50; ++i) {
+    events += eventText("day" + std::to_string(i), "DTSTART;VALUE=DATE:20300318\r\nSUMMARY:Day\r\n");
+  }
+  load(events);
+  constexpr double names = 42;
+  constexpr double line = 22;
+  const auto inLine = [&](int number, double top) {
+    return NSMakePoint(100, top + names + (number + 0.5) * line);
+  };
+  const double before = [week() bounds].size.height;
+  click(inLine(3, [week() visibleRect].origin.y));
+  EXPECT_EQ([week() bounds].size.height, before + 46 * line);
+  EXPECT_EQ([week() visibleRect].origin.y, 0);
+  [[week() window] display];
+  click(inLine(49, 0));
+  press(NSDeleteCharacter);
+  EXPECT_EQ(calendar().events().size(), 49u);
+  click(NSMakePoint(30, [week() visibleRect].origin.y + 27));
+  EXPECT_EQ([week() bounds].size.height, before);
+}
+
+TEST_F(Desk, LettersOfOtherScriptsAreDrawn) {
+  session();
+  const auto drawn = [](NSString* text) {
+    NSImage* image = [[[NSImage alloc] initWithSize:NSMakeSize(24, 24)] autorelease];
+    [image lockFocus];
+    [text drawAtPoint:NSMakePoint(2, 2)
+        withAttributes:[NSDictionary dictionaryWithObject:[NSFont systemFontOfSize:14]
+                                                   forKey:NSFontAttributeName]];
+    NSBitmapImageRep* seen =
+        [[[NSBitmapImageRep alloc] initWithFocusedViewRect:NSMakeRect(0, 0, 24, 24)] autorelease];
+    [image unlockFocus];
+    return [seen TIFFRepresentation];
+  };
+  // Nobody has given that number a letter.
+  NSData* missing = drawn(@"\u0378");
+  std::vector<NSString*> letters = {@"א", @"ב", @"ا", @"س"};
+  if ([NSFont fontWithName:@"DroidSansFallback" size:14]) letters.insert(letters.end(), {@"東", @"で"});
+  for (std::size_t i = 0; i < letters.size(); ++i) {
+    EXPECT_FALSE([drawn(letters[i]) isEqual:missing]) << [letters[i] UTF8String];
+    EXPECT_FALSE(i > 0 && [drawn(letters[i]) isEqual:drawn(letters[i - 1])]) << [letters[i] UTF8String];
+  }
+}
+
 class DeskAndClient : public Desk {
  protected:
   DeskAndClient() { load(eventText("a", kPlain)); }
