@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "lab/outlook/CalendarStore.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/shell/CalendarOutput.h"
 
 namespace vornlab {
