@@ -58,8 +58,10 @@ HostOptions hostOf(const std::string& userAddress) {
 
 constexpr double kTurnSeconds = 0.01;
 constexpr double kLongSeconds = 3600;
-// The plug-in clears up a hundredth of a second after a window has closed.
-constexpr int kClearingTurns = 6;
+// The plug-in clears up a hundredth of a second after a window has closed, and the toolkit in the turn behind
+// that. A turn ends early with an event, so they are not counted. What is left when the thread ends is let go of
+// without a pool, which the toolkit tells on the terminal.
+constexpr double kLastTurnsSeconds = 0.08;
 
 }  // namespace
 
@@ -105,7 +107,8 @@ DesktopSession::~DesktopSession() {
   [m_watch release];
   closeEditors();
   // Also for one who interrupts, and whom nothing else waits for.
-  for (int i = 0; i < kClearingTurns; ++i) {
+  const double cleared = [NSDate timeIntervalSinceReferenceDate] + kLastTurnsSeconds;
+  while ([NSDate timeIntervalSinceReferenceDate] < cleared) {
     const Pool passing;
     turn();
   }
