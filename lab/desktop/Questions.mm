@@ -41,12 +41,10 @@ void tellTrouble(NSString* message, const std::string& reason) {
 }
 
 FilePerson::Answer FileQuestions::askAboutChanges(bool hasFile) {
-  const Answer answers[] = {hasFile ? Answer::save : Answer::saveAs, Answer::cancel, Answer::dontSave,
-                            Answer::saveAs};
-  std::vector<NSString*> buttons = {hasFile ? @"Save" : @"Save As…", @"Cancel", @"Don’t Save"};
-  if (hasFile) buttons.push_back(@"Save As…");
+  // Another place is offered when this one fails, for a question has no room for a fourth button.
+  const Answer answers[] = {hasFile ? Answer::save : Answer::saveAs, Answer::cancel, Answer::dontSave};
   return answers[ask(hasFile ? @"The calendar has changes that are not in its file" : @"The calendar has no file",
-                     kLost, buttons)];
+                     kLost, {hasFile ? @"Save" : @"Save As…", @"Cancel", @"Don’t Save"})];
 }
 
 FilePerson::Answer FileQuestions::tellThatNothingWasSaved(const std::string& reason, bool canOverwrite) {

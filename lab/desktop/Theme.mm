@@ -139,9 +139,22 @@ void drawCalendar(NSSize size) {
   }
 }
 
+// The toolkit takes a copy, which only a picture of pixels has.
+void showOwnSign() {
+  const NSSize size = NSMakeSize(48, 48);
+  NSImage* drawn = [[[NSImage alloc] initWithSize:size] autorelease];
+  [drawn lockFocus];
+  drawCalendar(size);
+  NSBitmapImageRep* pixels =
+      [[[NSBitmapImageRep alloc] initWithFocusedViewRect:NSMakeRect(0, 0, size.width, size.height)] autorelease];
+  [drawn unlockFocus];
+  NSImage* sign = [[[NSImage alloc] initWithSize:size] autorelease];
+  [sign addRepresentation:pixels];
+  [NSApp setApplicationIconImage:sign];
+}
+
 void replaceImages() {
-  replaceImage(@"NSApplicationIcon", NSMakeSize(48, 48), drawCalendar);
-  [NSApp setApplicationIconImage:[NSImage imageNamed:@"NSApplicationIcon"]];
+  showOwnSign();
   const NSSize mark = NSMakeSize(24, 18);
   replaceImage(@"GSSwitch", mark, [](NSSize size) { drawMark(size, false, false); });
   replaceImage(@"GSSwitchSelected", mark, [](NSSize size) { drawMark(size, false, true); });
