@@ -15,6 +15,7 @@
 #include <ctime>
 #include <new>
 
+#include "platform/Registry.h"
 #include "tests/road/world/RoadWorld.h"
 
 namespace {
@@ -133,8 +134,16 @@ double renameAndSave(RoadWorld& world, const std::string& calendar, const std::s
   return secondsOf([&] { world.saveAndClose(editor); });
 }
 
+// In the host nobody follows what is done.
+void stopTracing() {
+  Platform platform = Registry::platform();
+  platform.trace = nullptr;
+  Registry::install(platform);
+}
+
 void BM_SaveOfAMeeting(benchmark::State& state) {
   RoadWorld world(appointment());
+  stopTracing();
   const std::string meeting = withMeeting(world);
   const std::string plain = asAnybodysAppointment(meeting);
   double whole = 0;

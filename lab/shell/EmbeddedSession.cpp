@@ -66,4 +66,11 @@ void EmbeddedSession::passTime(double seconds) {
   m_runLoop->cancelPrevious(this);
 }
 
+void EmbeddedSession::clearUp() {
+  m_runLoop->hasten(kClearingSeconds);
+  // What is put off by that comes next, and what that puts off behind it.
+  passTime(0);
+  passTime(0);
+}
+
 }  // namespace vornlab

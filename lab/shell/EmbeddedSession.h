@@ -34,6 +34,7 @@ class EmbeddedSession : public LabSession {
 
   double now() const override { return m_runLoop->now(); }
   void passTime(double seconds) override;
+  void clearUp() override;
 
  protected:
   // Where the surroundings say nothing of home, applications and the system, they are the world's. Throws

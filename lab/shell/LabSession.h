@@ -73,6 +73,8 @@ class LabSession {
   virtual bool waitUntil(const std::function<bool()>& condition, double seconds) = 0;
   // Runs the loop until all calls that are put off by at most these seconds have run.
   virtual void passTime(double seconds) = 0;
+  // Runs what clears up behind a window that has closed; where nothing else is due, nobody waits for the clock.
+  virtual void clearUp() { passTime(kClearingSeconds); }
 
   enum class Quiet { reached, clientGone, timeout };
   // Runs the loop until every request since the given counts has its reply and nothing more is due at once.

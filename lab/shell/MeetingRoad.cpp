@@ -88,7 +88,7 @@ MeetResult MeetingRoad::take(CalendarEvent event, Aim aim) {
     tell("closes the editor without saving");
     host.closeWithoutSaving(editor);
   }
-  m_session.passTime(kClearingSeconds);
+  m_session.clearUp();
 
   if (aim == Aim::remove) return endOfRemoval(event, walked);
   return endOfRoad(event, walked, hadMeeting,

@@ -46,6 +46,7 @@ Session::~Session() {
   if (m_watch) m_watch->end();
   host().closeMainWindow();
   m_plugin.reset();
+  if (m_lookAgain) m_lookAgain->invalidate();
 }
 
 void Session::attempt(const std::function<void()>& step) {
@@ -64,11 +65,13 @@ vorn::Value Session::ask(const std::string& question, const vorn::Value& paramet
 }
 
 bool Session::waitUntil(const std::function<bool()>& condition, double seconds) {
-  // The loop asks after each of its tasks only, and what is waited for may happen outside it.
-  const auto lookAgain =
-      runLoop().scheduledTimer(kLookAgainSeconds, vorn::RunLoop::Repeats::yes, [](vorn::RunLoop::Timer&) {});
+  // The loop asks after each of its tasks only, and what is waited for may happen outside it. A timer for each
+  // wait would cost most of what a short one takes.
+  if (!m_lookAgain) {
+    m_lookAgain =
+        runLoop().scheduledTimer(kLookAgainSeconds, vorn::RunLoop::Repeats::yes, [](vorn::RunLoop::Timer&) {});
+  }
   const bool holds = runLoop().runUntil([&] { return Interruption::requested() || condition(); }, seconds);
-  lookAgain->invalidate();
   if (Interruption::requested()) throw Interrupted("interrupted");
   return holds;
 }

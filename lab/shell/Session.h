@@ -51,6 +51,8 @@ class Session final : public EmbeddedSession {
   // Null when no bus answers.
   std::unique_ptr<vorn::EmbeddedDistributedNotifications> m_notifications;
   vorn::EmbeddedWorkspace m_workspace;
+  // From the first wait to the session's end.
+  std::shared_ptr<vorn::RunLoop::Timer> m_lookAgain;
   ClientSide m_client;
   std::string m_clientTrouble;
   // Absent when nobody can watch.

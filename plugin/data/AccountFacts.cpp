@@ -6,6 +6,8 @@
 namespace vorn {
 
 AccountFacts accountFactsWithoutLists(const vnUserProfileHelper& account, const OptionalText& email) {
+  // Some of its answers are the client's too.
+  const vnClientFeatureMgr::OneReading oneReading;
   return {
       .hasUserProfile = account.hasUserProfile(),
       .isPaidUser = account.isPaidUser(),
@@ -81,6 +83,7 @@ AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText
 }
 
 ClientGates clientGates() {
+  const vnClientFeatureMgr::OneReading oneReading;
   vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
   return {
       .isVornClientSupportAutoRecord = client.isVornClientSupportAutoRecord(),

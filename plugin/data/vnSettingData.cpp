@@ -1,5 +1,6 @@
 #include "data/vnSettingData.h"
 
+#include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "data/MeetingOptionRules.h"
@@ -55,6 +56,7 @@ void vnSettingData::savePutInvitationAtTheTopToUserDefault(bool top) {
 }
 
 void vnSettingData::initSettingData() {
+  const vnClientFeatureMgr::OneReading oneReading;
   resetFields();
   initWithUserProfileDefault();
   initWithSavedProfile();
@@ -82,6 +84,7 @@ void vnSettingData::initAudioTypeWithUserProfile() {
 void vnSettingData::initWithSavedProfile() {
   const Value saved = JsonTextFile(vnCommon::getVnUserProfilePath(user().getUID())).read();
   if (saved.isAbsent()) return;
+  const vnClientFeatureMgr::OneReading oneReading;
   const AccountFacts facts = factsFor(m_options.scheduleForEmail);
   if (meeting_options::initWithSavedProfile(m_options, facts, clientGates(), saved)) setNotShowMeAgain(true);
 }
@@ -108,11 +111,13 @@ void vnSettingData::resetMeetingAuthForNotShowAgain() {
 }
 
 void vnSettingData::resetWaitingRoomPasscodeStateForNotShowAgain() {
+  const vnClientFeatureMgr::OneReading oneReading;
   meeting_options::resetWaitingRoomPasscodeStateForNotShowAgain(m_options, factsFor(m_options.scheduleForEmail),
                                                                 clientGates());
 }
 
 void vnSettingData::resetAffectedStateByE2eeForNotShowAgain() {
+  const vnClientFeatureMgr::OneReading oneReading;
   meeting_options::resetAffectedStateByE2eeForNotShowAgain(m_options, factsFor(m_options.scheduleForEmail),
                                                            clientGates());
 }

@@ -1,5 +1,6 @@
 #include "settings/SettingsContext.h"
 
+#include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Registry.h"
@@ -97,6 +98,7 @@ bool SettingsContext::knows(const std::string& person) {
 }
 
 OptionFacts SettingsContext::facts(const vnSettingData& record) const {
+  const vnClientFeatureMgr::OneReading oneReading;
   return {.account = accountFactsWithoutLists(profile(), record.scheduleForEmail()),
           .client = clientGates(),
           .isUpdate = isForUpdateVornMeeting()};

@@ -308,6 +308,7 @@ void VnSettingViewController::checkScheduleButton() {
 }
 
 void VnSettingViewController::explain() {
+  const vnClientFeatureMgr::OneReading oneReading;
   const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
   vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
   const OptionalText& person = m_settingData.scheduleForEmail();

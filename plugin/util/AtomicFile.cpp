@@ -107,15 +107,21 @@ std::optional<std::string> readFile(const std::string& path) {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat facts;
   if (!file || ::fstat(file.number(), &facts) != 0 || !S_ISREG(facts.st_mode)) return std::nullopt;
-  std::string content;
-  content.reserve(static_cast<std::size_t>(facts.st_size));
-  char piece[65536];
-  for (;;) {
-    const ssize_t got = ::read(file.number(), piece, sizeof piece);
+  // With room for one byte more than it should have, a file that has just those ends with the first reading.
+  const auto expected = static_cast<std::size_t>(facts.st_size);
+  std::string content(expected + 1, '\0');
+  for (std::size_t length = 0;;) {
+    const std::size_t room = content.size() - length;
+    const ssize_t got = ::read(file.number(), content.data() + length, room);
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return std::nullopt;
-    if (got == 0) return content;
-    content.append(piece, static_cast<std::size_t>(got));
+    length += static_cast<std::size_t>(got);
+    if (got == 0 || (length == expected && static_cast<std::size_t>(got) < room)) {
+      content.resize(length);
+      return content;
+    }
+    // It has grown meanwhile.
+    if (length == content.size()) content.resize(2 * length);
   }
 }
 

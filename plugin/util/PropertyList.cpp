@@ -159,12 +159,16 @@ class Writer {
 
 Value readPropertyList(const std::string& path) {
   const std::optional<std::string> content = readFile(path);
-  if (!content || content->size() > std::numeric_limits<std::uint32_t>::max()) return {};
+  return content ? propertyListIn(*content) : Value();
+}
+
+Value propertyListIn(const std::string& content) {
+  if (content.size() > std::numeric_limits<std::uint32_t>::max()) return {};
   // The library's reader of the binary form follows references without a limit, down and again and again.
-  if (isBinaryPropertyList(*content)) return readBinaryPropertyList(*content, kDeepestList);
-  if (isNestedTooDeeply(*content)) return {};
+  if (isBinaryPropertyList(content)) return readBinaryPropertyList(content, kDeepestList);
+  if (isNestedTooDeeply(content)) return {};
   plist_t parsed = nullptr;
-  plist_from_xml(content->data(), static_cast<std::uint32_t>(content->size()), &parsed);
+  plist_from_xml(content.data(), static_cast<std::uint32_t>(content.size()), &parsed);
   const Node root(parsed);
   return root ? valueOf(root.get(), 0) : Value();
 }

@@ -11,6 +11,8 @@ namespace vorn {
 // The content of an XML or binary property list; absent when the file cannot be read, is no property list or is
 // nested deeper than 512. Integers keep 64 bits. Dates and binary data have no place in a Value and are left out.
 Value readPropertyList(const std::string& path);
+// The same of a file's content.
+Value propertyListIn(const std::string& content);
 
 // Writes a property list in XML, the whole file or nothing of it. What the format cannot hold, absent, null and
 // host objects, is left out. False when nothing was written: for a value that is left out itself, for text that

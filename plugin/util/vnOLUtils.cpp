@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "util/AtomicFile.h"
 #include "util/CharacterSets.h"
 #include "util/HostObjectQuestions.h"
 #include "util/PropertyList.h"
@@ -88,8 +89,12 @@ void vnOLUtils::saveStrToFile(const OptionalText& text, const OptionalText& file
 
 OptionalText vnOLUtils::readStrFromFile(const OptionalText& filePath) {
   if (!filePath) return std::nullopt;
-  if (filePath->empty()) return "";
-  const Value lines = readPropertyList(*filePath);
+  const std::optional<std::string> content = filePath->empty() ? std::nullopt : readFile(*filePath);
+  return content ? textOfFile(*content) : "";
+}
+
+std::string vnOLUtils::textOfFile(const std::string& content) {
+  const Value lines = propertyListIn(content);
   return lines.count() == 0 ? "" : lines.at(lines.count() - 1).text();
 }
 

@@ -43,6 +43,8 @@ class vnOLUtils : public vStringUtils {
   // The last text of such a file. Absent for an absent path; "" for an empty one, a missing or unreadable file,
   // and a property list of another shape.
   static OptionalText readStrFromFile(const OptionalText& filePath);
+  // The same of what such a file holds.
+  static std::string textOfFile(const std::string& content);
 };
 
 }  // namespace vorn

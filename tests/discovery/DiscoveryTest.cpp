@@ -113,6 +113,19 @@ TEST_F(DiscoveryTest, ComparesTheClientsVersionWithEachBoundary) {
   EXPECT_FALSE(m_features.clientSupportSpecifiedFeature("0.0.0")) << "no version supports nothing";
 }
 
+TEST_F(DiscoveryTest, AsksOneVersionWhileItsAnswersAreToFitTogetherAndAfreshBehindThat) {
+  install(places()[1]);
+  setBundleValue(places()[1], "CFBundleVersion", "5.0.0");
+  {
+    const vnClientFeatureMgr::OneReading outer;
+    EXPECT_TRUE(m_features.clientSupportSpecifiedFeature("5.0.0"));
+    setBundleValue(places()[1], "CFBundleVersion", "6.0.0");
+    { const vnClientFeatureMgr::OneReading inner; }
+    EXPECT_FALSE(m_features.clientSupportSpecifiedFeature("6.0.0"));
+  }
+  EXPECT_TRUE(m_features.clientSupportSpecifiedFeature("6.0.0"));
+}
+
 TEST_F(DiscoveryTest, LetsTheAccountAloneDecideOnDialInCountries) {
   EXPECT_FALSE(m_features.isVornClientSupportEditCountries());
   m_features.setEditCountriesSource([] { return true; });

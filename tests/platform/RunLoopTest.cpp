@@ -192,6 +192,22 @@ TYPED_TEST(OwnRunLoop, ATurnRunsOnePostedTask) {
   }
 }
 
+TYPED_TEST(OwnRunLoop, HastenedCallsRunInTheirOrderAndOnlyThoseThatWereDueByThen) {
+  const auto put = [this](double seconds, const char* name) {
+    this->m_loop.performAfter(seconds, &this->m_target, name, this->noting(name));
+  };
+  put(40, "second");
+  put(30, "cancelled");
+  put(20, "first");
+  put(600, "late");
+  this->m_loop.cancelPrevious(&this->m_target, "cancelled");
+  this->m_loop.hasten(50);
+  ASSERT_TRUE(this->runUntilNoted(2));
+  this->m_loop.runFor(0.01);
+  EXPECT_EQ(this->m_log, (std::vector<std::string>{"first", "second"}));
+  this->m_loop.cancelPrevious(&this->m_target);
+}
+
 TYPED_TEST(OwnRunLoop, RunningEndsWithTheConditionOrTheTime) {
   EXPECT_TRUE(this->m_loop.runUntil([] { return true; }, 0));
   const double start = this->m_loop.now();

@@ -9,7 +9,7 @@
 namespace vorn {
 namespace {
 
-TEST(EmbeddedUserDefaults, WithALoopAreWrittenWhenItComesRoundAndAtTheLatestWithTheirEnd) {
+TEST(EmbeddedUserDefaults, WithALoopAreWrittenALittleLaterAndAtTheLatestWithTheirEnd) {
   TestPlatform world;
   const std::string path = world.surroundings.homeDirectory() + "/defaults/host.plist";
   const Value on = Value::dictionaryFromPairs({{"flag", true}});
@@ -19,7 +19,7 @@ TEST(EmbeddedUserDefaults, WithALoopAreWrittenWhenItComesRoundAndAtTheLatestWith
     EXPECT_TRUE(defaults.objectForKey("flag").boolValue());
     EXPECT_EQ(defaults.persistentDomainForName("host"), on);
     EXPECT_TRUE(readPropertyList(path).isAbsent());
-    world.runLoop.runDue();
+    world.runLoop.runFor(1);
     EXPECT_EQ(readPropertyList(path), on);
     defaults.setObject(2, "late");
   }

@@ -40,7 +40,10 @@ std::string FakeWorkspace::absolutePathForAppBundle(std::string_view bundleIdent
   return valueIn(installed, bundleIdentifier);
 }
 
-bool FakeWorkspace::isFilePackage(std::string_view path) { return filePackages.find(path) != filePackages.end(); }
+bool FakeWorkspace::isFilePackage(std::string_view path) {
+  std::error_code failed;
+  return filePackages.find(path) != filePackages.end() && std::filesystem::is_directory(path, failed);
+}
 
 std::string FakeWorkspace::executablePath(std::string_view bundlePath) { return valueIn(executables, bundlePath); }
 

@@ -8,11 +8,13 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <limits>
 
 #include "tests/support/TestPlatform.h"
 #include "util/AtomicFile.h"
 #include "util/HostObject.h"
+#include "util/ParsedFiles.h"
 #include "util/PropertyList.h"
 #include "util/vnOLUtils.h"
 #include "util/vnShellCommand.h"
@@ -211,6 +213,42 @@ TEST_F(Files, StoredTextIsAListOfOneTextAndEmptyForAnyOtherFile) {
     EXPECT_EQ(vnOLUtils::readStrFromFile(file), "") << file;
   }
   EXPECT_EQ(vnOLUtils::readStrFromFile(std::nullopt), std::nullopt);
+}
+
+TEST_F(Files, ThatAreAskedForAgainAndAgainTellEveryChangeAndAreMadeAnewOnlyForOne) {
+  static int made = 0;
+  made = 0;
+  ParsedFiles files([](const std::string& content) { return ++made, Value(content); });
+  const auto write = [](const std::string& file, const std::string& content) {
+    std::ofstream(file, std::ios::trunc) << content;
+  };
+  const std::string file = path("often");
+  EXPECT_TRUE(files.read(file).isAbsent());
+  // In place and of one size, within one tick of the file system's clock.
+  for (const char* content : {"one", "two", "six", "six", "longer", ""}) {
+    write(file, content);
+    EXPECT_EQ(files.read(file), Value(content));
+  }
+  EXPECT_EQ(made, 5);
+  ASSERT_TRUE(replaceFile(file, "old"));
+  const timespec longAgo[2] = {{1000000000, 1}, {1000000000, 1}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, file.c_str(), longAgo, 0), 0);
+  EXPECT_EQ(files.read(file), Value("old"));
+  ::usleep(150'000);
+  EXPECT_EQ(files.read(file), Value("old"));
+  write(file, "new");
+  ASSERT_EQ(::utimensat(AT_FDCWD, file.c_str(), longAgo, 0), 0);
+  EXPECT_EQ(files.read(file), Value("new")) << "whatever the times say that anybody can set";
+  for (int i = 0; i < 20; ++i) {
+    const std::string other = path("other" + std::to_string(i));
+    write(other, std::to_string(i));
+    EXPECT_EQ(files.read(other), Value(std::to_string(i)));
+  }
+  EXPECT_EQ(files.read(file), Value("new"));
+  std::filesystem::remove(file);
+  EXPECT_TRUE(files.read(file).isAbsent());
+  write(file, std::string(1 << 19, 'x'));
+  EXPECT_EQ(files.read(file).text().size(), 1U << 19) << "what is too large to be kept";
 }
 
 }  // namespace

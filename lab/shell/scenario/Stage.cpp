@@ -173,7 +173,7 @@ void Stage::settle() {
     m_session->passTime(0);
   } while (!isQuiet(false));
   const std::size_t open = host().editors().size();
-  if (open < m_openEditors) m_session->passTime(kClearingSeconds);
+  if (open < m_openEditors) m_session->clearUp();
   m_openEditors = open;
   if (std::exchange(m_hasDropped, false) && m_usesSocket && m_session->clientIsRunning()) {
     m_session->waitUntil([this] { return m_journal->read(), m_journal->connections() > 0; }, kReconnectSeconds);

@@ -87,6 +87,7 @@ std::string vnAPICommitMeeting::getAPIData() {
 }
 
 OptionalText vnAPICommitMeeting::documentText() const {
+  const vnClientFeatureMgr::OneReading oneReading;
   Value document = Value::dictionary();
   document.set(vn_Outlook_ApptInfo, apptInfoDocument());
   document.set(vn_Setting, settingDocument());

@@ -5,7 +5,6 @@
 
 #include "channel/discovery/VersionNumber.h"
 #include "channel/discovery/vnClientConstants.h"
-#include "channel/store/vnFileFunctions.h"
 #include "platform/DistributedNotifications.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
@@ -70,30 +69,46 @@ bool vnAppHelper::isOutlookVersionLargeThan2016() {
   return VersionNumber::parse(OutlookVersion()) >= VersionNumber{15, 9, 0};
 }
 
-std::array<OptionalText, 4> vnAppHelper::installPlaces() {
-  std::array<OptionalText, 4> places;
-  if (UserDefaults* defaults = Registry::platform().userDefaults) {
-    places[0] = defaults->persistentDomainForName(kVornusIdentify)["installPath"].optionalText();
+OptionalText vnAppHelper::installPlace(std::size_t index) {
+  switch (index) {
+    case 0: {
+      UserDefaults* defaults = Registry::platform().userDefaults;
+      if (!defaults) return std::nullopt;
+      return defaults->persistentDomainForName(kVornusIdentify)["installPath"].optionalText();
+    }
+    case 1: return getVornusAppPath();
+    case 2:
+      if (!surroundings()) return std::nullopt;
+      return without(withTildeExpanded(kVornusUserAppLaunchPath, *surroundings()), kContainerLibrary);
+    default: return getVornusUserAppPath();
   }
-  places[1] = getVornusAppPath();
-  if (surroundings()) {
-    places[2] = without(withTildeExpanded(kVornusUserAppLaunchPath, *surroundings()), kContainerLibrary);
-  }
-  places[3] = getVornusUserAppPath();
+}
+
+std::array<OptionalText, vnAppHelper::kInstallPlaces> vnAppHelper::installPlaces() {
+  std::array<OptionalText, kInstallPlaces> places;
+  for (std::size_t i = 0; i < kInstallPlaces; ++i) places[i] = installPlace(i);
   return places;
 }
 
-std::string vnAppHelper::getVornClientInstallPath() {
-  const std::array<OptionalText, 4> places = installPlaces();
-  for (const OptionalText& place : places) {
-    if (IsAppExist(place)) return *place;
+std::string vnAppHelper::installPath(bool& exists) {
+  OptionalText place;
+  exists = false;
+  for (std::size_t i = 0; i < kInstallPlaces && !exists; ++i) {
+    place = installPlace(i);
+    exists = IsAppExist(place);
   }
-  return places.back().value_or("");
+  return place.value_or("");
+}
+
+std::string vnAppHelper::getVornClientInstallPath() {
+  bool exists = false;
+  return installPath(exists);
 }
 
 std::string vnAppHelper::getVornusLaunchPath(bool* appExists) {
-  const std::string path = getVornClientInstallPath();
-  if (appExists) *appExists = IsAppExist(path);
+  bool exists = false;
+  const std::string path = installPath(exists);
+  if (appExists) *appExists = exists;
   return workspace() ? workspace()->executablePath(path) : "";
 }
 
@@ -113,7 +128,7 @@ std::string vnAppHelper::getVornusUserAppPath() {
 }
 
 bool vnAppHelper::IsAppExist(const OptionalText& path) {
-  return vnIsDirection(path) && workspace() && workspace()->isFilePackage(*path);
+  return path && workspace() && workspace()->isFilePackage(*path);
 }
 
 bool vnAppHelper::isVornusInstalled() {

@@ -30,7 +30,8 @@ class vnAppHelper {
 
   // The four places of the client in the order in which they are looked at. The first is what the client itself
   // has told, absent when it has not.
-  std::array<OptionalText, 4> installPlaces();
+  static constexpr std::size_t kInstallPlaces = 4;
+  std::array<OptionalText, kInstallPlaces> installPlaces();
   // The first of the client's four places that holds an application; the last place when none does.
   std::string getVornClientInstallPath();
   // The path of the client's program, "" when there is none. Sets the flag to whether the application exists; a
@@ -68,6 +69,11 @@ class vnAppHelper {
   std::string getVnPluginVersion();
   // The system's preferred language; "" when it has none.
   std::string getSystemLanguage();
+
+ private:
+  OptionalText installPlace(std::size_t index);
+  // The last place when none holds an application.
+  std::string installPath(bool& exists);
 };
 
 }  // namespace vorn

@@ -13,13 +13,25 @@ namespace vorn {
 
 vnClientFeatureMgr& vnClientFeatureMgr::sharedInstance() { return Registry::shared<vnClientFeatureMgr>(); }
 
+vnClientFeatureMgr::OneReading::OneReading() : m_client(sharedInstance()) { ++m_client.m_readingsThatStand; }
+
+vnClientFeatureMgr::OneReading::~OneReading() {
+  if (--m_client.m_readingsThatStand == 0) m_client.m_reading.reset();
+}
+
+std::string vnClientFeatureMgr::clientVersion() {
+  if (m_readingsThatStand == 0) return vnGetClientVersionHelper::getVornClientVersion();
+  if (!m_reading) m_reading = vnGetClientVersionHelper::getVornClientVersion();
+  return *m_reading;
+}
+
 bool vnClientFeatureMgr::isSupportedVornClientVersion() {
-  const VersionNumber client = VersionNumber::parse(vnGetClientVersionHelper::getVornClientVersion());
+  const VersionNumber client = VersionNumber::parse(clientVersion());
   return client >= VersionNumber{3, 5, client.third};
 }
 
 bool vnClientFeatureMgr::clientSupportSpecifiedFeature(std::string_view version) {
-  const std::string client = vnGetClientVersionHelper::getVornClientVersion();
+  const std::string client = clientVersion();
   return !client.empty() && VersionNumber::parse(client) >= VersionNumber::parse(version);
 }
 

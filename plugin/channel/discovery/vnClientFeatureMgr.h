@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "util/Value.h"
@@ -9,10 +11,23 @@ namespace vorn {
 
 // One question for each thing that a client can do from some version on.
 //
-// Main thread only. The client's version is read afresh at each question.
+// Main thread only. The client's version is read afresh at each question that OneReading does not join to another.
 class vnClientFeatureMgr {
  public:
   static vnClientFeatureMgr& sharedInstance();
+
+  // While one stands, all questions are about one reading of the version: for those that are asked together and
+  // are to fit together. It stands within one call; the loop does not run meanwhile.
+  class OneReading {
+   public:
+    OneReading();
+    ~OneReading();
+    OneReading(const OneReading&) = delete;
+    OneReading& operator=(const OneReading&) = delete;
+
+   private:
+    vnClientFeatureMgr& m_client;
+  };
 
   // 3.5 or later, looking at two parts only.
   bool isSupportedVornClientVersion();
@@ -43,7 +58,12 @@ class vnClientFeatureMgr {
   void setEditCountriesSource(std::function<bool()> source);
 
  private:
+  std::string clientVersion();
+
   std::function<bool()> m_editCountriesSource;
+  int m_readingsThatStand = 0;
+  // Absent as long as nobody has asked.
+  std::optional<std::string> m_reading;
 };
 
 }  // namespace vorn

@@ -2,16 +2,29 @@
 
 #include "channel/store/vnCommon.h"
 #include "channel/store/vnFileFunctions.h"
+#include "platform/Registry.h"
+#include "util/ParsedFiles.h"
+#include "util/PropertyList.h"
 #include "util/vnOLUtils.h"
 
 namespace vorn {
 
-Value JsonTextFile::read() const {
-  const OptionalText text = vnOLUtils::readStrFromFile(m_path);
-  if (!text || text->empty()) return {};
+namespace {
+
+Value documentIn(const std::string& content) {
+  const OptionalText text = vnOLUtils::textOfFile(content);
+  if (isEmpty(text)) return {};
   Value document = vnOLUtils::toArrayOrNSDictionary(text);
   return document.isDictionary() ? document : Value::dictionary();
 }
+
+struct Documents : ParsedFiles {
+  Documents() : ParsedFiles(&documentIn) {}
+};
+
+}  // namespace
+
+Value JsonTextFile::read() const { return Registry::shared<Documents>().read(m_path); }
 
 void JsonTextFile::write(const Value& document) const {
   const std::string folder = vnCommon::getDocumentOutlookPluginRootPath();

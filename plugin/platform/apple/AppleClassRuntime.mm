@@ -4,6 +4,7 @@
 #include <objc/runtime.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstring>
 #include <functional>
@@ -67,28 +68,47 @@ void refreshHeirs([[maybe_unused]] Class target) {
 #endif
 }
 
-// Zero memory for the result and the arguments of one call, each aligned for every type.
+// Zero memory for the result and the arguments of one call, each aligned for every type, and where each of them
+// is. A host calls its readers thousands of times for one screen, and few take more than the stack has room for
+// here.
 class NativeValues {
  public:
-  explicit NativeValues(const MethodSignature& signature) {
+  NativeValues(const MethodSignature& signature, id& object, SEL& selector) {
+    const std::size_t count = signature.argumentCount();
     std::size_t words = wordsFor(signature.resultSize());
-    for (std::size_t i = 0; i < signature.argumentCount(); ++i) words += wordsFor(signature.argumentSize(i));
-    m_words.resize(words);
-    m_next = wordsFor(signature.resultSize());
+    for (std::size_t i = 0; i < count; ++i) words += wordsFor(signature.argumentSize(i));
+    if (words > m_fewWords.size()) m_manyWords.resize(words);
+    m_words = m_manyWords.empty() ? m_fewWords.data() : m_manyWords.data();
+    std::memset(m_words, 0, words * sizeof(std::max_align_t));
+    if (count + kOwnArguments > m_fewArguments.size()) m_manyArguments.resize(count + kOwnArguments);
+    m_arguments = m_manyArguments.empty() ? m_fewArguments.data() : m_manyArguments.data();
+    m_arguments[0] = &object;
+    m_arguments[1] = &selector;
+    std::size_t next = wordsFor(signature.resultSize());
+    for (std::size_t i = 0; i < count; ++i) {
+      m_arguments[i + kOwnArguments] = m_words + next;
+      next += wordsFor(signature.argumentSize(i));
+    }
   }
-  void* result() { return m_words.data(); }
-  // To be asked for one argument after the other.
-  void* nextArgument(std::size_t size) {
-    void* memory = &m_words[m_next];
-    m_next += wordsFor(size);
-    return memory;
-  }
+  NativeValues(const NativeValues&) = delete;
+  NativeValues& operator=(const NativeValues&) = delete;
+
+  void* result() { return m_words; }
+  void** arguments() { return m_arguments; }
+  // Counted from the first behind the selector.
+  void* argument(std::size_t index) { return m_arguments[index + kOwnArguments]; }
 
  private:
+  // The receiver and the selector.
+  static constexpr std::size_t kOwnArguments = 2;
   static std::size_t wordsFor(std::size_t size) { return size / sizeof(std::max_align_t) + 1; }
 
-  std::vector<std::max_align_t> m_words;
-  std::size_t m_next = 0;
+  std::array<std::max_align_t, 8> m_fewWords;
+  std::vector<std::max_align_t> m_manyWords;
+  std::array<void*, 8> m_fewArguments;
+  std::vector<void*> m_manyArguments;
+  std::max_align_t* m_words = nullptr;
+  void** m_arguments = nullptr;
 };
 
 void writeArgument(const MethodSignature& signature, std::size_t index, const Arguments& arguments,
@@ -126,15 +146,12 @@ struct Callee {
 Answer callNative(id object, Callee callee, const Replacement::Call* forwarded, const Arguments& arguments,
                   Retained<>& retained) {
   MethodSignature& signature = *callee.signature;
-  NativeValues values(signature);
-  std::vector<void*> native = {&object, &callee.selector};
-  native.reserve(native.size() + signature.argumentCount());
+  NativeValues values(signature, object, callee.selector);
   for (std::size_t i = 0; i < signature.argumentCount(); ++i) {
-    native.push_back(values.nextArgument(signature.argumentSize(i)));
-    writeArgument(signature, i, arguments, forwarded, native.back());
+    writeArgument(signature, i, arguments, forwarded, values.argument(i));
   }
-  HostException raised =
-      exceptionFrom([&] { ffi_call(&signature.call(), FFI_FN(callee.code), values.result(), native.data()); });
+  HostException raised = exceptionFrom(
+      [&] { ffi_call(&signature.call(), FFI_FN(callee.code), values.result(), values.arguments()); });
   if (raised) return {{}, std::move(raised)};
   if (!signature.result().isObject())
     return {signature.result().readResult(values.result(), Holding::never), nullptr};

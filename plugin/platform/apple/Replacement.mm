@@ -1,6 +1,7 @@
 #include "platform/apple/Replacement.h"
 
 #import <Foundation/Foundation.h>
+#include <pthread.h>
 
 #include <cstring>
 
@@ -15,6 +16,12 @@ namespace {
 std::vector<Replacement::Call*>& callsInProgress() {
   static std::vector<Replacement::Call*> calls;
   return calls;
+}
+
+// Each hooked call asks, and Foundation takes long to answer. The first replacement is made on the main thread.
+pthread_t mainThread() {
+  static const pthread_t thread = pthread_self();
+  return thread;
 }
 
 class InProgress {
@@ -54,6 +61,7 @@ Replacement::~Replacement() {
 std::unique_ptr<Replacement> Replacement::make(Implementation implementation,
                                                std::shared_ptr<MethodSignature> signature,
                                                CharacterPointers characters) {
+  mainThread();
   std::unique_ptr<Replacement> made(new Replacement(std::move(implementation), characters));
   if (!made->m_closure) return nullptr;
   made->setSignature(std::move(signature));
@@ -105,7 +113,7 @@ HostException Replacement::run(void* result, void** arguments) {
   // Both may be exchanged for others while the call is running.
   const std::shared_ptr<MethodSignature> signature = m_signature;
   std::memset(result, 0, signature->resultSize());
-  if (![NSThread isMainThread]) return runHostsOwn(*signature, result, arguments);
+  if (!pthread_equal(pthread_self(), mainThread())) return runHostsOwn(*signature, result, arguments);
   Call call;
   call.replacement = this;
   std::memcpy(&call.receiver, arguments[0], sizeof(id));

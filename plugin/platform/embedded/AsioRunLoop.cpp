@@ -71,6 +71,16 @@ struct AsioRunLoop::State {
   asio::executor_work_guard<asio::io_context::executor_type> keepsRunning = asio::make_work_guard(context);
   std::list<std::shared_ptr<DelayedCall>> delayed;
 
+  // The loop outlives its calls' timers, which end with its context.
+  void await(const std::shared_ptr<DelayedCall>& call) {
+    call->timer.async_wait([this, call](const asio::error_code& error) {
+      if (call->cancelled || error == asio::error::operation_aborted) return;
+      delayed.remove(call);
+      const Task due = std::move(call->task);
+      due();
+    });
+  }
+
   template <typename Matches>
   void cancel(const Matches& matches) {
     delayed.remove_if([&](const std::shared_ptr<DelayedCall>& call) {
@@ -95,12 +105,17 @@ void AsioRunLoop::performAfter(double seconds, const void* target, std::string_v
   call->task = std::move(task);
   m_state->delayed.push_back(call);
   call->timer.expires_after(duration(seconds));
-  call->timer.async_wait([state = m_state.get(), call](const asio::error_code&) {
-    if (call->cancelled) return;
-    state->delayed.remove(call);
-    const Task due = std::move(call->task);
-    due();
-  });
+  m_state->await(call);
+}
+
+void AsioRunLoop::hasten(double seconds) {
+  const auto sooner = duration(seconds);
+  const auto last = std::chrono::steady_clock::now() + sooner;
+  for (const std::shared_ptr<State::DelayedCall>& call : m_state->delayed) {
+    // One whose time has come already waits for its turn, and is not put off again.
+    if (call->timer.expiry() > last || call->timer.expires_at(call->timer.expiry() - sooner) == 0) continue;
+    m_state->await(call);
+  }
 }
 
 void AsioRunLoop::cancelPrevious(const void* target) {

@@ -21,6 +21,7 @@ class AsioRunLoop final : public HostRunLoop {
 
   double now() const override;
   bool runUntil(const std::function<bool()>& condition, double timeoutSeconds) override;
+  void hasten(double seconds) override;
 
  private:
   struct State;

@@ -5,9 +5,15 @@
 #include <utility>
 
 #include "platform/RunLoop.h"
-#include "util/PropertyList.h"
 
 namespace vorn {
+
+namespace {
+
+// A run over many appointments resets a value and sets it again in each of them.
+constexpr double kSecondsUnwritten = 0.2;
+
+}  // namespace
 
 EmbeddedUserDefaults::EmbeddedUserDefaults(std::string preferencesFolder, std::string domain, RunLoop* runLoop)
     : m_folder(std::move(preferencesFolder)), m_domain(std::move(domain)), m_runLoop(runLoop) {}
@@ -29,7 +35,7 @@ void EmbeddedUserDefaults::setObject(const Value& value, std::string_view key) {
   }
   const bool isWaiting = std::exchange(m_unwritten, std::move(stored)).has_value();
   if (!m_runLoop) return write();
-  if (!isWaiting) m_runLoop->performAfter(0, this, "write", [this] { write(); });
+  if (!isWaiting) m_runLoop->performAfter(kSecondsUnwritten, this, "write", [this] { write(); });
 }
 
 void EmbeddedUserDefaults::write() {
@@ -47,7 +53,7 @@ void EmbeddedUserDefaults::synchronize() {}
 
 Value EmbeddedUserDefaults::persistentDomainForName(std::string_view domain) {
   if (m_unwritten && domain == m_domain) return *m_unwritten;
-  Value stored = readPropertyList(pathOf(domain));
+  Value stored = m_domains.read(pathOf(domain));
   return stored.isDictionary() ? stored : Value();
 }
 

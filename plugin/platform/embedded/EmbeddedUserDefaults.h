@@ -4,6 +4,8 @@
 #include <string>
 
 #include "platform/UserDefaults.h"
+#include "util/ParsedFiles.h"
+#include "util/PropertyList.h"
 
 namespace vorn {
 
@@ -15,8 +17,9 @@ class RunLoop;
 class EmbeddedUserDefaults final : public UserDefaults {
  public:
   // The preferences folder is made with the first write. Without a loop, what was set is on the disk when the call
-  // returns; with one, which outlives this object, when the loop comes round, as the platform's own defaults are
-  // written behind the programs' backs: a value that is reset and set again within one turn costs no write.
+  // returns; with one, which outlives this object, a little later and at the latest when this object ends, as the
+  // platform's own defaults are written behind the programs' backs: a value that is reset and soon set again costs
+  // no write.
   EmbeddedUserDefaults(std::string preferencesFolder, std::string domain, RunLoop* runLoop = nullptr);
   ~EmbeddedUserDefaults() override;
   EmbeddedUserDefaults(const EmbeddedUserDefaults&) = delete;
@@ -35,6 +38,7 @@ class EmbeddedUserDefaults final : public UserDefaults {
   std::string m_folder;
   std::string m_domain;
   RunLoop* m_runLoop;
+  ParsedFiles m_domains{&propertyListIn};
   // The domain as it is to be on the disk; absent when it is.
   std::optional<Value> m_unwritten;
 };

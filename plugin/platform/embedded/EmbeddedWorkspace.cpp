@@ -1,15 +1,15 @@
 #include "platform/embedded/EmbeddedWorkspace.h"
 
+#include <limits.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <system_error>
 #include <utility>
-
-#include "util/PropertyList.h"
 
 extern char** environ;
 
@@ -40,9 +40,9 @@ bool isProcessFolder(const std::string& name) {
 
 // The program of a process; "" when the process is another user's, a zombie, or gone meanwhile.
 std::string programOfProcess(const fs::path& processFolder) {
-  std::error_code failed;
-  const fs::path program = fs::read_symlink(processFolder / "exe", failed);
-  return failed ? "" : program.string();
+  std::array<char, PATH_MAX> program{};
+  const ssize_t length = ::readlink((processFolder / "exe").c_str(), program.data(), program.size());
+  return length <= 0 ? "" : std::string(program.data(), static_cast<std::size_t>(length));
 }
 
 // The bundle that a program belongs to; "" for a bare program.
@@ -113,7 +113,7 @@ std::string EmbeddedWorkspace::executablePath(std::string_view bundlePath) {
 }
 
 Value EmbeddedWorkspace::propertyListAtPath(std::string_view path) {
-  Value read = readPropertyList(std::string(path));
+  Value read = m_propertyLists.read(std::string(path));
   return read.isDictionary() ? read : Value();
 }
 

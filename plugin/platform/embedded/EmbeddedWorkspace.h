@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "platform/Workspace.h"
+#include "util/ParsedFiles.h"
+#include "util/PropertyList.h"
 
 namespace vorn {
 
@@ -39,6 +41,7 @@ class EmbeddedWorkspace final : public Workspace {
   std::vector<std::string> m_applicationFolders;
   // Processes that were launched from here and have not been seen to end.
   std::vector<pid_t> m_launched;
+  ParsedFiles m_propertyLists{&propertyListIn};
   // The folder of the process that was found running last; "" before any was.
   std::string m_lastSeen;
 };
