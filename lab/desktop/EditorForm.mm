@@ -82,6 +82,20 @@ NSString* peopleText(NSArray* attendees) {
   return [m_controller editorViewController];
 }
 
+- (NSTextField*)subjectField {
+  return m_subject;
+}
+- (NSTextField*)startField {
+  return m_start;
+}
+- (NSTextField*)endField {
+  return m_end;
+}
+- (NSString*)timeText:(double)seconds {
+  NSDate* date = [NSDate dateWithTimeIntervalSince1970:seconds];
+  return [formatterOf([m_event startTime]) stringFromDate:date];
+}
+
 // -- Its parts
 - (NSTextField*)addField:(NSString*)name row:(int)row width:(double)width {
   NSView* header = m_controller->m_header;
@@ -175,7 +189,10 @@ NSString* peopleText(NSArray* attendees) {
 - (void)controlTextDidChange:(NSNotification*)notification {
   const id field = [notification object];
   if (field == m_subject) {
-    [self change:@"content.summary" to:[m_subject stringValue]];
+    // The empty text of a subject is the host's null object.
+    NSString* subject = [m_subject stringValue];
+    [self change:@"content.summary"
+              to:[subject length] > 0 ? static_cast<id>(subject) : static_cast<id>([NSNull null])];
     [self showTitle];
   } else if (field == m_start || field == m_end) {
     m_typedTime = field;

@@ -209,7 +209,9 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
   return identifiers;
 }
 - (NSArray*)toolbarAllowedItemIdentifiers:(id)toolbar {
-  return [self toolbarDefaultItemIdentifiers:toolbar];
+  NSArray* own = [self toolbarDefaultItemIdentifiers:toolbar];
+  NSString* wanted = vornlab::insertedToolbarItem();
+  return wanted ? [own arrayByAddingObject:wanted] : own;
 }
 - (NSToolbarItem*)toolbar:(NSToolbar*)toolbar
         itemForItemIdentifier:(NSString*)identifier
@@ -229,3 +231,12 @@ enum Tab : NSUInteger { kMailTab = 0, kCalendarTab = 2 };
   return item;
 }
 @end
+
+namespace vornlab {
+
+NSString*& insertedToolbarItem() {
+  static NSString* identifier = nil;
+  return identifier;
+}
+
+}  // namespace vornlab

@@ -4,6 +4,7 @@
 
 #import "lab/objc/HostClasses.h"
 #import "lab/objc/HostControls.h"
+#import "lab/objc/HostHand.h"
 
 namespace vornlab {
 
@@ -44,18 +45,6 @@ ECCalendarEvent* eventOf(std::string_view uid, std::string_view recurrenceId) {
   return found ? eventAt(found->index()) : nil;
 }
 
-OLCalendarDate* dateLike(OLCalendarDate* pattern, double seconds) {
-  return [[[OLCalendarDate alloc] initWithSeconds:seconds zone:[pattern timeZone]] autorelease];
-}
-
-// What a person types into a field of the editor; the empty text of a subject is the host's null object.
-void type(ERCalendarEventEditorViewController* editor, NSString* item, id value) {
-  if (!editor) return;
-  [editor->m_uncommitted setObject:value forKey:item];
-  [editor setIsDirty:YES];
-  editorHasChanged(editor);
-}
-
 // True when a record was stored while the act ran.
 template <typename Act>
 bool storesDuring(Act act) {
@@ -64,14 +53,16 @@ bool storesDuring(Act act) {
   return hostState().storedCount != before;
 }
 
-// Selects the appointment in the grid; nil when either is not there.
-ECCalendarEvent* select(OLCalendarGridViewWrapper* grid, std::string_view uid, std::string_view recurrenceId) {
-  ECCalendarEvent* event = grid ? eventOf(uid, recurrenceId) : nil;
-  [[grid gridViewController] setSelectedEvent:event];
-  return event;
+}  // namespace
+
+OLCalendarDate* dateLike(OLCalendarDate* pattern, double seconds) {
+  return [[[OLCalendarDate alloc] initWithSeconds:seconds zone:[pattern timeZone]] autorelease];
 }
 
-}  // namespace
+void change(ERCalendarEventEditorViewController* editor, NSString* item, id value) {
+  [editor->m_uncommitted setObject:value forKey:item];
+  [editor setIsDirty:YES];
+}
 
 ObjcHost::ObjcHost(CalendarStore& calendar, const HostOptions& options) {
   const Pool pool;
@@ -195,33 +186,26 @@ std::vector<HostFace::EditorId> ObjcHost::editors() const {
 
 void ObjcHost::typeSubject(EditorId editor, std::string_view text) {
   const Pool pool;
-  const id subject = text.empty() ? static_cast<id>([NSNull null]) : static_cast<id>(foundationText(text));
-  type(editorOf(editor), @"content.summary", subject);
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    typeAsSeen(open, EditorField::subject, foundationText(text));
 }
 
 void ObjcHost::typeLocation(EditorId editor, std::string_view text) {
   const Pool pool;
-  ERCalendarEventEditorViewController* held = editorOf(editor);
-  if (!held) return;
-  [held->m_locationField setStringValue:foundationText(text)];
-  type(held, @"content.location", foundationText(text));
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    typeAsSeen(open, EditorField::location, foundationText(text));
 }
 
 void ObjcHost::typeBody(EditorId editor, std::string_view html) {
   const Pool pool;
-  ERCalendarEventEditorViewController* held = editorOf(editor);
-  if (!held) return;
-  [held->m_wordEditor->m_content setHtml:foundationText(html)];
-  [held contentDidChange];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    typeBodyAsSeen(open, foundationText(html));
 }
 
 void ObjcHost::typeTimes(EditorId editor, double startSeconds, double endSeconds) {
   const Pool pool;
-  ERCalendarEventEditorViewController* held = editorOf(editor);
-  if (!held) return;
-  OLCalendarDate* shown = [held->m_event startTime];
-  type(held, @"content.startTime", dateLike(shown, startSeconds));
-  type(held, @"content.endTime", dateLike(shown, endSeconds));
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    typeTimesAsSeen(open, startSeconds, endSeconds);
 }
 
 vorn::HostObject ObjcHost::barView(EditorId editor) const {
@@ -244,12 +228,13 @@ bool ObjcHost::clickBar(EditorId editor, const ControlName& name) {
 
 void ObjcHost::save(EditorId editor) {
   const Pool pool;
-  [editorOf(editor) save:nil];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor)) endAsSeen(open, EndOfEditing::save);
 }
 
 void ObjcHost::saveAndClose(EditorId editor) {
   const Pool pool;
-  [editorOf(editor) saveAndClose:nil];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    endAsSeen(open, EndOfEditing::saveAndClose);
 }
 
 void ObjcHost::saveAndCloseOrTell(EditorId editor) {
@@ -259,17 +244,18 @@ void ObjcHost::saveAndCloseOrTell(EditorId editor) {
 
 void ObjcHost::send(EditorId editor) {
   const Pool pool;
-  [editorOf(editor) sendMeetingPostValidate];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor)) endAsSeen(open, EndOfEditing::send);
 }
 
 void ObjcHost::closeWithoutSaving(EditorId editor) {
   const Pool pool;
-  [controllerOf(editor) close];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    endAsSeen(open, EndOfEditing::closeWithoutSaving);
 }
 
 void ObjcHost::changeFromField(EditorId editor) {
   const Pool pool;
-  [editorOf(editor) fromFieldModified:nil];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor)) changeFromAsSeen(open);
 }
 
 bool ObjcHost::findsChangesForAttendees(EditorId editor) const {
@@ -336,45 +322,29 @@ vorn::HostObject ObjcHost::eventOnGrid(std::size_t eventIndex) const {
 
 bool ObjcHost::drag(std::string_view uid, std::string_view recurrenceId, double newStartSeconds) {
   const Pool pool;
-  OLCalendarGridViewWrapper* grid = [asMain(m_mainWindowController) grid];
-  ECCalendarEvent* event = select(grid, uid, recurrenceId);
-  if (!event) return false;
-  BOOL inProgress = YES;
-  return storesDuring([&] {
-    [grid performDragFrom:nil to:nil forDate:dateLike([event startTime], newStartSeconds) inProgress:&inProgress];
-  });
+  ECCalendarEvent* event = m_mainWindowController ? eventOf(uid, recurrenceId) : nil;
+  return event && storesDuring([&] { dragAsSeen(asMain(m_mainWindowController), event, newStartSeconds); });
 }
 
 bool ObjcHost::resize(std::string_view uid, std::string_view recurrenceId, double startSeconds,
                       double durationSeconds) {
   const Pool pool;
-  OLCalendarGridViewWrapper* grid = [asMain(m_mainWindowController) grid];
-  ECCalendarEvent* event = select(grid, uid, recurrenceId);
-  if (!event) return false;
-  BOOL inProgress = YES;
-  return storesDuring([&] {
-    [grid dragResizedEvent:event
-              withTileView:nil
-             withStartDate:dateLike([event startTime], startSeconds)
-                  duration:durationSeconds
-                inProgress:&inProgress
-              partialStart:NO
-                partialEnd:NO];
-  });
+  ECCalendarEvent* event = m_mainWindowController ? eventOf(uid, recurrenceId) : nil;
+  return event &&
+         storesDuring([&] { resizeAsSeen(asMain(m_mainWindowController), event, startSeconds, durationSeconds); });
 }
 
 bool ObjcHost::rename(std::string_view uid, std::string_view recurrenceId, std::string_view subject) {
   const Pool pool;
-  OLCalendarGridViewWrapper* grid = [asMain(m_mainWindowController) grid];
-  ECCalendarEvent* event = select(grid, uid, recurrenceId);
-  if (!event) return false;
-  return storesDuring([&] { [grid subjectChanged:foundationText(subject) forEvent:event andTileView:nil]; });
+  ECCalendarEvent* event = m_mainWindowController ? eventOf(uid, recurrenceId) : nil;
+  return event &&
+         storesDuring([&] { renameAsSeen(asMain(m_mainWindowController), event, foundationText(subject)); });
 }
 
 bool ObjcHost::deleteFromCalendar(std::string_view uid, std::string_view recurrenceId) {
   const Pool pool;
   ECCalendarEvent* event = eventOf(uid, recurrenceId);
-  [event deleteEventNow];
+  if (event) deleteAsSeen(asMain(m_mainWindowController), event);
   return event && !storedEvent(event);
 }
 

@@ -2,6 +2,7 @@
 
 #import "lab/objc/HostClasses.h"
 #import "lab/objc/HostControls.h"
+#import "lab/objc/HostHand.h"
 
 namespace vornlab {
 
@@ -30,6 +31,74 @@ bool pressAsSeen(const FoundControl& control) {
   const bool isDone = !control.entry || wasChosen();
   chooseInNextMenu(nil);
   return isDone;
+}
+
+// -- Nobody's hand: what it would lead to, done to the host itself
+
+void typeAsSeen(ERCalendarEventEditorWindowController* controller, EditorField field, NSString* text) {
+  ERCalendarEventEditorViewController* editor = [controller editorViewController];
+  if (field == EditorField::subject) {
+    // The empty text of a subject is the host's null object.
+    const id subject = [text length] == 0 ? static_cast<id>([NSNull null]) : static_cast<id>(text);
+    return change(editor, @"content.summary", subject);
+  }
+  [editor->m_locationField setStringValue:text];
+  change(editor, @"content.location", text);
+}
+
+void typeBodyAsSeen(ERCalendarEventEditorWindowController* controller, NSString* html) {
+  ERCalendarEventEditorViewController* editor = [controller editorViewController];
+  [editor->m_wordEditor->m_content setHtml:html];
+  [editor contentDidChange];
+}
+
+void typeTimesAsSeen(ERCalendarEventEditorWindowController* controller, double start, double end) {
+  ERCalendarEventEditorViewController* editor = [controller editorViewController];
+  OLCalendarDate* shown = [editor->m_event startTime];
+  change(editor, @"content.startTime", dateLike(shown, start));
+  change(editor, @"content.endTime", dateLike(shown, end));
+}
+
+void changeFromAsSeen(ERCalendarEventEditorWindowController* controller) {
+  [[controller editorViewController] fromFieldModified:nil];
+}
+
+void endAsSeen(ERCalendarEventEditorWindowController* controller, EndOfEditing end) {
+  ERCalendarEventEditorViewController* editor = [controller editorViewController];
+  switch (end) {
+    case EndOfEditing::save: return [editor save:nil];
+    case EndOfEditing::saveAndClose: return [editor saveAndClose:nil];
+    case EndOfEditing::send: return [editor sendMeetingPostValidate];
+    case EndOfEditing::closeWithoutSaving: return [controller close];
+  }
+}
+
+void dragAsSeen(ERageMainWindowController* main, ECCalendarEvent* event, double start) {
+  BOOL inProgress = YES;
+  [[[main grid] gridViewController] setSelectedEvent:event];
+  [[main grid] performDragFrom:nil to:nil forDate:dateLike([event startTime], start) inProgress:&inProgress];
+}
+
+void resizeAsSeen(ERageMainWindowController* main, ECCalendarEvent* event, double start, double seconds) {
+  BOOL inProgress = YES;
+  [[[main grid] gridViewController] setSelectedEvent:event];
+  [[main grid] dragResizedEvent:event
+                   withTileView:nil
+                  withStartDate:dateLike([event startTime], start)
+                       duration:seconds
+                     inProgress:&inProgress
+                   partialStart:NO
+                     partialEnd:NO];
+}
+
+void renameAsSeen(ERageMainWindowController* main, ECCalendarEvent* event, NSString* subject) {
+  [[[main grid] gridViewController] setSelectedEvent:event];
+  [[main grid] subjectChanged:subject forEvent:event andTileView:nil];
+}
+
+void deleteAsSeen(ERageMainWindowController* main, ECCalendarEvent* event) {
+  (void)main;
+  [event deleteEventNow];
 }
 
 }  // namespace vornlab
