@@ -40,7 +40,13 @@ void send(std::initializer_list<NSEvent*> events) {
                                              untilDate:[NSDate distantPast]
                                                 inMode:NSEventTrackingRunLoopMode
                                                dequeue:YES]) {
-    [NSApp sendEvent:event];
+    if ([event type] == NSKeyDown) {
+      // The toolkit would ask first which window has the keyboard, which a display without a window manager does
+      // not say of each.
+      [[event window] sendEvent:event];
+    } else {
+      [NSApp sendEvent:event];
+    }
   }
 }
 
