@@ -28,7 +28,7 @@ void gather(NSView* view, SeenAlert& seen) {
     // A switch stands among the texts, without a border around it.
     if ([button isBordered]) {
       seen.buttons.push_back(button);
-    } else if ([[button title] length] > 0) {
+    } else if ([[button title] length] > 0 && [button imagePosition] != NSImageOnly) {
       seen.notAgain = button;
     }
   } else if ([view isKindOfClass:[NSTextField class]]) {
