@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "lab/desktop/ClientDesk.h"
+#include "lab/host/HostScreen.h"
 #include "lab/objc/ObjcSession.h"
 
 @class NSWindow, vnClientWindow, vnMainWindowWatch;
@@ -15,6 +17,9 @@ class DesktopSession final : public ObjcSession, public ClientDesk {
  public:
   // Throws LabError when something cannot be started. The client can be told to do things wrong in any case.
   DesktopSession(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress);
+  // With somebody before the screen who is no person; null for one.
+  DesktopSession(const LabOptions& options, CalendarStore& calendar, const HostOptions& hostOptions,
+                 std::unique_ptr<HostScreen> watched);
   // Closes what is open, without saving.
   ~DesktopSession() override;
   DesktopSession(const DesktopSession&) = delete;
@@ -22,6 +27,8 @@ class DesktopSession final : public ObjcSession, public ClientDesk {
 
   // Makes the application, with the desktop's looks. Throws LabError where there is no display.
   static void beginApplication();
+
+  HostScreen& screen() override { return m_screen ? *m_screen : ObjcSession::screen(); }
 
   // Opens the editor of the appointment, or of a new one for nothing.
   void openEditor(const CalendarEvent* event);
@@ -58,6 +65,7 @@ class DesktopSession final : public ObjcSession, public ClientDesk {
   // The plug-in looks for a client that was away only when the host's main window has been closed and opened.
   void reopenMainWindow();
 
+  std::unique_ptr<HostScreen> m_screen;
   // Retained.
   vnClientWindow* m_clientWindow = nullptr;
   vnMainWindowWatch* m_watch = nullptr;

@@ -1,5 +1,6 @@
 #include "lab/desktop/DesktopSession.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <vector>
 
@@ -87,10 +88,16 @@ void DesktopSession::beginApplication() {
   [NSApp activateIgnoringOtherApps:YES];
   // The toolkit has taken the signals for itself.
   Interruption::install();
+  // The server of the pasteboards may go, which is no wish of the person's to end.
+  std::signal(SIGPIPE, SIG_IGN);
 }
 
 DesktopSession::DesktopSession(const LabOptions& options, CalendarStore& calendar, const std::string& userAddress)
-    : ObjcSession(withFaults(options), calendar, hostOf(userAddress)) {
+    : DesktopSession(options, calendar, hostOf(userAddress), nullptr) {}
+
+DesktopSession::DesktopSession(const LabOptions& options, CalendarStore& calendar, const HostOptions& hostOptions,
+                               std::unique_ptr<HostScreen> watched)
+    : ObjcSession(withFaults(options), calendar, hostOptions), m_screen(std::move(watched)) {
   const Pool pool;
   m_watch = [[vnMainWindowWatch alloc] init];
   [mainWindow() setDelegate:static_cast<id>(m_watch)];
@@ -127,7 +134,8 @@ void DesktopSession::openEditor(const CalendarEvent* event) {
 }
 
 void DesktopSession::closeEditors() {
-  for (const HostFace::EditorId editor : host().editors()) host().closeWithoutSaving(editor);
+  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
+  while (ERCalendarEventEditorWindowController* controller = [open nextObject]) [controller close];
 }
 
 bool DesktopSession::pressInBar(const std::string& action) {

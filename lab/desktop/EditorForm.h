@@ -23,6 +23,12 @@
 + (void)putInto:(ERCalendarEventEditorWindowController*)controller;
 // Nil for an editor without one.
 + (vnEditorForm*)formOf:(ERCalendarEventEditorViewController*)editor;
+// What a person types into.
+- (NSTextField*)subjectField;
+- (NSTextField*)startField;
+- (NSTextField*)endField;
+// A time as it is typed here.
+- (NSString*)timeText:(double)seconds;
 // Shows the appointment as it stands in the editor now: its body, and its fields when it has become another, as
 // the series of an occurrence. What is typed in the fields of the same one stays.
 - (void)showEvent;

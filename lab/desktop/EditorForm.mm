@@ -91,6 +91,20 @@ NSString* peopleText(NSArray* attendees) {
   return [m_controller editorViewController];
 }
 
+- (NSTextField*)subjectField {
+  return m_subject;
+}
+- (NSTextField*)startField {
+  return m_start;
+}
+- (NSTextField*)endField {
+  return m_end;
+}
+- (NSString*)timeText:(double)seconds {
+  NSDate* date = [NSDate dateWithTimeIntervalSince1970:seconds];
+  return [formatterOf([m_event startTime]) stringFromDate:date];
+}
+
 // -- Its parts
 - (NSTextField*)addField:(NSString*)name row:(int)row width:(double)width {
   NSView* header = m_controller->m_header;

@@ -1,5 +1,6 @@
 // What the desktop puts into the host's windows.
 
+#import <objc/runtime.h>
 #import "lab/desktop/CalendarPane.h"
 #import "lab/desktop/EditorForm.h"
 
@@ -69,6 +70,20 @@ void drawGlass() {
                                       pressure:1];
   [NSMenu popUpContextMenu:self withEvent:press forView:view];
   return YES;
+}
+@end
+
+// It refuses what its delegate does not offer in the palette, where others ask the delegate for the item alone.
+@implementation NSToolbar (WhatTheDelegateMakes)
+- (void)vnInsertItemWithItemIdentifier:(NSString*)identifier atIndex:(NSInteger)index {
+  vornlab::insertedToolbarItem() = identifier;
+  [self vnInsertItemWithItemIdentifier:identifier atIndex:index];
+  vornlab::insertedToolbarItem() = nil;
+}
++ (void)load {
+  method_exchangeImplementations(class_getInstanceMethod(self, @selector(insertItemWithItemIdentifier:atIndex:)),
+                                 class_getInstanceMethod(self, @selector(vnInsertItemWithItemIdentifier:
+                                                                                                atIndex:)));
 }
 @end
 #endif

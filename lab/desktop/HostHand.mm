@@ -1,6 +1,14 @@
 // A person's hand on the controls of the host, where the toolkit is the real one.
 
+#import "lab/objc/HostHand.h"
+
+#include <cmath>
+
+#import "lab/desktop/CalendarPane.h"
+#import "lab/desktop/EditorForm.h"
+#import "lab/desktop/RealHand.h"
 #import "lab/objc/HostControls.h"
+#include "lab/shell/LabError.h"
 
 namespace vornlab {
 
@@ -12,11 +20,130 @@ bool pressAsSeen(const FoundControl& control) {
     [menu performActionForItemAtIndex:[menu indexOfItem:control.entry]];
     return true;
   }
-  if (control.view) {
-    [static_cast<NSButton*>(control.view) performClick:nil];
-    return true;
-  }
+  if (control.view) return clickOn(control.view);
   return [NSApp sendAction:[control.toolbarItem action] to:[control.toolbarItem target] from:control.toolbarItem];
+}
+
+// -- In an editor
+
+namespace {
+
+vnEditorForm* formOf(ERCalendarEventEditorWindowController* controller) {
+  return [vnEditorForm formOf:[controller editorViewController]];
+}
+
+void need(bool isDone, const char* act) {
+  if (!isDone) throw LabError(std::string("by hand this cannot be done: ") + act);
+}
+
+}  // namespace
+
+void typeAsSeen(ERCalendarEventEditorWindowController* controller, EditorField field, NSString* text) {
+  NSTextField* typed = field == EditorField::subject ? [formOf(controller) subjectField]
+                                                     : [controller editorViewController]->m_locationField;
+  need(typeOver(typed, text), "to type into a field of the editor");
+}
+
+void typeBodyAsSeen(ERCalendarEventEditorWindowController* controller, NSString* html) {
+  ERCalendarEventEditorViewController* editor = [controller editorViewController];
+  editor->m_state->show(plainText(html));
+  [editor contentDidChange];
+}
+
+void typeTimesAsSeen(ERCalendarEventEditorWindowController* controller, double start, double end) {
+  vnEditorForm* form = formOf(controller);
+  NSWindow* window = [controller window];
+  const struct {
+    NSTextField* field;
+    double seconds;
+  } times[] = {{[form startField], start}, {[form endField], end}};
+  for (const auto& each : times) {
+    need(typeOver(each.field, [form timeText:each.seconds]), "to type a time");
+    pressKey(window, NSTabCharacter);
+  }
+}
+
+void changeFromAsSeen(ERCalendarEventEditorWindowController* controller) {
+  [[controller editorViewController] fromFieldModified:nil];
+}
+
+void endAsSeen(ERCalendarEventEditorWindowController* controller, EndOfEditing end) {
+  static NSString* const titles[] = {@"Save", @"Save & Close", @"Send", @"Close"};
+  NSButton* button = shownButton(formOf(controller), titles[static_cast<std::size_t>(end)]);
+  need(button && clickOn(button), "to press the button that ends the work in the editor");
+}
+
+// -- On the calendar's surface
+
+namespace {
+
+// Its place among the calendar's events; it is stored.
+std::size_t placeOf(ECCalendarEvent* event) { return event->m_appointment.stored()->index(); }
+
+// The week with the appointment in sight.
+vnWeekView* weekWith(ECCalendarEvent* event) {
+  vnWeekView* week = [shownPane() week];
+  [week showWeekOf:[[event startTime] timeIntervalSince1970]];
+  const NSRect place = [week placeOfEvent:placeOf(event)];
+  need(week && !NSIsEmptyRect(place), "to find the appointment in the week");
+  [week scrollRectToVisible:place];
+  return week;
+}
+
+// Where it is taken hold of, to be moved as a whole.
+NSRect gripOf(vnWeekView* week, ECCalendarEvent* event) {
+  const NSRect place = [week placeOfEvent:placeOf(event)];
+  return NSMakeRect(NSMinX(place) + 4, NSMinY(place) + 2, NSWidth(place) - 8, 6);
+}
+
+vnWeekView* selectInWeek(ECCalendarEvent* event) {
+  vnWeekView* week = weekWith(event);
+  need(clickOn(week, gripOf(week, event)), "to click the appointment in the week");
+  return week;
+}
+
+}  // namespace
+
+void dragAsSeen(ERageMainWindowController* main, ECCalendarEvent* event, double start) {
+  (void)main;
+  vnWeekView* week = weekWith(event);
+  const double before = [[event startTime] timeIntervalSince1970];
+  const NSSize way = [week wayFrom:before to:start];
+  need(std::isfinite(way.height), "to drag to another week, or between quarters of an hour");
+  const NSRect grip = gripOf(week, event);
+  const NSPoint from = NSMakePoint(NSMidX(grip), NSMidY(grip));
+  dragIn(week, from, NSMakePoint(from.x + way.width, from.y + way.height));
+}
+
+void resizeAsSeen(ERageMainWindowController* main, ECCalendarEvent* event, double start, double seconds) {
+  (void)main;
+  vnWeekView* week = weekWith(event);
+  const double before = [[event startTime] timeIntervalSince1970];
+  need(start == before, "to move the upper edge of an appointment in the week");
+  const NSSize way = [week wayFrom:before + [event duration] to:before + seconds];
+  need(std::isfinite(way.height) && way.width == 0, "to resize over a day, or between quarters of an hour");
+  const NSRect place = [week placeOfEvent:placeOf(event)];
+  const NSPoint from = NSMakePoint(NSMidX(place), NSMaxY(place) - 2);
+  dragIn(week, from, NSMakePoint(from.x, from.y + way.height));
+}
+
+void renameAsSeen(ERageMainWindowController* main, ECCalendarEvent* event, NSString* subject) {
+  (void)main;
+  NSWindow* window = [selectInWeek(event) window];
+  pressKey(window, NSCarriageReturnCharacter);
+  const id editor = [window firstResponder];
+  need([editor isKindOfClass:[NSTextView class]], "to name the appointment in the week");
+  [editor selectAll:nil];
+  [editor insertText:subject];
+  pressKey(window, NSCarriageReturnCharacter);
+}
+
+void deleteAsSeen(ERageMainWindowController* main, ECCalendarEvent* event) {
+  if (!main) {
+    [event deleteEventNow];
+    return;
+  }
+  pressKey([selectInWeek(event) window], NSDeleteCharacter);
 }
 
 }  // namespace vornlab

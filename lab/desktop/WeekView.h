@@ -21,6 +21,11 @@
 - (void)reload;
 // Shows the week that holds the time, in seconds since 1970.
 - (void)showWeekOf:(double)seconds;
+// Where the appointment at that place of the store stands in the week; empty where it does not.
+- (NSRect)placeOfEvent:(std::size_t)index;
+// How far the mouse moves what stands at one time so that it stands at the other. Its height is not finite where
+// the mouse cannot do it: in another week, or between quarters of an hour.
+- (NSSize)wayFrom:(double)seconds to:(double)otherSeconds;
 // The days of the week; they are those of the calendar's own time zone.
 - (NSString*)title;
 - (NSTimeZone*)zone;

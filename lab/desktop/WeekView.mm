@@ -39,6 +39,8 @@ struct Dragged {
   WeekItem now;
   bool isResized = false;
   NSPoint from;
+  // It was somewhere else meanwhile; a press that never moved it is none of the host's business.
+  bool hasMoved = false;
 };
 
 struct State {
@@ -430,6 +432,16 @@ WeekItem movedTo(WeekItem item, double start) {
   if (state.isWide) [self scrollPoint:NSMakePoint(0, 0)];
   return YES;
 }
+- (NSSize)wayFrom:(double)seconds to:(double)otherSeconds {
+  const LocalClock clock = clockOf([self zone]);
+  const double way = clock.local(otherSeconds) - clock.local(seconds);
+  const double days = std::floor(clock.local(otherSeconds) / LocalClock::kDay) -
+                      std::floor(clock.local(seconds) / LocalClock::kDay);
+  const double down = way - days * LocalClock::kDay;
+  const bool isInWeek = clock.monday(otherSeconds) == [self state].week;
+  if (!isInWeek || std::fmod(down, kStep) != 0) return NSMakeSize(0, HUGE_VAL);
+  return NSMakeSize(days * [self dayWidth], down / kHour * kHourHeight);
+}
 - (void)mouseDown:(NSEvent*)event {
   [[self window] makeFirstResponder:self];
   // What is stored may move what lies under the mouse.
@@ -469,6 +481,7 @@ WeekItem movedTo(WeekItem item, double start) {
     if (before.isAllDay) down = 0;
     dragged.now = movedTo(before, clock.seconds(clock.local(before.start) + days + down));
   }
+  dragged.hasMoved = dragged.hasMoved || dragged.now.start != before.start || dragged.now.end != before.end;
   [self arrange];
 }
 - (void)mouseUp:(NSEvent*)event {
@@ -476,7 +489,7 @@ WeekItem movedTo(WeekItem item, double start) {
   State& state = [self state];
   if (!state.dragged) return;
   const Dragged dragged = *std::exchange(state.dragged, std::nullopt);
-  if (dragged.now.start == dragged.before.start && dragged.now.end == dragged.before.end) return;
+  if (!dragged.hasMoved) return;
   BOOL inProgress = YES;
   OLCalendarDate* was = [[m_controller selectedEvent] startTime];
   OLCalendarDate* start = [[[OLCalendarDate alloc] initWithSeconds:dragged.now.start

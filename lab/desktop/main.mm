@@ -9,9 +9,12 @@
 #include "lab/desktop/CalendarFile.h"
 #import "lab/desktop/CalendarPane.h"
 #import "lab/desktop/ClientWindow.h"
+#import "lab/desktop/DesktopScreen.h"
 #include "lab/desktop/DesktopSession.h"
+#include "lab/desktop/OwnPasteboard.h"
 #import "lab/desktop/Picture.h"
 #import "lab/desktop/Questions.h"
+#include "lab/objc/PlayAlone.h"
 #include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
 #include "lab/shell/LabError.h"
@@ -33,6 +36,9 @@ struct DesktopWords {
   fs::path picture;
   // The folder for the pictures of a tour; "" for none.
   fs::path tour;
+  // Scenarios, which are played one after the other; none for the desktop itself.
+  PlayOptions play;
+  fs::path pictures = ".";
   LabOptions lab;
 };
 
@@ -111,6 +117,23 @@ void work(const DesktopWords& words) {
   shownCalendarFile() = nullptr;
 }
 
+// In the process of one scenario: what nobody types behind the word for it.
+ExitCode playOne(char** argv, const std::vector<std::string>& words) {
+  LabOptions lab;
+  lab.programs = programFolder();
+  lab.world = enterOwnWorld(argv);
+  const fs::path drawing = lab.programs / "objc/vOutlookPlugin.bundle/Contents/Frameworks/vornPluginWindows";
+  const fs::path pictures = words[2];
+  const auto start = [&](const LabOptions& asked, CalendarStore& calendar, const HostOptions& host) {
+    auto screen = std::make_unique<DesktopScreen>(drawing, pictures);
+    return std::make_unique<DesktopSession>(asked, calendar, host, std::move(screen));
+  };
+  const Pool pool;
+  DesktopSession::beginApplication();
+  useOwnPasteboards();
+  return playAlone(words[0], words[1], lab, start);
+}
+
 // A display is known by a secret that lies in the person's own home, which is another one here.
 void keepTheWayToTheDisplay() {
   const char* home = std::getenv("HOME");
@@ -118,6 +141,8 @@ void keepTheWayToTheDisplay() {
 }
 
 ExitCode run(int argc, char** argv) {
+  constexpr int wordsOfOne = 5;
+  if (argc == wordsOfOne && std::string(argv[1]) == kPlayAlone) return playOne(argv, {argv + 2, argv + argc});
   DesktopWords words;
   words.lab.programs = programFolder();
   words.lab.panelIsOff = false;
@@ -129,12 +154,20 @@ ExitCode run(int argc, char** argv) {
   program.add_option("--account", words.lab.account, "who is signed in at the client")
       ->check(complaintOfFile, "FILE");
   program.add_option("--client-version", words.lab.clientVersion, "the version that the client shows");
+  program.add_option("--play", words.play.files, "play scenarios with the mouse and by keys; docs/scenarios.md")
+      ->check(complaintOfFile, "FILE");
+  program.add_option("--pictures", words.pictures, "with --play: the folder for their pictures");
+  addJsonFlag(program, words.play.form, "with --play: one JSON object a line");
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return program.exit(error) == 0 ? ExitCode::done : ExitCode::badUsage;
   }
   keepTheWayToTheDisplay();
+  if (!words.play.files.empty()) {
+    fs::create_directories(words.pictures);
+    return playScenarios(words.play, playInProcesses({fs::absolute(words.pictures).string()}));
+  }
   words.lab.world = enterOwnWorld(argv);
   try {
     const Pool pool;

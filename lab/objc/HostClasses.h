@@ -289,6 +289,9 @@ std::string plainText(NSString* text);
 HostState& hostState();
 // The calendar that the host shows.
 inline CalendarStore* shownStore() { return hostState().store; }
+// What is just being put into the toolbar, for a toolkit that asks whether the host allows it; nil for nothing.
+// What can be made of it the host is asked as ever.
+NSString*& insertedToolbarItem();
 // What a face puts into the host's windows. The view for the calendar is the caller's; the controller's header and
 // body are there, and its editor has the fields that it reads and writes.
 NSView* newCalendarView(CCGridViewController* controller);

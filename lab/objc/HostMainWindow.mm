@@ -204,7 +204,9 @@ using vornlab::HostState;
   return identifiers;
 }
 - (NSArray*)toolbarAllowedItemIdentifiers:(id)toolbar {
-  return [self toolbarDefaultItemIdentifiers:toolbar];
+  NSArray* own = [self toolbarDefaultItemIdentifiers:toolbar];
+  NSString* wanted = vornlab::insertedToolbarItem();
+  return wanted ? [own arrayByAddingObject:wanted] : own;
 }
 - (NSToolbarItem*)toolbar:(NSToolbar*)toolbar
         itemForItemIdentifier:(NSString*)identifier
@@ -224,3 +226,12 @@ using vornlab::HostState;
   return item;
 }
 @end
+
+namespace vornlab {
+
+NSString*& insertedToolbarItem() {
+  static NSString* identifier = nil;
+  return identifier;
+}
+
+}  // namespace vornlab

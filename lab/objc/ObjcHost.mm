@@ -4,6 +4,7 @@
 
 #import "lab/objc/HostClasses.h"
 #import "lab/objc/HostControls.h"
+#import "lab/objc/HostHand.h"
 
 namespace vornlab {
 
@@ -37,14 +38,8 @@ ECCalendarEvent* eventOf(const std::optional<Appointment>& shown) {
   return shown ? [ECCalendarEvent eventOf:*shown] : nil;
 }
 
-OLCalendarDate* dateLike(ECCalendarEvent* event, double seconds) {
-  return [OLCalendarDate dateWithTime:event->m_appointment.timeLikeStart(seconds)];
-}
-
-// What a person has typed into a field of the editor is something to save.
-void hasTyped(ERCalendarEventEditorViewController* editor) {
-  [editor setIsDirty:YES];
-  editorHasChanged(editor);
+ECCalendarEvent* eventOf(std::string_view uid, std::string_view recurrenceId) {
+  return eventOf(Appointment::find(hostState(), uid, recurrenceId));
 }
 
 // True when a record was stored while the act ran.
@@ -53,13 +48,6 @@ bool storesDuring(Act act) {
   const int before = hostState().storedCount;
   act();
   return hostState().storedCount != before;
-}
-
-// Selects the appointment in the grid; nil when either is not there.
-ECCalendarEvent* select(OLCalendarGridViewWrapper* grid, std::string_view uid, std::string_view recurrenceId) {
-  ECCalendarEvent* event = grid ? eventOf(Appointment::find(hostState(), uid, recurrenceId)) : nil;
-  [[grid gridViewController] setSelectedEvent:event];
-  return event;
 }
 
 }  // namespace
@@ -165,7 +153,7 @@ HostFace::EditorId ObjcHost::openEditorAt(std::size_t eventIndex) {
 
 HostFace::EditorId ObjcHost::openCancellation(std::string_view uid, std::string_view recurrenceId) {
   const Pool pool;
-  ECCalendarEvent* event = eventOf(Appointment::find(hostState(), uid, recurrenceId));
+  ECCalendarEvent* event = eventOf(uid, recurrenceId);
   return numberOf([ERCalendarEventEditorWindowController showCancellationWindowForMeeting:event]);
 }
 
@@ -186,37 +174,26 @@ std::vector<HostFace::EditorId> ObjcHost::editors() const {
 
 void ObjcHost::typeSubject(EditorId editor, std::string_view text) {
   const Pool pool;
-  ERCalendarEventEditorViewController* held = editorOf(editor);
-  if (!held) return;
-  held->m_state->typed.summary = text;
-  hasTyped(held);
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    typeAsSeen(open, EditorField::subject, foundationText(text));
 }
 
 void ObjcHost::typeLocation(EditorId editor, std::string_view text) {
   const Pool pool;
-  ERCalendarEventEditorViewController* held = editorOf(editor);
-  if (!held) return;
-  [held->m_locationField setStringValue:foundationText(text)];
-  held->m_state->typed.location = text;
-  hasTyped(held);
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    typeAsSeen(open, EditorField::location, foundationText(text));
 }
 
 void ObjcHost::typeBody(EditorId editor, std::string_view html) {
   const Pool pool;
-  ERCalendarEventEditorViewController* held = editorOf(editor);
-  if (!held) return;
-  held->m_state->show(std::string(html));
-  [held contentDidChange];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    typeBodyAsSeen(open, foundationText(html));
 }
 
 void ObjcHost::typeTimes(EditorId editor, double startSeconds, double endSeconds) {
   const Pool pool;
-  ERCalendarEventEditorViewController* held = editorOf(editor);
-  if (!held) return;
-  const Appointment& shown = held->m_event->m_appointment;
-  held->m_state->typed.start = shown.timeLikeStart(startSeconds);
-  held->m_state->typed.end = shown.timeLikeStart(endSeconds);
-  hasTyped(held);
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    typeTimesAsSeen(open, startSeconds, endSeconds);
 }
 
 vorn::HostObject ObjcHost::barView(EditorId editor) const {
@@ -239,12 +216,13 @@ bool ObjcHost::clickBar(EditorId editor, const ControlName& name) {
 
 void ObjcHost::save(EditorId editor) {
   const Pool pool;
-  [editorOf(editor) save:nil];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor)) endAsSeen(open, EndOfEditing::save);
 }
 
 void ObjcHost::saveAndClose(EditorId editor) {
   const Pool pool;
-  [editorOf(editor) saveAndClose:nil];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    endAsSeen(open, EndOfEditing::saveAndClose);
 }
 
 void ObjcHost::saveAndCloseOrTell(EditorId editor) {
@@ -254,17 +232,18 @@ void ObjcHost::saveAndCloseOrTell(EditorId editor) {
 
 void ObjcHost::send(EditorId editor) {
   const Pool pool;
-  [editorOf(editor) sendMeetingPostValidate];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor)) endAsSeen(open, EndOfEditing::send);
 }
 
 void ObjcHost::closeWithoutSaving(EditorId editor) {
   const Pool pool;
-  [controllerOf(editor) close];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
+    endAsSeen(open, EndOfEditing::closeWithoutSaving);
 }
 
 void ObjcHost::changeFromField(EditorId editor) {
   const Pool pool;
-  [editorOf(editor) fromFieldModified:nil];
+  if (ERCalendarEventEditorWindowController* open = controllerOf(editor)) changeFromAsSeen(open);
 }
 
 bool ObjcHost::findsChangesForAttendees(EditorId editor) const {
@@ -330,50 +309,35 @@ vorn::HostObject ObjcHost::eventOnGrid(std::size_t eventIndex) const {
 
 bool ObjcHost::drag(std::string_view uid, std::string_view recurrenceId, double newStartSeconds) {
   const Pool pool;
-  OLCalendarGridViewWrapper* grid = [asMain(m_mainWindowController) grid];
-  ECCalendarEvent* event = select(grid, uid, recurrenceId);
-  if (!event) return false;
-  BOOL inProgress = YES;
-  return storesDuring(
-      [&] { [grid performDragFrom:nil to:nil forDate:dateLike(event, newStartSeconds) inProgress:&inProgress]; });
+  ECCalendarEvent* event = m_mainWindowController ? eventOf(uid, recurrenceId) : nil;
+  return event && storesDuring([&] { dragAsSeen(asMain(m_mainWindowController), event, newStartSeconds); });
 }
 
 bool ObjcHost::resize(std::string_view uid, std::string_view recurrenceId, double startSeconds,
                       double durationSeconds) {
   const Pool pool;
-  OLCalendarGridViewWrapper* grid = [asMain(m_mainWindowController) grid];
-  ECCalendarEvent* event = select(grid, uid, recurrenceId);
-  if (!event) return false;
-  BOOL inProgress = YES;
-  return storesDuring([&] {
-    [grid dragResizedEvent:event
-              withTileView:nil
-             withStartDate:dateLike(event, startSeconds)
-                  duration:durationSeconds
-                inProgress:&inProgress
-              partialStart:NO
-                partialEnd:NO];
-  });
+  ECCalendarEvent* event = m_mainWindowController ? eventOf(uid, recurrenceId) : nil;
+  return event &&
+         storesDuring([&] { resizeAsSeen(asMain(m_mainWindowController), event, startSeconds, durationSeconds); });
 }
 
 bool ObjcHost::rename(std::string_view uid, std::string_view recurrenceId, std::string_view subject) {
   const Pool pool;
-  OLCalendarGridViewWrapper* grid = [asMain(m_mainWindowController) grid];
-  ECCalendarEvent* event = select(grid, uid, recurrenceId);
-  if (!event) return false;
-  return storesDuring([&] { [grid subjectChanged:foundationText(subject) forEvent:event andTileView:nil]; });
+  ECCalendarEvent* event = m_mainWindowController ? eventOf(uid, recurrenceId) : nil;
+  return event &&
+         storesDuring([&] { renameAsSeen(asMain(m_mainWindowController), event, foundationText(subject)); });
 }
 
 bool ObjcHost::deleteFromCalendar(std::string_view uid, std::string_view recurrenceId) {
   const Pool pool;
-  ECCalendarEvent* event = eventOf(Appointment::find(hostState(), uid, recurrenceId));
-  [event deleteEventNow];
+  ECCalendarEvent* event = eventOf(uid, recurrenceId);
+  if (event) deleteAsSeen(asMain(m_mainWindowController), event);
   return event && !event->m_appointment.recordExists();
 }
 
 bool ObjcHost::cancelMeeting(std::string_view uid, std::string_view recurrenceId) {
   const Pool pool;
-  ECCalendarEvent* event = eventOf(Appointment::find(hostState(), uid, recurrenceId));
+  ECCalendarEvent* event = eventOf(uid, recurrenceId);
   [event cancelMeetingInWindow:[asMain(m_mainWindowController) window]];
   return event && !event->m_appointment.recordExists();
 }

@@ -5,14 +5,12 @@
 #include <vector>
 
 #include "lab/objc/OwnWorld.h"
+#include "lab/objc/PlayAlone.h"
 #include "lab/objc/standins/HeadlessSession.h"
 #include "lab/shell/HooksCommand.h"
 #include "lab/shell/HostRuntime.h"
 #include "lab/shell/InspectCommand.h"
 #include "lab/shell/MeetCommand.h"
-#include "lab/shell/PlayCommand.h"
-#include "lab/shell/TemporaryFolder.h"
-#include "lab/shell/scenario/ResultFile.h"
 #include "lab/words/OptionChecks.h"
 
 namespace {
@@ -20,33 +18,11 @@ namespace {
 namespace fs = std::filesystem;
 using namespace vornlab;
 
-constexpr auto kAlone = "play-alone";
-
-// The one word that nobody types: plays a scenario in the world of this process and writes down how it went.
 struct AloneOptions {
   std::string scenario;
   fs::path result;
   LabOptions lab;
 };
-
-ExitCode playAlone(const AloneOptions& options) {
-  const ScenarioResult result = play(scenarioFromFile(options.scenario), options.lab, HeadlessSession::start);
-  if (!writeResult(options.result, result)) throw LabError("its result cannot be written");
-  return ExitCode::done;
-}
-
-// A process has one host, so each scenario has a process.
-ScenarioResult playInProcess(const Scenario& scenario, const LabOptions& /*lab*/) {
-  const TemporaryFolder folder;
-  const fs::path result = folder.path() / "result";
-  const std::string end = runInWorld(folder.path() / "w", {kAlone, scenario.file, result.string()});
-  if (auto played = readResult(result)) return *played;
-  ScenarioResult broken;
-  broken.file = scenario.file;
-  broken.name = scenario.name();
-  broken.failure = {0, "the host", "it plays the scenario to its end", end.empty() ? "it told no result" : end};
-  return broken;
-}
 
 void addClientOptions(CLI::App& command, LabOptions& lab) {
   command.add_option("--account", lab.account, "who is signed in at the client")->check(complaintOfFile, "FILE");
@@ -93,14 +69,18 @@ ExitCode run(int argc, char** argv) {
   const CLI::App* hooksCommand = addHooksWords(program, hooksOptions);
   const CLI::App* playCommand = addPlayWords(program, playOptions);
   addInspectWords(program, inspectOptions);
-  CLI::App* aloneCommand = program.add_subcommand(kAlone, "")->group("");
+  CLI::App* aloneCommand = program.add_subcommand(kPlayAlone, "")->group("");
   aloneCommand->add_option("FILE", aloneOptions.scenario)->required();
   aloneCommand->add_option("RESULT", aloneOptions.result)->required();
   const auto end = readWords(program, words, " with --runtime objc");
   if (end) return *end;
-  if (playCommand->parsed()) return playScenarios(playOptions, playInProcess);
+  if (playCommand->parsed()) return playScenarios(playOptions, playInProcesses());
   const StartSession start = HeadlessSession::start;
-  if (aloneCommand->parsed()) return inOwnWorld(argv, aloneOptions.lab, [&] { return playAlone(aloneOptions); });
+  if (aloneCommand->parsed()) {
+    return inOwnWorld(argv, aloneOptions.lab, [&] {
+      return playAlone(aloneOptions.scenario, aloneOptions.result.string(), aloneOptions.lab, start);
+    });
+  }
   if (meetCommand->parsed()) return inOwnWorld(argv, meetOptions.lab, [&] { return meet(meetOptions, start); });
   if (hooksCommand->parsed())
     return inOwnWorld(argv, hooksOptions.lab, [&] { return hooks(hooksOptions, start); });

@@ -3,13 +3,13 @@
 #include <string>
 #include <vector>
 
-#include "lab/host/HostScreen.h"
+#include "lab/host/RecordedScreen.h"
 #include "platform/embedded/EmbeddedPresenter.h"
 
 namespace vornlab {
 
 // The screen of a host whose presenter has none: what was shown is remembered there. The presenter outlives this.
-class EmbeddedScreen final : public HostScreen {
+class EmbeddedScreen final : public RecordedScreen {
  public:
   explicit EmbeddedScreen(vorn::EmbeddedPresenter& presenter) : m_presenter(presenter) {}
 

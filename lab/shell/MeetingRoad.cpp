@@ -136,10 +136,12 @@ std::string MeetingRoad::removeMeeting(EditorId editor) {
 }
 
 std::string MeetingRoad::panelsWord(EditorId editor) {
-  const vorn::ControlSet* panel = m_session.screen().panels().on(m_session.host().window(editor));
-  if (!panel) return "";
+  const HostScreen& screen = m_session.screen();
+  const vorn::HostObject window = m_session.host().window(editor);
+  if (!screen.showsPanel(window)) return "";
   for (const char* error : {"pswFormatErrorTextField", "securityErrorTextField", "templateDeletedTipTextField"}) {
-    if (panel->isOnScreen(error)) return "says: " + panel->find(error)->text;
+    const auto seen = screen.look(window, error);
+    if (seen && !seen->hidden) return "says: " + seen->text;
   }
   return "waits for other settings";
 }

@@ -114,7 +114,7 @@ class PanelRun {
     if (event && lab.clientDatabase.empty()) lab.clientDatabase = defaultDatabase();
     if (!std::filesystem::exists(lab.clientDatabase)) lab.clientDatabase = ":memory:";
     Session session(lab, calendar, {});
-    PanelWindow panel(session, event, lab.timeoutSeconds);
+    PanelWindow panel(session, session.presenter().panels(), event, lab.timeoutSeconds);
     if (m_options.words) {
       printWords(panel, m_options.form);
       return ExitCode::done;

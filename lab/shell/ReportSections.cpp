@@ -163,7 +163,7 @@ ReportSection ReportSections::appointments(CalendarStore& calendar) {
 ReportSection ReportSections::panel(const std::optional<CalendarEvent>& event, double timeoutSeconds) {
   ReportSection section{"panel", "the settings panel as its user sees it, with why something is locked", {}, {}};
   try {
-    const PanelWindow panel(m_session, event, timeoutSeconds);
+    const PanelWindow panel(m_session, m_session.presenter().panels(), event, timeoutSeconds);
     section.lines = panelInWords(panel.title(), panel.layout(), panel.controls(), true);
     section.json = coveredJson(panelAsJson(panel.title(), panel.layout(), panel.controls()));
   } catch (const UsageError&) {

@@ -14,6 +14,7 @@
 #import "lab/desktop/CalendarPane.h"
 #include "lab/desktop/DesktopSession.h"
 #include "lab/desktop/JournalTail.h"
+#include "lab/desktop/OwnPasteboard.h"
 #include "lab/desktop/WeekPlan.h"
 #import "tests/desktop/ButtonIn.h"
 
@@ -98,6 +99,7 @@ DesktopSession& session() {
   std::unique_ptr<DesktopSession>& running = runningSession();
   if (running) return *running;
   DesktopSession::beginApplication();
+  useOwnPasteboards();
   LabOptions options;
   options.programs = VORNLAB_PROGRAMS;
   options.world = worldFolder();

@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "lab/host/HostScreen.h"
+#include "lab/host/RecordedScreen.h"
 #include "lab/objc/ObjcSession.h"
 
 namespace vornlab {
 
 // The session of a host without windows: the toolkit is the one of the stand-ins, which remember what was shown.
-class HeadlessSession final : public ObjcSession, private HostScreen {
+class HeadlessSession final : public ObjcSession, private RecordedScreen {
  public:
   using ObjcSession::ObjcSession;
 

@@ -16,8 +16,10 @@ constexpr const char* kAddMeeting = "onClickAddVornMeeting:";
 
 }  // namespace
 
-PanelWindow::PanelWindow(LabSession& session, const std::optional<CalendarEvent>& event, double timeoutSeconds)
+PanelWindow::PanelWindow(LabSession& session, const vorn::PanelRecord& panels,
+                         const std::optional<CalendarEvent>& event, double timeoutSeconds)
     : m_session(session),
+      m_panels(panels),
       m_timeoutSeconds(timeoutSeconds),
       m_sentBefore(session.trace().sent()),
       m_receivedBefore(session.trace().received()) {
@@ -28,7 +30,7 @@ PanelWindow::PanelWindow(LabSession& session, const std::optional<CalendarEvent>
   settle();
   std::string trouble = clickButton();
   if (trouble.empty()) settle();
-  if (panels().on(host.window(m_editor))) return;
+  if (m_panels.on(host.window(m_editor))) return;
   if (!session.trace().alert().empty()) {
     trouble = session.trace().alert();
   } else if (!session.trace().refusal().empty()) {
@@ -55,12 +57,12 @@ void PanelWindow::settle() {
   throw LabError("the client did not answer within " + secondsInWords(m_timeoutSeconds));
 }
 
-std::string PanelWindow::title() const { return panels().title(m_session.host().window(m_editor)); }
+std::string PanelWindow::title() const { return m_panels.title(m_session.host().window(m_editor)); }
 
-vorn::PanelLayout PanelWindow::layout() const { return panels().layout(m_session.host().window(m_editor)); }
+vorn::PanelLayout PanelWindow::layout() const { return m_panels.layout(m_session.host().window(m_editor)); }
 
 const vorn::ControlSet& PanelWindow::controls() const {
-  const vorn::ControlSet* controls = panels().on(m_session.host().window(m_editor));
+  const vorn::ControlSet* controls = m_panels.on(m_session.host().window(m_editor));
   if (!controls) throw LabError("the panel has closed");
   return *controls;
 }
@@ -68,7 +70,7 @@ const vorn::ControlSet& PanelWindow::controls() const {
 PanelWindow::Use PanelWindow::use(const std::string& key, const std::function<void(vorn::Control&)>& change) {
   m_sentBefore = m_session.trace().sent();
   m_receivedBefore = m_session.trace().received();
-  const Use result = panels().use(m_session.host().window(m_editor), key, change);
+  const Use result = m_panels.use(m_session.host().window(m_editor), key, change);
   settle();
   return result;
 }

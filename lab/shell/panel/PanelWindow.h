@@ -7,6 +7,7 @@
 #include "lab/ics/CalendarStore.h"
 #include "lab/shell/LabSession.h"
 #include "platform/controls/PanelLayout.h"
+#include "platform/embedded/PanelRecord.h"
 
 namespace vornlab {
 
@@ -16,8 +17,10 @@ class PanelWindow {
  public:
   using Use = vorn::PanelRecord::Use;
 
-  // Of a new appointment when the event is absent. Throws LabError when no panel opens, with the plug-in's words.
-  PanelWindow(LabSession& session, const std::optional<CalendarEvent>& event, double timeoutSeconds);
+  // Among those panels, which are the session's. Of a new appointment when the event is absent. Throws LabError
+  // when no panel opens, with the plug-in's words.
+  PanelWindow(LabSession& session, const vorn::PanelRecord& panels, const std::optional<CalendarEvent>& event,
+              double timeoutSeconds);
 
   std::string title() const;
   vorn::PanelLayout layout() const;
@@ -36,11 +39,11 @@ class PanelWindow {
   Settings settings() const;
 
  private:
-  const vorn::PanelRecord& panels() const { return m_session.screen().panels(); }
   std::string clickButton() const;
   void settle();
 
   LabSession& m_session;
+  const vorn::PanelRecord& m_panels;
   double m_timeoutSeconds;
   HostFace::EditorId m_editor = 0;
   std::size_t m_sentBefore = 0;

@@ -46,7 +46,7 @@ StageStep bar(LineReader& line) {
 StageStep settings(LineReader& line) {
   if (line.take("panel")) {
     return [wanted = oneOf(line, {"open", "closed"})](Stage& stage) {
-      const bool isOpen = stage.session().screen().panels().on(stage.host().window(stage.editor())) != nullptr;
+      const bool isOpen = stage.session().screen().showsPanel(stage.host().window(stage.editor()));
       expectEqual("settings panel", wanted, isOpen ? "open" : "closed");
     };
   }

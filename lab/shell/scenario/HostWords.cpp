@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <utility>
 
 #include "lab/shell/scenario/ControlWords.h"
@@ -322,6 +324,18 @@ StageStep answer(LineReader& line) {
   };
 }
 
+// For those who look; nothing where nobody does.
+StageStep picture(LineReader& line) {
+  const std::string name = line.text("the name of a picture");
+  const auto isPlain = [](char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '-' || c == '_';
+  };
+  if (name.empty() || !std::all_of(name.begin(), name.end(), isPlain)) {
+    line.refuse("a picture is named by letters, digits, - and _");
+  }
+  return [name](Stage& stage) { stage.session().screen().takePicture(name); };
+}
+
 StageStep wait(LineReader& line) {
   if (line.atEnd()) return [](Stage&) {};
   return [seconds = line.seconds()](Stage& stage) { stage.wait(seconds); };
@@ -350,6 +364,7 @@ constexpr std::array kHostWords = {
     StageWord{"record", "record removed|moved|text TEXT", record},
     StageWord{"answer", "answer yes|no [not again]", answer},
     StageWord{"reopen", "reopen main window [on mail|calendar]", reopen},
+    StageWord{"picture", "picture NAME", picture},
     StageWord{"wait", "wait [N s]", wait},
 };
 

@@ -2,38 +2,36 @@
 
 #include <algorithm>
 #include <charconv>
-#include <functional>
 #include <utility>
 
-#include "platform/controls/FieldKeys.h"
 #include "util/Utf16.h"
 
 namespace vornlab {
 namespace {
 
 using vorn::Control;
-using vorn::PanelRecord;
+using Kind = PanelDeed::Kind;
 
 const char* inWords(bool value) { return value ? "yes" : "no"; }
 
-const PanelRecord& panels(Stage& stage) { return stage.session().screen().panels(); }
+HostScreen& screen(Stage& stage) { return stage.session().screen(); }
 
 vorn::HostObject windowOf(Stage& stage) { return stage.host().window(stage.editor()); }
 
-const Control& controlOf(Stage& stage, const std::string& key) {
-  const vorn::ControlSet* controls = panels(stage).on(windowOf(stage));
-  if (!controls) throw Mismatch("an open settings panel", "none");
-  const Control* control = controls->find(key);
+Control controlOf(Stage& stage, const std::string& key) {
+  const vorn::HostObject window = windowOf(stage);
+  if (!screen(stage).showsPanel(window)) throw Mismatch("an open settings panel", "none");
+  const auto control = screen(stage).look(window, key);
   if (!control) throw Mismatch("a control " + key, "none in the panel");
   return *control;
 }
 
-void use(Stage& stage, const std::string& key, const std::function<void(Control&)>& change) {
-  controlOf(stage, std::string(vorn::fieldOf(key)));
-  const PanelRecord::Use result = panels(stage).use(windowOf(stage), key, change);
-  if (result == PanelRecord::Use::hidden) throw Mismatch(key + " can be used", "it is hidden");
-  if (result == PanelRecord::Use::disabled) throw Mismatch(key + " can be used", "it is disabled");
-  if (result == PanelRecord::Use::refused) throw Mismatch(key + " takes it", "it refuses it");
+void use(Stage& stage, const std::string& key, const PanelDeed& deed) {
+  controlOf(stage, key);
+  const vorn::ControlUse result = screen(stage).use(windowOf(stage), key, deed);
+  if (result == vorn::ControlUse::hidden) throw Mismatch(key + " can be used", "it is hidden");
+  if (result == vorn::ControlUse::disabled) throw Mismatch(key + " can be used", "it is disabled");
+  if (result == vorn::ControlUse::refused) throw Mismatch(key + " takes it", "it refuses it");
 }
 
 std::string chosenOf(const Control& control) {
@@ -72,7 +70,7 @@ std::optional<PanelProperty> PanelProperty::read(std::string_view text) {
 }
 
 std::string PanelProperty::value(Stage& stage) const {
-  const Control& seen = controlOf(stage, control);
+  const Control seen = controlOf(stage, control);
   if (property == "hidden") return inWords(seen.hidden);
   if (property == "enabled") return inWords(seen.enabled);
   if (property == "on") return inWords(seen.on);
@@ -86,32 +84,33 @@ std::string PanelProperty::value(Stage& stage) const {
 }
 
 void PanelProperty::set(Stage& stage, const std::string& value) const {
+  PanelDeed deed;
   if (property == "on") {
     if (value != "yes" && value != "no") throw Mismatch(control + ".on is yes or no", value);
-    const Control& now = controlOf(stage, control);
+    const Control now = controlOf(stage, control);
     if (value == "no" && now.kind == Control::Kind::radioButton) {
       throw Mismatch("another choice of the group, for nobody takes one back", control + ".on no");
     }
     // Whoever wants it as it is presses nothing, yet it has to be there.
-    const bool isSo =
-        now.on == (value == "yes") && now.enabled && panels(stage).on(windowOf(stage))->isOnScreen(control);
-    if (!isSo) use(stage, control, [&](Control& changed) { changed.on = value == "yes"; });
+    if (now.on == (value == "yes") && now.enabled && !now.hidden) return;
+    deed = {.kind = Kind::turn, .on = value == "yes"};
   } else if (property == "text") {
-    use(stage, control, [&](Control& changed) { changed.text = value; });
+    deed = {.kind = Kind::write, .text = value};
   } else if (property == "index" || property == "chosen") {
     const auto item = itemOf(controlOf(stage, control), property, value);
     if (!item) throw Mismatch("an item " + value + " of " + control, "none");
-    use(stage, control, [&](Control& changed) { changed.index = *item; });
+    deed = {.kind = Kind::choose, .index = *item};
   } else {
     throw Mismatch("a property that a person can change", property);
   }
+  use(stage, control, deed);
 }
 
 namespace {
 
-void useTokens(Stage& stage, const std::string& control, const std::function<void(vorn::TokenText&)>& edit) {
+void useTokens(Stage& stage, const std::string& control, const PanelDeed& deed) {
   if (controlOf(stage, control).kind != Control::Kind::tokenField) throw Mismatch("a field of tokens", control);
-  use(stage, control, [&](Control& changed) { edit(changed.tokens); });
+  use(stage, control, deed);
 }
 
 }  // namespace
@@ -119,31 +118,26 @@ void useTokens(Stage& stage, const std::string& control, const std::function<voi
 void typeInPanel(Stage& stage, const std::string& control, const std::string& text) {
   for (std::size_t at = 0; at < text.size();) {
     const std::string character = text.substr(at, vorn::utf8SequenceLength(text, at));
-    useTokens(stage, control, [&](vorn::TokenText& tokens) { tokens.type(character); });
+    useTokens(stage, control, {.kind = Kind::type, .text = character});
     at += character.size();
   }
 }
 
 void pasteInPanel(Stage& stage, const std::string& control, const std::string& text) {
-  useTokens(stage, control, [&](vorn::TokenText& tokens) { tokens.paste(text); });
+  useTokens(stage, control, {.kind = Kind::paste, .text = text});
 }
 
 namespace {
 
-// A key as a field of tokens has it, and the command that any other field hears.
 struct PanelKey {
   std::string_view word;
   vorn::TokenText::Key key;
-  std::string_view command{};
 };
-constexpr PanelKey kKeys[] = {{"up", vorn::TokenText::Key::up, vorn::field_key::kUp},
-                              {"down", vorn::TokenText::Key::down, vorn::field_key::kDown},
-                              {"left", vorn::TokenText::Key::left},
-                              {"right", vorn::TokenText::Key::right},
-                              {"return", vorn::TokenText::Key::newLine, vorn::field_key::kReturn},
-                              {"tab", vorn::TokenText::Key::tab},
-                              {"escape", vorn::TokenText::Key::escape, vorn::field_key::kEscape},
-                              {"delete", vorn::TokenText::Key::deleteBackward}};
+constexpr PanelKey kKeys[] = {
+    {"up", vorn::TokenText::Key::up},          {"down", vorn::TokenText::Key::down},
+    {"left", vorn::TokenText::Key::left},      {"right", vorn::TokenText::Key::right},
+    {"return", vorn::TokenText::Key::newLine}, {"tab", vorn::TokenText::Key::tab},
+    {"escape", vorn::TokenText::Key::escape},  {"delete", vorn::TokenText::Key::deleteBackward}};
 
 const PanelKey* findKey(std::string_view word) {
   const auto* const found =
@@ -156,20 +150,13 @@ const PanelKey* findKey(std::string_view word) {
 bool isPanelKey(std::string_view word) { return findKey(word) != nullptr; }
 
 void pressInPanel(Stage& stage, const std::string& control, const std::string& word) {
-  const PanelKey& pressed = *findKey(word);
-  if (controlOf(stage, control).kind == Control::Kind::tokenField) {
-    useTokens(stage, control, [&](vorn::TokenText& tokens) { tokens.press(pressed.key); });
-  } else if (pressed.command.empty()) {
-    throw Mismatch("a key that means something in " + control, word);
-  } else {
-    use(stage, control + ":" + std::string(pressed.command), nullptr);
-  }
+  use(stage, control, {.kind = Kind::press, .key = findKey(word)->key});
 }
 
-void clickInPanel(Stage& stage, const std::string& control) { use(stage, control, nullptr); }
+void clickInPanel(Stage& stage, const std::string& control) { use(stage, control, {}); }
 
 void scrollInPanel(Stage& stage) {
-  if (panels(stage).scroll(windowOf(stage)) == PanelRecord::Use::noPanel) {
+  if (screen(stage).scroll(windowOf(stage)) == vorn::ControlUse::noPanel) {
     throw Mismatch("an open settings panel", "none");
   }
 }

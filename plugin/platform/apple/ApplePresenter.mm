@@ -68,6 +68,11 @@ std::string messageWithLink(const Presenter::Alert& alert) {
   return alert.message + "\n" + alert.link->text + ": " + alert.link->address;
 }
 
+// Not every toolkit's alert can have one; the question comes all the same then.
+bool canHaveSwitch(id made, const Presenter::Alert& alert) {
+  return !alert.notAgainSwitch.empty() && [made respondsToSelector:@selector(setShowsSuppressionButton:)];
+}
+
 id<vnHostAlert> makeAlert(const Presenter::Alert& alert, const std::string& resources) {
   id<vnHostAlert> made = [[[NSClassFromString(@"NSAlert") alloc] init] autorelease];
   [made setMessageText:foundationText(alert.title)];
@@ -78,7 +83,7 @@ id<vnHostAlert> makeAlert(const Presenter::Alert& alert, const std::string& reso
     const id image = [[unready initWithContentsOfFile:foundationText(resources + "/" + alert.icon)] autorelease];
     if (image) [made setIcon:image];
   }
-  if (!alert.notAgainSwitch.empty()) {
+  if (canHaveSwitch(made, alert)) {
     [made setShowsSuppressionButton:YES];
     [[made suppressionButton] setTitle:foundationText(alert.notAgainSwitch)];
   }
@@ -90,7 +95,7 @@ Presenter::Answer answerOf(id<vnHostAlert> shown, NSInteger code, const Presente
   const auto count = static_cast<NSInteger>(alert.buttons.size());
   NSInteger button = code - kFirstButton;
   if (button < 0 || button >= count) button = count > 0 ? count - 1 : 0;
-  const bool notAgain = !alert.notAgainSwitch.empty() && [[shown suppressionButton] state] == kSwitchedOn;
+  const bool notAgain = canHaveSwitch(shown, alert) && [[shown suppressionButton] state] == kSwitchedOn;
   return {static_cast<std::size_t>(button), notAgain};
 }
 

@@ -23,12 +23,22 @@ class AppKitPanels final : public PanelDrawing {
 // A panel on the screen, for those who look at its views.
 class DrawnPanel : public Presenter::Panel {
  public:
+  // The window on which it hangs; nil for a panel by itself.
+  virtual NSWindow* parent() const = 0;
   // Null for a key that is not there, and for what draws nothing itself.
   virtual const ControlView* view(const std::string& key) const = 0;
   // The page of the window with the key, "" for the sheet; null for none.
   virtual const PanelPage* page(const std::string& windowKey) const = 0;
+  // Whether the panel has a control with the key, drawn or not.
+  virtual bool holds(const std::string& key) const = 0;
+  // The keys of what stands in the box, or in one inside it; empty for any other key.
+  virtual std::vector<std::string> inBox(const std::string& key) const = 0;
   // The panels that are open, the youngest last.
   static const std::vector<DrawnPanel*>& open();
 };
+
+// By which a program that has loaded the library which draws looks at its panels.
+inline constexpr const char* kDrawnPanels = "vornDrawnPanels";
+using DrawnPanels = const std::vector<DrawnPanel*>* (*)();
 
 }  // namespace vorn

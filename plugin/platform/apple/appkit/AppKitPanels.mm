@@ -70,14 +70,28 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
     m_lastUsed = fieldOf(key);
     ControlUse result = ControlUse::done;
     guarded([&] { result = useControl(*m_controls, key, change, m_used); });
-    if (result == ControlUse::done || !m_controls) return true;
-    refresh(m_lastUsed);
-    return false;
+    // Also what led back to where it began, of which nobody hears: the toolkit shows what was pressed already.
+    if (m_controls) refresh(std::string(fieldOf(key)));
+    return result == ControlUse::done || !m_controls;
   }
 
   const ControlView* view(const std::string& key) const {
     const auto found = m_views.find(key);
     return found == m_views.end() ? nullptr : found->second.get();
+  }
+  NSWindow* parent() const { return m_parent.get(); }
+  bool holds(const std::string& key) const { return m_controls && m_controls->find(key); }
+  std::vector<std::string> inBox(const std::string& key) const {
+    std::vector<std::string> inside;
+    for (const std::string& each : m_controls ? m_controls->keys() : std::vector<std::string>()) {
+      std::string box = m_controls->find(each)->box;
+      while (!box.empty() && box != key) {
+        const Control* outer = m_controls->find(box);
+        box = outer ? outer->box : "";
+      }
+      if (!box.empty()) inside.push_back(each);
+    }
+    return inside;
   }
   const PanelPage* page(const std::string& windowKey) const {
     const auto found =
@@ -323,7 +337,10 @@ class OpenPanel final : public DrawnPanel {
   OpenPanel(const OpenPanel&) = delete;
   OpenPanel& operator=(const OpenPanel&) = delete;
 
+  NSWindow* parent() const override { return m_drawing->parent(); }
   const ControlView* view(const std::string& key) const override { return m_drawing->view(key); }
+  bool holds(const std::string& key) const override { return m_drawing->holds(key); }
+  std::vector<std::string> inBox(const std::string& key) const override { return m_drawing->inBox(key); }
   const PanelPage* page(const std::string& windowKey) const override { return m_drawing->page(windowKey); }
 
  private:

@@ -38,4 +38,6 @@ using TokenAct = std::function<void(const std::function<void(TokenText&)>&)>;
 - (double)heightForWidth:(double)width;
 // For the pieces on the screen, in the view's own coordinates.
 - (const std::vector<vorn::TokenFragment>&)fragments;
+// What these pieces say, in their order; a chip with its title alone.
+- (std::vector<vorn::TokenPiece>)piecesOnScreen;
 @end

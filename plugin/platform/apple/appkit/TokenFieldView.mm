@@ -208,6 +208,19 @@ struct State {
   [self heightForWidth:[self bounds].size.width];
   return [self state].fragments;
 }
+- (std::vector<vorn::TokenPiece>)piecesOnScreen {
+  const TokenText& tokens = [self shown].tokens;
+  std::vector<vorn::TokenPiece> pieces;
+  std::size_t chip = 0;
+  for (const TokenFragment& each : [self fragments]) {
+    if (each.isChip) {
+      pieces.push_back({"", vorn::TokenChip{tokens.chips()[chip++].title}});
+    } else {
+      pieces.push_back({tokens.text(each.range)});
+    }
+  }
+  return pieces;
+}
 - (NSPoint)pointOfPosition:(std::size_t)position {
   NSPoint end = NSMakePoint(kPadding, kPadding / 2);
   for (const TokenFragment& each : [self fragments]) {
