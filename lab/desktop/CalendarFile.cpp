@@ -8,7 +8,7 @@ namespace vornlab {
 
 namespace fs = std::filesystem;
 
-CalendarFile::CalendarFile(fs::path file, CalendarStore& calendar, FilePerson& person)
+CalendarFile::CalendarFile(const fs::path& file, CalendarStore& calendar, FilePerson& person)
     : m_calendar(calendar), m_person(person) {
   if (!file.empty()) lookAt(file);
   begin();

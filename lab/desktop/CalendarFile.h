@@ -30,7 +30,7 @@ class CalendarFile {
  public:
   // Made before the calendar is read, since it remembers how the file was. "" for a calendar without one. Throws
   // UsageError when nothing may be written there. The calendar and the person outlive it.
-  CalendarFile(std::filesystem::path file, CalendarStore& calendar, FilePerson& person);
+  CalendarFile(const std::filesystem::path& file, CalendarStore& calendar, FilePerson& person);
 
   // The calendar has just been read from the file.
   void begin();
