@@ -94,6 +94,10 @@ const std::vector<vorn::ControlItem>* rowsOf(vnControlListener* listener) {
 }
 @end
 
+// The list beside a field that is typed into never has the keyboard, and its first press counts all the same.
+@interface vnListTable : NSTableView
+@end
+
 namespace {
 
 void drawRedBorder(NSView* field, double width) {
@@ -113,6 +117,13 @@ void drawRedBorder(NSView* field, double width) {
 - (void)drawRect:(NSRect)dirty {
   [super drawRect:dirty];
   drawRedBorder(self, m_redBorderWidth);
+}
+@end
+
+@implementation vnListTable
+- (BOOL)acceptsFirstMouse:(NSEvent*)press {
+  (void)press;
+  return YES;
 }
 @end
 
@@ -513,7 +524,7 @@ class ListView final : public ControlView {
  public:
   ListView(ControlInput& input, const Control& control)
       : ControlView(input, control.key, [[NSScrollView alloc] initWithFrame:NSZeroRect]) {
-    auto table = Retained<NSTableView*>::adopted([[NSTableView alloc] initWithFrame:NSZeroRect]);
+    auto table = Retained<NSTableView*>::adopted([[vnListTable alloc] initWithFrame:NSZeroRect]);
     auto column = Retained<NSTableColumn*>::adopted([[NSTableColumn alloc] initWithIdentifier:@"title"]);
     [[column.get() dataCell] setFont:controlFont()];
     [[column.get() dataCell] setLineBreakMode:NSLineBreakByTruncatingTail];
