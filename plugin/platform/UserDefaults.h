@@ -16,7 +16,7 @@ class UserDefaults {
   // Stores a value; absent removes the key.
   virtual void setObject(const Value& value, std::string_view key) = 0;
   virtual void removeObject(std::string_view key) = 0;
-  // Brings what was set to the disk.
+  // Asks for what was set to be brought to the disk, which a platform does by itself soon after.
   virtual void synchronize() = 0;
   // All values of another application's domain; absent when it has none.
   virtual Value persistentDomainForName(std::string_view domain) = 0;

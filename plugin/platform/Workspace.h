@@ -9,7 +9,7 @@ namespace vorn {
 
 // What the session knows of applications: where they lie, whether they run, what their bundles say.
 //
-// Main thread only. Paths are absolute UTF-8 texts. Everything is read anew at each question.
+// Main thread only. Paths are absolute UTF-8 texts. The disk is asked at each question.
 class Workspace {
  public:
   virtual ~Workspace() = default;

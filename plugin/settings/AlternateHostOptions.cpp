@@ -33,24 +33,46 @@ void AlternateHostOptions::initWithLocalString() {
 void AlternateHostOptions::initAlternateHosts() {
   const OptionFacts facts = m_panel.context.facts(m_panel.record);
   m_alternateHostBox.hidden = !facts.client.isVornClientSupportAHAndMuteOnEntry || !facts.account.isPaidUser;
-  // The panel may be loaded once more while somebody types, and from another meeting: what was typed stays, beside
-  // the hosts of that meeting.
+  // The panel may be loaded once more while somebody types, and from another meeting: its hosts come as the user
+  // would have them, with whom they have put in and without whom they have taken out.
   const std::string typed = m_isEdited ? m_alternateHostController.wordsThatAreNoAddress() : "";
+  if (m_isEdited) takeEdits();
+  m_loaded.clear();
   std::vector<TokenChip> chips;
   if (!m_alternateHostBox.hidden) {
-    std::unordered_set<std::string> known;
+    std::unordered_set<std::string> known = m_removed;
     const auto add = [&](const std::string& email) {
-      if (!email.empty() && known.insert(email).second) {
-        chips.push_back(chipOf(VNAlternateHostController::entryOf(email)));
-      }
+      if (email.empty() || !known.insert(email).second) return;
+      m_loaded.push_back(email);
+      chips.push_back(chipOf(VNAlternateHostController::entryOf(email)));
     };
     for (const Value& host : m_panel.record.arrAlternateHosts().items()) add(host.text());
-    if (m_isEdited) {
-      for (const std::string& host : m_alternateHostController.getInvitedUserInfoToCome()) add(host);
-    }
+    for (const std::string& host : m_added) add(host);
   }
   m_alternateHostController.field().refill(chips, typed);
   takeIntoRecord();
+}
+
+// What has changed in the field since it was loaded; a chip that is still to come counts.
+void AlternateHostOptions::takeEdits() {
+  const std::vector<std::string> now = m_alternateHostController.getInvitedUserInfoToCome();
+  const std::unordered_set<std::string> standing(now.begin(), now.end());
+  const std::unordered_set<std::string> loaded(m_loaded.begin(), m_loaded.end());
+  std::erase_if(m_added,
+                [&](const std::string& host) { return standing.count(host) == 0 && loaded.count(host) > 0; });
+  for (const std::string& host : m_loaded) {
+    if (standing.count(host) == 0) m_removed.insert(host);
+  }
+  for (const std::string& host : now) {
+    m_removed.erase(host);
+    if (loaded.count(host) == 0) m_added.push_back(host);
+  }
+}
+
+void AlternateHostOptions::forgetEdits() {
+  m_isEdited = false;
+  m_added.clear();
+  m_removed.clear();
 }
 
 // -- What the user does ------------------------------------------------------------------------------------------

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <unordered_set>
+#include <vector>
 
 #include "settings/VNAlternateHostController.h"
 
@@ -28,10 +31,11 @@ class AlternateHostOptions {
   // What a commit writes.
   void writeAlternateHosts();
   // The panel has ended: what is left in the field goes with the next loading.
-  void forgetEdits() { m_isEdited = false; }
+  void forgetEdits();
 
  private:
   void takeIntoRecord();
+  void takeEdits();
   void textHasChanged();
   void rearrangeAlternateHostTextField();
   double requiredAHTextFieldHeight() const;
@@ -43,6 +47,11 @@ class AlternateHostOptions {
   VNAlternateHostController m_alternateHostController;
   // The user has done something in the field since it was committed or dismissed last.
   bool m_isEdited = false;
+  // What the field was loaded with, and what the user has put in and taken out since the edits were forgotten
+  // last.
+  std::vector<std::string> m_loaded;
+  std::vector<std::string> m_added;
+  std::unordered_set<std::string> m_removed;
 };
 
 }  // namespace vorn

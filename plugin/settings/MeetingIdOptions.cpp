@@ -141,17 +141,29 @@ void MeetingIdOptions::getPMIMeetingInfo() {
       return;
     }
   }
+  if (m_context.awaitsMeeting()) ++m_outdatedRequests;
   m_context.getPMIMeetingInfo();
   m_steps.checkScheduleButton();
 }
 
-// Of a number that is not known, as after another window has ended, nothing can be said against it.
-bool MeetingIdOptions::isChosenPMI(const Value& meetingInfo) const {
+bool MeetingIdOptions::isAnothersPMI(const std::string& number) const {
+  const vnUserProfileHelper& profile = SettingsContext::profile();
   const std::string email = m_steps.getUIScheduleForEmail();
-  const OptionalText id = email.empty() ? SettingsContext::profile().roomMeetingID()
-                                        : SettingsContext::profile().pmiMeetingIDWithScheduleForEmail(email);
-  const std::string& key = meetingInfo[vn_MeetingKey].text();
-  return m_buttonUsePMI.on && (id.value_or("").empty() || key.empty() || key == *id);
+  const OptionalText chosen =
+      email.empty() ? profile.roomMeetingID() : profile.pmiMeetingIDWithScheduleForEmail(email);
+  if (number.empty() || number == chosen.value_or("")) return false;
+  return number == profile.roomMeetingID().value_or("") || profile.isBossesPMIMeetingID(number);
+}
+
+bool MeetingIdOptions::takesPMI(const Value& meetingInfo) {
+  const bool isWanted = m_buttonUsePMI.on && !isAnothersPMI(meetingInfo[vn_MeetingKey].text());
+  if (isWanted || !m_buttonUsePMI.on) {
+    m_outdatedRequests = 0;
+  } else if (m_outdatedRequests > 0) {
+    --m_outdatedRequests;
+    m_context.getPMIMeetingInfo();
+  }
+  return isWanted;
 }
 
 int MeetingIdOptions::checkPMISettingsCompliance(int index) {

@@ -27,8 +27,10 @@ class MeetingIdOptions {
   void leavePMIWithoutOne(int index);
   // Shows the personal meeting, from what was fetched before or when the client has answered.
   void getPMIMeetingInfo();
-  // Whether the meeting is the personal one that is chosen now.
-  bool isChosenPMI(const Value& meetingInfo) const;
+  // Whether a personal meeting that has come is to be shown: the user may have turned to another person, or to a
+  // number of its own, since it was asked for. The client answers one request at a time, and the first answer
+  // counts for all that were sent: the one that is wanted is asked for once more then.
+  bool takesPMI(const Value& meetingInfo);
 
   // What the user has changed; nothing for a control that is not this group's.
   void userChanged(std::string_view key);
@@ -37,6 +39,8 @@ class MeetingIdOptions {
   int checkPMISettingsCompliance(int index);
 
  private:
+  // Whether the number is the personal one of somebody else than whom the meeting is for.
+  bool isAnothersPMI(const std::string& number) const;
   bool isDisablePMI(int index) const;
   bool needShowMeetingID(int index) const { return !isDisablePMI(index); }
   // A person without one has nothing to choose.
@@ -55,6 +59,8 @@ class MeetingIdOptions {
 
   // The meeting was loaded as a personal one, and the ID that is turned off has been taken from it since.
   bool m_hasLostPMI = false;
+  // How many requests for a personal meeting were sent while another was awaited.
+  int m_outdatedRequests = 0;
 
   Control& m_meetingIDBox;
   Control& m_buttonOneTimeMeeting;

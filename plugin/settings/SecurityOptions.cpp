@@ -78,7 +78,8 @@ void SecurityOptions::initPasscode() {
   m_passwordTextField.placeholder = panelText("LN_Schedule_PasswordPlaceHolder_82199");
   m_passwordTextField.spoken = panelText("LN_Schedule_Security_Passcode_166836");
   // What the user has typed outlasts the next load, and a look at the other kind of meeting.
-  m_passwordTextField.text = ownPasscode().value_or(m_record.meetingPassword().value_or(""));
+  const std::string* typed = ownPasscode();
+  m_passwordTextField.text = typed ? *typed : m_record.meetingPassword().value_or("");
   m_passwordTextField.hidden = !m_requiredMeetingPswButton.on;
   m_passwordTextField.enabled = m_requiredMeetingPswButton.on;
 }
@@ -159,8 +160,17 @@ void SecurityOptions::regenerateIfNeeded() {
 }
 
 void SecurityOptions::setPasscode(std::string passcode) {
-  if (ownPasscode()) ownPasscode() = passcode;
+  if (std::string* typed = ownPasscode()) *typed = passcode;
   m_passwordTextField.text = std::move(passcode);
+}
+
+OptionalText SecurityOptions::whosePMI() const {
+  return m_record.usePMI() ? OptionalText(m_steps.getUIScheduleForEmail()) : std::nullopt;
+}
+
+std::string* SecurityOptions::ownPasscode() {
+  const auto typed = m_typedPasscodes.find(whosePMI());
+  return typed == m_typedPasscodes.end() ? nullptr : &typed->second;
 }
 
 void SecurityOptions::checkIfPasswordRequired() {
@@ -308,7 +318,7 @@ void SecurityOptions::fieldTextChange() {
   m_wasNotStronger = false;
   const bool supportsRules = vnClientFeatureMgr::sharedInstance().isVornClientSupportPasswordRule();
   m_passwordTextField.text = typedPasscode(m_passwordTextField.text, supportsRules);
-  ownPasscode() = m_passwordTextField.text;
+  m_typedPasscodes[whosePMI()] = m_passwordTextField.text;
   resetPswHelpButtonState();
   const std::int64_t result = resetMeetingPasswordErrorTextField();
   m_steps.checkScheduleButton();
@@ -347,7 +357,7 @@ void SecurityOptions::onClickEnableWaitingRoom() {
 }
 
 void SecurityOptions::forgetTyped() {
-  m_typedPasscodes.fill(std::nullopt);
+  m_typedPasscodes.clear();
   m_wasNotStronger = m_wasSecurityNotSelected = false;
   closeTip();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -84,11 +84,13 @@ class SecurityOptions {
   PanelSteps& m_steps;
   VNPasswordRuleWindowController& m_passwordRuleWindow;
   vnKeyUpTextField m_passcodeField;
-  // What the user has typed, and what stood in for it where it was no passcode, for the one kind of meeting ID and
-  // the other.
-  std::optional<std::string>& ownPasscode() { return m_typedPasscodes[m_record.usePMI() ? 1 : 0]; }
+  // Whose personal meeting it is, by the e-mail, "" for oneself; absent for a meeting with a number of its own.
+  OptionalText whosePMI() const;
+  // What the user has typed for that meeting, and what stood in for it where it was no passcode. Null when
+  // nothing.
+  std::string* ownPasscode();
   void setPasscode(std::string passcode);
-  std::array<std::optional<std::string>, 2> m_typedPasscodes;
+  std::map<OptionalText, std::string> m_typedPasscodes;
   // What the service has refused stays told, and a tip shown, while the panel is loaded again and again, until the
   // user does something about it.
   bool m_wasNotStronger = false;

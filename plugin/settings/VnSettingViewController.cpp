@@ -204,6 +204,12 @@ void VnSettingViewController::refreshUI(bool forPMI) {
   initializeItems();
 }
 
+void VnSettingViewController::onPMIMeetingInfo() {
+  if (m_meetingId.takesPMI(m_pmiMeetingInfo)) return refreshUI(true);
+  // The user has turned away from the meeting that the panel was opened with, and goes back to what stood then.
+  m_waitsForPersonalMeeting = false;
+}
+
 // -- While it is open --------------------------------------------------------------------------------------------
 
 // What the user presses in the sheet closes the windows beside it; what they type, or press in such a window, does

@@ -89,8 +89,8 @@ class VnSettingViewController final : private PanelSteps {
   vnSettingData& settingData() { return m_settingData; }
   const Value& getSiteMeetingInfo() const { return m_siteMeetingInfo; }
   void setPMIMeetingInfo(const Value& meetingInfo) override;
-  // Whether the user wants the personal meeting that was set last.
-  bool hasChosenPMI() const { return m_meetingId.isChosenPMI(m_pmiMeetingInfo); }
+  // The personal meeting that was set last has come from the client.
+  void onPMIMeetingInfo();
   void resetMeetingItemWhenUpdateError();
   void commitRefused();
   void updatePasswordAfterCommit(const OptionalText& passcode);

@@ -65,8 +65,9 @@ void VnSettingWindowController::userUsed(const std::string& key) {
 // dismissed. So does a personal meeting when he has chosen another person's since, or a number of its own: the
 // meeting would be made in somebody else's name.
 void VnSettingWindowController::refreshUI(bool forPMI) {
-  if (!m_sheet || (forPMI && !m_mySettingViewController->hasChosenPMI())) return;
-  m_mySettingViewController->refreshUI(forPMI);
+  if (!m_sheet) return;
+  if (forPMI) return m_mySettingViewController->onPMIMeetingInfo();
+  m_mySettingViewController->refreshUI(false);
 }
 
 void VnSettingWindowController::refreshUseWebSettingTipViewUI(bool forPMI) {

@@ -68,13 +68,12 @@ Value ParsedFiles::read(const std::string& path) {
     m_known.splice(m_known.begin(), m_known, known);
     if (known->isSettled && isUnchanged(facts, known->facts)) return known->value;
   }
-  Parsed& file = m_known.front();
-  file.facts = facts;
-  file.isSettled = isSettled(facts);
-  return readAgain(file);
+  return readAgain(m_known.front(), facts);
 }
 
-Value ParsedFiles::readAgain(Parsed& file) {
+Value ParsedFiles::readAgain(Parsed& file, const struct stat& facts) {
+  // Whatever goes wrong below, nothing is known of the file then.
+  file.isSettled = false;
   std::optional<std::string> content = readFile(file.path);
   if (!content) {
     m_known.pop_front();
@@ -84,6 +83,8 @@ Value ParsedFiles::readAgain(Parsed& file) {
     file.value = m_parse(*content);
     file.content = std::move(*content);
   }
+  file.facts = facts;
+  file.isSettled = isSettled(facts);
   return file.value;
 }
 

@@ -34,7 +34,7 @@ class ParsedFiles {
     Value value;
   };
 
-  Value readAgain(Parsed& file);
+  Value readAgain(Parsed& file, const struct stat& facts);
 
   Parse m_parse;
   // The one that was asked for last stands first.

@@ -178,6 +178,11 @@ TEST_F(SettingsPanelTest, IsThePersonalMeetingsOrTheAccountsAfterItIsRefreshed) 
   reply("5550119926");
   EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue()) << "the user has turned to another number since";
   turn("buttonUsePMI", true);
+  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
+      {{"userId", "me"},
+       {vn_Setting_RoomMeetingId, "5550119926"},
+       {vn_Profile_Bosses,
+        Value::Array{Value::dictionaryFromPairs({{"email", "d@e.f"}, {"pmi", "5550000000"}})}}}));
   reply("5550000000");
   EXPECT_EQ(control("videoHostMatrix").index, 1) << "it is somebody else's";
   reply("5550119926");

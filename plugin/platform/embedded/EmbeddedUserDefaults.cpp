@@ -48,7 +48,7 @@ void EmbeddedUserDefaults::write() {
 
 void EmbeddedUserDefaults::removeObject(std::string_view key) { setObject({}, key); }
 
-// Every change goes to the disk by itself.
+// Every change goes to the disk by itself, and soon.
 void EmbeddedUserDefaults::synchronize() {}
 
 Value EmbeddedUserDefaults::persistentDomainForName(std::string_view domain) {
