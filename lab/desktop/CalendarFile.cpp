@@ -10,7 +10,9 @@ namespace fs = std::filesystem;
 
 CalendarFile::CalendarFile(const fs::path& file, CalendarStore& calendar, FilePerson& person)
     : m_calendar(calendar), m_person(person) {
-  if (!file.empty()) lookAt(file);
+  // What comes from a pipe or a device goes to a file of the person's choice.
+  const fs::file_type type = file.empty() || file == "-" ? fs::file_type::none : fs::status(file).type();
+  if (type == fs::file_type::regular || type == fs::file_type::not_found) lookAt(file);
   begin();
 }
 
@@ -28,7 +30,6 @@ void CalendarFile::write() {
   std::string text = m_calendar.text();
   m_output->write(text, m_file);
   m_written = std::move(text);
-  lookAt(m_file);
 }
 
 bool CalendarFile::save() {
@@ -36,7 +37,7 @@ bool CalendarFile::save() {
   while (true) {
     try {
       write();
-      return true;
+      break;
     } catch (const LabError& error) {
       switch (m_person.tellThatNothingWasSaved(error.what(), !m_output->isAsBefore())) {
         case FilePerson::Answer::saveAs: return saveAs();
@@ -44,11 +45,17 @@ bool CalendarFile::save() {
         default: return false;
       }
     }
-    try {
-      lookAt(m_file);
-    } catch (const LabError&) {
-      // It may not be written any more, which the next attempt tells.
-    }
+    lookAgain();
+  }
+  lookAgain();
+  return true;
+}
+
+void CalendarFile::lookAgain() {
+  try {
+    lookAt(m_file);
+  } catch (const LabError&) {
+    // It may not be written any more, which the next attempt tells.
   }
 }
 

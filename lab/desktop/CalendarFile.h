@@ -28,7 +28,8 @@ class FilePerson {
 // meanwhile is overwritten only when they want that. Main thread only.
 class CalendarFile {
  public:
-  // Made before the calendar is read, since it remembers how the file was. "" for a calendar without one. Throws
+  // Made before the calendar is read, since it remembers how the file was. "" for a calendar without one, which is
+  // also what comes from a pipe, a device or the standard input. Throws
   // UsageError when nothing may be written there. The calendar and the person outlive it.
   CalendarFile(const std::filesystem::path& file, CalendarStore& calendar, FilePerson& person);
 
@@ -47,6 +48,7 @@ class CalendarFile {
   bool saveAs();
   // How the file is now is what it has to be still when it is written.
   void lookAt(const Path& file);
+  void lookAgain();
   void write();
 
   Path m_file;

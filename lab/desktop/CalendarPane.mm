@@ -97,6 +97,7 @@ vnCalendarPane* shown = nil;
 }
 - (void)saveFile:(id)sender {
   (void)sender;
+  [[self window] makeFirstResponder:nil];
   if (vornlab::shownCalendarFile()) vornlab::shownCalendarFile()->save();
   [self reload];
 }

@@ -160,6 +160,8 @@ void DesktopSession::run(const std::function<bool()>& mayEnd) {
 
 bool DesktopSession::askAboutEditors() {
   const Pool pool;
+  // A name that is being typed in the week counts.
+  [mainWindow() makeFirstResponder:nil];
   NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
   while (ERCalendarEventEditorWindowController* controller = [open nextObject]) {
     if (![[vnEditorForm formOf:[controller editorViewController]] askToClose]) return false;

@@ -8,7 +8,7 @@
 @interface vnEditorForm : NSView {
   // Not owned; the window with this view ends with it.
   ERCalendarEventEditorWindowController* m_controller;
-  // Whom the fields show. Not owned, and only compared.
+  // Whom the fields show. Not owned; read while it is what the editor shows.
   ECCalendarEvent* m_event;
   NSTextField* m_subject;
   NSTextField* m_start;

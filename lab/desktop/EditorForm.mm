@@ -102,7 +102,7 @@ NSString* peopleText(NSArray* attendees) {
 }
 - (NSString*)timeText:(double)seconds {
   NSDate* date = [NSDate dateWithTimeIntervalSince1970:seconds];
-  return [formatterOf([m_event startTime]) stringFromDate:date];
+  return [formatterOf([[[self editor] content] startTime]) stringFromDate:date];
 }
 
 // -- Its parts

@@ -447,6 +447,8 @@ WeekItem movedTo(WeekItem item, double start) {
   // What is stored may move what lies under the mouse.
   [self endNaming];
   State& state = [self state];
+  // Of a drag whose end was heard by somebody else, such as an alert.
+  state.dragged.reset();
   const NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
   if ([self widensAt:point]) return;
   state.selected.reset();

@@ -31,7 +31,7 @@ void use(Stage& stage, const std::string& key, const PanelDeed& deed) {
   const vorn::ControlUse result = screen(stage).use(windowOf(stage), key, deed);
   if (result == vorn::ControlUse::hidden) throw Mismatch(key + " can be used", "it is hidden");
   if (result == vorn::ControlUse::disabled) throw Mismatch(key + " can be used", "it is disabled");
-  if (result == vorn::ControlUse::refused) throw Mismatch(key + " takes it", "it refuses it");
+  if (result != vorn::ControlUse::done) throw Mismatch(key + " takes it", "it refuses it");
 }
 
 std::string chosenOf(const Control& control) {

@@ -69,9 +69,11 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
     const auto self = shared_from_this();
     m_lastUsed = fieldOf(key);
     ControlUse result = ControlUse::done;
+    // The key may be that of a view which goes with its use.
+    const std::string field(fieldOf(key));
     guarded([&] { result = useControl(*m_controls, key, change, m_used); });
     // Also what led back to where it began, of which nobody hears: the toolkit shows what was pressed already.
-    if (m_controls) refresh(std::string(fieldOf(key)));
+    if (m_controls) refresh(field);
     return result == ControlUse::done || !m_controls;
   }
 
