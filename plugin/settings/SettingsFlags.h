@@ -5,6 +5,10 @@
 namespace vorn {
 
 // What all open panels share. Main thread only.
+//
+// Other findings that are shared by design are read only within the step that makes them, so they stay with it:
+// whether the hosts' field is being arranged, whether chosen countries were lost, how many data centres were
+// offered, which line warns of a lost sign-in choice, and which of the two policies of regions was shown.
 struct SettingsFlags {
   static SettingsFlags& shared() { return Registry::shared<SettingsFlags>(); }
 
