@@ -284,8 +284,13 @@ void SecurityOptions::initSecurityBox() {
     m_wasSecurityNotSelected = true;
     if (securityNotSelected().isSet()) securityNotSelected().set(false);
   }
-  if (outcome.remembersWaitingRoomTip) not_again::waitingRoomTip().set(true);
-  m_isTipOpen = m_isTipOpen || outcome.remembersWaitingRoomTip;
+  initSceurityTipView(outcome.remembersWaitingRoomTip);
+}
+
+// Once for all time; it stays open while the panel is loaded again and again.
+void SecurityOptions::initSceurityTipView(bool isDue) {
+  if (isDue) not_again::waitingRoomTip().set(true);
+  m_isTipOpen = m_isTipOpen || isDue;
   m_securityTipView.hidden = !m_isTipOpen;
 }
 
