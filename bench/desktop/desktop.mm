@@ -13,8 +13,8 @@
 
 #import "lab/desktop/CalendarPane.h"
 #include "lab/desktop/DesktopSession.h"
+#import "lab/desktop/RealHand.h"
 #include "lab/shell/LabError.h"
-#import "tests/desktop/ButtonIn.h"
 
 namespace vornlab {
 namespace {
@@ -84,7 +84,7 @@ void openAndClosePanel() {
   const Pool pool;
   NSWindow* panel = nil;
   if (!openPanel(panel)) throw LabError("no panel opens");
-  [buttonIn([panel contentView], @"Cancel") performClick:nil];
+  [shownButton([panel contentView], @"Cancel") performClick:nil];
   waitForPanel(panel, false);
 }
 
@@ -136,7 +136,7 @@ void clickToDrawnPanel(benchmark::State& state) {
     if (!openPanel(panel)) return state.SkipWithError("no panel opens");
     [panel display];
     state.PauseTiming();
-    [buttonIn([panel contentView], @"Cancel") performClick:nil];
+    [shownButton([panel contentView], @"Cancel") performClick:nil];
     waitForPanel(panel, false);
     session().passTime(0.02);
     state.ResumeTiming();

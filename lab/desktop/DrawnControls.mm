@@ -224,7 +224,7 @@ ControlUse apply(const vorn::ControlView& drawn, const Control& seen, const Pane
   [[view retain] autorelease];
   switch (deed.kind) {
     case PanelDeed::Kind::click: return doneIf(as<NSButton>(view) && clickOn(view));
-    case PanelDeed::Kind::turn: return doneIf(seen.on == deed.on || clickOn(view));
+    case PanelDeed::Kind::turn: return doneIf(clickOn(view));
     case PanelDeed::Kind::choose: return doneIf(choose(drawn, seen.kind, deed.index));
     case PanelDeed::Kind::write: {
       NSTextField* field = as<NSTextField>(view);

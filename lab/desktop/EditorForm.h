@@ -27,8 +27,8 @@
 - (NSTextField*)subjectField;
 - (NSTextField*)startField;
 - (NSTextField*)endField;
-// A time as it is typed here.
-- (NSString*)timeText:(double)seconds;
+// A time as it is typed into the field.
+- (NSString*)textFor:(NSTextField*)field ofSeconds:(double)seconds;
 // Shows the appointment as it stands in the editor now: its body, and its fields when it has become another, as
 // the series of an occurrence. What is typed in the fields of the same one stays.
 - (void)showEvent;

@@ -100,10 +100,6 @@ NSString* peopleText(NSArray* attendees) {
 - (NSTextField*)endField {
   return m_end;
 }
-- (NSString*)timeText:(double)seconds {
-  NSDate* date = [NSDate dateWithTimeIntervalSince1970:seconds];
-  return [formatterOf([[[self editor] content] startTime]) stringFromDate:date];
-}
 
 // -- Its parts
 - (NSTextField*)addField:(NSString*)name row:(int)row width:(double)width {
@@ -220,6 +216,10 @@ NSString* peopleText(NSArray* attendees) {
   if (const auto& typed = [self typedTimeOf:field]) return [OLCalendarDate dateWithTime:*typed];
   ECCalendarEvent* event = [[self editor] content];
   return field == m_start ? [event startTime] : [event endTime];
+}
+- (NSString*)textFor:(NSTextField*)field ofSeconds:(double)seconds {
+  NSDate* date = [NSDate dateWithTimeIntervalSince1970:seconds];
+  return [formatterOf([self timeOf:field]) stringFromDate:date];
 }
 - (void)change:(NSTextField*)field toSeconds:(double)seconds {
   OLCalendarDate* changed = [[[OLCalendarDate alloc] initWithSeconds:seconds

@@ -44,12 +44,6 @@ void typeAsSeen(ERCalendarEventEditorWindowController* controller, EditorField f
   need(typeOver(typed, text), "to type into a field of the editor");
 }
 
-void typeBodyAsSeen(ERCalendarEventEditorWindowController* controller, NSString* html) {
-  ERCalendarEventEditorViewController* editor = [controller editorViewController];
-  editor->m_state->show(plainText(html));
-  [editor contentDidChange];
-}
-
 void typeTimesAsSeen(ERCalendarEventEditorWindowController* controller, double start, double end) {
   vnEditorForm* form = formOf(controller);
   NSWindow* window = [controller window];
@@ -58,13 +52,9 @@ void typeTimesAsSeen(ERCalendarEventEditorWindowController* controller, double s
     double seconds;
   } times[] = {{[form startField], start}, {[form endField], end}};
   for (const auto& each : times) {
-    need(typeOver(each.field, [form timeText:each.seconds]), "to type a time");
+    need(typeOver(each.field, [form textFor:each.field ofSeconds:each.seconds]), "to type a time");
     pressKey(window, NSTabCharacter);
   }
-}
-
-void changeFromAsSeen(ERCalendarEventEditorWindowController* controller) {
-  [[controller editorViewController] fromFieldModified:nil];
 }
 
 void endAsSeen(ERCalendarEventEditorWindowController* controller, EndOfEditing end) {

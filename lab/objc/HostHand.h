@@ -8,11 +8,9 @@ namespace vornlab {
 
 enum class EditorField { subject, location };
 
-// Each makes what is typed the editor's own uncommitted change. Times are seconds since 1970, the body is HTML.
+// Each makes what is typed the editor's own uncommitted change. Times are seconds since 1970.
 void typeAsSeen(ERCalendarEventEditorWindowController* controller, EditorField field, NSString* text);
-void typeBodyAsSeen(ERCalendarEventEditorWindowController* controller, NSString* html);
 void typeTimesAsSeen(ERCalendarEventEditorWindowController* controller, double start, double end);
-void changeFromAsSeen(ERCalendarEventEditorWindowController* controller);
 
 enum class EndOfEditing { save, saveAndClose, send, closeWithoutSaving };
 void endAsSeen(ERCalendarEventEditorWindowController* controller, EndOfEditing end);

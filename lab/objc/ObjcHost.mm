@@ -186,8 +186,10 @@ void ObjcHost::typeLocation(EditorId editor, std::string_view text) {
 
 void ObjcHost::typeBody(EditorId editor, std::string_view html) {
   const Pool pool;
-  if (ERCalendarEventEditorWindowController* open = controllerOf(editor))
-    typeBodyAsSeen(open, foundationText(html));
+  ERCalendarEventEditorViewController* held = editorOf(editor);
+  if (!held) return;
+  held->m_state->show(std::string(html));
+  [held contentDidChange];
 }
 
 void ObjcHost::typeTimes(EditorId editor, double startSeconds, double endSeconds) {
@@ -243,7 +245,7 @@ void ObjcHost::closeWithoutSaving(EditorId editor) {
 
 void ObjcHost::changeFromField(EditorId editor) {
   const Pool pool;
-  if (ERCalendarEventEditorWindowController* open = controllerOf(editor)) changeFromAsSeen(open);
+  [editorOf(editor) fromFieldModified:nil];
 }
 
 bool ObjcHost::findsChangesForAttendees(EditorId editor) const {

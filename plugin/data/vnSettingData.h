@@ -163,6 +163,7 @@ class vnSettingData {
   static bool IsKeyboardConsecutive(const OptionalText& text);
   // A passcode made by the account's rules. After five refused ones the next is taken untested.
   static std::string getRandomPassWord();
+  // Its steps, which stand among the record's operations and have no caller here.
   static std::string GetNumberPassword(std::int64_t length);
   static std::string GetComplexPassword(std::int64_t length, const std::string& charset);
   static std::string GetNumberalphabetPassword(std::int64_t length);

@@ -17,6 +17,12 @@ namespace {
 constexpr const char* kMeetingIdBox = "meetingIDBox";
 constexpr const char* kMessage = "pmiDisableMessageView";
 
+// Of the person with the e-mail, "" for oneself.
+OptionalText personalIdOf(const std::string& email) {
+  const vnUserProfileHelper& profile = SettingsContext::profile();
+  return email.empty() ? profile.roomMeetingID() : profile.pmiMeetingIDWithScheduleForEmail(email);
+}
+
 }  // namespace
 
 MeetingIdOptions::MeetingIdOptions(const PanelParts& panel)
@@ -52,9 +58,7 @@ void MeetingIdOptions::initPMITitle() {
 std::string MeetingIdOptions::emailOf(int index) const { return index < 0 ? "" : m_steps.getUIScheduleForEmail(); }
 
 std::string MeetingIdOptions::getUsePMITitle(const std::string& email) const {
-  const OptionalText id = email.empty() ? SettingsContext::profile().roomMeetingID()
-                                        : SettingsContext::profile().pmiMeetingIDWithScheduleForEmail(email);
-  return usePMITitle(vnSettingData::getFormatRoomMeetingId(id), panelText);
+  return usePMITitle(vnSettingData::getFormatRoomMeetingId(personalIdOf(email)), panelText);
 }
 
 void MeetingIdOptions::updatePMITitle(int index) {
@@ -147,12 +151,9 @@ void MeetingIdOptions::getPMIMeetingInfo() {
 }
 
 bool MeetingIdOptions::isAnothersPMI(const std::string& number) const {
-  const vnUserProfileHelper& profile = SettingsContext::profile();
   const std::string email = m_steps.getUIScheduleForEmail();
-  const OptionalText chosen =
-      email.empty() ? profile.roomMeetingID() : profile.pmiMeetingIDWithScheduleForEmail(email);
-  if (number.empty() || number == chosen.value_or("")) return false;
-  return number == profile.roomMeetingID().value_or("") || profile.isBossesPMIMeetingID(number);
+  if (number.empty() || number == personalIdOf(email).value_or("")) return false;
+  return number == personalIdOf("").value_or("") || SettingsContext::profile().isBossesPMIMeetingID(number);
 }
 
 bool MeetingIdOptions::takesPMI(const Value& meetingInfo) {

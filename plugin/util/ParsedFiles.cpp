@@ -15,35 +15,35 @@ namespace {
 constexpr std::size_t kMostFiles = 8;
 constexpr std::size_t kLargestKept = 1 << 18;
 
-// The names of these members differ between the systems.
-timespec changeOf(const struct stat& facts) {
-#ifdef __APPLE__
-  return facts.st_ctimespec;
-#else
-  return facts.st_ctim;
-#endif
-}
+// When the file was written last, and when anything of it was changed.
+struct Stamps {
+  timespec written;
+  timespec changed;
+};
 
-timespec writingOf(const struct stat& facts) {
+// The names of these members differ between the systems.
+Stamps stampsOf(const struct stat& facts) {
 #ifdef __APPLE__
-  return facts.st_mtimespec;
+  return {facts.st_mtimespec, facts.st_ctimespec};
 #else
-  return facts.st_mtim;
+  return {facts.st_mtim, facts.st_ctim};
 #endif
 }
 
 bool areOne(const timespec& a, const timespec& b) { return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec; }
 
 bool isUnchanged(const struct stat& now, const struct stat& before) {
+  const Stamps stamps = stampsOf(now);
+  const Stamps former = stampsOf(before);
   return now.st_ino == before.st_ino && now.st_dev == before.st_dev && now.st_size == before.st_size &&
-         areOne(writingOf(now), writingOf(before)) && areOne(changeOf(now), changeOf(before));
+         areOne(stamps.written, former.written) && areOne(stamps.changed, former.changed);
 }
 
 // Two writings within one tick of the file system's clock look like one. Only when the tick of the last is over
 // for certain will the next one show; some file systems count whole seconds, or two of them.
 bool isSettled(const struct stat& facts) {
   using namespace std::chrono;
-  const timespec change = changeOf(facts);
+  const timespec change = stampsOf(facts).changed;
   const auto changed = seconds(change.tv_sec) + nanoseconds(change.tv_nsec);
   const nanoseconds tick = change.tv_nsec == 0 ? nanoseconds(seconds(3)) : nanoseconds(milliseconds(100));
   return system_clock::now().time_since_epoch() - changed > tick;

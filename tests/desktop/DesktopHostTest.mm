@@ -15,8 +15,8 @@
 #include "lab/desktop/DesktopSession.h"
 #include "lab/desktop/JournalTail.h"
 #include "lab/desktop/OwnPasteboard.h"
+#import "lab/desktop/RealHand.h"
 #include "lab/desktop/WeekPlan.h"
-#import "tests/desktop/ButtonIn.h"
 
 // A person who waits for the next question, and presses a button.
 @interface vnAnswerer : NSObject {
@@ -56,16 +56,7 @@
   [wanted performClick:nil];
   m_isPressing = NO;
   // The question's loop looks at its answer after the next event only, and a mouse would have made one.
-  [NSApp postEvent:[NSEvent otherEventWithType:NSApplicationDefined
-                                      location:NSZeroPoint
-                                 modifierFlags:0
-                                     timestamp:0
-                                  windowNumber:0
-                                       context:nil
-                                       subtype:0
-                                         data1:0
-                                         data2:0]
-           atStart:NO];
+  vornlab::wakeLoop();
 }
 @end
 
@@ -323,7 +314,7 @@ TEST_F(Desk, TheStartTakesTheEndAlongAndATimeThatCannotBeIsTold) {
   NSWindow* window = [openEditor("a") window];
   const auto says = [&](NSString* words) { return fieldWith([window contentView], words) != nil; };
   const auto save = [&] {
-    [buttonIn([window contentView], @"Save") performClick:nil];
+    [shownButton([window contentView], @"Save") performClick:nil];
     session().passTime(0.2);
     return (event("a").start()->seconds - kNine) / kHour;
   };
@@ -417,7 +408,7 @@ TEST_F(DeskAndClient, ProgressIsShownAndARefusalIsToldInAnAlert) {
   session().misbehave("every reply to action 3: delay 1 s, error 3000");
   NSWindow* progress = nil;
   const std::string asked = answering(nil, [&] {
-    [buttonIn([panel contentView], @"Continue") performClick:nil];
+    [shownButton([panel contentView], @"Continue") performClick:nil];
     session().waitUntil([&] { return (progress = [[NSApp modalWindow] retain]) != nil; }, 1);
     EXPECT_TRUE([progress isVisible]);
     session().passTime(1.5);
@@ -434,7 +425,7 @@ TEST_F(DeskAndClient, APanelWhoseClientHasDiedCanBeEndedInEachWay) {
     ASSERT_TRUE(panel);
     session().endClient();
     const std::string asked = answering(nil, [&] {
-      [buttonIn([panel contentView], button) performClick:nil];
+      [shownButton([panel contentView], button) performClick:nil];
       session().passTime(0.5);
     });
     EXPECT_THAT(asked, [button isEqual:@"Cancel"] ? HasSubstr("") : HasSubstr("not running"));
@@ -449,7 +440,7 @@ TEST_F(DeskAndClient, APanelWhoseClientHasDiedCanBeEndedInEachWay) {
 TEST_F(DeskAndClient, AnotherAccountIsThatOfTheNextPanel) {
   const auto canChangeWaitingRoom = [&] {
     NSWindow* panel = openPanel();
-    NSButton* waitingRoom = buttonIn([panel contentView], @"Waiting room");
+    NSButton* waitingRoom = shownButton([panel contentView], @"Waiting room");
     EXPECT_TRUE(waitingRoom);
     [[waitingRoom retain] autorelease];
     session().closeEditors();

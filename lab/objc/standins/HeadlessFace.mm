@@ -43,22 +43,12 @@ void typeAsSeen(ERCalendarEventEditorWindowController* controller, EditorField f
   [editor setIsDirty:YES];
 }
 
-void typeBodyAsSeen(ERCalendarEventEditorWindowController* controller, NSString* html) {
-  ERCalendarEventEditorViewController* editor = [controller editorViewController];
-  editor->m_state->show(plainText(html));
-  [editor contentDidChange];
-}
-
 void typeTimesAsSeen(ERCalendarEventEditorWindowController* controller, double start, double end) {
   ERCalendarEventEditorViewController* editor = [controller editorViewController];
   const Appointment& shown = editor->m_event->m_appointment;
   editor->m_state->typed.start = shown.timeLikeStart(start);
   editor->m_state->typed.end = shown.timeLikeStart(end);
   [editor setIsDirty:YES];
-}
-
-void changeFromAsSeen(ERCalendarEventEditorWindowController* controller) {
-  [[controller editorViewController] fromFieldModified:nil];
 }
 
 void endAsSeen(ERCalendarEventEditorWindowController* controller, EndOfEditing end) {

@@ -1,7 +1,6 @@
 #include "platform/apple/Replacement.h"
 
 #import <Foundation/Foundation.h>
-#include <pthread.h>
 
 #include <cstring>
 
@@ -18,10 +17,10 @@ std::vector<Replacement::Call*>& callsInProgress() {
   return calls;
 }
 
-// Each hooked call asks, and Foundation takes long to answer. The first replacement is made on the main thread.
-pthread_t mainThread() {
-  static const pthread_t thread = pthread_self();
-  return thread;
+// Each hooked call asks, and Foundation takes long to answer: it is asked once on each thread.
+bool isOnMainThread() {
+  thread_local const bool answer = [NSThread isMainThread];
+  return answer;
 }
 
 class InProgress {
@@ -61,7 +60,6 @@ Replacement::~Replacement() {
 std::unique_ptr<Replacement> Replacement::make(Implementation implementation,
                                                std::shared_ptr<MethodSignature> signature,
                                                CharacterPointers characters) {
-  mainThread();
   std::unique_ptr<Replacement> made(new Replacement(std::move(implementation), characters));
   if (!made->m_closure) return nullptr;
   made->setSignature(std::move(signature));
@@ -113,7 +111,7 @@ HostException Replacement::run(void* result, void** arguments) {
   // Both may be exchanged for others while the call is running.
   const std::shared_ptr<MethodSignature> signature = m_signature;
   std::memset(result, 0, signature->resultSize());
-  if (!pthread_equal(pthread_self(), mainThread())) return runHostsOwn(*signature, result, arguments);
+  if (!isOnMainThread()) return runHostsOwn(*signature, result, arguments);
   Call call;
   call.replacement = this;
   std::memcpy(&call.receiver, arguments[0], sizeof(id));

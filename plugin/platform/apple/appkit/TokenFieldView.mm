@@ -33,6 +33,7 @@ NSDictionary* lookOf(NSColor* color) {
 class TextWidths {
  public:
   double of(NSString* text) {
+    if ([text length] > kLongestKept) return vorn::widthOfText(text, fieldFont());
     if (m_known.size() > kMost) m_known.clear();
     const auto [found, isNew] = m_known.try_emplace(vorn::textFromFoundation(text));
     if (isNew) found->second = vorn::widthOfText(text, fieldFont());
@@ -41,6 +42,8 @@ class TextWidths {
 
  private:
   static constexpr std::size_t kMost = 10000;
+  // In UTF-16 units; what the client calls people may be of any length.
+  static constexpr NSUInteger kLongestKept = 64;
 
   std::unordered_map<std::string, double> m_known;
 };
