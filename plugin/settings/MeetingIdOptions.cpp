@@ -146,6 +146,10 @@ void MeetingIdOptions::getPMIMeetingInfo() {
     }
   }
   if (m_context.awaitsMeeting()) ++m_outdatedRequests;
+  askForPMI();
+}
+
+void MeetingIdOptions::askForPMI() {
   m_context.getPMIMeetingInfo();
   m_steps.checkScheduleButton();
 }
@@ -162,7 +166,7 @@ bool MeetingIdOptions::takesPMI(const Value& meetingInfo) {
     m_outdatedRequests = 0;
   } else if (m_outdatedRequests > 0) {
     --m_outdatedRequests;
-    m_context.getPMIMeetingInfo();
+    askForPMI();
   }
   return isWanted;
 }

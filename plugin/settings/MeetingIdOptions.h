@@ -41,6 +41,8 @@ class MeetingIdOptions {
  private:
   // Whether the number is the personal one of somebody else than whom the meeting is for.
   bool isAnothersPMI(const std::string& number) const;
+  // Continue waits for the answer.
+  void askForPMI();
   bool isDisablePMI(int index) const;
   bool needShowMeetingID(int index) const { return !isDisablePMI(index); }
   // A person without one has nothing to choose.

@@ -151,6 +151,24 @@ TEST_F(MeetingIdPanelTest, ContinueComesBackWhenTheClientFails) {
   EXPECT_TRUE(mayContinue()) << "nothing was asked";
 }
 
+TEST_F(MeetingIdPanelTest, OfTwoThatWereAskedForTheWantedOneComesAndContinueWaitsForIt) {
+  isDefaultPMI = true;
+  people = Value::Array{person(kDana, "Dana", "5550000000")};
+  knowAccount();
+  knowList();
+  open();
+  EXPECT_FALSE(mayContinue()) << "the panel opens with a personal meeting";
+  choose("scheduleForPopup", 1);
+  asked();
+  answerMeeting("5550142871", true);
+  EXPECT_EQ(control("videoHostMatrix").index, 1) << "one's own, which is wanted no more";
+  EXPECT_EQ(asked().size(), 1u);
+  EXPECT_FALSE(mayContinue());
+  answerMeeting("5550000000", true, kDana);
+  EXPECT_EQ(control("videoHostMatrix").index, 0);
+  EXPECT_TRUE(mayContinue());
+}
+
 TEST_F(MeetingIdPanelTest, AReplyForAPanelThatWasLeftChangesNothing) {
   knowAccount();
   open();

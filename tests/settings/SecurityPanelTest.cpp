@@ -140,6 +140,12 @@ TEST_F(SecurityPanelTest, ARefusedCommitIsToldOnceBySiteFlags) {
   EXPECT_FALSE(SiteFlag(vn_NotStrongerPasscode).isSet() || SiteFlag(vn_SecurityNotSeleteOne).isSet());
   turn("enableWaitingRoom", true);
   EXPECT_TRUE(control("securityErrorTextField").hidden);
+  panels.refreshSettingWindow(id(), false);
+  EXPECT_TRUE(control("securityErrorTextField").hidden) << "it was told, and the user has answered";
+  EXPECT_FALSE(control("pswFormatErrorTextField").hidden) << "to this not";
+  click("buttonCancel");
+  open();
+  EXPECT_TRUE(control("pswFormatErrorTextField").hidden) << "the panel was left";
 }
 
 TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOnce) {
