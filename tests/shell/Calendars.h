@@ -22,10 +22,14 @@ inline std::string appointment(const std::string& uid, const std::string& subjec
 }
 
 // A calendar file without its folds.
-inline std::string unfolded(std::string text) {
-  for (std::size_t at = text.find("\r\n "); at != std::string::npos; at = text.find("\r\n ", at))
-    text.erase(at, 3);
-  return text;
+inline std::string unfolded(const std::string& text) {
+  std::string lines;
+  std::size_t from = 0;
+  for (std::size_t fold = text.find("\r\n "); fold != std::string::npos; fold = text.find("\r\n ", from)) {
+    lines.append(text, from, fold - from);
+    from = fold + 3;
+  }
+  return lines.append(text, from);
 }
 
 inline std::size_t occurrences(const std::string& text, const std::string& part) {
