@@ -1,5 +1,7 @@
 #include "lab/shell/RoadTrace.h"
 
+#include <utility>
+
 namespace vornlab {
 namespace {
 
@@ -15,6 +17,14 @@ bool startsMeeting(const vorn::Value& envelope) { return envelope["action"].inte
 bool isFromAgent(const vorn::Value& envelope) { return envelope["action"].integerValue() == 200; }
 
 }  // namespace
+
+void RoadTrace::noteEnvelope(std::string_view step, vorn::Value facts, const vorn::CoveredLater& content) {
+  if (m_listener || content.head() == "0;") {
+    Trace::noteEnvelope(step, std::move(facts), content);
+  } else {
+    note(step, facts);
+  }
+}
 
 void RoadTrace::note(std::string_view step, const vorn::Value& facts) {
   if (step == "sent") {

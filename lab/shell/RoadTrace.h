@@ -16,6 +16,8 @@ class RoadTrace final : public vorn::Trace {
   using Listener = std::function<void(std::string_view step, const vorn::Value& facts)>;
 
   void note(std::string_view step, const vorn::Value& facts) override;
+  // What is counted stands at the head; only a listener and the code of a refusal need more.
+  void noteEnvelope(std::string_view step, vorn::Value facts, const vorn::CoveredLater& content) override;
 
   // Is told each step after it was counted.
   void setListener(Listener listener) { m_listener = std::move(listener); }

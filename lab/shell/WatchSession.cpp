@@ -15,6 +15,8 @@ using vorn::Value;
 constexpr double kPollSeconds = 0.1;
 // What one who comes later is told of the past.
 constexpr std::size_t kStepsKept = 40;
+// Of an envelope whose content is longer, only what is told of it.
+constexpr std::size_t kLargestKept = std::size_t{64} * 1024;
 constexpr std::size_t kNoticesKept = 5;
 // Replies that never come leave their requests behind.
 constexpr std::size_t kMostPending = 50;
@@ -71,9 +73,22 @@ void WatchSession::note(std::string_view step, const Value& facts) {
   m_session.trace().note(step, facts);
   // An alert is told with its answer, as the presenter has it.
   if (m_isOver || step == "alert") return;
-  followRequests(step, facts);
-  PastStep past{m_post.now(), std::string(step), facts};
-  past.facts.erase("wholeContent");
+  remember({m_post.now(), std::string(step), facts, std::nullopt});
+}
+
+void WatchSession::noteEnvelope(std::string_view step, Value facts, const vorn::CoveredLater& content) {
+  m_session.trace().noteEnvelope(step, facts, content);
+  if (m_isOver) return;
+  if (content.size() <= kLargestKept) {
+    remember({m_post.now(), std::string(step), std::move(facts), content});
+  } else {
+    facts.set("content", content.coveredAndCut(kBytesAtAGlance));
+    remember({m_post.now(), std::string(step), std::move(facts), std::nullopt});
+  }
+}
+
+void WatchSession::remember(PastStep past) {
+  followRequests(past.step, past.facts);
   if (m_post.isWatched()) {
     m_post.tell(stepOf(past));
     lookSoon();
@@ -208,10 +223,12 @@ WatchRequest WatchSession::requestNow(const Pending& pending) const {
 }
 
 WatchStep WatchSession::stepOf(const PastStep& past) {
+  const std::string content =
+      past.content ? past.content->coveredAndCut(kBytesAtAGlance) : past.facts["content"].text();
   return {.at = past.at,
           .step = past.step,
           .words = seenByWatchers(wordsOfStep(past.step, past.facts)),
-          .content = seenByWatchers(closedUp(past.facts["content"].text()))};
+          .content = seenByWatchers(closedUp(content))};
 }
 
 WatchNotice WatchSession::noticeAt(std::size_t index) const {

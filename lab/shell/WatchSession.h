@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +37,8 @@ class WatchSession final : private vorn::Trace {
     double at = 0;
     std::string step;
     vorn::Value facts;
+    // An envelope's; covered when it is told.
+    std::optional<vorn::CoveredLater> content;
   };
   struct Pending {
     std::string name;
@@ -44,6 +47,8 @@ class WatchSession final : private vorn::Trace {
   };
 
   void note(std::string_view step, const vorn::Value& facts) override;
+  void noteEnvelope(std::string_view step, vorn::Value facts, const vorn::CoveredLater& content) override;
+  void remember(PastStep past);
   void followRequests(std::string_view step, const vorn::Value& facts);
   void dropAbandoned();
   void lookSoon();

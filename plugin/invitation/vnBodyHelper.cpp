@@ -5,7 +5,6 @@
 
 #include "platform/Registry.h"
 #include "util/CharacterSets.h"
-#include "util/HtmlText.h"
 #include "util/TextSearch.h"
 #include "util/Utf16.h"
 #include "util/vnOLUtils.h"
@@ -80,7 +79,7 @@ OptionalText vnBodyHelper::trimHTMLNBSPTags(const OptionalText& html) const {
 
 OptionalText vnBodyHelper::convertHTMLToPlainText(const OptionalText& html) const {
   if (!html || html->empty()) return std::nullopt;
-  return htmlToPlainText(*html, NoBreakSpaceEntity::leftOut);
+  return m_recentTexts.textOf(*html);
 }
 
 std::string vnBodyHelper::insertVnBodyBookMark(const OptionalText& vnBody, bool isHTML) const {

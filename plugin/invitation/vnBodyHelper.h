@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "invitation/InvitationOwner.h"
+#include "invitation/RecentTexts.h"
 #include "util/Value.h"
 
 namespace vorn {
@@ -32,9 +33,9 @@ enum class BookmarkForm { none, placeholder, quoted, unquoted };
 // Every string operation on an appointment's body: how the invitation gets into it, is found again after the user
 // has edited around it, is replaced, and is taken out.
 //
-// Bodies are HTML in UTF-8; nothing here touches the host. No state, any thread. Time is linear in the texts, and
-// beside the body that is given and the one that comes of it no further copy of a body is made. Absence in gives
-// absence out unless something else is said; a caller shows "" for it.
+// Bodies are HTML in UTF-8; nothing here touches the host. Any thread. Time is linear in the texts, and
+// beside the body that is given and the one that comes of it no further copy of a long body is made. Absence in
+// gives absence out unless something else is said; a caller shows "" for it.
 class vnBodyHelper {
  public:
   static vnBodyHelper& sharedInstance();
@@ -82,6 +83,9 @@ class vnBodyHelper {
 
   // True when the two bodies read the same apart from blanks; false when either is absent or has no text.
   bool isEqualHTMLBodyContent(const OptionalText& srcBody, const OptionalText& destBody) const;
+
+ private:
+  mutable RecentTexts m_recentTexts;
 };
 
 }  // namespace vorn

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "secrets/CoveredLater.h"
 #include "util/Value.h"
 
 namespace vorn {
@@ -15,6 +16,13 @@ class Trace {
   virtual ~Trace() = default;
   // A step, such as "command", "state", "finished", "sent" or "received", with its facts.
   virtual void note(std::string_view step, const Value& facts) = 0;
+  // The step of an envelope: "sent", "dropped" or "received", with its action, its bytes and the head of its
+  // content as facts, and the content itself. It is noted as a step with the covered content, of a sent one the
+  // whole content too, unless a trace wants to see less.
+  virtual void noteEnvelope(std::string_view step, Value facts, const CoveredLater& content);
+
+  // What a person reads of a content at a glance; the rest is told by its size.
+  static constexpr std::size_t kBytesAtAGlance = 1000;
 };
 
 }  // namespace vorn

@@ -89,6 +89,7 @@ class TextBuilder {
   }
 
   std::string take() { return std::move(m_text); }
+  const std::string& text() const { return m_text; }
 
  private:
   bool atLineStart() const { return m_text.empty() || m_text.back() == '\n'; }
@@ -170,7 +171,14 @@ struct FreeParser {
 struct Reading {
   htmlParserCtxt* parser;
   TextBuilder builder;
-  bool hasShownElement = false;
+  // Ends the reading with the first that a reader sees.
+  bool isDoneOnceSeen = false;
+  bool isSeen = false;
+
+  void see() {
+    isSeen = true;
+    if (isDoneOnceSeen) xmlStopParser(parser);
+  }
 };
 
 std::string_view viewOf(const xmlChar* name) { return reinterpret_cast<const char*>(name); }
@@ -183,51 +191,54 @@ void onStartElement(void* user, const xmlChar* name, const xmlChar**) {
     reading.builder.leaveAll();
   }
   reading.builder.begin(viewOf(name));
-  if (shownElements().contains(viewOf(name))) reading.hasShownElement = true;
+  if (shownElements().contains(viewOf(name))) reading.see();
 }
 
 void onEndElement(void* user, const xmlChar* name) { static_cast<Reading*>(user)->builder.end(viewOf(name)); }
 
 void onCharacters(void* user, const xmlChar* text, int length) {
-  static_cast<Reading*>(user)->builder.add(viewOf(text).substr(0, static_cast<std::size_t>(length)));
+  auto& reading = *static_cast<Reading*>(user);
+  const std::size_t before = reading.builder.text().size();
+  reading.builder.add(viewOf(text).substr(0, static_cast<std::size_t>(length)));
+  if (!reading.isDoneOnceSeen || reading.isSeen) return;
+  const std::string_view added = std::string_view(reading.builder.text()).substr(before);
+  if (!trimmed(added, isWhitespaceOrNewline).empty()) reading.see();
 }
 
 int readSource(void* source, char* buffer, int size) {
   return static_cast<int>(static_cast<HtmlTextSource*>(source)->read(buffer, static_cast<std::size_t>(size)));
 }
 
-struct Shown {
-  std::string text;
-  bool hasShownElement = false;
-};
-
-Shown readHtml(std::string_view html, NoBreakSpaceEntity entity) {
-  const std::unique_ptr<htmlParserCtxt, FreeParser> parser(htmlNewParserCtxt());
-  if (!parser) return {};
+void readHtml(std::string_view html, NoBreakSpaceEntity entity, Reading& reading) {
   HtmlTextSource source(html, entity);
-  Reading reading{parser.get(), TextBuilder(html.size())};
   htmlSAXHandler handler{};
   handler.startElement = onStartElement;
   handler.endElement = onEndElement;
   handler.characters = onCharacters;
   handler.ignorableWhitespace = onCharacters;
-  *parser->sax = handler;
-  parser->userData = &reading;
+  *reading.parser->sax = handler;
+  reading.parser->userData = &reading;
   constexpr int options = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET |
                           HTML_PARSE_NODEFDTD | HTML_PARSE_IGNORE_ENC | XML_PARSE_HUGE;
-  htmlCtxtReadIO(parser.get(), readSource, nullptr, &source, nullptr, "UTF-8", options);
-  return {reading.builder.take(), reading.hasShownElement};
+  htmlCtxtReadIO(reading.parser, readSource, nullptr, &source, nullptr, "UTF-8", options);
 }
 
 }  // namespace
 
 std::string htmlToPlainText(std::string_view html, NoBreakSpaceEntity entity) {
-  return readHtml(html, entity).text;
+  const std::unique_ptr<htmlParserCtxt, FreeParser> parser(htmlNewParserCtxt());
+  if (!parser) return "";
+  Reading reading{.parser = parser.get(), .builder = TextBuilder(html.size())};
+  readHtml(html, entity, reading);
+  return reading.builder.take();
 }
 
 bool htmlShowsNothing(std::string_view html) {
-  const Shown shown = readHtml(html, NoBreakSpaceEntity::isBlank);
-  return !shown.hasShownElement && trimmed(shown.text, isWhitespaceOrNewline).empty();
+  const std::unique_ptr<htmlParserCtxt, FreeParser> parser(htmlNewParserCtxt());
+  if (!parser) return true;
+  Reading reading{.parser = parser.get(), .builder = TextBuilder(0), .isDoneOnceSeen = true};
+  readHtml(html, NoBreakSpaceEntity::isBlank, reading);
+  return !reading.isSeen;
 }
 
 }  // namespace vorn

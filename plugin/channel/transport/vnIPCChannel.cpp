@@ -12,8 +12,8 @@
 #include "platform/DistributedNotifications.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
-#include "platform/TraceStep.h"
-#include "secrets/SecretMask.h"
+#include "platform/Trace.h"
+#include "secrets/CoveredLater.h"
 #include "util/vStringUtils.h"
 
 namespace vorn {
@@ -30,14 +30,14 @@ bool sendOnTransportOfTheMoment(const Value& envelope) {
   return true;
 }
 
-// What a person reads at a glance; the rest is told by its size.
-constexpr std::size_t kTracedBytes = 1000;
-
-Value factsOf(const Value& envelope) {
-  const std::string& content = envelope[VN_IPC_CONTENT].text();
-  return Value::dictionaryFromPairs({{"action", envelope[VN_IPC_ACTION_ID].stringValue()},
-                                     {"bytes", content.size()},
-                                     {"content", SecretMask::coveredAndCut(content, kTracedBytes)}});
+void traceEnvelope(std::string_view step, const Value& envelope) {
+  Trace* trace = Registry::platform().trace;
+  if (!trace) return;
+  const CoveredLater content(envelope[VN_IPC_CONTENT].text());
+  const Value facts = Value::dictionaryFromPairs({{"action", envelope[VN_IPC_ACTION_ID].stringValue()},
+                                                  {"bytes", content.size()},
+                                                  {"content", content.head()}});
+  trace->noteEnvelope(step, facts, content);
 }
 
 // Tells the trace of what comes over the notification channel.
@@ -73,11 +73,7 @@ bool vnIPCChannel::sendIPCMessageToVornClient(std::uint32_t action, const Option
   const Value envelope =
       Value::dictionaryFromPairs({{VN_IPC_ACTION_ID, std::to_string(action)}, {VN_IPC_CONTENT, content}});
   const bool isSent = sendOnTransportOfTheMoment(envelope);
-  traceStep(isSent ? "sent" : "dropped", [&] {
-    Value facts = factsOf(envelope);
-    if (isSent) facts.set("wholeContent", SecretMask::covered(content.value_or("")));
-    return facts;
-  });
+  traceEnvelope(isSent ? "sent" : "dropped", envelope);
   return isSent;
 }
 
@@ -102,8 +98,6 @@ void vnIPCChannel::traceNotifications() {
   if (Registry::platform().distributedNotifications) Registry::shared<NotificationTrace>();
 }
 
-void vnIPCChannel::traceReceived(const Value& envelope) {
-  traceStep("received", [&] { return factsOf(envelope); });
-}
+void vnIPCChannel::traceReceived(const Value& envelope) { traceEnvelope("received", envelope); }
 
 }  // namespace vorn
