@@ -137,7 +137,7 @@ TEST(DataCenterRulesTest, AreCheckedByTheirCodesAndChosenOneByOne) {
   }
   const Value chosen = Value::Array{"JX", "EU", "JX"};
   EXPECT_EQ(chosenAfterClick(chosen, centers[0]), Value(Value::Array{"JX", "EU", "JX", "US"}));
-  EXPECT_EQ(chosenAfterClick(chosen, centers[1]), Value(Value::Array{"EU"}));
+  EXPECT_EQ(chosenAfterClick(chosen, centers[1]), Value(Value::Array{"EU"})) << "one that is off is nowhere";
 }
 
 // -- The panel ---------------------------------------------------------------------------------------------------
@@ -261,6 +261,21 @@ TEST_F(AudioPanelTest, WantedDataCentresHaveToBeChosenBeforeThePanelGoes) {
   EXPECT_TRUE(control("dataCenterNotSelectTextField").hidden);
   EXPECT_EQ(committed(vn_Setting_AdditionalDCRegions), Value(Value::Array{"JX"}));
   EXPECT_EQ(shown(), nullptr);
+}
+
+// A centre is its code: of two entries with one code neither is on alone, whichever is clicked.
+TEST_F(AudioPanelTest, TwoDataCentresWithOneCodeAreOne) {
+  knowCenters(centers({"JX", "EU", "JX"}));
+  open();
+  turn("enableDataCenterRegionsButton", true);
+  for (const char* clicked : {"dataCenterButton4", "dataCenterButton2"}) {
+    turn(clicked, true);
+    EXPECT_TRUE(control("dataCenterButton2").on && control("dataCenterButton4").on) << clicked;
+    EXPECT_EQ(settings()[vn_Setting_AdditionalDCRegions], Value(Value::Array{"JX"})) << "once";
+    turn("dataCenterButton2", false);
+    EXPECT_FALSE(control("dataCenterButton2").on || control("dataCenterButton4").on) << clicked;
+    EXPECT_EQ(settings()[vn_Setting_AdditionalDCRegions].count(), 0u);
+  }
 }
 
 TEST_F(AudioPanelTest, DataCentresThatAreNotOfferedLeaveTheRecord) {

@@ -106,17 +106,18 @@ TEST(RegionRules, OffersWhatBeginsWithTheWord) {
 
 class RegionPolicyTest : public TokenFieldTest {
  protected:
-  void openFor(bool isOn, bool isLocked, const std::vector<std::string>& codes = {}, std::int64_t type = 0) {
+  void openFor(bool isOn, bool isLocked, const std::vector<std::string>& codes = {}, std::int64_t type = 0,
+               const std::vector<std::string>& all = {"DE", "HK", "NE", "NG", "US"}) {
     Account account = isOn ? accountWith(UserOption3::isEnableAllowDenyJoinMeetingRegion) : Account();
     if (isLocked) account.MergeFrom(accountWith(UserOption4::isLockAllowDenyJoinMeetingRegion));
-    Value list = Value::array();
-    for (const std::string& code : codes) list.append(code);
+    const auto list = [](const std::vector<std::string>& texts) {
+      return Value(Value::Array(texts.begin(), texts.end()));
+    };
     const Value policy =
-        Value::dictionaryFromPairs({{vn_Setting_RegionType, type}, {vn_Setting_RegionCodes, list}});
-    const Value regions =
-        Value::dictionaryFromPairs({{vn_Setting_RegionPolicy, policy},
-                                    {vn_Setting_TotalRegionCodes, Value::Array{"DE", "HK", "NE", "NG", "US"}},
-                                    {vn_Setting_DefaultRegionCode, "US"}});
+        Value::dictionaryFromPairs({{vn_Setting_RegionType, type}, {vn_Setting_RegionCodes, list(codes)}});
+    const Value regions = Value::dictionaryFromPairs({{vn_Setting_RegionPolicy, policy},
+                                                      {vn_Setting_TotalRegionCodes, list(all)},
+                                                      {vn_Setting_DefaultRegionCode, "US"}});
     knowAccount(account, Value::dictionaryFromPairs({{vn_Setting_JoinMeetingRegionSetting, regions}}));
     open();
   }
@@ -206,6 +207,30 @@ TEST_F(RegionPolicyTest, ALockedPolicyIsReadAndNothingElse) {
   EXPECT_EQ(click("allowDenyRCSaveButton"), Use::done);
   EXPECT_TRUE(control(kWindow).hidden);
   EXPECT_EQ(codesOfRecord().size(), 5u);
+}
+
+TEST_F(RegionPolicyTest, TenThousandRegionsAreOfferedChosenAndTold) {
+  constexpr std::size_t kMany = 10'000;
+  std::vector<std::string> all;
+  for (std::size_t i = 0; i < 2 * kMany; ++i) all.push_back("R" + std::to_string(20'000 + i));
+  const std::vector<std::string> first(all.begin(), all.begin() + kMany);
+  openFor(true, false, first, 0, all);
+  EXPECT_EQ(control("allowDenyText").text.find("R20000, R20001, "), std::string("Allowed: ").size());
+  EXPECT_TRUE(control("allowDenyText").toolTip.ends_with(", R29998, R29999"));
+  click("allowDenyEditButton");
+  waitForChips();
+  EXPECT_EQ(control(kRegionsField).tokens.chips().size(), kMany);
+  keyIn(kRegionsField, "r");
+  const std::vector<std::string> offered = rows(kRegionList);
+  ASSERT_EQ(offered.size(), kMany);
+  EXPECT_TRUE(offered.front() == "R30000" && offered.back() == "R39999") << "the others are in the text";
+  edit(kRegionsField, [](TokenText& text) { text.paste("39999"); });
+  EXPECT_THAT(rows(kRegionList), ElementsAre("R39999"));
+  press(kRegionsField, Key::newLine);
+  waitForChips();
+  EXPECT_EQ(click("allowDenyRCSaveButton"), Use::done);
+  EXPECT_EQ(codesOfRecord().size(), kMany + 1);
+  EXPECT_TRUE(control("allowDenyText").toolTip.ends_with(", R29999, R39999"));
 }
 
 TEST_F(RegionPolicyTest, WhatIsSavedInOnePanelReachesNoOther) {

@@ -173,6 +173,24 @@ TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOn
   EXPECT_TRUE(control("securityTipView").hidden);
 }
 
+// What the account has locked off is of no use to anybody, and what it has locked on is read.
+TEST_F(SecurityPanelTest, SignedInUsersOnlyIsHiddenWhereItIsLockedOff) {
+  for (const bool isOn : {false, true}) {
+    vnUserProfileHelper::sharedInstance().setData(
+        Value::dictionaryFromPairs({{"userId", "me"},
+                                    {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
+                                    {vn_Profile_LockOnlyAuthUsersCanJoin, true},
+                                    {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, isOn}}));
+    open();
+    view().settingData().setIsSignedInUsersMeetingOn(true);
+    view().initializeItems();
+    EXPECT_EQ(control("restrictDomainsBox").hidden, !isOn);
+    EXPECT_EQ(settings()[vn_Setting_IsSignedInUsersMeetingOn].boolValue(), isOn);
+    EXPECT_EQ(turn("onlySignedinWithSpecifiedDomains", false), isOn ? Use::disabled : Use::hidden);
+    endSettingsPanel(id());
+  }
+}
+
 TEST_F(SecurityPanelTest, ALockedWatermarkIsCommittedOn) {
   knowAccount(accountWith(UserOption3::isEnableAudioWatermark, UserOption4::isLockAudioWatermark),
               Value::dictionaryFromPairs({{vn_Profile_SupportOnlyAuthUsersCanJoin, true}}));
