@@ -2,6 +2,8 @@
 
 // Which notice keeps in which store that the user wants to see it no more.
 
+#include <string_view>
+
 #include "channel/store/NoticeFlags.h"
 #include "channel/store/vnLocalProfileKeys.h"
 #include "data/vnSettingKeys.h"
@@ -11,8 +13,9 @@ namespace vorn::not_again {
 inline SiteFlag pluginTurnoff() { return SiteFlag(vn_LocalProfile_NotShowPluginTurnoffMessage); }
 inline SiteFlag userSettingTip() { return SiteFlag(vn_LocalProfile_NotShowUserSettingMessage); }
 inline SiteFlag disabledPMI() { return SiteFlag(vn_LocalProfile_DoNotShowPMIDisableMessage); }
-inline SiteFlag waitingRoomTip() { return SiteFlag(vn_LocalProfile_SecurityTip_NotShownAgain_WR); }
-inline SiteFlag encryptionTip() { return SiteFlag(vn_LocalProfile_EncryptionTip_NotShownAgain); }
+// The tips of the security section and of encryption, by their keys.
+inline bool doNotShowTipView(std::string_view key) { return SiteFlag(key).isSet(); }
+inline void setDoNotShowTipView(std::string_view key, bool notAgain) { SiteFlag(key).set(notAgain); }
 // Of the user whose plan asks for the notice.
 inline SavedProfileFlag accountLimitation(const OptionalText& userId) {
   return SavedProfileFlag(vn_Setting_NotShowUpgradeMessageAgain, userId);

@@ -82,7 +82,7 @@ void AlternateHostOptions::userChanged(std::string_view key) {
   if (!isListClicked && key != m_alternateHostTextField.key) return;
   m_isEdited = true;
   if (isListClicked) {
-    m_alternateHostController.field().userChose();
+    m_alternateHostController.takeSelected();
   } else {
     m_alternateHostController.field().userTyped();
   }

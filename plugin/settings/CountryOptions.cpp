@@ -142,8 +142,10 @@ void CountryOptions::updateEditCountriesOptions(bool isFromRegion) {
 // -- What the user does ------------------------------------------------------------------------------------------
 
 void CountryOptions::userChanged(std::string_view key) {
-  if (key == m_editCountriesButton.key) m_editCountriesWindow.showWindowSheet();
+  if (key == m_editCountriesButton.key) onClickEditCountries();
 }
+
+void CountryOptions::onClickEditCountries() { m_editCountriesWindow.showWindowSheet(); }
 
 // -- Commit ------------------------------------------------------------------------------------------------------
 

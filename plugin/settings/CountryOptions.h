@@ -51,6 +51,7 @@ class CountryOptions {
  private:
   // The record takes what counts in the window.
   void followWindow();
+  void onClickEditCountries();
 
   ControlSet& m_controls;
   vnSettingData& m_record;

@@ -80,7 +80,8 @@ void EncryptionOptions::moveTheOthers() {
 }
 
 void EncryptionOptions::initEncryptionyTipView() {
-  m_encryptionTipView.hidden = !encryptionTipIsShown(shown(), not_again::encryptionTip().isSet());
+  m_encryptionTipView.hidden =
+      !encryptionTipIsShown(shown(), not_again::doNotShowTipView(vn_LocalProfile_EncryptionTip_NotShownAgain));
 }
 
 void EncryptionOptions::userChanged(std::string_view key) {
@@ -89,7 +90,7 @@ void EncryptionOptions::userChanged(std::string_view key) {
   if (key == m_encryptionTipLearnMoreButton.key) {
     Registry::platform().workspace->openWebPage(kEncryptionHelpLink);
   } else if (key == m_encryptionTipCloseButton.key) {
-    not_again::encryptionTip().set(true);
+    not_again::setDoNotShowTipView(vn_LocalProfile_EncryptionTip_NotShownAgain, true);
     initEncryptionyTipView();
   }
 }

@@ -112,7 +112,7 @@ void MeetingIdOptions::initPMIDisableMessageView(int index) {
                           .isUpdate = m_context.isForUpdateVornMeeting(),
                           .usePMI = m_record.usePMI() || m_hasLostPMI,
                           .personalId = SettingsContext::profile().roomMeetingID(),
-                          .doNotShowDisablePMIMessage = not_again::disabledPMI().isSet()},
+                          .doNotShowDisablePMIMessage = doNotShowDisablePMIMessage()},
                          panelText);
   if (message.text) m_pmiDisableText.text = *message.text;
   m_pmiDisableMessageView.hidden = !message.isShown;
@@ -198,7 +198,11 @@ void MeetingIdOptions::onClickMeetingIDType(bool usePMI) {
 
 void MeetingIdOptions::onClickDisablePMIMessageCloseButton() {
   m_pmiDisableMessageView.hidden = true;
-  not_again::disabledPMI().set(true);
+  setDoNotShowDisablePMIMessage(true);
 }
+
+bool MeetingIdOptions::doNotShowDisablePMIMessage() { return not_again::disabledPMI().isSet(); }
+
+void MeetingIdOptions::setDoNotShowDisablePMIMessage(bool notAgain) { not_again::disabledPMI().set(notAgain); }
 
 }  // namespace vorn

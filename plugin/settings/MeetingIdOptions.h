@@ -53,6 +53,9 @@ class MeetingIdOptions {
   void choosePMI(bool usePMI);
   void onClickMeetingIDType(bool usePMI);
   void onClickDisablePMIMessageCloseButton();
+  // The user wants to see the message no more.
+  static bool doNotShowDisablePMIMessage();
+  static void setDoNotShowDisablePMIMessage(bool notAgain);
 
   ControlSet& m_controls;
   vnSettingData& m_record;

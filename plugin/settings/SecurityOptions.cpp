@@ -19,8 +19,10 @@ constexpr const char* kSecurityTip = "securityTipView";
 constexpr std::size_t kLongestPasscode = 10;
 
 // The service has refused the last commit; told once.
-SiteFlag notStrongerPasscode() { return SiteFlag(vn_NotStrongerPasscode); }
-SiteFlag securityNotSelected() { return SiteFlag(vn_SecurityNotSeleteOne); }
+bool getSecurityOptionErrorInfo(std::string_view key) { return SiteFlag(key).isSet(); }
+void clearSecurityOptionErrorInfo(std::string_view key) {
+  if (getSecurityOptionErrorInfo(key)) SiteFlag(key).set(false);
+}
 
 void showPrompt(Control& prompt, const std::string& text) {
   const ShownText shown = shownText(LongText::prompt, text);
@@ -106,11 +108,12 @@ std::int64_t SecurityOptions::resetMeetingPasswordErrorTextField() {
 void SecurityOptions::resetStrongerPasswordFormatErrorTextField() {
   show(strongerPasscodeVerdict(failedRules(), panelText));
   m_wasNotStronger = true;
-  if (notStrongerPasscode().isSet()) notStrongerPasscode().set(false);
+  clearSecurityOptionErrorInfo(vn_NotStrongerPasscode);
 }
 
 void SecurityOptions::resetUIForPasswordFormatErrorTextField() {
-  if (m_wasNotStronger || notStrongerPasscode().isSet()) return resetStrongerPasswordFormatErrorTextField();
+  if (m_wasNotStronger || getSecurityOptionErrorInfo(vn_NotStrongerPasscode))
+    return resetStrongerPasswordFormatErrorTextField();
   show(passcodeVerdictAtLoad({.usePMI = m_record.usePMI(),
                               .isUpdate = isUpdate(),
                               .isRequired = m_requiredMeetingPswButton.on,
@@ -266,12 +269,12 @@ void SecurityOptions::show(const SecurityControls& section) {
 
 void SecurityOptions::initSecurityBox() {
   const OptionFacts facts = m_context.facts(m_record);
-  const SecurityOutcome outcome =
-      securityBox(shown(),
-                  {.passcode = situation(),
-                   .wasSecurityNotSelected = m_wasSecurityNotSelected || securityNotSelected().isSet(),
-                   .isWaitingRoomTipKnown = not_again::waitingRoomTip().isSet()},
-                  facts.account, facts.client);
+  const SecurityOutcome outcome = securityBox(
+      shown(),
+      {.passcode = situation(),
+       .wasSecurityNotSelected = m_wasSecurityNotSelected || getSecurityOptionErrorInfo(vn_SecurityNotSeleteOne),
+       .isWaitingRoomTipKnown = not_again::doNotShowTipView(vn_LocalProfile_SecurityTip_NotShownAgain_WR)},
+      facts.account, facts.client);
   show(outcome.controls);
   if (facts.account.hasUserProfile) updateSecurityBoxAccessibility();
   if (outcome.enableWaitingRoom) m_record.setEnableWaitingRoom(*outcome.enableWaitingRoom);
@@ -282,15 +285,15 @@ void SecurityOptions::initSecurityBox() {
   }
   if (outcome.clearsSecurityNotSelected) {
     m_wasSecurityNotSelected = true;
-    if (securityNotSelected().isSet()) securityNotSelected().set(false);
+    clearSecurityOptionErrorInfo(vn_SecurityNotSeleteOne);
   }
-  initSceurityTipView(outcome.remembersWaitingRoomTip);
+  initSceurityTipView(outcome.remembersWaitingRoomTip ? vn_LocalProfile_SecurityTip_NotShownAgain_WR : "");
 }
 
 // Once for all time; it stays open while the panel is loaded again and again.
-void SecurityOptions::initSceurityTipView(bool isDue) {
-  if (isDue) not_again::waitingRoomTip().set(true);
-  m_isTipOpen = m_isTipOpen || isDue;
+void SecurityOptions::initSceurityTipView(std::string_view dueTip) {
+  if (!dueTip.empty()) not_again::setDoNotShowTipView(dueTip, true);
+  m_isTipOpen = m_isTipOpen || !dueTip.empty();
   m_securityTipView.hidden = !m_isTipOpen;
 }
 

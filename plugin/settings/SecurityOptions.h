@@ -72,7 +72,7 @@ class SecurityOptions {
   void resetPasswordTextFieldAccess(std::int64_t ruleResult);
   void onClickRequiredMeetingPswButton();
   void onClickEnableWaitingRoom();
-  void initSceurityTipView(bool isDue);
+  void initSceurityTipView(std::string_view dueTip);
   void closeTip();
 
   panel_rules::SecurityControls shown() const;

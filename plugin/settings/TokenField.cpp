@@ -90,11 +90,10 @@ void TokenField::textViewDidChangeSelection() {
   }
   if (word.empty()) return;
   const std::optional<std::string> only = onlyWordOf(text);
-  const std::optional<TokenChip> chip = only ? m_words.chipOfWord(*only) : std::nullopt;
-  if (!chip) return m_list.close();
+  if (!only || !m_words.isChipsWord(*only)) return m_list.close();
   // A blank before the word ends none: the first letters of an address may be one already, and the rest would be
   // left over.
-  if (endsWithSeparator(text)) request({*chip}, m_tokenRange);
+  if (endsWithSeparator(text)) m_words.takeWord(*only);
 }
 
 void TokenField::doCommand(TokenText::Key command) {
@@ -103,13 +102,13 @@ void TokenField::doCommand(TokenText::Key command) {
       m_list.close();
       return m_panel.steps.makeFirstResponderWithObject(nextControl(m_panel.controls, m_field.key));
     case TokenText::Key::down:
-      if (m_list.isShown()) m_list.selectNext();
+      if (m_list.isShown()) m_words.selectNext();
       return;
     case TokenText::Key::up:
-      if (m_list.isShown()) m_list.selectPrevious();
+      if (m_list.isShown()) m_words.selectPrevious();
       return;
     case TokenText::Key::newLine:
-      if (m_list.isShown()) userChose();
+      if (m_list.isShown()) m_words.takeSelected();
       return;
     default: return;
   }
@@ -126,12 +125,9 @@ void TokenField::takePasted(std::size_t length) {
   if (hasChip) tokens.replace(range, pieces);
 }
 
-void TokenField::userChose() {
-  const TokenChip* row = m_list.selected();
-  if (!row) return;
-  const TokenChip chip = *row;
+void TokenField::choose(const TokenChip& chip) {
   settle();
-  request({chip}, m_tokenRange);
+  request(chip);
   m_list.close();
 }
 

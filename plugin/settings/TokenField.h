@@ -23,8 +23,14 @@ class TokenField {
     virtual ~Words() = default;
     // The word that is being typed, never empty: fills and shows the list, or closes it.
     virtual void search(const std::string& word) = 0;
-    // The chip for a word behind which a separator was typed; absent leaves the text as it is.
-    virtual std::optional<TokenChip> chipOfWord(const std::string& word) = 0;
+    // Whether a separator behind the word makes a chip of it, and asks for that chip.
+    virtual bool isChipsWord(const std::string& word) const = 0;
+    virtual void takeWord(const std::string& word) = 0;
+    // Keys walk through the list.
+    virtual void selectNext() = 0;
+    virtual void selectPrevious() = 0;
+    // Chooses the row that is selected; nothing without one.
+    virtual void takeSelected() = 0;
     // What the field takes for a pasted text.
     virtual std::vector<TokenPiece> piecesOf(const std::string& pasted) = 0;
     // Nothing is being typed.
@@ -45,8 +51,10 @@ class TokenField {
   void refill(const std::vector<TokenChip>& chips, const std::string& text);
   // The user did something in the field.
   void userTyped();
-  // The user has clicked a row of the list.
-  void userChose();
+  // The chip comes a moment later in place of what is being typed.
+  void request(const TokenChip& chip) { request({chip}, m_tokenRange); }
+  // The same for one that was chosen from the list, which is closed.
+  void choose(const TokenChip& chip);
   // Puts in the chips that have not come yet.
   void settle();
   // The text as it will be when they have come.

@@ -1,7 +1,6 @@
 #include "settings/TokenSearchList.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace vorn {
 
@@ -21,34 +20,32 @@ TokenSearchList::TokenSearchList(ControlSet& controls, const std::string& window
   close();
 }
 
-void TokenSearchList::setData(const std::vector<Row>& rows) {
-  m_chips.clear();
+void TokenSearchList::setRows(const std::vector<std::string>& rows) {
   m_rows.items.clear();
-  for (const Row& row : rows) {
-    m_rows.items.emplace_back(row.text);
-    m_chips.push_back(row.chip);
-  }
-  m_rows.index = rows.empty() ? kNone : 0;
+  m_rows.index = kNone;
+  addRows(rows);
 }
 
-void TokenSearchList::selectNext() {
-  const int last = static_cast<int>(m_chips.size()) - 1;
-  m_rows.index = std::min(m_rows.index + 1, last);
+void TokenSearchList::addRows(const std::vector<std::string>& rows) {
+  for (const std::string& row : rows) m_rows.items.emplace_back(row);
+  if (m_rows.index == kNone && !isEmpty()) m_rows.index = 0;
 }
+
+void TokenSearchList::selectNext() { m_rows.index = std::min(m_rows.index + 1, rowCount() - 1); }
 
 void TokenSearchList::selectPrevious() {
-  const int from = m_rows.index == kNone ? static_cast<int>(m_chips.size()) : m_rows.index;
-  m_rows.index = m_chips.empty() ? kNone : std::max(from - 1, 0);
+  const int from = m_rows.index == kNone ? rowCount() : m_rows.index;
+  m_rows.index = isEmpty() ? kNone : std::max(from - 1, 0);
 }
 
-const TokenChip* TokenSearchList::selected() const {
-  const auto index = static_cast<std::size_t>(m_rows.index);
-  return m_rows.index >= 0 && index < m_chips.size() ? &m_chips[index] : nullptr;
+std::optional<std::size_t> TokenSearchList::selectedRow() const {
+  if (m_rows.index < 0 || m_rows.index >= rowCount()) return std::nullopt;
+  return static_cast<std::size_t>(m_rows.index);
 }
 
 void TokenSearchList::close() {
   m_window.hidden = true;
-  setData({});
+  setRows({});
 }
 
 }  // namespace vorn

@@ -15,7 +15,7 @@ VNAllowDenyRCController::VNAllowDenyRCController(const PanelParts& panel, Contro
                                                  std::function<void()> textHasChanged)
     : m_textHasChanged(std::move(textHasChanged)),
       m_list(panel.controls, inWindow),
-      m_tokens(panel, field, m_list.list(), *this) {}
+      m_tokens(panel, field, m_list, *this) {}
 
 std::string VNAllowDenyRCController::nameOf(const std::string& code) {
   return vnCommon::getCountryNameByCode(code).value_or("");
@@ -36,19 +36,19 @@ void VNAllowDenyRCController::fill(const std::vector<std::string>& codes, bool k
   const std::string words = keepsWords ? unknownWords(m_tokens.text(), isRegion) : "";
   std::vector<TokenChip> chips;
   for (const std::string& code : codes) {
-    if (!code.empty()) chips.push_back(chipOf(Region{code, nameOf(code)}));
+    if (!code.empty()) chips.push_back(chipOfCode(code));
   }
   m_tokens.refill(chips, words);
 }
 
 void VNAllowDenyRCController::initAllowDenyRCSearchListWithString(const std::string& word) {
   const TextOrder order(SettingsContext::userLanguage());
-  const std::vector<Region> offered =
+  std::vector<VNAllowDenyRCCell> offered =
       offeredRegions(m_regions, getAddedRegionCountriesFromView(), word, vnCommon::inLowerCase,
                      [&order](const std::string& name) { return order.key(name); });
   if (offered.empty()) return closeAllowDenyRCSearchListWindow();
-  m_list.setData(offered);
-  m_list.list().show();
+  m_list.setData(std::move(offered));
+  m_list.show();
 }
 
 std::vector<std::string> VNAllowDenyRCController::getAddedRegionCountriesFromView() const {
@@ -59,9 +59,15 @@ bool VNAllowDenyRCController::maySave() const { return maySaveRegions(m_tokens.t
 
 // A name and a separator make no chip: choosing from the list is the way. What the test for addresses lets through
 // is taken for a code.
-std::optional<TokenChip> VNAllowDenyRCController::chipOfWord(const std::string& word) {
-  if (!vnCommon::isValidEmail(word)) return std::nullopt;
-  return chipOf(Region{word, nameOf(word)});
+bool VNAllowDenyRCController::isChipsWord(const std::string& word) const { return vnCommon::isValidEmail(word); }
+
+void VNAllowDenyRCController::takeSelected() {
+  if (const VNAllowDenyRCCell* region = m_list.getSelectedCountryInfo())
+    selectUserInAllowDenyRCSearchList(*region);
+}
+
+TokenChip VNAllowDenyRCController::chipOfCode(const std::string& code) {
+  return chipOf(VNAllowDenyRCCell{code, nameOf(code)});
 }
 
 }  // namespace vorn

@@ -23,7 +23,7 @@ class VNAllowDenyRCController final : private TokenField::Words {
   void fill(const std::vector<std::string>& codes, bool keepsWords);
 
   void initAllowDenyRCSearchListWithString(const std::string& word);
-  void closeAllowDenyRCSearchListWindow() { m_list.list().close(); }
+  void closeAllowDenyRCSearchListWindow() { m_list.close(); }
   // The codes in the text, each once.
   std::vector<std::string> getAddedRegionCountriesFromView() const;
   // "" for what is no name of a region.
@@ -31,16 +31,28 @@ class VNAllowDenyRCController final : private TokenField::Words {
   bool maySave() const;
 
   TokenField& field() { return m_tokens; }
-  bool isListClicked(std::string_view key) const { return m_list.list().isClicked(key); }
+  bool isListClicked(std::string_view key) const { return m_list.cellClicked(key); }
+  // Chooses the row that is selected; nothing without one.
+  void takeSelected() override;
 
   static std::string nameOf(const std::string& code);
   static std::vector<std::string> namesOf(const std::vector<std::string>& codes);
 
  private:
   void search(const std::string& word) override { initAllowDenyRCSearchListWithString(word); }
-  std::optional<TokenChip> chipOfWord(const std::string& word) override;
+  bool isChipsWord(const std::string& word) const override;
+  void takeWord(const std::string& word) override { updateAllowDenyRCTextViewByRcCode(word); }
+  void selectNext() override { m_list.selectNextCountry(); }
+  void selectPrevious() override { m_list.selectPreviousCountry(); }
   std::vector<TokenPiece> piecesOf(const std::string& /*pasted*/) override { return {}; }
   void textHasChanged() override { m_textHasChanged(); }
+
+  static TokenChip chipOfCode(const std::string& code);
+  // The chip of the code, or of the region, takes the place of what is being typed in a moment.
+  void updateAllowDenyRCTextViewByRcCode(const std::string& code) { m_tokens.request(chipOfCode(code)); }
+  void selectUserInAllowDenyRCSearchList(const panel_rules::VNAllowDenyRCCell& region) {
+    m_tokens.choose(chipOf(region));
+  }
 
   const std::function<void()> m_textHasChanged;
   panel_rules::RegionTable m_regions;

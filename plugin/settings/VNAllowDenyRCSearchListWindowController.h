@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "settings/TokenSearchList.h"
@@ -8,23 +10,29 @@
 namespace vorn {
 
 // The list under the regions: those to choose from. Main thread only.
-class VNAllowDenyRCSearchListWindowController {
+class VNAllowDenyRCSearchListWindowController final : public TokenSearchList {
  public:
   VNAllowDenyRCSearchListWindowController(ControlSet& controls, const char* inWindow)
-      : m_list(controls, "allowDenyRCSearchListWindow", inWindow) {}
+      : TokenSearchList(controls, "allowDenyRCSearchListWindow", inWindow) {}
 
   // Selects the first.
-  void setData(const std::vector<panel_rules::Region>& regions) {
-    std::vector<TokenSearchList::Row> rows;
-    for (const panel_rules::Region& region : regions) rows.push_back({region.regionCountry, chipOf(region)});
-    m_list.setData(rows);
+  void setData(std::vector<panel_rules::VNAllowDenyRCCell> regions) {
+    std::vector<std::string> rows;
+    for (const panel_rules::VNAllowDenyRCCell& region : regions) rows.push_back(region.regionCountry);
+    m_dataArray = std::move(regions);
+    setRows(rows);
   }
 
-  TokenSearchList& list() { return m_list; }
-  const TokenSearchList& list() const { return m_list; }
+  void selectNextCountry() { selectNext(); }
+  void selectPreviousCountry() { selectPrevious(); }
+  // Null without a selection; holds until the data change.
+  const panel_rules::VNAllowDenyRCCell* getSelectedCountryInfo() const {
+    const auto row = selectedRow();
+    return row ? &m_dataArray[*row] : nullptr;
+  }
 
  private:
-  TokenSearchList m_list;
+  std::vector<panel_rules::VNAllowDenyRCCell> m_dataArray;
 };
 
 }  // namespace vorn

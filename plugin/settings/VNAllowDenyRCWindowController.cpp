@@ -108,7 +108,7 @@ void VNAllowDenyRCWindowController::userChanged(std::string_view key) {
   if (key == m_textField.key) {
     m_allowDenyRCController.field().userTyped();
   } else if (m_allowDenyRCController.isListClicked(key)) {
-    m_allowDenyRCController.field().userChose();
+    m_allowDenyRCController.takeSelected();
   } else {
     // A press beside the list closes it, and what was chosen there counts.
     m_allowDenyRCController.field().settle();

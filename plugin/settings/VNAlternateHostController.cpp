@@ -21,22 +21,24 @@ bool isValid(const std::string& email) { return vnCommon::isValidEmail(email); }
 VNAlternateHostController::VNAlternateHostController(const PanelParts& panel, Control& field, Watcher watcher)
     : m_panel(panel),
       m_watcher(std::move(watcher)),
-      m_list(panel.controls),
-      m_tokens(panel, field, m_list.list(), *this) {}
+      m_alternateHostSearchListWindow(panel.controls),
+      m_tokens(panel, field, m_alternateHostSearchListWindow, *this) {}
 
-AlternateHost VNAlternateHostController::entryOf(const std::string& email) {
+VNAlternateHostCell VNAlternateHostController::entryOf(const std::string& email) {
   return {.name = VNAlternateHostHelper::sharedInstance().getAlternateHostDisplayNameByEmail(email),
           .email = email};
 }
 
 // -- Who is offered ----------------------------------------------------------------------------------------------
 
-std::vector<AlternateHost> VNAlternateHostController::attendees() const {
-  std::vector<AlternateHost> people;
+std::vector<VNAlternateHostCell> VNAlternateHostController::attendees() {
+  std::vector<VNAlternateHostCell> people;
+  m_attendees = FoldedEmails();
   const Value list = m_panel.context.attendeesList();
   for (const Value& attendee : list.items()) {
     const std::string email = attendee[vn_ApptInfo_AttendeeEmail].text();
     people.push_back({attendee[vn_ApptInfo_AttendeeName].text(), email, email});
+    m_attendees.add(email);
   }
   return people;
 }
@@ -47,21 +49,38 @@ std::string VNAlternateHostController::getScheduleForEmail() const {
 }
 
 void VNAlternateHostController::initAlternatehostSearchListWithString(const std::string& /*word*/) {
-  const std::vector<AlternateHost> offered =
-      offeredHosts(attendees(), VNAlternateHostHelper::sharedInstance().getInputAlternateHostHistory(),
-                   folded(getInvitedUserInfoFromView()), getScheduleForEmail());
-  if (offered.empty()) return closeAlternateHostSearchListWindow();
-  m_list.setData(offered);
-  m_list.list().show();
+  auto& list = m_alternateHostSearchListWindow;
+  list.setExistedUser(getInvitedUserInfoFromView());
+  const auto isUserExisted = [&list](const std::string& email) { return list.isUserExisted(email); };
+  const std::string own = getScheduleForEmail();
+  list.setData(offeredHosts(attendees(), isUserExisted, own));
+  const auto earlier = earlierHosts(VNAlternateHostHelper::sharedInstance().getInputAlternateHostHistory(),
+                                    [this](const std::string& email) { return isExistedInAttendeeList(email); });
+  list.addDataWithArray(offeredHosts(earlier, isUserExisted, own));
+  if (list.isEmpty()) return closeAlternateHostSearchListWindow();
+  showAlternateHostSearchListWindowWithTextView();
 }
 
-bool VNAlternateHostController::isListClicked(std::string_view key) const { return m_list.list().isClicked(key); }
+void VNAlternateHostController::takeSelected() {
+  const VNAlternateHostCell* user = m_alternateHostSearchListWindow.getSelectedUserInfo();
+  if (user) selectUserInAlternateHostSearchList(*user);
+}
 
 // -- What stands in the field ------------------------------------------------------------------------------------
 
-std::optional<TokenChip> VNAlternateHostController::chipOfWord(const std::string& word) {
-  if (!isValid(word)) return std::nullopt;
-  return chipOf(entryOf(word));
+bool VNAlternateHostController::isChipsWord(const std::string& word) const { return isValid(word); }
+
+void VNAlternateHostController::updateAlternateHostTextViewByEmail(const std::string& email) {
+  m_tokens.request(chipOf(entryOf(email)));
+}
+
+void VNAlternateHostController::selectUserInAlternateHostSearchList(const VNAlternateHostCell& user) {
+  m_tokens.choose(chipOf(user));
+}
+
+std::string VNAlternateHostController::getAlternateHostWhenSelectionChange() const {
+  const std::optional<CurrentToken> token = currentToken(m_tokens.text());
+  return token ? trimmed(token->text) : "";
 }
 
 std::vector<TokenPiece> VNAlternateHostController::piecesOf(const std::string& pasted) {
@@ -76,7 +95,9 @@ std::vector<std::string> VNAlternateHostController::getInvitedUserInfoToCome() c
   return invitedUsers(m_tokens.settledText(), isValid);
 }
 
-bool VNAlternateHostController::hasError() const { return hasAlternateHostError(m_tokens.text(), isValid); }
+bool VNAlternateHostController::hasError() const {
+  return hasAlternateHostError(m_tokens.text(), getAlternateHostWhenSelectionChange(), isValid);
+}
 
 std::string VNAlternateHostController::wordsThatAreNoAddress() const {
   return unknownWords(m_tokens.text(), isValid);

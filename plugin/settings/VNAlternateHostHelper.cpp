@@ -1,10 +1,7 @@
 #include "settings/VNAlternateHostHelper.h"
 
-#include <unordered_set>
-
 #include "platform/Registry.h"
 #include "platform/UserDefaults.h"
-#include "util/Text.h"
 
 namespace vorn {
 
@@ -31,10 +28,11 @@ void VNAlternateHostHelper::addToInputAlternateHostHistory(const Value& alternat
   if (!alternateHosts.isArray()) return;
   Value history = stored();
   if (!history.isArray()) history = Value::array();
-  std::unordered_set<std::string> known;
-  for (const Value& entry : history.items()) known.insert(caseFolded(entry.text()));
+  panel_rules::FoldedEmails known(getInputAlternateHostHistory());
   for (const Value& host : alternateHosts.items()) {
-    if (!host.text().empty() && known.insert(caseFolded(host.text())).second) history.append(host);
+    if (host.text().empty() || hasExistedInInputAlternateHostHistory(known, host.text())) continue;
+    known.add(host.text());
+    history.append(host);
   }
   UserDefaults& defaults = *Registry::platform().userDefaults;
   defaults.setObject(history, kVPInputAlternateHostHistory);

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "settings/rules/AlternateHosts.h"
 #include "workflow/SettingsPanel.h"
 
 namespace vorn {
@@ -20,6 +21,13 @@ class VNAlternateHostHelper final : public AlternateHostHistory {
   // Adds who is not in it yet, in any case of letters, and brings it to the disk. Anything but an array adds
   // nobody.
   void addToInputAlternateHostHistory(const Value& alternateHosts) override;
+
+ private:
+  // In any case of letters, of a history that has been read.
+  static bool hasExistedInInputAlternateHostHistory(const panel_rules::FoldedEmails& history,
+                                                    const std::string& email) {
+    return history.contains(email);
+  }
 };
 
 }  // namespace vorn

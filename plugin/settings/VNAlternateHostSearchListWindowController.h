@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "settings/TokenSearchList.h"
@@ -8,18 +9,31 @@
 namespace vorn {
 
 // The list under the alternate hosts: people to choose from. Main thread only.
-class VNAlternateHostSearchListWindowController {
+class VNAlternateHostSearchListWindowController final : public TokenSearchList {
  public:
+  using Users = std::vector<panel_rules::VNAlternateHostCell>;
+
   explicit VNAlternateHostSearchListWindowController(ControlSet& controls);
 
-  // Selects the first.
-  void setData(const std::vector<panel_rules::AlternateHost>& users);
+  // Who is in the field already, by their e-mails, in any case of letters.
+  void setExistedUser(const std::vector<std::string>& emails) {
+    m_existedUsers = panel_rules::FoldedEmails(emails);
+  }
+  bool isUserExisted(const std::string& email) const { return m_existedUsers.contains(email); }
 
-  TokenSearchList& list() { return m_list; }
-  const TokenSearchList& list() const { return m_list; }
+  // Selects the first.
+  void setData(Users users);
+  // Behind the others; the selection stays.
+  void addDataWithArray(const Users& users);
+
+  void selectNextUser() { selectNext(); }
+  void selectPreviousUser() { selectPrevious(); }
+  // Null without a selection; holds until the data change.
+  const panel_rules::VNAlternateHostCell* getSelectedUserInfo() const;
 
  private:
-  TokenSearchList m_list;
+  Users m_dataArray;
+  panel_rules::FoldedEmails m_existedUsers;
 };
 
 }  // namespace vorn

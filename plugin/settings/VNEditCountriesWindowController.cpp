@@ -68,6 +68,10 @@ void VNEditCountriesWindowController::initializeItems() {
   m_errorForNoSelectedField.text = panelText("LN_Schedule_EditCountries_No_Selected_Country_Warning_16058");
   m_doneBtn.text = panelText("LN_Schedule_EditCountries_Done");
   m_cancelBtn.text = panelText("Button_Cancel");
+  initCountriesWithProfile();
+}
+
+void VNEditCountriesWindowController::initCountriesWithProfile() {
   m_countryContent = vnUserProfileHelper::sharedInstance().getAvailableDialinCountry();
   initCurSelectedCountriesArray();
 }

@@ -58,6 +58,8 @@ class VNEditCountriesWindowController {
  private:
   void showContent();
   void refreshUIItems();
+  // The list itself is made when the window is shown.
+  void initCountriesWithProfile();
   void updateAllCountries();
   void resetAllCountriesArraySelectedFlag();
   void initCurSelectedCountriesArray();

@@ -22,7 +22,7 @@ VnSettingWindowController::VnSettingWindowController(std::string apptWindowID, c
 void VnSettingWindowController::awake() {
   m_mySettingViewController = std::make_unique<VnSettingViewController>(m_context);
   m_banners = std::make_unique<Banners>(m_mySettingViewController->controls(), m_context);
-  m_banners->scheduleLimitation.setEmbedSettingWindowMode(true);
+  m_banners->myScheduleLimitationViewController.setEmbedSettingWindowMode(true);
   m_mySettingViewController->setRefreshTarget([this](bool forPMI) { refreshUseWebSettingTipViewUI(forPMI); });
   initFields(true);
 }
@@ -35,11 +35,11 @@ void VnSettingWindowController::initFields(bool first) {
   } else {
     m_mySettingViewController->updateUIItemsForNextTime();
   }
-  m_banners->scheduleLimitation.initFields(m_context.durationExceedThanMaxMins());
-  m_banners->pluginTurnoff.initFields();
-  m_banners->userSettingTip.setIsForPMI(m_mySettingViewController->settingData().usePMI());
-  m_banners->userSettingTip.initFields();
-  m_banners->epidemicTip.initFields();
+  m_banners->myScheduleLimitationViewController.initFields(m_context.durationExceedThanMaxMins());
+  m_banners->myPluginTurnoffViewController.initFields();
+  m_banners->myUserSettingTipViewController.setIsForPMI(m_mySettingViewController->settingData().usePMI());
+  m_banners->myUserSettingTipViewController.initFields();
+  m_banners->myEpidemicTipViewController.initFields();
 }
 
 void VnSettingWindowController::showWindowSheet() {
@@ -56,9 +56,9 @@ void VnSettingWindowController::userUsed(const std::string& key) {
   if (key == "buttonContinue") return m_myButtonGroupViewController.onClickContinue();
   if (key == "buttonCancel") return m_myButtonGroupViewController.onClickCancel();
   m_mySettingViewController->userChanged(key);
-  m_banners->scheduleLimitation.userChanged(key);
-  m_banners->pluginTurnoff.userChanged(key);
-  m_banners->userSettingTip.userChanged(key);
+  m_banners->myScheduleLimitationViewController.userChanged(key);
+  m_banners->myPluginTurnoffViewController.userChanged(key);
+  m_banners->myUserSettingTipViewController.userChanged(key);
 }
 
 // A reply for a panel that the user has left meanwhile comes too late: it would change what he has committed, or
@@ -72,8 +72,8 @@ void VnSettingWindowController::refreshUI(bool forPMI) {
 
 void VnSettingWindowController::refreshUseWebSettingTipViewUI(bool forPMI) {
   if (!m_banners) return;
-  m_banners->userSettingTip.setIsForPMI(forPMI);
-  m_banners->userSettingTip.initFields();
+  m_banners->myUserSettingTipViewController.setIsForPMI(forPMI);
+  m_banners->myUserSettingTipViewController.initFields();
 }
 
 void VnSettingWindowController::closeSubWindows() {
@@ -113,7 +113,8 @@ void VnSettingWindowController::postSettingCommitCommand(const Value& command) {
     m_mySettingViewController->onSettingsCommit(isOK);
   }
   // The manager's answer may load the panel, and its banners, once more.
-  const std::optional<bool> noMoreNotices = m_banners ? m_banners->scheduleLimitation.wish() : std::nullopt;
+  const std::optional<bool> noMoreNotices =
+      m_banners ? m_banners->myScheduleLimitationViewController.wish() : std::nullopt;
   Value told = command;
   told.set(keyApptWindowID, m_context.windowId());
   // The manager acts on the commit before the choices are saved.

@@ -75,15 +75,15 @@ class VnSettingWindowController final : public SettingsPanel,
   // What stands above the options, in the options' controls.
   struct Banners {
     Banners(ControlSet& controls, const SettingsContext& context)
-        : scheduleLimitation(controls),
-          pluginTurnoff(controls),
-          userSettingTip(controls, context),
-          epidemicTip(controls) {}
+        : myScheduleLimitationViewController(controls),
+          myPluginTurnoffViewController(controls),
+          myUserSettingTipViewController(controls, context),
+          myEpidemicTipViewController(controls) {}
 
-    vnScheduleLimitationViewController scheduleLimitation;
-    vnPluginTurnoffViewController pluginTurnoff;
-    VnUserSettingTipViewController userSettingTip;
-    vnEpidemicTipViewController epidemicTip;
+    vnScheduleLimitationViewController myScheduleLimitationViewController;
+    vnPluginTurnoffViewController myPluginTurnoffViewController;
+    VnUserSettingTipViewController myUserSettingTipViewController;
+    vnEpidemicTipViewController myEpidemicTipViewController;
   };
 
   std::unique_ptr<VnSettingViewController> m_mySettingViewController;

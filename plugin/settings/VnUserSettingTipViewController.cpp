@@ -26,15 +26,19 @@ VnUserSettingTipViewController::VnUserSettingTipViewController(ControlSet& contr
       m_closeButton(controls.add(Kind::button, "userSettingTipCloseButton", kTipView)) {}
 
 void VnUserSettingTipViewController::initFields() {
+  m_text.text = panelText("LN_Schedule_UserSetting_Tip_169898");
+  m_changeSettingsLink.text = panelText("LN_Schedule_UserSetting_ChangeSettings_169898");
+  m_closeButton.text = panelText("LN_Schedule_Tip_Close");
+  updateCtrlPos();
+}
+
+void VnUserSettingTipViewController::updateCtrlPos() {
   const panel_rules::Notices notices = panel_rules::noticesFor(
       {.notShowUserSettingMessage = not_again::userSettingTip().isSet(),
        .isShowUseWebSettingTipView = vnUserProfileHelper::sharedInstance().isShowUseWebSettingTipView(),
        .isForUpdateVornMeeting = m_context.isForUpdateVornMeeting(),
        .isForPMI = m_isForPMI});
   m_view.hidden = !notices.userSettingTip;
-  m_text.text = panelText("LN_Schedule_UserSetting_Tip_169898");
-  m_changeSettingsLink.text = panelText("LN_Schedule_UserSetting_ChangeSettings_169898");
-  m_closeButton.text = panelText("LN_Schedule_Tip_Close");
 }
 
 void VnUserSettingTipViewController::userChanged(std::string_view key) {
@@ -43,7 +47,7 @@ void VnUserSettingTipViewController::userChanged(std::string_view key) {
   }
   if (key != m_closeButton.key) return;
   not_again::userSettingTip().set(true);
-  initFields();
+  updateCtrlPos();
 }
 
 }  // namespace vorn

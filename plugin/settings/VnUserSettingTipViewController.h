@@ -15,12 +15,14 @@ class VnUserSettingTipViewController {
 
   // The panel shows the personal meeting.
   void setIsForPMI(bool isForPMI) { m_isForPMI = isForPMI; }
-  // Shows or hides it.
+  // The texts, and whether it is shown.
   void initFields();
   // What the user has clicked; nothing for a control that is not this banner's.
   void userChanged(std::string_view key);
 
  private:
+  void updateCtrlPos();
+
   const SettingsContext& m_context;
   bool m_isForPMI = false;
 

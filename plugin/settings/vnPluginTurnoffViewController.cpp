@@ -33,12 +33,16 @@ vnPluginTurnoffViewController::vnPluginTurnoffViewController(ControlSet& control
 
 void vnPluginTurnoffViewController::initFields() {
   const LinkedMessage message = pluginTurnoffMessage(panelText);
-  m_view.hidden = !noticesFor({.notShowPluginTurnoffMessage = not_again::pluginTurnoff().isSet()}).pluginTurnoff;
   show(m_before, message.before);
   show(m_link, message.link);
   show(m_after, message.after);
   show(m_helperLink, message.secondLink);
   m_closeButton.text = panelText("LN_Schedule_Tip_Close");
+  updateCtrlPos();
+}
+
+void vnPluginTurnoffViewController::updateCtrlPos() {
+  m_view.hidden = !noticesFor({.notShowPluginTurnoffMessage = not_again::pluginTurnoff().isSet()}).pluginTurnoff;
 }
 
 void vnPluginTurnoffViewController::userChanged(std::string_view key) {
@@ -46,7 +50,7 @@ void vnPluginTurnoffViewController::userChanged(std::string_view key) {
   if (key == m_helperLink.key) Registry::platform().workspace->openWebPage(VornAddinHelperLink);
   if (key != m_closeButton.key) return;
   not_again::pluginTurnoff().set(true);
-  initFields();
+  updateCtrlPos();
 }
 
 }  // namespace vorn

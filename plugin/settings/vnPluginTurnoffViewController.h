@@ -12,12 +12,14 @@ class vnPluginTurnoffViewController {
  public:
   explicit vnPluginTurnoffViewController(ControlSet& controls);
 
-  // Shows or hides it.
+  // The texts, and whether it is shown.
   void initFields();
   // What the user has clicked; nothing for a control that is not this banner's.
   void userChanged(std::string_view key);
 
  private:
+  void updateCtrlPos();
+
   Control& m_view;
   // The sentence, of which one part is a link.
   Control& m_before;

@@ -57,7 +57,9 @@ TEST(AlternateHostRules, WhoIsMeantAndWhatIsAnError) {
     tokens.replace({}, row.pieces);
     tokens.select({row.caret, 0});
     EXPECT_EQ(invitedUsers(tokens, isAddress), row.users);
-    EXPECT_EQ(hasAlternateHostError(tokens, isAddress), row.isError);
+    EXPECT_EQ(
+        hasAlternateHostError(tokens, trimmed(currentToken(tokens).value_or(CurrentToken()).text), isAddress),
+        row.isError);
   }
 }
 
@@ -89,13 +91,16 @@ TEST(AlternateHostRules, APastedListBecomesChipsAndTheRestStays) {
 }
 
 TEST(AlternateHostRules, OffersAttendeesAndThenEarlierHosts) {
-  const std::vector<AlternateHost> attendees = {
+  const std::vector<VNAlternateHostCell> attendees = {
       {"Jane", "j@k.l", "j@k.l"}, {"Me", "ME@k.l", "ME@k.l"}, {}, {"", "q@k.l", "q@k.l"}};
-  const std::vector<std::string> history = {"old@k.l", "J@K.L", "me@K.L", "", "in@k.l"};
-  const std::vector<AlternateHost> offered =
-      offeredHosts(attendees, history, folded({"IN@k.l", "Q@k.l"}), "me@k.l");
+  const FoldedEmails existed({"IN@k.l", "Q@k.l"});
+  const auto isUserExisted = [&](const std::string& email) { return existed.contains(email); };
+  const auto isAttendee = [](const std::string& email) { return FoldedEmails({"j@k.l"}).contains(email); };
+  const auto earlier = earlierHosts({"old@k.l", "J@K.L", "me@K.L", "", "in@k.l"}, isAttendee);
   std::vector<std::string> shown;
-  for (const AlternateHost& each : offered) shown.push_back(rowOf(each));
+  for (const auto& users : {attendees, earlier}) {
+    for (const auto& each : offeredHosts(users, isUserExisted, "me@k.l")) shown.push_back(rowOf(each));
+  }
   EXPECT_THAT(shown, ElementsAre("Jane <j@k.l>", "old@k.l"));
 }
 

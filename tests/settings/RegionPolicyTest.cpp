@@ -52,7 +52,9 @@ const RegionTable kRegionNames({"DE", "NE", "", "NG", "AT", "X1", "X2"}, [](cons
 });
 
 TEST(RegionRules, WhatTheFieldMeansAndWhenItMayBeSaved) {
-  const auto region = [](const std::string& code) { return TokenPiece{.chip = chipOf(Region{code, code})}; };
+  const auto region = [](const std::string& code) {
+    return TokenPiece{.chip = chipOf(VNAllowDenyRCCell{code, code})};
+  };
   const auto words = [](const std::string& text) { return TokenPiece{.text = text}; };
   const struct {
     std::vector<TokenPiece> pieces;
@@ -98,7 +100,7 @@ TEST(RegionRules, OffersWhatBeginsWithTheWord) {
               {"", {"DE", "X2"}, {"NE", "NG", "AT", "X1"}}};
   for (const auto& row : rows) {
     std::vector<std::string> codes;
-    for (const Region& region : offeredRegions(kRegionNames, row.added, row.word, lower, key))
+    for (const VNAllowDenyRCCell& region : offeredRegions(kRegionNames, row.added, row.word, lower, key))
       codes.push_back(region.rcCode);
     EXPECT_EQ(codes, row.codes) << row.word;
   }

@@ -158,7 +158,7 @@ TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOn
   EXPECT_TRUE(shown()->isOnScreen("securityTipText")) << "nobody has closed it";
   click("securityTipCloseButton");
   EXPECT_TRUE(control("securityTipView").hidden);
-  EXPECT_TRUE(not_again::waitingRoomTip().isSet());
+  EXPECT_TRUE(not_again::doNotShowTipView(vn_LocalProfile_SecurityTip_NotShownAgain_WR));
 
   turn("enableWaitingRoom", false);
   EXPECT_FALSE(control("securityErrorTextField").hidden);
@@ -215,7 +215,8 @@ TEST_F(SecurityPanelTest, EndToEndEncryptionIsExplainedOnceAndGivesEarlyJoiningB
   EXPECT_TRUE(shown()->isOnScreen("encryptionTipText"));
   click("encryptionTipLearnMoreButton");
   click("encryptionTipCloseButton");
-  EXPECT_TRUE(control("encryptionTipView").hidden && not_again::encryptionTip().isSet());
+  EXPECT_TRUE(control("encryptionTipView").hidden &&
+              not_again::doNotShowTipView(vn_LocalProfile_EncryptionTip_NotShownAgain));
   EXPECT_THAT(test.workspace.openedPages, ElementsAre(kEncryptionHelpLink));
   click("buttonContinue");
   EXPECT_FALSE(settings()[vn_Setting_EnableJBH].boolValue());

@@ -15,7 +15,7 @@ Value refusedAlternateHosts(std::string_view moreInfo) {
   return emails;
 }
 
-std::string alternateHostsMessage(const Value& emails) {
+std::string getAlternateHostDisplayError(const Value& emails) {
   std::string shown;
   bool isFirst = true;
   for (const Value& email : emails.items()) {

@@ -10,6 +10,6 @@ namespace vorn {
 // The addresses in what the client says of refused alternate hosts: items with commas between, each up to its "#".
 Value refusedAlternateHosts(std::string_view moreInfo);
 // What the user is told of them.
-std::string alternateHostsMessage(const Value& emails);
+std::string getAlternateHostDisplayError(const Value& emails);
 
 }  // namespace vorn

@@ -96,7 +96,7 @@ std::string vnAPIBase::refusedAlternateHosts(const HostObject& parentWindow) {
   Registry::platform().notificationCenter->post(
       notify_Schedule_AlternateHostError, nullptr,
       Value::dictionaryFromPairs({{"emails", emails}, {keyApptWindowID, parentWindow.windowId()}}));
-  return alternateHostsMessage(emails);
+  return getAlternateHostDisplayError(emails);
 }
 
 std::string vnAPIBase::disabledPMIMessage(const HostObject& parentWindow) {

@@ -113,12 +113,12 @@ class PasteReader {
 
 }  // namespace
 
-TokenChip chipOf(const AlternateHost& host) {
+TokenChip chipOf(const VNAlternateHostCell& host) {
   return {.title = host.name.empty() ? host.email : host.name,
           .fields = {{"name", host.name}, {"jid", host.jid}, {"email", host.email}}};
 }
 
-std::string rowOf(const AlternateHost& host) {
+std::string rowOf(const VNAlternateHostCell& host) {
   return host.name.empty() ? host.email : host.name + " <" + host.email + ">";
 }
 
@@ -135,41 +135,39 @@ std::vector<std::string> invitedUsers(const TokenText& tokens, const AddressTest
   return users;
 }
 
-bool hasAlternateHostError(const TokenText& tokens, const AddressTest& isValid) {
+bool hasAlternateHostError(const TokenText& tokens, const std::string& typed, const AddressTest& isValid) {
   const auto isInvalid = [&isValid](const std::string& user) { return !isValid(user); };
   const std::vector<std::string> users = invitedUsers(tokens, isValid);
   if (std::any_of(users.begin(), users.end(), isInvalid)) return true;
-  const std::optional<CurrentToken> token = currentToken(tokens);
-  const std::string typed = token ? trimmed(token->text) : "";
   if (!typed.empty() && !isValid(typed)) return true;
   // Away from the caret, too: a commit would lose it without a word.
   return !unknownWords(tokens, isValid).empty();
 }
 
-FoldedEmails folded(const std::vector<std::string>& emails) {
-  FoldedEmails all;
-  for (const std::string& email : emails) all.insert(caseFolded(email));
-  return all;
+FoldedEmails::FoldedEmails(const std::vector<std::string>& emails) {
+  for (const std::string& email : emails) add(email);
 }
 
-std::vector<AlternateHost> offeredHosts(const std::vector<AlternateHost>& attendees,
-                                        const std::vector<std::string>& history, const FoldedEmails& existed,
-                                        const std::string& ownEmail) {
-  std::vector<AlternateHost> offered;
-  FoldedEmails left = existed;
-  left.insert(caseFolded(ownEmail));
-  left.insert("");
-  FoldedEmails invited;
-  for (const AlternateHost& attendee : attendees) {
-    const std::string email = caseFolded(attendee.email);
-    invited.insert(email);
-    if (!left.contains(email)) offered.push_back(attendee);
+bool FoldedEmails::add(const std::string& email) { return m_emails.insert(caseFolded(email)).second; }
+
+bool FoldedEmails::contains(const std::string& email) const { return m_emails.contains(caseFolded(email)); }
+
+std::vector<VNAlternateHostCell> offeredHosts(std::vector<VNAlternateHostCell> users,
+                                              const AddressTest& isUserExisted, const std::string& ownEmail) {
+  const FoldedEmails own({ownEmail});
+  std::erase_if(users, [&](const VNAlternateHostCell& user) {
+    return user.email.empty() || own.contains(user.email) || isUserExisted(user.email);
+  });
+  return users;
+}
+
+std::vector<VNAlternateHostCell> earlierHosts(const std::vector<std::string>& history,
+                                              const AddressTest& isExistedInAttendeeList) {
+  std::vector<VNAlternateHostCell> hosts;
+  for (const std::string& email : history) {
+    if (!isExistedInAttendeeList(email)) hosts.push_back({.jid = email, .email = email});
   }
-  for (const std::string& entry : history) {
-    const std::string email = caseFolded(entry);
-    if (!left.contains(email) && !invited.contains(email)) offered.push_back({.jid = entry, .email = entry});
-  }
-  return offered;
+  return hosts;
 }
 
 std::vector<TokenPiece> pastedHosts(std::string_view text, const AddressTest& isValid) {

@@ -15,33 +15,45 @@ namespace vorn::panel_rules {
 
 using AddressTest = std::function<bool(const std::string&)>;
 
-struct AlternateHost {
+// Who is a host: what a chip of the field carries, and an entry of the list.
+struct VNAlternateHostCell {
   std::string name{};
   std::string jid{};
   std::string email{};
 
-  bool operator==(const AlternateHost&) const = default;
+  bool operator==(const VNAlternateHostCell&) const = default;
 };
 
 // A host in the field, and in a row of the list.
-TokenChip chipOf(const AlternateHost& host);
-std::string rowOf(const AlternateHost& host);
+TokenChip chipOf(const VNAlternateHostCell& host);
+std::string rowOf(const VNAlternateHostCell& host);
 
 // The addresses in the field in the order of the text, each once: those of the chips, and the plain texts that are
 // addresses.
 std::vector<std::string> invitedUsers(const TokenText& tokens, const AddressTest& isValid);
-// Something in the field is no address, or the word that is being typed is not one yet.
-bool hasAlternateHostError(const TokenText& tokens, const AddressTest& isValid);
+// Something in the field is no address, or what is being typed is not one yet.
+bool hasAlternateHostError(const TokenText& tokens, const std::string& typed, const AddressTest& isValid);
 
-// E-mails in the form in which they are equal without case.
-using FoldedEmails = std::unordered_set<std::string>;
-FoldedEmails folded(const std::vector<std::string>& emails);
+// E-mails that are equal in any case of letters.
+class FoldedEmails {
+ public:
+  FoldedEmails() = default;
+  explicit FoldedEmails(const std::vector<std::string>& emails);
 
-// Who is offered: the attendees, and who was a host before and is no attendee. Nobody who is in the field already,
-// nobody without an address, and not oneself.
-std::vector<AlternateHost> offeredHosts(const std::vector<AlternateHost>& attendees,
-                                        const std::vector<std::string>& history, const FoldedEmails& existed,
-                                        const std::string& ownEmail);
+  // False when it was there already.
+  bool add(const std::string& email);
+  bool contains(const std::string& email) const;
+
+ private:
+  std::unordered_set<std::string> m_emails;
+};
+
+// Who is offered: of these nobody who is in the field already, nobody without an address, and not oneself.
+std::vector<VNAlternateHostCell> offeredHosts(std::vector<VNAlternateHostCell> users,
+                                              const AddressTest& isUserExisted, const std::string& ownEmail);
+// Who was a host before and is no attendee.
+std::vector<VNAlternateHostCell> earlierHosts(const std::vector<std::string>& history,
+                                              const AddressTest& isExistedInAttendeeList);
 
 // What the field takes for a pasted text: a chip for each address, and the words that are none as they were. An
 // entry "Jane Doe <jane@example.com>" is one chip, with that name.

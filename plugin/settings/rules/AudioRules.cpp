@@ -13,7 +13,7 @@ constexpr int kSecondAccount = 1;
 constexpr std::int32_t kNameWithSeveralAccounts = 18;
 constexpr std::int32_t kNameWithOneAccount = 30;
 
-void chooseOnTspSite(AudioControls& controls, const AudioSite& site, std::int64_t audioType) {
+void initAudioOptionsForTSP(AudioControls& controls, const AudioSite& site, std::int64_t audioType) {
   const bool several = site.moreThanOneTSPAccounts();
   controls.telephonyHidden = several;
   controls.tspAccountHidden = !several;
@@ -37,7 +37,7 @@ AudioControls audioAtLoad(const AudioSite& site, std::int64_t audioType) {
   AudioControls controls{.bothHidden = site.isScheduleAudioBothDisabled,
                          .thirdPartyHidden = !site.enableThirdPartyAudio};
   if (site.isTspSite) {
-    chooseOnTspSite(controls, site, audioType);
+    initAudioOptionsForTSP(controls, site, audioType);
     return controls;
   }
   controls.tspAccountHidden = true;

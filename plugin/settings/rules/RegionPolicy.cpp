@@ -57,7 +57,7 @@ bool opensWindowFirst(bool isPolicyOn, bool hasCodeList, bool isListEmpty, bool 
   return !isPolicyOn && hasCodeList && isListEmpty && isTurnedOn;
 }
 
-TokenChip chipOf(const Region& region) {
+TokenChip chipOf(const VNAllowDenyRCCell& region) {
   return {.title = region.regionCountry,
           .fields = {{"rcCode", region.rcCode}, {"regionCountry", region.regionCountry}}};
 }
@@ -82,21 +82,21 @@ bool maySaveRegions(const TokenText& tokens, const RegionTable& regions) {
   return unknownWords(tokens, isRegion).empty() && !addedRegionCodes(tokens, regions).empty();
 }
 
-std::vector<Region> offeredRegions(const RegionTable& regions, const std::vector<std::string>& added,
-                                   const std::string& word,
-                                   const std::function<std::string(const std::string&)>& inLowerCase,
-                                   const std::function<std::string(const std::string&)>& orderKey) {
+std::vector<VNAllowDenyRCCell> offeredRegions(const RegionTable& regions, const std::vector<std::string>& added,
+                                              const std::string& word,
+                                              const std::function<std::string(const std::string&)>& inLowerCase,
+                                              const std::function<std::string(const std::string&)>& orderKey) {
   const std::unordered_set<std::string> isAdded(added.begin(), added.end());
   const std::string begin = inLowerCase(word);
-  std::vector<std::pair<std::string, Region>> found;
-  for (const Region& region : regions.all()) {
+  std::vector<std::pair<std::string, VNAllowDenyRCCell>> found;
+  for (const VNAllowDenyRCCell& region : regions.all()) {
     if (isAdded.contains(region.rcCode)) continue;
     const std::string name = inLowerCase(region.regionCountry);
     if (name.starts_with(begin)) found.emplace_back(orderKey(name), region);
   }
   std::stable_sort(found.begin(), found.end(),
                    [](const auto& one, const auto& other) { return one.first < other.first; });
-  std::vector<Region> offered;
+  std::vector<VNAllowDenyRCCell> offered;
   for (auto& [key, region] : found) offered.push_back(std::move(region));
   return offered;
 }

@@ -20,11 +20,11 @@ namespace vorn::panel_rules {
 inline constexpr std::int64_t kRegionsAllowed = 0;
 inline constexpr std::int64_t kRegionsBlocked = 1;
 
-struct Region {
+struct VNAllowDenyRCCell {
   std::string rcCode{};
   std::string regionCountry{};
 
-  bool operator==(const Region&) const = default;
+  bool operator==(const VNAllowDenyRCCell&) const = default;
 };
 
 // Regions by their codes and their names. Where two share a name the first has it.
@@ -35,12 +35,12 @@ class RegionTable {
   RegionTable() = default;
   RegionTable(const std::vector<std::string>& codes, const Naming& nameOf);
 
-  const std::vector<Region>& all() const { return m_all; }
+  const std::vector<VNAllowDenyRCCell>& all() const { return m_all; }
   // "" for a text that is no region's name to the letter.
   std::string getRCCodeByCountry(const std::string& name) const;
 
  private:
-  std::vector<Region> m_all;
+  std::vector<VNAllowDenyRCCell> m_all;
   std::map<std::string, std::string> m_codes;
 };
 
@@ -68,7 +68,7 @@ bool opensWindowFirst(bool isPolicyOn, bool hasCodeList, bool isListEmpty, bool 
 
 // -- The window --------------------------------------------------------------------------------------------------
 
-TokenChip chipOf(const Region& region);
+TokenChip chipOf(const VNAllowDenyRCCell& region);
 
 // The codes in the text in its order, each once: those of the chips, and of plain texts that are a region's name.
 std::vector<std::string> addedRegionCodes(const TokenText& tokens, const RegionTable& regions);
@@ -76,9 +76,9 @@ std::vector<std::string> addedRegionCodes(const TokenText& tokens, const RegionT
 bool maySaveRegions(const TokenText& tokens, const RegionTable& regions);
 // Those that are not in the text yet and whose name begins with the word, both in lower case, sorted by name as
 // the language does, whose order is that of the keys.
-std::vector<Region> offeredRegions(const RegionTable& regions, const std::vector<std::string>& added,
-                                   const std::string& word,
-                                   const std::function<std::string(const std::string&)>& inLowerCase,
-                                   const std::function<std::string(const std::string&)>& orderKey);
+std::vector<VNAllowDenyRCCell> offeredRegions(const RegionTable& regions, const std::vector<std::string>& added,
+                                              const std::string& word,
+                                              const std::function<std::string(const std::string&)>& inLowerCase,
+                                              const std::function<std::string(const std::string&)>& orderKey);
 
 }  // namespace vorn::panel_rules
