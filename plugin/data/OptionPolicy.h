@@ -1,7 +1,7 @@
 #pragma once
 
-// Who has a say in an option of a meeting. The rules of the record ask it who offers, gives and locks an option;
-// the diagnosis tells all of it.
+// Who has a say in an option of a meeting. The rules of the record and those of the panel ask it who offers, gives
+// and locks an option; the panel's reasons and the diagnosis tell it.
 
 #include <array>
 #include <string_view>
@@ -69,6 +69,8 @@ struct OptionPolicy {
   // What the strongest says.
   bool isGiven(const AccountFacts& account) const { return givenBy.front().speaks(account); }
   bool isLocked(const AccountFacts& account) const { return lockedBy.speaks(account); }
+  // Nobody can ever turn it on.
+  bool isLockedOff(const AccountFacts& account) const { return isLocked(account) && !isGiven(account); }
 };
 
 namespace option_policy {

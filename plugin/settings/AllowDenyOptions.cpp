@@ -34,7 +34,8 @@ AllowDenyOptions::AllowDenyOptions(const PanelParts& panel)
 }
 
 bool AllowDenyOptions::isLocked() const {
-  return m_panel.context.facts(m_panel.record).account.isLockAllowDenyJoinMeetingRegion;
+  return policyOf(vn_Setting_EnableAllowDenyJoinMeetingRegion)
+      .isLocked(m_panel.context.facts(m_panel.record).account);
 }
 
 void AllowDenyOptions::checkAccountLocked() { m_allowDenyButton.enabled = !isLocked(); }

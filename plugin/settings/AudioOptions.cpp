@@ -19,6 +19,7 @@ constexpr const char* kAudioBox = "audioOptionsBox";
 AudioOptions::AudioOptions(const PanelParts& panel)
     : m_controls(panel.controls),
       m_record(panel.record),
+      m_context(panel.context),
       m_steps(panel.steps),
       m_audioOptionsBox(m_controls.add(Kind::box, kAudioBox)),
       m_telephonyButton(m_controls.add(Kind::radioButton, "telephonyButton", kAudioBox)),
@@ -124,7 +125,7 @@ void AudioOptions::updateCtrlPosForAudio() {
 }
 
 void AudioOptions::checkE2eeAffectedAccountLocked() {
-  const bool isEnabled = !vnUserProfileHelper::sharedInstance().isAudioTypeLocked();
+  const bool isEnabled = !policyOf(vn_Setting_AudioOption).isLocked(m_context.facts(m_record).account);
   // With which account is a part of the type.
   for (Control* choice : {&m_telephonyButton, &m_tspAccountButton, &m_tspAccountPopup, &m_voipButton,
                           &m_bothButton, &m_thirdPartyAudioButton}) {

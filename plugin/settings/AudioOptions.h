@@ -47,6 +47,7 @@ class AudioOptions {
 
   ControlSet& m_controls;
   vnSettingData& m_record;
+  const SettingsContext& m_context;
   PanelSteps& m_steps;
   // Of the account as it was last known: another window may have forgotten it, and the controls are a site's
   // still.

@@ -53,7 +53,7 @@ void JoinBeforeHostOptions::hideForEndToEnd() {
 }
 
 void JoinBeforeHostOptions::checkE2eeAffectedAccountLocked() {
-  m_enableJBHButton.enabled = !m_context.facts(m_record).account.isJoinBeforeHostLocked;
+  m_enableJBHButton.enabled = !policyOf(vn_Setting_EnableJBH).isLocked(m_context.facts(m_record).account);
 }
 
 void JoinBeforeHostOptions::userChanged(std::string_view key) {

@@ -87,7 +87,7 @@ void MeetingIdOptions::initMeetingIDBox() {
 }
 
 void MeetingIdOptions::checkAccountLocked() {
-  const bool isLocked = m_context.facts(m_record).account.isLockScheduleUsePMI;
+  const bool isLocked = policyOf(vn_Setting_IsPMI).isLocked(m_context.facts(m_record).account);
   m_buttonUsePMI.enabled = !isLocked;
   m_buttonOneTimeMeeting.enabled = !isLocked;
 }

@@ -233,7 +233,8 @@ void SecurityOptions::initWaitingRoomOption() {
 }
 
 void SecurityOptions::checkAccountLocked() {
-  m_enableWaitingRoom.enabled = !m_context.facts(m_record).account.isLockWaitingRoom;
+  m_enableWaitingRoom.enabled =
+      !policyOf(vn_Setting_EnableWaitingRoom).isLocked(m_context.facts(m_record).account);
 }
 
 // -- The whole section -------------------------------------------------------------------------------------------

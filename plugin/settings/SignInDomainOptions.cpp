@@ -51,6 +51,10 @@ void SignInDomainOptions::initWithLocalString() {
   m_authNamePopup.spoken = panelText("LN_Schedule_SignInDomain_Options_126367");
 }
 
+bool SignInDomainOptions::isLocked() const {
+  return policyOf(vn_Setting_IsSignedInUsersMeetingOn).isLocked(m_context.facts(m_record).account);
+}
+
 // -- Loading -----------------------------------------------------------------------------------------------------
 
 void SignInDomainOptions::initOnlySignedin() {
@@ -63,9 +67,8 @@ void SignInDomainOptions::forgetTyped() {
 }
 
 Value SignInDomainOptions::getAllMeetingAuths() {
-  MeetingAuths all = allMeetingAuths(
-      SettingsContext::profile().getMeetingAuths(), m_record.options(),
-      SettingsContext::profile().isLockOnlyAuthUsersCanJoin() && m_controls.isOn("buttonOneTimeMeeting"));
+  MeetingAuths all = allMeetingAuths(SettingsContext::profile().getMeetingAuths(), m_record.options(),
+                                     isLocked() && m_controls.isOn("buttonOneTimeMeeting"));
   SettingsFlags::shared().isIncludeDeletedAuthDomain = all.isIncludeDeletedAuthDomain;
   if (all.newAuthId) m_record.setAuthId(all.newAuthId);
   takeEdits(all.list);
@@ -109,8 +112,7 @@ void SignInDomainOptions::initRestrictDomainsBox() {
 void SignInDomainOptions::chooseAtLoad() {
   const std::string recordsId = m_record.authId().value_or("");
   // What is locked is the account's for a meeting with a number of its own.
-  const bool isAccounts =
-      SettingsContext::profile().isLockOnlyAuthUsersCanJoin() && !m_controls.isOn("buttonUsePMI");
+  const bool isAccounts = isLocked() && !m_controls.isOn("buttonUsePMI");
   std::optional<int> index =
       recordsId.empty() || isAccounts ? defaultAuth(m_meetingAuths) : authWithId(m_meetingAuths, recordsId);
   if (m_chosenId) index = authWithId(m_meetingAuths, *m_chosenId);
@@ -119,9 +121,7 @@ void SignInDomainOptions::chooseAtLoad() {
   resetDomainTextAndButton(chosenAuth());
 }
 
-void SignInDomainOptions::checkAccountLocked() {
-  m_onlySignedinWithSpecifiedDomains.enabled = !m_context.facts(m_record).account.isLockOnlyAuthUsersCanJoin;
-}
+void SignInDomainOptions::checkAccountLocked() { m_onlySignedinWithSpecifiedDomains.enabled = !isLocked(); }
 
 // -- The choice --------------------------------------------------------------------------------------------------
 
@@ -130,7 +130,7 @@ Value SignInDomainOptions::chosenAuth() const {
 }
 
 void SignInDomainOptions::resetDomainTextAndButton(const Value& auth) {
-  const DomainLine line = domainLine(auth, SettingsContext::profile().isLockOnlyAuthUsersCanJoin(), panelText);
+  const DomainLine line = domainLine(auth, isLocked(), panelText);
   m_domainText.hidden = !line.textIsShown;
   m_domainText.text = line.text.text;
   m_domainText.toolTip = line.text.toolTip;
@@ -159,7 +159,7 @@ void SignInDomainOptions::onClickAuthNamePopup() {
 void SignInDomainOptions::onClickViewEditButton() {
   const Value auth = chosenAuth();
   if (auth.isAbsent()) return;
-  m_domainsWindow.isDomainLocked(SettingsContext::profile().isLockOnlyAuthUsersCanJoin());
+  m_domainsWindow.isDomainLocked(isLocked());
   m_domainsWindow.initMeetingAuth(auth);
   m_domainsWindow.showWindowSheet();
 }

@@ -37,6 +37,7 @@ class SignInDomainOptions {
   void forgetTyped();
 
  private:
+  bool isLocked() const;
   // The choices as an array; absent when there is none. May give the record the account's id of its choice.
   Value getAllMeetingAuths();
   void takeEdits(Value& auths) const;

@@ -1,5 +1,6 @@
 #include "settings/VNAllowDenyRCWindowController.h"
 
+#include "data/OptionPolicy.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/NotificationCenter.h"
@@ -49,7 +50,8 @@ void VNAllowDenyRCWindowController::showWindowSheet() {
 }
 
 bool VNAllowDenyRCWindowController::isLocked() const {
-  return vnUserProfileHelper::sharedInstance().isLockAllowDenyJoinMeetingRegion(m_scheduleForEmail);
+  return policyOf(vn_Setting_EnableAllowDenyJoinMeetingRegion)
+      .isLocked(accountFactsWithoutLists(vnUserProfileHelper::sharedInstance(), m_scheduleForEmail));
 }
 
 void VNAllowDenyRCWindowController::initializeItems() {

@@ -1,10 +1,13 @@
 #include "settings/rules/EncryptionRules.h"
 
 #include "data/AudioType.h"
+#include "data/OptionPolicy.h"
 
 namespace vorn::panel_rules {
 
 namespace {
+
+constexpr const OptionPolicy& kEncryption = policyOf(vn_Setting_EnableE2ee);
 
 void hideAll(EncryptionControls& controls) {
   controls.boxHidden = true;
@@ -23,14 +26,14 @@ bool enableE2eeAtLoad(bool enableE2ee, const AccountFacts& account) {
 EncryptionControls encryptionBox(const EncryptionControls& controls, bool enableE2ee, const AccountFacts& account,
                                  const ClientGates& client) {
   EncryptionControls shown{.enhancedOn = controls.enhancedOn, .endtoendOn = controls.endtoendOn};
-  const bool isOffered = account.isSupportE2eeMeeting && client.isVornClientSupport530Tasks;
+  const bool isOffered = kEncryption.isOffered(account) && client.isVornClientSupport530Tasks;
   if (isOffered) {
     shown.enhancedOn = !enableE2ee;
     shown.endtoendOn = enableE2ee;
   }
-  if (!isOffered || (account.isLockE2eeMeeting && !account.isEnableE2eeMeeting)) {
+  if (!isOffered || kEncryption.isLockedOff(account)) {
     hideAll(shown);
-  } else if (account.isLockE2eeMeeting) {
+  } else if (kEncryption.isLocked(account)) {
     shown.enhancedHidden = true;
     shown.enhancedHelpHidden = true;
     shown.endtoendEnabled = false;

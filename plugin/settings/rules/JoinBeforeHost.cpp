@@ -3,9 +3,13 @@
 #include <algorithm>
 #include <array>
 
+#include "data/OptionPolicy.h"
+
 namespace vorn::panel_rules {
 
 namespace {
+
+constexpr const OptionPolicy& kJoinBeforeHost = policyOf(vn_Setting_EnableJBH);
 
 // In the popup's order; 0 is any time.
 constexpr std::array<std::int64_t, 4> kMinutes = {5, 10, 15, 0};
@@ -22,9 +26,10 @@ int indexOfTime(std::int64_t minutes) {
 
 JoinTimes joinTimes(const JoinBeforeHostQuestion& question, const AccountFacts& account,
                     const ClientGates& client) {
-  if (!client.isVornClientSupport464Tasks || !account.isSupportJbhPriorTime) return JoinTimes::none;
+  if (!client.isVornClientSupport464Tasks || !policyOf(vn_Setting_JBHPriorTime).isOffered(account))
+    return JoinTimes::none;
   if (question.usePMI || question.isEnableRecurrence) return JoinTimes::none;
-  const bool isFixed = account.alwaysEnableJoinBeforeHostByDefault && account.isJoinBeforeHostLocked;
+  const bool isFixed = kJoinBeforeHost.isGiven(account) && kJoinBeforeHost.isLocked(account);
   return isFixed ? JoinTimes::fixed : JoinTimes::chosen;
 }
 
@@ -49,7 +54,7 @@ JoinBeforeHost joinBeforeHost(const JoinBeforeHostQuestion& question, const Acco
 }
 
 bool joinTimeIsEnabled(bool isJoinBeforeHostOn, const AccountFacts& account) {
-  return isJoinBeforeHostOn && !account.isJoinBeforeHostLocked;
+  return isJoinBeforeHostOn && !policyOf(vn_Setting_JBHPriorTime).isLocked(account);
 }
 
 void commitJoinBeforeHost(MeetingOptions& options, const JoinBeforeHostChoice& choice,
@@ -58,7 +63,7 @@ void commitJoinBeforeHost(MeetingOptions& options, const JoinBeforeHostChoice& c
   if (!choice.popupIsHidden) {
     const auto index = static_cast<std::size_t>(choice.index);
     options.jbhPriorTime = choice.index >= 0 && index < kMinutes.size() ? kMinutes[index] : options.jbhPriorTime;
-  } else if (!options.enableJBH || !account.isJoinBeforeHostLocked) {
+  } else if (!options.enableJBH || !policyOf(vn_Setting_JBHPriorTime).isLocked(account)) {
     options.jbhPriorTime = 0;
   }
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/OptionPolicy.h"
 #include "util/MemberName.h"
 
 namespace vorn::panel_rules {
@@ -36,12 +37,27 @@ struct Reason {
   // The client's predicate or the account's accessor, or what has been chosen, in words.
   std::string_view name;
   bool (*holds)(const Question& question);
-  std::string_view secondName{};
+  // What the option's policy has to say besides; it has the name then.
+  const OptionPolicy* policy = nullptr;
+  bool (*says)(const OptionPolicy& policy, const AccountFacts& account) = nullptr;
+
+  bool appliesTo(const Question& question) const {
+    return holds(question) && (policy == nullptr || says(*policy, question.account()));
+  }
 };
 
+std::string nameOf(const Reason& reason) {
+  if (reason.policy == nullptr) return std::string(reason.name);
+  if (reason.whose == Whose::administrator) return std::string(reason.policy->lockedBy.accessor);
+  std::string names;
+  for (const AccountQuestion& question : reason.policy->offeredBy) {
+    if (question.exists()) names.append(names.empty() ? "" : ", ").append(question.accessor);
+  }
+  return names;
+}
+
 std::string inWords(const Reason& reason) {
-  std::string name(reason.name);
-  if (!reason.secondName.empty()) name.append(", ").append(reason.secondName);
+  const std::string name = nameOf(reason);
   switch (reason.whose) {
     case Whose::client: return "the client is too old: " + name;
     case Whose::account: return "not offered by the account: " + name;
@@ -73,24 +89,33 @@ constexpr Reason without(Keys controls, Whose whose = Whose::account) {
           [](const Question& q) { return !(q.situation.*Fact); }};
 }
 
-template <auto Fact>
-constexpr Reason lockedBy(Keys controls) {
-  return {controls, State::locked, Whose::administrator, memberName<Fact>(),
-          [](const Question& q) { return q.account().*Fact; }};
+bool isLocked(const OptionPolicy& policy, const AccountFacts& account) { return policy.isLocked(account); }
+bool isLockedOff(const OptionPolicy& policy, const AccountFacts& account) { return policy.isLockedOff(account); }
+bool isNotOffered(const OptionPolicy& policy, const AccountFacts& account) { return !policy.isOffered(account); }
+
+constexpr Reason byAdministrator(State state, const OptionPolicy& policy, Keys controls,
+                                 bool (*says)(const OptionPolicy&, const AccountFacts&) = isLocked,
+                                 bool (*holds)(const Question&) = always) {
+  return {controls, state, Whose::administrator, {}, holds, &policy, says};
+}
+
+constexpr Reason lockedBy(const OptionPolicy& policy, Keys controls) {
+  return byAdministrator(State::locked, policy, controls);
 }
 
 // What the account does not let anybody change is hidden with what would change it.
-template <auto Fact>
-constexpr Reason hiddenWithLock(Keys controls) {
-  return {controls, State::hidden, Whose::administrator, memberName<Fact>(),
-          [](const Question& q) { return q.account().*Fact; }};
+constexpr Reason hiddenWithLock(const OptionPolicy& policy, Keys controls) {
+  return byAdministrator(State::hidden, policy, controls);
 }
 
 // What is locked in its off state is of no use, so it is hidden.
-template <auto Lock, auto Default>
-constexpr Reason lockedOffBy(Keys controls) {
-  return {controls, State::hidden, Whose::administrator, memberName<Lock>(),
-          [](const Question& q) { return q.account().*Lock && !(q.account().*Default); }};
+constexpr Reason lockedOffBy(const OptionPolicy& policy, Keys controls) {
+  return byAdministrator(State::hidden, policy, controls, isLockedOff);
+}
+
+// None of those who could offers it.
+constexpr Reason notOffered(const OptionPolicy& policy, Keys controls) {
+  return {controls, State::hidden, Whose::account, {}, always, &policy, isNotOffered};
 }
 
 constexpr Reason hiddenByChoice(Keys controls, std::string_view words, bool (*holds)(const Question&) = always) {
@@ -110,30 +135,36 @@ constexpr Reason lockedByMeeting(Keys controls, std::string_view words) {
 }
 
 // By which of its locks the passcode's switch is locked.
-template <auto Fact>
-constexpr Reason passcodeLockedBy(Keys controls, State state, bool (*holds)(const Question&)) {
-  return {controls, state, Whose::administrator, memberName<Fact>(), holds};
-}
-bool isLockedForOneTime(const Question& q) {
-  return !q.situation.usePMI && q.account().isLockScheduleRequirePassword;
-}
-bool isLockedForPersonal(const Question& q) { return q.situation.usePMI && q.account().isLockPMIRequirePassword; }
+bool isOneTime(const Question& q) { return !q.situation.usePMI; }
+bool isPersonal(const Question& q) { return q.situation.usePMI; }
 bool isForcedForPersonal(const Question& q) {
-  return q.situation.usePMI && q.account().isEnableForcePMIJBHWithPassword;
+  return isPersonal(q) && q.account().isEnableForcePMIJBHWithPassword;
+}
+constexpr Reason passcodeForced(State state, Keys controls) {
+  return {controls, state, Whose::administrator, memberName<&F::isEnableForcePMIJBHWithPassword>(),
+          isForcedForPersonal};
 }
 
 constexpr std::string_view kEndToEnd = "off while end-to-end encryption is chosen";
 constexpr std::string_view kPersonal = "the meeting ID is the personal one";
 constexpr std::string_view kUnwanted = "the user wants to see it no more";
-bool isPersonal(const Question& q) { return q.situation.usePMI; }
 bool isEndToEnd(const Question& q) { return q.isEndToEnd(); }
 bool isUpdate(const Question& q) { return q.situation.facts.isUpdate; }
 bool canRecordInOneWay(const Question& q) {
   return q.account().enableLocalRecording != q.account().enableCloudRecording;
 }
-bool cannotRecord(const Question& q) {
-  return !q.account().enableLocalRecording && !q.account().enableCloudRecording;
-}
+
+constexpr auto kOwnNumber = OptionPolicy::Meeting::ownNumber;
+constexpr auto kPersonalNumber = OptionPolicy::Meeting::personalNumber;
+constexpr const OptionPolicy& kPasscodeOfOwn = policyOf(vn_Setting_RequiredMPW, kOwnNumber);
+constexpr const OptionPolicy& kPasscodeOfPersonal = policyOf(vn_Setting_RequiredMPW, kPersonalNumber);
+constexpr const OptionPolicy& kRegionsPolicy = policyOf(vn_Setting_EnableAllowDenyJoinMeetingRegion);
+constexpr const OptionPolicy& kWaitingRoomLock = policyOf(vn_Setting_EnableWaitingRoom);
+constexpr const OptionPolicy& kSignInLock = policyOf(vn_Setting_IsSignedInUsersMeetingOn);
+constexpr const OptionPolicy& kJoinEarly = policyOf(vn_Setting_EnableJBH);
+constexpr const OptionPolicy& kEndToEndPolicy = policyOf(vn_Setting_EnableE2ee);
+constexpr const OptionPolicy& kRecordingPolicy = policyOf(vn_Setting_EnableAutoRecordingType);
+constexpr const OptionPolicy& kPublicEventPolicy = policyOf(vn_Setting_EnableAddMeetingToPublicEvent);
 
 constexpr Keys kPasscode = {"requiredMeetingPswButton", "passwordPrompt", "pswHelpButton"};
 constexpr Keys kWaitingRoom = {"enableWaitingRoom", "waitingRoomPrompt"};
@@ -181,7 +212,7 @@ constexpr Reason kReasons[] = {
      memberName<&S::isDisablePMI>(),
      [](const Question& q) { return q.situation.isDisablePMI; }},
     hiddenByMeeting({"meetingIDBox"}, "there is no personal meeting ID to choose"),
-    lockedBy<&F::isLockScheduleUsePMI>({"buttonUsePMI", "buttonOneTimeMeeting"}),
+    lockedBy(policyOf(vn_Setting_IsPMI), {"buttonUsePMI", "buttonOneTimeMeeting"}),
     hiddenByMeeting({"pmiDisableMessageView"}, "there is nothing to say of the personal ID, or the user knows it"),
     hiddenByChoice({"closePMIDisableMessageButton"}, "it is said of somebody else"),
     hiddenByChoice({"templateBox"}, kPersonal, isPersonal),
@@ -200,15 +231,15 @@ constexpr Reason kReasons[] = {
     hiddenByMeeting({"tspAccountButton"}, "the provider has one account only"),
     hiddenByChoice({"tspAccountPopup"}, "no provider's account has to be chosen"),
     {{"bothButton"}, State::hidden, Whose::account, memberName<&F::isScheduleAudioBothDisabled>(), always},
-    notOffered<&F::enableThirdPartyAudio>({"thirdPartyAudioButton"}),
+    notOffered(policyOf(vn_Setting_ThirdPartyAudio), {"thirdPartyAudioButton"}),
     hiddenByChoice({"thirdPartyAudioTextField"}, "third-party audio is not chosen"),
     without<&S::isVornClientSupportEditCountries>(kCountries, Whose::client),
     {kCountries, State::hidden, Whose::account, memberName<&F::isTspSite>(),
      [](const Question& q) { return q.account().isTspSite; }},
     hiddenByChoice(kCountries, "the chosen audio has no dial-in numbers"),
     lockedByChoice({"voipButton"}, "the only audio of end-to-end encryption", isEndToEnd),
-    lockedBy<&F::isAudioTypeLocked>({"telephonyButton", "voipButton", "bothButton", "thirdPartyAudioButton",
-                                     "tspAccountButton", "tspAccountPopup"}),
+    lockedBy(policyOf(vn_Setting_AudioOption), {"telephonyButton", "voipButton", "bothButton",
+                                                "thirdPartyAudioButton", "tspAccountButton", "tspAccountPopup"}),
     hiddenByMeeting({"_includeTollfreeNumberBtn"}, "the account has no toll-free numbers to offer"),
     lockedByChoice({"_doneBtn"}, "no country is chosen"),
     hiddenByChoice({"countryRow"}, "the list needs no such row now"),
@@ -218,16 +249,15 @@ constexpr Reason kReasons[] = {
     without<&S::isSupportRegionCustomization>(kDataCentres),
     hiddenByMeeting(kDataCentres, "there is no further data centre"),
     tooOld<&G::isVornClientSupport550Tasks>({"allowDenyBox"}),
-    lockedOffBy<&F::isLockAllowDenyJoinMeetingRegion, &F::isEnableAllowDenyJoinMeetingRegion>({"allowDenyBox"}),
-    lockedBy<&F::isLockAllowDenyJoinMeetingRegion>({"allowDenyButton"}),
+    lockedOffBy(kRegionsPolicy, {"allowDenyBox"}),
+    lockedBy(kRegionsPolicy, {"allowDenyButton"}),
     hiddenByChoice({"allowDenyText", "allowDenyEditButton"}, "the join regions are not limited",
                    [](const Question& q) { return !q.controls.isOn("allowDenyButton"); }),
-    hiddenWithLock<&F::isLockAllowDenyJoinMeetingRegion>({"allowDenyEditButton"}),
+    hiddenWithLock(kRegionsPolicy, {"allowDenyEditButton"}),
     hiddenByMeeting({"dataCenterImpactCountriesTipView", "allowDenyImpactCountriesTipView"},
                     "no chosen country is lost by it"),
-    hiddenWithLock<&F::isLockAllowDenyJoinMeetingRegion>({"allowDenyRCAllowButton", "allowDenyRCBlockButton",
-                                                          "allowDenyRCRegionsLabel", "allowDenyRCTextField",
-                                                          "allowDenyRCCancelButton"}),
+    hiddenWithLock(kRegionsPolicy, {"allowDenyRCAllowButton", "allowDenyRCBlockButton", "allowDenyRCRegionsLabel",
+                                    "allowDenyRCTextField", "allowDenyRCCancelButton"}),
     hiddenByMeeting({"allowDenyRCLockedLabel"}, "the regions can be changed"),
     lockedByChoice({"allowDenyRCSaveButton"}, "no region is chosen"),
 
@@ -238,16 +268,16 @@ constexpr Reason kReasons[] = {
     notOffered<&F::isPaidUser>({"alternateHostBox"}),
 
     // Video
-    lockedBy<&F::isHostVideoLocked>({"videoHostMatrix"}),
-    lockedBy<&F::isParticipantsLocked>({"videoParticipantMatrix"}),
+    lockedBy(policyOf(vn_Setting_EnableHostVideo), {"videoHostMatrix"}),
+    lockedBy(policyOf(vn_Setting_EnableParticipantsVideo), {"videoParticipantMatrix"}),
 
     // Passcode
-    passcodeLockedBy<&F::isLockScheduleRequirePassword>(kPasscode, State::hidden, isLockedForOneTime),
-    passcodeLockedBy<&F::isLockPMIRequirePassword>(kPasscode, State::hidden, isLockedForPersonal),
-    passcodeLockedBy<&F::isEnableForcePMIJBHWithPassword>(kPasscode, State::hidden, isForcedForPersonal),
-    passcodeLockedBy<&F::isLockScheduleRequirePassword>(kPasscode, State::locked, isLockedForOneTime),
-    passcodeLockedBy<&F::isLockPMIRequirePassword>(kPasscode, State::locked, isLockedForPersonal),
-    passcodeLockedBy<&F::isEnableForcePMIJBHWithPassword>(kPasscode, State::locked, isForcedForPersonal),
+    byAdministrator(State::hidden, kPasscodeOfOwn, kPasscode, isLocked, isOneTime),
+    byAdministrator(State::hidden, kPasscodeOfPersonal, kPasscode, isLocked, isPersonal),
+    passcodeForced(State::hidden, kPasscode),
+    byAdministrator(State::locked, kPasscodeOfOwn, kPasscode, isLocked, isOneTime),
+    byAdministrator(State::locked, kPasscodeOfPersonal, kPasscode, isLocked, isPersonal),
+    passcodeForced(State::locked, kPasscode),
     hiddenByChoice({"passwordTextField"}, "the passcode is off"),
     lockedByChoice({"passwordTextField"}, "the passcode is off"),
     hiddenByChoice({"pswHelpButton"}, "there is nothing to say of this passcode"),
@@ -256,69 +286,64 @@ constexpr Reason kReasons[] = {
     hiddenByMeeting(kFurtherErrors, "nothing is wrong"),
 
     // Waiting room and signed-in users
-    lockedOffBy<&F::isLockWaitingRoom, &F::isEnableWaitingRoom>(kWaitingRoom),
-    lockedBy<&F::isLockWaitingRoom>(kWaitingRoom),
+    lockedOffBy(kWaitingRoomLock, kWaitingRoom),
+    lockedBy(kWaitingRoomLock, kWaitingRoom),
     hiddenByMeeting({"securityTipView"}, "it is told when the waiting room goes on by itself, and once"),
     tooOld<&G::isVornClientSupport464Tasks>(kSignIn),
     without<&S::isSupportOnlyAuthUsersCanJoin>(kSignIn),
-    lockedOffBy<&F::isLockOnlyAuthUsersCanJoin, &F::isDefaultEnableOnlyAuthUsersCanJoin>(kSignIn),
-    lockedBy<&F::isLockOnlyAuthUsersCanJoin>(kSignIn),
+    lockedOffBy(kSignInLock, kSignIn),
+    lockedBy(kSignInLock, kSignIn),
     hiddenByChoice({"authNamePopup", "domainText", "viewEditButton"}, "signed-in users only is off",
                    [](const Question& q) { return !q.controls.isOn("onlySignedinWithSpecifiedDomains"); }),
     hiddenByMeeting({"authNamePopup"}, "there is only one way of signing in"),
     hiddenByChoice({"domainText"}, "the way of signing in names no domains"),
-    hiddenWithLock<&F::isLockOnlyAuthUsersCanJoin>({"viewEditButton", "domains_SaveBtn"}),
+    hiddenWithLock(kSignInLock, {"viewEditButton", "domains_SaveBtn"}),
     hiddenByChoice({"viewEditButton"}, "the way of signing in names no domains"),
-    lockedBy<&F::isLockOnlyAuthUsersCanJoin>({"_domainsTextField"}),
+    lockedBy(kSignInLock, {"_domainsTextField"}),
 
     // Join before host
     hiddenByChoice({"enableJBHButton", "jbhLimitTimePopUp", "jbhBeforeStartTime"}, kEndToEnd, isEndToEnd),
-    lockedBy<&F::isJoinBeforeHostLocked>({"enableJBHButton", "jbhLimitTimePopUp"}),
+    lockedBy(kJoinEarly, {"enableJBHButton", "jbhLimitTimePopUp"}),
     lockedByChoice({"enableJBHButton"}, kEndToEnd, isEndToEnd),
     lockedByChoice({"jbhLimitTimePopUp"}, "join before host is off"),
     tooOld<&G::isVornClientSupport464Tasks>(kJoinTime),
-    notOffered<&F::isSupportJbhPriorTime>(kJoinTime),
+    notOffered(policyOf(vn_Setting_JBHPriorTime), kJoinTime),
     hiddenByChoice(kJoinTime, kPersonal, isPersonal),
     hiddenByMeeting(kJoinTime, "the appointment is a series",
                     [](const Question& q) { return q.situation.isEnableRecurrence; }),
-    hiddenWithLock<&F::isJoinBeforeHostLocked>(kJoinTime),
+    hiddenWithLock(kJoinEarly, kJoinTime),
 
     // Encryption
     tooOld<&G::isVornClientSupport530Tasks>(kEncryption),
-    notOffered<&F::isSupportE2eeMeeting>(kEncryption),
-    lockedOffBy<&F::isLockE2eeMeeting, &F::isEnableE2eeMeeting>(kEncryption),
-    {{"enhancedButton", "enhancedHelpButton"},
-     State::hidden,
-     Whose::administrator,
-     memberName<&F::isLockE2eeMeeting>(),
-     [](const Question& q) { return q.account().isLockE2eeMeeting; }},
-    lockedBy<&F::isLockE2eeMeeting>({"endtoendButton"}),
+    notOffered(kEndToEndPolicy, kEncryption),
+    lockedOffBy(kEndToEndPolicy, kEncryption),
+    hiddenWithLock(kEndToEndPolicy, {"enhancedButton", "enhancedHelpButton"}),
+    lockedBy(kEndToEndPolicy, {"endtoendButton"}),
     hiddenByChoice({"encryptionTipView"}, "end-to-end encryption is not chosen",
                    [](const Question& q) { return !q.isEndToEnd(); }),
     hiddenByChoice({"encryptionTipView"}, kUnwanted),
 
     // Recording
-    {kRecording, State::hidden, Whose::account, memberName<&F::enableLocalRecording>(), cannotRecord,
-     memberName<&F::enableCloudRecording>()},
+    notOffered(kRecordingPolicy, kRecording),
     hiddenByMeeting(kRecordingChoices, "there is only one way to record", canRecordInOneWay),
     hiddenByChoice(kRecording, kEndToEnd, isEndToEnd),
     hiddenByChoice(kRecordingChoices, "automatic recording is off"),
-    lockedBy<&F::isAutomaticRecordingLocked>(kRecording),
+    lockedBy(kRecordingPolicy, kRecording),
     lockedByChoice(kRecording, kEndToEnd, isEndToEnd),
 
     // Advanced
     tooOld<&G::isVornClientSupportAHAndMuteOnEntry>({"muteUponEntryBox", "muteParticipantUponEntry"}),
-    lockedBy<&F::isMuteUponEntryLocked>({"muteParticipantUponEntry"}),
+    lockedBy(policyOf(vn_Setting_MuteUponEntry), {"muteParticipantUponEntry"}),
     tooOld<&G::isVornClientSupport520Tasks>({"unmuteParticipantsButton"}),
     notOffered<&F::isSupportUnmuteAll>({"unmuteParticipantsButton"}),
     notOffered<&F::isEnableAudioWatermark>({"audioWatermarkButton"}),
     hiddenByChoice({"audioWatermarkButton"}, "it is for signed-in users only, which is off"),
-    lockedBy<&F::isLockAudioWatermark>({"audioWatermarkButton"}),
-    notOffered<&F::isEnableAddMeetingToPublicCalendarEvent>(kPublicEvent),
-    lockedBy<&F::isPublicEventLocked>({"publicEventButton"}),
+    lockedBy(policyOf(vn_Setting_EnableAudioWatermark), {"audioWatermarkButton"}),
+    notOffered(kPublicEventPolicy, kPublicEvent),
+    lockedBy(kPublicEventPolicy, {"publicEventButton"}),
     hiddenByChoice({"publicEventListButton"}, "the public event is off"),
     tooOld<&G::isVornClientSupportInvitationLanguage>({"selectLanguageText", "selectLanguagePopup"}),
-    lockedBy<&F::isLockJoinUrlToLocation>({"forceIncludeJoinurlInLocation"}),
+    lockedBy(policyOf(vn_Setting_ForceIncludeJoinurlInLocation), {"forceIncludeJoinurlInLocation"}),
     hiddenByMeeting({"putTheInvitationAtTheTopButton"}, "the meeting exists already", isUpdate),
 };
 
@@ -345,7 +370,7 @@ std::string ownReason(const Control& control, const Question& question) {
   const auto [begin, end] = kByControl.equal_range(withoutNumber(control.key));
   for (auto each = begin; each != end; ++each) {
     const Reason& reason = *each->second;
-    if (reason.state == state && reason.holds(question)) return inWords(reason);
+    if (reason.state == state && reason.appliesTo(question)) return inWords(reason);
   }
   return control.kind == Control::Kind::window ? "the window is closed" : "";
 }

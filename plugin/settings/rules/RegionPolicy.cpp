@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "data/OptionPolicy.h"
 #include "settings/rules/TokenWords.h"
 #include "util/vnOLUtils.h"
 
@@ -30,7 +31,7 @@ std::string RegionTable::getRCCodeByCountry(const std::string& name) const {
 
 bool isRegionOptionShown(const AccountFacts& account, const ClientGates& client) {
   return client.isVornClientSupport550Tasks &&
-         !(account.isLockAllowDenyJoinMeetingRegion && !account.isEnableAllowDenyJoinMeetingRegion);
+         !policyOf(vn_Setting_EnableAllowDenyJoinMeetingRegion).isLockedOff(account);
 }
 
 std::string regionList(const std::vector<std::string>& names) {

@@ -1,8 +1,16 @@
 #include "settings/rules/SecurityRules.h"
 
+#include "data/OptionPolicy.h"
+
 namespace vorn::panel_rules {
 
 namespace {
+
+constexpr const OptionPolicy& kWaitingRoomPolicy = policyOf(vn_Setting_EnableWaitingRoom);
+constexpr const OptionPolicy& kSignInPolicy = policyOf(vn_Setting_IsSignedInUsersMeetingOn);
+constexpr const OptionPolicy& kPasscodePolicy = policyOf(vn_Setting_RequiredMPW, OptionPolicy::Meeting::ownNumber);
+constexpr const OptionPolicy& kPersonalPasscodePolicy =
+    policyOf(vn_Setting_RequiredMPW, OptionPolicy::Meeting::personalNumber);
 
 // A personal meeting that others may enter early must ask for a passcode.
 bool joinBeforeHostForces(const PasscodeSituation& situation, const AccountFacts& account) {
@@ -22,7 +30,7 @@ void showSection(SecurityControls& controls) {
 void hideWhatIsLockedOff(SecurityOutcome& outcome, const SecuritySituation& situation,
                          const AccountFacts& account) {
   SecurityControls& controls = outcome.controls;
-  if (account.isLockWaitingRoom && !account.isEnableWaitingRoom) {
+  if (kWaitingRoomPolicy.isLockedOff(account)) {
     outcome.enableWaitingRoom = false;
     controls.enableWaitingRoomHidden = true;
     controls.waitingRoomPromptHidden = true;
@@ -33,7 +41,7 @@ void hideWhatIsLockedOff(SecurityOutcome& outcome, const SecuritySituation& situ
     controls.pswHelpHidden = true;
     controls.passwordPromptHidden = true;
   }
-  if (account.isLockOnlyAuthUsersCanJoin && !account.isDefaultEnableOnlyAuthUsersCanJoin) {
+  if (kSignInPolicy.isLockedOff(account)) {
     outcome.isSignedInUsersMeetingOn = false;
     controls.restrictDomainsBoxHidden = true;
   }
@@ -59,20 +67,20 @@ bool isWaitingRoomNewLogic(const AccountFacts& account, const ClientGates& clien
 }
 
 bool passcodeRequiredAtLoad(const MeetingOptions& options, bool isUpdate, const AccountFacts& account) {
-  const bool followsAccount = !options.usePMI && !isUpdate && account.isEnableRequirePassword;
+  const bool followsAccount = !options.usePMI && !isUpdate && kPasscodePolicy.isGiven(account);
   return followsAccount || options.requiredMeetingPassword;
 }
 
 bool isPasscodeForced(const PasscodeSituation& situation, const AccountFacts& account) {
-  if (!situation.usePMI) return account.isEnableRequirePassword;
-  return account.isEnablePMIRequirePassword || joinBeforeHostForces(situation, account);
+  if (!situation.usePMI) return kPasscodePolicy.isGiven(account);
+  return kPersonalPasscodePolicy.isGiven(account) || joinBeforeHostForces(situation, account);
 }
 
 bool isPasscodeLocked(const PasscodeSituation& situation, const AccountFacts& account) {
-  if (!situation.usePMI) return account.isLockScheduleRequirePassword;
-  if (!account.isEnableForcePMIJBHWithPassword) return account.isLockPMIRequirePassword;
+  if (!situation.usePMI) return kPasscodePolicy.isLocked(account);
+  if (!account.isEnableForcePMIJBHWithPassword) return kPersonalPasscodePolicy.isLocked(account);
   if (!situation.enableJBH) return false;
-  return account.isLockPMIRequirePassword || !account.supportFeatureRequirePassword;
+  return kPersonalPasscodePolicy.isLocked(account) || !account.supportFeatureRequirePassword;
 }
 
 // Locked, the switch says what would be forced.
@@ -99,7 +107,7 @@ std::string passcodePrompt(const AccountFacts& account, const TextSource& texts)
 
 bool waitingRoomAtLoad(const MeetingOptions& options, bool isUpdate, const AccountFacts& account) {
   const bool followsAccount = !options.usePMI && !isUpdate && !options.supportWaitingRoom;
-  return followsAccount ? account.isEnableWaitingRoom : options.enableWaitingRoom;
+  return followsAccount ? kWaitingRoomPolicy.isGiven(account) : options.enableWaitingRoom;
 }
 
 bool hasSecurityOption(const SecurityControls& controls) {
