@@ -218,6 +218,15 @@ TEST_F(AlternateHostsTest, ThePeopleInTheListAreWalkedThroughAndChosen) {
   EXPECT_THAT(hostsOfRecord(), ElementsAre("Jane@vorn.example", "Bob@vorn.example"));
   keyIn(kHosts, "x");
   EXPECT_TRUE(control(kHostList).hidden) << "nobody is left";
+  VNAlternateHostHelper::sharedInstance().addToInputAlternateHostHistory(Value::Array{"Ann@vorn.example"});
+  window->invite("Ann", 0);
+  keyIn(kHosts, "y");
+  EXPECT_THAT(rows(kHostList), ElementsAre("Ann <Ann@vorn.example>"));
+  for (const HostObject& of : {window->bar->event, window->bar->editor}) {
+    window->set(of, "attendeeList", Value::array());
+  }
+  keyIn(kHosts, "z");
+  EXPECT_THAT(rows(kHostList), ElementsAre("Ann@vorn.example")) << "she is no attendee any more";
 }
 
 TEST_F(AlternateHostsTest, TheListGoesWithTheWordTheTabAndAnyOtherPress) {

@@ -77,6 +77,9 @@ TEST(CountryRulesTest, LimitsRegionsAndDataCentresTakeCountriesAway) {
   const Value byCenter =
       Value::Array{Value::dictionaryFromPairs({{"dcName", "EU"}, {"dcCountries", list({"DE", "FR"})}}),
                    Value::dictionaryFromPairs({{"dcName", "AP"}, {"dcCountries", list({"JP"})}})};
+  const Value two = list({"US", "DE"}), three = list({"US", "DE", "JP"});
+  const Value eu = Value::Array{center("EU")}, ap = Value::Array{center("AP")},
+              euAndAp = Value::Array{center("EU"), center("AP")};
   const struct {
     const char* name;
     Value maximum, unchecked, selectedDcs;
@@ -84,32 +87,16 @@ TEST(CountryRulesTest, LimitsRegionsAndDataCentresTakeCountriesAway) {
     std::vector<const char*> regions, chosen;
     std::vector<std::string> left;
     bool isChanged;
-  } rows[] = {{"nothing in the way", list({"US", "DE"}), {}, {}, 2, {"US"}, {"DE"}, {"US", "DE*"}, false},
-              {"beyond the limit", list({"US", "DE"}), {}, {}, 2, {}, {"JP", "DE"}, {"US", "DE*"}, true},
-              {"regions allowed", list({"US", "DE"}), {}, {}, 0, {"DE", "FR"}, {"DE"}, {"DE*"}, false},
-              {"others are not", list({"US", "DE"}), {}, {}, 0, {"DE"}, {"US"}, {"DE"}, true},
-              {"regions blocked", list({"US", "DE"}), {}, {}, 1, {"DE"}, {"DE"}, {"US"}, true},
-              {"others are not", list({"US", "DE"}), {}, {}, 1, {"DE"}, {"US"}, {"US*"}, false},
-              {"all blocked", list({"US", "DE"}), {}, {}, 1, {"DE", "US"}, {"US", "DE"}, {}, true},
-              {"a centre not used",
-               list({"US", "DE", "JP"}),
-               Value::Array{center("EU")},
-               {},
-               2,
-               {},
-               {"DE", "US"},
-               {"US*", "JP"},
-               true},
-              {"a centre used",
-               list({"US", "DE", "JP"}),
-               Value::Array{center("EU"), center("AP")},
-               list({"EU"}),
-               2,
-               {},
-               {"DE"},
-               {"US", "DE*"},
-               false},
-              {"both", list({"US", "DE", "JP"}), Value::Array{center("AP")}, {}, 1, {"US"}, {"US"}, {"DE"}, true},
+  } rows[] = {{"nothing in the way", two, {}, {}, 2, {"US"}, {"DE"}, {"US", "DE*"}, false},
+              {"beyond the limit", two, {}, {}, 2, {}, {"JP", "DE"}, {"US", "DE*"}, true},
+              {"regions allowed", two, {}, {}, 0, {"DE", "FR"}, {"DE"}, {"DE*"}, false},
+              {"others are not", two, {}, {}, 0, {"DE"}, {"US"}, {"DE"}, true},
+              {"regions blocked", two, {}, {}, 1, {"DE"}, {"DE"}, {"US"}, true},
+              {"others are not", two, {}, {}, 1, {"DE"}, {"US"}, {"US*"}, false},
+              {"all blocked", two, {}, {}, 1, {"DE", "US"}, {"US", "DE"}, {}, true},
+              {"a centre not used", three, eu, {}, 2, {}, {"DE", "US"}, {"US*", "JP"}, true},
+              {"a centre used", three, euAndAp, list({"EU"}), 2, {}, {"DE"}, {"US", "DE*"}, false},
+              {"both", three, ap, {}, 1, {"US"}, {"US"}, {"DE"}, true},
               {"without a name", list({"??", "US"}), {}, {}, 2, {}, {"??"}, {"US"}, false},
               // No limit has come, so nobody loses what they have chosen for want of one.
               {"no limit", {}, {}, {}, 2, {}, {"US", "BR"}, {"CH", "US*", "BR*"}, false},

@@ -50,28 +50,27 @@ TEST(NoticeRulesTest, TheYearInTheMessageIsItsLinkWhereALanguageNamesIt) {
 
 TEST(NotAgainFlagsTest, EachIsKeptInItsOwnStoreBesideWhatStandsThere) {
   enum Store { site, profile, defaults };
-  const struct {
+  struct Row {
     const char* literal;
     Store store;
     std::function<bool()> isSet;
     std::function<void(bool)> set;
-  } rows[] = {
-      {"notShowPlugniTurnoffMessage", site, [] { return not_again::pluginTurnoff().isSet(); },
-       [](bool on) { not_again::pluginTurnoff().set(on); }},
-      {"notShowUserSettingMessage", site, [] { return not_again::userSettingTip().isSet(); },
-       [](bool on) { not_again::userSettingTip().set(on); }},
-      {"DoNotShowPMIDisableMsg", site, [] { return not_again::disabledPMI().isSet(); },
-       [](bool on) { not_again::disabledPMI().set(on); }},
-      {"NewSecurityTip.NotShownAgain.WR", site,
-       [] { return not_again::doNotShowTipView(vn_LocalProfile_SecurityTip_NotShownAgain_WR); },
-       [](bool on) { not_again::setDoNotShowTipView(vn_LocalProfile_SecurityTip_NotShownAgain_WR, on); }},
-      {"DoNotShowEncryptionTip", site,
-       [] { return not_again::doNotShowTipView(vn_LocalProfile_EncryptionTip_NotShownAgain); },
-       [](bool on) { not_again::setDoNotShowTipView(vn_LocalProfile_EncryptionTip_NotShownAgain, on); }},
-      {"notShowUpgradeMessageAgain", profile, [] { return not_again::accountLimitation("me").isSet(); },
-       [](bool on) { not_again::accountLimitation("me").set(on); }},
-      {"DoNotRemind", defaults, [] { return not_again::deletedMeeting().isSet(); },
-       [](bool on) { not_again::deletedMeeting().set(on); }},
+  };
+  const auto flag = [](const char* literal, Store store, auto make) {
+    return Row{literal, store, [=] { return make().isSet(); }, [=](bool on) { make().set(on); }};
+  };
+  const auto tip = [](const char* literal, std::string_view key) {
+    return Row{literal, site, [=] { return not_again::doNotShowTipView(key); },
+               [=](bool on) { not_again::setDoNotShowTipView(key, on); }};
+  };
+  const Row rows[] = {
+      flag("notShowPlugniTurnoffMessage", site, not_again::pluginTurnoff),
+      flag("notShowUserSettingMessage", site, not_again::userSettingTip),
+      flag("DoNotShowPMIDisableMsg", site, not_again::disabledPMI),
+      tip("NewSecurityTip.NotShownAgain.WR", vn_LocalProfile_SecurityTip_NotShownAgain_WR),
+      tip("DoNotShowEncryptionTip", vn_LocalProfile_EncryptionTip_NotShownAgain),
+      flag("notShowUpgradeMessageAgain", profile, [] { return not_again::accountLimitation("me"); }),
+      flag("DoNotRemind", defaults, not_again::deletedMeeting),
   };
   for (const auto& row : rows) {
     TestPlatform world;

@@ -153,17 +153,6 @@ TEST_F(SettingsPanelTest, KeepsTheWishToSeeItNoMoreWhenItIsDismissed) {
   EXPECT_TRUE(JsonTextFile(vnCommon::getVnUserProfilePath("me")).read().isAbsent());
 }
 
-// A dismissed panel goes back to the last commit, not behind it: the next save would undo the meeting.
-TEST_F(SettingsPanelTest, OfANewMeetingGoesBackToWhatWasCommittedLast) {
-  open();
-  choose("videoHostMatrix", 0);
-  click("buttonContinue");
-  open();
-  choose("videoHostMatrix", 1);
-  click("buttonCancel");
-  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
-}
-
 TEST_F(SettingsPanelTest, IsThePersonalMeetingsOrTheAccountsAfterItIsRefreshed) {
   vnUserProfileHelper::sharedInstance().setData(
       Value::dictionaryFromPairs({{"userId", "me"}, {vn_Setting_RoomMeetingId, "5550119926"}}));

@@ -173,16 +173,12 @@ TEST_F(RegionPolicyTest, EachOfTheTwoListsIsKeptWhileTheOtherIsShown) {
 }
 
 TEST_F(RegionPolicyTest, AListIsSearchedByTheBeginningOfANameAndASeparatorChoosesNothing) {
-  openFor(true, false, {"DE"});
+  openFor(true, false, {"DE", "NG"});
   click("allowDenyEditButton");
   waitForChips();
   keyIn(kRegionsField, "nI");
-  EXPECT_THAT(rows(kRegionList), ElementsAre("Niger", "Nigeria"));
-  press(kRegionsField, Key::down);
-  press(kRegionsField, Key::newLine);
-  waitForChips();
-  EXPECT_EQ(tokens(kRegionsField), "[Germany][Nigeria]");
-  keyIn(kRegionsField, "Niger");
+  EXPECT_THAT(rows(kRegionList), ElementsAre("Niger")) << "the other one is in the text";
+  edit(kRegionsField, [](TokenText& text) { text.select({2, SIZE_MAX}), text.type("Niger"); });
   EXPECT_THAT(rows(kRegionList), IsEmpty()) << "the text has it already";
   EXPECT_TRUE(control("allowDenyRCSaveButton").enabled);
   keyIn(kRegionsField, ";");
@@ -241,7 +237,9 @@ TEST_F(RegionPolicyTest, WhatIsSavedInOnePanelReachesNoOther) {
   const std::string otherId = openOn(other);
   click("allowDenyEditButton");
   waitForChips();
-  chooseRegion("hong");
+  keyIn(kRegionsField, "hong");
+  EXPECT_EQ(choose(std::string(kRegionList) + "Rows", 0), Use::done);
+  waitForChips();
   click("allowDenyRCSaveButton");
   EXPECT_THAT(codesOfRecord(), ElementsAre("DE", "HK"));
   const Value others = panels.getSchSettingWindowInArray(otherId)->getVnSettingsData()[vn_Setting_RegionCodes];

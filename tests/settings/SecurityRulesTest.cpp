@@ -344,8 +344,6 @@ TEST(SecurityBoxTest, TheErrorFollowsTheOptionsUnderTheNewLogicAlone) {
   EXPECT_TRUE(securityErrorIsHidden(room, kNewLogic, kNewClient));
   EXPECT_TRUE(securityErrorIsHidden(none, kNewLogic, {}));
   EXPECT_TRUE(securityErrorIsHidden(none, kOldLogic, kNewClient));
-  EXPECT_EQ(securityErrorText(textOfKey), "Schedule_Security_SelectErrorTip");
-  EXPECT_EQ(waitingRoomTipText(textOfKey), "Schedule_Security_WaitingRoom_AlwaysOn");
   EXPECT_EQ(passcodePrompt({}, textOfKey), "Schedule_Passcode_Prompt");
   EXPECT_EQ(passcodePrompt({.isDisablePwdEmbedInJoinUrl = true}, textOfKey), "Schedule_Passcode_Disable_Prompt");
 }
@@ -453,13 +451,9 @@ TEST(EncryptionTest, OffersTheChoiceAsTheAccountAndTheClientAllow) {
 
 TEST(EncryptionTest, IsEndToEndOnlyForAnAccountThatCanScheduleItAndOnAShownButton) {
   const AccountFacts can{.canScheduleE2eeMeeting = true};
-  EXPECT_TRUE(enableE2eeAtLoad(true, can));
-  EXPECT_FALSE(enableE2eeAtLoad(false, can));
-  EXPECT_FALSE(enableE2eeAtLoad(true, {}));
-  EXPECT_TRUE(enableE2eeAfterClick(true, can));
-  EXPECT_FALSE(enableE2eeAfterClick(false, can));
-  EXPECT_FALSE(enableE2eeAfterClick(true, {}));
-
+  for (const auto isOn : {enableE2eeAtLoad, enableE2eeAfterClick}) {
+    EXPECT_TRUE(isOn(true, can) && !isOn(false, can) && !isOn(true, {}));
+  }
   EXPECT_TRUE(encryptionTipIsShown({.endtoendOn = true}, false));
   EXPECT_FALSE(encryptionTipIsShown({.endtoendOn = true}, true));
   EXPECT_FALSE(encryptionTipIsShown({.endtoendHidden = true, .endtoendOn = true}, false));

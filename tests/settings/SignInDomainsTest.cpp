@@ -34,7 +34,7 @@ TEST(SignInRulesTest, TheRecordsChoiceIsFoundByIdThenByNameAndOtherwiseCountsAsD
   const Value staff = auth("s", "Staff", 1, "a.example");
   const Value named = auth("n", "Pupils", 0, "p.example");
   using List = Value::Array;
-  const Value namesake = auth("own", "Pupils", 0, "");
+  const List both{named, auth("own", "Pupils", 0, "")};
   const Value bare = auth("b", "Guests", 0, "");
   const struct {
     const char* name;
@@ -54,15 +54,7 @@ TEST(SignInRulesTest, TheRecordsChoiceIsFoundByIdThenByNameAndOtherwiseCountsAsD
       {"the same id: its own domains", List{named, staff}, "s", "", 1, false, "n:p.example s:own ", false, {}},
       {"locked: the account's domains", List{staff}, "s", "Staff", 1, true, "s:a.example ", false, {}},
       {"the same name", List{staff, named}, "old", "Pupils", 0, false, "s:a.example n:p.example ", false, "n"},
-      {"the same id, a namesake",
-       List{named, namesake},
-       "own",
-       "Pupils",
-       0,
-       false,
-       "n:p.example own:own ",
-       false,
-       {}},
+      {"the same id, a namesake", both, "own", "Pupils", 0, false, "n:p.example own:own ", false, {}},
       {"the same name without domains", List{bare}, "old", "Guests", 0, false, "b: old:own ", true, {}},
       {"the same name, another type", List{staff}, "old", "Staff", 0, false, "s:a.example old:own ", true, {}},
       {"deleted", List{staff}, "old", "Old", 1, false, "s:a.example old:own ", true, {}},
