@@ -184,6 +184,7 @@ TEST_F(MeetingIdPanelTest, AMeetingThatStandsShowsItsNumber) {
   knowMeeting();
   open();
   EXPECT_EQ(control("buttonOneTimeMeeting").text, "Meeting ID 912 3456 7890");
+  EXPECT_EQ(control("userSettingTipView").reason, "the meeting exists already");
   EXPECT_EQ(turn("buttonUsePMI", true), Use::disabled) << "locked";
   EXPECT_EQ(turn("buttonOneTimeMeeting", true), Use::disabled);
 }

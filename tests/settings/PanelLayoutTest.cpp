@@ -205,29 +205,53 @@ TEST_F(PanelReasonsTest, FollowEverythingThatIsUsed) {
 }
 
 TEST_F(PanelReasonsTest, SayWhoIsBehindIt) {
+  const std::string kNo = "not offered by the account: ", kLocked = "locked by the account: ";
   const struct {
     unsigned words;
-    const char* version;
+    Offers offers;
     const char* control;
-    const char* reason;
+    std::string who, what;
   } rows[] = {
-      {0, "99.0", "unmuteParticipantsButton", "not offered by the account: isSupportUnmuteAll"},
-      {0, "3.5.0", "unmuteParticipantsButton", "the client is too old: isVornClientSupport520Tasks"},
-      {8, "99.0", "videoHostMatrix", "locked by the account: isHostVideoLocked"},
-      {8, "99.0", "enableWaitingRoom", "locked by the account: isLockWaitingRoom"},
-      {0, "99.0", "autoRecordingOptionMatrixCloud", "there is only one way to record"},
-      {0, "99.0", "passwordTextField", "the passcode is off"},
-      {0, "99.0", "publicEventButton", "not offered by the account: isEnableAddMeetingToPublicCalendarEvent"},
-      {0, "99.0", "_PswRuleMinLength", "the window is closed"},
-      {0, "99.0", "videoHostMatrix", ""},
+      {0, nothing, "unmuteParticipantsButton", kNo, "isSupportUnmuteAll"},
+      {0, nothing, "publicEventButton", kNo, "isEnableAddMeetingToPublicCalendarEvent"},
+      {0, nothing, "encryptionBox", kNo, "isSupportE2eeMeeting"},
+      {0, nothing, "jbhLimitTimePopUp", kNo, "isSupportJbhPriorTime"},
+      {0, nothing, "restrictDomainsBox", kNo, "isSupportOnlyAuthUsersCanJoin"},
+      {0, nothing, "tspAccountButton", kNo, "isTspSite"},
+      {2, nothing, "autoRecordingButton", kNo, "enableLocalRecording, enableCloudRecording"},
+      {8, locked, "videoHostMatrix", kLocked, "isHostVideoLocked"},
+      {8, locked, "videoParticipantMatrix", kLocked, "isParticipantsLocked"},
+      {8, locked, "autoRecordingButton", kLocked, "isAutomaticRecordingLocked"},
+      {8, locked, "muteParticipantUponEntry", kLocked, "isMuteUponEntryLocked"},
+      {8, locked, "forceIncludeJoinurlInLocation", kLocked, "isLockJoinUrlToLocation"},
+      {8, locked, "requiredMeetingPswButton", kLocked, "isLockScheduleRequirePassword"},
+      {8, locked, "enableWaitingRoom", kLocked, "isLockWaitingRoom"},
+      {8, locked, "restrictDomainsBox", kLocked, "isLockOnlyAuthUsersCanJoin"},
+      {8, locked, "buttonUsePMI", kLocked, "isLockScheduleUsePMI"},
+      {8, locked, "enableJBHButton", kLocked, "isJoinBeforeHostLocked"},
+      {8, locked, "allowDenyBox", kLocked, "isLockAllowDenyJoinMeetingRegion"},
+      {8, locked, "voipButton", kLocked, "isAudioTypeLocked"},
+      {31, locked, "publicEventButton", kLocked, "isPublicEventLocked"},
+      {31, locked, "enhancedButton", kLocked, "isLockE2eeMeeting"},
+      {31, locked, "endtoendButton", kLocked, "isLockE2eeMeeting"},
+      {31, locked, "meetingIDBox", kLocked, "isDisablePMI"},
+      {0, nothing, "autoRecordingOptionMatrixCloud", "", "there is only one way to record"},
+      {0, nothing, "passwordTextField", "", "the passcode is off"},
+      {0, nothing, "_PswRuleMinLength", "", "the window is closed"},
+      {0, nothing, "videoHostMatrix", "", ""},
+  };
+  const auto reasonOf = [this](const char* key) {
+    open();
+    const std::string reason = control(key).reason;
+    endSettingsPanel(id());
+    return reason;
   };
   for (const auto& row : rows) {
-    RecordingClient::setVersion(test, row.version);
-    knowAccount(row.words, nothing);
-    open();
-    EXPECT_EQ(control(row.control).reason, row.reason) << row.control << " " << row.version;
-    endSettingsPanel(id());
+    knowAccount(row.words, row.offers);
+    EXPECT_EQ(reasonOf(row.control), row.who + row.what) << row.control;
   }
+  RecordingClient::setVersion(test, "3.5.0");
+  EXPECT_EQ(reasonOf("unmuteParticipantsButton"), "the client is too old: isVornClientSupport520Tasks");
 }
 
 TEST_F(PanelReasonsTest, AreThereBeforeAnybodyIsToldOfTheChange) {

@@ -120,7 +120,8 @@ class RegionPolicyTest : public TokenFieldTest {
     const Value regions = Value::dictionaryFromPairs({{vn_Setting_RegionPolicy, policy},
                                                       {vn_Setting_TotalRegionCodes, list(all)},
                                                       {vn_Setting_DefaultRegionCode, "US"}});
-    knowAccount(account, Value::dictionaryFromPairs({{vn_Setting_JoinMeetingRegionSetting, regions}}));
+    knowAccount(account, Value::dictionaryFromPairs({{vn_Setting_JoinMeetingRegionSetting, regions},
+                                                     {vn_Profile_PasswordRulesOption, 1}}));
     open();
   }
   std::vector<std::string> codesOfRecord() {
@@ -143,6 +144,7 @@ TEST_F(RegionPolicyTest, EachOfTheTwoListsIsKeptWhileTheOtherIsShown) {
   click("allowDenyEditButton");
   waitForChips();
   EXPECT_TRUE(control("allowDenyRCBlockButton").on && !control("allowDenyRCAllowButton").on);
+  EXPECT_EQ(control("allowDenyRCLockedLabel").reason, "the regions can be changed");
   keyIn(kRegionsField, "US");
   turn("allowDenyRCAllowButton", true);
   EXPECT_FALSE(control("allowDenyRCBlockButton").on);
@@ -240,7 +242,11 @@ TEST_F(RegionPolicyTest, WhatIsSavedInOnePanelReachesNoOther) {
   keyIn(kRegionsField, "hong");
   EXPECT_EQ(choose(std::string(kRegionList) + "Rows", 0), Use::done);
   waitForChips();
+  turn("requiredMeetingPswButton", true);
+  type("passwordTextField", "1");
+  EXPECT_FALSE(control("passwordRuleWindow").hidden);
   click("allowDenyRCSaveButton");
+  EXPECT_TRUE(control("passwordRuleWindow").hidden) << "what stands beside the sheet goes with a save";
   EXPECT_THAT(codesOfRecord(), ElementsAre("DE", "HK"));
   const Value others = panels.getSchSettingWindowInArray(otherId)->getVnSettingsData()[vn_Setting_RegionCodes];
   EXPECT_EQ(others, Value(Value::Array{"DE"}));
