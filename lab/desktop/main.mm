@@ -126,7 +126,10 @@ ExitCode playOne(char** argv, const std::vector<std::string>& words) {
   const fs::path pictures = words[2];
   const auto start = [&](const LabOptions& asked, CalendarStore& calendar, const HostOptions& host) {
     auto screen = std::make_unique<DesktopScreen>(drawing, pictures);
-    return std::make_unique<DesktopSession>(asked, calendar, host, std::move(screen));
+    auto session = std::make_unique<DesktopSession>(asked, calendar, host, std::move(screen));
+    // A person begins when the main window is drawn, with what the plug-in puts into it in the next turns.
+    session->waitForQuiet();
+    return session;
   };
   const Pool pool;
   DesktopSession::beginApplication();

@@ -10,6 +10,7 @@
 #include "lab/ics/CalendarStore.h"
 #include "lab/objc/ObjcHost.h"
 #include "lab/objc/OwnWorld.h"
+#include "lab/objc/PlayedSystem.h"
 #include "lab/shell/ClientSide.h"
 #include "lab/shell/LabSession.h"
 
@@ -87,6 +88,7 @@ class ObjcSession : public LabSession {
   };
   RoadTrace m_trace;
   std::optional<InstalledTrace> m_installedTrace;
+  PlayedSystem m_system;
   ObjcHost m_host;
   ClientSide m_client;
   int (*m_answer)(const char*, const vorn::Value*, vorn::Value*) = nullptr;

@@ -161,9 +161,14 @@ struct EmbeddedDistributedNotifications::Deliveries {
 
 std::unique_ptr<EmbeddedDistributedNotifications> EmbeddedDistributedNotifications::connect(
     RunLoop& runLoop, const std::string& address) {
+  return connect([&runLoop](RunLoop::Task task) { runLoop.post(std::move(task)); }, address);
+}
+
+std::unique_ptr<EmbeddedDistributedNotifications> EmbeddedDistributedNotifications::connect(
+    const Post& post, const std::string& address) {
   auto deliveries = std::make_shared<Deliveries>();
-  const auto handOver = [&runLoop, weak = std::weak_ptr(deliveries)](std::string name, Value userInfo) {
-    runLoop.post([weak, name = std::move(name), userInfo = std::move(userInfo)] {
+  const auto handOver = [post, weak = std::weak_ptr(deliveries)](std::string name, Value userInfo) {
+    post([weak, name = std::move(name), userInfo = std::move(userInfo)] {
       if (const auto alive = weak.lock()) alive->observers.post(name, nullptr, userInfo);
     });
   };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,6 +25,10 @@ class EmbeddedDistributedNotifications final : public DistributedNotifications {
   // be reached; the library then keeps a little memory for each address that was given. The run loop must outlive
   // the result.
   static std::unique_ptr<EmbeddedDistributedNotifications> connect(RunLoop& runLoop,
+                                                                   const std::string& address = {});
+  // The same for a loop of another kind: how a task is posted to it, which is called on a thread of its own.
+  using Post = std::function<void(RunLoop::Task)>;
+  static std::unique_ptr<EmbeddedDistributedNotifications> connect(const Post& post,
                                                                    const std::string& address = {});
   ~EmbeddedDistributedNotifications() override;
 

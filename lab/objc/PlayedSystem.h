@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/DistributedNotifications.h"
+
+namespace vornlab {
+
+// What Foundation tells a plug-in in this process of the system around it, in place of what it knows itself: the
+// system's version, and distributed notifications, which travel over the session bus that the client is on. Without
+// a bus they stay Foundation's own. One at a time; main thread only.
+class PlayedSystem {
+ public:
+  // To be there before the plug-in is loaded. The version is one such as "10.14.6".
+  explicit PlayedSystem(const std::string& version);
+  ~PlayedSystem();
+  PlayedSystem(const PlayedSystem&) = delete;
+  PlayedSystem& operator=(const PlayedSystem&) = delete;
+
+  // Whether a session bus has answered.
+  bool hasBus() const { return m_bus != nullptr; }
+
+ private:
+  std::unique_ptr<vorn::DistributedNotifications> m_bus;
+};
+
+}  // namespace vornlab
