@@ -62,29 +62,6 @@ TEST(FaultBook, saysWhereAndWhatItExpected) {
   }
 }
 
-TEST(FaultBook, followsItsFile) {
-  const test::TemporaryFolder folder;
-  const std::string path = folder / "faults";
-  vorn::replaceFile(path, "reply 2: close\n");
-  FaultBook book = FaultBook::fromFile(path);
-  const auto kinds = [&book] {
-    std::string words;
-    for (const Fault& fault : book.next(6, 0)) words += fault.words;
-    return words;
-  };
-  EXPECT_EQ(kinds(), "");
-  // The counts begin anew, and what cannot be read changes nothing.
-  vorn::replaceFile(path, "reply 2: silent\n");
-  EXPECT_EQ(kinds(), "");
-  EXPECT_EQ(kinds(), "silent");
-  vorn::replaceFile(path, "reply 3: vanish\n");
-  EXPECT_EQ(kinds(), "");
-  vorn::replaceFile(path, "every reply: twice\n");
-  EXPECT_EQ(kinds(), "twice");
-  vorn::replaceFile(path, "");
-  EXPECT_EQ(kinds(), "");
-}
-
 TEST(Delivery, spoilsTheContent) {
   using Case = std::pair<const char*, const char*>;
   for (const auto& [what, content] : {Case{"error 3113", "0;Error 3113"}, Case{"content a, b; c", "a, b; c"},
@@ -109,17 +86,6 @@ TEST(Delivery, cutsTheTextWithoutLosingAByte) {
   EXPECT_EQ(deliver("truncate 10").pieces, std::vector<std::string>{whole.substr(0, 10)});
   EXPECT_EQ(deliver("twice").pieces, (std::vector<std::string>{whole, whole}));
   EXPECT_EQ(fromText(deliver("not-utf8").pieces.at(0)), std::nullopt);
-}
-
-TEST(Delivery, endsInsteadOfAnswering) {
-  EXPECT_TRUE(deliver("silent").pieces.empty());
-  for (const auto& [what, end] : std::vector<std::pair<std::string, Delivery::End>>{
-           {"close", Delivery::End::close}, {"die", Delivery::End::die}, {"restart", Delivery::End::restart}}) {
-    const auto delivery = deliver("delay 1.5, " + what);
-    EXPECT_TRUE(delivery.pieces.empty()) << what;
-    EXPECT_EQ(delivery.end, end) << what;
-    EXPECT_EQ(delivery.delayMilliseconds, 1500U) << what;
-  }
 }
 
 }  // namespace

@@ -46,25 +46,6 @@ TEST_F(ProgramTest, saysThatItListensAndEndsCleanlyWhenTold) {
   }
 }
 
-TEST_F(ProgramTest, keepsItsMeetingsFromOneRunToTheNext) {
-  std::string key;
-  {
-    RunningClient client(arguments());
-    ASSERT_TRUE(client.line());
-    const auto reply = Caller(socket).ask(commit());
-    ASSERT_TRUE(reply);
-    key = reply->content.substr(0, reply->content.find(';'));
-    client.stop(SIGKILL);
-    EXPECT_EQ(client.wait(), -SIGKILL);
-    EXPECT_TRUE(std::filesystem::exists(socket)) << "the stale socket that the next run meets";
-  }
-  RunningClient client(arguments());
-  ASSERT_TRUE(client.line());
-  const auto reply = Caller(socket).ask({3, "4;" + key});
-  ASSERT_TRUE(reply);
-  EXPECT_THAT(reply->content, testing::StartsWith(key + ";1793000000;"));
-}
-
 TEST_F(ProgramTest, leavesTheSocketOfAnotherClientAlone) {
   RunningClient first(arguments());
   ASSERT_TRUE(first.line());
@@ -97,22 +78,6 @@ TEST_F(ProgramTest, tellsBadUsageFromFailure) {
     EXPECT_THAT(client.errors(), testing::AllOf(testing::StartsWith("vornclient: "), HasSubstr(expected)));
     EXPECT_EQ(client.line(), std::nullopt);
   }
-}
-
-TEST_F(ProgramTest, answersGluedAndSplitRequestsOfSeveralConnections) {
-  RunningClient client(arguments());
-  ASSERT_TRUE(client.line());
-  Caller first(socket);
-  Caller second(socket);
-  const std::string profile = toText({6, "6"});
-  first.send(profile + toText({9, "9"}) + toText({11, "11"}).substr(0, 20));
-  second.send(profile.substr(0, 11));
-  EXPECT_EQ(first.receive()->action, 6U);
-  EXPECT_EQ(first.receive()->action, 9U);
-  second.send(profile.substr(11));
-  EXPECT_EQ(second.receive()->action, 6U);
-  first.send(toText({11, "11"}).substr(20));
-  EXPECT_EQ(first.receive()->action, 11U);
 }
 
 TEST_F(ProgramTest, sendsAReplyOnlyWhenTheOneBeforeWasTaken) {

@@ -13,7 +13,7 @@
 namespace vornlab::test {
 namespace {
 
-constexpr int kPatience = 10'000;  // milliseconds
+constexpr int kPatience = 120'000;  // milliseconds
 
 bool isReadable(int descriptor) {
   pollfd waiting{descriptor, POLLIN, 0};

@@ -3,12 +3,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <optional>
 #include <set>
+#include <thread>
 #include <tuple>
 
 #include "ReplyReader.h"
 #include "lab/client/Invitation.h"
+#include "lab/client/MeetingStore.h"
 #include "tests/support/ContentFields.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace vornlab {
 namespace {
@@ -97,32 +102,6 @@ TEST_F(ServiceTest, putsEachOptionOfACommitIntoItsBit) {
   EXPECT_NE(signedIn.number(29) & 0x1800000000000000U, 0U);
 }
 
-TEST_F(ServiceTest, returnsListsAndChoicesInTheirOrder) {
-  const auto packed =
-      fetch(keyOf(schedule(commitOf(
-                {{"alternateHosts", {"b@example.com", "a@example.com"}},
-                 {"trackingFields",
-                  {{{"id", "t1"}, {"trackingField", "Team"}, {"trackingValue", "x^^^y"}, {"mtValue", "y"}}}},
-                 {"availableDialinCountry",
-                  {{"hash", "h1"}, {"includedTollfree", true}, {"selectedCountries", {"JP", "US"}}}},
-                 {"meetingAuth",
-                  {{"authId", "a1"}, {"authName", "Us"}, {"authType", 1}, {"authDomain", "example.com"}}},
-                 {"meetingTemplate", {{"templateId", "tpl"}, {"templateName", "Talk"}, {"templateType", 1}}},
-                 {"RegionPolicy", {{"regionType", 1}, {"regionCodes", {"AQ"}}}},
-                 {"additionalDCRegions", {"EU", "US"}}}))))
-          .packed;
-  ASSERT_EQ(packed.texts.at(73).size(), 2U);
-  EXPECT_EQ(test::unpack(packed.texts.at(73)[0]).text(2), "b@example.com");
-  EXPECT_NE(test::unpack(packed.texts.at(73)[0]).text(1), "");
-  EXPECT_EQ(test::unpack(packed.text(81)).text(5), "y");
-  EXPECT_EQ(test::unpack(packed.text(94)).texts.at(3), (std::vector<std::string>{"JP", "US"}));
-  EXPECT_EQ(test::unpack(packed.text(94)).number(4), 1U);
-  EXPECT_EQ(test::unpack(packed.text(134)).text(4), "example.com");
-  EXPECT_EQ(test::unpack(packed.text(160)).text(1), "tpl");
-  EXPECT_EQ(test::unpack(packed.text(157)).text(2), "AQ");
-  EXPECT_EQ(packed.texts.at(145), (std::vector<std::string>{"EU", "US"}));
-}
-
 TEST_F(ServiceTest, keepsNumberAndUrlInAnUpdateUntilThePasscodeChanges) {
   const std::string key = keyOf(schedule(commitOf()));
   const std::string url = fetch(key).json["joinUrl"];
@@ -141,15 +120,6 @@ TEST_F(ServiceTest, keepsNumberAndUrlInAnUpdateUntilThePasscodeChanges) {
   std::set<std::string> keys{key};
   for (int i = 0; i < 300; ++i) keys.insert(keyOf(schedule(commitOf())));
   EXPECT_EQ(keys.size(), 301U) << "no number is given twice";
-}
-
-TEST_F(ServiceTest, keepsAppointmentAndLanguageWhenAnUpdateSaysNothingOfThem) {
-  const std::string key = keyOf(schedule(commitOf({{"language", "de-DE"}})));
-  json changed = commitOf();
-  changed["meetingKey"] = key;
-  changed["apptInfo"].erase("olApptUUID");
-  EXPECT_THAT(update(changed), HasSubstr("Kenncode"));
-  EXPECT_EQ(ask("10;A1B2-C3"), ask("4;" + key));
 }
 
 TEST_F(ServiceTest, refusesWhatTheServiceRefuses) {
@@ -195,65 +165,33 @@ TEST_F(ServiceTest, writesInvitationsThatCarryEverythingAndNoForeignMarkup) {
   EXPECT_THAT(html, Not(HasSubstr("<review>")));
 }
 
-TEST_F(ServiceTest, tellsTheInvitationInTheLanguageThatIsAskedFor) {
-  const std::string key = keyOf(schedule(commitOf({{"language", "fr-FR"}})));
-  const auto textFor = [&](const std::string& language) {
-    return readMeeting(ask("4;" + key + ";msOutlook;0;" + language)).json["invitationEmail"].get<std::string>();
-  };
-  EXPECT_THAT(textFor("de-DE"), HasSubstr("Kenncode: pass-771"));
-  EXPECT_THAT(textFor(""), HasSubstr("Code secret: pass-771"));
-  EXPECT_THAT(textFor("xx"), HasSubstr("Passcode: pass-771"));
-}
-
-TEST_F(ServiceTest, answersTheDefaultsOfANewMeetingWithNumberZero) {
-  const auto fresh = fetch("new");
-  EXPECT_EQ(fresh.packed.numbers.count(12), 1U);
-  EXPECT_EQ(fresh.packed.number(12), 0U);
-  EXPECT_EQ(fresh.json["enableHostVideo"], true);
-}
-
-TEST_F(ServiceTest, givesAMeetingUnderAPersonalNumberANumberOfItsOwn) {
-  service.setAccount(Account::fromFile(VORNCLIENT_ACCOUNTS "/three-people.json"));
-  for (const auto& [host, personal] : {std::pair{"", "5550119926"}, {"dana.birch@example.com", "5550131144"}}) {
-    json wanted = commitOf({{"usePMI", true}, {"scheduleFor", host}});
-    const std::string first = keyOf(schedule(wanted));
-    wanted["apptInfo"]["olApptUUID"] = "D4-E5";
-    wanted["setting"]["meetingPassword"] = "another-1";
-    const std::string second = keyOf(schedule(wanted));
-    EXPECT_EQ((std::set<std::string>{first, second, personal}.size()), 3U);
-
-    const auto room = fetch(personal).json;
-    EXPECT_EQ(room["meetingKey"], personal);
-    EXPECT_EQ(room["originalMeetingNumber"], "0");
-    for (const std::string& key : {first, second}) {
-      const auto layer = fetch(key).json;
-      EXPECT_EQ(layer["meetingKey"], personal);
-      EXPECT_EQ(layer["originalMeetingNumber"], key);
-      EXPECT_EQ(layer["usePMI"], true);
-      EXPECT_EQ(layer["scheduleFor"], host);
-      EXPECT_EQ(layer["meetingPassword"], "another-1") << "one room, one passcode";
-      EXPECT_EQ(layer["joinUrl"], room["joinUrl"]);
-    }
-    EXPECT_EQ(ask("10;D4-E5"), ask("4;" + second));
-    wanted["meetingKey"] = first;
-    EXPECT_EQ(keyOf(update(wanted)), first);
-    EXPECT_EQ(ask("3;" + first), first);
-    EXPECT_EQ(fetch(second).json["meetingKey"], personal);
-  }
-}
-
-TEST_F(ServiceTest, namesTheAlternateHostsThatAreRefused) {
-  service.setAccount(Account::fromFile(VORNCLIENT_ACCOUNTS "/everything-on.json"));
-  const auto reply = schedule(
-      commitOf({{"meetingPassword", "Passcode1"}, {"alternateHosts", {"a@example.com", "nobody@example.com"}}}));
-  EXPECT_EQ(vorn::contentFields(reply),
-            (std::vector<std::string>{"0", "Error 1113", "nobody@example.com#not allowed"}));
-}
-
 TEST_F(ServiceTest, answersTheVersionAndKeepsSilentOnWhatNeedsNoAnswer) {
   EXPECT_EQ(service.handle({action::kVersion, ""}), (std::vector<Envelope>{{200, "5.12.3.9654"}}));
   EXPECT_THAT(service.handle({action::kStartMeeting, "{\"launchtype\": \"groupVideo\"}"}), testing::IsEmpty());
   EXPECT_THAT(service.handle({77, "77"}), testing::IsEmpty());
+}
+
+TEST(MeetingStore, WaitsForAnotherClientOfItsFileAndSaysWhenThatTakesTooLong) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder / "meetings.db";
+  MeetingStore other(path);
+  std::optional<MeetingStore::Transaction> busy(std::in_place, other);
+  Meeting meeting;
+  meeting.number = 1;
+  MeetingStore hasty(path, 20);
+  try {
+    hasty.put(meeting);
+    FAIL() << "wrote into a transaction of somebody else";
+  } catch (const StoreError& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("another program has kept the database busy"));
+  }
+  std::jthread ends([&busy] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(2300));
+    busy.reset();
+  });
+  MeetingStore patient(path);
+  patient.put(meeting);
+  EXPECT_EQ(hasty.count(), 1);
 }
 
 }  // namespace

@@ -96,11 +96,6 @@ TEST_F(ErrorMapping, EachCodeShowsItsText) {
   EXPECT_EQ(world.presenter.alerts()[0].alert.icon, "warning.png");
 }
 
-TEST_F(ErrorMapping, AClientThatDoesNotRunIsOfferedToBeLaunched) {
-  EXPECT_EQ(shown(5), "VornClientNotRunning");
-  EXPECT_EQ(world.presenter.alerts()[0].alert.buttons.front(), "Button_LaunchClient");
-}
-
 TEST_F(ErrorMapping, ASilentCommandKeepsErrorsToItselfButNotWarnings) {
   command.setSilentAPIError(true);
   command.parseFeedbackError("0;Error 1113;a@b.c#1");

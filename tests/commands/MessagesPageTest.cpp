@@ -9,6 +9,7 @@
 #include "channel/commands/vnAPIBase.h"
 #include "tests/commands/CommandWorld.h"
 #include "util/AtomicFile.h"
+#include "util/TextSearch.h"
 
 namespace vorn {
 namespace {
@@ -21,13 +22,6 @@ std::vector<std::smatch> matches(const std::string& text, const char* wanted) {
   static std::map<std::string, std::regex> known;
   const std::regex& pattern = known.try_emplace(wanted, wanted).first->second;
   return {std::sregex_iterator(text.begin(), text.end(), pattern), std::sregex_iterator()};
-}
-
-std::string replaced(std::string text, const std::string& what, const std::string& by) {
-  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
-    text.replace(at, what.size(), by);
-  }
-  return text;
 }
 
 std::string trimmed(const std::string& text) {
@@ -51,7 +45,7 @@ class MessagesPage : public CommandWorld {
       if (row[1] != std::to_string(code)) return false;
       const std::string says = row[2] == "no text" ? "" : row[2].str();
       std::string pattern = std::regex_replace(says, std::regex(R"([.^$|()\[\]{}*+?\\])"), "\\$&");
-      return std::regex_match(text, std::regex(replaced(pattern, "…", ".*")));
+      return std::regex_match(text, std::regex(replacingAll(pattern, "…", ".*")));
     });
   }
 
@@ -88,7 +82,7 @@ TEST_F(MessagesPage, HasEverySentenceOfTheTableOfTextsInARow) {
   std::size_t count = 0;
   for (const std::smatch& line : matches(texts, "\n\"(.+?)\" = \"(.*\\.)\";")) {
     if (std::regex_search(line[1].str(), std::regex("Prompt|Help|Placeholder|Tooltip"))) continue;
-    const std::string says = "| " + replaced(line[2], "%@", "…") + " |";
+    const std::string says = "| " + replacingAll(line[2].str(), "%@", "…") + " |";
     EXPECT_NE(page.find(says), std::string::npos) << line[1] << ": " << says;
     ++count;
   }
@@ -109,18 +103,18 @@ TEST_F(MessagesPage, HasTheWordsWithWhichTheLaboratoryGivesUp) {
     for (const std::smatch& thrown : matches(source, R"re(throw (?:Lab|Usage)Error\(([^;]|";|; )*?\);\n)re")) {
       const std::string statement = thrown[0];
       for (const std::smatch& literal : matches(statement, R"re("((?:[^"\\]|\\.)*)")re")) {
-        const std::string words = replaced(literal[1], "\\\"", "\"");
+        const std::string words = replacingAll(literal[1].str(), "\\\"", "\"");
         EXPECT_NE(page.find(words), std::string::npos) << entry.path() << ": " << words;
         ++count;
       }
     }
   }
   EXPECT_GT(count, 60u) << "the sources were not understood";
-  sources = replaced(replaced(sources, "\\\"", "\""), "`", "");
+  sources = replacingAll(replacingAll(sources, "\\\"", "\""), "`", "");
   const std::string told = page.substr(page.find("## What `meet` gives"));
   for (const std::smatch& row : matches(told, "\n\\| ([^|]+?) \\|[^|]*\\|")) {
     if (row[1] == "Says" || row[1].str().starts_with("---")) continue;
-    const std::string says = replaced(row[1], "…", "\n");
+    const std::string says = replacingAll(row[1].str(), "…", "\n");
     for (const std::smatch& piece : matches(says, "[^\n;:\"]{8,}")) {
       EXPECT_NE(sources.find(trimmed(piece[0])), std::string::npos) << piece[0];
     }
@@ -137,7 +131,7 @@ TEST_F(MessagesPage, HasWhatTheDesktopTellsByItself) {
     for (const std::smatch& statement : matches(source, telling)) {
       const std::string words = statement[0];
       for (const std::smatch& literal : matches(words, R"re(@"((?:[^"\\]|\\.)*)")re")) {
-        const std::string says = replaced(literal[1], "%@", "…");
+        const std::string says = replacingAll(literal[1].str(), "%@", "…");
         if (std::count(says.begin(), says.end(), ' ') < 2) continue;
         EXPECT_NE(page.find("| " + says + " |"), std::string::npos) << entry.path() << ": " << says;
         ++count;

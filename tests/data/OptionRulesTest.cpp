@@ -158,17 +158,6 @@ TEST(OptionRulesTest, WithoutThePanelEncryptionRulesOtherOptionsOrIsOff) {
   }
 }
 
-TEST(OptionRulesTest, TheThreeResetsBelongToAUserWhoDoesNotSeeThePanel) {
-  AccountFacts account{.isEnableWaitingRoomNewLogic = true};
-  account.getMeetingAuths = json(R"([{"authId":"1","defaultAuth":true}])");
-  MeetingOptions options{.isSignedInUsersMeetingOn = true, .enableE2ee = true};
-  const ClientGates client{.isVornClientSupport520Tasks = true};
-  EXPECT_FALSE(rules::initWithSavedProfile(options, account, client, json(R"({"notShowMeAgain":false})")));
-  EXPECT_FALSE(options.authId || options.enableWaitingRoom || !options.enableE2ee);
-  EXPECT_TRUE(rules::initWithSavedProfile(options, account, client, json(R"({"notShowMeAgain":true})")));
-  EXPECT_TRUE(options.authId == "1" && options.enableWaitingRoom && !options.enableE2ee);
-}
-
 TEST(OptionRulesTest, ThePasscodeOfAPersonalMeetingIsTheServices) {
   const struct {
     bool usePMI, required, forced, joinBefore;

@@ -105,27 +105,6 @@ TEST_F(DiagnosisTest, TellsWhatLiesInEachFileOfTheStore) {
   }
 }
 
-TEST_F(DiagnosisTest, CoversAddressesAndPasscodesWhereverTheAccountHasThem) {
-  const std::string address = "dana.birch@example.com";
-  signIn(Value::dictionaryFromPairs(
-      {{"bosses", Value::Array{Value::dictionaryFromPairs(
-                      {{"email", address}, {"displayName", "Dana <" + address + ">"}, {"pmi", "5550131144"}})}},
-       {"upgradeInfo", Value::dictionaryFromPairs({{"contactEmail", address}})},
-       {"trashCanLink", "https://vorn.example/" + address},
-       {"enableThirdPartyAudio", true},
-       {"thirdPartyAudio", "Dial 555, passcode: 482913"},
-       {"isEnableRequirePassword", true}}));
-  std::string everything;
-  for (const char* question : {"client", "account", "defaults"}) {
-    everything += vStringUtils::toJSONString(ask(question)).value_or("unwritable");
-  }
-  EXPECT_THAT(everything, Not(HasSubstr("unwritable")));
-  EXPECT_THAT(everything, Not(HasSubstr("@")));
-  EXPECT_THAT(everything, Not(HasSubstr("482913")));
-  EXPECT_THAT(everything, HasSubstr("Dial 555"));
-  EXPECT_EQ(setting(vn_Setting_MeetingPassword)["value"].text(), "******");
-}
-
 TEST_F(DiagnosisTest, DefaultsAreThoseOfANewMeetingAndLeaveTheUsersWishAlone) {
   signIn(Value::dictionaryFromPairs({{"isEnableRequirePassword", false}, {"userOption", 0}}));
   m_world.userDefaults.setObject(true, vn_Setting_NotShowMeAgain);

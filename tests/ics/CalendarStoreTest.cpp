@@ -248,17 +248,6 @@ TEST(CalendarEvent, ReadsTheTextsThatPeopleHave) {
   EXPECT_EQ(latin.eventAt(0).summary(), "café");
 }
 
-TEST(CalendarEvent, TellsPeopleFromRooms) {
-  Loaded store("demo.ics");
-  const CalendarEvent talk = *store.find("supplier-talk@calendar.example");
-  const auto attendees = talk.attendees();
-  ASSERT_EQ(attendees.size(), 4U);
-  for (const int type : {0, 1, 2}) EXPECT_EQ(attendees[type + 1].type, type);
-  EXPECT_EQ(attendees[3].name, "Room Amsterdam");
-  EXPECT_EQ(attendees[3].emailAddress, "amsterdam@rooms.calendar.example");
-  EXPECT_EQ(talk.organizerAddress(), "mara.lindt@calendar.example");
-}
-
 TEST(CalendarEvent, KeepsARecordThroughTheFileAndTakesItOutWithoutATrace) {
   const std::string before = event("SUMMARY:a\r\n");
   const std::string record = "{\n  \"meetingKey\" : \"123\", \"url\" : \"https://a.example/j/1?p=\\\"ä;\\\"\"\n}";

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <ctime>
 #include <limits>
 
@@ -11,6 +10,7 @@
 #include "host/proxies/vnOLCalendarDate.h"
 #include "invitation/TimeUtils.h"
 #include "invitation/vnTime.h"
+#include "tests/support/FakeHost.h"
 #include "tests/support/TestPlatform.h"
 
 namespace vorn {
@@ -55,6 +55,7 @@ TEST(TimeEdges, ZonesThatNobodyKnowsGiveNoTime) {
   }
   EXPECT_EQ(TimeUtils::localToGMT("2026-01-01 00:00:00", std::string(1'000'000, 'Z')), std::nullopt);
   EXPECT_EQ(TimeUtils::localToGMT("2026-01-01 00:00:00", std::nullopt), std::nullopt);
+  EXPECT_EQ(TimeUtils::localToGMTWithTM(std::numeric_limits<std::time_t>::max(), "UTC"), -1);
   EXPECT_EQ(TimeUtils::stringToTimestamp(std::nullopt), "0");
 }
 
@@ -117,48 +118,12 @@ TEST(TimeEdges, StampsOfAnyTime) {
   EXPECT_EQ(vnTime::getCurrentTime(), "") << "nobody tells the time";
 }
 
-TEST(TimeEdges, MovingByTheMachinesZoneSurvivesEveryTime) {
-  ::setenv("TZ", "UTC", 1);
-  ::tzset();
-  EXPECT_EQ(TimeUtils::localToGMTWithTM(1'700'000'000, "Europe/Berlin"), 1'700'000'000);
-  // The first and the last second of the years that a broken-down time can hold.
-  constexpr std::time_t first = -67'768'040'609'740'800;
-  constexpr std::time_t last = 67'768'036'191'676'799;
-  constexpr std::time_t tooFarToMove = first + 59'958'230'399;
-  for (const std::time_t time : {std::numeric_limits<std::time_t>::max(), std::numeric_limits<std::time_t>::min(),
-                                 first - 1, first, tooFarToMove, last + 1}) {
-    EXPECT_EQ(TimeUtils::localToGMTWithTM(time, "UTC"), -1) << time;
-  }
-  EXPECT_EQ(TimeUtils::localToGMTWithTM(last, "UTC"), last);
-  ::unsetenv("TZ");
-  ::tzset();
-}
-
 // -- Dates of the host -------------------------------------------------------------------------------------------
 
 class HostDates : public testing::Test {
  protected:
-  HostDates() {
-    for (const char* name : {"OLCalendarDate", "ECCalendarEvent"}) runtime.defineClass(name);
-    answers("OLCalendarDate", {"dateUTC", "timeZone", "timeIntervalSinceDate:"});
-    answers("ECCalendarEvent", {"startTime", "endTime"});
-  }
-
-  void answers(const char* className, std::initializer_list<const char*> selectors) {
-    for (const char* selector : selectors) {
-      runtime.setInstanceMethod(className, selector, [this, selector](const HostObject& self, const Arguments&) {
-        return (*runtime.state<Value>(self))[selector];
-      });
-    }
-  }
-  HostObject make(const char* className, std::initializer_list<std::pair<std::string_view, Value>> items) {
-    Value state = Value::dictionary();
-    for (const auto& [key, value] : items) state.set(key, value);
-    return runtime.create(className, std::make_shared<Value>(state));
-  }
-
   TestPlatform world;
-  EmbeddedClassRuntime& runtime = world.classRuntime;
+  FakeHost host{world.classRuntime};
 };
 
 TEST_F(HostDates, AnEntryEndsAtTheFirstThingThatCannotBeSaid) {
@@ -187,7 +152,8 @@ TEST_F(HostDates, AnEntryEndsAtTheFirstThingThatCannotBeSaid) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.seconds.realValue());
-    const vnOLCalendarDate proxy(make("OLCalendarDate", {{"dateUTC", row.seconds}, {"timeZone", row.zone}}));
+    const vnOLCalendarDate proxy(
+        host.object("OLCalendarDate", {{"dateUTC", row.seconds}, {"timeZone", row.zone}}));
     EXPECT_EQ(proxy.UTCTime(), row.utc);
     EXPECT_EQ(proxy.LocalTime(), row.local);
     EXPECT_EQ(proxy.getVnMeetingData().count(), row.local ? 3u : row.utc ? 1u : 0u);
@@ -206,8 +172,8 @@ TEST_F(HostDates, MinutesAreCutTowardZeroAndToTheHostsNumber) {
                                                 {kEndless, "2147483647"},
                                                 {"90", "1"}};
   for (const auto& [seconds, minutes] : rows) {
-    const HostObject end = make("OLCalendarDate", {{"timeIntervalSinceDate:", seconds}});
-    EXPECT_EQ(vnECCalendarEvent(make("ECCalendarEvent", {{"endTime", end}})).getVnDuration(), minutes)
+    const HostObject end = host.object("OLCalendarDate", {{"timeIntervalSinceDate:", seconds}});
+    EXPECT_EQ(vnECCalendarEvent(host.object("ECCalendarEvent", {{"endTime", end}})).getVnDuration(), minutes)
         << seconds.realValue();
   }
 }

@@ -22,16 +22,6 @@ class EmbeddedRuntime : public testing::Test {
   HostObject m_derived;
 };
 
-// What this runtime keeps beside what every one does.
-TEST_F(EmbeddedRuntime, AClassIsMadeOnceAndOnlyBelowOneThatIsThere) {
-  EXPECT_FALSE(m_runtime.defineClass("Orphan", "Missing"));
-  EXPECT_FALSE(m_runtime.create("Missing"));
-  EXPECT_EQ(m_runtime.defineClass("Derived", "Base"), m_runtime.NSClassFromString("Derived"));
-  m_runtime.method_exchangeImplementations(
-      {}, m_runtime.class_getInstanceMethod(m_runtime.NSClassFromString("Base"), "name"));
-  EXPECT_EQ(m_runtime.send(m_derived, "name"), "base");
-}
-
 TEST_F(EmbeddedRuntime, AMethodMayBeReplacedWhileItRuns) {
   int depth = 0;
   m_runtime.setInstanceMethod("Base", "enter", [&](const HostObject& receiver, const Arguments& arguments) {
@@ -48,22 +38,6 @@ TEST_F(EmbeddedRuntime, ADeadAddressNeverComesBack) {
   m_runtime.destroy(m_derived);
   for (int i = 0; i < 100; ++i) EXPECT_NE(m_runtime.create("Derived"), m_derived);
   EXPECT_FALSE(m_runtime.isAlive(m_derived));
-}
-
-TEST_F(EmbeddedRuntime, ATemporaryLivesAsLongAsAReferenceToItAndTakesItsOwnAlong) {
-  const auto counted = std::make_shared<int>(1);
-  HostObject kept;
-  {
-    const HostObject inner = m_runtime.createTemporary("Derived", counted);
-    const HostObject outer = m_runtime.createTemporary("Derived", std::make_shared<HostObject>(inner));
-    kept = outer;
-  }
-  EXPECT_TRUE(m_runtime.isAlive(kept));
-  EXPECT_EQ(counted.use_count(), 2);
-  const HostObject plain(kept.address());
-  kept = HostObject();
-  EXPECT_FALSE(m_runtime.isAlive(plain));
-  EXPECT_EQ(counted.use_count(), 1);
 }
 
 TEST(EmbeddedRuntimeEnd, AReferenceMayOutliveTheRuntime) {

@@ -21,7 +21,7 @@ namespace {
 template <typename Loop>
 class RunLoopContract : public testing::Test {
  protected:
-  static constexpr double kLimit = 20;
+  static constexpr double kLimit = 120;
 
   RunLoop::Task noting(std::string text) {
     return [this, text = std::move(text)] { m_log.push_back(text); };

@@ -34,12 +34,23 @@ constexpr auto kWorldVariable = "VORN_PORTS_WORLD";
 // The folder in which this process's user defaults lie.
 std::string defaultsFolder() { return std::string(std::getenv(kWorldVariable)) + "/defaults"; }
 
+// In the place of the library that draws, which needs a display.
+class RecordedDrawing final : public PanelDrawing {
+ public:
+  explicit RecordedDrawing(PanelRecord& record) : m_record(record) {}
+  std::unique_ptr<Presenter::Panel> show(id window, std::string_view title, const PanelLayout& layout,
+                                         ControlSet& controls, Presenter::PanelInput used) override {
+    const HostObject shownOn = LiveObjects::instance().reference(window, LiveObjects::Holding::never);
+    return m_record.show(shownOn, title, layout, controls, std::move(used));
+  }
+
+ private:
+  PanelRecord& m_record;
+};
+
 class ApplePorts final : public PortsWorld {
  public:
-  explicit ApplePorts(bool AppleToolkit::*workspace = nullptr) {
-    m_toolkit = AppleToolkit();
-    if (workspace) m_toolkit.*workspace = true;
-  }
+  explicit ApplePorts(bool AppleToolkit::*workspace = nullptr) : m_toolkit(fresh(workspace)) {}
   ~ApplePorts() override {
     std::error_code ignored;
     fs::remove(m_domain, ignored);
@@ -96,6 +107,7 @@ class ApplePorts final : public PortsWorld {
     }
     return all;
   }
+  const PanelRecord* panels() override { return m_toolkit.hasWorkspace ? &m_panels : nullptr; }
   std::vector<std::string> sheets() override {
     std::vector<std::string> messages;
     for (const auto& [panel, message] : m_toolkit.panels) messages.push_back(message);
@@ -103,15 +115,24 @@ class ApplePorts final : public PortsWorld {
   }
 
  private:
+  static AppleToolkit& fresh(bool AppleToolkit::*workspace) {
+    AppleToolkit& toolkit = AppleToolkit::instance();
+    toolkit = AppleToolkit();
+    if (workspace) toolkit.*workspace = true;
+    return toolkit;
+  }
+
   // Outlives the ports.
   AutoreleasePool m_pool;
-  AppleToolkit& m_toolkit = AppleToolkit::instance();
+  AppleToolkit& m_toolkit;
+  PanelRecord m_panels;
   SmallMachine m_machine;
   VirtualRunLoop m_loop;
   AppleWorkspace m_workspace{{m_machine.applications(), m_machine.userApplications()}};
   AppleUserDefaults m_defaults;
   AppleSurroundings m_surroundings{m_machine.resources()};
-  ApplePresenter m_presenter{m_loop, m_machine.resources(), nullptr};
+  ApplePresenter m_presenter{m_loop, m_machine.resources(),
+                             m_toolkit.hasWorkspace ? std::make_unique<RecordedDrawing>(m_panels) : nullptr};
   id m_window = nil;
   // The file that was written for another program.
   std::string m_domain;
@@ -128,7 +149,7 @@ class AppleNotificationsWorld final : public NotificationsWorld {
   }
   // The service is spoken to with calls that wait for their replies and take what arrives meanwhile.
   bool mayDeliverAtOnce() override { return true; }
-  bool runUntil(const std::function<bool()>& condition) override { return m_loop.runUntil(condition, 20); }
+  bool runUntil(const std::function<bool()>& condition) override { return m_loop.runUntil(condition, 120); }
 
  private:
   AutoreleasePool m_pool;

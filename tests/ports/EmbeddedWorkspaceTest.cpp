@@ -54,8 +54,7 @@ TEST_F(EmbeddedWorkspaceTest, ShowsAFolderWithTheDesktopsOpener) {
   fs::permissions(opener, fs::perms::owner_all);
   ::setenv("PATH", (machine.home() + "/bin:" + formerPath).c_str(), 1);
   EXPECT_TRUE(workspace.openFolder(machine.applications()));
-  for (int i = 0; i < 5000 && !fs::exists(marker); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  EXPECT_TRUE(fs::exists(marker));
+  while (!fs::exists(marker)) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   EXPECT_TRUE(workspace.openWebPage("https://vorn.example/events"));
   ::setenv("PATH", "", 1);
   EXPECT_FALSE(workspace.openFolder(machine.applications())) << "a machine without a desktop";

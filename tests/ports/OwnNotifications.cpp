@@ -13,7 +13,7 @@ class BusWorld final : public NotificationsWorld {
   bool isUp() const { return m_ours && m_theirs; }
   DistributedNotifications& notifications() override { return *m_ours; }
   void postElsewhere(std::string_view name, const Value& userInfo) override { m_theirs->post(name, userInfo); }
-  bool runUntil(const std::function<bool()>& condition) override { return m_loop.runUntil(condition, 20); }
+  bool runUntil(const std::function<bool()>& condition) override { return m_loop.runUntil(condition, 120); }
 
  private:
   AsioRunLoop m_loop;

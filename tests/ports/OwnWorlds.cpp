@@ -26,6 +26,7 @@ class EmbeddedPorts final : public PortsWorld {
     return all;
   }
   std::vector<std::string> sheets() override { return m_presenter.progress().open(); }
+  const PanelRecord* panels() override { return &m_presenter.panels(); }
   Workspace& workspace() override { return m_workspace; }
   UserDefaults& userDefaults() override { return m_defaults; }
   Surroundings& surroundings() override { return m_surroundings; }

@@ -168,6 +168,37 @@ TEST_P(PortsContract, EachProgressSheetHasItsMessageAndIsEndedByItsOwnerAlone) {
   world.reset();
 }
 
+TEST_P(PortsContract, APanelStandsOnItsWindowUntilItsOwnerLetsItGo) {
+  Presenter& presenter = world->presenter();
+  const PanelRecord* panels = world->panels();
+  ControlSet controls;
+  const Control& option = controls.add(Control::Kind::checkBox, "option");
+  int told = 0;
+  const auto subscription = controls.observe([&](const auto&) { ++told; });
+  const PanelLayout layout{{{"section", "Heading", {{{{"option", "an option"}}}}}}};
+  std::vector<std::string> used;
+  std::unique_ptr<Presenter::Panel> panel, byItself;
+  panel = presenter.showPanel(world->window(), "Settings", layout, controls, [&](const std::string& key) {
+    used.push_back(key);
+    EXPECT_TRUE(option.on && told == 0) << "within the change that the user makes";
+    panel.reset();
+  });
+  EXPECT_EQ(panel != nullptr, panels != nullptr);
+  EXPECT_EQ(presenter.canShowPanels(), panels != nullptr);
+  if (!panels) return;
+  EXPECT_EQ(panels->on(world->window()), &controls);
+  EXPECT_EQ(panels->on({}), nullptr);
+  EXPECT_EQ(panels->title(world->window()), "Settings");
+  EXPECT_EQ(panels->layout(world->window()).sections.at(0).rows.at(0).places.at(0).words, "an option");
+  panels->use(world->window(), "option", [](Control& control) { control.on = true; });
+  EXPECT_THAT(used, ElementsAre("option"));
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(panels->on(world->window()), nullptr);
+  byItself = presenter.showPanel({}, "", layout, controls, [](const std::string&) {});
+  EXPECT_EQ(panels->on({}), &controls);
+  world.reset();
+}
+
 const MadePorts kPlatforms[] = {
     {"embedded", makeEmbeddedPorts},
 #ifdef VORN_OBJC

@@ -9,6 +9,7 @@
 #include "platform/Surroundings.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
+#include "platform/embedded/PanelRecord.h"
 
 namespace vorn {
 
@@ -49,6 +50,8 @@ class PortsWorld {
   virtual std::vector<Seen> alerts() = 0;
   // The messages of the sheets on the screen.
   virtual std::vector<std::string> sheets() = 0;
+  // What the user sees of panels, and does in them; null where nothing draws them.
+  virtual const PanelRecord* panels() = 0;
 };
 
 std::unique_ptr<PortsWorld> makeEmbeddedPorts();

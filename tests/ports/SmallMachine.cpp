@@ -23,7 +23,7 @@ std::string SmallMachine::install(const std::string& name, const std::string& id
 }
 
 bool SmallMachine::wasStarted(const std::string& bundle) {
-  for (int i = 0; i < 5000 && !fs::exists(bundle + "/started"); ++i)
+  for (int i = 0; i < 120'000 && !fs::exists(bundle + "/started"); ++i)
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   return fs::exists(bundle + "/started");
 }
@@ -32,7 +32,7 @@ bool SmallMachine::wasStarted(const std::string& bundle) {
 void SmallMachine::run(const std::string& bundle) {
   const std::string program = programOf(bundle);
   fs::copy_file("/bin/sleep", program, fs::copy_options::overwrite_existing);
-  m_running.emplace(program, std::vector<std::string>{"60"});
+  m_running.emplace(program, std::vector<std::string>{"3600"});
 }
 
 void SmallMachine::writeResource(const std::string& file, const std::string& content) {

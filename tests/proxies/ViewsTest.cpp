@@ -89,17 +89,5 @@ TEST_F(Views, AttachmentsHaveTheDefaultHeightWithoutASuitableController) {
   EXPECT_EQ(proxy.getAttachmentsViewHeight(), 52);
 }
 
-TEST_F(Views, ATitleViewIsOursWhenItsEventIsOursAndItsManagerHasAKey) {
-  const HostObject event = host.object("ECCalendarEvent", {{"isOwner", true}, {"account", host.object("A")}});
-  const HostObject controller = host.object("TitleController", {{"content", event}});
-  const HostObject title = host.object("CCEventTitleView", {{"viewController", controller}});
-  const vnCCEventTitleView& views = vnCCEventTitleView::sharedInstance();
-  EXPECT_FALSE(views.isVnEventTitleView(title));
-  owners.keys[event] = "1";
-  EXPECT_TRUE(views.isVnEventTitleView(title));
-  host.set(event, "account", Value());
-  EXPECT_FALSE(views.isVnEventTitleView(title));
-}
-
 }  // namespace
 }  // namespace vorn

@@ -1,15 +1,16 @@
-// What a person does to meetings on the calendar itself, with no editor open.
+// What a person does to meetings on the calendar itself and in a series, and what the host hears of each way to
+// save.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/surface/vnCommandItemMgr.h"
+#include <string>
+#include <tuple>
+
 #include "tests/road/Calendars.h"
 
 namespace vorn {
 namespace {
-
-using testing::ElementsAre;
 
 constexpr double kHour = 3600;
 
@@ -46,17 +47,6 @@ TEST_F(CalendarSurface, AClientThatFallsSilentLeavesTheUsersChangeAndTheNextDrag
   }
 }
 
-TEST(MainWindowCommands, AScheduledMeetingOpensANewAppointmentThatHasIt) {
-  RoadWorld world(calendarWith("SUMMARY:Other\r\n"));
-  vnCommandItemMgr::sharedInstance().SendToolbarItemCommand(2, Value());
-  world.settle();
-  ASSERT_EQ(world.host.editors().size(), 1u);
-  const auto scheduled = world.host.editors().front();
-  EXPECT_TRUE(world.showsMeeting(scheduled));
-  // Only the one appointment that was asked for.
-  EXPECT_TRUE(world.offersAdd(world.openEditor("one")));
-}
-
 TEST(SeriesSwitch, ByTheMenuTheBarShowsWhatTheSeriesHas) {
   RoadWorld world(calendarWith("RRULE:FREQ=DAILY;COUNT=5\r\nSUMMARY:Standup\r\n") +
                   calendarWith("RECURRENCE-ID:20261124T090000Z\r\nSUMMARY:Standup\r\n"));
@@ -73,6 +63,43 @@ TEST(SeriesSwitch, ByTheMenuTheBarShowsWhatTheSeriesHas) {
   world.settle();
   EXPECT_TRUE(world.showsMeeting(editor));
   EXPECT_EQ(world.calendarText(), stored);
+}
+
+// The three answers to the host, and any other, which also stops it, for each of its four ways to save.
+TEST(SaveContract, TheHostGoesOnOnlyWhenItIsToldTo) {
+  enum Outcome { passOn, blocked, notice, errorCode };
+  const std::tuple<const char*, Arguments, bool> hooks[] = {
+      {"save:", {Value()}, false},
+      {"saveAndCloseWindow:", {true}, true},
+      {"sendMeetingPostValidate", {}, false},
+      {"saveAndCloseWindow:andReturnError:", {true, Value()}, true},
+  };
+  for (const bool hasAttendees : {false, true}) {
+    for (const auto& [selector, arguments, givesResult] : hooks) {
+      for (const Outcome outcome : {passOn, blocked, notice, errorCode}) {
+        SCOPED_TRACE(std::string(selector) + (hasAttendees ? " with attendees, " : ", ") +
+                     std::to_string(outcome));
+        RoadWorld world(calendarWith(std::string("SUMMARY:Review\r\n") + (hasAttendees ? kGuest : "")));
+        vornlab::Account account = world.service.account();
+        // Without a paid plan, an hour is too long.
+        account.type = outcome == notice ? 1 : 2;
+        world.service.setAccount(account);
+        const auto editor = world.openEditor("one");
+        if (outcome != passOn) world.clickAdd(editor);
+        world.host.typeSubject(editor, "Renamed");
+        if (outcome == errorCode) {
+          world.runtime.send(world.host.viewController(editor), "setIsCancelMode:", {true});
+          world.quitClient();
+        }
+        const int storedBefore = world.host.storedCount();
+        const std::size_t alerts = world.presenter.alerts().size();
+        const Value result = world.runtime.send(world.host.viewController(editor), selector, arguments);
+        EXPECT_EQ(world.host.storedCount() - storedBefore, outcome == passOn ? 1 : 0);
+        EXPECT_EQ(result.integerValue(), givesResult && outcome != passOn ? -1 : 0);
+        EXPECT_EQ(world.presenter.alerts().size() > alerts, outcome == notice || outcome == errorCode);
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -79,8 +79,10 @@ TEST(Doctor, NoticesAClientThatAnswersNothingOrRefuses) {
       {"every reply to action 6: error 3113\n", "error 3113"},
   };
   for (const auto& [fault, trouble] : cases) {
-    const auto faults = folder.write("faults", fault);
-    const Told told({"doctor", "--timeout", "2", "--client-option=--faults=" + faults.string()});
+    std::vector<std::string> words{"doctor", "--client-option=--faults=" + folder.write("faults", fault).string()};
+    // Only who waits for nothing is hurried: a slow machine may need the time for a reply.
+    if (std::string(fault).find("silent") != std::string::npos) words.insert(words.end(), {"--timeout", "2"});
+    const Told told(words);
     EXPECT_EQ(told.words.exitCode, 1) << fault;
     EXPECT_EQ(told.object["channel"]["connected"], true);
     EXPECT_THAT(told.object["troubles"].dump(), HasSubstr(trouble));
@@ -122,14 +124,7 @@ TEST(AccountShow, TellsTheProfileInGroups) {
   EXPECT_EQ(locked.object["policies"]["getRegionCodes"], json::array({"DE", "US"}));
 
   const json people = Told({"account", "show", "--account", account("three-people")}).object["people"];
-  EXPECT_EQ(people["person.1"]["meetingTemplates"], 1);
-  EXPECT_EQ(people["person.2"]["isLockAllowDenyJoinMeetingRegion"], true);
   EXPECT_EQ(people["person.3"]["supportPMI"], false);
-
-  const Told withoutProto({"account", "show", "--account", account("without-proto")});
-  EXPECT_EQ(withoutProto.object["identity"]["hasProto"], false);
-  EXPECT_EQ(withoutProto.object["identity"]["getUID"], "fU6xJ2lCNidG9yAo4kSv7R");
-  EXPECT_EQ(withoutProto.object["audio"]["alwaysUseBothAsDefaultAudio"], true);
 
   const Told provider({"account", "show", "--account", account("telephony-provider")});
   EXPECT_EQ(provider.object["audio"]["tspServiceProvider"], "Exemplar Telecom");
@@ -137,22 +132,6 @@ TEST(AccountShow, TellsTheProfileInGroups) {
   EXPECT_EQ(provider.object["audio"]["tspAccount.2"]["tspNumbers"], json::array({"+49 30 5550 1144"}));
   for (const char* passcode : {"771204", "330981", "118822", "409417"}) {
     EXPECT_THAT(provider.object.dump() + provider.words.output, Not(HasSubstr(passcode)));
-  }
-}
-
-TEST(AccountDefaults, TellsEachValueAndWhoDecidedIt) {
-  const std::tuple<const char*, const char*, json, const char*, const char*> cases[] = {
-      {"plain", "enableHostVideo", true, "profile", "alwaysTurnOnHostVideoByDefault"},
-      {"plain", "enableE2ee", false, "record", "isSupportE2eeMeeting"},
-      {"everything-locked", "regionCodes", json::array({"DE", "US"}), "profile", "getRegionCodes"},
-      {"without-proto", "enableAutoRecordingType", 5, "profile", "enableLocalRecording"},
-  };
-  for (const auto& [name, setting, value, decidedBy, accessor] : cases) {
-    const json facts = Told({"account", "defaults", "--account", account(name)}).object["settings"][setting];
-    EXPECT_EQ(facts["value"], value) << name << " " << setting;
-    EXPECT_EQ(facts["decidedBy"], decidedBy) << facts;
-    EXPECT_EQ(facts["accessor"], accessor) << facts;
-    EXPECT_FALSE(facts.contains("lockedBy") && std::string(name) == "plain") << facts;
   }
 }
 

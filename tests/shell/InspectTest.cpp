@@ -123,11 +123,9 @@ TEST_F(Inspect, LooksAtABodyAloneAndSaysWhoMayHaveAMeeting) {
   const auto file =
       m_folder.write("in.ics", calendar({appointment("mine", "Mine"),
                                          appointment("theirs", "Theirs", {"ORGANIZER:mailto:ada@vorn.example"})}));
-  const std::vector<json> seen = inspect(file, {"--me", "me@vorn.example"});
-  ASSERT_EQ(seen.size(), 2u) << m_run.output << m_run.errors;
-  EXPECT_EQ(seen[0]["meeting"]["supported"], true);
-  EXPECT_EQ(seen[1]["meeting"]["supported"], false);
-  EXPECT_EQ(inspect(file, {"--uid", "theirs"}).size(), 1u);
+  const std::vector<json> seen = inspect(file, {"--me", "me@vorn.example", "--uid", "theirs"});
+  ASSERT_EQ(seen.size(), 1u) << m_run.output << m_run.errors;
+  EXPECT_EQ(seen[0]["meeting"]["supported"], false);
   inspect(file, {"--uid", "nobody"});
   EXPECT_EQ(m_run.exitCode, 1);
   EXPECT_THAT(m_run.errors, HasSubstr("nobody"));

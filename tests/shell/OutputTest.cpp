@@ -150,10 +150,8 @@ TEST_F(Output, LeavesNothingBehindWhenTheProgramIsKilled) {
   stopped("$V meet many.ics --all --out out.ics --client-db db --world world", "KILL");
   const auto client = m_folder / "world/Applications/vornclient.app/Contents/MacOS/vornclient";
   ASSERT_TRUE(std::filesystem::exists(client));
-  for (int i = 0; i < 500 && !processesOf(client).empty(); ++i) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  EXPECT_TRUE(processesOf(client).empty());
+  // One that stayed would hold the test until its limit.
+  while (!processesOf(client).empty()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }
 
 }  // namespace

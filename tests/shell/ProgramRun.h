@@ -15,8 +15,8 @@ struct ProgramRun {
   std::string errors;
 };
 
-// Runs a program to its end, which must come within a minute; a negative exit code is that of one that had to be
-// killed.
+// Runs a program to its end, which must come within four minutes; a negative exit code is that of one that had to
+// be killed.
 ProgramRun runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments);
 
 std::string contentOf(const std::filesystem::path& path);

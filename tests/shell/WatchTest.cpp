@@ -149,7 +149,7 @@ class Watch : public ::testing::Test {
 
   template <typename Condition>
   static bool waitUntil(const Condition& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(2);
     while (!condition()) {
       if (std::chrono::steady_clock::now() > deadline) return false;
       std::this_thread::sleep_for(std::chrono::milliseconds(5));

@@ -75,14 +75,6 @@ TEST_F(HookTable, TellsForEachRowWhetherItStands) {
   }
 }
 
-TEST_F(HookTable, ASecondLoadLeavesTheHooksInPlace) {
-  const HostObject view = host.object("OLAutoLayoutView", {{"drawRect:", "drawn by the host"}});
-  HookInstaller::sharedInstance().load();
-  HookInstaller::sharedInstance().load();
-  EXPECT_EQ(world.classRuntime.send(view, "drawRect:", {Value()}), Value(true));
-  EXPECT_TRUE(host.calls(view, "drawRect:").empty());
-}
-
 TEST_F(HookTable, AnAddedSelectorWithoutAHostMethodAnswersNothingInsteadOfRunningForEver) {
   HookInstaller::sharedInstance().load();
   EXPECT_TRUE(

@@ -56,16 +56,6 @@ TEST(HostDescription, ReadsAsThePlatformPrintsIt) {
   for (const auto& [value, text] : rows) EXPECT_EQ(hostDescription(value), text);
 }
 
-TEST_F(Hooks, TheRibbonIsDrawnByTheHostAndAnAutoLayoutViewNotAtAll) {
-  const HostObject ribbon = host.object("OUIRibbonChunkContainerView", {{"drawRect:", Value()}});
-  const HostObject layout = host.object("OLAutoLayoutView", {{"drawRect:", Value()}});
-  HookInstaller::sharedInstance().load();
-  for (const HostObject& view : {ribbon, layout}) {
-    EXPECT_EQ(world.classRuntime.send(view, "drawRect:", {valueFromRect({})}), Value(true));
-    EXPECT_EQ(host.calls(view, "drawRect:").size(), view == ribbon ? 1u : 0u);
-  }
-}
-
 TEST_F(Hooks, AHeaderOfAnHeirOrAFailedOneGetsNoBar) {
   world.classRuntime.defineClass("OLSpecialHeader", "OLAutoLayoutAttachmentsAcceptingView");
   bool succeeds = true;
@@ -141,29 +131,6 @@ TEST_F(Hooks, AHeaderThatManagesItsViewsByItselfPlacesTheBarAmongThem) {
     EXPECT_EQ(rectFromValue(host.get(bar, "frame")).x, 460);
     EXPECT_EQ(rectFromValue(host.get(bar, "frame")).width, 330);
   }
-}
-
-TEST_F(Hooks, TheMainWindowIsTakenWhenItShowsAndItsRibbonForgottenWhenItCloses) {
-  const HostObject ribbon = host.object("OUIRibbonView", {{"activeTabIndex", 0}});
-  const HostObject content = host.object("NSView", {{"subviews", Value(Value::Array{ribbon})}});
-  const HostObject mainWindow = host.object("NSWindow", {{"isVisible", false}, {"contentView", content}});
-  const HostObject mainController = host.object("ERageMainWindowController", {{"window", mainWindow}});
-  host.set(mainWindow, "windowController", mainController);
-  host.set(mainController, "windowDidBecomeMain:", Value());
-  host.set(mainController, "windowWillClose:", Value());
-  HookInstaller::sharedInstance().load();
-  const Value notification(Value::Dictionary{{"object", mainWindow}});
-  const vnERageMainWindowController& taken = vnERageMainWindowController::sharedInstance();
-  world.classRuntime.send(mainController, "windowDidBecomeMain:", {notification});
-  EXPECT_FALSE(taken.delegate());
-  host.set(mainWindow, "isVisible", true);
-  world.classRuntime.send(mainController, "windowDidBecomeMain:", {notification});
-  EXPECT_EQ(taken.delegate(), mainController);
-  EXPECT_TRUE(taken.isHomeMailOrCalendarTab());
-  world.classRuntime.send(mainController, "windowWillClose:", {notification});
-  EXPECT_FALSE(taken.isHomeMailOrCalendarTab());
-  EXPECT_EQ(host.calls(mainController, "windowDidBecomeMain:").size(), 2u);
-  EXPECT_EQ(host.calls(mainController, "windowWillClose:").size(), 1u);
 }
 
 }  // namespace

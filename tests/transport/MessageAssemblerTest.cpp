@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <ctime>
 #include <tuple>
 
 namespace vorn {
@@ -65,14 +64,13 @@ TEST(MessageAssembler, FindsAMessageHoweverItIsSplit) {
   EXPECT_THAT(messagesOf(bytes), ElementsAre(kMessage));
 }
 
-// A megabyte that never ends, in small reads: a scan from the beginning each time would look at five gigabytes.
+// Ten megabytes that never end, in small reads: with a scan from the beginning each time the program meets its
+// limit.
 TEST(MessageAssembler, ReadsALongTextThatNeverEndsInLinearTime) {
   MessageAssembler assembler;
   const std::string piece = std::string(99, '"') + "}";
-  const std::clock_t begin = std::clock();
-  for (int i = 0; i < 10'000; ++i) ASSERT_FALSE(assembler.feed(piece));
-  EXPECT_EQ(assembler.pending(), 1'000'000u);
-  EXPECT_LT(std::clock() - begin, 5 * CLOCKS_PER_SEC);
+  for (int i = 0; i < 100'000; ++i) ASSERT_FALSE(assembler.feed(piece));
+  EXPECT_EQ(assembler.pending(), 10'000'000u);
 }
 
 }  // namespace

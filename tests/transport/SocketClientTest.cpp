@@ -40,7 +40,7 @@ class SocketClientTest : public ::testing::Test {
   }
 
   bool waitUntil(const std::function<bool()>& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(2);
     while (true) {
       m_world.runLoop.runDue();
       if (condition()) return true;
@@ -134,7 +134,7 @@ TEST_F(SocketClientTest, DoesNotHangOnAPeerThatDoesNotRead) {
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_TRUE(client().send(std::string(655349, 'x')));
   EXPECT_TRUE(client().send(std::string(655349, 'x')));
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
 }
 
 TEST_F(SocketClientTest, DeliversRepliesOnTheMainThreadUnderTheNameOfTheirRole) {
@@ -206,7 +206,8 @@ TEST_F(SocketClientTest, AcceptsPathsUpToTheLimitsOfTheSystem) {
     ASSERT_TRUE(listener.isReady()) << one.name;
     client().connect();
     ASSERT_TRUE(waitUntil([&] { return client().fd() > 0; })) << one.name;
-    EXPECT_EQ(static_cast<bool>(listener.accept(one.connects ? 5000 : 200)), one.connects) << one.name;
+    EXPECT_EQ(static_cast<bool>(listener.accept(one.connects ? TestListener::kPatience : 200)), one.connects)
+        << one.name;
 
     fs::remove_all(root);
     m_world.platform().surroundings = &m_world.surroundings;
@@ -250,7 +251,7 @@ TEST_F(SocketClientTest, WaitsForAListenerWithAFullQueueButEndsWhenTold) {
   }
   const auto begin = std::chrono::steady_clock::now();
   m_world.restart();
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(3));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
 }
 
 TEST_F(SocketClientTest, TellsTheTraceOfEnvelopesInBothDirectionsCovered) {

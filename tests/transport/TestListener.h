@@ -50,16 +50,18 @@ class TestListener {
 
   bool isReady() const { return m_isReady; }
 
-  TestDescriptor accept(int milliseconds = 5000) {
+  static constexpr int kPatience = 120'000;  // milliseconds
+
+  TestDescriptor accept(int milliseconds = kPatience) {
     if (!waitFor(m_listening.number(), milliseconds)) return {};
     return TestDescriptor(::accept(m_listening.number(), nullptr, nullptr));
   }
 
-  // Reads until the size is reached, the peer closes or nothing comes for five seconds.
+  // Reads until the size is reached, the peer closes or nothing comes.
   static std::string read(const TestDescriptor& from, std::size_t size) {
     std::string text;
     char buffer[65536];
-    while (text.size() < size && waitFor(from.number(), 5000)) {
+    while (text.size() < size && waitFor(from.number(), kPatience)) {
       const ssize_t count = ::read(from.number(), buffer, sizeof buffer);
       if (count <= 0) break;
       text.append(buffer, static_cast<std::size_t>(count));

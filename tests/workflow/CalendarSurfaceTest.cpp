@@ -98,28 +98,5 @@ TEST_F(CalendarEdit, InAWindowWithABarAndNoManagerNothingIsSent) {
             0);
 }
 
-// A request of no window has its reply dropped.
-TEST_F(CalendarEdit, ADeletionWithoutAnEditorIsTheMainWindows) {
-  RecordingClient& client = RecordingClient::install(test);
-  FakeHost host(test.classRuntime);
-  Value windows = Value::array();
-  for (const char* controller : {"ERCalendarEventEditorWindowController", "ERageMainWindowController"}) {
-    windows.append(host.object("NSWindow", {{"windowController", host.object(controller)}}));
-  }
-  const HostObject application = host.object("NSApplication", {{"windows", windows}});
-  test.classRuntime.setClassMethod(
-      "NSApplication", "sharedApplication",
-      [application](const HostObject&, const Arguments&) { return Value(application); });
-  EXPECT_EQ(
-      vnCalendarActionMgr::sharedInstance().deleteMeeting(host.object("ECCalendarEvent", {{"isOwner", true}})), 0);
-  const OptionalText meeting = EncodeUtils::base64Encode(R"({"meetingKey":"88"})");
-  Value envelope = Value::dictionary();
-  envelope.set(VN_IPC_ACTION_ID, "10");
-  envelope.set(VN_IPC_CONTENT, "1;2;3;4;5;6;7;8;9;10;11;12;13;" + *meeting);
-  test.notificationCenter.post(NOTI_HANDLE_SOCKET_GET_REQUEST_DONE_OLPLUGIN, nullptr, envelope);
-  test.runLoop.runFor(0.01);
-  EXPECT_THAT(client.names(), testing::ElementsAre("3/10", "3/3"));
-}
-
 }  // namespace
 }  // namespace vorn

@@ -190,22 +190,6 @@ TEST_F(Panel, AClickWithoutAPanelToShowAsksForTheProfileOrStops) {
   EXPECT_THAT(panel.calls, ElementsAre("shown"));
 }
 
-TEST_F(Panel, WhoMerelyOpensAnAppointmentIsNotToldThatTheClientIsMissing) {
-  test.workspace.running.clear();
-  MeetingWindow opened = MeetingWindow::ofBar(window->bar);
-  manager().settingsFlow().prepareUserProfile(opened, true);
-  EXPECT_THAT(test.presenter.alerts(), IsEmpty());
-  manager().settingsFlow().addVornMeeting(opened);
-  EXPECT_EQ(test.presenter.alerts().size(), 1u);
-  knowAccount();
-  test.workspace.running.insert("us.vorn.xos");
-  manager().settingsFlow().prepareUserProfile(opened, true);
-  EXPECT_THAT(client.names(), IsEmpty());
-  EXPECT_EQ(manager().settingsFlow().getScheduleForList(opened), 0);
-  EXPECT_THAT(client.names(), ElementsAre("11"));
-  EXPECT_FALSE(test.presenter.showsProgress());
-}
-
 TEST_F(Panel, AFaultOfACommitReachesThePanelOfItsOwnWindowAlone) {
   openPanel();
   const FakeWindow other(test);

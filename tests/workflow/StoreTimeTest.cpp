@@ -116,25 +116,14 @@ TEST_F(StoreTime, WritesTheLocationOnlyWhenItsOwnPartIsNotThereYet) {
   }
 }
 
-TEST_F(StoreTime, AnAppointmentWithoutATitleTakesTheServicesTopic) {
-  const struct {
-    const char* summary;
-    bool hasMeeting;
-    const char* expected;
-  } rows[] = {{"", true, "Topic"},
-              {" \t ", true, "Topic"},
-              {"Review", true, "Review"},
-              {"", false, ""},
-              {"\n", true, "\n"}};
-  for (const auto& row : rows) {
-    FakeWindow window(test);
-    const HostObject object = record({{"summary", row.summary}});
-    if (row.hasMeeting) {
-      window.manager->getMeetingHelper()->setMeetingData(
-          Value::dictionaryFromPairs({{vn_MeetingKey, "123456789"}, {vn_ApptInfo_Subject, "Topic"}}), false);
-    }
+TEST_F(StoreTime, AnAppointmentWhoseTitleIsBlankTakesTheServicesTopic) {
+  FakeWindow window(test);
+  window.manager->getMeetingHelper()->setMeetingData(
+      Value::dictionaryFromPairs({{vn_MeetingKey, "123456789"}, {vn_ApptInfo_Subject, "Topic"}}), false);
+  for (const auto& [summary, expected] : {std::pair{" \t ", "Topic"}, {"Review", "Review"}, {"\n", "\n"}}) {
+    const HostObject object = record({{"summary", summary}});
     writer(object, window.manager).updateVnKeyInfoToAppointment();
-    EXPECT_EQ(stored(object, "summary").text(), row.expected) << '"' << row.summary << '"';
+    EXPECT_EQ(stored(object, "summary").text(), expected) << '"' << summary << '"';
   }
 }
 

@@ -19,16 +19,6 @@ class WorkingData : public WorkflowFixture {
   }
 };
 
-TEST_F(WorkingData, AKeyIsClearedWithTheEmptyTextAndNeverWithNothing) {
-  vnMeetingDataMgr data;
-  EXPECT_FALSE(data.isVornMeeting());
-  data.setMeetingKey("123456789");
-  data.setMeetingKey(std::nullopt);
-  EXPECT_TRUE(data.isVornMeeting());
-  data.setMeetingKey("");
-  EXPECT_FALSE(data.isVornMeeting());
-}
-
 TEST_F(WorkingData, UsedJoinUrlsAreKeptOnceAndSplitByPasscode) {
   vnMeetingDataMgr data;
   data.setJoinUrl("https://vorn.example/j/1?pwd=x");
