@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "lab/client/Journal.h"
-#include "tests/client/RunningClient.h"
-#include "util/AtomicFile.h"
 
 namespace vornlab {
 namespace {

@@ -2,17 +2,14 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "RunningClient.h"
-#include "lab/client/ClientLauncher.h"
 #include "platform/embedded/AsioRunLoop.h"
 #include "platform/embedded/EmbeddedDistributedNotifications.h"
 #include "tests/support/PrivateBus.h"
@@ -22,7 +19,6 @@ namespace {
 
 using test::Caller;
 using test::RunningClient;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using vorn::Value;
 

@@ -30,7 +30,6 @@ class Caller {
   Caller(const Caller&) = delete;
   Caller& operator=(const Caller&) = delete;
 
-  bool isConnected() const { return m_socket >= 0; }
   void send(const std::string& text) const;
   // What one read gives; empty at the end of the stream or when nothing comes.
   std::string read() const;

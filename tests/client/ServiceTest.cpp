@@ -12,7 +12,6 @@
 #include "ReplyReader.h"
 #include "lab/client/Invitation.h"
 #include "lab/client/MeetingStore.h"
-#include "tests/support/ContentFields.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace vornlab {

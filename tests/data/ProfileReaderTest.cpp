@@ -1,7 +1,6 @@
 #include "channel/store/vnCommon.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnProfileKeys.h"
-#include "data/vnSettingKeys.h"
 #include "tests/data/DataTest.h"
 
 namespace vorn {

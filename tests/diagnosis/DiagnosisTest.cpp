@@ -22,7 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::HasSubstr;
-using ::testing::Not;
 
 class DiagnosisTest : public ::testing::Test {
  protected:

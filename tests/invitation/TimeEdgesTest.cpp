@@ -5,7 +5,6 @@
 #include <ctime>
 #include <limits>
 
-#include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnECCalendarEvent.h"
 #include "host/proxies/vnOLCalendarDate.h"
 #include "invitation/TimeUtils.h"

@@ -18,7 +18,6 @@
 #include "platform/embedded/VirtualRunLoop.h"
 #include "tests/conformance/AppleHostLoop.h"
 #include "tests/ports/AppleToolkit.h"
-#include "tests/ports/NotificationsWorld.h"
 #include "tests/ports/PortsWorld.h"
 #include "tests/ports/SmallMachine.h"
 #include "util/PropertyList.h"

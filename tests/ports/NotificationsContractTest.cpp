@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/ports/NotificationsWorld.h"
+#include "tests/ports/PortsWorld.h"
 
 namespace vorn {
 namespace {

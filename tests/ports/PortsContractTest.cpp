@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <set>
 
 #include "tests/ports/PortsWorld.h"

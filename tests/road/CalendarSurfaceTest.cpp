@@ -1,7 +1,6 @@
 // What a person does to meetings on the calendar itself and in a series, and what the host hears of each way to
 // save.
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>

@@ -16,7 +16,6 @@ namespace vornlab::test {
 namespace {
 
 using nlohmann::json;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;

@@ -4,7 +4,6 @@
 #include <sys/types.h>
 
 #include <csignal>
-#include <fstream>
 #include <thread>
 
 #include "lab/client/ClientLauncher.h"

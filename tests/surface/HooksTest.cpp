@@ -1,5 +1,4 @@
 #include "host/proxies/vnERageMainWindowController.h"
-#include "host/surface/ActionBarPlacement.h"
 #include "host/surface/HostDescription.h"
 #include "tests/surface/SurfaceWorld.h"
 

@@ -1,4 +1,3 @@
-#include "channel/transport/vnIPCConstants.h"
 #include "host/proxies/vnECCalendarEvent.h"
 #include "tests/workflow/MeetingFixture.h"
 #include "workflow/vnCalendarActionMgr.h"

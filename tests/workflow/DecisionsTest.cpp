@@ -1,8 +1,6 @@
 // What a manager decides when a reply has come: whether the service must hear of something, what is written, and
 // whether the host's operation is made again.
 
-#include <functional>
-
 #include "channel/commands/VNDeletedMeetingWindowController.h"
 #include "channel/commands/vnAlertHelper.h"
 #include "licence/vnLicencePolicy.h"
@@ -14,7 +12,6 @@
 #include "workflow/vnCommitWarning.h"
 #include "workflow/vnScheduleErrorMessage.h"
 #include "workflow/vnScheduleLimitationViewController.h"
-#include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
 namespace {
@@ -24,57 +21,6 @@ using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 using Decisions = MeetingFixture;
-
-TEST_F(Decisions, AnUpdateIsToldWrittenOrJustFinished) {
-  using Names = std::vector<std::string>;
-  const auto nothing = [] {};
-  const auto typed = [this] {
-    window->set(window->bar->editor, "uncommittedChanges", Value::dictionaryFromPairs({{"content.summary", "x"}}));
-  };
-  const auto account = [this] { knowAccount(); };
-  const auto forced = [this] { manager().setIsForceUpdate(true); };
-  const auto urlMoved = [this] { data().setForceIncludeJoinUrlInLocation(false); };
-  const auto translated = [this] { data().setSelectInvitationLanguage("de-DE"); };
-  const auto languageless = [this] { data().setSelectInvitationLanguage(std::nullopt); };
-  const auto blocked = [this] { window->bar->blocked = true; };
-  const Value renamed = with(vn_Outlook_ApptInfo, vn_ApptInfo_Subject, "Renamed");
-  const Value personal = with(vn_Setting, vn_Setting_IsPMI, true);
-  const struct {
-    const char* name;
-    std::function<void()> prepare;
-    Value meetingData;
-    Names requests;
-    bool writes, finishes;
-  } rows[] = {
-      {"nothing changed", nothing, unchanged(), {}, false, true},
-      {"the appointment changed where the service does not look", typed, unchanged(), {}, true, true},
-      {"a write is due anyhow", forced, unchanged(), {}, true, true},
-      {"the URL's place changed", urlMoved, unchanged(), {}, true, true},
-      {"the invitation's language changed", translated, unchanged(), {}, true, true},
-      {"the language was never known", languageless, unchanged(), {}, true, true},
-      {"the meeting changed", nothing, renamed, {"3/2"}, false, false},
-      {"it moves to the personal number", account, personal, {"3/4"}, false, false},
-      {"it moves to the personal number of an account not known yet", nothing, personal, {"6"}, false, false},
-      {"an occurrence that does not own the meeting", blocked, renamed, {}, false, true},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    vnUserProfileHelper::sharedInstance().clearUserProfile();
-    openWindow();
-    row.prepare();
-    client.requests.clear();
-    hostSaves = 0;
-    manager().setState(VnStateCommitting);
-    MeetingWindow opened = MeetingWindow::ofBar(window->bar);
-    manager().saveRoad().commitUpdateMeeting(opened, row.meetingData);
-    EXPECT_EQ(hostSaves, 0) << "the present call has to unwind first";
-    test.runLoop.runFor(0.01);
-    EXPECT_THAT(client.names(), ElementsAreArray(row.requests));
-    EXPECT_EQ(isWritten(), row.writes);
-    EXPECT_EQ(hostSaves, row.finishes ? 1 : 0);
-    EXPECT_FALSE(row.writes && manager().isForceUpdate());
-  }
-}
 
 // What a meeting that has come is for, the state alone tells. Of one that nobody can read nothing is needed only
 // to schedule with the personal number.

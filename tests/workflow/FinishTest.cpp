@@ -7,7 +7,6 @@ namespace vorn {
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 
 constexpr const char* kAddedPrefix = "vn_ERCalendarEventEditorViewController_";
 
@@ -44,35 +43,6 @@ class Finish : public WorkflowFixture {
 
   std::vector<std::string> calls;
 };
-
-TEST_F(Finish, MakesTheRefusedCallAgainAndWithAttendeesOnlyASend) {
-  const struct {
-    int action;
-    bool hasAttendees;
-    std::vector<std::string> calls;
-  } rows[] = {
-      {0, false, {}},
-      {VnApptActionSave, false, {"save:"}},
-      {VnApptActionSaveAndClose, false, {"saveAndCloseWindow: true", "close"}},
-      {VnApptActionSend, false, {}},
-      {VnApptActionSaveAndCloseReturnError, false, {"saveAndCloseWindow:andReturnError: true", "close"}},
-      {VnApptActionCalendarEdit, false, {}},
-      {VnApptActionAutoUpdate, false, {"save"}},
-      {VnApptActionSave, true, {}},
-      {VnApptActionSaveAndClose, true, {}},
-      {VnApptActionSend, true, {"sendMeetingPostValidate"}},
-      {VnApptActionSaveAndCloseReturnError, true, {}},
-      {VnApptActionAutoUpdate, true, {}},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(testing::Message() << "action " << row.action << (row.hasAttendees ? " with attendees" : ""));
-    FakeWindow window(test);
-    if (row.hasAttendees) window.invite("ada", 1);
-    calls.clear();
-    finish(window, row.action);
-    EXPECT_THAT(calls, ElementsAreArray(row.calls));
-  }
-}
 
 TEST_F(Finish, AWindowThatTheHostsOwnSaveHasClosedIsNotClosedAgain) {
   FakeWindow window(test);

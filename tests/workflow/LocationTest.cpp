@@ -4,7 +4,6 @@
 #include <array>
 #include <random>
 
-#include "host/proxies/vnOLPropertyKeys.h"
 #include "tests/workflow/MeetingFixture.h"
 #include "util/TextSearch.h"
 #include "workflow/LocationRule.h"

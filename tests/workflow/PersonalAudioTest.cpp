@@ -2,8 +2,6 @@
 
 #include "data/vnGetPACHelper.h"
 #include "tests/workflow/MeetingFixture.h"
-#include "workflow/RunningSave.h"
-#include "workflow/StoreTimeWriter.h"
 #include "workflow/WholeWords.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnPACMeetingMgr.h"
@@ -12,9 +10,7 @@ namespace vorn {
 namespace {
 
 using com::tidemar::webapp::proto::Response;
-using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 // One conference as the client tells it.
 struct Conference {
@@ -73,15 +69,6 @@ class PersonalAudio : public MeetingFixture {
   void show(const std::string& text) {
     window->set(bar()->event, "location", text);
     window->showLocation(text);
-  }
-  // What the host stores of the record that it has just made of what the window shows.
-  std::string storedLocation() {
-    const HostObject record = test.classRuntime.create(
-        "ECMutableCalendarEvent",
-        std::make_shared<Value>(Value::dictionaryFromPairs({{"location", location()}, {"body", "<p>mine</p>"}})));
-    const RunningSave running(bar());
-    StoreTimeWriter::write(record);
-    return (*test.classRuntime.state<Value>(record))["location"].text();
   }
 };
 
@@ -256,31 +243,6 @@ TEST_F(PersonalAudio, AnAddTakesThePlaceOfTheOneBeforeAndOfNothingElse) {
   clientTells({kDedicated});
   add(1);
   EXPECT_EQ((*test.classRuntime.state<Value>(series))["location"].text(), "by Phone or mail +1 999,,5550002#");
-}
-
-TEST_F(PersonalAudio, AStoreWritesWhatAnAddHasWrittenAndNothingElse) {
-  clientTells({kPlace, kDedicated, kTurnedOff});
-  show("Room");
-  EXPECT_EQ(storedLocation(), "Room") << "no add";
-  click(1);
-  EXPECT_EQ(storedLocation(), "Room") << "an add without its reply";
-  add(1);
-  EXPECT_EQ(storedLocation(), "Room Phone");
-  add(1);
-  show("Room Phone, ask");
-  EXPECT_EQ(storedLocation(), "Room  ask Phone");
-  EXPECT_EQ(storedLocation(), "Room Phone, ask") << "the first store has ended it";
-  add(2);
-  show("Tower");
-  EXPECT_EQ(storedLocation(), "Tower +1 999,,5550002#");
-  add(2);
-  click(1);
-  show("Room +1 999,,5550002#");
-  EXPECT_EQ(storedLocation(), "Room +1 999,,5550002#") << "the second add still waits";
-  add(2);
-  data().setPACAccountNo(0);
-  show("Room +1 999,,5550002#");
-  EXPECT_EQ(storedLocation(), "Room +1 999,,5550002#") << "no account any more";
 }
 
 }  // namespace

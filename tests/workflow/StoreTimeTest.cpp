@@ -153,28 +153,6 @@ TEST_F(StoreTime, WritesABodyThatSaysSomethingElse) {
   }
 }
 
-TEST_F(StoreTime, ADeleteWritesTheCleanedLocationAndBody) {
-  const struct {
-    bool clears;
-    OptionalText location, body;
-    const char *storedLocation, *storedBody;
-  } rows[] = {
-      {true, "Castle", "<p>mine</p>", "Castle", "<p>mine</p>"},
-      {true, "", "", "", ""},
-      {true, "Castle", std::nullopt, "Castle", "<p>both</p>"},
-      {false, "Castle", "<p>mine</p>", "Castle; url", "<p>both</p>"},
-  };
-  for (const auto& row : rows) {
-    const HostObject object = record({{"location", "Castle; url"}, {"body", "<p>both</p>"}});
-    save.setNeedClearLocation(row.clears);
-    save.setOLNewLocation(row.location);
-    save.setOLNewBody(row.body);
-    writer(object).cleanVnKeyInfoFromAppointment();
-    EXPECT_EQ(stored(object, "location").text(), row.storedLocation);
-    EXPECT_EQ(stored(object, "body").text(), row.storedBody);
-  }
-}
-
 TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
   struct Row {
     const char* what;
