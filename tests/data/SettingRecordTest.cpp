@@ -25,6 +25,9 @@ Value changesBetween(const Value& before, const Value& after) {
 
 class SettingRecordTest : public DataTest {
  protected:
+  static void saveProfile(const Value& saved) {
+    JsonTextFile(vnCommon::getVnUserProfilePath(account().getUID())).write(saved);
+  }
   vnSettingData record;
 };
 
@@ -236,6 +239,27 @@ TEST_F(SettingRecordTest, TheUsersWishesAreOnTheDiskAtOnce) {
   EXPECT_EQ(world.userDefaults.synchronized, 3);
   record.initSettingData();
   EXPECT_EQ(world.userDefaults.objectForKey(vn_Setting_NotShowMeAgain), Value(false)) << "each new meeting asks";
+}
+
+TEST_F(SettingRecordTest, AUserWhoNeverSeesThePanelGetsAConsistentMeeting) {
+  proto::UserProfile message;
+  message.set_id("u");
+  message.set_useroption3(bit(47) | bit(57) | bit(54) | bit(53));
+  receive(message, R"({"defaultEnableOnlyAuthUsersCanJoin":true,
+      "meetingAuths":[{"authId":"1","defaultAuth":true}]})");
+  saveProfile(json(R"({"notShowMeAgain":true,"enableAudioWatermark":true})"));
+  record.initSettingData();
+  EXPECT_EQ(record.authId(), "1");
+  EXPECT_FALSE(record.enableAudioWatermark()) << "the account does not lock it on";
+  EXPECT_TRUE(record.enableWaitingRoom()) << "a meeting has a passcode or a waiting room";
+  EXPECT_TRUE(record.enableE2ee());
+  EXPECT_TRUE(record.enableJBH());
+  EXPECT_EQ(record.audioType(), 1);
+  EXPECT_TRUE(record.notShowMeAgain());
+
+  setClientVersion("5.2.99999");
+  record.initSettingData();
+  EXPECT_FALSE(record.enableE2ee());
 }
 
 TEST_F(SettingRecordTest, ADialInHashWithoutACountryIsNotTold) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "host/proxies/vnOLWordMailEditor.h"
 #include "tests/proxies/FakeOwners.h"
@@ -71,6 +72,28 @@ TEST_F(Editor, OnlyChangesOfTheKeyItemsAreChangesOfTheAppointment) {
     const HostObject editor = editorOn(event);
     host.set(editor, "uncommittedChanges", typed(key, nullptr));
     EXPECT_EQ(vnERCalendarEventEditorViewController(editor).isOutlookAppointmentItemChanged(), changed) << key;
+  }
+}
+
+TEST_F(Editor, SchedulesForSomebodyElseOnlyAsADelegateWithAReadyAccount) {
+  const HostObject account = host.object("ECAccount", {{"emailAddress", "boss@x.org"}});
+  struct {
+    const char* why;
+    bool delegating, fromClient, accountReady, expected;
+  } const cases[] = {{"a delegate", true, false, true, true},
+                     {"no delegate", false, false, true, false},
+                     {"made by the client", true, true, true, false},
+                     {"an account that is not ready", true, false, false, false}};
+  for (const auto& c : cases) {
+    host.set(event, "account", c.accountReady ? Value(account) : Value());
+    owners.openFromClient = c.fromClient;
+    const HostObject editor = editorOn(event);
+    host.set(editor, "isDelegating", c.delegating);
+    host.set(editor, "currentEmailAccount", account);
+    vnERCalendarEventEditorViewController proxy(editor);
+    EXPECT_EQ(proxy.isOnBehalf(), c.expected) << c.why;
+    EXPECT_EQ(proxy.onbehalfEmailAddress(), c.expected ? OptionalText("boss@x.org") : std::nullopt) << c.why;
+    EXPECT_EQ(proxy.getVnMeetingData().contains(vn_ApptInfo_OnbehalfEmailAddress), c.expected) << c.why;
   }
 }
 

@@ -69,6 +69,40 @@ TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
   }
 }
 
+TEST_F(Bar, SaysWhatASaveHasToDo) {
+  struct {
+    const char* why;
+    const char* key;
+    int shown;
+    bool cancelMode;
+    bool stored;
+    bool dirty;
+    int expected;
+  } const cases[] = {
+      {"a stored meeting, changed or not", "1", VnUIMeeting, false, true, false, VnDataChanged},
+      {"a new meeting that was touched", "1", VnUIMeeting, false, false, true, VnDataChanged},
+      {"a new meeting as it was made", "1", VnUIMeeting, false, false, false, VnDataNone},
+      {"a meeting that the bar no longer shows", "1", VnUINotMeeting, false, true, true, VnDataDeleted},
+      {"a cancellation", "1", VnUIMeeting, true, true, true, VnDataDeleted},
+      {"an appointment", "", VnUINotMeeting, false, true, true, VnDataNone},
+      {"a meeting in the making", "", VnUIMeeting, false, true, true, VnDataAdded},
+      {"a hidden bar keeps the last answer", "", VnUIHidden, false, true, true, VnDataAdded},
+  };
+  const auto bar = makeBar();
+  EXPECT_EQ(bar->getVnDataStatus(), VnDataNone);
+  bar->attachOutlookERCalendarEventEditorWindowController(controller);
+  for (const auto& c : cases) {
+    managerOf(bar)->setMeetingKey(c.key);
+    host.set(editor, "isCancelMode", c.cancelMode);
+    host.set(editor, "isDirty", c.dirty);
+    host.set(event, "UUID", c.stored ? Value("U-1") : Value());
+    bar->onUIChanged(c.shown);
+    EXPECT_EQ(bar->getVnDataStatus(), c.expected) << c.why;
+  }
+  host.set(event, "isOwner", false);
+  EXPECT_EQ(bar->getVnDataStatus(), VnDataNone);
+}
+
 TEST_F(Bar, AClickWorksOnlyOnTheStatusThatShowsItsButton) {
   const auto bar = openedBar("");
   const auto manager = managerOf(bar);

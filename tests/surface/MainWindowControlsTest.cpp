@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "channel/transport/vnIPCConstants.h"
 #include "host/proxies/HostViews.h"
 #include "host/proxies/vnERageMainWindowController.h"
 #include "host/surface/HookInstaller.h"
@@ -107,6 +108,21 @@ TEST_F(MainWindowControls, PanesThatLoadOneAfterTheOtherLeadToOneLook) {
   host->closeMainWindow();
   world->runLoop.runDue();
   EXPECT_EQ(world->runLoop.waiting(), before) << "a window that closes takes it along";
+}
+
+TEST_F(MainWindowControls, TheRibbonsMenuDoesWhatItSays) {
+  start();
+  EXPECT_EQ(host->ribbonControl("onClickAbout:").toolTip, "Schedule or start a Vorn meeting");
+  const std::pair<const char*, std::uint64_t> starts[] = {{"onClickStartMeetingWithVideo:", 9},
+                                                          {"onClickStartMeetingWithoutVideo:", 10}};
+  for (const auto& [action, command] : starts) {
+    EXPECT_TRUE(host->clickRibbon(action));
+    EXPECT_EQ(lastCommand(), command);
+  }
+  EXPECT_TRUE(host->clickRibbon("onClickAbout:"));
+  EXPECT_EQ(world->distributedNotifications.posted.back().name, kIPCPluginOpenAboutDialog);
+  EXPECT_TRUE(host->clickRibbon("onClickScheduleMeeting:"));
+  EXPECT_TRUE(ThreadDictionary::sharedInstance()[keyFlagAutoAddToVnMeeting].boolValue());
 }
 
 TEST_F(MainWindowControls, EachItemOfTheToolbarShowsItsName) {

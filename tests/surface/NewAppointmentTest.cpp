@@ -19,6 +19,36 @@ class AudioClicks : public SurfaceWorld {
   }
 };
 
+TEST_F(AudioClicks, SendTheirCommandWhileTheBarOffersAnAddAndTheWindowIsTheUsersOwn) {
+  const struct {
+    const char* what;
+    const char* selector;
+    bool onBehalf;
+    int shown;
+    std::uint64_t action;
+    bool refused;
+  } rows[] = {
+      {"the first account", "onClickAddPACAccount1:", false, VnUINotMeeting, VnCmdAddPACAccount1, false},
+      {"the second account", "onClickAddPACAccount2:", false, VnUINotMeeting, VnCmdAddPACAccount2, false},
+      {"a meeting", "onClickAddPACAccount1:", false, VnUIMeeting, 0, false},
+      {"nothing shown", "onClickAddPACAccount2:", false, VnUIHidden, 0, false},
+      {"somebody else's", "onClickAddPACAccount1:", true, VnUINotMeeting, 0, true},
+      {"somebody else's meeting", "onClickAddPACAccount2:", true, VnUIMeeting, 0, true},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    world.presenter.forgetAlerts();
+    host.set(editor, "isDelegating", row.onBehalf);
+    const auto bar = openedBar();
+    bar->onUIChanged(row.shown);
+    world.classRuntime.send(bar->view(), row.selector, {Value()});
+    EXPECT_EQ(actionOf(bar), row.action);
+    EXPECT_EQ(world.presenter.alerts().size(), row.refused ? 1u : 0u);
+    bar->cleanup();
+    closeWindow(window);
+  }
+}
+
 TEST_F(AudioClicks, WordLeftForANewAppointmentIsTakenInTheOrderOfItsWeight) {
   const struct {
     const char* what;
