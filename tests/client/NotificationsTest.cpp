@@ -2,14 +2,17 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "RunningClient.h"
+#include "lab/client/ClientLauncher.h"
 #include "platform/embedded/AsioRunLoop.h"
 #include "platform/embedded/EmbeddedDistributedNotifications.h"
 #include "tests/support/PrivateBus.h"
@@ -114,6 +117,44 @@ TEST_F(NotificationsTest, goBesideTheSocketWhichGetsTheVersionToo) {
   EXPECT_EQ(caller.ask({11, "11"}), (Envelope{11, R"({"bosses":[]})"})) << "the bus has gone, the socket has not";
   client.stop(SIGTERM);
   EXPECT_EQ(client.wait(), 0);
+}
+
+TEST_F(NotificationsTest, reachTheAgentWhileTheClientDoesNotRun) {
+  // Another test may run the client from where it was built.
+  const std::string program = home / "vornclient";
+  std::filesystem::copy_file(VORNCLIENT_PROGRAM, program);
+  std::vector<std::string> all = {"--client",  program,     "--journal", home / "journal",
+                                  "--version", "5.4.60000", "--"};
+  const auto ofClient = arguments({"--transport", "notifications", "--without-agent"});
+  all.insert(all.end(), ofClient.begin(), ofClient.end());
+  const auto events = [this](std::string_view name) {
+    const auto journal = test::journalOf(home / "journal");
+    return std::count_if(journal.begin(), journal.end(),
+                         [&](const auto& event) { return event["event"] == name; });
+  };
+  // The loop asks after each of its tasks only, and other processes are none.
+  const auto lookAgain = loop.scheduledTimer(0.005, vorn::RunLoop::Repeats::yes, [](vorn::RunLoop::Timer&) {});
+  RunningClient agent(all, VORNAGENT_PROGRAM);
+  ASSERT_EQ(agent.line(), "vOutlookPluginAgent 5.4.60000 observes notifications");
+  for (int round = 1; round <= 2; ++round) {
+    for (const char* name : {"VornOutlookPlugin.LaunchClient", "VornOutlookPlugin.LaunchClient",
+                             "VornOutlookPlugin.GetClientVersion", "VornOutlookPlugin.OpenAboutDialog"}) {
+      plugin->post(name, {});
+    }
+    ASSERT_TRUE(loop.runUntil([&] { return events("launched") == round && events("about") == round; }, 120));
+    request({11, "11"});
+    ASSERT_TRUE(waitForReplies(2 * static_cast<std::size_t>(round)));
+    EXPECT_EQ(heard[heard.size() - 2].second, (Envelope{200, "5.4.60000"}));
+    const auto running = processesOf(program);
+    ASSERT_EQ(running.size(), 1U) << "asked for twice";
+    if (round == 1) ::kill(running.front(), SIGKILL);
+    loop.runUntil([&] { return round == 2 || processesOf(program).empty(); }, 120);
+  }
+  agent.stop(SIGTERM);
+  EXPECT_EQ(agent.wait(), 0);
+  EXPECT_TRUE(processesOf(program).empty()) << "what it has started ends with it";
+  EXPECT_EQ(heard.size(), 4U) << "the client leaves the agent's part to it";
+  EXPECT_EQ(agent.errors(), "About Vorn Plug-in: version 5.4.60000\nAbout Vorn Plug-in: version 5.4.60000\n");
 }
 
 TEST_F(NotificationsTest, needABus) {
