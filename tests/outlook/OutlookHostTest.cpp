@@ -128,5 +128,24 @@ TEST_F(OutlookHostTest, AnActOnTheCalendarNeedsACalendarAndKeepsTheZoneAndTheLen
   EXPECT_EQ(host->sentCount(), 1);
 }
 
+TEST_F(OutlookHostTest, AnOpenItemOfASeriesCanSwitchToItsSeries) {
+  for (const bool byMenu : {true, false}) {
+    start({}, "series.ics");
+    const auto editor = host->openEditor("series@calendar.example", "20300401T090000");
+    host->typeSubject(editor, "Dropped");
+    host->answerSeriesQuestion(editor, 0);
+    EXPECT_EQ(host->subject(editor), "Dropped");
+    byMenu ? host->switchToSeries(editor) : host->answerSeriesQuestion(editor, 1);
+    EXPECT_EQ(host->subject(editor), "Planning");
+    EXPECT_FALSE(host->isDirty(editor));
+    loop.runDue();
+    host->typeSubject(editor, "Planning, all of it");
+    host->saveAndClose(editor);
+    loop.runDue();
+    EXPECT_EQ(store.find("series@calendar.example")->summary(), "Planning, all of it");
+    EXPECT_EQ(store.find("series@calendar.example", "20300401T090000")->summary(), "Planning (moved)");
+  }
+}
+
 }  // namespace
 }  // namespace vornlab
