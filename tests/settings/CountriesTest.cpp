@@ -338,6 +338,7 @@ TEST_F(CountriesPanelTest, DataCentresNarrowThemAndTheTipTellsOfIt) {
     EXPECT_EQ(control("dataCenterImpactCountriesTipView").hidden, isOld);
     if (!isOld) {
       EXPECT_EQ(control("selectedCountriesField").text, "Dial in from United States");
+      EXPECT_FALSE(control("dataCenterImpactCountriesTipText").text.empty());
       turn("dataCenterButton2", true);
       EXPECT_TRUE(control("dataCenterImpactCountriesTipView").hidden) << "nothing more was taken";
       click("editCountriesButton");
@@ -374,6 +375,25 @@ TEST_F(CountriesPanelTest, TheRegionsOfAMeetingThatStandsNarrowThemWhenItIsOpene
     EXPECT_EQ(control("selectedCountriesField").text,
               isUpdate ? "Dial in from United States" : "Dial in from United States and Germany");
     EXPECT_TRUE(control("allowDenyImpactCountriesTipView").hidden);
+    EXPECT_FALSE(control("selectedCountriesField").isRed);
+    view().settingData().setArrRegionCodes(list({"DE", "US"}));
+    view().updateUIItemsForNextTime();
+    EXPECT_EQ(control("selectedCountriesField").isRed, isUpdate) << "none is left";
+    EXPECT_EQ(control("buttonContinue").enabled, !isUpdate);
+  }
+}
+
+TEST_F(CountriesPanelTest, AreAnotherPersonsWhenTheMeetingIsForThatPerson) {
+  const Value dana = Value::dictionaryFromPairs(
+      {{vn_Boss_Email, "dana@vorn.example"}, {vn_Setting_AvailableDialinCountry, countries({"AT"}, {"AT"})}});
+  const Value people = Value::dictionaryFromPairs({{vn_Profile_Bosses, Value::Array{dana}}});
+  know({"US", "DE"}, {"US", "DE"}, people);
+  vnGetScheduleForListHelper::sharedInstance().setData(people);
+  open();
+  for (const bool isDanas : {true, false}) {
+    choose("scheduleForPopup", isDanas ? 1 : 0);
+    EXPECT_EQ(control("selectedCountriesField").text,
+              isDanas ? "Dial in from Austria" : "Dial in from United States and Germany");
   }
 }
 

@@ -170,9 +170,11 @@ TEST_F(MeetingIdPanelTest, OfTwoThatWereAskedForTheWantedOneComesAndContinueWait
 }
 
 TEST_F(MeetingIdPanelTest, AReplyForAPanelThatWasLeftChangesNothing) {
-  knowAccount();
+  SettingsPanelTest::knowAccount(accountWith(UserOption3::isEnablePMIRequirePassword));
   open();
+  EXPECT_FALSE(control("requiredMeetingPswButton").on);
   turn("buttonUsePMI", true);
+  EXPECT_TRUE(control("requiredMeetingPswButton").on) << "whatever the reply will be";
   click("buttonCancel");
   const Value before = settings();
   answerMeeting("5550142871", true);

@@ -146,6 +146,9 @@ TEST_F(SecurityPanelTest, ARefusedCommitIsToldOnceBySiteFlags) {
   click("buttonCancel");
   open();
   EXPECT_TRUE(control("pswFormatErrorTextField").hidden) << "the panel was left";
+  turn("requiredMeetingPswButton", true);
+  panels.refreshSettingWindow(id(), false);
+  EXPECT_TRUE(control("pswFormatErrorTextField").hidden);
 }
 
 TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOnce) {

@@ -180,10 +180,14 @@ TEST_F(SignInPanelTest, OffersTheChoicesWithTheirDomainsAndCommitsTheOneThatIsSh
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthName], Value("Staff"));
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthType], Value(1));
   open();
+  click("viewEditButton");
+  type("_domainsTextField", "dismissed.example");
+  click("domains_SaveBtn");
   choose("authNamePopup", 2);
   click("buttonCancel");
   open();
   EXPECT_EQ(control("authNamePopup").index, 0) << "a dismissed choice is none";
+  EXPECT_EQ(control("domainText").text, "a.example");
 }
 
 TEST_F(SignInPanelTest, ASingleChoiceStandsInTheTitle) {
