@@ -99,6 +99,9 @@ DesktopSession::DesktopSession(const LabOptions& options, CalendarStore& calenda
                                std::unique_ptr<HostScreen> watched)
     : ObjcSession(withFaults(options), calendar, hostOptions), m_screen(std::move(watched)) {
   const Pool pool;
+  // Whoever is signed in at the client has an account at the host, too.
+  const std::string signedIn = signedInAccount(options).email;
+  if (signedIn != hostOptions.userAddress) hostState().options.otherAccounts = {signedIn};
   m_watch = [[vnMainWindowWatch alloc] init];
   [mainWindow() setDelegate:static_cast<id>(m_watch)];
   m_clientWindow = [[vnClientWindow alloc] initWithDesk:*this];

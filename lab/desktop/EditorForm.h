@@ -10,6 +10,9 @@
   ERCalendarEventEditorWindowController* m_controller;
   // Whom the fields show. Not owned; read while it is what the editor shows.
   ECCalendarEvent* m_event;
+  NSButton* m_send;
+  NSPopUpButton* m_from;
+  NSTextField* m_people;
   NSTextField* m_subject;
   NSTextField* m_start;
   NSTextField* m_end;
@@ -18,12 +21,16 @@
   // What is wrong with the time beside it; "" for nothing.
   NSTextField* m_startTrouble;
   NSTextField* m_endTrouble;
+  // What is no address among the people.
+  NSTextField* m_peopleTrouble;
   NSTextView* m_body;
 }
 + (void)putInto:(ERCalendarEventEditorWindowController*)controller;
 // Nil for an editor without one.
 + (vnEditorForm*)formOf:(ERCalendarEventEditorViewController*)editor;
 // What a person types into.
+- (NSTextField*)peopleField;
+- (NSPopUpButton*)fromPopUp;
 - (NSTextField*)subjectField;
 - (NSTextField*)startField;
 - (NSTextField*)endField;

@@ -1,8 +1,11 @@
 #import "lab/desktop/EditorForm.h"
 
+#include <algorithm>
+
 #import "lab/desktop/Controls.h"
 #import "lab/desktop/Questions.h"
 #include "lab/desktop/WeekPlan.h"
+#include "lab/host/InvitedPeople.h"
 #include "util/HtmlText.h"
 
 namespace {
@@ -10,7 +13,7 @@ namespace {
 constexpr double kWidth = 900;
 constexpr double kHeight = 680;
 constexpr double kActions = 52;
-constexpr double kHeader = 196;
+constexpr double kHeader = 228;
 constexpr double kMargin = 20;
 constexpr double kNames = 80;
 constexpr double kRow = 32;
@@ -43,20 +46,29 @@ NSString* zoneText(OLCalendarDate* date) {
                                     [[date timeZone] name]];
 }
 
-NSString* peopleText(NSArray* attendees) {
-  NSMutableArray* people = [NSMutableArray array];
-  NSEnumerator* all = [attendees objectEnumerator];
-  while (id person = [all nextObject]) {
-    NSString* name = [person performSelector:@selector(name)];
-    [people addObject:[name length] > 0 ? name : [person performSelector:@selector(emailAddress)]];
+// The addresses from which it can be sent: that of the calendar's owner, those of the other accounts, and whoever
+// has called it.
+std::vector<std::string> sendersOf(ECCalendarEvent* event) {
+  const vornlab::HostOptions& host = vornlab::hostState().options;
+  std::vector<std::string> all{host.userAddress};
+  all.insert(all.end(), host.otherAccounts.begin(), host.otherAccounts.end());
+  all.push_back(event->m_appointment.organizer().value_or(""));
+  std::vector<std::string> result;
+  for (const std::string& each : all) {
+    if (!each.empty() && std::find(result.begin(), result.end(), each) == result.end()) result.push_back(each);
   }
-  return [people componentsJoinedByString:@"; "];
+  return result;
 }
 
 }  // namespace
 
 @interface vnEditorForm ()
 - (void)build;
+- (void)addFrom;
+- (void)takePeople;
+- (void)endPeople;
+- (void)showPeople;
+- (void)showSend;
 - (void)showTitle;
 - (void)showBody;
 - (void)showFields;
@@ -91,6 +103,12 @@ NSString* peopleText(NSArray* attendees) {
   return [m_controller editorViewController];
 }
 
+- (NSPopUpButton*)fromPopUp {
+  return m_from;
+}
+- (NSTextField*)peopleField {
+  return m_people;
+}
 - (NSTextField*)subjectField {
   return m_subject;
 }
@@ -127,9 +145,9 @@ NSString* peopleText(NSArray* attendees) {
 - (void)build {
   ERCalendarEventEditorViewController* editor = [self editor];
   ECCalendarEvent* event = [editor content];
-  double x = kMargin;
-  if ([event isMeeting]) x = [self addAction:@"Send" x:x action:@selector(send:)];
-  x = [self addAction:@"Save & Close" x:x action:@selector(saveAndClose:)];
+  m_send = vornlab::pushButton(@"Send", self, @selector(send:), NSMakePoint(kMargin, kHeight - kActions + 11));
+  [self addSubview:m_send];
+  double x = [self addAction:@"Save & Close" x:NSMaxX([m_send frame]) + 10 action:@selector(saveAndClose:)];
   x = [self addAction:@"Save" x:x action:@selector(save:)];
   [self addAction:@"Close" x:x action:@selector(closeEditor:)];
 
@@ -137,27 +155,28 @@ NSString* peopleText(NSArray* attendees) {
   [header setFrame:NSMakeRect(0, kHeight - kActions - kHeader, kWidth, kHeader)];
   [header setAutoresizingMask:NSViewWidthSizable | NSViewMinYMargin];
   const double wide = kWidth - 2 * kMargin - kNames;
-  NSTextField* people = [self addField:@"Invite" row:0 width:wide];
-  [people setStringValue:peopleText([event attendeeList])];
-  [people setEditable:NO];
-  [people setAutoresizingMask:NSViewWidthSizable];
-  m_subject = [self addField:@"Subject" row:1 width:wide];
+  [self addFrom];
+  m_people = [self addField:@"Invite" row:1 width:wide];
+  [m_people setAutoresizingMask:NSViewWidthSizable];
+  [[m_people cell] setPlaceholderString:@"Addresses, with commas between"];
+  m_subject = [self addField:@"Subject" row:2 width:wide];
   [m_subject setAutoresizingMask:NSViewWidthSizable];
   // The location's field is the host's own, for the plug-in writes into it.
   NSTextField* location = [editor performSelector:@selector(locationTextField)];
-  const double y = kHeader - 10 - kField - 2 * kRow;
+  const double y = kHeader - 10 - kField - 3 * kRow;
   [header addSubview:vornlab::label(@"Location", NSMakeRect(kMargin, y - 2, kNames, kField))];
   [location setFrame:NSMakeRect(kMargin + kNames, y, wide, kField)];
   [location setAutoresizingMask:NSViewWidthSizable];
   [location setDelegate:static_cast<id>(self)];
   [[location cell] setScrollable:YES];
-  m_start = [self addField:@"Starts" row:3 width:150];
-  m_end = [self addField:@"Ends" row:4 width:150];
-  const NSRect zone = NSMakeRect(kMargin + kNames + 160, kHeader - 12 - kField - 3 * kRow, 260, kField);
+  m_start = [self addField:@"Starts" row:4 width:150];
+  m_end = [self addField:@"Ends" row:5 width:150];
+  const NSRect zone = NSMakeRect(kMargin + kNames + 160, kHeader - 12 - kField - 4 * kRow, 260, kField);
   [header addSubview:vornlab::label(zoneText([event startTime]), zone)];
   m_startTrouble = [self addTroubleAt:NSMakePoint(NSMaxX(zone), NSMinY(zone))];
   m_endTrouble = [self addTroubleAt:NSMakePoint(NSMinX(zone), NSMinY(zone) - kRow)];
-  NSView* const order[] = {m_subject, location, m_start, m_end};
+  m_peopleTrouble = [self addTroubleAt:NSMakePoint(NSMaxX([m_from frame]) + 12, NSMinY([m_from frame]))];
+  NSView* const order[] = {m_from, m_people, m_subject, location, m_start, m_end};
   for (std::size_t i = 0; i + 1 < std::size(order); ++i) [order[i] setNextKeyView:order[i + 1]];
   [[m_controller window] setInitialFirstResponder:m_subject];
 
@@ -170,9 +189,37 @@ NSString* peopleText(NSArray* attendees) {
   [self showBody];
   if ([[self editor] content] != m_event) [self showFields];
 }
+- (void)addFrom {
+  NSView* header = m_controller->m_header;
+  const double y = kHeader - 10 - kField;
+  [header addSubview:vornlab::label(@"From", NSMakeRect(kMargin, y - 2, kNames, kField))];
+  m_from = [[[NSPopUpButton alloc] initWithFrame:NSMakeRect(kMargin + kNames, y, 300, kField)
+                                       pullsDown:NO] autorelease];
+  [m_from setTarget:self];
+  [m_from setAction:@selector(chooseFrom:)];
+  [header addSubview:m_from];
+}
+- (void)showPeople {
+  const std::vector<vornlab::CalendarAttendee> people = m_event->m_appointment.attendees();
+  [m_people setStringValue:vornlab::foundationText(vornlab::writtenPeople(people))];
+  [m_peopleTrouble setStringValue:@""];
+  [self showSend];
+  [m_from removeAllItems];
+  for (const std::string& sender : sendersOf(m_event)) [m_from addItemWithTitle:vornlab::foundationText(sender)];
+  // A host that knows nobody sends from its owner, who has no address then.
+  if ([m_from numberOfItems] == 0) [m_from addItemWithTitle:@"Calendar Owner"];
+  if (const auto organizer = m_event->m_appointment.organizer())
+    [m_from selectItemWithTitle:vornlab::foundationText(*organizer)];
+  [m_from setEnabled:[m_from numberOfItems] > 1];
+}
+// Who is invited gets it sent.
+- (void)showSend {
+  [m_send setEnabled:[[[self editor] attendeeList] count] > 0];
+}
 - (void)showFields {
   m_event = [[self editor] content];
   m_typedTime = nil;
+  [self showPeople];
   [m_subject setStringValue:[m_event summary] ? [m_event summary] : @""];
   [m_start setStringValue:textOf([m_event startTime])];
   [m_end setStringValue:textOf([m_event endTime])];
@@ -205,9 +252,37 @@ NSString* peopleText(NSArray* attendees) {
     m_typedTime = field;
     return;
   }
+  if (field == m_people) return [self takePeople];
   (field == m_subject ? [self typed].summary : [self typed].location) = vornlab::plainText([field stringValue]);
   if (field == m_subject) [self showTitle];
   [[self editor] setIsDirty:YES];
+}
+// Each address counts as soon as it is whole; what is none yet is told when the field is left.
+- (void)takePeople {
+  [m_peopleTrouble setStringValue:@""];
+  const vornlab::InvitedPeople read =
+      vornlab::readPeople(vornlab::plainText([m_people stringValue]), m_event->m_appointment.attendees());
+  [self typed].attendees = read.people;
+  [[self editor] setIsDirty:YES];
+  [self showSend];
+}
+- (void)endPeople {
+  const auto& typed = [self typed].attendees;
+  if (!typed) return;
+  const std::string text = vornlab::plainText([m_people stringValue]);
+  const vornlab::InvitedPeople read = vornlab::readPeople(text, *typed);
+  if (read.unread.empty()) {
+    [m_people setStringValue:vornlab::foundationText(vornlab::writtenPeople(read.people))];
+    return;
+  }
+  NSString* first = vornlab::foundationText(read.unread.front());
+  [m_peopleTrouble
+      setStringValue:[NSString stringWithFormat:@"“%@” is no address such as kim@vorn.example.", first]];
+}
+- (void)chooseFrom:(id)sender {
+  [self typed].organizer = vornlab::plainText([m_from titleOfSelectedItem]);
+  [[self editor] setIsDirty:YES];
+  [[self editor] fromFieldModified:sender];
 }
 - (std::optional<vornlab::CalendarTime>&)typedTimeOf:(NSTextField*)field {
   return field == m_start ? [self typed].start : [self typed].end;
@@ -255,6 +330,7 @@ NSString* peopleText(NSArray* attendees) {
 // A time counts when it has been typed whole.
 - (void)controlTextDidEndEditing:(NSNotification*)notification {
   const id field = [notification object];
+  if (field == m_people) return [self endPeople];
   // Who only passes through a field has typed nothing.
   if (field != m_typedTime) return;
   m_typedTime = nil;
@@ -263,7 +339,10 @@ NSString* peopleText(NSArray* attendees) {
 // Ends what is being typed. NO, and heard, when a time cannot be stored as it stands.
 - (BOOL)endTyping {
   [[m_controller window] makeFirstResponder:nil];
-  if ([[m_startTrouble stringValue] length] + [[m_endTrouble stringValue] length] == 0) return YES;
+  NSTextField* const troubles[] = {m_startTrouble, m_endTrouble, m_peopleTrouble};
+  if (std::all_of(std::begin(troubles), std::end(troubles),
+                  [](NSTextField* each) { return [[each stringValue] length] == 0; }))
+    return YES;
   NSBeep();
   return NO;
 }

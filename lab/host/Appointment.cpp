@@ -39,6 +39,8 @@ void AppointmentChanges::add(const AppointmentChanges& later) {
   take(olmUCCapabilities, later.olmUCCapabilities);
   take(start, later.start);
   take(end, later.end);
+  take(attendees, later.attendees);
+  take(organizer, later.organizer);
 }
 
 Appointment Appointment::newOne(HostState& host) {
@@ -114,6 +116,14 @@ std::optional<CalendarTime> Appointment::end() const {
   return m_changes.end ? m_changes.end : ofStored(&CalendarEvent::end);
 }
 
+std::vector<CalendarAttendee> Appointment::attendees() const {
+  return m_changes.attendees ? *m_changes.attendees : ofStored(&CalendarEvent::attendees);
+}
+
+OptionalText Appointment::organizer() const {
+  return m_changes.organizer ? m_changes.organizer : unlessEmpty(ofStored(&CalendarEvent::organizerAddress));
+}
+
 CalendarTime Appointment::timeLikeStart(double seconds) const {
   CalendarTime time = start().value_or(CalendarTime());
   time.seconds = seconds;
@@ -132,11 +142,7 @@ OptionalText Appointment::recurrenceId() const { return unlessEmpty(ofStored(&Ca
 
 int Appointment::sequence() const { return ofStored(&CalendarEvent::sequence); }
 
-OptionalText Appointment::organizer() const { return unlessEmpty(ofStored(&CalendarEvent::organizerAddress)); }
-
 OptionalText Appointment::calendarText() const { return unlessEmpty(ofStored(&CalendarEvent::calendarText)); }
-
-std::vector<CalendarAttendee> Appointment::attendees() const { return ofStored(&CalendarEvent::attendees); }
 
 bool Appointment::isOwnedIn(const HostState& host) const {
   const auto event = stored();
@@ -182,6 +188,10 @@ bool Appointment::write(HostState& host) {
       storeBody(event, *m_changes.body, m_changes.isBodyHtml.value_or(true) && !host.options.plainTextOnly);
     if (m_changes.olmUCInband) event.setOlmUCInband(*m_changes.olmUCInband);
     if (m_changes.olmUCCapabilities) event.setOlmUCCapabilities(*m_changes.olmUCCapabilities);
+    if (m_changes.attendees) event.setAttendees(*m_changes.attendees);
+    // Who is invited hears from whom.
+    if (m_changes.attendees && isMeeting() && !organizer()) event.setOrganizer(host.options.userAddress);
+    if (m_changes.organizer && isMeeting()) event.setOrganizer(*m_changes.organizer);
     if (times) event.setTimes(times->first.seconds, times->second.seconds);
   });
   if (isStored) {

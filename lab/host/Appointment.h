@@ -24,6 +24,9 @@ struct AppointmentChanges {
   vorn::OptionalText olmUCCapabilities;
   std::optional<CalendarTime> start;
   std::optional<CalendarTime> end;
+  std::optional<std::vector<CalendarAttendee>> attendees;
+  // By whose address it is called.
+  vorn::OptionalText organizer;
 
   // Takes over what the later ones have.
   void add(const AppointmentChanges& later);
@@ -70,6 +73,9 @@ class Appointment {
   vorn::OptionalText olmUCCapabilities() const;
   std::optional<CalendarTime> start() const;
   std::optional<CalendarTime> end() const;
+  std::vector<CalendarAttendee> attendees() const;
+  vorn::OptionalText organizer() const;
+  bool isMeeting() const { return !attendees().empty(); }
   // That time in the zone of the start.
   CalendarTime timeLikeStart(double seconds) const;
 
@@ -79,10 +85,7 @@ class Appointment {
   bool isException() const;
   vorn::OptionalText recurrenceId() const;
   int sequence() const;
-  vorn::OptionalText organizer() const;
   vorn::OptionalText calendarText() const;
-  std::vector<CalendarAttendee> attendees() const;
-  bool isMeeting() const { return !attendees().empty(); }
   // Whether nobody else has called it; so is one that is not stored.
   bool isOwnedIn(const HostState& host) const;
   // The number of its record, which it keeps when it is not stored any more, and whether there is one.

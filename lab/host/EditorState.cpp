@@ -45,6 +45,7 @@ std::vector<std::pair<std::string, EditorState::Uncommitted>> EditorState::uncom
   add("body", typed.body);
   add("startTime", typed.start);
   add("endTime", typed.end);
+  add("attendeeList", typed.attendees);
   return result;
 }
 

@@ -28,7 +28,7 @@ class EditorState {
 
   bool isDirty = false;
   bool isCancelMode = false;
-  // What was typed and not saved: texts and times. The body comes in by contentDidChange().
+  // What was typed and not saved: texts, times and people. The body comes in by contentDidChange().
   AppointmentChanges typed;
 
   // What the compose view shows.
@@ -50,8 +50,8 @@ class EditorState {
   AppointmentChanges changes() const;
   void saved();
 
-  // What was typed, as the host's dictionary of uncommitted changes has it. A subject that was emptied is null.
-  using Uncommitted = std::variant<std::nullptr_t, std::string, CalendarTime>;
+  // What was typed, as the host's dictionary of uncommitted changes has it: without the organizer. A subject that was emptied is null.
+  using Uncommitted = std::variant<std::nullptr_t, std::string, CalendarTime, std::vector<CalendarAttendee>>;
   std::vector<std::pair<std::string, Uncommitted>> uncommitted() const;
   // The names of these as one text; and whether such a text names any that the attendees should hear of.
   std::string namesOfUncommitted() const;

@@ -11,6 +11,8 @@ struct HostOptions {
   // somebody else's; when it is not, every appointment is one's own.
   std::string userAddress;
   std::string userName = "Calendar Owner";
+  // The addresses of further accounts, of which an editor lets its user choose one.
+  std::vector<std::string> otherAccounts;
   // The account writes plain text bodies only.
   bool plainTextOnly = false;
   // The editor is open on behalf of the account's owner.

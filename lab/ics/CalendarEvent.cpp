@@ -290,6 +290,38 @@ void CalendarEvent::setDescription(std::string_view plainText, const vorn::Optio
   }
 }
 
+void CalendarEvent::setAttendees(const std::vector<CalendarAttendee>& people) {
+  const auto addressOf = [](const IcsProperty& property) { return attendeeFrom(property).emailAddress; };
+  IcsDocument& document = m_store->m_document;
+  std::set<std::string> wanted;
+  for (const CalendarAttendee& person : people) wanted.insert(person.emailAddress);
+  std::set<std::string> kept;
+  for (const IcsProperty& property : document.properties(component(), "ATTENDEE")) {
+    const std::string address = addressOf(property);
+    if (wanted.contains(address)) {
+      kept.insert(address);
+    } else {
+      document.removeProperty(component(), "ATTENDEE",
+                              [&](const IcsProperty& each) { return addressOf(each) == address; });
+    }
+  }
+  for (const CalendarAttendee& person : people) {
+    if (!kept.insert(person.emailAddress).second) continue;
+    IcsProperty added{"ATTENDEE", {}, "mailto:" + person.emailAddress};
+    // A parameter has no way to write a quotation mark.
+    std::string name = person.name;
+    std::erase_if(name, [](char c) { return c == '"' || static_cast<unsigned char>(c) < ' '; });
+    if (!name.empty() && name != person.emailAddress) added.parameters.emplace_back("CN", '"' + name + '"');
+    added.parameters.emplace_back("RSVP", "TRUE");
+    document.setProperty(component(), added, [](const IcsProperty&) { return false; });
+  }
+}
+
+void CalendarEvent::setOrganizer(std::string_view address) {
+  if (address.empty() || address == organizerAddress()) return;
+  m_store->m_document.setProperty(component(), {"ORGANIZER", {}, "mailto:" + std::string(address)});
+}
+
 void CalendarEvent::setRecord(std::string_view name, std::string_view record) {
   if (record.empty()) {
     m_store->m_document.removeProperty(component(), name);

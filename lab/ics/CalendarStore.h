@@ -23,6 +23,8 @@ struct CalendarAttendee {
   std::string emailAddress;
   // 0 required, 1 optional, 2 a room or a resource.
   int type = 0;
+
+  bool operator==(const CalendarAttendee&) const = default;
 };
 
 struct CalendarRecurrence {
@@ -101,6 +103,10 @@ class CalendarEvent {
   void setLocation(std::string_view text);
   // The plain text goes into DESCRIPTION, the HTML into X-ALT-DESC; an absent HTML takes X-ALT-DESC out.
   void setDescription(std::string_view plainText, const vorn::OptionalText& html);
+  // Whom it invites. The lines of those who stay are kept as they are, with whatever they have answered. Who calls
+  // the meeting is set by the address; "" leaves that as it is.
+  void setAttendees(const std::vector<CalendarAttendee>& people);
+  void setOrganizer(std::string_view address);
   // An empty text takes the record out.
   void setOlmUCInband(std::string_view record);
   void setOlmUCCapabilities(std::string_view record);

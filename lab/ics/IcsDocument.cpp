@@ -327,7 +327,7 @@ std::size_t IcsDocument::lineForAdded(std::size_t component) const {
   return grown.children.empty() ? grown.endLine : m_components[grown.children.front()].beginLine;
 }
 
-std::size_t IcsDocument::findLine(std::size_t component, std::string_view name, Choice choice) const {
+std::size_t IcsDocument::findLine(std::size_t component, std::string_view name, const Choice& choice) const {
   for (const std::size_t line : m_components[component].lines) {
     if (m_lines[line].name != name) continue;
     const auto changed = m_replaced.find(line);
@@ -337,7 +337,7 @@ std::size_t IcsDocument::findLine(std::size_t component, std::string_view name, 
   return kNone;
 }
 
-void IcsDocument::setProperty(std::size_t component, const IcsProperty& property, Choice choice) {
+void IcsDocument::setProperty(std::size_t component, const IcsProperty& property, const Choice& choice) {
   std::string content = contentOf(property);
   const std::size_t line = findLine(component, property.name, choice);
   if (line != kNone) {
@@ -356,7 +356,7 @@ void IcsDocument::setProperty(std::size_t component, const IcsProperty& property
   added.push_back(std::move(content));
 }
 
-void IcsDocument::removeProperty(std::size_t component, std::string_view name, Choice choice) {
+void IcsDocument::removeProperty(std::size_t component, std::string_view name, const Choice& choice) {
   const std::size_t line = findLine(component, name, choice);
   if (line != kNone) {
     m_replaced[line] = std::nullopt;

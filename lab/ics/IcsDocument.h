@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -78,11 +79,11 @@ class IcsDocument {
   std::vector<IcsProperty> properties(std::size_t component) const { return properties(component, {}); }
 
   // Which of several properties of one name is meant; absent means the first.
-  using Choice = bool (*)(const IcsProperty&);
+  using Choice = std::function<bool(const IcsProperty&)>;
   // Gives the property a content, which adds it when there is none. The same content changes nothing, nor does one
   // that the text's encoding has no bytes for; takeMisfit() tells that.
-  void setProperty(std::size_t component, const IcsProperty& property, Choice choice = nullptr);
-  void removeProperty(std::size_t component, std::string_view name, Choice choice = nullptr);
+  void setProperty(std::size_t component, const IcsProperty& property, const Choice& choice = {});
+  void removeProperty(std::size_t component, std::string_view name, const Choice& choice = {});
   void removeComponent(std::size_t component);
   // Adds a component below the parent, which is given as its lines without line endings, unfolded, from BEGIN to
   // END. It becomes part of the text at once and gets the highest index when the parent is the last VCALENDAR. A
@@ -138,7 +139,7 @@ class IcsDocument {
   // The line that added properties of the component go in front of: behind its own, before the components below
   // it.
   std::size_t lineForAdded(std::size_t component) const;
-  std::size_t findLine(std::size_t component, std::string_view name, Choice choice) const;
+  std::size_t findLine(std::size_t component, std::string_view name, const Choice& choice) const;
   // Gives each line before `endLine` as it stands, or else the content that was put there.
   template <typename Take>
   void forEachLine(std::size_t firstLine, std::size_t endLine, const Take& take) const;

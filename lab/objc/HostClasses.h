@@ -134,13 +134,21 @@
 - (id)initWithAttendee:(const vornlab::CalendarAttendee&)attendee;
 @end
 
-@interface ECEmailAddress : NSObject
+@interface ECEmailAddress : NSObject {
+  NSString* m_address;
+}
+- (id)initWithAddress:(NSString*)address;
 - (NSString*)emailAddress;
 - (NSString*)name;
 @end
 
-@interface ECEmailAccount : NSObject
+@interface ECEmailAccount : NSObject {
+  // Nil for that of the calendar's owner.
+  NSString* m_address;
+}
 + (ECEmailAccount*)account;
+// Nil for that of the calendar's owner.
++ (ECEmailAccount*)accountOf:(NSString*)address;
 - (NSString*)emailAddress;
 - (ECEmailAddress*)fromAddress;
 @end
@@ -281,6 +289,7 @@ NSView* barIn(NSView* header);
 // cannot.
 ERCalendarEventEditorWindowController* openEditorOf(ECCalendarEvent* event);
 
+NSArray* attendeeObjects(const std::vector<CalendarAttendee>& people);
 NSString* foundationText(std::string_view text);
 NSString* foundationText(const std::string& text);
 NSString* foundationText(const vorn::OptionalText& text);

@@ -2,6 +2,8 @@
 
 #include "lab/objc/HostClasses.h"
 
+#include <algorithm>
+
 using vornlab::EditorState;
 using vornlab::foundationText;
 using vornlab::plainText;
@@ -22,6 +24,7 @@ NSMutableArray* openEditors() {
 id objectFor(std::nullptr_t) { return [NSNull null]; }
 id objectFor(const std::string& text) { return foundationText(text); }
 id objectFor(const vornlab::CalendarTime& time) { return [OLCalendarDate dateWithTime:time]; }
+id objectFor(const std::vector<vornlab::CalendarAttendee>& people) { return vornlab::attendeeObjects(people); }
 
 }  // namespace
 
@@ -120,13 +123,16 @@ id objectFor(const vornlab::CalendarTime& time) { return [OLCalendarDate dateWit
   return vornlab::hostState().options.delegating;
 }
 - (BOOL)hasMultipleAccounts {
-  return NO;
+  return !vornlab::hostState().options.otherAccounts.empty();
 }
 - (ECEmailAccount*)currentEmailAccount {
-  return [ECEmailAccount account];
+  NSString* address = m_state->typed.organizer ? foundationText(m_state->typed.organizer) : [m_event organizer];
+  const std::vector<std::string>& others = vornlab::hostState().options.otherAccounts;
+  const bool isOther = std::find(others.begin(), others.end(), plainText(address)) != others.end();
+  return isOther ? [ECEmailAccount accountOf:address] : [ECEmailAccount account];
 }
 - (NSArray*)attendeeList {
-  return [m_event attendeeList];
+  return m_state->typed.attendees ? vornlab::attendeeObjects(*m_state->typed.attendees) : [m_event attendeeList];
 }
 - (NSString*)meetingOrganizer {
   return [m_event organizer];

@@ -28,6 +28,13 @@ HostState& hostState() {
   return state;
 }
 
+NSArray* attendeeObjects(const std::vector<CalendarAttendee>& people) {
+  NSMutableArray* list = [NSMutableArray array];
+  for (const CalendarAttendee& person : people)
+    [list addObject:[[[ECCalendarEventAttendee alloc] initWithAttendee:person] autorelease]];
+  return list;
+}
+
 }  // namespace vornlab
 
 @implementation OLCalendarDate
@@ -159,8 +166,16 @@ HostState& hostState() {
 @end
 
 @implementation ECEmailAddress
+- (id)initWithAddress:(NSString*)address {
+  if ((self = [super init])) m_address = [address copy];
+  return self;
+}
+- (void)dealloc {
+  [m_address release];
+  [super dealloc];
+}
 - (NSString*)emailAddress {
-  return ownersAddress();
+  return m_address;
 }
 - (NSString*)name {
   return ownersName();
@@ -172,8 +187,18 @@ HostState& hostState() {
   static ECEmailAccount* account = [[ECEmailAccount alloc] init];
   return account;
 }
++ (ECEmailAccount*)accountOf:(NSString*)address {
+  if (!address) return [self account];
+  ECEmailAccount* other = [[[ECEmailAccount alloc] init] autorelease];
+  other->m_address = [address copy];
+  return other;
+}
+- (void)dealloc {
+  [m_address release];
+  [super dealloc];
+}
 - (NSString*)emailAddress {
-  return ownersAddress();
+  return m_address ? m_address : ownersAddress();
 }
 - (NSString*)name {
   return ownersName();
@@ -182,11 +207,10 @@ HostState& hostState() {
   return [self name];
 }
 - (ECEmailAddress*)fromAddress {
-  static ECEmailAddress* address = [[ECEmailAddress alloc] init];
-  return address;
+  return [[[ECEmailAddress alloc] initWithAddress:[self emailAddress]] autorelease];
 }
 - (BOOL)isDefault {
-  return YES;
+  return !m_address;
 }
 - (BOOL)isAccountConnected {
   return YES;
@@ -295,10 +319,7 @@ HostState& hostState() {
   return foundationText(m_appointment.calendarText());
 }
 - (NSArray*)attendeeList {
-  NSMutableArray* list = [NSMutableArray array];
-  for (const vornlab::CalendarAttendee& attendee : m_appointment.attendees())
-    [list addObject:[[[ECCalendarEventAttendee alloc] initWithAttendee:attendee] autorelease]];
-  return list;
+  return vornlab::attendeeObjects(m_appointment.attendees());
 }
 - (BOOL)isMeeting {
   return m_appointment.isMeeting();

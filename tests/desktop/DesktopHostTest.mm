@@ -13,6 +13,7 @@
 
 #import "lab/desktop/CalendarPane.h"
 #include "lab/desktop/DesktopSession.h"
+#import "lab/desktop/EditorForm.h"
 #include "lab/desktop/JournalTail.h"
 #include "lab/desktop/OwnPasteboard.h"
 #import "lab/desktop/RealHand.h"
@@ -65,6 +66,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 
 constexpr double kHour = 3600;
 constexpr double kHourHeight = 48;
@@ -333,6 +335,33 @@ TEST_F(Desk, TheStartTakesTheEndAlongAndATimeThatCannotBeIsTold) {
   EXPECT_EQ(save(), 27.5);
   EXPECT_FALSE(says(@"This is no time such as 2030-03-18 09:00."));
   EXPECT_EQ((event("a").end()->seconds - kNine) / kHour, 30);
+}
+
+TEST_F(Desk, WhoIsInvitedAndBySomebodyElseStandsInTheFile) {
+  const std::string answered = "ATTENDEE;CN=\"Lee, Jo\";PARTSTAT=ACCEPTED:mailto:jo@vorn.example\r\n";
+  load(eventText("a", kPlain + answered + "ATTENDEE:mailto:gone@vorn.example\r\n"));
+  ERCalendarEventEditorWindowController* controller = openEditor("a");
+  NSWindow* window = [controller window];
+  vnEditorForm* form = [vnEditorForm formOf:[controller editorViewController]];
+  EXPECT_EQ(plainText([[form peopleField] stringValue]), "\"Lee, Jo\" <jo@vorn.example>, gone@vorn.example");
+  ASSERT_TRUE(typeOver([form peopleField], @"jo@vorn.example; Kim <kim@vorn.example>, nobody"));
+  [shownButton([window contentView], @"Save") performClick:nil];
+  EXPECT_NE(fieldWith([window contentView], @"“nobody” is no address such as kim@vorn.example."), nil);
+  EXPECT_EQ(event("a").attendees().size(), 2u) << "it cannot be saved as it stands";
+  ASSERT_TRUE(typeOver([form peopleField], @"jo@vorn.example, Kim <kim@vorn.example>"));
+  NSPopUpButton* from = [form fromPopUp];
+  [from selectItemAtIndex:[from numberOfItems] - 1];
+  [NSApp sendAction:[from action] to:[from target] from:from];
+  NSString* sender = [from titleOfSelectedItem];
+  [shownButton([window contentView], @"Save") performClick:nil];
+  session().waitUntil([&] { return ![[controller editorViewController] isDirty]; }, 5);
+  const std::string text = event("a").calendarText();
+  EXPECT_THAT(text, HasSubstr(answered)) << "what was answered stays";
+  EXPECT_THAT(text, HasSubstr("ATTENDEE;CN=\"Kim\";RSVP=TRUE:mailto:kim@vorn.example\r\n"));
+  EXPECT_THAT(text, Not(HasSubstr("gone@")));
+  EXPECT_THAT(text, HasSubstr("ORGANIZER:mailto:" + plainText(sender) + "\r\n"));
+  ASSERT_TRUE(typeOver([form peopleField], @""));
+  EXPECT_FALSE([shownButton([window contentView], @"Send") isEnabled]) << "nobody is left to hear of it";
 }
 
 TEST_F(Desk, ManyWholeDaysAreCountedAndShownByAClick) {

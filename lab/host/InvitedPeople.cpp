@@ -1,0 +1,86 @@
+#include "lab/host/InvitedPeople.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace vornlab {
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+// One who was invited without an address, as a file may have it, is known by that text, too.
+bool isAddress(std::string_view text) {
+  const std::size_t at = text.find('@');
+  return at != 0 && at != std::string_view::npos && at + 1 < text.size() &&
+         text.find('@', at + 1) == std::string_view::npos && std::none_of(text.begin(), text.end(), [](char c) {
+           return static_cast<unsigned char>(c) <= ' ' ||
+                  std::string_view("<>\",;:()[]").find(c) != std::string_view::npos;
+         });
+}
+
+// The pieces between commas, semicolons and line breaks that stand in no quotation marks.
+std::vector<std::string_view> piecesOf(std::string_view text) {
+  std::vector<std::string_view> pieces;
+  std::size_t begin = 0;
+  bool isQuoted = false;
+  for (std::size_t at = 0; at <= text.size(); ++at) {
+    const char c = at < text.size() ? text[at] : '\n';
+    if (c == '"') isQuoted = !isQuoted;
+    const bool isBetween = c == '\n' || c == '\r' || (!isQuoted && (c == ',' || c == ';'));
+    if (!isBetween) continue;
+    if (const std::string_view piece = trimmed(text.substr(begin, at - begin)); !piece.empty())
+      pieces.push_back(piece);
+    begin = at + 1;
+    if (c == '\n') isQuoted = false;
+  }
+  return pieces;
+}
+
+}  // namespace
+
+InvitedPeople readPeople(std::string_view text, const std::vector<CalendarAttendee>& known) {
+  std::map<std::string, CalendarAttendee, std::less<>> byAddress;
+  for (const CalendarAttendee& person : known) byAddress.emplace(person.emailAddress, person);
+  InvitedPeople read;
+  std::set<std::string> taken;
+  for (const std::string_view piece : piecesOf(text)) {
+    const std::size_t open = piece.back() == '>' ? piece.rfind('<') : std::string_view::npos;
+    const bool isNamed = open != std::string_view::npos;
+    const std::string address(trimmed(isNamed ? piece.substr(open + 1, piece.size() - open - 2) : piece));
+    std::string name(isNamed ? trimmed(piece.substr(0, open)) : std::string_view());
+    std::erase(name, '"');
+    const auto before = byAddress.find(address);
+    if (before == byAddress.end() && !isAddress(address)) {
+      read.unread.emplace_back(piece);
+      continue;
+    }
+    if (!taken.insert(address).second) continue;
+    CalendarAttendee person = before != byAddress.end() ? before->second : CalendarAttendee{address, address, 0};
+    if (!name.empty()) person.name = name;
+    read.people.push_back(std::move(person));
+  }
+  return read;
+}
+
+std::string writtenPeople(const std::vector<CalendarAttendee>& people) {
+  std::string text;
+  for (const CalendarAttendee& person : people) {
+    if (!text.empty()) text += ", ";
+    if (person.name.empty() || person.name == person.emailAddress) {
+      text += person.emailAddress;
+      continue;
+    }
+    std::string name = person.name;
+    std::replace(name.begin(), name.end(), '"', '\'');
+    const bool isQuoted = name.find_first_of(",;<>\r\n") != std::string::npos;
+    text += (isQuoted ? '"' + name + '"' : name) + " <" + person.emailAddress + ">";
+  }
+  return text;
+}
+
+}  // namespace vornlab
