@@ -50,7 +50,8 @@ class EditorState {
   AppointmentChanges changes() const;
   void saved();
 
-  // What was typed, as the host's dictionary of uncommitted changes has it: without the organizer. A subject that was emptied is null.
+  // What was typed, as the host's dictionary of uncommitted changes has it: without the organizer. A subject that
+  // was emptied is null.
   using Uncommitted = std::variant<std::nullptr_t, std::string, CalendarTime, std::vector<CalendarAttendee>>;
   std::vector<std::pair<std::string, Uncommitted>> uncommitted() const;
   // The names of these as one text; and whether such a text names any that the attendees should hear of.
