@@ -1,7 +1,8 @@
 #pragma once
 
 // Who has a say in an option of a meeting. The rules of the record and those of the panel ask it who offers, gives
-// and locks an option; the panel's reasons and the diagnosis tell it.
+// and locks an option; the panel's reasons and the diagnosis tell it. What only the panel asks stands with its
+// rules.
 
 #include <array>
 #include <string_view>

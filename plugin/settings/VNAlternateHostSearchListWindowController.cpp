@@ -25,6 +25,8 @@ void VNAlternateHostSearchListWindowController::setData(Users users) {
 }
 
 void VNAlternateHostSearchListWindowController::addDataWithArray(const Users& users) {
+  // A list that was closed has forgotten its rows.
+  if (isEmpty()) m_dataArray.clear();
   m_dataArray.insert(m_dataArray.end(), users.begin(), users.end());
   addRows(rowsOf(users));
 }

@@ -170,14 +170,17 @@ struct FreeParser {
 
 struct Reading {
   htmlParserCtxt* parser;
+  HtmlTextSource& source;
   TextBuilder builder;
   // Ends the reading with the first that a reader sees.
   bool isDoneOnceSeen = false;
   bool isSeen = false;
 
+  // The parser goes on with what it has in its buffer: stopped in the middle of a long run of characters it would
+  // read behind its own end.
   void see() {
     isSeen = true;
-    if (isDoneOnceSeen) xmlStopParser(parser);
+    if (isDoneOnceSeen) source.end();
   }
 };
 
@@ -209,8 +212,7 @@ int readSource(void* source, char* buffer, int size) {
   return static_cast<int>(static_cast<HtmlTextSource*>(source)->read(buffer, static_cast<std::size_t>(size)));
 }
 
-void readHtml(std::string_view html, NoBreakSpaceEntity entity, Reading& reading) {
-  HtmlTextSource source(html, entity);
+void readHtml(Reading& reading) {
   htmlSAXHandler handler{};
   handler.startElement = onStartElement;
   handler.endElement = onEndElement;
@@ -220,7 +222,7 @@ void readHtml(std::string_view html, NoBreakSpaceEntity entity, Reading& reading
   reading.parser->userData = &reading;
   constexpr int options = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET |
                           HTML_PARSE_NODEFDTD | HTML_PARSE_IGNORE_ENC | XML_PARSE_HUGE;
-  htmlCtxtReadIO(reading.parser, readSource, nullptr, &source, nullptr, "UTF-8", options);
+  htmlCtxtReadIO(reading.parser, readSource, nullptr, &reading.source, nullptr, "UTF-8", options);
 }
 
 }  // namespace
@@ -228,16 +230,18 @@ void readHtml(std::string_view html, NoBreakSpaceEntity entity, Reading& reading
 std::string htmlToPlainText(std::string_view html, NoBreakSpaceEntity entity) {
   const std::unique_ptr<htmlParserCtxt, FreeParser> parser(htmlNewParserCtxt());
   if (!parser) return "";
-  Reading reading{.parser = parser.get(), .builder = TextBuilder(html.size())};
-  readHtml(html, entity, reading);
+  HtmlTextSource source(html, entity);
+  Reading reading{.parser = parser.get(), .source = source, .builder = TextBuilder(html.size())};
+  readHtml(reading);
   return reading.builder.take();
 }
 
 bool htmlShowsNothing(std::string_view html) {
   const std::unique_ptr<htmlParserCtxt, FreeParser> parser(htmlNewParserCtxt());
   if (!parser) return true;
-  Reading reading{.parser = parser.get(), .builder = TextBuilder(0), .isDoneOnceSeen = true};
-  readHtml(html, NoBreakSpaceEntity::isBlank, reading);
+  HtmlTextSource source(html, NoBreakSpaceEntity::isBlank);
+  Reading reading{.parser = parser.get(), .source = source, .builder = TextBuilder(0), .isDoneOnceSeen = true};
+  readHtml(reading);
   return !reading.isSeen;
 }
 

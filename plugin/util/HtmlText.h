@@ -20,8 +20,8 @@ enum class NoBreakSpaceEntity { isBlank, leftOut };
 std::string htmlToPlainText(std::string_view html, NoBreakSpaceEntity entity = NoBreakSpaceEntity::isBlank);
 
 // True when a reader of the HTML sees nothing: no text but white space and line ends, and no picture or anything
-// else that is shown in its own place. A body with a picture alone is somebody's work. Costs are those of the part
-// before the first thing that is seen.
+// else that is shown in its own place. A body with a picture alone is somebody's work. The parser reads
+// little beyond the first thing that is seen.
 bool htmlShowsNothing(std::string_view html);
 
 }  // namespace vorn

@@ -19,6 +19,8 @@ class HtmlTextSource {
 
   // Fills the buffer and answers with how many bytes; 0 at the end.
   std::size_t read(char* buffer, std::size_t size);
+  // Nothing more is wanted: whoever reads on is at the end.
+  void end() { m_html = m_piece = m_tagEnd = {}; }
 
  private:
   std::string_view next();
