@@ -1,5 +1,6 @@
 #include "lab/host/Appointment.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
@@ -146,7 +147,9 @@ OptionalText Appointment::calendarText() const { return unlessEmpty(ofStored(&Ca
 
 bool Appointment::isOwnedIn(const HostState& host) const {
   const auto event = stored();
-  return !event || !event->isOfSomebodyElse(host.options.userAddress);
+  const auto isOf = [&](const std::string& address) { return !event->isOfSomebodyElse(address); };
+  const std::vector<std::string>& others = host.options.otherAccounts;
+  return !event || isOf(host.options.userAddress) || std::any_of(others.begin(), others.end(), isOf);
 }
 
 std::optional<Appointment> Appointment::series() const { return inSameCalendar(ofStored(&CalendarEvent::series)); }

@@ -7,8 +7,8 @@ namespace vornlab {
 
 // How a stand-in host is set up, whatever its classes are made of.
 struct HostOptions {
-  // The address of the person whose calendar this is. When it is set, an appointment with another ORGANIZER is
-  // somebody else's; when it is not, every appointment is one's own.
+  // The address of the person whose calendar this is. When it is set, an appointment with an ORGANIZER who has
+  // neither it nor one of the other accounts is somebody else's; when it is not, every appointment is one's own.
   std::string userAddress;
   std::string userName = "Calendar Owner";
   // The addresses of further accounts, of which an editor lets its user choose one.

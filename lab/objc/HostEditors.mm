@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "util/Text.h"
+
 using vornlab::EditorState;
 using vornlab::foundationText;
 using vornlab::plainText;
@@ -128,7 +130,9 @@ id objectFor(const std::vector<vornlab::CalendarAttendee>& people) { return vorn
 - (ECEmailAccount*)currentEmailAccount {
   NSString* address = m_state->typed.organizer ? foundationText(m_state->typed.organizer) : [m_event organizer];
   const std::vector<std::string>& others = vornlab::hostState().options.otherAccounts;
-  const bool isOther = std::find(others.begin(), others.end(), plainText(address)) != others.end();
+  const std::string text = plainText(address);
+  const bool isOther = std::any_of(others.begin(), others.end(),
+                                   [&](const std::string& each) { return vorn::equalIgnoringCase(each, text); });
   return isOther ? [ECEmailAccount accountOf:address] : [ECEmailAccount account];
 }
 - (NSArray*)attendeeList {

@@ -44,6 +44,19 @@ TEST_F(AppointmentTest, ReadsWhatWasChangedAndOtherwiseWhatIsStoredUntilARecordI
   EXPECT_EQ(host.storedCount, 1);
 }
 
+TEST_F(AppointmentTest, IsOnesOwnByEachOfOnesAddresses) {
+  const Appointment shown = named("one");
+  AppointmentChanges called;
+  called.attendees = {{"Jo", "jo@b.example", 0}};
+  called.organizer = "Kim@a.example";
+  ASSERT_TRUE(shown.withChanges(called).write(host));
+  EXPECT_TRUE(shown.isOwnedIn(host)) << "nobody is known";
+  host.options.userAddress = "owner@a.example";
+  EXPECT_FALSE(shown.isOwnedIn(host));
+  host.options.otherAccounts = {"room@a.example", "kim@A.example"};
+  EXPECT_TRUE(shown.isOwnedIn(host));
+}
+
 TEST_F(AppointmentTest, ANewOneEntersTheCalendarOnceAndOnlyWhenItIsStored) {
   host.pointedAt = 1904990400;
   Appointment made = Appointment::newOne(host);
