@@ -60,6 +60,8 @@ class DesktopSession final : public ObjcSession, public ClientDesk {
   void turn() override;
 
  private:
+  // Whoever is signed in at the client has an account at the host, too.
+  void takeSignedInAccount(const LabOptions& options);
   // False when the person wants to go on, or something could not be saved.
   bool askAboutEditors();
   // The plug-in looks for a client that was away only when the host's main window has been closed and opened.

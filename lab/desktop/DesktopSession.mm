@@ -14,6 +14,7 @@
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/LabStart.h"
+#include "util/Text.h"
 
 // The toolkit takes a program's words for files to open, which is this program's own business.
 @interface vnLaunching : NSObject
@@ -99,9 +100,7 @@ DesktopSession::DesktopSession(const LabOptions& options, CalendarStore& calenda
                                std::unique_ptr<HostScreen> watched)
     : ObjcSession(withFaults(options), calendar, hostOptions), m_screen(std::move(watched)) {
   const Pool pool;
-  // Whoever is signed in at the client has an account at the host, too.
-  const std::string signedIn = signedInAccount(options).email;
-  if (signedIn != hostOptions.userAddress) hostState().options.otherAccounts = {signedIn};
+  takeSignedInAccount(options);
   m_watch = [[vnMainWindowWatch alloc] init];
   [mainWindow() setDelegate:static_cast<id>(m_watch)];
   m_clientWindow = [[vnClientWindow alloc] initWithDesk:*this];
@@ -177,9 +176,16 @@ bool DesktopSession::askAboutEditors() {
 void DesktopSession::signIn(const std::filesystem::path& account) {
   LabOptions next = clientOptions();
   next.account = account;
-  signedInAccount(next);
+  takeSignedInAccount(next);
   clientOptions().account = account;
   startClientAgain();
+}
+
+void DesktopSession::takeSignedInAccount(const LabOptions& options) {
+  const std::string signedIn = signedInAccount(options).email;
+  HostOptions& host = hostState().options;
+  host.otherAccounts.clear();
+  if (!signedIn.empty() && !vorn::equalIgnoringCase(signedIn, host.userAddress)) host.otherAccounts = {signedIn};
 }
 
 void DesktopSession::showVersion(const std::string& version) {

@@ -7,6 +7,7 @@
 #include "lab/desktop/WeekPlan.h"
 #include "lab/host/InvitedPeople.h"
 #include "util/HtmlText.h"
+#include "util/Text.h"
 
 namespace {
 
@@ -55,7 +56,8 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
   all.push_back(event->m_appointment.organizer().value_or(""));
   std::vector<std::string> result;
   for (const std::string& each : all) {
-    if (!each.empty() && std::find(result.begin(), result.end(), each) == result.end()) result.push_back(each);
+    const auto isEach = [&](const std::string& other) { return vorn::equalIgnoringCase(each, other); };
+    if (!each.empty() && std::none_of(result.begin(), result.end(), isEach)) result.push_back(each);
   }
   return result;
 }
@@ -205,11 +207,13 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
   [m_peopleTrouble setStringValue:@""];
   [self showSend];
   [m_from removeAllItems];
-  for (const std::string& sender : sendersOf(m_event)) [m_from addItemWithTitle:vornlab::foundationText(sender)];
+  const auto organizer = m_event->m_appointment.organizer();
+  for (const std::string& sender : sendersOf(m_event)) {
+    [m_from addItemWithTitle:vornlab::foundationText(sender)];
+    if (organizer && vorn::equalIgnoringCase(sender, *organizer)) [m_from selectItem:[m_from lastItem]];
+  }
   // A host that knows nobody sends from its owner, who has no address then.
   if ([m_from numberOfItems] == 0) [m_from addItemWithTitle:@"Calendar Owner"];
-  if (const auto organizer = m_event->m_appointment.organizer())
-    [m_from selectItemWithTitle:vornlab::foundationText(*organizer)];
   [m_from setEnabled:[m_from numberOfItems] > 1];
 }
 // Who is invited gets it sent.
@@ -263,6 +267,10 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
   const vornlab::InvitedPeople read =
       vornlab::readPeople(vornlab::plainText([m_people stringValue]), m_event->m_appointment.attendees());
   [self typed].attendees = read.people;
+  // They hear from whoever is shown, also where there was nothing to choose.
+  const bool hasSender = [self typed].organizer || m_event->m_appointment.organizer();
+  if (!hasSender && !sendersOf(m_event).empty())
+    [self typed].organizer = vornlab::plainText([m_from titleOfSelectedItem]);
   [[self editor] setIsDirty:YES];
   [self showSend];
 }

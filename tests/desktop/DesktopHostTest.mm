@@ -350,8 +350,7 @@ TEST_F(Desk, WhoIsInvitedAndBySomebodyElseStandsInTheFile) {
   EXPECT_EQ(event("a").attendees().size(), 2u) << "it cannot be saved as it stands";
   ASSERT_TRUE(typeOver([form peopleField], @"jo@vorn.example, Kim <kim@vorn.example>"));
   NSPopUpButton* from = [form fromPopUp];
-  [from selectItemAtIndex:[from numberOfItems] - 1];
-  [NSApp sendAction:[from action] to:[from target] from:from];
+  EXPECT_FALSE([from isEnabled]) << "one account, and nothing to choose";
   NSString* sender = [from titleOfSelectedItem];
   [shownButton([window contentView], @"Save") performClick:nil];
   session().waitUntil([&] { return ![[controller editorViewController] isDirty]; }, 5);
@@ -477,8 +476,12 @@ TEST_F(DeskAndClient, AnotherAccountIsThatOfTheNextPanel) {
     return [waitingRoom isEnabled];
   };
   EXPECT_TRUE(canChangeWaitingRoom());
-  session().signIn(std::filesystem::path(VORNLAB_ACCOUNTS) / "everything-locked.json");
+  const std::filesystem::path file = std::filesystem::path(VORNLAB_ACCOUNTS) / "everything-locked.json";
+  session().signIn(file);
   EXPECT_FALSE(canChangeWaitingRoom());
+  const std::string email = Account::fromFile(file.string()).email;
+  EXPECT_NE(email, Account::plain().email);
+  EXPECT_THAT(hostState().options.otherAccounts, ElementsAre(email));
   EXPECT_THROW(session().signIn("/nowhere.json"), std::exception);
   EXPECT_EQ(session().account().stem(), "everything-locked");
   EXPECT_THROW(session().misbehave("reply 1: juggle"), std::exception);
