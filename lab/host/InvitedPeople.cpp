@@ -41,6 +41,12 @@ std::vector<std::string_view> piecesOf(std::string_view text) {
   return pieces;
 }
 
+// A quotation mark in a name cannot be typed between two of them.
+std::string shownName(std::string name) {
+  std::replace(name.begin(), name.end(), '"', '\'');
+  return name;
+}
+
 }  // namespace
 
 InvitedPeople readPeople(std::string_view text, const std::vector<CalendarAttendee>& known) {
@@ -61,7 +67,8 @@ InvitedPeople readPeople(std::string_view text, const std::vector<CalendarAttend
     }
     if (!taken.insert(address).second) continue;
     CalendarAttendee person = before != byAddress.end() ? before->second : CalendarAttendee{address, address, 0};
-    if (!name.empty()) person.name = name;
+    // A name that stands as it was shown is the one that was there.
+    if (!name.empty() && name != trimmed(shownName(person.name))) person.name = name;
     read.people.push_back(std::move(person));
   }
   return read;
@@ -75,8 +82,7 @@ std::string writtenPeople(const std::vector<CalendarAttendee>& people) {
       text += person.emailAddress;
       continue;
     }
-    std::string name = person.name;
-    std::replace(name.begin(), name.end(), '"', '\'');
+    const std::string name = shownName(person.name);
     const bool isQuoted = name.find_first_of(",;<>\r\n") != std::string::npos;
     text += (isQuoted ? '"' + name + '"' : name) + " <" + person.emailAddress + ">";
   }

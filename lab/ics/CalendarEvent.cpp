@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <map>
 #include <set>
 
 #include "lab/ics/CalendarStore.h"
@@ -54,6 +55,26 @@ CalendarAttendee attendeeFrom(const IcsProperty& property) {
     result.type = 1;
   }
   return result;
+}
+
+// What can stand in a parameter, which has no way to write a quotation mark; "" for nobody but the address.
+std::string writableName(const CalendarAttendee& person) {
+  std::string name = person.name;
+  std::erase_if(name, [](char c) { return c == '"' || static_cast<unsigned char>(c) < ' '; });
+  return name == person.emailAddress ? std::string() : name;
+}
+
+void setName(IcsProperty& property, const std::string& name) {
+  const auto isName = [](const auto& parameter) { return parameter.first == "CN"; };
+  auto& parameters = property.parameters;
+  const auto place = std::find_if(parameters.begin(), parameters.end(), isName);
+  if (name.empty()) {
+    std::erase_if(parameters, isName);
+  } else if (place == parameters.end()) {
+    parameters.emplace_back("CN", '"' + name + '"');
+  } else {
+    place->second = '"' + name + '"';
+  }
 }
 
 std::string partOfRule(const std::string& rule, std::string_view name) {
@@ -291,29 +312,25 @@ void CalendarEvent::setDescription(std::string_view plainText, const vorn::Optio
 }
 
 void CalendarEvent::setAttendees(const std::vector<CalendarAttendee>& people) {
-  const auto addressOf = [](const IcsProperty& property) { return attendeeFrom(property).emailAddress; };
   IcsDocument& document = m_store->m_document;
-  std::set<std::string> wanted;
-  for (const CalendarAttendee& person : people) wanted.insert(person.emailAddress);
+  std::map<std::string, std::string> nameOf;
+  for (const CalendarAttendee& person : people) nameOf.emplace(person.emailAddress, writableName(person));
   std::set<std::string> kept;
-  for (const IcsProperty& property : document.properties(component(), "ATTENDEE")) {
-    const std::string address = addressOf(property);
-    if (wanted.contains(address)) {
-      kept.insert(address);
-    } else {
-      document.removeProperty(component(), "ATTENDEE",
-                              [&](const IcsProperty& each) { return addressOf(each) == address; });
-    }
-  }
-  for (const CalendarAttendee& person : people) {
-    if (!kept.insert(person.emailAddress).second) continue;
-    IcsProperty added{"ATTENDEE", {}, "mailto:" + person.emailAddress};
-    // A parameter has no way to write a quotation mark.
-    std::string name = person.name;
-    std::erase_if(name, [](char c) { return c == '"' || static_cast<unsigned char>(c) < ' '; });
-    if (!name.empty() && name != person.emailAddress) added.parameters.emplace_back("CN", '"' + name + '"');
+  document.changeProperties(component(), "ATTENDEE", [&](IcsProperty& property) {
+    const CalendarAttendee present = attendeeFrom(property);
+    const auto wanted = nameOf.find(present.emailAddress);
+    if (wanted == nameOf.end()) return false;
+    // Whoever stands in the file twice keeps the second line as it is.
+    if (kept.insert(present.emailAddress).second && wanted->second != writableName(present))
+      setName(property, wanted->second);
+    return true;
+  });
+  for (const auto& [name, emailAddress, type] : people) {
+    if (!kept.insert(emailAddress).second) continue;
+    IcsProperty added{"ATTENDEE", {}, "mailto:" + emailAddress};
+    setName(added, nameOf[emailAddress]);
     added.parameters.emplace_back("RSVP", "TRUE");
-    document.setProperty(component(), added, [](const IcsProperty&) { return false; });
+    document.addProperty(component(), added);
   }
 }
 

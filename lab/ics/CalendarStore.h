@@ -103,8 +103,9 @@ class CalendarEvent {
   void setLocation(std::string_view text);
   // The plain text goes into DESCRIPTION, the HTML into X-ALT-DESC; an absent HTML takes X-ALT-DESC out.
   void setDescription(std::string_view plainText, const vorn::OptionalText& html);
-  // Whom it invites. The lines of those who stay are kept as they are, with whatever they have answered. Who calls
-  // the meeting is set by the address; "" leaves that as it is.
+  // Whom it invites, in time linear in their number and the event's lines. The lines of those who stay are kept,
+  // with whatever they have answered, and only a name that is another now is changed in them. Who calls the
+  // meeting is set by the address; "" leaves that as it is.
   void setAttendees(const std::vector<CalendarAttendee>& people);
   void setOrganizer(std::string_view address);
   // An empty text takes the record out.

@@ -371,6 +371,41 @@ void IcsDocument::removeProperty(std::size_t component, std::string_view name, c
   if (added->second.empty()) m_added.erase(added);
 }
 
+void IcsDocument::changeProperties(std::size_t component, std::string_view name, const Keep& keep) {
+  for (const std::size_t line : m_components[component].lines) {
+    if (m_lines[line].name != name) continue;
+    const auto changed = m_replaced.find(line);
+    if (changed != m_replaced.end() && !changed->second) continue;
+    IcsProperty property = propertyAt(line);
+    const std::string before = contentOf(property);
+    if (!keep(property)) {
+      m_replaced[line] = std::nullopt;
+    } else if (std::string content = contentOf(property); content != before && fits(content, line)) {
+      m_replaced[line] = std::move(content);
+    }
+  }
+  const auto added = m_added.find(lineForAdded(component));
+  if (added == m_added.end()) return;
+  std::vector<std::string> kept;
+  for (std::string& present : added->second) {
+    IcsProperty property = parsedProperty(present);
+    if (property.name == name) {
+      if (!keep(property)) continue;
+      std::string content = contentOf(property);
+      if (fits(content, m_components[component].beginLine)) present = std::move(content);
+    }
+    kept.push_back(std::move(present));
+  }
+  added->second = std::move(kept);
+  if (added->second.empty()) m_added.erase(added);
+}
+
+void IcsDocument::addProperty(std::size_t component, const IcsProperty& property) {
+  std::string content = contentOf(property);
+  if (fits(content, m_components[component].beginLine))
+    m_added[lineForAdded(component)].push_back(std::move(content));
+}
+
 void IcsDocument::removeComponent(std::size_t component) {
   m_removed[m_components[component].beginLine] = m_components[component].endLine;
 }

@@ -84,6 +84,12 @@ class IcsDocument {
   // that the text's encoding has no bytes for; takeMisfit() tells that.
   void setProperty(std::size_t component, const IcsProperty& property, const Choice& choice = {});
   void removeProperty(std::size_t component, std::string_view name, const Choice& choice = {});
+  // Goes once over all properties of that name, in their order: each stays as `keep` leaves it, or is taken out
+  // when that answers false.
+  using Keep = std::function<bool(IcsProperty&)>;
+  void changeProperties(std::size_t component, std::string_view name, const Keep& keep);
+  // Adds one more, whether or not there are others of that name, in constant time.
+  void addProperty(std::size_t component, const IcsProperty& property);
   void removeComponent(std::size_t component);
   // Adds a component below the parent, which is given as its lines without line endings, unfolded, from BEGIN to
   // END. It becomes part of the text at once and gets the highest index when the parent is the last VCALENDAR. A

@@ -29,7 +29,9 @@ TEST(InvitedPeople, AreReadAsPeopleTypeAndPasteThem) {
     EXPECT_EQ(writtenPeople(readPeople(writtenPeople(read.people), read.people).people), row.written)
         << "what was written reads as it is";
   }
-  EXPECT_EQ(readPeople("one@b.example", known).people.front().type, 2);
+  EXPECT_EQ(readPeople(writtenPeople(known), known).people, known) << "who was only shown has no other name now";
+  EXPECT_EQ(readPeople("East <one@b.example>", known).people.front(),
+            (CalendarAttendee{"East", "one@b.example", 2}));
 }
 
 }  // namespace

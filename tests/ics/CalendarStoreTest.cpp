@@ -259,6 +259,31 @@ TEST(CalendarEvent, KeepsARecordThroughTheFileAndTakesItOutWithoutATrace) {
   EXPECT_EQ(again.text(), before);
 }
 
+TEST(CalendarEvent, WhoStaysInvitedKeepsTheLineButForAnotherName) {
+  const std::string answered = ";PARTSTAT=ACCEPTED:mailto:jo@b.example\r\n";
+  const std::string twice = "ATTENDEE;CN=Jo L:mailto:jo@b.example\r\n";
+  const auto with = [&](const std::string& name) { return event("ATTENDEE" + name + answered + twice); };
+  struct Row {
+    const char* before;
+    const char* wanted;
+    const char* after;
+  };
+  const Row rows[] = {{";CN=Jo", "Jo", ";CN=Jo"},
+                      {";CN=\"Lee, Jo\";ROLE=CHAIR", "Kim \"K\"\n", ";CN=\"Kim K\";ROLE=CHAIR"},
+                      {";CN=Jo \"L\"", "Jo \"L\"", ";CN=Jo \"L\""},
+                      {";CN=Jo;RSVP=TRUE", "jo@b.example", ";RSVP=TRUE"}};
+  for (const auto& [before, wanted, after] : rows) {
+    Loaded store(with(before));
+    store.eventAt(0).setAttendees({{wanted, "jo@b.example", 0}});
+    EXPECT_EQ(store.text(), with(after)) << before;
+  }
+  Loaded store(event("ATTENDEE:mailto:jo@b.example\r\n"));
+  for (const char* name : {"Ann", "Bo"}) store.eventAt(0).setAttendees({{name, "a@b.example", 0}});
+  EXPECT_EQ(store.text(), event("ATTENDEE;CN=\"Bo\";RSVP=TRUE:mailto:a@b.example\r\n"));
+  store.eventAt(0).setAttendees({});
+  EXPECT_EQ(store.text(), event(""));
+}
+
 TEST(CalendarEvent, TheTextOfOneEventIsACalendarWithItsZonesOnly) {
   Loaded store("demo.ics");
   Loaded one(store.find("dentist@calendar.example")->calendarText());
