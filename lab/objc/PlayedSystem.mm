@@ -165,7 +165,11 @@ namespace {
 IMP ownCenter = nullptr;
 IMP ownVersion = nullptr;
 
-id playedCenter(id center, SEL selector) { return busCenter()->m_bus ? busCenter() : ownCenter(center, selector); }
+// Also when the bus is gone: the plug-in takes its observers away at the end of the process, and Foundation's own
+// center would start a server for that.
+bool hasJoinedBus = false;
+
+id playedCenter(id center, SEL selector) { return hasJoinedBus ? busCenter() : ownCenter(center, selector); }
 
 id playedVersionText(id process, SEL selector) {
   return playedVersion ? playedVersion : ownVersion(process, selector);
@@ -194,7 +198,7 @@ namespace vornlab {
 PlayedSystem::PlayedSystem(const std::string& version) {
   const Pool pool;
   takeFoundationsPlace();
-  playedVersion = [foundationText(version) retain];
+  playedVersion = [foundationText("played " + version) retain];
   static vnBusWatcher* watcher = [[vnBusWatcher alloc] init];
   NSString* const modes[] = {NSDefaultRunLoopMode, @"NSModalPanelRunLoopMode", @"NSEventTrackingRunLoopMode"};
   for (NSString* mode : modes)
@@ -202,6 +206,7 @@ PlayedSystem::PlayedSystem(const std::string& version) {
   m_bus = vorn::EmbeddedDistributedNotifications::connect(
       [](vorn::RunLoop::Task task) { arrivals().add(std::move(task)); });
   busCenter()->m_bus = m_bus.get();
+  hasJoinedBus = hasJoinedBus || m_bus;
 }
 
 PlayedSystem::~PlayedSystem() {

@@ -42,12 +42,11 @@ std::string AppleSurroundings::resourcePath(std::string_view name, std::string_v
 Surroundings::Version AppleSurroundings::systemVersion() {
 #ifdef GNUSTEP
   // GNUstep's own answer is the kernel's version, which says nothing here; it offers what this system does. A host
-  // that plays another system puts that one's version in its place.
-  constexpr int kFirstOfAll = 10;
+  // that plays another system puts that one's version in its place, behind a word that no kernel has.
   Version told;
   const char* text = [[[NSProcessInfo processInfo] operatingSystemVersionString] UTF8String];
-  const bool isRead = text && std::sscanf(text, "%d.%d.%d", &told.major, &told.minor, &told.patch) >= 2;
-  return isRead && told.major >= kFirstOfAll ? told : Version{10, 15, 0};
+  const bool isRead = text && std::sscanf(text, "played %d.%d.%d", &told.major, &told.minor, &told.patch) >= 2;
+  return isRead ? told : Version{10, 15, 0};
 #else
   const NSOperatingSystemVersion version = [[NSProcessInfo processInfo] operatingSystemVersion];
   return {static_cast<int>(version.majorVersion), static_cast<int>(version.minorVersion),
