@@ -276,9 +276,11 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
 }
 - (void)endPeople {
   const auto& typed = [self typed].attendees;
-  if (!typed) return;
+  const auto known = typed ? *typed : m_event->m_appointment.attendees();
   const std::string text = vornlab::plainText([m_people stringValue]);
-  const vornlab::InvitedPeople read = vornlab::readPeople(text, *typed);
+  // Nothing was typed, or a save has ended meanwhile and stored all of it.
+  if (!typed && text == vornlab::writtenPeople(known)) return;
+  const vornlab::InvitedPeople read = vornlab::readPeople(text, known);
   if (read.unread.empty()) {
     [m_people setStringValue:vornlab::foundationText(vornlab::writtenPeople(read.people))];
     return;
