@@ -359,6 +359,11 @@ TEST_F(Desk, WhoIsInvitedAndBySomebodyElseStandsInTheFile) {
   EXPECT_THAT(text, HasSubstr("ATTENDEE;CN=\"Kim\";RSVP=TRUE:mailto:kim@vorn.example\r\n"));
   EXPECT_THAT(text, Not(HasSubstr("gone@")));
   EXPECT_THAT(text, HasSubstr("ORGANIZER:mailto:" + plainText(sender) + "\r\n"));
+  ASSERT_TRUE(typeOver([form peopleField], @"nobody"));
+  [controller editorViewController]->m_state -> saved();
+  [shownButton([window contentView], @"Save") performClick:nil];
+  EXPECT_NE(fieldWith([window contentView], @"“nobody” is no address such as kim@vorn.example."), nil)
+      << "a save that waited has ended meanwhile";
   ASSERT_TRUE(typeOver([form peopleField], @""));
   EXPECT_FALSE([shownButton([window contentView], @"Send") isEnabled]) << "nobody is left to hear of it";
 }
