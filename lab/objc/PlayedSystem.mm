@@ -158,13 +158,8 @@ vnBusCenter* busCenter() {
   return center;
 }
 
-}  // namespace
-
-namespace {
-
 IMP ownCenter = nullptr;
 IMP ownVersion = nullptr;
-
 // Also when the bus is gone: the plug-in takes its observers away at the end of the process, and Foundation's own
 // center would start a server for that.
 bool hasJoinedBus = false;

@@ -15,9 +15,9 @@ using vorn::Value;
 constexpr double kPollSeconds = 0.1;
 // What one who comes later is told of the past.
 constexpr std::size_t kStepsKept = 40;
+constexpr std::size_t kNoticesKept = 5;
 // Of an envelope whose content is longer, only what is told of it is kept, covered at once.
 constexpr std::size_t kLargestKept = std::size_t{64} * 1024;
-constexpr std::size_t kNoticesKept = 5;
 // Replies that never come leave their requests behind.
 constexpr std::size_t kMostPending = 50;
 

@@ -7,6 +7,7 @@
 
 #include "lab/client/CoveredJson.h"
 #include "lab/client/InvitationWords.h"
+#include "secrets/CoveredLater.h"
 #include "tests/support/Texts.h"
 #include "util/CoveredValue.h"
 
@@ -24,6 +25,20 @@ void expectCovered(const Cases& cases) {
     EXPECT_EQ(SecretMask::covered(text), shown) << text;
     EXPECT_EQ(SecretMask::covered(shown), shown) << text;
   }
+}
+
+// A head is seen by anybody: a number that may be a passcode is none.
+TEST(CoveredLater, ShowsNothingUncoveredButItsHead) {
+  const Cases heads{{R"(1;{"password":"s3cret"})", "1;"},
+                    {"0;Error 3000", "0;"},
+                    {"200;", "200;"},
+                    {"8472;1", ""},
+                    {";1", ""},
+                    {"847291", ""},
+                    {"s3;x", ""},
+                    {"", ""}};
+  for (const auto& [text, head] : heads) EXPECT_EQ(CoveredLater(text).head(), head) << text;
+  EXPECT_EQ(CoveredLater(R"({"password":"s3cret"})").covered(), R"({"password":"******"})");
 }
 
 TEST(SecretMask, CoversValuesOfSecretKeysAndLeavesWhatTellsOfThem) {
