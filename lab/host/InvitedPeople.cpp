@@ -4,14 +4,13 @@
 #include <map>
 #include <set>
 
+#include "util/CharacterSets.h"
+
 namespace vornlab {
 namespace {
 
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
+// As it is pasted from anywhere, with blanks of every kind around it.
+std::string_view bare(std::string_view text) { return vorn::trimmed(text, vorn::isWhitespaceOrNewline); }
 
 // One who was invited without an address, as a file may have it, is known by that text, too.
 bool isAddress(std::string_view text) {
@@ -33,17 +32,19 @@ std::vector<std::string_view> piecesOf(std::string_view text) {
     if (c == '"') isQuoted = !isQuoted;
     const bool isBetween = c == '\n' || c == '\r' || (!isQuoted && (c == ',' || c == ';'));
     if (!isBetween) continue;
-    if (const std::string_view piece = trimmed(text.substr(begin, at - begin)); !piece.empty())
+    if (const std::string_view piece = bare(text.substr(begin, at - begin)); !piece.empty())
       pieces.push_back(piece);
     begin = at + 1;
-    if (c == '\n') isQuoted = false;
+    if (c == '\n' || c == '\r') isQuoted = false;
   }
   return pieces;
 }
 
-// A quotation mark in a name cannot be typed between two of them.
+// In one line, and a quotation mark cannot be typed between two of them.
 std::string shownName(std::string name) {
   std::replace(name.begin(), name.end(), '"', '\'');
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
   return name;
 }
 
@@ -57,8 +58,8 @@ InvitedPeople readPeople(std::string_view text, const std::vector<CalendarAttend
   for (const std::string_view piece : piecesOf(text)) {
     const std::size_t open = piece.back() == '>' ? piece.rfind('<') : std::string_view::npos;
     const bool isNamed = open != std::string_view::npos;
-    const std::string address(trimmed(isNamed ? piece.substr(open + 1, piece.size() - open - 2) : piece));
-    std::string name(isNamed ? trimmed(piece.substr(0, open)) : std::string_view());
+    const std::string address(bare(isNamed ? piece.substr(open + 1, piece.size() - open - 2) : piece));
+    std::string name(isNamed ? bare(piece.substr(0, open)) : std::string_view());
     std::erase(name, '"');
     const auto before = byAddress.find(address);
     if (before == byAddress.end() && !isAddress(address)) {
@@ -68,7 +69,7 @@ InvitedPeople readPeople(std::string_view text, const std::vector<CalendarAttend
     if (!taken.insert(address).second) continue;
     CalendarAttendee person = before != byAddress.end() ? before->second : CalendarAttendee{address, address, 0};
     // A name that stands as it was shown is the one that was there.
-    if (!name.empty() && name != trimmed(shownName(person.name))) person.name = name;
+    if (!name.empty() && name != bare(shownName(person.name))) person.name = name;
     read.people.push_back(std::move(person));
   }
   return read;
@@ -83,7 +84,7 @@ std::string writtenPeople(const std::vector<CalendarAttendee>& people) {
       continue;
     }
     const std::string name = shownName(person.name);
-    const bool isQuoted = name.find_first_of(",;<>\r\n") != std::string::npos;
+    const bool isQuoted = name.find_first_of(",;<>") != std::string::npos;
     text += (isQuoted ? '"' + name + '"' : name) + " <" + person.emailAddress + ">";
   }
   return text;

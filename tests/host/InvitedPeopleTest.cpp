@@ -6,7 +6,8 @@ namespace vornlab {
 namespace {
 
 TEST(InvitedPeople, AreReadAsPeopleTypeAndPasteThem) {
-  const std::vector<CalendarAttendee> known{{"Room \"One\", east", "one@b.example", 2}, {"Old", "no address", 0}};
+  const std::vector<CalendarAttendee> known{
+      {"Room \"One\", east", "one@b.example", 2}, {"Old", "no address", 0}, {"Two\nLines", "two@b.example", 0}};
   struct Row {
     const char* typed;
     const char* written;
