@@ -124,7 +124,7 @@ void oneCopy(benchmark::State& state) {
 // Not through the helper, which remembers the texts of the last short bodies.
 void plainText(benchmark::State& state) {
   measure(state, [](const OptionalText& body) {
-    return OptionalText(htmlToPlainText(*body, NoBreakSpaceEntity::leftOut));
+    return OptionalText(vorn::htmlToPlainText(*body, vorn::NoBreakSpaceEntity::leftOut));
   });
 }
 
