@@ -17,7 +17,8 @@ bool Diagnosis::answer(std::string_view question, const Value& parameters, Value
   struct Question {
     std::string_view name;
     Value (*tell)(const Value& parameters);
-    // The asker's own text must not be changed by more than was asked for, and what is compared not at all.
+    // Not again where the report has covered all of it, which takes as long as the rest of an appointment. The
+    // asker's own text must not be changed by more than was asked for, and what is compared not at all.
     bool isCovered = true;
   };
   static constexpr Question kQuestions[] = {
@@ -26,7 +27,7 @@ bool Diagnosis::answer(std::string_view question, const Value& parameters, Value
       {"account", [](const Value&) { return account(); }},
       {"defaults", [](const Value&) { return defaults(); }},
       {"hooks", [](const Value&) { return hooks(); }},
-      {"appointment", appointment},
+      {"appointment", appointment, false},
       {"window", window},
       {"panel", panel, false},
       {"body", body, false},

@@ -15,6 +15,7 @@ class CoveredRanges {
   void add(std::size_t begin, std::size_t end) { add(begin, end, ""); }
   // `instead` is for a range that lies in no other; "" is the cover itself.
   void add(std::size_t begin, std::size_t end, std::string instead);
+  bool isEmpty() const { return m_ranges.empty(); }
 
   struct Seen {
     std::string text;

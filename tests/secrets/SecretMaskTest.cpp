@@ -8,6 +8,7 @@
 #include "lab/client/CoveredJson.h"
 #include "lab/client/InvitationWords.h"
 #include "secrets/CoveredLater.h"
+#include "secrets/HarmlessTexts.h"
 #include "tests/support/Texts.h"
 #include "util/CoveredValue.h"
 
@@ -206,6 +207,24 @@ TEST(SecretMask, AnswersHostileTextsInLinearTime) {
                                "\r\n "};
   for (const char* part : parts) {
     EXPECT_FALSE(SecretMask::covered(repeated(part, 1'000'000 / std::strlen(part))).empty()) << part;
+  }
+}
+
+// What has been seen harmless is known by its whole text: one byte more, the same place, or too great a length,
+// and it is read again.
+TEST(SecretMask, RemembersHarmlessTextsAndNothingThatOnlyLooksLikeThem) {
+  HarmlessTexts harmless;
+  const std::string longest(127, 'a');
+  for (const std::string& text : {std::string("Meeting"), std::string("a\0b", 3), longest, longest + "a"})
+    harmless.remember(text);
+  EXPECT_TRUE(harmless.contains("Meeting") && harmless.contains(std::string("a\0b", 3)) &&
+              harmless.contains(longest));
+  EXPECT_FALSE(harmless.contains("Meeting1") || harmless.contains("a") || harmless.contains(longest + "a"));
+  for (int i = 0; i < 2000; ++i) {
+    const std::string text = "room" + std::to_string(i);
+    EXPECT_EQ(SecretMask::covered(text), text);
+    EXPECT_EQ(SecretMask::covered("Passcode: " + text), "Passcode: ******") << text;
+    EXPECT_EQ(SecretMask::covered(text), text);
   }
 }
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace vorn {
+
+// Short texts in which nothing had to be covered, so that the names, words and sentences that a report says again
+// for each appointment are searched for secrets once. No secret is ever kept here.
+//
+// One for each thread. It neither allocates nor has anything to end, so it may outlive all else of its thread.
+class HarmlessTexts {
+ public:
+  // False also for one that was forgotten: a newer text takes an older one's place.
+  bool contains(std::string_view text) const;
+  // Too long a text is not remembered.
+  void remember(std::string_view text);
+
+ private:
+  static constexpr std::size_t kLongest = 127;
+  static constexpr std::size_t kPlaces = 512;
+  struct Place {
+    unsigned char size = 0;
+    std::array<char, kLongest> bytes{};
+  };
+  static std::size_t placeOf(std::string_view text);
+
+  std::array<Place, kPlaces> m_places{};
+};
+
+}  // namespace vorn
