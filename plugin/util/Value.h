@@ -20,6 +20,14 @@ namespace vorn {
 using OptionalText = std::optional<std::string>;
 inline bool isEmpty(const OptionalText& text) { return !text || text->empty(); }
 
+// A text that is somewhere else, in another form, and made when it is first asked for. Any thread.
+class LateText {
+ public:
+  virtual ~LateText() = default;
+  // UTF-8; the same each time, and as long as this lives.
+  virtual const std::string& text() const = 0;
+};
+
 // The one dynamic type: what travels in the host's dictionaries, in JSON and in property lists.
 //
 // A value is absent, null, a boolean, a 64-bit integer, a double, UTF-8 text, an array, a dictionary with text
@@ -46,7 +54,9 @@ class Value {
   Value(double number) : m_content(number) {}
   Value(const char* text) : Value(std::string(text)) {}
   Value(std::string_view text) : Value(std::string(text)) {}
-  Value(std::string text) : m_content(std::make_shared<const std::string>(std::move(text))) {}
+  Value(std::string text) : m_content(std::make_shared<const ReadyText>(std::move(text))) {}
+  // A text that nobody may ever read. Not null.
+  Value(std::shared_ptr<const LateText> text) : m_content(std::move(text)) {}
   // An absent text gives the absent value.
   Value(const OptionalText& text);
   Value(Array items) : m_content(std::make_shared<Array>(std::move(items))) {}
@@ -128,9 +138,16 @@ class Value {
 
  private:
   struct Null {};
-  using Content =
-      std::variant<std::monostate, Null, bool, std::int64_t, double, std::shared_ptr<const std::string>,
-                   std::shared_ptr<Array>, std::shared_ptr<Dictionary>, HostObject>;
+  class ReadyText final : public LateText {
+   public:
+    explicit ReadyText(std::string text) : m_text(std::move(text)) {}
+    const std::string& text() const override { return m_text; }
+
+   private:
+    std::string m_text;
+  };
+  using Content = std::variant<std::monostate, Null, bool, std::int64_t, double, std::shared_ptr<const LateText>,
+                               std::shared_ptr<Array>, std::shared_ptr<Dictionary>, HostObject>;
 
   Array& mutableItems();
   Dictionary& mutableEntries();

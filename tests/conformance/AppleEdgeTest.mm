@@ -355,6 +355,14 @@ TEST_F(AppleEdge, FoundationsOwnObjectsKeepTheirMeaning) {
       [NSDictionary dictionaryWithObjectsAndKeys:@"text", @"key", @"number", [NSNumber numberWithInt:3], nil];
   EXPECT_EQ(value(mixed), (Value(Value::Dictionary{{"key", "text"}})));
   EXPECT_EQ(textFromFoundation(foundationText("broken \xFF text")), "broken \xEF\xBF\xBD text");
+  // A text is made when it is read, of what it was when it came.
+  NSString* words = @"Team meeting in the large room on the second floor \u2014 \U0001F389";
+  NSMutableString* changing = [NSMutableString stringWithString:words];
+  const Value earlier = value(changing);
+  [changing appendString:@"!"];
+  EXPECT_EQ(earlier.text(), "Team meeting in the large room on the second floor \u2014 \U0001F389");
+  EXPECT_EQ(earlier, value(words));
+  EXPECT_NE(earlier, value(changing));
   id deep = [NSArray array];
   for (int i = 0; i < 100000; ++i) deep = [[[NSArray alloc] initWithObjects:&deep count:1] autorelease];
   EXPECT_EQ(value(deep).count(), 1U);

@@ -4,7 +4,10 @@
 #include <unicode/ustring.h>
 
 #include <cstdint>
+#include <memory>
+#include <mutex>
 
+#include "platform/apple/Ownership.h"
 #include "util/Utf16.h"
 
 namespace vorn {
@@ -45,6 +48,37 @@ std::string asUtf8(std::string_view text) {
   return result;
 }
 
+// A text of the host. Most that pass through a hook are never read.
+class FoundationText final : public LateText {
+ public:
+  // A text that nobody can change is its own copy.
+  explicit FoundationText(NSString* text) : m_source(Retained<NSString*>::adopted([text copy])) {}
+
+  const std::string& text() const override {
+    std::call_once(m_isMade, [this] {
+      try {
+        m_text = textFromFoundation(m_source.get());
+      } catch (...) {
+        // A text of the host's own making may raise when it is read; it is empty to us.
+      }
+      m_source = Retained<NSString*>();
+    });
+    return m_text;
+  }
+
+ private:
+  mutable std::once_flag m_isMade;
+  mutable Retained<NSString*> m_source;
+  mutable std::string m_text;
+};
+
+// A short one costs less to make than to keep.
+Value valueFromText(NSString* text) {
+  constexpr NSUInteger kFewUnits = 32;
+  if ([text length] <= kFewUnits) return textFromFoundation(text);
+  return Value(std::make_shared<const FoundationText>(text));
+}
+
 Value valueFromNumber(NSNumber* number) {
   if ([number isKindOfClass:classes().boolean]) return Value([number boolValue] != NO);
   const char* type = [number objCType];
@@ -64,7 +98,7 @@ Value valueAtDepth(id object, LiveObjects::Holding holding, int depth) {
   // A class answers for itself, not for what its objects are.
   if (object == [object class]) return LiveObjects::instance().reference(object, holding);
   const ValueClasses& known = classes();
-  if ([object isKindOfClass:known.text]) return textFromFoundation(object);
+  if ([object isKindOfClass:known.text]) return valueFromText(object);
   if ([object isKindOfClass:known.number]) return valueFromNumber(object);
   if ([object isKindOfClass:known.null]) return nullptr;
   if ([object isKindOfClass:known.array]) {
@@ -139,6 +173,10 @@ std::string textFromFoundation(NSString* text) {
   if (length > kLongestText) return "";
   std::u16string units(length, u'\0');
   [text getCharacters:reinterpret_cast<unichar*>(units.data()) range:NSMakeRange(0, length)];
+  char16_t all = 0;
+  for (const char16_t unit : units) all |= unit;
+  // Nearly all of them are ASCII.
+  if (all < 0x80) return std::string(units.begin(), units.end());
   constexpr std::size_t bytesAUnit = 3;
   constexpr UChar32 replacement = 0xFFFD;
   std::string bytes(length * bytesAUnit, '\0');
