@@ -145,8 +145,8 @@ void DataCenterOptions::onClickDataCenterRegionsButton() {
   m_steps.updateEditCountriesOptions(false);
 }
 
+// The centre is the one that was on the screen: the account may have come again with another list since.
 void DataCenterOptions::onClickDataCenterButton(std::size_t entry) {
-  getDataCenterRegions();
   if (entry >= m_dataCenterRegions.size()) return;
   m_record.setArrAdditionalDCRegions(
       chosenAfterClick(m_record.arrAdditionalDCRegions(), m_dataCenterRegions[entry]));

@@ -93,7 +93,7 @@ class LocalizableTexts : public testing::Test {
       m_used.push_back(
           {found[1], "", false, arguments.empty() ? 0 : 1 + std::count(arguments.begin(), arguments.end(), ',')});
     }
-    for (const std::smatch& found : matches(source, std::regex(R"re("(LN_\w+)"(?!\s*\+))re"))) {
+    for (const std::smatch& found : matches(source, std::regex(R"re("(LN_[^"]+)"(?!\s*\+))re"))) {
       m_used.push_back({found[1], ""});
     }
     if (source.find("localizedString(") == std::string::npos) return;

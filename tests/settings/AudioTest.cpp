@@ -278,6 +278,16 @@ TEST_F(AudioPanelTest, TwoDataCentresWithOneCodeAreOne) {
   }
 }
 
+TEST_F(AudioPanelTest, TheDataCentreThatWasClickedIsTheOneThatWasShown) {
+  knowCenters(centers({"EU", "JX"}));
+  open();
+  turn("enableDataCenterRegionsButton", true);
+  knowCenters(centers({"US", "EU", "JX"}));
+  turn("dataCenterButton2", true);
+  EXPECT_EQ(settings()[vn_Setting_AdditionalDCRegions], Value(Value::Array{"EU"}));
+  EXPECT_TRUE(control("dataCenterButton3").on && !control("dataCenterButton2").on) << "where it stands now";
+}
+
 TEST_F(AudioPanelTest, DataCentresThatAreNotOfferedLeaveTheRecord) {
   const std::pair<const char*, std::function<void()>> rows[] = {
       {"an older client", [&] { RecordingClient::setVersion(test, "4.6.20614"); }},

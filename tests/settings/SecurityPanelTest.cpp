@@ -268,6 +268,15 @@ TEST_F(SecurityPanelTest, ALaterStepOfLoadingHasTheLastWord) {
   EXPECT_EQ(states(), loaded) << "no step goes by what a later one has yet to set";
 }
 
+TEST_F(SecurityPanelTest, APasscodeThatIsLockedOffGoesOutOfAMeetingThatHasOne) {
+  knowAccount(accountWith(UserOption4::isLockScheduleRequirePassword));
+  open();
+  EXPECT_FALSE(control("requiredMeetingPswButton").on || control("requiredMeetingPswButton").enabled);
+  EXPECT_TRUE(control("passwordTextField").hidden);
+  EXPECT_FALSE(settings()[vn_Setting_RequiredMPW].boolValue());
+  EXPECT_THAT(focused(), IsEmpty());
+}
+
 TEST_F(SecurityPanelTest, EachBannerClosesForGoodAndLeadsToItsPage) {
   vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
       {{"userId", "me"}, {vn_Profile_ProfileSettingURL, "https://vorn.example/profile"}}));
