@@ -1,6 +1,7 @@
 #import "lab/desktop/AlertWatch.h"
 
 #include <algorithm>
+#include <utility>
 
 #import "lab/desktop/RealHand.h"
 #import "lab/objc/HostClasses.h"
@@ -11,7 +12,7 @@ constexpr double kOften = 0.01;
 NSString* const kDontSave = @"Don’t Save";
 
 struct SeenAlert {
-  // From right to left, as they stand: the first is the default.
+  // From right to left, or from above to below: the first is the default.
   std::vector<NSButton*> buttons;
   NSButton* notAgain = nil;
   // From above to below.
@@ -42,8 +43,9 @@ void gather(NSView* view, SeenAlert& seen) {
 SeenAlert lookAt(NSWindow* window) {
   SeenAlert seen;
   gather([window contentView], seen);
-  std::stable_sort(seen.buttons.begin(), seen.buttons.end(),
-                   [](NSButton* one, NSButton* other) { return rightOf(one) > rightOf(other); });
+  std::stable_sort(seen.buttons.begin(), seen.buttons.end(), [](NSButton* one, NSButton* other) {
+    return std::pair(topOf(one), rightOf(one)) > std::pair(topOf(other), rightOf(other));
+  });
   std::stable_sort(seen.texts.begin(), seen.texts.end(),
                    [](NSTextField* one, NSTextField* other) { return topOf(one) > topOf(other); });
   return seen;
@@ -93,8 +95,8 @@ SeenAlert lookAt(NSWindow* window) {
     answer = m_desk->answers.front();
     m_desk->answers.pop_front();
   }
-  if (answer.notAgain && !(seen.notAgain && vornlab::clickOn(seen.notAgain)))
-    m_desk->trouble = "the alerts of this toolkit have no switch by which one is not shown again";
+  if (answer.notAgain && seen.notAgain && !vornlab::clickOn(seen.notAgain))
+    m_desk->trouble = "an alert's switch cannot be pressed";
   NSButton* pressed = seen.buttons[std::min(answer.button, seen.buttons.size() - 1)];
   if (!vornlab::clickOn(pressed)) m_desk->trouble = "an alert's button cannot be pressed";
 }

@@ -16,7 +16,7 @@ class FilePerson {
   enum class Answer { save, saveAs, overwrite, dontSave, cancel };
 
   virtual ~FilePerson() = default;
-  // Before a calendar closes that has changes: save with a file and saveAs without one, dontSave or cancel.
+  // Before a calendar closes that has changes: save where it has a file, saveAs, dontSave or cancel.
   virtual Answer askAboutChanges(bool hasFile) = 0;
   // When it was not saved, for that reason: saveAs, cancel, or overwrite where that would help.
   virtual Answer tellThatNothingWasSaved(const std::string& reason, bool canOverwrite) = 0;

@@ -2,6 +2,7 @@
 
 #import "lab/objc/HostHand.h"
 
+#include <algorithm>
 #include <cmath>
 
 #import "lab/desktop/CalendarPane.h"
@@ -80,10 +81,11 @@ vnWeekView* weekWith(ECCalendarEvent* event) {
   return week;
 }
 
-// Where it is taken hold of, to be moved as a whole.
+// Where it is taken hold of, to be moved as a whole: below its upper edge, for what is long goes on out of sight.
 NSRect gripOf(vnWeekView* week, ECCalendarEvent* event) {
   const NSRect place = [week placeOfEvent:placeOf(event)];
-  return NSMakeRect(NSMinX(place) + 4, NSMinY(place) + 2, NSWidth(place) - 8, 6);
+  const double down = std::min(9.0, NSHeight(place) / 2);
+  return NSMakeRect(NSMinX(place) + 4, NSMinY(place) + down - 1, NSWidth(place) - 8, 2);
 }
 
 vnWeekView* selectInWeek(ECCalendarEvent* event) {
@@ -109,12 +111,14 @@ void resizeAsSeen(ERageMainWindowController* main, ECCalendarEvent* event, doubl
   (void)main;
   vnWeekView* week = weekWith(event);
   const double before = [[event startTime] timeIntervalSince1970];
-  need(start == before, "to move the upper edge of an appointment in the week");
-  const NSSize way = [week wayFrom:before + [event duration] to:before + seconds];
+  const double end = before + [event duration];
+  const bool isStart = start != before;
+  need(!isStart || start + seconds == end, "to move both edges of an appointment at once");
+  const NSSize way = isStart ? [week wayFrom:before to:start] : [week wayFrom:end to:start + seconds];
   need(std::isfinite(way.height) && way.width == 0, "to resize over a day, or between quarters of an hour");
   const NSRect place = [week placeOfEvent:placeOf(event)];
-  const NSPoint from = NSMakePoint(NSMidX(place), NSMaxY(place) - 2);
-  dragIn(week, from, NSMakePoint(from.x, from.y + way.height));
+  const NSPoint edge = NSMakePoint(NSMidX(place), isStart ? NSMinY(place) + 2 : NSMaxY(place) - 2);
+  dragIn(week, edge, NSMakePoint(edge.x, edge.y + way.height));
 }
 
 void renameAsSeen(ERageMainWindowController* main, ECCalendarEvent* event, NSString* subject) {

@@ -41,10 +41,14 @@ void tellTrouble(NSString* message, const std::string& reason) {
 }
 
 FilePerson::Answer FileQuestions::askAboutChanges(bool hasFile) {
-  // Another place is offered when this one fails, for a question has no room for a fourth button.
-  const Answer answers[] = {hasFile ? Answer::save : Answer::saveAs, Answer::cancel, Answer::dontSave};
+  std::vector<NSString*> buttons = {@"Save As…", @"Cancel", @"Don’t Save"};
+  std::vector<Answer> answers = {Answer::saveAs, Answer::cancel, Answer::dontSave};
+  if (hasFile) {
+    buttons.insert(buttons.begin(), @"Save");
+    answers.insert(answers.begin(), Answer::save);
+  }
   return answers[ask(hasFile ? @"The calendar has changes that are not in its file" : @"The calendar has no file",
-                     kLost, {hasFile ? @"Save" : @"Save As…", @"Cancel", @"Don’t Save"})];
+                     kLost, buttons)];
 }
 
 FilePerson::Answer FileQuestions::tellThatNothingWasSaved(const std::string& reason, bool canOverwrite) {

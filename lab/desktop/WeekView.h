@@ -3,10 +3,10 @@
 #import "lab/objc/HostClasses.h"
 
 // A week of the calendar. A click selects an appointment, two open it; it is dragged to another time, resized at
-// its lower edge, renamed with the return key, and deleted with the delete key. Each goes through the host's own
-// selectors. Only what is in sight is drawn, whatever the calendar holds; of many whole days the first ones, and a
-// click on how many more there are shows all. The dates of a series stand in it
-// too: to open or name one is to do it to the series, and only the first can be moved or deleted.
+// its upper and lower edge, renamed with the return key, and deleted with the delete key. Each goes through the
+// host's own selectors. Only what is in sight is drawn, whatever the calendar holds; of many whole days the first
+// ones, and a click on how many more there are shows all. The dates of a series stand in it too: to open or name
+// one is to do it to the series, and only the first can be moved or deleted.
 @interface vnWeekView : NSView {
   // Not owned; it has this view.
   CCGridViewController* m_controller;

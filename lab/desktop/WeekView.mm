@@ -25,7 +25,8 @@ constexpr double kTimes = 62;
 constexpr double kNames = 42;
 constexpr double kLine = 22;
 constexpr int kMostLines = 4;
-constexpr double kEdge = 7;
+// Of an appointment, by which its start or its end is moved; of a low one no more than a quarter each.
+constexpr double kEdge = 6;
 constexpr double kHour = 3600;
 constexpr double kStep = 900;
 constexpr double kLeastHeight = 16;
@@ -33,11 +34,13 @@ constexpr int kDaysShown = 7;
 constexpr int kHoursOfDay = 24;
 constexpr double kNarrow = 20;
 
-// What follows the mouse: an appointment that moves, or whose end does.
+// What follows the mouse.
+enum class Hold { whole, start, end };
+
 struct Dragged {
   WeekItem before;
   WeekItem now;
-  bool isResized = false;
+  Hold hold = Hold::whole;
   NSPoint from;
   // It was somewhere else meanwhile; a press that never moved it is none of the host's business.
   bool hasMoved = false;
@@ -413,6 +416,18 @@ WeekItem movedTo(WeekItem item, double start) {
   });
   return found == pieces.rend() ? nullptr : &*found;
 }
+// One that goes over midnight has its start on the first day alone, and its end on the last.
+- (Hold)holdAt:(NSPoint)point of:(const WeekPiece&)piece {
+  if (piece.item.isAllDay) return Hold::whole;
+  const NSRect place = [self placeOf:piece];
+  const double edge = std::min(kEdge, NSHeight(place) / 4);
+  const LocalClock clock = clockOf([self zone]);
+  const double midnight = static_cast<double>([self state].week + piece.day) * LocalClock::kDay;
+  if (point.y < NSMinY(place) + edge && clock.local(piece.item.start) >= midnight) return Hold::start;
+  if (point.y > NSMaxY(place) - edge && clock.local(piece.item.end) <= midnight + LocalClock::kDay)
+    return Hold::end;
+  return Hold::whole;
+}
 - (NSRect)placeOfEvent:(std::size_t)index {
   for (const WeekPiece& piece : [self state].pieces) {
     if (piece.item.index == index && [self isSeen:piece]) return [self placeOf:piece];
@@ -455,9 +470,9 @@ WeekItem movedTo(WeekItem item, double start) {
   if (const WeekPiece* piece = [self pieceAt:point]) {
     state.selected = piece->item.index;
     state.isRepeatedSelected = piece->item.isRepeated;
-    const bool isEdge = !piece->item.isAllDay && point.y > NSMaxY([self placeOf:*piece]) - kEdge;
     // A date of a series cannot be stored by itself.
-    if (!piece->item.isRepeated) state.dragged = Dragged{piece->item, piece->item, isEdge, point};
+    if (!piece->item.isRepeated)
+      state.dragged = Dragged{piece->item, piece->item, [self holdAt:point of:*piece], point};
   }
   [m_controller setSelectedEvent:state.selected ? [self eventOf:*state.selected] : nil];
   [self setNeedsDisplay:YES];
@@ -477,11 +492,17 @@ WeekItem movedTo(WeekItem item, double start) {
   // It keeps its time by the clock, also on a day that has an hour more or less; whole days have their own zone.
   NSTimeZone* zone = before.isAllDay ? [[[m_controller selectedEvent] startTime] timeZone] : [self zone];
   const LocalClock clock = clockOf(zone);
-  if (dragged.isResized) {
-    dragged.now.end = std::max(clock.seconds(clock.local(before.end) + down), before.start + kStep);
-  } else {
-    if (before.isAllDay) down = 0;
-    dragged.now = movedTo(before, clock.seconds(clock.local(before.start) + days + down));
+  switch (dragged.hold) {
+    case Hold::start:
+      dragged.now.start = std::min(clock.seconds(clock.local(before.start) + down), before.end - kStep);
+      break;
+    case Hold::end:
+      dragged.now.end = std::max(clock.seconds(clock.local(before.end) + down), before.start + kStep);
+      break;
+    case Hold::whole:
+      if (before.isAllDay) down = 0;
+      dragged.now = movedTo(before, clock.seconds(clock.local(before.start) + days + down));
+      break;
   }
   dragged.hasMoved = dragged.hasMoved || dragged.now.start != before.start || dragged.now.end != before.end;
   [self arrange];
@@ -496,7 +517,7 @@ WeekItem movedTo(WeekItem item, double start) {
   OLCalendarDate* was = [[m_controller selectedEvent] startTime];
   OLCalendarDate* start = [[[OLCalendarDate alloc] initWithSeconds:dragged.now.start
                                                               zone:[was timeZone]] autorelease];
-  if (dragged.isResized) {
+  if (dragged.hold != Hold::whole) {
     [[self wrapper] dragResizedEvent:[m_controller selectedEvent]
                         withTileView:nil
                        withStartDate:start

@@ -15,7 +15,9 @@
 #include "lab/desktop/DesktopSession.h"
 #import "lab/desktop/EditorForm.h"
 #include "lab/desktop/JournalTail.h"
+#import "lab/desktop/OwnAlert.h"
 #include "lab/desktop/OwnPasteboard.h"
+#import "lab/desktop/Questions.h"
 #import "lab/desktop/RealHand.h"
 #include "lab/desktop/WeekPlan.h"
 
@@ -24,6 +26,8 @@
  @public
   // Nil for whatever there is.
   NSString* m_button;
+  // Pressed in place of a button; 0 for none.
+  unichar m_key;
   std::string* m_asked;
   BOOL m_isPressing;
 }
@@ -54,16 +58,36 @@
   (void)timer;
   if (m_asked->empty()) *m_asked = said;
   m_isPressing = YES;
-  [wanted performClick:nil];
+  if (m_key != 0) {
+    vornlab::pressKey(asking, m_key);
+  } else if (!vornlab::clickOn(wanted)) {
+    [wanted performClick:nil];
+  }
   m_isPressing = NO;
   // The question's loop looks at its answer after the next event only, and a mouse would have made one.
   vornlab::wakeLoop();
 }
 @end
 
+@interface vnAlertListener : NSObject {
+ @public
+  NSInteger m_code;
+  id m_alert;
+}
+- (void)alertDidEnd:(id)alert returnCode:(NSInteger)code contextInfo:(void*)context;
+@end
+
+@implementation vnAlertListener
+- (void)alertDidEnd:(id)alert returnCode:(NSInteger)code contextInfo:(void*)context {
+  m_code = context == self ? code : 0;
+  m_alert = alert;
+}
+@end
+
 namespace vornlab {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
@@ -128,7 +152,7 @@ class Desk : public testing::Test {
   NSPoint at(int day, double hour) {
     const NSRect bounds = [week() bounds];
     const double width = (bounds.size.width - 62) / 7;
-    return NSMakePoint(62 + (day + 0.5) * width, bounds.size.height - (24 - hour) * kHourHeight + 4);
+    return NSMakePoint(62 + (day + 0.5) * width, bounds.size.height - (24 - hour) * kHourHeight + 10);
   }
   NSEvent* mouse(NSEventType type, NSPoint point, int clicks = 1) {
     return [NSEvent mouseEventWithType:type
@@ -165,9 +189,10 @@ class Desk : public testing::Test {
   }
 
   // Does it, with that answer to the question that comes, and gives what was asked.
-  static std::string answering(NSString* button, const std::function<void()>& act) {
+  static std::string answering(NSString* button, const std::function<void()>& act, unichar key = 0) {
     vnAnswerer* person = [[[vnAnswerer alloc] init] autorelease];
     person->m_button = button;
+    person->m_key = key;
     std::string asked;
     person->m_asked = &asked;
     NSTimer* timer = [NSTimer timerWithTimeInterval:0.02
@@ -232,9 +257,15 @@ TEST_F(Desk, AnAppointmentIsDraggedResizedAndDeletedWithTheMouse) {
   drag(NSMakePoint(at(0, 9).x + 30, at(0, 9).y), NSMakePoint(at(2, 9).x + 30, at(2, 10.5).y));
   EXPECT_EQ(event("a").start()->seconds, kNine);
   EXPECT_EQ(event("b").start()->seconds, kNine + 49.5 * kHour);
-  drag(NSMakePoint(at(0, 9).x, at(0, 10).y - 7), NSMakePoint(at(0, 9).x, at(0, 11).y - 7));
+  // Its edges, of which none passes the other.
+  drag(NSMakePoint(at(0, 9).x, at(0, 10).y - 13), NSMakePoint(at(0, 9).x, at(0, 11).y - 13));
   EXPECT_EQ(event("a").end()->seconds, kNine + 2 * kHour);
-  click(at(0, 9));
+  drag(NSMakePoint(at(0, 9).x, at(0, 9).y - 7), NSMakePoint(at(0, 9).x, at(0, 9.5).y - 7));
+  EXPECT_EQ(event("a").start()->seconds, kNine + kHour / 2);
+  drag(NSMakePoint(at(0, 9).x, at(0, 9.5).y - 7), NSMakePoint(at(0, 9).x, at(0, 15).y - 7));
+  EXPECT_EQ(event("a").start()->seconds, kNine + 1.75 * kHour);
+  EXPECT_EQ(event("a").end()->seconds, kNine + 2 * kHour);
+  click(NSMakePoint(at(0, 9).x, at(0, 10.75).y - 5));
   press(NSDeleteCharacter);
   EXPECT_FALSE(calendar().find("a"));
 }
@@ -291,6 +322,63 @@ TEST_F(Desk, AnEditorWithChangesAsksBeforeItCloses) {
   }
   [[openEditor("a") window] performClose:nil];
   EXPECT_EQ(editors(), 0u) << "nothing to ask about";
+}
+
+TEST_F(Desk, AQuestionHasAnyNumberOfButtonsASwitchAndKeys) {
+  session();
+  // Two of them do not stand beside each other.
+  NSString* const longOne = @"Keep the meeting at the service and take it off this calendar alone";
+  constexpr unichar escape = 0x1b;
+  const struct {
+    NSArray* buttons;
+    // Nil for a key.
+    NSString* pressed;
+    unichar key;
+    NSInteger code;
+  } rows[] = {
+      {[NSArray arrayWithObjects:@"Save", @"Save As…", @"Cancel", @"Don’t Save", nil], @"Don’t Save", 0, 1003},
+      {[NSArray arrayWithObjects:@"Save", @"Cancel", @"Don’t Save", nil], nil, escape, 1001},
+      {[NSArray arrayWithObjects:@"Yes", @"No", nil], nil, escape, 1001},
+      {[NSArray arrayWithObjects:@"Yes", @"No", nil], nil, NSCarriageReturnCharacter, 1000},
+      {[NSArray arrayWithObjects:longOne, @"2", longOne, @"4", @"5", nil], @"4", 0, 1003},
+      {[NSArray array], @"OK", 0, 1000}};
+  for (const bool isSheet : {false, true}) {
+    for (const auto& row : rows) {
+      vnOwnAlert* alert = static_cast<vnOwnAlert*>([[[NSAlert alloc] init] autorelease]);
+      [alert setMessageText:[@"" stringByPaddingToLength:10000 withString:@"Title " startingAtIndex:0]];
+      [alert setInformativeText:[@"" stringByPaddingToLength:10000 withString:@"reasons " startingAtIndex:0]];
+      [alert setShowsSuppressionButton:YES];
+      NSEnumerator* titles = [row.buttons objectEnumerator];
+      while (NSString* title = [titles nextObject]) [alert addButtonWithTitle:title];
+      vnAlertListener* listener = [[[vnAlertListener alloc] init] autorelease];
+      const std::string asked = answering(
+          row.pressed,
+          [&] {
+            if (!isSheet) {
+              listener->m_code = [alert runModal];
+            } else {
+              [alert beginSheetModalForWindow:session().mainWindow()
+                                modalDelegate:listener
+                               didEndSelector:@selector(alertDidEnd:returnCode:contextInfo:)
+                                  contextInfo:listener];
+            }
+          },
+          row.key);
+      EXPECT_EQ(listener->m_code, row.code) << [[row.buttons description] UTF8String];
+      EXPECT_EQ(listener->m_alert, isSheet ? alert : nil);
+      EXPECT_THAT(asked, AllOf(HasSubstr("Title Title"), HasSubstr("reasons reasons")));
+      const NSRect screen = [[NSScreen mainScreen] visibleFrame];
+      EXPECT_TRUE(NSContainsRect(screen, [[alert window] frame]));
+      NSView* const pressed[] = {[[alert buttons] objectAtIndex:0], [[alert buttons] lastObject],
+                                 [alert suppressionButton]};
+      for (NSView* button : pressed)
+        EXPECT_TRUE(NSContainsRect([[[alert window] contentView] bounds], [button frame]));
+      EXPECT_FALSE([[alert window] isVisible]);
+    }
+  }
+  FilePerson::Answer answer = FilePerson::Answer::cancel;
+  answering(@"Save As…", [&] { answer = FileQuestions().askAboutChanges(true); });
+  EXPECT_EQ(answer, FilePerson::Answer::saveAs) << "a fourth button, and what it means";
 }
 
 TEST_F(Desk, TheEndWaitsForEditorsAndForWhoeverWantsToGoOn) {
