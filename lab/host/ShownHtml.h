@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lab/host/HtmlPieces.h"
+
+namespace vornlab {
+
+// How a character looks; several together.
+enum TextStyle : unsigned { kPlain = 0, kBold = 1, kItalic = 2, kUnderlined = 4 };
+
+// What a reader of HTML sees, character by character, and where each of them stands in the HTML. The text is the
+// one that the plug-in's reader of bodies finds.
+struct ShownHtml {
+  enum class Kind : std::uint8_t {
+    text,
+    // White space, of which any number counts once.
+    blank,
+    // A tag for it, or a line end in preformatted text.
+    lineBreak,
+    // Where a paragraph or the like ends another line, and where a cell follows another one. Their bytes are the
+    // way from the character before to the one behind.
+    line,
+    cell
+  };
+  struct Character {
+    Kind kind = Kind::text;
+    std::uint8_t style = kPlain;
+    // 0 for none, and otherwise its place among the links, counted from 1.
+    std::uint32_t link = 0;
+    ByteRange bytes;
+  };
+  struct Link {
+    std::string address;
+    // Behind the tag that ends it; 0 for one that is never ended.
+    std::size_t end = 0;
+  };
+  // A tag that begins or ends lines.
+  struct LineTag {
+    ByteRange bytes;
+    std::string name;
+    bool isEnd = false;
+    bool isOfTable = false;
+  };
+
+  // In UTF-16 units, and one entry for each of them: both halves of a pair have the same bytes.
+  std::u16string text;
+  std::vector<Character> characters;
+  std::vector<Link> links;
+  std::vector<LineTag> lineTags;
+  // White space, shown or not.
+  std::vector<ByteRange> blanks;
+  // Behind the tag of the body, or of the head where there is none.
+  std::size_t bodyBegin = 0;
+  // What it has cost, in bytes.
+  std::size_t lookedAt = 0;
+};
+
+// UTF-8; time linear in the size.
+ShownHtml readShownHtml(std::string_view html);
+
+}  // namespace vornlab
