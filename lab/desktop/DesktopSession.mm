@@ -186,6 +186,9 @@ void DesktopSession::takeSignedInAccount(const LabOptions& options) {
   HostOptions& host = hostState().options;
   host.otherAccounts.clear();
   if (!signedIn.empty() && !vorn::equalIgnoringCase(signedIn, host.userAddress)) host.otherAccounts = {signedIn};
+  NSEnumerator* open = [[ERCalendarEventEditorWindowController openControllers] objectEnumerator];
+  while (ERCalendarEventEditorWindowController* controller = [open nextObject])
+    [[vnEditorForm formOf:[controller editorViewController]] showSenders];
 }
 
 void DesktopSession::showVersion(const std::string& version) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#import "lab/desktop/BodyText.h"
 #import "lab/objc/HostClasses.h"
 
 // What a person reads and types in an editor: a row of buttons, the header's fields, and the body. What is typed
@@ -23,7 +24,7 @@
   NSTextField* m_endTrouble;
   // What is no address among the people.
   NSTextField* m_peopleTrouble;
-  NSTextView* m_body;
+  vnBodyText* m_body;
 }
 + (void)putInto:(ERCalendarEventEditorWindowController*)controller;
 // Nil for an editor without one.
@@ -34,11 +35,14 @@
 - (NSTextField*)subjectField;
 - (NSTextField*)startField;
 - (NSTextField*)endField;
+- (vnBodyText*)bodyText;
 // A time as it is typed into the field.
 - (NSString*)textFor:(NSTextField*)field ofSeconds:(double)seconds;
 // Shows the appointment as it stands in the editor now: its body, and its fields when it has become another, as
 // the series of an occurrence. What is typed in the fields of the same one stays.
 - (void)showEvent;
+// Shows the accounts from which it can be sent, as they are now.
+- (void)showSenders;
 // Closes the editor, and asks before when there are changes. NO when the person wants to go on. A save may still
 // wait for the client.
 - (BOOL)askToClose;

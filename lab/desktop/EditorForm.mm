@@ -6,7 +6,6 @@
 #import "lab/desktop/Questions.h"
 #include "lab/desktop/WeekPlan.h"
 #include "lab/host/InvitedPeople.h"
-#include "util/HtmlText.h"
 #include "util/Text.h"
 
 namespace {
@@ -47,33 +46,19 @@ NSString* zoneText(OLCalendarDate* date) {
                                     [[date timeZone] name]];
 }
 
-// The addresses from which it can be sent: that of the calendar's owner, those of the other accounts, and whoever
-// has called it.
-std::vector<std::string> sendersOf(ECCalendarEvent* event) {
-  const vornlab::HostOptions& host = vornlab::hostState().options;
-  std::vector<std::string> all{host.userAddress};
-  all.insert(all.end(), host.otherAccounts.begin(), host.otherAccounts.end());
-  all.push_back(event->m_appointment.organizer().value_or(""));
-  std::vector<std::string> result;
-  for (const std::string& each : all) {
-    const auto isEach = [&](const std::string& other) { return vorn::equalIgnoringCase(each, other); };
-    if (!each.empty() && std::none_of(result.begin(), result.end(), isEach)) result.push_back(each);
-  }
-  return result;
-}
-
 }  // namespace
 
 @interface vnEditorForm ()
 - (void)build;
 - (void)addFrom;
+- (void)addStyles;
 - (void)takePeople;
 - (void)endPeople;
 - (void)showPeople;
 - (void)showSend;
 - (void)showTitle;
-- (void)showBody;
 - (void)showFields;
+- (vornlab::AppointmentChanges&)typed;
 @end
 
 @implementation vnEditorForm
@@ -98,7 +83,8 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
   return nil;
 }
 - (void)dealloc {
-  [m_body setDelegate:nil];
+  [m_body end];
+  [m_body release];
   [super dealloc];
 }
 - (ERCalendarEventEditorViewController*)editor {
@@ -119,6 +105,9 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
 }
 - (NSTextField*)endField {
   return m_end;
+}
+- (vnBodyText*)bodyText {
+  return m_body;
 }
 
 // -- Its parts
@@ -178,17 +167,44 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
   m_startTrouble = [self addTroubleAt:NSMakePoint(NSMaxX(zone), NSMinY(zone))];
   m_endTrouble = [self addTroubleAt:NSMakePoint(NSMinX(zone), NSMinY(zone) - kRow)];
   m_peopleTrouble = [self addTroubleAt:NSMakePoint(NSMaxX([m_from frame]) + 12, NSMinY([m_from frame]))];
-  NSView* const order[] = {m_from, m_people, m_subject, location, m_start, m_end};
-  for (std::size_t i = 0; i + 1 < std::size(order); ++i) [order[i] setNextKeyView:order[i + 1]];
-  [[m_controller window] setInitialFirstResponder:m_subject];
-
   const NSRect rest = NSMakeRect(0, 0, kWidth, kHeight - kActions - kHeader);
-  m_body = vornlab::longText(self, rest, NSMakeSize(kMargin - 4, 14),
-                             [NSFont systemFontOfSize:[NSFont systemFontSize]]);
+  m_body = [[vnBodyText alloc] initIn:self frame:rest editor:editor];
+  [self addStyles];
+  NSView* const order[] = {m_from, m_people, m_subject, location, m_start, m_end, [m_body view]};
+  for (std::size_t i = 0; i < std::size(order); ++i) [order[i] setNextKeyView:order[(i + 1) % std::size(order)]];
+  [[m_controller window] setInitialFirstResponder:m_subject];
   [self showEvent];
 }
+// Of what is selected in the body; the keys are those of every editor.
+- (void)addStyles {
+  const struct {
+    NSString* title;
+    NSString* key;
+    vornlab::TextStyle style;
+    NSString* means;
+  } styles[] = {{@"U", @"u", vornlab::kUnderlined, @"Underline"},
+                {@"I", @"i", vornlab::kItalic, @"Italic"},
+                {@"B", @"b", vornlab::kBold, @"Bold"}};
+  double right = kWidth - kMargin;
+  for (const auto& each : styles) {
+    NSButton* button = vornlab::pushButton(each.title, self, @selector(turnStyle:), NSZeroPoint);
+    [button setFrameOrigin:NSMakePoint(right - NSWidth([button frame]), kHeight - kActions + 11)];
+    [button setAutoresizingMask:NSViewMinXMargin | NSViewMinYMargin];
+    [button setTag:each.style];
+    [button setToolTip:each.means];
+    [button setKeyEquivalent:each.key];
+    [button setKeyEquivalentModifierMask:NSCommandKeyMask];
+    // Whoever presses it goes on typing.
+    [button setRefusesFirstResponder:YES];
+    [self addSubview:button];
+    right = NSMinX([button frame]) - 6;
+  }
+}
+- (void)turnStyle:(id)sender {
+  [m_body turn:static_cast<vornlab::TextStyle>([sender tag])];
+}
 - (void)showEvent {
-  [self showBody];
+  [m_body show];
   if ([[self editor] content] != m_event) [self showFields];
 }
 - (void)addFrom {
@@ -206,11 +222,16 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
   [m_people setStringValue:vornlab::foundationText(vornlab::writtenPeople(people))];
   [m_peopleTrouble setStringValue:@""];
   [self showSend];
+  [self showSenders];
+}
+- (void)showSenders {
+  const vornlab::HostState& host = vornlab::hostState();
+  const vornlab::Appointment& shown = m_event->m_appointment;
+  const std::string chosen = shown.sender(host, [self typed].organizer);
   [m_from removeAllItems];
-  const auto organizer = m_event->m_appointment.organizer();
-  for (const std::string& sender : sendersOf(m_event)) {
+  for (const std::string& sender : shown.senders(host)) {
     [m_from addItemWithTitle:vornlab::foundationText(sender)];
-    if (organizer && vorn::equalIgnoringCase(sender, *organizer)) [m_from selectItem:[m_from lastItem]];
+    if (vorn::equalIgnoringCase(sender, chosen)) [m_from selectItem:[m_from lastItem]];
   }
   // A host that knows nobody sends from its owner, who has no address then.
   if ([m_from numberOfItems] == 0) [m_from addItemWithTitle:@"Calendar Owner"];
@@ -230,10 +251,6 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
   [m_startTrouble setStringValue:@""];
   [m_endTrouble setStringValue:@""];
   [self showTitle];
-}
-- (void)showBody {
-  const std::string html = vornlab::plainText([[self editor]->m_wordEditor->m_content bodyContent]);
-  [m_body setString:vornlab::foundationText(std::string_view(vorn::htmlToPlainText(html)))];
 }
 - (void)showTitle {
   NSString* subject = [m_subject stringValue];
@@ -268,9 +285,9 @@ std::vector<std::string> sendersOf(ECCalendarEvent* event) {
       vornlab::readPeople(vornlab::plainText([m_people stringValue]), m_event->m_appointment.attendees());
   [self typed].attendees = read.people;
   // They hear from whoever is shown, also where there was nothing to choose.
-  const bool hasSender = [self typed].organizer || m_event->m_appointment.organizer();
-  if (!hasSender && !sendersOf(m_event).empty())
-    [self typed].organizer = vornlab::plainText([m_from titleOfSelectedItem]);
+  const std::string sender = m_event->m_appointment.sender(vornlab::hostState(), std::nullopt);
+  const bool isCalled = [self typed].organizer || m_event->m_appointment.organizer();
+  if (!isCalled && !sender.empty()) [self typed].organizer = sender;
   [[self editor] setIsDirty:YES];
   [self showSend];
 }

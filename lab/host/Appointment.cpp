@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "lab/host/BodyHtml.h"
+#include "util/Text.h"
 
 namespace vornlab {
 
@@ -125,6 +126,24 @@ OptionalText Appointment::organizer() const {
   return m_changes.organizer ? m_changes.organizer : unlessEmpty(ofStored(&CalendarEvent::organizerAddress));
 }
 
+std::vector<std::string> Appointment::senders(const HostState& host) const {
+  std::vector<std::string> all{host.options.userAddress};
+  all.insert(all.end(), host.options.otherAccounts.begin(), host.options.otherAccounts.end());
+  all.push_back(organizer().value_or(""));
+  std::vector<std::string> result;
+  for (const std::string& each : all) {
+    const auto isEach = [&](const std::string& other) { return vorn::equalIgnoringCase(each, other); };
+    if (!each.empty() && std::none_of(result.begin(), result.end(), isEach)) result.push_back(each);
+  }
+  return result;
+}
+
+std::string Appointment::sender(const HostState& host, const OptionalText& chosen) const {
+  if (const OptionalText caller = chosen ? chosen : organizer()) return *caller;
+  const std::vector<std::string> all = senders(host);
+  return all.empty() ? "" : all.front();
+}
+
 CalendarTime Appointment::timeLikeStart(double seconds) const {
   CalendarTime time = start().value_or(CalendarTime());
   time.seconds = seconds;
@@ -193,7 +212,7 @@ bool Appointment::write(HostState& host) {
     if (m_changes.olmUCCapabilities) event.setOlmUCCapabilities(*m_changes.olmUCCapabilities);
     if (m_changes.attendees) event.setAttendees(*m_changes.attendees);
     // Who is invited hears from whom.
-    if (m_changes.attendees && isMeeting() && !organizer()) event.setOrganizer(host.options.userAddress);
+    if (m_changes.attendees && isMeeting() && !organizer()) event.setOrganizer(sender(host, std::nullopt));
     if (m_changes.organizer && isMeeting()) event.setOrganizer(*m_changes.organizer);
     if (times) event.setTimes(times->first.seconds, times->second.seconds);
   });

@@ -26,8 +26,10 @@ AppointmentChanges EditorState::changes() const {
   return result;
 }
 
-void EditorState::saved() {
+void EditorState::saved(bool isMeeting) {
+  vorn::OptionalText caller = isMeeting ? std::nullopt : std::move(typed.organizer);
   typed = {};
+  typed.organizer = std::move(caller);
   m_loadedHtml = m_html;
 }
 

@@ -46,9 +46,10 @@ class EditorState {
   // Shows another appointment, whose body is yet to be loaded: what was typed is dropped.
   void forgetTyped() { typed = {}; }
 
-  // What a save brings into the appointment, and that this has been done.
+  // What a save brings into the appointment, and that this has been done. Who calls an appointment to which nobody
+  // is invited has no place in a calendar, and stays typed until somebody is.
   AppointmentChanges changes() const;
-  void saved();
+  void saved(bool isMeeting);
 
   // What was typed, as the host's dictionary of uncommitted changes has it: without the organizer. A subject that
   // was emptied is null.

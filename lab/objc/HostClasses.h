@@ -218,6 +218,8 @@
 }
 - (ECCalendarEvent*)content;
 - (NSArray*)attendeeList;
+// From which it is sent.
+- (ECEmailAccount*)currentEmailAccount;
 - (NSView*)view;
 - (NSWindow*)window;
 // What was typed and not saved, by the names of the host.
@@ -301,6 +303,8 @@ inline CalendarStore* shownStore() { return hostState().store; }
 // What is just being put into the toolbar, for a toolkit that asks whether the host allows it; nil for nothing.
 // What can be made of it the host is asked as ever.
 NSString*& insertedToolbarItem();
+// Puts another body into the compose view of an editor, which tells it as its own change.
+void typeBodyInto(ERCalendarEventEditorViewController* editor, std::string html);
 // What a face puts into the host's windows. The view for the calendar is the caller's; the controller's header and
 // body are there, and its editor has the fields that it reads and writes.
 NSView* newCalendarView(CCGridViewController* controller);

@@ -128,12 +128,12 @@ id objectFor(const std::vector<vornlab::CalendarAttendee>& people) { return vorn
   return !vornlab::hostState().options.otherAccounts.empty();
 }
 - (ECEmailAccount*)currentEmailAccount {
-  NSString* address = m_state->typed.organizer ? foundationText(m_state->typed.organizer) : [m_event organizer];
-  const std::vector<std::string>& others = vornlab::hostState().options.otherAccounts;
-  const std::string text = plainText(address);
+  const vornlab::HostState& host = vornlab::hostState();
+  const std::string sender = m_event->m_appointment.sender(host, m_state->typed.organizer);
+  const std::vector<std::string>& others = host.options.otherAccounts;
   const bool isOther = std::any_of(others.begin(), others.end(),
-                                   [&](const std::string& each) { return vorn::equalIgnoringCase(each, text); });
-  return isOther ? [ECEmailAccount accountOf:address] : [ECEmailAccount account];
+                                   [&](const std::string& each) { return vorn::equalIgnoringCase(each, sender); });
+  return isOther ? [ECEmailAccount accountOf:foundationText(std::string_view(sender))] : [ECEmailAccount account];
 }
 - (NSArray*)attendeeList {
   return m_state->typed.attendees ? vornlab::attendeeObjects(*m_state->typed.attendees) : [m_event attendeeList];
@@ -204,7 +204,7 @@ id objectFor(const std::vector<vornlab::CalendarAttendee>& people) { return vorn
 - (BOOL)save {
   if (!m_owner || ![openEditors() containsObject:m_owner]) return NO;
   if (![m_event storeChanges:m_state->changes()]) return NO;
-  m_state->saved();
+  m_state->saved([m_event isMeeting]);
   [self setIsDirty:NO];
   return YES;
 }
@@ -356,6 +356,11 @@ id objectFor(const std::vector<vornlab::CalendarAttendee>& people) { return vorn
 @end
 
 namespace vornlab {
+
+void typeBodyInto(ERCalendarEventEditorViewController* editor, std::string html) {
+  editor->m_state->show(std::move(html));
+  [editor contentDidChange];
+}
 
 ERCalendarEventEditorWindowController* openEditorOf(ECCalendarEvent* event) {
   return [event isMeeting] ? [ERCalendarEventEditorWindowController showWindowForMeeting:event]

@@ -187,9 +187,7 @@ void ObjcHost::typeLocation(EditorId editor, std::string_view text) {
 void ObjcHost::typeBody(EditorId editor, std::string_view html) {
   const Pool pool;
   ERCalendarEventEditorViewController* held = editorOf(editor);
-  if (!held) return;
-  held->m_state->show(std::string(html));
-  [held contentDidChange];
+  if (held) typeBodyInto(held, std::string(html));
 }
 
 void ObjcHost::typeTimes(EditorId editor, double startSeconds, double endSeconds) {

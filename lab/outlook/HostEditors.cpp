@@ -246,7 +246,7 @@ HostObject HostWorld::openWindow(const HostObject& shown, bool isCancelMode) {
 bool HostWorld::saveEditor(HostEditor& editor) {
   const auto shown = event(editor.event);
   if (!shown || !storeChanges(*shown, editor.state->changes())) return false;
-  editor.state->saved();
+  editor.state->saved(send(editor.event, "isMeeting").boolValue());
   send(editor.viewController, "setIsDirty:", {false});
   return true;
 }

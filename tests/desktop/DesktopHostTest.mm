@@ -448,12 +448,69 @@ TEST_F(Desk, WhoIsInvitedAndBySomebodyElseStandsInTheFile) {
   EXPECT_THAT(text, Not(HasSubstr("gone@")));
   EXPECT_THAT(text, HasSubstr("ORGANIZER:mailto:" + plainText(sender) + "\r\n"));
   ASSERT_TRUE(typeOver([form peopleField], @"nobody"));
-  [controller editorViewController]->m_state -> saved();
+  [controller editorViewController]->m_state -> saved(true);
   [shownButton([window contentView], @"Save") performClick:nil];
   EXPECT_NE(fieldWith([window contentView], @"“nobody” is no address such as kim@vorn.example."), nil)
       << "a save that waited has ended meanwhile";
   ASSERT_TRUE(typeOver([form peopleField], @""));
   EXPECT_FALSE([shownButton([window contentView], @"Send") isEnabled]) << "nobody is left to hear of it";
+}
+
+TEST_F(Desk, WhoIsChosenBeforeAnybodyIsInvitedInvitesThem) {
+  load(eventText("a", kPlain));
+  std::vector<std::string>& accounts = hostState().options.otherAccounts;
+  const std::vector<std::string> before = std::exchange(accounts, {"first@vorn.example", "second@vorn.example"});
+  ERCalendarEventEditorWindowController* controller = openEditor("a");
+  vnEditorForm* form = [vnEditorForm formOf:[controller editorViewController]];
+  const auto asked = [&] {
+    return plainText([[[controller editorViewController] currentEmailAccount] emailAddress]);
+  };
+  EXPECT_EQ(asked(), "first@vorn.example") << "the one that is shown";
+  [[[form fromPopUp] menu] performActionForItemAtIndex:1];
+  [shownButton([[controller window] contentView], @"Save") performClick:nil];
+  session().waitUntil([&] { return ![[controller editorViewController] isDirty]; }, 5);
+  accounts.push_back("third@vorn.example");
+  [form showSenders];
+  EXPECT_EQ([[form fromPopUp] numberOfItems], 3);
+  EXPECT_EQ(plainText([[form fromPopUp] titleOfSelectedItem]), "second@vorn.example");
+  EXPECT_EQ(asked(), "second@vorn.example");
+  ASSERT_TRUE(typeOver([form peopleField], @"jo@vorn.example"));
+  [shownButton([[controller window] contentView], @"Save") performClick:nil];
+  session().waitUntil([&] { return ![[controller editorViewController] isDirty]; }, 5);
+  EXPECT_THAT(event("a").calendarText(), HasSubstr("ORGANIZER:mailto:second@vorn.example\r\n"));
+  accounts = before;
+}
+
+TEST_F(Desk, TheBodyIsTypedAndWhatIsNotShownStays) {
+  load(eventText("a",
+                 std::string(kPlain) +
+                     "X-ALT-DESC;FMTTYPE=text/html:<p>See <b>this</b><!--k--></p><p><img src=\"x\">end</p>\r\n"));
+  ERCalendarEventEditorWindowController* controller = openEditor("a");
+  NSWindow* window = [controller window];
+  NSTextView* body = [[[vnEditorForm formOf:[controller editorViewController]] bodyText] view];
+  const auto boldAt = [&](NSUInteger place) {
+    return [[[body textStorage] attribute:NSFontAttributeName atIndex:place
+                           effectiveRange:nullptr] isEqual:[NSFont boldSystemFontOfSize:[NSFont systemFontSize]]];
+  };
+  ASSERT_EQ(plainText([body string]), "See this\nend");
+  EXPECT_TRUE(boldAt(4) && !boldAt(3));
+  ASSERT_TRUE(clickOn(body));
+  [body setSelectedRange:NSMakeRange(8, 0)];
+  typeKeys(window, @" now <é😀 ");
+  pressKey(window, NSCarriageReturnCharacter);
+  typeKeys(window, @"x");
+  EXPECT_TRUE(boldAt(9)) << "as what stands before it";
+  [body setSelectedRange:NSMakeRange(0, 3)];
+  [shownButton([window contentView], @"I") performClick:nil];
+  pressKey(window, NSDeleteCharacter);
+  EXPECT_EQ(plainText([body string]), " this now <é😀 \nx\nend");
+  [body setSelectedRange:NSMakeRange(1, 0)];
+  typeKeys(window, @"\t");
+  EXPECT_NE([window firstResponder], body) << "the tab key goes on";
+  [shownButton([window contentView], @"Save") performClick:nil];
+  session().waitUntil([&] { return ![[controller editorViewController] isDirty]; }, 5);
+  EXPECT_EQ(event("a").htmlDescription().value_or(""),
+            "<p><i>&nbsp;</i><b>this now &lt;é😀&nbsp;<br>x</b><!--k--></p><p><img src=\"x\">end</p>");
 }
 
 TEST_F(Desk, ManyWholeDaysAreCountedAndShownByAClick) {

@@ -46,10 +46,18 @@ TEST_F(AppointmentTest, ReadsWhatWasChangedAndOtherwiseWhatIsStoredUntilARecordI
 
 TEST_F(AppointmentTest, IsOnesOwnByEachOfOnesAddresses) {
   const Appointment shown = named("one");
+  using Senders = std::vector<std::string>;
+  EXPECT_EQ(shown.sender(host, std::nullopt), "") << "an owner without an address";
+  host.options.otherAccounts = {"room@a.example"};
+  EXPECT_EQ(shown.sender(host, std::nullopt), "room@a.example");
+  EXPECT_EQ(shown.sender(host, "jo@b.example"), "jo@b.example");
   AppointmentChanges called;
   called.attendees = {{"Jo", "jo@b.example", 0}};
   called.organizer = "Kim@a.example";
   ASSERT_TRUE(shown.withChanges(called).write(host));
+  EXPECT_EQ(shown.senders(host), (Senders{"room@a.example", "Kim@a.example"}));
+  EXPECT_EQ(shown.sender(host, std::nullopt), "Kim@a.example");
+  host.options.otherAccounts.clear();
   EXPECT_TRUE(shown.isOwnedIn(host)) << "nobody is known";
   host.options.userAddress = "owner@a.example";
   EXPECT_FALSE(shown.isOwnedIn(host));

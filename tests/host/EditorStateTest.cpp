@@ -24,7 +24,11 @@ TEST(EditorState, OnlyATrueDifferenceOfTheBodyIsAChange) {
   EXPECT_FALSE(editor.changes().isBodyHtml);
   editor.switchToPlainText(true);
   EXPECT_EQ(editor.changes().isBodyHtml, false);
-  editor.saved();
+  editor.typed.organizer = "kim@vorn.example";
+  editor.saved(false);
+  EXPECT_EQ(editor.changes().organizer, "kim@vorn.example") << "nobody is invited yet, and it has no place";
+  editor.saved(true);
+  EXPECT_FALSE(editor.changes().organizer);
   EXPECT_TRUE(editor.uncommitted().empty());
   EXPECT_FALSE(editor.contentDidChange());
 
