@@ -44,7 +44,8 @@ void DiagnosisReport::add(std::string_view key, std::string_view words, const Va
   row.set("words", words);
   const Value seen = covered(value, key);
   row.set("value", seen.isAbsent() ? Value(nullptr) : seen);
-  row.set("shown", shown ? SecretMask::covered(*shown) : textOf(seen));
+  // Of a list, too: what its items say together may be a secret that none of them is.
+  row.set("shown", SecretMask::covered(shown ? *shown : textOf(seen)));
   row.set("note", note ? Value(SecretMask::covered(*note)) : Value());
   m_groups.back().rows.push_back(std::move(row));
 }

@@ -1,5 +1,7 @@
 #include "settings/DataCenterOptions.h"
 
+#include <algorithm>
+
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
@@ -145,11 +147,16 @@ void DataCenterOptions::onClickDataCenterRegionsButton() {
   m_steps.updateEditCountriesOptions(false);
 }
 
-// The centre is the one that was on the screen: the account may have come again with another list since.
+// The centre is the one that was on the screen: the account may have come again with another list since. One that
+// is offered no more is not chosen, for nothing would be there to leave it by.
 void DataCenterOptions::onClickDataCenterButton(std::size_t entry) {
   if (entry >= m_dataCenterRegions.size()) return;
-  m_record.setArrAdditionalDCRegions(
-      chosenAfterClick(m_record.arrAdditionalDCRegions(), m_dataCenterRegions[entry]));
+  const std::string clicked = m_dataCenterRegions[entry].dc;
+  getDataCenterRegions();
+  const auto center = std::find_if(m_dataCenterRegions.begin(), m_dataCenterRegions.end(),
+                                   [&](const DataCenter& each) { return each.dc == clicked; });
+  if (center != m_dataCenterRegions.end())
+    m_record.setArrAdditionalDCRegions(chosenAfterClick(m_record.arrAdditionalDCRegions(), *center));
   getDataCenterRegions();
   showCenters();
   // With one chosen the warning would be wrong.

@@ -97,6 +97,7 @@ check_tidy() {
   scripts/tidy build/dev '^plugin/'
 }
 
+# Benchmarks and fuzzers are built here as well, so that they follow what they measure and try.
 check_asan() {
   build asan
   ctest --preset asan --parallel 3

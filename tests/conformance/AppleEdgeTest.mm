@@ -61,6 +61,30 @@ static int endedErrors = 0;
 }
 @end
 
+// A text of the host's own making that is its own copy, and cannot be read.
+@interface vnEdgeUnreadable : NSString
+@end
+
+@implementation vnEdgeUnreadable
+- (NSUInteger)length {
+  return 4000;
+}
+- (id)copyWithZone:(NSZone*)zone {
+  (void)zone;
+  return [self retain];
+}
+- (unichar)characterAtIndex:(NSUInteger)index {
+  (void)index;
+  [NSException raise:NSGenericException format:@"not loaded"];
+  return 0;
+}
+- (void)getCharacters:(unichar*)buffer range:(NSRange)range {
+  (void)buffer;
+  (void)range;
+  [NSException raise:NSGenericException format:@"not loaded"];
+}
+@end
+
 static int countedCalls = 0;
 
 @implementation vnEdgeProbe
@@ -208,6 +232,9 @@ TEST_F(AppleEdge, AnObjectThatRaisesWhenItIsLookedAtIsForwardedAllTheSame) {
   hook("sent:", "pattern:");
   EXPECT_EQ([probe sent:moody], moody);
   EXPECT_TRUE(seen.at(0).isAbsent());
+  NSString* unreadable = [[[vnEdgeUnreadable alloc] init] autorelease];
+  EXPECT_EQ([probe sent:unreadable], unreadable);
+  EXPECT_TRUE(seen.at(0).isAbsent()) << "and not empty, which would take what the user wrote";
   const HostObject object = LiveObjects::instance().reference(moody, LiveObjects::Holding::never);
   EXPECT_FALSE(runtime.isKindOf(object, runtime.NSClassFromString("NSObject")));
 }

@@ -286,6 +286,9 @@ TEST_F(AudioPanelTest, TheDataCentreThatWasClickedIsTheOneThatWasShown) {
   turn("dataCenterButton2", true);
   EXPECT_EQ(settings()[vn_Setting_AdditionalDCRegions], Value(Value::Array{"EU"}));
   EXPECT_TRUE(control("dataCenterButton3").on && !control("dataCenterButton2").on) << "where it stands now";
+  knowCenters(centers({"EU"}));
+  turn("dataCenterButton4", true);
+  EXPECT_EQ(settings()[vn_Setting_AdditionalDCRegions], Value(Value::Array{"EU"})) << "JX is offered no more";
 }
 
 TEST_F(AudioPanelTest, DataCentresThatAreNotOfferedLeaveTheRecord) {

@@ -51,23 +51,23 @@ std::string asUtf8(std::string_view text) {
 // A text of the host. Most that pass through a hook are never read.
 class FoundationText final : public LateText {
  public:
-  // A text that nobody can change is its own copy.
-  explicit FoundationText(NSString* text) : m_source(Retained<NSString*>::adopted([text copy])) {}
+  // Foundation's own text of the same characters: nobody changes it, and reading it runs none of the host's code.
+  // One that cannot be read raises here, where the text still counts as absent.
+  explicit FoundationText(NSString* text)
+      : m_source(Retained<NSString*>::adopted([[NSString alloc] initWithString:text])) {}
 
   const std::string& text() const override {
-    std::call_once(m_isMade, [this] {
-      try {
-        m_text = textFromFoundation(m_source.get());
-      } catch (...) {
-        // A text of the host's own making may raise when it is read; it is empty to us.
-      }
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_source.get()) {
+      m_text = textFromFoundation(m_source.get());
       m_source = Retained<NSString*>();
-    });
+    }
     return m_text;
   }
 
  private:
-  mutable std::once_flag m_isMade;
+  mutable std::mutex m_mutex;
+  // Until it is read.
   mutable Retained<NSString*> m_source;
   mutable std::string m_text;
 };

@@ -164,6 +164,7 @@ enum : NSStringCompareOptions { NSBackwardsSearch = 4 };
 @property(readonly, copy) NSString* stringByDeletingPathExtension;
 @property(readonly, copy) NSString* stringByStandardizingPath;
 - (instancetype)initWithBytes:(const void*)bytes length:(NSUInteger)length encoding:(NSStringEncoding)encoding;
+- (instancetype)initWithString:(NSString*)string;
 - (unichar)characterAtIndex:(NSUInteger)index;
 - (void)getCharacters:(unichar*)buffer range:(NSRange)range;
 - (NSComparisonResult)compare:(NSString*)string;
