@@ -47,6 +47,19 @@ void drawCheckMark(NSRect box) {
   [mark stroke];
 }
 
+// The toolkit cuts a title that is too long at both ends.
+NSString* textWithin(NSString* text, NSDictionary* look, double width) {
+  constexpr NSUInteger most = 400;
+  const auto begun = [text](NSUInteger length) {
+    const NSUInteger end = [text rangeOfComposedCharacterSequenceAtIndex:length].location;
+    return [[text substringToIndex:end] stringByAppendingString:@"…"];
+  };
+  NSString* shown = [text length] > most ? begun(most) : text;
+  for (NSUInteger length = [shown length]; length > 1 && [shown sizeWithAttributes:look].width > width; --length)
+    shown = begun(length - 1);
+  return shown;
+}
+
 using Draw = void (*)(NSSize size);
 
 // The toolkit keeps it under the name by which its cells ask for it.
@@ -252,6 +265,13 @@ vnScrollerCell* scrollerCell(NSColor* color) {
   return list;
 }
 
+// A row that is chosen is seen, also while somebody types in the field beside the list.
+- (NSColor*)colorNamed:(NSString*)name state:(GSThemeControlState)state {
+  if ([name isEqual:@"highlightedTableRowBackgroundColor"]) return tint();
+  if ([name isEqual:@"highlightedTableRowTextColor"]) return gray(0.12);
+  return [super colorNamed:name state:state];
+}
+
 // -- Windows and surfaces
 - (void)drawWindowBackground:(NSRect)frame view:(NSView*)view {
   (void)view;
@@ -293,7 +313,7 @@ vnScrollerCell* scrollerCell(NSColor* color) {
                                    NSParagraphStyleAttributeName, nil];
   const double sides = 48;
   const NSRect place = NSMakeRect(sides, frame.size.height - kTitle + 7, frame.size.width - 2 * sides, 18);
-  [title drawInRect:place withAttributes:look];
+  [textWithin(title, look, place.size.width) drawInRect:place withAttributes:look];
   [gray(0.82) set];
   NSRectFill(NSMakeRect(0, frame.size.height - kTitle, frame.size.width, 1));
   NSFrameRect(NSMakeRect(0, 0, frame.size.width, frame.size.height));

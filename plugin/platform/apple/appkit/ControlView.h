@@ -90,5 +90,7 @@ NSTextField* newTextLabel(NSFont* font);
 // The height of a text when its lines are that wide.
 double heightOfText(NSString* text, NSFont* font, double width);
 double widthOfText(NSString* text, NSFont* font);
+// The text, or its beginning with an ellipsis where it is wider than that.
+NSString* textWithin(NSString* text, NSFont* font, double width);
 
 }  // namespace vorn

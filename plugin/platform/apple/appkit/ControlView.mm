@@ -1,5 +1,6 @@
 #import "platform/apple/appkit/ControlView.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -44,6 +45,26 @@ double heightOfText(NSString* text, NSFont* font, double width) {
 }
 
 double widthOfText(NSString* text, NSFont* font) { return std::ceil(sizeOfText(text, font, 0).width); }
+
+NSString* textWithin(NSString* text, NSFont* font, double width) {
+  // No letter is narrower than this, so what is longer need not be measured whole.
+  constexpr double narrowest = 1;
+  const auto most = static_cast<NSUInteger>(std::max(width, 0.0) / narrowest);
+  if ([text length] <= most && widthOfText(text, font) <= width) return text;
+  NSUInteger fits = 0;
+  NSUInteger tooLong = std::min([text length], most) + 1;
+  const auto begun = [text](NSUInteger length) {
+    // Characters as people see them, so that none is torn.
+    const NSUInteger end =
+        length < [text length] ? [text rangeOfComposedCharacterSequenceAtIndex:length].location : length;
+    return [[text substringToIndex:end] stringByAppendingString:@"…"];
+  };
+  while (fits + 1 < tooLong) {
+    const NSUInteger middle = (fits + tooLong) / 2;
+    (widthOfText(begun(middle), font) <= width ? fits : tooLong) = middle;
+  }
+  return begun(fits);
+}
 
 NSTextField* newTextLabel(NSFont* font) {
   NSTextField* label = [[NSTextField alloc] initWithFrame:NSZeroRect];

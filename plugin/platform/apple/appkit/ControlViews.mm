@@ -98,6 +98,10 @@ const std::vector<vorn::ControlItem>* rowsOf(vnControlListener* listener) {
 @interface vnListTable : NSTableView
 @end
 
+// A row of a list, in the middle of its place, and with an ellipsis where it is longer.
+@interface vnListCell : NSTextFieldCell
+@end
+
 namespace {
 
 void drawRedBorder(NSView* field, double width) {
@@ -124,6 +128,18 @@ void drawRedBorder(NSView* field, double width) {
 - (BOOL)acceptsFirstMouse:(NSEvent*)press {
   (void)press;
   return YES;
+}
+@end
+
+@implementation vnListCell
+- (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView*)view {
+  constexpr double sides = 6;
+  const double height = vorn::heightOfText(@"Xg", [self font], 0);
+  frame = NSInsetRect(frame, 0, std::max(0.0, std::floor((NSHeight(frame) - height) / 2)));
+  NSString* whole = [[[self stringValue] retain] autorelease];
+  [self setStringValue:vorn::textWithin(whole, [self font], NSWidth(frame) - sides)];
+  [super drawInteriorWithFrame:frame inView:view];
+  [self setStringValue:whole];
 }
 @end
 
@@ -526,8 +542,8 @@ class ListView final : public ControlView {
       : ControlView(input, control.key, [[NSScrollView alloc] initWithFrame:NSZeroRect]) {
     auto table = Retained<NSTableView*>::adopted([[vnListTable alloc] initWithFrame:NSZeroRect]);
     auto column = Retained<NSTableColumn*>::adopted([[NSTableColumn alloc] initWithIdentifier:@"title"]);
+    [column.get() setDataCell:[[[vnListCell alloc] initTextCell:@""] autorelease]];
     [[column.get() dataCell] setFont:controlFont()];
-    [[column.get() dataCell] setLineBreakMode:NSLineBreakByTruncatingTail];
     [column.get() setEditable:NO];
     [table.get() addTableColumn:column.get()];
     [table.get() setHeaderView:nil];

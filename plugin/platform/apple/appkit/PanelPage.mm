@@ -79,6 +79,7 @@ constexpr double kIndent = 24;
 constexpr double kRowGap = 8;
 constexpr double kSectionGap = 20;
 constexpr double kGap = 10;
+constexpr double kBesideField = 2;
 constexpr double kFootHeight = 58;
 constexpr double kLeastWidth = 540;
 constexpr double kMostWidth = 720;
@@ -89,6 +90,8 @@ constexpr double kTextSides = 6;
 // What a field needs to be of use behind what stands before it.
 constexpr double kLeastField = 160;
 constexpr double kScreenEdge = 60;
+constexpr double kOneLine = 26;
+constexpr double kManyLines = 70;
 
 NSFont* plainFont() { return [NSFont systemFontOfSize:[NSFont systemFontSize]]; }
 NSFont* noteFont() { return [NSFont systemFontOfSize:[NSFont smallSystemFontSize]]; }
@@ -276,11 +279,13 @@ double PanelPage::placeLine(const Line& line, const ControlSet& controls, double
   };
   std::vector<Placed> row;
   double rowHeight = 0;
-  // What stands beside each other has its middle on one line.
+  // What stands beside each other has its middle on one line, and beside a text of many lines on the first of
+  // them.
   const auto endRow = [&] {
+    const double middle = rowHeight > kManyLines ? kOneLine / 2 : rowHeight / 2;
     for (const Placed& each : row) {
       NSRect frame = [each.view frame];
-      frame.origin.y = lineTop + std::floor((rowHeight - each.height) / 2);
+      frame.origin.y = lineTop + std::max(0.0, std::floor(middle - each.height / 2));
       [each.view setFrame:frame];
     }
     row.clear();
@@ -474,16 +479,20 @@ void PanelPage::showOn(NSWindow* parent, NSView* below) {
   NSWindow* window = m_window.get();
   const NSRect on = parent ? [parent frame] : [[NSScreen mainScreen] visibleFrame];
   NSRect frame = [window frame];
+  const NSRect screen = [([parent screen] ? [parent screen] : [NSScreen mainScreen]) visibleFrame];
   if (below) {
-    const NSRect field = [below convertRect:[below bounds] toView:nil];
+    // Of a long field what is in sight.
+    const NSRect field = [below convertRect:[below visibleRect] toView:nil];
     const NSPoint corner = [[below window] convertBaseToScreen:field.origin];
-    frame.origin = NSMakePoint(corner.x, corner.y - frame.size.height - 2);
+    frame.origin = NSMakePoint(corner.x, corner.y - frame.size.height - kBesideField);
+    // Where there is no room below the field it stands above, and leaves in sight what is typed.
+    const double above = corner.y + field.size.height + kBesideField;
+    if (NSMinY(frame) < NSMinY(screen) && above + frame.size.height <= NSMaxY(screen)) frame.origin.y = above;
   } else {
     // As a sheet hangs: in the middle, below what the window begins with.
     frame.origin.x = std::floor(NSMidX(on) - frame.size.width / 2);
     frame.origin.y = std::floor(NSMaxY(on) - frame.size.height - kScreenEdge);
   }
-  const NSRect screen = [([parent screen] ? [parent screen] : [NSScreen mainScreen]) visibleFrame];
   frame.origin.x =
       std::clamp(frame.origin.x, NSMinX(screen), std::max(NSMinX(screen), NSMaxX(screen) - frame.size.width));
   frame.origin.y =

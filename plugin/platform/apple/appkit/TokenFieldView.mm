@@ -98,7 +98,9 @@ class LineFiller {
         taken += more;
         end = NSMaxRange(character);
       }
-      put({position + begin, end - begin}, taken, false);
+      // Together they are a little narrower than one by one, and the caret stands behind them.
+      NSString* line = [word substringWithRange:NSMakeRange(begin, end - begin)];
+      put({position + begin, end - begin}, vorn::widthOfText(line, fieldFont()), false);
       begin = end;
       if (begin < [word length]) newLine();
     }
@@ -245,10 +247,21 @@ struct State {
     if (point.y > NSMaxY(each.place) + kChipGap || point.x > NSMaxX(each.place)) continue;
     if (each.isChip) return point.x < NSMidX(each.place) ? each.range.begin : last;
     NSString* text = textOf([self shown].tokens, each.range);
+    // Each character by itself is measured a little too wide.
+    double wide = 0;
+    const auto widthAt = [&](NSRange character) {
+      return [self state].widths.of([text substringWithRange:character]);
+    };
+    for (NSUInteger at = 0; at < [text length];) {
+      const NSRange character = [text rangeOfComposedCharacterSequenceAtIndex:at];
+      wide += widthAt(character);
+      at = NSMaxRange(character);
+    }
+    const double share = wide > 0 ? NSWidth(each.place) / wide : 1;
     double left = each.place.origin.x;
     for (NSUInteger at = 0; at < [text length];) {
       const NSRange character = [text rangeOfComposedCharacterSequenceAtIndex:at];
-      const double width = [self state].widths.of([text substringWithRange:character]);
+      const double width = widthAt(character) * share;
       if (point.x < left + width / 2) return each.range.begin + at;
       left += width;
       at = NSMaxRange(character);
@@ -269,7 +282,8 @@ struct State {
   NSColor* ink = isSelected ? [NSColor alternateSelectedControlTextColor] : [NSColor controlTextColor];
   [[NSGraphicsContext currentContext] saveGraphicsState];
   [shape addClip];
-  [title drawAtPoint:NSMakePoint(place.origin.x + kChipSides, place.origin.y + 1.5) withAttributes:lookOf(ink)];
+  NSString* shown = vorn::textWithin(title, fieldFont(), fragment.place.size.width - 2 * kChipSides);
+  [shown drawAtPoint:NSMakePoint(place.origin.x + kChipSides, place.origin.y + 1.5) withAttributes:lookOf(ink)];
   [[NSGraphicsContext currentContext] restoreGraphicsState];
 }
 - (void)drawRect:(NSRect)dirty {
@@ -326,6 +340,9 @@ struct State {
   [[self retain] autorelease];
   const vorn::TokenAct act = *static_cast<const vorn::TokenAct*>(m_act);
   act(what);
+  // A text of many lines may be higher than the panel.
+  const NSPoint caret = [self pointOfPosition:[self shown].tokens.selection().end()];
+  [self scrollRectToVisible:NSMakeRect(caret.x, caret.y - kPadding, 1, lineHeight() + 2 * kPadding)];
 }
 - (void)pressKey:(TokenText::Key)key extends:(BOOL)extends {
   const auto extending = extends ? TokenText::Extends::yes : TokenText::Extends::no;
