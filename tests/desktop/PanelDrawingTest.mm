@@ -240,10 +240,31 @@ TEST_F(Screen, LongTextsStayInsideATokenField) {
   for (const TokenFragment& piece : [field fragments]) {
     EXPECT_EQ(piece.range.begin, covered);
     EXPECT_LE(NSMaxX(piece.place), NSMaxX([field bounds]));
+    NSString* words = foundationText(controls.find("tokens")->tokens.text(piece.range));
+    EXPECT_EQ(NSWidth(piece.place), widthOfText(words, [NSFont systemFontOfSize:[NSFont systemFontSize]]))
+        << "the caret stands behind it";
     covered = piece.range.end();
   }
   EXPECT_EQ(covered, controls.find("tokens")->tokens.length());
   EXPECT_GE([field heightForWidth:NSWidth([field bounds])], NSMaxY([field fragments].back().place));
+  EXPECT_FALSE(NSContainsRect([field visibleRect], [field fragments].back().place));
+  [field insertText:@"x"];
+  EXPECT_TRUE(NSContainsRect([field visibleRect], [field fragments].back().place)) << "where the person types";
+}
+
+TEST_F(Screen, ATextThatDoesNotFitEndsWithAnEllipsis) {
+  NSFont* font = [NSFont systemFontOfSize:[NSFont systemFontSize]];
+  std::string accents;
+  for (int i = 0; i < 5000; ++i) accents += "e\xCC\x81";
+  for (const std::string& text : {std::string(10000, 'i'), std::string(10000, 'W'), accents}) {
+    const std::string shown = textOf(textWithin(foundationText(text), font, 120));
+    EXPECT_LE(widthOfText(foundationText(shown), font), 120);
+    EXPECT_GT(widthOfText(foundationText(shown), font), 90);
+    EXPECT_EQ(shown, text.substr(0, shown.size() - 3) + "…");
+    EXPECT_NE(text[shown.size() - 3], '\xCC') << "no letter is torn";
+  }
+  EXPECT_EQ(textOf(textWithin(@"fits", font, 120)), "fits");
+  EXPECT_EQ(textOf(textWithin(@"nothing", font, 0)), "…");
 }
 
 TEST_F(Screen, TheTabKeyGoesThroughWhatCanBeUsedFromAboveToBelow) {
@@ -282,6 +303,14 @@ TEST_F(Screen, AWindowOfThePanelComesAndGoesWithItsControl) {
   EXPECT_LE(NSMaxY([drawn().page("offers")->window() frame]), corner.y + 1);
   change("offers", [](Control& control) { control.hidden = true; });
   EXPECT_FALSE([drawn().page("offers")->window() isVisible]);
+  // Above it where there is no room below, so that it never lies on what is typed.
+  const NSPoint lowest = NSMakePoint(20, -inWindow.origin.y + 4);
+  [[field window] setFrameOrigin:lowest];
+  change("offers", [](Control& control) { control.hidden = false; });
+  const NSRect list = [drawn().page("offers")->window() frame];
+  const NSPoint moved = [[field window] convertBaseToScreen:inWindow.origin];
+  EXPECT_GE(NSMinY(list), moved.y + NSHeight(inWindow));
+  EXPECT_GE(NSMinX(list), moved.x);
 }
 
 TEST_F(Screen, WhyARowIsLockedStandsBesideIt) {
