@@ -362,7 +362,10 @@ vnScrollerCell* scrollerCell(NSColor* color) {
   (void)cell;
 }
 - (void)drawFocusFrame:(NSRect)frame view:(NSView*)view {
-  (void)view;
+  // The one that the return key presses is framed already.
+  if ([view isKindOfClass:[NSButton class]] &&
+      [[static_cast<NSButton*>(static_cast<id>(view)) keyEquivalent] isEqual:@"\r"])
+    return;
   NSBezierPath* ring = rounded(NSInsetRect(frame, 1, 1), kCorner);
   [[accent() colorWithAlphaComponent:0.7] set];
   [ring setLineWidth:2];

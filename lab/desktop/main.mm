@@ -83,6 +83,11 @@ void takeTour(DesktopSession& session, const fs::path& folder) {
   session.openEditor(&event);
   settle(session);
   writePicture(session.editorWindow(), folder / "editor.png");
+  session.misbehave("reply 1 to action 6: error VornClientNotSignIn");
+  pictureOfNextQuestion(folder / "notice.png");
+  session.pressInBar(kAdd);
+  settle(session);
+  session.misbehave("");
   NSWindow* panel = openPanel(session);
   writePicture(panel, folder / "panel.png");
   scrollToEnd([panel contentView]);
