@@ -129,6 +129,7 @@ enum : NSEventType { NSLeftMouseDown = 1, NSScrollWheel = 22 };
 @property(readonly, assign) NSWindow* window;
 @property NSRect frame;
 @property NSRect bounds;
+@property(readonly) NSRect visibleRect;
 @property(getter=isHidden) BOOL hidden;
 @property(getter=isFlipped, readonly) BOOL flipped;
 @property BOOL needsDisplay;
@@ -180,11 +181,14 @@ enum : NSEventType { NSLeftMouseDown = 1, NSScrollWheel = 22 };
 @end
 
 @interface NSCell : NSObject <NSCopying>
+@property(copy) NSString* stringValue;
 @property(readonly) NSSize cellSize;
 @property BOOL wraps;
 @property(getter=isScrollable) BOOL scrollable;
 @property(strong) NSFont* font;
 @property NSLineBreakMode lineBreakMode;
+- (instancetype)initTextCell:(NSString*)text;
+- (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView*)view;
 @end
 
 @interface NSTextFieldCell : NSCell

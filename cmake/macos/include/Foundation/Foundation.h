@@ -58,6 +58,8 @@ static inline CGFloat NSMinY(NSRect rect) { return rect.origin.y; }
 static inline CGFloat NSMidX(NSRect rect) { return rect.origin.x + rect.size.width * 0.5; }
 static inline CGFloat NSMaxX(NSRect rect) { return rect.origin.x + rect.size.width; }
 static inline CGFloat NSMaxY(NSRect rect) { return rect.origin.y + rect.size.height; }
+static inline CGFloat NSWidth(NSRect rect) { return rect.size.width; }
+static inline CGFloat NSHeight(NSRect rect) { return rect.size.height; }
 FOUNDATION_EXPORT NSRect NSInsetRect(NSRect rect, CGFloat x, CGFloat y);
 
 static inline NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
@@ -165,6 +167,7 @@ enum : NSStringCompareOptions { NSBackwardsSearch = 4 };
 @property(readonly, copy) NSString* stringByStandardizingPath;
 - (instancetype)initWithBytes:(const void*)bytes length:(NSUInteger)length encoding:(NSStringEncoding)encoding;
 - (instancetype)initWithString:(NSString*)string;
+- (NSString*)stringByAppendingString:(NSString*)string;
 - (unichar)characterAtIndex:(NSUInteger)index;
 - (void)getCharacters:(unichar*)buffer range:(NSRange)range;
 - (NSComparisonResult)compare:(NSString*)string;
