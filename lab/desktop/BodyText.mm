@@ -108,6 +108,7 @@ NSDictionary* looksOf(unsigned style, bool isLink) {
     [self showLooksFrom:edit.begin to:edit.begin + edit.typed.size()];
   } else {
     [self showAll];
+    [m_view setSelectedRange:NSMakeRange(m_body->caret(), 0)];
   }
   [self tellEditor];
 }

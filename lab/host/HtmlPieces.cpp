@@ -20,13 +20,21 @@ bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isHexDigit(char c) { return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
 bool isInName(char c) { return isLetter(c) || isDigit(c) || c == ':' || c == '-' || c == '_'; }
-bool isHtmlSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f'; }
+bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+// Within a tag.
+bool isHtmlSpace(char c) { return isBlank(c) || c == '\f'; }
 
 template <typename Test>
 std::size_t lengthOf(std::string_view text, std::size_t from, Test test) {
   std::size_t end = from;
   while (end < text.size() && test(text[end])) ++end;
   return end - from;
+}
+
+// The last that is no white space, of which there is only as much as has been skipped just now; 0 for none.
+char lastSignBefore(std::string_view html, std::size_t at) {
+  while (at > 0 && isHtmlSpace(html[at - 1])) --at;
+  return at > 0 ? html[at - 1] : '\0';
 }
 
 bool startsWithName(std::string_view text, std::string_view lowerCase) {
@@ -52,12 +60,11 @@ bool HtmlPieces::next(HtmlPiece& piece) {
     cutMarkup(piece);
   } else if (c == '&') {
     cutEntity(piece);
-  } else if (isHtmlSpace(c)) {
+  } else if (isBlank(c)) {
     piece.kind = PieceKind::blank;
-    skipTo(m_at + lengthOf(m_html, m_at, isHtmlSpace));
+    skipTo(m_at + lengthOf(m_html, m_at, isBlank));
   } else {
-    skipTo(m_at +
-           lengthOf(m_html, m_at, [](char each) { return each != '<' && each != '&' && !isHtmlSpace(each); }));
+    skipTo(m_at + lengthOf(m_html, m_at, [](char each) { return each != '<' && each != '&' && !isBlank(each); }));
   }
   piece.bytes.end = m_at;
   return true;
@@ -90,7 +97,7 @@ void HtmlPieces::cutTag(HtmlPiece& piece, std::size_t nameLength) {
   ByteRange ofName;
   ByteRange ofValue;
   while (skipAttribute(ofName, ofValue)) continue;
-  piece.isClosedAtOnce = m_at >= 2 && m_html.substr(m_at - 2, 2) == "/>";
+  piece.isClosedAtOnce = m_html[m_at - 1] == '>' && lastSignBefore(m_html, m_at - 1) == '/';
   if (piece.isClosedAtOnce) return;
   for (const std::string_view element : kRawElements) {
     if (piece.name != element) continue;
@@ -102,6 +109,20 @@ void HtmlPieces::cutTag(HtmlPiece& piece, std::size_t nameLength) {
 
 // A quote begins a value only behind "=", and only when it is closed somewhere: a sign of inches or a forgotten
 // quote does not take the text with it.
+std::size_t HtmlPieces::behindWord(std::size_t at, bool isName) {
+  char last = lastSignBefore(m_html, at);
+  while (at < m_html.size()) {
+    const char c = m_html[at];
+    if (c == '>' || isHtmlSpace(c) || (isName && (c == '/' || c == '='))) break;
+    const bool isQuote = last == '=' && (c == '"' || c == '\'');
+    const bool isClosed = isQuote && hasClosing(c, at);
+    m_hasOpenQuote |= isQuote && !isClosed;
+    at = isClosed ? m_html.find(c, at + 1) + 1 : at + 1;
+    last = c;
+  }
+  return at;
+}
+
 bool HtmlPieces::skipAttribute(ByteRange& name, ByteRange& value) {
   const auto isBetween = [](char c) { return isHtmlSpace(c) || c == '/' || c == '='; };
   std::size_t at = m_at + lengthOf(m_html, m_at, isBetween);
@@ -112,22 +133,20 @@ bool HtmlPieces::skipAttribute(ByteRange& name, ByteRange& value) {
   if (at >= m_html.size()) return end(at);
   if (m_html[at] == '>') return end(at + 1);
   name.begin = at;
-  at += lengthOf(m_html, at, [&](char c) { return !isBetween(c) && c != '>'; });
-  name.end = at;
+  at = name.end = behindWord(at, true);
   value = {at, at};
-  std::size_t equals = at + lengthOf(m_html, at, isHtmlSpace);
+  const std::size_t equals = at + lengthOf(m_html, at, isHtmlSpace);
   if (equals < m_html.size() && m_html[equals] == '=') {
     at = equals + 1;
     at += lengthOf(m_html, at, isHtmlSpace);
     skipTo(at);
-    const char quote = at < m_html.size() ? m_html[at] : 0;
-    if ((quote == '"' || quote == '\'') && hasClosing(quote)) {
-      value = {at + 1, m_html.find(quote, at + 1)};
+    const char first = at < m_html.size() ? m_html[at] : 0;
+    if ((first == '"' || first == '\'') && hasClosing(first, at)) {
+      value = {at + 1, m_html.find(first, at + 1)};
       at = value.end + 1;
     } else {
       value.begin = at;
-      at += lengthOf(m_html, at, [](char c) { return !isHtmlSpace(c) && c != '>'; });
-      value.end = at;
+      at = value.end = behindWord(at, false);
     }
   }
   skipTo(at);
@@ -181,9 +200,9 @@ void HtmlPieces::skipContentOf(std::string_view element) {
   }
 }
 
-bool HtmlPieces::hasClosing(char quote) const {
+bool HtmlPieces::hasClosing(char quote, std::size_t at) const {
   const std::size_t last = quote == '"' ? m_lastQuote : m_lastApostrophe;
-  return last != std::string_view::npos && last > m_at;
+  return last != std::string_view::npos && last > at;
 }
 
 }  // namespace vornlab

@@ -37,8 +37,8 @@ struct HtmlPiece {
 };
 
 // Cuts HTML into its pieces, none of which is lost: each begins where the one before has ended. Whatever is broken
-// is cut as far as it goes, as the plug-in's own reader of bodies does. UTF-8; time linear in the size. The HTML
-// must outlive this object.
+// is cut as far as it goes; well-formed HTML is cut where the plug-in's own reader of bodies does. UTF-8; time
+// linear in the size. The HTML must outlive this object.
 class HtmlPieces {
  public:
   explicit HtmlPieces(std::string_view html);
@@ -49,6 +49,8 @@ class HtmlPieces {
   std::string_view attribute(const HtmlPiece& tag, std::string_view name);
   // How many bytes have been looked at, some of them more than once.
   std::size_t lookedAt() const { return m_lookedAt; }
+  // Whether a value began so far with a quote that is closed nowhere.
+  bool hasOpenQuote() const { return m_hasOpenQuote; }
 
  private:
   std::string_view rest() const { return m_html.substr(m_at); }
@@ -60,11 +62,14 @@ class HtmlPieces {
   void skipContentOf(std::string_view element);
   // From behind a tag's name or an attribute to behind the next one; false at the tag's end.
   bool skipAttribute(ByteRange& name, ByteRange& value);
-  bool hasClosing(char quote) const;
+  // From there over a name or an unquoted value with all that is quoted in it.
+  std::size_t behindWord(std::size_t at, bool isName);
+  bool hasClosing(char quote, std::size_t at) const;
 
   std::string_view m_html;
   std::size_t m_at = 0;
   std::size_t m_lookedAt = 0;
+  bool m_hasOpenQuote = false;
   // Where the last of each stands, so that none is looked for in vain over and over; npos for none.
   std::size_t m_lastAngle;
   std::size_t m_lastQuote;

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "util/HtmlText.h"
 #include "util/Utf16.h"
 
 namespace vornlab {
@@ -24,6 +25,8 @@ bool isNoText(char16_t unit) {
   constexpr char16_t objectPlace = 0xFFFC;
   return unit < firstVisible || (unit >= firstControl && unit <= lastControl) || unit == objectPlace;
 }
+
+bool isAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 // A text as it can be shown: line ends of one kind, and nothing that has no sign.
 std::u16string typable(std::u16string_view typed) {
@@ -56,7 +59,7 @@ std::string_view tagOf(TextStyle style, bool isEnd) {
 
 RichBody::RichBody(std::string html) : m_html(std::move(html)) { read(); }
 
-void RichBody::read() { m_shown = readShownHtml(m_html); }
+void RichBody::read() { m_shown = readShownHtml(m_html, m_characters); }
 
 std::vector<RichBody::Run> RichBody::runs() const {
   std::vector<Run> runs;
@@ -68,8 +71,9 @@ std::vector<RichBody::Run> RichBody::runs() const {
     };
     while (at < all.size() && isSame(all[at])) ++at;
     if (all[begin].style == kPlain && all[begin].link == 0) continue;
-    runs.push_back({begin, at - begin, all[begin].style,
-                    all[begin].link == 0 ? "" : m_shown.links[all[begin].link - 1].address});
+    std::string link = all[begin].link == 0 ? "" : m_shown.links[all[begin].link - 1].address;
+    if (link.find('&') != kNone) link = vorn::htmlToPlainText(link);
+    runs.push_back({begin, at - begin, all[begin].style, std::move(link)});
   }
   return runs;
 }
@@ -90,12 +94,36 @@ void RichBody::replace(std::size_t begin, std::size_t length, std::u16string_vie
   edit.typed = typable(typed);
   widen(edit);
   takeInTyped(edit);
-  takeInBlanks(edit);
-  const std::size_t place = placeFor(edit);
+  joinLines(edit);
+  edit.place = placeFor(edit);
+  stepOutside(edit);
+  if (!edit.isOutside) {
+    takeInBlanks(edit);
+    edit.place = placeFor(edit);
+  }
   m_hasBreak = needsBreak(edit);
+  const bool isLastLine = m_hasBreak && emptiesLastLine(edit);
+  // An empty last line is shown by the break that ends the one before.
+  if (isLastLine) edit.place = m_shown.characters[edit.begin - 1].bytes.begin;
   const std::string bytes = written(edit);
-  rewrite(removedBy(edit, place), place, bytes);
+  std::vector<Rewriting> all{{{edit.place, edit.place}, bytes}};
+  for (const ByteRange& each : removedBy(edit)) all.push_back({each, ""});
+  const std::size_t place = rewrite(std::move(all), edit.place);
   m_typed = {place, place + bytes.size()};
+  m_behindCaret = edit.behindCaret + (m_hasBreak && !isLastLine ? 1 : 0);
+}
+
+std::size_t RichBody::caret() const {
+  const std::size_t end = firstFrom(m_typed.end);
+  return end - std::min(m_behindCaret, end);
+}
+
+// The first character that begins there or behind it.
+std::size_t RichBody::firstFrom(std::size_t byte) const {
+  const auto& all = m_shown.characters;
+  const auto found = std::partition_point(
+      all.begin(), all.end(), [byte](const ShownHtml::Character& each) { return each.bytes.begin < byte; });
+  return static_cast<std::size_t>(found - all.begin());
 }
 
 void RichBody::widen(Edit& edit) const {
@@ -106,36 +134,96 @@ void RichBody::widen(Edit& edit) const {
 }
 
 void RichBody::takeInTyped(Change& edit) const {
-  const auto at = [this](std::size_t byte) {
-    const auto& all = m_shown.characters;
-    const auto found = std::partition_point(
-        all.begin(), all.end(), [byte](const ShownHtml::Character& each) { return each.bytes.begin < byte; });
-    return static_cast<std::size_t>(found - all.begin());
-  };
-  const std::size_t begin = at(m_typed.begin);
-  const std::size_t end = at(m_typed.end);
+  const std::size_t begin = firstFrom(m_typed.begin);
+  const std::size_t end = firstFrom(m_typed.end);
   const std::size_t editEnd = edit.begin + edit.length;
   // In front of it belongs to what stands before, unless it is an empty line.
   const bool isEmptyLine = m_hasBreak && begin + 1 == end;
   if (begin == end || editEnd > end || edit.begin < begin || (editEnd == begin && !isEmptyLine)) return;
+  // Behind the break that nobody has typed the next line begins.
+  if (m_hasBreak && edit.begin == end) return;
   // The break that nobody has typed comes again where it is needed still, unless it is what goes.
   edit.isBeforeLine = m_hasBreak && editEnd < end;
   const std::size_t last = edit.isBeforeLine ? end - 1 : end;
   edit.typed = text().substr(begin, edit.begin - begin) + edit.typed + text().substr(editEnd, last - editEnd);
+  edit.behindCaret = last - editEnd;
   edit.begin = begin;
   edit.length = end - begin;
+}
+
+// Which lines become one, and what that means for blanks where they do not.
+void RichBody::joinLines(Change& edit) const {
+  const std::vector<ShownHtml::Character>& all = m_shown.characters;
+  const std::size_t end = edit.begin + edit.length;
+  std::size_t first = edit.begin;
+  while (first < end && isOfLine(first)) ++first;
+  bool hasLines = false;
+  for (std::size_t at = edit.begin; at < end; ++at) hasLines |= isOfLine(at);
+  if (!hasLines || findTagsBetween({all[edit.begin].bytes.begin, all[end - 1].bytes.end}, edit.joined)) return;
+  edit.hidesFirstBlank = first > edit.begin && first < end;
+  for (std::size_t at = first < end ? first : edit.begin; at < end; ++at) edit.hidesLastBlank |= isOfLine(at);
+}
+
+bool RichBody::hasLineTag(std::size_t begin, std::size_t end) const {
+  const auto isThere = [&](const auto& tag) { return tag.bytes.begin >= begin && tag.bytes.begin < end; };
+  return std::any_of(m_shown.lineTags.begin(), m_shown.lineTags.end(), isThere);
+}
+
+// What is between the bookmarks is the plug-in's to replace. So whoever types at one of its two ends, or in place
+// of all of it, does so outside, on a line of its own where the invitation has lines of its own.
+void RichBody::stepOutside(Change& edit) const {
+  if (edit.typed.empty()) return;
+  const std::vector<ShownHtml::Character>& all = m_shown.characters;
+  const std::size_t end = edit.begin + edit.length;
+  const bool isFirst = edit.begin == 0;
+  const std::size_t from = isFirst                          ? 0
+                           : is(edit.begin - 1, Kind::line) ? all[edit.begin - 1].bytes.begin
+                                                            : all[edit.begin - 1].bytes.end;
+  const std::size_t to = end == all.size() ? m_html.size()
+                         : isOfLine(end)   ? all[end].bytes.end
+                                           : all[end].bytes.begin;
+  const ShownHtml::Bookmark* first = nullptr;
+  const ShownHtml::Bookmark* last = nullptr;
+  for (const ShownHtml::Bookmark& each : m_shown.bookmarks) {
+    if (each.bytes.begin < from || each.bytes.end > to) continue;
+    const bool isBehind = each.bytes.begin >= edit.place;
+    // It is in front of that invitation already.
+    if (!each.isEnd && isBehind) break;
+    if (!each.isEnd && !first) first = &each;
+    if (each.isEnd && isBehind) last = &each;
+  }
+  const bool isInsertion = edit.length == 0;
+  // In place of a part of the invitation it belongs to it as that did.
+  if (first && !isInsertion && !last) return;
+  if (!first && last && !isInsertion && last->bytes.begin >= all[end - 1].bytes.end) return;
+  if (!first && !last) return;
+  edit.isOutside = true;
+  edit.place = first ? first->bytes.begin : last->bytes.end;
+  const bool isBehindLine = hasLineTag(from, edit.place);
+  edit.isBeforeLine = hasLineTag(edit.place, to);
+  const auto isInFront = [&](const ByteRange& blank) { return blank.begin >= from && blank.begin < edit.place; };
+  edit.hidesFirstBlank = isBehindLine || std::any_of(m_shown.blanks.begin(), m_shown.blanks.end(), isInFront);
+  edit.hidesLastBlank = edit.isBeforeLine;
+  if (first && !isFirst && is(edit.begin - 1, Kind::line) && !isBehindLine) edit.typed.insert(0, 1, u'\n');
+  if (!first && is(end, Kind::line) && !edit.isBeforeLine) {
+    edit.typed += u'\n';
+    ++edit.behindCaret;
+  }
 }
 
 // A blank beside what is edited is written anew where it would be shown no more.
 void RichBody::takeInBlanks(Change& edit) const {
   const std::size_t end = edit.begin + edit.length;
   const bool isNothing = edit.typed.empty();
-  const bool endsThere = isNothing ? endsLine(end) || is(end, Kind::blank) : isLineEnd(edit.typed.front());
+  const bool endsThere =
+      isNothing ? edit.hidesLastBlank || endsLine(end) || is(end, Kind::blank) : isLineEnd(edit.typed.front());
   const bool isSeenNoMore = edit.begin > 0 && is(edit.begin - 1, Kind::blank) && endsThere;
-  const bool beginsLine = edit.begin == 0 || isLineEnd(text()[edit.begin - 1]);
+  const bool beginsLine =
+      edit.hidesFirstBlank || edit.hidesLastBlank || edit.begin == 0 || isLineEnd(text()[edit.begin - 1]);
   if (is(end, Kind::blank) && (isNothing ? beginsLine : isLineEnd(edit.typed.back()))) {
     edit.typed += u' ';
     ++edit.length;
+    ++edit.behindCaret;
   }
   if (!isSeenNoMore) return;
   edit.typed.insert(0, 1, u' ');
@@ -160,10 +248,8 @@ std::size_t RichBody::placeFor(const Edit& edit) const {
     const ShownHtml::Character& before = all[at - 1];
     const bool isLinkEnd = before.link > 0 && (at == all.size() || all[at].link != before.link);
     const std::size_t behind = isLinkEnd ? m_shown.links[before.link - 1].end : 0;
-    const bool isInSameLine = std::none_of(m_shown.lineTags.begin(), m_shown.lineTags.end(), [&](const auto& tag) {
-      return tag.bytes.begin >= before.bytes.end && tag.bytes.begin < behind;
-    });
-    return behind > before.bytes.end && isInSameLine ? behind : before.bytes.end;
+    const bool isBehind = behind > before.bytes.end && !hasLineTag(before.bytes.end, behind);
+    return isBehind ? behind : before.bytes.end;
   }
   if (hasBytes(at)) return all[at].bytes.begin;
   return at > 0 ? all[at - 1].bytes.end : m_shown.bodyBegin;
@@ -172,18 +258,22 @@ std::size_t RichBody::placeFor(const Edit& edit) const {
 std::string RichBody::written(const Change& edit) const {
   const std::size_t end = edit.begin + edit.length;
   std::string bytes;
-  bool afterBlank = edit.begin == 0 || isLineEnd(text()[edit.begin - 1]) || is(edit.begin - 1, Kind::blank);
+  bool afterBlank = edit.hidesFirstBlank || edit.begin == 0 || isLineEnd(text()[edit.begin - 1]) ||
+                    is(edit.begin - 1, Kind::blank);
   for (std::size_t at = 0; at < edit.typed.size(); ++at) {
     const char16_t unit = edit.typed[at];
     const bool isLast = at + 1 == edit.typed.size();
-    const bool beforeEnd =
-        isLast ? edit.isBeforeLine || endsLine(end) || is(end, Kind::blank) : isLineEnd(edit.typed[at + 1]);
+    const bool beforeEnd = isLast
+                               ? edit.isBeforeLine || edit.hidesLastBlank || endsLine(end) || is(end, Kind::blank)
+                               : isLineEnd(edit.typed[at + 1]);
     bool isBlank = false;
     switch (unit) {
       case u'&': bytes += "&amp;"; break;
       case u'<': bytes += "&lt;"; break;
       case u'>': bytes += "&gt;"; break;
       case u'\n': bytes += kLineBreak; break;
+      case u'"': bytes += m_shown.hasOpenQuote ? "&quot;" : "\""; break;
+      case u'\'': bytes += m_shown.hasOpenQuote ? "&#39;" : "'"; break;
       case u' ':
         isBlank = !afterBlank && !beforeEnd;
         bytes += isBlank ? " " : kFirmBlank;
@@ -202,7 +292,7 @@ std::string RichBody::written(const Change& edit) const {
 
 // A break at the very end of a paragraph ends nothing by itself, and without one an empty paragraph is not seen.
 bool RichBody::needsBreak(const Change& edit) const {
-  const bool isBeforeLine = edit.isBeforeLine || is(edit.begin + edit.length, Kind::line);
+  const bool isBeforeLine = edit.isBeforeLine || (!edit.isOutside && is(edit.begin + edit.length, Kind::line));
   if (!edit.typed.empty()) return edit.typed.back() == u'\n' && isBeforeLine;
   return edit.isBeforeLine ? edit.begin == 0 || text()[edit.begin - 1] == u'\n' : leavesLineEmpty(edit);
 }
@@ -217,35 +307,47 @@ bool RichBody::leavesLineEmpty(const Edit& edit) const {
   return end < text().size() ? is(end, Kind::line) : isPreceded && is(edit.begin - 1, Kind::line);
 }
 
-std::vector<ByteRange> RichBody::removedBy(const Edit& edit, std::size_t place) const {
+// The last line of all has become empty, behind the end of a line that only a following one shows.
+bool RichBody::emptiesLastLine(const Edit& edit) const {
+  if (!edit.typed.empty() || edit.begin + edit.length < text().size() || edit.begin == 0) return false;
+  const ByteRange line = m_shown.characters[edit.begin - 1].bytes;
+  // An invitation keeps its own last line.
+  return is(edit.begin - 1, Kind::line) &&
+         std::none_of(m_shown.bookmarks.begin(), m_shown.bookmarks.end(), [&](const auto& each) {
+           return each.bytes.begin >= line.begin && each.bytes.end <= line.end;
+         });
+}
+
+std::vector<ByteRange> RichBody::removedBy(const Change& edit) const {
   const std::vector<ShownHtml::Character>& all = m_shown.characters;
   const std::size_t end = edit.begin + edit.length;
-  std::vector<ByteRange> removed;
-  bool hasLines = false;
+  std::vector<ByteRange> removed = edit.joined;
   for (std::size_t at = edit.begin; at < end; ++at) {
-    hasLines |= all[at].kind == Kind::line;
-    if (all[at].kind != Kind::line && all[at].kind != Kind::cell) removed.push_back(all[at].bytes);
+    if (!isOfLine(at)) removed.push_back(all[at].bytes);
   }
   // White space that was shown by another that goes would be shown itself.
-  const bool goesOn = is(end, Kind::text) || is(end, Kind::blank);
-  const std::size_t until = goesOn ? all[end].bytes.begin : edit.length > 0 ? all[end - 1].bytes.end : place;
+  const bool goesOn = (is(end, Kind::text) || is(end, Kind::blank)) && !(edit.isOutside && edit.isBeforeLine);
+  const std::size_t from = edit.length > 0 ? all[edit.begin].bytes.begin : edit.place;
+  const std::size_t until = goesOn ? all[end].bytes.begin : edit.length > 0 ? all[end - 1].bytes.end : from;
   auto blank = std::partition_point(m_shown.blanks.begin(), m_shown.blanks.end(),
-                                    [place](const ByteRange& each) { return each.begin < place; });
+                                    [from](const ByteRange& each) { return each.begin < from; });
   for (; blank != m_shown.blanks.end() && blank->begin < until; ++blank) removed.push_back(*blank);
-  if (hasLines) addTagsBetween({all[edit.begin].bytes.begin, all[end - 1].bytes.end}, removed);
   return removed;
 }
 
 // The tags of lines that have become one: those of what has gone altogether, and those that end one line and begin
-// another of the same kind. A table keeps its cells.
-void RichBody::addTagsBetween(ByteRange bytes, std::vector<ByteRange>& removed) const {
+// another of the same kind. False where a line stays, such as a cell of a table.
+bool RichBody::findTagsBetween(ByteRange bytes, std::vector<ByteRange>& tags) const {
   std::vector<ByteRange> whole;
+  bool hasRule = false;
   std::vector<const ShownHtml::LineTag*> begun;
   std::vector<const ShownHtml::LineTag*> ended;
   for (const ShownHtml::LineTag& tag : m_shown.lineTags) {
-    if (tag.bytes.begin < bytes.begin || tag.bytes.end > bytes.end || tag.name == "hr") continue;
-    if (tag.isOfTable) return;
-    if (!tag.isEnd) {
+    if (tag.bytes.begin < bytes.begin || tag.bytes.end > bytes.end) continue;
+    if (tag.isOfTable) return false;
+    if (tag.name == "hr") {
+      hasRule = true;
+    } else if (!tag.isEnd) {
       begun.push_back(&tag);
     } else if (begun.empty()) {
       ended.push_back(&tag);
@@ -253,7 +355,7 @@ void RichBody::addTagsBetween(ByteRange bytes, std::vector<ByteRange>& removed) 
       whole.insert(whole.end(), {begun.back()->bytes, tag.bytes});
       begun.pop_back();
     } else {
-      return;
+      return false;
     }
   }
   // A paragraph and an entry of a list end by themselves where the next one begins.
@@ -265,26 +367,82 @@ void RichBody::addTagsBetween(ByteRange bytes, std::vector<ByteRange>& removed) 
     for (const auto* tag : ended) whole.push_back(tag->bytes);
     for (const auto* tag : begun) whole.push_back(tag->bytes);
   }
-  removed.insert(removed.end(), whole.begin(), whole.end());
+  tags = std::move(whole);
+  return (isMirrored || isImplied) && !hasRule;
 }
 
-void RichBody::rewrite(std::vector<ByteRange> removed, std::size_t place, const std::string& written) {
-  std::sort(removed.begin(), removed.end(),
-            [](const ByteRange& one, const ByteRange& other) { return one.begin < other.begin; });
+// Where in the new HTML what was at that place has come to stand. What is put in at a place goes in front of what
+// is taken out from there on.
+std::size_t RichBody::rewrite(std::vector<Rewriting> all, std::size_t place) {
+  const auto isEarlier = [](const Rewriting& one, const Rewriting& other) {
+    const auto isWide = [](const Rewriting& each) { return each.bytes.end > each.bytes.begin; };
+    return std::pair(one.bytes.begin, isWide(one)) < std::pair(other.bytes.begin, isWide(other));
+  };
+  std::stable_sort(all.begin(), all.end(), isEarlier);
+  closeSigns(all);
+  std::stable_sort(all.begin(), all.end(), isEarlier);
   std::string html;
-  html.reserve(m_html.size() + written.size());
-  html.append(m_html, 0, place);
-  html += written;
-  std::size_t at = place;
-  for (const ByteRange& each : removed) {
+  html.reserve(m_html.size());
+  std::size_t moved = 0;
+  std::size_t at = 0;
+  for (const Rewriting& each : all) {
     // The halves of a pair have the same bytes.
-    if (each.begin < at) continue;
-    html.append(m_html, at, each.begin - at);
-    at = each.end;
+    if (each.bytes.begin < at) continue;
+    html.append(m_html, at, each.bytes.begin - at);
+    at = each.bytes.end;
+    if (each.bytes == ByteRange{place, place}) moved = html.size();
+    html += each.text;
   }
   html.append(m_html, at, kNone);
   m_html = std::move(html);
   read();
+  return moved;
+}
+
+// A sign that stands for itself without being written as one would begin a tag or a name with what comes to stand
+// behind it, and both would be seen no more.
+void RichBody::closeSigns(std::vector<Rewriting>& all) const {
+  if (all.empty()) return;
+  const std::size_t lastAngle = m_html.rfind('>');
+  const std::size_t lastPlace = all.back().bytes.begin;
+  const auto firstBehind = [&](std::size_t place) {
+    return std::partition_point(all.begin(), all.end(),
+                                [place](const Rewriting& each) { return each.bytes.begin < place; });
+  };
+  const auto isChangedIn = [&](std::size_t first, std::size_t last) {
+    const auto found = firstBehind(first);
+    return found != all.end() && found->bytes.begin <= last;
+  };
+  const auto isTakenOut = [&](const ByteRange& sign) {
+    auto each = firstBehind(sign.begin);
+    while (each != all.end() && each->bytes.begin == sign.begin && each->bytes != sign) ++each;
+    return each != all.end() && each->bytes == sign;
+  };
+  const auto mayBeginTag = [this](std::size_t at) {
+    return at < m_html.size() && (isAsciiLetter(m_html[at]) || std::string_view("/!?").find(m_html[at]) != kNone);
+  };
+  std::vector<Rewriting> closed;
+  for (const ShownHtml::Character& each : m_shown.characters) {
+    const ByteRange sign = each.bytes;
+    if (each.kind != Kind::text || sign.end > lastPlace) continue;
+    const bool isSign = m_html[sign.begin] == '<' || m_html[sign.begin] == '&';
+    if (!isSign || isTakenOut(sign)) continue;
+    if (m_html[sign.begin] == '<') {
+      // Behind the last tag it is none only because no tag ends there.
+      const bool isOpen = (lastAngle == kNone || sign.begin > lastAngle) && mayBeginTag(sign.end);
+      if (isOpen || isChangedIn(sign.end, sign.end)) closed.push_back({sign, "&lt;"});
+    } else if (m_html[sign.begin] == '&' && sign.end == sign.begin + 1) {
+      constexpr std::size_t longest = 40;
+      const auto isInName = [](char c) { return c == '#' || (c >= '0' && c <= '9') || isAsciiLetter(c); };
+      std::size_t end = sign.end;
+      while (end < m_html.size() && end - sign.end < longest && isInName(m_html[end])) ++end;
+      if (isChangedIn(sign.end, end)) closed.push_back({sign, "&amp;"});
+    } else if (m_html[sign.begin] == '&' && m_html[sign.end - 1] != ';' && isChangedIn(sign.end, sign.end)) {
+      closed.push_back({{sign.end, sign.end}, ";"});
+    }
+  }
+  // In front of what changes at the same place.
+  all.insert(all.begin(), closed.begin(), closed.end());
 }
 
 // -- Styles ------------------------------------------------------------------------------------------------------
@@ -311,39 +469,31 @@ bool RichBody::turn(std::size_t begin, std::size_t length, TextStyle style) {
   widen(edit);
   const std::size_t end = edit.begin + edit.length;
   const std::vector<ByteRange> without = piecesOf(edit.begin, end, style);
-  std::string html;
-  std::size_t at = 0;
-  const auto copyTo = [&](std::size_t place) {
-    html.append(m_html, at, place - at);
-    at = place;
-  };
+  const std::string_view first = tagOf(style, false);
+  const std::string_view last = tagOf(style, true);
+  std::vector<Rewriting> all;
   for (const ByteRange& piece : without) {
-    copyTo(piece.begin);
-    html += tagOf(style, false);
-    copyTo(piece.end);
-    html += tagOf(style, true);
+    all.push_back({{piece.begin, piece.begin}, first});
+    all.push_back({{piece.end, piece.end}, last});
   }
   if (without.empty()) {
-    const std::string_view first = tagOf(style, false);
-    const std::string_view last = tagOf(style, true);
     const std::vector<ByteRange> pieces = piecesOf(edit.begin, end, kPlain);
+    std::size_t at = 0;
     for (const ByteRange& piece : pieces) {
       const bool isEnclosed = piece.begin >= at + first.size() &&
                               m_html.compare(piece.begin - first.size(), first.size(), first) == 0 &&
                               m_html.compare(piece.end, last.size(), last) == 0;
       if (!isEnclosed) return false;
-      copyTo(piece.begin - first.size());
-      at = piece.begin;
-      copyTo(piece.end);
       at = piece.end + last.size();
+      all.push_back({{piece.begin - first.size(), piece.begin}, ""});
+      all.push_back({{piece.end, at}, ""});
     }
     if (pieces.empty()) return false;
   }
-  copyTo(m_html.size());
-  m_html = std::move(html);
+  rewrite(std::move(all), kNone);
   m_typed = {};
   m_hasBreak = false;
-  read();
+  m_behindCaret = 0;
   return true;
 }
 

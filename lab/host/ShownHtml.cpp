@@ -1,11 +1,11 @@
 #include "lab/host/ShownHtml.h"
 
-#include <optional>
-#include <unordered_map>
+#include <array>
 #include <unordered_set>
 #include <utility>
 
 #include "util/HtmlText.h"
+#include "util/Text.h"
 #include "util/Utf16.h"
 
 namespace vornlab {
@@ -34,34 +34,22 @@ unsigned styleOf(std::string_view name) {
   return name == "u" || name == "ins" ? kUnderlined : kPlain;
 }
 
-// The characters that are written by name or number, or have another meaning than their number. The plug-in's own
-// reader knows them, and is asked for each of them once.
-class Decoder {
- public:
-  // Nothing for what means no character; 0 for one that is not shown.
-  std::optional<char32_t> decoded(std::string_view bytes) {
-    const auto known = m_known.find(std::string(bytes));
-    if (known != m_known.end()) return known->second;
-    const std::string read = vorn::htmlToPlainText("x" + std::string(bytes) + "x");
-    std::optional<char32_t> result;
-    if (read == "xx") {
-      result = 0;
-    } else if (read.size() > 2) {
-      const std::string_view inside = std::string_view(read).substr(1, read.size() - 2);
-      if (vorn::utf8SequenceLength(inside, 0) == inside.size()) result = vorn::characterAt(inside, 0);
-    }
-    m_known.emplace(bytes, result);
-    return result;
-  }
+// As the plug-in writes them, and as an editor does that has dropped the quotes; it knows no other forms.
+constexpr std::array<std::string_view, 2> kBeginBookmarks{"<a name=\"MacVnBookmarkBegin\"></a>",
+                                                          "<a name=MacVnBookmarkBegin></a>"};
+constexpr std::array<std::string_view, 2> kEndBookmarks{"<a name=\"MacVnBookmarkEnd\"></a>",
+                                                        "<a name=MacVnBookmarkEnd></a>"};
 
- private:
-  std::unordered_map<std::string, std::optional<char32_t>> m_known;
-};
+bool isDoctype(std::string_view html) {
+  constexpr std::string_view doctype = "<!doctype";
+  return vorn::asciiLower(std::string(html.substr(0, doctype.size()))) == doctype;
+}
 
 // Blanks and line ends wait until something follows them, so that none stand at an end.
 class Reader {
  public:
-  explicit Reader(std::string_view html) : m_html(html), m_pieces(html) {
+  Reader(std::string_view html, HtmlCharacters& characters)
+      : m_html(html), m_pieces(html), m_characters(characters) {
     m_shown.text.reserve(html.size());
     m_shown.characters.reserve(html.size());
   }
@@ -73,7 +61,9 @@ class Reader {
         case HtmlPiece::Kind::text: addText(piece.bytes); break;
         case HtmlPiece::Kind::blank: addBlanks(piece.bytes); break;
         case HtmlPiece::Kind::entity: addEntity(piece.bytes); break;
-        case HtmlPiece::Kind::hidden: break;
+        case HtmlPiece::Kind::hidden:
+          if (isDoctype(m_html.substr(piece.bytes.begin))) beginBodyBehind(piece.bytes, Place::document);
+          break;
         case HtmlPiece::Kind::tag:
           if (!piece.isEnd) begin(piece);
           if (piece.isEnd || piece.isClosedAtOnce) end(piece);
@@ -81,11 +71,14 @@ class Reader {
       }
     }
     m_shown.lookedAt = m_pieces.lookedAt();
+    m_shown.hasOpenQuote = m_pieces.hasOpenQuote();
     return std::move(m_shown);
   }
 
  private:
   using Kind = ShownHtml::Kind;
+  // What the body may be found by.
+  enum class Place { nowhere, document, head, body };
 
   // -- Characters
 
@@ -94,38 +87,52 @@ class Reader {
       const std::size_t length = vorn::utf8SequenceLength(m_html, at);
       const ByteRange one{at, at + length};
       const char32_t character = m_html[at] == '\0' ? 0xFFFD : vorn::characterAt(m_html, at);
-      constexpr char32_t firstOdd = 0x80;
-      constexpr char32_t lastOdd = 0xA0;
-      const bool isOdd = character >= firstOdd && character <= lastOdd;
-      const auto meant = isOdd ? m_decoder.decoded(m_html.substr(at, length)) : character;
-      if (meant.value_or(0) != 0) show(*meant, Kind::text, one);
-      at += length;
+      at = one.end;
+      // The mark in front of a text that tells its encoding.
+      constexpr char32_t encodingMark = 0xFEFF;
+      if (one.begin == 0 && character == encodingMark) continue;
+      const auto meant = isOdd(character) ? m_characters.meaningOf(m_html.substr(one.begin, length))
+                                          : HtmlCharacters::Meaning{character};
+      if (meant && meant->character != 0) show(meant->character, Kind::text, one);
     }
+  }
+
+  // Not sure to be shown as it stands there.
+  static bool isOdd(char32_t character) {
+    constexpr char32_t firstVisible = 0x20;
+    constexpr char32_t firstHigh = 0x7F;
+    constexpr char32_t lastHigh = 0xA0;
+    constexpr char32_t noCharacter = 0xFFFE;
+    return character < firstVisible || (character >= firstHigh && character <= lastHigh) ||
+           (character & noCharacter) == noCharacter;
   }
 
   void addEntity(ByteRange bytes) {
-    const auto meant = m_decoder.decoded(m_html.substr(bytes.begin, bytes.end - bytes.begin));
+    const auto meant = m_characters.meaningOf(m_html.substr(bytes.begin, bytes.end - bytes.begin));
     if (!meant) return addText(bytes);
-    if (*meant != 0) show(*meant, Kind::text, bytes);
+    if (meant->isBlank) return addBlank(meant->character, bytes);
+    if (meant->character != 0) show(meant->character, Kind::text, bytes);
   }
 
   void addBlanks(ByteRange bytes) {
-    if (m_preformatted > 0) {
-      for (std::size_t at = bytes.begin; at < bytes.end; ++at) addPreformatted(at);
-      return;
+    if (m_preformatted == 0) return addBlank(U' ', bytes);
+    for (std::size_t at = bytes.begin; at < bytes.end; ++at) {
+      addBlank(static_cast<char32_t>(m_html[at]), {at, at + 1});
     }
+  }
+
+  void addBlank(char32_t character, ByteRange bytes) {
+    if (m_preformatted > 0) return addPreformatted(character, bytes);
     m_shown.blanks.push_back(bytes);
     if (!atLineStart() && !m_lineEndWaits && !m_blank) m_blank = looking(Kind::blank, bytes);
   }
 
-  void addPreformatted(std::size_t at) {
-    const ByteRange bytes{at, at + 1};
-    const char c = m_html[at];
-    if (c == '\n') {
+  void addPreformatted(char32_t character, ByteRange bytes) {
+    if (character == U'\n') {
       // The first one behind the tag belongs to the tag.
       if (!std::exchange(m_preformattedBegins, false)) addLineBreak(bytes);
-    } else if (c != '\r') {
-      show(static_cast<char32_t>(c), Kind::text, bytes);
+    } else if (character != U'\r' && character != 0) {
+      show(character, Kind::text, bytes);
     }
   }
 
@@ -193,12 +200,13 @@ class Reader {
     } else if (tag.name == "a") {
       beginAnchor(tag);
     }
-    if (tag.name == "body") m_shown.bodyBegin = tag.bytes.end;
+    if (tag.name == "html") beginBodyBehind(tag.bytes, Place::document);
+    if (tag.name == "body") beginBodyBehind(tag.bytes, Place::body);
     count(tag.name, 1);
   }
 
   void end(const HtmlPiece& tag) {
-    if (tag.name == "head" && m_shown.bodyBegin == 0) m_shown.bodyBegin = tag.bytes.end;
+    if (tag.name == "head") beginBodyBehind(tag.bytes, Place::head);
     int& open = m_open[tag.name];
     // The end of what was never begun means nothing, but for a paragraph, which it is then the whole of.
     if (open == 0 && tag.name != "p") return;
@@ -208,6 +216,14 @@ class Reader {
     if (tag.name == "pre" && m_preformatted > 0) --m_preformatted;
     if (tag.name == "a") endAnchor(tag);
     count(tag.name, -1);
+  }
+
+  // The first tag of its kind counts, and less than one that stands nearer to the body.
+  void beginBodyBehind(ByteRange tag, Place nearness) {
+    const bool isFirst = m_nearness < nearness || (nearness == Place::document && m_nearness == nearness);
+    if (!isFirst || !m_shown.text.empty()) return;
+    m_nearness = nearness;
+    m_shown.bodyBegin = tag.end;
   }
 
   void note(const HtmlPiece& tag) {
@@ -225,8 +241,14 @@ class Reader {
   }
 
   void beginAnchor(const HtmlPiece& tag) {
+    for (const auto* forms : {&kBeginBookmarks, &kEndBookmarks}) {
+      for (const std::string_view form : *forms) {
+        if (!m_html.substr(tag.bytes.begin).starts_with(form)) continue;
+        m_shown.bookmarks.push_back({{tag.bytes.begin, tag.bytes.begin + form.size()}, forms == &kEndBookmarks});
+      }
+    }
     const std::string_view address = m_pieces.attribute(tag, "href");
-    if (!address.empty()) m_shown.links.push_back({vorn::htmlToPlainText(address), 0});
+    if (!address.empty()) m_shown.links.push_back({std::string(address), 0});
     m_anchors.push_back(address.empty() ? 0 : static_cast<std::uint32_t>(m_shown.links.size()));
   }
 
@@ -256,8 +278,9 @@ class Reader {
 
   std::string_view m_html;
   HtmlPieces m_pieces;
-  Decoder m_decoder;
+  HtmlCharacters& m_characters;
   ShownHtml m_shown;
+  Place m_nearness = Place::nowhere;
   std::unordered_map<std::string, int> m_open;
   // Of the anchors that are open, the youngest last: their links, or 0.
   std::vector<std::uint32_t> m_anchors;
@@ -276,6 +299,31 @@ class Reader {
 
 }  // namespace
 
-ShownHtml readShownHtml(std::string_view html) { return Reader(html).read(); }
+std::optional<HtmlCharacters::Meaning> HtmlCharacters::meaningOf(std::string_view bytes) {
+  const auto known = m_known.find(std::string(bytes));
+  if (known != m_known.end()) return known->second;
+  // What it is between two characters, as it is written, and by itself.
+  const auto between = [&](std::string_view before, std::string_view after) {
+    return vorn::htmlToPlainText(std::string(before).append(bytes).append(after));
+  };
+  const auto onlyOne = [](std::string_view read) -> std::optional<Meaning> {
+    if (read == "xx") return Meaning();
+    if (read.size() <= 2) return {};
+    const std::string_view inside = read.substr(1, read.size() - 2);
+    if (vorn::utf8SequenceLength(inside, 0) != inside.size()) return {};
+    return Meaning{vorn::characterAt(inside, 0)};
+  };
+  std::optional<Meaning> result = onlyOne(between("x", "x"));
+  if (result && result->character == U' ' && between("", "").empty()) {
+    result = onlyOne(between("<pre>x", "x</pre>")).value_or(Meaning());
+    result->isBlank = true;
+  }
+  m_known.emplace(bytes, result);
+  return result;
+}
+
+ShownHtml readShownHtml(std::string_view html, HtmlCharacters& characters) {
+  return Reader(html, characters).read();
+}
 
 }  // namespace vornlab

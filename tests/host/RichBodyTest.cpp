@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "invitation/vnBodyHelper.h"
 #include "util/HtmlText.h"
 #include "util/Utf16.h"
 
@@ -49,6 +50,12 @@ TEST(RichBody, ShowsWhatAReaderSees) {
       {"a \n <b> b </b> c", "a *b *c"},
       {"e\xCC\x81\xF0\x9F\x98\x80\xC2\x80\xC2\xA0\xFF", "e\xCC\x81\xF0\x9F\x98\x80\xE2\x82\xAC \xEF\xBF\xBD"},
       {"</b>a<b>b<i>c</b>d</i>e<b", "a*b**/c/*/d/e<b"},
+      {"a&#32;&#32;b<p>&#32;a<pre>c&#10;&#32;d", "a b\na\nc\n d"},
+      {"<img alt= src=\"a>b\">t<a href=u?q=\"x>y\">u</a><b =\"x>y\">v<br / >", "t[u](u?q=\"x>y\")*v\n*"},
+      {"\xEF\xBB\xBF"
+       "a\x01\f\xEF\xBF\xBE"
+       "b",
+       "ab"},
   };
   for (const Row& row : rows) {
     const RichBody body(row.html);
@@ -98,6 +105,23 @@ TEST(RichBody, AnEditChangesTheBytesOfItsOwnPlace) {
       {"<ul><li>a</ul><p>b</p>", 1, 1, "", "<ul><li>a</ul><p>b</p>"},
       {"<table><tr><td>ab</td><td>cd</td></tr></table>", 1, 3, "x",
        "<table><tr><td>ax</td><td>d</td></tr></table>"},
+      {"<p>a</p> <p>bc</p>", 1, 2, "", "<p>ac</p>"},
+      {"<p>a</p><p>bc</p>", 1, 2, "x", "<p>axc</p>"},
+      {"<p>a</p><p>q</p>", 2, 1, "", "<p>a<br></p><p></p>"},
+      {"<table><tr><td>a</td><td>b</td></tr></table>", 1, 2, " y ",
+       "<table><tr><td>a</td><td>&nbsp;y&nbsp;</td></tr></table>"},
+      {"<table><tr><td>a</td><td>&lt;</td></tr></table>", 1, 1, " y ",
+       "<table><tr><td>a y&nbsp;</td><td>&lt;</td></tr></table>"},
+      {"<!DOCTYPE html><html><p></p></html>", 0, 0, "q", "<!DOCTYPE html><html>q<p></p></html>"},
+      // A sign that stands for itself alone does not become markup with what is typed or left beside it.
+      {"<p>x < y > z</p>", 3, 1, "", "<p>x &lt;y > z</p>"},
+      {"<p>x < y > z</p>", 3, 0, "q", "<p>x &lt;q y > z</p>"},
+      {"a&", 2, 0, "lt;", "a&amp;lt;"},
+      {"a&xlt;", 2, 1, "", "a&amp;lt;"},
+      {"a&#65", 2, 0, "6", "a&#65;6"},
+      {"a&#65b", 1, 1, "6", "a6b"},
+      {"a < b</", 7, 0, "c\n", "a < b&lt;/c<br>"},
+      {"<b t=\"x>y", 1, 0, "\"", "<b t=\"x>y&quot;"},
       {"<div><br></div>", 0, 0, "x", "<div>x<br></div>"},
       {"<pre>a\nb</pre>", 1, 1, "", "<pre>ab</pre>"},
       // Characters of two units, in whole and by half, and signs above a letter.
@@ -183,11 +207,72 @@ TEST(RichBody, WhatIsTypedInOneGoHasBlanksThatCanBeBroken) {
     EXPECT_EQ(toUtf8(lines.text()), row.text);
     EXPECT_EQ(lines.html(), row.html);
   }
+  // Behind the break that nobody has typed the next line begins.
+  RichBody next("<p>a</p><p>b</p>");
+  next.replace(1, 0, u"\n");
+  next.replace(3, 0, u"x");
+  EXPECT_EQ(next.html(), "<p>a<br><br></p><p>xb</p>");
   RichBody emptied("<p>a</p><p>b</p>");
   emptied.replace(0, 1, u"");
   EXPECT_EQ(emptied.html(), "<p><br></p><p>b</p>");
   emptied.replace(0, 0, u"c");
   EXPECT_EQ(emptied.html(), "<p>c</p><p>b</p>");
+}
+
+// What somebody types at either end of the invitation, in place of all of it, or inside; "^" is where the caret is
+// then. The plug-in's next update keeps exactly what was typed outside.
+TEST(RichBody, WhatIsTypedAroundAnInvitationIsNotThePlugInsToReplace) {
+  const struct {
+    const char* html;
+    std::size_t begin;
+    std::size_t length;
+    std::u16string typed;
+    const char* shown;
+    const char* updated;
+  } rows[] = {
+      {"<body>{<div><p>Robin</p><p>Help</p></div>}</body>", 0, 0, u"Hi, you\n!", "Hi, you\n!^\nRobin\nHelp",
+       "<body>Hi, you<br>!{NEW}</body>"},
+      {"<body>{<div><p>Robin</p><p>Help</p></div>}</body>", 10, 0, u" Mine ", "Robin\nHelp\n Mine ^",
+       "<body>{NEW}&nbsp;Mine&nbsp;</body>"},
+      {"<body>{<p>Robin</p>}</body>", 5, 0, u"\nMine", "Robin\n\nMine^", "<body>{NEW}<br>Mine</body>"},
+      {"<body>{<p>Robin</p>}</body>", 0, 5, u"Mine", "Mine^", "<body>Mine{NEW}</body>"},
+      {"<body>{<p>Robin</p>}</body>", 3, 0, u"x", "Robx^in", "<body>{NEW}</body>"},
+      {"<body>{<p>Robin</p>}</body>", 2, 3, u"x", "Rox^", "<body>{NEW}</body>"},
+      {"<body>{<p>Robin</p>}</body>", 0, 3, u"x", "x^in", "<body>{NEW}</body>"},
+      {"{}", 0, 0, u"x", "x^", "x{NEW}"},
+      // Beside a person's own text it stands on a line of its own.
+      {"<p>Own</p>{<p>Robin</p>}<p>Low</p>", 4, 0, u"xy", "Own\nxy^\nRobin\nLow", "<p>Own</p>xy{NEW}<p>Low</p>"},
+      {"<p>Own</p>{<p>Robin</p>}<p>Low</p>", 9, 0, u"xy", "Own\nRobin\nxy^\nLow", "<p>Own</p>{NEW}xy<p>Low</p>"},
+      {"Own{<p>Robin</p>}Low", 4, 0, u"xy", "Own\nxy^\nRobin\nLow", "Own<br>xy{NEW}Low"},
+      {"Own{<p>Robin</p>}Low", 9, 0, u"xy", "Own\nRobin\nxy^\nLow", "Own{NEW}xy<br>Low"},
+      {"Own{Robin}Low", 8, 0, u"xy", "OwnRobinxy^Low", "Own{NEW}xyLow"},
+      {"<p>Own</p>{<p>Robin</p>}<p>Low</p>", 6, 5, u"x", "Own\nRox^ow", "<p>Own</p>{NEW}xow</p>"},
+      {"<p>Own</p>{<p>Robin</p>}<p>Low</p>", 2, 4, u"x", "Owx^bin\nLow", "<p>Owx{NEW}<p>Low</p>"},
+  };
+  const auto withBookmarks = [](std::string text, bool isQuoted) {
+    const auto put = [&](const char* sign, std::string_view bookmark) {
+      if (text.find(sign) != std::string::npos) text.replace(text.find(sign), 1, bookmark);
+    };
+    put("{", isQuoted ? vorn::kvn_BeginBookmark : vorn::kvn_BeginBookmarkEx);
+    put("}", isQuoted ? vorn::kvn_EndBookmark : vorn::kvn_EndBookmarkEx);
+    return text;
+  };
+  for (const auto& row : rows) {
+    for (const bool isQuoted : {true, false}) {
+      RichBody body(withBookmarks(row.html, isQuoted));
+      // At once and, as it comes from a keyboard, one by one.
+      std::size_t caret = row.begin;
+      for (std::size_t at = 0; at < row.typed.size(); ++at) {
+        body.replace(caret, at == 0 ? row.length : 0, row.typed.substr(at, isQuoted ? std::u16string::npos : 1));
+        caret = body.caret();
+        if (isQuoted) break;
+      }
+      EXPECT_EQ(toUtf8(body.text().substr(0, caret) + u"^" + body.text().substr(caret)), row.shown) << row.html;
+      EXPECT_EQ(vorn::vnBodyHelper::sharedInstance().updateVnBodyWithSrcBody(body.html(), "NEW", true, nullptr),
+                withBookmarks(row.updated, true))
+          << body.html();
+    }
+  }
 }
 
 TEST(RichBody, AStyleIsGivenToWhatHasItNotAndTakenFromWhatHasIt) {
@@ -203,6 +288,7 @@ TEST(RichBody, AStyleIsGivenToWhatHasItNotAndTakenFromWhatHasIt) {
                       {"a<b>b</b><b>c</b>", 1, 2, "abc"},
                       {"<b>ab</b>", 0, 1, "<b>ab</b>"},
                       {"<strong>a</strong>", 0, 1, "<strong>a</strong>"},
+                      {"</a", 0, 2, "<b>&lt;/</b>a"},
                       {"ab", 1, 0, "ab"}};
   for (const Row& row : rows) {
     RichBody body(row.html);
