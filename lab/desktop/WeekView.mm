@@ -493,11 +493,14 @@ WeekItem movedTo(WeekItem item, double start) {
   NSTimeZone* zone = before.isAllDay ? [[[m_controller selectedEvent] startTime] timeZone] : [self zone];
   const LocalClock clock = clockOf(zone);
   switch (dragged.hold) {
+    // It gets no shorter than a step, and one that is shorter already stays as it is.
     case Hold::start:
-      dragged.now.start = std::min(clock.seconds(clock.local(before.start) + down), before.end - kStep);
+      dragged.now.start =
+          std::min(clock.seconds(clock.local(before.start) + down), std::max(before.start, before.end - kStep));
       break;
     case Hold::end:
-      dragged.now.end = std::max(clock.seconds(clock.local(before.end) + down), before.start + kStep);
+      dragged.now.end =
+          std::max(clock.seconds(clock.local(before.end) + down), std::min(before.end, before.start + kStep));
       break;
     case Hold::whole:
       if (before.isAllDay) down = 0;
