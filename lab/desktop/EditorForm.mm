@@ -229,7 +229,7 @@ NSString* zoneText(OLCalendarDate* date) {
   const vornlab::Appointment& shown = m_event->m_appointment;
   const std::string chosen = shown.sender(host, [self typed].organizer);
   [m_from removeAllItems];
-  for (const std::string& sender : shown.senders(host)) {
+  for (const std::string& sender : shown.senders(host, [self typed].organizer)) {
     [m_from addItemWithTitle:vornlab::foundationText(sender)];
     if (vorn::equalIgnoringCase(sender, chosen)) [m_from selectItem:[m_from lastItem]];
   }

@@ -126,10 +126,10 @@ OptionalText Appointment::organizer() const {
   return m_changes.organizer ? m_changes.organizer : unlessEmpty(ofStored(&CalendarEvent::organizerAddress));
 }
 
-std::vector<std::string> Appointment::senders(const HostState& host) const {
+std::vector<std::string> Appointment::senders(const HostState& host, const OptionalText& chosen) const {
   std::vector<std::string> all{host.options.userAddress};
   all.insert(all.end(), host.options.otherAccounts.begin(), host.options.otherAccounts.end());
-  all.push_back(organizer().value_or(""));
+  for (const OptionalText& each : {organizer(), chosen}) all.push_back(each.value_or(""));
   std::vector<std::string> result;
   for (const std::string& each : all) {
     const auto isEach = [&](const std::string& other) { return vorn::equalIgnoringCase(each, other); };
@@ -140,7 +140,7 @@ std::vector<std::string> Appointment::senders(const HostState& host) const {
 
 std::string Appointment::sender(const HostState& host, const OptionalText& chosen) const {
   if (const OptionalText caller = chosen ? chosen : organizer()) return *caller;
-  const std::vector<std::string> all = senders(host);
+  const std::vector<std::string> all = senders(host, chosen);
   return all.empty() ? "" : all.front();
 }
 

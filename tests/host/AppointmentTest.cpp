@@ -55,7 +55,9 @@ TEST_F(AppointmentTest, IsOnesOwnByEachOfOnesAddresses) {
   called.attendees = {{"Jo", "jo@b.example", 0}};
   called.organizer = "Kim@a.example";
   ASSERT_TRUE(shown.withChanges(called).write(host));
-  EXPECT_EQ(shown.senders(host), (Senders{"room@a.example", "Kim@a.example"}));
+  EXPECT_EQ(shown.senders(host, "kim@a.example"), (Senders{"room@a.example", "Kim@a.example"}));
+  EXPECT_EQ(shown.senders(host, "jo@b.example"), (Senders{"room@a.example", "Kim@a.example", "jo@b.example"}))
+      << "who is chosen is shown, also when that account has signed out";
   EXPECT_EQ(shown.sender(host, std::nullopt), "Kim@a.example");
   host.options.otherAccounts.clear();
   EXPECT_TRUE(shown.isOwnedIn(host)) << "nobody is known";
