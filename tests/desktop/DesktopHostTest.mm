@@ -513,6 +513,22 @@ TEST_F(Desk, TheBodyIsTypedAndWhatIsNotShownStays) {
             "<p><i>&nbsp;</i><b>this now &lt;é😀&nbsp;<br>x</b><!--k--></p><p><img src=\"x\">end</p>");
 }
 
+TEST_F(Desk, WordsAroundAnInvitationAreTypedInTheirOrderAndOutsideOfIt) {
+  load(eventText("a", std::string(kPlain) +
+                          "X-ALT-DESC;FMTTYPE=text/html:<a name=MacVnBookmarkBegin></a><p>Help</p>"
+                          "<a name=MacVnBookmarkEnd></a>\r\n"));
+  ERCalendarEventEditorWindowController* controller = openEditor("a");
+  NSTextView* body = [[[vnEditorForm formOf:[controller editorViewController]] bodyText] view];
+  ASSERT_TRUE(clickOn(body));
+  [body setSelectedRange:NSMakeRange(4, 0)];
+  typeKeys([controller window], @"Yours, R");
+  [body setSelectedRange:NSMakeRange(0, 0)];
+  typeKeys([controller window], @"Hi all");
+  EXPECT_EQ(plainText([body string]), "Hi all\nHelp\nYours, R");
+  EXPECT_EQ(plainText([[controller editorViewController]->m_wordEditor->m_content bodyContent]),
+            "Hi all<a name=MacVnBookmarkBegin></a><p>Help</p><a name=MacVnBookmarkEnd></a>Yours, R");
+}
+
 TEST_F(Desk, ManyWholeDaysAreCountedAndShownByAClick) {
   std::string events;
   for (int i = 0; i < 50; ++i) {
