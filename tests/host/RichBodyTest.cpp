@@ -152,8 +152,9 @@ TEST(RichBody, AnEditChangesTheBytesOfItsOwnPlace) {
 // Wherever somebody types or deletes in one line, exactly that is shown afterwards, and nothing unseen is lost.
 TEST(RichBody, ShowsAfterEachEditWhatAPersonExpects) {
   const char* const bodies[] = {
-      "<html><body><p class=M>Dear <b>all</b>, &nbsp;<!--k--> see <a href=u> this </a>.</p>\n<p> next  &amp; <i>x "
-      "</i> y\n</p></body></html>",
+      R"(<html><body><p class=M>Dear <b>all</b>, &nbsp;<!--k--> see <a href=u> this </a>.</p>
+<p> next  &amp; <i>x </i> y
+</p></body></html>)",
       "one<br>two <br><br> <div> three <u> four</u></div><div>five<br></div>six",
       "<ul>\n<li>a <b> b</b></li>\n<li>c</li></ul><!--k--><div><br></div>end <span style='x'> of</span> it "};
   const std::u16string texts[] = {u"", u"x", u" ", u"  ", u"\n", u" x ", u"x\ny"};

@@ -215,6 +215,7 @@ TEST_F(PanelReasonsTest, SayWhoIsBehindIt) {
       {0, nothing, "unmuteParticipantsButton", kNo, "isSupportUnmuteAll"},
       {0, nothing, "publicEventButton", kNo, "isEnableAddMeetingToPublicCalendarEvent"},
       {0, nothing, "encryptionBox", kNo, "isSupportE2eeMeeting"},
+      {0, nothing, "enhancedHelpButton", kNo, "isSupportE2eeMeeting"},
       {0, nothing, "jbhLimitTimePopUp", kNo, "isSupportJbhPriorTime"},
       {0, nothing, "restrictDomainsBox", kNo, "isSupportOnlyAuthUsersCanJoin"},
       {0, nothing, "tspAccountButton", kNo, "isTspSite"},

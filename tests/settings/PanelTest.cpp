@@ -102,6 +102,7 @@ TEST_F(SettingsPanelTest, OffersTheListOfPublicEventsWithThePublicEvent) {
   open();
   EXPECT_TRUE(control("publicEventListButton").hidden);
   turn("publicEventButton", true);
+  EXPECT_FALSE(control("publicEventListButton").text.empty());
   EXPECT_EQ(click("publicEventListButton"), Use::done);
   EXPECT_THAT(test.workspace.openedPages, ElementsAre("https://vorn.example/events"));
   EXPECT_TRUE(settings()[vn_Setting_EnableAddMeetingToPublicEvent].boolValue());

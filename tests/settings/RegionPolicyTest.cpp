@@ -178,6 +178,7 @@ TEST_F(RegionPolicyTest, AListIsSearchedByTheBeginningOfANameAndASeparatorChoose
   openFor(true, false, {"DE", "NG"});
   click("allowDenyEditButton");
   waitForChips();
+  EXPECT_TRUE(control("allowDenyRCAllowButton").on && !control("allowDenyRCBlockButton").on);
   keyIn(kRegionsField, "nI");
   EXPECT_THAT(rows(kRegionList), ElementsAre("Niger")) << "the other one is in the text";
   edit(kRegionsField, [](TokenText& text) { text.select({2, SIZE_MAX}), text.type("Niger"); });
