@@ -77,9 +77,9 @@ class Appointment {
   vorn::OptionalText organizer() const;
   bool isMeeting() const { return !attendees().empty(); }
   // The addresses from which it can be sent, each once: that of the calendar's owner, those of the other accounts,
-  // whoever has called it, and a person's choice, which may be of an account that is signed in no more. And the one
-  // from which it is: that of the choice, or of whoever has called it, or else the first of them; "" for the owner of
-  // a calendar without addresses.
+  // whoever has called it, and a person's choice, which may be of an account that is signed in no more. And the
+  // one from which it is: that of the choice, or of whoever has called it, or else the first of them; "" for the
+  // owner of a calendar without addresses.
   std::vector<std::string> senders(const HostState& host, const vorn::OptionalText& chosen) const;
   std::string sender(const HostState& host, const vorn::OptionalText& chosen) const;
   // That time in the zone of the start.
