@@ -11,7 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::size_t length = input.byte() % 4;
   const vornlab::TextStyle style = input.byte() % 2 == 0 ? vornlab::kBold : vornlab::kItalic;
   const std::string html(input.rest());
-  const vornlab::ShownHtml shown = vornlab::readShownHtml(html);
+  vornlab::HtmlCharacters characters;
+  const vornlab::ShownHtml shown = vornlab::readShownHtml(html, characters);
   check(shown.text.size() == shown.characters.size(), "each unit has its place");
   std::size_t at = 0;
   for (const vornlab::ShownHtml::Character& each : shown.characters) {
@@ -31,7 +32,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   };
   const bool isWhole = !isHalf(place) && !isHalf(place + taken);
   expected.replace(place, taken, u"x");
-  if (isInLine && isWhole)
+  // Beside an invitation it stands on a line of its own.
+  const bool isAlone = html.find("MacVnBookmark") == std::string::npos;
+  if (isInLine && isWhole && isAlone)
     check(body.text() == expected, "an edit in one line shows what was typed and nothing else");
   const std::u16string before = body.text();
   body.turn(place, 3, style);

@@ -47,6 +47,20 @@ std::u16string typable(std::u16string_view typed) {
   return result;
 }
 
+// Where "&#32" or "&#x20" begins that has no semicolon yet; kNone where none ends at the place.
+std::size_t openNumberBefore(std::string_view html, std::size_t place) {
+  constexpr std::size_t longest = 40;
+  const std::size_t from = place - std::min(place, longest);
+  const std::size_t sign = html.substr(0, place).rfind("&#");
+  if (sign == std::string_view::npos || sign < from) return kNone;
+  std::size_t at = sign + 2;
+  const bool isHex = at < place && (html[at] == 'x' || html[at] == 'X');
+  if (isHex) ++at;
+  const std::string_view digits = isHex ? "0123456789abcdefABCDEF" : "0123456789";
+  return at < place && html.substr(at, place - at).find_first_not_of(digits) == std::string_view::npos ? sign
+                                                                                                       : kNone;
+}
+
 std::string_view tagOf(TextStyle style, bool isEnd) {
   switch (style) {
     case kBold: return isEnd ? "</b>" : "<b>";
@@ -170,7 +184,8 @@ bool RichBody::hasLineTag(std::size_t begin, std::size_t end) const {
 }
 
 // What is between the bookmarks is the plug-in's to replace. So whoever types at one of its two ends, or in place
-// of all of it, does so outside, on a line of its own where the invitation has lines of its own.
+// of what is there, does so outside, on a line of its own where the invitation has lines of its own: what is typed
+// next goes on behind it, and may be a whole agenda.
 void RichBody::stepOutside(Change& edit) const {
   if (edit.typed.empty()) return;
   const std::vector<ShownHtml::Character>& all = m_shown.characters;
@@ -192,10 +207,6 @@ void RichBody::stepOutside(Change& edit) const {
     if (!each.isEnd && !first) first = &each;
     if (each.isEnd && isBehind) last = &each;
   }
-  const bool isInsertion = edit.length == 0;
-  // In place of a part of the invitation it belongs to it as that did.
-  if (first && !isInsertion && !last) return;
-  if (!first && last && !isInsertion && last->bytes.begin >= all[end - 1].bytes.end) return;
   if (!first && !last) return;
   edit.isOutside = true;
   edit.place = first ? first->bytes.begin : last->bytes.end;
@@ -440,6 +451,19 @@ void RichBody::closeSigns(std::vector<Rewriting>& all) const {
     } else if (m_html[sign.begin] == '&' && m_html[sign.end - 1] != ';' && isChangedIn(sign.end, sign.end)) {
       closed.push_back({{sign.end, sign.end}, ";"});
     }
+  }
+  // A number of white space has no sign of its own.
+  for (const Rewriting& each : all) {
+    const std::size_t place = each.bytes.begin;
+    const std::size_t number = openNumberBefore(m_html, place);
+    const auto isAt = [&](const Rewriting& other) {
+      return other.bytes.begin <= number && number < other.bytes.end;
+    };
+    const auto isClosed = [&](const Rewriting& other) { return other.bytes.begin == place || isAt(other); };
+    if (number == kNone || std::any_of(all.begin(), all.end(), isAt) ||
+        std::any_of(closed.begin(), closed.end(), isClosed))
+      continue;
+    closed.push_back({{place, place}, ";"});
   }
   // In front of what changes at the same place.
   all.insert(all.begin(), closed.begin(), closed.end());

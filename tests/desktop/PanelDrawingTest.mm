@@ -303,7 +303,7 @@ TEST_F(Screen, AWindowOfThePanelComesAndGoesWithItsControl) {
   EXPECT_LE(NSMaxY([drawn().page("offers")->window() frame]), corner.y + 1);
   change("offers", [](Control& control) { control.hidden = true; });
   EXPECT_FALSE([drawn().page("offers")->window() isVisible]);
-  // Above it where there is no room below, so that it never lies on what is typed.
+  // Above it where there is no room below.
   const NSPoint lowest = NSMakePoint(20, -inWindow.origin.y + 4);
   [[field window] setFrameOrigin:lowest];
   change("offers", [](Control& control) { control.hidden = false; });

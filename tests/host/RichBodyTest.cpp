@@ -119,6 +119,7 @@ TEST(RichBody, AnEditChangesTheBytesOfItsOwnPlace) {
       {"a&", 2, 0, "lt;", "a&amp;lt;"},
       {"a&xlt;", 2, 1, "", "a&amp;lt;"},
       {"a&#65", 2, 0, "6", "a&#65;6"},
+      {"<p>a&#32b</p>", 2, 0, "6", "<p>a&#32;6b</p>"},
       {"a&#65b", 1, 1, "6", "a6b"},
       {"a < b</", 7, 0, "c\n", "a < b&lt;/c<br>"},
       {"<b t=\"x>y", 1, 0, "\"", "<b t=\"x>y&quot;"},
@@ -238,8 +239,8 @@ TEST(RichBody, WhatIsTypedAroundAnInvitationIsNotThePlugInsToReplace) {
       {"<body>{<p>Robin</p>}</body>", 5, 0, u"\nMine", "Robin\n\nMine^", "<body>{NEW}<br>Mine</body>"},
       {"<body>{<p>Robin</p>}</body>", 0, 5, u"Mine", "Mine^", "<body>Mine{NEW}</body>"},
       {"<body>{<p>Robin</p>}</body>", 3, 0, u"x", "Robx^in", "<body>{NEW}</body>"},
-      {"<body>{<p>Robin</p>}</body>", 2, 3, u"x", "Rox^", "<body>{NEW}</body>"},
-      {"<body>{<p>Robin</p>}</body>", 0, 3, u"x", "x^in", "<body>{NEW}</body>"},
+      {"<body>{<p>Robin</p>}</body>", 2, 3, u"x", "Ro\nx^", "<body>{NEW}x</body>"},
+      {"<body>{<p>Robin</p>}</body>", 0, 3, u"x", "x^\nin", "<body>x{NEW}</body>"},
       {"{}", 0, 0, u"x", "x^", "x{NEW}"},
       // Beside a person's own text it stands on a line of its own.
       {"<p>Own</p>{<p>Robin</p>}<p>Low</p>", 4, 0, u"xy", "Own\nxy^\nRobin\nLow", "<p>Own</p>xy{NEW}<p>Low</p>"},

@@ -73,6 +73,8 @@ class TokenText {
   std::size_t length() const { return m_units.size(); }
   // Its length is 0 for a caret alone.
   TextRange selection() const;
+  // The end of the selection that moves.
+  std::size_t caret() const { return m_caret; }
   // Chips by the order of the text.
   const std::vector<TokenChip>& chips() const { return m_chips; }
   bool isChip(std::size_t position) const { return position < m_units.size() && m_units[position] == kChip; }

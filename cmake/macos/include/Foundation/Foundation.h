@@ -61,6 +61,7 @@ static inline CGFloat NSMaxY(NSRect rect) { return rect.origin.y + rect.size.hei
 static inline CGFloat NSWidth(NSRect rect) { return rect.size.width; }
 static inline CGFloat NSHeight(NSRect rect) { return rect.size.height; }
 FOUNDATION_EXPORT NSRect NSInsetRect(NSRect rect, CGFloat x, CGFloat y);
+FOUNDATION_EXPORT NSRect NSIntersectionRect(NSRect one, NSRect other);
 
 static inline NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
   NSRange range = {location, length};

@@ -47,9 +47,11 @@ double heightOfText(NSString* text, NSFont* font, double width) {
 double widthOfText(NSString* text, NSFont* font) { return std::ceil(sizeOfText(text, font, 0).width); }
 
 NSString* textWithin(NSString* text, NSFont* font, double width) {
-  // No letter is narrower than this, so what is longer need not be measured whole.
+  // Few letters are narrower than this, so what is a good deal longer need not be measured whole. Signs that join
+  // others have no width of their own.
   constexpr double narrowest = 1;
-  const auto most = static_cast<NSUInteger>(std::max(width, 0.0) / narrowest);
+  constexpr double alwaysMeasured = 64;
+  const auto most = static_cast<NSUInteger>(std::max(width / narrowest, alwaysMeasured));
   if ([text length] <= most && widthOfText(text, font) <= width) return text;
   NSUInteger fits = 0;
   NSUInteger tooLong = std::min([text length], most) + 1;

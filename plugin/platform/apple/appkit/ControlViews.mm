@@ -137,9 +137,12 @@ void drawRedBorder(NSView* field, double width) {
   const double height = vorn::heightOfText(@"Xg", [self font], 0);
   frame = NSInsetRect(frame, 0, std::max(0.0, std::floor((NSHeight(frame) - height) / 2)));
   NSString* whole = [[[self stringValue] retain] autorelease];
-  [self setStringValue:vorn::textWithin(whole, [self font], NSWidth(frame) - sides)];
+  NSString* fitting = vorn::textWithin(whole, [self font], NSWidth(frame) - sides);
+  // A cell that is given a text wants to be drawn again.
+  const bool isCut = fitting != whole;
+  if (isCut) [self setStringValue:fitting];
   [super drawInteriorWithFrame:frame inView:view];
-  [self setStringValue:whole];
+  if (isCut) [self setStringValue:whole];
 }
 @end
 
@@ -544,6 +547,7 @@ class ListView final : public ControlView {
     auto column = Retained<NSTableColumn*>::adopted([[NSTableColumn alloc] initWithIdentifier:@"title"]);
     [column.get() setDataCell:[[[vnListCell alloc] initTextCell:@""] autorelease]];
     [[column.get() dataCell] setFont:controlFont()];
+    [[column.get() dataCell] setLineBreakMode:NSLineBreakByTruncatingTail];
     [column.get() setEditable:NO];
     [table.get() addTableColumn:column.get()];
     [table.get() setHeaderView:nil];

@@ -481,8 +481,9 @@ void PanelPage::showOn(NSWindow* parent, NSView* below) {
   NSRect frame = [window frame];
   const NSRect screen = [([parent screen] ? [parent screen] : [NSScreen mainScreen]) visibleFrame];
   if (below) {
-    // Of a long field what is in sight.
-    const NSRect field = [below convertRect:[below visibleRect] toView:nil];
+    // Of a long field what is in sight, which newer systems no longer cut to the view.
+    const NSRect inSight = NSIntersectionRect([below bounds], [below visibleRect]);
+    const NSRect field = [below convertRect:NSHeight(inSight) > 0 ? inSight : [below bounds] toView:nil];
     const NSPoint corner = [[below window] convertBaseToScreen:field.origin];
     frame.origin = NSMakePoint(corner.x, corner.y - frame.size.height - kBesideField);
     // Where there is no room below the field it stands above, and leaves in sight what is typed.

@@ -334,15 +334,20 @@ struct State {
 }
 
 // -- What the user does
+// A text of many lines may be higher than the panel.
+- (void)scrollToCaret {
+  const NSPoint caret = [self pointOfPosition:[self shown].tokens.caret()];
+  [self scrollRectToVisible:NSMakeRect(caret.x, caret.y - kPadding, 1, lineHeight() + 2 * kPadding)];
+}
 - (void)act:(const std::function<void(TokenText&)>&)what {
   if (![self shown].enabled || !m_act) return;
   // The view may be let go of in what it tells of, and what it tells it through with it.
   [[self retain] autorelease];
   const vorn::TokenAct act = *static_cast<const vorn::TokenAct*>(m_act);
+  // Before it, too: a list that opens hangs on what is in sight.
+  [self scrollToCaret];
   act(what);
-  // A text of many lines may be higher than the panel.
-  const NSPoint caret = [self pointOfPosition:[self shown].tokens.selection().end()];
-  [self scrollRectToVisible:NSMakeRect(caret.x, caret.y - kPadding, 1, lineHeight() + 2 * kPadding)];
+  [self scrollToCaret];
 }
 - (void)pressKey:(TokenText::Key)key extends:(BOOL)extends {
   const auto extending = extends ? TokenText::Extends::yes : TokenText::Extends::no;
