@@ -51,8 +51,9 @@ std::u16string typable(std::u16string_view typed) {
 std::size_t openNumberBefore(std::string_view html, std::size_t place) {
   constexpr std::size_t longest = 40;
   const std::size_t from = place - std::min(place, longest);
-  const std::size_t sign = html.substr(0, place).rfind("&#");
-  if (sign == std::string_view::npos || sign < from) return kNone;
+  const std::size_t found = html.substr(from, place - from).rfind("&#");
+  if (found == std::string_view::npos) return kNone;
+  const std::size_t sign = from + found;
   std::size_t at = sign + 2;
   const bool isHex = at < place && (html[at] == 'x' || html[at] == 'X');
   if (isHex) ++at;
@@ -452,16 +453,22 @@ void RichBody::closeSigns(std::vector<Rewriting>& all) const {
       closed.push_back({{sign.end, sign.end}, ";"});
     }
   }
-  // A number of white space has no sign of its own.
+  // A number of white space has no sign of its own. Both lists are in the order of their places.
+  const auto beginsAt = [](const std::vector<Rewriting>& list, std::size_t count, std::size_t place) {
+    const auto end = list.begin() + static_cast<std::ptrdiff_t>(count);
+    const auto found = std::partition_point(list.begin(), end,
+                                            [place](const Rewriting& each) { return each.bytes.begin < place; });
+    return found != end && found->bytes.begin == place;
+  };
+  const std::size_t signs = closed.size();
+  std::size_t last = kNone;
   for (const Rewriting& each : all) {
     const std::size_t place = each.bytes.begin;
-    const std::size_t number = openNumberBefore(m_html, place);
-    const auto isAt = [&](const Rewriting& other) {
-      return other.bytes.begin <= number && number < other.bytes.end;
-    };
-    const auto isClosed = [&](const Rewriting& other) { return other.bytes.begin == place || isAt(other); };
-    if (number == kNone || std::any_of(all.begin(), all.end(), isAt) ||
-        std::any_of(closed.begin(), closed.end(), isClosed))
+    const std::size_t number = place == last ? kNone : openNumberBefore(m_html, place);
+    last = place;
+    // Either it goes itself, or it has been closed above.
+    if (number == kNone || beginsAt(all, all.size(), number) || beginsAt(closed, signs, number) ||
+        beginsAt(closed, signs, place))
       continue;
     closed.push_back({{place, place}, ";"});
   }
