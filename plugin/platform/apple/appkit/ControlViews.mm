@@ -135,14 +135,17 @@ void drawRedBorder(NSView* field, double width) {
 - (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView*)view {
   constexpr double sides = 6;
   const double height = vorn::heightOfText(@"Xg", [self font], 0);
-  frame = NSInsetRect(frame, 0, std::max(0.0, std::floor((NSHeight(frame) - height) / 2)));
+  const NSRect line = NSInsetRect(frame, 0, std::max(0.0, std::floor((NSHeight(frame) - height) / 2)));
   NSString* whole = [[[self stringValue] retain] autorelease];
-  NSString* fitting = vorn::textWithin(whole, [self font], NSWidth(frame) - sides);
-  // A cell that is given a text wants to be drawn again.
-  const bool isCut = fitting != whole;
-  if (isCut) [self setStringValue:fitting];
-  [super drawInteriorWithFrame:frame inView:view];
-  if (isCut) [self setStringValue:whole];
+  NSString* fitting = vorn::textWithin(whole, [self font], NSWidth(line) - sides);
+  if (fitting == whole) {
+    [super drawInteriorWithFrame:line inView:view];
+    return;
+  }
+  // A cell that is given a text wants to be drawn again, so only one whose text is cut is given one.
+  [self setStringValue:fitting];
+  [super drawInteriorWithFrame:line inView:view];
+  [self setStringValue:whole];
 }
 @end
 
