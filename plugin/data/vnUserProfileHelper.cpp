@@ -18,8 +18,11 @@ vnUserProfileHelper::vnUserProfileHelper() {
     const vnUserProfileHelper& helper = sharedInstance();
     return helper.hasUserProfile() ? helper.getUID() : std::nullopt;
   });
-  vnClientFeatureMgr::sharedInstance().setEditCountriesSource(
-      [] { return sharedInstance().supportEditCountriesFeature(); });
+  vnClientFeatureMgr::sharedInstance().setEditCountriesSource([] {
+    const vnUserProfileHelper& helper = sharedInstance();
+    return helper.hasUserProfile() ? helper.supportEditCountriesFeature()
+                                   : helper.m_lastKnown.supportsEditCountries;
+  });
 }
 
 void vnUserProfileHelper::setData(const Value& profile) {
@@ -40,8 +43,9 @@ void vnUserProfileHelper::rememberAccount() {
   const OptionalText userId = getUID();
   const Parser* parser = hasProto() ? userProfileProtoParse().get() : nullptr;
   if (!userId || userId->empty() || (getProto() && !parser)) return;
-  if (m_lastKnown.userId != userId) m_lastKnown = {userId, std::nullopt, Value()};
+  if (m_lastKnown.userId != userId) m_lastKnown = {userId, std::nullopt, Value(), false};
   m_lastKnown.bosses = bossesInfo();
+  m_lastKnown.supportsEditCountries = supportEditCountriesFeature();
   if (!parser) return;
   if (const std::optional<std::int32_t> told = parser->GetUserType()) m_lastKnown.userType = told;
 }

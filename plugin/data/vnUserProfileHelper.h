@@ -207,8 +207,13 @@ class vnUserProfileHelper {
 
   // Absent when no profile has named its user yet.
   OptionalText lastKnownUserId() const { return m_lastKnown.userId; }
-  // As bossesInfo().
-  Value lastKnownBosses() const { return m_lastKnown.bosses; }
+  // As bossesInfo(), which it is while there is a profile.
+  Value knownBosses() const { return hasUserProfile() ? bossesInfo() : m_lastKnown.bosses; }
+  // As getUID(), which it is while there is a profile.
+  OptionalText knownUserId() const { return hasUserProfile() ? getUID() : m_lastKnown.userId; }
+  // What the account gives the person is known: one's own, for "", with the profile, and somebody else's with the
+  // list of the people to schedule for.
+  bool knows(const std::string& person) const;
 
   // --- Telephone audio.
 
@@ -271,6 +276,7 @@ class vnUserProfileHelper {
     OptionalText userId;
     std::optional<std::int32_t> userType;
     Value bosses;
+    bool supportsEditCountries = false;
   };
 
   void rememberAccount();

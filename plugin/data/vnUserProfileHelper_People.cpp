@@ -21,11 +21,11 @@ std::int64_t vnUserProfileHelper::getScheduleForIndexWithEmail(const OptionalTex
 }
 
 std::int64_t vnUserProfileHelper::getScheduleForIndexWithHostID(const OptionalText& hostId) const {
-  return indexOfPerson(bossesInfo(), vn_Boss_HostId, hostId);
+  return indexOfPerson(knownBosses(), vn_Boss_HostId, hostId);
 }
 
 std::string vnUserProfileHelper::getScheduleForEmailWithIndex(std::int64_t index) const {
-  return bossesInfo().at(static_cast<std::size_t>(index))[vn_Boss_Email].text();
+  return knownBosses().at(static_cast<std::size_t>(index))[vn_Boss_Email].text();
 }
 
 std::string vnUserProfileHelper::pmiMeetingIDWithScheduleForEmail(const OptionalText& email) const {
@@ -42,12 +42,16 @@ bool vnUserProfileHelper::isDisablePMIWithScheduleForEmail(const OptionalText& e
 
 bool vnUserProfileHelper::isBossesPMIMeetingID(const OptionalText& meetingId) const {
   const std::int64_t number = Value(meetingId).integerValue();
-  const Value bosses = bossesInfo();
+  const Value bosses = knownBosses();
   for (const Value& person : bosses.items()) {
     const Value& personalNumber = person[vn_Boss_PMI];
     if (personalNumber.isPresent() && personalNumber.integerValue() == number) return true;
   }
   return false;
+}
+
+bool vnUserProfileHelper::knows(const std::string& person) const {
+  return person.empty() ? hasUserProfile() : scheduleForList().hasScheduleForList();
 }
 
 bool vnUserProfileHelper::isEnableScheduleFor() const { return bossesInfo().count() > 0; }

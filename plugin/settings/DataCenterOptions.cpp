@@ -62,7 +62,9 @@ void DataCenterOptions::load() {
   initDataCenterRegionsBox();
 }
 
-bool DataCenterOptions::isKnown() const { return SettingsContext::knows(m_steps.getUIScheduleForEmail()); }
+bool DataCenterOptions::isKnown() const {
+  return SettingsContext::profile().knows(m_steps.getUIScheduleForEmail());
+}
 
 Value DataCenterOptions::offered() const {
   const std::string person = m_steps.getUIScheduleForEmail();

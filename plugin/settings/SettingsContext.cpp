@@ -92,11 +92,6 @@ std::string SettingsContext::userLanguage() {
 
 vnUserProfileHelper& SettingsContext::profile() { return vnUserProfileHelper::sharedInstance(); }
 
-bool SettingsContext::knows(const std::string& person) {
-  return person.empty() ? profile().hasUserProfile()
-                        : vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
-}
-
 OptionFacts SettingsContext::facts(const vnSettingData& record) const {
   const vnClientFeatureMgr::OneReading oneReading;
   return {.account = accountFactsWithoutLists(profile(), record.scheduleForEmail()),

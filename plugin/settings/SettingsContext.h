@@ -46,9 +46,6 @@ class SettingsContext {
   static vnUserProfileHelper& profile();
   // In which texts are ordered and compared.
   static std::string userLanguage();
-  // What the account gives the person is known: one's own, for "", with the profile, and somebody else's with the
-  // list of the people to schedule for. Another window's end may clear either.
-  static bool knows(const std::string& person);
 
   // Ask the client. The replies come to the panel; nothing without a manager.
   void getPMIMeetingInfo() const;

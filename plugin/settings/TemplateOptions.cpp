@@ -97,8 +97,8 @@ void TemplateOptions::resetTemplateTipUI(const MeetingTemplate& chosen) {
 // -- Continue ----------------------------------------------------------------------------------------------------
 
 bool TemplateOptions::checkIfDeletedTemplate() const {
-  // Another window may have forgotten the account, which says nothing of the template; the commit asks once more.
-  if (!SettingsContext::knows(m_steps.getUIScheduleForEmail())) return false;
+  // Another window may have forgotten the account, which says nothing of the template; the service knows.
+  if (!SettingsContext::profile().knows(m_steps.getUIScheduleForEmail())) return false;
   const MeetingTemplate* template_ = m_templateBox.hidden ? nullptr : chosen();
   return template_ && !template_->id.empty() && !hasTemplate(offered(), template_->id);
 }

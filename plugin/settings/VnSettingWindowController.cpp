@@ -6,6 +6,7 @@
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
 #include "data/vnSettingKeys.h"
+#include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
@@ -133,7 +134,8 @@ void VnSettingWindowController::saveSettingsToUserProfile() {
   settings.set(vn_Setting_AlternateHosts, "");
   settings.erase(vn_Setting_MeetingPassword);
   settings.set(vn_Setting_NotShowUpgradeMessageAgain, notAgain);
-  JsonTextFile(vnCommon::getVnUserProfilePath(vnCommon::getUID())).write(settings);
+  JsonTextFile(vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().knownUserId()))
+      .write(settings);
 }
 
 // -- What the workflow asks --------------------------------------------------------------------------------------

@@ -24,7 +24,7 @@ int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command
   m_manager.meetingDataMgr()->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
   // After the manager's end there is no place to park an edit in any more.
   if (m_updatedMeetingDataOnCalendar.isPresent()) {
-    m_parkedEditIsAlone = !m_isWaiting || m_updatedMeetingDataOnCalendar.count() == 0;
+    m_parkedEditIsAlone = !m_manager.apiMgr()->isWaitingForMeetingByApptUUID();
     m_updatedMeetingDataOnCalendar =
         Value::dictionaryFromPairs({{kParkedCommand, command}, {kParkedMeetingData, meetingData}});
   }
@@ -34,8 +34,7 @@ int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command
   request.set(vn_ApptInfo_OlApptUUID, m_askedUUID);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
   const HostObject ownerWindow = meetingData[keyEventOwnerWindow].object();
-  m_isWaiting = m_manager.apiMgr()->getMeetingByApptUUID(ownerWindow, request) == 0;
-  return m_isWaiting ? 0 : 1;
+  return m_manager.apiMgr()->getMeetingByApptUUID(ownerWindow, request) == 0 ? 0 : 1;
 }
 
 void CalendarEdits::replayUpdateOnCalendar() {

@@ -29,9 +29,6 @@ class CalendarEdits {
  private:
   vnMeetingMgr& m_manager;
   Value m_updatedMeetingDataOnCalendar = Value::dictionary();
-  // The request of the last edit went out, so a reply may come. A refused edit stays parked, and none comes for
-  // it.
-  bool m_isWaiting = false;
   // No other edit was waiting for its reply when this one was parked.
   bool m_parkedEditIsAlone = true;
   // The appointment's UUID that was asked for last.

@@ -47,8 +47,7 @@ bool CommitRefusal::checkScheduleForEmailValidity() {
   const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
   if (!profile.hasUserProfile() && !namesAnEmail) return true;
   // Another window's end may just have cleared the profile, which takes nobody off the account's list.
-  const Value bosses = profile.hasUserProfile() ? profile.bossesInfo() : profile.lastKnownBosses();
-  return personWithEmail(bosses, email).isPresent();
+  return personWithEmail(profile.knownBosses(), email).isPresent();
 }
 
 void CommitRefusal::changeUIWithScheduleForEmainError(const HostObject& parentWindow) {

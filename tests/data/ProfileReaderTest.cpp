@@ -115,7 +115,7 @@ TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes
   EXPECT_FALSE(account().isEnableScheduleFor());
   EXPECT_EQ(account().userType(), 1);
   EXPECT_EQ(account().lastKnownUserId(), "a");
-  EXPECT_EQ(account().lastKnownBosses().count(), 1u);
+  EXPECT_EQ(account().knownBosses().count(), 1u);
   account().setData(Value::dictionary());
   EXPECT_EQ(account().userType(), 1) << "a reply that nobody can read tells nothing";
   fromUser("a", std::nullopt);
@@ -126,7 +126,7 @@ TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes
   EXPECT_TRUE(account().isNoMeetingLicenseUser());
   account().setData(json(R"({"userId":"c"})"));
   EXPECT_FALSE(account().isNoMeetingLicenseUser());
-  EXPECT_TRUE(account().lastKnownBosses().isAbsent());
+  EXPECT_TRUE(account().knownBosses().isAbsent());
 }
 
 TEST_F(ProfileReaderTest, HidesWhatTheClientCannotDo) {

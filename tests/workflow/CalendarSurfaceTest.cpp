@@ -21,6 +21,11 @@ class CalendarEdit : public WorkflowFixture {
   static void reply(const FakeWindow& window) {
     window.manager->onExcuteCommandFinished(VnCmdGetMeetingByApptUUID, Value::dictionary());
   }
+  // The client's answer is an error, of which the manager does not hear.
+  static void refuse(const FakeWindow& window) {
+    window.manager->apiMgr()->handleMessageRespose(
+        Value::dictionaryFromPairs({{"actionId", "10"}, {"content", "0;Error 3001"}}));
+  }
 };
 
 // The reply has no number of its request, so what it names decides whether it is believed.
@@ -53,7 +58,7 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
       edit(window, "66");
       test.workspace.running.insert("us.vorn.xos");
     }
-    if (row.edit == Row::behindAnAnsweredOne) reply(window);
+    if (row.edit == Row::behindAnAnsweredOne) refuse(window);
     edit(window, "77");
     vnGetMeetingHelper& helper = *window.manager->getMeetingHelper();
     helper.setMeetingData(

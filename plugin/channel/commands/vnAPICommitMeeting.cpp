@@ -93,8 +93,12 @@ bool vnAPICommitMeeting::validateTemplateState() {
   const std::string chosen =
       setting[vn_Setting_MeetingTemplate][vn_Setting_MeetingTemplate_TemplateId].stringValue();
   if (chosen.empty()) return true;
-  const Value templates =
-      vnUserProfileHelper::sharedInstance().getMeetingTemplates(setting[vn_Setting_ScheduleFor].text());
+  const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+  const std::string& person = setting[vn_Setting_ScheduleFor].text();
+  // An account that another window's end has cleared, or a list of people that nobody has asked for, says nothing
+  // of the template. To call it lost would take the user's choice from a standing meeting; the service knows.
+  if (!profile.knows(person)) return true;
+  const Value templates = profile.getMeetingTemplates(person);
   for (const Value& known : templates.items()) {
     if (known[vn_Setting_MeetingTemplate_TemplateId].stringValue() == chosen) return true;
   }
@@ -146,7 +150,7 @@ std::optional<CommandResult> vnAPICommitMeeting::onVornFeedback(int operation, c
 }
 
 void vnAPICommitMeeting::updateSettingToNotUsePMI() {
-  const JsonTextFile profile(vnCommon::getVnUserProfilePath(vnCommon::getUID()));
+  const JsonTextFile profile(vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().knownUserId()));
   // A missing file stays missing.
   if (profile.read().isPresent()) profile.setKey(vn_Setting_IsPMI, false);
 }

@@ -146,6 +146,12 @@ int vnAPIMgr::getScheduleForList(const HostObject& parentWindow) {
 
 bool vnAPIMgr::isWaitingForMeeting() const { return m_apiGetMeeting && m_apiGetMeeting->isWaiting(); }
 
+bool vnAPIMgr::isWaitingForMeetingByApptUUID() const {
+  return m_apiGetMeetingByApptUUID && m_apiGetMeetingByApptUUID->isWaiting();
+}
+
+bool vnAPIMgr::isWaitingForDelete() const { return m_apiDeleteMeeting && m_apiDeleteMeeting->isWaiting(); }
+
 bool vnAPIMgr::isWaitingForScheduleForList() const {
   return m_apiGetScheduleForList && m_apiGetScheduleForList->isWaiting();
 }

@@ -66,6 +66,8 @@ class vnAPIMgr {
 
   // The reply to such a request is waited for.
   bool isWaitingForMeeting() const;
+  bool isWaitingForMeetingByApptUUID() const;
+  bool isWaitingForDelete() const;
   bool isWaitingForScheduleForList() const;
 
   void showNoMeetingLicenseWindow(const HostObject& parentWindow);
