@@ -36,6 +36,8 @@ int SaveRoad::scheduleUpdateVornMeeting(MeetingWindow& window, std::uint64_t com
   if (m_manager.checkIfShowNoMeetingLicenseWindow(window.parentWindow())) return VnHandleBlocked;
   if (command == VnCmdSchedule) {
     m_manager.apiMgr()->scheduleMeeting(window.parentWindow(), data);
+  } else if (m_manager.apiMgr()->isWaitingForDelete()) {
+    // Its end performs this save; until then there is nothing to update.
   } else if (m_manager.getMeetingHelper()->NeedRequestGetMeeting()) {
     // The comparison runs against fresh data, when the reply is there.
     m_manager.apiMgr()->getMeeting(window.parentWindow(), data);
@@ -53,7 +55,10 @@ void SaveRoad::onInvokeScheduleErrorMessageCommit(const Value& userInfo) {
 }
 
 void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingData) {
-  const bool mayCommit = !window.bar() || !window.bar()->blockDeleteVornMeeting();
+  // Without a window the end of another edit may have emptied what was saved of this one, and of an appointment of
+  // which nothing is known the service must not be told.
+  const bool mayCommit =
+      window.bar() ? !window.bar()->blockDeleteVornMeeting() : meetingData[vn_Outlook_ApptInfo].count() > 0;
   if (mayCommit) {
     const Value info = m_manager.getMeetingHelper()->getMeetingInfo();
     if (vnMeetingDataMgr::isMeetingChanged(meetingData, info)) {
@@ -86,7 +91,9 @@ void SaveRoad::updatePMIMeeting(MeetingWindow& window, const Value& /*meetingDat
 }
 
 void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data) {
-  if (command == VnCmdSchedule) m_manager.writeBack().setFirstInvitationIsDue(true);
+  // A new meeting whose template was lost goes out as an update, and has no invitation in the body either.
+  const bool isNew = command == VnCmdSchedule || !m_manager.isForUpdateVornMeeting();
+  if (isNew) m_manager.writeBack().setFirstInvitationIsDue(true);
   MeetingWindow window = MeetingWindow::ofReply(data);
   const auto& bar = window.bar();
   const Value& response = data[keyVnAPIResponse];
@@ -105,7 +112,9 @@ void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data
     if (AlternateHostHistory* history = alternateHostHistory()) history->addToInputAlternateHostHistory(hosts);
   }
   m_manager.meetingDataMgr()->setMeetingKey(response[vn_MeetingKey].optionalText());
-  // The invitation comes with the meeting, and the meeting is fetched anew.
+  // The invitation comes with the meeting, and the meeting is fetched anew. Should that fail, the next save must
+  // not compare with what stood before this one.
+  m_manager.getMeetingHelper()->setIsForGetMeetingByUUID(true);
   m_manager.apiMgr()->getMeeting(window.parentWindow(), m_manager.getVornMeetingData(window));
 }
 
@@ -125,11 +134,22 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
     case VnStateCommitting: commitUpdateMeeting(window, meetingDataOfReply(window, info)); break;
     case VnStateCommitted: writeCommittedMeeting(window, info); break;
     case VnStatePMIForSettings: showPersonalMeeting(window.id(), info); break;
-    case VnStatePMIForSchedule: m_manager.sendVnMeetingCommand(VnCmdSchedule, window.editor()); break;
+    case VnStatePMIForSchedule: schedulePersonalMeeting(window); break;
     case VnStatePMIForUpdate:
       m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingDataOfReply(window, info));
       break;
     default: break;
+  }
+}
+
+// The end of another window may have cleared the account meanwhile, without which the meeting would get a number
+// of its own, no passcode and no waiting room; so the add begins anew.
+void SaveRoad::schedulePersonalMeeting(MeetingWindow& window) {
+  if (vnUserProfileHelper::sharedInstance().hasUserProfile()) {
+    m_manager.sendVnMeetingCommand(VnCmdSchedule, window.editor());
+  } else {
+    m_manager.setState(VnStateAdding);
+    m_manager.apiMgr()->getUserProfile(window.parentWindow(), Value());
   }
 }
 

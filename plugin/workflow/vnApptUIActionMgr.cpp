@@ -10,6 +10,17 @@
 
 namespace vorn {
 
+namespace {
+
+// A click asks the host for nothing. A save or send before it that never happened is not made good for at its end.
+int sendClicked(std::uint64_t command, const std::shared_ptr<MeetingBar>& bar) {
+  bar->setOLUIAction(0);
+  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
+  return manager ? manager->sendVnMeetingCommand(command, bar) : 0;
+}
+
+}  // namespace
+
 vnApptUIActionMgr& vnApptUIActionMgr::sharedInstance() { return Registry::shared<vnApptUIActionMgr>(); }
 
 int vnApptUIActionMgr::handleVNMeeting(const HostObject& editor, const Value& data) {
@@ -46,25 +57,18 @@ int vnApptUIActionMgr::handleVNMeeting(const HostObject& editor, const Value& da
   return result;
 }
 
-int vnApptUIActionMgr::addVNMeeting(const std::shared_ptr<MeetingBar>& bar) {
-  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
-  return manager ? manager->sendVnMeetingCommand(VnCmdAdd, bar) : 0;
-}
+int vnApptUIActionMgr::addVNMeeting(const std::shared_ptr<MeetingBar>& bar) { return sendClicked(VnCmdAdd, bar); }
 
 int vnApptUIActionMgr::addPACMeeting(const std::shared_ptr<MeetingBar>& bar, std::int64_t account) {
-  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
-  return manager ? manager->sendVnMeetingCommand(account == 2 ? VnCmdAddPACAccount2 : VnCmdAddPACAccount1, bar)
-                 : 0;
+  return sendClicked(account == 2 ? VnCmdAddPACAccount2 : VnCmdAddPACAccount1, bar);
 }
 
 int vnApptUIActionMgr::cancelVNMeeting(const std::shared_ptr<MeetingBar>& bar, int /*meetingType*/) {
-  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
-  return manager ? manager->sendVnMeetingCommand(VnCmdCancel, bar) : 0;
+  return sendClicked(VnCmdCancel, bar);
 }
 
 int vnApptUIActionMgr::changeVNMeeting(const std::shared_ptr<MeetingBar>& bar, int /*meetingType*/) {
-  const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
-  return manager ? manager->sendVnMeetingCommand(VnCmdChangeSettings, bar) : 0;
+  return sendClicked(VnCmdChangeSettings, bar);
 }
 
 void vnApptUIActionMgr::updateSavedLocationForSaveOrSend(const HostObject& editor) {

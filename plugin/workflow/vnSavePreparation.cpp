@@ -11,7 +11,9 @@ void vn_preHandleVnMeeting(const HostObject& editor) {
   const auto bar = barOfEditor(editor);
   if (!bar || !bar->currentIsVornMeeting()) return;
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
-  if (bar->fromFieldChanged() && manager && !manager->getMeetingHelper()->supportHtmlEmail()) {
+  // A meeting that has not been fetched yet says nothing of its invitation's form.
+  const vnGetMeetingHelper* meeting = manager ? manager->getMeetingHelper() : nullptr;
+  if (bar->fromFieldChanged() && meeting && meeting->hasMeetingInfo() && !meeting->supportHtmlEmail()) {
     vn_convertMailBodyToPlainText(editor);
   }
   vnERCalendarEventEditorViewController proxy(editor);

@@ -51,6 +51,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   };
   openPanel();
   panels.panel->settings.set(vn_Setting_AudioOption, 2);
+  knowAccount();
   for (std::size_t i = 0; i < 2 * std::size(rows); ++i) {
     const bool isReadable = i < std::size(rows);
     Row row = rows[i % std::size(rows)];
@@ -73,6 +74,13 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     EXPECT_EQ(isWritten(), row.writes);
     EXPECT_EQ(hostSaves, row.finishes ? 1 : 0);
   }
+}
+
+TEST_F(Decisions, APersonalMeetingIsNotScheduledForAnAccountThatAnotherWindowHasForgotten) {
+  manager().setState(VnStatePMIForSchedule);
+  reply(VnCmdGetMeeting);
+  EXPECT_THAT(client.names(), ElementsAre("6"));
+  EXPECT_EQ(manager().state(), VnStateAdding);
 }
 
 TEST_F(Decisions, PeopleToScheduleForMatterToANewMeetingAndToAnOpenPanelAlone) {

@@ -234,7 +234,7 @@ TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
     bool hasMeeting, isDeleted;
     Value body;
     OptionalText field, notedBefore, notedBody, notedLocation;
-    bool fromChanged = false, hasHtml = false, becomesPlain = false;
+    bool fromChanged = false, hasHtml = false, becomesPlain = false, isFetched = true;
   } rows[] = {
       {"a meeting", true, false, "<p>new</p>", "Castle", std::nullopt, "<p>new</p>", "Castle"},
       {"a meeting whose body is empty", true, false, "<p> </p>", "Castle", "<p>old</p>", "<p>old</p>", "Castle"},
@@ -247,6 +247,8 @@ TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
        true, true, false},
       {"a meeting of another account, with a plain invitation", true, false, "<p>new</p>", "Castle", std::nullopt,
        "<p>new</p>", "Castle", true, false, true},
+      {"a meeting of another account that has not been fetched yet", true, false, "<p>new</p>", "Castle", std::nullopt,
+       "<p>new</p>", "Castle", true, false, false, false},
       {"no meeting", false, false, "<p>new</p>", "Castle", "<p>old</p>", "<p>old</p>", std::nullopt},
   };
   for (const auto& row : rows) {
@@ -257,6 +259,9 @@ TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
     window.bar->fromChanged = row.fromChanged;
     proto::MeetingProto message;
     if (row.hasHtml) message.set_invitehtmlemail("<p>Join</p>");
+    if (row.isFetched) {
+      window.manager->getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, "1"}}), false);
+    }
     window.manager->getMeetingHelper()->setPBMeetingData(encoded(message));
     window.set(window.bar->bodyEditor, "bodyContent", row.body);
     if (row.field) window.showLocation(*row.field);

@@ -82,17 +82,24 @@ void vnERCalendarEventEditorViewController::updateEmailBody(const Value& content
   displayEmailContent(content, true);
 }
 
-// An absent result is shown as an empty body by both kinds of view.
+// An absent result is shown as an empty body by both kinds of view. But of a body that is not known nothing is
+// shown, nor of one in which a cancelled meeting's invitation is not found: an empty body would take what the user
+// wrote.
 void vnERCalendarEventEditorViewController::updateEmailBodyWithVornContent(const OptionalText& invitation,
                                                                            bool isHTML) {
   MeetingOwners& owners = meetingOwners();
-  if (const HostObject document = composeDocument()) {
-    showInDocument(document, owners.mailBodyWithVornContent(delegate(), htmlOf(document), invitation, isHTML));
-    return;
-  }
+  const HostObject document = composeDocument();
+  const OptionalText source = document ? htmlOf(document) : bodyContent().optionalText();
   const OptionalText changed =
-      owners.getMailBodyWithVornContentFor1520(delegate(), bodyContent().optionalText(), invitation, isHTML);
-  displayEmailContent(changed.value_or(""), isHTML);
+      document ? owners.mailBodyWithVornContent(delegate(), source, invitation, isHTML)
+               : owners.getMailBodyWithVornContentFor1520(delegate(), source, invitation, isHTML);
+  const bool isDelete = invitation.value_or("").empty();
+  if (!source || (!changed && isDelete)) return;
+  if (document) {
+    showInDocument(document, changed);
+  } else {
+    displayEmailContent(changed.value_or(""), isHTML);
+  }
 }
 
 // Here an absent result is one of a body that is not known. The text is plainly added, so nothing is shown then:
