@@ -96,6 +96,8 @@ void CountryOptions::showEditCountriesOptionsAsAudioType(std::int64_t audioType)
 
 void CountryOptions::initCountriesOfPerson(bool isOther) {
   const std::string person = isOther ? m_steps.getUIScheduleForEmail() : "";
+  // Of an account that is forgotten meanwhile nothing is known, and what was chosen stays.
+  if (!SettingsContext::profile().knows(person)) return;
   std::optional<VNAvailableDialinCountryContent> content = availableDialinCountry(person);
   if (!content) return;
   m_editCountriesWindow.updateCountriesUIItems(std::move(*content));

@@ -126,6 +126,8 @@ void MeetingIdOptions::initPMIDisableMessageView(int index) {
 }
 
 void MeetingIdOptions::leavePMIWithoutOne(int index) {
+  // While the account is forgotten nobody knows who has one.
+  if (!SettingsContext::profile().hasUserProfile()) return;
   if (!m_record.usePMI() || (needShowMeetingID(index) && hasPMI(index))) return;
   // Fetching one would show the user's own personal meeting as that person's, so it is as if the user had chosen a
   // number of its own.
@@ -147,6 +149,10 @@ void MeetingIdOptions::getPMIMeetingInfo() {
   }
   if (m_context.awaitsMeeting()) ++m_outdatedRequests;
   askForPMI();
+}
+
+void MeetingIdOptions::fetchChosenPMI() {
+  if (m_controls.isShown(m_meetingIDBox.key) && m_buttonUsePMI.on) getPMIMeetingInfo();
 }
 
 void MeetingIdOptions::askForPMI() {

@@ -27,6 +27,8 @@ class MeetingIdOptions {
   void leavePMIWithoutOne(int index);
   // Shows the personal meeting, from what was fetched before or when the client has answered.
   void getPMIMeetingInfo();
+  // The same, if the personal ID is offered and chosen.
+  void fetchChosenPMI();
   // Whether a personal meeting that has come is to be shown: the user may have turned to another person, or to a
   // number of its own, since it was asked for. The client answers one request at a time, and the first answer
   // counts for all that were sent: the one that is wanted is asked for once more then.

@@ -28,7 +28,8 @@ class PanelSteps {
   // -- Meeting ID, and whom the meeting is scheduled for; -1 is oneself, others are counted from 0
   virtual void refreshUI(bool forPMI) = 0;
   virtual void setPMIMeetingInfo(const Value& meetingInfo) = 0;
-  virtual void getPMIMeetingInfo() = 0;
+  // Fetches the personal meeting of whom the meeting is for, if that is what was chosen.
+  virtual void fetchChosenPMI() = 0;
   virtual void updatePMITitle(int index) = 0;
   virtual void initPMIDisableMessageView(int index) = 0;
   // The meeting gets a number of its own if that person has no personal ID to use.

@@ -115,7 +115,7 @@ void ScheduleForOptions::onScheduleForItemChanged() {
   } else {
     getScheduleForList();
   }
-  if (m_controls.isShown("meetingIDBox") && m_controls.isOn("buttonUsePMI")) m_steps.getPMIMeetingInfo();
+  m_steps.fetchChosenPMI();
   scheduleForUserChanged();
 }
 

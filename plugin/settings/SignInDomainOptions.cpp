@@ -115,7 +115,9 @@ void SignInDomainOptions::chooseAtLoad() {
   const bool isAccounts = isLocked() && !m_controls.isOn("buttonUsePMI");
   std::optional<int> index =
       recordsId.empty() || isAccounts ? defaultAuth(m_meetingAuths) : authWithId(m_meetingAuths, recordsId);
-  if (m_chosenId) index = authWithId(m_meetingAuths, *m_chosenId);
+  if (m_chosenId) {
+    if (const std::optional<int> own = authWithId(m_meetingAuths, *m_chosenId)) index = own;
+  }
   m_authNamePopup.index = index.value_or(0);
   // Also for the first of several when none is chosen: it is the one that is shown and that a commit takes.
   resetDomainTextAndButton(chosenAuth());

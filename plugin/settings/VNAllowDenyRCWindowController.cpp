@@ -133,12 +133,12 @@ void VNAllowDenyRCWindowController::clickAllowDenyRadioButton(bool isAllow) {
 }
 
 void VNAllowDenyRCWindowController::checkSaveButtonStatus() {
-  if (!isLocked()) m_saveButton.enabled = m_allowDenyRCController.maySave();
+  if (!isReadOnly()) m_saveButton.enabled = m_allowDenyRCController.maySave();
 }
 
 void VNAllowDenyRCWindowController::clickSaveButton() {
   m_panel.steps.closeSubWindows();
-  if (!isLocked()) {
+  if (!isReadOnly()) {
     if (m_allowButton.on && !m_blockButton.on) {
       m_regionType = kRegionsAllowed;
     } else if (m_blockButton.on) {

@@ -185,10 +185,11 @@ void VnSettingViewController::refreshUI(bool forPMI) {
   closeWindows();
   if (m_refreshTarget) m_refreshTarget(forPMI);
   initWithLocalString();
+  // The one whom the user has chosen stays chosen, also while the people's list is on its way.
+  const std::string person = m_scheduleFor.getUIScheduleForEmail();
   if (forPMI) {
-    const std::string person = m_scheduleFor.getUIScheduleForEmail();
     m_settingData.initWithSiteMeetingInfo(m_pmiMeetingInfo);
-    // It was fetched for whom the user has chosen, also where it does not say whose it is.
+    // It was fetched for them, also where it does not say whose it is.
     if (!person.empty()) m_settingData.setScheduleForEmail(person);
     if (m_context.isForUpdateVornMeeting()) {
       m_settingData.resetRequiredPasswordForEditPMIMeeting(m_pmiMeetingInfo);
@@ -199,6 +200,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);
+    if (!person.empty()) m_settingData.setScheduleForEmail(person);
     m_settingData.initSubDataWithUserProfile(m_settingData.usePMI());
   }
   initializeItems();
@@ -276,7 +278,12 @@ void VnSettingViewController::resetTemplateBoxUI() {
 
 void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   const ControlSet::Change change(m_controls);
+  const std::string person = m_scheduleFor.getUIScheduleForEmail();
+  // Its regions are those of whom the record was for until now.
+  if (person != m_settingData.scheduleForEmail().value_or("")) m_allowDeny.endWindow();
   m_scheduleFor.setScheduleForListInfo(forOther);
+  // Their personal meeting, which may have come before the list, says more than the list does.
+  if (!person.empty() && !m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
 }
 
 void VnSettingViewController::resetDataCenterBoxUI() {
@@ -391,13 +398,12 @@ void VnSettingViewController::goBackTo(const Kept& kept) {
   m_countries.restore(kept.countries);
 }
 
-// A dismissed panel would bring back what the service has refused, and the next save would send it once more.
+// What the service has refused goes, or the next save would send it once more; and what it accepted before stays,
+// which the meeting that the panel was opened with does not have.
 void VnSettingViewController::resetMeetingItemWhenUpdateError() {
   const ControlSet::Change change(m_controls);
   commitRefused();
-  m_settingData.initWithSiteMeetingInfo(m_siteMeetingInfo);
-  m_countries.restore(m_kept.countries);
-  m_kept = whatStands();
+  goBackTo(m_kept);
 }
 
 // The user goes on from what was refused, and a dismissed panel goes back behind it.

@@ -116,7 +116,7 @@ class VnSettingViewController final : private PanelSteps {
   void onSelectedCountriesChanged();
   void onTrackingFieldValueChanged() { checkScheduleButton(); }
 
-  void getPMIMeetingInfo() override { m_meetingId.getPMIMeetingInfo(); }
+  void fetchChosenPMI() override { m_meetingId.fetchChosenPMI(); }
   void updatePMITitle(int index) override { m_meetingId.updatePMITitle(index); }
   void initPMIDisableMessageView(int index) override { m_meetingId.initPMIDisableMessageView(index); }
   void leavePMIWithoutOne(int index) override { m_meetingId.leavePMIWithoutOne(index); }
