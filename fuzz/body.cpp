@@ -34,10 +34,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   helper.removeVnBodyForDelete(body);
   const vorn::OptionalText updated = helper.updateVnBodyWithSrcBody(body, invitation, isHtml, nullptr);
   const vorn::OptionalText placed = helper.newVnBodyToEnd(body, marked, isHtml);
-  // In plain text a URL may swallow the bookmark that follows it.
-  if (placed && !marked.empty() && isHtml) {
+  if (placed && !marked.empty()) {
     check(helper.removeVnBodyForDelete(placed).has_value(), "what was put in can be taken out");
-    if (!holdsBookmark(body) && !holdsBookmark(invitation)) {
+    if (isHtml && !holdsBookmark(body) && !holdsBookmark(invitation)) {
       check(helper.removeVnBodyForDelete(helper.newVnBodyToEnd(body, marked, false)) == body,
             "an invitation leaves no trace");
       check(helper.updateVnBodyWithSrcBody(updated, invitation, true, nullptr) == updated,

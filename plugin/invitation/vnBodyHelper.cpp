@@ -36,7 +36,8 @@ std::string betweenBlankLines(std::string_view text) {
   return std::string(kBlankLine).append(text).append(kBlankLine);
 }
 
-std::string withBookmarksInPlainText(const std::string& text) {
+// The text with its bookmarks, and before the second of them what parts it from the text.
+std::string withBookmarksInPlainText(const std::string& text, std::string_view apart) {
   const std::string_view content = trimmed(text, isWhitespaceOrNewline);
   const std::string_view head = trimmed(utf16Prefix(content, kLandmarkLength), isWhitespaceOrNewline);
   const std::string_view tail = trimmed(utf16Suffix(content, kLandmarkLength), isWhitespaceOrNewline);
@@ -46,7 +47,7 @@ std::string withBookmarksInPlainText(const std::string& text) {
   const std::size_t last = findLast(marked, tail);
   std::size_t end = last == std::string_view::npos ? marked.size() : last + tail.size();
   end += utf16Prefix(std::string_view(marked).substr(end), kEndBookmarkShift).size();
-  marked.insert(end, kvn_EndBookmark);
+  marked.insert(end, std::string(apart).append(kvn_EndBookmark));
   return marked;
 }
 
@@ -85,8 +86,14 @@ OptionalText vnBodyHelper::convertHTMLToPlainText(const OptionalText& html) cons
 std::string vnBodyHelper::insertVnBodyBookMark(const OptionalText& vnBody, bool isHTML) const {
   if (!vnBody || vnBody->empty()) return std::string(EMPTY_STRING);
   if (isHTML) return std::string(kvn_BeginBookmark).append(*vnBody).append(kvn_EndBookmark);
-  const std::string marked = withBookmarksInPlainText(replacingAll(*vnBody, "<", "&lt;"));
-  return betweenBlankLines(convertPlainTextToHTML(marked).value_or(""));
+  const std::string text = replacingAll(*vnBody, "<", "&lt;");
+  std::string html = convertPlainTextToHTML(withBookmarksInPlainText(text, "")).value_or("");
+  // A URL at the text's end takes the bookmark into its link, and an invitation whose end is not found again would
+  // take the user's body with it.
+  if (html.find(kvn_EndBookmark) == std::string::npos) {
+    html = convertPlainTextToHTML(withBookmarksInPlainText(text, "\n")).value_or("");
+  }
+  return betweenBlankLines(html);
 }
 
 OptionalText vnBodyHelper::newVnBodyToEnd(const OptionalText& body, const OptionalText& newBody,

@@ -1,5 +1,7 @@
 // Finding the invitation again in a body that the user and the editor have changed.
 
+#include <optional>
+
 #include "invitation/vnBodyHelper.h"
 #include "util/CharacterSets.h"
 #include "util/TextSearch.h"
@@ -11,6 +13,7 @@ namespace {
 // The editor wraps the invitation in font tags, and the wrapper has to go too.
 constexpr std::string_view kWrapperBegin = "<font size=";
 constexpr std::string_view kWrapperEnd = "@</font>";
+constexpr std::string_view kFontEnd = "</font>";
 
 struct Bookmarks {
   std::string_view begin;
@@ -33,7 +36,11 @@ std::size_t startOf(std::string_view lead, std::string_view body, std::string_vi
   if (found != std::string_view::npos) return found;
   const std::size_t marked = body.find(bookmark);
   if (marked == std::string_view::npos) return std::string_view::npos;
-  return findLastIgnoringCase(body.substr(0, marked), kWrapperBegin);
+  const std::size_t wrapper = findLastIgnoringCase(body.substr(0, marked), kWrapperBegin);
+  if (wrapper == std::string_view::npos) return wrapper;
+  // One that ends before the bookmark wraps words of the user's.
+  const bool isOver = findIgnoringCase(body.substr(wrapper, marked - wrapper), kFontEnd) != std::string_view::npos;
+  return isOver ? std::string_view::npos : wrapper;
 }
 
 // The position behind the trail, or behind the wrapper's end.
@@ -45,12 +52,34 @@ std::size_t endOf(std::string_view trail, std::string_view body) {
   return std::string_view::npos;
 }
 
+struct Span {
+  std::size_t start, end;
+};
+
+// The last lead that has a trail behind it, and the first such trail. A part of the invitation that the user has
+// copied brings a bookmark along, and what stands between that one and the invitation is the user's.
+std::optional<Span> pairOf(std::string_view lead, std::string_view trail, std::string_view body) {
+  const std::size_t lastTrail = findLastIgnoringCase(body, trail);
+  if (lastTrail == std::string_view::npos) return std::nullopt;
+  const std::size_t start = findLastIgnoringCase(body.substr(0, lastTrail), lead);
+  if (start == std::string_view::npos) return std::nullopt;
+  const std::size_t behind = start + lead.size();
+  return Span{start, behind + findIgnoringCase(body.substr(behind), trail) + trail.size()};
+}
+
+// Where the invitation stands in the body.
+Span spanOf(std::string_view lead, std::string_view trail, std::string_view body, std::string_view bookmark) {
+  if (const auto pair = pairOf(lead, trail, body)) return *pair;
+  return {startOf(lead, body, bookmark), endOf(trail, body)};
+}
+
 // The body with the span replaced; absent when an end is missing. So it is for ends that have crossed, which a
 // user can make by moving text: what lies between them is the user's. Ends that touch have an empty span, where
 // the new text comes in.
-OptionalText replaced(std::string_view body, std::size_t start, std::size_t end, std::string_view newText) {
-  if (start == std::string_view::npos || end == std::string_view::npos || end < start) return std::nullopt;
-  return replacingSpan(body, start, end, newText);
+OptionalText replaced(std::string_view body, const Span& span, std::string_view newText) {
+  const bool isWhole = span.start != std::string_view::npos && span.end != std::string_view::npos;
+  if (!isWhole || span.end < span.start) return std::nullopt;
+  return replacingSpan(body, span.start, span.end, newText);
 }
 
 // The end of the new text from its end bookmark on, as an editor writes it: without line ends and their tags.
@@ -82,7 +111,7 @@ OptionalText vnBodyHelper::updateVnBodyWithVnBookmark(const OptionalText& body,
   const std::string lead = replacingAll(newText.substr(0, begin + kvn_BeginBookmark.size()), "<br>", "");
   const std::string rest = withoutLineEnds(newText.substr(end));
   const std::string_view trail = trimmed(rest, isWhitespace);
-  OptionalText result = replaced(*body, startOf(lead, *body, kvn_BeginBookmark), endOf(trail, *body), newText);
+  OptionalText result = replaced(*body, spanOf(lead, trail, *body, kvn_BeginBookmark), newText);
   if (!result) return updateVnBodyWithVnBookmarkEx(body, bodyWithVnBookmark);
   return result;
 }
@@ -95,8 +124,7 @@ OptionalText vnBodyHelper::updateVnBodyWithVnBookmarkEx(const OptionalText& body
   const std::size_t begin = reachingBack(body->find(pair.begin));
   const std::string_view lead =
       std::string_view(*body).substr(begin, g_offset_BeginBookmarkInsert + pair.begin.size());
-  OptionalText result =
-      replaced(*body, startOf(lead, *body, pair.begin), endOf(pair.end, *body), *bodyWithVnBookmark);
+  OptionalText result = replaced(*body, spanOf(lead, pair.end, *body, pair.begin), *bodyWithVnBookmark);
   if (!result) return body;
   return result;
 }
@@ -104,13 +132,18 @@ OptionalText vnBodyHelper::updateVnBodyWithVnBookmarkEx(const OptionalText& body
 OptionalText vnBodyHelper::removeVnBodyForDelete(const OptionalText& body) const {
   if (!body) return std::nullopt;
   const Bookmarks& pair = holdsBoth(*body, kQuoted) ? kQuoted : kUnquoted;
-  const std::size_t end = body->find(pair.end);
-  if (end == std::string_view::npos) return std::nullopt;
-  const std::size_t begin = body->find(pair.begin);
+  const std::size_t firstEnd = body->find(pair.end);
+  if (firstEnd == std::string_view::npos) return std::nullopt;
+  const std::size_t firstBegin = body->find(pair.begin);
   // What stands before a lost begin bookmark goes as well, deliberately.
-  const std::size_t start = begin == std::string_view::npos ? 0 : reachingBack(begin);
-  // Ends that have crossed enclose the user's text.
-  if (start > end) return body;
+  if (firstBegin == std::string_view::npos) {
+    return replacingSpan(*body, 0, firstEnd + pair.end.size(), EMPTY_STRING);
+  }
+  // Ends that have crossed enclose the user's text, and so does a bookmark that was copied with a part of the
+  // invitation: the first end that has a begin before it counts, with the last begin before that.
+  const std::size_t end = body->find(pair.end, firstBegin);
+  if (end == std::string_view::npos) return body;
+  const std::size_t start = reachingBack(body->rfind(pair.begin, end));
   return replacingSpan(*body, start, end + pair.end.size(), EMPTY_STRING);
 }
 

@@ -42,8 +42,9 @@ std::string_view lineBehind(std::string_view text, std::string_view tag) {
 
 // Digits that go on in the next line of a folded text are half a number, which would be another meeting's.
 bool goesOnBehindFold(std::string_view behindDigits) {
-  if (!behindDigits.starts_with("\r\n ") && !behindDigits.starts_with("\r\n\t")) return false;
-  return !leading(behindDigits.substr(3), isDecimalDigit).empty();
+  if (behindDigits.starts_with('\r')) behindDigits.remove_prefix(1);
+  if (!behindDigits.starts_with("\n ") && !behindDigits.starts_with("\n\t")) return false;
+  return !leading(behindDigits.substr(2), isDecimalDigit).empty();
 }
 
 bool hasMeetingNumberLength(std::string_view digits) {

@@ -12,6 +12,7 @@ const std::string kBegin(kvn_BeginBookmark);
 const std::string kEnd(kvn_EndBookmark);
 const std::string kBeginEx(kvn_BeginBookmarkEx);
 const std::string kEndEx(kvn_EndBookmarkEx);
+const std::string kUpperBegin = "<A NAME=\"MACVNBOOKMARKBEGIN\"></A>";
 const std::string kFace = "\xF0\x9F\x98\x80";
 
 struct Owner final : InvitationOwner {
@@ -98,6 +99,8 @@ TEST_F(BodyHelper, WrapsAnInvitationInBookmarks) {
       {"white space around, of which the end bookmark leaves three places inside",
        "  The invitation text of a meeting     ",
        "  " + kBegin + "The invitation text of a meeting   " + kEnd + "  "},
+      {"a URL at the end, which the end bookmark must not be taken into", "The meeting: https://vorn.us/u/abc",
+       linked(kBegin + "The meeting: [https://vorn.us/u/abc]<br>") + kEnd},
       {"characters of two units at both ends", kFace + "meeting of all people of the house" + kFace + "\n",
        kBegin + kFace + "meeting of all people of the house" + kFace + "<br>" + kEnd},
   };
@@ -138,8 +141,13 @@ TEST_F(BodyHelper, BringsAnInvitationIntoEveryKindOfBody) {
       {"a placeholder goes with its decoration", "a<br><br>+" + kBegin + "wait" + kEnd + ".<br><br>b",
        "a" + marked + "b"},
       {"between plain bookmarks", "a" + kBegin + "OLD" + kEnd + "b", "a" + marked + "b"},
-      {"bookmarks in another case", "a" + kBegin + "OLD" + kEnd + "<A NAME=\"MACVNBOOKMARKEND\"></A>b",
-       "a" + marked + "b"},
+      {"a begin in another case, and one that was copied",
+       "a" + kBegin + "mine" + kUpperBegin + "OLD" + kEnd + "b", "a" + kBegin + "mine" + marked + "b"},
+      {"an end that was copied", "a" + kBegin + "OLD" + kEnd + "mine" + kEnd, "a" + marked + "mine" + kEnd},
+      {"a begin that was copied behind it", "a" + kBegin + "OLD" + kEnd + "mine" + kBegin,
+       "a" + marked + "mine" + kBegin},
+      {"an end that was copied before it", "a" + kEnd + "mine" + kBegin + "OLD" + kEnd,
+       "a" + kEnd + "mine" + marked},
       {"quotes dropped by an editor come back", "a" + kBeginEx + "OLD" + kEndEx + "b", "a" + marked + "b"},
       {"only a begin: added anew, the old one stays", "a" + kBegin + "OLD", "a" + kBegin + "OLD" + marked},
       {"only an end", "OLD" + kEnd, "OLD" + kEnd + marked},
@@ -152,9 +160,8 @@ TEST_F(BodyHelper, BringsAnInvitationIntoEveryKindOfBody) {
       {"placeholders that share their line ends", "a" + kEnd + ".<br><br>+" + kBegin + "b",
        "a" + kEnd + "." + marked + "+" + kBegin + "b"},
       {"characters of two units, and such as change their length with their case",
-       kFace + "\xC4\xB0\xC3\x9F" + kBegin + "\xC3\x9F" + kFace + "<A NAME=\"MACVNBOOKMARKEND\"></A>" + kEnd +
-           "\xE2\x84\xAA" + kFace,
-       kFace + "\xC4\xB0\xC3\x9F" + marked + "\xE2\x84\xAA" + kFace},
+       kFace + "\xC4\xB0\xC3\x9F" + kBegin + "\xC3\x9F" + kUpperBegin + kFace + kEnd + "\xE2\x84\xAA" + kFace,
+       kFace + "\xC4\xB0\xC3\x9F" + kBegin + "\xC3\x9F" + marked + "\xE2\x84\xAA" + kFace},
       {"of two invitations the span from the last begin to the last end",
        "a" + kBegin + "ONE" + kEnd + "b" + kBegin + "TWO" + kEnd + "c",
        "a" + kBegin + "ONE" + kEnd + "b" + marked + "c"},
@@ -188,6 +195,8 @@ TEST_F(BodyHelper, TheEditorsFontWrapperGoesWithTheOldInvitation) {
   const std::string lines = "lead" + kBegin + "NEW" + kEnd + "\r\n<br>trail";
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark("mine lead" + kBegin + "OLD" + kEnd + "trail rest", lines),
             "mine " + lines + " rest");
+  const std::string ended = "<font size=2>mine</font>" + kBegin + "OLD" + kEnd + " rest";
+  EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(ended, update), "<font size=2>mine</font>" + update + " rest");
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(body, "no bookmarks"), std::nullopt);
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmarkEx("no bookmarks", update), std::nullopt);
 }
@@ -202,6 +211,9 @@ TEST_F(BodyHelper, ADeleteTakesTheInvitationOut) {
       {"typed before " + kEndEx + "b", "b"},
       {"typed before " + kEnd + "b", std::nullopt},
       {"a" + kBegin + "OLD" + kEndEx + "b", "b"},
+      {"a" + kBegin + "mine" + kBegin + "OLD" + kEnd + "b", "a" + kBegin + "mineb"},
+      {"a" + kEnd + "mine" + kBegin + "OLD" + kEnd + "b", "a" + kEnd + "mineb"},
+      {"a" + kEnd + "mine" + kBegin + "b", "a" + kEnd + "mine" + kBegin + "b"},
       {"a" + kBegin + "OLD", std::nullopt},
       {"", std::nullopt},
   };

@@ -93,6 +93,7 @@ TEST_F(CalendarReader, FindsTheMeetingNumberOfADescription) {
       {"https://vorn.exam\r\n ple/j/91234567890?pwd=abc\\n\\nMeeting ID: 912 3456\r\n  7890", "91234567890"},
       {"https://x.y/j/9123\r\n 4567890\\n\\nMeeting\r\n  ID: 912 3456 7890", "91234567890"},
       {"https://x.y/j/9123456789\r\n 0?pwd=abc\\n\\nMeeting ID: 912 3456 7890", "91234567890"},
+      {"https://x.y/j/9123456789\n\t0?pwd=abc\\n\\nMeeting ID: 912 3456 7890", "91234567890"},
       {"https://x.y/j/9123456789\r\n\t0?pwd=abc", std::nullopt},
       {"https://x.y/j/9123456789\r\n\t0?pwd=abc\\n\\nMeeting ID: 912 3456 78\r\n\t90", "91234567890"},
       {"https://x.y/j/9123456789\r\n 0?pwd=abc https://x.y/j/91234567890", "91234567890"},
