@@ -17,7 +17,7 @@ const vnGetScheduleForListHelper& scheduleForList() { return vnGetScheduleForLis
 }  // namespace
 
 std::int64_t vnUserProfileHelper::getScheduleForIndexWithEmail(const OptionalText& email) const {
-  return indexOfPerson(bossesInfo(), vn_Boss_Email, email);
+  return indexOfPerson(knownBosses(), vn_Boss_Email, email);
 }
 
 std::int64_t vnUserProfileHelper::getScheduleForIndexWithHostID(const OptionalText& hostId) const {
@@ -29,7 +29,7 @@ std::string vnUserProfileHelper::getScheduleForEmailWithIndex(std::int64_t index
 }
 
 std::string vnUserProfileHelper::pmiMeetingIDWithScheduleForEmail(const OptionalText& email) const {
-  return personWithEmail(bossesInfo(), email)[vn_Boss_PMI].text();
+  return personWithEmail(knownBosses(), email)[vn_Boss_PMI].text();
 }
 
 bool vnUserProfileHelper::supportPMIForOnbehalf(const OptionalText& email) const {
@@ -37,7 +37,7 @@ bool vnUserProfileHelper::supportPMIForOnbehalf(const OptionalText& email) const
 }
 
 bool vnUserProfileHelper::isDisablePMIWithScheduleForEmail(const OptionalText& email) const {
-  return personWithEmail(bossesInfo(), email)[vn_Boss_DisablePMI].boolValue();
+  return personWithEmail(knownBosses(), email)[vn_Boss_DisablePMI].boolValue();
 }
 
 bool vnUserProfileHelper::isBossesPMIMeetingID(const OptionalText& meetingId) const {
@@ -54,7 +54,7 @@ bool vnUserProfileHelper::knows(const std::string& person) const {
   return person.empty() ? hasUserProfile() : scheduleForList().hasScheduleForList();
 }
 
-bool vnUserProfileHelper::isEnableScheduleFor() const { return bossesInfo().count() > 0; }
+bool vnUserProfileHelper::isEnableScheduleFor() const { return knownBosses().count() > 0; }
 
 Value vnUserProfileHelper::accountOrPerson(const OptionalText& email, std::string_view key) const {
   if (isOneself(email)) return m_profile[key];

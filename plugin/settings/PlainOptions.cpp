@@ -173,12 +173,16 @@ void PlainOptions::checkAccountLocked() {
 
 // -- Recording ---------------------------------------------------------------------------------------------------
 
-RecordingKinds PlainOptions::recordingKinds() const {
-  const AccountFacts account = m_context.facts(m_record).account;
-  return {.local = account.enableLocalRecording, .cloud = account.enableCloudRecording};
+// An account that is forgotten meanwhile still gives what it gave.
+RecordingKinds PlainOptions::recordingKinds() {
+  if (SettingsContext::profile().hasUserProfile()) {
+    const AccountFacts account = m_context.facts(m_record).account;
+    m_recordingKinds = {.local = account.enableLocalRecording, .cloud = account.enableCloudRecording};
+  }
+  return m_recordingKinds;
 }
 
-RecordingState PlainOptions::shownRecording() const {
+RecordingState PlainOptions::shownRecording() {
   return {.isShown = !m_autoRecordingButton.hidden,
           .isOn = m_autoRecordingButton.on,
           .title = recordingTitle(recordingKinds()),
@@ -215,7 +219,7 @@ void PlainOptions::restrictRecordingForEndToEnd() {
   m_autoRecordingOptionMatrixCloud.enabled = false;
 }
 
-std::int32_t PlainOptions::getCurrentAutoRecordingTypeFromUI() const {
+std::int32_t PlainOptions::getCurrentAutoRecordingTypeFromUI() {
   return recordingTypeToCommit(recordingKinds(), shownRecording(), m_record.enableE2ee());
 }
 
@@ -251,7 +255,7 @@ void PlainOptions::userChanged(std::string_view key) {
     return m_record.setSelectInvitationLanguage(selectedInvitationLanguage());
   }
   // Written to the disk at once, so a dismissed panel takes it back no more.
-  if (key == m_notShowMeAgain.key) return m_record.setNotShowMeAgain(m_notShowMeAgain.on);
+  if (key == m_notShowMeAgain.key) return writeNotShowMeAgain();
   for (const auto& [option, set] : kFollowers) {
     if (key == option->control) (m_record.*set)(isOn(*option));
   }
@@ -279,9 +283,11 @@ void PlainOptions::onPublicEvent() {
 }
 
 void PlainOptions::writeLockedAudioWatermark() {
-  const SwitchState watermark = state(plain_option::audioWatermark);
-  if (watermark.isShown && watermark.isLocked) m_record.setEnableAudioWatermark(true);
+  const Control& watermark = control(plain_option::audioWatermark);
+  if (!watermark.hidden && !watermark.enabled) m_record.setEnableAudioWatermark(true);
 }
+
+void PlainOptions::writeNotShowMeAgain() { m_record.setNotShowMeAgain(m_notShowMeAgain.on); }
 
 std::string PlainOptions::selectedInvitationLanguage() const {
   return std::string(invitationLanguageCode(m_selectLanguagePopup.index));

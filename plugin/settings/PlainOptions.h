@@ -44,10 +44,12 @@ class PlainOptions {
   void userChanged(std::string_view key);
 
   // What a commit writes of them. All others are in the record since they were changed.
-  std::int32_t getCurrentAutoRecordingTypeFromUI() const;
+  std::int32_t getCurrentAutoRecordingTypeFromUI();
   std::string selectedInvitationLanguage() const;
   // The account's lock turns the watermark on where it is shown.
   void writeLockedAudioWatermark();
+  // The user defaults hold it, and a record that is made for another window meanwhile writes there as well.
+  void writeNotShowMeAgain();
   // The user's choices have gone into the record, or with the panel.
   void forgetTyped() { m_isLanguageChosen = false; }
 
@@ -57,8 +59,8 @@ class PlainOptions {
   bool isOn(const PlainOption& option);
   void takeState(const PlainOption& option);
   void takeVisibility(const PlainOption& option);
-  RecordingKinds recordingKinds() const;
-  RecordingState shownRecording() const;
+  RecordingKinds recordingKinds();
+  RecordingState shownRecording();
   void show(const RecordingState& recording);
   void onHostVideo();
   void onPublicEvent();
@@ -71,6 +73,7 @@ class PlainOptions {
 
   // A language that the user has chosen outlasts the next load.
   bool m_isLanguageChosen = false;
+  RecordingKinds m_recordingKinds;
 
   Control& m_publicEventBox;
   Control& m_publicEventListButton;

@@ -7,6 +7,7 @@
 
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
+#include "data/vnGetScheduleForListHelper.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
@@ -63,6 +64,7 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   if (m_waitsForPersonalMeeting) {
     m_meetingId.getPMIMeetingInfo();
   } else if (!m_settingData.scheduleForEmail().value_or("").empty()) {
+    m_waitsForList = true;
     m_scheduleFor.getScheduleForList();
   }
 }
@@ -99,6 +101,20 @@ void VnSettingViewController::updateUIItemsForNextTime() {
   closeWindows();
   initializeItems();
   m_meetingId.updateOneTimeMeetingTitle();
+  makeGoodWhatCameMeanwhile();
+}
+
+// A reply that came while the panel was off the screen has changed nothing, and is still wanted.
+void VnSettingViewController::makeGoodWhatCameMeanwhile() {
+  if (m_waitsForPersonalMeeting && m_settingData.usePMI() && !m_context.awaitsMeeting()) {
+    m_meetingId.getPMIMeetingInfo();
+  }
+  if (!m_waitsForList) return;
+  if (vnGetScheduleForListHelper::sharedInstance().hasScheduleForList()) {
+    setScheduleForListInfo(true);
+  } else {
+    m_scheduleFor.getScheduleForList();
+  }
 }
 
 // The order of loading.
@@ -282,6 +298,7 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   // Its regions are those of whom the record was for until now.
   if (person != m_settingData.scheduleForEmail().value_or("")) m_allowDeny.endWindow();
   m_scheduleFor.setScheduleForListInfo(forOther);
+  m_waitsForList = false;
   // Their personal meeting, which may have come before the list, says more than the list does.
   if (!person.empty() && !m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
 }
@@ -371,6 +388,7 @@ void VnSettingViewController::takeControls(Commit commit) {
   m_alternateHosts.writeAlternateHosts();
   if (commit == Commit::meant) {
     m_settingData.saveForceIncludeJoinurlInLocationToUserDefault(m_settingData.forceIncludeJoinurlInLocation());
+    m_plainOptions.writeNotShowMeAgain();
   }
   m_countries.writeCountries();
   m_scheduleFor.writeScheduleFor();
@@ -411,9 +429,11 @@ void VnSettingViewController::commitRefused() {
   if (m_beforeCommit) m_kept = *std::exchange(m_beforeCommit, std::nullopt);
 }
 
+void VnSettingViewController::commitStands() { m_beforeCommit.reset(); }
+
 // What the service says of a commit holds for what a dismissed panel goes back to as well.
 void VnSettingViewController::updatePasswordAfterCommit(const OptionalText& passcode) {
-  m_beforeCommit.reset();
+  commitStands();
   for (vnSettingData* record : {&m_settingData, &m_kept.record}) {
     record->setMeetingPassword(passcode);
     record->setRequiredMeetingPassword(!passcode.value_or("").empty());

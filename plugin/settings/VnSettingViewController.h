@@ -93,6 +93,7 @@ class VnSettingViewController final : private PanelSteps {
   void onPMIMeetingInfo();
   void resetMeetingItemWhenUpdateError();
   void commitRefused();
+  void commitStands();
   void updatePasswordAfterCommit(const OptionalText& passcode);
   void filterInvalidAlternateHosts(const Value& emails);
 
@@ -101,6 +102,7 @@ class VnSettingViewController final : private PanelSteps {
   void explain();
   ContinueFacts continueFacts() const;
   void initWithLocalString();
+  void makeGoodWhatCameMeanwhile();
   void setSiteMeetingInfo(const Value& meetingInfo);
   enum class Commit { meant, tried };
   struct Kept {
@@ -156,6 +158,7 @@ class VnSettingViewController final : private PanelSteps {
   Kept m_kept;
   std::optional<Kept> m_beforeCommit;
   bool m_waitsForPersonalMeeting = false;
+  bool m_waitsForList = false;
   // As it was at the last load: telling it means to read the whole appointment.
   bool m_isEnableRecurrence = false;
   Value m_siteMeetingInfo = Value::dictionary();

@@ -180,6 +180,10 @@ void VnSettingWindowController::commitRefused() {
   if (m_mySettingViewController) m_mySettingViewController->commitRefused();
 }
 
+void VnSettingWindowController::commitStands() {
+  if (m_mySettingViewController) m_mySettingViewController->commitStands();
+}
+
 void VnSettingWindowController::setScheduleForListInfo(bool arrived) {
   if (m_sheet) m_mySettingViewController->setScheduleForListInfo(arrived);
 }

@@ -65,6 +65,7 @@ class VnSettingWindowController final : public SettingsPanel,
   void filterInvalidAlternateHosts(const Value& emails) override;
   void resetMeetingItemWhenUpdateError() override;
   void commitRefused() override;
+  void commitStands() override;
   void setScheduleForListInfo(bool arrived) override;
 
  private:

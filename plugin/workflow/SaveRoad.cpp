@@ -70,6 +70,7 @@ void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingDa
       return;
     }
     // The service has nothing to learn. What the user sees may still have to be written.
+    if (const auto panel = openSettingsPanel(window.id())) panel->commitStands();
     const vnMeetingDataMgr& choices = *m_manager.meetingDataMgr();
     if (window.proxy().isOutlookAppointmentItemChanged() || m_manager.isForceUpdate() ||
         choices.isForceIncludeJoinurlInLocationChanged() || choices.isSelectInvitationLanguageChanged()) {

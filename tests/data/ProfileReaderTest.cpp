@@ -112,7 +112,7 @@ TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes
   fromUser("a", 1);
   EXPECT_TRUE(account().isEnableScheduleFor());
   account().clearUserProfile();
-  EXPECT_FALSE(account().isEnableScheduleFor());
+  EXPECT_TRUE(account().isEnableScheduleFor());
   EXPECT_EQ(account().userType(), 1);
   EXPECT_EQ(account().lastKnownUserId(), "a");
   EXPECT_EQ(account().knownBosses().count(), 1u);

@@ -202,5 +202,42 @@ TEST_F(SettingsPanelTest, HearsOfThePasscodeTheHostsAndTheRefusalOfACommit) {
   EXPECT_EQ(panel->getSiteMeetingInfo(), window->manager->getMeetingHelper()->getMeetingInfo());
 }
 
+// Another window's end forgets the account for all of them, and a record that is made for another one writes its
+// own wishes to the user defaults.
+TEST_F(SettingsPanelTest, WhatIsShownIsCommittedThoughAnotherWindowForgetsTheAccount) {
+  Account account = accountWith(UserOption3::isSupportJbhPriorTime);
+  account.set_useroption(~std::int64_t{0});
+  account.set_useroption4(~std::int64_t{0});
+  knowAccount(account);
+  open();
+  turn("autoRecordingButton", true);
+  turn("autoRecordingOptionMatrixCloud", true);
+  turn("notShowMeAgain", true);
+  const Value shownNow = view().settingsToCommit();
+  vnUserProfileHelper::sharedInstance().clearUserProfile();
+  view().settingData().setNotShowMeAgain(false);
+  click("buttonContinue");
+  for (const std::string_view key :
+       {vn_Setting_EnableAutoRecordingType, vn_Setting_JBHPriorTime, vn_Setting_EnableAudioWatermark}) {
+    EXPECT_EQ(settings()[key], shownNow[key]) << key;
+  }
+  EXPECT_TRUE(view().settingData().notShowMeAgain());
+}
+
+TEST_F(SettingsPanelTest, ACommitThatTheServiceDidNotHaveToHearOfOutlastsALaterRefusal) {
+  knowMeeting();
+  open();
+  const auto panel = panels.getSchSettingWindowInArray(id());
+  turn("forceIncludeJoinurlInLocation", false);
+  view().onSettingsCommit(true);
+  panel->commitStands();
+  type("passwordTextField", "other1");
+  view().onSettingsCommit(true);
+  panel->commitRefused();
+  view().onSettingsCommit(false);
+  EXPECT_FALSE(view().settingData().forceIncludeJoinurlInLocation());
+  EXPECT_EQ(settings()[vn_Setting_MeetingPassword], Value("abc123"));
+}
+
 }  // namespace
 }  // namespace vorn

@@ -39,6 +39,7 @@ class FakePanel final : public SettingsPanel {
   }
   void resetMeetingItemWhenUpdateError() override { calls.push_back("resets"); }
   void commitRefused() override { calls.push_back("refused"); }
+  void commitStands() override { calls.push_back("stands"); }
   void setScheduleForListInfo(bool arrived) override { calls.push_back(arrived ? "people" : "no people"); }
 
   Value settings = Value::dictionary();
