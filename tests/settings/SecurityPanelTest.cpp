@@ -272,6 +272,7 @@ TEST_F(SecurityPanelTest, APasscodeThatIsLockedOffGoesOutOfAMeetingThatHasOne) {
   knowAccount(accountWith(UserOption4::isLockScheduleRequirePassword));
   open();
   EXPECT_FALSE(control("requiredMeetingPswButton").on || control("requiredMeetingPswButton").enabled);
+  EXPECT_TRUE(control("requiredMeetingPswButton").hidden);
   EXPECT_TRUE(control("passwordTextField").hidden);
   EXPECT_FALSE(settings()[vn_Setting_RequiredMPW].boolValue());
   EXPECT_THAT(focused(), IsEmpty());

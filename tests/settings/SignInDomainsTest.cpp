@@ -265,6 +265,9 @@ TEST_F(SignInPanelTest, DomainsAreEditedInAWindowThatKeepsWhatIsNoDomain) {
   type("_domainsTextField", "given.up");
   click("domains_cancelBtn");
   EXPECT_FALSE(isOnScreen("domainsWindow"));
+  click("viewEditButton");
+  panels.refreshSettingWindow(id(), false);
+  EXPECT_FALSE(isOnScreen("domainsWindow")) << "they are another meeting's now";
   turn("onlySignedinWithSpecifiedDomains", false);
   turn("onlySignedinWithSpecifiedDomains", true);
   view().initializeItems();
