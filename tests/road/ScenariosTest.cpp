@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "lab/inprocess/InProcessSession.h"
 #include "lab/shell/scenario/ScenarioPlayer.h"
-#include "tests/road/world/InProcessSession.h"
 
 // The scenarios once more, in one process and on the virtual clock.
 

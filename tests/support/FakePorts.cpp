@@ -21,17 +21,6 @@ typename Map::mapped_type valueIn(const Map& map, std::string_view key) {
 
 }  // namespace
 
-Value MemoryUserDefaults::objectForKey(std::string_view key) { return stored[key]; }
-
-void MemoryUserDefaults::setObject(const Value& value, std::string_view key) {
-  if (value.isAbsent()) removeObject(key);
-  stored.set(key, value);
-}
-
-void MemoryUserDefaults::removeObject(std::string_view key) { stored.erase(key); }
-
-Value MemoryUserDefaults::persistentDomainForName(std::string_view domain) { return valueIn(domains, domain); }
-
 bool FakeWorkspace::isRunning(std::string_view bundleIdentifier) {
   return running.find(bundleIdentifier) != running.end();
 }

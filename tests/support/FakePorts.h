@@ -11,26 +11,15 @@
 #include <string_view>
 #include <vector>
 
+#include "lab/inprocess/MemoryUserDefaults.h"
 #include "platform/DistributedNotifications.h"
 #include "platform/Surroundings.h"
 #include "platform/Trace.h"
-#include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 
 namespace vorn {
 
-class MemoryUserDefaults final : public UserDefaults {
- public:
-  Value objectForKey(std::string_view key) override;
-  void setObject(const Value& value, std::string_view key) override;
-  void removeObject(std::string_view key) override;
-  void synchronize() override { ++synchronized; }
-  Value persistentDomainForName(std::string_view domain) override;
-
-  Value stored = Value::dictionary();
-  std::map<std::string, Value, std::less<>> domains;
-  int synchronized = 0;
-};
+using vornlab::MemoryUserDefaults;
 
 class FakeWorkspace final : public Workspace {
  public:

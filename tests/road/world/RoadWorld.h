@@ -4,10 +4,13 @@
 
 #include "lab/client/Service.h"
 #include "lab/ics/CalendarStore.h"
+#include "lab/inprocess/InProcessSession.h"
 #include "lab/outlook/OutlookHost.h"
-#include "tests/road/world/InProcessSession.h"
 
 namespace vorn {
+
+using vornlab::InProcessClient;
+using vornlab::InProcessSession;
 
 // A session in this process over a calendar of its own: what a person does at the host, and what stands in the
 // calendar afterwards.

@@ -4,26 +4,24 @@
 #include <memory>
 #include <string>
 
+#include "lab/inprocess/InProcessClient.h"
+#include "lab/inprocess/MemoryUserDefaults.h"
 #include "lab/shell/EmbeddedSession.h"
 #include "platform/embedded/EmbeddedWorkspace.h"
 #include "platform/embedded/VirtualRunLoop.h"
-#include "tests/road/world/InProcessClient.h"
-#include "tests/support/FakePorts.h"
 
-namespace vorn {
+namespace vornlab {
 
 // A session in one process and on the virtual clock: the plug-in is linked in, and the client a few calls away.
 // One at a time.
-class InProcessSession final : public vornlab::EmbeddedSession {
+class InProcessSession final : public EmbeddedSession {
  public:
   // Throws LabError when the world cannot be made.
-  InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
-                   const vornlab::OutlookHost::Options& hostOptions);
+  InProcessSession(const LabOptions& options, CalendarStore& calendar, const OutlookHost::Options& hostOptions);
   ~InProcessSession() override;
 
-  static std::unique_ptr<vornlab::LabSession> start(const vornlab::LabOptions& options,
-                                                    vornlab::CalendarStore& calendar,
-                                                    const vornlab::OutlookHost::Options& hostOptions) {
+  static std::unique_ptr<LabSession> start(const LabOptions& options, CalendarStore& calendar,
+                                           const OutlookHost::Options& hostOptions) {
     return std::make_unique<InProcessSession>(options, calendar, hostOptions);
   }
 
@@ -31,13 +29,13 @@ class InProcessSession final : public vornlab::EmbeddedSession {
   using EmbeddedSession::runLoop;
 
   using LabSession::ask;
-  Value ask(const std::string& question, const Value& parameters) override;
+  vorn::Value ask(const std::string& question, const vorn::Value& parameters) override;
   bool clientIsRunning() override { return m_client.isRunning(); }
   void killClient() override { m_client.end(); }
   void stopClient() override { m_client.end(); }
   void restartClient() override;
   void setFaults(const std::string& rules) override { m_client.setFaults(rules); }
-  vornlab::MeetingStore& meetings() override { return m_client.service().meetings(); }
+  MeetingStore& meetings() override { return m_client.service().meetings(); }
   bool talksByNotifications() const override { return false; }
   void saveInUserDefaults(const std::string& key, const std::string& value) override;
   bool waitUntil(const std::function<bool()>& condition, double seconds) override;
@@ -47,13 +45,13 @@ class InProcessSession final : public vornlab::EmbeddedSession {
   class Applications;
   struct Ground;
 
-  InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
-                   const vornlab::OutlookHost::Options& hostOptions, Ground ground);
+  InProcessSession(const LabOptions& options, CalendarStore& calendar, const OutlookHost::Options& hostOptions,
+                   Ground ground);
 
   InProcessClient m_client;
-  std::unique_ptr<Workspace> m_workspace;
+  std::unique_ptr<vorn::Workspace> m_workspace;
   // The world's own are brought to the disk at each change.
   MemoryUserDefaults m_userDefaults;
 };
 
-}  // namespace vorn
+}  // namespace vornlab

@@ -1,14 +1,12 @@
-#include "tests/road/world/InProcessClient.h"
+#include "lab/inprocess/InProcessClient.h"
 
 #include <algorithm>
 #include <optional>
 #include <utility>
 
-namespace vorn {
+namespace vornlab {
 
-using vornlab::Delivery;
-
-InProcessClient::InProcessClient(HostRunLoop& runLoop, vornlab::Account account, vornlab::Service::Options options,
+InProcessClient::InProcessClient(vorn::HostRunLoop& runLoop, Account account, Service::Options options,
                                  const std::string& journal)
     : m_runLoop(runLoop),
       m_service(std::move(account), std::move(options)),
@@ -24,7 +22,7 @@ void InProcessClient::end() {
 }
 
 void InProcessClient::setFaults(const std::string& rules) {
-  m_desk.setFaults(vornlab::FaultBook::fromText(rules, "the faults"));
+  m_desk.setFaults(FaultBook::fromText(rules, "the faults"));
 }
 
 void InProcessClient::setIncident(std::size_t request, Incident incident) {
@@ -37,10 +35,10 @@ void InProcessClient::setSpoiling(std::uint32_t action, Spoiling spoiling) {
 
 std::vector<std::string> InProcessClient::requestNames() const {
   std::vector<std::string> names;
-  for (const vornlab::Envelope& request : m_requests) {
+  for (const Envelope& request : m_requests) {
     std::string name = std::to_string(request.action);
-    if (request.action == vornlab::action::kMeetings) {
-      name += "/" + std::to_string(vornlab::Service::operationOf(request));
+    if (request.action == action::kMeetings) {
+      name += "/" + std::to_string(Service::operationOf(request));
     }
     names.push_back(name);
   }
@@ -78,7 +76,7 @@ void InProcessClient::take(int connection, const std::string& message) {
   if (found == m_connections.end()) return;
   // An incident may end the connection; what is taken in by then is answered all the same.
   const std::shared_ptr<Connection> held = found->second;
-  const std::optional<vornlab::Envelope> request = vornlab::fromText(message);
+  const std::optional<Envelope> request = fromText(message);
   const nlohmann::json way = {{"connection", connection}};
   if (!request) {
     m_journal.note("malformed", way);
@@ -87,10 +85,10 @@ void InProcessClient::take(int connection, const std::string& message) {
   m_requests.push_back(*request);
   const auto incident = m_incidents.find(m_requests.size());
   if (incident != m_incidents.end() && !incident->second()) return;
-  for (const vornlab::Desk::Answer& answer : m_desk.take(*request, message.size(), way, way)) queue(held, answer);
+  for (const Desk::Answer& answer : m_desk.take(*request, message.size(), way, way)) queue(held, answer);
 }
 
-void InProcessClient::queue(const std::shared_ptr<Connection>& connection, const vornlab::Desk::Answer& answer) {
+void InProcessClient::queue(const std::shared_ptr<Connection>& connection, const Desk::Answer& answer) {
   Delivery delivery = deliveryOf(answer.reply, answer.faults);
   const auto spoiling = m_spoilings.find(answer.reply.action);
   if (spoiling != m_spoilings.end()) delivery.pieces = {spoiling->second(answer.reply)};
@@ -125,4 +123,4 @@ void InProcessClient::queue(const std::shared_ptr<Connection>& connection, const
   }
 }
 
-}  // namespace vorn
+}  // namespace vornlab

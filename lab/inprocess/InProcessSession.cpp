@@ -1,15 +1,15 @@
-#include "tests/road/world/InProcessSession.h"
+#include "lab/inprocess/InProcessSession.h"
 
 #include <fstream>
 
 #include "bundle/PluginLoad.h"
+#include "lab/inprocess/InProcessSocket.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/TemporaryFolder.h"
 #include "platform/Registry.h"
-#include "tests/road/world/InProcessSocket.h"
 #include "util/PropertyList.h"
 
-namespace vorn {
+namespace vornlab {
 
 namespace {
 
@@ -20,28 +20,29 @@ constexpr const char* kClientVersion = "5.12.3.9654";
 
 // An application that is there to be found, and that nobody starts.
 const fs::path& programs() {
-  static const vornlab::TemporaryFolder folder;
+  static const TemporaryFolder folder;
   static const bool isMade = [] {
     const fs::path contents = folder.path() / "vornclient.app/Contents";
     fs::create_directories(contents / "MacOS");
     std::ofstream(contents / "MacOS/vornclient") << "no program";
-    return writePropertyList(Value::dictionaryFromPairs({{"CFBundleIdentifier", kClientIdentifier},
-                                                         {"CFBundleExecutable", "vornclient"},
-                                                         {"CFBundleShortVersionString", kClientVersion},
-                                                         {"CFBundleVersion", kClientVersion}}),
-                             (contents / "Info.plist").string());
+    return vorn::writePropertyList(
+        vorn::Value::dictionaryFromPairs({{"CFBundleIdentifier", kClientIdentifier},
+                                          {"CFBundleExecutable", "vornclient"},
+                                          {"CFBundleShortVersionString", kClientVersion},
+                                          {"CFBundleVersion", kClientVersion}}),
+        (contents / "Info.plist").string());
   }();
   static_cast<void>(isMade);
   return folder.path();
 }
 
-vornlab::LabOptions withPrograms(vornlab::LabOptions options) {
+LabOptions withPrograms(LabOptions options) {
   options.programs = programs();
   return options;
 }
 
-vornlab::Service::Options serviceOptions(const vornlab::LabOptions& options) {
-  vornlab::Service::Options service;
+Service::Options serviceOptions(const LabOptions& options) {
+  Service::Options service;
   service.version = options.clientVersion.empty() ? kClientVersion : options.clientVersion;
   service.seed = 20261121;
   return service;
@@ -58,13 +59,13 @@ struct InProcessSession::Ground {
     surroundings.seed = 20261121;
   }
 
-  std::unique_ptr<VirtualRunLoop> runLoop = std::make_unique<VirtualRunLoop>();
-  EmbeddedSurroundings::Options surroundings;
+  std::unique_ptr<vorn::VirtualRunLoop> runLoop = std::make_unique<vorn::VirtualRunLoop>();
+  vorn::EmbeddedSurroundings::Options surroundings;
 };
 
-class InProcessSession::Applications final : public Workspace {
+class InProcessSession::Applications final : public vorn::Workspace {
  public:
-  Applications(const vornlab::World& world, const InProcessClient& client)
+  Applications(const World& world, const InProcessClient& client)
       : m_onDisk(world.root().string(), {world.applications().string()}), m_client(client) {}
 
   bool isRunning(std::string_view bundleIdentifier) override {
@@ -75,46 +76,46 @@ class InProcessSession::Applications final : public Workspace {
   }
   bool isFilePackage(std::string_view path) override { return m_onDisk.isFilePackage(path); }
   std::string executablePath(std::string_view bundlePath) override { return m_onDisk.executablePath(bundlePath); }
-  Value propertyListAtPath(std::string_view path) override { return m_onDisk.propertyListAtPath(path); }
+  vorn::Value propertyListAtPath(std::string_view path) override { return m_onDisk.propertyListAtPath(path); }
   bool launch(std::string_view) override { return true; }
   bool openFolder(std::string_view) override { return true; }
   bool openWebPage(std::string_view) override { return true; }
 
  private:
-  EmbeddedWorkspace m_onDisk;
+  vorn::EmbeddedWorkspace m_onDisk;
   const InProcessClient& m_client;
 };
 
-InProcessSession::InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
-                                   const vornlab::OutlookHost::Options& hostOptions)
+InProcessSession::InProcessSession(const LabOptions& options, CalendarStore& calendar,
+                                   const OutlookHost::Options& hostOptions)
     : InProcessSession(withPrograms(options), calendar, hostOptions, Ground()) {}
 
-InProcessSession::InProcessSession(const vornlab::LabOptions& options, vornlab::CalendarStore& calendar,
-                                   const vornlab::OutlookHost::Options& hostOptions, Ground ground)
+InProcessSession::InProcessSession(const LabOptions& options, CalendarStore& calendar,
+                                   const OutlookHost::Options& hostOptions, Ground ground)
     : EmbeddedSession(options, hostOptions, std::move(ground.runLoop), std::move(ground.surroundings)),
       m_client(runLoop(), account(), serviceOptions(options), world().journal().string()),
       m_workspace(std::make_unique<Applications>(world(), m_client)) {
   if (!options.withoutClient) m_client.start();
   host().defineClasses();
   host().open(calendar);
-  Platform platform = commonPlatform();
+  vorn::Platform platform = commonPlatform();
   platform.workspace = m_workspace.get();
   platform.userDefaults = &m_userDefaults;
-  Registry::install(platform);
-  Registry::install<vSocketClientImpl>(std::make_unique<InProcessSocket>(m_client));
-  attachPlugin();
+  vorn::Registry::install(platform);
+  vorn::Registry::install<vorn::vSocketClientImpl>(std::make_unique<InProcessSocket>(m_client));
+  vorn::attachPlugin();
   host().openMainWindow();
 }
 
 InProcessSession::~InProcessSession() {
   host().closeMainWindow();
-  unloadPlugin();
+  vorn::unloadPlugin();
 }
 
-Value InProcessSession::ask(const std::string& question, const Value& parameters) {
-  Value answer;
-  if (answerQuestion(question.c_str(), &parameters, &answer) != 0) {
-    throw vornlab::LabError("the plug-in does not answer the question \"" + question + "\"");
+vorn::Value InProcessSession::ask(const std::string& question, const vorn::Value& parameters) {
+  vorn::Value answer;
+  if (vorn::answerQuestion(question.c_str(), &parameters, &answer) != 0) {
+    throw LabError("the plug-in does not answer the question \"" + question + "\"");
   }
   return answer;
 }
@@ -125,11 +126,11 @@ void InProcessSession::restartClient() {
 }
 
 void InProcessSession::saveInUserDefaults(const std::string& key, const std::string& value) {
-  m_userDefaults.setObject(vornlab::World::valueOfChoice(value), key);
+  m_userDefaults.setObject(World::valueOfChoice(value), key);
 }
 
 bool InProcessSession::waitUntil(const std::function<bool()>& condition, double seconds) {
   return runLoop().runUntil(condition, seconds);
 }
 
-}  // namespace vorn
+}  // namespace vornlab

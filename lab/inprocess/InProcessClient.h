@@ -10,7 +10,7 @@
 #include "lab/client/Desk.h"
 #include "platform/embedded/HostRunLoop.h"
 
-namespace vorn {
+namespace vornlab {
 
 // The stand-in client in this process, on the run loop's clock: the service, the faults and the journal of the
 // program, with connections of function calls in the place of its socket.
@@ -21,18 +21,18 @@ class InProcessClient {
   // Answers whether the request still reaches the client.
   using Incident = std::function<bool()>;
   // What arrives in the place of a reply.
-  using Spoiling = std::function<std::string(const vornlab::Envelope& reply)>;
+  using Spoiling = std::function<std::string(const Envelope& reply)>;
 
   // What a reply takes on its way.
   static constexpr double kAnswerSeconds = 0.05;
 
-  InProcessClient(HostRunLoop& runLoop, vornlab::Account account, vornlab::Service::Options options,
+  InProcessClient(vorn::HostRunLoop& runLoop, Account account, Service::Options options,
                   const std::string& journal);
   ~InProcessClient();
   InProcessClient(const InProcessClient&) = delete;
   InProcessClient& operator=(const InProcessClient&) = delete;
 
-  vornlab::Service& service() { return m_service; }
+  Service& service() { return m_service; }
   bool isRunning() const { return m_isRunning; }
   void start() { m_isRunning = true; }
   // What has gone out by then arrives all the same.
@@ -46,7 +46,7 @@ class InProcessClient {
   void setSpoiling(std::uint32_t action, Spoiling spoiling);
 
   // The requests so far, in order.
-  const std::vector<vornlab::Envelope>& requests() const { return m_requests; }
+  const std::vector<Envelope>& requests() const { return m_requests; }
   // "6", "9", "3/1": the action, and the inner operation of a meeting request.
   std::vector<std::string> requestNames() const;
   void forgetRequests();
@@ -66,21 +66,21 @@ class InProcessClient {
     double lastDue = 0;
   };
 
-  void queue(const std::shared_ptr<Connection>& connection, const vornlab::Desk::Answer& answer);
+  void queue(const std::shared_ptr<Connection>& connection, const Desk::Answer& answer);
   void close(int connection);
 
-  HostRunLoop& m_runLoop;
-  vornlab::Service m_service;
-  vornlab::Journal m_journal;
-  vornlab::Desk m_desk;
+  vorn::HostRunLoop& m_runLoop;
+  Service m_service;
+  Journal m_journal;
+  Desk m_desk;
   bool m_isRunning = false;
   // Counts the lives of the client: what one life holds back goes with it.
   int m_life = 0;
   int m_lastId = 0;
   std::map<int, std::shared_ptr<Connection>> m_connections;
-  std::vector<vornlab::Envelope> m_requests;
+  std::vector<Envelope> m_requests;
   std::map<std::size_t, Incident> m_incidents;
   std::map<std::uint32_t, Spoiling> m_spoilings;
 };
 
-}  // namespace vorn
+}  // namespace vornlab

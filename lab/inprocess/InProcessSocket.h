@@ -2,13 +2,13 @@
 
 #include "channel/transport/MessageAssembler.h"
 #include "channel/transport/vSocketClientImpl.h"
-#include "tests/road/world/InProcessClient.h"
+#include "lab/inprocess/InProcessClient.h"
 
-namespace vorn {
+namespace vornlab {
 
 // The plug-in's connection to the client in this process. Its states are those of the real one: a peer that is
 // gone stays unnoticed, and only a message without a connection brings one about.
-class InProcessSocket final : public vSocketClientImpl {
+class InProcessSocket final : public vorn::vSocketClientImpl {
  public:
   // The client outlives this.
   explicit InProcessSocket(InProcessClient& client) : m_client(client) {}
@@ -16,7 +16,7 @@ class InProcessSocket final : public vSocketClientImpl {
 
   void connect() override;
   void disconnect() override { hangUp(); }
-  bool send(const OptionalText& message) override;
+  bool send(const vorn::OptionalText& message) override;
 
  private:
   void hangUp();
@@ -26,7 +26,7 @@ class InProcessSocket final : public vSocketClientImpl {
   bool m_isHeld = false;
   // 0 when nobody listened.
   int m_connection = 0;
-  MessageAssembler m_assembler;
+  vorn::MessageAssembler m_assembler;
 };
 
-}  // namespace vorn
+}  // namespace vornlab

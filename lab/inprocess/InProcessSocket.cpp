@@ -1,8 +1,8 @@
-#include "tests/road/world/InProcessSocket.h"
+#include "lab/inprocess/InProcessSocket.h"
 
 #include "channel/transport/vnIPCConstants.h"
 
-namespace vorn {
+namespace vornlab {
 
 void InProcessSocket::connect() {
   if (m_isHeld) return;
@@ -17,18 +17,18 @@ void InProcessSocket::hangUp() {
   m_client.hangUp(m_connection);
 }
 
-bool InProcessSocket::send(const OptionalText& message) {
+bool InProcessSocket::send(const vorn::OptionalText& message) {
   if (!m_isHeld) {
     connect();
     return false;
   }
-  if (!message || message->empty() || message->size() >= kIPCSendBufferSize) return false;
+  if (!message || message->empty() || message->size() >= vorn::kIPCSendBufferSize) return false;
   m_client.take(m_connection, *message);
   return true;
 }
 
 void InProcessSocket::read(std::string_view bytes) {
-  constexpr std::size_t kMost = kIPCReceiveBufferSize - 1;
+  constexpr std::size_t kMost = vorn::kIPCReceiveBufferSize - 1;
   for (; !bytes.empty(); bytes.remove_prefix(std::min(kMost, bytes.size()))) {
     if (const auto message = m_assembler.feed(bytes.substr(0, kMost))) {
       handleSocketGetRequestDone_OLPlugin(*message);
@@ -36,4 +36,4 @@ void InProcessSocket::read(std::string_view bytes) {
   }
 }
 
-}  // namespace vorn
+}  // namespace vornlab
