@@ -181,6 +181,23 @@ TEST_F(MeetingIdPanelTest, AReplyForAPanelThatWasLeftChangesNothing) {
   EXPECT_EQ(settings(), before);
 }
 
+TEST_F(MeetingIdPanelTest, WhatCameWhileThePanelWasLeftIsAskedForOnceMore) {
+  isDefaultPMI = true;
+  knowAccount();
+  open();
+  EXPECT_THAT(asked(), ElementsAre("4;5550142871"));
+  click("buttonCancel");
+  answerMeeting("5550142871", true);
+  EXPECT_FALSE(settings()[vn_Setting_EnableHostVideo].boolValue());
+  open();
+  EXPECT_THAT(asked(), ElementsAre("4;5550142871"));
+  answerMeeting("5550142871", true);
+  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
+  click("buttonCancel");
+  open();
+  EXPECT_THAT(asked(), IsEmpty()) << "it is there";
+}
+
 TEST_F(MeetingIdPanelTest, AMeetingThatStandsShowsItsNumber) {
   knowAccount(false, true);
   knowMeeting();

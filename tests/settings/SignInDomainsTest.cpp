@@ -165,6 +165,7 @@ TEST_F(SignInPanelTest, OffersTheChoicesWithTheirDomainsAndCommitsTheOneThatIsSh
   turn("onlySignedinWithSpecifiedDomains", true);
   EXPECT_EQ(control("authNamePopup").index, 1) << "the account's default";
   EXPECT_EQ(control("domainText").text, "p.example");
+  EXPECT_TRUE(isOnScreen("domainText"));
   choose("authNamePopup", 2);
   EXPECT_FALSE(isOnScreen("domainText") || isOnScreen("viewEditButton"));
   choose("authNamePopup", 0);

@@ -70,6 +70,7 @@ TEST(TokenText, IsEditedAsAPersonExpects) {
        "{\U0001F600\U0001F601}"},
       {"nor does a caret", {plain("\U0001F600")}, {selecting(1, 0)}, "|\U0001F600"},
       {"a selection behind the end", {plain("ab")}, {selecting(1, SIZE_MAX)}, "a{b}"},
+      {"extending to the left", {plain("abc")}, {left, left}, "a{bc}"},
       {"extending to the left, and leaving there", {plain("abc")}, {left, left, pressing(Key::left)}, "a|bc"},
       {"a pasted chip's character is no chip", {}, {paste}, "ab|"},
       {"a key that is for the owner", {plain("a")}, {pressing(Key::newLine)}, "a|"},
