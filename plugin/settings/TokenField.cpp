@@ -51,7 +51,7 @@ TokenField::~TokenField() {
 void TokenField::refill(const std::vector<TokenChip>& chips, const std::string& text) {
   // What is still to come belongs to the text that goes.
   Registry::platform().runLoop->cancelPrevious(this);
-  m_requests.clear();
+  m_request.reset();
   m_tokenRange = {};
   m_list.close();
   m_field.tokens.clear();
@@ -134,47 +134,32 @@ void TokenField::choose(const TokenChip& chip) {
 // -- What comes later --------------------------------------------------------------------------------------------
 
 void TokenField::request(std::vector<TokenChip> chips, TextRange range) {
-  RunLoop* runLoop = Registry::platform().runLoop;
-  std::erase_if(m_requests, [&](const Request& earlier) {
-    if (earlier.chips != chips) return false;
-    runLoop->cancelPrevious(this, earlier.name);
-    return true;
-  });
-  const std::string name = "select:" + std::to_string(++m_lastRequest);
-  m_requests.push_back({name, std::move(chips), range, m_field.tokens.text(range)});
-  runLoop->performAfter(kDelaySeconds, this, name, [this, name] { onDue(name); });
+  m_request = Request{std::move(chips), range, m_field.tokens.text(range)};
+  Registry::platform().runLoop->performAfter(kDelaySeconds, this, "select:", [this] { onDue(); });
 }
 
-// A text that has changed meanwhile is the user's, and stays. Those that come later move with what is put in.
-bool TokenField::putIn(const Request& request, TokenText& tokens, std::vector<Request>& later) {
+// A text that has changed meanwhile is the user's, and stays.
+bool TokenField::putIn(const Request& request, TokenText& tokens) {
   if (request.range.end() > tokens.length() || tokens.text(request.range) != request.replaced) return false;
   std::vector<TokenPiece> pieces;
   for (const TokenChip& chip : request.chips) pieces.push_back({.chip = chip});
   tokens.replace(request.range, pieces);
-  for (Request& each : later) {
-    if (each.range.begin < request.range.end()) continue;
-    each.range.begin = each.range.begin - request.range.length + pieces.size();
-  }
   return true;
 }
 
 TokenText TokenField::settledText() const {
   TokenText tokens = m_field.tokens;
-  std::vector<Request> requests = m_requests;
-  for (std::size_t i = 0; i < requests.size(); ++i) putIn(Request(requests[i]), tokens, requests);
+  if (m_request) putIn(*m_request, tokens);
   return tokens;
 }
 
-void TokenField::onDue(const std::string& name) {
+void TokenField::onDue() {
   const ControlSet::Change change(m_panel.controls);
-  const auto due =
-      std::find_if(m_requests.begin(), m_requests.end(), [&](const Request& each) { return each.name == name; });
-  if (due == m_requests.end()) return;
-  const Request request = std::move(*due);
-  m_requests.erase(due);
-  if (putIn(request, m_field.tokens, m_requests)) {
+  const std::optional<Request> due = std::exchange(m_request, std::nullopt);
+  if (!due) return;
+  if (putIn(*due, m_field.tokens)) {
     m_list.close();
-    if (request.range.length > 0) {
+    if (due->range.length > 0) {
       textViewDidChangeSelection();
     } else {
       // The panel has put them in: nobody is offered anything.
@@ -185,10 +170,10 @@ void TokenField::onDue(const std::string& name) {
 }
 
 void TokenField::settle() {
-  if (m_requests.empty()) return;
+  if (!m_request) return;
   Registry::platform().runLoop->cancelPrevious(this);
   m_field.tokens = settledText();
-  m_requests.clear();
+  m_request.reset();
   if (const std::optional<CurrentToken> token = currentToken(m_field.tokens)) m_tokenRange = token->range;
   m_list.close();
   m_words.textHasChanged();

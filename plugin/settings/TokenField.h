@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -62,7 +61,6 @@ class TokenField {
 
  private:
   struct Request {
-    std::string name;
     std::vector<TokenChip> chips;
     TextRange range;
     // What stood there when the chips were asked for.
@@ -73,8 +71,8 @@ class TokenField {
   void doCommand(TokenText::Key command);
   void takePasted(std::size_t length);
   void request(std::vector<TokenChip> chips, TextRange range);
-  static bool putIn(const Request& request, TokenText& tokens, std::vector<Request>& later);
-  void onDue(const std::string& name);
+  static bool putIn(const Request& request, TokenText& tokens);
+  void onDue();
 
   const PanelParts& m_panel;
   Control& m_field;
@@ -82,8 +80,8 @@ class TokenField {
   Words& m_words;
   // Of the token that is being typed.
   TextRange m_tokenRange;
-  std::vector<Request> m_requests;
-  std::uint64_t m_lastRequest = 0;
+  // Whoever asks for chips has settled what was asked for before.
+  std::optional<Request> m_request;
 };
 
 }  // namespace vorn
