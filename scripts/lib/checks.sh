@@ -2,7 +2,7 @@
 # The checks of `./run check`: each prints OK or FAIL, and a failing one what it found. Sourced by run.
 
 # .ci/run names each of them, in its own order.
-all_checks=(format tidy floors names portable outputs asan tsan)
+all_checks=(format tidy floors names portable outputs release asan tsan)
 # These run only when they are named.
 named_checks=(quick macos fuzz)
 
@@ -95,6 +95,14 @@ check_outputs() {
 check_tidy() {
   build dev
   scripts/tidy build/dev '^plugin/'
+}
+
+# What is written in Objective-C++ goes through the optimiser too: g++ has met its own end in a drawing of ours, which only
+# `./run bench` would have told.
+check_release() {
+  install_packages objc desktop
+  with_toolkit release
+  build release vorn_apple vorn_appkit lab_objc lab_desktop
 }
 
 # Benchmarks and fuzzers are built here as well, so that they follow what they measure and try.

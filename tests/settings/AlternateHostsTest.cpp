@@ -201,6 +201,7 @@ TEST_F(AlternateHostsTest, ThePeopleInTheListAreWalkedThroughAndChosen) {
   const std::pair<Key, int> steps[] = {
       {Key::up, 0}, {Key::down, 1}, {Key::down, 1}, {Key::up, 0}, {Key::escape, 0}};
   EXPECT_EQ(selected(), 0);
+  EXPECT_EQ(control(std::string(kHostList) + "Rows").rowHeight, 26);
   for (const auto& [key, index] : steps) {
     press(kHosts, key);
     EXPECT_EQ(selected(), index);
