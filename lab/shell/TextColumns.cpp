@@ -12,8 +12,12 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
+// Most of what is printed, which nobody has to be asked about.
+bool isPlain(char32_t character) { return character >= U' ' && character <= U'~'; }
+
 // What has no place of its own on a line, or changes the direction of what follows.
 bool movesTheCursor(UChar32 character) {
+  if (isPlain(static_cast<char32_t>(character))) return false;
   switch (u_charType(character)) {
     case U_CONTROL_CHAR:
     case U_LINE_SEPARATOR:
@@ -23,6 +27,7 @@ bool movesTheCursor(UChar32 character) {
 }
 
 std::size_t widthOf(UChar32 character) {
+  if (isPlain(static_cast<char32_t>(character))) return 1;
   switch (u_charType(character)) {
     case U_NON_SPACING_MARK:
     case U_ENCLOSING_MARK:
