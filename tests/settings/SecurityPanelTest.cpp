@@ -278,6 +278,23 @@ TEST_F(SecurityPanelTest, APasscodeThatIsLockedOffGoesOutOfAMeetingThatHasOne) {
   EXPECT_THAT(focused(), IsEmpty());
 }
 
+TEST_F(SecurityPanelTest, WhoLetsPeopleIntoThePersonalMeetingEarlyIsAskedForAPasscode) {
+  RecordingClient::setVersion(test, "3.5.0");
+  Account account;
+  account.set_roommeetingid(5550142871);
+  knowAccount(account, Value::dictionaryFromPairs({{vn_Profile_IsEnableForcePMIJBHWithPassword, true}}));
+  open();
+  for (const bool usePMI : {false, true}) {
+    turn("requiredMeetingPswButton", false);
+    turn("enableJBHButton", false);
+    turn(usePMI ? "buttonUsePMI" : "buttonOneTimeMeeting", true);
+    turn("enableJBHButton", true);
+    EXPECT_EQ(control("requiredMeetingPswButton").on, usePMI);
+    EXPECT_EQ(focused() == "passwordTextField", usePMI);
+    EXPECT_EQ(settings()[vn_Setting_RequiredMPW].boolValue(), usePMI);
+  }
+}
+
 TEST_F(SecurityPanelTest, EachBannerClosesForGoodAndLeadsToItsPage) {
   vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
       {{"userId", "me"}, {vn_Profile_ProfileSettingURL, "https://vorn.example/profile"}}));
