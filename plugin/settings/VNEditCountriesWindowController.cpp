@@ -1,7 +1,6 @@
 #include "settings/VNEditCountriesWindowController.h"
 
 #include <algorithm>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -170,19 +169,11 @@ void VNEditCountriesWindowController::reloadRows() {
 }
 
 void VNEditCountriesWindowController::updateDisplaySelectedLabel() {
-  std::unordered_map<std::string_view, std::string_view> nameOf;
-  if (m_countryContent) {
-    for (const VNCountryListItemInfo& country : m_countryContent->allCountries) {
-      nameOf.emplace(country.countryCode, country.countryName);
-    }
-  }
   const CountryNames names = countryNames();
   std::string list;
   for (const Value& code : m_curSelectedCountries.items()) {
     if (!list.empty()) list += ", ";
-    const auto known = nameOf.find(code.text());
-    // One that is selected and no longer offered has a name all the same.
-    list += known == nameOf.end() ? names.replaceCountryName(code.text()) : std::string(known->second);
+    list += names.replaceCountryName(code.text());
   }
   m_displaySelectedLabel.text = std::move(list);
 }
