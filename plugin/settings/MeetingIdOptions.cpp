@@ -126,8 +126,6 @@ void MeetingIdOptions::initPMIDisableMessageView(int index) {
 }
 
 void MeetingIdOptions::leavePMIWithoutOne(int index) {
-  // While the account is forgotten nobody knows who has one.
-  if (!SettingsContext::profile().hasUserProfile()) return;
   if (!m_record.usePMI() || (needShowMeetingID(index) && hasPMI(index))) return;
   // Fetching one would show the user's own personal meeting as that person's, so it is as if the user had chosen a
   // number of its own.

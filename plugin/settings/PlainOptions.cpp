@@ -255,7 +255,10 @@ void PlainOptions::userChanged(std::string_view key) {
     return m_record.setSelectInvitationLanguage(selectedInvitationLanguage());
   }
   // Written to the disk at once, so a dismissed panel takes it back no more.
-  if (key == m_notShowMeAgain.key) return writeNotShowMeAgain();
+  if (key == m_notShowMeAgain.key) {
+    m_isNotAgainChosen = true;
+    return writeNotShowMeAgain();
+  }
   for (const auto& [option, set] : kFollowers) {
     if (key == option->control) (m_record.*set)(isOn(*option));
   }
@@ -287,7 +290,9 @@ void PlainOptions::writeLockedAudioWatermark() {
   if (!watermark.hidden && !watermark.enabled) m_record.setEnableAudioWatermark(true);
 }
 
-void PlainOptions::writeNotShowMeAgain() { m_record.setNotShowMeAgain(m_notShowMeAgain.on); }
+void PlainOptions::writeNotShowMeAgain() {
+  if (m_isNotAgainChosen) m_record.setNotShowMeAgain(m_notShowMeAgain.on);
+}
 
 std::string PlainOptions::selectedInvitationLanguage() const {
   return std::string(invitationLanguageCode(m_selectLanguagePopup.index));

@@ -48,10 +48,11 @@ class PlainOptions {
   std::string selectedInvitationLanguage() const;
   // The account's lock turns the watermark on where it is shown.
   void writeLockedAudioWatermark();
-  // The user defaults hold it, and a record that is made for another window meanwhile writes there as well.
+  // What the user has chosen here. The user defaults hold it, and a record that is made for another window
+  // meanwhile writes there as well.
   void writeNotShowMeAgain();
   // The user's choices have gone into the record, or with the panel.
-  void forgetTyped() { m_isLanguageChosen = false; }
+  void forgetTyped() { m_isLanguageChosen = m_isNotAgainChosen = false; }
 
  private:
   Control& control(const PlainOption& option);
@@ -73,6 +74,7 @@ class PlainOptions {
 
   // A language that the user has chosen outlasts the next load.
   bool m_isLanguageChosen = false;
+  bool m_isNotAgainChosen = false;
   RecordingKinds m_recordingKinds;
 
   Control& m_publicEventBox;

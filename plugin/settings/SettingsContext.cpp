@@ -1,7 +1,6 @@
 #include "settings/SettingsContext.h"
 
 #include "channel/discovery/vnClientFeatureMgr.h"
-#include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"

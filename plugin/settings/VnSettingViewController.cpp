@@ -109,7 +109,8 @@ void VnSettingViewController::makeGoodWhatCameMeanwhile() {
   if (m_waitsForPersonalMeeting && m_settingData.usePMI() && !m_context.awaitsMeeting()) {
     m_meetingId.getPMIMeetingInfo();
   }
-  if (!m_waitsForList) return;
+  // A meeting that stands has its own options, which are not the person's defaults.
+  if (!m_waitsForList || m_context.isForUpdateVornMeeting()) return;
   if (vnGetScheduleForListHelper::sharedInstance().hasScheduleForList()) {
     setScheduleForListInfo(true);
   } else {
@@ -299,8 +300,10 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   if (person != m_settingData.scheduleForEmail().value_or("")) m_allowDeny.endWindow();
   m_scheduleFor.setScheduleForListInfo(forOther);
   m_waitsForList = false;
-  // Their personal meeting, which may have come before the list, says more than the list does.
-  if (!person.empty() && !m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
+  // Their personal meeting, which may have come before the list, says more than the list does. Without a list it
+  // would be asked for again and again.
+  const bool hasList = vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
+  if (hasList && !person.empty() && !m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
 }
 
 void VnSettingViewController::resetDataCenterBoxUI() {
@@ -368,6 +371,8 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
     // Of two commits that were refused one after the other, neither is what the meeting has.
     if (!m_beforeCommit) m_beforeCommit = m_kept;
     m_kept = whatStands();
+    // What would come now comes too late.
+    m_waitsForPersonalMeeting = m_waitsForList = false;
   } else {
     goBackTo(m_kept);
   }

@@ -37,7 +37,8 @@ int SaveRoad::scheduleUpdateVornMeeting(MeetingWindow& window, std::uint64_t com
   if (command == VnCmdSchedule) {
     m_manager.apiMgr()->scheduleMeeting(window.parentWindow(), data);
   } else if (m_manager.apiMgr()->isWaitingForDelete()) {
-    // Its end performs this save; until then there is nothing to update.
+    // There will be nothing to update, and the end of the delete performs this save. One that is refused is told
+    // of, and leaves the appointment open.
   } else if (m_manager.getMeetingHelper()->NeedRequestGetMeeting()) {
     // The comparison runs against fresh data, when the reply is there.
     m_manager.apiMgr()->getMeeting(window.parentWindow(), data);
@@ -70,7 +71,6 @@ void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingDa
       return;
     }
     // The service has nothing to learn. What the user sees may still have to be written.
-    if (const auto panel = openSettingsPanel(window.id())) panel->commitStands();
     const vnMeetingDataMgr& choices = *m_manager.meetingDataMgr();
     if (window.proxy().isOutlookAppointmentItemChanged() || m_manager.isForceUpdate() ||
         choices.isForceIncludeJoinurlInLocationChanged() || choices.isSelectInvitationLanguageChanged()) {
@@ -109,6 +109,7 @@ void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data
   }
   vnApptDataForSaveRecord::sharedInstance().of(bar).setNeedClearLocation(false);
   if (const auto panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
+    panel->commitStands();
     const Value hosts = panel->getVnSettingsData()[vn_Setting_AlternateHosts];
     if (AlternateHostHistory* history = alternateHostHistory()) history->addToInputAlternateHostHistory(hosts);
   }

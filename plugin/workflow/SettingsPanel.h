@@ -24,7 +24,7 @@ class SettingsPanel {
   virtual void resetMeetingItemWhenUpdateError() = 0;
   // What was committed last did not come about, and the panel opens on it again.
   virtual void commitRefused() = 0;
-  // It had nothing to tell the service, and a later refusal leaves it alone.
+  // The service has accepted it, and a later refusal leaves it alone.
   virtual void commitStands() = 0;
   virtual void setScheduleForListInfo(bool arrived) = 0;
 };

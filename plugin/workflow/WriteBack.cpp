@@ -16,8 +16,9 @@ void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   const bool isHTML = meeting.supportHtmlEmail();
   const OptionalText invitation = isHTML ? meeting.getInviteHtmlEmail() : meeting.getInviteEmail();
   m_manager.emailBodyMgr()->updateMailBody(window.editor(), invitation, false, isHTML);
-  // Without an invitation nothing was written, and the body still has no bookmarks.
-  if (window.proxy().isValidConnection() && !invitation.value_or("").empty()) m_firstInvitationIsDue = false;
+  // Without an invitation, or into a body that is not known, nothing was written, and it still has no bookmarks.
+  const bool isWritten = window.proxy().isValidConnection() && window.proxy().knowsBody();
+  if (isWritten && !invitation.value_or("").empty()) m_firstInvitationIsDue = false;
 }
 
 void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo,
@@ -68,8 +69,7 @@ void WriteBack::updateLocation(MeetingWindow& window, const OptionalText& joinUr
 void WriteBack::updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window, const Value& response) {
   // A delete on the calendar has no editor to write into.
   if (!window.proxy().isValidConnection()) return;
-  // Where no bookmarks are found, nothing is left of a body. One that has not got its invitation yet has none, and
-  // keeps what the user wrote.
+  // A body that has not got its invitation yet has no bookmarks but such as the user has brought from elsewhere.
   if (!m_firstInvitationIsDue) {
     const OptionalText invitation = response[vn_API_Para_InvitationEmail].optionalText();
     m_manager.emailBodyMgr()->updateMailBody(window.editor(), invitation, true, false);

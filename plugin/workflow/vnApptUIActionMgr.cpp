@@ -12,11 +12,13 @@ namespace vorn {
 
 namespace {
 
-// A click asks the host for nothing. A save or send before it that never happened is not made good for at its end.
+// A click asks the host for nothing: a save or send before it that never happened is not made good for at its end.
+// One that still waits for the service is.
 int sendClicked(std::uint64_t command, const std::shared_ptr<MeetingBar>& bar) {
-  bar->setOLUIAction(0);
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
-  return manager ? manager->sendVnMeetingCommand(command, bar) : 0;
+  if (!manager) return 0;
+  if (!manager->apiMgr()->isWaitingForTheService()) bar->setOLUIAction(0);
+  return manager->sendVnMeetingCommand(command, bar);
 }
 
 }  // namespace

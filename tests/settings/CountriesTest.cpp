@@ -380,6 +380,13 @@ TEST_F(CountriesPanelTest, TheRegionsOfAMeetingThatStandsNarrowThemWhenItIsOpene
     view().updateUIItemsForNextTime();
     EXPECT_EQ(control("selectedCountriesField").isRed, isUpdate) << "none is left";
     EXPECT_EQ(control("buttonContinue").enabled, !isUpdate);
+    if (isUpdate) continue;
+    view().settingData().setArrRegionCodes(list({"DE"}));
+    view().settingData().setEnableAllowDenyJoinMeetingRegion(false);
+    view().updateUIItemsForNextTime();
+    EXPECT_EQ(turn("allowDenyButton", true), Use::done);
+    EXPECT_EQ(control("selectedCountriesField").text, "Dial in from United States");
+    EXPECT_FALSE(control("allowDenyImpactCountriesTipView").hidden);
   }
 }
 

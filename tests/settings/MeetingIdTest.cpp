@@ -273,6 +273,25 @@ TEST_F(MeetingIdPanelTest, ThePersonalMeetingOfAPersonIsFetchedOnceAndNoneForWho
   choose("scheduleForPopup", 2);
   EXPECT_THAT(asked(), IsEmpty()) << "Bob has no personal meeting, and mine is not his";
   EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue() || isOnScreen("meetingIDBox"));
+  choose("scheduleForPopup", 1);
+  turn("buttonUsePMI", true);
+  vnUserProfileHelper::sharedInstance().clearUserProfile();
+  choose("scheduleForPopup", 2);
+  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue())
+      << "that is known though another window forgets the account";
+}
+
+TEST_F(MeetingIdPanelTest, AClientWithoutAListIsNotAskedForEver) {
+  people = Value::Array{person(kDana, "Dana", "5550777777")};
+  knowAccount();
+  open();
+  choose("scheduleForPopup", 1);
+  turn("buttonUsePMI", true);
+  answer("11", "{}");
+  answerMeeting("5550777777", true, kDana);
+  asked();
+  answer("11", "{}");
+  EXPECT_THAT(asked(), IsEmpty());
 }
 
 TEST_F(MeetingIdPanelTest, AListThatComesLateLeavesWhatTheUserHasChosen) {

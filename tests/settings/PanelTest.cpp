@@ -198,7 +198,7 @@ TEST_F(SettingsPanelTest, HearsOfThePasscodeTheHostsAndTheRefusalOfACommit) {
 
   view().settingData().setMeetingPassword("refused");
   panel->resetMeetingItemWhenUpdateError();
-  EXPECT_TRUE(settings()[vn_Setting_MeetingPassword].text().empty()) << "what the service has accepted stays";
+  EXPECT_EQ(view().settingData().meetingPassword(), "") << "what the service has accepted stays";
   EXPECT_EQ(panel->getSiteMeetingInfo(), window->manager->getMeetingHelper()->getMeetingInfo());
 }
 
@@ -224,7 +224,7 @@ TEST_F(SettingsPanelTest, WhatIsShownIsCommittedThoughAnotherWindowForgetsTheAcc
   EXPECT_TRUE(view().settingData().notShowMeAgain());
 }
 
-TEST_F(SettingsPanelTest, ACommitThatTheServiceDidNotHaveToHearOfOutlastsALaterRefusal) {
+TEST_F(SettingsPanelTest, ACommitThatTheServiceHasAcceptedOutlastsALaterRefusal) {
   knowMeeting();
   open();
   const auto panel = panels.getSchSettingWindowInArray(id());

@@ -278,6 +278,12 @@ TEST_F(SecurityPanelTest, APasscodeThatIsLockedOffGoesOutOfAMeetingThatHasOne) {
   EXPECT_THAT(focused(), IsEmpty());
 }
 
+TEST_F(SecurityPanelTest, AWaitingRoomThatIsLockedOffIsNotSpokenOfEither) {
+  knowAccount(accountWith(UserOption4::isLockWaitingRoom));
+  open();
+  EXPECT_FALSE(shown()->isOnScreen("enableWaitingRoom") || shown()->isOnScreen("waitingRoomPrompt"));
+}
+
 TEST_F(SecurityPanelTest, WhoLetsPeopleIntoThePersonalMeetingEarlyIsAskedForAPasscode) {
   RecordingClient::setVersion(test, "3.5.0");
   Account account;

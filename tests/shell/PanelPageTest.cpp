@@ -38,7 +38,9 @@ std::string shown(const json& control) {
   const std::string text = control["text"], spoken = control["spoken"];
   const std::string kind = control["kind"];
   const bool isAField = kind == "popup" || kind.ends_with("Field") || kind == "comboBox";
-  return isAField || text.empty() ? spoken : text;
+  const std::string placeholder = control["placeholder"];
+  const std::string said = isAField || text.empty() ? spoken : text;
+  return placeholder.empty() || placeholder == said ? said : said + " (" + placeholder + ")";
 }
 
 TEST(PanelPage, NamesEveryControlAsItIsShownAndSaid) {

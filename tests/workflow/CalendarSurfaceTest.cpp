@@ -71,6 +71,18 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
   }
 }
 
+TEST_F(CalendarEdit, TellsWhetherItsRequestWasRefused) {
+  RecordingClient::install(test);
+  FakeWindow window(test);
+  const Value data = Value::dictionaryFromPairs({{vn_MeetingKey, "77"}, {keyEventOwnerWindow, window.bar->ownWindow}});
+  for (const std::uint64_t command : {VnCmdDelete, VnCmdUpdate}) {
+    EXPECT_EQ(window.manager->calendarEdits().sendVnMeetingCommand(command, data), 0);
+    test.workspace.running.clear();
+    EXPECT_EQ(window.manager->calendarEdits().sendVnMeetingCommand(command, data), 1);
+    test.workspace.running.insert("us.vorn.xos");
+  }
+}
+
 TEST_F(CalendarEdit, IsParkedNowhereAfterTheEndOfItsManager) {
   FakeWindow window(test);
   window.manager->cleanup();

@@ -226,6 +226,7 @@ TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotic
 TEST_F(Decisions, ASaveIsAnUpdateOnlyOfAnInvitationThatHasBeenWritten) {
   for (const char* invitation : {"", "Join the meeting"}) {
     openWindow();
+    window->set(window->bar->bodyEditor, "bodyContent", "<p>mine</p>");
     reply(VnCmdSchedule, Value::dictionaryFromPairs({{vn_MeetingKey, kKey}}));
     manager().setMeetingAction(VnCmdUpdate);
     EXPECT_FALSE(manager().isUpdateVornMeetingEvent());

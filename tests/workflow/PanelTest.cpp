@@ -265,6 +265,8 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
   manager().showCommitWarning(window->bar->ownWindow, dataOf("Interview"));
   other.manager->showCommitWarning(other.bar->ownWindow, dataOf("Town hall"));
   ASSERT_EQ(test.presenter.alerts().size(), 2u);
+  EXPECT_EQ(test.presenter.alerts()[1].alert.message,
+            formatText(localizedString("LN_Schedule_Template_Notavailable_220900"), {"Town hall"}));
   test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
   EXPECT_THAT(client.names(), IsEmpty());
   EXPECT_THAT(panels.panel->calls, ElementsAre("shown"));

@@ -152,6 +152,12 @@ bool vnAPIMgr::isWaitingForMeetingByApptUUID() const {
 
 bool vnAPIMgr::isWaitingForDelete() const { return m_apiDeleteMeeting && m_apiDeleteMeeting->isWaiting(); }
 
+bool vnAPIMgr::isWaitingForTheService() const {
+  const auto waits = [](const auto& command) { return command && command->isWaiting(); };
+  return waits(m_apiScheduleMeeting) || waits(m_apiUpdateMeeting) || waits(m_apiGetMeeting) ||
+         waits(m_apiDeleteMeeting);
+}
+
 bool vnAPIMgr::isWaitingForScheduleForList() const {
   return m_apiGetScheduleForList && m_apiGetScheduleForList->isWaiting();
 }

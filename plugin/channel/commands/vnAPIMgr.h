@@ -68,6 +68,8 @@ class vnAPIMgr {
   bool isWaitingForMeeting() const;
   bool isWaitingForMeetingByApptUUID() const;
   bool isWaitingForDelete() const;
+  // To any that reads or changes the meeting.
+  bool isWaitingForTheService() const;
   bool isWaitingForScheduleForList() const;
 
   void showNoMeetingLicenseWindow(const HostObject& parentWindow);

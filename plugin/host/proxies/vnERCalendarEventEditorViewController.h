@@ -87,6 +87,8 @@ class vnERCalendarEventEditorViewController : public vnDelegateBase {
   // The body as HTML; absent without a body editor.
   Value bodyContent() const;
   bool isCurrentEmailBodyEmpty() const;
+  // False where the host shows no body, or none that can be read: nothing can be written into it then.
+  bool knowsBody() const;
   bool isBodyContentEmpty(const Value& body) const;
   // Keeps the typed body, or a given one, when it is not empty.
   void setInitBodyContent();

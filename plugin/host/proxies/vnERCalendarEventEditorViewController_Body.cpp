@@ -82,6 +82,11 @@ void vnERCalendarEventEditorViewController::updateEmailBody(const Value& content
   displayEmailContent(content, true);
 }
 
+bool vnERCalendarEventEditorViewController::knowsBody() const {
+  const HostObject document = composeDocument();
+  return document ? htmlOf(document).has_value() : bodyContent().isPresent();
+}
+
 // An absent result is shown as an empty body by both kinds of view. But of a body that is not known nothing is
 // shown, nor of one in which a cancelled meeting's invitation is not found: an empty body would take what the user
 // wrote.
