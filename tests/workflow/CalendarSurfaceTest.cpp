@@ -74,7 +74,8 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
 TEST_F(CalendarEdit, TellsWhetherItsRequestWasRefused) {
   RecordingClient::install(test);
   FakeWindow window(test);
-  const Value data = Value::dictionaryFromPairs({{vn_MeetingKey, "77"}, {keyEventOwnerWindow, window.bar->ownWindow}});
+  const Value data =
+      Value::dictionaryFromPairs({{vn_MeetingKey, "77"}, {keyEventOwnerWindow, window.bar->ownWindow}});
   for (const std::uint64_t command : {VnCmdDelete, VnCmdUpdate}) {
     EXPECT_EQ(window.manager->calendarEdits().sendVnMeetingCommand(command, data), 0);
     test.workspace.running.clear();
