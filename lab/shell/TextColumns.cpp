@@ -2,6 +2,7 @@
 
 #include <unicode/uchar.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -12,12 +13,16 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-// Most of what is printed, which nobody has to be asked about.
-bool isPlain(char32_t character) { return character >= U' ' && character <= U'~'; }
+// How many of the characters from a place on are such as most of what is printed: of a byte and a column each, and
+// nobody has to be asked about them.
+std::size_t plainFrom(std::string_view text, std::size_t at) {
+  const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
+  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(at);
+  return static_cast<std::size_t>(std::find_if_not(begin, text.end(), isPlain) - begin);
+}
 
 // What has no place of its own on a line, or changes the direction of what follows.
 bool movesTheCursor(UChar32 character) {
-  if (isPlain(static_cast<char32_t>(character))) return false;
   switch (u_charType(character)) {
     case U_CONTROL_CHAR:
     case U_LINE_SEPARATOR:
@@ -27,7 +32,6 @@ bool movesTheCursor(UChar32 character) {
 }
 
 std::size_t widthOf(UChar32 character) {
-  if (isPlain(static_cast<char32_t>(character))) return 1;
   switch (u_charType(character)) {
     case U_NON_SPACING_MARK:
     case U_ENCLOSING_MARK:
@@ -47,6 +51,11 @@ struct Cut {
 Cut cutAt(std::string_view text, std::size_t columns) {
   Cut cut;
   while (cut.bytes < text.size()) {
+    if (const std::size_t plain = std::min(plainFrom(text, cut.bytes), columns - cut.columns); plain > 0) {
+      cut.columns += plain;
+      cut.bytes += plain;
+      continue;
+    }
     const std::size_t width = widthOf(static_cast<UChar32>(vorn::characterAt(text, cut.bytes)));
     if (cut.columns + width > columns) break;
     cut.columns += width;
@@ -60,6 +69,11 @@ std::string withoutControls(std::string_view text, const Instead& instead) {
   std::string result;
   result.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
+    if (const std::size_t plain = plainFrom(text, at); plain > 0) {
+      result += text.substr(at, plain);
+      at += plain;
+      continue;
+    }
     const char32_t character = vorn::characterAt(text, at);
     const std::size_t length = vorn::utf8SequenceLength(text, at);
     const bool isNoUtf8 = character == kReplacement && length == 1;
