@@ -202,6 +202,7 @@ TEST_F(AlternateHostsTest, ThePeopleInTheListAreWalkedThroughAndChosen) {
       {Key::up, 0}, {Key::down, 1}, {Key::down, 1}, {Key::up, 0}, {Key::escape, 0}};
   EXPECT_EQ(selected(), 0);
   EXPECT_EQ(control(std::string(kHostList) + "Rows").rowHeight, 26);
+  EXPECT_EQ(control(std::string(kHostList) + "Rows").mostRows, 5);
   for (const auto& [key, index] : steps) {
     press(kHosts, key);
     EXPECT_EQ(selected(), index);
@@ -266,9 +267,10 @@ TEST_F(AlternateHostsTest, AreLoadedFromTheMeetingAndGoBackToIt) {
   EXPECT_EQ(tokens(kHosts), "[a@vorn.example][b@vorn.example][c@vorn.example]bob")
       << "what is typed outlives a loading";
   edit(kHosts, [](TokenText& text) { text.select({0, 1}), text.type(""); });
+  view().settingData().setAlternateHosts(Value::Array{"a@vorn.example", "b@vorn.example"});
   view().updateUIItemsForNextTime();
   waitForChips();
-  EXPECT_EQ(tokens(kHosts), "[b@vorn.example][c@vorn.example]bob") << "and what is taken out";
+  EXPECT_EQ(tokens(kHosts), "[b@vorn.example][c@vorn.example]bob") << "and what is taken out, of any meeting";
   click("buttonCancel");
   open();
   waitForChips();

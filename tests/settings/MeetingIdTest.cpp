@@ -285,7 +285,10 @@ TEST_F(MeetingIdPanelTest, AClientWithoutAListIsNotAskedForEver) {
   people = Value::Array{person(kDana, "Dana", "5550777777")};
   knowAccount();
   open();
+  EXPECT_EQ(client().names(), std::vector<std::string>{"11"});
+  answer("11", "0;Error 3001");
   choose("scheduleForPopup", 1);
+  EXPECT_THAT(client().names(), ElementsAre("11", "11")) << "it is asked for once more when it is wanted";
   turn("buttonUsePMI", true);
   answer("11", "{}");
   answerMeeting("5550777777", true, kDana);

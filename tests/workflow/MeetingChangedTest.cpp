@@ -111,6 +111,8 @@ TEST_F(MeetingChanged, SomeItemsCountOnlyTogetherWithOthers) {
       {"no countries on either side", R"({"availableDialinCountry":null})", R"({"availableDialinCountry":null})",
        false},
       {"countries on the service only", "{}", R"({"availableDialinCountry":null})", true},
+      {"countries on the service only, and none of them chosen", R"({"availableDialinCountry":null})",
+       R"({"availableDialinCountry":{"selectedCountries":[]}})", true},
       {"no hosts, written in two ways", R"({"alternateHosts":""})", R"({"alternateHosts":null})", false},
   };
   for (const auto& row : rows) EXPECT_EQ(isChanged(row.now, row.old), row.expected) << row.what;

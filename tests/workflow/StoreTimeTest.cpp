@@ -247,8 +247,8 @@ TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
        true, true, false},
       {"a meeting of another account, with a plain invitation", true, false, "<p>new</p>", "Castle", std::nullopt,
        "<p>new</p>", "Castle", true, false, true},
-      {"a meeting of another account that has not been fetched yet", true, false, "<p>new</p>", "Castle", std::nullopt,
-       "<p>new</p>", "Castle", true, false, false, false},
+      {"a meeting of another account that has not been fetched yet", true, false, "<p>new</p>", "Castle",
+       std::nullopt, "<p>new</p>", "Castle", true, false, false, false},
       {"no meeting", false, false, "<p>new</p>", "Castle", "<p>old</p>", "<p>old</p>", std::nullopt},
   };
   for (const auto& row : rows) {
@@ -260,7 +260,8 @@ TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
     proto::MeetingProto message;
     if (row.hasHtml) message.set_invitehtmlemail("<p>Join</p>");
     if (row.isFetched) {
-      window.manager->getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, "1"}}), false);
+      window.manager->getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, "1"}}),
+                                                         false);
     }
     window.manager->getMeetingHelper()->setPBMeetingData(encoded(message));
     window.set(window.bar->bodyEditor, "bodyContent", row.body);
