@@ -59,8 +59,7 @@ std::string_view reasonOf(std::string_view operation, std::string_view body, con
   if (operation == "remove") {
     return holdsAnyBookmark(body) ? "of the two bookmarks one was not found" : "no bookmarks were found";
   }
-  if (parameters["invitation"].text().empty()) return "the invitation is empty";
-  return "the address at the invitation's end has taken the end bookmark into its link";
+  return "the invitation is empty";
 }
 
 }  // namespace

@@ -51,7 +51,7 @@ class vnBodyHelper {
 
   // The invitation between bookmarks, ready for a body; "" for an absent or empty one. Around a plain one stand
   // two blank lines on either side, outside the bookmarks, and each update adds them again. A URL that reaches to
-  // the end of a plain one takes the end bookmark into its link: such an invitation is not found again.
+  // the end of a plain one would take the end bookmark into its link, so a line end parts the two then.
   std::string insertVnBodyBookMark(const OptionalText& vnBody, bool isHTML) const;
 
   // Puts a new text into a body that has none: before the closing body tag, or at the top behind the opening one,

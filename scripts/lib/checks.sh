@@ -36,8 +36,8 @@ run_check() {
   fi
 }
 
-# For every day, by name only: what reads the sources at once, and the tests of single rooms. The roads, the shell's
-# worlds and the windows take the larger part of the time, and are left to `./run test`.
+# For every day, by name only: what reads the sources at once, the tests of single rooms, and the scenarios. The roads in
+# one process, the shell's worlds, the conformance of the runtimes and the windows are left to `./run test`.
 check_quick() {
   local name
   for name in format floors names portable outputs; do

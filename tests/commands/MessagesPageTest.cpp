@@ -127,7 +127,7 @@ TEST_F(MessagesPage, HasWhatTheDesktopTellsByItself) {
   for (const auto& entry : fs::directory_iterator(kRoot / "lab/desktop")) {
     const std::string source = readFile(entry.path().string()).value_or("");
     const char* const telling =
-        R"re((?:\bask\w*\(|tellTrouble\(|what:|message = |rouble setStringValue:)[^;]*;)re";
+        R"re((?:\bask\w*\(|tellTrouble\(|what:|message = |rouble\s+setStringValue:)[^;]*;)re";
     for (const std::smatch& statement : matches(source, telling)) {
       const std::string words = statement[0];
       for (const std::smatch& literal : matches(words, R"re(@"((?:[^"\\]|\\.)*)")re")) {
