@@ -133,7 +133,7 @@ OptionalText vnGetMeetingHelper::getScheduleForEmail() const {
   const Value& told = m_dataMeetingData[vn_Setting_ScheduleFor];
   if (told.isPresent()) return told.stringValue();
   const OptionalText host = getHostID();
-  if (host && host == account().knownUserId()) return "";
+  if (host && host == account().getUID()) return "";
   const std::int64_t index = account().getScheduleForIndexWithHostID(host);
   return index >= 0 ? OptionalText(account().getScheduleForEmailWithIndex(index)) : host;
 }

@@ -99,7 +99,7 @@ void vnGetMeetingHelper::addMeetingOptions(Value& setting) const {
   const vnUserProfileHelper& account = vnUserProfileHelper::sharedInstance();
   if (scheduleFor.isPresent()) {
     setting.set(vn_Setting_ScheduleFor, scheduleFor);
-  } else if (const OptionalText host = getHostID(); host != account.knownUserId()) {
+  } else if (const OptionalText host = getHostID(); host != account.getUID()) {
     // A host who is none of the account's people leaves no key, unlike the answer of getScheduleForEmail().
     const std::int64_t index = account.getScheduleForIndexWithHostID(host);
     if (index >= 0) setting.set(vn_Setting_ScheduleFor, account.getScheduleForEmailWithIndex(index));

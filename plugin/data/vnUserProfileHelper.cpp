@@ -1,6 +1,7 @@
 #include "data/vnUserProfileHelper.h"
 
 #include <memory>
+#include <utility>
 
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/store/vnCommon.h"
@@ -18,15 +19,13 @@ vnUserProfileHelper::vnUserProfileHelper() {
     const vnUserProfileHelper& helper = sharedInstance();
     return helper.hasUserProfile() ? helper.getUID() : std::nullopt;
   });
-  vnClientFeatureMgr::sharedInstance().setEditCountriesSource([] {
-    const vnUserProfileHelper& helper = sharedInstance();
-    return helper.hasUserProfile() ? helper.supportEditCountriesFeature()
-                                   : helper.m_lastKnown.supportsEditCountries;
-  });
+  vnClientFeatureMgr::sharedInstance().setEditCountriesSource(
+      [] { return sharedInstance().supportEditCountriesFeature(); });
 }
 
 void vnUserProfileHelper::setData(const Value& profile) {
   if (profile.isAbsent()) return;
+  if (std::exchange(m_isOutdated, false)) freeProtoParseInstance();
   m_profile = profile.isDictionary() ? profile : Value::dictionary();
   // Read before the new message is decoded: with a message this is the user of the reply before.
   if (const OptionalText userId = getUID()) {
@@ -43,18 +42,12 @@ void vnUserProfileHelper::rememberAccount() {
   const OptionalText userId = getUID();
   const Parser* parser = hasProto() ? userProfileProtoParse().get() : nullptr;
   if (!userId || userId->empty() || (getProto() && !parser)) return;
-  if (m_lastKnown.userId != userId) m_lastKnown = {userId, std::nullopt, Value(), false};
-  m_lastKnown.bosses = bossesInfo();
-  m_lastKnown.supportsEditCountries = supportEditCountriesFeature();
+  if (m_lastKnown.userId != userId) m_lastKnown = {userId, std::nullopt};
   if (!parser) return;
   if (const std::optional<std::int32_t> told = parser->GetUserType()) m_lastKnown.userType = told;
 }
 
-void vnUserProfileHelper::clearUserProfile() {
-  m_profile = Value::dictionary();
-  // The user's id stays, so that the next profile can be compared with the last.
-  freeProtoParseInstance();
-}
+void vnUserProfileHelper::clearUserProfile() { m_isOutdated = true; }
 
 OptionalText vnUserProfileHelper::getProto() const { return m_profile[vn_Profile_Proto].optionalText(); }
 
@@ -68,6 +61,7 @@ void vnUserProfileHelper::initProtoParseInstance() {
 void vnUserProfileHelper::freeProtoParseInstance() { userProfileProtoParse().reset(); }
 
 void vnUserProfileHelper::cleanup() {
+  m_isOutdated = false;
   m_profile = Value();
   m_cachedUserId.reset();
   m_lastKnown = {};

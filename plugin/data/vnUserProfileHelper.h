@@ -32,8 +32,13 @@ class vnUserProfileHelper {
   // user id differs from the one before; with a binary message the id compared is the one of the reply before,
   // because it is read before the new message is decoded.
   void setData(const Value& profile);
+  // There is no profile from now on, and who needs one fetches it. Until it comes everything else is answered as
+  // before: the end of one window clears the profile of them all, and must take nothing from what the others show,
+  // have chosen, or are about to send.
   void clearUserProfile();
-  bool hasUserProfile() const { return m_profile.count() > 0; }
+  bool hasUserProfile() const { return knowsAccount() && !m_isOutdated; }
+  // A profile has come, though it may have been cleared since.
+  bool knowsAccount() const { return m_profile.count() > 0; }
   bool hasProto() const { return getProto().has_value(); }
   OptionalText getProto() const;
   // Decodes the message of the profile; nothing without one. A message that cannot be decoded leaves the values of
@@ -202,15 +207,8 @@ class vnUserProfileHelper {
   // The account's type as it was last told; absent before.
   std::optional<std::int32_t> userType() const { return m_lastKnown.userType; }
 
-  // --- What outlasts clearUserProfile(), until a profile tells something else or is another account's: the end of
-  // one window clears the profile, and must take nothing away from the others.
-
-  // Absent when no profile has named its user yet.
+  // The last user that a profile has named; absent when none has yet.
   OptionalText lastKnownUserId() const { return m_lastKnown.userId; }
-  // As bossesInfo(), which it is while there is a profile.
-  Value knownBosses() const { return hasUserProfile() ? bossesInfo() : m_lastKnown.bosses; }
-  // As getUID(), which it is while there is a profile.
-  OptionalText knownUserId() const { return hasUserProfile() ? getUID() : m_lastKnown.userId; }
   // What the account gives the person is known: one's own, for "", with the profile, and somebody else's with the
   // list of the people to schedule for.
   bool knows(const std::string& person) const;
@@ -275,8 +273,6 @@ class vnUserProfileHelper {
   struct Account {
     OptionalText userId;
     std::optional<std::int32_t> userType;
-    Value bosses;
-    bool supportsEditCountries = false;
   };
 
   void rememberAccount();
@@ -298,6 +294,7 @@ class vnUserProfileHelper {
 
   // Absent after cleanup().
   Value m_profile = Value::dictionary();
+  bool m_isOutdated = false;
   OptionalText m_cachedUserId;
   bool m_isAccountChanged = false;
   Account m_lastKnown;

@@ -17,19 +17,19 @@ const vnGetScheduleForListHelper& scheduleForList() { return vnGetScheduleForLis
 }  // namespace
 
 std::int64_t vnUserProfileHelper::getScheduleForIndexWithEmail(const OptionalText& email) const {
-  return indexOfPerson(knownBosses(), vn_Boss_Email, email);
+  return indexOfPerson(bossesInfo(), vn_Boss_Email, email);
 }
 
 std::int64_t vnUserProfileHelper::getScheduleForIndexWithHostID(const OptionalText& hostId) const {
-  return indexOfPerson(knownBosses(), vn_Boss_HostId, hostId);
+  return indexOfPerson(bossesInfo(), vn_Boss_HostId, hostId);
 }
 
 std::string vnUserProfileHelper::getScheduleForEmailWithIndex(std::int64_t index) const {
-  return knownBosses().at(static_cast<std::size_t>(index))[vn_Boss_Email].text();
+  return bossesInfo().at(static_cast<std::size_t>(index))[vn_Boss_Email].text();
 }
 
 std::string vnUserProfileHelper::pmiMeetingIDWithScheduleForEmail(const OptionalText& email) const {
-  return personWithEmail(knownBosses(), email)[vn_Boss_PMI].text();
+  return personWithEmail(bossesInfo(), email)[vn_Boss_PMI].text();
 }
 
 bool vnUserProfileHelper::supportPMIForOnbehalf(const OptionalText& email) const {
@@ -37,12 +37,12 @@ bool vnUserProfileHelper::supportPMIForOnbehalf(const OptionalText& email) const
 }
 
 bool vnUserProfileHelper::isDisablePMIWithScheduleForEmail(const OptionalText& email) const {
-  return personWithEmail(knownBosses(), email)[vn_Boss_DisablePMI].boolValue();
+  return personWithEmail(bossesInfo(), email)[vn_Boss_DisablePMI].boolValue();
 }
 
 bool vnUserProfileHelper::isBossesPMIMeetingID(const OptionalText& meetingId) const {
   const std::int64_t number = Value(meetingId).integerValue();
-  const Value bosses = knownBosses();
+  const Value bosses = bossesInfo();
   for (const Value& person : bosses.items()) {
     const Value& personalNumber = person[vn_Boss_PMI];
     if (personalNumber.isPresent() && personalNumber.integerValue() == number) return true;
@@ -51,10 +51,10 @@ bool vnUserProfileHelper::isBossesPMIMeetingID(const OptionalText& meetingId) co
 }
 
 bool vnUserProfileHelper::knows(const std::string& person) const {
-  return person.empty() ? hasUserProfile() : scheduleForList().hasScheduleForList();
+  return person.empty() ? knowsAccount() : scheduleForList().hasScheduleForList();
 }
 
-bool vnUserProfileHelper::isEnableScheduleFor() const { return knownBosses().count() > 0; }
+bool vnUserProfileHelper::isEnableScheduleFor() const { return bossesInfo().count() > 0; }
 
 Value vnUserProfileHelper::accountOrPerson(const OptionalText& email, std::string_view key) const {
   if (isOneself(email)) return m_profile[key];

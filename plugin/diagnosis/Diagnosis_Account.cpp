@@ -83,7 +83,7 @@ std::string wordsOfPerson(const Value& facts) {
 }
 
 void tellPeople(DiagnosisReport& report) {
-  const Value people = account().knownBosses();
+  const Value people = account().bossesInfo();
   report.beginGroup("people");
   report.add("isEnableScheduleFor", "schedules for others", account().isEnableScheduleFor());
   std::size_t number = 0;

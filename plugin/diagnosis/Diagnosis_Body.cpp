@@ -54,7 +54,7 @@ OptionalText resultOf(std::string_view operation, const OptionalText& body, cons
 }
 
 // Why an operation has given nothing.
-std::string_view reasonOf(std::string_view operation, std::string_view body, const Value& parameters) {
+std::string_view reasonOf(std::string_view operation, std::string_view body) {
   if (operation == "text") return "the body is empty";
   if (operation == "remove") {
     return holdsAnyBookmark(body) ? "of the two bookmarks one was not found" : "no bookmarks were found";
@@ -74,7 +74,7 @@ Value Diagnosis::body(const Value& parameters) {
   Value answer =
       Value::dictionaryFromPairs({{"result", nullptr},
                                   {"bookmarks", std::string(isEndAlone ? "unquoted end" : nameOf(form))},
-                                  {"reason", std::string(result ? "" : reasonOf(operation, *body, parameters))}});
+                                  {"reason", std::string(result ? "" : reasonOf(operation, *body))}});
   if (result) answer.set("result", *result);
   return answer;
 }

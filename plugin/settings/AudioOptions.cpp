@@ -44,7 +44,7 @@ void AudioOptions::initWithLocalString() {
 
 AudioSite AudioOptions::site() {
   const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  if (profile.hasUserProfile()) {
+  if (profile.knowsAccount()) {
     m_site.isTspSite = profile.isTspSite();
     m_site.tspAccounts = profile.tspAccounts().count();
     m_site.isScheduleAudioBothDisabled = profile.isScheduleAudioBothDisabled();

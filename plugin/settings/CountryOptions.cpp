@@ -84,7 +84,7 @@ void CountryOptions::updateSelectedCountriesDesField() {
 
 void CountryOptions::showEditCountriesOptionsAsAudioType(std::int64_t audioType) {
   const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  if (profile.hasUserProfile()) {
+  if (profile.knowsAccount()) {
     m_site.isTspSite = profile.isTspSite();
     m_site.isVornClientSupportEditCountries =
         vnClientFeatureMgr::sharedInstance().isVornClientSupportEditCountries();

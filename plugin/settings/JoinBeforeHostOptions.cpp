@@ -16,12 +16,6 @@ JoinBeforeHostOptions::JoinBeforeHostOptions(const PanelParts& panel)
       m_jbhLimitTimePopUp(panel.controls.add(Kind::popup, "jbhLimitTimePopUp")),
       m_jbhBeforeStartTime(panel.controls.add(Kind::label, "jbhBeforeStartTime")) {}
 
-// An account that is forgotten meanwhile still locks what it locked.
-const AccountFacts& JoinBeforeHostOptions::account() {
-  if (SettingsContext::profile().hasUserProfile()) m_account = m_context.facts(m_record).account;
-  return m_account;
-}
-
 void JoinBeforeHostOptions::initJBHOptions() {
   const OptionFacts facts = m_context.facts(m_record);
   const JoinBeforeHost offer = joinBeforeHost({.usePMI = m_record.usePMI(),
@@ -59,7 +53,7 @@ void JoinBeforeHostOptions::hideForEndToEnd() {
 }
 
 void JoinBeforeHostOptions::checkE2eeAffectedAccountLocked() {
-  m_enableJBHButton.enabled = !policyOf(vn_Setting_EnableJBH).isLocked(account());
+  m_enableJBHButton.enabled = !policyOf(vn_Setting_EnableJBH).isLocked(m_context.facts(m_record).account);
 }
 
 void JoinBeforeHostOptions::userChanged(std::string_view key) {
@@ -75,7 +69,7 @@ void JoinBeforeHostOptions::onClickEnableJBHButton() {
 }
 
 void JoinBeforeHostOptions::checkJbhPriorTimeAccountLocked() {
-  m_jbhLimitTimePopUp.enabled = joinTimeIsEnabled(m_enableJBHButton.on, account());
+  m_jbhLimitTimePopUp.enabled = joinTimeIsEnabled(m_enableJBHButton.on, m_context.facts(m_record).account);
 }
 
 void JoinBeforeHostOptions::writeJoinBeforeHost() {
@@ -85,7 +79,7 @@ void JoinBeforeHostOptions::writeJoinBeforeHost() {
                         .buttonIsOn = m_enableJBHButton.on,
                         .popupIsHidden = m_jbhLimitTimePopUp.hidden,
                         .index = m_jbhLimitTimePopUp.index},
-                       account());
+                       m_context.facts(m_record).account);
   m_record.setEnableJBH(options.enableJBH);
   m_record.setJbhPriorTime(options.jbhPriorTime);
 }

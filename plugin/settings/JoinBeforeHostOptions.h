@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "data/AccountFacts.h"
 #include "settings/PanelParts.h"
 
 namespace vorn {
@@ -28,12 +27,10 @@ class JoinBeforeHostOptions {
  private:
   void onClickEnableJBHButton();
   void checkJbhPriorTimeAccountLocked();
-  const AccountFacts& account();
 
   vnSettingData& m_record;
   const SettingsContext& m_context;
   PanelSteps& m_steps;
-  AccountFacts m_account;
 
   Control& m_enableJBHButton;
   Control& m_jbhLimitTimePopUp;

@@ -173,16 +173,12 @@ void PlainOptions::checkAccountLocked() {
 
 // -- Recording ---------------------------------------------------------------------------------------------------
 
-// An account that is forgotten meanwhile still gives what it gave.
-RecordingKinds PlainOptions::recordingKinds() {
-  if (SettingsContext::profile().hasUserProfile()) {
-    const AccountFacts account = m_context.facts(m_record).account;
-    m_recordingKinds = {.local = account.enableLocalRecording, .cloud = account.enableCloudRecording};
-  }
-  return m_recordingKinds;
+RecordingKinds PlainOptions::recordingKinds() const {
+  const AccountFacts account = m_context.facts(m_record).account;
+  return {.local = account.enableLocalRecording, .cloud = account.enableCloudRecording};
 }
 
-RecordingState PlainOptions::shownRecording() {
+RecordingState PlainOptions::shownRecording() const {
   return {.isShown = !m_autoRecordingButton.hidden,
           .isOn = m_autoRecordingButton.on,
           .title = recordingTitle(recordingKinds()),
@@ -219,7 +215,7 @@ void PlainOptions::restrictRecordingForEndToEnd() {
   m_autoRecordingOptionMatrixCloud.enabled = false;
 }
 
-std::int32_t PlainOptions::getCurrentAutoRecordingTypeFromUI() {
+std::int32_t PlainOptions::getCurrentAutoRecordingTypeFromUI() const {
   return recordingTypeToCommit(recordingKinds(), shownRecording(), m_record.enableE2ee());
 }
 

@@ -44,7 +44,7 @@ class PlainOptions {
   void userChanged(std::string_view key);
 
   // What a commit writes of them. All others are in the record since they were changed.
-  std::int32_t getCurrentAutoRecordingTypeFromUI();
+  std::int32_t getCurrentAutoRecordingTypeFromUI() const;
   std::string selectedInvitationLanguage() const;
   // The account's lock turns the watermark on where it is shown.
   void writeLockedAudioWatermark();
@@ -60,8 +60,8 @@ class PlainOptions {
   bool isOn(const PlainOption& option);
   void takeState(const PlainOption& option);
   void takeVisibility(const PlainOption& option);
-  RecordingKinds recordingKinds();
-  RecordingState shownRecording();
+  RecordingKinds recordingKinds() const;
+  RecordingState shownRecording() const;
   void show(const RecordingState& recording);
   void onHostVideo();
   void onPublicEvent();
@@ -75,7 +75,6 @@ class PlainOptions {
   // A language that the user has chosen outlasts the next load.
   bool m_isLanguageChosen = false;
   bool m_isNotAgainChosen = false;
-  RecordingKinds m_recordingKinds;
 
   Control& m_publicEventBox;
   Control& m_publicEventListButton;

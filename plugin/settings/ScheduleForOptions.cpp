@@ -40,7 +40,7 @@ void ScheduleForOptions::initScheduleForBox() {
   const std::string email = m_record.scheduleForEmail().value_or("");
   m_scheduleForBox.hidden = !SettingsContext::profile().isEnableScheduleFor() || (isUpdate && email.empty());
   if (m_scheduleForBox.hidden) return;
-  ScheduleForChoice choice = scheduleForChoice(SettingsContext::profile().knownBosses(),
+  ScheduleForChoice choice = scheduleForChoice(SettingsContext::profile().bossesInfo(),
                                                panelText("LN_Schedule_ScheduleFor_Myself_183499"), email);
   m_scheduleForPopup.items = std::move(choice.items);
   m_scheduleForPopup.index = choice.index;

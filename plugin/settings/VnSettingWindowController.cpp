@@ -134,8 +134,7 @@ void VnSettingWindowController::saveSettingsToUserProfile() {
   settings.set(vn_Setting_AlternateHosts, "");
   settings.erase(vn_Setting_MeetingPassword);
   settings.set(vn_Setting_NotShowUpgradeMessageAgain, notAgain);
-  JsonTextFile(vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().knownUserId()))
-      .write(settings);
+  JsonTextFile(vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().getUID())).write(settings);
 }
 
 // -- What the workflow asks --------------------------------------------------------------------------------------

@@ -136,22 +136,11 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
     case VnStateCommitting: commitUpdateMeeting(window, meetingDataOfReply(window, info)); break;
     case VnStateCommitted: writeCommittedMeeting(window, info); break;
     case VnStatePMIForSettings: showPersonalMeeting(window.id(), info); break;
-    case VnStatePMIForSchedule: schedulePersonalMeeting(window); break;
+    case VnStatePMIForSchedule: m_manager.sendVnMeetingCommand(VnCmdSchedule, window.editor()); break;
     case VnStatePMIForUpdate:
       m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingDataOfReply(window, info));
       break;
     default: break;
-  }
-}
-
-// The end of another window may have cleared the account meanwhile, without which the meeting would get a number
-// of its own, no passcode and no waiting room; so the add begins anew.
-void SaveRoad::schedulePersonalMeeting(MeetingWindow& window) {
-  if (vnUserProfileHelper::sharedInstance().hasUserProfile()) {
-    m_manager.sendVnMeetingCommand(VnCmdSchedule, window.editor());
-  } else {
-    m_manager.setState(VnStateAdding);
-    m_manager.apiMgr()->getUserProfile(window.parentWindow(), Value());
   }
 }
 

@@ -30,7 +30,6 @@ class SaveRoad {
 
  private:
   void updatePMIMeeting(MeetingWindow& window, const Value& meetingData);
-  void schedulePersonalMeeting(MeetingWindow& window);
   void writeCommittedMeeting(MeetingWindow& window, const Value& meetingInfo);
   // What a reply is about: the window's data, or those of an edit on the calendar, which has no window.
   Value meetingDataOfReply(MeetingWindow& window, const Value& meetingInfo);

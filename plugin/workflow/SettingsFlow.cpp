@@ -134,7 +134,7 @@ int SettingsFlow::cancelVornMeeting(MeetingWindow& window) {
 
 void SettingsFlow::getPMIMeetingInfo(MeetingWindow& window, std::uint64_t state) {
   vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  if (!profile.hasUserProfile()) return;
+  if (!profile.knowsAccount()) return;
   m_manager.setState(state);
   OptionalText meetingId = profile.roomMeetingID();
   const std::string scheduleFor = getScheduldForEmailFromUI(window);

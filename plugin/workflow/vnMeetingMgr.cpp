@@ -97,7 +97,8 @@ void vnMeetingMgr::clearAllSavedData() {
   m_writeBack.setFirstInvitationIsDue(false);
   m_meetingDataMgr->clearSavedMeetingData();
   m_getMeetingHelper->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
-  // The profile is the whole process's: clearing it for one window makes every other window fetch it again.
+  // The profile is the whole process's: clearing it for one window makes every other window fetch it again, which
+  // meanwhile goes by the last one.
   vnUserProfileHelper::sharedInstance().clearUserProfile();
 }
 

@@ -16,7 +16,7 @@ std::shared_ptr<MeetingBar> barOf(const OptionalText& windowId) {
 }
 
 Value bossWithEmail(const std::string& email) {
-  return personWithEmail(vnUserProfileHelper::sharedInstance().knownBosses(), email);
+  return personWithEmail(vnUserProfileHelper::sharedInstance().bossesInfo(), email);
 }
 
 }  // namespace

@@ -112,10 +112,12 @@ TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes
   fromUser("a", 1);
   EXPECT_TRUE(account().isEnableScheduleFor());
   account().clearUserProfile();
-  EXPECT_TRUE(account().isEnableScheduleFor());
+  EXPECT_FALSE(account().hasUserProfile()) << "who needs one fetches it";
+  EXPECT_TRUE(account().isEnableScheduleFor() && account().knowsAccount());
+  EXPECT_EQ(account().getUID(), "a");
   EXPECT_EQ(account().userType(), 1);
   EXPECT_EQ(account().lastKnownUserId(), "a");
-  EXPECT_EQ(account().knownBosses().count(), 1u);
+  EXPECT_EQ(account().bossesInfo().count(), 1u);
   account().setData(Value::dictionary());
   EXPECT_EQ(account().userType(), 1) << "a reply that nobody can read tells nothing";
   fromUser("a", std::nullopt);
@@ -126,7 +128,7 @@ TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes
   EXPECT_TRUE(account().isNoMeetingLicenseUser());
   account().setData(json(R"({"userId":"c"})"));
   EXPECT_FALSE(account().isNoMeetingLicenseUser());
-  EXPECT_TRUE(account().knownBosses().isAbsent());
+  EXPECT_TRUE(account().bossesInfo().isAbsent());
 }
 
 TEST_F(ProfileReaderTest, HidesWhatTheClientCannotDo) {

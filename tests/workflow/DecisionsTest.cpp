@@ -76,13 +76,6 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   }
 }
 
-TEST_F(Decisions, APersonalMeetingIsNotScheduledForAnAccountThatAnotherWindowHasForgotten) {
-  manager().setState(VnStatePMIForSchedule);
-  reply(VnCmdGetMeeting);
-  EXPECT_THAT(client.names(), ElementsAre("6"));
-  EXPECT_EQ(manager().state(), VnStateAdding);
-}
-
 TEST_F(Decisions, PeopleToScheduleForMatterToANewMeetingAndToAnOpenPanelAlone) {
   reply(VnCmdGetScheduleForList);
   data().setMeetingKey("");

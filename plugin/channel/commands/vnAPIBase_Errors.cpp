@@ -51,7 +51,7 @@ void traceAlert(int code, const std::string& message) {
 }
 
 bool hidesSettings() {
-  const JsonTextFile profile(vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().knownUserId()));
+  const JsonTextFile profile(vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().getUID()));
   return profile.read()[vn_Setting_NotShowMeAgain].boolValue();
 }
 

@@ -150,7 +150,7 @@ std::optional<CommandResult> vnAPICommitMeeting::onVornFeedback(int operation, c
 }
 
 void vnAPICommitMeeting::updateSettingToNotUsePMI() {
-  const JsonTextFile profile(vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().knownUserId()));
+  const JsonTextFile profile(vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().getUID()));
   // A missing file stays missing.
   if (profile.read().isPresent()) profile.setKey(vn_Setting_IsPMI, false);
 }

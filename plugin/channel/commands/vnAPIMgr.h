@@ -68,7 +68,7 @@ class vnAPIMgr {
   bool isWaitingForMeeting() const;
   bool isWaitingForMeetingByApptUUID() const;
   bool isWaitingForDelete() const;
-  // To any that reads or changes the meeting.
+  // To any that reads or changes the meeting, or to the account's that comes before.
   bool isWaitingForTheService() const;
   bool isWaitingForScheduleForList() const;
 
