@@ -33,7 +33,8 @@ inline constexpr double kUsualStart = 1795424400;
 // "settings" is both: before anything happens, and later.
 inline constexpr std::string_view kSettingsUsage = "settings [default|site] KEY VALUE";
 inline constexpr std::string_view kPanelUsage =
-    "settings open|scroll|continue|cancel, or: settings click CONTROL, or: settings set CONTROL.PROPERTY VALUE, or: "
+    "settings open|scroll|continue|cancel, or: settings click CONTROL, or: settings set CONTROL.PROPERTY VALUE, "
+    "or: "
     "settings type|paste CONTROL TEXT, or: settings key CONTROL KEY, or: settings [default|site] KEY VALUE";
 SavedChoice readChoice(LineReader& line);
 
