@@ -13,6 +13,7 @@ class vnUserProfileHelper;
 // What the rules of a meeting's options know of the account: the answers of the profile reader at one moment, as a
 // plain value. Each is named after the accessor that gives it.
 struct AccountFacts {
+  // Also of a profile that has been cleared since.
   bool hasUserProfile = false;
   bool isPaidUser = false;
 

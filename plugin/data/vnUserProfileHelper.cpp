@@ -25,6 +25,9 @@ vnUserProfileHelper::vnUserProfileHelper() {
 
 void vnUserProfileHelper::setData(const Value& profile) {
   if (profile.isAbsent()) return;
+  // A reply that nobody can read tells nothing of the account, and does not do in the place of one that can be
+  // read.
+  if (profile.count() == 0 && knowsAccount()) return clearUserProfile();
   if (std::exchange(m_isOutdated, false)) freeProtoParseInstance();
   m_profile = profile.isDictionary() ? profile : Value::dictionary();
   // Read before the new message is decoded: with a message this is the user of the reply before.

@@ -28,9 +28,9 @@ class vnUserProfileHelper {
 
   // --- Life of the data.
 
-  // Replaces the profile with the client's dictionary. Absent is ignored. The account counts as changed when the
-  // user id differs from the one before; with a binary message the id compared is the one of the reply before,
-  // because it is read before the new message is decoded.
+  // Replaces the profile with the client's dictionary. Absent is ignored, and an empty one clears what there is.
+  // The account counts as changed when the user id differs from the one before; with a binary message the id
+  // compared is the one of the reply before, because it is read before the new message is decoded.
   void setData(const Value& profile);
   // There is no profile from now on, and who needs one fetches it. Until it comes everything else is answered as
   // before: the end of one window clears the profile of them all, and must take nothing from what the others show,

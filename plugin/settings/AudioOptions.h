@@ -49,8 +49,7 @@ class AudioOptions {
   vnSettingData& m_record;
   const SettingsContext& m_context;
   PanelSteps& m_steps;
-  // Of the account as it was last known: another window may have forgotten it, and the controls are a site's
-  // still.
+  // Of the account, and as before while nothing is known of one.
   panel_rules::AudioSite m_site;
   std::string m_tspServiceProvider;
   // The user has typed the third party's text since the panel was opened.

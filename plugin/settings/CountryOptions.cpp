@@ -96,7 +96,7 @@ void CountryOptions::showEditCountriesOptionsAsAudioType(std::int64_t audioType)
 
 void CountryOptions::initCountriesOfPerson(bool isOther) {
   const std::string person = isOther ? m_steps.getUIScheduleForEmail() : "";
-  // Of an account that is forgotten meanwhile nothing is known, and what was chosen stays.
+  // Where nothing is known of the account, or of the person, what was chosen stays.
   if (!SettingsContext::profile().knows(person)) return;
   std::optional<VNAvailableDialinCountryContent> content = availableDialinCountry(person);
   if (!content) return;

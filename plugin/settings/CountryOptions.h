@@ -57,8 +57,7 @@ class CountryOptions {
   vnSettingData& m_record;
   PanelSteps& m_steps;
   VNEditCountriesWindowController& m_editCountriesWindow;
-  // Of the account as it was last known: another window may have forgotten it, and a commit clears countries that
-  // are not shown.
+  // Of the account, and as before while nothing is known of one: a commit clears countries that are not shown.
   panel_rules::AudioSite m_site;
 
   Control& m_selectedCountriesField;

@@ -111,7 +111,7 @@ void DataCenterOptions::showChoice() {
   showCenters();
 }
 
-// What is on the screen stays when the account is forgotten meanwhile, so that the choice can be finished.
+// What is on the screen stays while nothing is known of the account, so that the choice can be finished.
 void DataCenterOptions::showOnceMore() { isKnown() ? initDataCenterRegionsBox() : showChoice(); }
 
 void DataCenterOptions::showWarning() {

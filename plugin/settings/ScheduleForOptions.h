@@ -45,7 +45,7 @@ class ScheduleForOptions {
   const SettingsContext& m_context;
   PanelSteps& m_steps;
 
-  // Of the popup's people: who is chosen is who the user sees, though the account may be forgotten meanwhile.
+  // Of the popup's people: who is chosen is who the user sees, though the account may have others meanwhile.
   std::vector<std::string> m_emails;
   int m_thelastSchedulForIndex = -1;
 

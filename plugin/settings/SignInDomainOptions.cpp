@@ -98,7 +98,7 @@ void SignInDomainOptions::initRestrictDomainsBox() {
     m_authNamePopup.hidden = m_domainText.hidden = m_viewEditButton.hidden = true;
     return;
   }
-  // An account that is forgotten meanwhile offers nothing, and what the user has chosen stays on the screen.
+  // An account of which nothing is known offers nothing, and what the user has chosen stays on the screen.
   if (auths.isArray()) m_meetingAuths = auths;
   m_authNamePopup.items.clear();
   m_authNamePopup.hidden = m_meetingAuths.count() < 2;

@@ -97,8 +97,10 @@ void TemplateOptions::resetTemplateTipUI(const MeetingTemplate& chosen) {
 // -- Continue ----------------------------------------------------------------------------------------------------
 
 bool TemplateOptions::checkIfDeletedTemplate() const {
-  // Another window may have forgotten the account, which says nothing of the template; the service knows.
-  if (!SettingsContext::profile().knows(m_steps.getUIScheduleForEmail())) return false;
+  // Another window may have cleared the profile, which says nothing of the template then; the service knows.
+  const std::string person = m_steps.getUIScheduleForEmail();
+  const vnUserProfileHelper& profile = SettingsContext::profile();
+  if (person.empty() ? !profile.hasUserProfile() : !profile.knows(person)) return false;
   const MeetingTemplate* template_ = m_templateBox.hidden ? nullptr : chosen();
   return template_ && !template_->id.empty() && !hasTemplate(offered(), template_->id);
 }

@@ -42,7 +42,7 @@ class VNAllowDenyRCWindowController {
   void showLocked();
   void showEditable();
   bool isLocked() const;
-  // As it was opened: an account that is forgotten or locks meanwhile changes nothing of what the user sees.
+  // As it was opened: an account that comes anew meanwhile changes nothing of what the user sees.
   bool isReadOnly() const { return !m_lockedLabel.hidden; }
   std::vector<std::string>& codesOf(bool isAllow) {
     return isAllow ? m_arrAllowRegionCodes : m_arrBlockRegionCodes;

@@ -45,7 +45,7 @@ bool CommitRefusal::checkScheduleForEmailValidity() {
   // like somebody else's even if it is one's own.
   const bool namesAnEmail = meeting.getMeetingInfo()[vn_Setting][vn_Setting_ScheduleFor].isPresent();
   const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  if (!profile.knowsAccount() && !namesAnEmail) return true;
+  if (!profile.hasUserProfile() && !namesAnEmail) return true;
   // Another window's end may just have cleared the profile, which takes nobody off the account's list.
   return personWithEmail(profile.bossesInfo(), email).isPresent();
 }

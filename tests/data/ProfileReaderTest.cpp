@@ -120,6 +120,8 @@ TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes
   EXPECT_EQ(account().bossesInfo().count(), 1u);
   account().setData(Value::dictionary());
   EXPECT_EQ(account().userType(), 1) << "a reply that nobody can read tells nothing";
+  EXPECT_EQ(account().bossesInfo().count(), 1u);
+  EXPECT_FALSE(account().hasUserProfile());
   fromUser("a", std::nullopt);
   EXPECT_EQ(account().userType(), 1);
   fromUser("b", std::nullopt);

@@ -321,7 +321,7 @@ TEST_F(AudioPanelTest, DataCentresOfWhomNothingIsKnownStayTheMeetings) {
   open();
   turn("enableDataCenterRegionsButton", true);
   turn("dataCenterButton2", true);
-  vnUserProfileHelper::sharedInstance().setData(Value::dictionary());
+  vnUserProfileHelper::sharedInstance().cleanup();
   turn("dataCenterButton3", true);
   EXPECT_EQ(settings()[vn_Setting_AdditionalDCRegions], Value(Value::Array{"EU", "JX"})) << "as they were shown";
   turn("enableDataCenterRegionsButton", false);

@@ -162,11 +162,11 @@ TEST_F(TemplatePanelTest, OneThatGoesWithAllOthersHoldsContinueBackNoLongerThanI
 
 TEST_F(TemplatePanelTest, AForgottenAccountSaysNothingOfTheTemplate) {
   knowTemplates(both);
-  openWith("l", "Lesson");
+  openWith("new", "Made this morning");
   vnUserProfileHelper::sharedInstance().clearUserProfile();
   click("buttonContinue");
   EXPECT_EQ(shown(), nullptr);
-  EXPECT_EQ(committedId(), "l");
+  EXPECT_EQ(committedId(), "new");
 }
 
 }  // namespace

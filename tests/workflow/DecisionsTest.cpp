@@ -89,23 +89,26 @@ TEST_F(Decisions, PeopleToScheduleForMatterToANewMeetingAndToAnOpenPanelAlone) {
 }
 
 TEST_F(Decisions, AMeetingBelongsToAStrangerOnlyWhenThatIsKnown) {
-  const struct {
+  struct Row {
     const char* name;
-    bool knowsAccount;
+    enum { unknown, known, cleared } account;
     const char *hostId, *scheduledFor;
     bool isValid;
-  } rows[] = {
-      {"one's own", true, "me", nullptr, true},
-      {"one's own, before the profile has come", false, "me", nullptr, true},
-      {"of a host who is a stranger", true, "somebody", nullptr, false},
-      {"expressly nobody else's", true, "somebody", "", true},
-      {"expressly for a stranger", true, "me", "stranger@vorn.example", false},
-      {"expressly for somebody, before the profile has come", false, "me", "stranger@vorn.example", false},
+  };
+  const Row rows[] = {
+      {"one's own", Row::known, "me", nullptr, true},
+      {"one's own, before the profile has come", Row::unknown, "me", nullptr, true},
+      {"of a host who is a stranger", Row::known, "somebody", nullptr, false},
+      {"of a host who may be another account of one's own", Row::cleared, "somebody", nullptr, true},
+      {"expressly nobody else's", Row::known, "somebody", "", true},
+      {"expressly for a stranger", Row::known, "me", "stranger@vorn.example", false},
+      {"expressly for somebody, before the profile has come", Row::unknown, "me", "stranger@vorn.example", false},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    vnUserProfileHelper::sharedInstance().clearUserProfile();
-    if (row.knowsAccount) knowAccount();
+    vnUserProfileHelper::sharedInstance().cleanup();
+    if (row.account != Row::unknown) knowAccount();
+    if (row.account == Row::cleared) vnUserProfileHelper::sharedInstance().clearUserProfile();
     Value read = meeting();
     if (row.scheduledFor) read.set(vn_Setting_ScheduleFor, row.scheduledFor);
     helper().setMeetingData(read, false);

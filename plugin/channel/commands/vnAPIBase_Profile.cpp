@@ -24,7 +24,7 @@ bool vnAPIBase::checkMeetingNumberValidity(const std::string& number) {
   vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
   const std::string room = profile.roomMeetingID().value_or("");
   bool isCachedRoom = false;
-  if (room.empty()) {
+  if (room.empty() || !profile.hasUserProfile()) {
     const Value site = JsonTextFile(vnMeetingCommon::getLocalVnSiteConfigPath()).read();
     isCachedRoom =
         vnCommon::isExistedInAnotherListWithIgnoreCase(number, site[vn_LocalProfile_CachedRoomMeetingIds]);

@@ -155,7 +155,7 @@ bool vnAPIMgr::isWaitingForDelete() const { return m_apiDeleteMeeting && m_apiDe
 bool vnAPIMgr::isWaitingForTheService() const {
   const auto waits = [](const auto& command) { return command && command->isWaiting(); };
   return waits(m_apiScheduleMeeting) || waits(m_apiUpdateMeeting) || waits(m_apiGetMeeting) ||
-         waits(m_apiDeleteMeeting) || waits(m_apiGetUserProfile);
+         waits(m_apiDeleteMeeting);
 }
 
 bool vnAPIMgr::isWaitingForScheduleForList() const {

@@ -68,7 +68,7 @@ class vnAPIMgr {
   bool isWaitingForMeeting() const;
   bool isWaitingForMeetingByApptUUID() const;
   bool isWaitingForDelete() const;
-  // To any that reads or changes the meeting, or to the account's that comes before.
+  // To any that reads or changes the meeting.
   bool isWaitingForTheService() const;
   bool isWaitingForScheduleForList() const;
 

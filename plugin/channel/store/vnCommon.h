@@ -16,7 +16,8 @@ class vnCommon {
   static std::string getDocumentOutlookPluginRootPath();
   // The file with the settings of a user; "" without a user.
   static std::string getVnUserProfilePath(const OptionalText& userId);
-  // The id of the signed-in user; absent as long as no profile has come.
+  // The id of the signed-in user; absent as long as no profile has come, and once it was cleared until it has come
+  // anew.
   static OptionalText getUID();
   // Who knows the user's id. The profile reader says so when it begins to live; an empty source takes it back.
   static void setUserIdSource(std::function<OptionalText()> source);
