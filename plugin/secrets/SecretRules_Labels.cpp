@@ -282,8 +282,9 @@ class LabelRule {
                                  : isParameter ? endOfParameterValue(begin)
                                                : endOfValue(begin);
     m_ranges.add(m_text.begin(begin), m_text.begin(valueEnd));
-    // What was taken for a value may be the label of the next one.
-    return isParameter ? valueEnd : way.value;
+    // What was taken for a value may be the label of the next one, and so may what was passed over on the way to
+    // it, such as a text that only looks like a tag.
+    return isParameter ? valueEnd : end;
   }
 
   bool announces(const Way& way, std::size_t at, const FoldedLabel& label) const {
@@ -313,14 +314,18 @@ class LabelRule {
 
   std::size_t endOfValue(std::size_t begin) {
     // Within a word that was read before, its end is known.
-    std::size_t end = std::max(begin, m_lastWordEnd);
+    std::size_t end = begin >= m_lastWordBegin ? std::max(begin, m_lastWordEnd) : begin;
     while (!endsWord(m_text, end)) ++end;
-    m_lastWordEnd = end;
+    if (end > m_lastWordEnd) {
+      m_lastWordBegin = begin;
+      m_lastWordEnd = end;
+    }
     return endOfGroups(m_text, begin, end);
   }
 
   const ReadableText& m_text;
   CoveredRanges& m_ranges;
+  std::size_t m_lastWordBegin = 0;
   std::size_t m_lastWordEnd = 0;
 };
 

@@ -76,6 +76,8 @@ TEST(SecretMask, CoversWhatStandsBehindALabelInAnyMarkup) {
       {"Passcode: 562 780 Next", "Passcode: ****** Next"},
       {"Passcode:\nKenncode: 4711", "Passcode:\n****** ******"},
       {"Passcode (if asked): x9 Next", "Passcode (if asked): ****** Next"},
+      {"Passcode (Kenncode: 88 here): x9 Next", "Passcode (Kenncode: ****** here): ****** Next"},
+      {"pwd<Kenncode: q7 >@ Next", "pwd<Kenncode: ****** >****** Next"},
       {"The passcode is 471108.", "The passcode is ******"},
       {"passcode \"gate 88\", room 7", "passcode \"******\", room 7"},
       {"Host key: 88#, PIN 4455, code 778899# now", "Host key: ****** PIN ****** code ****** now"},
