@@ -13,12 +13,11 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-// How many of the characters from a place on are such as most of what is printed: of a byte and a column each, and
+// How many characters at the beginning are such as most of what is printed: of a byte and a column each, and
 // nobody has to be asked about them.
-std::size_t plainFrom(std::string_view text, std::size_t at) {
+std::size_t plainAtBegin(std::string_view text) {
   const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
-  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(at);
-  return static_cast<std::size_t>(std::find_if_not(begin, text.end(), isPlain) - begin);
+  return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPlain) - text.begin());
 }
 
 // What has no place of its own on a line, or changes the direction of what follows.
@@ -51,7 +50,7 @@ struct Cut {
 Cut cutAt(std::string_view text, std::size_t columns) {
   Cut cut;
   while (cut.bytes < text.size()) {
-    if (const std::size_t plain = std::min(plainFrom(text, cut.bytes), columns - cut.columns); plain > 0) {
+    if (const std::size_t plain = plainAtBegin(text.substr(cut.bytes, columns - cut.columns)); plain > 0) {
       cut.columns += plain;
       cut.bytes += plain;
       continue;
@@ -69,7 +68,7 @@ std::string withoutControls(std::string_view text, const Instead& instead) {
   std::string result;
   result.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
-    if (const std::size_t plain = plainFrom(text, at); plain > 0) {
+    if (const std::size_t plain = plainAtBegin(text.substr(at)); plain > 0) {
       result += text.substr(at, plain);
       at += plain;
       continue;

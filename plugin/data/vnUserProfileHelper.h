@@ -212,6 +212,9 @@ class vnUserProfileHelper {
   // What the account gives the person is known: one's own, for "", with the profile, and somebody else's with the
   // list of the people to schedule for.
   bool knows(const std::string& person) const;
+  // The same of templates as they are now. A cleared profile, or a list of people that nobody has asked for, says
+  // nothing of one that it lacks; to call it lost would take the user's choice from a standing meeting.
+  bool knowsTemplates(const std::string& person) const;
 
   // --- Telephone audio.
 

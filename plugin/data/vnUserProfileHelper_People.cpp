@@ -54,6 +54,10 @@ bool vnUserProfileHelper::knows(const std::string& person) const {
   return person.empty() ? knowsAccount() : scheduleForList().hasScheduleForList();
 }
 
+bool vnUserProfileHelper::knowsTemplates(const std::string& person) const {
+  return person.empty() ? hasUserProfile() : knows(person);
+}
+
 bool vnUserProfileHelper::isEnableScheduleFor() const { return bossesInfo().count() > 0; }
 
 Value vnUserProfileHelper::accountOrPerson(const OptionalText& email, std::string_view key) const {

@@ -42,18 +42,14 @@ void AudioOptions::initWithLocalString() {
   m_thirdPartyAudioTextField.placeholder = panelText("LN_Schedule_Audio_ThirdParty_Placeholder");
 }
 
-AudioSite AudioOptions::site() {
-  const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  if (profile.knowsAccount()) {
-    m_site.isTspSite = profile.isTspSite();
-    m_site.tspAccounts = profile.tspAccounts().count();
-    m_site.isScheduleAudioBothDisabled = profile.isScheduleAudioBothDisabled();
-    m_tspServiceProvider = profile.tspServiceProvider();
-  }
-  m_site.enableThirdPartyAudio = m_record.enableThirdPartyAudio();
-  m_site.isVornClientSupportEditCountries =
-      vnClientFeatureMgr::sharedInstance().isVornClientSupportEditCountries();
-  return m_site;
+AudioSite AudioOptions::site() const {
+  const vnUserProfileHelper& profile = SettingsContext::profile();
+  return {
+      .isTspSite = profile.isTspSite(),
+      .tspAccounts = profile.tspAccounts().count(),
+      .isScheduleAudioBothDisabled = profile.isScheduleAudioBothDisabled(),
+      .enableThirdPartyAudio = m_record.enableThirdPartyAudio(),
+      .isVornClientSupportEditCountries = vnClientFeatureMgr::sharedInstance().isVornClientSupportEditCountries()};
 }
 
 AudioControls AudioOptions::shown() const {
@@ -103,14 +99,15 @@ void AudioOptions::initAudioBox() {
 
 void AudioOptions::initTspAccountPopup(const AudioSite& site) {
   m_tspAccountPopup.items.clear();
-  for (std::string& title : tspAccountTitles(m_tspServiceProvider, site, panelText)) {
+  for (std::string& title : tspAccountTitles(SettingsContext::profile().tspServiceProvider(), site, panelText)) {
     m_tspAccountPopup.items.emplace_back(std::move(title));
   }
 }
 
 void AudioOptions::setTSPAudioTooltip(const AudioSite& site) {
-  const std::string toolTip =
-      site.isTspSite ? tspAccountToolTip(m_tspServiceProvider, site, m_tspAccountPopup.index, panelText) : "";
+  const std::string toolTip = site.isTspSite ? tspAccountToolTip(SettingsContext::profile().tspServiceProvider(),
+                                                                 site, m_tspAccountPopup.index, panelText)
+                                             : "";
   m_telephonyButton.toolTip = toolTip;
   m_tspAccountButton.toolTip = toolTip;
   m_tspAccountPopup.toolTip = toolTip;

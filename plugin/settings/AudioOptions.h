@@ -37,7 +37,7 @@ class AudioOptions {
   void forgetTyped() { m_isThirdPartyTyped = false; }
 
  private:
-  panel_rules::AudioSite site();
+  panel_rules::AudioSite site() const;
   panel_rules::AudioControls shown() const;
   void show(const panel_rules::AudioControls& controls);
   void initTspAccountPopup(const panel_rules::AudioSite& site);
@@ -49,9 +49,6 @@ class AudioOptions {
   vnSettingData& m_record;
   const SettingsContext& m_context;
   PanelSteps& m_steps;
-  // Of the account, and as before while nothing is known of one.
-  panel_rules::AudioSite m_site;
-  std::string m_tspServiceProvider;
   // The user has typed the third party's text since the panel was opened.
   bool m_isThirdPartyTyped = false;
 

@@ -84,12 +84,10 @@ void CountryOptions::updateSelectedCountriesDesField() {
 
 void CountryOptions::showEditCountriesOptionsAsAudioType(std::int64_t audioType) {
   const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  if (profile.knowsAccount()) {
-    m_site.isTspSite = profile.isTspSite();
-    m_site.isVornClientSupportEditCountries =
-        vnClientFeatureMgr::sharedInstance().isVornClientSupportEditCountries();
-  }
-  m_selectedCountriesField.hidden = !countriesAreShown(m_site, audioType);
+  const AudioSite site{
+      .isTspSite = profile.isTspSite(),
+      .isVornClientSupportEditCountries = vnClientFeatureMgr::sharedInstance().isVornClientSupportEditCountries()};
+  m_selectedCountriesField.hidden = !countriesAreShown(site, audioType);
   m_editCountriesButton.hidden = m_selectedCountriesField.hidden;
   m_steps.checkScheduleButton();
 }

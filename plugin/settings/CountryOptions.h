@@ -6,7 +6,6 @@
 
 #include "data/VNAvailableDialinCountryContent.h"
 #include "settings/PanelParts.h"
-#include "settings/rules/AudioRules.h"
 
 namespace vorn {
 
@@ -57,8 +56,6 @@ class CountryOptions {
   vnSettingData& m_record;
   PanelSteps& m_steps;
   VNEditCountriesWindowController& m_editCountriesWindow;
-  // Of the account, and as before while nothing is known of one: a commit clears countries that are not shown.
-  panel_rules::AudioSite m_site;
 
   Control& m_selectedCountriesField;
   Control& m_editCountriesButton;

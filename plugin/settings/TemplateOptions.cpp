@@ -97,10 +97,7 @@ void TemplateOptions::resetTemplateTipUI(const MeetingTemplate& chosen) {
 // -- Continue ----------------------------------------------------------------------------------------------------
 
 bool TemplateOptions::checkIfDeletedTemplate() const {
-  // Another window may have cleared the profile, which says nothing of the template then; the service knows.
-  const std::string person = m_steps.getUIScheduleForEmail();
-  const vnUserProfileHelper& profile = SettingsContext::profile();
-  if (person.empty() ? !profile.hasUserProfile() : !profile.knows(person)) return false;
+  if (!SettingsContext::profile().knowsTemplates(m_steps.getUIScheduleForEmail())) return false;
   const MeetingTemplate* template_ = m_templateBox.hidden ? nullptr : chosen();
   return template_ && !template_->id.empty() && !hasTemplate(offered(), template_->id);
 }

@@ -34,11 +34,11 @@ void showPersonalMeeting(const OptionalText& windowId, const Value& meetingInfo)
 int SaveRoad::scheduleUpdateVornMeeting(MeetingWindow& window, std::uint64_t command) {
   const Value data = m_manager.getVornMeetingData(window);
   if (m_manager.checkIfShowNoMeetingLicenseWindow(window.parentWindow())) return VnHandleBlocked;
+  // There will be nothing to update, and the end of the delete performs this save. One that is refused is told of,
+  // and leaves the appointment open.
+  if (command == VnCmdUpdate && m_manager.apiMgr()->isWaitingForDelete()) return VnHandleBlocked;
   if (command == VnCmdSchedule) {
     m_manager.apiMgr()->scheduleMeeting(window.parentWindow(), data);
-  } else if (m_manager.apiMgr()->isWaitingForDelete()) {
-    // There will be nothing to update, and the end of the delete performs this save. One that is refused is told
-    // of, and leaves the appointment open.
   } else if (m_manager.getMeetingHelper()->NeedRequestGetMeeting()) {
     // The comparison runs against fresh data, when the reply is there.
     m_manager.apiMgr()->getMeeting(window.parentWindow(), data);
@@ -115,7 +115,7 @@ void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data
   }
   m_manager.meetingDataMgr()->setMeetingKey(response[vn_MeetingKey].optionalText());
   // The invitation comes with the meeting, and the meeting is fetched anew. Should that fail, the next save must
-  // not compare with what stood before this one.
+  // not compare with what stood before this one, which is then no better than a meeting found by its UUID.
   m_manager.getMeetingHelper()->setIsForGetMeetingByUUID(true);
   m_manager.apiMgr()->getMeeting(window.parentWindow(), m_manager.getVornMeetingData(window));
 }

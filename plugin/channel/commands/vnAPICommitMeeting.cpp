@@ -95,9 +95,8 @@ bool vnAPICommitMeeting::validateTemplateState() {
   if (chosen.empty()) return true;
   const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
   const std::string& person = setting[vn_Setting_ScheduleFor].text();
-  // A profile that another window's end has cleared, or a list of people that nobody has asked for, says nothing
-  // of the template. To call it lost would take the user's choice from a standing meeting; the service knows.
-  if (person.empty() ? !profile.hasUserProfile() : !profile.knows(person)) return true;
+  // Then the service decides.
+  if (!profile.knowsTemplates(person)) return true;
   const Value templates = profile.getMeetingTemplates(person);
   for (const Value& known : templates.items()) {
     if (known[vn_Setting_MeetingTemplate_TemplateId].stringValue() == chosen) return true;

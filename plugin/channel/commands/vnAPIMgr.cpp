@@ -144,23 +144,28 @@ int vnAPIMgr::getScheduleForList(const HostObject& parentWindow) {
   return command->doAction(parentWindow);
 }
 
-bool vnAPIMgr::isWaitingForMeeting() const { return m_apiGetMeeting && m_apiGetMeeting->isWaiting(); }
+namespace {
 
-bool vnAPIMgr::isWaitingForMeetingByApptUUID() const {
-  return m_apiGetMeetingByApptUUID && m_apiGetMeetingByApptUUID->isWaiting();
+// After cleanup() there is no command, and nothing is waited for.
+template <typename Command>
+bool waits(const std::shared_ptr<Command>& command) {
+  return command && command->isWaiting();
 }
 
-bool vnAPIMgr::isWaitingForDelete() const { return m_apiDeleteMeeting && m_apiDeleteMeeting->isWaiting(); }
+}  // namespace
+
+bool vnAPIMgr::isWaitingForMeeting() const { return waits(m_apiGetMeeting); }
+
+bool vnAPIMgr::isWaitingForMeetingByApptUUID() const { return waits(m_apiGetMeetingByApptUUID); }
+
+bool vnAPIMgr::isWaitingForDelete() const { return waits(m_apiDeleteMeeting); }
 
 bool vnAPIMgr::isWaitingForTheService() const {
-  const auto waits = [](const auto& command) { return command && command->isWaiting(); };
   return waits(m_apiScheduleMeeting) || waits(m_apiUpdateMeeting) || waits(m_apiGetMeeting) ||
          waits(m_apiDeleteMeeting);
 }
 
-bool vnAPIMgr::isWaitingForScheduleForList() const {
-  return m_apiGetScheduleForList && m_apiGetScheduleForList->isWaiting();
-}
+bool vnAPIMgr::isWaitingForScheduleForList() const { return waits(m_apiGetScheduleForList); }
 
 void vnAPIMgr::showNoMeetingLicenseWindow(const HostObject& parentWindow) {
   if (m_pMeetingMgr) m_pMeetingMgr->showNoMeetingLicenseWindow(parentWindow);

@@ -95,11 +95,12 @@ void vnERCalendarEventEditorViewController::updateEmailBodyWithVornContent(const
   MeetingOwners& owners = meetingOwners();
   const HostObject document = composeDocument();
   const OptionalText source = document ? htmlOf(document) : bodyContent().optionalText();
+  if (!source) return;
   const OptionalText changed =
       document ? owners.mailBodyWithVornContent(delegate(), source, invitation, isHTML)
                : owners.getMailBodyWithVornContentFor1520(delegate(), source, invitation, isHTML);
   const bool isDelete = invitation.value_or("").empty();
-  if (!source || (!changed && isDelete)) return;
+  if (!changed && isDelete) return;
   if (document) {
     showInDocument(document, changed);
   } else {
