@@ -167,10 +167,10 @@ std::string_view HtmlPieces::attribute(const HtmlPiece& tag, std::string_view wa
   return found;
 }
 
-// A name counts with its semicolon alone, a number without one, too.
+// A name counts with its semicolon alone, a number without one, too, and whatever its length.
 void HtmlPieces::cutEntity(HtmlPiece& piece) {
-  const std::string_view html = rest().substr(0, kLongestEntity);
-  const bool isNumber = html.starts_with("&#");
+  const bool isNumber = rest().starts_with("&#");
+  const std::string_view html = isNumber ? rest() : rest().substr(0, kLongestEntity);
   const bool isHex = isNumber && html.size() > 2 && (html[2] == 'x' || html[2] == 'X');
   const std::size_t first = isHex ? 3 : isNumber ? 2 : 1;
   const std::size_t length = lengthOf(html, std::min(first, html.size()), [&](char c) {

@@ -47,19 +47,17 @@ std::u16string typable(std::u16string_view typed) {
   return result;
 }
 
-// Where "&#32" or "&#x20" begins that has no semicolon yet; kNone where none ends at the place.
-std::size_t openNumberBefore(std::string_view html, std::size_t place) {
-  constexpr std::size_t longest = 40;
-  const std::size_t from = place - std::min(place, longest);
-  const std::size_t found = html.substr(from, place - from).rfind("&#");
-  if (found == std::string_view::npos) return kNone;
-  const std::size_t sign = from + found;
-  std::size_t at = sign + 2;
-  const bool isHex = at < place && (html[at] == 'x' || html[at] == 'X');
-  if (isHex) ++at;
-  const std::string_view digits = isHex ? "0123456789abcdefABCDEF" : "0123456789";
-  return at < place && html.substr(at, place - at).find_first_not_of(digits) == std::string_view::npos ? sign
-                                                                                                       : kNone;
+// Where "&#32" or "&#x20" begins that ends at the place without a semicolon, behind what has changed before it;
+// kNone where there is none.
+std::size_t openNumberBefore(std::string_view html, std::size_t place, std::size_t changedUntil) {
+  constexpr std::string_view hexDigits = "0123456789abcdefABCDEF";
+  std::size_t digits = place;
+  while (digits > changedUntil && hexDigits.find(html[digits - 1]) != kNone) --digits;
+  if (digits == place) return kNone;
+  const std::string_view before = html.substr(0, digits);
+  if (before.ends_with("&#x") || before.ends_with("&#X")) return digits - 3;
+  const bool isDecimal = html.substr(digits, place - digits).find_first_not_of("0123456789") == kNone;
+  return isDecimal && before.ends_with("&#") ? digits - 2 : kNone;
 }
 
 std::string_view tagOf(TextStyle style, bool isEnd) {
@@ -462,10 +460,12 @@ void RichBody::closeSigns(std::vector<Rewriting>& all) const {
   };
   const std::size_t signs = closed.size();
   std::size_t last = kNone;
+  std::size_t changedUntil = 0;
   for (const Rewriting& each : all) {
     const std::size_t place = each.bytes.begin;
-    const std::size_t number = place == last ? kNone : openNumberBefore(m_html, place);
+    const std::size_t number = place == last ? kNone : openNumberBefore(m_html, place, changedUntil);
     last = place;
+    changedUntil = std::max(changedUntil, each.bytes.end);
     // Either it goes itself, or it has been closed above.
     if (number == kNone || beginsAt(all, all.size(), number) || beginsAt(closed, signs, number) ||
         beginsAt(closed, signs, place))

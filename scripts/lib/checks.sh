@@ -114,12 +114,12 @@ check_asan() {
 # Every fuzzer for a minute, from its seeds and from what earlier runs have found worth keeping. FUZZ_SECONDS sets another
 # time. What a fuzzer stumbles over lies in build/fuzz-finds.
 check_fuzz() {
-  local source name finds="$root/build/fuzz-finds" failed=0
+  local source name names=() finds="$root/build/fuzz-finds" failed=0
+  for source in fuzz/*.cpp; do names+=("$(basename "$source" .cpp)"); done
   install_packages fuzz
-  build fuzz
+  build fuzz "${names[@]/#/fuzz_}"
   mkdir -p "$finds"
-  for source in fuzz/*.cpp; do
-    name=$(basename "$source" .cpp)
+  for name in "${names[@]}"; do
     if fuzz "$name" "${FUZZ_SECONDS:-60}" -artifact_prefix="$finds/$name-" >"$finds/$name.log" 2>&1; then
       echo "$name: $(grep -m 1 -E '^Done ' "$finds/$name.log")"
     else
