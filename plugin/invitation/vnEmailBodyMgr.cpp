@@ -6,8 +6,6 @@
 
 namespace vorn {
 
-namespace {}  // namespace
-
 vnEmailBodyMgr& vnEmailBodyMgr::sharedInstance() { return Registry::shared<vnEmailBodyMgr>(); }
 
 void vnEmailBodyMgr::updateMailBody(const HostObject& editor, const OptionalText& vnInviteEmail, bool isDelete,

@@ -101,12 +101,29 @@ OptionalText dateText(double secondsSince1970, const std::string& zoneName) {
   const std::int64_t second = ((local % kSecondsInDay) + kSecondsInDay) % kSecondsInDay;
   const std::chrono::sys_days day(std::chrono::days((local - second) / kSecondsInDay));
   const std::chrono::year_month_day date(day);
-  if (local < -62135596800 || local > 253402300799) return std::nullopt;
+  return dateText({.year = static_cast<int>(date.year()),
+                   .month = static_cast<unsigned>(date.month()),
+                   .day = static_cast<unsigned>(date.day()),
+                   .hour = second / 3600,
+                   .minute = second / 60 % 60,
+                   .second = second % 60});
+}
+
+OptionalText dateText(const ClockTime& time) {
+  const auto isWithin = [](std::int64_t value, std::int64_t first, std::int64_t last) {
+    return value >= first && value <= last;
+  };
+  if (!isWithin(time.year, 1, 9999) || !isWithin(time.month, 1, 12) || !isWithin(time.day, 1, 31) ||
+      !isWithin(time.hour, 0, 23) || !isWithin(time.minute, 0, 59) || !isWithin(time.second, 0, 59))
+    return std::nullopt;
+  const auto year = static_cast<int>(time.year);
+  const auto month = static_cast<unsigned>(time.month);
+  const auto day = static_cast<unsigned>(time.day);
+  if (!std::chrono::year_month_day(std::chrono::year(year), std::chrono::month(month), std::chrono::day(day)).ok())
+    return std::nullopt;
   std::array<char, 32> text;
-  std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d", static_cast<int>(date.year()),
-                static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-                static_cast<int>(second / 3600), static_cast<int>(second / 60 % 60),
-                static_cast<int>(second % 60));
+  std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d", year, month, day,
+                static_cast<int>(time.hour), static_cast<int>(time.minute), static_cast<int>(time.second));
   return text.data();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,6 +15,18 @@ namespace vorn {
 // The instant on the zone's clock, parts of a second cut off. Absent for an unknown zone and outside the years 1
 // to 9999.
 OptionalText dateText(double secondsSince1970, const std::string& zoneName);
+
+// What a clock and a calendar of daily life show; months and days begin at 1.
+struct ClockTime {
+  std::int64_t year = 0;
+  std::int64_t month = 0;
+  std::int64_t day = 0;
+  std::int64_t hour = 0;
+  std::int64_t minute = 0;
+  std::int64_t second = 0;
+};
+// The same text for it. Absent for a day or a time that does not exist, and outside the years 1 to 9999.
+OptionalText dateText(const ClockTime& time);
 
 // The instant at which the zone's clock shows the text. A time that the clock skips is read with the offset before
 // the change, one that it shows twice as the earlier. Absent for an unknown zone, for any other form, and for a

@@ -5,6 +5,7 @@
 #include <ctime>
 #include <limits>
 
+#include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnECCalendarEvent.h"
 #include "host/proxies/vnOLCalendarDate.h"
 #include "invitation/TimeUtils.h"
@@ -135,13 +136,13 @@ TEST_F(HostDates, AnEntryEndsAtTheFirstThingThatCannotBeSaid) {
       {1'792'891'800, "Europe/Berlin", "2026-10-25 01:30:00", "2026-10-25 02:30:00"},
       {-0.5, "UTC", "1969-12-31 23:59:59", "1969-12-31 23:59:59"},
       {59.999, "UTC", "1970-01-01 00:00:59", "1970-01-01 00:00:59"},
-      {0, "Customized Time Zone", "1970-01-01 00:00:00", std::nullopt},
+      {0, "Customized Time Zone", "1970-01-01 00:00:00", "1970-01-01 00:00:00"},
       {0, "", "1970-01-01 00:00:00", std::nullopt},
       {0, Value(), "1970-01-01 00:00:00", std::nullopt},
       {0, 7, "1970-01-01 00:00:00", std::nullopt},
       {-62'135'596'800.0, "UTC", "0001-01-01 00:00:00", "0001-01-01 00:00:00"},
-      {-62'135'596'800.0, "America/New_York", "0001-01-01 00:00:00", std::nullopt},
-      {253'402'300'799.0, "Asia/Tokyo", "9999-12-31 23:59:59", std::nullopt},
+      {-62'135'596'800.0, "America/New_York", "0001-01-01 00:00:00", "0001-01-01 00:00:00"},
+      {253'402'300'799.0, "Asia/Tokyo", "9999-12-31 23:59:59", "9999-12-31 23:59:59"},
       {253'402'300'800.0, "UTC", std::nullopt, std::nullopt},
       {1e300, "UTC", std::nullopt, std::nullopt},
       {kNotANumber, "UTC", std::nullopt, std::nullopt},
@@ -158,6 +159,22 @@ TEST_F(HostDates, AnEntryEndsAtTheFirstThingThatCannotBeSaid) {
     EXPECT_EQ(proxy.getVnMeetingData().count(), row.local ? 3u : row.utc ? 1u : 0u);
   }
   EXPECT_EQ(vnOLCalendarDate(HostObject()).getVnMeetingData().count(), 0u);
+}
+
+TEST_F(HostDates, AZoneWithANameOfTheHostsOwnHasTheHostsTimeAndOutlivesItsDate) {
+  const HostObject zone = host.object("NSTimeZone", {{"name", "(UTC+01:00) Amsterdam, Berlin, Bern, Rome"}});
+  const HostObject date = host.object("OLCalendarDate", {{"dateUTC", 1'774'747'800},
+                                                         {"timeZone", zone},
+                                                         {"yearOfCommonEra", 2026},
+                                                         {"monthOfYear", 3},
+                                                         {"dayOfMonth", 29},
+                                                         {"hourOfDay", 3},
+                                                         {"minuteOfHour", 30}});
+  const Value entry = vnOLCalendarDate(date).getVnMeetingData();
+  EXPECT_EQ(entry[vn_ApptInfo_CalDate_LocalTime], Value("2026-03-29 03:30:00"));
+  world.classRuntime.destroy(date);
+  world.classRuntime.destroy(zone);
+  EXPECT_EQ(timeZoneName(entry[vn_ApptInfo_Timezone]), "(UTC+01:00) Amsterdam, Berlin, Bern, Rome");
 }
 
 TEST_F(HostDates, MinutesAreCutTowardZeroAndToTheHostsNumber) {

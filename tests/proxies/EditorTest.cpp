@@ -152,6 +152,9 @@ TEST_F(Editor, TheOlderComposeViewIsWrittenThroughItsDocument) {
   EXPECT_EQ(host.get(body, "innerHTML"), Value("<html/>|call"));
   proxy.updateEmailBodyForPAC("", false);
   EXPECT_EQ(host.calls(body, "setInnerHTML:").size(), 2u) << "nothing to add";
+  EXPECT_TRUE(proxy.isCurrentEmailBodyEmpty());
+  host.set(root, "outerHTML", "<html>agenda</html>");
+  EXPECT_FALSE(proxy.isCurrentEmailBodyEmpty());
   EXPECT_TRUE(host.calls(event, "setBody:").empty());
 }
 

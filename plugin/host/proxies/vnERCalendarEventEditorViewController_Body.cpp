@@ -36,8 +36,11 @@ Value vnERCalendarEventEditorViewController::bodyContent() const {
   return content ? vnOLWordMailEditorContent(content).bodyContent() : Value();
 }
 
+// The older view has its body in the document alone: taken for empty, it would be written anew at every save, over
+// what a person has put in place of an invitation that is the same as before.
 bool vnERCalendarEventEditorViewController::isCurrentEmailBodyEmpty() const {
-  return isBodyContentEmpty(bodyContent());
+  const HostObject document = composeDocument();
+  return isBodyContentEmpty(document ? Value(htmlOf(document)) : bodyContent());
 }
 
 bool vnERCalendarEventEditorViewController::isBodyContentEmpty(const Value& body) const {

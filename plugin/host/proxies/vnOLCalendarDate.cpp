@@ -1,6 +1,8 @@
 #include "host/proxies/vnOLCalendarDate.h"
 
 #include "host/proxies/vnApptInfoKeys.h"
+#include "platform/ClassRuntime.h"
+#include "platform/Registry.h"
 #include "util/DateText.h"
 
 namespace vorn {
@@ -9,6 +11,12 @@ namespace {
 
 std::string_view calendarDateClass(const HostObject& object) {
   return isKindOfHostClass(object, "OlxCalendarDate") ? "OlxCalendarDate" : "OLCalendarDate";
+}
+
+// The zone is asked for its name much later, when the date that it belongs to may be gone.
+Value kept(const Value& zone) {
+  ClassRuntime* runtime = Registry::platform().classRuntime;
+  return runtime && zone.isObject() ? Value(runtime->retained(zone.object())) : zone;
 }
 
 }  // namespace
@@ -29,15 +37,24 @@ OptionalText vnOLCalendarDate::UTCTime() const {
   return dateText(*seconds, "UTC");
 }
 
+// Outlook has names of its own for zones, such as "(UTC+01:00) Amsterdam, Berlin", and what a person has called
+// one. With these the entry still has to go on to the zone, or the service would get a meeting without any: then
+// the host's own calendar tells the time, and if it can't, the time stands there in UTC.
 OptionalText vnOLCalendarDate::LocalTime() const {
   const std::optional<double> seconds = secondsUTC();
   const OptionalText zone = timeZoneName(timeZone());
-  if (!seconds || !zone) return {};
-  return dateText(*seconds, *zone);
+  if (!seconds || isEmpty(zone)) return {};
+  if (OptionalText known = dateText(*seconds, *zone)) return known;
+  const OptionalText told = dateText({.year = yearOfCommonEra(),
+                                      .month = monthOfYear(),
+                                      .day = dayOfMonth(),
+                                      .hour = hourOfDay(),
+                                      .minute = minuteOfHour()});
+  return told ? told : UTCTime();
 }
 
 Value vnOLCalendarDate::getVnMeetingData() const {
-  return GenerateVnCalendarDate(UTCTime(), LocalTime(), timeZone());
+  return GenerateVnCalendarDate(UTCTime(), LocalTime(), kept(timeZone()));
 }
 
 Value vnOLCalendarDate::GenerateVnCalendarDate(const OptionalText& utcTime, const OptionalText& localTime,
