@@ -21,6 +21,7 @@ namespace fs = std::filesystem;
 std::vector<pid_t> processesOf(const fs::path& program) {
   std::error_code failed;
   const fs::path wanted = fs::weakly_canonical(program, failed);
+  const fs::path replaced = wanted.string() + " (deleted)";
   std::vector<pid_t> found;
   for (fs::directory_iterator entry("/proc", failed), end; !failed && entry != end; entry.increment(failed)) {
     const std::string name = entry->path().filename().string();
@@ -29,7 +30,9 @@ std::vector<pid_t> processesOf(const fs::path& program) {
     if (read.ec != std::errc{} || read.ptr != name.data() + name.size()) continue;
     // Another user's, or gone meanwhile.
     std::error_code unreadable;
-    if (fs::read_symlink(entry->path() / "exe", unreadable) == wanted && !unreadable) found.push_back(id);
+    const fs::path running = fs::read_symlink(entry->path() / "exe", unreadable);
+    // One whose program was replaced meanwhile runs on.
+    if (!unreadable && (running == wanted || running == replaced)) found.push_back(id);
   }
   return found;
 }
@@ -47,7 +50,8 @@ ClientLauncher::~ClientLauncher() {
 void ClientLauncher::launch() {
   if (!processesOf(m_program).empty()) return;
   // One that has ended meanwhile is asked for its status.
-  if (m_process != 0) ::waitpid(std::exchange(m_process, 0), nullptr, 0);
+  if (m_process != 0 && ::waitpid(m_process, nullptr, WNOHANG) == 0) return;
+  m_process = 0;
   endOutput();
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;

@@ -432,8 +432,11 @@ void RichBody::closeSigns(std::vector<Rewriting>& all) const {
     return at < m_html.size() && (isAsciiLetter(m_html[at]) || std::string_view("/!?").find(m_html[at]) != kNone);
   };
   std::vector<Rewriting> closed;
+  ByteRange seen{};
   for (const ShownHtml::Character& each : m_shown.characters) {
     const ByteRange sign = each.bytes;
+    // The halves of a pair have the same bytes.
+    if (std::exchange(seen, sign) == sign) continue;
     if (each.kind != Kind::text || sign.end > lastPlace) continue;
     const bool isSign = m_html[sign.begin] == '<' || m_html[sign.begin] == '&';
     if (!isSign || isTakenOut(sign)) continue;

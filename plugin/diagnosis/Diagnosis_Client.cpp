@@ -159,8 +159,9 @@ void tellCapabilities(DiagnosisReport& report) {
 // The connection itself never notices that it failed or ended, so the system is asked about its descriptor.
 bool hasPeer(int descriptor) {
   if (descriptor <= 0) return false;
-  pollfd asked{descriptor, POLLOUT, 0};
-  return poll(&asked, 1, 0) > 0 && (asked.revents & (POLLHUP | POLLERR | POLLNVAL)) == 0;
+  // Asked for nothing, it tells its end alone: one that is busy and takes no more just now is there.
+  pollfd asked{descriptor, 0, 0};
+  return poll(&asked, 1, 0) >= 0 && (asked.revents & (POLLHUP | POLLERR | POLLNVAL)) == 0;
 }
 
 std::string wordsOfDescriptor(int descriptor) {

@@ -2,6 +2,7 @@
 
 #include <unicode/unistr.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <optional>
@@ -17,10 +18,30 @@ namespace {
 constexpr std::string_view kMagic = "bplist00";
 constexpr std::size_t kTrailerSize = 32;
 
+// What many places may refer to counts at each of them for all who walk through the value later. Programs share
+// texts and numbers in this way, whole lists only to do harm.
+constexpr std::size_t kSharedBytes = std::size_t{1} << 24;
+constexpr std::size_t kSharing = 64;
+
+// An object of the file with what it costs those who walk through it.
+struct Known {
+  Value value;
+  int height = 0;
+  std::uint64_t size = 1;
+
+  void hold(const Known& inner) {
+    height = std::max(height, inner.height + 1);
+    size += inner.size;
+  }
+};
+
 class Reader {
  public:
   Reader(std::string_view content, int deepestNesting)
-      : m_content(content), m_deepestNesting(deepestNesting), m_allowance(content.size()) {}
+      : m_content(content),
+        m_deepestNesting(deepestNesting),
+        m_allowance(content.size()),
+        m_largest(kSharedBytes + kSharing * content.size()) {}
 
   Value read() {
     if (m_content.size() < kMagic.size() + kTrailerSize) return {};
@@ -34,12 +55,12 @@ class Reader {
     if (!isSize(m_offsetSize) || !isSize(m_referenceSize) || m_table > trailer) return {};
     if (count > (trailer - m_table) / m_offsetSize) return {};
     m_known.resize(count);
-    const Value root = object(top, 0);
-    return m_failed ? Value() : root;
+    const Known root = object(top, 0);
+    return m_failed ? Value() : root.value;
   }
 
  private:
-  Value fail() {
+  Known fail() {
     m_failed = true;
     return {};
   }
@@ -59,23 +80,26 @@ class Reader {
     return result;
   }
 
-  Value object(std::uint64_t index, int depth) {
+  // One that is known already may reach deeper from here than from where it was met first.
+  Known object(std::uint64_t index, int depth) {
     if (m_failed || index >= m_known.size() || depth > m_deepestNesting) return fail();
     if (!m_known[index]) {
-      Value made = objectAt(number(m_table + index * m_offsetSize, m_offsetSize), depth);
+      Known made = objectAt(number(m_table + index * m_offsetSize, m_offsetSize), depth);
       m_known[index] = std::move(made);
     }
-    return *m_known[index];
+    const Known& known = *m_known[index];
+    if (known.height > m_deepestNesting - depth || known.size > m_largest) return fail();
+    return known;
   }
 
-  Value objectAt(std::uint64_t position, int depth) {
+  Known objectAt(std::uint64_t position, int depth) {
     const std::uint64_t marker = number(position++, 1);
     const std::uint64_t low = marker & 0x0F;
     switch (marker >> 4) {
       case 0x0:
-        if (low == 8 || low == 9) return low == 9;
+        if (low == 8 || low == 9) return {low == 9};
         return {};
-      case 0x1: return low <= 4 ? Value(number(position, std::uint64_t{1} << low)) : fail();
+      case 0x1: return low <= 4 ? Known{number(position, std::uint64_t{1} << low)} : fail();
       case 0x2: return real(position, low);
       case 0x5:
       case 0x6:
@@ -85,13 +109,13 @@ class Reader {
     }
   }
 
-  Value real(std::uint64_t position, std::uint64_t low) {
-    if (low == 2) return double{std::bit_cast<float>(static_cast<std::uint32_t>(number(position, 4)))};
-    if (low == 3) return std::bit_cast<double>(number(position, 8));
+  Known real(std::uint64_t position, std::uint64_t low) {
+    if (low == 2) return {double{std::bit_cast<float>(static_cast<std::uint32_t>(number(position, 4)))}};
+    if (low == 3) return {std::bit_cast<double>(number(position, 8))};
     return fail();
   }
 
-  Value counted(std::uint64_t type, std::uint64_t position, std::uint64_t count, int depth) {
+  Known counted(std::uint64_t type, std::uint64_t position, std::uint64_t count, int depth) {
     if (count == 0x0F) {
       const std::uint64_t marker = number(position++, 1);
       if (marker >> 4 != 0x1 || (marker & 0x0F) > 3) return fail();
@@ -114,33 +138,46 @@ class Reader {
     }
   }
 
-  Value asciiText(std::string_view text) { return isValidUtf8(text) ? Value(text) : fail(); }
+  Known asciiText(std::string_view text) { return isValidUtf8(text) ? knownText(std::string(text)) : fail(); }
 
-  static Value wideText(std::string_view bytes) {
+  static Known wideText(std::string_view bytes) {
     icu::UnicodeString units;
     for (std::size_t i = 0; i < bytes.size(); i += 2) {
       units.append(static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) << 8 |
                                          static_cast<unsigned char>(bytes[i + 1])));
     }
     std::string text;
-    return units.toUTF8String(text);
+    return knownText(units.toUTF8String(text));
   }
 
-  Value reference(std::uint64_t position, std::uint64_t index, int depth) {
+  static Known knownText(std::string text) {
+    const std::uint64_t size = 1 + text.size();
+    return {.value = std::move(text), .size = size};
+  }
+
+  Known reference(std::uint64_t position, std::uint64_t index, int depth) {
     return object(number(position + index * m_referenceSize, m_referenceSize), depth + 1);
   }
 
-  Value array(std::uint64_t position, std::uint64_t count, int depth) {
-    Value result = Value::array();
-    for (std::uint64_t i = 0; i < count && !m_failed; ++i) result.append(reference(position, i, depth));
+  Known array(std::uint64_t position, std::uint64_t count, int depth) {
+    Known result{Value::array()};
+    for (std::uint64_t i = 0; i < count && !m_failed; ++i) {
+      const Known item = reference(position, i, depth);
+      result.hold(item);
+      result.value.append(item.value);
+    }
     return result;
   }
 
-  Value dictionary(std::uint64_t position, std::uint64_t count, int depth) {
-    Value result = Value::dictionary();
+  Known dictionary(std::uint64_t position, std::uint64_t count, int depth) {
+    Known result{Value::dictionary()};
     for (std::uint64_t i = 0; i < count && !m_failed; ++i) {
-      const Value key = reference(position, i, depth);
-      if (key.isText()) result.set(key.text(), reference(position, count + i, depth));
+      const Known key = reference(position, i, depth);
+      if (!key.value.isText()) continue;
+      const Known item = reference(position, count + i, depth);
+      result.hold(key);
+      result.hold(item);
+      result.value.set(key.value.text(), item.value);
     }
     return result;
   }
@@ -148,10 +185,11 @@ class Reader {
   std::string_view m_content;
   int m_deepestNesting;
   std::uint64_t m_allowance;
+  std::uint64_t m_largest;
   std::uint64_t m_offsetSize = 0;
   std::uint64_t m_referenceSize = 0;
   std::uint64_t m_table = 0;
-  std::vector<std::optional<Value>> m_known;
+  std::vector<std::optional<Known>> m_known;
   bool m_failed = false;
 };
 

@@ -90,19 +90,63 @@ Value valueOf(plist_t node, int depth) {
   }
 }
 
-// The parser keeps no limit of its own, and freeing a very deep tree would exhaust the stack.
-bool isNestedTooDeeply(std::string_view xml) {
-  int depth = 0;
-  for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
-    const std::string_view tag = xml.substr(at + 1, 6);
-    if (tag.starts_with("/array") || tag.starts_with("/dict")) --depth;
-    if ((tag.starts_with("array") && !tag.starts_with("array/")) ||
-        (tag.starts_with("dict") && !tag.starts_with("dict/"))) {
-      if (++depth > kDeepestList) return true;
+// Whether the library's parser, which has no limits of its own, can be left alone with a text: freeing a very deep
+// tree would exhaust the stack, and each entity costs it as much as the text that it stands in is long.
+class XmlLimits {
+ public:
+  explicit XmlLimits(std::string_view xml) : m_xml(xml) {}
+
+  bool areKept() {
+    for (std::size_t at = countEntities(0); at < m_xml.size() && !m_isBeyond; at = countEntities(at)) {
+      at = behindMarkup(at);
     }
+    return !m_isBeyond;
   }
-  return false;
-}
+
+ private:
+  static constexpr std::uint64_t kMostBytesMoved = std::uint64_t{1} << 32;
+
+  // From the text that begins there to the next markup.
+  std::size_t countEntities(std::size_t at) {
+    const std::size_t end = std::min(m_xml.find('<', at), m_xml.size());
+    const auto entities = std::count(m_xml.begin() + static_cast<std::ptrdiff_t>(at),
+                                     m_xml.begin() + static_cast<std::ptrdiff_t>(end), '&');
+    m_bytesMoved += static_cast<std::uint64_t>(entities) * (end - at);
+    m_isBeyond |= m_bytesMoved > kMostBytesMoved;
+    return end;
+  }
+
+  std::size_t behind(std::string_view wanted, std::size_t from) const {
+    const std::size_t found = m_xml.find(wanted, from);
+    return found == std::string_view::npos ? m_xml.size() : found + wanted.size();
+  }
+
+  std::size_t behindMarkup(std::size_t at) {
+    constexpr std::string_view comment = "<!--";
+    constexpr std::string_view verbatim = "<![CDATA[";
+    const std::string_view markup = m_xml.substr(at);
+    if (markup.starts_with(comment)) return behind("-->", at + comment.size());
+    if (markup.starts_with(verbatim)) return behind("]]>", at + verbatim.size());
+    if (markup.starts_with("<?")) return behind("?>", at);
+    // What a declaration may hide belongs in front of the list.
+    if (markup.starts_with("<!")) m_isBeyond |= m_depth > 0;
+    if (isTag(markup, "</array") || isTag(markup, "</dict")) m_depth = std::max(m_depth - 1, 0);
+    if (isTag(markup, "<array") || isTag(markup, "<dict")) m_isBeyond |= ++m_depth > kDeepestList;
+    return at + 1;
+  }
+
+  // One that is closed at once holds nothing.
+  static bool isTag(std::string_view markup, std::string_view opening) {
+    if (!markup.starts_with(opening)) return false;
+    const std::size_t behindName = markup.find_first_not_of(" \t\r\n", opening.size());
+    return behindName == std::string_view::npos || !markup.substr(behindName).starts_with("/>");
+  }
+
+  std::string_view m_xml;
+  int m_depth = 0;
+  std::uint64_t m_bytesMoved = 0;
+  bool m_isBeyond = false;
+};
 
 bool fitsInXml(std::string_view text) {
   const auto hasNoForm = [](unsigned char c) { return c < 0x20 && c != '\t' && c != '\n' && c != '\r'; };
@@ -166,7 +210,7 @@ Value propertyListIn(const std::string& content) {
   if (content.size() > std::numeric_limits<std::uint32_t>::max()) return {};
   // The library's reader of the binary form follows references without a limit, down and again and again.
   if (isBinaryPropertyList(content)) return readBinaryPropertyList(content, kDeepestList);
-  if (isNestedTooDeeply(content)) return {};
+  if (!XmlLimits(content).areKept()) return {};
   plist_t parsed = nullptr;
   plist_from_xml(content.data(), static_cast<std::uint32_t>(content.size()), &parsed);
   const Node root(parsed);

@@ -117,6 +117,7 @@ TEST(RichBody, AnEditChangesTheBytesOfItsOwnPlace) {
       {"<p>x < y > z</p>", 3, 1, "", "<p>x &lt;y > z</p>"},
       {"<p>x < y > z</p>", 3, 0, "q", "<p>x &lt;q y > z</p>"},
       {"a&", 2, 0, "lt;", "a&amp;lt;"},
+      {"&#128512a", 2, 1, "4", "&#128512;4"},
       {"&#xDfffffffffffffffffffffffffffffffffffffffffffU+", 0, 1, "", "&#xDfffffffffffffffffffffffffffffffffffffffffff;+"},
       {"a&xlt;", 2, 1, "", "a&amp;lt;"},
       {"a&#65", 2, 0, "6", "a&#65;6"},

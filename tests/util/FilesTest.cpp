@@ -131,14 +131,25 @@ TEST_F(Files, PropertyListsLeaveOutWhatTheyCannotHold) {
 }
 
 TEST_F(Files, BrokenPropertyListsReadAsAbsent) {
-  std::string endless = "<plist version=\"1.0\">";
-  for (int i = 0; i < 1'000'000; ++i) endless += "<array>";
-  for (const std::string& content : {std::string(), std::string("plain text"), std::string("bplist00garbage"),
-                                     std::string("<plist><dict><key>a</key>"), endless}) {
+  const auto repeated = [](std::string_view text) {
+    std::string result;
+    for (int i = 0; i < 200'000; ++i) result += text;
+    return result;
+  };
+  const std::string endless = repeated("<array>");
+  for (const std::string& content :
+       {std::string(), std::string("plain text"), std::string("bplist00garbage"),
+        std::string("<plist><dict><key>a</key>"), "<plist>" + endless,
+        "<plist><!--" + repeated("</array>") + "-->" + endless,
+        "<plist><?x " + repeated("</dict>") + "?>" + endless, "<plist>" + repeated("<array><![CDATA[</array>]]>"),
+        "<plist>" + repeated("<dict a='/>'>"), "<plist><string>" + repeated("&amp;") + "</string></plist>"}) {
     ASSERT_TRUE(replaceFile(path("broken"), content));
     EXPECT_TRUE(readPropertyList(path("broken")).isAbsent()) << content.substr(0, 40);
   }
   EXPECT_TRUE(readPropertyList(path("missing")).isAbsent());
+  ASSERT_TRUE(replaceFile(path("flat"),
+                          "<plist><array>" + repeated("<dict />") + "<string>&lt;</string></array></plist>"));
+  EXPECT_EQ(readPropertyList(path("flat")).count(), 200'001U);
 }
 
 std::string bigEndian(std::size_t number, int bytes) {
@@ -195,7 +206,15 @@ TEST_F(Files, BinaryPropertyListsMayReferToAnythingAndAreStillRead) {
   std::vector<std::vector<std::size_t>> doubling;
   for (std::size_t i = 1; i < 60; ++i) doubling.push_back({i, i});
   doubling.emplace_back();
-  EXPECT_EQ(read(doubling).count(), 2U);
+  EXPECT_TRUE(read(doubling).isAbsent());
+  // From the inside out, so that each is known when the next refers to it.
+  std::string backwards = std::string("\xAF\x12", 2) + bigEndian(chain.size(), 4);
+  for (std::size_t i = chain.size(); i > 0; --i) backwards += bigEndian(i, 3);
+  std::vector<std::string> objects{backwards};
+  for (std::size_t i = 1; i < chain.size(); ++i) objects.push_back(binaryObject(0xA1, {i + 1}));
+  objects.push_back(binaryObject(0xA0, {}));
+  ASSERT_TRUE(replaceFile(path("arrays"), binaryList(objects)));
+  EXPECT_TRUE(readPropertyList(path("arrays")).isAbsent());
   const std::string whole = binaryListOfArrays({{1, 2}, {2}, {}});
   for (std::size_t length = 0; length < whole.size(); ++length) {
     EXPECT_TRUE(replaceFile(path("arrays"), whole.substr(0, length)));

@@ -93,7 +93,8 @@ std::string vnCommon::getDocumentOutlookPluginRootPath() {
 }
 
 std::string vnCommon::getVnUserProfilePath(const OptionalText& userId) {
-  return userId ? inPluginFolder(*userId + ".txt") : "";
+  if (!userId || userId->find_first_of(std::string_view("/\0", 2)) != std::string::npos) return "";
+  return inPluginFolder(*userId + ".txt");
 }
 
 OptionalText vnCommon::getUID() {

@@ -14,7 +14,7 @@ class vnCommon {
  public:
   // The folder of this system below the user's documents.
   static std::string getDocumentOutlookPluginRootPath();
-  // The file with the settings of a user; "" without a user.
+  // The file with the settings of a user; "" without a user, and for an id that would lead to another file.
   static std::string getVnUserProfilePath(const OptionalText& userId);
   // The id of the signed-in user; absent as long as no profile has come, and once it was cleared until it has come
   // anew.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <exception>
 #include <functional>
 #include <system_error>
 #include <thread>
@@ -106,8 +107,12 @@ class SocketReader {
  public:
   SocketReader(OpenDescriptor open, std::string home, Deliver deliver)
       : m_thread([this, open = std::move(open), home = std::move(home), deliver = std::move(deliver)] {
-          if (const auto descriptor = open()) {
-            if (connectToClient(*descriptor, home)) readMessages(*descriptor, deliver);
+          try {
+            if (const auto descriptor = open()) {
+              if (connectToClient(*descriptor, home)) readMessages(*descriptor, deliver);
+            }
+          } catch (const std::exception&) {
+            // A message without an end may take all the memory there is. The host lives on without the connection.
           }
           m_isDone = true;
         }) {}

@@ -14,6 +14,7 @@
 #include "platform/Surroundings.h"
 #include "platform/Trace.h"
 #include "secrets/CoveredLater.h"
+#include "secrets/SecretMask.h"
 #include "util/vStringUtils.h"
 
 namespace vorn {
@@ -34,7 +35,7 @@ void traceEnvelope(std::string_view step, const Value& envelope) {
   Trace* trace = Registry::platform().trace;
   if (!trace) return;
   const CoveredLater content(envelope[VN_IPC_CONTENT].text());
-  const Value facts = Value::dictionaryFromPairs({{"action", envelope[VN_IPC_ACTION_ID].stringValue()},
+  const Value facts = Value::dictionaryFromPairs({{"action", SecretMask::covered(envelope[VN_IPC_ACTION_ID].stringValue())},
                                                   {"bytes", content.size()},
                                                   {"content", content.head()}});
   trace->noteEnvelope(step, facts, content);

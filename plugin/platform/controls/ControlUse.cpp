@@ -1,18 +1,24 @@
 #include "platform/controls/ControlUse.h"
 
+#include <algorithm>
+
 #include "platform/controls/FieldKeys.h"
 
 namespace vorn {
 
 namespace {
 
-// What a control takes from its user: not every text, and no entry that only stands among the others.
+// What a control takes from its user: not every text, and no entry that only stands among the others, or none at
+// all.
 bool mayBecome(const Control& control, const Control& proposed) {
-  // What stands there already may be longer than what can be typed.
-  const bool isTyped = proposed.text != control.text;
+  const auto isItsText = [&](const ControlItem& item) { return item.title == proposed.text; };
+  // What stands there already, or can be chosen, may be longer than what can be typed.
+  const bool isTyped =
+      proposed.text != control.text && std::none_of(control.items.begin(), control.items.end(), isItsText);
   if (isTyped && control.formatter && !control.formatter->accepts(proposed.text)) return false;
+  if (proposed.index == control.index || proposed.index < 0) return true;
   const auto index = static_cast<std::size_t>(proposed.index);
-  return proposed.index == control.index || index >= control.items.size() || control.items[index].enabled;
+  return index < control.items.size() && control.items[index].enabled;
 }
 
 }  // namespace
