@@ -15,8 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (std::size_t at = seen.find('@'); at != std::string::npos; at = seen.find('@', at + 1)) {
     // A letter behind a backslash is a line end or a tab, as JSON writes them.
     const bool isEscape = at > 1 && seen[at - 2] == '\\';
-    // A byte that is no character by itself begins no domain, and without one the sign makes no address.
-    const bool isByte = at + 2 < seen.size() && seen[at + 1] == '%' && (seen[at + 2] < '0' || seen[at + 2] > '7');
+    // A byte that is no character by itself is nobody's name.
+    const bool isByte = at > 2 && seen[at - 3] == '%' && (seen[at - 2] < '0' || seen[at - 2] > '7');
     check(at == 0 || isEscape || isByte || !isOfAddress(seen[at - 1]), "nobody is seen before the sign");
     check(at + 1 >= seen.size() || !isOfAddress(seen[at + 1]), "no domain is seen behind the sign");
   }

@@ -28,6 +28,10 @@ int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command
     m_updatedMeetingDataOnCalendar =
         Value::dictionaryFromPairs({{kParkedCommand, command}, {kParkedMeetingData, meetingData}});
   }
+  // An item of a series has no UUID to ask by. One that comes here has a meeting of its own, which the key that it
+  // stores tells as well as can be.
+  const bool hasUUID = !apptInfo[vn_ApptInfo_OlApptUUID].text().empty();
+  if (!hasUUID && !meetingData[vn_MeetingKey].text().empty()) return sendVnMeetingCommand(command, meetingData);
   m_manager.setState(VnStateUpdateOnCalendar);
   m_askedUUID = apptInfo[vn_ApptInfo_OlApptUUID].optionalText();
   Value request = Value::dictionary();

@@ -90,6 +90,8 @@ void SaveFinish::closeOLAppointment(const HostObject& editor) {
 }
 
 void SaveFinish::performHostsOperation(MeetingWindow& window) {
+  // Or the window would be gone before the delete is answered, with the deleted meeting stored in its appointment.
+  if (m_manager.apiMgr()->isWaitingForDelete()) return;
   const bool hasAttendees = !window.proxy().attendeeList().items().empty();
   const std::string_view operation = hostsOperation(window.bar()->olUIAction(), hasAttendees);
   if (operation.empty() || !window.proxy().isValidConnection()) return;

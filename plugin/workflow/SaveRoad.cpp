@@ -58,6 +58,8 @@ void SaveRoad::onInvokeScheduleErrorMessageCommit(const Value& userInfo) {
 void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingData) {
   // Without a window the end of another edit may have emptied what was saved of this one, and of an appointment of
   // which nothing is known the service must not be told.
+  // And of a meeting that is being deleted there is nothing to tell: the end of the delete performs this save.
+  if (window.bar() && m_manager.apiMgr()->isWaitingForDelete()) return;
   const bool mayCommit =
       window.bar() ? !window.bar()->blockDeleteVornMeeting() : meetingData[vn_Outlook_ApptInfo].count() > 0;
   if (mayCommit) {
@@ -114,6 +116,10 @@ void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data
     if (AlternateHostHistory* history = alternateHostHistory()) history->addToInputAlternateHostHistory(hosts);
   }
   m_manager.meetingDataMgr()->setMeetingKey(response[vn_MeetingKey].optionalText());
+  // What was added to an item of a series is the item's own, which is otherwise seen only when its window opens.
+  if (isNew && window.proxy().isOccurrenceOrException()) {
+    m_manager.meetingDataMgr()->setOccurrenceIsSingleVornMeeting(true);
+  }
   // The invitation comes with the meeting, and the meeting is fetched anew. Should that fail, the next save must
   // not compare with what stood before this one, which is then no better than a meeting found by its UUID.
   m_manager.getMeetingHelper()->setIsForGetMeetingByUUID(true);

@@ -62,6 +62,11 @@ TEST(SeriesSwitch, ByTheMenuTheBarShowsWhatTheSeriesHas) {
   world.settle();
   EXPECT_TRUE(world.showsMeeting(editor));
   EXPECT_EQ(world.calendarText(), stored);
+
+  // From here on it is the series' window.
+  world.host.typeSubject(editor, "Stand-up");
+  world.saveAndClose(editor);
+  EXPECT_EQ(world.service.meetings().find(world.record("one")["meetingKey"].integerValue())->subject, "Stand-up");
 }
 
 // The three answers to the host, and any other, which also stops it, for each of its four ways to save.

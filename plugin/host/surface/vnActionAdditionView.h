@@ -71,6 +71,7 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
 
   void initMembers(const HostObject& windowController, const HostObject& event);
   void initMeetingData(const HostObject& event);
+  void readMeetingOfSeries(const HostObject& series);
   // Makes the long-lived proxy, once, from a controller that has an editor.
   void attachOutlookERCalendarEventEditorWindowController(const HostObject& windowController);
   void onUIInitialize();

@@ -136,12 +136,24 @@ void vnActionAdditionView::enableChangeSettingButton(bool enable) {
   redraw();
 }
 
+// The window is the series' from now on: with the key that the item had, the next save would tell the item's meeting of
+// it, or nobody.
+void vnActionAdditionView::readMeetingOfSeries(const HostObject& series) {
+  meetingData()->setMeetingKey("");
+  meetingData()->setEncodeMailBody("");
+  m_pvnMeetingMgr->getMeetingHelper()->setIsForGetMeetingByUUID(true);
+  m_idECCalendarEvent = HostObject(series.address());
+  initMeetingData(series);
+}
+
 void vnActionAdditionView::refreshUIForSwitchToRecurringSeries() {
   int status = m_vnUIStatus;
   vnERCalendarEventEditorViewController* editor = editorProxy();
   if (const vnECCalendarEvent* event = editor ? editor->ecCalendarEvent() : nullptr) {
+    const bool isItem = event->isOccurrence() || event->isModifiedException();
+    if (!isItem) readMeetingOfSeries(event->delegate());
     const bool isMeeting = event->isVornMeeting();
-    if (!event->isOccurrence() && !event->isModifiedException()) {
+    if (!isItem) {
       status = isMeeting ? VnUIMeeting : VnUINotMeeting;
     } else if (isMeeting != event->seriesIsVornMeeting()) {
       // The editor is about to show the series, so the bar shows what the series has.
