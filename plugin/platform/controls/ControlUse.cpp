@@ -16,7 +16,8 @@ bool mayBecome(const Control& control, const Control& proposed) {
   const bool isTyped =
       proposed.text != control.text && std::none_of(control.items.begin(), control.items.end(), isItsText);
   if (isTyped && control.formatter && !control.formatter->accepts(proposed.text)) return false;
-  if (proposed.index == control.index || proposed.index < 0) return true;
+  constexpr int none = -1;
+  if (proposed.index == control.index || proposed.index == none) return true;
   const auto index = static_cast<std::size_t>(proposed.index);
   return index < control.items.size() && control.items[index].enabled;
 }
