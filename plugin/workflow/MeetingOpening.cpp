@@ -27,7 +27,8 @@ bool MeetingOpening::loadOIProperty(MeetingWindow& window, const HostObject& eve
 
 bool MeetingOpening::holdsMeeting(const Value& stored) {
   // The host may hold a placeholder here that is no text.
-  return stored.isText() && vnOLUtils::toArrayOrNSDictionary(stored.optionalText()).contains(vn_OLProperty_MeetingKey);
+  return stored.isText() &&
+         vnOLUtils::toArrayOrNSDictionary(stored.optionalText()).contains(vn_OLProperty_MeetingKey);
 }
 
 bool MeetingOpening::loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool isFromUCInband) {

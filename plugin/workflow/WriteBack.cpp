@@ -74,8 +74,8 @@ void WriteBack::updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window,
     const OptionalText invitation = response[vn_API_Para_InvitationEmail].optionalText();
     m_manager.emailBodyMgr()->updateMailBody(window.editor(), invitation, true, false);
   }
-  // The empty text clears the stored record, which may be in the older place as well: the next opening would find the
-  // meeting there again.
+  // The empty text clears the stored record, which may be in the older place as well: the next opening would find
+  // the meeting there again.
   window.proxy().saveVnDataToOLProperty("");
   if (MeetingOpening::holdsMeeting(window.proxy().olmUCCapabilities())) window.proxy().setOlmUCCapabilities("");
 

@@ -28,7 +28,9 @@ void vnCommitWarning::showCommitWarning(const HostObject& parentWindow) const {
   alert.buttons = {localizedString("LN_Schedule_Template_ChooseAnotherTemplate_220900"),
                    localizedString("LN_Schedule_Template_NotUseTemplate_220900")};
   alert.icon = Presenter::kWarningIcon;
-  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", SecretMask::covered(alert.message)}}); });
+  traceStep("alert", [&] {
+    return Value::dictionaryFromPairs({{"message", SecretMask::covered(alert.message)}});
+  });
   // The notice keeps its data: another window's commit may be stopped before this one's answer comes.
   presenter->showAlert(parentWindow, alert, [parentWindow, data = m_meetingData](const Presenter::Answer& answer) {
     // The answer may come after the end of this system.

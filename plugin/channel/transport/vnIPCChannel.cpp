@@ -35,9 +35,10 @@ void traceEnvelope(std::string_view step, const Value& envelope) {
   Trace* trace = Registry::platform().trace;
   if (!trace) return;
   const CoveredLater content(envelope[VN_IPC_CONTENT].text());
-  const Value facts = Value::dictionaryFromPairs({{"action", SecretMask::covered(envelope[VN_IPC_ACTION_ID].stringValue())},
-                                                  {"bytes", content.size()},
-                                                  {"content", content.head()}});
+  const Value facts =
+      Value::dictionaryFromPairs({{"action", SecretMask::covered(envelope[VN_IPC_ACTION_ID].stringValue())},
+                                  {"bytes", content.size()},
+                                  {"content", content.head()}});
   trace->noteEnvelope(step, facts, content);
 }
 

@@ -205,8 +205,8 @@ int vnActionAdditionView::getVnDataStatus() {
     if (m_vnUIStatus == VnUINotMeeting || editor->isCancelMode()) {
       m_vnMeetingDataStatus = VnDataDeleted;
     } else {
-      // A new appointment in which nobody has typed counts as unchanged until the meeting is written into it. Saved
-      // as it is before that, it would know nothing of the meeting that the service has for it.
+      // A new appointment in which nobody has typed counts as unchanged until the meeting is written into it.
+      // Saved as it is before that, it would know nothing of the meeting that the service has for it.
       const bool isChanged =
           editor->isVnMeetingItemsChanged() || m_pvnMeetingMgr->writeBack().firstInvitationIsDue();
       m_vnMeetingDataStatus = isChanged ? VnDataChanged : VnDataNone;

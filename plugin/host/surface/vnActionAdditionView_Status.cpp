@@ -136,8 +136,8 @@ void vnActionAdditionView::enableChangeSettingButton(bool enable) {
   redraw();
 }
 
-// The window is the series' from now on: with the key that the item had, the next save would tell the item's meeting of
-// it, or nobody.
+// The window is the series' from now on: with the key that the item had, the next save would tell the item's
+// meeting of it, or nobody.
 void vnActionAdditionView::readMeetingOfSeries(const HostObject& series) {
   meetingData()->setMeetingKey("");
   meetingData()->setEncodeMailBody("");
