@@ -271,7 +271,8 @@ void PlainOptions::writeShownSwitches() {
 // A host without video has no participants with it; the way back is the user's own choice.
 void PlainOptions::onHostVideo() {
   m_record.setHostVideoOn(isOn(plain_option::hostVideo));
-  if (m_record.hostVideoOn()) return;
+  // What the account locks stays as it is, whichever control leads there.
+  if (m_record.hostVideoOn() || state(plain_option::participantVideo).isLocked) return;
   m_record.setPaticipantVideoOn(false);
   takeState(plain_option::participantVideo);
 }

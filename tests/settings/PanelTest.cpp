@@ -96,6 +96,15 @@ TEST_F(SettingsPanelTest, HasWordsForEverythingThatItShows) {
     EXPECT_THAT(item.title, Not(StartsWith("LN_")));
 }
 
+TEST_F(SettingsPanelTest, LeavesALockedVideoOfTheParticipantsAloneWhenTheHostsGoesOff) {
+  knowAccount(accountWith(UserOption::AlwaysTurnOnAttendeeVideoByDefault, UserOption4::isParticipantsLocked));
+  open();
+  choose("videoHostMatrix", 0);
+  choose("videoHostMatrix", 1);
+  EXPECT_EQ(control("videoParticipantMatrix").index, 0);
+  EXPECT_TRUE(settings()[vn_Setting_EnableParticipantsVideo].boolValue());
+}
+
 TEST_F(SettingsPanelTest, OffersTheListOfPublicEventsWithThePublicEvent) {
   knowAccount(accountWith(UserOption3::isEnableAddMeetingToPublicCalendarEvent),
               Value::dictionaryFromPairs({{vn_Profile_PublicEventListUrl, "https://vorn.example/events"}}));
