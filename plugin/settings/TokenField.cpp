@@ -5,6 +5,7 @@
 
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
+#include "settings/PanelSections.h"
 #include "settings/rules/TokenWords.h"
 
 namespace vorn {
@@ -25,9 +26,11 @@ bool takesKeyboard(const Control& control) {
   }
 }
 
-// The control that the keyboard goes to from this one, in the same window; the first behind the last.
+// The control that the keyboard goes to from this one, in the same window and as they stand there; the first
+// behind the last.
 std::string nextControl(const ControlSet& controls, const std::string& key) {
-  std::vector<std::string> keys = controls.keys();
+  std::vector<std::string> keys;
+  forEachPlace(layoutOf(panelSections(), controls), [&](const auto& place) { keys.push_back(place.key); });
   const auto found = std::find(keys.begin(), keys.end(), key);
   std::rotate(keys.begin(), found, keys.end());
   const std::string window = controls.windowOf(key);

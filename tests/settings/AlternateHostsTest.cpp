@@ -250,9 +250,7 @@ TEST_F(AlternateHostsTest, TheListGoesWithTheWordTheTabAndAnyOtherPress) {
   press(kHosts, Key::tab);
   test.runLoop.runDue();
   EXPECT_FALSE(control(kHosts).isFocused);
-  bool isSomewhere = false;
-  for (const std::string& key : shown()->keys()) isSomewhere |= control(key).isFocused;
-  EXPECT_TRUE(isSomewhere);
+  EXPECT_TRUE(control("muteParticipantUponEntry").isFocused) << "what stands below it";
 }
 
 TEST_F(AlternateHostsTest, AreLoadedFromTheMeetingAndGoBackToIt) {
