@@ -79,11 +79,15 @@ void SecurityOptions::initPasscode() {
   m_requiredMeetingPswButton.hidden = false;
   m_passwordTextField.placeholder = panelText("LN_Schedule_PasswordPlaceHolder_82199");
   m_passwordTextField.spoken = panelText("LN_Schedule_Security_Passcode_166836");
-  // What the user has typed outlasts the next load, and a look at the other kind of meeting.
-  const std::string* typed = ownPasscode();
-  m_passwordTextField.text = typed ? *typed : m_record.meetingPassword().value_or("");
+  loadPasscodeText();
   m_passwordTextField.hidden = !m_requiredMeetingPswButton.on;
   m_passwordTextField.enabled = m_requiredMeetingPswButton.on;
+}
+
+// What the user has typed outlasts the next load, and a look at the other kind of meeting.
+void SecurityOptions::loadPasscodeText() {
+  const std::string* typed = ownPasscode();
+  m_passwordTextField.text = typed ? *typed : m_record.meetingPassword().value_or("");
 }
 
 std::int64_t SecurityOptions::failedRules() const {

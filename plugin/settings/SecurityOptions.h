@@ -27,6 +27,7 @@ class SecurityOptions {
 
   // The steps of loading, which the panel calls in its order.
   void initPasscode();
+  void loadPasscodeText();
   void initWaitingRoomOption();
   void checkAccountLocked();
   void checkIfRequirePasswordLocked();

@@ -306,6 +306,19 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   if (hasList && !person.empty() && !m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
 }
 
+// The personal meeting of whom is chosen next may not come. Until it does there is nothing but what the user has
+// typed for that one: the words of the other must not get into it.
+void VnSettingViewController::leavePerson() {
+  m_allowDeny.endWindow();
+  if (!m_settingData.usePMI()) return;
+  m_settingData.setMeetingPassword("");
+  m_settingData.setAlternateHosts(Value::array());
+  m_security.loadPasscodeText();
+  m_security.resetUIForPasswordFormatErrorTextField();
+  m_security.resetPswHelpButtonState();
+  m_alternateHosts.initAlternateHosts();
+}
+
 void VnSettingViewController::resetDataCenterBoxUI() {
   const ControlSet::Change change(m_controls);
   m_dataCenters.resetDataCenterBoxUI();
