@@ -299,11 +299,30 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   // Its regions are those of whom the record was for until now.
   if (person != m_settingData.scheduleForEmail().value_or("")) m_allowDeny.endWindow();
   m_scheduleFor.setScheduleForListInfo(forOther);
-  m_waitsForList = false;
+  const bool hasList = vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
+  // While another person is chosen, the one of the opening is still waited for.
+  const bool isOfOpening = equalIgnoringCase(person, m_kept.record.scheduleForEmail().value_or(""));
+  if (hasList && isOfOpening && std::exchange(m_waitsForList, false)) keepWhatIsThePersons();
   // Their personal meeting, which may have come before the list, says more than the list does. Without a list it
   // would be asked for again and again.
-  const bool hasList = vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
   if (hasList && !person.empty() && !m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
+}
+
+// A dismissed panel goes back behind what the user has chosen meanwhile, and not behind whom it was opened for. A
+// meeting that stands has its own options, which are not the person's defaults.
+void VnSettingViewController::keepWhatIsThePersons() {
+  if (m_context.isForUpdateVornMeeting()) return;
+  vnSettingData& kept = m_kept.record;
+  kept.setScheduleForEmail(m_settingData.scheduleForEmail());
+  kept.setEnableRegionCustomization(m_settingData.enableRegionCustomization());
+  kept.setEnableAllowDenyJoinMeetingRegion(m_settingData.enableAllowDenyJoinMeetingRegion());
+  kept.setRegionType(m_settingData.regionType());
+  kept.setArrRegionCodes(m_settingData.arrRegionCodes());
+  kept.setHash(m_settingData.hash());
+  kept.setIncludeTollfree(m_settingData.includeTollfree());
+  kept.setEnableShowIncludeTollfree(m_settingData.enableShowIncludeTollfree());
+  kept.setSelectedCountries(m_settingData.arrSelectedCountries());
+  m_kept.countries = m_countries.countryContent();
 }
 
 // The personal meeting of whom is chosen next may not come. Until it does there is nothing but what the user has
