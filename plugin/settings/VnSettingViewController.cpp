@@ -219,8 +219,27 @@ void VnSettingViewController::refreshUI(bool forPMI) {
     m_settingData.setUsePMI(false);
     if (!person.empty()) m_settingData.setScheduleForEmail(person);
     m_settingData.initSubDataWithUserProfile(m_settingData.usePMI());
+    takeBackWords();
   }
   initializeItems();
+}
+
+// The words of a meeting with a number of its own are what they were before the look at the personal meeting,
+// which has left its own in the record. The account's defaults name no hosts, and know nothing of what a meeting
+// that stands has been given.
+void VnSettingViewController::takeBackWords() {
+  const vnSettingData& own = m_kept.record;
+  if (own.usePMI()) return;
+  m_settingData.setAlternateHosts(own.arrAlternateHosts());
+  const bool stands = m_context.isForUpdateVornMeeting();
+  // A new meeting that has to have a passcode has just been given one.
+  if (stands || !m_settingData.requiredMeetingPassword()) {
+    m_settingData.setMeetingPassword(own.meetingPassword());
+    m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
+  }
+  if (!stands) return;
+  m_settingData.setTrackingFields(own.trackingFields());
+  m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
 }
 
 void VnSettingViewController::onPMIMeetingInfo() {

@@ -112,6 +112,7 @@ class VnSettingViewController final : private PanelSteps {
   void takeControls(Commit commit);
   Kept whatStands() const { return {m_settingData, m_countries.countryContent()}; }
   void goBackTo(const Kept& kept);
+  void takeBackWords();
   void keepWhatIsThePersons();
   void closeWindows();
   void checkAccountLocked();
