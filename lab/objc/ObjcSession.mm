@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr double kTurnSeconds = 0.005;
+constexpr double kTurnSeconds = 0.01;
 // What the plug-in puts off, other than for a person, is done after that time.
 constexpr double kSettlingSeconds = 0.2;
 // What a call may be late on a machine that is busy with other things.
@@ -100,15 +100,19 @@ bool ObjcSession::waitUntil(const std::function<bool()>& condition, double secon
     if (Interruption::requested()) throw Interrupted("interrupted");
     if (now() >= end) return false;
     const Pool passing;
+    // What is due may be what is waited for, and a turn goes on to wait behind it.
+    [[NSRunLoop currentRunLoop] limitDateForMode:NSDefaultRunLoopMode];
+    if (condition()) return true;
     turn();
   }
   return true;
 }
 
 void ObjcSession::turn() {
-  const bool hasSources = [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode
-                                                   beforeDate:[NSDate dateWithTimeIntervalSinceNow:kTurnSeconds]];
-  if (!hasSources) [NSThread sleepForTimeInterval:kTurnSeconds];
+  NSRunLoop* loop = [NSRunLoop currentRunLoop];
+  NSDate* end = [NSDate dateWithTimeIntervalSinceNow:kTurnSeconds];
+  NSDate* nextCall = [loop limitDateForMode:NSDefaultRunLoopMode];
+  [loop acceptInputForMode:NSDefaultRunLoopMode beforeDate:nextCall ? [nextCall earlierDate:end] : end];
 }
 
 void ObjcSession::passTime(double seconds) {

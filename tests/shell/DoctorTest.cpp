@@ -98,7 +98,7 @@ TEST(Doctor, MeasuresAHomePathThatIsTooLongForASocket) {
   const std::pair<std::string, const char*> cases[] = {{std::string(104 - before, 'x'), "104 characters in 104"},
                                                        {sharp + std::string(10, 'x'), "the limits"}};
   for (const auto& [name, trouble] : cases) {
-    const Told told({"doctor", "--timeout", "1", "--world", folder / name});
+    const Told told({"doctor", "--timeout", "0.2", "--world", folder / name});
     EXPECT_EQ(told.words.exitCode, 1) << name;
     EXPECT_THAT(told.object["troubles"].dump(), HasSubstr(trouble));
     EXPECT_EQ(told.object["channel"]["connected"], false);
