@@ -22,43 +22,47 @@ using testing::SizeIs;
 
 class AppleSessions : public testing::Test {
  protected:
-  AppleSessions() { toolkit = AppleToolkit(); }
-
   AutoreleasePool pool;
-  AppleToolkit& toolkit = AppleToolkit::instance();
+  AppleToolkit& toolkit = AppleToolkit::fresh();
   VirtualRunLoop loop;
   ApplePresenter presenter{loop, "", nullptr};
 };
 
 TEST_F(AppleSessions, ASessionEndsAsSoonAsNothingStandsOnIt) {
   auto lower = presenter.beginProgress("lower");
-  const id panel = toolkit.sessions.back();
+  const id panel = AppleToolkit::sessions().back();
   auto upper = presenter.beginProgress("upper");
   lower.reset();
-  EXPECT_THAT(toolkit.panels, SizeIs(1));
-  EXPECT_THAT(toolkit.sessions, SizeIs(2)) << "the other one still stands on it";
-  EXPECT_EQ(toolkit.sessions.front(), panel);
+  EXPECT_THAT(AppleToolkit::panels(), SizeIs(1));
+  EXPECT_THAT(AppleToolkit::sessions(), SizeIs(2)) << "the other one still stands on it";
+  EXPECT_EQ(AppleToolkit::sessions().front(), panel);
   upper.reset();
-  EXPECT_THAT(toolkit.sessions, IsEmpty());
+  EXPECT_THAT(AppleToolkit::sessions(), IsEmpty());
 }
 
 TEST_F(AppleSessions, ADialogOfTheHostIsNotStoppedAndTheSessionBelowItEndsAfterIt) {
+  int wronglyStopped = 0;
+  toolkit.hears = [&](const std::string& selector) {
+    if (selector == "stopModal" && !AppleToolkit::sessions().empty()) ++wronglyStopped;
+  };
   auto sheet = presenter.beginProgress("sheet");
-  NSObject* dialog = [[[NSObject alloc] init] autorelease];
-  toolkit.sessions.push_back(dialog);
+  NSApplication* application = [NSApplication sharedApplication];
+  NSWindow* dialog = [[[NSWindow alloc] init] autorelease];
+  void* session = [application beginModalSessionForWindow:dialog];
   sheet.reset();
-  EXPECT_THAT(toolkit.panels, IsEmpty());
+  EXPECT_THAT(AppleToolkit::panels(), IsEmpty());
   loop.runUntil([] { return false; }, 10);
-  EXPECT_THAT(toolkit.sessions, SizeIs(2));
-  toolkit.sessions.pop_back();
+  EXPECT_THAT(AppleToolkit::sessions(), SizeIs(2));
+  [application endModalSession:session];
   loop.runUntil([] { return false; }, 1);
-  EXPECT_THAT(toolkit.sessions, IsEmpty());
+  EXPECT_THAT(AppleToolkit::sessions(), IsEmpty());
 
   // One that was there before is left alone as well.
-  toolkit.sessions.push_back(dialog);
+  session = [application beginModalSessionForWindow:dialog];
   presenter.beginProgress("sheet").reset();
-  EXPECT_THAT(toolkit.sessions, ElementsAre(dialog));
-  EXPECT_EQ(toolkit.wronglyStopped, 0);
+  EXPECT_THAT(AppleToolkit::sessions(), ElementsAre(dialog));
+  [application endModalSession:session];
+  EXPECT_EQ(wronglyStopped, 0);
 }
 
 TEST_F(AppleSessions, ASheetLeavesTheScreenAfterItsSessionUnlessThatHasToWait) {
@@ -85,11 +89,11 @@ TEST_F(AppleSessions, ASheetThatBeginsWhileAnotherOneEndsStandsOnItsOwn) {
       for (int i = 0; i < 8; ++i) begun.push_back(presenter.beginProgress("next"));
     };
     presenter.beginProgress("sheet").reset();
-    EXPECT_THAT(toolkit.sessions, SizeIs(8));
-    EXPECT_THAT(toolkit.panels, SizeIs(8));
+    EXPECT_THAT(AppleToolkit::sessions(), SizeIs(8));
+    EXPECT_THAT(AppleToolkit::panels(), SizeIs(8));
     while (!begun.empty()) begun.pop_back();
-    EXPECT_THAT(toolkit.sessions, IsEmpty());
-    EXPECT_THAT(toolkit.panels, IsEmpty());
+    EXPECT_THAT(AppleToolkit::sessions(), IsEmpty());
+    EXPECT_THAT(AppleToolkit::panels(), IsEmpty());
   }
 }
 
@@ -109,15 +113,15 @@ TEST_F(AppleSessions, AHostThatRaisesAtTheEndOfASheetOrAViewIsLeftToItself) {
     raised = 0;
     lower.reset();
     upper.reset();
-    EXPECT_THAT(toolkit.sessions, IsEmpty());
-    EXPECT_THAT(toolkit.panels, IsEmpty());
+    EXPECT_THAT(AppleToolkit::sessions(), IsEmpty());
+    EXPECT_THAT(AppleToolkit::panels(), IsEmpty());
     EXPECT_GT(raised, 0);
   }
 }
 
 TEST_F(AppleSessions, AnAlertThatIsBrokenOffCountsAsRefused) {
   std::vector<std::size_t> told;
-  toolkit.answers = {{static_cast<std::size_t>(-2001), false}};
+  vornlab::alertDesk().answers = {{vornlab::AlertDesk::kBrokenOff, false}};
   presenter.showAlert({}, {"", "", {"Go on", "Back"}, ""},
                       [&](const Presenter::Answer& answer) { told.push_back(answer.button); });
   EXPECT_THAT(told, IsEmpty()) << "the caller does not wait for it";

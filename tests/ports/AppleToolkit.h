@@ -1,40 +1,29 @@
 #pragma once
 
-#include <objc/objc.h>
-
-#include <deque>
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "platform/Presenter.h"
+#import "lab/objc/standins/StandIns.h"
 
 namespace vorn {
 
-// What stands in for the toolkit of an Objective-C host in this process, and what it has seen. It is as strict as
-// a toolkit may be: a session that is ended while another one stands on it raises, and so does stopping none.
+// What the ports of an Objective-C host are tried with beside the laboratory's stand-ins for the toolkit: a
+// workspace, and an ear at the end of sheets.
 struct AppleToolkit {
   static AppleToolkit& instance();
+  // As at the start of the process: nothing is known, and the desk of the alerts is empty.
+  static AppleToolkit& fresh();
 
-  struct Alert {
-    id window = nil;
-    std::string message;
-    std::vector<std::string> buttons;
-    bool hasIcon = false;
-    std::string switchTitle;
-  };
-  std::vector<Alert> alerts;
-  std::deque<Presenter::Answer> answers;
-
-  // Not retained; the uppermost last.
-  std::vector<id> sessions;
+  // The windows of the sessions, the uppermost last.
+  static std::vector<id> sessions();
   // The panels on the screen with their messages, the oldest first.
-  std::vector<std::pair<id, std::string>> panels;
-  // How often the session of somebody else has been stopped.
-  int wronglyStopped = 0;
+  static std::vector<std::pair<id, std::string>> panels();
 
-  // Hears by its selector of each call at the end of a sheet or a view, and may raise or call back.
+  // Hears by its selector of each call at the end of a sheet, when it has been followed or refused, and may raise
+  // or call back.
   std::function<void(const std::string& selector)> hears;
 
   // The workspace is there when its applications are known.

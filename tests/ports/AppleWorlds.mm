@@ -49,7 +49,7 @@ class RecordedDrawing final : public PanelDrawing {
 
 class ApplePorts final : public PortsWorld {
  public:
-  explicit ApplePorts(bool AppleToolkit::*workspace = nullptr) : m_toolkit(fresh(workspace)) {}
+  explicit ApplePorts(bool AppleToolkit::*workspace = nullptr) : m_toolkit(with(workspace)) {}
   ~ApplePorts() override {
     std::error_code ignored;
     fs::remove(m_domain, ignored);
@@ -96,11 +96,11 @@ class ApplePorts final : public PortsWorld {
     if (!m_window) m_window = [[NSObject alloc] init];
     return LiveObjects::instance().reference(m_window, LiveObjects::Holding::never);
   }
-  void answerNext(const Presenter::Answer& answer) override { m_toolkit.answers = {answer}; }
+  void answerNext(const Presenter::Answer& answer) override { vornlab::alertDesk().answers = {answer}; }
   std::vector<Seen> alerts() override {
     m_loop.runDue();
     std::vector<Seen> all;
-    for (const AppleToolkit::Alert& alert : m_toolkit.alerts) {
+    for (const vornlab::ShownAlert& alert : vornlab::alertDesk().alerts) {
       all.push_back({LiveObjects::instance().reference(alert.window, LiveObjects::Holding::never), alert.message,
                      alert.buttons, alert.hasIcon, alert.switchTitle});
     }
@@ -109,14 +109,13 @@ class ApplePorts final : public PortsWorld {
   const PanelRecord* panels() override { return m_toolkit.hasWorkspace ? &m_panels : nullptr; }
   std::vector<std::string> sheets() override {
     std::vector<std::string> messages;
-    for (const auto& [panel, message] : m_toolkit.panels) messages.push_back(message);
+    for (const auto& [panel, message] : AppleToolkit::panels()) messages.push_back(message);
     return messages;
   }
 
  private:
-  static AppleToolkit& fresh(bool AppleToolkit::*workspace) {
-    AppleToolkit& toolkit = AppleToolkit::instance();
-    toolkit = AppleToolkit();
+  static AppleToolkit& with(bool AppleToolkit::*workspace) {
+    AppleToolkit& toolkit = AppleToolkit::fresh();
     if (workspace) toolkit.*workspace = true;
     return toolkit;
   }

@@ -26,7 +26,11 @@ class RecordedPanels final : public vorn::PanelDrawing {
 
 }  // namespace
 
-std::vector<std::string> HeadlessSession::alertMessages() const { return alertDesk().messages; }
+std::vector<std::string> HeadlessSession::alertMessages() const {
+  std::vector<std::string> messages;
+  for (const ShownAlert& alert : alertDesk().alerts) messages.push_back(alert.message);
+  return messages;
+}
 
 void HeadlessSession::answerNext(vorn::Presenter::Answer answer) { alertDesk().answers.push_back(answer); }
 

@@ -168,7 +168,11 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
 - (void)close;
 @end
 
-@interface NSPanel : NSWindow
+// Raises when it ends while a session that it had has left it on the screen.
+@interface NSPanel : NSWindow {
+  BOOL m_onScreen;
+}
+- (void)orderFront:(id)sender;
 - (void)orderOut:(id)sender;
 @end
 
@@ -199,11 +203,14 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
 }
 + (NSApplication*)sharedApplication;
 - (BOOL)isActive;
-// Sessions stand on each other; the window of the uppermost one is modal, nil without one.
+// Sessions stand on each other; the window of the uppermost one is modal, nil without one. As strict as a toolkit
+// may be: to end another than the uppermost raises, and so does to stop none.
 - (void*)beginModalSessionForWindow:(NSWindow*)window;
 - (void)endModalSession:(void*)session;
 - (void)stopModal;
 - (NSWindow*)modalWindow;
+// Those of all sessions, the uppermost last.
+- (NSArray*)modalWindows;
 // Those that have not closed, in the order of their making.
 - (NSArray*)windows;
 - (NSEvent*)currentEvent;
@@ -215,7 +222,8 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
 // Gets its answer at once, as the person has decided before (AlertDesk), and keeps what was said.
 @interface NSAlert : NSObject {
   NSString* m_message;
-  NSUInteger m_buttons;
+  NSMutableArray* m_buttons;
+  BOOL m_hasIcon;
   NSButton* m_suppressionButton;
 }
 - (void)setMessageText:(NSString*)text;
@@ -288,9 +296,21 @@ enum : NSUInteger { NSBackingStoreBuffered = 2 };
 
 namespace vornlab {
 
-// What alerts have said, and how the next ones are answered; those beyond are declined with their second button.
+// What an alert has shown. The window, of which it was a sheet, is not owned and may have gone; nil for none.
+struct ShownAlert {
+  id window = nil;
+  std::string message;
+  std::vector<std::string> buttons;
+  bool hasIcon = false;
+  std::string switchTitle;
+};
+
+// The alerts that have come, and how the next ones are answered; those beyond are declined with their second
+// button.
 struct AlertDesk {
-  std::vector<std::string> messages;
+  // The answer of nobody: the toolkit breaks the alert off.
+  static constexpr std::size_t kBrokenOff = static_cast<std::size_t>(-1);
+  std::vector<ShownAlert> alerts;
   std::deque<vorn::Presenter::Answer> answers;
 };
 AlertDesk& alertDesk();

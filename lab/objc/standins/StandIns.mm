@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#import "lab/objc/HostClasses.h"
-
 namespace {
 
 // What the person chooses in the next menu that opens, and whether it was there to be chosen.
@@ -22,6 +20,10 @@ void replaceText(NSString*& held, NSString* given) {
   held = [given copy];
   [before release];
 }
+
+std::string plainText(NSString* text) { return text ? [text UTF8String] : ""; }
+
+void refuse(NSString* reason) { [NSException raise:NSInvalidArgumentException format:@"%@", reason]; }
 
 // By their classes. It never ends, for views end as late as the process.
 NSCountedSet* livingClasses() {
@@ -382,8 +384,18 @@ NSMutableArray* openWindows() {
 @end
 
 @implementation NSPanel
+- (void)dealloc {
+  const BOOL wasOnScreen = m_onScreen;
+  [super dealloc];
+  if (wasOnScreen) refuse(@"a panel has gone that was on the screen");
+}
+- (void)orderFront:(id)sender {
+  (void)sender;
+  m_onScreen = YES;
+}
 - (void)orderOut:(id)sender {
   (void)sender;
+  m_onScreen = NO;
   [self close];
 }
 @end
@@ -443,15 +455,21 @@ NSMutableArray* openWindows() {
 - (void*)beginModalSessionForWindow:(NSWindow*)window {
   if (!m_modalWindows) m_modalWindows = [[NSMutableArray alloc] init];
   [m_modalWindows addObject:window];
+  if ([window isKindOfClass:[NSPanel class]]) [static_cast<NSPanel*>(window) orderFront:nil];
   return window;
 }
 - (void)endModalSession:(void*)session {
-  [m_modalWindows removeObjectIdenticalTo:static_cast<id>(session)];
+  if (!session || [m_modalWindows lastObject] != static_cast<id>(session)) refuse(@"not the uppermost session");
+  [m_modalWindows removeLastObject];
 }
 - (void)stopModal {
+  if ([m_modalWindows count] == 0) refuse(@"nothing is modal");
 }
 - (NSWindow*)modalWindow {
   return [m_modalWindows lastObject];
+}
+- (NSArray*)modalWindows {
+  return [NSArray arrayWithArray:m_modalWindows];
 }
 - (NSEvent*)currentEvent {
   return m_currentEvent;
@@ -469,9 +487,14 @@ NSMutableArray* openWindows() {
 }
 @end
 
+@interface NSAlert ()
+- (NSInteger)answeredOn:(id)window;
+@end
+
 @implementation NSAlert
 - (void)dealloc {
   [m_message release];
+  [m_buttons release];
   [m_suppressionButton release];
   [super dealloc];
 }
@@ -484,11 +507,12 @@ NSMutableArray* openWindows() {
   m_message = copy;
 }
 - (id)addButtonWithTitle:(NSString*)title {
-  ++m_buttons;
+  if (!m_buttons) m_buttons = [[NSMutableArray alloc] init];
+  [m_buttons addObject:title];
   return title;
 }
 - (void)setIcon:(id)icon {
-  (void)icon;
+  m_hasIcon = icon != nil;
 }
 - (void)setShowsSuppressionButton:(BOOL)shows {
   if (shows && !m_suppressionButton) m_suppressionButton = [[NSButton alloc] init];
@@ -497,23 +521,33 @@ NSMutableArray* openWindows() {
   return m_suppressionButton;
 }
 - (NSInteger)runModal {
+  return [self answeredOn:nil];
+}
+- (NSInteger)answeredOn:(id)window {
   constexpr NSInteger firstButton = 1000;
+  constexpr NSInteger brokenOff = -1001;
   vornlab::AlertDesk& desk = vornlab::alertDesk();
-  desk.messages.push_back(vornlab::plainText(m_message));
+  vornlab::ShownAlert& shown = desk.alerts.emplace_back();
+  shown.window = window;
+  shown.message = plainText(m_message);
+  for (NSUInteger i = 0; i < [m_buttons count]; ++i)
+    shown.buttons.push_back(plainText([m_buttons objectAtIndex:i]));
+  shown.hasIcon = m_hasIcon;
+  shown.switchTitle = plainText([m_suppressionButton title]);
   vorn::Presenter::Answer answer = vorn::Presenter::Answer::alternateButton;
   if (!desk.answers.empty()) {
     answer = desk.answers.front();
     desk.answers.pop_front();
   }
   [m_suppressionButton setState:answer.notAgain ? 1 : 0];
-  return firstButton + (answer.button < m_buttons ? static_cast<NSInteger>(answer.button) : 0);
+  if (answer.button == vornlab::AlertDesk::kBrokenOff) return brokenOff;
+  return firstButton + (answer.button < [m_buttons count] ? static_cast<NSInteger>(answer.button) : 0);
 }
 - (void)beginSheetModalForWindow:(id)window
                    modalDelegate:(id)delegate
                   didEndSelector:(SEL)selector
                      contextInfo:(void*)context {
-  (void)window;
-  NSInteger code = [self runModal];
+  NSInteger code = [self answeredOn:window];
   NSInvocation* ended =
       [NSInvocation invocationWithMethodSignature:[delegate methodSignatureForSelector:selector]];
   [ended setSelector:selector];
@@ -623,7 +657,7 @@ NSMutableArray* openWindows() {
 namespace vornlab {
 
 std::size_t livingViews(std::string_view className) {
-  const Class counted = NSClassFromString(foundationText(className));
+  const Class counted = NSClassFromString([NSString stringWithUTF8String:std::string(className).c_str()]);
   return counted ? [livingClasses() countForObject:counted] : 0;
 }
 
