@@ -136,7 +136,6 @@ class AlternateHostsTest : public TokenFieldTest {
     for (const Value& each : list.items()) hosts.push_back(each.text());
     return hosts;
   }
-  bool mayContinue() { return control("buttonContinue").enabled; }
 };
 
 TEST_F(AlternateHostsTest, AreKeptWhereNobodyIsShownThem) {

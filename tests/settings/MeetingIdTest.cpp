@@ -91,8 +91,7 @@ class MeetingIdPanelTest : public SettingsPanelTest {
     if (isLocked) account.MergeFrom(accountWith(UserOption4::isLockScheduleUsePMI));
     account.set_email("me@vorn.example");
     account.set_roommeetingid(5550142871);
-    SettingsPanelTest::knowAccount(
-        account, Value::dictionaryFromPairs({{vn_Profile_IsDisablePMI, isDisabled}, {vn_Profile_Bosses, people}}));
+    SettingsPanelTest::knowAccount(account, {{vn_Profile_IsDisablePMI, isDisabled}, {vn_Profile_Bosses, people}});
   }
   void knowList() {
     vnGetScheduleForListHelper::sharedInstance().setData(
@@ -120,8 +119,6 @@ class MeetingIdPanelTest : public SettingsPanelTest {
     client().requests.clear();
     return all;
   }
-  bool mayContinue() { return control("buttonContinue").enabled; }
-  bool isOnScreen(const char* key) { return shown()->isOnScreen(key); }
 
   bool isDefaultPMI = false;
   Value people = Value::array();

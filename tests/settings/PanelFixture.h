@@ -33,15 +33,22 @@ Account accountWith(Bits... bits) {
 // The panel of an account, as its user sees and uses it.
 class SettingsPanelTest : public testing::Test, protected PanelWindow {
  protected:
-  SettingsPanelTest() : PanelWindow(std::string(VORN_PLUGIN_FOLDER) + "/resources") {
-    vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
-  }
+  SettingsPanelTest() : PanelWindow(std::string(VORN_PLUGIN_FOLDER) + "/resources") { knowProfile({}); }
 
+  using Pairs = std::initializer_list<std::pair<std::string_view, Value>>;
+
+  // A user of whom the profile says this.
+  static void knowProfile(Pairs pairs) {
+    Value profile = Value::dictionaryFromPairs(pairs);
+    profile.set("userId", "me");
+    vnUserProfileHelper::sharedInstance().setData(profile);
+  }
   // With what the profile says beside its message.
-  static void knowAccount(Account account, Value beside = Value::dictionary()) {
+  static void knowAccount(Account account, Pairs beside = {}) {
     account.set_id("me");
-    beside.set(vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString()));
-    vnUserProfileHelper::sharedInstance().setData(beside);
+    Value profile = Value::dictionaryFromPairs(beside);
+    profile.set(vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString()));
+    vnUserProfileHelper::sharedInstance().setData(profile);
   }
 
   void knowMeeting() {
@@ -63,6 +70,8 @@ class SettingsPanelTest : public testing::Test, protected PanelWindow {
   Use type(const std::string& key, const std::string& text) {
     return click(key, [&text](Control& changed) { changed.text = text; });
   }
+  bool isOnScreen(std::string_view key) { return shown()->isOnScreen(key); }
+  bool mayContinue() { return control("buttonContinue").enabled; }
   Value settings() { return panels.getSchSettingWindowInArray(id())->getVnSettingsData(); }
   VnSettingViewController& view() {
     return *std::static_pointer_cast<VnSettingWindowController>(panels.getSchSettingWindowInArray(id()))

@@ -65,7 +65,7 @@ TEST_F(SettingsPanelTest, AnOlderClientIsOfferedLess) {
     for (const char* key : {"selectLanguagePopup", "selectLanguageText", "muteUponEntryBox"}) {
       EXPECT_EQ(control(key).hidden, isOld) << key;
     }
-    EXPECT_EQ(shown()->isOnScreen("muteParticipantUponEntry"), !isOld);
+    EXPECT_EQ(isOnScreen("muteParticipantUponEntry"), !isOld);
     EXPECT_TRUE(control("publicEventBox").hidden && control("autoRecordingBox").hidden) << "nobody offers them";
     click("buttonContinue");
     EXPECT_EQ(settings()[vn_Setting_SelectInvitationLanguage], Value("de")) << "also where nobody sees the popup";
@@ -86,7 +86,7 @@ TEST_F(SettingsPanelTest, HasWordsForEverythingThatItShows) {
     const std::string words = each.text + each.toolTip + each.spoken + each.placeholder;
     EXPECT_THAT(words, Not(testing::HasSubstr("LN_"))) << key;
     const bool isContainer = each.kind == Control::Kind::box || each.kind == Control::Kind::window;
-    if (isContainer || each.kind == Control::Kind::popup || !shown()->isOnScreen(key)) continue;
+    if (isContainer || each.kind == Control::Kind::popup || !isOnScreen(key)) continue;
     EXPECT_THAT(words, Not(IsEmpty())) << key;
   }
   EXPECT_THAT(windows, ElementsAre("alternateHostSearchListWindow", "editCountriesWindow", "domainsWindow",
@@ -107,7 +107,7 @@ TEST_F(SettingsPanelTest, LeavesALockedVideoOfTheParticipantsAloneWhenTheHostsGo
 
 TEST_F(SettingsPanelTest, OffersTheListOfPublicEventsWithThePublicEvent) {
   knowAccount(accountWith(UserOption3::isEnableAddMeetingToPublicCalendarEvent),
-              Value::dictionaryFromPairs({{vn_Profile_PublicEventListUrl, "https://vorn.example/events"}}));
+              {{vn_Profile_PublicEventListUrl, "https://vorn.example/events"}});
   open();
   EXPECT_TRUE(control("publicEventListButton").hidden);
   turn("publicEventButton", true);
@@ -164,8 +164,7 @@ TEST_F(SettingsPanelTest, KeepsTheWishToSeeItNoMoreWhenItIsDismissed) {
 }
 
 TEST_F(SettingsPanelTest, IsThePersonalMeetingsOrTheAccountsAfterItIsRefreshed) {
-  vnUserProfileHelper::sharedInstance().setData(
-      Value::dictionaryFromPairs({{"userId", "me"}, {vn_Setting_RoomMeetingId, "5550119926"}}));
+  knowProfile({{vn_Setting_RoomMeetingId, "5550119926"}});
   open();
   const auto reply = [&](const char* number) {
     panels.getSchSettingWindowInArray(id())->setPMIMeetingInfo(Value::dictionaryFromPairs(
@@ -177,11 +176,9 @@ TEST_F(SettingsPanelTest, IsThePersonalMeetingsOrTheAccountsAfterItIsRefreshed) 
   reply("5550119926");
   EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue()) << "the user has turned to another number since";
   turn("buttonUsePMI", true);
-  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
-      {{"userId", "me"},
-       {vn_Setting_RoomMeetingId, "5550119926"},
-       {vn_Profile_Bosses,
-        Value::Array{Value::dictionaryFromPairs({{"email", "d@e.f"}, {"pmi", "5550000000"}})}}}));
+  knowProfile({{vn_Setting_RoomMeetingId, "5550119926"},
+               {vn_Profile_Bosses,
+                Value::Array{Value::dictionaryFromPairs({{"email", "d@e.f"}, {"pmi", "5550000000"}})}}});
   reply("5550000000");
   EXPECT_EQ(control("videoHostMatrix").index, 1) << "it is somebody else's";
   reply("5550119926");

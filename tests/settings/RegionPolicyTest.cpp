@@ -120,8 +120,7 @@ class RegionPolicyTest : public TokenFieldTest {
     const Value regions = Value::dictionaryFromPairs({{vn_Setting_RegionPolicy, policy},
                                                       {vn_Setting_TotalRegionCodes, list(all)},
                                                       {vn_Setting_DefaultRegionCode, "US"}});
-    knowAccount(account, Value::dictionaryFromPairs({{vn_Setting_JoinMeetingRegionSetting, regions},
-                                                     {vn_Profile_PasswordRulesOption, 1}}));
+    knowAccount(account, {{vn_Setting_JoinMeetingRegionSetting, regions}, {vn_Profile_PasswordRulesOption, 1}});
     open();
   }
   std::vector<std::string> codesOfRecord() {

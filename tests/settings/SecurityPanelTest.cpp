@@ -26,8 +26,7 @@ class SecurityPanelTest : public SettingsPanelTest {
 };
 
 TEST_F(SecurityPanelTest, ThePasscodeAppearsWithItsSwitchAndIsMadeOnlyWhereItIsMissingOrUnfit) {
-  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
-      {{"userId", "me"}, {vn_Profile_PasswordMinLength, 4}, {vn_Profile_PasswordRulesOption, 1}}));
+  knowProfile({{vn_Profile_PasswordMinLength, 4}, {vn_Profile_PasswordRulesOption, 1}});
   open();
   EXPECT_THAT(focused(), IsEmpty());
   turn("requiredMeetingPswButton", true);
@@ -46,16 +45,15 @@ TEST_F(SecurityPanelTest, ThePasscodeAppearsWithItsSwitchAndIsMadeOnlyWhereItIsM
 }
 
 TEST_F(SecurityPanelTest, TypingShowsTheRulesAndWhatTheyAreMissing) {
-  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
-      {{"userId", "me"}, {vn_Profile_PasswordMinLength, 3}, {vn_Profile_PasswordRulesOption, 2 + 8}}));
+  knowProfile({{vn_Profile_PasswordMinLength, 3}, {vn_Profile_PasswordRulesOption, 2 + 8}});
   open();
   turn("requiredMeetingPswButton", true);
   EXPECT_TRUE(control("passwordRuleWindow").hidden);
   type("passwordTextField", "a b");
   EXPECT_EQ(control("passwordTextField").text, "ab");
-  EXPECT_TRUE(shown()->isOnScreen("_PswRuleHasNumber"));
-  EXPECT_FALSE(shown()->isOnScreen("_PswRuleHasAlphabet")) << "no rule of the account";
-  EXPECT_FALSE(shown()->isOnScreen("_passwordMustNot"));
+  EXPECT_TRUE(isOnScreen("_PswRuleHasNumber"));
+  EXPECT_FALSE(isOnScreen("_PswRuleHasAlphabet")) << "no rule of the account";
+  EXPECT_FALSE(isOnScreen("_passwordMustNot"));
   EXPECT_EQ(control("_PswRuleHasNumber").text.find("✔"), std::string::npos);
   EXPECT_FALSE(control("pswFormatErrorTextField").hidden);
   EXPECT_EQ(control("passwordTextField").redBorderWidth, 1.5);
@@ -79,8 +77,7 @@ TEST_F(SecurityPanelTest, TypingShowsTheRulesAndWhatTheyAreMissing) {
 
 // A stored passcode may break rules that came later. Nothing is said of it until the user goes on.
 TEST_F(SecurityPanelTest, AnUnfitPasscodeOfAStandingMeetingStopsContinueAndIsTold) {
-  vnUserProfileHelper::sharedInstance().setData(
-      Value::dictionaryFromPairs({{"userId", "me"}, {vn_Profile_PasswordMinLength, 8}}));
+  knowProfile({{vn_Profile_PasswordMinLength, 8}});
   knowMeeting();
   window->manager->getMeetingHelper()->setMeetingData(
       Value::dictionaryFromPairs(
@@ -94,12 +91,11 @@ TEST_F(SecurityPanelTest, AnUnfitPasscodeOfAStandingMeetingStopsContinueAndIsTol
   EXPECT_EQ(click("buttonContinue"), Use::done);
   ASSERT_NE(shown(), nullptr) << "it stays open";
   EXPECT_FALSE(control("pswFormatErrorTextField").hidden);
-  EXPECT_FALSE(control("buttonContinue").enabled);
+  EXPECT_FALSE(mayContinue());
 }
 
 TEST_F(SecurityPanelTest, WhatIsTypedOutlastsALoadAndIsNotReplacedBesideTheSwitch) {
-  vnUserProfileHelper::sharedInstance().setData(
-      Value::dictionaryFromPairs({{"userId", "me"}, {vn_Profile_PasswordMinLength, 8}}));
+  knowProfile({{vn_Profile_PasswordMinLength, 8}});
   open();
   turn("requiredMeetingPswButton", true);
   type("passwordTextField", "half");
@@ -156,19 +152,19 @@ TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOn
   open();
   EXPECT_TRUE(control("enableWaitingRoom").on);
   EXPECT_TRUE(settings()[vn_Setting_EnableWaitingRoom].boolValue());
-  EXPECT_TRUE(shown()->isOnScreen("securityTipText"));
+  EXPECT_TRUE(isOnScreen("securityTipText"));
   panels.refreshSettingWindow(id(), false);
-  EXPECT_TRUE(shown()->isOnScreen("securityTipText")) << "nobody has closed it";
+  EXPECT_TRUE(isOnScreen("securityTipText")) << "nobody has closed it";
   click("securityTipCloseButton");
   EXPECT_TRUE(control("securityTipView").hidden);
   EXPECT_TRUE(not_again::doNotShowTipView(vn_LocalProfile_SecurityTip_NotShownAgain_WR));
 
   turn("enableWaitingRoom", false);
   EXPECT_FALSE(control("securityErrorTextField").hidden);
-  EXPECT_FALSE(control("buttonContinue").enabled);
+  EXPECT_FALSE(mayContinue());
   turn("requiredMeetingPswButton", true);
   EXPECT_TRUE(control("securityErrorTextField").hidden);
-  EXPECT_TRUE(control("buttonContinue").enabled);
+  EXPECT_TRUE(mayContinue());
 
   endSettingsPanel(id());
   open();
@@ -179,11 +175,9 @@ TEST_F(SecurityPanelTest, WithoutAnyOptionTheWaitingRoomGoesOnAndTheTipIsShownOn
 // What the account has locked off is of no use to anybody, and what it has locked on is read.
 TEST_F(SecurityPanelTest, SignedInUsersOnlyIsHiddenWhereItIsLockedOff) {
   for (const bool isOn : {false, true}) {
-    vnUserProfileHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{"userId", "me"},
-                                    {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
-                                    {vn_Profile_LockOnlyAuthUsersCanJoin, true},
-                                    {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, isOn}}));
+    knowProfile({{vn_Profile_SupportOnlyAuthUsersCanJoin, true},
+                 {vn_Profile_LockOnlyAuthUsersCanJoin, true},
+                 {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, isOn}});
     open();
     view().settingData().setIsSignedInUsersMeetingOn(true);
     view().initializeItems();
@@ -196,7 +190,7 @@ TEST_F(SecurityPanelTest, SignedInUsersOnlyIsHiddenWhereItIsLockedOff) {
 
 TEST_F(SecurityPanelTest, ALockedWatermarkIsCommittedOn) {
   knowAccount(accountWith(UserOption3::isEnableAudioWatermark, UserOption4::isLockAudioWatermark),
-              Value::dictionaryFromPairs({{vn_Profile_SupportOnlyAuthUsersCanJoin, true}}));
+              {{vn_Profile_SupportOnlyAuthUsersCanJoin, true}});
   open();
   turn("onlySignedinWithSpecifiedDomains", true);
   EXPECT_TRUE(control("audioWatermarkButton").on);
@@ -215,7 +209,7 @@ TEST_F(SecurityPanelTest, EndToEndEncryptionIsExplainedOnceAndGivesEarlyJoiningB
   }
   for (const char* help : {"enhancedHelpButton", "endtoendHelpButton"})
     EXPECT_EQ(control(help).text, "About this encryption");
-  EXPECT_TRUE(shown()->isOnScreen("encryptionTipText"));
+  EXPECT_TRUE(isOnScreen("encryptionTipText"));
   click("encryptionTipLearnMoreButton");
   click("encryptionTipCloseButton");
   EXPECT_TRUE(control("encryptionTipView").hidden &&
@@ -239,9 +233,9 @@ TEST_F(SecurityPanelTest, ALaterStepOfLoadingHasTheLastWord) {
                           UserOption3::isEnableE2eeMeeting, UserOption3::isEnableAudioWatermark,
                           UserOption3::isEnableRequirePassword, UserOption3::isEnableWaitingRoomNewLogic,
                           UserOption4::isLockAudioWatermark, UserOption4::isLockScheduleRequirePassword),
-              Value::dictionaryFromPairs({{"userId", "me"},
-                                          {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
-                                          {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true}}));
+              {{"userId", "me"},
+               {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
+               {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true}});
   open();
   const auto states = [&] {
     std::vector<std::string> list;
@@ -281,14 +275,14 @@ TEST_F(SecurityPanelTest, APasscodeThatIsLockedOffGoesOutOfAMeetingThatHasOne) {
 TEST_F(SecurityPanelTest, AWaitingRoomThatIsLockedOffIsNotSpokenOfEither) {
   knowAccount(accountWith(UserOption4::isLockWaitingRoom));
   open();
-  EXPECT_FALSE(shown()->isOnScreen("enableWaitingRoom") || shown()->isOnScreen("waitingRoomPrompt"));
+  EXPECT_FALSE(isOnScreen("enableWaitingRoom") || isOnScreen("waitingRoomPrompt"));
 }
 
 TEST_F(SecurityPanelTest, WhoLetsPeopleIntoThePersonalMeetingEarlyIsAskedForAPasscode) {
   RecordingClient::setVersion(test, "3.5.0");
   Account account;
   account.set_roommeetingid(5550142871);
-  knowAccount(account, Value::dictionaryFromPairs({{vn_Profile_IsEnableForcePMIJBHWithPassword, true}}));
+  knowAccount(account, {{vn_Profile_IsEnableForcePMIJBHWithPassword, true}});
   open();
   for (const bool usePMI : {false, true}) {
     turn("requiredMeetingPswButton", false);
@@ -302,8 +296,7 @@ TEST_F(SecurityPanelTest, WhoLetsPeopleIntoThePersonalMeetingEarlyIsAskedForAPas
 }
 
 TEST_F(SecurityPanelTest, EachBannerClosesForGoodAndLeadsToItsPage) {
-  vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs(
-      {{"userId", "me"}, {vn_Profile_ProfileSettingURL, "https://vorn.example/profile"}}));
+  knowProfile({{vn_Profile_ProfileSettingURL, "https://vorn.example/profile"}});
   open();
   click("pluginTurnoffLink");
   click("pluginTurnoffHelperLink");

@@ -126,12 +126,10 @@ TEST(SignInRulesTest, TheFirstBadPieceIsFoundAtItsOwnOffset) {
 class SignInPanelTest : public SettingsPanelTest {
  protected:
   void knowAuths(Value::Array auths, bool isLocked = false) {
-    vnUserProfileHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{"userId", "me"},
-                                    {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
-                                    {vn_Profile_LockOnlyAuthUsersCanJoin, isLocked},
-                                    {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, isLocked},
-                                    {vn_Profile_MeetingAuths, std::move(auths)}}));
+    knowProfile({{vn_Profile_SupportOnlyAuthUsersCanJoin, true},
+                 {vn_Profile_LockOnlyAuthUsersCanJoin, isLocked},
+                 {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, isLocked},
+                 {vn_Profile_MeetingAuths, std::move(auths)}});
   }
   void knowAuthOfMeeting(const char* id, const char* name) {
     Value meeting = auth(id, name, 1, "own.example");
@@ -149,7 +147,6 @@ class SignInPanelTest : public SettingsPanelTest {
     record.setAuthDomain("own.example");
     view().updateUIItemsForNextTime();
   }
-  bool isOnScreen(const char* key) { return shown()->isOnScreen(key); }
   Value committed() { return settings()[vn_Setting_MeetingAuth]; }
 
   const Value staff = auth("s", "Staff", 1, "a.example");

@@ -75,8 +75,8 @@ class TemplatePanelTest : public SettingsPanelTest {
   }
   static void knowTemplates(const Value& templates) {
     knowAccount(accountWith(UserOption5::isEnableAdminTemplate),
-                Value::dictionaryFromPairs({{vn_Profile_TemplateLinkWithoutId, "https://vorn.example/templates/"},
-                                            {vn_Profile_MeetingTemplates, templates}}));
+                {{vn_Profile_TemplateLinkWithoutId, "https://vorn.example/templates/"},
+                 {vn_Profile_MeetingTemplates, templates}});
   }
   // A meeting that has been made with the template.
   void openWith(const std::string& id, const std::string& name) {
@@ -88,7 +88,6 @@ class TemplatePanelTest : public SettingsPanelTest {
   std::string committedId() {
     return settings()[vn_Setting_MeetingTemplate][vn_Setting_MeetingTemplate_TemplateId].text();
   }
-  bool isOnScreen(const char* key) { return shown()->isOnScreen(key); }
 
   const Value both = Value::Array{oneTemplate("l", "Lesson"), oneTemplate("r", "Review")};
 };
