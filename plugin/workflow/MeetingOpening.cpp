@@ -25,17 +25,18 @@ bool MeetingOpening::loadOIProperty(MeetingWindow& window, const HostObject& eve
   return true;
 }
 
-bool MeetingOpening::holdsMeeting(const Value& stored) {
+Value MeetingOpening::meetingRecord(const Value& stored) {
   // The host may hold a placeholder here that is no text.
-  return stored.isText() &&
-         vnOLUtils::toArrayOrNSDictionary(stored.optionalText()).contains(vn_OLProperty_MeetingKey);
+  Value record = vnOLUtils::toArrayOrNSDictionary(stored.optionalText());
+  return record.contains(vn_OLProperty_MeetingKey) ? record : Value();
 }
 
 bool MeetingOpening::loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, bool isFromUCInband) {
   const bool hasInband = Registry::platform().classRuntime->respondsTo(event.delegate(), "olmUCInband");
   const Value stored = isFromUCInband && hasInband ? event.olmUCInband() : event.olmUCCapabilities();
-  if (!holdsMeeting(stored)) return false;
-  const Value record = vnOLUtils::toArrayOrNSDictionary(stored.optionalText());
+  const Value record = meetingRecord(stored);
+  if (record.isAbsent()) return false;
+
   m_manager.meetingDataMgr()->setMeetingKey(record[vn_OLProperty_MeetingKey].optionalText());
   m_manager.meetingDataMgr()->setEncodeMailBody(record[vn_OLProperty_EncodeMailBody].optionalText());
   m_manager.meetingDataMgr()->setJoinUrl(record[vn_Meeting_JoinUrl].optionalText());

@@ -21,8 +21,8 @@ class MeetingOpening {
   // Command 15, and its reply.
   void getMeetingByApptUUID(MeetingWindow& window);
   void onGetMeetingByApptUUIDActionFinished(const Value& data);
-  // Whether a stored text is the record of a meeting.
-  static bool holdsMeeting(const Value& stored);
+  // What a stored text tells of a meeting; absent for one that is no record of a meeting.
+  static Value meetingRecord(const Value& stored);
   // The reply by UUID names another appointment than the one that was asked for. A reply carries no number of its
   // request, so it may be the answer to another window or to an edit before. False when it names none.
   static bool isReplyToAnotherUUID(const vnGetMeetingHelper& meeting, const OptionalText& asked);

@@ -8,8 +8,6 @@
 
 namespace vorn {
 
-namespace {}  // namespace
-
 MeetingWindow::MeetingWindow(std::shared_ptr<MeetingBar> bar, const HostObject& editor)
     : m_bar(std::move(bar)), m_proxy(editor) {}
 

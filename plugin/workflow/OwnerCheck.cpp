@@ -27,9 +27,8 @@ bool OwnerCheck::checkScheduleOwnerMatched(MeetingWindow& window) const {
 bool OwnerCheck::needCheckOwnerMatched(MeetingWindow& window) {
   const vnECCalendarEvent* event = window.event();
   if (!event) return true;
-  const Value record = event->getVnOIData();
-  if (!record.isText() || record.text().empty()) return true;
-  return !vnOLUtils::toArrayOrNSDictionary(record.optionalText()).contains(vn_OLProperty_MeetingKey);
+  const Value record = vnOLUtils::toArrayOrNSDictionary(event->getVnOIData().optionalText());
+  return !record.contains(vn_OLProperty_MeetingKey);
 }
 
 }  // namespace vorn

@@ -77,7 +77,8 @@ void WriteBack::updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window,
   // The empty text clears the stored record, which may be in the older place as well: the next opening would find
   // the meeting there again.
   window.proxy().saveVnDataToOLProperty("");
-  if (MeetingOpening::holdsMeeting(window.proxy().olmUCCapabilities())) window.proxy().setOlmUCCapabilities("");
+  if (MeetingOpening::meetingRecord(window.proxy().olmUCCapabilities()).isPresent())
+    window.proxy().setOlmUCCapabilities("");
 
   const LocationRule rule(*m_manager.meetingDataMgr());
   const std::string location = rule.withoutOurUrls(window.shownLocation().value_or(""));

@@ -107,7 +107,6 @@ std::vector<std::string> vnMeetingDataMgr::usedJoinUrlListWithoutPwd() const {
 
 OptionalText vnMeetingDataMgr::getOldJoinUrl() const {
   const Value& record = m_savedApptInfo[vn_ApptInfo_VnOIProperty];
-  if (!record.isText() || record.text().empty()) return std::nullopt;
   return vnOLUtils::toArrayOrNSDictionary(record.optionalText())[vn_Meeting_JoinUrl].optionalText();
 }
 

@@ -2,6 +2,7 @@
 
 // Ports for tests: each one answers from its public fields, and records what was asked of it.
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <optional>
@@ -108,6 +109,11 @@ class RecordingTrace final : public Trace {
   };
 
   void note(std::string_view step, const Value& facts) override { steps.push_back({std::string(step), facts}); }
+  // What the last step of that name told; absent when there was none.
+  Value lastOf(std::string_view step) const {
+    const auto last = std::find_if(steps.rbegin(), steps.rend(), [&](const Step& s) { return s.step == step; });
+    return last == steps.rend() ? Value() : last->facts;
+  }
 
   std::vector<Step> steps;
 };

@@ -31,10 +31,11 @@ class Bar : public SurfaceWorld {
     return std::string(bar->addButton().hidden ? "-" : "A") + (bar->cancelButton().hidden ? "-" : "C") +
            (bar->changeButton().hidden ? "-" : "S");
   }
+  static std::string recordOf(const std::string& key) { return "{\"meetingKey\": \"" + key + "\"}"; }
   // A bar whose editor has opened, with a meeting or without.
   std::shared_ptr<vnActionAdditionView> openedBar(const std::string& key) {
     const auto bar = makeBar();
-    if (!key.empty()) host.set(event, "olmUCInband", "{\"meetingKey\": \"" + key + "\"}");
+    if (!key.empty()) host.set(event, "olmUCInband", recordOf(key));
     vnActionAdditionView::onChangeUINotification(opened());
     return bar;
   }
@@ -43,28 +44,31 @@ class Bar : public SurfaceWorld {
 TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
   struct {
     const char* why;
-    std::vector<std::pair<std::string, Value>> editorAnswers;
+    bool isCancelMode;
     bool isOwner;
-    bool single;
+    // The meeting of the series that it is an occurrence of.
+    const char* seriesKey;
     const char* expected;
   } const cases[] = {
-      {"a meeting of one's own", {}, true, false, "-CS"},
-      {"a cancellation", {{"isCancelMode", true}}, true, false, "---"},
-      {"somebody else's", {}, false, false, "---"},
-      {"an occurrence of the series' meeting", {{"isOccurrenceOrException", true}}, true, false, "---"},
-      {"an occurrence with its own", {{"isOccurrenceOrException", true}}, true, true, "-CS"},
+      {"a meeting of one's own", false, true, nullptr, "-CS"},
+      {"a cancellation", true, true, nullptr, "---"},
+      {"somebody else's", false, false, nullptr, "---"},
+      {"an occurrence of the series' meeting", false, true, "123", "---"},
+      {"an occurrence with its own", false, true, "9", "-CS"},
   };
   const auto bar = openedBar("123");
+  const HostObject series = host.object("ECCalendarEvent");
+  host.set(event, "seriesMasterRecord", series);
   for (const auto& c : cases) {
-    host.set(editor, "isCancelMode", false);
-    host.set(editor, "isOccurrenceOrException", false);
-    for (const auto& [selector, answer] : c.editorAnswers) host.set(editor, selector, answer);
+    host.set(editor, "isCancelMode", c.isCancelMode);
+    host.set(editor, "isOccurrenceOrException", c.seriesKey != nullptr);
+    host.set(event, "isOccurrence", c.seriesKey != nullptr);
+    if (c.seriesKey) host.set(series, "olmUCInband", recordOf(c.seriesKey));
     host.set(event, "isOwner", c.isOwner);
-    managerOf(bar)->meetingDataMgr()->setOccurrenceIsSingleVornMeeting(c.single);
-    bar->onUIChanged(VnUIMeeting);
+    vnActionAdditionView::onChangeUINotification(opened());
     EXPECT_EQ(shown(bar), c.expected) << c.why;
     EXPECT_EQ(bar->vnUIStatusNow(), VnUIMeeting) << c.why;
-    const bool blocks = std::string(c.expected) == "---" && !host.get(editor, "isCancelMode").boolValue();
+    const bool blocks = std::string(c.expected) == "---" && !c.isCancelMode;
     EXPECT_EQ(bar->blockDeleteVornMeeting(), blocks) << c.why;
   }
 }
@@ -147,24 +151,30 @@ TEST_F(Bar, StaysWhenTheHostLetsGoOfTheEventBeforeTheFirstClick) {
 }
 
 TEST_F(Bar, EndsALittleAfterItsOwnWindowCloses) {
-  auto bar = makeBar();
-  const std::weak_ptr<vnActionAdditionView> watched = bar;
-  const HostObject view(bar->view().address());
-  bar.reset();
-  closeWindow(controller);
-  EXPECT_TRUE(barOfWindow());
-  closeWindow(window);
-  EXPECT_FALSE(barOfWindow());
-  EXPECT_FALSE(watched.expired());
-  world.runLoop.runUntil([&] { return watched.expired(); }, 0.02);
-  EXPECT_TRUE(watched.expired());
-  EXPECT_FALSE(world.classRuntime.isAlive(view));
-  closeWindow(window);
+  // A host may have taken the header apart before.
+  for (const bool isApart : {false, true}) {
+    auto bar = openedBar("");
+    const std::weak_ptr<vnActionAdditionView> watched = bar;
+    const HostObject view(bar->view().address());
+    bar.reset();
+    if (isApart) inHeader = {};
+    closeWindow(controller);
+    EXPECT_EQ(barOfWindow() == nullptr, isApart);
+    world.runLoop.runFor(0.02);
+    EXPECT_FALSE(watched.expired());
+    closeWindow(window);
+    EXPECT_FALSE(barOfWindow());
+    EXPECT_FALSE(watched.expired());
+    world.runLoop.runUntil([&] { return watched.expired(); }, 0.02);
+    EXPECT_TRUE(watched.expired());
+    EXPECT_FALSE(world.classRuntime.isAlive(view));
+    closeWindow(window);
+  }
 }
 
 TEST_F(Bar, WhatTheStepAfterOpeningNeedsOfTheHostLivesUntilThenAndNoLonger) {
   const auto bar = makeBar();
-  host.set(event, "olmUCInband", "{\"meetingKey\": \"123\"}");
+  host.set(event, "olmUCInband", recordOf("123"));
   vnActionAdditionView::scheduleOnChangeUINotification(opened());
   world.classRuntime.destroy(controller);
   world.classRuntime.destroy(event);
@@ -192,13 +202,12 @@ TEST_F(Bar, AfterASwitchToTheSeriesShowsWhatTheSeriesHas) {
   };
   const auto bar = makeBar();
   bar->attachOutlookERCalendarEventEditorWindowController(controller);
-  const auto record = [](const std::string& key) { return "{\"meetingKey\": \"" + key + "\"}"; };
   const HostObject series = host.object("ECCalendarEvent");
   host.set(event, "seriesMasterRecord", series);
   for (const auto& c : cases) {
     host.set(event, "isOccurrence", c.isOccurrence);
-    host.set(event, "olmUCInband", record(c.itemKey));
-    host.set(series, "olmUCInband", record(c.seriesKey));
+    host.set(event, "olmUCInband", recordOf(c.itemKey));
+    host.set(series, "olmUCInband", recordOf(c.seriesKey));
     bar->onUIChanged(VnUIHidden);
     bar->refreshUIForSwitchToRecurringSeries();
     EXPECT_EQ(bar->vnUIStatusNow(), c.expected) << c.why;

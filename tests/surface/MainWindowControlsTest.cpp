@@ -75,6 +75,13 @@ class MainWindowControls : public testing::Test {
   std::unique_ptr<OutlookHost> host;
 };
 
+TEST_F(MainWindowControls, EveryHookStands) {
+  start();
+  for (const HookState& state : HookInstaller::sharedInstance().states()) {
+    EXPECT_EQ(nameOfHookStanding(state.standing), "stands") << state.row->addedSelector();
+  }
+}
+
 TEST_F(MainWindowControls, OneButtonStandsBehindTheChunksHoweverOftenTheyAreBuilt) {
   start();
   for (int i = 0; i < 50; ++i) {
@@ -95,9 +102,10 @@ TEST_F(MainWindowControls, OneButtonStandsBehindTheChunksHoweverOftenTheyAreBuil
       edge = std::max(edge, frame.x + frame.width);
     }
   }
-  EXPECT_EQ(button.x, edge);
-  EXPECT_EQ(button.width, 60);
-  EXPECT_EQ(button.height, 60);
+  EXPECT_EQ(button, (Rect{edge, 0, 60, 60}));
+  for (const HostObject& view : views) askHost(view, "removeFromSuperview");
+  initVnRibbonView();
+  EXPECT_EQ(frameOf(firstSubviewOfKind(container(), "vnPopupButton")), (Rect{0, 0, 60, 60})) << "no chunk is left";
 }
 
 TEST_F(MainWindowControls, PanesThatLoadOneAfterTheOtherLeadToOneLook) {
@@ -252,15 +260,22 @@ TEST_F(MainWindowControls, AMenuOpensBelowTheViewThatIsPressedOrWhoseItemIsClick
         return Value(true);
       });
   vnToolbarItemMgr& items = vnToolbarItemMgr::sharedInstance();
-  const std::pair<HostObject, const char*> rows[] = {
-      {items.VNStartToolbarItem(), "vnStartMeetingMenu"},
-      {items.vnSchedulePACToolbarItem(), "vnSchedulePACMeetingMenu"}};
+  const auto bar = vnActionAdditionView::create(world->classRuntime.create("NSView"));
+  const struct {
+    HostObject item;
+    const char* menu;
+    double height;
+  } rows[] = {{items.VNStartToolbarItem(), "vnStartMeetingMenu", 32},
+              {items.vnSchedulePACToolbarItem(), "vnSchedulePACMeetingMenu", 32},
+              {firstSubviewOfKind(container(), "vnPopupButton"), "Vorn", 60},
+              {bar->addPACButton().button(), "vnSchedulePACMeetingMenu", 28}};
   for (const bool isFlipped : {false, true}) {
     world->classRuntime.setInstanceMethod(
         "NSView", "isFlipped", [isFlipped](const HostObject&, const Arguments&) { return Value(isFlipped); });
-    for (const auto& [item, menu] : rows) {
+    for (const auto& [item, menu, height] : rows) {
       SCOPED_TRACE(menu);
-      const HostObject view = askHost(item, "view").object();
+      const HostObject inItem = askHost(item, "view").object();
+      const HostObject view = inItem ? inItem : item;
       for (const bool isPressed : {true, false}) {
         opened = {};
         if (isPressed) {
@@ -270,7 +285,7 @@ TEST_F(MainWindowControls, AMenuOpensBelowTheViewThatIsPressedOrWhoseItemIsClick
         }
         EXPECT_EQ(opened.menu, menu);
         EXPECT_EQ(opened.view, view);
-        EXPECT_EQ(opened.y, isFlipped ? 32 : 0);
+        EXPECT_EQ(opened.y, isFlipped ? height : 0);
       }
     }
   }
@@ -331,8 +346,9 @@ TEST_F(MainWindowControls, TheBarsButtonsStandWhereThereIsRoom) {
       EXPECT_EQ(askHost(askHost(button, "image").object(), "name").text(), row.image);
       EXPECT_EQ(askHost(button, "toolTip").text(), row.toolTip);
       EXPECT_EQ(askHost(button, "imagePosition"), 2) << "left of the title";
-      EXPECT_EQ(frameOf(button).x, isNarrow ? row.narrowLeft : row.left);
-      EXPECT_EQ(frameOf(button).width, isNarrow ? row.narrowWidth : row.width);
+      const Rect expected =
+          isNarrow ? Rect{row.narrowLeft, 2, row.narrowWidth, 28} : Rect{row.left, 2, row.width, 28};
+      EXPECT_EQ(frameOf(button), expected);
     }
   }
   const Value accounts = askHost(askHost(bar->addPACButton().button(), "menu").object(), "itemArray");

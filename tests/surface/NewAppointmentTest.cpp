@@ -47,6 +47,7 @@ TEST_F(AudioClicks, SendTheirCommandWhileTheBarOffersAnAddAndTheWindowIsTheUsers
     bar->cleanup();
     closeWindow(window);
   }
+  EXPECT_EQ(world.trace.lastOf("alert")["message"], Value(world.presenter.alerts().at(0).alert.message));
 }
 
 TEST_F(AudioClicks, WordLeftForANewAppointmentIsTakenInTheOrderOfItsWeight) {

@@ -60,6 +60,9 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
     }
     if (row.edit == Row::behindAnAnsweredOne) refuse(window);
     edit(window, "77");
+    // The end of another edit forgets what was known of this one.
+    window.manager->clearAllSavedData();
+    window.bar->action = 0;
     vnGetMeetingHelper& helper = *window.manager->getMeetingHelper();
     helper.setMeetingData(
         Value::dictionaryFromPairs(
@@ -68,6 +71,9 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
     helper.setPBMeetingData(encoded(message));
     reply(window);
     EXPECT_EQ(window.manager->getVornMeetingKey(), row.key);
+    EXPECT_TRUE(window.manager->isDragAndMove());
+    EXPECT_EQ(window.bar->action, VnApptActionCalendarEdit);
+    EXPECT_EQ(window.manager->meetingDataMgr()->getSavedApptInfo()[vn_ApptInfo_OlApptUUID], Value("uuid"));
   }
 }
 

@@ -2,16 +2,17 @@
 // whether the host's operation is made again.
 
 #include "channel/commands/VNDeletedMeetingWindowController.h"
-#include "channel/commands/vnAlertHelper.h"
 #include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
 #include "tests/workflow/MeetingFixture.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnAutoRemoveVornMeetingMessage.h"
+#include "workflow/vnCalendarActionMgr.h"
 #include "workflow/vnCommitWarning.h"
 #include "workflow/vnScheduleErrorMessage.h"
 #include "workflow/vnScheduleLimitationViewController.h"
+#include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
 namespace {
@@ -218,6 +219,22 @@ TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotic
   EXPECT_THAT(client.names(), ElementsAre("3/4")) << "a meeting that has not been read is fetched first";
 }
 
+// People who look over its shoulder read these.
+TEST_F(Decisions, EachStepIsTracedWithItsNumberAndItsName) {
+  const auto pairs = &Value::dictionaryFromPairs;
+  manager().sendVnMeetingCommand(VnCmdGetMeetingByApptUUID, window->bar->editor);
+  manager().setState(manager().state());
+  manager().onExcuteCommandFinished(VnCmdGetScheduleForList, Value());
+  vnApptUIActionMgr::sharedInstance().handleVNMeeting(window->bar->editor, pairs({{keyApptViewActionID, 3}}));
+  const std::pair<const char*, Value> rows[] = {
+      {"command", pairs({{"number", 15}, {"name", "VnCmdGetMeetingByApptUUID"}})},
+      {"state", pairs({{"from", 0}, {"fromName", "VnStateIdle"}, {"to", 9}, {"toName", "VnStateLoadByApptUUID"}})},
+      {"finished", pairs({{"number", 16}, {"name", "VnCmdGetScheduleForList"}})},
+      {"hook", pairs({{"action", 3}, {"dataStatus", VnDataNone}})},
+  };
+  for (const auto& [step, facts] : rows) EXPECT_EQ(test.trace.lastOf(step), facts) << step;
+}
+
 // Until its first invitation stands in it, a body holds only the user's words, which an update must not replace.
 TEST_F(Decisions, ASaveIsAnUpdateOnlyOfAnInvitationThatHasBeenWritten) {
   for (const char* invitation : {"", "Join the meeting"}) {
@@ -286,24 +303,40 @@ TEST_F(Decisions, AMeetingThatOneMayNotScheduleForOthersGoesOnlyWhenTheUserAgree
   EXPECT_EQ(warns(false, 0), 0) << "the meeting has gone meanwhile";
 }
 
-TEST(Notices, AreNotShownWithoutAPresenterAndNotHeardAfterTheEnd) {
+TEST_F(Decisions, TheResultOfASaveAndOfADeleteIsKeptForTheWindowAndForTheCalendar) {
+  for (const std::uint64_t number : {VnCmdSchedule, VnCmdUpdate, VnCmdDelete}) {
+    for (const char* result : {"Success", "Fail"}) {
+      reply(number, Value::dictionaryFromPairs({{keyVNResult, result}}));
+      EXPECT_EQ(window->bar->getActionResult(), *result == 'S') << number;
+      EXPECT_EQ(vnCalendarActionMgr::sharedInstance().getActionResult(), *result == 'S') << number;
+    }
+  }
+}
+
+TEST(Notices, AreTracedNotShownWithoutAPresenterAndNotHeardAfterTheEnd) {
   TestPlatform test;
   const auto showAll = [] {
     vnCommitWarning::sharedInstance().showCommitWarning({});
     vnAutoRemoveVornMeetingMessage::sharedInstance().showMessage({});
     VNDeletedMeetingWindowController::showSheet({});
+    vnMeetingMgr::sharedInstance()->showNoMeetingLicenseWindow({});
+    vnScheduleErrorMessage::sharedInstance().showMessage({});
   };
   showAll();
   const auto shown = test.presenter.alerts();
-  ASSERT_EQ(shown.size(), 3U);
+  ASSERT_EQ(shown.size(), 5U);
+  ASSERT_EQ(test.trace.steps.size(), 5U);
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    const Presenter::Alert& alert = shown[i].alert;
+    EXPECT_EQ(test.trace.steps[i].step, "alert");
+    EXPECT_EQ(test.trace.steps[i].facts["message"].text(), alert.title.empty() ? alert.message : alert.title);
+  }
   Registry::reset();
   for (const auto& each : shown) each.answered(Presenter::Answer::defaultButton);
   test.platform().presenter = nullptr;
   test.reinstall();
-  vnAlertHelper::sharedInstance().showAlertMessage({}, "nobody sees it");
   showAll();
-  vnScheduleErrorMessage::sharedInstance().showMessage({});
-  EXPECT_EQ(test.presenter.alerts().size(), 3U);
+  EXPECT_EQ(test.presenter.alerts().size(), 5U);
 }
 
 }  // namespace

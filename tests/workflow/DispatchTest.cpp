@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "tests/workflow/MeetingFixture.h"
+#include "util/AtomicFile.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnWorkflowKeys.h"
@@ -9,6 +12,21 @@ namespace vorn {
 namespace {
 
 using Dispatch = WorkflowFixture;
+
+TEST(MeetingNumbers, HaveTheNamesThatTheyAreDeclaredWith) {
+  const auto check = [](const char* header, const char* name, const auto& nameOf, std::size_t count) {
+    const std::string source = readFile(std::string(VORN_PLUGIN_FOLDER) + header).value_or("");
+    const std::regex declared(name + std::string(R"((\w+) = (\d+),)"));
+    std::size_t found = 0;
+    for (std::sregex_iterator at(source.begin(), source.end(), declared), end; at != end; ++at, ++found) {
+      EXPECT_EQ(nameOf(std::stoull((*at)[2])), name + (*at)[1].str());
+    }
+    EXPECT_EQ(found, count);
+    EXPECT_STREQ(nameOf(1000), "");
+  };
+  check("/channel/commands/vnMeetingCommand.h", "VnCmd", nameOfMeetingCommand, 15);
+  check("/workflow/MeetingNumbers.h", "VnState", nameOfMeetingState, 11);
+}
 
 TEST_F(Dispatch, NumbersThatNobodyAnswersDoNothingButAreNotedAsTheLastAction) {
   FakeWindow window(test);

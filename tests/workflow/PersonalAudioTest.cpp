@@ -163,6 +163,9 @@ TEST_F(PersonalAudio, OnlyAnAddThatWaitsIsCarriedOutAndOnlyOnce) {
 
 TEST_F(PersonalAudio, AWindowOrAnAppointmentThatHasGoneIsLeftAlone) {
   clientTells({kTurnedOff});
+  add(1);
+  EXPECT_EQ(test.trace.lastOf("alert")["message"], Value(test.presenter.alerts().at(0).alert.message));
+  test.presenter.forgetAlerts();
   click(1);
   vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(bar().get());
   reply(VnCmdGetPAC, Value());
