@@ -57,27 +57,6 @@ TEST_F(WorkingData, TheStoredRecordEndsAtTheFirstAbsentValue) {
   EXPECT_EQ(vnOLUtils::toArrayOrNSDictionary(data.getVnDataForOLProperty(Value::dictionary())).count(), 0u);
 }
 
-TEST_F(WorkingData, TheRecordThatTheAppointmentCarriedGivesTheOldJoinUrl) {
-  vnMeetingDataMgr data;
-  const std::pair<Value, OptionalText> rows[] = {
-      {"{\"joinUrl\": \"https://vorn.example/j/1\"}", "https://vorn.example/j/1"},
-      {"{\"meetingKey\": \"1\"}", std::nullopt},
-      {"{\"joinUrl\": 5}", std::nullopt},
-      {"[\"joinUrl\"]", std::nullopt},
-      {"no JSON", std::nullopt},
-      {"", std::nullopt},
-      {nullptr, std::nullopt},
-      {7, std::nullopt},
-      {Value(), std::nullopt},
-  };
-  for (const auto& [record, expected] : rows) {
-    Value apptInfo = Value::dictionary();
-    apptInfo.set(vn_ApptInfo_VnOIProperty, record);
-    data.setSavedApptInfo(apptInfo);
-    EXPECT_EQ(data.getOldJoinUrl(), expected) << record.text();
-  }
-}
-
 TEST_F(WorkingData, AChoiceIsChangedWhenItDiffersFromTheStoredOneAndNoLanguageAlwaysIs) {
   vnMeetingDataMgr data;
   EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());
