@@ -8,10 +8,10 @@ namespace {
 using Hooks = SurfaceWorld;
 
 TEST_F(Hooks, ASaveOfAnAppointmentWithoutABarIsTheHostsOwn) {
-  const std::pair<const char*, Arguments> saves[] = {{"save:", {"sender"}},
-                                                     {"saveAndCloseWindow:", {true}},
-                                                     {"sendMeetingPostValidate", {}},
-                                                     {"saveAndCloseWindow:andReturnError:", {true, Value()}}};
+  const std::pair<const char*, Arguments> saves[] = {
+      {"save:", {"sender"}},           {"save", {}},
+      {"saveAndClose:", {"sender"}},   {"saveAndCloseWindow:", {true}},
+      {"sendMeetingPostValidate", {}}, {"saveAndCloseWindow:andReturnError:", {true, Value()}}};
   for (const auto& [selector, arguments] : saves) host.set(editor, selector, "the host's result");
   HookInstaller::sharedInstance().load();
   for (const auto& [selector, arguments] : saves) {

@@ -2,9 +2,11 @@
 // whether the host's operation is made again.
 
 #include "channel/commands/VNDeletedMeetingWindowController.h"
+#include "channel/store/vnCommon.h"
 #include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
 #include "tests/workflow/MeetingFixture.h"
+#include "util/AtomicFile.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnAutoRemoveVornMeetingMessage.h"
@@ -169,6 +171,7 @@ TEST_F(Decisions, ALongMeetingOfASmallPlanWaitsForTheLastAnswerToItsOwnNotice) {
   continueAfter(1);
   EXPECT_THAT(client.names(), ElementsAre("3/2"));
   EXPECT_EQ(other.manager->getMeetingAction(), 0u);
+  EXPECT_FALSE(readFile(vnCommon::getVnUserProfilePath("me"))) << "a switch that nobody has touched makes no file";
 }
 
 TEST_F(Decisions, EachCommandEntersItsStateAndWithoutALicenceSomeEndWithTheNotice) {
@@ -233,6 +236,26 @@ TEST_F(Decisions, EachStepIsTracedWithItsNumberAndItsName) {
       {"hook", pairs({{"action", 3}, {"dataStatus", VnDataNone}})},
   };
   for (const auto& [step, facts] : rows) EXPECT_EQ(test.trace.lastOf(step), facts) << step;
+}
+
+TEST_F(Decisions, AnUnchangedMeetingIsWrittenOnceAndAgainAfterAChangedChoice) {
+  MeetingWindow opened = MeetingWindow::ofBar(window->bar);
+  const auto writes = [&] {
+    window->set(window->bar->editor, "olmUCInband", "");
+    manager().saveRoad().commitUpdateMeeting(opened, unchanged());
+    test.runLoop.runFor(0.01);
+    return isWritten();
+  };
+  manager().setIsForceUpdate(true);
+  EXPECT_TRUE(writes());
+  EXPECT_FALSE(writes());
+  data().setForceIncludeJoinUrlInLocation(false);
+  EXPECT_TRUE(writes());
+  data().setSelectInvitationLanguage("de-DE");
+  EXPECT_TRUE(writes());
+  EXPECT_FALSE(writes());
+  EXPECT_EQ(hostSaves, 5) << "the save goes on each time";
+  EXPECT_THAT(client.names(), IsEmpty());
 }
 
 // Until its first invitation stands in it, a body holds only the user's words, which an update must not replace.

@@ -28,13 +28,37 @@ TEST_F(WorkingData, UsedJoinUrlsAreKeptOnceAndSplitByPasscode) {
   EXPECT_EQ(data.usedJoinUrlsList().size(), 2u);
   EXPECT_EQ(data.usedJoinUrlListWithPwd(), std::vector<std::string>{"https://vorn.example/j/1?pwd=x"});
   EXPECT_EQ(data.usedJoinUrlListWithoutPwd(), std::vector<std::string>{"https://vorn.example/j/1"});
-  data.setOccurrenceIsSingleVornMeeting(true);
-  data.clearSavedMeetingData();
-  EXPECT_FALSE(data.occurrenceIsSingleVornMeeting());
-  EXPECT_EQ(data.usedJoinUrlsList().size(), 2u);
-  EXPECT_TRUE(data.forceIncludeJoinUrlInLocation());
+}
+
+TEST_F(WorkingData, WhatIsClearedIsEmptyAndWhatHasEndedIsAbsent) {
   test.userDefaults.setObject(false, vn_Setting_ForceIncludeJoinurlInLocation);
-  EXPECT_FALSE(vnMeetingDataMgr().forceIncludeJoinUrlInLocation()) << "the user has stored otherwise";
+  vnMeetingDataMgr data;
+  EXPECT_FALSE(data.forceIncludeJoinUrlInLocation()) << "as the user has stored";
+  data.setMeetingKey("1");
+  data.setEncodeMailBody("digest");
+  data.setScheduleForEmail("ada@vorn.example");
+  data.setSelectInvitationLanguage("de-DE");
+  data.setPACAccountNo(2);
+  data.setOccurrenceIsSingleVornMeeting(true);
+  data.setJoinUrl("https://vorn.example/j/1");
+  data.setSavedApptInfo(Value::dictionaryFromPairs({{vn_ApptInfo_Subject, "Review"}}));
+  data.clearSavedMeetingData();
+  for (const OptionalText& text :
+       {data.meetingKey(), data.encodeMailBody(), data.scheduleForEmail(), data.selectInvitationLanguage()}) {
+    EXPECT_EQ(text, "");
+  }
+  EXPECT_EQ(data.pacAccountNo(), 0u);
+  EXPECT_EQ(data.getSavedApptInfo().count(), 0u);
+  EXPECT_FALSE(data.occurrenceIsSingleVornMeeting() || data.isSelectInvitationLanguageChanged());
+  EXPECT_TRUE(data.forceIncludeJoinUrlInLocation()) << "not the user's stored choice";
+  EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());
+  EXPECT_EQ(data.usedJoinUrlsList().size(), 1u) << "they still stand somewhere";
+  data.cleanup();
+  for (const OptionalText& text : {data.meetingKey(), data.encodeMailBody(), data.scheduleForEmail(),
+                                   data.selectInvitationLanguage(), data.joinUrl()}) {
+    EXPECT_EQ(text, std::nullopt);
+  }
+  EXPECT_TRUE(data.usedJoinUrlsList().empty());
 }
 
 TEST_F(WorkingData, TheStoredRecordEndsAtTheFirstAbsentValue) {
@@ -75,12 +99,6 @@ TEST_F(WorkingData, AChoiceIsChangedWhenItDiffersFromTheStoredOneAndNoLanguageAl
     data.setOldSelectInvitationLanguage(row.old);
     EXPECT_EQ(data.isSelectInvitationLanguageChanged(), row.changed) << row.now.value_or("-");
   }
-  data.setPACAccountNo(2);
-  data.clearSavedMeetingData();
-  EXPECT_EQ(data.pacAccountNo(), 0u);
-  EXPECT_FALSE(data.isSelectInvitationLanguageChanged());
-  EXPECT_TRUE(data.forceIncludeJoinUrlInLocation()) << "not the user's stored choice";
-  EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());
 }
 
 TEST_F(WorkingData, AMeetingWithoutAnyProtectionGetsAWaitingRoomUnlessTheAccountForbidsOne) {
