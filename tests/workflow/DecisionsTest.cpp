@@ -133,9 +133,12 @@ TEST_F(Decisions, AnUpgradeIsOfferedByPageOrByMailOrNotAtAll) {
         {{vn_Profile_UpgradeInfo, Value::dictionaryFromPairs({{vn_UpgradeInfo_IsShowUpgradeLink, isPage},
                                                               {vn_UpgradeInfo_UpgradeLink, page},
                                                               {vn_UpgradeInfo_ContactEmail, email}})}}));
-    const auto upgrade = vnScheduleLimitationViewController::upgrade();
+    ControlSet controls;
+    vnScheduleLimitationViewController notice(controls);
+    notice.initFields(true);
+    EXPECT_EQ(controls.isOnScreen("upgradeButton"), opened != nullptr);
     test.workspace.openedPages.clear();
-    if (upgrade) upgrade->follow();
+    for (const std::string& key : controls.keys()) notice.userChanged(key);
     EXPECT_EQ(test.workspace.openedPages, opened ? std::vector<std::string>{opened} : std::vector<std::string>{});
   }
 }
@@ -152,8 +155,9 @@ TEST_F(Decisions, ALongMeetingOfASmallPlanWaitsForTheLastAnswerToItsOwnNotice) {
   const auto save = [&] {
     EXPECT_EQ(vnApptUIActionMgr::sharedInstance().handleVNMeeting(window->bar->editor, Value()), VnHandleError);
   };
+  // Only the one that is heard leaves the switch as it is.
   const auto continueAfter = [&](std::size_t alert) {
-    test.presenter.answerAlert(alert, Presenter::Answer::defaultButton);
+    test.presenter.answerAlert(alert, {0, alert != 1});
     test.runLoop.runFor(0.01);
   };
   save();
@@ -347,12 +351,35 @@ TEST(Notices, AreTracedNotShownWithoutAPresenterAndNotHeardAfterTheEnd) {
   };
   showAll();
   const auto shown = test.presenter.alerts();
-  ASSERT_EQ(shown.size(), 5U);
-  ASSERT_EQ(test.trace.steps.size(), 5U);
+  const struct {
+    const char* text;
+    std::vector<std::string> buttons;
+    const char* notAgain;
+    bool warns;
+  } rows[] = {{"LN_Schedule_Template_Notavailable_220900",
+               {"LN_Schedule_Template_ChooseAnotherTemplate_220900", "LN_Schedule_Template_NotUseTemplate_220900"},
+               "",
+               true},
+              {"RemoveVornMeetingForOther", {"Button_OKGot", "Button_Cancel"}, "", true},
+              {"LN_Schedule_DeleteMeetingTitle_120529",
+               {"LN_Schedule_DeleteMeeting_120529", "Button_Cancel"},
+               "LN_Schedule_DoNotRemind_120529",
+               false},
+              {"NoMeetingLicense", {"OK"}, "", true},
+              {"LN_Schedule_Limitation_Duration",
+               {"Button_Continue", "LN_Schedule_ErrorMessage_BackToEdit_35312"},
+               "LN_Schedule_Limitation_NotShowAgain",
+               true}};
+  ASSERT_EQ(shown.size(), std::size(rows));
   for (std::size_t i = 0; i < shown.size(); ++i) {
+    SCOPED_TRACE(rows[i].text);
     const Presenter::Alert& alert = shown[i].alert;
-    EXPECT_EQ(test.trace.steps[i].step, "alert");
-    EXPECT_EQ(test.trace.steps[i].facts["message"].text(), alert.title.empty() ? alert.message : alert.title);
+    EXPECT_EQ(alert.title.empty() ? alert.message : alert.title, rows[i].text);
+    EXPECT_EQ(alert.buttons, rows[i].buttons);
+    EXPECT_EQ(alert.notAgainSwitch, rows[i].notAgain);
+    EXPECT_EQ(alert.icon == Presenter::kWarningIcon, rows[i].warns);
+    EXPECT_EQ(test.trace.steps.at(i).step, "alert");
+    EXPECT_EQ(test.trace.steps.at(i).facts["message"].text(), rows[i].text);
   }
   Registry::reset();
   for (const auto& each : shown) each.answered(Presenter::Answer::defaultButton);

@@ -65,20 +65,26 @@ TEST_F(Dispatch, AnEventWithoutAWindowHasTheSharedManagersKeyButNotDuringAnEditO
 }
 
 TEST_F(Dispatch, ManagersAndBarsGoWhenTheirPairIsRemoved) {
-  std::weak_ptr<vnMeetingMgr> manager;
-  {
-    FakeWindow window(test);
-    manager = window.manager;
-    vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
-    vnApptDataForSaveRecord::sharedInstance().of(window.bar).setOLNewBody("<p>mine</p>");
-    window.manager->cleanup();
-    EXPECT_TRUE(vnApptDataForSaveRecord::sharedInstance().windows().empty());
-    EXPECT_FALSE(vnUserProfileHelper::sharedInstance().hasUserProfile()) << "each end forgets it";
-    vnMeetingMgrMonitor::sharedInstance().removeInstanceByVnView(window.bar.get());
-    vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(window.bar.get());
+  const FakeWindow other(test);
+  vnMeetingMgrMonitor& pairs = vnMeetingMgrMonitor::sharedInstance();
+  for (const bool byBar : {true, false}) {
+    std::weak_ptr<vnMeetingMgr> manager;
+    {
+      FakeWindow window(test);
+      manager = window.manager;
+      vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
+      vnApptDataForSaveRecord::sharedInstance().of(window.bar).setOLNewBody("<p>mine</p>");
+      window.manager->cleanup();
+      EXPECT_TRUE(vnApptDataForSaveRecord::sharedInstance().windows().empty());
+      EXPECT_FALSE(vnUserProfileHelper::sharedInstance().hasUserProfile()) << "each end forgets it";
+      byBar ? pairs.removeInstanceByVnView(window.bar.get())
+            : pairs.removeInstanceByVnMeetingMgr(window.manager.get());
+      vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(window.bar.get());
+    }
+    test.runLoop.runFor(61);
+    EXPECT_TRUE(manager.expired());
+    EXPECT_EQ(pairs.getMeetingMgrByVnView(other.bar.get()), other.manager);
   }
-  test.runLoop.runFor(61);
-  EXPECT_TRUE(manager.expired());
 }
 
 }  // namespace

@@ -89,6 +89,10 @@ TEST_F(Location, TheUsersOwnTextIsWhatNobodyElsePutThere) {
     window.showLocation(text);
     EXPECT_EQ(own(window), expected) << text;
   }
+  for (const auto& [name, isRoom] : {std::pair{OptionalText("Room left"), true}, {"Room", false}, {{}, false}}) {
+    EXPECT_EQ(LocationRule::findRoomInAttendees(name, data(window).getSavedApptInfo()[vn_ApptInfo_Attendees]),
+              isRoom);
+  }
   // Without a field the event answers.
   window.set(window.bar->editor, "locationTextField", nullptr);
   window.set(window.bar->event, "location", "Tower; https://vorn.example/j/1?pwd=x");

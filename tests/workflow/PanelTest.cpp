@@ -262,11 +262,12 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
   const auto subscription = test.notificationCenter.observe(
       notify_Commit_ChooseAnotherTemplate,
       [&](const NotificationCenter::Notification& note) { answered = note.userInfo; });
+  test.surroundings.resources["Localizable.strings"] =
+      "\"LN_Schedule_Template_Notavailable_220900\" = \"%@ is gone\";";
   manager().showCommitWarning(window->bar->ownWindow, dataOf("Interview"));
   other.manager->showCommitWarning(other.bar->ownWindow, dataOf("Town hall"));
   ASSERT_EQ(test.presenter.alerts().size(), 2u);
-  EXPECT_EQ(test.presenter.alerts()[1].alert.message,
-            formatText(localizedString("LN_Schedule_Template_Notavailable_220900"), {"Town hall"}));
+  EXPECT_EQ(test.presenter.alerts()[1].alert.message, "Town hall is gone");
   test.presenter.answerAlert(1, Presenter::Answer::defaultButton);
   EXPECT_THAT(client.names(), IsEmpty());
   EXPECT_THAT(panels.panel->calls, ElementsAre("shown"));

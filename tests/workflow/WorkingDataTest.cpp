@@ -167,8 +167,11 @@ TEST_F(WorkingData, ANewMeetingTakesOverThePersonalMeetingAndNothingOfAnyOther) 
 
 TEST_F(WorkingData, TheFromAccountFitsEveryMeetingButOnesOwnThatIsNotStoredYet) {
   Value bosses = Value::array();
-  bosses.append(Value::dictionaryFromPairs({{"email", "dana@vorn.example"}, {"displayName", "Dana"}}));
+  bosses.append(
+      Value::dictionaryFromPairs({{"email", "dana@vorn.example"}, {"displayName", "Dana"}, {"pmi", "5"}}));
   receive([](auto&) {}, bosses);
+  EXPECT_TRUE(vnOnbehalfData::sharedInstance().supportPMIForOnbehalf("DANA@vorn.example"));
+  EXPECT_FALSE(vnOnbehalfData::sharedInstance().supportPMIForOnbehalf("bob@vorn.example"));
   const struct {
     const char* name;
     const char* from = "dana@vorn.example";
