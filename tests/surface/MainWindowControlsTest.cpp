@@ -111,7 +111,9 @@ TEST_F(MainWindowControls, OneButtonStandsBehindTheChunksHoweverOftenTheyAreBuil
 TEST_F(MainWindowControls, PanesThatLoadOneAfterTheOtherLeadToOneLook) {
   start();
   const std::size_t before = world->runLoop.waiting();
-  for (int i = 0; i < 5; ++i) world->classRuntime.send(container(), "drawRect:", {Value()});
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(world->classRuntime.send(container(), "drawRect:", {Value()}), Value(true));
+  }
   EXPECT_EQ(world->runLoop.waiting(), before + 1);
   host->closeMainWindow();
   world->runLoop.runDue();
@@ -371,6 +373,9 @@ TEST_F(MainWindowControls, APressOnTheImageIsAPressOnItsView) {
     const Value at = Value::dictionaryFromPairs({{"x", point.first}, {"y", point.second}});
     EXPECT_EQ(askHost(view, "hitTest:", {at}).object() == view, isHit) << point.first << " " << point.second;
   }
+  const HostObject image = askHost(firstSubviewOfKind(view, "NSImageView"), "image").object();
+  EXPECT_EQ(askHost(image, "name").text(), "Start_Meeting_normal_32");
+  askHost(view, "setImage:", {image});
   EXPECT_EQ(subviewsOf(view).size(), 1U);
 }
 

@@ -32,25 +32,20 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   struct Row {
     std::uint64_t state, after;
     Names requests, panel;
-    bool writes, finishes;
+    bool writes = false;
   };
   const Row rows[] = {
-      {VnStateIdle, VnStateIdle, {}, {}, false, false},
-      {VnStateAdding, VnStateAdding, {}, {}, false, false},
-      {VnStateChanging, VnStateChanging, {}, {"shown"}, false, false},
-      {VnStateCommitting, VnStateCommitting, {"3/2"}, {}, false, false},
-      {VnStateCommitted, VnStateIdle, {}, {"passcode abc123"}, true, true},
-      {VnStatePAC, VnStatePAC, {}, {}, false, false},
-      {VnStatePMIForSettings,
-       VnStatePMIForSettings,
-       {},
-       {"personal 5550123456", "refreshed as personal"},
-       false,
-       false},
-      {VnStatePMIForSchedule, VnStateCommitting, {"3/1"}, {}, false, false},
-      {VnStatePMIForUpdate, VnStatePMIForUpdate, {"3/2"}, {}, false, false},
-      {VnStateLoadByApptUUID, VnStateLoadByApptUUID, {}, {}, false, false},
-      {VnStateUpdateOnCalendar, VnStateUpdateOnCalendar, {}, {}, false, false},
+      {VnStateIdle, VnStateIdle, {}, {}},
+      {VnStateAdding, VnStateAdding, {}, {}},
+      {VnStateChanging, VnStateChanging, {}, {"shown"}},
+      {VnStateCommitting, VnStateCommitting, {"3/2"}, {}},
+      {VnStateCommitted, VnStateIdle, {}, {"passcode abc123"}, true},
+      {VnStatePAC, VnStatePAC, {}, {}},
+      {VnStatePMIForSettings, VnStatePMIForSettings, {}, {"personal 5550123456", "refreshed as personal"}},
+      {VnStatePMIForSchedule, VnStateCommitting, {"3/1"}, {}},
+      {VnStatePMIForUpdate, VnStatePMIForUpdate, {"3/2"}, {}},
+      {VnStateLoadByApptUUID, VnStateLoadByApptUUID, {}, {}},
+      {VnStateUpdateOnCalendar, VnStateUpdateOnCalendar, {}, {}},
   };
   openPanel();
   panels.panel->settings.set(vn_Setting_AudioOption, 2);
@@ -61,7 +56,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     SCOPED_TRACE(testing::Message() << row.state << (isReadable ? "" : " with nothing to read"));
     if (!isReadable) {
       helper().setMeetingData(Value::dictionary(), false);
-      if (row.state != VnStatePMIForSchedule) row = {row.state, row.state, {}, {}, false, false};
+      if (row.state != VnStatePMIForSchedule) row = {row.state, row.state, {}, {}};
     }
     client.requests.clear();
     panels.panel->calls.clear();
@@ -75,7 +70,7 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     EXPECT_THAT(client.names(), ElementsAreArray(row.requests));
     EXPECT_THAT(panels.panel->calls, ElementsAreArray(row.panel));
     EXPECT_EQ(isWritten(), row.writes);
-    EXPECT_EQ(hostSaves, row.finishes ? 1 : 0);
+    EXPECT_EQ(hostSaves, row.writes ? 1 : 0);
   }
 }
 
@@ -332,10 +327,14 @@ TEST_F(Decisions, AMeetingThatOneMayNotScheduleForOthersGoesOnlyWhenTheUserAgree
 
 TEST_F(Decisions, TheResultOfASaveAndOfADeleteIsKeptForTheWindowAndForTheCalendar) {
   for (const std::uint64_t number : {VnCmdSchedule, VnCmdUpdate, VnCmdDelete}) {
-    for (const char* result : {"Success", "Fail"}) {
-      reply(number, Value::dictionaryFromPairs({{keyVNResult, result}}));
-      EXPECT_EQ(window->bar->getActionResult(), *result == 'S') << number;
-      EXPECT_EQ(vnCalendarActionMgr::sharedInstance().getActionResult(), *result == 'S') << number;
+    for (const bool succeeds : {false, true}) {
+      window->bar->setActionResultData(Value());
+      window->bar->dataStatus = succeeds ? VnDataNone : VnDataChanged;
+      vnApptUIActionMgr::sharedInstance().handleVNMeeting(window->bar->editor, Value());
+      EXPECT_TRUE(window->bar->getActionResult()) << "until the reply says otherwise";
+      reply(number, Value::dictionaryFromPairs({{keyVNResult, succeeds ? "Success" : "Fail"}}));
+      EXPECT_EQ(window->bar->getActionResult(), succeeds) << number;
+      EXPECT_EQ(vnCalendarActionMgr::sharedInstance().getActionResult(), succeeds) << number;
     }
   }
 }
@@ -351,36 +350,25 @@ TEST(Notices, AreTracedNotShownWithoutAPresenterAndNotHeardAfterTheEnd) {
   };
   showAll();
   const auto shown = test.presenter.alerts();
-  const struct {
-    const char* text;
-    std::vector<std::string> buttons;
-    const char* notAgain;
-    bool warns;
-  } rows[] = {{"LN_Schedule_Template_Notavailable_220900",
-               {"LN_Schedule_Template_ChooseAnotherTemplate_220900", "LN_Schedule_Template_NotUseTemplate_220900"},
-               "",
-               true},
-              {"RemoveVornMeetingForOther", {"Button_OKGot", "Button_Cancel"}, "", true},
-              {"LN_Schedule_DeleteMeetingTitle_120529",
-               {"LN_Schedule_DeleteMeeting_120529", "Button_Cancel"},
-               "LN_Schedule_DoNotRemind_120529",
-               false},
-              {"NoMeetingLicense", {"OK"}, "", true},
-              {"LN_Schedule_Limitation_Duration",
-               {"Button_Continue", "LN_Schedule_ErrorMessage_BackToEdit_35312"},
-               "LN_Schedule_Limitation_NotShowAgain",
-               true}};
-  ASSERT_EQ(shown.size(), std::size(rows));
-  for (std::size_t i = 0; i < shown.size(); ++i) {
-    SCOPED_TRACE(rows[i].text);
-    const Presenter::Alert& alert = shown[i].alert;
-    EXPECT_EQ(alert.title.empty() ? alert.message : alert.title, rows[i].text);
-    EXPECT_EQ(alert.buttons, rows[i].buttons);
-    EXPECT_EQ(alert.notAgainSwitch, rows[i].notAgain);
-    EXPECT_EQ(alert.icon == Presenter::kWarningIcon, rows[i].warns);
-    EXPECT_EQ(test.trace.steps.at(i).step, "alert");
-    EXPECT_EQ(test.trace.steps.at(i).facts["message"].text(), rows[i].text);
+  std::vector<std::string> said;
+  for (const auto& [window, alert, answer, answered] : shown) {
+    const std::string text = alert.title.empty() ? alert.message : alert.title;
+    EXPECT_EQ(test.trace.steps.at(said.size()).step, "alert");
+    EXPECT_EQ(test.trace.steps.at(said.size()).facts["message"].text(), text);
+    said.push_back(text + ": ");
+    for (const std::string& button : alert.buttons) said.back() += button + ", ";
+    said.back() += alert.notAgainSwitch + alert.icon;
   }
+  EXPECT_THAT(said, ElementsAre("LN_Schedule_Template_Notavailable_220900: "
+                                "LN_Schedule_Template_ChooseAnotherTemplate_220900, "
+                                "LN_Schedule_Template_NotUseTemplate_220900, warning.png",
+                                "RemoveVornMeetingForOther: Button_OKGot, Button_Cancel, warning.png",
+                                "LN_Schedule_DeleteMeetingTitle_120529: LN_Schedule_DeleteMeeting_120529, "
+                                "Button_Cancel, LN_Schedule_DoNotRemind_120529",
+                                "NoMeetingLicense: OK, warning.png",
+                                "LN_Schedule_Limitation_Duration: Button_Continue, "
+                                "LN_Schedule_ErrorMessage_BackToEdit_35312, "
+                                "LN_Schedule_Limitation_NotShowAgainwarning.png"));
   Registry::reset();
   for (const auto& each : shown) each.answered(Presenter::Answer::defaultButton);
   test.platform().presenter = nullptr;

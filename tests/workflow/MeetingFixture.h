@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "channel/commands/vnAPIKeys.h"
+#include "data/vnGetPACHelper.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
@@ -94,6 +95,34 @@ class WorkflowFixture : public testing::Test {
 // What only a meeting's message says, as a reply brings it.
 inline OptionalText encoded(const google::protobuf::MessageLite& message) {
   return EncodeUtils::base64Encode(message.SerializeAsString());
+}
+
+// One conference as the client tells it.
+struct Conference {
+  std::int64_t id;
+  std::vector<const char*> tollNumbers;
+  const char* dedicated = "";
+  const char* place = "";
+  const char* invitation = "Call us";
+  const char* html = "";
+};
+
+inline void clientTells(const std::vector<Conference>& conferences) {
+  com::tidemar::webapp::proto::Response response;
+  response.mutable_pacinfo();
+  for (const Conference& told : conferences) {
+    auto& conference = *response.mutable_pacinfo()->add_meetings();
+    conference.set_meetingnumber(told.id);
+    for (const char* number : told.tollNumbers) {
+      auto& added = *conference.add_tollnumbers();
+      if (*number != '\0') added.set_number(number);
+    }
+    conference.set_dedicateddailinnumber(told.dedicated);
+    conference.set_location(told.place);
+    conference.set_invitationemail(told.invitation);
+    conference.set_invitationhtmlemail(told.html);
+  }
+  vnGetPACHelper::sharedInstance().setPACInfo(encoded(response));
 }
 
 // A window whose meeting has been read and is as the service has it, with a panel and a client that takes every

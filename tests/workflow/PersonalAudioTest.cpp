@@ -9,36 +9,7 @@
 namespace vorn {
 namespace {
 
-using com::tidemar::webapp::proto::Response;
 using testing::IsEmpty;
-
-// One conference as the client tells it.
-struct Conference {
-  std::int64_t id;
-  std::vector<const char*> tollNumbers;
-  const char* dedicated = "";
-  const char* place = "";
-  const char* invitation = "Call us";
-  const char* html = "";
-};
-
-void clientTells(const std::vector<Conference>& conferences) {
-  Response response;
-  response.mutable_pacinfo();
-  for (const Conference& told : conferences) {
-    auto& conference = *response.mutable_pacinfo()->add_meetings();
-    conference.set_meetingnumber(told.id);
-    for (const char* number : told.tollNumbers) {
-      auto& added = *conference.add_tollnumbers();
-      if (*number != '\0') added.set_number(number);
-    }
-    conference.set_dedicateddailinnumber(told.dedicated);
-    conference.set_location(told.place);
-    conference.set_invitationemail(told.invitation);
-    conference.set_invitationhtmlemail(told.html);
-  }
-  vnGetPACHelper::sharedInstance().setPACInfo(EncodeUtils::base64Encode(response.SerializeAsString()));
-}
 
 const Conference kNumbers{5550001, {"+1 200", "+1 20"}};
 const Conference kDedicated{5550002, {}, "+1 999,,5550002#", "", "", "<p>Call</p>"};

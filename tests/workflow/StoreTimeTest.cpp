@@ -1,6 +1,5 @@
 // The last write, on the record that the host is about to store.
 
-#include "data/vnGetPACHelper.h"
 #include "tests/workflow/MeetingFixture.h"
 #include "workflow/RunningSave.h"
 #include "workflow/StoreTimeWriter.h"
@@ -13,23 +12,6 @@ namespace {
 namespace proto = com::tidemar::webapp::proto;
 
 const char* const kMeetingRecord = "{\"meetingKey\": \"123456789\"}";
-
-// A user with two telephone conferences: one with a number of its own, one with numbers and an id.
-void receiveConferences() {
-  proto::Response response;
-  proto::PACMeeting& first = *response.mutable_pacinfo()->add_meetings();
-  first.set_meetingnumber(5550001);
-  first.set_dedicateddailinnumber("+1 999");
-  first.set_location("Phone");
-  first.add_tollnumbers()->set_number("+1 200");
-  proto::PACMeeting& second = *response.mutable_pacinfo()->add_meetings();
-  second.set_meetingnumber(5550002);
-  second.add_tollnumbers()->set_number("+33 1");
-  proto::PACMeeting& third = *response.mutable_pacinfo()->add_meetings();
-  third.set_location("Phone 3");
-  third.add_tollnumbers()->set_number("+44 3");
-  vnGetPACHelper::sharedInstance().setPACInfo(encoded(response));
-}
 
 class StoreTime : public WorkflowFixture {
  protected:
@@ -66,7 +48,7 @@ TEST_F(StoreTime, WritesWhatKindOfAppointmentItIs) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
     FakeWindow window(test);
-    receiveConferences();
+    clientTells({{5550001, {"+1 200"}, "+1 999", "Phone"}, {5550002, {"+33 1"}}, {0, {"+44 3"}, "", "Phone 3"}});
     window.manager->meetingDataMgr()->setPACAccountNo(2);
     const HostObject object = record(
         {{"olmUCInband", row.record}, {"location", "Castle"}, {"body", "<p>old</p>"}, {"summary", "Review"}});
@@ -177,8 +159,7 @@ TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
       {"one that has no record yet", "A", "A", "2", "2", Row::own, true, 5, 0},
       {"one that is stored for the first time", "", "", "", "", Row::own, true},
       {"one that gets its UUID just before", "", "A", "", "", Row::own, true},
-      {"another that is there already, in the first save of a new one", "", "B", "", "", Row::own, false, 0, 7,
-       true},
+      {"another, stored already, in the first save", "", "B", "", "", Row::own, false, 0, 7, true},
       {"one that gets its identity in its first save", "", "C", "", "", Row::own, true, 0, 7, false},
       {"a new one while another window is saved", "", "", "", "", Row::other, false},
       {"a new one outside of a save", "", "", "", "", Row::outside, false},
@@ -231,25 +212,20 @@ TEST_F(StoreTime, AWindowThatTurnsToTheSeriesLeavesNothingOfTheItemForIt) {
 TEST_F(StoreTime, WhatTheUserHasTypedIsNotedBeforeTheSave) {
   const struct {
     const char* name;
-    bool hasMeeting, isDeleted;
-    Value body;
-    OptionalText field, notedBefore, notedBody, notedLocation;
+    Value body = "<p>new</p>";
+    OptionalText field = "Castle", notedBefore = {}, notedBody = "<p>new</p>", notedLocation = "Castle";
+    bool hasMeeting = true, isDeleted = false;
     bool fromChanged = false, hasHtml = false, becomesPlain = false, isFetched = true;
   } rows[] = {
-      {"a meeting", true, false, "<p>new</p>", "Castle", std::nullopt, "<p>new</p>", "Castle"},
-      {"a meeting whose body is empty", true, false, "<p> </p>", "Castle", "<p>old</p>", "<p>old</p>", "Castle"},
-      {"a meeting whose body is not known", true, false, Value(), "Castle", "<p>old</p>", "<p>old</p>", "Castle"},
-      {"a meeting without a location field", true, false, "<p>new</p>", std::nullopt, std::nullopt, "<p>new</p>",
-       std::nullopt},
-      {"a meeting that is taken off", true, true, "<p>new</p>", "Castle", std::nullopt, "<p>new</p>",
-       std::nullopt},
-      {"a meeting of another account", true, false, "<p>new</p>", "Castle", std::nullopt, "<p>new</p>", "Castle",
-       true, true, false},
-      {"a meeting of another account, with a plain invitation", true, false, "<p>new</p>", "Castle", std::nullopt,
-       "<p>new</p>", "Castle", true, false, true},
-      {"a meeting of another account that has not been fetched yet", true, false, "<p>new</p>", "Castle",
-       std::nullopt, "<p>new</p>", "Castle", true, false, false, false},
-      {"no meeting", false, false, "<p>new</p>", "Castle", "<p>old</p>", "<p>old</p>", std::nullopt},
+      {"a meeting"},
+      {"a meeting whose body is empty", "<p> </p>", "Castle", "<p>old</p>", "<p>old</p>"},
+      {"a meeting whose body is not known", Value(), "Castle", "<p>old</p>", "<p>old</p>"},
+      {.name = "a meeting without a location field", .field = {}, .notedLocation = {}},
+      {.name = "a meeting that is taken off", .notedLocation = {}, .isDeleted = true},
+      {.name = "of another account", .fromChanged = true, .hasHtml = true},
+      {.name = "of another account, with a plain invitation", .fromChanged = true, .becomesPlain = true},
+      {.name = "of another account, and not fetched yet", .fromChanged = true, .isFetched = false},
+      {"no meeting", "<p>new</p>", "Castle", "<p>old</p>", "<p>old</p>", {}, false},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

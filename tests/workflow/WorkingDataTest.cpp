@@ -19,17 +19,6 @@ class WorkingData : public WorkflowFixture {
   }
 };
 
-TEST_F(WorkingData, UsedJoinUrlsAreKeptOnceAndSplitByPasscode) {
-  vnMeetingDataMgr data;
-  data.setJoinUrl("https://vorn.example/j/1?pwd=x");
-  data.setJoinUrl("https://vorn.example/j/1");
-  data.setJoinUrl(std::string("https://vorn.example/j/1?pwd=x"));
-  data.setJoinUrl(std::nullopt);
-  EXPECT_EQ(data.usedJoinUrlsList().size(), 2u);
-  EXPECT_EQ(data.usedJoinUrlListWithPwd(), std::vector<std::string>{"https://vorn.example/j/1?pwd=x"});
-  EXPECT_EQ(data.usedJoinUrlListWithoutPwd(), std::vector<std::string>{"https://vorn.example/j/1"});
-}
-
 TEST_F(WorkingData, WhatIsClearedIsEmptyAndWhatHasEndedIsAbsent) {
   test.userDefaults.setObject(false, vn_Setting_ForceIncludeJoinurlInLocation);
   vnMeetingDataMgr data;
@@ -40,24 +29,28 @@ TEST_F(WorkingData, WhatIsClearedIsEmptyAndWhatHasEndedIsAbsent) {
   data.setSelectInvitationLanguage("de-DE");
   data.setPACAccountNo(2);
   data.setOccurrenceIsSingleVornMeeting(true);
-  data.setJoinUrl("https://vorn.example/j/1");
+  for (const OptionalText& url : {OptionalText("j/1?pwd=x"), OptionalText("j/1"), OptionalText("j/1?pwd=x"), {}}) {
+    data.setJoinUrl(url);
+  }
   data.setSavedApptInfo(Value::dictionaryFromPairs({{vn_ApptInfo_Subject, "Review"}}));
   data.clearSavedMeetingData();
-  for (const OptionalText& text :
-       {data.meetingKey(), data.encodeMailBody(), data.scheduleForEmail(), data.selectInvitationLanguage()}) {
-    EXPECT_EQ(text, "");
-  }
+  const auto texts = [&] {
+    return std::vector{data.meetingKey(), data.encodeMailBody(), data.scheduleForEmail(),
+                       data.selectInvitationLanguage()};
+  };
+  EXPECT_THAT(texts(), testing::Each(OptionalText("")));
   EXPECT_EQ(data.pacAccountNo(), 0u);
   EXPECT_EQ(data.getSavedApptInfo().count(), 0u);
   EXPECT_FALSE(data.occurrenceIsSingleVornMeeting() || data.isSelectInvitationLanguageChanged());
   EXPECT_TRUE(data.forceIncludeJoinUrlInLocation()) << "not the user's stored choice";
   EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());
-  EXPECT_EQ(data.usedJoinUrlsList().size(), 1u) << "they still stand somewhere";
+  EXPECT_EQ(data.usedJoinUrlsList(), std::vector<std::string>({"j/1?pwd=x", "j/1"}))
+      << "they still stand somewhere";
+  EXPECT_EQ(data.usedJoinUrlListWithPwd(), std::vector<std::string>{"j/1?pwd=x"});
+  EXPECT_EQ(data.usedJoinUrlListWithoutPwd(), std::vector<std::string>{"j/1"});
   data.cleanup();
-  for (const OptionalText& text : {data.meetingKey(), data.encodeMailBody(), data.scheduleForEmail(),
-                                   data.selectInvitationLanguage(), data.joinUrl()}) {
-    EXPECT_EQ(text, std::nullopt);
-  }
+  EXPECT_THAT(texts(), testing::Each(OptionalText()));
+  EXPECT_EQ(data.joinUrl(), std::nullopt);
   EXPECT_TRUE(data.usedJoinUrlsList().empty());
 }
 
