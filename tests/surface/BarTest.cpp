@@ -2,7 +2,6 @@
 
 #include "host/surface/ActionBarPlacement.h"
 #include "tests/surface/SurfaceWorld.h"
-#include "workflow/vnMeetingMgrMonitor.h"
 
 namespace vorn {
 namespace {
@@ -24,20 +23,9 @@ TEST(ActionBarPlacement, KeepsTheRightEdgeUntilTheLeastPositionAndThenShrinks) {
 
 class Bar : public SurfaceWorld {
  protected:
-  std::shared_ptr<vnMeetingMgr> managerOf(const std::shared_ptr<vnActionAdditionView>& bar) {
-    return vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
-  }
   std::string shown(const std::shared_ptr<vnActionAdditionView>& bar) {
     return std::string(bar->addButton().hidden ? "-" : "A") + (bar->cancelButton().hidden ? "-" : "C") +
            (bar->changeButton().hidden ? "-" : "S");
-  }
-  static std::string recordOf(const std::string& key) { return "{\"meetingKey\": \"" + key + "\"}"; }
-  // A bar whose editor has opened, with a meeting or without.
-  std::shared_ptr<vnActionAdditionView> openedBar(const std::string& key) {
-    const auto bar = makeBar();
-    if (!key.empty()) host.set(event, "olmUCInband", recordOf(key));
-    vnActionAdditionView::onChangeUINotification(opened());
-    return bar;
   }
 };
 
@@ -108,7 +96,7 @@ TEST_F(Bar, SaysWhatASaveHasToDo) {
 }
 
 TEST_F(Bar, AClickWorksOnlyOnTheStatusThatShowsItsButton) {
-  const auto bar = openedBar("");
+  const auto bar = openedBar();
   const auto manager = managerOf(bar);
   world.classRuntime.send(bar->view(), "onClickCancelVornMeeting:", {Value()});
   EXPECT_EQ(manager->getMeetingAction(), 0u);
@@ -122,7 +110,7 @@ TEST_F(Bar, AClickWorksOnlyOnTheStatusThatShowsItsButton) {
 }
 
 TEST_F(Bar, AClickThatFailsInsideOfUsReachesTheHostAsNothing) {
-  const auto bar = openedBar("");
+  const auto bar = openedBar();
   bool hasFailed = false;
   world.presenter.setAlertObserver([&](const auto&) {
     hasFailed = true;
@@ -143,7 +131,7 @@ TEST_F(Bar, ADisabledSettingsButtonSaysWhy) {
 }
 
 TEST_F(Bar, StaysWhenTheHostLetsGoOfTheEventBeforeTheFirstClick) {
-  const auto bar = openedBar("");
+  const auto bar = openedBar();
   const std::string before = shown(bar);
   world.classRuntime.destroy(event);
   bar->refreshUI();
@@ -153,7 +141,7 @@ TEST_F(Bar, StaysWhenTheHostLetsGoOfTheEventBeforeTheFirstClick) {
 TEST_F(Bar, EndsALittleAfterItsOwnWindowCloses) {
   // A host may have taken the header apart before.
   for (const bool isApart : {false, true}) {
-    auto bar = openedBar("");
+    auto bar = openedBar();
     const std::weak_ptr<vnActionAdditionView> watched = bar;
     const HostObject view(bar->view().address());
     bar.reset();

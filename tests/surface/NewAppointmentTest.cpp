@@ -1,23 +1,12 @@
 #include "host/surface/vnErageAppDelegate.h"
 #include "tests/surface/SurfaceWorld.h"
 #include "workflow/ThreadDictionary.h"
-#include "workflow/vnMeetingMgrMonitor.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
 namespace {
 
-class AudioClicks : public SurfaceWorld {
- protected:
-  std::shared_ptr<vnActionAdditionView> openedBar() {
-    const auto bar = makeBar();
-    vnActionAdditionView::onChangeUINotification(opened());
-    return bar;
-  }
-  std::uint64_t actionOf(const std::shared_ptr<vnActionAdditionView>& bar) {
-    return vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get())->getMeetingAction();
-  }
-};
+using AudioClicks = SurfaceWorld;
 
 TEST_F(AudioClicks, SendTheirCommandWhileTheBarOffersAnAddAndTheWindowIsTheUsersOwn) {
   const struct {
@@ -42,7 +31,7 @@ TEST_F(AudioClicks, SendTheirCommandWhileTheBarOffersAnAddAndTheWindowIsTheUsers
     const auto bar = openedBar();
     bar->onUIChanged(row.shown);
     world.classRuntime.send(bar->view(), row.selector, {Value()});
-    EXPECT_EQ(actionOf(bar), row.action);
+    EXPECT_EQ(managerOf(bar)->getMeetingAction(), row.action);
     EXPECT_EQ(world.presenter.alerts().size(), row.refused ? 1u : 0u);
     bar->cleanup();
     closeWindow(window);
@@ -83,7 +72,7 @@ TEST_F(AudioClicks, WordLeftForANewAppointmentIsTakenInTheOrderOfItsWeight) {
     }
     host.set(event, "UUID", row.isNew ? "" : "A");
     const auto bar = openedBar();
-    EXPECT_EQ(actionOf(bar), row.action);
+    EXPECT_EQ(managerOf(bar)->getMeetingAction(), row.action);
     EXPECT_EQ(left[keyFlagAutoAddToVnMeeting].boolValue(), row.addLeft);
     EXPECT_EQ(left[keyFlagAutoAddToPACMeeting].boolValue(), row.audioLeft);
     EXPECT_EQ(left[keyFlagAutoUpdateVnMeeting].boolValue(), row.updateLeft);

@@ -13,6 +13,7 @@
 #include "workflow/WorkflowDirectory.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptUIActionMgr.h"
+#include "workflow/vnMeetingMgrMonitor.h"
 
 namespace vorn {
 
@@ -63,6 +64,17 @@ class SurfaceWorld : public testing::Test {
                                    {"keyERCalendarEventEditorWindowController", controller}});
   }
   std::shared_ptr<vnActionAdditionView> makeBar() { return vnActionAdditionView::create(header); }
+  static std::string recordOf(const std::string& key) { return "{\"meetingKey\": \"" + key + "\"}"; }
+  // A bar whose editor has opened, with a meeting or without.
+  std::shared_ptr<vnActionAdditionView> openedBar(const std::string& key = "") {
+    const auto bar = makeBar();
+    if (!key.empty()) host.set(event, "olmUCInband", recordOf(key));
+    vnActionAdditionView::onChangeUINotification(opened());
+    return bar;
+  }
+  static std::shared_ptr<vnMeetingMgr> managerOf(const std::shared_ptr<vnActionAdditionView>& bar) {
+    return vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
+  }
   std::shared_ptr<vnActionAdditionView> barOfWindow() const {
     return vnActionAdditionView::from(
         vnActionAdditionViewMonitor::sharedInstance().getVnActionAdditionViewByWindow(window));
