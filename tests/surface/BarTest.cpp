@@ -32,11 +32,9 @@ class Bar : public SurfaceWorld {
 TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
   struct {
     const char* why;
-    bool isCancelMode;
-    bool isOwner;
+    bool isCancelMode, isOwner;
     // The meeting of the series that it is an occurrence of.
-    const char* seriesKey;
-    const char* expected;
+    const char *seriesKey, *expected;
   } const cases[] = {
       {"a meeting of one's own", false, true, nullptr, "-CS"},
       {"a cancellation", true, true, nullptr, "---"},
@@ -63,12 +61,9 @@ TEST_F(Bar, HidesForWhatMayHaveNoMeetingOfItsOwnButKeepsItsStatus) {
 
 TEST_F(Bar, SaysWhatASaveHasToDo) {
   struct {
-    const char* why;
-    const char* key;
+    const char *why, *key;
     int shown;
-    bool cancelMode;
-    bool stored;
-    bool dirty;
+    bool cancelMode, stored, dirty;
     int expected;
   } const cases[] = {
       {"a stored meeting, changed or not", "1", VnUIMeeting, false, true, false, VnDataChanged},
@@ -178,8 +173,7 @@ TEST_F(Bar, AfterASwitchToTheSeriesShowsWhatTheSeriesHas) {
   struct {
     const char* why;
     bool isOccurrence;
-    const char* itemKey;
-    const char* seriesKey;
+    const char *itemKey, *seriesKey;
     int expected;
   } const cases[] = {
       {"the series with a meeting", false, "1", "", VnUIMeeting},

@@ -35,17 +35,14 @@ class CalendarHooks : public SurfaceWorld {
 };
 
 TEST_F(CalendarHooks, AnEditIsTheHostsOwnUnlessAMeetingCannotBeToldOfIt) {
-  struct Row {
-    const char* name;
-    const char* record;
-    bool isOwner;
-    bool forwards;
-  };
-  const Row rows[] = {{"no meeting", "", true, true},
-                      {"somebody else's meeting", kRecord, false, true},
-                      {"a meeting", kRecord, true, false}};
+  const struct {
+    const char *name, *record;
+    bool isOwner, forwards;
+  } rows[] = {{"no meeting", "", true, true},
+              {"somebody else's meeting", kRecord, false, true},
+              {"a meeting", kRecord, true, false}};
   load();
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     host.set(event, "olmUCInband", row.record);
     host.set(event, "isOwner", row.isOwner);

@@ -137,20 +137,16 @@ TEST_F(MainWindowControls, TheRibbonsMenuDoesWhatItSays) {
 
 TEST_F(MainWindowControls, EachItemOfTheToolbarShowsItsName) {
   start();
-  struct Row {
-    const char* identifier;
-    const char* label;
-    const char* image;
-    const char* toolTip;
-  };
-  const Row rows[] = {
+  const struct {
+    const char *identifier, *label, *image, *toolTip;
+  } rows[] = {
       {"VNStartToolbarItem", "Start Meeting", "Start_Meeting_normal_32", "Start a Vorn meeting now"},
       {"VNScheduleToolbarItem", "Schedule Meeting", "Schedule_Meeting_normal_32", "Schedule a Vorn meeting"},
       {"VNSchedulePACToolbarItem", "Schedule Audio Conference", "Schedule_PACMeeting_32",
        "Schedule a meeting with your personal audio conference"},
       {"VNOpenLogFolder", "Open Log Folder", "OpenLogFolder_normal_32", "Open the folder with the plug-in’s logs"},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.identifier);
     ASSERT_TRUE(host->addToolbarItem(row.identifier));
     const HostObject item = vnToolbarItemMgr::sharedInstance().itemForIdentifier(row.identifier, {});
@@ -186,15 +182,13 @@ TEST_F(MainWindowControls, ATagThatNoEntryHasDoesNothing) {
 }
 
 TEST_F(MainWindowControls, AnItemIsForAHostAndASystemThatAreNewEnough) {
-  struct Row {
+  const struct {
     const char* host;
     Surroundings::Version system;
-    bool isEnabled;
-    bool saysTooOld;
-  };
-  const Row rows[] = {
+    bool isEnabled, saysTooOld;
+  } rows[] = {
       {"16.78", {14, 2, 0}, true, false}, {"14.1.3", {14, 2, 0}, false, false}, {"16.78", {10, 6, 0}, true, true}};
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.host);
     start({}, row.host, row.system);
     vnToolbarItemMgr& items = vnToolbarItemMgr::sharedInstance();
@@ -314,14 +308,10 @@ TEST_F(MainWindowControls, WhatTheHostKeepsOfOursIsHarmlessAfterItsEndAndWorksAf
 }
 
 TEST_F(MainWindowControls, TheBarsButtonsStandWhereThereIsRoom) {
-  struct Row {
-    const char* action;
-    const char* title;
-    const char* image;
-    const char* toolTip;
+  const struct {
+    const char *action, *title, *image, *toolTip;
     double left, width, narrowLeft, narrowWidth;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"onClickAddVornMeeting:", "Add Vorn Meeting", "Schedule_Meeting_normal_32", "Schedule a Vorn meeting", 0,
        190, 0, 95},
       {"onClickCancelVornMeeting:", "Cancel Vorn Meeting", "Cancel_Meeting_normal",
@@ -336,7 +326,7 @@ TEST_F(MainWindowControls, TheBarsButtonsStandWhereThereIsRoom) {
   ASSERT_TRUE(bar);
   for (const bool isNarrow : {false, true}) {
     if (isNarrow) bar->layOut(192.5);
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
       SCOPED_TRACE(row.action);
       HostObject button;
       for (const HostObject& view : subviewsOf(bar->view())) {

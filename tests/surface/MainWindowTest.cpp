@@ -60,11 +60,10 @@ TEST_F(MainWindow, AnItemComesBeforeTheLastFlexibleSpaceAndOnlyOnce) {
   const std::string space = "NSToolbarFlexibleSpaceItem";
   const std::string line = "NSToolbarSeparatorItem";
   const std::string ours = "VNScheduleToolbarItem";
-  struct Row {
+  const struct {
     Identifiers before, after;
     bool isVisible = true;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {{"A", space, "B", space, "C"}, {"A", space, "B", ours, space, "C"}},
       {{"A", "B"}, {ours, "A", "B"}},
       {{}, {ours}},
@@ -74,7 +73,7 @@ TEST_F(MainWindow, AnItemComesBeforeTheLastFlexibleSpaceAndOnlyOnce) {
       {{"A", ours, space}, {"A", ours, space}},
       {{"A", space}, {"A", space}, false},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(testing::PrintToString(row.before));
     host.set(toolbar, "isVisible", row.isVisible);
     show(row.before);

@@ -10,8 +10,7 @@ using AudioClicks = SurfaceWorld;
 
 TEST_F(AudioClicks, SendTheirCommandWhileTheBarOffersAnAddAndTheWindowIsTheUsersOwn) {
   const struct {
-    const char* what;
-    const char* selector;
+    const char *what, *selector;
     bool onBehalf;
     int shown;
     std::uint64_t action;

@@ -101,10 +101,7 @@ inline OptionalText encoded(const google::protobuf::MessageLite& message) {
 struct Conference {
   std::int64_t id;
   std::vector<const char*> tollNumbers;
-  const char* dedicated = "";
-  const char* place = "";
-  const char* invitation = "Call us";
-  const char* html = "";
+  const char *dedicated = "", *place = "", *invitation = "Call us", *html = "";
 };
 
 inline void clientTells(const std::vector<Conference>& conferences) {

@@ -181,8 +181,7 @@ TEST_F(PersonalAudio, WordsOfTheUserThatOnlyTheFieldHasAreKept) {
 // What a window has added goes as it was written; what it has not added is the user's.
 TEST_F(PersonalAudio, AnAddTakesThePlaceOfTheOneBeforeAndOfNothingElse) {
   const struct {
-    const char* what;
-    const char *before, *meanwhile;
+    const char *what, *before, *meanwhile;
     std::vector<Conference> first, second;
     const char* after;
   } rows[] = {

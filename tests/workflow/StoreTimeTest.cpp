@@ -137,9 +137,7 @@ TEST_F(StoreTime, WritesABodyThatSaysSomethingElse) {
 
 TEST_F(StoreTime, EachRecordTakesOnlyWhatItsOwnWindowHasLeft) {
   struct Row {
-    const char* what;
-    const char *shownUUID, *recordUUID;
-    const char *shownId, *recordId;
+    const char *what, *shownUUID, *recordUUID, *shownId, *recordId;
     enum { outside, own, other, none } save;
     bool expected;
     int shownRecord = 0, recordsRecord = 0;
