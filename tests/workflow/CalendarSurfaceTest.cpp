@@ -71,7 +71,7 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
     helper.setPBMeetingData(encoded(message));
     reply(window);
     EXPECT_EQ(window.manager->getVornMeetingKey(), row.key);
-    EXPECT_TRUE(window.manager->isDragAndMove());
+    EXPECT_TRUE(window.manager->isDragAndMove() && window.manager->isForceUpdate());
     EXPECT_EQ(window.bar->action, VnApptActionCalendarEdit);
     EXPECT_EQ(window.manager->meetingDataMgr()->getSavedApptInfo()[vn_ApptInfo_OlApptUUID], Value("uuid"));
   }
@@ -96,6 +96,7 @@ TEST_F(CalendarEdit, IsParkedNowhereAfterTheEndOfItsManager) {
   EXPECT_EQ(edit(window, "77"), 0);
   reply(window);
   EXPECT_EQ(window.manager->state(), VnStateUpdateOnCalendar);
+  EXPECT_TRUE(window.manager->isDragAndMove()) << "it waits";
 }
 
 TEST_F(CalendarEdit, AnAppointmentThatSupportsNoMeetingIsLeftAlone) {

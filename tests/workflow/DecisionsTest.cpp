@@ -133,7 +133,17 @@ TEST_F(Decisions, AnUpgradeIsOfferedByPageOrByMailOrNotAtAll) {
     notice.initFields(true);
     EXPECT_EQ(controls.isOnScreen("upgradeButton"), opened != nullptr);
     test.workspace.openedPages.clear();
-    for (const std::string& key : controls.keys()) notice.userChanged(key);
+    for (const std::string& key : controls.keys()) {
+      notice.userChanged(key);
+      EXPECT_EQ(controls.find(key)->text.empty(), key == "scheduleLimitationView") << key;
+    }
+    // In the panel it is shown only where it says something.
+    notice.setEmbedSettingWindowMode(true);
+    for (const bool isLonger : {true, false}) {
+      notice.initFields(isLonger);
+      EXPECT_EQ(controls.isShown("scheduleLimitationView"), isLonger);
+      EXPECT_EQ(notice.wish().has_value(), isLonger);
+    }
     EXPECT_EQ(test.workspace.openedPages, opened ? std::vector<std::string>{opened} : std::vector<std::string>{});
   }
 }
@@ -286,7 +296,9 @@ TEST_F(Decisions, AReplyForAWindowThatHasGoneShowsAndStoresNothing) {
     }
   }
   // What the appointment was when it was last seen is told all the same.
-  data().setSavedApptInfo(with(vn_Outlook_ApptInfo, vn_ApptInfo_Subject, "Renamed")[vn_Outlook_ApptInfo]);
+  Value renamed = unchanged()[vn_Outlook_ApptInfo];
+  renamed.set(vn_ApptInfo_Subject, "Renamed");
+  data().setSavedApptInfo(renamed);
   manager().setState(VnStateCommitting);
   reply(VnCmdGetMeeting);
   EXPECT_EQ(client.names().back(), "3/2");
@@ -326,6 +338,8 @@ TEST_F(Decisions, AMeetingThatOneMayNotScheduleForOthersGoesOnlyWhenTheUserAgree
 }
 
 TEST_F(Decisions, TheResultOfASaveAndOfADeleteIsKeptForTheWindowAndForTheCalendar) {
+  const vnCalendarActionMgr& calendar = vnCalendarActionMgr::sharedInstance();
+  EXPECT_FALSE(calendar.getActionResultWithCalEventEditorViewCtrl({}));
   for (const std::uint64_t number : {VnCmdSchedule, VnCmdUpdate, VnCmdDelete}) {
     for (const bool succeeds : {false, true}) {
       window->bar->setActionResultData(Value());
@@ -333,8 +347,8 @@ TEST_F(Decisions, TheResultOfASaveAndOfADeleteIsKeptForTheWindowAndForTheCalenda
       vnApptUIActionMgr::sharedInstance().handleVNMeeting(window->bar->editor, Value());
       EXPECT_TRUE(window->bar->getActionResult()) << "until the reply says otherwise";
       reply(number, Value::dictionaryFromPairs({{keyVNResult, succeeds ? "Success" : "Fail"}}));
-      EXPECT_EQ(window->bar->getActionResult(), succeeds) << number;
-      EXPECT_EQ(vnCalendarActionMgr::sharedInstance().getActionResult(), succeeds) << number;
+      EXPECT_EQ(calendar.getActionResultWithCalEventEditorViewCtrl(window->bar->editor), succeeds) << number;
+      EXPECT_EQ(calendar.getActionResult(), succeeds) << number;
     }
   }
 }

@@ -47,10 +47,9 @@ TEST_F(Dispatch, NumbersThatNobodyAnswersDoNothingButAreNotedAsTheLastAction) {
 TEST_F(Dispatch, ABarThatIsNotListedHasNoManagerToSendACommand) {
   vnApptUIActionMgr& door = vnApptUIActionMgr::sharedInstance();
   const auto unlisted = std::make_shared<FakeBar>();
-  EXPECT_EQ(door.addVNMeeting(unlisted), 0);
-  EXPECT_EQ(door.cancelVNMeeting(unlisted, 0), 0);
-  EXPECT_EQ(door.changeVNMeeting(unlisted, 0), 0);
-  EXPECT_EQ(door.addPACMeeting(unlisted, 1), 0);
+  EXPECT_EQ(door.addVNMeeting(unlisted) + door.cancelVNMeeting(unlisted, 0) + door.changeVNMeeting(unlisted, 0) +
+                door.addPACMeeting(unlisted, 1),
+            0);
   EXPECT_EQ(vnMeetingMgr::sharedInstance()->getMeetingAction(), 0u);
 }
 
@@ -74,7 +73,9 @@ TEST_F(Dispatch, ManagersAndBarsGoWhenTheirPairIsRemoved) {
       manager = window.manager;
       vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
       vnApptDataForSaveRecord::sharedInstance().of(window.bar).setOLNewBody("<p>mine</p>");
+      window.manager->setOpenFromVornClient(true);
       window.manager->cleanup();
+      EXPECT_FALSE(window.manager->openFromVornClient() || window.manager->meetingKey());
       EXPECT_TRUE(vnApptDataForSaveRecord::sharedInstance().windows().empty());
       EXPECT_FALSE(vnUserProfileHelper::sharedInstance().hasUserProfile()) << "each end forgets it";
       byBar ? pairs.removeInstanceByVnView(window.bar.get())

@@ -173,13 +173,6 @@ class MeetingFixture : public WorkflowFixture {
   vnGetMeetingHelper& helper() { return *manager().getMeetingHelper(); }
   // The appointment as the meeting already is.
   Value unchanged() { return helper().getMeetingInfo(); }
-  Value with(std::string_view group, std::string_view key, const Value& value) {
-    Value changed = unchanged();
-    Value part = changed[group];
-    part.set(key, value);
-    changed.set(group, part);
-    return changed;
-  }
   void knowAccount() {
     vnUserProfileHelper::sharedInstance().setData(
         Value::dictionaryFromPairs({{"userId", "me"}, {"roomMeetingId", "5550142871"}}));

@@ -122,6 +122,7 @@ TEST_F(PersonalAudio, OnlyAnAddThatWaitsIsCarriedOutAndOnlyOnce) {
   knowAccount();
   vnUserProfileHelper::sharedInstance().setIsAccountChanged(false);
   click(1);
+  EXPECT_TRUE(vnApptDataForSaveRecord::sharedInstance().of(bar()).isPACMeeting());
   reply(VnCmdGetUserProfile);
   const std::string once = body();
   EXPECT_EQ(once, "<p>mine</p><br><br>Call us<br><br>");

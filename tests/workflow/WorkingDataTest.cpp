@@ -1,3 +1,4 @@
+#include "host/proxies/vnOLPropertyKeys.h"
 #include "tests/workflow/MeetingFixture.h"
 #include "util/vnOLUtils.h"
 #include "workflow/OwnerCheck.h"
@@ -71,6 +72,20 @@ TEST_F(WorkingData, TheStoredRecordEndsAtTheFirstAbsentValue) {
   const Value record = vnOLUtils::toArrayOrNSDictionary(data.getVnDataForOLProperty(info));
   EXPECT_EQ(record.count(), 8u);
   EXPECT_EQ(record[vn_ApptInfo_StartTime].stringValue(), "86400");
+  // The window that opens with it next is where this one was.
+  data.setForceIncludeJoinUrlInLocation(false);
+  for (const char* place : {"olmUCInband", "olmUCCapabilities"}) {
+    FakeWindow window(test);
+    window.set(window.bar->event, place, data.getVnDataForOLProperty(info));
+    MeetingWindow opened = MeetingWindow::ofBar(window.bar);
+    EXPECT_TRUE(window.manager->opening().loadOIProperty(opened, window.bar->event));
+    const vnMeetingDataMgr& read = *window.manager->meetingDataMgr();
+    EXPECT_EQ(read.meetingKey(), "987654321");
+    EXPECT_EQ(read.encodeMailBody(), record[vn_OLProperty_EncodeMailBody].text());
+    EXPECT_EQ(read.joinUrl(), "https://vorn.example/j/987654321");
+    EXPECT_EQ(read.selectInvitationLanguage(), "en-US");
+    EXPECT_TRUE(read.isForceIncludeJoinurlInLocationChanged()) << "each window begins with the user's default";
+  }
   EXPECT_EQ(vnOLUtils::toArrayOrNSDictionary(data.getVnDataForOLProperty(Value::dictionary())).count(), 0u);
 }
 
