@@ -81,6 +81,10 @@ TEST_F(Dispatch, ManagersAndBarsGoWhenTheirPairIsRemoved) {
       byBar ? pairs.removeInstanceByVnView(window.bar.get())
             : pairs.removeInstanceByVnMeetingMgr(window.manager.get());
       vnActionAdditionViewMonitor::sharedInstance().removeVnActionAdditionViewInstance(window.bar.get());
+      window.manager->freeAllObjects();
+      EXPECT_FALSE(window.manager->meetingDataMgr() || window.manager->emailBodyMgr() ||
+                   window.manager->pacMeetingMgr() || window.manager->apiMgr() ||
+                   window.manager->getMeetingHelper());
     }
     test.runLoop.runFor(61);
     EXPECT_TRUE(manager.expired());
