@@ -9,6 +9,7 @@
 #include "channel/commands/vnAPIBase.h"
 #include "tests/commands/CommandWorld.h"
 #include "util/AtomicFile.h"
+#include "util/CharacterSets.h"
 #include "util/TextSearch.h"
 
 namespace vorn {
@@ -22,11 +23,6 @@ std::vector<std::smatch> matches(const std::string& text, const char* wanted) {
   static std::map<std::string, std::regex> known;
   const std::regex& pattern = known.try_emplace(wanted, wanted).first->second;
   return {std::sregex_iterator(text.begin(), text.end(), pattern), std::sregex_iterator()};
-}
-
-std::string trimmed(const std::string& text) {
-  const std::size_t begin = text.find_first_not_of(' ');
-  return begin == std::string::npos ? "" : text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
 }
 
 class MessagesPage : public CommandWorld {
@@ -116,7 +112,7 @@ TEST_F(MessagesPage, HasTheWordsWithWhichTheLaboratoryGivesUp) {
     if (row[1] == "Says" || row[1].str().starts_with("---")) continue;
     const std::string says = replacingAll(row[1].str(), "…", "\n");
     for (const std::smatch& piece : matches(says, "[^\n;:\"]{8,}")) {
-      EXPECT_NE(sources.find(trimmed(piece[0])), std::string::npos) << piece[0];
+      EXPECT_NE(sources.find(trimmed(piece.str(), isWhitespace)), std::string::npos) << piece[0];
     }
   }
 }

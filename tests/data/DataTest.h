@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "channel/discovery/vnGetClientVersionHelper.h"
@@ -11,6 +9,7 @@
 #include "data/vnUserProfileHelper.h"
 #include "meeting.pb.h"
 #include "tests/support/TestPlatform.h"
+#include "util/AtomicFile.h"
 #include "util/EncodeUtils.h"
 #include "util/vStringUtils.h"
 
@@ -20,8 +19,7 @@ namespace proto = com::tidemar::webapp::proto;
 
 // The bytes that protoc made of messages/<name>.txt.
 inline std::string encodedMessage(const std::string& name) {
-  std::ifstream file(std::string(VORN_TEST_MESSAGES) + "/" + name + ".bin", std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  return readFile(std::string(VORN_TEST_MESSAGES) + "/" + name + ".bin").value_or("");
 }
 
 inline std::string base64(const std::string& bytes) { return EncodeUtils::base64Encode(bytes).value_or(""); }

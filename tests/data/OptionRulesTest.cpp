@@ -1,18 +1,14 @@
 // The rules without a world: values go in and values come out.
 
-#include <gtest/gtest.h>
-
 #include "data/MeetingOptionRules.h"
 #include "data/OptionPolicy.h"
 #include "data/vnSettingKeys.h"
-#include "util/vStringUtils.h"
+#include "tests/data/DataTest.h"
 
 namespace vorn {
 namespace {
 
 namespace rules = meeting_options;
-
-Value json(const char* text) { return vStringUtils::toArrayOrNSDictionary(std::string(text)); }
 
 std::string noPasscode() { return "drawn"; }
 
