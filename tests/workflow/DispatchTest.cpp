@@ -65,6 +65,7 @@ TEST_F(Dispatch, AnEventWithoutAWindowHasTheSharedManagersKeyButNotDuringAnEditO
 
 TEST_F(Dispatch, ManagersAndBarsGoWhenTheirPairIsRemoved) {
   const FakeWindow other(test);
+  vnApptDataForSaveRecord& left = vnApptDataForSaveRecord::sharedInstance();
   vnMeetingMgrMonitor& pairs = vnMeetingMgrMonitor::sharedInstance();
   for (const bool byBar : {true, false}) {
     std::weak_ptr<vnMeetingMgr> manager;
@@ -72,11 +73,13 @@ TEST_F(Dispatch, ManagersAndBarsGoWhenTheirPairIsRemoved) {
       FakeWindow window(test);
       manager = window.manager;
       vnUserProfileHelper::sharedInstance().setData(Value::dictionaryFromPairs({{"userId", "me"}}));
-      vnApptDataForSaveRecord::sharedInstance().of(window.bar).setOLNewBody("<p>mine</p>");
+      left.of(window.bar).setOLNewBody("<p>mine</p>");
+      left.setOLWordMailEditor(window.bar->editor, window.bar->bodyEditor);
       window.manager->setOpenFromVornClient(true);
       window.manager->cleanup();
       EXPECT_FALSE(window.manager->openFromVornClient() || window.manager->meetingKey());
-      EXPECT_TRUE(vnApptDataForSaveRecord::sharedInstance().windows().empty());
+      EXPECT_TRUE(left.windows().empty());
+      EXPECT_FALSE(left.olWordMailEditor(window.bar->editor));
       EXPECT_FALSE(vnUserProfileHelper::sharedInstance().hasUserProfile()) << "each end forgets it";
       byBar ? pairs.removeInstanceByVnView(window.bar.get())
             : pairs.removeInstanceByVnMeetingMgr(window.manager.get());
