@@ -265,6 +265,8 @@ TEST_F(Decisions, AnUnchangedMeetingIsWrittenOnceAndAgainAfterAChangedChoice) {
   EXPECT_FALSE(writes());
   EXPECT_EQ(hostSaves, 5) << "the save goes on each time";
   EXPECT_THAT(client.names(), IsEmpty());
+  manager().clearAllSavedData();
+  EXPECT_FALSE(helper().hasMeetingInfo()) << "a meeting that was deleted is compared with nothing";
 }
 
 // Until its first invitation stands in it, a body holds only the user's words, which an update must not replace.
