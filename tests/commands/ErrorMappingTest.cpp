@@ -56,6 +56,10 @@ TEST_F(ErrorMapping, EachReplyReadsAsItsCode) {
     EXPECT_EQ(command.errorMoreInfo(), moreInfo) << reply;
     EXPECT_EQ(command.getAPIResult(), code == 0 ? "Success" : "Fail") << reply;
   }
+  for (const int code : {1115, 3002, 3003, 3070, 3105, 3113, 3161, 3402, 3403, 5003}) {
+    command.parseFeedbackError("0;Error " + std::to_string(code));
+    EXPECT_EQ(command.errorCode(), code);
+  }
 }
 
 TEST_F(ErrorMapping, WhatTheClientIsNowOutranksWhatItsReplySays) {
