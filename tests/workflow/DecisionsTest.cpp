@@ -267,6 +267,49 @@ TEST_F(Decisions, AnUnchangedMeetingIsWrittenOnceAndAgainAfterAChangedChoice) {
   EXPECT_THAT(client.names(), IsEmpty());
   manager().clearAllSavedData();
   EXPECT_FALSE(helper().hasMeetingInfo()) << "a meeting that was deleted is compared with nothing";
+  helper().setMeetingData(meeting(), false);
+  manager().cleanup();
+  EXPECT_FALSE(helper().hasMeetingInfo());
+}
+
+TEST_F(Decisions, AMeetingThatWasSavedOrFoundByItsUUIDIsShown) {
+  ApptSaveData& left = vnApptDataForSaveRecord::sharedInstance().of(window->bar);
+  openPanel();
+  panels.panel->settings.set(vn_Setting_AlternateHosts, Value::Array{"ada@vorn.example"});
+  left.setNeedClearLocation(true);
+  reply(VnCmdSchedule, Value::dictionaryFromPairs({{vn_MeetingKey, "77"}}));
+  EXPECT_THAT(panels.panel->calls, ElementsAre("stands", "remembers ada@vorn.example"));
+  EXPECT_EQ(window->bar->shown, VnUIMeeting);
+  EXPECT_EQ(data().meetingKey(), "77");
+  EXPECT_FALSE(left.needClearLocation());
+  EXPECT_TRUE(helper().NeedRequestGetMeeting());
+  EXPECT_THAT(client.names(), ElementsAre("3/4"));
+
+  window->bar->shown = VnUINotMeeting;
+  window->set(window->bar->event, "olmUCInband", "{\"meetingKey\": \"5550123456\"}");
+  window->set(window->bar->event, "seriesMasterRecord", hostObject("ECCalendarEvent"));
+  manager().setState(VnStateLoadByApptUUID);
+  reply(VnCmdGetMeetingByApptUUID);
+  EXPECT_EQ(window->bar->shown, VnUIMeeting);
+  EXPECT_EQ(data().meetingKey(), kKey);
+  EXPECT_EQ(data().joinUrl(), "https://vorn.example/j/5550123456");
+  EXPECT_EQ(left.getJoinURLFromProperty(), data().joinUrl());
+  EXPECT_TRUE(data().occurrenceIsSingleVornMeeting());
+  EXPECT_EQ(client.names().back(), "6") << "what the account allows is asked for";
+}
+
+TEST_F(Decisions, AnUpdateWithThePersonalNumberFetchesItFirst) {
+  Value changed = unchanged();
+  changed.set(vn_Setting, Value::dictionaryFromPairs({{vn_Setting_IsPMI, true}}));
+  for (const bool knows : {false, true}) {
+    if (knows) knowAccount();
+    client.requests.clear();
+    manager().setState(VnStateCommitting);
+    MeetingWindow opened = MeetingWindow::ofBar(window->bar);
+    manager().saveRoad().commitUpdateMeeting(opened, changed);
+    EXPECT_EQ(manager().state(), VnStatePMIForUpdate);
+    EXPECT_THAT(client.names(), ElementsAre(knows ? "3/4" : "6"));
+  }
 }
 
 // Until its first invitation stands in it, a body holds only the user's words, which an update must not replace.
