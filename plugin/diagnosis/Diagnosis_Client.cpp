@@ -1,6 +1,7 @@
 // The diagnosis: the client, the way to it, the machine and the store.
 
 #include <poll.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -159,8 +160,11 @@ void tellCapabilities(DiagnosisReport& report) {
 // The connection itself never notices that it failed or ended, so the system is asked about its descriptor.
 bool hasPeer(int descriptor) {
   if (descriptor <= 0) return false;
-  // Asked for nothing, it tells its end alone: one that is busy and takes no more just now is there.
-  pollfd asked{descriptor, 0, 0};
+  sockaddr_storage peer{};
+  socklen_t size = sizeof peer;
+  if (getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) != 0) return false;
+  // One that is busy and takes no more just now is there, so it is asked for its end alone.
+  pollfd asked{descriptor, POLLHUP, 0};
   return poll(&asked, 1, 0) >= 0 && (asked.revents & (POLLHUP | POLLERR | POLLNVAL)) == 0;
 }
 

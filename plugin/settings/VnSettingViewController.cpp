@@ -229,11 +229,17 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 // that stands has been given.
 void VnSettingViewController::takeBackWords() {
   const vnSettingData& own = m_kept.record;
-  if (own.usePMI()) return;
-  m_settingData.setAlternateHosts(own.arrAlternateHosts());
   const bool stands = m_context.isForUpdateVornMeeting();
-  // A new meeting that has to have a passcode has just been given one.
-  if (stands || !m_settingData.requiredMeetingPassword()) {
+  if (own.usePMI()) {
+    // A new meeting that was to be a personal one has no words to go back to.
+    if (stands) return;
+    m_settingData.setAlternateHosts(Value::array());
+    if (!m_settingData.requiredMeetingPassword()) m_settingData.setMeetingPassword("");
+    return;
+  }
+  m_settingData.setAlternateHosts(own.arrAlternateHosts());
+  // A new meeting that has to have a passcode keeps the one that it was first given, or committed with.
+  if (stands || !m_settingData.requiredMeetingPassword() || !own.meetingPassword().value_or("").empty()) {
     m_settingData.setMeetingPassword(own.meetingPassword());
     m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
   }

@@ -127,19 +127,28 @@ class XmlLimits {
     const std::string_view markup = m_xml.substr(at);
     if (markup.starts_with(comment)) return behind("-->", at + comment.size());
     if (markup.starts_with(verbatim)) return behind("]]>", at + verbatim.size());
-    if (markup.starts_with("<?")) return behind("?>", at);
-    // What a declaration may hide belongs in front of the list.
-    if (markup.starts_with("<!")) m_isBeyond |= m_depth > 0;
-    if (isTag(markup, "</array") || isTag(markup, "</dict")) m_depth = std::max(m_depth - 1, 0);
-    if (isTag(markup, "<array") || isTag(markup, "<dict")) m_isBeyond |= ++m_depth > kDeepestList;
-    return at + 1;
+    const std::size_t end = behind(markup.starts_with("<?") ? "?>" : ">", at);
+    const std::string_view tag = m_xml.substr(at, end - at);
+    // The parser looks for the end behind quotes and declarations. What would hide a tag from one of the two
+    // stands in no property list.
+    const auto quotes = std::count(tag.begin(), tag.end(), '"');
+    m_isBeyond |= quotes % 2 != 0 || tag.find('<', 1) != tag.npos || tag.find('[') != tag.npos;
+    if (isEndOf(tag, "array") || isEndOf(tag, "dict")) m_depth = std::max(m_depth - 1, 0);
+    if (opens(tag, "<array") || opens(tag, "<dict")) m_isBeyond |= ++m_depth > kDeepestList;
+    return end;
+  }
+
+  static bool isEndOf(std::string_view tag, std::string_view name) {
+    constexpr std::string_view opening = "</";
+    if (!tag.starts_with(opening) || !tag.substr(opening.size()).starts_with(name)) return false;
+    return tag.find_first_not_of(" \t\r\n", opening.size() + name.size()) == tag.size() - 1;
   }
 
   // One that is closed at once holds nothing.
-  static bool isTag(std::string_view markup, std::string_view opening) {
-    if (!markup.starts_with(opening)) return false;
-    const std::size_t behindName = markup.find_first_not_of(" \t\r\n", opening.size());
-    return behindName == std::string_view::npos || !markup.substr(behindName).starts_with("/>");
+  static bool opens(std::string_view tag, std::string_view opening) {
+    if (!tag.starts_with(opening)) return false;
+    const std::size_t behindName = tag.find_first_not_of(" \t\r\n", opening.size());
+    return behindName == tag.npos || tag.substr(behindName) != "/>";
   }
 
   std::string_view m_xml;

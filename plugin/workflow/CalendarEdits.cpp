@@ -16,10 +16,15 @@ constexpr std::string_view kParkedMeetingData = "meetingData";
 }  // namespace
 
 int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command, const Value& meetingData) {
+  // An item of a series has no UUID to ask by. One that comes here has a meeting of its own, which the key that it
+  // stores tells as well as can be. It takes no place from an edit that waits: that one's answer would get to it.
+  const Value& apptInfo = meetingData[vn_Outlook_ApptInfo];
+  const bool hasUUID = !apptInfo[vn_ApptInfo_OlApptUUID].text().empty();
+  if (!hasUUID && !meetingData[vn_MeetingKey].text().empty()) return sendVnMeetingCommand(command, meetingData);
+
   m_manager.setIsDragAndMove(meetingData[keyDragAndMoveOnCalendar].boolValue());
   const MeetingWindow window = MeetingWindow::ofReply(meetingData);
   if (window.bar() && m_manager.isDragAndMove()) window.bar()->setOLUIAction(VnApptActionCalendarEdit);
-  const Value& apptInfo = meetingData[vn_Outlook_ApptInfo];
   m_manager.meetingDataMgr()->setSavedApptInfo(apptInfo);
   m_manager.meetingDataMgr()->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
   // After the manager's end there is no place to park an edit in any more.
@@ -28,10 +33,6 @@ int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command
     m_updatedMeetingDataOnCalendar =
         Value::dictionaryFromPairs({{kParkedCommand, command}, {kParkedMeetingData, meetingData}});
   }
-  // An item of a series has no UUID to ask by. One that comes here has a meeting of its own, which the key that it
-  // stores tells as well as can be.
-  const bool hasUUID = !apptInfo[vn_ApptInfo_OlApptUUID].text().empty();
-  if (!hasUUID && !meetingData[vn_MeetingKey].text().empty()) return sendVnMeetingCommand(command, meetingData);
   m_manager.setState(VnStateUpdateOnCalendar);
   m_askedUUID = apptInfo[vn_ApptInfo_OlApptUUID].optionalText();
   Value request = Value::dictionary();

@@ -3,6 +3,7 @@
 #include "channel/commands/vnAPIKeys.h"
 #include "data/vnSettingKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
+#include "host/proxies/vnOLPropertyKeys.h"
 #include "util/TextSearch.h"
 #include "util/vnOLUtils.h"
 #include "workflow/LocationRule.h"
@@ -74,10 +75,12 @@ void WriteBack::updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window,
     const OptionalText invitation = response[vn_API_Para_InvitationEmail].optionalText();
     m_manager.emailBodyMgr()->updateMailBody(window.editor(), invitation, true, false);
   }
-  // The empty text clears the stored record, which may be in the older place as well: the next opening would find
-  // the meeting there again.
+  // The empty text clears the stored record. That of the same meeting in the older place goes, too, where the next
+  // opening would find it again.
   window.proxy().saveVnDataToOLProperty("");
-  if (MeetingOpening::meetingRecord(window.proxy().olmUCCapabilities()).isPresent())
+  const Value older = MeetingOpening::meetingRecord(window.proxy().olmUCCapabilities());
+  const OptionalText& key = m_manager.meetingDataMgr()->meetingKey();
+  if (older.isPresent() && older[vn_OLProperty_MeetingKey].optionalText() == key)
     window.proxy().setOlmUCCapabilities("");
 
   const LocationRule rule(*m_manager.meetingDataMgr());

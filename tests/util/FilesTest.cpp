@@ -144,7 +144,9 @@ TEST_F(Files, BrokenPropertyListsReadAsAbsent) {
         std::string("<plist><dict><key>a</key>"), "<plist>" + endless,
         "<plist><!--" + repeated("</array>") + "-->" + endless,
         "<plist><?x " + repeated("</dict>") + "?>" + endless, "<plist>" + repeated("<array><![CDATA[</array>]]>"),
-        "<plist>" + repeated("<dict a='/>'>"), "<plist><string>" + repeated("&amp;") + "</string></plist>"}) {
+        "<plist>" + repeated("<dict a='/>'>"), "<plist>" + repeated("<array a=\"</array>\">"),
+        "<plist>" + repeated("<array><key a=\">\"></array>\">"), "<!DOCTYPE p [<!--]><plist>" + endless,
+        "<plist><string>" + repeated("&amp;") + "</string></plist>"}) {
     ASSERT_TRUE(replaceFile(path("broken"), content));
     EXPECT_TRUE(readPropertyList(path("broken")).isAbsent()) << content.substr(0, 40);
   }

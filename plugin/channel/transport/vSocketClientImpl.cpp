@@ -107,12 +107,14 @@ class SocketReader {
  public:
   SocketReader(OpenDescriptor open, std::string home, Deliver deliver)
       : m_thread([this, open = std::move(open), home = std::move(home), deliver = std::move(deliver)] {
+          std::shared_ptr<SocketDescriptor> descriptor;
           try {
-            if (const auto descriptor = open()) {
-              if (connectToClient(*descriptor, home)) readMessages(*descriptor, deliver);
-            }
+            descriptor = open();
+            if (descriptor && connectToClient(*descriptor, home)) readMessages(*descriptor, deliver);
           } catch (const std::exception&) {
-            // A message without an end may take all the memory there is. The host lives on without the connection.
+            // A message without an end may take all the memory there is. The host lives on, and the next request
+            // finds the connection at its end.
+            if (descriptor) descriptor->shutDown();
           }
           m_isDone = true;
         }) {}

@@ -5,11 +5,13 @@
 #include "channel/commands/vnAlertHelper.h"
 #include "channel/discovery/vnPluginBuildMgr.h"
 #include "data/vnGetPACHelper.h"
+#include "data/vnSettingKeys.h"
 #include "host/proxies/HostViews.h"
 #include "host/surface/HostMenu.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "platform/Localization.h"
 #include "platform/TraceStep.h"
+#include "workflow/SettingsPanel.h"
 #include "workflow/ThreadDictionary.h"
 #include "workflow/vnApptUIActionMgr.h"
 #include "workflow/vnOnbehalfData.h"
@@ -136,11 +138,16 @@ void vnActionAdditionView::enableChangeSettingButton(bool enable) {
   redraw();
 }
 
-// The window is the series' from now on: with the key that the item had, the next save would tell the item's
-// meeting of it, or nobody.
+// The window is the series' from now on: with what it knew of the item, the next save would tell the item's
+// meeting of it, or nobody, and give the series what was chosen for the item.
 void vnActionAdditionView::readMeetingOfSeries(const HostObject& series) {
+  endSettingsPanel(getAppointmentWindowID());
   meetingData()->setMeetingKey("");
   meetingData()->setEncodeMailBody("");
+  meetingData()->setSavedApptInfo(Value::dictionary());
+  meetingData()->setOccurrenceIsSingleVornMeeting(false);
+  m_pvnMeetingMgr->writeBack().setFirstInvitationIsDue(false);
+  m_pvnMeetingMgr->getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
   m_pvnMeetingMgr->getMeetingHelper()->setIsForGetMeetingByUUID(true);
   m_idECCalendarEvent = HostObject(series.address());
   initMeetingData(series);
