@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "util/Utf16.h"
@@ -170,15 +171,17 @@ class Reader {
   }
 
   Known dictionary(std::uint64_t position, std::uint64_t count, int depth) {
-    Known result{Value::dictionary()};
+    Known result;
+    std::vector<Value::Dictionary::Entry> entries;
     for (std::uint64_t i = 0; i < count && !m_failed; ++i) {
       const Known key = reference(position, i, depth);
       if (!key.value.isText()) continue;
       const Known item = reference(position, count + i, depth);
       result.hold(key);
       result.hold(item);
-      result.value.set(key.value.text(), item.value);
+      if (!item.value.isAbsent()) entries.emplace_back(key.value.text(), item.value);
     }
+    result.value = Value::Dictionary(std::move(entries));
     return result;
   }
 

@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "util/AtomicFile.h"
 #include "util/BinaryPropertyList.h"
@@ -45,7 +47,7 @@ Value arrayOf(plist_t node, int depth) {
 }
 
 Value dictionaryOf(plist_t node, int depth) {
-  Value result = Value::dictionary();
+  std::vector<Value::Dictionary::Entry> entries;
   plist_dict_iter begun = nullptr;
   plist_dict_new_iter(node, &begun);
   const std::unique_ptr<void, FreeMemory> iterator(begun);
@@ -54,8 +56,9 @@ Value dictionaryOf(plist_t node, int depth) {
     plist_t item = nullptr;
     plist_dict_next_item(node, iterator.get(), &key, &item);
     const std::unique_ptr<char, FreeMemory> keptKey(key);
-    if (!item) return result;
-    if (key) result.set(key, valueOf(item, depth + 1));
+    if (!item) return Value::Dictionary(std::move(entries));
+    Value value = key ? valueOf(item, depth + 1) : Value();
+    if (!value.isAbsent()) entries.emplace_back(key, std::move(value));
   }
 }
 

@@ -1,9 +1,11 @@
 #include "util/Value.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <tuple>
 
 namespace vorn {
 
@@ -13,6 +15,9 @@ const Value kAbsent;
 const std::string kNoText;
 const Value::Array kNoItems;
 const Value::Dictionary kNoEntries;
+
+// A standard text of so many bytes needs no memory besides itself.
+const std::size_t kBytesInItself = std::string().capacity();
 
 std::int64_t cutToInteger(double number) {
   if (std::isnan(number)) return 0;
@@ -39,24 +44,44 @@ std::string HostObject::windowId() const {
   return digits;
 }
 
+Value::Value(std::string text) {
+  if (text.size() <= kBytesInItself) {
+    m_content.emplace<std::string>(std::move(text));
+  } else {
+    m_content = std::make_shared<const ReadyText>(std::move(text));
+  }
+}
+
 Value::Value(const OptionalText& text) {
-  if (text) m_content = std::make_shared<const ReadyText>(*text);
+  if (text) *this = Value(*text);
 }
 
 Value::Value(const HostObject& object) {
   if (object) m_content = object;
 }
 
+// The pairs are put in order before anything is copied, while moving one is cheap.
 Value Value::dictionaryFromPairs(std::initializer_list<std::pair<std::string_view, Value>> pairs) {
-  Value result = dictionary();
-  for (const auto& [key, value] : pairs) {
-    if (value.isAbsent()) break;
-    result.set(key, value);
+  using Pair = std::pair<std::string_view, Value>;
+  std::vector<const Pair*> order;
+  order.reserve(pairs.size());
+  for (const Pair& pair : pairs) {
+    if (pair.second.isAbsent()) break;
+    order.push_back(&pair);
   }
-  return result;
+  std::sort(order.begin(), order.end(),
+            [](const Pair* a, const Pair* b) { return std::tie(a->first, a) < std::tie(b->first, b); });
+  std::vector<Dictionary::Entry> entries;
+  entries.reserve(order.size());
+  for (const Pair* pair : order) {
+    if (!entries.empty() && entries.back().first == pair->first) entries.pop_back();
+    entries.emplace_back(pair->first, pair->second);
+  }
+  return Dictionary(Dictionary::InOrder(), std::move(entries));
 }
 
 const std::string& Value::text() const& {
+  if (const auto* brief = std::get_if<std::string>(&m_content)) return *brief;
   const auto* held = std::get_if<std::shared_ptr<const LateText>>(&m_content);
   return held ? (*held)->text() : kNoText;
 }
@@ -128,9 +153,8 @@ const Value::Dictionary& Value::entries() const& {
 std::size_t Value::count() const { return isArray() ? items().size() : entries().size(); }
 
 const Value& Value::operator[](std::string_view key) const& {
-  const Dictionary& all = entries();
-  const auto found = all.find(key);
-  return found == all.end() ? kAbsent : found->second;
+  const Value* found = entries().find(key);
+  return found ? *found : kAbsent;
 }
 
 const Value& Value::at(std::size_t index) const& {
@@ -138,7 +162,7 @@ const Value& Value::at(std::size_t index) const& {
   return index < all.size() ? all[index] : kAbsent;
 }
 
-bool Value::contains(std::string_view key) const { return entries().find(key) != entries().end(); }
+bool Value::contains(std::string_view key) const { return entries().contains(key); }
 
 Value::Array& Value::mutableItems() {
   auto* held = std::get_if<std::shared_ptr<Array>>(&m_content);
@@ -156,13 +180,11 @@ Value::Dictionary& Value::mutableEntries() {
 
 void Value::set(std::string_view key, Value value) {
   if (value.isAbsent()) return;
-  mutableEntries().insert_or_assign(std::string(key), std::move(value));
+  mutableEntries()[key] = std::move(value);
 }
 
 void Value::erase(std::string_view key) {
-  if (!contains(key)) return;
-  Dictionary& all = mutableEntries();
-  all.erase(all.find(key));
+  if (contains(key)) mutableEntries().erase(key);
 }
 
 void Value::addEntries(const Value& other) {
@@ -185,7 +207,8 @@ bool operator==(const Value& a, const Value& b) {
     case Value::Kind::text: {
       // What was passed on and comes back need not be made to be compared.
       using Text = std::shared_ptr<const LateText>;
-      return std::get<Text>(a.m_content) == std::get<Text>(b.m_content) || a.text() == b.text();
+      const Text *held = std::get_if<Text>(&a.m_content), *other = std::get_if<Text>(&b.m_content);
+      return (held && other && *held == *other) || a.text() == b.text();
     }
     case Value::Kind::array: return a.items() == b.items();
     case Value::Kind::dictionary: return a.entries() == b.entries();

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +11,7 @@
 #include <variant>
 #include <vector>
 
+#include "util/FlatMap.h"
 #include "util/HostObject.h"
 
 namespace vorn {
@@ -39,7 +39,7 @@ class Value {
  public:
   enum class Kind { absent, null, boolean, integer, real, text, array, dictionary, object };
   using Array = std::vector<Value>;
-  using Dictionary = std::map<std::string, Value, std::less<>>;
+  using Dictionary = FlatMap<Value>;
 
   Value() = default;
   Value(std::nullptr_t) : m_content(Null{}) {}
@@ -54,7 +54,7 @@ class Value {
   Value(double number) : m_content(number) {}
   Value(const char* text) : Value(std::string(text)) {}
   Value(std::string_view text) : Value(std::string(text)) {}
-  Value(std::string text) : m_content(std::make_shared<const ReadyText>(std::move(text))) {}
+  Value(std::string text);
   // A text that nobody may ever read. Not null.
   Value(std::shared_ptr<const LateText> text) : m_content(std::move(text)) {}
   // An absent text gives the absent value.
@@ -73,7 +73,7 @@ class Value {
   // A dictionary of the pairs up to the first absent value; that pair and all behind it are left out.
   static Value dictionaryFromPairs(std::initializer_list<std::pair<std::string_view, Value>> pairs);
 
-  Kind kind() const { return static_cast<Kind>(m_content.index()); }
+  Kind kind() const { return m_content.index() == kShortText ? Kind::text : static_cast<Kind>(m_content.index()); }
   bool isAbsent() const { return kind() == Kind::absent; }
   bool isNull() const { return kind() == Kind::null; }
   bool isBoolean() const { return kind() == Kind::boolean; }
@@ -146,8 +146,10 @@ class Value {
    private:
     std::string m_text;
   };
+  // In the order of Kind; then a text so short that sharing it would cost more than copying it.
   using Content = std::variant<std::monostate, Null, bool, std::int64_t, double, std::shared_ptr<const LateText>,
-                               std::shared_ptr<Array>, std::shared_ptr<Dictionary>, HostObject>;
+                               std::shared_ptr<Array>, std::shared_ptr<Dictionary>, HostObject, std::string>;
+  static constexpr std::size_t kShortText = static_cast<std::size_t>(Kind::object) + 1;
 
   Array& mutableItems();
   Dictionary& mutableEntries();

@@ -26,6 +26,14 @@ TEST(Json, ReadsEveryKindOfValueAlsoAtTheTop) {
       {"18446744073709551615", -1},
       {"[1, [2]]", Value::Array{1, Value::Array{2}}},
       {"\xEF\xBB\xBF{\"a\": 1, \"b\": {}, \"a\": 2}", Value::Dictionary{{"a", 2}, {"b", Value::dictionary()}}},
+      {R"({"c": {"z": [{"y": 1}, {}], "a": 2}, "b": 3, "a": 4})",
+       Value::Dictionary{
+           {"b", 0},
+           {"c",
+            Value::Dictionary{
+                {"z", 5}, {"a", 2}, {"z", Value::Array{Value::Dictionary{{"y", 1}}, Value::dictionary()}}}},
+           {"a", 4},
+           {"b", 3}}},
   };
   for (const auto& each : cases) {
     const Value read = vnOLUtils::toArrayOrNSDictionary(each.text);

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <utility>
+#include <vector>
 
 #include "platform/apple/Ownership.h"
 #include "util/Utf16.h"
@@ -108,13 +110,14 @@ Value valueAtDepth(id object, LiveObjects::Holding holding, int depth) {
     return list;
   }
   if ([object isKindOfClass:known.dictionary]) {
-    Value dictionary = Value::dictionary();
+    std::vector<Value::Dictionary::Entry> entries;
     NSEnumerator* keys = [static_cast<NSDictionary*>(object) keyEnumerator];
     while (id key = [keys nextObject]) {
       if (![key isKindOfClass:known.text]) continue;
-      addEntry(dictionary, key, [static_cast<NSDictionary*>(object) objectForKey:key], holding, depth + 1);
+      Value value = valueAtDepth([static_cast<NSDictionary*>(object) objectForKey:key], holding, depth + 1);
+      if (!value.isAbsent()) entries.emplace_back(textFromFoundation(key), std::move(value));
     }
-    return dictionary;
+    return Value::Dictionary(std::move(entries));
   }
   if ([object isKindOfClass:known.notification]) {
     NSNotification* notification = object;

@@ -13,6 +13,7 @@
 #include <system_error>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "platform/NotificationCenter.h"
 #include "util/Utf16.h"
@@ -54,9 +55,10 @@ std::size_t sizeOf(const Texts& texts) {
 }
 
 Value dictionaryOf(Texts&& texts) {
-  Value::Dictionary entries;
-  for (auto& [key, text] : texts) entries.emplace(key, std::move(text));
-  return entries;
+  std::vector<Value::Dictionary::Entry> entries;
+  entries.reserve(texts.size());
+  for (auto& [key, text] : texts) entries.emplace_back(key, std::move(text));
+  return Value::Dictionary(std::move(entries));
 }
 
 }  // namespace
