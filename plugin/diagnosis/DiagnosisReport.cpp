@@ -39,15 +39,14 @@ void DiagnosisReport::beginGroup(std::string_view name) { m_groups.push_back({st
 
 void DiagnosisReport::add(std::string_view key, std::string_view words, const Value& value,
                           const OptionalText& shown, const OptionalText& note) {
-  Value row = Value::dictionary();
-  row.set("key", key);
-  row.set("words", words);
   const Value seen = covered(value, key);
-  row.set("value", seen.isAbsent() ? Value(nullptr) : seen);
-  // Of a list, too: what its items say together may be a secret that none of them is.
-  row.set("shown", SecretMask::covered(shown ? *shown : textOf(seen)));
-  row.set("note", note ? Value(SecretMask::covered(*note)) : Value());
-  m_groups.back().rows.push_back(std::move(row));
+  m_groups.back().rows.push_back(Value::dictionaryFromPairs(
+      {{"key", key},
+       {"words", words},
+       {"value", seen.isAbsent() ? Value(nullptr) : seen},
+       // Of a list, too: what its items say together may be a secret that none of them is.
+       {"shown", SecretMask::covered(shown ? *shown : textOf(seen))},
+       {"note", note ? Value(SecretMask::covered(*note)) : Value()}}));
 }
 
 Value DiagnosisReport::groups() const {

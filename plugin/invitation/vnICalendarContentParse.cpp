@@ -91,7 +91,8 @@ OptionalText vnICalendarContentParse::getItemValue(const OptionalText& event, co
 }
 
 OptionalText vnICalendarContentParse::getEventValue(std::string_view tag) const {
-  return getItemValue(getEvent(), std::string(tag));
+  const std::string* found = event();
+  return found ? OptionalText(lineBehind(*found, tag)) : std::nullopt;
 }
 
 std::int64_t vnICalendarContentParse::getDTStamp() const {

@@ -6,10 +6,12 @@
 
 namespace vorn {
 
-// Short texts in which nothing had to be covered, so that the names, words and sentences that a report says again
-// for each appointment are searched for secrets once. What the rules take for a secret is never kept here.
+// Short texts in which nothing had to be covered, or keys that say nothing of their values, so that what a report
+// says again for each appointment is searched for secrets once. What the rules take for a secret is never kept
+// here.
 //
-// One for each thread that covers, of 64 KB. It has nothing to end, so it may outlive all else of its thread.
+// One of each for each thread that covers, of 64 KB. It has nothing to end, so it may outlive all else of its
+// thread.
 class HarmlessTexts {
  public:
   // False also for one that was forgotten: a newer text takes an older one's place.

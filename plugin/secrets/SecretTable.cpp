@@ -4,6 +4,8 @@
 #include <array>
 #include <string>
 
+#include "secrets/HarmlessTexts.h"
+
 namespace vorn {
 
 namespace {
@@ -184,6 +186,13 @@ std::string lettersOf(std::string_view key) {
   return letters;
 }
 
+KeyKind kindOfLetters(std::string_view letters) {
+  if (holdsAny(letters, kAboutParts)) return KeyKind::plain;
+  const bool isWhole = std::find(std::begin(kSecretKeys), std::end(kSecretKeys), letters) != std::end(kSecretKeys);
+  if (isWhole || holdsAny(letters, kSecretParts)) return KeyKind::secret;
+  return holdsAny(letters, kDialTextParts) ? KeyKind::dialText : KeyKind::plain;
+}
+
 }  // namespace
 
 std::span<const SecretLabel> secretLabels() { return kLabels; }
@@ -196,11 +205,12 @@ KeyKind kindOfKey(std::string_view key) {
   // Nobody names anything so.
   constexpr std::size_t kLongestKey = 80;
   if (key.empty() || key.size() > kLongestKey) return KeyKind::plain;
-  const std::string letters = lettersOf(key);
-  if (holdsAny(letters, kAboutParts)) return KeyKind::plain;
-  const bool isWhole = std::find(std::begin(kSecretKeys), std::end(kSecretKeys), letters) != std::end(kSecretKeys);
-  if (isWhole || holdsAny(letters, kSecretParts)) return KeyKind::secret;
-  return holdsAny(letters, kDialTextParts) ? KeyKind::dialText : KeyKind::plain;
+  // Most keys come again and again, and are plain.
+  thread_local HarmlessTexts plain;
+  if (plain.contains(key)) return KeyKind::plain;
+  const KeyKind kind = kindOfLetters(lettersOf(key));
+  if (kind == KeyKind::plain) plain.remember(key);
+  return kind;
 }
 
 bool tellsOfItsOwner(std::string_view key) {

@@ -1,6 +1,7 @@
 #include "platform/embedded/EmbeddedClassRuntime.h"
 
 #include <exception>
+#include <functional>
 #include <map>
 #include <utility>
 #include <vector>
@@ -13,14 +14,22 @@ struct EmbeddedClassRuntime::Method {
 };
 
 struct EmbeddedClassRuntime::Class {
+  // So that a name is looked up without a copy of it.
+  struct HashOfName {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
+  };
+  template <typename Entry>
+  using ByName = std::unordered_map<std::string, Entry, HashOfName, std::equal_to<>>;
+
   std::string name;
   Class* superclass = nullptr;
   // The class of the class object; null for a metaclass.
   Class* metaclass = nullptr;
   std::uintptr_t classObject = 0;
-  std::unordered_map<std::string, std::unique_ptr<Method>> methods;
+  ByName<std::unique_ptr<Method>> methods;
 
-  Method* find(const std::string& selector) {
+  Method* find(std::string_view selector) {
     for (Class* at = this; at; at = at->superclass) {
       const auto found = at->methods.find(selector);
       if (found != at->methods.end()) return found->second.get();
@@ -54,7 +63,7 @@ struct EmbeddedClassRuntime::Object {
 
 struct EmbeddedClassRuntime::Tables {
   std::vector<std::unique_ptr<Class>> classes;
-  std::unordered_map<std::string, Class*> byName;
+  Class::ByName<Class*> byName;
   std::unordered_map<std::uintptr_t, Object> live;
   std::map<std::pair<Class*, std::string>, Place> places;
   std::uintptr_t nextAddress = 0x600000000010;
@@ -84,13 +93,13 @@ struct EmbeddedClassRuntime::Tables {
     live.erase(found);
   }
   MethodRef method(Class* target, std::string_view selector) {
-    if (!target->find(std::string(selector))) return {};
+    if (!target->find(selector)) return {};
     Place& place = places[{target, std::string(selector)}];
     place = Place{target, std::string(selector)};
     return MethodRef{reinterpret_cast<std::uintptr_t>(&place)};
   }
   Class* named(std::string_view name) {
-    const auto found = byName.find(std::string(name));
+    const auto found = byName.find(name);
     return found == byName.end() ? nullptr : found->second;
   }
 };
@@ -262,7 +271,7 @@ Value EmbeddedClassRuntime::sendAsHost(const HostObject& receiver, std::string_v
                                        const Arguments& arguments) {
   Object* held = m_tables->object(receiver);
   if (!held) return {};
-  const Method* method = held->isa->find(std::string(selector));
+  const Method* method = held->isa->find(selector);
   if (!method) return {};
   // Held for the call: the method may exchange itself, and the receiver may be destroyed inside.
   const std::shared_ptr<const Implementation> implementation = method->implementation;
@@ -276,7 +285,7 @@ Value EmbeddedClassRuntime::sendAsHost(const HostObject& receiver, std::string_v
 
 bool EmbeddedClassRuntime::respondsTo(const HostObject& receiver, std::string_view selector) {
   Object* held = m_tables->object(receiver);
-  return held && held->isa->find(std::string(selector));
+  return held && held->isa->find(selector);
 }
 
 bool EmbeddedClassRuntime::isKindOf(const HostObject& receiver, ClassRef target) {
