@@ -22,11 +22,6 @@ if(VORN_SANITIZE)
   add_link_options(-fsanitize=${VORN_SANITIZE})
 endif()
 
-# g++ warns that the thread sanitizer does not follow the fences inside asio; its results are right without them.
-if(VORN_SANITIZE MATCHES thread AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  add_compile_options(-Wno-tsan)
-endif()
-
 # What people run, the plug-in and its laboratory, is optimised a little in every preset: it takes a tenth longer to
 # compile and a fraction of the time to run, and one tree serves ./run demo, ./run meet and ./run test alike. For the
 # folder that calls it and all below.

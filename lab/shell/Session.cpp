@@ -3,7 +3,7 @@
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/LabStart.h"
-#include "platform/embedded/AsioRunLoop.h"
+#include "platform/embedded/RealTimeRunLoop.h"
 
 namespace vornlab {
 namespace {
@@ -23,7 +23,7 @@ vorn::EmbeddedSurroundings::Options resourcesOf(const LabOptions& options) {
 }  // namespace
 
 Session::Session(const LabOptions& options, CalendarStore& calendar, const HostOptions& hostOptions)
-    : EmbeddedSession(options, hostOptions, std::make_unique<vorn::AsioRunLoop>(), resourcesOf(options)),
+    : EmbeddedSession(options, hostOptions, std::make_unique<vorn::RealTimeRunLoop>(), resourcesOf(options)),
       m_notifications(vorn::EmbeddedDistributedNotifications::connect(runLoop())),
       m_workspace(world().root().string(), {world().applications().string()}),
       m_client(options, world(),

@@ -13,8 +13,8 @@
 
 #include "RunningClient.h"
 #include "lab/client/ClientLauncher.h"
-#include "platform/embedded/AsioRunLoop.h"
 #include "platform/embedded/EmbeddedDistributedNotifications.h"
+#include "platform/embedded/RealTimeRunLoop.h"
 #include "tests/support/PrivateBus.h"
 
 namespace vornlab {
@@ -67,7 +67,7 @@ class NotificationsTest : public testing::Test {
   static constexpr auto kVersion = "vOutlookPluginAgentToVOutlookPlugin";
 
   test::TemporaryFolder home;
-  vorn::AsioRunLoop loop;
+  vorn::RealTimeRunLoop loop;
   std::unique_ptr<vorn::PrivateBus> bus;
   std::unique_ptr<vorn::EmbeddedDistributedNotifications> plugin;
   std::vector<std::unique_ptr<vorn::DistributedNotifications::Subscription>> subscriptions;

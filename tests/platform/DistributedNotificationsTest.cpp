@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/embedded/AsioRunLoop.h"
 #include "platform/embedded/EmbeddedDistributedNotifications.h"
+#include "platform/embedded/RealTimeRunLoop.h"
 #include "tests/support/PrivateBus.h"
 
 namespace vorn {
@@ -39,7 +39,7 @@ class DistributedNotificationsTest : public testing::Test {
 
   static constexpr double kPatience = 120;
 
-  AsioRunLoop loop;
+  RealTimeRunLoop loop;
   std::unique_ptr<PrivateBus> bus;
   // Two connections are two processes to the bus.
   std::unique_ptr<EmbeddedDistributedNotifications> ours;
@@ -133,7 +133,7 @@ TEST_F(DistributedNotificationsTest, FallSilentWhenTheBusDies) {
 }
 
 TEST(DistributedNotificationsWithoutABus, AreNotThere) {
-  AsioRunLoop loop;
+  RealTimeRunLoop loop;
   for (const char* address : {"unix:path=/nonexistent/bus", "nonsense", "unix:"}) {
     ::setenv("DBUS_SESSION_BUS_ADDRESS", address, 1);
     EXPECT_EQ(EmbeddedDistributedNotifications::connect(loop), nullptr) << address;

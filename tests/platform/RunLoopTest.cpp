@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/embedded/AsioRunLoop.h"
+#include "platform/embedded/RealTimeRunLoop.h"
 #include "platform/embedded/VirtualRunLoop.h"
 #ifdef VORN_OBJC
 #include "tests/conformance/AppleHostLoop.h"
@@ -36,9 +36,9 @@ class RunLoopContract : public testing::Test {
   int m_otherTarget = 0;
 };
 
-using OwnLoops = testing::Types<VirtualRunLoop, AsioRunLoop>;
+using OwnLoops = testing::Types<VirtualRunLoop, RealTimeRunLoop>;
 #ifdef VORN_OBJC
-using Loops = testing::Types<VirtualRunLoop, AsioRunLoop, AppleHostLoop>;
+using Loops = testing::Types<VirtualRunLoop, RealTimeRunLoop, AppleHostLoop>;
 #else
 using Loops = OwnLoops;
 #endif

@@ -1,9 +1,9 @@
-#include "platform/embedded/AsioRunLoop.h"
 #include "platform/embedded/EmbeddedDistributedNotifications.h"
 #include "platform/embedded/EmbeddedPresenter.h"
 #include "platform/embedded/EmbeddedSurroundings.h"
 #include "platform/embedded/EmbeddedUserDefaults.h"
 #include "platform/embedded/EmbeddedWorkspace.h"
+#include "platform/embedded/RealTimeRunLoop.h"
 #include "tests/ports/PortsWorld.h"
 #include "tests/ports/SmallMachine.h"
 #include "tests/support/PrivateBus.h"
@@ -63,7 +63,7 @@ class BusWorld final : public NotificationsWorld {
   bool runUntil(const std::function<bool()>& condition) override { return m_loop.runUntil(condition, 120); }
 
  private:
-  AsioRunLoop m_loop;
+  RealTimeRunLoop m_loop;
   PrivateBus m_bus;
   std::unique_ptr<DistributedNotifications> m_ours =
       EmbeddedDistributedNotifications::connect(m_loop, m_bus.address());

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/embedded/ScheduledRunLoop.h"
+
+namespace vorn {
+
+// The run loop of a process that lives in real time. The thread that makes it is the main thread; it runs the
+// loop with runUntil() or runFor().
+class RealTimeRunLoop final : public ScheduledRunLoop {
+ public:
+  double now() const override;
+  bool runUntil(const std::function<bool()>& condition, double timeoutSeconds) override;
+  void hasten(double seconds) override { bringForward(now() + seconds); }
+};
+
+}  // namespace vorn
