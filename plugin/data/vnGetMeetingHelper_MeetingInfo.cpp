@@ -1,5 +1,6 @@
 // The meeting reader: the meeting-information dictionary.
 
+#include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnGetMeetingHelper.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnSettingKeys.h"
@@ -31,6 +32,8 @@ Value audioOption(const Value& meeting) {
 Value vnGetMeetingHelper::getMeetingInfo() const {
   Value info = Value::dictionary();
   if (!hasMeetingInfo()) return info;
+  // Some of the account's answers are the client's too.
+  const vnClientFeatureMgr::OneReading oneReading;
   info.set(vn_Outlook_ApptInfo, apptInfo());
   info.set(vn_Setting, settings());
 

@@ -126,6 +126,7 @@ int vnAPIBase::checkVornAppError() {
 }
 
 int vnAPIBase::GetVornCLientStatus() {
+  const vnAppHelper::OneLook oneLook;
   vnAppHelper& client = vnAppHelper::sharedInstance();
   if (!client.isVornusInstalled()) return kNotInstalled;
   if (!vnClientFeatureMgr::sharedInstance().isSupportedVornClientVersion()) return kNotSupported;

@@ -49,12 +49,13 @@ int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
   }
   // A head without its document would mean a meeting of nothing to the client. Asked before the gate, whose timers
   // and progress would have to be taken back. The alert says that the two sides do not understand each other.
-  if (!documentText()) {
+  const OptionalText document = documentText();
+  if (!document) {
     popupErrorMsg(parentWindow, ErrorCode::kEmptyReply);
     return 0;
   }
   if (const int code = beginRequest(parentWindow); code != 0) return code;
-  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, getAPIData());
+  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, contentOf(document));
   return 0;
 }
 

@@ -46,7 +46,9 @@ class vnAPICommitMeeting : public vnAPICommandFor<CommitOwner> {
 
  private:
   void reopenSettings(const HostObject& parentWindow, bool isUpdate, int code);
+  // Absent when the data holds what JSON cannot hold.
   OptionalText documentText() const;
+  std::string contentOf(const OptionalText& document);
   Value apptInfoDocument() const;
   Value settingDocument() const;
 

@@ -77,12 +77,12 @@ std::string vnAPICommitMeeting::getContentIdentifierHead() const {
   return std::to_string(m_msgParamActionId) + std::string(kEmptyFields);
 }
 
-std::string vnAPICommitMeeting::getAPIData() {
-  if (!hasValidMeetingInfo()) return "";
+std::string vnAPICommitMeeting::getAPIData() { return hasValidMeetingInfo() ? contentOf(documentText()) : ""; }
+
+std::string vnAPICommitMeeting::contentOf(const OptionalText& document) {
   if (m_owner) {
     m_owner->setScheduleForEmail(m_dataMeetingInfo[vn_Setting][vn_Setting_ScheduleFor].optionalText());
   }
-  const OptionalText document = documentText();
   return document ? getContentIdentifierHead() + *document : "";
 }
 

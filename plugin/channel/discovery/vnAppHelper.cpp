@@ -90,26 +90,33 @@ std::array<OptionalText, vnAppHelper::kInstallPlaces> vnAppHelper::installPlaces
   return places;
 }
 
-std::string vnAppHelper::installPath(bool& exists) {
-  OptionalText place;
-  exists = false;
-  for (std::size_t i = 0; i < kInstallPlaces && !exists; ++i) {
-    place = installPlace(i);
-    exists = IsAppExist(place);
-  }
-  return place.value_or("");
+vnAppHelper::OneLook::OneLook() : m_applications(sharedInstance()) { ++m_applications.m_looksThatStand; }
+
+vnAppHelper::OneLook::~OneLook() {
+  if (--m_applications.m_looksThatStand == 0) m_applications.m_look.reset();
 }
 
-std::string vnAppHelper::getVornClientInstallPath() {
-  bool exists = false;
-  return installPath(exists);
+vnAppHelper::Installation vnAppHelper::installation() {
+  if (m_looksThatStand == 0) return lookForInstallation();
+  if (!m_look) m_look = lookForInstallation();
+  return *m_look;
 }
+
+vnAppHelper::Installation vnAppHelper::lookForInstallation() {
+  Installation found;
+  for (std::size_t i = 0; i < kInstallPlaces && !found.exists; ++i) {
+    const OptionalText place = installPlace(i);
+    found = {place.value_or(""), IsAppExist(place)};
+  }
+  return found;
+}
+
+std::string vnAppHelper::getVornClientInstallPath() { return installation().path; }
 
 std::string vnAppHelper::getVornusLaunchPath(bool* appExists) {
-  bool exists = false;
-  const std::string path = installPath(exists);
-  if (appExists) *appExists = exists;
-  return workspace() ? workspace()->executablePath(path) : "";
+  const Installation found = installation();
+  if (appExists) *appExists = found.exists;
+  return workspace() ? workspace()->executablePath(found.path) : "";
 }
 
 std::string vnAppHelper::getVornusIdentifier() { return std::string(kVornusIdentify); }
@@ -131,11 +138,7 @@ bool vnAppHelper::IsAppExist(const OptionalText& path) {
   return path && workspace() && workspace()->isFilePackage(*path);
 }
 
-bool vnAppHelper::isVornusInstalled() {
-  bool exists = false;
-  getVornusLaunchPath(&exists);
-  return exists;
-}
+bool vnAppHelper::isVornusInstalled() { return installation().exists; }
 
 bool vnAppHelper::isVornRunning() { return workspace() && workspace()->isRunning(kVornusIdentify); }
 

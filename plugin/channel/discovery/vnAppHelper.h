@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "util/Value.h"
@@ -10,11 +11,24 @@ namespace vorn {
 
 // What this system knows of the applications around it: the client and the host, and the system they run on.
 //
-// Main thread only. Nothing is remembered: every question is answered from the disk and the processes of the
-// moment.
+// Main thread only. Nothing is remembered: every question that OneLook does not join to another is answered from
+// the disk and the processes of the moment.
 class vnAppHelper {
  public:
   static vnAppHelper& sharedInstance();
+
+  // While one stands, where the client lies is looked up once. It stands within one call; the loop does not run
+  // meanwhile.
+  class OneLook {
+   public:
+    OneLook();
+    ~OneLook();
+    OneLook(const OneLook&) = delete;
+    OneLook& operator=(const OneLook&) = delete;
+
+   private:
+    vnAppHelper& m_applications;
+  };
 
   // The system's version in packed decimal form, 0x1061 for 10.6.1: minor and patch take one digit each and stop
   // at 9. 0 when it is unknown.
@@ -71,9 +85,19 @@ class vnAppHelper {
   std::string getSystemLanguage();
 
  private:
-  OptionalText installPlace(std::size_t index);
   // The last place when none holds an application.
-  std::string installPath(bool& exists);
+  struct Installation {
+    std::string path;
+    bool exists = false;
+  };
+
+  OptionalText installPlace(std::size_t index);
+  Installation installation();
+  Installation lookForInstallation();
+
+  int m_looksThatStand = 0;
+  // Absent as long as nobody has asked.
+  std::optional<Installation> m_look;
 };
 
 }  // namespace vorn

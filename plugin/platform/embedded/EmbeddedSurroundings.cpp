@@ -3,6 +3,7 @@
 #include <sys/random.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <string_view>
@@ -13,6 +14,9 @@
 namespace vorn {
 
 namespace {
+
+// So many bytes the system gives whole, or none.
+constexpr std::size_t kNumbersAtOnce = 256 / sizeof(std::uint32_t);
 
 // "de_DE.UTF-8" becomes "de-DE"; the environment's "C" and "POSIX" are no languages.
 std::vector<std::string> languagesOfEnvironment() {
@@ -70,9 +74,15 @@ double EmbeddedSurroundings::currentTime() {
 
 std::uint32_t EmbeddedSurroundings::random32() {
   if (m_options.seed) return static_cast<std::uint32_t>(m_seeded() >> 32);
-  std::uint32_t number = 0;
-  while (::getrandom(&number, sizeof number, 0) != static_cast<ssize_t>(sizeof number)) {
+  // A passcode takes a number for each of its characters.
+  if (m_random.empty()) {
+    std::array<std::uint32_t, kNumbersAtOnce> numbers{};
+    while (::getrandom(numbers.data(), sizeof numbers, 0) != static_cast<ssize_t>(sizeof numbers)) {
+    }
+    m_random.assign(numbers.begin(), numbers.end());
   }
+  const std::uint32_t number = m_random.back();
+  m_random.pop_back();
   return number;
 }
 

@@ -41,6 +41,8 @@ class EmbeddedSurroundings final : public Surroundings {
  private:
   Options m_options;
   std::mt19937_64 m_seeded;
+  // The kernel's, not given out yet.
+  std::vector<std::uint32_t> m_random;
 };
 
 }  // namespace vorn
