@@ -510,12 +510,12 @@ std::string foldedLine(std::string_view content, std::string_view lineEnding) {
 std::string unescapedText(std::string_view value) {
   std::string result;
   result.reserve(value.size());
-  for (std::size_t at = 0; at < value.size(); ++at) {
-    if (value[at] != '\\' || at + 1 == value.size()) {
-      result += value[at];
-      continue;
-    }
-    const char escaped = value[++at];
+  for (;;) {
+    const std::size_t plain = value.find('\\');
+    if (plain == std::string_view::npos || plain + 1 == value.size()) return result.append(value);
+    result.append(value.substr(0, plain));
+    const char escaped = value[plain + 1];
+    value.remove_prefix(plain + 2);
     if (escaped == 'n' || escaped == 'N') {
       result += '\n';
     } else if (escaped == '\\' || escaped == ',' || escaped == ';' || escaped == '"' || escaped == ':') {
@@ -525,7 +525,6 @@ std::string unescapedText(std::string_view value) {
       result.append(1, '\\').append(1, escaped);
     }
   }
-  return result;
 }
 
 std::string escapedText(std::string_view text) {

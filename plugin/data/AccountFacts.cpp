@@ -78,7 +78,7 @@ AccountFacts accountFactsWithoutLists(const vnUserProfileHelper& account, const 
 AccountFacts accountFacts(const vnUserProfileHelper& account, const OptionalText& email) {
   AccountFacts facts = accountFactsWithoutLists(account, email);
   facts.trackingFields = account.trackingFields();
-  facts.getAvailableDialinCountry = account.getAvailableDialinCountry();
+  facts.getAvailableDialinCountry = account.selectedDialinCountry();
   return facts;
 }
 

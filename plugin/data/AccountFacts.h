@@ -87,6 +87,7 @@ struct AccountFacts {
   OptionalText thirdPartyAudioInfo{};
   Value getMeetingAuths{};
   Value trackingFields{};
+  // Without the countries that are offered.
   std::optional<VNAvailableDialinCountryContent> getAvailableDialinCountry{};
 };
 

@@ -9,7 +9,8 @@
 
 namespace vorn {
 
-VNAvailableDialinCountryContent VNAvailableDialinCountryContent::fromProfile(const Value& availableDialinCountry) {
+VNAvailableDialinCountryContent VNAvailableDialinCountryContent::selectionFromProfile(
+    const Value& availableDialinCountry) {
   VNAvailableDialinCountryContent content;
   content.hash = availableDialinCountry[vn_Setting_DialinCountry_Hash].optionalText();
   content.includeTollfree = availableDialinCountry[vn_Setting_DialinCountry_IncludeTollfree].boolValue();
@@ -19,7 +20,11 @@ VNAvailableDialinCountryContent VNAvailableDialinCountryContent::fromProfile(con
   if (selected.isArray() && !nothingSelected) content.selectedCountries = selected;
   content.enableShowIncludeTollfree =
       availableDialinCountry[vn_Setting_DialinCountry_EnableShowIncludeTollfree].boolValue();
+  return content;
+}
 
+VNAvailableDialinCountryContent VNAvailableDialinCountryContent::fromProfile(const Value& availableDialinCountry) {
+  VNAvailableDialinCountryContent content = selectionFromProfile(availableDialinCountry);
   std::unordered_set<std::string_view> selection;
   for (const Value& code : content.selectedCountries.items()) selection.insert(code.text());
   for (const Value& entry : availableDialinCountry[vn_Profile_AllCountries].items()) {

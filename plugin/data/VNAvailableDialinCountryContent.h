@@ -23,6 +23,8 @@ struct VNAvailableDialinCountryContent {
   // From the "availableDialinCountry" of an account's or a person's dictionary; the codes get their names in the
   // user's language. Time linear in the lists.
   static VNAvailableDialinCountryContent fromProfile(const Value& availableDialinCountry);
+  // The same without those that are offered, whose names take most of the time.
+  static VNAvailableDialinCountryContent selectionFromProfile(const Value& availableDialinCountry);
 };
 
 }  // namespace vorn

@@ -85,7 +85,7 @@ void vnSettingData::initWithSavedProfile() {
   const Value saved = JsonTextFile(vnCommon::getVnUserProfilePath(user().getUID())).read();
   if (saved.isAbsent()) return;
   const vnClientFeatureMgr::OneReading oneReading;
-  const AccountFacts facts = factsFor(m_options.scheduleForEmail);
+  const AccountFacts facts = accountFactsWithoutLists(user(), m_options.scheduleForEmail);
   if (meeting_options::initWithSavedProfile(m_options, facts, clientGates(), saved)) setNotShowMeAgain(true);
 }
 

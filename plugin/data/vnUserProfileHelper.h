@@ -231,6 +231,8 @@ class vnUserProfileHelper {
   Value trackingFields() const;
   // Always something, empty lists at worst, until cleanup().
   std::optional<VNAvailableDialinCountryContent> getAvailableDialinCountry() const;
+  // The same without the countries that are offered.
+  std::optional<VNAvailableDialinCountryContent> selectedDialinCountry() const;
 
   // --- People to schedule for, by e-mail or host id without case.
 

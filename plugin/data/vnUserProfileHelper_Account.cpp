@@ -137,4 +137,9 @@ std::optional<VNAvailableDialinCountryContent> vnUserProfileHelper::getAvailable
   return VNAvailableDialinCountryContent::fromProfile(m_profile[vn_Setting_AvailableDialinCountry]);
 }
 
+std::optional<VNAvailableDialinCountryContent> vnUserProfileHelper::selectedDialinCountry() const {
+  if (m_profile.isAbsent()) return std::nullopt;
+  return VNAvailableDialinCountryContent::selectionFromProfile(m_profile[vn_Setting_AvailableDialinCountry]);
+}
+
 }  // namespace vorn

@@ -168,6 +168,10 @@ struct FreeParser {
   }
 };
 
+// So much the parser is given at first when only what it meets first counts. It is given more each time, since it
+// takes its time for each piece.
+constexpr std::size_t kFirstPiece = 256;
+
 struct Reading {
   htmlParserCtxt* parser;
   HtmlTextSource& source;
@@ -175,6 +179,7 @@ struct Reading {
   // Ends the reading with the first that a reader sees.
   bool isDoneOnceSeen = false;
   bool isSeen = false;
+  std::size_t nextPiece = kFirstPiece;
 
   // The parser goes on with what it has in its buffer: stopped in the middle of a long run of characters it would
   // read behind its own end.
@@ -208,8 +213,11 @@ void onCharacters(void* user, const xmlChar* text, int length) {
   if (!trimmed(added, isWhitespaceOrNewline).empty()) reading.see();
 }
 
-int readSource(void* source, char* buffer, int size) {
-  return static_cast<int>(static_cast<HtmlTextSource*>(source)->read(buffer, static_cast<std::size_t>(size)));
+int readSource(void* user, char* buffer, int size) {
+  auto& reading = *static_cast<Reading*>(user);
+  auto wanted = static_cast<std::size_t>(size);
+  if (reading.isDoneOnceSeen) wanted = std::min(wanted, std::exchange(reading.nextPiece, reading.nextPiece * 2));
+  return static_cast<int>(reading.source.read(buffer, wanted));
 }
 
 void readHtml(Reading& reading) {
@@ -222,7 +230,7 @@ void readHtml(Reading& reading) {
   reading.parser->userData = &reading;
   constexpr int options = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET |
                           HTML_PARSE_NODEFDTD | HTML_PARSE_IGNORE_ENC | XML_PARSE_HUGE;
-  htmlCtxtReadIO(reading.parser, readSource, nullptr, &reading.source, nullptr, "UTF-8", options);
+  htmlCtxtReadIO(reading.parser, readSource, nullptr, &reading, nullptr, "UTF-8", options);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnSettingData.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
@@ -128,6 +129,7 @@ bool vnMeetingDataMgr::localDefaultPutInvitationAtTheTop() {
 }
 
 Value vnMeetingDataMgr::getVnSchMeetingData(MeetingWindow& window) const {
+  const vnClientFeatureMgr::OneReading oneReading;
   Value result = Value::dictionary();
   result.set(vn_Outlook_ApptInfo, window.proxy().getVnMeetingData());
   result.set(vn_Setting, getVnSettingsData(window.id()));

@@ -196,9 +196,11 @@ bool vnMeetingMgr::hasScheduleError(const HostObject& editor) {
 }
 
 bool vnMeetingMgr::durationExceedThanMaxMins(const HostObject& editor) {
-  const Value apptInfo = vnERCalendarEventEditorViewController(editor).getVnMeetingData();
+  vnERCalendarEventEditorViewController proxy(editor);
+  const vnECCalendarEvent* event = proxy.ecCalendarEvent();
+  const Value duration = event ? Value(event->getVnDuration()) : Value();
   return vnLicencePolicy::isLongerThanPlanAllows(vnUserProfileHelper::sharedInstance().userType(),
-                                                 apptInfo[vn_ApptInfo_Duration].integerValue());
+                                                 duration.integerValue());
 }
 
 // -- Small views of the working data -----------------------------------------------------------------------------

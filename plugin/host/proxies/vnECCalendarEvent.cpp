@@ -54,11 +54,13 @@ Value vnECCalendarEvent::getVnMeetingData() const {
   Value data = Value::dictionary();
   data.set(vn_ApptInfo_Subject, getOneMergedItem("summary"));
   data.set(vn_ApptInfo_Location, getOneMergedItem("location"));
-  data.set(vn_ApptInfo_Duration, getVnDuration());
+  const vnOLCalendarDate start(getOneMergedItem("startTime").object());
+  const vnOLCalendarDate end(getOneMergedItem("endTime").object());
+  data.set(vn_ApptInfo_Duration, durationText(end.timeIntervalSinceDate(start.delegate())));
   data.set(vn_ApptInfo_Body, getEmailBody());
   data.set(vn_ApptInfo_VnOIProperty, olmUCInband());
-  data.set(vn_ApptInfo_StartTime, vnOLCalendarDate(getOneMergedItem("startTime").object()).getVnMeetingData());
-  data.set(vn_ApptInfo_EndTime, vnOLCalendarDate(getOneMergedItem("endTime").object()).getVnMeetingData());
+  data.set(vn_ApptInfo_StartTime, start.getVnMeetingData());
+  data.set(vn_ApptInfo_EndTime, end.getVnMeetingData());
   const bool belongsToSeries = vnOLUtils::isValidInstance(getOneMergedItem("recurrence"));
   const bool isItemOfSeries = belongsToSeries && isOccurrenceOrModifiedException();
   data.set(vn_ApptInfo_Recurrence, belongsToSeries && !isItemOfSeries);
