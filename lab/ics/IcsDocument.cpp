@@ -484,7 +484,7 @@ std::string IcsDocument::componentText(std::size_t component) const {
   return result;
 }
 
-std::string wellFormed(const std::string& text) {
+std::string wellFormed(std::string text) {
   if (vorn::isValidUtf8(text)) return text;
   std::string result;
   icu::UnicodeString::fromUTF8(text).toUTF8String(result);

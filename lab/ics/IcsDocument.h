@@ -167,7 +167,7 @@ class IcsDocument {
 };
 
 // The text with the replacement character for every byte that is no UTF-8.
-std::string wellFormed(const std::string& text);
+std::string wellFormed(std::string text);
 
 // A content line as it stands in a file: cut into pieces of at most 75 octets, never inside a character, each but
 // the first with a blank in front, and closed with the line ending.

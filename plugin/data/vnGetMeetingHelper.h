@@ -35,6 +35,8 @@ class vnGetMeetingHelper {
   // "joinUrl" and "invitehtmlemail". An empty dictionary when hasMeetingInfo() is false. A key that the service
   // always sends and did not gives the neutral value: "", false or 0.
   Value getMeetingInfo() const;
+  // Its "setting" alone, for who needs nothing of the rest; absent when hasMeetingInfo() is false.
+  Value getMeetingSettings() const;
 
   // Absent when the reply had none.
   OptionalText getInviteEmail() const;

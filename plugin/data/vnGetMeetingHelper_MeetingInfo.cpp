@@ -32,8 +32,6 @@ Value audioOption(const Value& meeting) {
 Value vnGetMeetingHelper::getMeetingInfo() const {
   Value info = Value::dictionary();
   if (!hasMeetingInfo()) return info;
-  // Some of the account's answers are the client's too.
-  const vnClientFeatureMgr::OneReading oneReading;
   info.set(vn_Outlook_ApptInfo, apptInfo());
   info.set(vn_Setting, settings());
 
@@ -50,6 +48,8 @@ Value vnGetMeetingHelper::getMeetingInfo() const {
   return info;
 }
 
+Value vnGetMeetingHelper::getMeetingSettings() const { return hasMeetingInfo() ? settings() : Value(); }
+
 Value vnGetMeetingHelper::apptInfo() const {
   Value appt = Value::dictionary();
   appt.set(vn_ApptInfo_Subject, textOrNeutral(m_dataMeetingData[vn_ApptInfo_Subject]));
@@ -63,6 +63,8 @@ Value vnGetMeetingHelper::apptInfo() const {
 }
 
 Value vnGetMeetingHelper::settings() const {
+  // Some of the account's answers are the client's too.
+  const vnClientFeatureMgr::OneReading oneReading;
   const Value& meeting = m_dataMeetingData;
   Value setting = Value::dictionary();
   setting.set(vn_Setting_EnableAddMeetingToPublicEvent, isEnableMeetingToPublic());

@@ -143,15 +143,11 @@ Value vnMeetingDataMgr::getVnSettingsData(const OptionalText& windowId) const {
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByApptWindowID(windowId);
   vnGetMeetingHelper* helper = manager ? manager->getMeetingHelper() : nullptr;
   const bool hasInfo = helper && helper->hasMeetingInfo();
-  if (isVornMeeting() && hasInfo) {
-    const Value info = helper->getMeetingInfo();
-    if (info.isAbsent()) return {};
-    return withSomeProtection(info[vn_Setting]);
-  }
+  if (isVornMeeting() && hasInfo) return withSomeProtection(helper->getMeetingSettings());
 
   Value settings = settingsOfNewMeeting();
   if (settings[vn_Setting_IsPMI].boolValue() && hasInfo) {
-    settings = helper->getMeetingInfo()[vn_Setting];
+    settings = helper->getMeetingSettings();
     settings.set(vn_Setting_IsPMI, true);
   } else {
     // Alternate hosts belong to one meeting and are never carried into the next; the empty text stands for none.

@@ -126,6 +126,17 @@ TEST_F(DiscoveryTest, AsksOneVersionWhileItsAnswersAreToFitTogetherAndAfreshBehi
   EXPECT_TRUE(m_features.clientSupportSpecifiedFeature("6.0.0"));
 }
 
+TEST_F(DiscoveryTest, LooksOnceForTheClientWhileItsAnswersAreToFitTogetherAndAfreshBehindThat) {
+  {
+    const vnAppHelper::OneLook outer;
+    EXPECT_FALSE(m_applications.isVornusInstalled());
+    install(places()[1]);
+    { const vnAppHelper::OneLook inner; }
+    EXPECT_EQ(m_applications.getVornClientInstallPath(), places()[3]);
+  }
+  EXPECT_TRUE(m_applications.isVornusInstalled());
+}
+
 TEST_F(DiscoveryTest, LetsTheAccountAloneDecideOnDialInCountries) {
   EXPECT_FALSE(m_features.isVornClientSupportEditCountries());
   m_features.setEditCountriesSource([] { return true; });
