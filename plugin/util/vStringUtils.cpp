@@ -16,9 +16,6 @@ namespace {
 
 constexpr std::size_t kDeepestNesting = 512;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-// Making a parser is a quarter of the work of reading a usual reply, so each thread keeps one for texts up to this
-// size. It has 14 times as many bytes, too many to keep for a large text.
-constexpr std::size_t kUsualReply = 16 << 10;
 
 // Makes values of what simdjson has read.
 class ValueBuilder {
@@ -81,15 +78,6 @@ class ValueBuilder {
   std::vector<Member> m_members;
 };
 
-Value read(simdjson::dom::parser& parser, std::string_view json) {
-  if (parser.capacity() < json.size() && parser.allocate(json.size(), kDeepestNesting)) return {};
-  simdjson::dom::element root;
-  if (parser.parse(json.data(), json.size()).get(root)) return {};
-  Value value;
-  ValueBuilder().read(root, [&value](auto&& made) { value = std::forward<decltype(made)>(made); });
-  return value;
-}
-
 }  // namespace
 
 bool vStringUtils::isNullString(const Value& object) { return !object.isPresent(); }
@@ -106,13 +94,14 @@ Value vStringUtils::toArrayOrNSDictionaryWithData(const OptionalText& data) {
   if (!data) return {};
   std::string_view json = *data;
   if (json.starts_with(kByteOrderMark)) json.remove_prefix(kByteOrderMark.size());
-  if (json.size() > kUsualReply) {
-    simdjson::dom::parser parser;
-    return read(parser, json);
-  }
-  thread_local simdjson::dom::parser kept;
-  if (json.empty() || (kept.capacity() == 0 && kept.allocate(kUsualReply, kDeepestNesting))) return {};
-  return read(kept, json);
+  // None is kept for the next text: its buffers would keep the passcodes of this one.
+  simdjson::dom::parser parser;
+  if (json.empty() || parser.allocate(json.size(), kDeepestNesting)) return {};
+  simdjson::dom::element root;
+  if (parser.parse(json.data(), json.size()).get(root)) return {};
+  Value value;
+  ValueBuilder().read(root, [&value](auto&& made) { value = std::forward<decltype(made)>(made); });
+  return value;
 }
 
 Value vStringUtils::toArrayOrNSDictionary(const OptionalText& text) { return toArrayOrNSDictionaryWithData(text); }
