@@ -49,8 +49,21 @@ std::string SecretMask::coveredAndCut(std::string_view text, std::size_t mostByt
   return seen.text + "… <" + std::to_string(notShown) + " bytes more>";
 }
 
+namespace {
+
+// The names of values come again and again, and most are plain. One that is a secret by itself is not remembered.
+KeyKind kindOfName(std::string_view name) {
+  thread_local HarmlessTexts plain;
+  if (plain.contains(name)) return KeyKind::plain;
+  const KeyKind kind = kindOfKey(name);
+  if (kind == KeyKind::plain && SecretMask::covered(name) == name) plain.remember(name);
+  return kind;
+}
+
+}  // namespace
+
 std::string SecretMask::coveredUnder(std::string_view key, std::string_view text) {
-  switch (kindOfKey(key)) {
+  switch (kindOfName(key)) {
     case KeyKind::secret: return std::string(text.empty() ? text : kCover);
     case KeyKind::dialText: return coveredDialText(text);
     default: return covered(text);
@@ -64,11 +77,11 @@ std::string SecretMask::coveredDialText(std::string_view text) {
   return ranges.applied(text, std::string_view::npos).text;
 }
 
-bool SecretMask::isSecretKey(std::string_view key) { return kindOfKey(key) == KeyKind::secret; }
+bool SecretMask::isSecretKey(std::string_view key) { return kindOfName(key) == KeyKind::secret; }
 
 std::string_view SecretMask::keyThatCounts(std::string_view outer, std::string_view inner) {
-  const bool isInnerSilent = kindOfKey(inner) == KeyKind::plain && !tellsOfItsOwner(inner);
-  return isInnerSilent && kindOfKey(outer) != KeyKind::plain ? outer : inner;
+  const bool isInnerSilent = kindOfName(inner) == KeyKind::plain && !tellsOfItsOwner(inner);
+  return isInnerSilent && kindOfName(outer) != KeyKind::plain ? outer : inner;
 }
 
 }  // namespace vorn

@@ -4,8 +4,6 @@
 #include <array>
 #include <string>
 
-#include "secrets/HarmlessTexts.h"
-
 namespace vorn {
 
 namespace {
@@ -205,12 +203,7 @@ KeyKind kindOfKey(std::string_view key) {
   // Nobody names anything so.
   constexpr std::size_t kLongestKey = 80;
   if (key.empty() || key.size() > kLongestKey) return KeyKind::plain;
-  // Most keys come again and again, and are plain.
-  thread_local HarmlessTexts plain;
-  if (plain.contains(key)) return KeyKind::plain;
-  const KeyKind kind = kindOfLetters(lettersOf(key));
-  if (kind == KeyKind::plain) plain.remember(key);
-  return kind;
+  return kindOfLetters(lettersOf(key));
 }
 
 bool tellsOfItsOwner(std::string_view key) {

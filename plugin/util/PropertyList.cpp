@@ -135,7 +135,8 @@ class XmlLimits {
     // The parser looks for the end behind quotes and declarations. What would hide a tag from one of the two
     // stands in no property list.
     const auto quotes = std::count(tag.begin(), tag.end(), '"');
-    m_isBeyond |= quotes % 2 != 0 || tag.find('<', 1) != tag.npos || tag.find('[') != tag.npos;
+    m_isBeyond |=
+        quotes % 2 != 0 || tag.find('<', 1) != std::string_view::npos || tag.find('[') != std::string_view::npos;
     if (isEndOf(tag, "array") || isEndOf(tag, "dict")) m_depth = std::max(m_depth - 1, 0);
     if (opens(tag, "<array") || opens(tag, "<dict")) m_isBeyond |= ++m_depth > kDeepestList;
     return end;
@@ -151,7 +152,7 @@ class XmlLimits {
   static bool opens(std::string_view tag, std::string_view opening) {
     if (!tag.starts_with(opening)) return false;
     const std::size_t behindName = tag.find_first_not_of(" \t\r\n", opening.size());
-    return behindName == tag.npos || tag.substr(behindName) != "/>";
+    return behindName == std::string_view::npos || tag.substr(behindName) != "/>";
   }
 
   std::string_view m_xml;

@@ -94,11 +94,11 @@ OptionalText Value::optionalText() const {
 std::string Value::stringValue() const {
   switch (kind()) {
     case Kind::text: return text();
-    case Kind::boolean: return std::get<bool>(m_content) ? "1" : "0";
-    case Kind::integer: return std::to_string(std::get<std::int64_t>(m_content));
+    case Kind::boolean: return *std::get_if<bool>(&m_content) ? "1" : "0";
+    case Kind::integer: return std::to_string(*std::get_if<std::int64_t>(&m_content));
     case Kind::real: {
       char digits[40];
-      std::snprintf(digits, sizeof digits, "%.17g", std::get<double>(m_content));
+      std::snprintf(digits, sizeof digits, "%.17g", *std::get_if<double>(&m_content));
       return digits;
     }
     default: return {};
@@ -107,9 +107,9 @@ std::string Value::stringValue() const {
 
 bool Value::boolValue() const {
   switch (kind()) {
-    case Kind::boolean: return std::get<bool>(m_content);
-    case Kind::integer: return std::get<std::int64_t>(m_content) != 0;
-    case Kind::real: return std::get<double>(m_content) != 0;
+    case Kind::boolean: return *std::get_if<bool>(&m_content);
+    case Kind::integer: return *std::get_if<std::int64_t>(&m_content) != 0;
+    case Kind::real: return *std::get_if<double>(&m_content) != 0;
     case Kind::text: return textMeansTrue(text());
     default: return false;
   }
@@ -117,9 +117,9 @@ bool Value::boolValue() const {
 
 std::int64_t Value::integerValue() const {
   switch (kind()) {
-    case Kind::boolean: return std::get<bool>(m_content) ? 1 : 0;
-    case Kind::integer: return std::get<std::int64_t>(m_content);
-    case Kind::real: return cutToInteger(std::get<double>(m_content));
+    case Kind::boolean: return *std::get_if<bool>(&m_content) ? 1 : 0;
+    case Kind::integer: return *std::get_if<std::int64_t>(&m_content);
+    case Kind::real: return cutToInteger(*std::get_if<double>(&m_content));
     case Kind::text: return std::strtoll(text().c_str(), nullptr, 10);
     default: return 0;
   }
@@ -127,9 +127,9 @@ std::int64_t Value::integerValue() const {
 
 double Value::realValue() const {
   switch (kind()) {
-    case Kind::boolean: return std::get<bool>(m_content) ? 1 : 0;
-    case Kind::integer: return static_cast<double>(std::get<std::int64_t>(m_content));
-    case Kind::real: return std::get<double>(m_content);
+    case Kind::boolean: return *std::get_if<bool>(&m_content) ? 1 : 0;
+    case Kind::integer: return static_cast<double>(*std::get_if<std::int64_t>(&m_content));
+    case Kind::real: return *std::get_if<double>(&m_content);
     case Kind::text: return std::strtod(text().c_str(), nullptr);
     default: return 0;
   }

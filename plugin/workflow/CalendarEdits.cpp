@@ -17,7 +17,7 @@ constexpr std::string_view kParkedMeetingData = "meetingData";
 
 int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command, const Value& meetingData) {
   // An item of a series has no UUID to ask by. One that comes here has a meeting of its own, which the key that it
-  // stores tells as well as can be. It takes no place from an edit that waits: that one's answer would get to it.
+  // stores tells as well as can be. It is not parked: the answer to an edit that waits would get to it.
   const Value& apptInfo = meetingData[vn_Outlook_ApptInfo];
   const bool hasUUID = !apptInfo[vn_ApptInfo_OlApptUUID].text().empty();
   if (!hasUUID && !meetingData[vn_MeetingKey].text().empty()) return sendVnMeetingCommand(command, meetingData);

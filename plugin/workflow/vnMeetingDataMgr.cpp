@@ -129,9 +129,10 @@ bool vnMeetingDataMgr::localDefaultPutInvitationAtTheTop() {
 }
 
 Value vnMeetingDataMgr::getVnSchMeetingData(MeetingWindow& window) const {
-  const vnClientFeatureMgr::OneReading oneReading;
   Value result = Value::dictionary();
   result.set(vn_Outlook_ApptInfo, window.proxy().getVnMeetingData());
+  // The host was asked before: it might run the loop, and another reply would find this reading.
+  const vnClientFeatureMgr::OneReading oneReading;
   result.set(vn_Setting, getVnSettingsData(window.id()));
   result.set(vn_MeetingKey, m_meetingKey);
   return result;

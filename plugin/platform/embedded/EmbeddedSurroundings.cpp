@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "util/AtomicFile.h"
+#include "util/tdm.h"
 
 namespace vorn {
 
@@ -80,8 +81,10 @@ std::uint32_t EmbeddedSurroundings::random32() {
     while (::getrandom(numbers.data(), sizeof numbers, 0) != static_cast<ssize_t>(sizeof numbers)) {
     }
     m_random.assign(numbers.begin(), numbers.end());
+    tdm::memset_s(numbers.data(), sizeof numbers, 0, sizeof numbers);
   }
-  const std::uint32_t number = m_random.back();
+  // A passcode that was given out cannot be made again of what is left.
+  const std::uint32_t number = std::exchange(m_random.back(), 0);
   m_random.pop_back();
   return number;
 }

@@ -11,6 +11,10 @@ class RealTimeRunLoop final : public ScheduledRunLoop {
   double now() const override;
   bool runUntil(const std::function<bool()>& condition, double timeoutSeconds) override;
   void hasten(double seconds) override { bringForward(now() + seconds); }
+
+ protected:
+  // In the order of their arrival with timers, also while the main thread is busy.
+  double dueOfPost() const override { return now(); }
 };
 
 }  // namespace vorn

@@ -31,10 +31,19 @@ class ScheduledRunLoop::Schedule {
     return m_entries.emplace(Turn{due, ++m_scheduled}, std::move(entry)).first->first;
   }
   Task takeNext() { return std::move(m_entries.extract(m_entries.begin()).mapped().task); }
-  void remove(Turn turn) { m_entries.erase(turn); }
+  // What a removed task holds may ask for changes when it ends, so it ends when this one is made.
+  void remove(Turn turn) { const auto removed = m_entries.extract(turn); }
   template <typename Matches>
   void removeAll(const Matches& matches) {
-    std::erase_if(m_entries, [&](const auto& entry) { return matches(entry.second); });
+    std::vector<Entry> removed;
+    for (auto each = m_entries.begin(); each != m_entries.end();) {
+      if (!matches(each->second)) {
+        ++each;
+      } else {
+        removed.push_back(std::move(each->second));
+        each = m_entries.erase(each);
+      }
+    }
   }
 
   void bringForward(double dueBy, double now) {
@@ -87,20 +96,18 @@ ScheduledRunLoop::ScheduledRunLoop() : m_schedule(std::make_shared<Schedule>()) 
 ScheduledRunLoop::~ScheduledRunLoop() = default;
 
 void ScheduledRunLoop::post(Task task) {
-  {
-    const std::lock_guard<std::mutex> lock(m_postedMutex);
-    m_posted.push_back(std::move(task));
-  }
+  const std::lock_guard<std::mutex> lock(m_postedMutex);
+  m_posted.emplace_back(dueOfPost(), std::move(task));
   m_somethingPosted.notify_one();
 }
 
 void ScheduledRunLoop::takePosted() {
-  std::vector<Task> taken;
+  std::vector<std::pair<double, Task>> taken;
   {
     const std::lock_guard<std::mutex> lock(m_postedMutex);
     taken.swap(m_posted);
   }
-  for (Task& task : taken) m_schedule->add(now(), {.task = std::move(task)});
+  for (auto& [due, task] : taken) m_schedule->add(std::min(due, now()), {.task = std::move(task)});
 }
 
 void ScheduledRunLoop::performAfter(double seconds, const void* target, std::string_view name, Task task) {
@@ -129,8 +136,10 @@ std::shared_ptr<RunLoop::Timer> ScheduledRunLoop::scheduledTimer(double interval
 void ScheduledRunLoop::arm(const std::shared_ptr<ScheduledTimer>& timer, double due) {
   timer->setTurn(m_schedule->add(due, {.task = [this, timer, due] {
                                    timer->fire();
+                                   if (!timer->isValid()) return;
                                    // One that is late does not catch up, or nothing else would get its turn.
-                                   if (timer->isValid()) arm(timer, std::max(due + timer->interval(), now()));
+                                   const double next = due + timer->interval();
+                                   arm(timer, next > now() ? next : now() + timer->interval());
                                  }}));
 }
 
@@ -146,7 +155,10 @@ void ScheduledRunLoop::runNext() {
   task();
 }
 
-void ScheduledRunLoop::bringForward(double dueBy) { m_schedule->bringForward(dueBy, now()); }
+void ScheduledRunLoop::bringForward(double dueBy) {
+  takePosted();
+  m_schedule->bringForward(dueBy, now());
+}
 
 void ScheduledRunLoop::waitForPost(double seconds) {
   std::unique_lock<std::mutex> lock(m_postedMutex);

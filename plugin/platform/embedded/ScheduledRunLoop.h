@@ -5,6 +5,7 @@
 #include <memory>
 #include <mutex>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/embedded/HostRunLoop.h"
@@ -14,7 +15,7 @@ namespace vorn {
 // What our own run loops have in common, whatever their clock is: tasks and timers by their due times, those of
 // the same time in the order of their scheduling.
 //
-// Only post() may be called from other threads; what they post is due when the main thread takes it.
+// Only post() may be called from other threads.
 class ScheduledRunLoop : public HostRunLoop {
  public:
   ~ScheduledRunLoop() override;
@@ -31,6 +32,8 @@ class ScheduledRunLoop : public HostRunLoop {
  protected:
   ScheduledRunLoop();
 
+  // When something is due that is posted at this moment; infinity for when the main thread takes it. Any thread.
+  virtual double dueOfPost() const = 0;
   // When the next task is due on the loop's clock; infinity when there is none.
   double nextDue();
   // Runs the task that is due next.
@@ -51,7 +54,8 @@ class ScheduledRunLoop : public HostRunLoop {
   std::shared_ptr<Schedule> m_schedule;
   std::mutex m_postedMutex;
   std::condition_variable m_somethingPosted;
-  std::vector<Task> m_posted;
+  // With the time at which each is due.
+  std::vector<std::pair<double, Task>> m_posted;
 };
 
 }  // namespace vorn

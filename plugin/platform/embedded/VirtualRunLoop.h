@@ -1,5 +1,7 @@
 #pragma once
 
+#include <limits>
+
 #include "platform/embedded/ScheduledRunLoop.h"
 
 namespace vorn {
@@ -13,6 +15,9 @@ class VirtualRunLoop final : public ScheduledRunLoop {
   bool runUntil(const std::function<bool()>& condition, double timeoutSeconds) override;
   // Runs everything that is due now, without moving the clock.
   void runDue();
+
+ protected:
+  double dueOfPost() const override { return std::numeric_limits<double>::infinity(); }
 
  private:
   // Moves the clock to the next due time and runs what is due; false when that is later.
