@@ -49,9 +49,8 @@ ClientLauncher::~ClientLauncher() {
 
 void ClientLauncher::launch() {
   if (!processesOf(m_program).empty()) return;
-  // One that has ended meanwhile is asked for its status.
-  if (m_process != 0 && ::waitpid(m_process, nullptr, WNOHANG) == 0) return;
-  m_process = 0;
+  // One that has ended meanwhile, or is ending and has no program any more, is waited for.
+  if (m_process != 0) ::waitpid(std::exchange(m_process, 0), nullptr, 0);
   endOutput();
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
