@@ -61,6 +61,8 @@ TEST(SecretMask, CoversValuesOfSecretKeysAndLeavesWhatTellsOfThem) {
        "<key>meetingPassword</key>\n<string>******</string>"},
       {R"({"thirdPartyAudio":"Dial +1 303 555 0166, then 445566# or 1234"})",
        R"({"thirdPartyAudio":"Dial +1 303 555 0166, then ****** or ******"})"},
+      {R"({"thirdPartyAudio":"Dial 303-555-0166, then 0303 5550"})",
+       R"({"thirdPartyAudio":"Dial 303-555-0166, then ****** ******"})"},
   });
 }
 
@@ -81,6 +83,9 @@ TEST(SecretMask, CoversWhatStandsBehindALabelInAnyMarkup) {
       {"The passcode is 471108.", "The passcode is ******"},
       {"passcode \"gate 88\", room 7", "passcode \"******\", room 7"},
       {"Host key: 88#, PIN 4455, code 778899# now", "Host key: ****** PIN ****** code ****** now"},
+      {"code ab7# now; Clave de acceso: q7Zx", "code ****** now; Clave de acceso: ******"},
+      {"%E5%AF%86%E7%A0%81: q7Zx Code d&rsquo;acc&egrave;s: 8",
+       "%E5%AF%86%E7%A0%81: ****** Code d&rsquo;acc&egrave;s: ******"},
       {"Authorization: Bearer abc.d3f4", "Authorization: Bearer ******"},
       {"PASSCODE：ａｂ１ Next", "PASSCODE：****** Next"},
       {"C&oacute;digo de acceso: a; MOT DE PASSE : « b »",
