@@ -29,6 +29,20 @@ TEST(Utf16, CountsAndCutsInUnitsAndKeepsCharactersWhole) {
   EXPECT_EQ(utf16Position(text, 5), 2U) << "inside a character";
 }
 
+TEST(Utf16, HalvesOfPairsAreNoCharacters) {
+  EXPECT_EQ(toUtf8(toUtf16(kFace + "b")), kFace + "b");
+  const char16_t alone[] = {0xD83D, u'a', 0xDE00, 0xD83D};
+  EXPECT_EQ(toUtf8(std::u16string_view(alone, std::size(alone))),
+            "\xEF\xBF\xBD"
+            "a\xEF\xBF\xBD\xEF\xBF\xBD");
+}
+
+TEST(Values, ATextIsTrueByItsFirstSign) {
+  for (const char* yes : {"Y", "yes", "True", "t", "1", " \t+007", "-09"})
+    EXPECT_TRUE(Value(yes).boolValue()) << yes;
+  for (const char* no : {"", " ", "no", "0", "+00", "-", "on", "x1"}) EXPECT_FALSE(Value(no).boolValue()) << no;
+}
+
 TEST(Utf16, KnowsValidFromInvalid) {
   for (const char* valid : {"", "a", "\xC2\x80", "\xED\x9F\xBF", "\xEE\x80\x80", "\xF4\x8F\xBF\xBF"}) {
     EXPECT_TRUE(isValidUtf8(valid)) << valid;
