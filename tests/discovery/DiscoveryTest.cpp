@@ -109,6 +109,11 @@ TEST_F(DiscoveryTest, ComparesTheClientsVersionWithEachBoundary) {
     setBundleValue(places()[1], "CFBundleVersion", client);
     EXPECT_EQ(m_features.clientSupportSpecifiedFeature(required), supports) << client << " for " << required;
   }
+  for (const auto& [client, isSupported] : {std::pair("2.9.9", false), std::pair("3.4.99999", false),
+                                            std::pair("3.5", true), std::pair("4.0.1", true)}) {
+    setBundleValue(places()[1], "CFBundleVersion", client);
+    EXPECT_EQ(m_features.isSupportedVornClientVersion(), isSupported) << client;
+  }
   setBundleValue(places()[1], "CFBundleVersion", "");
   EXPECT_FALSE(m_features.clientSupportSpecifiedFeature("0.0.0")) << "no version supports nothing";
 }
