@@ -56,10 +56,10 @@ void SaveRoad::onInvokeScheduleErrorMessageCommit(const Value& userInfo) {
 }
 
 void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingData) {
+  // Of a meeting that is being deleted there is nothing to tell, and the end of the delete performs this save.
+  if (window.bar() && m_manager.apiMgr()->isWaitingForDelete()) return;
   // Without a window the end of another edit may have emptied what was saved of this one, and of an appointment of
   // which nothing is known the service must not be told.
-  // And of a meeting that is being deleted there is nothing to tell: the end of the delete performs this save.
-  if (window.bar() && m_manager.apiMgr()->isWaitingForDelete()) return;
   const bool mayCommit =
       window.bar() ? !window.bar()->blockDeleteVornMeeting() : meetingData[vn_Outlook_ApptInfo].count() > 0;
   if (mayCommit) {

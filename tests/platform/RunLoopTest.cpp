@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -201,11 +202,42 @@ TYPED_TEST(OwnRunLoop, HastenedCallsRunInTheirOrderAndOnlyThoseThatWereDueByThen
   put(20, "first");
   put(600, "late");
   this->m_loop.cancelPrevious(&this->m_target, "cancelled");
+  this->m_loop.post(this->noting("reply"));
   this->m_loop.hasten(50);
-  ASSERT_TRUE(this->runUntilNoted(2));
+  ASSERT_TRUE(this->runUntilNoted(3));
   this->m_loop.runFor(0.01);
-  EXPECT_EQ(this->m_log, (std::vector<std::string>{"first", "second"}));
+  EXPECT_EQ(this->m_log, (Log{"reply", "first", "second"}));
   this->m_loop.cancelPrevious(&this->m_target);
+}
+
+// As the reply and the time limit of a request, while the main thread is held by something else.
+TYPED_TEST(OwnRunLoop, WhatWasPostedBeforeATimeCameRunsBeforeWhatIsDueThen) {
+  this->m_loop.performAfter(0.02, &this->m_target, "limit", this->noting("limit"));
+  this->m_loop.post(this->noting("reply"));
+  std::this_thread::sleep_for(std::chrono::milliseconds(40));
+  EXPECT_TRUE(this->runUntilNoted(2));
+  EXPECT_EQ(this->m_log, (Log{"reply", "limit"}));
+}
+
+TYPED_TEST(OwnRunLoop, ACancelledCallMayCancelOthersWhenWhatItHoldsEnds) {
+  RunLoop& loop = this->m_loop;
+  for (const char* name : {"a", "b"}) {
+    const std::shared_ptr<void> held(nullptr, [&](void*) { loop.cancelPrevious(&this->m_otherTarget); });
+    loop.performAfter(0.01, &this->m_target, name, [held] {});
+    loop.performAfter(0.01, &this->m_otherTarget, name, this->noting("other"));
+  }
+  loop.cancelPrevious(&this->m_target);
+  this->m_loop.runFor(0.05);
+  EXPECT_TRUE(this->m_log.empty());
+}
+
+TEST(RealTimeRunLoop, ATimerThatIsLateFiresOnceAndThenWaitsAgain) {
+  RealTimeRunLoop loop;
+  std::vector<double> times;
+  loop.scheduledTimer(0.02, RunLoop::Repeats::yes, [&](RunLoop::Timer&) { times.push_back(loop.now()); });
+  std::this_thread::sleep_for(std::chrono::milliseconds(70));
+  EXPECT_TRUE(loop.runUntil([&] { return times.size() == 2; }, 120));
+  EXPECT_GE(times[1] - times[0], 0.015);
 }
 
 TYPED_TEST(OwnRunLoop, RunningEndsWithTheConditionOrTheTime) {

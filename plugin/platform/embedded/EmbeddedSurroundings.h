@@ -36,6 +36,7 @@ class EmbeddedSurroundings final : public Surroundings {
   Version systemVersion() override;
   std::vector<std::string> preferredLanguages() override;
   double currentTime() override;
+  // Main thread only: it gives from a stock.
   std::uint32_t random32() override;
 
  private:
