@@ -46,6 +46,23 @@ TEST_F(CalendarSurface, AClientThatFallsSilentLeavesTheUsersChangeAndTheNextDrag
   }
 }
 
+// An item has no UUID to ask by, so nothing of it is parked where the answer to another edit would find it.
+TEST(SeriesItem, ThatIsDeletedLeavesAnEditThatWaitsToItsOwnMeeting) {
+  constexpr const char* kItem = "20261124T090000Z";
+  RoadWorld world(calendarOfTwo("RRULE:FREQ=DAILY;COUNT=5\r\nSUMMARY:Standup\r\n") +
+                  calendarWith("RECURRENCE-ID:20261124T090000Z\r\nSUMMARY:Standup\r\n"));
+  for (const auto& [uid, item] : {std::pair("one", kItem), std::pair("two", "")}) {
+    const auto editor = world.openEditor(uid, item);
+    world.clickAdd(editor);
+    world.saveAndClose(editor);
+  }
+  const std::int64_t waiting = world.record("two")["meetingKey"].integerValue();
+  world.host.drag("two", "", world.store.find("two")->start()->seconds + kHour);
+  world.host.deleteFromCalendar("one", kItem);
+  world.settle();
+  EXPECT_TRUE(world.service.meetings().find(waiting));
+}
+
 TEST(SeriesSwitch, ByTheMenuTheBarShowsWhatTheSeriesHas) {
   RoadWorld world(calendarWith("RRULE:FREQ=DAILY;COUNT=5\r\nSUMMARY:Standup\r\n") +
                   calendarWith("RECURRENCE-ID:20261124T090000Z\r\nSUMMARY:Standup\r\n"));
