@@ -24,8 +24,8 @@ class vStringUtils {
   static Value toArrayOrNSDictionaryWithData(const OptionalText& data);
   static Value toArrayOrNSDictionary(const OptionalText& text);
 
-  // The bytes of the text in UTF-8, which it is kept in; absent for absence. Nobody calls it: the reader above takes
-  // the text where it lies.
+  // The bytes of the text in UTF-8, which it is kept in; absent for absence. Nobody calls it: the reader above
+  // takes the text where it lies.
   static OptionalText stringToNSData(const OptionalText& text);
 };
 
