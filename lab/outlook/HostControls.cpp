@@ -104,7 +104,8 @@ void HostWorld::defineControls() {
   action("NSButton", "mouseDown:", [this](const HostObject& self, const Arguments&) { sendAction(*this, self); });
   method("NSImage",
          "initWithContentsOfFile:", [](const HostObject& self, const Arguments& arguments) -> HostObject {
-           return std::filesystem::is_regular_file(firstOf(arguments).text()) ? self : HostObject();
+           std::error_code unknown;
+           return std::filesystem::is_regular_file(firstOf(arguments).text(), unknown) ? self : HostObject();
          });
 
   method("NSMenuItem",

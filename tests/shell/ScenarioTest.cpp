@@ -27,6 +27,7 @@ TEST(Scenario, SplitsALineIntoWordsAndTexts) {
 }
 
 TEST(Scenario, SaysWhereALineCannotBeReadAndWhatWasExpected) {
+  const std::string longerThanAName = "account " + std::string(300, 'a');
   const std::pair<const char*, const char*> cases[] = {
       {"type body \"open", "x.vorn:1: expected a closing quote"},
       {"type body \"a\\t\"", "x.vorn:1: expected \\n, \\\" or \\\\ behind the backslash"},
@@ -46,6 +47,7 @@ TEST(Scenario, SaysWhereALineCannotBeReadAndWhatWasExpected) {
       {"save\nme ann@example.com", "x.vorn:2: \"me\" has to stand before everything that happens"},
       {"account nobody.json",
        "x.vorn:1: \"nobody.json\" is neither beside the scenario nor in lab/client/accounts"},
+      {longerThanAName.c_str(), "x.vorn:1: \"aaa"},
       {"client faults \"reply 1: vanish\"", "x.vorn:1: the rule:1: expected delay, split, "},
       {"# only a thought\n", "x.vorn:1: the scenario is empty"},
       {"new\nsave\n\n", "x.vorn:2: nothing is expected up to here"},

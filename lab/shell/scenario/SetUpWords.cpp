@@ -1,4 +1,6 @@
 #include <array>
+#include <filesystem>
+#include <system_error>
 
 #include "lab/client/Account.h"
 #include "lab/client/Replies.h"
@@ -22,13 +24,19 @@ constexpr auto kMeeting =
 
 constexpr double kUsualLength = 3600;
 
+// No for a name that the system takes for none, as one too long, too.
+bool isFile(const fs::path& path) {
+  std::error_code unknown;
+  return fs::is_regular_file(path, unknown);
+}
+
 // Beside the scenario, or in the named folder of the tree that the scenario stands in.
 fs::path findFile(LineReader& line, const std::string& name, const char* folder) {
   const fs::path own = fs::absolute(line.file()).parent_path();
-  if (fs::is_regular_file(own / name)) return own / name;
+  if (isFile(own / name)) return own / name;
   for (fs::path at = own; at != at.root_path(); at = at.parent_path()) {
     const fs::path found = at / folder / name;
-    if (fs::is_regular_file(found)) return found;
+    if (isFile(found)) return found;
   }
   line.refuse("\"" + name + "\" is neither beside the scenario nor in " + folder);
 }
