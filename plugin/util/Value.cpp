@@ -16,8 +16,8 @@ const std::string kNoText;
 const Value::Array kNoItems;
 const Value::Dictionary kNoEntries;
 
-// A standard text of so many bytes needs no memory besides itself.
-const std::size_t kBytesInItself = std::string().capacity();
+// Up to so many bytes, about a line, a text is copied: to share it would take a second piece of the heap.
+constexpr std::size_t kLongestCopied = 100;
 
 std::int64_t cutToInteger(double number) {
   if (std::isnan(number)) return 0;
@@ -45,7 +45,7 @@ std::string HostObject::windowId() const {
 }
 
 Value::Value(std::string text) {
-  if (text.size() <= kBytesInItself) {
+  if (text.size() <= kLongestCopied) {
     m_content.emplace<std::string>(std::move(text));
   } else {
     m_content = std::make_shared<const ReadyText>(std::move(text));

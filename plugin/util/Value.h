@@ -146,7 +146,7 @@ class Value {
    private:
     std::string m_text;
   };
-  // In the order of Kind; then a text so short that sharing it would cost more than copying it.
+  // In the order of Kind; then a text so short that to share it costs more than to copy it.
   using Content = std::variant<std::monostate, Null, bool, std::int64_t, double, std::shared_ptr<const LateText>,
                                std::shared_ptr<Array>, std::shared_ptr<Dictionary>, HostObject, std::string>;
   static constexpr std::size_t kShortText = static_cast<std::size_t>(Kind::object) + 1;

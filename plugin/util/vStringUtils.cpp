@@ -15,11 +15,14 @@ namespace vorn {
 namespace {
 
 constexpr std::size_t kDeepestNesting = 512;
+constexpr std::size_t kUsualMembers = 64;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // Makes values of what simdjson has read.
 class ValueBuilder {
  public:
+  ValueBuilder() { m_members.reserve(kUsualMembers); }
+
   // Gives `take` what the value is to be made of, so that it is made in its place.
   template <typename Take>
   void read(const simdjson::dom::element& element, const Take& take) {
