@@ -32,14 +32,6 @@ std::string_view nameOf(BookmarkForm form) {
   return "none";
 }
 
-bool holdsAnyBookmark(std::string_view body) {
-  for (const std::string_view bookmark :
-       {kvn_BeginBookmark, kvn_EndBookmark, kvn_BeginBookmarkEx, kvn_EndBookmarkEx}) {
-    if (body.find(bookmark) != std::string_view::npos) return true;
-  }
-  return false;
-}
-
 OptionalText resultOf(std::string_view operation, const OptionalText& body, const Value& parameters) {
   const vnBodyHelper& helper = vnBodyHelper::sharedInstance();
   const OptionalText invitation = parameters["invitation"].optionalText();
@@ -57,7 +49,8 @@ OptionalText resultOf(std::string_view operation, const OptionalText& body, cons
 std::string_view reasonOf(std::string_view operation, std::string_view body) {
   if (operation == "text") return "the body is empty";
   if (operation == "remove") {
-    return holdsAnyBookmark(body) ? "of the two bookmarks one was not found" : "no bookmarks were found";
+    return vnBodyHelper::holdsAnyBookmark(body) ? "of the two bookmarks one was not found"
+                                                : "no bookmarks were found";
   }
   return "the invitation is empty";
 }

@@ -118,8 +118,11 @@ OptionalText vnBodyHelper::updateVnBodyWithSrcBody(const OptionalText& srcBody, 
     case BookmarkForm::unquoted: return updateVnBodyWithVnBookmarkEx(srcBody, marked);
     case BookmarkForm::none: break;
   }
-  // An updated meeting whose bookmarks are gone: the invitation replaces the user's body.
-  if (vnMeetingMgr && vnMeetingMgr->isUpdateVornMeetingEvent()) return marked;
+  // An updated meeting whose bookmarks are gone: the invitation replaces the user's body. While one end of them is
+  // left, the rest of the invitation may be anywhere and the body is mostly the user's, so it stays and the
+  // invitation is added anew.
+  const bool isUpdate = vnMeetingMgr && vnMeetingMgr->isUpdateVornMeetingEvent();
+  if (isUpdate && !holdsAnyBookmark(*srcBody)) return marked;
   const bool atTop = vnMeetingMgr && vnMeetingMgr->putInvitationAtTheTop();
   OptionalText result = newVnBodyToEnd(srcBody, marked, atTop);
   if (!result || result->empty()) return marked;

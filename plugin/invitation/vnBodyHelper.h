@@ -61,6 +61,8 @@ class vnBodyHelper {
   // The form that an update of this body goes by: a placeholder before quoted bookmarks, these before unquoted
   // ones.
   static BookmarkForm bookmarkForm(std::string_view body);
+  // Also one that has lost its other end.
+  static bool holdsAnyBookmark(std::string_view body);
 
   // Replaces what lies between the bookmarks, and the decoration that the editor put around them, by a text with
   // bookmarks of its own. Absent when that text has no bookmarks, or the body has none where they are needed; the

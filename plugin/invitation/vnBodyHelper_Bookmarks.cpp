@@ -4,6 +4,7 @@
 
 #include "invitation/vnBodyHelper.h"
 #include "util/CharacterSets.h"
+#include "util/HtmlText.h"
 #include "util/TextSearch.h"
 
 namespace vorn {
@@ -13,7 +14,6 @@ namespace {
 // The editor wraps the invitation in font tags, and the wrapper has to go too.
 constexpr std::string_view kWrapperBegin = "<font size=";
 constexpr std::string_view kWrapperEnd = "@</font>";
-constexpr std::string_view kFontEnd = "</font>";
 
 struct Bookmarks {
   std::string_view begin;
@@ -38,9 +38,8 @@ std::size_t startOf(std::string_view lead, std::string_view body, std::string_vi
   if (marked == std::string_view::npos) return std::string_view::npos;
   const std::size_t wrapper = findLastIgnoringCase(body.substr(0, marked), kWrapperBegin);
   if (wrapper == std::string_view::npos) return wrapper;
-  // One that ends before the bookmark wraps words of the user's.
-  const bool isOver = findIgnoringCase(body.substr(wrapper, marked - wrapper), kFontEnd) != std::string_view::npos;
-  return isOver ? std::string_view::npos : wrapper;
+  // One that shows something before the bookmark wraps words of the user's.
+  return htmlShowsNothing(body.substr(wrapper, marked - wrapper)) ? wrapper : std::string_view::npos;
 }
 
 // The position behind the trail, or behind the wrapper's end.
@@ -91,6 +90,14 @@ std::string withoutLineEnds(std::string_view text) {
 
 }  // namespace
 
+bool vnBodyHelper::holdsAnyBookmark(std::string_view body) {
+  for (const std::string_view bookmark :
+       {kvn_BeginBookmark, kvn_EndBookmark, kvn_BeginBookmarkEx, kvn_EndBookmarkEx}) {
+    if (body.find(bookmark) != std::string_view::npos) return true;
+  }
+  return false;
+}
+
 BookmarkForm vnBodyHelper::bookmarkForm(std::string_view body) {
   // Every placeholder's bookmarks are quoted ones as well, so those that have crossed are still found as such.
   const std::size_t placeholder = body.find(kvn_InitBeginBookMark);
@@ -135,9 +142,12 @@ OptionalText vnBodyHelper::removeVnBodyForDelete(const OptionalText& body) const
   const std::size_t firstEnd = body->find(pair.end);
   if (firstEnd == std::string_view::npos) return std::nullopt;
   const std::size_t firstBegin = body->find(pair.begin);
-  // What stands before a lost begin bookmark goes as well, deliberately.
+  // What stands before a lost begin bookmark goes as well, deliberately. But one that has kept its quotes is not
+  // lost, and what stands before it is the user's.
   if (firstBegin == std::string_view::npos) {
-    return replacingSpan(*body, 0, firstEnd + pair.end.size(), EMPTY_STRING);
+    const std::size_t quoted = body->find(kvn_BeginBookmark);
+    const std::size_t start = quoted < firstEnd ? quoted : 0;
+    return replacingSpan(*body, start, firstEnd + pair.end.size(), EMPTY_STRING);
   }
   // Ends that have crossed enclose the user's text, and so does a bookmark that was copied with a part of the
   // invitation: the first end that has a begin before it counts, with the last begin before that.

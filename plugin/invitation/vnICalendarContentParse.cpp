@@ -137,9 +137,11 @@ OptionalText vnICalendarContentParse::getMeetingNumberFromDescription(const Opti
   if (isEmpty(description)) return std::nullopt;
   const OptionalText fromUrl = parseMeetingNumberWithJoinUrlFromDescription(description);
   if (fromUrl && utf16Length(*fromUrl) >= kFewestDigits) return fromUrl;
-  // A line may also be folded with a tab. Left there it would end the number, and its first part is another
-  // meeting's.
-  const std::string unfolded = replacingAll(replacingAll(*description, "\r\n\t", ""), "\r\n", "");
+  // A line may also be folded with a tab, or without a carriage return. Left there it would end the number, and
+  // its first part is another meeting's.
+  std::string unfolded = *description;
+  for (const std::string_view fold : {"\r\n\t", "\r\n", "\n ", "\n\t"})
+    unfolded = replacingAll(unfolded, fold, "");
   const std::string text = replacingAll(unfolded, "\\n", "\n");
   std::optional<std::string_view> number = behind(text, kMeetingLabel);
   if (!number) number = behind(text, kMeetingLabelWithTwoBlanks);

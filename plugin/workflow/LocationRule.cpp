@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/proxies/vnApptInfoKeys.h"
@@ -14,6 +15,7 @@ namespace vorn {
 namespace {
 
 constexpr std::string_view kSeparator = "; ";
+constexpr std::string_view kBlanks = " \t\r\n";
 // The type of a room or resource among the attendees.
 constexpr std::string_view kRoom = "2";
 
@@ -25,20 +27,28 @@ std::string withoutSemicolonsAtEnds(const std::string& text) {
 
 bool holds(std::string_view text, std::string_view part) { return findText(text, part) != std::string_view::npos; }
 
-// The text without every occurrence of a part that is not empty. Names and URLs come from outside and may be of
-// any length, so the search is one whose time is linear in both.
-std::string without(std::string_view text, std::string_view part) {
+bool isOfLongerWord(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+// The text without every occurrence of a part that is ours, with what belongs to it. `endsOf` gives the ends of
+// what goes for the ends of an occurrence, the same for both when it is the user's. Names and URLs come from
+// outside and may be of any length, so the search is one whose time is linear in both.
+template <typename EndsOf>
+std::string without(std::string_view text, std::string_view part, const EndsOf& endsOf) {
   std::string result;
+  std::size_t kept = 0, from = 0;
   for (;;) {
-    const std::size_t at = findText(text, part);
-    result += text.substr(0, at);
-    if (at == std::string_view::npos) return result;
-    text.remove_prefix(at + part.size());
+    const std::size_t found = findText(text.substr(from), part);
+    if (found == std::string_view::npos) return result.append(text.substr(kept));
+    const auto [start, end] = endsOf(from + found, from + found + part.size());
+    from += found + part.size();
+    if (start == end) continue;
+    result += text.substr(kept, start - kept);
+    kept = from = end;
   }
 }
 
-// The longest names first: "Room 1" is also the beginning of "Room 10", and would leave a "0" behind that looked
-// like the user's own and came back at each save.
+// The longest names first: a name may hold a separator, and "Lab" taken out of "Lab; north" would leave a "north" that
+// looked like the user's own and came back at each save.
 std::vector<std::string_view> roomNames(const Value& attendees) {
   std::vector<std::string_view> names;
   for (const Value& attendee : attendees.items()) {
@@ -51,21 +61,30 @@ std::vector<std::string_view> roomNames(const Value& attendees) {
   return names;
 }
 
+// A room stands between separators, where it was put: "Lab" in "Laboratory" is the user's.
 std::string withoutRooms(std::string text, const Value& attendees) {
   for (const std::string_view name : roomNames(attendees)) {
-    if (!holds(text, name)) continue;
-    text = without(text, std::string(name).append(";"));
-    text = without(text, name);
+    text = without(text, name, [&text](std::size_t start, std::size_t end) {
+      const std::size_t before = text.find_last_not_of(kBlanks, start - 1);
+      const std::size_t behind = text.find_first_not_of(kBlanks, end);
+      const bool beginsPart = start == 0 || before == std::string::npos || text[before] == ';';
+      const bool endsPart = behind == std::string::npos || text[behind] == ';';
+      if (!beginsPart || !endsPart) return std::pair(start, start);
+      return std::pair(start, behind == end ? end + 1 : end);
+    });
   }
   return text;
 }
 
 // An empty URL, which a stored record without a join URL leaves behind, is held by no text and takes nothing away.
+// One that goes on is another meeting's, which the user has put there.
 std::string withoutUrls(std::string text, const std::vector<std::string>& urls) {
   for (const std::string& url : urls) {
-    if (!holds(text, url)) continue;
-    text = without(text, std::string(kSeparator) + url);
-    text = without(text, url);
+    text = without(text, url, [&text](std::size_t start, std::size_t end) {
+      if (end < text.size() && isOfLongerWord(text[end])) return std::pair(start, start);
+      const bool hasSeparator = std::string_view(text).substr(0, start).ends_with(kSeparator);
+      return std::pair(hasSeparator ? start - kSeparator.size() : start, end);
+    });
   }
   return text;
 }

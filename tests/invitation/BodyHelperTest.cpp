@@ -184,6 +184,10 @@ TEST_F(BodyHelper, AManagerDecidesWhereANewInvitationGoes) {
   m_owner.updates = true;
   EXPECT_EQ(m_helper.updateVnBodyWithSrcBody("<body>mine", "NEW", true, &m_owner), marked)
       << "an updated meeting without bookmarks replaces the body";
+  for (const std::string& half : {"mine" + kBegin + "OLD", "mine" + kEndEx, "mine" + kBegin + "OLD" + kEndEx}) {
+    EXPECT_EQ(m_helper.updateVnBodyWithSrcBody(half, "NEW", true, &m_owner), "<br>" + marked + half)
+        << "one end is left";
+  }
 }
 
 TEST_F(BodyHelper, TheEditorsFontWrapperGoesWithTheOldInvitation) {
@@ -195,8 +199,10 @@ TEST_F(BodyHelper, TheEditorsFontWrapperGoesWithTheOldInvitation) {
   const std::string lines = "lead" + kBegin + "NEW" + kEnd + "\r\n<br>trail";
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark("mine lead" + kBegin + "OLD" + kEnd + "trail rest", lines),
             "mine " + lines + " rest");
-  const std::string ended = "<font size=2>mine</font>" + kBegin + "OLD" + kEnd + " rest";
-  EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(ended, update), "<font size=2>mine</font>" + update + " rest");
+  for (const std::string mine : {"<font size=2>mine</font>", "<font size=2>mine<br> "}) {
+    EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(mine + kBegin + "OLD" + kEnd + " rest", update),
+              mine + update + " rest");
+  }
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmark(body, "no bookmarks"), std::nullopt);
   EXPECT_EQ(m_helper.updateVnBodyWithVnBookmarkEx("no bookmarks", update), std::nullopt);
 }
@@ -210,7 +216,7 @@ TEST_F(BodyHelper, ADeleteTakesTheInvitationOut) {
       {"a" + kBeginEx + "OLD" + kEndEx + "b", "ab"},
       {"typed before " + kEndEx + "b", "b"},
       {"typed before " + kEnd + "b", std::nullopt},
-      {"a" + kBegin + "OLD" + kEndEx + "b", "b"},
+      {"a" + kBegin + "OLD" + kEndEx + "b", "ab"},
       {"a" + kBegin + "mine" + kBegin + "OLD" + kEnd + "b", "a" + kBegin + "mineb"},
       {"a" + kEnd + "mine" + kBegin + "OLD" + kEnd + "b", "a" + kEnd + "mineb"},
       {"a" + kEnd + "mine" + kBegin + "b", "a" + kEnd + "mine" + kBegin + "b"},

@@ -83,6 +83,7 @@ TEST_F(CalendarReader, FindsTheMeetingNumberOfADescription) {
       {"https://x/my/me Meeting ID: 123 456 7890", "1234567890"},
       {"text\\nMeeting ID: 123 456 7890\\n99", "1234567890"},
       {"text\r\nMeeting ID: 123 45\r\n6 7890\n99", "1234567890"},
+      {"Meeting ID: 123 456 78\n 90\n\t1\n2", "12345678901"},
       {"Meeting  ID: 123 456 789", "123456789"},
       {"Meeting ID: 1234 5678 9012 34", std::nullopt},
       {"Meeting ID: 12345678", std::nullopt},

@@ -47,6 +47,8 @@ TEST_F(Location, TheUsersOwnTextIsWhatNobodyElsePutThere) {
   FakeWindow window(test);
   window.invite("Room 7", 2);
   window.invite("Ada", 0);
+  window.invite("Lab", 2);
+  window.invite("Lab; north", 2);
   window.invite("", 2);
   window.invite("東京", 2);
   data(window).setSavedApptInfo(Value::dictionaryFromPairs(
@@ -65,7 +67,9 @@ TEST_F(Location, TheUsersOwnTextIsWhatNobodyElsePutThere) {
       {"https://vorn.example/j/1; 東京; Straße 5; 😀; https://vorn.example/j/1?pwd=x; Room 7", "Straße 5; 😀"},
       {"東京; https://elsewhere/j/1; Room 7", "https://elsewhere/j/1"},
       {"https://vorn.example/j/1?pwd=x; https://vorn.example/j/1?pwd=x", ""},
-      {"https://vorn.example/j/12", "2"},
+      {"https://vorn.example/j/12", "https://vorn.example/j/12"},
+      {"Laboratory 3; Lab; north", "Laboratory 3"},
+      {"Broom 7; Room 7b; Room 7 , Castle;  Room 7", "Broom 7; Room 7b; Room 7 , Castle"},
       {"Ada", "Ada"},
       {"HTTPS://VORN.EXAMPLE/j/1", "HTTPS://VORN.EXAMPLE/j/1"},
   };
