@@ -524,7 +524,15 @@ bool RichBody::turn(std::size_t begin, std::size_t length, TextStyle style) {
     }
     if (pieces.empty()) return false;
   }
+  const std::string htmlBefore = m_html;
+  const std::u16string textBefore = text();
   rewrite(std::move(all), kNone);
+  // In HTML that no tag of its own ends, what stands before a tag may go on without it and take words along.
+  if (text() != textBefore) {
+    m_html = htmlBefore;
+    read();
+    return false;
+  }
   m_typed = {};
   m_hasBreak = false;
   m_behindCaret = 0;

@@ -40,7 +40,7 @@ class RichBody {
   // in a table or between a list and what follows it; and what has no sign is not put in.
   void replace(std::size_t begin, std::size_t length, std::u16string_view typed);
   // Gives a part that style, or takes it away where all of it has it. False, and nothing is changed, where it
-  // comes with other characters.
+  // comes with other characters, or its tag could not go without words.
   bool turn(std::size_t begin, std::size_t length, TextStyle style);
 
   // Where in the text the caret stands behind what replace() has put in.

@@ -47,8 +47,8 @@ std::string without(std::string_view text, std::string_view part, const EndsOf& 
   }
 }
 
-// The longest names first: a name may hold a separator, and "Lab" taken out of "Lab; north" would leave a "north" that
-// looked like the user's own and came back at each save.
+// The longest names first: a name may hold a separator, and "Lab" taken out of "Lab; north" would leave a "north"
+// that looked like the user's own and came back at each save.
 std::vector<std::string_view> roomNames(const Value& attendees) {
   std::vector<std::string_view> names;
   for (const Value& attendee : attendees.items()) {

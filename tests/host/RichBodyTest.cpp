@@ -293,6 +293,7 @@ TEST(RichBody, AStyleIsGivenToWhatHasItNotAndTakenFromWhatHasIt) {
                       {"a<b>b</b><b>c</b>", 1, 2, "abc"},
                       {"<b>ab</b>", 0, 1, "<b>ab</b>"},
                       {"<strong>a</strong>", 0, 1, "<strong>a</strong>"},
+                      {"a<b \xFF<b>b</b>c", 1, 1, "a<b \xFF<b>b</b>c"},
                       {"</a", 0, 2, "<b>&lt;/</b>a"},
                       {"ab", 1, 0, "ab"}};
   for (const Row& row : rows) {
