@@ -26,8 +26,11 @@ void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value&
                                              bool commitFinished) {
   vnMeetingDataMgr& data = *m_manager.meetingDataMgr();
   if (commitFinished) {
-    window.proxy().saveVnDataToOLProperty(data.getVnDataForOLProperty(meetingInfo));
-    data.setEncodeMailBody(m_manager.getEncodeMail());
+    // A digest tells that its invitation stands in the body: with that of one that was not written, into a body
+    // that the host has not brought yet, the next save would not write it either.
+    const bool isInvitationWritten = !window.proxy().isValidConnection() || window.proxy().knowsBody();
+    window.proxy().saveVnDataToOLProperty(data.getVnDataForOLProperty(meetingInfo, isInvitationWritten));
+    if (isInvitationWritten) data.setEncodeMailBody(m_manager.getEncodeMail());
   }
   vnECCalendarEvent* event = window.event();
   if (!event) return;

@@ -161,15 +161,17 @@ Value vnMeetingDataMgr::getVnSettingsData(const OptionalText& windowId) const {
   return settings;
 }
 
-OptionalText vnMeetingDataMgr::getVnDataForOLProperty(const Value& meetingInfo) const {
+OptionalText vnMeetingDataMgr::getVnDataForOLProperty(const Value& meetingInfo, bool isInvitationWritten) const {
   const Value& html = meetingInfo[vn_API_Para_InviteHtmlEmail];
   const OptionalText invitation = html.text().empty()
                                       ? meetingInfo[vn_ApptInfo_Body].optionalText()
                                       : vnBodyHelper::sharedInstance().convertHTMLToPlainText(html.optionalText());
+  const OptionalText digest =
+      isInvitationWritten ? vnMd5Utils::vnMD5Hex(invitation) : m_encodeMailBody.value_or("");
   const Value& apptInfo = meetingInfo[vn_Outlook_ApptInfo];
   const Value record = Value::dictionaryFromPairs(
       {{vn_OLProperty_MeetingKey, meetingInfo[vn_MeetingKey]},
-       {vn_OLProperty_EncodeMailBody, vnMd5Utils::vnMD5Hex(invitation)},
+       {vn_OLProperty_EncodeMailBody, digest},
        {vn_Meeting_JoinUrl, meetingInfo[vn_Meeting_JoinUrl]},
        {vn_Setting_ForceIncludeJoinurlInLocation, m_forceIncludeJoinurlInLocation},
        {vn_Setting_SelectInvitationLanguage, m_selectInvitationLanguage},

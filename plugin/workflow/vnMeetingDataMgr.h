@@ -76,8 +76,9 @@ class vnMeetingDataMgr {
   // only when the reader claims to have a meeting and then gives none.
   Value getVnSettingsData(const OptionalText& windowId) const;
   // The record to store in the appointment, as JSON text, from the meeting information. It ends at the first
-  // absent value; readers tolerate what is missing.
-  OptionalText getVnDataForOLProperty(const Value& meetingInfo) const;
+  // absent value; readers tolerate what is missing. While the invitation is not written yet, the record keeps the
+  // digest of the one before, "" without one.
+  OptionalText getVnDataForOLProperty(const Value& meetingInfo, bool isInvitationWritten = true) const;
 
   // Whether the service must be told: the new vnMeetingData differ from the meeting as it was read last. Location,
   // body and attendees never reach the service by themselves and are not compared.
