@@ -4,8 +4,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -18,6 +20,7 @@ namespace vorn {
 namespace {
 
 constexpr mode_t kModeBits = 07777;
+constexpr int kMostLinks = 40;
 
 class Descriptor {
  public:
@@ -37,15 +40,31 @@ class Descriptor {
   int m_number;
 };
 
-std::string behindLinks(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), &std::free);
-  return resolved ? resolved.get() : path;
-}
-
 std::string folderOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   if (slash == std::string::npos) return ".";
   return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+// What a symbolic link says; absent for anything else.
+std::optional<std::string> linkAt(const std::string& path) {
+  std::array<char, PATH_MAX> target;
+  const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+  if (length <= 0 || static_cast<std::size_t>(length) == target.size()) return std::nullopt;
+  return std::string(target.data(), static_cast<std::size_t>(length));
+}
+
+// The file that the path means, whether it is there already or not; "" behind links without an end.
+std::string behindLinks(const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), &std::free);
+  if (resolved) return resolved.get();
+  std::string at = path;
+  for (int links = 0; links < kMostLinks; ++links) {
+    const std::optional<std::string> next = linkAt(at);
+    if (!next) return at;
+    at = next->front() == '/' ? *next : folderOf(at) + "/" + *next;
+  }
+  return {};
 }
 
 bool writeAll(int descriptor, std::string_view content) {
@@ -58,10 +77,20 @@ bool writeAll(int descriptor, std::string_view content) {
   return true;
 }
 
+// Only an administrator may give a file away, but mostly one may give it to a group of one's own.
+void keepOwner(int descriptor, const struct stat& before) {
+  struct stat made;
+  if (::fstat(descriptor, &made) != 0) return;
+  const bool isSame = made.st_uid == before.st_uid && made.st_gid == before.st_gid;
+  if (isSame || ::fchown(descriptor, before.st_uid, before.st_gid) == 0) return;
+  static_cast<void>(::fchown(descriptor, made.st_uid, before.st_gid) == 0);
+}
+
 bool writeNewFile(int descriptor, std::string_view content, const std::string& before, const std::string& model) {
   struct stat facts;
-  const bool hasMode =
-      ::stat(before.c_str(), &facts) == 0 || (!model.empty() && ::stat(model.c_str(), &facts) == 0);
+  const bool hasBefore = ::stat(before.c_str(), &facts) == 0;
+  if (hasBefore) keepOwner(descriptor, facts);
+  const bool hasMode = hasBefore || (!model.empty() && ::stat(model.c_str(), &facts) == 0);
   if (hasMode && ::fchmod(descriptor, facts.st_mode & kModeBits) != 0) return false;
   return writeAll(descriptor, content) && ::fsync(descriptor) == 0;
 }
@@ -85,6 +114,7 @@ bool replaceFile(const std::string& path, std::string_view content, const std::s
   if (path.empty()) return false;
   if (holds(path, content)) return true;
   const std::string target = behindLinks(path);
+  if (target.empty()) return false;
   std::string temporary;
   int number = -1;
   do {

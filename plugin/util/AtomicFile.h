@@ -9,10 +9,10 @@ namespace vorn {
 // Whole files by path. Any thread; two writers of one path leave the file of the later one, whole.
 
 // Writes the content to a new file beside the path, brings it to the disk and gives it the name, so that a reader
-// finds the old content or the new one and nothing between. An existing file keeps its mode, a new one takes that
-// of the model, where there is one, and a symbolic link keeps its place: the file that it names is the one
-// replaced. A file that holds the content already is left as it is, with its times. False, with the old content
-// untouched, when any step fails.
+// finds the old content or the new one and nothing between. An existing file keeps its mode, and its owner and
+// group where the system allows it; a new one takes the mode of the model, where there is one. A symbolic link
+// keeps its place: the file that it names is the one replaced, or made. A file that holds the content already is
+// left as it is, with its times. False, with the old content untouched, when any step fails.
 bool replaceFile(const std::string& path, std::string_view content, const std::string& model = "");
 
 // The content of a regular file; absent for anything else and on any failure.

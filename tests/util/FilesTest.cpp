@@ -40,6 +40,9 @@ TEST_F(Files, AreReplacedWholeAndKeepTheirModeAndTheirLinks) {
   const std::string file = path("kept");
   ASSERT_TRUE(replaceFile(file, "first"));
   ASSERT_EQ(::chmod(file.c_str(), 0640), 0);
+  // Another group, where the system lets this process give one.
+  const gid_t group = ::geteuid() == 0 ? 1 : ::getegid();
+  ASSERT_EQ(::chown(file.c_str(), ::geteuid(), group), 0);
   std::filesystem::create_symlink(file, path("link"));
   ASSERT_TRUE(replaceFile(path("link"), std::string(200'000, 'x') + std::string(1, '\0')));
   EXPECT_EQ(readFile(file), std::string(200'000, 'x') + std::string(1, '\0'));
@@ -47,7 +50,14 @@ TEST_F(Files, AreReplacedWholeAndKeepTheirModeAndTheirLinks) {
   struct stat facts;
   ASSERT_EQ(::stat(file.c_str(), &facts), 0);
   EXPECT_EQ(facts.st_mode & 0777, 0640U);
+  EXPECT_EQ(facts.st_gid, group);
   EXPECT_EQ(filesInHome(), 1U) << "nothing temporary stays";
+  std::filesystem::create_symlink("made", path("to nothing yet"));
+  EXPECT_TRUE(replaceFile(path("to nothing yet"), "x"));
+  EXPECT_EQ(readFile(path("made")), "x");
+  EXPECT_TRUE(std::filesystem::is_symlink(path("to nothing yet")));
+  std::filesystem::create_symlink("to itself", path("to itself"));
+  EXPECT_FALSE(replaceFile(path("to itself"), "x"));
 }
 
 // A process without standard input and output replaces a file by one that is longer than the system allows, which
