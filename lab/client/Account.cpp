@@ -244,7 +244,9 @@ Account Account::fromText(std::string_view text) {
 Account Account::fromFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   std::ostringstream text;
-  if (!file || !(text << file.rdbuf())) throw AccountError(path + ": cannot be read");
+  // Nothing to copy counts as a failure, too; of an empty text it is told what is missing in it.
+  const bool isEmpty = file && file.peek() == std::ifstream::traits_type::eof() && !file.bad();
+  if (!isEmpty && !(text << file.rdbuf())) throw AccountError(path + ": cannot be read");
   try {
     return fromText(text.str());
   } catch (const AccountError& error) {

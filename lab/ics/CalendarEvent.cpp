@@ -17,6 +17,7 @@ constexpr std::string_view kInbandProperty = "X-VORNLAB-OLMUCINBAND";
 constexpr std::string_view kCapabilitiesProperty = "X-VORNLAB-OLMUCCAPABILITIES";
 constexpr int kMostOccurrencesCounted = 1000;
 constexpr double kSecondsPerDay = 86400;
+constexpr std::size_t kMostShown = 40;
 
 std::string upperCase(std::string text) {
   for (char& c : text) {
@@ -193,15 +194,35 @@ bool CalendarEvent::isAllDay() const {
   return begin && begin->isAllDay;
 }
 
-std::string CalendarEvent::doubtOfTimes() const {
+IcsProblem CalendarEvent::doubtOfTimes() const {
+  const IcsDocument& document = m_store->m_document;
+  const auto doubt = [&](std::string_view name, const std::string& what) {
+    return IcsProblem{document.physicalLineOf(component(), name), what};
+  };
+  const auto valueOf = [&](const char* name) {
+    return "\"" + wellFormed(textOf(name).substr(0, kMostShown)) + "\"";
+  };
   for (const char* name : {"DTSTART", "DTEND"}) {
     const auto time = timeOf(name);
+    if (!time && document.property(component(), name)) {
+      return doubt(name, std::string(name) + " " + valueOf(name) + " is no time, and counts as none");
+    }
     if (!time) continue;
     if (!time->isZoneKnown)
-      return "nobody knows the zone \"" + wellFormed(time->zone) + "\": its times are taken as UTC";
+      return doubt(name, "nobody knows the zone \"" + wellFormed(time->zone) + "\", its times are taken as UTC");
     if (time->isFloating && !time->isAllDay && m_store->m_options.zone.empty()) {
-      return "times without a zone are taken as UTC; --zone says which zone is meant";
+      return doubt(name, "times without a zone are taken as UTC; --zone says which zone is meant");
     }
+  }
+  const std::string duration = textOf("DURATION");
+  if (!duration.empty() && icaldurationtype_is_bad_duration(icaldurationtype_from_string(duration.c_str()))) {
+    return doubt("DURATION", "DURATION " + valueOf("DURATION") + " is none, and counts as 0 minutes");
+  }
+  const auto begin = start();
+  const auto last = end();
+  if (begin && last && last->seconds < begin->seconds) {
+    const char* const name = timeOf("DTEND") ? "DTEND" : "DURATION";
+    return doubt(name, std::string(name) + " " + valueOf(name) + " ends it before it begins");
   }
   return {};
 }

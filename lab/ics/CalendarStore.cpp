@@ -118,9 +118,8 @@ std::vector<IcsProblem> CalendarStore::doubts() {
   std::vector<IcsProblem> result = m_document.warnings();
   std::set<std::string> told;
   for (const CalendarEvent& event : events()) {
-    const std::string doubt = event.doubtOfTimes();
-    if (doubt.empty() || !told.insert(doubt).second) continue;
-    result.push_back({m_document.physicalLineOf(m_eventComponents[event.index()], "DTSTART"), doubt});
+    const IcsProblem doubt = event.doubtOfTimes();
+    if (!doubt.message.empty() && told.insert(doubt.message).second) result.push_back(doubt);
   }
   std::stable_sort(result.begin(), result.end(),
                    [](const IcsProblem& a, const IcsProblem& b) { return a.line < b.line; });

@@ -77,8 +77,9 @@ class CalendarEvent {
   // DTEND, or the start with DURATION; without both, the start, and for a whole day the next.
   std::optional<CalendarTime> end() const;
   bool isAllDay() const;
-  // What was assumed about its times, and may be wrong: a zone that nobody knows, or none; "" for nothing.
-  std::string doubtOfTimes() const;
+  // What was assumed about its times, and may be wrong: a zone that nobody knows, or none, a time that is none, an
+  // end before the start; without a message for nothing.
+  IcsProblem doubtOfTimes() const;
   CalendarRecurrence recurrence() const;
   // The starts of a series in that span, in seconds since 1970, oldest first: without the dates that the file
   // takes out, and without those that have an event of their own. None for what is no series.

@@ -12,6 +12,7 @@
 
 #include "lab/shell/LabError.h"
 #include "lab/shell/Output.h"
+#include "lab/words/OptionChecks.h"
 
 namespace vornlab {
 namespace {
@@ -67,8 +68,11 @@ std::string faultInWords(const std::filesystem::path& file, const IcsProblem& pr
 
 void loadCalendar(CalendarStore& calendar, const CalendarInput& input) {
   IcsProblem problem;
-  const bool isRead = isStream(input.file) ? calendar.loadText(contentOfStream(input.file), problem)
-                                           : calendar.load(input.file.string(), problem);
+  const bool hasEnd = !isStream(input.file);
+  const std::string complaint = hasEnd ? complaintOfFile(input.file.string()) : "";
+  if (!complaint.empty()) throw UsageError(complaint);
+  const bool isRead = hasEnd ? calendar.load(input.file.string(), problem)
+                             : calendar.loadText(contentOfStream(input.file), problem);
   if (!isRead) throw UsageError(faultInWords(input.file, problem));
   const std::vector<IcsProblem> doubts = calendar.doubts();
   if (input.isStrict && !doubts.empty()) throw UsageError(faultInWords(input.file, doubts.front()));

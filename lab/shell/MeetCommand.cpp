@@ -125,7 +125,7 @@ class MeetRun {
       result.outcome = Outcome::failed;
       result.reason = faultInWords(m_options.input.file, *refusal);
     } else if (result.reason.empty()) {
-      result.reason = event.doubtOfTimes();
+      result.reason = event.doubtOfTimes().message;
     }
   }
 

@@ -56,7 +56,7 @@ void World::makeRoot(const Options& options) {
   } else {
     std::error_code failed;
     fs::create_directories(folder, failed);
-    m_root = fs::canonical(folder, failed);
+    if (!failed) m_root = fs::canonical(folder, failed);
     if (failed) throw LabError("cannot make the folder " + folder.string() + ": " + failed.message());
   }
   if (!options.mayBeTooLongForSocket && m_root.native().size() > kLongestRoot) {

@@ -77,8 +77,12 @@ TEST(CalendarStore, TellsWhatIsDoubtfulInAFileWithItsLine) {
       "junk\r\nBEGIN:VEVENT\r\nDTSTART;TZID=Nowhere:20300513T120000\r\nEND:VEVENT\r\n"
       "BEGIN:VEVENT\r\nDTSTART;TZID=Nowhere:20300514T120000\r\nEND:VEVENT\r\n"
       "BEGIN:VEVENT\r\nUID:1\r\nDTSTART:20300513T080000\r\nEND:VEVENT\r\n"
-      "BEGIN:VEVENT\r\nDTSTART;VALUE=DATE:20300513\r\nEND:VEVENT\r\n");
-  const std::pair<const char*, std::vector<std::size_t>> rows[] = {{"", {3, 5, 12}}, {"Europe/Berlin", {3, 5}}};
+      "BEGIN:VEVENT\r\nDTSTART;VALUE=DATE:20300513\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nDTSTART:20300513T080000Z\r\nDTEND:banana\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nDTSTART:20300513T080000Z\r\nDTEND:20300513T070000Z\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nDTSTART:20300513T080000Z\r\nDURATION:long\r\nEND:VEVENT\r\n");
+  const std::pair<const char*, std::vector<std::size_t>> rows[] = {{"", {3, 5, 12, 19, 23, 27}},
+                                                                   {"Europe/Berlin", {3, 5, 19, 23, 27}}};
   for (const auto& [zone, lines] : rows) {
     CalendarStore::Options options;
     options.zone = zone;
@@ -86,8 +90,8 @@ TEST(CalendarStore, TellsWhatIsDoubtfulInAFileWithItsLine) {
     std::vector<std::size_t> told;
     for (const IcsProblem& doubt : store.doubts()) told.push_back(doubt.line);
     EXPECT_EQ(told, lines) << zone;
-    EXPECT_NE(store.eventAt(1).doubtOfTimes().find("\"Nowhere\""), std::string::npos);
-    EXPECT_EQ(store.eventAt(3).doubtOfTimes(), "") << "a whole day is one everywhere";
+    EXPECT_NE(store.eventAt(1).doubtOfTimes().message.find("\"Nowhere\""), std::string::npos);
+    EXPECT_EQ(store.eventAt(3).doubtOfTimes().message, "") << "a whole day is one everywhere";
   }
 }
 

@@ -38,6 +38,8 @@ TEST(Scenario, SaysWhereALineCannotBeReadAndWhatWasExpected) {
        "expect bar add|meeting|hidden|none"},
       {"click", "x.vorn:1: expected one of add, cancel, settings, audio 1, audio 2, ribbon schedule"},
       {"type times tomorrow", "x.vorn:1: expected a time such as 2026-11-23T09:00, found \"tomorrow\""},
+      {"type times 2026-02-30T09:00", "x.vorn:1: expected a time such as 2026-11-23T09:00"},
+      {"type times 2026-11-23T24:00", "x.vorn:1: expected a time such as 2026-11-23T09:00"},
       {"type times 2026-11-23T09:00 for 5", "x.vorn:1: expected \"min\", the line ends"},
       {"type subject Budget", "x.vorn:1: expected a text in quotes, found \"Budget\""},
       {"save and send", "x.vorn:1: expected nothing more, found \"and\""},

@@ -24,7 +24,8 @@ std::string_view trimmed(std::string_view text) {
 }
 
 [[noreturn]] void fail(std::string_view act, const std::string& expected) {
-  throw UsageError("--try \"" + std::string(act) + "\": expected " + expected);
+  // Not the act in front: a name of a secret before a colon has what follows covered.
+  throw UsageError("--try: expected " + expected + ", not \"" + std::string(act) + "\"");
 }
 
 // Up to the next comma that stands in no quotes. A quote begins only behind a blank or "=", so that an apostrophe

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <ctime>
 
+#include "lab/shell/Words.h"
+
 namespace vornlab {
 namespace {
 
@@ -59,14 +61,15 @@ std::int64_t LineReader::number(std::string_view what) {
 double LineReader::time() {
   const std::string word(ahead());
   std::tm parts{};
-  int length = 0;
-  const int read = std::sscanf(word.c_str(), "%4d-%2d-%2dT%2d:%2d%n", &parts.tm_year, &parts.tm_mon,
-                               &parts.tm_mday, &parts.tm_hour, &parts.tm_min, &length);
-  if (read != 5 || static_cast<std::size_t>(length) != word.size()) fail("a time such as 2026-11-23T09:00");
+  const bool isRead = std::sscanf(word.c_str(), "%4d-%2d-%2dT%2d:%2d", &parts.tm_year, &parts.tm_mon,
+                                  &parts.tm_mday, &parts.tm_hour, &parts.tm_min) == 5;
   parts.tm_year -= 1900;
   parts.tm_mon -= 1;
+  const auto seconds = static_cast<double>(timegm(&parts));
+  // What is no day of the calendar, or written in another way, comes back as something else.
+  if (!isRead || timeInWords(seconds, "%Y-%m-%dT%H:%M") != word) fail("a time such as 2026-11-23T09:00");
   ++m_at;
-  return static_cast<double>(timegm(&parts));
+  return seconds;
 }
 
 double LineReader::minutes() { return amount("min"); }

@@ -4,7 +4,9 @@
 
 #include "lab/client/Account.h"
 #include "lab/client/Replies.h"
+#include "lab/ics/CalendarStore.h"
 #include "lab/ics/IcsDocument.h"
+#include "lab/shell/CalendarInput.h"
 #include "lab/shell/SystemVersion.h"
 #include "lab/shell/Words.h"
 #include "lab/shell/scenario/ScenarioWords.h"
@@ -199,6 +201,9 @@ const std::array kSetUpWords = {
     SetUpWord{"calendar", "calendar FILE",
               [](LineReader& line, ScenarioSetUp& setUp) {
                 setUp.calendar = findFile(line, line.text("a file"), "lab/calendars");
+                IcsProblem problem;
+                if (CalendarStore().load(setUp.calendar.string(), problem)) return;
+                line.refuse(faultInWords(setUp.calendar, problem));
               }},
     SetUpWord{"appointment", kAppointment,
               [](LineReader& line, ScenarioSetUp& setUp) { AppointmentReader(line, setUp).read(); }},
