@@ -111,12 +111,17 @@ OptionalText LocationRule::getOLUserInputLocation(MeetingWindow& window) const {
   const OptionalText trimmed = vnOLUtils::trimAllSpaceAndNewLine(window.shownLocation());
   if (!trimmed || trimmed->empty()) return trimmed;
 
+  const vnECCalendarEvent* event = window.event();
+  const auto withoutAllRooms = [&](std::string text) {
+    text = withoutRooms(std::move(text), m_data.getSavedApptInfo()[vn_ApptInfo_Attendees]);
+    return event ? withoutRooms(std::move(text), event->getVnAttendeesData()) : text;
+  };
+  // Before the URLs, too: without one, words behind it would come to stand beside the last room.
+  std::string text = withoutAllRooms(*trimmed);
   // A URL without a passcode is a prefix of the same URL with one, so those with a passcode go first.
-  std::string text = withoutUrls(*trimmed, m_data.usedJoinUrlListWithPwd());
+  text = withoutUrls(std::move(text), m_data.usedJoinUrlListWithPwd());
   text = withoutUrls(std::move(text), m_data.usedJoinUrlListWithoutPwd());
-  text = withoutRooms(std::move(text), m_data.getSavedApptInfo()[vn_ApptInfo_Attendees]);
-  if (const vnECCalendarEvent* event = window.event())
-    text = withoutRooms(std::move(text), event->getVnAttendeesData());
+  text = withoutAllRooms(std::move(text));
   text = vnOLUtils::trimRLSpace(text).value_or("");
   return vnOLUtils::trimRLSpace(withoutSemicolonsAtEnds(text));
 }

@@ -68,6 +68,7 @@ TEST_F(Location, TheUsersOwnTextIsWhatNobodyElsePutThere) {
       {"東京; https://elsewhere/j/1; Room 7", "https://elsewhere/j/1"},
       {"https://vorn.example/j/1?pwd=x; https://vorn.example/j/1?pwd=x", ""},
       {"https://vorn.example/j/12", "https://vorn.example/j/12"},
+      {"Room 7; https://vorn.example/j/1 ask at the door", "ask at the door"},
       {"Laboratory 3; Lab; north", "Laboratory 3"},
       {"Broom 7; Room 7b; Room 7 , Castle;  Room 7", "Broom 7; Room 7b; Room 7 , Castle"},
       {"Ada", "Ada"},
