@@ -39,7 +39,11 @@ int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command
   request.set(vn_ApptInfo_OlApptUUID, m_askedUUID);
   request.set(vn_API_Call_Para_ShowCommunicationDlg, false);
   const HostObject ownerWindow = meetingData[keyEventOwnerWindow].object();
-  return m_manager.apiMgr()->getMeetingByApptUUID(ownerWindow, request) == 0 ? 0 : 1;
+  if (m_manager.apiMgr()->getMeetingByApptUUID(ownerWindow, request) == 0) return 0;
+  // The host makes no edit that was refused. Nor may the answer to another window's question, which is heard here
+  // too, make it at the service later.
+  if (m_updatedMeetingDataOnCalendar.isPresent()) m_updatedMeetingDataOnCalendar = Value::dictionary();
+  return 1;
 }
 
 void CalendarEdits::replayUpdateOnCalendar() {

@@ -11,7 +11,7 @@ class vnMeetingMgr;
 // An edit on the calendar's surface, which has no editor. The stored key of the appointment may be stale, so the
 // service is first asked which meeting it knows by the appointment's UUID; the edit is parked until that has been
 // answered. Without an answer it stays parked until the next edit takes its place: the host keeps the user's
-// change, and the service does not hear of it.
+// change, and the service does not hear of it. One whose question is refused is made by nobody, and is not parked.
 class CalendarEdits {
  public:
   // The manager outlives it.
