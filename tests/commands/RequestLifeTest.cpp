@@ -149,6 +149,31 @@ TEST_F(RequestLife, TheManagerMayEndItsCommandsWhileItHearsOfAReply) {
   EXPECT_EQ(owner.finished.size(), 1u);
 }
 
+// A sheet may run the loop until it has its answer.
+TEST_F(RequestLife, WhatHappensBehindTheSheetOfADeleteDoesNotChangeWhoHearsOfItAndWhat) {
+  const Value key = Value::dictionaryFromPairs({{"meetingKey", "987"}});
+  world.presenter.setAlertObserver([&](const auto&) {
+    if (world.presenter.alerts().size() > 1) return;
+    runClient(false);
+    EXPECT_NE(mgr->deleteMeeting(window, key), 0);
+    runClient();
+  });
+  mgr->deleteMeeting(window, key);
+  reply("3", "987");
+  ASSERT_EQ(owner.finished.size(), 1u);
+  EXPECT_EQ(owner.finished[0].data[keyVnAPIResponse][keyVNResult], Value("Success"));
+
+  // The window closes, and the next one opens in its place.
+  world.presenter.setAlertObserver([&](const auto&) {
+    mgr.reset();
+    mgr = std::make_unique<vnAPIMgr>();
+    mgr->setMeetingMgrInstance(&owner);
+  });
+  mgr->deleteMeeting(window, key);
+  reply("3", "987");
+  EXPECT_EQ(owner.finished.size(), 1u);
+}
+
 TEST_F(RequestLife, AfterCleanupNothingIsSentAndNothingIsHeard) {
   mgr->getScheduleForList(window);
   mgr->cleanup();

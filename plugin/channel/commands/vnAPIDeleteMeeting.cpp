@@ -34,13 +34,15 @@ std::optional<CommandResult> vnAPIDeleteMeeting::onVornFeedback(const std::strin
     popupErrorMsg(*window, errorCode());
     return std::nullopt;
   }
-  if (!doNotRemindShowDeleteUI() && vnClientFeatureMgr::sharedInstance().isVornClientSupport464Tasks()) {
-    VNDeletedMeetingWindowController::showSheet(*window);
-  }
-  return CommandResult{
+  // Made before the sheet, in which another request may be refused and leave its error here.
+  CommandResult result{
       *window, VnCmdDelete,
       Value::dictionaryFromPairs(
           {{vn_MeetingKey, content}, {vn_API_Para_InvitationEmail, ""}, {keyVNResult, getAPIResult()}})};
+  if (!doNotRemindShowDeleteUI() && vnClientFeatureMgr::sharedInstance().isVornClientSupport464Tasks()) {
+    VNDeletedMeetingWindowController::showSheet(*window);
+  }
+  return result;
 }
 
 bool vnAPIDeleteMeeting::doNotRemindShowDeleteUI() { return not_again::deletedMeeting().isSet(); }

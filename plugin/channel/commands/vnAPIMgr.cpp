@@ -27,7 +27,8 @@ vnAPIMgr::vnAPIMgr()
       m_apiDeleteMeeting(std::make_shared<vnAPIDeleteMeeting>()),
       m_apiGetMeetingByApptUUID(std::make_shared<vnAPIGetMeetingByApptUUID>()),
       m_apiGetPAC(std::make_shared<vnAPIGetPAC>()),
-      m_apiGetScheduleForList(std::make_shared<vnAPIGetScheduleForList>()) {
+      m_apiGetScheduleForList(std::make_shared<vnAPIGetScheduleForList>()),
+      m_self(std::make_shared<vnAPIMgr*>(this)) {
   initIPCChannel();
 }
 
@@ -183,10 +184,12 @@ void vnAPIMgr::onMessageResponse(const Value& userInfo) { handleMessageRespose(u
 
 void vnAPIMgr::handleMessageRespose(const Value& userInfo) {
   const Value envelope = userInfo;
+  const std::weak_ptr<vnAPIMgr*> self = m_self;
   const auto result = readReply(vnIPCChannel::actionOfEnvelope(envelope), envelope[VN_IPC_CONTENT].text());
-  // The last thing done here: the manager's answer to a reply may be the end of this object, and so may what a
-  // command without a result has told the user.
-  if (result) sendResponseToMeetingMgr(result->parentWindow, result->command, result->data);
+  // What a command tells the user may run the loop, in which the window may close and end this object.
+  if (!result || self.expired()) return;
+  // The last thing done here: the manager's answer to a reply may be the end of this object, too.
+  sendResponseToMeetingMgr(result->parentWindow, result->command, result->data);
 }
 
 std::optional<CommandResult> vnAPIMgr::readReply(int action, const std::string& content) {

@@ -101,6 +101,9 @@ class vnAPIMgr {
 
   NotificationCenter::Subscription m_socketReplies;
   std::unique_ptr<DistributedNotifications::Subscription> m_distributedReplies;
+
+  // What the handler of a reply, which may outlive this object, knows of its life.
+  std::shared_ptr<vnAPIMgr*> m_self;
 };
 
 }  // namespace vorn
