@@ -55,6 +55,7 @@ TEST_F(RequestLife, ATimerOfAnEarlierRequestNeitherWakesTheClientNorTouchesADest
   EXPECT_FALSE(world.presenter.showsProgress());
   runFor(100);
   EXPECT_EQ(activations(), 2u);
+  EXPECT_EQ(world.runLoop.waiting(), 0u);
 }
 
 TEST_F(RequestLife, TheSheetIsShownAsEachRequestSays) {

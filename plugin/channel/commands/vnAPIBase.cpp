@@ -74,7 +74,12 @@ int vnAPIBase::action(const HostObject& parentWindow) {
 std::shared_ptr<RunLoop::Timer> vnAPIBase::startTimer(double seconds, RunLoop::Repeats repeats) {
   return Registry::platform().runLoop->scheduledTimer(
       seconds, repeats, [self = std::weak_ptr<vnAPIBase*>(m_self)](RunLoop::Timer& fired) {
-        if (const auto command = self.lock()) (*command)->onTimeOut(fired);
+        if (const auto command = self.lock()) {
+          (*command)->onTimeOut(fired);
+        } else {
+          // Or one more would go on for ever with each window that closes while a request waits.
+          fired.invalidate();
+        }
       });
 }
 

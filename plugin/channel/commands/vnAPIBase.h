@@ -54,7 +54,7 @@ class vnAPIBase {
   void onTimeOut(RunLoop::Timer& timer);
   // A reply is waited for: a request has gone out, and its reply has neither come nor taken too long.
   bool isWaiting() const { return myTimer && myTimer->isValid(); }
-  // Lets go of the timers, which go on running and then find nobody.
+  // Lets go of the timers, which go on running, find nobody, and stop when they find this command gone.
   void releaseTimer();
   // Stops the timers and lets go of them.
   void invalidateTimer();
