@@ -25,6 +25,12 @@ std::string bare(const OptionalText& text) { return vnOLUtils::trimRLSpace(text)
 // How the helper writes the id of a conference that has none.
 constexpr std::string_view kNoMeetingID = "0";
 
+// Absent for a conference that has none.
+OptionalText meetingID(std::int64_t account) {
+  const OptionalText id = vnGetPACHelper::sharedInstance().pacMeetingID(account);
+  return id == kNoMeetingID ? std::nullopt : id;
+}
+
 // Each number of the list with the blank before it, and once more without, as another place in the list would have
 // left it.
 void addNumbers(std::string_view numbers, std::vector<std::string>& parts) {
@@ -47,8 +53,7 @@ std::vector<std::string> partsOfAllAccounts() {
   for (std::int64_t account = 1; account <= conferences.pacCount(); ++account) {
     parts.push_back(bare(conferences.dedicatedDailinNumber(account)));
     addNumbers(conferences.pacDialInNumberWithCommaSeparator(account).value_or(""), parts);
-    const std::string id = conferences.pacMeetingID(account).value_or(std::string(kNoMeetingID));
-    if (id != kNoMeetingID) parts.push_back(id);
+    if (const OptionalText id = meetingID(account)) parts.push_back(*id);
   }
   return parts;
 }
@@ -126,19 +131,23 @@ void vnPACMeetingMgr::updateLocation(MeetingWindow& window) {
   // What stands in the field may not have reached the appointment yet, and is the user's all the same.
   const OptionalText typed = window.proxy().getLocationFromUI();
   const OptionalText before = isEmpty(typed) ? event->location() : typed;
-  const OptionalText location = getNewLocationForPAC(before);
+  const std::string dialIn = bare(getLocationWithPACAccountNo(account()));
+  const OptionalText own = ownWords(before);
+  // What the last add has left goes also for a conference that has nothing to put in its place.
+  const OptionalText location = dialIn.empty() ? own : getNewLocationForPAC(before);
   if (!location) return;
   // A place that the user's words end with already was not added.
-  const bool isOurs = location != getOLUserInputString(withoutLastAdd(before));
-  const std::string dialIn = bare(getLocationWithPACAccountNo(account()));
+  const bool isOurs = location != own;
   m_added = isOurs ? std::optional(Added{appointment, dialIn, timesInWhole(*location, dialIn)}) : std::nullopt;
   window.showLocation(*location);
 }
 
 OptionalText vnPACMeetingMgr::getNewLocationForPAC(const OptionalText& location) const {
   const OptionalText dialIn = getLocationWithPACAccountNo(account());
-  if (!dialIn) return getOLUserInputString(location);
-  const std::string own = getOLUserInputString(withoutLastAdd(location)).value_or("");
+  // At a store nobody asks for another conference: what an add has left stays, as it does in the body, when the
+  // service tells nothing of it any more.
+  if (bare(dialIn).empty()) return getOLUserInputString(location);
+  const std::string own = ownWords(location).value_or("");
   if (own.empty()) return dialIn;
   // Only a place can still be there, from an add that this window knows nothing of or in the user's own words.
   return endsInWhole(own, bare(dialIn)) ? own : own + " " + *dialIn;
@@ -152,13 +161,19 @@ OptionalText vnPACMeetingMgr::getLocationWithPACAccountNo(std::uint64_t account)
   const OptionalText place = conferences.pacLocation(index);
   if (!isEmpty(place)) return place;
   const OptionalText numbers = conferences.pacDialInNumberWithCommaSeparator(index);
-  if (isEmpty(numbers)) return std::nullopt;
+  // Without numbers an id stands by itself: a comma before it would say that something is missing.
+  if (isEmpty(numbers)) return meetingID(index);
   return *numbers + ", " + conferences.pacMeetingID(index).value_or("");
 }
 
 OptionalText vnPACMeetingMgr::getOLUserInputString(const OptionalText& location) const {
   if (isEmpty(location)) return std::nullopt;
   return vnOLUtils::trimRLSpace(withoutWhole(*location, partsOfAllAccounts()));
+}
+
+OptionalText vnPACMeetingMgr::ownWords(const OptionalText& location) const {
+  if (isEmpty(location)) return std::nullopt;
+  return getOLUserInputString(withoutLastAdd(location)).value_or("");
 }
 
 // The last add goes as it was written, also when the service tells something else today. Where its words do not

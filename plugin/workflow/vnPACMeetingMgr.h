@@ -39,10 +39,11 @@ class vnPACMeetingMgr {
   bool isAdded() const;
 
   // The user's own text and the way to dial in, with a blank between; absent when there is neither. What this
-  // window added last is not the user's, and neither are numbers and ids, as below.
+  // window added last is not the user's, and neither are numbers and ids, as below. Without a way to dial in, what
+  // was added last stays but for those.
   OptionalText getNewLocationForPAC(const OptionalText& location) const;
-  // The dedicated number, or else the conference's own place, or else the numbers with the conference's id; absent
-  // for an account that has none of them.
+  // The dedicated number, or else the conference's own place, or else its numbers and its id, or the id alone;
+  // absent for an account that has none of them.
   OptionalText getLocationWithPACAccountNo(std::uint64_t account) const;
   // The location without the numbers and the id of every account, so that a second conference takes the place of
   // the first; absent for an absent or empty location.
@@ -59,6 +60,8 @@ class vnPACMeetingMgr {
   std::uint64_t account() const;
   void executeGetPAC(MeetingWindow& window);
   void updateLocation(MeetingWindow& window);
+  // What is the user's in a location, "" when nothing is; absent for an absent or empty one.
+  OptionalText ownWords(const OptionalText& location) const;
   OptionalText withoutLastAdd(const OptionalText& location) const;
 
   vnMeetingMgr* m_pMeetingMgr = nullptr;

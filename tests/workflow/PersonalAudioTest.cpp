@@ -15,6 +15,7 @@ const Conference kNumbers{5550001, {"+1 200", "+1 20"}};
 const Conference kDedicated{5550002, {}, "+1 999,,5550002#", "", "", "<p>Call</p>"};
 const Conference kPlace{0, {}, "", "Phone"};
 const Conference kBlanks{0, {}, "", " Phone "};
+const Conference kNoDialIn{0, {}};
 const Conference kTurnedOff{5550004, {"+1 400"}, "", "", ""};
 
 // A window that has no meeting.
@@ -88,10 +89,12 @@ TEST_F(PersonalAudio, ALocationKeepsTheUsersWordsAndTakesOneConference) {
       {3, "Phones", "Phones", "Phones Phone"},
       {3, "", std::nullopt, "Phone"},
       {4, "Room +1 400, 5550004", "Room", "Room +1 400, 5550004"},
-      {5, "Room 5550001", "Room", "Room"},
-      {5, std::nullopt, std::nullopt, std::nullopt},
+      {5, "Room 5550001", "Room", "Room 5550005"},
+      {5, "Room 5550005", "Room", "Room 5550005"},
+      {6, "Room 5550001", "Room", "Room"},
+      {6, std::nullopt, std::nullopt, std::nullopt},
   };
-  clientTells({kNumbers, kDedicated, kPlace, kTurnedOff});
+  clientTells({kNumbers, kDedicated, kPlace, kTurnedOff, {5550005, {}}});
   for (const auto& row : rows) {
     SCOPED_TRACE(row.before.value_or("-"));
     data().setPACAccountNo(row.account);
@@ -174,7 +177,7 @@ TEST_F(PersonalAudio, WordsOfTheUserThatOnlyTheFieldHasAreKept) {
 
   // With neither words of theirs nor a way to dial in there is no location to write.
   openWindow();
-  clientTells({{0, {}}});
+  clientTells({kNoDialIn});
   add(1);
   EXPECT_TRUE(window->get(bar()->editor, "location").isAbsent());
 }
@@ -192,6 +195,8 @@ TEST_F(PersonalAudio, AnAddTakesThePlaceOfTheOneBeforeAndOfNothingElse) {
       {"a place within words of the user", "Phone", nullptr, {kPlace}, {kDedicated}, "Phone +1 999,,5550002#"},
       {"a place behind the same word", "Phone 1", nullptr, {kPlace}, {kDedicated}, "Phone 1 +1 999,,5550002#"},
       {"a place that the user took out", "Phone 1", "Phone 1", {kPlace}, {kDedicated}, "Phone 1 +1 999,,5550002#"},
+      {"a place for no way to dial in", "Room", nullptr, {kPlace}, {kNoDialIn}, "Room"},
+      {"a place alone for no way to dial in", "", nullptr, {kPlace}, {kNoDialIn}, ""},
       {"a place with words behind it", "Phone 1", "Phone 1 Phone, ask", {kPlace}, {kPlace}, "Phone 1  ask Phone"},
   };
   for (const auto& row : rows) {
@@ -206,10 +211,12 @@ TEST_F(PersonalAudio, AnAddTakesThePlaceOfTheOneBeforeAndOfNothingElse) {
     EXPECT_EQ(location(), row.after);
     manager().cleanup();
   }
-  // Another appointment in the same window has nothing of it.
   show("Room");
   clientTells({kPlace});
   add(1);
+  clientTells({});
+  EXPECT_EQ(audio().getNewLocationForPAC("Room Phone"), "Room Phone") << "a store, which leaves the body, too";
+  // Another appointment in the same window has nothing of it.
   const HostObject series = test.classRuntime.create(
       "ECCalendarEvent", std::make_shared<Value>(Value::dictionaryFromPairs({{"location", "by Phone or mail"}})));
   window->set(bar()->editor, "content", series);
