@@ -13,12 +13,16 @@ namespace {
 
 constexpr double kHour = 3600;
 
+void addAndStore(RoadWorld& world, const char* uid, const char* item = "") {
+  const auto editor = world.openEditor(uid, item);
+  world.clickAdd(editor);
+  world.saveAndClose(editor);
+}
+
 class CalendarSurface : public testing::Test {
  protected:
   CalendarSurface() {
-    const auto editor = world.openEditor("one");
-    world.clickAdd(editor);
-    world.saveAndClose(editor);
+    addAndStore(world, "one");
     key = world.record("one")["meetingKey"].integerValue();
     world.client->forgetRequests();
   }
@@ -51,11 +55,8 @@ TEST(SeriesItem, ThatIsDeletedLeavesAnEditThatWaitsToItsOwnMeeting) {
   constexpr const char* kItem = "20261124T090000Z";
   RoadWorld world(calendarOfTwo("RRULE:FREQ=DAILY;COUNT=5\r\nSUMMARY:Standup\r\n") +
                   calendarWith("RECURRENCE-ID:20261124T090000Z\r\nSUMMARY:Standup\r\n"));
-  for (const auto& [uid, item] : {std::pair("one", kItem), std::pair("two", "")}) {
-    const auto editor = world.openEditor(uid, item);
-    world.clickAdd(editor);
-    world.saveAndClose(editor);
-  }
+  addAndStore(world, "one", kItem);
+  addAndStore(world, "two");
   const std::int64_t waiting = world.record("two")["meetingKey"].integerValue();
   world.host.drag("two", "", world.store.find("two")->start()->seconds + kHour);
   world.host.deleteFromCalendar("one", kItem);
@@ -66,12 +67,10 @@ TEST(SeriesItem, ThatIsDeletedLeavesAnEditThatWaitsToItsOwnMeeting) {
 TEST(SeriesSwitch, ByTheMenuTheBarShowsWhatTheSeriesHas) {
   RoadWorld world(calendarWith("RRULE:FREQ=DAILY;COUNT=5\r\nSUMMARY:Standup\r\n") +
                   calendarWith("RECURRENCE-ID:20261124T090000Z\r\nSUMMARY:Standup\r\n"));
-  auto editor = world.openEditor("one");
-  world.clickAdd(editor);
-  world.saveAndClose(editor);
+  addAndStore(world, "one");
   const std::string stored = world.calendarText();
 
-  editor = world.openEditor("one", "20261124T090000Z");
+  const auto editor = world.openEditor("one", "20261124T090000Z");
   EXPECT_TRUE(world.offersAdd(editor));
   world.host.answerSeriesQuestion(editor, 0);
   EXPECT_TRUE(world.offersAdd(editor));
@@ -84,6 +83,42 @@ TEST(SeriesSwitch, ByTheMenuTheBarShowsWhatTheSeriesHas) {
   world.host.typeSubject(editor, "Stand-up");
   world.saveAndClose(editor);
   EXPECT_EQ(world.service.meetings().find(world.record("one")["meetingKey"].integerValue())->subject, "Stand-up");
+}
+
+// Whatever the item has: its own meeting hears of nothing that is the series', and stays.
+TEST(SeriesSwitch, ByTheAnswerToTheHostTheWindowGoesOnWithTheSeries) {
+  constexpr const char* kItem = "20261124T090000Z";
+  enum ItemHas { nothing, ownMeeting, meetingOfSeries };
+  for (const auto& [itemHas, seriesHas] :
+       {std::pair(nothing, true), {ownMeeting, true}, {meetingOfSeries, true}, {ownMeeting, false}}) {
+    SCOPED_TRACE(testing::Message() << itemHas << seriesHas);
+    RoadWorld world(calendarWith("RRULE:FREQ=DAILY;COUNT=5\r\nSUMMARY:Standup\r\n") +
+                    calendarWith("RECURRENCE-ID:20261124T090000Z\r\nSUMMARY:Standup\r\n"));
+    if (seriesHas) addAndStore(world, "one");
+    const std::int64_t ofSeries = world.record("one")["meetingKey"].integerValue();
+    if (itemHas == ownMeeting) addAndStore(world, "one", kItem);
+    if (itemHas == meetingOfSeries)
+      world.store.find("one", kItem)->setOlmUCInband(*world.store.find("one")->olmUCInband());
+    const std::int64_t count = world.service.meetings().count();
+
+    const auto editor = world.openEditor("one", kItem);
+    EXPECT_EQ(world.showsMeeting(editor), itemHas == ownMeeting);
+    EXPECT_EQ(world.offersAdd(editor), itemHas == nothing);
+    world.host.answerSeriesQuestion(editor, 1);
+    world.settle();
+    EXPECT_EQ(world.showsMeeting(editor), seriesHas);
+    EXPECT_EQ(world.offersAdd(editor), !seriesHas);
+
+    world.client->forgetRequests();
+    world.host.typeSubject(editor, "Stand-up");
+    world.saveAndClose(editor);
+    EXPECT_EQ(world.store.find("one")->summary(), "Stand-up");
+    EXPECT_EQ(world.record("one")["meetingKey"].integerValue(), ofSeries);
+    EXPECT_EQ(world.service.meetings().count(), count);
+    const auto meeting = world.service.meetings().find(ofSeries);
+    EXPECT_EQ(meeting ? meeting->subject : "none", seriesHas ? "Stand-up" : "none");
+    EXPECT_EQ(world.client->requests().empty(), !seriesHas);
+  }
 }
 
 // The three answers to the host, and any other, which also stops it, for each of its four ways to save.

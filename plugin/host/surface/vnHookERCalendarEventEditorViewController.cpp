@@ -74,10 +74,21 @@ Value vnHookERCalendarEventEditorViewController::vn_ERCalendarEventEditorViewCon
 
 Value vnHookERCalendarEventEditorViewController::vn_ERCalendarEventEditorViewController_switchToRecurrenceDidEnd(
     HookCall& call) {
+  const vnERCalendarEventEditorViewController editor(call.receiver());
+  const bool showedItem = editor.isOccurrenceOrException();
   Value result = call.forward();
   const std::int64_t returnCode = call.argument(1).integerValue();
   if (returnCode != 0 && returnCode != 1) return result;
-  if (const auto bar = vnActionAdditionView::from(barOfEditor(call.receiver()))) bar->refreshUI();
+  const auto bar = vnActionAdditionView::from(barOfEditor(call.receiver()));
+  if (!bar) return result;
+  if (showedItem && !editor.isOccurrenceOrException()) {
+    // The answer was the whole series, with which the window goes on. The bar of an item without a meeting has not
+    // met its editor yet.
+    bar->attachOutlookERCalendarEventEditorWindowController(bar->editorWindowController());
+    bar->refreshUIForSwitchToRecurringSeries();
+  } else {
+    bar->refreshUI();
+  }
   return result;
 }
 
