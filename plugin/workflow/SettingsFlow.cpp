@@ -137,7 +137,12 @@ void SettingsFlow::getPMIMeetingInfo(MeetingWindow& window, std::uint64_t state)
   if (!profile.knowsAccount()) return;
   m_manager.setState(state);
   OptionalText meetingId = profile.roomMeetingID();
-  const std::string scheduleFor = getScheduldForEmailFromUI(window);
+  std::string scheduleFor = getScheduldForEmailFromUI(window);
+  if (scheduleFor.empty() && state == VnStatePMIForUpdate && !openSettingsPanel(window.id())) {
+    // Neither a panel nor the window says whose meeting it is when it is changed later, or on the calendar. The
+    // meeting does, as long as the fetch has not replaced it; with the user's own settings it would become theirs.
+    scheduleFor = m_manager.getMeetingHelper()->getMeetingSettings()[vn_Setting_ScheduleFor].text();
+  }
   if (!scheduleFor.empty() && profile.supportPMIForOnbehalf(scheduleFor)) {
     meetingId = profile.pmiMeetingIDWithScheduleForEmail(scheduleFor);
   }
