@@ -27,6 +27,7 @@ int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command
   if (window.bar() && m_manager.isDragAndMove()) window.bar()->setOLUIAction(VnApptActionCalendarEdit);
   m_manager.meetingDataMgr()->setSavedApptInfo(apptInfo);
   m_manager.meetingDataMgr()->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
+  m_editUnderWay = window.bar() ? Value() : meetingData;
   // After the manager's end there is no place to park an edit in any more.
   if (m_updatedMeetingDataOnCalendar.isPresent()) {
     m_parkedEditIsAlone = !m_manager.apiMgr()->isWaitingForMeetingByApptUUID();
@@ -43,6 +44,7 @@ int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command
   // The host makes no edit that was refused. Nor may the answer to another window's question, which is heard here
   // too, make it at the service later.
   if (m_updatedMeetingDataOnCalendar.isPresent()) m_updatedMeetingDataOnCalendar = Value::dictionary();
+  endEdit();
   return 1;
 }
 
@@ -52,6 +54,7 @@ void CalendarEdits::replayUpdateOnCalendar() {
   Value meetingData = parked[kParkedMeetingData];
   if (!command.isPresent() || !meetingData.isPresent()) return;
   m_updatedMeetingDataOnCalendar = Value::dictionary();
+  endEdit();
   // The key in the appointment may be stale: what the service knows by the UUID counts. A reply that names no UUID
   // may be the answer to an edit that was parked before.
   const vnGetMeetingHelper& meeting = *m_manager.getMeetingHelper();
@@ -78,7 +81,9 @@ int CalendarEdits::sendVnMeetingCommand(std::uint64_t command, const Value& meet
     refused = m_manager.apiMgr()->deleteMeeting(ownerWindow, meetingData);
   } else if (command == VnCmdUpdate) {
     m_manager.setState(VnStateCommitting);
+    m_editUnderWay = window.bar() ? Value() : meetingData;
     refused = m_manager.apiMgr()->getMeeting(window.bar() ? window.parentWindow() : ownerWindow, meetingData);
+    if (refused != 0) endEdit();
   }
   return refused != 0 ? 1 : 0;
 }

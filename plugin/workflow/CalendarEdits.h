@@ -23,12 +23,19 @@ class CalendarEdits {
   void replayUpdateOnCalendar();
   // Sends command 5 or 6 with a complete vnMeetingData. 1 when the request was refused, else 0.
   int sendVnMeetingCommand(std::uint64_t command, const Value& meetingData);
+  // The vnMeetingData of the newest edit, until its commit or delete goes out; absent without one, and for a
+  // manager with a window. What an earlier edit is answered meanwhile must neither move the state on nor clear
+  // what this one needs. Without an answer it stays, like a parked one.
+  const Value& editUnderWay() const { return m_editUnderWay; }
+  // Its commit or delete goes out, or turns out to be unnecessary.
+  void endEdit() { m_editUnderWay = Value(); }
   // Afterwards there is no place to park an edit in any more.
   void cleanup() { m_updatedMeetingDataOnCalendar = Value(); }
 
  private:
   vnMeetingMgr& m_manager;
   Value m_updatedMeetingDataOnCalendar = Value::dictionary();
+  Value m_editUnderWay;
   // No other edit was waiting for its reply when this one was parked.
   bool m_parkedEditIsAlone = true;
   // The appointment's UUID that was asked for last.

@@ -68,7 +68,7 @@ void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingDa
       if (meetingData[vn_Setting][vn_Setting_IsPMI].boolValue()) {
         updatePMIMeeting(window, meetingData);
       } else {
-        m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingData);
+        sendUpdate(window, meetingData);
       }
       return;
     }
@@ -82,7 +82,13 @@ void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingDa
       m_manager.writeBack().updateVnKeyInfoToAppointment(window, info, true);
     }
   }
+  m_manager.calendarEdits().endEdit();
   m_manager.finish().scheduleCloseOLAppointment(window.editor());
+}
+
+void SaveRoad::sendUpdate(MeetingWindow& window, const Value& meetingData) {
+  m_manager.calendarEdits().endEdit();
+  m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingData);
 }
 
 void SaveRoad::updatePMIMeeting(MeetingWindow& window, const Value& /*meetingData*/) {
@@ -144,19 +150,20 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
     case VnStateCommitted: writeCommittedMeeting(window, info); break;
     case VnStatePMIForSettings: showPersonalMeeting(window.id(), info); break;
     case VnStatePMIForSchedule: m_manager.sendVnMeetingCommand(VnCmdSchedule, window.editor()); break;
-    case VnStatePMIForUpdate:
-      m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingDataOfReply(window, info));
-      break;
+    case VnStatePMIForUpdate: sendUpdate(window, meetingDataOfReply(window, info)); break;
     default: break;
   }
 }
 
 Value SaveRoad::meetingDataOfReply(MeetingWindow& window, const Value& meetingInfo) {
   if (window.bar()) return m_manager.getVornMeetingData(window);
+  // The delete of an item may have been saved after the edit that is under way.
+  const Value& edit = m_manager.calendarEdits().editUnderWay();
+  const vnMeetingDataMgr& saved = *m_manager.meetingDataMgr();
   Value data = Value::dictionary();
-  data.set(vn_Outlook_ApptInfo, m_manager.meetingDataMgr()->getSavedApptInfo());
+  data.set(vn_Outlook_ApptInfo, edit.isPresent() ? edit[vn_Outlook_ApptInfo] : saved.getSavedApptInfo());
   data.set(vn_Setting, meetingInfo[vn_Setting]);
-  data.set(vn_MeetingKey, m_manager.meetingDataMgr()->meetingKey());
+  data.set(vn_MeetingKey, edit.isPresent() ? edit[vn_MeetingKey] : Value(saved.meetingKey()));
   return data;
 }
 

@@ -29,6 +29,7 @@ class SaveRoad {
   void onInvokeScheduleErrorMessageCommit(const Value& userInfo);
 
  private:
+  void sendUpdate(MeetingWindow& window, const Value& meetingData);
   void updatePMIMeeting(MeetingWindow& window, const Value& meetingData);
   void writeCommittedMeeting(MeetingWindow& window, const Value& meetingInfo);
   // What a reply is about: the window's data, or those of an edit on the calendar, which has no window.

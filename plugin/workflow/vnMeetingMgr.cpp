@@ -92,6 +92,8 @@ void vnMeetingMgr::cleanup() {
 }
 
 void vnMeetingMgr::clearAllSavedData() {
+  // What an earlier edit on the calendar has left is the newest one's by now, whose own end clears it.
+  if (m_calendarEdits.editUnderWay().isPresent()) return;
   m_bIsDragAndMove = false;
   m_bIsForceUpdate = true;
   m_writeBack.setFirstInvitationIsDue(false);
@@ -160,7 +162,7 @@ int vnMeetingMgr::onExcuteCommandFinished(std::uint64_t command, const Value& da
     case VnCmdChangeSettings: m_settingsFlow.onChangeSettingFinished(data); break;
     case VnCmdSchedule:
     case VnCmdUpdate:
-      setState(VnStateCommitted);
+      if (m_calendarEdits.editUnderWay().isAbsent()) setState(VnStateCommitted);
       m_saveRoad.onSchdulerActionFinished(command, data);
       break;
     case VnCmdDelete: m_saveRoad.onDeleteActionFinished(data); break;
