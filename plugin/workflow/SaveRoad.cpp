@@ -75,8 +75,8 @@ void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingDa
     // The service has nothing to learn. What the user sees may still have to be written.
     const vnMeetingDataMgr& choices = *m_manager.meetingDataMgr();
     if (window.proxy().isOutlookAppointmentItemChanged() || m_manager.isForceUpdate() ||
-        m_manager.writeBack().firstInvitationIsDue() ||
-        choices.isForceIncludeJoinurlInLocationChanged() || choices.isSelectInvitationLanguageChanged()) {
+        m_manager.writeBack().firstInvitationIsDue() || choices.isForceIncludeJoinurlInLocationChanged() ||
+        choices.isSelectInvitationLanguageChanged()) {
       m_manager.setIsForceUpdate(false);
       m_manager.writeBack().updateMailBodyForSchedule(window);
       m_manager.writeBack().updateVnKeyInfoToAppointment(window, info, true);

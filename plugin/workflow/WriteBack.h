@@ -20,7 +20,8 @@ class WriteBack {
   void updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo, bool commitFinished);
   void updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window, const Value& response);
 
-  // The service has a meeting whose invitation is not in the appointment yet: the body holds only the user's words.
+  // The service has a meeting whose invitation is not in the appointment yet: the body holds only the user's
+  // words.
   bool firstInvitationIsDue() const { return m_firstInvitationIsDue; }
   void setFirstInvitationIsDue(bool due) { m_firstInvitationIsDue = due; }
 
