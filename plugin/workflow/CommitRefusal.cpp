@@ -82,6 +82,7 @@ void CommitRefusal::resetMeetingItemWhenUpdateError(const HostObject& parentWind
   if (!m_manager.isForUpdateVornMeeting()) return;
   const auto panel = openSettingsPanel(vnMeetingCommon::getApptWindowIDByWindow(parentWindow));
   if (panel) panel->resetMeetingItemWhenUpdateError();
+  m_manager.settingsFlow().commitRefused();
 }
 
 Value CommitRefusal::getSiteMeetingInfo(const OptionalText& windowId) {

@@ -116,6 +116,7 @@ void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data
     m_manager.finish().scheduleCloseOLAppointment({});
     return;
   }
+  m_manager.settingsFlow().commitStands();
   vnApptDataForSaveRecord::sharedInstance().of(bar).setNeedClearLocation(false);
   if (const auto panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
     panel->commitStands();
@@ -140,6 +141,13 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
   // nothing of it and goes on.
   if (!m_manager.getMeetingHelper()->hasMeetingInfo() && waitedIn != VnStatePMIForSchedule) return;
   MeetingWindow window = MeetingWindow::ofReply(data);
+  const bool isOfMeeting =
+      waitedIn == VnStateCommitting || waitedIn == VnStateCommitted || waitedIn == VnStatePMIForUpdate;
+  if (isOfMeeting && window.bar() && !m_manager.isForUpdateVornMeeting()) {
+    // The meeting was cancelled before this came. Compared or written, it would come back.
+    m_manager.getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
+    return;
+  }
   const Value info = m_manager.getMeetingHelper()->getMeetingInfo();
 
   switch (waitedIn) {

@@ -77,6 +77,10 @@ void SettingsFlow::onInvokeSettingCommit(const Value& userInfo) {
   const OptionalText ownId = m_manager.ownWindow().id();
   if (!ownId || userInfo[keyApptWindowID].text() != *ownId) return;
 
+  // What was fetched for the panel comes too late now. It would be taken for the answer to what is sent next,
+  // which may be waited for in the same way, and the appointment would get another meeting's record.
+  if (m_manager.state() == VnStatePMIForSettings) m_manager.apiMgr()->letGoOfMeeting();
+  if (!m_choicesBeforeCommit) m_choicesBeforeCommit = m_manager.meetingDataMgr()->panelChoices();
   const Value settings = m_manager.meetingDataMgr()->getVnSettingsData(ownId);
   if (const Value& include = settings[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
     m_manager.meetingDataMgr()->setForceIncludeJoinUrlInLocation(include.boolValue());
@@ -91,6 +95,12 @@ void SettingsFlow::onInvokeSettingCommit(const Value& userInfo) {
   if (!userInfo[keyButtonClickIsOK].boolValue() && !m_manager.isForUpdateVornMeeting())
     m_manager.setMeetingAction(VnCmdCancel);
   m_manager.onExcuteCommandFinished(m_manager.getMeetingAction(), userInfo);
+}
+
+// As the panel goes back, or the next save would write what it shows no more.
+void SettingsFlow::commitRefused() {
+  if (m_choicesBeforeCommit) m_manager.meetingDataMgr()->setPanelChoices(*m_choicesBeforeCommit);
+  m_choicesBeforeCommit.reset();
 }
 
 bool SettingsFlow::isEnableRecurrence(MeetingWindow& window) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "util/Value.h"
 #include "workflow/MeetingWindow.h"
+#include "workflow/vnMeetingDataMgr.h"
 
 namespace vorn {
 
@@ -30,6 +32,9 @@ class SettingsFlow {
   void showSettingsWindow(MeetingWindow& window, const Value& meetingData);
   // The panel of any window was closed; another window's is ignored.
   void onInvokeSettingCommit(const Value& userInfo);
+  // The service has accepted what the panel has committed, or refused it.
+  void commitStands() { m_choicesBeforeCommit.reset(); }
+  void commitRefused();
   // The user has told the system not to show the panel.
   static bool notShowSetting();
 
@@ -53,6 +58,8 @@ class SettingsFlow {
   void executeGetMeetingForChangeSetting(MeetingWindow& window);
 
   vnMeetingMgr& m_manager;
+  // Since the first commit that neither stands nor was refused.
+  std::optional<vnMeetingDataMgr::PanelChoices> m_choicesBeforeCommit;
 };
 
 }  // namespace vorn

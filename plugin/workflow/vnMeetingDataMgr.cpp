@@ -124,6 +124,16 @@ bool vnMeetingDataMgr::defaultForceIncludeJoinurlInLocation() {
   return stored.isAbsent() || stored.boolValue();
 }
 
+vnMeetingDataMgr::PanelChoices vnMeetingDataMgr::panelChoices() const {
+  return {m_forceIncludeJoinurlInLocation, m_putInvitationAtTheTop, m_selectInvitationLanguage};
+}
+
+void vnMeetingDataMgr::setPanelChoices(const PanelChoices& choices) {
+  m_forceIncludeJoinurlInLocation = choices.includesJoinUrlInLocation;
+  m_putInvitationAtTheTop = choices.putsInvitationAtTheTop;
+  m_selectInvitationLanguage = choices.language;
+}
+
 bool vnMeetingDataMgr::localDefaultPutInvitationAtTheTop() {
   return settingsOfNewMeeting()[vn_Setting_PutTheInvitationAtTheTop].boolValue();
 }

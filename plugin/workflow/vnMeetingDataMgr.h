@@ -65,6 +65,15 @@ class vnMeetingDataMgr {
   // An absent language counts as changed, always.
   bool isSelectInvitationLanguageChanged() const;
 
+  // What is chosen on the panel and is no part of the meeting's settings.
+  struct PanelChoices {
+    bool includesJoinUrlInLocation;
+    bool putsInvitationAtTheTop;
+    OptionalText language;
+  };
+  PanelChoices panelChoices() const;
+  void setPanelChoices(const PanelChoices& choices);
+
   // The user's stored choice; true when there is none.
   static bool defaultForceIncludeJoinurlInLocation();
   // The choice that a new meeting starts with.

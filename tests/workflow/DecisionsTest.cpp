@@ -26,7 +26,7 @@ using testing::IsEmpty;
 using Decisions = MeetingFixture;
 
 // What a meeting that has come is for, the state alone tells. Of one that nobody can read nothing is needed only
-// to schedule with the personal number.
+// to schedule with the personal number. A meeting that was cancelled meanwhile is neither told of nor written.
 TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   using Names = std::vector<std::string>;
   struct Row {
@@ -50,11 +50,20 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   openPanel();
   panels.panel->settings.set(vn_Setting_AudioOption, 2);
   knowAccount();
-  for (std::size_t i = 0; i < 2 * std::size(rows); ++i) {
-    const bool isReadable = i < std::size(rows);
+  for (std::size_t i = 0; i < 3 * std::size(rows); ++i) {
+    const bool isCancelled = i < std::size(rows);
+    const bool isReadable = i < 2 * std::size(rows);
     Row row = rows[i % std::size(rows)];
-    SCOPED_TRACE(testing::Message() << row.state << (isReadable ? "" : " with nothing to read"));
-    if (!isReadable) {
+    SCOPED_TRACE(testing::Message() << row.state
+                                    << (isCancelled  ? " cancelled"
+                                        : isReadable ? ""
+                                                     : " with nothing to read"));
+    helper().setMeetingData(meeting(), false);
+    data().setMeetingKey(isCancelled ? "" : kKey);
+    if (isCancelled) {
+      const bool isOfMeeting = row.state == VnStateCommitted || row.requests == Names{"3/2"};
+      if (isOfMeeting) row = {row.state, row.state, {}, {}};
+    } else if (!isReadable) {
       helper().setMeetingData(Value::dictionary(), false);
       if (row.state != VnStatePMIForSchedule) row = {row.state, row.state, {}, {}};
     }

@@ -92,6 +92,41 @@ TEST_F(Panel, AChoiceThatItDoesNotHoldStaysAsItWas) {
   EXPECT_EQ(data().selectInvitationLanguage(), "en-US");
 }
 
+TEST_F(Panel, WhatTheServiceHasRefusedIsChosenNoMore) {
+  openPanel();
+  const auto choose = [&](const char* language) {
+    panel.settings.set(vn_Setting_SelectInvitationLanguage, language);
+    panel.settings.set(vn_Setting_ForceIncludeJoinurlInLocation, false);
+    test.notificationCenter.post(notify_SettingCommit, nullptr,
+                                 Value::dictionaryFromPairs({{keyApptWindowID, id()}}));
+  };
+  // The first of them only keeps the panel open.
+  choose("fr-FR");
+  choose("de-DE");
+  manager().resetMeetingItemWhenUpdateError(window->bar->ownWindow);
+  EXPECT_EQ(data().selectInvitationLanguage(), "en-US");
+  EXPECT_TRUE(data().forceIncludeJoinUrlInLocation());
+  // What was accepted before a refusal stays.
+  choose("de-DE");
+  reply(VnCmdUpdate);
+  choose("fr-FR");
+  manager().resetMeetingItemWhenUpdateError(window->bar->ownWindow);
+  EXPECT_EQ(data().selectInvitationLanguage(), "de-DE");
+  EXPECT_FALSE(data().forceIncludeJoinUrlInLocation());
+}
+
+// It would be taken for the answer to what is sent next.
+TEST_F(Panel, AFetchForItIsNobodysOnceItHasEnded) {
+  openPanel();
+  knowAccount();
+  manager().setState(VnStatePMIForSettings);
+  manager().apiMgr()->getMeeting(window->bar->ownWindow, Value::dictionaryFromPairs({{vn_MeetingKey, kKey}}));
+  EXPECT_TRUE(manager().apiMgr()->isWaitingForMeeting());
+  test.notificationCenter.post(notify_SettingCommit, nullptr,
+                               Value::dictionaryFromPairs({{keyApptWindowID, id()}}));
+  EXPECT_FALSE(manager().apiMgr()->isWaitingForMeeting());
+}
+
 TEST_F(Panel, ThePersonalMeetingIsThatOfWhomTheMeetingIsFor) {
   const struct {
     const char* name;

@@ -113,9 +113,13 @@ void vnAPIBase::invalidateTimer() {
 
 void vnAPIBase::onfeedback(std::uint64_t, const std::string& content) {
   parseFeedbackError(content);
+  endWait();
+  onWaitEnded();
+}
+
+void vnAPIBase::endWait() {
   myProgressUI.closeCommunication();
   invalidateTimer();
-  onWaitEnded();
 }
 
 int vnAPIBase::checkVornAppError() {
@@ -171,6 +175,11 @@ int vnAPIWindowCommand::sendBareRequest(const HostObject& parentWindow, unsigned
   if (const int code = beginRequest(parentWindow); code != 0) return code;
   vnIPCChannel::sendIPCMessageToVornClient(requestAction, std::to_string(requestAction));
   return 0;
+}
+
+void vnAPIWindowCommand::letGo() {
+  endWait();
+  m_parentWindow = HostObject();
 }
 
 // Whoever holds something back meanwhile hears of every end, also of one that brings nothing.

@@ -87,6 +87,8 @@ class vnAPIBase {
  protected:
   // 0 while the client can answer; otherwise the code, of which the user has been told.
   int refusalCode(const HostObject& parentWindow);
+  // Closes the sheet and stops the timers.
+  void endWait();
 
  private:
   std::string messageForCode(const HostObject& parentWindow, int code);
@@ -116,6 +118,10 @@ class vnAPIBase {
 // A command that waits for its reply with a window. The window is all that ties a reply to a request, so a request
 // from an absent window is never taken to be pending, and a request that was refused at the gate still is.
 class vnAPIWindowCommand : public vnAPIBase {
+ public:
+  // Nothing is waited for any more, and a reply that comes all the same is nobody's.
+  void letGo();
+
  protected:
   // Remembers the window and passes the gate: 0 when the request may go out.
   int beginRequest(const HostObject& parentWindow);

@@ -155,6 +155,10 @@ bool waits(const std::shared_ptr<Command>& command) {
 
 }  // namespace
 
+void vnAPIMgr::letGoOfMeeting() {
+  if (const auto command = m_apiGetMeeting) command->letGo();
+}
+
 bool vnAPIMgr::isWaitingForMeeting() const { return waits(m_apiGetMeeting); }
 
 bool vnAPIMgr::isWaitingForMeetingByApptUUID() const { return waits(m_apiGetMeetingByApptUUID); }

@@ -64,6 +64,9 @@ class vnAPIMgr {
   int getNewMeetingDefault(const HostObject& parentWindow);
   int getScheduleForList(const HostObject& parentWindow);
 
+  // The reply to a fetch of a meeting that is under way is nobody's any more.
+  void letGoOfMeeting();
+
   // The reply to such a request is waited for.
   bool isWaitingForMeeting() const;
   bool isWaitingForMeetingByApptUUID() const;
