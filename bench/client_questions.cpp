@@ -39,7 +39,7 @@ void clientVersion(benchmark::State& state) {
 void capability(benchmark::State& state) {
   ask(state, kInstalled, [] { return vnClientFeatureMgr::sharedInstance().isVornClientSupport550Tasks(); });
 }
-// As many as a commit asks.
+// Questions that belong together, as those of a commit do.
 void sevenCapabilities(benchmark::State& state) {
   ask(state, kInstalled, [] {
     const vnClientFeatureMgr::OneReading oneReading;
