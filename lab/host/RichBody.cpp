@@ -60,6 +60,22 @@ std::size_t openNumberBefore(std::string_view html, std::size_t place, std::size
   return isDecimal && before.ends_with("&#") ? digits - 2 : kNone;
 }
 
+// Where a name ends that an "&" before the place would begin.
+std::size_t endOfName(std::string_view html, std::size_t place) {
+  constexpr std::size_t longest = 40;
+  const auto isInName = [](char c) { return c == '#' || (c >= '0' && c <= '9') || isAsciiLetter(c); };
+  std::size_t end = place;
+  while (end < html.size() && end - place < longest && isInName(html[end])) ++end;
+  return end;
+}
+
+// The first of what is in the order of its places that begins there or behind it.
+template <typename Rewritings>
+auto rewritingFrom(const Rewritings& all, std::size_t place) {
+  return std::partition_point(all.begin(), all.end(),
+                              [place](const auto& each) { return each.bytes.begin < place; });
+}
+
 std::string_view tagOf(TextStyle style, bool isEnd) {
   switch (style) {
     case kBold: return isEnd ? "</b>" : "<b>";
@@ -413,18 +429,23 @@ std::size_t RichBody::rewrite(std::vector<Rewriting> all, std::size_t place) {
 // behind it, and both would be seen no more.
 void RichBody::closeSigns(std::vector<Rewriting>& all) const {
   if (all.empty()) return;
+  const std::vector<Rewriting> signs = closedSigns(all);
+  const std::vector<Rewriting> numbers = closedNumbers(all, signs);
+  // In front of what changes at the same place.
+  all.insert(all.begin(), numbers.begin(), numbers.end());
+  all.insert(all.begin(), signs.begin(), signs.end());
+}
+
+// The signs and the named and numbered characters, in the order of their places.
+std::vector<RichBody::Rewriting> RichBody::closedSigns(const std::vector<Rewriting>& all) const {
   const std::size_t lastAngle = m_html.rfind('>');
   const std::size_t lastPlace = all.back().bytes.begin;
-  const auto firstBehind = [&](std::size_t place) {
-    return std::partition_point(all.begin(), all.end(),
-                                [place](const Rewriting& each) { return each.bytes.begin < place; });
-  };
   const auto isChangedIn = [&](std::size_t first, std::size_t last) {
-    const auto found = firstBehind(first);
+    const auto found = rewritingFrom(all, first);
     return found != all.end() && found->bytes.begin <= last;
   };
   const auto isTakenOut = [&](const ByteRange& sign) {
-    auto each = firstBehind(sign.begin);
+    auto each = rewritingFrom(all, sign.begin);
     while (each != all.end() && each->bytes.begin == sign.begin && each->bytes != sign) ++each;
     return each != all.end() && each->bytes == sign;
   };
@@ -444,39 +465,35 @@ void RichBody::closeSigns(std::vector<Rewriting>& all) const {
       // Behind the last tag it is none only because no tag ends there.
       const bool isOpen = (lastAngle == kNone || sign.begin > lastAngle) && mayBeginTag(sign.end);
       if (isOpen || isChangedIn(sign.end, sign.end)) closed.push_back({sign, "&lt;"});
-    } else if (m_html[sign.begin] == '&' && sign.end == sign.begin + 1) {
-      constexpr std::size_t longest = 40;
-      const auto isInName = [](char c) { return c == '#' || (c >= '0' && c <= '9') || isAsciiLetter(c); };
-      std::size_t end = sign.end;
-      while (end < m_html.size() && end - sign.end < longest && isInName(m_html[end])) ++end;
-      if (isChangedIn(sign.end, end)) closed.push_back({sign, "&amp;"});
-    } else if (m_html[sign.begin] == '&' && m_html[sign.end - 1] != ';' && isChangedIn(sign.end, sign.end)) {
+    } else if (sign.end == sign.begin + 1) {
+      if (isChangedIn(sign.end, endOfName(m_html, sign.end))) closed.push_back({sign, "&amp;"});
+    } else if (m_html[sign.end - 1] != ';' && isChangedIn(sign.end, sign.end)) {
       closed.push_back({{sign.end, sign.end}, ";"});
     }
   }
-  // A number of white space has no sign of its own. Both lists are in the order of their places.
-  const auto beginsAt = [](const std::vector<Rewriting>& list, std::size_t count, std::size_t place) {
-    const auto end = list.begin() + static_cast<std::ptrdiff_t>(count);
-    const auto found = std::partition_point(list.begin(), end,
-                                            [place](const Rewriting& each) { return each.bytes.begin < place; });
-    return found != end && found->bytes.begin == place;
+  return closed;
+}
+
+// The numbers of white space, which have no sign of their own.
+std::vector<RichBody::Rewriting> RichBody::closedNumbers(const std::vector<Rewriting>& all,
+                                                         const std::vector<Rewriting>& signs) const {
+  const auto beginsAt = [](const std::vector<Rewriting>& list, std::size_t place) {
+    const auto found = rewritingFrom(list, place);
+    return found != list.end() && found->bytes.begin == place;
   };
-  const std::size_t signs = closed.size();
-  std::size_t last = kNone;
+  std::vector<Rewriting> closed;
+  std::size_t lastPlace = kNone;
   std::size_t changedUntil = 0;
   for (const Rewriting& each : all) {
     const std::size_t place = each.bytes.begin;
-    const std::size_t number = place == last ? kNone : openNumberBefore(m_html, place, changedUntil);
-    last = place;
+    const std::size_t number = place == lastPlace ? kNone : openNumberBefore(m_html, place, changedUntil);
+    lastPlace = place;
     changedUntil = std::max(changedUntil, each.bytes.end);
-    // Either it goes itself, or it has been closed above.
-    if (number == kNone || beginsAt(all, all.size(), number) || beginsAt(closed, signs, number) ||
-        beginsAt(closed, signs, place))
-      continue;
+    // Either it goes itself, or it is closed with the signs.
+    if (number == kNone || beginsAt(all, number) || beginsAt(signs, number) || beginsAt(signs, place)) continue;
     closed.push_back({{place, place}, ";"});
   }
-  // In front of what changes at the same place.
-  all.insert(all.begin(), closed.begin(), closed.end());
+  return closed;
 }
 
 // -- Styles ------------------------------------------------------------------------------------------------------

@@ -101,6 +101,9 @@ class RichBody {
   bool emptiesLastLine(const Edit& edit) const;
   std::size_t rewrite(std::vector<Rewriting> all, std::size_t place);
   void closeSigns(std::vector<Rewriting>& all) const;
+  std::vector<Rewriting> closedSigns(const std::vector<Rewriting>& all) const;
+  std::vector<Rewriting> closedNumbers(const std::vector<Rewriting>& all,
+                                       const std::vector<Rewriting>& signs) const;
   bool is(std::size_t at, Kind kind) const;
   bool isOfLine(std::size_t at) const { return is(at, Kind::line) || is(at, Kind::cell); }
   bool endsLine(std::size_t at) const;

@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::string_view kInbandProperty = "X-VORNLAB-OLMUCINBAND";
 constexpr std::string_view kCapabilitiesProperty = "X-VORNLAB-OLMUCCAPABILITIES";
-constexpr int kMostOccurrencesCounted = 1000;
 constexpr double kSecondsPerDay = 86400;
 constexpr std::size_t kMostShown = 40;
 
@@ -76,19 +75,6 @@ void setName(IcsProperty& property, const std::string& name) {
   } else {
     place->second = '"' + name + '"';
   }
-}
-
-std::string partOfRule(const std::string& rule, std::string_view name) {
-  std::size_t at = 0;
-  while (at < rule.size()) {
-    const std::size_t end = std::min(rule.find(';', at), rule.size());
-    const std::string part = rule.substr(at, end - at);
-    if (part.size() > name.size() && part[name.size()] == '=' && upperCase(part.substr(0, name.size())) == name) {
-      return part.substr(name.size() + 1);
-    }
-    at = end + 1;
-  }
-  return {};
 }
 
 // The length that DURATION states, in seconds.
@@ -225,45 +211,6 @@ IcsProblem CalendarEvent::doubtOfTimes() const {
     return doubt(name, std::string(name) + " " + valueOf(name) + " ends it before it begins");
   }
   return {};
-}
-
-CalendarRecurrence CalendarEvent::recurrence() const {
-  CalendarRecurrence result;
-  result.rule = textOf("RRULE");
-  const std::string count = partOfRule(result.rule, "COUNT");
-  const bool hasUntil = !partOfRule(result.rule, "UNTIL").empty();
-  result.endType = !count.empty() ? 1 : hasUntil ? 2 : 0;
-  const std::optional<CalendarTime> first = start();
-  if (result.endType == 0 || !first) return result;
-  result.occurrenceCount = numberIn(count);
-
-  const auto property = m_store->m_document.property(component(), "DTSTART");
-  const IcsProperty floating{"DTSTART", {}, property->value.substr(0, property->value.find_first_of("Zz"))};
-  icalrecurrencetype rule = icalrecurrencetype_from_string(result.rule.c_str());
-  if (rule.freq == ICAL_NO_RECURRENCE) return result;
-  // A rule of hours or less can run long before it yields anything; no appointment needs one.
-  if (rule.freq < ICAL_DAILY_RECURRENCE) return result;
-  icalrecur_iterator* iterator = icalrecur_iterator_new(rule, icaltime_from_string(floating.value.c_str()));
-  if (!iterator) return result;
-  int counted = 0;
-  icaltimetype last = icaltime_null_time();
-  icaltimetype next = icalrecur_iterator_next(iterator);
-  for (; !icaltime_is_null_time(next) && counted < kMostOccurrencesCounted;
-       next = icalrecur_iterator_next(iterator)) {
-    last = next;
-    ++counted;
-  }
-  icalrecur_iterator_free(iterator);
-  if (result.endType == 2) result.occurrenceCount = counted;
-  if (counted == 0 || !icaltime_is_null_time(next)) return result;
-  IcsProperty stated = *property;
-  stated.value = icaltime_as_ical_string(last);
-  if (!property->value.empty() && (property->value.back() == 'Z' || property->value.back() == 'z') &&
-      stated.value.back() != 'Z') {
-    stated.value += 'Z';
-  }
-  result.lastStart = m_store->zonesOf(component()).read(stated);
-  return result;
 }
 
 std::vector<CalendarAttendee> CalendarEvent::attendees() const {

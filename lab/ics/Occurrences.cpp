@@ -3,12 +3,17 @@
 #include <libical/ical.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <memory>
 #include <optional>
 #include <set>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "lab/ics/CalendarStore.h"
+#include "util/Text.h"
 
 namespace vornlab {
 
@@ -18,9 +23,57 @@ namespace {
 constexpr int kMostSteps = 20000;
 constexpr double kOneDay = 86400;
 
+constexpr int kMostOccurrencesCounted = 1000;
+
+std::string partOfRule(const std::string& rule, std::string_view name) {
+  std::size_t at = 0;
+  while (at < rule.size()) {
+    const std::size_t end = std::min(rule.find(';', at), rule.size());
+    const std::string part = rule.substr(at, end - at);
+    if (part.size() > name.size() && part[name.size()] == '=' &&
+        vorn::equalIgnoringCase(part.substr(0, name.size()), name)) {
+      return part.substr(name.size() + 1);
+    }
+    at = end + 1;
+  }
+  return {};
+}
+
+// A rule of hours or less can run long before it yields anything; no appointment needs one.
+bool canBeFollowed(const icalrecurrencetype& rule) {
+  return rule.freq >= ICAL_DAILY_RECURRENCE && rule.freq != ICAL_NO_RECURRENCE;
+}
+
+// The first date of a series: its rule is followed on the clock of that date, and each date that comes of it is
+// then told as that one is.
+class FirstDate {
+ public:
+  explicit FirstDate(const IcsProperty& start)
+      : m_start(start), m_clock(start.value.substr(0, start.value.find_first_of("Zz"))) {}
+
+  bool isUtc() const { return m_clock.size() < m_start.value.size(); }
+  icaltimetype onClock() const { return icaltime_from_string(m_clock.c_str()); }
+  IcsProperty stated(const icaltimetype& date) const {
+    IcsProperty told = m_start;
+    told.value = icaltime_as_ical_string(date);
+    if (isUtc() && told.value.back() != 'Z') told.value += 'Z';
+    return told;
+  }
+
+ private:
+  IcsProperty m_start;
+  std::string m_clock;
+};
+
 struct EndIteration {
   void operator()(icalrecur_iterator* iterator) const { icalrecur_iterator_free(iterator); }
 };
+using Dates = std::unique_ptr<icalrecur_iterator, EndIteration>;
+
+// Null when libical cannot follow the rule.
+Dates datesOf(const icalrecurrencetype& rule, const FirstDate& first) {
+  return Dates(icalrecur_iterator_new(rule, first.onClock()));
+}
 
 // Each value of a list of times, as a property of its own; of a period, its start.
 std::vector<IcsProperty> singleTimes(const std::vector<IcsProperty>& lists) {
@@ -41,6 +94,35 @@ std::vector<IcsProperty> singleTimes(const std::vector<IcsProperty>& lists) {
 
 }  // namespace
 
+CalendarRecurrence CalendarEvent::recurrence() const {
+  CalendarRecurrence result;
+  result.rule = textOf("RRULE");
+  const std::string count = partOfRule(result.rule, "COUNT");
+  const bool hasUntil = !partOfRule(result.rule, "UNTIL").empty();
+  result.endType = !count.empty() ? 1 : hasUntil ? 2 : 0;
+  if (result.endType == 0 || !start()) return result;
+  // What is no number, or too large, leaves 0.
+  std::from_chars(count.data(), count.data() + count.size(), result.occurrenceCount);
+
+  const icalrecurrencetype rule = icalrecurrencetype_from_string(result.rule.c_str());
+  if (!canBeFollowed(rule)) return result;
+  const FirstDate first(*m_store->m_document.property(component(), "DTSTART"));
+  const Dates dates = datesOf(rule, first);
+  if (!dates) return result;
+  int counted = 0;
+  icaltimetype last = icaltime_null_time();
+  icaltimetype next = icalrecur_iterator_next(dates.get());
+  for (; !icaltime_is_null_time(next) && counted < kMostOccurrencesCounted;
+       next = icalrecur_iterator_next(dates.get())) {
+    last = next;
+    ++counted;
+  }
+  if (result.endType == 2) result.occurrenceCount = counted;
+  if (counted == 0 || !icaltime_is_null_time(next)) return result;
+  result.lastStart = m_store->zonesOf(component()).read(first.stated(last));
+  return result;
+}
+
 std::vector<double> CalendarEvent::startsWithin(double from, double until) {
   const auto first = m_store->m_document.property(component(), "DTSTART");
   if (!first || !isRecurring() || isException()) return {};
@@ -54,33 +136,28 @@ std::vector<double> CalendarEvent::startsWithin(double from, double until) {
   take(*first);
   for (const IcsProperty& time : singleTimes(m_store->m_document.properties(component(), "RDATE"))) take(time);
 
-  // The rule is followed on the clock of the first date, and each date is then told as that one is.
-  const bool isUtc = first->value.find_first_of("Zz") != std::string::npos;
-  const std::string local = first->value.substr(0, first->value.find_first_of("Zz"));
+  const FirstDate firstDate(*first);
   icalrecurrencetype rule = icalrecurrencetype_from_string(textOf("RRULE").c_str());
   // An end that is told in UTC is no time of that clock.
   std::optional<double> end;
-  if (!isUtc && !icaltime_is_null_time(rule.until) && icaltime_is_utc(rule.until) != 0) {
+  if (!firstDate.isUtc() && !icaltime_is_null_time(rule.until) && icaltime_is_utc(rule.until) != 0) {
     end = static_cast<double>(icaltime_as_timet(rule.until));
     rule.until = icaltime_null_time();
   }
-  // Rules of hours or less can run long before they yield anything; no appointment needs one.
-  if (rule.freq >= ICAL_DAILY_RECURRENCE && rule.freq != ICAL_NO_RECURRENCE) {
-    const icaltimetype begin = icaltime_from_string(local.c_str());
-    const std::unique_ptr<icalrecur_iterator, EndIteration> dates(icalrecur_iterator_new(rule, begin));
+  if (canBeFollowed(rule)) {
+    const Dates dates = datesOf(rule, firstDate);
     const auto start = zones.read(*first);
     if (dates && start && rule.count == 0 && from - kOneDay > start->seconds) {
-      icaltimetype near = icaltime_from_timet_with_zone(static_cast<time_t>(std::floor(from - kOneDay)),
-                                                        begin.is_date, icaltimezone_get_utc_timezone());
+      icaltimetype near =
+          icaltime_from_timet_with_zone(static_cast<time_t>(std::floor(from - kOneDay)),
+                                        firstDate.onClock().is_date, icaltimezone_get_utc_timezone());
       near.zone = nullptr;
       icalrecur_iterator_set_start(dates.get(), near);
     }
     for (int steps = 0; dates && steps < kMostSteps; ++steps) {
       const icaltimetype next = icalrecur_iterator_next(dates.get());
       if (icaltime_is_null_time(next)) break;
-      IcsProperty stated = *first;
-      stated.value = icaltime_as_ical_string(next);
-      if (isUtc && stated.value.back() != 'Z') stated.value += 'Z';
+      const IcsProperty stated = firstDate.stated(next);
       const auto time = zones.read(stated);
       if ((end && time && time->seconds > *end) || !take(stated)) break;
     }
