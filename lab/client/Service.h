@@ -4,7 +4,6 @@
 #include <optional>
 #include <random>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "lab/client/Account.h"

@@ -3,9 +3,6 @@
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSTheme.h>
 
-#include <algorithm>
-#include <cmath>
-
 namespace {
 
 NSString* const kName = @"Desktop";

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 #include "lab/client/MeetingStore.h"
 #include "lab/shell/CalendarOutput.h"

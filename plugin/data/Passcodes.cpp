@@ -4,7 +4,6 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
-#include <limits>
 #include <string_view>
 
 #include "util/Utf16.h"

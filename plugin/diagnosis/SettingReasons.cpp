@@ -1,7 +1,5 @@
 #include "diagnosis/SettingReasons.h"
 
-#include <optional>
-
 #include "data/OptionPolicy.h"
 
 namespace vorn {

@@ -1,7 +1,6 @@
 #include "secrets/SecretTable.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 namespace vorn {

@@ -1,6 +1,5 @@
 #include "workflow/SaveFinish.h"
 
-#include <optional>
 #include <utility>
 
 #include "channel/commands/vnAPIKeys.h"

@@ -1,5 +1,6 @@
 #include "workflow/vnSavePreparation.h"
 
+#include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "util/HtmlText.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
 #include "workflow/vnApptDataForSaveRecord.h"

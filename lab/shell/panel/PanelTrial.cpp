@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <optional>
-#include <set>
 
 #include "lab/shell/LabError.h"
 #include "lab/shell/panel/PanelPrinter.h"

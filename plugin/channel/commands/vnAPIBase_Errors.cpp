@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "channel/commands/AlternateHostsMessage.h"
 #include "channel/commands/ErrorCodes.h"

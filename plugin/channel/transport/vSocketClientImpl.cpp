@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <exception>
 #include <functional>
+#include <mutex>
+#include <string>
 #include <system_error>
 #include <thread>
 #include <utility>

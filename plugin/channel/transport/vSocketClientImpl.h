@@ -1,9 +1,6 @@
 #pragma once
 
-#include <atomic>
 #include <memory>
-#include <mutex>
-#include <string>
 #include <vector>
 
 #include "util/Value.h"

@@ -3,7 +3,6 @@
 // The vocabulary that this process shares with the client and with the agent.
 
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 
 namespace vorn {

@@ -3,7 +3,6 @@
 #include <ffi.h>
 #include <objc/runtime.h>
 
-#include <cstddef>
 #include <memory>
 #include <vector>
 

@@ -3,7 +3,6 @@
 // The choice between enhanced and end-to-end encryption. Pure functions.
 
 #include <cstdint>
-#include <optional>
 
 #include "data/AccountFacts.h"
 
