@@ -69,8 +69,6 @@ class ObjcHost final : public HostFace {
   vorn::HostObject window(EditorId editor) const override;
   int sentCount() const override;
 
-  // From the next choice of a tab on, the mail's has the chunk of the store of add-ins, or has not.
-  void setHasAddinsChunk(bool has);
   // The controller of the main window, an object of the host's class; null while none is open.
   void* mainWindowController() const { return m_mainWindowController; }
 

@@ -108,8 +108,6 @@ void ObjcHost::chooseRibbonTab(std::uint32_t tab) {
   [[asMain(m_mainWindowController) ribbon] setActiveTabIndex:tab];
 }
 
-void ObjcHost::setHasAddinsChunk(bool has) { hostState().options.hasAddinsChunk = has; }
-
 void ObjcHost::rebuildRibbon() {
   const Pool pool;
   [asMain(m_mainWindowController) rebuildRibbon];

@@ -38,20 +38,16 @@ std::string wordsOfRefusal(std::int64_t code) {
   }
 }
 
-struct Fetched {
-  bool wasSent = false;
-  std::string trouble;
-};
-
-Fetched fetch(LabSession& session, const char* what, double timeoutSeconds) {
+// What went wrong, in words; "" when the reply has come.
+std::string fetch(LabSession& session, const char* what, double timeoutSeconds) {
   const std::size_t sent = session.trace().sent();
   const std::size_t received = session.trace().received();
   const Value answer = session.ask("fetch", Value::dictionaryFromPairs({{"what", what}}));
-  if (!answer["sent"].boolValue()) return {false, wordsOfRefusal(answer["refused"].integerValue())};
+  if (!answer["sent"].boolValue()) return wordsOfRefusal(answer["refused"].integerValue());
   switch (session.waitForQuiet(sent, received, timeoutSeconds)) {
-    case LabSession::Quiet::reached: return {true, ""};
-    case LabSession::Quiet::clientGone: return {true, "the client ended before it answered"};
-    default: return {true, "the client did not answer within " + secondsInWords(timeoutSeconds)};
+    case LabSession::Quiet::reached: return "";
+    case LabSession::Quiet::clientGone: return "the client ended before it answered";
+    default: return "the client did not answer within " + secondsInWords(timeoutSeconds);
   }
 }
 
@@ -96,7 +92,7 @@ void printGroupsAsJson(const Value& groups, nlohmann::ordered_json first) {
 
 std::string fetchAccount(LabSession& session, double timeoutSeconds) {
   session.trace().forgetTrouble();
-  const Fetched profile = fetch(session, "profile", timeoutSeconds);
+  const std::string trouble = fetch(session, "profile", timeoutSeconds);
   // A profile may be there although the audio conferences behind it never came.
   if (session.ask("account")["hasProfile"].boolValue()) {
     fetch(session, "people", timeoutSeconds);
@@ -105,7 +101,7 @@ std::string fetchAccount(LabSession& session, double timeoutSeconds) {
   const std::string refusal = session.trace().refusal();
   if (refusal == "VornClientNotSignIn") return "nobody is signed in at the client";
   if (!refusal.empty()) return "the client refused the question for the profile with error " + refusal;
-  return profile.trouble.empty() ? "the client did not send a profile" : profile.trouble;
+  return trouble.empty() ? "the client did not send a profile" : trouble;
 }
 
 }  // namespace vornlab

@@ -20,7 +20,8 @@ class vnSettingData {
  public:
   const MeetingOptions& options() const { return m_options; }
 
-  // --- The options. Texts may be absent: a setter keeps what it is given.
+  // --- The options, each with its pair; not every one has a caller here. Texts may be absent: a setter keeps what
+  // it is given.
 
   bool hostVideoOn() const { return m_options.hostVideoOn; }
   void setHostVideoOn(bool on) { m_options.hostVideoOn = on; }

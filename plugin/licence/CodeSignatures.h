@@ -6,7 +6,7 @@
 namespace vorn {
 
 // Whether programs and packages of this product bear its maker's signature. A port: the platform's own tools
-// decide. Nothing here asks yet.
+// decide. Nobody makes one, and nothing here asks.
 class CodeSignatures {
  public:
   virtual ~CodeSignatures() = default;

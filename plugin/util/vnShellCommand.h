@@ -8,7 +8,7 @@
 namespace vorn {
 
 // Runs a command text with "/bin/sh -c". The text goes to the shell as it stands, so the caller quotes. Standard
-// error is left alone. Any thread; both calls block.
+// error is left alone. Any thread; both calls block. No caller here.
 class vnShellCommand {
  public:
   // Standard output to its end; the exit is not waited for. Absent when nothing could be started and for output

@@ -24,6 +24,7 @@ class ApptSaveData {
   void setVnLocation(const OptionalText& location) { m_vnLocation = location; }
   const OptionalText& getJoinURLFromProperty() const { return m_joinURLFromProperty; }
   void setJoinURLFromProperty(const OptionalText& url) { m_joinURLFromProperty = url; }
+  // No caller here, and nobody reads it.
   void setVnOLPropertyData(const OptionalText& data) { m_vnOLPropertyData = data; }
   bool isPACMeeting() const { return m_bIsPACMeeting; }
   void setIsPACMeeting(bool isPAC) { m_bIsPACMeeting = isPAC; }

@@ -5,6 +5,8 @@
 #include "host/proxies/vnERageMainWindowController.h"
 #include "host/proxies/vnOLAutoLayoutAttachmentsAcceptingView.h"
 #include "host/proxies/vnOLCalendarGridViewWrapper.h"
+#include "host/proxies/vnOUIRibbonChunkContainerView.h"
+#include "host/proxies/vnOUIRibbonView.h"
 #include "host/proxies/vnOlkModernAttachmentsViewController.h"
 #include "tests/proxies/FakeOwners.h"
 #include "tests/support/FakeHost.h"
@@ -41,6 +43,8 @@ TEST_F(Views, TheMainWindowKeepsToItsFirstControllerAndFindsItsRibbon) {
   mainWindow.setDelegate(host.object("ERageMainWindowController"));
   EXPECT_EQ(mainWindow.delegate(), controller);
   EXPECT_EQ(mainWindow.ribbonChunkContainerView(), container);
+  EXPECT_TRUE(vnOUIRibbonView(ribbon).isValidConnection() && !vnOUIRibbonView(container).isValidConnection());
+  EXPECT_TRUE(vnOUIRibbonChunkContainerView(container).isValidConnection());
 
   const std::pair<int, bool> tabs[] = {{0, true}, {1, false}, {2, true}, {3, false}};
   for (const auto& [tab, expected] : tabs) {

@@ -3,6 +3,7 @@
 
 #include "channel/commands/VNDeletedMeetingWindowController.h"
 #include "channel/store/vnCommon.h"
+#include "licence/CodeSignatures.h"
 #include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
 #include "tests/workflow/MeetingFixture.h"
@@ -371,6 +372,11 @@ TEST(LicencePolicy, KnowsEachUserTypeAndRefusesNothingToOneThatItDoesNotKnow) {
     EXPECT_EQ(vnLicencePolicy::isLongerThanPlanAllows(type, 41), type == 1);
     EXPECT_FALSE(vnLicencePolicy::isLongerThanPlanAllows(type, 40));
   }
+}
+
+TEST(CodeSignatures, AreNeitherGoodNorBadWhereNobodyCanTell) {
+  UnknownCodeSignatures signatures;
+  EXPECT_FALSE(signatures.checkAppCodeSign("/client.app") || signatures.checkCodeSignForVornPkg("/client.pkg"));
 }
 
 TEST_F(Decisions, AMeetingThatOneMayNotScheduleForOthersGoesOnlyWhenTheUserAgrees) {

@@ -13,8 +13,6 @@ namespace vornlab {
 // any.
 class TextExpectation {
  public:
-  static constexpr std::string_view kUsage = "[is] TEXT | contains|lacks|once|starts TEXT ... | empty|none|any";
-
   // Reads the rest of the line.
   static TextExpectation read(LineReader& line);
 

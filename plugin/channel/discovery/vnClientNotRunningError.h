@@ -11,7 +11,7 @@ class vnClientNotRunningError {
 
   // A sheet on the window, or an alert by itself without one.
   void showClientError(const HostObject& window, const OptionalText& message);
-  // The same without the offer.
+  // The same without the offer. No caller here.
   void showClientErrorWithoutLaunchClient(const HostObject& window, const OptionalText& message);
 };
 

@@ -26,7 +26,7 @@ class vnCommon {
   // A domain name, which may begin with "*." and have blanks around it.
   static bool isValidDomainName(const OptionalText& text);
 
-  // Dictionaries "code" and "name" of all countries that have a name in the user's language.
+  // Dictionaries "code" and "name" of all countries that have a name in the user's language. No caller here.
   static Value getAllCountriesArray();
   // The name in the user's language; the code itself when it has none; absent for an absent or empty code.
   static OptionalText getCountryNameByCode(const OptionalText& code);
@@ -34,6 +34,7 @@ class vnCommon {
   // The text in lower case, as the user's language has it.
   static std::string inLowerCase(const std::string& text);
 
+  // Whether the array holds the text; the first of the two has no caller here.
   static bool isExistedInAnotherList(const OptionalText& text, const Value& anotherList);
   static bool isExistedInAnotherListWithIgnoreCase(const OptionalText& text, const Value& anotherList);
 };

@@ -21,12 +21,13 @@ Value vnGetDirectoryItems(const OptionalText& path);
 // Makes a folder with its parents. False when there is something at the path already.
 bool vnCreateDirection(const OptionalText& path);
 // Moves a file. A missing source leaves the destination alone; otherwise an existing destination goes first.
+// No caller here.
 bool vnMoveFile(const OptionalText& source, const OptionalText& destination);
 // The bundle version of the application at the path; "" when there is none.
 std::string vnGetFileVersion(const OptionalText& applicationPath);
-// The size in bytes, kept to the 32-bit range; 0 when there is no file.
+// The size in bytes, kept to the 32-bit range; 0 when there is no file. No caller here.
 std::int32_t vnGetFileSizeFromPath(const OptionalText& path);
-// Puts a file with the text in the place of whatever is there.
+// Puts a file with the text in the place of whatever is there. No caller here.
 bool vnCreateFile(const OptionalText& path, const OptionalText& text);
 
 }  // namespace vorn

@@ -4,7 +4,7 @@
 
 namespace vorn {
 
-// Questions about the title views of events on the calendar.
+// Questions about the title views of events on the calendar. No caller here: these views get no button.
 class vnCCEventTitleView {
  public:
   static vnCCEventTitleView& sharedInstance();
@@ -13,7 +13,7 @@ class vnCCEventTitleView {
   bool isVnEventTitleViewController(const HostObject& controller) const;
   bool isVnEventTitleView(const HostObject& view) const;
   HostObject concealingCombinedImageViewInEventTileView(const HostObject& view) const;
-  // Always true: these views get no button.
+  // Always true, and nothing is added.
   bool addVnButtonToEventTitleView(const HostObject& view, const HostObject& controller) const;
 };
 

@@ -90,7 +90,7 @@ class vnERCalendarEventEditorViewController : public vnDelegateBase {
   // False where the host shows no body, or none that can be read: nothing can be written into it then.
   bool knowsBody() const;
   bool isBodyContentEmpty(const Value& body) const;
-  // Keeps the typed body, or a given one, when it is not empty.
+  // Keep the typed body, or a given one, when it is not empty. Nobody here asks for it.
   void setInitBodyContent();
   void setInitBodyContent(const Value& body);
   const Value& initBodyContent() const { return m_initBodyContent; }

@@ -25,7 +25,6 @@ class vnERageMainWindowController : public vnDelegateBase {
   void initMembers();
 
   const HostObject& ribbonChunkContainerView() const { return m_idOLRibbonChunkContainerView; }
-  const HostObject& ribbonView() const { return m_idOUIRibbonView; }
   // The ribbon's active tab; 4294967295 without a ribbon.
   std::uint32_t currentActiveTabIndex() const;
   bool isHomeMailOrCalendarTab() const;

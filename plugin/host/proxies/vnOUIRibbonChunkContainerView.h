@@ -4,7 +4,7 @@
 
 namespace vorn {
 
-// The view that holds the ribbon's chunks.
+// The view that holds the ribbon's chunks. Nobody makes one.
 class vnOUIRibbonChunkContainerView : public vnDelegateBase {
  public:
   explicit vnOUIRibbonChunkContainerView(const HostObject& delegate)

@@ -4,7 +4,7 @@
 
 namespace vorn {
 
-// The ribbon.
+// The ribbon. Nobody makes one.
 class vnOUIRibbonView : public vnDelegateBase {
  public:
   explicit vnOUIRibbonView(const HostObject& delegate) : vnDelegateBase("OUIRibbonView", delegate) {}

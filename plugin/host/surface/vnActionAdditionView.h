@@ -99,10 +99,9 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   void onClickCancelVornMeeting();
   void onClickChangeSettings();
 
-  // What the editor was opened with; absent before, and when the controller is none of an editor. The host may
-  // have let go of them since.
+  // The controller that the editor was opened with; absent before, and when it is none of an editor. The host may
+  // have let go of it since. No caller here.
   const HostObject& openedWindowController() const { return m_idERCalendarEventEditorWindowCtrl; }
-  const HostObject& openedWindow() const { return m_ownWindow; }
 
   const vnSettingsButton& addButton() const { return m_addButton; }
   const vnSettingsButton& cancelButton() const { return m_cancelButton; }
