@@ -8,7 +8,7 @@
 namespace vornlab {
 
 // Follows the client's journal as it grows, and tells each envelope in a line that a person can read. Secrets are
-// covered where the journal is written. Any thread.
+// covered where the journal is written. Main thread only.
 class JournalTail {
  public:
   explicit JournalTail(std::filesystem::path journal) : m_journal(std::move(journal)) {}

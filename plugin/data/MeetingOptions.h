@@ -10,8 +10,7 @@ namespace vorn {
 struct MeetingOptions {
   bool hostVideoOn = false;
   bool paticipantVideoOn = false;
-  // 0 telephony, 1 VoIP, 2 both, 3 third party; with a telephony provider 10 and 11 telephony with the first and
-  // second account, 12 VoIP, 13 and 14 both with the first and second account; 100 no selection.
+  // As AudioType numbers it.
   std::int64_t audioType = 0;
   bool requiredMeetingPassword = false;
   OptionalText meetingPassword{};
@@ -27,8 +26,7 @@ struct MeetingOptions {
   // An array of dictionaries, absent when there is none.
   Value trackingFields{};
   bool enableAutoRecordingMtgLevelFirst = false;
-  // 0 none, 1 local and 2 cloud when both are available, 3 local when only local is, 4 cloud when only cloud is,
-  // 5 recording unavailable.
+  // As RecordingType numbers it.
   std::int32_t emAutoRecordingType = 0;
   // This and the three arrays below are always arrays of texts.
   Value arrAlternateHosts = Value::array();

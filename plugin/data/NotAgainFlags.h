@@ -1,6 +1,6 @@
 #pragma once
 
-// Which notice keeps in which store that the user wants to see it no more.
+// Where the user's wish not to see a notice again is kept, notice by notice.
 
 #include <string_view>
 

@@ -33,9 +33,10 @@ enum class BookmarkForm { none, placeholder, quoted, unquoted };
 // Every string operation on an appointment's body: how the invitation gets into it, is found again after the user
 // has edited around it, is replaced, and is taken out.
 //
-// Bodies are HTML in UTF-8; nothing here touches the host. Any thread. Time is linear in the texts, and
-// beside the body that is given and the one that comes of it no further copy of a long body is made. Absence in
-// gives absence out unless something else is said; a caller shows "" for it.
+// Bodies are HTML in UTF-8; nothing here touches the host. Any thread, but for sharedInstance(), which is the
+// main thread's. Time is linear in the texts, and beside the body that is given and the one that comes of it no
+// further copy of a long body is made. Absence in gives absence out unless something else is said; a caller shows
+// "" for it.
 class vnBodyHelper {
  public:
   static vnBodyHelper& sharedInstance();

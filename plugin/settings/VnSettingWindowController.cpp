@@ -183,8 +183,8 @@ void VnSettingWindowController::commitStands() {
   if (m_mySettingViewController) m_mySettingViewController->commitStands();
 }
 
-void VnSettingWindowController::setScheduleForListInfo(bool arrived) {
-  if (m_sheet) m_mySettingViewController->setScheduleForListInfo(arrived);
+void VnSettingWindowController::setScheduleForListInfo(bool forOther) {
+  if (m_sheet) m_mySettingViewController->setScheduleForListInfo(forOther);
 }
 
 }  // namespace vorn

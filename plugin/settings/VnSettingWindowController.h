@@ -66,7 +66,7 @@ class VnSettingWindowController final : public SettingsPanel,
   void resetMeetingItemWhenUpdateError() override;
   void commitRefused() override;
   void commitStands() override;
-  void setScheduleForListInfo(bool arrived) override;
+  void setScheduleForListInfo(bool forOther) override;
 
  private:
   void awake();

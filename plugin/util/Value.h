@@ -32,9 +32,11 @@ class LateText {
 //
 // A value is absent, null, a boolean, a 64-bit integer, a double, UTF-8 text, an array, a dictionary with text
 // keys, or an opaque host object. Absent means that nothing is there; null is the host's null object, a value
-// of its own. Reading through absence gives absence and never fails. Copies share their content until one of
-// them changes, so a copy costs the same for every size. One value may be read from several threads; changing
-// it needs exclusive access, as with a standard container.
+// of its own. Reading through absence gives absence and never fails.
+//
+// Copies share their content until one of them changes, but for a text of up to a line, which is copied: so what a
+// copy costs has a bound. Several threads may read one value; changing it needs exclusive access to it and to
+// every copy that shares its content.
 class Value {
  public:
   enum class Kind { absent, null, boolean, integer, real, text, array, dictionary, object };
@@ -55,7 +57,7 @@ class Value {
   Value(const char* text) : Value(std::string(text)) {}
   Value(std::string_view text) : Value(std::string(text)) {}
   Value(std::string text);
-  // A text that nobody may ever read. Not null.
+  // A text that is made only when it is read, which may never happen. Must not be null.
   Value(std::shared_ptr<const LateText> text) : m_content(std::move(text)) {}
   // An absent text gives the absent value.
   Value(const OptionalText& text);

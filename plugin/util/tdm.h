@@ -3,9 +3,9 @@
 #include <cstdarg>
 #include <cstddef>
 
-// Bounded memory and string functions. No state; any thread. The channel clears and fills with memset_s what
-// passcodes pass through; the others are there for whoever was written against the family, and nobody here calls
-// them.
+// Bounded memory and string functions. No state; any thread. Here memset_s clears what passcodes pass through,
+// among others, and vnSafeHelper calls memcpy_s and strnlen_s; the rest is there for whoever was written against
+// the family, and nobody here calls it.
 //
 // The mem and str functions test their arguments first, in a fixed order of the codes below, and answer 0 or the
 // code. A failed argument test leaves the destination as it was; a code that is found while copying leaves what

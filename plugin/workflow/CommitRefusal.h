@@ -9,7 +9,7 @@ class MeetingWindow;
 class vnMeetingMgr;
 
 // What the user hears of a commit or a fetch that the service or the account does not allow: in the panel where
-// one can be shown, otherwise in a notice.
+// one can be shown, otherwise in a notice. Main thread only.
 class CommitRefusal {
  public:
   // The manager outlives it.

@@ -11,6 +11,7 @@ namespace vorn {
 
 // The location of an appointment is free text that may mix the user's own words, the names of rooms and the
 // meeting's join URL. These rules find the parts again and put them together, joined by "; ". They write nothing.
+// Main thread only.
 class LocationRule {
  public:
   // Reads the working data of one window, which outlive the rules.

@@ -10,7 +10,8 @@ class vnGetMeetingHelper;
 class vnMeetingMgr;
 
 // Finds out, when an appointment opens, whether a meeting already stands behind it: from the stored record in its
-// newer or its older place, from what the desktop client has written, or by asking the service for its UUID.
+// newer or its older place, from what the desktop client has written, or by asking the service for its UUID. Main
+// thread only.
 class MeetingOpening {
  public:
   // The manager outlives it.

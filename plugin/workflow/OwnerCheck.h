@@ -7,7 +7,7 @@ namespace vorn {
 class vnMeetingDataMgr;
 
 // Whether the owner of a window's meeting fits the account that the editor's From field shows; the settings button
-// hangs on it.
+// hangs on it. Main thread only.
 class OwnerCheck {
  public:
   // Reads the working data of one window, which outlive the check.

@@ -8,7 +8,7 @@ namespace vorn {
 class vnMeetingMgr;
 
 // The end of a save: makes the host's call again that its hook has refused, and tells the service the identity
-// that the appointment got by it.
+// that the appointment got by it. Main thread only.
 class SaveFinish {
  public:
   // The manager outlives it.

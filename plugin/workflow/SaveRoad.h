@@ -10,7 +10,8 @@ namespace vorn {
 class vnMeetingMgr;
 
 // A save, send or delete of an appointment with a meeting: the service is told first, and what it answers is
-// written into the editor. The host's call was refused in its hook; SaveFinish makes it again at the end.
+// written into the editor. The host's call was refused in its hook; SaveFinish makes it again at the end. Main
+// thread only.
 class SaveRoad {
  public:
   // The manager outlives it.

@@ -15,7 +15,7 @@ class vnMeetingMgr;
 // Everything that starts with a click on the bar, before any save: adding a meeting, taking it off again, and the
 // settings of an existing one; with the account's profile and the personal meeting that these need on the way.
 //
-// Operations that give a number give 0, or the code of a refusal that the user has seen.
+// Operations that give a number give 0, or the code of a refusal that the user has seen. Main thread only.
 class SettingsFlow {
  public:
   // The manager outlives it.

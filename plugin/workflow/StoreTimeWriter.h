@@ -10,6 +10,7 @@
 namespace vorn {
 
 // The last write, on the record that the host is about to store: what one window has left for its appointment.
+// Main thread only.
 class StoreTimeWriter {
  public:
   // The manager is that of the window; null for none.

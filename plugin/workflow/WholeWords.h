@@ -9,6 +9,7 @@ namespace vorn {
 
 // Text of ours inside text of the user. It counts only where it stands by itself: "+1 20" is not the beginning of
 // "+1 200", and "Phone" is not a part of "Phones". The empty text stands nowhere. Each takes time linear in both.
+// Any thread; no state.
 
 std::size_t timesInWhole(std::string_view text, std::string_view wanted);
 bool endsInWhole(std::string_view text, std::string_view wanted);

@@ -6,7 +6,7 @@
 namespace vorn {
 
 // The workflow's answers to the questions that lower rooms have declared: which window belongs to which bar, and
-// which manager owns an event.
+// which manager owns an event. Main thread only.
 class WorkflowDirectory : public ApptWindowDirectory, public MeetingOwners {
  public:
   static WorkflowDirectory& sharedInstance();

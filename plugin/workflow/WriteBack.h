@@ -9,7 +9,7 @@ class vnMeetingMgr;
 
 // Writes a meeting into the appointment of its window, and takes it out again: the invitation in the body, the
 // join URL in the location, the stored record. What the store of the appointment has to write once more is left in
-// vnApptDataForSaveRecord.
+// vnApptDataForSaveRecord. Main thread only.
 class WriteBack {
  public:
   // The manager outlives it.

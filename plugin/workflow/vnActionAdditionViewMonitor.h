@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "workflow/MeetingBar.h"
@@ -10,7 +9,8 @@ namespace vorn {
 
 // The live action bars, and the ways to find one from an object of the host.
 //
-// All lookups compare window ids, first match wins, and null means that there is no such bar.
+// All lookups compare window ids, first match wins, and null means that there is no such bar. Main thread
+// only.
 class vnActionAdditionViewMonitor {
  public:
   static vnActionAdditionViewMonitor& sharedInstance();

@@ -89,8 +89,9 @@ class vnMeetingDataMgr {
   // digest of the one before, "" without one.
   OptionalText getVnDataForOLProperty(const Value& meetingInfo, bool isInvitationWritten = true) const;
 
-  // Whether the service must be told: the new vnMeetingData differ from the meeting as it was read last. Location,
-  // body and attendees never reach the service by themselves and are not compared.
+  // Whether the service must be told: the meeting's new working data (`vnMeetingInfoKeys.h`) differ from the
+  // meeting as it was read last. Location, body and attendees never reach the service by themselves and are not
+  // compared.
   static bool isMeetingChanged(const Value& meetingData, const Value& oldMeetingInfo);
   static bool isTrackingFieldChanged(const Value& newSettings, const Value& oldSettings);
   static bool isAlternateHostChanged(const Value& newSettings, const Value& oldSettings);

@@ -8,8 +8,6 @@
 #include "channel/commands/MeetingCommandOwner.h"
 #include "channel/commands/vnAPIMgr.h"
 #include "data/vnGetMeetingHelper.h"
-#include "host/proxies/vnECCalendarEvent.h"
-#include "host/proxies/vnERCalendarEventEditorViewController.h"
 #include "invitation/InvitationOwner.h"
 #include "invitation/vnEmailBodyMgr.h"
 #include "platform/NotificationCenter.h"
@@ -52,20 +50,21 @@ class vnMeetingMgr : public vnMeetingState,
   vnMeetingMgr(const vnMeetingMgr&) = delete;
   vnMeetingMgr& operator=(const vnMeetingMgr&) = delete;
 
-  // -- Commands and replies
-  // -----------------------------------------------------------------------------------------
+  // -- Commands and replies --------------------------------------------------------------------------------------
 
-  // Commands 1, 2, 3, 11 and 12 come from a bar, 4, 5, 6 and 15 with the host's editor, 9 and 10 with nothing. A
-  // number outside 1 to 15 does nothing and gives 0, but is noted as the last action all the same.
+  // Commands 1, 2, 3, 11 and 12 come from a bar, 4, 5, 6 and 15 with the host's editor, 9 and 10 with nothing.
+  // They give 0, or the code for which the first request was refused; 4, 5 and 15 give 0 then, too. Any other
+  // number, and one that comes the wrong way, does nothing and gives 0, but is noted as the last action all the
+  // same.
   int sendVnMeetingCommand(std::uint64_t command, const std::shared_ptr<MeetingBar>& bar);
   int sendVnMeetingCommand(std::uint64_t command, const HostObject& editor);
+  // Always gives 0.
   int onExcuteCommandFinished(std::uint64_t command, const Value& data) override;
 
   std::uint64_t getMeetingAction() const { return m_vnMeetingAction; }
   void setMeetingAction(std::uint64_t action) override { m_vnMeetingAction = action; }
 
-  // -- What it owns; null only after freeAllObjects, and emptied by cleanup
-  // ------------------------------------------------------------------------------
+  // -- What it owns; null only after freeAllObjects, and emptied by cleanup --------------------------------------
 
   vnMeetingDataMgr* meetingDataMgr() { return m_meetingDataMgr.get(); }
   vnEmailBodyMgr* emailBodyMgr() { return m_emailBodyMgr.get(); }
@@ -80,33 +79,30 @@ class vnMeetingMgr : public vnMeetingState,
   bool openFromVornClient() const { return m_bOpenFromVornClient; }
   void setOpenFromVornClient(bool open) { m_bOpenFromVornClient = open; }
 
-  // -- The flows, each with one job; they live as long as the manager
-  // ----------------------------------------------------------------------------------
+  // -- The flows, each with one job; they live as long as the manager --------------------------------------------
 
   MeetingOpening& opening() { return m_opening; }
   SettingsFlow& settingsFlow() { return m_settingsFlow; }
-  CommitRefusal& commitRefusal() { return m_commitRefusal; }
   SaveRoad& saveRoad() { return m_saveRoad; }
   WriteBack& writeBack() { return m_writeBack; }
   SaveFinish& finish() { return m_finish; }
   CalendarEdits& calendarEdits() { return m_calendarEdits; }
 
-  // -- Small views of the working data
-  // -------------------------------------------------------------------------------
+  // -- Small views of the working data ---------------------------------------------------------------------------
 
   OptionalText getVornMeetingKey();
   std::string getInvitationLanguage();
   bool isForUpdateVornMeeting();
   OptionalText getVnDataForOLProperty();
   OptionalText getEncodeMail();
-  // The vnMeetingData of the editor; of a window with a bar also the window and its id.
+  // The working data (`vnMeetingInfoKeys.h`) of the editor's meeting; of a window with a bar also the window and
+  // its id.
   Value getVornMeetingData(MeetingWindow& window);
   Value getVornMeetingData(const HostObject& editor);
   // The window that this manager is paired with; an empty one for the shared manager.
   MeetingWindow ownWindow();
 
-  // -- Licence and plan
-  // ----------------------------------------------------------------------------------------------
+  // -- Licence and plan ------------------------------------------------------------------------------------------
 
   // The account has no meeting licence; a notice is then on the screen, and the command ends.
   bool checkIfShowNoMeetingLicenseWindow(const HostObject& parentWindow);
@@ -116,8 +112,7 @@ class vnMeetingMgr : public vnMeetingState,
   // The appointment is longer than the account's plan allows.
   bool durationExceedThanMaxMins(const HostObject& editor);
 
-  // -- For the commands and the body engine
-  // --------------------------------------------------------------------------
+  // -- For the commands and the body engine ----------------------------------------------------------------------
 
   // The last action was an update. A save that finishes an add, whose reply with the invitation never came, is
   // none: the body holds only the user's words yet, and an update would take their place.

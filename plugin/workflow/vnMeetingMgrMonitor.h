@@ -11,7 +11,7 @@ namespace vorn {
 // Pairs each bar with its manager for the life of the window, and keeps both alive meanwhile.
 //
 // The lookups by an object of the host fall back to the shared manager when no bar is found; the lookup by a bar
-// does not: an unlisted bar has no manager.
+// does not: an unlisted bar has no manager. Main thread only.
 class vnMeetingMgrMonitor {
  public:
   struct Pair {

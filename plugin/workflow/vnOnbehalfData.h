@@ -6,7 +6,7 @@
 
 namespace vorn {
 
-// Questions about scheduling for somebody else, by the id of the appointment's window.
+// Questions about scheduling for somebody else, by the id of the appointment's window. Main thread only.
 class vnOnbehalfData {
  public:
   static vnOnbehalfData& sharedInstance();

@@ -41,7 +41,7 @@ class FakePanel final : public SettingsPanel {
   void resetMeetingItemWhenUpdateError() override { calls.push_back("resets"); }
   void commitRefused() override { calls.push_back("refused"); }
   void commitStands() override { calls.push_back("stands"); }
-  void setScheduleForListInfo(bool arrived) override { calls.push_back(arrived ? "people" : "no people"); }
+  void setScheduleForListInfo(bool forOther) override { calls.push_back(forOther ? "people" : "no people"); }
 
   Value settings = Value::dictionary();
   std::string scheduledFor;

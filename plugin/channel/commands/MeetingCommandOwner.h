@@ -33,6 +33,7 @@ class GetMeetingOwner {
   virtual vnGetMeetingHelper* getMeetingHelper() = 0;
   // False when the meeting was scheduled for a person whom this user may no longer act for.
   virtual bool checkScheduleForEmailValidity() = 0;
+  // The window's bar shows an appointment without a meeting; nothing without a bar.
   virtual void changeUIWithScheduleForEmainError(const HostObject& parentWindow) = 0;
   // Absent changes nothing.
   virtual void setMeetingKey(const OptionalText& key) = 0;
@@ -45,7 +46,11 @@ class CommitOwner {
   virtual void setMeetingAction(std::uint64_t action) = 0;
   // Absent changes nothing.
   virtual void setScheduleForEmail(const OptionalText& email) = 0;
+  // Opens the window's panel again, which tells why the commit was refused; 0 for no refusal. Where no panel can
+  // tell, an alert does, for a code that there are words for.
   virtual void showSettingsWindowWithCommitError(const HostObject& parentWindow, int errorCode) = 0;
+  // The window's panel goes back behind a commit that came to nothing; nothing without a panel, and for a meeting
+  // that is none of the service's yet.
   virtual void resetMeetingItemWhenUpdateError(const HostObject& parentWindow) = 0;
   // The service no longer knows the chosen template; the user has to say what to do with the data.
   virtual void showCommitWarning(const HostObject& parentWindow, const Value& meetingData) = 0;

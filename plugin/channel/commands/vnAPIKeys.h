@@ -19,9 +19,10 @@ inline constexpr std::string_view keyVNSuccess = "Success";
 inline constexpr std::string_view keyVNFail = "Fail";
 inline constexpr std::string_view vn_API_Para_InvitationEmail = "invitationEmail";
 
-// A local notification: the hosts that the service refused.
+// Local notifications.
 // A window's request has its reply, or has waited too long for it; the window is under keyApptWindowID.
 inline constexpr std::string_view notify_ClientWaitEnded = "notifyClientWaitEnded";
+// The hosts that the service refused.
 inline constexpr std::string_view notify_Schedule_AlternateHostError = "notifyScheduleAlternateHostError";
 
 }  // namespace vorn

@@ -61,6 +61,7 @@ class vnAPIMgr {
   int getPAC(const HostObject& parentWindow, const Value& data);
   // Takes "olApptUUID" and "showCommunicationDlg". No failure of it is ever shown.
   int getMeetingByApptUUID(const HostObject& parentWindow, const Value& data);
+  // Asks for the meeting with the key "new". No caller here.
   int getNewMeetingDefault(const HostObject& parentWindow);
   int getScheduleForList(const HostObject& parentWindow);
 
@@ -71,7 +72,8 @@ class vnAPIMgr {
   bool isWaitingForMeeting() const;
   bool isWaitingForMeetingByApptUUID() const;
   bool isWaitingForDelete() const;
-  // To any that reads or changes the meeting.
+  // To any that a save waits for: a commit, a fetch by number, a deletion. The question by UUID is asked
+  // unbidden and holds nothing back.
   bool isWaitingForTheService() const;
   bool isWaitingForScheduleForList() const;
 

@@ -18,8 +18,9 @@ class HostRunLoop : public RunLoop {
   void runFor(double seconds) {
     runUntil([] { return false; }, seconds);
   }
-  // Has the calls that are put off by at most that time in seconds come due at once, and in their order, where
-  // nothing but time is waited for: a clock that one may move is moved on, on any other the calls alone.
+  // Brings forward, in their order, the delayed calls that are due within that many seconds, for a caller who
+  // would wait for nothing but time. A loop whose clock may be moved moves it instead; on any other, timers keep
+  // their time.
   virtual void hasten(double seconds) { runFor(seconds); }
 };
 

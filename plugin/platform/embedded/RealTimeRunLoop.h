@@ -13,7 +13,7 @@ class RealTimeRunLoop final : public ScheduledRunLoop {
   void hasten(double seconds) override { bringForward(now() + seconds); }
 
  protected:
-  // In the order of their arrival with timers, also while the main thread is busy.
+  // A post is due when it arrives, so it keeps its place among timers that come due while the main thread is busy.
   double dueOfPost() const override { return now(); }
 };
 

@@ -26,7 +26,7 @@ class ScheduledRunLoop : public HostRunLoop {
   void cancelPrevious(const void* target, std::string_view name) override;
   std::shared_ptr<Timer> scheduledTimer(double intervalSeconds, Repeats repeats, TimerTask task) override;
 
-  // Tasks and timers that wait for their time.
+  // Tasks and timers that wait for their time. What is posted and not taken yet is not counted.
   std::size_t waiting() const;
 
  protected:

@@ -48,14 +48,14 @@ enum class AudioButton { telephony, voip, both, thirdParty };
 // initAudioBox, for the record's audio type. Everything is told, whatever stood there before.
 AudioControls audioAtLoad(const AudioSite& site, std::int64_t audioType);
 
-// onClickAudioConfType.
+// What a click on one of the buttons makes of them.
 AudioControls audioAfterClick(const AudioControls& controls, AudioButton clicked, const AudioSite& site);
-// showTspAccountPopup.
+// Whether the list of the provider's accounts is on the panel.
 bool tspAccountPopupIsShown(const AudioControls& controls, const AudioSite& site);
 // The type that the record takes from controls that the user has just changed; 100 when nothing that the site
 // knows is chosen.
 std::int64_t audioTypeOfChoice(const AudioControls& controls, const AudioSite& site);
-// getAudioTypeFromUI, which a commit writes.
+// The type that a commit writes.
 std::int64_t audioTypeFromUI(const AudioControls& controls, const AudioSite& site);
 
 // End-to-end encryption leaves the computers' own audio alone.
@@ -64,7 +64,7 @@ AudioControls audioForEndToEnd(const AudioControls& controls);
 // showEditCountriesOptionsAsAudioType: whether the countries are asked for at all.
 bool countriesAreShown(const AudioSite& site, std::int64_t audioType);
 
-// getTspAccountNameForDisplay.
+// The provider's name as the panel shows it.
 std::string tspAccountName(const std::string& tspServiceProvider, const AudioSite& site);
 // The entries of the provider's accounts.
 std::vector<std::string> tspAccountTitles(const std::string& tspServiceProvider, const AudioSite& site,

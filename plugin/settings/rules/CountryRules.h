@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "data/VNAvailableDialinCountryContent.h"
 #include "settings/rules/LongTexts.h"
@@ -52,7 +51,7 @@ struct CountryConflict {
 
 struct NarrowedCountries {
   VNAvailableDialinCountryContent content{};
-  // isSeleCountriesChanged: a selected country was taken away.
+  // A selected country was taken away.
   bool isChanged = false;
 };
 

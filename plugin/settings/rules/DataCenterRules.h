@@ -25,7 +25,7 @@ std::vector<DataCenter> dataCenters(const Value& offered, const Value& chosen);
 // The chosen codes after a click on a centre: it joins them at the end, or leaves them altogether.
 Value chosenAfterClick(const Value& chosen, const DataCenter& clicked);
 
-// getLocalizedStringFor:, the name of a centre that is known by its code, and the service's own for any other.
+// The title: our text for a code that we know, otherwise the service's own name.
 std::string dataCenterTitle(const DataCenter& center, const TextSource& texts);
 
 }  // namespace vorn::panel_rules

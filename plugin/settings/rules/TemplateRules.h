@@ -30,8 +30,8 @@ MeetingTemplates templatesOf(const Value& meetingTemplates);
 MeetingTemplate templateOf(const MeetingOptions& record);
 
 bool hasTemplate(const MeetingTemplates& templates, const std::string& id);
-// getAllTemplates: what the account offers, and behind it the chosen one when the account no longer does, so that
-// it can still be chosen.
+// What the account offers, and behind it the chosen one when the account no longer does, so that it can still be
+// chosen.
 MeetingTemplates allTemplates(MeetingTemplates offered, const MeetingTemplate& chosen);
 
 // -- The popup: none, a line and a heading, and then the templates.
