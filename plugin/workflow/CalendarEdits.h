@@ -25,7 +25,7 @@ class CalendarEdits {
   void replayUpdateOnCalendar();
   // Sends command 5 or 6 with complete working data. 1 when the request was refused, else 0.
   int sendVnMeetingCommand(std::uint64_t command, const Value& meetingData);
-  // The vnMeetingData of the newest edit, until its commit or delete goes out; absent without one, and for a
+  // The working data of the newest edit, until its commit or delete goes out; absent without one, and for a
   // manager with a window. What an earlier edit is answered meanwhile must neither move the state on nor clear
   // what this one needs. Without an answer it stays, like a parked one.
   const Value& editUnderWay() const { return m_editUnderWay; }
