@@ -38,6 +38,8 @@ bool areOne(const fs::path& one, const fs::path& other) {
          !failed;
 }
 
+constexpr mode_t kModeBits = 07777;
+
 int writeAll(int descriptor, std::string_view text) {
   while (!text.empty()) {
     const ssize_t written = ::write(descriptor, text.data(), text.size());
@@ -45,6 +47,21 @@ int writeAll(int descriptor, std::string_view text) {
     if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
   }
   return 0;
+}
+
+// Under a name that nobody has: "plan-" and six characters of the system's before ".ics", for example.
+std::optional<fs::path> writeNewFile(const fs::path& folder, const fs::path& name, std::string_view text,
+                                     const fs::path& model) {
+  const std::string ending = name.extension();
+  std::string path = (folder / name.stem()).string() + "-XXXXXX" + ending;
+  const int descriptor = ::mkstemps(path.data(), static_cast<int>(ending.size()));
+  if (descriptor < 0) return std::nullopt;
+  const std::optional<struct stat> facts = factsOf(model);
+  if (facts && S_ISREG(facts->st_mode)) ::fchmod(descriptor, facts->st_mode & kModeBits);
+  const bool isWritten = writeAll(descriptor, text) == 0 && ::fsync(descriptor) == 0;
+  if (::close(descriptor) == 0 && isWritten) return path;
+  ::unlink(path.c_str());
+  return std::nullopt;
 }
 
 }  // namespace
@@ -106,17 +123,36 @@ bool CalendarOutput::isAsBefore() const {
          now->st_mtim.tv_sec == m_before->st_mtim.tv_sec && now->st_mtim.tv_nsec == m_before->st_mtim.tv_nsec;
 }
 
+void CalendarOutput::requireAsBefore() const {
+  const fs::path folder = folderOf(m_path);
+  std::error_code failed;
+  if (!fs::is_directory(folder, failed)) {
+    throw LabError(m_path.string() + " was not written; its folder " + folder.string() + " is gone");
+  }
+  if (!isAsBefore()) throw LabError(m_path.string() + " has been changed meanwhile, and was not overwritten");
+}
+
 void CalendarOutput::write(std::string_view text, const fs::path& model) {
   if (!isPlainFile()) {
     const int error = writeAll(m_descriptor, text);
     if (error != 0) throw LabError("cannot write into " + m_path.string() + because(error));
     return;
   }
-  if (!isAsBefore()) throw LabError(m_path.string() + " has been changed meanwhile, and was not overwritten");
+  requireAsBefore();
   errno = 0;
   if (!vorn::replaceFile(m_path.string(), text, model.string())) {
     throw LabError("cannot write " + m_path.string() + (errno == 0 ? "" : because(errno)));
   }
+}
+
+std::optional<fs::path> CalendarOutput::writeElsewhere(std::string_view text, const fs::path& model) const {
+  if (isPlainFile()) {
+    if (auto path = writeNewFile(folderOf(m_path), m_path.filename(), text, model)) return path;
+  }
+  std::error_code failed;
+  const fs::path temporary = fs::temp_directory_path(failed);
+  if (failed) return std::nullopt;
+  return writeNewFile(temporary, isPlainFile() ? m_path.filename() : "vornlab.ics", text, model);
 }
 
 }  // namespace vornlab

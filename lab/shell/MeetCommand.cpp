@@ -63,9 +63,10 @@ class MeetRun {
       sent = session->trace().sent();
       received = session->trace().received();
     }
-    if (m_output) m_output->write(m_calendar.text(), m_options.input.file);
+    const std::string trouble = m_output ? writeCalendar() : "";
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
     m_report.tellSummary(sent, received, took.count());
+    if (!trouble.empty()) throw LabError(trouble);
     return m_report.count(Outcome::failed) == 0 ? ExitCode::done : ExitCode::somethingFailed;
   }
 
@@ -99,8 +100,35 @@ class MeetRun {
 
   std::string keepWhatIsDone() {
     if (!m_output || !m_calendar.isChanged()) return "; nothing was written";
-    m_output->write(m_calendar.text(), m_options.input.file);
+    const std::string trouble = writeCalendar();
+    if (!trouble.empty()) return "; " + trouble;
     return "; " + m_output->path().string() + " has the meetings made so far, and the rest as it was";
+  }
+
+  // Answers why the calendar is not where it was to go, and where it is instead; "" when it is there. What the
+  // service has done already is known to nobody without it.
+  std::string writeCalendar() {
+    const std::string text = m_calendar.text();
+    try {
+      m_output->write(text, m_options.input.file);
+      return "";
+    } catch (const LabError& error) {
+      if (!m_calendar.isChanged()) return error.what();
+      const auto path = m_output->writeElsewhere(text, m_options.input.file);
+      return std::string(error.what()) + "; " + calendarInWords() +
+             (path ? " is in " + path->string() : " could be written nowhere else");
+    }
+  }
+
+  std::string calendarInWords() const {
+    const auto counted = [](std::size_t count, const std::string& what) {
+      return std::to_string(count) + " " + what + (count == 1 ? " meeting" : " meetings");
+    };
+    const std::size_t added = m_report.count(Outcome::added);
+    const std::size_t removed = m_report.count(Outcome::removed);
+    if (added > 0) return "the calendar with its " + counted(added, "new");
+    if (removed > 0) return "the calendar without its " + counted(removed, "former");
+    return "the changed calendar";
   }
 
   void takeEach(const std::vector<CalendarEvent>& events, MeetingRoad& road) {

@@ -13,6 +13,7 @@
 namespace vornlab::test {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::HasSubstr;
 
 class Output : public ::testing::Test {
@@ -96,13 +97,25 @@ TEST_F(Output, ThatCannotBeToldIsAFailure) {
   }
 }
 
-TEST_F(Output, IsNotOverwrittenWhenItHasChangedMeanwhile) {
-  many();
-  const ProgramRun run = shell(
-      "$V meet many.ics --uid u1 --uid u2 --out many.ics --client-db db 2>&1 | "
-      "while read -r line; do echo 'X' >> many.ics; echo \"$line\"; done");
-  EXPECT_THAT(run.output, HasSubstr("has been changed meanwhile"));
-  EXPECT_EQ(occurrences(contentOf(m_folder / "many.ics"), "vorn.example/j/"), 0u);
+// The service has its meetings already, so the calendar that knows them is somewhere.
+TEST_F(Output, GoesElsewhereWhenItsPlaceHasChangedMeanwhile) {
+  const std::string meet = "TMPDIR=$PWD $V meet in.ics --all --client-db :memory: --out ";
+  const std::string told = " 2>&1 | while read -r line; do echo \"$line\"; case $line in added*) ";
+  const std::tuple<std::string, const char*, const char*> cases[] = {
+      {meet + "in.ics" + told + "echo X >>in.ics;; esac; done", "has been changed meanwhile", "in"},
+      {"mkdir away; " + meet + "away/o.ics" + told + "rm -rf away;; esac; done", "its folder away is gone", "o"},
+      {meet + "- | :", "cannot write into -", "vornlab"}};
+  std::vector<std::string> appointments;
+  for (int i = 0; i < 20; ++i) appointments.push_back(appointment("u" + std::to_string(i), "Budget"));
+  for (const auto& [line, reason, name] : cases) {
+    m_folder.write("in.ics", calendar(appointments));
+    const ProgramRun run = shell(line);
+    EXPECT_THAT(run.output + run.errors, AllOf(HasSubstr("20 added"), HasSubstr(reason),
+                                               HasSubstr("; the calendar with its 20 new meetings is in ")));
+    EXPECT_EQ(occurrences(contentOf(m_folder / "in.ics"), "vorn.example/j/"), 0u) << line;
+    const std::string found = shell(std::string("cat ") + name + "-??????.ics").output;
+    EXPECT_EQ(occurrences(unfolded(found), "LOCATION:https"), 20u) << line;
+  }
 }
 
 // The limit stands for a disk that is full: it meets each file where it is written.
