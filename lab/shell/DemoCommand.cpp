@@ -59,8 +59,10 @@ void printAppointment(const char* title, const CalendarEvent& event) {
 void printEnd(const MeetResult& result, const Session& session, const DemoOptions& options) {
   if (!options.output.empty()) say("The calendar is in " + options.output.string());
   if (options.lab.keepWorld) say("The world's folder is " + session.world().root().string());
-  if (result.outcome == Outcome::failed) {
+  if (result.outcome == Outcome::failed || result.outcome == Outcome::skipped) {
     say("The appointment got no meeting: " + result.reason);
+  } else if (!result.reason.empty()) {
+    say("Nothing was changed: " + result.reason + ".");
   } else {
     say("The appointment is an online meeting now: number " + result.meetingKey +
         ", with a join URL in its location and an invitation in its body.");

@@ -21,6 +21,9 @@ std::string meetingKeyOf(const CalendarEvent& event) {
 constexpr const char* kAdd = "onClickAddVornMeeting:";
 constexpr const char* kCancel = "onClickCancelVornMeeting:";
 
+// The bar shows a meeting, and the appointment has no key of one.
+constexpr const char* kKnownToServiceAlone = "the service knows its meeting; the calendar has no record of it";
+
 }  // namespace
 
 std::string noticeInWords(const std::string& message) {
@@ -44,6 +47,7 @@ MeetResult endOfRoad(const CalendarEvent& event, const MeetResult& walked, bool 
   result.reason = walked.reason;
   if (!result.reason.empty()) {
     result.outcome = walked.outcome;
+    if (walked.outcome == Outcome::unchanged) result.meetingKey = walked.meetingKey;
   } else if (result.meetingKey.empty()) {
     result.outcome = Outcome::failed;
     result.reason = "the appointment was stored without a meeting";
@@ -76,13 +80,14 @@ MeetResult MeetingRoad::take(CalendarEvent event, Aim aim) {
   m_receivedBefore = trace.received();
   const std::size_t commitsBefore = trace.commits();
   trace.forgetTrouble();
-  const bool hadMeeting = !meetingKeyOf(event).empty();
+  const std::string keyBefore = meetingKeyOf(event);
   const std::string textBefore = event.calendarText();
 
   HostFace& host = m_session.host();
   tell("opens the appointment");
   const EditorId editor = host.openEditorAt(event.index());
   MeetResult walked;
+  walked.meetingKey = keyBefore;
   walked.reason = editor == 0 ? "the host cannot open the appointment" : walk(editor, walked, aim);
   if (host.isOpen(editor)) {
     tell("closes the editor without saving");
@@ -91,24 +96,31 @@ MeetResult MeetingRoad::take(CalendarEvent event, Aim aim) {
   m_session.clearUp();
 
   if (aim == Aim::remove) return endOfRemoval(event, walked);
-  return endOfRoad(event, walked, hadMeeting,
+  return endOfRoad(event, walked, !keyBefore.empty(),
                    trace.commits() > commitsBefore || event.calendarText() != textBefore);
 }
 
 std::string MeetingRoad::walk(EditorId editor, MeetResult& result, Aim aim) {
   if (std::string reason = waitForQuiet(); !reason.empty()) return reason;
-  if (!m_session.host().barView(editor)) return "the plug-in put no bar into the editor";
+  HostFace& host = m_session.host();
+  if (!host.barView(editor)) return "the plug-in put no bar into the editor";
   if (aim == Aim::remove) {
     if (!isShown(editor, kCancel)) {
       result.outcome = Outcome::skipped;
       return "it has no meeting";
     }
-    if (std::string reason = removeMeeting(editor); !reason.empty()) return reason;
+    const bool hasRecord = !result.meetingKey.empty();
+    if (std::string reason = removeMeeting(editor, hasRecord); !reason.empty()) return reason;
   } else if (isShown(editor, kAdd)) {
     if (std::string reason = addMeeting(editor); !reason.empty()) return reason;
   } else if (!isShown(editor, kCancel)) {
     result.outcome = Outcome::skipped;
     return "the plug-in offers no meeting for it";
+  } else if (result.meetingKey.empty()) {
+    result.outcome = Outcome::unchanged;
+    const vorn::Value parameters = vorn::Value::dictionaryFromPairs({{"editor", host.viewController(editor)}});
+    result.meetingKey = m_session.ask("window", parameters)["key"].text();
+    return kKnownToServiceAlone;
   }
   return finishEditing(editor);
 }
@@ -125,11 +137,14 @@ std::string MeetingRoad::addMeeting(EditorId editor) {
   return said.empty() ? reason : reason + "; the settings panel " + said;
 }
 
-std::string MeetingRoad::removeMeeting(EditorId editor) {
+std::string MeetingRoad::removeMeeting(EditorId editor, bool hasRecord) {
   tell("clicks Cancel");
   m_session.host().clickBar(editor, kCancel);
   const std::string reason = waitForQuiet();
-  if (!isShown(editor, kAdd)) return reason.empty() ? "the plug-in did not take the meeting away" : reason;
+  if (!isShown(editor, kAdd)) {
+    if (!reason.empty()) return reason;
+    return hasRecord ? "the plug-in did not take the meeting away" : kKnownToServiceAlone;
+  }
   // It is told where the meeting has gone, which is no trouble.
   m_session.trace().forgetTrouble();
   return "";

@@ -28,10 +28,11 @@ class MeetingRoad {
  private:
   using EditorId = HostFace::EditorId;
 
-  // Each answers why the road ended there, or "".
+  // Each answers why the road ended there, or "". The result has the stored meeting's key at first, and gets the
+  // outcome of a road that ends early.
   std::string walk(EditorId editor, MeetResult& result, Aim aim);
   std::string addMeeting(EditorId editor);
-  std::string removeMeeting(EditorId editor);
+  std::string removeMeeting(EditorId editor, bool hasRecord);
   // What the open settings panel does about a refused meeting; "" without one.
   std::string panelsWord(EditorId editor);
   std::string finishEditing(EditorId editor);

@@ -178,6 +178,22 @@ TEST_F(Meet, WarnsOfWhatIsDoubtfulAndRefusesItWhereThatIsWanted) {
   EXPECT_FALSE(std::filesystem::exists(m_folder / "out.ics"));
 }
 
+TEST_F(Meet, LeavesAMeetingAloneThatOnlyTheServiceKnows) {
+  const auto file = m_folder.write("in.ics", calendar({appointment("a", "Budget")}));
+  const MeetRun added = meet(file, file);
+  const std::string key = added.told("a", "meetingKey");
+  m_folder.write("in.ics", calendar({appointment("a", "Budget", {"DESCRIPTION:Meeting ID: " + key})}));
+  const MeetRun run = meet(file, m_folder / "out.ics");
+  EXPECT_EQ(run.program.exitCode, 0);
+  EXPECT_EQ(run.resultOf("a"), "unchanged");
+  EXPECT_EQ(run.told("a", "meetingKey"), key);
+  EXPECT_THAT(run.reasonOf("a"), HasSubstr("the calendar has no record of it"));
+  EXPECT_EQ(contentOf(m_folder / "out.ics"), contentOf(file));
+  const MeetRun removed = meet(file, m_folder / "out.ics", {"--all", "--remove"});
+  EXPECT_EQ(removed.resultOf("a"), "failed");
+  EXPECT_EQ(removed.reasonOf("a"), run.reasonOf("a"));
+}
+
 TEST_F(Meet, FailsWhereAnInvitationDoesNotFitIntoTheFile) {
   std::string latin = calendar({appointment("a", "Caf\xE9"), appointment("off", "Off", {"STATUS:CANCELLED"})});
   const auto input = m_folder.write("in.ics", latin);
