@@ -1,7 +1,6 @@
 #include "lab/shell/BodyCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <vector>
@@ -88,7 +87,7 @@ ExitCode changeBody(const BodyOptions& options) {
   } else if (!result.isText()) {
     complain(options.body.string() + ": " + answer["reason"].text(), "vornlab");
   } else if (options.output.empty()) {
-    std::fwrite(result.text().data(), 1, result.text().size(), stdout);
+    sayBytes(result.text());
   } else {
     say(options.operation + ": " + std::to_string(body.size()) + " bytes became " +
         std::to_string(result.text().size()) + "; bookmarks: " + answer["bookmarks"].text());

@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+#include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/Output.h"
 #include "lab/words/OptionChecks.h"
@@ -29,18 +30,24 @@ bool isStream(const std::filesystem::path& file) {
          std::filesystem::is_socket(status);
 }
 
+[[noreturn]] void throwUnreadable(const std::filesystem::path& file) {
+  // A signal ends what waits for a stream, too.
+  if (Interruption::requested()) throw Interrupted("interrupted");
+  throw UsageError("cannot read " + file.string() + ": " + std::strerror(errno));
+}
+
 std::string contentOfStream(const std::filesystem::path& file) {
   const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(
       file == "-" ? ::fdopen(::dup(STDIN_FILENO), "r") : std::fopen(file.c_str(), "r"), &std::fclose);
-  if (!stream) throw UsageError("cannot read " + file.string() + ": " + std::strerror(errno));
+  if (!stream) throwUnreadable(file);
   std::string content;
   std::array<char, 65536> piece{};
   while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), stream.get())) {
     content.append(piece.data(), count);
+    if (Interruption::requested()) break;
     if (content.size() > kLongestStream) throw UsageError(file.string() + ": this is too large for a calendar");
   }
-  if (std::ferror(stream.get()) != 0)
-    throw UsageError("cannot read " + file.string() + ": " + std::strerror(errno));
+  if (std::ferror(stream.get()) != 0 || Interruption::requested()) throwUnreadable(file);
   return content;
 }
 

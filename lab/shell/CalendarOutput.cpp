@@ -6,10 +6,10 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 
 #include "lab/shell/LabError.h"
+#include "lab/shell/Output.h"
 #include "util/AtomicFile.h"
 
 namespace vornlab {
@@ -69,7 +69,7 @@ std::optional<fs::path> writeNewFile(const fs::path& folder, const fs::path& nam
 CalendarOutput::CalendarOutput(fs::path output, const std::vector<fs::path>& otherFiles)
     : m_path(std::move(output)), m_before(factsOf(m_path)) {
   if (m_path == "-") {
-    std::fflush(stdout);
+    flushOutput();
     m_descriptor = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     if (m_descriptor < 0) throw UsageError("standard output is closed");
     ::dup2(STDERR_FILENO, STDOUT_FILENO);

@@ -93,12 +93,18 @@ void ClientProcess::waitForLine(int output, double timeoutSeconds) {
     const ssize_t count = read(output, bytes, sizeof bytes);
     if (count > 0 && std::memchr(bytes, '\n', static_cast<std::size_t>(count)) != nullptr) return;
     if (count == 0) {
-      stop();
+      stopInVain();
       throw LabError("the client ended before it listened" + lastErrors());
     }
   }
-  stop();
+  stopInVain();
   throw LabError("the client did not say that it listens" + lastErrors());
+}
+
+void ClientProcess::stopInVain() {
+  stop();
+  // It may have got the same signal, and is not to blame.
+  if (Interruption::requested()) throw Interrupted("interrupted");
 }
 
 std::string ClientProcess::lastErrors() const {

@@ -18,7 +18,8 @@ class ClientProcess {
 
   // Starts a program with its arguments and waits until it has printed a line, which is how it says that it
   // listens. What it writes to its error output goes to a file. Throws LabError, with the end of that file, when
-  // it cannot be started, ends before its line, or says nothing within the seconds.
+  // it cannot be started, ends before its line, or says nothing within the seconds, and Interrupted when the
+  // person wants the program to end.
   void start(const std::filesystem::path& program, const std::vector<std::string>& arguments,
              const std::filesystem::path& errorFile, double timeoutSeconds);
 
@@ -29,6 +30,8 @@ class ClientProcess {
 
  private:
   void waitForLine(int output, double timeoutSeconds);
+  // Ends one that does not listen. Throws Interrupted when the person wanted it so.
+  void stopInVain();
   std::string lastErrors() const;
   bool hasEnded();
 

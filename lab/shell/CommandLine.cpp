@@ -6,7 +6,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <sstream>
 
@@ -118,14 +117,13 @@ int runToItsEnd(const char* name, const std::function<ExitCode()>& run) {
 int runProgram(const char* name, const std::function<ExitCode()>& run) {
   fillClosedOutputs();
   const int code = runToItsEnd(name, run);
-  errno = 0;
-  const bool isWritten = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+  flushOutput();
+  const int error = outputError();
   // Whoever has closed a pipe does not want to read on.
-  if (!isWritten && errno != EPIPE && code != static_cast<int>(ExitCode::interrupted)) {
-    const std::string reason = errno == 0 ? "" : std::string(": ") + std::strerror(errno);
-    complain("standard output could not be written" + reason, name);
+  if (error != 0 && error != EPIPE && code != static_cast<int>(ExitCode::interrupted)) {
+    complain(std::string("standard output could not be written: ") + std::strerror(error), name);
   }
-  return isWritten || code != 0 ? code : static_cast<int>(ExitCode::somethingFailed);
+  return error == 0 || code != 0 ? code : static_cast<int>(ExitCode::somethingFailed);
 }
 
 std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words, const std::string& where) {

@@ -65,6 +65,8 @@ void startAgent(ClientProcess& agent, const LabOptions& options, const World& wo
   arguments.insert(arguments.end(), ofClient.begin(), ofClient.end());
   try {
     agent.start(options.programs / "vOutlookPluginAgent", arguments, world.agentErrors(), kStartSeconds);
+  } catch (const Interrupted&) {
+    throw;
   } catch (const LabError& error) {
     throw LabError(std::string("the agent: ") + error.what());
   }

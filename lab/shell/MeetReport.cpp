@@ -49,7 +49,7 @@ void MeetReport::tell(const MeetResult& result) {
   std::string outcome(nameOf(result.outcome));
   outcome.resize(10, ' ');
   sayAsIs(outcome + " " + filledToColumns(seen(subject), kSubjectColumns) + " " + seen(told));
-  std::fflush(stdout);
+  flushOutput();
 }
 
 void MeetReport::tellSummary(std::size_t sent, std::size_t received, double seconds) const {

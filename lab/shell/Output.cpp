@@ -1,6 +1,7 @@
 #include "lab/shell/Output.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
@@ -14,8 +15,15 @@ namespace {
 using nlohmann::ordered_json;
 using vorn::SecretMask;
 
+int firstError = 0;
+
+// Asked at once: what was not written is forgotten with the attempt, and later ones may succeed.
+void noteUnless(bool isWritten, std::FILE* stream = stdout) {
+  if (!isWritten && stream == stdout && firstError == 0) firstError = errno;
+}
+
 void printLine(std::string_view line, std::FILE* stream = stdout) {
-  std::fprintf(stream, "%s\n", onTerminal(line).c_str());
+  noteUnless(std::fprintf(stream, "%s\n", onTerminal(line).c_str()) >= 0, stream);
 }
 
 // Covered as a whole, since a passcode may stand on the line behind its label.
@@ -44,7 +52,15 @@ void sayJsonLine(const ordered_json& object) { sayJsonLineAsIs(coveredJson(objec
 
 void sayJsonLineAsIs(const ordered_json& object) {
   printLine(jsonOnTerminal(object.dump(-1, ' ', false, ordered_json::error_handler_t::replace)));
-  std::fflush(stdout);
+  flushOutput();
 }
+
+void sayBytes(std::string_view bytes) {
+  noteUnless(std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size());
+}
+
+void flushOutput() { noteUnless(std::fflush(stdout) == 0); }
+
+int outputError() { return firstError; }
 
 }  // namespace vornlab

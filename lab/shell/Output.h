@@ -26,4 +26,12 @@ void sayLines(std::string_view text);
 void sayJsonLine(const nlohmann::ordered_json& object);
 void sayJsonLineAsIs(const nlohmann::ordered_json& object);
 
+// Prints bytes of which nothing is changed.
+void sayBytes(std::string_view bytes);
+
+// Brings what was printed to where standard output goes.
+void flushOutput();
+// The system's error with which standard output failed first; 0 when nothing has failed.
+int outputError();
+
 }  // namespace vornlab

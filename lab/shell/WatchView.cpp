@@ -1,7 +1,6 @@
 #include "lab/shell/WatchView.h"
 
 #include <chrono>
-#include <cstdio>
 #include <optional>
 
 #include "lab/shell/Output.h"
@@ -17,7 +16,7 @@ class JsonView final : public WatchView {
  public:
   void take(const WatchEvent&, const std::string& line) override {
     sayAsIs(jsonOnTerminal(line));
-    std::fflush(stdout);
+    flushOutput();
   }
   void close(const std::string& words) override { complain(words); }
 };
@@ -27,11 +26,11 @@ class LineView final : public WatchView {
   void take(const WatchEvent& event, const std::string&) override {
     // Covered where it happened, each fact for itself: a subject in quotes before a colon is no key here.
     for (const std::string& line : m_lines.take(event)) sayAsIs(line);
-    std::fflush(stdout);
+    flushOutput();
   }
   void close(const std::string& words) override {
     say(words);
-    std::fflush(stdout);
+    flushOutput();
   }
 
  private:
@@ -63,7 +62,7 @@ class ScreenView final : public WatchView {
   void close(const std::string& words) override {
     m_screen.reset();
     say(words);
-    std::fflush(stdout);
+    flushOutput();
   }
 
  private:

@@ -2,11 +2,17 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <unistd.h>
 
 #include <csignal>
+#include <functional>
 #include <thread>
 
 #include "lab/client/ClientLauncher.h"
+#include "lab/shell/CalendarInput.h"
+#include "lab/shell/ClientProcess.h"
+#include "lab/shell/CommandLine.h"
+#include "lab/shell/Interruption.h"
 #include "tests/shell/Calendars.h"
 #include "tests/shell/ProgramRun.h"
 
@@ -90,10 +96,18 @@ TEST_F(Output, GoesIntoPipesAndDevicesAndNewFilesAreAsPrivateAsTheirInput) {
 
 TEST_F(Output, ThatCannotBeToldIsAFailure) {
   one();
-  for (const char* line : {"$V inspect in.ics >/dev/full", "$V inspect in.ics >&-"}) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"$V inspect in.ics >/dev/full", "could not be written: No space left on device\n"},
+      {"$V inspect in.ics --json >/dev/full", "could not be written: No space left on device\n"},
+      {"$V inspect in.ics >&-", "could not be written: "}};
+  for (const auto& [line, complaint] : cases) {
     const ProgramRun run = shell(line);
     EXPECT_EQ(run.exitCode, 1) << line;
-    EXPECT_THAT(run.errors, HasSubstr("could not be written")) << line;
+    EXPECT_THAT(run.errors, HasSubstr(complaint)) << line;
+  }
+  // Whoever has closed a pipe does not want to read on.
+  for (const char* line : {"$V inspect in.ics | :", "$V inspect in.ics --json | :", "$V body text in.ics | :"}) {
+    EXPECT_EQ(shell(line).errors, "") << line;
   }
 }
 
@@ -149,6 +163,30 @@ TEST_F(Output, HasWhatIsDoneWhenThePersonStopsIt) {
     std::filesystem::remove(m_folder / "out.ics");
     std::filesystem::remove(m_folder / "db");
   }
+}
+
+// Runs it as a program that gets SIGINT over and over.
+[[noreturn]] void runInterrupted(const std::function<void()>& run) {
+  std::thread([mainThread = pthread_self()] {
+    while (true) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      pthread_kill(mainThread, SIGINT);
+    }
+  }).detach();
+  Interruption::install();
+  std::_Exit(vornlab::runProgram("lab", [&run] { return run(), ExitCode::done; }));
+}
+
+TEST_F(Output, SaysThatItWasInterruptedWhereverItWaits) {
+  const auto startClient = [this] { ClientProcess().start("/bin/cat", {}, m_folder / "errors", 100); };
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  const auto readStream = [&ends] {
+    CalendarStore calendar;
+    loadCalendar(calendar, {"/dev/fd/" + std::to_string(ends[0]), "", false});
+  };
+  EXPECT_EXIT(runInterrupted(startClient), ::testing::ExitedWithCode(130), "^lab: interrupted\n$");
+  EXPECT_EXIT(runInterrupted(readStream), ::testing::ExitedWithCode(130), "^lab: interrupted\n$");
 }
 
 TEST_F(Output, LeavesNothingBehindWhenTheProgramIsKilled) {

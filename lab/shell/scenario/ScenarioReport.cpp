@@ -100,7 +100,7 @@ void ScenarioReport::tell(const ScenarioResult& result) {
       name.append(kNameColumns - columns, ' ');
     sayAsIs("OK   " + name + took.data());
   }
-  std::fflush(stdout);
+  flushOutput();
 }
 
 void ScenarioReport::tellSummary(double seconds) const {
