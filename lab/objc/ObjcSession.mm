@@ -97,7 +97,7 @@ double ObjcSession::now() const {
 bool ObjcSession::waitUntil(const std::function<bool()>& condition, double seconds) {
   const double end = now() + seconds;
   while (!condition()) {
-    if (Interruption::requested()) throw Interrupted("interrupted");
+    Interruption::check();
     if (now() >= end) return false;
     const Pool passing;
     // What is due may be what is waited for, and a turn goes on to wait behind it.

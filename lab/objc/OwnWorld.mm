@@ -86,7 +86,7 @@ int statusAtEnd(pid_t process) {
   while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
     if (Interruption::requested() && !std::exchange(hasAsked, true)) kill(process, SIGTERM);
   }
-  if (Interruption::requested()) throw Interrupted("interrupted");
+  Interruption::check();
   return status;
 }
 
@@ -103,7 +103,7 @@ fs::path enterOwnWorld(char** arguments) {
 std::string runInWorld(const fs::path& world, const std::vector<std::string>& words) {
   fs::create_directories(world);
   const fs::path errors = world.string() + ".err";
-  if (Interruption::requested()) throw Interrupted("interrupted");
+  Interruption::check();
   const int status = statusAtEnd(startProgram(world, words, errors));
   if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return "";
   constexpr std::size_t kMostBytes = 2000;

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "lab/ics/CalendarStore.h"
+#include "lab/shell/Interruption.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"
 
@@ -13,6 +14,8 @@ ExitCode tellAccount(const AccountCommandOptions& options) {
   CalendarStore nothing;
   Session session(options.lab, nothing, {});
   const std::string trouble = fetchAccount(session, options.lab.timeoutSeconds);
+  // The client may have got the same signal.
+  Interruption::check();
   if (!trouble.empty()) throw LabError("there is no profile: " + trouble);
   const vorn::Value groups = session.ask(options.question)["groups"];
   if (options.form == ReportForm::json) {

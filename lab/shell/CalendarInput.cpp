@@ -32,7 +32,7 @@ bool isStream(const std::filesystem::path& file) {
 
 [[noreturn]] void throwUnreadable(const std::filesystem::path& file) {
   // A signal ends what waits for a stream, too.
-  if (Interruption::requested()) throw Interrupted("interrupted");
+  Interruption::check();
   throw UsageError("cannot read " + file.string() + ": " + std::strerror(errno));
 }
 

@@ -104,7 +104,7 @@ void ClientProcess::waitForLine(int output, double timeoutSeconds) {
 void ClientProcess::stopInVain() {
   stop();
   // It may have got the same signal, and is not to blame.
-  if (Interruption::requested()) throw Interrupted("interrupted");
+  Interruption::check();
 }
 
 std::string ClientProcess::lastErrors() const {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "lab/ics/CalendarStore.h"
+#include "lab/shell/Interruption.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/PluginReport.h"
 #include "lab/shell/Session.h"
@@ -32,6 +33,8 @@ ExitCode doctor(const DoctorOptions& options) {
     noProfile = fetchAccount(session, options.lab.timeoutSeconds);
   }
   const Value found = session.ask("client");
+  // The client may have got the same signal, and is not to blame.
+  Interruption::check();
   Value troubles = found["troubles"];
   if (!noProfile.empty()) troubles.append(noProfile);
   // Of a client that did not start the plug-in knows only that it does not run.

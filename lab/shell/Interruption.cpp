@@ -2,6 +2,8 @@
 
 #include <csignal>
 
+#include "lab/shell/LabError.h"
+
 namespace vornlab {
 namespace {
 
@@ -18,5 +20,9 @@ void Interruption::install() {
 }
 
 bool Interruption::requested() { return interrupted != 0; }
+
+void Interruption::check() {
+  if (requested()) throw Interrupted("interrupted");
+}
 
 }  // namespace vornlab

@@ -10,6 +10,8 @@ class Interruption {
   // Takes the signals over for the rest of the process's life.
   static void install();
   static bool requested();
+  // Throws Interrupted when it is requested.
+  static void check();
 };
 
 }  // namespace vornlab

@@ -72,7 +72,7 @@ bool Session::waitUntil(const std::function<bool()>& condition, double seconds) 
         runLoop().scheduledTimer(kLookAgainSeconds, vorn::RunLoop::Repeats::yes, [](vorn::RunLoop::Timer&) {});
   }
   const bool holds = runLoop().runUntil([&] { return Interruption::requested() || condition(); }, seconds);
-  if (Interruption::requested()) throw Interrupted("interrupted");
+  Interruption::check();
   return holds;
 }
 
