@@ -1,10 +1,11 @@
 #include "lab/shell/ProgressBar.h"
 
 #include <sys/ioctl.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
+
+#include "lab/shell/Terminal.h"
 
 namespace vornlab {
 namespace {
@@ -45,7 +46,7 @@ std::string progressLine(std::size_t done, std::size_t total, double seconds, st
 }
 
 ProgressBar::ProgressBar(std::FILE* stream, std::size_t total)
-    : m_stream(stream), m_total(total), m_isShown(total > 0 && isatty(fileno(stream)) != 0) {}
+    : m_stream(stream), m_total(total), m_isShown(total > 0 && drawsOnTerminal(fileno(stream))) {}
 
 ProgressBar::~ProgressBar() { hide(); }
 

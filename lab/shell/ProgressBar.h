@@ -7,7 +7,7 @@
 
 namespace vornlab {
 
-// One line that grows on a terminal; nothing anywhere else. Taken away with this object.
+// One line that grows on a terminal that can take it back; nothing anywhere else. Taken away with this object.
 class ProgressBar {
  public:
   ProgressBar(std::FILE* stream, std::size_t total);

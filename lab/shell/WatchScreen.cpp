@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "lab/shell/Terminal.h"
+
 namespace vornlab {
 namespace {
 
@@ -37,9 +39,7 @@ bool isSet(const char* variable) {
 
 }  // namespace
 
-bool WatchScreen::isThere() {
-  return isatty(STDOUT_FILENO) != 0 && isSet("TERM") && std::string_view(std::getenv("TERM")) != "dumb";
-}
+bool WatchScreen::isThere() { return drawsOnTerminal(STDOUT_FILENO); }
 
 WatchScreen::WatchScreen() {
   m_hasKeys = tcgetattr(STDIN_FILENO, &m_before) == 0;

@@ -1,6 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pty.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -274,6 +279,22 @@ TEST(ProgressLine, FitsTheTerminalAndTellsTheTimeLeft) {
       {200, 9, 79, "[########################################] 200 of 200"}};
   for (const auto& [done, seconds, columns, line] : rows) {
     EXPECT_EQ(progressLine(done, 200, seconds, columns), line) << columns;
+  }
+}
+
+TEST(ProgressBar, DrawsOnlyOnATerminalThatCanTakeItBack) {
+  for (const auto& [terminal, isDrawn] : {std::pair{"xterm", true}, {"dumb", false}, {"", false}}) {
+    setenv("TERM", terminal, 1);
+    int master = -1;
+    int slave = -1;
+    ASSERT_EQ(openpty(&master, &slave, nullptr, nullptr, nullptr), 0);
+    std::FILE* stream = fdopen(slave, "w");
+    ProgressBar(stream, 3).show(1);
+    int drawn = 0;
+    EXPECT_EQ(ioctl(master, FIONREAD, &drawn), 0);
+    EXPECT_EQ(drawn > 0, isDrawn) << terminal;
+    std::fclose(stream);
+    close(master);
   }
 }
 
