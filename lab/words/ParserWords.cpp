@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <string_view>
+#include <vector>
 
 namespace vornlab {
 
@@ -23,6 +24,28 @@ const CLI::App& innermost(const CLI::App& program) {
   return named.empty() ? program : innermost(*named.front());
 }
 
+// In the order of the line, which the parser's own text turns round.
+std::vector<std::string> unknownWords(const CLI::App& program) {
+  std::vector<std::string> words = program.remaining(true);
+  std::erase(words, "--");
+  return words;
+}
+
+std::string complaintOfExtras(const CLI::App& program) {
+  std::string all;
+  for (const std::string& word : unknownWords(program)) all += " " + word;
+  return "nothing is known of" + all;
+}
+
+std::string complaintOfCommand(const CLI::App& program) {
+  const std::string known = "; there are " + namesOfCommands(innermost(program));
+  const std::vector<std::string> words = unknownWords(program);
+  for (const std::string& word : words) {
+    if (!word.starts_with('-')) return "there is no command \"" + word + "\"" + known;
+  }
+  return words.empty() ? "a command is missing" + known : complaintOfExtras(program);
+}
+
 // What the parser says of words that make no sense, in our own: it tells where, and we what was expected. Its
 // texts have the form of its documented errors.
 std::string complaintOf(const CLI::App& program, const CLI::ParseError& error) {
@@ -34,7 +57,7 @@ std::string complaintOf(const CLI::App& program, const CLI::ParseError& error) {
   const auto before = [&said](std::string_view mark) { return said.substr(0, said.find(mark)); };
   switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
     case CLI::ExitCodes::ValidationError: return said;
-    case CLI::ExitCodes::ExtrasError: return "nothing is known of " + behind("expected: ");
+    case CLI::ExitCodes::ExtrasError: return complaintOfExtras(program);
     case CLI::ExitCodes::ArgumentMismatch: return before(":") + " needs a value";
     case CLI::ExitCodes::ConversionError: return behind("Could not convert: ") + " is not understood";
     case CLI::ExitCodes::ExcludesError:
@@ -43,8 +66,7 @@ std::string complaintOf(const CLI::App& program, const CLI::ParseError& error) {
     case CLI::ExitCodes::RequiredError: break;
     default: return "the words make no sense";
   }
-  if (said == "A subcommand is required")
-    return "a command is missing; there are " + namesOfCommands(innermost(program));
+  if (said == "A subcommand is required") return complaintOfCommand(program);
   constexpr std::string_view kList = " from [";
   if (const std::size_t list = said.find(kList); list != std::string::npos) {
     const std::size_t begin = list + kList.size();
