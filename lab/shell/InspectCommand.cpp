@@ -19,8 +19,9 @@ using vorn::Value;
 namespace {
 
 std::string titleOf(const CalendarEvent& event) {
-  const std::string uid = event.uid();
-  return event.isException() ? uid + ", " + event.recurrenceId() : uid;
+  const std::string uid = event.isException() ? event.uid() + ", " + event.recurrenceId() : event.uid();
+  const std::string subject = event.summary().value_or("");
+  return subject.empty() ? uid : uid + "  " + subject;
 }
 
 void print(const Value& groups, ReportForm form, const std::string& title, nlohmann::ordered_json first) {
@@ -75,13 +76,15 @@ ExitCode inspect(const InspectOptions& options, const StartSession& start) {
   if (!options.body.empty()) return inspectBody(options, start);
   CalendarStore calendar(options.input.storeOptions());
   loadCalendar(calendar, options.input);
+  const std::vector<CalendarEvent> events = calendar.events();
+  if (events.empty()) complain(options.input.file.string() + ": the calendar has no appointment", "vornlab");
   HostOptions host;
   host.userAddress = options.me;
   const std::unique_ptr<LabSession> session = start(options.lab, calendar, host);
 
   const std::set<std::string> wanted(options.uids.begin(), options.uids.end());
   std::set<std::string> missing = wanted;
-  for (const CalendarEvent& event : calendar.events()) {
+  for (const CalendarEvent& event : events) {
     if (!wanted.empty() && !wanted.contains(event.uid())) continue;
     missing.erase(event.uid());
     print(inspected(*session, event), options.form, titleOf(event),

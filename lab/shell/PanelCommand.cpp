@@ -27,7 +27,9 @@ CalendarEvent chosenEvent(CalendarStore& calendar, const PanelOptions& options) 
   if (options.uid.empty()) {
     const std::vector<CalendarEvent> events = calendar.events();
     if (events.size() == 1) return events.front();
-    throw UsageError("the file has " + std::to_string(events.size()) + " appointments; choose one with --uid");
+    if (events.empty()) throw UsageError(options.input.file.string() + ": the calendar has no appointment");
+    throw UsageError("the file has " + std::to_string(events.size()) +
+                     " appointments; choose one with --uid; meet FILE --dry-run --all --json lists them");
   }
   if (const auto event = calendar.find(options.uid)) return *event;
   throw LabError(missingInWords(options.input.file, options.uid));

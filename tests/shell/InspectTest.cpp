@@ -126,6 +126,9 @@ TEST_F(Inspect, LooksAtABodyAloneAndSaysWhoMayHaveAMeeting) {
   const std::vector<json> seen = inspect(file, {"--me", "me@vorn.example", "--uid", "theirs"});
   ASSERT_EQ(seen.size(), 1u) << m_run.output << m_run.errors;
   EXPECT_EQ(seen[0]["meeting"]["supported"], false);
+  EXPECT_THAT(runProgram(VORNLAB_PROGRAM, {"inspect", file}).output, ::testing::StartsWith("mine  Mine\n\n"));
+  EXPECT_THAT(runProgram(VORNLAB_PROGRAM, {"inspect", m_folder.write("none.ics", calendar({}))}).errors,
+              HasSubstr("none.ics: the calendar has no appointment\n"));
   inspect(file, {"--uid", "nobody"});
   EXPECT_EQ(m_run.exitCode, 1);
   EXPECT_THAT(m_run.errors, HasSubstr("nobody"));

@@ -193,6 +193,8 @@ TEST_F(PanelCommand, OpensThePanelOfAStoredMeetingAndSaysWhereThereIsNone) {
   const ProgramRun several = panel({online});
   EXPECT_EQ(several.exitCode, 2);
   EXPECT_THAT(several.errors, HasSubstr("choose one with --uid"));
+  EXPECT_THAT(panel({m_folder.write("none.ics", calendar({}))}).errors,
+              HasSubstr("none.ics: the calendar has no appointment\n"));
   EXPECT_EQ(panel({"--uid", "one"}).exitCode, 2);
   const ProgramRun alone = panel({"--without-client"});
   EXPECT_EQ(alone.exitCode, 1);
