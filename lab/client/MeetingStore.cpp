@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <cstring>
+
 namespace vornlab {
 namespace {
 
@@ -217,17 +219,19 @@ std::optional<Meeting> MeetingStore::readOne(sqlite3_stmt* statement) {
 
 void MeetingStore::fail() const {
   const int code = sqlite3_errcode(m_database.get());
+  const int error = sqlite3_system_errno(m_database.get());
+  const std::string reason = error == 0 ? "" : std::string(": ") + std::strerror(error);
   switch (code) {
     case SQLITE_BUSY:
       throw StoreError("another program has kept the database busy for " +
                        std::to_string(m_patienceMilliseconds / 1000) + " seconds");
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT: throw StoreError("this is no database of meetings; name another file");
-    case SQLITE_CANTOPEN: throw StoreError("the database cannot be opened; its folder has to be there");
+    case SQLITE_CANTOPEN: throw StoreError("the database cannot be opened" + reason);
     case SQLITE_READONLY:
     case SQLITE_PERM: throw StoreError("the database cannot be written; it is read-only");
     case SQLITE_FULL: throw StoreError("the database cannot be written; the disk is full");
-    case SQLITE_IOERR: throw StoreError("the database cannot be read or written; the disk may be full");
+    case SQLITE_IOERR: throw StoreError("the database cannot be read or written" + reason);
     default: throw StoreError("the database cannot be used; SQLite's code is " + std::to_string(code));
   }
 }

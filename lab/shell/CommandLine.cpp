@@ -9,6 +9,7 @@
 #include <cstring>
 #include <sstream>
 
+#include "lab/host/InvitedPeople.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/SystemVersion.h"
@@ -22,6 +23,11 @@ namespace {
 // What is wrong with a version of three numbers with dots between; "" when nothing is.
 std::string complaintOfVersion(const std::string& text) {
   return parseSystemVersion(text) ? std::string() : "\"" + text + "\" is no version such as 10.15.0";
+}
+
+std::string complaintOfAddress(const std::string& text) {
+  // An example would be covered where this is told.
+  return isAddress(text) ? "" : "\"" + text + "\" is no address; that is a name and a host, with \"@\" between";
 }
 
 std::string complaintOfWorld(const std::string& folder) {
@@ -65,6 +71,10 @@ void addLabOptions(CLI::App& command, LabOptions& lab) {
 void addJsonFlag(CLI::App& command, ReportForm& form, const char* what) {
   command.add_flag_callback(
       "--json", [&form] { form = ReportForm::json; }, what);
+}
+
+void addOwner(CLI::App& command, std::string& address, const char* what) {
+  command.add_option("--me", address, what)->check(complaintOfAddress, "ADDRESS");
 }
 
 void askWithoutClient(CLI::App& command, LabOptions& lab, ReportForm& form) {

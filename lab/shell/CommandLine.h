@@ -43,6 +43,9 @@ void addLabOptions(CLI::App& command, LabOptions& lab);
 // The flag --json; `what` tells what is printed then.
 void addJsonFlag(CLI::App& command, ReportForm& form, const char* what = "one JSON object");
 
+// The option --me, with the address of the calendar's owner.
+void addOwner(CLI::App& command, std::string& address, const char* what = "the address of the calendar's owner");
+
 // For a command that only asks and needs no client; the user's choices stay as they are.
 void askWithoutClient(CLI::App& command, LabOptions& lab, ReportForm& form);
 // The same with a client, which is given little time.

@@ -101,7 +101,7 @@ CLI::App* addInspectWords(CLI::App& program, InspectOptions& options) {
   command->add_option("--body", options.body, "look at a body alone, in HTML or plain text")
       ->check(complaintOfFile, "FILE");
   command->add_option("--uid", options.uids, "one appointment; may be repeated");
-  command->add_option("--me", options.me, "the address of the calendar's owner");
+  addOwner(*command, options.me);
   askWithoutClient(*command, options.lab, options.form);
   return command;
 }

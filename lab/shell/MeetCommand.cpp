@@ -15,6 +15,7 @@
 #include "lab/shell/Session.h"
 #include "lab/shell/TemporaryFolder.h"
 #include "lab/shell/Words.h"
+#include "lab/words/OptionChecks.h"
 
 namespace vornlab {
 namespace {
@@ -45,9 +46,6 @@ class MeetRun {
         m_calendar(options.input.storeOptions()) {}
 
   ExitCode run() {
-    if (m_options.lab.clientDatabase.empty()) {
-      throw UsageError("HOME is not set: --client-db FILE says where the service keeps its meetings");
-    }
     loadCalendar(m_calendar, m_options.input);
     std::vector<CalendarEvent> chosen = chooseEvents();
     const auto began = std::chrono::steady_clock::now();
@@ -166,8 +164,18 @@ class MeetRun {
   CalendarStore m_calendar;
 };
 
+void requireDatabase(const std::string& database) {
+  if (database.empty()) {
+    throw UsageError("HOME is not set: --client-db FILE says where the service keeps its meetings");
+  }
+  if (const std::string complaint = complaintOfDatabase(database); !complaint.empty()) throw UsageError(complaint);
+}
+
+// The database itself need not be one that could be written.
 void copyMeetings(const std::string& database, const std::string& copy) {
-  if (!fs::exists(database)) return;
+  std::error_code unknown;
+  if (fs::status(database, unknown).type() == fs::file_type::not_found) return;
+  if (const std::string complaint = complaintOfFile(database); !complaint.empty()) throw UsageError(complaint);
   try {
     MeetingStore::copy(database, copy);
   } catch (const StoreError& error) {
@@ -181,7 +189,10 @@ ExitCode meet(const MeetOptions& options, const StartSession& start) {
   if (!options.isTrial && options.output.empty()) {
     throw UsageError("--out is missing: it says where the changed calendar goes; --dry-run goes without");
   }
-  if (!options.isTrial) return MeetRun(options, start).run();
+  if (!options.isTrial) {
+    requireDatabase(options.lab.clientDatabase);
+    return MeetRun(options, start).run();
+  }
   const TemporaryFolder folder;
   MeetOptions trial = options;
   trial.lab.clientDatabase = (folder.path() / "trial.db").string();
@@ -216,7 +227,7 @@ CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
                     "cover passcodes, join tokens and addresses in what is told, for passing it on");
   command->add_option("--client-db", options.lab.clientDatabase, "where the stand-in service keeps its meetings")
       ->capture_default_str();
-  command->add_option("--me", options.me, "the address of the calendar's owner: what others organize is skipped");
+  addOwner(*command, options.me, "the address of the calendar's owner: what others organize is skipped");
   return command;
 }
 

@@ -11,6 +11,7 @@
 #include "lab/shell/Words.h"
 #include "lab/shell/panel/PanelPrinter.h"
 #include "lab/shell/panel/PanelTrial.h"
+#include "lab/words/OptionChecks.h"
 
 namespace vornlab {
 namespace {
@@ -190,8 +191,10 @@ Command addPanel(CLI::App& program, const LabOptions& lab) {
   command->add_flag("--words", options->words, "list the words of the options, and what each takes");
   command->add_flag("--all", options->all, "tell what is hidden, too, and why");
   command->add_option("--client", options->lab.clientVersion, "the version that the client shows");
-  command->add_option("--client-db", options->lab.clientDatabase,
-                      "where the stand-in service keeps its meetings, when it is not where meet keeps them");
+  command
+      ->add_option("--client-db", options->lab.clientDatabase,
+                   "where the stand-in service keeps its meetings, when it is not where meet keeps them")
+      ->check(complaintOfDatabase, "FILE");
   askClient(*command, options->lab, options->form);
   return {command, [options] { return showPanel(*options); }};
 }

@@ -10,6 +10,7 @@
 #include "lab/shell/Output.h"
 #include "lab/shell/ReportSections.h"
 #include "lab/shell/TextColumns.h"
+#include "lab/words/OptionChecks.h"
 #include "util/AtomicFile.h"
 
 namespace vornlab {
@@ -100,10 +101,12 @@ Command addReport(CLI::App& program, const LabOptions& lab) {
       "report", "write one file, with secrets covered, for somebody who helps; says first what it holds");
   addCalendarInput(*command, options->input, "a calendar file, whose appointments are told as inspect does");
   command->add_option("--uid", options->uid, "the appointment whose panel is told; else a new one's");
-  command->add_option("--me", options->me, "the address of the calendar's owner");
+  addOwner(*command, options->me);
   command->add_option("--out", options->output, "where the report goes")->capture_default_str();
-  command->add_option("--client-db", options->lab.clientDatabase,
-                      "where the stand-in service keeps its meetings, when it is not where meet keeps them");
+  command
+      ->add_option("--client-db", options->lab.clientDatabase,
+                   "where the stand-in service keeps its meetings, when it is not where meet keeps them")
+      ->check(complaintOfDatabase, "FILE");
   askClient(*command, options->lab, options->form);
   return {command, [options] { return report(*options); }};
 }

@@ -30,6 +30,21 @@ std::string complaintOfFile(const std::string& path) { return complaintOfPath(pa
 
 std::string complaintOfFolder(const std::string& path) { return complaintOfPath(path, true); }
 
+std::string complaintOfDatabase(const std::string& path) {
+  if (path == ":memory:") return "";
+  std::error_code unknown;
+  if (fs::status(path, unknown).type() != fs::file_type::not_found) {
+    if (std::string complaint = complaintOfFile(path); !complaint.empty()) return complaint;
+    return ::access(path.c_str(), W_OK) == 0 ? "" : path + " cannot be written: " + std::strerror(errno);
+  }
+  const fs::path folder = fs::absolute(path).parent_path();
+  if (fs::status(folder, unknown).type() == fs::file_type::not_found) return "";
+  if (std::string complaint = complaintOfFolder(folder); !complaint.empty()) return complaint;
+  return ::access(folder.c_str(), W_OK) == 0
+             ? ""
+             : "cannot write into the folder " + folder.string() + ": " + std::strerror(errno);
+}
+
 std::string complaintOfSeconds(const std::string& text) {
   double seconds = 0;
   const char* const end = text.data() + text.size();

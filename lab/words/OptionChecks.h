@@ -10,6 +10,9 @@ namespace vornlab {
 std::string complaintOfFile(const std::string& path);
 std::string complaintOfFolder(const std::string& path);
 
+// A file of meetings that can be read and written, or made where it is missing; ":memory:" is no file.
+std::string complaintOfDatabase(const std::string& path);
+
 // A number of seconds, from a thousandth of one to a day.
 std::string complaintOfSeconds(const std::string& text);
 

@@ -61,6 +61,11 @@ TEST_F(Output, IsRefusedBeforeAMeetingIsMadeWhereItWouldCostSomething) {
       {"$V meet in.ics --all --out ./db --client-db db", "needed for something else"},
       {"$V meet in.ics --all --out read.ics --client-db db", "may only be read"},
       {"$V meet in.ics --all --out mine --client-db db", "is a folder"},
+      {"$V meet in.ics --all --out out.ics --client-db mine", "mine is a folder"},
+      {"$V meet in.ics --all --dry-run --client-db mine", "mine is a folder"},
+      {"$V meet in.ics --all --out out.ics --client-db in.ics/db", "in.ics is no folder"},
+      {"$V panel in.ics --client-db mine", "mine is a folder"},
+      {"$V meet in.ics --all --out out.ics --client-db db --me nobody", "\"nobody\" is no address; that is"},
       {"HOME= XDG_STATE_HOME= $V meet in.ics --all --out out.ics", "--client-db"},
       {"$V meet in.ics --all --out out.ics --client-db db --world mine", "somebody's"}};
   for (const auto& [line, complaint] : cases) {
