@@ -53,7 +53,7 @@ int writeAll(int descriptor, std::string_view text) {
 std::optional<fs::path> writeNewFile(const fs::path& folder, const fs::path& name, std::string_view text,
                                      const fs::path& model) {
   const std::string ending = name.extension();
-  std::string path = (folder / name.stem()).string() + "-XXXXXX" + ending;
+  std::string path = (folder / name.stem()).lexically_normal().string() + "-XXXXXX" + ending;
   const int descriptor = ::mkstemps(path.data(), static_cast<int>(ending.size()));
   if (descriptor < 0) return std::nullopt;
   const std::optional<struct stat> facts = factsOf(model);
@@ -152,7 +152,8 @@ std::optional<fs::path> CalendarOutput::writeElsewhere(std::string_view text, co
   std::error_code failed;
   const fs::path temporary = fs::temp_directory_path(failed);
   if (failed) return std::nullopt;
-  return writeNewFile(temporary, isPlainFile() ? m_path.filename() : "vornlab.ics", text, model);
+  // Where others have files, too, the model's mode could be too open.
+  return writeNewFile(temporary, isPlainFile() ? m_path.filename() : "vornlab.ics", text, "");
 }
 
 }  // namespace vornlab

@@ -32,9 +32,9 @@ class CalendarOutput {
   // A file that is new here takes the mode of the model. Throws LabError, with nothing overwritten, when it cannot
   // be written or is not as it was at the beginning.
   void write(std::string_view text, const std::filesystem::path& model);
-  // For a text that would be lost otherwise: writes it to a new file beside the output or, where that cannot be
-  // and for all that is no plain file, among the temporary files. The model's mode, or its owner's alone. Answers
-  // where it is; absent when it could not be written there either.
+  // For a text that would be lost otherwise: writes it to a new file beside the output, with the model's mode, or,
+  // where that cannot be and for all that is no plain file, among the temporary files, for its owner alone.
+  // Answers where it is; absent when it could not be written there either.
   std::optional<std::filesystem::path> writeElsewhere(std::string_view text,
                                                       const std::filesystem::path& model) const;
 

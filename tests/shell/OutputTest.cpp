@@ -120,18 +120,20 @@ TEST_F(Output, ThatCannotBeToldIsAFailure) {
 TEST_F(Output, GoesElsewhereWhenItsPlaceHasChangedMeanwhile) {
   const std::string meet = "TMPDIR=$PWD $V meet in.ics --all --client-db :memory: --out ";
   const std::string told = " 2>&1 | while read -r line; do echo \"$line\"; case $line in added*) ";
-  const std::tuple<std::string, const char*, const char*> cases[] = {
-      {meet + "in.ics" + told + "echo X >>in.ics;; esac; done", "has been changed meanwhile", "in"},
-      {"mkdir away; " + meet + "away/o.ics" + told + "rm -rf away;; esac; done", "its folder away is gone", "o"},
-      {meet + "- | :", "cannot write into -", "vornlab"}};
+  const std::tuple<std::string, const char*, const char*, const char*> cases[] = {
+      {meet + "in.ics" + told + "echo X >>in.ics;; esac; done", "has been changed meanwhile", "in", "640\n"},
+      {"mkdir away; " + meet + "away/o.ics" + told + "rm -rf away;; esac; done", "its folder away is gone", "o",
+       "600\n"},
+      {meet + "- | :", "cannot write into -", "vornlab", "600\n"}};
   std::vector<std::string> appointments;
   for (int i = 0; i < 20; ++i) appointments.push_back(appointment("u" + std::to_string(i), "Budget"));
-  for (const auto& [line, reason, name] : cases) {
-    m_folder.write("in.ics", calendar(appointments));
+  for (const auto& [line, reason, name, mode] : cases) {
+    ::chmod(m_folder.write("in.ics", calendar(appointments)).c_str(), 0640);
     const ProgramRun run = shell(line);
     EXPECT_THAT(run.output + run.errors, AllOf(HasSubstr("20 added"), HasSubstr(reason),
                                                HasSubstr("; the calendar with its 20 new meetings is in ")));
     EXPECT_EQ(occurrences(contentOf(m_folder / "in.ics"), "vorn.example/j/"), 0u) << line;
+    EXPECT_EQ(shell(std::string("stat -c %a ") + name + "-??????.ics").output, mode) << line;
     const std::string found = shell(std::string("cat ") + name + "-??????.ics").output;
     EXPECT_EQ(occurrences(unfolded(found), "LOCATION:https"), 20u) << line;
   }
