@@ -86,6 +86,8 @@ void ScheduleForOptions::setScheduleForListInfo(bool forOther) {
   if (email.empty() && m_record.scheduleForEmail().value_or("").empty()) return;
   m_record.setScheduleForEmail(email);
   m_record.initSubDataWithUserProfile(m_record.usePMI());
+  // A new meeting may have been another person's until now, one that stands has its own words.
+  if (m_context.isForUpdateVornMeeting() && !m_record.usePMI()) m_steps.takeBackWords();
   m_steps.keepShownSwitches();
   m_steps.initEncryptionBox();
   m_steps.initCountriesOfPerson(forOther && !isForMyselfFromUI());

@@ -113,7 +113,6 @@ class VnSettingViewController final : private PanelSteps {
   void takeControls(Commit commit);
   Kept whatStands() const { return {m_settingData, m_countries.countryContent()}; }
   void goBackTo(const Kept& kept);
-  void takeBackWords();
   void keepWhatIsThePersons();
   void closeWindows();
   void checkAccountLocked();
@@ -127,6 +126,7 @@ class VnSettingViewController final : private PanelSteps {
   void initPMIDisableMessageView(int index) override { m_meetingId.initPMIDisableMessageView(index); }
   void leavePMIWithoutOne(int index) override { m_meetingId.leavePMIWithoutOne(index); }
   std::string getUIScheduleForEmail() const override { return m_scheduleFor.getUIScheduleForEmail(); }
+  void takeBackWords() override;
   void keepShownSwitches() override { m_plainOptions.writeShownSwitches(); }
   void initEncryptionBox() override { m_encryption.initEncryptionBox(); }
   void initCountriesOfPerson(bool isOther) override { m_countries.initCountriesOfPerson(isOther); }

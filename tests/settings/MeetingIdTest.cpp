@@ -376,6 +376,47 @@ TEST_F(MeetingIdPanelTest, AnotherPersonsMessageCannotBeClosedAndChoosingThatPer
   EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(""));
 }
 
+// The account has words of its own, and rules that came after the meeting's passcode.
+TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePersonalOne) {
+  people = Value::Array{person(kDana, "Dana", "5550777777")};
+  Account account = accountWith(UserOption::EnableThirdPartyAudio, UserOption3::isEnableRequirePassword);
+  account.set_usertype(2);
+  account.set_roommeetingid(5550142871);
+  account.set_otherteleconfinfo("Dial 1");
+  SettingsPanelTest::knowAccount(account, {{vn_Profile_Bosses, people}, {vn_Profile_PasswordMinLength, 8}});
+  knowList();
+  com::tidemar::webapp::proto::MeetingProto meeting;
+  meeting.add_alternatehosts()->set_email("ann@vorn.example");
+  for (const char* whose : {"", kDana}) {
+    SCOPED_TRACE(whose);
+    window = std::make_unique<FakeWindow>(test);
+    window->manager->meetingDataMgr()->setMeetingKey("91234567890");
+    vnGetMeetingHelper& helper = *window->manager->getMeetingHelper();
+    helper.setMeetingData(Value::dictionaryFromPairs({{"meetingKey", "91234567890"},
+                                                      {vn_Setting_ScheduleFor, whose},
+                                                      {vn_Setting_MeetingPassword, "123"},
+                                                      {vn_MeetingData_Enable3rdPartyAudio, true},
+                                                      {vn_Setting_ThirdPartyAudio, "Dial 555"}}),
+                          false);
+    helper.setPBMeetingData(EncodeUtils::base64Encode(meeting.SerializeAsString()));
+    open();
+    const Value before = view().settingsToCommit();
+    for (const bool isLookedAt : {false, true}) {
+      if (isLookedAt) {
+        turn("buttonUsePMI", true);
+        answerMeeting(*whose ? "5550777777" : "5550142871", true, whose);
+        EXPECT_EQ(control("videoHostMatrix").index, 0) << "it has come";
+      }
+      turn("buttonOneTimeMeeting", true);
+      const Value after = view().settingsToCommit();
+      for (const std::string_view key :
+           {vn_Setting_ThirdPartyAudio, vn_Setting_MeetingPassword, vn_Setting_AlternateHosts}) {
+        EXPECT_EQ(after[key], before[key]) << key;
+      }
+    }
+  }
+}
+
 TEST_F(MeetingIdPanelTest, AMeetingThatStandsKeepsWhomItIsFor) {
   people = Value::Array{person(kDana, "Dana", "5550777777", true)};
   knowAccount();
