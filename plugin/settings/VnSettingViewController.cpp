@@ -246,6 +246,12 @@ void VnSettingViewController::takeBackWords() {
   if (!stands) return;
   m_settingData.setTrackingFields(own.trackingFields());
   m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
+  // Whether people have to sign in is the account's to say again. The choice of how comes with its domains.
+  if (own.authId().value_or("").empty()) return;
+  m_settingData.setAuthId(own.authId());
+  m_settingData.setAuthName(own.authName());
+  m_settingData.setAuthType(own.authType());
+  m_settingData.setAuthDomain(own.authDomain());
 }
 
 void VnSettingViewController::onPMIMeetingInfo() {

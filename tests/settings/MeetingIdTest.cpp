@@ -383,10 +383,22 @@ TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePerson
   account.set_usertype(2);
   account.set_roommeetingid(5550142871);
   account.set_otherteleconfinfo("Dial 1");
-  SettingsPanelTest::knowAccount(account, {{vn_Profile_Bosses, people}, {vn_Profile_PasswordMinLength, 8}});
+  const Value staff = Value::dictionaryFromPairs({{vn_Setting_MeetingAuth_AuthId, "a1"},
+                                                  {vn_Setting_MeetingAuth_AuthType, 1},
+                                                  {vn_Setting_MeetingAuth_AuthDomain, "corp.example"},
+                                                  {vn_Setting_MeetingAuth_DefaultAuth, true}});
+  SettingsPanelTest::knowAccount(account, {{vn_Profile_Bosses, people},
+                                           {vn_Profile_PasswordMinLength, 8},
+                                           {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
+                                           {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true},
+                                           {vn_Profile_MeetingAuths, Value::Array{staff}}});
   knowList();
   com::tidemar::webapp::proto::MeetingProto meeting;
   meeting.add_alternatehosts()->set_email("ann@vorn.example");
+  meeting.set_scheduleoptions(static_cast<std::int64_t>(ScheduleOptions::IsSignedInUsersMeetingOn));
+  meeting.mutable_authproto()->set_authid("a1");
+  meeting.mutable_authproto()->set_authtype(1);
+  meeting.mutable_authproto()->set_authdomain("acme.example;beta.example");
   for (const char* whose : {"", kDana}) {
     SCOPED_TRACE(whose);
     window = std::make_unique<FakeWindow>(test);
@@ -409,8 +421,8 @@ TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePerson
       }
       turn("buttonOneTimeMeeting", true);
       const Value after = view().settingsToCommit();
-      for (const std::string_view key :
-           {vn_Setting_ThirdPartyAudio, vn_Setting_MeetingPassword, vn_Setting_AlternateHosts}) {
+      for (const std::string_view key : {vn_Setting_ThirdPartyAudio, vn_Setting_MeetingPassword,
+                                         vn_Setting_AlternateHosts, vn_Setting_MeetingAuth}) {
         EXPECT_EQ(after[key], before[key]) << key;
       }
     }
