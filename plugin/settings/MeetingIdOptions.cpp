@@ -189,8 +189,10 @@ void MeetingIdOptions::userChanged(std::string_view key) {
 }
 
 void MeetingIdOptions::onClickMeetingIDType(bool usePMI) {
+  const bool wasPMI = m_record.usePMI();
   choosePMI(usePMI);
   if (usePMI) {
+    if (!wasPMI) m_steps.leaveMeeting();
     getPMIMeetingInfo();
   } else {
     m_steps.refreshUI(false);

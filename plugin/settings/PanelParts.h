@@ -32,8 +32,9 @@ class PanelSteps {
   virtual void fetchChosenPMI() = 0;
   virtual void updatePMITitle(int index) = 0;
   virtual void initPMIDisableMessageView(int index) = 0;
-  // Another person is chosen: what is still open, or was loaded, for the one before must not become theirs.
-  virtual void leavePerson() = 0;
+  // Another person is chosen, or the personal meeting: what is still open, or was loaded, for the meeting before
+  // must not get into that one.
+  virtual void leaveMeeting() = 0;
   // The meeting gets a number of its own if that person has no personal ID to use.
   virtual void leavePMIWithoutOne(int index) = 0;
   // The person's e-mail as the controls have it; "" for oneself. The record may still be another's.

@@ -111,7 +111,7 @@ void ScheduleForOptions::scheduleForUserChanged() {
 void ScheduleForOptions::onScheduleForItemChanged() {
   const int index = scheduleForIndex();
   if (index == m_thelastSchedulForIndex) return;
-  m_steps.leavePerson();
+  m_steps.leaveMeeting();
   m_steps.leavePMIWithoutOne(index);
   if (index < 0 || people().hasScheduleForList()) {
     setScheduleForListInfo(index >= 0);

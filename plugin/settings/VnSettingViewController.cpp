@@ -356,14 +356,27 @@ void VnSettingViewController::keepWhatIsThePersons() {
   m_kept.countries = m_countries.countryContent();
 }
 
-// The personal meeting of whom is chosen next may not come. Until it does there is nothing but what the user has
-// typed for that one: the words of the other must not get into it.
-void VnSettingViewController::leavePerson() {
+// The personal meeting that is chosen next may not come. Until it does there is nothing but what the user has
+// typed for that one, and what it had if a dismissed panel goes back to it: the words of the other must not get
+// into it.
+void VnSettingViewController::leaveMeeting() {
   m_allowDeny.endWindow();
   if (!m_settingData.usePMI()) return;
-  m_settingData.setMeetingPassword("");
-  m_settingData.setAlternateHosts(Value::array());
-  m_security.loadPasscodeText();
+  const vnSettingData& own = m_kept.record;
+  const std::string person = m_scheduleFor.getUIScheduleForEmail();
+  if (own.usePMI() && equalIgnoringCase(person, own.scheduleForEmail().value_or(""))) {
+    m_settingData.setMeetingPassword(own.meetingPassword());
+    m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
+    m_settingData.setAlternateHosts(own.arrAlternateHosts());
+    m_settingData.setTrackingFields(own.trackingFields());
+    m_security.initPasscode();
+  } else {
+    m_settingData.setMeetingPassword("");
+    m_settingData.setAlternateHosts(Value::array());
+    m_settingData.setTrackingFields(SettingsContext::profile().trackingFields());
+    m_security.loadPasscodeText();
+  }
+  m_trackingFieldsController.loadMtValues();
   m_security.resetUIForPasswordFormatErrorTextField();
   m_security.resetPswHelpButtonState();
   m_alternateHosts.initAlternateHosts();

@@ -120,7 +120,7 @@ class VnSettingViewController final : private PanelSteps {
   void onSelectedCountriesChanged();
   void onTrackingFieldValueChanged() { checkScheduleButton(); }
 
-  void leavePerson() override;
+  void leaveMeeting() override;
   void fetchChosenPMI() override { m_meetingId.fetchChosenPMI(); }
   void updatePMITitle(int index) override { m_meetingId.updatePMITitle(index); }
   void initPMIDisableMessageView(int index) override { m_meetingId.initPMIDisableMessageView(index); }

@@ -110,6 +110,17 @@ class MeetingIdPanelTest : public SettingsPanelTest {
     answer("4", std::string(13, ';') +
                     EncodeUtils::base64Encode(vnOLUtils::toJSONString(meeting).value_or("")).value_or(""));
   }
+  // The meeting stands, and Ann is its host.
+  void knowMeetingOfAnn(Value meeting, com::tidemar::webapp::proto::MeetingProto options = {}) {
+    auto& host = *options.add_alternatehosts();
+    host.set_id("ann");
+    host.set_email("ann@vorn.example");
+    window->manager->meetingDataMgr()->setMeetingKey("91234567890");
+    meeting.set("meetingKey", "91234567890");
+    vnGetMeetingHelper& helper = *window->manager->getMeetingHelper();
+    helper.setMeetingData(meeting, false);
+    helper.setPBMeetingData(EncodeUtils::base64Encode(options.SerializeAsString()));
+  }
   void answerList() {
     answer("11", vnOLUtils::toJSONString(Value::dictionaryFromPairs({{vn_Profile_Bosses, people}})).value_or(""));
   }
@@ -146,6 +157,71 @@ TEST_F(MeetingIdPanelTest, ContinueComesBackWhenTheClientFails) {
   open();
   turn("buttonUsePMI", true);
   EXPECT_TRUE(mayContinue()) << "nothing was asked";
+}
+
+// A switch that is on asks for a passcode, so that none is lost unseen.
+TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnotherMeeting) {
+  people = Value::Array{person(kDana, "Dana", "5550777777")};
+  Account account = accountWith(UserOption3::isEnableRequirePassword);
+  account.set_usertype(2);
+  account.set_roommeetingid(5550142871);
+  account.add_trackingfields()->set_id("1");
+  constexpr const char* costCentre = "trackingFieldItem0._comboBox";
+  const auto hosts = [this] { return view().settingsToCommit()[vn_Setting_AlternateHosts]; };
+  const auto put = [this](const char* host) {
+    click("alternateHostTextField", [host](Control& field) { field.tokens.paste(host); });
+  };
+  for (const bool isLoaded : {false, true}) {
+    SCOPED_TRACE(isLoaded);
+    window = std::make_unique<FakeWindow>(test);
+    SettingsPanelTest::knowAccount(account, {{vn_Profile_Bosses, people}});
+    knowList();
+    open();
+    if (isLoaded) {
+      turn("buttonUsePMI", true);
+      answerMeeting("5550142871", true);
+      turn("requiredMeetingPswButton", true);
+      type("passwordTextField", "112233");
+    }
+    put("ann@vorn.example;");
+    type(costCentre, "CC-1");
+    view().onSettingsCommit(true);
+    view().updateUIItemsForNextTime();
+    put("sam@vorn.example;");
+    const std::string passcode = control("passwordTextField").text;
+    const Value both = Value::Array{"ann@vorn.example", "sam@vorn.example"};
+    EXPECT_EQ(hosts(), both);
+    isLoaded ? choose("scheduleForPopup", 1) : turn("buttonUsePMI", true);
+    answer("4", "0;Error 3001");
+    EXPECT_EQ(control("passwordTextField").text + control(costCentre).text, "");
+    EXPECT_EQ(hosts(), Value(Value::Array{"sam@vorn.example"})) << "put in just now";
+    EXPECT_TRUE(control("requiredMeetingPswButton").on && !mayContinue());
+    type("passwordTextField", "998877");
+    EXPECT_TRUE(mayContinue());
+    isLoaded ? choose("scheduleForPopup", 0) : turn("buttonOneTimeMeeting", true);
+    answer("4", "0;Error 3001");
+    EXPECT_EQ(control("passwordTextField").text, passcode);
+    EXPECT_EQ(hosts(), both);
+  }
+}
+
+// Nor does it lose its own on the way to a number of its own and back.
+TEST_F(MeetingIdPanelTest, APersonalMeetingThatStandsHasItsOwnWordsThoughItCannotBeFetchedAnew) {
+  Account account;
+  account.set_usertype(2);
+  account.set_roommeetingid(5550142871);
+  SettingsPanelTest::knowAccount(account);
+  knowMeetingOfAnn(Value::dictionaryFromPairs({{vn_Setting_IsPMI, true}, {vn_Setting_MeetingPassword, "998877"}}));
+  open();
+  answer("4", "0;Error 3001");
+  const Value before = view().settingsToCommit();
+  EXPECT_EQ(before[vn_Setting_AlternateHosts].count(), 1u);
+  turn("buttonOneTimeMeeting", true);
+  turn("buttonUsePMI", true);
+  answer("4", "0;Error 3001");
+  for (const std::string_view key : {vn_Setting_IsPMI, vn_Setting_MeetingPassword, vn_Setting_AlternateHosts}) {
+    EXPECT_EQ(view().settingsToCommit()[key], before[key]) << key;
+  }
 }
 
 TEST_F(MeetingIdPanelTest, OfTwoThatWereAskedForTheWantedOneComesAndContinueWaitsForIt) {
@@ -394,7 +470,6 @@ TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePerson
                                            {vn_Profile_MeetingAuths, Value::Array{staff}}});
   knowList();
   com::tidemar::webapp::proto::MeetingProto meeting;
-  meeting.add_alternatehosts()->set_email("ann@vorn.example");
   meeting.set_scheduleoptions(static_cast<std::int64_t>(ScheduleOptions::IsSignedInUsersMeetingOn));
   meeting.mutable_authproto()->set_authid("a1");
   meeting.mutable_authproto()->set_authtype(1);
@@ -402,17 +477,14 @@ TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePerson
   for (const char* whose : {"", kDana}) {
     SCOPED_TRACE(whose);
     window = std::make_unique<FakeWindow>(test);
-    window->manager->meetingDataMgr()->setMeetingKey("91234567890");
-    vnGetMeetingHelper& helper = *window->manager->getMeetingHelper();
-    helper.setMeetingData(Value::dictionaryFromPairs({{"meetingKey", "91234567890"},
-                                                      {vn_Setting_ScheduleFor, whose},
-                                                      {vn_Setting_MeetingPassword, "123"},
-                                                      {vn_MeetingData_Enable3rdPartyAudio, true},
-                                                      {vn_Setting_ThirdPartyAudio, "Dial 555"}}),
-                          false);
-    helper.setPBMeetingData(EncodeUtils::base64Encode(meeting.SerializeAsString()));
+    knowMeetingOfAnn(Value::dictionaryFromPairs({{vn_Setting_ScheduleFor, whose},
+                                                 {vn_Setting_MeetingPassword, "123"},
+                                                 {vn_MeetingData_Enable3rdPartyAudio, true},
+                                                 {vn_Setting_ThirdPartyAudio, "Dial 555"}}),
+                     meeting);
     open();
     const Value before = view().settingsToCommit();
+    EXPECT_EQ(before[vn_Setting_AlternateHosts].count(), 1u);
     for (const bool isLookedAt : {false, true}) {
       if (isLookedAt) {
         turn("buttonUsePMI", true);
