@@ -32,7 +32,7 @@ class CalendarEdits {
   // Its commit or delete goes out, or turns out to be unnecessary.
   void endEdit() { m_editUnderWay = Value(); }
   // Afterwards there is no place to park an edit in any more.
-  void cleanup() { m_updatedMeetingDataOnCalendar = Value(); }
+  void cleanup() { m_updatedMeetingDataOnCalendar = m_editUnderWay = Value(); }
 
  private:
   vnMeetingMgr& m_manager;

@@ -25,8 +25,6 @@ std::string withoutSemicolonsAtEnds(const std::string& text) {
   return text.substr(first, text.find_last_not_of(';') - first + 1);
 }
 
-bool holds(std::string_view text, std::string_view part) { return findText(text, part) != std::string_view::npos; }
-
 bool isOfLongerWord(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 // The text without every occurrence of a part that is ours, with what belongs to it. `endsOf` gives the ends of
@@ -76,14 +74,27 @@ std::string withoutRooms(std::string text, const Value& attendees) {
   return text;
 }
 
+// A URL that goes on is another meeting's, which the user has put there.
+bool goesOn(std::string_view text, std::size_t end) { return end < text.size() && isOfLongerWord(text[end]); }
+
+// Where the URL stands; npos where it does not.
+std::size_t findUrl(std::string_view text, std::string_view url) {
+  for (std::size_t from = 0;;) {
+    const std::size_t found = findText(text.substr(from), url);
+    if (found == std::string_view::npos) return found;
+    if (!goesOn(text, from + found + url.size())) return from + found;
+    from += found + url.size();
+  }
+}
+
 // An empty URL, which a stored record without a join URL leaves behind, is held by no text and takes nothing away.
-// One that goes on is another meeting's, which the user has put there.
 std::string withoutUrls(std::string text, const std::vector<std::string>& urls) {
   for (const std::string& url : urls) {
     text = without(text, url, [&text](std::size_t start, std::size_t end) {
-      if (end < text.size() && isOfLongerWord(text[end])) return std::pair(start, start);
-      const bool hasSeparator = std::string_view(text).substr(0, start).ends_with(kSeparator);
-      return std::pair(hasSeparator ? start - kSeparator.size() : start, end);
+      if (goesOn(text, end)) return std::pair(start, start);
+      const std::size_t before = start == 0 ? std::string::npos : text.find_last_not_of(kBlanks, start - 1);
+      const bool hasSeparator = before != std::string::npos && before + 1 < start && text[before] == ';';
+      return std::pair(hasSeparator ? before : start, end);
     });
   }
   return text;
@@ -132,12 +143,12 @@ bool LocationRule::needUpdateLocation(MeetingWindow& window, std::uint64_t meeti
   if (meetingAction != VnCmdUpdate || include) return include;
   // The user has switched the URL off: one of ours that is still there is kept up to date, but none is added.
   const OptionalText shown = window.shownLocation();
-  return shown && oldJoinUrl && holds(*shown, *oldJoinUrl);
+  return shown && oldJoinUrl && findUrl(*shown, *oldJoinUrl) != std::string::npos;
 }
 
 std::string LocationRule::withoutOurUrls(std::string location) const {
   for (const std::string& url : m_data.usedJoinUrlsList()) {
-    const std::size_t at = findText(location, url);
+    const std::size_t at = findUrl(location, url);
     if (at == std::string::npos) continue;
     // Everything behind a URL is lost here, and so is every separator that remains.
     location = replacingAll(std::string_view(location).substr(0, at), kSeparator, "");

@@ -75,15 +75,22 @@ void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingDa
     // The service has nothing to learn. What the user sees may still have to be written.
     const vnMeetingDataMgr& choices = *m_manager.meetingDataMgr();
     if (window.proxy().isOutlookAppointmentItemChanged() || m_manager.isForceUpdate() ||
-        m_manager.writeBack().firstInvitationIsDue() || choices.isForceIncludeJoinurlInLocationChanged() ||
+        m_manager.writeBack().invitationIsDue() || choices.isForceIncludeJoinurlInLocationChanged() ||
         choices.isSelectInvitationLanguageChanged()) {
       m_manager.setIsForceUpdate(false);
       m_manager.writeBack().updateMailBodyForSchedule(window);
       m_manager.writeBack().updateVnKeyInfoToAppointment(window, info, true);
     }
+    if (window.bar()) commitStands(window);
   }
   m_manager.calendarEdits().endEdit();
   m_manager.finish().scheduleCloseOLAppointment(window.editor());
+}
+
+// What was committed is no longer what a later refusal takes back.
+void SaveRoad::commitStands(const MeetingWindow& window) {
+  m_manager.settingsFlow().commitStands();
+  if (const auto panel = openSettingsPanel(window.id())) panel->commitStands();
 }
 
 void SaveRoad::sendUpdate(MeetingWindow& window, const Value& meetingData) {
@@ -116,10 +123,9 @@ void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data
     m_manager.finish().scheduleCloseOLAppointment({});
     return;
   }
-  m_manager.settingsFlow().commitStands();
+  commitStands(window);
   vnApptDataForSaveRecord::sharedInstance().of(bar).setNeedClearLocation(false);
   if (const auto panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
-    panel->commitStands();
     const Value hosts = panel->getVnSettingsData()[vn_Setting_AlternateHosts];
     if (AlternateHostHistory* history = alternateHostHistory()) history->addToInputAlternateHostHistory(hosts);
   }

@@ -30,6 +30,7 @@ class SaveRoad {
   void onInvokeScheduleErrorMessageCommit(const Value& userInfo);
 
  private:
+  void commitStands(const MeetingWindow& window);
   void sendUpdate(MeetingWindow& window, const Value& meetingData);
   void updatePMIMeeting(MeetingWindow& window, const Value& meetingData);
   void writeCommittedMeeting(MeetingWindow& window, const Value& meetingInfo);

@@ -80,7 +80,8 @@ void SettingsFlow::onInvokeSettingCommit(const Value& userInfo) {
   // What was fetched for the panel comes too late now. It would be taken for the answer to what is sent next,
   // which may be waited for in the same way, and the appointment would get another meeting's record.
   if (m_manager.state() == VnStatePMIForSettings) m_manager.apiMgr()->letGoOfMeeting();
-  if (!m_choicesBeforeCommit) m_choicesBeforeCommit = m_manager.meetingDataMgr()->panelChoices();
+  const bool isOK = userInfo[keyButtonClickIsOK].boolValue();
+  if (isOK && !m_choicesBeforeCommit) m_choicesBeforeCommit = m_manager.meetingDataMgr()->panelChoices();
   const Value settings = m_manager.meetingDataMgr()->getVnSettingsData(ownId);
   if (const Value& include = settings[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
     m_manager.meetingDataMgr()->setForceIncludeJoinUrlInLocation(include.boolValue());
@@ -92,8 +93,7 @@ void SettingsFlow::onInvokeSettingCommit(const Value& userInfo) {
     m_manager.meetingDataMgr()->setSelectInvitationLanguage(language.text());
   }
   // A dismissed panel on a meeting that was never stored runs the cancel route.
-  if (!userInfo[keyButtonClickIsOK].boolValue() && !m_manager.isForUpdateVornMeeting())
-    m_manager.setMeetingAction(VnCmdCancel);
+  if (!isOK && !m_manager.isForUpdateVornMeeting()) m_manager.setMeetingAction(VnCmdCancel);
   m_manager.onExcuteCommandFinished(m_manager.getMeetingAction(), userInfo);
 }
 

@@ -5,6 +5,7 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnOLPropertyKeys.h"
 #include "util/TextSearch.h"
+#include "util/vnMd5Utils.h"
 #include "util/vnOLUtils.h"
 #include "workflow/LocationRule.h"
 #include "workflow/vnApptDataForSaveRecord.h"
@@ -17,20 +18,22 @@ void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   const bool isHTML = meeting.supportHtmlEmail();
   const OptionalText invitation = isHTML ? meeting.getInviteHtmlEmail() : meeting.getInviteEmail();
   m_manager.emailBodyMgr()->updateMailBody(window.editor(), invitation, false, isHTML);
-  // Without an invitation, or into a body that is not known, nothing was written, and it still has no bookmarks.
-  const bool isWritten = window.proxy().isValidConnection() && window.proxy().knowsBody();
-  if (isWritten && !invitation.value_or("").empty()) m_firstInvitationIsDue = false;
+  if (!window.proxy().isValidConnection()) return;
+  // Without an invitation, or into a body that the host has not brought yet, nothing was written. Of a meeting
+  // that has one already, a reply without it leaves that one.
+  const bool hasNone = invitation.value_or("").empty();
+  m_invitationIsDue = !window.proxy().knowsBody() || (hasNone && m_firstInvitationIsDue);
+  if (!m_invitationIsDue) m_firstInvitationIsDue = false;
 }
 
 void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo,
                                              bool commitFinished) {
   vnMeetingDataMgr& data = *m_manager.meetingDataMgr();
   if (commitFinished) {
-    // A digest tells that its invitation stands in the body: with that of one that was not written, into a body
-    // that the host has not brought yet, the next save would not write it either.
-    const bool isInvitationWritten = !window.proxy().isValidConnection() || window.proxy().knowsBody();
-    window.proxy().saveVnDataToOLProperty(data.getVnDataForOLProperty(meetingInfo, isInvitationWritten));
-    if (isInvitationWritten) data.setEncodeMailBody(m_manager.getEncodeMail());
+    window.proxy().saveVnDataToOLProperty(m_invitationIsDue
+                                              ? data.getVnDataForOLProperty(meetingInfo, digestOfWhatStands())
+                                              : data.getVnDataForOLProperty(meetingInfo));
+    data.setEncodeMailBody(m_invitationIsDue ? digestOfWhatStands() : m_manager.getEncodeMail());
   }
   vnECCalendarEvent* event = window.event();
   if (!event) return;
@@ -39,6 +42,14 @@ void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value&
     event->setSummary(meetingInfo[vn_Outlook_ApptInfo][vn_ApptInfo_Subject]);
   }
   updateLocation(window, meetingInfo[vn_Meeting_JoinUrl].optionalText());
+}
+
+// A digest tells that its invitation stands in the body: with that of one that was not written, the next save
+// would not write it either. Where nobody knows which one stands there, it is one that no invitation has.
+OptionalText WriteBack::digestOfWhatStands() const {
+  if (m_firstInvitationIsDue) return "";
+  const OptionalText& digest = m_manager.meetingDataMgr()->encodeMailBody();
+  return isEmpty(digest) ? vnMd5Utils::vnMD5Hex("") : digest;
 }
 
 void WriteBack::updateLocation(MeetingWindow& window, const OptionalText& joinUrl) {

@@ -21,15 +21,19 @@ class WriteBack {
   void updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window, const Value& response);
 
   // The service has a meeting whose invitation is not in the appointment yet: the body holds only the user's
-  // words.
+  // words, in which nothing of ours is looked for.
   bool firstInvitationIsDue() const { return m_firstInvitationIsDue; }
-  void setFirstInvitationIsDue(bool due) { m_firstInvitationIsDue = due; }
+  void setFirstInvitationIsDue(bool due) { m_firstInvitationIsDue = m_invitationIsDue = due; }
+  // The first one, or one of a change, which could not be written. The next save has to do it.
+  bool invitationIsDue() const { return m_invitationIsDue; }
 
  private:
   void updateLocation(MeetingWindow& window, const OptionalText& joinUrl);
+  OptionalText digestOfWhatStands() const;
 
   vnMeetingMgr& m_manager;
   bool m_firstInvitationIsDue = false;
+  bool m_invitationIsDue = false;
 };
 
 }  // namespace vorn

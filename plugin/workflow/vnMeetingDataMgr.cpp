@@ -171,13 +171,15 @@ Value vnMeetingDataMgr::getVnSettingsData(const OptionalText& windowId) const {
   return settings;
 }
 
-OptionalText vnMeetingDataMgr::getVnDataForOLProperty(const Value& meetingInfo, bool isInvitationWritten) const {
+OptionalText vnMeetingDataMgr::getVnDataForOLProperty(const Value& meetingInfo) const {
   const Value& html = meetingInfo[vn_API_Para_InviteHtmlEmail];
   const OptionalText invitation = html.text().empty()
                                       ? meetingInfo[vn_ApptInfo_Body].optionalText()
                                       : vnBodyHelper::sharedInstance().convertHTMLToPlainText(html.optionalText());
-  const OptionalText digest =
-      isInvitationWritten ? vnMd5Utils::vnMD5Hex(invitation) : m_encodeMailBody.value_or("");
+  return getVnDataForOLProperty(meetingInfo, vnMd5Utils::vnMD5Hex(invitation));
+}
+
+OptionalText vnMeetingDataMgr::getVnDataForOLProperty(const Value& meetingInfo, const OptionalText& digest) const {
   const Value& apptInfo = meetingInfo[vn_Outlook_ApptInfo];
   const Value record = Value::dictionaryFromPairs(
       {{vn_OLProperty_MeetingKey, meetingInfo[vn_MeetingKey]},

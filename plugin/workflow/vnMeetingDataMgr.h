@@ -85,9 +85,9 @@ class vnMeetingDataMgr {
   // only when the reader claims to have a meeting and then gives none.
   Value getVnSettingsData(const OptionalText& windowId) const;
   // The record to store in the appointment, as JSON text, from the meeting information. It ends at the first
-  // absent value; readers tolerate what is missing. While the invitation is not written yet, the record keeps the
-  // digest of the one before, "" without one.
-  OptionalText getVnDataForOLProperty(const Value& meetingInfo, bool isInvitationWritten = true) const;
+  // absent value; readers tolerate what is missing. The second has this digest in place of the invitation's.
+  OptionalText getVnDataForOLProperty(const Value& meetingInfo) const;
+  OptionalText getVnDataForOLProperty(const Value& meetingInfo, const OptionalText& digest) const;
 
   // Whether the service must be told: the meeting's new working data (`vnMeetingInfoKeys.h`) differ from the
   // meeting as it was read last. Location, body and attendees never reach the service by themselves and are not

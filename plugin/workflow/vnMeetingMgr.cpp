@@ -78,6 +78,7 @@ void vnMeetingMgr::observeNotifications() {
 void vnMeetingMgr::cleanup() {
   m_subscriptions.clear();
   m_finish.cancel();
+  m_calendarEdits.cleanup();
   clearAllSavedData();
   if (const auto bar = vnMeetingMgrMonitor::getVnViewByMeetingMgr(this)) {
     vnApptDataForSaveRecord::sharedInstance().cleanupOLWordMailEditor(bar->olWordMailEditor());
@@ -88,7 +89,6 @@ void vnMeetingMgr::cleanup() {
   m_apiMgr->cleanup();
   m_getMeetingHelper->cleanup();
   m_scheduleErrorMsg->cleanup();
-  m_calendarEdits.cleanup();
 }
 
 void vnMeetingMgr::clearAllSavedData() {

@@ -152,6 +152,10 @@ TEST_F(Catalogue, EachFormOfAMeetingReplyIsReadAsFarAsItGoes) {
 TEST_F(Catalogue, OnlyARequestForThePersonalIdTakesItsNumberForOne) {
   setProfile(Value::dictionaryFromPairs({{"roomMeetingId", "987"}}));
   const std::string content = meetingReply({packed(Value::dictionaryFromPairs({{"meetingKey", "987"}}))});
+  mgr->getMeeting(window, request("987"));
+  mgr->letGoOfMeeting();
+  reply("4", content);
+  EXPECT_FALSE(owner.helper.hasMeetingInfo()) << "it was let go of";
   const auto usesPMI = [&] { return owner.helper.getMeetingInfo()["setting"]["usePMI"].boolValue(); };
   for (const bool forPMI : {true, false}) {
     mgr->getMeeting(window, request("987", "", forPMI));

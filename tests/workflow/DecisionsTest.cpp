@@ -258,6 +258,7 @@ TEST_F(Decisions, EachStepIsTracedWithItsNumberAndItsName) {
 }
 
 TEST_F(Decisions, AnUnchangedMeetingIsWrittenOnceAndAgainAfterAChangedChoice) {
+  window->set(window->bar->bodyEditor, "bodyContent", "mine");
   MeetingWindow opened = MeetingWindow::ofBar(window->bar);
   const auto writes = [&] {
     window->set(window->bar->editor, "olmUCInband", "");
@@ -280,6 +281,44 @@ TEST_F(Decisions, AnUnchangedMeetingIsWrittenOnceAndAgainAfterAChangedChoice) {
   helper().setMeetingData(meeting(), false);
   manager().cleanup();
   EXPECT_FALSE(helper().hasMeetingInfo());
+}
+
+// An invitation that is not written stays due, and one that nobody knows is not taken for the first.
+TEST_F(Decisions, AnInvitationIsDueUntilItIsWritten) {
+  const struct {
+    const char* what;
+    bool isFirst, isBodyKnown, hasInvitation;
+    const char* digest;
+    bool isDue, isFirstDueLater;
+  } rows[] = {
+      {"written", true, true, true, "", false, false},
+      {"no body yet", true, false, true, "", true, true},
+      {"no invitation yet", true, true, false, "", true, true},
+      {"no body yet for a change", false, false, true, "old", true, false},
+      {"no body yet, and nobody knows what stands there", false, false, true, "", true, false},
+      {"a change without an invitation", false, true, false, "old", false, false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    openWindow();
+    if (row.isBodyKnown) window->set(window->bar->bodyEditor, "bodyContent", "mine");
+    Value told = meeting();
+    if (row.hasInvitation) told.set("invitationEmail", "You are invited.");
+    helper().setMeetingData(told, false);
+    data().setEncodeMailBody(row.digest);
+    WriteBack& writeBack = manager().writeBack();
+    writeBack.setFirstInvitationIsDue(row.isFirst);
+    MeetingWindow opened = MeetingWindow::ofBar(window->bar);
+    writeBack.updateMailBodyForSchedule(opened);
+    writeBack.updateVnKeyInfoToAppointment(opened, helper().getMeetingInfo(), true);
+    EXPECT_EQ(writeBack.invitationIsDue(), row.isDue);
+    const Value record = window->get(window->bar->editor, "olmUCInband");
+    openWindow();
+    window->set(window->bar->event, "olmUCInband", record);
+    opened = MeetingWindow::ofBar(window->bar);
+    EXPECT_TRUE(manager().opening().loadOIProperty(opened, window->bar->event));
+    EXPECT_EQ(manager().writeBack().firstInvitationIsDue(), row.isFirstDueLater);
+  }
 }
 
 TEST_F(Decisions, AMeetingThatWasSavedOrFoundByItsUUIDIsShown) {

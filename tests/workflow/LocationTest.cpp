@@ -69,6 +69,7 @@ TEST_F(Location, TheUsersOwnTextIsWhatNobodyElsePutThere) {
       {"https://vorn.example/j/1?pwd=x; https://vorn.example/j/1?pwd=x", ""},
       {"https://vorn.example/j/12", "https://vorn.example/j/12"},
       {"Room 7; https://vorn.example/j/1 ask at the door", "ask at the door"},
+      {"Hall; Room 7; https://vorn.example/j/1; ask", "Hall; ask"},
       {"Laboratory 3; Lab; north", "Laboratory 3"},
       {"Broom 7; Room 7b; Room 7 , Castle;  Room 7", "Broom 7; Room 7b; Room 7 , Castle"},
       {"Ada", "Ada"},
@@ -185,6 +186,7 @@ TEST_F(Location, ADeleteKeepsOnlyWhatStoodBeforeTheUrl) {
       {"Castle; east wing; https://vorn.example/j/1; tower", "Castleeast wing"},
       {"Castle; https://vorn.example/j/1?pwd=x; tower", "Castle"},
       {"https://vorn.example/j/1", ""},
+      {"https://vorn.example/j/12; https://vorn.example/j/1", "https://vorn.example/j/12"},
       {"Castle; east wing", "Castle; east wing"},
       {"", ""},
   };

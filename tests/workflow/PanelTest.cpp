@@ -97,22 +97,36 @@ TEST_F(Panel, WhatTheServiceHasRefusedIsChosenNoMore) {
   const auto choose = [&](const char* language) {
     panel.settings.set(vn_Setting_SelectInvitationLanguage, language);
     panel.settings.set(vn_Setting_ForceIncludeJoinurlInLocation, false);
-    test.notificationCenter.post(notify_SettingCommit, nullptr,
-                                 Value::dictionaryFromPairs({{keyApptWindowID, id()}}));
+    test.notificationCenter.post(
+        notify_SettingCommit, nullptr,
+        Value::dictionaryFromPairs({{keyApptWindowID, id()}, {keyButtonClickIsOK, true}}));
   };
-  // The first of them only keeps the panel open.
-  choose("fr-FR");
-  choose("de-DE");
-  manager().resetMeetingItemWhenUpdateError(window->bar->ownWindow);
-  EXPECT_EQ(data().selectInvitationLanguage(), "en-US");
-  EXPECT_TRUE(data().forceIncludeJoinUrlInLocation());
+  const auto refuse = [&](int code) {
+    if (code != 0) return manager().showSettingsWindowWithCommitError(window->bar->ownWindow, code);
+    manager().resetMeetingItemWhenUpdateError(window->bar->ownWindow);
+  };
+  for (const int code : {0, 3402}) {
+    choose("fr-FR");
+    choose("de-DE");
+    refuse(code);
+    EXPECT_EQ(data().selectInvitationLanguage(), "en-US") << code;
+    EXPECT_TRUE(data().forceIncludeJoinUrlInLocation()) << code;
+  }
   // What was accepted before a refusal stays.
-  choose("de-DE");
-  reply(VnCmdUpdate);
-  choose("fr-FR");
-  manager().resetMeetingItemWhenUpdateError(window->bar->ownWindow);
-  EXPECT_EQ(data().selectInvitationLanguage(), "de-DE");
-  EXPECT_FALSE(data().forceIncludeJoinUrlInLocation());
+  for (const bool serviceHasToLearn : {true, false}) {
+    data().setSelectInvitationLanguage("en-US");
+    choose("de-DE");
+    MeetingWindow opened = MeetingWindow::ofBar(window->bar);
+    if (serviceHasToLearn) {
+      reply(VnCmdUpdate);
+    } else {
+      manager().saveRoad().commitUpdateMeeting(opened, unchanged());
+    }
+    choose("fr-FR");
+    refuse(0);
+    EXPECT_EQ(data().selectInvitationLanguage(), "de-DE");
+    EXPECT_FALSE(data().forceIncludeJoinUrlInLocation());
+  }
 }
 
 // It would be taken for the answer to what is sent next.

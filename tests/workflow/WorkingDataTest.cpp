@@ -89,22 +89,6 @@ TEST_F(WorkingData, TheStoredRecordEndsAtTheFirstAbsentValue) {
   EXPECT_EQ(vnOLUtils::toArrayOrNSDictionary(data.getVnDataForOLProperty(Value::dictionary())).count(), 0u);
 }
 
-TEST_F(WorkingData, AnInvitationThatWasNotWrittenIsStillDueWhenTheWindowOpensAgain) {
-  const Value info =
-      Value::dictionaryFromPairs({{vn_MeetingKey, "987654321"}, {vn_ApptInfo_Body, "You are invited."}});
-  for (const bool isBodyKnown : {false, true}) {
-    FakeWindow window(test);
-    if (isBodyKnown) window.set(window.bar->bodyEditor, "bodyContent", "mine");
-    MeetingWindow shown = MeetingWindow::ofBar(window.bar);
-    window.manager->writeBack().updateVnKeyInfoToAppointment(shown, info, true);
-    FakeWindow next(test);
-    next.set(next.bar->event, "olmUCInband", window.get(window.bar->editor, "olmUCInband"));
-    MeetingWindow opened = MeetingWindow::ofBar(next.bar);
-    EXPECT_TRUE(next.manager->opening().loadOIProperty(opened, next.bar->event));
-    EXPECT_EQ(next.manager->writeBack().firstInvitationIsDue(), !isBodyKnown);
-  }
-}
-
 TEST_F(WorkingData, AChoiceIsChangedWhenItDiffersFromTheStoredOneAndNoLanguageAlwaysIs) {
   vnMeetingDataMgr data;
   EXPECT_FALSE(data.isForceIncludeJoinurlInLocationChanged());

@@ -119,7 +119,7 @@ class vnAPIBase {
 // from an absent window is never taken to be pending, and a request that was refused at the gate still is.
 class vnAPIWindowCommand : public vnAPIBase {
  public:
-  // Nothing is waited for any more, and a reply that comes all the same is nobody's.
+  // Nothing is waited for any more, and a reply that comes before the next request is nobody's.
   void letGo();
 
  protected:

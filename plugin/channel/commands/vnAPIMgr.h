@@ -65,7 +65,7 @@ class vnAPIMgr {
   int getNewMeetingDefault(const HostObject& parentWindow);
   int getScheduleForList(const HostObject& parentWindow);
 
-  // The reply to a fetch of a meeting that is under way is nobody's any more.
+  // The reply to a fetch of a meeting that is under way is nobody's, if it comes before the next fetch.
   void letGoOfMeeting();
 
   // The reply to such a request is waited for.
