@@ -274,7 +274,9 @@ std::size_t RichBody::placeFor(const Edit& edit) const {
     const ShownHtml::Character& before = all[at - 1];
     const bool isLinkEnd = before.link > 0 && (at == all.size() || all[at].link != before.link);
     const std::size_t behind = isLinkEnd ? m_shown.links[before.link - 1].end : 0;
-    const bool isBehind = behind > before.bytes.end && !hasLineTag(before.bytes.end, behind);
+    // A link that begins within another leaves the end of that one behind characters of its own.
+    const bool hasOthers = hasBytes(at) && behind > all[at].bytes.begin;
+    const bool isBehind = behind > before.bytes.end && !hasOthers && !hasLineTag(before.bytes.end, behind);
     return isBehind ? behind : before.bytes.end;
   }
   if (hasBytes(at)) return all[at].bytes.begin;

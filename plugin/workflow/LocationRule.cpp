@@ -40,7 +40,8 @@ std::string without(std::string_view text, std::string_view part, const EndsOf& 
     const auto [start, end] = endsOf(from + found, from + found + part.size());
     from += found + part.size();
     if (start == end) continue;
-    result += text.substr(kept, start - kept);
+    // Of two that touch, the first has taken what belongs to both.
+    result += text.substr(kept, std::max(start, kept) - kept);
     kept = from = end;
   }
 }

@@ -188,6 +188,8 @@ void SaveRoad::writeCommittedMeeting(MeetingWindow& window, const Value& meeting
   }
   m_manager.writeBack().updateMailBodyForSchedule(window);
   m_manager.writeBack().updateVnKeyInfoToAppointment(window, meetingInfo, true);
+  // It may not have come with the meeting.
+  if (m_manager.writeBack().invitationIsDue()) m_manager.getMeetingHelper()->setIsForGetMeetingByUUID(true);
   m_manager.setState(VnStateIdle);
   m_manager.finish().scheduleCloseOLAppointment(window.editor());
 }

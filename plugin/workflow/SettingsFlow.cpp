@@ -82,6 +82,8 @@ void SettingsFlow::onInvokeSettingCommit(const Value& userInfo) {
   if (m_manager.state() == VnStatePMIForSettings) m_manager.apiMgr()->letGoOfMeeting();
   const bool isOK = userInfo[keyButtonClickIsOK].boolValue();
   if (isOK && !m_choicesBeforeCommit) m_choicesBeforeCommit = m_manager.meetingDataMgr()->panelChoices();
+  if (!isOK && m_isShownAgain) commitRefused();
+  m_isShownAgain = false;
   const Value settings = m_manager.meetingDataMgr()->getVnSettingsData(ownId);
   if (const Value& include = settings[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
     m_manager.meetingDataMgr()->setForceIncludeJoinUrlInLocation(include.boolValue());
@@ -100,7 +102,12 @@ void SettingsFlow::onInvokeSettingCommit(const Value& userInfo) {
 // As the panel goes back, or the next save would write what it shows no more.
 void SettingsFlow::commitRefused() {
   if (m_choicesBeforeCommit) m_manager.meetingDataMgr()->setPanelChoices(*m_choicesBeforeCommit);
+  commitStands();
+}
+
+void SettingsFlow::commitStands() {
   m_choicesBeforeCommit.reset();
+  m_isShownAgain = false;
 }
 
 bool SettingsFlow::isEnableRecurrence(MeetingWindow& window) {

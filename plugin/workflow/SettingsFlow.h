@@ -32,9 +32,11 @@ class SettingsFlow {
   void showSettingsWindow(MeetingWindow& window, const Value& meetingData);
   // The panel of any window was closed; another window's is ignored.
   void onInvokeSettingCommit(const Value& userInfo);
-  // The service has accepted what the panel has committed, or refused it.
-  void commitStands() { m_choicesBeforeCommit.reset(); }
+  // The service has accepted what the panel has committed, or refused it, or the user may change what it has
+  // refused and goes back behind it by a dismissal.
+  void commitStands();
   void commitRefused();
+  void commitIsShownAgain() { m_isShownAgain = true; }
   // The user has told the system not to show the panel.
   static bool notShowSetting();
 
@@ -60,6 +62,7 @@ class SettingsFlow {
   vnMeetingMgr& m_manager;
   // Since the first commit that neither stands nor was refused.
   std::optional<vnMeetingDataMgr::PanelChoices> m_choicesBeforeCommit;
+  bool m_isShownAgain = false;
 };
 
 }  // namespace vorn

@@ -22,6 +22,7 @@ void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   // Without an invitation, or into a body that the host has not brought yet, nothing was written. Of a meeting
   // that has one already, a reply without it leaves that one.
   const bool hasNone = invitation.value_or("").empty();
+  m_isInvitationWritten = window.proxy().knowsBody() && !hasNone;
   m_invitationIsDue = !window.proxy().knowsBody() || (hasNone && m_firstInvitationIsDue);
   if (!m_invitationIsDue) m_firstInvitationIsDue = false;
 }
@@ -30,10 +31,10 @@ void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value&
                                              bool commitFinished) {
   vnMeetingDataMgr& data = *m_manager.meetingDataMgr();
   if (commitFinished) {
-    window.proxy().saveVnDataToOLProperty(m_invitationIsDue
-                                              ? data.getVnDataForOLProperty(meetingInfo, digestOfWhatStands())
-                                              : data.getVnDataForOLProperty(meetingInfo));
-    data.setEncodeMailBody(m_invitationIsDue ? digestOfWhatStands() : m_manager.getEncodeMail());
+    window.proxy().saveVnDataToOLProperty(m_isInvitationWritten
+                                              ? data.getVnDataForOLProperty(meetingInfo)
+                                              : data.getVnDataForOLProperty(meetingInfo, digestOfWhatStands()));
+    data.setEncodeMailBody(m_isInvitationWritten ? m_manager.getEncodeMail() : digestOfWhatStands());
   }
   vnECCalendarEvent* event = window.event();
   if (!event) return;

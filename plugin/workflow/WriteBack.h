@@ -34,6 +34,8 @@ class WriteBack {
   vnMeetingMgr& m_manager;
   bool m_firstInvitationIsDue = false;
   bool m_invitationIsDue = false;
+  // By the last write-back into a body.
+  bool m_isInvitationWritten = true;
 };
 
 }  // namespace vorn

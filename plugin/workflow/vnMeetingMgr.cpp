@@ -97,6 +97,7 @@ void vnMeetingMgr::clearAllSavedData() {
   m_bIsDragAndMove = false;
   m_bIsForceUpdate = true;
   m_writeBack.setFirstInvitationIsDue(false);
+  m_settingsFlow.commitStands();
   m_meetingDataMgr->clearSavedMeetingData();
   m_getMeetingHelper->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
   // The profile is the whole process's: clearing it for one window makes every other window fetch it again, which

@@ -86,6 +86,7 @@ TEST(RichBody, AnEditChangesTheBytesOfItsOwnPlace) {
       {"<b>a</b>b", 1, 0, "x", "<b>ax</b>b"},
       {"<b>ab</b>cd", 1, 2, "x", "<b>ax</b>d"},
       {"see <a href=u>it</a>", 6, 0, " now", "see <a href=u>it</a> now"},
+      {"<a href=u>a<a href=v>b</a>c</a>", 1, 0, "x", "<a href=u>ax<a href=v>b</a>c</a>"},
       {"<p><a href=u>i</a></p><p>b</p>", 1, 0, "x", "<p><a href=u>i</a>x</p><p>b</p>"},
       // Blanks that would be lost are made firm.
       {"<p>a</p>", 1, 0, " ", "<p>a&nbsp;</p>"},

@@ -313,6 +313,7 @@ TEST_F(Decisions, AnInvitationIsDueUntilItIsWritten) {
     writeBack.updateVnKeyInfoToAppointment(opened, helper().getMeetingInfo(), true);
     EXPECT_EQ(writeBack.invitationIsDue(), row.isDue);
     const Value record = window->get(window->bar->editor, "olmUCInband");
+    EXPECT_EQ(vnOLUtils::toArrayOrNSDictionary(record.optionalText())[vn_Meeting_JoinUrl], told["joinUrl"]);
     openWindow();
     window->set(window->bar->event, "olmUCInband", record);
     opened = MeetingWindow::ofBar(window->bar);

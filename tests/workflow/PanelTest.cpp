@@ -94,16 +94,19 @@ TEST_F(Panel, AChoiceThatItDoesNotHoldStaysAsItWas) {
 
 TEST_F(Panel, WhatTheServiceHasRefusedIsChosenNoMore) {
   openPanel();
-  const auto choose = [&](const char* language) {
+  const auto choose = [&](const char* language, bool isOK = true) {
     panel.settings.set(vn_Setting_SelectInvitationLanguage, language);
-    panel.settings.set(vn_Setting_ForceIncludeJoinurlInLocation, false);
+    if (isOK) panel.settings.set(vn_Setting_ForceIncludeJoinurlInLocation, false);
     test.notificationCenter.post(
         notify_SettingCommit, nullptr,
-        Value::dictionaryFromPairs({{keyApptWindowID, id()}, {keyButtonClickIsOK, true}}));
+        Value::dictionaryFromPairs({{keyApptWindowID, id()}, {keyButtonClickIsOK, isOK}}));
   };
   const auto refuse = [&](int code) {
-    if (code != 0) return manager().showSettingsWindowWithCommitError(window->bar->ownWindow, code);
-    manager().resetMeetingItemWhenUpdateError(window->bar->ownWindow);
+    if (code == 0) return manager().resetMeetingItemWhenUpdateError(window->bar->ownWindow);
+    manager().showSettingsWindowWithCommitError(window->bar->ownWindow, code);
+    EXPECT_EQ(data().selectInvitationLanguage(), "de-DE") << "the panel shows it again";
+    panel.settings.erase(vn_Setting_ForceIncludeJoinurlInLocation);
+    choose("", false);
   };
   for (const int code : {0, 3402}) {
     choose("fr-FR");

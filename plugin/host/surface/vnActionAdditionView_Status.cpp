@@ -147,6 +147,7 @@ void vnActionAdditionView::readMeetingOfSeries(const HostObject& series) {
   meetingData()->setSavedApptInfo(Value::dictionary());
   meetingData()->setOccurrenceIsSingleVornMeeting(false);
   m_pvnMeetingMgr->writeBack().setFirstInvitationIsDue(false);
+  m_pvnMeetingMgr->settingsFlow().commitStands();
   m_pvnMeetingMgr->getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
   m_pvnMeetingMgr->getMeetingHelper()->setIsForGetMeetingByUUID(true);
   m_idECCalendarEvent = HostObject(series.address());
