@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <sstream>
 
@@ -129,11 +130,14 @@ int runProgram(const char* name, const std::function<ExitCode()>& run) {
   const int code = runToItsEnd(name, run);
   flushOutput();
   const int error = outputError();
+  // Also of what was printed without being asked for its fate.
+  const bool isLost = error != 0 || std::ferror(stdout) != 0;
   // Whoever has closed a pipe does not want to read on.
-  if (error != 0 && error != EPIPE && code != static_cast<int>(ExitCode::interrupted)) {
-    complain(std::string("standard output could not be written: ") + std::strerror(error), name);
+  if (isLost && error != EPIPE && code != static_cast<int>(ExitCode::interrupted)) {
+    const std::string reason = error == 0 ? "" : std::string(": ") + std::strerror(error);
+    complain("standard output could not be written" + reason, name);
   }
-  return error == 0 || code != 0 ? code : static_cast<int>(ExitCode::somethingFailed);
+  return !isLost || code != 0 ? code : static_cast<int>(ExitCode::somethingFailed);
 }
 
 std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words, const std::string& where) {

@@ -16,6 +16,7 @@
 
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
+#include "lab/shell/Output.h"
 #include "lab/shell/WatchPost.h"
 #include "util/HighDescriptor.h"
 
@@ -97,9 +98,17 @@ void WatchedProgram::printOutput(std::FILE* stream) const {
   std::rewind(m_output.get());
   std::array<char, 65536> bytes{};
   while (const std::size_t count = std::fread(bytes.data(), 1, bytes.size(), m_output.get())) {
-    std::fwrite(bytes.data(), 1, count, stream);
+    if (stream == stdout) {
+      sayBytes({bytes.data(), count});
+    } else {
+      std::fwrite(bytes.data(), 1, count, stream);
+    }
   }
-  std::fflush(stream);
+  if (stream == stdout) {
+    flushOutput();
+  } else {
+    std::fflush(stream);
+  }
 }
 
 }  // namespace vornlab

@@ -104,7 +104,8 @@ TEST_F(Output, ThatCannotBeToldIsAFailure) {
   const std::pair<const char*, const char*> cases[] = {
       {"$V inspect in.ics >/dev/full", "could not be written: No space left on device\n"},
       {"$V inspect in.ics --json >/dev/full", "could not be written: No space left on device\n"},
-      {"$V inspect in.ics >&-", "could not be written: "}};
+      {"$V inspect in.ics >&-", "could not be written: "},
+      {"$V watch -- inspect in.ics >/dev/full", "could not be written: No space left on device\n"}};
   for (const auto& [line, complaint] : cases) {
     const ProgramRun run = shell(line);
     EXPECT_EQ(run.exitCode, 1) << line;
