@@ -20,6 +20,9 @@ namespace vorn {
 namespace {
 
 constexpr mode_t kModeBits = 07777;
+constexpr mode_t kAccessBits = 0777;
+constexpr mode_t kOwnersBits = 0700;
+constexpr mode_t kGroupsBits = 0070;
 constexpr int kMostLinks = 40;
 
 class Descriptor {
@@ -54,17 +57,14 @@ std::optional<std::string> linkAt(const std::string& path) {
   return std::string(target.data(), static_cast<std::size_t>(length));
 }
 
-// The file that the path means, whether it is there already or not; "" behind links without an end.
-std::string behindLinks(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), &std::free);
-  if (resolved) return resolved.get();
-  std::string at = path;
-  for (int links = 0; links < kMostLinks; ++links) {
-    const std::optional<std::string> next = linkAt(at);
-    if (!next) return at;
-    at = next->front() == '/' ? *next : folderOf(at) + "/" + *next;
-  }
-  return {};
+// The file's path with the ending behind it. A name that would be longer than any may be is cut for it, between
+// two characters, since not every system takes a name that is no UTF-8.
+std::string besideFile(const std::string& path, const std::string& ending) {
+  const std::size_t name = path.rfind('/') + 1;
+  if (path.size() - name + ending.size() <= NAME_MAX) return path + ending;
+  std::size_t cut = name + NAME_MAX - ending.size();
+  while (cut > name && (static_cast<unsigned char>(path[cut]) & 0xC0U) == 0x80U) --cut;
+  return path.substr(0, cut) + ending;
 }
 
 bool writeAll(int descriptor, std::string_view content) {
@@ -77,21 +77,27 @@ bool writeAll(int descriptor, std::string_view content) {
   return true;
 }
 
-// Only an administrator may give a file away, but mostly one may give it to a group of one's own.
-void keepOwner(int descriptor, const struct stat& before) {
+// Only an administrator may give a file away, but mostly one may give it to a group of one's own. Answers the mode
+// of the one before, without what it would allow to somebody else than before: to run as the owner or the group,
+// and what the group may do.
+mode_t keepOwner(int descriptor, const struct stat& before) {
   struct stat made;
-  if (::fstat(descriptor, &made) != 0) return;
+  if (::fstat(descriptor, &made) != 0) return before.st_mode & kOwnersBits;
   const bool isSame = made.st_uid == before.st_uid && made.st_gid == before.st_gid;
-  if (isSame || ::fchown(descriptor, before.st_uid, before.st_gid) == 0) return;
-  static_cast<void>(::fchown(descriptor, made.st_uid, before.st_gid) == 0);
+  if (isSame || ::fchown(descriptor, before.st_uid, before.st_gid) == 0) return before.st_mode & kModeBits;
+  const bool keepsGroup = made.st_gid == before.st_gid || ::fchown(descriptor, made.st_uid, before.st_gid) == 0;
+  return before.st_mode & (keepsGroup ? kAccessBits : kAccessBits & ~kGroupsBits);
 }
 
 bool writeNewFile(int descriptor, std::string_view content, const std::string& before, const std::string& model) {
   struct stat facts;
-  const bool hasBefore = ::stat(before.c_str(), &facts) == 0;
-  if (hasBefore) keepOwner(descriptor, facts);
-  const bool hasMode = hasBefore || (!model.empty() && ::stat(model.c_str(), &facts) == 0);
-  if (hasMode && ::fchmod(descriptor, facts.st_mode & kModeBits) != 0) return false;
+  std::optional<mode_t> mode;
+  if (::stat(before.c_str(), &facts) == 0) {
+    mode = keepOwner(descriptor, facts);
+  } else if (!model.empty() && ::stat(model.c_str(), &facts) == 0) {
+    mode = facts.st_mode & kModeBits;
+  }
+  if (mode && ::fchmod(descriptor, *mode) != 0) return false;
   return writeAll(descriptor, content) && ::fsync(descriptor) == 0;
 }
 
@@ -109,6 +115,18 @@ void syncFolder(const std::string& folder) {
 
 }  // namespace
 
+std::string behindLinks(const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), &std::free);
+  if (resolved) return resolved.get();
+  std::string at = path;
+  for (int links = 0; links < kMostLinks; ++links) {
+    const std::optional<std::string> next = linkAt(at);
+    if (!next) return at;
+    at = next->front() == '/' ? *next : folderOf(at) + "/" + *next;
+  }
+  return {};
+}
+
 bool replaceFile(const std::string& path, std::string_view content, const std::string& model) {
   static std::atomic<unsigned> made{0};
   if (path.empty()) return false;
@@ -118,7 +136,7 @@ bool replaceFile(const std::string& path, std::string_view content, const std::s
   std::string temporary;
   int number = -1;
   do {
-    temporary = target + ".new-" + std::to_string(::getpid()) + "-" + std::to_string(made++);
+    temporary = besideFile(target, ".new-" + std::to_string(::getpid()) + "-" + std::to_string(made++));
     number = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   } while (number < 0 && errno == EEXIST);
   if (number < 0) return false;

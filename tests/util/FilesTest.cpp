@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <climits>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -58,6 +59,9 @@ TEST_F(Files, AreReplacedWholeAndKeepTheirModeAndTheirLinks) {
   EXPECT_TRUE(std::filesystem::is_symlink(path("to nothing yet")));
   std::filesystem::create_symlink("to itself", path("to itself"));
   EXPECT_FALSE(replaceFile(path("to itself"), "x"));
+  std::string longest;
+  while (longest.size() + 3 <= NAME_MAX) longest += "会";
+  EXPECT_TRUE(replaceFile(path(longest), "x"));
 }
 
 // A process without standard input and output replaces a file by one that is longer than the system allows, which
