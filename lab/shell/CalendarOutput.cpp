@@ -10,6 +10,7 @@
 
 #include "lab/shell/LabError.h"
 #include "lab/shell/Output.h"
+#include "secrets/SecretMask.h"
 #include "util/AtomicFile.h"
 
 namespace vornlab {
@@ -38,7 +39,7 @@ bool areOne(const fs::path& one, const fs::path& other) {
          !failed;
 }
 
-constexpr mode_t kModeBits = 07777;
+constexpr mode_t kAccessBits = 0777;
 
 int writeAll(int descriptor, std::string_view text) {
   while (!text.empty()) {
@@ -49,15 +50,15 @@ int writeAll(int descriptor, std::string_view text) {
   return 0;
 }
 
-// Under a name that nobody has: "plan-" and six characters of the system's before ".ics", for example.
-std::optional<fs::path> writeNewFile(const fs::path& folder, const fs::path& name, std::string_view text,
-                                     const fs::path& model) {
-  const std::string ending = name.extension();
-  std::string path = (folder / name.stem()).lexically_normal().string() + "-XXXXXX" + ending;
+// Under a name that nobody has: "plan-" and six characters of the system's before ".ics", for example. For its
+// owner alone, unless it may take the mode of the file with the facts.
+std::optional<fs::path> writeNewFile(const fs::path& file, std::string_view text,
+                                     const std::optional<struct stat>& facts) {
+  const std::string ending = file.extension();
+  std::string path = (file.parent_path() / file.stem()).lexically_normal().string() + "-XXXXXX" + ending;
   const int descriptor = ::mkstemps(path.data(), static_cast<int>(ending.size()));
   if (descriptor < 0) return std::nullopt;
-  const std::optional<struct stat> facts = factsOf(model);
-  if (facts && S_ISREG(facts->st_mode)) ::fchmod(descriptor, facts->st_mode & kModeBits);
+  if (facts && S_ISREG(facts->st_mode)) ::fchmod(descriptor, facts->st_mode & kAccessBits);
   const bool isWritten = writeAll(descriptor, text) == 0 && ::fsync(descriptor) == 0;
   if (::close(descriptor) == 0 && isWritten) return path;
   ::unlink(path.c_str());
@@ -67,13 +68,18 @@ std::optional<fs::path> writeNewFile(const fs::path& folder, const fs::path& nam
 }  // namespace
 
 CalendarOutput::CalendarOutput(fs::path output, const std::vector<fs::path>& otherFiles)
-    : m_path(std::move(output)), m_before(factsOf(m_path)) {
+    : m_path(std::move(output)) {
   if (m_path == "-") {
     flushOutput();
     m_descriptor = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     if (m_descriptor < 0) throw UsageError("standard output is closed");
     ::dup2(STDERR_FILENO, STDOUT_FILENO);
     return;
+  }
+  m_before = factsOf(m_path);
+  // A name that is too long, or a link to itself: nothing could be made there either.
+  if (!m_before && (errno != ENOENT || m_path.empty())) {
+    throw UsageError("cannot write into " + m_path.string() + because(errno));
   }
   for (const fs::path& other : otherFiles) {
     if (areOne(m_path, other)) throw UsageError(m_path.string() + " is needed for something else in this run");
@@ -88,9 +94,10 @@ CalendarOutput::CalendarOutput(fs::path output, const std::vector<fs::path>& oth
   if (m_before && ((m_before->st_mode & kAnyWriter) == 0 || ::access(m_path.c_str(), W_OK) != 0)) {
     throw UsageError(m_path.string() + " may only be read");
   }
-  const fs::path folder = folderOf(m_path);
-  if (::access(folder.c_str(), W_OK) != 0) {
-    throw UsageError("cannot write into the folder " + folder.string() + because(errno));
+  std::error_code unknown;
+  m_folder = folderOf(fs::is_symlink(m_path, unknown) ? vorn::behindLinks(m_path.string()) : m_path.string());
+  if (::access(m_folder.c_str(), W_OK) != 0) {
+    throw UsageError("cannot write into the folder " + m_folder.string() + because(errno));
   }
 }
 
@@ -100,9 +107,9 @@ CalendarOutput::~CalendarOutput() {
 
 void CalendarOutput::expectRoom(std::size_t bytes) const {
   if (!isPlainFile()) return;
-  std::string name = (folderOf(m_path) / ".vornlab-XXXXXX").string();
+  std::string name = (m_folder / ".vornlab-XXXXXX").string();
   const int descriptor = ::mkstemp(name.data());
-  if (descriptor < 0) throw LabError("cannot write into the folder " + folderOf(m_path).string() + because(errno));
+  if (descriptor < 0) throw LabError("cannot write into the folder " + m_folder.string() + because(errno));
   const std::string piece(std::min<std::size_t>(bytes, 1 << 20), '\0');
   int error = 0;
   for (std::size_t left = bytes; left > 0 && error == 0;) {
@@ -146,14 +153,30 @@ void CalendarOutput::write(std::string_view text, const fs::path& model) {
 }
 
 std::optional<fs::path> CalendarOutput::writeElsewhere(std::string_view text, const fs::path& model) const {
+  struct Place {
+    fs::path folder;
+    std::optional<struct stat> facts;
+  };
+  std::vector<Place> places;
+  std::vector<fs::path> names{"vornlab.ics"};
   if (isPlainFile()) {
-    if (auto path = writeNewFile(folderOf(m_path), m_path.filename(), text, model)) return path;
+    places.push_back({folderOf(m_path), m_before ? m_before : factsOf(model)});
+    names.insert(names.begin(), m_path.filename());
   }
   std::error_code failed;
-  const fs::path temporary = fs::temp_directory_path(failed);
-  if (failed) return std::nullopt;
-  // Where others have files, too, the model's mode could be too open.
-  return writeNewFile(temporary, isPlainFile() ? m_path.filename() : "vornlab.ics", text, "");
+  // Where others have files, too, any mode could be too open.
+  if (const fs::path temporary = fs::temp_directory_path(failed); !failed) places.push_back({temporary, {}});
+  // A path that looks like an address would be covered where it is told, and the person could not find the file.
+  for (const bool mayBeCovered : {false, true}) {
+    for (const Place& place : places) {
+      for (const fs::path& name : names) {
+        const std::string file = (place.folder / name).string();
+        if (!mayBeCovered && vorn::SecretMask::covered(file) != file) continue;
+        if (auto path = writeNewFile(file, text, place.facts)) return path;
+      }
+    }
+  }
+  return std::nullopt;
 }
 
 }  // namespace vornlab

@@ -32,8 +32,9 @@ class CalendarOutput {
   // A file that is new here takes the mode of the model. Throws LabError, with nothing overwritten, when it cannot
   // be written or is not as it was at the beginning.
   void write(std::string_view text, const std::filesystem::path& model);
-  // For a text that would be lost otherwise: writes it to a new file beside the output, with the model's mode, or,
-  // where that cannot be and for all that is no plain file, among the temporary files, for its owner alone.
+  // For a text that would be lost otherwise: writes it to a new file beside the output, with the mode of the file
+  // that was there, else the model's, or, where that cannot be and for all that is no plain file, among the
+  // temporary files, for its owner alone. Its name is like the output's where that can be told as it is.
   // Answers where it is; absent when it could not be written there either.
   std::optional<std::filesystem::path> writeElsewhere(std::string_view text,
                                                       const std::filesystem::path& model) const;
@@ -43,6 +44,8 @@ class CalendarOutput {
   void requireAsBefore() const;
 
   std::filesystem::path m_path;
+  // Where the plain file is, or will be, behind any links.
+  std::filesystem::path m_folder;
   // Of the file that was there.
   std::optional<struct stat> m_before;
   // Of a device, a pipe or standard output; -1 for a plain file.

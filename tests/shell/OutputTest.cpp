@@ -56,11 +56,15 @@ TEST_F(Output, IsRefusedBeforeAMeetingIsMadeWhereItWouldCostSomething) {
   m_folder.write("mine/letter", "Dear");
   m_folder.write("read.ics", "kept");
   ::chmod((m_folder / "read.ics").c_str(), 0444);
+  shell("ln -s loop.ics loop.ics; ln -s away/out.ics lost.ics");
   const std::pair<const char*, const char*> cases[] = {
       {"$V meet in.ics --all --out db --client-db db", "needed for something else"},
       {"$V meet in.ics --all --out ./db --client-db db", "needed for something else"},
       {"$V meet in.ics --all --out read.ics --client-db db", "may only be read"},
       {"$V meet in.ics --all --out mine --client-db db", "is a folder"},
+      {"$V meet in.ics --all --out loop.ics --client-db db", "cannot write into loop.ics: "},
+      {"$V meet in.ics --all --out lost.ics --client-db db", "cannot write into the folder ./away: "},
+      {"$V meet in.ics --all --out $(printf %0256d 0) --client-db db", "name too long"},
       {"$V meet in.ics --all --out out.ics --client-db mine", "mine is a folder"},
       {"$V meet in.ics --all --dry-run --client-db mine", "mine is a folder"},
       {"$V meet in.ics --all --out out.ics --client-db in.ics/db", "in.ics is no folder"},
@@ -125,18 +129,26 @@ TEST_F(Output, GoesElsewhereWhenItsPlaceHasChangedMeanwhile) {
       {meet + "in.ics" + told + "echo X >>in.ics;; esac; done", "has been changed meanwhile", "in", "640\n"},
       {"mkdir away; " + meet + "away/o.ics" + told + "rm -rf away;; esac; done", "its folder away is gone", "o",
        "600\n"},
-      {meet + "- | :", "cannot write into -", "vornlab", "600\n"}};
+      {meet + "- | :", "cannot write into -", "vornlab", "600\n"},
+      // What would be covered, and what has no room for more, has another name.
+      {"echo X >kim@vorn.example.ics; chmod 600 kim*; " + meet + "kim@vorn.example.ics" + told +
+           "echo X >>kim@vorn.example.ics;; esac; done",
+       "has been changed meanwhile", "vornlab", "600\n"},
+      {"L=$(printf %0246d.ics 0); " + meet + "$L" + told + "echo X >$L;; esac; done", "has been changed meanwhile",
+       "vornlab", "640\n"}};
   std::vector<std::string> appointments;
   for (int i = 0; i < 20; ++i) appointments.push_back(appointment("u" + std::to_string(i), "Budget"));
   for (const auto& [line, reason, name, mode] : cases) {
     ::chmod(m_folder.write("in.ics", calendar(appointments)).c_str(), 0640);
     const ProgramRun run = shell(line);
     EXPECT_THAT(run.output + run.errors, AllOf(HasSubstr("20 added"), HasSubstr(reason),
-                                               HasSubstr("; the calendar with its 20 new meetings is in ")));
+                                               HasSubstr("; the calendar with its 20 new meetings is in "),
+                                               HasSubstr(std::string(name) + "-")));
     EXPECT_EQ(occurrences(contentOf(m_folder / "in.ics"), "vorn.example/j/"), 0u) << line;
     EXPECT_EQ(shell(std::string("stat -c %a ") + name + "-??????.ics").output, mode) << line;
     const std::string found = shell(std::string("cat ") + name + "-??????.ics").output;
     EXPECT_EQ(occurrences(unfolded(found), "LOCATION:https"), 20u) << line;
+    shell(std::string("rm ") + name + "-??????.ics");
   }
 }
 
