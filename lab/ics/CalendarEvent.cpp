@@ -180,37 +180,48 @@ bool CalendarEvent::isAllDay() const {
   return begin && begin->isAllDay;
 }
 
-IcsProblem CalendarEvent::doubtOfTimes() const {
-  const IcsDocument& document = m_store->m_document;
-  const auto doubt = [&](std::string_view name, const std::string& what) {
-    return IcsProblem{document.physicalLineOf(component(), name), what};
-  };
-  const auto valueOf = [&](const char* name) {
-    return "\"" + wellFormed(textOf(name).substr(0, kMostShown)) + "\"";
+IcsProblem CalendarEvent::doubt(std::string_view name, const std::string& what) const {
+  return {m_store->m_document.physicalLineOf(component(), name), what};
+}
+
+IcsProblem CalendarEvent::faultOfTimes() const {
+  const auto fault = [this](const char* name, const char* what) {
+    return doubt(name, std::string(name) + " \"" + wellFormed(textOf(name).substr(0, kMostShown)) + "\" " + what);
   };
   for (const char* name : {"DTSTART", "DTEND"}) {
-    const auto time = timeOf(name);
-    if (!time && document.property(component(), name)) {
-      return doubt(name, std::string(name) + " " + valueOf(name) + " is no time, and counts as none");
-    }
-    if (!time) continue;
-    if (!time->isZoneKnown)
-      return doubt(name, "nobody knows the zone \"" + wellFormed(time->zone) + "\", its times are taken as UTC");
-    if (time->isFloating && !time->isAllDay && m_store->m_options.zone.empty()) {
-      return doubt(name, "times without a zone are taken as UTC; --zone says which zone is meant");
+    if (m_store->m_document.property(component(), name) && !timeOf(name)) {
+      return fault(name, "is no time, and counts as none");
     }
   }
   const std::string duration = textOf("DURATION");
   if (!duration.empty() && icaldurationtype_is_bad_duration(icaldurationtype_from_string(duration.c_str()))) {
-    return doubt("DURATION", "DURATION " + valueOf("DURATION") + " is none, and counts as 0 minutes");
+    return fault("DURATION", "is none, and counts as 0 minutes");
   }
   const auto begin = start();
   const auto last = end();
   if (begin && last && last->seconds < begin->seconds) {
-    const char* const name = timeOf("DTEND") ? "DTEND" : "DURATION";
-    return doubt(name, std::string(name) + " " + valueOf(name) + " ends it before it begins");
+    return fault(timeOf("DTEND") ? "DTEND" : "DURATION", "ends it before it begins");
   }
   return {};
+}
+
+IcsProblem CalendarEvent::doubtOfZones() const {
+  for (const char* name : {"DTSTART", "DTEND"}) {
+    const auto time = timeOf(name);
+    if (!time) continue;
+    if (!time->isZoneKnown) {
+      return doubt(name, "nobody knows the zone \"" + wellFormed(time->zone) + "\", its times are taken as UTC");
+    }
+    if (time->isFloating && !time->isAllDay && m_store->m_options.zone.empty()) {
+      return doubt(name, "times without a zone are taken as UTC; --zone says which zone is meant");
+    }
+  }
+  return {};
+}
+
+IcsProblem CalendarEvent::doubtOfTimes() const {
+  const IcsProblem fault = faultOfTimes();
+  return fault.message.empty() ? doubtOfZones() : fault;
 }
 
 std::vector<CalendarAttendee> CalendarEvent::attendees() const {

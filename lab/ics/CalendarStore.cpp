@@ -118,8 +118,9 @@ std::vector<IcsProblem> CalendarStore::doubts() {
   std::vector<IcsProblem> result = m_document.warnings();
   std::set<std::string> told;
   for (const CalendarEvent& event : events()) {
-    const IcsProblem doubt = event.doubtOfTimes();
-    if (!doubt.message.empty() && told.insert(doubt.message).second) result.push_back(doubt);
+    if (const IcsProblem fault = event.faultOfTimes(); !fault.message.empty()) result.push_back(fault);
+    const IcsProblem zone = event.doubtOfZones();
+    if (!zone.message.empty() && told.insert(zone.message).second) result.push_back(zone);
   }
   std::stable_sort(result.begin(), result.end(),
                    [](const IcsProblem& a, const IcsProblem& b) { return a.line < b.line; });

@@ -77,8 +77,11 @@ class CalendarEvent {
   // DTEND, or the start with DURATION; without both, the start, and for a whole day the next.
   std::optional<CalendarTime> end() const;
   bool isAllDay() const;
-  // What was assumed about its times, and may be wrong: a zone that nobody knows, or none, a time that is none, an
-  // end before the start; without a message for nothing.
+  // What is broken in its times: one that is none, an end before the start. Without a message for nothing.
+  IcsProblem faultOfTimes() const;
+  // What was assumed about its times, and may be wrong: a zone that nobody knows, or none. Likewise.
+  IcsProblem doubtOfZones() const;
+  // The graver of both.
   IcsProblem doubtOfTimes() const;
   CalendarRecurrence recurrence() const;
   // The starts of a series in that span, in seconds since 1970, oldest first: without the dates that the file
@@ -123,6 +126,7 @@ class CalendarEvent {
   vorn::OptionalText optionalTextOf(std::string_view name) const;
   void setText(std::string_view name, std::string_view text);
   void setRecord(std::string_view name, std::string_view record);
+  IcsProblem doubt(std::string_view name, const std::string& what) const;
   std::optional<CalendarTime> timeOf(std::string_view name) const;
   void writeTime(std::string_view name, double seconds);
 
@@ -149,8 +153,8 @@ class CalendarStore {
   bool save(const std::string& path) const;
   std::string text() const { return m_document.text(); }
   bool isChanged() const { return m_changed || m_document.isChanged(); }
-  // What is doubtful in the file, each with its line: lines that nobody can read, and what was assumed about the
-  // times of events, told once for each zone.
+  // What is doubtful in the file, each with its line: lines that nobody can read, what is broken in the times of
+  // events, and what was assumed about them, told once for each zone.
   std::vector<IcsProblem> doubts();
 
   // All events in file order, removed ones left out.

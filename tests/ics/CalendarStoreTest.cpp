@@ -80,9 +80,11 @@ TEST(CalendarStore, TellsWhatIsDoubtfulInAFileWithItsLine) {
       "BEGIN:VEVENT\r\nDTSTART;VALUE=DATE:20300513\r\nEND:VEVENT\r\n"
       "BEGIN:VEVENT\r\nDTSTART:20300513T080000Z\r\nDTEND:banana\r\nEND:VEVENT\r\n"
       "BEGIN:VEVENT\r\nDTSTART:20300513T080000Z\r\nDTEND:20300513T070000Z\r\nEND:VEVENT\r\n"
-      "BEGIN:VEVENT\r\nDTSTART:20300513T080000Z\r\nDURATION:long\r\nEND:VEVENT\r\n");
-  const std::pair<const char*, std::vector<std::size_t>> rows[] = {{"", {3, 5, 12, 19, 23, 27}},
-                                                                   {"Europe/Berlin", {3, 5, 19, 23, 27}}};
+      "BEGIN:VEVENT\r\nDTSTART:20300513T080000Z\r\nDURATION:long\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nDTSTART;TZID=Nowhere:20300514T120000\r\nDTEND:banana\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nDTSTART:20300513T080000\r\nDTEND:20300513T070000\r\nEND:VEVENT\r\n");
+  const std::pair<const char*, std::vector<std::size_t>> rows[] = {{"", {3, 5, 12, 19, 23, 27, 31, 35}},
+                                                                   {"Europe/Berlin", {3, 5, 19, 23, 27, 31, 35}}};
   for (const auto& [zone, lines] : rows) {
     CalendarStore::Options options;
     options.zone = zone;
@@ -91,6 +93,7 @@ TEST(CalendarStore, TellsWhatIsDoubtfulInAFileWithItsLine) {
     for (const IcsProblem& doubt : store.doubts()) told.push_back(doubt.line);
     EXPECT_EQ(told, lines) << zone;
     EXPECT_NE(store.eventAt(1).doubtOfTimes().message.find("\"Nowhere\""), std::string::npos);
+    EXPECT_NE(store.eventAt(7).doubtOfTimes().message.find("\"banana\""), std::string::npos);
     EXPECT_EQ(store.eventAt(3).doubtOfTimes().message, "") << "a whole day is one everywhere";
   }
 }
