@@ -10,13 +10,13 @@
 #include <cstring>
 #include <sstream>
 
-#include "lab/host/InvitedPeople.h"
 #include "lab/shell/Interruption.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/SystemVersion.h"
 #include "lab/shell/World.h"
 #include "lab/words/OptionChecks.h"
 #include "lab/words/ParserWords.h"
+#include "util/Text.h"
 
 namespace vornlab {
 namespace {
@@ -26,9 +26,13 @@ std::string complaintOfVersion(const std::string& text) {
   return parseSystemVersion(text) ? std::string() : "\"" + text + "\" is no version such as 10.15.0";
 }
 
+// Whatever a calendar may have behind "mailto:" is one, be it only a name.
 std::string complaintOfAddress(const std::string& text) {
-  // An example would be covered where this is told.
-  return isAddress(text) ? "" : "\"" + text + "\" is no address; that is a name and a host, with \"@\" between";
+  constexpr std::string_view kScheme = "mailto:";
+  const bool isOne =
+      !vorn::asciiLower(text.substr(0, kScheme.size())).starts_with(kScheme) &&
+      std::none_of(text.begin(), text.end(), [](unsigned char c) { return c <= ' ' || c == '<' || c == '>'; });
+  return isOne ? "" : "\"" + text + "\" is no address; that has no blanks, no \"<\" or \">\", and no \"mailto:\"";
 }
 
 std::string complaintOfWorld(const std::string& folder) {

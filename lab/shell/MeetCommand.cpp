@@ -171,33 +171,35 @@ void requireDatabase(const std::string& database) {
   if (const std::string complaint = complaintOfDatabase(database); !complaint.empty()) throw UsageError(complaint);
 }
 
-// The database itself need not be one that could be written.
-void copyMeetings(const std::string& database, const std::string& copy) {
+}  // namespace
+
+std::string copiedMeetings(const std::string& database, const fs::path& folder) {
   std::error_code unknown;
-  if (fs::status(database, unknown).type() == fs::file_type::not_found) return;
+  if (fs::status(database, unknown).type() == fs::file_type::not_found) return ":memory:";
   if (const std::string complaint = complaintOfFile(database); !complaint.empty()) throw UsageError(complaint);
+  const std::string copy = (folder / "trial.db").string();
   try {
     MeetingStore::copy(database, copy);
   } catch (const StoreError& error) {
     throw UsageError(database + " cannot be copied to " + copy + " for the trial: " + error.what());
   }
+  return copy;
 }
-
-}  // namespace
 
 ExitCode meet(const MeetOptions& options, const StartSession& start) {
   if (!options.isTrial && options.output.empty()) {
     throw UsageError("--out is missing: it says where the changed calendar goes; --dry-run goes without");
   }
+  MeetOptions chosen = options;
+  std::string& database = chosen.lab.clientDatabase;
+  if (database.empty()) database = defaultDatabase();
   if (!options.isTrial) {
-    requireDatabase(options.lab.clientDatabase);
-    return MeetRun(options, start).run();
+    requireDatabase(database);
+    return MeetRun(chosen, start).run();
   }
   const TemporaryFolder folder;
-  MeetOptions trial = options;
-  trial.lab.clientDatabase = (folder.path() / "trial.db").string();
-  copyMeetings(options.lab.clientDatabase, trial.lab.clientDatabase);
-  return MeetRun(trial, start).run();
+  database = copiedMeetings(database, folder.path());
+  return MeetRun(chosen, start).run();
 }
 
 // The stand-in service has to know tomorrow the meetings that it made today.

@@ -37,6 +37,10 @@ ExitCode meet(const MeetOptions& options, const StartSession& start);
 // Where the stand-in service of the commands that make meetings keeps them, unless they are told otherwise.
 std::string defaultDatabase();
 
+// For commands that change nothing: a copy of the service's meetings in the folder, or ":memory:" when it has none
+// yet. The database itself need not be one that could be written. Throws UsageError when it cannot be copied.
+std::string copiedMeetings(const std::string& database, const std::filesystem::path& folder);
+
 // The words of the command in any program, and the command "meet" of this one.
 CLI::App* addMeetWords(CLI::App& program, MeetOptions& options);
 Command addMeet(CLI::App& program, const LabOptions& lab);

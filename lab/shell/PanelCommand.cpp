@@ -7,6 +7,7 @@
 #include "lab/shell/MeetCommand.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/Session.h"
+#include "lab/shell/TemporaryFolder.h"
 #include "lab/shell/TextColumns.h"
 #include "lab/shell/Words.h"
 #include "lab/shell/panel/PanelPrinter.h"
@@ -115,7 +116,8 @@ class PanelRun {
     }
     LabOptions lab = m_options.lab;
     if (event && lab.clientDatabase.empty()) lab.clientDatabase = defaultDatabase();
-    if (!std::filesystem::exists(lab.clientDatabase)) lab.clientDatabase = ":memory:";
+    const TemporaryFolder folder;
+    lab.clientDatabase = copiedMeetings(lab.clientDatabase, folder.path());
     Session session(lab, calendar, {});
     PanelWindow panel(session, session.presenter().panels(), event, lab.timeoutSeconds);
     if (m_options.words) {
@@ -194,7 +196,7 @@ Command addPanel(CLI::App& program, const LabOptions& lab) {
   command
       ->add_option("--client-db", options->lab.clientDatabase,
                    "where the stand-in service keeps its meetings, when it is not where meet keeps them")
-      ->check(complaintOfDatabase, "FILE");
+      ->check(complaintOfMeetings, "FILE");
   askClient(*command, options->lab, options->form);
   return {command, [options] { return showPanel(*options); }};
 }

@@ -9,6 +9,7 @@
 #include "lab/shell/MeetCommand.h"
 #include "lab/shell/Output.h"
 #include "lab/shell/ReportSections.h"
+#include "lab/shell/TemporaryFolder.h"
 #include "lab/shell/TextColumns.h"
 #include "lab/words/OptionChecks.h"
 #include "util/AtomicFile.h"
@@ -77,7 +78,8 @@ ExitCode report(const ReportOptions& options) {
   }
   LabOptions lab = options.lab;
   if (event && lab.clientDatabase.empty()) lab.clientDatabase = defaultDatabase();
-  if (!std::filesystem::exists(lab.clientDatabase)) lab.clientDatabase = ":memory:";
+  const TemporaryFolder folder;
+  lab.clientDatabase = copiedMeetings(lab.clientDatabase, folder.path());
   const std::string earlier =
       lab.world.empty() ? "" : vorn::readFile((lab.world / "journal").string()).value_or("");
   OutlookHost::Options host;
@@ -106,7 +108,7 @@ Command addReport(CLI::App& program, const LabOptions& lab) {
   command
       ->add_option("--client-db", options->lab.clientDatabase,
                    "where the stand-in service keeps its meetings, when it is not where meet keeps them")
-      ->check(complaintOfDatabase, "FILE");
+      ->check(complaintOfMeetings, "FILE");
   askClient(*command, options->lab, options->form);
   return {command, [options] { return report(*options); }};
 }

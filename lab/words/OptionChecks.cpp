@@ -24,20 +24,27 @@ std::string complaintOfPath(const std::string& path, bool wantsFolder) {
   return ::access(path.c_str(), R_OK) == 0 ? "" : path + " cannot be read: " + std::strerror(errno);
 }
 
+bool isFile(const std::string& database) {
+  std::error_code unknown;
+  return database != ":memory:" && fs::status(database, unknown).type() != fs::file_type::not_found;
+}
+
 }  // namespace
 
 std::string complaintOfFile(const std::string& path) { return complaintOfPath(path, false); }
 
 std::string complaintOfFolder(const std::string& path) { return complaintOfPath(path, true); }
 
+std::string complaintOfMeetings(const std::string& path) { return isFile(path) ? complaintOfFile(path) : ""; }
+
 std::string complaintOfDatabase(const std::string& path) {
-  if (path == ":memory:") return "";
-  std::error_code unknown;
-  if (fs::status(path, unknown).type() != fs::file_type::not_found) {
+  if (isFile(path)) {
     if (std::string complaint = complaintOfFile(path); !complaint.empty()) return complaint;
     return ::access(path.c_str(), W_OK) == 0 ? "" : path + " cannot be written: " + std::strerror(errno);
   }
-  const fs::path folder = fs::absolute(path).parent_path();
+  if (path.empty() || path == ":memory:") return "";
+  std::error_code unknown;
+  const fs::path folder = fs::absolute(path, unknown).parent_path();
   if (fs::status(folder, unknown).type() == fs::file_type::not_found) return "";
   if (std::string complaint = complaintOfFolder(folder); !complaint.empty()) return complaint;
   return ::access(folder.c_str(), W_OK) == 0

@@ -1,6 +1,7 @@
 #include "lab/words/ParserWords.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -37,13 +38,22 @@ std::string complaintOfExtras(const CLI::App& program) {
   return "nothing is known of" + all;
 }
 
+// Whoever forgot the command may have gone on with its options.
+bool isOptionOfCommand(const CLI::App& program, const std::string& word) {
+  const std::string name = word.substr(0, word.find('='));
+  const auto commands = program.get_subcommands(nullptr);
+  return name.starts_with('-') && std::any_of(commands.begin(), commands.end(), [&](const CLI::App* command) {
+           return command->get_option_no_throw(name) != nullptr;
+         });
+}
+
 std::string complaintOfCommand(const CLI::App& program) {
-  const std::string known = "; there are " + namesOfCommands(innermost(program));
+  const CLI::App& named = innermost(program);
+  const std::string known = "; there are " + namesOfCommands(named);
   const std::vector<std::string> words = unknownWords(program);
-  for (const std::string& word : words) {
-    if (!word.starts_with('-')) return "there is no command \"" + word + "\"" + known;
-  }
-  return words.empty() ? "a command is missing" + known : complaintOfExtras(program);
+  if (words.empty() || isOptionOfCommand(named, words.front())) return "a command is missing" + known;
+  if (words.front().starts_with('-')) return complaintOfExtras(program);
+  return "there is no command \"" + words.front() + "\"" + known;
 }
 
 // What the parser says of words that make no sense, in our own: it tells where, and we what was expected. Its

@@ -115,6 +115,7 @@ TEST_F(Meet, SkipsWhatGetsNoMeetingOfItsOwnAndSaysWhy) {
                                          appointment("theirs", "Theirs", {"ORGANIZER:MAILTO:Ben@mail.example"}),
                                          appointment("mine", "Mine", {"ORGANIZER:MAILTO:Anna@Mail.example"}),
                                          appointment("moved", "Moved", {"RECURRENCE-ID:20300507T120000Z"})}));
+  EXPECT_EQ(meet(input, m_folder / "out.ics", {"--all", "--me", "kim"}).resultOf("mine"), "skipped");
   const MeetRun run = meet(input, m_folder / "out.ics", {"--all", "--me", "anna@mail.example"});
   EXPECT_EQ(run.program.exitCode, 0) << run.program.errors;
   EXPECT_EQ(run.resultOf("mine"), "added") << run.reasonOf("mine");
@@ -282,6 +283,8 @@ TEST(ProgressLine, FitsTheTerminalAndTellsTheTimeLeft) {
 }
 
 TEST(ProgressBar, DrawsOnlyOnATerminalThatCanTakeItBack) {
+  const char* const before = getenv("TERM");
+  const std::string terminalBefore = before ? before : "";
   for (const auto& [terminal, isDrawn] : {std::pair{"xterm", true}, {"dumb", false}, {"", false}}) {
     setenv("TERM", terminal, 1);
     int master = -1;
@@ -297,6 +300,7 @@ TEST(ProgressBar, DrawsOnlyOnATerminalThatCanTakeItBack) {
     std::fclose(stream);
     close(master);
   }
+  before ? setenv("TERM", terminalBefore.c_str(), 1) : unsetenv("TERM");
 }
 
 TEST(MeetingRoad, GivesTheServicesBareCodesASentence) {
@@ -321,6 +325,7 @@ TEST(Vornlab, TellsBadUsageWithExitCode2) {
       {{"--foo"}, "nothing is known of --foo; vornlab --help"},
       {{"body", "foo", "b"}, "there is no command \"foo\"; there are insert, update, remove, text; vornlab body"},
       {{"account"}, "a command is missing; there are show, defaults; vornlab account --help"},
+      {{"account", "--account", "X.json"}, "a command is missing; there are show, defaults; vornlab account"},
       {{"account", "show", "--account", "/no/such/account.json"}, "/no/such/account.json"},
       {{"meet", "in.ics"}, "--uid,--all"},
       {{"meet", "in.ics", "--all"}, "--out is missing"},

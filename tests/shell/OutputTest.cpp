@@ -69,7 +69,7 @@ TEST_F(Output, IsRefusedBeforeAMeetingIsMadeWhereItWouldCostSomething) {
       {"$V meet in.ics --all --dry-run --client-db mine", "mine is a folder"},
       {"$V meet in.ics --all --out out.ics --client-db in.ics/db", "in.ics is no folder"},
       {"$V panel in.ics --client-db mine", "mine is a folder"},
-      {"$V meet in.ics --all --out out.ics --client-db db --me nobody", "\"nobody\" is no address; that is"},
+      {"$V meet in.ics --all --out out.ics --client-db db --me mailto:kim", "\"mailto:kim\" is no address; that"},
       {"HOME= XDG_STATE_HOME= $V meet in.ics --all --out out.ics", "--client-db"},
       {"$V meet in.ics --all --out out.ics --client-db db --world mine", "somebody's"}};
   for (const auto& [line, complaint] : cases) {
