@@ -12,6 +12,16 @@ namespace {
 // As it is pasted from anywhere, with blanks of every kind around it.
 std::string_view bare(std::string_view text) { return vorn::trimmed(text, vorn::isWhitespaceOrNewline); }
 
+// One who was invited without an address, as a file may have it, is known by that text, too.
+bool isAddress(std::string_view text) {
+  const std::size_t at = text.find('@');
+  return at != 0 && at != std::string_view::npos && at + 1 < text.size() &&
+         text.find('@', at + 1) == std::string_view::npos && std::none_of(text.begin(), text.end(), [](char c) {
+           return static_cast<unsigned char>(c) <= ' ' ||
+                  std::string_view("<>\",;:()[]").find(c) != std::string_view::npos;
+         });
+}
+
 // The pieces between commas, semicolons and line breaks that stand in no quotation marks.
 std::vector<std::string_view> piecesOf(std::string_view text) {
   std::vector<std::string_view> pieces;
@@ -40,15 +50,6 @@ std::string shownName(std::string name) {
 
 }  // namespace
 
-bool isAddress(std::string_view text) {
-  const std::size_t at = text.find('@');
-  return at != 0 && at != std::string_view::npos && at + 1 < text.size() &&
-         text.find('@', at + 1) == std::string_view::npos && std::none_of(text.begin(), text.end(), [](char c) {
-           return static_cast<unsigned char>(c) <= ' ' ||
-                  std::string_view("<>\",;:()[]").find(c) != std::string_view::npos;
-         });
-}
-
 InvitedPeople readPeople(std::string_view text, const std::vector<CalendarAttendee>& known) {
   std::map<std::string, CalendarAttendee, std::less<>> byAddress;
   for (const CalendarAttendee& person : known) byAddress.emplace(person.emailAddress, person);
@@ -61,7 +62,6 @@ InvitedPeople readPeople(std::string_view text, const std::vector<CalendarAttend
     std::string name(isNamed ? bare(piece.substr(0, open)) : std::string_view());
     std::erase(name, '"');
     const auto before = byAddress.find(address);
-    // One who was invited without an address, as a file may have it, is known by that text, too.
     if (before == byAddress.end() && !isAddress(address)) {
       read.unread.emplace_back(piece);
       continue;

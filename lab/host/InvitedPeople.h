@@ -11,9 +11,6 @@ namespace vornlab {
 // The people of a meeting as a person types them: `Kim Ode <kim@vorn.example>, "Lee, Jo" <jo@vorn.example>;
 // a@b.example`, between them commas, semicolons or line breaks. UTF-8.
 
-// Such as kim@vorn.example, with nothing around it.
-bool isAddress(std::string_view text);
-
 struct InvitedPeople {
   std::vector<CalendarAttendee> people;
   // What is no address, in the order of the text.

@@ -23,7 +23,7 @@ void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   // that has one already, a reply without it leaves that one.
   const bool hasNone = invitation.value_or("").empty();
   m_isInvitationWritten = window.proxy().knowsBody() && !hasNone;
-  m_invitationIsDue = !window.proxy().knowsBody() || (hasNone && m_firstInvitationIsDue);
+  m_invitationIsDue = !m_isInvitationWritten && (!hasNone || m_firstInvitationIsDue);
   if (!m_invitationIsDue) m_firstInvitationIsDue = false;
 }
 
