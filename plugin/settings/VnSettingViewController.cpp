@@ -212,8 +212,8 @@ void VnSettingViewController::refreshUI(bool forPMI) {
       m_settingData.resetRequiredPasswordForEditPMIMeeting(m_pmiMeetingInfo);
     }
     m_settingData.setUsePMI(true);
-    // A meeting that was to be a personal one from the start is loaded only now.
-    if (std::exchange(m_waitsForPersonalMeeting, false)) m_kept = whatStands();
+    // A meeting that was to be a personal one from the start is loaded only now; another person's is none of it.
+    if (isOfOpening(person) && std::exchange(m_waitsForPersonalMeeting, false)) m_kept = whatStands();
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);
@@ -255,9 +255,9 @@ void VnSettingViewController::takeBackWords() {
 }
 
 void VnSettingViewController::onPMIMeetingInfo() {
-  if (m_meetingId.takesPMI(m_pmiMeetingInfo)) return refreshUI(true);
-  // The user has turned away from the meeting that the panel was opened with, and goes back to what stood then.
-  m_waitsForPersonalMeeting = false;
+  // It is not kept when the user has turned away from it meanwhile: dismissed, the panel would show a personal
+  // meeting that was never loaded, so it waits on, and asks once more when it opens.
+  if (m_meetingId.takesPMI(m_pmiMeetingInfo)) refreshUI(true);
 }
 
 // -- While it is open --------------------------------------------------------------------------------------------
@@ -332,11 +332,14 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   m_scheduleFor.setScheduleForListInfo(forOther);
   const bool hasList = vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
   // While another person is chosen, the one of the opening is still waited for.
-  const bool isOfOpening = equalIgnoringCase(person, m_kept.record.scheduleForEmail().value_or(""));
-  if (hasList && isOfOpening && std::exchange(m_waitsForList, false)) keepWhatIsThePersons();
+  if (hasList && isOfOpening(person) && std::exchange(m_waitsForList, false)) keepWhatIsThePersons();
   // Their personal meeting, which may have come before the list, says more than the list does. Without a list it
   // would be asked for again and again.
   if (hasList && !person.empty() && !m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
+}
+
+bool VnSettingViewController::isOfOpening(const std::string& person) const {
+  return equalIgnoringCase(person, m_kept.record.scheduleForEmail().value_or(""));
 }
 
 // A dismissed panel goes back behind what the user has chosen meanwhile, and not behind whom it was opened for. A
@@ -364,7 +367,7 @@ void VnSettingViewController::leaveMeeting() {
   if (!m_settingData.usePMI()) return;
   const vnSettingData& own = m_kept.record;
   const std::string person = m_scheduleFor.getUIScheduleForEmail();
-  if (own.usePMI() && equalIgnoringCase(person, own.scheduleForEmail().value_or(""))) {
+  if (own.usePMI() && isOfOpening(person)) {
     m_settingData.setMeetingPassword(own.meetingPassword());
     m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
     m_settingData.setAlternateHosts(own.arrAlternateHosts());

@@ -113,6 +113,8 @@ class VnSettingViewController final : private PanelSteps {
   void takeControls(Commit commit);
   Kept whatStands() const { return {m_settingData, m_countries.countryContent()}; }
   void goBackTo(const Kept& kept);
+  // Whether a dismissed panel goes back to this person, "" being oneself.
+  bool isOfOpening(const std::string& person) const;
   void keepWhatIsThePersons();
   void closeWindows();
   void checkAccountLocked();

@@ -271,6 +271,32 @@ TEST_F(MeetingIdPanelTest, WhatCameWhileThePanelWasLeftIsAskedForOnceMore) {
   EXPECT_THAT(asked(), IsEmpty()) << "it is there";
 }
 
+TEST_F(MeetingIdPanelTest, WhoTurnsAwayBeforeItComesFindsThePersonalMeetingOfTheOpeningAgain) {
+  isDefaultPMI = true;
+  people = Value::Array{person(kDana, "Dana", "5550000000")};
+  knowAccount();
+  knowList();
+  for (const bool goesToDana : {false, true}) {
+    for (const bool isAnswered : {true, false}) {
+      SCOPED_TRACE(testing::Message() << goesToDana << isAnswered);
+      window = std::make_unique<FakeWindow>(test);
+      open();
+      goesToDana ? choose("scheduleForPopup", 1) : turn("buttonOneTimeMeeting", true);
+      isAnswered ? answerMeeting("5550142871", true) : answer("4", "0;Error 3001");
+      if (goesToDana) answerMeeting("5550000000", true, kDana);
+      click("buttonCancel");
+      asked();
+      open();
+      EXPECT_EQ(control("scheduleForPopup").index, 0);
+      EXPECT_THAT(asked(), ElementsAre("4;5550142871"));
+      EXPECT_FALSE(mayContinue());
+      answerMeeting("5550142871", true);
+      EXPECT_EQ(control("videoHostMatrix").index, 0) << "the meeting's own";
+      EXPECT_TRUE(mayContinue());
+    }
+  }
+}
+
 TEST_F(MeetingIdPanelTest, AMeetingThatStandsShowsItsNumber) {
   knowAccount(false, true);
   knowMeeting();
