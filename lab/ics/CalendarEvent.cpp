@@ -253,12 +253,8 @@ std::string CalendarEvent::calendarText() const {
       result += foldedLine(property->name + ":" + wellFormed(property->value), ending);
     }
   }
-  std::set<std::string> zones;
-  for (const IcsProperty& property : document.properties(component())) {
-    if (const std::string zone = property.parameter("TZID"); !zone.empty()) zones.insert(zone);
-  }
   CalendarZones& known = m_store->zonesOf(component());
-  for (const std::string& zone : zones) {
+  for (const std::string& zone : document.parameters(component(), "TZID")) {
     const std::size_t definition = known.definition(zone);
     if (definition != IcsDocument::kNone) result += document.componentText(definition);
   }

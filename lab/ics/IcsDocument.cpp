@@ -296,7 +296,7 @@ IcsProperty IcsDocument::propertyAt(std::size_t line) const {
 std::vector<IcsProperty> IcsDocument::properties(std::size_t component, std::string_view name) const {
   std::vector<IcsProperty> result;
   for (const std::size_t line : m_components[component].lines) {
-    if (!name.empty() && m_lines[line].name != name) continue;
+    if (m_lines[line].name != name) continue;
     const auto changed = m_replaced.find(line);
     if (changed != m_replaced.end() && !changed->second) continue;
     result.push_back(propertyAt(line));
@@ -305,9 +305,31 @@ std::vector<IcsProperty> IcsDocument::properties(std::size_t component, std::str
   if (added == m_added.end()) return result;
   for (const std::string& content : added->second) {
     IcsProperty property = parsedProperty(content);
-    if (name.empty() || property.name == name) result.push_back(std::move(property));
+    if (property.name == name) result.push_back(std::move(property));
   }
   return result;
+}
+
+std::set<std::string> IcsDocument::parameters(std::size_t component, std::string_view name) const {
+  std::set<std::string> values;
+  const auto take = [&](const IcsProperty& property) {
+    if (std::string value = property.parameter(name); !value.empty()) values.insert(std::move(value));
+  };
+  for (const std::size_t index : m_components[component].lines) {
+    const Line& line = m_lines[index];
+    const auto changed = m_replaced.find(index);
+    if (changed != m_replaced.end()) {
+      if (changed->second) take(parsedProperty(*changed->second));
+      continue;
+    }
+    // Most lines have none, and that is seen without reading on.
+    const bool mayHaveAny = line.folded || bytesOf(line)[line.name.size()] == ';';
+    if (mayHaveAny) take(propertyAt(index));
+  }
+  if (const auto added = m_added.find(lineForAdded(component)); added != m_added.end()) {
+    for (const std::string& content : added->second) take(parsedProperty(content));
+  }
+  return values;
 }
 
 std::optional<IcsProperty> IcsDocument::property(std::size_t component, std::string_view name) const {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -75,8 +76,8 @@ class IcsDocument {
   // meant.
   std::optional<IcsProperty> property(std::size_t component, std::string_view name) const;
   std::vector<IcsProperty> properties(std::size_t component, std::string_view name) const;
-  // Every property of the component, in order.
-  std::vector<IcsProperty> properties(std::size_t component) const { return properties(component, {}); }
+  // What the parameter of that name (upper case) is in the component's own properties; without empty ones.
+  std::set<std::string> parameters(std::size_t component, std::string_view name) const;
 
   // Which of several properties of one name is meant; absent means the first.
   using Choice = std::function<bool(const IcsProperty&)>;

@@ -40,13 +40,16 @@ void DiagnosisReport::beginGroup(std::string_view name) { m_groups.push_back({st
 void DiagnosisReport::add(std::string_view key, std::string_view words, const Value& value,
                           const OptionalText& shown, const OptionalText& note) {
   const Value seen = covered(value, key);
-  m_groups.back().rows.push_back(Value::dictionaryFromPairs(
-      {{"key", key},
-       {"words", words},
-       {"value", seen.isAbsent() ? Value(nullptr) : seen},
-       // Of a list, too: what its items say together may be a secret that none of them is.
-       {"shown", SecretMask::covered(shown ? *shown : textOf(seen))},
-       {"note", note ? Value(SecretMask::covered(*note)) : Value()}}));
+  // In the order of their names, so that a row needs no sorting.
+  std::vector<Value::Dictionary::Entry> row;
+  row.reserve(5);
+  row.emplace_back("key", key);
+  if (note) row.emplace_back("note", SecretMask::covered(*note));
+  // Of a list, too: what its items say together may be a secret that none of them is.
+  row.emplace_back("shown", SecretMask::covered(shown ? *shown : textOf(seen)));
+  row.emplace_back("value", seen.isAbsent() ? Value(nullptr) : seen);
+  row.emplace_back("words", words);
+  m_groups.back().rows.emplace_back(Value::Dictionary(Value::Dictionary::InOrder(), std::move(row)));
 }
 
 Value DiagnosisReport::groups() const {

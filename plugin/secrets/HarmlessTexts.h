@@ -21,14 +21,16 @@ class HarmlessTexts {
 
  private:
   static constexpr std::size_t kLongest = 127;
-  static constexpr std::size_t kPlaces = 512;
+  static constexpr std::size_t kShelves = 256;
   struct Place {
     unsigned char size = 0;
     std::array<char, kLongest> bytes{};
   };
-  static std::size_t placeOf(std::string_view text);
+  // Two that come again and again keep their places beside each other, the newer one first.
+  using Shelf = std::array<Place, 2>;
+  static std::size_t shelfOf(std::string_view text);
 
-  std::array<Place, kPlaces> m_places{};
+  std::array<Shelf, kShelves> m_shelves{};
 };
 
 }  // namespace vorn

@@ -31,8 +31,11 @@ bool vnOLUtils::isValidInstance(const Value& object) {
 }
 
 bool vnOLUtils::kindofClass(const Value& object, const OptionalText& className) {
-  if (!object.isObject() || !isValidInstance(object) || !className || className->empty()) return false;
-  return hostObjectQuestions()->isKindOfClass(object.object(), *className);
+  return className && kindofClass(object.object(), *className);
+}
+
+bool vnOLUtils::kindofClass(const HostObject& object, std::string_view className) {
+  return !className.empty() && isLivingObject(object) && hostObjectQuestions()->isKindOfClass(object, className);
 }
 
 void vnOLUtils::GetSubViewOfKind(const HostObject& view, const OptionalText& kindClass,

@@ -20,6 +20,7 @@ class vnOLUtils : public vStringUtils {
   // True for a valid host object of the named class or one that inherits from it. False for an absent or empty
   // name and for a class that does not exist.
   static bool kindofClass(const Value& object, const OptionalText& className);
+  static bool kindofClass(const HostObject& object, std::string_view className);
   // Adds the views below the view that are of the named class, depth first; a match is not searched further.
   static void GetSubViewOfKind(const HostObject& view, const OptionalText& kindClass,
                                std::vector<HostObject>& resultArray);

@@ -47,7 +47,7 @@ std::string vnDelegateBase::ownClassName(const HostObject& object) {
 }
 
 bool isKindOfHostClass(const HostObject& object, std::string_view className) {
-  return object && vnOLUtils::kindofClass(object, OptionalText(className));
+  return object && vnOLUtils::kindofClass(object, className);
 }
 
 bool isExactlyOfHostClass(const HostObject& object, std::string_view className) {
