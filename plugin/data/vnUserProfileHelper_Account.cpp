@@ -62,7 +62,7 @@ Value vnUserProfileHelper::getAccountUpgradeInfo() const { return m_profile[vn_P
 
 std::int64_t vnUserProfileHelper::getDefaultJbhPriorTime() const {
   const Value& minutes = m_profile[vn_Setting_JBHPriorTime];
-  return minutes.isAbsent() ? kDefaultJbhPriorMinutes : minutes.integerValue();
+  return minutes.isPresent() ? minutes.integerValue() : kDefaultJbhPriorMinutes;
 }
 
 std::string vnUserProfileHelper::getVornDomain() const {

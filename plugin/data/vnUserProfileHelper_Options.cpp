@@ -33,7 +33,8 @@ std::int64_t vnUserProfileHelper::getSupportFeatureOptions() const {
 }
 
 bool vnUserProfileHelper::dictionaryOr(std::string_view key, bool otherwise) const {
-  return m_profile.contains(key) ? m_profile[key].boolValue() : otherwise;
+  // A null has no answer on the platform, and is none here.
+  return m_profile[key].isPresent() ? m_profile[key].boolValue() : otherwise;
 }
 
 bool vnUserProfileHelper::isEnableRequirePassword() const {
