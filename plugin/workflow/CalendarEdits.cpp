@@ -1,5 +1,7 @@
 #include "workflow/CalendarEdits.h"
 
+#include <utility>
+
 #include "channel/commands/vnAPIKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "workflow/MeetingWindow.h"
@@ -82,10 +84,19 @@ int CalendarEdits::sendVnMeetingCommand(std::uint64_t command, const Value& meet
   } else if (command == VnCmdUpdate) {
     m_manager.setState(VnStateCommitting);
     m_editUnderWay = window.bar() ? Value() : meetingData;
+    m_isSecondOfTwo = m_manager.apiMgr()->isWaitingForMeeting();
     refused = m_manager.apiMgr()->getMeeting(window.bar() ? window.parentWindow() : ownerWindow, meetingData);
     if (refused != 0) endEdit();
   }
   return refused != 0 ? 1 : 0;
+}
+
+bool CalendarEdits::asksOnceMore(const Value& meetingInfo) {
+  const bool isAnothers =
+      m_editUnderWay.isPresent() && meetingInfo[vn_MeetingKey] != m_editUnderWay[vn_MeetingKey];
+  if (!isAnothers || !std::exchange(m_isSecondOfTwo, false)) return false;
+  m_manager.apiMgr()->getMeeting(m_editUnderWay[keyEventOwnerWindow].object(), m_editUnderWay);
+  return true;
 }
 
 }  // namespace vorn

@@ -94,6 +94,8 @@ void SaveRoad::commitStands(const MeetingWindow& window) {
 }
 
 void SaveRoad::sendUpdate(MeetingWindow& window, const Value& meetingData) {
+  // It may have been deleted while the personal meeting was fetched.
+  if (window.bar() && m_manager.apiMgr()->isWaitingForDelete()) return;
   m_manager.calendarEdits().endEdit();
   m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingData);
 }
@@ -124,6 +126,7 @@ void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data
     return;
   }
   commitStands(window);
+  m_manager.writeBack().noteCommit();
   vnApptDataForSaveRecord::sharedInstance().of(bar).setNeedClearLocation(false);
   if (const auto panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
     const Value hosts = panel->getVnSettingsData()[vn_Setting_AlternateHosts];
@@ -160,7 +163,10 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
     case VnStateChanging:
       m_manager.settingsFlow().showSettingsWindow(window, meetingDataOfReply(window, info));
       break;
-    case VnStateCommitting: commitUpdateMeeting(window, meetingDataOfReply(window, info)); break;
+    case VnStateCommitting:
+      if (!window.bar() && m_manager.calendarEdits().asksOnceMore(info)) break;
+      commitUpdateMeeting(window, meetingDataOfReply(window, info));
+      break;
     case VnStateCommitted: writeCommittedMeeting(window, info); break;
     case VnStatePMIForSettings: showPersonalMeeting(window.id(), info); break;
     case VnStatePMIForSchedule: m_manager.sendVnMeetingCommand(VnCmdSchedule, window.editor()); break;
@@ -188,8 +194,6 @@ void SaveRoad::writeCommittedMeeting(MeetingWindow& window, const Value& meeting
   }
   m_manager.writeBack().updateMailBodyForSchedule(window);
   m_manager.writeBack().updateVnKeyInfoToAppointment(window, meetingInfo, true);
-  // It may not have come with the meeting.
-  if (m_manager.writeBack().invitationIsDue()) m_manager.getMeetingHelper()->setIsForGetMeetingByUUID(true);
   m_manager.setState(VnStateIdle);
   m_manager.finish().scheduleCloseOLAppointment(window.editor());
 }
@@ -209,6 +213,8 @@ void SaveRoad::onDeleteActionFinished(const Value& data) {
   if (const auto& bar = window.bar()) {
     bar->setActionResultData(response);
     bar->onUIChanged(VnUINotMeeting);
+    // What an update before it is answered later would bring the meeting back.
+    m_manager.apiMgr()->letGoOfUpdate();
   }
   notifyActionResultToCalActionMgr(response);
   m_manager.writeBack().updateVnMeetingInfoToAppointmentForDelete(window, response);

@@ -5,13 +5,20 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "host/proxies/vnOLPropertyKeys.h"
 #include "util/TextSearch.h"
-#include "util/vnMd5Utils.h"
 #include "util/vnOLUtils.h"
 #include "workflow/LocationRule.h"
 #include "workflow/vnApptDataForSaveRecord.h"
 #include "workflow/vnMeetingMgr.h"
 
 namespace vorn {
+
+namespace {
+
+// As a digest, one that no text has, so that a cancel, which compares with that of the empty text, finds a
+// difference, too. Not empty: that is a first invitation that is due.
+constexpr const char* kUnknownInvitation = "-";
+
+}  // namespace
 
 void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   vnGetMeetingHelper& meeting = *m_manager.getMeetingHelper();
@@ -23,8 +30,11 @@ void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   // that has one already, a reply without it leaves that one.
   const bool hasNone = invitation.value_or("").empty();
   m_isInvitationWritten = window.proxy().knowsBody() && !hasNone;
-  m_invitationIsDue = !m_isInvitationWritten && (!hasNone || m_firstInvitationIsDue);
+  m_invitationIsDue = !m_isInvitationWritten && (!hasNone || m_invitationIsDue);
+  m_isCommitUnwritten = false;
   if (!m_invitationIsDue) m_firstInvitationIsDue = false;
+  // It may not have come with the meeting, so the next save asks anew.
+  if (m_invitationIsDue) meeting.setIsForGetMeetingByUUID(true);
 }
 
 void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo,
@@ -46,11 +56,11 @@ void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value&
 }
 
 // A digest tells that its invitation stands in the body: with that of one that was not written, the next save
-// would not write it either. Where nobody knows which one stands there, it is one that no invitation has.
+// would not write it either.
 OptionalText WriteBack::digestOfWhatStands() const {
   if (m_firstInvitationIsDue) return "";
   const OptionalText& digest = m_manager.meetingDataMgr()->encodeMailBody();
-  return isEmpty(digest) ? vnMd5Utils::vnMD5Hex("") : digest;
+  return isEmpty(digest) ? kUnknownInvitation : digest;
 }
 
 void WriteBack::updateLocation(MeetingWindow& window, const OptionalText& joinUrl) {

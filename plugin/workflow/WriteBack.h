@@ -23,9 +23,14 @@ class WriteBack {
   // The service has a meeting whose invitation is not in the appointment yet: the body holds only the user's
   // words, in which nothing of ours is looked for.
   bool firstInvitationIsDue() const { return m_firstInvitationIsDue; }
-  void setFirstInvitationIsDue(bool due) { m_firstInvitationIsDue = m_invitationIsDue = due; }
+  void setFirstInvitationIsDue(bool due) {
+    m_firstInvitationIsDue = m_invitationIsDue = due;
+    m_isCommitUnwritten = false;
+  }
+  // The service has accepted a commit, and what it made of it is fetched now, which may fail.
+  void noteCommit() { m_isCommitUnwritten = true; }
   // The first one, or one of a change, which could not be written. The next save has to do it.
-  bool invitationIsDue() const { return m_invitationIsDue; }
+  bool invitationIsDue() const { return m_invitationIsDue || m_isCommitUnwritten; }
 
  private:
   void updateLocation(MeetingWindow& window, const OptionalText& joinUrl);
@@ -34,6 +39,7 @@ class WriteBack {
   vnMeetingMgr& m_manager;
   bool m_firstInvitationIsDue = false;
   bool m_invitationIsDue = false;
+  bool m_isCommitUnwritten = false;
   // By the last write-back into a body.
   bool m_isInvitationWritten = true;
 };

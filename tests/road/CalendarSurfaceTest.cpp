@@ -5,8 +5,10 @@
 
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "tests/road/Calendars.h"
+#include "util/vStringUtils.h"
 
 namespace vorn {
 namespace {
@@ -64,6 +66,30 @@ TEST(SeriesItem, ThatIsDeletedLeavesAnEditThatWaitsToItsOwnMeeting) {
   EXPECT_TRUE(world.service.meetings().find(waiting));
 }
 
+// Two items with meetings of their own are asked for by their numbers, and the first answer is not the second's.
+TEST(SeriesItem, ThatIsDraggedRightBehindAnotherKeepsItsOwnSettings) {
+  constexpr const char* kItems[] = {"20261124T090000Z", "20261125T090000Z"};
+  RoadWorld world(calendarWith("RRULE:FREQ=DAILY;COUNT=5\r\nSUMMARY:Standup\r\n") +
+                  calendarWith("RECURRENCE-ID:20261124T090000Z\r\nSUMMARY:Standup\r\n") +
+                  calendarWith("RECURRENCE-ID:20261125T090000Z\r\nSUMMARY:Standup\r\n"));
+  std::vector<std::int64_t> keys;
+  for (const char* item : kItems) {
+    addAndStore(world, "one", item);
+    const Value record = vStringUtils::toArrayOrNSDictionary(world.store.find("one", item)->olmUCInband());
+    vornlab::Meeting made = *world.service.meetings().find(record["meetingKey"].integerValue());
+    made.passcode = std::to_string(made.number % 1000000);
+    world.service.meetings().put(made);
+    keys.push_back(made.number);
+  }
+  for (const char* item : kItems) {
+    world.host.drag("one", item, world.store.find("one", item)->start()->seconds + kHour);
+  }
+  world.settle();
+  const auto second = world.service.meetings().find(keys.back());
+  EXPECT_EQ(second->passcode, std::to_string(second->number % 1000000));
+  EXPECT_EQ(static_cast<double>(second->start), world.store.find("one", kItems[1])->start()->seconds);
+}
+
 TEST(SeriesSwitch, ByTheMenuTheBarShowsWhatTheSeriesHas) {
   RoadWorld world(calendarWith("RRULE:FREQ=DAILY;COUNT=5\r\nSUMMARY:Standup\r\n") +
                   calendarWith("RECURRENCE-ID:20261124T090000Z\r\nSUMMARY:Standup\r\n"));
@@ -88,22 +114,35 @@ TEST(SeriesSwitch, ByTheMenuTheBarShowsWhatTheSeriesHas) {
 // Whatever the item has: its own meeting hears of nothing that is the series', and stays.
 TEST(SeriesSwitch, ByTheAnswerToTheHostTheWindowGoesOnWithTheSeries) {
   constexpr const char* kItem = "20261124T090000Z";
-  enum ItemHas { nothing, ownMeeting, meetingOfSeries };
-  for (const auto& [itemHas, seriesHas] :
-       {std::pair(nothing, true), {ownMeeting, true}, {meetingOfSeries, true}, {ownMeeting, false}}) {
+  enum ItemHas { nothing, ownMeeting, ownMeetingThatIsBeingSaved, meetingOfSeries };
+  for (const auto& [itemHas, seriesHas] : {std::pair(nothing, true),
+                                           {ownMeeting, true},
+                                           {ownMeetingThatIsBeingSaved, true},
+                                           {meetingOfSeries, true},
+                                           {ownMeeting, false}}) {
     SCOPED_TRACE(testing::Message() << itemHas << seriesHas);
     RoadWorld world(calendarWith("RRULE:FREQ=DAILY;COUNT=5\r\nSUMMARY:Standup\r\n") +
                     calendarWith("RECURRENCE-ID:20261124T090000Z\r\nSUMMARY:Standup\r\n"));
     if (seriesHas) addAndStore(world, "one");
     const std::int64_t ofSeries = world.record("one")["meetingKey"].integerValue();
-    if (itemHas == ownMeeting) addAndStore(world, "one", kItem);
+    const bool hasOwn = itemHas == ownMeeting || itemHas == ownMeetingThatIsBeingSaved;
+    if (hasOwn) addAndStore(world, "one", kItem);
     if (itemHas == meetingOfSeries)
       world.store.find("one", kItem)->setOlmUCInband(*world.store.find("one")->olmUCInband());
     const std::int64_t count = world.service.meetings().count();
+    if (seriesHas) {
+      vornlab::Meeting made = *world.service.meetings().find(ofSeries);
+      made.passcode = "of the series";
+      world.service.meetings().put(made);
+    }
 
     const auto editor = world.openEditor("one", kItem);
-    EXPECT_EQ(world.showsMeeting(editor), itemHas == ownMeeting);
+    EXPECT_EQ(world.showsMeeting(editor), hasOwn);
     EXPECT_EQ(world.offersAdd(editor), itemHas == nothing);
+    if (itemHas == ownMeetingThatIsBeingSaved) {
+      world.host.typeSubject(editor, "Of the item");
+      world.host.save(editor);
+    }
     world.host.answerSeriesQuestion(editor, 1);
     world.settle();
     EXPECT_EQ(world.showsMeeting(editor), seriesHas);
@@ -117,6 +156,7 @@ TEST(SeriesSwitch, ByTheAnswerToTheHostTheWindowGoesOnWithTheSeries) {
     EXPECT_EQ(world.service.meetings().count(), count);
     const auto meeting = world.service.meetings().find(ofSeries);
     EXPECT_EQ(meeting ? meeting->subject : "none", seriesHas ? "Stand-up" : "none");
+    EXPECT_EQ(meeting ? meeting->passcode : "none", seriesHas ? "of the series" : "none");
     EXPECT_EQ(world.client->requests().empty(), !seriesHas);
   }
 }

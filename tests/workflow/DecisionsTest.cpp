@@ -3,6 +3,7 @@
 
 #include "channel/commands/VNDeletedMeetingWindowController.h"
 #include "channel/store/vnCommon.h"
+#include "invitation/vnBodyHelper.h"
 #include "licence/CodeSignatures.h"
 #include "licence/vnLicencePolicy.h"
 #include "platform/Localization.h"
@@ -320,6 +321,38 @@ TEST_F(Decisions, AnInvitationIsDueUntilItIsWritten) {
     EXPECT_TRUE(manager().opening().loadOIProperty(opened, window->bar->event));
     EXPECT_EQ(manager().writeBack().firstInvitationIsDue(), row.isFirstDueLater);
   }
+}
+
+// Nor is it forgotten when the service tells none meanwhile; and a cancel takes out whatever stands there.
+TEST_F(Decisions, AnInvitationOfWhichNobodyKnowsIsFetchedAnewAndGoesWithItsMeeting) {
+  openWindow();
+  Value told = meeting();
+  MeetingWindow opened = MeetingWindow::ofBar(window->bar);
+  WriteBack& writeBack = manager().writeBack();
+  for (const char* invitation : {"You are invited.", ""}) {
+    told.set("invitationEmail", invitation);
+    helper().setMeetingData(told, false);
+    writeBack.updateMailBodyForSchedule(opened);
+    writeBack.updateVnKeyInfoToAppointment(opened, helper().getMeetingInfo(), true);
+    EXPECT_TRUE(writeBack.invitationIsDue());
+    EXPECT_TRUE(helper().NeedRequestGetMeeting());
+  }
+  window->set(window->bar->bodyEditor, "bodyContent",
+              "mine" + std::string(kvn_BeginBookmark) + "You are invited." + std::string(kvn_EndBookmark));
+  writeBack.updateVnMeetingInfoToAppointmentForDelete(
+      opened, Value::dictionaryFromPairs({{vn_API_Para_InvitationEmail, ""}}));
+  EXPECT_EQ(window->get(window->bar->event, "body"), Value("mine"));
+}
+
+// What the service has accepted is written by the next save where the fetch behind it has failed.
+TEST_F(Decisions, AnAcceptedChangeIsDueUntilItIsWritten) {
+  window->set(window->bar->bodyEditor, "bodyContent", "mine");
+  reply(VnCmdUpdate, Value::dictionaryFromPairs({{vn_MeetingKey, kKey}}));
+  EXPECT_TRUE(manager().writeBack().invitationIsDue());
+  MeetingWindow opened = MeetingWindow::ofBar(window->bar);
+  manager().saveRoad().commitUpdateMeeting(opened, unchanged());
+  EXPECT_TRUE(isWritten());
+  EXPECT_FALSE(manager().writeBack().invitationIsDue());
 }
 
 TEST_F(Decisions, AMeetingThatWasSavedOrFoundByItsUUIDIsShown) {

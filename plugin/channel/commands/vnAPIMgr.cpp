@@ -159,6 +159,10 @@ void vnAPIMgr::letGoOfMeeting() {
   if (const auto command = m_apiGetMeeting) command->letGo();
 }
 
+void vnAPIMgr::letGoOfUpdate() {
+  if (const auto command = m_apiUpdateMeeting) command->letGo();
+}
+
 bool vnAPIMgr::isWaitingForMeeting() const { return waits(m_apiGetMeeting); }
 
 bool vnAPIMgr::isWaitingForMeetingByApptUUID() const { return waits(m_apiGetMeetingByApptUUID); }

@@ -67,6 +67,8 @@ class vnAPIMgr {
 
   // The reply to a fetch of a meeting that is under way is nobody's, if it comes before the next fetch.
   void letGoOfMeeting();
+  // The same of an update of a meeting.
+  void letGoOfUpdate();
 
   // The reply to such a request is waited for.
   bool isWaitingForMeeting() const;
