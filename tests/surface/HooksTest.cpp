@@ -29,16 +29,16 @@ TEST_F(Hooks, TheHostNeverSeesTheBodyAmongTheChangesForAttendees) {
   world.classRuntime.send(editor, "checkMeetingChangesForAttendees:", {Value()});
   const auto calls = host.calls(editor, "checkMeetingChangesForAttendees:");
   ASSERT_EQ(calls.size(), 2u);
-  EXPECT_EQ(calls[0].at(0), Value("{\n    content.summary = \"New \\\"plan\\\"\";\n}"));
+  EXPECT_EQ(calls[0].at(0), Value("{\n    \"content.summary\" = \"New \\\"plan\\\"\";\n}"));
   EXPECT_TRUE(calls[1].at(0).isAbsent());
   EXPECT_TRUE(host.get(editor, "uncommittedChanges").contains("content.body"));
 }
 
 TEST(HostDescription, ReadsAsThePlatformPrintsIt) {
   const Value nested(Value::Dictionary{
-      {"a.b", Value(Value::Array{1, "x y", nullptr, Value(HostObject(0xabc))})},
-      {"c d", Value(Value::Dictionary{{"A_Z09$/:", "a$/:_.z"}, {"empty", ""}, {"none", Value(Value::Array{})}})},
-      {"e", "line\n\"end\\"}});
+      {"a.b", Value(Value::Array{1, -7, 2.5, "x y", nullptr, Value(HostObject(0xabc))})},
+      {"c d", Value(Value::Dictionary{{"A09z", "a_z"}, {"empty", ""}, {"none", Value(Value::Array{})}})},
+      {"e", "line\n\"end\\ größer 😀"}});
   const std::pair<Value, const char*> rows[] = {
       {"x \"y\"", "x \"y\""},
       {nullptr, "<null>"},
@@ -47,10 +47,11 @@ TEST(HostDescription, ReadsAsThePlatformPrintsIt) {
       {-7, "-7"},
       {2.5, "2.5"},
       {nested,
-       "{\n    a.b = (\n        1,\n        \"x y\",\n        \"<null>\",\n        \"<0xabc>\"\n    );\n"
-       "    \"c d\" = {\n        A_Z09$/: = a$/:_.z;\n        empty = \"\";\n        none = (\n        );\n    "
+       "{\n    \"a.b\" = (\n        1,\n        \"-7\",\n        \"2.5\",\n        \"x y\",\n        "
+       "\"<null>\",\n        \"<0xabc>\"\n    );\n"
+       "    \"c d\" = {\n        A09z = \"a_z\";\n        empty = \"\";\n        none = (\n        );\n    "
        "};\n"
-       "    e = \"line\\n\\\"end\\\\\";\n}"},
+       "    e = \"line\\n\\\"end\\\\ gr\\U00f6\\U00dfer \\Ud83d\\Ude00\";\n}"},
   };
   for (const auto& [value, text] : rows) EXPECT_EQ(hostDescription(value), text);
 }

@@ -1,32 +1,45 @@
 #include "host/surface/HostDescription.h"
 
 #include <algorithm>
+#include <cstdio>
+
+#include "util/Utf16.h"
 
 namespace vorn {
 
 namespace {
 
 constexpr std::size_t kIndentation = 4;
+constexpr char16_t kFirstEscaped = 0x7F;
 
 bool isPlainWord(const std::string& text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '.' || c == '_' ||
-           c == '$' || c == '/' || c == ':';
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
   });
 }
 
 std::string nestedText(const std::string& text) {
   if (isPlainWord(text)) return text;
   std::string quoted = "\"";
-  for (const char c : text) {
-    if (c == '"' || c == '\\') quoted += '\\';
-    if (c == '\n') {
+  for (const char16_t unit : toUtf16(text)) {
+    if (unit == '"' || unit == '\\') quoted += '\\';
+    if (unit == '\n') {
       quoted += "\\n";
+    } else if (unit < kFirstEscaped) {
+      quoted += static_cast<char>(unit);
     } else {
-      quoted += c;
+      char escaped[7];
+      std::snprintf(escaped, sizeof escaped, "\\U%04x", static_cast<unsigned>(unit));
+      quoted += escaped;
     }
   }
   return quoted += '"';
+}
+
+// Also in quotation marks where it has a sign or a point.
+std::string numberText(const Value& number, std::size_t depth) {
+  const std::string digits = number.isReal() ? number.stringValue() : std::to_string(number.integerValue());
+  return depth == 0 ? digits : nestedText(digits);
 }
 
 void append(std::string& out, const Value& value, std::size_t depth) {
@@ -57,7 +70,7 @@ void append(std::string& out, const Value& value, std::size_t depth) {
   } else if (value.isAbsent()) {
     out += "(null)";
   } else {
-    out += value.isReal() ? value.stringValue() : std::to_string(value.integerValue());
+    out += numberText(value, depth);
   }
 }
 
