@@ -19,7 +19,8 @@ namespace vorn {
 
 namespace {
 
-constexpr std::chrono::milliseconds kListenerFullPause{20};
+constexpr int kListenerFullPause = 20;  // milliseconds
+constexpr std::size_t kMostUnsent = 4 << 20;
 
 // Where a descriptor cannot be told to raise no signal, each write can.
 #ifdef MSG_NOSIGNAL
@@ -63,7 +64,7 @@ bool SocketDescriptor::connectTo(const std::string& path) {
   while (const int failure = tryOnce()) {
     if (!isWait(failure) && failure != EINTR) return false;
     // No call waits for room in a local listener's queue and can still be woken by shutdown().
-    ::poll(nullptr, 0, static_cast<int>(kListenerFullPause.count()));
+    ::poll(nullptr, 0, kListenerFullPause);
     if (m_isShutDown) return false;
   }
   // A shutdown before the connection may have had no effect on it.
@@ -82,24 +83,30 @@ std::size_t SocketDescriptor::read(char* buffer, std::size_t size) {
   return 0;
 }
 
-void SocketDescriptor::write(std::string_view bytes, std::chrono::milliseconds patience) {
+bool SocketDescriptor::write(std::string_view bytes) {
   // The peer may have accepted before connect() has returned here; its first message must not come too early.
   { const std::lock_guard lock(m_connecting); }
-  const auto deadline = std::chrono::steady_clock::now() + patience;
-  while (!bytes.empty()) {
-    const ssize_t count = ::send(m_number, bytes.data(), bytes.size(), kNoSignal);
+  if (m_unsent.empty()) bytes.remove_prefix(sendSome(bytes));
+  if (m_unsent.size() < kMostUnsent) m_unsent += bytes;
+  return flush();
+}
+
+bool SocketDescriptor::flush() {
+  m_unsent.erase(0, sendSome(m_unsent));
+  return m_unsent.empty();
+}
+
+std::size_t SocketDescriptor::sendSome(std::string_view bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t count = ::send(m_number, bytes.data() + done, bytes.size() - done, kNoSignal);
     if (count >= 0) {
-      bytes.remove_prefix(static_cast<std::size_t>(count));
-      continue;
+      done += static_cast<std::size_t>(count);
+    } else if (errno != EINTR) {
+      return isWait(errno) ? done : bytes.size();
     }
-    if (errno == EINTR) continue;
-    if (!isWait(errno)) return;
-    const auto left =
-        std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now()).count();
-    if (left <= 0) return;
-    pollfd writable{m_number, POLLOUT, 0};
-    ::poll(&writable, 1, static_cast<int>(left));
   }
+  return done;
 }
 
 void SocketDescriptor::shutDown() {

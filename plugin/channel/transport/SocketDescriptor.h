@@ -1,7 +1,6 @@
 #pragma once
 
 #include <atomic>
-#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <mutex>
@@ -30,17 +29,24 @@ class SocketDescriptor {
   bool connectTo(const std::string& path);
   // Waits for bytes and reads some. 0 at the end of the stream, after shutDown() and on every failure.
   std::size_t read(char* buffer, std::size_t size);
-  // Writes all, and gives up silently on a failure and when the patience is at its end.
-  void write(std::string_view bytes, std::chrono::milliseconds patience);
+  // Writes what the peer takes at once, and keeps the rest for flush(). False while there is a rest. A peer that
+  // is gone takes everything, silently; one that has left megabytes unread gets nothing more, but no half of a
+  // message either. This and flush() belong to one thread.
+  bool write(std::string_view bytes);
+  bool flush();
 
   // Ends the stream in both directions and wakes whoever waits in it.
   void shutDown();
 
  private:
+  // How many of the bytes are done with.
+  std::size_t sendSome(std::string_view bytes);
+
   const int m_number;
   std::atomic<bool> m_isShutDown{false};
   // Held for one attempt to connect, which does not wait.
   std::mutex m_connecting;
+  std::string m_unsent;
 };
 
 }  // namespace vorn

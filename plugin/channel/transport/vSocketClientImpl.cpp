@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <chrono>
 #include <exception>
 #include <functional>
 #include <mutex>
@@ -28,9 +27,10 @@ namespace vorn {
 
 namespace {
 
-// The main thread writes, and a client that has stopped reading must not stop the host with it. A request is a
-// few kilobytes, which the socket takes at once; a second is long enough for the largest one.
-constexpr std::chrono::milliseconds kWritePatience{1000};
+// The main thread writes, and a client that has stopped reading must not stop the host with it: what the socket
+// does not take at once, which may be as little as 8 KB, is written in such steps.
+constexpr double kFlushPause = 0.02;
+constexpr std::string_view kFlush = "flush";
 
 }  // namespace
 
@@ -168,10 +168,22 @@ bool vSocketClientImpl::send(const OptionalText& message) {
     return false;
   }
   if (!message || message->empty() || message->size() >= kIPCSendBufferSize) return false;
-  // A peer that is gone and a message that was cut short stay unnoticed; the commands' timers deal with answers
-  // that do not come.
-  if (const auto descriptor = m_connection->held()) descriptor->write(*message, kWritePatience);
+  // A peer that is gone stays unnoticed; the commands' timers deal with answers that do not come.
+  const auto descriptor = m_connection->held();
+  if (descriptor && !descriptor->write(*message)) flushLater(descriptor);
   return true;
+}
+
+// The rest of a message goes out in front of the next one, or the client could read neither.
+void vSocketClientImpl::flushLater(const std::weak_ptr<SocketDescriptor>& descriptor) {
+  RunLoop* runLoop = Registry::platform().runLoop;
+  if (!runLoop) return;
+  runLoop->cancelPrevious(this, kFlush);
+  runLoop->performAfter(kFlushPause, this, kFlush, [self = std::weak_ptr(m_self), descriptor] {
+    const auto client = self.lock();
+    const auto written = descriptor.lock();
+    if (client && written && !written->flush()) (*client)->flushLater(written);
+  });
 }
 
 int vSocketClientImpl::fd() const { return m_connection->fd(); }

@@ -40,8 +40,8 @@ class vSocketClientImpl {
   virtual void connect();
   // Closes the descriptor.
   virtual void disconnect();
-  // Writes a message as UTF-8, for one second at most. False when it was dropped: without a descriptor, when it
-  // is absent or empty, and when it has kIPCSendBufferSize bytes or more.
+  // Writes a message as UTF-8, without waiting for the client to read it. False when it was dropped: without a
+  // descriptor, when it is absent or empty, and when it has kIPCSendBufferSize bytes or more.
   virtual bool send(const OptionalText& message);
 
   int fd() const;
@@ -54,6 +54,7 @@ class vSocketClientImpl {
   class Connection;
 
   void reapReaders();
+  void flushLater(const std::weak_ptr<SocketDescriptor>& descriptor);
 
   // Shared with the readers: the descriptor of the moment.
   std::shared_ptr<Connection> m_connection;
