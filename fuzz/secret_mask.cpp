@@ -1,10 +1,25 @@
 // The mask of everything that is printed or kept: no address, no token of a join URL and no labelled passcode
 // survives it, and covering again changes nothing that a person would miss.
 
+#include <cctype>
+#include <charconv>
 #include <string>
 
 #include "fuzz/Fuzzing.h"
 #include "secrets/SecretMask.h"
+
+namespace {
+
+// Whether a packed byte stands before that place which is nobody's name: neither a letter nor a digit.
+bool isPackedSign(const std::string& text, std::size_t end) {
+  unsigned byte = 0;
+  if (end < 3 || text[end - 3] != '%') return false;
+  const char* const last = text.data() + end;
+  if (std::from_chars(last - 2, last, byte, 16).ptr != last) return false;
+  return byte >= 0x80 || !std::isalnum(static_cast<int>(byte));
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using vorn::SecretMask;
@@ -15,9 +30,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (std::size_t at = seen.find('@'); at != std::string::npos; at = seen.find('@', at + 1)) {
     // A letter behind a backslash is a line end or a tab, as JSON writes them.
     const bool isEscape = at > 1 && seen[at - 2] == '\\';
-    // A byte that is no character by itself is nobody's name.
-    const bool isByte = at > 2 && seen[at - 3] == '%' && (seen[at - 2] < '0' || seen[at - 2] > '7');
-    check(at == 0 || isEscape || isByte || !isOfAddress(seen[at - 1]), "nobody is seen before the sign");
+    check(at == 0 || isEscape || isPackedSign(seen, at) || !isOfAddress(seen[at - 1]),
+          "nobody is seen before the sign");
     check(at + 1 >= seen.size() || !isOfAddress(seen[at + 1]), "no domain is seen behind the sign");
   }
 

@@ -4,7 +4,6 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
-#include <thread>
 
 #include "channel/transport/vSocketClientImpl.h"
 #include "channel/transport/vnIPCChannel.h"
