@@ -428,14 +428,17 @@ std::size_t RichBody::rewrite(std::vector<Rewriting> all, std::size_t place) {
 }
 
 // A sign that stands for itself without being written as one would begin a tag or a name with what comes to stand
-// behind it, and both would be seen no more.
+// behind it, and both would be seen no more. So it is with a last tag that has no end of its own.
 void RichBody::closeSigns(std::vector<Rewriting>& all) const {
   if (all.empty()) return;
   const std::vector<Rewriting> signs = closedSigns(all);
   const std::vector<Rewriting> numbers = closedNumbers(all, signs);
+  const bool isPutInAtEnd = all.back().bytes.begin == m_html.size() && !all.back().text.empty();
   // In front of what changes at the same place.
   all.insert(all.begin(), numbers.begin(), numbers.end());
   all.insert(all.begin(), signs.begin(), signs.end());
+  const ByteRange end{m_html.size(), m_html.size()};
+  if (m_shown.endsWithinTag && isPutInAtEnd) all.insert(all.begin(), {end, ">"});
 }
 
 // The signs and the named and numbered characters, in the order of their places.

@@ -67,6 +67,7 @@ class Reader {
         case HtmlPiece::Kind::tag:
           if (!piece.isEnd) begin(piece);
           if (piece.isEnd || piece.isClosedAtOnce) end(piece);
+          m_shown.endsWithinTag = m_html[piece.bytes.end - 1] != '>';
           break;
       }
     }

@@ -68,6 +68,8 @@ struct ShownHtml {
   std::size_t bodyBegin = 0;
   // A quote that is closed nowhere, so that it would be closed by the next one of its kind that is put in.
   bool hasOpenQuote = false;
+  // The last tag is closed nowhere, so that it would take in what is put behind it.
+  bool endsWithinTag = false;
   // What it has cost, in bytes.
   std::size_t lookedAt = 0;
 };

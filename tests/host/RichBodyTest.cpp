@@ -127,6 +127,8 @@ TEST(RichBody, AnEditChangesTheBytesOfItsOwnPlace) {
       {"a&#65b", 1, 1, "6", "a6b"},
       {"a < b</", 7, 0, "c\n", "a < b&lt;/c<br>"},
       {"<b t=\"x>y", 1, 0, "\"", "<b t=\"x>y&quot;"},
+      {"a<br b='>'", 2, 0, "x", "a<br b='>'>x"},
+      {"a<br b='>'", 1, 0, "x", "ax<br b='>'"},
       {"<div><br></div>", 0, 0, "x", "<div>x<br></div>"},
       {"<pre>a\nb</pre>", 1, 1, "", "<pre>ab</pre>"},
       // Characters of two units, in whole and by half, and signs above a letter.
