@@ -111,6 +111,9 @@ bool RichBody::is(std::size_t at, Kind kind) const {
   return at < m_shown.characters.size() && m_shown.characters[at].kind == kind;
 }
 
+// Whether a blank there would be seen, as long as something follows it.
+bool RichBody::isInLine(std::size_t at) const { return at > 0 && !isLineEnd(text()[at - 1]); }
+
 // Whether a blank in front of it would not be seen.
 bool RichBody::endsLine(std::size_t at) const { return at >= m_shown.text.size() || isLineEnd(m_shown.text[at]); }
 
@@ -244,8 +247,7 @@ void RichBody::takeInBlanks(Change& edit) const {
   const bool endsThere =
       isNothing ? edit.hidesLastBlank || endsLine(end) || is(end, Kind::blank) : isLineEnd(edit.typed.front());
   const bool isSeenNoMore = edit.begin > 0 && is(edit.begin - 1, Kind::blank) && endsThere;
-  const bool beginsLine =
-      edit.hidesFirstBlank || edit.hidesLastBlank || edit.begin == 0 || isLineEnd(text()[edit.begin - 1]);
+  const bool beginsLine = edit.hidesFirstBlank || edit.hidesLastBlank || !isInLine(edit.begin);
   if (is(end, Kind::blank) && (isNothing ? beginsLine : isLineEnd(edit.typed.back()))) {
     edit.typed += u' ';
     ++edit.length;
@@ -269,8 +271,7 @@ std::size_t RichBody::placeFor(const Edit& edit) const {
   }
   if (edit.length > 0) return all[edit.begin].bytes.begin;
   const std::size_t at = edit.begin;
-  const bool isInLine = at > 0 && !isLineEnd(text()[at - 1]);
-  if (isInLine) {
+  if (isInLine(at)) {
     const ShownHtml::Character& before = all[at - 1];
     const bool isLinkEnd = before.link > 0 && (at == all.size() || all[at].link != before.link);
     const std::size_t behind = isLinkEnd ? m_shown.links[before.link - 1].end : 0;
@@ -286,8 +287,7 @@ std::size_t RichBody::placeFor(const Edit& edit) const {
 std::string RichBody::written(const Change& edit) const {
   const std::size_t end = edit.begin + edit.length;
   std::string bytes;
-  bool afterBlank = edit.hidesFirstBlank || edit.begin == 0 || isLineEnd(text()[edit.begin - 1]) ||
-                    is(edit.begin - 1, Kind::blank);
+  bool afterBlank = edit.hidesFirstBlank || !isInLine(edit.begin) || is(edit.begin - 1, Kind::blank);
   for (std::size_t at = 0; at < edit.typed.size(); ++at) {
     const char16_t unit = edit.typed[at];
     const bool isLast = at + 1 == edit.typed.size();
@@ -353,10 +353,18 @@ std::vector<ByteRange> RichBody::removedBy(const Change& edit) const {
   for (std::size_t at = edit.begin; at < end; ++at) {
     if (!isOfLine(at)) removed.push_back(all[at].bytes);
   }
-  // White space that was shown by another that goes would be shown itself.
+  // White space that was shown by another that goes would be shown itself, and so would the one at a link's end
+  // that is no end of the line any longer.
   const bool goesOn = (is(end, Kind::text) || is(end, Kind::blank)) && !(edit.isOutside && edit.isBeforeLine);
-  const std::size_t from = edit.length > 0 ? all[edit.begin].bytes.begin : edit.place;
-  const std::size_t until = goesOn ? all[end].bytes.begin : edit.length > 0 ? all[end - 1].bytes.end : from;
+  std::size_t from = edit.place;
+  std::size_t until = edit.place;
+  if (edit.length > 0) {
+    from = all[edit.begin].bytes.begin;
+    until = all[end - 1].bytes.end;
+  } else if (isInLine(edit.begin) && !edit.isOutside) {
+    from = all[edit.begin - 1].bytes.end;
+  }
+  if (goesOn) until = all[end].bytes.begin;
   auto blank = std::partition_point(m_shown.blanks.begin(), m_shown.blanks.end(),
                                     [from](const ByteRange& each) { return each.begin < from; });
   for (; blank != m_shown.blanks.end() && blank->begin < until; ++blank) removed.push_back(*blank);
@@ -433,15 +441,12 @@ void RichBody::closeSigns(std::vector<Rewriting>& all) const {
   if (all.empty()) return;
   const std::vector<Rewriting> signs = closedSigns(all);
   const std::vector<Rewriting> numbers = closedNumbers(all, signs);
-  const bool isPutInAtEnd = all.back().bytes.begin == m_html.size() && !all.back().text.empty();
   // In front of what changes at the same place.
   all.insert(all.begin(), numbers.begin(), numbers.end());
   all.insert(all.begin(), signs.begin(), signs.end());
-  const ByteRange end{m_html.size(), m_html.size()};
-  if (m_shown.endsWithinTag && isPutInAtEnd) all.insert(all.begin(), {end, ">"});
 }
 
-// The signs and the named and numbered characters, in the order of their places.
+// The signs, the named and numbered characters and the last tag, in the order of their places.
 std::vector<RichBody::Rewriting> RichBody::closedSigns(const std::vector<Rewriting>& all) const {
   const std::size_t lastAngle = m_html.rfind('>');
   const std::size_t lastPlace = all.back().bytes.begin;
@@ -476,6 +481,8 @@ std::vector<RichBody::Rewriting> RichBody::closedSigns(const std::vector<Rewriti
       closed.push_back({{sign.end, sign.end}, ";"});
     }
   }
+  const bool isPutInAtEnd = lastPlace == m_html.size() && !all.back().text.empty();
+  if (m_shown.endsWithinTag && isPutInAtEnd) closed.push_back({{lastPlace, lastPlace}, ">"});
   return closed;
 }
 

@@ -106,6 +106,7 @@ class RichBody {
                                        const std::vector<Rewriting>& signs) const;
   bool is(std::size_t at, Kind kind) const;
   bool isOfLine(std::size_t at) const { return is(at, Kind::line) || is(at, Kind::cell); }
+  bool isInLine(std::size_t at) const;
   bool endsLine(std::size_t at) const;
   std::vector<ByteRange> piecesOf(std::size_t begin, std::size_t end, unsigned withoutStyle) const;
 

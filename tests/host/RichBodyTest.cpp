@@ -86,6 +86,7 @@ TEST(RichBody, AnEditChangesTheBytesOfItsOwnPlace) {
       {"<b>a</b>b", 1, 0, "x", "<b>ax</b>b"},
       {"<b>ab</b>cd", 1, 2, "x", "<b>ax</b>d"},
       {"see <a href=u>it</a>", 6, 0, " now", "see <a href=u>it</a> now"},
+      {"<a href=u>it </a>", 2, 0, "x", "<a href=u>it</a>x"},
       {"<a href=u>a<a href=v>b</a>c</a>", 1, 0, "x", "<a href=u>ax<a href=v>b</a>c</a>"},
       {"<p><a href=u>i</a></p><p>b</p>", 1, 0, "x", "<p><a href=u>i</a>x</p><p>b</p>"},
       // Blanks that would be lost are made firm.
@@ -127,7 +128,7 @@ TEST(RichBody, AnEditChangesTheBytesOfItsOwnPlace) {
       {"a&#65b", 1, 1, "6", "a6b"},
       {"a < b</", 7, 0, "c\n", "a < b&lt;/c<br>"},
       {"<b t=\"x>y", 1, 0, "\"", "<b t=\"x>y&quot;"},
-      {"a<br b='>'", 2, 0, "x", "a<br b='>'>x"},
+      {"a<br b='>'&#6", 2, 0, "x", "a<br b='>'&#6>x"},
       {"a<br b='>'", 1, 0, "x", "ax<br b='>'"},
       {"<div><br></div>", 0, 0, "x", "<div>x<br></div>"},
       {"<pre>a\nb</pre>", 1, 1, "", "<pre>ab</pre>"},
