@@ -89,6 +89,13 @@ void vnSettingData::initWithSavedProfile() {
   if (meeting_options::initWithSavedProfile(m_options, facts, clientGates(), saved)) setNotShowMeAgain(true);
 }
 
+void vnSettingData::setSignInChoice(const MeetingOptions& from) {
+  m_options.authId = from.authId;
+  m_options.authName = from.authName;
+  m_options.authType = from.authType;
+  m_options.authDomain = from.authDomain;
+}
+
 void vnSettingData::initWithSiteMeetingInfo(const Value& meetingInfo) {
   // The regions of the person who stands in the meeting.
   const OptionalText email = meetingInfo[vn_Setting][vn_Setting_ScheduleFor].optionalText();

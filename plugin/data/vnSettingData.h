@@ -92,6 +92,8 @@ class vnSettingData {
   void setAuthDomain(const OptionalText& domain) { m_options.authDomain = domain; }
   std::int64_t authType() const { return m_options.authType; }
   void setAuthType(std::int64_t type) { m_options.authType = type; }
+  // How people sign in as another record has it: these four belong together.
+  void setSignInChoice(const MeetingOptions& from);
   bool enableWaitingRoom() const { return m_options.enableWaitingRoom; }
   void setEnableWaitingRoom(bool enable) { m_options.enableWaitingRoom = enable; }
   bool supportWaitingRoom() const { return m_options.supportWaitingRoom; }

@@ -89,12 +89,16 @@ void AudioOptions::initAudioBox() {
   initTspAccountPopup(site);
   show(audioAtLoad(site, m_record.audioType()));
   setTSPAudioTooltip(site);
-  // The panel is loaded again whenever the kind of meeting ID, the encryption or the person scheduled for changes.
-  // The record has not heard of what was typed meanwhile, and would take it away. A meeting keeps its text even
-  // where the choice is not offered: a commit writes it back.
-  if (!m_isThirdPartyTyped) m_thirdPartyAudioTextField.text = m_record.thirdPartyAudio().value_or("");
+  loadThirdPartyText();
   m_steps.initCountriesFromRecord();
   m_steps.initEditCountriesOptions();
+}
+
+// The panel is loaded again whenever the kind of meeting ID, the encryption or the person scheduled for changes.
+// The record has not heard of what was typed meanwhile, and would take it away. A meeting keeps its text even
+// where the choice is not offered: a commit writes it back.
+void AudioOptions::loadThirdPartyText() {
+  if (!m_isThirdPartyTyped) m_thirdPartyAudioTextField.text = m_record.thirdPartyAudio().value_or("");
 }
 
 void AudioOptions::initTspAccountPopup(const AudioSite& site) {

@@ -20,6 +20,7 @@ class AudioOptions {
 
   // The steps of loading, which the panel calls in its order.
   void initAudioBox();
+  void loadThirdPartyText();
   void updateAudioOptionBoxStatus();
   void updateCtrlPosForAudio();
   void checkE2eeAffectedAccountLocked();

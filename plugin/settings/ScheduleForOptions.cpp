@@ -84,10 +84,17 @@ void ScheduleForOptions::setScheduleForListInfo(bool forOther) {
   const std::string email = getUIScheduleForEmail();
   // The list has nothing to say of oneself, and who has begun to choose options keeps them when it comes.
   if (email.empty() && m_record.scheduleForEmail().value_or("").empty()) return;
+  const MeetingOptions before = m_record.options();
   m_record.setScheduleForEmail(email);
   m_record.initSubDataWithUserProfile(m_record.usePMI());
-  // A new meeting may have been another person's until now, one that stands has its own words.
-  if (m_context.isForUpdateVornMeeting() && !m_record.usePMI()) m_steps.takeBackWords();
+  if (m_record.usePMI()) {
+    // The words are that personal meeting's already, and may not come once more.
+    m_record.setThirdPartyAudio(before.thirdPartyAudio);
+    m_record.setSignInChoice(before);
+  } else if (m_context.isForUpdateVornMeeting()) {
+    // A new meeting may have been another person's until now, one that stands has its own words.
+    m_steps.takeBackWords();
+  }
   m_steps.keepShownSwitches();
   m_steps.initEncryptionBox();
   m_steps.initCountriesOfPerson(forOther && !isForMyselfFromUI());

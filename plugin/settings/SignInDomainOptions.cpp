@@ -109,6 +109,11 @@ void SignInDomainOptions::initRestrictDomainsBox() {
   chooseAtLoad();
 }
 
+void SignInDomainOptions::loadChoices() {
+  m_meetingAuths = Value::array();
+  initRestrictDomainsBox();
+}
+
 void SignInDomainOptions::chooseAtLoad() {
   const std::string recordsId = m_record.authId().value_or("");
   // What is locked is the account's for a meeting with a number of its own.

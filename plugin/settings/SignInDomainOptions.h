@@ -23,6 +23,8 @@ class SignInDomainOptions {
   void initWithLocalString();
   void initOnlySignedin();
   void initRestrictDomainsBox();
+  // The record has got another meeting's choice, or none: nothing of the one before is offered any longer.
+  void loadChoices();
   void checkAccountLocked();
   void hideRestrictDomainsBox() { m_restrictDomainsBox.hidden = true; }
 

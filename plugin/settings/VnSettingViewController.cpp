@@ -247,11 +247,7 @@ void VnSettingViewController::takeBackWords() {
   m_settingData.setTrackingFields(own.trackingFields());
   m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
   // Whether people have to sign in is the account's to say again. The choice of how comes with its domains.
-  if (own.authId().value_or("").empty()) return;
-  m_settingData.setAuthId(own.authId());
-  m_settingData.setAuthName(own.authName());
-  m_settingData.setAuthType(own.authType());
-  m_settingData.setAuthDomain(own.authDomain());
+  if (!own.authId().value_or("").empty()) m_settingData.setSignInChoice(own.options());
 }
 
 void VnSettingViewController::onPMIMeetingInfo() {
@@ -365,6 +361,7 @@ void VnSettingViewController::keepWhatIsThePersons() {
 void VnSettingViewController::leaveMeeting() {
   m_allowDeny.endWindow();
   if (!m_settingData.usePMI()) return;
+  m_domainsWindowController.closeWindowSheet();
   const vnSettingData& own = m_kept.record;
   const std::string person = m_scheduleFor.getUIScheduleForEmail();
   if (own.usePMI() && isOfOpening(person)) {
@@ -372,13 +369,20 @@ void VnSettingViewController::leaveMeeting() {
     m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
     m_settingData.setAlternateHosts(own.arrAlternateHosts());
     m_settingData.setTrackingFields(own.trackingFields());
+    m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
+    m_settingData.setSignInChoice(own.options());
     m_security.initPasscode();
   } else {
     m_settingData.setMeetingPassword("");
     m_settingData.setAlternateHosts(Value::array());
-    m_settingData.setTrackingFields(SettingsContext::profile().trackingFields());
+    const vnUserProfileHelper& account = SettingsContext::profile();
+    m_settingData.setTrackingFields(account.trackingFields());
+    m_settingData.setThirdPartyAudio(account.enableThirdPartyAudio() ? account.thirdPartyAudioInfo() : "");
+    m_settingData.setSignInChoice({.authId = "", .authName = "", .authDomain = ""});
     m_security.loadPasscodeText();
   }
+  m_audio.loadThirdPartyText();
+  m_signInDomains.loadChoices();
   m_trackingFieldsController.loadMtValues();
   m_security.resetUIForPasswordFormatErrorTextField();
   m_security.resetPswHelpButtonState();

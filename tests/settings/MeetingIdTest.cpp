@@ -93,6 +93,22 @@ class MeetingIdPanelTest : public SettingsPanelTest {
     account.set_roommeetingid(5550142871);
     SettingsPanelTest::knowAccount(account, {{vn_Profile_IsDisablePMI, isDisabled}, {vn_Profile_Bosses, people}});
   }
+  void knowAccountWithWords(int passcodeLength = 0) {
+    Account account = accountWith(UserOption::EnableThirdPartyAudio, UserOption3::isEnableRequirePassword);
+    account.set_usertype(2);
+    account.set_roommeetingid(5550142871);
+    account.set_otherteleconfinfo("Dial 1");
+    account.add_trackingfields()->set_id("1");
+    const Value staff = Value::dictionaryFromPairs({{vn_Setting_MeetingAuth_AuthId, "a1"},
+                                                    {vn_Setting_MeetingAuth_AuthType, 1},
+                                                    {vn_Setting_MeetingAuth_AuthDomain, "corp.example"},
+                                                    {vn_Setting_MeetingAuth_DefaultAuth, true}});
+    SettingsPanelTest::knowAccount(account, {{vn_Profile_Bosses, people},
+                                             {vn_Profile_PasswordMinLength, passcodeLength},
+                                             {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
+                                             {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true},
+                                             {vn_Profile_MeetingAuths, Value::Array{staff}}});
+  }
   void knowList() {
     vnGetScheduleForListHelper::sharedInstance().setData(
         Value::dictionaryFromPairs({{vn_Profile_Bosses, people}}));
@@ -110,8 +126,13 @@ class MeetingIdPanelTest : public SettingsPanelTest {
     answer("4", std::string(13, ';') +
                     EncodeUtils::base64Encode(vnOLUtils::toJSONString(meeting).value_or("")).value_or(""));
   }
-  // The meeting stands, and Ann is its host.
-  void knowMeetingOfAnn(Value meeting, com::tidemar::webapp::proto::MeetingProto options = {}) {
+  // The meeting stands, Ann is its host, and only people of two companies may join.
+  void knowMeetingOfAnn(Value meeting) {
+    com::tidemar::webapp::proto::MeetingProto options;
+    options.set_scheduleoptions(static_cast<std::int64_t>(ScheduleOptions::IsSignedInUsersMeetingOn));
+    options.mutable_authproto()->set_authid("a1");
+    options.mutable_authproto()->set_authtype(1);
+    options.mutable_authproto()->set_authdomain("acme.example;beta.example");
     auto& host = *options.add_alternatehosts();
     host.set_id("ann");
     host.set_email("ann@vorn.example");
@@ -162,19 +183,20 @@ TEST_F(MeetingIdPanelTest, ContinueComesBackWhenTheClientFails) {
 // A switch that is on asks for a passcode, so that none is lost unseen.
 TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnotherMeeting) {
   people = Value::Array{person(kDana, "Dana", "5550777777")};
-  Account account = accountWith(UserOption3::isEnableRequirePassword);
-  account.set_usertype(2);
-  account.set_roommeetingid(5550142871);
-  account.add_trackingfields()->set_id("1");
   constexpr const char* costCentre = "trackingFieldItem0._comboBox";
   const auto hosts = [this] { return view().settingsToCommit()[vn_Setting_AlternateHosts]; };
   const auto put = [this](const char* host) {
     click("alternateHostTextField", [host](Control& field) { field.tokens.paste(host); });
   };
+  const auto dialInAndDomains = [this] {
+    const Value settings = view().settingsToCommit();
+    return settings[vn_Setting_ThirdPartyAudio].text() + " " +
+           settings[vn_Setting_MeetingAuth][vn_Setting_MeetingAuth_AuthDomain].text();
+  };
   for (const bool isLoaded : {false, true}) {
     SCOPED_TRACE(isLoaded);
     window = std::make_unique<FakeWindow>(test);
-    SettingsPanelTest::knowAccount(account, {{vn_Profile_Bosses, people}});
+    knowAccountWithWords();
     knowList();
     open();
     if (isLoaded) {
@@ -185,16 +207,26 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
     }
     put("ann@vorn.example;");
     type(costCentre, "CC-1");
+    turn("thirdPartyAudioButton", true);
+    type("thirdPartyAudioTextField", "Dial 555");
+    turn("onlySignedinWithSpecifiedDomains", true);
+    click("viewEditButton");
+    type("_domainsTextField", "acme.example");
+    click("domains_SaveBtn");
     view().onSettingsCommit(true);
     view().updateUIItemsForNextTime();
     put("sam@vorn.example;");
     const std::string passcode = control("passwordTextField").text;
     const Value both = Value::Array{"ann@vorn.example", "sam@vorn.example"};
     EXPECT_EQ(hosts(), both);
+    click("viewEditButton");
+    EXPECT_TRUE(isOnScreen("domainsWindow"));
     isLoaded ? choose("scheduleForPopup", 1) : turn("buttonUsePMI", true);
     answer("4", "0;Error 3001");
     EXPECT_EQ(control("passwordTextField").text + control(costCentre).text, "");
     EXPECT_EQ(hosts(), Value(Value::Array{"sam@vorn.example"})) << "put in just now";
+    EXPECT_EQ(dialInAndDomains(), "Dial 1 corp.example") << "the account's";
+    EXPECT_FALSE(isOnScreen("domainsWindow")) << "it was for the meeting before";
     EXPECT_TRUE(control("requiredMeetingPswButton").on && !mayContinue());
     type("passwordTextField", "998877");
     EXPECT_TRUE(mayContinue());
@@ -202,16 +234,33 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
     answer("4", "0;Error 3001");
     EXPECT_EQ(control("passwordTextField").text, passcode);
     EXPECT_EQ(hosts(), both);
+    if (isLoaded) {
+      EXPECT_EQ(dialInAndDomains(), "Dial 555 acme.example");
+    }
   }
+}
+
+TEST_F(MeetingIdPanelTest, WhereTheAccountNamesNoWayToSignInAPersonalMeetingGetsNoneOfAnotherMeeting) {
+  Account account;
+  account.set_roommeetingid(5550142871);
+  SettingsPanelTest::knowAccount(account, {{vn_Profile_SupportOnlyAuthUsersCanJoin, true}});
+  knowMeetingOfAnn(Value::dictionary());
+  open();
+  EXPECT_EQ(control("domainText").text, "acme.example;beta.example");
+  turn("buttonUsePMI", true);
+  answer("4", "0;Error 3001");
+  const Value auth = view().settingsToCommit()[vn_Setting_MeetingAuth];
+  EXPECT_EQ(auth[vn_Setting_MeetingAuth_AuthId], Value(""));
+  EXPECT_EQ(auth[vn_Setting_MeetingAuth_AuthDomain], Value(""));
 }
 
 // Nor does it lose its own on the way to a number of its own and back.
 TEST_F(MeetingIdPanelTest, APersonalMeetingThatStandsHasItsOwnWordsThoughItCannotBeFetchedAnew) {
-  Account account;
-  account.set_usertype(2);
-  account.set_roommeetingid(5550142871);
-  SettingsPanelTest::knowAccount(account);
-  knowMeetingOfAnn(Value::dictionaryFromPairs({{vn_Setting_IsPMI, true}, {vn_Setting_MeetingPassword, "998877"}}));
+  knowAccountWithWords();
+  knowMeetingOfAnn(Value::dictionaryFromPairs({{vn_Setting_IsPMI, true},
+                                               {vn_Setting_MeetingPassword, "998877"},
+                                               {vn_MeetingData_Enable3rdPartyAudio, true},
+                                               {vn_Setting_ThirdPartyAudio, "Dial 555"}}));
   open();
   answer("4", "0;Error 3001");
   const Value before = view().settingsToCommit();
@@ -219,7 +268,8 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatStandsHasItsOwnWordsThoughItCanno
   turn("buttonOneTimeMeeting", true);
   turn("buttonUsePMI", true);
   answer("4", "0;Error 3001");
-  for (const std::string_view key : {vn_Setting_IsPMI, vn_Setting_MeetingPassword, vn_Setting_AlternateHosts}) {
+  for (const std::string_view key : {vn_Setting_IsPMI, vn_Setting_MeetingPassword, vn_Setting_AlternateHosts,
+                                     vn_Setting_ThirdPartyAudio, vn_Setting_MeetingAuth}) {
     EXPECT_EQ(view().settingsToCommit()[key], before[key]) << key;
   }
 }
@@ -478,36 +528,18 @@ TEST_F(MeetingIdPanelTest, AnotherPersonsMessageCannotBeClosedAndChoosingThatPer
   EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(""));
 }
 
-// The account has words of its own, and rules that came after the meeting's passcode.
+// The rules came after the meeting's passcode.
 TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePersonalOne) {
   people = Value::Array{person(kDana, "Dana", "5550777777")};
-  Account account = accountWith(UserOption::EnableThirdPartyAudio, UserOption3::isEnableRequirePassword);
-  account.set_usertype(2);
-  account.set_roommeetingid(5550142871);
-  account.set_otherteleconfinfo("Dial 1");
-  const Value staff = Value::dictionaryFromPairs({{vn_Setting_MeetingAuth_AuthId, "a1"},
-                                                  {vn_Setting_MeetingAuth_AuthType, 1},
-                                                  {vn_Setting_MeetingAuth_AuthDomain, "corp.example"},
-                                                  {vn_Setting_MeetingAuth_DefaultAuth, true}});
-  SettingsPanelTest::knowAccount(account, {{vn_Profile_Bosses, people},
-                                           {vn_Profile_PasswordMinLength, 8},
-                                           {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
-                                           {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true},
-                                           {vn_Profile_MeetingAuths, Value::Array{staff}}});
+  knowAccountWithWords(8);
   knowList();
-  com::tidemar::webapp::proto::MeetingProto meeting;
-  meeting.set_scheduleoptions(static_cast<std::int64_t>(ScheduleOptions::IsSignedInUsersMeetingOn));
-  meeting.mutable_authproto()->set_authid("a1");
-  meeting.mutable_authproto()->set_authtype(1);
-  meeting.mutable_authproto()->set_authdomain("acme.example;beta.example");
   for (const char* whose : {"", kDana}) {
     SCOPED_TRACE(whose);
     window = std::make_unique<FakeWindow>(test);
     knowMeetingOfAnn(Value::dictionaryFromPairs({{vn_Setting_ScheduleFor, whose},
                                                  {vn_Setting_MeetingPassword, "123"},
                                                  {vn_MeetingData_Enable3rdPartyAudio, true},
-                                                 {vn_Setting_ThirdPartyAudio, "Dial 555"}}),
-                     meeting);
+                                                 {vn_Setting_ThirdPartyAudio, "Dial 555"}}));
     open();
     const Value before = view().settingsToCommit();
     EXPECT_EQ(before[vn_Setting_AlternateHosts].count(), 1u);
