@@ -10,13 +10,20 @@
 
 namespace {
 
-// Whether a packed byte stands before that place which is nobody's name: neither a letter nor a digit.
-bool isPackedSign(const std::string& text, std::size_t end) {
-  unsigned byte = 0;
-  if (end < 3 || text[end - 3] != '%') return false;
+bool isNobodysName(const char* from, const char* to, int base) {
+  unsigned sign = 0;
+  if (std::from_chars(from, to, sign, base).ptr != to) return false;
+  return sign >= 0x80 || !std::isalnum(static_cast<int>(sign));
+}
+
+// Whether a sign that is neither a letter nor a digit stands before that place, as a packed byte or by its number.
+bool isWrittenSign(const std::string& text, std::size_t end) {
   const char* const last = text.data() + end;
-  if (std::from_chars(last - 2, last, byte, 16).ptr != last) return false;
-  return byte >= 0x80 || !std::isalnum(static_cast<int>(byte));
+  if (end > 2 && text[end - 3] == '%' && isNobodysName(last - 2, last, 16)) return true;
+  const std::size_t number = text.rfind("&#", end);
+  if (number == std::string::npos) return false;
+  const bool isHex = text.compare(number + 2, 1, "x") == 0 || text.compare(number + 2, 1, "X") == 0;
+  return isNobodysName(text.data() + number + (isHex ? 3 : 2), last, isHex ? 16 : 10);
 }
 
 }  // namespace
@@ -30,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (std::size_t at = seen.find('@'); at != std::string::npos; at = seen.find('@', at + 1)) {
     // A letter behind a backslash is a line end or a tab, as JSON writes them.
     const bool isEscape = at > 1 && seen[at - 2] == '\\';
-    check(at == 0 || isEscape || isPackedSign(seen, at) || !isOfAddress(seen[at - 1]),
+    check(at == 0 || isEscape || isWrittenSign(seen, at) || !isOfAddress(seen[at - 1]),
           "nobody is seen before the sign");
     check(at + 1 >= seen.size() || !isOfAddress(seen[at + 1]), "no domain is seen behind the sign");
   }
