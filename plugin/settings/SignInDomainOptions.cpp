@@ -62,8 +62,12 @@ void SignInDomainOptions::initOnlySignedin() {
 }
 
 void SignInDomainOptions::forgetTyped() {
-  m_edited.clear();
-  m_chosenId.reset();
+  m_typed.clear();
+  forgetChoices();
+}
+
+SignInDomainOptions::Typed& SignInDomainOptions::typed() {
+  return m_typed[m_record.usePMI() ? OptionalText(m_steps.getUIScheduleForEmail()) : std::nullopt];
 }
 
 Value SignInDomainOptions::getAllMeetingAuths() {
@@ -75,11 +79,12 @@ Value SignInDomainOptions::getAllMeetingAuths() {
   return all.list;
 }
 
-void SignInDomainOptions::takeEdits(Value& auths) const {
-  if (m_edited.empty() || !auths.isArray()) return;
+void SignInDomainOptions::takeEdits(Value& auths) {
+  const auto& ownEdits = typed().edited;
+  if (ownEdits.empty() || !auths.isArray()) return;
   Value::Array edited = auths.items();
   for (Value& auth : edited) {
-    if (const auto found = m_edited.find(idOf(auth)); found != m_edited.end()) auth = found->second;
+    if (const auto found = ownEdits.find(idOf(auth)); found != ownEdits.end()) auth = found->second;
   }
   auths = std::move(edited);
 }
@@ -109,19 +114,14 @@ void SignInDomainOptions::initRestrictDomainsBox() {
   chooseAtLoad();
 }
 
-void SignInDomainOptions::loadChoices() {
-  m_meetingAuths = Value::array();
-  initRestrictDomainsBox();
-}
-
 void SignInDomainOptions::chooseAtLoad() {
   const std::string recordsId = m_record.authId().value_or("");
   // What is locked is the account's for a meeting with a number of its own.
   const bool isAccounts = isLocked() && !m_controls.isOn("buttonUsePMI");
   std::optional<int> index =
       recordsId.empty() || isAccounts ? defaultAuth(m_meetingAuths) : authWithId(m_meetingAuths, recordsId);
-  if (m_chosenId) {
-    if (const std::optional<int> own = authWithId(m_meetingAuths, *m_chosenId)) index = own;
+  if (const OptionalText& chosenId = typed().chosenId) {
+    if (const std::optional<int> own = authWithId(m_meetingAuths, *chosenId)) index = own;
   }
   m_authNamePopup.index = index.value_or(0);
   // Also for the first of several when none is chosen: it is the one that is shown and that a commit takes.
@@ -159,7 +159,7 @@ void SignInDomainOptions::userChanged(std::string_view key) {
 }
 
 void SignInDomainOptions::onClickAuthNamePopup() {
-  m_chosenId = idOf(chosenAuth());
+  typed().chosenId = idOf(chosenAuth());
   resetDomainTextAndButton(chosenAuth());
 }
 
@@ -179,8 +179,8 @@ void SignInDomainOptions::onUpdateMeetingAuthChanged(const Value& auth) {
   *found = auth;
   m_authNamePopup.index = static_cast<int>(found - auths.begin());
   m_meetingAuths = std::move(auths);
-  m_edited[idOf(auth)] = auth;
-  m_chosenId = idOf(auth);
+  typed().edited[idOf(auth)] = auth;
+  typed().chosenId = idOf(auth);
   resetDomainTextAndButton(auth);
 }
 

@@ -23,8 +23,9 @@ class SignInDomainOptions {
   void initWithLocalString();
   void initOnlySignedin();
   void initRestrictDomainsBox();
-  // The record has got another meeting's choice, or none: nothing of the one before is offered any longer.
-  void loadChoices();
+  // The record has got another meeting's choice, or none: of the one before nothing is offered at the next load
+  // but what the user has edited for this one.
+  void forgetChoices() { m_meetingAuths = Value::array(); }
   void checkAccountLocked();
   void hideRestrictDomainsBox() { m_restrictDomainsBox.hidden = true; }
 
@@ -42,7 +43,13 @@ class SignInDomainOptions {
   bool isLocked() const;
   // The choices as an array; absent when there is none. May give the record the account's id of its choice.
   Value getAllMeetingAuths();
-  void takeEdits(Value& auths) const;
+  void takeEdits(Value& auths);
+  struct Typed {
+    std::map<std::string, Value, std::less<>> edited;
+    OptionalText chosenId;
+  };
+  // Of the meeting that is shown.
+  Typed& typed();
   void chooseAtLoad();
   // Absent for an index that is no choice's.
   Value chosenAuth() const;
@@ -59,10 +66,9 @@ class SignInDomainOptions {
   VNDomainsWindowController& m_domainsWindow;
 
   Value m_meetingAuths = Value::array();
-  // What the user has done since the panel was opened, by the choice's id: the switch and every load make the list
-  // anew, and it still has to be there then.
-  std::map<std::string, Value, std::less<>> m_edited;
-  OptionalText m_chosenId;
+  // What the user has done since the panel was opened: the switch and every load make the list anew, and it still
+  // has to be there then. By whose personal meeting it was done for; absent is a meeting with a number of its own.
+  std::map<OptionalText, Typed> m_typed;
 
   Control& m_restrictDomainsBox;
   Control& m_onlySignedinWithSpecifiedDomains;

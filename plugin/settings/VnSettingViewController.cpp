@@ -60,13 +60,11 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   m_kept = whatStands();
   initializeItems();
   m_meetingId.updateOneTimeMeetingTitle();
-  m_waitsForPersonalMeeting = m_settingData.usePMI();
-  if (m_waitsForPersonalMeeting) {
-    m_meetingId.getPMIMeetingInfo();
-  } else if (!m_settingData.scheduleForEmail().value_or("").empty()) {
-    m_waitsForList = true;
-    m_scheduleFor.getScheduleForList();
-  }
+  m_kept.waitsForPersonalMeeting = m_waitsForPersonalMeeting = m_settingData.usePMI();
+  m_kept.waitsForList = m_waitsForList =
+      !m_waitsForPersonalMeeting && !m_settingData.scheduleForEmail().value_or("").empty();
+  if (m_waitsForPersonalMeeting) m_meetingId.getPMIMeetingInfo();
+  if (m_waitsForList) m_scheduleFor.getScheduleForList();
 }
 
 void VnSettingViewController::setSiteMeetingInfo(const Value& meetingInfo) {
@@ -219,8 +217,10 @@ void VnSettingViewController::refreshUI(bool forPMI) {
     m_settingData.setUsePMI(false);
     if (!person.empty()) m_settingData.setScheduleForEmail(person);
     m_settingData.initSubDataWithUserProfile(m_settingData.usePMI());
+    m_settingData.setSignInChoice({.authId = "", .authName = "", .authDomain = ""});
     takeBackWords();
   }
+  m_signInDomains.forgetChoices();
   initializeItems();
 }
 
@@ -243,7 +243,8 @@ void VnSettingViewController::takeBackWords() {
     m_settingData.setMeetingPassword(own.meetingPassword());
     m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
   }
-  if (!stands) return;
+  // Of a new one that was committed, and refused for another reason, it is what the user has given it.
+  if (!stands && !m_beforeCommit) return;
   m_settingData.setTrackingFields(own.trackingFields());
   m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
   // Whether people have to sign in is the account's to say again. The choice of how comes with its domains.
@@ -341,6 +342,7 @@ bool VnSettingViewController::isOfOpening(const std::string& person) const {
 // A dismissed panel goes back behind what the user has chosen meanwhile, and not behind whom it was opened for. A
 // meeting that stands has its own options, which are not the person's defaults.
 void VnSettingViewController::keepWhatIsThePersons() {
+  m_kept.waitsForList = false;
   if (m_context.isForUpdateVornMeeting()) return;
   vnSettingData& kept = m_kept.record;
   kept.setScheduleForEmail(m_settingData.scheduleForEmail());
@@ -371,6 +373,8 @@ void VnSettingViewController::leaveMeeting() {
     m_settingData.setTrackingFields(own.trackingFields());
     m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
     m_settingData.setSignInChoice(own.options());
+    m_settingData.setIsSignedInUsersMeetingOn(own.isSignedInUsersMeetingOn());
+    m_signInDomains.initOnlySignedin();
     m_security.initPasscode();
   } else {
     m_settingData.setMeetingPassword("");
@@ -382,7 +386,10 @@ void VnSettingViewController::leaveMeeting() {
     m_security.loadPasscodeText();
   }
   m_audio.loadThirdPartyText();
-  m_signInDomains.loadChoices();
+  m_signInDomains.forgetChoices();
+  m_signInDomains.initRestrictDomainsBox();
+  // It hides what is locked off.
+  m_security.initSecurityBox();
   m_trackingFieldsController.loadMtValues();
   m_security.resetUIForPasswordFormatErrorTextField();
   m_security.resetPswHelpButtonState();
@@ -453,9 +460,9 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
     takeControls(Commit::meant);
     // Of two commits that were refused one after the other, neither is what the meeting has.
     if (!m_beforeCommit) m_beforeCommit = m_kept;
-    m_kept = whatStands();
     // What would come now comes too late.
     m_waitsForPersonalMeeting = m_waitsForList = false;
+    m_kept = whatStands();
   } else {
     goBackTo(m_kept);
   }
@@ -502,6 +509,8 @@ Value VnSettingViewController::settingsToCommit() {
 void VnSettingViewController::goBackTo(const Kept& kept) {
   m_settingData = kept.record;
   m_countries.restore(kept.countries);
+  m_waitsForPersonalMeeting = kept.waitsForPersonalMeeting;
+  m_waitsForList = kept.waitsForList;
 }
 
 // What the service has refused goes, or the next save would send it once more; and what it accepted before stays,

@@ -109,9 +109,14 @@ class VnSettingViewController final : private PanelSteps {
   struct Kept {
     vnSettingData record;
     std::optional<VNAvailableDialinCountryContent> countries;
+    // It was not all there when it was loaded.
+    bool waitsForPersonalMeeting = false;
+    bool waitsForList = false;
   };
   void takeControls(Commit commit);
-  Kept whatStands() const { return {m_settingData, m_countries.countryContent()}; }
+  Kept whatStands() const {
+    return {m_settingData, m_countries.countryContent(), m_waitsForPersonalMeeting, m_waitsForList};
+  }
   void goBackTo(const Kept& kept);
   // Whether a dismissed panel goes back to this person, "" being oneself.
   bool isOfOpening(const std::string& person) const;

@@ -234,9 +234,7 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
     answer("4", "0;Error 3001");
     EXPECT_EQ(control("passwordTextField").text, passcode);
     EXPECT_EQ(hosts(), both);
-    if (isLoaded) {
-      EXPECT_EQ(dialInAndDomains(), "Dial 555 acme.example");
-    }
+    EXPECT_EQ(dialInAndDomains(), "Dial 555 acme.example");
   }
 }
 
@@ -345,6 +343,41 @@ TEST_F(MeetingIdPanelTest, WhoTurnsAwayBeforeItComesFindsThePersonalMeetingOfThe
       EXPECT_TRUE(mayContinue());
     }
   }
+}
+
+// Nor does a commit that is refused let it forget that the meeting was never loaded.
+TEST_F(MeetingIdPanelTest, WhoIsRefusedAndGoesBackFindsThePersonalMeetingOfTheOpeningAgain) {
+  isDefaultPMI = true;
+  knowAccount();
+  open();
+  answer("4", "0;Error 3001");
+  turn("buttonOneTimeMeeting", true);
+  view().onSettingsCommit(true);
+  view().commitRefused();
+  view().updateUIItemsForNextTime();
+  EXPECT_TRUE(control("buttonOneTimeMeeting").on) << "what was refused is shown again";
+  click("buttonCancel");
+  asked();
+  open();
+  EXPECT_THAT(asked(), ElementsAre("4;5550142871"));
+}
+
+// What the personal meeting has brought does not stay behind in one with a number of its own.
+TEST_F(MeetingIdPanelTest, AWayToSignInOfThePersonalMeetingIsNoneOfAnother) {
+  Account account;
+  account.set_roommeetingid(5550142871);
+  SettingsPanelTest::knowAccount(account, {{vn_Profile_SupportOnlyAuthUsersCanJoin, true}});
+  open();
+  turn("buttonUsePMI", true);
+  answerMeeting("5550142871", true);
+  turn("onlySignedinWithSpecifiedDomains", true);
+  view().settingData().setSignInChoice(
+      {.authId = "a1", .authName = "Acme", .authDomain = "acme.example", .authType = 1});
+  view().initializeItems();
+  EXPECT_EQ(control("domainText").text, "acme.example");
+  turn("buttonOneTimeMeeting", true);
+  turn("onlySignedinWithSpecifiedDomains", true);
+  EXPECT_TRUE(view().settingsToCommit()[vn_Setting_MeetingAuth][vn_Setting_MeetingAuth_AuthDomain].text().empty());
 }
 
 TEST_F(MeetingIdPanelTest, AMeetingThatStandsShowsItsNumber) {
