@@ -4,6 +4,7 @@
 #include <cctype>
 #include <charconv>
 #include <string>
+#include <string_view>
 
 #include "fuzz/Fuzzing.h"
 #include "secrets/SecretMask.h"
@@ -13,7 +14,9 @@ namespace {
 bool isNobodysName(const char* from, const char* to, int base) {
   unsigned sign = 0;
   if (std::from_chars(from, to, sign, base).ptr != to) return false;
-  return sign >= 0x80 || !std::isalnum(static_cast<int>(sign));
+  constexpr std::string_view kSignsOfNames = "._+-'!$*^%~";
+  return sign >= 0x80 || (!std::isalnum(static_cast<int>(sign)) &&
+                          kSignsOfNames.find(static_cast<char>(sign)) == std::string_view::npos);
 }
 
 // Whether a sign that is neither a letter nor a digit stands before that place, as a packed byte or by its number.

@@ -1,7 +1,5 @@
 #include "workflow/CalendarEdits.h"
 
-#include <utility>
-
 #include "channel/commands/vnAPIKeys.h"
 #include "host/proxies/vnApptInfoKeys.h"
 #include "workflow/MeetingWindow.h"
@@ -14,6 +12,9 @@ namespace {
 
 constexpr std::string_view kParkedCommand = "cmd";
 constexpr std::string_view kParkedMeetingData = "meetingData";
+
+// A service that answers with another number each time is believed in the end.
+constexpr int kMostQuestions = 4;
 
 }  // namespace
 
@@ -84,17 +85,19 @@ int CalendarEdits::sendVnMeetingCommand(std::uint64_t command, const Value& meet
   } else if (command == VnCmdUpdate) {
     m_manager.setState(VnStateCommitting);
     m_editUnderWay = window.bar() ? Value() : meetingData;
-    m_isSecondOfTwo = m_manager.apiMgr()->isWaitingForMeeting();
+    m_questionsLeft = kMostQuestions;
     refused = m_manager.apiMgr()->getMeeting(window.bar() ? window.parentWindow() : ownerWindow, meetingData);
     if (refused != 0) endEdit();
   }
   return refused != 0 ? 1 : 0;
 }
 
-bool CalendarEdits::asksOnceMore(const Value& meetingInfo) {
+bool CalendarEdits::asksAgain(const Value& meetingInfo) {
+  const std::string& told = meetingInfo[vn_MeetingKey].text();
   const bool isAnothers =
-      m_editUnderWay.isPresent() && meetingInfo[vn_MeetingKey] != m_editUnderWay[vn_MeetingKey];
-  if (!isAnothers || !std::exchange(m_isSecondOfTwo, false)) return false;
+      m_editUnderWay.isPresent() && !told.empty() && told != m_editUnderWay[vn_MeetingKey].stringValue();
+  if (!isAnothers || m_questionsLeft == 0) return false;
+  --m_questionsLeft;
   m_manager.apiMgr()->getMeeting(m_editUnderWay[keyEventOwnerWindow].object(), m_editUnderWay);
   return true;
 }

@@ -17,6 +17,8 @@ class BarPlace : public ApptBar {
   virtual HostObject editorViewController() = 0;
   // The long-lived proxy; null until the bar is attached to its editor.
   virtual vnERCalendarEventEditorViewController* editorProxy() = 0;
+  // Nothing when it is attached already, or its editor is gone.
+  virtual void attachToEditor() = 0;
   // The host's body editor; absent when none is known.
   virtual HostObject olWordMailEditor() = 0;
 };

@@ -94,7 +94,7 @@ void SaveRoad::commitStands(const MeetingWindow& window) {
 }
 
 void SaveRoad::sendUpdate(MeetingWindow& window, const Value& meetingData) {
-  // It may have been deleted while the personal meeting was fetched.
+  // While the personal meeting was fetched, the user may have cancelled this one.
   if (window.bar() && m_manager.apiMgr()->isWaitingForDelete()) return;
   m_manager.calendarEdits().endEdit();
   m_manager.apiMgr()->updateMeeting(window.parentWindow(), meetingData);
@@ -164,7 +164,7 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
       m_manager.settingsFlow().showSettingsWindow(window, meetingDataOfReply(window, info));
       break;
     case VnStateCommitting:
-      if (!window.bar() && m_manager.calendarEdits().asksOnceMore(info)) break;
+      if (!window.bar() && m_manager.calendarEdits().asksAgain(info)) break;
       commitUpdateMeeting(window, meetingDataOfReply(window, info));
       break;
     case VnStateCommitted: writeCommittedMeeting(window, info); break;

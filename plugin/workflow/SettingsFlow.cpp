@@ -137,7 +137,15 @@ void SettingsFlow::executeGetMeetingForChangeSetting(MeetingWindow& window) {
 }
 
 void SettingsFlow::onChangeSettingFinished(const Value& data) {
-  if (isSettingCommitOK(data)) m_manager.sendVnMeetingCommand(VnCmdUpdate, MeetingWindow::ofReply(data).editor());
+  if (!isSettingCommitOK(data)) return;
+  const MeetingWindow window = MeetingWindow::ofReply(data);
+  if (window.bar() && !window.bar()->editorProxy()) {
+    // A meeting that was found by its UUID only after the window had opened: without a hold on the editor, what
+    // was chosen would go nowhere. Nothing in the body is known to be ours, so an invitation replaces none of it.
+    window.bar()->attachToEditor();
+    m_manager.writeBack().setFirstInvitationIsDue(true);
+  }
+  m_manager.sendVnMeetingCommand(VnCmdUpdate, window.editor());
 }
 
 // -- Cancel ------------------------------------------------------------------------------------------------------

@@ -153,6 +153,10 @@ TEST_F(ProfileReaderTest, LetsTheDictionaryOverrideABit) {
   EXPECT_FALSE(account().isDisablePMI());
   EXPECT_TRUE(account().isDisablePMIForOther());
   EXPECT_TRUE(account().isEnablePMIRequirePassword());
+  receive(message, R"({"isEnableRequirePassword":null,"isDisablePMI":null,"jbhPriorTime":null})");
+  EXPECT_TRUE(account().isEnableRequirePassword());
+  EXPECT_TRUE(account().isDisablePMI());
+  EXPECT_EQ(account().getDefaultJbhPriorTime(), 5);
 }
 
 TEST_F(ProfileReaderTest, GivesTheListedDefaultsWithoutAProfile) {

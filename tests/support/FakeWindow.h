@@ -43,6 +43,7 @@ class FakeBar final : public MeetingBar, public FakeEditor {
   HostObject editorViewController() override { return editor; }
   HostObject ecCalendarEvent() override { return event; }
   vnERCalendarEventEditorViewController* editorProxy() override { return proxy.get(); }
+  void attachToEditor() override {}
   HostObject olWordMailEditor() override { return bodyEditor; }
   OptionalText getAppointmentWindowID() override {
     return ownWindow ? OptionalText(ownWindow.windowId()) : std::nullopt;

@@ -47,9 +47,10 @@ TEST(HostDescription, ReadsAsThePlatformPrintsIt) {
       {-7, "-7"},
       {2.5, "2.5"},
       {nested,
-       "{\n    \"a.b\" = (\n        1,\n        \"-7\",\n        \"2.5\",\n        \"x y\",\n        "
+       "{\n    \"a.b\" =     (\n        1,\n        \"-7\",\n        \"2.5\",\n        \"x y\",\n        "
        "\"<null>\",\n        \"<0xabc>\"\n    );\n"
-       "    \"c d\" = {\n        A09z = \"a_z\";\n        empty = \"\";\n        none = (\n        );\n    "
+       "    \"c d\" =     {\n        A09z = \"a_z\";\n        empty = \"\";\n        none =         (\n        "
+       ");\n    "
        "};\n"
        "    e = \"line\\n\\\"end\\\\ gr\\U00f6\\U00dfer \\Ud83d\\Ude00\";\n}"},
   };

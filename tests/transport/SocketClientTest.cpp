@@ -135,13 +135,13 @@ TEST_F(SocketClientTest, SendsWholeMessagesUpToItsLimit) {
   EXPECT_TRUE(read == sent) << "and nothing of the refused ones before it";
 }
 
-TEST_F(SocketClientTest, DoesNotHangOnAPeerThatDoesNotRead) {
+TEST_F(SocketClientTest, DoesNotHangOnAPeerThatDoesNotReadAndKeepsNotEverythingForIt) {
   TestListener listener(socketPath());
   const TestDescriptor peer = connected(listener);
-  const auto begin = std::chrono::steady_clock::now();
-  EXPECT_TRUE(client().send(std::string(655349, 'x')));
-  EXPECT_TRUE(client().send(std::string(655349, 'x')));
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
+  int taken = 0;
+  while (taken < 100 && client().send(std::string(655349, 'x'))) ++taken;
+  EXPECT_GT(taken, 2);
+  EXPECT_LT(taken, 100);
 }
 
 TEST_F(SocketClientTest, DeliversRepliesOnTheMainThreadUnderTheNameOfTheirRole) {

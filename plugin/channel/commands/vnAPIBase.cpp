@@ -182,7 +182,8 @@ void vnAPIWindowCommand::letGo() {
   m_parentWindow = HostObject();
 }
 
-// Whoever holds something back meanwhile hears of every end, also of one that brings nothing.
+// Whoever holds something back meanwhile hears of every end, also of one that brings nothing; but not of a letting
+// go, whose caller knows what it does.
 void vnAPIWindowCommand::onWaitEnded() {
   Registry::platform().notificationCenter->post(
       notify_ClientWaitEnded, nullptr, Value::dictionaryFromPairs({{keyApptWindowID, m_parentWindow.windowId()}}));

@@ -153,14 +153,22 @@ bool waits(const std::shared_ptr<Command>& command) {
   return command && command->isWaiting();
 }
 
-}  // namespace
-
-void vnAPIMgr::letGoOfMeeting() {
-  if (const auto command = m_apiGetMeeting) command->letGo();
+template <typename Command>
+void letGo(const std::shared_ptr<Command>& command) {
+  if (command) command->letGo();
 }
 
-void vnAPIMgr::letGoOfUpdate() {
-  if (const auto command = m_apiUpdateMeeting) command->letGo();
+}  // namespace
+
+void vnAPIMgr::letGoOfMeeting() { letGo(m_apiGetMeeting); }
+
+void vnAPIMgr::letGoOfUpdate() { letGo(m_apiUpdateMeeting); }
+
+void vnAPIMgr::letGoOfAll() {
+  letGo(m_apiGetMeeting);
+  letGo(m_apiScheduleMeeting);
+  letGo(m_apiUpdateMeeting);
+  letGo(m_apiDeleteMeeting);
 }
 
 bool vnAPIMgr::isWaitingForMeeting() const { return waits(m_apiGetMeeting); }

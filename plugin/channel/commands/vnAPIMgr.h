@@ -67,8 +67,9 @@ class vnAPIMgr {
 
   // The reply to a fetch of a meeting that is under way is nobody's, if it comes before the next fetch.
   void letGoOfMeeting();
-  // The same of an update of a meeting.
+  // The same of an update, until the next one; and of whatever reads or changes a meeting.
   void letGoOfUpdate();
+  void letGoOfAll();
 
   // The reply to such a request is waited for.
   bool isWaitingForMeeting() const;

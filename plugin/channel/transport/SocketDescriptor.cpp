@@ -86,14 +86,16 @@ std::size_t SocketDescriptor::read(char* buffer, std::size_t size) {
 bool SocketDescriptor::write(std::string_view bytes) {
   // The peer may have accepted before connect() has returned here; its first message must not come too early.
   { const std::lock_guard lock(m_connecting); }
-  if (m_unsent.empty()) bytes.remove_prefix(sendSome(bytes));
-  if (m_unsent.size() < kMostUnsent) m_unsent += bytes;
-  return flush();
+  const std::size_t left = flush();
+  if (left + bytes.size() > kMostUnsent) return false;
+  if (left == 0) bytes.remove_prefix(sendSome(bytes));
+  m_unsent += bytes;
+  return true;
 }
 
-bool SocketDescriptor::flush() {
+std::size_t SocketDescriptor::flush() {
   m_unsent.erase(0, sendSome(m_unsent));
-  return m_unsent.empty();
+  return m_unsent.size();
 }
 
 std::size_t SocketDescriptor::sendSome(std::string_view bytes) {

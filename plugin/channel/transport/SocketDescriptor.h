@@ -29,11 +29,12 @@ class SocketDescriptor {
   bool connectTo(const std::string& path);
   // Waits for bytes and reads some. 0 at the end of the stream, after shutDown() and on every failure.
   std::size_t read(char* buffer, std::size_t size);
-  // Writes what the peer takes at once, and keeps the rest for flush(). False while there is a rest. A peer that
-  // is gone takes everything, silently; one that has left megabytes unread gets nothing more, but no half of a
-  // message either. This and flush() belong to one thread.
+  // Writes what the peer takes at once, and keeps the rest for flush(). A peer that is gone takes everything,
+  // silently. False, and nothing is written, for one that has left megabytes unread: no message is ever cut. This
+  // and flush() belong to one thread.
   bool write(std::string_view bytes);
-  bool flush();
+  // Writes of the rest what the peer takes now; how many bytes are left.
+  std::size_t flush();
 
   // Ends the stream in both directions and wakes whoever waits in it.
   void shutDown();

@@ -27,9 +27,11 @@ namespace vorn {
 
 namespace {
 
-// The main thread writes, and a client that has stopped reading must not stop the host with it: what the socket
-// does not take at once, which may be as little as 8 KB, is written in such steps.
+// The main thread writes, and a client that has stopped reading must not stop the host with it. A socket may take
+// as little as 8 KB at once: the rest is written in steps, between which the pause grows as long as nothing is
+// read.
 constexpr double kFlushPause = 0.02;
+constexpr double kLongestFlushPause = 1;
 constexpr std::string_view kFlush = "flush";
 
 }  // namespace
@@ -170,19 +172,25 @@ bool vSocketClientImpl::send(const OptionalText& message) {
   if (!message || message->empty() || message->size() >= kIPCSendBufferSize) return false;
   // A peer that is gone stays unnoticed; the commands' timers deal with answers that do not come.
   const auto descriptor = m_connection->held();
-  if (descriptor && !descriptor->write(*message)) flushLater(descriptor);
-  return true;
+  if (!descriptor) return true;
+  const bool isTaken = descriptor->write(*message);
+  if (const std::size_t left = descriptor->flush(); left > 0) flushLater(descriptor, left, kFlushPause);
+  return isTaken;
 }
 
 // The rest of a message goes out in front of the next one, or the client could read neither.
-void vSocketClientImpl::flushLater(const std::weak_ptr<SocketDescriptor>& descriptor) {
+void vSocketClientImpl::flushLater(const std::weak_ptr<SocketDescriptor>& descriptor, std::size_t left,
+                                   double pause) {
   RunLoop* runLoop = Registry::platform().runLoop;
   if (!runLoop) return;
   runLoop->cancelPrevious(this, kFlush);
-  runLoop->performAfter(kFlushPause, this, kFlush, [self = std::weak_ptr(m_self), descriptor] {
+  runLoop->performAfter(pause, this, kFlush, [self = std::weak_ptr(m_self), descriptor, left, pause] {
     const auto client = self.lock();
     const auto written = descriptor.lock();
-    if (client && written && !written->flush()) (*client)->flushLater(written);
+    const std::size_t leftNow = client && written ? written->flush() : 0;
+    if (leftNow == 0) return;
+    const bool isRead = leftNow < left;
+    (*client)->flushLater(written, leftNow, isRead ? kFlushPause : std::min(2 * pause, kLongestFlushPause));
   });
 }
 

@@ -41,7 +41,8 @@ class vSocketClientImpl {
   // Closes the descriptor.
   virtual void disconnect();
   // Writes a message as UTF-8, without waiting for the client to read it. False when it was dropped: without a
-  // descriptor, when it is absent or empty, and when it has kIPCSendBufferSize bytes or more.
+  // descriptor, when it is absent or empty, when it has kIPCSendBufferSize bytes or more, and while the client has
+  // megabytes left to read.
   virtual bool send(const OptionalText& message);
 
   int fd() const;
@@ -54,7 +55,7 @@ class vSocketClientImpl {
   class Connection;
 
   void reapReaders();
-  void flushLater(const std::weak_ptr<SocketDescriptor>& descriptor);
+  void flushLater(const std::weak_ptr<SocketDescriptor>& descriptor, std::size_t left, double pause);
 
   // Shared with the readers: the descriptor of the moment.
   std::shared_ptr<Connection> m_connection;

@@ -43,10 +43,11 @@ std::string numberText(const Value& number, std::size_t depth) {
 }
 
 void append(std::string& out, const Value& value, std::size_t depth) {
+  // What is nested is indented once more where it begins.
   const std::string indentation((depth + 1) * kIndentation, ' ');
   const std::string closing(depth * kIndentation, ' ');
   if (value.isDictionary()) {
-    out += "{\n";
+    out += closing + "{\n";
     for (const auto& [key, entry] : value.entries()) {
       out += indentation + nestedText(key) + " = ";
       append(out, entry, depth + 1);
@@ -54,7 +55,7 @@ void append(std::string& out, const Value& value, std::size_t depth) {
     }
     out += closing + "}";
   } else if (value.isArray()) {
-    out += "(\n";
+    out += closing + "(\n";
     for (std::size_t i = 0; i < value.count(); ++i) {
       out += indentation;
       append(out, value.at(i), depth + 1);

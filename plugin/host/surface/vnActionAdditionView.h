@@ -52,6 +52,7 @@ class vnActionAdditionView final : public MeetingBar, public std::enable_shared_
   HostObject editorViewWindow() override;
   HostObject ecCalendarEvent() override { return m_idECCalendarEvent; }
   vnERCalendarEventEditorViewController* editorProxy() override { return m_pERCalendarEventEditorViewCtrl.get(); }
+  void attachToEditor() override { attachOutlookERCalendarEventEditorWindowController(editorWindowController()); }
   HostObject olWordMailEditor() override { return m_olWordMailEditor; }
   void setOLWordMailEditor(const HostObject& editor) { m_olWordMailEditor = editor; }
 

@@ -148,7 +148,7 @@ void vnActionAdditionView::readMeetingOfSeries(const HostObject& series) {
   meetingData()->setOccurrenceIsSingleVornMeeting(false);
   m_pvnMeetingMgr->writeBack().setFirstInvitationIsDue(false);
   m_pvnMeetingMgr->settingsFlow().commitStands();
-  m_pvnMeetingMgr->apiMgr()->letGoOfMeeting();
+  m_pvnMeetingMgr->apiMgr()->letGoOfAll();
   m_pvnMeetingMgr->getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
   m_pvnMeetingMgr->getMeetingHelper()->setIsForGetMeetingByUUID(true);
   m_idECCalendarEvent = HostObject(series.address());
@@ -201,9 +201,6 @@ void vnActionAdditionView::onClickCancelVornMeeting() {
 }
 
 void vnActionAdditionView::onClickChangeSettings() {
-  // A meeting that was found by its UUID only after the window had opened has no hold on the editor yet, and what
-  // is chosen in the panel would go nowhere.
-  attachOutlookERCalendarEventEditorWindowController(editorWindowController());
   vnApptUIActionMgr::sharedInstance().changeVNMeeting(shared_from_this(), 0);
   if (editorProxy()) editorProxy()->setIsDirty(true);
 }
