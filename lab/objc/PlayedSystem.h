@@ -9,7 +9,7 @@ namespace vornlab {
 
 // What Foundation tells a plug-in in this process of the system around it, in place of what it knows itself: the
 // system's version, and distributed notifications, which travel over the session bus that the client is on.
-// Without a bus they stay Foundation's own. One at a time; main thread only.
+// Without a bus they reach nobody. One at a time; main thread only.
 class PlayedSystem {
  public:
   // To be there before the plug-in is loaded. The version is one such as "10.14.6".

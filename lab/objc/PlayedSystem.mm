@@ -158,13 +158,11 @@ vnBusCenter* busCenter() {
   return center;
 }
 
-IMP ownCenter = nullptr;
 IMP ownVersion = nullptr;
-// Also when the bus is gone: the plug-in takes its observers away at the end of the process, and Foundation's own
-// center would start a server for that.
-bool hasJoinedBus = false;
 
-id playedCenter(id center, SEL selector) { return hasJoinedBus ? busCenter() : ownCenter(center, selector); }
+// Also without a bus: nobody in the laboratory is on Foundation's own center, and to ask for that starts a server
+// of the machine's.
+id playedCenter(id, SEL) { return busCenter(); }
 
 id playedVersionText(id process, SEL selector) {
   return playedVersion ? playedVersion : ownVersion(process, selector);
@@ -179,9 +177,9 @@ IMP putInto(Class owner, SEL selector, IMP method) {
 }
 
 void takeFoundationsPlace() {
-  if (ownCenter) return;
-  ownCenter = putInto(object_getClass([NSDistributedNotificationCenter class]), @selector(defaultCenter),
-                      reinterpret_cast<IMP>(playedCenter));
+  if (ownVersion) return;
+  putInto(object_getClass([NSDistributedNotificationCenter class]), @selector(defaultCenter),
+          reinterpret_cast<IMP>(playedCenter));
   ownVersion = putInto([NSProcessInfo class], @selector(operatingSystemVersionString),
                        reinterpret_cast<IMP>(playedVersionText));
 }
@@ -201,7 +199,6 @@ PlayedSystem::PlayedSystem(const std::string& version) {
   m_bus = vorn::EmbeddedDistributedNotifications::connect(
       [](vorn::RunLoop::Task task) { arrivals().add(std::move(task)); });
   busCenter()->m_bus = m_bus.get();
-  hasJoinedBus = hasJoinedBus || m_bus;
 }
 
 PlayedSystem::~PlayedSystem() {
