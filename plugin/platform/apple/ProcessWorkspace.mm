@@ -1,8 +1,12 @@
 #include "platform/apple/ProcessWorkspace.h"
 
 #import <Foundation/Foundation.h>
+#include <limits.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -13,13 +17,34 @@ namespace vorn {
 
 namespace {
 
-// The bundle of the program that the process runs; nil for a bare program, and when it cannot be seen.
-NSString* bundleOfProcess(NSString* process) {
+constexpr std::string_view kProgramFolder = "/Contents/MacOS/";
+
+// The processes of this machine, the newest first: what a person works with was started after what serves the
+// machine.
+std::vector<int> processes() {
+  std::vector<int> found;
   std::error_code failed;
-  const std::string link = "/proc/" + textFromFoundation(process) + "/exe";
-  NSString* program = foundationText(std::filesystem::read_symlink(link, failed).native());
-  const NSRange folder = [program rangeOfString:@"/Contents/MacOS/" options:NSBackwardsSearch];
-  return folder.location == NSNotFound ? nil : [program substringToIndex:folder.location];
+  for (std::filesystem::directory_iterator entry("/proc", failed), end; !failed && entry != end;
+       entry.increment(failed)) {
+    const int process = std::atoi(entry->path().filename().c_str());
+    if (process != 0) found.push_back(process);
+  }
+  std::sort(found.rbegin(), found.rend());
+  return found;
+}
+
+// The program that the process runs; "" when it cannot be seen.
+std::string programOf(int process) {
+  std::array<char, PATH_MAX> program{};
+  const std::string link = "/proc/" + std::to_string(process) + "/exe";
+  const ssize_t length = ::readlink(link.c_str(), program.data(), program.size());
+  return length <= 0 ? "" : std::string(program.data(), static_cast<std::size_t>(length));
+}
+
+// The bundle that a program belongs to; "" for a bare program.
+std::string bundleOf(const std::string& program) {
+  const std::size_t at = program.rfind(kProgramFolder);
+  return at == std::string::npos ? "" : program.substr(0, at);
 }
 
 NSString* identifierOfBundle(NSString* bundle) {
@@ -38,8 +63,7 @@ std::vector<std::string> inRealForm(const std::vector<std::string>& folders) {
   return places;
 }
 
-bool liesInOneOf(const std::vector<std::string>& places, NSString* bundle) {
-  const std::string path = textFromFoundation(bundle);
+bool liesInOneOf(const std::vector<std::string>& places, const std::string& path) {
   return std::any_of(places.begin(), places.end(),
                      [&path](const std::string& place) { return path.starts_with(place); });
 }
@@ -59,14 +83,11 @@ bool start(NSString* program, NSArray* arguments) {
 bool isRunByAProcess(std::string_view bundleIdentifier, const std::vector<std::string>& applicationFolders) {
   const std::vector<std::string> places = inRealForm(applicationFolders);
   NSString* wanted = foundationText(bundleIdentifier);
-  NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:@"/proc" error:nullptr];
-  NSEnumerator* entries = [names objectEnumerator];
-  while (NSString* name = [entries nextObject]) {
-    if ([name intValue] == 0) continue;
-    NSString* bundle = bundleOfProcess(name);
-    if (bundle && liesInOneOf(places, bundle) && [identifierOfBundle(bundle) isEqual:wanted]) return true;
-  }
-  return false;
+  const std::vector<int> running = processes();
+  return std::any_of(running.begin(), running.end(), [&](int process) {
+    const std::string bundle = bundleOf(programOf(process));
+    return liesInOneOf(places, bundle) && [identifierOfBundle(foundationText(bundle)) isEqual:wanted];
+  });
 }
 
 bool startAsChild(std::string_view executablePath) {
