@@ -46,11 +46,13 @@ std::ptrdiff_t placeholders(const std::string& text) {
   return count;
 }
 
-class LocalizableTexts : public testing::Test {
- protected:
-  LocalizableTexts() {
-    m_world.surroundings.resourceFolder = std::string(VORN_PLUGIN_FOLDER) + "/resources";
-    const std::string table = readFile(m_world.surroundings.resourceFolder + "/Localizable.strings").value_or("");
+const std::string kResources = std::string(VORN_PLUGIN_FOLDER) + "/resources";
+
+// What the table and all sources hold, which takes long to read.
+class TextsOfSources {
+ public:
+  TextsOfSources() {
+    const std::string table = readFile(kResources + "/Localizable.strings").value_or("");
     for (const std::smatch& line : matches(table, std::regex(R"re((^|\n)"(([^"\\]|\\.)+)" = )re"))) {
       m_keys.push_back(line[2]);
     }
@@ -60,15 +62,14 @@ class LocalizableTexts : public testing::Test {
     }
   }
 
+  const std::vector<std::string>& keys() const { return m_keys; }
+  const std::vector<UsedKey>& used() const { return m_used; }
   std::vector<std::string> keysOf(const UsedKey& used) const {
     std::vector<std::string> met;
     std::copy_if(m_keys.begin(), m_keys.end(), std::back_inserter(met),
                  [&](const std::string& key) { return used.meets(key); });
     return met;
   }
-
-  std::vector<std::string> m_keys;
-  std::vector<UsedKey> m_used;
 
  private:
   void readSource(const std::string& source) {
@@ -107,28 +108,44 @@ class LocalizableTexts : public testing::Test {
     }
   }
 
+  std::vector<std::string> m_keys;
+  std::vector<UsedKey> m_used;
+};
+
+class LocalizableTexts : public testing::Test {
+ protected:
+  LocalizableTexts() { m_world.surroundings.resourceFolder = kResources; }
+
+  static const TextsOfSources& texts() {
+    static const TextsOfSources read;
+    return read;
+  }
+
+ private:
   TestPlatform m_world;
 };
 
 TEST_F(LocalizableTexts, HaveEveryKeyThatTheSourcesUse) {
-  ASSERT_GT(m_used.size(), 20u) << "the sources were not found";
-  for (const UsedKey& used : m_used) {
-    EXPECT_THAT(keysOf(used), testing::Not(IsEmpty())) << used.begin << (used.isPattern ? "…" : "") << used.end;
+  ASSERT_GT(texts().used().size(), 20u) << "the sources were not found";
+  for (const UsedKey& used : texts().used()) {
+    EXPECT_THAT(texts().keysOf(used), testing::Not(IsEmpty()))
+        << used.begin << (used.isPattern ? "…" : "") << used.end;
   }
 }
 
 TEST_F(LocalizableTexts, HaveAsManyPlaceholdersAsTheirUsePutsIn) {
   std::map<std::string, std::ptrdiff_t> expected;
-  for (const UsedKey& used : m_used) {
-    for (const std::string& key : keysOf(used)) expected[key] = std::max(expected[key], used.arguments);
+  for (const UsedKey& used : texts().used()) {
+    for (const std::string& key : texts().keysOf(used)) expected[key] = std::max(expected[key], used.arguments);
   }
   for (const auto& [key, arguments] : expected) EXPECT_EQ(placeholders(localizedString(key)), arguments) << key;
   EXPECT_EQ(placeholders(localizedString("JBHPMIRequiredPassword")), 2) << "the sources were not understood";
 }
 
 TEST_F(LocalizableTexts, StandOnceEachAndSaySomething) {
-  EXPECT_THAT(std::set<std::string>(m_keys.begin(), m_keys.end()), SizeIs(m_keys.size()));
-  for (const std::string& key : m_keys) {
+  const std::vector<std::string>& keys = texts().keys();
+  EXPECT_THAT(std::set<std::string>(keys.begin(), keys.end()), SizeIs(keys.size()));
+  for (const std::string& key : keys) {
     const std::string text = localizedString(key);
     EXPECT_THAT(text, testing::Not(IsEmpty())) << key;
     const bool isAKey =
