@@ -12,6 +12,10 @@ namespace vornlab {
 // Without a bus they reach nobody. One at a time; main thread only.
 class PlayedSystem {
  public:
+  // What the constructor begins with, for a process whose toolkit begins before: it would ask for Foundation's own
+  // center, and so start a server of the machine's.
+  static void takeFoundationsPlace();
+
   // To be there before the plug-in is loaded. The version is one such as "10.14.6".
   explicit PlayedSystem(const std::string& version);
   ~PlayedSystem();

@@ -176,17 +176,18 @@ IMP putInto(Class owner, SEL selector, IMP method) {
   return before;
 }
 
-void takeFoundationsPlace() {
+}  // namespace
+
+namespace vornlab {
+
+void PlayedSystem::takeFoundationsPlace() {
   if (ownVersion) return;
+  const Pool pool;
   putInto(object_getClass([NSDistributedNotificationCenter class]), @selector(defaultCenter),
           reinterpret_cast<IMP>(playedCenter));
   ownVersion = putInto([NSProcessInfo class], @selector(operatingSystemVersionString),
                        reinterpret_cast<IMP>(playedVersionText));
 }
-
-}  // namespace
-
-namespace vornlab {
 
 PlayedSystem::PlayedSystem(const std::string& version) {
   const Pool pool;
