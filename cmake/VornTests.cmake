@@ -1,14 +1,15 @@
 # Where the tests keep their worlds. What a world stores is brought to the disk at once, which takes longer than all else;
-# in memory there is no disk. There has to be room for the programs of a few worlds, and leave to start them.
+# in memory there is no disk. There has to be room for the programs of a few worlds, and leave to start them; the program
+# for the trial is one that no shell has built in, for else there is no file of it.
 set(VORN_TEST_ENVIRONMENT)
 execute_process(ERROR_QUIET RESULT_VARIABLE is_unfit COMMAND sh -c [=[
   set -e
   [ "$(df --output=avail --block-size=1M /dev/shm | tail -n 1)" -ge 1024 ]
   program=$(mktemp -p /dev/shm)
   trap 'rm -f "$program"' EXIT
-  cp "$(command -v true)" "$program"
+  cp "$(command -v env)" "$program"
   chmod +x "$program"
-  "$program"
+  "$program" true
 ]=])
 if(NOT is_unfit)
   set(VORN_TEST_ENVIRONMENT TMPDIR=/dev/shm)
