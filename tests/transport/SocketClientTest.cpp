@@ -21,10 +21,11 @@ using ::testing::IsEmpty;
 
 namespace fs = std::filesystem;
 
-std::size_t openDescriptors() {
-  return static_cast<std::size_t>(
-      std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
+std::size_t entriesIn(const char* folder) {
+  return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
 }
+std::size_t openDescriptors() { return entriesIn("/proc/self/fd"); }
+std::size_t threads() { return entriesIn("/proc/self/task"); }
 
 class SocketClientTest : public ::testing::Test {
  protected:
@@ -75,8 +76,11 @@ TEST_F(SocketClientTest, ShowsEveryStateByItsDescriptorAndNoticesNoFailure) {
   client().disconnect();
   EXPECT_EQ(client().fd(), 0);
 
+  const std::size_t threadsBefore = threads();
   EXPECT_FALSE(client().send("lost")) << "the first message only starts the connection";
-  ASSERT_TRUE(waitUntil([&] { return client().fd() > 0; })) << "no listener: a descriptor, not connected";
+  // The reader has its descriptor a moment before it looks for the listener, and then ends.
+  ASSERT_TRUE(waitUntil([&] { return client().fd() > 0 && threads() == threadsBefore; }))
+      << "no listener: a descriptor, not connected";
   EXPECT_TRUE(client().send("into nothing"));
   EXPECT_GT(client().fd(), 0);
 
