@@ -1,6 +1,7 @@
 // The mask of everything that is printed or kept: no address, no token of a join URL and no labelled passcode
 // survives it, and covering again changes nothing that a person would miss.
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <string>
@@ -22,7 +23,10 @@ bool isNobodysName(const char* from, const char* to, int base) {
 // Whether a sign that is neither a letter nor a digit stands before that place, as a packed byte or by its number.
 bool isWrittenSign(const std::string& text, std::size_t end) {
   const char* const last = text.data() + end;
-  if (end > 2 && text[end - 3] == '%' && isNobodysName(last - 2, last, 16)) return true;
+  // Packed once more, "%40" is "%2540".
+  std::size_t digits = std::max<std::size_t>(end, 2) - 2;
+  while (digits > 2 && text.compare(digits - 2, 2, "25") == 0) digits -= 2;
+  if (digits > 0 && text[digits - 1] == '%' && isNobodysName(last - 2, last, 16)) return true;
   const std::size_t number = text.rfind("&#", end);
   if (number == std::string::npos) return false;
   const bool isHex = text.compare(number + 2, 1, "x") == 0 || text.compare(number + 2, 1, "X") == 0;
