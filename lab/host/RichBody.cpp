@@ -436,7 +436,7 @@ std::size_t RichBody::rewrite(std::vector<Rewriting> all, std::size_t place) {
 }
 
 // A sign that stands for itself without being written as one would begin a tag or a name with what comes to stand
-// behind it, and both would be seen no more. So it is with a last tag that has no end of its own.
+// behind it, and both would be seen no more. A last tag without an end would take it into itself: it gets its ">".
 void RichBody::closeSigns(std::vector<Rewriting>& all) const {
   if (all.empty()) return;
   const std::vector<Rewriting> signs = closedSigns(all);

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <tuple>
 
 namespace vornlab {
@@ -184,6 +185,20 @@ TEST(IcsDocument, KeepsALineThatNobodyCanReadAndTellsIt) {
   std::string expected = text;
   expected.replace(expected.find("all"), 3, "you");
   EXPECT_EQ(document.text(), expected);
+}
+
+TEST(IcsDocument, FindsAParameterWhereverItStands) {
+  IcsDocument document = parsed(
+      "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nDTSTART;tzid=Plain:1\r\nDT\r\n END;TZ\r\n ID=Folded:1\r\n"
+      "DUE ;TZID=\"Blank;ed\":1\r\nX-NONE:TZID=Value\r\nX-EMPTY;TZID=:1\r\nRDATE;TZID=Changed:1\r\n"
+      "EXDATE;TZID=Removed:1\r\nBEGIN:VALARM\r\nTRIGGER;TZID=Below:1\r\nEND:VALARM\r\nEND:VEVENT\r\n"
+      "END:VCALENDAR\r\n");
+  const std::size_t event = firstEvent(document);
+  document.setProperty(event, {"RDATE", {{"TZID", "New"}}, "2"});
+  document.removeProperty(event, "EXDATE");
+  document.addProperty(event, {"RDATE", {{"TZID", "Added"}}, "3"});
+  const std::set<std::string> zones{"Added", "Blank;ed", "Folded", "New", "Plain"};
+  EXPECT_EQ(document.parameters(event, "TZID"), zones);
 }
 
 TEST(IcsDocument, ReadsACharacterThatAFoldCutsInTwo) {
