@@ -375,6 +375,8 @@ void VnSettingViewController::leaveMeeting() {
     m_settingData.setSignInChoice(own.options());
     m_settingData.setIsSignedInUsersMeetingOn(own.isSignedInUsersMeetingOn());
     m_signInDomains.initOnlySignedin();
+    m_settingData.setEnableWaitingRoom(own.enableWaitingRoom());
+    m_security.initWaitingRoomOption();
     m_security.initPasscode();
   } else {
     m_settingData.setMeetingPassword("");
@@ -388,6 +390,8 @@ void VnSettingViewController::leaveMeeting() {
   m_audio.loadThirdPartyText();
   m_signInDomains.forgetChoices();
   m_signInDomains.initRestrictDomainsBox();
+  m_plainOptions.initAudioWatermarkButton();
+  m_plainOptions.initAudioWatermark();
   // It hides what is locked off.
   m_security.initSecurityBox();
   m_trackingFieldsController.loadMtValues();

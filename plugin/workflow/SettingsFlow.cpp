@@ -141,9 +141,9 @@ void SettingsFlow::onChangeSettingFinished(const Value& data) {
   const MeetingWindow window = MeetingWindow::ofReply(data);
   if (window.bar() && !window.bar()->editorProxy()) {
     // A meeting that was found by its UUID only after the window had opened: without a hold on the editor, what
-    // was chosen would go nowhere. Nothing in the body is known to be ours, so an invitation replaces none of it.
+    // was chosen would go nowhere.
     window.bar()->attachToEditor();
-    m_manager.writeBack().setFirstInvitationIsDue(true);
+    if (isEmpty(m_manager.meetingDataMgr()->encodeMailBody())) m_manager.writeBack().setHoldsOnlyUsersWords();
   }
   m_manager.sendVnMeetingCommand(VnCmdUpdate, window.editor());
 }

@@ -32,6 +32,7 @@ void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   m_isInvitationWritten = window.proxy().knowsBody() && !hasNone;
   m_invitationIsDue = !m_isInvitationWritten && (!hasNone || m_invitationIsDue);
   m_isCommitUnwritten = false;
+  if (m_isInvitationWritten) m_holdsOnlyUsersWords = false;
   if (!m_invitationIsDue) m_firstInvitationIsDue = false;
   // It may not have come with the meeting, so the next save asks anew.
   if (m_invitationIsDue) meeting.setIsForGetMeetingByUUID(true);

@@ -20,13 +20,17 @@ class WriteBack {
   void updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo, bool commitFinished);
   void updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window, const Value& response);
 
-  // The service has a meeting whose invitation is not in the appointment yet: the body holds only the user's
-  // words, in which nothing of ours is looked for.
+  // The service has a meeting whose invitation is not in the appointment yet, so that nothing of ours is looked
+  // for in the body.
   bool firstInvitationIsDue() const { return m_firstInvitationIsDue; }
   void setFirstInvitationIsDue(bool due) {
     m_firstInvitationIsDue = m_invitationIsDue = due;
-    m_isCommitUnwritten = false;
+    m_isCommitUnwritten = m_holdsOnlyUsersWords = false;
   }
+  // Until an invitation is written into it, the body holds only the user's words, and none of them gives way to
+  // one: before the first invitation, and where nobody knows of one, as in a meeting that was found by its UUID.
+  bool holdsOnlyUsersWords() const { return m_firstInvitationIsDue || m_holdsOnlyUsersWords; }
+  void setHoldsOnlyUsersWords() { m_holdsOnlyUsersWords = true; }
   // The service has accepted a commit, and what it made of it is fetched now, which may fail.
   void noteCommit() { m_isCommitUnwritten = true; }
   // The first one, or one of a change, which could not be written. The next save has to do it.
@@ -40,6 +44,7 @@ class WriteBack {
   bool m_firstInvitationIsDue = false;
   bool m_invitationIsDue = false;
   bool m_isCommitUnwritten = false;
+  bool m_holdsOnlyUsersWords = false;
   // By the last write-back into a body.
   bool m_isInvitationWritten = true;
 };

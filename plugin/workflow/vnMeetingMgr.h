@@ -114,10 +114,10 @@ class vnMeetingMgr : public vnMeetingState,
 
   // -- For the commands and the body engine ----------------------------------------------------------------------
 
-  // The last action was an update. A save that finishes an add, whose reply with the invitation never came, is
-  // none: the body holds only the user's words yet, and an update would take their place.
+  // The last action was an update. One of a body that holds only the user's words, as that of a save which
+  // finishes an add, is none: it would take their place.
   bool isUpdateVornMeetingEvent() override {
-    return m_vnMeetingAction == VnCmdUpdate && !m_writeBack.firstInvitationIsDue();
+    return m_vnMeetingAction == VnCmdUpdate && !m_writeBack.holdsOnlyUsersWords();
   }
   OptionalText meetingKey() override;
   void setMeetingKey(const OptionalText& key) override;

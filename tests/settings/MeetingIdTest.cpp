@@ -93,7 +93,7 @@ class MeetingIdPanelTest : public SettingsPanelTest {
     account.set_roommeetingid(5550142871);
     SettingsPanelTest::knowAccount(account, {{vn_Profile_IsDisablePMI, isDisabled}, {vn_Profile_Bosses, people}});
   }
-  void knowAccountWithWords(int passcodeLength = 0) {
+  void knowAccountWithWords(int passcodeLength = 0, bool signsIn = true) {
     Account account = accountWith(UserOption::EnableThirdPartyAudio, UserOption3::isEnableRequirePassword);
     account.set_usertype(2);
     account.set_roommeetingid(5550142871);
@@ -106,7 +106,7 @@ class MeetingIdPanelTest : public SettingsPanelTest {
     SettingsPanelTest::knowAccount(account, {{vn_Profile_Bosses, people},
                                              {vn_Profile_PasswordMinLength, passcodeLength},
                                              {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
-                                             {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, true},
+                                             {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, signsIn},
                                              {vn_Profile_MeetingAuths, Value::Array{staff}}});
   }
   void knowList() {
@@ -254,21 +254,26 @@ TEST_F(MeetingIdPanelTest, WhereTheAccountNamesNoWayToSignInAPersonalMeetingGets
 
 // Nor does it lose its own on the way to a number of its own and back.
 TEST_F(MeetingIdPanelTest, APersonalMeetingThatStandsHasItsOwnWordsThoughItCannotBeFetchedAnew) {
-  knowAccountWithWords();
-  knowMeetingOfAnn(Value::dictionaryFromPairs({{vn_Setting_IsPMI, true},
-                                               {vn_Setting_MeetingPassword, "998877"},
-                                               {vn_MeetingData_Enable3rdPartyAudio, true},
-                                               {vn_Setting_ThirdPartyAudio, "Dial 555"}}));
-  open();
-  answer("4", "0;Error 3001");
-  const Value before = view().settingsToCommit();
-  EXPECT_EQ(before[vn_Setting_AlternateHosts].count(), 1u);
-  turn("buttonOneTimeMeeting", true);
-  turn("buttonUsePMI", true);
-  answer("4", "0;Error 3001");
-  for (const std::string_view key : {vn_Setting_IsPMI, vn_Setting_MeetingPassword, vn_Setting_AlternateHosts,
-                                     vn_Setting_ThirdPartyAudio, vn_Setting_MeetingAuth}) {
-    EXPECT_EQ(view().settingsToCommit()[key], before[key]) << key;
+  for (const bool signsIn : {true, false}) {
+    SCOPED_TRACE(signsIn);
+    window = std::make_unique<FakeWindow>(test);
+    knowAccountWithWords(0, signsIn);
+    knowMeetingOfAnn(Value::dictionaryFromPairs({{vn_Setting_IsPMI, true},
+                                                 {vn_Setting_MeetingPassword, "998877"},
+                                                 {vn_MeetingData_Enable3rdPartyAudio, true},
+                                                 {vn_Setting_ThirdPartyAudio, "Dial 555"}}));
+    open();
+    answer("4", "0;Error 3001");
+    const Value before = view().settingsToCommit();
+    EXPECT_EQ(before[vn_Setting_AlternateHosts].count(), 1u);
+    turn("buttonOneTimeMeeting", true);
+    turn("buttonUsePMI", true);
+    answer("4", "0;Error 3001");
+    for (const std::string_view key :
+         {vn_Setting_IsPMI, vn_Setting_MeetingPassword, vn_Setting_AlternateHosts, vn_Setting_ThirdPartyAudio,
+          vn_Setting_IsSignedInUsersMeetingOn, vn_Setting_MeetingAuth}) {
+      EXPECT_EQ(view().settingsToCommit()[key], before[key]) << key;
+    }
   }
 }
 
