@@ -132,7 +132,7 @@ TEST_F(SocketClientTest, SendsWholeMessagesUpToItsLimit) {
   }
   std::string read;
   ASSERT_TRUE(waitUntil([&] {
-    m_world.runLoop.runFor(1);
+    m_world.runLoop.runFor(2);
     read += TestListener::read(peer, 1);
     return read.size() >= sent.size();
   }));
