@@ -395,6 +395,22 @@ TEST_F(Decisions, AnUpdateWithThePersonalNumberFetchesItFirst) {
   }
 }
 
+// What is still to be answered when a meeting is cancelled neither goes on behind the cancel nor undoes it.
+TEST_F(Decisions, AnUpdateBehindACancelIsNobodys) {
+  const Value meetingOf = Value::dictionaryFromPairs({{vn_MeetingKey, kKey}});
+  manager().setState(VnStatePMIForUpdate);
+  manager().apiMgr()->deleteMeeting(window->bar->ownWindow, meetingOf);
+  client.requests.clear();
+  reply(VnCmdGetMeeting);
+  EXPECT_THAT(client.names(), IsEmpty());
+
+  openWindow();
+  manager().apiMgr()->updateMeeting(window->bar->ownWindow, meetingOf);
+  EXPECT_TRUE(manager().apiMgr()->isWaitingForTheService());
+  reply(VnCmdDelete);
+  EXPECT_FALSE(manager().apiMgr()->isWaitingForTheService());
+}
+
 // Until its first invitation stands in it, a body holds only the user's words, which an update must not replace.
 TEST_F(Decisions, ASaveIsAnUpdateOnlyOfAnInvitationThatHasBeenWritten) {
   for (const char* invitation : {"", "Join the meeting"}) {
