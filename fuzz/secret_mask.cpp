@@ -12,13 +12,16 @@ namespace {
 
 bool isOfAddress(char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); }
 
-// Whether letters and digits stand before that place that are somebody's name, and not a sign that is written by
-// its number or packed.
+// Whether letters and digits stand before that place that are somebody's name, and not one of the four forms in
+// which a sign is written: "\\n", "%40" and "\\u0040", "&#64" or "&amp".
 bool isNameBefore(const std::string& text, std::size_t end) {
   std::size_t begin = end;
   while (begin > 0 && std::isalnum(static_cast<unsigned char>(text[begin - 1]))) --begin;
+  const std::string_view run = std::string_view(text).substr(begin, end - begin);
+  const char mark = begin > 0 ? text[begin - 1] : ' ';
+  const bool isNumber = run.find_first_not_of("0123456789abcdefABCDEFxXuU") == std::string_view::npos;
   const bool isWrittenSign =
-      begin > 0 && std::string_view("%#&\\").find(text[begin - 1]) != std::string_view::npos;
+      mark == '&' || (mark == '\\' && (run.size() == 1 || isNumber)) || ((mark == '%' || mark == '#') && isNumber);
   return end > 0 && isOfAddress(text[end - 1]) && !isWrittenSign;
 }
 

@@ -73,6 +73,7 @@ void DesktopSession::beginApplication() {
     throw LabError("there is no display; start it from a graphical session, or with xvfb-run for pictures alone");
   useDesktopTheme();
 #endif
+  // Before the toolkit, which asks for the centre.
   PlayedSystem::takeFoundationsPlace();
   if (!vnMakeApplication()) {
     const char* display = std::getenv("DISPLAY");

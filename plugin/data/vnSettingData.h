@@ -94,6 +94,8 @@ class vnSettingData {
   void setAuthType(std::int64_t type) { m_options.authType = type; }
   // How people sign in as another record has it: these four belong together.
   void setSignInChoice(const MeetingOptions& from);
+  // None: a commit then names none.
+  void clearSignInChoice() { setSignInChoice({.authId = "", .authName = "", .authDomain = ""}); }
   bool enableWaitingRoom() const { return m_options.enableWaitingRoom; }
   void setEnableWaitingRoom(bool enable) { m_options.enableWaitingRoom = enable; }
   bool supportWaitingRoom() const { return m_options.supportWaitingRoom; }

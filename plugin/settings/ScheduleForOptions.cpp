@@ -88,7 +88,7 @@ void ScheduleForOptions::setScheduleForListInfo(bool forOther) {
   m_record.setScheduleForEmail(email);
   m_record.initSubDataWithUserProfile(m_record.usePMI());
   if (m_record.usePMI()) {
-    // The words are that personal meeting's already, and may not come once more.
+    // The words are that personal meeting's already, and perhaps nobody fetches them again.
     m_record.setThirdPartyAudio(before.thirdPartyAudio);
     m_record.setSignInChoice(before);
   } else if (m_context.isForUpdateVornMeeting()) {

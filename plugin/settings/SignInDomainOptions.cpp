@@ -62,12 +62,17 @@ void SignInDomainOptions::initOnlySignedin() {
 }
 
 void SignInDomainOptions::forgetTyped() {
-  m_typed.clear();
-  forgetChoices();
+  m_editsOf.clear();
+  forgetOffered();
 }
 
-SignInDomainOptions::Typed& SignInDomainOptions::typed() {
-  return m_typed[m_record.usePMI() ? OptionalText(m_steps.getUIScheduleForEmail()) : std::nullopt];
+OptionalText SignInDomainOptions::whosePMI() const {
+  return m_record.usePMI() ? OptionalText(m_steps.getUIScheduleForEmail()) : std::nullopt;
+}
+
+const SignInDomainOptions::Edits* SignInDomainOptions::edits() const {
+  const auto found = m_editsOf.find(whosePMI());
+  return found == m_editsOf.end() ? nullptr : &found->second;
 }
 
 Value SignInDomainOptions::getAllMeetingAuths() {
@@ -79,12 +84,12 @@ Value SignInDomainOptions::getAllMeetingAuths() {
   return all.list;
 }
 
-void SignInDomainOptions::takeEdits(Value& auths) {
-  const auto& ownEdits = typed().edited;
-  if (ownEdits.empty() || !auths.isArray()) return;
+void SignInDomainOptions::takeEdits(Value& auths) const {
+  const Edits* own = edits();
+  if (!own || !auths.isArray()) return;
   Value::Array edited = auths.items();
   for (Value& auth : edited) {
-    if (const auto found = ownEdits.find(idOf(auth)); found != ownEdits.end()) auth = found->second;
+    if (const auto found = own->changed.find(idOf(auth)); found != own->changed.end()) auth = found->second;
   }
   auths = std::move(edited);
 }
@@ -120,8 +125,8 @@ void SignInDomainOptions::chooseAtLoad() {
   const bool isAccounts = isLocked() && !m_controls.isOn("buttonUsePMI");
   std::optional<int> index =
       recordsId.empty() || isAccounts ? defaultAuth(m_meetingAuths) : authWithId(m_meetingAuths, recordsId);
-  if (const OptionalText& chosenId = typed().chosenId) {
-    if (const std::optional<int> own = authWithId(m_meetingAuths, *chosenId)) index = own;
+  if (const Edits* own = edits(); own && own->chosenId) {
+    if (const std::optional<int> chosen = authWithId(m_meetingAuths, *own->chosenId)) index = chosen;
   }
   m_authNamePopup.index = index.value_or(0);
   // Also for the first of several when none is chosen: it is the one that is shown and that a commit takes.
@@ -159,7 +164,7 @@ void SignInDomainOptions::userChanged(std::string_view key) {
 }
 
 void SignInDomainOptions::onClickAuthNamePopup() {
-  typed().chosenId = idOf(chosenAuth());
+  ownEdits().chosenId = idOf(chosenAuth());
   resetDomainTextAndButton(chosenAuth());
 }
 
@@ -179,8 +184,8 @@ void SignInDomainOptions::onUpdateMeetingAuthChanged(const Value& auth) {
   *found = auth;
   m_authNamePopup.index = static_cast<int>(found - auths.begin());
   m_meetingAuths = std::move(auths);
-  typed().edited[idOf(auth)] = auth;
-  typed().chosenId = idOf(auth);
+  ownEdits().changed[idOf(auth)] = auth;
+  ownEdits().chosenId = idOf(auth);
   resetDomainTextAndButton(auth);
 }
 

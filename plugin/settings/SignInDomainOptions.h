@@ -23,9 +23,8 @@ class SignInDomainOptions {
   void initWithLocalString();
   void initOnlySignedin();
   void initRestrictDomainsBox();
-  // The record has got another meeting's choice, or none: of the one before nothing is offered at the next load
-  // but what the user has edited for this one.
-  void forgetChoices() { m_meetingAuths = Value::array(); }
+  // Another meeting is loaded next: where the account offers nothing, the list of the one before must not stay.
+  void forgetOffered() { m_meetingAuths = Value::array(); }
   void checkAccountLocked();
   void hideRestrictDomainsBox() { m_restrictDomainsBox.hidden = true; }
 
@@ -43,13 +42,17 @@ class SignInDomainOptions {
   bool isLocked() const;
   // The choices as an array; absent when there is none. May give the record the account's id of its choice.
   Value getAllMeetingAuths();
-  void takeEdits(Value& auths);
-  struct Typed {
-    std::map<std::string, Value, std::less<>> edited;
+  void takeEdits(Value& auths) const;
+  struct Edits {
+    // By the choice's id.
+    std::map<std::string, Value, std::less<>> changed;
     OptionalText chosenId;
   };
-  // Of the meeting that is shown.
-  Typed& typed();
+  // Of the meeting that is shown; null when nothing was edited in it.
+  const Edits* edits() const;
+  Edits& ownEdits() { return m_editsOf[whosePMI()]; }
+  // Absent is a meeting with a number of its own.
+  OptionalText whosePMI() const;
   void chooseAtLoad();
   // Absent for an index that is no choice's.
   Value chosenAuth() const;
@@ -67,8 +70,8 @@ class SignInDomainOptions {
 
   Value m_meetingAuths = Value::array();
   // What the user has done since the panel was opened: the switch and every load make the list anew, and it still
-  // has to be there then. By whose personal meeting it was done for; absent is a meeting with a number of its own.
-  std::map<OptionalText, Typed> m_typed;
+  // has to be there then. By whose personal meeting it was done for.
+  std::map<OptionalText, Edits> m_editsOf;
 
   Control& m_restrictDomainsBox;
   Control& m_onlySignedinWithSpecifiedDomains;

@@ -211,16 +211,16 @@ void VnSettingViewController::refreshUI(bool forPMI) {
     }
     m_settingData.setUsePMI(true);
     // A meeting that was to be a personal one from the start is loaded only now; another person's is none of it.
-    if (isOfOpening(person) && std::exchange(m_waitsForPersonalMeeting, false)) m_kept = whatStands();
+    if (isKeptPerson(person) && std::exchange(m_waitsForPersonalMeeting, false)) m_kept = whatStands();
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);
     if (!person.empty()) m_settingData.setScheduleForEmail(person);
     m_settingData.initSubDataWithUserProfile(m_settingData.usePMI());
-    m_settingData.setSignInChoice({.authId = "", .authName = "", .authDomain = ""});
+    m_settingData.clearSignInChoice();
     takeBackWords();
   }
-  m_signInDomains.forgetChoices();
+  m_signInDomains.forgetOffered();
   initializeItems();
 }
 
@@ -243,7 +243,7 @@ void VnSettingViewController::takeBackWords() {
     m_settingData.setMeetingPassword(own.meetingPassword());
     m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
   }
-  // Of a new one that was committed, and refused for another reason, it is what the user has given it.
+  // Of a new one whose commit nobody has told the end of, it is what the user has committed.
   if (!stands && !m_beforeCommit) return;
   m_settingData.setTrackingFields(own.trackingFields());
   m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
@@ -252,8 +252,8 @@ void VnSettingViewController::takeBackWords() {
 }
 
 void VnSettingViewController::onPMIMeetingInfo() {
-  // It is not kept when the user has turned away from it meanwhile: dismissed, the panel would show a personal
-  // meeting that was never loaded, so it waits on, and asks once more when it opens.
+  // Not loaded when the user has turned away meanwhile. The flag stays, so that a panel which is dismissed and
+  // opened again asks for it once more, and does not show a personal meeting that was never loaded.
   if (m_meetingId.takesPMI(m_pmiMeetingInfo)) refreshUI(true);
 }
 
@@ -329,13 +329,13 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   m_scheduleFor.setScheduleForListInfo(forOther);
   const bool hasList = vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
   // While another person is chosen, the one of the opening is still waited for.
-  if (hasList && isOfOpening(person) && std::exchange(m_waitsForList, false)) keepWhatIsThePersons();
+  if (hasList && isKeptPerson(person) && std::exchange(m_waitsForList, false)) keepWhatIsThePersons();
   // Their personal meeting, which may have come before the list, says more than the list does. Without a list it
   // would be asked for again and again.
   if (hasList && !person.empty() && !m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
 }
 
-bool VnSettingViewController::isOfOpening(const std::string& person) const {
+bool VnSettingViewController::isKeptPerson(const std::string& person) const {
   return equalIgnoringCase(person, m_kept.record.scheduleForEmail().value_or(""));
 }
 
@@ -366,7 +366,7 @@ void VnSettingViewController::leaveMeeting() {
   m_domainsWindowController.closeWindowSheet();
   const vnSettingData& own = m_kept.record;
   const std::string person = m_scheduleFor.getUIScheduleForEmail();
-  if (own.usePMI() && isOfOpening(person)) {
+  if (own.usePMI() && isKeptPerson(person)) {
     m_settingData.setMeetingPassword(own.meetingPassword());
     m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
     m_settingData.setAlternateHosts(own.arrAlternateHosts());
@@ -384,15 +384,15 @@ void VnSettingViewController::leaveMeeting() {
     const vnUserProfileHelper& account = SettingsContext::profile();
     m_settingData.setTrackingFields(account.trackingFields());
     m_settingData.setThirdPartyAudio(account.enableThirdPartyAudio() ? account.thirdPartyAudioInfo() : "");
-    m_settingData.setSignInChoice({.authId = "", .authName = "", .authDomain = ""});
+    m_settingData.clearSignInChoice();
     m_security.loadPasscodeText();
   }
   m_audio.loadThirdPartyText();
-  m_signInDomains.forgetChoices();
+  m_signInDomains.forgetOffered();
   m_signInDomains.initRestrictDomainsBox();
   m_plainOptions.initAudioWatermarkButton();
   m_plainOptions.initAudioWatermark();
-  // It hides what is locked off.
+  // initSecurityBox() hides what is locked off.
   m_security.initSecurityBox();
   m_trackingFieldsController.loadMtValues();
   m_security.resetUIForPasswordFormatErrorTextField();
@@ -464,7 +464,7 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
     takeControls(Commit::meant);
     // Of two commits that were refused one after the other, neither is what the meeting has.
     if (!m_beforeCommit) m_beforeCommit = m_kept;
-    // What would come now comes too late.
+    // What would come now comes too late, also for whoever goes back to this.
     m_waitsForPersonalMeeting = m_waitsForList = false;
     m_kept = whatStands();
   } else {

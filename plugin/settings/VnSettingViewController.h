@@ -109,7 +109,7 @@ class VnSettingViewController final : private PanelSteps {
   struct Kept {
     vnSettingData record;
     std::optional<VNAvailableDialinCountryContent> countries;
-    // It was not all there when it was loaded.
+    // As they stood then: what was still to come, and is asked for once more after going back.
     bool waitsForPersonalMeeting = false;
     bool waitsForList = false;
   };
@@ -118,8 +118,8 @@ class VnSettingViewController final : private PanelSteps {
     return {m_settingData, m_countries.countryContent(), m_waitsForPersonalMeeting, m_waitsForList};
   }
   void goBackTo(const Kept& kept);
-  // Whether a dismissed panel goes back to this person, "" being oneself.
-  bool isOfOpening(const std::string& person) const;
+  // Whether m_kept is this person's, "" being oneself; the case of an address does not matter.
+  bool isKeptPerson(const std::string& person) const;
   void keepWhatIsThePersons();
   void closeWindows();
   void checkAccountLocked();

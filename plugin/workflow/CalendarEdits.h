@@ -29,9 +29,10 @@ class CalendarEdits {
   // manager with a window. What an earlier edit is answered meanwhile must neither move the state on nor clear
   // what this one needs. Without an answer it stays, like a parked one.
   const Value& editUnderWay() const { return m_editUnderWay; }
-  // True when the reply is to somebody else's question, such as that of an edit before: its settings are none of
-  // this one's, whose meeting is asked for again, a few times at most.
-  bool asksAgain(const Value& meetingInfo);
+  // A reply about another meeting, such as that of an edit before, has none of this one's settings: asks for this
+  // one's once more, and gives true. False when it is this one's, when nobody knows, and after a few repeats, when
+  // it is believed.
+  bool askAgainIfAnothers(const Value& meetingInfo);
   // Its commit or delete goes out, or turns out to be unnecessary.
   void endEdit() { m_editUnderWay = Value(); }
   // Afterwards there is no place to park an edit in any more.
@@ -43,7 +44,7 @@ class CalendarEdits {
   Value m_editUnderWay;
   // No other edit was waiting for its reply when this one was parked.
   bool m_parkedEditIsAlone = true;
-  int m_questionsLeft = 0;
+  int m_repeatsLeft = 0;
   // The appointment's UUID that was asked for last.
   OptionalText m_askedUUID;
 };

@@ -17,8 +17,6 @@ class BarPlace : public ApptBar {
   virtual HostObject editorViewController() = 0;
   // The long-lived proxy; null until the bar is attached to its editor.
   virtual vnERCalendarEventEditorViewController* editorProxy() = 0;
-  // Nothing when it is attached already, or its editor is gone.
-  virtual void attachToEditor() = 0;
   // The host's body editor; absent when none is known.
   virtual HostObject olWordMailEditor() = 0;
 };
@@ -59,6 +57,9 @@ class BarFace {
   virtual void setAutoUpdateVornMeetingFlag() = 0;
   // Takes the meeting off the appointment, as a click on the bar's button does.
   virtual void autoRemoveVornMeeting() = 0;
+  // Takes hold of its editor, so that editorProxy() is there. Nothing when it has it already, or when the editor
+  // is gone.
+  virtual void attachToEditor() = 0;
   // Asks the service which meeting stands behind the appointment's UUID.
   virtual void getMeetingByApptUUID() = 0;
 };

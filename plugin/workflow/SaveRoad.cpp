@@ -75,7 +75,7 @@ void SaveRoad::commitUpdateMeeting(MeetingWindow& window, const Value& meetingDa
     // The service has nothing to learn. What the user sees may still have to be written.
     const vnMeetingDataMgr& choices = *m_manager.meetingDataMgr();
     if (window.proxy().isOutlookAppointmentItemChanged() || m_manager.isForceUpdate() ||
-        m_manager.writeBack().invitationIsDue() || choices.isForceIncludeJoinurlInLocationChanged() ||
+        m_manager.writeBack().isDue() || choices.isForceIncludeJoinurlInLocationChanged() ||
         choices.isSelectInvitationLanguageChanged()) {
       m_manager.setIsForceUpdate(false);
       m_manager.writeBack().updateMailBodyForSchedule(window);
@@ -112,7 +112,7 @@ void SaveRoad::updatePMIMeeting(MeetingWindow& window, const Value& /*meetingDat
 void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data) {
   // A new meeting whose template was lost goes out as an update, and has no invitation in the body either.
   const bool isNew = command == VnCmdSchedule || !m_manager.isForUpdateVornMeeting();
-  if (isNew) m_manager.writeBack().setFirstInvitationIsDue(true);
+  if (isNew) m_manager.writeBack().startOver(true);
   MeetingWindow window = MeetingWindow::ofReply(data);
   const auto& bar = window.bar();
   const Value& response = data[keyVnAPIResponse];
@@ -126,7 +126,7 @@ void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data
     return;
   }
   commitStands(window);
-  m_manager.writeBack().noteCommit();
+  m_manager.writeBack().commitIsAccepted();
   vnApptDataForSaveRecord::sharedInstance().of(bar).setNeedClearLocation(false);
   if (const auto panel = openSettingsPanel(data[keyApptWindowID].optionalText())) {
     const Value hosts = panel->getVnSettingsData()[vn_Setting_AlternateHosts];
@@ -164,7 +164,7 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
       m_manager.settingsFlow().showSettingsWindow(window, meetingDataOfReply(window, info));
       break;
     case VnStateCommitting:
-      if (!window.bar() && m_manager.calendarEdits().asksAgain(info)) break;
+      if (!window.bar() && m_manager.calendarEdits().askAgainIfAnothers(info)) break;
       commitUpdateMeeting(window, meetingDataOfReply(window, info));
       break;
     case VnStateCommitted: writeCommittedMeeting(window, info); break;
@@ -213,7 +213,7 @@ void SaveRoad::onDeleteActionFinished(const Value& data) {
   if (const auto& bar = window.bar()) {
     bar->setActionResultData(response);
     bar->onUIChanged(VnUINotMeeting);
-    // What an update before it is answered later would bring the meeting back.
+    // The answer to an update that went out before would bring the meeting back.
     m_manager.apiMgr()->letGoOfUpdate();
   }
   notifyActionResultToCalActionMgr(response);

@@ -30,12 +30,11 @@ void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   // that has one already, a reply without it leaves that one.
   const bool hasNone = invitation.value_or("").empty();
   m_isInvitationWritten = window.proxy().knowsBody() && !hasNone;
-  m_invitationIsDue = !m_isInvitationWritten && (!hasNone || m_invitationIsDue);
-  m_isCommitUnwritten = false;
+  const bool leavesWhatStands = hasNone && m_due < Due::invitation;
+  m_due = m_isInvitationWritten || leavesWhatStands ? Due::nothing : std::max(m_due, Due::invitation);
   if (m_isInvitationWritten) m_holdsOnlyUsersWords = false;
-  if (!m_invitationIsDue) m_firstInvitationIsDue = false;
   // It may not have come with the meeting, so the next save asks anew.
-  if (m_invitationIsDue) meeting.setIsForGetMeetingByUUID(true);
+  if (isDue()) meeting.setIsForGetMeetingByUUID(true);
 }
 
 void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo,
@@ -59,7 +58,7 @@ void WriteBack::updateVnKeyInfoToAppointment(MeetingWindow& window, const Value&
 // A digest tells that its invitation stands in the body: with that of one that was not written, the next save
 // would not write it either.
 OptionalText WriteBack::digestOfWhatStands() const {
-  if (m_firstInvitationIsDue) return "";
+  if (m_due == Due::firstInvitation) return "";
   const OptionalText& digest = m_manager.meetingDataMgr()->encodeMailBody();
   return isEmpty(digest) ? kUnknownInvitation : digest;
 }
@@ -97,7 +96,7 @@ void WriteBack::updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window,
   // A delete on the calendar has no editor to write into.
   if (!window.proxy().isValidConnection()) return;
   // A body that has not got its invitation yet has no bookmarks but such as the user has brought from elsewhere.
-  if (!m_firstInvitationIsDue) {
+  if (m_due != Due::firstInvitation) {
     const OptionalText invitation = response[vn_API_Para_InvitationEmail].optionalText();
     m_manager.emailBodyMgr()->updateMailBody(window.editor(), invitation, true, false);
   }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "util/Value.h"
 #include "workflow/MeetingWindow.h"
 
@@ -20,30 +22,30 @@ class WriteBack {
   void updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo, bool commitFinished);
   void updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window, const Value& response);
 
-  // The service has a meeting whose invitation is not in the appointment yet, so that nothing of ours is looked
-  // for in the body.
-  bool firstInvitationIsDue() const { return m_firstInvitationIsDue; }
-  void setFirstInvitationIsDue(bool due) {
-    m_firstInvitationIsDue = m_invitationIsDue = due;
-    m_isCommitUnwritten = m_holdsOnlyUsersWords = false;
+  // A window or a record begins: nothing is due, or the first invitation is, and then the body holds only the
+  // user's words. What was due before is forgotten.
+  void startOver(bool firstInvitationIsDue) {
+    m_due = firstInvitationIsDue ? Due::firstInvitation : Due::nothing;
+    m_holdsOnlyUsersWords = firstInvitationIsDue;
   }
-  // Until an invitation is written into it, the body holds only the user's words, and none of them gives way to
-  // one: before the first invitation, and where nobody knows of one, as in a meeting that was found by its UUID.
-  bool holdsOnlyUsersWords() const { return m_firstInvitationIsDue || m_holdsOnlyUsersWords; }
+  // The service has accepted a commit: until what it made of it is written, which a fetch brings that may fail,
+  // something is due.
+  void commitIsAccepted() { m_due = std::max(m_due, Due::commit); }
+  // The next save has to write, though nothing has changed.
+  bool isDue() const { return m_due != Due::nothing; }
+  // Until an invitation is written, none of the words in the body gives way to one: before the first invitation,
+  // and where nobody knows of one, as in a meeting that was found by its UUID.
+  bool holdsOnlyUsersWords() const { return m_holdsOnlyUsersWords; }
   void setHoldsOnlyUsersWords() { m_holdsOnlyUsersWords = true; }
-  // The service has accepted a commit, and what it made of it is fetched now, which may fail.
-  void noteCommit() { m_isCommitUnwritten = true; }
-  // The first one, or one of a change, which could not be written. The next save has to do it.
-  bool invitationIsDue() const { return m_invitationIsDue || m_isCommitUnwritten; }
 
  private:
   void updateLocation(MeetingWindow& window, const OptionalText& joinUrl);
   OptionalText digestOfWhatStands() const;
 
   vnMeetingMgr& m_manager;
-  bool m_firstInvitationIsDue = false;
-  bool m_invitationIsDue = false;
-  bool m_isCommitUnwritten = false;
+  // Each says more than the one before.
+  enum class Due { nothing, commit, invitation, firstInvitation };
+  Due m_due = Due::nothing;
   bool m_holdsOnlyUsersWords = false;
   // By the last write-back into a body.
   bool m_isInvitationWritten = true;

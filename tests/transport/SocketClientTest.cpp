@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <thread>
 
 #include "channel/transport/vSocketClientImpl.h"
 #include "channel/transport/vnIPCChannel.h"
@@ -76,6 +77,8 @@ TEST_F(SocketClientTest, ShowsEveryStateByItsDescriptorAndNoticesNoFailure) {
   client().disconnect();
   EXPECT_EQ(client().fd(), 0);
 
+  // A sanitizer starts a thread of its own with the first one.
+  std::thread([] {}).join();
   const std::size_t threadsBefore = threads();
   EXPECT_FALSE(client().send("lost")) << "the first message only starts the connection";
   // The reader has its descriptor a moment before it looks for the listener, and then ends.
@@ -139,7 +142,7 @@ TEST_F(SocketClientTest, SendsWholeMessagesUpToItsLimit) {
   EXPECT_TRUE(read == sent) << "and nothing of the refused ones before it";
 }
 
-TEST_F(SocketClientTest, DoesNotHangOnAPeerThatDoesNotReadAndKeepsNotEverythingForIt) {
+TEST_F(SocketClientTest, RefusesMessagesForAPeerThatHasLeftMegabytesUnread) {
   TestListener listener(socketPath());
   const TestDescriptor peer = connected(listener);
   int taken = 0;

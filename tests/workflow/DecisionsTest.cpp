@@ -308,33 +308,34 @@ TEST_F(Decisions, AnInvitationIsDueUntilItIsWritten) {
     helper().setMeetingData(told, false);
     data().setEncodeMailBody(row.digest);
     WriteBack& writeBack = manager().writeBack();
-    writeBack.setFirstInvitationIsDue(row.isFirst);
+    writeBack.startOver(row.isFirst);
     MeetingWindow opened = MeetingWindow::ofBar(window->bar);
     writeBack.updateMailBodyForSchedule(opened);
     writeBack.updateVnKeyInfoToAppointment(opened, helper().getMeetingInfo(), true);
-    EXPECT_EQ(writeBack.invitationIsDue(), row.isDue);
+    EXPECT_EQ(writeBack.isDue(), row.isDue);
     const Value record = window->get(window->bar->editor, "olmUCInband");
     EXPECT_EQ(vnOLUtils::toArrayOrNSDictionary(record.optionalText())[vn_Meeting_JoinUrl], told["joinUrl"]);
     openWindow();
     window->set(window->bar->event, "olmUCInband", record);
     opened = MeetingWindow::ofBar(window->bar);
     EXPECT_TRUE(manager().opening().loadOIProperty(opened, window->bar->event));
-    EXPECT_EQ(manager().writeBack().firstInvitationIsDue(), row.isFirstDueLater);
+    EXPECT_EQ(manager().writeBack().holdsOnlyUsersWords(), row.isFirstDueLater);
   }
 }
 
 // Nor is it forgotten when the service tells none meanwhile; and a cancel takes out whatever stands there.
-TEST_F(Decisions, AnInvitationOfWhichNobodyKnowsIsFetchedAnewAndGoesWithItsMeeting) {
+TEST_F(Decisions, AnInvitationThatCouldNotBeWrittenStaysDueAndGoesWithACancel) {
   openWindow();
   Value told = meeting();
   MeetingWindow opened = MeetingWindow::ofBar(window->bar);
   WriteBack& writeBack = manager().writeBack();
   for (const char* invitation : {"You are invited.", ""}) {
+    SCOPED_TRACE(invitation);
     told.set("invitationEmail", invitation);
     helper().setMeetingData(told, false);
     writeBack.updateMailBodyForSchedule(opened);
     writeBack.updateVnKeyInfoToAppointment(opened, helper().getMeetingInfo(), true);
-    EXPECT_TRUE(writeBack.invitationIsDue());
+    EXPECT_TRUE(writeBack.isDue());
     EXPECT_TRUE(helper().NeedRequestGetMeeting());
   }
   window->set(window->bar->bodyEditor, "bodyContent",
@@ -348,11 +349,11 @@ TEST_F(Decisions, AnInvitationOfWhichNobodyKnowsIsFetchedAnewAndGoesWithItsMeeti
 TEST_F(Decisions, AnAcceptedChangeIsDueUntilItIsWritten) {
   window->set(window->bar->bodyEditor, "bodyContent", "mine");
   reply(VnCmdUpdate, Value::dictionaryFromPairs({{vn_MeetingKey, kKey}}));
-  EXPECT_TRUE(manager().writeBack().invitationIsDue());
+  EXPECT_TRUE(manager().writeBack().isDue());
   MeetingWindow opened = MeetingWindow::ofBar(window->bar);
   manager().saveRoad().commitUpdateMeeting(opened, unchanged());
   EXPECT_TRUE(isWritten());
-  EXPECT_FALSE(manager().writeBack().invitationIsDue());
+  EXPECT_FALSE(manager().writeBack().isDue());
 }
 
 TEST_F(Decisions, AMeetingThatWasSavedOrFoundByItsUUIDIsShown) {
@@ -395,17 +396,16 @@ TEST_F(Decisions, AnUpdateWithThePersonalNumberFetchesItFirst) {
   }
 }
 
-// What is still to be answered when a meeting is cancelled neither goes on behind the cancel nor undoes it.
-TEST_F(Decisions, AnUpdateBehindACancelIsNobodys) {
-  const Value meetingOf = Value::dictionaryFromPairs({{vn_MeetingKey, kKey}});
+TEST_F(Decisions, NoUpdateGoesOutBehindACancel) {
   manager().setState(VnStatePMIForUpdate);
-  manager().apiMgr()->deleteMeeting(window->bar->ownWindow, meetingOf);
+  manager().apiMgr()->deleteMeeting(window->bar->ownWindow, Value::dictionaryFromPairs({{vn_MeetingKey, kKey}}));
   client.requests.clear();
   reply(VnCmdGetMeeting);
   EXPECT_THAT(client.names(), IsEmpty());
+}
 
-  openWindow();
-  manager().apiMgr()->updateMeeting(window->bar->ownWindow, meetingOf);
+TEST_F(Decisions, TheAnswerToAnUpdateBeforeACancelIsNobodys) {
+  manager().apiMgr()->updateMeeting(window->bar->ownWindow, Value::dictionaryFromPairs({{vn_MeetingKey, kKey}}));
   EXPECT_TRUE(manager().apiMgr()->isWaitingForTheService());
   reply(VnCmdDelete);
   EXPECT_FALSE(manager().apiMgr()->isWaitingForTheService());

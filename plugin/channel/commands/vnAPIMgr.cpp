@@ -164,13 +164,6 @@ void vnAPIMgr::letGoOfMeeting() { letGo(m_apiGetMeeting); }
 
 void vnAPIMgr::letGoOfUpdate() { letGo(m_apiUpdateMeeting); }
 
-void vnAPIMgr::letGoOfAll() {
-  letGo(m_apiGetMeeting);
-  letGo(m_apiScheduleMeeting);
-  letGo(m_apiUpdateMeeting);
-  letGo(m_apiDeleteMeeting);
-}
-
 bool vnAPIMgr::isWaitingForMeeting() const { return waits(m_apiGetMeeting); }
 
 bool vnAPIMgr::isWaitingForMeetingByApptUUID() const { return waits(m_apiGetMeetingByApptUUID); }
@@ -180,6 +173,13 @@ bool vnAPIMgr::isWaitingForDelete() const { return waits(m_apiDeleteMeeting); }
 bool vnAPIMgr::isWaitingForTheService() const {
   return waits(m_apiScheduleMeeting) || waits(m_apiUpdateMeeting) || waits(m_apiGetMeeting) ||
          waits(m_apiDeleteMeeting);
+}
+
+void vnAPIMgr::letGoOfTheService() {
+  letGo(m_apiGetMeeting);
+  letGo(m_apiScheduleMeeting);
+  letGo(m_apiUpdateMeeting);
+  letGo(m_apiDeleteMeeting);
 }
 
 bool vnAPIMgr::isWaitingForScheduleForList() const { return waits(m_apiGetScheduleForList); }

@@ -67,9 +67,9 @@ class vnAPIMgr {
 
   // The reply to a fetch of a meeting that is under way is nobody's, if it comes before the next fetch.
   void letGoOfMeeting();
-  // The same of an update, until the next one; and of whatever reads or changes a meeting.
+  // The same of an update; and of all that isWaitingForTheService() tells of. The question by UUID stays.
   void letGoOfUpdate();
-  void letGoOfAll();
+  void letGoOfTheService();
 
   // The reply to such a request is waited for.
   bool isWaitingForMeeting() const;

@@ -19,7 +19,7 @@ namespace vorn {
 
 namespace {
 
-constexpr int kListenerFullPause = 20;  // milliseconds
+constexpr int kListenerFullPauseMs = 20;
 constexpr std::size_t kMostUnsent = 4 << 20;
 
 // Where a descriptor cannot be told to raise no signal, each write can.
@@ -64,7 +64,7 @@ bool SocketDescriptor::connectTo(const std::string& path) {
   while (const int failure = tryOnce()) {
     if (!isWait(failure) && failure != EINTR) return false;
     // No call waits for room in a local listener's queue and can still be woken by shutdown().
-    ::poll(nullptr, 0, kListenerFullPause);
+    ::poll(nullptr, 0, kListenerFullPauseMs);
     if (m_isShutDown) return false;
   }
   // A shutdown before the connection may have had no effect on it.
@@ -86,17 +86,14 @@ std::size_t SocketDescriptor::read(char* buffer, std::size_t size) {
 bool SocketDescriptor::write(std::string_view bytes) {
   // The peer may have accepted before connect() has returned here; its first message must not come too early.
   { const std::lock_guard lock(m_connecting); }
-  const std::size_t left = flush();
-  if (left + bytes.size() > kMostUnsent) return false;
-  if (left == 0) bytes.remove_prefix(sendSome(bytes));
+  flush();
+  if (unsent() + bytes.size() > kMostUnsent) return false;
+  if (unsent() == 0) bytes.remove_prefix(sendSome(bytes));
   m_unsent += bytes;
   return true;
 }
 
-std::size_t SocketDescriptor::flush() {
-  m_unsent.erase(0, sendSome(m_unsent));
-  return m_unsent.size();
-}
+void SocketDescriptor::flush() { m_unsent.erase(0, sendSome(m_unsent)); }
 
 std::size_t SocketDescriptor::sendSome(std::string_view bytes) {
   std::size_t done = 0;

@@ -12,7 +12,8 @@ namespace vorn {
 // A local stream socket, closed with its last owner.
 //
 // The sending thread and the reading thread both own it: a number that one of them closed could be another
-// file's by the time the other uses it. All operations may be called from both threads at once.
+// file's by the time the other uses it. write() and flush() belong to the sending thread; all else may be called
+// from both threads at once.
 class SocketDescriptor {
  public:
   // Null when no socket can be made.
@@ -30,11 +31,13 @@ class SocketDescriptor {
   // Waits for bytes and reads some. 0 at the end of the stream, after shutDown() and on every failure.
   std::size_t read(char* buffer, std::size_t size);
   // Writes what the peer takes at once, and keeps the rest for flush(). A peer that is gone takes everything,
-  // silently. False, and nothing is written, for one that has left megabytes unread: no message is ever cut. This
-  // and flush() belong to one thread.
+  // silently. False, and nothing of it is written, when megabytes are still unread. What is unsent at shutDown()
+  // is lost.
   bool write(std::string_view bytes);
-  // Writes of the rest what the peer takes now; how many bytes are left.
-  std::size_t flush();
+  // Writes of the rest what the peer takes now.
+  void flush();
+  // In bytes.
+  std::size_t unsent() const { return m_unsent.size(); }
 
   // Ends the stream in both directions and wakes whoever waits in it.
   void shutDown();
@@ -47,6 +50,7 @@ class SocketDescriptor {
   std::atomic<bool> m_isShutDown{false};
   // Held for one attempt to connect, which does not wait.
   std::mutex m_connecting;
+  // Of the sending thread.
   std::string m_unsent;
 };
 

@@ -27,9 +27,9 @@ namespace vorn {
 
 namespace {
 
-// The main thread writes, and a client that has stopped reading must not stop the host with it. A socket may take
-// as little as 8 KB at once: the rest is written in steps, between which the pause grows as long as nothing is
-// read.
+// In seconds. The main thread writes, and a client that has stopped reading must not stop the host with it. A
+// socket may take as little as 8 KB at once: the rest is written in steps, between which the pause grows as long
+// as nothing is read.
 constexpr double kFlushPause = 0.02;
 constexpr double kLongestFlushPause = 1;
 constexpr std::string_view kFlush = "flush";
@@ -174,23 +174,23 @@ bool vSocketClientImpl::send(const OptionalText& message) {
   const auto descriptor = m_connection->held();
   if (!descriptor) return true;
   const bool isTaken = descriptor->write(*message);
-  if (const std::size_t left = descriptor->flush(); left > 0) flushLater(descriptor, left, kFlushPause);
+  if (descriptor->unsent() > 0) flushLater(descriptor, kFlushPause);
   return isTaken;
 }
 
-// The rest of a message goes out in front of the next one, or the client could read neither.
-void vSocketClientImpl::flushLater(const std::weak_ptr<SocketDescriptor>& descriptor, std::size_t left,
-                                   double pause) {
+void vSocketClientImpl::flushLater(const std::weak_ptr<SocketDescriptor>& descriptor, double pause) {
   RunLoop* runLoop = Registry::platform().runLoop;
   if (!runLoop) return;
   runLoop->cancelPrevious(this, kFlush);
-  runLoop->performAfter(pause, this, kFlush, [self = std::weak_ptr(m_self), descriptor, left, pause] {
+  runLoop->performAfter(pause, this, kFlush, [self = std::weak_ptr(m_self), descriptor, pause] {
     const auto client = self.lock();
     const auto written = descriptor.lock();
-    const std::size_t leftNow = client && written ? written->flush() : 0;
-    if (leftNow == 0) return;
-    const bool isRead = leftNow < left;
-    (*client)->flushLater(written, leftNow, isRead ? kFlushPause : std::min(2 * pause, kLongestFlushPause));
+    if (!client || !written) return;
+    const std::size_t before = written->unsent();
+    written->flush();
+    if (written->unsent() == 0) return;
+    const bool isRead = written->unsent() < before;
+    (*client)->flushLater(written, isRead ? kFlushPause : std::min(2 * pause, kLongestFlushPause));
   });
 }
 

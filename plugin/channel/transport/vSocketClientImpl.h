@@ -20,7 +20,7 @@ class SocketReader;
 //   0         the start, or disconnect()              starts connect(), drops the message, false
 //   -1        no socket could be made                 the same
 //   above 0   the path or the connection failed       writes into nothing, true
-//   above 0   connected                               writes, true
+//   above 0   connected                               writes, true; false while megabytes are unread
 //   above 0   the peer closed                         writes into nothing, true
 //
 // All operations belong to the main thread; one thread for each connection reads. The operations are virtual so
@@ -55,7 +55,9 @@ class vSocketClientImpl {
   class Connection;
 
   void reapReaders();
-  void flushLater(const std::weak_ptr<SocketDescriptor>& descriptor, std::size_t left, double pause);
+  // Goes on with the rest of what was sent after a pause in seconds, as long as some is left and the descriptor
+  // lives: or the client could read neither that message nor the next one.
+  void flushLater(const std::weak_ptr<SocketDescriptor>& descriptor, double pause);
 
   // Shared with the readers: the descriptor of the moment.
   std::shared_ptr<Connection> m_connection;

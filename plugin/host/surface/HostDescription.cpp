@@ -36,7 +36,7 @@ std::string nestedText(const std::string& text) {
   return quoted += '"';
 }
 
-// Also in quotation marks where it has a sign or a point.
+// A nested number is in quotation marks where it has a sign or a point.
 std::string numberText(const Value& number, std::size_t depth) {
   const std::string digits = number.isReal() ? number.stringValue() : std::to_string(number.integerValue());
   return depth == 0 ? digits : nestedText(digits);

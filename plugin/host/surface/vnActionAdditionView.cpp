@@ -207,7 +207,7 @@ int vnActionAdditionView::getVnDataStatus() {
     } else {
       // A new appointment in which nobody has typed counts as unchanged until the meeting is written into it.
       // Saved as it is before that, it would know nothing of the meeting that the service has for it.
-      const bool isChanged = editor->isVnMeetingItemsChanged() || m_pvnMeetingMgr->writeBack().invitationIsDue();
+      const bool isChanged = editor->isVnMeetingItemsChanged() || m_pvnMeetingMgr->writeBack().isDue();
       m_vnMeetingDataStatus = isChanged ? VnDataChanged : VnDataNone;
     }
   } else if (m_vnUIStatus == VnUINotMeeting) {

@@ -146,9 +146,9 @@ void vnActionAdditionView::readMeetingOfSeries(const HostObject& series) {
   meetingData()->setEncodeMailBody("");
   meetingData()->setSavedApptInfo(Value::dictionary());
   meetingData()->setOccurrenceIsSingleVornMeeting(false);
-  m_pvnMeetingMgr->writeBack().setFirstInvitationIsDue(false);
+  m_pvnMeetingMgr->writeBack().startOver(false);
   m_pvnMeetingMgr->settingsFlow().commitStands();
-  m_pvnMeetingMgr->apiMgr()->letGoOfAll();
+  m_pvnMeetingMgr->apiMgr()->letGoOfTheService();
   m_pvnMeetingMgr->getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
   m_pvnMeetingMgr->getMeetingHelper()->setIsForGetMeetingByUUID(true);
   m_idECCalendarEvent = HostObject(series.address());
