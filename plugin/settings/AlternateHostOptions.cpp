@@ -50,6 +50,7 @@ void AlternateHostOptions::initAlternateHosts() {
     for (const std::string& host : m_added) add(host);
   }
   m_alternateHostController.field().refill(chips, typed);
+  rearrangeAlternateHostTextField();
   takeIntoRecord();
 }
 
@@ -115,7 +116,7 @@ void AlternateHostOptions::rearrangeAlternateHostTextField() {
 }
 
 double AlternateHostOptions::requiredAHTextFieldHeight() const {
-  return requiredExtraHeight(m_alternateHostController.getInvitedUserInfoFromView(), g_alternateHostTextViewWidth);
+  return requiredExtraHeight(m_alternateHostController.getInvitedUserInfoToCome(), g_alternateHostTextViewWidth);
 }
 
 // -- Its end -----------------------------------------------------------------------------------------------------

@@ -544,7 +544,9 @@ void VnSettingViewController::updatePasswordAfterCommit(const OptionalText& pass
 void VnSettingViewController::filterInvalidAlternateHosts(const Value& emails) {
   std::unordered_set<std::string> invalid;
   for (const Value& email : emails.items()) invalid.insert(caseFolded(email.text()));
-  for (vnSettingData* record : {&m_settingData, &m_kept.record}) {
+  std::vector<vnSettingData*> records{&m_settingData, &m_kept.record};
+  if (m_beforeCommit) records.push_back(&m_beforeCommit->record);
+  for (vnSettingData* record : records) {
     Value kept = Value::array();
     for (const Value& host : record->arrAlternateHosts().items()) {
       if (!invalid.contains(caseFolded(host.text()))) kept.append(host);

@@ -205,6 +205,14 @@ TEST_F(SettingsPanelTest, HearsOfThePasscodeTheHostsAndTheRefusalOfACommit) {
   view().settingData().setMeetingPassword("refused");
   panel->resetMeetingItemWhenUpdateError();
   EXPECT_EQ(view().settingData().meetingPassword(), "") << "what the service has accepted stays";
+
+  view().settingData().setAlternateHosts(Value::Array{"Ada@vorn.example", "bob@vorn.example"});
+  view().onSettingsCommit(true);
+  panel->commitStands();
+  view().onSettingsCommit(true);
+  panel->filterInvalidAlternateHosts(Value::Array{"ada@VORN.example"});
+  panel->resetMeetingItemWhenUpdateError();
+  EXPECT_EQ(settings()[vn_Setting_AlternateHosts], Value(Value::Array{"bob@vorn.example"}));
   EXPECT_EQ(panel->getSiteMeetingInfo(), window->manager->getMeetingHelper()->getMeetingInfo());
 }
 

@@ -27,6 +27,11 @@ const std::string& TokenChip::field(std::string_view key) const {
   return found == fields.end() ? kNone : found->second;
 }
 
+std::string TokenChip::written() const {
+  const std::string& email = field("email");
+  return email.empty() || email == title ? title : title + " <" + email + ">";
+}
+
 // -- Positions ---------------------------------------------------------------------------------------------------
 
 std::size_t TokenText::boundary(std::size_t position) const {

@@ -18,6 +18,8 @@ struct TokenChip {
 
   // "" for a field that it does not have.
   const std::string& field(std::string_view key) const;
+  // As it is copied: what it says, and the address that it stands for, which would be lost without it.
+  std::string written() const;
   bool operator==(const TokenChip&) const = default;
 };
 

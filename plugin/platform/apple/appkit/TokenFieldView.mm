@@ -435,13 +435,12 @@ struct State {
   (void)sender;
   const TextRange selection = [self shown].tokens.selection();
   if (selection.length == 0) return;
-  // A chip is what it says to who reads it.
   NSMutableString* copied = [NSMutableString string];
   std::size_t chip = 0;
   for (std::size_t at = 0; at < selection.end(); ++at) {
     const bool isChip = [self shown].tokens.isChip(at);
     if (at >= selection.begin) {
-      NSString* text = isChip ? vorn::foundationText([self shown].tokens.chips()[chip].title + "; ")
+      NSString* text = isChip ? vorn::foundationText([self shown].tokens.chips()[chip].written() + "; ")
                               : vorn::foundationText(unitsOf([self shown].tokens, at, selection.end()));
       [copied appendString:text];
       if (!isChip) at += [text length] - 1;
