@@ -12,17 +12,24 @@ namespace {
 
 bool isOfAddress(char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); }
 
-// Whether letters and digits stand before that place that are somebody's name, and not one of the four forms in
-// which a sign is written: "\\n", "%40" and "\\u0040", "&#64" or "&amp".
+bool isHex(std::string_view text) {
+  return text.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
+}
+
+// Whether letters and digits stand before that place that are somebody's name, and not one of the forms in which a
+// sign is written: "\\n" and "\\u0040", "%40" and "%2540", "&#64" and "&#x40".
 bool isNameBefore(const std::string& text, std::size_t end) {
   std::size_t begin = end;
   while (begin > 0 && std::isalnum(static_cast<unsigned char>(text[begin - 1]))) --begin;
-  const std::string_view run = std::string_view(text).substr(begin, end - begin);
+  std::string_view run = std::string_view(text).substr(begin, end - begin);
+  if (run.empty() || !isOfAddress(run.back())) return false;
   const char mark = begin > 0 ? text[begin - 1] : ' ';
-  const bool isNumber = run.find_first_not_of("0123456789abcdefABCDEFxXuU") == std::string_view::npos;
-  const bool isWrittenSign =
-      mark == '&' || (mark == '\\' && (run.size() == 1 || isNumber)) || ((mark == '%' || mark == '#') && isNumber);
-  return end > 0 && isOfAddress(text[end - 1]) && !isWrittenSign;
+  while (mark == '%' && run.size() > 2 && run.starts_with("25")) run.remove_prefix(2);
+  if (mark == '%') return run.size() != 2 || !isHex(run);
+  const bool isUnicode = run.size() == 5 && run.starts_with('u') && isHex(run.substr(1));
+  if (mark == '\\') return run.find_first_not_of("nNrt") != std::string_view::npos && !isUnicode;
+  if (mark == '#' && (run.starts_with('x') || run.starts_with('X'))) run.remove_prefix(1);
+  return mark != '#' || !isHex(run);
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ class vnSettingData {
   void setAuthType(std::int64_t type) { m_options.authType = type; }
   // How people sign in as another record has it: these four belong together.
   void setSignInChoice(const MeetingOptions& from);
-  // None: a commit then names none.
+  // None: the account's default is chosen then, where it has one.
   void clearSignInChoice() { setSignInChoice({.authId = "", .authName = "", .authDomain = ""}); }
   bool enableWaitingRoom() const { return m_options.enableWaitingRoom; }
   void setEnableWaitingRoom(bool enable) { m_options.enableWaitingRoom = enable; }

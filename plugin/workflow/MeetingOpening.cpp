@@ -40,7 +40,7 @@ bool MeetingOpening::loadOIPropertyAsStoreLocation(vnECCalendarEvent& event, boo
   m_manager.meetingDataMgr()->setMeetingKey(record[vn_OLProperty_MeetingKey].optionalText());
   const OptionalText digest = record[vn_OLProperty_EncodeMailBody].optionalText();
   m_manager.meetingDataMgr()->setEncodeMailBody(digest);
-  m_manager.writeBack().startOver(digest && digest->empty());
+  m_manager.writeBack().startFromRecord(digest);
   m_manager.meetingDataMgr()->setJoinUrl(record[vn_Meeting_JoinUrl].optionalText());
   if (const Value& include = record[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
     m_manager.meetingDataMgr()->setOldForceIncludeJoinurlInLocation(include.boolValue());

@@ -112,7 +112,7 @@ void SaveRoad::updatePMIMeeting(MeetingWindow& window, const Value& /*meetingDat
 void SaveRoad::onSchdulerActionFinished(std::uint64_t command, const Value& data) {
   // A new meeting whose template was lost goes out as an update, and has no invitation in the body either.
   const bool isNew = command == VnCmdSchedule || !m_manager.isForUpdateVornMeeting();
-  if (isNew) m_manager.writeBack().startOver(true);
+  if (isNew) m_manager.writeBack().startWithoutInvitation();
   MeetingWindow window = MeetingWindow::ofReply(data);
   const auto& bar = window.bar();
   const Value& response = data[keyVnAPIResponse];

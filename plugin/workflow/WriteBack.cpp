@@ -20,6 +20,22 @@ constexpr const char* kUnknownInvitation = "-";
 
 }  // namespace
 
+void WriteBack::startOver() {
+  m_due = Due::nothing;
+  m_holdsOnlyUsersWords = false;
+}
+
+void WriteBack::startWithoutInvitation() {
+  m_due = Due::firstInvitation;
+  m_holdsOnlyUsersWords = true;
+}
+
+void WriteBack::startFromRecord(const OptionalText& digest) {
+  startOver();
+  if (digest == "") startWithoutInvitation();
+  if (digest == kUnknownInvitation) m_holdsOnlyUsersWords = true;
+}
+
 void WriteBack::updateMailBodyForSchedule(MeetingWindow& window) {
   vnGetMeetingHelper& meeting = *m_manager.getMeetingHelper();
   const bool isHTML = meeting.supportHtmlEmail();

@@ -22,19 +22,19 @@ class WriteBack {
   void updateVnKeyInfoToAppointment(MeetingWindow& window, const Value& meetingInfo, bool commitFinished);
   void updateVnMeetingInfoToAppointmentForDelete(MeetingWindow& window, const Value& response);
 
-  // A window or a record begins: nothing is due, or the first invitation is, and then the body holds only the
-  // user's words. What was due before is forgotten.
-  void startOver(bool firstInvitationIsDue) {
-    m_due = firstInvitationIsDue ? Due::firstInvitation : Due::nothing;
-    m_holdsOnlyUsersWords = firstInvitationIsDue;
-  }
+  // Nothing is due any more. What was due before is forgotten.
+  void startOver();
+  // The same for a meeting without its first invitation, so that the body holds only the user's words.
+  void startWithoutInvitation();
+  // The same for the meeting of a record, by the invitation's digest in it.
+  void startFromRecord(const OptionalText& digest);
   // The service has accepted a commit: until what it made of it is written, which a fetch brings that may fail,
   // something is due.
   void commitIsAccepted() { m_due = std::max(m_due, Due::commit); }
   // The next save has to write, though nothing has changed.
   bool isDue() const { return m_due != Due::nothing; }
   // Until an invitation is written, none of the words in the body gives way to one: before the first invitation,
-  // and where nobody knows of one, as in a meeting that was found by its UUID.
+  // and where nobody knows of one.
   bool holdsOnlyUsersWords() const { return m_holdsOnlyUsersWords; }
   void setHoldsOnlyUsersWords() { m_holdsOnlyUsersWords = true; }
 

@@ -96,7 +96,7 @@ void vnMeetingMgr::clearAllSavedData() {
   if (m_calendarEdits.editUnderWay().isPresent()) return;
   m_bIsDragAndMove = false;
   m_bIsForceUpdate = true;
-  m_writeBack.startOver(false);
+  m_writeBack.startOver();
   m_settingsFlow.commitStands();
   m_meetingDataMgr->clearSavedMeetingData();
   m_getMeetingHelper->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);

@@ -89,7 +89,11 @@ TEST(AlternateHostRules, APastedListBecomesChipsAndTheRestStays) {
   ASSERT_EQ(named.size(), 1u);
   EXPECT_EQ(named.front().chip->field("email"), "j@k.l");
   EXPECT_EQ(named.front().chip->field("name"), "Jane Doe");
-  EXPECT_EQ(pastedHosts(named.front().chip->written() + "; ", isAddress), named) << "cut and pasted";
+  for (const char* name : {"Jane Doe", "Jane, Doe", "j@old.l", "Jane @ Vorn", "Doe; Jane"}) {
+    const std::vector<TokenPiece> back = pastedHosts(chipOf({name, "", "j@k.l"}).written() + "; ", isAddress);
+    ASSERT_EQ(back.size(), 1u) << name << ", cut and pasted";
+    EXPECT_EQ(back.front().chip->field("email"), "j@k.l");
+  }
 }
 
 TEST(AlternateHostRules, OffersAttendeesAndThenEarlierHosts) {

@@ -290,13 +290,13 @@ TEST_F(Decisions, AnInvitationIsDueUntilItIsWritten) {
     const char* what;
     bool isFirst, isBodyKnown, hasInvitation;
     const char* digest;
-    bool isDue, isFirstDueLater;
+    bool isDue, holdsOnlyWordsLater;
   } rows[] = {
       {"written", true, true, true, "", false, false},
       {"no body yet", true, false, true, "", true, true},
       {"no invitation yet", true, true, false, "", true, true},
       {"no body yet for a change", false, false, true, "old", true, false},
-      {"no body yet, and nobody knows what stands there", false, false, true, "", true, false},
+      {"no body yet, and nobody knows what stands there", false, false, true, "", true, true},
       {"a change without an invitation", false, true, false, "old", false, false},
   };
   for (const auto& row : rows) {
@@ -308,7 +308,7 @@ TEST_F(Decisions, AnInvitationIsDueUntilItIsWritten) {
     helper().setMeetingData(told, false);
     data().setEncodeMailBody(row.digest);
     WriteBack& writeBack = manager().writeBack();
-    writeBack.startOver(row.isFirst);
+    row.isFirst ? writeBack.startWithoutInvitation() : writeBack.startOver();
     MeetingWindow opened = MeetingWindow::ofBar(window->bar);
     writeBack.updateMailBodyForSchedule(opened);
     writeBack.updateVnKeyInfoToAppointment(opened, helper().getMeetingInfo(), true);
@@ -319,7 +319,7 @@ TEST_F(Decisions, AnInvitationIsDueUntilItIsWritten) {
     window->set(window->bar->event, "olmUCInband", record);
     opened = MeetingWindow::ofBar(window->bar);
     EXPECT_TRUE(manager().opening().loadOIProperty(opened, window->bar->event));
-    EXPECT_EQ(manager().writeBack().holdsOnlyUsersWords(), row.isFirstDueLater);
+    EXPECT_EQ(manager().writeBack().holdsOnlyUsersWords(), row.holdsOnlyWordsLater);
   }
 }
 

@@ -12,8 +12,8 @@ namespace vorn {
 // A local stream socket, closed with its last owner.
 //
 // The sending thread and the reading thread both own it: a number that one of them closed could be another
-// file's by the time the other uses it. write() and flush() belong to the sending thread; all else may be called
-// from both threads at once.
+// file's by the time the other uses it. write(), flush() and unsent() belong to the sending thread; all else may
+// be called from both threads at once.
 class SocketDescriptor {
  public:
   // Null when no socket can be made.

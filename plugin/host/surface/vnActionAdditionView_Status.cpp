@@ -146,7 +146,7 @@ void vnActionAdditionView::readMeetingOfSeries(const HostObject& series) {
   meetingData()->setEncodeMailBody("");
   meetingData()->setSavedApptInfo(Value::dictionary());
   meetingData()->setOccurrenceIsSingleVornMeeting(false);
-  m_pvnMeetingMgr->writeBack().startOver(false);
+  m_pvnMeetingMgr->writeBack().startOver();
   m_pvnMeetingMgr->settingsFlow().commitStands();
   m_pvnMeetingMgr->apiMgr()->letGoOfTheService();
   m_pvnMeetingMgr->getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);

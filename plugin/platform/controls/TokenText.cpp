@@ -29,7 +29,10 @@ const std::string& TokenChip::field(std::string_view key) const {
 
 std::string TokenChip::written() const {
   const std::string& email = field("email");
-  return email.empty() || email == title ? title : title + " <" + email + ">";
+  if (email.empty() || email == title) return title;
+  // Pasted back, such a name would be taken for another address or for words between two.
+  if (title.find_first_of("@;\r\n") != std::string::npos) return email;
+  return title + " <" + email + ">";
 }
 
 // -- Positions ---------------------------------------------------------------------------------------------------

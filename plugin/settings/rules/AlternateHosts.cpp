@@ -79,7 +79,8 @@ class PasteReader {
     if (name.size() >= 2 && name.front() == '"' && name.back() == '"') name = name.substr(1, name.size() - 2);
     if (name.empty()) name = email;
     // Another address among the words before it is no part of a name.
-    if (!isAddress(email) || (name.find('@') != std::string::npos && !equalIgnoringCase(name, email))) return false;
+    if (!isAddress(email) || (name.find('@') != std::string::npos && !equalIgnoringCase(name, email)))
+      return false;
     takeHost(std::move(name), email);
     return true;
   }
