@@ -171,12 +171,8 @@ void SecurityOptions::setPasscode(std::string passcode) {
   m_passwordTextField.text = std::move(passcode);
 }
 
-OptionalText SecurityOptions::whosePMI() const {
-  return m_record.usePMI() ? OptionalText(m_steps.getUIScheduleForEmail()) : std::nullopt;
-}
-
 std::string* SecurityOptions::ownPasscode() {
-  const auto typed = m_typedPasscodes.find(whosePMI());
+  const auto typed = m_typedPasscodes.find(whosePMI(m_record, m_steps));
   return typed == m_typedPasscodes.end() ? nullptr : &typed->second;
 }
 
@@ -331,7 +327,7 @@ void SecurityOptions::fieldTextChange() {
   m_wasNotStronger = false;
   const bool supportsRules = vnClientFeatureMgr::sharedInstance().isVornClientSupportPasswordRule();
   m_passwordTextField.text = typedPasscode(m_passwordTextField.text, supportsRules);
-  m_typedPasscodes[whosePMI()] = m_passwordTextField.text;
+  m_typedPasscodes[whosePMI(m_record, m_steps)] = m_passwordTextField.text;
   resetPswHelpButtonState();
   const std::int64_t result = resetMeetingPasswordErrorTextField();
   m_steps.checkScheduleButton();

@@ -85,12 +85,11 @@ class SecurityOptions {
   PanelSteps& m_steps;
   VNPasswordRuleWindowController& m_passwordRuleWindow;
   vnKeyUpTextField m_passcodeField;
-  // Whose personal meeting it is, by the e-mail, "" for oneself; absent for a meeting with a number of its own.
-  OptionalText whosePMI() const;
-  // What the user has typed for that meeting, and what stood in for it where it was no passcode. Null when
-  // nothing.
+  // What the user has typed for the meeting that is shown, and what stood in for it where it was no passcode. Null
+  // when nothing.
   std::string* ownPasscode();
   void setPasscode(std::string passcode);
+  // By whosePMI().
   std::map<OptionalText, std::string> m_typedPasscodes;
   // What the service has refused stays told, and a tip shown, while the panel is loaded again and again, until the
   // user does something about it.

@@ -66,12 +66,8 @@ void SignInDomainOptions::forgetTyped() {
   forgetOffered();
 }
 
-OptionalText SignInDomainOptions::whosePMI() const {
-  return m_record.usePMI() ? OptionalText(m_steps.getUIScheduleForEmail()) : std::nullopt;
-}
-
 const SignInDomainOptions::Edits* SignInDomainOptions::edits() const {
-  const auto found = m_editsOf.find(whosePMI());
+  const auto found = m_editsOf.find(whosePMI(m_record, m_steps));
   return found == m_editsOf.end() ? nullptr : &found->second;
 }
 
