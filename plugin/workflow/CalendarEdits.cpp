@@ -13,9 +13,6 @@ namespace {
 constexpr std::string_view kParkedCommand = "cmd";
 constexpr std::string_view kParkedMeetingData = "meetingData";
 
-// A service that answers with another number each time is believed in the end.
-constexpr int kMostRepeats = 4;
-
 }  // namespace
 
 int CalendarEdits::getMeetingByApptUUIDForUpdateOnCalendar(std::uint64_t command, const Value& meetingData) {
@@ -85,21 +82,10 @@ int CalendarEdits::sendVnMeetingCommand(std::uint64_t command, const Value& meet
   } else if (command == VnCmdUpdate) {
     m_manager.setState(VnStateCommitting);
     m_editUnderWay = window.bar() ? Value() : meetingData;
-    m_repeatsLeft = kMostRepeats;
     refused = m_manager.apiMgr()->getMeeting(window.bar() ? window.parentWindow() : ownerWindow, meetingData);
     if (refused != 0) endEdit();
   }
   return refused != 0 ? 1 : 0;
-}
-
-bool CalendarEdits::askAgainIfAnothers(const Value& meetingInfo) {
-  const std::string& told = meetingInfo[vn_MeetingKey].text();
-  const bool isAnothers =
-      m_editUnderWay.isPresent() && !told.empty() && told != m_editUnderWay[vn_MeetingKey].stringValue();
-  if (!isAnothers || m_repeatsLeft == 0) return false;
-  --m_repeatsLeft;
-  if (m_manager.apiMgr()->getMeeting(m_editUnderWay[keyEventOwnerWindow].object(), m_editUnderWay) != 0) endEdit();
-  return true;
 }
 
 }  // namespace vorn

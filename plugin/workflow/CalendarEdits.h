@@ -29,10 +29,6 @@ class CalendarEdits {
   // manager with a window. What an earlier edit is answered meanwhile must neither move the state on nor clear
   // what this one needs. Without an answer it stays, like a parked one.
   const Value& editUnderWay() const { return m_editUnderWay; }
-  // A reply about another meeting, such as that of an edit before, has none of this one's settings: asks for this
-  // one's once more, and gives true. False when it is this one's, when nobody knows, and after a few repeats, when
-  // it is believed.
-  bool askAgainIfAnothers(const Value& meetingInfo);
   // Its commit or delete goes out, or turns out to be unnecessary.
   void endEdit() { m_editUnderWay = Value(); }
   // Afterwards there is no place to park an edit in any more.
@@ -44,7 +40,6 @@ class CalendarEdits {
   Value m_editUnderWay;
   // No other edit was waiting for its reply when this one was parked.
   bool m_parkedEditIsAlone = true;
-  int m_repeatsLeft = 0;
   // The appointment's UUID that was asked for last.
   OptionalText m_askedUUID;
 };

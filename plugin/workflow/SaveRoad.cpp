@@ -163,10 +163,7 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
     case VnStateChanging:
       m_manager.settingsFlow().showSettingsWindow(window, meetingDataOfReply(window, info));
       break;
-    case VnStateCommitting:
-      if (!window.bar() && m_manager.calendarEdits().askAgainIfAnothers(info)) break;
-      commitUpdateMeeting(window, meetingDataOfReply(window, info));
-      break;
+    case VnStateCommitting: commitUpdateMeeting(window, meetingDataOfReply(window, info)); break;
     case VnStateCommitted: writeCommittedMeeting(window, info); break;
     case VnStatePMIForSettings: showPersonalMeeting(window.id(), info); break;
     case VnStatePMIForSchedule: m_manager.sendVnMeetingCommand(VnCmdSchedule, window.editor()); break;

@@ -413,6 +413,22 @@ TEST(TwoWindows, ThatWaitAtOnceBothTakeTheFirstReply) {
   EXPECT_EQ(world.record("one")["meetingKey"], world.record("two")["meetingKey"]);
 }
 
+// A window whose answer was lost waits on, and the next fetch of another one must not give it that one's meeting.
+TEST(TwoWindows, OfWhichOneWaitsForEverKeepTheirOwnMeetings) {
+  RoadWorld world(calendarOfTwo("SUMMARY:Review\r\n"));
+  const EditorId first = world.openEditor("one");
+  const EditorId second = world.openEditor("two");
+  world.client->setFaults("reply 1 to action 3 operation 4: silent");
+  world.clickAdd(first);
+  world.settle(130);
+  world.clickAdd(second);
+  for (const auto& [editor, uid] : {std::pair(first, "one"), std::pair(second, "two")}) {
+    const auto meeting = world.service.meetings().findByAppointment(uid);
+    ASSERT_TRUE(meeting) << uid;
+    EXPECT_THAT(world.host.location(editor), HasSubstr(std::to_string(meeting->number)));
+  }
+}
+
 // However many ask at once, each comes to its end, with what was typed in it and a meeting that the service knows;
 // and the next save of one is undisturbed.
 TEST(FiftyWindows, ThatAskAtOnceAllComeToTheirEnd) {

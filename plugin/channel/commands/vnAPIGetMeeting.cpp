@@ -5,11 +5,20 @@
 #include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/transport/vnIPCChannel.h"
+#include "data/vnProfileKeys.h"
 
 namespace vorn {
 
+namespace {
+
+// A service that answers with another number each time is believed in the end.
+constexpr int kMostRepeats = 4;
+
+}  // namespace
+
 void vnAPIGetMeeting::setData(const std::string& meetingKey, const std::string& invitationLanguage) {
   m_meetingKey = meetingKey;
+  m_repeatsLeft = kMostRepeats;
   if (!invitationLanguage.empty()) m_invitationLanguage = invitationLanguage;
 }
 
@@ -32,6 +41,11 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
   if (!window) return std::nullopt;
   const auto reply = MeetingReply::read(content);
   if (!reply) return std::nullopt;
+  if (isAboutAnother(reply->meeting) && m_repeatsLeft > 0) {
+    --m_repeatsLeft;
+    doAction(*window);
+    return std::nullopt;
+  }
   reply->feed(m_owner->getMeetingHelper(), false, m_isForPMI);
   if (!m_owner->checkScheduleForEmailValidity()) {
     m_owner->setMeetingKey("");
@@ -39,6 +53,16 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
     return std::nullopt;
   }
   return CommandResult{*window, VnCmdGetMeeting, reply->meeting};
+}
+
+// Replies name no request, and one that never came leaves its window waiting: the next answer to anybody would be
+// taken for it, and another meeting's invitation written into the appointment.
+bool vnAPIGetMeeting::isAboutAnother(const Value& meeting) const {
+  const std::string told = meeting[vn_MeetingKey].stringValue();
+  // A personal meeting goes by either of its numbers.
+  const std::string original = meeting[vn_MeetingData_OriginalMeetingNumber].stringValue();
+  return !m_meetingKey.empty() && m_meetingKey != "new" && !told.empty() && told != m_meetingKey &&
+         original != m_meetingKey;
 }
 
 }  // namespace vorn

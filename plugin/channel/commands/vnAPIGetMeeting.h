@@ -20,11 +20,16 @@ class vnAPIGetMeeting : public vnAPICommandFor<GetMeetingOwner> {
   int doAction(const HostObject& parentWindow);
   // The content of the request for the client of the moment.
   std::string getAPIData();
-  // A reply too short to hold a meeting ends here in silence.
+  // A reply too short to hold a meeting ends here in silence. One about another meeting than was asked for is that
+  // of another window or of an edit before, and has none of this one's settings: the request goes out once more,
+  // and after a few repeats the reply is believed.
   std::optional<CommandResult> onVornFeedback(const std::string& content);
 
  private:
+  bool isAboutAnother(const Value& meeting) const;
+
   std::string m_meetingKey;
+  int m_repeatsLeft = 0;
   bool m_isForPMI = false;
   std::string m_invitationLanguage;
 };
