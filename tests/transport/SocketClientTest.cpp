@@ -119,7 +119,7 @@ TEST_F(SocketClientTest, TakesNoDescriptorThatWouldPassForNoneOrForAStandardOne)
 }
 
 // Also to a client that reads late, as one that wakes from the system's sleep: a request that was cut short would
-// take the next one with it.
+// take the next one with it. The connection may be given up meanwhile.
 TEST_F(SocketClientTest, SendsWholeMessagesUpToItsLimit) {
   TestListener listener(socketPath());
   const TestDescriptor peer = connected(listener);
@@ -133,6 +133,8 @@ TEST_F(SocketClientTest, SendsWholeMessagesUpToItsLimit) {
     sent += std::string(655349, letter);
     EXPECT_TRUE(client().send(std::string(655349, letter)));
   }
+  client().disconnect();
+  EXPECT_EQ(client().fd(), 0);
   std::string read;
   ASSERT_TRUE(waitUntil([&] {
     m_world.runLoop.runFor(2);

@@ -113,4 +113,9 @@ void SocketDescriptor::shutDown() {
   ::shutdown(m_number, SHUT_RDWR);
 }
 
+void SocketDescriptor::endReading() {
+  m_isShutDown = true;
+  ::shutdown(m_number, SHUT_RD);
+}
+
 }  // namespace vorn

@@ -41,6 +41,8 @@ class SocketDescriptor {
 
   // Ends the stream in both directions and wakes whoever waits in it.
   void shutDown();
+  // The same for reading only: what is unsent can still be flushed.
+  void endReading();
 
  private:
   // How many of the bytes are done with.

@@ -59,6 +59,14 @@ class vSocketClientImpl::Connection {
     const std::lock_guard lock(m_mutex);
     closeHeld();
   }
+  // Closes but for what is still to be written, which the descriptor's other owner goes on with.
+  void closeForReading() {
+    const std::lock_guard lock(m_mutex);
+    if (m_fd <= 0) return;
+    m_descriptor->endReading();
+    m_descriptor.reset();
+    m_fd = 0;
+  }
 
   // Closes for good: a reader that begins only now finds nothing to open.
   void end() {
@@ -161,7 +169,13 @@ void vSocketClientImpl::connect() {
   }
 }
 
-void vSocketClientImpl::disconnect() { m_connection->close(); }
+void vSocketClientImpl::disconnect() {
+  const auto descriptor = m_connection->held();
+  if (!descriptor || descriptor->unsent() == 0) return m_connection->close();
+  // A request that was sent before is not cut.
+  m_connection->closeForReading();
+  flushLater(descriptor, kFlushPause);
+}
 
 bool vSocketClientImpl::send(const OptionalText& message) {
   if (fd() < 1) {
@@ -178,19 +192,18 @@ bool vSocketClientImpl::send(const OptionalText& message) {
   return isTaken;
 }
 
-void vSocketClientImpl::flushLater(const std::weak_ptr<SocketDescriptor>& descriptor, double pause) {
+void vSocketClientImpl::flushLater(const std::shared_ptr<SocketDescriptor>& descriptor, double pause) {
   RunLoop* runLoop = Registry::platform().runLoop;
   if (!runLoop) return;
-  runLoop->cancelPrevious(this, kFlush);
-  runLoop->performAfter(pause, this, kFlush, [self = std::weak_ptr(m_self), descriptor, pause] {
+  runLoop->cancelPrevious(descriptor.get(), kFlush);
+  runLoop->performAfter(pause, descriptor.get(), kFlush, [self = std::weak_ptr(m_self), descriptor, pause] {
     const auto client = self.lock();
-    const auto written = descriptor.lock();
-    if (!client || !written) return;
-    const std::size_t before = written->unsent();
-    written->flush();
-    if (written->unsent() == 0) return;
-    const bool isRead = written->unsent() < before;
-    (*client)->flushLater(written, isRead ? kFlushPause : std::min(2 * pause, kLongestFlushPause));
+    if (!client) return;
+    const std::size_t before = descriptor->unsent();
+    descriptor->flush();
+    if (descriptor->unsent() == 0) return;
+    const bool isRead = descriptor->unsent() < before;
+    (*client)->flushLater(descriptor, isRead ? kFlushPause : std::min(2 * pause, kLongestFlushPause));
   });
 }
 

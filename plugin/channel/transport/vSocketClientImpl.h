@@ -38,7 +38,7 @@ class vSocketClientImpl {
   // Opens the connection on a thread of its own, which then reads until the stream ends, and returns at once.
   // That thread does nothing when a descriptor is held by then, connected or not.
   virtual void connect();
-  // Closes the descriptor.
+  // Closes the descriptor, and what is still to be written goes on to the client behind it.
   virtual void disconnect();
   // Writes a message as UTF-8, without waiting for the client to read it. False when it was dropped: without a
   // descriptor, when it is absent or empty, when it has kIPCSendBufferSize bytes or more, and while the client has
@@ -55,9 +55,9 @@ class vSocketClientImpl {
   class Connection;
 
   void reapReaders();
-  // Goes on with the rest of what was sent after a pause in seconds, as long as some is left and the descriptor
-  // lives: or the client could read neither that message nor the next one.
-  void flushLater(const std::weak_ptr<SocketDescriptor>& descriptor, double pause);
+  // Goes on with the rest of what was sent after a pause in seconds, as long as some is left and somebody reads:
+  // or the client could read neither that message nor the next one.
+  void flushLater(const std::shared_ptr<SocketDescriptor>& descriptor, double pause);
 
   // Shared with the readers: the descriptor of the moment.
   std::shared_ptr<Connection> m_connection;
