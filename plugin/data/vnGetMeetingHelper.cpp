@@ -23,6 +23,10 @@ void vnGetMeetingHelper::setMeetingData(const Value& meeting, bool forPMI) {
   if (forPMI) resetUsePMI();
 }
 
+void vnGetMeetingHelper::forgetMeeting() {
+  setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
+}
+
 void vnGetMeetingHelper::setPBMeetingData(const OptionalText& base64) {
   if (!base64) return;
   m_pbMeetingInfo = base64;

@@ -18,6 +18,8 @@ class vnGetMeetingHelper {
  public:
   // Replaces the dictionary. For the personal meeting, "usePMI" is then put right by resetUsePMI().
   void setMeetingData(const Value& meeting, bool forPMI);
+  // Afterwards hasMeetingInfo() is false.
+  void forgetMeeting();
   // Takes the base64 text of the binary message. Absent is ignored. An empty text is kept but changes no answer;
   // one that cannot be decoded gives a message without content.
   void setPBMeetingData(const OptionalText& base64);

@@ -5,6 +5,7 @@
 
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "channel/store/vnCommon.h"
+#include "data/vnGetScheduleForListHelper.h"
 #include "data/vnProfileKeys.h"
 #include "data/vnProtoBufConvert.h"
 #include "data/vnSettingKeys.h"
@@ -45,7 +46,12 @@ void vnUserProfileHelper::rememberAccount() {
   const OptionalText userId = getUID();
   const Parser* parser = hasProto() ? userProfileProtoParse().get() : nullptr;
   if (!userId || userId->empty() || (getProto() && !parser)) return;
-  if (m_lastKnown.userId != userId) m_lastKnown = {userId, std::nullopt};
+  if (m_lastKnown.userId != userId) {
+    // The people of the account before would be answered for this one's as known, and a meeting for somebody else
+    // would lose what none of them may have.
+    if (m_lastKnown.userId) vnGetScheduleForListHelper::sharedInstance().clearScheduleForList();
+    m_lastKnown = {userId, std::nullopt};
+  }
   if (!parser) return;
   if (const std::optional<std::int32_t> told = parser->GetUserType()) m_lastKnown.userType = told;
 }

@@ -124,8 +124,13 @@ TEST_F(ProfileReaderTest, KnowsTheAccountOfAForgottenProfileUntilAnotherOneComes
   EXPECT_FALSE(account().hasUserProfile());
   fromUser("a", std::nullopt);
   EXPECT_EQ(account().userType(), 1);
+  auto& people = vnGetScheduleForListHelper::sharedInstance();
+  people.setData(json(R"({"bosses":[{"email":"ann@x.org"}]})"));
+  fromUser("a", 1);
+  EXPECT_TRUE(people.hasScheduleForList());
   fromUser("b", std::nullopt);
   EXPECT_FALSE(account().userType()) << "another account";
+  EXPECT_FALSE(people.hasScheduleForList());
   fromUser("b", 0);
   EXPECT_TRUE(account().isNoMeetingLicenseUser());
   account().setData(json(R"({"userId":"c"})"));
