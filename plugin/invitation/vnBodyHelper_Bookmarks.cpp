@@ -15,6 +15,9 @@ namespace {
 constexpr std::string_view kWrapperBegin = "<font size=";
 constexpr std::string_view kWrapperEnd = "@</font>";
 
+constexpr std::string_view kBeginBookmarkName = "MacVnBookmarkBegin";
+constexpr std::string_view kEndBookmarkName = "MacVnBookmarkEnd";
+
 struct Bookmarks {
   std::string_view begin;
   std::string_view end;
@@ -90,12 +93,11 @@ std::string withoutLineEnds(std::string_view text) {
 
 }  // namespace
 
+// An editor may write an anchor in a form of its own, with which nothing can be replaced; but the words around it
+// are the user's.
 bool vnBodyHelper::holdsAnyBookmark(std::string_view body) {
-  for (const std::string_view bookmark :
-       {kvn_BeginBookmark, kvn_EndBookmark, kvn_BeginBookmarkEx, kvn_EndBookmarkEx}) {
-    if (body.find(bookmark) != std::string_view::npos) return true;
-  }
-  return false;
+  return findIgnoringCase(body, kBeginBookmarkName) != std::string_view::npos ||
+         findIgnoringCase(body, kEndBookmarkName) != std::string_view::npos;
 }
 
 BookmarkForm vnBodyHelper::bookmarkForm(std::string_view body) {
