@@ -47,13 +47,13 @@ std::string without(std::string_view text, std::string_view part, const EndsOf& 
 }
 
 // The longest names first: a name may hold a separator, and "Lab" taken out of "Lab; north" would leave a "north"
-// that looked like the user's own and came back at each save.
+// that looked like the user's own and came back at each save. A name of blanks alone is nowhere to be seen.
 std::vector<std::string_view> roomNames(const Value& attendees) {
   std::vector<std::string_view> names;
   for (const Value& attendee : attendees.items()) {
-    if (attendee[vn_ApptInfo_AttendeeType].text() == kRoom) {
-      names.emplace_back(attendee[vn_ApptInfo_AttendeeName].text());
-    }
+    const std::string_view name = attendee[vn_ApptInfo_AttendeeName].text();
+    const bool isBlank = name.find_first_not_of(kBlanks) == std::string_view::npos;
+    if (attendee[vn_ApptInfo_AttendeeType].text() == kRoom && !isBlank) names.push_back(name);
   }
   std::stable_sort(names.begin(), names.end(),
                    [](std::string_view one, std::string_view other) { return one.size() > other.size(); });
