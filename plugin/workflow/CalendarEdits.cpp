@@ -75,15 +75,21 @@ int CalendarEdits::sendVnMeetingCommand(std::uint64_t command, const Value& meet
   m_manager.meetingDataMgr()->setSavedApptInfo(meetingData[vn_Outlook_ApptInfo]);
   m_manager.meetingDataMgr()->setMeetingKey(meetingData[vn_MeetingKey].optionalText());
 
+  // The host makes no edit that was refused, and the answer to another window must not make it at the service
+  // later.
   int refused = 0;
   if (command == VnCmdDelete) {
     // The owner window and not the parent: a delete on the calendar is answered to the calendar.
     refused = m_manager.apiMgr()->deleteMeeting(ownerWindow, meetingData);
+    if (refused != 0) m_manager.apiMgr()->letGoOfDelete();
   } else if (command == VnCmdUpdate) {
     m_manager.setState(VnStateCommitting);
     m_editUnderWay = window.bar() ? Value() : meetingData;
     refused = m_manager.apiMgr()->getMeeting(window.bar() ? window.parentWindow() : ownerWindow, meetingData);
-    if (refused != 0) endEdit();
+    if (refused != 0) {
+      m_manager.apiMgr()->letGoOfMeeting();
+      endEdit();
+    }
   }
   return refused != 0 ? 1 : 0;
 }

@@ -70,6 +70,23 @@ bool MeetingOpening::loadICSDataForClientSchedule(MeetingWindow& window, vnECCal
   return true;
 }
 
+// With what the window knew of the item, the next save would tell the item's meeting of it, or nobody, and give
+// the series what was chosen for the item; and an answer that the item waited for would make the series a meeting,
+// or send it the item's dial-in text.
+void MeetingOpening::forgetItem() {
+  vnMeetingDataMgr& working = *m_manager.meetingDataMgr();
+  working.setMeetingKey("");
+  working.setEncodeMailBody("");
+  working.setSavedApptInfo(Value::dictionary());
+  working.setOccurrenceIsSingleVornMeeting(false);
+  m_manager.writeBack().startOver();
+  m_manager.settingsFlow().commitStands();
+  m_manager.apiMgr()->letGoOfTheService();
+  m_manager.getMeetingHelper()->forgetMeeting();
+  m_manager.getMeetingHelper()->setIsForGetMeetingByUUID(true);
+  m_manager.setState(VnStateIdle);
+}
+
 bool MeetingOpening::needGetMeetingWithApptUUID(vnECCalendarEvent& event) {
   if (!event.isValidHostAppointment() || !event.UUID()) return false;
   vnICalendarContentParse calendar(event.iCalendarRepresentation());
@@ -92,7 +109,12 @@ bool MeetingOpening::isReplyToAnotherUUID(const vnGetMeetingHelper& meeting, con
 void MeetingOpening::onGetMeetingByApptUUIDActionFinished(const Value& data) {
   vnGetMeetingHelper& meeting = *m_manager.getMeetingHelper();
   // A reply without a readable meeting tells nothing, nor does another window's; the bar stays as it is.
-  if (!meeting.hasMeetingInfo() || isReplyToAnotherUUID(meeting, m_askedUUID)) return;
+  if (!meeting.hasMeetingInfo()) return;
+  if (isReplyToAnotherUUID(meeting, m_askedUUID)) {
+    // Or the settings of a meeting that is added here would start from it.
+    meeting.forgetMeeting();
+    return;
+  }
   const Value info = meeting.getMeetingInfo();
   vnMeetingDataMgr& working = *m_manager.meetingDataMgr();
   working.setMeetingKey(info[vn_MeetingKey].optionalText());

@@ -19,6 +19,9 @@ class MeetingOpening {
 
   // True when a meeting was found, or is being asked for.
   bool loadOIProperty(MeetingWindow& window, const HostObject& event);
+  // The window of an item of a series is the series' from now on, whose own meeting is to be found next: nothing
+  // is known of the item any more, and nothing that was begun for it goes on.
+  void forgetItem();
   // Command 15, and its reply.
   void getMeetingByApptUUID(MeetingWindow& window);
   void onGetMeetingByApptUUIDActionFinished(const Value& data);

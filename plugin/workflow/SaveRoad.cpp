@@ -150,11 +150,12 @@ void SaveRoad::onGetMeetingActionFinished(const Value& data) {
   // nothing of it and goes on.
   if (!m_manager.getMeetingHelper()->hasMeetingInfo() && waitedIn != VnStatePMIForSchedule) return;
   MeetingWindow window = MeetingWindow::ofReply(data);
-  const bool isOfMeeting =
-      waitedIn == VnStateCommitting || waitedIn == VnStateCommitted || waitedIn == VnStatePMIForUpdate;
+  const bool isOfMeeting = waitedIn == VnStateChanging || waitedIn == VnStateCommitting ||
+                           waitedIn == VnStateCommitted || waitedIn == VnStatePMIForUpdate;
   if (isOfMeeting && window.bar() && !m_manager.isForUpdateVornMeeting()) {
-    // The meeting was cancelled before this came. Compared or written, it would come back.
-    m_manager.getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
+    // The meeting was cancelled before this came. Compared or written, it would come back, and settings of it that
+    // are shown and committed would end the cancel once more.
+    m_manager.getMeetingHelper()->forgetMeeting();
     return;
   }
   const Value info = m_manager.getMeetingHelper()->getMeetingInfo();

@@ -99,7 +99,7 @@ void vnMeetingMgr::clearAllSavedData() {
   m_writeBack.startOver();
   m_settingsFlow.commitStands();
   m_meetingDataMgr->clearSavedMeetingData();
-  m_getMeetingHelper->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
+  m_getMeetingHelper->forgetMeeting();
   // The profile is the whole process's: clearing it for one window makes every other window fetch it again, which
   // meanwhile goes by the last one.
   vnUserProfileHelper::sharedInstance().clearUserProfile();

@@ -114,8 +114,9 @@ TEST(SeriesSwitch, ByTheMenuTheBarShowsWhatTheSeriesHas) {
 // Whatever the item has: its own meeting hears of nothing that is the series', and stays.
 TEST(SeriesSwitch, ByTheAnswerToTheHostTheWindowGoesOnWithTheSeries) {
   constexpr const char* kItem = "20261124T090000Z";
-  enum ItemHas { nothing, ownMeeting, ownMeetingThatIsBeingSaved, meetingOfSeries };
+  enum ItemHas { nothing, addUnderWay, ownMeeting, ownMeetingThatIsBeingSaved, meetingOfSeries };
   for (const auto& [itemHas, seriesHas] : {std::pair(nothing, true),
+                                           {addUnderWay, true},
                                            {ownMeeting, true},
                                            {ownMeetingThatIsBeingSaved, true},
                                            {meetingOfSeries, true},
@@ -138,7 +139,9 @@ TEST(SeriesSwitch, ByTheAnswerToTheHostTheWindowGoesOnWithTheSeries) {
 
     const auto editor = world.openEditor("one", kItem);
     EXPECT_EQ(world.showsMeeting(editor), hasOwn);
-    EXPECT_EQ(world.offersAdd(editor), itemHas == nothing);
+    EXPECT_EQ(world.offersAdd(editor), itemHas == nothing || itemHas == addUnderWay);
+    // The profile, which the add begins with, is on its way.
+    if (itemHas == addUnderWay) world.host.clickBar(editor, "onClickAddVornMeeting:");
     if (itemHas == ownMeetingThatIsBeingSaved) {
       world.host.typeSubject(editor, "Of the item");
       world.host.save(editor);

@@ -77,16 +77,24 @@ TEST_F(CalendarEdit, GoesToTheMeetingThatTheServiceKnowsByTheUUIDAndToNoOther) {
   }
 }
 
-TEST_F(CalendarEdit, TellsWhetherItsRequestWasRefused) {
-  RecordingClient::install(test);
+TEST_F(CalendarEdit, ThatIsRefusedIsNotMadeLater) {
+  RecordingClient& client = RecordingClient::install(test);
   FakeWindow window(test);
   const Value data =
       Value::dictionaryFromPairs({{vn_MeetingKey, "77"}, {keyEventOwnerWindow, window.bar->ownWindow}});
-  for (const std::uint64_t command : {VnCmdDelete, VnCmdUpdate}) {
+  for (const auto& [command, action, reply] :
+       {std::tuple(VnCmdDelete, "3", "77"), {VnCmdUpdate, "4", ";;;;;;;;;;;;;eyJtZWV0aW5nS2V5IjoiNzcifQ=="}}) {
     EXPECT_EQ(window.manager->calendarEdits().sendVnMeetingCommand(command, data), 0);
     test.workspace.running.clear();
     EXPECT_EQ(window.manager->calendarEdits().sendVnMeetingCommand(command, data), 1);
     test.workspace.running.insert("us.vorn.xos");
+    client.requests.clear();
+    const std::uint64_t state = window.manager->state();
+    window.manager->apiMgr()->handleMessageRespose(
+        Value::dictionaryFromPairs({{"actionId", action}, {"content", reply}}));
+    EXPECT_THAT(client.names(), testing::IsEmpty()) << "another window's answer";
+    EXPECT_EQ(window.manager->getVornMeetingKey(), "77");
+    EXPECT_EQ(window.manager->state(), state);
   }
 }
 

@@ -63,7 +63,8 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
     helper().setMeetingData(meeting(), false);
     data().setMeetingKey(isCancelled ? "" : kKey);
     if (isCancelled) {
-      const bool isOfMeeting = row.state == VnStateCommitted || row.requests == Names{"3/2"};
+      const bool isOfMeeting =
+          row.state == VnStateChanging || row.state == VnStateCommitted || row.requests == Names{"3/2"};
       if (isOfMeeting) row = {row.state, row.state, {}, {}};
     } else if (!isReadable) {
       helper().setMeetingData(Value::dictionary(), false);

@@ -171,9 +171,14 @@ int vnAPIWindowCommand::beginRequest(const HostObject& parentWindow) {
   return action(parentWindow);
 }
 
+void vnAPIWindowCommand::sendRequest(unsigned requestAction, const OptionalText& content) {
+  m_isOnItsWay = vnIPCChannel::sendIPCMessageToVornClient(requestAction, content);
+  if (!m_isOnItsWay) onWaitEnded();
+}
+
 int vnAPIWindowCommand::sendBareRequest(const HostObject& parentWindow, unsigned requestAction) {
   if (const int code = beginRequest(parentWindow); code != 0) return code;
-  vnIPCChannel::sendIPCMessageToVornClient(requestAction, std::to_string(requestAction));
+  sendRequest(requestAction, std::to_string(requestAction));
   return 0;
 }
 
@@ -190,7 +195,7 @@ void vnAPIWindowCommand::onWaitEnded() {
 }
 
 std::optional<HostObject> vnAPIWindowCommand::takeReply(std::uint64_t replyNumber, const std::string& content) {
-  if (!meetingMgr() || !m_parentWindow) return std::nullopt;
+  if (!isPending()) return std::nullopt;
   onfeedback(replyNumber, content);
   return std::exchange(m_parentWindow, HostObject());
 }

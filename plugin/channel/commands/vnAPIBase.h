@@ -52,8 +52,8 @@ class vnAPIBase {
   // reply's and is not looked at.
   void onfeedback(std::uint64_t replyNumber, const std::string& content);
   void onTimeOut(RunLoop::Timer& timer);
-  // A reply is waited for: a request has gone out, and its reply has neither come nor taken too long.
-  bool isWaiting() const { return myTimer && myTimer->isValid(); }
+  // The time for the reply to the last request runs: none has come yet.
+  bool isTimed() const { return myTimer && myTimer->isValid(); }
   // Lets go of the timers, which go on running, find nobody, and stop when they find this command gone.
   void releaseTimer();
   // Stops the timers and lets go of them.
@@ -119,16 +119,23 @@ class vnAPIBase {
 // from an absent window is never taken to be pending, and a request that was refused at the gate still is.
 class vnAPIWindowCommand : public vnAPIBase {
  public:
+  // A reply is waited for: a request has gone out, and its reply has neither come nor taken too long. Nobody
+  // answers what the channel dropped.
+  bool isWaiting() const { return m_isOnItsWay && isTimed(); }
   // Nothing is waited for any more, and a reply that comes before the next request is nobody's.
   void letGo();
 
  protected:
   // Remembers the window and passes the gate: 0 when the request may go out.
   int beginRequest(const HostObject& parentWindow);
-  // A request whose whole content is its own number: 0 when it went out.
+  // Gives the channel the request for which the gate was passed.
+  void sendRequest(unsigned requestAction, const OptionalText& content);
+  // A request whose whole content is its own number: 0 when the gate was passed.
   int sendBareRequest(const HostObject& parentWindow, unsigned requestAction);
-  // Takes a reply when one is waited for: reads its error and answers the window, which is pending no longer.
-  // Absent when nothing is waited for or nobody is there to answer to.
+  // A reply would be taken: a window is pending, and somebody is there to answer to.
+  bool isPending() const { return meetingMgr() && m_parentWindow; }
+  // Takes a reply when one is pending: reads its error and answers the window, which is pending no longer. Absent
+  // when none is.
   std::optional<HostObject> takeReply(std::uint64_t replyNumber, const std::string& content);
   // The same for a reply that is no error. Of an error the user is told, and it is absent.
   std::optional<HostObject> takeSuccess(std::uint64_t replyNumber, const std::string& content);
@@ -137,6 +144,8 @@ class vnAPIWindowCommand : public vnAPIBase {
 
  private:
   void onWaitEnded() override;
+
+  bool m_isOnItsWay = false;
 };
 
 // One for which the manager has to do more than hear of its reply.

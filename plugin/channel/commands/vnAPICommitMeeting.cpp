@@ -7,7 +7,6 @@
 #include "channel/commands/vnMeetingCommand.h"
 #include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
-#include "channel/transport/vnIPCChannel.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
@@ -55,7 +54,7 @@ int vnAPICommitMeeting::doAction(const HostObject& parentWindow) {
     return 0;
   }
   if (const int code = beginRequest(parentWindow); code != 0) return code;
-  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, contentOf(document));
+  sendRequest(RequestAction::kCarrier, contentOf(document));
   return 0;
 }
 

@@ -5,7 +5,6 @@
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
-#include "channel/transport/vnIPCChannel.h"
 #include "data/NotAgainFlags.h"
 #include "host/proxies/vnApptInfoKeys.h"
 
@@ -14,7 +13,7 @@ namespace vorn {
 int vnAPIDeleteMeeting::doAction(const HostObject& parentWindow) {
   if (checkMeetingNumberValidity(m_meetingKey)) return 0;
   if (const int code = beginRequest(parentWindow); code != 0) return code;
-  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, getAPIData());
+  sendRequest(RequestAction::kCarrier, getAPIData());
   return 0;
 }
 

@@ -4,7 +4,6 @@
 #include "channel/commands/MeetingReply.h"
 #include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
-#include "channel/transport/vnIPCChannel.h"
 #include "data/vnProfileKeys.h"
 
 namespace vorn {
@@ -24,7 +23,7 @@ void vnAPIGetMeeting::setData(const std::string& meetingKey, const std::string& 
 
 int vnAPIGetMeeting::doAction(const HostObject& parentWindow) {
   if (const int code = beginRequest(parentWindow); code != 0) return code;
-  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, getAPIData());
+  sendRequest(RequestAction::kCarrier, getAPIData());
   return 0;
 }
 
@@ -37,15 +36,15 @@ std::string vnAPIGetMeeting::getAPIData() {
 }
 
 std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& content) {
-  const auto window = takeSuccess(VnCmdGetMeeting, content);
-  if (!window) return std::nullopt;
+  if (!isPending()) return std::nullopt;
   const auto reply = MeetingReply::read(content);
-  if (!reply) return std::nullopt;
-  if (isAboutAnother(reply->meeting) && m_repeatsLeft > 0) {
+  if (reply && isAboutAnother(reply->meeting) && m_repeatsLeft > 0) {
     --m_repeatsLeft;
-    doAction(*window);
+    sendRequest(RequestAction::kCarrier, getAPIData());
     return std::nullopt;
   }
+  const auto window = takeSuccess(VnCmdGetMeeting, content);
+  if (!window || !reply) return std::nullopt;
   reply->feed(m_owner->getMeetingHelper(), false, m_isForPMI);
   if (!m_owner->checkScheduleForEmailValidity()) {
     m_owner->setMeetingKey("");

@@ -22,7 +22,7 @@ class vnAPIGetMeeting : public vnAPICommandFor<GetMeetingOwner> {
   std::string getAPIData();
   // A reply too short to hold a meeting ends here in silence. One about another meeting than was asked for is that
   // of another window or of an edit before, and has none of this one's settings: the request goes out once more,
-  // and after a few repeats the reply is believed.
+  // its window waits on, and after a few repeats the reply is believed.
   std::optional<CommandResult> onVornFeedback(const std::string& content);
 
  private:

@@ -3,13 +3,12 @@
 #include "channel/commands/ClientRequests.h"
 #include "channel/commands/MeetingReply.h"
 #include "channel/commands/vnMeetingCommand.h"
-#include "channel/transport/vnIPCChannel.h"
 
 namespace vorn {
 
 int vnAPIGetMeetingByApptUUID::doAction(const HostObject& parentWindow) {
   if (const int code = beginRequest(parentWindow); code != 0) return code;
-  vnIPCChannel::sendIPCMessageToVornClient(RequestAction::kCarrier, getAPIData());
+  sendRequest(RequestAction::kCarrier, getAPIData());
   return 0;
 }
 

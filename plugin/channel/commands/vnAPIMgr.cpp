@@ -164,6 +164,8 @@ void vnAPIMgr::letGoOfMeeting() { letGo(m_apiGetMeeting); }
 
 void vnAPIMgr::letGoOfUpdate() { letGo(m_apiUpdateMeeting); }
 
+void vnAPIMgr::letGoOfDelete() { letGo(m_apiDeleteMeeting); }
+
 bool vnAPIMgr::isWaitingForMeeting() const { return waits(m_apiGetMeeting); }
 
 bool vnAPIMgr::isWaitingForMeetingByApptUUID() const { return waits(m_apiGetMeetingByApptUUID); }

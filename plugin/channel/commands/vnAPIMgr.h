@@ -67,8 +67,10 @@ class vnAPIMgr {
 
   // The reply to a fetch of a meeting that is under way is nobody's, if it comes before the next fetch.
   void letGoOfMeeting();
-  // The same of an update; and of all that isWaitingForTheService() tells of. The question by UUID stays.
+  // The same of an update and of a deletion; and of all that isWaitingForTheService() tells of. The question by
+  // UUID stays.
   void letGoOfUpdate();
+  void letGoOfDelete();
   void letGoOfTheService();
 
   // The reply to such a request is waited for.

@@ -138,19 +138,9 @@ void vnActionAdditionView::enableChangeSettingButton(bool enable) {
   redraw();
 }
 
-// The window is the series' from now on: with what it knew of the item, the next save would tell the item's
-// meeting of it, or nobody, and give the series what was chosen for the item.
 void vnActionAdditionView::readMeetingOfSeries(const HostObject& series) {
   endSettingsPanel(getAppointmentWindowID());
-  meetingData()->setMeetingKey("");
-  meetingData()->setEncodeMailBody("");
-  meetingData()->setSavedApptInfo(Value::dictionary());
-  meetingData()->setOccurrenceIsSingleVornMeeting(false);
-  m_pvnMeetingMgr->writeBack().startOver();
-  m_pvnMeetingMgr->settingsFlow().commitStands();
-  m_pvnMeetingMgr->apiMgr()->letGoOfTheService();
-  m_pvnMeetingMgr->getMeetingHelper()->setMeetingData(Value::dictionaryFromPairs({{vn_MeetingKey, ""}}), false);
-  m_pvnMeetingMgr->getMeetingHelper()->setIsForGetMeetingByUUID(true);
+  m_pvnMeetingMgr->opening().forgetItem();
   m_idECCalendarEvent = HostObject(series.address());
   initMeetingData(series);
 }
