@@ -184,15 +184,15 @@ std::string binaryObject(std::size_t marker, const std::vector<std::size_t>& ref
 }
 
 // A list in the binary form with these objects.
-std::string binaryList(const std::vector<std::string>& objects) {
+std::string binaryList(const std::vector<std::string>& objects, int offsetBytes = 4) {
   std::string list = "bplist00";
   std::string table;
   for (const std::string& object : objects) {
-    table += bigEndian(list.size(), 4);
+    table += bigEndian(list.size(), offsetBytes);
     list += object;
   }
-  return list + table + std::string(6, '\0') + "\x04\x03" + bigEndian(objects.size(), 8) + bigEndian(0, 8) +
-         bigEndian(list.size(), 8);
+  return list + table + std::string(6, '\0') + bigEndian(offsetBytes, 1) + "\x03" + bigEndian(objects.size(), 8) +
+         bigEndian(0, 8) + bigEndian(list.size(), 8);
 }
 
 std::string binaryListOfArrays(const std::vector<std::vector<std::size_t>>& arrays) {
@@ -202,11 +202,18 @@ std::string binaryListOfArrays(const std::vector<std::vector<std::size_t>>& arra
 }
 
 TEST_F(Files, BinaryPropertyListsHoldEveryKindOfValue) {
-  ASSERT_TRUE(
-      replaceFile(path("list"), binaryList({binaryObject(0xD2, {1, 2, 3, 4}), "Qa", std::string("\x61\0\xFC", 3),
-                                            binaryObject(0xA3, {5, 6, 7}), "Qx", "\x10\x01", "\x09",
-                                            std::string("\x23\x40\x04\0\0\0\0\0\0", 9)})));
-  EXPECT_EQ(readPropertyList(path("list")), (Value::Dictionary{{"a", Value::Array{1, true, 2.5}}, {"ü", "x"}}));
+  const std::vector<std::string> objects{binaryObject(0xD2, {1, 2, 3, 4}),
+                                         "Qa",
+                                         std::string("\x61\0\xFC", 3),
+                                         binaryObject(0xA3, {5, 6, 7}),
+                                         "Qx",
+                                         std::string(1, '\x14') + bigEndian(1, 16),
+                                         "\x09",
+                                         std::string("\x23\x40\x04\0\0\0\0\0\0", 9)};
+  for (const int offsetBytes : {1, 4, 8}) {
+    ASSERT_TRUE(replaceFile(path("list"), binaryList(objects, offsetBytes)));
+    EXPECT_EQ(readPropertyList(path("list")), (Value::Dictionary{{"a", Value::Array{1, true, 2.5}}, {"ü", "x"}}));
+  }
 }
 
 TEST_F(Files, BinaryPropertyListsMayReferToAnythingAndAreStillRead) {
