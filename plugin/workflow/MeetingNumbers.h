@@ -48,7 +48,8 @@ enum vnMeetingDataStatus : int {
   VnDataDeleted = 4,
 };
 
-// What a hook does with the host's call. Any other value is an error code that the user has seen already.
+// What a hook does with the host's call. Any other value is an error code that the user has seen already, and
+// stops it. The code for a missing client is a 2 as well: the user has been told, and the host goes on.
 enum vnHandleResult : int {
   VnHandleBlocked = 0,
   VnHandlePassOn = 2,

@@ -32,10 +32,12 @@ class SettingsFlow {
   void showSettingsWindow(MeetingWindow& window, const Value& meetingData);
   // The panel of any window was closed; another window's is ignored.
   void onInvokeSettingCommit(const Value& userInfo);
-  // The service has accepted what the panel has committed, or refused it, or the user may change what it has
-  // refused and goes back behind it by a dismissal.
+  // The service has accepted what the panel committed: the choices that went with it stay.
   void commitStands();
+  // It has refused, and the panel is not shown again: the choices are those from before the first commit without
+  // an answer.
   void commitRefused();
+  // It has refused, and the panel is shown again for the user to change it: a dismissal counts as commitRefused().
   void commitIsShownAgain() { m_isShownAgain = true; }
   // The user has told the system not to show the panel.
   static bool notShowSetting();
@@ -60,7 +62,7 @@ class SettingsFlow {
   void executeGetMeetingForChangeSetting(MeetingWindow& window);
 
   vnMeetingMgr& m_manager;
-  // Since the first commit that neither stands nor was refused.
+  // From before the first commit without an answer; absent when each has one.
   std::optional<vnMeetingDataMgr::PanelChoices> m_choicesBeforeCommit;
   bool m_isShownAgain = false;
 };

@@ -14,8 +14,9 @@ namespace vorn {
 
 namespace {
 
-// As a digest, one that no text has, so that a cancel, which compares with that of the empty text, finds a
-// difference, too. Not empty: that is a first invitation that is due.
+// Stored in the place of the digest when nobody knows which invitation the body holds. It differs from the digest
+// of every text, so that a cancel, which compares with that of the empty text, finds a difference; and from "",
+// with which a first invitation is still to be written.
 constexpr const char* kUnknownInvitation = "-";
 
 }  // namespace

@@ -23,7 +23,7 @@ constexpr std::size_t MeetingTopicLength_Max = 200;
 // The head fills the fields of other operations, so that the document begins in field 13.
 constexpr std::string_view kEmptyFields = ";;;;;;;;;;;;;";
 
-// The audio choices of a telephony provider's site, and what the client calls the first of them.
+// What the client calls the first of the audio choices of a telephony provider's site.
 constexpr std::int64_t kTspAudioOptionFirst = 1;
 
 // The document's member is the source's, and is missing when the source has none.
