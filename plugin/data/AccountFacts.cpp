@@ -9,7 +9,7 @@ AccountFacts accountFactsWithoutLists(const vnUserProfileHelper& account, const 
   // Some of its answers are the client's too.
   const vnClientFeatureMgr::OneReading oneReading;
   return {
-      .hasUserProfile = account.knowsAccount(),
+      .knowsAccount = account.knowsAccount(),
       .isPaidUser = account.isPaidUser(),
       .alwaysTurnOnHostVideoByDefault = account.alwaysTurnOnHostVideoByDefault(),
       .alwaysTurnOnAttendeeVideoByDefault = account.alwaysTurnOnAttendeeVideoByDefault(),

@@ -14,7 +14,7 @@ class vnUserProfileHelper;
 // plain value. Each is named after the accessor that gives it.
 struct AccountFacts {
   // Also of a profile that has been cleared since.
-  bool hasUserProfile = false;
+  bool knowsAccount = false;
   bool isPaidUser = false;
 
   bool alwaysTurnOnHostVideoByDefault = false;

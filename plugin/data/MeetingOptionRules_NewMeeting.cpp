@@ -106,14 +106,14 @@ void resetFields(MeetingOptions& options) {
 
 void initWithUserProfileDefault(MeetingOptions& options, const AccountFacts& account,
                                 const PasscodeSource& passcode) {
-  if (!account.hasUserProfile) return;
+  if (!account.knowsAccount) return;
   take(options.usePMI, policyOf(vn_Setting_IsPMI), account);
   initSubDataWithUserProfile(options, account, options.usePMI, passcode);
 }
 
 void initSubDataWithUserProfile(MeetingOptions& options, const AccountFacts& account, bool usePMI,
                                 const PasscodeSource& passcode) {
-  if (!account.hasUserProfile) return;
+  if (!account.knowsAccount) return;
   options.templateId = "";
   options.roomMeetingId = account.roomMeetingID;
   take(options.enableE2ee, policyOf(vn_Setting_EnableE2ee), account);

@@ -53,7 +53,7 @@ Value Diagnosis::defaults() {
     facts.set("reason", reason.words);
     report.add(key, wordsOfSetting(key), facts, shownSetting(key, value), reason.words);
   }
-  return Value::dictionaryFromPairs({{"hasProfile", steps.account.hasUserProfile}, {"groups", report.groups()}});
+  return Value::dictionaryFromPairs({{"hasProfile", steps.account.knowsAccount}, {"groups", report.groups()}});
 }
 
 }  // namespace vorn

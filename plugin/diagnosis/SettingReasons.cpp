@@ -79,7 +79,7 @@ SettingReason reasonOfSetting(std::string_view key, const SettingSteps& steps) {
   SettingReason reason;
   if (steps.afterSavedProfile[key] != steps.afterProfile[key]) {
     reason = reasonInSavedProfile(key, steps.savedProfile);
-  } else if (!steps.account.hasUserProfile) {
+  } else if (!steps.account.knowsAccount) {
     reason = {"record", "", "", "default; there is no profile"};
   } else if (policy) {
     reason = reasonInProfile(*policy, steps, steps.afterProfile[key] != steps.reset[key]);

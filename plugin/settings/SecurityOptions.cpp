@@ -277,7 +277,7 @@ void SecurityOptions::initSecurityBox() {
        .isWaitingRoomTipKnown = not_again::doNotShowTipView(vn_LocalProfile_SecurityTip_NotShownAgain_WR)},
       facts.account, facts.client);
   show(outcome.controls);
-  if (facts.account.hasUserProfile) updateSecurityBoxAccessibility();
+  if (facts.account.knowsAccount) updateSecurityBoxAccessibility();
   if (outcome.enableWaitingRoom) m_record.setEnableWaitingRoom(*outcome.enableWaitingRoom);
   if (outcome.requiredMeetingPassword) m_record.setRequiredMeetingPassword(*outcome.requiredMeetingPassword);
   if (outcome.isSignedInUsersMeetingOn) {

@@ -167,7 +167,7 @@ TEST(OptionRulesTest, ThePasscodeOfAPersonalMeetingIsTheServices) {
       {false, false, false, false, "pw", true, "pw"},
   };
   for (const auto& c : cases) {
-    const AccountFacts account{.hasUserProfile = true,
+    const AccountFacts account{.knowsAccount = true,
                                .isEnablePMIRequirePassword = c.required,
                                .isEnableForcePMIJBHWithPassword = c.forced};
     Value setting = Value::dictionary();
@@ -195,10 +195,10 @@ TEST(OptionRulesTest, ANewPersonalMeetingThatNeedsNoPasscodeKeepsTheTextItHad) {
   EXPECT_TRUE(options.requiredMeetingPassword) << "without a profile nothing is touched";
   rules::initWithUserProfileDefault(options, {.isDefaultScheduleUsePMI = true}, noPasscode);
   EXPECT_FALSE(options.usePMI);
-  rules::initSubDataWithUserProfile(options, {.hasUserProfile = true}, true, noPasscode);
+  rules::initSubDataWithUserProfile(options, {.knowsAccount = true}, true, noPasscode);
   EXPECT_FALSE(options.requiredMeetingPassword);
   EXPECT_EQ(options.meetingPassword, "old");
-  rules::initSubDataWithUserProfile(options, {.hasUserProfile = true, .isEnableRequirePassword = true}, false,
+  rules::initSubDataWithUserProfile(options, {.knowsAccount = true, .isEnableRequirePassword = true}, false,
                                     noPasscode);
   EXPECT_EQ(options.meetingPassword, "drawn");
 }
@@ -212,7 +212,7 @@ TEST(OptionRulesTest, DefaultsThatOnlySwitchOnLeaveWhatIsOn) {
                          .authId = "old",
                          .enableWaitingRoom = true,
                          .templateId = "old"};
-  rules::initSubDataWithUserProfile(options, {.hasUserProfile = true}, false, noPasscode);
+  rules::initSubDataWithUserProfile(options, {.knowsAccount = true}, false, noPasscode);
   EXPECT_TRUE(options.hostVideoOn && options.paticipantVideoOn && options.enableJBH && options.muteUponEntry);
   EXPECT_FALSE(options.enableWaitingRoom);
   EXPECT_EQ(options.authId, "");

@@ -227,8 +227,8 @@ TEST(WaitingRoomTest, ANewMeetingWhoseRecordDoesNotKnowOfItFollowsTheAccount) {
 // -- The section -------------------------------------------------------------------------------------------------
 
 const ClientGates kNewClient{.isVornClientSupport520Tasks = true};
-const AccountFacts kOldLogic{.hasUserProfile = true};
-const AccountFacts kNewLogic{.hasUserProfile = true, .isEnableWaitingRoomNewLogic = true};
+const AccountFacts kOldLogic{.knowsAccount = true};
+const AccountFacts kNewLogic{.knowsAccount = true, .isEnableWaitingRoomNewLogic = true};
 
 // In letters: P, W and S for what is on; p, w and s for what is off; "-" for what is hidden. The error, the box.
 std::string told(const SecurityControls& c) {
@@ -285,7 +285,7 @@ TEST(SecurityBoxTest, AsksForAnOptionUnderTheNewLogicAndHidesWhatIsLockedOffUnde
                                     .tipHidden = false};
     const SecuritySituation situation{.wasSecurityNotSelected = row.wasRefused};
     AccountFacts account = row.account;
-    account.hasUserProfile = true;
+    account.knowsAccount = true;
     EXPECT_EQ(told(securityBox(controls, situation, account, kNewClient).controls), row.oldLogic);
     account.isEnableWaitingRoomNewLogic = true;
     EXPECT_EQ(told(securityBox(controls, situation, account, {}).controls), row.oldLogic) << "an older client";
@@ -307,7 +307,7 @@ TEST(SecurityBoxTest, TellsTheRecordWhatItForcedAndTheFilesWhatIsTold) {
   EXPECT_FALSE(forced.remembersWaitingRoomTip);
   EXPECT_FALSE(forced.clearsSecurityNotSelected);
 
-  AccountFacts lockedOff{.hasUserProfile = true,
+  AccountFacts lockedOff{.knowsAccount = true,
                          .isLockScheduleRequirePassword = true,
                          .isLockWaitingRoom = true,
                          .isLockOnlyAuthUsersCanJoin = true};
@@ -329,7 +329,7 @@ TEST(SecurityBoxTest, TellsTheRecordWhatItForcedAndTheFilesWhatIsTold) {
 
 TEST(SecurityBoxTest, WithoutAProfileSaysNothingOfErrorsAndForcesNothing) {
   AccountFacts unknown = kNewLogic;
-  unknown.hasUserProfile = false;
+  unknown.knowsAccount = false;
   unknown.isLockWaitingRoom = true;
   const SecurityOutcome outcome = securityBox({.errorHidden = false, .tipHidden = false},
                                               {.wasSecurityNotSelected = true}, unknown, kNewClient);

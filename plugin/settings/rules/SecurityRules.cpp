@@ -121,7 +121,7 @@ SecurityOutcome securityBox(const SecurityControls& controls, const SecuritySitu
   SecurityOutcome outcome{.controls = controls};
   SecurityControls& shown = outcome.controls;
   showSection(shown);
-  if (!account.hasUserProfile) return outcome;
+  if (!account.knowsAccount) return outcome;
 
   hideWhatIsLockedOff(outcome, situation, account);
   shown.tipHidden = true;
