@@ -200,10 +200,9 @@ void resetMeetingAuthForNotShowAgain(MeetingOptions& options, const AccountFacts
 void resetWaitingRoomPasscodeStateForNotShowAgain(MeetingOptions& options, const AccountFacts& account,
                                                   const ClientGates& client) {
   if (!client.isVornClientSupport520Tasks || !account.isEnableWaitingRoomNewLogic || options.usePMI) return;
-  const OptionPolicy& waitingRoom = policyOf(vn_Setting_EnableWaitingRoom);
-  const bool lockedOff = waitingRoom.isLocked(account) && !waitingRoom.isGiven(account);
+  if (policyOf(vn_Setting_EnableWaitingRoom).isLockedOff(account)) return;
   // A meeting must have one of the two.
-  if (!lockedOff && !options.requiredMeetingPassword) options.enableWaitingRoom = true;
+  if (!options.requiredMeetingPassword) options.enableWaitingRoom = true;
 }
 
 void resetAffectedStateByE2eeForNotShowAgain(MeetingOptions& options, const AccountFacts& account,

@@ -147,6 +147,8 @@ class vnUserProfileHelper {
   bool isLockAudioWatermark() const { return says(UserOption4::isLockAudioWatermark); }
   bool isLockScheduleUsePMI() const { return says(UserOption4::isLockScheduleUsePMI); }
   bool isLockWaitingRoom() const { return says(UserOption4::isLockWaitingRoom); }
+  // Nobody can ever turn a waiting room on.
+  bool isWaitingRoomLockedOff() const { return isLockWaitingRoom() && !isEnableWaitingRoom(); }
   bool isLockJoinUrlToLocation() const { return says(UserOption4::isLockJoinUrlToLocation); }
   bool isLockE2eeMeeting() const { return says(UserOption4::isLockE2eeMeeting); }
   // No lock, though it stands among them: passcodes mix digits and letters.

@@ -29,10 +29,9 @@ void assignUnlessAbsent(OptionalText& field, const OptionalText& text) {
 
 // An existing meeting that would have no protection at all gets a waiting room, unless the account forbids one.
 Value withSomeProtection(Value settings) {
-  vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  if (!profile.isEnableWaitingRoomNewLogic()) return settings;
+  const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+  if (!profile.isEnableWaitingRoomNewLogic() || profile.isWaitingRoomLockedOff()) return settings;
   if (settings[vn_Setting_IsPMI].boolValue()) return settings;
-  if (profile.isLockWaitingRoom() && !profile.isEnableWaitingRoom()) return settings;
   if (settings[vn_Setting_RequiredMPW].boolValue() || settings[vn_Setting_EnableWaitingRoom].boolValue() ||
       settings[vn_Setting_IsSignedInUsersMeetingOn].boolValue()) {
     return settings;

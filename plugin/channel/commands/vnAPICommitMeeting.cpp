@@ -79,11 +79,10 @@ bool vnAPICommitMeeting::checkMeetingInfoError() {
 }
 
 bool vnAPICommitMeeting::validateSecurityState() {
-  vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
-  const bool waitingRoomIsLockedOff =
-      profile.isEnableWaitingRoomNewLogic() && profile.isLockWaitingRoom() && !profile.isEnableWaitingRoom();
+  const vnUserProfileHelper& profile = vnUserProfileHelper::sharedInstance();
+  if (!profile.isEnableWaitingRoomNewLogic() || !profile.isWaitingRoomLockedOff()) return true;
   const Value& setting = m_dataMeetingInfo[vn_Setting];
-  if (!waitingRoomIsLockedOff || setting.isAbsent()) return true;
+  if (setting.isAbsent()) return true;
   return setting[vn_Setting_IsSignedInUsersMeetingOn].boolValue() ||
          !setting[vn_Setting_MeetingPassword].text().empty();
 }
