@@ -42,9 +42,10 @@ void takeRecording(MeetingOptions& options, const AccountFacts& account) {
   } else if (!account.enableAutoRecordingByDefault) {
     options.emAutoRecordingType = kRecordingNone;
   } else if (local && cloud) {
-    options.emAutoRecordingType = account.enableCloudRecordingByDefault ? 2 : 1;
+    options.emAutoRecordingType =
+        account.enableCloudRecordingByDefault ? kRecordingCloudOfBoth : kRecordingLocalOfBoth;
   } else {
-    options.emAutoRecordingType = cloud ? 4 : 3;
+    options.emAutoRecordingType = cloud ? kRecordingOnlyCloud : kRecordingOnlyLocal;
   }
 }
 

@@ -47,13 +47,11 @@ struct Findings {
 
 // -- The client --------------------------------------------------------------------------------------------------
 
-enum ClientStatus { kNotInstalled = 0, kNotRunning = 1, kRunning = 2, kNotSupported = 3 };
-
 std::string wordsOfStatus(int status) {
   switch (status) {
-    case kNotInstalled: return "not installed";
-    case kNotRunning: return "installed, not running";
-    case kRunning: return "running";
+    case kClientNotInstalled: return "not installed";
+    case kClientNotRunning: return "installed, not running";
+    case kClientRunning: return "running";
     default: return "too old";
   }
 }
@@ -82,12 +80,12 @@ void tellClient(Findings& findings) {
   report.add("versionSource", "version from", version.empty() ? Value() : Value(source));
   report.add("running", "running", applications().isVornRunning());
 
-  if (status == kNotInstalled) findings.troubles.append("the client is not installed");
-  if (status == kNotRunning) findings.troubles.append("the client is not running");
-  if (status == kNotSupported) {
+  if (status == kClientNotInstalled) findings.troubles.append("the client is not installed");
+  if (status == kClientNotRunning) findings.troubles.append("the client is not running");
+  if (status == kClientNotSupported) {
     findings.troubles.append("the client is too old: it is " +
-                             (version.empty() ? "of an unknown version" : version) +
-                             ", and 3.5 is the oldest that is supported");
+                             (version.empty() ? "of an unknown version" : version) + ", and " +
+                             std::string(kOldestSupportedVornClient) + " is the oldest that is supported");
   }
 }
 
@@ -121,7 +119,7 @@ constexpr Capability capability(std::string_view required) {
 }
 
 constexpr Capability kCapabilities[] = {
-    capability<&Features::isSupportedVornClientVersion>("3.5"),
+    capability<&Features::isSupportedVornClientVersion>(kOldestSupportedVornClient),
     capability<&Features::isVornClientSupportPACAndNoVideo>(kVornClientSupportPACAndNoVideoVersion),
     capability<&Features::isVornClientSupportAutoRecord>(kVornClientSupportAutoRecording),
     capability<&Features::isVornClientSupportAHAndMuteOnEntry>(kVornClientSupportAHAndMuteOnEntryVersion),
@@ -204,7 +202,7 @@ void tellSocket(Findings& findings) {
                              " characters in " + std::to_string(path.size()) + " bytes, where " +
                              std::to_string(kIPCLongestPathInCharacters) + " and " +
                              std::to_string(kIPCLongestPathInBytes) + " are the limits");
-  } else if (!isConnected && vnAPIBase::GetVornCLientStatus() == kRunning) {
+  } else if (!isConnected && vnAPIBase::GetVornCLientStatus() == kClientRunning) {
     findings.troubles.append("the client runs, but the plug-in is not connected to its socket");
   }
 }

@@ -56,6 +56,9 @@ enum vnHandleResult : int {
   VnHandleError = 3,
 };
 
+// What the host's two close methods give when they have closed nothing.
+inline constexpr std::int64_t kNotClosed = -1;
+
 // The names for people who look over the system's shoulder; "" for a number without one.
 const char* nameOfMeetingCommand(std::uint64_t command);
 const char* nameOfMeetingState(std::uint64_t state);

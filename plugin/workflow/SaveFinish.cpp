@@ -8,6 +8,7 @@
 #include "platform/ClassRuntime.h"
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
+#include "workflow/MeetingNumbers.h"
 #include "workflow/RunningSave.h"
 #include "workflow/vnMeetingMgr.h"
 #include "workflow/vnSavePreparation.h"
@@ -24,9 +25,6 @@ constexpr std::string_view kHostSaveAndCloseWindow = "vn_ERCalendarEventEditorVi
 constexpr std::string_view kHostSaveAndCloseReturnError =
     "vn_ERCalendarEventEditorViewController_saveAndCloseWindow:andReturnError:";
 constexpr std::string_view kHostSend = "vn_ERCalendarEventEditorViewController_sendMeetingPostValidate";
-
-// What the host's two close methods give when they have closed nothing.
-constexpr std::int64_t kNotClosed = -1;
 
 // The host's operation behind an appointment action; "" where there is none to make again. With attendees only a
 // send is: an appointment that was saved and not sent stays open with its data written.

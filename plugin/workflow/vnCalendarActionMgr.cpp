@@ -17,8 +17,6 @@ namespace vorn {
 
 namespace {
 
-constexpr double kSecondsPerMinute = 60.0;
-
 // Puts start, end and length into an appointment's plain form; without a new length the old one is kept.
 void moveTo(Value& apptInfo, const HostObject& start, std::optional<double> newDuration) {
   const double seconds = newDuration.value_or(apptInfo[vn_ApptInfo_Duration].realValue() * kSecondsPerMinute);

@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "data/AudioType.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnApptInfoKeys.h"
@@ -14,9 +15,6 @@
 namespace vorn {
 
 namespace {
-
-// Third-party audio has code 3; only then does its text count.
-constexpr int kThirdPartyAudio = 3;
 
 constexpr std::array kBooleans = {
     vn_Setting_EnableHostVideo,
@@ -102,7 +100,8 @@ bool areSettingsChanged(const Value& now, const Value& old) {
   if (std::any_of(kBooleans.begin(), kBooleans.end(), booleanDiffers)) return true;
   if (std::any_of(kIntegers.begin(), kIntegers.end(), integerDiffers)) return true;
   if (isPasscodeChanged(now, old)) return true;
-  if (now[vn_Setting_AudioOption].integerValue() == kThirdPartyAudio &&
+  // The text of third-party audio counts only where that is chosen.
+  if (now[vn_Setting_AudioOption].integerValue() == kAudioThirdParty &&
       !sameText(now[vn_Setting_ThirdPartyAudio], old[vn_Setting_ThirdPartyAudio])) {
     return true;
   }

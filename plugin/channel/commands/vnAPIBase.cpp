@@ -21,8 +21,6 @@ constexpr double kReplySeconds = 60.0;
 constexpr double kActivationSeconds = 2.0;
 constexpr std::int8_t kActivations = 2;
 
-enum ClientStatus { kNotInstalled = 0, kNotRunning = 1, kRunning = 2, kNotSupported = 3 };
-
 constexpr std::string_view kErrorMark = "0;Error ";
 
 // The client's words for an error. 3018 counts as 3001, and the client's own error 2 as the network's 5003; the
@@ -33,9 +31,9 @@ constexpr std::pair<std::string_view, int> kErrors[] = {
     {"0;Error 2", ErrorCode::kNetwork},
     {"0;Error 5003", ErrorCode::kNetwork},
     {"0;Error 3068", ErrorCode::kPMINeedsPassword},
-    {"0;Error 1113", 1113},
-    {"0;Error 1114", 1114},
-    {"0;Error 1115", 1115},
+    {"0;Error 1113", ErrorCode::kAlternateHostsFirst},
+    {"0;Error 1114", ErrorCode::kAlternateHostsFirst + 1},
+    {"0;Error 1115", ErrorCode::kAlternateHostsLast},
     {"0;Error 3070", ErrorCode::kPastMeeting},
     {"0;Error VornClientNotSignIn", ErrorCode::kNotSignedIn},
     {"0;Error 3002", ErrorCode::kMeetingInProgress},
@@ -125,21 +123,21 @@ void vnAPIBase::endWait() {
 int vnAPIBase::checkVornAppError() {
   m_errorCode = [] {
     switch (GetVornCLientStatus()) {
-      case kNotInstalled: return ErrorCode::kNoClient;
-      case kNotSupported: return ErrorCode::kClientTooOld;
-      case kRunning: return ErrorCode::kNone;
+      case kClientNotInstalled: return ErrorCode::kNoClient;
+      case kClientNotSupported: return ErrorCode::kClientTooOld;
+      case kClientRunning: return ErrorCode::kNone;
       default: return ErrorCode::kClientNotRunning;
     }
   }();
   return m_errorCode;
 }
 
-int vnAPIBase::GetVornCLientStatus() {
+ClientStatus vnAPIBase::GetVornCLientStatus() {
   const vnAppHelper::OneLook oneLook;
   vnAppHelper& client = vnAppHelper::sharedInstance();
-  if (!client.isVornusInstalled()) return kNotInstalled;
-  if (!vnClientFeatureMgr::sharedInstance().isSupportedVornClientVersion()) return kNotSupported;
-  return client.isVornRunning() ? kRunning : kNotRunning;
+  if (!client.isVornusInstalled()) return kClientNotInstalled;
+  if (!vnClientFeatureMgr::sharedInstance().isSupportedVornClientVersion()) return kClientNotSupported;
+  return client.isVornRunning() ? kClientRunning : kClientNotRunning;
 }
 
 std::string vnAPIBase::getAPIResult() const { return std::string(m_errorCode != 0 ? keyVNFail : keyVNSuccess); }

@@ -13,6 +13,15 @@
 
 namespace vorn {
 
+// How the client stands.
+enum ClientStatus : int {
+  kClientNotInstalled = 0,
+  kClientNotRunning = 1,
+  kClientRunning = 2,
+  // Its version is too old, whether it runs or not.
+  kClientNotSupported = 3,
+};
+
 // What a reply is to the meeting manager: the number that it goes by, and the data, absent when there are none.
 struct CommandResult {
   HostObject parentWindow;
@@ -61,8 +70,7 @@ class vnAPIBase {
 
   // The code for the client's present status, which is stored too; 0 while it runs.
   int checkVornAppError();
-  // 0 not installed, 1 not running, 2 running, 3 version not supported.
-  static int GetVornCLientStatus();
+  static ClientStatus GetVornCLientStatus();
   // "Fail" after an error, otherwise "Success".
   std::string getAPIResult() const;
   void parseFeedbackError(const std::string& content);

@@ -22,6 +22,8 @@ inline constexpr std::string_view kParam_ActivateVornApplicationExternally =
 // What the client is asked to open when it runs already.
 inline constexpr std::string_view kVornLaunchURL = "vornmtg://vorn.us/start";
 
+inline constexpr std::string_view kOldestSupportedVornClient = "3.5";
+
 // The numbers in these names are planning labels; the versions rule.
 inline constexpr std::string_view kVornClientSupportPACAndNoVideoVersion = "3.5.22781";
 inline constexpr std::string_view kVornClientSupportAutoRecording = "4.0.24613";

@@ -27,7 +27,8 @@ std::string vnClientFeatureMgr::clientVersion() {
 
 bool vnClientFeatureMgr::isSupportedVornClientVersion() {
   const VersionNumber client = VersionNumber::parse(clientVersion());
-  return client >= VersionNumber{3, 5, client.third};
+  const VersionNumber oldest = VersionNumber::parse(kOldestSupportedVornClient);
+  return client >= VersionNumber{oldest.major, oldest.minor, client.third};
 }
 
 bool vnClientFeatureMgr::clientSupportSpecifiedFeature(std::string_view version) {

@@ -29,7 +29,7 @@ class vnClientFeatureMgr {
     vnClientFeatureMgr& m_client;
   };
 
-  // 3.5 or later, looking at two parts only.
+  // The oldest that is supported or later, looking at two parts only.
   bool isSupportedVornClientVersion();
   // True when the client is of that version or later, by the first three parts; false without a client.
   bool clientSupportSpecifiedFeature(std::string_view version);

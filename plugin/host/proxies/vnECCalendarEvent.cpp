@@ -15,7 +15,6 @@ namespace vorn {
 namespace {
 
 constexpr std::string_view kChangedItemPrefix = "content.";
-constexpr double kSecondsPerMinute = 60.0;
 
 }  // namespace
 

@@ -111,6 +111,8 @@ class vnECCalendarEvent : public vnDelegateBase {
   std::optional<vnECRecordUID> m_ecRecordUID;
 };
 
+inline constexpr double kSecondsPerMinute = 60.0;
+
 // A length in seconds as an appointment's plain form holds it: whole minutes, cut toward zero, as decimal text.
 std::string durationText(double seconds);
 

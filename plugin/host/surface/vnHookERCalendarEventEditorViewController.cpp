@@ -3,6 +3,7 @@
 #include "host/surface/HostDescription.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "util/vnOLUtils.h"
+#include "workflow/MeetingNumbers.h"
 #include "workflow/OwnerCheck.h"
 #include "workflow/RunningSave.h"
 #include "workflow/vnActionAdditionViewMonitor.h"
@@ -15,9 +16,6 @@
 namespace vorn {
 
 namespace {
-
-// What a close method gives when nothing was closed.
-const Value kNotClosed(-1);
 
 // Runs the host's own save, or a part of one, as that of the receiver's window.
 Value forwardSave(HookCall& call) {
