@@ -4,6 +4,7 @@
 #include "data/vnUserProfileHelper.h"
 #include "platform/Registry.h"
 #include "settings/RegionCodes.h"
+#include "settings/rules/ControlKeys.h"
 
 namespace vorn {
 
@@ -20,7 +21,7 @@ constexpr const char* kAllowDenyTip = "allowDenyImpactCountriesTipView";
 AllowDenyOptions::AllowDenyOptions(const PanelParts& panel)
     : m_panel(panel),
       m_allowDenyBox(panel.controls.add(Kind::box, kAllowDenyBox)),
-      m_allowDenyButton(panel.controls.add(Kind::checkBox, "allowDenyButton", kAllowDenyBox)),
+      m_allowDenyButton(panel.controls.add(Kind::checkBox, control_key::allowDenyButton, kAllowDenyBox)),
       m_allowDenyText(panel.controls.add(Kind::label, "allowDenyText", kAllowDenyBox)),
       m_allowDenyEditButton(panel.controls.add(Kind::link, "allowDenyEditButton", kAllowDenyBox)),
       m_tipView(panel.controls.add(Kind::box, kAllowDenyTip, kAllowDenyBox)),
@@ -51,7 +52,9 @@ void AllowDenyOptions::initAllowDenyOptionBox() {
   m_allowDenyButton.toolTip = title.toolTip;
   m_tipText.text = panelText("LN_Schedule_AllowDeny_ImpactText_188713");
   updateAllowDenyTextUI();
-  if (facts.isUpdate || m_panel.controls.isOn("buttonUsePMI")) m_panel.steps.updateEditCountriesOptions(true);
+  if (facts.isUpdate || m_panel.controls.isOn(control_key::buttonUsePMI)) {
+    m_panel.steps.updateEditCountriesOptions(true);
+  }
   updateAllowDenyImpactCountriesTipViewUI(true);
 }
 

@@ -2,6 +2,8 @@
 
 #include <unordered_set>
 
+#include "settings/rules/ControlKeys.h"
+
 namespace vorn {
 
 using Kind = Control::Kind;
@@ -9,7 +11,6 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kAlternateHostBox = "alternateHostBox";
 // In points.
 constexpr double g_alternateHostTextViewWidth = 490;
 
@@ -17,9 +18,10 @@ constexpr double g_alternateHostTextViewWidth = 490;
 
 AlternateHostOptions::AlternateHostOptions(const PanelParts& panel)
     : m_panel(panel),
-      m_alternateHostBox(panel.controls.add(Kind::box, kAlternateHostBox)),
-      m_alternateHostLabel(panel.controls.add(Kind::label, "alternateHostLabel", kAlternateHostBox)),
-      m_alternateHostTextField(panel.controls.add(Kind::tokenField, "alternateHostTextField", kAlternateHostBox)),
+      m_alternateHostBox(panel.controls.add(Kind::box, control_key::alternateHostBox)),
+      m_alternateHostLabel(panel.controls.add(Kind::label, "alternateHostLabel", control_key::alternateHostBox)),
+      m_alternateHostTextField(
+          panel.controls.add(Kind::tokenField, "alternateHostTextField", control_key::alternateHostBox)),
       m_alternateHostController(panel, m_alternateHostTextField,
                                 {.textHasChanged = [this] { textHasChanged(); },
                                  .tokenIsEmpty = [this] { rearrangeAlternateHostTextField(); }}) {}

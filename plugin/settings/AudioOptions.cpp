@@ -4,31 +4,28 @@
 #include "channel/discovery/vnPluginBuildMgr.h"
 #include "data/AudioType.h"
 #include "data/vnUserProfileHelper.h"
+#include "settings/rules/ControlKeys.h"
 
 namespace vorn {
 
 using Kind = Control::Kind;
 using namespace panel_rules;
 
-namespace {
-
-constexpr const char* kAudioBox = "audioOptionsBox";
-
-}  // namespace
-
 AudioOptions::AudioOptions(const PanelParts& panel)
     : m_controls(panel.controls),
       m_record(panel.record),
       m_context(panel.context),
       m_steps(panel.steps),
-      m_audioOptionsBox(m_controls.add(Kind::box, kAudioBox)),
-      m_telephonyButton(m_controls.add(Kind::radioButton, "telephonyButton", kAudioBox)),
-      m_tspAccountButton(m_controls.add(Kind::radioButton, "tspAccountButton", kAudioBox)),
-      m_tspAccountPopup(m_controls.add(Kind::popup, "tspAccountPopup", kAudioBox)),
-      m_voipButton(m_controls.add(Kind::radioButton, "voipButton", kAudioBox)),
-      m_bothButton(m_controls.add(Kind::radioButton, "bothButton", kAudioBox)),
-      m_thirdPartyAudioButton(m_controls.add(Kind::radioButton, "thirdPartyAudioButton", kAudioBox)),
-      m_thirdPartyAudioTextField(m_controls.add(Kind::textField, "thirdPartyAudioTextField", kAudioBox)) {}
+      m_audioOptionsBox(m_controls.add(Kind::box, control_key::audioOptionsBox)),
+      m_telephonyButton(m_controls.add(Kind::radioButton, "telephonyButton", control_key::audioOptionsBox)),
+      m_tspAccountButton(m_controls.add(Kind::radioButton, "tspAccountButton", control_key::audioOptionsBox)),
+      m_tspAccountPopup(m_controls.add(Kind::popup, "tspAccountPopup", control_key::audioOptionsBox)),
+      m_voipButton(m_controls.add(Kind::radioButton, "voipButton", control_key::audioOptionsBox)),
+      m_bothButton(m_controls.add(Kind::radioButton, "bothButton", control_key::audioOptionsBox)),
+      m_thirdPartyAudioButton(
+          m_controls.add(Kind::radioButton, "thirdPartyAudioButton", control_key::audioOptionsBox)),
+      m_thirdPartyAudioTextField(
+          m_controls.add(Kind::textField, "thirdPartyAudioTextField", control_key::audioOptionsBox)) {}
 
 void AudioOptions::initWithLocalString() {
   m_audioOptionsBox.text = panelText("LN_Schedule_Audio");

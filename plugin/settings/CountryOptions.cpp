@@ -8,6 +8,7 @@
 #include "data/vnUserProfileHelper.h"
 #include "settings/VNEditCountriesWindowController.h"
 #include "settings/rules/AudioRules.h"
+#include "settings/rules/ControlKeys.h"
 #include "settings/rules/CountryRules.h"
 
 namespace vorn {
@@ -17,7 +18,6 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kCountriesBox = "audioOptionsBox";
 constexpr std::int64_t kNoRegionPolicy = 2;
 
 // What the person offers; absent for one who is not known.
@@ -33,8 +33,9 @@ CountryOptions::CountryOptions(const PanelParts& panel, VNEditCountriesWindowCon
       m_record(panel.record),
       m_steps(panel.steps),
       m_editCountriesWindow(editCountriesWindow),
-      m_selectedCountriesField(m_controls.add(Kind::label, "selectedCountriesField", kCountriesBox)),
-      m_editCountriesButton(m_controls.add(Kind::link, "editCountriesButton", kCountriesBox)) {
+      m_selectedCountriesField(
+          m_controls.add(Kind::label, control_key::selectedCountriesField, control_key::audioOptionsBox)),
+      m_editCountriesButton(m_controls.add(Kind::link, "editCountriesButton", control_key::audioOptionsBox)) {
   m_editCountriesWindow.setDoneTarget([this] { followWindow(); });
 }
 
@@ -112,11 +113,12 @@ void CountryOptions::updateEditCountriesOptions(bool isFromRegion) {
   conflict.webUncheckedDCInfos = person.empty()
                                      ? profile.getWebUncheckedDCInfos()
                                      : vnGetScheduleForListHelper::sharedInstance().getWebUncheckedDCInfos(person);
-  if (m_controls.isShownAndOn("enableDataCenterRegionsButton")) {
+  if (m_controls.isShownAndOn(control_key::enableDataCenterRegionsButton)) {
     conflict.selectedDcs = m_record.arrAdditionalDCRegions();
   }
   // While the panel is loaded the switch may be that of the record before.
-  const bool hasPolicy = m_controls.isShownAndOn("allowDenyButton") && m_record.enableAllowDenyJoinMeetingRegion();
+  const bool hasPolicy =
+      m_controls.isShownAndOn(control_key::allowDenyButton) && m_record.enableAllowDenyJoinMeetingRegion();
   conflict.regionPolicyType = hasPolicy ? m_record.regionType() : kNoRegionPolicy;
   conflict.selectedRegions = m_record.arrRegionCodes();
 

@@ -10,6 +10,7 @@
 #include "platform/controls/NumberedKey.h"
 #include "settings/HelpLinks.h"
 #include "settings/SettingsFlags.h"
+#include "settings/rules/ControlKeys.h"
 #include "settings/rules/LongTexts.h"
 
 namespace vorn {
@@ -36,7 +37,7 @@ DataCenterOptions::DataCenterOptions(const PanelParts& panel)
       m_steps(panel.steps),
       m_dataCenterBox(m_controls.add(Kind::box, kDataCenterBox)),
       m_enableDataCenterRegionsButton(
-          m_controls.add(Kind::checkBox, "enableDataCenterRegionsButton", kDataCenterBox)),
+          m_controls.add(Kind::checkBox, control_key::enableDataCenterRegionsButton, kDataCenterBox)),
       m_warning(m_controls.add(Kind::label, "dataCenterNotSelectTextField", kDataCenterBox)),
       m_tipView(m_controls.add(Kind::box, kDataCenterTip)),
       m_tipText(m_controls.add(Kind::label, "dataCenterImpactCountriesTipText", kDataCenterTip)),
@@ -99,7 +100,7 @@ void DataCenterOptions::initDataCenterRegionsBox() {
     m_record.setArrAdditionalDCRegions(Value::array());
   }
   showChoice();
-  if (isOffered && (m_context.isForUpdateVornMeeting() || m_controls.isOn("buttonUsePMI"))) {
+  if (isOffered && (m_context.isForUpdateVornMeeting() || m_controls.isOn(control_key::buttonUsePMI))) {
     m_steps.updateEditCountriesOptions(false);
   }
   updateDataCenterImpactCountriesTipViewUI(true);

@@ -4,6 +4,7 @@
 #include "platform/Registry.h"
 #include "platform/Workspace.h"
 #include "settings/HelpLinks.h"
+#include "settings/rules/ControlKeys.h"
 
 namespace vorn {
 
@@ -24,7 +25,7 @@ EncryptionOptions::EncryptionOptions(const PanelParts& panel)
       m_encryptionBox(panel.controls.add(Kind::box, kEncryptionBox)),
       m_enhancedButton(panel.controls.add(Kind::radioButton, "enhancedButton", kEncryptionBox)),
       m_enhancedHelpButton(panel.controls.add(Kind::label, "enhancedHelpButton", kEncryptionBox)),
-      m_endtoendButton(panel.controls.add(Kind::radioButton, "endtoendButton", kEncryptionBox)),
+      m_endtoendButton(panel.controls.add(Kind::radioButton, control_key::endtoendButton, kEncryptionBox)),
       m_endtoendHelpButton(panel.controls.add(Kind::label, "endtoendHelpButton", kEncryptionBox)),
       m_encryptionTipView(panel.controls.add(Kind::box, kEncryptionTip, kEncryptionBox)),
       m_encryptionTipText(panel.controls.add(Kind::label, "encryptionTipText", kEncryptionTip)),

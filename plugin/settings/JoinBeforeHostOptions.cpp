@@ -1,5 +1,6 @@
 #include "settings/JoinBeforeHostOptions.h"
 
+#include "settings/rules/ControlKeys.h"
 #include "settings/rules/JoinBeforeHost.h"
 #include "settings/rules/LongTexts.h"
 
@@ -12,7 +13,7 @@ JoinBeforeHostOptions::JoinBeforeHostOptions(const PanelParts& panel)
     : m_record(panel.record),
       m_context(panel.context),
       m_steps(panel.steps),
-      m_enableJBHButton(panel.controls.add(Kind::checkBox, "enableJBHButton")),
+      m_enableJBHButton(panel.controls.add(Kind::checkBox, control_key::enableJBHButton)),
       m_jbhLimitTimePopUp(panel.controls.add(Kind::popup, "jbhLimitTimePopUp")),
       m_jbhBeforeStartTime(panel.controls.add(Kind::label, "jbhBeforeStartTime")) {}
 

@@ -4,6 +4,7 @@
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
 #include "host/proxies/vnMeetingInfoKeys.h"
+#include "settings/rules/ControlKeys.h"
 #include "settings/rules/LongTexts.h"
 #include "settings/rules/MeetingIdRules.h"
 
@@ -14,7 +15,6 @@ using namespace panel_rules;
 
 namespace {
 
-constexpr const char* kMeetingIdBox = "meetingIDBox";
 constexpr const char* kMessage = "pmiDisableMessageView";
 
 // Of the person with the e-mail, "" for oneself.
@@ -30,9 +30,10 @@ MeetingIdOptions::MeetingIdOptions(const PanelParts& panel)
       m_record(panel.record),
       m_context(panel.context),
       m_steps(panel.steps),
-      m_meetingIDBox(m_controls.add(Kind::box, kMeetingIdBox)),
-      m_buttonOneTimeMeeting(m_controls.add(Kind::radioButton, "buttonOneTimeMeeting", kMeetingIdBox)),
-      m_buttonUsePMI(m_controls.add(Kind::radioButton, "buttonUsePMI", kMeetingIdBox)),
+      m_meetingIDBox(m_controls.add(Kind::box, control_key::meetingIDBox)),
+      m_buttonOneTimeMeeting(
+          m_controls.add(Kind::radioButton, control_key::buttonOneTimeMeeting, control_key::meetingIDBox)),
+      m_buttonUsePMI(m_controls.add(Kind::radioButton, control_key::buttonUsePMI, control_key::meetingIDBox)),
       m_pmiDisableMessageView(m_controls.add(Kind::box, kMessage)),
       m_pmiDisableText(m_controls.add(Kind::label, "pmiDisableText", kMessage)),
       m_closePMIDisableMessageButton(m_controls.add(Kind::button, "closePMIDisableMessageButton", kMessage)) {

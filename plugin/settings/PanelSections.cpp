@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "settings/PanelParts.h"
+#include "settings/rules/ControlKeys.h"
 
 namespace vorn {
 
@@ -40,8 +41,8 @@ Section meetingId() {
           panelText("LN_Schedule_Section_MeetingID"),
           {alone("scheduleForBox"),
            line({{"scheduleForPopup", "schedule for"}}, panelText("LN_Schedule_Label_ScheduleFor")),
-           alone("meetingIDBox"), line({{"buttonOneTimeMeeting", "one-time ID"}}),
-           line({{"buttonUsePMI", "personal ID"}}), alone("pmiDisableMessageView"),
+           alone(control_key::meetingIDBox), line({{control_key::buttonOneTimeMeeting, "one-time ID"}}),
+           line({{control_key::buttonUsePMI, "personal ID"}}), alone("pmiDisableMessageView"),
            line({{"pmiDisableText"}, {"closePMIDisableMessageButton", "close the personal ID's message"}})}};
 }
 
@@ -50,7 +51,7 @@ Section meetingTemplate() {
           panelText("LN_Schedule_Section_Template"),
           {alone("templateBox"), line({{"templatePopup", "template"}}), alone("templateTipView"),
            below({{"templateTipText"}, {"viewDetailsButton", "template details"}}),
-           below({{"templateDeletedTipTextField"}})}};
+           below({{control_key::templateDeletedTipTextField}})}};
 }
 
 Section video() {
@@ -63,29 +64,30 @@ Section audio() {
   return {
       "audio",
       panelText("LN_Schedule_Section_Audio"),
-      {alone("audioOptionsBox"), line({{"telephonyButton", "telephone"}}),
+      {alone(control_key::audioOptionsBox), line({{"telephonyButton", "telephone"}}),
        line({{"tspAccountButton", "provider's telephone"}}), line({{"voipButton", "computer audio"}}),
        line({{"bothButton", "telephone and computer audio"}}), below({{"tspAccountPopup", "provider's account"}}),
        line({{"thirdPartyAudioButton", "third-party audio"}}),
        below({{"thirdPartyAudioTextField", "third-party audio's text", true}}),
-       line({{"selectedCountriesField"}, {"editCountriesButton", "edit the countries"}})}};
+       line({{control_key::selectedCountriesField}, {"editCountriesButton", "edit the countries"}})}};
 }
 
 Section security() {
   return {"security",
           panelText("LN_Schedule_Section_Security"),
           {alone("meetingPasswordBox"),
-           line({{"requiredMeetingPswButton", "passcode"},
-                 {"passwordTextField", "passcode's text", true},
+           line({{control_key::requiredMeetingPswButton, "passcode"},
+                 {control_key::passwordTextField, "passcode's text", true},
                  {"pswHelpButton"}}),
-           below({{"passwordPrompt"}}), below({{"pswFormatErrorTextField"}}),
+           below({{"passwordPrompt"}}), below({{control_key::pswFormatErrorTextField}}),
            line({{"enableWaitingRoom", "waiting room"}}), below({{"waitingRoomPrompt"}}), alone("securityTipView"),
            below({{"securityTipText"}, {"securityTipCloseButton", "close the waiting room's tip"}}),
-           alone("restrictDomainsBox"), line({{"onlySignedinWithSpecifiedDomains", "signed-in users only"}}),
+           alone(control_key::restrictDomainsBox),
+           line({{control_key::onlySignedinWithSpecifiedDomains, "signed-in users only"}}),
            below({{"authNamePopup", "way of signing in"}}),
            below({{"domainText"}, {"viewEditButton", "edit the domains"}}), below({{"deleteDomainWarning"}}),
-           alone("securityErrorTextField"),
-           line({{"enableJBHButton", "join before host"},
+           alone(control_key::securityErrorTextField),
+           line({{control_key::enableJBHButton, "join before host"},
                  {"jbhLimitTimePopUp", "time before the start"},
                  {"jbhBeforeStartTime"}})}};
 }
@@ -94,7 +96,8 @@ Section encryption() {
   return {"encryption",
           panelText("LN_Schedule_Encryption"),
           {alone("encryptionBox"), line({{"enhancedButton", "enhanced encryption"}, {"enhancedHelpButton"}}),
-           line({{"endtoendButton", "end-to-end encryption"}, {"endtoendHelpButton"}}), alone("encryptionTipView"),
+           line({{control_key::endtoendButton, "end-to-end encryption"}, {"endtoendHelpButton"}}),
+           alone("encryptionTipView"),
            below({{"encryptionTipText"},
                   {"encryptionTipLearnMoreButton", "learn more about encryption"},
                   {"encryptionTipCloseButton", "close the encryption's tip"}})}};
@@ -109,10 +112,10 @@ Section recording() {
 }
 
 Section alternateHosts() {
-  return {
-      "alternateHosts",
-      panelText("LN_Schedule_Section_AlternateHosts"),
-      {alone("alternateHostBox"), line({{"alternateHostLabel"}, {"alternateHostTextField", "alternate hosts"}})}};
+  return {"alternateHosts",
+          panelText("LN_Schedule_Section_AlternateHosts"),
+          {alone(control_key::alternateHostBox),
+           line({{"alternateHostLabel"}, {"alternateHostTextField", "alternate hosts"}})}};
 }
 
 Section advanced() {
@@ -131,24 +134,25 @@ Section regions() {
   return {"regions",
           panelText("LN_Schedule_Section_Regions"),
           // Its centres come with the box, and so behind the switch that they belong to.
-          {line({{"enableDataCenterRegionsButton", "data centres"}}), alone("dataCenterBox"),
+          {line({{control_key::enableDataCenterRegionsButton, "data centres"}}), alone("dataCenterBox"),
            below({{"dataCenterNotSelectTextField"}}), alone("dataCenterImpactCountriesTipView"),
            below({{"dataCenterImpactCountriesTipText"},
                   {"dataCenterImpactCountriesTipLink", "learn more about data centres"}}),
-           alone("allowDenyBox"), line({{"allowDenyButton", "join regions"}}),
+           alone("allowDenyBox"), line({{control_key::allowDenyButton, "join regions"}}),
            below({{"allowDenyText"}, {"allowDenyEditButton", "edit the join regions"}}),
            alone("allowDenyImpactCountriesTipView"), below({{"allowDenyImpactCountriesTipText"}})}};
 }
 
 Section trackingFields() {
-  return {"trackingFields", panelText("LN_Schedule_Section_TrackingFields"), {alone("trackingFieldsBox")}};
+  return {
+      "trackingFields", panelText("LN_Schedule_Section_TrackingFields"), {alone(control_key::trackingFieldsBox)}};
 }
 
 Section buttons() {
   return {"buttons",
           "",
           {line({{"notShowMeAgain", "not show me again"}}),
-           line({{"buttonCancel", "cancel"}, {"buttonContinue", "continue"}})}};
+           line({{control_key::buttonCancel, "cancel"}, {control_key::buttonContinue, "continue"}})}};
 }
 
 Section passwordRules() {

@@ -5,6 +5,7 @@
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
 #include "platform/Workspace.h"
+#include "settings/rules/ControlKeys.h"
 #include "settings/rules/InvitationLanguages.h"
 
 namespace vorn {
@@ -76,7 +77,7 @@ Control& PlainOptions::control(const PlainOption& option) { return *m_controls.f
 
 SwitchState PlainOptions::state(const PlainOption& option) const {
   OptionFacts facts = m_context.facts(m_record);
-  facts.isSignInOnly = m_controls.isShownAndOn("onlySignedinWithSpecifiedDomains");
+  facts.isSignInOnly = m_controls.isShownAndOn(control_key::onlySignedinWithSpecifiedDomains);
   return stateOf(option, facts, m_record.options());
 }
 
@@ -221,7 +222,7 @@ std::int32_t PlainOptions::getCurrentAutoRecordingTypeFromUI() const {
 
 void PlainOptions::onClickAutoRecordingButton() {
   const RecordingState clicked = recordingAfterClick(shownRecording(), recordingKinds(), m_autoRecordingButton.on,
-                                                     m_controls.isShownAndOn("endtoendButton"));
+                                                     m_controls.isShownAndOn(control_key::endtoendButton));
   m_autoRecordingOptionMatrixLocal.hidden = !clicked.isLocalShown;
   m_autoRecordingOptionMatrixCloud.hidden = !clicked.isCloudShown;
   // So that the choice outlasts the next load.

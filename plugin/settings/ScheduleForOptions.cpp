@@ -5,6 +5,7 @@
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "data/vnUserProfileHelper.h"
+#include "settings/rules/ControlKeys.h"
 #include "settings/rules/ScheduleForRules.h"
 
 namespace vorn {
@@ -68,7 +69,7 @@ std::string ScheduleForOptions::getScheduleForEmail() const {
 }
 
 std::string ScheduleForOptions::getScheduleForEmailFromUI() const {
-  return m_controls.isOn("buttonUsePMI") ? getUIScheduleForEmail() : "";
+  return m_controls.isOn(control_key::buttonUsePMI) ? getUIScheduleForEmail() : "";
 }
 
 // -- Their list --------------------------------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 #include "channel/store/vnLocalProfileKeys.h"
 #include "data/NotAgainFlags.h"
 #include "settings/VNPasswordRuleWindowController.h"
+#include "settings/rules/ControlKeys.h"
 #include "settings/rules/LongTexts.h"
 #include "settings/rules/PasscodeHelp.h"
 
@@ -40,14 +41,15 @@ SecurityOptions::SecurityOptions(const PanelParts& panel, VNPasswordRuleWindowCo
       m_steps(panel.steps),
       m_passwordRuleWindow(passwordRuleWindow),
       m_meetingPasswordBox(m_controls.add(Kind::box, kSecurityBox)),
-      m_requiredMeetingPswButton(m_controls.add(Kind::checkBox, "requiredMeetingPswButton", kSecurityBox)),
-      m_passwordTextField(m_controls.add(Kind::textField, "passwordTextField", kSecurityBox)),
+      m_requiredMeetingPswButton(
+          m_controls.add(Kind::checkBox, control_key::requiredMeetingPswButton, kSecurityBox)),
+      m_passwordTextField(m_controls.add(Kind::textField, control_key::passwordTextField, kSecurityBox)),
       m_pswHelpButton(m_controls.add(Kind::label, "pswHelpButton", kSecurityBox)),
-      m_pswFormatErrorTextField(m_controls.add(Kind::label, "pswFormatErrorTextField", kSecurityBox)),
+      m_pswFormatErrorTextField(m_controls.add(Kind::label, control_key::pswFormatErrorTextField, kSecurityBox)),
       m_passwordPrompt(m_controls.add(Kind::label, "passwordPrompt", kSecurityBox)),
       m_enableWaitingRoom(m_controls.add(Kind::checkBox, "enableWaitingRoom", kSecurityBox)),
       m_waitingRoomPrompt(m_controls.add(Kind::label, "waitingRoomPrompt", kSecurityBox)),
-      m_securityErrorTextField(m_controls.add(Kind::label, "securityErrorTextField", kSecurityBox)),
+      m_securityErrorTextField(m_controls.add(Kind::label, control_key::securityErrorTextField, kSecurityBox)),
       m_securityTipView(m_controls.add(Kind::box, kSecurityTip, kSecurityBox)),
       m_securityTipText(m_controls.add(Kind::label, "securityTipText", kSecurityTip)),
       m_securityTipCloseButton(m_controls.add(Kind::button, "securityTipCloseButton", kSecurityTip)) {
@@ -68,7 +70,7 @@ void SecurityOptions::initWithLocalString() {
 }
 
 PasscodeSituation SecurityOptions::situation() const {
-  return {.usePMI = m_record.usePMI(), .enableJBH = m_controls.isOn("enableJBHButton")};
+  return {.usePMI = m_record.usePMI(), .enableJBH = m_controls.isOn(control_key::enableJBHButton)};
 }
 
 // -- Passcode ----------------------------------------------------------------------------------------------------
@@ -249,8 +251,8 @@ SecurityControls SecurityOptions::shown() const {
           .enableWaitingRoomHidden = m_enableWaitingRoom.hidden,
           .enableWaitingRoomOn = m_enableWaitingRoom.on,
           .waitingRoomPromptHidden = m_waitingRoomPrompt.hidden,
-          .restrictDomainsBoxHidden = !m_controls.isShown("restrictDomainsBox"),
-          .onlySignedinOn = m_controls.isShownAndOn("onlySignedinWithSpecifiedDomains"),
+          .restrictDomainsBoxHidden = !m_controls.isShown(control_key::restrictDomainsBox),
+          .onlySignedinOn = m_controls.isShownAndOn(control_key::onlySignedinWithSpecifiedDomains),
           .errorHidden = m_securityErrorTextField.hidden,
           .tipHidden = m_securityTipView.hidden};
 }

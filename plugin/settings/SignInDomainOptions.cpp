@@ -9,6 +9,7 @@
 #include "platform/Registry.h"
 #include "settings/SettingsFlags.h"
 #include "settings/VNDomainsWindowController.h"
+#include "settings/rules/ControlKeys.h"
 #include "settings/rules/SignInRules.h"
 
 namespace vorn {
@@ -17,8 +18,6 @@ using Kind = Control::Kind;
 using namespace panel_rules;
 
 namespace {
-
-constexpr const char* kDomainsBox = "restrictDomainsBox";
 
 std::string idOf(const Value& auth) { return auth[vn_Setting_MeetingAuth_AuthId].stringValue(); }
 std::string nameOf(const Value& auth) { return auth[vn_Setting_MeetingAuth_AuthName].stringValue(); }
@@ -31,13 +30,13 @@ SignInDomainOptions::SignInDomainOptions(const PanelParts& panel, VNDomainsWindo
       m_context(panel.context),
       m_steps(panel.steps),
       m_domainsWindow(domainsWindow),
-      m_restrictDomainsBox(m_controls.add(Kind::box, kDomainsBox)),
-      m_onlySignedinWithSpecifiedDomains(
-          m_controls.add(Kind::checkBox, "onlySignedinWithSpecifiedDomains", kDomainsBox)),
-      m_authNamePopup(m_controls.add(Kind::popup, "authNamePopup", kDomainsBox)),
-      m_domainText(m_controls.add(Kind::label, "domainText", kDomainsBox)),
-      m_viewEditButton(m_controls.add(Kind::link, "viewEditButton", kDomainsBox)),
-      m_deleteDomainWarning(m_controls.add(Kind::label, "deleteDomainWarning", kDomainsBox)),
+      m_restrictDomainsBox(m_controls.add(Kind::box, control_key::restrictDomainsBox)),
+      m_onlySignedinWithSpecifiedDomains(m_controls.add(
+          Kind::checkBox, control_key::onlySignedinWithSpecifiedDomains, control_key::restrictDomainsBox)),
+      m_authNamePopup(m_controls.add(Kind::popup, "authNamePopup", control_key::restrictDomainsBox)),
+      m_domainText(m_controls.add(Kind::label, "domainText", control_key::restrictDomainsBox)),
+      m_viewEditButton(m_controls.add(Kind::link, "viewEditButton", control_key::restrictDomainsBox)),
+      m_deleteDomainWarning(m_controls.add(Kind::label, "deleteDomainWarning", control_key::restrictDomainsBox)),
       m_authDomainChanged(Registry::platform().notificationCenter->observe(
           notify_Schedule_AuthDomainChanged,
           [this](const NotificationCenter::Notification& note) { onUpdateMeetingAuthChanged(note.userInfo); },
@@ -73,7 +72,7 @@ const SignInDomainOptions::Edits* SignInDomainOptions::edits() const {
 
 Value SignInDomainOptions::getAllMeetingAuths() {
   MeetingAuths all = allMeetingAuths(SettingsContext::profile().getMeetingAuths(), m_record.options(),
-                                     isLocked() && m_controls.isOn("buttonOneTimeMeeting"));
+                                     isLocked() && m_controls.isOn(control_key::buttonOneTimeMeeting));
   SettingsFlags::shared().isIncludeDeletedAuthDomain = all.isIncludeDeletedAuthDomain;
   if (all.newAuthId) m_record.setAuthId(all.newAuthId);
   takeEdits(all.list);
@@ -118,7 +117,7 @@ void SignInDomainOptions::initRestrictDomainsBox() {
 void SignInDomainOptions::chooseAtLoad() {
   const std::string recordsId = m_record.authId().value_or("");
   // What is locked is the account's for a meeting with a number of its own.
-  const bool isAccounts = isLocked() && !m_controls.isOn("buttonUsePMI");
+  const bool isAccounts = isLocked() && !m_controls.isOn(control_key::buttonUsePMI);
   std::optional<int> index =
       recordsId.empty() || isAccounts ? defaultAuth(m_meetingAuths) : authWithId(m_meetingAuths, recordsId);
   if (const Edits* own = edits(); own && own->chosenId) {

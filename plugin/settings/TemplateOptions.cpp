@@ -6,6 +6,7 @@
 #include "platform/Registry.h"
 #include "platform/Workspace.h"
 #include "settings/SettingsFlags.h"
+#include "settings/rules/ControlKeys.h"
 
 namespace vorn {
 
@@ -35,7 +36,7 @@ TemplateOptions::TemplateOptions(const PanelParts& panel)
       m_templateTipText(m_controls.add(Kind::label, "templateTipText", kTemplateTip)),
       m_viewDetailsButton(m_controls.add(Kind::link, "viewDetailsButton", kTemplateTip)),
       // Outside the box: what holds Continue back is seen also when the account offers no templates any more.
-      m_templateDeletedTipTextField(m_controls.add(Kind::label, "templateDeletedTipTextField")) {
+      m_templateDeletedTipTextField(m_controls.add(Kind::label, control_key::templateDeletedTipTextField)) {
   m_templateBox.hidden = true;
   m_templateTipView.hidden = true;
   m_templateDeletedTipTextField.hidden = true;
@@ -66,12 +67,13 @@ void TemplateOptions::initTemplateBox(const MeetingTemplate& chosen) {
   int& lastIndex = SettingsFlags::shared().theLastTemplateSclectIndex;
   lastIndex = 0;
   m_templates = allTemplates(offered(), chosen);
-  m_templateBox.hidden = templateBoxIsHidden(
-      {.isPersonalMeeting = m_controls.isShown("meetingIDBox") && m_controls.isOn("buttonUsePMI"),
-       .isUpdate = m_context.isForUpdateVornMeeting(),
-       .isEnableAdminTemplate = SettingsContext::profile().isEnableAdminTemplate(email),
-       .isLockAdminTemplate = SettingsContext::profile().isLockAdminTemplate(email),
-       .hasTemplates = !m_templates.empty()});
+  m_templateBox.hidden =
+      templateBoxIsHidden({.isPersonalMeeting = m_controls.isShown(control_key::meetingIDBox) &&
+                                                m_controls.isOn(control_key::buttonUsePMI),
+                           .isUpdate = m_context.isForUpdateVornMeeting(),
+                           .isEnableAdminTemplate = SettingsContext::profile().isEnableAdminTemplate(email),
+                           .isLockAdminTemplate = SettingsContext::profile().isLockAdminTemplate(email),
+                           .hasTemplates = !m_templates.empty()});
   if (!m_templateBox.hidden) {
     m_templatePopup.items = templateItems(m_templates, panelText);
     m_templatePopup.index = templateIndex(m_templates, chosen.id);

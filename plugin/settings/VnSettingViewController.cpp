@@ -14,6 +14,7 @@
 #include "platform/Registry.h"
 #include "platform/RunLoop.h"
 #include "platform/controls/FieldKeys.h"
+#include "settings/rules/ControlKeys.h"
 #include "settings/rules/PanelReasons.h"
 #include "util/Text.h"
 
@@ -22,8 +23,9 @@ namespace vorn {
 namespace {
 
 // The fields that tell of a fault.
-constexpr std::array<std::string_view, 3> kErrorFields{"pswFormatErrorTextField", "securityErrorTextField",
-                                                       "templateDeletedTipTextField"};
+constexpr std::array<std::string_view, 3> kErrorFields{control_key::pswFormatErrorTextField,
+                                                       control_key::securityErrorTextField,
+                                                       control_key::templateDeletedTipTextField};
 
 }  // namespace
 
@@ -414,17 +416,17 @@ void VnSettingViewController::onSelectedCountriesChanged() {
 
 ContinueFacts VnSettingViewController::continueFacts() const {
   ContinueFacts facts;
-  facts.isPasscodeShown = m_controls.isShown("passwordTextField");
-  facts.isPasscodeOn = m_controls.isOn("requiredMeetingPswButton");
-  facts.passcode = m_controls.find("passwordTextField")->text;
+  facts.isPasscodeShown = m_controls.isShown(control_key::passwordTextField);
+  facts.isPasscodeOn = m_controls.isOn(control_key::requiredMeetingPswButton);
+  if (const Control* field = m_controls.find(control_key::passwordTextField)) facts.passcode = field->text;
   facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
-  facts.isAlternateHostShown = m_controls.isShown("alternateHostBox");
+  facts.isAlternateHostShown = m_controls.isShown(control_key::alternateHostBox);
   facts.hasAlternateHostError = m_alternateHosts.checkAlternateHostError();
   facts.awaitsReply = m_context.awaitsMeeting() || m_context.awaitsScheduleForList();
-  facts.isTrackingShown = m_controls.isShown("trackingFieldsBox");
+  facts.isTrackingShown = m_controls.isShown(control_key::trackingFieldsBox);
   facts.missedRequiredTrackingFields = m_trackingFieldsController.missedRequiredTrackingFields();
-  facts.areCountriesShown = m_controls.isShown("selectedCountriesField");
+  facts.areCountriesShown = m_controls.isShown(control_key::selectedCountriesField);
   facts.areCountriesEmpty = m_countries.areCountriesEmpty();
   return facts;
 }

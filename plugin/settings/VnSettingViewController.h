@@ -24,6 +24,7 @@
 #include "settings/VNEditCountriesWindowController.h"
 #include "settings/VNPasswordRuleWindowController.h"
 #include "settings/rules/ContinueRule.h"
+#include "settings/rules/ControlKeys.h"
 #include "settings/vnTrackingFieldsController.h"
 
 namespace vorn {
@@ -194,8 +195,8 @@ class VnSettingViewController final : private PanelSteps {
   AudioOptions m_audio{m_parts};
   CountryOptions m_countries{m_parts, m_editCountriesWindowController};
   vnTrackingFieldsController m_trackingFieldsController{m_parts};
-  Control& m_buttonContinue = m_controls.add(Control::Kind::button, "buttonContinue");
-  Control& m_buttonCancel = m_controls.add(Control::Kind::button, "buttonCancel");
+  Control& m_buttonContinue = m_controls.add(Control::Kind::button, control_key::buttonContinue);
+  Control& m_buttonCancel = m_controls.add(Control::Kind::button, control_key::buttonCancel);
   std::function<void(bool forPMI)> m_refreshTarget;
   NotificationCenter::Subscription m_clientWaitEnded;
   NotificationCenter::Subscription m_trackingFieldChanges;

@@ -11,6 +11,7 @@
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
 #include "settings/PanelSections.h"
+#include "settings/rules/ControlKeys.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -54,8 +55,8 @@ void VnSettingWindowController::showWindowSheet() {
 }
 
 void VnSettingWindowController::userUsed(const std::string& key) {
-  if (key == "buttonContinue") return m_myButtonGroupViewController.onClickContinue();
-  if (key == "buttonCancel") return m_myButtonGroupViewController.onClickCancel();
+  if (key == control_key::buttonContinue) return m_myButtonGroupViewController.onClickContinue();
+  if (key == control_key::buttonCancel) return m_myButtonGroupViewController.onClickCancel();
   m_mySettingViewController->userChanged(key);
   m_banners->myScheduleLimitationViewController.userChanged(key);
   m_banners->myPluginTurnoffViewController.userChanged(key);

@@ -5,21 +5,16 @@
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/controls/NumberedKey.h"
+#include "settings/rules/ControlKeys.h"
 
 namespace vorn {
 
 using namespace panel_rules;
 
-namespace {
-
-constexpr const char* kTrackingFieldsBox = "trackingFieldsBox";
-
-}  // namespace
-
 vnTrackingFieldsController::vnTrackingFieldsController(const PanelParts& panel)
     : m_controls(panel.controls),
       m_record(panel.record),
-      m_trackingFieldsBox(m_controls.add(Control::Kind::box, kTrackingFieldsBox)) {
+      m_trackingFieldsBox(m_controls.add(Control::Kind::box, control_key::trackingFieldsBox)) {
   m_trackingFieldsBox.hidden = true;
 }
 
@@ -27,8 +22,8 @@ vnTrackingFieldsController::vnTrackingFieldsController(const PanelParts& panel)
 
 void vnTrackingFieldsController::initTrackingFieldItemListWithUserProfile() {
   for (const Value& field : vnUserProfileHelper::sharedInstance().trackingFields().items()) {
-    m_items.push_back(std::make_unique<vnTrackingFieldViewItem>(m_controls, kTrackingFieldsBox, m_items.size(),
-                                                                trackingFieldOf(field)));
+    m_items.push_back(std::make_unique<vnTrackingFieldViewItem>(m_controls, control_key::trackingFieldsBox,
+                                                                m_items.size(), trackingFieldOf(field)));
     m_itemWithId.emplace(m_items.back()->trackingFieldContent().id, m_items.back().get());
   }
   initialItems();

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/OptionPolicy.h"
+#include "settings/rules/ControlKeys.h"
 #include "util/MemberName.h"
 
 namespace vorn::panel_rules {
@@ -22,7 +23,7 @@ struct Question {
 
   const AccountFacts& account() const { return situation.facts.account; }
   const ClientGates& client() const { return situation.facts.client; }
-  bool isEndToEnd() const { return controls.isShownAndOn("endtoendButton"); }
+  bool isEndToEnd() const { return controls.isShownAndOn(control_key::endtoendButton); }
 };
 
 enum class State { hidden, locked };
@@ -166,21 +167,22 @@ constexpr const OptionPolicy& kEndToEndPolicy = policyOf(vn_Setting_EnableE2ee);
 constexpr const OptionPolicy& kRecordingPolicy = policyOf(vn_Setting_EnableAutoRecordingType);
 constexpr const OptionPolicy& kPublicEventPolicy = policyOf(vn_Setting_EnableAddMeetingToPublicEvent);
 
-constexpr Keys kPasscode = {"requiredMeetingPswButton", "passwordPrompt", "pswHelpButton"};
+constexpr Keys kPasscode = {control_key::requiredMeetingPswButton, "passwordPrompt", "pswHelpButton"};
 constexpr Keys kWaitingRoom = {"enableWaitingRoom", "waitingRoomPrompt"};
-constexpr Keys kSignIn = {"restrictDomainsBox", "onlySignedinWithSpecifiedDomains"};
+constexpr Keys kSignIn = {control_key::restrictDomainsBox, control_key::onlySignedinWithSpecifiedDomains};
 constexpr Keys kJoinTime = {"jbhLimitTimePopUp", "jbhBeforeStartTime"};
-constexpr Keys kEncryption = {"encryptionBox", "enhancedButton", "enhancedHelpButton", "endtoendButton",
+constexpr Keys kEncryption = {"encryptionBox", "enhancedButton", "enhancedHelpButton", control_key::endtoendButton,
                               "endtoendHelpButton"};
 constexpr Keys kRecording = {"autoRecordingBox", "autoRecordingButton", "autoRecordingOptionMatrixLocal",
                              "autoRecordingOptionMatrixCloud"};
 constexpr Keys kRecordingChoices = {"autoRecordingOptionMatrixLocal", "autoRecordingOptionMatrixCloud"};
 constexpr Keys kPublicEvent = {"publicEventBox", "publicEventButton", "publicEventListButton"};
-constexpr Keys kErrors = {"pswFormatErrorTextField", "securityErrorTextField", "templateDeletedTipTextField"};
+constexpr Keys kErrors = {control_key::pswFormatErrorTextField, control_key::securityErrorTextField,
+                          control_key::templateDeletedTipTextField};
 constexpr Keys kFurtherErrors = {"deleteDomainWarning", "_domainsErrorLabel", "dataCenterNotSelectTextField",
                                  "_errorForNoSelectedField"};
-constexpr Keys kCountries = {"selectedCountriesField", "editCountriesButton"};
-constexpr Keys kDataCentres = {"dataCenterBox", "enableDataCenterRegionsButton"};
+constexpr Keys kCountries = {control_key::selectedCountriesField, "editCountriesButton"};
+constexpr Keys kDataCentres = {"dataCenterBox", control_key::enableDataCenterRegionsButton};
 
 constexpr Keys kTurnoffParts = {"pluginTurnoffText", "pluginTurnoffLink", "pluginTurnoffTextAfterLink",
                                 "pluginTurnoffHelperLink"};
@@ -206,13 +208,13 @@ constexpr Reason kReasons[] = {
     hiddenByMeeting({"scheduleForBox"}, "the meeting exists already", isUpdate),
     hiddenByMeeting({"scheduleForBox"}, "there is nobody to schedule for"),
     lockedByMeeting({"scheduleForPopup"}, "the meeting exists already"),
-    {{"meetingIDBox"},
+    {{control_key::meetingIDBox},
      State::hidden,
      Whose::administrator,
      memberName<&S::isDisablePMI>(),
      [](const Question& q) { return q.situation.isDisablePMI; }},
-    hiddenByMeeting({"meetingIDBox"}, "there is no personal meeting ID to choose"),
-    lockedBy(policyOf(vn_Setting_IsPMI), {"buttonUsePMI", "buttonOneTimeMeeting"}),
+    hiddenByMeeting({control_key::meetingIDBox}, "there is no personal meeting ID to choose"),
+    lockedBy(policyOf(vn_Setting_IsPMI), {control_key::buttonUsePMI, control_key::buttonOneTimeMeeting}),
     hiddenByMeeting({"pmiDisableMessageView"}, "there is nothing to say of the personal ID, or the user knows it"),
     hiddenByChoice({"closePMIDisableMessageButton"}, "it is said of somebody else"),
     hiddenByChoice({"templateBox"}, kPersonal, isPersonal),
@@ -221,7 +223,7 @@ constexpr Reason kReasons[] = {
     hiddenByChoice({"templateTipView"}, "no template is chosen"),
 
     // Audio
-    hiddenByMeeting({"audioOptionsBox"}, "this build offers no audio options"),
+    hiddenByMeeting({control_key::audioOptionsBox}, "this build offers no audio options"),
     hiddenByChoice({"telephonyButton", "bothButton", "thirdPartyAudioButton", "tspAccountButton",
                     "tspAccountPopup", "thirdPartyAudioTextField"},
                    kEndToEnd, isEndToEnd),
@@ -250,9 +252,9 @@ constexpr Reason kReasons[] = {
     hiddenByMeeting(kDataCentres, "there is no further data centre"),
     tooOld<&G::isVornClientSupport550Tasks>({"allowDenyBox"}),
     lockedOffBy(kRegionsPolicy, {"allowDenyBox"}),
-    lockedBy(kRegionsPolicy, {"allowDenyButton"}),
+    lockedBy(kRegionsPolicy, {control_key::allowDenyButton}),
     hiddenByChoice({"allowDenyText", "allowDenyEditButton"}, "the join regions are not limited",
-                   [](const Question& q) { return !q.controls.isOn("allowDenyButton"); }),
+                   [](const Question& q) { return !q.controls.isOn(control_key::allowDenyButton); }),
     hiddenWithLock(kRegionsPolicy, {"allowDenyEditButton"}),
     hiddenByMeeting({"dataCenterImpactCountriesTipView", "allowDenyImpactCountriesTipView"},
                     "no chosen country is lost by it"),
@@ -262,10 +264,10 @@ constexpr Reason kReasons[] = {
     lockedByChoice({"allowDenyRCSaveButton"}, "no region is chosen"),
 
     // Tracking fields and alternate hosts
-    hiddenByMeeting({"trackingFieldsBox"}, "the account has no tracking fields"),
+    hiddenByMeeting({control_key::trackingFieldsBox}, "the account has no tracking fields"),
     hiddenByMeeting({"trackingFieldItem._optionalLabel"}, "the field is required"),
-    tooOld<&G::isVornClientSupportAHAndMuteOnEntry>({"alternateHostBox"}),
-    notOffered<&F::isPaidUser>({"alternateHostBox"}),
+    tooOld<&G::isVornClientSupportAHAndMuteOnEntry>({control_key::alternateHostBox}),
+    notOffered<&F::isPaidUser>({control_key::alternateHostBox}),
 
     // Video
     lockedBy(policyOf(vn_Setting_EnableHostVideo), {"videoHostMatrix"}),
@@ -278,8 +280,8 @@ constexpr Reason kReasons[] = {
     byAdministrator(State::locked, kPasscodeOfOwn, kPasscode, isLocked, isOneTime),
     byAdministrator(State::locked, kPasscodeOfPersonal, kPasscode, isLocked, isPersonal),
     passcodeForced(State::locked, kPasscode),
-    hiddenByChoice({"passwordTextField"}, "the passcode is off"),
-    lockedByChoice({"passwordTextField"}, "the passcode is off"),
+    hiddenByChoice({control_key::passwordTextField}, "the passcode is off"),
+    lockedByChoice({control_key::passwordTextField}, "the passcode is off"),
     hiddenByChoice({"pswHelpButton"}, "there is nothing to say of this passcode"),
     hiddenByMeeting({"meetingPasswordBox"}, "none of its options is offered"),
     hiddenByMeeting(kErrors, "nothing is wrong"),
@@ -293,8 +295,9 @@ constexpr Reason kReasons[] = {
     without<&S::isSupportOnlyAuthUsersCanJoin>(kSignIn),
     lockedOffBy(kSignInLock, kSignIn),
     lockedBy(kSignInLock, kSignIn),
-    hiddenByChoice({"authNamePopup", "domainText", "viewEditButton"}, "signed-in users only is off",
-                   [](const Question& q) { return !q.controls.isOn("onlySignedinWithSpecifiedDomains"); }),
+    hiddenByChoice(
+        {"authNamePopup", "domainText", "viewEditButton"}, "signed-in users only is off",
+        [](const Question& q) { return !q.controls.isOn(control_key::onlySignedinWithSpecifiedDomains); }),
     hiddenByMeeting({"authNamePopup"}, "there is only one way of signing in"),
     hiddenByChoice({"domainText"}, "the way of signing in names no domains"),
     hiddenWithLock(kSignInLock, {"viewEditButton", "domains_SaveBtn"}),
@@ -302,9 +305,10 @@ constexpr Reason kReasons[] = {
     lockedBy(kSignInLock, {"_domainsTextField"}),
 
     // Join before host
-    hiddenByChoice({"enableJBHButton", "jbhLimitTimePopUp", "jbhBeforeStartTime"}, kEndToEnd, isEndToEnd),
-    lockedBy(kJoinEarly, {"enableJBHButton", "jbhLimitTimePopUp"}),
-    lockedByChoice({"enableJBHButton"}, kEndToEnd, isEndToEnd),
+    hiddenByChoice({control_key::enableJBHButton, "jbhLimitTimePopUp", "jbhBeforeStartTime"}, kEndToEnd,
+                   isEndToEnd),
+    lockedBy(kJoinEarly, {control_key::enableJBHButton, "jbhLimitTimePopUp"}),
+    lockedByChoice({control_key::enableJBHButton}, kEndToEnd, isEndToEnd),
     lockedByChoice({"jbhLimitTimePopUp"}, "join before host is off"),
     tooOld<&G::isVornClientSupport464Tasks>(kJoinTime),
     notOffered(policyOf(vn_Setting_JBHPriorTime), kJoinTime),
@@ -318,7 +322,7 @@ constexpr Reason kReasons[] = {
     notOffered(kEndToEndPolicy, kEncryption),
     lockedOffBy(kEndToEndPolicy, kEncryption),
     hiddenWithLock(kEndToEndPolicy, {"enhancedButton", "enhancedHelpButton"}),
-    lockedBy(kEndToEndPolicy, {"endtoendButton"}),
+    lockedBy(kEndToEndPolicy, {control_key::endtoendButton}),
     hiddenByChoice({"encryptionTipView"}, "end-to-end encryption is not chosen",
                    [](const Question& q) { return !q.isEndToEnd(); }),
     hiddenByChoice({"encryptionTipView"}, kUnwanted),
@@ -365,7 +369,7 @@ std::string withoutNumber(std::string key) {
 
 std::string ownReason(const Control& control, const Question& question) {
   static const auto kByControl = reasonsByControl();
-  if (control.key == "buttonContinue" && !control.enabled) return question.situation.heldBackBy;
+  if (control.key == control_key::buttonContinue && !control.enabled) return question.situation.heldBackBy;
   const State state = control.hidden ? State::hidden : State::locked;
   const auto [begin, end] = kByControl.equal_range(withoutNumber(control.key));
   for (auto each = begin; each != end; ++each) {
