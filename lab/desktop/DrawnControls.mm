@@ -155,9 +155,7 @@ Control readView(const vorn::ControlView& drawn, const std::string& key) {
       seen.on = [as<NSButton>(view) state] == NSOnState;
       break;
   }
-  const bool isField = seen.kind == Control::Kind::textField || seen.kind == Control::Kind::comboBox ||
-                       seen.kind == Control::Kind::tokenField;
-  if (isField && hasRedBorder(view)) seen.redBorderWidth = 1;
+  if (isTypedInto(seen.kind) && hasRedBorder(view)) seen.redBorderWidth = 1;
   return seen;
 }
 

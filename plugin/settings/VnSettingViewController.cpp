@@ -266,8 +266,7 @@ void VnSettingViewController::onPMIMeetingInfo() {
 void VnSettingViewController::userChanged(std::string_view key) {
   const ControlSet::Change change(m_controls);
   const Control* used = m_controls.find(fieldOf(key));
-  const bool isTyped = used && (used->kind == Control::Kind::textField || used->kind == Control::Kind::comboBox ||
-                                used->kind == Control::Kind::tokenField);
+  const bool isTyped = used && isTypedInto(used->kind);
   if (!isTyped && m_controls.windowOf(key).empty()) closeSubWindows();
   m_plainOptions.userChanged(key);
   m_security.userChanged(key);

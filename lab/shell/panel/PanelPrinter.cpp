@@ -153,8 +153,7 @@ class Page {
 
   bool isField(const PanelLayout::Place& place) const {
     const Control* control = m_controls.find(place.key);
-    return control && (control->kind == Kind::popup || control->kind == Kind::comboBox ||
-                       control->kind == Kind::textField || control->kind == Kind::tokenField);
+    return control && isFilledIn(control->kind);
   }
 
   const ControlSet& m_controls;

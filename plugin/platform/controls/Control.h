@@ -90,6 +90,14 @@ struct Control {
   bool operator==(const Control&) const = default;
 };
 
+// The user types into it.
+constexpr bool isTypedInto(Control::Kind kind) {
+  return kind == Control::Kind::textField || kind == Control::Kind::comboBox || kind == Control::Kind::tokenField;
+}
+
+// Typed into or chosen from: a label before it is its name.
+constexpr bool isFilledIn(Control::Kind kind) { return isTypedInto(kind) || kind == Control::Kind::popup; }
+
 inline ControlItem ControlItem::heading(std::string title) {
   ControlItem item(std::move(title));
   item.enabled = false;

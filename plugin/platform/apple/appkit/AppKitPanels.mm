@@ -29,8 +29,16 @@ void guarded(const Work& work) {
 
 constexpr double kAroundFault = 40;
 
-bool takesKeyboard(Control::Kind kind) {
-  return kind != Control::Kind::label && kind != Control::Kind::link && kind != Control::Kind::list;
+// What a window consists of that belongs to the field in which the user is typing.
+bool standsInDropDown(Control::Kind kind) {
+  switch (kind) {
+    case Control::Kind::window:
+    case Control::Kind::box:
+    case Control::Kind::label:
+    case Control::Kind::link:
+    case Control::Kind::list: return true;
+    default: return false;
+  }
 }
 
 // Holds the views of one panel, and goes on as long as one of them tells of something: the end of the panel may be
@@ -252,12 +260,9 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
     return *m_pages.back().page;
   }
 
-  // A window in which nothing is typed or pressed belongs to the field in which the user is typing.
   bool isDropDown(const std::string& window) const {
-    return std::none_of(m_controls->keys().begin(), m_controls->keys().end(), [&](const std::string& key) {
-      const Control& control = *m_controls->find(key);
-      return control.kind != Control::Kind::window && control.kind != Control::Kind::box &&
-             takesKeyboard(control.kind) && m_controls->windowOf(key) == window;
+    return std::all_of(m_controls->keys().begin(), m_controls->keys().end(), [&](const std::string& key) {
+      return standsInDropDown(m_controls->find(key)->kind) || m_controls->windowOf(key) != window;
     });
   }
 

@@ -87,9 +87,8 @@ std::vector<NSView*> ControlView::keyViews() const {
 void ControlView::update(const Control& control, const std::string& name) {
   m_spoken.label = !control.spoken.empty() ? control.spoken : !control.text.empty() ? control.text : name;
   // A field's text is what stands in it, and says nothing of what belongs there.
-  const bool isField = control.kind == Control::Kind::textField || control.kind == Control::Kind::comboBox ||
-                       control.kind == Control::Kind::tokenField;
-  if (isField && control.spoken.empty()) m_spoken.label = name.empty() ? control.placeholder : name;
+  if (isTypedInto(control.kind) && control.spoken.empty())
+    m_spoken.label = name.empty() ? control.placeholder : name;
   m_spoken.role = role();
   m_spoken.help = control.toolTip.empty() ? control.reason : control.toolTip;
   NSView* told = spokenView();

@@ -226,15 +226,6 @@ bool PanelPage::isLineShown(const Line& line, const ControlSet& controls) const 
                      [&controls](const Cell& cell) { return controls.isOnScreen(cell.key); });
 }
 
-namespace {
-
-bool isField(const Control& control) {
-  return control.kind == Control::Kind::popup || control.kind == Control::Kind::comboBox ||
-         control.kind == Control::Kind::textField || control.kind == Control::Kind::tokenField;
-}
-
-}  // namespace
-
 // The names of a section's rows stand below each other, and what they name as well.
 double PanelPage::nameWidth(const Block& block, const ControlSet& controls) const {
   double width = 0;
@@ -243,8 +234,8 @@ double PanelPage::nameWidth(const Block& block, const ControlSet& controls) cons
     double own = 0;
     if (line.name.get()) own = widthOfText([line.name.get() stringValue], plainFont()) + kTextSides + kGap;
     const Control& first = *controls.find(line.cells.front().key);
-    const bool namesField =
-        first.kind == Control::Kind::label && line.cells.size() > 1 && isField(*controls.find(line.cells[1].key));
+    const bool namesField = first.kind == Control::Kind::label && line.cells.size() > 1 &&
+                            isFilledIn(controls.find(line.cells[1].key)->kind);
     if (namesField) own = line.cells.front().view->naturalWidth() + kGap;
     width = std::max(width, line.depth * kIndent + own);
   }
@@ -308,7 +299,7 @@ double PanelPage::placeLine(const Line& line, const ControlSet& controls, double
     if (!isShown) continue;
     const Control& control = *controls.find(cell.key);
     const bool namesField = i == 0 && control.kind == Control::Kind::label && line.cells.size() > 1 &&
-                            isField(*controls.find(line.cells[1].key));
+                            isFilledIn(controls.find(line.cells[1].key)->kind);
     double wanted = cell.view->naturalWidth();
     if (namesField) wanted = std::min(wanted, margin + names - kGap - left);
     // What follows keeps its room beside a field.
