@@ -20,6 +20,10 @@ inline void setDoNotShowTipView(std::string_view key, bool notAgain) { SiteFlag(
 inline SavedProfileFlag accountLimitation(const OptionalText& userId) {
   return SavedProfileFlag(vn_Setting_NotShowUpgradeMessageAgain, userId);
 }
+// The settings panel itself, of a new meeting.
+inline SavedProfileFlag settingsPanel(const OptionalText& userId) {
+  return SavedProfileFlag(vn_Setting_NotShowMeAgain, userId);
+}
 inline DefaultsFlag deletedMeeting() { return DefaultsFlag(vn_Delete_DoNotRemind); }
 
 }  // namespace vorn::not_again

@@ -270,7 +270,8 @@ void addFile(DiagnosisReport& report, std::string_view key, std::string_view wor
 void tellStore(DiagnosisReport& report) {
   const std::string folder = vnCommon::getDocumentOutlookPluginRootPath();
   const std::string site = vnMeetingCommon::getLocalVnSiteConfigPath();
-  const std::string own = vnCommon::getVnUserProfilePath(vnCommon::getUID());
+  // A cleared profile leaves the user's choices in force: new meetings begin with them.
+  const std::string own = vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().getUID());
   report.beginGroup("store");
   addFile(report, "folder", "folder", folder);
   addFile(report, "siteConfiguration", "site configuration", site);

@@ -1,8 +1,8 @@
 #include "workflow/SettingsFlow.h"
 
 #include "channel/commands/vnAPIKeys.h"
-#include "channel/store/JsonTextFile.h"
 #include "channel/store/vnCommon.h"
+#include "data/NotAgainFlags.h"
 #include "data/vnGetPACHelper.h"
 #include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
@@ -51,10 +51,7 @@ void SettingsFlow::showSettingsWindow(MeetingWindow& window, const Value& meetin
   panels->showSchSettingWindow(*windowId);
 }
 
-bool SettingsFlow::notShowSetting() {
-  const JsonTextFile savedProfile(vnCommon::getVnUserProfilePath(vnCommon::getUID()));
-  return savedProfile.read()[vn_Setting_NotShowMeAgain].boolValue();
-}
+bool SettingsFlow::notShowSetting() { return not_again::settingsPanel(vnCommon::getUID()).isSet(); }
 
 void SettingsFlow::onAddCancelVornMeetingFinished(std::uint64_t command, const Value& data) {
   MeetingWindow window = MeetingWindow::ofReply(data);

@@ -139,6 +139,10 @@ TEST_F(DiagnosisTest, TellsWhoDecidedASetting) {
     EXPECT_THAT(facts["reason"].text(), HasSubstr(std::string(expected.reason)));
   }
   EXPECT_EQ(setting(vn_Setting_RequiredMPW)["lockedBy"].text(), "isLockScheduleRequirePassword");
+
+  vnUserProfileHelper::sharedInstance().clearUserProfile();
+  EXPECT_EQ(setting(vn_Setting_SelectInvitationLanguage)["decidedBy"].text(), "savedProfile");
+  EXPECT_TRUE(valueOf(ask("client"), "store", "savedProfile")["exists"].boolValue()) << "what is told of is there";
 }
 
 TEST_F(DiagnosisTest, WithoutAProfileEverySettingIsTheRecordsOwnAndNotEveryQuestionIsKnown) {

@@ -10,10 +10,8 @@
 #include "channel/commands/vnAPIKeys.h"
 #include "channel/commands/vnAlertHelper.h"
 #include "channel/discovery/vnClientNotRunningError.h"
-#include "channel/store/JsonTextFile.h"
-#include "channel/store/vnCommon.h"
+#include "data/NotAgainFlags.h"
 #include "data/vnSettingData.h"
-#include "data/vnSettingKeys.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
@@ -49,10 +47,8 @@ void traceAlert(int code, const std::string& message) {
   });
 }
 
-bool hidesSettings() {
-  const JsonTextFile profile(vnCommon::getVnUserProfilePath(vnUserProfileHelper::sharedInstance().getUID()));
-  return profile.read()[vn_Setting_NotShowMeAgain].boolValue();
-}
+// Also of a user whose profile has been cleared since.
+bool hidesSettings() { return not_again::settingsPanel(vnUserProfileHelper::sharedInstance().getUID()).isSet(); }
 
 }  // namespace
 
