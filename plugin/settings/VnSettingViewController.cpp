@@ -59,11 +59,12 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   m_trackingFieldsController.initTrackingFieldItemListWithUserProfile();
   m_editCountriesWindowController.initializeItems();
   m_settingData.initWithSiteMeetingInfo(meetingInfo);
-  m_kept = whatStands();
+  m_history.load(whatStands());
   initializeItems();
   m_meetingId.updateOneTimeMeetingTitle();
-  m_kept.waitsForPersonalMeeting = m_waitsForPersonalMeeting = m_settingData.usePMI();
-  m_kept.waitsForList = m_waitsForList =
+  PanelHistory::State& kept = m_history.kept();
+  kept.waitsForPersonalMeeting = m_waitsForPersonalMeeting = m_settingData.usePMI();
+  kept.waitsForList = m_waitsForList =
       !m_waitsForPersonalMeeting && !m_settingData.scheduleForEmail().value_or("").empty();
   if (m_waitsForPersonalMeeting) m_meetingId.getPMIMeetingInfo();
   if (m_waitsForList) m_scheduleFor.getScheduleForList();
@@ -213,7 +214,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
     }
     m_settingData.setUsePMI(true);
     // A meeting that was to be a personal one from the start is loaded only now; another person's is none of it.
-    if (isKeptPerson(person) && std::exchange(m_waitsForPersonalMeeting, false)) m_kept = whatStands();
+    if (isKeptPerson(person) && std::exchange(m_waitsForPersonalMeeting, false)) m_history.load(whatStands());
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);
@@ -230,7 +231,7 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 // which has left its own in the record. The account's defaults name no hosts, and know nothing of what a meeting
 // that stands has been given.
 void VnSettingViewController::takeBackWords() {
-  const vnSettingData& own = m_kept.record;
+  const vnSettingData& own = m_history.kept().record;
   const bool stands = m_context.isForUpdateVornMeeting();
   if (own.usePMI()) {
     // A new meeting that was to be a personal one has no words to go back to.
@@ -246,7 +247,7 @@ void VnSettingViewController::takeBackWords() {
     m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
   }
   // Of a new one whose commit nobody has told the end of, it is what the user has committed.
-  if (!stands && !m_beforeCommit) return;
+  if (!stands && !m_history.awaitsEndOfCommit()) return;
   m_settingData.setTrackingFields(own.trackingFields());
   m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
   // Whether people have to sign in is the account's to say again. The choice of how comes with its domains.
@@ -337,15 +338,16 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
 }
 
 bool VnSettingViewController::isKeptPerson(const std::string& person) const {
-  return equalIgnoringCase(person, m_kept.record.scheduleForEmail().value_or(""));
+  return equalIgnoringCase(person, m_history.kept().record.scheduleForEmail().value_or(""));
 }
 
 // A dismissed panel goes back behind what the user has chosen meanwhile, and not behind whom it was opened for. A
 // meeting that stands has its own options, which are not the person's defaults.
 void VnSettingViewController::keepWhatIsThePersons() {
-  m_kept.waitsForList = false;
+  PanelHistory::State& state = m_history.kept();
+  state.waitsForList = false;
   if (m_context.isForUpdateVornMeeting()) return;
-  vnSettingData& kept = m_kept.record;
+  vnSettingData& kept = state.record;
   kept.setScheduleForEmail(m_settingData.scheduleForEmail());
   kept.setEnableRegionCustomization(m_settingData.enableRegionCustomization());
   kept.setEnableAllowDenyJoinMeetingRegion(m_settingData.enableAllowDenyJoinMeetingRegion());
@@ -355,7 +357,7 @@ void VnSettingViewController::keepWhatIsThePersons() {
   kept.setIncludeTollfree(m_settingData.includeTollfree());
   kept.setEnableShowIncludeTollfree(m_settingData.enableShowIncludeTollfree());
   kept.setSelectedCountries(m_settingData.arrSelectedCountries());
-  m_kept.countries = m_countries.countryContent();
+  state.countries = m_countries.countryContent();
 }
 
 // The personal meeting that is chosen next may not come. Until it does there is nothing but what the user has
@@ -365,7 +367,7 @@ void VnSettingViewController::leaveMeeting() {
   m_allowDeny.endWindow();
   if (!m_settingData.usePMI()) return;
   m_domainsWindowController.closeWindowSheet();
-  const vnSettingData& own = m_kept.record;
+  const vnSettingData& own = m_history.kept().record;
   const std::string person = m_scheduleFor.getUIScheduleForEmail();
   if (own.usePMI() && isKeptPerson(person)) {
     m_settingData.setMeetingPassword(own.meetingPassword());
@@ -463,13 +465,11 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
   closeWindows();
   if (isOK) {
     takeControls(Commit::meant);
-    // Of two commits that were refused one after the other, neither is what the meeting has.
-    if (!m_beforeCommit) m_beforeCommit = m_kept;
     // What would come now comes too late, also for whoever goes back to this.
     m_waitsForPersonalMeeting = m_waitsForList = false;
-    m_kept = whatStands();
+    m_history.commit(whatStands());
   } else {
-    goBackTo(m_kept);
+    goBack();
   }
   m_alternateHosts.forgetEdits();
   m_security.forgetTyped();
@@ -511,7 +511,8 @@ Value VnSettingViewController::settingsToCommit() {
 
 // Back to what was loaded or committed last, and not behind a commit: the next save would undo it. What a meeting
 // was opened with does not name every option either.
-void VnSettingViewController::goBackTo(const Kept& kept) {
+void VnSettingViewController::goBack() {
+  const PanelHistory::State& kept = m_history.kept();
   m_settingData = kept.record;
   m_countries.restore(kept.countries);
   m_waitsForPersonalMeeting = kept.waitsForPersonalMeeting;
@@ -523,37 +524,38 @@ void VnSettingViewController::goBackTo(const Kept& kept) {
 void VnSettingViewController::resetMeetingItemWhenUpdateError() {
   const ControlSet::Change change(m_controls);
   commitRefused();
-  goBackTo(m_kept);
+  goBack();
 }
 
 // The user goes on from what was refused, and a dismissed panel goes back behind it.
-void VnSettingViewController::commitRefused() {
-  if (m_beforeCommit) m_kept = *std::exchange(m_beforeCommit, std::nullopt);
-}
+void VnSettingViewController::commitRefused() { m_history.commitRefused(); }
 
-void VnSettingViewController::commitStands() { m_beforeCommit.reset(); }
+void VnSettingViewController::commitStands() { m_history.commitStands(); }
+
+void VnSettingViewController::changeRecords(const std::function<void(vnSettingData&)>& change) {
+  change(m_settingData);
+  m_history.changeRecords(change);
+}
 
 // What the service says of a commit holds for what a dismissed panel goes back to as well.
 void VnSettingViewController::updatePasswordAfterCommit(const OptionalText& passcode) {
   commitStands();
-  for (vnSettingData* record : {&m_settingData, &m_kept.record}) {
-    record->setMeetingPassword(passcode);
-    record->setRequiredMeetingPassword(!passcode.value_or("").empty());
-  }
+  changeRecords([&passcode](vnSettingData& record) {
+    record.setMeetingPassword(passcode);
+    record.setRequiredMeetingPassword(!passcode.value_or("").empty());
+  });
 }
 
 void VnSettingViewController::filterInvalidAlternateHosts(const Value& emails) {
   std::unordered_set<std::string> invalid;
   for (const Value& email : emails.items()) invalid.insert(caseFolded(email.text()));
-  std::vector<vnSettingData*> records{&m_settingData, &m_kept.record};
-  if (m_beforeCommit) records.push_back(&m_beforeCommit->record);
-  for (vnSettingData* record : records) {
-    Value kept = Value::array();
-    for (const Value& host : record->arrAlternateHosts().items()) {
-      if (!invalid.contains(caseFolded(host.text()))) kept.append(host);
+  changeRecords([&invalid](vnSettingData& record) {
+    Value valid = Value::array();
+    for (const Value& host : record.arrAlternateHosts().items()) {
+      if (!invalid.contains(caseFolded(host.text()))) valid.append(host);
     }
-    record->setAlternateHosts(kept);
-  }
+    record.setAlternateHosts(valid);
+  });
 }
 
 }  // namespace vorn

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,6 +14,7 @@
 #include "settings/EncryptionOptions.h"
 #include "settings/JoinBeforeHostOptions.h"
 #include "settings/MeetingIdOptions.h"
+#include "settings/PanelHistory.h"
 #include "settings/PlainOptions.h"
 #include "settings/ScheduleForOptions.h"
 #include "settings/SecurityOptions.h"
@@ -107,19 +107,14 @@ class VnSettingViewController final : private PanelSteps {
   void makeGoodWhatCameMeanwhile();
   void setSiteMeetingInfo(const Value& meetingInfo);
   enum class Commit { meant, tried };
-  struct Kept {
-    vnSettingData record;
-    std::optional<VNAvailableDialinCountryContent> countries;
-    // As they stood then: what was still to come, and is asked for once more after going back.
-    bool waitsForPersonalMeeting = false;
-    bool waitsForList = false;
-  };
   void takeControls(Commit commit);
-  Kept whatStands() const {
+  PanelHistory::State whatStands() const {
     return {m_settingData, m_countries.countryContent(), m_waitsForPersonalMeeting, m_waitsForList};
   }
-  void goBackTo(const Kept& kept);
-  // Whether m_kept is this person's, "" being oneself; the case of an address does not matter.
+  void goBack();
+  // The edited one and those of the history.
+  void changeRecords(const std::function<void(vnSettingData&)>& change);
+  // Whether a dismissed panel goes back to this person, "" being oneself; the case of an address does not matter.
   bool isKeptPerson(const std::string& person) const;
   void keepWhatIsThePersons();
   void closeWindows();
@@ -165,10 +160,7 @@ class VnSettingViewController final : private PanelSteps {
 
   const SettingsContext& m_context;
   vnSettingData m_settingData;
-  // What was loaded or committed last, which a dismissed panel goes back to; and while nobody knows how a commit
-  // ended, what that was before it.
-  Kept m_kept;
-  std::optional<Kept> m_beforeCommit;
+  PanelHistory m_history;
   bool m_waitsForPersonalMeeting = false;
   bool m_waitsForList = false;
   // As it was at the last load: telling it means to read the whole appointment.
