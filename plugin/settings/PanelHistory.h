@@ -10,7 +10,8 @@
 namespace vorn {
 
 // What one panel was loaded with and has committed: where it goes back to when it is dismissed, or when a commit
-// was refused. What the user edits meanwhile is not part of it.
+// was refused; and whose words a meeting had, for who looks at another one and comes back. What the user edits
+// meanwhile is not part of it.
 //
 // Main thread only.
 class PanelHistory {
@@ -22,25 +23,32 @@ class PanelHistory {
     // As they stood then: what was still to come, and is asked for once more after going back.
     bool waitsForPersonalMeeting = false;
     bool waitsForList = false;
+    // By the user, whatever became of it.
+    bool isCommitted = false;
   };
 
   void load(State now) { m_kept = std::move(now); }
   void commit(State now);
   // The service has accepted what was committed, and a later refusal leaves it alone.
-  void commitStands() { m_beforeCommit.reset(); }
-  // The service has refused it. Nothing when nothing was committed.
+  void commitStands();
+  // The service has refused it, and the user may go on from it. Nothing when nothing was committed.
   void commitRefused();
-  // Nobody knows yet how a commit ended.
-  bool awaitsEndOfCommit() const { return m_beforeCommit.has_value(); }
+  // The panel is dismissed, and goes back to kept().
+  void dismiss() { m_refused.reset(); }
 
   // Where a dismissed panel goes back to. What comes only after the loading is laid over it.
   State& kept() { return m_kept; }
   const State& kept() const { return m_kept; }
+  // The last state in which the panel was this person's personal meeting, "" being oneself, or, with nobody, a
+  // meeting with a number of its own. Null when it never was, or when another has been accepted in its place.
+  const State* lastOf(const OptionalText& whosePMI) const;
   // What the service says of a meeting holds for every record of it.
   void changeRecords(const std::function<void(vnSettingData&)>& change);
 
  private:
-  // Loaded or committed last.
+  // Refused and not committed anew: the panel shows it again.
+  std::optional<State> m_refused;
+  // Loaded or committed last, and not refused.
   State m_kept;
   // Stood before the oldest commit without an answer.
   std::optional<State> m_beforeCommit;

@@ -231,23 +231,24 @@ void VnSettingViewController::refreshUI(bool forPMI) {
 // which has left its own in the record. The account's defaults name no hosts, and know nothing of what a meeting
 // that stands has been given.
 void VnSettingViewController::takeBackWords() {
-  const vnSettingData& own = m_history.kept().record;
+  const PanelHistory::State* last = m_history.lastOf(std::nullopt);
   const bool stands = m_context.isForUpdateVornMeeting();
-  if (own.usePMI()) {
+  if (!last) {
     // A new meeting that was to be a personal one has no words to go back to.
     if (stands) return;
     m_settingData.setAlternateHosts(Value::array());
     if (!m_settingData.requiredMeetingPassword()) m_settingData.setMeetingPassword("");
     return;
   }
+  const vnSettingData& own = last->record;
   m_settingData.setAlternateHosts(own.arrAlternateHosts());
   // A new meeting that has to have a passcode keeps the one that it was first given, or committed with.
   if (stands || !m_settingData.requiredMeetingPassword() || !own.meetingPassword().value_or("").empty()) {
     m_settingData.setMeetingPassword(own.meetingPassword());
     m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
   }
-  // Of a new one whose commit nobody has told the end of, it is what the user has committed.
-  if (!stands && !m_history.awaitsEndOfCommit()) return;
+  // A new one has the account's until the user has committed others, also where that was refused.
+  if (!stands && !last->isCommitted) return;
   m_settingData.setTrackingFields(own.trackingFields());
   m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
   // Whether people have to sign in is the account's to say again. The choice of how comes with its domains.
@@ -361,15 +362,13 @@ void VnSettingViewController::keepWhatIsThePersons() {
 }
 
 // The personal meeting that is chosen next may not come. Until it does there is nothing but what the user has
-// typed for that one, and what it had if a dismissed panel goes back to it: the words of the other must not get
-// into it.
+// typed for that one, and what the panel last had of it: the words of the other must not get into it.
 void VnSettingViewController::leaveMeeting() {
   m_allowDeny.endWindow();
   if (!m_settingData.usePMI()) return;
   m_domainsWindowController.closeWindowSheet();
-  const vnSettingData& own = m_history.kept().record;
-  const std::string person = m_scheduleFor.getUIScheduleForEmail();
-  if (own.usePMI() && isKeptPerson(person)) {
+  if (const PanelHistory::State* last = m_history.lastOf(m_scheduleFor.getUIScheduleForEmail())) {
+    const vnSettingData& own = last->record;
     m_settingData.setMeetingPassword(own.meetingPassword());
     m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
     m_settingData.setAlternateHosts(own.arrAlternateHosts());
@@ -512,6 +511,7 @@ Value VnSettingViewController::settingsToCommit() {
 // Back to what was loaded or committed last, and not behind a commit: the next save would undo it. What a meeting
 // was opened with does not name every option either.
 void VnSettingViewController::goBack() {
+  m_history.dismiss();
   const PanelHistory::State& kept = m_history.kept();
   m_settingData = kept.record;
   m_countries.restore(kept.countries);

@@ -193,12 +193,24 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
     return settings[vn_Setting_ThirdPartyAudio].text() + " " +
            settings[vn_Setting_MeetingAuth][vn_Setting_MeetingAuth_AuthDomain].text();
   };
-  for (const bool isLoaded : {false, true}) {
-    SCOPED_TRACE(isLoaded);
+  const struct {
+    const char* name;
+    bool isLoaded, isForDana, isRefused;
+  } rows[] = {
+      {"a new meeting", false, false, false},
+      {"another person's", false, true, false},
+      {"the personal meeting", true, false, false},
+      {"a new meeting that was refused", false, false, true},
+      {"another person's that was refused", false, true, true},
+      {"the personal meeting that was refused", true, false, true},
+  };
+  for (const auto& [name, isLoaded, isForDana, isRefused] : rows) {
+    SCOPED_TRACE(name);
     window = std::make_unique<FakeWindow>(test);
     knowAccountWithWords();
     knowList();
     open();
+    if (isForDana) choose("scheduleForPopup", 1);
     if (isLoaded) {
       turn("buttonUsePMI", true);
       answerMeeting("5550142871", true);
@@ -214,6 +226,7 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
     type("_domainsTextField", "acme.example");
     click("domains_SaveBtn");
     view().onSettingsCommit(true);
+    if (isRefused) view().commitRefused();
     view().updateUIItemsForNextTime();
     put("sam@vorn.example;");
     const std::string passcode = control("passwordTextField").text;
@@ -232,7 +245,7 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
     EXPECT_TRUE(mayContinue());
     isLoaded ? choose("scheduleForPopup", 0) : turn("buttonOneTimeMeeting", true);
     answer("4", "0;Error 3001");
-    EXPECT_EQ(control("passwordTextField").text, passcode);
+    EXPECT_EQ(control("passwordTextField").text + control(costCentre).text, passcode + "CC-1");
     EXPECT_EQ(hosts(), both);
     EXPECT_EQ(dialInAndDomains(), "Dial 555 acme.example");
   }
@@ -581,11 +594,17 @@ TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePerson
     open();
     const Value before = view().settingsToCommit();
     EXPECT_EQ(before[vn_Setting_AlternateHosts].count(), 1u);
-    for (const bool isLookedAt : {false, true}) {
-      if (isLookedAt) {
+    for (const char* last : {"nothing", "a look", "a refused commit"}) {
+      SCOPED_TRACE(last);
+      if (last != std::string("nothing")) {
         turn("buttonUsePMI", true);
         answerMeeting(*whose ? "5550777777" : "5550142871", true, whose);
         EXPECT_EQ(control("videoHostMatrix").index, 0) << "it has come";
+      }
+      if (last == std::string("a refused commit")) {
+        view().onSettingsCommit(true);
+        view().commitRefused();
+        view().updateUIItemsForNextTime();
       }
       turn("buttonOneTimeMeeting", true);
       const Value after = view().settingsToCommit();
