@@ -113,12 +113,20 @@ std::int64_t SecurityOptions::resetMeetingPasswordErrorTextField() {
 
 void SecurityOptions::resetStrongerPasswordFormatErrorTextField() {
   show(strongerPasscodeVerdict(failedRules(), panelText));
-  m_wasNotStronger = true;
+  m_notStrongerOf = whosePMI(m_record, m_steps);
   clearSecurityOptionErrorInfo(vn_NotStrongerPasscode);
 }
 
+bool SecurityOptions::isNotStronger() const {
+  return m_notStrongerOf && *m_notStrongerOf == whosePMI(m_record, m_steps);
+}
+
+void SecurityOptions::answerNotStronger() {
+  if (isNotStronger()) m_notStrongerOf.reset();
+}
+
 void SecurityOptions::resetUIForPasswordFormatErrorTextField() {
-  if (m_wasNotStronger || getSecurityOptionErrorInfo(vn_NotStrongerPasscode))
+  if (isNotStronger() || getSecurityOptionErrorInfo(vn_NotStrongerPasscode))
     return resetStrongerPasswordFormatErrorTextField();
   show(passcodeVerdictAtLoad({.usePMI = m_record.usePMI(),
                               .isUpdate = isUpdate(),
@@ -185,6 +193,8 @@ void SecurityOptions::checkIfPasswordRequired() {
   }
   regenerateIfNeeded();
   resetMeetingPasswordErrorTextField();
+  // Who comes back to the meeting that was refused is told so again.
+  if (isNotStronger()) resetStrongerPasswordFormatErrorTextField();
   initSecurityBox();
   resetPswHelpButtonState();
   m_steps.checkScheduleButton();
@@ -326,7 +336,7 @@ void SecurityOptions::closeTip() {
 }
 
 void SecurityOptions::fieldTextChange() {
-  m_wasNotStronger = false;
+  answerNotStronger();
   const bool supportsRules = vnClientFeatureMgr::sharedInstance().isVornClientSupportPasswordRule();
   m_passwordTextField.text = typedPasscode(m_passwordTextField.text, supportsRules);
   m_typedPasscodes[whosePMI(m_record, m_steps)] = m_passwordTextField.text;
@@ -345,7 +355,7 @@ void SecurityOptions::resetPasswordTextFieldAccess(std::int64_t ruleResult) {
 }
 
 void SecurityOptions::onClickRequiredMeetingPswButton() {
-  m_wasNotStronger = false;
+  answerNotStronger();
   if (m_requiredMeetingPswButton.on) {
     requirePasscode();
     if (checkIfNeedRegeneratePasscode()) setPasscode(vnSettingData::getRandomPassWord());
@@ -369,7 +379,8 @@ void SecurityOptions::onClickEnableWaitingRoom() {
 
 void SecurityOptions::forgetTyped() {
   m_typedPasscodes.clear();
-  m_wasNotStronger = m_wasSecurityNotSelected = false;
+  m_notStrongerOf.reset();
+  m_wasSecurityNotSelected = false;
   closeTip();
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -67,6 +68,10 @@ class SecurityOptions {
   bool checkIfNeedRegeneratePasscode() const;
   void regenerateIfNeeded();
   std::int64_t resetMeetingPasswordErrorTextField();
+  // The passcode of the meeting that is shown is the one that the service has refused.
+  bool isNotStronger() const;
+  // The user does something about it.
+  void answerNotStronger();
   void resetStrongerPasswordFormatErrorTextField();
   void show(const panel_rules::PasscodeVerdict& verdict);
   void resetPasswordTextFieldAccess(std::int64_t ruleResult);
@@ -92,8 +97,8 @@ class SecurityOptions {
   // By whosePMI().
   std::map<OptionalText, std::string> m_typedPasscodes;
   // What the service has refused stays told, and a tip shown, while the panel is loaded again and again, until the
-  // user does something about it.
-  bool m_wasNotStronger = false;
+  // user does something about it. A weak passcode is that of one meeting, by whosePMI(), and told of no other.
+  std::optional<OptionalText> m_notStrongerOf;
   bool m_wasSecurityNotSelected = false;
   bool m_isTipOpen = false;
 

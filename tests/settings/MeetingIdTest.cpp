@@ -1,6 +1,7 @@
 // The number of a meeting and whom it is scheduled for: the rules as tables, and the panel with its client.
 
 #include "channel/store/JsonTextFile.h"
+#include "channel/store/vnLocalProfileKeys.h"
 #include "data/NotAgainFlags.h"
 #include "data/vnGetScheduleForListHelper.h"
 #include "settings/rules/MeetingIdRules.h"
@@ -378,6 +379,25 @@ TEST_F(MeetingIdPanelTest, WhoIsRefusedAndGoesBackFindsThePersonalMeetingOfTheOp
   asked();
   open();
   EXPECT_THAT(asked(), ElementsAre("4;5550142871"));
+}
+
+TEST_F(MeetingIdPanelTest, APasscodeThatWasRefusedIsToldOfItsOwnMeetingAlone) {
+  knowAccount();
+  SiteFlag(vn_NotStrongerPasscode).set(true);
+  open();
+  for (const bool usePMI : {false, true, false}) {
+    turn(usePMI ? "buttonUsePMI" : "buttonOneTimeMeeting", true);
+    if (usePMI) {
+      answerMeeting("5550142871", true);
+      EXPECT_TRUE(mayContinue()) << "its own passcode was accepted";
+      turn("requiredMeetingPswButton", true);
+      type("passwordTextField", "998877");
+    }
+    EXPECT_EQ(control("pswFormatErrorTextField").hidden, usePMI);
+    EXPECT_EQ(mayContinue(), usePMI);
+  }
+  turn("requiredMeetingPswButton", true);
+  EXPECT_TRUE(mayContinue());
 }
 
 // What the personal meeting has brought does not stay behind in one with a number of its own.
