@@ -206,15 +206,14 @@ void VnSettingViewController::refreshUI(bool forPMI) {
   // The one whom the user has chosen stays chosen, also while the people's list is on its way.
   const std::string person = m_scheduleFor.getUIScheduleForEmail();
   if (forPMI) {
-    m_settingData.initWithSiteMeetingInfo(m_pmiMeetingInfo);
-    // It was fetched for them, also where it does not say whose it is.
-    if (!person.empty()) m_settingData.setScheduleForEmail(person);
-    if (m_context.isForUpdateVornMeeting()) {
-      m_settingData.resetRequiredPasswordForEditPMIMeeting(m_pmiMeetingInfo);
+    layPersonalMeetingOver(m_settingData, person);
+    // A meeting that was to be a personal one from the start is loaded only now, and not what the user has changed
+    // while it was awaited; another person's is none of it.
+    if (isKeptPerson(person) && std::exchange(m_waitsForPersonalMeeting, false)) {
+      PanelHistory::State& kept = m_history.kept();
+      layPersonalMeetingOver(kept.record, person);
+      kept.waitsForPersonalMeeting = false;
     }
-    m_settingData.setUsePMI(true);
-    // A meeting that was to be a personal one from the start is loaded only now; another person's is none of it.
-    if (isKeptPerson(person) && std::exchange(m_waitsForPersonalMeeting, false)) m_history.load(whatStands());
     checkScheduleButton();
   } else {
     m_settingData.setUsePMI(false);
@@ -225,6 +224,14 @@ void VnSettingViewController::refreshUI(bool forPMI) {
   }
   m_signInDomains.forgetOffered();
   initializeItems();
+}
+
+void VnSettingViewController::layPersonalMeetingOver(vnSettingData& record, const std::string& person) const {
+  record.initWithSiteMeetingInfo(m_pmiMeetingInfo);
+  // It was fetched for them, also where it does not say whose it is.
+  if (!person.empty()) record.setScheduleForEmail(person);
+  if (m_context.isForUpdateVornMeeting()) record.resetRequiredPasswordForEditPMIMeeting(m_pmiMeetingInfo);
+  record.setUsePMI(true);
 }
 
 // The words of a meeting with a number of its own are what they were before the look at the personal meeting,
@@ -330,12 +337,12 @@ void VnSettingViewController::setScheduleForListInfo(bool forOther) {
   // Its regions are those of whom the record was for until now.
   if (person != m_settingData.scheduleForEmail().value_or("")) m_allowDeny.endWindow();
   m_scheduleFor.setScheduleForListInfo(forOther);
-  const bool hasList = vnGetScheduleForListHelper::sharedInstance().hasScheduleForList();
+  // Of oneself the list says nothing; without one the personal meeting would be asked for again and again.
+  if (person.empty() || !vnGetScheduleForListHelper::sharedInstance().hasScheduleForList()) return;
   // While another person is chosen, the one of the opening is still waited for.
-  if (hasList && isKeptPerson(person) && std::exchange(m_waitsForList, false)) keepWhatIsThePersons();
-  // Their personal meeting, which may have come before the list, says more than the list does. Without a list it
-  // would be asked for again and again.
-  if (hasList && !person.empty() && !m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
+  if (isKeptPerson(person) && (m_waitsForList || m_waitsForPersonalMeeting)) keepWhatIsThePersons();
+  // Their personal meeting, which may have come before the list, says more than the list does.
+  if (!m_context.awaitsMeeting()) m_meetingId.fetchChosenPMI();
 }
 
 bool VnSettingViewController::isKeptPerson(const std::string& person) const {
@@ -346,7 +353,7 @@ bool VnSettingViewController::isKeptPerson(const std::string& person) const {
 // meeting that stands has its own options, which are not the person's defaults.
 void VnSettingViewController::keepWhatIsThePersons() {
   PanelHistory::State& state = m_history.kept();
-  state.waitsForList = false;
+  state.waitsForList = m_waitsForList = false;
   if (m_context.isForUpdateVornMeeting()) return;
   vnSettingData& kept = state.record;
   kept.setScheduleForEmail(m_settingData.scheduleForEmail());

@@ -117,6 +117,7 @@ class VnSettingViewController final : private PanelSteps {
   // Whether a dismissed panel goes back to this person, "" being oneself; the case of an address does not matter.
   bool isKeptPerson(const std::string& person) const;
   void keepWhatIsThePersons();
+  void layPersonalMeetingOver(vnSettingData& record, const std::string& person) const;
   void closeWindows();
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();

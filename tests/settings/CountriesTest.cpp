@@ -391,8 +391,10 @@ TEST_F(CountriesPanelTest, TheRegionsOfAMeetingThatStandsNarrowThemWhenItIsOpene
 }
 
 TEST_F(CountriesPanelTest, AreAnotherPersonsWhenTheMeetingIsForThatPerson) {
-  const Value dana = Value::dictionaryFromPairs(
-      {{vn_Boss_Email, "dana@vorn.example"}, {vn_Setting_AvailableDialinCountry, countries({"AT"}, {"AT"})}});
+  const Value dana = Value::dictionaryFromPairs({{vn_Boss_Email, "dana@vorn.example"},
+                                                 {vn_Boss_DisplayName, "Dana"},
+                                                 {vn_Boss_PMI, "5550777777"},
+                                                 {vn_Setting_AvailableDialinCountry, countries({"AT"}, {"AT"})}});
   const Value people = Value::dictionaryFromPairs({{vn_Profile_Bosses, Value::Array{dana}}});
   know({"US", "DE"}, {"US", "DE"}, people);
   vnGetScheduleForListHelper::sharedInstance().setData(people);
@@ -401,6 +403,23 @@ TEST_F(CountriesPanelTest, AreAnotherPersonsWhenTheMeetingIsForThatPerson) {
     choose("scheduleForPopup", isDanas ? 1 : 0);
     EXPECT_EQ(control("selectedCountriesField").text,
               isDanas ? "Dial in from Austria" : "Dial in from United States and Germany");
+  }
+
+  // Who opens it in that person's name goes back to theirs, also where the personal meeting has not come yet.
+  for (const bool isPersonal : {false, true}) {
+    Account account = isPersonal ? accountWith(UserOption3::isDefaultScheduleUsePMI) : Account();
+    account.set_id("me");
+    Value more = people;
+    more.set(vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString()));
+    know({"US", "DE"}, {"US", "DE"}, more);
+    window = std::make_unique<FakeWindow>(test);
+    window->sendFrom("dana@vorn.example", true);
+    open();
+    panels.getSchSettingWindowInArray(id())->setScheduleForListInfo(true);
+    EXPECT_EQ(settings()[vn_Setting_IsPMI].boolValue(), isPersonal);
+    EXPECT_EQ(chosen(), list({"AT"}));
+    click("buttonCancel");
+    EXPECT_EQ(chosen(), list({"AT"}));
   }
 }
 

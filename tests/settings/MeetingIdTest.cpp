@@ -331,9 +331,13 @@ TEST_F(MeetingIdPanelTest, WhatCameWhileThePanelWasLeftIsAskedForOnceMore) {
   EXPECT_FALSE(settings()[vn_Setting_EnableHostVideo].boolValue());
   open();
   EXPECT_THAT(asked(), ElementsAre("4;5550142871"));
+  turn("forceIncludeJoinurlInLocation", false);
   answerMeeting("5550142871", true);
   EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
+  EXPECT_FALSE(settings()[vn_Setting_ForceIncludeJoinurlInLocation].boolValue());
   click("buttonCancel");
+  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
+  EXPECT_TRUE(settings()[vn_Setting_ForceIncludeJoinurlInLocation].boolValue());
   open();
   EXPECT_THAT(asked(), IsEmpty()) << "it is there";
 }
