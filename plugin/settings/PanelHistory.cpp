@@ -31,6 +31,21 @@ void PanelHistory::commitRefused() {
   m_refused = std::exchange(m_kept, *std::exchange(m_beforeCommit, std::nullopt));
 }
 
+void PanelHistory::keepPersons(const vnSettingData& record,
+                               const std::optional<VNAvailableDialinCountryContent>& countries) {
+  vnSettingData& kept = m_kept.record;
+  kept.setScheduleForEmail(record.scheduleForEmail());
+  kept.setEnableRegionCustomization(record.enableRegionCustomization());
+  kept.setEnableAllowDenyJoinMeetingRegion(record.enableAllowDenyJoinMeetingRegion());
+  kept.setRegionType(record.regionType());
+  kept.setArrRegionCodes(record.arrRegionCodes());
+  kept.setHash(record.hash());
+  kept.setIncludeTollfree(record.includeTollfree());
+  kept.setEnableShowIncludeTollfree(record.enableShowIncludeTollfree());
+  kept.setSelectedCountries(record.arrSelectedCountries());
+  m_kept.countries = countries;
+}
+
 const PanelHistory::State* PanelHistory::lastOf(const OptionalText& whosePMI) const {
   if (m_refused && isOf(m_refused->record, whosePMI)) return &*m_refused;
   if (isOf(m_kept.record, whosePMI)) return &m_kept;

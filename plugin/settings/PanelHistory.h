@@ -36,11 +36,14 @@ class PanelHistory {
   // The panel is dismissed, and goes back to kept().
   void dismiss() { m_refused.reset(); }
 
+  // The person of kept() has other countries and regions than were known when it was loaded.
+  void keepPersons(const vnSettingData& record, const std::optional<VNAvailableDialinCountryContent>& countries);
+
   // Where a dismissed panel goes back to. What comes only after the loading is laid over it.
   State& kept() { return m_kept; }
   const State& kept() const { return m_kept; }
-  // The last state in which the panel was this person's personal meeting, "" being oneself, or, with nobody, a
-  // meeting with a number of its own. Null when it never was, or when another has been accepted in its place.
+  // The last of these states that is this person's personal meeting, "" being oneself, or, absent, a meeting with
+  // a number of its own; it holds until the next change. Null when none is, or another was accepted in its place.
   const State* lastOf(const OptionalText& whosePMI) const;
   // What the service says of a meeting holds for every record of it.
   void changeRecords(const std::function<void(vnSettingData&)>& change);

@@ -352,20 +352,8 @@ bool VnSettingViewController::isKeptPerson(const std::string& person) const {
 // A dismissed panel goes back behind what the user has chosen meanwhile, and not behind whom it was opened for. A
 // meeting that stands has its own options, which are not the person's defaults.
 void VnSettingViewController::keepWhatIsThePersons() {
-  PanelHistory::State& state = m_history.kept();
-  state.waitsForList = m_waitsForList = false;
-  if (m_context.isForUpdateVornMeeting()) return;
-  vnSettingData& kept = state.record;
-  kept.setScheduleForEmail(m_settingData.scheduleForEmail());
-  kept.setEnableRegionCustomization(m_settingData.enableRegionCustomization());
-  kept.setEnableAllowDenyJoinMeetingRegion(m_settingData.enableAllowDenyJoinMeetingRegion());
-  kept.setRegionType(m_settingData.regionType());
-  kept.setArrRegionCodes(m_settingData.arrRegionCodes());
-  kept.setHash(m_settingData.hash());
-  kept.setIncludeTollfree(m_settingData.includeTollfree());
-  kept.setEnableShowIncludeTollfree(m_settingData.enableShowIncludeTollfree());
-  kept.setSelectedCountries(m_settingData.arrSelectedCountries());
-  state.countries = m_countries.countryContent();
+  m_history.kept().waitsForList = m_waitsForList = false;
+  if (!m_context.isForUpdateVornMeeting()) m_history.keepPersons(m_settingData, m_countries.countryContent());
 }
 
 // The personal meeting that is chosen next may not come. Until it does there is nothing but what the user has
