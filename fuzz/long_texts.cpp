@@ -35,7 +35,7 @@ void tryPanel(const std::string& text) {
   vorn::PanelLayout layout{{{"section", text, {}}}};
   for (int kind = 0; kind <= static_cast<int>(Control::Kind::list); ++kind) {
     Control& control = controls.add(static_cast<Control::Kind>(kind), "c" + std::to_string(kind));
-    control.text = control.toolTip = control.reason = control.placeholder = text;
+    control.text = control.toolTip = control.note = control.reason = control.placeholder = text;
     control.items.emplace_back(text);
     control.items.push_back(vorn::ControlItem::heading(text));
     control.index = kind % 3 - 1;

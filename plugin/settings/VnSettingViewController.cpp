@@ -437,19 +437,21 @@ void VnSettingViewController::explain() {
   vnClientFeatureMgr& client = vnClientFeatureMgr::sharedInstance();
   const OptionalText& person = m_settingData.scheduleForEmail();
   const bool isForMyself = person.value_or("").empty();
-  panel_rules::explain(m_controls, {.facts = m_context.facts(m_settingData),
-                                    .usePMI = m_settingData.usePMI(),
-                                    .isEnableRecurrence = m_isEnableRecurrence,
-                                    .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
-                                    .isShowUseWebSettingTipView = account.isShowUseWebSettingTipView(),
-                                    .isEnableScheduleFor = account.isEnableScheduleFor(),
-                                    .isDisablePMI = isForMyself ? account.isDisablePMI()
-                                                                : account.isDisablePMIWithScheduleForEmail(person),
-                                    .isEnableAdminTemplate = account.isEnableAdminTemplate(person),
-                                    .isSupportRegionCustomization = account.isSupportRegionCustomization(),
-                                    .isVornClientSupport500Tasks = client.isVornClientSupport500Tasks(),
-                                    .isVornClientSupportEditCountries = client.isVornClientSupportEditCountries(),
-                                    .heldBackBy = std::string(whatHoldsContinueBack(continueFacts()))});
+  panel_rules::explain(
+      m_controls,
+      {.facts = m_context.facts(m_settingData),
+       .usePMI = m_settingData.usePMI(),
+       .isEnableRecurrence = m_isEnableRecurrence,
+       .isSupportOnlyAuthUsersCanJoin = account.isSupportOnlyAuthUsersCanJoin(),
+       .isShowUseWebSettingTipView = account.isShowUseWebSettingTipView(),
+       .isEnableScheduleFor = account.isEnableScheduleFor(),
+       .isDisablePMI = isForMyself ? account.isDisablePMI() : account.isDisablePMIWithScheduleForEmail(person),
+       .isEnableAdminTemplate = account.isEnableAdminTemplate(person),
+       .isSupportRegionCustomization = account.isSupportRegionCustomization(),
+       .isVornClientSupport500Tasks = client.isVornClientSupport500Tasks(),
+       .isVornClientSupportEditCountries = client.isVornClientSupportEditCountries(),
+       .heldBackBy = whatHoldsContinueBack(continueFacts())},
+      panelText);
 }
 
 // -- Its end -----------------------------------------------------------------------------------------------------

@@ -127,7 +127,8 @@ TEST_F(Screen, WhatStandsInTheModelIsOnTheScreen) {
       {"check",
        [](Control& c) {
          c.enabled = false;
-         c.reason = "locked by the account";
+         c.note = "locked by the account";
+         c.reason = "isSwitchLocked";
        },
        [](NSControl* v) { return ![v isEnabled] && [[v toolTip] isEqual:@"locked by the account"]; }},
       {"radio", [](Control& c) { c.on = true; },
@@ -327,7 +328,8 @@ TEST_F(Screen, WhyARowIsLockedStandsBesideIt) {
   const auto lock = [this](bool isLocked) {
     change("check", [=](Control& control) {
       control.enabled = !isLocked;
-      control.reason = isLocked ? "locked by the account: isSwitchLocked" : "";
+      control.note = isLocked ? "locked by the account" : "";
+      control.reason = isLocked ? "isSwitchLocked" : "";
     });
   };
   lock(true);

@@ -117,6 +117,8 @@ class PanelReasonsTest : public SettingsPanelTest {
       const Control& each = *controls().find(key);
       const bool canBeUsed = controls().isOnScreen(key) && each.enabled;
       EXPECT_EQ(each.reason.empty(), canBeUsed) << key << (each.hidden ? " hidden" : "") << ": " << each.reason;
+      const bool isLocked = controls().isOnScreen(key) && !each.enabled;
+      EXPECT_TRUE(!isLocked || !each.note.empty()) << key << " is locked and tells nobody why";
     }
   }
 };
@@ -260,7 +262,7 @@ TEST_F(PanelReasonsTest, AreThereBeforeAnybodyIsToldOfTheChange) {
   open();
   std::vector<std::string> reasons;
   const auto subscription = view().controls().observe([&](const auto&) {
-    reasons.push_back(control("passwordTextField").reason + "|" + control("buttonContinue").reason);
+    reasons.push_back(control("passwordTextField").reason + "|" + control("buttonContinue").note);
   });
   turn("requiredMeetingPswButton", true);
   type("passwordTextField", " ");

@@ -82,8 +82,10 @@ struct Control {
   bool isRed = false;
   // It has the keyboard.
   bool isFocused = false;
-  // Why it is hidden or cannot be used, for people who give support; "" for a control that can be used. Not
-  // translated.
+  // Why it cannot be used, for whoever sees it; "" for a control that can be used.
+  std::string note{};
+  // Why it is hidden or cannot be used, for people who give support, and never on the screen; "" for a control
+  // that can be used. Not translated.
   std::string reason{};
 
   bool isShownAndOn() const { return !hidden && on; }

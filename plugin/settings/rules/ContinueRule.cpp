@@ -11,13 +11,18 @@ bool isBlank(const std::string& text) { return vnOLUtils::trimAllSpaceAndNewLine
 
 }  // namespace
 
-std::string_view whatHoldsContinueBack(const ContinueFacts& facts) {
-  if (facts.isPasscodeShown && facts.isPasscodeOn && isBlank(facts.passcode)) return "the passcode is missing";
-  if (facts.isErrorShown) return "the panel tells of a fault";
-  if (facts.isTrackingShown && facts.missedRequiredTrackingFields) return "a required tracking field is empty";
-  if (facts.isAlternateHostShown && facts.hasAlternateHostError) return "an alternate host is no e-mail address";
-  if (facts.areCountriesShown && facts.areCountriesEmpty) return "no dial-in country is chosen";
-  return facts.awaitsReply ? "the client has not answered yet" : "";
+HeldBack whatHoldsContinueBack(const ContinueFacts& facts) {
+  if (facts.isPasscodeShown && facts.isPasscodeOn && isBlank(facts.passcode))
+    return {"the passcode is missing", "LN_Schedule_Note_PasscodeMissing"};
+  if (facts.isErrorShown) return {"the panel tells of a fault", "LN_Schedule_Note_Fault"};
+  if (facts.isTrackingShown && facts.missedRequiredTrackingFields)
+    return {"a required tracking field is empty", "LN_Schedule_Note_TrackingFieldEmpty"};
+  if (facts.isAlternateHostShown && facts.hasAlternateHostError)
+    return {"an alternate host is no e-mail address", "LN_Schedule_Note_AlternateHostNoEmail"};
+  if (facts.areCountriesShown && facts.areCountriesEmpty)
+    return {"no dial-in country is chosen", "LN_Schedule_Note_NoDialInCountry"};
+  if (facts.awaitsReply) return {"the client has not answered yet", "LN_Schedule_Note_AwaitsClient"};
+  return {};
 }
 
 }  // namespace vorn

@@ -22,8 +22,15 @@ struct ContinueFacts {
   bool awaitsReply = false;
 };
 
-// What keeps it, in words for people who give support; "" when nothing does. Time linear in the passcode.
-std::string_view whatHoldsContinueBack(const ContinueFacts& facts);
-inline bool mayContinue(const ContinueFacts& facts) { return whatHoldsContinueBack(facts).empty(); }
+// What keeps it: in words for people who give support, and the key of the text for the user. Both are "" when
+// nothing does.
+struct HeldBack {
+  std::string_view reason{};
+  std::string_view noteKey{};
+};
+
+// Time linear in the passcode.
+HeldBack whatHoldsContinueBack(const ContinueFacts& facts);
+inline bool mayContinue(const ContinueFacts& facts) { return whatHoldsContinueBack(facts).reason.empty(); }
 
 }  // namespace vorn

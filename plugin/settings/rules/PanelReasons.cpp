@@ -41,6 +41,8 @@ struct Reason {
   // What the option's policy has to say besides; it has the name then.
   const OptionPolicy* policy = nullptr;
   bool (*says)(const OptionPolicy& policy, const AccountFacts& account) = nullptr;
+  // Of what is locked: the key of the text for the user.
+  std::string_view noteKey{};
 
   bool appliesTo(const Question& question) const {
     return holds(question) && (policy == nullptr || says(*policy, question.account()));
@@ -71,6 +73,8 @@ std::string inWords(const Reason& reason) {
 
 constexpr bool always(const Question&) { return true; }
 
+constexpr std::string_view kLockedByAccount = "LN_Schedule_Note_LockedByAccount";
+
 template <auto Gate>
 constexpr Reason tooOld(Keys controls) {
   return {controls, State::hidden, Whose::client, memberName<Gate>(),
@@ -97,7 +101,7 @@ bool isNotOffered(const OptionPolicy& policy, const AccountFacts& account) { ret
 constexpr Reason byAdministrator(State state, const OptionPolicy& policy, Keys controls,
                                  bool (*says)(const OptionPolicy&, const AccountFacts&) = isLocked,
                                  bool (*holds)(const Question&) = always) {
-  return {controls, state, Whose::administrator, {}, holds, &policy, says};
+  return {controls, state, Whose::administrator, {}, holds, &policy, says, kLockedByAccount};
 }
 
 constexpr Reason lockedBy(const OptionPolicy& policy, Keys controls) {
@@ -123,16 +127,17 @@ constexpr Reason hiddenByChoice(Keys controls, std::string_view words, bool (*ho
   return {controls, State::hidden, Whose::choice, words, holds};
 }
 
-constexpr Reason lockedByChoice(Keys controls, std::string_view words, bool (*holds)(const Question&) = always) {
-  return {controls, State::locked, Whose::choice, words, holds};
+constexpr Reason lockedByChoice(Keys controls, std::string_view words, std::string_view noteKey,
+                                bool (*holds)(const Question&) = always) {
+  return {controls, State::locked, Whose::choice, words, holds, nullptr, nullptr, noteKey};
 }
 
 constexpr Reason hiddenByMeeting(Keys controls, std::string_view words, bool (*holds)(const Question&) = always) {
   return {controls, State::hidden, Whose::meeting, words, holds};
 }
 
-constexpr Reason lockedByMeeting(Keys controls, std::string_view words) {
-  return {controls, State::locked, Whose::meeting, words, always};
+constexpr Reason lockedByMeeting(Keys controls, std::string_view words, std::string_view noteKey) {
+  return {controls, State::locked, Whose::meeting, words, always, nullptr, nullptr, noteKey};
 }
 
 // By which of its locks the passcode's switch is locked.
@@ -142,11 +147,18 @@ bool isForcedForPersonal(const Question& q) {
   return isPersonal(q) && q.account().isEnableForcePMIJBHWithPassword;
 }
 constexpr Reason passcodeForced(State state, Keys controls) {
-  return {controls, state, Whose::administrator, memberName<&F::isEnableForcePMIJBHWithPassword>(),
-          isForcedForPersonal};
+  return {controls,
+          state,
+          Whose::administrator,
+          memberName<&F::isEnableForcePMIJBHWithPassword>(),
+          isForcedForPersonal,
+          nullptr,
+          nullptr,
+          kLockedByAccount};
 }
 
 constexpr std::string_view kEndToEnd = "off while end-to-end encryption is chosen";
+constexpr std::string_view kEndToEndNote = "LN_Schedule_Note_OffWithEndToEnd";
 constexpr std::string_view kPersonal = "the meeting ID is the personal one";
 constexpr std::string_view kUnwanted = "the user wants to see it no more";
 bool isEndToEnd(const Question& q) { return q.isEndToEnd(); }
@@ -207,7 +219,7 @@ constexpr Reason kReasons[] = {
     without<&S::isEnableScheduleFor>({"scheduleForBox"}),
     hiddenByMeeting({"scheduleForBox"}, "the meeting exists already", isUpdate),
     hiddenByMeeting({"scheduleForBox"}, "there is nobody to schedule for"),
-    lockedByMeeting({"scheduleForPopup"}, "the meeting exists already"),
+    lockedByMeeting({"scheduleForPopup"}, "the meeting exists already", "LN_Schedule_Note_MeetingExists"),
     {{control_key::meetingIDBox},
      State::hidden,
      Whose::administrator,
@@ -239,11 +251,12 @@ constexpr Reason kReasons[] = {
     {kCountries, State::hidden, Whose::account, memberName<&F::isTspSite>(),
      [](const Question& q) { return q.account().isTspSite; }},
     hiddenByChoice(kCountries, "the chosen audio has no dial-in numbers"),
-    lockedByChoice({"voipButton"}, "the only audio of end-to-end encryption", isEndToEnd),
+    lockedByChoice({"voipButton"}, "the only audio of end-to-end encryption", "LN_Schedule_Note_OnlyAudio",
+                   isEndToEnd),
     lockedBy(policyOf(vn_Setting_AudioOption), {"telephonyButton", "voipButton", "bothButton",
                                                 "thirdPartyAudioButton", "tspAccountButton", "tspAccountPopup"}),
     hiddenByMeeting({"_includeTollfreeNumberBtn"}, "the account has no toll-free numbers to offer"),
-    lockedByChoice({"_doneBtn"}, "no country is chosen"),
+    lockedByChoice({"_doneBtn"}, "no country is chosen", "LN_Schedule_Note_NoCountry"),
     hiddenByChoice({"countryRow"}, "the list needs no such row now"),
 
     // Regions
@@ -261,7 +274,7 @@ constexpr Reason kReasons[] = {
     hiddenWithLock(kRegionsPolicy, {"allowDenyRCAllowButton", "allowDenyRCBlockButton", "allowDenyRCRegionsLabel",
                                     "allowDenyRCTextField", "allowDenyRCCancelButton"}),
     hiddenByMeeting({"allowDenyRCLockedLabel"}, "the regions can be changed"),
-    lockedByChoice({"allowDenyRCSaveButton"}, "no region is chosen"),
+    lockedByChoice({"allowDenyRCSaveButton"}, "no region is chosen", "LN_Schedule_Note_NoRegion"),
 
     // Tracking fields and alternate hosts
     hiddenByMeeting({control_key::trackingFieldsBox}, "the account has no tracking fields"),
@@ -281,7 +294,7 @@ constexpr Reason kReasons[] = {
     byAdministrator(State::locked, kPasscodeOfPersonal, kPasscode, isLocked, isPersonal),
     passcodeForced(State::locked, kPasscode),
     hiddenByChoice({control_key::passwordTextField}, "the passcode is off"),
-    lockedByChoice({control_key::passwordTextField}, "the passcode is off"),
+    lockedByChoice({control_key::passwordTextField}, "the passcode is off", "LN_Schedule_Note_PasscodeOff"),
     hiddenByChoice({"pswHelpButton"}, "there is nothing to say of this passcode"),
     hiddenByMeeting({"meetingPasswordBox"}, "none of its options is offered"),
     hiddenByMeeting(kErrors, "nothing is wrong"),
@@ -308,8 +321,8 @@ constexpr Reason kReasons[] = {
     hiddenByChoice({control_key::enableJBHButton, "jbhLimitTimePopUp", "jbhBeforeStartTime"}, kEndToEnd,
                    isEndToEnd),
     lockedBy(kJoinEarly, {control_key::enableJBHButton, "jbhLimitTimePopUp"}),
-    lockedByChoice({control_key::enableJBHButton}, kEndToEnd, isEndToEnd),
-    lockedByChoice({"jbhLimitTimePopUp"}, "join before host is off"),
+    lockedByChoice({control_key::enableJBHButton}, kEndToEnd, kEndToEndNote, isEndToEnd),
+    lockedByChoice({"jbhLimitTimePopUp"}, "join before host is off", "LN_Schedule_Note_JoinBeforeHostOff"),
     tooOld<&G::isVornClientSupport464Tasks>(kJoinTime),
     notOffered(policyOf(vn_Setting_JBHPriorTime), kJoinTime),
     hiddenByChoice(kJoinTime, kPersonal, isPersonal),
@@ -333,7 +346,7 @@ constexpr Reason kReasons[] = {
     hiddenByChoice(kRecording, kEndToEnd, isEndToEnd),
     hiddenByChoice(kRecordingChoices, "automatic recording is off"),
     lockedBy(kRecordingPolicy, kRecording),
-    lockedByChoice(kRecording, kEndToEnd, isEndToEnd),
+    lockedByChoice(kRecording, kEndToEnd, kEndToEndNote, isEndToEnd),
 
     // Advanced
     tooOld<&G::isVornClientSupportAHAndMuteOnEntry>({"muteUponEntryBox", "muteParticipantUponEntry"}),
@@ -367,16 +380,24 @@ std::string withoutNumber(std::string key) {
   return key;
 }
 
-std::string ownReason(const Control& control, const Question& question) {
+struct Explained {
+  std::string reason{};
+  std::string_view noteKey{};
+};
+
+Explained ownReason(const Control& control, const Question& question) {
   static const auto kByControl = reasonsByControl();
-  if (control.key == control_key::buttonContinue && !control.enabled) return question.situation.heldBackBy;
+  if (control.key == control_key::buttonContinue && !control.enabled) {
+    const HeldBack& heldBack = question.situation.heldBackBy;
+    return {std::string(heldBack.reason), heldBack.noteKey};
+  }
   const State state = control.hidden ? State::hidden : State::locked;
   const auto [begin, end] = kByControl.equal_range(withoutNumber(control.key));
   for (auto each = begin; each != end; ++each) {
     const Reason& reason = *each->second;
-    if (reason.state == state && reason.appliesTo(question)) return inWords(reason);
+    if (reason.state == state && reason.appliesTo(question)) return {inWords(reason), reason.noteKey};
   }
-  return control.kind == Control::Kind::window ? "the window is closed" : "";
+  return {control.kind == Control::Kind::window ? "the window is closed" : ""};
 }
 
 // The box or window by which a control is off the screen although it is not hidden itself; null when it is on it.
@@ -388,14 +409,17 @@ const Control* hiddenAround(const Control& control, const ControlSet& controls) 
 
 }  // namespace
 
-void explain(ControlSet& controls, const PanelSituation& situation) {
+void explain(ControlSet& controls, const PanelSituation& situation, const TextSource& texts) {
   const Question question{situation, controls};
   for (const std::string& key : controls.keys()) {
     Control& control = *controls.find(key);
-    control.reason.clear();
-    if (control.hidden || !control.enabled) control.reason = ownReason(control, question);
+    Explained own;
+    if (control.hidden || !control.enabled) own = ownReason(control, question);
+    control.note = control.hidden || own.noteKey.empty() ? "" : texts(own.noteKey, {});
+    control.reason = own.reason;
     if (!control.reason.empty()) continue;
-    if (const Control* around = hiddenAround(control, controls)) control.reason = ownReason(*around, question);
+    if (const Control* around = hiddenAround(control, controls))
+      control.reason = ownReason(*around, question).reason;
   }
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
-// Why a control of the settings panel is hidden or cannot be used, for people who give support. It tells what the
-// rules have decided and decides nothing.
-
-#include <string>
+// Why a control of the settings panel is hidden or cannot be used: for people who give support, and why it cannot
+// be used for the user, too. It tells what the rules have decided and decides nothing.
 
 #include "platform/controls/ControlSet.h"
+#include "settings/rules/ContinueRule.h"
 #include "settings/rules/PlainOptionRules.h"
+#include "settings/rules/TextSource.h"
 
 namespace vorn::panel_rules {
 
@@ -26,12 +26,11 @@ struct PanelSituation {
   // and of the client.
   bool isVornClientSupport500Tasks = false;
   bool isVornClientSupportEditCountries = false;
-  // What keeps Continue from being used; "" when nothing does.
-  std::string heldBackBy{};
+  HeldBack heldBackBy{};
 };
 
-// Gives each control its reason: its own, or that of the box or window by which it is off the screen. Time n log n
-// in the controls.
-void explain(ControlSet& controls, const PanelSituation& situation);
+// Gives each control its reason, which is its own or that of the box or window by which it is off the screen, and
+// its note. Time n log n in the controls.
+void explain(ControlSet& controls, const PanelSituation& situation, const TextSource& texts);
 
 }  // namespace vorn::panel_rules

@@ -90,7 +90,7 @@ void ControlView::update(const Control& control, const std::string& name) {
   if (isTypedInto(control.kind) && control.spoken.empty())
     m_spoken.label = name.empty() ? control.placeholder : name;
   m_spoken.role = role();
-  m_spoken.help = control.toolTip.empty() ? control.reason : control.toolTip;
+  m_spoken.help = control.toolTip.empty() ? control.note : control.toolTip;
   NSView* told = spokenView();
   tellReader(told, @selector(setAccessibilityLabel:), foundationText(m_spoken.label));
   tellReader(told, @selector(setAccessibilityRole:), m_spoken.role);
@@ -100,8 +100,7 @@ void ControlView::update(const Control& control, const std::string& name) {
   // Readers pass over a view that is none of the toolkit's controls, unless it says what it is.
   if (![told isKindOfClass:[NSControl class]]) makeReadable(told);
   // Why something cannot be used is worth a word where nothing else is said.
-  const std::string& tip = control.toolTip.empty() && !control.enabled ? control.reason : control.toolTip;
-  [m_view.get() setToolTip:tip.empty() ? nil : foundationText(tip)];
+  [m_view.get() setToolTip:m_spoken.help.empty() ? nil : foundationText(m_spoken.help)];
   show(control);
 }
 

@@ -335,16 +335,14 @@ double PanelPage::placeLine(const Line& line, const ControlSet& controls, double
 double PanelPage::placeNote(const Line& line, const ControlSet& controls, double x, double right, double top,
                             double bottom) {
   NSTextField* note = line.note.get();
-  std::string reason;
+  std::string words;
   for (const Cell& cell : line.cells) {
     const Control& control = *controls.find(cell.key);
-    if (reason.empty() && controls.isOnScreen(cell.key) && !control.enabled) reason = control.reason;
+    if (words.empty() && controls.isOnScreen(cell.key)) words = control.note;
   }
-  // By which question that was found out is for those who give support, and stands under the mouse.
-  reason = reason.substr(0, reason.find(':'));
-  setHidden(note, reason.empty());
-  if (reason.empty()) return bottom;
-  NSString* text = foundationText(reason);
+  setHidden(note, words.empty());
+  if (words.empty()) return bottom;
+  NSString* text = foundationText(words);
   [note setStringValue:text];
   const double width = widthOfText(text, noteFont()) + kTextSides;
   const double height = heightOfText(text, noteFont(), 0);
