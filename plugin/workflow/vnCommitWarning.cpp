@@ -4,10 +4,8 @@
 #include "host/proxies/vnApptInfoKeys.h"
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
-#include "platform/Presenter.h"
 #include "platform/Registry.h"
-#include "platform/TraceStep.h"
-#include "secrets/SecretMask.h"
+#include "platform/TracedAlert.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -21,18 +19,13 @@ std::string vnCommitWarning::getWarningMessage() const {
 }
 
 void vnCommitWarning::showCommitWarning(const HostObject& parentWindow) const {
-  Presenter* presenter = Registry::platform().presenter;
-  if (!presenter) return;
   Presenter::Alert alert;
   alert.message = formatText(localizedString("LN_Schedule_Template_Notavailable_220900"), {getWarningMessage()});
   alert.buttons = {localizedString("LN_Schedule_Template_ChooseAnotherTemplate_220900"),
                    localizedString("LN_Schedule_Template_NotUseTemplate_220900")};
   alert.icon = Presenter::kWarningIcon;
-  traceStep("alert", [&] {
-    return Value::dictionaryFromPairs({{"message", SecretMask::covered(alert.message)}});
-  });
   // The notice keeps its data: another window's commit may be stopped before this one's answer comes.
-  presenter->showAlert(parentWindow, alert, [parentWindow, data = m_meetingData](const Presenter::Answer& answer) {
+  showTracedAlert(parentWindow, alert, [parentWindow, data = m_meetingData](const Presenter::Answer& answer) {
     // The answer may come after the end of this system.
     NotificationCenter* center = Registry::platform().notificationCenter;
     if (!center) return;

@@ -281,9 +281,7 @@ std::string vnMeetingMgr::getDisplayNameWithOnbehalfEmail(const std::string& ema
 }
 
 void vnMeetingMgr::showNoMeetingLicenseWindow(const HostObject& parentWindow) {
-  const std::string message = localizedString("NoMeetingLicense");
-  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", message}}); });
-  vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
+  vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, localizedString("NoMeetingLicense"));
 }
 
 bool vnMeetingMgr::putInvitationAtTheTop() { return m_meetingDataMgr->putInvitationAtTheTop(); }

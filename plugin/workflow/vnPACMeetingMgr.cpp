@@ -9,7 +9,6 @@
 #include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
 #include "platform/Registry.h"
-#include "platform/TraceStep.h"
 #include "util/vnOLUtils.h"
 #include "workflow/WholeWords.h"
 #include "workflow/vnApptDataForSaveRecord.h"
@@ -59,9 +58,7 @@ std::vector<std::string> partsOfAllAccounts() {
 }
 
 void tellThatItIsTurnedOff(const HostObject& parentWindow) {
-  const std::string message = localizedString("WarnMsg_PACIsDisabled");
-  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", message}}); });
-  vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
+  vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, localizedString("WarnMsg_PACIsDisabled"));
 }
 
 }  // namespace

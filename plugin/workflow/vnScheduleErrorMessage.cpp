@@ -6,7 +6,7 @@
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
-#include "platform/TraceStep.h"
+#include "platform/TracedAlert.h"
 #include "workflow/vnWorkflowKeys.h"
 
 namespace vorn {
@@ -16,8 +16,6 @@ vnScheduleErrorMessage& vnScheduleErrorMessage::sharedInstance() {
 }
 
 void vnScheduleErrorMessage::showMessage(const HostObject& parentWindow) {
-  Presenter* presenter = Registry::platform().presenter;
-  if (!presenter) return;
   m_session = std::make_shared<vnScheduleErrorMessage*>(this);
   m_scheduleLimitation.initFields(true);
   const Control& notAgain = m_scheduleLimitation.notShowAgainSwitch();
@@ -28,11 +26,10 @@ void vnScheduleErrorMessage::showMessage(const HostObject& parentWindow) {
       Presenter::kWarningIcon,
       notAgain.text};
   alert.link = vnScheduleLimitationViewController::upgrade();
-  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.message}}); });
-  presenter->showAlert(parentWindow, alert,
-                       [session = std::weak_ptr<vnScheduleErrorMessage*>(m_session)](Presenter::Answer answer) {
-                         if (const auto open = session.lock()) (*open)->onAnswer(answer);
-                       });
+  showTracedAlert(parentWindow, alert,
+                  [session = std::weak_ptr<vnScheduleErrorMessage*>(m_session)](Presenter::Answer answer) {
+                    if (const auto open = session.lock()) (*open)->onAnswer(answer);
+                  });
 }
 
 void vnScheduleErrorMessage::onAnswer(const Presenter::Answer& answer) {

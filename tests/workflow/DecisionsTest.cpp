@@ -518,7 +518,7 @@ TEST(Notices, AreTracedNotShownWithoutAPresenterAndNotHeardAfterTheEnd) {
   for (const auto& [window, alert, answer, answered] : shown) {
     const std::string text = alert.title.empty() ? alert.message : alert.title;
     EXPECT_EQ(test.trace.steps.at(said.size()).step, "alert");
-    EXPECT_EQ(test.trace.steps.at(said.size()).facts["message"].text(), text);
+    EXPECT_EQ(test.trace.steps.at(said.size()).facts["message"].text(), alert.message);
     said.push_back(text + ": ");
     for (const std::string& button : alert.buttons) said.back() += button + ", ";
     said.back() += alert.notAgainSwitch + alert.icon;

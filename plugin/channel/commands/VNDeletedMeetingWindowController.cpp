@@ -6,16 +6,13 @@
 #include "data/NotAgainFlags.h"
 #include "data/vnUserProfileHelper.h"
 #include "platform/Localization.h"
-#include "platform/Presenter.h"
 #include "platform/Registry.h"
-#include "platform/TraceStep.h"
+#include "platform/TracedAlert.h"
 #include "platform/Workspace.h"
 
 namespace vorn {
 
 void VNDeletedMeetingWindowController::showSheet(const HostObject& parentWindow) {
-  Presenter* presenter = Registry::platform().presenter;
-  if (!presenter) return;
   Presenter::Alert alert;
   alert.title = localizedString("LN_Schedule_DeleteMeetingTitle_120529");
   const std::string place = localizedString("LN_Schedule_DeleteMeetingInfo_RecentlyDeleted_120529");
@@ -31,8 +28,7 @@ void VNDeletedMeetingWindowController::showSheet(const HostObject& parentWindow)
   }
   alert.buttons = {localizedString("LN_Schedule_DeleteMeeting_120529"), localizedString("Button_Cancel")};
   alert.notAgainSwitch = localizedString("LN_Schedule_DoNotRemind_120529");
-  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", alert.title}}); });
-  presenter->showAlert(parentWindow, alert, [](const Presenter::Answer& answer) {
+  showTracedAlert(parentWindow, alert, [](const Presenter::Answer& answer) {
     if (answer.button == 0) not_again::deletedMeeting().set(answer.notAgain);
   });
 }

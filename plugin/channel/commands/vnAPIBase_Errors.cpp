@@ -16,8 +16,6 @@
 #include "platform/Localization.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Registry.h"
-#include "platform/TraceStep.h"
-#include "secrets/SecretMask.h"
 
 namespace vorn {
 
@@ -41,12 +39,6 @@ constexpr std::pair<int, std::string_view> kMessageKeys[] = {
     {ErrorCode::kNetwork, "NetworkConnectionError"},
 };
 
-void traceAlert(int code, const std::string& message) {
-  traceStep("alert", [&] {
-    return Value::dictionaryFromPairs({{"code", code}, {"message", SecretMask::covered(message)}});
-  });
-}
-
 // Also of a user whose profile has been cleared since.
 bool hidesSettings() { return not_again::settingsPanel(vnUserProfileHelper::sharedInstance().getUID()).isSet(); }
 
@@ -55,17 +47,15 @@ bool hidesSettings() { return not_again::settingsPanel(vnUserProfileHelper::shar
 void vnAPIBase::popupErrorMsg(const HostObject& parentWindow, int code) {
   if (m_silentAPIError) return;
   const std::string message = messageForCode(parentWindow, code);
-  traceAlert(code, message);
   if (code == ErrorCode::kClientNotRunning) {
-    vnClientNotRunningError::sharedInstance().showClientError(parentWindow, message);
+    vnClientNotRunningError::sharedInstance().showClientError(parentWindow, message, code);
   } else {
-    vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
+    vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message, code);
   }
 }
 
 void vnAPIBase::popupWarnWithErrorMsg(const HostObject& parentWindow, const std::string& message) {
-  traceAlert(0, message);
-  vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message);
+  vnAlertHelper::sharedInstance().showAlertMessage(parentWindow, message, 0);
 }
 
 std::string vnAPIBase::messageForCode(const HostObject& parentWindow, int code) {

@@ -1,16 +1,16 @@
 #include "channel/commands/vnAlertHelper.h"
 
-#include "platform/Presenter.h"
 #include "platform/Registry.h"
+#include "platform/TracedAlert.h"
 
 namespace vorn {
 
 vnAlertHelper& vnAlertHelper::sharedInstance() { return Registry::shared<vnAlertHelper>(); }
 
-void vnAlertHelper::showAlertMessage(const HostObject& window, const std::string& message) {
-  Presenter* presenter = Registry::platform().presenter;
-  if (!presenter) return;
-  presenter->showAlert(window, {"", message, {"OK"}, Presenter::kWarningIcon}, [](Presenter::Answer) {});
+void vnAlertHelper::showAlertMessage(const HostObject& window, const std::string& message,
+                                     std::optional<int> code) {
+  showTracedAlert(
+      window, {"", message, {"OK"}, Presenter::kWarningIcon}, [](Presenter::Answer) {}, code);
 }
 
 }  // namespace vorn

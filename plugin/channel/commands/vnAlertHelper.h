@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "util/HostObject.h"
@@ -12,8 +13,8 @@ class vnAlertHelper {
   static vnAlertHelper& sharedInstance();
 
   // Shows the message as a sheet on the window, or by itself when the window is absent, and returns at once. An
-  // empty message gives an alert without text.
-  void showAlertMessage(const HostObject& window, const std::string& message);
+  // empty message gives an alert without text. The code is the one of the error that it tells of.
+  void showAlertMessage(const HostObject& window, const std::string& message, std::optional<int> code = {});
 };
 
 }  // namespace vorn

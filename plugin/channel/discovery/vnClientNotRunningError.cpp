@@ -4,8 +4,8 @@
 #include "channel/transport/vnIPCChannel.h"
 #include "channel/transport/vnIPCConstants.h"
 #include "platform/Localization.h"
-#include "platform/Presenter.h"
 #include "platform/Registry.h"
+#include "platform/TracedAlert.h"
 
 namespace vorn {
 
@@ -27,24 +27,24 @@ vnClientNotRunningError& vnClientNotRunningError::sharedInstance() {
   return Registry::shared<vnClientNotRunningError>();
 }
 
-void vnClientNotRunningError::showClientError(const HostObject& window, const OptionalText& message) {
-  Presenter* presenter = Registry::platform().presenter;
-  if (!presenter) return;
+void vnClientNotRunningError::showClientError(const HostObject& window, const OptionalText& message,
+                                              std::optional<int> code) {
   const Presenter::Alert alert{"",
                                message.value_or(""),
                                {localizedString("Button_LaunchClient"), localizedString("Button_Cancel")},
                                Presenter::kWarningIcon};
-  presenter->showAlert(window, alert, [](Presenter::Answer answer) {
-    if (answer == Presenter::Answer::defaultButton) launchClient();
-  });
+  showTracedAlert(
+      window, alert,
+      [](Presenter::Answer answer) {
+        if (answer == Presenter::Answer::defaultButton) launchClient();
+      },
+      code);
 }
 
 void vnClientNotRunningError::showClientErrorWithoutLaunchClient(const HostObject& window,
                                                                  const OptionalText& message) {
-  Presenter* presenter = Registry::platform().presenter;
-  if (!presenter) return;
-  presenter->showAlert(window, {"", message.value_or(""), {localizedString("OK")}, Presenter::kWarningIcon},
-                       [](Presenter::Answer) {});
+  showTracedAlert(window, {"", message.value_or(""), {localizedString("OK")}, Presenter::kWarningIcon},
+                  [](Presenter::Answer) {});
 }
 
 }  // namespace vorn

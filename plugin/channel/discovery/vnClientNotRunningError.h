@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "util/Value.h"
 
 namespace vorn {
@@ -9,8 +11,8 @@ class vnClientNotRunningError {
  public:
   static vnClientNotRunningError& sharedInstance();
 
-  // A sheet on the window, or an alert by itself without one.
-  void showClientError(const HostObject& window, const OptionalText& message);
+  // A sheet on the window, or an alert by itself without one. The code is the one of the error that it tells of.
+  void showClientError(const HostObject& window, const OptionalText& message, std::optional<int> code = {});
   // The same without the offer. No caller here.
   void showClientErrorWithoutLaunchClient(const HostObject& window, const OptionalText& message);
 };

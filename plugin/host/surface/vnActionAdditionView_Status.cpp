@@ -10,7 +10,6 @@
 #include "host/surface/HostMenu.h"
 #include "host/surface/vnActionAdditionView.h"
 #include "platform/Localization.h"
-#include "platform/TraceStep.h"
 #include "workflow/SettingsPanel.h"
 #include "workflow/ThreadDictionary.h"
 #include "workflow/vnApptUIActionMgr.h"
@@ -179,9 +178,8 @@ void vnActionAdditionView::addPACMeeting(std::int64_t account) {
 }
 
 void vnActionAdditionView::popupNotSupportPACWarningMsg() {
-  const std::string message = localizedString("NotSupportPACForOnBehalf");
-  traceStep("alert", [&] { return Value::dictionaryFromPairs({{"message", message}}); });
-  vnAlertHelper::sharedInstance().showAlertMessage(editorViewWindow(), message);
+  vnAlertHelper::sharedInstance().showAlertMessage(editorViewWindow(),
+                                                   localizedString("NotSupportPACForOnBehalf"));
 }
 
 void vnActionAdditionView::onClickCancelVornMeeting() {
