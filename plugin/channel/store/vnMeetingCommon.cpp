@@ -8,6 +8,7 @@
 #include "channel/store/vnLocalProfileKeys.h"
 #include "channel/store/vnPathConstants.h"
 #include "platform/Registry.h"
+#include "secrets/SecretMask.h"
 
 namespace vorn {
 
@@ -21,7 +22,7 @@ ApptWindowDirectory* directory() { return Registry::shared<ApptWindows>().direct
 
 void cover(Value& dictionary, std::initializer_list<std::string_view> keys) {
   for (const std::string_view key : keys) {
-    if (dictionary.contains(key)) dictionary.set(key, "******");
+    if (dictionary.contains(key)) dictionary.set(key, SecretMask::kCover);
   }
 }
 

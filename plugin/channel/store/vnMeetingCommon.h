@@ -29,7 +29,8 @@ class vnMeetingCommon {
   // Remembers in the site configuration whether the account has personal audio conferences.
   static void savePACConfigToLocal(std::int64_t pacCount);
 
-  // Copies with passcodes, invitations and people covered. A value that is no dictionary comes back as it is.
+  // Copies with passcodes, invitations and people covered, whole and under these keys alone: what may be in
+  // another text only `secrets` knows. A value that is no dictionary comes back as it is.
   static Value getLogInfo_VNSetting(const Value& setting);
   static Value getLogInfo_ApptInfo(const Value& apptInfo);
   static Value getLogInfo_MeetingData(const Value& meetingData);
