@@ -7,7 +7,7 @@
 #include "lab/shell/ClientSide.h"
 #include "lab/shell/EmbeddedSession.h"
 #include "lab/shell/LoadedPlugin.h"
-#include "lab/shell/WatchSession.h"
+#include "lab/shell/watch/WatchSession.h"
 #include "platform/embedded/EmbeddedDistributedNotifications.h"
 #include "platform/embedded/EmbeddedWorkspace.h"
 

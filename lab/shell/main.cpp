@@ -15,9 +15,9 @@
 #include "lab/shell/PanelCommand.h"
 #include "lab/shell/PlayCommand.h"
 #include "lab/shell/ReportCommand.h"
-#include "lab/shell/WatchCommand.h"
-#include "lab/shell/WatchPost.h"
 #include "lab/shell/Words.h"
+#include "lab/shell/watch/WatchCommand.h"
+#include "lab/shell/watch/WatchPost.h"
 
 namespace {
 

@@ -16,11 +16,11 @@
 
 #include "lab/shell/LabError.h"
 #include "lab/shell/TextColumns.h"
-#include "lab/shell/WatchFeed.h"
-#include "lab/shell/WatchFolder.h"
-#include "lab/shell/WatchFrame.h"
-#include "lab/shell/WatchLines.h"
-#include "lab/shell/WatchPost.h"
+#include "lab/shell/watch/WatchFeed.h"
+#include "lab/shell/watch/WatchFolder.h"
+#include "lab/shell/watch/WatchFrame.h"
+#include "lab/shell/watch/WatchLines.h"
+#include "lab/shell/watch/WatchPost.h"
 #include "tests/shell/ProgramRun.h"
 
 namespace vornlab::test {

@@ -10,7 +10,7 @@ namespace vornlab {
 namespace {
 
 using vorn::Control;
-using Kind = PanelDeed::Kind;
+using DeedKind = PanelDeed::Kind;
 
 const char* inWords(bool value) { return value ? "yes" : "no"; }
 
@@ -93,13 +93,13 @@ void PanelProperty::set(Stage& stage, const std::string& value) const {
     }
     // Whoever wants it as it is presses nothing, yet it has to be there.
     if (now.on == (value == "yes") && now.enabled && !now.hidden) return;
-    deed = {.kind = Kind::turn, .on = value == "yes"};
+    deed = {.kind = DeedKind::turn, .on = value == "yes"};
   } else if (property == "text") {
-    deed = {.kind = Kind::write, .text = value};
+    deed = {.kind = DeedKind::write, .text = value};
   } else if (property == "index" || property == "chosen") {
     const auto item = itemOf(controlOf(stage, control), property, value);
     if (!item) throw Mismatch("an item " + value + " of " + control, "none");
-    deed = {.kind = Kind::choose, .index = *item};
+    deed = {.kind = DeedKind::choose, .index = *item};
   } else {
     throw Mismatch("a property that a person can change", property);
   }
@@ -118,13 +118,13 @@ void useTokens(Stage& stage, const std::string& control, const PanelDeed& deed) 
 void typeInPanel(Stage& stage, const std::string& control, const std::string& text) {
   for (std::size_t at = 0; at < text.size();) {
     const std::string character = text.substr(at, vorn::utf8SequenceLength(text, at));
-    useTokens(stage, control, {.kind = Kind::type, .text = character});
+    useTokens(stage, control, {.kind = DeedKind::type, .text = character});
     at += character.size();
   }
 }
 
 void pasteInPanel(Stage& stage, const std::string& control, const std::string& text) {
-  useTokens(stage, control, {.kind = Kind::paste, .text = text});
+  useTokens(stage, control, {.kind = DeedKind::paste, .text = text});
 }
 
 namespace {
@@ -150,7 +150,7 @@ const PanelKey* findKey(std::string_view word) {
 bool isPanelKey(std::string_view word) { return findKey(word) != nullptr; }
 
 void pressInPanel(Stage& stage, const std::string& control, const std::string& word) {
-  use(stage, control, {.kind = Kind::press, .key = findKey(word)->key});
+  use(stage, control, {.kind = DeedKind::press, .key = findKey(word)->key});
 }
 
 void clickInPanel(Stage& stage, const std::string& control) { use(stage, control, {}); }

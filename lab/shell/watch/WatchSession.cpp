@@ -1,4 +1,4 @@
-#include "lab/shell/WatchSession.h"
+#include "lab/shell/watch/WatchSession.h"
 
 #include <algorithm>
 #include <utility>

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/shell/WatchFrame.h"
+#include "lab/shell/watch/WatchFrame.h"
 
 namespace vornlab {
 

@@ -1,4 +1,4 @@
-#include "lab/shell/WatchFolder.h"
+#include "lab/shell/watch/WatchFolder.h"
 
 #include <signal.h>
 #include <sys/stat.h>

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "lab/shell/WatchEvents.h"
+#include "lab/shell/watch/WatchEvents.h"
 #include "platform/embedded/HostRunLoop.h"
 
 namespace vornlab {

@@ -1,4 +1,4 @@
-#include "lab/shell/WatchSocket.h"
+#include "lab/shell/watch/WatchSocket.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>

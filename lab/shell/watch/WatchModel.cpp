@@ -1,4 +1,4 @@
-#include "lab/shell/WatchModel.h"
+#include "lab/shell/watch/WatchModel.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "lab/shell/WatchLines.h"
+#include "lab/shell/watch/WatchLines.h"
 
 #include <algorithm>
 
-#include "lab/shell/WatchWords.h"
+#include "lab/shell/watch/WatchWords.h"
 
 namespace vornlab {
 namespace {

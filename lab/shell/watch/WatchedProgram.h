@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/shell/WatchSocket.h"
+#include "lab/shell/watch/WatchSocket.h"
 
 namespace vornlab {
 

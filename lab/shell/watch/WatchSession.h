@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "lab/shell/EmbeddedSession.h"
-#include "lab/shell/WatchPost.h"
-#include "lab/shell/WatchTimers.h"
+#include "lab/shell/watch/WatchPost.h"
+#include "lab/shell/watch/WatchTimers.h"
 #include "platform/Platform.h"
 #include "platform/Trace.h"
 #include "platform/embedded/HostRunLoop.h"

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "lab/shell/ReportForm.h"
-#include "lab/shell/WatchEvents.h"
+#include "lab/shell/watch/WatchEvents.h"
 
 namespace vornlab {
 

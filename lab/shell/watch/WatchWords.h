@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "lab/shell/WatchEvents.h"
+#include "lab/shell/watch/WatchEvents.h"
 
 namespace vornlab {
 

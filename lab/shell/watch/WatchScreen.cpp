@@ -1,4 +1,4 @@
-#include "lab/shell/WatchScreen.h"
+#include "lab/shell/watch/WatchScreen.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/shell/WatchEvents.h"
+#include "lab/shell/watch/WatchEvents.h"
 
 namespace vornlab {
 

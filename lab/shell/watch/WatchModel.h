@@ -3,7 +3,7 @@
 #include <deque>
 #include <string>
 
-#include "lab/shell/WatchEvents.h"
+#include "lab/shell/watch/WatchEvents.h"
 
 namespace vornlab {
 

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "lab/shell/WatchSocket.h"
+#include "lab/shell/watch/WatchSocket.h"
 
 namespace vornlab {
 

@@ -1,13 +1,13 @@
-#include "lab/shell/WatchView.h"
+#include "lab/shell/watch/WatchView.h"
 
 #include <chrono>
 #include <optional>
 
 #include "lab/shell/Output.h"
 #include "lab/shell/TextColumns.h"
-#include "lab/shell/WatchLines.h"
-#include "lab/shell/WatchModel.h"
-#include "lab/shell/WatchScreen.h"
+#include "lab/shell/watch/WatchLines.h"
+#include "lab/shell/watch/WatchModel.h"
+#include "lab/shell/watch/WatchScreen.h"
 
 namespace vornlab {
 namespace {

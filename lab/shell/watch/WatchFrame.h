@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/shell/WatchModel.h"
+#include "lab/shell/watch/WatchModel.h"
 
 namespace vornlab {
 

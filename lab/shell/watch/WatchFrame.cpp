@@ -1,4 +1,4 @@
-#include "lab/shell/WatchFrame.h"
+#include "lab/shell/watch/WatchFrame.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include <cstdio>
 
 #include "lab/shell/TextColumns.h"
-#include "lab/shell/WatchWords.h"
+#include "lab/shell/watch/WatchWords.h"
 
 namespace vornlab {
 namespace {

@@ -1,4 +1,4 @@
-#include "lab/shell/WatchedProgram.h"
+#include "lab/shell/watch/WatchedProgram.h"
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -17,7 +17,7 @@
 #include "lab/shell/Interruption.h"
 #include "lab/shell/LabError.h"
 #include "lab/shell/Output.h"
-#include "lab/shell/WatchPost.h"
+#include "lab/shell/watch/WatchPost.h"
 #include "util/HighDescriptor.h"
 
 extern char** environ;

@@ -1,4 +1,4 @@
-#include "lab/shell/WatchFeed.h"
+#include "lab/shell/watch/WatchFeed.h"
 
 #include <sys/socket.h>
 

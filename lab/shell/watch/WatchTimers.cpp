@@ -1,4 +1,4 @@
-#include "lab/shell/WatchTimers.h"
+#include "lab/shell/watch/WatchTimers.h"
 
 #include <utility>
 

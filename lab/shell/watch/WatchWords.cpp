@@ -1,4 +1,4 @@
-#include "lab/shell/WatchWords.h"
+#include "lab/shell/watch/WatchWords.h"
 
 #include <array>
 #include <cstdio>

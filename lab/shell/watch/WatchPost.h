@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "lab/shell/WatchEvents.h"
-#include "lab/shell/WatchFolder.h"
-#include "lab/shell/WatchSocket.h"
+#include "lab/shell/watch/WatchEvents.h"
+#include "lab/shell/watch/WatchFolder.h"
+#include "lab/shell/watch/WatchSocket.h"
 
 namespace vornlab {
 

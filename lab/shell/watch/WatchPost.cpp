@@ -1,4 +1,4 @@
-#include "lab/shell/WatchPost.h"
+#include "lab/shell/watch/WatchPost.h"
 
 #include <sys/socket.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-#include "lab/shell/WatchCommand.h"
+#include "lab/shell/watch/WatchCommand.h"
 
 #include <poll.h>
 
@@ -11,10 +11,10 @@
 
 #include "lab/shell/Interruption.h"
 #include "lab/shell/Output.h"
-#include "lab/shell/WatchFeed.h"
-#include "lab/shell/WatchFolder.h"
-#include "lab/shell/WatchView.h"
-#include "lab/shell/WatchedProgram.h"
+#include "lab/shell/watch/WatchFeed.h"
+#include "lab/shell/watch/WatchFolder.h"
+#include "lab/shell/watch/WatchView.h"
+#include "lab/shell/watch/WatchedProgram.h"
 #include "lab/words/OptionChecks.h"
 
 namespace vornlab {

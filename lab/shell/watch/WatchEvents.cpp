@@ -1,4 +1,4 @@
-#include "lab/shell/WatchEvents.h"
+#include "lab/shell/watch/WatchEvents.h"
 
 #include <nlohmann/json.hpp>
 
