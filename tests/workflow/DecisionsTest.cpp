@@ -34,20 +34,29 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   struct Row {
     std::uint64_t state, after;
     Names requests, panel;
-    bool writes = false;
+    bool writes;
+    // Whether it is the same with one that was cancelled, and with one that nobody can read; nothing happens
+    // otherwise.
+    bool cancelled, unreadable;
   };
   const Row rows[] = {
-      {VnStateIdle, VnStateIdle, {}, {}},
-      {VnStateAdding, VnStateAdding, {}, {}},
-      {VnStateChanging, VnStateChanging, {}, {"shown"}},
-      {VnStateCommitting, VnStateCommitting, {"3/2"}, {}},
-      {VnStateCommitted, VnStateIdle, {}, {"passcode abc123"}, true},
-      {VnStatePAC, VnStatePAC, {}, {}},
-      {VnStatePMIForSettings, VnStatePMIForSettings, {}, {"personal 5550123456", "refreshed as personal"}},
-      {VnStatePMIForSchedule, VnStateCommitting, {"3/1"}, {}},
-      {VnStatePMIForUpdate, VnStatePMIForUpdate, {"3/2"}, {}},
-      {VnStateLoadByApptUUID, VnStateLoadByApptUUID, {}, {}},
-      {VnStateUpdateOnCalendar, VnStateUpdateOnCalendar, {}, {}},
+      {VnStateIdle, VnStateIdle, {}, {}, false, true, true},
+      {VnStateAdding, VnStateAdding, {}, {}, false, true, true},
+      {VnStateChanging, VnStateChanging, {}, {"shown"}, false, false, false},
+      {VnStateCommitting, VnStateCommitting, {"3/2"}, {}, false, false, false},
+      {VnStateCommitted, VnStateIdle, {}, {"passcode abc123"}, true, false, false},
+      {VnStatePAC, VnStatePAC, {}, {}, false, true, true},
+      {VnStatePMIForSettings,
+       VnStatePMIForSettings,
+       {},
+       {"personal 5550123456", "refreshed as personal"},
+       false,
+       true,
+       false},
+      {VnStatePMIForSchedule, VnStateCommitting, {"3/1"}, {}, false, true, true},
+      {VnStatePMIForUpdate, VnStatePMIForUpdate, {"3/2"}, {}, false, false, false},
+      {VnStateLoadByApptUUID, VnStateLoadByApptUUID, {}, {}, false, true, true},
+      {VnStateUpdateOnCalendar, VnStateUpdateOnCalendar, {}, {}, false, true, true},
   };
   openPanel();
   panels.panel->settings.set(vn_Setting_AudioOption, 2);
@@ -55,21 +64,15 @@ TEST_F(Decisions, AMeetingIsTakenForWhatItWasFetchedFor) {
   for (std::size_t i = 0; i < 3 * std::size(rows); ++i) {
     const bool isCancelled = i < std::size(rows);
     const bool isReadable = i < 2 * std::size(rows);
-    Row row = rows[i % std::size(rows)];
+    const Row& of = rows[i % std::size(rows)];
+    const bool counts = isCancelled ? of.cancelled : isReadable || of.unreadable;
+    const Row row = counts ? of : Row{of.state, of.state, {}, {}, false, false, false};
     SCOPED_TRACE(testing::Message() << row.state
                                     << (isCancelled  ? " cancelled"
                                         : isReadable ? ""
-                                                     : " with nothing to read"));
-    helper().setMeetingData(meeting(), false);
+                                                     : " unreadable"));
+    helper().setMeetingData(isReadable ? meeting() : Value::dictionary(), false);
     data().setMeetingKey(isCancelled ? "" : kKey);
-    if (isCancelled) {
-      const bool isOfMeeting =
-          row.state == VnStateChanging || row.state == VnStateCommitted || row.requests == Names{"3/2"};
-      if (isOfMeeting) row = {row.state, row.state, {}, {}};
-    } else if (!isReadable) {
-      helper().setMeetingData(Value::dictionary(), false);
-      if (row.state != VnStatePMIForSchedule) row = {row.state, row.state, {}, {}};
-    }
     client.requests.clear();
     panels.panel->calls.clear();
     window->set(window->bar->editor, "olmUCInband", "");
