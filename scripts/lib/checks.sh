@@ -61,12 +61,12 @@ check_format() { our_sources | xargs -r clang-format --dry-run -Werror; }
 
 check_floors() { scripts/check-floors; }
 
-# The top folders of this machine that not every system has, as alternatives of a pattern: a path into them, or into the
-# administrator's home, holds nowhere else.
+# The top folders of this machine that neither every system nor this tree has, as alternatives of a pattern: a path into
+# them, or into the administrator's home, holds nowhere else.
 folders_of_this_machine() {
   local common='bin|boot|dev|etc|home|lib[0-9x]*|media|mnt|opt|proc|run|sbin|srv|sys|tmp|usr|var|cores|private'
-  { echo root; ls /; } | grep -E '^[[:alnum:]_-]+$' |
-    grep -vxE "$common|Applications|Library|Network|System|Users|Volumes" | sort -u | paste -sd '|' -
+  common+="|Applications|Library|Network|System|Users|Volumes|build|$(git ls-tree -d --name-only HEAD | paste -sd '|' -)"
+  { echo root; ls /; } | grep -E '^[[:alnum:]_-]+$' | grep -vxE "$common" | sort -u | paste -sd '|' -
 }
 
 # What must stand in no file: a path of one machine, and a reference to a document that is not in the tree; a

@@ -30,7 +30,8 @@ constexpr const char* kFaults[] = {
     "glue",   "close", "restart",  "die",     "error 3001", "error 3402", "error VornClientNotSignIn"};
 
 std::string calendar(bool isHtml) {
-  std::string text = replacingAll(calendarOfMany(2), "DESCRIPTION:Bring the figures.", "DESCRIPTION:Figures first");
+  std::string text =
+      replacingAll(calendarOfMany(2), "DESCRIPTION:Bring the figures.", "DESCRIPTION:Figures first");
   if (!isHtml) return text;
   return replacingAll(text, "DESCRIPTION:Figures first",
                       "DESCRIPTION:Figures first\r\n"
