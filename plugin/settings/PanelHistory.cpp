@@ -1,5 +1,7 @@
 #include "settings/PanelHistory.h"
 
+#include <algorithm>
+
 #include "util/Text.h"
 
 namespace vorn {
@@ -11,24 +13,37 @@ bool isOf(const vnSettingData& record, const OptionalText& whosePMI) {
   return !whosePMI || equalIgnoringCase(*whosePMI, record.scheduleForEmail().value_or(""));
 }
 
+OptionalText whosePMI(const vnSettingData& record) {
+  return record.usePMI() ? OptionalText(record.scheduleForEmail().value_or("")) : std::nullopt;
+}
+
 }  // namespace
 
 void PanelHistory::commit(State now) {
   now.isCommitted = true;
   // Of two commits that were refused one after the other, neither is what the meeting has.
-  if (!m_beforeCommit) m_beforeCommit = std::move(m_kept);
+  if (!m_beforeCommit) {
+    m_beforeCommit = std::move(m_kept);
+  } else {
+    refuse(std::move(m_kept));
+  }
+  std::erase_if(m_refused, [whose = whosePMI(now.record)](const State& each) { return isOf(each.record, whose); });
   m_kept = std::move(now);
-  m_refused.reset();
 }
 
 void PanelHistory::commitStands() {
   m_beforeCommit.reset();
-  m_refused.reset();
+  m_refused.clear();
 }
 
 void PanelHistory::commitRefused() {
-  if (!m_beforeCommit) return;
-  m_refused = std::exchange(m_kept, *std::exchange(m_beforeCommit, std::nullopt));
+  if (m_beforeCommit) refuse(std::exchange(m_kept, *std::exchange(m_beforeCommit, std::nullopt)));
+}
+
+void PanelHistory::refuse(State state) {
+  std::erase_if(m_refused,
+                [whose = whosePMI(state.record)](const State& each) { return isOf(each.record, whose); });
+  m_refused.push_back(std::move(state));
 }
 
 void PanelHistory::keepPersons(const vnSettingData& record,
@@ -47,14 +62,20 @@ void PanelHistory::keepPersons(const vnSettingData& record,
 }
 
 const PanelHistory::State* PanelHistory::lastOf(const OptionalText& whosePMI) const {
-  if (m_refused && isOf(m_refused->record, whosePMI)) return &*m_refused;
+  if (const State* refused = refusedOf(whosePMI)) return refused;
   if (isOf(m_kept.record, whosePMI)) return &m_kept;
   return m_beforeCommit && isOf(m_beforeCommit->record, whosePMI) ? &*m_beforeCommit : nullptr;
 }
 
+const PanelHistory::State* PanelHistory::refusedOf(const OptionalText& whosePMI) const {
+  const auto found = std::find_if(m_refused.begin(), m_refused.end(),
+                                  [&whosePMI](const State& each) { return isOf(each.record, whosePMI); });
+  return found == m_refused.end() ? nullptr : &*found;
+}
+
 void PanelHistory::changeRecords(const std::function<void(vnSettingData&)>& change) {
   change(m_kept.record);
-  if (m_refused) change(m_refused->record);
+  for (State& refused : m_refused) change(refused.record);
   if (m_beforeCommit) change(m_beforeCommit->record);
 }
 

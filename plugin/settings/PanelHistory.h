@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "data/VNAvailableDialinCountryContent.h"
 #include "data/vnSettingData.h"
@@ -34,7 +35,7 @@ class PanelHistory {
   // The service has refused it, and the user may go on from it. Nothing when nothing was committed.
   void commitRefused();
   // The panel is dismissed, and goes back to kept().
-  void dismiss() { m_refused.reset(); }
+  void dismiss() { m_refused.clear(); }
 
   // The person of kept() has other countries and regions than were known when it was loaded.
   void keepPersons(const vnSettingData& record, const std::optional<VNAvailableDialinCountryContent>& countries);
@@ -45,12 +46,17 @@ class PanelHistory {
   // The last of these states that is this person's personal meeting, "" being oneself, or, absent, a meeting with
   // a number of its own; it holds until the next change. Null when none is, or another was accepted in its place.
   const State* lastOf(const OptionalText& whosePMI) const;
+  // The same among what was refused alone.
+  const State* refusedOf(const OptionalText& whosePMI) const;
   // What the service says of a meeting holds for every record of it.
   void changeRecords(const std::function<void(vnSettingData&)>& change);
 
  private:
-  // Refused and not committed anew: the panel shows it again.
-  std::optional<State> m_refused;
+  // Keeps it as refused, in the place of an earlier one of the same meeting.
+  void refuse(State state);
+
+  // Refused and not committed anew, one of each meeting: the panel shows it again.
+  std::vector<State> m_refused;
   // Loaded or committed last, and not refused.
   State m_kept;
   // Stood before the oldest commit without an answer.

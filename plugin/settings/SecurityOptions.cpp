@@ -117,16 +117,16 @@ void SecurityOptions::resetStrongerPasswordFormatErrorTextField() {
   clearSecurityOptionErrorInfo(vn_NotStrongerPasscode);
 }
 
-bool SecurityOptions::isNotStronger() const {
-  return m_notStrongerOf && *m_notStrongerOf == whosePMI(m_record, m_steps);
+bool SecurityOptions::isShownMeeting(const std::optional<OptionalText>& meeting) const {
+  return meeting && *meeting == whosePMI(m_record, m_steps);
 }
 
 void SecurityOptions::answerNotStronger() {
-  if (isNotStronger()) m_notStrongerOf.reset();
+  if (isShownMeeting(m_notStrongerOf)) m_notStrongerOf.reset();
 }
 
 void SecurityOptions::resetUIForPasswordFormatErrorTextField() {
-  if (isNotStronger() || getSecurityOptionErrorInfo(vn_NotStrongerPasscode))
+  if (isShownMeeting(m_notStrongerOf) || getSecurityOptionErrorInfo(vn_NotStrongerPasscode))
     return resetStrongerPasswordFormatErrorTextField();
   show(passcodeVerdictAtLoad({.usePMI = m_record.usePMI(),
                               .isUpdate = isUpdate(),
@@ -194,7 +194,7 @@ void SecurityOptions::checkIfPasswordRequired() {
   regenerateIfNeeded();
   resetMeetingPasswordErrorTextField();
   // Who comes back to the meeting that was refused is told so again.
-  if (isNotStronger()) resetStrongerPasswordFormatErrorTextField();
+  if (isShownMeeting(m_notStrongerOf)) resetStrongerPasswordFormatErrorTextField();
   initSecurityBox();
   resetPswHelpButtonState();
   m_steps.checkScheduleButton();
@@ -285,7 +285,8 @@ void SecurityOptions::initSecurityBox() {
   const SecurityOutcome outcome = securityBox(
       shown(),
       {.passcode = situation(),
-       .wasSecurityNotSelected = m_wasSecurityNotSelected || getSecurityOptionErrorInfo(vn_SecurityNotSeleteOne),
+       .wasSecurityNotSelected =
+           isShownMeeting(m_securityNotSelectedOf) || getSecurityOptionErrorInfo(vn_SecurityNotSeleteOne),
        .isWaitingRoomTipKnown = not_again::doNotShowTipView(vn_LocalProfile_SecurityTip_NotShownAgain_WR)},
       facts.account, facts.client);
   show(outcome.controls);
@@ -297,7 +298,7 @@ void SecurityOptions::initSecurityBox() {
     m_steps.hideRestrictDomainsBox();
   }
   if (outcome.clearsSecurityNotSelected) {
-    m_wasSecurityNotSelected = true;
+    m_securityNotSelectedOf = whosePMI(m_record, m_steps);
     clearSecurityOptionErrorInfo(vn_SecurityNotSeleteOne);
   }
   initSceurityTipView(outcome.remembersWaitingRoomTip ? vn_LocalProfile_SecurityTip_NotShownAgain_WR : "");
@@ -316,7 +317,7 @@ void SecurityOptions::updateSecurityBoxAccessibility() {
 }
 
 void SecurityOptions::resetSecurityErrorTextField() {
-  m_wasSecurityNotSelected = false;
+  m_securityNotSelectedOf.reset();
   const OptionFacts facts = m_context.facts(m_record);
   m_securityErrorTextField.hidden = securityErrorIsHidden(shown(), facts.account, facts.client);
 }
@@ -380,7 +381,7 @@ void SecurityOptions::onClickEnableWaitingRoom() {
 void SecurityOptions::forgetTyped() {
   m_typedPasscodes.clear();
   m_notStrongerOf.reset();
-  m_wasSecurityNotSelected = false;
+  m_securityNotSelectedOf.reset();
   closeTip();
 }
 

@@ -68,8 +68,8 @@ class SecurityOptions {
   bool checkIfNeedRegeneratePasscode() const;
   void regenerateIfNeeded();
   std::int64_t resetMeetingPasswordErrorTextField();
-  // The passcode of the meeting that is shown is the one that the service has refused.
-  bool isNotStronger() const;
+  // That meeting, by whosePMI(), is the one that is shown.
+  bool isShownMeeting(const std::optional<OptionalText>& meeting) const;
   // The user does something about it.
   void answerNotStronger();
   void resetStrongerPasswordFormatErrorTextField();
@@ -96,10 +96,12 @@ class SecurityOptions {
   void setPasscode(std::string passcode);
   // By whosePMI().
   std::map<OptionalText, std::string> m_typedPasscodes;
-  // What the service has refused stays told, and a tip shown, while the panel is loaded again and again, until the
-  // user does something about it. A weak passcode is that of one meeting, by whosePMI(), and told of no other.
+  // What the service has refused stays told of that meeting, by whosePMI(), while the panel is loaded again and
+  // again, until the user does something about it or about what it depends on: a weak passcode, and none of the
+  // options.
   std::optional<OptionalText> m_notStrongerOf;
-  bool m_wasSecurityNotSelected = false;
+  std::optional<OptionalText> m_securityNotSelectedOf;
+  // A tip is shown, for as long.
   bool m_isTipOpen = false;
 
   Control& m_meetingPasswordBox;

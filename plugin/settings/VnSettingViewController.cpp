@@ -207,6 +207,8 @@ void VnSettingViewController::refreshUI(bool forPMI) {
   const std::string person = m_scheduleFor.getUIScheduleForEmail();
   if (forPMI) {
     layPersonalMeetingOver(m_settingData, person);
+    // What was refused of it is what the user goes on from.
+    if (const PanelHistory::State* refused = m_history.refusedOf(person)) giveWordsOf(refused->record);
     // A meeting that was to be a personal one from the start is loaded only now, and not what the user has changed
     // while it was awaited; another person's is none of it.
     if (isKeptPerson(person) && std::exchange(m_waitsForPersonalMeeting, false)) {
@@ -363,16 +365,8 @@ void VnSettingViewController::leaveMeeting() {
   if (!m_settingData.usePMI()) return;
   m_domainsWindowController.closeWindowSheet();
   if (const PanelHistory::State* last = m_history.lastOf(m_scheduleFor.getUIScheduleForEmail())) {
-    const vnSettingData& own = last->record;
-    m_settingData.setMeetingPassword(own.meetingPassword());
-    m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
-    m_settingData.setAlternateHosts(own.arrAlternateHosts());
-    m_settingData.setTrackingFields(own.trackingFields());
-    m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
-    m_settingData.setSignInChoice(own.options());
-    m_settingData.setIsSignedInUsersMeetingOn(own.isSignedInUsersMeetingOn());
+    giveWordsOf(last->record);
     m_signInDomains.initOnlySignedin();
-    m_settingData.setEnableWaitingRoom(own.enableWaitingRoom());
     m_security.initWaitingRoomOption();
     m_security.initPasscode();
   } else {
@@ -395,6 +389,17 @@ void VnSettingViewController::leaveMeeting() {
   m_security.resetUIForPasswordFormatErrorTextField();
   m_security.resetPswHelpButtonState();
   m_alternateHosts.initAlternateHosts();
+}
+
+void VnSettingViewController::giveWordsOf(const vnSettingData& own) {
+  m_settingData.setMeetingPassword(own.meetingPassword());
+  m_settingData.setRequiredMeetingPassword(own.requiredMeetingPassword());
+  m_settingData.setAlternateHosts(own.arrAlternateHosts());
+  m_settingData.setTrackingFields(own.trackingFields());
+  m_settingData.setThirdPartyAudio(own.thirdPartyAudio());
+  m_settingData.setSignInChoice(own.options());
+  m_settingData.setIsSignedInUsersMeetingOn(own.isSignedInUsersMeetingOn());
+  m_settingData.setEnableWaitingRoom(own.enableWaitingRoom());
 }
 
 void VnSettingViewController::resetDataCenterBoxUI() {

@@ -118,6 +118,8 @@ class VnSettingViewController final : private PanelSteps {
   bool isKeptPerson(const std::string& person) const;
   void keepWhatIsThePersons();
   void layPersonalMeetingOver(vnSettingData& record, const std::string& person) const;
+  // What the user had put into a meeting, or chosen of how one gets in, is in the edited record again.
+  void giveWordsOf(const vnSettingData& own);
   void closeWindows();
   void checkAccountLocked();
   void checkE2eeAffectedAccountLocked();

@@ -197,6 +197,7 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
   const struct {
     const char* name;
     bool isLoaded, isForDana, isRefused;
+    bool comesAgain = false;
   } rows[] = {
       {"a new meeting", false, false, false},
       {"another person's", false, true, false},
@@ -204,8 +205,9 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
       {"a new meeting that was refused", false, false, true},
       {"another person's that was refused", false, true, true},
       {"the personal meeting that was refused", true, false, true},
+      {"the personal meeting that was refused and is fetched again", true, false, true, true},
   };
-  for (const auto& [name, isLoaded, isForDana, isRefused] : rows) {
+  for (const auto& [name, isLoaded, isForDana, isRefused, comesAgain] : rows) {
     SCOPED_TRACE(name);
     window = std::make_unique<FakeWindow>(test);
     knowAccountWithWords();
@@ -245,11 +247,32 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
     type("passwordTextField", "998877");
     EXPECT_TRUE(mayContinue());
     isLoaded ? choose("scheduleForPopup", 0) : turn("buttonOneTimeMeeting", true);
-    answer("4", "0;Error 3001");
+    comesAgain ? answerMeeting("5550142871", true) : answer("4", "0;Error 3001");
     EXPECT_EQ(control("passwordTextField").text + control(costCentre).text, passcode + "CC-1");
     EXPECT_EQ(hosts(), both);
     EXPECT_EQ(dialInAndDomains(), "Dial 555 acme.example");
   }
+}
+
+TEST_F(MeetingIdPanelTest, OfTwoMeetingsThatWereRefusedEachKeepsItsWords) {
+  knowAccountWithWords();
+  open();
+  const auto refuseWith = [this](const char* host) {
+    click("alternateHostTextField", [host](Control& field) { field.tokens.paste(host); });
+    view().onSettingsCommit(true);
+    view().commitRefused();
+    view().updateUIItemsForNextTime();
+  };
+  const auto hosts = [this] { return view().settingsToCommit()[vn_Setting_AlternateHosts]; };
+  refuseWith("ann@vorn.example;");
+  turn("buttonUsePMI", true);
+  answerMeeting("5550142871", true);
+  refuseWith("sam@vorn.example;");
+  turn("buttonOneTimeMeeting", true);
+  EXPECT_EQ(hosts(), Value(Value::Array{"ann@vorn.example"}));
+  turn("buttonUsePMI", true);
+  answerMeeting("5550142871", true);
+  EXPECT_EQ(hosts(), Value(Value::Array{"sam@vorn.example"}));
 }
 
 TEST_F(MeetingIdPanelTest, WhereTheAccountNamesNoWayToSignInAPersonalMeetingGetsNoneOfAnotherMeeting) {

@@ -36,15 +36,12 @@ TEST(PasscodeFieldTest, TheVerdictSpeaksOnlyWhereAPasscodeIsAskedForAndIsWrong) 
 
 TEST(PasscodeFieldTest, AnAcceptedPasscodeIsNotFaultedWhenThePanelLoads) {
   const char* unfit = "Schedule_PasswordDoNotMeetRequirements";
-  const char* stronger = "Schedule_Password_EnterStronger";
   const struct {
     PasscodeAtLoad passcode;
     const char* error;
     std::optional<double> border;
   } rows[] = {
       {{.isUpdate = true, .isRequired = true, .failedRules = 2}, "", {}},
-      {{.isUpdate = true, .isRequired = true, .failedRules = 2, .wasNotStronger = true}, stronger, 1.5},
-      {{.wasNotStronger = true}, stronger, 1.5},
       {{.usePMI = true, .isUpdate = true, .isRequired = true, .failedRules = 2}, unfit, 1.5},
       {{.isRequired = true, .failedRules = 2}, unfit, 1.5},
       {{.isRequired = false, .failedRules = 2}, "", 0.0},

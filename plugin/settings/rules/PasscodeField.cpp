@@ -26,7 +26,6 @@ PasscodeVerdict strongerPasscodeVerdict(std::int64_t failedRules, const TextSour
 }
 
 PasscodeVerdict passcodeVerdictAtLoad(const PasscodeAtLoad& passcode, const TextSource& texts) {
-  if (passcode.wasNotStronger) return strongerPasscodeVerdict(passcode.failedRules, texts);
   if (passcode.isUpdate && !passcode.usePMI) return {};
   return passcodeVerdict(passcode.isRequired, passcode.failedRules, texts);
 }

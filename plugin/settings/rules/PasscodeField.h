@@ -37,8 +37,6 @@ struct PasscodeAtLoad {
   bool isUpdate = false;
   bool isRequired = false;
   std::int64_t failedRules = 0;
-  // The service has refused the last passcode as too weak.
-  bool wasNotStronger = false;
 };
 
 // The verdict when the panel is loaded. A meeting that stands at the service already was accepted with its
