@@ -49,7 +49,7 @@ OptionalText resultOf(std::string_view operation, const OptionalText& body, cons
 std::string_view reasonOf(std::string_view operation, std::string_view body) {
   if (operation == "text") return "the body is empty";
   if (operation == "remove") {
-    return vnBodyHelper::holdsAnyBookmark(body) ? "of the two bookmarks one was not found"
+    return vnBodyHelper::holdsAnyBookmark(body) ? "not both bookmarks are there as we write them"
                                                 : "no bookmarks were found";
   }
   return "the invitation is empty";

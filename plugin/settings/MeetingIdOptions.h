@@ -30,8 +30,7 @@ class MeetingIdOptions {
   // The same, if the personal ID is offered and chosen.
   void fetchChosenPMI();
   // Whether a personal meeting that has come is to be shown: the user may have turned to another person, or to a
-  // number of its own, since it was asked for. The client answers one request at a time, and the first answer
-  // counts for all that were sent: the one that is wanted is asked for once more then.
+  // number of its own, since it was asked for: the one that is wanted is asked for once more then.
   bool takesPMI(const Value& meetingInfo);
 
   // What the user has changed; nothing for a control that is not this group's.

@@ -115,6 +115,8 @@ void MeetingOpening::onGetMeetingByApptUUIDActionFinished(const Value& data) {
     meeting.forgetMeeting();
     return;
   }
+  // The user has begun something else since it was asked for.
+  if (m_manager.state() != VnStateLoadByApptUUID) return;
   const Value info = meeting.getMeetingInfo();
   vnMeetingDataMgr& working = *m_manager.meetingDataMgr();
   working.setMeetingKey(info[vn_MeetingKey].optionalText());

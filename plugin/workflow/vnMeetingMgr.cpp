@@ -173,7 +173,7 @@ int vnMeetingMgr::onExcuteCommandFinished(std::uint64_t command, const Value& da
     case VnCmdGetMeetingByApptUUID:
       if (state() == VnStateUpdateOnCalendar)
         m_calendarEdits.replayUpdateOnCalendar();
-      else if (state() == VnStateLoadByApptUUID)
+      else
         m_opening.onGetMeetingByApptUUIDActionFinished(data);
       break;
     case VnCmdGetScheduleForList: m_settingsFlow.onGetScheduleForListFinished(data); break;

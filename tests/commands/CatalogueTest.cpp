@@ -149,6 +149,56 @@ TEST_F(Catalogue, EachFormOfAMeetingReplyIsReadAsFarAsItGoes) {
   EXPECT_THAT(alertTexts(), IsEmpty());
 }
 
+std::string meetingReplyOf(const std::string& number, const std::string& original = "0") {
+  return meetingReply(
+      {packed(Value::dictionaryFromPairs({{"meetingKey", number}, {"originalMeetingNumber", original}}))});
+}
+
+// Replies name no request: those of other windows come as well.
+TEST_F(Catalogue, AMeetingIsTakenForTheOneThatWasAskedForOrThatTheServiceInsistsOn) {
+  const struct {
+    const char *name, *asked;
+    std::vector<std::string> told;
+    std::size_t requests;
+    bool isHanded;
+    const char* original = "0";
+  } rows[] = {
+      {"the meeting itself", "987", {"987"}, 1, true},
+      {"in another form", "9 87", {"987"}, 1, true},
+      {"a personal meeting by a number of its own", "987", {"555"}, 1, true, "987"},
+      {"what a new meeting starts from", "new", {"987"}, 1, true},
+      {"another window's", "987", {"1"}, 2, false},
+      {"those of many windows before it", "987", {"1", "2", "3", "4", "5", "6", "987"}, 7, true},
+      {"a service that insists", "987", {"1", "1", "1", "1", "1"}, 5, true},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    owner.finished.clear();
+    const std::size_t before = sent().size();
+    mgr->getMeeting(window, request(row.asked));
+    for (const std::string& number : row.told) reply("4", meetingReplyOf(number, row.original));
+    EXPECT_EQ(sent().size() - before, row.requests);
+    EXPECT_EQ(owner.finished.size(), row.isHanded ? 1u : 0u);
+    EXPECT_EQ(mgr->isWaitingForMeeting(), !row.isHanded);
+  }
+}
+
+TEST_F(Catalogue, WhatWasRefusedOrDroppedIsNotWaitedForAndNotSentForAnothersAnswer) {
+  for (const bool isRefused : {true, false}) {
+    owner.finished.clear();
+    runClient(!isRefused);
+    connectClient(isRefused);
+    mgr->getMeeting(window, request("987"));
+    runClient();
+    connectClient(true);
+    EXPECT_FALSE(mgr->isWaitingForMeeting());
+    reply("4", meetingReplyOf("1"));
+    EXPECT_TRUE(sent().empty() && owner.finished.empty());
+    reply("4", meetingReplyOf("987"));
+    EXPECT_EQ(owner.finished.size(), 1u) << "its own answer all the same";
+  }
+}
+
 TEST_F(Catalogue, OnlyARequestForThePersonalIdTakesItsNumberForOne) {
   setProfile(Value::dictionaryFromPairs({{"roomMeetingId", "987"}}));
   const std::string content = meetingReply({packed(Value::dictionaryFromPairs({{"meetingKey", "987"}}))});

@@ -75,6 +75,8 @@ class CommandWorld : public testing::Test, private ApptWindowDirectory, private 
   void installClient(const std::string& version) { RecordingClient::setVersion(world, version); }
   void removeClient();
   void runClient(bool runs = true);
+  // Otherwise the channel drops what is sent.
+  void connectClient(bool isConnected) { m_client.isConnected = isConnected; }
 
   // A message of the client on the socket channel.
   void reply(const std::string& action, const Value& content);

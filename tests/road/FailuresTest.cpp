@@ -389,8 +389,8 @@ TEST(CommandsThatOvertakeOneAnother, ACancelBeforeTheInvitationHasComeKeepsTheBo
   EXPECT_THAT(world.store.find("one")->description().value_or(""), HasSubstr("Bring the figures."));
 }
 
-// Requests carry no number that a reply repeats. Of two windows that wait for the same kind of reply both take the
-// first one, and the second finds nobody who waits.
+// Requests carry no number that a reply repeats. Of two windows that wait for what became of their new meetings
+// both take the first reply, and the second finds nobody who waits.
 TEST(TwoWindows, ThatWaitAtOnceBothTakeTheFirstReply) {
   RoadWorld world(calendarOfTwo("SUMMARY:Review\r\n"));
   const EditorId first = world.openEditor("one");

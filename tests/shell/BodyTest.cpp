@@ -56,7 +56,7 @@ TEST_F(Body, EachOperationGivesItsResultOrItsReason) {
       {"a", {"update", "--invitation", m_invitation, "--existing-meeting"}, "none", marked, ""},
       {"a" + kBegin + kEnd + "\xFF", {"remove"}, "quoted", "a\xFF", ""},
       {"a" + kEndEx + "b", {"remove"}, "unquoted end", "b", ""},
-      {"a" + kBegin, {"remove"}, "none", "", "of the two bookmarks one was not found"},
+      {"a" + kBegin, {"remove"}, "none", "", "not both bookmarks are there as we write them"},
       {"<p>a&nbsp;</p>b", {"text"}, "none", "a\nb", ""},
   };
   for (const auto& each : cases) {

@@ -41,6 +41,7 @@ class RecordingClient final : public vSocketClientImpl {
   void connect() override {}
   void disconnect() override {}
   bool send(const OptionalText& message) override {
+    if (!isConnected) return false;
     const Value envelope = vnOLUtils::toArrayOrNSDictionary(message);
     requests.emplace_back(envelope["actionId"].text(), envelope["content"].text());
     return true;
@@ -56,6 +57,7 @@ class RecordingClient final : public vSocketClientImpl {
   }
 
   std::vector<Request> requests;
+  bool isConnected = true;
 };
 
 }  // namespace vorn

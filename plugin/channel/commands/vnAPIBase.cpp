@@ -61,7 +61,7 @@ int vnAPIBase::refusalCode(const HostObject& parentWindow) {
 int vnAPIBase::action(const HostObject& parentWindow) {
   if (const int code = refusalCode(parentWindow); code != 0) return code;
   releaseTimer();
-  myTimer = startTimer(kReplySeconds, RunLoop::Repeats::no);
+  keepTime();
   m_activeVornAppCount = 0;
   m_activeVornAppTimer = startTimer(kActivationSeconds, RunLoop::Repeats::yes);
   if (m_showCommunicationDlg) myProgressUI.showCommunication(parentWindow);
@@ -79,6 +79,10 @@ std::shared_ptr<RunLoop::Timer> vnAPIBase::startTimer(double seconds, RunLoop::R
           fired.invalidate();
         }
       });
+}
+
+void vnAPIBase::keepTime() {
+  if (!isTimed()) myTimer = startTimer(kReplySeconds, RunLoop::Repeats::no);
 }
 
 void vnAPIBase::onTimeOut(RunLoop::Timer& timer) {
@@ -166,10 +170,12 @@ int vnAPIBase::convertToErrorCode(const std::string& text) {
 
 int vnAPIWindowCommand::beginRequest(const HostObject& parentWindow) {
   m_parentWindow = parentWindow;
+  m_isOnItsWay = false;
   return action(parentWindow);
 }
 
 void vnAPIWindowCommand::sendRequest(unsigned requestAction, const OptionalText& content) {
+  keepTime();
   m_isOnItsWay = vnIPCChannel::sendIPCMessageToVornClient(requestAction, content);
   if (!m_isOnItsWay) onWaitEnded();
 }

@@ -93,6 +93,8 @@ class vnAPIBase {
   static void saveUserProfileInfoToLocal();
 
  protected:
+  // The time for the reply begins once more when it has run out.
+  void keepTime();
   // 0 while the client can answer; otherwise the code, of which the user has been told.
   int refusalCode(const HostObject& parentWindow);
   // Closes the sheet and stops the timers.
@@ -129,14 +131,16 @@ class vnAPIWindowCommand : public vnAPIBase {
  public:
   // A reply is waited for: a request has gone out, and its reply has neither come nor taken too long. Nobody
   // answers what the channel dropped.
-  bool isWaiting() const { return m_isOnItsWay && isTimed(); }
+  bool isWaiting() const { return hasGoneOut() && isTimed(); }
   // Nothing is waited for any more, and a reply that comes before the next request is nobody's.
   void letGo();
 
  protected:
+  // The request was neither refused at the gate nor dropped by the channel.
+  bool hasGoneOut() const { return m_isOnItsWay; }
   // Remembers the window and passes the gate: 0 when the request may go out.
   int beginRequest(const HostObject& parentWindow);
-  // Gives the channel the request for which the gate was passed.
+  // Gives the channel the request for which the gate was passed, the first time or once more.
   void sendRequest(unsigned requestAction, const OptionalText& content);
   // A request whose whole content is its own number: 0 when the gate was passed.
   int sendBareRequest(const HostObject& parentWindow, unsigned requestAction);

@@ -5,19 +5,28 @@
 #include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnProfileKeys.h"
+#include "util/vnOLUtils.h"
 
 namespace vorn {
 
 namespace {
 
-// A service that answers with another number each time is believed in the end.
-constexpr int kMostRepeats = 4;
+constexpr std::string_view kNewMeeting = "new";
+
+// The same other number so often in a row is no other window's, and so many others are no answers to this
+// question.
+constexpr int kMostTimesTold = 4;
+constexpr int kMostRepeats = 100;
+
+std::string toldNumber(const Value& meeting, std::string_view key) {
+  return vnOLUtils::trimAllSpace(meeting[key].stringValue()).value_or("");
+}
 
 }  // namespace
 
 void vnAPIGetMeeting::setData(const std::string& meetingKey, const std::string& invitationLanguage) {
   m_meetingKey = meetingKey;
-  m_repeatsLeft = kMostRepeats;
+  m_timesTold = m_repeats = 0;
   if (!invitationLanguage.empty()) m_invitationLanguage = invitationLanguage;
 }
 
@@ -38,9 +47,9 @@ std::string vnAPIGetMeeting::getAPIData() {
 std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& content) {
   if (!isPending()) return std::nullopt;
   const auto reply = MeetingReply::read(content);
-  if (reply && isAboutAnother(reply->meeting) && m_repeatsLeft > 0) {
-    --m_repeatsLeft;
-    sendRequest(RequestAction::kCarrier, getAPIData());
+  if (reply && isAboutAnother(reply->meeting) && !insistsOn(reply->meeting)) {
+    // What was refused is not carried out because another window is answered.
+    if (hasGoneOut()) sendRequest(RequestAction::kCarrier, getAPIData());
     return std::nullopt;
   }
   const auto window = takeSuccess(VnCmdGetMeeting, content);
@@ -57,11 +66,18 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
 // Replies name no request, and one that never came leaves its window waiting: the next answer to anybody would be
 // taken for it, and another meeting's invitation written into the appointment.
 bool vnAPIGetMeeting::isAboutAnother(const Value& meeting) const {
-  const std::string told = meeting[vn_MeetingKey].stringValue();
+  const std::string asked = vnOLUtils::trimAllSpace(m_meetingKey).value_or("");
+  const std::string told = toldNumber(meeting, vn_MeetingKey);
   // A personal meeting goes by either of its numbers.
-  const std::string original = meeting[vn_MeetingData_OriginalMeetingNumber].stringValue();
-  return !m_meetingKey.empty() && m_meetingKey != "new" && !told.empty() && told != m_meetingKey &&
-         original != m_meetingKey;
+  const std::string original = toldNumber(meeting, vn_MeetingData_OriginalMeetingNumber);
+  return !asked.empty() && asked != kNewMeeting && !told.empty() && told != asked && original != asked;
+}
+
+bool vnAPIGetMeeting::insistsOn(const Value& meeting) {
+  const std::string told = toldNumber(meeting, vn_MeetingKey);
+  m_timesTold = told == m_toldInstead ? m_timesTold + 1 : 1;
+  m_toldInstead = told;
+  return m_timesTold > kMostTimesTold || ++m_repeats > kMostRepeats;
 }
 
 }  // namespace vorn

@@ -21,15 +21,19 @@ class vnAPIGetMeeting : public vnAPICommandFor<GetMeetingOwner> {
   // The content of the request for the client of the moment.
   std::string getAPIData();
   // A reply too short to hold a meeting ends here in silence. One about another meeting than was asked for is that
-  // of another window or of an edit before, and has none of this one's settings: the request goes out once more,
-  // its window waits on, and after a few repeats the reply is believed.
+  // of another window or of an edit before, and has none of this one's settings: the window waits on, and what has
+  // gone out goes out once more. A service that insists on another number is believed.
   std::optional<CommandResult> onVornFeedback(const std::string& content);
 
  private:
   bool isAboutAnother(const Value& meeting) const;
+  bool insistsOn(const Value& meeting);
 
   std::string m_meetingKey;
-  int m_repeatsLeft = 0;
+  // What was told of other meetings since it was asked for.
+  std::string m_toldInstead;
+  int m_timesTold = 0;
+  int m_repeats = 0;
   bool m_isForPMI = false;
   std::string m_invitationLanguage;
 };

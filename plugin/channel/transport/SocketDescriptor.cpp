@@ -74,6 +74,7 @@ bool SocketDescriptor::connectTo(const std::string& path) {
 std::size_t SocketDescriptor::read(char* buffer, std::size_t size) {
   while (!m_isShutDown) {
     const ssize_t count = ::read(m_number, buffer, size);
+    if (count > 0 && m_isDiscarding) continue;
     if (count >= 0) return static_cast<std::size_t>(count);
     if (errno == EINTR) continue;
     if (!isWait(errno)) return 0;
@@ -111,11 +112,6 @@ std::size_t SocketDescriptor::sendSome(std::string_view bytes) {
 void SocketDescriptor::shutDown() {
   m_isShutDown = true;
   ::shutdown(m_number, SHUT_RDWR);
-}
-
-void SocketDescriptor::endReading() {
-  m_isShutDown = true;
-  ::shutdown(m_number, SHUT_RD);
 }
 
 }  // namespace vorn

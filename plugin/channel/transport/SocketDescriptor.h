@@ -41,8 +41,10 @@ class SocketDescriptor {
 
   // Ends the stream in both directions and wakes whoever waits in it.
   void shutDown();
-  // The same for reading only: what is unsent can still be flushed.
-  void endReading();
+  // From now on what comes in is thrown away, and what is unsent can still be flushed. read() waits on until
+  // shutDown(): a peer that may not write any more would take that for the end of the stream.
+  void discardWhatComes() { m_isDiscarding = true; }
+  bool isDiscarding() const { return m_isDiscarding; }
 
  private:
   // How many of the bytes are done with.
@@ -50,6 +52,7 @@ class SocketDescriptor {
 
   const int m_number;
   std::atomic<bool> m_isShutDown{false};
+  std::atomic<bool> m_isDiscarding{false};
   // Held for one attempt to connect, which does not wait.
   std::mutex m_connecting;
   // Of the sending thread.

@@ -33,6 +33,9 @@ namespace {
 constexpr double kFlushPause = 0.02;
 constexpr double kLongestFlushPause = 1;
 constexpr std::string_view kFlush = "flush";
+// For how long the rest of what was sent is still written after the connection was given up.
+constexpr double kLongestGoodbye = 60;
+constexpr std::string_view kEnd = "end";
 
 }  // namespace
 
@@ -59,11 +62,13 @@ class vSocketClientImpl::Connection {
     const std::lock_guard lock(m_mutex);
     closeHeld();
   }
-  // Closes but for what is still to be written, which the descriptor's other owner goes on with.
-  void closeForReading() {
+  // Lets go of the descriptor while there is still something to be written, which whoever writes goes on with.
+  void giveUp() {
     const std::lock_guard lock(m_mutex);
     if (m_fd <= 0) return;
-    m_descriptor->endReading();
+    m_descriptor->discardWhatComes();
+    std::erase_if(m_givenUp, [](const auto& each) { return each.expired(); });
+    m_givenUp.push_back(m_descriptor);
     m_descriptor.reset();
     m_fd = 0;
   }
@@ -73,6 +78,9 @@ class vSocketClientImpl::Connection {
     const std::lock_guard lock(m_mutex);
     m_ended = true;
     closeHeld();
+    for (const auto& each : m_givenUp) {
+      if (const auto descriptor = each.lock()) descriptor->shutDown();
+    }
   }
 
  private:
@@ -87,6 +95,8 @@ class vSocketClientImpl::Connection {
   mutable std::mutex m_mutex;
   std::shared_ptr<SocketDescriptor> m_descriptor;
   std::atomic<int> m_fd{0};
+  // Those that are still written to.
+  std::vector<std::weak_ptr<SocketDescriptor>> m_givenUp;
   bool m_ended = false;
 };
 
@@ -172,9 +182,14 @@ void vSocketClientImpl::connect() {
 void vSocketClientImpl::disconnect() {
   const auto descriptor = m_connection->held();
   if (!descriptor || descriptor->unsent() == 0) return m_connection->close();
-  // A request that was sent before is not cut.
-  m_connection->closeForReading();
+  RunLoop* runLoop = Registry::platform().runLoop;
+  if (!runLoop) return m_connection->close();
+  // A request that was sent before is not cut, unless nobody reads it in all that time.
+  m_connection->giveUp();
   flushLater(descriptor, kFlushPause);
+  runLoop->performAfter(kLongestGoodbye, descriptor.get(), kEnd, [held = std::weak_ptr(descriptor)] {
+    if (const auto descriptor = held.lock()) descriptor->shutDown();
+  });
 }
 
 bool vSocketClientImpl::send(const OptionalText& message) {
@@ -201,7 +216,10 @@ void vSocketClientImpl::flushLater(const std::shared_ptr<SocketDescriptor>& desc
     if (!client) return;
     const std::size_t before = descriptor->unsent();
     descriptor->flush();
-    if (descriptor->unsent() == 0) return;
+    if (descriptor->unsent() == 0) {
+      if (descriptor->isDiscarding()) descriptor->shutDown();
+      return;
+    }
     const bool isRead = descriptor->unsent() < before;
     (*client)->flushLater(descriptor, isRead ? kFlushPause : std::min(2 * pause, kLongestFlushPause));
   });

@@ -55,8 +55,8 @@ class vSocketClientImpl {
   class Connection;
 
   void reapReaders();
-  // Goes on with the rest of what was sent after a pause in seconds, as long as some is left and somebody reads:
-  // or the client could read neither that message nor the next one.
+  // Goes on with the rest of what was sent after a pause in seconds, as long as some is left: or the client could
+  // read neither that message nor the next one.
   void flushLater(const std::shared_ptr<SocketDescriptor>& descriptor, double pause);
 
   // Shared with the readers: the descriptor of the moment.
