@@ -1,10 +1,13 @@
 #include "lab/host/BodyHtml.h"
 
+#include "lab/ics/MissingLines.h"
 #include "util/HtmlText.h"
 
 namespace vornlab {
 
-std::string htmlForPlainText(std::string_view text) {
+namespace {
+
+std::string piecesForPlainText(std::string_view text) {
   std::string body;
   body.reserve(text.size() + text.size() / 8);
   bool afterBlank = true;
@@ -22,11 +25,21 @@ std::string htmlForPlainText(std::string_view text) {
     }
     afterBlank = c == ' ' || c == '\n';
   }
-  return "<html><head><meta charset=\"utf-8\"></head><body>" + body + "</body></html>";
+  return body;
+}
+
+}  // namespace
+
+std::string htmlForPlainText(std::string_view text) {
+  return "<html><head><meta charset=\"utf-8\"></head><body>" + piecesForPlainText(text) + "</body></html>";
 }
 
 std::string shownHtml(const CalendarEvent& event) {
-  if (const vorn::OptionalText html = event.htmlDescription()) return *html;
+  if (const vorn::OptionalText html = event.htmlDescription()) {
+    // The HTML stays below, since an invitation is found by what only it has.
+    const std::string lines = linesMissingIn(*html, event.plainDescription());
+    return lines.empty() ? *html : withPieceInFront(*html, "<div>" + piecesForPlainText(lines) + "</div>");
+  }
   const std::string description = event.description().value_or("");
   return event.descriptionIsHtml() ? description : htmlForPlainText(description);
 }

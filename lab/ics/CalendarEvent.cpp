@@ -6,7 +6,9 @@
 #include <set>
 
 #include "lab/ics/CalendarStore.h"
+#include "lab/ics/MissingLines.h"
 #include "lab/ics/ProducerQuirks.h"
+#include "util/HtmlText.h"
 #include "util/Text.h"
 
 namespace vornlab {
@@ -154,6 +156,11 @@ bool CalendarEvent::descriptionIsHtml() const {
   return ProducerQuirks::of(product ? product->value : "")->descriptionIsHtml(description().value_or(""));
 }
 
+std::string CalendarEvent::plainDescription() const {
+  std::string text = description().value_or("");
+  return descriptionIsHtml() ? vorn::htmlToPlainText(text) : text;
+}
+
 std::optional<CalendarTime> CalendarEvent::timeOf(std::string_view name) const {
   const auto property = m_store->m_document.property(component(), name);
   if (!property) return {};
@@ -222,6 +229,12 @@ IcsProblem CalendarEvent::doubtOfZones() const {
 IcsProblem CalendarEvent::doubtOfTimes() const {
   const IcsProblem fault = faultOfTimes();
   return fault.message.empty() ? doubtOfZones() : fault;
+}
+
+IcsProblem CalendarEvent::doubtOfBody() const {
+  const vorn::OptionalText html = htmlDescription();
+  if (!html || linesMissingIn(*html, plainDescription()).empty()) return {};
+  return doubt("DESCRIPTION", "DESCRIPTION has words that X-ALT-DESC lacks, and their lines are put above it");
 }
 
 std::vector<CalendarAttendee> CalendarEvent::attendees() const {

@@ -121,6 +121,7 @@ std::vector<IcsProblem> CalendarStore::doubts() {
     if (const IcsProblem fault = event.faultOfTimes(); !fault.message.empty()) result.push_back(fault);
     const IcsProblem zone = event.doubtOfZones();
     if (!zone.message.empty() && told.insert(zone.message).second) result.push_back(zone);
+    if (const IcsProblem body = event.doubtOfBody(); !body.message.empty()) result.push_back(body);
   }
   std::stable_sort(result.begin(), result.end(),
                    [](const IcsProblem& a, const IcsProblem& b) { return a.line < b.line; });

@@ -71,6 +71,8 @@ class CalendarEvent {
   vorn::OptionalText htmlDescription() const;
   // True when DESCRIPTION itself holds HTML, as one producer or another writes it.
   bool descriptionIsHtml() const;
+  // DESCRIPTION as plain text, whatever it holds; "" without one.
+  std::string plainDescription() const;
 
   // Absent when DTSTART is missing or no time.
   std::optional<CalendarTime> start() const;
@@ -83,6 +85,8 @@ class CalendarEvent {
   IcsProblem doubtOfZones() const;
   // The graver of both.
   IcsProblem doubtOfTimes() const;
+  // That DESCRIPTION and the HTML beside it say different things. Likewise.
+  IcsProblem doubtOfBody() const;
   CalendarRecurrence recurrence() const;
   // The starts of a series in that span, in seconds since 1970, oldest first: without the dates that the file
   // takes out, and without those that have an event of their own. None for what is no series.
@@ -154,7 +158,7 @@ class CalendarStore {
   std::string text() const { return m_document.text(); }
   bool isChanged() const { return m_changed || m_document.isChanged(); }
   // What is doubtful in the file, each with its line: lines that nobody can read, what is broken in the times of
-  // events, and what was assumed about them, told once for each zone.
+  // events, what was assumed about them, told once for each zone, and bodies in two forms that disagree.
   std::vector<IcsProblem> doubts();
 
   // All events in file order, removed ones left out.

@@ -4,6 +4,8 @@
 
 #include <tuple>
 
+#include "lab/ics/MissingLines.h"
+
 namespace vornlab {
 namespace {
 
@@ -253,6 +255,28 @@ TEST(CalendarEvent, ReadsTheTextsThatPeopleHave) {
 
   Loaded latin(event("SUMMARY:caf\xE9\r\n"));
   EXPECT_EQ(latin.eventAt(0).summary(), "café");
+}
+
+TEST(CalendarEvent, KnowsTheLinesThatSomebodyHasWrittenInOneOfItsTwoBodiesAlone) {
+  const std::string page =
+      "<html><body><p>Agenda v1 &amp; <b>ca</b>ke</p><ol><li>Wir pr&uuml;fen</li></ol>"
+      "<A HREF='https://a.example/x?k=7&amp;l=2'>site</A><hr></body></html>";
+  const std::tuple<std::string, const char*, const char*> rows[] = {
+      {page, "agenda V1\n & cake\n\n1. Wir pr\u00FCfen\n___\nsite <https://a.example/x?k=7&l=2>\n", ""},
+      {page, "Agenda v2 BRING IT\nsite", "Agenda v2 BRING IT"},
+      {page, "Wir prüfen\n- 契約書\n---\nAgenda\n2) Tee \n\n", "- 契約書\n---\n2) Tee"},
+      {"", "the 1\n\n:-)\n", "the 1\n\n:-)"},
+      {"<html><title>Tea</title><body style='color: red'><!-- red --></body></html>", "Tea red", "Tea red"},
+      {"<title>Tea</title>", "Tea", "Tea"},
+      {"<p></p>", ":-)", ":-)"},
+      {"", " \n", ""},
+  };
+  for (const auto& [html, text, lines] : rows) {
+    Loaded store(event(""));
+    store.eventAt(0).setDescription(text, html);
+    EXPECT_EQ(linesMissingIn(html, text), lines) << text;
+    EXPECT_EQ(store.doubts().size(), *lines == '\0' ? 0U : 1U) << text;
+  }
 }
 
 TEST(CalendarEvent, KeepsARecordThroughTheFileAndTakesItOutWithoutATrace) {

@@ -94,19 +94,26 @@ TEST_F(Meet, AddsMeetingsAndASecondRunOnTheOutputChangesNothing) {
 }
 
 TEST_F(Meet, UpdatesAMeetingWhoseAppointmentHasMoved) {
-  const auto file = m_folder.write("in.ics", calendar({appointment("a", "Budget")}));
+  const auto file =
+      m_folder.write("in.ics", calendar({appointment("a", "Budget", {"DESCRIPTION:Agenda v1 tea"})}));
   const MeetRun added = meet(file, file);
   ASSERT_EQ(added.resultOf("a"), "added") << added.program.output << added.program.errors;
   std::string text = contentOf(file);
-  for (const auto& [from, to] :
-       {std::pair{"20300514T12", "20300515T12"}, std::pair{"20300514T13", "20300515T13"}}) {
-    text.replace(text.find(from), 11, to);
+  for (const auto& [from, to] : {std::pair{"20300514T12", "20300515T12"},
+                                 {"20300514T13", "20300515T13"},
+                                 {"ON:Agenda v1", "ON:CONTRACT "}}) {
+    text.replace(text.find(from), std::string_view(from).size(), to);
   }
   m_folder.write("in.ics", text);
   const MeetRun moved = meet(file, file);
   EXPECT_EQ(moved.resultOf("a"), "updated") << moved.program.output;
   EXPECT_EQ(moved.byUid.at("a")["meetingKey"], added.byUid.at("a")["meetingKey"]);
   EXPECT_EQ(occurrences(unfolded(contentOf(file)), "MacVnBookmarkBegin"), 1U);
+  EXPECT_THAT(moved.program.errors, HasSubstr(": DESCRIPTION has words that X-ALT-DESC lacks"));
+  EXPECT_EQ(meet(file, file, {"--all", "--remove"}).resultOf("a"), "removed");
+  const std::string removed = unfolded(contentOf(file));
+  for (const char* words : {"CONTRACT", "Agenda v1"}) EXPECT_EQ(occurrences(removed, words), 2U) << removed;
+  EXPECT_EQ(occurrences(removed, "https://"), 0U) << removed;
 }
 
 TEST_F(Meet, SkipsWhatGetsNoMeetingOfItsOwnAndSaysWhy) {

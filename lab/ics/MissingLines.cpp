@@ -1,0 +1,130 @@
+#include "lab/ics/MissingLines.h"
+
+#include <unicode/uchar.h>
+
+#include <algorithm>
+#include <cctype>
+#include <vector>
+
+#include "util/CharacterSets.h"
+#include "util/HtmlText.h"
+#include "util/Text.h"
+#include "util/Utf16.h"
+
+namespace vornlab {
+
+namespace {
+
+using Words = std::vector<std::string_view>;
+
+bool isInWord(std::string_view text, std::size_t at) {
+  return u_isalnum(static_cast<UChar32>(vorn::characterAt(text, at))) != 0;
+}
+
+// Takes the next word out of the text; "" at the end.
+std::string_view takeWord(std::string_view& text) {
+  std::size_t begin = 0;
+  while (begin < text.size() && !isInWord(text, begin)) begin += vorn::utf8SequenceLength(text, begin);
+  std::size_t end = begin;
+  while (end < text.size() && isInWord(text, end)) end += vorn::utf8SequenceLength(text, end);
+  const std::string_view word = text.substr(begin, end - begin);
+  text.remove_prefix(end);
+  return word;
+}
+
+void addWords(Words& words, std::string_view text) {
+  for (std::string_view word = takeWord(text); !word.empty(); word = takeWord(text)) words.push_back(word);
+}
+
+// Many writers of plain text put a link's address behind its words.
+void addWordsOfAddresses(Words& words, std::string_view html) {
+  for (const std::string_view name : {"href=", "src="}) {
+    std::size_t at = html.find(name);
+    while (at != std::string_view::npos) {
+      const std::size_t begin = html.find_first_not_of("\"'", at + name.size());
+      if (begin == std::string_view::npos) return;
+      const std::size_t end = std::min(html.find_first_of("\"'<> \t\r\n", begin), html.size());
+      addWords(words, html.substr(begin, end - begin));
+      at = html.find(name, end);
+    }
+  }
+}
+
+// Elements with text that nobody sees, and comments.
+bool mayHideText(std::string_view tag) {
+  const std::string beginning = vorn::asciiLower(std::string(tag.substr(0, 3)));
+  return beginning.starts_with("<!") || beginning == "<sc" || beginning == "<st" || beginning == "<ti";
+}
+
+// The length of an entity in front that stands for no letter or digit; 0 for another.
+std::size_t lengthOfSign(std::string_view html) {
+  for (const std::string_view sign : {"&nbsp;", "&amp;", "&lt;", "&gt;", "&quot;"}) {
+    if (html.starts_with(sign)) return sign.size();
+  }
+  return 0;
+}
+
+// Also every byte of what is not ASCII.
+bool isLetterOrDigit(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte >= 0x80 || std::isalnum(byte) != 0;
+}
+
+// Whether both have the same letters and digits in the same order, as all bodies have that were stored here. False
+// also where only a parser, which takes many times as long, can tell, and where there are none.
+bool readAlike(std::string_view html, std::string_view text) {
+  bool hasAny = false;
+  std::size_t skipped = 0;
+  for (; !html.empty(); html.remove_prefix(skipped)) {
+    skipped = 1;
+    if (html.front() == '<') {
+      skipped = html.find('>') + 1;
+      if (skipped == 0 || mayHideText(html)) return false;
+    } else if (html.front() == '&') {
+      skipped = lengthOfSign(html);
+      if (skipped == 0) return false;
+    } else if (isLetterOrDigit(html.front())) {
+      while (!text.empty() && !isLetterOrDigit(text.front())) text.remove_prefix(1);
+      if (!text.starts_with(html.front())) return false;
+      text.remove_prefix(1);
+      hasAny = true;
+    }
+  }
+  return hasAny && std::none_of(text.begin(), text.end(), isLetterOrDigit);
+}
+
+// "2." or "b)" in front of an item, which the HTML of a list leaves to its reader.
+bool isListSign(std::string_view word, std::string_view rest) {
+  constexpr std::size_t kLongest = 3;
+  return word.size() <= kLongest && (rest.starts_with(". ") || rest.starts_with(") "));
+}
+
+}  // namespace
+
+std::string linesMissingIn(std::string_view html, std::string_view text) {
+  if (text.empty() || readAlike(html, text)) return {};
+  const std::string foldedText = vorn::caseFolded(vorn::htmlToPlainText(html));
+  const std::string foldedHtml = vorn::caseFolded(html);
+  Words known;
+  addWords(known, foldedText);
+  addWordsOfAddresses(known, foldedHtml);
+  if (known.empty()) return std::string(vorn::trimmed(text, vorn::isWhitespaceOrNewline));
+  std::sort(known.begin(), known.end());
+
+  std::string missing;
+  bool isTaken = false;
+  for (const std::string_view line : vorn::splitLines(text)) {
+    const std::string folded = vorn::caseFolded(line);
+    std::string_view rest = folded;
+    std::string_view word = takeWord(rest);
+    // An empty line or a rule belongs to the line above it.
+    if (!word.empty()) isTaken = false;
+    for (bool isFirst = true; !word.empty() && !isTaken; word = takeWord(rest), isFirst = false) {
+      isTaken = !(isFirst && isListSign(word, rest)) && !std::binary_search(known.begin(), known.end(), word);
+    }
+    if (isTaken) missing.append(line) += '\n';
+  }
+  return std::string(vorn::trimmed(missing, vorn::isWhitespaceOrNewline));
+}
+
+}  // namespace vornlab
