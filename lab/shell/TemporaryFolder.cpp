@@ -1,8 +1,6 @@
 #include "lab/shell/TemporaryFolder.h"
 
-#include <fcntl.h>
 #include <stdlib.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,13 +27,6 @@ fs::path makeNamed(std::string_view beginning) {
   return fs::canonical(name);
 }
 
-int lockedFolder(const fs::path& folder) {
-  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-  if (descriptor < 0 || ::flock(descriptor, LOCK_EX | LOCK_NB) == 0) return descriptor;
-  ::close(descriptor);
-  return -1;
-}
-
 void clearAbandoned() {
   std::error_code failed;
   for (fs::directory_iterator entry(fs::temp_directory_path(failed), failed), end; !failed && entry != end;
@@ -44,11 +35,10 @@ void clearAbandoned() {
     struct stat facts {};
     if (!folder.filename().string().starts_with(kOwnedName) || ::lstat(folder.c_str(), &facts) != 0) continue;
     if (facts.st_uid != ::getuid() || std::time(nullptr) - facts.st_mtime < kYoungSeconds) continue;
-    const int lock = lockedFolder(folder);
-    if (lock < 0) continue;
+    const FolderLock lock(folder);
+    if (lock.state() != FolderLock::State::held) continue;
     std::error_code ignored;
     fs::remove_all(folder, ignored);
-    ::close(lock);
   }
 }
 
@@ -57,13 +47,12 @@ void clearAbandoned() {
 TemporaryFolder::TemporaryFolder() {
   clearAbandoned();
   m_path = makeNamed(kOwnedName);
-  m_lock = lockedFolder(m_path);
+  m_lock.emplace(m_path);
 }
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
   fs::remove_all(m_path, ignored);
-  if (m_lock >= 0) ::close(m_lock);
 }
 
 fs::path TemporaryFolder::make() { return makeNamed("vornlab-"); }

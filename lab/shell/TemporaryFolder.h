@@ -1,6 +1,9 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
+
+#include "lab/shell/FolderLock.h"
 
 namespace vornlab {
 
@@ -21,8 +24,7 @@ class TemporaryFolder {
 
  private:
   std::filesystem::path m_path;
-  // Held as long as the folder is in use, and let go of however the program ends.
-  int m_lock = -1;
+  std::optional<FolderLock> m_lock;
 };
 
 }  // namespace vornlab

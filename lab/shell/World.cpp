@@ -59,6 +59,9 @@ void World::makeRoot(const Options& options) {
     if (!failed) m_root = fs::canonical(folder, failed);
     if (failed) throw LabError("cannot make the folder " + folder.string() + ": " + failed.message());
   }
+  if (!m_temporary && m_lock.emplace(m_root).state() == FolderLock::State::heldByAnother) {
+    throw UsageError("--world: " + m_root.string() + " is in use by another run");
+  }
   if (!options.mayBeTooLongForSocket && m_root.native().size() > kLongestRoot) {
     throw LabError("the path of the folder " + m_root.string() + " is too long for a socket in it");
   }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "lab/shell/FolderLock.h"
 #include "lab/shell/TemporaryFolder.h"
 #include "util/Value.h"
 
@@ -40,7 +41,8 @@ class World {
   // Whether nothing of anybody's would be written over in that folder: it is new, empty, or a world already.
   static bool mayStandIn(const std::filesystem::path& folder);
 
-  // Throws LabError when something cannot be made.
+  // Throws LabError when something cannot be made, and UsageError, before anything is touched, when another run
+  // uses the folder.
   explicit World(const Options& options);
   World(const World&) = delete;
   World& operator=(const World&) = delete;
@@ -75,6 +77,8 @@ class World {
   // Absent for a world that stays.
   std::optional<TemporaryFolder> m_temporary;
   std::filesystem::path m_root;
+  // Absent for a world that does not stay, which nobody else knows.
+  std::optional<FolderLock> m_lock;
 };
 
 }  // namespace vornlab

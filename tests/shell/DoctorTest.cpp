@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <set>
 #include <tuple>
 
+#include "lab/shell/World.h"
 #include "tests/shell/ProgramRun.h"
 
 namespace vornlab::test {
@@ -107,6 +109,19 @@ TEST(Doctor, MeasuresAHomePathThatIsTooLongForASocket) {
   const ProgramRun demo = runProgram(VORNLAB_PROGRAM, {"demo", "--world", folder / cases[0].first});
   EXPECT_EQ(demo.exitCode, 1);
   EXPECT_THAT(demo.errors, HasSubstr("too long for a socket"));
+}
+
+TEST(Doctor, LeavesAWorldAloneThatAnotherRunUses) {
+  const TemporaryFolder folder;
+  World::Options options;
+  options.folder = folder / "w";
+  std::optional<World> used(options);
+  const ProgramRun second = runProgram(VORNLAB_PROGRAM, {"doctor", "--world", options.folder});
+  EXPECT_EQ(second.exitCode, 2);
+  EXPECT_THAT(second.errors, HasSubstr("w is in use by another run\n"));
+  EXPECT_FALSE(std::filesystem::exists(used->clientProgram()));
+  used.reset();
+  EXPECT_EQ(runProgram(VORNLAB_PROGRAM, {"doctor", "--world", options.folder}).exitCode, 0);
 }
 
 TEST(AccountShow, TellsTheProfileInGroups) {

@@ -43,7 +43,8 @@ ScenarioResult play(const Scenario& scenario, LabOptions lab, const StartSession
   result.file = scenario.file;
   result.name = scenario.name();
   std::optional<TemporaryFolder> folder;
-  if (lab.world.empty()) lab.world = folder.emplace().path();
+  // Below it, since the folder itself is locked already.
+  if (lab.world.empty()) lab.world = folder.emplace().path() / "w";
   try {
     Stage stage(scenario.setUp, lab, start);
     result.failure = playSteps(scenario, stage);
