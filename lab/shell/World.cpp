@@ -40,14 +40,20 @@ World::World(const Options& options) {
   try {
     for (const fs::path& folder : {documents(), preferences(), applications()}) fs::create_directories(folder);
     installOutlook();
-    if (!options.client.empty()) installClient(options.client, options.clientVersion);
+    if (options.client.empty()) {
+      fs::remove_all(clientApplication());
+    } else {
+      installClient(options.client, options.clientVersion);
+    }
     if (options.panelIsOff) saveChoice(options.userId, "notShowMeAgain", "true");
   } catch (const fs::filesystem_error& error) {
     throw LabError(error.what());
   }
 }
 
-fs::path World::clientProgram() const { return applications() / "vornclient.app/Contents/MacOS/vornclient"; }
+fs::path World::clientApplication() const { return applications() / "vornclient.app"; }
+
+fs::path World::clientProgram() const { return clientApplication() / "Contents/MacOS/vornclient"; }
 
 void World::makeRoot(const Options& options) {
   const fs::path& folder = options.folder;
@@ -76,7 +82,7 @@ void World::installOutlook() const {
 }
 
 void World::installClient(const fs::path& application, const std::string& version) const {
-  const fs::path target = applications() / "vornclient.app";
+  const fs::path target = clientApplication();
   fs::remove_all(target);
   fs::create_directories(target / "Contents/MacOS");
   installFile(application / "Contents/MacOS/vornclient", clientProgram());

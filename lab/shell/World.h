@@ -26,7 +26,7 @@ class World {
     std::filesystem::path folder;
     // Whether a folder that was made here stays at the end. A folder that was named always stays.
     bool keep = false;
-    // The application to install as the client; "" for a machine without one.
+    // The application to install as the client; "" for a machine without one, also where the folder had one.
     std::filesystem::path client;
     // The version that the installed client shows; "" for its own.
     std::string clientVersion;
@@ -72,6 +72,7 @@ class World {
 
  private:
   void makeRoot(const Options& options);
+  std::filesystem::path clientApplication() const;
   void installOutlook() const;
 
   // Absent for a world that stays.

@@ -122,6 +122,8 @@ TEST(Doctor, LeavesAWorldAloneThatAnotherRunUses) {
   EXPECT_FALSE(std::filesystem::exists(used->clientProgram()));
   used.reset();
   EXPECT_EQ(runProgram(VORNLAB_PROGRAM, {"doctor", "--world", options.folder}).exitCode, 0);
+  const Told without({"doctor", "--without-client", "--world", options.folder});
+  EXPECT_EQ(without.object["client"]["status"], 0) << "the client of the run before is installed no more";
 }
 
 TEST(AccountShow, TellsTheProfileInGroups) {
