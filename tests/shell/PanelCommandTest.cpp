@@ -17,6 +17,7 @@ namespace {
 using nlohmann::json;
 using ::testing::AllOf;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using Verb = PanelAct::Verb;
@@ -57,6 +58,9 @@ TEST(TryLanguage, SaysWhatItExpected) {
   EXPECT_THAT(faultOf("= 5"), HasSubstr("expected the words of an option before \"=\""));
   EXPECT_THAT(faultOf("a = \"b"), HasSubstr("expected a closing quote"));
   EXPECT_THAT(faultOf("a = \"b\" c"), HasSubstr("expected nothing behind the closing quote"));
+  for (const char* text : {"a b = \"Zq7", "a b = \"Zq\" 7", "a \"Zq7=\"", "a \"Zq7=5", "a Zq7", "a\tZq7 of"}) {
+    EXPECT_THAT(faultOf(text), AllOf(EndsWith(" ...\""), Not(HasSubstr("Zq")))) << text;
+  }
 }
 
 TEST(TryLanguage, ReadsLongTextsInTimeLinearInThem) {

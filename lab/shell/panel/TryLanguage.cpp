@@ -16,16 +16,24 @@ using Verb = PanelAct::Verb;
 constexpr std::pair<std::string_view, Verb> kVerbs[] = {
     {"on", Verb::on}, {"off", Verb::off}, {"click", Verb::click}};
 
+constexpr std::string_view kBlanks = " \t\r\n";
+
 std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
   const std::size_t begin = text.find_first_not_of(kBlanks);
   if (begin == std::string_view::npos) return {};
   return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
 }
 
+// What can be told of an act that nobody understands: a passcode may stand behind the control's words.
+std::string beginningOf(std::string_view act) {
+  std::size_t end = act.find_first_of("=\"");
+  if (end == std::string_view::npos) end = std::min(act.find_first_of(kBlanks), act.size());
+  return std::string(trimmed(act.substr(0, end))) + (end < act.size() ? " ..." : "");
+}
+
 [[noreturn]] void fail(std::string_view act, const std::string& expected) {
   // Not the act in front: a name of a secret before a colon has what follows covered.
-  throw UsageError("--try: expected " + expected + ", not \"" + std::string(act) + "\"");
+  throw UsageError("--try: expected " + expected + ", not \"" + beginningOf(act) + "\"");
 }
 
 // Up to the next comma that stands in no quotes. A quote begins only behind a blank or "=", so that an apostrophe
@@ -68,7 +76,7 @@ PanelAct readAct(std::string_view act) {
   if (const std::size_t equals = act.find('='); equals != std::string_view::npos) {
     const std::string_view name = trimmed(act.substr(0, equals));
     const std::string_view value = trimmed(act.substr(equals + 1));
-    if (name.empty()) fail(act, "the words of an option before \"=\"");
+    if (name.empty() || name.find('"') != std::string_view::npos) fail(act, "the words of an option before \"=\"");
     return {std::string(name), Verb::set, value.starts_with('"') ? unquoted(act, value) : std::string(value)};
   }
   for (const auto& [word, verb] : kVerbs) {
