@@ -42,6 +42,14 @@ TEST(Scenario, SaysWhereALineCannotBeReadAndWhatWasExpected) {
       {"type times 2026-11-23T24:00", "x.vorn:1: expected a time such as 2026-11-23T09:00"},
       {"type times 2026-11-23T09:00 for 5", "x.vorn:1: expected \"min\", the line ends"},
       {"type subject Budget", "x.vorn:1: expected a text in quotes, found \"Budget\""},
+      {"new\nsettings set passwordTextField \"Zq7\"",
+       "x.vorn:2: expected CONTROL.PROPERTY, which is one of hidden, "
+       "enabled, on, text, index, chosen, toolTip, spoken, focused, border or tokens, found "
+       "\"passwordTextField\""},
+      {"settings set passwordTextField \"Zq7\"", "x.vorn:1: expected nothing more, found a text in quotes"},
+      {"new\nsettings key a bogus",
+       "x.vorn:2: expected a key, which is one of up, down, left, right, return, tab, "
+       "escape or delete, found \"bogus\""},
       {"save and send", "x.vorn:1: expected nothing more, found \"and\""},
       {"wait 1e9 s", "x.vorn:1: expected a number of s, found \"1e9\""},
       {"wait nan s", "x.vorn:1: expected a number of s, found \"nan\""},

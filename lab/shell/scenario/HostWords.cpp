@@ -174,8 +174,9 @@ StageStep inSettings(LineReader& line) {
     return [control = line.text("CONTROL")](Stage& stage) { clickInPanel(stage, control); };
   }
   if (line.take("set")) {
-    const auto property = PanelProperty::read(line.text("CONTROL.PROPERTY"));
+    const auto property = PanelProperty::read(line.ahead());
     if (!property) line.fail(std::string("CONTROL.PROPERTY, which is one of ") + PanelProperty::kNames);
+    line.text("CONTROL.PROPERTY");
     return [property = *property, value = line.text("its value")](Stage& stage) { property.set(stage, value); };
   }
   using Typing = void (*)(Stage&, const std::string&, const std::string&);
@@ -187,8 +188,8 @@ StageStep inSettings(LineReader& line) {
   }
   if (line.take("key")) {
     const std::string control = line.text("a CONTROL");
+    if (!isPanelKey(line.ahead())) line.fail(std::string("a key, which is one of ") + kPanelKeys);
     const std::string word = line.text("a key");
-    if (!isPanelKey(word)) line.fail(std::string("a key, which is one of ") + kPanelKeys);
     return [control, word](Stage& stage) { pressInPanel(stage, control, word); };
   }
   return [choice = readChoice(line)](Stage& stage) { stage.choose(choice); };

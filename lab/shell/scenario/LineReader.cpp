@@ -92,7 +92,9 @@ void LineReader::needEnd() {
 }
 
 void LineReader::fail(const std::string& expected) const {
-  const std::string found = atEnd() ? "the line ends" : "found \"" + m_line.words[m_at].text + "\"";
+  std::string found = "the line ends";
+  // A text in quotes may be a passcode.
+  if (!atEnd()) found = isQuotedAhead() ? "found a text in quotes" : "found \"" + m_line.words[m_at].text + "\"";
   refuse("expected " + expected + ", " + found);
 }
 
