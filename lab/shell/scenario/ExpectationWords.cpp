@@ -1,5 +1,6 @@
+#include <re2/re2.h>
+
 #include <array>
-#include <cctype>
 #include <cmath>
 
 #include "lab/shell/Words.h"
@@ -95,11 +96,11 @@ StageStep window(LineReader& line) {
 
 StageStep manager(LineReader& line) {
   std::vector<std::pair<std::string, std::string>> facts;
-  while (!line.atEnd()) {
-    const std::string fact = line.text("a fact such as state or action");
-    facts.emplace_back(fact, line.text("its value"));
-  }
-  if (facts.empty()) line.fail("a fact such as state or action");
+  do {
+    std::string fact = oneOf(line, {"state", "action", "key", "hostAction", "actionResult", "fromFieldChanged",
+                                    "supported", "updateIsForced", "dragIsUnderWay", "openedFromClient"});
+    facts.emplace_back(std::move(fact), line.text("its value"));
+  } while (!line.atEnd());
   return [facts](Stage& stage) {
     const Value told = stage.told();
     for (const auto& [fact, wanted] : facts) {
@@ -232,16 +233,21 @@ std::string listed(const std::vector<std::string>& names) {
   return all.empty() ? "nothing" : all;
 }
 
+// The number of an action, behind it that of a meeting request's operation.
+bool isRequest(std::string_view text) {
+  static const re2::RE2 form("(?:0|[1-9][0-9]*)(?:/(?:0|[1-9][0-9]*))?");
+  return re2::RE2::FullMatch(text, form);
+}
+
 StageStep sent(LineReader& line) {
   std::vector<std::string> wanted;
   if (!line.take("nothing")) {
     do {
-      const std::string_view ahead = line.ahead();
-      if (ahead.empty() || std::isdigit(static_cast<unsigned char>(ahead.front())) == 0) {
-        line.fail("requests such as 6, 9, 3/1, 3/4, or nothing");
-      }
-      wanted.push_back(line.text("a request"));
-      if (wanted.back().ends_with(',')) wanted.back().pop_back();
+      std::string_view name = line.ahead();
+      if (name.ends_with(',')) name.remove_suffix(1);
+      if (!isRequest(name)) line.fail("requests such as 6, 9, 3/1, 3/4, or nothing");
+      wanted.emplace_back(name);
+      line.text("a request");
     } while (!line.atEnd());
   }
   return [wanted](Stage& stage) { expectEqual("sent", listed(wanted), listed(stage.takeRequests())); };
