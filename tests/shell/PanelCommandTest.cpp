@@ -146,6 +146,12 @@ TEST_F(PanelCommand, TriesWithoutCommittingAndTellsWhatWouldBeWritten) {
   std::vector<std::string> written;
   for (const json& setting : told["written"]) written.push_back(setting["key"]);
   EXPECT_THAT(written, ElementsAre("enableHostVideo", "enableParticipantsVideo", "meetingPassword", "language"));
+
+  const ProgramRun alike =
+      panel({"--try", "personal ID on", "--try", "one-time ID on, passcode's text = 4567abc9"});
+  EXPECT_THAT(alike.output, AllOf(HasSubstr("  passcode (meetingPassword): ****** -> another one\n"),
+                                  HasSubstr("  join before host: \"Allow participants to join\" -> \""),
+                                  Not(HasSubstr("off -> off"))));
 }
 
 TEST_F(PanelCommand, SaysWhyAnActCannotBeDone) {

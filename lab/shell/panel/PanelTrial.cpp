@@ -20,11 +20,16 @@ using Verb = PanelAct::Verb;
 
 // What ends the panel; nothing is committed here, and a panel that has gone shows nothing more.
 constexpr std::string_view kEnds[] = {"buttonContinue", "buttonCancel"};
+// Beside a value that is covered.
+constexpr const char* kAnotherOne = "another one";
 
-// A control's state as a person sees it, covered for the screen, and whole for comparing.
+// A control's state as a person sees it, covered for the screen: what it is set to, its title and its items. And
+// whole for comparing.
 struct Seen {
   std::string shown;
   std::string whole;
+  std::string title{};
+  std::string items{};
 };
 using Picture = std::map<std::string, Seen>;
 
@@ -34,7 +39,11 @@ Seen seen(const PanelLayout::Place& place, const Control& control, bool isOnScre
     return {words, "hidden"};
   }
   Seen result{shownValue(place, control), shownValue({place.key}, control) + control.text};
-  for (const auto& item : control.items) result.whole += "\n" + item.title;
+  if (!place.isSecret) result.title = "\"" + SecretMask::covered(control.text) + "\"";
+  for (const auto& item : control.items) {
+    result.whole += "\n" + item.title;
+    result.items += "\n" + SecretMask::covered(item.title);
+  }
   if (control.redBorderWidth > 0) result.shown += ", marked as wrong";
   const bool isClicked = control.kind == Kind::button || control.kind == Kind::link;
   if (!control.enabled) {
@@ -54,6 +63,14 @@ Picture pictureOf(const PanelWindow& panel) {
   return picture;
 }
 
+// What changes is told by the first thing in which one sees it.
+ControlChange changeBetween(const std::string& words, const std::string& key, const Seen& was, const Seen& is) {
+  if (was.shown != is.shown) return {words, key, was.shown, is.shown};
+  if (was.title != is.title) return {words, key, was.title, is.title};
+  if (was.items != is.items) return {words, key, was.shown, was.shown + ", with other items"};
+  return {words, key, was.shown, kAnotherOne};
+}
+
 std::vector<ControlChange> changesIn(const PanelWindow& panel, const Picture& before, const Picture& after) {
   static const Seen kNone{"not there", "hidden"};
   std::vector<ControlChange> changes;
@@ -62,7 +79,7 @@ std::vector<ControlChange> changesIn(const PanelWindow& panel, const Picture& be
     const auto now = after.find(key);
     const Seen& was = old == before.end() ? kNone : old->second;
     const Seen& is = now == after.end() ? kNone : now->second;
-    if (was.whole != is.whole) changes.push_back({words.empty() ? key : words, key, was.shown, is.shown});
+    if (was.whole != is.whole) changes.push_back(changeBetween(words.empty() ? key : words, key, was, is));
   };
   forEachPlace(panel.layout(), [&](const PanelLayout::Place& place) {
     const Control* control = panel.controls().find(place.key);
@@ -218,8 +235,9 @@ std::vector<WrittenSetting> differences(const PanelWindow::Settings& before, con
     if (before.raw[key] == after.raw[key]) return;
     const auto was = old.find(key);
     const auto is = now.find(key);
-    written.push_back({key, row["words"].text(), shownIn(was == old.end() ? nullptr : was->second),
-                       shownIn(is == now.end() ? nullptr : is->second)});
+    const std::string shownBefore = shownIn(was == old.end() ? nullptr : was->second);
+    const std::string shownNow = shownIn(is == now.end() ? nullptr : is->second);
+    written.push_back({key, row["words"].text(), shownBefore, shownNow == shownBefore ? kAnotherOne : shownNow});
   };
   for (const Value& row : after.rows.items()) compare(row["key"].text(), row);
   for (const Value& row : before.rows.items()) {
