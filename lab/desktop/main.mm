@@ -161,7 +161,7 @@ ExitCode run(int argc, char** argv) {
   program.add_option("--tour", words.tour, "write the pictures of the documentation into this folder, and end");
   program.add_option("--account", words.lab.account, "who is signed in at the client")
       ->check(complaintOfFile, "FILE");
-  program.add_option("--client-version", words.lab.clientVersion, "the version that the client shows");
+  addClientVersion(program, "--client-version", words.lab);
   program.add_option("--play", words.play.files, "play scenarios with the mouse and by keys; docs/scenarios.md")
       ->check(complaintOfFile, "FILE");
   program.add_option("--pictures", words.pictures, "with --play: the folder for their pictures");

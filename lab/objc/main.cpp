@@ -29,7 +29,7 @@ void addClientOptions(CLI::App& command, LabOptions& lab) {
   command.add_option("--timeout", lab.timeoutSeconds, "seconds that one appointment may take")
       ->check(complaintOfSeconds, "SECONDS")
       ->capture_default_str();
-  command.add_option("--client-version", lab.clientVersion, "the version that the client shows");
+  addClientVersion(command, "--client-version", lab);
   command.add_option("--client-option", lab.clientArguments, "an argument for the client; may be repeated")
       ->take_all();
 }

@@ -142,7 +142,8 @@ void CalendarOutput::requireAsBefore() const {
 void CalendarOutput::write(std::string_view text, const fs::path& model) {
   if (!isPlainFile()) {
     const int error = writeAll(m_descriptor, text);
-    if (error != 0) throw LabError("cannot write into " + m_path.string() + because(error));
+    const std::string place = m_path == "-" ? "standard output" : m_path.string();
+    if (error != 0) throw LabError("cannot write into " + place + because(error));
     return;
   }
   requireAsBefore();

@@ -30,7 +30,7 @@ std::string complaintOfVersion(const std::string& text) {
 std::string complaintOfAddress(const std::string& text) {
   constexpr std::string_view kScheme = "mailto:";
   const bool isOne =
-      !vorn::asciiLower(text.substr(0, kScheme.size())).starts_with(kScheme) &&
+      !text.empty() && !vorn::asciiLower(text.substr(0, kScheme.size())).starts_with(kScheme) &&
       std::none_of(text.begin(), text.end(), [](unsigned char c) { return c <= ' ' || c == '<' || c == '>'; });
   return isOne ? "" : "\"" + text + "\" is no address; that has no blanks, no \"<\" or \">\", and no \"mailto:\"";
 }
@@ -67,7 +67,7 @@ void addLabOptions(CLI::App& command, LabOptions& lab) {
       ->check(complaintOfWorld, "FOLDER")
       ->group(trying);
   command.add_flag("--without-client", lab.withoutClient, "a machine without a client")->group(trying);
-  command.add_option("--client-version", lab.clientVersion, "the version that the client shows")->group(trying);
+  addClientVersion(command, "--client-version", lab)->group(trying);
   command.add_option("--client-option", lab.clientArguments, "an argument for the client; may be repeated")
       ->group(trying)
       ->take_all();
@@ -76,6 +76,11 @@ void addLabOptions(CLI::App& command, LabOptions& lab) {
 void addJsonFlag(CLI::App& command, ReportForm& form, const char* what) {
   command.add_flag_callback(
       "--json", [&form] { form = ReportForm::json; }, what);
+}
+
+CLI::Option* addClientVersion(CLI::App& command, const char* name, LabOptions& lab) {
+  return command.add_option(name, lab.clientVersion, "the version that the client shows")
+      ->check(complaintOfNothing, "VERSION");
 }
 
 void addOwner(CLI::App& command, std::string& address, const char* what) {

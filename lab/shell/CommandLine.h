@@ -13,7 +13,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace vornlab {
 
@@ -42,6 +43,9 @@ void addLabOptions(CLI::App& command, LabOptions& lab);
 
 // The flag --json; `what` tells what is printed then.
 void addJsonFlag(CLI::App& command, ReportForm& form, const char* what = "one JSON object");
+
+// The option by which the client shows a version, under that name.
+CLI::Option* addClientVersion(CLI::App& command, const char* name, LabOptions& lab);
 
 // The option --me, with the address of the calendar's owner.
 void addOwner(CLI::App& command, std::string& address, const char* what = "the address of the calendar's owner");

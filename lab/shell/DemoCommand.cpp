@@ -10,6 +10,7 @@
 #include "lab/shell/Output.h"
 #include "lab/shell/Session.h"
 #include "lab/shell/Words.h"
+#include "lab/words/OptionChecks.h"
 #include "secrets/SecretMask.h"
 
 namespace vornlab {
@@ -115,7 +116,8 @@ Command addDemo(CLI::App& program, const LabOptions& lab) {
   const auto options = optionsFrom<DemoOptions>(lab);
   CLI::App* command = program.add_subcommand("demo", "show one appointment become an online meeting");
   addCalendarInput(*command, options->input, "a calendar file of your own, instead of the shipped one");
-  command->add_option("--uid", options->uid, "the appointment that is taken, instead of the first");
+  command->add_option("--uid", options->uid, "the appointment that is taken, instead of the first")
+      ->check(complaintOfNothing, "UID");
   command->add_option("--out", options->output,
                       "where the changed calendar goes; without, that of a file of your own goes nowhere");
   command->add_flag("--keep", options->lab.keepWorld, "leave the world's folder behind");

@@ -100,7 +100,7 @@ CLI::App* addInspectWords(CLI::App& program, InspectOptions& options) {
   addCalendarInput(*command, options.input);
   command->add_option("--body", options.body, "look at a body alone, in HTML or plain text")
       ->check(complaintOfFile, "FILE");
-  command->add_option("--uid", options.uids, "one appointment; may be repeated");
+  command->add_option("--uid", options.uids, "one appointment; may be repeated")->check(complaintOfNothing, "UID");
   addOwner(*command, options.me);
   askWithoutClient(*command, options.lab, options.form);
   return command;

@@ -216,7 +216,7 @@ CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
   addCalendarInput(*command, options.input)->required();
   auto* out = command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself");
   auto* which = command->add_option_group("which appointments");
-  which->add_option("--uid", options.uids, "one appointment; may be repeated");
+  which->add_option("--uid", options.uids, "one appointment; may be repeated")->check(complaintOfNothing, "UID");
   which->add_flag("--all", options.all, "every appointment");
   which->require_option(1);
   command->add_flag("--remove", options.removes, "take the meetings out again, from the calendar and the service");

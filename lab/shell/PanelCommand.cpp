@@ -185,14 +185,14 @@ Command addPanel(CLI::App& program, const LabOptions& lab) {
   CLI::App* command =
       program.add_subcommand("panel", "print the settings panel of an appointment, or try something in it");
   addCalendarInput(*command, options->input, "the appointment's calendar file; without it a new appointment");
-  command->add_option("--uid", options->uid, "which appointment of the file");
+  command->add_option("--uid", options->uid, "which appointment of the file")->check(complaintOfNothing, "UID");
   command
       ->add_option("--try", options->tries,
                    "what to do, such as \"waiting room off, passcode on\"; may be repeated; nothing is committed")
       ->take_all();
   command->add_flag("--words", options->words, "list the words of the options, and what each takes");
   command->add_flag("--all", options->all, "tell what is hidden, too, and why");
-  command->add_option("--client", options->lab.clientVersion, "the version that the client shows");
+  addClientVersion(*command, "--client", options->lab);
   command
       ->add_option("--client-db", options->lab.clientDatabase,
                    "where the stand-in service keeps its meetings, when it is not where meet keeps them")

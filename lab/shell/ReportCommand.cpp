@@ -102,7 +102,8 @@ Command addReport(CLI::App& program, const LabOptions& lab) {
   CLI::App* command = program.add_subcommand(
       "report", "write one file, with secrets covered, for somebody who helps; says first what it holds");
   addCalendarInput(*command, options->input, "a calendar file, whose appointments are told as inspect does");
-  command->add_option("--uid", options->uid, "the appointment whose panel is told; else a new one's");
+  command->add_option("--uid", options->uid, "the appointment whose panel is told; else a new one's")
+      ->check(complaintOfNothing, "UID");
   addOwner(*command, options->me);
   command->add_option("--out", options->output, "where the report goes")->capture_default_str();
   command

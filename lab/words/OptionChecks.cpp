@@ -16,6 +16,7 @@ constexpr double kLeastSeconds = 0.001;
 constexpr double kMostSeconds = 86'400;
 
 std::string complaintOfPath(const std::string& path, bool wantsFolder) {
+  if (std::string complaint = complaintOfNothing(path); !complaint.empty()) return complaint;
   std::error_code failed;
   const fs::file_status status = fs::status(path, failed);
   if (status.type() == fs::file_type::not_found) return "there is no " + path;
@@ -30,6 +31,10 @@ bool isFile(const std::string& database) {
 }
 
 }  // namespace
+
+std::string complaintOfNothing(const std::string& text) {
+  return text.empty() ? "\"\" is no name of anything" : "";
+}
 
 std::string complaintOfFile(const std::string& path) { return complaintOfPath(path, false); }
 

@@ -15,6 +15,9 @@ std::string complaintOfMeetings(const std::string& path);
 // The same of one that can be written, too, or made where it is missing.
 std::string complaintOfDatabase(const std::string& path);
 
+// Anything but "".
+std::string complaintOfNothing(const std::string& text);
+
 // A number of seconds, from a thousandth of one to a day.
 std::string complaintOfSeconds(const std::string& text);
 

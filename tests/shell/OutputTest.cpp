@@ -129,7 +129,7 @@ TEST_F(Output, GoesElsewhereWhenItsPlaceHasChangedMeanwhile) {
       {meet + "in.ics" + told + "echo X >>in.ics;; esac; done", "has been changed meanwhile", "in", "640\n"},
       {"mkdir away; " + meet + "away/o.ics" + told + "rm -rf away;; esac; done", "its folder away is gone", "o",
        "600\n"},
-      {meet + "- | :", "cannot write into -", "vornlab", "600\n"},
+      {meet + "- | :", "cannot write into standard output", "vornlab", "600\n"},
       // What would be covered, and what has no room for more, has another name.
       {"echo X >kim@vorn.example.ics; chmod 600 kim*; " + meet + "kim@vorn.example.ics" + told +
            "echo X >>kim@vorn.example.ics;; esac; done",
