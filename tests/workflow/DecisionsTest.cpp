@@ -384,6 +384,16 @@ TEST_F(Decisions, AMeetingThatWasSavedOrFoundByItsUUIDIsShown) {
   EXPECT_EQ(left.getJoinURLFromProperty(), data().joinUrl());
   EXPECT_TRUE(data().occurrenceIsSingleVornMeeting());
   EXPECT_EQ(client.names().back(), "6") << "what the account allows is asked for";
+
+  com::tidemar::webapp::proto::MeetingProto message;
+  message.set_extinfo(R"({"olApptUUID":"other"})");
+  helper().setPBMeetingData(encoded(message));
+  for (const std::uint64_t state : {VnStateLoadByApptUUID, VnStateAdding}) {
+    helper().setMeetingData(meeting(), false);
+    manager().setState(state);
+    reply(VnCmdGetMeetingByApptUUID);
+    EXPECT_FALSE(helper().hasMeetingInfo()) << "another appointment's, which no new meeting may start from";
+  }
 }
 
 TEST_F(Decisions, AnUpdateWithThePersonalNumberFetchesItFirst) {
