@@ -47,10 +47,13 @@ std::string vnAPIGetMeeting::getAPIData() {
 std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& content) {
   if (!isPending()) return std::nullopt;
   const auto reply = MeetingReply::read(content);
-  if (reply && isAboutAnother(reply->meeting) && !insistsOn(reply->meeting)) {
+  if (reply && isAboutAnother(reply->meeting)) {
     // What was refused is not carried out because another window is answered.
-    if (hasGoneOut()) sendRequest(RequestAction::kCarrier, getAPIData());
-    return std::nullopt;
+    if (!hasGoneOut()) return std::nullopt;
+    if (!insistsOn(reply->meeting)) {
+      sendRequest(RequestAction::kCarrier, getAPIData());
+      return std::nullopt;
+    }
   }
   const auto window = takeSuccess(VnCmdGetMeeting, content);
   if (!window || !reply) return std::nullopt;
