@@ -207,7 +207,7 @@ TEST_F(Files, BinaryPropertyListsHoldEveryKindOfValue) {
                                          std::string("\x61\0\xFC", 3),
                                          binaryObject(0xA3, {5, 6, 7}),
                                          "Qx",
-                                         std::string(1, '\x14') + bigEndian(1, 16),
+                                         "\x14" + bigEndian(0, 8) + bigEndian(1, 8),
                                          "\x09",
                                          std::string("\x23\x40\x04\0\0\0\0\0\0", 9)};
   for (const int offsetBytes : {1, 4, 8}) {
