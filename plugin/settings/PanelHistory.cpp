@@ -62,15 +62,16 @@ void PanelHistory::keepPersons(const vnSettingData& record,
 }
 
 const PanelHistory::State* PanelHistory::lastOf(const OptionalText& whosePMI) const {
-  if (const State* refused = refusedOf(whosePMI)) return refused;
+  if (const State* committed = notAcceptedOf(whosePMI)) return committed;
   if (isOf(m_kept.record, whosePMI)) return &m_kept;
   return m_beforeCommit && isOf(m_beforeCommit->record, whosePMI) ? &*m_beforeCommit : nullptr;
 }
 
-const PanelHistory::State* PanelHistory::refusedOf(const OptionalText& whosePMI) const {
-  const auto found = std::find_if(m_refused.begin(), m_refused.end(),
-                                  [&whosePMI](const State& each) { return isOf(each.record, whosePMI); });
-  return found == m_refused.end() ? nullptr : &*found;
+const PanelHistory::State* PanelHistory::notAcceptedOf(const OptionalText& whosePMI) const {
+  const auto refused = std::find_if(m_refused.begin(), m_refused.end(),
+                                    [&whosePMI](const State& each) { return isOf(each.record, whosePMI); });
+  if (refused != m_refused.end()) return &*refused;
+  return m_beforeCommit && isOf(m_kept.record, whosePMI) ? &m_kept : nullptr;
 }
 
 void PanelHistory::changeRecords(const std::function<void(vnSettingData&)>& change) {

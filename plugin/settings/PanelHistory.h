@@ -46,8 +46,8 @@ class PanelHistory {
   // The last of these states that is this person's personal meeting, "" being oneself, or, absent, a meeting with
   // a number of its own; it holds until the next change. Null when none is, or another was accepted in its place.
   const State* lastOf(const OptionalText& whosePMI) const;
-  // The same among what was refused alone.
-  const State* refusedOf(const OptionalText& whosePMI) const;
+  // The same among what was committed and not accepted: refused, or not answered yet.
+  const State* notAcceptedOf(const OptionalText& whosePMI) const;
   // What the service says of a meeting holds for every record of it.
   void changeRecords(const std::function<void(vnSettingData&)>& change);
 

@@ -317,7 +317,7 @@ void SecurityOptions::updateSecurityBoxAccessibility() {
 }
 
 void SecurityOptions::resetSecurityErrorTextField() {
-  m_securityNotSelectedOf.reset();
+  if (isShownMeeting(m_securityNotSelectedOf)) m_securityNotSelectedOf.reset();
   const OptionFacts facts = m_context.facts(m_record);
   m_securityErrorTextField.hidden = securityErrorIsHidden(shown(), facts.account, facts.client);
 }

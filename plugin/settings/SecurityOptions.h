@@ -96,9 +96,9 @@ class SecurityOptions {
   void setPasscode(std::string passcode);
   // By whosePMI().
   std::map<OptionalText, std::string> m_typedPasscodes;
-  // What the service has refused stays told of that meeting, by whosePMI(), while the panel is loaded again and
-  // again, until the user does something about it or about what it depends on: a weak passcode, and none of the
-  // options.
+  // What the service has refused last stays told of that meeting, by whosePMI(), while the panel is loaded again
+  // and again, until the user commits, or does something about it or about what it depends on: a weak passcode,
+  // and none of the options.
   std::optional<OptionalText> m_notStrongerOf;
   std::optional<OptionalText> m_securityNotSelectedOf;
   // A tip is shown, for as long.

@@ -207,8 +207,8 @@ void VnSettingViewController::refreshUI(bool forPMI) {
   const std::string person = m_scheduleFor.getUIScheduleForEmail();
   if (forPMI) {
     layPersonalMeetingOver(m_settingData, person);
-    // What was refused of it is what the user goes on from.
-    if (const PanelHistory::State* refused = m_history.refusedOf(person)) giveWordsOf(refused->record);
+    // What was committed of it and not accepted is what the user goes on from.
+    if (const PanelHistory::State* own = m_history.notAcceptedOf(person)) giveWordsOf(own->record);
     // A meeting that was to be a personal one from the start is loaded only now, and not what the user has changed
     // while it was awaited; another person's is none of it.
     if (isKeptPerson(person) && std::exchange(m_waitsForPersonalMeeting, false)) {

@@ -206,6 +206,7 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
       {"another person's that was refused", false, true, true},
       {"the personal meeting that was refused", true, false, true},
       {"the personal meeting that was refused and is fetched again", true, false, true, true},
+      {"the personal meeting whose commit nobody answered and that is fetched again", true, false, false, true},
   };
   for (const auto& [name, isLoaded, isForDana, isRefused, comesAgain] : rows) {
     SCOPED_TRACE(name);

@@ -74,7 +74,6 @@ bool SocketDescriptor::connectTo(const std::string& path) {
 std::size_t SocketDescriptor::read(char* buffer, std::size_t size) {
   while (!m_isShutDown) {
     const ssize_t count = ::read(m_number, buffer, size);
-    if (count > 0 && m_isDiscarding) continue;
     if (count >= 0) return static_cast<std::size_t>(count);
     if (errno == EINTR) continue;
     if (!isWait(errno)) return 0;

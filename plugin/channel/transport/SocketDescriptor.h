@@ -41,8 +41,8 @@ class SocketDescriptor {
 
   // Ends the stream in both directions and wakes whoever waits in it.
   void shutDown();
-  // From now on what comes in is thrown away, and what is unsent can still be flushed. read() waits on until
-  // shutDown(): a peer that may not write any more would take that for the end of the stream.
+  // From now on what comes in is to be thrown away, and what is unsent can still be flushed. It is read all the
+  // same until shutDown(): a peer that may not write any more would take that for the end of the stream.
   void discardWhatComes() { m_isDiscarding = true; }
   bool isDiscarding() const { return m_isDiscarding; }
 

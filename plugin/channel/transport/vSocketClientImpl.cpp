@@ -33,7 +33,7 @@ namespace {
 constexpr double kFlushPause = 0.02;
 constexpr double kLongestFlushPause = 1;
 constexpr std::string_view kFlush = "flush";
-// For how long the rest of what was sent is still written after the connection was given up.
+// For how long a client may read nothing of the rest that is written after the connection was given up.
 constexpr double kLongestGoodbye = 60;
 constexpr std::string_view kEnd = "end";
 
@@ -119,7 +119,7 @@ void readMessages(SocketDescriptor& descriptor, const Deliver& deliver) {
     std::optional<std::string> message = assembler.feed({buffer.data(), count});
     // Passcodes pass through here.
     if (tdm::memset_s(buffer.data(), buffer.size(), 0, buffer.size()) != 0) return;
-    if (message) deliver(std::move(*message));
+    if (message && !descriptor.isDiscarding()) deliver(std::move(*message));
   }
 }
 
@@ -182,13 +182,18 @@ void vSocketClientImpl::connect() {
 void vSocketClientImpl::disconnect() {
   const auto descriptor = m_connection->held();
   if (!descriptor || descriptor->unsent() == 0) return m_connection->close();
-  RunLoop* runLoop = Registry::platform().runLoop;
-  if (!runLoop) return m_connection->close();
-  // A request that was sent before is not cut, unless nobody reads it in all that time.
+  if (!Registry::platform().runLoop) return m_connection->close();
+  // A request that was sent before is not cut.
   m_connection->giveUp();
   flushLater(descriptor, kFlushPause);
+  endLater(descriptor);
+}
+
+void vSocketClientImpl::endLater(const std::shared_ptr<SocketDescriptor>& descriptor) {
+  RunLoop* runLoop = Registry::platform().runLoop;
+  runLoop->cancelPrevious(descriptor.get(), kEnd);
   runLoop->performAfter(kLongestGoodbye, descriptor.get(), kEnd, [held = std::weak_ptr(descriptor)] {
-    if (const auto descriptor = held.lock()) descriptor->shutDown();
+    if (const auto unread = held.lock()) unread->shutDown();
   });
 }
 
@@ -221,6 +226,7 @@ void vSocketClientImpl::flushLater(const std::shared_ptr<SocketDescriptor>& desc
       return;
     }
     const bool isRead = descriptor->unsent() < before;
+    if (isRead && descriptor->isDiscarding()) endLater(descriptor);
     (*client)->flushLater(descriptor, isRead ? kFlushPause : std::min(2 * pause, kLongestFlushPause));
   });
 }

@@ -58,6 +58,8 @@ class vSocketClientImpl {
   // Goes on with the rest of what was sent after a pause in seconds, as long as some is left: or the client could
   // read neither that message nor the next one.
   void flushLater(const std::shared_ptr<SocketDescriptor>& descriptor, double pause);
+  // Closes a descriptor that was given up when nothing has been read of it for long.
+  static void endLater(const std::shared_ptr<SocketDescriptor>& descriptor);
 
   // Shared with the readers: the descriptor of the moment.
   std::shared_ptr<Connection> m_connection;
