@@ -2,6 +2,7 @@
 
 #include "lab/ics/MissingLines.h"
 #include "util/HtmlText.h"
+#include "util/TextSearch.h"
 
 namespace vornlab {
 
@@ -50,7 +51,7 @@ void storeBody(CalendarEvent& event, const std::string& html, bool isHtml) {
 }
 
 std::string withPieceInFront(std::string_view html, std::string_view piece) {
-  const std::size_t tag = html.find("<body");
+  const std::size_t tag = vorn::findIgnoringCase(html, "<body");
   const std::size_t end = tag == std::string_view::npos ? tag : html.find('>', tag);
   const std::size_t at = end == std::string_view::npos ? 0 : end + 1;
   std::string result;

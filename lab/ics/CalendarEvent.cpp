@@ -234,7 +234,7 @@ IcsProblem CalendarEvent::doubtOfTimes() const {
 IcsProblem CalendarEvent::doubtOfBody() const {
   const vorn::OptionalText html = htmlDescription();
   if (!html || linesMissingIn(*html, plainDescription()).empty()) return {};
-  return doubt("DESCRIPTION", "DESCRIPTION has words that X-ALT-DESC lacks, and their lines are put above it");
+  return doubt("DESCRIPTION", "DESCRIPTION has words that X-ALT-DESC lacks, and their lines are shown above it");
 }
 
 std::vector<CalendarAttendee> CalendarEvent::attendees() const {

@@ -9,6 +9,7 @@
 #include "util/CharacterSets.h"
 #include "util/HtmlText.h"
 #include "util/Text.h"
+#include "util/TextSearch.h"
 #include "util/Utf16.h"
 
 namespace vornlab {
@@ -16,6 +17,12 @@ namespace vornlab {
 namespace {
 
 using Words = std::vector<std::string_view>;
+
+// Of a body with an invitation in it both forms were stored by a host with the plug-in, and said the same.
+// Programs that write both for themselves make them of one source, with differences of all kinds.
+bool holdsInvitation(std::string_view html) {
+  return vorn::findText(html, "MacVnBookmark") != std::string_view::npos;
+}
 
 bool isInWord(std::string_view text, std::size_t at) {
   return u_isalnum(static_cast<UChar32>(vorn::characterAt(text, at))) != 0;
@@ -102,13 +109,17 @@ bool isListSign(std::string_view word, std::string_view rest) {
 }  // namespace
 
 std::string linesMissingIn(std::string_view html, std::string_view text) {
-  if (text.empty() || readAlike(html, text)) return {};
-  const std::string foldedText = vorn::caseFolded(vorn::htmlToPlainText(html));
+  const auto trimmed = [](std::string_view any) { return vorn::trimmed(any, vorn::isWhitespaceOrNewline); };
+  if (text.empty()) return {};
+  if (!holdsInvitation(html)) return vorn::htmlShowsNothing(html) ? std::string(trimmed(text)) : "";
+  if (readAlike(html, text)) return {};
+  const std::string shown = vorn::htmlToPlainText(html);
+  if (trimmed(shown) == trimmed(text)) return {};
+  const std::string foldedText = vorn::caseFolded(shown);
   const std::string foldedHtml = vorn::caseFolded(html);
   Words known;
   addWords(known, foldedText);
   addWordsOfAddresses(known, foldedHtml);
-  if (known.empty()) return std::string(vorn::trimmed(text, vorn::isWhitespaceOrNewline));
   std::sort(known.begin(), known.end());
 
   std::string missing;
@@ -124,7 +135,7 @@ std::string linesMissingIn(std::string_view html, std::string_view text) {
     }
     if (isTaken) missing.append(line) += '\n';
   }
-  return std::string(vorn::trimmed(missing, vorn::isWhitespaceOrNewline));
+  return std::string(trimmed(missing));
 }
 
 }  // namespace vornlab

@@ -259,7 +259,8 @@ TEST(CalendarEvent, ReadsTheTextsThatPeopleHave) {
 
 TEST(CalendarEvent, KnowsTheLinesThatSomebodyHasWrittenInOneOfItsTwoBodiesAlone) {
   const std::string page =
-      "<html><body><p>Agenda v1 &amp; <b>ca</b>ke</p><ol><li>Wir pr&uuml;fen</li></ol>"
+      "<html><body><a name=\"MacVnBookmarkBegin\"></a><p>Agenda v1 &amp; <b>ca</b>ke</p><ol><li>Wir "
+      "pr&uuml;fen</li></ol>"
       "<A HREF='https://a.example/x?k=7&amp;l=2'>site</A><hr></body></html>";
   const std::tuple<std::string, const char*, const char*> rows[] = {
       {page, "agenda V1\n & cake\n\n1. Wir pr\u00FCfen\n___\nsite <https://a.example/x?k=7&l=2>\n", ""},
@@ -269,6 +270,8 @@ TEST(CalendarEvent, KnowsTheLinesThatSomebodyHasWrittenInOneOfItsTwoBodiesAlone)
       {"<html><title>Tea</title><body style='color: red'><!-- red --></body></html>", "Tea red", "Tea red"},
       {"<title>Tea</title>", "Tea", "Tea"},
       {"<p></p>", ":-)", ":-)"},
+      {"<p>Agenda</p>", "When: Monday\n\nAgenda [logo]", ""},
+      {"<p>:-)</p>", ":-)", ""},
       {"", " \n", ""},
   };
   for (const auto& [html, text, lines] : rows) {
