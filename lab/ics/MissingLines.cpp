@@ -78,9 +78,8 @@ bool isLetterOrDigit(char c) {
 }
 
 // Whether both have the same letters and digits in the same order, as all bodies have that were stored here. False
-// also where only a parser, which takes many times as long, can tell, and where there are none.
+// also where only a parser, which takes many times as long, can tell.
 bool readAlike(std::string_view html, std::string_view text) {
-  bool hasAny = false;
   std::size_t skipped = 0;
   for (; !html.empty(); html.remove_prefix(skipped)) {
     skipped = 1;
@@ -94,10 +93,9 @@ bool readAlike(std::string_view html, std::string_view text) {
       while (!text.empty() && !isLetterOrDigit(text.front())) text.remove_prefix(1);
       if (!text.starts_with(html.front())) return false;
       text.remove_prefix(1);
-      hasAny = true;
     }
   }
-  return hasAny && std::none_of(text.begin(), text.end(), isLetterOrDigit);
+  return std::none_of(text.begin(), text.end(), isLetterOrDigit);
 }
 
 // "2." or "b)" in front of an item, which the HTML of a list leaves to its reader.
@@ -113,9 +111,7 @@ std::string linesMissingIn(std::string_view html, std::string_view text) {
   if (text.empty()) return {};
   if (!holdsInvitation(html)) return vorn::htmlShowsNothing(html) ? std::string(trimmed(text)) : "";
   if (readAlike(html, text)) return {};
-  const std::string shown = vorn::htmlToPlainText(html);
-  if (trimmed(shown) == trimmed(text)) return {};
-  const std::string foldedText = vorn::caseFolded(shown);
+  const std::string foldedText = vorn::caseFolded(vorn::htmlToPlainText(html));
   const std::string foldedHtml = vorn::caseFolded(html);
   Words known;
   addWords(known, foldedText);

@@ -146,17 +146,12 @@ void MeetingIdOptions::getPMIMeetingInfo() {
       return;
     }
   }
-  if (m_context.awaitsMeeting()) ++m_outdatedRequests;
-  askForPMI();
+  m_context.getPMIMeetingInfo();
+  m_steps.checkScheduleButton();
 }
 
 void MeetingIdOptions::fetchChosenPMI() {
   if (m_controls.isShown(m_meetingIDBox.key) && m_buttonUsePMI.on) getPMIMeetingInfo();
-}
-
-void MeetingIdOptions::askForPMI() {
-  m_context.getPMIMeetingInfo();
-  m_steps.checkScheduleButton();
 }
 
 bool MeetingIdOptions::isAnothersPMI(const std::string& number) const {
@@ -165,15 +160,8 @@ bool MeetingIdOptions::isAnothersPMI(const std::string& number) const {
   return number == personalIdOf("").value_or("") || SettingsContext::profile().isBossesPMIMeetingID(number);
 }
 
-bool MeetingIdOptions::takesPMI(const Value& meetingInfo) {
-  const bool isWanted = m_buttonUsePMI.on && !isAnothersPMI(meetingInfo[vn_MeetingKey].text());
-  if (isWanted || !m_buttonUsePMI.on) {
-    m_outdatedRequests = 0;
-  } else if (m_outdatedRequests > 0) {
-    --m_outdatedRequests;
-    askForPMI();
-  }
-  return isWanted;
+bool MeetingIdOptions::isWantedPMI(const Value& meetingInfo) const {
+  return m_buttonUsePMI.on && !isAnothersPMI(meetingInfo[vn_MeetingKey].text());
 }
 
 int MeetingIdOptions::checkPMISettingsCompliance(int index) {

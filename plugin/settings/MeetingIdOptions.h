@@ -30,8 +30,8 @@ class MeetingIdOptions {
   // The same, if the personal ID is offered and chosen.
   void fetchChosenPMI();
   // Whether a personal meeting that has come is to be shown: the user may have turned to another person, or to a
-  // number of its own, since it was asked for: the one that is wanted is asked for once more then.
-  bool takesPMI(const Value& meetingInfo);
+  // number of its own, since it was asked for.
+  bool isWantedPMI(const Value& meetingInfo) const;
 
   // What the user has changed; nothing for a control that is not this group's.
   void userChanged(std::string_view key);
@@ -42,8 +42,6 @@ class MeetingIdOptions {
  private:
   // Whether the number is the personal one of somebody else than whom the meeting is for.
   bool isAnothersPMI(const std::string& number) const;
-  // Continue waits for the answer.
-  void askForPMI();
   bool isDisablePMI(int index) const;
   bool needShowMeetingID(int index) const { return !isDisablePMI(index); }
   // A person without one has nothing to choose.
@@ -65,8 +63,6 @@ class MeetingIdOptions {
 
   // The meeting was loaded as a personal one, and the ID that is turned off has been taken from it since.
   bool m_hasLostPMI = false;
-  // How many requests for a personal meeting were sent while another was awaited.
-  int m_outdatedRequests = 0;
 
   Control& m_meetingIDBox;
   Control& m_buttonOneTimeMeeting;

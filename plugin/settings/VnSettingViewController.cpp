@@ -267,7 +267,7 @@ void VnSettingViewController::takeBackWords() {
 void VnSettingViewController::onPMIMeetingInfo() {
   // Not loaded when the user has turned away meanwhile. The flag stays, so that a panel which is dismissed and
   // opened again asks for it once more, and does not show a personal meeting that was never loaded.
-  if (m_meetingId.takesPMI(m_pmiMeetingInfo)) refreshUI(true);
+  if (m_meetingId.isWantedPMI(m_pmiMeetingInfo)) refreshUI(true);
 }
 
 // -- While it is open --------------------------------------------------------------------------------------------
