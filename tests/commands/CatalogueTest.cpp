@@ -183,6 +183,16 @@ TEST_F(Catalogue, AMeetingIsTakenForTheOneThatWasAskedForOrThatTheServiceInsists
   }
 }
 
+TEST_F(Catalogue, AStrangersMeetingIsTakenOffAndTheManagerHearsNothing) {
+  owner.scheduleForIsValid = false;
+  owner.key = "987";
+  mgr->getMeeting(window, request("987"));
+  reply("4", meetingReplyOf("987"));
+  EXPECT_EQ(owner.key, "");
+  EXPECT_THAT(owner.told, ElementsAre("scheduleFor @" + window.windowId()));
+  EXPECT_THAT(owner.finished, IsEmpty());
+}
+
 TEST_F(Catalogue, WhatWasRefusedOrDroppedIsNotWaitedForAndNotSentForAnothersAnswer) {
   for (const bool isRefused : {true, false}) {
     owner.finished.clear();

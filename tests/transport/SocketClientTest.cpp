@@ -148,6 +148,16 @@ TEST_F(SocketClientTest, SendsWholeMessagesUpToItsLimit) {
   }
 }
 
+TEST_F(SocketClientTest, EndsForAPeerThatReadsNothingOfTheRest) {
+  TestListener listener(socketPath());
+  const TestDescriptor peer = connected(listener);
+  const std::string message(655349, 'x');
+  EXPECT_TRUE(client().send(message));
+  client().disconnect();
+  m_world.runLoop.runFor(70);
+  EXPECT_LT(TestListener::read(peer, message.size()).size(), message.size());
+}
+
 TEST_F(SocketClientTest, RefusesMessagesForAPeerThatHasLeftMegabytesUnread) {
   TestListener listener(socketPath());
   const TestDescriptor peer = connected(listener);
