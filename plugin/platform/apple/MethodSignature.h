@@ -42,9 +42,10 @@ class MethodType {
   MethodType() = default;
   Value readStructure(const void* memory) const;
   void writeStructure(const Value& value, void* memory) const;
-  bool fillsRegister() const;
 
   char m_code = 'v';
+  // A result of the type comes in a whole register, whose upper bytes count for whoever reads it.
+  bool m_fillsRegister = false;
   bool m_pointsToCharacters = false;
   ffi_type* m_primitive = &ffi_type_void;
   // A structure of numbers, with the keys of its fields.

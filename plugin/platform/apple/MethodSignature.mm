@@ -106,6 +106,7 @@ std::unique_ptr<MethodType> MethodType::fromEncoding(std::string_view encoding) 
   if (encoding.empty() || encoding.starts_with(block)) return nullptr;
   std::unique_ptr<MethodType> type(new MethodType());
   type->m_code = encoding.front();
+  type->m_fillsRegister = std::string_view("cCBsSiI").find(type->m_code) != std::string_view::npos;
   type->m_pointsToCharacters = encoding == "*" || encoding == "^c" || encoding == "^C" || encoding == "^B";
   if (type->m_code != '{') {
     type->m_primitive = nativeOf(type->m_code);
@@ -186,12 +187,8 @@ void MethodType::write(const Value& value, void* memory) const {
   }
 }
 
-bool MethodType::fillsRegister() const {
-  return std::string_view("cCBsSiI").find(m_code) != std::string_view::npos;
-}
-
 Value MethodType::readResult(const void* memory, LiveObjects::Holding holding) const {
-  if (!fillsRegister()) return read(memory, holding);
+  if (!m_fillsRegister) return read(memory, holding);
   const auto whole = static_cast<std::uint64_t>(readAs<ffi_arg>(memory));
   std::uint64_t narrow = whole;
   // The lowest bytes of a little-endian register come first, which is the only order that hosts have.
@@ -199,7 +196,7 @@ Value MethodType::readResult(const void* memory, LiveObjects::Holding holding) c
 }
 
 void MethodType::writeResult(const Value& value, void* memory) const {
-  if (!fillsRegister()) return write(value, memory);
+  if (!m_fillsRegister) return write(value, memory);
   std::uint64_t narrow = 0;
   write(value, &narrow);
   const bool isSigned = m_code == 'c' || m_code == 's' || m_code == 'i';
