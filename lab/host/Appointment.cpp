@@ -94,7 +94,14 @@ OptionalText Appointment::location() const {
 OptionalText Appointment::body() const {
   if (m_changes.body) return m_changes.body;
   const auto event = stored();
-  return event ? shownHtml(*event) : htmlForPlainText("");
+  return event ? storedBody(*event) : htmlForPlainText("");
+}
+
+const std::string& Appointment::storedBody(const CalendarEvent& event) const {
+  const std::uint64_t state = m_calendar->document().state();
+  if (!m_storedBody || m_storedBody->state != state)
+    m_storedBody = std::make_shared<const StoredBody>(StoredBody{state, shownHtml(event)});
+  return m_storedBody->html;
 }
 
 bool Appointment::isBodyHtml() const {
@@ -203,10 +210,12 @@ bool Appointment::write(HostState& host) {
       isNew ? m_calendar->add(newUid(), times ? times->first.seconds : 0, times ? times->second.seconds : 0, "")
             : m_calendar->eventAt(*m_place);
   if (target.isRemoved()) return false;
+  // One that is shown already is not touched: the file may have it in another form.
+  const bool isBodyNew = m_changes.body && *m_changes.body != storedBody(target);
   const bool isStored = m_calendar->change(target, [&](CalendarEvent& event) {
     if (m_changes.summary) event.setSummary(*m_changes.summary);
     if (m_changes.location) event.setLocation(*m_changes.location);
-    if (m_changes.body)
+    if (isBodyNew)
       storeBody(event, *m_changes.body, m_changes.isBodyHtml.value_or(true) && !host.options.plainTextOnly);
     if (m_changes.olmUCInband) event.setOlmUCInband(*m_changes.olmUCInband);
     if (m_changes.olmUCCapabilities) event.setOlmUCCapabilities(*m_changes.olmUCCapabilities);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -124,10 +125,17 @@ class Appointment {
   template <typename Answer>
   Answer ofStored(Answer (CalendarEvent::*read)() const) const;
   std::optional<Appointment> inSameCalendar(const std::optional<CalendarEvent>& event) const;
+  const std::string& storedBody(const CalendarEvent& event) const;
 
   CalendarStore* m_calendar = nullptr;
   std::optional<std::size_t> m_place;
   AppointmentChanges m_changes;
+  // What an editor asks for again and again, with the state of the calendar's text that it was made of.
+  struct StoredBody {
+    std::uint64_t state;
+    std::string html;
+  };
+  mutable std::shared_ptr<const StoredBody> m_storedBody;
 };
 
 }  // namespace vornlab

@@ -46,7 +46,6 @@ std::string shownHtml(const CalendarEvent& event) {
 }
 
 void storeBody(CalendarEvent& event, const std::string& html, bool isHtml) {
-  if (html == shownHtml(event)) return;
   event.setDescription(vorn::htmlToPlainText(html), isHtml ? vorn::OptionalText(html) : std::nullopt);
 }
 

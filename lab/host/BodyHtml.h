@@ -13,8 +13,7 @@ namespace vornlab {
 // lines of DESCRIPTION that somebody has written there alone, or else DESCRIPTION.
 std::string htmlForPlainText(std::string_view text);
 std::string shownHtml(const CalendarEvent& event);
-// Stores a body that was given as HTML: the text in it, and the HTML where the account has such bodies. One that
-// is shown already is not touched.
+// Stores a body that was given as HTML: the text in it, and the HTML where the account has such bodies.
 void storeBody(CalendarEvent& event, const std::string& html, bool isHtml);
 // The HTML with a piece of HTML in front of everything that its body shows.
 std::string withPieceInFront(std::string_view html, std::string_view piece);

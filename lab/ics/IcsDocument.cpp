@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 
 #include "util/Utf16.h"
 
@@ -344,6 +345,11 @@ std::optional<IcsProperty> IcsDocument::property(std::size_t component, std::str
   return {};
 }
 
+std::uint64_t IcsDocument::newState() {
+  static std::atomic<std::uint64_t> last = 0;
+  return ++last;
+}
+
 std::size_t IcsDocument::lineForAdded(std::size_t component) const {
   const Component& grown = m_components[component];
   return grown.children.empty() ? grown.endLine : m_components[grown.children.front()].beginLine;
@@ -360,6 +366,7 @@ std::size_t IcsDocument::findLine(std::size_t component, std::string_view name, 
 }
 
 void IcsDocument::setProperty(std::size_t component, const IcsProperty& property, const Choice& choice) {
+  m_state = newState();
   std::string content = contentOf(property);
   const std::size_t line = findLine(component, property.name, choice);
   if (line != kNone) {
@@ -379,6 +386,7 @@ void IcsDocument::setProperty(std::size_t component, const IcsProperty& property
 }
 
 void IcsDocument::removeProperty(std::size_t component, std::string_view name, const Choice& choice) {
+  m_state = newState();
   const std::size_t line = findLine(component, name, choice);
   if (line != kNone) {
     m_replaced[line] = std::nullopt;
@@ -394,6 +402,7 @@ void IcsDocument::removeProperty(std::size_t component, std::string_view name, c
 }
 
 void IcsDocument::changeProperties(std::size_t component, std::string_view name, const Keep& keep) {
+  m_state = newState();
   for (const std::size_t line : m_components[component].lines) {
     if (m_lines[line].name != name) continue;
     const auto changed = m_replaced.find(line);
@@ -423,12 +432,14 @@ void IcsDocument::changeProperties(std::size_t component, std::string_view name,
 }
 
 void IcsDocument::addProperty(std::size_t component, const IcsProperty& property) {
+  m_state = newState();
   std::string content = contentOf(property);
   if (fits(content, m_components[component].beginLine))
     m_added[lineForAdded(component)].push_back(std::move(content));
 }
 
 void IcsDocument::removeComponent(std::size_t component) {
+  m_state = newState();
   m_removed[m_components[component].beginLine] = m_components[component].endLine;
 }
 
@@ -455,6 +466,7 @@ IcsDocument::Changes IcsDocument::changesOf(std::size_t component) const {
 }
 
 void IcsDocument::restore(std::size_t component, Changes changes) {
+  m_state = newState();
   const auto [beginLine, endLine] = std::pair(m_components[component].beginLine, m_components[component].endLine);
   m_replaced.erase(m_replaced.lower_bound(beginLine), m_replaced.upper_bound(endLine));
   m_added.erase(m_added.lower_bound(beginLine), m_added.upper_bound(endLine));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
@@ -51,6 +52,9 @@ class IcsDocument {
   // The text as it stands now; the very bytes that were read when nothing was changed.
   std::string text() const;
   bool isChanged() const { return !m_replaced.empty() || !m_added.empty() || !m_removed.empty(); }
+  // Another number whenever this text may have changed, and one that no other text has: what was made of the text
+  // holds as long as the number is the same. Any thread.
+  std::uint64_t state() const { return m_state; }
   // "\r\n" or "\n", whichever ends the first line; "\r" in a text without any "\n".
   const std::string& lineEnding() const { return m_lineEnding; }
   // What is written into the text is in this encoding.
@@ -129,6 +133,7 @@ class IcsDocument {
     std::vector<std::size_t> children;
   };
   struct Reader;
+  static std::uint64_t newState();
 
   // The line without its folds, as bytes of the text, and in UTF-8.
   std::string unfolded(const Line& line) const;
@@ -152,6 +157,7 @@ class IcsDocument {
   void forEachLine(std::size_t firstLine, std::size_t endLine, const Take& take) const;
   void write(std::size_t firstLine, std::size_t endLine, std::string& out) const;
 
+  std::uint64_t m_state = newState();
   std::string m_text;
   std::string m_lineEnding = "\r\n";
   FileEncoding m_encoding = FileEncoding::utf8;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "util/HtmlText.h"
+
 namespace vornlab {
 namespace {
 
@@ -42,6 +44,26 @@ TEST_F(AppointmentTest, ReadsWhatWasChangedAndOtherwiseWhatIsStoredUntilARecordI
   EXPECT_EQ(shown.summary(), "Second review");
   EXPECT_EQ(shown.end()->seconds - shown.start()->seconds, 60) << "the start stays when the end alone is changed";
   EXPECT_EQ(host.storedCount, 1);
+}
+
+TEST_F(AppointmentTest, ShowsTheBodyThatStandsInTheCalendarNowWhoeverHasChangedIt) {
+  const Appointment shown = named("one");
+  const auto words = [&shown] { return vorn::htmlToPlainText(shown.body().value_or("")); };
+  EXPECT_EQ(words(), "");
+  calendar.find("one")->setDescription("added", {});
+  EXPECT_EQ(words(), "added");
+  calendar.find("one")->setDescription("changed", {});
+  EXPECT_EQ(words(), "changed");
+  EXPECT_FALSE(calendar.change(*calendar.find("one"), [&](CalendarEvent& event) {
+    event.setDescription("half done", {});
+    EXPECT_EQ(words(), "half done");
+    calendar.find("old")->setSummary("€");
+  }));
+  EXPECT_EQ(words(), "changed") << "what was refused is taken back";
+  calendar.add("two", 0, 0, "");
+  IcsProblem problem;
+  ASSERT_TRUE(calendar.loadText(kCalendar, problem));
+  EXPECT_EQ(words(), "") << "another file has come";
 }
 
 TEST_F(AppointmentTest, IsOnesOwnByEachOfOnesAddresses) {
