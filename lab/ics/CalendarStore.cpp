@@ -41,12 +41,15 @@ void CalendarStore::indexEvents() {
   for (std::size_t component = 0; component < m_document.componentCount(); ++component) {
     const std::size_t parent = m_document.parentOf(component);
     if (m_document.componentName(component) != "VEVENT" || parent == IcsDocument::kNone) continue;
-    if (m_document.componentName(parent) != "VCALENDAR") continue;
-    const std::size_t index = m_eventComponents.size();
-    m_eventComponents.push_back(component);
-    const CalendarEvent event = eventAt(index);
-    if (m_document.property(component, "UID")) m_byUid[event.uid()][event.recurrenceId()].push_back(index);
+    if (m_document.componentName(parent) == "VCALENDAR") indexEvent(component);
   }
+}
+
+void CalendarStore::indexEvent(std::size_t component) {
+  const std::size_t index = m_eventComponents.size();
+  m_eventComponents.push_back(component);
+  const CalendarEvent event = eventAt(index);
+  if (m_document.property(component, "UID")) m_byUid[event.uid()][event.recurrenceId()].push_back(index);
 }
 
 std::vector<CalendarEvent> CalendarStore::events() {
@@ -94,11 +97,14 @@ CalendarEvent CalendarStore::add(std::string_view uid, double startSeconds, doub
   const IcsProperty utc{"DTSTART", {}, "Z"};
   const std::string start = zonesOf(calendar).written(utc, startSeconds);
   const std::string end = zonesOf(calendar).written(utc, endSeconds);
-  m_document.addComponent(
+  const std::size_t added = m_document.addComponent(
       calendar, {"BEGIN:VEVENT", "UID:" + std::string(uid), "DTSTAMP:" + start, "DTSTART:" + start, "DTEND:" + end,
                  "SUMMARY:" + escapedText(summary), "END:VEVENT"});
   m_changed = true;
-  indexEvents();
+  // In the text, others may stand behind it in no calendar.
+  for (std::size_t& component : m_eventComponents) component += component >= added ? 1 : 0;
+  m_zones.clear();
+  indexEvent(added);
   return eventAt(m_eventComponents.size() - 1);
 }
 

@@ -46,7 +46,8 @@ class CalendarEvent {
  public:
   CalendarEvent(CalendarStore& store, std::size_t index) : m_store(&store), m_index(index) {}
 
-  // The place among the store's events, counted from 0 in file order.
+  // The place among the store's events, counted from 0 in file order; those that are added follow, and those that
+  // are removed keep theirs.
   std::size_t index() const { return m_index; }
   // "" for a component without one.
   std::string uid() const;
@@ -186,6 +187,8 @@ class CalendarStore {
   friend class CalendarEvent;
 
   void indexEvents();
+  // Gives the component the next place.
+  void indexEvent(std::size_t component);
   // The zones of the VCALENDAR that the component stands in.
   CalendarZones& zonesOf(std::size_t component);
 

@@ -443,20 +443,40 @@ void IcsDocument::removeComponent(std::size_t component) {
   m_removed[m_components[component].beginLine] = m_components[component].endLine;
 }
 
-void IcsDocument::addComponent(std::size_t parent, const std::vector<std::string>& lines) {
+std::size_t IcsDocument::addComponent(std::size_t parent, const std::vector<std::string>& lines) {
+  // What is removed stays in the text that is read anew, so that all others keep their indexes.
+  std::map<std::size_t, std::size_t> removed = std::exchange(m_removed, {});
   const std::size_t endLine = m_components[parent].endLine;
   std::string whole = m_text.substr(0, m_lines.empty() ? 0 : m_lines.front().begin);
   write(0, endLine, whole);
   if (!whole.empty() && whole.back() != newline()) whole += m_lineEnding;
+  const std::size_t begin = whole.size();
   for (const std::string& line : lines) {
     if (fits(line, std::min(endLine, m_lines.size() - 1))) whole += written(line);
   }
   write(endLine, m_lines.size(), whole);
   IcsProblem problem;
   std::optional<IcsDocument> grown = parse(std::move(whole), problem);
-  if (!grown) return;
+  const std::size_t added = grown ? grown->componentBeginningAt(begin) : kNone;
+  if (added == kNone) {
+    m_removed = std::move(removed);
+    return kNone;
+  }
+  for (std::size_t component = 0; component < m_components.size(); ++component) {
+    if (removed.contains(m_components[component].beginLine))
+      grown->removeComponent(component < added ? component : component + 1);
+  }
   grown->m_misfit = std::move(m_misfit);
   *this = std::move(*grown);
+  return added;
+}
+
+std::size_t IcsDocument::componentBeginningAt(std::size_t position) const {
+  for (std::size_t component = 0; component < m_components.size(); ++component) {
+    const std::size_t line = m_components[component].beginLine;
+    if (line != kNone && m_lines[line].begin == position) return component;
+  }
+  return kNone;
 }
 
 IcsDocument::Changes IcsDocument::changesOf(std::size_t component) const {

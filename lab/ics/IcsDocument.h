@@ -36,8 +36,8 @@ struct IcsProperty {
 //
 // Every line keeps its original bytes until somebody changes it. What is changed or added is written as new folded
 // lines with the file's own line ending and in its own encoding; everything else, known or not, is written back
-// byte for byte. Reading takes time linear in the text. A component is named by its index; indexes stay the same
-// while the document lives.
+// byte for byte. Reading takes time linear in the text. A component is named by its index, which it keeps until
+// one is added in front of it; one that is removed keeps its own, too.
 class IcsDocument {
  public:
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
@@ -97,9 +97,10 @@ class IcsDocument {
   void addProperty(std::size_t component, const IcsProperty& property);
   void removeComponent(std::size_t component);
   // Adds a component below the parent, which is given as its lines without line endings, unfolded, from BEGIN to
-  // END. It becomes part of the text at once and gets the highest index when the parent is the last VCALENDAR. A
-  // line that does not fit into the encoding is left out.
-  void addComponent(std::size_t parent, const std::vector<std::string>& lines);
+  // END, and gives its index; those of components that stand behind it in the text are one higher from now on. It
+  // becomes part of the text at once. A line that does not fit into the encoding is left out. kNone, and no
+  // change, for lines that are no component.
+  std::size_t addComponent(std::size_t parent, const std::vector<std::string>& lines);
 
   // The first content since the last call that the encoding had no bytes for, with the line where it was to stand.
   std::optional<IcsProblem> takeMisfit();
@@ -152,6 +153,8 @@ class IcsDocument {
   // it.
   std::size_t lineForAdded(std::size_t component) const;
   std::size_t findLine(std::size_t component, std::string_view name, const Choice& choice) const;
+  // kNone when none begins there in the text.
+  std::size_t componentBeginningAt(std::size_t position) const;
   // Gives each line before `endLine` as it stands, or else the content that was put there.
   template <typename Take>
   void forEachLine(std::size_t firstLine, std::size_t endLine, const Take& take) const;

@@ -342,6 +342,31 @@ TEST(CalendarStore, ANewAppointmentJoinsTheLastCalendarAndTheRestStaysAsItWas) {
   EXPECT_EQ(empty.add("first", 0, 60, "a").start()->seconds, 0);
 }
 
+// Windows, the selection and the plug-in's numbers for records stand for places.
+TEST(CalendarStore, EveryAppointmentKeepsItsPlaceWhateverIsRemovedAndAdded) {
+  const auto event = [](const std::string& uid) { return "BEGIN:VEVENT\r\nUID:" + uid + "\r\nEND:VEVENT\r\n"; };
+  const std::string standing = "BEGIN:VCALENDAR\r\n" + event("a") + event("b") + "END:VCALENDAR\r\n";
+  for (const std::string& text : {standing + event("c"), event("a") + standing.substr(0, 17) + event("b") +
+                                                             "END:VCALENDAR\r\n" + event("c")}) {
+    CalendarStore store;
+    IcsProblem problem;
+    ASSERT_TRUE(store.loadText(text, problem)) << problem.message;
+    store.find("a")->remove();
+    EXPECT_EQ(store.add("d", 0, 60, "").index(), 3U);
+    store.find("c")->remove();
+    EXPECT_EQ(store.add("e", 0, 60, "").index(), 4U);
+    const char* uids[] = {"a", "b", "c", "d", "e"};
+    for (std::size_t place = 0; place < std::size(uids); ++place) {
+      EXPECT_EQ(store.eventAt(place).uid(), uids[place]) << text;
+      EXPECT_EQ(store.eventAt(place).isRemoved(), place == 0 || place == 2) << text;
+      EXPECT_EQ(store.find(uids[place]).has_value(), place != 0 && place != 2) << text;
+    }
+    EXPECT_EQ(store.eventCount(), 5U);
+    EXPECT_EQ(store.text().find("UID:a"), std::string::npos);
+    EXPECT_EQ(Loaded(store.text()).events().size(), 3U) << store.text();
+  }
+}
+
 TEST(CalendarStore, AFileThatCannotBeReadOrWrittenIsToldAndLeavesTheStoreAsItWas) {
   Loaded store("demo.ics");
   const std::string before = store.text();
