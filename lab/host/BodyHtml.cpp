@@ -18,13 +18,16 @@ std::string piecesForPlainText(std::string_view text) {
       case '&': body += "&amp;"; break;
       case '<': body += "&lt;"; break;
       case '>': body += "&gt;"; break;
-      case '\r': break;
+      // The line end of an old program, unless it is a part of one.
+      case '\r':
+        if (text.substr(at).starts_with("\r\n")) continue;
+        [[fallthrough]];
       case '\n': body += "<br>\n"; break;
       // HTML shows a run of blanks as one, and none at the start of a line.
       case ' ': body += afterBlank ? "&nbsp;" : " "; break;
       default: body += c;
     }
-    afterBlank = c == ' ' || c == '\n';
+    afterBlank = c == ' ' || c == '\n' || c == '\r';
   }
   return body;
 }

@@ -349,8 +349,17 @@ void CalendarEvent::writeTime(std::string_view name, double seconds) {
 void CalendarEvent::setTimes(double startSeconds, double endSeconds) {
   const auto oldStart = start();
   const auto oldEnd = end();
-  if (!oldStart || !oldEnd || (oldStart->seconds == startSeconds && oldEnd->seconds == endSeconds)) return;
   IcsDocument& document = m_store->m_document;
+  if (!oldStart || !oldEnd) {
+    for (const auto& [name, seconds] : {std::pair("DTSTART", startSeconds), std::pair("DTEND", endSeconds)}) {
+      IcsProperty utc{name, {}, "Z"};
+      utc.value = m_store->zonesOf(component()).written(utc, seconds);
+      document.setProperty(component(), utc);
+    }
+    document.removeProperty(component(), "DURATION");
+    return;
+  }
+  if (oldStart->seconds == startSeconds && oldEnd->seconds == endSeconds) return;
   writeTime("DTSTART", startSeconds);
   if (document.property(component(), "DTEND")) {
     writeTime("DTEND", endSeconds);

@@ -121,7 +121,7 @@ class CalendarEvent {
   void setOlmUCInband(std::string_view record);
   void setOlmUCCapabilities(std::string_view record);
   // Moves the event, in seconds since 1970, keeping the form of the file: its zone, UTC, floating or whole days,
-  // DTEND or DURATION.
+  // DTEND or DURATION. One without a start that can be read gets both ends, in UTC.
   void setTimes(double startSeconds, double endSeconds);
   void remove();
 

@@ -104,6 +104,15 @@ bool isListSign(std::string_view word, std::string_view rest) {
   return word.size() <= kLongest && (rest.starts_with(". ") || rest.starts_with(") "));
 }
 
+// Such as an arrow or a face, which say something by themselves.
+bool holdsPicture(std::string_view line) {
+  for (std::size_t at = 0; at < line.size(); at += vorn::utf8SequenceLength(line, at)) {
+    const char32_t character = vorn::characterAt(line, at);
+    if (character >= 0x80 && u_isgraph(static_cast<UChar32>(character)) != 0) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string linesMissingIn(std::string_view html, std::string_view text) {
@@ -117,6 +126,7 @@ std::string linesMissingIn(std::string_view html, std::string_view text) {
   addWords(known, foldedText);
   addWordsOfAddresses(known, foldedHtml);
   std::sort(known.begin(), known.end());
+  const bool hasList = vorn::findText(foldedHtml, "<li") != std::string_view::npos;
 
   std::string missing;
   bool isTaken = false;
@@ -125,8 +135,10 @@ std::string linesMissingIn(std::string_view html, std::string_view text) {
     std::string_view rest = folded;
     std::string_view word = takeWord(rest);
     // An empty line or a rule belongs to the line above it.
-    if (!word.empty()) isTaken = false;
-    for (bool isFirst = true; !word.empty() && !isTaken; word = takeWord(rest), isFirst = false) {
+    if (!word.empty() || holdsPicture(folded)) isTaken = false;
+    if (word.empty() && holdsPicture(folded))
+      isTaken = vorn::findText(foldedText, trimmed(folded)) == std::string_view::npos;
+    for (bool isFirst = hasList; !word.empty() && !isTaken; word = takeWord(rest), isFirst = false) {
       isTaken = !(isFirst && isListSign(word, rest)) && !std::binary_search(known.begin(), known.end(), word);
     }
     if (isTaken) missing.append(line) += '\n';

@@ -175,6 +175,8 @@ TEST(CalendarEvent, MovingKeepsTheFormOfTheFile) {
        "DTSTART;TZID=Europe/Berlin:20300514T140000\r\nDURATION:PT1H30M\r\n"},
       {"DTSTART:20300513T120000\r\nDTEND:20300513T130000\r\n",
        "DTSTART:20300514T120000\r\nDTEND:20300514T133000\r\n"},
+      {"", "DTSTART:20300514T120000Z\r\nDTEND:20300514T133000Z\r\n"},
+      {"DTSTART;VALUE=DATE:soon\r\nDURATION:PT1H\r\n", "DTSTART:20300514T120000Z\r\nDTEND:20300514T133000Z\r\n"},
   };
   for (const auto& [before, after] : cases) {
     Loaded store(event(before));
@@ -258,14 +260,17 @@ TEST(CalendarEvent, ReadsTheTextsThatPeopleHave) {
 }
 
 TEST(CalendarEvent, KnowsTheLinesThatSomebodyHasWrittenInOneOfItsTwoBodiesAlone) {
-  const std::string page =
-      "<html><body><a name=\"MacVnBookmarkBegin\"></a><p>Agenda v1 &amp; <b>ca</b>ke</p><ol><li>Wir "
-      "pr&uuml;fen</li></ol>"
-      "<A HREF='https://a.example/x?k=7&amp;l=2'>site</A><hr></body></html>";
+  const std::string bookmark = "<a name=\"MacVnBookmarkBegin\"></a>";
+  const std::string page = "<html><body>" + bookmark +
+                           "<p>Agenda v1 &amp; <b>ca</b>ke</p><ol><li>Wir "
+                           "pr&uuml;fen</li></ol>"
+                           "<A HREF='https://a.example/x?k=7&amp;l=2'>site</A><hr></body></html>";
   const std::tuple<std::string, const char*, const char*> rows[] = {
       {page, "agenda V1\n & cake\n\n1. Wir pr\u00FCfen\n___\nsite <https://a.example/x?k=7&l=2>\n", ""},
       {page, "Agenda v2 BRING IT\nsite", "Agenda v2 BRING IT"},
       {page, "Wir prüfen\n- 契約書\n---\nAgenda\n2) Tee \n\n", "- 契約書\n---\n2) Tee"},
+      {page, "Agenda v1 & cake\n\U0001F44D\n___\nWir prüfen\n\u2192\nsite", "\U0001F44D\n___\n\u2192"},
+      {bookmark + "<p>2. Mai \u2192</p>", "3. Mai\n\u2192", "3. Mai"},
       {"", "the 1\n\n:-)\n", "the 1\n\n:-)"},
       {"<html><title>Tea</title><body style='color: red'><!-- red --></body></html>", "Tea red", "Tea red"},
       {"<title>Tea</title>", "Tea", "Tea"},
