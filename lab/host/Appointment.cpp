@@ -106,7 +106,7 @@ const std::string& Appointment::storedBody(const CalendarEvent& event) const {
 
 bool Appointment::isBodyHtml() const {
   if (m_changes.isBodyHtml) return *m_changes.isBodyHtml;
-  return ofStored(&CalendarEvent::htmlDescription) || ofStored(&CalendarEvent::descriptionIsHtml);
+  return ofStored(&CalendarEvent::htmlDescription) || ofStored(&CalendarEvent::htmlInDescription);
 }
 
 OptionalText Appointment::olmUCInband() const {

@@ -44,8 +44,8 @@ std::string shownHtml(const CalendarEvent& event) {
     const std::string lines = linesMissingIn(*html, event.plainDescription());
     return lines.empty() ? *html : withPieceInFront(*html, "<div>" + piecesForPlainText(lines) + "</div>");
   }
-  const std::string description = event.description().value_or("");
-  return event.descriptionIsHtml() ? description : htmlForPlainText(description);
+  const vorn::OptionalText html = event.htmlInDescription();
+  return html ? *html : htmlForPlainText(event.description().value_or(""));
 }
 
 void storeBody(CalendarEvent& event, const std::string& html, bool isHtml) {

@@ -8,8 +8,10 @@
 #include "lab/ics/CalendarStore.h"
 #include "lab/ics/MissingLines.h"
 #include "lab/ics/ProducerQuirks.h"
+#include "lab/ics/PropertyText.h"
 #include "util/HtmlText.h"
 #include "util/Text.h"
+#include "util/TextSearch.h"
 
 namespace vornlab {
 
@@ -38,15 +40,18 @@ bool isHtmlAlternative(const IcsProperty& property) {
   return upperCase(property.parameter("FMTTYPE")) == "TEXT/HTML";
 }
 
-std::string addressIn(const std::string& value) {
+// Some servers name people by addresses of their own, and write the one of the mail beside it.
+std::string addressIn(const IcsProperty& property) {
   constexpr std::size_t schemeLength = 7;
-  if (upperCase(value.substr(0, schemeLength)) == "MAILTO:") return value.substr(schemeLength);
-  return value;
+  const std::string& value = property.value;
+  if (upperCase(value.substr(0, schemeLength)) == "MAILTO:") return wellFormed(value.substr(schemeLength));
+  const std::string mail = property.parameter("EMAIL");
+  return wellFormed(mail.empty() ? value : mail);
 }
 
 CalendarAttendee attendeeFrom(const IcsProperty& property) {
   CalendarAttendee result;
-  result.emailAddress = wellFormed(addressIn(property.value));
+  result.emailAddress = addressIn(property);
   result.name = wellFormed(property.parameter("CN"));
   if (result.name.empty()) result.name = result.emailAddress;
   const std::string kind = upperCase(property.parameter("CUTYPE"));
@@ -100,7 +105,7 @@ std::size_t CalendarEvent::component() const { return m_store->m_eventComponents
 vorn::OptionalText CalendarEvent::optionalTextOf(std::string_view name) const {
   const auto property = m_store->m_document.property(component(), name);
   if (!property) return {};
-  return wellFormed(unescapedText(property->value));
+  return vornlab::textOf(*property);
 }
 
 std::string CalendarEvent::textOf(std::string_view name) const {
@@ -144,21 +149,33 @@ vorn::OptionalText CalendarEvent::location() const { return optionalTextOf("LOCA
 
 vorn::OptionalText CalendarEvent::description() const { return optionalTextOf("DESCRIPTION"); }
 
-vorn::OptionalText CalendarEvent::htmlDescription() const {
-  for (const IcsProperty& property : m_store->m_document.properties(component(), "X-ALT-DESC")) {
-    if (isHtmlAlternative(property)) return wellFormed(unescapedText(property.value));
+std::optional<IcsProperty> CalendarEvent::htmlAlternative() const {
+  for (IcsProperty& property : m_store->m_document.properties(component(), "X-ALT-DESC")) {
+    if (isHtmlAlternative(property)) return std::move(property);
   }
   return {};
 }
 
-bool CalendarEvent::descriptionIsHtml() const {
+vorn::OptionalText CalendarEvent::htmlDescription() const {
+  if (const auto alternative = htmlAlternative()) return vornlab::textOf(*alternative);
+  const auto plain = m_store->m_document.property(component(), "DESCRIPTION");
+  return plain ? htmlBeside(*plain) : std::nullopt;
+}
+
+std::unique_ptr<ProducerQuirks> CalendarEvent::quirks() const {
   const auto product = m_store->m_document.property(m_store->m_document.parentOf(component()), "PRODID");
-  return ProducerQuirks::of(product ? product->value : "")->descriptionIsHtml(description().value_or(""));
+  return ProducerQuirks::of(product ? product->value : "");
+}
+
+vorn::OptionalText CalendarEvent::htmlInDescription() const {
+  const std::string text = description().value_or("");
+  const auto producer = quirks();
+  return producer->descriptionIsHtml(text) ? vorn::OptionalText(producer->htmlOf(text)) : std::nullopt;
 }
 
 std::string CalendarEvent::plainDescription() const {
-  std::string text = description().value_or("");
-  return descriptionIsHtml() ? vorn::htmlToPlainText(text) : text;
+  const vorn::OptionalText html = htmlInDescription();
+  return html ? vorn::htmlToPlainText(*html) : description().value_or("");
 }
 
 std::optional<CalendarTime> CalendarEvent::timeOf(std::string_view name) const {
@@ -245,7 +262,10 @@ std::vector<CalendarAttendee> CalendarEvent::attendees() const {
   return result;
 }
 
-std::string CalendarEvent::organizerAddress() const { return wellFormed(addressIn(textOf("ORGANIZER"))); }
+std::string CalendarEvent::organizerAddress() const {
+  const auto property = m_store->m_document.property(component(), "ORGANIZER");
+  return property ? addressIn(*property) : std::string();
+}
 
 std::string CalendarEvent::organizerName() const {
   const auto property = m_store->m_document.property(component(), "ORGANIZER");
@@ -275,12 +295,13 @@ std::string CalendarEvent::calendarText() const {
 }
 
 void CalendarEvent::setText(std::string_view name, std::string_view text) {
-  if (optionalTextOf(name).value_or("") == text) return;
+  const std::string before = optionalTextOf(name).value_or("");
+  if (before == text) return;
   IcsProperty property =
       m_store->m_document.property(component(), name).value_or(IcsProperty{std::string(name), {}, {}});
-  // It names another form of the text that was here.
-  std::erase_if(property.parameters, [](const auto& parameter) { return parameter.first == "ALTREP"; });
-  property.value = escapedText(text);
+  // It names another form of the text that was here, or tells more of it, such as a map of the place.
+  if (vorn::findText(text, before) == std::string_view::npos) removeParameter(property, "ALTREP");
+  vornlab::setText(property, text);
   m_store->m_document.setProperty(component(), property);
 }
 
@@ -289,14 +310,24 @@ void CalendarEvent::setSummary(std::string_view text) { setText("SUMMARY", text)
 void CalendarEvent::setLocation(std::string_view text) { setText("LOCATION", text); }
 
 void CalendarEvent::setDescription(std::string_view plainText, const vorn::OptionalText& html) {
+  IcsDocument& document = m_store->m_document;
+  const auto before = document.property(component(), "DESCRIPTION");
+  const bool isBeside = before && htmlBeside(*before);
   setText("DESCRIPTION", plainText);
   if (html == htmlDescription()) return;
-  if (html) {
-    m_store->m_document.setProperty(component(), {"X-ALT-DESC", {{"FMTTYPE", "text/html"}}, escapedText(*html)},
-                                    isHtmlAlternative);
-  } else {
-    m_store->m_document.removeProperty(component(), "X-ALT-DESC", isHtmlAlternative);
+  std::optional<IcsProperty> alternative = htmlAlternative();
+  if (isBeside) {
+    IcsProperty description = *document.property(component(), "DESCRIPTION");
+    removeParameter(description, "ALTREP");
+    // The file's own form, which the program that wrote it reads.
+    if (html && !alternative) setHtmlBeside(description, *html);
+    document.setProperty(component(), description);
+    if (!alternative) return;
   }
+  if (!html) return document.removeProperty(component(), "X-ALT-DESC", isHtmlAlternative);
+  if (!alternative) alternative = IcsProperty{"X-ALT-DESC", {{"FMTTYPE", "text/html"}}, ""};
+  vornlab::setText(*alternative, *html);
+  document.setProperty(component(), *alternative, isHtmlAlternative);
 }
 
 void CalendarEvent::setAttendees(const std::vector<CalendarAttendee>& people) {

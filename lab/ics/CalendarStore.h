@@ -17,6 +17,7 @@
 namespace vornlab {
 
 class CalendarStore;
+class ProducerQuirks;
 
 struct CalendarAttendee {
   std::string name;
@@ -67,11 +68,11 @@ class CalendarEvent {
 
   vorn::OptionalText summary() const;
   vorn::OptionalText location() const;
-  // DESCRIPTION, and the HTML of X-ALT-DESC;FMTTYPE=text/html.
+  // DESCRIPTION, and the HTML of X-ALT-DESC;FMTTYPE=text/html, or else that of DESCRIPTION's own ALTREP.
   vorn::OptionalText description() const;
   vorn::OptionalText htmlDescription() const;
-  // True when DESCRIPTION itself holds HTML, as one producer or another writes it.
-  bool descriptionIsHtml() const;
+  // The HTML that DESCRIPTION itself holds, as one producer or another writes it; absent when it is plain text.
+  vorn::OptionalText htmlInDescription() const;
   // DESCRIPTION as plain text, whatever it holds; "" without one.
   std::string plainDescription() const;
 
@@ -110,7 +111,8 @@ class CalendarEvent {
 
   void setSummary(std::string_view text);
   void setLocation(std::string_view text);
-  // The plain text goes into DESCRIPTION, the HTML into X-ALT-DESC; an absent HTML takes X-ALT-DESC out.
+  // The plain text goes into DESCRIPTION, the HTML into X-ALT-DESC, or into DESCRIPTION's own ALTREP where the
+  // file has it there; an absent HTML takes either out.
   void setDescription(std::string_view plainText, const vorn::OptionalText& html);
   // Whom it invites, in time linear in their number and the event's lines. The lines of those who stay are kept,
   // with whatever they have answered, and only a name that is another now is changed in them. Who calls the
@@ -127,6 +129,8 @@ class CalendarEvent {
 
  private:
   std::size_t component() const;
+  std::unique_ptr<ProducerQuirks> quirks() const;
+  std::optional<IcsProperty> htmlAlternative() const;
   std::string textOf(std::string_view name) const;
   vorn::OptionalText optionalTextOf(std::string_view name) const;
   void setText(std::string_view name, std::string_view text);

@@ -1,18 +1,69 @@
 #include "lab/ics/ProducerQuirks.h"
 
+#include <algorithm>
+#include <array>
+
+#include "util/Text.h"
+
 namespace vornlab {
 
 namespace {
 
-// Web calendars hand out what their own editor holds.
+constexpr std::array<std::string_view, 18> kBlocks{"address", "blockquote", "br",  "div",   "h1", "h2",
+                                                   "h3",      "h4",         "h5",  "h6",    "hr", "li",
+                                                   "ol",      "p",          "pre", "table", "tr", "ul"};
+constexpr std::array<std::string_view, 14> kOthers{"a", "b", "code", "em",   "font",   "html-blob", "i",
+                                                   "u", "s", "span", "body", "strong", "tbody",     "td"};
+
+template <typename Names>
+bool isAmong(const Names& names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+// The name of the tag that begins the text, in lower case; "" for no tag.
+std::string tagAt(std::string_view text) {
+  constexpr std::size_t longest = 10;
+  if (!text.starts_with('<')) return "";
+  text.remove_prefix(text.starts_with("</") ? 2 : 1);
+  const std::size_t end = text.substr(0, longest + 1).find_first_of("> /\t\r\n");
+  return end == std::string_view::npos ? "" : vorn::asciiLower(std::string(text.substr(0, end)));
+}
+
+// Web calendars hand out what their own editor holds: HTML in which line ends count as in plain text.
 class HtmlInDescription final : public ProducerQuirks {
  public:
   bool descriptionIsHtml(std::string_view text) const override {
-    for (const std::string_view tag :
-         {"<br>", "<br/>", "<p>", "<a href=", "<html-blob>", "<ul>", "<b>", "<span>"}) {
-      if (text.find(tag) != std::string_view::npos) return true;
+    for (std::size_t at = text.find('<'); at != std::string_view::npos; at = text.find('<', at + 1)) {
+      const std::string tag = tagAt(text.substr(at));
+      if (isAmong(kBlocks, tag) || isAmong(kOthers, tag)) return true;
     }
     return false;
+  }
+
+  std::string htmlOf(std::string_view description) const override {
+    std::string html;
+    bool isBehindBlock = false;
+    for (std::size_t at = 0; at < description.size();) {
+      if (description[at] == '<') {
+        const std::size_t end = std::min(description.find('>', at), description.size() - 1) + 1;
+        isBehindBlock = isAmong(kBlocks, tagAt(description.substr(at)));
+        html += description.substr(at, end - at);
+        at = end;
+        continue;
+      }
+      const std::size_t end = std::min(description.find_first_not_of("\r\n", at), description.size());
+      if (end == at) {
+        isBehindBlock = isBehindBlock && description[at] == ' ';
+        html += description[at++];
+        continue;
+      }
+      // Between blocks a line end is only there to be read by whoever reads the source.
+      const std::string_view ends = description.substr(at, end - at);
+      const bool isShown = !isBehindBlock && !isAmong(kBlocks, tagAt(description.substr(end)));
+      for (const char c : ends) html += c == '\n' && isShown ? "<br>\n" : std::string(1, c);
+      at = end;
+    }
+    return html;
   }
 };
 

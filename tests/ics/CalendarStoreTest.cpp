@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "lab/ics/MissingLines.h"
+#include "util/TextSearch.h"
 
 namespace vornlab {
 namespace {
@@ -251,8 +252,8 @@ TEST(CalendarEvent, ReadsTheTextsThatPeopleHave) {
   Loaded unknown("unknown-things.ics");
   ASSERT_EQ(unknown.events().size(), 2U) << "to-dos and journals are no appointments";
   EXPECT_EQ(unknown.eventAt(0).summary(), "Lower case");
-  EXPECT_FALSE(unknown.eventAt(0).descriptionIsHtml());
-  EXPECT_TRUE(unknown.eventAt(1).descriptionIsHtml());
+  EXPECT_FALSE(unknown.eventAt(0).htmlInDescription());
+  EXPECT_TRUE(unknown.eventAt(1).htmlInDescription());
   EXPECT_TRUE(unknown.eventAt(1).isCancelled());
 
   Loaded latin(event("SUMMARY:caf\xE9\r\n"));
@@ -287,6 +288,66 @@ TEST(CalendarEvent, KnowsTheLinesThatSomebodyHasWrittenInOneOfItsTwoBodiesAlone)
   }
 }
 
+TEST(CalendarEvent, ReadsABodyInWhateverFormAProgramHasWrittenItAndWritesItIntoItsPlace) {
+  const std::string beside = "DESCRIPTION;ALTREP=\"data:text/html,%3Cp%3EM%C3%BC%3C%2Fp%3E\":Mü\r\n";
+  struct Row {
+    std::string before;
+    const char* text;
+    const char* html;
+    std::string afterwards;
+  };
+  const std::string plainThen = "DESCRIPTION:Mü more\r\n";
+  const std::string thenHtml = "X-ALT-DESC;FMTTYPE=text/html:<p>new</p>\r\n";
+  const Row rows[] = {
+      {beside, "Mü", "<p>Mü</p>", "DESCRIPTION;ALTREP=\"data:text/html,%3Cp%3Enew%3C%2Fp%3E\":Mü more\r\n"},
+      {"DESCRIPTION;ALTREP=\"data:text/html;charset=utf-8;base64,PHA+TTwvcD4=\":M\r\n", "M", "<p>M</p>",
+       "DESCRIPTION;ALTREP=\"data:text/html,%3Cp%3Enew%3C%2Fp%3E\":Mü more\r\n"},
+      {"X-ALT-DESC;LANGUAGE=de;FMTTYPE=text/html;X-FOO=1:<p>M</p>\r\n" + beside, "Mü", "<p>M</p>",
+       "X-ALT-DESC;LANGUAGE=de;FMTTYPE=text/html;X-FOO=1:<p>new</p>\r\n" + plainThen},
+      {"DESCRIPTION;ALTREP=\"cid:1\":M%2C\r\n", "M%2C", nullptr, plainThen + thenHtml},
+      {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:M=C3=BC=2C=0D=0Aa=\r\n", "Mü,\r\na=", nullptr,
+       plainThen + thenHtml},
+      {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE:M=FC=4x\r\n", "Mü=4x", nullptr, plainThen + thenHtml},
+      {"DESCRIPTION;ENCODING=BASE64:TcO8\r\n", "Mü", nullptr, plainThen + thenHtml},
+      {"DESCRIPTION;ENCODING=BASE64:no base-64!\r\n", "no base-64!", nullptr, plainThen + thenHtml},
+  };
+  for (const auto& [before, text, html, afterwards] : rows) {
+    Loaded store(event(before));
+    EXPECT_EQ(store.eventAt(0).description(), text) << before;
+    EXPECT_EQ(store.eventAt(0).htmlDescription(), html ? vorn::OptionalText(html) : std::nullopt) << before;
+    store.eventAt(0).setDescription("Mü more", "<p>new</p>");
+    std::string unfolded = vorn::replacingAll(store.text(), "\r\n ", "");
+    EXPECT_EQ(unfolded, event(afterwards)) << before;
+    EXPECT_EQ(Loaded(store.text()).eventAt(0).htmlDescription(), "<p>new</p>") << before;
+  }
+}
+
+TEST(CalendarEvent, WhatElseNamesAPlaceStaysAsLongAsThePlaceIsNamed) {
+  Loaded store(event("LOCATION;ALTREP=\"https://maps.example/1\":Room 7\r\n"));
+  store.eventAt(0).setLocation("Room 7; online");
+  EXPECT_EQ(store.text(), event("LOCATION;ALTREP=\"https://maps.example/1\":Room 7\\; online\r\n"));
+  store.eventAt(0).setLocation("Room 8");
+  EXPECT_EQ(store.text(), event("LOCATION:Room 8\r\n"));
+}
+
+TEST(CalendarEvent, KnowsTheHtmlOfAWebCalendarByItsTags) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"Plan: <a href=\"https://a.example/p\">doc</a>\nlaptop\n\nroom",
+       "Plan: <a href=\"https://a.example/p\">doc</a><br>\nlaptop<br>\n<br>\nroom"},
+      {"<ol><li>one</li>\n<li>two</li></ol>\nthree<BR>\nfour\n<UL>", nullptr},
+      {"<p dir=\"ltr\">one</p>", nullptr},
+      {"<a target=\"_blank\" href=\"https://a.example\">x", nullptr},
+      {"a < b, <3, <robin@vorn.example> and <abbreviated", ""},
+      {"<", ""},
+  };
+  for (const auto& [text, html] : rows) {
+    Loaded store(calendar("PRODID:-//Google Inc//Google Calendar 70.9054//EN\r\nBEGIN:VEVENT\r\nDESCRIPTION:" +
+                          escapedText(text) + "\r\nEND:VEVENT\r\n"));
+    const vorn::OptionalText expected = !html ? text : *html == '\0' ? vorn::OptionalText() : html;
+    EXPECT_EQ(store.eventAt(0).htmlInDescription(), expected) << text;
+  }
+}
+
 TEST(CalendarEvent, KeepsARecordThroughTheFileAndTakesItOutWithoutATrace) {
   const std::string before = event("SUMMARY:a\r\n");
   const std::string record = "{\n  \"meetingKey\" : \"123\", \"url\" : \"https://a.example/j/1?p=\\\"ä;\\\"\"\n}";
@@ -296,6 +357,17 @@ TEST(CalendarEvent, KeepsARecordThroughTheFileAndTakesItOutWithoutATrace) {
   EXPECT_EQ(again.eventAt(0).olmUCInband(), record);
   again.eventAt(0).setOlmUCInband("");
   EXPECT_EQ(again.text(), before);
+}
+
+TEST(CalendarEvent, KnowsPeopleByTheirMailWhereTheirAddressIsAnother) {
+  Loaded store(
+      event("ORGANIZER;CN=Kim;EMAIL=kim@a.example:/aMTIz/principal/\r\n"
+            "ATTENDEE;EMAIL=jo@a.example:urn:uuid:1\r\nATTENDEE;EMAIL=x@a.example:MAILTO:lee@a.example\r\n"
+            "ATTENDEE:/principal/\r\n"));
+  EXPECT_EQ(store.eventAt(0).organizerAddress(), "kim@a.example");
+  std::vector<std::string> addresses;
+  for (const CalendarAttendee& each : store.eventAt(0).attendees()) addresses.push_back(each.emailAddress);
+  EXPECT_EQ(addresses, (std::vector<std::string>{"jo@a.example", "lee@a.example", "/principal/"}));
 }
 
 TEST(CalendarEvent, WhoStaysInvitedKeepsTheLineButForAnotherName) {
