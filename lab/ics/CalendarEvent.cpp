@@ -22,6 +22,10 @@ constexpr std::string_view kCapabilitiesProperty = "X-VORNLAB-OLMUCCAPABILITIES"
 constexpr double kSecondsPerDay = 86400;
 constexpr std::size_t kMostShown = 40;
 
+bool holds(std::string_view text, std::string_view part) {
+  return vorn::findText(text, part) != std::string_view::npos;
+}
+
 std::string upperCase(std::string text) {
   for (char& c : text) {
     if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
@@ -299,8 +303,9 @@ void CalendarEvent::setText(std::string_view name, std::string_view text) {
   if (before == text) return;
   IcsProperty property =
       m_store->m_document.property(component(), name).value_or(IcsProperty{std::string(name), {}, {}});
-  // It names another form of the text that was here, or tells more of it, such as a map of the place.
-  if (vorn::findText(text, before) == std::string_view::npos) removeParameter(property, "ALTREP");
+  // It names another form of the text that was here, or tells more of it, such as a map of the place, which stays
+  // one when a link is added or taken out.
+  if (!holds(text, before) && (text.empty() || !holds(before, text))) removeParameter(property, "ALTREP");
   vornlab::setText(property, text);
   m_store->m_document.setProperty(component(), property);
 }
