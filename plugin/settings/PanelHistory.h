@@ -32,7 +32,8 @@ class PanelHistory {
   void commit(State now);
   // The service has accepted what was committed, and a later refusal leaves it alone.
   void commitStands();
-  // The service has refused it, and the user may go on from it. Nothing when nothing was committed.
+  // The service has refused it, or never heard of it, and the user may go on from it. Nothing when nothing was
+  // committed.
   void commitRefused();
   // The panel is dismissed, and goes back to kept().
   void dismiss() { m_refused.clear(); }

@@ -80,6 +80,11 @@ bool SettingsContext::awaitsScheduleForList() const {
   return owner && owner->apiMgr() && owner->apiMgr()->isWaitingForScheduleForList();
 }
 
+bool SettingsContext::isCommitOnItsWay() const {
+  const auto owner = manager();
+  return owner && owner->settingsFlow().isCommitOnItsWay();
+}
+
 std::string SettingsContext::scheduledForAtOpening() const {
   vnOnbehalfData& onbehalf = vnOnbehalfData::sharedInstance();
   return onbehalf.isCurrentScheduleVornForOther(m_windowId) ? onbehalf.onbehalfEmail(m_windowId) : "";

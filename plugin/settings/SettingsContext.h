@@ -53,6 +53,8 @@ class SettingsContext {
   // Whether the client has yet to answer: with a meeting, with the people to schedule for.
   bool awaitsMeeting() const;
   bool awaitsScheduleForList() const;
+  // Whether what was committed may still be answered.
+  bool isCommitOnItsWay() const;
 
   // Of the account and the client, and of the person whom the record is scheduled for; without the account's
   // tracking fields and dial-in countries.

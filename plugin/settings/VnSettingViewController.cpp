@@ -470,6 +470,8 @@ void VnSettingViewController::onSettingsCommit(bool isOK) {
     m_waitsForPersonalMeeting = m_waitsForList = false;
     m_history.commit(whatStands());
   } else {
+    // What never reached the client is dismissed with the rest, or the next save would send it.
+    if (!m_context.isCommitOnItsWay()) commitRefused();
     goBack();
   }
   m_alternateHosts.forgetEdits();

@@ -75,7 +75,6 @@ void CommitRefusal::showSettingsWindowWithCommitError(const HostObject& parentWi
   if (errorCode == ErrorCode::kPasscodeTooWeak) setSecurityOptionErrorInfo(vn_NotStrongerPasscode, true);
   if (errorCode == ErrorCode::kSecurityOptionMissing) setSecurityOptionErrorInfo(vn_SecurityNotSeleteOne, true);
   if (const auto panel = openSettingsPanel(window.id())) panel->commitRefused();
-  m_manager.settingsFlow().commitIsShownAgain();
   m_manager.settingsFlow().showSettingsWindow(window, m_manager.getVornMeetingData(window));
 }
 

@@ -79,8 +79,7 @@ void SettingsFlow::onInvokeSettingCommit(const Value& userInfo) {
   if (m_manager.state() == VnStatePMIForSettings) m_manager.apiMgr()->letGoOfMeeting();
   const bool isOK = userInfo[keyButtonClickIsOK].boolValue();
   if (isOK && !m_choicesBeforeCommit) m_choicesBeforeCommit = m_manager.meetingDataMgr()->panelChoices();
-  if (!isOK && m_isShownAgain) commitRefused();
-  m_isShownAgain = false;
+  if (!isOK && !isCommitOnItsWay()) commitRefused();
   const Value settings = m_manager.meetingDataMgr()->getVnSettingsData(ownId);
   if (const Value& include = settings[vn_Setting_ForceIncludeJoinurlInLocation]; include.isPresent()) {
     m_manager.meetingDataMgr()->setForceIncludeJoinUrlInLocation(include.boolValue());
@@ -102,9 +101,12 @@ void SettingsFlow::commitRefused() {
   commitStands();
 }
 
-void SettingsFlow::commitStands() {
-  m_choicesBeforeCommit.reset();
-  m_isShownAgain = false;
+void SettingsFlow::commitStands() { m_choicesBeforeCommit.reset(); }
+
+bool SettingsFlow::isCommitOnItsWay() const {
+  const vnAPIMgr& client = *m_manager.apiMgr();
+  // What the panel itself fetches is for no commit.
+  return client.mayAnswerCommit() || (m_manager.state() != VnStatePMIForSettings && client.mayAnswerFetch());
 }
 
 bool SettingsFlow::isEnableRecurrence(MeetingWindow& window) {

@@ -37,8 +37,9 @@ class SettingsFlow {
   // It has refused, and the panel is not shown again: the choices are those from before the first commit without
   // an answer.
   void commitRefused();
-  // It has refused, and the panel is shown again for the user to change it: a dismissal counts as commitRefused().
-  void commitIsShownAgain() { m_isShownAgain = true; }
+  // What was committed, or what it needs first, may still be answered. Otherwise whatever has no answer was
+  // refused or never reached the client, and a panel that is dismissed then goes back behind it.
+  bool isCommitOnItsWay() const;
   // The user has told the system not to show the panel.
   static bool notShowSetting();
 
@@ -64,7 +65,6 @@ class SettingsFlow {
   vnMeetingMgr& m_manager;
   // From before the first commit without an answer; absent when each has one.
   std::optional<vnMeetingDataMgr::PanelChoices> m_choicesBeforeCommit;
-  bool m_isShownAgain = false;
 };
 
 }  // namespace vorn

@@ -198,6 +198,7 @@ TEST_F(AudioPanelTest, AsksForTheThirdPartysTextAndKeepsItWhileThePanelIsLoadedA
   EXPECT_EQ(control("thirdPartyAudioTextField").text, "Dial 2");
   turn("thirdPartyAudioButton", true);
   EXPECT_EQ(committed(vn_Setting_ThirdPartyAudio), Value("Dial 2"));
+  view().commitStands();
   open();
   type("thirdPartyAudioTextField", "Dial 3");
   click("buttonCancel");

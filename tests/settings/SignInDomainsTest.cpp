@@ -177,6 +177,7 @@ TEST_F(SignInPanelTest, OffersTheChoicesWithTheirDomainsAndCommitsTheOneThatIsSh
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthId], Value("s"));
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthName], Value("Staff"));
   EXPECT_EQ(committed()[vn_Setting_MeetingAuth_AuthType], Value(1));
+  view().commitStands();
   open();
   click("viewEditButton");
   type("_domainsTextField", "dismissed.example");

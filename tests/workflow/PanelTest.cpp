@@ -130,6 +130,12 @@ TEST_F(Panel, WhatTheServiceHasRefusedIsChosenNoMore) {
     EXPECT_EQ(data().selectInvitationLanguage(), "de-DE");
     EXPECT_FALSE(data().forceIncludeJoinUrlInLocation());
   }
+  // And what may still be accepted.
+  choose("fr-FR");
+  manager().apiMgr()->scheduleMeeting(window->bar->ownWindow, unchanged());
+  test.runLoop.runFor(61);
+  choose("", false);
+  EXPECT_EQ(data().selectInvitationLanguage(), "fr-FR");
 }
 
 // It would be taken for the answer to what is sent next.

@@ -132,6 +132,8 @@ class vnAPIWindowCommand : public vnAPIBase {
   // A reply is waited for: a request has gone out, and its reply has neither come nor taken too long. Nobody
   // answers what the channel dropped.
   bool isWaiting() const { return hasGoneOut() && isTimed(); }
+  // The same, however long it takes.
+  bool mayBeAnswered() const { return m_parentWindow && hasGoneOut(); }
   // Nothing is waited for any more, and a reply that comes before the next request is nobody's.
   void letGo();
 

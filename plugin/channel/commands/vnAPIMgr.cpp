@@ -154,6 +154,11 @@ bool waits(const std::shared_ptr<Command>& command) {
 }
 
 template <typename Command>
+bool mayBeAnswered(const std::shared_ptr<Command>& command) {
+  return command && command->mayBeAnswered();
+}
+
+template <typename Command>
 void letGo(const std::shared_ptr<Command>& command) {
   if (command) command->letGo();
 }
@@ -175,6 +180,14 @@ bool vnAPIMgr::isWaitingForDelete() const { return waits(m_apiDeleteMeeting); }
 bool vnAPIMgr::isWaitingForTheService() const {
   return waits(m_apiScheduleMeeting) || waits(m_apiUpdateMeeting) || waits(m_apiGetMeeting) ||
          waits(m_apiDeleteMeeting);
+}
+
+bool vnAPIMgr::mayAnswerCommit() const {
+  return mayBeAnswered(m_apiScheduleMeeting) || mayBeAnswered(m_apiUpdateMeeting);
+}
+
+bool vnAPIMgr::mayAnswerFetch() const {
+  return mayBeAnswered(m_apiGetMeeting) || mayBeAnswered(m_apiGetUserProfile);
 }
 
 void vnAPIMgr::letGoOfTheService() {

@@ -82,6 +82,10 @@ class vnAPIMgr {
   bool isWaitingForTheService() const;
   bool isWaitingForScheduleForList() const;
 
+  // The reply may still come, however late: to a commit; to a fetch of a meeting or of the profile.
+  bool mayAnswerCommit() const;
+  bool mayAnswerFetch() const;
+
   void showNoMeetingLicenseWindow(const HostObject& parentWindow);
 
   // Hands a result to the manager: the data under "vnAPIResponse" and the window's id under "keyApptWindowID",
