@@ -7,7 +7,6 @@
 #include "data/vnUserProfileHelper.h"
 #include "settings/rules/ControlKeys.h"
 #include "settings/rules/ScheduleForRules.h"
-#include "util/Text.h"
 
 namespace vorn {
 
@@ -93,9 +92,8 @@ void ScheduleForOptions::setScheduleForListInfo(bool forOther) {
     // The words are that personal meeting's already, and perhaps nobody fetches them again.
     m_record.setThirdPartyAudio(before.thirdPartyAudio);
     m_record.setSignInChoice(before);
-  } else if (m_context.isForUpdateVornMeeting() ||
-             equalIgnoringCase(email, before.scheduleForEmail.value_or(""))) {
-    // A meeting that stands has its own words, and so may a new one that was not another person's until now.
+  } else {
+    // What was written into a meeting with a number of its own is in it whomever it is for.
     m_steps.takeBackWords();
   }
   m_steps.keepShownSwitches();

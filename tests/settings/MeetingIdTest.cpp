@@ -255,6 +255,27 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
   }
 }
 
+TEST_F(MeetingIdPanelTest, AMeetingThatWasRefusedKeepsItsWordsForAnotherPerson) {
+  people = Value::Array{person(kDana, "Dana", "5550777777")};
+  knowAccountWithWords();
+  knowList();
+  open();
+  turn("thirdPartyAudioButton", true);
+  type("thirdPartyAudioTextField", "Dial 555");
+  turn("onlySignedinWithSpecifiedDomains", true);
+  click("viewEditButton");
+  type("_domainsTextField", "acme.example");
+  click("domains_SaveBtn");
+  view().onSettingsCommit(true);
+  view().commitRefused();
+  view().updateUIItemsForNextTime();
+  choose("scheduleForPopup", 1);
+  turn("onlySignedinWithSpecifiedDomains", false);
+  turn("onlySignedinWithSpecifiedDomains", true);
+  EXPECT_EQ(control("thirdPartyAudioTextField").text, "Dial 555");
+  EXPECT_EQ(control("domainText").text, "acme.example");
+}
+
 TEST_F(MeetingIdPanelTest, OfTwoMeetingsThatWereRefusedEachKeepsItsWords) {
   knowAccountWithWords();
   open();
