@@ -40,8 +40,9 @@ class PanelSteps {
   // The person's e-mail as the controls have it; "" for oneself. The record may still be another's.
   virtual std::string getUIScheduleForEmail() const = 0;
   virtual void setScheduleForListInfo(bool forOther) = 0;
-  // The record has taken the account's defaults for a meeting with a number of its own: its words come back.
-  virtual void takeBackWords() = 0;
+  // The record has taken the account's defaults for a meeting with a number of its own: its words come back. The
+  // options are those before.
+  virtual void takeBackWords(const MeetingOptions& before) = 0;
   // The record has taken the account's defaults; what stays on the screen goes on to hold.
   virtual void keepShownSwitches() = 0;
 

@@ -94,7 +94,7 @@ void ScheduleForOptions::setScheduleForListInfo(bool forOther) {
     m_record.setSignInChoice(before);
   } else {
     // What was written into a meeting with a number of its own is in it whomever it is for.
-    m_steps.takeBackWords();
+    m_steps.takeBackWords(before);
   }
   m_steps.keepShownSwitches();
   m_steps.initEncryptionBox();

@@ -218,11 +218,12 @@ void VnSettingViewController::refreshUI(bool forPMI) {
     }
     checkScheduleButton();
   } else {
+    const MeetingOptions before = m_settingData.options();
     m_settingData.setUsePMI(false);
     if (!person.empty()) m_settingData.setScheduleForEmail(person);
     m_settingData.initSubDataWithUserProfile(m_settingData.usePMI());
     m_settingData.clearSignInChoice();
-    takeBackWords();
+    takeBackWords(before);
   }
   m_signInDomains.forgetOffered();
   initializeItems();
@@ -239,12 +240,18 @@ void VnSettingViewController::layPersonalMeetingOver(vnSettingData& record, cons
 // The words of a meeting with a number of its own are what they were before the look at the personal meeting,
 // which has left its own in the record. The account's defaults name no hosts, and know nothing of what a meeting
 // that stands has been given.
-void VnSettingViewController::takeBackWords() {
+void VnSettingViewController::takeBackWords(const MeetingOptions& before) {
   const PanelHistory::State* last = m_history.lastOf(std::nullopt);
   const bool stands = m_context.isForUpdateVornMeeting();
+  if (!last && stands) {
+    // It was a personal one until now, and its words are its own under another number, too.
+    m_settingData.setTrackingFields(before.trackingFields);
+    m_settingData.setThirdPartyAudio(before.thirdPartyAudio);
+    m_settingData.setSignInChoice(before);
+    return;
+  }
   if (!last) {
     // A new meeting that was to be a personal one has no words to go back to.
-    if (stands) return;
     m_settingData.setAlternateHosts(Value::array());
     if (!m_settingData.requiredMeetingPassword()) m_settingData.setMeetingPassword("");
     return;

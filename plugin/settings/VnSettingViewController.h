@@ -132,7 +132,7 @@ class VnSettingViewController final : private PanelSteps {
   void initPMIDisableMessageView(int index) override { m_meetingId.initPMIDisableMessageView(index); }
   void leavePMIWithoutOne(int index) override { m_meetingId.leavePMIWithoutOne(index); }
   std::string getUIScheduleForEmail() const override { return m_scheduleFor.getUIScheduleForEmail(); }
-  void takeBackWords() override;
+  void takeBackWords(const MeetingOptions& before) override;
   void keepShownSwitches() override { m_plainOptions.writeShownSwitches(); }
   void initEncryptionBox() override { m_encryption.initEncryptionBox(); }
   void initCountriesOfPerson(bool isOther) override { m_countries.initCountriesOfPerson(isOther); }

@@ -137,6 +137,9 @@ class MeetingIdPanelTest : public SettingsPanelTest {
     auto& host = *options.add_alternatehosts();
     host.set_id("ann");
     host.set_email("ann@vorn.example");
+    auto& costCentre = *options.add_trackingfields();
+    costCentre.set_id("1");
+    costCentre.set_mtvalue("CC-1");
     window->manager->meetingDataMgr()->setMeetingKey("91234567890");
     meeting.set("meetingKey", "91234567890");
     vnGetMeetingHelper& helper = *window->manager->getMeetingHelper();
@@ -326,6 +329,11 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatStandsHasItsOwnWordsThoughItCanno
     const Value before = view().settingsToCommit();
     EXPECT_EQ(before[vn_Setting_AlternateHosts].count(), 1u);
     turn("buttonOneTimeMeeting", true);
+    turn("onlySignedinWithSpecifiedDomains", true);
+    for (const std::string_view key : {vn_Setting_AlternateHosts, vn_Setting_ThirdPartyAudio,
+                                       vn_Setting_MeetingAuth, vn_Setting_TrackingFields}) {
+      EXPECT_EQ(view().settingsToCommit()[key], before[key]) << key;
+    }
     turn("buttonUsePMI", true);
     answer("4", "0;Error 3001");
     for (const std::string_view key :
