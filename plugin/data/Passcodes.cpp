@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view kUpper = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::string_view kLower = "abcdefghijklmnopqrstuvwxyz";
 constexpr std::string_view kDigits = "0123456789";
-constexpr std::string_view kSpecial = "!@#$%^&*.?_-+=<>()[]{}'\"/\\|:;~`";
+constexpr std::string_view kSpecial = "!@#$%^&*.?_-+=<>()[]{},'\"/\\|:;~`";
 
 // Generation leaves out letters that are easily confused, and most special characters.
 constexpr std::string_view kPlainUpper = "ABCDEFGHJKLMNPQRSTUVWXYZ";

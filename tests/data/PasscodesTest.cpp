@@ -30,7 +30,7 @@ TEST(PasscodesTest, ValidatesAPasscodeAgainstTheAccountsRules) {
                {8, 0, 0, 8, {"ab!"}},
                {8, 0, 0, 0, {"9"}},
                {16, 0, 0, 16, {"ab1"}},
-               {16, 0, 0, 0, {"a`"}},
+               {16, 0, 0, 0, {"a`", "a,1"}},
                {32, 0, 0, 32, {"abc", "AB"}},
                {32, 0, 0, 0, {"aB"}},
                {64, 0, 0, 0, {"abc"}},
