@@ -459,7 +459,9 @@ void VnSettingViewController::explain() {
        .isEnableScheduleFor = account.isEnableScheduleFor(),
        .isDisablePMI = isForMyself ? account.isDisablePMI() : account.isDisablePMIWithScheduleForEmail(person),
        .isEnableAdminTemplate = account.isEnableAdminTemplate(person),
-       .isSupportRegionCustomization = account.isSupportRegionCustomization(),
+       .isSupportRegionCustomization = !isForMyself || account.isSupportRegionCustomization(),
+       .isSupportAdditionalDc =
+           isForMyself || vnGetScheduleForListHelper::sharedInstance().isSupportAdditionalDc(person),
        .isVornClientSupport500Tasks = client.isVornClientSupport500Tasks(),
        .isVornClientSupportEditCountries = client.isVornClientSupportEditCountries(),
        .heldBackBy = whatHoldsContinueBack(continueFacts())},

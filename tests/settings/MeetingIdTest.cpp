@@ -586,6 +586,7 @@ TEST_F(MeetingIdPanelTest, AListThatComesLateLeavesWhatTheUserHasChosen) {
   choose("scheduleForPopup", 1);
   EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
   EXPECT_FALSE(settings()[vn_Setting_EnableRegionCustomization].boolValue()) << "another person's account";
+  EXPECT_EQ(control("dataCenterBox").reason, "not offered by the account: isSupportAdditionalDc");
   vnUserProfileHelper::sharedInstance().clearUserProfile();
   click("buttonContinue");
   EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kDana)) << "who is chosen is who is shown";

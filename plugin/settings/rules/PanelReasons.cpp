@@ -262,6 +262,7 @@ constexpr Reason kReasons[] = {
     // Regions
     without<&S::isVornClientSupport500Tasks>(kDataCentres, Whose::client),
     without<&S::isSupportRegionCustomization>(kDataCentres),
+    without<&S::isSupportAdditionalDc>(kDataCentres),
     hiddenByMeeting(kDataCentres, "there is no further data centre"),
     tooOld<&G::isVornClientSupport550Tasks>({"allowDenyBox"}),
     lockedOffBy(kRegionsPolicy, {"allowDenyBox"}),

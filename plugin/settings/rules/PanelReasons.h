@@ -22,7 +22,9 @@ struct PanelSituation {
   bool isEnableScheduleFor = false;
   bool isDisablePMI = false;
   bool isEnableAdminTemplate = false;
+  // (the first for oneself, the second for another person; the one that is not asked is true)
   bool isSupportRegionCustomization = false;
+  bool isSupportAdditionalDc = false;
   // and of the client.
   bool isVornClientSupport500Tasks = false;
   bool isVornClientSupportEditCountries = false;
