@@ -209,6 +209,47 @@ TEST_F(Catalogue, WhatWasRefusedOrDroppedIsNotWaitedForAndNotSentForAnothersAnsw
   }
 }
 
+// Of what the channel dropped every reply is another window's, which matters where it is about one meeting.
+TEST_F(Catalogue, AMeetingsReplyIsNoAnswerToWhatTheChannelDropped) {
+  const Value data = request("987");
+  const struct {
+    std::function<void()> send;
+    const char* action;
+    std::string content;
+    bool isEverybodys = false;
+  } cases[] = {
+      {[&] { mgr->scheduleMeeting(window, data); }, "1", "555;text"},
+      {[&] { mgr->updateMeeting(window, data); }, "2", "555;text"},
+      {[&] { mgr->deleteMeeting(window, data); }, "3", "555"},
+      {[&] { mgr->getMeetingByApptUUID(window, data); }, "10", meetingReplyOf("555")},
+      {[&] { mgr->getUserProfile(window, data); }, "6", "{}", true},
+      {[&] { mgr->getPAC(window, data); }, "9", "{}", true},
+      {[&] { mgr->getScheduleForList(window); }, "11", "{}", true},
+  };
+  for (const auto& [send, action, content, isEverybodys] : cases) {
+    SCOPED_TRACE(action);
+    const auto taken = [&, action = action, content = content] {
+      owner.finished.clear();
+      reply(action, content);
+      return owner.finished.size();
+    };
+    const auto drop = [&, send = send] {
+      connectClient(false);
+      send();
+      connectClient(true);
+    };
+    runClient(false);
+    send();
+    runClient();
+    EXPECT_EQ(taken(), 1u) << "refused at the gate";
+    drop();
+    EXPECT_EQ(taken(), isEverybodys ? 1u : 0u);
+    send();
+    drop();
+    EXPECT_EQ(taken(), 1u) << "the answer to the one before it";
+  }
+}
+
 TEST_F(Catalogue, OnlyARequestForThePersonalIdTakesItsNumberForOne) {
   setProfile(Value::dictionaryFromPairs({{"roomMeetingId", "987"}}));
   const std::string content = meetingReply({packed(Value::dictionaryFromPairs({{"meetingKey", "987"}}))});

@@ -170,14 +170,16 @@ int vnAPIBase::convertToErrorCode(const std::string& text) {
 
 int vnAPIWindowCommand::beginRequest(const HostObject& parentWindow) {
   m_parentWindow = parentWindow;
-  m_isOnItsWay = false;
+  m_isEarlierOut = isWaiting();
+  m_lastRequest = LastRequest::refused;
   return action(parentWindow);
 }
 
 void vnAPIWindowCommand::sendRequest(unsigned requestAction, const OptionalText& content) {
   keepTime();
-  m_isOnItsWay = vnIPCChannel::sendIPCMessageToVornClient(requestAction, content);
-  if (!m_isOnItsWay) onWaitEnded();
+  const bool isSent = vnIPCChannel::sendIPCMessageToVornClient(requestAction, content);
+  m_lastRequest = isSent ? LastRequest::sent : LastRequest::dropped;
+  if (!isSent) onWaitEnded();
 }
 
 int vnAPIWindowCommand::sendBareRequest(const HostObject& parentWindow, unsigned requestAction) {

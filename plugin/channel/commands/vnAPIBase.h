@@ -129,17 +129,20 @@ class vnAPIBase {
 // from an absent window is never taken to be pending, and a request that was refused at the gate still is.
 class vnAPIWindowCommand : public vnAPIBase {
  public:
-  // A reply is waited for: a request has gone out, and its reply has neither come nor taken too long. Nobody
-  // answers what the channel dropped.
-  bool isWaiting() const { return hasGoneOut() && isTimed(); }
+  // A reply is waited for: a request has gone out, be it one before the last, and its reply has neither come nor
+  // taken too long. Nobody answers what the channel dropped.
+  bool isWaiting() const { return (hasGoneOut() || m_isEarlierOut) && isTimed(); }
   // The same, however long it takes.
-  bool mayBeAnswered() const { return m_parentWindow && hasGoneOut(); }
+  bool mayBeAnswered() const { return m_parentWindow && (hasGoneOut() || m_isEarlierOut); }
   // Nothing is waited for any more, and a reply that comes before the next request is nobody's.
   void letGo();
 
  protected:
-  // The request was neither refused at the gate nor dropped by the channel.
-  bool hasGoneOut() const { return m_isOnItsWay; }
+  // The last request was neither refused at the gate nor dropped by the channel.
+  bool hasGoneOut() const { return m_lastRequest == LastRequest::sent; }
+  // The channel dropped the last request, and none before it was waited for. A reply about one meeting is then
+  // another window's; after a refusal at the gate it is not known to be.
+  bool isDropped() const { return m_lastRequest == LastRequest::dropped && !m_isEarlierOut; }
   // Remembers the window and passes the gate: 0 when the request may go out.
   int beginRequest(const HostObject& parentWindow);
   // Gives the channel the request for which the gate was passed, the first time or once more.
@@ -157,9 +160,13 @@ class vnAPIWindowCommand : public vnAPIBase {
   HostObject m_parentWindow;
 
  private:
+  enum class LastRequest { refused, dropped, sent };
+
   void onWaitEnded() override;
 
-  bool m_isOnItsWay = false;
+  LastRequest m_lastRequest = LastRequest::refused;
+  // When the last request was made, the reply to one before it was waited for.
+  bool m_isEarlierOut = false;
 };
 
 // One for which the manager has to do more than hear of its reply.

@@ -114,6 +114,7 @@ bool vnAPICommitMeeting::validateTrackingFieldsState() {
 }
 
 std::optional<CommandResult> vnAPICommitMeeting::onVornFeedback(int operation, const std::string& content) {
+  if (isDropped()) return std::nullopt;
   const bool isUpdate = operation == InnerOperation::kUpdate;
   const std::uint64_t replyNumber = isUpdate ? VnCmdUpdate : VnCmdSchedule;
   const auto window = takeReply(replyNumber, content);

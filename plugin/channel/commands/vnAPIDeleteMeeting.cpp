@@ -26,6 +26,7 @@ std::string vnAPIDeleteMeeting::getAPIData() {
 }
 
 std::optional<CommandResult> vnAPIDeleteMeeting::onVornFeedback(const std::string& content) {
+  if (isDropped()) return std::nullopt;
   const auto window = takeReply(VnCmdDelete, content);
   if (!window) return std::nullopt;
   if (errorCode() != 0) {

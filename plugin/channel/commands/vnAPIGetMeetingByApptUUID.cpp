@@ -17,7 +17,7 @@ std::string vnAPIGetMeetingByApptUUID::getAPIData() {
 }
 
 std::optional<CommandResult> vnAPIGetMeetingByApptUUID::onVornFeedback(const std::string& content) {
-  if (content.empty()) return std::nullopt;
+  if (content.empty() || isDropped()) return std::nullopt;
   const auto window = takeSuccess(VnCmdGetMeetingByApptUUID, content);
   if (!window) return std::nullopt;
   const auto reply = MeetingReply::read(content);
