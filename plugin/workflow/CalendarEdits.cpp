@@ -81,7 +81,8 @@ int CalendarEdits::sendVnMeetingCommand(std::uint64_t command, const Value& meet
   if (command == VnCmdDelete) {
     // The owner window and not the parent: a delete on the calendar is answered to the calendar.
     refused = m_manager.apiMgr()->deleteMeeting(ownerWindow, meetingData);
-    if (refused != 0) m_manager.apiMgr()->letGoOfDelete();
+    // Unless one before it waits, of which the user has to hear whether the service refused it.
+    if (refused != 0 && !m_manager.apiMgr()->isWaitingForDelete()) m_manager.apiMgr()->letGoOfDelete();
   } else if (command == VnCmdUpdate) {
     m_manager.setState(VnStateCommitting);
     m_editUnderWay = window.bar() ? Value() : meetingData;

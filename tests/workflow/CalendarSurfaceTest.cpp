@@ -84,7 +84,7 @@ TEST_F(CalendarEdit, ThatIsRefusedIsNotMadeLater) {
       Value::dictionaryFromPairs({{vn_MeetingKey, "77"}, {keyEventOwnerWindow, window.bar->ownWindow}});
   for (const auto& [command, action, reply] :
        {std::tuple(VnCmdDelete, "3", "77"), {VnCmdUpdate, "4", ";;;;;;;;;;;;;eyJtZWV0aW5nS2V5IjoiNzcifQ=="}}) {
-    EXPECT_EQ(window.manager->calendarEdits().sendVnMeetingCommand(command, data), 0);
+    if (command == VnCmdUpdate) window.manager->calendarEdits().sendVnMeetingCommand(command, data);
     test.workspace.running.clear();
     EXPECT_EQ(window.manager->calendarEdits().sendVnMeetingCommand(command, data), 1);
     test.workspace.running.insert("us.vorn.xos");
@@ -96,6 +96,28 @@ TEST_F(CalendarEdit, ThatIsRefusedIsNotMadeLater) {
     EXPECT_EQ(window.manager->getVornMeetingKey(), "77");
     EXPECT_EQ(window.manager->state(), state);
   }
+}
+
+TEST_F(CalendarEdit, WhoseDeleteWaitsHearsOfItThoughOthersAreRefused) {
+  RecordingClient::install(test);
+  FakeWindow window(test);
+  const Value data =
+      Value::dictionaryFromPairs({{vn_MeetingKey, "77"}, {keyEventOwnerWindow, window.bar->ownWindow}});
+  const auto answer = [&] {
+    test.workspace.running.insert("us.vorn.xos");
+    test.presenter.forgetAlerts();
+    window.manager->apiMgr()->handleMessageRespose(
+        Value::dictionaryFromPairs({{"actionId", "3"}, {"content", "0;Error 3002"}}));
+    return test.presenter.alerts().size();
+  };
+  EXPECT_EQ(window.manager->calendarEdits().sendVnMeetingCommand(VnCmdDelete, data), 0);
+  test.workspace.running.clear();
+  for (const char* refused : {"second", "third"}) {
+    EXPECT_EQ(window.manager->calendarEdits().sendVnMeetingCommand(VnCmdDelete, data), 1) << refused;
+  }
+  EXPECT_EQ(answer(), 1u) << "the service keeps the meeting";
+  EXPECT_EQ(window.manager->getVornMeetingKey(), "");
+  EXPECT_EQ(answer(), 0u) << "another window's";
 }
 
 TEST_F(CalendarEdit, IsParkedNowhereAfterTheEndOfItsManager) {
