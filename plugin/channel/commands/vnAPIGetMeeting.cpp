@@ -1,10 +1,14 @@
 #include "channel/commands/vnAPIGetMeeting.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "channel/commands/ClientRequests.h"
 #include "channel/commands/MeetingReply.h"
 #include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnProfileKeys.h"
+#include "platform/Registry.h"
 #include "util/vnOLUtils.h"
 
 namespace vorn {
@@ -13,10 +17,30 @@ namespace {
 
 constexpr std::string_view kNewMeeting = "new";
 
-// The same other number so often in a row is no other window's, and so many others are no answers to this
-// question.
+// The same other number so often in a row is no answer to a window that has gone, and after so many others it is
+// of no use to ask once more.
 constexpr int kMostTimesTold = 4;
 constexpr int kMostRepeats = 100;
+
+// What each living fetch was asked for last: the answer to one is heard by all.
+class AskedNumbers {
+ public:
+  void add(const std::shared_ptr<std::string>& number) {
+    std::erase_if(m_numbers, [](const auto& each) { return each.expired(); });
+    m_numbers.push_back(number);
+  }
+  // Without a number, which "" and "0" are not, nothing was asked for.
+  bool contain(const std::string& number) const {
+    return !number.empty() && number != "0" &&
+           std::any_of(m_numbers.begin(), m_numbers.end(), [&](const auto& each) {
+             const auto asked = each.lock();
+             return asked && *asked == number;
+           });
+  }
+
+ private:
+  std::vector<std::weak_ptr<std::string>> m_numbers;
+};
 
 std::string toldNumber(const Value& meeting, std::string_view key) {
   return vnOLUtils::trimAllSpace(meeting[key].stringValue()).value_or("");
@@ -24,8 +48,11 @@ std::string toldNumber(const Value& meeting, std::string_view key) {
 
 }  // namespace
 
+vnAPIGetMeeting::vnAPIGetMeeting() { Registry::shared<AskedNumbers>().add(m_askedNumber); }
+
 void vnAPIGetMeeting::setData(const std::string& meetingKey, const std::string& invitationLanguage) {
   m_meetingKey = meetingKey;
+  *m_askedNumber = vnOLUtils::trimAllSpace(meetingKey).value_or("");
   m_timesTold = m_repeats = 0;
   if (!invitationLanguage.empty()) m_invitationLanguage = invitationLanguage;
 }
@@ -51,7 +78,7 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
     // What was refused is not carried out because another window is answered.
     if (!hasGoneOut()) return std::nullopt;
     if (!insistsOn(reply->meeting)) {
-      sendRequest(RequestAction::kCarrier, getAPIData());
+      if (++m_repeats <= kMostRepeats) sendRequest(RequestAction::kCarrier, getAPIData());
       return std::nullopt;
     }
   }
@@ -69,7 +96,7 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
 // Replies name no request, and one that never came leaves its window waiting: the next answer to anybody would be
 // taken for it, and another meeting's invitation written into the appointment.
 bool vnAPIGetMeeting::isAboutAnother(const Value& meeting) const {
-  const std::string asked = vnOLUtils::trimAllSpace(m_meetingKey).value_or("");
+  const std::string& asked = *m_askedNumber;
   const std::string told = toldNumber(meeting, vn_MeetingKey);
   // A personal meeting goes by either of its numbers.
   const std::string original = toldNumber(meeting, vn_MeetingData_OriginalMeetingNumber);
@@ -78,9 +105,13 @@ bool vnAPIGetMeeting::isAboutAnother(const Value& meeting) const {
 
 bool vnAPIGetMeeting::insistsOn(const Value& meeting) {
   const std::string told = toldNumber(meeting, vn_MeetingKey);
+  const AskedNumbers& everybodys = Registry::shared<AskedNumbers>();
+  if (everybodys.contain(told) || everybodys.contain(toldNumber(meeting, vn_MeetingData_OriginalMeetingNumber))) {
+    return false;
+  }
   m_timesTold = told == m_toldInstead ? m_timesTold + 1 : 1;
   m_toldInstead = told;
-  return m_timesTold > kMostTimesTold || ++m_repeats > kMostRepeats;
+  return m_timesTold > kMostTimesTold;
 }
 
 }  // namespace vorn
