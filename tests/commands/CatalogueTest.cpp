@@ -203,6 +203,7 @@ TEST_F(Catalogue, AStrangersMeetingIsTakenOffAndTheManagerHearsNothing) {
   mgr->getMeeting(window, request("987"));
   reply("4", meetingReplyOf("987"));
   EXPECT_EQ(owner.key, "");
+  EXPECT_FALSE(owner.helper.hasMeetingInfo()) << "no new meeting may start from it";
   EXPECT_THAT(owner.told, ElementsAre("scheduleFor @" + window.windowId()));
   EXPECT_THAT(owner.finished, IsEmpty());
 }

@@ -7,6 +7,7 @@
 #include "channel/commands/MeetingReply.h"
 #include "channel/commands/vnMeetingCommand.h"
 #include "channel/discovery/vnClientFeatureMgr.h"
+#include "data/vnGetMeetingHelper.h"
 #include "data/vnProfileKeys.h"
 #include "platform/Registry.h"
 #include "util/vnOLUtils.h"
@@ -87,6 +88,8 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
   reply->feed(m_owner->getMeetingHelper(), false, m_isForPMI);
   if (!m_owner->checkScheduleForEmailValidity()) {
     m_owner->setMeetingKey("");
+    // Or a meeting that is added next would start from the stranger's, passcode and all.
+    if (vnGetMeetingHelper* helper = m_owner->getMeetingHelper()) helper->forgetMeeting();
     m_owner->changeUIWithScheduleForEmainError(*window);
     return std::nullopt;
   }
