@@ -75,6 +75,11 @@ void CommitRefusal::showSettingsWindowWithCommitError(const HostObject& parentWi
   if (errorCode == ErrorCode::kPasscodeTooWeak) setSecurityOptionErrorInfo(vn_NotStrongerPasscode, true);
   if (errorCode == ErrorCode::kSecurityOptionMissing) setSecurityOptionErrorInfo(vn_SecurityNotSeleteOne, true);
   if (const auto panel = openSettingsPanel(window.id())) panel->commitRefused();
+  // A new meeting whose template was lost goes out as an update. Refused, it is none of the service's yet, and to
+  // change it would mean to fetch it first.
+  if (m_manager.getMeetingAction() == VnCmdChangeSettings && !m_manager.isForUpdateVornMeeting()) {
+    m_manager.setMeetingAction(VnCmdAdd);
+  }
   m_manager.settingsFlow().showSettingsWindow(window, m_manager.getVornMeetingData(window));
 }
 

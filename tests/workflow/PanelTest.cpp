@@ -336,6 +336,21 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
   ASSERT_THAT(client.names(), ElementsAre("3/2"));
   EXPECT_THAT(client.requests.back().second, testing::AllOf(testing::HasSubstr(R"("muteOnEntry" : true)"),
                                                             testing::Not(testing::HasSubstr("Interview"))));
+
+  // An update, also of a meeting that is none yet; refused, that one is still to be added.
+  openPanel();
+  for (const auto& [key, committed] : {std::pair(kKey, "3/2"), std::pair("", "3/1")}) {
+    data().setMeetingKey(key);
+    manager().apiMgr()->updateMeeting(window->bar->ownWindow, dataOf(""));
+    client.requests.clear();
+    manager().apiMgr()->onMessageResponse(
+        Value::dictionaryFromPairs({{"actionId", "2"}, {"content", "0;Error 3402"}}));
+    test.notificationCenter.post(
+        notify_SettingCommit, nullptr,
+        Value::dictionaryFromPairs(
+            {{keyApptWindowID, id()}, {keyVNUserOperator, keyVNSettingCommit}, {keyButtonClickIsOK, true}}));
+    EXPECT_THAT(client.names(), ElementsAre(committed));
+  }
 }
 
 }  // namespace
