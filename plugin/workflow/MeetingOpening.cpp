@@ -115,8 +115,11 @@ void MeetingOpening::onGetMeetingByApptUUIDActionFinished(const Value& data) {
     meeting.forgetMeeting();
     return;
   }
-  // The user has begun something else since it was asked for.
-  if (m_manager.state() != VnStateLoadByApptUUID) return;
+  if (m_manager.state() != VnStateLoadByApptUUID) {
+    // The user has begun something else since it was asked for, such as to add a meeting, and that starts afresh.
+    if (!m_manager.isForUpdateVornMeeting()) meeting.forgetMeeting();
+    return;
+  }
   const Value info = meeting.getMeetingInfo();
   vnMeetingDataMgr& working = *m_manager.meetingDataMgr();
   working.setMeetingKey(info[vn_MeetingKey].optionalText());

@@ -385,6 +385,13 @@ TEST_F(Decisions, AMeetingThatWasSavedOrFoundByItsUUIDIsShown) {
   EXPECT_TRUE(data().occurrenceIsSingleVornMeeting());
   EXPECT_EQ(client.names().back(), "6") << "what the account allows is asked for";
 
+  for (const char* key : {"", kKey}) {
+    data().setMeetingKey(key);
+    helper().setMeetingData(meeting(), false);
+    manager().setState(VnStateAdding);
+    reply(VnCmdGetMeetingByApptUUID);
+    EXPECT_EQ(helper().hasMeetingInfo(), *key != 0) << "too late for anything but the window's own meeting";
+  }
   com::tidemar::webapp::proto::MeetingProto message;
   message.set_extinfo(R"({"olApptUUID":"other"})");
   helper().setPBMeetingData(encoded(message));
