@@ -81,8 +81,9 @@ class vnMeetingDataMgr {
 
   // What the commands and the settings panel work with: the appointment's plain form, the settings and the key.
   Value getVnSchMeetingData(MeetingWindow& window) const;
-  // The settings to use for a window: those on the screen, those of the meeting, or those of a new one. Absent
-  // only when the reader claims to have a meeting and then gives none.
+  // The settings to use for a window: those on the screen, those of the meeting, or those of a new one, in
+  // which a meeting that is still to be fetched has its own language. Absent only when the reader claims to have a
+  // meeting and then gives none.
   Value getVnSettingsData(const OptionalText& windowId) const;
   // The record to store in the appointment, as JSON text, from the meeting information. It ends at the first
   // absent value; readers tolerate what is missing. The second has this digest in place of the invitation's.
