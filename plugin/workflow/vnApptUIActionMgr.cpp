@@ -12,12 +12,18 @@ namespace vorn {
 
 namespace {
 
+// One with the personal meeting may wait for the account's profile first, which is otherwise asked for unbidden.
+bool isSaveUnderWay(vnMeetingMgr& manager) {
+  return manager.apiMgr()->isWaitingForTheService() ||
+         (manager.state() == VnStatePMIForUpdate && manager.apiMgr()->isWaitingForUserProfile());
+}
+
 // A click asks the host for nothing: a save or send before it that never happened is not made good for at its end.
-// One that still waits for the service is.
+// One that is under way is.
 int sendClicked(std::uint64_t command, const std::shared_ptr<MeetingBar>& bar) {
   const auto manager = vnMeetingMgrMonitor::getMeetingMgrByVnView(bar.get());
   if (!manager) return 0;
-  if (!manager->apiMgr()->isWaitingForTheService()) bar->setOLUIAction(0);
+  if (!isSaveUnderWay(*manager)) bar->setOLUIAction(0);
   return manager->sendVnMeetingCommand(command, bar);
 }
 

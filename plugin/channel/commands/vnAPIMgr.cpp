@@ -177,6 +177,8 @@ bool vnAPIMgr::isWaitingForMeetingByApptUUID() const { return waits(m_apiGetMeet
 
 bool vnAPIMgr::isWaitingForDelete() const { return waits(m_apiDeleteMeeting); }
 
+bool vnAPIMgr::isWaitingForUserProfile() const { return waits(m_apiGetUserProfile); }
+
 bool vnAPIMgr::isWaitingForTheService() const {
   return waits(m_apiScheduleMeeting) || waits(m_apiUpdateMeeting) || waits(m_apiGetMeeting) ||
          waits(m_apiDeleteMeeting);

@@ -77,6 +77,7 @@ class vnAPIMgr {
   bool isWaitingForMeeting() const;
   bool isWaitingForMeetingByApptUUID() const;
   bool isWaitingForDelete() const;
+  bool isWaitingForUserProfile() const;
   // To any that a save waits for: a commit, a fetch by number, a deletion. The question by UUID is asked
   // unbidden and holds nothing back.
   bool isWaitingForTheService() const;
