@@ -15,8 +15,9 @@ namespace vorn {
 //   "client"     none             groups; "troubles": texts, each a reason why no meeting could be made now
 //   "fetch"      "what"           asks the client. "profile" is for the profile, behind which the request for the
 //                                 audio conferences follows by itself; "people" for the people to schedule for,
-//                                 when there are any. "sent": whether the request was taken; "refused": the
-//                                 code for which it is not. The replies come by the run loop
+//                                 when there are any. "sent": whether the request passed the gate, also one that
+//                                 the channel then drops; "refused": the code for which it did not. The replies
+//                                 come by the run loop
 //   "account"    none             groups; "hasProfile"
 //   "defaults"   none             one group: each setting of a new meeting, and who decided it; "hasProfile"
 //   "hooks"      none             a group for each class of the host, a row for each selector, with how its hook
