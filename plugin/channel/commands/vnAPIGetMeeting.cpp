@@ -9,6 +9,7 @@
 #include "channel/discovery/vnClientFeatureMgr.h"
 #include "data/vnGetMeetingHelper.h"
 #include "data/vnProfileKeys.h"
+#include "host/proxies/vnMeetingInfoKeys.h"
 #include "platform/Registry.h"
 #include "util/vnOLUtils.h"
 
