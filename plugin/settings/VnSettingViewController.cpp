@@ -59,6 +59,11 @@ void VnSettingViewController::initFields(const Value& meetingInfo) {
   m_trackingFieldsController.initTrackingFieldItemListWithUserProfile();
   m_editCountriesWindowController.initializeItems();
   m_settingData.initWithSiteMeetingInfo(meetingInfo);
+  // The service does not tell it, and a dismissal hands on what stands here: the next save would put an invitation
+  // in the language of the user's last new meeting in place of this one's.
+  if (const OptionalText own = m_context.getInvitationLanguage(); !isEmpty(own)) {
+    m_settingData.setSelectInvitationLanguage(own);
+  }
   m_history.load(whatStands());
   initializeItems();
   m_meetingId.updateOneTimeMeetingTitle();
