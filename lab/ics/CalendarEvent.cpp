@@ -22,8 +22,12 @@ constexpr std::string_view kCapabilitiesProperty = "X-VORNLAB-OLMUCCAPABILITIES"
 constexpr double kSecondsPerDay = 86400;
 constexpr std::size_t kMostShown = 40;
 
-bool holds(std::string_view text, std::string_view part) {
-  return vorn::findText(text, part) != std::string_view::npos;
+// Whether a place is the other one with a link in front of it or behind it.
+bool isWithLink(std::string_view longer, std::string_view place) {
+  if (place.empty() || longer.size() <= place.size()) return false;
+  const std::string_view rest =
+      longer.starts_with(place) ? longer.substr(place.size()) : longer.substr(0, longer.size() - place.size());
+  return (longer.starts_with(place) && rest.starts_with(';')) || (longer.ends_with(place) && rest.ends_with("; "));
 }
 
 std::string upperCase(std::string text) {
@@ -137,8 +141,11 @@ std::optional<CalendarEvent> CalendarEvent::series() const {
 }
 
 bool CalendarEvent::isOfSomebodyElse(std::string_view address) const {
-  const std::string organizer = organizerAddress();
-  return !address.empty() && !organizer.empty() && !vorn::equalIgnoringCase(organizer, address);
+  const auto organizer = m_store->m_document.property(component(), "ORGANIZER");
+  if (!organizer || address.empty() || addressIn(*organizer).empty()) return false;
+  // A server may send the mail from an address of its own, and name the person's beside it.
+  return !vorn::equalIgnoringCase(addressIn(*organizer), address) &&
+         !vorn::equalIgnoringCase(organizer->parameter("EMAIL"), address);
 }
 
 bool CalendarEvent::isRemoved() const { return m_store->m_document.isRemoved(component()); }
@@ -255,7 +262,8 @@ IcsProblem CalendarEvent::doubtOfTimes() const {
 IcsProblem CalendarEvent::doubtOfBody() const {
   const vorn::OptionalText html = htmlDescription();
   if (!html || linesMissingIn(*html, plainDescription()).empty()) return {};
-  return doubt("DESCRIPTION", "DESCRIPTION has words that X-ALT-DESC lacks, and their lines are shown above it");
+  return doubt("DESCRIPTION",
+               "DESCRIPTION has words that the HTML beside it lacks, and their lines are shown above it");
 }
 
 std::vector<CalendarAttendee> CalendarEvent::attendees() const {
@@ -303,9 +311,10 @@ void CalendarEvent::setText(std::string_view name, std::string_view text) {
   if (before == text) return;
   IcsProperty property =
       m_store->m_document.property(component(), name).value_or(IcsProperty{std::string(name), {}, {}});
-  // It names another form of the text that was here, or tells more of it, such as a map of the place, which stays
-  // one when a link is added or taken out.
-  if (!holds(text, before) && (text.empty() || !holds(before, text))) removeParameter(property, "ALTREP");
+  // It names another form of the text that was here; of a place it may be the map, which stays one when a link is
+  // added or taken out.
+  const bool isSamePlace = name == "LOCATION" && (isWithLink(text, before) || isWithLink(before, text));
+  if (!isSamePlace) removeParameter(property, "ALTREP");
   vornlab::setText(property, text);
   m_store->m_document.setProperty(component(), property);
 }

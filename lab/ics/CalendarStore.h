@@ -174,7 +174,8 @@ class CalendarStore {
   std::optional<CalendarEvent> find(std::string_view uid, std::string_view recurrenceId = {});
   // The exceptions of a series, in file order.
   std::vector<CalendarEvent> exceptionsOf(std::string_view uid);
-  // Adds an appointment in UTC to the last VCALENDAR (an empty store gets one). It is the last of the events.
+  // Adds an appointment in UTC to the last VCALENDAR (an empty store gets one). It is the last of the events. The
+  // UID must be without line ends.
   CalendarEvent add(std::string_view uid, double startSeconds, double endSeconds, std::string_view summary);
 
   // Makes the changes of one event, all or none. False when one of the texts has no bytes in the file's encoding;

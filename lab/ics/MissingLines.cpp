@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <set>
 #include <vector>
 
 #include "util/CharacterSets.h"
@@ -104,13 +105,27 @@ bool isListSign(std::string_view word, std::string_view rest) {
   return word.size() <= kLongest && (rest.starts_with(". ") || rest.starts_with(") "));
 }
 
-// Such as an arrow or a face, which say something by themselves.
-bool holdsPicture(std::string_view line) {
-  for (std::size_t at = 0; at < line.size(); at += vorn::utf8SequenceLength(line, at)) {
-    const char32_t character = vorn::characterAt(line, at);
-    if (character >= 0x80 && u_isgraph(static_cast<UChar32>(character)) != 0) return true;
+// Such as an arrow or a face, which say something by themselves; not what stands for an image, nor what rules and
+// frames are drawn with.
+bool isPicture(char32_t character) {
+  constexpr char32_t object = 0xFFFC;
+  const bool isOfFrame = character >= 0x2500 && character <= 0x257F;
+  return character >= 0x80 && character != object && !isOfFrame &&
+         u_isgraph(static_cast<UChar32>(character)) != 0 && u_isalnum(static_cast<UChar32>(character)) == 0;
+}
+
+std::set<char32_t> picturesIn(std::string_view text) {
+  std::set<char32_t> pictures;
+  for (std::size_t at = 0; at < text.size(); at += vorn::utf8SequenceLength(text, at)) {
+    const char32_t character = vorn::characterAt(text, at);
+    if (isPicture(character)) pictures.insert(character);
   }
-  return false;
+  return pictures;
+}
+
+bool holdsList(std::string_view foldedHtml) {
+  return vorn::findText(foldedHtml, "<li>") != std::string_view::npos ||
+         vorn::findText(foldedHtml, "<li ") != std::string_view::npos;
 }
 
 }  // namespace
@@ -126,7 +141,8 @@ std::string linesMissingIn(std::string_view html, std::string_view text) {
   addWords(known, foldedText);
   addWordsOfAddresses(known, foldedHtml);
   std::sort(known.begin(), known.end());
-  const bool hasList = vorn::findText(foldedHtml, "<li") != std::string_view::npos;
+  const std::set<char32_t> knownPictures = picturesIn(foldedText);
+  const bool hasList = holdsList(foldedHtml);
 
   std::string missing;
   bool isTaken = false;
@@ -134,10 +150,10 @@ std::string linesMissingIn(std::string_view html, std::string_view text) {
     const std::string folded = vorn::caseFolded(line);
     std::string_view rest = folded;
     std::string_view word = takeWord(rest);
+    const std::set<char32_t> pictures = word.empty() ? picturesIn(folded) : std::set<char32_t>();
     // An empty line or a rule belongs to the line above it.
-    if (!word.empty() || holdsPicture(folded)) isTaken = false;
-    if (word.empty() && holdsPicture(folded))
-      isTaken = vorn::findText(foldedText, trimmed(folded)) == std::string_view::npos;
+    if (!word.empty() || !pictures.empty())
+      isTaken = !std::includes(knownPictures.begin(), knownPictures.end(), pictures.begin(), pictures.end());
     for (bool isFirst = hasList; !word.empty() && !isTaken; word = takeWord(rest), isFirst = false) {
       isTaken = !(isFirst && isListSign(word, rest)) && !std::binary_search(known.begin(), known.end(), word);
     }

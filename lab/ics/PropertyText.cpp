@@ -1,7 +1,12 @@
 #include "lab/ics/PropertyText.h"
 
+#include <unicode/ucnv.h>
+#include <unicode/unistr.h>
+
 #include <cctype>
 #include <charconv>
+#include <cstdint>
+#include <memory>
 
 #include "lab/ics/FileEncoding.h"
 #include "util/EncodeUtils.h"
@@ -46,24 +51,45 @@ std::string percentEncoded(std::string_view bytes) {
   return result;
 }
 
-// Before UTF-8 was the only one, a text could say its encoding, or not.
-std::string inUtf8(std::string bytes) {
-  return isOfSingleBytes(bytes) ? fromSingleBytes(bytes) : wellFormed(std::move(bytes));
+// Before UTF-8 was the only one, a text could say its encoding, or not; "" is for the latter. Absent for an
+// encoding that nobody knows.
+std::optional<std::string> inUtf8(std::string bytes, const std::string& charset) {
+  if (charset.empty()) return isOfSingleBytes(bytes) ? fromSingleBytes(bytes) : wellFormed(std::move(bytes));
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(charset.c_str(), &status),
+                                                                     ucnv_close);
+  if (U_FAILURE(status)) return {};
+  const icu::UnicodeString text(bytes.data(), static_cast<std::int32_t>(bytes.size()), converter.get(), status);
+  if (U_FAILURE(status)) return {};
+  std::string result;
+  text.toUTF8String(result);
+  return result;
+}
+
+// What an encoded text says; absent where there is no ENCODING, or one that cannot be read whole: a line that goes
+// on behind "=" has its rest in another line of the file.
+std::optional<std::string> decodedText(const IcsProperty& property) {
+  const std::string encoding = vorn::asciiLower(property.parameter("ENCODING"));
+  if (encoding == "quoted-printable" && !property.value.ends_with('='))
+    return inUtf8(unescapedText(decodedBytes(property.value, '=')), property.parameter("CHARSET"));
+  if (encoding != "base64" && encoding != "b") return {};
+  const auto decoded = vorn::EncodeUtils::base64DecodeToData(property.value);
+  return decoded ? inUtf8(*decoded, property.parameter("CHARSET")) : std::nullopt;
 }
 
 }  // namespace
 
 std::string textOf(const IcsProperty& property) {
-  const std::string encoding = vorn::asciiLower(property.parameter("ENCODING"));
-  if (encoding == "quoted-printable") return inUtf8(unescapedText(decodedBytes(property.value, '=')));
-  if (encoding == "base64" || encoding == "b") {
-    if (const auto decoded = vorn::EncodeUtils::base64DecodeToData(property.value)) return inUtf8(*decoded);
-  }
-  return wellFormed(unescapedText(property.value));
+  const auto decoded = decodedText(property);
+  return decoded ? *decoded : wellFormed(unescapedText(property.value));
 }
 
 void setText(IcsProperty& property, std::string_view text) {
-  for (const std::string_view name : {"ENCODING", "CHARSET"}) removeParameter(property, name);
+  // Otherwise CHARSET tells of the whole file, and what cannot be read is still there.
+  if (decodedText(property)) {
+    for (const std::string_view name : {"ENCODING", "CHARSET"}) removeParameter(property, name);
+    if (vorn::asciiLower(property.parameter("VALUE")) == "binary") removeParameter(property, "VALUE");
+  }
   property.value = escapedText(text);
 }
 
@@ -74,9 +100,9 @@ std::optional<std::string> htmlBeside(const IcsProperty& property) {
   const std::string kind = vorn::asciiLower(address.substr(0, comma));
   if (!kind.starts_with(kHtmlData) || (kind.size() > kHtmlData.size() && kind[kHtmlData.size()] != ';')) return {};
   std::string content = decodedBytes(std::string_view(address).substr(comma + 1), '%');
-  if (!kind.ends_with(";base64")) return inUtf8(std::move(content));
+  if (!kind.ends_with(";base64")) return inUtf8(std::move(content), "");
   const auto decoded = vorn::EncodeUtils::base64DecodeToData(content);
-  return decoded ? std::optional(inUtf8(*decoded)) : std::nullopt;
+  return decoded ? inUtf8(*decoded, "") : std::nullopt;
 }
 
 void setHtmlBeside(IcsProperty& property, std::string_view html) {

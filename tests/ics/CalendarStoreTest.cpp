@@ -271,7 +271,8 @@ TEST(CalendarEvent, KnowsTheLinesThatSomebodyHasWrittenInOneOfItsTwoBodiesAlone)
       {page, "Agenda v2 BRING IT\nsite", "Agenda v2 BRING IT"},
       {page, "Wir prüfen\n- 契約書\n---\nAgenda\n2) Tee \n\n", "- 契約書\n---\n2) Tee"},
       {page, "Agenda v1 & cake\n\U0001F44D\n___\nWir prüfen\n\u2192\nsite", "\U0001F44D\n___\n\u2192"},
-      {bookmark + "<p>2. Mai \u2192</p>", "3. Mai\n\u2192", "3. Mai"},
+      {bookmark + "<link rel=\"x\"><p>2. Mai \u2605</p>", "3. Mai\n\u2605\u00A0\u2605 \uFFFC\n\u2500\u2500",
+       "3. Mai"},
       {"", "the 1\n\n:-)\n", "the 1\n\n:-)"},
       {"<html><title>Tea</title><body style='color: red'><!-- red --></body></html>", "Tea red", "Tea red"},
       {"<title>Tea</title>", "Tea", "Tea"},
@@ -304,12 +305,21 @@ TEST(CalendarEvent, ReadsABodyInWhateverFormAProgramHasWrittenItAndWritesItIntoI
        "DESCRIPTION;ALTREP=\"data:text/html,%3Cp%3Enew%3C%2Fp%3E\":Mü more\r\n"},
       {"X-ALT-DESC;LANGUAGE=de;FMTTYPE=text/html;X-FOO=1:<p>M</p>\r\n" + beside, "Mü", "<p>M</p>",
        "X-ALT-DESC;LANGUAGE=de;FMTTYPE=text/html;X-FOO=1:<p>new</p>\r\n" + plainThen},
-      {"DESCRIPTION;ALTREP=\"cid:1\":M%2C\r\n", "M%2C", nullptr, plainThen + thenHtml},
-      {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:M=C3=BC=2C=0D=0Aa=\r\n", "Mü,\r\na=", nullptr,
+      {"DESCRIPTION;ALTREP=\"cid:1\":Mü\r\n", "Mü", nullptr, plainThen + thenHtml},
+      {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:M=C3=BC=2C=0D=0Aa=4\r\n", "Mü,\r\na=4", nullptr,
        plainThen + thenHtml},
+      {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE;CHARSET=windows-1251:=CF=F0\r\n", "\u041F\u0440", nullptr,
+       plainThen + thenHtml},
+      {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE:goes on=20=\r\n", "goes on=20=", nullptr,
+       "DESCRIPTION;ENCODING=QUOTED-PRINTABLE:Mü more\r\n" + thenHtml},
+      {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE;CHARSET=unheard-of:=CF\r\n", "=CF", nullptr,
+       "DESCRIPTION;ENCODING=QUOTED-PRINTABLE;CHARSET=unheard-of:Mü more\r\n" + thenHtml},
+      {"DESCRIPTION;CHARSET=ISO-8859-1:M\r\n", "M", nullptr,
+       "DESCRIPTION;CHARSET=ISO-8859-1:Mü more\r\n" + thenHtml},
       {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE:M=FC=4x\r\n", "Mü=4x", nullptr, plainThen + thenHtml},
-      {"DESCRIPTION;ENCODING=BASE64:TcO8\r\n", "Mü", nullptr, plainThen + thenHtml},
-      {"DESCRIPTION;ENCODING=BASE64:no base-64!\r\n", "no base-64!", nullptr, plainThen + thenHtml},
+      {"DESCRIPTION;ENCODING=BASE64;VALUE=BINARY:TcO8\r\n", "Mü", nullptr, plainThen + thenHtml},
+      {"DESCRIPTION;ENCODING=BASE64:no base-64!\r\n", "no base-64!", nullptr,
+       "DESCRIPTION;ENCODING=BASE64:Mü more\r\n" + thenHtml},
   };
   for (const auto& [before, text, html, afterwards] : rows) {
     Loaded store(event(before));
@@ -324,12 +334,12 @@ TEST(CalendarEvent, ReadsABodyInWhateverFormAProgramHasWrittenItAndWritesItIntoI
 
 TEST(CalendarEvent, WhatElseNamesAPlaceStaysAsLongAsThePlaceIsNamed) {
   Loaded store(event("LOCATION;ALTREP=\"https://maps.example/1\":Room 7\r\n"));
-  for (const char* place : {"Room 7; online", "Room 7"}) {
+  for (const char* place : {"Room 7; online", "Room 7", "online; Room 7"}) {
     store.eventAt(0).setLocation(place);
     EXPECT_EQ(store.text(), event("LOCATION;ALTREP=\"https://maps.example/1\":" + escapedText(place) + "\r\n"));
   }
-  store.eventAt(0).setLocation("Room 8");
-  EXPECT_EQ(store.text(), event("LOCATION:Room 8\r\n"));
+  store.eventAt(0).setLocation("Room 77");
+  EXPECT_EQ(store.text(), event("LOCATION:Room 77\r\n"));
 }
 
 TEST(CalendarEvent, KnowsTheHtmlOfAWebCalendarByItsTags) {
@@ -339,7 +349,8 @@ TEST(CalendarEvent, KnowsTheHtmlOfAWebCalendarByItsTags) {
       {"<ol><li>one</li>\n<li>two</li></ol>\nthree<BR>\nfour\n<UL>", nullptr},
       {"<p dir=\"ltr\">one</p>", nullptr},
       {"<a target=\"_blank\" href=\"https://a.example\">x", nullptr},
-      {"a < b, <3, <robin@vorn.example> and <abbreviated", ""},
+      {"<pre>a\nb</pre>\nc", nullptr},
+      {"a < b, <3, <robin@vorn.example> and <abbreviated or a <b then\nc > d", ""},
       {"<", ""},
   };
   for (const auto& [text, html] : rows) {
@@ -367,6 +378,9 @@ TEST(CalendarEvent, KnowsPeopleByTheirMailWhereTheirAddressIsAnother) {
             "ATTENDEE;EMAIL=jo@a.example:urn:uuid:1\r\nATTENDEE;EMAIL=x@a.example:MAILTO:lee@a.example\r\n"
             "ATTENDEE:/principal/\r\n"));
   EXPECT_EQ(store.eventAt(0).organizerAddress(), "kim@a.example");
+  Loaded relayed(event("ORGANIZER;EMAIL=kim@a.example:mailto:2_GE@relay.example\r\n"));
+  EXPECT_FALSE(relayed.eventAt(0).isOfSomebodyElse("KIM@a.example"));
+  EXPECT_TRUE(relayed.eventAt(0).isOfSomebodyElse("jo@a.example"));
   std::vector<std::string> addresses;
   for (const CalendarAttendee& each : store.eventAt(0).attendees()) addresses.push_back(each.emailAddress);
   EXPECT_EQ(addresses, (std::vector<std::string>{"jo@a.example", "lee@a.example", "/principal/"}));

@@ -109,7 +109,7 @@ TEST_F(Meet, UpdatesAMeetingWhoseAppointmentHasMoved) {
   EXPECT_EQ(moved.resultOf("a"), "updated") << moved.program.output;
   EXPECT_EQ(moved.byUid.at("a")["meetingKey"], added.byUid.at("a")["meetingKey"]);
   EXPECT_EQ(occurrences(unfolded(contentOf(file)), "MacVnBookmarkBegin"), 1U);
-  EXPECT_THAT(moved.program.errors, HasSubstr(": DESCRIPTION has words that X-ALT-DESC lacks"));
+  EXPECT_THAT(moved.program.errors, HasSubstr(": DESCRIPTION has words that the HTML beside it lacks"));
   EXPECT_EQ(meet(file, file, {"--all", "--remove"}).resultOf("a"), "removed");
   const std::string removed = unfolded(contentOf(file));
   for (const char* words : {"CONTRACT", "Agenda v1"}) EXPECT_EQ(occurrences(removed, words), 2U) << removed;

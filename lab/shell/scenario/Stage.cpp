@@ -185,7 +185,11 @@ void Stage::settle() {
 
 void Stage::claimNewAppointment() {
   if (!m_windows.contains(m_current) || window().event || window().editor == 0) return;
-  if (m_calendar.eventCount() > m_claimedEvents) window().event = m_claimedEvents++;
+  while (m_claimedEvents < m_calendar.eventCount() && !window().event) {
+    const std::size_t place = m_claimedEvents++;
+    // One that the file had no bytes for was taken out at once.
+    if (!m_calendar.eventAt(place).isRemoved()) window().event = place;
+  }
 }
 
 // -- The client --------------------------------------------------------------------------------------------------
