@@ -135,7 +135,7 @@ class vnAPIWindowCommand : public vnAPIBase {
   // The same, however long it takes.
   bool mayBeAnswered() const { return m_parentWindow && (hasGoneOut() || m_isEarlierOut); }
   // Nothing is waited for any more, and a reply that comes before the next request is nobody's.
-  void letGo();
+  virtual void letGo();
 
  protected:
   // The last request was neither refused at the gate nor dropped by the channel.
@@ -143,6 +143,8 @@ class vnAPIWindowCommand : public vnAPIBase {
   // The channel dropped the last request, and none before it was waited for. A reply about one meeting is then
   // another window's; after a refusal at the gate it is not known to be.
   bool isDropped() const { return m_lastRequest == LastRequest::dropped && !m_isEarlierOut; }
+  // What was asked before the last request was another thing, and nobody waits for the answer.
+  void forgetEarlier() { m_isEarlierOut = false; }
   // Remembers the window and passes the gate: 0 when the request may go out.
   int beginRequest(const HostObject& parentWindow);
   // Gives the channel the request for which the gate was passed, the first time or once more.

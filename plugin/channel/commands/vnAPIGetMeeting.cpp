@@ -11,6 +11,7 @@
 #include "data/vnProfileKeys.h"
 #include "host/proxies/vnMeetingInfoKeys.h"
 #include "platform/Registry.h"
+#include "platform/RunLoop.h"
 #include "util/vnOLUtils.h"
 
 namespace vorn {
@@ -24,12 +25,15 @@ constexpr std::string_view kNewMeeting = "new";
 constexpr int kMostTimesTold = 4;
 constexpr int kMostRepeats = 100;
 
-// What each living fetch was asked for last: the answer to one is heard by all.
+// What the fetches on their way ask for: the answer to one is heard by all.
 class AskedNumbers {
  public:
-  void add(const std::shared_ptr<std::string>& number) {
+  // It stands here as long as the result lives.
+  std::shared_ptr<const std::string> add(std::string number) {
     std::erase_if(m_numbers, [](const auto& each) { return each.expired(); });
-    m_numbers.push_back(number);
+    auto added = std::make_shared<const std::string>(std::move(number));
+    m_numbers.push_back(added);
+    return added;
   }
   // Without a number, which "" and "0" are not, nothing was asked for.
   bool contain(const std::string& number) const {
@@ -41,7 +45,7 @@ class AskedNumbers {
   }
 
  private:
-  std::vector<std::weak_ptr<std::string>> m_numbers;
+  std::vector<std::weak_ptr<const std::string>> m_numbers;
 };
 
 std::string toldNumber(const Value& meeting, std::string_view key) {
@@ -50,20 +54,31 @@ std::string toldNumber(const Value& meeting, std::string_view key) {
 
 }  // namespace
 
-vnAPIGetMeeting::vnAPIGetMeeting() { Registry::shared<AskedNumbers>().add(m_askedNumber); }
-
 void vnAPIGetMeeting::setData(const std::string& meetingKey, const std::string& invitationLanguage) {
   m_meetingKey = meetingKey;
-  *m_askedNumber = vnOLUtils::trimAllSpace(meetingKey).value_or("");
   m_timesTold = m_repeats = 0;
   if (!invitationLanguage.empty()) m_invitationLanguage = invitationLanguage;
 }
 
 int vnAPIGetMeeting::doAction(const HostObject& parentWindow) {
-  if (const int code = beginRequest(parentWindow); code != 0) return code;
+  const std::string number = askedNumber();
+  const bool isAskedAnew = m_onItsWay && *m_onItsWay == number;
+  if (!isAskedAnew) m_onItsWay.reset();
+  const int code = beginRequest(parentWindow);
+  // The answer about another number would not be taken.
+  if (!isAskedAnew) forgetEarlier();
+  if (code != 0) return code;
   sendRequest(RequestAction::kCarrier, getAPIData());
+  if (hasGoneOut()) m_onItsWay = Registry::shared<AskedNumbers>().add(number);
   return 0;
 }
+
+void vnAPIGetMeeting::letGo() {
+  vnAPIWindowCommand::letGo();
+  m_onItsWay.reset();
+}
+
+std::string vnAPIGetMeeting::askedNumber() const { return vnOLUtils::trimAllSpace(m_meetingKey).value_or(""); }
 
 std::string vnAPIGetMeeting::getAPIData() {
   std::string content = std::to_string(InnerOperation::kGetMeeting) + ";" + m_meetingKey;
@@ -76,6 +91,7 @@ std::string vnAPIGetMeeting::getAPIData() {
 std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& content) {
   if (!isPending()) return std::nullopt;
   const auto reply = MeetingReply::read(content);
+  if (!reply && isDropped()) return std::nullopt;
   if (reply && isAboutAnother(reply->meeting)) {
     // What was refused is not carried out because another window is answered.
     if (!hasGoneOut()) return std::nullopt;
@@ -84,6 +100,9 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
       return std::nullopt;
     }
   }
+  // Others that wait hear of the same reply in this turn of the loop.
+  RunLoop* runLoop = Registry::platform().runLoop;
+  if (runLoop && m_onItsWay) runLoop->performAfter(0, nullptr, "answered", [answered = std::move(m_onItsWay)] {});
   const auto window = takeSuccess(VnCmdGetMeeting, content);
   if (!window || !reply) return std::nullopt;
   reply->feed(m_owner->getMeetingHelper(), false, m_isForPMI);
@@ -100,7 +119,7 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
 // Replies name no request, and one that never came leaves its window waiting: the next answer to anybody would be
 // taken for it, and another meeting's invitation written into the appointment.
 bool vnAPIGetMeeting::isAboutAnother(const Value& meeting) const {
-  const std::string& asked = *m_askedNumber;
+  const std::string asked = askedNumber();
   const std::string told = toldNumber(meeting, vn_MeetingKey);
   // A personal meeting goes by either of its numbers.
   const std::string original = toldNumber(meeting, vn_MeetingData_OriginalMeetingNumber);

@@ -11,8 +11,6 @@ namespace vorn {
 // Asks for a meeting by its number, or with the number "new" for what a new meeting starts from.
 class vnAPIGetMeeting : public vnAPICommandFor<GetMeetingOwner> {
  public:
-  vnAPIGetMeeting();
-
   // An empty language keeps the one that was given before, also for requests that name none.
   void setData(const std::string& meetingKey, const std::string& invitationLanguage);
   // Whether the request is for the personal meeting ID.
@@ -27,14 +25,17 @@ class vnAPIGetMeeting : public vnAPICommandFor<GetMeetingOwner> {
   // of another window or of an edit before, and has none of this one's settings: the window waits on, and what has
   // gone out goes out once more. A service that insists on a number that nobody here asked for is believed.
   std::optional<CommandResult> onVornFeedback(const std::string& content);
+  void letGo() override;
 
  private:
+  // Without blanks.
+  std::string askedNumber() const;
   bool isAboutAnother(const Value& meeting) const;
   bool insistsOn(const Value& meeting);
 
   std::string m_meetingKey;
-  // The same without blanks, for the others of this kind to compare with; "" until it is asked for.
-  std::shared_ptr<std::string> m_askedNumber = std::make_shared<std::string>();
+  // The number whose answer is still to come, for the others of this kind to see; null for none.
+  std::shared_ptr<const std::string> m_onItsWay;
   // What was told of other meetings since it was asked for.
   std::string m_toldInstead;
   int m_timesTold = 0;
