@@ -47,27 +47,34 @@ void vnAPIMgr::initIPCChannel() {
   }
 }
 
+template <typename Act>
+void vnAPIMgr::forEachCommand(Act act) {
+  forEachCommandOfTheService(*this, act);
+  act(m_apiGetUserProfile);
+  act(m_apiGetMeetingByApptUUID);
+  act(m_apiGetPAC);
+  act(m_apiGetScheduleForList);
+}
+
+template <typename Manager, typename Act>
+void vnAPIMgr::forEachCommandOfTheService(Manager& manager, Act act) {
+  act(manager.m_apiScheduleMeeting);
+  act(manager.m_apiUpdateMeeting);
+  act(manager.m_apiGetMeeting);
+  act(manager.m_apiDeleteMeeting);
+}
+
 void vnAPIMgr::setMeetingMgrInstance(MeetingCommandOwner* meetingMgr) {
   m_pMeetingMgr = meetingMgr;
-  for (vnAPIBase* command : std::initializer_list<vnAPIBase*>{
-           m_apiScheduleMeeting.get(), m_apiUpdateMeeting.get(), m_apiGetMeeting.get(), m_apiGetUserProfile.get(),
-           m_apiDeleteMeeting.get(), m_apiGetMeetingByApptUUID.get(), m_apiGetPAC.get(),
-           m_apiGetScheduleForList.get()}) {
+  forEachCommand([&](const auto& command) {
     if (command) command->setMeetingMgr(meetingMgr);
-  }
+  });
 }
 
 void vnAPIMgr::cleanup() {
   // A handler that is at work keeps its command, which must not find the manager any more.
   setMeetingMgrInstance(nullptr);
-  m_apiScheduleMeeting.reset();
-  m_apiUpdateMeeting.reset();
-  m_apiGetMeeting.reset();
-  m_apiGetUserProfile.reset();
-  m_apiDeleteMeeting.reset();
-  m_apiGetMeetingByApptUUID.reset();
-  m_apiGetPAC.reset();
-  m_apiGetScheduleForList.reset();
+  forEachCommand([](auto& command) { command.reset(); });
 }
 
 int vnAPIMgr::startMeeting(bool video) { return vnAPIStartMeeting::sharedInstance().doAction(video); }
@@ -180,8 +187,9 @@ bool vnAPIMgr::isWaitingForDelete() const { return waits(m_apiDeleteMeeting); }
 bool vnAPIMgr::isWaitingForUserProfile() const { return waits(m_apiGetUserProfile); }
 
 bool vnAPIMgr::isWaitingForTheService() const {
-  return waits(m_apiScheduleMeeting) || waits(m_apiUpdateMeeting) || waits(m_apiGetMeeting) ||
-         waits(m_apiDeleteMeeting);
+  bool isWaiting = false;
+  forEachCommandOfTheService(*this, [&](const auto& command) { isWaiting = isWaiting || waits(command); });
+  return isWaiting;
 }
 
 bool vnAPIMgr::mayAnswerCommit() const {
@@ -193,10 +201,7 @@ bool vnAPIMgr::mayAnswerFetch() const {
 }
 
 void vnAPIMgr::letGoOfTheService() {
-  letGo(m_apiGetMeeting);
-  letGo(m_apiScheduleMeeting);
-  letGo(m_apiUpdateMeeting);
-  letGo(m_apiDeleteMeeting);
+  forEachCommandOfTheService(*this, [](const auto& command) { letGo(command); });
 }
 
 bool vnAPIMgr::isWaitingForScheduleForList() const { return waits(m_apiGetScheduleForList); }

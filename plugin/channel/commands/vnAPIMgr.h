@@ -100,6 +100,11 @@ class vnAPIMgr {
 
  private:
   void initIPCChannel();
+  // Calls act with the holder of each command; and of each that a save waits for.
+  template <typename Act>
+  void forEachCommand(Act act);
+  template <typename Manager, typename Act>
+  static void forEachCommandOfTheService(Manager& manager, Act act);
   // What the command that waits for the reply makes of it; absent when the manager is to hear nothing.
   std::optional<CommandResult> readReply(int action, const std::string& content);
 
