@@ -8,12 +8,12 @@ namespace vorn {
 
 namespace {
 
-bool isOf(const vnSettingData& record, const OptionalText& whosePMI) {
-  if (record.usePMI() != whosePMI.has_value()) return false;
-  return !whosePMI || equalIgnoringCase(*whosePMI, record.scheduleForEmail().value_or(""));
+bool isOf(const vnSettingData& record, const OptionalText& person) {
+  if (record.usePMI() != person.has_value()) return false;
+  return !person || equalIgnoringCase(*person, record.scheduleForEmail().value_or(""));
 }
 
-OptionalText whosePMI(const vnSettingData& record) {
+OptionalText personOfRecord(const vnSettingData& record) {
   return record.usePMI() ? OptionalText(record.scheduleForEmail().value_or("")) : std::nullopt;
 }
 
@@ -27,7 +27,8 @@ void PanelHistory::commit(State now) {
   } else {
     refuse(std::move(m_kept));
   }
-  std::erase_if(m_refused, [whose = whosePMI(now.record)](const State& each) { return isOf(each.record, whose); });
+  std::erase_if(m_refused,
+                [person = personOfRecord(now.record)](const State& each) { return isOf(each.record, person); });
   m_kept = std::move(now);
 }
 
@@ -42,7 +43,7 @@ void PanelHistory::commitRefused() {
 
 void PanelHistory::refuse(State state) {
   std::erase_if(m_refused,
-                [whose = whosePMI(state.record)](const State& each) { return isOf(each.record, whose); });
+                [person = personOfRecord(state.record)](const State& each) { return isOf(each.record, person); });
   m_refused.push_back(std::move(state));
 }
 
@@ -61,17 +62,17 @@ void PanelHistory::keepPersons(const vnSettingData& record,
   m_kept.countries = countries;
 }
 
-const PanelHistory::State* PanelHistory::lastOf(const OptionalText& whosePMI) const {
-  if (const State* committed = notAcceptedOf(whosePMI)) return committed;
-  if (isOf(m_kept.record, whosePMI)) return &m_kept;
-  return m_beforeCommit && isOf(m_beforeCommit->record, whosePMI) ? &*m_beforeCommit : nullptr;
+const PanelHistory::State* PanelHistory::lastOf(const OptionalText& person) const {
+  if (const State* committed = notAcceptedOf(person)) return committed;
+  if (isOf(m_kept.record, person)) return &m_kept;
+  return m_beforeCommit && isOf(m_beforeCommit->record, person) ? &*m_beforeCommit : nullptr;
 }
 
-const PanelHistory::State* PanelHistory::notAcceptedOf(const OptionalText& whosePMI) const {
+const PanelHistory::State* PanelHistory::notAcceptedOf(const OptionalText& person) const {
   const auto refused = std::find_if(m_refused.begin(), m_refused.end(),
-                                    [&whosePMI](const State& each) { return isOf(each.record, whosePMI); });
+                                    [&person](const State& each) { return isOf(each.record, person); });
   if (refused != m_refused.end()) return &*refused;
-  return m_beforeCommit && isOf(m_kept.record, whosePMI) ? &m_kept : nullptr;
+  return m_beforeCommit && isOf(m_kept.record, person) ? &m_kept : nullptr;
 }
 
 void PanelHistory::changeRecords(const std::function<void(vnSettingData&)>& change) {

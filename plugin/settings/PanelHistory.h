@@ -46,9 +46,9 @@ class PanelHistory {
   const State& kept() const { return m_kept; }
   // The last of these states that is this person's personal meeting, "" being oneself, or, absent, a meeting with
   // a number of its own; it holds until the next change. Null when none is, or another was accepted in its place.
-  const State* lastOf(const OptionalText& whosePMI) const;
+  const State* lastOf(const OptionalText& person) const;
   // The same among what was committed and not accepted: refused, or not answered yet.
-  const State* notAcceptedOf(const OptionalText& whosePMI) const;
+  const State* notAcceptedOf(const OptionalText& person) const;
   // What the service says of a meeting holds for every record of it.
   void changeRecords(const std::function<void(vnSettingData&)>& change);
 

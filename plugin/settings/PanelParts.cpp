@@ -5,7 +5,7 @@
 
 namespace vorn {
 
-OptionalText whosePMI(const vnSettingData& record, const PanelSteps& steps) {
+OptionalText shownPerson(const vnSettingData& record, const PanelSteps& steps) {
   return record.usePMI() ? OptionalText(steps.getUIScheduleForEmail()) : std::nullopt;
 }
 

@@ -85,7 +85,7 @@ struct PanelParts {
 };
 
 // Whose personal meeting is shown, "" being oneself; absent is a meeting with a number of its own.
-OptionalText whosePMI(const vnSettingData& record, const PanelSteps& steps);
+OptionalText shownPerson(const vnSettingData& record, const PanelSteps& steps);
 
 // The text behind a key with its values; what the rules take as their TextSource.
 std::string panelText(std::string_view key, std::initializer_list<std::string_view> values = {});

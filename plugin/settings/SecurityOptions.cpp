@@ -113,12 +113,12 @@ std::int64_t SecurityOptions::resetMeetingPasswordErrorTextField() {
 
 void SecurityOptions::resetStrongerPasswordFormatErrorTextField() {
   show(strongerPasscodeVerdict(failedRules(), panelText));
-  m_notStrongerOf = whosePMI(m_record, m_steps);
+  m_notStrongerOf = shownPerson(m_record, m_steps);
   clearSecurityOptionErrorInfo(vn_NotStrongerPasscode);
 }
 
 bool SecurityOptions::isShownMeeting(const std::optional<OptionalText>& meeting) const {
-  return meeting && *meeting == whosePMI(m_record, m_steps);
+  return meeting && *meeting == shownPerson(m_record, m_steps);
 }
 
 void SecurityOptions::answerNotStronger() {
@@ -182,7 +182,7 @@ void SecurityOptions::setPasscode(std::string passcode) {
 }
 
 std::string* SecurityOptions::ownPasscode() {
-  const auto typed = m_typedPasscodes.find(whosePMI(m_record, m_steps));
+  const auto typed = m_typedPasscodes.find(shownPerson(m_record, m_steps));
   return typed == m_typedPasscodes.end() ? nullptr : &typed->second;
 }
 
@@ -298,7 +298,7 @@ void SecurityOptions::initSecurityBox() {
     m_steps.hideRestrictDomainsBox();
   }
   if (outcome.clearsSecurityNotSelected) {
-    m_securityNotSelectedOf = whosePMI(m_record, m_steps);
+    m_securityNotSelectedOf = shownPerson(m_record, m_steps);
     clearSecurityOptionErrorInfo(vn_SecurityNotSeleteOne);
   }
   initSceurityTipView(outcome.remembersWaitingRoomTip ? vn_LocalProfile_SecurityTip_NotShownAgain_WR : "");
@@ -340,7 +340,7 @@ void SecurityOptions::fieldTextChange() {
   answerNotStronger();
   const bool supportsRules = vnClientFeatureMgr::sharedInstance().isVornClientSupportPasswordRule();
   m_passwordTextField.text = typedPasscode(m_passwordTextField.text, supportsRules);
-  m_typedPasscodes[whosePMI(m_record, m_steps)] = m_passwordTextField.text;
+  m_typedPasscodes[shownPerson(m_record, m_steps)] = m_passwordTextField.text;
   resetPswHelpButtonState();
   const std::int64_t result = resetMeetingPasswordErrorTextField();
   m_steps.checkScheduleButton();

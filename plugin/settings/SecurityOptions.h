@@ -68,7 +68,7 @@ class SecurityOptions {
   bool checkIfNeedRegeneratePasscode() const;
   void regenerateIfNeeded();
   std::int64_t resetMeetingPasswordErrorTextField();
-  // That meeting, by whosePMI(), is the one that is shown.
+  // That meeting, by shownPerson(), is the one that is shown.
   bool isShownMeeting(const std::optional<OptionalText>& meeting) const;
   // The user does something about it.
   void answerNotStronger();
@@ -94,11 +94,11 @@ class SecurityOptions {
   // when nothing.
   std::string* ownPasscode();
   void setPasscode(std::string passcode);
-  // By whosePMI().
+  // By shownPerson().
   std::map<OptionalText, std::string> m_typedPasscodes;
-  // What the service has refused last stays told of that meeting, by whosePMI(), while the panel is loaded again
-  // and again, until the user commits, or does something about it or about what it depends on: a weak passcode,
-  // and none of the options.
+  // What the service has refused last stays told of that meeting, by shownPerson(), while the panel is loaded
+  // again and again, until the user commits, or does something about it or about what it depends on: a weak
+  // passcode, and none of the options.
   std::optional<OptionalText> m_notStrongerOf;
   std::optional<OptionalText> m_securityNotSelectedOf;
   // A tip is shown, for as long.

@@ -66,7 +66,7 @@ void SignInDomainOptions::forgetTyped() {
 }
 
 const SignInDomainOptions::Edits* SignInDomainOptions::edits() const {
-  const auto found = m_editsOf.find(whosePMI(m_record, m_steps));
+  const auto found = m_editsOf.find(shownPerson(m_record, m_steps));
   return found == m_editsOf.end() ? nullptr : &found->second;
 }
 

@@ -50,7 +50,7 @@ class SignInDomainOptions {
   };
   // Of the meeting that is shown; null when nothing was edited in it.
   const Edits* edits() const;
-  Edits& ownEdits() { return m_editsOf[whosePMI(m_record, m_steps)]; }
+  Edits& ownEdits() { return m_editsOf[shownPerson(m_record, m_steps)]; }
   void chooseAtLoad();
   // Absent for an index that is no choice's.
   Value chosenAuth() const;

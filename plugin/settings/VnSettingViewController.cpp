@@ -1,7 +1,7 @@
 #include "settings/VnSettingViewController.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <unordered_set>
 #include <utility>
 
@@ -19,15 +19,6 @@
 #include "util/Text.h"
 
 namespace vorn {
-
-namespace {
-
-// The fields that tell of a fault.
-constexpr std::array<std::string_view, 3> kErrorFields{control_key::pswFormatErrorTextField,
-                                                       control_key::securityErrorTextField,
-                                                       control_key::templateDeletedTipTextField};
-
-}  // namespace
 
 VnSettingViewController::VnSettingViewController(const SettingsContext& context)
     : m_context(context),
@@ -431,7 +422,7 @@ ContinueFacts VnSettingViewController::continueFacts() const {
   facts.isPasscodeShown = m_controls.isShown(control_key::passwordTextField);
   facts.isPasscodeOn = m_controls.isOn(control_key::requiredMeetingPswButton);
   if (const Control* field = m_controls.find(control_key::passwordTextField)) facts.passcode = field->text;
-  facts.isErrorShown = std::any_of(kErrorFields.begin(), kErrorFields.end(),
+  facts.isErrorShown = std::any_of(std::begin(control_key::errorFields), std::end(control_key::errorFields),
                                    [this](std::string_view field) { return m_controls.isShown(field); });
   facts.isAlternateHostShown = m_controls.isShown(control_key::alternateHostBox);
   facts.hasAlternateHostError = m_alternateHosts.checkAlternateHostError();

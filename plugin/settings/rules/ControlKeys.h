@@ -36,6 +36,10 @@ inline constexpr const char* trackingFieldsBox = "trackingFieldsBox";
 inline constexpr const char* buttonCancel = "buttonCancel";
 inline constexpr const char* buttonContinue = "buttonContinue";
 
+// While one of these fields tells of a fault, Continue cannot be used.
+inline constexpr const char* errorFields[] = {pswFormatErrorTextField, securityErrorTextField,
+                                              templateDeletedTipTextField};
+
 }  // namespace control_key
 
 }  // namespace vorn

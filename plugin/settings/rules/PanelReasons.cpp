@@ -1,6 +1,8 @@
 #include "settings/rules/PanelReasons.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 #include <string_view>
 #include <vector>
@@ -189,8 +191,11 @@ constexpr Keys kRecording = {"autoRecordingBox", "autoRecordingButton", "autoRec
                              "autoRecordingOptionMatrixCloud"};
 constexpr Keys kRecordingChoices = {"autoRecordingOptionMatrixLocal", "autoRecordingOptionMatrixCloud"};
 constexpr Keys kPublicEvent = {"publicEventBox", "publicEventButton", "publicEventListButton"};
-constexpr Keys kErrors = {control_key::pswFormatErrorTextField, control_key::securityErrorTextField,
-                          control_key::templateDeletedTipTextField};
+constexpr Keys kErrors = [] {
+  Keys keys;
+  std::copy(std::begin(control_key::errorFields), std::end(control_key::errorFields), keys.begin());
+  return keys;
+}();
 constexpr Keys kFurtherErrors = {"deleteDomainWarning", "_domainsErrorLabel", "dataCenterNotSelectTextField",
                                  "_errorForNoSelectedField"};
 constexpr Keys kCountries = {control_key::selectedCountriesField, "editCountriesButton"};

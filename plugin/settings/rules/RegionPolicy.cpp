@@ -6,15 +6,8 @@
 
 #include "data/OptionPolicy.h"
 #include "settings/rules/TokenWords.h"
-#include "util/vnOLUtils.h"
 
 namespace vorn::panel_rules {
-
-namespace {
-
-std::string trimmed(const std::string& text) { return vnOLUtils::trimAllSpaceAndNewLine(text).value_or(""); }
-
-}  // namespace
 
 RegionTable::RegionTable(const std::vector<std::string>& codes, const Naming& nameOf) {
   for (const std::string& code : codes) {
