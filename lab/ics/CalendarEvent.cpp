@@ -30,13 +30,6 @@ bool isWithLink(std::string_view longer, std::string_view place) {
   return (longer.starts_with(place) && rest.starts_with(';')) || (longer.ends_with(place) && rest.ends_with("; "));
 }
 
-std::string upperCase(std::string text) {
-  for (char& c : text) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return text;
-}
-
 // The number at the start of the text; 0 for anything that is none or too large.
 int numberIn(const std::string& text) {
   int number = 0;
@@ -45,14 +38,14 @@ int numberIn(const std::string& text) {
 }
 
 bool isHtmlAlternative(const IcsProperty& property) {
-  return upperCase(property.parameter("FMTTYPE")) == "TEXT/HTML";
+  return vorn::asciiUpper(property.parameter("FMTTYPE")) == "TEXT/HTML";
 }
 
 // Some servers name people by addresses of their own, and write the one of the mail beside it.
 std::string addressIn(const IcsProperty& property) {
   constexpr std::size_t schemeLength = 7;
   const std::string& value = property.value;
-  if (upperCase(value.substr(0, schemeLength)) == "MAILTO:") return wellFormed(value.substr(schemeLength));
+  if (vorn::asciiUpper(value.substr(0, schemeLength)) == "MAILTO:") return wellFormed(value.substr(schemeLength));
   const std::string mail = property.parameter("EMAIL");
   return wellFormed(mail.empty() ? value : mail);
 }
@@ -62,8 +55,8 @@ CalendarAttendee attendeeFrom(const IcsProperty& property) {
   result.emailAddress = addressIn(property);
   result.name = wellFormed(property.parameter("CN"));
   if (result.name.empty()) result.name = result.emailAddress;
-  const std::string kind = upperCase(property.parameter("CUTYPE"));
-  const std::string role = upperCase(property.parameter("ROLE"));
+  const std::string kind = vorn::asciiUpper(property.parameter("CUTYPE"));
+  const std::string role = vorn::asciiUpper(property.parameter("ROLE"));
   if (kind == "ROOM" || kind == "RESOURCE") {
     result.type = 2;
   } else if (role == "OPT-PARTICIPANT" || role == "NON-PARTICIPANT") {
@@ -150,7 +143,7 @@ bool CalendarEvent::isOfSomebodyElse(std::string_view address) const {
 
 bool CalendarEvent::isRemoved() const { return m_store->m_document.isRemoved(component()); }
 
-std::string CalendarEvent::status() const { return upperCase(textOf("STATUS")); }
+std::string CalendarEvent::status() const { return vorn::asciiUpper(textOf("STATUS")); }
 
 int CalendarEvent::sequence() const { return numberIn(textOf("SEQUENCE")); }
 
@@ -219,7 +212,7 @@ IcsProblem CalendarEvent::doubt(std::string_view name, const std::string& what) 
   return {m_store->m_document.physicalLineOf(component(), name), what};
 }
 
-IcsProblem CalendarEvent::faultOfTimes() const {
+std::optional<IcsProblem> CalendarEvent::faultOfTimes() const {
   const auto fault = [this](const char* name, const char* what) {
     return doubt(name, std::string(name) + " \"" + wellFormed(textOf(name).substr(0, kMostShown)) + "\" " + what);
   };
@@ -240,7 +233,7 @@ IcsProblem CalendarEvent::faultOfTimes() const {
   return {};
 }
 
-IcsProblem CalendarEvent::doubtOfZones() const {
+std::optional<IcsProblem> CalendarEvent::doubtOfZones() const {
   for (const char* name : {"DTSTART", "DTEND"}) {
     const auto time = timeOf(name);
     if (!time) continue;
@@ -255,11 +248,11 @@ IcsProblem CalendarEvent::doubtOfZones() const {
 }
 
 IcsProblem CalendarEvent::doubtOfTimes() const {
-  const IcsProblem fault = faultOfTimes();
-  return fault.message.empty() ? doubtOfZones() : fault;
+  const std::optional<IcsProblem> fault = faultOfTimes();
+  return fault ? *fault : doubtOfZones().value_or(IcsProblem{});
 }
 
-IcsProblem CalendarEvent::doubtOfBody() const {
+std::optional<IcsProblem> CalendarEvent::doubtOfBody() const {
   const vorn::OptionalText html = htmlDescription();
   if (!html || linesMissingIn(*html, plainDescription()).empty()) return {};
   return doubt("DESCRIPTION",

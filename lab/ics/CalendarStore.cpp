@@ -124,10 +124,10 @@ std::vector<IcsProblem> CalendarStore::doubts() {
   std::vector<IcsProblem> result = m_document.warnings();
   std::set<std::string> told;
   for (const CalendarEvent& event : events()) {
-    if (const IcsProblem fault = event.faultOfTimes(); !fault.message.empty()) result.push_back(fault);
-    const IcsProblem zone = event.doubtOfZones();
-    if (!zone.message.empty() && told.insert(zone.message).second) result.push_back(zone);
-    if (const IcsProblem body = event.doubtOfBody(); !body.message.empty()) result.push_back(body);
+    if (const auto fault = event.faultOfTimes()) result.push_back(*fault);
+    const auto zone = event.doubtOfZones();
+    if (zone && told.insert(zone->message).second) result.push_back(*zone);
+    if (const auto body = event.doubtOfBody()) result.push_back(*body);
   }
   std::stable_sort(result.begin(), result.end(),
                    [](const IcsProblem& a, const IcsProblem& b) { return a.line < b.line; });

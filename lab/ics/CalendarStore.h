@@ -81,14 +81,15 @@ class CalendarEvent {
   // DTEND, or the start with DURATION; without both, the start, and for a whole day the next.
   std::optional<CalendarTime> end() const;
   bool isAllDay() const;
-  // What is broken in its times: one that is none, an end before the start. Without a message for nothing.
-  IcsProblem faultOfTimes() const;
-  // What was assumed about its times, and may be wrong: a zone that nobody knows, or none. Likewise.
-  IcsProblem doubtOfZones() const;
-  // The graver of both.
+  // What is broken in its times: one that is none, an end before the start. Absent when nothing is.
+  std::optional<IcsProblem> faultOfTimes() const;
+  // What was assumed about its times, and may be wrong: a zone that nobody knows, or none. Absent when
+  // nothing is.
+  std::optional<IcsProblem> doubtOfZones() const;
+  // The graver of both; without a message for neither.
   IcsProblem doubtOfTimes() const;
-  // That DESCRIPTION and the HTML beside it say different things. Likewise.
-  IcsProblem doubtOfBody() const;
+  // That DESCRIPTION and the HTML beside it say different things; absent when they do not.
+  std::optional<IcsProblem> doubtOfBody() const;
   CalendarRecurrence recurrence() const;
   // The starts of a series in that span, in seconds since 1970, oldest first: without the dates that the file
   // takes out, and without those that have an event of their own. None for what is no series.

@@ -6,6 +6,7 @@
 #include <array>
 #include <atomic>
 
+#include "util/Text.h"
 #include "util/Utf16.h"
 
 namespace vornlab {
@@ -17,14 +18,6 @@ constexpr std::size_t kFoldAt = 75;
 constexpr std::size_t kExcerpt = 40;
 
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
-
-std::string upperCase(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return result;
-}
 
 // Where the value begins: behind the first colon that stands in no quotation. A quotation mark that is never
 // closed is taken as a plain character, as some producers mean it.
@@ -49,7 +42,7 @@ IcsProperty parsedProperty(std::string_view content) {
   result.value = content.substr(std::min(colon + 1, content.size()));
   const std::string_view head = content.substr(0, colon);
   std::size_t from = head.find(';');
-  result.name = upperCase(head.substr(0, from));
+  result.name = vorn::asciiUpper(std::string(head.substr(0, from)));
   while (from < head.size()) {
     std::size_t to = from + 1;
     for (bool quoted = false; to < head.size() && (quoted || head[to] != ';'); ++to) {
@@ -57,7 +50,7 @@ IcsProperty parsedProperty(std::string_view content) {
     }
     const std::string_view piece = head.substr(from + 1, to - from - 1);
     const std::size_t equals = std::min(piece.find('='), piece.size());
-    result.parameters.emplace_back(upperCase(piece.substr(0, equals)),
+    result.parameters.emplace_back(vorn::asciiUpper(std::string(piece.substr(0, equals))),
                                    piece.substr(std::min(equals + 1, piece.size())));
     from = to;
   }
@@ -169,8 +162,7 @@ struct IcsDocument::Reader {
     }
     noteEncoding(line, content);
     const std::size_t index = document.m_lines.size();
-    if (!isEmpty && isReadable)
-      line.name = upperCase(std::string_view(content).substr(0, content.find_first_of(";:")));
+    if (!isEmpty && isReadable) line.name = vorn::asciiUpper(content.substr(0, content.find_first_of(";:")));
     const std::string name = line.name;
     document.m_lines.push_back(std::move(line));
     if (isEmpty || !isReadable) return true;
@@ -192,7 +184,7 @@ struct IcsDocument::Reader {
   }
 
   static std::string componentNameIn(const std::string& content, std::size_t colon) {
-    std::string name = upperCase(std::string_view(content).substr(colon + 1));
+    std::string name = vorn::asciiUpper(content.substr(colon + 1));
     while (!name.empty() && isBlank(name.back())) name.pop_back();
     return name;
   }

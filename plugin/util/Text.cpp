@@ -16,6 +16,13 @@ std::string asciiLower(std::string text) {
   return text;
 }
 
+std::string asciiUpper(std::string text) {
+  for (char& c : text) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - ('a' - 'A'));
+  }
+  return text;
+}
+
 std::string caseFolded(std::string_view text) {
   std::string result;
   icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())))

@@ -10,6 +10,8 @@ namespace vorn {
 // An upper-case letter of ASCII in lower case; any other byte as it is.
 constexpr char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 std::string asciiLower(std::string text);
+// The same the other way round.
+std::string asciiUpper(std::string text);
 
 // The text in the form in which texts that differ only in case are equal, independent of language.
 std::string caseFolded(std::string_view text);
