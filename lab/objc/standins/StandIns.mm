@@ -118,17 +118,13 @@ NSMutableArray* openWindows() {
   return m_menu;
 }
 - (void)setMenu:(NSMenu*)menu {
-  [menu retain];
-  [m_menu release];
-  m_menu = menu;
+  replace(m_menu, menu);
 }
 - (NSString*)toolTip {
   return m_toolTip;
 }
 - (void)setToolTip:(NSString*)text {
-  NSString* copy = [text copy];
-  [m_toolTip release];
-  m_toolTip = copy;
+  replaceText(m_toolTip, text);
 }
 @end
 
@@ -153,9 +149,7 @@ NSMutableArray* openWindows() {
   return m_text ? m_text : @"";
 }
 - (void)setStringValue:(NSString*)text {
-  NSString* copy = [text copy];
-  [m_text release];
-  m_text = copy;
+  replaceText(m_text, text);
 }
 @end
 
@@ -360,9 +354,7 @@ NSMutableArray* openWindows() {
   return m_toolbar;
 }
 - (void)setToolbar:(NSToolbar*)toolbar {
-  [toolbar retain];
-  [m_toolbar release];
-  m_toolbar = toolbar;
+  replace(m_toolbar, toolbar);
   [toolbar bringInDefaultItems];
 }
 - (BOOL)isVisible {
@@ -475,9 +467,7 @@ NSMutableArray* openWindows() {
   return m_currentEvent;
 }
 - (void)setCurrentEvent:(NSEvent*)event {
-  [event retain];
-  [m_currentEvent release];
-  m_currentEvent = event;
+  replace(m_currentEvent, event);
 }
 - (id)delegate {
   return m_delegate;
@@ -502,9 +492,7 @@ NSMutableArray* openWindows() {
   (void)text;
 }
 - (void)setInformativeText:(NSString*)text {
-  NSString* copy = [text copy];
-  [m_message release];
-  m_message = copy;
+  replaceText(m_message, text);
 }
 - (id)addButtonWithTitle:(NSString*)title {
   if (!m_buttons) m_buttons = [[NSMutableArray alloc] init];
