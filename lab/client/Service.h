@@ -35,7 +35,7 @@ class Service {
  public:
   struct Options {
     std::string database = ":memory:";
-    std::string version = "5.12.3.9654";
+    std::string version = VORNCLIENT_VERSION;
     std::uint64_t seed = 0;  // of meeting numbers and tokens; 0 takes one that nobody knows
   };
 

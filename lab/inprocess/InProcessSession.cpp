@@ -16,7 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kClientIdentifier = "us.vorn.xos";
-constexpr const char* kClientVersion = "5.12.3.9654";
 
 // An application that is there to be found, and that nobody starts.
 const fs::path& programs() {
@@ -28,8 +27,8 @@ const fs::path& programs() {
     return vorn::writePropertyList(
         vorn::Value::dictionaryFromPairs({{"CFBundleIdentifier", kClientIdentifier},
                                           {"CFBundleExecutable", "vornclient"},
-                                          {"CFBundleShortVersionString", kClientVersion},
-                                          {"CFBundleVersion", kClientVersion}}),
+                                          {"CFBundleShortVersionString", VORNCLIENT_VERSION},
+                                          {"CFBundleVersion", VORNCLIENT_VERSION}}),
         (contents / "Info.plist").string());
   }();
   static_cast<void>(isMade);
@@ -43,7 +42,7 @@ LabOptions withPrograms(LabOptions options) {
 
 Service::Options serviceOptions(const LabOptions& options) {
   Service::Options service;
-  service.version = options.clientVersion.empty() ? kClientVersion : options.clientVersion;
+  if (!options.clientVersion.empty()) service.version = options.clientVersion;
   service.seed = 20261121;
   return service;
 }
