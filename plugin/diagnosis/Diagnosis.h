@@ -29,10 +29,9 @@ namespace vorn {
 //                                 "fromFieldChanged", "supported", "updateIsForced", "dragIsUnderWay",
 //                                 "openedFromClient". Without a bar the shared manager answers, as for any
 //                                 window that is not known
-//   "panel"      "editor"         "hasPanel": whether the settings panel was opened in the editor's window; and
-//   then
-//                                 one group with what its commit would hand out, and "settings", the same as a
-//                                 dictionary and uncovered, for comparing and never for showing
+//   "panel"      "editor"         "hasPanel": whether the settings panel was opened in the editor's window;
+//                                 then one group with what its commit would hand out, and "settings", the same
+//                                 as a dictionary and uncovered, for comparing and never for showing
 //   "body"       "operation"      "result": what "insert", "update", "remove" or "text" makes of "body", which is
 //                                 given back uncovered; null when it gives nothing, for "reason". "bookmarks":
 //                                 the form that was found. Further parameters of the first two: "invitation",

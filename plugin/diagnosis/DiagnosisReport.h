@@ -12,7 +12,7 @@ namespace vorn {
 //
 // A group is a dictionary with "name" and "rows". A row has "key", its name for programs; "words", its name for
 // people; "value", null when the thing is not there; "shown", the value in words; and "note", what else a person
-// should know, absent when there is nothing.
+// should know, absent when there is nothing. Main thread only.
 class DiagnosisReport {
  public:
   void beginGroup(std::string_view name);

@@ -11,7 +11,7 @@ namespace vorn {
 
 // Dates and their texts of the form "2026-01-31 23:59:59". A date is seconds since 1970; a time zone is named as
 // in util/DateText.h. A text that cannot be read gives an absent date, and that counts as 0 where a number is
-// asked.
+// asked. Any thread.
 class TimeUtils {
  public:
   using Date = std::optional<double>;

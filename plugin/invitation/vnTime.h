@@ -8,7 +8,7 @@
 
 namespace vorn {
 
-// The time stamp of calendar texts, "20260131T235959Z".
+// The time stamp of calendar texts, "20260131T235959Z". Main thread only.
 class vnTime {
  public:
   // The present time.

@@ -11,7 +11,7 @@ namespace vorn {
 // has folded goes on; letters are lower case, without accents, and of ordinary width. So a rule is written once
 // and holds for "@", "%40", "&#64;" and "\u0040".
 //
-// The text must outlive it. Linear in the text's size.
+// The text must outlive it. Linear in the text's size. Any thread.
 class ReadableText {
  public:
   explicit ReadableText(std::string_view text);

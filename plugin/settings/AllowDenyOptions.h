@@ -24,7 +24,7 @@ class AllowDenyOptions {
   void userChanged(std::string_view key);
   void closeAllowDenyRCSearchListWindow() { m_window.closeAllowDenyRCSearchListWindow(); }
 
-  // The panel ends, and its window with it.
+  // Closes its window without taking anything over; nothing for a closed one.
   void endWindow() { m_window.endSheet(); }
   // What a commit writes.
   void writeAllowDeny();

@@ -50,11 +50,12 @@ class VnSettingViewController final : private PanelSteps {
   void initFields(const Value& meetingInfo);
   // Loads the controls once more and keeps what the user has set.
   void updateUIItemsForNextTime();
+  // Loads the controls from the record, as opening does.
   void initializeItems();
   // The record is the personal meeting's from now on, or the account's for a meeting with a number of its own.
   void refreshUI(bool forPMI) override;
 
-  // A press beside the controls, or on one that has nothing to say, comes with the key of none.
+  // `key` is "" for a press beside the controls.
   void userChanged(std::string_view key);
   // The passcode's field has another text.
   void fieldTextChange() { m_security.fieldTextChange(); }
@@ -70,7 +71,8 @@ class VnSettingViewController final : private PanelSteps {
   bool checkIfDeletedTemplate() const { return m_template.checkIfDeletedTemplate(); }
   void resetTemplateBoxUI();
   const ScheduleForOptions& scheduleFor() const { return m_scheduleFor; }
-  // Whose personal meeting it is; that of a number of its own is nobody's.
+  // The e-mail of the person whose personal meeting is chosen; "" for oneself, and for a meeting with a number of
+  // its own.
   std::string getScheduldForEmailFromUI() const { return m_scheduleFor.getScheduleForEmailFromUI(); }
   // The client has answered with the people to schedule for.
   void setScheduleForListInfo(bool forOther) override;
@@ -93,6 +95,8 @@ class VnSettingViewController final : private PanelSteps {
   void setPMIMeetingInfo(const Value& meetingInfo) override;
   // The personal meeting that was set last has come from the client.
   void onPMIMeetingInfo();
+
+  // As SettingsPanel's operations of these names.
   void resetMeetingItemWhenUpdateError();
   void commitRefused();
   void commitStands();

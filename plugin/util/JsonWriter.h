@@ -8,7 +8,7 @@
 
 namespace vorn {
 
-// Pretty-prints one value as JSON.
+// Pretty-prints one value as JSON. Any thread.
 class JsonWriter {
  public:
   explicit JsonWriter(std::size_t deepestNesting) : m_deepestNesting(deepestNesting) {}

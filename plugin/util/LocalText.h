@@ -7,7 +7,7 @@
 namespace vorn {
 
 // Comparing and ordering texts in the way of a language, which is a tag such as "de" or "zh-Hant-TW". A tag that
-// nobody knows counts as no language in particular. No function fails; time linear in the text.
+// nobody knows counts as no language in particular. No function fails; time linear in the text. Any thread.
 
 // In lower case and in the composed form, so that two texts that read alike are alike.
 std::string lowerCased(std::string_view text, const std::string& language);

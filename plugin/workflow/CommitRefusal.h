@@ -19,13 +19,13 @@ class CommitRefusal {
   bool checkScheduleForEmailValidity();
   static void changeUIWithScheduleForEmainError(const HostObject& parentWindow);
 
-  // Warns that this user may not schedule for the person in whose name the window is open.
+  // Warns that this user may not schedule for the person in whose name the window is open. No caller here.
   static void showWarningNotAllowScheduleForOthers(const MeetingWindow& window);
 
   // Opens the panel again after a refused commit.
   void showSettingsWindowWithCommitError(const HostObject& parentWindow, int errorCode);
   void resetMeetingItemWhenUpdateError(const HostObject& parentWindow);
-  // What the panel of the window knows of its site; absent without one.
+  // The meeting information that the window's panel was loaded with first; absent without a panel.
   static Value getSiteMeetingInfo(const OptionalText& windowId);
   static void onInvokeScheduleAlternateHostError(const Value& userInfo);
 

@@ -43,7 +43,8 @@ class SettingsFlow {
   // The user has told the system not to show the panel.
   static bool notShowSetting();
 
-  // Fetches the personal meeting, in the state that says what for. Nothing, not even the state, without a profile.
+  // Fetches the personal meeting, in the state that says what for. Nothing, not even the state, before any profile
+  // has come; one that was cleared since is good enough.
   void getPMIMeetingInfo(MeetingWindow& window, std::uint64_t state);
   // Whether the appointment is a series. For the panel, which hides what a series cannot have.
   bool isEnableRecurrence(MeetingWindow& window);

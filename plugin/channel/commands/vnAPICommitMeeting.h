@@ -10,7 +10,7 @@
 namespace vorn {
 
 // Schedules a meeting or updates one: checks what the account's policy demands, reduces the working data to what
-// the client of the moment understands, and reads the answer.
+// the client of the moment understands, and reads the answer. Main thread only.
 class vnAPICommitMeeting : public vnAPICommandFor<CommitOwner> {
  public:
   // The commit data: "apptInfo", "setting" and, for an existing meeting, "meetingKey".

@@ -7,7 +7,7 @@
 
 namespace vorn {
 
-// Deletes a meeting, and tells the user where a deleted meeting still is.
+// Deletes a meeting, and tells the user where a deleted meeting still is. Main thread only.
 class vnAPIDeleteMeeting : public vnAPICommandFor<DeleteMeetingOwner> {
  public:
   void setData(const std::string& meetingKey) { m_meetingKey = meetingKey; }

@@ -8,7 +8,8 @@
 
 namespace vorn {
 
-// Asks for a meeting by its number, or with the number "new" for what a new meeting starts from.
+// Asks for a meeting by its number, or with the number "new" for what a new meeting starts from. Main thread
+// only.
 class vnAPIGetMeeting : public vnAPICommandFor<GetMeetingOwner> {
  public:
   // An empty language keeps the one that was given before, also for requests that name none.

@@ -8,6 +8,7 @@
 namespace vorn {
 
 // Asks for a meeting by the host's UUID of its appointment. It is asked unbidden, so nothing of it is ever shown.
+// Main thread only.
 class vnAPIGetMeetingByApptUUID : public vnAPICommandFor<GetMeetingOwner> {
  public:
   vnAPIGetMeetingByApptUUID() { setSilentAPIError(true); }

@@ -7,7 +7,7 @@
 
 namespace vorn {
 
-// Asks for the account's personal audio conferences.
+// Asks for the account's personal audio conferences. Main thread only.
 class vnAPIGetPAC : public vnAPIWindowCommand {
  public:
   // Sends the request; 0, or the code for which it was refused. With a client that knows no such conferences it

@@ -7,7 +7,7 @@
 
 namespace vorn {
 
-// Asks for the people whom the user may schedule for.
+// Asks for the people whom the user may schedule for. Main thread only.
 class vnAPIGetScheduleForList : public vnAPIWindowCommand {
  public:
   // Sends the request; 0, or the code for which it was refused.

@@ -7,7 +7,8 @@
 
 namespace vorn {
 
-// Asks for the account's profile, which goes to the profile reader before the manager hears of it.
+// Asks for the account's profile, which goes to the profile reader before the manager hears of it. Main thread
+// only.
 class vnAPIGetUserProfile : public vnAPIWindowCommand {
  public:
   // Sends the request; 0, or the code for which it was refused.

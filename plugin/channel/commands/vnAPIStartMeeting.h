@@ -6,7 +6,8 @@
 
 namespace vorn {
 
-// Has the client start a meeting now. It waits for nothing: no timers, no sheet, no activation.
+// Has the client start a meeting now. It waits for nothing: no timers, no sheet, no activation. Main thread
+// only.
 class vnAPIStartMeeting : public vnAPIBase {
  public:
   static vnAPIStartMeeting& sharedInstance();

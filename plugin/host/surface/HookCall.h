@@ -9,7 +9,7 @@
 
 namespace vorn {
 
-// One call of the host that arrived in a replacement.
+// One call of the host that arrived in a replacement. Main thread only.
 class HookCall {
  public:
   HookCall(ClassRuntime& runtime, std::string_view addedSelector, const HostObject& receiver,

@@ -36,6 +36,7 @@ struct TokenPiece {
 //
 // Positions are UTF-16 units and never inside a surrogate pair: one that would be is moved out of it, and one
 // behind the end is the end. A chip is one unit. Everything takes time linear in the text and in what is put in.
+// A plain value. Any thread.
 class TokenText {
  public:
   // The unit that stands for a chip. In what a user types or pastes it stands for nothing and is left out.

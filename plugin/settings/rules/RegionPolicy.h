@@ -1,7 +1,7 @@
 #pragma once
 
 // The rules of the regions that may join: the option in the panel, and the list in its window. Pure functions;
-// time linear in what they are given, but for the sorting of what is offered.
+// time linear in what they are given, but for the sorting of what is offered. Any thread.
 
 #include <cstdint>
 #include <functional>
