@@ -157,14 +157,17 @@ ExitCode run(int argc, char** argv) {
   CLI::App program("The stand-in host with real windows.", "vornlab-desktop");
   addCalendarInput(program, words.input, "the calendar file; without it an empty calendar")->required(false);
   program.add_flag("--panel", words.panel, "open only the settings panel of a new appointment");
-  program.add_option("--picture", words.picture, "with --panel: write a picture of it, and end");
-  program.add_option("--tour", words.tour, "write the pictures of the documentation into this folder, and end");
+  program.add_option("--picture", words.picture, "with --panel: write a picture of it, and end")
+      ->check(complaintOfNothing, "FILE");
+  program.add_option("--tour", words.tour, "write the pictures of the documentation into this folder, and end")
+      ->check(complaintOfNothing, "FOLDER");
   program.add_option("--account", words.lab.account, "who is signed in at the client")
       ->check(complaintOfFile, "FILE");
   addClientVersion(program, "--client-version", words.lab);
   program.add_option("--play", words.play.files, "play scenarios with the mouse and by keys; docs/scenarios.md")
       ->check(complaintOfFile, "FILE");
-  program.add_option("--pictures", words.pictures, "with --play: the folder for their pictures");
+  program.add_option("--pictures", words.pictures, "with --play: the folder for their pictures")
+      ->check(complaintOfNothing, "FOLDER");
   addJsonFlag(program, words.play.form, "with --play: one JSON object a line");
   try {
     program.parse(argc, argv);

@@ -55,7 +55,8 @@ void printAsJson(const BodyOptions& options, const std::string& body, const Valu
 CLI::App& addOperation(CLI::App& bodies, const char* name, const char* what, BodyOptions& options) {
   CLI::App* command = bodies.add_subcommand(name, what);
   command->add_option("BODY", options.body, "the body as HTML")->required()->check(complaintOfFile, "FILE");
-  command->add_option("--out", options.output, "where the result goes, instead of the standard output");
+  command->add_option("--out", options.output, "where the result goes, instead of the standard output")
+      ->check(complaintOfNothing, "FILE");
   addJsonFlag(*command, options.form);
   command->callback([&options, name] { options.operation = name; });
   return *command;

@@ -61,7 +61,7 @@ CLI::Option* addCalendarInput(CLI::App& command, CalendarInput& input, const cha
   command.add_option("--zone", input.zone, "the zone of the calendar's owner, for times that have none")
       ->check(complaintOfZone, "ZONE");
   command.add_flag("--strict", input.isStrict, "refuse a file in which something is doubtful");
-  return command.add_option("IN", input.file, what);
+  return command.add_option("IN", input.file, what)->check(complaintOfNothing, "FILE");
 }
 
 std::string missingInWords(const std::filesystem::path& file, const std::string& uid) {

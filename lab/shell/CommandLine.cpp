@@ -36,6 +36,7 @@ std::string complaintOfAddress(const std::string& text) {
 }
 
 std::string complaintOfWorld(const std::string& folder) {
+  if (std::string complaint = complaintOfNothing(folder); !complaint.empty()) return complaint;
   return World::mayStandIn(folder) ? "" : folder + " is somebody's folder; name a new one";
 }
 

@@ -118,8 +118,10 @@ Command addDemo(CLI::App& program, const LabOptions& lab) {
   addCalendarInput(*command, options->input, "a calendar file of your own, instead of the shipped one");
   command->add_option("--uid", options->uid, "the appointment that is taken, instead of the first")
       ->check(complaintOfNothing, "UID");
-  command->add_option("--out", options->output,
-                      "where the changed calendar goes; without, that of a file of your own goes nowhere");
+  command
+      ->add_option("--out", options->output,
+                   "where the changed calendar goes; without, that of a file of your own goes nowhere")
+      ->check(complaintOfNothing, "FILE");
   command->add_flag("--keep", options->lab.keepWorld, "leave the world's folder behind");
   command->add_flag_callback(
       "--full", [options] { options->envelopes = RoadPrinter::Envelopes::whole; },

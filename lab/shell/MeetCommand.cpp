@@ -214,7 +214,8 @@ CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
   CLI::App* command = program.add_subcommand(
       "meet", "give the appointments of a calendar file their meetings, and tell their join URLs");
   addCalendarInput(*command, options.input)->required();
-  auto* out = command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself");
+  auto* out = command->add_option("--out", options.output, "where the changed calendar goes; may be IN itself")
+                  ->check(complaintOfNothing, "FILE");
   auto* which = command->add_option_group("which appointments");
   which->add_option("--uid", options.uids, "one appointment; may be repeated")->check(complaintOfNothing, "UID");
   which->add_flag("--all", options.all, "every appointment");
@@ -228,6 +229,7 @@ CLI::App* addMeetWords(CLI::App& program, MeetOptions& options) {
   command->add_flag("--covered", options.isCovered,
                     "cover passcodes, join tokens and addresses in what is told, for passing it on");
   command->add_option("--client-db", options.lab.clientDatabase, "where the stand-in service keeps its meetings")
+      ->check(complaintOfNothing, "FILE")
       ->capture_default_str();
   addOwner(*command, options.me, "the address of the calendar's owner: what others organize is skipped");
   return command;

@@ -105,7 +105,9 @@ Command addReport(CLI::App& program, const LabOptions& lab) {
   command->add_option("--uid", options->uid, "the appointment whose panel is told; else a new one's")
       ->check(complaintOfNothing, "UID");
   addOwner(*command, options->me);
-  command->add_option("--out", options->output, "where the report goes")->capture_default_str();
+  command->add_option("--out", options->output, "where the report goes")
+      ->check(complaintOfNothing, "FILE")
+      ->capture_default_str();
   command
       ->add_option("--client-db", options->lab.clientDatabase,
                    "where the stand-in service keeps its meetings, when it is not where meet keeps them")

@@ -40,14 +40,16 @@ std::string complaintOfFile(const std::string& path) { return complaintOfPath(pa
 
 std::string complaintOfFolder(const std::string& path) { return complaintOfPath(path, true); }
 
-std::string complaintOfMeetings(const std::string& path) { return isFile(path) ? complaintOfFile(path) : ""; }
+std::string complaintOfMeetings(const std::string& path) {
+  return isFile(path) ? complaintOfFile(path) : complaintOfNothing(path);
+}
 
 std::string complaintOfDatabase(const std::string& path) {
   if (isFile(path)) {
     if (std::string complaint = complaintOfFile(path); !complaint.empty()) return complaint;
     return ::access(path.c_str(), W_OK) == 0 ? "" : path + " cannot be written: " + std::strerror(errno);
   }
-  if (path.empty() || path == ":memory:") return "";
+  if (path.empty() || path == ":memory:") return complaintOfNothing(path);
   std::error_code unknown;
   const fs::path folder = fs::absolute(path, unknown).parent_path();
   if (fs::status(folder, unknown).type() == fs::file_type::not_found) return "";

@@ -10,7 +10,7 @@ namespace vornlab {
 std::string complaintOfFile(const std::string& path);
 std::string complaintOfFolder(const std::string& path);
 
-// A file of meetings that can be read, if it is there; ":memory:" is no file, and "" means that none was named.
+// A file of meetings that can be read, if it is there; ":memory:" is no file.
 std::string complaintOfMeetings(const std::string& path);
 // The same of one that can be written, too, or made where it is missing.
 std::string complaintOfDatabase(const std::string& path);

@@ -148,7 +148,8 @@ Command addWatch(CLI::App& program, const LabOptions& lab) {
   const auto options = optionsFrom<WatchOptions>(lab);
   CLI::App* command = program.add_subcommand(
       "watch", "show a running laboratory: its windows, what they wait for, and what goes to and fro");
-  auto* world = command->add_option("--world", options->world, "the one with this folder");
+  auto* world = command->add_option("--world", options->world, "the one with this folder")
+                    ->check(complaintOfNothing, "FOLDER");
   auto* process = command->add_option("--process", options->process, "the one that runs as this process")
                       ->check(complaintOfProcess, "NUMBER")
                       ->excludes(world);
