@@ -133,6 +133,10 @@ TEST_F(PlayScenario, FailsWhereALineCannotBePlayed) {
       {"appointment a\nopen a as x\nopen a as x\n", ":3: open a as x\n  expected   a name for the window"},
       {"appointment a\nopen a\nclick cancel\n",
        ":3: click cancel\n  expected   a button for cancel\n  there was  hidden"},
+      {"panel on\nnew\nclick add\nsettings set enableWaitingRoom.text Ha\n",
+       ":4: settings set enableWaitingRoom.text Ha\n  expected   a field for a text\n"},
+      {"panel on\nnew\nclick add\nsettings click waitingRoomPrompt\n",
+       ":4: settings click waitingRoomPrompt\n  expected   something that can be clicked\n"},
   };
   for (const auto& [text, told] : cases) {
     const ProgramRun run = play({m_folder.write("x.vorn", std::string(text) + "expect progress hidden\n")});

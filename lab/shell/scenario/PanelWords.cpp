@@ -11,6 +11,7 @@ namespace {
 
 using vorn::Control;
 using DeedKind = PanelDeed::Kind;
+using Kind = Control::Kind;
 
 const char* inWords(bool value) { return value ? "yes" : "no"; }
 
@@ -24,6 +25,12 @@ Control controlOf(Stage& stage, const std::string& key) {
   const auto control = screen(stage).look(window, key);
   if (!control) throw Mismatch("a control " + key, "none in the panel");
   return *control;
+}
+
+// What nobody sees may have no kind yet, and its use tells that it is hidden.
+void needKind(const Control& seen, const char* what, std::initializer_list<Kind> kinds) {
+  if (seen.hidden || std::find(kinds.begin(), kinds.end(), seen.kind) != kinds.end()) return;
+  throw Mismatch(what, seen.key);
 }
 
 void use(Stage& stage, const std::string& key, const PanelDeed& deed) {
@@ -88,16 +95,20 @@ void PanelProperty::set(Stage& stage, const std::string& value) const {
   if (property == "on") {
     if (value != "yes" && value != "no") throw Mismatch(control + ".on is yes or no", value);
     const Control now = controlOf(stage, control);
-    if (value == "no" && now.kind == Control::Kind::radioButton) {
+    needKind(now, "a switch or a radio button", {Kind::checkBox, Kind::radioButton});
+    if (value == "no" && now.kind == Kind::radioButton) {
       throw Mismatch("another choice of the group, for nobody takes one back", control + ".on no");
     }
     // Whoever wants it as it is presses nothing, yet it has to be there.
     if (now.on == (value == "yes") && now.enabled && !now.hidden) return;
     deed = {.kind = DeedKind::turn, .on = value == "yes"};
   } else if (property == "text") {
+    needKind(controlOf(stage, control), "a field for a text", {Kind::textField, Kind::comboBox});
     deed = {.kind = DeedKind::write, .text = value};
   } else if (property == "index" || property == "chosen") {
-    const auto item = itemOf(controlOf(stage, control), property, value);
+    const Control now = controlOf(stage, control);
+    needKind(now, "a control with items", {Kind::popup, Kind::comboBox, Kind::list, Kind::radioGroup});
+    const auto item = itemOf(now, property, value);
     if (!item) throw Mismatch("an item " + value + " of " + control, "none");
     deed = {.kind = DeedKind::choose, .index = *item};
   } else {
@@ -109,7 +120,7 @@ void PanelProperty::set(Stage& stage, const std::string& value) const {
 namespace {
 
 void useTokens(Stage& stage, const std::string& control, const PanelDeed& deed) {
-  if (controlOf(stage, control).kind != Control::Kind::tokenField) throw Mismatch("a field of tokens", control);
+  needKind(controlOf(stage, control), "a field of tokens", {Kind::tokenField});
   use(stage, control, deed);
 }
 
@@ -150,10 +161,17 @@ const PanelKey* findKey(std::string_view word) {
 bool isPanelKey(std::string_view word) { return findKey(word) != nullptr; }
 
 void pressInPanel(Stage& stage, const std::string& control, const std::string& word) {
+  needKind(controlOf(stage, control), "a field", {Kind::textField, Kind::comboBox, Kind::tokenField});
   use(stage, control, {.kind = DeedKind::press, .key = findKey(word)->key});
 }
 
-void clickInPanel(Stage& stage, const std::string& control) { use(stage, control, {}); }
+void clickInPanel(Stage& stage, const std::string& control) {
+  const Control now = controlOf(stage, control);
+  needKind(now, "something that can be clicked", {Kind::button, Kind::link, Kind::checkBox, Kind::radioButton});
+  if (now.kind == Kind::checkBox) return use(stage, control, {.kind = DeedKind::turn, .on = !now.on});
+  if (now.kind == Kind::radioButton) return use(stage, control, {.kind = DeedKind::turn, .on = true});
+  use(stage, control, {});
+}
 
 void scrollInPanel(Stage& stage) {
   if (screen(stage).scroll(windowOf(stage)) == vorn::ControlUse::noPanel) {
