@@ -9,6 +9,7 @@
 #import "lab/desktop/CalendarPane.h"
 #import "lab/desktop/ClientWindow.h"
 #import "lab/desktop/EditorForm.h"
+#import "lab/desktop/RealHand.h"
 #include "lab/desktop/Theme.h"
 #import "lab/objc/HostClasses.h"
 #include "lab/shell/Interruption.h"
@@ -43,6 +44,21 @@
 }
 @end
 
+// Takes a window off that holds everything up, so that whoever interrupts the program is heard while it waits for
+// an answer.
+@interface vnInterruptionWatch : NSObject
+- (void)look:(NSTimer*)timer;
+@end
+
+@implementation vnInterruptionWatch
+- (void)look:(NSTimer*)timer {
+  (void)timer;
+  if (!vornlab::Interruption::requested() || ![NSApp modalWindow]) return;
+  [NSApp stopModalWithCode:NSRunAbortedResponse];
+  vornlab::wakeLoop();
+}
+@end
+
 namespace vornlab {
 
 namespace {
@@ -60,6 +76,7 @@ HostOptions hostOf(const std::string& userAddress) {
 
 constexpr double kTurnSeconds = 0.01;
 constexpr double kLongSeconds = 3600;
+constexpr double kInterruptionSeconds = 0.1;
 // The plug-in clears up a hundredth of a second after a window has closed, and the toolkit in the turn behind
 // that. A turn ends early with an event, so they are not counted. What is left when the thread ends is let go of
 // without a pool, which the toolkit tells on the terminal.
@@ -91,6 +108,13 @@ void DesktopSession::beginApplication() {
   [NSApp activateIgnoringOtherApps:YES];
   // The toolkit has taken the signals for itself.
   Interruption::install();
+  // The loop keeps both to the end.
+  NSTimer* looking = [NSTimer timerWithTimeInterval:kInterruptionSeconds
+                                             target:[[[vnInterruptionWatch alloc] init] autorelease]
+                                           selector:@selector(look:)
+                                           userInfo:nil
+                                            repeats:YES];
+  [[NSRunLoop currentRunLoop] addTimer:looking forMode:NSModalPanelRunLoopMode];
   // The server of the pasteboards may go, which is no wish of the person's to end.
   std::signal(SIGPIPE, SIG_IGN);
 }

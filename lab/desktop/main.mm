@@ -14,6 +14,7 @@
 #include "lab/desktop/OwnPasteboard.h"
 #import "lab/desktop/Picture.h"
 #import "lab/desktop/Questions.h"
+#include "lab/host/HostScreen.h"
 #include "lab/objc/PlayAlone.h"
 #include "lab/shell/CalendarInput.h"
 #include "lab/shell/CommandLine.h"
@@ -50,8 +51,9 @@ NSWindow* openPanel(DesktopSession& session) {
   if (!session.pressInBar(kAdd)) throw LabError("the bar offers no meeting");
   settle(session);
   NSWindow* panel = [[session.editorWindow() childWindows] lastObject];
-  if (!panel) throw LabError("the plug-in shows no panel");
-  return panel;
+  if (panel) return panel;
+  const std::string told = session.trace().alert();
+  throw LabError("the panel does not open: " + (told.empty() ? "the plug-in shows none" : told));
 }
 
 // The panel of a new appointment, as a click in the bar opens it.
@@ -97,6 +99,12 @@ void takeTour(DesktopSession& session, const fs::path& folder) {
   writePicture([session.clientWindow() window], folder / "client.png");
 }
 
+// Somebody who answers alerts where no person waits before the screen.
+std::unique_ptr<HostScreen> watchedScreen(const LabOptions& lab, const fs::path& pictures) {
+  const fs::path drawing = lab.programs / "objc/vOutlookPlugin.bundle/Contents/Frameworks/vornPluginWindows";
+  return std::make_unique<DesktopScreen>(drawing, pictures);
+}
+
 void work(const DesktopWords& words) {
   CalendarStore calendar(words.input.storeOptions());
   FileQuestions person;
@@ -105,7 +113,8 @@ void work(const DesktopWords& words) {
   file.begin();
   shownCalendarFile() = &file;
   try {
-    DesktopSession session(words.lab, calendar, "");
+    const bool isWatched = words.panel && !words.picture.empty();
+    DesktopSession session(words.lab, calendar, {}, isWatched ? watchedScreen(words.lab, "") : nullptr);
     if (words.panel) {
       showPanel(session, words.picture);
     } else if (!words.tour.empty()) {
@@ -127,11 +136,9 @@ ExitCode playOne(char** argv, const std::vector<std::string>& words) {
   LabOptions lab;
   lab.programs = programFolder();
   lab.world = enterOwnWorld(argv);
-  const fs::path drawing = lab.programs / "objc/vOutlookPlugin.bundle/Contents/Frameworks/vornPluginWindows";
   const fs::path pictures = words[2];
   const auto start = [&](const LabOptions& asked, CalendarStore& calendar, const HostOptions& host) {
-    auto screen = std::make_unique<DesktopScreen>(drawing, pictures);
-    auto session = std::make_unique<DesktopSession>(asked, calendar, host, std::move(screen));
+    auto session = std::make_unique<DesktopSession>(asked, calendar, host, watchedScreen(lab, pictures));
     // A person begins when the main window is drawn, with what the plug-in puts into it in the next turns.
     session->waitForQuiet();
     return session;
