@@ -76,12 +76,12 @@ void scrollToEnd(NSView* view) {
 
 // The pictures of the documentation, each made by what a person would do.
 void takeTour(DesktopSession& session, const fs::path& folder) {
-  fs::create_directories(folder);
-  session.passTime(0.2);
-  writePicture(session.mainWindow(), folder / "week.png");
   const std::vector<CalendarEvent> events = session.calendar().events();
   if (events.empty()) throw UsageError("a tour needs a calendar with an appointment");
   const CalendarEvent& event = events.front();
+  fs::create_directories(folder);
+  session.passTime(0.2);
+  writePicture(session.mainWindow(), folder / "week.png");
   session.openEditor(&event);
   settle(session);
   writePicture(session.editorWindow(), folder / "editor.png");
@@ -176,11 +176,7 @@ ExitCode run(int argc, char** argv) {
   program.add_option("--pictures", words.pictures, "with --play: the folder for their pictures")
       ->check(complaintOfNothing, "FOLDER");
   addJsonFlag(program, words.play.form, "with --play: one JSON object a line");
-  try {
-    program.parse(argc, argv);
-  } catch (const CLI::ParseError& error) {
-    return program.exit(error) == 0 ? ExitCode::done : ExitCode::badUsage;
-  }
+  if (const auto end = readWords(program, {argv + 1, argv + argc})) return *end;
   keepTheWayToTheDisplay();
   if (!words.play.files.empty()) {
     fs::create_directories(words.pictures);

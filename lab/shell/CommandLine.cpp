@@ -152,7 +152,8 @@ int runProgram(const char* name, const std::function<ExitCode()>& run) {
 
 std::optional<ExitCode> readWords(CLI::App& program, std::vector<std::string> words, const std::string& where) {
   program.set_version_flag("--version", program.get_name() + " " + VORNLAB_VERSION, "the version of this program");
-  if (!words.empty() && !words.front().starts_with('-') && !hasCommand(program, words.front())) {
+  const bool hasCommands = !program.get_subcommands(nullptr).empty();
+  if (hasCommands && !words.empty() && !words.front().starts_with('-') && !hasCommand(program, words.front())) {
     throw UsageError("there is no command \"" + words.front() + "\"" + where + "; there are " +
                      namesOfCommands(program));
   }

@@ -15,7 +15,8 @@ foreach(picture week editor panel panel-end client notice)
   endif()
 endforeach()
 
-# What is refused is told at once in the program's own words, by its exit code too, and leaves no picture.
+# What is refused is told at once in the program's own words, and leaves no picture.
+file(WRITE ${FOLDER}/empty.ics "BEGIN:VCALENDAR\nVERSION:2.0\nPRODID:x\nEND:VCALENDAR\n")
 function(expect_refusal expected_code words)
   execute_process(COMMAND ${XVFB_RUN} -a -s "-screen 0 1440x900x24" ${PROGRAM} ${ARGN}
     TIMEOUT 60 RESULT_VARIABLE code ERROR_VARIABLE errors)
@@ -24,6 +25,8 @@ function(expect_refusal expected_code words)
   endif()
 endfunction()
 expect_refusal(1 "the panel does not open: Your version of the Vorn" --panel --picture ${FOLDER}/none.png --client-version 1.0)
-if(EXISTS ${FOLDER}/none.png)
+expect_refusal(2 "nothing is known of --foo" --foo)
+expect_refusal(2 "a tour needs a calendar" ${FOLDER}/empty.ics --tour ${FOLDER}/none)
+if(EXISTS ${FOLDER}/none OR EXISTS ${FOLDER}/none.png)
   message(FATAL_ERROR "a refused run has left a picture")
 endif()
