@@ -18,6 +18,7 @@
 #include "lab/shell/LabError.h"
 #include "lab/shell/TemporaryFolder.h"
 #include "util/AtomicFile.h"
+#include "util/Utf16.h"
 
 extern char** environ;
 
@@ -46,14 +47,21 @@ std::map<std::string, std::string> prepareWorld(const fs::path& world) {
           {"HOME", (world / "home").string()}};
 }
 
+// What is no text cannot be a variable of a program that Foundation begins, and it would end at once.
 std::vector<std::string> environmentWith(const std::map<std::string, std::string>& changes) {
   std::vector<std::string> entries;
   for (char** entry = environ; *entry; ++entry) {
     const std::string text = *entry;
-    if (!changes.contains(text.substr(0, text.find('=')))) entries.push_back(text);
+    if (vorn::isValidUtf8(text) && !changes.contains(text.substr(0, text.find('=')))) entries.push_back(text);
   }
   for (const auto& [name, value] : changes) entries.push_back(name + "=" + value);
   return entries;
+}
+
+void requireTexts(const std::vector<std::string>& words) {
+  for (const std::string& word : words) {
+    if (!vorn::isValidUtf8(word)) throw UsageError("\"" + word + "\" is no text in UTF-8, which this host needs");
+  }
 }
 
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
@@ -94,13 +102,17 @@ int statusAtEnd(pid_t process) {
 
 fs::path enterOwnWorld(char** arguments) {
   if (const char* entered = std::getenv(kWorldVariable)) return entered;
+  std::vector<std::string> words;
+  for (char** word = arguments; *word; ++word) words.emplace_back(*word);
+  requireTexts(words);
   const fs::path world = TemporaryFolder::make();
-  for (const auto& [name, value] : prepareWorld(world)) setenv(name.c_str(), value.c_str(), 1);
-  execv(kThisProgram, arguments);
+  std::vector<std::string> environment = environmentWith(prepareWorld(world));
+  execve(kThisProgram, arguments, pointersTo(environment).data());
   throw LabError(std::string("cannot start in a world of its own: ") + std::strerror(errno));
 }
 
 std::string runInWorld(const fs::path& world, const std::vector<std::string>& words) {
+  requireTexts(words);
   fs::create_directories(world);
   const fs::path errors = world.string() + ".err";
   Interruption::check();

@@ -24,6 +24,12 @@ get_filename_component(calendars ${CALENDAR} DIRECTORY)
 compare(0 inspect ${calendars}/by-hand.ics --json)
 compare(1 meet ${calendars}/by-hand.ics --out ${OUT} --all --json --client-db :memory:)
 
+# A variable that is no text is none of this host's business.
+string(ASCII 255 no_text)
+set(ENV{NO_TEXT} "${no_text}")
+compare(0 hooks --json)
+unset(ENV{NO_TEXT})
+
 # What neither knows is bad usage.
 foreach(words "hooks;--runtime;other" "hooks;--runtime" "demo;--runtime=objc")
   execute_process(COMMAND ${PROGRAM} ${words} OUTPUT_VARIABLE told ERROR_VARIABLE told RESULT_VARIABLE code)
