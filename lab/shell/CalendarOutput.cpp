@@ -10,6 +10,7 @@
 
 #include "lab/shell/LabError.h"
 #include "lab/shell/Output.h"
+#include "lab/shell/TemporaryFolder.h"
 #include "secrets/SecretMask.h"
 #include "util/AtomicFile.h"
 
@@ -164,9 +165,8 @@ std::optional<fs::path> CalendarOutput::writeElsewhere(std::string_view text, co
     places.push_back({folderOf(m_path), m_before ? m_before : factsOf(model)});
     names.insert(names.begin(), m_path.filename());
   }
-  std::error_code failed;
   // Where others have files, too, any mode could be too open.
-  if (const fs::path temporary = fs::temp_directory_path(failed); !failed) places.push_back({temporary, {}});
+  places.push_back({TemporaryFolder::place(), {}});
   // A path that looks like an address would be covered where it is told, and the person could not find the file.
   for (const bool mayBeCovered : {false, true}) {
     for (const Place& place : places) {

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <string>
@@ -22,14 +23,18 @@ constexpr std::string_view kOwnedName = "vornlab-run-";
 constexpr std::time_t kYoungSeconds = 60;
 
 fs::path makeNamed(std::string_view beginning) {
-  std::string name = (fs::temp_directory_path() / beginning).string() + "XXXXXX";
-  if (mkdtemp(name.data()) == nullptr) throw LabError("cannot make " + name + ": " + std::strerror(errno));
+  std::string name = (TemporaryFolder::place() / beginning).string() + "XXXXXX";
+  if (mkdtemp(name.data()) == nullptr) {
+    const std::string reason = std::strerror(errno);
+    throw LabError("cannot make the folder " + name + " with TMPDIR=" + TemporaryFolder::place().string() + ": " +
+                   reason);
+  }
   return fs::canonical(name);
 }
 
 void clearAbandoned() {
   std::error_code failed;
-  for (fs::directory_iterator entry(fs::temp_directory_path(failed), failed), end; !failed && entry != end;
+  for (fs::directory_iterator entry(TemporaryFolder::place(), failed), end; !failed && entry != end;
        entry.increment(failed)) {
     const fs::path& folder = entry->path();
     struct stat facts {};
@@ -53,6 +58,11 @@ TemporaryFolder::TemporaryFolder() {
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
   fs::remove_all(m_path, ignored);
+}
+
+fs::path TemporaryFolder::place() {
+  const char* named = std::getenv("TMPDIR");
+  return named != nullptr && *named != '\0' ? named : "/tmp";
 }
 
 fs::path TemporaryFolder::make() { return makeNamed("vornlab-"); }

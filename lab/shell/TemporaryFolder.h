@@ -22,6 +22,9 @@ class TemporaryFolder {
   // A new folder that stays until somebody removes it. Throws LabError.
   static std::filesystem::path make();
 
+  // Where such folders are made: what TMPDIR names, or /tmp where it names nothing.
+  static std::filesystem::path place();
+
  private:
   std::filesystem::path m_path;
   std::optional<FolderLock> m_lock;

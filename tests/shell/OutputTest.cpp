@@ -217,6 +217,9 @@ TEST_F(Output, LeavesNothingBehindWhenTheProgramIsKilled) {
   EXPECT_EQ(left(), "1\n");
   shell(inFolder + "$V doctor; touch -d '2 minutes ago' vornlab-run-*; " + inFolder + "$V doctor");
   EXPECT_EQ(left(), "0\n");
+  EXPECT_THAT(shell("env TMPDIR=/no/such $V doctor 2>&1").output,
+              ::testing::HasSubstr("vornlab: cannot make the folder /no/such/vornlab-run-"));
+  EXPECT_EQ(shell("env TMPDIR= $V hooks").exitCode, 0);
   stopped("$V meet many.ics --all --out out.ics --client-db db --world world", "KILL");
   const auto client = m_folder / "world/Applications/vornclient.app/Contents/MacOS/vornclient";
   ASSERT_TRUE(std::filesystem::exists(client));

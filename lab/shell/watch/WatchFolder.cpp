@@ -12,6 +12,7 @@
 #include <nlohmann/json.hpp>
 
 #include "lab/shell/LabError.h"
+#include "lab/shell/TemporaryFolder.h"
 #include "util/AtomicFile.h"
 
 namespace vornlab {
@@ -22,7 +23,7 @@ namespace fs = std::filesystem;
 fs::path placeForUser() {
   const char* runtime = std::getenv("XDG_RUNTIME_DIR");
   if (runtime != nullptr && *runtime == '/') return fs::path(runtime) / "vornlab";
-  return fs::temp_directory_path() / ("vornlab-watch-" + std::to_string(getuid()));
+  return TemporaryFolder::place() / ("vornlab-watch-" + std::to_string(getuid()));
 }
 
 bool isRunning(std::int64_t process) {
