@@ -46,6 +46,8 @@ class FaultParser {
   explicit FaultParser(std::string name) : m_name(std::move(name)) {}
 
   FaultBook read(std::string_view text) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
     FaultBook book;
     std::istringstream lines{std::string(text)};
     for (std::string line; std::getline(lines, line);) {

@@ -17,6 +17,10 @@ StageStep inEditor(Editing edit) {
   return [edit = std::move(edit)](Stage& stage) { edit(stage.host(), stage.editor()); };
 }
 
+std::string appointmentInWords(const std::string& uid, const std::string& occurrence) {
+  return "an appointment " + uid + (occurrence.empty() ? "" : " " + occurrence);
+}
+
 StageStep open(LineReader& line) {
   const std::string uid = line.text("the UID of an appointment");
   const std::string occurrence = line.take("occurrence") ? line.text("the RECURRENCE-ID of the occurrence") : "";
@@ -24,7 +28,7 @@ StageStep open(LineReader& line) {
   return [=](Stage& stage) {
     const auto event = stage.calendar().find(uid, occurrence);
     const auto editor = event ? stage.host().openEditorAt(event->index()) : 0;
-    if (editor == 0) throw Mismatch("an appointment " + uid + " " + occurrence, "the host cannot open it");
+    if (editor == 0) throw Mismatch(appointmentInWords(uid, occurrence), "the host cannot open it");
     stage.enter(name, editor, event->index());
   };
 }
@@ -237,7 +241,7 @@ OnSurface readOnSurface(LineReader& line) {
 StageStep onSurface(const OnSurface& meant, std::function<void(HostFace&, const OnSurface&)> act) {
   return [meant, act = std::move(act)](Stage& stage) {
     const auto event = stage.calendar().find(meant.uid, meant.occurrence);
-    if (!event) throw Mismatch("an appointment " + meant.uid + " " + meant.occurrence, "none");
+    if (!event) throw Mismatch(appointmentInWords(meant.uid, meant.occurrence), "none");
     stage.enter(meant.uid, 0, event->index());
     act(stage.host(), meant);
   };
@@ -296,7 +300,7 @@ StageStep record(LineReader& line) {
       event.setOlmUCInband("");
     });
   }
-  line.need("text");
+  if (!line.take("text")) line.fail("removed, moved or text");
   return inStored([text = line.quoted()](CalendarEvent& event) { event.setOlmUCInband(text); });
 }
 
@@ -315,7 +319,7 @@ StageStep reopen(LineReader& line) {
 // The button of the next alert, and its switch: the person declines unless told otherwise.
 StageStep answer(LineReader& line) {
   const bool isYes = line.take("yes");
-  if (!isYes) line.need("no");
+  if (!isYes && !line.take("no")) line.fail("yes or no");
   const bool notAgain = line.take("not again");
   return [isYes, notAgain](Stage& stage) {
     using Answer = vorn::Presenter::Answer;

@@ -66,6 +66,8 @@ class LineSplitter {
 }  // namespace
 
 std::vector<ScenarioLine> readScenarioText(std::string_view text, const std::string& file) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   std::vector<ScenarioLine> lines;
   std::size_t number = 0;
   for (std::size_t begin = 0; begin < text.size();) {

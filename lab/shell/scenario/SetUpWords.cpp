@@ -71,7 +71,10 @@ class AppointmentReader {
     }
     if (!m_occurrence.empty()) m_further.push_back("RECURRENCE-ID:" + m_occurrence);
     for (const std::string& content : m_further) text += foldedLine(content, "\r\n");
-    m_setUp.appointments.push_back(text + "END:VEVENT\r\n");
+    text += "END:VEVENT\r\n";
+    IcsProblem problem;
+    if (!IcsDocument::parse(text, problem)) m_line.refuse("this makes no appointment: " + problem.message);
+    m_setUp.appointments.push_back(std::move(text));
     for (StoredRecord& record : m_records) {
       record.recurrenceId = m_occurrence;
       m_setUp.records.push_back(std::move(record));
@@ -83,7 +86,10 @@ class AppointmentReader {
     if (readTime() || readText() || readPerson() || readRecord()) return;
     if (m_line.take("repeats")) {
       const std::string frequency = frequencyOf(m_line);
-      m_further.push_back("RRULE:FREQ=" + frequency + ";COUNT=" + std::to_string(m_line.number("how often")));
+      const std::int64_t count = m_line.number("how often");
+      if (count < 1)
+        m_line.refuse("an appointment repeats at least once, not " + std::to_string(count) + " times");
+      m_further.push_back("RRULE:FREQ=" + frequency + ";COUNT=" + std::to_string(count));
     } else if (m_line.take("occurrence")) {
       m_occurrence = m_line.text("the RECURRENCE-ID of the occurrence");
     } else if (m_line.take("line")) {
@@ -221,7 +227,7 @@ const std::array kSetUpWords = {
     SetUpWord{"panel", "panel on|off",
               [](LineReader& line, ScenarioSetUp& setUp) {
                 setUp.panelIsOn = line.take("on");
-                if (!setUp.panelIsOn) line.need("off");
+                if (!setUp.panelIsOn && !line.take("off")) line.fail("on or off");
               }},
     SetUpWord{"version", "version V",
               [](LineReader& line, ScenarioSetUp& setUp) {
@@ -233,9 +239,10 @@ const std::array kSetUpWords = {
                   setUp.host.hasToolbar = false;
                 } else if (line.take("add-ins")) {
                   setUp.host.hasAddinsChunk = false;
-                } else {
-                  line.need("client");
+                } else if (line.take("client")) {
                   setUp.withoutClient = true;
+                } else {
+                  line.fail("client, toolbar or add-ins");
                 }
               }},
     SetUpWord{"with", "with agent",
