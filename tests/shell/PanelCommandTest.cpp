@@ -124,7 +124,7 @@ TEST_F(PanelCommand, PrintsThePanelAsAPersonSeesItAndWhatIsLocked) {
   const ProgramRun locked = panel({"--all"}, "everything-locked");
   EXPECT_THAT(locked.output,
               AllOf(HasSubstr("  # Host video"), HasSubstr("locked by the account: isHostVideoLocked"),
-                    HasSubstr("\n# cannot be changed\n"),
+                    HasSubstr("\n# cannot be changed\n"), HasSubstr("passcode: locked by the account: "),
                     HasSubstr("hidden: not offered by the account: isSupportUnmuteAll")));
 }
 
@@ -163,14 +163,15 @@ TEST_F(PanelCommand, SaysWhyAnActCannotBeDone) {
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_THAT(run.errors, HasSubstr("the panel has no \"alternate hosts of ******\"; it has: "));
 
-  const ProgramRun told = panel(
-      {"--try", "host video off, unmute all on, language = Klingon", "--try", "passcode's text = 12345678901"},
-      "everything-locked");
+  const ProgramRun told = panel({"--try", "host video off, unmute all on, language = Klingon, language = Chinese",
+                                 "--try", "passcode's text = 12345678901"},
+                                "everything-locked");
   EXPECT_EQ(told.exitCode, 1);
   EXPECT_THAT(told.output,
               AllOf(HasSubstr("host video off: locked (locked by the account: isHostVideoLocked)\n"),
                     HasSubstr("unmute all on: hidden (not offered by the account: isSupportUnmuteAll)\n"),
                     HasSubstr("language = Klingon: refused (no such item; it has: English, "),
+                    HasSubstr("language = Chinese: refused (several items begin with it: Chinese"),
                     HasSubstr("passcode's text = ******: refused (it does not take this)\n"),
                     HasSubstr("nothing changes in the panel"), HasSubstr("\nContinue can be used.\n"),
                     HasSubstr("A commit would write nothing else than before.")));

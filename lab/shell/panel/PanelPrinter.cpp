@@ -115,6 +115,7 @@ class Page {
     bool isAnyShown = false;
     bool canAnyBeUsed = false;
     std::string lastReason;
+    std::string wordsOfFirst;
     for (const PanelLayout::Place& place : row.places) {
       const Control& control = *m_controls.find(place.key);
       const bool isShown = m_controls.isOnScreen(place.key);
@@ -127,11 +128,15 @@ class Page {
       if (isShown && !control.enabled) line.mark = '#';
       if (control.reason.empty() || control.reason == lastReason) continue;
       lastReason = control.reason;
+      if (isFirst) wordsOfFirst = place.words;
       line.note += (line.note.empty() ? "" : "; ") + (isFirst || place.words.empty() ? "" : place.words + ": ") +
                    (isShown ? "" : "hidden: ") + onTerminal(SecretMask::covered(control.reason));
     }
     // The note says what of such a row cannot be used.
-    if (canAnyBeUsed) line.mark = ' ';
+    if (canAnyBeUsed) {
+      line.mark = ' ';
+      if (!wordsOfFirst.empty()) line.note = wordsOfFirst + ": " + line.note;
+    }
     if (!isAnyShown) line.mark = '-';
     return line;
   }

@@ -129,13 +129,17 @@ std::string titlesOf(const Control& control) {
 Change chosen(const Control& control, const std::string& value) {
   const std::string wanted = vorn::caseFolded(value);
   std::vector<int> beginning;
+  std::string titles;
   for (std::size_t i = 0; i < control.items.size(); ++i) {
     const std::string title = vorn::caseFolded(control.items[i].title);
     const auto choose = [i](Control& changed) { changed.index = static_cast<int>(i); };
     if (control.items[i].isSeparator) continue;
     if (title == wanted) return {choose, ""};
-    if (title.starts_with(wanted)) beginning.push_back(static_cast<int>(i));
+    if (!title.starts_with(wanted)) continue;
+    beginning.push_back(static_cast<int>(i));
+    titles += (titles.empty() ? "" : ", ") + SecretMask::covered(control.items[i].title);
   }
+  if (beginning.size() > 1) return refused("several items begin with it: " + titles);
   if (beginning.size() != 1) return refused("no such item; " + titlesOf(control));
   return {[index = beginning.front()](Control& changed) { changed.index = index; }, ""};
 }
