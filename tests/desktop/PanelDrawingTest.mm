@@ -373,6 +373,22 @@ TEST_F(Screen, AControlThatComesLaterIsDrawnAndOneThatGoesIsNot) {
   EXPECT_TRUE(controls.isOn("late"));
 }
 
+TEST_F(Screen, WhoIsTypingGoesOnTypingWhenAControlComes) {
+  controls.find("field")->text = "abc";
+  show();
+  NSWindow* window = drawn().page("")->window();
+  [window makeFirstResponder:view("field")];
+  NSText* editor = [view<NSTextField*>("field") currentEditor];
+  [editor setSelectedRange:NSMakeRange(1, 1)];
+  {
+    const ControlSet::Change step(controls);
+    controls.add(Kind::checkBox, "late").text = "Late";
+  }
+  ASSERT_NE(editor, nil);
+  EXPECT_EQ(static_cast<id>([window firstResponder]), static_cast<id>(editor));
+  EXPECT_TRUE(NSEqualRanges([editor selectedRange], NSMakeRange(1, 1)));
+}
+
 TEST_F(Screen, WhatIsPressedMayEndThePanel) {
   show();
   then = [this](const std::string&) { panel.reset(); };

@@ -35,7 +35,8 @@ class PanelPage {
   Kind kind() const { return m_kind; }
   NSWindow* window() const { return m_window.get(); }
 
-  // The sections of the page alone; their views are put into it.
+  // The sections of the page alone; their views are put into it, and those of before are for the caller to take
+  // out.
   void setContents(const std::vector<PanelLayout::Section>& sections, const ControlViews& views);
   // Gives everything its place and the window its size, for the controls as they are.
   void arrange(const ControlSet& controls);
@@ -67,6 +68,8 @@ class PanelPage {
   };
 
   void clear();
+  void takeFooter();
+  static void putInto(NSView* part, const Line& line);
   bool isLineShown(const Line& line, const ControlSet& controls) const;
   double nameWidth(const Block& block, const ControlSet& controls) const;
   double naturalWidth(const ControlSet& controls) const;

@@ -157,14 +157,12 @@ PanelPage::~PanelPage() {
   letGo(window);
 }
 
+// The views of controls stay where they are: one that is taken out and put back has lost the keyboard, and with it
+// the caret of who is typing.
 void PanelPage::clear() {
   const auto takeOut = [](const Line& line) {
     [line.name.get() removeFromSuperview];
     [line.note.get() removeFromSuperview];
-    for (const Cell& cell : line.cells) {
-      letGo(cell.view->view());
-      [cell.view->view() removeFromSuperview];
-    }
   };
   for (const Block& block : m_blocks) {
     [block.title.get() removeFromSuperview];
@@ -187,7 +185,6 @@ void PanelPage::setContents(const std::vector<PanelLayout::Section>& sections, c
         const auto found = views.find(place.key);
         if (found == views.end() || !found->second) continue;
         line.cells.push_back({place.key, found->second.get()});
-        [m_body.get() addSubview:found->second->view()];
       }
       if (line.cells.empty()) continue;
       line.name = makeTitle(m_body.get(), row.label, plainFont());
@@ -199,7 +196,15 @@ void PanelPage::setContents(const std::vector<PanelLayout::Section>& sections, c
     }
     if (!block.lines.empty()) m_blocks.push_back(std::move(block));
   }
-  // The buttons that end the window.
+  takeFooter();
+  for (const Block& block : m_blocks) {
+    for (const Line& line : block.lines) putInto(m_body.get(), line);
+  }
+  putInto(m_foot.get(), m_footer);
+}
+
+// The buttons that end the window.
+void PanelPage::takeFooter() {
   if (m_kind == Kind::dropDown || m_blocks.empty()) return;
   std::vector<Line>& last = m_blocks.back().lines;
   const auto isPush = [](const Cell& cell) {
@@ -210,14 +215,17 @@ void PanelPage::setContents(const std::vector<PanelLayout::Section>& sections, c
   if (!std::all_of(last.back().cells.begin(), last.back().cells.end(), isPush)) return;
   m_footer = std::move(last.back());
   last.pop_back();
-  for (const Cell& cell : m_footer.cells) {
-    [m_foot.get() addSubview:cell.view->view()];
-    [static_cast<NSButton*>(cell.view->view()) setKeyEquivalent:@""];
-  }
+  for (const Cell& cell : m_footer.cells) [static_cast<NSButton*>(cell.view->view()) setKeyEquivalent:@""];
   // The last one ends the work, as everywhere in this toolkit, and the one before leaves it.
   [static_cast<NSButton*>(m_footer.cells.back().view->view()) setKeyEquivalent:@"\r"];
   if (m_footer.cells.size() > 1) {
     [static_cast<NSButton*>(m_footer.cells.front().view->view()) setKeyEquivalent:@"\x1b"];
+  }
+}
+
+void PanelPage::putInto(NSView* part, const Line& line) {
+  for (const Cell& cell : line.cells) {
+    if ([cell.view->view() superview] != part) [part addSubview:cell.view->view()];
   }
 }
 
