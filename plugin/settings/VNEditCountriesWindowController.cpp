@@ -47,6 +47,7 @@ VNEditCountriesWindowController::VNEditCountriesWindowController(ControlSet& con
       m_cancelBtn(controls.add(Kind::button, "_cancelBtn", kCountriesWindow)) {
   m_window.hidden = true;
   m_errorForNoSelectedField.hidden = true;
+  m_searchField.takesFieldKeys = true;
   m_viewChanges = Registry::platform().notificationCenter->observe(
       notify_Setting_SelectedCountriesViewChange,
       [this](const NotificationCenter::Notification& note) {

@@ -389,6 +389,31 @@ TEST_F(Screen, WhoIsTypingGoesOnTypingWhenAControlComes) {
   EXPECT_TRUE(NSEqualRanges([editor selectedRange], NSMakeRange(1, 1)));
 }
 
+TEST_F(Screen, AKeyGoesToTheWindowUnlessTheRulesOfItsFieldWantIt) {
+  controls.add(Kind::box, "box");
+  controls.find("field")->box = "box";
+  layout.sections.front().rows.insert(layout.sections.front().rows.begin(), {{{"search"}}});
+  controls.add(Kind::textField, "search").takesFieldKeys = true;
+  show();
+  const struct {
+    const char* key;
+    bool isTaken;
+  } cases[] = {{"field", false}, {"combo", false}, {"search", true}};
+  for (const auto& each : cases) {
+    NSTextField* field = view<NSTextField*>(each.key);
+    for (const char* command : {"insertNewline", "moveDown", "moveUp", "cancelOperation"}) {
+      const SEL selector = NSSelectorFromString(foundationText(std::string(command) + ":"));
+      EXPECT_EQ([static_cast<id>([field delegate]) control:field textView:nil doCommandBySelector:selector],
+                each.isTaken)
+          << each.key << " " << command;
+      const std::vector<std::string> told{std::string(each.key) + ":" + command};
+      EXPECT_EQ(takeUsed(), each.isTaken ? told : std::vector<std::string>());
+    }
+  }
+  [view<vnTokenFieldView*>("tokens") cancelOperation:nil];
+  EXPECT_THAT(used, ElementsAre("tokens", "cancel"));
+}
+
 TEST_F(Screen, WhatIsPressedMayEndThePanel) {
   show();
   then = [this](const std::string&) { panel.reset(); };

@@ -70,6 +70,8 @@ struct Control {
   // Of a list: the height of a row in points, and how many rows show without scrolling.
   double rowHeight = 0;
   int mostRows = 0;
+  // Of a text field: the keys of FieldKeys.h belong to it, and not to the buttons of its window.
+  bool takesFieldKeys = false;
   // Shown in a field that is empty.
   std::string placeholder{};
   // Of a field; absent takes any text.

@@ -5,7 +5,8 @@
 namespace vorn {
 
 // The keys of the keyboard that mean something in a text field without changing its text. A front end tells of
-// them as of any other use, with the field's key, a colon and the name of the command: "_searchField:moveDown".
+// them as of any other use, with the field's key, a colon and the name of the command: "_searchField:moveDown". In
+// a window they are the field's own where its control takes them, and else the window's.
 namespace field_key {
 
 inline constexpr std::string_view kReturn = "insertNewline";

@@ -117,6 +117,7 @@ enum : NSEventType { NSLeftMouseDown = 1, NSScrollWheel = 22 };
 
 @interface NSResponder : NSObject
 @property(readonly) BOOL acceptsFirstResponder;
+- (BOOL)tryToPerform:(SEL)action with:(id)object;
 - (BOOL)becomeFirstResponder;
 - (BOOL)resignFirstResponder;
 - (void)interpretKeyEvents:(NSArray*)events;
@@ -131,6 +132,7 @@ enum : NSEventType { NSLeftMouseDown = 1, NSScrollWheel = 22 };
 @property NSRect bounds;
 @property(readonly) NSRect visibleRect;
 @property(getter=isHidden) BOOL hidden;
+@property(readonly, getter=isHiddenOrHasHiddenAncestor) BOOL hiddenOrHasHiddenAncestor;
 @property(getter=isFlipped, readonly) BOOL flipped;
 @property BOOL needsDisplay;
 @property(copy) NSString* toolTip;
@@ -199,6 +201,7 @@ enum : NSEventType { NSLeftMouseDown = 1, NSScrollWheel = 22 };
 @property(strong) __kindof NSCell* cell;
 @property(assign) id target;
 @property SEL action;
+- (void)performClick:(id)sender;
 @property NSInteger tag;
 @property(getter=isEnabled) BOOL enabled;
 @property(strong) NSFont* font;

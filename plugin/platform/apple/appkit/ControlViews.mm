@@ -523,14 +523,13 @@ class FieldView final : public ControlView {
     [held setStringValue:foundationText(before)];
   }
 
-  // The toolkit goes on with a command of the sheet itself, whose return key presses a button.
+  // The toolkit goes on with every other key: return presses a button, and a combo box shows its entries.
   bool pressed(std::string_view command) {
     const bool isOurs = command == field_key::kReturn || command == field_key::kDown ||
                         command == field_key::kUp || command == field_key::kEscape;
-    if (!isOurs) return false;
-    const bool staysHere = !m_model.box.empty() || command == field_key::kDown || command == field_key::kUp;
+    if (!isOurs || !m_model.takesFieldKeys) return false;
     input().use(key() + ":" + std::string(command), nullptr);
-    return staysHere;
+    return true;
   }
 
   Control::Kind m_kind;

@@ -50,6 +50,8 @@ using Pressed = std::function<void()>;
   // A Pressed; null when nobody listens any more. The toolkit's classes can have no such members.
   void* m_pressed;
   BOOL m_takesKeyboard;
+  // Not owned; nil for none.
+  NSButton* m_leaves;
 }
 @end
 
@@ -59,6 +61,10 @@ using Pressed = std::function<void()>;
 }
 - (BOOL)canBecomeMainWindow {
   return NO;
+}
+// The key that leaves, where nothing else had a use for it.
+- (void)cancelOperation:(id)sender {
+  if (![m_leaves isHiddenOrHasHiddenAncestor]) [m_leaves performClick:sender];
 }
 - (void)sendEvent:(NSEvent*)event {
   const Pressed pressed = m_pressed ? *static_cast<const Pressed*>(m_pressed) : nullptr;
@@ -205,6 +211,8 @@ void PanelPage::setContents(const std::vector<PanelLayout::Section>& sections, c
 
 // The buttons that end the window.
 void PanelPage::takeFooter() {
+  vnPanelWindow* window = static_cast<vnPanelWindow*>(m_window.get());
+  window->m_leaves = nil;
   if (m_kind == Kind::dropDown || m_blocks.empty()) return;
   std::vector<Line>& last = m_blocks.back().lines;
   const auto isPush = [](const Cell& cell) {
@@ -219,7 +227,8 @@ void PanelPage::takeFooter() {
   // The last one ends the work, as everywhere in this toolkit, and the one before leaves it.
   [static_cast<NSButton*>(m_footer.cells.back().view->view()) setKeyEquivalent:@"\r"];
   if (m_footer.cells.size() > 1) {
-    [static_cast<NSButton*>(m_footer.cells.front().view->view()) setKeyEquivalent:@"\x1b"];
+    window->m_leaves = static_cast<NSButton*>(m_footer.cells.front().view->view());
+    [window->m_leaves setKeyEquivalent:@"\x1b"];
   }
 }
 

@@ -406,9 +406,11 @@ struct State {
   (void)sender;
   [self pressKey:TokenText::Key::newLine extends:NO];
 }
+// The rules hear of it, and the window leaves its work.
 - (void)cancelOperation:(id)sender {
-  (void)sender;
+  NSWindow* window = [[[self window] retain] autorelease];
   [self pressKey:TokenText::Key::escape extends:NO];
+  [window tryToPerform:@selector(cancelOperation:) with:sender];
 }
 // The tab key ends a token and leaves the field.
 - (void)insertTab:(id)sender {
