@@ -61,6 +61,8 @@ struct State {
   int lines = 0;
   // Whether all the lines are shown, which then scroll with the hours.
   bool isWide = false;
+  // Later, an empty calendar leaves the person in the week they went to.
+  bool hasWeek = false;
   // Of each day.
   std::array<int, kDaysShown> hidden{};
   std::optional<std::size_t> selected;
@@ -161,7 +163,7 @@ WeekItem movedTo(WeekItem item, double start) {
 // -- What it shows
 - (void)reload {
   State& state = [self state];
-  const bool isFirst = state.byStart.empty();
+  const bool isFirst = !std::exchange(state.hasWeek, true);
   state.byStart.clear();
   state.series.clear();
   state.longest = 0;

@@ -292,6 +292,14 @@ TEST_F(Desk, ANameThatIsBeingTypedIsKeptByAClickElsewhereAndDroppedByEscape) {
   EXPECT_EQ(summary("a"), "Another week");
 }
 
+TEST_F(Desk, AnEmptyCalendarStaysInTheWeekThatWasLookedAt) {
+  load("");
+  [week() nextWeek:nil];
+  NSString* before = [week() title];
+  [week() reload];
+  EXPECT_EQ(plainText([week() title]), plainText(before));
+}
+
 TEST_F(Desk, TheDatesOfASeriesAreSeenAndMoveNothing) {
   load(eventText("a", std::string(kPlain) + "RRULE:FREQ=DAILY\r\n"));
   drag(at(3, 9), at(4, 11));
