@@ -320,6 +320,11 @@ void VnSettingViewController::makeFirstResponderWithObject(std::string_view key)
   RunLoop* runLoop = Registry::platform().runLoop;
   runLoop->cancelPrevious(this, kRequest);
   runLoop->performAfter(0, this, kRequest, [this, wanted = std::string(key)] {
+    // It may have it by an earlier request, with the person elsewhere by now: each request is a change.
+    {
+      const ControlSet::Change change(m_controls);
+      m_controls.focusOn("");
+    }
     const ControlSet::Change change(m_controls);
     m_controls.focusOn(wanted);
   });
