@@ -302,9 +302,14 @@ TEST_F(Screen, AWindowOfThePanelComesAndGoesWithItsControl) {
   const NSRect inWindow = [field convertRect:[field bounds] toView:nil];
   const NSPoint corner = [[field window] convertBaseToScreen:inWindow.origin];
   EXPECT_LE(NSMaxY([drawn().page("offers")->window() frame]), corner.y + 1);
+  // And stays there when something else is used.
+  const NSPoint before = [drawn().page("offers")->window() frame].origin;
+  type("field", @"x");
+  EXPECT_TRUE(NSEqualPoints([drawn().page("offers")->window() frame].origin, before));
   change("offers", [](Control& control) { control.hidden = true; });
   EXPECT_FALSE([drawn().page("offers")->window() isVisible]);
   // Above it where there is no room below.
+  [view<vnTokenFieldView*>("tokens") insertText:@"b"];
   const NSPoint lowest = NSMakePoint(20, -inWindow.origin.y + 4);
   [[field window] setFrameOrigin:lowest];
   change("offers", [](Control& control) { control.hidden = false; });
@@ -412,6 +417,17 @@ TEST_F(Screen, AKeyGoesToTheWindowUnlessTheRulesOfItsFieldWantIt) {
   }
   [view<vnTokenFieldView*>("tokens") cancelOperation:nil];
   EXPECT_THAT(used, ElementsAre("tokens", "cancel"));
+}
+
+TEST_F(Screen, ASheetThatGrowsStaysOnTheScreen) {
+  controls.find("popup")->hidden = controls.find("combo")->hidden = true;
+  show();
+  NSWindow* window = drawn().page("")->window();
+  [window setFrameOrigin:NSMakePoint(20, 4)];
+  change("popup", [](Control& control) { control.hidden = false; });
+  change("combo", [](Control& control) { control.hidden = false; });
+  EXPECT_TRUE(NSContainsRect([[NSScreen mainScreen] visibleFrame], [window frame]))
+      << textOf(NSStringFromRect([window frame]));
 }
 
 TEST_F(Screen, WhatIsPressedMayEndThePanel) {

@@ -113,6 +113,8 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
   struct Page {
     std::string key;
     std::unique_ptr<PanelPage> page;
+    // Of a drop-down: the field that was used when it came up, under which it stays.
+    std::string field;
   };
 
   // A press beside a list that has dropped down closes it, as the panel's rules say.
@@ -256,7 +258,7 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
         if (const auto self = weak.lock()) guarded([&] { self->pressedAnywhere(); });
       };
     }
-    m_pages.push_back({window, std::make_unique<PanelPage>(kind, title, std::move(pressed))});
+    m_pages.push_back({window, std::make_unique<PanelPage>(kind, title, std::move(pressed)), ""});
     return *m_pages.back().page;
   }
 
@@ -278,20 +280,21 @@ class Drawing final : public ControlInput, public std::enable_shared_from_this<D
   }
 
   void showPages() {
-    for (const Page& each : m_pages) {
+    for (Page& each : m_pages) {
       if (!m_controls) return;
       const bool isShown = each.key.empty() || m_controls->isOnScreen(each.key);
       if (!isShown) {
         each.page->hide();
         continue;
       }
-      each.page->arrange(*m_controls);
       const std::string in = each.key.empty() ? "" : m_controls->find(each.key)->box;
       const PanelPage* on = each.key.empty() ? nullptr : page(in.empty() ? "" : m_controls->windowOf(each.key));
-      const ControlView* field = each.page->kind() == PanelPage::Kind::dropDown ? view(m_lastUsed) : nullptr;
-      if (!each.page->isShown() || each.page->kind() == PanelPage::Kind::dropDown) {
-        each.page->showOn(on ? on->window() : m_parent.get(), field ? field->view() : nil);
-      }
+      NSWindow* parent = on ? on->window() : m_parent.get();
+      const bool dropsDown = each.page->kind() == PanelPage::Kind::dropDown;
+      if (!each.page->isShown()) each.field = m_lastUsed;
+      const ControlView* field = dropsDown ? view(each.field) : nullptr;
+      each.page->arrange(*m_controls, [parent screen]);
+      if (!each.page->isShown() || dropsDown) each.page->showOn(parent, field ? field->view() : nil);
     }
     followFocus();
   }

@@ -38,8 +38,9 @@ class PanelPage {
   // The sections of the page alone; their views are put into it, and those of before are for the caller to take
   // out.
   void setContents(const std::vector<PanelLayout::Section>& sections, const ControlViews& views);
-  // Gives everything its place and the window its size, for the controls as they are.
-  void arrange(const ControlSet& controls);
+  // Gives everything its place and the window its size, for the controls as they are. A page that is not shown yet
+  // is going to be on that screen; nil for the main one.
+  void arrange(const ControlSet& controls, NSScreen* screen);
 
   // A page with the parent stands on it, and moves with it.
   void showOn(NSWindow* parent, NSView* below);
@@ -79,7 +80,7 @@ class PanelPage {
                    double bottom);
   double placeFooter(const ControlSet& controls, double width);
   void chainKeys(const ControlSet& controls);
-  void resize(double width, double bodyHeight, double footerHeight);
+  void resize(NSScreen* screen, double width, double bodyHeight, double footerHeight);
 
   Kind m_kind;
   Retained<NSWindow*> m_window;

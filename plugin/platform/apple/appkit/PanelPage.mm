@@ -116,6 +116,14 @@ void setHidden(NSView* view, bool hidden) {
   if ([view isHidden] != hidden) [view setHidden:hidden];
 }
 
+NSRect keptWithin(NSRect screen, NSRect frame) {
+  frame.origin.x =
+      std::clamp(frame.origin.x, NSMinX(screen), std::max(NSMinX(screen), NSMaxX(screen) - frame.size.width));
+  frame.origin.y =
+      std::clamp(frame.origin.y, NSMinY(screen), std::max(NSMinY(screen), NSMaxY(screen) - frame.size.height));
+  return frame;
+}
+
 double heightOfTitle(NSTextField* title, double width) {
   return heightOfText([title stringValue], [title font], width) + 2;
 }
@@ -390,7 +398,8 @@ double PanelPage::placeFooter(const ControlSet& controls, double width) {
   return isAnyShown ? kFootHeight : 0;
 }
 
-void PanelPage::arrange(const ControlSet& controls) {
+void PanelPage::arrange(const ControlSet& controls, NSScreen* screen) {
+  if (m_isShown && [m_window.get() screen]) screen = [m_window.get() screen];
   const double margin = m_kind == Kind::dropDown ? kSmallMargin : kMargin;
   const double least = m_kind == Kind::sheet ? kLeastWidth : m_kind == Kind::window ? kLeastSubWidth : 0;
   const double width = std::clamp(naturalWidth(controls) + 2 * margin, least, kMostWidth);
@@ -426,13 +435,12 @@ void PanelPage::arrange(const ControlSet& controls) {
     }
     if (isAnyShown) isFirst = false;
   }
-  resize(width, y - kRowGap + margin, placeFooter(controls, width));
+  resize(screen ? screen : [NSScreen mainScreen], width, y - kRowGap + margin, placeFooter(controls, width));
   chainKeys(controls);
 }
 
-void PanelPage::resize(double width, double bodyHeight, double footerHeight) {
+void PanelPage::resize(NSScreen* screen, double width, double bodyHeight, double footerHeight) {
   NSWindow* window = m_window.get();
-  NSScreen* screen = [window screen] ? [window screen] : [NSScreen mainScreen];
   const double most = [screen visibleFrame].size.height - kScreenEdge;
   double height = std::min(bodyHeight + footerHeight, most);
   const bool scrolls = height < bodyHeight + footerHeight;
@@ -449,7 +457,8 @@ void PanelPage::resize(double width, double bodyHeight, double footerHeight) {
     const double top = NSMaxY(frame);
     frame = [window frameRectForContentRect:NSMakeRect(frame.origin.x, 0, width + scroller, height)];
     frame.origin.y = top - frame.size.height;
-    [window setFrame:frame display:NO];
+    // What ends the work stands at its lower edge.
+    [window setFrame:m_isShown ? keptWithin([screen visibleFrame], frame) : frame display:NO];
   }
   const double inside = width + scroller - 2 * border;
   [m_scroll.get() setFrame:NSMakeRect(border, footerHeight, inside, height - footerHeight - border)];
@@ -500,11 +509,7 @@ void PanelPage::showOn(NSWindow* parent, NSView* below) {
     frame.origin.x = std::floor(NSMidX(on) - frame.size.width / 2);
     frame.origin.y = std::floor(NSMaxY(on) - frame.size.height - kScreenEdge);
   }
-  frame.origin.x =
-      std::clamp(frame.origin.x, NSMinX(screen), std::max(NSMinX(screen), NSMaxX(screen) - frame.size.width));
-  frame.origin.y =
-      std::clamp(frame.origin.y, NSMinY(screen), std::max(NSMinY(screen), NSMaxY(screen) - frame.size.height));
-  [window setFrame:frame display:NO];
+  [window setFrame:keptWithin(screen, frame) display:NO];
   if (m_isShown) return;
   m_isShown = true;
   m_parent = parent;
