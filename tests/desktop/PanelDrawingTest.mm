@@ -217,6 +217,14 @@ TEST_F(Screen, ATokenFieldTakesKeysAndShowsChips) {
   ASSERT_EQ(pieces.size(), 3u);
   EXPECT_TRUE(pieces[0].isChip && !pieces[1].isChip && pieces[2].isChip);
   EXPECT_GE(NSMinX(pieces[1].place), NSMaxX(pieces[0].place));
+  const std::pair<const char*, std::size_t> ends[] = {{"moveToLeftEndOfLine:", 0},
+                                                      {"moveToRightEndOfLine:", 3},
+                                                      {"moveToBeginningOfParagraph:", 0},
+                                                      {"moveToEndOfParagraph:", 3}};
+  for (const auto& [command, end] : ends) {
+    [field doCommandBySelector:NSSelectorFromString(foundationText(std::string_view(command)))];
+    EXPECT_EQ(controls.find("tokens")->tokens.caret(), end) << command;
+  }
   [field selectAll:nil];
   [field deleteBackward:nil];
   EXPECT_EQ(controls.find("tokens")->tokens.length(), 0u);

@@ -386,6 +386,19 @@ struct State {
   (void)sender;
   [self pressKey:TokenText::Key::end extends:NO];
 }
+// A field is one line and one paragraph, and systems differ in what their keys ask for.
+- (void)moveToLeftEndOfLine:(id)sender {
+  [self moveToBeginningOfLine:sender];
+}
+- (void)moveToBeginningOfParagraph:(id)sender {
+  [self moveToBeginningOfLine:sender];
+}
+- (void)moveToRightEndOfLine:(id)sender {
+  [self moveToEndOfLine:sender];
+}
+- (void)moveToEndOfParagraph:(id)sender {
+  [self moveToEndOfLine:sender];
+}
 - (void)moveUp:(id)sender {
   (void)sender;
   [self pressKey:TokenText::Key::up extends:NO];
