@@ -131,6 +131,7 @@ enum : NSEventType { NSLeftMouseDown = 1, NSScrollWheel = 22 };
 @property NSRect frame;
 @property NSRect bounds;
 @property(readonly) NSRect visibleRect;
+@property(readonly, assign) NSView* superview;
 @property(getter=isHidden) BOOL hidden;
 @property(readonly, getter=isHiddenOrHasHiddenAncestor) BOOL hiddenOrHasHiddenAncestor;
 @property(getter=isFlipped, readonly) BOOL flipped;
