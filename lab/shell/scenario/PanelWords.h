@@ -34,8 +34,8 @@ void pressInPanel(Stage& stage, const std::string& control, const std::string& w
 bool isPanelKey(std::string_view word);
 inline constexpr const char* kPanelKeys = "up, down, left, right, return, tab, escape or delete";
 
-// A click on a button or a link, which also turns a switch and chooses a radio button. Throws Mismatch for any other
-// control.
+// A click on a button or a link, which also turns a switch and chooses a radio button. Throws Mismatch for any
+// other control.
 void clickInPanel(Stage& stage, const std::string& control);
 // A turn of the wheel in the panel.
 void scrollInPanel(Stage& stage);
