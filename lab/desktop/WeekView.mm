@@ -163,7 +163,6 @@ WeekItem movedTo(WeekItem item, double start) {
 // -- What it shows
 - (void)reload {
   State& state = [self state];
-  const bool isFirst = !std::exchange(state.hasWeek, true);
   state.byStart.clear();
   state.series.clear();
   state.longest = 0;
@@ -182,7 +181,9 @@ WeekItem movedTo(WeekItem item, double start) {
   }
   std::sort(state.byStart.begin(), state.byStart.end(),
             [](const WeekItem& one, const WeekItem& other) { return one.start < other.start; });
-  if (isFirst) {
+  // An empty calendar has no week of its own until somebody looks for one.
+  if (!state.hasWeek) {
+    state.hasWeek = !state.byStart.empty();
     const double first =
         state.byStart.empty() ? [[NSDate date] timeIntervalSince1970] : state.byStart.front().start;
     state.week = clockOf([self zone]).monday(first);
@@ -192,6 +193,7 @@ WeekItem movedTo(WeekItem item, double start) {
 - (void)showWeekOf:(double)seconds {
   [self endNaming];
   [self state].isWide = false;
+  [self state].hasWeek = true;
   [self state].week = clockOf([self zone]).monday(seconds);
   [self gather];
 }

@@ -161,7 +161,8 @@ void SecurityOptions::turnPasscode(bool on) {
 // The user has to type it, or at least to see that it is there.
 void SecurityOptions::requirePasscode() {
   turnPasscode(true);
-  m_steps.makeFirstResponderWithObject(m_passwordTextField.key);
+  // Once is enough: a reply comes here as well, and who types elsewhere by now must not go on in the passcode.
+  if (!m_passwordTextField.isFocused) m_steps.makeFirstResponderWithObject(m_passwordTextField.key);
 }
 
 bool SecurityOptions::checkIfNeedRegeneratePasscode() const {

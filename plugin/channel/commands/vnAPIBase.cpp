@@ -182,6 +182,11 @@ void vnAPIWindowCommand::sendRequest(unsigned requestAction, const OptionalText&
   if (!isSent) onWaitEnded();
 }
 
+void vnAPIWindowCommand::sendAgain(unsigned requestAction, const OptionalText& content) {
+  m_isEarlierOut = true;
+  sendRequest(requestAction, content);
+}
+
 int vnAPIWindowCommand::sendBareRequest(const HostObject& parentWindow, unsigned requestAction) {
   if (const int code = beginRequest(parentWindow); code != 0) return code;
   sendRequest(requestAction, std::to_string(requestAction));

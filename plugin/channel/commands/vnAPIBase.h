@@ -147,8 +147,10 @@ class vnAPIWindowCommand : public vnAPIBase {
   void forgetEarlier() { m_isEarlierOut = false; }
   // Remembers the window and passes the gate: 0 when the request may go out.
   int beginRequest(const HostObject& parentWindow);
-  // Gives the channel the request for which the gate was passed, the first time or once more.
+  // Gives the channel the request for which the gate was passed.
   void sendRequest(unsigned requestAction, const OptionalText& content);
+  // The same once more, for an answer that has not come: dropped, it leaves the one before waited for.
+  void sendAgain(unsigned requestAction, const OptionalText& content);
   // A request whose whole content is its own number: 0 when the gate was passed.
   int sendBareRequest(const HostObject& parentWindow, unsigned requestAction);
   // A reply would be taken: a window is pending, and somebody is there to answer to.

@@ -65,7 +65,7 @@ int vnAPIGetMeeting::doAction(const HostObject& parentWindow) {
   const bool isAskedAnew = m_onItsWay && *m_onItsWay == number;
   if (!isAskedAnew) m_onItsWay.reset();
   const int code = beginRequest(parentWindow);
-  // The answer about another number would not be taken.
+  // The answer about one number is not that about another.
   if (!isAskedAnew) forgetEarlier();
   if (code != 0) return code;
   sendRequest(RequestAction::kCarrier, getAPIData());
@@ -96,7 +96,7 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
     // What was refused is not carried out because another window is answered.
     if (!hasGoneOut()) return std::nullopt;
     if (!insistsOn(reply->meeting)) {
-      if (++m_repeats <= kMostRepeats) sendRequest(RequestAction::kCarrier, getAPIData());
+      if (++m_repeats <= kMostRepeats) sendAgain(RequestAction::kCarrier, getAPIData());
       return std::nullopt;
     }
   }

@@ -159,6 +159,8 @@ enum : NSEventType { NSLeftMouseDown = 1, NSScrollWheel = 22 };
 @property BOOL hasShadow;
 @property BOOL hidesOnDeactivate;
 @property(readonly) BOOL canBecomeKeyWindow;
+@property(readonly, getter=isVisible) BOOL visible;
+@property(readonly) NSArray* childWindows;
 @property(readonly) BOOL canBecomeMainWindow;
 - (instancetype)initWithContentRect:(NSRect)frame
                           styleMask:(NSWindowStyleMask)style

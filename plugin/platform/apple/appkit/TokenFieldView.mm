@@ -419,11 +419,20 @@ struct State {
   (void)sender;
   [self pressKey:TokenText::Key::newLine extends:NO];
 }
+// A list that has dropped down is all that a person means by it.
+- (BOOL)hasListBelow {
+  NSEnumerator* all = [[[self window] childWindows] objectEnumerator];
+  while (NSWindow* each = [all nextObject]) {
+    if ([each isVisible] && ![each canBecomeKeyWindow]) return YES;
+  }
+  return NO;
+}
 // The rules hear of it, and the window leaves its work.
 - (void)cancelOperation:(id)sender {
   NSWindow* window = [[[self window] retain] autorelease];
+  const BOOL staysHere = [self hasListBelow];
   [self pressKey:TokenText::Key::escape extends:NO];
-  [window tryToPerform:@selector(cancelOperation:) with:sender];
+  if (!staysHere) [window tryToPerform:@selector(cancelOperation:) with:sender];
 }
 // The tab key ends a token and leaves the field.
 - (void)insertTab:(id)sender {
