@@ -61,7 +61,7 @@ struct State {
   int lines = 0;
   // Whether all the lines are shown, which then scroll with the hours.
   bool isWide = false;
-  // Later, an empty calendar leaves the person in the week they went to.
+  // Of the first appointments, or one that somebody has looked for.
   bool hasWeek = false;
   // Of each day.
   std::array<int, kDaysShown> hidden{};

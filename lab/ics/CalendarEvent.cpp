@@ -11,7 +11,6 @@
 #include "lab/ics/PropertyText.h"
 #include "util/HtmlText.h"
 #include "util/Text.h"
-#include "util/TextSearch.h"
 
 namespace vornlab {
 

@@ -87,6 +87,14 @@ TEST(ScheduleForRulesTest, NamesThePeopleAndChoosesTheLastWithTheAddress) {
 
 class MeetingIdPanelTest : public SettingsPanelTest {
  protected:
+  void typeDialInAndDomains() {
+    turn("thirdPartyAudioButton", true);
+    type("thirdPartyAudioTextField", "Dial 555");
+    turn("onlySignedinWithSpecifiedDomains", true);
+    click("viewEditButton");
+    type("_domainsTextField", "acme.example");
+    click("domains_SaveBtn");
+  }
   void knowAccount(bool isDisabled = false, bool isLocked = false) {
     Account account = isDefaultPMI ? accountWith(UserOption3::isDefaultScheduleUsePMI) : Account();
     if (isLocked) account.MergeFrom(accountWith(UserOption4::isLockScheduleUsePMI));
@@ -226,12 +234,7 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
     }
     put("ann@vorn.example;");
     type(costCentre, "CC-1");
-    turn("thirdPartyAudioButton", true);
-    type("thirdPartyAudioTextField", "Dial 555");
-    turn("onlySignedinWithSpecifiedDomains", true);
-    click("viewEditButton");
-    type("_domainsTextField", "acme.example");
-    click("domains_SaveBtn");
+    typeDialInAndDomains();
     view().onSettingsCommit(true);
     if (isRefused) view().commitRefused();
     view().updateUIItemsForNextTime();
@@ -263,12 +266,7 @@ TEST_F(MeetingIdPanelTest, AMeetingThatWasRefusedKeepsItsWordsForAnotherPerson) 
   knowAccountWithWords();
   knowList();
   open();
-  turn("thirdPartyAudioButton", true);
-  type("thirdPartyAudioTextField", "Dial 555");
-  turn("onlySignedinWithSpecifiedDomains", true);
-  click("viewEditButton");
-  type("_domainsTextField", "acme.example");
-  click("domains_SaveBtn");
+  typeDialInAndDomains();
   view().onSettingsCommit(true);
   view().commitRefused();
   view().updateUIItemsForNextTime();
