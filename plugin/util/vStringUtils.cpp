@@ -3,6 +3,8 @@
 #include <simdjson.h>
 
 #include <algorithm>
+#include <deque>
+#include <numeric>
 #include <string_view>
 #include <tuple>
 #include <utility>
@@ -25,7 +27,7 @@ class ValueBuilder {
 
   // Gives `take` what the value is to be made of, so that it is made in its place.
   template <typename Take>
-  void read(const simdjson::dom::element& element, const Take& take) {
+  void read(simdjson::dom::element element, const Take& take) {
     using Type = simdjson::dom::element_type;
     switch (element.type()) {
       case Type::ARRAY: return take(arrayOf(element));
@@ -42,11 +44,13 @@ class ValueBuilder {
  private:
   struct Member {
     std::string_view key;
-    std::size_t position;
     simdjson::dom::element value;
-    friend bool operator<(const Member& a, const Member& b) {
-      return std::tie(a.key, a.position) < std::tie(b.key, b.position);
-    }
+  };
+  // The keys of a dictionary in the order of its text, and the places of those that count in the order of the
+  // keys.
+  struct Shape {
+    std::vector<std::string_view> keys;
+    std::vector<std::size_t> order;
   };
 
   Value::Array arrayOf(const simdjson::dom::array& array) {
@@ -61,24 +65,48 @@ class ValueBuilder {
   // The members are put in order before anything is made of them, while moving one is cheap.
   Value::Dictionary dictionaryOf(const simdjson::dom::object& object) {
     const std::size_t first = m_members.size();
-    for (const auto& [key, value] : object) m_members.push_back({key, m_members.size(), value});
-    const std::size_t end = m_members.size();
-    std::sort(m_members.begin() + first, m_members.end());
+    for (const auto& [key, value] : object) m_members.push_back({key, value});
+    if (m_depth == m_shapes.size()) m_shapes.emplace_back();
+    Shape& shape = m_shapes[m_depth++];
+    if (!isOf(shape, first)) shape = shapeOf(first);
     std::vector<Value::Dictionary::Entry> entries;
-    entries.reserve(end - first);
-    for (std::size_t i = first; i < end; ++i) {
-      const Member member = m_members[i];
-      const bool isOverruled = i + 1 < end && m_members[i + 1].key == member.key;
-      if (isOverruled) continue;
-      read(member.value,
-           [&](auto&& value) { entries.emplace_back(member.key, std::forward<decltype(value)>(value)); });
+    entries.reserve(shape.order.size());
+    for (const std::size_t place : shape.order) {
+      read(m_members[first + place].value,
+           [&](auto&& value) { entries.emplace_back(shape.keys[place], std::forward<decltype(value)>(value)); });
     }
+    --m_depth;
     m_members.resize(first);
     return Value::Dictionary(Value::Dictionary::InOrder(), std::move(entries));
   }
 
+  bool isOf(const Shape& shape, std::size_t first) const {
+    return std::equal(m_members.begin() + first, m_members.end(), shape.keys.begin(), shape.keys.end(),
+                      [](const Member& member, std::string_view key) { return member.key == key; });
+  }
+
+  // Of equal keys the last one counts.
+  Shape shapeOf(std::size_t first) const {
+    Shape shape;
+    for (std::size_t i = first; i < m_members.size(); ++i) shape.keys.push_back(m_members[i].key);
+    const auto& keys = shape.keys;
+    std::vector<std::size_t>& order = shape.order;
+    order.resize(keys.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::sort(order.begin(), order.end(),
+              [&](std::size_t a, std::size_t b) { return std::tie(keys[a], a) < std::tie(keys[b], b); });
+    const auto kept = std::unique(order.rbegin(), order.rend(),
+                                  [&](std::size_t a, std::size_t b) { return keys[a] == keys[b]; });
+    order.erase(order.begin(), kept.base());
+    return shape;
+  }
+
   // Of the dictionaries that are being made, the innermost last.
   std::vector<Member> m_members;
+  // Of the last dictionary at each depth: those of one list mostly have the same keys in the same order, which is
+  // then found once. A deque, for what is made inside a dictionary adds to it.
+  std::deque<Shape> m_shapes;
+  std::size_t m_depth = 0;
 };
 
 }  // namespace
