@@ -211,8 +211,10 @@ void SaveRoad::onDeleteActionFinished(const Value& data) {
   if (const auto& bar = window.bar()) {
     bar->setActionResultData(response);
     bar->onUIChanged(VnUINotMeeting);
-    // The answer to an update that went out before would bring the meeting back.
+    // The answer to an update that went out before would bring the meeting back, and a meeting that is added next
+    // would start from what a fetch brings, passcode and all.
     m_manager.apiMgr()->letGoOfUpdate();
+    m_manager.apiMgr()->letGoOfMeeting();
   }
   notifyActionResultToCalActionMgr(response);
   m_manager.writeBack().updateVnMeetingInfoToAppointmentForDelete(window, response);

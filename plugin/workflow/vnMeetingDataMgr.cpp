@@ -167,11 +167,14 @@ Value vnMeetingDataMgr::getVnSettingsData(const OptionalText& windowId) const {
   if (onbehalf.isCurrentScheduleVornForOther(windowId)) {
     settings.set(vn_Setting_ScheduleFor, onbehalf.onbehalfEmail(windowId));
   }
-  // A meeting that is still to be fetched is asked for in its own language. In that of the user's next new
-  // meeting, its invitation in the body would be replaced by one that nobody has chosen, against what its record
-  // says.
-  if (isVornMeeting() && !m_selectInvitationLanguage.value_or("").empty()) {
-    settings.set(vn_Setting_SelectInvitationLanguage, m_selectInvitationLanguage);
+  // A meeting that is still to be fetched is asked for in its own language, and in none when its record tells of
+  // none, as after an add without the panel. In that of the user's next new meeting, its invitation in the body
+  // would be replaced by one that nobody has chosen.
+  if (isVornMeeting()) {
+    settings.erase(vn_Setting_SelectInvitationLanguage);
+    if (!isEmpty(m_selectInvitationLanguage)) {
+      settings.set(vn_Setting_SelectInvitationLanguage, m_selectInvitationLanguage);
+    }
   }
   return settings;
 }

@@ -202,6 +202,22 @@ TEST_F(Catalogue, ANumberThatAnotherWindowAskedForIsNoInsistenceUntilThatWindowI
   }
   reply("4", meetingReplyOf("555"));
   EXPECT_EQ(owner.finished.size(), 1u);
+  // Nor for ever, when no answer comes.
+  other->getMeeting(window, request("777"));
+  runFor(61);
+  mgr->getMeeting(window, request("987"));
+  for (int i = 0; i < 5; ++i) reply("4", meetingReplyOf("777"));
+  EXPECT_EQ(owner.finished.size(), 2u);
+}
+
+TEST_F(Catalogue, ARepetitionThatTheChannelDropsLeavesTheQuestionOutAndAnInsistingServiceIsBelieved) {
+  mgr->getMeeting(window, request("987"));
+  connectClient(false);
+  reply("4", meetingReplyOf("1"));
+  connectClient(true);
+  EXPECT_TRUE(mgr->isWaitingForMeeting());
+  for (int i = 0; i < 4; ++i) reply("4", meetingReplyOf("1"));
+  EXPECT_EQ(owner.finished.size(), 1u);
 }
 
 TEST_F(Catalogue, AStrangersMeetingIsTakenOffAndTheManagerHearsNothing) {

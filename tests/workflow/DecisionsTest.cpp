@@ -441,11 +441,15 @@ TEST_F(Decisions, NoUpdateGoesOutBehindACancel) {
   EXPECT_THAT(client.names(), IsEmpty());
 }
 
-TEST_F(Decisions, TheAnswerToAnUpdateBeforeACancelIsNobodys) {
-  manager().apiMgr()->updateMeeting(window->bar->ownWindow, Value::dictionaryFromPairs({{vn_MeetingKey, kKey}}));
+TEST_F(Decisions, TheAnswerToAnUpdateBeforeACancelIsNobodysNorThatToAFetch) {
+  const Value asked = Value::dictionaryFromPairs({{vn_MeetingKey, kKey}});
+  manager().apiMgr()->updateMeeting(window->bar->ownWindow, asked);
+  manager().apiMgr()->getMeeting(window->bar->ownWindow, asked);
   EXPECT_TRUE(manager().apiMgr()->isWaitingForTheService());
+  EXPECT_TRUE(manager().apiMgr()->isWaitingForMeeting());
   reply(VnCmdDelete);
   EXPECT_FALSE(manager().apiMgr()->isWaitingForTheService());
+  EXPECT_FALSE(manager().apiMgr()->isWaitingForMeeting()) << "a new meeting would start from it";
 }
 
 // Until its first invitation stands in it, a body holds only the user's words, which an update must not replace.

@@ -131,15 +131,17 @@ class vnAPIWindowCommand : public vnAPIBase {
  public:
   // A reply is waited for: a request has gone out, be it one before the last, and its reply has neither come nor
   // taken too long. Nobody answers what the channel dropped.
-  bool isWaiting() const { return (hasGoneOut() || m_isEarlierOut) && isTimed(); }
+  bool isWaiting() const { return isOut() && isTimed(); }
   // The same, however long it takes.
-  bool mayBeAnswered() const { return m_parentWindow && (hasGoneOut() || m_isEarlierOut); }
+  bool mayBeAnswered() const { return m_parentWindow && isOut(); }
   // Nothing is waited for any more, and a reply that comes before the next request is nobody's.
   virtual void letGo();
 
  protected:
   // The last request was neither refused at the gate nor dropped by the channel.
   bool hasGoneOut() const { return m_lastRequest == LastRequest::sent; }
+  // The last request has, or one before it that was waited for.
+  bool isOut() const { return hasGoneOut() || m_isEarlierOut; }
   // The channel dropped the last request, and none before it was waited for. A reply about one meeting is then
   // another window's; after a refusal at the gate it is not known to be.
   bool isDropped() const { return m_lastRequest == LastRequest::dropped && !m_isEarlierOut; }
@@ -161,12 +163,12 @@ class vnAPIWindowCommand : public vnAPIBase {
   // The same for a reply that is no error. Of an error the user is told, and it is absent.
   std::optional<HostObject> takeSuccess(std::uint64_t replyNumber, const std::string& content);
 
+  void onWaitEnded() override;
+
   HostObject m_parentWindow;
 
  private:
   enum class LastRequest { refused, dropped, sent };
-
-  void onWaitEnded() override;
 
   LastRequest m_lastRequest = LastRequest::refused;
   // When the last request was made, the reply to one before it was waited for.

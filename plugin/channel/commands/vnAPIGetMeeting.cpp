@@ -78,6 +78,12 @@ void vnAPIGetMeeting::letGo() {
   m_onItsWay.reset();
 }
 
+// Or an answer that never comes would keep its number from everybody for as long as the command lives.
+void vnAPIGetMeeting::onWaitEnded() {
+  if (!isWaiting()) m_onItsWay.reset();
+  vnAPIWindowCommand::onWaitEnded();
+}
+
 std::string vnAPIGetMeeting::askedNumber() const { return vnOLUtils::trimAllSpace(m_meetingKey).value_or(""); }
 
 std::string vnAPIGetMeeting::getAPIData() {
@@ -94,7 +100,7 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
   if (!reply && isDropped()) return std::nullopt;
   if (reply && isAboutAnother(reply->meeting)) {
     // What was refused is not carried out because another window is answered.
-    if (!hasGoneOut()) return std::nullopt;
+    if (!isOut()) return std::nullopt;
     if (!insistsOn(reply->meeting)) {
       if (++m_repeats <= kMostRepeats) sendAgain(RequestAction::kCarrier, getAPIData());
       return std::nullopt;

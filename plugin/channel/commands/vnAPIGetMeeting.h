@@ -29,6 +29,7 @@ class vnAPIGetMeeting : public vnAPICommandFor<GetMeetingOwner> {
   void letGo() override;
 
  private:
+  void onWaitEnded() override;
   // Without blanks.
   std::string askedNumber() const;
   bool isAboutAnother(const Value& meeting) const;

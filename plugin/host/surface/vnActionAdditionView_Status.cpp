@@ -111,10 +111,12 @@ bool vnActionAdditionView::needHideVnView() {
     return editor->isCancelMode() || !editor->isSupportedOwner() || isItemWithMeetingOfSeries();
   }
   if (!m_idECCalendarEvent) return true;
-  // Before its first click a bar holds nothing of the editor, and the host may have let go of the event that it
-  // opened with; what was read of it then still stands.
+  // An item without a record of its own supports a meeting, also where the service has found the series' meeting
+  // by the UUID: only the bar knows of that. The host may have let go of the event; what was read of it still
+  // stands.
+  if (!m_bSupportVorn) return true;
   const vnECCalendarEvent event(m_idECCalendarEvent);
-  return event.isValidConnection() ? !event.isSupportVorn() : !m_bSupportVorn;
+  return event.isValidConnection() && !event.isSupportVorn();
 }
 
 bool vnActionAdditionView::blockDeleteVornMeeting() {
