@@ -34,7 +34,7 @@ CalendarEvent chosenEvent(CalendarStore& calendar, const PanelOptions& options) 
                      " appointments; choose one with --uid; meet FILE --dry-run --all --json lists them");
   }
   if (const auto event = calendar.find(options.uid)) return *event;
-  throw LabError(missingInWords(options.input.file, options.uid));
+  throw UsageError(missingInWords(options.input.file, options.uid));
 }
 
 // What Continue would do now.

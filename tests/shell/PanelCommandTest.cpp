@@ -199,7 +199,7 @@ TEST_F(PanelCommand, OpensThePanelOfAStoredMeetingAndSaysWhereThereIsNone) {
 
   EXPECT_EQ(panel({online, "--uid", "two"}).exitCode, 0);
   const ProgramRun unknown = panel({online, "--uid", "three"});
-  EXPECT_EQ(unknown.exitCode, 1);
+  EXPECT_EQ(unknown.exitCode, 2) << "as of every command that is about one appointment";
   EXPECT_THAT(unknown.errors, HasSubstr("no appointment with the UID three"));
   const ProgramRun several = panel({online});
   EXPECT_EQ(several.exitCode, 2);
