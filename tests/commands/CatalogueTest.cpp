@@ -181,6 +181,10 @@ TEST_F(Catalogue, AMeetingIsTakenForTheOneThatWasAskedForOrThatTheServiceInsists
     EXPECT_EQ(owner.finished.size(), row.isHanded ? 1u : 0u);
     EXPECT_EQ(mgr->isWaitingForMeeting(), !row.isHanded);
   }
+  mgr->getMeeting(window, request("987"));
+  connectClient(false);
+  reply("4", meetingReplyOf("1"));
+  EXPECT_TRUE(mgr->isWaitingForMeeting()) << "for what went out, though not once more";
 }
 
 TEST_F(Catalogue, ANumberThatAnotherWindowAskedForIsNoInsistenceUntilThatWindowIsAnswered) {

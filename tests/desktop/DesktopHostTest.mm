@@ -292,12 +292,16 @@ TEST_F(Desk, ANameThatIsBeingTypedIsKeptByAClickElsewhereAndDroppedByEscape) {
   EXPECT_EQ(summary("a"), "Another week");
 }
 
-TEST_F(Desk, AnEmptyCalendarStaysInTheWeekThatWasLookedAt) {
+TEST_F(Desk, AnEmptyCalendarStaysInTheWeekThatWasLookedAtOrElseShowsThatOfItsFirstAppointment) {
   load("");
+  vnWeekView* untouched = [[[vnWeekView alloc] initWithController:nil] autorelease];
   [week() nextWeek:nil];
   NSString* before = [week() title];
   [week() reload];
   EXPECT_EQ(plainText([week() title]), plainText(before));
+  load(eventText("a", kPlain));
+  [untouched reload];
+  EXPECT_EQ(plainText([untouched title]), plainText([week() title]));
 }
 
 TEST_F(Desk, TheDatesOfASeriesAreSeenAndMoveNothing) {

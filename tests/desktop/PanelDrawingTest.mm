@@ -423,6 +423,10 @@ TEST_F(Screen, AKeyGoesToTheWindowUnlessTheRulesOfItsFieldWantIt) {
       EXPECT_EQ(takeUsed(), each.isTaken ? told : std::vector<std::string>());
     }
   }
+  change("offers", [](Control& control) { control.hidden = false; });
+  [view<vnTokenFieldView*>("tokens") cancelOperation:nil];
+  EXPECT_THAT(takeUsed(), ElementsAre("tokens")) << "the list alone is meant";
+  change("offers", [](Control& control) { control.hidden = true; });
   [view<vnTokenFieldView*>("tokens") cancelOperation:nil];
   EXPECT_THAT(used, ElementsAre("tokens", "cancel"));
 }

@@ -293,6 +293,13 @@ TEST_F(SecurityPanelTest, WhoLetsPeopleIntoThePersonalMeetingEarlyIsAskedForAPas
     EXPECT_EQ(focused() == "passwordTextField", usePMI);
     EXPECT_EQ(settings()[vn_Setting_RequiredMPW].boolValue(), usePMI);
   }
+  bool isAskedAgain = false;
+  const auto heard = view().controls().observe(
+      [&](const auto&) { isAskedAgain = isAskedAgain || !control("passwordTextField").isFocused; });
+  knowAccount(accountWith(UserOption3::isEnablePMIRequirePassword, UserOption4::isLockPMIRequirePassword));
+  panels.refreshSettingWindow(id(), true);
+  test.runLoop.runFor(0);
+  EXPECT_FALSE(isAskedAgain) << "who types elsewhere by now goes on there";
 }
 
 TEST_F(SecurityPanelTest, EachBannerClosesForGoodAndLeadsToItsPage) {
