@@ -269,7 +269,7 @@ TEST(CalendarEvent, KnowsTheLinesThatSomebodyHasWrittenInOneOfItsTwoBodiesAlone)
   const std::tuple<std::string, const char*, const char*> rows[] = {
       {page, "agenda V1\n & cake\n\n1. Wir pr\u00FCfen\n___\nsite <https://a.example/x?k=7&l=2>\n", ""},
       {page, "Agenda v2 BRING IT\nsite", "Agenda v2 BRING IT"},
-      {page, "Wir prüfen\n- 契約書\n---\nAgenda\n2) Tee \n\n", "- 契約書\n---\n2) Tee"},
+      {page, "Wir prüfen\n- 契約書\n---\nAgenda\n2) Tee\nYes \n\n", "- 契約書\n---\n2) Tee\nYes"},
       {page, "Agenda v1 & cake\n\U0001F44D\n___\nWir prüfen\n\u2192\nsite", "\U0001F44D\n___\n\u2192"},
       {bookmark + "<link rel=\"x\"><p>2. Mai \u2605</p>", "3. Mai\n\u2605\u00A0\u2605 \uFFFC\n\u2500\u2500",
        "3. Mai"},
@@ -347,9 +347,9 @@ TEST(CalendarEvent, KnowsTheHtmlOfAWebCalendarByItsTags) {
       {"Plan: <a href=\"https://a.example/p\">doc</a>\nlaptop\n\nroom",
        "Plan: <a href=\"https://a.example/p\">doc</a><br>\nlaptop<br>\n<br>\nroom"},
       {"<ol><li>one</li>\n<li>two</li></ol>\nthree<BR>\nfour\n<UL>", nullptr},
-      {"<p dir=\"ltr\">one</p>", nullptr},
+      {"<p dir=\"ltr\">one</p> \ntwo\nthree", "<p dir=\"ltr\">one</p> \ntwo<br>\nthree"},
       {"<a target=\"_blank\" href=\"https://a.example\">x", nullptr},
-      {"<pre>a\nb</pre>\nc", nullptr},
+      {"<pre>a\nb</pre>\nc\nd", "<pre>a\nb</pre>\nc<br>\nd"},
       {"a < b, <3, <robin@vorn.example> and <abbreviated or a <b then\nc > d", ""},
       {"<", ""},
   };
@@ -441,9 +441,7 @@ TEST(CalendarStore, EveryAppointmentKeepsItsPlaceWhateverIsRemovedAndAdded) {
   const std::string standing = "BEGIN:VCALENDAR\r\n" + event("a") + event("b") + "END:VCALENDAR\r\n";
   for (const std::string& text : {standing + event("c"), event("a") + standing.substr(0, 17) + event("b") +
                                                              "END:VCALENDAR\r\n" + event("c")}) {
-    CalendarStore store;
-    IcsProblem problem;
-    ASSERT_TRUE(store.loadText(text, problem)) << problem.message;
+    Loaded store(text);
     store.find("a")->remove();
     EXPECT_EQ(store.add("d", 0, 60, "").index(), 3U);
     store.find("c")->remove();
