@@ -161,8 +161,7 @@ void SecurityOptions::turnPasscode(bool on) {
 // The user has to type it, or at least to see that it is there.
 void SecurityOptions::requirePasscode() {
   turnPasscode(true);
-  // Once is enough: a reply comes here as well, and who types elsewhere by now must not go on in the passcode.
-  if (!m_passwordTextField.isFocused) m_steps.makeFirstResponderWithObject(m_passwordTextField.key);
+  m_steps.makeFirstResponderWithObject(m_passwordTextField.key);
 }
 
 bool SecurityOptions::checkIfNeedRegeneratePasscode() const {
@@ -210,7 +209,8 @@ void SecurityOptions::checkIfRequirePasswordLocked() {
   const std::optional<bool> locked = lockedPasscodeRequired(meeting, m_context.facts(m_record).account);
   m_requiredMeetingPswButton.enabled = !locked;
   if (locked) {
-    if (meeting.usePMI && *locked) {
+    // Once is enough: a reply comes here as well, and who types elsewhere by now must not go on in the passcode.
+    if (meeting.usePMI && *locked && !m_passwordTextField.isFocused) {
       requirePasscode();
     } else {
       turnPasscode(*locked);

@@ -23,6 +23,15 @@ class SecurityPanelTest : public SettingsPanelTest {
     }
     return "";
   }
+  // Whether it asks for the keyboard once more, which has gone to the passcode before.
+  bool asksForThePasscode(const std::function<void()>& act) {
+    bool asks = false;
+    const auto heard =
+        view().controls().observe([&](const auto&) { asks = asks || !control("passwordTextField").isFocused; });
+    act();
+    test.runLoop.runFor(0);
+    return asks;
+  }
 };
 
 TEST_F(SecurityPanelTest, ThePasscodeAppearsWithItsSwitchAndIsMadeOnlyWhereItIsMissingOrUnfit) {
@@ -38,7 +47,7 @@ TEST_F(SecurityPanelTest, ThePasscodeAppearsWithItsSwitchAndIsMadeOnlyWhereItIsM
     turn("requiredMeetingPswButton", false);
     EXPECT_TRUE(control("passwordTextField").hidden && control("pswFormatErrorTextField").hidden);
     EXPECT_FALSE(settings()[vn_Setting_RequiredMPW].boolValue());
-    turn("requiredMeetingPswButton", true);
+    EXPECT_TRUE(asksForThePasscode([this] { turn("requiredMeetingPswButton", true); }));
     EXPECT_EQ(control("passwordTextField").text == text, isKept) << text;
     EXPECT_TRUE(control("pswFormatErrorTextField").hidden);
   }
@@ -293,13 +302,9 @@ TEST_F(SecurityPanelTest, WhoLetsPeopleIntoThePersonalMeetingEarlyIsAskedForAPas
     EXPECT_EQ(focused() == "passwordTextField", usePMI);
     EXPECT_EQ(settings()[vn_Setting_RequiredMPW].boolValue(), usePMI);
   }
-  bool isAskedAgain = false;
-  const auto heard = view().controls().observe(
-      [&](const auto&) { isAskedAgain = isAskedAgain || !control("passwordTextField").isFocused; });
   knowAccount(accountWith(UserOption3::isEnablePMIRequirePassword, UserOption4::isLockPMIRequirePassword));
-  panels.refreshSettingWindow(id(), true);
-  test.runLoop.runFor(0);
-  EXPECT_FALSE(isAskedAgain) << "who types elsewhere by now goes on there";
+  EXPECT_FALSE(asksForThePasscode([this] { panels.refreshSettingWindow(id(), true); }))
+      << "who types elsewhere by now goes on there";
 }
 
 TEST_F(SecurityPanelTest, EachBannerClosesForGoodAndLeadsToItsPage) {
