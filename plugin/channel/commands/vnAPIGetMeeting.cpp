@@ -107,8 +107,7 @@ std::optional<CommandResult> vnAPIGetMeeting::onVornFeedback(const std::string& 
     }
   }
   // Others that wait hear of the same reply in this turn of the loop.
-  RunLoop* runLoop = Registry::platform().runLoop;
-  if (runLoop && m_onItsWay) runLoop->performAfter(0, nullptr, "answered", [answered = std::move(m_onItsWay)] {});
+  Registry::platform().runLoop->performAfter(0, nullptr, "answered", [answered = std::move(m_onItsWay)] {});
   const auto window = takeSuccess(VnCmdGetMeeting, content);
   if (!window || !reply) return std::nullopt;
   reply->feed(m_owner->getMeetingHelper(), false, m_isForPMI);
