@@ -439,7 +439,7 @@ std::size_t IcsDocument::addComponent(std::size_t parent, const std::vector<std:
   // What is removed stays in the text that is read anew, so that all others keep their indexes.
   std::map<std::size_t, std::size_t> removed = std::exchange(m_removed, {});
   const std::size_t endLine = m_components[parent].endLine;
-  std::string whole = m_text.substr(0, m_lines.empty() ? 0 : m_lines.front().begin);
+  std::string whole = m_text.substr(0, m_lines.front().begin);
   write(0, endLine, whole);
   if (!whole.empty() && whole.back() != newline()) whole += m_lineEnding;
   const std::size_t begin = whole.size();
@@ -512,7 +512,7 @@ void IcsDocument::write(std::size_t firstLine, std::size_t endLine, std::string&
 }
 
 std::string IcsDocument::text() const {
-  if (!isChanged() || m_lines.empty()) return m_text;
+  if (!isChanged()) return m_text;
   std::string result = m_text.substr(0, m_lines.front().begin);
   write(0, m_lines.size(), result);
   return result;

@@ -468,6 +468,8 @@ TEST(CalendarStore, AFileThatCannotBeReadOrWrittenIsToldAndLeavesTheStoreAsItWas
   EXPECT_EQ(problem.line, 2U);
   EXPECT_EQ(store.text(), before);
   EXPECT_FALSE(store.save("/no/such/folder/out.ics"));
+  EXPECT_TRUE(store.loadText(event(""), problem));
+  EXPECT_EQ(store.eventCount(), 1U) << "another file takes the place of the first";
 }
 
 }  // namespace
