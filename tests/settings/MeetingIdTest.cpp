@@ -154,6 +154,12 @@ class MeetingIdPanelTest : public SettingsPanelTest {
     helper.setMeetingData(meeting, false);
     helper.setPBMeetingData(EncodeUtils::base64Encode(options.SerializeAsString()));
   }
+  // The panel is shown again with what was refused.
+  void commitAndBeRefused() {
+    view().onSettingsCommit(true);
+    view().commitRefused();
+    view().updateUIItemsForNextTime();
+  }
   void answerList() {
     answer("11", vnOLUtils::toJSONString(Value::dictionaryFromPairs({{vn_Profile_Bosses, people}})).value_or(""));
   }
@@ -267,9 +273,7 @@ TEST_F(MeetingIdPanelTest, AMeetingThatWasRefusedKeepsItsWordsForAnotherPerson) 
   knowList();
   open();
   typeDialInAndDomains();
-  view().onSettingsCommit(true);
-  view().commitRefused();
-  view().updateUIItemsForNextTime();
+  commitAndBeRefused();
   choose("scheduleForPopup", 1);
   turn("onlySignedinWithSpecifiedDomains", false);
   turn("onlySignedinWithSpecifiedDomains", true);
@@ -282,9 +286,7 @@ TEST_F(MeetingIdPanelTest, OfTwoMeetingsThatWereRefusedEachKeepsItsWords) {
   open();
   const auto refuseWith = [this](const char* host) {
     click("alternateHostTextField", [host](Control& field) { field.tokens.paste(host); });
-    view().onSettingsCommit(true);
-    view().commitRefused();
-    view().updateUIItemsForNextTime();
+    commitAndBeRefused();
   };
   const auto hosts = [this] { return view().settingsToCommit()[vn_Setting_AlternateHosts]; };
   refuseWith("ann@vorn.example;");
@@ -426,9 +428,7 @@ TEST_F(MeetingIdPanelTest, WhoIsRefusedAndGoesBackFindsThePersonalMeetingOfTheOp
   open();
   answer("4", "0;Error 3001");
   turn("buttonOneTimeMeeting", true);
-  view().onSettingsCommit(true);
-  view().commitRefused();
-  view().updateUIItemsForNextTime();
+  commitAndBeRefused();
   EXPECT_TRUE(control("buttonOneTimeMeeting").on) << "what was refused is shown again";
   click("buttonCancel");
   asked();
@@ -678,9 +678,7 @@ TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePerson
         EXPECT_EQ(control("videoHostMatrix").index, 0) << "it has come";
       }
       if (last == std::string("a refused commit")) {
-        view().onSettingsCommit(true);
-        view().commitRefused();
-        view().updateUIItemsForNextTime();
+        commitAndBeRefused();
       }
       turn("buttonOneTimeMeeting", true);
       const Value after = view().settingsToCommit();

@@ -35,6 +35,15 @@ class Panel : public MeetingFixture {
         Value::dictionaryFromPairs({{"userId", "me"}, {"roomMeetingId", "5550142871"}, {"bosses", bosses}}));
   }
 
+  // The panel of this window has closed, unless it is told to be another's.
+  void endPanel(bool isOK, bool isByPanel = false, const OptionalText& windowId = {}) {
+    test.notificationCenter.post(
+        notify_SettingCommit, nullptr,
+        Value::dictionaryFromPairs({{keyApptWindowID, windowId ? windowId : id()},
+                                    {keyVNUserOperator, isByPanel ? keyVNSettingCommit : ""},
+                                    {keyButtonClickIsOK, isOK}}));
+  }
+
   FakePanel& panel = *panels.panel;
 };
 
@@ -67,12 +76,7 @@ TEST_F(Panel, ItsEndTakesTheWayOfItsButtonAndOfTheCommandThatOpenedIt) {
     data().setMeetingKey(row.key);
     manager().setMeetingAction(row.command);
     client.requests.clear();
-    test.notificationCenter.post(
-        notify_SettingCommit, nullptr,
-        Value::dictionaryFromPairs(
-            {{keyApptWindowID, row.isOwn ? id() : FakeWindow(test).bar->getAppointmentWindowID()},
-             {keyVNUserOperator, row.isByPanel ? keyVNSettingCommit : ""},
-             {keyButtonClickIsOK, row.isOK}}));
+    endPanel(row.isOK, row.isByPanel, row.isOwn ? id() : FakeWindow(test).bar->getAppointmentWindowID());
     EXPECT_EQ(manager().getMeetingAction(), row.action);
     EXPECT_THAT(client.names(), ElementsAreArray(row.requests));
     EXPECT_EQ(data().forceIncludeJoinUrlInLocation(), !row.isOwn);
@@ -85,8 +89,7 @@ TEST_F(Panel, AChoiceThatItDoesNotHoldStaysAsItWas) {
   openPanel();
   panel.settings.set(vn_Setting_SelectInvitationLanguage, "");
   data().setPutInvitationAtTheTop(true);
-  test.notificationCenter.post(notify_SettingCommit, nullptr,
-                               Value::dictionaryFromPairs({{keyApptWindowID, id()}}));
+  endPanel(false);
   EXPECT_TRUE(data().forceIncludeJoinUrlInLocation());
   EXPECT_TRUE(data().putInvitationAtTheTop());
   EXPECT_EQ(data().selectInvitationLanguage(), "en-US");
@@ -97,9 +100,7 @@ TEST_F(Panel, WhatTheServiceHasRefusedIsChosenNoMore) {
   const auto choose = [&](const char* language, bool isOK = true) {
     panel.settings.set(vn_Setting_SelectInvitationLanguage, language);
     if (isOK) panel.settings.set(vn_Setting_ForceIncludeJoinurlInLocation, false);
-    test.notificationCenter.post(
-        notify_SettingCommit, nullptr,
-        Value::dictionaryFromPairs({{keyApptWindowID, id()}, {keyButtonClickIsOK, isOK}}));
+    endPanel(isOK);
   };
   const auto refuse = [&](int code) {
     if (code == 0) return manager().resetMeetingItemWhenUpdateError(window->bar->ownWindow);
@@ -145,8 +146,7 @@ TEST_F(Panel, AFetchForItIsNobodysOnceItHasEnded) {
   manager().setState(VnStatePMIForSettings);
   manager().apiMgr()->getMeeting(window->bar->ownWindow, Value::dictionaryFromPairs({{vn_MeetingKey, kKey}}));
   EXPECT_TRUE(manager().apiMgr()->isWaitingForMeeting());
-  test.notificationCenter.post(notify_SettingCommit, nullptr,
-                               Value::dictionaryFromPairs({{keyApptWindowID, id()}}));
+  endPanel(false);
   EXPECT_FALSE(manager().apiMgr()->isWaitingForMeeting());
 }
 
@@ -345,10 +345,7 @@ TEST_F(Panel, ALostTemplateIsAskedAboutAndTheAnswerIsItsOwnWindowsAlone) {
     client.requests.clear();
     manager().apiMgr()->onMessageResponse(
         Value::dictionaryFromPairs({{"actionId", "2"}, {"content", "0;Error 3402"}}));
-    test.notificationCenter.post(
-        notify_SettingCommit, nullptr,
-        Value::dictionaryFromPairs(
-            {{keyApptWindowID, id()}, {keyVNUserOperator, keyVNSettingCommit}, {keyButtonClickIsOK, true}}));
+    endPanel(true, true);
     EXPECT_THAT(client.names(), ElementsAre(committed));
   }
 }
