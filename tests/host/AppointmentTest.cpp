@@ -30,18 +30,26 @@ class AppointmentTest : public testing::Test {
 TEST_F(AppointmentTest, ReadsWhatWasChangedAndOtherwiseWhatIsStoredUntilARecordIsTakenOver) {
   Appointment shown = named("one");
   shown.changes().summary = "";
+  shown.changes().body = "<p>Agenda</p>";
   EXPECT_EQ(shown.summary(), "") << "an emptied text is a change";
+  EXPECT_EQ(shown.body(), "<p>Agenda</p>");
+  EXPECT_FALSE(shown.isBodyHtml());
   EXPECT_EQ(shown.location(), "Room 1");
   EXPECT_EQ(calendar.find("one")->summary(), "Review");
 
   AppointmentChanges later;
   later.summary = "Second review";
+  later.olmUCCapabilities = "{}";
   later.end = shown.timeLikeStart(shown.start()->seconds + 60);
   Appointment record = shown.withChanges(later);
   EXPECT_EQ(shown.summary(), "");
   EXPECT_TRUE(record.write(host));
   shown.takeOver(record);
   EXPECT_EQ(shown.summary(), "Second review");
+  EXPECT_EQ(shown.olmUCCapabilities(), "{}");
+  EXPECT_TRUE(shown.isBodyHtml()) << "stored so unless told otherwise";
+  shown.changes().isBodyHtml = false;
+  EXPECT_FALSE(shown.isBodyHtml());
   EXPECT_EQ(shown.end()->seconds - shown.start()->seconds, 60) << "the start stays when the end alone is changed";
   EXPECT_EQ(host.storedCount, 1);
 }
@@ -127,7 +135,7 @@ TEST_F(AppointmentTest, OneThatIsGoneAnswersNothingAndCannotBeStored) {
   EXPECT_FALSE(Appointment().write(host));
   EXPECT_FALSE(Appointment::find(host, "one", ""));
   EXPECT_FALSE(Appointment::at(host, 0));
-  EXPECT_FALSE(Appointment::at(host, 99));
+  EXPECT_FALSE(Appointment::at(host, calendar.eventCount()));
 }
 
 }  // namespace

@@ -408,6 +408,7 @@ TEST(CalendarEvent, WhoStaysInvitedKeepsTheLineButForAnotherName) {
   for (const char* name : {"Ann", "Bo"}) store.eventAt(0).setAttendees({{name, "a@b.example", 0}});
   EXPECT_EQ(store.text(), event("ATTENDEE;CN=\"Bo\";RSVP=TRUE:mailto:a@b.example\r\n"));
   store.eventAt(0).setAttendees({});
+  EXPECT_TRUE(store.eventAt(0).attendees().empty());
   EXPECT_EQ(store.text(), event(""));
 }
 

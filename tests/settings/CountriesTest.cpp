@@ -391,10 +391,18 @@ TEST_F(CountriesPanelTest, TheRegionsOfAMeetingThatStandsNarrowThemWhenItIsOpene
 }
 
 TEST_F(CountriesPanelTest, AreAnotherPersonsWhenTheMeetingIsForThatPerson) {
-  const Value dana = Value::dictionaryFromPairs({{vn_Boss_Email, "dana@vorn.example"},
-                                                 {vn_Boss_DisplayName, "Dana"},
-                                                 {vn_Boss_PMI, "5550777777"},
-                                                 {vn_Setting_AvailableDialinCountry, countries({"AT"}, {"AT"})}});
+  Value austria = countries({"AT"}, {"AT"});
+  austria.set(vn_Setting_DialinCountry_Hash, "hers");
+  austria.set(vn_Setting_DialinCountry_IncludeTollfree, true);
+  const Value blocked =
+      Value::dictionaryFromPairs({{vn_Setting_RegionType, 1}, {vn_Setting_RegionCodes, list({"DE"})}});
+  const Value dana = Value::dictionaryFromPairs(
+      {{vn_Boss_Email, "dana@vorn.example"},
+       {vn_Boss_DisplayName, "Dana"},
+       {vn_Boss_PMI, "5550777777"},
+       {vn_Profile_UserOption3, static_cast<std::int64_t>(UserOption3::isEnableAllowDenyJoinMeetingRegion)},
+       {vn_Setting_AvailableDialinCountry, austria},
+       {vn_Setting_JoinMeetingRegionSetting, Value::dictionaryFromPairs({{vn_Setting_RegionPolicy, blocked}})}});
   const Value people = Value::dictionaryFromPairs({{vn_Profile_Bosses, Value::Array{dana}}});
   know({"US", "DE"}, {"US", "DE"}, people);
   vnGetScheduleForListHelper::sharedInstance().setData(people);
@@ -407,7 +415,9 @@ TEST_F(CountriesPanelTest, AreAnotherPersonsWhenTheMeetingIsForThatPerson) {
 
   // Who opens it in that person's name goes back to theirs, also where the personal meeting has not come yet.
   for (const bool isPersonal : {false, true}) {
-    Account account = isPersonal ? accountWith(UserOption3::isDefaultScheduleUsePMI) : Account();
+    constexpr auto centres = UserOption3::isEnableRegionCustomization;
+    Account account =
+        isPersonal ? accountWith(centres, UserOption3::isDefaultScheduleUsePMI) : accountWith(centres);
     account.set_id("me");
     Value more = people;
     more.set(vn_Profile_Proto, EncodeUtils::base64Encode(account.SerializeAsString()));
@@ -418,8 +428,9 @@ TEST_F(CountriesPanelTest, AreAnotherPersonsWhenTheMeetingIsForThatPerson) {
     panels.getSchSettingWindowInArray(id())->setScheduleForListInfo(true);
     EXPECT_EQ(settings()[vn_Setting_IsPMI].boolValue(), isPersonal);
     EXPECT_EQ(chosen(), list({"AT"}));
+    const Value hers = settings();
     click("buttonCancel");
-    EXPECT_EQ(chosen(), list({"AT"}));
+    EXPECT_EQ(settings(), hers);
   }
 }
 

@@ -298,6 +298,10 @@ TEST_F(MeetingIdPanelTest, OfTwoMeetingsThatWereRefusedEachKeepsItsWords) {
   turn("buttonUsePMI", true);
   answerMeeting("5550142871", true);
   EXPECT_EQ(hosts(), Value(Value::Array{"sam@vorn.example"}));
+  view().onSettingsCommit(true);
+  view().commitStands();
+  turn("buttonOneTimeMeeting", true);
+  EXPECT_EQ(hosts().count(), 0u) << "another was accepted in its place";
 }
 
 TEST_F(MeetingIdPanelTest, WhereTheAccountNamesNoWayToSignInAPersonalMeetingGetsNoneOfAnotherMeeting) {
