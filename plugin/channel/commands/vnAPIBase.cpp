@@ -148,13 +148,13 @@ std::string vnAPIBase::getAPIResult() const { return std::string(m_errorCode != 
 
 void vnAPIBase::parseFeedbackError(const std::string& content) {
   const auto fields = leadingFields(content, ';', 3);
-  if (fields.size() < 2) {
+  if (fields.size() < 3) {
+    // The text of an earlier reply stays.
     m_errorCodeStr = content;
   } else {
     m_errorCodeStr = content.substr(0, fields[0].size() + 1 + fields[1].size());
+    m_errorMoreInfo = fields[2];
   }
-  // Without a third field the text of an earlier reply stays.
-  if (fields.size() >= 3) m_errorMoreInfo = fields[2];
   m_errorCode = convertToErrorCode(m_errorCodeStr);
 }
 
