@@ -174,6 +174,7 @@ TEST(CalendarEvent, MovingKeepsTheFormOfTheFile) {
        "DTSTART:20300514T120000Z\r\nDTEND:20300514T133000Z\r\n"},
       {"DTSTART;TZID=Europe/Berlin:20300513T140000\r\nDURATION:PT1H\r\n",
        "DTSTART;TZID=Europe/Berlin:20300514T140000\r\nDURATION:PT1H30M\r\n"},
+      {"DTSTART:20300513T120000Z\r\nDURATION:PT90M\r\n", "DTSTART:20300514T120000Z\r\nDURATION:PT90M\r\n"},
       {"DTSTART:20300513T120000\r\nDTEND:20300513T130000\r\n",
        "DTSTART:20300514T120000\r\nDTEND:20300514T133000\r\n"},
       {"", "DTSTART:20300514T120000Z\r\nDTEND:20300514T133000Z\r\n"},
@@ -305,7 +306,7 @@ TEST(CalendarEvent, ReadsABodyInWhateverFormAProgramHasWrittenItAndWritesItIntoI
        "DESCRIPTION;ALTREP=\"data:text/html,%3Cp%3Enew%3C%2Fp%3E\":Mü more\r\n"},
       {"X-ALT-DESC;LANGUAGE=de;FMTTYPE=text/html;X-FOO=1:<p>M</p>\r\n" + beside, "Mü", "<p>M</p>",
        "X-ALT-DESC;LANGUAGE=de;FMTTYPE=text/html;X-FOO=1:<p>new</p>\r\n" + plainThen},
-      {"DESCRIPTION;ALTREP=\"cid:1\":Mü\r\n", "Mü", nullptr, plainThen + thenHtml},
+      {"DESCRIPTION;ALTREP=\"https://a.example/1,2\":Mü\r\n", "Mü", nullptr, plainThen + thenHtml},
       {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:M=C3=BC=2C=0D=0Aa=4\r\n", "Mü,\r\na=4", nullptr,
        plainThen + thenHtml},
       {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE;CHARSET=windows-1251:=CF=F0\r\n", "\u041F\u0440", nullptr,
@@ -376,7 +377,7 @@ TEST(CalendarEvent, KnowsPeopleByTheirMailWhereTheirAddressIsAnother) {
   Loaded store(
       event("ORGANIZER;CN=Kim;EMAIL=kim@a.example:/aMTIz/principal/\r\n"
             "ATTENDEE;EMAIL=jo@a.example:urn:uuid:1\r\nATTENDEE;EMAIL=x@a.example:MAILTO:lee@a.example\r\n"
-            "ATTENDEE:/principal/\r\n"));
+            "ATTENDEE;CUTYPE=ROOM:/principal/\r\n"));
   EXPECT_EQ(store.eventAt(0).organizerAddress(), "kim@a.example");
   Loaded relayed(event("ORGANIZER;EMAIL=kim@a.example:mailto:2_GE@relay.example\r\n"));
   EXPECT_FALSE(relayed.eventAt(0).isOfSomebodyElse("KIM@a.example"));
@@ -384,6 +385,7 @@ TEST(CalendarEvent, KnowsPeopleByTheirMailWhereTheirAddressIsAnother) {
   std::vector<std::string> addresses;
   for (const CalendarAttendee& each : store.eventAt(0).attendees()) addresses.push_back(each.emailAddress);
   EXPECT_EQ(addresses, (std::vector<std::string>{"jo@a.example", "lee@a.example", "/principal/"}));
+  EXPECT_EQ(store.eventAt(0).attendees().back().type, 2);
 }
 
 TEST(CalendarEvent, WhoStaysInvitedKeepsTheLineButForAnotherName) {

@@ -70,6 +70,14 @@ class SettingsPanelTest : public testing::Test, protected PanelWindow {
   Use type(const std::string& key, const std::string& text) {
     return click(key, [&text](Control& changed) { changed.text = text; });
   }
+  // Whether the rules give the keyboard once more to a control that they have given it to before.
+  bool asksAgainFor(const std::string& key, const std::function<void()>& act) {
+    bool asks = false;
+    const auto heard = view().controls().observe([&](const auto&) { asks = asks || !control(key).isFocused; });
+    act();
+    test.runLoop.runFor(0);
+    return asks;
+  }
   bool isOnScreen(std::string_view key) { return shown()->isOnScreen(key); }
   bool mayContinue() { return control("buttonContinue").enabled; }
   Value settings() { return panels.getSchSettingWindowInArray(id())->getVnSettingsData(); }

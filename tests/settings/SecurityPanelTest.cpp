@@ -23,15 +23,6 @@ class SecurityPanelTest : public SettingsPanelTest {
     }
     return "";
   }
-  // Whether it asks for the keyboard once more, which has gone to the passcode before.
-  bool asksForThePasscode(const std::function<void()>& act) {
-    bool asks = false;
-    const auto heard =
-        view().controls().observe([&](const auto&) { asks = asks || !control("passwordTextField").isFocused; });
-    act();
-    test.runLoop.runFor(0);
-    return asks;
-  }
 };
 
 TEST_F(SecurityPanelTest, ThePasscodeAppearsWithItsSwitchAndIsMadeOnlyWhereItIsMissingOrUnfit) {
@@ -47,7 +38,7 @@ TEST_F(SecurityPanelTest, ThePasscodeAppearsWithItsSwitchAndIsMadeOnlyWhereItIsM
     turn("requiredMeetingPswButton", false);
     EXPECT_TRUE(control("passwordTextField").hidden && control("pswFormatErrorTextField").hidden);
     EXPECT_FALSE(settings()[vn_Setting_RequiredMPW].boolValue());
-    EXPECT_TRUE(asksForThePasscode([this] { turn("requiredMeetingPswButton", true); }));
+    EXPECT_TRUE(asksAgainFor("passwordTextField", [this] { turn("requiredMeetingPswButton", true); }));
     EXPECT_EQ(control("passwordTextField").text == text, isKept) << text;
     EXPECT_TRUE(control("pswFormatErrorTextField").hidden);
   }
@@ -303,7 +294,7 @@ TEST_F(SecurityPanelTest, WhoLetsPeopleIntoThePersonalMeetingEarlyIsAskedForAPas
     EXPECT_EQ(settings()[vn_Setting_RequiredMPW].boolValue(), usePMI);
   }
   knowAccount(accountWith(UserOption3::isEnablePMIRequirePassword, UserOption4::isLockPMIRequirePassword));
-  EXPECT_FALSE(asksForThePasscode([this] { panels.refreshSettingWindow(id(), true); }))
+  EXPECT_FALSE(asksAgainFor("passwordTextField", [this] { panels.refreshSettingWindow(id(), true); }))
       << "who types elsewhere by now goes on there";
 }
 
