@@ -1,5 +1,6 @@
 // What the settings panel, its manager and the notices in its place tell each other.
 
+#include <functional>
 #include <vector>
 
 #include "channel/store/JsonTextFile.h"
