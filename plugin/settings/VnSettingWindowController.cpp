@@ -172,7 +172,10 @@ void VnSettingWindowController::filterInvalidAlternateHosts(const Value& emails)
   if (m_mySettingViewController) m_mySettingViewController->filterInvalidAlternateHosts(emails);
 }
 
+// The user who has opened the panel again goes on from what it shows: Continue would send a record that went back
+// under the controls. A dismissed panel goes back all the same.
 void VnSettingWindowController::resetMeetingItemWhenUpdateError() {
+  if (m_sheet) return commitRefused();
   if (m_mySettingViewController) m_mySettingViewController->resetMeetingItemWhenUpdateError();
 }
 

@@ -30,7 +30,8 @@ class SettingsPanel {
   // Takes the hosts that the service has refused, by an array of e-mails whose case does not matter, out of the
   // record and out of what a dismissed panel goes back to.
   virtual void filterInvalidAlternateHosts(const Value& emails) = 0;
-  // As commitRefused(), and the record itself goes back to what stood before that commit.
+  // As commitRefused(), and the record itself goes back to what stood before that commit; not while the panel is
+  // on the screen, where the user goes on from what it shows.
   virtual void resetMeetingItemWhenUpdateError() = 0;
   // What was committed last did not come about, and the panel opens on it again.
   virtual void commitRefused() = 0;

@@ -204,6 +204,8 @@ TEST_F(SettingsPanelTest, HearsOfThePasscodeTheHostsAndTheRefusalOfACommit) {
 
   view().settingData().setMeetingPassword("refused");
   panel->resetMeetingItemWhenUpdateError();
+  EXPECT_EQ(view().settingData().meetingPassword(), "refused") << "the user is at it";
+  click("buttonCancel");
   EXPECT_EQ(view().settingData().meetingPassword(), "") << "what the service has accepted stays";
 
   view().settingData().setAlternateHosts(Value::Array{"Ada@vorn.example", "bob@vorn.example"});
