@@ -161,6 +161,7 @@ void SecurityOptions::turnPasscode(bool on) {
 // The user has to type it, or at least to see that it is there.
 void SecurityOptions::requirePasscode() {
   turnPasscode(true);
+  m_hasAskedForKeyboard = true;
   m_steps.makeFirstResponderWithObject(m_passwordTextField.key);
 }
 
@@ -210,7 +211,7 @@ void SecurityOptions::checkIfRequirePasswordLocked() {
   m_requiredMeetingPswButton.enabled = !locked;
   if (locked) {
     // Once is enough: a reply comes here as well, and who types elsewhere by now must not go on in the passcode.
-    if (meeting.usePMI && *locked && !m_passwordTextField.isFocused) {
+    if (meeting.usePMI && *locked && !m_hasAskedForKeyboard) {
       requirePasscode();
     } else {
       turnPasscode(*locked);
@@ -383,6 +384,7 @@ void SecurityOptions::forgetTyped() {
   m_typedPasscodes.clear();
   m_notStrongerOf.reset();
   m_securityNotSelectedOf.reset();
+  m_hasAskedForKeyboard = false;
   closeTip();
 }
 

@@ -103,6 +103,8 @@ class SecurityOptions {
   std::optional<OptionalText> m_securityNotSelectedOf;
   // A tip is shown, for as long.
   bool m_isTipOpen = false;
+  // For the passcode, since the panel came up.
+  bool m_hasAskedForKeyboard = false;
 
   Control& m_meetingPasswordBox;
   Control& m_requiredMeetingPswButton;

@@ -20,6 +20,12 @@
 
 namespace vorn {
 
+namespace {
+
+constexpr std::string_view kKeyboardRequest = "makeFirstResponderWithObject:";
+
+}  // namespace
+
 VnSettingViewController::VnSettingViewController(const SettingsContext& context)
     : m_context(context),
       m_clientWaitEnded(Registry::platform().notificationCenter->observe(
@@ -316,10 +322,9 @@ void VnSettingViewController::closeWindows() {
 }
 
 void VnSettingViewController::makeFirstResponderWithObject(std::string_view key) {
-  constexpr std::string_view kRequest = "makeFirstResponderWithObject:";
   RunLoop* runLoop = Registry::platform().runLoop;
-  runLoop->cancelPrevious(this, kRequest);
-  runLoop->performAfter(0, this, kRequest, [this, wanted = std::string(key)] {
+  runLoop->cancelPrevious(this, kKeyboardRequest);
+  runLoop->performAfter(0, this, kKeyboardRequest, [this, wanted = std::string(key)] {
     // It may have it by an earlier request, with the person elsewhere by now: each request is a change.
     {
       const ControlSet::Change change(m_controls);
@@ -474,6 +479,9 @@ void VnSettingViewController::explain() {
 void VnSettingViewController::onSettingsCommit(bool isOK) {
   const ControlSet::Change change(m_controls);
   closeWindows();
+  // Who opens the panel again has not asked for what had the keyboard here.
+  Registry::platform().runLoop->cancelPrevious(this, kKeyboardRequest);
+  m_controls.focusOn("");
   if (isOK) {
     takeControls(Commit::meant);
     // What would come now comes too late, also for whoever goes back to this.

@@ -42,6 +42,9 @@ TEST_F(SecurityPanelTest, ThePasscodeAppearsWithItsSwitchAndIsMadeOnlyWhereItIsM
     EXPECT_EQ(control("passwordTextField").text == text, isKept) << text;
     EXPECT_TRUE(control("pswFormatErrorTextField").hidden);
   }
+  click("buttonCancel");
+  open();
+  EXPECT_THAT(focused(), IsEmpty());
 }
 
 TEST_F(SecurityPanelTest, TypingShowsTheRulesAndWhatTheyAreMissing) {
@@ -294,8 +297,13 @@ TEST_F(SecurityPanelTest, WhoLetsPeopleIntoThePersonalMeetingEarlyIsAskedForAPas
     EXPECT_EQ(settings()[vn_Setting_RequiredMPW].boolValue(), usePMI);
   }
   knowAccount(accountWith(UserOption3::isEnablePMIRequirePassword, UserOption4::isLockPMIRequirePassword));
-  EXPECT_FALSE(asksAgainFor("passwordTextField", [this] { panels.refreshSettingWindow(id(), true); }))
-      << "who types elsewhere by now goes on there";
+  view().makeFirstResponderWithObject("alternateHostTextField");
+  EXPECT_EQ(focused(), "alternateHostTextField");
+  panels.refreshSettingWindow(id(), true);
+  EXPECT_EQ(focused(), "alternateHostTextField") << "who types elsewhere by now goes on there";
+  view().onSettingsCommit(true);
+  view().updateUIItemsForNextTime();
+  EXPECT_EQ(focused(), "passwordTextField") << "the panel has come up anew";
 }
 
 TEST_F(SecurityPanelTest, EachBannerClosesForGoodAndLeadsToItsPage) {
