@@ -113,6 +113,8 @@ void TokenField::doCommand(TokenText::Key command) {
     case TokenText::Key::newLine:
       if (m_list.isShown()) m_words.takeSelected();
       return;
+    // Nothing is chosen, and what was typed stays.
+    case TokenText::Key::escape: return m_list.close();
     default: return;
   }
 }

@@ -425,10 +425,12 @@ TEST_F(Screen, AKeyGoesToTheWindowUnlessTheRulesOfItsFieldWantIt) {
   }
   change("offers", [](Control& control) { control.hidden = false; });
   [view<vnTokenFieldView*>("tokens") cancelOperation:nil];
-  EXPECT_THAT(takeUsed(), ElementsAre("tokens")) << "the list alone is meant";
-  change("offers", [](Control& control) { control.hidden = true; });
-  [view<vnTokenFieldView*>("tokens") cancelOperation:nil];
-  EXPECT_THAT(used, ElementsAre("tokens", "cancel"));
+  EXPECT_THAT(takeUsed(), ElementsAre("tokens", "cancel")) << "what has dropped down is another field's";
+  then = [this](const auto&) { controls.find("offers")->hidden = true; };
+  for (const auto& each : {std::vector<std::string>{"tokens"}, {"tokens", "cancel"}}) {
+    [view<vnTokenFieldView*>("tokens") cancelOperation:nil];
+    EXPECT_EQ(takeUsed(), each) << "the list alone is meant as long as there is one";
+  }
 }
 
 TEST_F(Screen, ASheetThatGrowsStaysOnTheScreen) {

@@ -28,6 +28,16 @@ NSDictionary* lookOf(NSColor* color) {
       dictionaryWithObjectsAndKeys:fieldFont(), NSFontAttributeName, color, NSForegroundColorAttributeName, nil];
 }
 
+// How many lists have dropped down from fields of the window; they never take the keyboard.
+NSUInteger dropDownsOf(NSWindow* window) {
+  NSUInteger found = 0;
+  NSEnumerator* all = [[window childWindows] objectEnumerator];
+  while (NSWindow* each = [all nextObject]) {
+    if ([each isVisible] && ![each canBecomeKeyWindow]) ++found;
+  }
+  return found;
+}
+
 // How wide words and characters are. The toolkit takes its time to measure one, and with each key all are asked
 // for.
 class TextWidths {
@@ -419,20 +429,13 @@ struct State {
   (void)sender;
   [self pressKey:TokenText::Key::newLine extends:NO];
 }
-// A list that has dropped down is all that a person means by it.
-- (BOOL)hasListBelow {
-  NSEnumerator* all = [[[self window] childWindows] objectEnumerator];
-  while (NSWindow* each = [all nextObject]) {
-    if ([each isVisible] && ![each canBecomeKeyWindow]) return YES;
-  }
-  return NO;
-}
-// The rules hear of it, and the window leaves its work.
+// The rules hear of it, and the window leaves its work, unless they have closed the field's list: that was all a
+// person meant by it. What has dropped down from another field stays, and keeps nobody here.
 - (void)cancelOperation:(id)sender {
   NSWindow* window = [[[self window] retain] autorelease];
-  const BOOL staysHere = [self hasListBelow];
+  const NSUInteger before = dropDownsOf(window);
   [self pressKey:TokenText::Key::escape extends:NO];
-  if (!staysHere) [window tryToPerform:@selector(cancelOperation:) with:sender];
+  if (dropDownsOf(window) == before) [window tryToPerform:@selector(cancelOperation:) with:sender];
 }
 // The tab key ends a token and leaves the field.
 - (void)insertTab:(id)sender {
