@@ -144,7 +144,7 @@ TEST(InvitationLanguages, AreSelectedByTagAndWrittenAsTheWireHasThem) {
   EXPECT_EQ(invitationLanguageCode(12), "en");
 
   EXPECT_EQ(initialInvitationLanguage("de", "fr", "it"), "de");
-  EXPECT_EQ(initialInvitationLanguage("", "fr", "it"), "") << "an empty text is a language of the meeting's, too";
+  EXPECT_EQ(initialInvitationLanguage("", "fr", "it"), "fr") << "nobody has chosen the empty one";
   EXPECT_EQ(initialInvitationLanguage(std::nullopt, "fr", "it"), "fr");
   EXPECT_EQ(initialInvitationLanguage(std::nullopt, "", "it"), "it");
 }

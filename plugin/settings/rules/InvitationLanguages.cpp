@@ -19,8 +19,10 @@ std::string_view invitationLanguageCode(std::int64_t index) {
 
 std::string initialInvitationLanguage(const OptionalText& meetings, const OptionalText& records,
                                       std::string_view systems) {
-  if (meetings) return *meetings;
-  if (records && !records->empty()) return *records;
+  // A meeting that was called off leaves an empty text behind. Taken for a language it would be the first row, and
+  // the next commit would make that the user's choice.
+  if (!isEmpty(meetings)) return *meetings;
+  if (!isEmpty(records)) return *records;
   return std::string(systems);
 }
 

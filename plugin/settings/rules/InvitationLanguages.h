@@ -39,7 +39,7 @@ inline constexpr std::array<InvitationLanguage, 12> kInvitationLanguages{{
 int invitationLanguageIndex(std::string_view language);
 // The code of a row; "en" for an index outside.
 std::string_view invitationLanguageCode(std::int64_t index);
-// Which language the popup begins with: the meeting's unless absent, the record's unless empty, the system's.
+// Which language the popup begins with: the meeting's, the record's, each unless absent or empty, or the system's.
 std::string initialInvitationLanguage(const OptionalText& meetings, const OptionalText& records,
                                       std::string_view systems);
 
