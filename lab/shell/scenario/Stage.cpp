@@ -50,6 +50,10 @@ Stage::Stage(const ScenarioSetUp& setUp, LabOptions lab, const StartSession& sta
   m_session->trace().setListener([this](std::string_view step, const Value& facts) { note(step, facts); });
 }
 
+// A session lets its host go on for a moment at its end, and a reply that comes then would be noted in what has
+// ended before it.
+Stage::~Stage() { m_session->trace().setListener({}); }
+
 void Stage::loadCalendar(const ScenarioSetUp& setUp) {
   IcsProblem problem;
   if (!m_calendar.loadText(calendarTextOf(setUp), problem)) {

@@ -45,6 +45,7 @@ class Stage {
  public:
   // Throws LabError when the world cannot be made or the client cannot be started.
   Stage(const ScenarioSetUp& setUp, LabOptions lab, const StartSession& start);
+  ~Stage();
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
 
