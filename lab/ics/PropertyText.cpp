@@ -85,11 +85,10 @@ std::string textOf(const IcsProperty& property) {
 }
 
 void setText(IcsProperty& property, std::string_view text) {
-  // Otherwise CHARSET tells of the whole file, and what cannot be read is still there.
-  if (decodedText(property)) {
-    for (const std::string_view name : {"ENCODING", "CHARSET"}) removeParameter(property, name);
-    if (vorn::asciiLower(property.parameter("VALUE")) == "binary") removeParameter(property, "VALUE");
-  }
+  // Where nothing was decoded by it, it may tell of the whole file.
+  if (decodedText(property)) removeParameter(property, "CHARSET");
+  removeParameter(property, "ENCODING");
+  if (vorn::asciiLower(property.parameter("VALUE")) == "binary") removeParameter(property, "VALUE");
   property.value = escapedText(text);
 }
 

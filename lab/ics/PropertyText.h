@@ -12,7 +12,7 @@ namespace vornlab {
 // The text of a property of type TEXT in UTF-8: unescaped, and decoded where ENCODING and CHARSET say how and it
 // can be done; with the replacement character for every byte that is no UTF-8.
 std::string textOf(const IcsProperty& property);
-// Gives the property a text, as it is written today where what was there could be decoded.
+// Gives the property a text, as it is written today, whatever was there.
 void setText(IcsProperty& property, std::string_view text);
 
 // The HTML that stands beside the text in the property itself, as ALTREP="data:text/html,...", which some programs
