@@ -6,7 +6,6 @@
 #include <charconv>
 #include <cmath>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -51,7 +50,6 @@ class FirstDate {
   explicit FirstDate(const IcsProperty& start)
       : m_start(start), m_clock(start.value.substr(0, start.value.find_first_of("Zz"))) {}
 
-  bool isUtc() const { return m_clock.size() < m_start.value.size(); }
   icaltimetype onClock() const { return icaltime_from_string(m_clock.c_str()); }
   IcsProperty stated(const icaltimetype& date) const {
     IcsProperty told = m_start;
@@ -59,8 +57,18 @@ class FirstDate {
     if (isUtc() && told.value.back() != 'Z') told.value += 'Z';
     return told;
   }
+  // The rule in that text, whose end may be told in UTC and then is no time of that clock.
+  icalrecurrencetype ruleOnClock(const std::string& text, CalendarZones& zones) const {
+    icalrecurrencetype rule = icalrecurrencetype_from_string(text.c_str());
+    if (icaltime_is_utc(rule.until) == 0) return rule;
+    const auto end = static_cast<double>(icaltime_as_timet(rule.until));
+    rule.until = icaltime_from_string(zones.written(m_start, end).c_str());
+    return rule;
+  }
 
  private:
+  bool isUtc() const { return m_clock.size() < m_start.value.size(); }
+
   IcsProperty m_start;
   std::string m_clock;
 };
@@ -104,9 +112,10 @@ CalendarRecurrence CalendarEvent::recurrence() const {
   // What is no number, or too large, leaves 0.
   std::from_chars(count.data(), count.data() + count.size(), result.occurrenceCount);
 
-  const icalrecurrencetype rule = icalrecurrencetype_from_string(result.rule.c_str());
-  if (!canBeFollowed(rule)) return result;
+  CalendarZones& zones = m_store->zonesOf(component());
   const FirstDate first(*m_store->m_document.property(component(), "DTSTART"));
+  const icalrecurrencetype rule = first.ruleOnClock(result.rule, zones);
+  if (!canBeFollowed(rule)) return result;
   const Dates dates = datesOf(rule, first);
   if (!dates) return result;
   int counted = 0;
@@ -119,7 +128,7 @@ CalendarRecurrence CalendarEvent::recurrence() const {
   }
   if (result.endType == 2) result.occurrenceCount = counted;
   if (counted == 0 || !icaltime_is_null_time(next)) return result;
-  result.lastStart = m_store->zonesOf(component()).read(first.stated(last));
+  result.lastStart = zones.read(first.stated(last));
   return result;
 }
 
@@ -137,13 +146,7 @@ std::vector<double> CalendarEvent::startsWithin(double from, double until) {
   for (const IcsProperty& time : singleTimes(m_store->m_document.properties(component(), "RDATE"))) take(time);
 
   const FirstDate firstDate(*first);
-  icalrecurrencetype rule = icalrecurrencetype_from_string(textOf("RRULE").c_str());
-  // An end that is told in UTC is no time of that clock.
-  std::optional<double> end;
-  if (!firstDate.isUtc() && !icaltime_is_null_time(rule.until) && icaltime_is_utc(rule.until) != 0) {
-    end = static_cast<double>(icaltime_as_timet(rule.until));
-    rule.until = icaltime_null_time();
-  }
+  const icalrecurrencetype rule = firstDate.ruleOnClock(textOf("RRULE"), zones);
   if (canBeFollowed(rule)) {
     const Dates dates = datesOf(rule, firstDate);
     const auto start = zones.read(*first);
@@ -156,10 +159,7 @@ std::vector<double> CalendarEvent::startsWithin(double from, double until) {
     }
     for (int steps = 0; dates && steps < kMostSteps; ++steps) {
       const icaltimetype next = icalrecur_iterator_next(dates.get());
-      if (icaltime_is_null_time(next)) break;
-      const IcsProperty stated = firstDate.stated(next);
-      const auto time = zones.read(stated);
-      if ((end && time && time->seconds > *end) || !take(stated)) break;
+      if (icaltime_is_null_time(next) || !take(firstDate.stated(next))) break;
     }
   }
   for (const IcsProperty& gone : singleTimes(m_store->m_document.properties(component(), "EXDATE"))) {

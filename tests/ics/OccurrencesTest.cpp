@@ -21,11 +21,11 @@ std::string seriesOf(const std::string& start, const std::string& rule, const st
          "END:VEVENT\r\n" + "END:VCALENDAR\r\n";
 }
 
-std::vector<double> startsOf(const std::string& text, double from, double until, std::size_t place = 0) {
+CalendarStore storeOf(const std::string& text) {
   CalendarStore store;
   IcsProblem problem;
   EXPECT_TRUE(store.loadText(text, problem)) << problem.message;
-  return store.eventAt(place).startsWithin(from, until);
+  return store;
 }
 
 TEST(Occurrences, AreToldByTheClockOfTheSeries) {
@@ -47,6 +47,10 @@ TEST(Occurrences, AreToldByTheClockOfTheSeries) {
       {seriesOf(berlin, "RRULE:FREQ=WEEKLY;UNTIL=20300325T080000Z"), kFirst, kFirst + 99 * kDay, {kFirst, gone}},
       {seriesOf(berlin, "RRULE:FREQ=WEEKLY;UNTIL=20300325T090000"), kFirst, kFirst + 99 * kDay, {kFirst, gone}},
       {seriesOf(berlin, "RRULE:FREQ=WEEKLY;UNTIL=20300325T075959Z"), kFirst, kFirst + 99 * kDay, {kFirst}},
+      {seriesOf(";TZID=America/New_York:20300318T200000", "RRULE:FREQ=DAILY;UNTIL=20300319T235959Z"),
+       kFirst,
+       kFirst + 99 * kDay,
+       {kFirst + 16 * kHour}},
       {seriesOf(":20300318T080000Z", "RRULE:FREQ=DAILY"),
        kFirst + 1000 * kDay,
        kFirst + 1001.5 * kDay,
@@ -60,7 +64,14 @@ TEST(Occurrences, AreToldByTheClockOfTheSeries) {
       {seriesOf(":20300318T080000Z", "RRULE:nonsense"), kFirst, kFirst + kDay, {kFirst}},
       {seriesOf(":20300318T080000Z", "SUMMARY:alone"), kFirst, kFirst + kDay, {}},
   };
-  for (const auto& each : cases) EXPECT_EQ(startsOf(each.text, each.from, each.until), each.starts) << each.text;
+  for (const auto& each : cases) {
+    CalendarStore store = storeOf(each.text);
+    EXPECT_EQ(store.eventAt(0).startsWithin(each.from, each.until), each.starts) << each.text;
+    const CalendarRecurrence told = store.eventAt(0).recurrence();
+    if (told.endType != 2) continue;
+    EXPECT_EQ(static_cast<std::size_t>(told.occurrenceCount), each.starts.size()) << each.text;
+    EXPECT_EQ(told.lastStart ? told.lastStart->seconds : 0, each.starts.back()) << each.text;
+  }
 }
 
 TEST(Occurrences, LeaveOutADateWithAnEventOfItsOwn) {
@@ -68,8 +79,9 @@ TEST(Occurrences, LeaveOutADateWithAnEventOfItsOwn) {
       "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nUID:s\r\nDTSTART:20300318T080000Z\r\nRRULE:FREQ=DAILY\r\nEND:VEVENT\r\n"
       "BEGIN:VEVENT\r\nUID:s\r\nRECURRENCE-ID:20300319T080000Z\r\nDTSTART:20300319T100000Z\r\nEND:VEVENT\r\n"
       "END:VCALENDAR\r\n";
-  EXPECT_THAT(startsOf(text, kFirst, kFirst + 3 * kDay), ElementsAre(kFirst, kFirst + 2 * kDay));
-  EXPECT_THAT(startsOf(text, kFirst, kFirst + 9 * kDay, 1), IsEmpty());
+  CalendarStore store = storeOf(text);
+  EXPECT_THAT(store.eventAt(0).startsWithin(kFirst, kFirst + 3 * kDay), ElementsAre(kFirst, kFirst + 2 * kDay));
+  EXPECT_THAT(store.eventAt(1).startsWithin(kFirst, kFirst + 9 * kDay), IsEmpty());
 }
 
 }  // namespace
