@@ -169,7 +169,9 @@ OptionalText Appointment::recurrenceId() const { return unlessEmpty(ofStored(&Ca
 
 int Appointment::sequence() const { return ofStored(&CalendarEvent::sequence); }
 
-OptionalText Appointment::calendarText() const { return unlessEmpty(ofStored(&CalendarEvent::calendarText)); }
+OptionalText Appointment::calendarText() const {
+  return unlessEmpty(ofStored(&CalendarEvent::calendarTextOfHost));
+}
 
 bool Appointment::isOwnedIn(const HostState& host) const {
   const auto event = stored();

@@ -298,6 +298,23 @@ std::string CalendarEvent::calendarText() const {
   return result + document.componentText(component()) + "END:VCALENDAR" + ending;
 }
 
+std::string CalendarEvent::calendarTextOfHost() const {
+  std::string text = calendarText();
+  if (m_store->m_document.parameters(component(), "ALTREP").empty()) return text;
+  IcsProblem problem;
+  std::optional<IcsDocument> told = IcsDocument::parse(text, problem);
+  for (std::size_t each = 0; told && each < told->componentCount(); ++each) {
+    if (told->componentName(each) != "VEVENT") continue;
+    for (const char* name : {"DESCRIPTION", "LOCATION"}) {
+      told->changeProperties(each, name, [](IcsProperty& property) {
+        removeParameter(property, "ALTREP");
+        return true;
+      });
+    }
+  }
+  return told ? told->text() : text;
+}
+
 void CalendarEvent::setText(std::string_view name, std::string_view text) {
   const std::string before = optionalTextOf(name).value_or("");
   if (before == text) return;

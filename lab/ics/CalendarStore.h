@@ -109,6 +109,8 @@ class CalendarEvent {
 
   // The whole VCALENDAR of this event: the frame, the zones it speaks of, and the event itself.
   std::string calendarText() const;
+  // The same as a host tells it, which makes this text itself: without the ALTREP of DESCRIPTION and LOCATION.
+  std::string calendarTextOfHost() const;
 
   void setSummary(std::string_view text);
   void setLocation(std::string_view text);

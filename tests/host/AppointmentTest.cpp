@@ -74,6 +74,19 @@ TEST_F(AppointmentTest, ShowsTheBodyThatStandsInTheCalendarNowWhoeverHasChangedI
   EXPECT_EQ(words(), "") << "another file has come";
 }
 
+// The plug-in knows a text by the name in front of its colon.
+TEST_F(AppointmentTest, TellsADescriptionAndAPlaceWithoutTheirOtherForms) {
+  const auto file = [](const std::string& altrep) {
+    return "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:one\r\nDESCRIPTION" + altrep + ":ü\r\nLOCATION" +
+           altrep + ";LANGUAGE=de:Room 1\r\nX-OTHER;ALTREP=\"cid:2\":3\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
+  };
+  const std::string stored = file(";ALT\r\n REP=\"data:text/html,%3Cp%3E\"");
+  IcsProblem problem;
+  ASSERT_TRUE(calendar.loadText(stored, problem)) << problem.message;
+  EXPECT_EQ(named("one").calendarText(), file(""));
+  EXPECT_EQ(calendar.text(), stored);
+}
+
 TEST_F(AppointmentTest, IsOnesOwnByEachOfOnesAddresses) {
   const Appointment shown = named("one");
   using Senders = std::vector<std::string>;
