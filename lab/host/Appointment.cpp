@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <random>
 #include <utility>
@@ -46,9 +45,8 @@ void AppointmentChanges::add(const AppointmentChanges& later) {
 }
 
 Appointment Appointment::newOne(HostState& host) {
-  const std::chrono::duration<double> now = std::chrono::system_clock::now().time_since_epoch();
   Appointment made(host.store, std::nullopt);
-  made.m_changes.start.emplace().seconds = host.takeNewStart(now.count());
+  made.m_changes.start.emplace().seconds = host.takeNewStart();
   made.m_changes.end = made.timeLikeStart(made.m_changes.start->seconds + HostState::kHalfAnHour);
   return made;
 }
@@ -208,9 +206,9 @@ bool Appointment::write(HostState& host) {
     times = {begin, end().value_or(begin)};
   }
   const bool isNew = !m_place;
-  CalendarEvent target =
-      isNew ? m_calendar->add(newUid(), times ? times->first.seconds : 0, times ? times->second.seconds : 0, "")
-            : m_calendar->eventAt(*m_place);
+  CalendarEvent target = isNew ? m_calendar->add(newUid(), times ? times->first.seconds : 0,
+                                                 times ? times->second.seconds : 0, "", host.now())
+                               : m_calendar->eventAt(*m_place);
   if (target.isRemoved()) return false;
   // One that is shown already is not touched: the file may have it in another form.
   const bool isBodyNew = m_changes.body && *m_changes.body != storedBody(target);

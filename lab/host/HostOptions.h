@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,8 @@ struct HostOptions {
   // The window has a toolbar, and the mail's tab of the ribbon the chunk of the store of add-ins.
   bool hasToolbar = true;
   bool hasAddinsChunk = true;
+  // What time it is, in seconds since 1970; none for the machine's clock.
+  std::function<double()> clock = {};
 };
 
 }  // namespace vornlab

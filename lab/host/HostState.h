@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -33,11 +34,17 @@ struct HostState {
     return {"New", "Delete", "Respond", "Add-ins"};
   }
 
+  // In seconds since 1970.
+  double now() const {
+    if (options.clock) return options.clock();
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+  }
+
   static constexpr double kHalfAnHour = 1800;
   // The start of a new appointment: the place that was pointed at, which is used up by it, or else the next full
   // or half hour.
-  double takeNewStart(double now) {
-    return std::exchange(pointedAt, std::nullopt).value_or(std::ceil(now / kHalfAnHour) * kHalfAnHour);
+  double takeNewStart() {
+    return std::exchange(pointedAt, std::nullopt).value_or(std::ceil(now() / kHalfAnHour) * kHalfAnHour);
   }
 };
 

@@ -87,7 +87,7 @@ std::vector<CalendarEvent> CalendarStore::exceptionsOf(std::string_view uid) {
 }
 
 CalendarEvent CalendarStore::add(std::string_view uid, double startSeconds, double endSeconds,
-                                 std::string_view summary) {
+                                 std::string_view summary, double stampSeconds) {
   IcsProblem problem;
   if (m_document.componentCount() == 0) loadText(std::string(kEmptyCalendar), problem);
   std::size_t calendar = 0;
@@ -97,8 +97,9 @@ CalendarEvent CalendarStore::add(std::string_view uid, double startSeconds, doub
   const IcsProperty utc{"DTSTART", {}, "Z"};
   const std::string start = zonesOf(calendar).written(utc, startSeconds);
   const std::string end = zonesOf(calendar).written(utc, endSeconds);
+  const std::string stamp = zonesOf(calendar).written(utc, stampSeconds);
   const std::size_t added = m_document.addComponent(
-      calendar, {"BEGIN:VEVENT", "UID:" + std::string(uid), "DTSTAMP:" + start, "DTSTART:" + start, "DTEND:" + end,
+      calendar, {"BEGIN:VEVENT", "UID:" + std::string(uid), "DTSTAMP:" + stamp, "DTSTART:" + start, "DTEND:" + end,
                  "SUMMARY:" + escapedText(summary), "END:VEVENT"});
   m_changed = true;
   // In the text, others may stand behind it in no calendar.

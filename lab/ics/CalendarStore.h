@@ -178,8 +178,10 @@ class CalendarStore {
   // The exceptions of a series, in file order.
   std::vector<CalendarEvent> exceptionsOf(std::string_view uid);
   // Adds an appointment in UTC to the last VCALENDAR (an empty store gets one). It is the last of the events. The
-  // UID must be without line ends.
-  CalendarEvent add(std::string_view uid, double startSeconds, double endSeconds, std::string_view summary);
+  // UID must be without line ends. The stamp says when it was made; one that does not lie in the past is to the
+  // plug-in that of an appointment which the client has just made.
+  CalendarEvent add(std::string_view uid, double startSeconds, double endSeconds, std::string_view summary,
+                    double stampSeconds = 0);
 
   // Makes the changes of one event, all or none. False when one of the texts has no bytes in the file's encoding;
   // takeRefusal() tells which.

@@ -22,6 +22,12 @@ vorn::EmbeddedSurroundings::Options inWorld(vorn::EmbeddedSurroundings::Options 
   return surroundings;
 }
 
+// The plug-in asks whether the host's stamps are of this moment.
+HostOptions onClockOf(vorn::Surroundings& surroundings, HostOptions host) {
+  host.clock = [&surroundings] { return surroundings.currentTime(); };
+  return host;
+}
+
 }  // namespace
 
 EmbeddedSession::EmbeddedSession(const LabOptions& options, const OutlookHost::Options& hostOptions,
@@ -33,7 +39,7 @@ EmbeddedSession::EmbeddedSession(const LabOptions& options, const OutlookHost::O
       m_runLoop(std::move(runLoop)),
       m_userDefaults(m_world.preferences().string(), kHostDomain, m_runLoop.get()),
       m_surroundings(inWorld(std::move(surroundings), m_world, options)),
-      m_host(m_runtime, *m_runLoop, m_center, hostOptions) {
+      m_host(m_runtime, *m_runLoop, m_center, onClockOf(m_surroundings, hostOptions)) {
   // Where an alert offers to start the client, the person declines.
   m_presenter.setAnswer(vorn::Presenter::Answer::alternateButton);
 }

@@ -111,6 +111,7 @@ TEST_F(AppointmentTest, IsOnesOwnByEachOfOnesAddresses) {
 }
 
 TEST_F(AppointmentTest, ANewOneEntersTheCalendarOnceAndOnlyWhenItIsStored) {
+  host.options.clock = [] { return 1795001399.0; };
   host.pointedAt = 1904990400;
   Appointment made = Appointment::newOne(host);
   EXPECT_EQ(made.end()->seconds - made.start()->seconds, HostState::kHalfAnHour);
@@ -132,6 +133,9 @@ TEST_F(AppointmentTest, ANewOneEntersTheCalendarOnceAndOnlyWhenItIsStored) {
   EXPECT_EQ(calendar.events().size(), 3U);
   EXPECT_EQ(made.start()->seconds, 1904990400);
   EXPECT_EQ(made.summary(), "5 euros");
+  EXPECT_NE(calendar.text().find("DTSTAMP:20261118T112959Z"), std::string::npos)
+      << "it was made today, and lies ahead";
+  EXPECT_EQ(Appointment::newOne(host).start()->seconds, 1795001400);
 }
 
 TEST_F(AppointmentTest, OneThatIsGoneAnswersNothingAndCannotBeStored) {
