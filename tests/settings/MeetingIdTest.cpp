@@ -1,16 +1,9 @@
-// The number of a meeting and whom it is scheduled for: the rules as tables, and the panel with its client.
+// The number of a meeting: the rules as tables, and the panel with its client.
 
-#include "channel/store/JsonTextFile.h"
-#include "channel/store/vnLocalProfileKeys.h"
 #include "data/NotAgainFlags.h"
-#include "data/vnGetScheduleForListHelper.h"
 #include "settings/rules/MeetingIdRules.h"
-#include "settings/rules/ScheduleForRules.h"
-#include "tests/settings/PanelFixture.h"
+#include "tests/settings/MeetingIdFixture.h"
 #include "tests/settings/RuleTexts.h"
-#include "tests/support/Texts.h"
-#include "util/Utf16.h"
-#include "workflow/vnOnbehalfData.h"
 
 namespace vorn {
 namespace {
@@ -19,8 +12,7 @@ using namespace panel_rules;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kDana = "dana@vorn.example";
-constexpr const char* kBob = "bob@vorn.example";
+using MeetingIdPanelTest = MeetingIdFixture;
 
 TEST(MeetingIdRulesTest, TellsWhoseIdIsTurnedOffAndWhatFollows) {
   const char* none = nullptr;
@@ -63,116 +55,6 @@ TEST(MeetingIdRulesTest, TellsWhoseIdIsTurnedOffAndWhatFollows) {
     EXPECT_EQ(message.text, row.text ? std::optional<std::string>(row.text) : std::nullopt);
   }
 }
-
-Value person(const char* email, const char* name, const char* pmi = "", bool isDisabled = false) {
-  return Value::dictionaryFromPairs(
-      {{vn_Boss_Email, email}, {vn_Boss_DisplayName, name}, {vn_Boss_PMI, pmi}, {vn_Boss_DisablePMI, isDisabled}});
-}
-
-TEST(ScheduleForRulesTest, NamesThePeopleAndChoosesTheLastWithTheAddress) {
-  const std::string longName(60, 'n');
-  const Value people =
-      Value::Array{person(kDana, "Dana Birch"), person(kBob, ""), person(kDana, longName.c_str())};
-  const ScheduleForChoice choice = scheduleForChoice(people, "Myself", "DANA@vorn.example");
-  ASSERT_EQ(choice.items.size(), 4u);
-  EXPECT_EQ(choice.items[0].title, "Myself");
-  EXPECT_EQ(choice.items[1].title, "Dana Birch (dana@vorn.example)");
-  EXPECT_EQ(choice.items[2].title, kBob);
-  EXPECT_EQ(choice.items[3].title, std::string(42, 'n') + "...");
-  EXPECT_EQ(choice.items[3].toolTip, longName + " (dana@vorn.example)");
-  EXPECT_EQ(choice.index, 3);
-  EXPECT_EQ(scheduleForChoice(people, "Myself", "").index, 0);
-  EXPECT_EQ(scheduleForChoice(people, "Myself", "eve@vorn.example").index, 0);
-}
-
-class MeetingIdPanelTest : public SettingsPanelTest {
- protected:
-  void typeDialInAndDomains() {
-    turn("thirdPartyAudioButton", true);
-    type("thirdPartyAudioTextField", "Dial 555");
-    turn("onlySignedinWithSpecifiedDomains", true);
-    click("viewEditButton");
-    type("_domainsTextField", "acme.example");
-    click("domains_SaveBtn");
-  }
-  void knowAccount(bool isDisabled = false, bool isLocked = false) {
-    Account account = isDefaultPMI ? accountWith(UserOption3::isDefaultScheduleUsePMI) : Account();
-    if (isLocked) account.MergeFrom(accountWith(UserOption4::isLockScheduleUsePMI));
-    account.set_email("me@vorn.example");
-    account.set_roommeetingid(5550142871);
-    SettingsPanelTest::knowAccount(account, {{vn_Profile_IsDisablePMI, isDisabled}, {vn_Profile_Bosses, people}});
-  }
-  void knowAccountWithWords(int passcodeLength = 0, bool signsIn = true) {
-    Account account = accountWith(UserOption::EnableThirdPartyAudio, UserOption3::isEnableRequirePassword);
-    account.set_usertype(2);
-    account.set_roommeetingid(5550142871);
-    account.set_otherteleconfinfo("Dial 1");
-    account.add_trackingfields()->set_id("1");
-    const Value staff = Value::dictionaryFromPairs({{vn_Setting_MeetingAuth_AuthId, "a1"},
-                                                    {vn_Setting_MeetingAuth_AuthType, 1},
-                                                    {vn_Setting_MeetingAuth_AuthDomain, "corp.example"},
-                                                    {vn_Setting_MeetingAuth_DefaultAuth, true}});
-    SettingsPanelTest::knowAccount(account, {{vn_Profile_Bosses, people},
-                                             {vn_Profile_PasswordMinLength, passcodeLength},
-                                             {vn_Profile_SupportOnlyAuthUsersCanJoin, true},
-                                             {vn_Profile_DefaultEnableOnlyAuthUsersCanJoin, signsIn},
-                                             {vn_Profile_MeetingAuths, Value::Array{staff}}});
-  }
-  void knowList() {
-    vnGetScheduleForListHelper::sharedInstance().setData(
-        Value::dictionaryFromPairs({{vn_Profile_Bosses, people}}));
-  }
-  RecordingClient& client() { return static_cast<RecordingClient&>(Registry::shared<vSocketClientImpl>()); }
-  void answer(const char* action, const std::string& content) {
-    window->manager->apiMgr()->handleMessageRespose(
-        Value::dictionaryFromPairs({{"actionId", action}, {"content", content}}));
-  }
-  void answerMeeting(const char* number, bool isHostVideoOn, const char* scheduleFor = "") {
-    const Value meeting = Value::dictionaryFromPairs({{"meetingKey", number},
-                                                      {vn_Setting_EnableHostVideo, isHostVideoOn},
-                                                      {vn_Setting_ScheduleFor, scheduleFor},
-                                                      {vn_Setting_IsPMI, true}});
-    answer("4", std::string(13, ';') +
-                    EncodeUtils::base64Encode(vnOLUtils::toJSONString(meeting).value_or("")).value_or(""));
-  }
-  // The meeting stands, Ann is its host, and only people of two companies may join.
-  void knowMeetingOfAnn(Value meeting) {
-    com::tidemar::webapp::proto::MeetingProto options;
-    options.set_scheduleoptions(static_cast<std::int64_t>(ScheduleOptions::IsSignedInUsersMeetingOn));
-    options.mutable_authproto()->set_authid("a1");
-    options.mutable_authproto()->set_authtype(1);
-    options.mutable_authproto()->set_authdomain("acme.example;beta.example");
-    auto& host = *options.add_alternatehosts();
-    host.set_id("ann");
-    host.set_email("ann@vorn.example");
-    auto& costCentre = *options.add_trackingfields();
-    costCentre.set_id("1");
-    costCentre.set_mtvalue("CC-1");
-    window->manager->meetingDataMgr()->setMeetingKey("91234567890");
-    meeting.set("meetingKey", "91234567890");
-    vnGetMeetingHelper& helper = *window->manager->getMeetingHelper();
-    helper.setMeetingData(meeting, false);
-    helper.setPBMeetingData(EncodeUtils::base64Encode(options.SerializeAsString()));
-  }
-  // The panel is shown again with what was refused.
-  void commitAndBeRefused() {
-    view().onSettingsCommit(true);
-    view().commitRefused();
-    view().updateUIItemsForNextTime();
-  }
-  void answerList() {
-    answer("11", vnOLUtils::toJSONString(Value::dictionaryFromPairs({{vn_Profile_Bosses, people}})).value_or(""));
-  }
-  std::vector<std::string> asked() {
-    std::vector<std::string> all;
-    for (const auto& [action, content] : client().requests) all.push_back(content.substr(0, content.find(";msO")));
-    client().requests.clear();
-    return all;
-  }
-
-  bool isDefaultPMI = false;
-  Value people = Value::array();
-};
 
 TEST_F(MeetingIdPanelTest, ContinueComesBackWhenTheClientFails) {
   knowAccount();
@@ -265,20 +147,6 @@ TEST_F(MeetingIdPanelTest, APersonalMeetingThatCannotBeFetchedGetsNoWordsOfAnoth
     EXPECT_EQ(hosts(), both);
     EXPECT_EQ(dialInAndDomains(), "Dial 555 acme.example");
   }
-}
-
-TEST_F(MeetingIdPanelTest, AMeetingThatWasRefusedKeepsItsWordsForAnotherPerson) {
-  people = Value::Array{person(kDana, "Dana", "5550777777")};
-  knowAccountWithWords();
-  knowList();
-  open();
-  typeDialInAndDomains();
-  commitAndBeRefused();
-  choose("scheduleForPopup", 1);
-  turn("onlySignedinWithSpecifiedDomains", false);
-  turn("onlySignedinWithSpecifiedDomains", true);
-  EXPECT_EQ(control("thirdPartyAudioTextField").text, "Dial 555");
-  EXPECT_EQ(control("domainText").text, "acme.example");
 }
 
 TEST_F(MeetingIdPanelTest, OfTwoMeetingsThatWereRefusedEachKeepsItsWords) {
@@ -512,153 +380,6 @@ TEST_F(MeetingIdPanelTest, AnIdThatIsTurnedOffIsToldOfOnceAndCommittedByNobody) 
   EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue()) << "turned off while the panel was open";
 }
 
-TEST_F(MeetingIdPanelTest, ThreeGettersSayThreeThingsOfWhomItIsFor) {
-  people = Value::Array{person(kDana, "Dana", "5550777777")};
-  knowAccount();
-  knowList();
-  open();
-  const ScheduleForOptions& group = view().scheduleFor();
-  EXPECT_EQ(group.getUIScheduleForEmail(), "");
-  EXPECT_EQ(group.getScheduleForEmail(), "me@vorn.example");
-  EXPECT_EQ(group.getScheduleForEmailFromUI(), "");
-  choose("scheduleForPopup", 1);
-  EXPECT_EQ(group.getUIScheduleForEmail(), kDana);
-  EXPECT_EQ(group.getScheduleForEmail(), kDana);
-  EXPECT_EQ(group.getScheduleForEmailFromUI(), "") << "a number of its own";
-  people = Value::Array{person(kBob, "Bob", "5550888888"), person(kDana, "Dana", "5550777777")};
-  knowAccount();
-  choose("scheduleForPopup", 0);
-  choose("scheduleForPopup", 1);
-  EXPECT_EQ(control("buttonUsePMI").text, "Personal Meeting ID 555 077 7777")
-      << "who is shown, not who is now first";
-  turn("buttonUsePMI", true);
-  EXPECT_EQ(panels.getSchSettingWindowInArray(id())->getScheduldForEmailFromUI(), kDana);
-  EXPECT_EQ(choose("scheduleForPopup", 0), Use::done);
-  EXPECT_EQ(group.getScheduleForEmailFromUI(), "");
-}
-
-TEST_F(MeetingIdPanelTest, ThePersonalMeetingOfAPersonIsFetchedOnceAndNoneForWhoHasNone) {
-  people = Value::Array{person(kDana, "Dana", "5550777777"), person(kBob, "Bob")};
-  knowAccount();
-  knowList();
-  open();
-  choose("scheduleForPopup", 1);
-  turn("buttonUsePMI", true);
-  EXPECT_THAT(asked(), ElementsAre("4;5550777777"));
-  answerMeeting("5550777777", true);
-  turn("buttonOneTimeMeeting", true);
-  turn("buttonUsePMI", true);
-  EXPECT_THAT(asked(), IsEmpty()) << "it is known already";
-  choose("scheduleForPopup", 2);
-  EXPECT_THAT(asked(), IsEmpty()) << "Bob has no personal meeting, and mine is not his";
-  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue() || isOnScreen("meetingIDBox"));
-  choose("scheduleForPopup", 1);
-  turn("buttonUsePMI", true);
-  vnUserProfileHelper::sharedInstance().clearUserProfile();
-  choose("scheduleForPopup", 2);
-  EXPECT_FALSE(settings()[vn_Setting_IsPMI].boolValue())
-      << "that is known though another window forgets the account";
-}
-
-TEST_F(MeetingIdPanelTest, AClientWithoutAListIsNotAskedForEver) {
-  people = Value::Array{person(kDana, "Dana", "5550777777")};
-  knowAccount();
-  open();
-  EXPECT_EQ(client().names(), std::vector<std::string>{"11"});
-  answer("11", "0;Error 3001");
-  choose("scheduleForPopup", 1);
-  EXPECT_THAT(client().names(), ElementsAre("11", "11")) << "it is asked for once more when it is wanted";
-  turn("buttonUsePMI", true);
-  answer("11", "{}");
-  answerMeeting("5550777777", true, kDana);
-  asked();
-  answer("11", "{}");
-  EXPECT_THAT(asked(), IsEmpty());
-}
-
-TEST_F(MeetingIdPanelTest, AListThatComesLateLeavesWhatTheUserHasChosen) {
-  people = Value::Array{person(kDana, "Dana")};
-  knowAccount();
-  open();
-  view().settingData().setEnableRegionCustomization(true);
-  answerList();
-  EXPECT_TRUE(settings()[vn_Setting_EnableRegionCustomization].boolValue()) << "oneself has nothing new";
-  choose("videoHostMatrix", 0);
-  turn("muteParticipantUponEntry", true);
-  choose("scheduleForPopup", 1);
-  EXPECT_TRUE(settings()[vn_Setting_EnableHostVideo].boolValue());
-  EXPECT_FALSE(settings()[vn_Setting_EnableRegionCustomization].boolValue()) << "another person's account";
-  EXPECT_EQ(control("dataCenterBox").reason, "not offered by the account: isSupportAdditionalDc");
-  vnUserProfileHelper::sharedInstance().clearUserProfile();
-  click("buttonContinue");
-  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kDana)) << "who is chosen is who is shown";
-}
-
-TEST_F(MeetingIdPanelTest, APersonWhoVanishesFromTheListIsStillMeantUntilTheUserSaysOtherwise) {
-  people = Value::Array{person(kDana, "Dana"), person(kBob, "Bob")};
-  knowAccount();
-  open();
-  answerList();
-  choose("scheduleForPopup", 2);
-  people = Value::Array{person(kDana, "Dana")};
-  knowAccount();
-  click("buttonContinue");
-  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kBob));
-  open();
-  EXPECT_EQ(control("scheduleForPopup").items.size(), 2u);
-  EXPECT_EQ(control("scheduleForPopup").index, 0);
-  click("buttonContinue");
-  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(kBob))
-      << "whom a window is open for need not be in the list";
-  open();
-  choose("scheduleForPopup", 1);
-  choose("scheduleForPopup", 0);
-  click("buttonContinue");
-  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(""));
-}
-
-// Ten thousand people, with names that read from the right, join or take several units: each is cut where a
-// character ends, and found again.
-TEST_F(MeetingIdPanelTest, TenThousandPeopleWithNamesOfAllKindsAreOffered) {
-  const std::string names[] = {repeated("שלום ", 20), repeated("e\u0301", 60),
-                               repeated("👩‍👩‍👧 ", 15)};
-  Value::Array all;
-  for (int i = 0; i < 10000; ++i) {
-    all.push_back(person(("p" + std::to_string(i) + "@vorn.example").c_str(), names[i % 3].c_str()));
-  }
-  people = all;
-  knowAccount();
-  knowList();
-  open();
-  ASSERT_EQ(control("scheduleForPopup").items.size(), 10001u);
-  for (int i = 1; i <= 3; ++i) {
-    const ControlItem& item = control("scheduleForPopup").items[static_cast<std::size_t>(i)];
-    EXPECT_LE(utf16Length(item.title), 45u);
-    EXPECT_THAT(item.title, testing::EndsWith("..."));
-    EXPECT_TRUE(isValidUtf8(item.title));
-  }
-  choose("scheduleForPopup", 10000);
-  click("buttonContinue");
-  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value("p9999@vorn.example"));
-}
-
-TEST_F(MeetingIdPanelTest, AnotherPersonsMessageCannotBeClosedAndChoosingThatPersonAgainDoesNothing) {
-  people = Value::Array{person(kDana, "Dana", "5550777777", true)};
-  knowAccount();
-  knowList();
-  not_again::disabledPMI().set(true);
-  open();
-  choose("scheduleForPopup", 1);
-  EXPECT_TRUE(isOnScreen("pmiDisableText"));
-  EXPECT_FALSE(isOnScreen("meetingIDBox") || isOnScreen("closePMIDisableMessageButton"));
-  view().settingData().setEnableUnmuteAll(true);
-  choose("scheduleForPopup", 1);
-  EXPECT_TRUE(settings()[vn_Setting_EnableUnmuteAll].boolValue());
-  choose("scheduleForPopup", 0);
-  EXPECT_TRUE(isOnScreen("meetingIDBox") && !isOnScreen("pmiDisableMessageView"));
-  EXPECT_EQ(settings()[vn_Setting_ScheduleFor], Value(""));
-}
-
 // The rules came after the meeting's passcode.
 TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePersonalOne) {
   people = Value::Array{person(kDana, "Dana", "5550777777")};
@@ -692,26 +413,6 @@ TEST_F(MeetingIdPanelTest, AMeetingThatStandsHasItsOwnWordsAfterALookAtThePerson
       }
     }
   }
-}
-
-TEST_F(MeetingIdPanelTest, AMeetingThatStandsKeepsWhomItIsFor) {
-  people = Value::Array{person(kDana, "Dana", "5550777777", true)};
-  knowAccount();
-  knowList();
-  knowMeeting();
-  open();
-  EXPECT_FALSE(isOnScreen("scheduleForPopup")) << "one's own";
-  endSettingsPanel(id());
-
-  window->manager->getMeetingHelper()->setMeetingData(
-      Value::dictionaryFromPairs(
-          {{"meetingKey", "91234567890"}, {vn_Setting_ScheduleFor, kDana}, {vn_Setting_IsPMI, true}}),
-      true);
-  open();
-  EXPECT_EQ(control("scheduleForPopup").index, 1);
-  EXPECT_EQ(choose("scheduleForPopup", 0), Use::disabled);
-  EXPECT_TRUE(isOnScreen("pmiDisableText")) << "the personal meeting loses its number";
-  EXPECT_EQ(control("buttonOneTimeMeeting").text, "Generate Automatically");
 }
 
 }  // namespace
