@@ -34,11 +34,12 @@ TEST(Json, ReadsEveryKindOfValueAlsoAtTheTop) {
                 {"z", 5}, {"a", 2}, {"z", Value::Array{Value::Dictionary{{"y", 1}}, Value::dictionary()}}}},
            {"a", 4},
            {"b", 3}}},
-      // Dictionaries side by side: alike, with one key told twice, in another order, and with a part of the keys.
-      {R"([{"b": 1, "a": 2, "b": 3}, {"b": 4, "a": 5, "b": 6}, {"a": 7, "b": 8}, {"a": 9}, {"a": 1, "b": 2}])",
+      // Dictionaries side by side: alike, with one key told twice, in another order, with a part of the keys, with
+      // others.
+      {R"([{"b": 1, "a": 2, "b": 3}, {"b": 4, "a": 5, "b": 6}, {"a": 7, "b": 8}, {"a": 9}, {"c": 1}])",
        Value::Array{Value::Dictionary{{"a", 2}, {"b", 3}}, Value::Dictionary{{"a", 5}, {"b", 6}},
                     Value::Dictionary{{"a", 7}, {"b", 8}}, Value::Dictionary{{"a", 9}},
-                    Value::Dictionary{{"a", 1}, {"b", 2}}}},
+                    Value::Dictionary{{"c", 1}}}},
   };
   for (const auto& each : cases) {
     const Value read = vnOLUtils::toArrayOrNSDictionary(each.text);
